@@ -1,0 +1,67 @@
+# Compiler, warnings, output folders and third-party packages: what every target of the tree shares.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS ON) # __int64-sized literals and va_list copies as both compilers have them
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+# DLLs lie beside the programs: the Windows loader looks there first.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # Base folder and no directory hash, so that a second clone hits the cache of the first.
+  set(launcher ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1
+    ${CCACHE_PROGRAM})
+  set(CMAKE_C_COMPILER_LAUNCHER ${launcher})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
+endif()
+
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+# Flags of our own code (never of third-party sources built in the tree).
+add_library(quorvel_flags INTERFACE)
+target_compile_options(quorvel_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+target_include_directories(quorvel_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(WIN32)
+  enable_language(RC)
+  target_compile_definitions(quorvel_flags INTERFACE UNICODE _UNICODE NOMINMAX STRICT
+    WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0700)
+  add_link_options(-shared-libgcc) # exceptions cross the DLL boundary only with a shared libgcc
+elseif(NOT QUORVEL_FUZZ) # clang leaves its sanitizer runtime to the program
+  add_link_options(-Wl,-z,defs,-z,now)
+endif()
+
+if(QUORVEL_SANITIZE)
+  add_compile_options(-fsanitize=${QUORVEL_SANITIZE} -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${QUORVEL_SANITIZE})
+  if(QUORVEL_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+  endif()
+endif()
+
+# Boost.Regex is used as headers only. The cross compiler must see the Boost folder alone and never
+# the host's include directory.
+find_path(QUORVEL_BOOST_INCLUDE boost/regex.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+add_library(quorvel_boost INTERFACE)
+if(CMAKE_CROSSCOMPILING)
+  file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/hostinc)
+  file(CREATE_LINK ${QUORVEL_BOOST_INCLUDE}/boost ${PROJECT_BINARY_DIR}/hostinc/boost SYMBOLIC)
+  target_include_directories(quorvel_boost SYSTEM INTERFACE ${PROJECT_BINARY_DIR}/hostinc)
+endif()
+
+# What the library links. System packages stay private to src/platform.
+add_library(quorvel_system INTERFACE)
+if(WIN32)
+  target_link_libraries(quorvel_system INTERFACE
+    comctl32 shlwapi shell32 ole32 oleaut32 version advapi32 gdi32 user32)
+else()
+  find_package(ICU REQUIRED COMPONENTS uc i18n data)
+  find_package(Threads REQUIRED)
+  target_link_libraries(quorvel_system INTERFACE ICU::i18n ICU::uc ICU::data Threads::Threads)
+endif()

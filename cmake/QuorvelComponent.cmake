@@ -1,0 +1,27 @@
+# quorvel_component(NAME FOLDER folder [SOURCES ...] [LINUX_SOURCES ...] [WINDOWS_SOURCES ...]
+#                   [USES component ...])
+#
+# Declares one component of the library: compiles its sources once, adds them to the shared and the
+# static library, and writes what it may use where the layer check reads it. Sources are relative to
+# the calling folder; FOLDER is relative to src/ and to include/quorvel/.
+set_property(GLOBAL PROPERTY QUORVEL_COMPONENT_LINES "")
+function(quorvel_component name)
+  cmake_parse_arguments(arg "" "FOLDER" "SOURCES;LINUX_SOURCES;WINDOWS_SOURCES;USES" ${ARGN})
+  set(sources ${arg_SOURCES})
+  if(WIN32)
+    list(APPEND sources ${arg_WINDOWS_SOURCES})
+  else()
+    list(APPEND sources ${arg_LINUX_SOURCES})
+  endif()
+  string(JOIN " " uses ${arg_USES})
+  set_property(GLOBAL APPEND PROPERTY QUORVEL_COMPONENT_LINES
+    "component ${name} ${arg_FOLDER} uses ${uses}\n")
+  if(NOT sources)
+    return()
+  endif()
+  add_library(quorvel_${name} OBJECT ${sources})
+  target_link_libraries(quorvel_${name} PRIVATE quorvel_flags quorvel_headers quorvel_system
+    quorvel_boost)
+  target_compile_definitions(quorvel_${name} PRIVATE QUORVEL_BUILDING)
+  set_property(GLOBAL APPEND PROPERTY QUORVEL_OBJECT_LIBRARIES quorvel_${name})
+endfunction()

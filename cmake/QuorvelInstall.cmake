@@ -1,0 +1,24 @@
+# Install rules, the CMake package and the pkg-config file.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+install(TARGETS quorvel quorvel_headers EXPORT quorvelTargets
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/quorvel TYPE INCLUDE
+  FILES_MATCHING PATTERN "*.h" PATTERN "*.def")
+install(FILES ${QUORVEL_LANGUAGE_LIBRARIES} DESTINATION ${QUORVEL_LANGUAGE_DIR})
+install(EXPORT quorvelTargets NAMESPACE quorvel::
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/quorvel)
+
+configure_package_config_file(cmake/quorvelConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/quorvelConfig.cmake
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/quorvel)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/quorvelConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/quorvelConfig.cmake
+  ${PROJECT_BINARY_DIR}/quorvelConfigVersion.cmake
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/quorvel)
+configure_file(cmake/quorvel.pc.in ${PROJECT_BINARY_DIR}/quorvel.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/quorvel.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

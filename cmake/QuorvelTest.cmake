@@ -1,0 +1,59 @@
+# Tests run with a fixed locale and time zone: natively through env, under Wine through the runner,
+# which takes them from variables of its own.
+set(QUORVEL_TEST_LOCALE C.UTF-8)
+set(QUORVEL_TEST_TIME_ZONE Europe/Berlin)
+function(quorvel_fix_environment target locale time_zone)
+  if(WIN32)
+    set(launcher env WINERUN_LOCALE=${locale} WINERUN_TZ=${time_zone}
+      ${CMAKE_CROSSCOMPILING_EMULATOR})
+  else()
+    set(launcher env LC_ALL=${locale} TZ=${time_zone})
+  endif()
+  set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${launcher}")
+endfunction()
+
+# quorvel_test(NAME SOURCES ... [INTERNAL] [LOCALE name] [TIME_ZONE name] [LABEL name])
+#
+# One test program. It links the shared library, as a host does, unless INTERNAL asks for the static
+# one to reach what is not exported.
+function(quorvel_test name)
+  cmake_parse_arguments(arg "INTERNAL" "LOCALE;TIME_ZONE;LABEL" "SOURCES" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  if(arg_INTERNAL)
+    target_link_libraries(${name} PRIVATE quorvel_static quorvel_system)
+  else()
+    target_link_libraries(${name} PRIVATE quorvel)
+  endif()
+  target_link_libraries(${name} PRIVATE quorvel_flags quorvel_test_support quorvel_boost gtest)
+  if(NOT arg_LOCALE)
+    set(arg_LOCALE ${QUORVEL_TEST_LOCALE})
+  endif()
+  if(NOT arg_TIME_ZONE)
+    set(arg_TIME_ZONE ${QUORVEL_TEST_TIME_ZONE})
+  endif()
+  if(NOT arg_LABEL)
+    set(arg_LABEL unit)
+  endif()
+  quorvel_fix_environment(${name} ${arg_LOCALE} ${arg_TIME_ZONE})
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
+    TEST_PREFIX "${name}." WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
+    PROPERTIES TIMEOUT 120 LABELS ${arg_LABEL})
+endfunction()
+
+# quorvel_fuzz(NAME SOURCE [DICTIONARY file])
+#
+# A fuzz target. Under the linux-fuzz preset it is a libFuzzer program; in every other build it
+# replays fuzz/corpus/NAME as an ordinary test, so that old findings stay found on both systems.
+function(quorvel_fuzz name source)
+  add_executable(fuzz_${name} ${source})
+  target_link_libraries(fuzz_${name} PRIVATE quorvel_static quorvel_system quorvel_flags
+    quorvel_boost)
+  quorvel_fix_environment(fuzz_${name} ${QUORVEL_TEST_LOCALE} ${QUORVEL_TEST_TIME_ZONE})
+  if(QUORVEL_FUZZ)
+    target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+  else()
+    target_sources(fuzz_${name} PRIVATE ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp)
+    add_test(NAME fuzz_${name} COMMAND fuzz_${name} ${PROJECT_SOURCE_DIR}/fuzz/corpus/${name})
+    set_tests_properties(fuzz_${name} PROPERTIES TIMEOUT 300 LABELS fuzz)
+  endif()
+endfunction()

@@ -1,0 +1,228 @@
+// CString and CStringA: the framework's string class, wide (UTF-16) and narrow.
+//
+// A string is one pointer to zero-terminated characters; copies share them until one is changed,
+// and the count of sharers is atomic, so copies may be used on different threads. One object may
+// not. Lengths and positions are in characters of the class (UTF-16 units or bytes), at most
+// 2147483646; an operation that would pass that, or that finds no memory, throws CMemoryException
+// and changes nothing. A null argument counts as an empty text, except where a member says
+// otherwise.
+//
+// Conversion between the two widths uses the active code page (CP_ACP; UTF-8 on Linux).
+#pragma once
+
+#include <quorvel/platform/platform.h>
+
+#include <atomic>
+#include <cstdarg>
+#include <utility>
+
+namespace quorvel {
+
+// What lies before the characters of a string.
+struct StringHeader {
+    std::atomic<int> references; // -1: the static empty text, never counted or freed
+    int length;
+    int capacity; // in characters, without the terminator
+    int reserved;
+};
+
+template <class Ch>
+struct StringWidths;
+template <>
+struct StringWidths<WCHAR> {
+    typedef char Other;
+};
+template <>
+struct StringWidths<char> {
+    typedef WCHAR Other;
+};
+
+} // namespace quorvel
+
+template <class Ch>
+class QUORVEL_API CStringT {
+public:
+    typedef Ch XCHAR;
+    typedef typename quorvel::StringWidths<Ch>::Other YCHAR;
+
+    CStringT() noexcept;
+    CStringT(const CStringT& other) noexcept;
+    CStringT(CStringT&& other) noexcept;
+    CStringT(const Ch* text);
+    CStringT(const Ch* text, int length); // a negative length counts as 0
+    explicit CStringT(Ch character, int count = 1);
+    explicit CStringT(const YCHAR* text);
+    ~CStringT();
+
+    CStringT& operator=(const CStringT& other) noexcept;
+    CStringT& operator=(CStringT&& other) noexcept;
+    CStringT& operator=(const Ch* text);
+    CStringT& operator=(const YCHAR* text);
+    CStringT& operator=(Ch character);
+
+    int GetLength() const noexcept { return Header()->length; }
+    bool IsEmpty() const noexcept { return GetLength() == 0; }
+    int GetAllocLength() const noexcept { return Header()->capacity; }
+    const Ch* GetString() const noexcept { return m_text; }
+    operator const Ch*() const noexcept { return m_text; }
+    // Positions from 0 to the length; the terminator may be read. Others are the caller's fault.
+    Ch GetAt(int position) const noexcept { return m_text[position]; }
+    Ch operator[](int position) const noexcept { return m_text[position]; }
+    void SetAt(int position, Ch character);
+
+    void Empty() noexcept;
+    void SetString(const Ch* text);
+    void SetString(const Ch* text, int length);
+    void Append(const Ch* text);
+    void Append(const Ch* text, int length);
+    void Append(const CStringT& other);
+    void AppendChar(Ch character);
+    CStringT& operator+=(const CStringT& other);
+    CStringT& operator+=(const Ch* text);
+    CStringT& operator+=(Ch character);
+
+    // The characters for direct writing: at least `minimumLength` of them. Until a ReleaseBuffer
+    // the string may not be used otherwise. ReleaseBuffer(-1) takes the length up to the first
+    // zero.
+    Ch* GetBuffer();
+    Ch* GetBuffer(int minimumLength);
+    Ch* GetBufferSetLength(int length);
+    void ReleaseBuffer(int newLength = -1);
+    void ReleaseBufferSetLength(int newLength) { ReleaseBuffer(newLength); }
+    void Preallocate(int length);
+    void Truncate(int newLength); // a length above the present one changes nothing
+    void FreeExtra();
+
+    // By code unit, and ignoring letter case by simple folding of every letter. 0, -1 or 1.
+    int Compare(const Ch* text) const noexcept;
+    int CompareNoCase(const Ch* text) const noexcept;
+
+    // -1 when not found. A start outside the text finds nothing; an empty or null text to find
+    // is found at the start.
+    int Find(const Ch* text, int start = 0) const noexcept;
+    int Find(Ch character, int start = 0) const noexcept;
+    int ReverseFind(Ch character) const noexcept;
+    int FindOneOf(const Ch* characters) const noexcept;
+
+    // Positions and counts are clamped to the text.
+    CStringT Mid(int first) const;
+    CStringT Mid(int first, int count) const;
+    CStringT Left(int count) const;
+    CStringT Right(int count) const;
+    CStringT SpanIncluding(const Ch* characters) const;
+    CStringT SpanExcluding(const Ch* characters) const;
+    // The next token from `position` on, which moves past it; -1 and an empty text at the end.
+    CStringT Tokenize(const Ch* separators, int& position) const;
+
+    // Each returns the new length; Replace and Remove return how many were found.
+    int Insert(int position, Ch character);
+    int Insert(int position, const Ch* text);
+    int Delete(int position, int count = 1);
+    int Replace(Ch oldCharacter, Ch newCharacter);
+    int Replace(const Ch* oldText, const Ch* newText);
+    int Remove(Ch character);
+
+    CStringT& MakeUpper();
+    CStringT& MakeLower();
+    CStringT& MakeReverse();
+    // White space is what the C locale's isspace names; or the given characters.
+    CStringT& Trim();
+    CStringT& Trim(Ch character);
+    CStringT& Trim(const Ch* characters);
+    CStringT& TrimLeft();
+    CStringT& TrimLeft(Ch character);
+    CStringT& TrimLeft(const Ch* characters);
+    CStringT& TrimRight();
+    CStringT& TrimRight(Ch character);
+    CStringT& TrimRight(const Ch* characters);
+
+    // printf forms of the platform: %s takes text of this class's width, %S of the other, %hs
+    // narrow and %ls wide; %I64d, %I64u and %I64x are 64 bits wide; %ld is 32 bits. A null format
+    // empties the string. Arguments may point into this string.
+    void Format(const Ch* format, ...);
+    void FormatV(const Ch* format, va_list arguments);
+    void AppendFormat(const Ch* format, ...);
+    void AppendFormatV(const Ch* format, va_list arguments);
+    // The format is a catalogue text; one that does not load throws CResourceException.
+    void Format(UINT formatId, ...);
+    void AppendFormat(UINT formatId, ...);
+
+    // The platform's message formatter (FormatMessageW): %1 to %99 with their !printf! forms.
+    // A format that it refuses throws CMemoryException, as the framework's does.
+    void FormatMessage(const Ch* format, ...);
+    void FormatMessageV(const Ch* format, va_list* arguments);
+    void FormatMessage(UINT formatId, ...);
+
+    // A string-table entry found through the resource chain, or in one module. FALSE, and the
+    // string empty, when there is no such entry.
+    BOOL LoadString(UINT id);
+    BOOL LoadString(HINSTANCE module, UINT id);
+
+private:
+    quorvel::StringHeader* Header() const noexcept {
+        return reinterpret_cast<quorvel::StringHeader*>(const_cast<Ch*>(m_text)) - 1;
+    }
+    void Attach(const CStringT& other) noexcept;
+    void Release() noexcept;
+    Ch* PrepareWrite(int minimumLength);
+    void Reallocate(int capacity);
+    void SetLength(int length) noexcept;
+
+    Ch* m_text;
+};
+
+extern template class CStringT<WCHAR>;
+extern template class CStringT<char>;
+
+typedef CStringT<WCHAR> CString;
+typedef CStringT<WCHAR> CStringW;
+typedef CStringT<char> CStringA;
+
+template <class Ch>
+CStringT<Ch> operator+(CStringT<Ch> left, const CStringT<Ch>& right) {
+    left.Append(right);
+    return left;
+}
+template <class Ch>
+CStringT<Ch> operator+(CStringT<Ch> left, const Ch* right) {
+    left.Append(right);
+    return left;
+}
+template <class Ch>
+CStringT<Ch> operator+(CStringT<Ch> left, Ch right) {
+    left.AppendChar(right);
+    return left;
+}
+template <class Ch>
+CStringT<Ch> operator+(const Ch* left, const CStringT<Ch>& right) {
+    CStringT<Ch> sum(left);
+    sum.Append(right);
+    return sum;
+}
+template <class Ch>
+CStringT<Ch> operator+(Ch left, const CStringT<Ch>& right) {
+    CStringT<Ch> sum(left, 1);
+    sum.Append(right);
+    return sum;
+}
+
+#define QUORVEL_STRING_COMPARISON(op)                                                              \
+    template <class Ch>                                                                            \
+    bool operator op(const CStringT<Ch>& left, const CStringT<Ch>& right) noexcept {               \
+        return left.Compare(right) op 0;                                                           \
+    }                                                                                              \
+    template <class Ch>                                                                            \
+    bool operator op(const CStringT<Ch>& left, const Ch* right) noexcept {                         \
+        return left.Compare(right) op 0;                                                           \
+    }                                                                                              \
+    template <class Ch>                                                                            \
+    bool operator op(const Ch* left, const CStringT<Ch>& right) noexcept {                         \
+        return 0 op right.Compare(left);                                                           \
+    }
+QUORVEL_STRING_COMPARISON(==)
+QUORVEL_STRING_COMPARISON(!=)
+QUORVEL_STRING_COMPARISON(<)
+QUORVEL_STRING_COMPARISON(>)
+QUORVEL_STRING_COMPARISON(<=)
+QUORVEL_STRING_COMPARISON(>=)
+#undef QUORVEL_STRING_COMPARISON

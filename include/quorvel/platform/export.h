@@ -1,0 +1,20 @@
+// How the library's names cross its border.
+#pragma once
+
+#if defined(_WIN32)
+#define QUORVEL_EXPORT __declspec(dllexport)
+#define QUORVEL_IMPORT __declspec(dllimport)
+#else
+#define QUORVEL_EXPORT __attribute__((visibility("default")))
+#define QUORVEL_IMPORT __attribute__((visibility("default")))
+#endif
+
+// QUORVEL_API marks an exported function, object or class, and a class template whose instances
+// live in the library.
+#if defined(QUORVEL_BUILDING)
+#define QUORVEL_API QUORVEL_EXPORT
+#elif defined(QUORVEL_STATIC)
+#define QUORVEL_API
+#else
+#define QUORVEL_API QUORVEL_IMPORT
+#endif

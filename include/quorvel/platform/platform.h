@@ -1,0 +1,52 @@
+// The platform's types and constants, on both systems.
+//
+// On Windows this is the SDK, less the macros that would rename members of our classes. On Linux it
+// is the part of it that public signatures use, with the same names, widths and values, and in
+// namespace quorvel::win32 the operations that a host needs beside them (linux_api.h).
+//
+// It comes before any other header of the library. Text is UTF-16 on both systems: WCHAR is wchar_t
+// on Windows and char16_t on Linux, and _T("...") is a literal of it.
+#pragma once
+
+#include <quorvel/platform/export.h>
+
+#if defined(_WIN32)
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <commctrl.h>
+#include <tchar.h>
+#include <windows.h>
+#include <winsock2.h>
+
+// Members bear these names: the SDK's macros would rename them in some translation units only.
+#undef CreateFont
+#undef CreateFontIndirect
+#undef FormatMessage
+#undef GetClassName
+#undef GetCurrentTime
+#undef GetMessage
+#undef GetProfileInt
+#undef GetProfileString
+#undef GetWindowText
+#undef GetWindowTextLength
+#undef LoadString
+#undef MessageBox
+#undef PostMessage
+#undef SendMessage
+#undef SetWindowText
+#undef WriteProfileString
+
+// Our literals are wide in every translation unit, whatever the host defines.
+#undef _T
+#define _T(text) L##text
+
+namespace quorvel::win32 {} // namespace quorvel::win32
+
+#else
+
+#include <quorvel/platform/linux_api.h>
+#include <quorvel/platform/linux_types.h>
+
+#endif

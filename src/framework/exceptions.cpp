@@ -1,0 +1,7 @@
+#include <quorvel/framework/exceptions.h>
+
+#include <cstdlib>
+
+void AfxThrowMemoryException() {
+    std::abort();
+}

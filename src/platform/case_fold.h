@@ -1,0 +1,17 @@
+// Simple case folding of one UTF-16 unit, as the platform's lower-case table has it.
+#pragma once
+
+#include <quorvel/platform/platform.h>
+
+namespace quorvel {
+
+// The lower-case form of a letter, any other unit unchanged. Surrogates are not letters.
+WCHAR FoldCaseBeyondAscii(WCHAR unit);
+
+inline WCHAR FoldCase(WCHAR unit) {
+    if (unit < 0x80)
+        return unit >= 'A' && unit <= 'Z' ? static_cast<WCHAR>(unit + ('a' - 'A')) : unit;
+    return FoldCaseBeyondAscii(unit);
+}
+
+} // namespace quorvel

@@ -1,0 +1,9 @@
+// The closed list of Windows operations that the library calls on Linux, beyond those a host sees
+// (quorvel/platform/linux_api.h). An operation is added together with its caller and with a row in
+// tests/conformance, which runs in both builds. Nothing here is exported.
+#pragma once
+
+#include <quorvel/platform/linux_api.h>
+
+#include "platform/linux/crt.h"
+#include "platform/linux/text.h"

@@ -1,0 +1,9 @@
+// The entry of every test program.
+#include <quorvel/platform/platform.h>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,187 @@
+#!/usr/bin/env python3
+"""Checks the message catalogue and its translations.
+
+    check_catalogue.py MESSAGES_DEF [LANGUAGE_DEF...]
+
+The catalogue is a list of QUORVEL_TEXT(id, name, "text") entries that two very different readers
+include: the C++ compiler and the resource compiler. Both forgive mistakes that would only show up on
+a user's screen, or crash the formatter there: an insert lost in translation, a mnemonic forgotten, a
+literal split in two. This script refuses them at build time. It prints one line per problem to
+stderr (file:line: message) and exits with 1, or prints one summary line and exits with 0.
+"""
+
+import re
+import sys
+from collections import namedtuple
+
+MAX_UTF16_UNITS = 4096  # the longest text that every consumer of the string table has room for
+
+Entry = namedtuple("Entry", "line id name text")
+
+# An entry stands on one line, or on two with the break after the name.
+ENTRY = re.compile(r'QUORVEL_TEXT\((?P<id>\d+), (?P<name>kText[A-Z][A-Za-z0-9]*), "(?P<text>.*)"\)')
+ENTRY_START = re.compile(r"QUORVEL_TEXT\(\d+, \w+,")
+
+# One piece of a literal: an escape both readers know, or a character that stands for itself.
+PIECE = re.compile(r'\\(?P<escape>[rnt\\])|(?P<plain>[^\\"\x00-\x1f])')
+ESCAPES = {"r": "\r", "n": "\n", "t": "\t", "\\": "\\"}
+
+# Texts go to the message formatter or to printf; nothing in the file says which. So the tokens of
+# both are collected alike, the first alternative that fits winning. The last one is a "%" that
+# neither of them understands.
+TOKEN = re.compile(
+    r"%%"
+    r"|%[-+#0]*\d*(?:\.\d+)?(?:I64|I32|hh|h|ll|l|w|z)?[diuoxXeEfgGcCsSp]"  # printf
+    r"|%[1-9]\d?(?:![^!]*!)?"  # message formatter: %1 to %99, perhaps with a !format!
+    r"|%[0nrtb.!]"  # message formatter: end without a line break, line break, blank and the like
+    r"|%"
+)
+
+
+def parse_literal(raw):
+    """The text of a literal's inside; ValueError says what is wrong with it."""
+    text, position = [], 0
+    while position < len(raw):
+        piece = PIECE.match(raw, position)
+        if not piece:
+            if raw[position] == '"':
+                # A resource script doubles it; to C++ that is the end of one literal and the start
+                # of the next, and the quote is gone.
+                raise ValueError("a double quote means different things to the two readers")
+            if raw[position] == "\\":
+                raise ValueError(f"unknown escape {raw[position:position + 2]}")
+            raise ValueError("control character in a text")
+        text.append(ESCAPES[piece["escape"]] if piece["escape"] else piece["plain"])
+        position = piece.end()
+    return "".join(text)
+
+
+class Checker:
+    def __init__(self):
+        self.problems = 0
+
+    def report(self, path, line, message):
+        self.problems += 1
+        print(f"{path}:{line}: {message}", file=sys.stderr)
+
+    def read_entries(self, path):
+        """The entries of one file, each of them sound in itself."""
+        try:
+            with open(path, encoding="utf-8", newline="") as file:
+                lines = file.read().split("\n")
+        except (OSError, UnicodeDecodeError) as error:
+            self.report(path, 1, f"cannot be read: {error}")
+            return []
+        lines = [line.removesuffix("\r") for line in lines]
+
+        entries, next_line = [], 0
+        while next_line < len(lines):
+            number, line = next_line + 1, lines[next_line]
+            next_line += 1
+            if not line.strip() or line.startswith("//"):
+                continue
+            if ENTRY_START.fullmatch(line) and next_line < len(lines):
+                line += " " + lines[next_line].lstrip(" ")
+                next_line += 1
+            found = ENTRY.fullmatch(line)
+            if not found:
+                self.report(path, number, "neither a comment nor a whole entry")
+                continue
+            try:
+                text = parse_literal(found["text"])
+            except ValueError as error:
+                self.report(path, number, f"{found['name']}: {error}")
+                continue
+            entries.append(Entry(number, int(found["id"]), found["name"], text))
+
+        self.check_entries(path, entries)
+        return entries
+
+    def check_entries(self, path, entries):
+        """Ids and names unique and in order, texts within their limits."""
+        seen_ids, seen_names, previous = {}, {}, 0
+        for entry in entries:
+            if not 1 <= entry.id <= 65535:
+                self.report(path, entry.line, f"id {entry.id} is outside 1 to 65535")
+            if entry.id in seen_ids:
+                self.report(path, entry.line, f"id {entry.id} is also in line {seen_ids[entry.id]}")
+            elif entry.id < previous:
+                self.report(path, entry.line, f"id {entry.id} comes after {previous}")
+            if entry.name in seen_names:
+                self.report(path, entry.line, f"{entry.name} is also in line {seen_names[entry.name]}")
+            seen_ids.setdefault(entry.id, entry.line)
+            seen_names.setdefault(entry.name, entry.line)
+            previous = entry.id
+
+            units = len(entry.text.encode("utf-16-le")) // 2
+            if units > MAX_UTF16_UNITS:
+                self.report(path, entry.line, f"{entry.name}: longer than {MAX_UTF16_UNITS} UTF-16 units")
+            if "%" in TOKEN.findall(entry.text):
+                self.report(path, entry.line, f'{entry.name}: a "%" that starts no insert')
+
+    def compare(self, main_path, main_entries, path, entries):
+        """A translation has the ids and names of the main file, and texts of the same build."""
+        main = {entry.id: entry for entry in main_entries}
+        translated = {entry.id for entry in entries}
+        last_line = max((entry.line for entry in entries), default=1)
+        for entry in main_entries:
+            if entry.id not in translated:
+                where = f"{entry.name}, {main_path}:{entry.line}"
+                self.report(path, last_line, f"id {entry.id} ({where}) is missing")
+        for entry in entries:
+            original = main.get(entry.id)
+            if original is None:
+                self.report(path, entry.line, f"id {entry.id} is not in {main_path}")
+                continue
+            if entry.name != original.name:
+                self.report(path, entry.line, f"{entry.name} is named {original.name} in {main_path}")
+            for what, measure in MEASURES:
+                ours, theirs = measure(entry.text), measure(original.text)
+                if ours != theirs:
+                    self.report(path, entry.line, f"{entry.name}: {what} {ours} instead of {theirs}")
+
+
+def inserts(text):
+    return sorted(TOKEN.findall(text))
+
+
+def mnemonics(text):
+    return text.replace("&&", "").count("&")
+
+
+def line_breaks(text):
+    return "".join(character for character in text if character in "\r\n")
+
+
+def trailing_white_space(text):
+    return text[len(text.rstrip()):]
+
+
+# What a translation must share with its original, and how to tell.
+MEASURES = [
+    ("inserts", inserts),
+    ("mnemonics", mnemonics),
+    ("line breaks", lambda text: repr(line_breaks(text))),
+    ("trailing white space", lambda text: repr(trailing_white_space(text))),
+]
+
+
+def main(arguments):
+    if not arguments:
+        print("usage: check_catalogue.py MESSAGES_DEF [LANGUAGE_DEF...]", file=sys.stderr)
+        return 2
+    checker = Checker()
+    main_path, *language_paths = arguments
+    main_entries = checker.read_entries(main_path)
+    if not main_entries:
+        checker.report(main_path, 1, "holds no entries")
+    for path in language_paths:
+        checker.compare(main_path, main_entries, path, checker.read_entries(path))
+    if checker.problems:
+        return 1
+    print(f"{len(main_entries)} texts, {len(language_paths)} translation(s): no problems")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
