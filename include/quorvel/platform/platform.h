@@ -15,10 +15,12 @@
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
+// clang-format off: each of these needs those above it
+#include <winsock2.h>
+#include <windows.h>
 #include <commctrl.h>
 #include <tchar.h>
-#include <windows.h>
-#include <winsock2.h>
+// clang-format on
 
 // Members bear these names: the SDK's macros would rename them in some translation units only.
 #undef CreateFont

@@ -1,0 +1,39 @@
+# Installs the build, moves the install tree away from where it was installed to, and builds and
+# runs the outside project with it: through the CMake package, and natively through pkg-config too.
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output
+    ERROR_VARIABLE output)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "failed (${result}): ${ARGN}\n${output}")
+  endif()
+  message(STATUS "${output}")
+endfunction()
+
+file(REMOVE_RECURSE ${WORK})
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/staged)
+file(RENAME ${WORK}/staged ${WORK}/moved)
+set(arguments -S ${SOURCE} -B ${WORK}/build -G Ninja -DCMAKE_BUILD_TYPE=${BUILD_TYPE}
+  -DCMAKE_CXX_FLAGS=${FLAGS} -Dquorvel_ROOT=${WORK}/moved)
+if(TOOLCHAIN)
+  list(APPEND arguments -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN}
+    -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH)
+else()
+  list(APPEND arguments -DCMAKE_CXX_COMPILER=${COMPILER})
+endif()
+run(${CMAKE_COMMAND} ${arguments})
+run(${CMAKE_COMMAND} --build ${WORK}/build)
+
+if(TOOLCHAIN)
+  file(GLOB dlls ${WORK}/moved/bin/*.dll)
+  file(COPY ${dlls} DESTINATION ${WORK}/build)
+  cmake_path(GET TOOLCHAIN PARENT_PATH cmake_folder)
+  run(${cmake_folder}/../tools/winerun.sh ${WORK}/build/consumer.exe)
+else()
+  run(${WORK}/build/consumer)
+  file(GLOB_RECURSE pc ${WORK}/moved/*/quorvel.pc)
+  cmake_path(GET pc PARENT_PATH folder)
+  run(env PKG_CONFIG_PATH=${folder} sh -c "${COMPILER} -std=c++20 ${FLAGS} \
+    ${SOURCE}/main.cpp -o ${WORK}/build/with_pkg_config \
+    $(pkg-config --cflags --libs quorvel) -Wl,-rpath,$(pkg-config --variable=libdir quorvel)")
+  run(${WORK}/build/with_pkg_config)
+endif()

@@ -1,0 +1,14 @@
+// Loads the installed library and uses a class, a function and a text of it.
+#include <quorvel/framework/string.h>
+#include <quorvel/res/message_ids.h>
+
+#include <cstdio>
+
+int main() {
+    CString text(_T("installed"));
+    text.MakeUpper();
+    if (text != _T("INSTALLED"))
+        return 1;
+    std::puts("consumer: the installed library works");
+    return 0;
+}
