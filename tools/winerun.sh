@@ -1,7 +1,7 @@
 #!/bin/sh
 # winerun.sh PROGRAM [ARGUMENT...]: runs a Windows program under Wine, its exit code is the program's.
 # The cross builds name it as their emulator. One Wine prefix serves all programs; it is made on first
-# use. What the caller may set:
+# use. What the caller may set, besides Wine's own variables:
 #   WINERUN_ARCH=win64   a 64-bit prefix, for 64-bit programs
 #   WINERUN_X=1          a prefix that draws on the caller's DISPLAY; otherwise Wine's null driver
 #                        keeps windows in memory, and windows and dialogs work without a screen
@@ -57,7 +57,6 @@ if [ -z "${WINEPATH:-}" ]; then
             exit 125
         fi
     fi
-    # Wine takes the slashes of a Unix path in WINEPATH as they are.
     export WINEPATH="Z:$cxx;Z:$threads"
 fi
 
@@ -67,14 +66,23 @@ make_prefix() {
     "$wine" wineboot.exe --init || return 1
     # Distribution fonts are not picked up by themselves; with them text metrics don't depend on the host.
     ln -sf /usr/share/wine/fonts/* "$WINEPREFIX/drive_c/windows/Fonts/"
-    {
-        printf 'REGEDIT4\n\n'
-        # A crash must end the program, not open a dialog that nobody answers.
-        printf '[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\n"ShowCrashDialog"=dword:00000000\n\n'
-        if [ "${WINERUN_X:-0}" != 1 ]; then
-            printf '[HKEY_CURRENT_USER\\Software\\Wine\\Drivers]\n"Graphics"="null"\n'
-        fi
-    } >"$WINEPREFIX/drive_c/settings.reg"
+    # The debugger that Wine starts by itself may end a crashed program with exit code 0. This one prints
+    # where it crashed and passes the exception on, whose code the program then ends with.
+    printf 'pass\nquit\n' >"$WINEPREFIX/drive_c/crash.txt"
+    cat >"$WINEPREFIX/drive_c/settings.reg" <<'EOF'
+REGEDIT4
+
+[HKEY_CURRENT_USER\Software\Wine\WineDbg]
+"ShowCrashDialog"=dword:00000000
+
+[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\AeDebug]
+"Debugger"="winedbg --file C:\\crash.txt %ld %ld"
+EOF
+    [ "${WINERUN_X:-0}" = 1 ] || cat >>"$WINEPREFIX/drive_c/settings.reg" <<'EOF'
+
+[HKEY_CURRENT_USER\Software\Wine\Drivers]
+"Graphics"="null"
+EOF
     "$wine" regedit.exe /S 'C:\settings.reg' || return 1
     # The driver is chosen when the desktop starts: end this session, and let it write its registry.
     wineserver -k
@@ -82,7 +90,7 @@ make_prefix() {
     : >"$ready"
 }
 
-ready="$WINEPREFIX/.ready-1" # count up when make_prefix changes
+ready="$WINEPREFIX/.ready-2" # count up when make_prefix changes
 if [ ! -f "$ready" ]; then
     mkdir -p "$cache"
     exec 9>"$cache/$name.lock"

@@ -1,0 +1,131 @@
+#!/bin/sh
+# setup.sh [GROUP...]: installs the packages of the groups (default: all) that are not there yet.
+# Needs nothing but dpkg-query when everything is there, so every other script calls it first.
+set -eu
+root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/tools/env.sh"
+
+log=$root/build/setup.log
+no_wine32=$cache/no-wine32 # left behind where 32-bit Wine could not be installed: don't try every time
+
+missing() { # missing GROUP: its packages that are not installed
+    wanted=$(sed -n "s/^$1 //p" "$root/tools/packages.txt")
+    # shellcheck disable=SC2086,SC2016 # names are split on purpose; ${...} belongs to dpkg-query
+    dpkg-query -W -f '${db:Status-Status} ${Package} ${Architecture}\n' $wanted 2>/dev/null |
+        awk -v wanted="$wanted" '
+            $1 == "installed" { has[$2 ":" $3] = 1; if ($3 != "i386") has[$2] = 1 }
+            END {
+                n = split(wanted, name, /[ \n]+/)
+                for (i = 1; i <= n; i++) if (!(name[i] in has)) printf "%s%s", sep++ ? " " : "", name[i]
+            }'
+}
+
+become_root() { # finds out how, once, or says why not
+    [ -z "${as_root+set}" ] || return 0
+    if [ "$(id -u)" = 0 ]; then
+        as_root=
+    elif ! command -v sudo >/dev/null; then
+        die "needs root or sudo to install: $1"
+    elif sudo -n true 2>/dev/null || [ -t 0 ]; then
+        as_root=sudo
+    else
+        die "sudo wants a password and there is no terminal to ask; to install: $1"
+    fi
+}
+
+check_system() { # check_system PACKAGES
+    system=$(. /etc/os-release 2>/dev/null && echo "${ID:-unknown} ${VERSION_ID:-}")
+    [ "$system" = "debian 12" ] || die "this is ${system:-unknown}, not Debian 12; install by hand: $1"
+    [ "$(dpkg --print-architecture)" = amd64 ] || die "needs an amd64 machine; to install: $1"
+}
+
+apt() {
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300 \
+        -o Acquire::Retries=2 "$@" </dev/null >>"$log" 2>&1
+}
+
+# The lists are fetched once a run. A list that failed is not fatal: those that did arrive may do, and
+# otherwise the installation says which package it misses.
+update_lists() {
+    apt update || true
+    update_lists() { :; }
+}
+
+install() { # install [OPTION...] PACKAGE...
+    apt install -y --no-remove --no-install-recommends "$@"
+}
+
+prepare_install() { # prepare_install PACKAGES
+    check_system "$1"
+    become_root "$1"
+    mkdir -p "$root/build"
+    echo "--- $1" >>"$log"
+}
+
+last_error() {
+    grep '^E: ' "$log" | tail -n 1
+}
+
+ensure() { # ensure GROUP
+    packages=$(missing "$1")
+    [ -n "$packages" ] || return 0
+    prepare_install "$packages"
+    say "setup: installing $packages"
+    update_lists
+    # shellcheck disable=SC2086
+    install $packages || die "cannot install $packages ($(last_error)); the log is $log"
+}
+
+# The i386 index of an update suite may be missing or not match its signature. Then the base release
+# has matching pairs of both architectures: prefer it, and in the last resort take the amd64 libraries
+# that an update moved ahead of it back.
+install_wine32() { # install_wine32 PACKAGE...
+    added=
+    if ! dpkg --print-foreign-architectures | grep -qx i386; then
+        $as_root dpkg --add-architecture i386 || return 1
+        added=1
+    fi
+    apt update || true
+    install "$@" && return 0
+    suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
+    say "setup: 32-bit Wine has no matching packages among the updates, trying those of $suite itself"
+    install -t "$suite" "$@" && return 0
+    preferences=$(mktemp)
+    chmod 644 "$preferences"
+    printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$suite" >"$preferences"
+    installed=0
+    install --allow-downgrades -o Dir::Etc::preferences="$preferences" \
+        -o Dir::Etc::preferencesparts=/dev/null "$@" || installed=$?
+    rm -f "$preferences"
+    if [ $installed != 0 ] && [ -n "$added" ]; then
+        $as_root dpkg --remove-architecture i386 || true
+    fi
+    return $installed
+}
+
+ensure_windows() {
+    packages=$(missing windows)
+    if [ -z "$packages" ] && wine32_runs; then return 0; fi
+    if [ ! -f "$no_wine32" ] && [ -n "$packages" ]; then
+        prepare_install "$packages"
+        say "setup: installing $packages"
+        # shellcheck disable=SC2086
+        if install_wine32 $packages && wine32_runs; then return 0; fi
+    fi
+    mkdir -p "$cache"
+    : >"$no_wine32"
+    say "setup: 32-bit Wine cannot run here: the 64-bit Windows build (win64) stands in for it"
+    ensure windows64
+}
+
+if [ $# -eq 0 ]; then
+    set -- core windows bench fuzz gallery
+    rm -f "$no_wine32"
+fi
+for group; do
+    case $group in
+    windows) ensure_windows ;;
+    core | bench | fuzz | gallery) ensure "$group" ;;
+    *) die "unknown group '$group': core, windows, bench, fuzz, gallery" ;;
+    esac
+done

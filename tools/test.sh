@@ -1,0 +1,22 @@
+#!/bin/sh
+# test.sh [PRESET...]: builds and tests the presets; by default both builds of the library.
+# QUORVEL_CTEST_ARGS holds further arguments of ctest (-R registry, -L threads).
+set -eu
+root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/tools/env.sh"
+
+if [ $# -eq 0 ]; then
+    sh "$root/tools/setup.sh" core windows
+    set -- linux-debug "$(windows_preset)"
+fi
+cd "$root"
+for preset; do
+    say "== $preset"
+    build_preset "$preset"
+    case $preset in
+    linux-asan | linux-tsan) runner=without_aslr ;;
+    *) runner= ;;
+    esac
+    # shellcheck disable=SC2086
+    $runner ctest --preset "$preset" --output-on-failure --parallel "$(nproc)" ${QUORVEL_CTEST_ARGS:-}
+done
