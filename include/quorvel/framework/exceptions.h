@@ -1,6 +1,134 @@
-// The framework's exceptions. (Grows with its callers.)
+// The framework's exceptions.
+//
+// They are thrown and caught as pointers. Who catches one and does not throw it on calls Delete():
+// those of the AfxThrow... functions that must not need memory are static, and Delete leaves them
+// alone. GetErrorMessage gives the catalogue's text of the cause.
 #pragma once
 
-#include <quorvel/platform/platform.h>
+#include <quorvel/framework/object.h>
+#include <quorvel/framework/string.h>
 
+class QUORVEL_API CException : public CObject {
+    DECLARE_DYNAMIC(CException)
+public:
+    explicit CException(BOOL autoDelete = TRUE);
+
+    void Delete(); // the object, when m_bAutoDelete is set
+    // Writes at most `maxChars` characters, terminator included, and sets *helpContext, when asked
+    // for, to 0. FALSE, and an empty text, when there is no text or no room.
+    virtual BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr);
+
+    BOOL m_bAutoDelete;
+};
+
+// An exception that is known by its class alone: no cause, no file name.
+class QUORVEL_API CSimpleException : public CException {
+    DECLARE_DYNAMIC(CSimpleException)
+public:
+    BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr) override;
+
+protected:
+    CSimpleException(BOOL autoDelete, UINT textId);
+
+private:
+    const UINT m_textId;
+};
+
+class QUORVEL_API CMemoryException : public CSimpleException {
+    DECLARE_DYNAMIC(CMemoryException)
+public:
+    explicit CMemoryException(BOOL autoDelete = TRUE);
+};
+
+class QUORVEL_API CNotSupportedException : public CSimpleException {
+    DECLARE_DYNAMIC(CNotSupportedException)
+public:
+    explicit CNotSupportedException(BOOL autoDelete = TRUE);
+};
+
+class QUORVEL_API CResourceException : public CSimpleException {
+    DECLARE_DYNAMIC(CResourceException)
+public:
+    explicit CResourceException(BOOL autoDelete = TRUE);
+};
+
+class QUORVEL_API CUserException : public CSimpleException {
+    DECLARE_DYNAMIC(CUserException)
+public:
+    explicit CUserException(BOOL autoDelete = TRUE);
+};
+
+class QUORVEL_API CInvalidArgException : public CSimpleException {
+    DECLARE_DYNAMIC(CInvalidArgException)
+public:
+    explicit CInvalidArgException(BOOL autoDelete = TRUE);
+};
+
+class QUORVEL_API CFileException : public CException {
+    DECLARE_DYNAMIC(CFileException)
+public:
+    enum {
+        none,
+        genericException,
+        fileNotFound,
+        badPath,
+        tooManyOpenFiles,
+        accessDenied,
+        invalidFile,
+        removeCurrentDir,
+        directoryFull,
+        badSeek,
+        hardIO,
+        sharingViolation,
+        lockViolation,
+        diskFull,
+        endOfFile
+    };
+
+    explicit CFileException(int cause = none, LONG osError = -1, const WCHAR* fileName = nullptr);
+
+    // The text of the cause; of genericException for a cause outside the enumeration.
+    BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr) override;
+
+    // The cause that a system error code stands for; genericException when none is listed.
+    static int OsErrorToException(LONG osError);
+    // Throws a new exception; nothing for code 0.
+    static void ThrowOsError(LONG osError, const WCHAR* fileName = nullptr);
+
+    int m_cause;
+    LONG m_lOsError; // a system error code; -1: not known
+    CString m_strFileName;
+};
+
+class QUORVEL_API CArchiveException : public CException {
+    DECLARE_DYNAMIC(CArchiveException)
+public:
+    enum {
+        none,
+        genericException,
+        readOnly,  // stored into an archive that loads
+        endOfFile, // nothing left to load
+        writeOnly, // loaded from an archive that stores
+        badIndex,
+        badClass,
+        badSchema
+    };
+
+    explicit CArchiveException(int cause = none, const WCHAR* fileName = nullptr);
+
+    // The text of the cause; of genericException for a cause outside the enumeration.
+    BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr) override;
+
+    int m_cause;
+    CString m_strFileName;
+};
+
+// The first five throw static objects and need no memory.
 [[noreturn]] QUORVEL_API void AfxThrowMemoryException();
+[[noreturn]] QUORVEL_API void AfxThrowNotSupportedException();
+[[noreturn]] QUORVEL_API void AfxThrowResourceException();
+[[noreturn]] QUORVEL_API void AfxThrowUserException();
+[[noreturn]] QUORVEL_API void AfxThrowInvalidArgException();
+[[noreturn]] QUORVEL_API void AfxThrowFileException(int cause, LONG osError = -1,
+                                                    const WCHAR* fileName = nullptr);
+[[noreturn]] QUORVEL_API void AfxThrowArchiveException(int cause, const WCHAR* fileName = nullptr);

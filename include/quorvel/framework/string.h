@@ -206,6 +206,10 @@ CStringT<Ch> operator+(Ch left, const CStringT<Ch>& right) {
     return sum;
 }
 
+// Writes the string-table entry found through the resource chain, cut to `maxChars` characters with
+// the terminator; needs no memory. The length written: 0, and an empty text, when there is none.
+QUORVEL_API int AfxLoadString(UINT id, LPWSTR text, UINT maxChars);
+
 #define QUORVEL_STRING_COMPARISON(op)                                                              \
     template <class Ch>                                                                            \
     bool operator op(const CStringT<Ch>& left, const CStringT<Ch>& right) noexcept {               \
