@@ -90,6 +90,7 @@ install_wine32() { # install_wine32 PACKAGE...
     suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
     say "setup: 32-bit Wine has no matching packages among the updates, trying those of $suite itself"
     install -t "$suite" "$@" && return 0
+    say "setup: the updates are ahead of it, moving the libraries that 32-bit Wine shares back to $suite itself"
     preferences=$(mktemp)
     chmod 644 "$preferences"
     printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$suite" >"$preferences"

@@ -5,10 +5,9 @@ set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
 
-if [ $# -eq 0 ]; then
-    sh "$root/tools/setup.sh" core windows
-    set -- linux-debug "$(windows_preset)"
-fi
+sh "$root/tools/setup.sh" core windows
+[ $# -gt 0 ] || set -- linux-debug "$(windows_preset)"
+export UBSAN_OPTIONS=print_stacktrace=1
 cd "$root"
 for preset; do
     say "== $preset"

@@ -1,0 +1,52 @@
+#!/bin/sh
+# demo.sh: runs the tour as a Linux and as a Windows program on the same files and compares what the
+# two print. Fails where they differ.
+set -eu
+root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/tools/env.sh"
+
+sh "$root/tools/setup.sh" core windows
+windows=$(windows_preset)
+demo=$root/build/demo
+mkdir -p "$root/build"
+for preset in linux-debug "$windows"; do
+    say "demo: building $preset"
+    build_preset "$preset" tour quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
+        tail -n 30 "$root/build/demo-$preset.log" >&2
+        die "$preset does not build, see build/demo-$preset.log"
+    }
+done
+
+# Real DLLs, with version resources and without, under the same relative names for both programs.
+case $windows in
+win32) wine_dlls=/usr/lib/i386-linux-gnu/wine/i386-windows cpu=i686 ;;
+*) wine_dlls=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows cpu=x86_64 ;;
+esac
+rm -rf "$demo"
+mkdir -p "$demo/languages"
+for name in libstdc++-6 libwinpthread-1; do
+    cp "$($cpu-w64-mingw32-gcc-posix -print-file-name=$name.dll)" "$demo"
+done
+cp "/usr/$cpu-w64-mingw32/lib/zlib1.dll" "$demo"
+for name in advapi32 comctl32 comdlg32 kernel32 ole32 shell32 user32 version ws2_32; do
+    cp "$wine_dlls/$name.dll" "$demo"
+done
+cp "$root/build/$windows/bin"/Quorvel_*.dll "$demo/languages"
+
+# The folder is the current one, and locale and time zone are fixed: the output has no reason to differ.
+cd "$demo"
+set -- --lang-dir languages ./*.dll
+export WINERUN_LOCALE=C.UTF-8 WINERUN_TZ=Europe/Berlin
+LC_ALL=$WINERUN_LOCALE TZ=$WINERUN_TZ "$root/build/linux-debug/bin/tour" "$@" >linux.txt ||
+    die "the Linux program failed ($?)"
+case $windows in win64) export WINERUN_ARCH=win64 ;; esac
+"$root/tools/winerun.sh" "$root/build/$windows/bin/tour.exe" "$@" >windows.raw ||
+    die "the Windows program failed ($?)"
+tr -d '\r' <windows.raw >windows.txt # its standard output is in text mode
+
+cat linux.txt
+if diff -u linux.txt windows.txt; then
+    say "demo: the Linux and the Windows build ($windows) print the same $(wc -l <linux.txt) lines"
+else
+    die "the Linux and the Windows build ($windows) print different lines, see build/demo"
+fi
