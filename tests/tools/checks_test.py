@@ -1,0 +1,103 @@
+"""Tests of the checks in tools/: each rule is broken once, and kept once."""
+
+import os
+import sys
+import tempfile
+import unittest
+
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "tools"))
+import check_exports  # noqa: E402
+import check_layers  # noqa: E402
+
+COMPONENTS = """component platform platform uses
+component framework framework uses platform
+component text util/text uses framework
+component net net uses text
+component controls net/controls uses net
+"""
+HEADERS = [
+    "include/quorvel/platform/p.h",
+    "include/quorvel/net/n.h",
+    "include/quorvel/net/controls/c.h",
+    "src/net/win/w.h",
+    "src/util/text/t.h",
+]
+
+# file, its text, a piece of the expected message or None
+LAYERS = [
+    ("src/net/a.cpp", "#include <quorvel/platform/p.h>", None),  # through text and framework
+    ("src/net/a.cpp", '#include "util/text/t.h"', None),
+    ("src/net/a.cpp", "#include <quorvel/net/n.h>\n#include <vector>", None),
+    ("src/util/text/a.cpp", "#include <quorvel/net/n.h>", "text may not use net"),
+    ("src/util/text/win/a.cpp", '#include "../../../net/win/w.h"', "text may not use net"),
+    ("src/net/a.cpp", "#include <quorvel/net/controls/c.h>", "net may not use controls"),
+    ("src/net/controls/a.cpp", "#include <quorvel/net/n.h>", None),
+    ("src/net/a.cpp", '  # include "win/w.h"', "a portable file includes"),
+    ("src/net/win/a.cpp", '#include "w.h"', None),
+    ("include/quorvel/net/a.h", '#include "util/text/t.h"', "which is not installed"),
+    ("src/other/a.cpp", "", "belongs to no component"),
+    ("src/net/a.cpp", "#include <quorvel/gone/x.h>", "belongs to no component"),
+    ("src/net/a.cpp", "#include <sys/socket.h>", "belongs to the platform"),
+    ("src/framework/a.cpp", "#include <windows.h>", "belongs to the platform"),
+    ("src/platform/a.cpp", "#include <unistd.h>\n#ifdef __linux__\nint e = errno;", None),
+    ("src/net/a.cpp", "#if defined(_WIN32)", "told apart by files"),
+    ("src/framework/a.cpp", "#if defined(_WIN32)", None),
+    ("src/net/a.cpp", "int e = errno;", "errno belongs"),
+    ("src/net/a.cpp", '// errno\n/* #include <windows.h>\nerrno */ auto t = "// errno";', None),
+]
+
+# mangled, as listed; None for what is dropped
+NAMES = [
+    ("_ZN1A1fEPKDs", "A::f(wchar_t const*)"),
+    ("_ZN1A1fEPKw", "A::f(wchar_t const*)"),
+    ("_ZN1A1gElmxy", "A::g(int, unsigned int, int, unsigned int)"),
+    ("_ZN1A1hEed", "A::h(long double, double)"),
+    ("_ZN1A1iB5cxx11Ev", "A::i()"),
+    ("_ZN1A1vEP13__va_list_tag", "A::v(char*)"),
+    ("_ZN5Story4tellEv", "Story::tell()"),
+    ("_ZTV1A", None),
+    ("_ZTI1A", None),
+    ("_ZThn8_N1A1fEv", None),
+    ("_ZNSt6vectorIiSaIiEED1Ev", None),
+    ("_ZNKSs4sizeEv", None),
+    ("_ZN5boost3refEv", None),
+]
+
+
+class Layers(unittest.TestCase):
+    def test_rules(self):
+        for path, text, expected in LAYERS:
+            with self.subTest(path=path, text=text), tempfile.TemporaryDirectory() as root:
+                for name in HEADERS + [path]:
+                    os.makedirs(os.path.dirname(os.path.join(root, name)), exist_ok=True)
+                    with open(os.path.join(root, name), "w", encoding="utf-8") as file:
+                        file.write(text if name == path else "")
+                list_path = os.path.join(root, "components.txt")
+                with open(list_path, "w", encoding="utf-8") as file:
+                    file.write(COMPONENTS)
+                checker = check_layers.Checker(check_layers.read_components(list_path), root)
+                self.assertEqual(checker.check_tree(), len(HEADERS) + 1)
+                if expected is None:
+                    self.assertEqual(checker.problems, [])
+                else:
+                    self.assertEqual(len(checker.problems), 1, checker.problems)
+                    self.assertIn(expected, checker.problems[0])
+
+
+class Exports(unittest.TestCase):
+    def test_names(self):
+        for mangled, expected in NAMES:
+            with self.subTest(name=mangled):
+                self.assertEqual(bool(check_exports.NOISE.match(mangled)), expected is None)
+                if expected:
+                    demangled = check_exports.output_of("c++filt", text=mangled).strip()
+                    self.assertEqual(check_exports.spell(demangled), expected)
+
+    def test_list_lines_for_one_system(self):
+        lines = ["# comment", "", "both()", "linux: a()", "windows: b()"]
+        self.assertEqual(check_exports.listed_names(lines, "linux"), {"both()", "a()"})
+        self.assertEqual(check_exports.listed_names(lines, "windows"), {"both()", "b()"})
+
+
+if __name__ == "__main__":
+    unittest.main()
