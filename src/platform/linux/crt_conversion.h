@@ -1,0 +1,123 @@
+// One printf conversion: scanning it, fetching its argument, printing it. The C functions and the
+// message formatter share it.
+//
+// A conversion is scanned without touching the arguments; each argument is then fetched as the type
+// that the conversion names and printed from that tagged value, so the printing never meets a
+// va_list. Everything is one template over the character type.
+#pragma once
+
+#include <quorvel/platform/linux_types.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdarg>
+#include <string_view>
+
+namespace quorvel::crt {
+
+// Where formatted text goes: into `size` characters, what is beyond is counted but not written. A
+// null text only counts.
+template <class Ch>
+class Output {
+public:
+    Output(Ch* text, std::size_t size) : m_text(text), m_size(text != nullptr ? size : 0) {}
+
+    void Append(const Ch* text, std::size_t count) { Copy(text, count); }
+    // Characters of the other width, taken one to one.
+    template <class Other>
+    void AppendUnits(const Other* text, std::size_t count) {
+        Copy(text, count);
+    }
+    void Append(std::string_view ascii) { Copy(ascii.data(), ascii.size()); }
+
+    // A count that no text of use has is refused, before anybody allocates room for it.
+    void Fill(Ch character, long long count) {
+        if (count <= 0)
+            return;
+        if (count > kMaximumFill)
+            return Fail();
+        std::fill_n(m_text + Position(), Room(static_cast<std::size_t>(count)), character);
+        Advance(static_cast<std::size_t>(count));
+    }
+
+    void Fail() { m_failed = true; }
+    bool HasFailed() const { return m_failed; }
+    std::size_t GetLength() const { return m_length; }
+
+private:
+    static constexpr long long kMaximumFill = 100'000'000;
+
+    template <class Other>
+    void Copy(const Other* text, std::size_t count) {
+        const std::size_t room = Room(count);
+        for (std::size_t i = 0; i < room; ++i)
+            m_text[m_length + i] = static_cast<Ch>(
+                static_cast<
+                    std::make_unsigned_t<std::conditional_t<sizeof(Other) == 1, char, short>>>(
+                    text[i]));
+        Advance(count);
+    }
+    std::size_t Position() const { return std::min(m_length, m_size); }
+    std::size_t Room(std::size_t count) const { return std::min(count, m_size - Position()); }
+    void Advance(std::size_t count) {
+        m_failed = m_failed || count > INT_MAX - m_length;
+        m_length += m_failed ? 0 : count;
+    }
+
+    Ch* m_text;
+    std::size_t m_size;
+    std::size_t m_length = 0; // at most INT_MAX
+    bool m_failed = false;
+};
+
+struct Conversion {
+    char type = 0; // the conversion's letter, or 0 for one that the runtime does not know
+    bool leftAlign = false;
+    bool plus = false;
+    bool space = false;
+    bool alternate = false;
+    bool zeroFill = false;
+    bool is64 = false;
+    bool isShort = false;
+    enum class Width : BYTE { Own, Narrow, Wide } textWidth = Width::Own;
+    bool widthIsArgument = false; // a star, whose argument comes before the value's
+    bool precisionIsArgument = false;
+    int width = 0;
+    int precision = -1; // none
+
+    void SetWidth(int value); // as a star does: a negative one aligns to the left
+    void SetPrecision(int value) { precision = value < 0 ? -1 : value; }
+};
+
+enum class ArgumentType : BYTE { None, Integer, Integer64, Pointer, Double };
+struct Argument {
+    ArgumentType type = ArgumentType::None;
+    union {
+        long long integer = 0;
+        const void* pointer;
+        double real;
+    };
+};
+struct ArgumentList { // a va_list that can be handed on by reference
+    va_list values;
+};
+
+// Reads what follows a percent sign. Returns where the text goes on: behind the conversion, or, its
+// type being 0, at the character that is not one.
+template <class Ch>
+const Ch* ScanConversion(const Ch* position, Conversion& conversion);
+
+ArgumentType TypeOfArgument(const Conversion& conversion);
+Argument FetchArgument(ArgumentList& list, ArgumentType type);
+
+// Prints an argument of the conversion's type. Fails the output for %n, which is never obeyed, and
+// in narrow output for wide text outside U+0000 to U+00FF.
+template <class Ch>
+void PrintConversion(Output<Ch>& output, const Conversion& conversion, const Argument& argument);
+
+extern template const char* ScanConversion(const char*, Conversion&);
+extern template const WCHAR* ScanConversion(const WCHAR*, Conversion&);
+extern template void PrintConversion(Output<char>&, const Conversion&, const Argument&);
+extern template void PrintConversion(Output<WCHAR>&, const Conversion&, const Argument&);
+
+} // namespace quorvel::crt

@@ -1,0 +1,21 @@
+// The digits of a floating-point conversion as the Windows runtime prints them, in any locale.
+#pragma once
+
+#include <cstddef>
+
+namespace quorvel::crt {
+
+// A number without its sign and 0x: the digits, then so many zeros more, then the exponent.
+struct FloatText {
+    static constexpr int kMaximumDecimals = 1074; // no double has more that are not zero
+    char digits[309 + 1 + kMaximumDecimals + 16];
+    std::size_t digitCount = 0;
+    long long zeroCount = 0;
+    char exponent[16] = ""; // e+000 or p+0, or empty
+};
+
+// `type` is e, f, g or a; a negative precision stands for the type's own (6, for a 13).
+// `alternate` keeps the point and, for g, the zeros at the end.
+void WriteFloat(FloatText& text, double value, char type, int precision, bool alternate);
+
+} // namespace quorvel::crt
