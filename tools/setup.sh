@@ -51,8 +51,27 @@ update_lists() {
     update_lists() { :; }
 }
 
-install() { # install [OPTION...] PACKAGE...
+try_install() { # try_install [OPTION...] PACKAGE...
     apt install -y --no-remove --no-install-recommends "$@"
+}
+
+# The i386 index of an update suite may be missing or not match its signature. Then 32-bit libraries
+# exist in the base release only, and so must the 64-bit ones that share files with them: prefer that
+# release, and in the last resort move the libraries that an update took ahead of it back.
+install() { # install PACKAGE...
+    try_install "$@" && return 0
+    suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
+    say "setup: no matching versions among the updates, trying those of $suite itself"
+    try_install -t "$suite" "$@" && return 0
+    say "setup: moving libraries that the updates took ahead of $suite back to it"
+    preferences=$(mktemp)
+    chmod 644 "$preferences"
+    printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$suite" >"$preferences"
+    installed=0
+    try_install --allow-downgrades -o Dir::Etc::preferences="$preferences" \
+        -o Dir::Etc::preferencesparts=/dev/null "$@" || installed=$?
+    rm -f "$preferences"
+    return $installed
 }
 
 prepare_install() { # prepare_install PACKAGES
@@ -76,9 +95,6 @@ ensure() { # ensure GROUP
     install $packages || die "cannot install $packages ($(last_error)); the log is $log"
 }
 
-# The i386 index of an update suite may be missing or not match its signature. Then the base release
-# has matching pairs of both architectures: prefer it, and in the last resort take the amd64 libraries
-# that an update moved ahead of it back.
 install_wine32() { # install_wine32 PACKAGE...
     added=
     if ! dpkg --print-foreign-architectures | grep -qx i386; then
@@ -87,21 +103,9 @@ install_wine32() { # install_wine32 PACKAGE...
     fi
     apt update || true
     install "$@" && return 0
-    suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
-    say "setup: 32-bit Wine has no matching packages among the updates, trying those of $suite itself"
-    install -t "$suite" "$@" && return 0
-    say "setup: the updates are ahead of it, moving the libraries that 32-bit Wine shares back to $suite itself"
-    preferences=$(mktemp)
-    chmod 644 "$preferences"
-    printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$suite" >"$preferences"
-    installed=0
-    install --allow-downgrades -o Dir::Etc::preferences="$preferences" \
-        -o Dir::Etc::preferencesparts=/dev/null "$@" || installed=$?
-    rm -f "$preferences"
-    if [ $installed != 0 ] && [ -n "$added" ]; then
-        $as_root dpkg --remove-architecture i386 || true
-    fi
-    return $installed
+    # Don't leave an architecture behind whose index may spoil every later update.
+    [ -z "$added" ] || $as_root dpkg --remove-architecture i386 || true
+    return 1
 }
 
 ensure_windows() {
@@ -113,10 +117,10 @@ ensure_windows() {
         # shellcheck disable=SC2086
         if install_wine32 $packages && wine32_runs; then return 0; fi
     fi
-    mkdir -p "$cache"
-    : >"$no_wine32"
     say "setup: 32-bit Wine cannot run here: the 64-bit Windows build (win64) stands in for it"
     ensure windows64
+    mkdir -p "$cache"
+    : >"$no_wine32"
 }
 
 if [ $# -eq 0 ]; then
