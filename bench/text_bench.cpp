@@ -1,0 +1,110 @@
+// Text encodings against the peers that a host would otherwise call.
+#include <quorvel/util/text/base64.h>
+
+#include <benchmark/benchmark.h>
+#include <openssl/evp.h>
+
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::vector<BYTE> RandomBytes(benchmark::State& state) {
+    std::mt19937 random(1);
+    std::vector<BYTE> bytes(static_cast<std::size_t>(state.range(0)));
+    for (BYTE& value : bytes)
+        value = static_cast<BYTE>(random());
+    return bytes;
+}
+
+void Count(benchmark::State& state) {
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * state.range(0));
+}
+
+std::string Encoded(const std::vector<BYTE>& bytes, DWORD flags) {
+    int length = AfxBase64EncodeGetRequiredLength(static_cast<int>(bytes.size()), flags);
+    std::string text(static_cast<std::size_t>(length), 0);
+    AfxBase64EncodeMultiByte(bytes.data(), static_cast<int>(bytes.size()), text.data(), &length,
+                             flags);
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+template <DWORD flags>
+void Base64Encode(benchmark::State& state) {
+    const auto bytes = RandomBytes(state);
+    const int size = static_cast<int>(bytes.size());
+    std::string text(static_cast<std::size_t>(AfxBase64EncodeGetRequiredLength(size, flags)), 0);
+    for (auto _ : state) {
+        int length = static_cast<int>(text.size());
+        AfxBase64EncodeMultiByte(bytes.data(), size, text.data(), &length, flags);
+        benchmark::ClobberMemory();
+    }
+    Count(state);
+}
+
+void OpenSslEncodeBlock(benchmark::State& state) {
+    const auto bytes = RandomBytes(state);
+    std::vector<BYTE> text(bytes.size() * 4 / 3 + 8);
+    for (auto _ : state) {
+        EVP_EncodeBlock(text.data(), bytes.data(), static_cast<int>(bytes.size()));
+        benchmark::ClobberMemory();
+    }
+    Count(state);
+}
+
+template <DWORD flags>
+void Base64Decode(benchmark::State& state) {
+    const std::string text = Encoded(RandomBytes(state), flags);
+    std::vector<BYTE> bytes(text.size());
+    for (auto _ : state) {
+        int length = static_cast<int>(bytes.size());
+        AfxBase64DecodeMultiByte(text.data(), static_cast<int>(text.size()), bytes.data(), &length);
+        benchmark::ClobberMemory();
+    }
+    Count(state);
+}
+
+void OpenSslDecodeBlock(benchmark::State& state) {
+    const std::string text = Encoded(RandomBytes(state), BASE64_NO_LINE_BREAKS);
+    std::vector<BYTE> bytes(text.size());
+    for (auto _ : state) {
+        EVP_DecodeBlock(bytes.data(), reinterpret_cast<const BYTE*>(text.data()),
+                        static_cast<int>(text.size()));
+        benchmark::ClobberMemory();
+    }
+    Count(state);
+}
+
+void OpenSslDecodeUpdate(benchmark::State& state) {
+    const std::string text = Encoded(RandomBytes(state), 0);
+    std::vector<BYTE> bytes(text.size());
+    const std::unique_ptr<EVP_ENCODE_CTX, decltype(&EVP_ENCODE_CTX_free)> context(
+        EVP_ENCODE_CTX_new(), EVP_ENCODE_CTX_free);
+    for (auto _ : state) {
+        int length = 0;
+        EVP_DecodeInit(context.get());
+        EVP_DecodeUpdate(context.get(), bytes.data(), &length,
+                         reinterpret_cast<const BYTE*>(text.data()), static_cast<int>(text.size()));
+        EVP_DecodeFinal(context.get(), bytes.data() + length, &length);
+        benchmark::ClobberMemory();
+    }
+    Count(state);
+}
+
+void BlockSizes(benchmark::internal::Benchmark* benchmark) {
+    for (const int size : {64, 16 << 10, 32 << 20})
+        benchmark->Arg(size);
+}
+
+BENCHMARK(Base64Encode<0>)->Apply(BlockSizes);
+BENCHMARK(Base64Encode<BASE64_NO_LINE_BREAKS>)->Apply(BlockSizes);
+BENCHMARK(OpenSslEncodeBlock)->Apply(BlockSizes);
+BENCHMARK(Base64Decode<0>)->Apply(BlockSizes);
+BENCHMARK(OpenSslDecodeUpdate)->Apply(BlockSizes);
+BENCHMARK(Base64Decode<BASE64_NO_LINE_BREAKS>)->Apply(BlockSizes);
+BENCHMARK(OpenSslDecodeBlock)->Apply(BlockSizes);
+
+} // namespace

@@ -1,0 +1,196 @@
+#include <quorvel/util/text/base64.h>
+
+#include "util/text/base64_kernels.h"
+
+#include <algorithm>
+#include <climits>
+
+namespace quorvel {
+namespace {
+
+constexpr int kLineLength = 4 * kLineGroups;
+
+template <class Ch>
+Ch* EncodeGroup(unsigned bytes, Ch* dest, std::size_t characters) {
+    for (std::size_t i = 0; i < characters; ++i)
+        dest[i] = static_cast<Ch>(kBase64Alphabet[bytes >> (18 - 6 * i) & 63]);
+    return dest + characters;
+}
+
+template <class Ch>
+Ch* EncodeGroups(const BYTE* source, std::size_t groups, Ch* dest) {
+    for (; groups > 0; --groups, source += 3) {
+        const auto bytes = static_cast<unsigned>(source[0] << 16 | source[1] << 8 | source[2]);
+        dest = EncodeGroup(bytes, dest, 4);
+    }
+    return dest;
+}
+
+template <class Ch>
+Ch* EncodeLines(const BYTE* source, std::size_t lines, Ch* dest) {
+    for (; lines > 0; --lines, source += 3 * kLineGroups) {
+        dest = EncodeGroups(source, kLineGroups, dest);
+        *dest++ = '\r';
+        *dest++ = '\n';
+    }
+    return dest;
+}
+
+// The last one or two bytes and their padding.
+template <class Ch>
+Ch* EncodeRemainder(const BYTE* source, std::size_t count, Ch* dest, DWORD flags) {
+    const int secondByte = count > 1 ? source[1] : 0;
+    dest = EncodeGroup(static_cast<unsigned>(source[0] << 16 | secondByte << 8), dest, count + 1);
+    if ((flags & BASE64_NO_PADDING) == 0)
+        dest = std::fill_n(dest, 3 - count, static_cast<Ch>('='));
+    return dest;
+}
+
+// One group with foreign characters inside, or the last, shorter one. Returns the bytes that did
+// not fit; after these nothing fits any more, whatever its size.
+template <class Ch>
+int DecodeGroup(Base64Cursor<Ch>& cursor) {
+    unsigned bits = 0;
+    int characters = 0;
+    for (; characters < 4 && cursor.source != cursor.sourceEnd; ++cursor.source) {
+        const int value = Base64Value(*cursor.source);
+        if (value >= 0) {
+            bits |= static_cast<unsigned>(value) << (18 - 6 * characters);
+            ++characters;
+        }
+    }
+    const int bytes = characters * 6 / 8;
+    if (bytes > cursor.destEnd - cursor.dest) {
+        cursor.destEnd = cursor.dest;
+        return bytes;
+    }
+    for (int i = 0; i < bytes; ++i)
+        *cursor.dest++ = static_cast<BYTE>(bits >> (16 - 8 * i));
+    return 0;
+}
+
+template <class Ch>
+const Base64Kernels<Ch>& FastestBase64() {
+    const Base64Kernels<Ch>* vector = VectorBase64<Ch>();
+    return vector != nullptr ? *vector : PortableBase64<Ch>();
+}
+
+} // namespace
+
+template <class Ch>
+const Base64Kernels<Ch>& PortableBase64() {
+    static constexpr Base64Kernels<Ch> kernels = {EncodeGroups<Ch>, EncodeLines<Ch>,
+                                                  DecodeGroups<Ch>};
+    return kernels;
+}
+
+template <class Ch>
+BOOL EncodeBase64(const Base64Kernels<Ch>& kernels, const BYTE* source, int sourceLength, Ch* dest,
+                  int* destLength, DWORD flags) {
+    if (source == nullptr || dest == nullptr || destLength == nullptr)
+        return FALSE;
+    const int required = AfxBase64EncodeGetRequiredLength(sourceLength, flags);
+    if (required == 0 || *destLength < required)
+        return FALSE;
+
+    const auto length = static_cast<std::size_t>(sourceLength);
+    std::size_t groups = length / 3;
+    Ch* end = dest;
+    if ((flags & BASE64_NO_LINE_BREAKS) == 0) {
+        // Deliberate: a line that full groups fill ends in a line break even as the last one.
+        const std::size_t lines = groups / kLineGroups;
+        end = kernels.encodeLines(source, lines, end);
+        source += 3 * kLineGroups * lines;
+        groups %= kLineGroups;
+    }
+    end = kernels.encodeGroups(source, groups, end);
+    if (length % 3 != 0)
+        end = EncodeRemainder(source + 3 * groups, length % 3, end, flags);
+    *destLength = static_cast<int>(end - dest);
+    return TRUE;
+}
+
+template <class Ch>
+BOOL DecodeBase64(const Base64Kernels<Ch>& kernels, const Ch* source, int sourceLength, BYTE* dest,
+                  int* destLength) {
+    if (source == nullptr || dest == nullptr || destLength == nullptr || sourceLength < 1)
+        return FALSE;
+    Base64Cursor<Ch> cursor = {source, source + sourceLength, dest,
+                               dest + std::max(*destLength, 0)};
+    int missing = 0;
+    for (;;) {
+        while (cursor.source != cursor.sourceEnd && Base64Value(*cursor.source) < 0)
+            ++cursor.source;
+        if (cursor.source == cursor.sourceEnd)
+            break;
+        const Ch* const before = cursor.source;
+        kernels.decodeGroups(cursor);
+        if (cursor.source == before)
+            missing += DecodeGroup(cursor);
+    }
+    *destLength = static_cast<int>(cursor.dest - dest) + missing;
+    return missing == 0;
+}
+
+#define QUORVEL_INSTANTIATE(Ch)                                                                    \
+    template const Base64Kernels<Ch>& PortableBase64();                                            \
+    template BOOL EncodeBase64(const Base64Kernels<Ch>&, const BYTE*, int, Ch*, int*, DWORD);      \
+    template BOOL DecodeBase64(const Base64Kernels<Ch>&, const Ch*, int, BYTE*, int*);
+QUORVEL_INSTANTIATE(char)
+QUORVEL_INSTANTIATE(WCHAR)
+#undef QUORVEL_INSTANTIATE
+
+} // namespace quorvel
+
+int AfxBase64EncodeGetRequiredLength(int sourceLength, DWORD flags) {
+    if (sourceLength < 1)
+        return 0;
+    std::int64_t length = std::int64_t{4} * sourceLength / 3;
+    if ((flags & BASE64_NO_PADDING) == 0)
+        length += sourceLength % 3;
+    // Deliberate: the lines are counted from the length before it is rounded up.
+    const std::int64_t lines = length / quorvel::kLineLength + 1;
+    length = (length + 3) / 4 * 4;
+    if ((flags & BASE64_NO_LINE_BREAKS) == 0)
+        length += 2 * lines;
+    return length <= INT_MAX ? static_cast<int>(length) : 0;
+}
+
+int AfxBase64DecodeGetRequiredLength(int sourceLength) {
+    return sourceLength < 1 ? 0 : sourceLength;
+}
+
+BOOL AfxBase64EncodeMultiByte(const BYTE* source, int sourceLength, char* dest, int* destLength,
+                              DWORD flags) {
+    return quorvel::EncodeBase64(quorvel::FastestBase64<char>(), source, sourceLength, dest,
+                                 destLength, flags);
+}
+
+BOOL AfxBase64EncodeWideChar(const BYTE* source, int sourceLength, WCHAR* dest, int* destLength,
+                             DWORD flags) {
+    return quorvel::EncodeBase64(quorvel::FastestBase64<WCHAR>(), source, sourceLength, dest,
+                                 destLength, flags);
+}
+
+BOOL AfxBase64Encode(const BYTE* source, int sourceLength, WCHAR* dest, int* destLength,
+                     DWORD flags) {
+    return AfxBase64EncodeWideChar(source, sourceLength, dest, destLength, flags);
+}
+
+BOOL AfxBase64DecodeMultiByte(const char* source, int sourceLength, BYTE* dest, int* destLength) {
+    return quorvel::DecodeBase64(quorvel::FastestBase64<char>(), source, sourceLength, dest,
+                                 destLength);
+}
+
+BOOL AfxBase64DecodeWideChar(const WCHAR* source, int sourceLength, BYTE* dest, int* destLength) {
+    return quorvel::DecodeBase64(quorvel::FastestBase64<WCHAR>(), source, sourceLength, dest,
+                                 destLength);
+}
+
+BOOL AfxBase64Decode(const WCHAR* source, int sourceLength, BYTE* dest, int* destLength) {
+    return AfxBase64DecodeWideChar(source, sourceLength, dest, destLength);
+}
+
+int AfxDecodeBase64Char(unsigned int character) {
+    return character < quorvel::kBase64Values.size() ? quorvel::kBase64Values[character] : -1;
+}

@@ -1,0 +1,225 @@
+#include <quorvel/util/text/base64.h>
+
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <string>
+#include <vector>
+
+namespace {
+
+const BYTE* Bytes(const std::string& text) {
+    return reinterpret_cast<const BYTE*>(text.data());
+}
+
+// Both widths; they must agree.
+std::string Encode(const std::string& bytes, DWORD flags) {
+    const int size = static_cast<int>(bytes.size());
+    int length = AfxBase64EncodeGetRequiredLength(size, flags);
+    int wideLength = length;
+    std::string text(static_cast<std::size_t>(length), '#');
+    std::basic_string<WCHAR> wide(static_cast<std::size_t>(length), '#');
+    EXPECT_TRUE(AfxBase64EncodeMultiByte(Bytes(bytes), size, text.data(), &length, flags));
+    EXPECT_TRUE(AfxBase64Encode(Bytes(bytes), size, wide.data(), &wideLength, flags));
+    EXPECT_TRUE(std::equal(text.begin(), text.end(), wide.begin())); // unwritten "#" included
+    EXPECT_EQ(length, wideLength);
+    return text.substr(0, static_cast<std::size_t>(length));
+}
+
+std::string Decode(const std::string& text) {
+    const int size = static_cast<int>(text.size());
+    int length = AfxBase64DecodeGetRequiredLength(size);
+    int wideLength = length;
+    std::string bytes(text.size(), '#');
+    std::string wideBytes(text.size(), '#');
+    const std::basic_string<WCHAR> wide(text.begin(), text.end());
+    EXPECT_TRUE(AfxBase64DecodeMultiByte(text.data(), size, reinterpret_cast<BYTE*>(bytes.data()),
+                                         &length));
+    EXPECT_TRUE(
+        AfxBase64Decode(wide.data(), size, reinterpret_cast<BYTE*>(wideBytes.data()), &wideLength));
+    EXPECT_EQ(bytes, wideBytes);
+    EXPECT_EQ(length, wideLength);
+    EXPECT_EQ(bytes.find_first_not_of('#', static_cast<std::size_t>(length)), bytes.npos);
+    return bytes.substr(0, static_cast<std::size_t>(length));
+}
+
+} // namespace
+
+TEST(Base64, EncodesInEveryFlagCombination) {
+    constexpr DWORD breaks = 0;
+    const std::string a19(76, 'Q'); // 57 bytes 0x41 0x04 0x10 are 19 groups "QQQQ"
+    std::string line;
+    for (int i = 0; i < 19; ++i)
+        line += "\x41\x04\x10";
+    const struct {
+        const char* label;
+        std::string bytes;
+        DWORD flags;
+        std::string expected;
+    } rows[] = {
+        {"f", "f", breaks, "Zg=="},
+        {"fo", "fo", breaks, "Zm8="},
+        {"foo", "foo", breaks, "Zm9v"},
+        {"foob", "foob", breaks, "Zm9vYg=="},
+        {"fooba", "fooba", breaks, "Zm9vYmE="},
+        {"foobar", "foobar", breaks, "Zm9vYmFy"},
+        {"one byte without padding", "M", BASE64_NO_PADDING, "TQ"},
+        {"two bytes without padding", "Ma", BASE64_NO_PADDING, "TWE"},
+        {"other flag bits are ignored", "M", 0xfffffffc, "TQ=="},
+        {"both signs", "\xfb\xff\xbf", BASE64_NO_LINE_BREAKS, "+/+/"},
+        {"a full line keeps its break", line, breaks, a19 + "\r\n"},
+        {"a line filled by the last group does not", line.substr(0, 55), breaks,
+         a19.substr(0, 72) + "QQ=="},
+        {"a second line", line + "M", breaks, a19 + "\r\nTQ=="},
+        {"two full lines", line + line, breaks, a19 + "\r\n" + a19 + "\r\n"},
+        {"a full line without breaks", line, BASE64_NO_LINE_BREAKS, a19},
+        {"two lines without breaks or padding", line + "M",
+         BASE64_NO_LINE_BREAKS | BASE64_NO_PADDING, a19 + "TQ"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Encode(row.bytes, row.flags), row.expected) << row.label;
+}
+
+TEST(Base64, RequiredLengthIsTheContractsBound) {
+    constexpr DWORD bare = BASE64_NO_PADDING | BASE64_NO_LINE_BREAKS;
+    const struct {
+        int length;
+        DWORD flags;
+        int expected;
+    } rows[] = {
+        {0, 0, 0},
+        {-1, 0, 0},
+        {INT_MIN, 0, 0},
+        {1, 0, 6},
+        {1, bare, 4},
+        {2, BASE64_NO_PADDING, 6},
+        {3, BASE64_NO_LINE_BREAKS, 4},
+        {56, 0, 80},                 // 74 + 2 fill the line, so two breaks are counted
+        {56, BASE64_NO_PADDING, 78}, // 74 do not, and the rounding comes after the count
+        {57, 0, 80},
+        {58, 0, 84},
+        {114, 0, 158},
+        {1610612733, BASE64_NO_LINE_BREAKS, 2147483644},
+        {1610612735, BASE64_NO_LINE_BREAKS, 0}, // 2147483648
+        {INT_MAX, 0, 0},
+        {INT_MAX, bare, 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(AfxBase64EncodeGetRequiredLength(row.length, row.flags), row.expected)
+            << row.length << " flags " << row.flags;
+    for (const int length : {INT_MIN, -1, 0})
+        EXPECT_EQ(AfxBase64DecodeGetRequiredLength(length), 0);
+    EXPECT_EQ(AfxBase64DecodeGetRequiredLength(INT_MAX), INT_MAX);
+}
+
+TEST(Base64, RefusedEncodingChangesNothing) {
+    const BYTE source[3] = {'M', 'a', 'n'};
+    const struct {
+        const char* label;
+        bool hasSource, hasDest, hasLength;
+        int sourceLength, room;
+    } rows[] = {
+        {"null source", false, true, true, 3, 8},
+        {"null destination", true, false, true, 3, 8},
+        {"null length", true, true, false, 3, 8},
+        {"no bytes", true, true, true, 0, 8},
+        {"negative length", true, true, true, -1, 8},
+        {"longest length", true, true, true, INT_MAX, INT_MAX},
+        {"one below the bound, though the text would fit", true, true, true, 3, 5},
+        {"negative room", true, true, true, 3, -1},
+    };
+    for (const auto& row : rows) {
+        char dest[8] = "#######";
+        int length = row.room;
+        EXPECT_FALSE(AfxBase64EncodeMultiByte(row.hasSource ? source : nullptr, row.sourceLength,
+                                              row.hasDest ? dest : nullptr,
+                                              row.hasLength ? &length : nullptr, 0))
+            << row.label;
+        EXPECT_STREQ(dest, "#######") << row.label;
+        EXPECT_EQ(length, row.room) << row.label;
+    }
+}
+
+TEST(Base64, DecodesLeniently) {
+    const struct {
+        const char* text;
+        const char* expected;
+    } rows[] = {
+        {"TWFu", "Man"},
+        {"TW Fu\r\n", "Man"},
+        {"=TWFu", "Man"},
+        {"TQ==", "M"},
+        {"TQ", "M"},
+        {"TWE=", "Ma"},
+        {"TQ==TQ==", "M\x04\xd0"}, // padding does not end a group
+        {"TWFuT", "Man"},          // one character alone gives no byte
+        {"T", ""},
+        {"====", ""},
+        {"-_\x80\xff*", ""},
+        {"\xd0Zm9v\x01YmFy\xc4", "foobar"},
+        {"Zm9vYmFyZm9vYmFyZm9vYmFyZm9v\r\nYmFyZm9vYmFyZm9v", "foobarfoobarfoobarfoobarfoobarfoo"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Decode(row.text), row.expected) << row.text;
+}
+
+TEST(Base64, WideCharactersWhoseLowByteIsInTheAlphabetAreForeign) {
+    const WCHAR text[] = _T("TWFu\x0154\x8054\xff41TWFuTWFuTWFuTWFu\x4154TWFu");
+    BYTE dest[32];
+    int length = sizeof dest;
+    EXPECT_TRUE(
+        AfxBase64DecodeWideChar(text, static_cast<int>(std::size(text)) - 1, dest, &length));
+    EXPECT_EQ(std::string(dest, dest + length), "ManManManManManMan");
+}
+
+TEST(Base64, TooSmallARoomTakesWholeGroupsAndCountsOn) {
+    const struct {
+        int room;
+        const char* written;
+    } rows[] = {{0, "#######"}, {2, "#######"},  {3, "Man####"},      {5, "Man####"},
+                {6, "ManMan#"}, {-1, "#######"}, {INT_MIN, "#######"}};
+    for (const auto& row : rows) {
+        char dest[8] = "#######";
+        int length = row.room;
+        EXPECT_FALSE(
+            AfxBase64DecodeMultiByte("TWFuTWFuTQ==", 12, reinterpret_cast<BYTE*>(dest), &length))
+            << row.room;
+        EXPECT_EQ(length, 7) << row.room;
+        EXPECT_STREQ(dest, row.written) << row.room;
+    }
+}
+
+TEST(Base64, RefusedDecodingChangesNothing) {
+    const struct {
+        const char* label;
+        bool hasSource, hasDest, hasLength;
+        int sourceLength;
+    } rows[] = {
+        {"null source", false, true, true, 4},     {"null destination", true, false, true, 4},
+        {"null length", true, true, false, 4},     {"no characters", true, true, true, 0},
+        {"negative length", true, true, true, -1},
+    };
+    for (const auto& row : rows) {
+        char dest[4] = "###";
+        int length = 3;
+        EXPECT_FALSE(AfxBase64DecodeMultiByte(row.hasSource ? "TWFu" : nullptr, row.sourceLength,
+                                              row.hasDest ? reinterpret_cast<BYTE*>(dest) : nullptr,
+                                              row.hasLength ? &length : nullptr))
+            << row.label;
+        EXPECT_STREQ(dest, "###") << row.label;
+        EXPECT_EQ(length, 3) << row.label;
+    }
+}
+
+TEST(Base64, CharacterValuesFollowTheAlphabet) {
+    const std::string alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    for (unsigned c = 0; c < 0x180; ++c) {
+        const auto found = c < 0x80 && c != 0 ? alphabet.find(static_cast<char>(c)) : alphabet.npos;
+        EXPECT_EQ(AfxDecodeBase64Char(c), found == alphabet.npos ? -1 : static_cast<int>(found))
+            << c;
+    }
+    EXPECT_EQ(AfxDecodeBase64Char(0xffffff00u + 'A'), -1);
+}
