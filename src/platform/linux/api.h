@@ -6,4 +6,7 @@
 #include <quorvel/platform/linux_api.h>
 
 #include "platform/linux/crt.h"
+#include "platform/linux/file.h"
+#include "platform/linux/handle.h"
+#include "platform/linux/path.h"
 #include "platform/linux/text.h"
