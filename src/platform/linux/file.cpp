@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <new>
 #include <utility>
 
@@ -19,8 +20,7 @@ namespace {
 class Descriptor {
 public:
     explicit Descriptor(int descriptor) : m_descriptor(descriptor) {}
-    Descriptor(Descriptor&& other) noexcept
-        : m_descriptor(std::exchange(other.m_descriptor, -1)) {}
+    Descriptor(Descriptor&& other) noexcept : m_descriptor(std::exchange(other.m_descriptor, -1)) {}
     ~Descriptor() {
         if (m_descriptor >= 0)
             close(m_descriptor);
@@ -135,8 +135,7 @@ HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES*
     std::string path;
     if (!ToSystemPath(name, path))
         return INVALID_HANDLE_VALUE;
-    const bool truncatesUnwritten =
-        disposition == TRUNCATE_EXISTING && !(rights & GENERIC_WRITE);
+    const bool truncatesUnwritten = disposition == TRUNCATE_EXISTING && !(rights & GENERIC_WRITE);
     if (!IsKnownDisposition(disposition) || truncatesUnwritten || security != nullptr ||
         templateFile != nullptr) {
         SetLastError(ERROR_INVALID_PARAMETER);
@@ -152,8 +151,8 @@ HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES*
         return INVALID_HANDLE_VALUE;
     }
     try {
-        const HANDLE file = FinishOpening(std::move(descriptor), path, access, share, disposition,
-                                          flags, existed);
+        const HANDLE file =
+            FinishOpening(std::move(descriptor), path, access, share, disposition, flags, existed);
         if (file != INVALID_HANDLE_VALUE)
             SetLastError(existed && disposition != OPEN_EXISTING && disposition != TRUNCATE_EXISTING
                              ? ERROR_ALREADY_EXISTS
@@ -174,8 +173,8 @@ BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD count, LPDWORD bytesRead,
     if (file == nullptr)
         return FALSE;
     while (*bytesRead < count) {
-        const ssize_t n = read(file->Descriptor(), static_cast<BYTE*>(buffer) + *bytesRead,
-                               count - *bytesRead);
+        const ssize_t n =
+            read(file->Descriptor(), static_cast<BYTE*>(buffer) + *bytesRead, count - *bytesRead);
         if (n < 0 && errno == EINTR)
             continue;
         if (n < 0)
@@ -196,9 +195,9 @@ BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD count, LPDWORD bytesWritten,
     if (file == nullptr)
         return FALSE;
     while (*bytesWritten < count) {
-        const ssize_t n = write(file->Descriptor(),
-                                static_cast<const BYTE*>(buffer) + *bytesWritten,
-                                count - *bytesWritten);
+        const ssize_t n =
+            write(file->Descriptor(), static_cast<const BYTE*>(buffer) + *bytesWritten,
+                  count - *bytesWritten);
         if (n < 0 && errno == EINTR)
             continue;
         if (n < 0)
@@ -220,7 +219,7 @@ BOOL SetFilePointerEx(HANDLE handle, LARGE_INTEGER distance, LARGE_INTEGER* posi
         lseek(file->Descriptor(), static_cast<off_t>(distance.QuadPart), static_cast<int>(method));
     if (result < 0) // a place before the start, or past the largest
         return FailWith(errno == EINVAL || errno == EOVERFLOW ? ERROR_NEGATIVE_SEEK
-                                                          : ErrorFromErrno(errno));
+                                                              : ErrorFromErrno(errno));
     if (position != nullptr)
         position->QuadPart = result;
     return TRUE;

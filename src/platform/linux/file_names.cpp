@@ -50,6 +50,14 @@ bool IsReplaceable(const struct stat& status) {
            !OpenFile::IsHeld(status, kDeleteAccess);
 }
 
+int Rename(const char* source, const char* target, bool replace) {
+    if (replace)
+        return rename(source, target);
+    const int result = renameat2(AT_FDCWD, source, AT_FDCWD, target, RENAME_NOREPLACE);
+    // A file system without that flag: the caller has found no target a moment ago.
+    return result != 0 && errno == EINVAL ? rename(source, target) : result;
+}
+
 BOOL CopyContents(HANDLE source, HANDLE target) {
     std::vector<BYTE> buffer(64 * 1024);
     DWORD read = 0;
@@ -128,8 +136,7 @@ BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags) {
         else if (!IsReplaceable(old))
             return FailWith(ERROR_ACCESS_DENIED);
     }
-    if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(),
-                  replace ? 0 : RENAME_NOREPLACE) == 0)
+    if (Rename(source.c_str(), target.c_str(), replace) == 0)
         return TRUE;
     if (errno == EXDEV && (flags & MOVEFILE_COPY_ALLOWED) && S_ISREG(status.st_mode))
         return MoveByCopying(from, to, replace);

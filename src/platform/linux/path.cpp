@@ -3,8 +3,8 @@
 #include "platform/linux/system_error.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 #include <unicode/ustring.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>

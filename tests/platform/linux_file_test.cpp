@@ -1,0 +1,88 @@
+// Files and handles: what holds natively beyond the table shared with Windows.
+#include "platform/win32.h"
+
+#include "support/temporary_folder.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+HANDLE Open(const WCHAR* name, DWORD rights, DWORD disposition, DWORD share = 0) {
+    return CreateFileW(name, rights, share, nullptr, disposition, 0, nullptr);
+}
+
+TEST(LinuxHandle, IsClosedOnceWhateverTheThreadsAndNeverComesBack) {
+    const TemporaryFolder folder;
+    folder.Write(_T("file"), "0123456789");
+    std::atomic<int> closes{0};
+    for (int round = 0; round < 50; ++round) {
+        const HANDLE file = Open(folder.Path(_T("file")), GENERIC_READ, OPEN_EXISTING);
+        ASSERT_NE(INVALID_HANDLE_VALUE, file);
+        const auto close = [&] {
+            char byte;
+            DWORD count;
+            ReadFile(file, &byte, 1, &count, nullptr);
+            closes += CloseHandle(file) ? 1 : 0;
+        };
+        std::thread left(close);
+        std::thread right(close);
+        left.join();
+        right.join();
+        const HANDLE next = Open(folder.Path(_T("file")), GENERIC_READ, OPEN_EXISTING);
+        EXPECT_NE(file, next);
+        EXPECT_FALSE(CloseHandle(file));
+        EXPECT_TRUE(CloseHandle(next));
+    }
+    EXPECT_EQ(50, closes);
+}
+
+TEST(LinuxFile, RefusesWhatWindowsRefuses) {
+    const TemporaryFolder folder;
+    folder.Write(_T("file"), "0123456789");
+    folder.Write(_T("readonly"), "fixed");
+    folder.SetReadOnly(_T("readonly"), true);
+    CString halfSurrogate = folder.Path(_T("x"));
+    halfSurrogate.AppendChar(0xd83d);
+    const CString overlong = folder.Path(CString('a', 5000));
+    const HANDLE reader = Open(folder.Path(_T("file")), GENERIC_READ, OPEN_EXISTING);
+    struct Row {
+        const char* label;
+        DWORD actual;
+        DWORD expected;
+    };
+    const auto error = [](BOOL result) { return result ? 0 : GetLastError(); };
+    const auto openError = [](HANDLE file) {
+        return file != INVALID_HANDLE_VALUE ? 0 : GetLastError();
+    };
+    const Row rows[] = {
+        {"half a surrogate pair", openError(Open(halfSurrogate, GENERIC_WRITE, CREATE_NEW)), 123},
+        {"a name no file can have", openError(Open(overlong, GENERIC_WRITE, CREATE_NEW)), 206},
+        {"a drive", openError(Open(_T("C:file"), GENERIC_WRITE, CREATE_NEW)), 3},
+        {"cut without the right to write",
+         openError(Open(folder.Path(_T("file")), GENERIC_READ, TRUNCATE_EXISTING)), 87},
+        {"write a read-only file",
+         openError(Open(folder.Path(_T("readonly")), GENERIC_WRITE, OPEN_EXISTING)), 5},
+        {"make a read-only file anew",
+         openError(Open(folder.Path(_T("readonly")), GENERIC_READ, CREATE_ALWAYS)), 5},
+        {"cut a reader's file", error(SetEndOfFile(reader)), 5},
+        {"replace a read-only file",
+         error(MoveFileExW(folder.Path(_T("file")), folder.Path(_T("readonly")),
+                           MOVEFILE_REPLACE_EXISTING)),
+         32},
+        {"an empty name in full", error(GetFullPathNameW(_T(""), 0, nullptr, nullptr) != 0), 123},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(row.expected, row.actual) << row.label;
+    EXPECT_TRUE(CloseHandle(reader));
+    EXPECT_FALSE(MoveFileExW(folder.Path(_T("file")), folder.Path(_T("readonly")),
+                             MOVEFILE_REPLACE_EXISTING));
+    EXPECT_EQ(5u, GetLastError());
+    EXPECT_EQ("0123456789", folder.Read(_T("file")));
+    EXPECT_EQ("fixed", folder.Read(_T("readonly")));
+}
+
+} // namespace

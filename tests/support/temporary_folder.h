@@ -1,0 +1,54 @@
+// A private folder for a test's files, removed with all it holds at the end.
+#pragma once
+
+#include <quorvel/framework/string.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        std::random_device random;
+        do
+            m_path = std::filesystem::temp_directory_path() /
+                     ("quorvel-test-" + std::to_string(random()));
+        while (!std::filesystem::create_directory(m_path));
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+
+    // The folder's path, without a separator at its end, and the path of a name in it.
+    CString Path() const { return CString(m_path.string<WCHAR>().c_str()); }
+    CString Path(const WCHAR* name) const {
+        return CString((m_path / std::basic_string<WCHAR>(name)).string<WCHAR>().c_str());
+    }
+
+    // Whole files. Read gives an empty text for a missing one.
+    void Write(const WCHAR* name, const std::string& bytes) const {
+        std::ofstream file(m_path / std::basic_string<WCHAR>(name), std::ios::binary);
+        file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    }
+    std::string Read(const WCHAR* name) const {
+        std::ifstream file(m_path / std::basic_string<WCHAR>(name), std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+    bool Has(const WCHAR* name) const {
+        return std::filesystem::exists(m_path / std::basic_string<WCHAR>(name));
+    }
+    // The read-only attribute; natively no permission to write.
+    void SetReadOnly(const WCHAR* name, bool readOnly) const {
+        std::filesystem::permissions(m_path / std::basic_string<WCHAR>(name),
+                                     std::filesystem::perms(readOnly ? 0444 : 0644));
+    }
+
+private:
+    std::filesystem::path m_path;
+};
