@@ -241,10 +241,18 @@ struct SizePrefix {
 };
 // The longer of two that begin alike comes first.
 constexpr SizePrefix kSizePrefixes[] = {
-    {"I64", Size::Quad},  {"I32", Size::None}, {"I", Size::Pointer}, {"z", Size::Pointer},
-    {"t", Size::Pointer}, {"j", Size::Quad},   {"ll", Size::Quad},   {"l", Size::Long},
-    {"w", Size::Wide},    {"h", Size::Short},  {"L", Size::None}, // the Windows runtime's long
-                                                                  // double is a double
+    {"I64", Size::Quad},
+    {"I32", Size::None},
+    {"I", Size::Pointer},
+    {"z", Size::Pointer},
+    {"t", Size::Pointer},
+    {"j", Size::Quad},
+    {"ll", Size::Quad},
+    {"l", Size::Long},
+    {"w", Size::Wide},
+    {"h", Size::Short},
+    {"L", Size::None}, // the Windows runtime's long
+                       // double is a double
     {"F", Size::None}, // far and near pointers of long ago
     {"N", Size::None},
 };
