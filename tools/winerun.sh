@@ -18,10 +18,11 @@ win64) arch=win64 name=wine64 cpu=x86_64 wine=/usr/lib/wine/wine64 ;;
     exit 125
     ;;
 esac
+# The number counts up when make_prefix changes: a checkout of before must not lose its prefix.
 if [ "${WINERUN_X:-0}" = 1 ]; then
-    name=$name-x11
+    name=$name-x11-1
 else
-    name=$name-null
+    name=$name-null-1
     unset DISPLAY
 fi
 if [ ! -x "$wine" ]; then
@@ -78,11 +79,20 @@ REGEDIT4
 [HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\AeDebug]
 "Debugger"="winedbg --file C:\\crash.txt %ld %ld"
 EOF
-    [ "${WINERUN_X:-0}" = 1 ] || cat >>"$WINEPREFIX/drive_c/settings.reg" <<'EOF'
+    if [ "${WINERUN_X:-0}" = 1 ]; then
+        # Wine draws the frames of windows itself: there may be no window manager.
+        cat <<'EOF'
+
+[HKEY_CURRENT_USER\Software\Wine\X11 Driver]
+"Managed"="N"
+EOF
+    else
+        cat <<'EOF'
 
 [HKEY_CURRENT_USER\Software\Wine\Drivers]
 "Graphics"="null"
 EOF
+    fi >>"$WINEPREFIX/drive_c/settings.reg"
     "$wine" regedit.exe /S 'C:\settings.reg' || return 1
     # The driver is chosen when the desktop starts: end this session, and let it write its registry.
     wineserver -k
@@ -90,7 +100,7 @@ EOF
     : >"$ready"
 }
 
-ready="$WINEPREFIX/.ready-2" # count up when make_prefix changes
+ready="$WINEPREFIX/.ready"
 if [ ! -f "$ready" ]; then
     mkdir -p "$cache"
     exec 9>"$cache/$name.lock"
