@@ -206,6 +206,14 @@ void CStringT<Ch>::Release() noexcept {
         std::free(header);
 }
 
+// Whether the text begins in this string's own characters, which a change may move. Its end, where
+// an empty text may lie, does not count.
+template <class Ch>
+bool CStringT<Ch>::Owns(const Ch* text) const noexcept {
+    const std::less<const Ch*> before;
+    return !before(text, m_text) && before(text, m_text + GetLength());
+}
+
 // Gives the string characters of its own with room for `capacity`, keeping the text.
 template <class Ch>
 void CStringT<Ch>::Reallocate(int capacity) {
@@ -216,7 +224,7 @@ void CStringT<Ch>::Reallocate(int capacity) {
         sizeof(StringHeader) + (static_cast<std::size_t>(capacity) + 1) * sizeof(Ch);
     StringHeader* old = Header();
     StringHeader* header;
-    if (old->references.load(std::memory_order_acquire) == 1) {
+    if (!IsShared()) {
         header = static_cast<StringHeader*>(std::realloc(static_cast<void*>(old), bytes));
         if (header == nullptr)
             AfxThrowMemoryException();
@@ -236,17 +244,14 @@ void CStringT<Ch>::Reallocate(int capacity) {
 // Makes the characters this string's own, with room for `minimumLength`.
 template <class Ch>
 Ch* CStringT<Ch>::PrepareWrite(int minimumLength) {
-    const StringHeader* header = Header();
-    const bool shared = header->references.load(std::memory_order_acquire) != 1;
-    if (shared || header->capacity < minimumLength) {
-        int capacity = std::max(minimumLength, header->length);
-        if (!shared) { // growing: half as much again keeps appending linear
-            const int grown = header->capacity > kMaximumLength / 3 * 2
-                                  ? kMaximumLength
-                                  : header->capacity + header->capacity / 2;
-            capacity = std::max(capacity, grown);
-        }
-        Reallocate(capacity);
+    const int capacity = GetAllocLength();
+    if (IsShared()) {
+        Reallocate(std::max(minimumLength, GetLength()));
+    } else if (capacity < minimumLength) {
+        // Half as much again keeps appending linear.
+        const int grown =
+            capacity > kMaximumLength / 3 * 2 ? kMaximumLength : capacity + capacity / 2;
+        Reallocate(std::max(minimumLength, grown));
     }
     return m_text;
 }
@@ -276,17 +281,17 @@ template <class Ch>
 void CStringT<Ch>::SetString(const Ch* text, int length) {
     if (text == nullptr || length <= 0) {
         Empty();
-        return;
+    } else if (Owns(text)) {
+        *this = Mid(static_cast<int>(text - m_text), length);
+    } else if (IsShared() || GetAllocLength() < length) {
+        CStringT fresh; // the old text is not needed, but stays until there is memory for the new
+        CopyCharacters(fresh.PrepareWrite(length), text, length);
+        fresh.SetLength(length);
+        *this = std::move(fresh);
+    } else {
+        CopyCharacters(m_text, text, length);
+        SetLength(length);
     }
-    const std::less<const Ch*> before;
-    if (!before(text, m_text) && !before(m_text + GetLength(), text)) { // a part of this very text
-        *this = CStringT(*this).Mid(static_cast<int>(text - m_text), length);
-        return;
-    }
-    if (Header()->references.load(std::memory_order_acquire) != 1)
-        Release(); // the old text is not kept: don't copy it into the new characters
-    CopyCharacters(PrepareWrite(length), text, length);
-    SetLength(length);
 }
 
 template <class Ch>
@@ -300,17 +305,15 @@ void CStringT<Ch>::Append(const Ch* text, int length) {
         return;
     const int oldLength = GetLength();
     const int newLength = LengthSum(oldLength, length);
-    const std::less<const Ch*> before;
-    const bool own = !before(text, m_text) && before(text, m_text + oldLength);
-    const auto offset = text - m_text; // meaningful for a part of this very text, which may move
+    const std::ptrdiff_t ownPlace = Owns(text) ? text - m_text : -1;
     Ch* target = PrepareWrite(newLength);
-    CopyCharacters(target + oldLength, own ? target + offset : text, length);
+    CopyCharacters(target + oldLength, ownPlace < 0 ? text : target + ownPlace, length);
     SetLength(newLength);
 }
 
 template <class Ch>
 void CStringT<Ch>::Append(const CStringT& other) {
-    if (IsEmpty())
+    if (IsEmpty() && GetAllocLength() < other.GetLength())
         *this = other;
     else
         Append(other.m_text, other.GetLength());
@@ -362,6 +365,7 @@ template <class Ch>
 void CStringT<Ch>::ReleaseBuffer(int newLength) {
     if (m_text == EmptyCharacters<Ch>())
         return;
+    PrepareWrite(GetLength()); // without a GetBuffer before it, the characters may be shared
     if (newLength < 0) {
         const Ch* end =
             std::char_traits<Ch>::find(m_text, static_cast<std::size_t>(GetAllocLength()), Ch());
@@ -379,8 +383,10 @@ template <class Ch>
 void CStringT<Ch>::Truncate(int newLength) {
     if (newLength < 0 || newLength >= GetLength())
         return;
-    PrepareWrite(newLength);
-    SetLength(newLength);
+    if (IsShared())
+        *this = Left(newLength);
+    else
+        SetLength(newLength);
 }
 
 template <class Ch>
@@ -395,6 +401,8 @@ template <class Ch>
 int CStringT<Ch>::Compare(const Ch* text) const noexcept {
     const Ch* left = m_text;
     const Ch* right = text != nullptr ? text : EmptyCharacters<Ch>();
+    if (left == right)
+        return 0;
     while (*left != 0 && *left == *right)
         ++left, ++right;
     typedef std::make_unsigned_t<std::conditional_t<sizeof(Ch) == 1, char, short>> Unsigned;
@@ -518,20 +526,28 @@ CStringT<Ch> CStringT<Ch>::Tokenize(const Ch* separators, int& position) const {
 
 template <class Ch>
 int CStringT<Ch>::Insert(int position, Ch character) {
-    const Ch text[2] = {character, 0};
-    return Insert(position, text);
+    return Insert(position, &character, 1);
 }
 
 template <class Ch>
 int CStringT<Ch>::Insert(int position, const Ch* text) {
-    const CStringT inserted(text); // the argument may lie in this text
+    if (Owns(text)) {
+        const CStringT copy(text);
+        return Insert(position, copy.m_text, copy.GetLength());
+    }
+    return Insert(position, text, LengthOf(text));
+}
+
+template <class Ch>
+int CStringT<Ch>::Insert(int position, const Ch* text, int length) {
+    if (length == 0)
+        return GetLength();
     position = std::clamp(position, 0, GetLength());
     const int tail = GetLength() - position;
-    const int newLength = LengthSum(GetLength(), inserted.GetLength());
+    const int newLength = LengthSum(GetLength(), length);
     Ch* target = PrepareWrite(newLength) + position;
-    std::char_traits<Ch>::move(target + inserted.GetLength(), target,
-                               static_cast<std::size_t>(tail));
-    CopyCharacters(target, inserted.m_text, inserted.GetLength());
+    std::char_traits<Ch>::move(target + length, target, static_cast<std::size_t>(tail));
+    CopyCharacters(target, text, length);
     SetLength(newLength);
     return newLength;
 }
@@ -551,20 +567,21 @@ int CStringT<Ch>::Delete(int position, int count) {
 
 template <class Ch>
 int CStringT<Ch>::Replace(Ch oldCharacter, Ch newCharacter) {
+    const int first = oldCharacter == newCharacter ? -1 : Find(oldCharacter);
+    if (first < 0)
+        return 0;
+    Ch* text = PrepareWrite(GetLength());
     int count = 0;
-    if (oldCharacter == newCharacter)
-        return count;
-    for (int position = Find(oldCharacter); position >= 0;
-         position = Find(oldCharacter, position + 1)) {
-        SetAt(position, newCharacter);
-        ++count;
-    }
+    for (int position = first; position < GetLength(); ++position)
+        if (text[position] == oldCharacter)
+            text[position] = newCharacter, ++count;
     return count;
 }
 
 template <class Ch>
 int CStringT<Ch>::Replace(const Ch* oldText, const Ch* newText) {
     const int oldLength = LengthOf(oldText);
+    const int newLength = LengthOf(newText);
     if (oldLength == 0)
         return 0;
     CStringT result;
@@ -572,7 +589,7 @@ int CStringT<Ch>::Replace(const Ch* oldText, const Ch* newText) {
     int copied = 0;
     for (int found = Find(oldText); found >= 0; found = Find(oldText, copied)) {
         result.Append(m_text + copied, found - copied);
-        result.Append(newText);
+        result.Append(newText, newLength);
         copied = found + oldLength;
         ++count;
     }
@@ -648,8 +665,10 @@ CStringT<Ch>& CStringT<Ch>::TrimLeft(Ch character) {
 
 template <class Ch>
 CStringT<Ch>& CStringT<Ch>::TrimLeft(const Ch* characters) {
-    if (characters != nullptr)
-        Delete(0, SpanIncluding(characters).GetLength());
+    int count = 0;
+    while (characters != nullptr && IsOneOf(m_text[count], characters))
+        ++count;
+    Delete(0, count);
     return *this;
 }
 
@@ -711,7 +730,8 @@ void CStringT<Ch>::AppendFormatV(const Ch* format, va_list arguments) {
     if (added <= 0)
         return;
     CStringT formatted;
-    FormatInto(formatted.GetBuffer(added), added + 1, format, arguments);
+    Ch* text = formatted.GetBuffer(added);
+    FormatInto(text, added + 1, format, arguments);
     formatted.SetLength(added);
     Append(formatted);
 }

@@ -14,6 +14,7 @@
 
 #include <atomic>
 #include <cstdarg>
+#include <type_traits>
 #include <utility>
 
 namespace quorvel {
@@ -115,6 +116,7 @@ public:
     CStringT Tokenize(const Ch* separators, int& position) const;
 
     // Each returns the new length; Replace and Remove return how many were found.
+    // A position outside the text is taken as its nearer end.
     int Insert(int position, Ch character);
     int Insert(int position, const Ch* text);
     int Delete(int position, int count = 1);
@@ -147,11 +149,12 @@ public:
     void Format(UINT formatId, ...);
     void AppendFormat(UINT formatId, ...);
 
-    // The platform's message formatter (FormatMessageW): %1 to %99 with their !printf! forms.
-    // A format that it refuses throws CMemoryException, as the framework's does.
-    void FormatMessage(const Ch* format, ...);
-    void FormatMessageV(const Ch* format, va_list* arguments);
-    void FormatMessage(UINT formatId, ...);
+    // The platform's message formatter (FormatMessageW): %1 to %99 with their !printf! forms. A
+    // null format empties the string; one that the platform refuses throws CMemoryException, and
+    // the string keeps its text. Wide strings only.
+    void FormatMessage(const Ch* format, ...) requires std::is_same_v<Ch, WCHAR>;
+    void FormatMessageV(const Ch* format, va_list* arguments) requires std::is_same_v<Ch, WCHAR>;
+    void FormatMessage(UINT formatId, ...) requires std::is_same_v<Ch, WCHAR>;
 
     // A string-table entry found through the resource chain, or in one module. FALSE, and the
     // string empty, when there is no such entry.
@@ -162,11 +165,16 @@ private:
     quorvel::StringHeader* Header() const noexcept {
         return reinterpret_cast<quorvel::StringHeader*>(const_cast<Ch*>(m_text)) - 1;
     }
+    bool IsShared() const noexcept {
+        return Header()->references.load(std::memory_order_acquire) != 1;
+    }
+    bool Owns(const Ch* text) const noexcept;
     void Attach(const CStringT& other) noexcept;
     void Release() noexcept;
     Ch* PrepareWrite(int minimumLength);
     void Reallocate(int capacity);
     void SetLength(int length) noexcept;
+    int Insert(int position, const Ch* text, int length);
 
     Ch* m_text;
 };
@@ -178,6 +186,8 @@ typedef CStringT<WCHAR> CString;
 typedef CStringT<WCHAR> CStringW;
 typedef CStringT<char> CStringA;
 
+// A sum takes over the characters of a left operand that is a temporary, so that a chain of sums
+// grows one string.
 template <class Ch>
 CStringT<Ch> operator+(CStringT<Ch> left, const CStringT<Ch>& right) {
     left.Append(right);
@@ -189,26 +199,31 @@ CStringT<Ch> operator+(CStringT<Ch> left, const Ch* right) {
     return left;
 }
 template <class Ch>
-CStringT<Ch> operator+(CStringT<Ch> left, Ch right) {
+CStringT<Ch> operator+(CStringT<Ch> left, std::type_identity_t<Ch> right) {
     left.AppendChar(right);
     return left;
 }
 template <class Ch>
 CStringT<Ch> operator+(const Ch* left, const CStringT<Ch>& right) {
-    CStringT<Ch> sum(left);
-    sum.Append(right);
-    return sum;
+    return CStringT<Ch>(left) + right;
 }
 template <class Ch>
-CStringT<Ch> operator+(Ch left, const CStringT<Ch>& right) {
-    CStringT<Ch> sum(left, 1);
-    sum.Append(right);
-    return sum;
+CStringT<Ch> operator+(std::type_identity_t<Ch> left, const CStringT<Ch>& right) {
+    return CStringT<Ch>(left, 1) + right;
 }
 
 // Writes the string-table entry found through the resource chain, cut to `maxChars` characters with
 // the terminator; needs no memory. The length written: 0, and an empty text, when there is none.
 QUORVEL_API int AfxLoadString(UINT id, LPWSTR text, UINT maxChars);
+
+// The format with each %1 to %9 replaced by the string of that number, and by "?" where `count` is
+// lower; nothing else is special. A null format gives an empty text. `result` may be an argument.
+QUORVEL_API void AfxFormatStrings(CString& result, const WCHAR* format, const WCHAR* const* strings,
+                                  int count);
+// The same with a catalogue text; one that does not load throws CResourceException.
+QUORVEL_API void AfxFormatString1(CString& result, UINT formatId, const WCHAR* first);
+QUORVEL_API void AfxFormatString2(CString& result, UINT formatId, const WCHAR* first,
+                                  const WCHAR* second);
 
 #define QUORVEL_STRING_COMPARISON(op)                                                              \
     template <class Ch>                                                                            \
