@@ -5,8 +5,10 @@
 
 #include <quorvel/platform/linux_api.h>
 
+#include "platform/linux/clock.h"
 #include "platform/linux/crt.h"
 #include "platform/linux/file.h"
 #include "platform/linux/handle.h"
+#include "platform/linux/message_box.h"
 #include "platform/linux/path.h"
 #include "platform/linux/text.h"

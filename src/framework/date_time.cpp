@@ -1,0 +1,374 @@
+// Calendar arithmetic works on whole days since 30 December 1899 and whole seconds of a day. Years
+// are counted from March in it, so that the day that comes and goes is the last of a year, and
+// days from 1 March of the year 0 on, so that everything stays positive.
+#include <quorvel/framework/date_time.h>
+
+#include "platform/win32.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr int kFirstDay = -657434; // 1 January 100
+constexpr int kLastDay = 2958465;  // 31 December 9999
+constexpr double kLongestSpan = kLastDay - kFirstDay;
+constexpr int kSecondsPerDay = 86400;
+
+constexpr int kDaysPer400Years = 146097;
+constexpr int kDaysFromMarchOfYear0 = 693899; // to 30 December 1899
+
+struct CalendarDay {
+    int year;
+    int month;
+    int day;
+};
+
+constexpr int DaysFromCalendar(CalendarDay date) {
+    const int year = date.month > 2 ? date.year : date.year - 1;
+    const int month = (date.month + 9) % 12; // March is 0
+    return year * 365 + year / 4 - year / 100 + year / 400 + (month * 153 + 2) / 5 + date.day - 1 -
+           kDaysFromMarchOfYear0;
+}
+
+constexpr CalendarDay CalendarFromDays(int days) {
+    days += kDaysFromMarchOfYear0;
+    const int era = days / kDaysPer400Years;
+    const int dayOfEra = days % kDaysPer400Years;
+    const int yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
+    const int dayOfYear = dayOfEra - (yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100);
+    const int month = (dayOfYear * 5 + 2) / 153; // March is 0
+    return {era * 400 + yearOfEra + (month >= 10), month < 10 ? month + 3 : month - 9,
+            dayOfYear - (month * 153 + 2) / 5 + 1};
+}
+
+static_assert(DaysFromCalendar({1899, 12, 30}) == 0);
+static_assert(DaysFromCalendar({100, 1, 1}) == kFirstDay);
+static_assert(DaysFromCalendar({9999, 12, 31}) == kLastDay);
+
+// The calendar tells whether a day exists: a day that does not becomes another.
+bool IsDay(CalendarDay date) {
+    if (date.year < 100 || date.year > 9999 || date.month < 1 || date.month > 12 || date.day < 1 ||
+        date.day > 31)
+        return false;
+    return CalendarFromDays(DaysFromCalendar(date)).month == date.month;
+}
+
+// The time line: days as they pass, with a fraction that always counts forward.
+double TimeLine(DATE date) {
+    const double days = std::trunc(date);
+    return days + std::fabs(date - days);
+}
+DATE DateFromTimeLine(double time) {
+    const double days = std::floor(time);
+    return days < 0 ? days - (time - days) : time;
+}
+
+bool InRange(DATE date) {
+    return date > kFirstDay - 1 && date < kLastDay + 1; // false for no number, too
+}
+
+// A date taken apart and rounded to a second.
+struct Moment {
+    int days;
+    int seconds;
+    CalendarDay calendar;
+};
+
+bool ToMoment(const COleDateTime& date, Moment& moment) {
+    if (date.GetStatus() != COleDateTime::valid || !InRange(date.m_dt))
+        return false;
+    const double days = std::trunc(date.m_dt);
+    moment.days = static_cast<int>(days);
+    moment.seconds =
+        static_cast<int>(std::floor(std::fabs(date.m_dt - days) * kSecondsPerDay + 0.5));
+    if (moment.seconds == kSecondsPerDay) {
+        moment.seconds = 0;
+        ++moment.days;
+    }
+    if (moment.days > kLastDay)
+        return false;
+    moment.calendar = CalendarFromDays(moment.days);
+    return true;
+}
+
+int DayOfWeek(const Moment& moment) { // 0 is Sunday; day 0 was a Saturday
+    return (moment.days - kFirstDay + 5) % 7;
+}
+int DayOfYear(const Moment& moment) {
+    return moment.days - DaysFromCalendar({moment.calendar.year, 1, 1}) + 1;
+}
+
+template <class Part>
+int PartOf(const COleDateTime& date, Part part) {
+    Moment moment;
+    return ToMoment(date, moment) ? part(moment) : COleDateTime::error;
+}
+
+struct NumberDirective {
+    char letter;
+    int digits;
+    int (*value)(const Moment&);
+};
+constexpr NumberDirective kNumberDirectives[] = {
+    {'d', 2, [](const Moment& moment) { return moment.calendar.day; }},
+    {'H', 2, [](const Moment& moment) { return moment.seconds / 3600; }},
+    {'j', 3, DayOfYear},
+    {'m', 2, [](const Moment& moment) { return moment.calendar.month; }},
+    {'M', 2, [](const Moment& moment) { return moment.seconds / 60 % 60; }},
+    {'S', 2, [](const Moment& moment) { return moment.seconds % 60; }},
+    {'y', 2, [](const Moment& moment) { return moment.calendar.year % 100; }},
+    {'Y', 4, [](const Moment& moment) { return moment.calendar.year; }},
+};
+constexpr const WCHAR* kDayNames[] = {_T("Sunday"),   _T("Monday"), _T("Tuesday"), _T("Wednesday"),
+                                      _T("Thursday"), _T("Friday"), _T("Saturday")};
+constexpr const WCHAR* kMonthNames[] = {
+    _T("January"), _T("February"), _T("March"),     _T("April"),   _T("May"),      _T("June"),
+    _T("July"),    _T("August"),   _T("September"), _T("October"), _T("November"), _T("December")};
+constexpr int kAbbreviation = 3; // characters
+
+bool AppendPart(CString& text, WCHAR directive, const Moment& moment) {
+    for (const NumberDirective& row : kNumberDirectives) {
+        if (static_cast<WCHAR>(row.letter) == directive) {
+            text.AppendFormat(_T("%0*d"), row.digits, row.value(moment));
+            return true;
+        }
+    }
+    const WCHAR* dayName = kDayNames[DayOfWeek(moment)];
+    const WCHAR* monthName = kMonthNames[moment.calendar.month - 1];
+    switch (directive) {
+    case 'a':
+        text.Append(dayName, kAbbreviation);
+        return true;
+    case 'A':
+        text.Append(dayName);
+        return true;
+    case 'b':
+        text.Append(monthName, kAbbreviation);
+        return true;
+    case 'B':
+        text.Append(monthName);
+        return true;
+    case '%':
+        text.AppendChar('%');
+        return true;
+    default:
+        return false;
+    }
+}
+
+// The status of a result; the two classes number theirs alike.
+static_assert(int{COleDateTime::null} == int{COleDateTimeSpan::null} &&
+              int{COleDateTime::invalid} == int{COleDateTimeSpan::invalid});
+int JoinedStatus(int left, int right) {
+    if (left == COleDateTime::null || right == COleDateTime::null)
+        return COleDateTime::null;
+    return left == COleDateTime::valid ? right : COleDateTime::invalid;
+}
+
+COleDateTimeSpan SpanOf(double days, int status) {
+    COleDateTimeSpan span(status == COleDateTimeSpan::valid ? days : 0);
+    if (status != COleDateTimeSpan::valid)
+        span.SetStatus(static_cast<COleDateTimeSpan::DateTimeSpanStatus>(status));
+    return span;
+}
+
+COleDateTime Moved(const COleDateTime& date, const COleDateTimeSpan& span, int direction) {
+    const int status = JoinedStatus(date.m_status, span.m_status);
+    if (status == COleDateTime::valid)
+        return COleDateTime(DateFromTimeLine(TimeLine(date.m_dt) + direction * span.m_span));
+    COleDateTime result;
+    result.SetStatus(static_cast<COleDateTime::DateTimeStatus>(status));
+    return result;
+}
+
+long long WholeSeconds(const COleDateTimeSpan& span) {
+    return span.m_status == COleDateTimeSpan::valid ? std::llround(span.m_span * kSecondsPerDay)
+                                                    : 0;
+}
+
+} // namespace
+
+COleDateTimeSpan::COleDateTimeSpan(double days) noexcept
+    : m_span(days), m_status(std::fabs(days) <= kLongestSpan ? valid : invalid) {}
+
+COleDateTimeSpan::COleDateTimeSpan(LONG days, int hours, int minutes, int seconds) noexcept
+    : COleDateTimeSpan(days + (hours * 3600.0 + minutes * 60.0 + seconds) / kSecondsPerDay) {}
+
+LONG COleDateTimeSpan::GetDays() const noexcept {
+    return static_cast<LONG>(WholeSeconds(*this) / kSecondsPerDay);
+}
+
+LONG COleDateTimeSpan::GetHours() const noexcept {
+    return static_cast<LONG>(WholeSeconds(*this) / 3600 % 24);
+}
+
+LONG COleDateTimeSpan::GetMinutes() const noexcept {
+    return static_cast<LONG>(WholeSeconds(*this) / 60 % 60);
+}
+
+LONG COleDateTimeSpan::GetSeconds() const noexcept {
+    return static_cast<LONG>(WholeSeconds(*this) % 60);
+}
+
+double COleDateTimeSpan::GetTotalDays() const noexcept {
+    return static_cast<double>(WholeSeconds(*this) / kSecondsPerDay);
+}
+
+double COleDateTimeSpan::GetTotalHours() const noexcept {
+    return static_cast<double>(WholeSeconds(*this) / 3600);
+}
+
+double COleDateTimeSpan::GetTotalMinutes() const noexcept {
+    return static_cast<double>(WholeSeconds(*this) / 60);
+}
+
+double COleDateTimeSpan::GetTotalSeconds() const noexcept {
+    return static_cast<double>(WholeSeconds(*this));
+}
+
+COleDateTimeSpan COleDateTimeSpan::operator+(const COleDateTimeSpan& other) const noexcept {
+    return SpanOf(m_span + other.m_span, JoinedStatus(m_status, other.m_status));
+}
+
+COleDateTimeSpan COleDateTimeSpan::operator-(const COleDateTimeSpan& other) const noexcept {
+    return SpanOf(m_span - other.m_span, JoinedStatus(m_status, other.m_status));
+}
+
+COleDateTimeSpan COleDateTimeSpan::operator-() const noexcept {
+    return SpanOf(-m_span, m_status);
+}
+
+bool COleDateTimeSpan::operator==(const COleDateTimeSpan& other) const noexcept {
+    return m_status == other.m_status && (m_status != valid || m_span == other.m_span);
+}
+
+COleDateTime::COleDateTime(DATE date) noexcept
+    : m_dt(date), m_status(InRange(date) ? valid : invalid) {}
+
+COleDateTime::COleDateTime(const SYSTEMTIME& time) noexcept
+    : COleDateTime(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond) {}
+
+COleDateTime::COleDateTime(int year, int month, int day, int hour, int minute, int second) noexcept
+    : COleDateTime() {
+    SetDateTime(year, month, day, hour, minute, second);
+}
+
+COleDateTime COleDateTime::GetCurrentTime() noexcept {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    return COleDateTime(now);
+}
+
+int COleDateTime::SetDateTime(int year, int month, int day, int hour, int minute,
+                              int second) noexcept {
+    const CalendarDay date{year, month, day};
+    m_status = IsDay(date) && hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 &&
+                       second < 60
+                   ? valid
+                   : invalid;
+    if (m_status == valid) {
+        const int days = DaysFromCalendar(date);
+        const double fraction =
+            static_cast<double>(hour * 3600 + minute * 60 + second) / kSecondsPerDay;
+        m_dt = days < 0 ? days - fraction : days + fraction;
+    }
+    return m_status;
+}
+
+int COleDateTime::SetDate(int year, int month, int day) noexcept {
+    return SetDateTime(year, month, day, 0, 0, 0);
+}
+
+int COleDateTime::SetTime(int hour, int minute, int second) noexcept {
+    return SetDateTime(1899, 12, 30, hour, minute, second);
+}
+
+BOOL COleDateTime::GetAsSystemTime(SYSTEMTIME& time) const noexcept {
+    Moment moment;
+    if (!ToMoment(*this, moment))
+        return FALSE;
+    time.wYear = static_cast<WORD>(moment.calendar.year);
+    time.wMonth = static_cast<WORD>(moment.calendar.month);
+    time.wDayOfWeek = static_cast<WORD>(DayOfWeek(moment));
+    time.wDay = static_cast<WORD>(moment.calendar.day);
+    time.wHour = static_cast<WORD>(moment.seconds / 3600);
+    time.wMinute = static_cast<WORD>(moment.seconds / 60 % 60);
+    time.wSecond = static_cast<WORD>(moment.seconds % 60);
+    time.wMilliseconds = 0;
+    return TRUE;
+}
+
+int COleDateTime::GetYear() const noexcept {
+    return PartOf(*this, [](const Moment& moment) { return moment.calendar.year; });
+}
+
+int COleDateTime::GetMonth() const noexcept {
+    return PartOf(*this, [](const Moment& moment) { return moment.calendar.month; });
+}
+
+int COleDateTime::GetDay() const noexcept {
+    return PartOf(*this, [](const Moment& moment) { return moment.calendar.day; });
+}
+
+int COleDateTime::GetHour() const noexcept {
+    return PartOf(*this, [](const Moment& moment) { return moment.seconds / 3600; });
+}
+
+int COleDateTime::GetMinute() const noexcept {
+    return PartOf(*this, [](const Moment& moment) { return moment.seconds / 60 % 60; });
+}
+
+int COleDateTime::GetSecond() const noexcept {
+    return PartOf(*this, [](const Moment& moment) { return moment.seconds % 60; });
+}
+
+int COleDateTime::GetDayOfWeek() const noexcept {
+    return PartOf(*this, [](const Moment& moment) { return DayOfWeek(moment) + 1; });
+}
+
+int COleDateTime::GetDayOfYear() const noexcept {
+    return PartOf(*this, DayOfYear);
+}
+
+CString COleDateTime::Format(const WCHAR* picture) const {
+    Moment moment;
+    if (picture == nullptr || !ToMoment(*this, moment))
+        return CString();
+    CString text;
+    for (; *picture != 0; ++picture) {
+        if (*picture != '%')
+            text.AppendChar(*picture);
+        else if (!AppendPart(text, *++picture, moment)) // the terminator is no directive either
+            return CString();
+    }
+    return text;
+}
+
+COleDateTime COleDateTime::operator+(const COleDateTimeSpan& span) const noexcept {
+    return Moved(*this, span, 1);
+}
+
+COleDateTime COleDateTime::operator-(const COleDateTimeSpan& span) const noexcept {
+    return Moved(*this, span, -1);
+}
+
+COleDateTime& COleDateTime::operator+=(const COleDateTimeSpan& span) noexcept {
+    return *this = *this + span;
+}
+
+COleDateTime& COleDateTime::operator-=(const COleDateTimeSpan& span) noexcept {
+    return *this = *this - span;
+}
+
+COleDateTimeSpan COleDateTime::operator-(const COleDateTime& other) const noexcept {
+    return SpanOf(TimeLine(m_dt) - TimeLine(other.m_dt), JoinedStatus(m_status, other.m_status));
+}
+
+bool COleDateTime::operator==(const COleDateTime& other) const noexcept {
+    return m_status == other.m_status &&
+           (m_status != valid || TimeLine(m_dt) == TimeLine(other.m_dt));
+}
+
+bool COleDateTime::operator<(const COleDateTime& other) const noexcept {
+    return TimeLine(m_dt) < TimeLine(other.m_dt);
+}

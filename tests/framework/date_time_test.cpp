@@ -1,0 +1,229 @@
+#include <quorvel/framework/date_time.h>
+
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+constexpr double kSecond = 1.0 / 86400;
+
+struct Parts {
+    int year, month, day, hour, minute, second;
+    friend bool operator==(const Parts&, const Parts&) = default;
+};
+void PrintTo(const Parts& parts, std::ostream* stream) {
+    *stream << parts.year << '-' << parts.month << '-' << parts.day << ' ' << parts.hour << ':'
+            << parts.minute << ':' << parts.second;
+}
+
+Parts PartsOf(const COleDateTime& date) {
+    return {date.GetYear(), date.GetMonth(),  date.GetDay(),
+            date.GetHour(), date.GetMinute(), date.GetSecond()};
+}
+COleDateTime DateOf(const Parts& parts) {
+    return COleDateTime(parts.year, parts.month, parts.day, parts.hour, parts.minute, parts.second);
+}
+
+} // namespace
+
+TEST(DateTime, SerialsAndCalendarPartsCorrespond) {
+    const struct {
+        double serial;
+        Parts parts;
+        int dayOfWeek;
+        int dayOfYear;
+    } rows[] = {
+        {0.0, {1899, 12, 30, 0, 0, 0}, 7, 364},
+        {1.0, {1899, 12, 31, 0, 0, 0}, 1, 365},
+        {2.0, {1900, 1, 1, 0, 0, 0}, 2, 1},
+        {0.75, {1899, 12, 30, 18, 0, 0}, 7, 364},
+        {-1.0, {1899, 12, 29, 0, 0, 0}, 6, 363},
+        {-1.25, {1899, 12, 29, 6, 0, 0}, 6, 363}, // the fraction counts forward
+        {60.0, {1900, 2, 28, 0, 0, 0}, 4, 59},
+        {61.0, {1900, 3, 1, 0, 0, 0}, 5, 60}, // 1900 is no leap year
+        {25569.0, {1970, 1, 1, 0, 0, 0}, 5, 1},
+        {36585.5, {2000, 2, 29, 12, 0, 0}, 3, 60},
+        {36891.0, {2000, 12, 31, 0, 0, 0}, 1, 366},
+        {39083 + 86399 * kSecond, {2007, 1, 1, 23, 59, 59}, 2, 1},
+        {-657434.0, {100, 1, 1, 0, 0, 0}, 6, 1},
+        {-657434.5, {100, 1, 1, 12, 0, 0}, 6, 1},
+        {2958465 + 86399 * kSecond, {9999, 12, 31, 23, 59, 59}, 6, 365},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.serial);
+        const COleDateTime date(row.serial);
+        EXPECT_EQ(date.GetStatus(), COleDateTime::valid);
+        EXPECT_EQ(PartsOf(date), row.parts);
+        EXPECT_EQ(date.GetDayOfWeek(), row.dayOfWeek);
+        EXPECT_EQ(date.GetDayOfYear(), row.dayOfYear);
+        EXPECT_DOUBLE_EQ(DateOf(row.parts).m_dt, row.serial);
+    }
+}
+
+TEST(DateTime, EveryDayOfTheRangeFollowsTheOneBefore) {
+    SYSTEMTIME last = {};
+    ASSERT_TRUE(COleDateTime(-657434.0).GetAsSystemTime(last));
+    for (int serial = -657433; serial <= 2958465; ++serial) {
+        SYSTEMTIME day;
+        ASSERT_TRUE(COleDateTime(static_cast<double>(serial)).GetAsSystemTime(day));
+        const bool nextDay = day.wMonth == last.wMonth && day.wDay == last.wDay + 1;
+        const bool nextMonth =
+            day.wMonth == last.wMonth % 12 + 1 && day.wDay == 1 && last.wDay >= 28;
+        const int years = nextMonth && day.wMonth == 1 ? 1 : 0;
+        ASSERT_TRUE((nextDay || nextMonth) && day.wYear == last.wYear + years) << serial;
+        ASSERT_EQ(day.wDayOfWeek, (last.wDayOfWeek + 1) % 7) << serial;
+        ASSERT_EQ(COleDateTime(day).m_dt, serial);
+        last = day;
+    }
+    EXPECT_EQ(last.wYear, 9999);
+    EXPECT_EQ(last.wDay, 31);
+}
+
+TEST(DateTime, APartOutOfRangeIsInvalidAndLeavesTheDate) {
+    const Parts rows[] = {
+        {99, 12, 31, 0, 0, 0},       {10000, 1, 1, 0, 0, 0}, {2007, 0, 1, 0, 0, 0},
+        {2007, 13, 1, 0, 0, 0},      {2007, 1, 0, 0, 0, 0},  {2007, 4, 31, 0, 0, 0},
+        {2007, 2, 29, 0, 0, 0},      {1900, 2, 29, 0, 0, 0}, {2007, 1, 1, 24, 0, 0},
+        {2007, 1, 1, -1, 0, 0},      {2007, 1, 1, 0, 60, 0}, {2007, 1, 1, 0, 0, 60},
+        {2007, 1, 1, 0, 0, -1},      {-2007, 1, 1, 0, 0, 0}, {2007, -1, 1, 0, 0, 0},
+        {2007, 1, 1 << 30, 0, 0, 0},
+    };
+    for (const Parts& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row));
+        COleDateTime date(39083.0);
+        EXPECT_EQ(date.SetDateTime(row.year, row.month, row.day, row.hour, row.minute, row.second),
+                  COleDateTime::invalid);
+        EXPECT_EQ(date.m_dt, 39083.0);
+        EXPECT_EQ(date.GetYear(), -1);
+        EXPECT_EQ(date.GetDayOfWeek(), -1);
+    }
+    for (const double serial :
+         {-657435.0, 2958466.0, 1e300, -1e300, std::numeric_limits<double>::quiet_NaN(),
+          std::numeric_limits<double>::infinity()})
+        EXPECT_EQ(COleDateTime(serial).GetStatus(), COleDateTime::invalid) << serial;
+}
+
+TEST(DateTime, ThePartsAreRoundedToTheNearestSecond) {
+    const struct {
+        double serial;
+        Parts parts;
+    } rows[] = {
+        {39083 + 0.4 * kSecond, {2007, 1, 1, 0, 0, 0}},
+        {39083 + 0.6 * kSecond, {2007, 1, 1, 0, 0, 1}},
+        {39083 + 59.6 * kSecond, {2007, 1, 1, 0, 1, 0}},
+        {39082 + 86399.6 * kSecond, {2007, 1, 1, 0, 0, 0}},
+        {-1 - 0.6 * kSecond, {1899, 12, 29, 0, 0, 1}},
+        {-1 - 86399.6 * kSecond, {1899, 12, 30, 0, 0, 0}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(PartsOf(COleDateTime(row.serial)), row.parts);
+
+    SYSTEMTIME time = {1, 2, 3, 4, 5, 6, 7, 8};
+    EXPECT_FALSE(COleDateTime(2958465 + 86399.6 * kSecond).GetAsSystemTime(time));
+    EXPECT_EQ(time.wYear, 1);
+    EXPECT_TRUE(COleDateTime(36585.5).GetAsSystemTime(time));
+    EXPECT_EQ(time.wYear, 2000);
+    EXPECT_EQ(time.wDayOfWeek, 2);
+    EXPECT_EQ(time.wHour, 12);
+    EXPECT_EQ(time.wMilliseconds, 0);
+    EXPECT_EQ(COleDateTime(time), COleDateTime(36585.5));
+}
+
+TEST(DateTime, SpansMoveDatesAlongTheTimeLine) {
+    const struct {
+        const char* label;
+        double from;
+        double days;
+        double to;
+    } rows[] = {
+        {"forward", 39083.5, 1.0, 39084.5},
+        {"back over midnight of day 0", 0.25, -0.5, -1.75},
+        {"forward over midnight of day 0", -1.75, 0.5, 0.25},
+        {"within a day before day 0", -1.25, 0.5, -1.75},
+        {"back before day 0", -1.25, -1.0, -2.25},
+        {"over day 0", -2.5, 3.0, 1.5},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        const COleDateTime from(row.from);
+        const COleDateTimeSpan span(row.days);
+        EXPECT_DOUBLE_EQ((from + span).m_dt, row.to);
+        EXPECT_DOUBLE_EQ((COleDateTime(row.to) - span).m_dt, row.from);
+        EXPECT_DOUBLE_EQ((COleDateTime(row.to) - from).m_span, row.days);
+    }
+    EXPECT_LT(COleDateTime(-1.25), COleDateTime(-1.75));
+    EXPECT_EQ(COleDateTime(-0.25), COleDateTime(0.25));
+
+    COleDateTime hours(2007, 1, 1, 0, 0, 0);
+    for (int hour = 0; hour < 24 * 365; ++hour)
+        hours += COleDateTimeSpan(0, 1, 0, 0);
+    EXPECT_EQ(PartsOf(hours), (Parts{2008, 1, 1, 0, 0, 0}));
+}
+
+TEST(DateTime, AResultTakesTheWorstStatus) {
+    const COleDateTimeSpan day(1, 0, 0, 0);
+    COleDateTime null;
+    null.SetStatus(COleDateTime::null);
+    COleDateTime invalid;
+    invalid.SetStatus(COleDateTime::invalid);
+    EXPECT_EQ((null + day).GetStatus(), COleDateTime::null);
+    EXPECT_EQ((invalid - null).GetStatus(), COleDateTimeSpan::null);
+    EXPECT_EQ((invalid + day).GetStatus(), COleDateTime::invalid);
+    EXPECT_EQ((COleDateTime(2958465.0) + day).GetStatus(), COleDateTime::invalid);
+    EXPECT_EQ((COleDateTime(-657434.0) - day).GetStatus(), COleDateTime::invalid);
+    EXPECT_EQ(COleDateTimeSpan(1e9).GetStatus(), COleDateTimeSpan::invalid);
+    EXPECT_NE(null, COleDateTime());
+    EXPECT_EQ(null, null + day);
+}
+
+TEST(DateTimeSpan, IsTakenApartInWholeSeconds) {
+    const struct {
+        COleDateTimeSpan span;
+        LONG days, hours, minutes, seconds;
+        double totalHours, totalSeconds;
+    } rows[] = {
+        {COleDateTimeSpan(1, 2, 3, 4), 1, 2, 3, 4, 26, 93784},
+        {COleDateTimeSpan(-1, -2, -3, -4), -1, -2, -3, -4, -26, -93784},
+        {COleDateTimeSpan(0, 0, 0, 90061), 1, 1, 1, 1, 25, 90061},
+        {COleDateTimeSpan(86399.6 * kSecond), 1, 0, 0, 0, 24, 86400},
+        {COleDateTimeSpan(0, 49, 0, -1), 2, 0, 59, 59, 48, 176399},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.totalSeconds);
+        EXPECT_EQ(row.span.GetDays(), row.days);
+        EXPECT_EQ(row.span.GetHours(), row.hours);
+        EXPECT_EQ(row.span.GetMinutes(), row.minutes);
+        EXPECT_EQ(row.span.GetSeconds(), row.seconds);
+        EXPECT_EQ(row.span.GetTotalHours(), row.totalHours);
+        EXPECT_EQ(row.span.GetTotalSeconds(), row.totalSeconds);
+    }
+}
+
+TEST(DateTime, FormatsTheListedDirectivesAndRefusesOthers) {
+    const COleDateTime date(2007, 3, 4, 5, 6, 7);
+    const struct {
+        const WCHAR* picture;
+        const WCHAR* text;
+    } rows[] = {
+        {_T("%d %b %Y %H:%M:%S"), _T("04 Mar 2007 05:06:07")},
+        {_T("%Y-%m-%dT%H:%M:%S"), _T("2007-03-04T05:06:07")},
+        {_T("%a %A %B %j %y 100%%"), _T("Sun Sunday March 063 07 100%")},
+        {_T(""), _T("")},
+        {_T("%Y %Q"), _T("")},
+        {_T("%Y %"), _T("")},
+        {nullptr, _T("")},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(date.Format(row.picture), row.text);
+    EXPECT_EQ(COleDateTime(1e9).Format(_T("%Y")), _T(""));
+    EXPECT_EQ(COleDateTime(100, 1, 1, 0, 0, 0).Format(_T("%Y")), _T("0100"));
+}
+
+TEST(DateTime, NowIsAWholeSecondOfThisCentury) {
+    const COleDateTime now = COleDateTime::GetCurrentTime();
+    EXPECT_EQ(now, DateOf(PartsOf(now)));
+    EXPECT_GT(now, COleDateTime(2024, 1, 1, 0, 0, 0));
+}
