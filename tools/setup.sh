@@ -108,7 +108,7 @@ install_wine32() { # install_wine32 PACKAGE...
     return 1
 }
 
-ensure_windows() {
+install_windows() {
     packages=$(missing windows)
     if [ -z "$packages" ] && wine32_runs; then return 0; fi
     if [ ! -f "$no_wine32" ] && [ -n "$packages" ]; then
@@ -121,6 +121,14 @@ ensure_windows() {
     ensure windows64
     mkdir -p "$cache"
     : >"$no_wine32"
+}
+
+ensure_windows() {
+    install_windows
+    case $(windows_preset) in
+    win32) sh "$root/tools/minizip_mingw.sh" i686 ;;
+    *) sh "$root/tools/minizip_mingw.sh" x86_64 ;;
+    esac >/dev/null
 }
 
 if [ $# -eq 0 ]; then
