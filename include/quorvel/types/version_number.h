@@ -1,0 +1,59 @@
+// CVersionNumber: a version of four parts, major.minor.revision.build.
+//
+// Every combination of four values is a version; there is no invalid state. No operation throws,
+// and only GetText allocates. One object may be used by one thread at a time.
+#pragma once
+
+#include <quorvel/framework/string.h>
+#include <quorvel/platform/platform.h>
+
+class QUORVEL_API CVersionNumber {
+public:
+    CVersionNumber() noexcept = default; // 0.0.0.0
+    CVersionNumber(DWORD major, DWORD minor, DWORD revision, DWORD build) noexcept;
+    CVersionNumber(const WCHAR* text) noexcept; // as ParseVersionNumberString; 0.0.0.0 on failure
+    CVersionNumber(const CVersionNumber& other) noexcept = default;
+    CVersionNumber& operator=(const CVersionNumber& other) noexcept = default;
+
+    void SetNumber(DWORD major, DWORD minor, DWORD revision, DWORD build) noexcept;
+    void GetNumber(DWORD& major, DWORD& minor, DWORD& revision, DWORD& build) const noexcept;
+
+    DWORD GetMajorVersion() const noexcept { return m_major; }
+    DWORD GetMinorVersion() const noexcept { return m_minor; }
+    DWORD GetRevisionNumber() const noexcept { return m_revision; }
+    DWORD GetBuildNumber() const noexcept { return m_build; }
+    void SetMajorVersion(DWORD major) noexcept { m_major = major; }
+    void SetMinorVersion(DWORD minor) noexcept { m_minor = minor; }
+    void SetRevisionNumber(DWORD revision) noexcept { m_revision = revision; }
+    void SetBuildNumber(DWORD build) noexcept { m_build = build; }
+
+    // Each adds 1 to its own part, from 4294967295 to 0; the lower parts stay as they are.
+    void IncrementMajorVersion() noexcept { ++m_major; }
+    void IncrementMinorVersion() noexcept { ++m_minor; }
+    void IncrementRevisionNumber() noexcept { ++m_revision; }
+    void IncrementBuildNumber() noexcept { ++m_build; }
+
+    // All four parts as signed decimals ("%d.%d.%d.%d"): 4294967295 prints as -1.
+    CString GetText() const;
+
+    // Reads up to four parts, separated by any run of commas, full stops and spaces; missing parts
+    // are 0, so text without any part is 0.0.0.0. A part is an optional sign and decimal digits;
+    // one above 2147483647 counts as 2147483647. Further parts are tested and discarded.
+    // FALSE, and four zeros, for a null text and for any part that is not a number or is negative.
+    static BOOL ParseVersionNumberString(const WCHAR* text, DWORD& major, DWORD& minor,
+                                         DWORD& revision, DWORD& build) noexcept;
+
+private:
+    DWORD m_major = 0;
+    DWORD m_minor = 0;
+    DWORD m_revision = 0;
+    DWORD m_build = 0;
+};
+
+// The first part that differs decides; parts are unsigned.
+QUORVEL_API BOOL operator==(const CVersionNumber& left, const CVersionNumber& right) noexcept;
+QUORVEL_API BOOL operator!=(const CVersionNumber& left, const CVersionNumber& right) noexcept;
+QUORVEL_API BOOL operator<(const CVersionNumber& left, const CVersionNumber& right) noexcept;
+QUORVEL_API BOOL operator>(const CVersionNumber& left, const CVersionNumber& right) noexcept;
+QUORVEL_API BOOL operator<=(const CVersionNumber& left, const CVersionNumber& right) noexcept;
+QUORVEL_API BOOL operator>=(const CVersionNumber& left, const CVersionNumber& right) noexcept;
