@@ -29,7 +29,7 @@ fetch() {
         "$@" >>"$work/log" 2>&1
 }
 fail() {
-    die "cannot build minizip for $triple ($(grep -h '^E: ' "$work/log" | head -n 1))"
+    die "cannot build minizip for $triple ($(grep -m 1 '^[EW]: ' "$work/log"))"
 }
 cd "$work"
 fetch update || true # a list that failed may be one that is not needed
