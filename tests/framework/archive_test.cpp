@@ -1,0 +1,192 @@
+#include <quorvel/framework/archive.h>
+
+#include "support/exceptions.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+namespace {
+
+std::string BytesOf(CMemFile& file) {
+    file.SeekToBegin();
+    std::string bytes(static_cast<std::size_t>(file.GetLength()), '\0');
+    file.Read(bytes.data(), static_cast<UINT>(bytes.size()));
+    return bytes;
+}
+
+std::string Stored(const std::function<void(CArchive&)>& store) {
+    CMemFile file;
+    CArchive archive(&file, CArchive::store);
+    store(archive);
+    archive.Close();
+    return BytesOf(file);
+}
+
+// The archive's cause, or none, of an operation on an archive that loads the bytes.
+int LoadCause(const std::string& bytes, const std::function<void(CArchive&)>& operation) {
+    std::string copy = bytes;
+    CMemFile file(reinterpret_cast<BYTE*>(copy.data()), static_cast<UINT>(copy.size()));
+    CArchive archive(&file, CArchive::load);
+    return CauseOf<CArchiveException>([&] { operation(archive); });
+}
+
+std::string Bytes(const char* text, std::size_t count) {
+    return std::string(text, count);
+}
+#define BYTES(literal) Bytes(literal, sizeof(literal) - 1)
+
+template <class Value>
+void ExpectImage(const char* label, const Value& value, const std::string& image) {
+    SCOPED_TRACE(label);
+    EXPECT_EQ(Stored([&](CArchive& archive) { archive << value; }), image);
+    Value loaded = Value();
+    EXPECT_EQ(LoadCause(image, [&](CArchive& archive) { archive >> loaded; }),
+              CArchiveException::none);
+    EXPECT_EQ(loaded, value);
+    for (std::size_t length = 0; length < std::min<std::size_t>(image.size(), 16); ++length) {
+        Value unchanged = Value();
+        EXPECT_EQ(
+            LoadCause(image.substr(0, length), [&](CArchive& archive) { archive >> unchanged; }),
+            CArchiveException::endOfFile)
+            << length;
+        EXPECT_EQ(unchanged, Value());
+    }
+}
+
+} // namespace
+
+TEST(Archive, StoresEachTypeInItsFixedBytes) {
+    ExpectImage("BYTE", BYTE{0xf1}, BYTES("\xf1"));
+    ExpectImage("WORD", WORD{0x1234}, BYTES("\x34\x12"));
+    ExpectImage("short", short{-2}, BYTES("\xfe\xff"));
+    ExpectImage("WCHAR", WCHAR{0x20ac}, BYTES("\xac\x20"));
+    ExpectImage("int", -2, BYTES("\xfe\xff\xff\xff"));
+    ExpectImage("LONG", LONG{0x12345678}, BYTES("\x78\x56\x34\x12"));
+    ExpectImage("DWORD", DWORD{0x89abcdef}, BYTES("\xef\xcd\xab\x89"));
+    ExpectImage("LONGLONG", LONGLONG{-2}, BYTES("\xfe\xff\xff\xff\xff\xff\xff\xff"));
+    ExpectImage("ULONGLONG", ULONGLONG{1} << 56, BYTES("\0\0\0\0\0\0\0\1"));
+    ExpectImage("float", 1.5f, BYTES("\0\0\xc0\x3f"));
+    ExpectImage("double", -2.0, BYTES("\0\0\0\0\0\0\0\xc0"));
+    ExpectImage("narrow text", CStringA("ab"),
+                BYTES("\x02"
+                      "ab"));
+    ExpectImage("wide text", CString(_T("a\x20ac")),
+                BYTES("\xff\xfe\xff\x02"
+                      "a\0\xac\x20"));
+    ExpectImage("empty narrow text", CStringA(), BYTES("\0"));
+    ExpectImage("empty wide text", CString(), BYTES("\xff\xfe\xff\0"));
+    ExpectImage("254", CStringA('x', 254), "\xfe" + std::string(254, 'x'));
+    ExpectImage("255", CStringA('x', 255), BYTES("\xff\xff\0") + std::string(255, 'x'));
+    ExpectImage("65533", CStringA('x', 65533), BYTES("\xff\xfd\xff") + std::string(65533, 'x'));
+    ExpectImage("65534", CStringA('x', 65534),
+                BYTES("\xff\xff\xff\xfe\xff\0\0") + std::string(65534, 'x'));
+    ExpectImage("131072", CStringA('x', 131072),
+                BYTES("\xff\xff\xff\0\0\x02\0") + std::string(131072, 'x'));
+    const std::string wide = std::string(BYTES("\xff\xfe\xff\xff\xff\0"));
+    std::string units;
+    for (int i = 0; i < 255; ++i)
+        units += BYTES("y\0");
+    ExpectImage("wide 255", CString('y', 255), wide + units);
+}
+
+TEST(Archive, EitherStringLoadsEitherText) {
+    CString wide;
+    EXPECT_EQ(LoadCause(BYTES("\x03"
+                              "abc"),
+                        [&](CArchive& archive) { archive >> wide; }),
+              CArchiveException::none);
+    EXPECT_EQ(wide, _T("abc"));
+    CStringA narrow;
+    EXPECT_EQ(
+        LoadCause(BYTES("\xff\xfe\xff\x02x\0y\0"), [&](CArchive& archive) { archive >> narrow; }),
+        CArchiveException::none);
+    EXPECT_EQ(narrow, "xy");
+}
+
+TEST(Archive, RefusesLengthsThatLie) {
+    const struct {
+        const char* label;
+        std::string bytes;
+        int cause;
+    } rows[] = {
+        {"longer than a string", BYTES("\xff\xff\xff\xff\xff\xff\x7fx"),
+         CArchiveException::badIndex},
+        {"negative", BYTES("\xff\xff\xff\0\0\0\x80x"), CArchiveException::badIndex},
+        {"two gigabytes in a byte", BYTES("\xff\xff\xff\xfe\xff\xff\x7fx"),
+         CArchiveException::endOfFile},
+        {"wide twice", BYTES("\xff\xfe\xff\xff\xfe\xff\x01x"), CArchiveException::endOfFile},
+    };
+    for (const auto& row : rows) {
+        CString text(_T("old"));
+        EXPECT_EQ(LoadCause(row.bytes, [&](CArchive& archive) { archive >> text; }), row.cause)
+            << row.label;
+        EXPECT_EQ(text, _T("old")) << row.label;
+    }
+}
+
+TEST(Archive, TheWrongDirectionIsRefused) {
+    int value = 7;
+    CString text;
+    EXPECT_EQ(LoadCause("abcd", [&](CArchive& archive) { archive << value; }),
+              CArchiveException::readOnly);
+    EXPECT_EQ(LoadCause("abcd", [&](CArchive& archive) { archive << text; }),
+              CArchiveException::readOnly);
+    CMemFile file;
+    CArchive archive(&file, CArchive::store);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { archive >> value; }), CArchiveException::writeOnly);
+    EXPECT_EQ(value, 7);
+    EXPECT_THROW(CArchive(nullptr, CArchive::load), CInvalidArgException*);
+}
+
+TEST(Archive, BlocksOfAnySizePassTheBuffer) {
+    std::string expected;
+    const std::string stored = Stored([&](CArchive& archive) {
+        for (UINT size = 0; size < 700; size += 7) {
+            const std::string block(size, static_cast<char>(size));
+            archive.Write(block.data(), size);
+            expected += block;
+        }
+    });
+    ASSERT_EQ(stored, expected);
+    for (const int bufferSize : {0, 128, 300, 4096}) {
+        std::string copy = stored;
+        CMemFile file(reinterpret_cast<BYTE*>(copy.data()), static_cast<UINT>(copy.size()));
+        CArchive archive(&file, CArchive::load, bufferSize);
+        std::string loaded;
+        char block[333];
+        UINT size = 0;
+        for (UINT read; (read = archive.Read(block, size = size % 333 + 13)) > 0;)
+            loaded.append(block, read);
+        EXPECT_EQ(loaded, stored) << bufferSize;
+    }
+}
+
+TEST(Archive, ClosingALoaderLeavesTheFileBehindWhatWasLoaded) {
+    BYTE bytes[] = {1, 0, 2, 0, 3, 0};
+    CMemFile file(bytes, sizeof bytes);
+    {
+        CArchive archive(&file, CArchive::load);
+        WORD value = 0;
+        archive >> value >> value;
+        EXPECT_EQ(value, 2);
+    }
+    EXPECT_EQ(file.GetPosition(), 4u);
+}
+
+TEST(Archive, AnAbortedArchiveStoresNothingMore) {
+    CMemFile file;
+    {
+        CArchive archive(&file, CArchive::store);
+        archive << BYTE{1};
+        archive.Flush();
+        archive << BYTE{2};
+        archive.Abort();
+        EXPECT_EQ(CauseOf<CArchiveException>([&] { archive << BYTE{3}; }),
+                  CArchiveException::genericException);
+    }
+    { CArchive(&file, CArchive::store | CArchive::bNoFlushOnDelete) << BYTE{4}; }
+    EXPECT_EQ(BytesOf(file), "\1");
+}

@@ -1,0 +1,18 @@
+// What an operation throws.
+#pragma once
+
+#include <quorvel/framework/exceptions.h>
+
+// The cause of the file or archive exception that the operation throws, which is deleted; 0 (none)
+// when it throws nothing.
+template <class Exception, class Operation>
+int CauseOf(Operation operation) {
+    try {
+        operation();
+    } catch (Exception* exception) {
+        const int cause = exception->m_cause;
+        exception->Delete();
+        return cause;
+    }
+    return Exception::none;
+}
