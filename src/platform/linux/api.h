@@ -10,5 +10,6 @@
 #include "platform/linux/file.h"
 #include "platform/linux/handle.h"
 #include "platform/linux/message_box.h"
+#include "platform/linux/message_format.h"
 #include "platform/linux/path.h"
 #include "platform/linux/text.h"

@@ -136,24 +136,9 @@ void PrintText(Output<Ch>& output, const Conversion& conversion, const Other* te
         output.Fill(' ', padding);
 }
 
-// The text up to its terminator or the precision, without reading beyond either.
 template <class Ch, class Other>
 void PrintTerminated(Output<Ch>& output, const Conversion& conversion, const Other* text) {
-    const std::size_t limit = conversion.precision < 0
-                                  ? static_cast<std::size_t>(INT_MAX) + 1
-                                  : static_cast<std::size_t>(conversion.precision);
-    std::size_t length = 0;
-    while (length < limit && text[length] != 0)
-        ++length;
-    PrintText(output, conversion, text, length);
-}
-
-// %s and %c take text of the output's own width, %S and %C of the other; h and l decide over both.
-template <class Ch>
-bool TakesWide(const Conversion& conversion) {
-    if (conversion.textWidth != Conversion::Width::Own)
-        return conversion.textWidth == Conversion::Width::Wide;
-    return (sizeof(Ch) > 1) != (conversion.type == 'S' || conversion.type == 'C');
+    PrintText(output, conversion, text, TerminatedLength(text, conversion.precision));
 }
 
 template <class Ch>

@@ -107,6 +107,26 @@ struct ArgumentList { // a va_list that can be handed on by reference
 template <class Ch>
 const Ch* ScanConversion(const Ch* position, Conversion& conversion);
 
+// %s and %c take text of the output's own width, %S and %C of the other; h and l decide over both.
+template <class Ch>
+bool TakesWide(const Conversion& conversion) {
+    if (conversion.textWidth != Conversion::Width::Own)
+        return conversion.textWidth == Conversion::Width::Wide;
+    return (sizeof(Ch) > 1) != (conversion.type == 'S' || conversion.type == 'C');
+}
+
+// The length up to the terminator or the precision, without reading beyond either; above INT_MAX
+// for a text that is longer.
+template <class Ch>
+std::size_t TerminatedLength(const Ch* text, int precision) {
+    const std::size_t limit =
+        precision < 0 ? static_cast<std::size_t>(INT_MAX) + 1 : static_cast<std::size_t>(precision);
+    std::size_t length = 0;
+    while (length < limit && text[length] != 0)
+        ++length;
+    return length;
+}
+
 ArgumentType TypeOfArgument(const Conversion& conversion);
 Argument FetchArgument(ArgumentList& list, ArgumentType type);
 

@@ -1,0 +1,11 @@
+// English texts of the system's error codes.
+#pragma once
+
+#include <quorvel/platform/linux_types.h>
+
+namespace quorvel {
+
+// One ASCII sentence without a line end; null for a code that has no text.
+const char* SystemErrorText(DWORD code);
+
+} // namespace quorvel

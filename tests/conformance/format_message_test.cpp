@@ -1,0 +1,256 @@
+// The platform's message formatter. Expected texts are escaped as \xHHHH; a refusal stands as its
+// error code.
+#include "platform/win32.h"
+
+#include "support/platform.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdarg>
+#include <string>
+
+namespace {
+
+constexpr DWORD kUntouched = 0xdead;
+
+std::string Outcome(DWORD length, const WCHAR* text) {
+    if (length != 0)
+        return Printable(text, static_cast<int>(length));
+    return "error " + std::to_string(GetLastError());
+}
+
+std::string Formatted(DWORD flags, const WCHAR* source, ...) {
+    va_list arguments;
+    va_start(arguments, source);
+    WCHAR* text = nullptr;
+    SetLastError(kUntouched);
+    const DWORD length =
+        FormatMessageW(flags | FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ALLOCATE_BUFFER, source,
+                       0, 0, reinterpret_cast<WCHAR*>(&text), 0, &arguments);
+    va_end(arguments);
+    const std::string outcome = Outcome(length, text);
+    EXPECT_TRUE(length == 0 ? text == nullptr : text[length] == 0) << outcome;
+    LocalFree(text);
+    return outcome;
+}
+
+struct Row {
+    const char* source;
+    std::string outcome;
+    std::string expected;
+};
+
+void Check(std::initializer_list<Row> rows) {
+    for (const Row& row : rows)
+        EXPECT_EQ(row.outcome, row.expected) << row.source;
+}
+
+#define FLAGGED(flags, expected, source, ...)                                                      \
+    Row {                                                                                          \
+        source, Formatted(flags, _T(source) __VA_OPT__(, ) __VA_ARGS__), expected                  \
+    }
+#define MESSAGE(expected, source, ...) FLAGGED(0, expected, source __VA_OPT__(, ) __VA_ARGS__)
+
+const WCHAR* const kA = _T("a");
+const WCHAR* const kB = _T("b");
+const WCHAR* const kAbc = _T("abc");
+
+TEST(FormatMessage, Inserts) {
+    const WCHAR* const null = nullptr;
+    Check({
+        MESSAGE("plain", "plain"), MESSAGE("[a] [b] [a]", "[%1] [%2] [%1]", kA, kB),
+        MESSAGE("b a", "%2 %1", kA, kB),
+        MESSAGE("abc", "%3", kA, kB, kAbc), // the others are skipped
+        MESSAGE("ab", "%1%2", kA, kB), MESSAGE("ax a.b", "%1x %1.%2", kA, kB),
+        MESSAGE("1 10 11 100", "%1 %10 %11 %100", _T("1"), kA, kA, kA, kA, kA, kA, kA, kA, _T("10"),
+                _T("11")),
+        MESSAGE("(null)|(n", "%1|%1!.2s!", null),
+        MESSAGE("%1 stays\\x000A", "%1", _T("%1 stays\n")), // an argument is not a source
+    });
+}
+
+TEST(FormatMessage, Forms) {
+    const int euro = 0x20ac;
+    Check({
+        MESSAGE("   42|42   |00042|2a|0X2A|42|42|42|+0042",
+                "%1!5d!|%1!-5d!|%1!05d!|%1!x!|%1!#X!|%1!u!|%1!ld!|%1!lu!|%1!+.4d!", 42),
+        MESSAGE("70000|210560|11170|4464", "%1!i!|%1!o!|%1!X!|%1!hd!", 70000),
+        MESSAGE("Downloaded 10 of 20 bytes (50%)", "Downloaded %1!d! of %2!d! bytes (%3!d!%%)", 10,
+                20, 50),
+        MESSAGE("abc|  abc|abc  |a|  a|00abc|abc|abc",
+                "%1!s!|%1!5s!|%1!-5s!|%1!.1s!|%1!3.1s!|%1!05s!|%1!ls!|%1!ws!", kAbc),
+        MESSAGE("abc|  abc|ab", "%1!S!|%1!5hs!|%1!.2hs!", "abc"),
+        MESSAGE("\\x20AC|x|y|    x|0000x", "%1!c!|%2!hc!|%3!C!|%2!5c!|%2!05c!", euro, 'x', 'y'),
+        MESSAGE("5497558138880 7 18446744073709551615", "%1!I64d! %2!d! %3!I64u!", 5LL << 40, 7,
+                -1LL),
+        MESSAGE("1 9223372036854775807 4 5", "%1!d! %2!I64d! %3!d! %4!d!", 1, LLONG_MAX, 4, 5),
+        // What follows the conversion is text; unknown conversions and floating point are, too.
+        MESSAGE("7 d|7%|7x|%d", "%1!d d!|%1!d%%!|%1!dx!|%1!%d!", 7),
+        MESSAGE("k|k|f|I6d|7!", "%1!k!|%1!5k!|%1!10.3f!|%1!I6d!|%1!d!!", 7),
+        MESSAGE("||", "%1!!|%1!5!|", 7),
+        MESSAGE("7aaaaaaaaaaaaaaaaaaaaaaaaaaaaa", "%1!daaaaaaaaaaaaaaaaaaaaaaaaaaaaa!", 7),
+        MESSAGE("error 87", "%1!daaaaaaaaaaaaaaaaaaaaaaaaaaaaaa!", 7), // 31 characters
+    });
+}
+
+TEST(FormatMessage, StarsTakeArgumentsOfTheirOwn) {
+    Check({
+        MESSAGE("    42|42    |00042|  007", "%1!*d!|%2!*d!|%3!0*d!|%4!*.*d!", 6, 42, -6, 42, 5, 42,
+                5, 3, 7),
+        MESSAGE("007|7|  005", "%1!.*d!|%2!.*d!|%3!*.3d!", 3, 7, -3, 7, 5, 5),
+        MESSAGE("  Bi Bob   Bill", "%1!*.*s! %3 %4!*s!", 4, 2, _T("Bill"), _T("Bob"), 6,
+                _T("Bill")),
+        // The numbers of later inserts, and of earlier ones that come again.
+        MESSAGE("2 3 4 5 2", "%1!*d! %2!d! %3!d! %4!d! %1!d!", 1, 2, 3, 4, 5),
+        MESSAGE("03 3 4 5 1", "%1!*.*d! %2!d! %3!d! %4!d! %1!d!", 1, 2, 3, 4, 5),
+        MESSAGE("2   4 5 6", "%1!*d! %2!*d! %3!d! %4!d!", 1, 2, 3, 4, 5, 6),
+        MESSAGE("03 0005 5 6", "%1!*.*d! %2!*.*d! %3!d! %4!d!", 1, 2, 3, 4, 5, 6),
+        MESSAGE("2  3 4", "%1!*d! %1!*d! %2!d!", 1, 2, 3, 4),
+        MESSAGE("4 5 2 3 5 6 7", "%4!d! %1!*d! %2!d! %3!d! %4!d! %5!d! %6!d!", 1, 2, 3, 4, 5, 6, 7),
+        MESSAGE("5  6 0000008 3 8", "%5!d! %2!*d! %2!*.*d! %3!d! %6!d!", 1, 2, 3, 4, 5, 6, 7, 8),
+        MESSAGE("17179869187 5 6", "%1!*I64d! %2!d! %3!d!", 2, 0x400000003LL, 5, 6),
+    });
+}
+
+TEST(FormatMessage, ArgumentArraysCountSlots) {
+    ULONG_PTR arguments[] = {4,
+                             2,
+                             reinterpret_cast<ULONG_PTR>(_T("Bill")),
+                             reinterpret_cast<ULONG_PTR>(_T("Bob")),
+                             6,
+                             reinterpret_cast<ULONG_PTR>(_T("Bill"))};
+    WCHAR text[32];
+    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ARGUMENT_ARRAY,
+                                        _T("%1!*.*s! %4 %5!*s! %1!d!"), 0, 0, text, 32,
+                                        reinterpret_cast<va_list*>(arguments));
+    EXPECT_EQ(Outcome(length, text), "  Bi Bob   Bill 4");
+}
+
+TEST(FormatMessage, Escapes) {
+    Check({
+        MESSAGE("a\\x000D\\x000Ab\\x000Dc\\x0009d", "a%nb%rc%td"),
+        MESSAGE("a% .!qb", "a%%% %.%!%qb"),
+        MESSAGE(kOnLinux ? "a b" : "abb", "a%bb"), // Wine knows no hard blank
+        MESSAGE("abc", "abc%0def"),
+        MESSAGE("error 235", ""),
+        MESSAGE("error 235", "%0"),
+        MESSAGE("error 235", "%01", kA),
+        MESSAGE("error 235", "%1", _T("")),
+        // Line ends of the source are made whole, escaped ones are not.
+        MESSAGE("a\\x000D\\x000Ab\\x000D\\x000Ac\\x000D\\x000Ad", "a\r\nb\nc\rd"),
+        MESSAGE("a\\x000D\\x000D\\x000Ab\\x000Ac", "a%\r\nb%\nc"),
+    });
+}
+
+TEST(FormatMessage, RefusesWhatItCannotRead) {
+    Check({
+        MESSAGE("error 87", "100%"),
+        MESSAGE("error 87", "a% %"),
+        MESSAGE("error 87", "%1!d", 7),
+        MESSAGE("error 87", "%1!", 7),
+    });
+    WCHAR text[8];
+    struct {
+        const char* label;
+        DWORD flags;
+        const void* source;
+        WCHAR* buffer;
+    } const rows[] = {
+        {"no source named", 0, _T("abc"), text},
+        {"no buffer", FORMAT_MESSAGE_FROM_STRING, _T("abc"), nullptr},
+        {"nowhere to put a buffer", FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ALLOCATE_BUFFER,
+         _T("abc"), nullptr},
+        {"an insert and no arguments", FORMAT_MESSAGE_FROM_STRING, _T("%1"), text},
+    };
+    for (const auto& row : rows) {
+        SetLastError(kUntouched);
+        EXPECT_EQ(FormatMessageW(row.flags, row.source, 0, 0, row.buffer, 8, nullptr), 0u)
+            << row.label;
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER}) << row.label;
+    }
+}
+
+TEST(FormatMessage, KeepsInsertsWhenToldToIgnoreThem) {
+    const DWORD ignore = FORMAT_MESSAGE_IGNORE_INSERTS;
+    Check({
+        FLAGGED(ignore, "%1 %12!d! %!s!", "%1 %12!d! %!s!"),
+        FLAGGED(ignore, "a\\x000D\\x000Ab\\x000Dc\\x0009d", "a%nb%rc%td%0e"),
+        FLAGGED(ignore, "% %.%!%q%%%%0", "% %.%!%q%%%%0"),
+        FLAGGED(ignore, "%\\x000Ab\\x000D\\x000A", "%\nb\n"),
+        FLAGGED(ignore, "error 87", "100%"),
+    });
+}
+
+TEST(FormatMessage, JoinsTheLinesOfTheSource) {
+    Check({
+        FLAGGED(FORMAT_MESSAGE_MAX_WIDTH_MASK, "a b  c\\x000D\\x000Ad x\\x000D\\x000Ay\\x000A",
+                "a\r\nb\n\rc%nd %1%\n", _T("x\r\ny")),
+    });
+}
+
+TEST(FormatMessage, FillsTheCallersBuffer) {
+    struct {
+        DWORD size;
+        DWORD length;
+        DWORD error;
+        const WCHAR* content;
+    } const rows[] = {
+        {0, 0, ERROR_INSUFFICIENT_BUFFER, _T("#######")},
+        {1, 0, ERROR_INSUFFICIENT_BUFFER, _T("")},
+        {3, 0, ERROR_INSUFFICIENT_BUFFER, _T("ab")},
+        {4, 0, ERROR_INSUFFICIENT_BUFFER, _T("ab1")},
+        {5, 4, kUntouched, _T("ab12")},
+        {8, 4, kUntouched, _T("ab12")},
+    };
+    for (const auto& row : rows) {
+        WCHAR text[] = {'#', '#', '#', '#', '#', '#', '#', 0};
+        ULONG_PTR argument = 12;
+        SetLastError(kUntouched);
+        EXPECT_EQ(FormatMessageW(FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ARGUMENT_ARRAY,
+                                 _T("ab%1!d!"), 0, 0, text, row.size,
+                                 reinterpret_cast<va_list*>(&argument)),
+                  row.length);
+        EXPECT_EQ(GetLastError(), row.error) << row.size;
+        EXPECT_EQ(CString(text), CString(row.content)) << row.size;
+    }
+    WCHAR text[] = {'#', 0};
+    EXPECT_EQ(FormatMessageW(FORMAT_MESSAGE_FROM_STRING, _T("%0"), 0, 0, text, 2, nullptr), 0u);
+    EXPECT_EQ(text[0], 0);
+}
+
+TEST(FormatMessage, HasNoLimitOfItsOwn) {
+    const std::basic_string<WCHAR> text(200'000, 'x');
+    const std::string expected(200'000, 'x');
+    EXPECT_EQ(Formatted(0, text.c_str()), expected);
+    EXPECT_EQ(Formatted(0, _T("%1%1"), text.c_str()), expected + expected);
+    EXPECT_EQ(Formatted(0, _T("%1!200000s!"), _T("")), std::string(200'000, ' '));
+}
+
+TEST(FormatMessage, SystemTextsAreLines) {
+    struct {
+        DWORD code;
+        DWORD error;
+    } const rows[] = {
+        {ERROR_SUCCESS, kUntouched},
+        {ERROR_FILE_NOT_FOUND, kUntouched},
+        {ERROR_ACCESS_DENIED, kUntouched},
+        {ERROR_RESOURCE_NAME_NOT_FOUND, kUntouched},
+        {0x80070005, kUntouched}, // the HRESULT of ERROR_ACCESS_DENIED
+        {10060, kOnLinux ? kUntouched : ERROR_MR_MID_NOT_FOUND}, // Wine has no text
+        {99999, ERROR_MR_MID_NOT_FOUND},
+    };
+    for (const auto& row : rows) {
+        WCHAR text[256] = {};
+        SetLastError(kUntouched);
+        const DWORD length =
+            FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                           row.code, 0, text, 256, nullptr);
+        EXPECT_EQ(GetLastError(), row.error) << row.code;
+        EXPECT_EQ(length > 4, row.error == kUntouched) << row.code;
+        EXPECT_EQ(CString(text).Right(2), CString(length > 0 ? _T("\r\n") : _T(""))) << row.code;
+    }
+}
+
+} // namespace
