@@ -46,4 +46,25 @@ QUORVEL_API BOOL DeleteFileW(LPCWSTR name);
 // INVALID_FILE_ATTRIBUTES when there is no such file.
 QUORVEL_API DWORD GetFileAttributesW(LPCWSTR name);
 
+// Windows without a screen: they carry messages, text and the words below, and have neither size
+// nor painting nor input. A window belongs to the thread that created it: only there may it be
+// destroyed or sent a message (elsewhere 5). A class has no extra bytes (87).
+QUORVEL_API ATOM RegisterClassExW(const WNDCLASSEXW* windowClass);
+QUORVEL_API BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance);
+// Sends WM_NCCREATE and WM_CREATE. The size and position reach the procedure and mean nothing else.
+QUORVEL_API HWND CreateWindowExW(DWORD extendedStyle, LPCWSTR className, LPCWSTR text, DWORD style,
+                                 int x, int y, int width, int height, HWND parentOrOwner,
+                                 HMENU menuOrId, HINSTANCE instance, LPVOID parameter);
+// With its children and the windows it owns.
+QUORVEL_API BOOL DestroyWindow(HWND window);
+QUORVEL_API BOOL IsWindow(HWND window);
+QUORVEL_API LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+QUORVEL_API LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+// GWLP_WNDPROC, GWLP_ID, GWLP_USERDATA, GWL_STYLE and GWL_EXSTYLE; 1413 for another index.
+QUORVEL_API LONG_PTR GetWindowLongPtrW(HWND window, int index);
+QUORVEL_API LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value);
+QUORVEL_API int GetWindowTextW(HWND window, LPWSTR text, int size);
+QUORVEL_API int GetWindowTextLengthW(HWND window);
+QUORVEL_API BOOL SetWindowTextW(HWND window, LPCWSTR text);
+
 } // namespace quorvel::win32

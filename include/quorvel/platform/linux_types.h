@@ -68,6 +68,8 @@ typedef HICON__* HICON;
 typedef HICON HCURSOR;
 struct HBRUSH__;
 typedef HBRUSH__* HBRUSH;
+struct HHOOK__;
+typedef HHOOK__* HHOOK;
 
 #define WINAPI
 #define CALLBACK
@@ -218,6 +220,75 @@ struct OVERLAPPED;
 #define IDTRYAGAIN 10
 #define IDCONTINUE 11
 
+typedef RECT* LPRECT;
+typedef const RECT* LPCRECT;
+
+// Windows: classes, creation, messages, creation hooks.
+typedef LRESULT(CALLBACK* WNDPROC)(HWND, UINT, WPARAM, LPARAM);
+typedef LRESULT(CALLBACK* HOOKPROC)(int, WPARAM, LPARAM);
+struct WNDCLASSEXW {
+    UINT cbSize;
+    UINT style;
+    WNDPROC lpfnWndProc;
+    int cbClsExtra;
+    int cbWndExtra;
+    HINSTANCE hInstance;
+    HICON hIcon;
+    HCURSOR hCursor;
+    HBRUSH hbrBackground;
+    LPCWSTR lpszMenuName;
+    LPCWSTR lpszClassName;
+    HICON hIconSm;
+};
+struct CREATESTRUCTW {
+    LPVOID lpCreateParams;
+    HINSTANCE hInstance;
+    HMENU hMenu;
+    HWND hwndParent;
+    int cy;
+    int cx;
+    int y;
+    int x;
+    LONG style;
+    LPCWSTR lpszName;
+    LPCWSTR lpszClass;
+    DWORD dwExStyle;
+};
+struct CBT_CREATEWNDW {
+    CREATESTRUCTW* lpcs;
+    HWND hwndInsertAfter;
+};
+struct NMHDR {
+    HWND hwndFrom;
+    UINT_PTR idFrom;
+    UINT code;
+};
+#define WM_CREATE 0x0001u
+#define WM_DESTROY 0x0002u
+#define WM_SETTEXT 0x000cu
+#define WM_GETTEXT 0x000du
+#define WM_GETTEXTLENGTH 0x000eu
+#define WM_PAINT 0x000fu
+#define WM_CLOSE 0x0010u
+#define WM_NOTIFY 0x004eu
+#define WM_NCCREATE 0x0081u
+#define WM_NCDESTROY 0x0082u
+#define WM_COMMAND 0x0111u
+#define WM_USER 0x0400u
+#define WM_APP 0x8000u
+#define WS_OVERLAPPED 0x00000000u
+#define WS_POPUP 0x80000000u
+#define WS_CHILD 0x40000000u
+#define WS_VISIBLE 0x10000000u
+#define GWLP_WNDPROC (-4)
+#define GWLP_ID (-12)
+#define GWL_STYLE (-16)
+#define GWL_EXSTYLE (-20)
+#define GWLP_USERDATA (-21)
+#define WH_CBT 5
+#define HCBT_CREATEWND 3
+#define BN_CLICKED 0
+
 // Code pages and conversion flags.
 #define CP_ACP 0u
 #define CP_OEMCP 1u
@@ -304,7 +375,15 @@ struct OVERLAPPED;
 #define ERROR_INVALID_FLAGS 1004u
 #define ERROR_NO_UNICODE_TRANSLATION 1113u
 #define ERROR_IO_DEVICE 1117u
+#define ERROR_NO_MORE_USER_HANDLES 1158u
 #define ERROR_INVALID_WINDOW_HANDLE 1400u
+#define ERROR_INVALID_HOOK_HANDLE 1404u
+#define ERROR_TLW_WITH_WSCHILD 1406u
+#define ERROR_CANNOT_FIND_WND_CLASS 1407u
+#define ERROR_CLASS_ALREADY_EXISTS 1410u
+#define ERROR_CLASS_DOES_NOT_EXIST 1411u
+#define ERROR_CLASS_HAS_WINDOWS 1412u
+#define ERROR_INVALID_INDEX 1413u
 #define ERROR_INVALID_MSGBOX_STYLE 1438u
 #define ERROR_RESOURCE_DATA_NOT_FOUND 1812u
 #define ERROR_RESOURCE_TYPE_NOT_FOUND 1813u

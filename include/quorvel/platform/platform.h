@@ -25,10 +25,12 @@
 // Members bear these names: the SDK's macros would rename them in some translation units only.
 #undef CreateFont
 #undef CreateFontIndirect
+#undef DefWindowProc
 #undef FormatMessage
 #undef GetClassName
 #undef GetCurrentTime
 #undef GetMessage
+#undef GetObject
 #undef GetProfileInt
 #undef GetProfileString
 #undef GetWindowText

@@ -13,3 +13,4 @@
 #include "platform/linux/message_format.h"
 #include "platform/linux/path.h"
 #include "platform/linux/text.h"
+#include "platform/linux/window.h"
