@@ -66,5 +66,20 @@ QUORVEL_API LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value);
 QUORVEL_API int GetWindowTextW(HWND window, LPWSTR text, int size);
 QUORVEL_API int GetWindowTextLengthW(HWND window);
 QUORVEL_API BOOL SetWindowTextW(HWND window, LPCWSTR text);
+// Modules: PE files, such as the language libraries, loaded for their resources. Any thread.
+//
+// No PE code runs on Linux: LoadLibraryW takes a file without an entry point only
+// (ERROR_BAD_EXE_FORMAT), LoadLibraryExW with LOAD_LIBRARY_AS_DATAFILE or _AS_IMAGE_RESOURCE any.
+// A name without a folder is looked for beside the program, then in the current folder. A null
+// module is the program. Freeing the library's own module is refused (ERROR_ACCESS_DENIED).
+QUORVEL_API HMODULE LoadLibraryW(LPCWSTR name);
+QUORVEL_API HMODULE LoadLibraryExW(LPCWSTR name, HANDLE reserved, DWORD flags);
+QUORVEL_API BOOL FreeLibrary(HMODULE module);
+QUORVEL_API HMODULE GetModuleHandleW(LPCWSTR name);
+// The length; `size`, and ERROR_INSUFFICIENT_BUFFER, when the path had to be cut.
+QUORVEL_API DWORD GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size);
+// The length of the string-table text; 0 with the last error set when there is none. With a size
+// of 0 `buffer` is a WCHAR* that receives the place of the text, which has no terminator.
+QUORVEL_API int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
 
 } // namespace quorvel::win32

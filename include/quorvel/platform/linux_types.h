@@ -183,6 +183,9 @@ struct OVERLAPPED;
 // Modules.
 #define LOAD_LIBRARY_AS_DATAFILE 0x00000002u
 #define LOAD_LIBRARY_AS_IMAGE_RESOURCE 0x00000020u
+#define RT_STRING MAKEINTRESOURCEW(6)
+#define RT_RCDATA MAKEINTRESOURCEW(10)
+#define RT_VERSION MAKEINTRESOURCEW(16)
 
 // Message boxes: buttons, icons, defaults, results.
 #define MB_OK 0x00000000u

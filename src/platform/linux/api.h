@@ -11,6 +11,7 @@
 #include "platform/linux/handle.h"
 #include "platform/linux/message_box.h"
 #include "platform/linux/message_format.h"
+#include "platform/linux/module.h"
 #include "platform/linux/path.h"
 #include "platform/linux/text.h"
 #include "platform/linux/window.h"

@@ -3,6 +3,7 @@
 
 #include "platform/linux/open_files.h"
 #include "platform/linux/path.h"
+#include "platform/linux/scoped_handle.h"
 #include "platform/linux/system_error.h"
 
 #include <fcntl.h>
@@ -15,22 +16,6 @@
 namespace quorvel::win32 {
 
 namespace {
-
-// A file handle until the end of the block.
-class ScopedFile {
-public:
-    explicit ScopedFile(HANDLE handle) : m_handle(handle) {}
-    ScopedFile(const ScopedFile&) = delete;
-    ~ScopedFile() {
-        if (IsOpen())
-            CloseHandle(m_handle);
-    }
-    bool IsOpen() const { return m_handle != INVALID_HANDLE_VALUE; }
-    HANDLE Get() const { return m_handle; }
-
-private:
-    HANDLE m_handle;
-};
 
 // The status of the file itself, not of what a link names. False with the last error set when it
 // is missing, or open by a handle that does not share deletion and renaming.
@@ -73,13 +58,13 @@ BOOL CopyContents(HANDLE source, HANDLE target) {
 // To another file system: the copy first, so that nothing is lost when it fails.
 BOOL MoveByCopying(LPCWSTR from, LPCWSTR to, bool replace) {
     {
-        const ScopedFile source(
+        const ScopedHandle source(
             CreateFileW(from, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
-        if (!source.IsOpen())
+        if (!source.IsValid())
             return FALSE;
-        const ScopedFile target(CreateFileW(to, GENERIC_WRITE, 0, nullptr,
-                                            replace ? CREATE_ALWAYS : CREATE_NEW, 0, nullptr));
-        if (!target.IsOpen())
+        const ScopedHandle target(CreateFileW(to, GENERIC_WRITE, 0, nullptr,
+                                              replace ? CREATE_ALWAYS : CREATE_NEW, 0, nullptr));
+        if (!target.IsValid())
             return FALSE;
         if (!CopyContents(source.Get(), target.Get())) {
             const DWORD error = GetLastError();

@@ -1,0 +1,318 @@
+// Modules and their resources: the sample files of tests/data/pe and the language library, the same
+// on both systems.
+#include "platform/win32.h"
+
+#include "support/temporary_folder.h"
+#include "support/text.h"
+
+#include <quorvel/res/message_ids.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr DWORD kUnset = 0xdead;
+constexpr DWORD kAsData = LOAD_LIBRARY_AS_DATAFILE;
+
+CString Sample(const WCHAR* name) {
+    return CString(QUORVEL_SAMPLES) + _T("/") + name;
+}
+
+class Library {
+public:
+    explicit Library(const WCHAR* path, DWORD flags = 0)
+        : m_module(LoadLibraryExW(path, nullptr, flags)) {}
+    Library(const Library&) = delete;
+    ~Library() {
+        if (m_module != nullptr) {
+            EXPECT_TRUE(FreeLibrary(m_module));
+        }
+    }
+    HMODULE Get() const { return m_module; }
+
+private:
+    HMODULE m_module;
+};
+
+CString Text(HMODULE module, UINT id) {
+    WCHAR buffer[100];
+    SetLastError(kUnset);
+    return CString(buffer, LoadStringW(module, id, buffer, 100));
+}
+
+TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
+    const TemporaryFolder folder;
+    folder.Write(_T("empty.dll"), "");
+    folder.Write(_T("short.dll"), "MZ");
+    struct Row {
+        const char* label;
+        CString path;
+        DWORD flags;
+        DWORD error; // 0: it loads
+    };
+    const Row rows[] = {
+        {"resources alone", Sample(_T("full.dll")), 0, 0},
+        {"without the extension", Sample(_T("full")), 0, 0},
+        {"as data", Sample(_T("full.dll")), kAsData, 0},
+        {"64-bit as data", Sample(_T("full64.dll")), kAsData, 0},
+        {"code as data", Sample(_T("code.dll")), kAsData, 0},
+        {"no resources, as data", Sample(_T("no_resources.dll")), kAsData, 0},
+        {"as an image", Sample(_T("strings_only.dll")), LOAD_LIBRARY_AS_IMAGE_RESOURCE, 0},
+        {"missing", Sample(_T("missing.dll")), 0, 126},
+        {"missing, as data", Sample(_T("missing.dll")), kAsData, 2},
+        {"missing folder", Sample(_T("missing/missing.dll")), 0, 126},
+        {"missing folder, as data", Sample(_T("missing/missing.dll")), kAsData, 2},
+        {"text", Sample(_T("full.rc")), 0, 193},
+        {"text, as data", Sample(_T("full.rc")), kAsData, 193},
+        {"empty", folder.Path(_T("empty.dll")), 0, 193},
+        {"two bytes, as data", folder.Path(_T("short.dll")), kAsData, 193},
+        {"no name", _T(""), 0, 126},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.label);
+        SetLastError(kUnset);
+        const Library library(row.path, row.flags);
+        EXPECT_EQ(row.error, library.Get() != nullptr ? 0 : GetLastError());
+    }
+    SetLastError(kUnset);
+    EXPECT_EQ(nullptr, LoadLibraryW(nullptr));
+    EXPECT_EQ(87u, GetLastError());
+}
+
+TEST(ModuleConformance, AModuleIsSharedUntilItsLastUserFreesIt) {
+    const HMODULE first = LoadLibraryW(Sample(_T("full.dll")));
+    ASSERT_NE(nullptr, first);
+    const CString detour = Sample(_T("../pe/./full"));
+    EXPECT_EQ(first, LoadLibraryW(detour));
+    EXPECT_EQ(first, LoadLibraryExW(Sample(_T("full.dll")), nullptr, kAsData));
+    EXPECT_EQ(first, GetModuleHandleW(_T("FULL")));
+    EXPECT_EQ(first, GetModuleHandleW(_T("full.dll")));
+    EXPECT_EQ(first, GetModuleHandleW(Sample(_T("full.dll"))));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(FreeLibrary(first));
+    SetLastError(kUnset);
+    EXPECT_EQ(nullptr, GetModuleHandleW(_T("full.dll")));
+    EXPECT_EQ(126u, GetLastError());
+
+    const Library data(Sample(_T("strings_only.dll")), kAsData);
+    EXPECT_EQ(nullptr, GetModuleHandleW(_T("strings_only.dll"))) << "data is no module";
+
+    struct Row {
+        const char* label;
+        UINT_PTR module;
+        DWORD error;
+    };
+    const Row rows[] = {
+        {"null", 0, 6},
+        {"freed", reinterpret_cast<UINT_PTR>(first), 126},
+        {"invented", 0x12340000, 126},
+        {"invented, as data", 0x12340001, 193},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.label);
+        SetLastError(kUnset);
+        EXPECT_FALSE(FreeLibrary(reinterpret_cast<HMODULE>(row.module)));
+        EXPECT_EQ(row.error, GetLastError());
+    }
+    EXPECT_TRUE(FreeLibrary(GetModuleHandleW(nullptr))) << "the program stays";
+    EXPECT_NE(nullptr, GetModuleHandleW(nullptr));
+}
+
+TEST(ModuleConformance, FileNamesAreCutToTheBuffer) {
+    const Library library(Sample(_T("full.dll")));
+    const Library data(Sample(_T("strings_only.dll")), kAsData);
+    WCHAR path[MAX_PATH] = {};
+    SetLastError(kUnset);
+    const DWORD length = GetModuleFileNameW(library.Get(), path, MAX_PATH);
+    EXPECT_EQ(0u, GetLastError());
+    const CString full(path);
+    ASSERT_EQ(length, static_cast<DWORD>(full.GetLength()));
+    EXPECT_EQ(CString(_T("full.dll")), full.Right(8));
+
+    struct Row {
+        const char* label;
+        HMODULE module;
+        DWORD size;
+        DWORD result;
+        DWORD error;
+        CString text; // "#" where nothing is written
+    };
+    const HMODULE invented = reinterpret_cast<HMODULE>(UINT_PTR{0x12340000});
+    const Row rows[] = {
+        {"exact", library.Get(), length + 1, length, 0, full},
+        {"one too few", library.Get(), length, length, 122, full.Left(full.GetLength() - 1)},
+        {"five", library.Get(), 5, 5, 122, full.Left(4)},
+        {"one", library.Get(), 1, 1, 122, full.Left(0)},
+        {"none", library.Get(), 0, 0, 122, _T("#")},
+        {"a data file", data.Get(), 100, 0, 126, _T("#")},
+        {"invented", invented, 100, 0, 126, _T("#")},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.label);
+        WCHAR buffer[MAX_PATH] = {'#'};
+        SetLastError(kUnset);
+        EXPECT_EQ(row.result, GetModuleFileNameW(row.module, buffer, row.size));
+        EXPECT_EQ(row.error, GetLastError());
+        // Wine puts one more character where Windows puts the terminator.
+        EXPECT_EQ(row.text, CString(buffer, row.text.GetLength()));
+    }
+    EXPECT_LT(0u, GetModuleFileNameW(nullptr, path, MAX_PATH));
+    EXPECT_LE(0, CString(path).Find(_T("module_conformance_tests"))) << "the program";
+}
+
+TEST(ModuleConformance, StringsAreFoundByBlockAndDefaultLanguage) {
+    const Library full(Sample(_T("full.dll")));
+    const Library full64(Sample(_T("full64.dll")), kAsData);
+    const Library none(Sample(_T("no_resources.dll")), kAsData);
+    const Library noStrings(Sample(_T("no_translation.dll")), kAsData);
+    struct Row {
+        const char* label;
+        HMODULE module;
+        UINT id;
+        CString text;
+        DWORD error;
+    };
+    const HMODULE invented = reinterpret_cast<HMODULE>(UINT_PTR{0x12340000});
+    const Row rows[] = {
+        {"English before German", full.Get(), 100, _T("English"), kUnset},
+        {"64-bit", full64.Get(), 100, _T("English"), kUnset},
+        {"neutral before English", full.Get(), 300, _T("neutral"), kUnset},
+        {"the first of others", full.Get(), 200, _T("nur deutsch"), kUnset},
+        {"every plane", full.Get(), 101, _T("20 € für 日本語 😀"), kUnset},
+        {"number 0", full.Get(), 0, _T("zero"), kUnset},
+        {"end of a block", full.Get(), 111, _T("last of its block"), kUnset},
+        {"start of a block", full.Get(), 112, _T("first of the next"), kUnset},
+        {"the highest", full.Get(), 65535, _T("the highest id"), kUnset},
+        {"sixteen bits count", full.Get(), 65536 + 100, _T("English"), kUnset},
+        {"a hole in a block", full.Get(), 102, _T(""), kUnset},
+        {"no such block", full.Get(), 5000, _T(""), 1814},
+        {"no strings", noStrings.Get(), 1, _T(""), 1813},
+        {"no resources", none.Get(), 1, _T(""), 1812},
+        {"no module", invented, 1, _T(""), 1812},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.label);
+        EXPECT_EQ(row.text, Text(row.module, row.id));
+        EXPECT_EQ(row.error, GetLastError());
+    }
+}
+
+TEST(ModuleConformance, AStringIsCutToTheBufferOrShownInPlace) {
+    const Library library(Sample(_T("full.dll")));
+    struct Row {
+        int size;
+        int result;
+        const char* text; // up to the terminator
+    };
+    static const Row kRows[] = {{8, 7, "English"}, {7, 6, "Englis"}, {4, 3, "Eng"}, {2, 1, "E"}};
+    for (const Row& row : kRows) {
+        WCHAR buffer[20];
+        std::fill_n(buffer, 20, WCHAR('#'));
+        EXPECT_EQ(row.result, LoadStringW(library.Get(), 100, buffer, row.size));
+        EXPECT_EQ(CString(row.text), CString(buffer));
+        EXPECT_EQ('#', buffer[row.size]);
+    }
+    EXPECT_EQ(0, LoadStringW(library.Get(), 100, nullptr, 10));
+    const WCHAR* place = nullptr;
+    ASSERT_EQ(7, LoadStringW(library.Get(), 100, reinterpret_cast<LPWSTR>(&place), 0));
+    EXPECT_EQ(CString(_T("English")), CString(place, 7));
+}
+
+TEST(ModuleConformance, ResourcesAreFoundByTypeNameAndLanguage) {
+    const Library full(Sample(_T("full.dll")));
+    const Library none(Sample(_T("no_resources.dll")), kAsData);
+    const WCHAR* const one = MAKEINTRESOURCEW(1);
+    const WCHAR* const data = RT_RCDATA;
+    const WCHAR* const block19 = MAKEINTRESOURCEW(19);
+    struct Row {
+        const char* label;
+        HMODULE module;
+        const WCHAR* type;
+        const WCHAR* name;
+        WORD language;
+        const char* start; // of the bytes; null: not found
+        DWORD error;
+    };
+    const HMODULE module = full.Get();
+    const HMODULE invented = reinterpret_cast<HMODULE>(UINT_PTR{0x12340000});
+    const Row rows[] = {
+        {"by number", module, data, one, 0, "by number", 0},
+        {"as text", module, _T("#10"), _T("#1"), 0, "by number", 0},
+        {"by name", module, data, _T("Named"), 0, "by name", 0},
+        {"by name in another case", module, data, _T("nAMED"), 0, "by name", 0},
+        {"a named type", module, _T("kind"), MAKEINTRESOURCEW(7), 0, "of a named type", 0},
+        {"German", module, data, one, 0x0407, "nach Nummer", 0},
+        {"English", module, data, one, 0x0409, "by number", 0},
+        {"French", module, data, one, 0x040c, nullptr, 1815},
+        {"Swiss German", module, data, one, 0x0807, nullptr, 1815},
+        {"the user's default", module, data, one, 0x0400, "by number", 0},
+        {"neutral for French", module, RT_STRING, block19, 0x040c, "", 0},
+        {"no such number", module, data, MAKEINTRESOURCEW(2), 0, nullptr, 1814},
+        {"no such name", module, data, _T("Nam"), 0, nullptr, 1814},
+        {"an empty name", module, data, _T(""), 0, nullptr, 1814},
+        {"no such type", module, MAKEINTRESOURCEW(11), one, 0, nullptr, 1813},
+        {"no such named type", module, _T("kinds"), one, 0, nullptr, 1813},
+        {"too large a number", module, data, _T("#65536"), 0, nullptr, 87},
+        {"no resources", none.Get(), data, one, 0, nullptr, 1812},
+        {"no module", invented, data, one, 0, nullptr, 1812},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.label);
+        SetLastError(kUnset);
+        const HRSRC found = FindResourceExW(row.module, row.type, row.name, row.language);
+        EXPECT_EQ(row.error, found != nullptr ? 0 : GetLastError());
+        ASSERT_EQ(row.start != nullptr, found != nullptr);
+        if (row.language == 0) {
+            EXPECT_EQ(found, FindResourceW(row.module, row.name, row.type));
+        }
+        if (found == nullptr)
+            continue;
+        const DWORD size = SizeofResource(row.module, found);
+        const void* bytes = LockResource(LoadResource(row.module, found));
+        ASSERT_NE(nullptr, bytes);
+        ASSERT_LE(std::string(row.start).size(), size);
+        EXPECT_EQ(row.start,
+                  std::string(static_cast<const char*>(bytes), std::string(row.start).size()));
+    }
+    EXPECT_EQ(nullptr, LoadResource(module, nullptr));
+    EXPECT_EQ(0u, SizeofResource(module, nullptr));
+}
+
+TEST(ModuleConformance, TheLibrarysOwnTextsAndALanguageLibraryLoad) {
+    const Library german(_T("Quorvel_DEU.dll")); // beside the program
+    ASSERT_NE(nullptr, german.Get());
+    const HMODULE own = GetModuleHandleW(nullptr); // this program has the library inside
+    EXPECT_EQ(CString(_T("Out of memory.")), Text(own, 21240));
+    EXPECT_FALSE(Text(german.Get(), 21240).IsEmpty());
+    EXPECT_NE(CString(_T("Out of memory.")), Text(german.Get(), 21240));
+    for (const quorvel::MessageId id : {
+#define QUORVEL_TEXT(number, name, text) quorvel::name,
+#include <quorvel/res/messages.def>
+#undef QUORVEL_TEXT
+         }) {
+        EXPECT_FALSE(Text(own, id).IsEmpty()) << id;
+        EXPECT_FALSE(Text(german.Get(), id).IsEmpty()) << id;
+    }
+}
+
+TEST(ModuleConformance, ThreadsLoadReadAndFreeTheSameModule) {
+    const CString path = Sample(_T("full.dll"));
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([&path] {
+            for (int round = 0; round < 50; ++round) {
+                const Library library(path);
+                EXPECT_EQ(CString(_T("English")), Text(library.Get(), 100));
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(nullptr, GetModuleHandleW(_T("full.dll")));
+}
+
+} // namespace
