@@ -9,6 +9,7 @@
 #include <climits>
 #include <cstdlib>
 #include <functional>
+#include <iterator>
 #include <new>
 #include <string>
 #include <string_view>
@@ -93,11 +94,11 @@ int FormattedLength(const WCHAR* format, va_list arguments) {
 int FormattedLength(const char* format, va_list arguments) {
     return _vscprintf(format, arguments);
 }
-void FormatInto(WCHAR* text, int size, const WCHAR* format, va_list arguments) {
-    _vsnwprintf(text, static_cast<std::size_t>(size), format, arguments);
+int FormatInto(WCHAR* text, int size, const WCHAR* format, va_list arguments) {
+    return _vsnwprintf(text, static_cast<std::size_t>(size), format, arguments);
 }
-void FormatInto(char* text, int size, const char* format, va_list arguments) {
-    _vsnprintf(text, static_cast<std::size_t>(size), format, arguments);
+int FormatInto(char* text, int size, const char* format, va_list arguments) {
+    return _vsnprintf(text, static_cast<std::size_t>(size), format, arguments);
 }
 
 void Convert(CString& result, const char* text) {
@@ -723,9 +724,16 @@ template <class Ch>
 void CStringT<Ch>::AppendFormatV(const Ch* format, va_list arguments) {
     if (format == nullptr)
         return;
+    // Most results are short: they are formatted once, and only longer ones are measured first.
+    Ch shortText[256];
     va_list copy;
     va_copy(copy, arguments);
-    const int added = FormattedLength(format, copy);
+    int added = FormatInto(shortText, static_cast<int>(std::size(shortText)), format, copy);
+    va_end(copy);
+    if (added >= 0)
+        return Append(shortText, added);
+    va_copy(copy, arguments);
+    added = FormattedLength(format, copy);
     va_end(copy);
     if (added <= 0)
         return;

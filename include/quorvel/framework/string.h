@@ -139,8 +139,10 @@ public:
     CStringT& TrimRight(const Ch* characters);
 
     // printf forms of the platform: %s takes text of this class's width, %S of the other, %hs
-    // narrow and %ls wide; %I64d, %I64u and %I64x are 64 bits wide; %ld is 32 bits. A null format
-    // empties the string. Arguments may point into this string.
+    // narrow and %ls wide; the widths convert one to one (a byte is a character up to U+00FF),
+    // whatever the code page. %I64d, %I64u and %I64x are 64 bits wide; %ld is 32 bits. A format that
+    // the platform refuses formats as the empty text, a null format too. Arguments may point into
+    // this string.
     void Format(const Ch* format, ...);
     void FormatV(const Ch* format, va_list arguments);
     void AppendFormat(const Ch* format, ...);

@@ -131,7 +131,7 @@ void PrintText(Output<Ch>& output, const Conversion& conversion, const Other* te
     const long long padding = conversion.width - static_cast<long long>(length);
     if (!conversion.leftAlign)
         output.Fill(conversion.zeroFill ? '0' : ' ', padding);
-    output.AppendUnits(text, length);
+    output.Append(text, length);
     if (conversion.leftAlign)
         output.Fill(' ', padding);
 }

@@ -12,6 +12,7 @@
 #include <climits>
 #include <cstdarg>
 #include <string_view>
+#include <type_traits>
 
 namespace quorvel::crt {
 
@@ -22,13 +23,19 @@ class Output {
 public:
     Output(Ch* text, std::size_t size) : m_text(text), m_size(text != nullptr ? size : 0) {}
 
-    void Append(const Ch* text, std::size_t count) { Copy(text, count); }
-    // Characters of the other width, taken one to one.
+    // Text of the other width is taken one to one; it has no character above U+00FF.
     template <class Other>
-    void AppendUnits(const Other* text, std::size_t count) {
-        Copy(text, count);
+    void Append(const Other* text, std::size_t count) {
+        const std::size_t room = Room(count);
+        if constexpr (std::is_same_v<Ch, Other>)
+            std::char_traits<Ch>::copy(m_text + Position(), text, room);
+        else
+            std::transform(text, text + room, m_text + Position(), [](Other unit) {
+                return static_cast<Ch>(static_cast<unsigned char>(unit));
+            });
+        Advance(count);
     }
-    void Append(std::string_view ascii) { Copy(ascii.data(), ascii.size()); }
+    void Append(std::string_view ascii) { Append(ascii.data(), ascii.size()); }
 
     // A count that no text of use has is refused, before anybody allocates room for it.
     void Fill(Ch character, long long count) {
@@ -47,16 +54,6 @@ public:
 private:
     static constexpr long long kMaximumFill = 100'000'000;
 
-    template <class Other>
-    void Copy(const Other* text, std::size_t count) {
-        const std::size_t room = Room(count);
-        for (std::size_t i = 0; i < room; ++i)
-            m_text[m_length + i] = static_cast<Ch>(
-                static_cast<
-                    std::make_unsigned_t<std::conditional_t<sizeof(Other) == 1, char, short>>>(
-                    text[i]));
-        Advance(count);
-    }
     std::size_t Position() const { return std::min(m_length, m_size); }
     std::size_t Room(std::size_t count) const { return std::min(count, m_size - Position()); }
     void Advance(std::size_t count) {
@@ -115,14 +112,13 @@ bool TakesWide(const Conversion& conversion) {
     return (sizeof(Ch) > 1) != (conversion.type == 'S' || conversion.type == 'C');
 }
 
-// The length up to the terminator or the precision, without reading beyond either; above INT_MAX
-// for a text that is longer.
+// The length up to the terminator or the precision, without reading beyond either.
 template <class Ch>
 std::size_t TerminatedLength(const Ch* text, int precision) {
-    const std::size_t limit =
-        precision < 0 ? static_cast<std::size_t>(INT_MAX) + 1 : static_cast<std::size_t>(precision);
+    if (precision < 0)
+        return std::char_traits<Ch>::length(text);
     std::size_t length = 0;
-    while (length < limit && text[length] != 0)
+    while (length < static_cast<std::size_t>(precision) && text[length] != 0)
         ++length;
     return length;
 }

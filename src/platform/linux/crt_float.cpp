@@ -108,24 +108,43 @@ void AddPoint(FloatText& text) {
     text.digits[text.digitCount++] = '.';
 }
 
+// Turns d.ddd with this exponent, which all its digits reach, into the number written out.
+void MovePoint(FloatText& text, int exponent) {
+    char* const digits = text.digits;
+    char* end = digits + text.digitCount;
+    if (end > digits + 1)
+        end = std::copy(digits + 2, end, digits + 1);
+    if (exponent < 0) {
+        const int shift = 1 - exponent; // the point and the zeros around it
+        std::copy_backward(digits, end, end + shift);
+        std::fill_n(digits, shift, '0');
+        digits[1] = '.';
+        end += shift;
+    } else if (char* const point = digits + exponent + 1; point < end) {
+        std::copy_backward(point, end, end + 1);
+        *point = '.';
+        ++end;
+    }
+    text.digitCount = static_cast<std::size_t>(end - digits);
+}
+
 void WriteGeneral(FloatText& text, double magnitude, int precision, bool alternate) {
     precision = std::max(precision, 1);
-    const int exponent = WriteScientific(text, magnitude, std::min(precision, kMaximumDigits) - 1);
-    const bool scientific = exponent < -4 || exponent >= precision;
-    const long long decimals = scientific ? precision - 1LL : precision - 1LL - exponent;
-    const auto written = static_cast<int>(
-        std::min<long long>(decimals, scientific ? kMaximumDigits - 1 : text.kMaximumDecimals));
-    if (scientific)
+    const int written = std::min(precision, kMaximumDigits);
+    const int exponent = WriteScientific(text, magnitude, written - 1);
+    if (exponent < -4 || exponent >= precision)
         SetDecimalExponent(text, exponent);
     else
-        WriteFixed(text, magnitude, written);
+        MovePoint(text, exponent);
+    const bool hasPoint =
+        std::string_view(text.digits, text.digitCount).find('.') != std::string_view::npos;
     if (alternate) {
-        if (decimals == 0)
+        if (!hasPoint)
             AddPoint(text);
-        text.zeroCount = decimals - written;
+        text.zeroCount = precision - written;
         return;
     }
-    if (written == 0)
+    if (!hasPoint)
         return;
     while (text.digits[text.digitCount - 1] == '0')
         --text.digitCount;
