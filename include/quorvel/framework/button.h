@@ -1,0 +1,17 @@
+// CButton: a push button, check box or radio button, by its style. Windows only.
+#pragma once
+
+#include <quorvel/framework/wnd.h>
+
+#if defined(_WIN32)
+
+class QUORVEL_API CButton : public CWnd {
+    DECLARE_DYNAMIC(CButton)
+public:
+    BOOL Create(const WCHAR* caption, DWORD style, const RECT& rect, CWnd* parent, UINT id);
+
+    int GetCheck() const; // BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE
+    void SetCheck(int state);
+};
+
+#endif

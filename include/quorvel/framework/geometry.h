@@ -1,0 +1,54 @@
+// CPoint, CSize and CRect: the platform's records with the framework's arithmetic.
+#pragma once
+
+#include <quorvel/platform/platform.h>
+
+class CSize : public SIZE {
+public:
+    constexpr CSize() : SIZE{} {}
+    constexpr CSize(LONG width, LONG height) : SIZE{width, height} {}
+    constexpr CSize(const SIZE& size) : SIZE(size) {}
+};
+
+class CPoint : public POINT {
+public:
+    constexpr CPoint() : POINT{} {}
+    constexpr CPoint(LONG left, LONG top) : POINT{left, top} {}
+    constexpr CPoint(const POINT& point) : POINT(point) {}
+};
+
+// The right and bottom edges lie outside the rectangle.
+class CRect : public RECT {
+public:
+    constexpr CRect() : RECT{} {}
+    constexpr CRect(LONG l, LONG t, LONG r, LONG b) : RECT{l, t, r, b} {}
+    constexpr CRect(const RECT& rect) : RECT(rect) {}
+    constexpr CRect(POINT topLeft, SIZE size)
+        : RECT{topLeft.x, topLeft.y, topLeft.x + size.cx, topLeft.y + size.cy} {}
+
+    constexpr LONG Width() const { return right - left; }
+    constexpr LONG Height() const { return bottom - top; }
+    constexpr CSize Size() const { return {Width(), Height()}; }
+    constexpr CPoint TopLeft() const { return {left, top}; }
+    constexpr bool IsRectEmpty() const { return Width() <= 0 || Height() <= 0; }
+    constexpr void OffsetRect(LONG x, LONG y) {
+        left += x;
+        right += x;
+        top += y;
+        bottom += y;
+    }
+
+    constexpr operator RECT*() { return this; }
+    constexpr operator const RECT*() const { return this; }
+};
+
+constexpr bool operator==(const CSize& left, const CSize& right) {
+    return left.cx == right.cx && left.cy == right.cy;
+}
+constexpr bool operator==(const CPoint& left, const CPoint& right) {
+    return left.x == right.x && left.y == right.y;
+}
+constexpr bool operator==(const CRect& left, const CRect& right) {
+    return left.left == right.left && left.top == right.top && left.right == right.right &&
+           left.bottom == right.bottom;
+}

@@ -1,0 +1,14 @@
+// CStatic: a text or picture that takes no input. Windows only.
+#pragma once
+
+#include <quorvel/framework/wnd.h>
+
+#if defined(_WIN32)
+
+class QUORVEL_API CStatic : public CWnd {
+    DECLARE_DYNAMIC(CStatic)
+public:
+    BOOL Create(const WCHAR* text, DWORD style, const RECT& rect, CWnd* parent, UINT id = 0xffff);
+};
+
+#endif

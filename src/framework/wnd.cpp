@@ -1,0 +1,344 @@
+#include <quorvel/framework/wnd.h>
+
+#include <quorvel/framework/exceptions.h>
+
+#include "framework/handle_map.h"
+#include "platform/win32.h"
+
+#include <utility>
+
+IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
+
+// What the platform calls.
+struct quorvel::WindowCallbacks {
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK CreationHook(int code, WPARAM wParam, LPARAM lParam);
+};
+
+namespace {
+
+struct WindowTraits {
+    typedef CWnd Object;
+    typedef HWND Handle;
+    static CWnd* Make(HWND window) {
+        CWnd* const wnd = new CWnd;
+        wnd->m_hWnd = window;
+        return wnd;
+    }
+    static void LetGo(CWnd* wnd) { wnd->m_hWnd = nullptr; }
+    static bool IsAlive(HWND window) { return ::IsWindow(window) != FALSE; }
+};
+
+struct Message {
+    UINT message = 0;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
+};
+
+struct WindowState {
+    quorvel::HandleMap<WindowTraits> windows;
+    Message current;         // being handled, for CWnd::Default
+    CWnd* awaited = nullptr; // gets the next window that is created
+    HHOOK creationHook = nullptr;
+};
+
+WindowState& State() {
+    return quorvel::ThreadState<WindowState>();
+}
+
+// Handlers send messages: the one outside is current again when the one inside is done.
+class CurrentMessage {
+public:
+    explicit CurrentMessage(const Message& message)
+        : m_outer(std::exchange(State().current, message)) {}
+    CurrentMessage(const CurrentMessage&) = delete;
+    ~CurrentMessage() { State().current = m_outer; }
+
+private:
+    const Message m_outer;
+};
+
+void ReleaseCreationHook() {
+    const HHOOK hook = std::exchange(State().creationHook, nullptr);
+    if (hook == nullptr)
+        return;
+    const DWORD error = ::GetLastError(); // the creation's, which the caller may ask for
+    ::UnhookWindowsHookEx(hook);
+    ::SetLastError(error);
+}
+
+// The input method's helper windows appear along with a thread's first window.
+bool IsInputMethodWindow(HWND window) {
+    WCHAR name[20];
+    if (::GetClassNameW(window, name, static_cast<int>(std::size(name))) == 0)
+        return false;
+    const CString className(name);
+    return className == _T("IME") || className == _T("MSCTFIME UI");
+}
+
+} // namespace
+
+CWnd::CWnd() : m_hWnd(nullptr) {}
+
+CWnd::~CWnd() {
+    if (m_hWnd != nullptr)
+        CWnd::DestroyWindow();
+}
+
+CWnd* CWnd::FromHandle(HWND window) {
+    return window != nullptr ? State().windows.FindOrMake(window) : nullptr;
+}
+
+CWnd* CWnd::FromHandlePermanent(HWND window) {
+    return State().windows.FindPermanent(window);
+}
+
+BOOL CWnd::Attach(HWND window) {
+    if (window == nullptr || m_hWnd != nullptr || !State().windows.AddPermanent(window, this))
+        return FALSE;
+    m_hWnd = window;
+    return TRUE;
+}
+
+HWND CWnd::Detach() {
+    const HWND window = std::exchange(m_hWnd, nullptr);
+    if (window != nullptr)
+        State().windows.RemovePermanent(window);
+    return window;
+}
+
+void CWnd::InstallProcedure() {
+    const LONG_PTR own = reinterpret_cast<LONG_PTR>(&quorvel::WindowCallbacks::Procedure);
+    const LONG_PTR previous = ::SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, own);
+    if (previous != own)
+        m_super = reinterpret_cast<WNDPROC>(previous);
+}
+
+BOOL CWnd::SubclassWindow(HWND window) {
+    if (!::IsWindow(window) || !Attach(window))
+        return FALSE;
+    PreSubclassWindow();
+    InstallProcedure();
+    return TRUE;
+}
+
+HWND CWnd::UnsubclassWindow() {
+    const WNDPROC super = std::exchange(m_super, nullptr);
+    if (m_hWnd != nullptr && super != nullptr)
+        ::SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(super));
+    return Detach();
+}
+
+void AfxHookWindowCreate(CWnd* wnd) {
+    WindowState& state = State();
+    state.awaited = wnd;
+    if (state.creationHook == nullptr)
+        state.creationHook = ::SetWindowsHookExW(WH_CBT, &quorvel::WindowCallbacks::CreationHook,
+                                                 nullptr, ::GetCurrentThreadId());
+}
+
+BOOL AfxUnhookWindowCreate() {
+    ReleaseCreationHook();
+    return std::exchange(State().awaited, nullptr) == nullptr;
+}
+
+LRESULT CALLBACK quorvel::WindowCallbacks::CreationHook(int code, WPARAM wParam, LPARAM lParam) {
+    WindowState& state = State();
+    const HWND window = reinterpret_cast<HWND>(wParam);
+    if (code != HCBT_CREATEWND || state.awaited == nullptr || IsInputMethodWindow(window))
+        return ::CallNextHookEx(state.creationHook, code, wParam, lParam);
+    CWnd* const wnd = std::exchange(state.awaited, nullptr);
+    bool accepted = false;
+    try {
+        accepted = wnd->Attach(window) != FALSE;
+        wnd->PreSubclassWindow();
+        wnd->InstallProcedure();
+    } catch (...) { // nothing may leave a hook
+        accepted = false;
+    }
+    accepted = ::CallNextHookEx(state.creationHook, code, wParam, lParam) == 0 && accepted;
+    ReleaseCreationHook();
+    if (accepted)
+        return 0;
+    wnd->UnsubclassWindow(); // the refused window gets no message that would do it
+    state.awaited = wnd;
+    return 1;
+}
+
+BOOL CWnd::Create(const WCHAR* className, const WCHAR* windowName, DWORD style, const RECT& rect,
+                  CWnd* parent, UINT id) {
+    return CreateEx(0, className, windowName, style | WS_CHILD, rect.left, rect.top,
+                    rect.right - rect.left, rect.bottom - rect.top,
+                    parent != nullptr ? parent->m_hWnd : nullptr,
+                    reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)));
+}
+
+BOOL CWnd::CreateEx(DWORD extendedStyle, const WCHAR* className, const WCHAR* windowName,
+                    DWORD style, int x, int y, int width, int height, HWND parentOrOwner,
+                    HMENU menuOrId, LPVOID parameter) {
+    if (m_hWnd != nullptr)
+        return FALSE;
+    AfxHookWindowCreate(this);
+    const HWND window = ::CreateWindowExW(extendedStyle, className, windowName, style, x, y, width,
+                                          height, parentOrOwner, menuOrId, nullptr, parameter);
+    if (!AfxUnhookWindowCreate()) {
+        PostNcDestroy(); // it failed before there was a window to send WM_NCDESTROY
+        return FALSE;
+    }
+    return window != nullptr; // if not, this object may be gone
+}
+
+BOOL CWnd::DestroyWindow() {
+    const HWND window = m_hWnd;
+    if (window == nullptr)
+        return FALSE;
+    const bool permanent = FromHandlePermanent(window) == this;
+    const BOOL destroyed = ::DestroyWindow(window);
+    // Normally WM_NCDESTROY has detached it, and this object may be gone. A window that was only
+    // attached, or has lost our procedure to another, does not tell.
+    if (destroyed && permanent && FromHandlePermanent(window) == this)
+        Detach();
+    return destroyed;
+}
+
+LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return ::SendMessageW(m_hWnd, message, wParam, lParam);
+}
+
+void CWnd::GetWindowText(CString& text) const {
+    const int length = ::GetWindowTextLengthW(m_hWnd);
+    ::GetWindowTextW(m_hWnd, text.GetBuffer(length), length + 1);
+    text.ReleaseBuffer();
+}
+
+BOOL CWnd::SetWindowText(const WCHAR* text) {
+    return ::SetWindowTextW(m_hWnd, text);
+}
+
+DWORD CWnd::GetStyle() const {
+    return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, GWL_STYLE));
+}
+
+int CWnd::GetDlgCtrlID() const {
+    return ::GetDlgCtrlID(m_hWnd);
+}
+
+CWnd* CWnd::GetParent() const {
+    return FromHandle(::GetParent(m_hWnd));
+}
+
+void CWnd::PreSubclassWindow() {}
+
+void CWnd::PostNcDestroy() {}
+
+LRESULT CALLBACK quorvel::WindowCallbacks::Procedure(HWND window, UINT message, WPARAM wParam,
+                                                     LPARAM lParam) {
+    CWnd* const wnd = CWnd::FromHandlePermanent(window);
+    if (wnd == nullptr)
+        return ::DefWindowProcW(window, message, wParam, lParam);
+    const LRESULT result = wnd->Dispatch(message, wParam, lParam);
+    // After any other message the object may be gone, for its window may have been destroyed.
+    if (message == WM_NCDESTROY && CWnd::FromHandlePermanent(window) == wnd)
+        wnd->FinishDestroy();
+    return result;
+}
+
+LRESULT CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    const CurrentMessage current({message, wParam, lParam});
+    const HWND window = m_hWnd;
+    try {
+        return WindowProc(message, wParam, lParam);
+    } catch (CException* exception) {
+        exception->Delete();
+    } catch (...) {
+        // No more can be known of it.
+    }
+    if (message == WM_PAINT) // until it is validated, the system asks again without end
+        return ::DefWindowProcW(window, message, wParam, lParam);
+    return message == WM_CREATE ? -1 : 0;
+}
+
+void CWnd::FinishDestroy() noexcept {
+    UnsubclassWindow();
+    try {
+        PostNcDestroy();
+    } catch (CException* exception) {
+        exception->Delete();
+    } catch (...) {
+        // As in Dispatch.
+    }
+}
+
+LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    return OnWndMsg(message, wParam, lParam, &result) ? result
+                                                      : DefWindowProc(message, wParam, lParam);
+}
+
+BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    if (message == WM_COMMAND) {
+        if (!OnCommand(wParam, lParam))
+            return FALSE;
+        *result = 1;
+        return TRUE;
+    }
+    if (message == WM_NOTIFY)
+        return OnNotify(wParam, lParam, result);
+    const AFX_MSGMAP_ENTRY* const entry = FindEntry(message, 0, 0);
+    if (entry == nullptr)
+        return FALSE;
+    *result = entry->pfn(this, wParam, lParam);
+    return TRUE;
+}
+
+BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const UINT code = lParam != 0 ? HIWORD(wParam) : 0; // an accelerator's is 1, a menu item's 0
+    const AFX_MSGMAP_ENTRY* const entry = FindEntry(WM_COMMAND, code, LOWORD(wParam));
+    if (entry == nullptr)
+        return FALSE;
+    entry->pfn(this, wParam, lParam);
+    return TRUE;
+}
+
+BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const NMHDR* const header = reinterpret_cast<const NMHDR*>(lParam);
+    const AFX_MSGMAP_ENTRY* const entry =
+        FindEntry(WM_NOTIFY, header->code, static_cast<UINT>(header->idFrom));
+    if (entry == nullptr)
+        return FALSE;
+    *result = entry->pfn(this, wParam, lParam);
+    return TRUE;
+}
+
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    return m_super != nullptr ? ::CallWindowProcW(m_super, m_hWnd, message, wParam, lParam)
+                              : ::DefWindowProcW(m_hWnd, message, wParam, lParam);
+}
+
+LRESULT CWnd::Default() {
+    const Message message = State().current;
+    return DefWindowProc(message.message, message.wParam, message.lParam);
+}
+
+const AFX_MSGMAP* CWnd::GetThisMessageMap() {
+    static const AFX_MSGMAP_ENTRY s_entries[] = {{0, 0, 0, 0, nullptr}};
+    static const AFX_MSGMAP s_map = {nullptr, s_entries};
+    return &s_map;
+}
+
+const AFX_MSGMAP* CWnd::GetMessageMap() const {
+    return GetThisMessageMap();
+}
+
+// The most derived class's row wins.
+const AFX_MSGMAP_ENTRY* CWnd::FindEntry(UINT message, UINT code, UINT id) const {
+    const AFX_MSGMAP* map = GetMessageMap();
+    while (map != nullptr) {
+        for (const AFX_MSGMAP_ENTRY* entry = map->lpEntries; entry->nMessage != 0; ++entry)
+            if (entry->nMessage == message && entry->nCode == code && entry->nID <= id &&
+                id <= entry->nLastID)
+                return entry;
+        map = map->pfnGetBaseMap != nullptr ? map->pfnGetBaseMap() : nullptr;
+    }
+    return nullptr;
+}

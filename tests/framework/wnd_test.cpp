@@ -1,0 +1,369 @@
+// CWnd over real windows: the maps from handles to objects, creation and its hook, message maps,
+// and what happens to exceptions.
+#include <quorvel/framework/exceptions.h>
+#include <quorvel/framework/wnd.h>
+
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace quorvel::win32;
+
+namespace {
+
+constexpr UINT kFirstControl = 100;
+constexpr UINT kSecondControl = 101;
+constexpr UINT kMenuItem = 102;
+constexpr UINT kNotification = 7;
+constexpr UINT kHandled = WM_APP;
+constexpr UINT kOverridden = WM_APP + 1;
+constexpr UINT kPassedOn = WM_APP + 2;
+constexpr UINT kThrowException = WM_APP + 3;
+constexpr UINT kThrowNumber = WM_APP + 4;
+constexpr UINT kOfProcedure = WM_APP + 5;
+constexpr UINT kDestroyYourself = WM_APP + 6;
+
+// The window's own procedure, beneath the object.
+LRESULT CALLBACK OwnProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == kPassedOn || message == kOfProcedure)
+        return static_cast<LRESULT>(wParam) * 100 + lParam;
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+class CBase : public CWnd {
+    DECLARE_DYNAMIC(CBase)
+public:
+    std::string m_seen;
+
+protected:
+    LRESULT OnHandled(WPARAM wParam, LPARAM lParam) {
+        return static_cast<LRESULT>(wParam) + lParam;
+    }
+    LRESULT OnOverridden(WPARAM, LPARAM) { return 1; }
+    LRESULT OnThrowException(WPARAM, LPARAM) { AfxThrowUserException(); }
+    LRESULT OnThrowNumber(WPARAM, LPARAM) { throw 5; }
+    void OnClicked() { m_seen += "clicked "; }
+    void OnChanged() { m_seen += "changed "; }
+    void OnMenu() { m_seen += "menu "; }
+    void OnNotified(NMHDR* header, LRESULT* result) {
+        m_seen += "notified ";
+        *result = static_cast<LRESULT>(header->idFrom) * 2;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+IMPLEMENT_DYNAMIC(CBase, CWnd)
+
+constexpr int kChangeCode = 0x300;
+BEGIN_MESSAGE_MAP(CBase, CWnd)
+ON_MESSAGE(kHandled, &CBase::OnHandled)
+ON_MESSAGE(kOverridden, &CBase::OnOverridden)
+ON_MESSAGE(kThrowException, &CBase::OnThrowException)
+ON_MESSAGE(kThrowNumber, &CBase::OnThrowNumber)
+ON_BN_CLICKED(kFirstControl, &CBase::OnClicked)
+ON_CONTROL(kChangeCode, kSecondControl, &CBase::OnChanged)
+ON_COMMAND(kMenuItem, &CBase::OnMenu)
+ON_NOTIFY(kNotification, kFirstControl, &CBase::OnNotified)
+END_MESSAGE_MAP()
+
+class CDerived : public CBase {
+public:
+    ~CDerived() override {
+        if (m_deleted != nullptr)
+            *m_deleted = true;
+    }
+    bool m_throwAtCreation = false;
+    bool* m_deleted = nullptr; // set: the object deletes itself with its window
+
+protected:
+    LRESULT OnOverridden(WPARAM, LPARAM) { return 2; }
+    LRESULT OnPassedOn(WPARAM, LPARAM) {
+        SendMessage(kHandled); // must not change what Default passes on
+        return Default() + 1;
+    }
+    LRESULT OnCreated(WPARAM, LPARAM) {
+        m_seen += FromHandlePermanent(m_hWnd) == this ? "created " : "unattached ";
+        if (m_throwAtCreation)
+            AfxThrowUserException();
+        return Default();
+    }
+    LRESULT OnDestroyYourself(WPARAM, LPARAM) { return DestroyWindow(); }
+    void OnDestroy() { m_seen += "destroyed "; }
+    void PreSubclassWindow() override { m_seen += "subclassed "; }
+    void PostNcDestroy() override {
+        m_seen += m_hWnd == nullptr ? "gone " : "still there ";
+        if (m_deleted != nullptr)
+            delete this;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CDerived, CBase)
+ON_MESSAGE(kOverridden, &CDerived::OnOverridden)
+ON_MESSAGE(kPassedOn, &CDerived::OnPassedOn)
+ON_MESSAGE(WM_CREATE, &CDerived::OnCreated)
+ON_MESSAGE(kDestroyYourself, &CDerived::OnDestroyYourself)
+ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
+class Wnd : public testing::Test {
+protected:
+    void SetUp() override {
+        WNDCLASSEXW windowClass = {};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.lpfnWndProc = OwnProcedure;
+        windowClass.lpszClassName = _T("WndTest");
+        ASSERT_NE(RegisterClassExW(&windowClass), 0);
+    }
+    void TearDown() override { EXPECT_TRUE(UnregisterClassW(_T("WndTest"), nullptr)); }
+
+    static BOOL Create(CWnd& wnd, const WCHAR* className = _T("WndTest")) {
+        return wnd.CreateEx(0, className, _T("caption"), WS_POPUP, 0, 0, 0, 0, nullptr, nullptr);
+    }
+    static HWND CreateBare() {
+        return CreateWindowExW(0, _T("WndTest"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                               nullptr, nullptr);
+    }
+};
+
+TEST_F(Wnd, ItsObjectIsThereFromTheFirstMessageToTheLast) {
+    CDerived wnd;
+    ASSERT_TRUE(Create(wnd));
+    const HWND window = wnd.m_hWnd;
+    EXPECT_EQ(CWnd::FromHandle(window), &wnd);
+    EXPECT_FALSE(Create(wnd)) << "has a window";
+    EXPECT_EQ(wnd.m_hWnd, window);
+    EXPECT_TRUE(wnd.DestroyWindow());
+    EXPECT_EQ(wnd.m_seen, "subclassed created destroyed gone ");
+    EXPECT_EQ(wnd.m_hWnd, nullptr);
+    EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
+    EXPECT_FALSE(wnd.DestroyWindow());
+    EXPECT_TRUE(Create(wnd)) << "may have another window";
+}
+
+TEST_F(Wnd, AFailedCreationTellsPostNcDestroyOnce) {
+    CDerived unknownClass;
+    EXPECT_FALSE(Create(unknownClass, _T("No such class")));
+    EXPECT_EQ(unknownClass.m_seen, "gone ");
+
+    CDerived throwing;
+    throwing.m_throwAtCreation = true;
+    EXPECT_FALSE(Create(throwing));
+    EXPECT_EQ(throwing.m_hWnd, nullptr);
+    EXPECT_EQ(throwing.m_seen.find("subclassed created "), 0u);
+    EXPECT_EQ(throwing.m_seen.find("gone "), throwing.m_seen.size() - 5) << throwing.m_seen;
+}
+
+TEST_F(Wnd, AnObjectMayDeleteItselfWithItsWindow) {
+    bool deleted = false;
+    CDerived* const wnd = new CDerived;
+    wnd->m_deleted = &deleted;
+    ASSERT_TRUE(Create(*wnd));
+    wnd->SendMessage(kDestroyYourself);
+    EXPECT_TRUE(deleted);
+}
+
+TEST_F(Wnd, AnObjectTakesItsWindowWithIt) {
+    HWND window;
+    {
+        CDerived wnd;
+        ASSERT_TRUE(Create(wnd));
+        window = wnd.m_hWnd;
+    }
+    EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(Wnd, AttachRefusesWhatIsTaken) {
+    const HWND window = CreateBare();
+    const HWND other = CreateBare();
+    {
+        CWnd wnd;
+        CWnd rival;
+        EXPECT_FALSE(wnd.Attach(nullptr));
+        EXPECT_FALSE(wnd.SubclassWindow(reinterpret_cast<HWND>(UINT_PTR{0x7ffe})));
+        EXPECT_EQ(wnd.Detach(), nullptr);
+        EXPECT_TRUE(wnd.Attach(window));
+        EXPECT_FALSE(wnd.Attach(other)) << "has a window";
+        EXPECT_FALSE(rival.Attach(window)) << "has an object";
+        EXPECT_FALSE(rival.SubclassWindow(window));
+        EXPECT_EQ(rival.m_hWnd, nullptr);
+        EXPECT_EQ(CWnd::FromHandlePermanent(window), &wnd);
+        EXPECT_EQ(wnd.Detach(), window);
+        EXPECT_TRUE(rival.Attach(window));
+    }
+    EXPECT_FALSE(IsWindow(window)) << "destroyed with its object";
+    EXPECT_TRUE(IsWindow(other));
+    DestroyWindow(other);
+}
+
+TEST_F(Wnd, TemporaryObjectsServeWindowsWithoutOneAndAreOfOneThread) {
+    EXPECT_EQ(CWnd::FromHandle(nullptr), nullptr);
+    const HWND window = CreateBare();
+    CWnd* const temporary = CWnd::FromHandle(window);
+    ASSERT_NE(temporary, nullptr);
+    EXPECT_EQ(temporary->m_hWnd, window);
+    EXPECT_EQ(CWnd::FromHandle(window), temporary);
+    EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
+
+    CWnd wnd;
+    ASSERT_TRUE(wnd.Attach(window));
+    EXPECT_EQ(CWnd::FromHandle(window), &wnd) << "a permanent one goes first";
+    std::thread([&] {
+        EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
+        EXPECT_NE(CWnd::FromHandle(window), &wnd);
+    }).join();
+    wnd.DestroyWindow();
+
+    // Those of past windows are cleared away: the map does not grow with the count of windows.
+    for (int i = 0; i < 300; ++i) {
+        const HWND passing = CreateBare();
+        EXPECT_EQ(CWnd::FromHandle(passing)->m_hWnd, passing);
+        DestroyWindow(passing);
+    }
+}
+
+TEST_F(Wnd, ASubclassedWindowGetsItsProcedureBack) {
+    const HWND window = CreateBare();
+    {
+        CDerived wnd;
+        ASSERT_TRUE(wnd.SubclassWindow(window));
+        EXPECT_EQ(SendMessageW(window, kHandled, 3, 4), 7);
+        EXPECT_EQ(SendMessageW(window, kOfProcedure, 3, 4), 304);
+        EXPECT_EQ(wnd.UnsubclassWindow(), window);
+        EXPECT_EQ(wnd.m_hWnd, nullptr);
+    }
+    EXPECT_EQ(SendMessageW(window, kHandled, 3, 4), 0);
+    EXPECT_TRUE(DestroyWindow(window));
+}
+
+TEST_F(Wnd, MessagesReachTheirMembers) {
+    CDerived wnd;
+    ASSERT_TRUE(Create(wnd));
+    struct {
+        const char* label;
+        UINT message;
+        WPARAM wParam;
+        LPARAM lParam;
+        LRESULT expected;
+    } const rows[] = {
+        {"the base's handler", kHandled, 3, 4, 7},
+        {"the derived class's goes first", kOverridden, 0, 0, 2},
+        {"passed on to the window's procedure", kPassedOn, 3, 4, 305},
+        {"no handler", kOfProcedure, 3, 4, 304},
+        {"an exception is dropped", kThrowException, 0, 0, 0},
+        {"whatever is thrown", kThrowNumber, 0, 0, 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(wnd.SendMessage(row.message, row.wParam, row.lParam), row.expected) << row.label;
+}
+
+TEST_F(Wnd, CommandsAndNotificationsReachTheirMembers) {
+    CDerived wnd;
+    ASSERT_TRUE(Create(wnd));
+    const LPARAM control = reinterpret_cast<LPARAM>(wnd.m_hWnd);
+    struct {
+        const char* label;
+        WPARAM wParam;
+        LPARAM lParam;
+        const char* seen;
+    } const rows[] = {
+        {"click", MAKEWPARAM(kFirstControl, BN_CLICKED), control, "clicked "},
+        {"another code", MAKEWPARAM(kFirstControl, 5), control, ""},
+        {"a code of its own", MAKEWPARAM(kSecondControl, kChangeCode), control, "changed "},
+        {"its control clicked", MAKEWPARAM(kSecondControl, BN_CLICKED), control, ""},
+        {"menu", MAKEWPARAM(kMenuItem, 0), 0, "menu "},
+        {"accelerator", MAKEWPARAM(kMenuItem, 1), 0, "menu "},
+        {"another id", MAKEWPARAM(kMenuItem + 1, 0), 0, ""},
+    };
+    for (const auto& row : rows) {
+        wnd.m_seen.clear();
+        wnd.SendMessage(WM_COMMAND, row.wParam, row.lParam);
+        EXPECT_EQ(wnd.m_seen, row.seen) << row.label;
+    }
+
+    wnd.m_seen.clear();
+    NMHDR header = {wnd.m_hWnd, kFirstControl, kNotification};
+    EXPECT_EQ(wnd.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header)), 200);
+    header.code = kNotification + 1;
+    EXPECT_EQ(wnd.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header)), 0);
+    EXPECT_EQ(wnd.m_seen, "notified ");
+}
+
+TEST_F(Wnd, TheCreationHookTakesTheNextWindowAlone) {
+    CDerived wnd;
+    AfxHookWindowCreate(&wnd);
+    const HWND first = CreateBare();
+    const HWND second = CreateBare();
+    EXPECT_EQ(wnd.m_hWnd, first);
+    EXPECT_EQ(CWnd::FromHandlePermanent(second), nullptr);
+    EXPECT_TRUE(AfxUnhookWindowCreate());
+    DestroyWindow(second);
+
+    CDerived waiting;
+    AfxHookWindowCreate(&waiting);
+    EXPECT_FALSE(AfxUnhookWindowCreate()) << "no window came";
+    DestroyWindow(CreateBare());
+    EXPECT_EQ(waiting.m_seen, "");
+}
+
+TEST_F(Wnd, TextOfAnyLengthIsReadWhole) {
+    CWnd wnd;
+    ASSERT_TRUE(Create(wnd));
+    CString text(_T("left from before"));
+    for (const int length : {0, 1, 300, 5000}) {
+        const CString set(_T('x'), length);
+        EXPECT_TRUE(wnd.SetWindowText(set));
+        wnd.GetWindowText(text);
+        EXPECT_EQ(text, set);
+    }
+}
+
+// Vector registers are spilled to the stack by instructions that fault when it is not aligned; a
+// caller from outside aligns it to the width of an address only.
+typedef float Vector __attribute__((vector_size(16)));
+
+float SumOnAlignedStack(float first) {
+    volatile Vector spilled = {first, 2, 3, 4};
+    EXPECT_EQ(reinterpret_cast<UINT_PTR>(&spilled) % 16, 0u);
+    const Vector doubled = spilled + spilled;
+    return doubled[0] + doubled[1] + doubled[2] + doubled[3];
+}
+
+LRESULT CALLBACK VectorProcedure(HWND, UINT, WPARAM wParam, LPARAM) {
+    return static_cast<LRESULT>(SumOnAlignedStack(static_cast<float>(wParam)));
+}
+
+#if defined(__i386__)
+LRESULT CallWithStackOffBy(unsigned bytes, WNDPROC procedure, WPARAM wParam) {
+    LRESULT result;
+    asm volatile("movl %%esp, %%esi\n\t"
+                 "andl $-16, %%esp\n\t"
+                 "subl %[bytes], %%esp\n\t"
+                 "pushl $0\n\t"
+                 "pushl %[wParam]\n\t"
+                 "pushl $0\n\t"
+                 "pushl $0\n\t"
+                 "call *%[procedure]\n\t"
+                 "movl %%esi, %%esp"
+                 : "=a"(result)
+                 : [bytes] "b"(bytes), [wParam] "D"(wParam), [procedure] "0"(procedure)
+                 : "ecx", "edx", "esi", "memory", "cc");
+    return result;
+}
+#else
+LRESULT CallWithStackOffBy(unsigned, WNDPROC procedure, WPARAM wParam) {
+    return procedure(nullptr, 0, wParam, 0);
+}
+#endif
+
+TEST(Stack, IsAlignedForVectorsInAWindowProcedureAndOnAThread) {
+    for (const unsigned bytes : {0u, 4u, 8u, 12u})
+        EXPECT_EQ(CallWithStackOffBy(bytes, VectorProcedure, 1), 20);
+    std::thread([] { EXPECT_EQ(SumOnAlignedStack(1), 20.0f); }).join();
+}
+
+} // namespace
