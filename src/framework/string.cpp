@@ -725,12 +725,14 @@ void CStringT<Ch>::AppendFormatV(const Ch* format, va_list arguments) {
     if (format == nullptr)
         return;
     // Most results are short: they are formatted once, and only longer ones are measured first.
+    // The terminator proves that all is there: Wine returns too small a length for a %c cut off.
     Ch shortText[256];
+    constexpr int shortSize = static_cast<int>(std::size(shortText));
     va_list copy;
     va_copy(copy, arguments);
-    int added = FormatInto(shortText, static_cast<int>(std::size(shortText)), format, copy);
+    int added = FormatInto(shortText, shortSize, format, copy);
     va_end(copy);
-    if (added >= 0)
+    if (added >= 0 && added < shortSize && shortText[added] == 0)
         return Append(shortText, added);
     va_copy(copy, arguments);
     added = FormattedLength(format, copy);

@@ -248,6 +248,10 @@ TEST(Printf, LongResultsAreWhole) {
     EXPECT_EQ(text[5001], '7');
     text.Format(_T("%.600f"), 1.0);
     EXPECT_EQ(text.GetLength(), 602);
+    for (int width = 250; width < 260; ++width) {
+        text.Format(_T("%*s%c%-3c"), width, _T("x"), 'y', 'z');
+        EXPECT_EQ(text.Mid(width - 1), CString(_T("xyz  "))) << width;
+    }
     text = _T("kept ");
     text.AppendFormat(_T("%s%s"), text.GetString(), text.GetString()); // may point into the text
     EXPECT_EQ(text, CString(_T("kept kept kept ")));

@@ -1,0 +1,135 @@
+// The message formatter. The first byte's lowest bit chooses: a source of integer forms with stars
+// made from the input, whose arguments are all small numbers, or the input as the source, whose
+// arguments are all texts; the next bit hands them over as an array.
+#include "platform/win32.h"
+
+#include "fuzz_input.h"
+
+#include <array>
+#include <cstdarg>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+typedef std::basic_string<WCHAR> WideText;
+
+constexpr DWORD kUntouched = 0xdead;
+
+// A buffer of exactly the length and its terminator is filled; one that is shorter is refused and
+// holds the terminated beginning.
+void CheckBuffers(DWORD flags, const WideText& source, const WideText& expected, va_list* arguments,
+                  va_list* again) {
+    const auto length = static_cast<DWORD>(expected.size());
+    std::vector<WCHAR> buffer(length + 1);
+    Require(FormatMessageW(flags, source.c_str(), 0, 0, buffer.data(), length + 1, arguments) ==
+            length);
+    Require(buffer[length] == 0 && expected == buffer.data());
+    buffer.resize(length);
+    Require(FormatMessageW(flags, source.c_str(), 0, 0, buffer.data(), length, again) == 0);
+    Require(GetLastError() == ERROR_INSUFFICIENT_BUFFER && buffer[length - 1] == 0);
+    Require(expected.compare(0, length - 1, buffer.data()) == 0);
+}
+
+void Check(DWORD flags, const WideText& source, va_list* arguments, va_list* again,
+           va_list* oncemore) {
+    WCHAR* text = nullptr;
+    SetLastError(kUntouched);
+    const DWORD length = FormatMessageW(flags | FORMAT_MESSAGE_ALLOCATE_BUFFER, source.c_str(), 0,
+                                        0, reinterpret_cast<WCHAR*>(&text), 0, arguments);
+    if (length == 0) {
+        Require(text == nullptr && GetLastError() != kUntouched);
+        return;
+    }
+    Require(text[length] == 0);
+    const WideText expected(text, length);
+    LocalFree(text);
+    if (expected.find(WCHAR{0}) == WideText::npos)
+        CheckBuffers(flags, source, expected, again, oncemore);
+}
+
+void CheckList(DWORD flags, const WideText& source, ...) {
+    va_list lists[3];
+    va_start(lists[0], source);
+    va_copy(lists[1], lists[0]);
+    va_copy(lists[2], lists[0]);
+    Check(flags, source, &lists[0], &lists[1], &lists[2]);
+    va_end(lists[2]);
+    va_end(lists[1]);
+    va_end(lists[0]);
+}
+
+constexpr std::size_t kArguments = 200; // 99 numbers, and two more for each of the stars
+typedef std::array<ULONG_PTR, kArguments> Arguments;
+
+template <std::size_t... indices>
+void CheckAsList(DWORD flags, const WideText& source, const Arguments& arguments,
+                 std::index_sequence<indices...>) {
+    CheckList(flags, source, arguments[indices]...);
+}
+
+WideText Widened(const std::string& text) {
+    WideText wide;
+    for (const char character : text)
+        wide += static_cast<WCHAR>(static_cast<unsigned char>(character));
+    return wide;
+}
+
+// At most 48 inserts.
+std::string MakeSource(FuzzInput& input) {
+    static const char* const flags[] = {"", "0", "-", "+", "#", " ", "-+", "#0"};
+    static const char* const widths[] = {"", "*", "7", ".*", "*.*", "*.4", "5.*", ".3"};
+    static const char* const types[] = {"d", "u", "x", "X", "o", "c", "hd", "i"};
+    static const char* const between[] = {"", " ", "%n", "%%", "%0", "\n", "text", "%t"};
+    std::string source;
+    for (int count = input.Byte() % 48; count > 0; --count) {
+        const int form = input.Byte();
+        const int other = input.Byte();
+        source += '%';
+        source += std::to_string(1 + (input.Byte() % 99));
+        source += '!';
+        source += flags[form & 7];
+        source += widths[form >> 3 & 7];
+        source += types[other & 7];
+        source += '!';
+        source += between[other >> 3 & 7];
+    }
+    return source;
+}
+
+// Stars would take an address for a width.
+std::string WithoutStars(std::string source) {
+    source.resize(std::min<std::size_t>(source.size(), 96));
+    for (char& character : source)
+        if (character == '*')
+            character = '!';
+    return source;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    // In either width a text; it is written to where a form asks for %n and the system obeys.
+    alignas(16) static char text[64];
+    std::memcpy(text, "text\0x\0t\0\0\0\0\0", 14);
+
+    FuzzInput input(data, size);
+    const int choice = input.Byte();
+    Arguments arguments;
+    for (std::size_t i = 0; i < kArguments; ++i)
+        arguments[i] = choice & 1 ? i % 23 : reinterpret_cast<ULONG_PTR>(text);
+    DWORD flags = FORMAT_MESSAGE_FROM_STRING;
+    if (choice & 4)
+        flags |= FORMAT_MESSAGE_IGNORE_INSERTS;
+    if (choice & 8)
+        flags |= FORMAT_MESSAGE_MAX_WIDTH_MASK;
+    const WideText source = Widened(choice & 1 ? MakeSource(input) : WithoutStars(input.Rest()));
+    if (choice & 2) {
+        auto* const array = reinterpret_cast<va_list*>(arguments.data());
+        Check(flags | FORMAT_MESSAGE_ARGUMENT_ARRAY, source, array, array, array);
+    } else {
+        CheckAsList(flags, source, arguments, std::make_index_sequence<kArguments>());
+    }
+    return 0;
+}

@@ -1,0 +1,218 @@
+// printf forms. The first byte's lowest bit chooses: one conversion made from the input, with an
+// argument of the type that it asks for, or the input as the format, with arguments that are safe
+// as anything.
+#include "platform/win32.h"
+
+#include "fuzz_input.h"
+
+#include <array>
+#include <climits>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace {
+
+typedef std::basic_string<WCHAR> WideText;
+
+int Measure(const WCHAR* format, va_list arguments) {
+    return _vscwprintf(format, arguments);
+}
+int Measure(const char* format, va_list arguments) {
+    return _vscprintf(format, arguments);
+}
+int Print(WCHAR* text, std::size_t size, const WCHAR* format, va_list arguments) {
+    return _vsnwprintf(text, size, format, arguments);
+}
+int Print(char* text, std::size_t size, const char* format, va_list arguments) {
+    return _vsnprintf(text, size, format, arguments);
+}
+
+// The printed text, empty when it is refused or too long to be worth while. The measured and the
+// printed length agree, and a buffer that is short by one is filled, not passed.
+template <class Ch>
+std::basic_string<Ch> Printed(const Ch* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    va_list copies[2];
+    va_copy(copies[0], arguments);
+    va_copy(copies[1], arguments);
+    const int length = Measure(format, arguments);
+    std::basic_string<Ch> text;
+    if (length > 0 && length < 100'000) {
+        const auto count = static_cast<std::size_t>(length);
+        std::vector<Ch> buffer(count); // exactly: what is written behind it is found
+        Require(Print(buffer.data(), count, format, copies[0]) == length);
+        text.assign(buffer.begin(), buffer.end());
+        Require(Print(buffer.data(), count - 1, format, copies[1]) == -1);
+        Require(text.compare(0, count - 1, buffer.data(), count - 1) == 0);
+    }
+    va_end(copies[1]);
+    va_end(copies[0]);
+    va_end(arguments);
+    return text;
+}
+
+WideText Widened(const std::string& text) {
+    return WideText(text.begin(), text.end());
+}
+
+// Both widths print the same, except texts, which differ in type.
+template <class... Arguments>
+std::string PrintedTwice(const std::string& format, Arguments... arguments) {
+    const std::string narrow = Printed(format.c_str(), arguments...);
+    Require(Widened(narrow) == Printed(Widened(format).c_str(), arguments...));
+    return narrow;
+}
+
+struct MadeFormat {
+    std::string text = "%";
+    bool zeroFill = false;
+    int stars[2];
+    int starCount = 0;
+    bool hasPrecision = false;
+    int precision = 0;
+};
+
+int SmallNumber(FuzzInput& input) {
+    static constexpr int extremes[] = {INT_MAX, INT_MIN, 1'000'000, -1};
+    const int number = input.Byte();
+    return number < 250 ? number - 20 : extremes[number % 4];
+}
+
+MadeFormat MakeFormat(FuzzInput& input) {
+    MadeFormat format;
+    for (int flags = input.Byte(), i = 0; i < 5; ++i)
+        if (flags >> i & 1) {
+            format.text += "-+ #0"[i];
+            format.zeroFill = format.zeroFill || i == 4;
+        }
+    const int parts = input.Byte();
+    if (parts & 1) {
+        const int width = SmallNumber(input);
+        if (parts & 2)
+            format.stars[format.starCount++] = width;
+        format.text += parts & 2 ? "*" : std::to_string(std::abs(width % 300));
+    }
+    format.hasPrecision = parts & 4;
+    if (format.hasPrecision) {
+        format.precision = SmallNumber(input);
+        if (parts & 8)
+            format.stars[format.starCount++] = format.precision;
+        else
+            format.precision = std::abs(format.precision % 300);
+        format.text += '.';
+        format.text += parts & 8 ? "*" : std::to_string(format.precision);
+    }
+    return format;
+}
+
+// Hands the stars over before the value.
+template <class Function, class Value>
+auto WithStars(const MadeFormat& format, Function function, Value value) {
+    switch (format.starCount) {
+    case 0:
+        return function(value);
+    case 1:
+        return function(format.stars[0], value);
+    default:
+        return function(format.stars[0], format.stars[1], value);
+    }
+}
+
+template <class Value>
+void CheckInteger(MadeFormat format, const char* size, const char* librarySize, char type,
+                  Value value) {
+    const std::string library = format.text + librarySize + type;
+    format.text += size;
+    format.text += type;
+    const std::string printed = WithStars(
+        format, [&](auto... arguments) { return PrintedTwice(format.text, arguments...); }, value);
+    if ((format.zeroFill && format.hasPrecision) || type == 'o' || printed.empty())
+        return; // the Windows runtime has its own rules for these
+    std::string expected(printed.size() + 1, 0);
+    const int length = WithStars(
+        format,
+        [&](auto... arguments) {
+            return std::snprintf(expected.data(), expected.size(), library.c_str(), arguments...);
+        },
+        value);
+    expected.pop_back();
+    Require(length == static_cast<int>(printed.size()) && printed == expected);
+}
+
+void CheckDouble(MadeFormat format, char type, double value) {
+    format.text += type;
+    const std::string printed = WithStars(
+        format, [&](auto... arguments) { return PrintedTwice(format.text, arguments...); }, value);
+    const bool isExact = (type == 'e' || type == 'E') && format.precision >= 16 && !printed.empty();
+    if (isExact && value - value == 0)
+        Require(std::strtod(printed.c_str() + printed.find_first_not_of(' '), nullptr) == value);
+}
+
+void CheckMadeFormat(FuzzInput& input) {
+    const MadeFormat format = MakeFormat(input);
+    const int type = input.Byte() % 20;
+    const auto bits = input.Value<std::uint64_t>();
+    double real;
+    std::memcpy(&real, &bits, sizeof real);
+    const auto integer = static_cast<int>(bits);
+    const auto quad = static_cast<long long>(bits);
+    const std::string rest = input.Rest();
+    const WideText wideRest = Widened(rest);
+    const auto print = [&](const char* suffix, auto value) {
+        WithStars(
+            format, [&](auto... arguments) { PrintedTwice(format.text + suffix, arguments...); },
+            value);
+    };
+    if (type < 6)
+        return CheckInteger(format, "", "", "diuxXo"[type], integer);
+    if (type < 9)
+        return CheckInteger(format, "I64", "ll", "dux"[type - 6], quad);
+    if (type < 17)
+        return CheckDouble(format, "eEfgGaAf"[type - 9], real);
+    if (type == 17)
+        print("hd", integer);
+    else if (type == 18)
+        print("hs", rest.c_str());
+    else
+        print("c", integer & 0xff);
+}
+
+// A text in either width, and as an integer or the half of one an odd but possible number.
+alignas(16) char s_anything[64] = "text\0x\0t\0\0\0\0\0";
+
+template <std::size_t... indices>
+void PrintAnything(const std::string& format, std::index_sequence<indices...>) {
+    Printed(format.c_str(), (static_cast<void>(indices), s_anything)...);
+    Printed(Widened(format).c_str(), (static_cast<void>(indices), s_anything)...);
+}
+
+// No stars, which would take an address for a width, no %n, and numbers of two digits.
+std::string SafeFormat(std::string format) {
+    format.resize(std::min<std::size_t>(format.size(), 64));
+    int digits = 0;
+    for (char& character : format) {
+        digits = character >= '0' && character <= '9' ? digits + 1 : 0;
+        if (character == '*' || digits > 2)
+            character = '.';
+        if (character == 'n')
+            character = 'd';
+    }
+    return format;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzInput input(data, size);
+    if (input.Byte() & 1)
+        CheckMadeFormat(input);
+    else
+        PrintAnything(SafeFormat(input.Rest()), std::make_index_sequence<64>());
+    return 0;
+}
