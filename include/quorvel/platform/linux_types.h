@@ -187,6 +187,58 @@ struct OVERLAPPED;
 #define RT_RCDATA MAKEINTRESOURCEW(10)
 #define RT_VERSION MAKEINTRESOURCEW(16)
 
+// Version resources.
+#define VS_FFI_SIGNATURE 0xfeef04bdu
+struct VS_FIXEDFILEINFO {
+    DWORD dwSignature;
+    DWORD dwStrucVersion;
+    DWORD dwFileVersionMS;
+    DWORD dwFileVersionLS;
+    DWORD dwProductVersionMS;
+    DWORD dwProductVersionLS;
+    DWORD dwFileFlagsMask;
+    DWORD dwFileFlags;
+    DWORD dwFileOS;
+    DWORD dwFileType;
+    DWORD dwFileSubtype;
+    DWORD dwFileDateMS;
+    DWORD dwFileDateLS;
+};
+
+// The system's version.
+struct OSVERSIONINFOW {
+    DWORD dwOSVersionInfoSize;
+    DWORD dwMajorVersion;
+    DWORD dwMinorVersion;
+    DWORD dwBuildNumber;
+    DWORD dwPlatformId;
+    WCHAR szCSDVersion[128];
+};
+struct OSVERSIONINFOEXW {
+    DWORD dwOSVersionInfoSize;
+    DWORD dwMajorVersion;
+    DWORD dwMinorVersion;
+    DWORD dwBuildNumber;
+    DWORD dwPlatformId;
+    WCHAR szCSDVersion[128];
+    WORD wServicePackMajor;
+    WORD wServicePackMinor;
+    WORD wSuiteMask;
+    BYTE wProductType;
+    BYTE wReserved;
+};
+#define VER_PLATFORM_WIN32s 0u
+#define VER_PLATFORM_WIN32_WINDOWS 1u
+#define VER_PLATFORM_WIN32_NT 2u
+#define VER_NT_WORKSTATION 0x01
+#define VER_NT_DOMAIN_CONTROLLER 0x02
+#define VER_NT_SERVER 0x03
+#define VER_SUITE_ENTERPRISE 0x00000002
+#define VER_SUITE_DATACENTER 0x00000080
+#define VER_SUITE_PERSONAL 0x00000200
+#define VER_SUITE_BLADE 0x00000400
+#define SM_SERVERR2 89
+
 // Message boxes: buttons, icons, defaults, results.
 #define MB_OK 0x00000000u
 #define MB_OKCANCEL 0x00000001u

@@ -13,5 +13,7 @@
 #include "platform/linux/message_format.h"
 #include "platform/linux/module.h"
 #include "platform/linux/path.h"
+#include "platform/linux/system_version.h"
 #include "platform/linux/text.h"
+#include "platform/linux/version_info.h"
 #include "platform/linux/window.h"

@@ -27,9 +27,10 @@ namespace quorvel {
 
 namespace {
 
-constexpr WORD kEnglishUnitedStates = 0x0409;
-constexpr WORD kDefaultLanguages[] = {LANG_NEUTRAL, kEnglishUnitedStates};
-constexpr LanguageChoice kDefaultChoice = {kDefaultLanguages, true};
+// The PE file that is compiled into the library.
+std::span<const BYTE> OwnImage() {
+    return {quorvel_resource_image, quorvel_resource_image_end};
+}
 
 class Module {
 public:
@@ -53,7 +54,7 @@ public:
     const PeResources& Resources() const { return m_resources; }
     const PeStringTable& Strings() const {
         std::call_once(m_indexed,
-                       [this] { m_strings = PeStringTable(m_resources, kDefaultChoice); });
+                       [this] { m_strings = PeStringTable(m_resources, DefaultLanguages()); });
         return m_strings;
     }
 
@@ -281,12 +282,18 @@ HMODULE OwnModule() {
     return Modules().Own().Handle();
 }
 
-std::span<const BYTE> OwnImage() {
-    return {quorvel_resource_image, quorvel_resource_image_end};
+const PeResources* FindOwnResources(const WCHAR* path) {
+    std::string bytes;
+    const Module& own = Modules().Own();
+    const bool isOwn =
+        ToSystemPath(path, bytes) && FromSystemPath(CanonicalPath(bytes)) == own.Path();
+    return isOwn ? &own.Resources() : nullptr;
 }
 
-const std::u16string& OwnPath() {
-    return Modules().Own().Path();
+LanguageChoice DefaultLanguages() {
+    constexpr WORD kEnglishUnitedStates = 0x0409;
+    static const WORD languages[] = {LANG_NEUTRAL, kEnglishUnitedStates};
+    return {languages, true};
 }
 
 } // namespace quorvel
@@ -369,7 +376,7 @@ HRSRC FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD language)
     }
     const WORD languages[] = {language, PRIMARYLANGID(language), LANG_NEUTRAL};
     const bool isDefault = PRIMARYLANGID(language) == LANG_NEUTRAL;
-    const LanguageChoice choice = isDefault ? kDefaultChoice : LanguageChoice{languages, false};
+    const LanguageChoice choice = isDefault ? DefaultLanguages() : LanguageChoice{languages, false};
     HRSRC result = nullptr;
     DWORD error = ERROR_RESOURCE_DATA_NOT_FOUND;
     Modules().Use(module, [&](const Module& found) {

@@ -6,19 +6,17 @@
 // linked to statically, the program has them. Any thread may call.
 #pragma once
 
-#include <quorvel/platform/linux_api.h>
-
-#include <span>
-#include <string>
+#include "platform/pe_image.h"
 
 namespace quorvel {
 
 // The library's own module: the program's when they are one file.
 HMODULE OwnModule();
-// The PE file that is compiled into the library.
-std::span<const BYTE> OwnImage();
-// The canonical path of the library's own file.
-const std::u16string& OwnPath();
+// The library's own resources when the path leads to its file, otherwise null.
+const PeResources* FindOwnResources(const WCHAR* path);
+// The languages to look for where none is asked for: neutral, the user's, English (United States),
+// any.
+LanguageChoice DefaultLanguages();
 
 } // namespace quorvel
 

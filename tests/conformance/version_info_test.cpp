@@ -1,0 +1,186 @@
+// Version resources of files, and the system's version: the same on both systems.
+#include "platform/win32.h"
+
+#include "support/temporary_folder.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <vector>
+
+namespace {
+
+constexpr DWORD kUnset = 0xdead;
+
+CString Sample(const WCHAR* name) {
+    return CString(QUORVEL_SAMPLES) + _T("/") + name;
+}
+
+std::vector<BYTE> Block(const WCHAR* path) {
+    std::vector<BYTE> block(GetFileVersionInfoSizeW(path, nullptr));
+    EXPECT_FALSE(block.empty());
+    EXPECT_TRUE(GetFileVersionInfoW(path, 0, static_cast<DWORD>(block.size()), block.data()));
+    return block;
+}
+
+TEST(VersionInfoConformance, FilesWithoutAVersionGiveTheErrorOfEachKind) {
+    const TemporaryFolder folder;
+    folder.Write(_T("empty"), "");
+    struct Row {
+        const char* label;
+        CString path;
+        DWORD error; // 0: it has a version
+    };
+    const Row rows[] = {
+        {"32-bit", Sample(_T("full.dll")), 0},
+        {"64-bit", Sample(_T("full64.dll")), 0},
+        {"no translation", Sample(_T("no_translation.dll")), 0},
+        {"a language library", _T("Quorvel_DEU.dll"), 0},
+        {"other resources", Sample(_T("strings_only.dll")), 1812},
+        {"no resources", Sample(_T("no_resources.dll")), 1812},
+        {"text", Sample(_T("full.rc")), 1812},
+        {"empty", folder.Path(_T("empty")), 1812},
+        {"missing", Sample(_T("missing.dll")), 2},
+        {"missing folder", Sample(_T("missing/missing.dll")), 3},
+        {"a folder", folder.Path(), 5},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.label);
+        DWORD zero = 77;
+        SetLastError(kUnset);
+        const DWORD size = GetFileVersionInfoSizeW(row.path, &zero);
+        EXPECT_EQ(0u, zero);
+        EXPECT_EQ(row.error == 0, size != 0);
+        EXPECT_EQ(row.error, GetLastError());
+        std::vector<BYTE> block(4096);
+        SetLastError(kUnset);
+        EXPECT_EQ(row.error == 0, GetFileVersionInfoW(row.path, 0, 4096, block.data()) != FALSE);
+        EXPECT_EQ(row.error, GetLastError());
+    }
+    SetLastError(kUnset);
+    EXPECT_EQ(0u, GetFileVersionInfoSizeW(nullptr, nullptr));
+    EXPECT_EQ(87u, GetLastError());
+    SetLastError(kUnset);
+    EXPECT_EQ(0u, GetFileVersionInfoSizeW(_T(""), nullptr));
+    EXPECT_EQ(161u, GetLastError());
+    SetLastError(kUnset);
+    EXPECT_FALSE(GetFileVersionInfoW(Sample(_T("full.dll")), 0, 4096, nullptr));
+    EXPECT_EQ(13u, GetLastError());
+}
+
+TEST(VersionInfoConformance, ValuesAreFoundByTheirPath) {
+    struct Row {
+        const WCHAR* path;
+        int length;        // -1: not found
+        const WCHAR* text; // null: not a text
+        std::vector<BYTE> bytes = {};
+    };
+    const std::vector<BYTE> translations = {9, 4, 0xb0, 4, 7, 4, 0xe4, 4};
+    const Row rows[] = {
+        {_T("\\VarFileInfo\\Translation"), 8, nullptr, translations},
+        {_T("VarFileInfo\\Translation"), 8, nullptr, translations},
+        {_T("\\varfileinfo\\TRANSLATION"), 8, nullptr, translations},
+        {_T("\\\\VarFileInfo\\\\Translation\\"), 8, nullptr, translations},
+        {_T("\\StringFileInfo"), 0, nullptr},
+        {_T("\\StringFileInfo\\040904b0"), 0, nullptr},
+        {_T("\\StringFileInfo\\040904b0\\CompanyName"), 18, _T("A company of 20 €")},
+        {_T("\\STRINGFILEINFO\\040904B0\\companyname"), 18, _T("A company of 20 €")},
+        {_T("\\StringFileInfo\\040904b0\\FileVersion"), 9, _T("1.2 beta")},
+        {_T("\\StringFileInfo\\040904b0\\Comments"), 1, _T("")},
+        {_T("\\StringFileInfo\\040704e4\\CompanyName"), 11, _T("Eine Firma")},
+        {_T("\\StringFileInfo\\040704e4\\FileVersion"), -1, nullptr},
+        {_T("\\StringFileInfo\\040904b1\\CompanyName"), -1, nullptr},
+        {_T("\\StringFileInfo\\040904b0\\Company"), -1, nullptr},
+        {_T("\\StringFileInfo\\040904b0\\CompanyNameX"), -1, nullptr},
+        {_T("\\StringFileInfo\\040904b0\\CompanyName\\x"), -1, nullptr},
+        {_T("\\VarFileInfo/Translation"), -1, nullptr},
+        {_T("/"), -1, nullptr},
+        {_T("\\Nothing"), -1, nullptr},
+    };
+    for (const WCHAR* file : {_T("full.dll"), _T("full64.dll")}) {
+        const std::vector<BYTE> block = Block(Sample(file));
+        for (const Row& row : rows) {
+            SCOPED_TRACE(CStringA(row.path).GetString());
+            BYTE marker;
+            void* value = &marker;
+            UINT length = 77;
+            SetLastError(kUnset);
+            EXPECT_EQ(row.length >= 0,
+                      VerQueryValueW(block.data(), row.path, &value, &length) != 0);
+            EXPECT_EQ(row.length >= 0 ? kUnset : 1813, GetLastError());
+            EXPECT_EQ(static_cast<UINT>(row.length < 0 ? 0 : row.length), length);
+            if (row.length < 0) {
+                EXPECT_EQ(&marker, value);
+            } else if (row.text != nullptr) {
+                EXPECT_EQ(CString(row.text), CString(static_cast<const WCHAR*>(value)));
+            } else {
+                EXPECT_EQ(row.bytes, std::vector<BYTE>(static_cast<BYTE*>(value),
+                                                       static_cast<BYTE*>(value) + length));
+            }
+        }
+    }
+}
+
+TEST(VersionInfoConformance, TheRootIsTheFixedBlock) {
+    const std::vector<BYTE> block = Block(Sample(_T("full.dll")));
+    for (const WCHAR* root : {_T("\\"), _T(""), _T("\\\\")}) {
+        void* value = nullptr;
+        UINT length = 0;
+        ASSERT_TRUE(VerQueryValueW(block.data(), root, &value, &length));
+        ASSERT_EQ(52u, length);
+        const auto* fixed = static_cast<const VS_FIXEDFILEINFO*>(value);
+        EXPECT_EQ(0xfeef04bdu, fixed->dwSignature);
+        EXPECT_EQ(0x00010002u, fixed->dwFileVersionMS);
+        EXPECT_EQ(0x00030004u, fixed->dwFileVersionLS);
+        EXPECT_EQ(0x00050006u, fixed->dwProductVersionMS);
+        EXPECT_EQ(0x0007ffffu, fixed->dwProductVersionLS);
+        EXPECT_EQ(0x21u, fixed->dwFileFlags);
+        EXPECT_EQ(2u, fixed->dwFileType);
+    }
+    void* value = nullptr;
+    UINT length = 0;
+    EXPECT_FALSE(VerQueryValueW(nullptr, _T("\\"), &value, &length));
+}
+
+TEST(VersionInfoConformance, ABlockCutToAnySizeIsNotLeft) {
+    const CString path = Sample(_T("full.dll"));
+    const DWORD whole = GetFileVersionInfoSizeW(path, nullptr);
+    for (DWORD size = 0; size < whole; size += 7) {
+        std::vector<BYTE> block(size + 1, 0xcc);
+        EXPECT_TRUE(GetFileVersionInfoW(path, 0, size, block.data()));
+        EXPECT_EQ(0xcc, block[size]) << size;
+    }
+}
+
+TEST(VersionInfoConformance, TheLibraryTellsItsOwnVersion) {
+    WCHAR program[MAX_PATH]; // this program has the library inside
+    ASSERT_LT(0u, GetModuleFileNameW(nullptr, program, MAX_PATH));
+    const std::vector<BYTE> block = Block(program);
+    void* value = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(VerQueryValueW(block.data(), _T("\\StringFileInfo\\040904b0\\CompanyName"), &value,
+                               &length));
+    EXPECT_EQ(CString(_T("The Quorvel team")), CString(static_cast<const WCHAR*>(value)));
+}
+
+TEST(SystemVersionConformance, RecordsOfBothSizesAreFilledAndNoOther) {
+    for (const DWORD size : {0, 148, 275, 276, 277, 283, 284, 285, 1000}) {
+        SCOPED_TRACE(size);
+        OSVERSIONINFOEXW version;
+        std::memset(static_cast<void*>(&version), 0xcc, sizeof version);
+        version.dwOSVersionInfoSize = size;
+        const bool isFilled = GetVersionExW(reinterpret_cast<OSVERSIONINFOW*>(&version)) != FALSE;
+        EXPECT_EQ(size == 276 || size == 284, isFilled);
+        EXPECT_EQ(isFilled, version.dwPlatformId != 0xcccccccc);
+        EXPECT_EQ(isFilled && size == 284, version.wServicePackMinor != 0xcccc);
+        if (isFilled) {
+            EXPECT_LT(0u, version.dwMajorVersion);
+            EXPECT_GT(1000u, version.dwMajorVersion);
+            EXPECT_EQ(size, version.dwOSVersionInfoSize);
+        }
+    }
+    EXPECT_EQ(0, GetSystemMetrics(SM_SERVERR2));
+}
+
+} // namespace
