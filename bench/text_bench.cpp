@@ -1,7 +1,10 @@
 // Text encodings against the peers that a host would otherwise call.
 #include <quorvel/util/text/base64.h>
+#include <quorvel/util/text/escape.h>
+#include <quorvel/util/text/md5.h>
 
 #include <benchmark/benchmark.h>
+#include <libxml/uri.h>
 #include <openssl/evp.h>
 
 #include <memory>
@@ -94,6 +97,52 @@ void OpenSslDecodeUpdate(benchmark::State& state) {
     Count(state);
 }
 
+void Md5Digest(benchmark::State& state) {
+    const auto bytes = RandomBytes(state);
+    BYTE digest[16];
+    for (auto _ : state) {
+        AfxGenerateMD5Digest(bytes.data(), static_cast<unsigned>(bytes.size()), digest);
+        benchmark::DoNotOptimize(digest);
+    }
+    Count(state);
+}
+
+void OpenSslMd5Digest(benchmark::State& state) {
+    const auto bytes = RandomBytes(state);
+    BYTE digest[EVP_MAX_MD_SIZE];
+    for (auto _ : state) {
+        EVP_Digest(bytes.data(), bytes.size(), digest, nullptr, EVP_md5(), nullptr);
+        benchmark::DoNotOptimize(digest);
+    }
+    Count(state);
+}
+
+// Running text, with a blank in each word's place and an accent in every tenth.
+std::string Words(benchmark::State& state) {
+    std::string text;
+    while (text.size() < static_cast<std::size_t>(state.range(0)))
+        text += text.size() % 10 == 0 ? "caf\xc3\xa9 " : "network ";
+    text.resize(static_cast<std::size_t>(state.range(0)));
+    return text;
+}
+
+void EscapeUrl(benchmark::State& state) {
+    const std::string text = Words(state);
+    CStringA escaped;
+    for (auto _ : state) {
+        AfxUTF8EscapeUnsafeURLCharacters(text.c_str(), escaped, FALSE);
+        benchmark::ClobberMemory();
+    }
+    Count(state);
+}
+
+void LibXmlEscapeUri(benchmark::State& state) {
+    const std::string text = Words(state);
+    for (auto _ : state)
+        xmlFree(xmlURIEscapeStr(reinterpret_cast<const xmlChar*>(text.c_str()), nullptr));
+    Count(state);
+}
+
 void BlockSizes(benchmark::internal::Benchmark* benchmark) {
     for (const int size : {64, 16 << 10, 32 << 20})
         benchmark->Arg(size);
@@ -106,5 +155,9 @@ BENCHMARK(Base64Decode<0>)->Apply(BlockSizes);
 BENCHMARK(OpenSslDecodeUpdate)->Apply(BlockSizes);
 BENCHMARK(Base64Decode<BASE64_NO_LINE_BREAKS>)->Apply(BlockSizes);
 BENCHMARK(OpenSslDecodeBlock)->Apply(BlockSizes);
+BENCHMARK(Md5Digest)->Apply(BlockSizes);
+BENCHMARK(OpenSslMd5Digest)->Apply(BlockSizes);
+BENCHMARK(EscapeUrl)->Arg(20)->Arg(200)->Arg(1400);
+BENCHMARK(LibXmlEscapeUri)->Arg(20)->Arg(200)->Arg(1400);
 
 } // namespace
