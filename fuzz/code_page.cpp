@@ -1,0 +1,68 @@
+// Byte sequences through every code page: a length query and the conversion agree, nothing is
+// written beyond it, and what one direction wrote the other reads.
+#include <quorvel/platform/platform.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <iterator>
+#include <vector>
+
+using namespace quorvel::win32;
+
+namespace {
+
+void Require(bool condition) {
+    if (!condition)
+        std::abort();
+}
+
+// Empty when they are refused. The vectors end where the text does, for the sanitizer to watch.
+std::vector<WCHAR> Decode(UINT codePage, DWORD flags, const std::vector<char>& bytes) {
+    const int count = static_cast<int>(bytes.size());
+    const int length = MultiByteToWideChar(codePage, flags, bytes.data(), count, nullptr, 0);
+    std::vector<WCHAR> text(static_cast<std::size_t>(length));
+    Require(length == 0 || MultiByteToWideChar(codePage, flags, bytes.data(), count, text.data(),
+                                               length) == length);
+    return text;
+}
+
+std::vector<char> Encode(UINT codePage, DWORD flags, const std::vector<WCHAR>& text) {
+    const int count = static_cast<int>(text.size());
+    const int length =
+        WideCharToMultiByte(codePage, flags, text.data(), count, nullptr, 0, nullptr, nullptr);
+    std::vector<char> bytes(static_cast<std::size_t>(length));
+    Require(length == 0 || WideCharToMultiByte(codePage, flags, text.data(), count, bytes.data(),
+                                               length, nullptr, nullptr) == length);
+    return bytes;
+}
+
+constexpr UINT kCodePages[] = {65001, 65001, 65000, 1252,  932,   936,   949,   950,
+                               37,    437,   20127, 28591, 10001, 1255,  50220, 50221,
+                               50225, 50227, 50930, 50939, 51932, 52936, 54936, 57002};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size < 2)
+        return 0;
+    const UINT codePage = kCodePages[data[0] % std::size(kCodePages)];
+    const DWORD decodingFlags = data[0] & 0x80 ? MB_ERR_INVALID_CHARS : 0;
+    const DWORD encodingFlags =
+        (data[0] & 0x40) == 0 ? 0
+                              : (codePage == CP_UTF8 ? WC_ERR_INVALID_CHARS : WC_NO_BEST_FIT_CHARS);
+    const std::vector<char> bytes(data + 1, data + size);
+
+    const std::vector<WCHAR> text = Decode(codePage, decodingFlags, bytes);
+    if (!text.empty()) {
+        const std::vector<char> again = Encode(codePage, encodingFlags, text);
+        if (codePage == CP_UTF8 && decodingFlags != 0)
+            Require(again == bytes);
+    }
+    std::vector<WCHAR> units(size / 2);
+    std::memcpy(units.data(), bytes.data(), bytes.size());
+    const std::vector<char> encoded = Encode(codePage, encodingFlags, units);
+    if (codePage == CP_UTF8 && encodingFlags != 0 && !encoded.empty())
+        Require(Decode(codePage, MB_ERR_INVALID_CHARS, encoded) == units);
+    return 0;
+}
