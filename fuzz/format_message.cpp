@@ -13,8 +13,6 @@
 
 namespace {
 
-typedef std::basic_string<WCHAR> WideText;
-
 constexpr DWORD kUntouched = 0xdead;
 
 // A buffer of exactly the length and its terminator is filled; one that is shorter is refused and
@@ -49,12 +47,12 @@ void Check(DWORD flags, const WideText& source, va_list* arguments, va_list* aga
         CheckBuffers(flags, source, expected, again, oncemore);
 }
 
-void CheckList(DWORD flags, const WideText& source, ...) {
+void CheckList(const WideText* source, DWORD flags, ...) {
     va_list lists[3];
-    va_start(lists[0], source);
+    va_start(lists[0], flags);
     va_copy(lists[1], lists[0]);
     va_copy(lists[2], lists[0]);
-    Check(flags, source, &lists[0], &lists[1], &lists[2]);
+    Check(flags, *source, &lists[0], &lists[1], &lists[2]);
     va_end(lists[2]);
     va_end(lists[1]);
     va_end(lists[0]);
@@ -66,14 +64,7 @@ typedef std::array<ULONG_PTR, kArguments> Arguments;
 template <std::size_t... indices>
 void CheckAsList(DWORD flags, const WideText& source, const Arguments& arguments,
                  std::index_sequence<indices...>) {
-    CheckList(flags, source, arguments[indices]...);
-}
-
-WideText Widened(const std::string& text) {
-    WideText wide;
-    for (const char character : text)
-        wide += static_cast<WCHAR>(static_cast<unsigned char>(character));
-    return wide;
+    CheckList(&source, flags, arguments[indices]...);
 }
 
 // At most 48 inserts.
@@ -98,12 +89,15 @@ std::string MakeSource(FuzzInput& input) {
     return source;
 }
 
-// Stars would take an address for a width.
-std::string WithoutStars(std::string source) {
+// Stars would take an address for a width, and long widths only time.
+std::string WithoutWideForms(std::string source) {
     source.resize(std::min<std::size_t>(source.size(), 96));
-    for (char& character : source)
-        if (character == '*')
+    int digits = 0;
+    for (char& character : source) {
+        digits = character >= '0' && character <= '9' ? digits + 1 : 0;
+        if (character == '*' || digits > 4)
             character = '!';
+    }
     return source;
 }
 
@@ -124,7 +118,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         flags |= FORMAT_MESSAGE_IGNORE_INSERTS;
     if (choice & 8)
         flags |= FORMAT_MESSAGE_MAX_WIDTH_MASK;
-    const WideText source = Widened(choice & 1 ? MakeSource(input) : WithoutStars(input.Rest()));
+    const WideText source =
+        Widened(choice & 1 ? MakeSource(input) : WithoutWideForms(input.Rest()));
     if (choice & 2) {
         auto* const array = reinterpret_cast<va_list*>(arguments.data());
         Check(flags | FORMAT_MESSAGE_ARGUMENT_ARRAY, source, array, array, array);

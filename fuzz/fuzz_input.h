@@ -1,6 +1,8 @@
 // Reading a fuzz input as numbers, and stopping where a promise is broken.
 #pragma once
 
+#include <quorvel/platform/platform.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -11,6 +13,15 @@
 inline void Require(bool holds) {
     if (!holds)
         std::abort();
+}
+
+typedef std::basic_string<WCHAR> WideText;
+
+inline WideText Widened(const std::string& text) {
+    WideText wide;
+    for (const char character : text)
+        wide += static_cast<WCHAR>(static_cast<unsigned char>(character));
+    return wide;
 }
 
 // Past the end there are zeros.

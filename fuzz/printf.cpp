@@ -17,8 +17,6 @@
 
 namespace {
 
-typedef std::basic_string<WCHAR> WideText;
-
 int Measure(const WCHAR* format, va_list arguments) {
     return _vscwprintf(format, arguments);
 }
@@ -55,10 +53,6 @@ std::basic_string<Ch> Printed(const Ch* format, ...) {
     va_end(copies[0]);
     va_end(arguments);
     return text;
-}
-
-WideText Widened(const std::string& text) {
-    return WideText(text.begin(), text.end());
 }
 
 // Both widths print the same, except texts, which differ in type.
