@@ -1,9 +1,11 @@
 #include <quorvel/framework/exceptions.h>
 
+#include <quorvel/framework/app.h>
 #include <quorvel/res/message_ids.h>
 
 #include "platform/win32.h"
 
+#include <iterator>
 #include <new>
 
 IMPLEMENT_DYNAMIC(CException, CObject)
@@ -100,6 +102,14 @@ BOOL CException::GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext) 
     if (text != nullptr && maxChars > 0)
         *text = 0;
     return FALSE;
+}
+
+int CException::ReportError(UINT type, UINT textId) {
+    WCHAR text[512];
+    UINT helpContext = 0;
+    if (GetErrorMessage(text, static_cast<UINT>(std::size(text)), &helpContext))
+        return AfxMessageBox(text, type, helpContext);
+    return AfxMessageBox(textId != 0 ? textId : UINT{quorvel::kTextExceptionUser}, type);
 }
 
 CSimpleException::CSimpleException(BOOL autoDelete, UINT textId)

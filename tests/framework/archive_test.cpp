@@ -156,7 +156,7 @@ TEST(Archive, BlocksOfAnySizePassTheBuffer) {
         CMemFile file(reinterpret_cast<BYTE*>(copy.data()), static_cast<UINT>(copy.size()));
         CArchive archive(&file, CArchive::load, bufferSize);
         std::string loaded;
-        char block[333];
+        char block[333 + 13];
         UINT size = 0;
         for (UINT read; (read = archive.Read(block, size = size % 333 + 13)) > 0;)
             loaded.append(block, read);

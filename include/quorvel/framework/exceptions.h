@@ -17,6 +17,8 @@ public:
     // Writes at most `maxChars` characters, terminator included, and sets *helpContext, when asked
     // for, to 0. FALSE, and an empty text, when there is no text or no room.
     virtual BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr);
+    // Shows the error message, or the catalogue text when there is none; the box's result.
+    virtual int ReportError(UINT type = MB_OK, UINT textId = 0);
 
     BOOL m_bAutoDelete;
 };

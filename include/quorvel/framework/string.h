@@ -140,9 +140,9 @@ public:
 
     // printf forms of the platform: %s takes text of this class's width, %S of the other, %hs
     // narrow and %ls wide; the widths convert one to one (a byte is a character up to U+00FF),
-    // whatever the code page. %I64d, %I64u and %I64x are 64 bits wide; %ld is 32 bits. A format that
-    // the platform refuses formats as the empty text, a null format too. Arguments may point into
-    // this string.
+    // whatever the code page. %I64d, %I64u and %I64x are 64 bits wide; %ld is 32 bits. A format
+    // that the platform refuses formats as the empty text, a null format too. Arguments may point
+    // into this string.
     void Format(const Ch* format, ...);
     void FormatV(const Ch* format, va_list arguments);
     void AppendFormat(const Ch* format, ...);
@@ -181,9 +181,8 @@ private:
     Ch* m_text;
 };
 
-extern template class CStringT<WCHAR>;
-extern template class CStringT<char>;
-
+// Both are instantiated in the library. No "extern template" says so: an unoptimised Windows host
+// would then look there for the inline members, which are not exported.
 typedef CStringT<WCHAR> CString;
 typedef CStringT<WCHAR> CStringW;
 typedef CStringT<char> CStringA;
@@ -212,6 +211,15 @@ CStringT<Ch> operator+(const Ch* left, const CStringT<Ch>& right) {
 template <class Ch>
 CStringT<Ch> operator+(std::type_identity_t<Ch> left, const CStringT<Ch>& right) {
     return CStringT<Ch>(left, 1) + right;
+}
+
+// A narrow character literal joins a wide string. Any other number is ambiguous, not an offset.
+inline CString operator+(CString left, char right) {
+    left.AppendChar(static_cast<unsigned char>(right));
+    return left;
+}
+inline CString operator+(char left, const CString& right) {
+    return CString(static_cast<unsigned char>(left), 1) + right;
 }
 
 // Writes the string-table entry found through the resource chain, cut to `maxChars` characters with

@@ -1,0 +1,95 @@
+#include <quorvel/framework/app.h>
+
+#include <quorvel/framework/exceptions.h>
+#include <quorvel/framework/string.h>
+
+#include "framework/message_box_owner.h"
+#include "platform/win32.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
+IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
+
+namespace {
+
+constinit CWinApp* s_app = nullptr;
+
+// The program file's name, without folder and extension.
+CString ProgramName() {
+    CString path;
+    DWORD size = MAX_PATH;
+    DWORD length;
+    while ((length = GetModuleFileNameW(nullptr, path.GetBuffer(static_cast<int>(size)), size)) ==
+           size)
+        size *= 2; // cut short
+    path.ReleaseBuffer(static_cast<int>(length));
+    const int separator = std::max(path.ReverseFind('\\'), path.ReverseFind('/'));
+    const int dot = path.ReverseFind('.');
+    return dot > separator + 1 ? path.Mid(separator + 1, dot - separator - 1)
+                               : path.Mid(separator + 1);
+}
+
+const WCHAR* Duplicate(const CString& text) {
+    const std::size_t bytes = (static_cast<std::size_t>(text.GetLength()) + 1) * sizeof(WCHAR);
+    void* copy = std::malloc(bytes);
+    if (copy == nullptr)
+        AfxThrowMemoryException();
+    return static_cast<const WCHAR*>(std::memcpy(copy, text.GetString(), bytes));
+}
+
+int ShowMessageBox(const WCHAR* text, UINT type) {
+    return MessageBoxW(quorvel::MessageBoxOwner(), text, AfxGetAppName(), type);
+}
+
+} // namespace
+
+CWinThread::CWinThread() : m_pMainWnd(nullptr) {}
+
+CWinApp::CWinApp(const WCHAR* appName)
+    : m_hInstance(GetModuleHandleW(nullptr)),
+      m_pszAppName(Duplicate(appName != nullptr ? CString(appName) : ProgramName())) {
+    s_app = this;
+}
+
+CWinApp::~CWinApp() {
+    if (s_app == this)
+        s_app = nullptr;
+    std::free(const_cast<WCHAR*>(m_pszAppName));
+}
+
+int CWinApp::DoMessageBox(const WCHAR* prompt, UINT type, UINT) {
+    return ShowMessageBox(prompt, type);
+}
+
+CWinApp* AfxGetApp() {
+    return s_app;
+}
+
+CWnd* AfxGetMainWnd() {
+    return s_app != nullptr ? s_app->m_pMainWnd : nullptr;
+}
+
+HINSTANCE AfxGetInstanceHandle() {
+    return s_app != nullptr ? s_app->m_hInstance : GetModuleHandleW(nullptr);
+}
+
+const WCHAR* AfxGetAppName() {
+    if (s_app != nullptr)
+        return s_app->m_pszAppName;
+    static const CString s_programName = ProgramName();
+    return s_programName;
+}
+
+int AfxMessageBox(const WCHAR* text, UINT type, UINT helpId) {
+    return s_app != nullptr ? s_app->DoMessageBox(text, type, helpId) : ShowMessageBox(text, type);
+}
+
+int AfxMessageBox(UINT textId, UINT type, UINT helpId) {
+    CString text;
+    if (!text.LoadString(textId))
+        return 0;
+    return AfxMessageBox(text, type, helpId == static_cast<UINT>(-1) ? textId : helpId);
+}

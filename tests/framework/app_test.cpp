@@ -1,0 +1,145 @@
+#include <quorvel/framework/app.h>
+#include <quorvel/framework/exceptions.h>
+#include <quorvel/framework/file.h>
+#include <quorvel/res/message_ids.h>
+
+#include "support/german_texts.h"
+#include "support/message_box_recorder.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+void CopyContents(const WCHAR* from, const WCHAR* to) {
+    CFile source(from, CFile::modeRead | CFile::shareDenyWrite);
+    std::vector<BYTE> contents(static_cast<std::size_t>(source.GetLength()));
+    const UINT size = source.Read(contents.data(), static_cast<UINT>(contents.size()));
+    CFile(to, CFile::modeCreate | CFile::modeWrite).Write(contents.data(), size);
+}
+
+} // namespace
+
+TEST(App, MessageBoxesGoThroughTheApplication) {
+    const GermanTexts german;
+    const CString memory = german.Text(quorvel::kTextExceptionMemory);
+    ASSERT_FALSE(memory.IsEmpty());
+
+    MessageBoxRecorder app(IDNO);
+    EXPECT_EQ(AfxGetApp(), &app);
+    EXPECT_EQ(AfxMessageBox(_T("text"), MB_YESNO | MB_ICONSTOP, 7), IDNO);
+    EXPECT_EQ(AfxMessageBox(quorvel::kTextExceptionMemory), IDNO);
+    EXPECT_EQ(AfxMessageBox(quorvel::kTextExceptionMemory, MB_OK, 8), IDNO);
+    EXPECT_EQ(AfxMessageBox(1u), 0); // no such text, no box
+    const std::vector<RecordedMessageBox> expected = {
+        {_T("text"), MB_YESNO | MB_ICONSTOP, 7},
+        {memory, MB_OK, quorvel::kTextExceptionMemory},
+        {memory, MB_OK, 8},
+    };
+    EXPECT_EQ(app.Take(), expected);
+}
+
+TEST(App, BearsTheNameGivenOrThatOfTheProgram) {
+    EXPECT_EQ(AfxGetApp(), nullptr);
+    EXPECT_EQ(CString(AfxGetAppName()), _T("framework_tests"));
+    {
+        const CWinApp named(_T("Name"));
+        EXPECT_EQ(CString(AfxGetAppName()), _T("Name"));
+    }
+    const CWinApp unnamed;
+    EXPECT_EQ(CString(AfxGetAppName()), _T("framework_tests"));
+    EXPECT_EQ(AfxGetInstanceHandle(), GetModuleHandleW(nullptr));
+    EXPECT_EQ(AfxGetResourceHandle(), AfxGetInstanceHandle());
+    EXPECT_EQ(AfxGetMainWnd(), nullptr);
+}
+
+TEST(ExtensionModule, RefusesNoModule) {
+    AFX_EXTENSION_MODULE state = {};
+    EXPECT_FALSE(AfxInitExtensionModule(state, nullptr));
+    EXPECT_FALSE(state.bInitialized);
+}
+
+TEST(ExtensionModule, TextsComeFromTheProgramThenTheNewestThenTheSystemEntries) {
+    constexpr UINT kText = quorvel::kTextExceptionMemory;
+    const WCHAR* const copyName = _T("app_test_copy.dll");
+    CopyContents(_T("Quorvel_DEU.dll"), copyName);
+    {
+        const GermanTexts german;
+        const GermanTexts copy(copyName);
+        ASSERT_NE(german.Module(), copy.Module());
+        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
+        EXPECT_EQ(AfxFindStringResourceHandle(1), nullptr);
+
+        AFX_EXTENSION_MODULE state = {}; // of a module that has no texts
+        ASSERT_TRUE(AfxInitExtensionModule(state, GetModuleHandleW(nullptr)));
+        auto* const entry = new CDynLinkLibrary(state);
+        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
+        entry->m_hResource = german.Module(); // another module's resources in place of its own
+        EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
+        entry->m_bSystem = TRUE;
+        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
+        delete entry;
+        (new CDynLinkLibrary(state))->m_hResource = german.Module();
+        EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
+        AfxTermExtensionModule(state); // and with it the entry
+        EXPECT_FALSE(state.bInitialized);
+        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
+
+        AfxSetResourceHandle(german.Module());
+        EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
+        AfxSetResourceHandle(nullptr);
+    }
+    CFile::Remove(copyName);
+}
+
+TEST(ExtensionModule, StringsLoadFromTheChain) {
+    constexpr UINT kText = quorvel::kTextSystemError; // with %1
+    const GermanTexts german;
+    const CString format = german.Text(kText);
+    ASSERT_GE(format.Find(_T("%1")), 0);
+    CString filled = format;
+    filled.Replace(_T("%1"), _T("insert"));
+
+    CString text;
+    EXPECT_TRUE(text.LoadString(kText));
+    EXPECT_EQ(text, format);
+    text.FormatMessage(kText, _T("insert"));
+    EXPECT_EQ(text, filled);
+    AfxFormatString1(text, kText, _T("insert"));
+    EXPECT_EQ(text, filled);
+    text.Format(quorvel::kTextLanguageFileTemplate, _T("XYZ"));
+    EXPECT_EQ(text, _T("Quorvel_XYZ.dll"));
+    CStringA narrow;
+    EXPECT_TRUE(narrow.LoadString(kText));
+    EXPECT_EQ(narrow, CStringA(format));
+
+    WCHAR buffer[5] = {'?', '?', '?', '?', '?'};
+    EXPECT_EQ(AfxLoadString(kText, buffer, 4), 3);
+    EXPECT_EQ(CString(buffer), format.Left(3));
+    EXPECT_EQ(buffer[4], '?');
+    EXPECT_EQ(AfxLoadString(1, buffer, 4), 0);
+    EXPECT_EQ(buffer[0], 0);
+
+    EXPECT_FALSE(text.LoadString(1));
+    EXPECT_TRUE(text.IsEmpty());
+    EXPECT_THROW(text.Format(1u), CResourceException*);
+}
+
+TEST(FormatStrings, ReplacesEachNumberByItsString) {
+    const struct {
+        const WCHAR* format;
+        const WCHAR* text;
+    } rows[] = {
+        {_T("%1 and %2"), _T("one and two")},
+        {_T("%2%1%2"), _T("twoonetwo")},
+        {_T("%3"), _T("?")},
+        {_T("%% %0 %a 100%"), _T("%% %0 %a 100%")},
+        {nullptr, _T("")},
+    };
+    const WCHAR* const strings[] = {_T("one"), _T("two")};
+    for (const auto& row : rows) {
+        CString text(_T("old"));
+        AfxFormatStrings(text, row.format, strings, 2);
+        EXPECT_EQ(text, row.text);
+    }
+}

@@ -1,0 +1,164 @@
+#include <quorvel/framework/app.h>
+#include <quorvel/framework/exceptions.h>
+#include <quorvel/res/message_ids.h>
+
+#include "support/german_texts.h"
+#include "support/message_box_recorder.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+class HostException : public CFileException {
+    DECLARE_DYNAMIC(HostException)
+public:
+    explicit HostException(bool& deleted) : m_deleted(deleted) {}
+    ~HostException() override { m_deleted = true; }
+
+private:
+    bool& m_deleted;
+};
+IMPLEMENT_DYNAMIC(HostException, CFileException)
+
+} // namespace
+
+TEST(Exceptions, AreCaughtByTheirBaseAndKnowTheirClass) {
+    const struct {
+        const char* name;
+        CRuntimeClass* runtimeClass;
+        std::function<void()> raise;
+        BOOL deleted;
+    } rows[] = {
+        {"CMemoryException", RUNTIME_CLASS(CMemoryException), [] { AfxThrowMemoryException(); },
+         FALSE},
+        {"CNotSupportedException", RUNTIME_CLASS(CNotSupportedException),
+         [] { AfxThrowNotSupportedException(); }, FALSE},
+        {"CResourceException", RUNTIME_CLASS(CResourceException),
+         [] { AfxThrowResourceException(); }, FALSE},
+        {"CUserException", RUNTIME_CLASS(CUserException), [] { AfxThrowUserException(); }, FALSE},
+        {"CInvalidArgException", RUNTIME_CLASS(CInvalidArgException),
+         [] { AfxThrowInvalidArgException(); }, FALSE},
+        {"CFileException", RUNTIME_CLASS(CFileException),
+         [] { AfxThrowFileException(CFileException::diskFull); }, TRUE},
+        {"CArchiveException", RUNTIME_CLASS(CArchiveException),
+         [] { AfxThrowArchiveException(CArchiveException::badClass); }, TRUE},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        for (int time = 0; time < 2; ++time) { // a static one can be thrown again
+            try {
+                row.raise();
+                ADD_FAILURE();
+            } catch (CException* exception) {
+                EXPECT_EQ(exception->GetRuntimeClass(), row.runtimeClass);
+                EXPECT_STREQ(exception->GetRuntimeClass()->m_lpszClassName, row.name);
+                for (const auto& other : rows)
+                    EXPECT_EQ(exception->IsKindOf(other.runtimeClass), &other == &row);
+                EXPECT_TRUE(exception->IsKindOf(RUNTIME_CLASS(CException)));
+                EXPECT_TRUE(exception->IsKindOf(RUNTIME_CLASS(CObject)));
+                EXPECT_EQ(exception->m_bAutoDelete, row.deleted);
+                exception->Delete();
+            }
+        }
+    }
+}
+
+TEST(Exceptions, AHostsClassIsKnownByTheLibrarysBase) {
+    bool deleted = false;
+    CException* exception = new HostException(deleted);
+    EXPECT_TRUE(exception->IsKindOf(RUNTIME_CLASS(CFileException)));
+    EXPECT_TRUE(exception->IsKindOf(RUNTIME_CLASS(HostException)));
+    exception->m_bAutoDelete = FALSE;
+    exception->Delete();
+    EXPECT_FALSE(deleted);
+    exception->m_bAutoDelete = TRUE;
+    exception->Delete();
+    EXPECT_TRUE(deleted);
+}
+
+TEST(Exceptions, SystemErrorsHaveACause) {
+    const struct {
+        DWORD error;
+        int cause;
+    } rows[] = {
+        {0, CFileException::none},
+        {2, CFileException::fileNotFound},
+        {3, CFileException::badPath},
+        {4, CFileException::tooManyOpenFiles},
+        {5, CFileException::accessDenied},
+        {6, CFileException::invalidFile},
+        {16, CFileException::removeCurrentDir},
+        {19, CFileException::accessDenied},
+        {32, CFileException::sharingViolation},
+        {33, CFileException::lockViolation},
+        {38, CFileException::endOfFile},
+        {80, CFileException::accessDenied},
+        {112, CFileException::diskFull},
+        {123, CFileException::badPath},
+        {131, CFileException::badSeek},
+        {1, CFileException::genericException},
+        {10054, CFileException::genericException},
+        {0xffffffff, CFileException::genericException},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(CFileException::OsErrorToException(static_cast<LONG>(row.error)), row.cause)
+            << row.error;
+
+    CFileException::ThrowOsError(0, _T("name"));
+    try {
+        CFileException::ThrowOsError(5, _T("name"));
+        FAIL();
+    } catch (CFileException* exception) {
+        EXPECT_EQ(exception->m_cause, CFileException::accessDenied);
+        EXPECT_EQ(exception->m_lOsError, 5);
+        EXPECT_EQ(exception->m_strFileName, _T("name"));
+        exception->Delete();
+    }
+}
+
+TEST(Exceptions, TellTheCatalogueTextOfTheirCause) {
+    const GermanTexts german;
+    CMemoryException memory;
+    CInvalidArgException argument;
+    CFileException file(CFileException::endOfFile);
+    CFileException unknownFile(22);
+    CFileException negativeFile(-1);
+    CArchiveException archive(CArchiveException::badSchema);
+    CArchiveException unknownArchive(8);
+    const struct {
+        CException& exception;
+        UINT textId;
+    } rows[] = {
+        {memory, 21240},  {argument, 21243},       {file, 22534},         {unknownFile, 22521},
+        {archive, 22549}, {unknownArchive, 22543}, {negativeFile, 22521},
+    };
+    for (const auto& row : rows) {
+        const CString expected = german.Text(row.textId);
+        ASSERT_FALSE(expected.IsEmpty());
+        WCHAR text[256];
+        UINT help = 7;
+        EXPECT_TRUE(row.exception.GetErrorMessage(text, 256, &help));
+        EXPECT_EQ(CString(text), expected);
+        EXPECT_EQ(help, 0u);
+        EXPECT_TRUE(row.exception.GetErrorMessage(text, 4));
+        EXPECT_EQ(CString(text), expected.Left(3));
+        EXPECT_FALSE(row.exception.GetErrorMessage(text, 0));
+        EXPECT_FALSE(row.exception.GetErrorMessage(nullptr, 4));
+    }
+    WCHAR text[4] = {'?'};
+    CException base;
+    EXPECT_FALSE(base.GetErrorMessage(text, 4));
+    EXPECT_EQ(text[0], 0);
+
+    MessageBoxRecorder app(IDRETRY);
+    EXPECT_EQ(file.ReportError(MB_RETRYCANCEL), IDRETRY);
+    EXPECT_EQ(base.ReportError(MB_OK, 21241), IDRETRY);
+    EXPECT_EQ(base.ReportError(), IDRETRY);
+    const std::vector<RecordedMessageBox> expected = {{german.Text(22534), MB_RETRYCANCEL, 0},
+                                                      {german.Text(21241), MB_OK, 21241},
+                                                      {german.Text(21243), MB_OK, 21243}};
+    EXPECT_EQ(app.Take(), expected);
+}

@@ -1,0 +1,71 @@
+#include "platform/linux/message_box.h"
+
+#include "platform/win32.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
+
+namespace {
+
+struct FileDeleter {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+struct Shown {
+    int result;
+    std::string output;
+};
+
+// Shows a box on a terminal where the user types the lines; without lines nobody sits there.
+Shown Show(LPCWSTR text, UINT type, const char* lines) {
+    char* output = nullptr;
+    std::size_t size = 0;
+    std::FILE* const out = open_memstream(&output, &size);
+    const std::unique_ptr<std::FILE, FileDeleter> input(
+        lines != nullptr ? fmemopen(const_cast<char*>(lines), std::strlen(lines), "r") : nullptr);
+    Shown shown;
+    shown.result = quorvel::TerminalMessageBox(text, _T("Title"), type, out, input.get());
+    std::fclose(out);
+    shown.output.assign(output, size);
+    std::free(output);
+    return shown;
+}
+
+} // namespace
+
+TEST(TerminalMessageBox, AnswersByLetterOrByDefault) {
+    const struct {
+        const char* label;
+        UINT type;
+        const char* lines;
+        int result;
+    } rows[] = {
+        {"nobody there", MB_YESNO, nullptr, IDYES},
+        {"second button preset", MB_YESNO | MB_DEFBUTTON2, nullptr, IDNO},
+        {"third button preset", MB_YESNOCANCEL | MB_DEFBUTTON3, nullptr, IDCANCEL},
+        {"preset beyond the buttons", MB_OKCANCEL | MB_DEFBUTTON4, nullptr, IDOK},
+        {"one button is not asked for", MB_OK, "x\n", IDOK},
+        {"letter", MB_YESNOCANCEL, "c\n", IDCANCEL},
+        {"capital letter", MB_ABORTRETRYIGNORE, "Ignore\n", IDIGNORE},
+        {"asked again", MB_RETRYCANCEL, "q\nc\n", IDCANCEL},
+        {"empty line", MB_YESNO | MB_DEFBUTTON2, "\n", IDNO},
+        {"end of the input", MB_OKCANCEL | MB_DEFBUTTON2, "q\n", IDCANCEL},
+        {"continue", MB_CANCELTRYCONTINUE, "o\n", IDCONTINUE},
+        {"unknown set", 7, "o\n", 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Show(_T("text"), row.type, row.lines).result, row.result) << row.label;
+    EXPECT_EQ(quorvel::win32::GetLastError(), ERROR_INVALID_MSGBOX_STYLE);
+}
+
+TEST(TerminalMessageBox, WritesTitleIconAndTextWithoutControlCharacters) {
+    EXPECT_EQ(Show(_T("a\r\nb\x1b[2J\x9b\tc\xe9"), MB_OK | MB_ICONERROR, nullptr).output,
+              "Title (error)\na\nb[2J\tc\xc3\xa9\n");
+    EXPECT_EQ(Show(nullptr, MB_OK, nullptr).output, "Title\n\n");
+    EXPECT_EQ(Show(_T("?"), MB_YESNO | MB_DEFBUTTON2 | MB_ICONQUESTION, "y\n").output,
+              "Title (question)\n?\n[y] Yes  [n] No (default)  ? ");
+}
