@@ -1,49 +1,16 @@
-// Calendar arithmetic works on whole days since 30 December 1899 and whole seconds of a day. Years
-// are counted from March in it, so that the day that comes and goes is the last of a year, and
-// days from 1 March of the year 0 on, so that everything stays positive.
 #include <quorvel/framework/date_time.h>
 
+#include "framework/calendar_days.h"
 #include "platform/win32.h"
 
 #include <cmath>
 
+using namespace quorvel;
+
 namespace {
 
-constexpr int kFirstDay = -657434; // 1 January 100
-constexpr int kLastDay = 2958465;  // 31 December 9999
 constexpr double kLongestSpan = kLastDay - kFirstDay;
 constexpr int kSecondsPerDay = 86400;
-
-constexpr int kDaysPer400Years = 146097;
-constexpr int kDaysFromMarchOfYear0 = 693899; // to 30 December 1899
-
-struct CalendarDay {
-    int year;
-    int month;
-    int day;
-};
-
-constexpr int DaysFromCalendar(CalendarDay date) {
-    const int year = date.month > 2 ? date.year : date.year - 1;
-    const int month = (date.month + 9) % 12; // March is 0
-    return year * 365 + year / 4 - year / 100 + year / 400 + (month * 153 + 2) / 5 + date.day - 1 -
-           kDaysFromMarchOfYear0;
-}
-
-constexpr CalendarDay CalendarFromDays(int days) {
-    days += kDaysFromMarchOfYear0;
-    const int era = days / kDaysPer400Years;
-    const int dayOfEra = days % kDaysPer400Years;
-    const int yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-    const int dayOfYear = dayOfEra - (yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100);
-    const int month = (dayOfYear * 5 + 2) / 153; // March is 0
-    return {era * 400 + yearOfEra + (month >= 10), month < 10 ? month + 3 : month - 9,
-            dayOfYear - (month * 153 + 2) / 5 + 1};
-}
-
-static_assert(DaysFromCalendar({1899, 12, 30}) == 0);
-static_assert(DaysFromCalendar({100, 1, 1}) == kFirstDay);
-static_assert(DaysFromCalendar({9999, 12, 31}) == kLastDay);
 
 // The calendar tells whether a day exists: a day that does not becomes another.
 bool IsDay(CalendarDay date) {
@@ -75,17 +42,7 @@ struct Moment {
 };
 
 bool ToMoment(const COleDateTime& date, Moment& moment) {
-    if (date.GetStatus() != COleDateTime::valid || !InRange(date.m_dt))
-        return false;
-    const double days = std::trunc(date.m_dt);
-    moment.days = static_cast<int>(days);
-    moment.seconds =
-        static_cast<int>(std::floor(std::fabs(date.m_dt - days) * kSecondsPerDay + 0.5));
-    if (moment.seconds == kSecondsPerDay) {
-        moment.seconds = 0;
-        ++moment.days;
-    }
-    if (moment.days > kLastDay)
+    if (!ToDaysAndSeconds(date, moment.days, moment.seconds))
         return false;
     moment.calendar = CalendarFromDays(moment.days);
     return true;
@@ -187,6 +144,19 @@ long long WholeSeconds(const COleDateTimeSpan& span) {
 }
 
 } // namespace
+
+bool quorvel::ToDaysAndSeconds(const COleDateTime& date, int& days, int& seconds) noexcept {
+    if (date.GetStatus() != COleDateTime::valid || !InRange(date.m_dt))
+        return false;
+    const double wholeDays = std::trunc(date.m_dt);
+    days = static_cast<int>(wholeDays);
+    seconds = static_cast<int>(std::floor(std::fabs(date.m_dt - wholeDays) * kSecondsPerDay + 0.5));
+    if (seconds == kSecondsPerDay) {
+        seconds = 0;
+        ++days;
+    }
+    return days <= kLastDay;
+}
 
 COleDateTimeSpan::COleDateTimeSpan(double days) noexcept
     : m_span(days), m_status(std::fabs(days) <= kLongestSpan ? valid : invalid) {}

@@ -5,8 +5,10 @@
 namespace quorvel {
 
 WCHAR FoldCaseBeyondAscii(WCHAR unit) {
+    // The platform's table has only letters that come back: U+212A (kelvin) is not folded to k,
+    // whose upper case is K.
     const UChar32 lower = u_tolower(unit);
-    return lower <= 0xffff ? static_cast<WCHAR>(lower) : unit;
+    return lower <= 0xffff && u_toupper(lower) == unit ? static_cast<WCHAR>(lower) : unit;
 }
 
 } // namespace quorvel

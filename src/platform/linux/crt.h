@@ -3,7 +3,7 @@
 // 1e+020. tests/conformance/printf_test.cpp has all of them, measured on Windows' runtime.
 //
 // Refused with -1: a null format, %n, a width or precision that would pad with more than
-// 100,000,000 characters, a result longer than INT_MAX, and in narrow formats wide text (%S, %ls)
+// 10,000,000 characters, a result longer than INT_MAX, and in narrow formats wide text (%S, %ls)
 // that holds a character above U+00FF. The runtime converts between the widths one to one, as the C
 // locale has it.
 #pragma once

@@ -52,7 +52,7 @@ public:
     std::size_t GetLength() const { return m_length; }
 
 private:
-    static constexpr long long kMaximumFill = 100'000'000;
+    static constexpr long long kMaximumFill = 10'000'000;
 
     std::size_t Position() const { return std::min(m_length, m_size); }
     std::size_t Room(std::size_t count) const { return std::min(count, m_size - Position()); }

@@ -13,8 +13,10 @@ DWORD CharLowerBuffW(LPWSTR text, DWORD length) {
 
 DWORD CharUpperBuffW(LPWSTR text, DWORD length) {
     for (DWORD i = 0; i < length; ++i) {
+        // As with lower case, only letters that come back: U+00B5 (micro) is not raised to the
+        // Greek letter.
         const UChar32 upper = u_toupper(text[i]);
-        if (upper <= 0xffff)
+        if (upper <= 0xffff && u_tolower(upper) == text[i])
             text[i] = static_cast<WCHAR>(upper);
     }
     return length;

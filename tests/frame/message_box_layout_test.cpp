@@ -1,0 +1,131 @@
+// The geometry of a message box with a heading or a check box, against rectangles worked out by
+// hand.
+#include "frame/message_box_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+using quorvel::LayOutMessageBox;
+using quorvel::MessageBoxLayout;
+using quorvel::MessageBoxParts;
+
+void PrintTo(const CRect& rect, std::ostream* stream) {
+    *stream << rect.left << ',' << rect.top << ',' << rect.right << ',' << rect.bottom;
+}
+void PrintTo(const CSize& size, std::ostream* stream) {
+    *stream << size.cx << 'x' << size.cy;
+}
+
+namespace {
+
+struct Row {
+    const char* label;
+    MessageBoxParts parts;
+    MessageBoxLayout expected;
+};
+
+const CRect kIcon(11, 11, 43, 43);
+const CRect kLine(60, 19, 240, 35);
+const CRect kButton(110, 80, 190, 104);
+const CSize kClient(300, 120);
+const CSize kWindow(306, 148);
+
+const Row kRows[] = {
+    {"nothing added",
+     {kClient, kWindow, kIcon, kLine, {kButton}, {}, {}},
+     {kClient, kWindow, kLine, {kButton}, {}, {}}},
+    {"heading",
+     {kClient, kWindow, kIcon, kLine, {kButton}, {{{100, 16}, 16, 0}}, {}},
+     {{300, 136}, {306, 164}, {60, 43, 240, 59}, {{110, 96, 190, 120}}, {60, 11, 160, 27}, {}}},
+    {"external leading moves the text",
+     {kClient, kWindow, kIcon, kLine, {kButton}, {{{100, 16}, 16, 2}}, {}},
+     {{300, 138}, {306, 166}, {60, 45, 240, 61}, {{110, 98, 190, 122}}, {60, 11, 160, 27}, {}}},
+    {"negative leading does not",
+     {kClient, kWindow, kIcon, kLine, {kButton}, {{{100, 16}, 16, -2}}, {}},
+     {{300, 136}, {306, 164}, {60, 43, 240, 59}, {{110, 96, 190, 120}}, {60, 11, 160, 27}, {}}},
+    {"heading that just fits",
+     {kClient, kWindow, kIcon, kLine, {kButton}, {{{229, 16}, 16, 0}}, {}},
+     {{300, 136}, {306, 164}, {60, 43, 240, 59}, {{110, 96, 190, 120}}, {60, 11, 289, 27}, {}}},
+    {"wide heading, odd growth halved for the buttons",
+     {kClient, kWindow, kIcon, kLine, {kButton}, {{{260, 16}, 16, 0}}, {}},
+     {{331, 136}, {337, 164}, {60, 43, 240, 59}, {{125, 96, 205, 120}}, {60, 11, 320, 27}, {}}},
+    {"text longer than the icon",
+     {{300, 170},
+      {306, 198},
+      kIcon,
+      {60, 11, 240, 107},
+      {{110, 130, 190, 154}},
+      {{{100, 16}, 16, 2}},
+      {}},
+     {{300, 268}, {306, 296}, {60, 45, 240, 141}, {{110, 228, 190, 252}}, {60, 11, 160, 27}, {}}},
+    {"text below the heading already",
+     {{300, 170},
+      {306, 198},
+      kIcon,
+      {60, 90, 240, 106},
+      {{110, 130, 190, 154}},
+      {{{100, 16}, 16, 0}},
+      {}},
+     {{300, 233}, {306, 261}, {60, 90, 240, 106}, {{110, 193, 190, 217}}, {60, 11, 160, 27}, {}}},
+    {"no icon",
+     {{220, 90},
+      {226, 118},
+      {},
+      {11, 11, 191, 27},
+      {{30, 50, 110, 74}, {116, 50, 196, 74}},
+      {{{100, 16}, 16, 0}},
+      {}},
+     {{220, 122},
+      {226, 150},
+      {11, 43, 191, 59},
+      {{30, 82, 110, 106}, {116, 82, 196, 106}},
+      {11, 11, 111, 27},
+      {}}},
+    {"check box",
+     {kClient, kWindow, kIcon, kLine, {kButton}, {}, {{150, 13}}},
+     {{300, 144}, {306, 172}, kLine, {{110, 104, 190, 128}}, {}, {11, 80, 290, 93}}},
+    {"wide check box",
+     {kClient, kWindow, kIcon, kLine, {kButton}, {}, {{300, 13}}},
+     {{341, 144}, {347, 172}, kLine, {{130, 104, 210, 128}}, {}, {11, 80, 331, 93}}},
+    {"check box without a text",
+     {{30, 120}, {36, 148}, kIcon, kLine, {kButton}, {}, {{0, 0}}},
+     {{35, 144}, {41, 172}, kLine, {{112, 104, 192, 128}}, {}, {11, 80, 25, 93}}},
+    {"margin of the icon",
+     {kClient, kWindow, {{20, 11, 52, 43}}, kLine, {kButton}, {}, {{150, 13}}},
+     {{300, 153}, {306, 181}, kLine, {{110, 113, 190, 137}}, {}, {20, 80, 281, 93}}},
+    {"margin without an icon",
+     {kClient, kWindow, {}, kLine, {kButton}, {}, {{150, 13}}},
+     {{300, 144}, {306, 172}, kLine, {{110, 104, 190, 128}}, {}, {11, 80, 290, 93}}},
+    {"a button at the top edge does not count for the row, but moves",
+     {kClient, kWindow, kIcon, kLine, {{5, 0, 15, 10}, kButton}, {}, {{150, 13}}},
+     {{300, 144},
+      {306, 172},
+      kLine,
+      {{5, 24, 15, 34}, {110, 104, 190, 128}},
+      {},
+      {11, 80, 290, 93}}},
+    {"both",
+     {kClient, kWindow, kIcon, kLine, {kButton}, {{{260, 16}, 16, 0}}, {{300, 13}}},
+     {{341, 160},
+      {347, 188},
+      {60, 43, 240, 59},
+      {{130, 120, 210, 144}},
+      {60, 11, 320, 27},
+      {11, 96, 331, 109}}},
+};
+
+TEST(MessageBoxLayout, GivesHeadingAndCheckBoxTheirPlace) {
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.label);
+        const MessageBoxLayout layout = LayOutMessageBox(row.parts);
+        EXPECT_EQ(layout.clientSize, row.expected.clientSize);
+        EXPECT_EQ(layout.windowSize, row.expected.windowSize);
+        EXPECT_EQ(layout.text, row.expected.text);
+        EXPECT_EQ(layout.buttons, row.expected.buttons);
+        EXPECT_EQ(layout.heading, row.expected.heading);
+        EXPECT_EQ(layout.checkBox, row.expected.checkBox);
+    }
+}
+
+} // namespace

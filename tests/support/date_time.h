@@ -1,0 +1,12 @@
+// Readable failure messages for the library's dates.
+#pragma once
+
+#include <quorvel/framework/date_time.h>
+
+#include "support/text.h"
+
+// The calendar date and time, with the serial for what they do not tell.
+inline void PrintTo(const COleDateTime& date, std::ostream* stream) {
+    PrintTo(date.Format(_T("%Y-%m-%d %H:%M:%S")), stream);
+    *stream << " (" << date.m_dt << ", status " << date.GetStatus() << ')';
+}

@@ -1,0 +1,195 @@
+#include <quorvel/types/module_version.h>
+#include <quorvel/types/version_number.h>
+
+#include "support/temporary_folder.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace quorvel::win32;
+
+CString Sample(const WCHAR* name) {
+    return CString(QUORVEL_SAMPLES) + _T("/") + name;
+}
+
+std::string BytesOf(const WCHAR* sample) {
+    std::ifstream file(std::filesystem::path(std::basic_string<WCHAR>(Sample(sample))),
+                       std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+TEST(ModuleVersion, NothingIsLoadedAtFirst) {
+    CModuleVersion module;
+    EXPECT_FALSE(module.IsLoaded());
+    EXPECT_EQ(module.GetLastError(), 0u);
+    EXPECT_EQ(module.GetFileName(), _T(""));
+    WORD parts[4] = {7, 7, 7, 7};
+    EXPECT_FALSE(module.GetFileVersion(parts[0], parts[1], parts[2], parts[3]));
+    EXPECT_FALSE(parts[0] || parts[1] || parts[2] || parts[3]);
+    CVersionNumber number(1, 2, 3, 4);
+    EXPECT_FALSE(module.GetFileVersion(number));
+    EXPECT_FALSE(module.GetProductVersion(number));
+    EXPECT_TRUE(number == CVersionNumber(1, 2, 3, 4));
+    DWORD zero = 7;
+    EXPECT_EQ(module.GetFileOS(zero), 0u);
+    EXPECT_EQ(zero, 0u);
+    CString value(_T("before"));
+    EXPECT_FALSE(module.GetComments(value));
+    EXPECT_EQ(value, _T(""));
+    EXPECT_EQ(module.GetLastError(), DWORD{ERROR_INVALID_HANDLE});
+    EXPECT_FALSE(module.GetSubBlockValue(nullptr, value));
+    EXPECT_EQ(module.GetLastError(), DWORD{ERROR_BAD_ARGUMENTS});
+}
+
+TEST(ModuleVersion, NumbersComeFromTheFixedBlock) {
+    for (const WCHAR* sample : {_T("full.dll"), _T("full64.dll")}) {
+        CModuleVersion module;
+        ASSERT_TRUE(module.Load(Sample(sample)));
+        EXPECT_TRUE(module.IsLoaded());
+        EXPECT_EQ(module.GetFileName(), Sample(sample));
+        EXPECT_EQ(module.GetLastError(), 0u);
+        WORD parts[4];
+        EXPECT_TRUE(module.GetProductVersion(parts[0], parts[1], parts[2], parts[3]));
+        EXPECT_EQ(CVersionNumber(parts[0], parts[1], parts[2], parts[3]).GetText(),
+                  _T("5.6.7.65535"));
+        CVersionNumber number;
+        EXPECT_TRUE(module.GetFileVersion(number));
+        EXPECT_TRUE(number == CVersionNumber(1, 2, 3, 4));
+        EXPECT_TRUE(module.GetProductVersion(number));
+        EXPECT_TRUE(number == CVersionNumber(5, 6, 7, 65535));
+        const struct {
+            DWORD (CModuleVersion::*get)(DWORD&) const noexcept;
+            DWORD value;
+        } fields[] = {
+            {&CModuleVersion::GetFileFlags, 0x21},
+            {&CModuleVersion::GetFileOS, 0x40004},
+            {&CModuleVersion::GetFileType, 2},
+            {&CModuleVersion::GetFileSubtype, 0},
+        };
+        for (const auto& field : fields) {
+            DWORD zero = 7;
+            EXPECT_EQ((module.*field.get)(zero), field.value);
+            EXPECT_EQ(zero, 0u);
+        }
+    }
+}
+
+TEST(ModuleVersion, TextsComeFromTheFirstTranslation) {
+    CModuleVersion module;
+    ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));
+    CString value(_T("before"));
+    EXPECT_TRUE(module.GetCompanyName(value));
+    EXPECT_EQ(value, _T("A company of 20 \x20ac"));
+    EXPECT_TRUE(module.GetFileVersion(value));
+    EXPECT_EQ(value, _T("1.2 beta"));
+    EXPECT_TRUE(module.GetSubBlockValue(_T("companyNAME"), value));
+    value = _T("FileVersion"); // the name may be the value
+    EXPECT_TRUE(module.GetSubBlockValue(value, value));
+    EXPECT_EQ(value, _T("1.2 beta"));
+    EXPECT_FALSE(module.GetSpecialBuild(value));
+    EXPECT_EQ(value, _T(""));
+    EXPECT_EQ(module.GetLastError(), DWORD{ERROR_RESOURCE_TYPE_NOT_FOUND});
+}
+
+TEST(ModuleVersion, EachGetterAsksForItsKey) {
+    CModuleVersion module;
+    ASSERT_TRUE(module.Load(_T("Quorvel_DEU.dll")));
+    const struct {
+        BOOL (CModuleVersion::*get)(CString&);
+        const WCHAR* value;
+    } rows[] = {
+        {&CModuleVersion::GetCompanyName, _T("The Quorvel team")},
+        {&CModuleVersion::GetFileDescription, _T("Quorvel: deutsche Texte")},
+        {&CModuleVersion::GetInternalName, _T("Quorvel_DEU")},
+        {&CModuleVersion::GetLegalCopyright, _T("\xa9 The Quorvel team")},
+        {&CModuleVersion::GetOriginalFileName, _T("Quorvel_DEU.dll")},
+        {&CModuleVersion::GetProductName, _T("Quorvel")},
+    };
+    for (const auto& row : rows) {
+        CString value;
+        EXPECT_TRUE((module.*row.get)(value));
+        EXPECT_EQ(value, CString(row.value));
+    }
+    CString fileVersion, productVersion;
+    CVersionNumber number;
+    EXPECT_TRUE(module.GetFileVersion(fileVersion) && module.GetFileVersion(number));
+    EXPECT_EQ(fileVersion, number.GetText());
+    EXPECT_TRUE(module.GetProductVersion(productVersion) && module.GetProductVersion(number));
+    EXPECT_EQ(productVersion, number.GetText());
+}
+
+TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
+    const TemporaryFolder folder;
+    std::string damaged = BytesOf(_T("full.dll"));
+    const std::size_t signature = damaged.find("\xbd\x04\xef\xfe");
+    ASSERT_NE(signature, damaged.npos);
+    damaged[signature] = 0;
+    folder.Write(_T("damaged.dll"), damaged);
+    folder.Write(_T("text.txt"), "not a module");
+    const struct {
+        const char* label;
+        CString path;
+        DWORD error;
+        bool kept;
+    } rows[] = {
+        {"missing", folder.Path(_T("missing.dll")), ERROR_FILE_NOT_FOUND, true},
+        {"not a module", folder.Path(_T("text.txt")), ERROR_RESOURCE_DATA_NOT_FOUND, true},
+        {"no resources", Sample(_T("no_resources.dll")), ERROR_RESOURCE_DATA_NOT_FOUND, true},
+        {"no version", Sample(_T("strings_only.dll")), ERROR_RESOURCE_DATA_NOT_FOUND, true},
+        {"no translation", Sample(_T("no_translation.dll")), ERROR_RESOURCE_TYPE_NOT_FOUND, false},
+        {"damaged", folder.Path(_T("damaged.dll")), 0, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        CModuleVersion module;
+        ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));
+        EXPECT_FALSE(module.Load(row.path));
+        EXPECT_EQ(module.GetLastError(), row.error);
+        EXPECT_EQ(module.IsLoaded() != FALSE, row.kept);
+        EXPECT_EQ(module.GetFileName(), row.kept ? Sample(_T("full.dll")) : CString());
+        CVersionNumber number;
+        EXPECT_EQ(module.GetFileVersion(number) != FALSE, row.kept);
+    }
+    CModuleVersion module;
+    ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));
+    EXPECT_FALSE(module.Load(static_cast<const WCHAR*>(nullptr)));
+    EXPECT_EQ(module.GetLastError(), DWORD{ERROR_BAD_ARGUMENTS});
+    CString value;
+    EXPECT_TRUE(module.GetCompanyName(value)); // nothing else changed
+}
+
+TEST(ModuleVersion, AFailedLoadForgetsTheCodePageOfTheTexts) {
+    CModuleVersion module;
+    ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));
+    EXPECT_FALSE(module.Load(Sample(_T("strings_only.dll"))));
+    CString value;
+    EXPECT_FALSE(module.GetCompanyName(value)); // the table of 0x0409 and 1252 is not there
+    CVersionNumber number;
+    EXPECT_TRUE(module.GetFileVersion(number));
+}
+
+TEST(ModuleVersion, ACopyOutlivesItsOriginal) {
+    CModuleVersion copy;
+    {
+        CModuleVersion original;
+        ASSERT_TRUE(original.Load(Sample(_T("full.dll"))));
+        const CModuleVersion middle(original);
+        copy = middle;
+        copy = *&copy;
+        EXPECT_FALSE(original.Load(Sample(_T("no_translation.dll"))));
+    }
+    EXPECT_EQ(copy.GetFileName(), Sample(_T("full.dll")));
+    CVersionNumber number;
+    EXPECT_TRUE(copy.GetFileVersion(number));
+    EXPECT_TRUE(number == CVersionNumber(1, 2, 3, 4));
+    CString value;
+    EXPECT_TRUE(copy.GetFileVersion(value));
+    EXPECT_EQ(value, _T("1.2 beta"));
+    copy = CModuleVersion();
+    EXPECT_FALSE(copy.IsLoaded());
+    EXPECT_FALSE(copy.GetFileVersion(number));
+}
+
+} // namespace

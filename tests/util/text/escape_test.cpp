@@ -1,0 +1,97 @@
+#include <quorvel/util/text/escape.h>
+
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+TEST(Escape, BytesUnsafeInWebAddressesAreEscaped) {
+    const struct {
+        const char* text;
+        BOOL spaceAsPlus;
+        const char* expected;
+    } rows[] = {
+        {"", FALSE, ""},
+        {"a b", TRUE, "a+b"},
+        {"a b", FALSE, "a%20b"},
+        {"\xc3\xa9", FALSE, "%C3%A9"},
+        {"azAZ09-_.*", FALSE, "azAZ09-_.*"},
+        {"+~/:?#[]@!$&'(),;=%\"<>\\^`{|}", TRUE,
+         "%2B%7E%2F%3A%3F%23%5B%5D%40%21%24%26%27%28%29%2C%3B%3D%25%22%3C%3E%5C%5E%60%7B%7C%7D"},
+        {"\x01\t\x7f\x80\xff", FALSE, "%01%09%7F%80%FF"},
+    };
+    for (const auto& row : rows) {
+        CStringA escaped("#");
+        EXPECT_TRUE(AfxUTF8EscapeUnsafeURLCharacters(row.text, escaped, row.spaceAsPlus));
+        EXPECT_EQ(escaped, row.expected) << row.text;
+    }
+    CStringA escaped("#");
+    EXPECT_FALSE(AfxUTF8EscapeUnsafeURLCharacters(nullptr, escaped, FALSE));
+    EXPECT_EQ(escaped, "#");
+}
+
+TEST(Escape, TheOutputEndsWhereTheNextItemDoesNotFit) {
+    const struct {
+        const char* label;
+        std::string text;
+        BOOL whole;
+        std::string expected;
+    } rows[] = {
+        {"2083 kept", std::string(2083, 'a'), TRUE, std::string(2083, 'a')},
+        {"2084 kept", std::string(2084, 'a'), FALSE, std::string(2083, 'a')},
+        {"very long", std::string(100000, 'a'), FALSE, std::string(2083, 'a')},
+        {"an escape in the last three places", std::string(2080, 'a') + "%", TRUE,
+         std::string(2080, 'a') + "%25"},
+        {"an escape with two places left", std::string(2081, 'a') + "%b", FALSE,
+         std::string(2081, 'a')},
+        {"a plus in the last place", std::string(2082, 'a') + " ", TRUE,
+         std::string(2082, 'a') + "+"},
+    };
+    for (const auto& row : rows) {
+        CStringA escaped;
+        EXPECT_EQ(AfxUTF8EscapeUnsafeURLCharacters(row.text.c_str(), escaped, TRUE), row.whole)
+            << row.label;
+        EXPECT_EQ(escaped, row.expected.c_str()) << row.label;
+    }
+    CStringA escaped;
+    EXPECT_FALSE(AfxUTF8EscapeUnsafeURLCharacters(std::string(695, ' ').c_str(), escaped, FALSE));
+    EXPECT_EQ(escaped.GetLength(), 2082); // 694 escapes
+}
+
+TEST(Escape, OtherEncodingsAreEscapedAsUtf8) {
+    CStringA escaped;
+    EXPECT_TRUE(
+        AfxWideCharToUTF8EscapeUnsafeURLCharacters(_T("\x20ac \xd83d\xde00"), escaped, FALSE));
+    EXPECT_EQ(escaped, "%E2%82%AC%20%F0%9F%98%80");
+
+    escaped = "#";
+    EXPECT_FALSE(AfxMultiByteToUTF8EscapeUnsafeURLCharacters(CP_UTF8, 0, nullptr, escaped, TRUE));
+    EXPECT_FALSE(AfxMultiByteToUTF8EscapeUnsafeURLCharacters(4, 0, "a", escaped, TRUE));
+    EXPECT_FALSE(AfxMultiByteToUTF8EscapeUnsafeURLCharacters(CP_UTF8, MB_ERR_INVALID_CHARS, "\xe9",
+                                                             escaped, TRUE));
+    EXPECT_FALSE(AfxWideCharToUTF8EscapeUnsafeURLCharacters(nullptr, escaped, TRUE));
+    EXPECT_EQ(escaped, "#");
+}
+
+TEST(Escape, RegularExpressionMetacharactersGetABackslash) {
+    const struct {
+        const WCHAR* text;
+        const WCHAR* expected;
+    } rows[] = {
+        {_T(""), _T("")},
+        {_T("1.5*(x)"), _T("1\\.5\\*\\(x\\)")},
+        {_T("#$()*+.?[\\]^{|}"), _T("\\#\\$\\(\\)\\*\\+\\.\\?\\[\\\\\\]\\^\\{\\|\\}")},
+        {_T("a-b_c/d \t\xe9<>\"'!%&,:;=@`~"), _T("a-b_c/d \t\xe9<>\"'!%&,:;=@`~")},
+    };
+    for (const auto& row : rows) {
+        CString escaped(_T("#"));
+        EXPECT_TRUE(AfxEscapeRegularExpressionMetacharacters(row.text, escaped));
+        EXPECT_EQ(escaped, row.expected);
+    }
+    CString escaped(_T("a.b"));
+    EXPECT_FALSE(AfxEscapeRegularExpressionMetacharacters(nullptr, escaped));
+    EXPECT_EQ(escaped, _T("a.b"));
+    EXPECT_TRUE(AfxEscapeRegularExpressionMetacharacters(escaped, escaped)); // its own text
+    EXPECT_EQ(escaped, _T("a\\.b"));
+}
