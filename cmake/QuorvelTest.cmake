@@ -46,6 +46,7 @@ endfunction()
 # replays fuzz/corpus/NAME as an ordinary test, so that old findings stay found on both systems.
 function(quorvel_fuzz name source)
   add_executable(fuzz_${name} ${source})
+  target_include_directories(fuzz_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(fuzz_${name} PRIVATE quorvel_static quorvel_system quorvel_flags
     quorvel_boost)
   quorvel_fix_environment(fuzz_${name} ${QUORVEL_TEST_LOCALE} ${QUORVEL_TEST_TIME_ZONE})

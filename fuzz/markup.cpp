@@ -1,0 +1,64 @@
+// Parses any bytes as a document, as UTF-16 and through a code page, walks all of it and reads
+// every element, and checks what must hold of any index.
+#include "xml/markup_probe.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+void Require(bool condition) {
+    if (!condition)
+        std::abort();
+}
+
+void CheckIndex(const MarkupProbe& markup) {
+    const int length = markup.GetDocConstRef().GetLength();
+    int previous = -1;
+    for (const auto& [open, close, endOpen, endClose, depth] : markup.Tree()) {
+        Require(previous < open && open < close && close < length);
+        Require(endClose < length && depth >= 0);
+        Require(close == endOpen + 1 ? close == endClose : close < endOpen && endOpen < endClose);
+        previous = open;
+    }
+}
+
+void ReadEverything(MarkupProbe& markup) {
+    for (;;) {
+        if (markup.FindElem()) {
+            markup.GetTagName();
+            markup.GetData();
+            markup.GetAttrib(_T("a"));
+            markup.GetAttrib(_T(""));
+            markup.FindChildElem(_T("b"));
+            markup.ResetChildPos();
+            markup.IntoElem();
+            continue;
+        }
+        if (!markup.OutOfElem())
+            return;
+    }
+}
+
+void Check(MarkupProbe& markup, bool parsed) {
+    Require(parsed == markup.IsWellFormed());
+    CheckIndex(markup);
+    ReadEverything(markup);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static constexpr unsigned kCodePages[] = {65001, 1252, 28591, 20127};
+    if (size < 1 || size > 1 << 20)
+        return 0;
+    MarkupProbe markup;
+    const unsigned codePage = kCodePages[data[0] % std::size(kCodePages)];
+    Check(markup, markup.SetDoc(reinterpret_cast<const char*>(data + 1), static_cast<int>(size) - 1,
+                                codePage));
+    std::vector<WCHAR> text(size / sizeof(WCHAR) + 1); // never empty: memcpy wants a place
+    std::memcpy(text.data(), data, size / sizeof(WCHAR) * sizeof(WCHAR));
+    Check(markup, markup.SetDoc(text.data(), static_cast<int>(text.size()) - 1));
+    return 0;
+}

@@ -1,0 +1,252 @@
+// CMarkup: an XML document held as its text and an index of its elements.
+//
+// The whole document is one UTF-16 string. Beside it stands one 32-byte record per element with the
+// positions of its tags and its links to parent, first child and next sibling; nothing else is
+// materialised. Reading decodes from the text on demand, and an edit splices the text and shifts
+// the positions that lie behind it.
+//
+// Limits. Positions are 32-bit: a document has at most 2147483646 characters. A text or an edit
+// that would pass that, or finds no memory, throws CMemoryException and changes nothing (where
+// there is memory for a text but not for its index, the text is kept with an empty index). Parsing
+// is linear and iterative whatever the nesting. An edit moves the text and visits the elements
+// behind it, so that many edits at the front of a large document are quadratic by definition;
+// appending is not.
+//
+// How texts are read (the parser is lenient; AfxCheckXML judges well-formedness):
+// - A zero character ends the text for the parser; the document keeps what follows it.
+// - Only the first top-level element is parsed, with the comments, processing instructions, CDATA
+//   sections and document type declarations before it skipped.
+// - A start tag ends at the first ">" after its name, even inside a quoted attribute value.
+// - "<" directly followed by a delimiter other than "/", "!" and "?" names the tag by that one
+//   delimiter, so that the tag "<>" is called ">" and ends at the next ">".
+// - White space between "<" and "/" is allowed; between "<" and "!" or "?" it is an "Invalid node".
+// - Comments, sections and instructions end at the first terminator found from their "<" on:
+// "<!-->"
+//   and "<?>" are complete. Any "<![" opens a CDATA section and any "<!-" a comment.
+// - In a document type declaration every unquoted "[" and "]" counts, inside a longer word too.
+// - A ">" directly after the "/" of an end tag leaves it not completed, whatever the element is
+// called.
+//
+// An object is used by one thread at a time; different objects are independent.
+#pragma once
+
+#include <quorvel/framework/string.h>
+
+namespace quorvel {
+class AngleScanner;
+} // namespace quorvel
+
+class QUORVEL_API CMarkup {
+public:
+    CMarkup();
+    explicit CMarkup(const WCHAR* text);
+    // Copies the document, its index and the positions. The XML declaration and the error text are
+    // deliberately not copied. Assigning an object to itself throws CInvalidArgException.
+    CMarkup(const CMarkup& other);
+    CMarkup& operator=(const CMarkup& other);
+    virtual ~CMarkup();
+
+    // Replaces the document and parses it; true when a root element was parsed. Otherwise the text
+    // is kept with an empty index, and GetError tells why (a later success does not clear it; an
+    // empty text or one that starts with an end tag leaves it as it was). The text may be a part of
+    // this very document. A null text counts as empty.
+    bool SetDoc(const WCHAR* text);
+    // A length below 1, or null bytes, is refused with false and changes nothing.
+    bool SetDoc(const WCHAR* text, int length);
+    // As MultiByteToWideChar converts them; a conversion that yields nothing gives false, with the
+    // positions reset and the document as it was.
+    bool SetDoc(const char* bytes, int length, unsigned int codePage);
+
+    bool IsWellFormed() const;
+    CString GetError() const;
+    CString GetDoc() const;
+    CString& GetDocRef(); // who changes it calls SetDoc before using positions again
+    const CString& GetDocConstRef() const;
+
+    void ResetPos();
+    void ResetMainPos();
+    void ResetChildPos();
+
+    // The next element of that name (of any name for null or empty) after the main position at this
+    // level. A name matches a tag when it begins with the whole tag name and goes on with nothing
+    // or one of blank, "=", "/" and "[". False leaves the positions as they are.
+    bool FindElem(const WCHAR* name = nullptr);
+    // The same among the children of the main element, after the child position. Without a main
+    // position the first element of this level becomes it; where there is none, the result is
+    // false.
+    bool FindChildElem(const WCHAR* name = nullptr);
+    bool IntoElem();
+    bool OutOfElem();
+
+    // Empty where there is no such element or attribute.
+    CString GetTagName() const;
+    CString GetChildTagName() const;
+    // Quoted values only, with the five predefined entities decoded. An empty name gives the name
+    // of the tag's first attribute (deliberate, as is that a null name gives an empty text).
+    CString GetAttrib(const WCHAR* name) const;
+    CString GetChildAttrib(const WCHAR* name) const;
+    // The text of an element without children: that of a leading CDATA section as it stands, or
+    // else the whole content with the five predefined entities decoded and nothing trimmed.
+    CString GetData() const;
+    CString GetChildData() const;
+
+    // Adds an element after the main position, or as the parent's last child, and makes it the main
+    // position; at document level only while there is no root. AddChildElem does the same below the
+    // main element with the child position. Names are neither checked nor escaped. A null or empty
+    // value makes an empty element; a value that begins with "<![CDATA[" is taken as it stands. The
+    // arguments may point into the document.
+    bool AddElem(const WCHAR* name, const WCHAR* value = nullptr);
+    bool AddChildElem(const WCHAR* name, const WCHAR* value = nullptr);
+    // Set an attribute of the main or child element, adding it when it is absent; Add and Set are
+    // the same operation. False without an element or name, and for a quoted value that holds the
+    // ">" at which the tag was cut.
+    bool AddAttrib(const WCHAR* name, const WCHAR* value);
+    bool SetAttrib(const WCHAR* name, const WCHAR* value);
+    bool AddChildAttrib(const WCHAR* name, const WCHAR* value);
+    bool SetChildAttrib(const WCHAR* name, const WCHAR* value);
+
+// Each of the six also takes a value of these types: "yes" or "no" for bool, the character itself
+// for char, "%d" or "%u" for the integers (long is 32 bits wide in both builds), "%I64d" or "%I64u"
+// for the 64-bit ones, "%g" for float and double.
+#define QUORVEL_MARKUP_TYPED_VALUES(operation)                                                     \
+    bool operation(const WCHAR* name, bool value);                                                 \
+    bool operation(const WCHAR* name, char value);                                                 \
+    bool operation(const WCHAR* name, unsigned char value);                                        \
+    bool operation(const WCHAR* name, short value);                                                \
+    bool operation(const WCHAR* name, unsigned short value);                                       \
+    bool operation(const WCHAR* name, int value);                                                  \
+    bool operation(const WCHAR* name, unsigned int value);                                         \
+    bool operation(const WCHAR* name, long value);                                                 \
+    bool operation(const WCHAR* name, unsigned long value);                                        \
+    bool operation(const WCHAR* name, __int64 value);                                              \
+    bool operation(const WCHAR* name, unsigned long long value);                                   \
+    bool operation(const WCHAR* name, float value);                                                \
+    bool operation(const WCHAR* name, double value);
+    QUORVEL_MARKUP_TYPED_VALUES(AddElem)
+    QUORVEL_MARKUP_TYPED_VALUES(AddChildElem)
+    QUORVEL_MARKUP_TYPED_VALUES(AddAttrib)
+    QUORVEL_MARKUP_TYPED_VALUES(SetAttrib)
+    QUORVEL_MARKUP_TYPED_VALUES(AddChildAttrib)
+    QUORVEL_MARKUP_TYPED_VALUES(SetChildAttrib)
+#undef QUORVEL_MARKUP_TYPED_VALUES
+
+    // The line that a saved file begins with; by default <?xml version="1.0" encoding="utf-8"?>.
+    CString GetXMLDeclaration() const;
+    // Stores a text that as a whole matches ^<\?xml.*\?>$ and refuses any other.
+    bool SetXMLDeclaration(const WCHAR* text);
+    // The code page that the stored declaration names, UTF-8 (65001) where it names none, 0 for a
+    // name that is not known.
+    unsigned int GetCodePage() const;
+
+    // One element. Positions are in characters from the start of the document.
+    struct ElemPos {
+        int nTagOpen;     // the "<" of the start tag
+        int nTagClose;    // the ">" of the start tag
+        int nEndTagOpen;  // the "<" of the end tag; of an empty element its "/"
+        int nEndTagClose; // the ">" of the end tag; of an empty element nTagClose
+        int nSpare;
+        int iParent;
+        int iFirstChild;
+        int iNextSibling;
+    };
+
+protected:
+    // The state of the tokenizer.
+    struct TokenPos {
+        int nFirst;
+        int nLast;
+        int nNext;
+        const WCHAR* pszDoc;
+        BOOL bQuoted;
+    };
+    enum NodeKind {
+        nodeNone = 0,
+        nodeElement = 1,
+        nodeText = 2,
+        nodeWhitespace = 4,
+        nodeCData = 8,
+        nodeInstruction = 16,
+        nodeComment = 32,
+        nodeDocumentType = 64
+    };
+    enum { locateBefore = 1, locateExact = 2 }; // flags of x_LocateNew
+
+    // A growable array of records whose index is checked: outside it CInvalidArgException is
+    // thrown.
+    class QUORVEL_API ElementIndex {
+    public:
+        ElementIndex() = default;
+        ElementIndex(const ElementIndex&) = delete;
+        ElementIndex& operator=(const ElementIndex&) = delete;
+        ~ElementIndex();
+        int GetSize() const { return m_size; }
+        void Resize(int size); // new records are zero; throws CMemoryException
+        ElemPos& operator[](int index) {
+            CheckIndex(index);
+            return m_records[index];
+        }
+        const ElemPos& operator[](int index) const {
+            CheckIndex(index);
+            return m_records[index];
+        }
+        ElemPos* GetData() { return m_records; }
+        const ElemPos* GetData() const { return m_records; }
+
+    private:
+        void CheckIndex(int index) const {
+            if (static_cast<unsigned>(index) >= static_cast<unsigned>(m_size))
+                ThrowBadIndex();
+        }
+        [[noreturn]] static void ThrowBadIndex();
+
+        ElemPos* m_records = nullptr;
+        int m_size = 0;
+    };
+
+    void x_SetPos(int iPosParent, int iPosMain, int iPosChild);
+    int x_GetFreePos();
+    int x_ReleasePos();
+    int x_ParseError(const WCHAR* format, const WCHAR* name);
+    int x_ParseElem(int iPosParent);
+    static int x_ParseNode(TokenPos& token);
+    static bool x_FindChar(const WCHAR* text, int& position, WCHAR character);
+    static bool x_FindAny(const WCHAR* text, int& position);
+    static bool x_FindToken(TokenPos& token);
+    static CString x_GetToken(const TokenPos& token);
+    static bool x_MatchToken(const TokenPos& token, const WCHAR* name);
+    void x_DocChange(int start, int replaceLength, const CString& text);
+    void x_Adjust(int iPos, int shift, bool afterPos);
+    int x_LocateNew(int iPosParent, int& iPosBefore, int& offset, int length, int flags);
+
+    int x_FindElem(int iPosParent, int iPosAfter, const WCHAR* name) const;
+    bool x_FindAttrib(TokenPos& token, const WCHAR* name) const;
+    CString x_GetTagName(int iPos) const;
+    CString x_GetAttrib(int iPos, const WCHAR* name) const;
+    CString x_GetData(int iPos) const;
+    CString x_TextFromDoc(int first, int last) const;
+    static CString x_TextToDoc(const WCHAR* text, bool attribute);
+    bool x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool child);
+    bool x_SetAttrib(int iPos, const WCHAR* name, const WCHAR* value);
+
+    CString m_strXMLDeclaration;
+    CString m_strDoc;
+    CString m_strError;
+    ElementIndex m_aPos;
+    int m_iPosParent = 0;
+    int m_iPosMain = 0;
+    int m_iPosChild = 0;
+    int m_iPosFree = 1;
+    int m_nNodeType = 0;
+
+private:
+    bool Parse();
+    static bool SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int open, int end);
+    int CloseElement(const ElemPos& element, int tagOpen);
+    int LastChildOf(int iPosParent);
+
+    int m_nParseEnd = 0; // where the parser stops: the first zero character of the text
+    // The last child of one parent, remembered so that appending without a child position need not
+    // walk the siblings; 0 when not known.
+    int m_iLastChildParent = 0;
+    int m_iLastChild = 0;
+};

@@ -1,0 +1,92 @@
+#include "framework/replacement_file.h"
+
+#include <quorvel/framework/exceptions.h>
+
+#include "platform/replace_file.h"
+#include "platform/win32.h"
+
+namespace quorvel {
+
+namespace {
+
+bool IsMissing(DWORD error) {
+    return error == ERROR_FILE_NOT_FOUND;
+}
+
+} // namespace
+
+ReplacementFile::ReplacementFile(const WCHAR* path)
+    : m_path(path), m_target(FinalPath(path).c_str()) {
+    // Whoever may not write the target may not replace it either.
+    m_file = CreateFileW(m_target, GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                         FILE_ATTRIBUTE_NORMAL, nullptr);
+    const bool exists = m_file != INVALID_HANDLE_VALUE;
+    if (!exists && !IsMissing(GetLastError()))
+        ThrowLastError();
+    const bool isOrdinary = !exists || GetFileType(m_file) == FILE_TYPE_DISK;
+    if (exists)
+        CloseHandle(m_file);
+    m_file = INVALID_HANDLE_VALUE;
+    if (!isOrdinary || !CreateSibling())
+        CreateInPlace();
+}
+
+ReplacementFile::~ReplacementFile() {
+    if (m_file == INVALID_HANDLE_VALUE)
+        return;
+    const DWORD error = GetLastError();
+    CloseHandle(m_file);
+    if (!m_sibling.IsEmpty())
+        DeleteFileW(m_sibling);
+    SetLastError(error);
+}
+
+bool ReplacementFile::CreateSibling() {
+    constexpr int kAttempts = 100;
+    for (int i = 0; i < kAttempts && m_file == INVALID_HANDLE_VALUE; ++i) {
+        m_sibling.Format(_T("%s.%d.tmp"), m_target.GetString(), i);
+        m_file = CreateFileW(m_sibling, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                             FILE_ATTRIBUTE_NORMAL, nullptr);
+        const DWORD error = GetLastError();
+        if (m_file == INVALID_HANDLE_VALUE && error != ERROR_FILE_EXISTS &&
+            error != ERROR_ALREADY_EXISTS)
+            break;
+    }
+    if (m_file == INVALID_HANDLE_VALUE)
+        m_sibling.Empty();
+    return m_file != INVALID_HANDLE_VALUE;
+}
+
+void ReplacementFile::CreateInPlace() {
+    m_file = CreateFileW(m_target, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                         FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (m_file == INVALID_HANDLE_VALUE)
+        ThrowLastError();
+}
+
+void ReplacementFile::Write(const void* bytes, UINT count) {
+    DWORD written = 0;
+    if (!WriteFile(m_file, bytes, count, &written, nullptr))
+        ThrowLastError();
+    if (written < count)
+        AfxThrowFileException(CFileException::diskFull, ERROR_DISK_FULL, m_path);
+}
+
+void ReplacementFile::Commit() {
+    const bool closed = CloseHandle(m_file) != FALSE;
+    m_file = INVALID_HANDLE_VALUE;
+    if (closed && (m_sibling.IsEmpty() || MoveOver(m_sibling, m_target)))
+        return;
+    const DWORD error = GetLastError();
+    if (!m_sibling.IsEmpty())
+        DeleteFileW(m_sibling);
+    SetLastError(error);
+    ThrowLastError();
+}
+
+void ReplacementFile::ThrowLastError() const {
+    CFileException::ThrowOsError(static_cast<LONG>(GetLastError()), m_path);
+    AfxThrowFileException(CFileException::genericException, -1, m_path); // no code was left
+}
+
+} // namespace quorvel

@@ -1,0 +1,18 @@
+// The two system-dependent steps of replacing a file as a whole.
+#pragma once
+
+#include <quorvel/platform/platform.h>
+
+#include <string>
+
+namespace quorvel {
+
+// The path of the file that `path` leads to through symbolic links; `path` itself where nothing is
+// there yet or where it can't be told.
+std::basic_string<WCHAR> FinalPath(const WCHAR* path);
+
+// Gives the file `from` the name `to` and, where `to` exists, the permissions that it had. FALSE
+// with the last error, and both as they were.
+BOOL MoveOver(const WCHAR* from, const WCHAR* to);
+
+} // namespace quorvel

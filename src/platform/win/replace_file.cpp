@@ -1,0 +1,30 @@
+#include "platform/replace_file.h"
+
+namespace quorvel {
+
+std::basic_string<WCHAR> FinalPath(const WCHAR* path) {
+    const DWORD attributes = GetFileAttributesW(path);
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+        return path;
+    std::basic_string<WCHAR> result(path);
+    const HANDLE file = CreateFileW(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return result;
+    const DWORD size = GetFinalPathNameByHandleW(file, nullptr, 0, VOLUME_NAME_DOS);
+    std::basic_string<WCHAR> target(size, 0);
+    const DWORD length = GetFinalPathNameByHandleW(file, target.data(), size, VOLUME_NAME_DOS);
+    if (length > 0 && length < size)
+        result.assign(target.data(), length);
+    CloseHandle(file);
+    return result;
+}
+
+BOOL MoveOver(const WCHAR* from, const WCHAR* to) {
+    // ReplaceFileW keeps the attributes and the access list, and needs a file to replace.
+    if (ReplaceFileW(to, from, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
+        return TRUE;
+    return MoveFileExW(from, to, MOVEFILE_REPLACE_EXISTING);
+}
+
+} // namespace quorvel

@@ -1,0 +1,58 @@
+// Finds the "<" and ">" of a text, in order.
+//
+// The parser of CMarkup looks at little else. The scanner takes the text in windows of 1024
+// characters: it first writes the positions of all angle brackets of a window to a small array,
+// with vector compares and without branches on the text, and hands them out from there.
+#pragma once
+
+#include <quorvel/platform/platform.h>
+
+namespace quorvel {
+
+class AngleScanner {
+public:
+    // Scans text[begin, end). text[end] is readable and no angle bracket.
+    AngleScanner(const WCHAR* text, int begin, int end)
+        : m_text(text), m_unread(begin), m_end(end) {}
+
+    // Makes First and Second valid.
+    void Prepare() {
+        if (m_first + 2 > m_count)
+            Refill();
+    }
+    // The position of the next angle bracket, and of the one after it; the end of the text when
+    // there is none.
+    int First() const { return m_positions[m_first]; }
+    int Second() const { return m_positions[m_first + 1]; }
+    void Skip(int count) { m_first += count; }
+
+    // Skips to the first `character` ("<" or ">") at or after `position`, which becomes First.
+    // Returns its position, or the end of the text.
+    int SkipTo(int position, WCHAR character);
+    // Skips every bracket before `position`.
+    void SkipBefore(int position);
+
+private:
+    static constexpr int kBlock = 64;
+    static constexpr int kWindow = 16 * kBlock;
+    static constexpr int kSpare = 16; // written past the last position without a test
+
+    void Refill();
+
+    const WCHAR* m_text;
+    int m_unread; // the first character that no window has covered
+    int m_end;
+    int m_first = 0;
+    int m_count = 0;
+    int m_positions[kWindow + kBlock + kSpare];
+};
+
+// The length of the tag name at `name` when `other` begins with the same characters; otherwise, and
+// for a name that begins with a quote or a delimiter, 0. `readable` characters may be read from
+// `other` on, which lies behind `name` in the same text.
+int TagNameLength(const WCHAR* name, const WCHAR* other, int readable);
+
+// The position of the first zero character, or the length.
+int FindZero(const WCHAR* text, int length);
+
+} // namespace quorvel

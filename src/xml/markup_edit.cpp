@@ -1,0 +1,376 @@
+// Editing: what is added is spliced into the text, and the index is shifted behind it.
+#include <quorvel/xml/markup.h>
+
+#include "platform/win32.h"
+
+#include <algorithm>
+#include <climits>
+#include <string>
+
+namespace {
+
+// Where the tags of an element added to another one go.
+enum class Content { Normal, EmptyElement, EmptyPair };
+
+Content ContentOf(const CMarkup::ElemPos& element) {
+    if (element.nTagClose == element.nEndTagOpen + 1)
+        return Content::EmptyElement;
+    return element.nTagClose + 1 == element.nEndTagOpen ? Content::EmptyPair : Content::Normal;
+}
+
+const WCHAR* EntityOf(WCHAR character, bool attribute) {
+    switch (character) {
+    case '<':
+        return _T("&lt;");
+    case '&':
+        return _T("&amp;");
+    case '>':
+        return _T("&gt;");
+    case '\'':
+        return attribute ? _T("&apos;") : nullptr;
+    case '"':
+        return attribute ? _T("&quot;") : nullptr;
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace
+
+CString CMarkup::x_TextToDoc(const WCHAR* text, bool attribute) {
+    static constexpr WCHAR kSection[] = _T("<![CDATA[");
+    constexpr std::size_t kSectionLength = 9;
+    CString result;
+    if (text == nullptr)
+        return result;
+    const CString source(text);
+    if (source.GetLength() >= static_cast<int>(kSectionLength) &&
+        std::char_traits<WCHAR>::compare(text, kSection, kSectionLength) == 0)
+        return source; // the caller has wrapped it already
+    result.Preallocate(source.GetLength());
+    int copied = 0;
+    for (int i = 0; i < source.GetLength(); ++i) {
+        const WCHAR* entity = EntityOf(source[i], attribute);
+        if (entity == nullptr)
+            continue;
+        result.Append(source.GetString() + copied, i - copied);
+        result.Append(entity);
+        copied = i + 1;
+    }
+    result.Append(source.GetString() + copied, source.GetLength() - copied);
+    return result;
+}
+
+void CMarkup::x_DocChange(int start, int replaceLength, const CString& text) {
+    const int oldLength = m_strDoc.GetLength();
+    start = std::clamp(start, 0, oldLength);
+    replaceLength = std::clamp(replaceLength, 0, oldLength - start);
+    const CString inserted(text); // the argument may be the document
+    const int tail = oldLength - start - replaceLength;
+    const int newLength = start + inserted.GetLength() + tail;
+    WCHAR* document = m_strDoc.GetBuffer(std::max(newLength, oldLength));
+    WCHAR* target = document + start;
+    std::char_traits<WCHAR>::move(target + inserted.GetLength(), target + replaceLength,
+                                  static_cast<std::size_t>(tail));
+    std::char_traits<WCHAR>::copy(target, inserted, static_cast<std::size_t>(inserted.GetLength()));
+    m_strDoc.ReleaseBuffer(newLength);
+}
+
+// Shifts every element after `iPos`, in document order, to the end of the document: those reached
+// by moving forward whole, those reached by climbing (they enclose the change) with their end tag
+// only.
+void CMarkup::x_Adjust(int iPos, int shift, bool afterPos) {
+    if (iPos == 0 || shift == 0)
+        return;
+    ElemPos* records = m_aPos.GetData();
+    int top = records[iPos].iParent;
+    bool enter = !afterPos;
+    for (;;) {
+        bool climbed = false;
+        if (enter && records[iPos].iFirstChild != 0) {
+            iPos = records[iPos].iFirstChild;
+        } else {
+            while (records[iPos].iNextSibling == 0 && !climbed) {
+                iPos = records[iPos].iParent;
+                climbed = iPos == 0 || iPos == top;
+            }
+            if (!climbed)
+                iPos = records[iPos].iNextSibling;
+        }
+        ElemPos& element = records[iPos];
+        if (!climbed) {
+            element.nTagOpen += shift;
+            element.nTagClose += shift;
+        }
+        element.nEndTagOpen += shift;
+        element.nEndTagClose += shift;
+        if (climbed && iPos == 0)
+            return;
+        if (climbed)
+            top = element.iParent;
+        enter = !climbed;
+    }
+}
+
+int CMarkup::LastChildOf(int iPosParent) {
+    if (m_iLastChild == 0 || m_iLastChildParent != iPosParent) {
+        int iPos = m_aPos[iPosParent].iFirstChild;
+        while (iPos != 0 && m_aPos[iPos].iNextSibling != 0)
+            iPos = m_aPos[iPos].iNextSibling;
+        m_iLastChildParent = iPosParent;
+        m_iLastChild = iPos;
+    }
+    return m_iLastChild;
+}
+
+int CMarkup::x_LocateNew(int iPosParent, int& iPosBefore, int& offset, int length, int flags) {
+    const bool before = (flags & locateBefore) != 0;
+    const ElemPos& parent = m_aPos[iPosParent];
+    const bool parentIsEmpty = iPosParent != 0 && ContentOf(parent) == Content::EmptyElement;
+    if (length != 0)
+        offset = before ? offset : offset + length;
+    else if (iPosBefore != 0)
+        offset = before ? m_aPos[iPosBefore].nTagOpen : m_aPos[iPosBefore].nEndTagClose + 1;
+    else if (parentIsEmpty)
+        offset = parent.nTagClose;
+    else if (iPosParent != 0)
+        offset = before ? parent.nTagClose + 1 : parent.nEndTagOpen;
+    else
+        offset = before ? 0 : m_strDoc.GetLength();
+
+    if ((flags & locateExact) == 0 && !parentIsEmpty) {
+        int next = offset;
+        if (!x_FindAny(m_strDoc, next) || m_strDoc[next] == '<')
+            offset = next;
+    }
+
+    if (iPosBefore == 0)
+        iPosBefore = before || parent.iFirstChild == 0 ? 0 : LastChildOf(iPosParent);
+    else if (before) {
+        int previous = 0;
+        for (int iPos = parent.iFirstChild; iPos != iPosBefore; iPos = m_aPos[iPos].iNextSibling)
+            previous = iPos;
+        iPosBefore = previous;
+    }
+    return offset;
+}
+
+bool CMarkup::x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool child) {
+    if (name == nullptr || (child && m_iPosMain == 0))
+        return false;
+    const int iParent = child ? m_iPosMain : m_iPosParent;
+    int iBefore = child ? m_iPosChild : m_iPosMain;
+    if (iParent == 0) {
+        if (m_aPos[0].iFirstChild != 0)
+            return false;
+        m_aPos[0].nEndTagOpen = m_strDoc.GetLength();
+    }
+    const Content content = iParent != 0 ? ContentOf(m_aPos[iParent]) : Content::Normal;
+    int offset = 0;
+    x_LocateNew(iParent, iBefore, offset, 0, insert ? locateBefore : 0);
+    if (content != Content::Normal)
+        offset += 2; // the line break that goes before the new element
+
+    // The text of the element, and where its tags lie in the document.
+    const CString tagName(name);
+    const int nameLength = tagName.GetLength();
+    const CString escaped = x_TextToDoc(value, false);
+    ElemPos element{offset, 0, 0, 0, 0, iParent, 0, 0};
+    CString text;
+    text.Preallocate(2 * nameLength + escaped.GetLength() + 7);
+    text = _T("<");
+    text += tagName;
+    if (escaped.IsEmpty()) {
+        text += _T("/>\r\n");
+        element.nTagClose = offset + nameLength + 2;
+        element.nEndTagOpen = element.nTagClose - 1;
+        element.nEndTagClose = element.nTagClose;
+    } else {
+        text += _T(">");
+        text += escaped;
+        text += _T("</");
+        text += tagName;
+        text += _T(">\r\n");
+        element.nTagClose = offset + nameLength + 1;
+        element.nEndTagOpen = element.nTagClose + escaped.GetLength() + 1;
+        element.nEndTagClose = element.nEndTagOpen + nameLength + 2;
+    }
+
+    // Room for the record first and then the splice: what can fail comes before what changes.
+    int replaced = 0;
+    int start = offset;
+    int parentNameLength = 0;
+    if (content == Content::EmptyElement) { // the parent's "/" becomes its content and end tag
+        const CString parentName = x_GetTagName(iParent);
+        parentNameLength = parentName.GetLength();
+        start = m_aPos[iParent].nTagClose - 1;
+        replaced = 1;
+        text.Insert(0, _T(">\r\n"));
+        text += _T("</");
+        text += parentName;
+    } else if (content == Content::EmptyPair) {
+        start = m_aPos[iParent].nTagClose + 1;
+        text.Insert(0, _T("\r\n"));
+    }
+    const int iNew = x_GetFreePos();
+    x_ReleasePos();
+    x_DocChange(start, replaced, text);
+    x_GetFreePos();
+
+    int& link = iBefore != 0 ? m_aPos[iBefore].iNextSibling : m_aPos[iParent].iFirstChild;
+    element.iNextSibling = link;
+    link = iNew;
+    if (element.iNextSibling == 0) {
+        m_iLastChildParent = iParent;
+        m_iLastChild = iNew;
+    }
+    m_aPos[iNew] = element;
+    if (content == Content::EmptyElement) {
+        m_aPos[iParent].nTagClose -= 1;
+        m_aPos[iParent].nEndTagOpen -= parentNameLength + 1;
+    }
+    x_Adjust(iNew, text.GetLength() - replaced, false);
+    if (child)
+        x_SetPos(m_iPosParent, m_iPosMain, iNew);
+    else
+        x_SetPos(iParent, iNew, 0);
+    return true;
+}
+
+bool CMarkup::x_SetAttrib(int iPos, const WCHAR* name, const WCHAR* value) {
+    if (name == nullptr || iPos == 0 || m_nNodeType != nodeElement)
+        return false;
+    ElemPos& element = m_aPos[iPos];
+    TokenPos token{0, 0, element.nTagOpen + 1, m_strDoc, FALSE};
+    CString text = x_TextToDoc(value, true);
+    int start;
+    int replaced = 0;
+    if (x_FindAttrib(token, name) && token.bQuoted) {
+        // A value that holds the ">" the tag was cut at reaches beyond the tag.
+        if (token.nLast >= element.nTagClose)
+            return false;
+        start = token.nFirst;
+        replaced = token.nLast - token.nFirst + 1;
+    } else {
+        start =
+            ContentOf(element) == Content::EmptyElement ? element.nEndTagOpen : element.nTagClose;
+        CString attribute(_T(" "));
+        attribute += name;
+        attribute += _T("=\"");
+        attribute += text;
+        attribute += _T("\"");
+        text = attribute;
+    }
+    const int shift = text.GetLength() - replaced;
+    x_DocChange(start, replaced, text);
+    element.nTagClose += shift;
+    element.nEndTagOpen += shift;
+    element.nEndTagClose += shift;
+    x_Adjust(iPos, shift, false);
+    return true;
+}
+
+bool CMarkup::AddElem(const WCHAR* name, const WCHAR* value) {
+    return x_AddElem(name, value, false, false);
+}
+
+bool CMarkup::AddChildElem(const WCHAR* name, const WCHAR* value) {
+    return x_AddElem(name, value, false, true);
+}
+
+bool CMarkup::AddAttrib(const WCHAR* name, const WCHAR* value) {
+    return x_SetAttrib(m_iPosMain, name, value);
+}
+
+bool CMarkup::SetAttrib(const WCHAR* name, const WCHAR* value) {
+    return x_SetAttrib(m_iPosMain, name, value);
+}
+
+bool CMarkup::AddChildAttrib(const WCHAR* name, const WCHAR* value) {
+    return x_SetAttrib(m_iPosChild, name, value);
+}
+
+bool CMarkup::SetChildAttrib(const WCHAR* name, const WCHAR* value) {
+    return x_SetAttrib(m_iPosChild, name, value);
+}
+
+namespace {
+
+CString Formatted(const WCHAR* format, ...) {
+    CString text;
+    va_list arguments;
+    va_start(arguments, format);
+    text.FormatV(format, arguments);
+    va_end(arguments);
+    return text;
+}
+
+// The text of a typed value. long is 32 bits wide in both builds: the same document on both.
+CString TextOf(bool value) {
+    return CString(value ? _T("yes") : _T("no"));
+}
+CString TextOf(char value) {
+    return Formatted(_T("%c"), static_cast<unsigned char>(value));
+}
+CString TextOf(unsigned char value) {
+    return Formatted(_T("%u"), value);
+}
+CString TextOf(short value) {
+    return Formatted(_T("%d"), value);
+}
+CString TextOf(unsigned short value) {
+    return Formatted(_T("%u"), value);
+}
+CString TextOf(int value) {
+    return Formatted(_T("%d"), value);
+}
+CString TextOf(unsigned int value) {
+    return Formatted(_T("%u"), value);
+}
+CString TextOf(long value) {
+    return Formatted(_T("%d"), static_cast<int>(value));
+}
+CString TextOf(unsigned long value) {
+    return Formatted(_T("%u"), static_cast<unsigned int>(value));
+}
+CString TextOf(__int64 value) {
+    return Formatted(_T("%I64d"), value);
+}
+CString TextOf(unsigned long long value) {
+    return Formatted(_T("%I64u"), value);
+}
+CString TextOf(float value) {
+    return Formatted(_T("%g"), static_cast<double>(value));
+}
+CString TextOf(double value) {
+    return Formatted(_T("%g"), value);
+}
+
+} // namespace
+
+#define QUORVEL_TYPED_VALUE(operation, type)                                                       \
+    bool CMarkup::operation(const WCHAR* name, type value) {                                       \
+        return operation(name, TextOf(value).GetString());                                         \
+    }
+#define QUORVEL_TYPED_VALUES(operation)                                                            \
+    QUORVEL_TYPED_VALUE(operation, bool)                                                           \
+    QUORVEL_TYPED_VALUE(operation, char)                                                           \
+    QUORVEL_TYPED_VALUE(operation, unsigned char)                                                  \
+    QUORVEL_TYPED_VALUE(operation, short)                                                          \
+    QUORVEL_TYPED_VALUE(operation, unsigned short)                                                 \
+    QUORVEL_TYPED_VALUE(operation, int)                                                            \
+    QUORVEL_TYPED_VALUE(operation, unsigned int)                                                   \
+    QUORVEL_TYPED_VALUE(operation, long)                                                           \
+    QUORVEL_TYPED_VALUE(operation, unsigned long)                                                  \
+    QUORVEL_TYPED_VALUE(operation, __int64)                                                        \
+    QUORVEL_TYPED_VALUE(operation, unsigned long long)                                             \
+    QUORVEL_TYPED_VALUE(operation, float)                                                          \
+    QUORVEL_TYPED_VALUE(operation, double)
+QUORVEL_TYPED_VALUES(AddElem)
+QUORVEL_TYPED_VALUES(AddChildElem)
+QUORVEL_TYPED_VALUES(AddAttrib)
+QUORVEL_TYPED_VALUES(SetAttrib)
+QUORVEL_TYPED_VALUES(AddChildAttrib)
+QUORVEL_TYPED_VALUES(SetChildAttrib)
+#undef QUORVEL_TYPED_VALUES
+#undef QUORVEL_TYPED_VALUE

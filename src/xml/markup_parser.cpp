@@ -1,0 +1,345 @@
+// The tokenizer and the parser of CMarkup.
+//
+// The parser is one loop over the angle brackets of the text. It keeps no stack: the element whose
+// content is being read is `parent`, its own parent is in its record, and `link` is the field that
+// waits for the index of the next element, the parent's iFirstChild or the last sibling's
+// iNextSibling. So depth costs nothing but records.
+#include <quorvel/xml/markup.h>
+
+#include "xml/angle_scanner.h"
+#include "xml/characters.h"
+
+#include <cstddef>
+#include <string>
+
+using quorvel::IsClass;
+using quorvel::kClassDelimiter;
+using quorvel::kClassEnd;
+using quorvel::kClassSpace;
+
+namespace {
+
+// A character that begins an ordinary tag name: no delimiter, quote, white space or end.
+bool BeginsPlainName(WCHAR c) {
+    return (c >= 'A' && c != '\\') || (c >= '0' && c <= ';');
+}
+
+// Moves past the first occurrence of the terminator at or after `position`.
+bool FindTerminator(const WCHAR* text, int& position, const WCHAR* terminator, int length) {
+    for (;; ++position) {
+        while (text[position] != 0 && text[position] != terminator[0])
+            ++position;
+        if (text[position] == 0)
+            return false;
+        if (std::char_traits<WCHAR>::compare(text + position, terminator,
+                                             static_cast<std::size_t>(length)) == 0) {
+            position += length;
+            return true;
+        }
+    }
+}
+
+int CountBrackets(const WCHAR* text, int first, int last) {
+    int depth = 0;
+    for (int i = first; i <= last; ++i)
+        depth += text[i] == '[' ? 1 : text[i] == ']' ? -1 : 0;
+    return depth;
+}
+
+} // namespace
+
+bool CMarkup::x_FindChar(const WCHAR* text, int& position, WCHAR character) {
+    while (text[position] != 0 && text[position] != character)
+        ++position;
+    return text[position] != 0;
+}
+
+bool CMarkup::x_FindAny(const WCHAR* text, int& position) {
+    while (IsClass(text[position], kClassSpace))
+        ++position;
+    return text[position] != 0;
+}
+
+bool CMarkup::x_FindToken(TokenPos& token) {
+    const WCHAR* text = token.pszDoc;
+    int position = token.nNext;
+    token.bQuoted = FALSE;
+    if (!x_FindAny(text, position)) {
+        token.nFirst = token.nLast = token.nNext = position;
+        return false;
+    }
+    const WCHAR first = text[position];
+    if (first == '"' || first == '\'') {
+        token.bQuoted = TRUE;
+        token.nFirst = ++position;
+        const bool closed = x_FindChar(text, position, first);
+        token.nLast = position - 1;
+        token.nNext = closed ? position + 1 : position;
+        return true;
+    }
+    token.nFirst = position;
+    while (!IsClass(text[position], kClassDelimiter | kClassEnd))
+        ++position;
+    if (position == token.nFirst)
+        ++position; // a delimiter is a token by itself
+    token.nLast = position - 1;
+    token.nNext = position;
+    return true;
+}
+
+CString CMarkup::x_GetToken(const TokenPos& token) {
+    return CString(token.pszDoc + token.nFirst, token.nLast - token.nFirst + 1);
+}
+
+// Deliberate: a longer name matches a token too when it goes on with one of these characters.
+bool CMarkup::x_MatchToken(const TokenPos& token, const WCHAR* name) {
+    const int length = token.nLast - token.nFirst + 1;
+    for (int i = 0; i < length; ++i)
+        if (name[i] == 0 || name[i] != token.pszDoc[token.nFirst + i])
+            return false;
+    const WCHAR next = name[length];
+    return next == 0 || next == ' ' || next == '=' || next == '/' || next == '[';
+}
+
+int CMarkup::x_ParseNode(TokenPos& token) {
+    const WCHAR* text = token.pszDoc;
+    const int begin = token.nNext;
+    int position = begin;
+    token.nFirst = begin;
+    if (text[begin] == 0)
+        return nodeNone;
+    if (text[begin] != '<') {
+        const bool more = x_FindAny(text, position);
+        const bool blank = !more || text[position] == '<';
+        x_FindChar(text, position, '<');
+        token.nNext = position;
+        return blank ? nodeWhitespace : nodeText;
+    }
+    if (text[begin + 1] == 0 || text[begin + 2] == 0)
+        return nodeNone;
+    struct Terminator {
+        WCHAR first;
+        WCHAR second; // 0: any
+        const WCHAR* text;
+        int length;
+        NodeKind kind;
+    };
+    static constexpr Terminator kTerminators[] = {
+        {'?', 0, _T("?>"), 2, nodeInstruction},
+        {'!', '[', _T("]]>"), 3, nodeCData},
+        {'!', '-', _T("-->"), 3, nodeComment},
+    };
+    for (const Terminator& terminator : kTerminators) {
+        if (text[begin + 1] != terminator.first ||
+            (terminator.second != 0 && text[begin + 2] != terminator.second))
+            continue;
+        if (!FindTerminator(text, position, terminator.text, terminator.length))
+            return nodeNone;
+        token.nNext = position;
+        return terminator.kind;
+    }
+    if (text[begin + 1] == '!') {
+        int depth = 0;
+        token.nNext = begin + 1;
+        while (x_FindToken(token)) {
+            if (token.bQuoted)
+                continue;
+            depth += CountBrackets(text, token.nFirst, token.nLast);
+            if (text[token.nFirst] == '>' && depth == 0) {
+                token.nFirst = begin;
+                return nodeDocumentType;
+            }
+        }
+        return nodeNone;
+    }
+    token.nNext = begin + 1;
+    return text[begin + 1] == '/' ? nodeNone : nodeElement;
+}
+
+int CMarkup::x_ParseError(const WCHAR* format, const WCHAR* name) {
+    if (name == nullptr)
+        m_strError = format;
+    else
+        m_strError.Format(format, name);
+    x_ReleasePos();
+    return -1;
+}
+
+// The ">" of the end tag that opens at `tagOpen`, for an element; -1 with the error text set when
+// the end tag is not this element's.
+int CMarkup::CloseElement(const ElemPos& element, int tagOpen) {
+    TokenPos name{0, 0, element.nTagOpen + 1, m_strDoc, FALSE};
+    x_FindToken(name);
+    const CString tagName = x_GetToken(name);
+
+    TokenPos token{0, 0, tagOpen + 1, m_strDoc, FALSE};
+    for (int count = 0; x_FindToken(token);) {
+        if (token.bQuoted)
+            continue;
+        const bool ends = token.pszDoc[token.nFirst] == '>';
+        if (ends && count >= 2)
+            return token.nFirst;
+        if (ends)
+            break;
+        if (count == 0 && token.pszDoc[token.nFirst] != '/')
+            return x_ParseError(_T("Expecting end tag of element %s"), tagName);
+        if (count == 1 && !x_MatchToken(token, tagName))
+            return x_ParseError(_T("End tag does not correspond to %s"), tagName);
+        ++count;
+    }
+    return x_ParseError(_T("End tag not completed for element %s"), tagName);
+}
+
+namespace {
+
+// Whether the end tag from `open` to `close` is plainly "</name>" with the very name of the start
+// tag. False only means that it takes a closer look.
+bool IsPlainEndTag(const WCHAR* text, int end, int startTagOpen, int open, int close) {
+    const int length = close - open - 2;
+    return text[close] == '>' && length > 0 &&
+           quorvel::TagNameLength(text + startTagOpen + 1, text + open + 2, end - open - 2) ==
+               length;
+}
+
+// Whether the ">" at `close` ends the comment, CDATA section or instruction.
+bool EndsNode(const WCHAR* text, int close, WCHAR mark, int markCount) {
+    return text[close - 1] == mark && (markCount == 1 || text[close - 2] == mark);
+}
+
+} // namespace
+
+// Moves the scanner past the comment, CDATA section, instruction or document type declaration that
+// opens at `open`; false when it does not end. The terminators are found by their ">".
+bool CMarkup::SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int open, int end) {
+    if (open + 2 >= end)
+        return false;
+    WCHAR mark = 0;
+    int markCount = 2;
+    if (text[open + 1] == '?')
+        mark = '?', markCount = 1;
+    else if (text[open + 2] == '[')
+        mark = ']';
+    else if (text[open + 2] == '-')
+        mark = '-';
+    if (mark == 0) {
+        TokenPos token{0, 0, open, text, FALSE};
+        if (x_ParseNode(token) != nodeDocumentType)
+            return false;
+        scanner.SkipBefore(token.nNext);
+        return true;
+    }
+    for (int from = open + 2;;) {
+        const int close = scanner.SkipTo(from, '>');
+        if (close >= end)
+            return false;
+        scanner.Skip(1);
+        if (EndsNode(text, close, mark, markCount))
+            return true;
+        from = close + 1;
+    }
+}
+
+// Parses the next element below `iPosParent` from that record's cursor (nEndTagOpen) on. Returns
+// its index; 0 when an end tag comes first; -1 with the error text set. A state machine over the
+// angle brackets: each turn of the loop consumes one tag or node.
+int CMarkup::x_ParseElem(int iPosParent) {
+    const WCHAR* text = m_strDoc;
+    const int end = m_nParseEnd;
+    quorvel::AngleScanner scanner(text, m_aPos[iPosParent].nEndTagOpen, end);
+    // Locals, because the compiler must take every store through `link` for one to a member.
+    ElemPos* records = m_aPos.GetData();
+    int capacity = m_aPos.GetSize();
+    int next = m_iPosFree;
+    int root = 0;
+    int* link = &root;
+    int parent = iPosParent;
+    for (;;) {
+        scanner.Prepare();
+        const int open = scanner.First();
+        if (text[open] != '<') {
+            if (open >= end)
+                return x_ParseError(_T("Element tag not found"), nullptr);
+            scanner.Skip(1);
+            continue;
+        }
+        const WCHAR first = text[open + 1];
+        int close = scanner.Second();
+        bool isEndTag = first == '/';
+        int afterName = open + 2; // where the search for ">" starts
+        if (!isEndTag && !BeginsPlainName(first)) {
+            TokenPos token{0, 0, open + 1, text, FALSE};
+            if (!x_FindToken(token))
+                return x_ParseError(_T("Abrupt end within tag"), nullptr);
+            if (token.bQuoted)
+                return x_ParseError(_T("Tag starts with quote"), nullptr);
+            const WCHAR begin = text[token.nFirst];
+            if (begin == '!' || begin == '?') {
+                if (token.nFirst != open + 1 || !SkipNode(scanner, text, open, end))
+                    return x_ParseError(_T("Invalid node"), nullptr);
+                continue;
+            }
+            isEndTag = begin == '/';
+            afterName = token.nNext;
+        }
+        if (isEndTag) {
+            if (parent == iPosParent)
+                return 0;
+            ElemPos& element = records[parent];
+            if (IsPlainEndTag(text, end, element.nTagOpen, open, close)) {
+                scanner.Skip(2);
+            } else {
+                close = CloseElement(element, open);
+                if (close < 0)
+                    return -1;
+                scanner.SkipBefore(close + 1);
+            }
+            element.nEndTagOpen = open;
+            element.nEndTagClose = close;
+            link = &element.iNextSibling;
+            const int closed = parent;
+            parent = element.iParent;
+            if (parent == iPosParent) {
+                m_iPosFree = next;
+                return closed;
+            }
+            continue;
+        }
+        if (text[close] != '>' || close < afterName) {
+            scanner.Skip(1);
+            close = scanner.SkipTo(afterName, '>');
+            if (close >= end)
+                return x_ParseError(_T("End of tag not found"), nullptr);
+            scanner.Skip(1);
+        } else {
+            scanner.Skip(2);
+        }
+        if (next == capacity) {
+            const bool inRecord = link != &root;
+            const auto offset = inRecord ? link - &records->nTagOpen : 0;
+            m_aPos.Resize(capacity + capacity / 2);
+            records = m_aPos.GetData();
+            capacity = m_aPos.GetSize();
+            if (inRecord)
+                link = &records->nTagOpen + offset;
+        }
+        const int index = next++;
+        *link = index;
+        const bool isEmpty = text[close - 1] == '/';
+        ElemPos& element = records[index];
+        element = {open, close, close - 1, close, 0, parent, 0, 0};
+        if (parent == iPosParent) {
+            records[parent].nEndTagOpen = open;
+            if (isEmpty) {
+                m_iPosFree = next;
+                return index;
+            }
+        }
+        // Without a branch on what the text decides: of an empty element the next link is the field
+        // behind iFirstChild, and the parent stays.
+        static_assert(offsetof(ElemPos, iNextSibling) ==
+                      offsetof(ElemPos, iFirstChild) + sizeof(int));
+        link = &element.iFirstChild + static_cast<int>(isEmpty);
+        const int kept = -static_cast<int>(isEmpty);
+        parent = (parent & kept) | (index & ~kept);
+    }
+}

@@ -1,0 +1,161 @@
+#include "xml/markup_probe.h"
+
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <random>
+#include <span>
+
+TEST(MarkupEditing, BuildsADocument) {
+    CMarkup markup;
+    EXPECT_FALSE(markup.AddChildElem(_T("b")));
+    EXPECT_FALSE(markup.AddAttrib(_T("b"), _T("c")));
+    EXPECT_TRUE(markup.AddElem(_T("a"), _T("x&y")));
+    EXPECT_EQ(markup.GetDoc(), _T("<a>x&amp;y</a>\r\n"));
+    EXPECT_FALSE(markup.AddElem(_T("second")));
+    EXPECT_FALSE(markup.AddElem(nullptr));
+    EXPECT_TRUE(markup.IsWellFormed());
+
+    CMarkup empty;
+    empty.AddElem(_T("a"));
+    EXPECT_TRUE(empty.AddChildElem(_T("b")));
+    EXPECT_TRUE(empty.AddChildElem(_T("c"), _T("<'\">")));
+    EXPECT_EQ(empty.GetDoc(), _T("<a>\r\n<b/>\r\n<c>&lt;'\"&gt;</c>\r\n</a>\r\n"));
+    EXPECT_EQ(empty.GetChildTagName(), _T("c"));
+    EXPECT_TRUE(empty.SetChildAttrib(_T("d"), _T("'\"")));
+    EXPECT_TRUE(empty.SetAttrib(_T("e"), _T("1")));
+    EXPECT_TRUE(empty.AddAttrib(_T("e"), _T("23")));
+    EXPECT_EQ(empty.GetDoc(), _T("<a e=\"23\">\r\n<b/>\r\n<c d=\"&apos;&quot;\">&lt;'\"&gt;</c>")
+                              _T("\r\n</a>\r\n"));
+    EXPECT_EQ(empty.GetChildAttrib(_T("d")), _T("'\""));
+}
+
+TEST(MarkupEditing, AddsWhereThePositionsSay) {
+    struct Row {
+        const char* label;
+        const WCHAR* before;
+        const WCHAR*
+            after; // with an element n added as a child of the root, after child `position`
+        int position;
+    };
+    static constexpr Row kRows[] = {
+        {"empty element", _T("<p/>"), _T("<p>\r\n<n/>\r\n</p>"), 0},
+        {"empty element with an attribute", _T("<p q='1' />"), _T("<p q='1' >\r\n<n/>\r\n</p>"), 0},
+        {"empty pair", _T("<p></p>"), _T("<p>\r\n<n/>\r\n</p>"), 0},
+        {"last child", _T("<p><x/></p>"), _T("<p><x/><n/>\r\n</p>"), 0},
+        {"after a child", _T("<p><x/> \n<y/></p>"), _T("<p><x/> \n<n/>\r\n<y/></p>"), 1},
+        {"text is not stepped over", _T("<p><x/> t<y/></p>"), _T("<p><x/><n/>\r\n t<y/></p>"), 1},
+    };
+    for (const Row& row : kRows) {
+        MarkupProbe markup(row.before);
+        markup.FindElem();
+        for (int i = 0; i < row.position; ++i)
+            markup.FindChildElem();
+        EXPECT_TRUE(markup.AddChildElem(_T("n"))) << row.label;
+        EXPECT_EQ(markup.GetDoc(), row.after) << row.label;
+        EXPECT_EQ(markup.Tree(), MarkupProbe(row.after).Tree()) << row.label;
+        EXPECT_EQ(markup.GetChildTagName(), _T("n")) << row.label;
+    }
+}
+
+TEST(MarkupEditing, WritesTypedValues) {
+    CMarkup markup(_T("<r/>"));
+    markup.FindElem();
+    const auto written = [&markup] { return markup.GetAttrib(_T("v")); };
+#define EXPECT_WRITTEN(value, text)                                                                \
+    EXPECT_TRUE(markup.SetAttrib(_T("v"), value));                                                 \
+    EXPECT_EQ(written(), text)
+    EXPECT_WRITTEN(true, _T("yes"));
+    EXPECT_WRITTEN(false, _T("no"));
+    EXPECT_WRITTEN('x', _T("x"));
+    EXPECT_WRITTEN(static_cast<unsigned char>(200), _T("200"));
+    EXPECT_WRITTEN(static_cast<short>(-5), _T("-5"));
+    EXPECT_WRITTEN(static_cast<unsigned short>(65535), _T("65535"));
+    EXPECT_WRITTEN(INT_MIN, _T("-2147483648"));
+    EXPECT_WRITTEN(UINT_MAX, _T("4294967295"));
+    EXPECT_WRITTEN(-7L, _T("-7"));
+    EXPECT_WRITTEN(4294967295UL, _T("4294967295"));
+    EXPECT_WRITTEN(static_cast<__int64>(LLONG_MIN), _T("-9223372036854775808"));
+    EXPECT_WRITTEN(ULLONG_MAX, _T("18446744073709551615"));
+    EXPECT_WRITTEN(0.1f, _T("0.1"));
+    EXPECT_WRITTEN(0.5, _T("0.5"));
+    EXPECT_WRITTEN(1e20, _T("1e+020"));
+#undef EXPECT_WRITTEN
+    EXPECT_TRUE(markup.AddChildElem(_T("c"), 1.5));
+    EXPECT_EQ(markup.GetChildData(), _T("1.5"));
+}
+
+TEST(MarkupEditing, SectionsAreTakenAsTheyStand) {
+    CMarkup markup;
+    markup.AddElem(_T("a"), _T("<![CDATA[<&>]]>"));
+    EXPECT_EQ(markup.GetDoc(), _T("<a><![CDATA[<&>]]></a>\r\n"));
+    EXPECT_EQ(markup.GetData(), _T("<&>"));
+}
+
+TEST(MarkupEditing, ArgumentsMayPointIntoTheDocument) {
+    CMarkup markup(_T("<name>value</name>"));
+    markup.FindElem();
+    for (int i = 0; i < 12; ++i) // the buffer grows several times
+        ASSERT_TRUE(markup.SetAttrib(_T("copy"), markup.GetDocConstRef()));
+    EXPECT_TRUE(MarkupProbe(markup.GetDoc()).IsWellFormed());
+}
+
+TEST(MarkupEditing, RefusesAValueThatTheTagWasCutIn) {
+    CMarkup markup(_T("<a b='1>2'></a>"));
+    markup.FindElem();
+    EXPECT_FALSE(markup.SetAttrib(_T("b"), _T("")));
+    EXPECT_EQ(markup.GetDoc(), _T("<a b='1>2'></a>"));
+}
+
+// After any edits the index is that of a fresh parse of the text.
+TEST(MarkupEditing, KeepsTheIndexOfAFreshParse) {
+    static constexpr const WCHAR* kTexts[] = {
+        nullptr, _T(""), _T("t"), _T(" a & b "), _T("\"'"), _T("\u00e9"), _T("<![CDATA[ <x> ]]>")};
+    // Not the section: a raw ">" in an attribute cuts the tag when the text is read again.
+    const std::span kAttributes(kTexts, std::size(kTexts) - 1);
+    static constexpr const WCHAR* kNames[] = {_T("a"), _T("bb"), _T("long-name"), _T("\u00e9")};
+    std::mt19937 random(20061);
+    const auto pick = [&random](auto& table) { return table[random() % std::size(table)]; };
+    for (int round = 0; round < 60; ++round) {
+        MarkupProbe markup;
+        if (round % 2 != 0)
+            markup.SetDoc(
+                _T("<?xml version='1.0'?>\n<r>\n <x y='1'/> t <z></z>\n</r>\n<!-- e -->"));
+        for (int step = 0; step < 80; ++step) {
+            switch (random() % 10) {
+            case 0:
+            case 1:
+                markup.AddElem(pick(kNames), pick(kTexts));
+                break;
+            case 2:
+            case 3:
+                markup.AddChildElem(pick(kNames), pick(kTexts));
+                break;
+            case 4:
+                markup.SetAttrib(pick(kNames), pick(kAttributes));
+                break;
+            case 5:
+                markup.SetChildAttrib(pick(kNames), pick(kAttributes));
+                break;
+            case 6:
+                markup.FindElem();
+                break;
+            case 7:
+                markup.FindChildElem();
+                break;
+            case 8:
+                random() % 2 != 0 ? markup.IntoElem() : markup.OutOfElem();
+                break;
+            default:
+                random() % 2 != 0 ? markup.ResetChildPos() : markup.ResetMainPos();
+                break;
+            }
+            MarkupProbe fresh(markup.GetDoc());
+            ASSERT_EQ(markup.Tree(), fresh.Tree())
+                << round << '/' << step << ' '
+                << Printable(markup.GetDoc().GetString(), markup.GetDoc().GetLength());
+        }
+    }
+}

@@ -1,0 +1,207 @@
+#include "xml/markup_probe.h"
+
+#include <quorvel/framework/exceptions.h>
+
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Refusal {
+    const char* label;
+    const WCHAR* text;
+    const WCHAR* error; // null: no error text is set
+};
+
+constexpr Refusal kRefusals[] = {
+    {"empty", _T(""), nullptr},
+    {"starts with an end tag", _T("</a>"), nullptr},
+    {"starts with an end tag, with a blank", _T("< /a>"), nullptr},
+    {"no tag", _T("abc > d"), _T("Element tag not found")},
+    {"only white space", _T(" \t\r\n"), _T("Element tag not found")},
+    {"only a comment", _T("<!-- a -->"), _T("Element tag not found")},
+    {"content without an end", _T("<a>text"), _T("Element tag not found")},
+    {"bracket at the end", _T("<a><"), _T("Abrupt end within tag")},
+    {"bracket and blanks", _T("< \r\n"), _T("Abrupt end within tag")},
+    {"quote", _T("<\"a\">"), _T("Tag starts with quote")},
+    {"apostrophe after a blank", _T("< 'a'>"), _T("Tag starts with quote")},
+    {"instruction without an end", _T("<?xml ?"), _T("Invalid node")},
+    {"comment without an end", _T("<!-- -- >"), _T("Invalid node")},
+    {"section without an end", _T("<![CDATA[ ]] >"), _T("Invalid node")},
+    {"declaration without an end", _T("<!DOCTYPE a [ <!ENTITY b 'c]>'> "), _T("Invalid node")},
+    {"a bracket in a longer word opens a level", _T("<!DOCTYPE x[ ><a/>"), _T("Invalid node")},
+    {"nothing after the mark", _T("<!"), _T("Invalid node")},
+    {"blank before the mark", _T("< !-- c --><a/>"), _T("Invalid node")},
+    {"blank before the question mark", _T("< ?x?><a/>"), _T("Invalid node")},
+    {"start tag without an end", _T("<a b='c'"), _T("End of tag not found")},
+    {"tag of brackets alone", _T("<>"), _T("End of tag not found")},
+    {"other name", _T("<a></b>"), _T("End tag does not correspond to a")},
+    {"unclosed child", _T("<a><b></a>"), _T("End tag does not correspond to b")},
+    {"longer name", _T("<a></ab>"), _T("End tag does not correspond to a")},
+    {"other letter case", _T("<a></A>"), _T("End tag does not correspond to a")},
+    {"no name in the end tag", _T("<a></>"), _T("End tag not completed for element a")},
+    {"no name, of a tag called >", _T("<>></>"), _T("End tag not completed for element >")},
+    {"end tag cut off", _T("<a></a"), _T("End tag not completed for element a")},
+    {"end tag whose quote runs on", _T("<a></a \">"), _T("End tag not completed for element a")},
+};
+
+} // namespace
+
+TEST(MarkupParser, RefusesMalformedTextsWithTheirError) {
+    for (const Refusal& row : kRefusals) {
+        MarkupProbe markup;
+        EXPECT_FALSE(markup.SetDoc(row.text)) << row.label;
+        EXPECT_EQ(markup.GetError(), CString(row.error)) << row.label;
+        EXPECT_FALSE(markup.IsWellFormed()) << row.label;
+        EXPECT_EQ(markup.RecordCount(), 1) << row.label;
+        EXPECT_EQ(markup.GetDoc(), row.text) << row.label;
+        EXPECT_EQ(markup.Position(), (std::array<int, 4>{})) << row.label;
+        EXPECT_FALSE(markup.FindElem()) << row.label;
+    }
+}
+
+TEST(MarkupParser, KeepsTheErrorOfAnEarlierParse) {
+    CMarkup markup;
+    markup.SetDoc(_T("<a>"));
+    EXPECT_TRUE(markup.SetDoc(_T("<a/>")));
+    EXPECT_EQ(markup.GetError(), _T("Element tag not found"));
+    EXPECT_FALSE(markup.SetDoc(_T("")));
+    EXPECT_EQ(markup.GetError(), _T("Element tag not found"));
+}
+
+TEST(MarkupParser, IndexesTags) {
+    struct Row {
+        const char* label;
+        const WCHAR* text;
+        std::vector<std::array<int, 5>> tree;
+    };
+    const Row rows[] = {
+        {"empty element", _T("<a/>"), {{0, 3, 2, 3, 0}}},
+        {"pair without content", _T("<a></a>"), {{0, 2, 3, 6, 0}}},
+        {"after a prologue",
+         _T("<?x?><!DOCTYPE a [<!ENTITY b \"]>\">]><!----><![CDATA[<]]><a/>"),
+         {{56, 59, 58, 59, 0}}},
+        {"shortest nodes", _T("<!--><?><a/>"), {{8, 11, 10, 11, 0}}},
+        {"siblings and depth",
+         _T("<a><b/><c><d/></c> <e/></a>"),
+         {{0, 2, 23, 26, 0},
+          {3, 6, 5, 6, 1},
+          {7, 9, 14, 17, 1},
+          {10, 13, 12, 13, 2},
+          {19, 22, 21, 22, 1}}},
+        {"nodes between children",
+         _T("<a><!--<x>--><b/><?y <z>?></a>"),
+         {{0, 2, 26, 29, 0}, {13, 16, 15, 16, 1}}},
+        {"an attribute value cuts the tag", _T("<a b='>'></a>"), {{0, 6, 9, 12, 0}}},
+        {"a slash in front of the cut makes it empty", _T("<a b='/>'></a>"), {{0, 7, 6, 7, 0}}},
+        {"more words in the end tag", _T("<a></a b c >"), {{0, 2, 3, 11, 0}}},
+        {"blanks in the end tag", _T("<a>< / a\n>"), {{0, 2, 3, 9, 0}}},
+        {"a name that goes on with a slash", _T("<item/x></item>"), {{0, 7, 8, 14, 0}}},
+        {"a second root is not read", _T("<a/></a><b>"), {{0, 3, 2, 3, 0}}},
+        {"a bracket inside a tag", _T("<a <b></a>"), {{0, 5, 6, 9, 0}}},
+        {"a tag called >", _T("<> ></>>"), {}},
+        {"letters beyond ASCII", _T("<\u8001\u00e9></\u8001\u00e9>"), {{0, 3, 4, 8, 0}}},
+    };
+    for (const Row& row : rows) {
+        MarkupProbe markup;
+        EXPECT_EQ(markup.SetDoc(row.text), !row.tree.empty())
+            << row.label << ": " << Printable(markup.GetError().GetString(), 60);
+        EXPECT_EQ(markup.Tree(), row.tree) << row.label;
+    }
+}
+
+TEST(MarkupParser, ReadsEveryPrefixOfADocument) {
+    const CString whole(
+        _T("<?xml version='1.0'?><!DOCTYPE a [<!ENTITY b 'c'>]><a x=\"1>2\"><!-- d ")
+        _T("--><b/><c><![CDATA[<e>]]></c ></a>"));
+    for (int length = 1; length < whole.GetLength(); ++length) {
+        CMarkup markup;
+        EXPECT_FALSE(markup.SetDoc(whole, length)) << length;
+        EXPECT_FALSE(markup.GetError().IsEmpty()) << length;
+    }
+    EXPECT_TRUE(CMarkup(whole).IsWellFormed());
+}
+
+TEST(MarkupParser, AZeroCharacterEndsTheParseButNotTheText) {
+    const WCHAR text[] = _T("<a/>\0<b>");
+    CMarkup markup;
+    EXPECT_TRUE(markup.SetDoc(text, 8));
+    EXPECT_EQ(markup.GetDoc().GetLength(), 8);
+    const WCHAR cut[] = _T("<a>\0</a>");
+    EXPECT_FALSE(markup.SetDoc(cut, 8));
+    EXPECT_EQ(markup.GetError(), _T("Element tag not found"));
+}
+
+TEST(MarkupParser, RefusedArgumentsChangeNothing) {
+    MarkupProbe markup(_T("<a><b/></a>"));
+    markup.FindChildElem();
+    const auto position = markup.Position();
+    EXPECT_FALSE(markup.SetDoc(_T("<c/>"), 0));
+    EXPECT_FALSE(markup.SetDoc(_T("<c/>"), -1));
+    EXPECT_FALSE(markup.SetDoc(static_cast<const char*>(nullptr), 4, 65001));
+    EXPECT_FALSE(markup.SetDoc("<c/>", 0, 65001));
+    EXPECT_EQ(markup.Position(), position);
+    EXPECT_FALSE(markup.SetDoc("<c/>", 4, 99999)); // no such code page: the positions are reset
+    EXPECT_EQ(markup.Position(), (std::array<int, 4>{}));
+    EXPECT_EQ(markup.GetDoc(), _T("<a><b/></a>"));
+    EXPECT_TRUE(markup.SetDoc("<c>\xC3\xA9</c>", 9, 65001));
+    EXPECT_EQ(markup.GetDoc(), _T("<c>\u00e9</c>"));
+}
+
+TEST(MarkupParser, TheTextMayBeAPartOfTheDocument) {
+    CMarkup markup(_T("<a><b/></a>"));
+    EXPECT_TRUE(markup.SetDoc(markup.GetDocConstRef()));
+    EXPECT_TRUE(markup.SetDoc(markup.GetDocConstRef().GetString() + 3, 4));
+    EXPECT_EQ(markup.GetDoc(), _T("<b/>"));
+}
+
+TEST(MarkupParser, SizesTheIndexByTheTextAndGrowsItByHalf) {
+    MarkupProbe markup;
+    EXPECT_EQ(markup.IndexSize(), 8);
+    CString text(_T("<a>"));
+    for (int i = 0; i < 100; ++i)
+        text += _T("<b/>");
+    text += _T("</a>");
+    EXPECT_TRUE(markup.SetDoc(text)); // 407 characters: 14 records, then 21, 31, 46, 69, 103
+    EXPECT_EQ(markup.IndexSize(), 103);
+    EXPECT_EQ(markup.RecordCount(), 102);
+}
+
+// Depth costs records, not stack: linear, and with nothing to overflow.
+TEST(MarkupParser, ParsesFiveMillionLevels) {
+    constexpr int kDepth = 5'000'000;
+    CString text;
+    WCHAR* at = text.GetBufferSetLength(7 * kDepth);
+    for (int i = 0; i < kDepth; ++i, at += 3)
+        std::char_traits<WCHAR>::copy(at, _T("<a>"), 3);
+    for (int i = 0; i < kDepth; ++i, at += 4)
+        std::char_traits<WCHAR>::copy(at, _T("</a>"), 4);
+    MarkupProbe markup;
+    ASSERT_TRUE(markup.SetDoc(text));
+    EXPECT_EQ(markup.RecordCount(), kDepth + 1);
+    EXPECT_EQ(markup.Record(kDepth).nEndTagClose, 3 * kDepth + 3);
+    EXPECT_EQ(markup.Record(1).nEndTagClose, 7 * kDepth - 1);
+}
+
+TEST(MarkupParser, CopiesNeitherDeclarationNorError) {
+    MarkupProbe source(_T("<a><b/></a>"));
+    source.SetXMLDeclaration(_T("<?xml version=\"1.1\"?>"));
+    source.FindChildElem();
+    MarkupProbe copy;
+    copy.SetDoc(_T("<"));
+    copy = source;
+    EXPECT_EQ(copy.Tree(), source.Tree());
+    EXPECT_EQ(copy.Position(), source.Position());
+    EXPECT_EQ(copy.GetError(), _T("Abrupt end within tag"));
+    EXPECT_NE(copy.GetXMLDeclaration(), source.GetXMLDeclaration());
+    copy.AddChildElem(_T("c"));
+    EXPECT_EQ(source.GetDoc(), _T("<a><b/></a>"));
+    try {
+        MarkupProbe& self = source;
+        source = self;
+        ADD_FAILURE() << "an assignment to itself was accepted";
+    } catch (CInvalidArgException* exception) {
+        exception->Delete();
+    }
+}

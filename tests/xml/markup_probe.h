@@ -1,0 +1,44 @@
+// A CMarkup whose index the tests can read.
+#pragma once
+
+#include <quorvel/xml/markup.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+class MarkupProbe : public CMarkup {
+public:
+    using CMarkup::CMarkup;
+
+    // {nTagOpen, nTagClose, nEndTagOpen, nEndTagClose, depth} of every element in document order:
+    // the index as a tree of tag positions, whatever slots it uses.
+    std::vector<std::array<int, 5>> Tree() const {
+        std::vector<std::array<int, 5>> tree;
+        int depth = 0;
+        for (int i = m_aPos[0].iFirstChild; i != 0;) {
+            const ElemPos& element = m_aPos[i];
+            tree.push_back({element.nTagOpen, element.nTagClose, element.nEndTagOpen,
+                            element.nEndTagClose, depth});
+            if (element.iFirstChild != 0) {
+                i = element.iFirstChild;
+                ++depth;
+                continue;
+            }
+            while (i != 0 && m_aPos[i].iNextSibling == 0) {
+                i = m_aPos[i].iParent;
+                --depth;
+            }
+            if (i != 0)
+                i = m_aPos[i].iNextSibling;
+        }
+        return tree;
+    }
+
+    int RecordCount() const { return m_iPosFree; }
+    int IndexSize() const { return m_aPos.GetSize(); }
+    const ElemPos& Record(int index) const { return m_aPos[index]; }
+    std::array<int, 4> Position() const {
+        return {m_iPosParent, m_iPosMain, m_iPosChild, m_nNodeType};
+    }
+};

@@ -1,0 +1,114 @@
+#include "xml/markup_probe.h"
+
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+TEST(MarkupNavigation, FindsElementsByName) {
+    CMarkup markup(_T("<r><item n='1'/><Item/><item n='2'/><other/></r>"));
+    ASSERT_TRUE(markup.FindElem());
+    EXPECT_FALSE(markup.FindElem()); // no sibling: the position stays
+    EXPECT_EQ(markup.GetTagName(), _T("r"));
+    ASSERT_TRUE(markup.IntoElem());
+    EXPECT_EQ(markup.GetTagName(), _T(""));
+    ASSERT_TRUE(markup.FindElem(_T("item")));
+    ASSERT_TRUE(markup.FindElem(_T("item = whatever follows")));
+    EXPECT_EQ(markup.GetAttrib(_T("n")), _T("2"));
+    EXPECT_FALSE(markup.FindElem(_T("item")));
+    EXPECT_EQ(markup.GetAttrib(_T("n")), _T("2"));
+    ASSERT_TRUE(markup.OutOfElem());
+    EXPECT_EQ(markup.GetTagName(), _T("r"));
+    EXPECT_EQ(markup.GetChildTagName(), _T("item"));
+    EXPECT_FALSE(markup.OutOfElem());
+}
+
+TEST(MarkupNavigation, MovesItsThreePositions) {
+    MarkupProbe markup(_T("<r><a><b/></a><c/></r>")); // records: r 1, a 2, b 3, c 4
+    typedef std::array<int, 4> Position;
+    EXPECT_TRUE(markup.FindChildElem()); // the root becomes the main element by itself
+    EXPECT_EQ(markup.Position(), (Position{0, 1, 2, 1}));
+    EXPECT_TRUE(markup.IntoElem());
+    EXPECT_EQ(markup.Position(), (Position{1, 2, 0, 1}));
+    EXPECT_TRUE(markup.FindChildElem(_T("b")));
+    EXPECT_EQ(markup.Position(), (Position{1, 2, 3, 1}));
+    EXPECT_FALSE(markup.FindChildElem(_T("b")));
+    EXPECT_EQ(markup.Position(), (Position{1, 2, 3, 1}));
+    markup.ResetChildPos();
+    EXPECT_EQ(markup.Position(), (Position{1, 2, 0, 1}));
+    markup.ResetMainPos();
+    EXPECT_EQ(markup.Position(), (Position{1, 0, 0, 0}));
+    EXPECT_FALSE(markup.IntoElem());
+    EXPECT_TRUE(markup.FindElem(_T("c")));
+    EXPECT_TRUE(markup.IntoElem()); // an element without children can be entered
+    EXPECT_EQ(markup.Position(), (Position{4, 0, 0, 0}));
+    EXPECT_FALSE(markup.FindChildElem()); // and the search does not wander to the root
+    EXPECT_EQ(markup.Position(), (Position{4, 0, 0, 0}));
+    EXPECT_TRUE(markup.OutOfElem());
+    EXPECT_EQ(markup.Position(), (Position{1, 4, 0, 1}));
+    markup.ResetPos();
+    EXPECT_EQ(markup.Position(), (Position{}));
+}
+
+TEST(MarkupReading, ReadsAttributes) {
+    struct Row {
+        const char* label;
+        const WCHAR* tag;
+        const WCHAR* name;
+        const WCHAR* value;
+    };
+    static constexpr Row kRows[] = {
+        {"double quotes", _T("<a b=\"c\"/>"), _T("b"), _T("c")},
+        {"single quotes", _T("<a b='c\"d'/>"), _T("b"), _T("c\"d")},
+        {"blanks around the sign", _T("<a b = 'c'/>"), _T("b"), _T("c")},
+        {"second attribute", _T("<a x='1' b='2'>t</a>"), _T("b"), _T("2")},
+        {"empty value", _T("<a b=''/>"), _T("b"), _T("")},
+        {"absent", _T("<a b='c'/>"), _T("d"), _T("")},
+        {"longer name in the tag", _T("<a bc='d'/>"), _T("b"), _T("")},
+        {"a name that goes on", _T("<a b='c'/>"), _T("b[1]"), _T("c")},
+        {"unquoted value", _T("<a b=c b='d'/>"), _T("b"), _T("")},
+        {"name without a value", _T("<a b c='d'/>"), _T("b"), _T("")},
+        {"entities", _T("<a b='&lt;&amp;&gt;&apos;&quot;&#65;&x;&'/>"), _T("b"),
+         _T("<&>'\"&#65;&x;&")},
+        {"decoded once", _T("<a b='&amp;lt;'/>"), _T("b"), _T("&lt;")},
+        {"the tag's own name is no attribute", _T("<a a='1'/>"), _T("a"), _T("1")},
+        {"an empty name gives the first attribute's", _T("<a b='c'/>"), _T(""), _T("b")},
+        {"a null name gives nothing", _T("<a b='c'/>"), nullptr, _T("")},
+        {"not from the content", _T("<a> b='c'</a>"), _T("b"), _T("")},
+    };
+    for (const Row& row : kRows) {
+        CMarkup markup(row.tag);
+        EXPECT_EQ(markup.GetAttrib(row.name), _T("")) << row.label; // no position yet
+        ASSERT_TRUE(markup.FindElem()) << row.label;
+        EXPECT_EQ(markup.GetAttrib(row.name), row.value) << row.label;
+    }
+}
+
+TEST(MarkupReading, ReadsContent) {
+    struct Row {
+        const char* label;
+        const WCHAR* element;
+        const WCHAR* data;
+    };
+    static constexpr Row kRows[] = {
+        {"white space is kept", _T("<a> b\r\n</a>"), _T(" b\r\n")},
+        {"entities", _T("<a>&amp;&lt;</a>"), _T("&<")},
+        {"an entity cut by the end", _T("<a>&am</a>"), _T("&am")},
+        {"numeric references stay", _T("<a>&#x41;</a>"), _T("&#x41;")},
+        {"section", _T("<a>\n <![CDATA[<&amp;>]]> after</a>"), _T("<&amp;>")},
+        {"empty section", _T("<a><![CDATA[]]></a>"), _T("")},
+        {"text before the section", _T("<a>b<![CDATA[c]]></a>"), _T("b<![CDATA[c]]>")},
+        {"another section", _T("<a><![INCLUDE[c]]></a>"), _T("<![INCLUDE[c]]>")},
+        {"comment", _T("<a><!--b--></a>"), _T("<!--b-->")},
+        {"with children", _T("<a>b<c/></a>"), _T("")},
+        {"empty element", _T("<a/>"), _T("")},
+        {"empty pair", _T("<a></a>"), _T("")},
+    };
+    for (const Row& row : kRows) {
+        CMarkup markup(CString(_T("<r>")) + row.element + _T("</r>"));
+        ASSERT_TRUE(markup.FindChildElem()) << row.label;
+        EXPECT_EQ(markup.GetChildData(), row.data) << row.label;
+        EXPECT_EQ(markup.GetData(), _T("")) << row.label;
+        markup.IntoElem();
+        EXPECT_EQ(markup.GetData(), row.data) << row.label;
+    }
+}
