@@ -13,6 +13,19 @@ constexpr DWORD kFixedFileInfoSignature = 0xfeef04bd;
 constexpr WORD kWesternCodePage = 1252;
 constexpr DWORD kFileNameLength = 260;
 
+// The fixed block holds a version's four parts as the halves of two numbers.
+CVersionNumber Join(DWORD mostSignificant, DWORD leastSignificant) {
+    return {HIWORD(mostSignificant), LOWORD(mostSignificant), HIWORD(leastSignificant),
+            LOWORD(leastSignificant)};
+}
+
+void Split(const CVersionNumber& version, WORD& major, WORD& minor, WORD& revision, WORD& build) {
+    major = static_cast<WORD>(version.GetMajorVersion());
+    minor = static_cast<WORD>(version.GetMinorVersion());
+    revision = static_cast<WORD>(version.GetRevisionNumber());
+    build = static_cast<WORD>(version.GetBuildNumber());
+}
+
 } // namespace
 
 CModuleVersion::CModuleVersion(const CModuleVersion& other) {
@@ -113,41 +126,31 @@ BOOL CModuleVersion::ReadTranslation() noexcept {
 
 BOOL CModuleVersion::GetFileVersion(WORD& major, WORD& minor, WORD& revision,
                                     WORD& build) const noexcept {
-    major = minor = revision = build = 0;
-    if (!HasValidFixedFileInfo())
-        return FALSE;
-    major = HIWORD(m_fixedFileInfo->dwFileVersionMS);
-    minor = LOWORD(m_fixedFileInfo->dwFileVersionMS);
-    revision = HIWORD(m_fixedFileInfo->dwFileVersionLS);
-    build = LOWORD(m_fixedFileInfo->dwFileVersionLS);
-    return TRUE;
+    CVersionNumber version;
+    const BOOL loaded = GetFileVersion(version);
+    Split(version, major, minor, revision, build);
+    return loaded;
 }
 
 BOOL CModuleVersion::GetProductVersion(WORD& major, WORD& minor, WORD& revision,
                                        WORD& build) const noexcept {
-    major = minor = revision = build = 0;
-    if (!HasValidFixedFileInfo())
-        return FALSE;
-    major = HIWORD(m_fixedFileInfo->dwProductVersionMS);
-    minor = LOWORD(m_fixedFileInfo->dwProductVersionMS);
-    revision = HIWORD(m_fixedFileInfo->dwProductVersionLS);
-    build = LOWORD(m_fixedFileInfo->dwProductVersionLS);
-    return TRUE;
+    CVersionNumber version;
+    const BOOL loaded = GetProductVersion(version);
+    Split(version, major, minor, revision, build);
+    return loaded;
 }
 
 BOOL CModuleVersion::GetFileVersion(CVersionNumber& version) const noexcept {
-    WORD major, minor, revision, build;
-    if (!GetFileVersion(major, minor, revision, build))
+    if (!HasValidFixedFileInfo())
         return FALSE;
-    version.SetNumber(major, minor, revision, build);
+    version = Join(m_fixedFileInfo->dwFileVersionMS, m_fixedFileInfo->dwFileVersionLS);
     return TRUE;
 }
 
 BOOL CModuleVersion::GetProductVersion(CVersionNumber& version) const noexcept {
-    WORD major, minor, revision, build;
-    if (!GetProductVersion(major, minor, revision, build))
+    if (!HasValidFixedFileInfo())
         return FALSE;
-    version.SetNumber(major, minor, revision, build);
+    version = Join(m_fixedFileInfo->dwProductVersionMS, m_fixedFileInfo->dwProductVersionLS);
     return TRUE;
 }
 

@@ -107,117 +107,115 @@ TEST(OperatingSystem, ThemesCameWithWindowsXP) {
             << row.platform << ' ' << row.major << '.' << row.minor;
 }
 
-struct TextCase {
-    SystemVersion version;
-    WORD processor;
+struct EditionCase {
+    DWORD major, minor;
+    BYTE product;
+    WORD suites, processor;
     bool release2;
-    const WCHAR* text;
+    const WCHAR* text; // before service pack and build
+};
+constexpr EditionCase kEditionCases[] = {
+    {6, 0, kWorkstation, 0, k32Bit, false, _T("Microsoft Windows Vista Professional ")},
+    {6, 0, kWorkstation, kPersonal, k32Bit, false, _T("Microsoft Windows Vista Home Edition ")},
+    {6, 0, kWorkstation, 0, kX64, false, _T("Microsoft Windows Vista ")},
+    {6, 1, kWorkstation, 0, k32Bit, false, _T("Professional ")},
+    {5, 1, kWorkstation, 0, k32Bit, false, _T("Microsoft Windows XP Professional ")},
+    {5, 1, kWorkstation, kPersonal, k32Bit, false, _T("Microsoft Windows XP Home Edition ")},
+    {5, 2, kWorkstation, 0, kX64, false, _T("Microsoft Windows XP Professional x64 Edition ")},
+    {5, 2, kWorkstation, 0, kX64, true, _T("Microsoft Windows Server 2003 \"R2\" ")},
+    {5, 2, kWorkstation, 0, k32Bit, false, _T("Microsoft Windows Server 2003, Professional ")},
+    {5, 0, kWorkstation, 0, k32Bit, false, _T("Microsoft Windows 2000 Professional ")},
+    {4, 0, kWorkstation, kPersonal, k32Bit, false, _T("Microsoft Windows NT Workstation 4.0 ")},
+
+    {6, 0, kServer, kDatacenter, k32Bit, false, _T("Windows Server \"Longhorn\" ")},
+    {5, 2, kServer, kEnterprise, k32Bit, true,
+     _T("Microsoft Windows Server 2003 \"R2\" Enterprise Edition ")},
+    {5, 2, kServer, kDatacenter | kEnterprise, kItanium, false,
+     _T("Microsoft Windows Server 2003, Datacenter Edition for Itanium-based Systems")},
+    {5, 2, kServer, kEnterprise, kItanium, false,
+     _T("Microsoft Windows Server 2003, Enterprise Edition for Itanium-based Systems")},
+    {5, 2, kServer, 0, kItanium, false, _T("Microsoft Windows Server 2003, ")},
+    {5, 2, kController, kDatacenter | kEnterprise, kX64, false,
+     _T("Microsoft Windows Server 2003, Datacenter x64 Edition ")},
+    {5, 2, kServer, kEnterprise, kX64, false,
+     _T("Microsoft Windows Server 2003, Enterprise x64 Edition ")},
+    {5, 2, kServer, kBlade, kX64, false,
+     _T("Microsoft Windows Server 2003, Standard x64 Edition ")},
+    {5, 2, kServer, kDatacenter | kEnterprise, k32Bit, false,
+     _T("Microsoft Windows Server 2003, Datacenter Edition ")},
+    {5, 2, kServer, kEnterprise | kBlade, k32Bit, false,
+     _T("Microsoft Windows Server 2003, Enterprise Edition ")},
+    {5, 2, kServer, kBlade, k32Bit, false, _T("Microsoft Windows Server 2003, Web Edition ")},
+    {5, 2, kServer, kBlade | kPersonal, k32Bit, false,
+     _T("Microsoft Windows Server 2003, Standard Edition ")},
+    {5, 2, kController, 0, k32Bit, false, _T("Microsoft Windows Server 2003, Standard Edition ")},
+    {5, 0, kServer, kDatacenter | kEnterprise, k32Bit, false,
+     _T("Microsoft Windows 2000 Datacenter Server ")},
+    {5, 0, kServer, kEnterprise, k32Bit, false, _T("Microsoft Windows 2000 Advanced Server ")},
+    {5, 0, kController, 0, k32Bit, false, _T("Microsoft Windows 2000 Server ")},
+    {4, 0, kServer, kEnterprise, k32Bit, false,
+     _T("Microsoft Windows NT Server 4.0, Enterprise Edition ")},
+    {4, 0, kController, kDatacenter, k32Bit, false, _T("Microsoft Windows NT Server 4.0 ")},
 };
 
-const TextCase kTextCases[] = {
-    // Workstations.
-    {Version(2, 6, 0, kWorkstation, 0, _T("Service Pack 1")), k32Bit, false,
-     _T("Microsoft Windows Vista Professional Service Pack 1 (Build 2600)")},
-    {Version(2, 6, 0, kWorkstation, kPersonal), k32Bit, false,
-     _T("Microsoft Windows Vista Home Edition  (Build 2600)")},
-    {Version(2, 6, 0, kWorkstation), kX64, false, _T("Microsoft Windows Vista  (Build 2600)")},
-    {Version(2, 6, 1, kWorkstation), k32Bit, false, _T("Professional  (Build 2600)")},
-    {Version(2, 5, 1, kWorkstation, 0, _T("Service Pack 2")), k32Bit, false,
-     _T("Microsoft Windows XP Professional Service Pack 2 (Build 2600)")},
-    {Version(2, 5, 1, kWorkstation, kPersonal), k32Bit, false,
-     _T("Microsoft Windows XP Home Edition  (Build 2600)")},
-    {Version(2, 5, 2, kWorkstation), kX64, false,
-     _T("Microsoft Windows XP Professional x64 Edition  (Build 2600)")},
-    {Version(2, 5, 2, kWorkstation), k32Bit, false,
-     _T("Microsoft Windows Server 2003, Professional  (Build 2600)")},
-    {Version(2, 5, 0, kWorkstation), k32Bit, false,
-     _T("Microsoft Windows 2000 Professional  (Build 2600)")},
-    {Version(2, 4, 0, kWorkstation, 0, _T("Service Pack 6")), k32Bit, false,
-     _T("Microsoft Windows NT Workstation 4.0 Service Pack 6 (Build 2600)\n")},
-    {Version(2, 4, 0, kWorkstation, kPersonal, _T("Service Pack 5")), k32Bit, false,
-     _T("Microsoft Windows NT Workstation 4.0 Service Pack 5 (Build 2600)")},
-    // Servers.
-    {Version(2, 6, 0, kServer, kDatacenter), k32Bit, false,
-     _T("Windows Server \"Longhorn\"  (Build 2600)")},
-    {Version(2, 5, 2, kServer, kEnterprise), k32Bit, true,
-     _T("Microsoft Windows Server 2003 \"R2\" Enterprise Edition  (Build 2600)")},
-    {Version(2, 5, 2, kWorkstation), kX64, true,
-     _T("Microsoft Windows Server 2003 \"R2\"  (Build 2600)")},
-    {Version(2, 5, 2, kServer, kDatacenter | kEnterprise, _T("SP1")), kItanium, false,
-     _T("Microsoft Windows Server 2003, Datacenter Edition for Itanium-based SystemsSP1 ")
-     _T("(Build 2600)")},
-    {Version(2, 5, 2, kServer, kEnterprise), kItanium, false,
-     _T("Microsoft Windows Server 2003, Enterprise Edition for Itanium-based Systems ")
-     _T("(Build 2600)")},
-    {Version(2, 5, 2, kServer), kItanium, false,
-     _T("Microsoft Windows Server 2003,  (Build 2600)")},
-    {Version(2, 5, 2, kController, kDatacenter | kEnterprise), kX64, false,
-     _T("Microsoft Windows Server 2003, Datacenter x64 Edition  (Build 2600)")},
-    {Version(2, 5, 2, kServer, kEnterprise), kX64, false,
-     _T("Microsoft Windows Server 2003, Enterprise x64 Edition  (Build 2600)")},
-    {Version(2, 5, 2, kServer, kBlade), kX64, false,
-     _T("Microsoft Windows Server 2003, Standard x64 Edition  (Build 2600)")},
-    {Version(2, 5, 2, kServer, kDatacenter | kEnterprise), k32Bit, false,
-     _T("Microsoft Windows Server 2003, Datacenter Edition  (Build 2600)")},
-    {Version(2, 5, 2, kServer, kEnterprise | kBlade), k32Bit, false,
-     _T("Microsoft Windows Server 2003, Enterprise Edition  (Build 2600)")},
-    {Version(2, 5, 2, kServer, kBlade), k32Bit, false,
-     _T("Microsoft Windows Server 2003, Web Edition  (Build 2600)")},
-    {Version(2, 5, 2, kServer, kBlade | kPersonal), k32Bit, false,
-     _T("Microsoft Windows Server 2003, Standard Edition  (Build 2600)")},
-    {Version(2, 5, 2, kController), k32Bit, false,
-     _T("Microsoft Windows Server 2003, Standard Edition  (Build 2600)")},
-    {Version(2, 5, 0, kServer, kDatacenter | kEnterprise), k32Bit, false,
-     _T("Microsoft Windows 2000 Datacenter Server  (Build 2600)")},
-    {Version(2, 5, 0, kServer, kEnterprise), k32Bit, false,
-     _T("Microsoft Windows 2000 Advanced Server  (Build 2600)")},
-    {Version(2, 5, 0, kController), k32Bit, false,
-     _T("Microsoft Windows 2000 Server  (Build 2600)")},
-    {Version(2, 4, 0, kServer, kEnterprise), k32Bit, false,
-     _T("Microsoft Windows NT Server 4.0, Enterprise Edition  (Build 2600)")},
-    {Version(2, 4, 0, kController, kDatacenter), k32Bit, false,
-     _T("Microsoft Windows NT Server 4.0  (Build 2600)")},
-    // The other platforms.
-    {Version(1, 4, 0, 0, 0, _T(" C")), k32Bit, false, _T("Microsoft Windows 95 OSR2")},
-    {Version(1, 4, 0, 0, 0, _T(" B")), k32Bit, false, _T("Microsoft Windows 95 OSR2")},
-    {Version(1, 4, 0, 0, 0, _T(" A")), k32Bit, false, _T("Microsoft Windows 95 ")},
-    {Version(1, 4, 10, 0, 0, _T(" A ")), k32Bit, false, _T("Microsoft Windows 98 SE")},
-    {Version(1, 4, 10), k32Bit, false, _T("Microsoft Windows 98 ")},
-    {Version(1, 4, 90, 0, 0, _T(" A")), k32Bit, false, _T("Microsoft Windows Millennium Edition")},
-    {Version(1, 4, 91), k32Bit, false, _T("")},
-    {Version(0, 3, 10), k32Bit, false, _T("Microsoft Win32s")},
-    {Version(4, 6, 1), k32Bit, false, _T("Unknown operating system")},
-};
-
-TEST(OperatingSystem, TheTextIsProductEditionServicePackAndBuild) {
-    for (const TextCase& row : kTextCases) {
+TEST(OperatingSystem, TheTextIsProductAndEdition) {
+    for (const EditionCase& row : kEditionCases) {
         SystemFacts facts;
-        facts.version = row.version;
+        facts.version = Version(2, row.major, row.minor, row.product, row.suites, _T("SP"));
         facts.nativeProcessor = row.processor;
         facts.release2 = row.release2;
-        facts.hasServicePack6a = [] { return false; };
+        CString text;
+        EXPECT_TRUE(DescribeSystem(facts, text));
+        EXPECT_EQ(text, CString(row.text) + _T("SP (Build 2600)"));
+    }
+}
+
+TEST(OperatingSystem, ThenServicePackAndBuild) {
+    const struct {
+        DWORD major;
+        const WCHAR* pack;
+        bool hotfix;
+        const WCHAR* text;
+    } rows[] = {
+        {5, _T(""), true, _T("Microsoft Windows 2000 Server  (Build 2600)")},
+        {5, _T("Service Pack 6"), true,
+         _T("Microsoft Windows 2000 Server Service Pack 6 (Build 2600)")},
+        {4, _T("Service Pack 5"), true,
+         _T("Microsoft Windows NT Server 4.0 Service Pack 5 (Build 2600)")},
+        {4, _T("Service Pack 6"), true,
+         _T("Microsoft Windows NT Server 4.0 Service Pack 6a (Build 2600)")},
+        {4, _T("Service Pack 6"), false,
+         _T("Microsoft Windows NT Server 4.0 Service Pack 6 (Build 2600)\n")},
+    };
+    for (const auto& row : rows) {
+        SystemFacts facts;
+        facts.version = Version(2, row.major, 0, kServer, 0, row.pack);
+        facts.hasServicePack6a = row.hotfix ? [] { return true; } : [] { return false; };
         CString text;
         EXPECT_TRUE(DescribeSystem(facts, text));
         EXPECT_EQ(text, CString(row.text));
     }
 }
 
-TEST(OperatingSystem, ServicePack6aIsKnownByItsHotfix) {
-    SystemFacts facts;
-    facts.hasServicePack6a = [] { return true; };
+TEST(OperatingSystem, TheOtherPlatformsHaveTheirNameAlone) {
     const struct {
-        SystemVersion version;
+        DWORD platform, minor;
+        const WCHAR* pack;
         const WCHAR* text;
     } rows[] = {
-        {Version(2, 4, 0, kServer, 0, _T("Service Pack 6")),
-         _T("Microsoft Windows NT Server 4.0 Service Pack 6a (Build 2600)")},
-        {Version(2, 4, 0, kServer, 0, _T("Service Pack 5")),
-         _T("Microsoft Windows NT Server 4.0 Service Pack 5 (Build 2600)")},
-        {Version(2, 5, 0, kServer, 0, _T("Service Pack 6")),
-         _T("Microsoft Windows 2000 Server Service Pack 6 (Build 2600)")},
+        {1, 0, _T(" C"), _T("Microsoft Windows 95 OSR2")},
+        {1, 0, _T(" B"), _T("Microsoft Windows 95 OSR2")},
+        {1, 0, _T(" A"), _T("Microsoft Windows 95 ")},
+        {1, 10, _T(" A "), _T("Microsoft Windows 98 SE")},
+        {1, 10, _T(""), _T("Microsoft Windows 98 ")},
+        {1, 90, _T(" A"), _T("Microsoft Windows Millennium Edition")},
+        {1, 91, _T(""), _T("")},
+        {0, 10, _T(""), _T("Microsoft Win32s")},
+        {4, 1, _T(""), _T("Unknown operating system")},
     };
     for (const auto& row : rows) {
-        facts.version = row.version;
+        SystemFacts facts;
+        facts.version = Version(row.platform, 4, row.minor, 0, 0, row.pack);
         CString text;
         EXPECT_TRUE(DescribeSystem(facts, text));
         EXPECT_EQ(text, CString(row.text));

@@ -1,3 +1,4 @@
+#include <quorvel/frame/module.h>
 #include <quorvel/types/module_version.h>
 #include <quorvel/types/version_number.h>
 
@@ -190,6 +191,17 @@ TEST(ModuleVersion, ACopyOutlivesItsOriginal) {
     copy = CModuleVersion();
     EXPECT_FALSE(copy.IsLoaded());
     EXPECT_FALSE(copy.GetFileVersion(number));
+}
+
+TEST(ModuleVersion, TheLibraryTellsItsOwnVersion) {
+    CModuleVersion module;
+    ASSERT_TRUE(module.Load(QuorvelGetInstanceHandle()));
+    CString value;
+    EXPECT_TRUE(module.GetInternalName(value));
+    EXPECT_EQ(value, _T("Quorvel"));
+    EXPECT_FALSE(module.Load(reinterpret_cast<HINSTANCE>(static_cast<UINT_PTR>(0x1234))));
+    EXPECT_NE(module.GetLastError(), 0u);
+    EXPECT_TRUE(module.IsLoaded());
 }
 
 } // namespace

@@ -1,0 +1,88 @@
+#include <quorvel/frame/exception_text.h>
+
+#include <quorvel/framework/exceptions.h>
+#include <quorvel/res/message_ids.h>
+
+#include "platform/win32.h"
+
+#include <memory>
+
+namespace {
+
+constexpr int kFileCauses = CFileException::endOfFile + 1;
+constexpr int kArchiveCauses = CArchiveException::badSchema + 1;
+constexpr UINT kExceptionTextSize = 256; // in characters, the terminator included
+
+struct FreeLocal {
+    void operator()(WCHAR* text) const { LocalFree(text); }
+};
+
+// The texts of the causes follow each other in the catalogue.
+BOOL LoadCauseText(UINT firstTextId, int cause, CString& text) {
+    return text.LoadString(firstTextId + static_cast<UINT>(cause));
+}
+
+} // namespace
+
+BOOL AfxGetSystemErrorText(DWORD error, CString& text) {
+    text.Empty();
+    WCHAR* allocated = nullptr;
+    const DWORD length = FormatMessageW(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, error, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
+        reinterpret_cast<LPWSTR>(&allocated), 0, nullptr);
+    const std::unique_ptr<WCHAR, FreeLocal> owner(allocated);
+    if (length == 0)
+        return FALSE;
+    text.SetString(allocated, static_cast<int>(length));
+    text.TrimRight(_T("\r\n"));
+    return TRUE;
+}
+
+BOOL AfxGetExceptionText(CException* exception, CString& text) {
+    text.Empty();
+    if (exception == nullptr)
+        return FALSE;
+    WCHAR buffer[kExceptionTextSize] = {};
+    if (!exception->GetErrorMessage(buffer, kExceptionTextSize))
+        return FALSE;
+    buffer[kExceptionTextSize - 1] = 0; // the class may be the host's own
+    text = buffer;
+    return TRUE;
+}
+
+BOOL AfxIsValidFileExceptionCause(int cause) {
+    return cause >= 0 && cause < kFileCauses;
+}
+
+BOOL AfxGetFileExceptionErrorMessage(int cause, CString& text) {
+    const bool valid = AfxIsValidFileExceptionCause(cause);
+    return LoadCauseText(quorvel::kTextFileCauseNone,
+                         valid ? cause : int{CFileException::genericException}, text);
+}
+
+BOOL AfxIsValidArchiveExceptionCause(int cause) {
+    return cause >= 0 && cause < kArchiveCauses;
+}
+
+BOOL AfxGetArchiveExceptionErrorMessage(int cause, CString& text) {
+    const bool valid = AfxIsValidArchiveExceptionCause(cause);
+    return LoadCauseText(quorvel::kTextArchiveCauseNone,
+                         valid ? cause : int{CArchiveException::genericException}, text);
+}
+
+BOOL AfxGetResourceExceptionErrorMessage(CString& text) {
+    return text.LoadString(quorvel::kTextExceptionResource);
+}
+
+BOOL AfxGetMemoryExceptionErrorMessage(CString& text) {
+    return text.LoadString(quorvel::kTextExceptionMemory);
+}
+
+BOOL AfxGetNotSupportedExceptionErrorMessage(CString& text) {
+    return text.LoadString(quorvel::kTextExceptionNotSupported);
+}
+
+BOOL AfxGetUserExceptionErrorMessage(CString& text) {
+    return text.LoadString(quorvel::kTextExceptionUser);
+}

@@ -1,0 +1,48 @@
+#include "frame/html_help.h"
+
+#include <htmlhelp.h>
+#include <oleauto.h>
+
+#include <memory>
+#include <type_traits>
+
+namespace quorvel {
+
+namespace {
+
+// The answer to HH_GET_LAST_ERROR, which the compiler's header lacks.
+struct LastError {
+    int size;
+    HRESULT code;
+    BSTR description;
+};
+
+struct FreeString {
+    void operator()(BSTR text) const { SysFreeString(text); }
+};
+
+} // namespace
+
+// The error is the process's own: where the control is not loaded there is none, so it is never
+// loaded for the question.
+BOOL QueryHtmlHelpError(HtmlHelpError& error) {
+    typedef HWND(WINAPI * HtmlHelp)(HWND caller, LPCWSTR file, UINT command, DWORD_PTR data);
+    const HMODULE control = GetModuleHandleW(_T("hhctrl.ocx"));
+    if (control == nullptr)
+        return FALSE;
+    const auto htmlHelp =
+        reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(GetProcAddress(control, "HtmlHelpW")));
+    if (htmlHelp == nullptr)
+        return FALSE;
+    LastError last = {sizeof last, S_OK, nullptr};
+    const bool answered = htmlHelp(nullptr, nullptr, HH_GET_LAST_ERROR,
+                                   reinterpret_cast<DWORD_PTR>(&last)) != nullptr;
+    const std::unique_ptr<std::remove_pointer_t<BSTR>, FreeString> description(last.description);
+    if (!answered)
+        return FALSE;
+    error.code = last.code;
+    error.description = last.description;
+    return TRUE;
+}
+
+} // namespace quorvel

@@ -1,0 +1,22 @@
+#include "frame/module.h"
+
+namespace quorvel {
+
+// A DLL is attached by its entry point; code that is linked to the program has none.
+HINSTANCE InstanceToAttach() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&InstanceToAttach), &module);
+    return module == GetModuleHandleW(nullptr) ? module : nullptr;
+}
+
+} // namespace quorvel
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH)
+        return quorvel::AttachModule(instance);
+    if (reason == DLL_PROCESS_DETACH)
+        quorvel::DetachModule();
+    return TRUE;
+}
