@@ -138,6 +138,15 @@ struct SYSTEMTIME {
     WORD wSecond;
     WORD wMilliseconds;
 };
+struct TIME_ZONE_INFORMATION {
+    LONG Bias; // minutes: UTC is local time and the bias
+    WCHAR StandardName[32];
+    SYSTEMTIME StandardDate;
+    LONG StandardBias;
+    WCHAR DaylightName[32];
+    SYSTEMTIME DaylightDate;
+    LONG DaylightBias;
+};
 
 union LARGE_INTEGER {
     struct {

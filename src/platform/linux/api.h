@@ -7,6 +7,7 @@
 
 #include "platform/linux/clock.h"
 #include "platform/linux/crt.h"
+#include "platform/linux/date_time.h"
 #include "platform/linux/file.h"
 #include "platform/linux/handle.h"
 #include "platform/linux/message_box.h"

@@ -15,4 +15,14 @@ void GetLocalTime(SYSTEMTIME* time) {
              static_cast<WORD>(local.tm_sec),         static_cast<WORD>(now.tv_nsec / 1000000)};
 }
 
+void GetSystemTimeAsFileTime(FILETIME* time) {
+    constexpr std::uint64_t kSecondsFrom1601To1970 = 11644473600;
+    timespec now;
+    clock_gettime(CLOCK_REALTIME, &now);
+    const std::uint64_t units =
+        (static_cast<std::uint64_t>(now.tv_sec) + kSecondsFrom1601To1970) * 10000000 +
+        static_cast<std::uint64_t>(now.tv_nsec / 100);
+    *time = {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
+}
+
 } // namespace quorvel::win32
