@@ -220,6 +220,7 @@ constexpr ErrorText kTexts[] = {
     {1402, "The cursor handle is not valid."},
     {1403, "The accelerator table handle is not valid."},
     {1404, "The hook handle is not valid."},
+    {1406, "A child window needs a parent window."},
     {1407, "The window class does not exist."},
     {1408, "The window belongs to another thread."},
     {1409, "The hot key is registered already."},
