@@ -1,5 +1,6 @@
 // Text encodings against the peers that a host would otherwise call.
 #include <quorvel/util/text/base64.h>
+#include <quorvel/util/text/encoding_names.h>
 #include <quorvel/util/text/escape.h>
 #include <quorvel/util/text/md5.h>
 
@@ -143,6 +144,23 @@ void LibXmlEscapeUri(benchmark::State& state) {
     Count(state);
 }
 
+void EncodingCodePage(benchmark::State& state) {
+    const WCHAR* const names[] = {_T("utf-8"), _T("ISO_8859-1:1987"), _T("x-unknown-name")};
+    for (auto _ : state) {
+        UINT codePage;
+        AfxCharacterEncodingToCodePage(names[state.range(0)], codePage);
+        benchmark::DoNotOptimize(codePage);
+    }
+}
+
+void EncodingPreferredName(benchmark::State& state) {
+    for (auto _ : state) {
+        CString preferred;
+        AfxGetPreferredCharacterEncodingName(_T("ISO_8859-1:1987"), preferred);
+        benchmark::DoNotOptimize(preferred);
+    }
+}
+
 void BlockSizes(benchmark::internal::Benchmark* benchmark) {
     for (const int size : {64, 16 << 10, 32 << 20})
         benchmark->Arg(size);
@@ -159,5 +177,7 @@ BENCHMARK(Md5Digest)->Apply(BlockSizes);
 BENCHMARK(OpenSslMd5Digest)->Apply(BlockSizes);
 BENCHMARK(EscapeUrl)->Arg(20)->Arg(200)->Arg(1400);
 BENCHMARK(LibXmlEscapeUri)->Arg(20)->Arg(200)->Arg(1400);
+BENCHMARK(EncodingCodePage)->DenseRange(0, 2);
+BENCHMARK(EncodingPreferredName);
 
 } // namespace
