@@ -60,6 +60,8 @@ TEST(Utf8, ConvertsBothWays) {
     EXPECT_EQ(utf8, "#");
     EXPECT_TRUE(AfxWideCharToUTF8(_T("a\xd83d"), utf8)); // half a pair
     EXPECT_EQ(utf8, "a\xef\xbf\xbd");
+    EXPECT_TRUE(AfxMultiByteToUTF8(1252, 0, "\x80", utf8));
+    EXPECT_EQ(utf8, "\xe2\x82\xac");
 }
 
 TEST(Utf8, ByteOrderMarksAreToldApart) {

@@ -65,6 +65,7 @@ TEST(EncodingNames, NamesAreFoundInAnyLetterCase) {
         {_T("Extended_Unix_Code_Packed_Format_For_Japanese"), _T("euc-jp"), 51932},
         {_T("_iso-2022-jp$SIO"), nullptr, 0},
         {_T("_iso-2022-jp$sio"), nullptr, 0},
+        {_T("\x212aoi8"), nullptr, 0}, // the Kelvin sign is no k
         {_T("utf-8 "), nullptr, 0},
         {_T("utf"), nullptr, 0},
         {_T("\xe4scii"), nullptr, 0},
