@@ -17,7 +17,13 @@ bool IsMissing(DWORD error) {
 
 ReplacementFile::ReplacementFile(const WCHAR* path)
     : m_path(path), m_target(FinalPath(path).c_str()) {
-    // Whoever may not write the target may not replace it either.
+    // Whoever may not write the target may not replace it either. The attribute is asked for as
+    // well: a privileged user could open a read-only file where the system is lenient.
+    const DWORD attributes = GetFileAttributesW(m_target);
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        ThrowLastError();
+    }
     m_file = CreateFileW(m_target, GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                          FILE_ATTRIBUTE_NORMAL, nullptr);
     const bool exists = m_file != INVALID_HANDLE_VALUE;

@@ -1,0 +1,76 @@
+// XML files: loading and saving a CMarkup, encoding detection, and the exception of both.
+//
+// Any thread; the document belongs to the caller's.
+#pragma once
+
+#include <quorvel/frame/lengthy_operation.h>
+#include <quorvel/framework/exceptions.h>
+#include <quorvel/xml/markup.h>
+
+// What went wrong with an XML file. m_lOsError is -1.
+class QUORVEL_API CXMLFileException : public CFileException {
+    DECLARE_DYNAMIC(CXMLFileException)
+public:
+    enum {
+        none,
+        generic,
+        invalidFileName,
+        systemError,
+        fileTooLarge,
+        invalidFile,
+        unsupportedEncoding,
+        notWellFormed,
+        untranslatableEncoding,
+        internalError
+    };
+
+    // A cause outside the enumeration is stored as `generic`.
+    explicit CXMLFileException(int cause = none, const WCHAR* fileName = nullptr);
+
+    static BOOL IsValidCause(int cause);
+    // The text of the cause as it stands in the catalogue, its insert not filled. FALSE for a null
+    // buffer or a cause outside the enumeration. The help context is not touched.
+    BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr) override;
+};
+
+QUORVEL_API BOOL AfxIsValidXMLFileExceptionCause(int cause);
+// The text to show for a cause: the system's text of GetLastError for `systemError`, the size
+// filled in for `fileTooLarge`, `generic` for a cause outside the enumeration. FALSE, and an empty
+// text, when there is none.
+QUORVEL_API BOOL AfxGetXMLFileExceptionErrorMessage(int cause, CString& text);
+[[noreturn]] QUORVEL_API void AfxThrowXMLFileException(int cause, const WCHAR* fileName = nullptr);
+
+// Recognises the encoding of an XML file by its first bytes (Extensible Markup Language 1.0,
+// appendix F): byte order marks, and "<" or "<?" in UTF-32, UTF-16, ASCII and EBCDIC. Non-zero when
+// it did. `encoding` is then a name, or empty for ASCII without a mark, where the declaration
+// decides; `charSize` is in bytes. Otherwise, and for null bytes, the outputs are empty, FALSE and
+// 0.
+QUORVEL_API int AfxDetermineXMLFileEncoding(const BYTE* bytes, DWORD length, CString& encoding,
+                                            BOOL& bigEndian, int& charSize, int& bomLength);
+
+// Loads a file into the document. Non-zero on success; otherwise `errorText` says why, and the
+// document holds what had been parsed by then: nothing has changed but the positions up to the
+// point where the text itself is refused.
+//
+// The encoding is that of the byte order mark or of the declaration, which is searched at the very
+// start only: UTF-8, UTF-16 in both byte orders, and every single- or multi-byte code page that
+// MultiByteToWideChar knows, EBCDIC included. UTF-32 is refused. The declaration is taken off the
+// text and stored with SetXMLDeclaration; without one the document keeps the one it had
+// (deliberate; so is that for UTF-16 the declaration is offered with as many following characters
+// as it has itself, and hence is stored only where these end in "?>"). Of 1-byte characters every
+// refusal of the text is `untranslatableEncoding`; only UTF-16 reaches `notWellFormed`
+// (deliberate).
+QUORVEL_API int AfxLoadXMLFile(const WCHAR* fileName, CMarkup& markup, CString& errorText,
+                               CLengthyOperationHandler* handler = nullptr);
+
+// Saves the declaration and directly behind it the document, as UTF-8, or as UTF-16 with a byte
+// order mark, as the declaration's encoding says; other encodings are refused, and so is a lone
+// surrogate in UTF-8 (`untranslatableEncoding`). Non-zero on success; otherwise `errorText` says
+// why.
+//
+// What was there before is only replaced by a complete file: the text is written to a new file in
+// the same folder, which then takes the name, the permissions and, where the name is a symbolic
+// link, the place of the old one. Where no second file can be made in the folder, the file is
+// written in place.
+QUORVEL_API int AfxSaveXMLFile(CMarkup& markup, const WCHAR* fileName, CString& errorText,
+                               CLengthyOperationHandler* handler = nullptr);

@@ -1,0 +1,5 @@
+#include <quorvel/frame/lengthy_operation.h>
+
+CLengthyOperationHandler::~CLengthyOperationHandler() = default;
+
+void CLengthyOperationHandler::PumpMessages() {}

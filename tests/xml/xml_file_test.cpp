@@ -1,0 +1,280 @@
+#include <quorvel/xml/xml_file.h>
+
+#include "support/temporary_folder.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using std::string;
+using namespace std::string_literals;
+
+// UTF-16 bytes of an ASCII text.
+string Wide(const string& text, bool bigEndian = false) {
+    string bytes;
+    for (const char c : text) {
+        bytes += bigEndian ? '\0' : c;
+        bytes += bigEndian ? c : '\0';
+    }
+    return bytes;
+}
+
+class CountingHandler : public CLengthyOperationHandler {
+public:
+    void PumpMessages() override { ++count; }
+    int count = 0;
+};
+
+class ThrowingHandler : public CLengthyOperationHandler {
+public:
+    void PumpMessages() override { throw 42; }
+};
+
+const CString kDefaultDeclaration(_T("<?xml version=\"1.0\" encoding=\"utf-8\"?>"));
+
+} // namespace
+
+TEST(XmlFile, RecognisesEncodingsByTheFirstBytes) {
+    struct Row {
+        string bytes;
+        const WCHAR* encoding;
+        BOOL bigEndian;
+        int charSize;
+        int bomLength; // charSize 0: refused
+    };
+    const Row rows[] = {
+        {"\xef\xbb\xbf"s, _T("utf-8"), FALSE, 1, 3},
+        {"\0\0\xfe\xff"s, _T("utf-32be"), TRUE, 4, 4},
+        {"\xff\xfe\0\0"s, _T("utf-32le"), FALSE, 4, 4},
+        {"\xfe\xff\0<"s, _T("utf-16be"), TRUE, 2, 2},
+        {"\xff\xfe<\0"s, _T("utf-16le"), FALSE, 2, 2},
+        {"\0\0\0<"s, _T("utf-32be"), TRUE, 4, 0},
+        {"<\0\0\0"s, _T("utf-32le"), FALSE, 4, 0},
+        {"\0<\0?"s, _T("utf-16be"), TRUE, 2, 0},
+        {"<\0?\0"s, _T("utf-16le"), FALSE, 2, 0},
+        {"<?xm"s, _T(""), FALSE, 1, 0},
+        {"\x4c\x6f\xa7\x94"s, _T("ebcdic"), FALSE, 1, 0},
+        {"\xfe\xff\0\0"s, _T(""), FALSE, 0, 0}, // not UTF-16
+        {"\xff\xfe<"s, _T(""), FALSE, 0, 0},    // three bytes: only UTF-8 is known by them
+        {"<rss"s, _T(""), FALSE, 0, 0},
+        {""s, _T(""), FALSE, 0, 0},
+    };
+    for (const Row& row : rows) {
+        CString encoding(_T("unchanged"));
+        BOOL bigEndian = 7;
+        int charSize = 7, bomLength = 7;
+        const int result = AfxDetermineXMLFileEncoding(
+            reinterpret_cast<const BYTE*>(row.bytes.data()), static_cast<DWORD>(row.bytes.size()),
+            encoding, bigEndian, charSize, bomLength);
+        const string label = testing::PrintToString(row.bytes);
+        EXPECT_EQ(result != 0, row.charSize != 0) << label;
+        EXPECT_EQ(encoding, row.encoding) << label;
+        EXPECT_EQ(bigEndian, row.bigEndian) << label;
+        EXPECT_EQ(charSize, row.charSize) << label;
+        EXPECT_EQ(bomLength, row.bomLength) << label;
+    }
+    CString encoding;
+    BOOL bigEndian;
+    int charSize, bomLength;
+    EXPECT_EQ(AfxDetermineXMLFileEncoding(nullptr, 9, encoding, bigEndian, charSize, bomLength), 0);
+}
+
+TEST(XmlFile, LoadsEveryEncoding) {
+    struct Row {
+        const char* label;
+        string bytes;
+        const WCHAR* document;
+        const WCHAR* declaration; // null: the default one, none was stored
+    };
+    const string ebcdic("\x4c\x6f\xa7\x94\x93\x40\x6f\x6e\x4c\x81\x61\x6e"); // <?xml ?><a/>
+    const Row rows[] = {
+        {"default", "<?xml version='1.0'?><a>\xc3\xa9</a>", _T("<a>\u00e9</a>"),
+         _T("<?xml version='1.0'?>")},
+        {"mark", "\xef\xbb\xbf<a>\xc3\xa9</a>", _T("<a>\u00e9</a>"), nullptr},
+        {"named", "<?xml encoding='latin1'?><a>\xe9</a>", _T("<a>\u00e9</a>"),
+         _T("<?xml encoding='latin1'?>")},
+        {"the declaration wins over the mark",
+         "\xef\xbb\xbf<?xml encoding=\"windows-1252\"?><a>\x80</a>", _T("<a>\u20ac</a>"),
+         _T("<?xml encoding=\"windows-1252\"?>")},
+        {"only at the very start", "<?xml ?><a>\xc3\xa9<?xml encoding='latin1'?></a>",
+         _T("<a>\u00e9<?xml encoding='latin1'?></a>"), _T("<?xml ?>")},
+        {"EBCDIC", ebcdic, _T("<a/>"), _T("<?xml ?>")},
+        {"UTF-16", "\xff\xfe" + Wide("<a>b</a>"), _T("<a>b</a>"), nullptr},
+        {"UTF-16, the other order", "\xfe\xff" + Wide("<a>b</a>", true), _T("<a>b</a>"), nullptr},
+        {"UTF-16 without a mark", Wide("<?xml ?><a>b</a>"), _T("<a>b</a>"), nullptr},
+        {"UTF-16 with a declaration that goes on", Wide("<?xml ?><a/>9?>x"), _T("<a/>9?>x"),
+         nullptr},
+        {"UTF-16 whose declaration is followed by as many characters ending in one",
+         Wide("<?xml ?><a/>78?>"), _T("<a/>78?>"), _T("<?xml ?><a/>78?>")},
+        {"an odd byte at the end", "\xff\xfe" + Wide("<a/>") + "x", _T("<a/>"), nullptr},
+    };
+    const TemporaryFolder folder;
+    for (const Row& row : rows) {
+        folder.Write(_T("file.xml"), row.bytes);
+        CMarkup markup;
+        CString error(_T("unchanged"));
+        EXPECT_NE(AfxLoadXMLFile(folder.Path(_T("file.xml")), markup, error), 0)
+            << row.label << testing::PrintToString(error);
+        EXPECT_EQ(error, _T("")) << row.label;
+        EXPECT_EQ(markup.GetDoc(), row.document) << row.label;
+        EXPECT_EQ(markup.GetXMLDeclaration(),
+                  row.declaration != nullptr ? CString(row.declaration) : kDefaultDeclaration)
+            << row.label;
+    }
+}
+
+TEST(XmlFile, SaysWhyAFileIsNotLoaded) {
+    const CString notXml(_T("The file is not a valid XML file."));
+    const CString unsupported(_T("The character encoding used by the file is not supported."));
+    const CString untranslated(_T("The character encoding in the file could not be translated."));
+    const CString notWellFormed(_T("The document is not well formed."));
+    struct Row {
+        const char* label;
+        string bytes;
+        CString error;
+    };
+    const Row rows[] = {
+        {"empty", "", notXml},
+        {"four bytes", "<?xm", notXml},
+        {"other bytes", "<rss/>", notXml},
+        {"UTF-32", "\xff\xfe\0\0<\0\0\0"s, unsupported},
+        {"UTF-32, the other order", "\0\0\xfe\xff\0\0\0<"s, unsupported},
+        {"unknown name", "<?xml encoding='nonsense'?><a/>", unsupported},
+        {"no name and no mark", "<?xml encoding=''?><a/>", unsupported},
+        {"a name that lies", "<?xml encoding='utf-16'?><a/>", untranslated},
+        {"malformed, 1-byte", "<?xml ?><a>", untranslated},
+        {"nothing behind the declaration", "<?xml ?>", untranslated},
+        {"malformed, 2-byte", "\xff\xfe" + Wide("<a>"), notWellFormed},
+        {"mark alone", "\xff\xfe" + Wide("  "), notWellFormed},
+    };
+    const TemporaryFolder folder;
+    for (const Row& row : rows) {
+        folder.Write(_T("file.xml"), row.bytes);
+        CMarkup markup(_T("<old/>"));
+        CString error;
+        CountingHandler handler;
+        EXPECT_EQ(AfxLoadXMLFile(folder.Path(_T("file.xml")), markup, error, &handler), 0)
+            << row.label;
+        EXPECT_EQ(error, row.error) << row.label;
+        EXPECT_GT(handler.count, 1) << row.label;
+    }
+    CMarkup markup;
+    CString error;
+    EXPECT_EQ(AfxLoadXMLFile(nullptr, markup, error), 0);
+    EXPECT_EQ(error, _T("The file name is invalid."));
+    EXPECT_EQ(AfxLoadXMLFile(folder.Path(_T("none.xml")), markup, error), 0);
+    EXPECT_EQ(error, _T("The file could not be located."));
+    EXPECT_EQ(AfxLoadXMLFile(folder.Path(), markup, error), 0);
+    EXPECT_FALSE(error.IsEmpty());
+    folder.Write(_T("file.xml"), "<?xml ?><a/>");
+    ThrowingHandler throwing;
+    EXPECT_EQ(AfxLoadXMLFile(folder.Path(_T("file.xml")), markup, error, &throwing), 0);
+    EXPECT_EQ(error, _T("An unspecified error occurred."));
+}
+
+TEST(XmlFile, SavesInTheDeclaredEncoding) {
+    struct Row {
+        const char* label;
+        const WCHAR* declaration; // null: the default
+        string bytes;             // of the document <a>é</a>
+        const WCHAR* error;
+    };
+    const Row rows[] = {
+        {"default", nullptr, "<?xml version=\"1.0\" encoding=\"utf-8\"?><a>\xc3\xa9</a>", _T("")},
+        {"the name is written as utf-8", _T("<?xml encoding='unicode-1-1-utf-8' x='y'?>"),
+         "<?xml encoding=\"utf-8\" x='y'?><a>\xc3\xa9</a>", _T("")},
+        {"no name", _T("<?xml ?>"), "<?xml ?><a>\xc3\xa9</a>", _T("")},
+        {"UTF-16", _T("<?xml encoding='utf-16'?>"),
+         "\xff\xfe" + Wide("<?xml encoding='utf-16'?><a>") + "\xe9\0"s + Wide("</a>"), _T("")},
+        {"UTF-16, the other order", _T("<?xml encoding='utf-16be'?>"),
+         "\xfe\xff" + Wide("<?xml encoding=\"utf-16\"?><a>", true) + "\0\xe9"s + Wide("</a>", true),
+         _T("")},
+        {"another encoding", _T("<?xml encoding='iso-8859-1'?>"), "old",
+         _T("The character encoding used by the file is not supported.")},
+    };
+    const TemporaryFolder folder;
+    for (const Row& row : rows) {
+        CMarkup markup(_T("<a>\u00e9</a>"));
+        markup.SetXMLDeclaration(row.declaration);
+        folder.Write(_T("file.xml"), "old");
+        CString error(_T("unchanged"));
+        EXPECT_EQ(AfxSaveXMLFile(markup, folder.Path(_T("file.xml")), error) != 0, *row.error == 0)
+            << row.label;
+        EXPECT_EQ(error, row.error) << row.label;
+        EXPECT_EQ(folder.Read(_T("file.xml")), row.bytes) << row.label;
+        EXPECT_FALSE(folder.Has(_T("file.xml.0.tmp"))) << row.label;
+    }
+}
+
+TEST(XmlFile, AFailedSaveKeepsWhatWasThere) {
+    const TemporaryFolder folder;
+    folder.Write(_T("file.xml"), "old");
+    CString error;
+    CMarkup malformed(_T("<a>"));
+    EXPECT_EQ(AfxSaveXMLFile(malformed, folder.Path(_T("file.xml")), error), 0);
+    EXPECT_EQ(error, _T("The document is not well formed."));
+    EXPECT_EQ(folder.Read(_T("file.xml")), "old");
+
+    CMarkup surrogate(CString(_T("<a>")) + static_cast<WCHAR>(0xd800) + _T("</a>"));
+    EXPECT_EQ(AfxSaveXMLFile(surrogate, folder.Path(_T("file.xml")), error), 0);
+    EXPECT_EQ(error, _T("The character encoding in the file could not be translated."));
+    EXPECT_EQ(folder.Read(_T("file.xml")), "old");
+
+    CMarkup markup(_T("<a/>"));
+    EXPECT_EQ(AfxSaveXMLFile(markup, nullptr, error), 0);
+    EXPECT_EQ(error, _T("The file name is invalid."));
+    EXPECT_EQ(AfxSaveXMLFile(markup, folder.Path(_T("none")) + _T("/file.xml"), error), 0);
+    EXPECT_EQ(error, _T("All or part of the path is invalid."));
+    folder.SetReadOnly(_T("file.xml"), true);
+    EXPECT_EQ(AfxSaveXMLFile(markup, folder.Path(_T("file.xml")), error), 0);
+    EXPECT_EQ(error, _T("The file could not be accessed."));
+    folder.SetReadOnly(_T("file.xml"), false);
+    EXPECT_EQ(folder.Read(_T("file.xml")), "old");
+}
+
+TEST(XmlFile, RoundTripsAcrossPieces) {
+    CString text(_T("<a>"));
+    for (int i = 0; i < 40000; ++i) // pairs of surrogates fall on every border of a piece
+        text += i % 3 == 0 ? _T("\xd83d\xde00") : _T("x");
+    text += _T("</a>");
+    const TemporaryFolder folder;
+    for (const WCHAR* declaration :
+         {_T("<?xml ?>"), _T("<?xml encoding='utf-16'?>"), _T("<?xml encoding='utf-16be'?>")}) {
+        CMarkup markup(text);
+        ASSERT_TRUE(markup.SetXMLDeclaration(declaration));
+        CString error;
+        ASSERT_NE(AfxSaveXMLFile(markup, folder.Path(_T("file.xml")), error), 0);
+        CMarkup loaded;
+        ASSERT_NE(AfxLoadXMLFile(folder.Path(_T("file.xml")), loaded, error), 0);
+        EXPECT_TRUE(loaded.GetDoc() == text);
+    }
+}
+
+TEST(XmlFileException, HasTextsForItsCauses) {
+    for (int cause = -1; cause <= 11; ++cause) {
+        const bool valid = cause >= 0 && cause <= 9;
+        EXPECT_EQ(AfxIsValidXMLFileExceptionCause(cause) != FALSE, valid) << cause;
+        EXPECT_EQ(CXMLFileException(cause).m_cause, valid ? cause : 1) << cause;
+        CString text;
+        EXPECT_TRUE(AfxGetXMLFileExceptionErrorMessage(cause, text)) << cause;
+        EXPECT_EQ(text == _T("An unspecified error occurred."), !valid || cause == 1) << cause;
+    }
+    CString text;
+    AfxGetXMLFileExceptionErrorMessage(CXMLFileException::fileTooLarge, text);
+    EXPECT_EQ(text, _T("XML files larger than 2147483647 bytes cannot be loaded."));
+    try {
+        AfxThrowXMLFileException(CXMLFileException::invalidFile, _T("name"));
+    } catch (CFileException* exception) {
+        EXPECT_TRUE(exception->IsKindOf(RUNTIME_CLASS(CXMLFileException)));
+        EXPECT_EQ(exception->m_lOsError, -1);
+        EXPECT_EQ(exception->m_strFileName, _T("name"));
+        WCHAR buffer[10];
+        UINT context = 7;
+        EXPECT_TRUE(exception->GetErrorMessage(buffer, 10, &context));
+        EXPECT_EQ(CString(buffer), _T("The file "));
+        EXPECT_EQ(context, 7u);
+        EXPECT_FALSE(exception->GetErrorMessage(nullptr, 10));
+        exception->Delete();
+    }
+}
