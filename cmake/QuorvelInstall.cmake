@@ -8,6 +8,8 @@ install(TARGETS quorvel quorvel_headers EXPORT quorvelTargets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 if(WIN32)
   set(other_system PATTERN "linux_*.h" EXCLUDE)
+else()
+  set(other_system PATTERN "win" EXCLUDE)
 endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/quorvel TYPE INCLUDE
   FILES_MATCHING PATTERN "*.h" PATTERN "*.def" ${other_system})

@@ -1,0 +1,8 @@
+// CVaskStatic: the base of the library's static controls. Windows only.
+#pragma once
+
+#include <quorvel/framework/static.h>
+
+class QUORVEL_API CVaskStatic : public CStatic {
+    DECLARE_DYNAMIC(CVaskStatic)
+};

@@ -1,0 +1,45 @@
+#include "frame/win/help_target.h"
+
+#include <quorvel/util/text/validation.h>
+
+#include "frame/module.h"
+
+#include <htmlhelp.h>
+#include <shellapi.h>
+
+namespace quorvel {
+
+namespace {
+
+void OpenLink(HWND owner, const WCHAR* address) {
+    ::ShellExecuteW(owner, _T("open"), address, nullptr, nullptr, SW_SHOWNORMAL);
+}
+
+// The desktop is the caller, and not the box: the topic stays when the box closes. The control is
+// never unloaded, since its windows live on.
+void ShowTopic(const WCHAR* path) {
+    typedef HWND(WINAPI * HtmlHelp)(HWND caller, LPCWSTR file, UINT command, DWORD_PTR data);
+    const HMODULE control = ::LoadLibraryW(_T("hhctrl.ocx"));
+    if (control == nullptr)
+        return;
+    const auto htmlHelp =
+        reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(::GetProcAddress(control, "HtmlHelpW")));
+    if (htmlHelp != nullptr)
+        htmlHelp(::GetDesktopWindow(), path, HH_DISPLAY_TOPIC, 0);
+}
+
+} // namespace
+
+HelpViewers& CurrentHelpViewers() {
+    static HelpViewers viewers = {OpenLink, ShowTopic};
+    return viewers;
+}
+
+void OpenHelpTarget(HWND owner, const WCHAR* target) {
+    if (!AfxIsValidURL(target))
+        CurrentHelpViewers().showTopic(target);
+    else if (MayOpenExternalLink(target))
+        CurrentHelpViewers().openLink(owner, target);
+}
+
+} // namespace quorvel

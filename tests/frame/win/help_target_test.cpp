@@ -1,0 +1,77 @@
+// What the Help button of a box opens, with the viewers recorded.
+#include <quorvel/frame/module.h>
+#include <quorvel/frame/vask_message_box.h>
+
+#include "frame/win/help_target.h"
+#include "support/text.h"
+#include "support/window_driver.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+CString g_opened;
+
+class RecordedViewers {
+public:
+    RecordedViewers() : m_former(quorvel::CurrentHelpViewers()) {
+        quorvel::CurrentHelpViewers() = {
+            [](HWND, const WCHAR* address) { g_opened += CString(_T("link ")) + address; },
+            [](const WCHAR* path) { g_opened += CString(_T("topic ")) + path; }};
+        g_opened.Empty();
+    }
+    RecordedViewers(const RecordedViewers&) = delete;
+    ~RecordedViewers() {
+        quorvel::CurrentHelpViewers() = m_former;
+        QuorvelSetOpenExternalLinkCallback(nullptr);
+    }
+
+private:
+    const quorvel::HelpViewers m_former;
+};
+
+int Refuse(const WCHAR*) {
+    return FALSE;
+}
+
+TEST(HelpTarget, OpensOnceForTheButtonAndOnceForTheKey) {
+    const RecordedViewers viewers;
+    const WCHAR* const address = _T("http://example.com/help");
+    const WCHAR* const topic = _T("guide.chm::/start.htm");
+    const auto press = [](HWND box) { Click(box, IDHELP); };
+    const auto key = [](HWND box) {
+        HELPINFO info = {};
+        info.cbSize = sizeof info;
+        ::SendMessageW(box, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
+    };
+    struct {
+        const char* label;
+        const WCHAR* target;
+        int (*hook)(const WCHAR*);
+        void (*ask)(HWND box);
+        CString opened;
+    } const rows[] = {
+        {"address, button", address, nullptr, press, CString(_T("link ")) + address},
+        {"address, key", address, nullptr, key, CString(_T("link ")) + address},
+        {"topic, button", topic, nullptr, press, CString(_T("topic ")) + topic},
+        {"topic, key", topic, nullptr, key, CString(_T("topic ")) + topic},
+        {"the host refuses the link", address, Refuse, press, CString()},
+        {"a topic is no link", topic, Refuse, press, CString(_T("topic ")) + topic},
+        {"no target", nullptr, nullptr, press, CString()},
+        {"no target, key", nullptr, nullptr, key, CString()},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        g_opened.Empty();
+        QuorvelSetOpenExternalLinkCallback(row.hook);
+        const BoxDriver driver([&](HWND box) {
+            row.ask(box);
+            EXPECT_TRUE(::IsWindow(box)) << "stays open";
+            Click(box, IDOK);
+        });
+        EXPECT_EQ(AfxVaskMessageBox(_T("Text."), MB_OK | MB_HELP, row.target), IDOK);
+        EXPECT_EQ(g_opened, row.opened);
+    }
+}
+
+} // namespace

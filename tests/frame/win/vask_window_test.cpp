@@ -1,0 +1,189 @@
+// Real boxes: what is in them, where it lies, and what the user's clicks leave.
+#include <quorvel/frame/vask_message_box.h>
+
+#include "support/text.h"
+#include "support/window_driver.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int kHeadingId = 23000;
+constexpr int kCheckBoxId = 23001;
+
+const WCHAR* const kShort = _T("Text.");
+const WCHAR* const kLong =
+    _T("A text of several lines, since it goes on and on until the box cannot be wider and the ")
+    _T("system breaks it.\r\n\r\nWith a second paragraph, and after that\r\na third line, a fourth")
+    _T("\r\none, and a fifth,\r\nso that it is higher than the icon.");
+const WCHAR* const kWide = _T("A heading that is a good deal wider than the message beneath it, ")
+                           _T("so that the box must grow");
+
+// An owner for the boxes to be centred over.
+class Owner {
+public:
+    Owner()
+        : m_window(::CreateWindowExW(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 100, 80, 700,
+                                     500, nullptr, nullptr, nullptr, nullptr)) {}
+    Owner(const Owner&) = delete;
+    ~Owner() { ::DestroyWindow(m_window); }
+    HWND Window() const { return m_window; }
+
+private:
+    const HWND m_window;
+};
+
+bool IsBold(HWND control) {
+    LOGFONTW description = {};
+    const HFONT font = reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0));
+    return ::GetObjectW(font, sizeof description, &description) != 0 &&
+           description.lfWeight == FW_BOLD;
+}
+
+// Wine's boxes without an icon have a control for it all the same.
+bool IsEmptyIcon(HWND child) {
+    return (::GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON &&
+           ::GetDlgCtrlID(child) == 1088 && ::SendMessageW(child, STM_GETICON, 0, 0) == 0;
+}
+
+void ExpectApartAndInside(HWND box) {
+    CRect client;
+    ::GetClientRect(box, client);
+    std::vector<HWND> children = ChildrenOf(box);
+    std::erase_if(children, IsEmptyIcon);
+    for (const HWND child : children) {
+        const CRect place = PlaceOf(child);
+        SCOPED_TRACE(::GetDlgCtrlID(child));
+        EXPECT_FALSE(place.IsRectEmpty());
+        EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= client.right &&
+                    place.bottom <= client.bottom);
+        for (const HWND other : children) {
+            CRect common;
+            EXPECT_TRUE(child == other || !::IntersectRect(common, place, PlaceOf(other)))
+                << "overlaps " << ::GetDlgCtrlID(other);
+        }
+    }
+}
+
+void ExpectCentredOver(HWND owner, HWND box) {
+    CRect outer;
+    CRect inner;
+    ::GetWindowRect(owner, outer);
+    ::GetWindowRect(box, inner);
+    EXPECT_EQ(::GetWindow(box, GW_OWNER), owner);
+    EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 1);
+    EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 1);
+}
+
+TEST(VaskWindow, HasItsPartsInTheirPlaces) {
+    struct {
+        const char* label;
+        const WCHAR* heading; // null: without
+        const WCHAR* text;
+        const WCHAR* checkBox; // null: without
+        UINT type;
+    } const rows[] = {
+        {"plain", nullptr, kShort, nullptr, MB_OK | MB_ICONERROR},
+        {"heading", _T("Save & leave?"), kShort, nullptr, MB_YESNOCANCEL | MB_ICONWARNING},
+        {"wide heading", kWide, kShort, nullptr, MB_OK | MB_ICONINFORMATION},
+        {"heading without an icon", _T("Heading"), kShort, nullptr, MB_OK},
+        {"heading over a long text", _T("Heading"), kLong, nullptr, MB_OKCANCEL | MB_ICONERROR},
+        {"check box", nullptr, kShort, _T("&Again"), MB_OK | MB_ICONQUESTION},
+        {"wide check box", nullptr, kShort, kWide, MB_OKCANCEL},
+        {"check box without a text", nullptr, kShort, _T(""), MB_OK},
+        {"check box below a long text", nullptr, kLong, _T("&Again"), MB_YESNO},
+        {"both", kWide, kLong, _T("&Again"), MB_ABORTRETRYIGNORE | MB_ICONERROR | MB_HELP},
+    };
+    const Owner owner;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        ::SetActiveWindow(owner.Window());
+        const BoxDriver driver([&](HWND box) {
+            ExpectApartAndInside(box);
+            ExpectCentredOver(owner.Window(), box);
+            const HWND heading = ::GetDlgItem(box, kHeadingId);
+            EXPECT_EQ(heading != nullptr, row.heading != nullptr);
+            if (heading != nullptr) {
+                EXPECT_EQ(TextOf(heading), row.heading);
+                EXPECT_TRUE(IsBold(heading));
+                EXPECT_TRUE(::GetWindowLongPtrW(heading, GWL_STYLE) & SS_NOPREFIX);
+            }
+            const HWND checkBox = ::GetDlgItem(box, kCheckBoxId);
+            EXPECT_EQ(checkBox != nullptr, row.checkBox != nullptr);
+            if (checkBox != nullptr) {
+                EXPECT_EQ(TextOf(checkBox), row.checkBox);
+                EXPECT_FALSE(IsBold(checkBox));
+                EXPECT_EQ(::GetWindowLongPtrW(checkBox, GWL_STYLE) & BS_TYPEMASK, BS_CHECKBOX);
+            }
+        });
+        int checkState = 0;
+        if (row.heading != nullptr && row.checkBox != nullptr)
+            AfxVaskMessageBox(row.heading, row.text, row.checkBox, checkState, row.type, nullptr);
+        else if (row.heading != nullptr)
+            AfxVaskMessageBox(row.heading, row.text, row.type, nullptr);
+        else if (row.checkBox != nullptr)
+            AfxVaskMessageBox(row.text, row.checkBox, checkState, row.type, nullptr);
+        else
+            AfxVaskMessageBox(row.text, row.type, nullptr);
+        EXPECT_TRUE(driver.HasRun());
+    }
+}
+
+TEST(VaskWindow, ClicksToggleTheCheckBoxAndComeBack) {
+    struct {
+        int before;
+        int clicks;
+        int after;
+    } const rows[] = {{0, 0, 0}, {0, 1, 1}, {0, 2, 0}, {1, 0, 1}, {1, 1, 0}, {7, 0, 0}, {7, 1, 1}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.before << " clicked " << row.clicks);
+        const BoxDriver driver([&](HWND box) {
+            const HWND checkBox = ::GetDlgItem(box, kCheckBoxId);
+            EXPECT_EQ(::SendMessageW(checkBox, BM_GETCHECK, 0, 0), row.before == 1);
+            for (int i = 0; i < row.clicks; ++i)
+                Click(box, kCheckBoxId);
+            EXPECT_EQ(::SendMessageW(checkBox, BM_GETCHECK, 0, 0), row.after);
+            Click(box, IDCANCEL);
+        });
+        int checkState = row.before;
+        EXPECT_EQ(AfxVaskMessageBox(kShort, _T("&Again"), checkState, MB_OKCANCEL, nullptr),
+                  IDCANCEL);
+        EXPECT_EQ(checkState, row.after);
+    }
+}
+
+TEST(VaskWindow, TheResultIsTheButtonsId) {
+    struct {
+        UINT type;
+        int button;
+    } const rows[] = {{MB_OK, IDOK},
+                      {MB_YESNO, IDYES},
+                      {MB_YESNO, IDNO},
+                      {MB_RETRYCANCEL, IDRETRY},
+                      {MB_YESNOCANCEL, IDCANCEL}};
+    for (const auto& row : rows) {
+        const BoxDriver driver([&](HWND box) { Click(box, row.button); });
+        EXPECT_EQ(AfxVaskMessageBox(_T("Heading"), kShort, row.type, nullptr), row.button);
+    }
+}
+
+TEST(VaskWindow, AHelpTargetBringsTheHelpButtonWhereThereIsNoCheckBox) {
+    for (const bool withCheckBox : {false, true}) {
+        const BoxDriver driver(
+            [&](HWND box) { EXPECT_EQ(::GetDlgItem(box, IDHELP) == nullptr, withCheckBox); });
+        int checkState = 0;
+        if (withCheckBox)
+            AfxVaskMessageBox(kShort, _T("&Again"), checkState, MB_OK, _T("topic"));
+        else
+            AfxVaskMessageBox(kShort, MB_OK, _T("topic"));
+        EXPECT_TRUE(driver.HasRun());
+    }
+}
+
+TEST(VaskWindow, AnIdThatDoesNotLoadShowsNothing) {
+    const BoxDriver driver([](HWND) {});
+    EXPECT_EQ(AfxVaskMessageBox(29999u, MB_OK, nullptr), 0);
+    EXPECT_FALSE(driver.HasRun());
+}
+
+} // namespace

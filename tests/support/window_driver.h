@@ -1,0 +1,132 @@
+// Drives a modal box from inside its own message loop, and takes pictures of windows. Windows only.
+#pragma once
+
+#include <quorvel/framework/geometry.h>
+#include <quorvel/framework/string.h>
+
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+// While it lives, calls `act` once with the first dialog box that the thread shows, when the box
+// is visible and its loop runs. A box that `act` leaves open is ended with result -1, so that a
+// test fails rather than hangs.
+class BoxDriver {
+public:
+    explicit BoxDriver(std::function<void(HWND)> act) : m_act(std::move(act)) {
+        Current() = this;
+        m_timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Tick);
+    }
+    BoxDriver(const BoxDriver&) = delete;
+    ~BoxDriver() {
+        Stop();
+        Current() = nullptr;
+    }
+
+    bool HasRun() const { return m_hasRun; }
+
+private:
+    static BoxDriver*& Current() {
+        static BoxDriver* s_current = nullptr; // the callback of a timer carries nothing of ours
+        return s_current;
+    }
+    static BOOL CALLBACK FindBox(HWND window, LPARAM found) {
+        WCHAR className[8];
+        ::GetClassNameW(window, className, 8);
+        if (CString(className) != _T("#32770") || !::IsWindowVisible(window))
+            return TRUE;
+        *reinterpret_cast<HWND*>(found) = window;
+        return FALSE;
+    }
+    static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
+        HWND box = nullptr;
+        ::EnumThreadWindows(::GetCurrentThreadId(), FindBox, reinterpret_cast<LPARAM>(&box));
+        BoxDriver* const driver = Current();
+        if (box == nullptr || driver == nullptr || std::exchange(driver->m_hasRun, true))
+            return;
+        driver->Stop();
+        driver->m_act(box);
+        if (::IsWindowVisible(box)) // not one that is ending
+            ::EndDialog(box, -1);
+    }
+    void Stop() {
+        if (m_timer != 0)
+            ::KillTimer(nullptr, std::exchange(m_timer, 0));
+    }
+
+    std::function<void(HWND)> m_act;
+    UINT_PTR m_timer;
+    bool m_hasRun = false;
+};
+
+inline std::vector<HWND> ChildrenOf(HWND window) {
+    std::vector<HWND> children;
+    for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT))
+        children.push_back(child);
+    return children;
+}
+
+// In the client coordinates of its parent.
+inline CRect PlaceOf(HWND child) {
+    CRect rect;
+    ::GetWindowRect(child, rect);
+    ::MapWindowPoints(nullptr, ::GetParent(child), reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
+inline CString TextOf(HWND window) {
+    CString text;
+    const int length = ::GetWindowTextLengthW(window);
+    ::GetWindowTextW(window, text.GetBuffer(length), length + 1);
+    text.ReleaseBuffer();
+    return text;
+}
+
+inline void Click(HWND box, int id) {
+    ::SendMessageW(::GetDlgItem(box, id), BM_CLICK, 0, 0);
+}
+
+// The window with its title bar as a bitmap file. False when it cannot be drawn or written.
+inline bool SavePicture(HWND window, const char* path) {
+    ::RedrawWindow(window, nullptr, nullptr,
+                   RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    CRect rect;
+    ::GetWindowRect(window, rect);
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = rect.Width();
+    info.bmiHeader.biHeight = -rect.Height(); // from the top down
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    const DWORD size = static_cast<DWORD>(rect.Width() * rect.Height() * 4);
+
+    const HDC screen = ::GetWindowDC(window);
+    const HDC memory = ::CreateCompatibleDC(screen);
+    void* pixels = nullptr;
+    const HBITMAP bitmap = ::CreateDIBSection(memory, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
+    bool saved = false;
+    if (bitmap != nullptr) {
+        const HGDIOBJ former = ::SelectObject(memory, bitmap);
+        const BOOL drawn =
+            ::BitBlt(memory, 0, 0, rect.Width(), rect.Height(), screen, 0, 0, SRCCOPY);
+        ::GdiFlush();
+        BITMAPFILEHEADER header = {};
+        header.bfType = 0x4d42; // "BM"
+        header.bfOffBits = sizeof header + sizeof info.bmiHeader;
+        header.bfSize = header.bfOffBits + size;
+        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "wb"),
+                                                                   std::fclose);
+        saved = drawn && file != nullptr &&
+                std::fwrite(&header, sizeof header, 1, file.get()) == 1 &&
+                std::fwrite(&info.bmiHeader, sizeof info.bmiHeader, 1, file.get()) == 1 &&
+                std::fwrite(pixels, 1, size, file.get()) == size;
+        ::SelectObject(memory, former);
+        ::DeleteObject(bitmap);
+    }
+    ::DeleteDC(memory);
+    ::ReleaseDC(window, screen);
+    return saved;
+}
