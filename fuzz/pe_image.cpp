@@ -1,0 +1,80 @@
+// The readers of PE files, resource sections and version blocks: whatever they hand out of hostile
+// bytes must lie in them.
+#include "platform/pe_image.h"
+#include "platform/version_block.h"
+
+#include "fuzz_input.h"
+
+#include <algorithm>
+#include <vector>
+
+using namespace quorvel;
+
+namespace {
+
+typedef std::span<const BYTE> Bytes;
+
+constexpr WORD kLanguages[] = {0, 0x0409};
+
+void CheckInside(Bytes all, const void* start, std::size_t size) {
+    const auto* first = static_cast<const BYTE*>(start);
+    Require(size == 0 || (first >= all.data() && first + size <= all.data() + all.size()));
+}
+
+void CheckStrings(Bytes section, const PeResources& resources) {
+    const LanguageChoice choice = {kLanguages, true};
+    const PeStringTable strings(resources, choice);
+    const auto blocks = resources.List(6, choice);
+    DWORD error;
+    for (std::size_t i = 0; i < std::min<std::size_t>(blocks.size(), 64); ++i)
+        for (int text = 0; text < 16; ++text) {
+            const auto id = static_cast<WORD>((blocks[i].number - 1) * 16 + text);
+            if (const auto found = strings.Find(id, error))
+                CheckInside(section, found->data(), found->size() * sizeof(WCHAR));
+        }
+}
+
+void CheckVersion(Bytes block) {
+    for (const WCHAR* path :
+         {_T(""), _T("\\VarFileInfo\\Translation"), _T("\\StringFileInfo\\040904b0\\CompanyName"),
+          _T("\\StringFileInfo\\040904b0\\x"), _T("\\\\a\\\\")})
+        if (const auto value = FindVersionValue(block, path))
+            CheckInside(block, value->bytes.data(), value->bytes.size());
+}
+
+void CheckResources(Bytes section, const PeSection& where) {
+    const PeResources resources(section, where);
+    CheckStrings(section, resources);
+    const ResourceName names[] = {{1}, {7}, {0, _T("Named")}, {0, _T("Kind")}, {10}, {16}};
+    DWORD error;
+    for (const ResourceName& type : names)
+        for (const ResourceName& name : names)
+            for (const bool orFirst : {false, true}) {
+                const auto entry = resources.Find(type, name, {kLanguages, orFirst}, error);
+                const auto data = entry ? resources.Data(*entry) : std::nullopt;
+                if (!data)
+                    continue;
+                CheckInside(section, data->data(), data->size());
+                CheckVersion(*data);
+            }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    // On the heap, so that a sanitizer sees the ends.
+    const std::vector<BYTE> file(data, data + size);
+    CheckVersion(file);
+    CheckResources(file, {0, static_cast<DWORD>(size), 0x1000, 0});
+
+    const auto head = ReadPeHead(Bytes(file).first(std::min(size, kPeHeadSize)));
+    if (!head)
+        return 0;
+    // As much of the section as there is: the reader itself must bear less than was promised.
+    const std::size_t start = std::min<std::size_t>(head->resources.fileOffset, size);
+    const std::size_t count = std::min<std::size_t>(head->resources.size, size - start);
+    const std::vector<BYTE> section(file.begin() + static_cast<std::ptrdiff_t>(start),
+                                    file.begin() + static_cast<std::ptrdiff_t>(start + count));
+    CheckResources(section, head->resources);
+    return 0;
+}
