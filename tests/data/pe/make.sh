@@ -11,6 +11,7 @@ image() {
     shift 3
     "$cpu-w64-mingw32-ld" -shared -s --entry="$entry" --no-insert-timestamp --file-alignment=512 \
         -o "$output" "$@"
+    chmod 644 "$output" # never run
 }
 resources() { # SCRIPT CPU
     "$2-w64-mingw32-windres" -c 65001 --preprocessor="$2-w64-mingw32-cpp" --preprocessor-arg=-xc \
