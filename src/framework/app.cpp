@@ -79,7 +79,7 @@ HINSTANCE AfxGetInstanceHandle() {
 const WCHAR* AfxGetAppName() {
     if (s_app != nullptr)
         return s_app->m_pszAppName;
-    static const CString s_programName = ProgramName();
+    static const CString& s_programName = *new CString(ProgramName()); // serves destructors, too
     return s_programName;
 }
 

@@ -5,6 +5,7 @@
 #include <climits>
 #include <cstring>
 #include <new>
+#include <utility>
 
 static_assert(std::endian::native == std::endian::little, "numbers are stored as they lie");
 
@@ -136,14 +137,13 @@ DWORD CArchive::LoadLength(bool& wide) {
             return shortest;
         WORD shorter;
         *this >> shorter;
-        if (shorter == kWideText && !wide) {
-            wide = true;
-            continue;
-        }
-        if (shorter != kLongerThanWord)
+        if (shorter < kWideText)
             return shorter;
-        DWORD length;
-        *this >> length;
+        DWORD length = INT_MAX; // of a second mark: no length at all
+        if (shorter == kLongerThanWord)
+            *this >> length;
+        else if (!std::exchange(wide, true))
+            continue;
         if (length >= INT_MAX)
             AfxThrowArchiveException(CArchiveException::badIndex, m_strFileName);
         return length;

@@ -69,6 +69,10 @@ TEST(ExtensionModule, TextsComeFromTheProgramThenTheNewestThenTheSystemEntries) 
         ASSERT_NE(german.Module(), copy.Module());
         EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
         EXPECT_EQ(AfxFindStringResourceHandle(1), nullptr);
+        const WCHAR* const stringTable = MAKEINTRESOURCEW(6);
+        EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCEW(kText / 16 + 1), stringTable),
+                  copy.Module());
+        EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCEW(1), stringTable), AfxGetResourceHandle());
 
         AFX_EXTENSION_MODULE state = {}; // of a module that has no texts
         ASSERT_TRUE(AfxInitExtensionModule(state, GetModuleHandleW(nullptr)));

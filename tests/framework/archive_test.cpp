@@ -117,7 +117,7 @@ TEST(Archive, RefusesLengthsThatLie) {
         {"negative", BYTES("\xff\xff\xff\0\0\0\x80x"), CArchiveException::badIndex},
         {"two gigabytes in a byte", BYTES("\xff\xff\xff\xfe\xff\xff\x7fx"),
          CArchiveException::endOfFile},
-        {"wide twice", BYTES("\xff\xfe\xff\xff\xfe\xff\x01x"), CArchiveException::endOfFile},
+        {"wide twice", BYTES("\xff\xfe\xff\xff\xfe\xff\x01x"), CArchiveException::badIndex},
     };
     for (const auto& row : rows) {
         CString text(_T("old"));
