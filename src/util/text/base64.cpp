@@ -46,6 +46,15 @@ Ch* EncodeRemainder(const BYTE* source, std::size_t count, Ch* dest, DWORD flags
     return dest;
 }
 
+// Moves past foreign characters; true when there were any.
+template <class Ch>
+bool SkipForeign(Base64Cursor<Ch>& cursor) {
+    const Ch* const before = cursor.source;
+    while (cursor.source != cursor.sourceEnd && Base64Value(*cursor.source) < 0)
+        ++cursor.source;
+    return cursor.source != before;
+}
+
 // One group with foreign characters inside, or the last, shorter one. Returns the bytes that did
 // not fit; after these nothing fits any more, whatever its size.
 template <class Ch>
@@ -118,14 +127,9 @@ BOOL DecodeBase64(const Base64Kernels<Ch>& kernels, const Ch* source, int source
     Base64Cursor<Ch> cursor = {source, source + sourceLength, dest,
                                dest + std::max(*destLength, 0)};
     int missing = 0;
-    for (;;) {
-        while (cursor.source != cursor.sourceEnd && Base64Value(*cursor.source) < 0)
-            ++cursor.source;
-        if (cursor.source == cursor.sourceEnd)
-            break;
-        const Ch* const before = cursor.source;
+    while (cursor.source != cursor.sourceEnd) {
         kernels.decodeGroups(cursor);
-        if (cursor.source == before)
+        if (!SkipForeign(cursor)) // else the next group may well be clean
             missing += DecodeGroup(cursor);
     }
     *destLength = static_cast<int>(cursor.dest - dest) + missing;
