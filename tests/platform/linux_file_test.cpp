@@ -5,6 +5,7 @@
 #include "support/text.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <atomic>
 #include <thread>
@@ -83,6 +84,29 @@ TEST(LinuxFile, RefusesWhatWindowsRefuses) {
     EXPECT_EQ(5u, GetLastError());
     EXPECT_EQ("0123456789", folder.Read(_T("file")));
     EXPECT_EQ("fixed", folder.Read(_T("readonly")));
+}
+
+TEST(LinuxFile, MovesToAnotherFileSystemOnlyWhenCopyingIsAllowed) {
+    const TemporaryFolder folder;
+    const std::filesystem::path memory = "/dev/shm";
+    struct stat here;
+    struct stat there;
+    if (stat(CStringA(folder.Path()), &here) != 0 || stat(memory.c_str(), &there) != 0 ||
+        here.st_dev == there.st_dev)
+        GTEST_SKIP() << "there is one file system only";
+    const std::string contents(200'000, 'x');
+    folder.Write(_T("file"), contents);
+    const CString target((memory / CStringA(folder.Path()).GetString()).filename().c_str());
+    const CString other = CString(_T("/dev/shm/")) + target;
+    SetLastError(0);
+    EXPECT_FALSE(MoveFileExW(folder.Path(_T("file")), other, 0));
+    EXPECT_EQ(17u, GetLastError());
+    EXPECT_TRUE(MoveFileW(folder.Path(_T("file")), other));
+    EXPECT_FALSE(folder.Has(_T("file")));
+    EXPECT_FALSE(MoveFileW(folder.Path(_T("none")), other));
+    EXPECT_TRUE(MoveFileExW(other, folder.Path(_T("back")), MOVEFILE_COPY_ALLOWED));
+    EXPECT_EQ(contents, folder.Read(_T("back")));
+    EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(other));
 }
 
 } // namespace

@@ -30,7 +30,7 @@ QUORVEL_API BOOL IsValidCodePage(UINT codePage);
 
 // Files. Any thread. src/platform/linux names what differs from Windows: both separators are taken,
 // names are UTF-8 on the disk and letter case counts, share modes hold within the process, and the
-// OVERLAPPED, SECURITY_ATTRIBUTES and template arguments must be null.
+// OVERLAPPED, SECURITY_ATTRIBUTES and template arguments must be null (87), byte counts not (87).
 QUORVEL_API HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share,
                                SECURITY_ATTRIBUTES* security, DWORD disposition, DWORD flags,
                                HANDLE templateFile);

@@ -11,7 +11,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <vector>
 
 namespace quorvel::win32 {
 
@@ -44,14 +43,14 @@ int Rename(const char* source, const char* target, bool replace) {
 }
 
 BOOL CopyContents(HANDLE source, HANDLE target) {
-    std::vector<BYTE> buffer(64 * 1024);
+    BYTE buffer[32 * 1024];
     DWORD read = 0;
     do {
         DWORD written = 0;
-        if (!ReadFile(source, buffer.data(), static_cast<DWORD>(buffer.size()), &read, nullptr) ||
-            !WriteFile(target, buffer.data(), read, &written, nullptr))
+        if (!ReadFile(source, buffer, sizeof buffer, &read, nullptr) ||
+            !WriteFile(target, buffer, read, &written, nullptr))
             return FALSE;
-    } while (read == buffer.size());
+    } while (read == sizeof buffer);
     return TRUE;
 }
 

@@ -89,7 +89,8 @@ std::string LibraryPath() {
     if (dladdr1(quorvel_resource_image, &info, &map, RTLD_DL_LINKMAP) == 0 || map == nullptr)
         return {};
     const char* name = static_cast<link_map*>(map)->l_name; // the program's own is empty
-    return *name != 0 ? CanonicalPath(name) : std::string();
+    const std::string path = CanonicalPath(name);
+    return path.empty() ? name : path; // a file that has been replaced is still not the program
 }
 
 // All modules of the process. Two are always there; those loaded come and go under the lock.

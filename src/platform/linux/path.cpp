@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <new>
 
 namespace quorvel {
 
@@ -33,7 +34,7 @@ bool HasDriveLetter(std::u16string_view name) {
 
 } // namespace
 
-bool ToSystemPath(const WCHAR* name, std::string& path) {
+bool ToSystemPath(const WCHAR* name, std::string& path) try {
     const std::u16string_view text(name != nullptr ? name : u"");
     if (text.empty() || HasDriveLetter(text)) {
         win32::SetLastError(ERROR_PATH_NOT_FOUND);
@@ -55,6 +56,9 @@ bool ToSystemPath(const WCHAR* name, std::string& path) {
     path.resize(static_cast<std::size_t>(length));
     std::replace(path.begin(), path.end(), '\\', '/');
     return true;
+} catch (const std::bad_alloc&) {
+    win32::SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return false;
 }
 
 std::u16string FromSystemPath(std::string_view path) {
@@ -67,7 +71,7 @@ std::u16string FromSystemPath(std::string_view path) {
     return text;
 }
 
-DWORD PathErrorFromErrno(int error, const std::string& path) {
+DWORD PathErrorFromErrno(int error, const std::string& path) try {
     if (error != ENOENT)
         return ErrorFromErrno(error);
     const std::size_t last = path.find_last_not_of('/');
@@ -76,6 +80,8 @@ DWORD PathErrorFromErrno(int error, const std::string& path) {
         return ERROR_FILE_NOT_FOUND;
     return IsFolder(path.substr(0, separator).c_str()) ? ERROR_FILE_NOT_FOUND
                                                        : ERROR_PATH_NOT_FOUND;
+} catch (const std::bad_alloc&) {
+    return ERROR_NOT_ENOUGH_MEMORY;
 }
 
 DWORD CopyTextResult(std::u16string_view text, DWORD size, LPWSTR buffer) {
@@ -103,6 +109,11 @@ bool CurrentFolder(std::u16string& folder) {
     return true;
 }
 
+DWORD OutOfMemory() {
+    SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return 0;
+}
+
 // Appends the parts of a name to an absolute path without a separator at its end.
 void AppendParts(std::u16string& path, std::u16string_view name) {
     std::size_t start = 0;
@@ -121,12 +132,14 @@ void AppendParts(std::u16string& path, std::u16string_view name) {
 
 } // namespace
 
-DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer) {
+DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer) try {
     std::u16string folder;
     return CurrentFolder(folder) ? CopyTextResult(folder, size, buffer) : 0;
+} catch (const std::bad_alloc&) {
+    return OutOfMemory();
 }
 
-DWORD GetFullPathNameW(LPCWSTR name, DWORD size, LPWSTR buffer, LPWSTR* filePart) {
+DWORD GetFullPathNameW(LPCWSTR name, DWORD size, LPWSTR buffer, LPWSTR* filePart) try {
     const std::u16string_view text(name != nullptr ? name : u"");
     if (text.empty()) {
         SetLastError(ERROR_INVALID_NAME);
@@ -144,22 +157,26 @@ DWORD GetFullPathNameW(LPCWSTR name, DWORD size, LPWSTR buffer, LPWSTR* filePart
         path.push_back(u'/');
 
     const DWORD result = CopyTextResult(path, size, buffer);
-    if (filePart != nullptr && result < size) {
+    if (filePart != nullptr && buffer != nullptr && result < size) {
         const std::size_t start = path.rfind(u'/') + 1;
         *filePart = start < path.size() ? buffer + start : nullptr;
     }
     return result;
+} catch (const std::bad_alloc&) {
+    return OutOfMemory();
 }
 
-DWORD GetTempPathW(DWORD size, LPWSTR buffer) {
+DWORD GetTempPathW(DWORD size, LPWSTR buffer) try {
     const char* folder = std::getenv("TMPDIR");
     std::u16string path = FromSystemPath(folder != nullptr && *folder == '/' ? folder : "/tmp");
     if (path.back() != u'/')
         path.push_back(u'/');
     return CopyTextResult(path, size, buffer);
+} catch (const std::bad_alloc&) {
+    return OutOfMemory();
 }
 
-UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) {
+UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) try {
     constexpr std::size_t kSuffixLength = 14; // separator, prefix, digits, ".tmp", terminator
     std::string folderPath;
     if (!ToSystemPath(folder, folderPath) || !IsFolder(folderPath.c_str())) {
@@ -203,6 +220,8 @@ UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) 
             return 0;
     }
     return 0;
+} catch (const std::bad_alloc&) {
+    return OutOfMemory();
 }
 
 } // namespace quorvel::win32

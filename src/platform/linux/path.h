@@ -13,8 +13,9 @@
 
 namespace quorvel {
 
-// FALSE with the last error set: ERROR_PATH_NOT_FOUND for a null or empty name and for a drive
-// letter, ERROR_INVALID_NAME for a half surrogate.
+// False with the last error set: ERROR_PATH_NOT_FOUND for a null or empty name and for a drive
+// letter, ERROR_INVALID_NAME for a half surrogate, ERROR_FILENAME_EXCED_RANGE for more than any
+// path may have.
 bool ToSystemPath(const WCHAR* name, std::string& path);
 // Bytes that are not UTF-8 become U+FFFD.
 std::u16string FromSystemPath(std::string_view path);
