@@ -1,5 +1,6 @@
 #include <quorvel/framework/wnd.h>
 
+#include <quorvel/framework/app.h>
 #include <quorvel/framework/exceptions.h>
 
 #include "framework/handle_map.h"
@@ -260,6 +261,8 @@ LRESULT CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
 
 void CWnd::FinishDestroy() noexcept {
     UnsubclassWindow();
+    if (AfxGetMainWnd() == this)
+        AfxGetApp()->m_pMainWnd = nullptr; // it may be gone before the application is
     try {
         PostNcDestroy();
     } catch (CException* exception) {

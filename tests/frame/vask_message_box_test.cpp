@@ -19,7 +19,7 @@ namespace {
 const WCHAR* const kHeading = _T("Heading %1");
 const WCHAR* const kText = _T("Text 100%");
 const WCHAR* const kFormat = _T("%2, %1!d!%%");
-const WCHAR* const kCheck = _T("&Check %1");
+const WCHAR* const kCheck = _T("&Check %1 && 2");
 const WCHAR* const kTarget = _T("help.chm::/page.htm");
 constexpr UINT kNoSuchText = 29999;
 

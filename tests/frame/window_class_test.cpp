@@ -73,6 +73,7 @@ TEST(WindowClass, EachPredicateKnowsItsClassAlone) {
 
 TEST(WindowClass, NamesAreComparedIgnoringCaseAndAsFarAsTheyAreRead) {
     const CString longName(_T('n'), 120);
+    const CString readOfIt = longName.Left(99);
     const ClassAndWindow longNamed(longName);
     const ClassAndWindow named(_T("Gr\u00F6\u00DFe"));
     struct {
@@ -89,7 +90,7 @@ TEST(WindowClass, NamesAreComparedIgnoringCaseAndAsFarAsTheyAreRead) {
         {"null", named.Window(), nullptr, FALSE},
         {"no window", nullptr, _T("Button"), FALSE},
         {"unknown window", reinterpret_cast<HWND>(UINT_PTR{0x7ffe}), _T("Button"), FALSE},
-        {"99 characters of a longer name", longNamed.Window(), longName.Right(99), TRUE},
+        {"99 characters of a longer name", longNamed.Window(), readOfIt, TRUE},
         {"the whole longer name", longNamed.Window(), longName, FALSE},
     };
     for (const auto& row : rows)

@@ -1,5 +1,6 @@
 // CWnd over real windows: the maps from handles to objects, creation and its hook, message maps,
 // and what happens to exceptions.
+#include <quorvel/framework/app.h>
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/wnd.h>
 
@@ -175,6 +176,18 @@ TEST_F(Wnd, AnObjectTakesItsWindowWithIt) {
         window = wnd.m_hWnd;
     }
     EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(Wnd, TheApplicationForgetsItsMainWindowWithIt) {
+    CWinApp app;
+    CWnd other;
+    CWnd main;
+    ASSERT_TRUE(Create(other) && Create(main));
+    app.m_pMainWnd = &main;
+    other.DestroyWindow();
+    EXPECT_EQ(AfxGetMainWnd(), &main);
+    main.DestroyWindow();
+    EXPECT_EQ(AfxGetMainWnd(), nullptr);
 }
 
 TEST_F(Wnd, AttachRefusesWhatIsTaken) {

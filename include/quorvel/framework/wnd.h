@@ -156,7 +156,8 @@ public:
 protected:
     // The window exists and is attached; its messages don't come here yet.
     virtual void PreSubclassWindow();
-    // The window is gone and detached: the place for `delete this`.
+    // The window is gone and detached, and no longer the application's main window: the place for
+    // `delete this`.
     virtual void PostNcDestroy();
 
     // An exception that leaves WindowProc is dropped, as nothing above it could stand it: the

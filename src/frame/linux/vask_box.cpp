@@ -5,6 +5,21 @@
 
 namespace quorvel {
 
+namespace {
+
+// An ampersand marks the key of a window's check box; two stand for one.
+CString WithoutKeyMarks(const CString& label) {
+    CString text;
+    for (int i = 0; i < label.GetLength(); ++i) {
+        if (label[i] == '&' && ++i == label.GetLength())
+            break;
+        text.AppendChar(label[i]);
+    }
+    return text;
+}
+
+} // namespace
+
 int ShowVaskBox(VaskBox& box) {
     CString text;
     if (box.heading)
@@ -12,9 +27,7 @@ int ShowVaskBox(VaskBox& box) {
     text += box.text;
     if (box.checkBoxText) {
         text += box.checkState != 0 ? _T("\r\n\r\n[x] ") : _T("\r\n\r\n[ ] ");
-        CString label = *box.checkBoxText;
-        label.Remove('&'); // marks the key of a window's check box
-        text += label;
+        text += WithoutKeyMarks(*box.checkBoxText);
     }
     return AfxMessageBox(text, box.type, 0);
 }
