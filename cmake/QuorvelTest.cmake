@@ -25,7 +25,10 @@ function(quorvel_test name)
     target_link_libraries(${name} PRIVATE quorvel)
   endif()
   target_link_libraries(${name} PRIVATE quorvel_flags quorvel_test_support quorvel_boost gtest)
-  if(NOT arg_LOCALE)
+  set(alone FALSE)
+  if(arg_LOCALE)
+    set(alone TRUE) # Wine writes the locale of a program into the prefix that all of them share
+  else()
     set(arg_LOCALE ${QUORVEL_TEST_LOCALE})
   endif()
   if(NOT arg_TIME_ZONE)
@@ -37,7 +40,7 @@ function(quorvel_test name)
   quorvel_fix_environment(${name} ${arg_LOCALE} ${arg_TIME_ZONE})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
     TEST_PREFIX "${name}." WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
-    PROPERTIES TIMEOUT 120 LABELS ${arg_LABEL})
+    PROPERTIES TIMEOUT 120 LABELS ${arg_LABEL} RUN_SERIAL ${alone})
 endfunction()
 
 # quorvel_fuzz(NAME SOURCE [DICTIONARY file])

@@ -10,6 +10,7 @@
 #include "platform/linux/date_time.h"
 #include "platform/linux/file.h"
 #include "platform/linux/handle.h"
+#include "platform/linux/locale.h"
 #include "platform/linux/message_box.h"
 #include "platform/linux/message_format.h"
 #include "platform/linux/module.h"

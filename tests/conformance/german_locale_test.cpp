@@ -1,0 +1,41 @@
+// The user's own locale, in a program that runs as German (Germany).
+#include "platform/win32.h"
+
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(GermanLocale, IsTheUsers) {
+    EXPECT_EQ(GetUserDefaultLCID(), 0x0407u);
+    EXPECT_EQ(GetUserDefaultLangID(), 0x0407u);
+    const struct {
+        LCTYPE item;
+        const WCHAR* text;
+    } rows[] = {
+        {LOCALE_SABBREVLANGNAME, _T("DEU")},
+        {LOCALE_SENGLANGUAGE, _T("German")},
+        {LOCALE_SNATIVELANGNAME, _T("Deutsch")},
+        {LOCALE_SDECIMAL, _T(",")},
+        {LOCALE_STHOUSAND, _T(".")},
+    };
+    for (const auto& row : rows) {
+        for (const LCID locale :
+             {LCID(LOCALE_USER_DEFAULT), LCID(LOCALE_SYSTEM_DEFAULT), LCID(0)}) {
+            WCHAR text[100] = {};
+            GetLocaleInfoW(locale, row.item, text, 100);
+            EXPECT_EQ(CString(text), row.text) << row.item << " of " << locale;
+        }
+    }
+}
+
+TEST(GermanLocale, WritesNumbers) {
+    WCHAR text[100];
+    EXPECT_GT(GetNumberFormatW(LOCALE_USER_DEFAULT, 0, _T("-1234.5"), nullptr, text, 100), 0);
+    EXPECT_EQ(CString(text), _T("-1.234,50"));
+    StrFormatByteSizeW(1536, text, 100);
+    EXPECT_EQ(CString(text), _T("1,50 KB"));
+}
+
+} // namespace
