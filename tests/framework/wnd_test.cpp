@@ -341,7 +341,9 @@ typedef float Vector __attribute__((vector_size(16)));
 
 float SumOnAlignedStack(float first) {
     volatile Vector spilled = {first, 2, 3, 4};
-    EXPECT_EQ(reinterpret_cast<UINT_PTR>(&spilled) % 16, 0u);
+    UINT_PTR address = reinterpret_cast<UINT_PTR>(&spilled);
+    asm volatile("" : "+r"(address)); // otherwise the compiler takes the alignment for granted
+    EXPECT_EQ(address % 16, 0u);
     const Vector doubled = spilled + spilled;
     return doubled[0] + doubled[1] + doubled[2] + doubled[3];
 }
