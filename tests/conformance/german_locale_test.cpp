@@ -38,4 +38,25 @@ TEST(GermanLocale, WritesNumbers) {
     EXPECT_EQ(CString(text), _T("1,50 KB"));
 }
 
+TEST(GermanLocale, ChoosesTheLanguageOfResources) {
+    const HMODULE module = LoadLibraryW(CString(QUORVEL_SAMPLES) + _T("/full.dll"));
+    ASSERT_NE(module, nullptr);
+    const struct {
+        UINT id;
+        const WCHAR* text;
+    } rows[] = {
+        {100, _T("Deutsch")},     // before English
+        {200, _T("nur deutsch")}, // before French
+        {300, _T("neutral")},     // before all others
+        {111, _T("")},            // of a block that is there in German without it
+        {65535, _T("the highest id")},
+    };
+    for (const auto& row : rows) {
+        WCHAR text[100] = {};
+        LoadStringW(module, row.id, text, 100);
+        EXPECT_EQ(CString(text), row.text) << row.id;
+    }
+    EXPECT_TRUE(FreeLibrary(module));
+}
+
 } // namespace

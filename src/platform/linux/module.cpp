@@ -1,6 +1,7 @@
 #include "platform/linux/module.h"
 
 #include "platform/case_fold.h"
+#include "platform/linux/locale.h"
 #include "platform/linux/path.h"
 #include "platform/linux/pe_file.h"
 #include "platform/linux/system_error.h"
@@ -293,7 +294,8 @@ const PeResources* FindOwnResources(const WCHAR* path) {
 
 LanguageChoice DefaultLanguages() {
     constexpr WORD kEnglishUnitedStates = 0x0409;
-    static const WORD languages[] = {LANG_NEUTRAL, kEnglishUnitedStates};
+    static const WORD user = win32::GetUserDefaultLangID();
+    static const WORD languages[] = {LANG_NEUTRAL, user, PRIMARYLANGID(user), kEnglishUnitedStates};
     return {languages, true};
 }
 
