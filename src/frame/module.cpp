@@ -10,8 +10,7 @@ namespace {
 
 constinit AFX_EXTENSION_MODULE s_module = {};
 constinit HINSTANCE s_instance = nullptr;
-constinit CDynLinkLibrary* s_resources =
-    nullptr; // owned by the chain, until AfxTermExtensionModule
+constinit CDynLinkLibrary* s_resources = nullptr; // AfxTermExtensionModule deletes it
 typedef int (*OpenExternalLink)(const WCHAR*);
 constinit OpenExternalLink s_openExternalLink = nullptr;
 
