@@ -1,11 +1,24 @@
-// Local time and UTC.
+// Dates and times as text; local time and UTC. Any thread.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>
 
 namespace quorvel::win32 {
 
-// Any thread. A null zone is the system's (or TZ's) as the process found it first, with the rules
+// Write a date by d, M, y and g, and a time by h, H, m, s and t, or the way of the locale when the
+// picture is null: DATE_SHORTDATE (also without a flag), DATE_LONGDATE, and times with their
+// seconds unless TIME_NOSECONDS says otherwise. The names are ICU's, the calendar is Gregorian in
+// every language, and there are no settings of the user for LOCALE_NOUSEROVERRIDE to leave out.
+// Return the length with the terminator; a length of 0 asks for it. 0 and 87 for an unknown locale,
+// a bad buffer, a date that does not exist or is before 1601 (of a time only the time counts), 1004
+// for other flags and for any flag beside a picture (Windows then takes TIME_NOSECONDS), 122 for a
+// buffer too small, which is then unchanged. The time may not be null.
+int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR picture, LPWSTR text,
+                   int length);
+int GetTimeFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR picture, LPWSTR text,
+                   int length);
+
+// A null zone is the system's (or TZ's) as the process found it first, with the rules
 // of the current year for every year, as Windows has it. A local time that occurs twice is the
 // first of the two, one that is left out counts as daylight saving time. FALSE and 87, and the
 // output unchanged, for a date that does not exist, for times before 1601 on either side, and for

@@ -1,5 +1,6 @@
 #include "platform/linux/locale.h"
 
+#include "platform/linux/date_names.h"
 #include "platform/win32.h"
 
 #include <algorithm>
@@ -183,6 +184,9 @@ std::u16string ThousandsSeparator(const Locale& locale) {
 std::u16string Grouping(const Locale& locale) {
     return NumberSymbols(locale).HasShortUpperGroups() ? u"3;2;0" : u"3;0";
 }
+std::u16string TimeSeparator(const Locale& locale) {
+    return DateNamesOf(locale.name).timeSeparator;
+}
 std::u16string One(const Locale&) {
     return u"1";
 }
@@ -202,11 +206,17 @@ constexpr struct {
     {LOCALE_STHOUSAND, ThousandsSeparator},
     {LOCALE_SGROUPING, Grouping},
     {LOCALE_IDIGITS, Two},
-    {LOCALE_ILZERO, One},    // a zero before the decimal separator
-    {LOCALE_INEGNUMBER, One} // "-1"
+    {LOCALE_ILZERO, One},     // a zero before the decimal separator
+    {LOCALE_INEGNUMBER, One}, // "-1"
+    {LOCALE_STIME, TimeSeparator},
 };
 
 } // namespace
+
+const char* IcuLocaleName(LCID locale) {
+    Locale found;
+    return FindLocale(locale, found) ? found.name : nullptr;
+}
 
 std::u16string LocaleItem(LCID locale, LCTYPE item) {
     Locale found;

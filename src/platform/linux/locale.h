@@ -20,9 +20,9 @@ LANGID GetUserDefaultLangID();
 BOOL IsValidLocale(LCID locale, DWORD flags);
 
 // LOCALE_SABBREVLANGNAME, _SLANGUAGE (in the user's language), _SENGLANGUAGE, _SNATIVELANGNAME,
-// _SDECIMAL, _STHOUSAND, _SGROUPING, _IDIGITS, _ILZERO and _INEGNUMBER. Returns the length with the
-// terminator; a length of 0 asks for it. 0 and the error 87 for an unknown locale or a bad buffer,
-// 1004 for another item, 122 for a buffer too small, which is then unchanged.
+// _SDECIMAL, _STHOUSAND, _SGROUPING, _IDIGITS, _ILZERO, _INEGNUMBER and _STIME. Returns the length
+// with the terminator; a length of 0 asks for it. 0 and the error 87 for an unknown locale or a bad
+// buffer, 1004 for another item, 122 for a buffer too small, which is then unchanged.
 int GetLocaleInfoW(LCID locale, LCTYPE item, LPWSTR text, int length);
 
 // Writes a number, given as "-1234.5", the way of a locale or of `format`, rounded half away from
@@ -39,6 +39,9 @@ LPWSTR StrFormatByteSizeW(LONGLONG size, LPWSTR text, UINT length);
 } // namespace quorvel::win32
 
 namespace quorvel {
+
+// ICU's name of a locale; null for an unknown one.
+const char* IcuLocaleName(LCID locale);
 
 // What a locale item is, for other operations of the platform; empty for one that there is not.
 std::u16string LocaleItem(LCID locale, LCTYPE item);

@@ -1,0 +1,231 @@
+// Dates and times by pictures and in the forms of a language.
+#include "platform/win32.h"
+
+#include "support/platform.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr LCID kEnglish = 0x0409;
+constexpr LCID kBritish = 0x0809;
+constexpr LCID kGerman = 0x0407;
+constexpr LCID kFrench = 0x040c;
+constexpr LCID kJapanese = 0x0411;
+constexpr LCID kRussian = 0x0419;
+constexpr LCID kPolish = 0x0415;
+
+constexpr SYSTEMTIME kMorning{2007, 3, 0, 4, 5, 6, 7, 0}; // a Sunday
+constexpr SYSTEMTIME kAfternoon{2007, 12, 2, 25, 13, 6, 7, 0};
+constexpr SYSTEMTIME kMidnight{2007, 3, 0, 4, 0, 0, 0, 0};
+constexpr SYSTEMTIME kNoon{2007, 3, 0, 4, 12, 0, 0, 0};
+
+// The text, or the error in parentheses.
+template <class Formatter>
+CString Formatted(Formatter formatter, const SYSTEMTIME& time, const WCHAR* picture,
+                  LCID locale = kEnglish, DWORD flags = 0) {
+    WCHAR text[100];
+    SetLastError(0);
+    const int length = formatter(locale, flags, &time, picture, text, 100);
+    CString result;
+    if (length > 0)
+        result.SetString(text, length - 1);
+    else
+        result.Format(_T("(%u)"), GetLastError());
+    return result;
+}
+CString Date(const WCHAR* picture, const SYSTEMTIME& time = kMorning) {
+    return Formatted(GetDateFormatW, time, picture);
+}
+CString Time(const WCHAR* picture, const SYSTEMTIME& time = kMorning) {
+    return Formatted(GetTimeFormatW, time, picture);
+}
+
+struct Row {
+    const WCHAR* picture;
+    const WCHAR* text;
+};
+
+} // namespace
+
+TEST(DateFormat, LettersOfAPictureAreParts) {
+    const Row rows[] = {
+        {_T("d dd ddd dddd ddddd"), _T("4 04 Sun Sunday Sunday")},
+        {_T("M MM MMM MMMM MMMMM"), _T("3 03 Mar March March")},
+        {_T("y yy yyyy yyyyyy"), _T("07 07 2007 2007")},
+        {_T("dd/MM/yyyy"), _T("04/03/2007")},
+        {_T("g"), _T("AD")},
+        {_T("dMMMM"), _T("4March")},
+        {_T("HH:mm d D Y"), _T("HH:mm 4 D Y")}, // no letters of dates
+        {_T("d\xe4\x4e00M%"), _T("4\xe4\x4e00")
+                              _T("3%")},
+        {_T("'d' d"), _T("d 4")},
+        {_T("'it''s' d"), _T("it's 4")},
+        {_T("''d''"), _T("4")},
+        {_T("'''d'''"), _T("'d'")},
+        {_T("d 'open d"), _T("4 open d")},
+        {_T("d'"), _T("4")},
+        {_T(""), _T("")},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(Date(row.picture), row.text) << testing::PrintToString(CString(row.picture));
+}
+
+TEST(DateFormat, LettersOfATimePictureAreParts) {
+    const Row rows[] = {
+        {_T("h hh hhh H HH m mm mmm s ss sss"), _T("5 05 05 5 05 6 06 06 7 07 07")},
+        {_T("t tt ttt"), _T("A AM AM")},
+        {_T("'at' HH'h'mm"), _T("at 05h06")},
+        {_T("d M y f"), _T("d M y f")}, // no letters of times
+        {_T(""), _T("")},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(Time(row.picture), row.text) << testing::PrintToString(CString(row.picture));
+    EXPECT_EQ(Time(_T("h hh H HH t tt"), kAfternoon), _T("1 01 13 13 P PM"));
+    EXPECT_EQ(Time(_T("h hh H HH t tt"), kMidnight), _T("12 12 0 00 A AM"));
+    EXPECT_EQ(Time(_T("h hh H HH t tt"), kNoon), _T("12 12 12 12 P PM"));
+}
+
+TEST(DateFormat, LanguagesHaveTheirForms) {
+    const struct {
+        LCID locale;
+        const WCHAR* shortDate;
+        const WCHAR* longDate;
+        const WCHAR* time;
+        const WCHAR* timeWithoutSeconds;
+    } rows[] = {
+        {kEnglish, _T("12/25/2007"), _T("Tuesday, December 25, 2007"), _T("1:06:07 PM"),
+         _T("1:06 PM")},
+        {kBritish, _T("25/12/2007"), _T("Tuesday, 25 December 2007"), _T("13:06:07"), _T("13:06")},
+        {kGerman, _T("25.12.2007"), _T("Dienstag, 25. Dezember 2007"), _T("13:06:07"), _T("13:06")},
+        {kFrench, _T("25/12/2007"),
+         _T("mardi 25 d\xe9")
+         _T("cembre 2007"),
+         _T("13:06:07"), _T("13:06")},
+        {kJapanese, _T("2007/12/25"),
+         _T("2007\x5e74")
+         _T("12\x6708")
+         _T("25\x65e5\x706b\x66dc\x65e5"),
+         _T("13:06:07"), _T("13:06")},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.locale);
+        const auto date = [&](DWORD flags) {
+            return Formatted(GetDateFormatW, kAfternoon, nullptr, row.locale, flags);
+        };
+        const auto time = [&](DWORD flags) {
+            return Formatted(GetTimeFormatW, kAfternoon, nullptr, row.locale, flags);
+        };
+        EXPECT_EQ(date(DATE_SHORTDATE), row.shortDate);
+        EXPECT_EQ(date(0), row.shortDate);
+        EXPECT_EQ(date(LOCALE_NOUSEROVERRIDE), row.shortDate);
+        EXPECT_EQ(date(DATE_LONGDATE), row.longDate);
+        EXPECT_EQ(time(0), row.time);
+        EXPECT_EQ(time(LOCALE_NOUSEROVERRIDE), row.time);
+        EXPECT_EQ(time(TIME_NOSECONDS), row.timeWithoutSeconds);
+    }
+}
+
+TEST(DateFormat, NamesAreOfTheLanguage) {
+    const struct {
+        LCID locale;
+        const WCHAR* picture;
+        const WCHAR* text;
+    } rows[] = {
+        {kGerman, _T("dddd d MMMM"), _T("Sonntag 4 M\xe4rz")},
+        {kRussian, _T("d MMMM"), _T("4 \x43c\x430\x440\x442\x430")}, // in the genitive
+        {kPolish, _T("d MMMM"), _T("4 marca")},
+        {kJapanese, _T("dddd"), _T("\x65e5\x66dc\x65e5")},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Formatted(GetDateFormatW, kMorning, row.picture, row.locale), row.text)
+            << row.locale;
+    if (kOnLinux) { // Wine has the genitive here, too
+        EXPECT_EQ(Formatted(GetDateFormatW, kMorning, _T("MMMM yyyy"), kRussian),
+                  _T("\x43c\x430\x440\x442 2007"));
+    }
+    EXPECT_EQ(Formatted(GetTimeFormatW, kAfternoon, _T("tt"), kJapanese), _T("\x5348\x5f8c"));
+}
+
+TEST(DateFormat, TheDayOfTheWeekIsThatOfTheDate) {
+    SYSTEMTIME time = kMorning;
+    time.wDayOfWeek = 5;
+    EXPECT_EQ(Date(_T("dddd"), time), _T("Sunday"));
+}
+
+TEST(DateFormat, OnlyWhatExistsIsFormatted) {
+    const struct {
+        SYSTEMTIME time;
+        const WCHAR* date;
+        const WCHAR* clock;
+    } rows[] = {
+        {{1601, 1, 0, 1, 0, 0, 0, 0}, _T("1 January 1601"), _T("00:00")},
+        {{1600, 12, 0, 31, 13, 6, 0, 0}, _T("(87)"), _T("13:06")},
+        {{9999, 12, 0, 31, 23, 59, 0, 0}, _T("31 December 9999"), _T("23:59")},
+        {{2007, 0, 0, 1, 0, 0, 0, 0}, _T("(87)"), _T("00:00")},
+        {{2007, 1, 0, 32, 0, 0, 0, 0}, _T("(87)"), _T("00:00")},
+        {{2007, 1, 0, 1, 24, 0, 0, 0}, _T("1 January 2007"), _T("(87)")},
+        {{2007, 1, 0, 1, 0, 60, 0, 0}, _T("1 January 2007"), _T("(87)")},
+        {{2007, 1, 0, 1, 0, 0, 60, 0}, _T("1 January 2007"), _T("(87)")},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.time.wYear);
+        EXPECT_EQ(Date(_T("d MMMM yyyy"), row.time), row.date);
+        EXPECT_EQ(Time(_T("HH:mm"), row.time), row.clock);
+    }
+}
+
+TEST(DateFormat, FlagsGoWithoutAPicture) {
+    const struct {
+        DWORD flags;
+        const WCHAR* picture;
+        const WCHAR* date;
+        const WCHAR* time;
+    } rows[] = {
+        {LOCALE_NOUSEROVERRIDE, _T("'x'"), _T("(1004)"), _T("(1004)")},
+        {DATE_SHORTDATE, _T("'x'"), _T("(1004)"), nullptr},
+        {DATE_SHORTDATE | DATE_LONGDATE, nullptr, _T("(1004)"), nullptr},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.flags);
+        EXPECT_EQ(Formatted(GetDateFormatW, kMorning, row.picture, kEnglish, row.flags), row.date);
+        if (row.time != nullptr) {
+            EXPECT_EQ(Formatted(GetTimeFormatW, kMorning, row.picture, kEnglish, row.flags),
+                      row.time);
+        }
+    }
+    EXPECT_EQ(Formatted(GetDateFormatW, kMorning, _T("yyyy"), 0x9999), _T("(87)"));
+    EXPECT_EQ(Formatted(GetTimeFormatW, kMorning, _T("HH"), 0x9999), _T("(87)"));
+}
+
+TEST(DateFormat, TheBufferHoldsTheTextWithItsTerminator) {
+    WCHAR text[6];
+    const struct {
+        int size, length;
+        DWORD error;
+    } rows[] = {{0, 5, 0},
+                {5, 5, 0},
+                {6, 5, 0},
+                {4, 0, ERROR_INSUFFICIENT_BUFFER},
+                {-1, 0, ERROR_INVALID_PARAMETER}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.size);
+        text[5] = 'x';
+        SetLastError(0);
+        EXPECT_EQ(GetDateFormatW(kEnglish, 0, &kMorning, _T("yyyy"), text, row.size), row.length);
+        EXPECT_EQ(GetTimeFormatW(kEnglish, 0, &kMorning, _T("HHmm"), text, row.size), row.length);
+        EXPECT_EQ(GetLastError(), row.error);
+        EXPECT_EQ(text[5], 'x');
+    }
+    EXPECT_EQ(GetDateFormatW(kEnglish, 0, &kMorning, _T("yyyy"), nullptr, 0), 5);
+}
+
+TEST(DateFormat, TheTimeSeparatorIsThatOfTheLanguage) {
+    constexpr LCID kFinnish = 0x040b;
+    WCHAR text[10];
+    EXPECT_EQ(GetLocaleInfoW(kEnglish, LOCALE_STIME, text, 10), 2);
+    EXPECT_EQ(CString(text), _T(":"));
+    EXPECT_EQ(GetLocaleInfoW(kFinnish, LOCALE_STIME, text, 10), 2);
+    EXPECT_EQ(CString(text), _T("."));
+}
