@@ -70,7 +70,7 @@ TEST(LinuxFile, RefusesWhatWindowsRefuses) {
         {"make a read-only file anew",
          openError(Open(folder.Path(_T("readonly")), GENERIC_READ, CREATE_ALWAYS)), 5},
         {"cut a reader's file", error(SetEndOfFile(reader)), 5},
-        {"replace a read-only file",
+        {"move a file held open",
          error(MoveFileExW(folder.Path(_T("file")), folder.Path(_T("readonly")),
                            MOVEFILE_REPLACE_EXISTING)),
          32},

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <new>
 #include <utility>
 
@@ -81,13 +80,6 @@ bool IsKnownDisposition(DWORD disposition) {
     return disposition >= CREATE_NEW && disposition <= TRUNCATE_EXISTING;
 }
 
-std::string RealPath(const std::string& path) {
-    char* resolved = realpath(path.c_str(), nullptr);
-    const std::string result(resolved != nullptr ? resolved : path);
-    free(resolved);
-    return result;
-}
-
 // The open file with these rights; null with the last error set.
 std::shared_ptr<OpenFile> FindFile(HANDLE handle, DWORD access) {
     auto file = FindHandle<OpenFile>(handle);
@@ -123,7 +115,7 @@ HANDLE FinishOpening(Descriptor descriptor, const std::string& path, DWORD acces
         return INVALID_HANDLE_VALUE;
     }
     if (flags & FILE_FLAG_DELETE_ON_CLOSE)
-        file->DeleteOnClose(RealPath(path));
+        file->DeleteOnClose(CanonicalPath(path));
     const HANDLE handle = NewHandle(std::move(file));
     return handle != nullptr ? handle : INVALID_HANDLE_VALUE;
 }

@@ -12,7 +12,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <mutex>
@@ -69,13 +68,6 @@ private:
     mutable std::once_flag m_indexed;
     mutable PeStringTable m_strings;
 };
-
-std::string CanonicalPath(const std::string& path) {
-    char* resolved = realpath(path.c_str(), nullptr);
-    const std::string result(resolved != nullptr ? resolved : "");
-    free(resolved);
-    return result;
-}
 
 std::string ProgramPath() {
     char path[PATH_MAX];

@@ -71,6 +71,11 @@ std::u16string FromSystemPath(std::string_view path) {
     return text;
 }
 
+std::string CanonicalPath(const std::string& path) {
+    char resolved[PATH_MAX];
+    return realpath(path.c_str(), resolved) != nullptr ? resolved : "";
+}
+
 DWORD PathErrorFromErrno(int error, const std::string& path) try {
     if (error != ENOENT)
         return ErrorFromErrno(error);

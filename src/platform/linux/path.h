@@ -20,6 +20,9 @@ bool ToSystemPath(const WCHAR* name, std::string& path);
 // Bytes that are not UTF-8 become U+FFFD.
 std::u16string FromSystemPath(std::string_view path);
 
+// Absolute, and with no links in it; empty when there is no such file.
+std::string CanonicalPath(const std::string& path);
+
 // errno of an operation on a path: ENOENT is ERROR_FILE_NOT_FOUND when only the last part is
 // missing and ERROR_PATH_NOT_FOUND when its folder is.
 DWORD PathErrorFromErrno(int error, const std::string& path);
