@@ -14,18 +14,30 @@ namespace {
 
 typedef std::basic_string_view<WCHAR> Text;
 
+// In the order of trial.
+// clang-format off
 constexpr const char* kForms[] = {
-    "b d, y H:M:S z",  "w b d, y H:M:S z",
-    "w d b y H:M:S z", "n/n/n H:M:S z",
-    "d b y H:M:S z",   "w d b y H:M z",
-    "n/n/n H:M z",     "d b y H:M z",
-    "y-m-dTH:M:Sz",    "y-m-dTH:Mz",
-    "n/n/n",           "d b y",
-    "b d, y",          "y-m-d",
-    "d-a-y",           "w d-a-y H:M:S z",
-    "l,d b y H:M:S z", "l,d b y H:M z",
+    "b d, y H:M:S z",
+    "w b d, y H:M:S z",
+    "w d b y H:M:S z",
+    "n/n/n H:M:S z",
+    "d b y H:M:S z",
+    "w d b y H:M z",
+    "n/n/n H:M z",
+    "d b y H:M z",
+    "y-m-dTH:M:Sz",
+    "y-m-dTH:Mz",
+    "n/n/n",
+    "d b y",
+    "b d, y",
+    "y-m-d",
+    "d-a-y",
+    "w d-a-y H:M:S z",
+    "l,d b y H:M:S z",
+    "l,d b y H:M z",
     "w b d H:M:S y",
 };
+// clang-format on
 constexpr const char* kOrders[] = {"mdy", "dmy", "ymd"};
 
 constexpr Text kMonths[] = {_T("january"),   _T("february"), _T("march"),    _T("april"),
@@ -160,7 +172,7 @@ private:
         case 'M':
             return ReadNumber(fields.minute);
         case 'S':
-            return ReadNumber(fields.second) && SkipFraction();
+            return ReadSecond(fields.second);
         case 'b':
             fields.month = MonthOf(Word());
             return fields.month != 0;
@@ -225,12 +237,13 @@ private:
         return digits != 0;
     }
 
-    bool SkipFraction() {
+    bool ReadSecond(int& second) {
+        const bool isNumber = ReadNumber(second);
         if (m_rest.size() > 1 && (m_rest[0] == '.' || m_rest[0] == ',') && IsDigit(m_rest[1])) {
             Take(1);
             TakeWhile(IsDigit);
         }
-        return true;
+        return isNumber;
     }
 
     // false for an unknown zone. RFC 5322, 4.3, takes unknown words for UTC; shorter ones are no

@@ -213,7 +213,7 @@ TEST(Calendar, ACountRepeatsTheStep) {
     for (const auto& row : kSteppers) {
         for (const int start : {39145, 39146, 39150, 39151, 0, -1, -6}) {
             SCOPED_TRACE(testing::Message() << row.label << " from " << start);
-            COleDateTime stepped = COleDateTime(DATE{1.0 * start});
+            COleDateTime stepped(DATE{1.0 * start});
             for (int count = 1; count <= 30; ++count) {
                 stepped = row.step(stepped, 1);
                 ASSERT_EQ(row.step(COleDateTime(DATE{1.0 * start}), count), stepped) << count;
@@ -276,13 +276,11 @@ TEST(Calendar, AMonthsFirstAndLastDaysOfAKind) {
         int month, year;
         int firstWeekday, lastWeekday, firstWeekendDay, lastWeekendDay, firstMonday, lastMonday;
     } rows[] = {
-        {3, 2007, 1, 30, 3, 31, 5, 26},                                   // Thursday to Saturday
-        {9, 2007, 3, 28, 1, 30, 3, 24},                                   // Saturday to Sunday
-        {4, 2007, 2, 30, 1, 29, 2, 30},                                   // Sunday to Monday
-        {2, 2008, 1, 29, 2, 24, 4, 25},                                   // Friday to Friday
-        {2, 2010, 1, 26, 6, 28, 1, 22},                                   // Monday to Sunday
-        {12, 1899, 1, 29, 2, 31, 4, 25},                                  // Friday to Sunday
-        {1, 100, 1, 29, 2, 31, 4, 25},   {12, 9999, 1, 31, 4, 26, 6, 27}, // Wednesday to Friday
+        // Months that begin and end with each kind of day.
+        {3, 2007, 1, 30, 3, 31, 5, 26}, {9, 2007, 3, 28, 1, 30, 3, 24},
+        {4, 2007, 2, 30, 1, 29, 2, 30}, {2, 2008, 1, 29, 2, 24, 4, 25},
+        {2, 2010, 1, 26, 6, 28, 1, 22}, {12, 1899, 1, 29, 2, 31, 4, 25},
+        {1, 100, 1, 29, 2, 31, 4, 25},  {12, 9999, 1, 31, 4, 26, 6, 27},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.month << '/' << row.year);
