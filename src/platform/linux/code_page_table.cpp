@@ -111,6 +111,8 @@ bool CodePageTable::Build() {
     ApplyDifferences();
     BuildCodes();
     AddBestFits();
+    m_rows.shrink_to_fit();
+    m_blocks.shrink_to_fit();
     m_defaultByte = static_cast<BYTE>(Find(u'?').value);
     if ((m_page.form & kMiddleDot) != 0)
         m_defaultUnit = 0x30fb;
@@ -122,17 +124,17 @@ bool CodePageTable::ReadConverter() {
     if (!converter.IsOpen())
         return false;
     for (unsigned byte = 0; byte < 0x100; ++byte) {
-        const BYTE code[2] = {static_cast<BYTE>(byte)};
-        const Converter::Single single = converter.DecodeSingle({code, 1});
+        const BYTE code = static_cast<BYTE>(byte);
+        const Converter::Single single = converter.DecodeSingle({&code, 1});
         m_singles[byte] = single.isCut ? kLead : single.isFound ? single.unit : kNone;
         if (byte < 0x80 && (m_page.form & kEbcdic) == 0)
             m_singles[byte] = static_cast<WCHAR>(byte);
         if (m_singles[byte] != kLead)
             continue;
-        MakeLead(static_cast<BYTE>(byte));
+        MakeLead(code);
         for (unsigned trail = 0; trail < 0x100; ++trail) {
-            const BYTE codes[] = {code[0], static_cast<BYTE>(trail)};
-            const Converter::Single found = converter.DecodeSingle(codes);
+            const BYTE pair[] = {code, static_cast<BYTE>(trail)};
+            const Converter::Single found = converter.DecodeSingle(pair);
             const bool isKept =
                 found.isFound && !((m_page.form & kNoPrivateUse) != 0 && IsPrivateUse(found.unit));
             m_rows[m_rowOf[byte]][trail] = isKept ? found.unit : kNone;

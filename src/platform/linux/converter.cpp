@@ -15,7 +15,8 @@ constexpr struct {
     const char* name;
 } kConverters[] = {
     {50220, "ISO_2022,locale=ja,version=0"}, // half-width kana become full-width
-    {50221, "ISO_2022,locale=ja,version=3"}, // half-width kana by an escape sequence
+    {50221, "ISO_2022,locale=ja,version=3"}, // half-width kana are kept: an escape sequence is
+                                             // read, but shift-out and shift-in are written
     {50222, "ISO_2022,locale=ja,version=3"},
     {50225, "ISO_2022,locale=ko,version=0"},
     {50227, "ISO_2022,locale=zh,version=0"},
@@ -26,7 +27,7 @@ constexpr struct {
     {50937, "ibm-937_P110-1999"},
     {50939, "ibm-939_P120-1999"},
     {51932, "euc-jp-2007"},
-    {52936, "HZ"},
+    {52936, "HZ"}, // starts with "~}" where a text starts with ASCII
     {54936, "gb18030"},
     {57002, "ISCII,version=0"}, // Devanagari
     {57003, "ISCII,version=1"}, // Bengali

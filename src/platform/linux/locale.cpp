@@ -28,7 +28,7 @@ struct LanguageRow {
 struct Locale {
     LCID id;
     const char* abbreviation;
-    const char* name; // ICU's
+    const char* name; // ICU's; as long-lived as what it was found by
     const WCHAR* nativeName;
 };
 
@@ -74,28 +74,30 @@ std::string ToIcuName(const std::string& posixName) {
 }
 
 // Language, script and region in full: "de" and "de_DE" give "de_Latn_DE".
-std::string Maximize(const char* name) {
+std::string Maximize(const std::string& name) {
     char full[ULOC_FULLNAME_CAPACITY];
     UErrorCode error = U_ZERO_ERROR;
-    const int length = uloc_addLikelySubtags(name, full, sizeof full, &error);
+    const int length = uloc_addLikelySubtags(name.c_str(), full, sizeof full, &error);
     return U_SUCCESS(error) && length < static_cast<int>(sizeof full) ? full : "";
 }
 
-Locale FindUserLocale() {
-    static const std::string s_name = Maximize(ToIcuName(EnvironmentLocale()).c_str());
+// By ICU's name in full.
+Locale FindByFullName(const std::string& name) {
     constexpr LANGID kTraditionalSpanish = 0x040a; // 0x0c0a is the Spanish of our time
+    constexpr LANGID kAmericanEnglish = 0x0409;
     for (const LanguageRow& row : kLanguages) {
         if (SUBLANGID(row.id) != SUBLANG_NEUTRAL && row.id != kTraditionalSpanish &&
-            Maximize(row.locale) == s_name)
+            Maximize(row.locale) == name)
             return ToLocale(row);
     }
-    if (*uloc_getISO3Language(s_name.c_str()) == 0)
-        return ToLocale(*FindLanguage(0x0409));
-    return {LOCALE_CUSTOM_DEFAULT, "ZZZ", s_name.c_str(), nullptr};
+    if (*uloc_getISO3Language(name.c_str()) == 0)
+        return ToLocale(*FindLanguage(kAmericanEnglish));
+    return {LOCALE_CUSTOM_DEFAULT, "ZZZ", name.c_str(), nullptr};
 }
 
 const Locale& UserLocale() {
-    static const Locale s_locale = FindUserLocale();
+    static const std::string s_name = Maximize(ToIcuName(EnvironmentLocale()));
+    static const Locale s_locale = FindByFullName(s_name);
     return s_locale;
 }
 
@@ -216,6 +218,10 @@ constexpr struct {
 const char* IcuLocaleName(LCID locale) {
     Locale found;
     return FindLocale(locale, found) ? found.name : nullptr;
+}
+
+LCID LocaleIdOf(const std::string& posixName) {
+    return FindByFullName(Maximize(ToIcuName(posixName))).id;
 }
 
 std::u16string LocaleItem(LCID locale, LCTYPE item) {

@@ -43,6 +43,9 @@ namespace quorvel {
 // ICU's name of a locale; null for an unknown one.
 const char* IcuLocaleName(LCID locale);
 
+// The id of a locale named as the environment names it.
+LCID LocaleIdOf(const std::string& posixName);
+
 // What a locale item is, for other operations of the platform; empty for one that there is not.
 std::u16string LocaleItem(LCID locale, LCTYPE item);
 
