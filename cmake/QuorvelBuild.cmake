@@ -55,6 +55,26 @@ if(CMAKE_CROSSCOMPILING)
   target_include_directories(quorvel_boost SYSTEM INTERFACE ${PROJECT_BINARY_DIR}/hostinc)
 endif()
 
+# quorvel_mingw_library(NAME): an imported target quorvel_NAME of a library that is not packaged for
+# the Windows builds. Set-up has built it already; otherwise it is built here.
+function(quorvel_mingw_library name)
+  execute_process(COMMAND ${PROJECT_SOURCE_DIR}/tools/mingw_library.sh ${name} ${QUORVEL_MINGW_CPU}
+    OUTPUT_VARIABLE folder OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  add_library(quorvel_${name} STATIC IMPORTED GLOBAL)
+  set_target_properties(quorvel_${name} PROPERTIES
+    IMPORTED_LOCATION ${folder}/lib/lib${name}.a
+    INTERFACE_INCLUDE_DIRECTORIES ${folder}/include)
+endfunction()
+
+# expat judges XML texts.
+if(WIN32)
+  quorvel_mingw_library(expat)
+  target_compile_definitions(quorvel_expat INTERFACE XML_STATIC)
+else()
+  find_package(EXPAT REQUIRED)
+  add_library(quorvel_expat ALIAS EXPAT::EXPAT)
+endif()
+
 # What the library links. System packages stay private to src/platform.
 add_library(quorvel_system INTERFACE)
 if(WIN32)
@@ -65,3 +85,4 @@ else()
   find_package(Threads REQUIRED)
   target_link_libraries(quorvel_system INTERFACE ICU::i18n ICU::uc ICU::data Threads::Threads)
 endif()
+target_link_libraries(quorvel_system INTERFACE quorvel_expat)

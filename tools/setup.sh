@@ -126,9 +126,12 @@ install_windows() {
 ensure_windows() {
     install_windows
     case $(windows_preset) in
-    win32) sh "$root/tools/minizip_mingw.sh" i686 ;;
-    *) sh "$root/tools/minizip_mingw.sh" x86_64 ;;
-    esac >/dev/null
+    win32) cpu=i686 ;;
+    *) cpu=x86_64 ;;
+    esac
+    for name in expat minizip; do
+        sh "$root/tools/mingw_library.sh" "$name" "$cpu" >/dev/null
+    done
 }
 
 if [ $# -eq 0 ]; then
