@@ -1,0 +1,334 @@
+// A text is given to expat as UTF-16, and a file is first converted to it, so that every encoding
+// of the platform is read and positions mean the same for both. What is no character (a lone
+// surrogate, bytes that the encoding does not know) ends the text as U+FFFF, which no document may
+// hold: so expat names its place.
+#include <quorvel/xml/check_xml.h>
+
+#include <quorvel/frame/exception_text.h>
+#include <quorvel/framework/file.h>
+#include <quorvel/util/text/byte_swap.h>
+#include <quorvel/util/text/encoding_names.h>
+#include <quorvel/xml/xml_file.h>
+
+#include "platform/win32.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+namespace {
+
+constexpr UINT kUtf16 = 1200;
+constexpr UINT kUtf16BigEndian = 1201;
+constexpr UINT kEbcdic = 37;
+constexpr WCHAR kByteOrderMark = 0xfeff;
+constexpr WCHAR kNoCharacter = 0xffff;
+constexpr WCHAR kReplacement = 0xfffd;
+
+bool IsHighSurrogate(WCHAR unit) {
+    return unit >= 0xd800 && unit <= 0xdbff;
+}
+
+bool IsLowSurrogate(WCHAR unit) {
+    return unit >= 0xdc00 && unit <= 0xdfff;
+}
+
+struct FreeParser {
+    void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
+};
+typedef std::unique_ptr<XML_ParserStruct, FreeParser> Parser;
+
+bool Feed(const Parser& parser, const WCHAR* text, int length, bool isLast = false) {
+    return XML_Parse(parser.get(), reinterpret_cast<const char*>(text),
+                     length * static_cast<int>(sizeof(WCHAR)), isLast) == XML_STATUS_OK;
+}
+
+// A parser that has read a byte order mark: left to itself expat takes the first characters of some
+// texts for the mark of another encoding.
+Parser MakeParser() {
+    Parser parser(XML_ParserCreateNS("UTF-16LE", 0));
+    if (parser == nullptr || !Feed(parser, &kByteOrderMark, 1))
+        AfxThrowMemoryException();
+    return parser;
+}
+
+// The length up to the first lone surrogate. expat looks at the first unit of a pair only.
+int PairedLength(const WCHAR* text, int length) {
+    for (int i = 0; i < length; ++i) {
+        if (IsLowSurrogate(text[i]))
+            return i;
+        if (IsHighSurrogate(text[i])) {
+            if (i + 1 == length || !IsLowSurrogate(text[i + 1]))
+                return i;
+            ++i;
+        }
+    }
+    return length;
+}
+
+bool FeedText(const Parser& parser, const WCHAR* text, int length) {
+    constexpr int kFirstPiece = 32768;
+    constexpr int kLargestPiece = INT_MAX / 4;
+    const int paired = PairedLength(text, length);
+    // A token that spans pieces is scanned anew with each: that stays linear as long as every piece
+    // is as large as all before it.
+    for (int fed = 0; fed < paired;) {
+        const int piece = std::min({std::max(fed, kFirstPiece), kLargestPiece, paired - fed});
+        if (!Feed(parser, text + fed, piece))
+            return false;
+        fed += piece;
+    }
+    return paired < length ? Feed(parser, &kNoCharacter, 1, true) : Feed(parser, nullptr, 0, true);
+}
+
+bool IsLineEnd(WCHAR unit) {
+    return unit == '\r' || unit == '\n';
+}
+
+bool IsShowable(WCHAR unit) {
+    const bool isControl = unit < 0x20 || (unit >= 0x7f && unit < 0xa0);
+    return !isControl && !IsHighSurrogate(unit) && !IsLowSurrogate(unit) && unit < 0xfffe;
+}
+
+CString Showable(const WCHAR* text, int length) {
+    CString result(text, length);
+    WCHAR* units = result.GetBuffer();
+    for (int i = 0; i < length; ++i) {
+        if (IsHighSurrogate(units[i]) && i + 1 < length && IsLowSurrogate(units[i + 1]))
+            ++i;
+        else if (units[i] == '\t')
+            units[i] = ' ';
+        else if (!IsShowable(units[i]))
+            units[i] = kReplacement;
+    }
+    return result;
+}
+
+void TakeSnippet(const WCHAR* text, int length, CXMLFault& fault) {
+    constexpr int kReach = 40;
+    int begin = fault.nOffset;
+    int end = fault.nOffset;
+    while (begin > 0 && fault.nOffset - begin < kReach && !IsLineEnd(text[begin - 1]))
+        --begin;
+    while (end < length && end - fault.nOffset < kReach && !IsLineEnd(text[end]))
+        ++end;
+    // Half a surrogate pair at an edge is none of it.
+    if (begin > 0 && begin < fault.nOffset && IsLowSurrogate(text[begin]))
+        ++begin;
+    if (end < length && end > fault.nOffset && IsHighSurrogate(text[end - 1]))
+        --end;
+    fault.strSnippet = Showable(text + begin, end - begin);
+    fault.nCaret = fault.nOffset - begin;
+}
+
+// The first line has the mark in front of the text: it counts for expat, and not for us.
+CXMLFault FaultAt(const Parser& parser, const WCHAR* text, int length) {
+    const XML_Error error = XML_GetErrorCode(parser.get());
+    if (error == XML_ERROR_NO_MEMORY)
+        AfxThrowMemoryException();
+    CXMLFault fault;
+    fault.strMessage = CString(XML_ErrorString(error));
+    fault.nLine = static_cast<int>(XML_GetCurrentLineNumber(parser.get()));
+    fault.nColumn = static_cast<int>(XML_GetCurrentColumnNumber(parser.get()));
+    if (fault.nLine > 1)
+        ++fault.nColumn;
+    const XML_Index byte = XML_GetCurrentByteIndex(parser.get());
+    fault.nOffset = std::clamp(static_cast<int>(byte / XML_Index(sizeof(WCHAR))) - 1, 0, length);
+    TakeSnippet(text, length, fault);
+    return fault;
+}
+
+void CheckText(const WCHAR* text, int length, CXMLFault& fault) {
+    const Parser parser = MakeParser();
+    if (!FeedText(parser, text, length))
+        fault = FaultAt(parser, text, length);
+}
+
+// What keeps a document from being judged is told as a fault without a place.
+template <class Judgement>
+BOOL Judge(CXMLFault& result, Judgement judge) {
+    CXMLFault fault; // the text may lie in the caller's
+    BOOL wellFormed = FALSE;
+    try {
+        judge(fault);
+        wellFormed = fault.nLine == 0;
+    } catch (CXMLFileException* exception) {
+        AfxGetXMLFileExceptionErrorMessage(exception->m_cause, fault.strMessage);
+        exception->Delete();
+    } catch (CException* exception) {
+        AfxGetExceptionText(exception, fault.strMessage);
+        exception->Delete();
+    }
+    result = fault;
+    return wellFormed;
+}
+
+// A file's bytes, and what is known of their encoding before the declaration is read.
+struct FileBytes {
+    CStringA bytes;
+    CString encoding;
+    BOOL isBigEndian = FALSE;
+    int charSize = 0;
+    int markLength = 0;
+
+    std::string_view Text() const {
+        return {bytes.GetString() + markLength,
+                static_cast<std::size_t>(bytes.GetLength() - markLength)};
+    }
+    bool IsEbcdic() const { return encoding == _T("ebcdic"); }
+};
+
+FileBytes ReadFileBytes(const WCHAR* fileName) {
+    constexpr ULONGLONG kLargestFile = INT_MAX - 1;
+    FileBytes file;
+    CFile source(fileName, CFile::modeRead | CFile::shareDenyWrite | CFile::typeBinary);
+    const ULONGLONG size = source.GetLength();
+    if (size > kLargestFile)
+        AfxThrowXMLFileException(CXMLFileException::fileTooLarge, fileName);
+    char* room = file.bytes.GetBufferSetLength(static_cast<int>(size));
+    const UINT length = source.Read(room, static_cast<UINT>(size));
+    file.bytes.ReleaseBufferSetLength(static_cast<int>(length)); // it may have shrunk meanwhile
+    if (!AfxDetermineXMLFileEncoding(reinterpret_cast<const BYTE*>(file.bytes.GetString()), length,
+                                     file.encoding, file.isBigEndian, file.charSize,
+                                     file.markLength))
+        file.charSize = 1;
+    return file;
+}
+
+CString DecodeUtf16(const FileBytes& file) {
+    const std::string_view bytes = file.Text();
+    const int length = static_cast<int>(bytes.size() / sizeof(WCHAR));
+    CString text;
+    WCHAR* units = text.GetBufferSetLength(length);
+    std::memcpy(units, bytes.data(), static_cast<std::size_t>(length) * sizeof(WCHAR));
+    if (file.isBigEndian)
+        AfxSwapWordData(reinterpret_cast<WORD*>(units), static_cast<ULONGLONG>(length));
+    if (bytes.size() % sizeof(WCHAR) != 0)
+        text.AppendChar(kNoCharacter);
+    return text;
+}
+
+// FALSE when the code page does not know all of the bytes. The platform reads ASCII without its
+// eighth bit.
+bool AppendDecoded(CString& text, UINT codePage, DWORD flags, std::string_view bytes) {
+    constexpr UINT kAscii = 20127;
+    const auto isAscii = [](char byte) { return (byte & 0x80) == 0; };
+    if (codePage == kAscii && !std::all_of(bytes.begin(), bytes.end(), isAscii))
+        return false;
+    const int count = static_cast<int>(bytes.size());
+    const int needed = MultiByteToWideChar(codePage, flags, bytes.data(), count, nullptr, 0);
+    if (needed <= 0)
+        return false;
+    const int length = text.GetLength();
+    WCHAR* units = text.GetBufferSetLength(length + needed);
+    return MultiByteToWideChar(codePage, flags, bytes.data(), count, units + length, needed) > 0;
+}
+
+// A page with shifts in it (UTF-7, ISO-2022) refuses nothing, and cannot be cut into pieces.
+bool CanBeStrict(UINT codePage) {
+    return MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, "a", 1, nullptr, 0) > 0;
+}
+
+// Piece by piece; a piece that fails is halved down to the character that is not known, or that
+// the end of the piece had cut.
+CString DecodeNarrow(UINT codePage, std::string_view bytes) {
+    constexpr std::size_t kPiece = 65536;
+    constexpr std::size_t kLongestCharacter = 4;
+    CString text;
+    if (!CanBeStrict(codePage)) {
+        AppendDecoded(text, codePage, 0, bytes);
+        return text;
+    }
+    text.Preallocate(static_cast<int>(bytes.size()));
+    for (std::size_t size = kPiece; !bytes.empty();) {
+        size = std::min(size, bytes.size());
+        if (AppendDecoded(text, codePage, MB_ERR_INVALID_CHARS, bytes.substr(0, size))) {
+            bytes.remove_prefix(size);
+            size = kPiece;
+        } else if (size > 1) {
+            size = size > kLongestCharacter ? std::max(size / 2, kLongestCharacter) : size - 1;
+        } else {
+            text.AppendChar(kNoCharacter);
+            break;
+        }
+    }
+    return text;
+}
+
+// Room for every name that is known, so that expat's C frames see no exception.
+struct EncodingName {
+    char text[64] = {};
+};
+
+void XMLCALL TakeEncodingName(void* name, const XML_Char*, const XML_Char* encoding, int) {
+    constexpr std::size_t kRoom = sizeof(EncodingName::text) - 1;
+    if (encoding != nullptr)
+        std::strncpy(static_cast<EncodingName*>(name)->text, encoding, kRoom);
+}
+
+// The encoding that the declaration names; empty when it names none.
+CString DeclaredEncoding(const CString& text) {
+    constexpr int kLongestDeclaration = 1024;
+    EncodingName name;
+    const Parser parser = MakeParser();
+    XML_SetUserData(parser.get(), &name);
+    XML_SetXmlDeclHandler(parser.get(), TakeEncodingName);
+    Feed(parser, text, std::min(text.GetLength(), kLongestDeclaration));
+    return CString(name.text);
+}
+
+CString DecodeBeginning(const FileBytes& file) {
+    constexpr UINT kLatin1 = 28591;
+    const std::string_view beginning = file.Text().substr(0, 1024);
+    return DecodeNarrow(file.IsEbcdic() ? kEbcdic : kLatin1, beginning);
+}
+
+// Whether bytes of this kind can be in the code page.
+bool Agree(const FileBytes& file, UINT codePage) {
+    const bool isWide = codePage == kUtf16 || codePage == kUtf16BigEndian;
+    return isWide == (file.charSize == 2) && (file.markLength != 3 || codePage == CP_UTF8);
+}
+
+void CheckFile(const WCHAR* fileName, CXMLFault& fault) {
+    if (fileName == nullptr)
+        AfxThrowXMLFileException(CXMLFileException::invalidFileName);
+    const FileBytes file = ReadFileBytes(fileName);
+    if (file.charSize > 2)
+        AfxThrowXMLFileException(CXMLFileException::unsupportedEncoding, fileName);
+    CString text = file.charSize == 2 ? DecodeUtf16(file) : DecodeBeginning(file);
+    UINT codePage = file.charSize == 2 ? kUtf16 : file.IsEbcdic() ? kEbcdic : CP_UTF8;
+    const CString declared = DeclaredEncoding(text);
+    if (!declared.IsEmpty() && !AfxCharacterEncodingToCodePage(declared, codePage))
+        AfxThrowXMLFileException(CXMLFileException::unsupportedEncoding, fileName);
+    if (!Agree(file, codePage)) {
+        fault.strMessage = CString(XML_ErrorString(XML_ERROR_INCORRECT_ENCODING));
+        fault.nLine = fault.nColumn = 1;
+        TakeSnippet(text, text.GetLength(), fault);
+        return;
+    }
+    if (file.charSize == 1) {
+        if (!IsValidCodePage(codePage))
+            AfxThrowXMLFileException(CXMLFileException::unsupportedEncoding, fileName);
+        text = DecodeNarrow(codePage, file.Text());
+    }
+    CheckText(text, text.GetLength(), fault);
+}
+
+} // namespace
+
+BOOL AfxCheckXML(const WCHAR* text, int length, CXMLFault& fault) {
+    const int usable = text != nullptr ? std::max(length, 0) : 0;
+    return Judge(fault, [&](CXMLFault& found) { CheckText(text, usable, found); });
+}
+
+BOOL AfxCheckXML(const CString& text, CXMLFault& fault) {
+    return AfxCheckXML(text, text.GetLength(), fault);
+}
+
+BOOL AfxCheckXMLFile(const WCHAR* fileName, CXMLFault& fault) {
+    return Judge(fault, [&](CXMLFault& found) { CheckFile(fileName, found); });
+}
