@@ -46,6 +46,6 @@ QUORVEL_API int AfxStringToMonth(const WCHAR* text);
 
 // The minutes to add to the local time of a zone to get UTC: "EST" and "-0500" give 300. Takes
 // +hhmm, +hh:mm and +hh with either sign, UT, UTC, GMT, the American and European words (EST, CEST,
-// ...), and the military letters, which all mean UTC: RFC 1123, 5.2.14, found them in use with
-// either sign. FALSE, and `bias` unchanged, for null and for any other text.
+// ...), and the military letters, which all mean UTC: RFC 822 gives them the wrong signs, so that
+// they tell nothing (RFC 1123, 5.2.14). FALSE, and `bias` unchanged, for null and any other text.
 QUORVEL_API BOOL AfxStringToUTCTimeZoneBias(const WCHAR* text, int& bias);
