@@ -59,6 +59,20 @@ COleDateTime Stepped(const COleDateTime& date, WeeklyDays weekly, int count, int
     return DateOfDay(Step(day, weekly, direction * count));
 }
 
+// The internal twins of exported functions: a shared library calls those through its table.
+constexpr bool IsDayOfWeek(int dayOfWeek) {
+    return dayOfWeek >= 1 && dayOfWeek <= 7;
+}
+
+constexpr bool IsLeapYear(int year) {
+    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+constexpr int LastDayOf(int month, int year) {
+    constexpr signed char kLastDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return kLastDays[month - 1] + (month == 2 && IsLeapYear(year));
+}
+
 bool HasDates(int month, int year) {
     return year >= 100 && year <= 9999 && month >= 1 && month <= 12;
 }
@@ -72,13 +86,13 @@ COleDateTime OrdinalInMonth(int month, int year, WeeklyDays weekly, int ordinal)
         return COleDateTime();
     const int dayBefore = DayBefore(month, year);
     const int day = Step(dayBefore, weekly, ordinal);
-    return DateOfDay(day - dayBefore <= AfxGetLastDayInMonth(month, year) ? day : 0);
+    return DateOfDay(day - dayBefore <= LastDayOf(month, year) ? day : 0);
 }
 
 COleDateTime LastInMonth(int month, int year, WeeklyDays weekly) {
     if (!HasDates(month, year))
         return COleDateTime();
-    const int dayAfter = DayBefore(month, year) + AfxGetLastDayInMonth(month, year) + 1;
+    const int dayAfter = DayBefore(month, year) + LastDayOf(month, year) + 1;
     return DateOfDay(Step(dayAfter, weekly, -1));
 }
 
@@ -100,7 +114,7 @@ BOOL AfxIsValidTime(int hour, int minute, int second) {
 }
 
 BOOL AfxIsValidDayOfWeek(int dayOfWeek) {
-    return dayOfWeek >= 1 && dayOfWeek <= 7;
+    return IsDayOfWeek(dayOfWeek);
 }
 
 BOOL AfxIsWeekendDay(int dayOfWeek) {
@@ -112,7 +126,7 @@ BOOL AfxIsWeekday(int dayOfWeek) {
 }
 
 BOOL AfxIsLeapYear(int year) {
-    return year >= 1 && year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+    return year >= 1 && IsLeapYear(year);
 }
 
 BOOL AfxIsEmptyDateTime(COleDateTime date) {
@@ -120,10 +134,9 @@ BOOL AfxIsEmptyDateTime(COleDateTime date) {
 }
 
 int AfxGetLastDayInMonth(int month, int year) {
-    static constexpr signed char kLastDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     if (year < 1 || month < 1 || month > 12)
         return 1; // Deliberate: callers take it for a day of the month.
-    return kLastDays[month - 1] + (month == 2 && AfxIsLeapYear(year));
+    return LastDayOf(month, year);
 }
 
 int AfxGetDayOfTheYear(COleDateTime date) {
@@ -157,13 +170,11 @@ COleDateTime AfxGetLastDayInOffsetMonth(int month, int year, int offset) {
 }
 
 COleDateTime AfxGetPreviousDayOfWeek(COleDateTime date, int dayOfWeek, int count) {
-    return AfxIsValidDayOfWeek(dayOfWeek) ? Stepped(date, Only(dayOfWeek), count, -1)
-                                          : COleDateTime();
+    return IsDayOfWeek(dayOfWeek) ? Stepped(date, Only(dayOfWeek), count, -1) : COleDateTime();
 }
 
 COleDateTime AfxGetNextDayOfWeek(COleDateTime date, int dayOfWeek, int count) {
-    return AfxIsValidDayOfWeek(dayOfWeek) ? Stepped(date, Only(dayOfWeek), count, 1)
-                                          : COleDateTime();
+    return IsDayOfWeek(dayOfWeek) ? Stepped(date, Only(dayOfWeek), count, 1) : COleDateTime();
 }
 
 COleDateTime AfxGetPreviousWeekday(COleDateTime date, int count) {
@@ -187,8 +198,7 @@ COleDateTime AfxGetFirstDayOfWeekInMonth(int month, int year, int dayOfWeek) {
 }
 
 COleDateTime AfxGetLastDayOfWeekInMonth(int month, int year, int dayOfWeek) {
-    return AfxIsValidDayOfWeek(dayOfWeek) ? LastInMonth(month, year, Only(dayOfWeek))
-                                          : COleDateTime();
+    return IsDayOfWeek(dayOfWeek) ? LastInMonth(month, year, Only(dayOfWeek)) : COleDateTime();
 }
 
 COleDateTime AfxGetFirstDayOfWeekInOffsetMonth(int month, int year, int offset, int dayOfWeek) {
@@ -232,8 +242,8 @@ COleDateTime AfxGetLastWeekendDayInOffsetMonth(int month, int year, int offset) 
 }
 
 COleDateTime AfxGetOrdinalDayOfWeekInMonth(int month, int year, int dayOfWeek, int ordinal) {
-    return AfxIsValidDayOfWeek(dayOfWeek) ? OrdinalInMonth(month, year, Only(dayOfWeek), ordinal)
-                                          : COleDateTime();
+    return IsDayOfWeek(dayOfWeek) ? OrdinalInMonth(month, year, Only(dayOfWeek), ordinal)
+                                  : COleDateTime();
 }
 
 COleDateTime AfxGetOrdinalDayOfWeekInOffsetMonth(int month, int year, int offset, int dayOfWeek,
