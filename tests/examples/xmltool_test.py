@@ -1,0 +1,183 @@
+#!/usr/bin/env python3
+"""Runs xmltool with tables of command lines.
+
+    xmltool_test.py [LAUNCHER...] PROGRAM
+
+Each row runs in a folder of its own with the files of the table in it.
+"""
+
+import os
+import subprocess
+import sys
+import tempfile
+from collections import namedtuple
+
+# stdin: bytes; out: what standard output must be; error: what the one line on standard error must
+# hold; files: what must be in a file afterwards.
+Row = namedtuple("Row", "arguments stdin code out error files", defaults=(b"", 0, b"", None, {}))
+
+LISTING = """<?xml version="1.0" encoding="utf-8"?>
+<rss version="2.0">
+  <channel>
+    <title>News &amp; more</title>
+    <item id="a" x=""><title>Première</title></item>
+    <item id="b"><title>Second
+      one, %s</title></item>
+    <empty  a = 'b'/>
+  </channel>
+</rss>
+""" % ("x" * 70)
+UTF8 = '<?xml version="1.0" encoding="utf-8"?>'
+UTF16 = '<?xml version="1.0" encoding="utf-16"?>'
+
+PLAIN = b"<a>1</a>"
+LATIN = "<?xml version='1.0' encoding='iso-8859-1' standalone='yes'?><a>é</a>"
+NO_SUCH_ENCODING = "The character encoding used by the file is not supported."
+NO_LONGER = "would not be well-formed"
+
+
+def utf8(text):
+    return (UTF8 + text).encode()
+
+
+def utf16(text, big_endian=False):
+    mark, codec = (b"\xfe\xff", "utf-16-be") if big_endian else (b"\xff\xfe", "utf-16-le")
+    return mark + (UTF16 + text).encode(codec)
+
+
+FILES = {
+    "listing.xml": LISTING.encode(),
+    "plain.xml": PLAIN,
+    "latin.xml": LATIN.encode("latin1"),
+    "wide.xml": utf16("<a>é</a>"),
+    "bad.xml": "<?xml version='1.0'?>\n<a>\n\té\U0001f600<b></c>\n</a>".encode(),
+    "unknown.xml": b"<?xml version='1.0' encoding='nonsense'?><a/>",
+    "größe.xml": b"<a/>",
+}
+OUTLINE = """rss version="2.0"
+  channel
+    title: News & more
+    item id="a" x=""
+      title: Première
+    item id="b"
+      title: Second one, %s…
+    empty a = 'b'
+""" % ("x" * 47)
+
+ROWS = {
+    "reading": [
+        Row(["check", "listing.xml"]),
+        Row(["check", "latin.xml"]),
+        Row(["check"], LISTING.encode()),
+        Row(
+            ["check", "bad.xml"],
+            code=1,
+            out="bad.xml:3:9: mismatched tag\n   é\U0001f600<b></c>\n          ^\n".encode(),
+        ),
+        Row(["check", "-"], b"", 1, b"standard input:1:1: no element found\n  \n  ^\n"),
+        Row(["check", "unknown.xml"], code=2, error="unknown.xml: " + NO_SUCH_ENCODING),
+        Row(["check", "none.xml"], code=2, error="none.xml: The file could not be located."),
+        Row(["print", "listing.xml"], out=OUTLINE.encode()),
+        Row(["print", "plain.xml"], out=b"a: 1\n"),
+        Row(["print", "bad.xml"], code=1, error="bad.xml:3:9: mismatched tag"),
+        Row(["get", "/rss/channel/title", "listing.xml"], out=b"News & more\n"),
+        Row(["get", "/rss/channel/item[1]/title", "listing.xml"], out="Première\n".encode()),
+        Row(["get", "/rss/channel/item[2]", "@id", "listing.xml"], out=b"b\n"),
+        Row(["get", "/rss/channel/item", "@x"], LISTING.encode(), 0, b"\n"),
+        Row(["get", "/rss/channel/empty", "@a", "listing.xml"], out=b"b\n"),
+        Row(["get", "/rss/channel/item", "@none", "listing.xml"], code=1, error="not found: /rss/channel/item @none"),
+        Row(["get", "/rss/channel/item[3]", "listing.xml"], code=1, error="not found: /rss/channel/item[3]"),
+        Row(["get", "/RSS", "listing.xml"], code=1, error="not found: /RSS"),
+        Row(["get", "/a", "wide.xml"], out="é\n".encode()),
+    ],
+    "usage": [
+        Row([], code=2, error="COMMAND is missing (xmltool --help)"),
+        Row(["frobnicate"], code=2, error="unknown command: frobnicate"),
+        Row(["check", "a.xml", "b.xml"], code=2, error="too many arguments: b.xml"),
+        Row(["get"], code=2, error="PATH is missing"),
+        Row(["set", "/a", "b", "plain.xml"], code=2, error="an @ATTRIBUTE is missing"),
+        Row(["set", "/a", "@b"], code=2, error="VALUE is missing"),
+        Row(["set", "/a", "@b", "c", "-o"], code=2, error="nothing follows -o"),
+        Row(["convert", "plain.xml"], code=2, error="--encoding is utf-8, utf-16 or utf-16be"),
+    ]
+    + [
+        Row(["get", path, "plain.xml"], code=2, error="not a path as in /rss/channel/item[2]: " + path)
+        for path in "a,/,//a,/a/,/a[0],/a[],/a[x],/a[1,/a],/a[1]b,/a[99999999999],/a b".split(",")
+    ],
+    "editing": [
+        Row(["set", "/a", "@b", "1\"<é", "plain.xml"], files={"plain.xml": utf8('<a b="1&quot;&lt;é">1</a>')}),
+        Row(["set", "/a", "@b", "-5"], b"<a b='1'/>", 0, utf8("<a b='-5'/>")),
+        Row(["set", "/a/b", "@c", "d", "plain.xml"], code=1, error="not found: /a/b", files={"plain.xml": PLAIN}),
+        Row(["set", "/a", "@b", "1", "größe.xml"], files={"größe.xml": utf8('<a b="1"/>')}),
+        Row(
+            ["set", "/a", "@b", "1", "plain.xml", "-o", "out.xml"],
+            files={"plain.xml": PLAIN, "out.xml": utf8('<a b="1">1</a>')},
+        ),
+        Row(["set", "/a", "@b", "1", "-o", "-", "plain.xml"], out=utf8('<a b="1">1</a>'), files={"plain.xml": PLAIN}),
+        Row(["set", "/a", "@b c", "1", "plain.xml"], code=2, error=NO_LONGER, files={"plain.xml": PLAIN}),
+        Row(["set", "/a", "@b", "1", "latin.xml"], code=2, error="latin.xml: " + NO_SUCH_ENCODING),
+        Row(["add", "/a", "b"], b"<a/>", 0, utf8("<a>\r\n<b/>\r\n</a>")),
+        Row(["add", "/a", "b", "ü&"], b"<a/>", 0, utf8("<a>\r\n<b>ü&amp;</b>\r\n</a>")),
+        Row(["add", "/a", "b c"], b"<a/>", 2, b"", NO_LONGER),
+        Row(["add", "/a", "b", "<![CDATA[x"], b"<a/>", 2, b"", NO_LONGER),
+        Row(["set", "/a", "@b", "1", "none/plain.xml"], code=2, error="none/plain.xml: "),
+        Row(["set", "/a", "@b", "1", "plain.xml", "-o", "none/out.xml"], code=2, error="none/out.xml: "),
+        # The encoding and the declaration stay.
+        Row(["set", "/a", "@b", "1", "wide.xml"], files={"wide.xml": utf16('<a b="1">é</a>')}),
+        Row(["convert", "--encoding", "utf-16", "plain.xml"], files={"plain.xml": utf16("<a>1</a>")}),
+        Row(
+            ["convert", "--encoding", "utf-16be", "wide.xml"],
+            files={"wide.xml": utf16("<a>é</a>", big_endian=True)},
+        ),
+        Row(
+            ["convert", "--encoding", "utf-8", "latin.xml"],
+            files={"latin.xml": LATIN.replace("'iso-8859-1'", '"utf-8"').encode()},
+        ),
+        Row(
+            ["convert", "--encoding", "utf-8"],
+            b"<?xml version='1.0'?><a/>",
+            out=b"<?xml version='1.0' encoding=\"utf-8\"?><a/>",
+        ),
+    ],
+}
+
+
+def problems_of(program, row):
+    with tempfile.TemporaryDirectory() as folder:
+        for name, content in FILES.items():
+            with open(os.path.join(folder, name), "wb") as file:
+                file.write(content)
+        run = subprocess.run(program + row.arguments, cwd=folder, input=row.stdin, capture_output=True)
+        errors = run.stderr.decode(errors="replace").replace("\r\n", "\n")
+        if run.returncode != row.code:
+            yield f"exit code {run.returncode}, not {row.code}"
+        if run.stdout != row.out:
+            yield f"printed {run.stdout!r}, not {row.out!r}"
+        if row.error is None and errors:
+            yield f"error {errors!r}"
+        elif row.error and not (errors.startswith("xmltool: ") and row.error in errors and errors.count("\n") == 1):
+            yield f"error {errors!r} without {row.error!r}"
+        for name, content in row.files.items():
+            with open(os.path.join(folder, name), "rb") as file:
+                found = file.read()
+            if found != content:
+                yield f"{name} is {found!r}, not {content!r}"
+        unexpected = set(os.listdir(folder)) - set(FILES) - set(row.files)
+        if unexpected:
+            yield f"left behind: {unexpected}"
+
+
+def main(program):
+    failures = count = 0
+    for table, rows in ROWS.items():
+        for row in rows:
+            count += 1
+            for problem in problems_of(program, row):
+                failures += 1
+                print(f"{table}: {' '.join(row.arguments)}: {problem}")
+    print(f"{count} command lines, {failures} problems")
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
