@@ -1,6 +1,6 @@
 #!/bin/sh
-# demo.sh: runs the tour as a Linux and as a Windows program on the same files and compares what the
-# two print. Fails where they differ.
+# demo.sh: runs the tour and the XML tool as Linux and as Windows programs on the same files and
+# compares what the two print. Fails where they differ.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
@@ -11,7 +11,7 @@ demo=$root/build/demo
 mkdir -p "$root/build"
 for preset in linux-debug "$windows"; do
     say "demo: building $preset"
-    build_preset "$preset" tour quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
+    build_preset "$preset" tour xmltool quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
         tail -n 30 "$root/build/demo-$preset.log" >&2
         die "$preset does not build, see build/demo-$preset.log"
     }
@@ -33,15 +33,34 @@ for name in advapi32 comctl32 comdlg32 kernel32 ole32 shell32 user32 version ws2
 done
 cp "$root/build/$windows/bin"/Quorvel_*.dll "$demo/languages"
 
+cp "$root/examples/data/updates.xml" "$demo"
+
+# programs FOLDER SUFFIX [RUNNER]: runs them all; what they print are a few texts and a listing, which
+# is looked at, changed and taken through another encoding.
+programs() {
+    tour=$1/tour$2 xmltool=$1/xmltool$2
+    shift 2
+    "$@" "$tour" --lang-dir languages ./*.dll || return
+    printf '\n== An update listing\n'
+    "$@" "$xmltool" print updates.xml || return
+    "$@" "$xmltool" get '/rss/channel/item[3]/title' updates.xml || return
+    "$@" "$xmltool" set '/rss/channel/item[2]/enclosure' @length 4702720 -o set.xml updates.xml || return
+    "$@" "$xmltool" add '/rss/channel/item[3]' author 'Zoë & Jürgen' set.xml || return
+    "$@" "$xmltool" convert --encoding utf-16 set.xml || return
+    cksum <set.xml
+    "$@" "$xmltool" get '/rss/channel/item[3]/author' set.xml || return
+    "$@" "$xmltool" get '/rss/channel/item[2]/enclosure' @length set.xml || return
+    printf '<rss>\n  <channel></chanel>\n</rss>\n' | "$@" "$xmltool" check || [ $? = 1 ]
+}
+
 # The folder is the current one, and locale and time zone are fixed: the output has no reason to differ.
 cd "$demo"
-set -- --lang-dir languages ./*.dll
 export WINERUN_LOCALE=C.UTF-8 WINERUN_TZ=Europe/Berlin
-LC_ALL=$WINERUN_LOCALE TZ=$WINERUN_TZ "$root/build/linux-debug/bin/tour" "$@" >linux.txt ||
-    die "the Linux program failed ($?)"
+programs "$root/build/linux-debug/bin" "" env LC_ALL=$WINERUN_LOCALE TZ=$WINERUN_TZ >linux.txt ||
+    die "a Linux program failed ($?)"
 case $windows in win64) export WINERUN_ARCH=win64 ;; esac
-"$root/tools/winerun.sh" "$root/build/$windows/bin/tour.exe" "$@" >windows.raw ||
-    die "the Windows program failed ($?)"
+programs "$root/build/$windows/bin" .exe "$root/tools/winerun.sh" >windows.raw ||
+    die "a Windows program failed ($?)"
 tr -d '\r' <windows.raw >windows.txt # its standard output is in text mode
 
 cat linux.txt
