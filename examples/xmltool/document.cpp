@@ -41,6 +41,12 @@ Step ParseStep(const CString& text) {
     return text.Right(1) == _T("]") ? step : Step{CString(), 0};
 }
 
+// The loader overlooks an encoding that is set apart from its "=", and would read other characters.
+bool LoaderSeesEncoding(const CString& declaration) {
+    return declaration.Find(_T("encoding")) < 0 || declaration.Find(_T("encoding=\"")) >= 0 ||
+           declaration.Find(_T("encoding='")) >= 0;
+}
+
 // `declaration` with another encoding; where it has none to replace, or nothing to put it behind, a
 // new one.
 CString WithEncoding(CString declaration, const CString& encoding) {
@@ -158,6 +164,8 @@ void Document::Load(const Input& input) {
     CString error;
     if (!AfxLoadXMLFile(path, *this, error))
         FailToRead(input.Name(), error);
+    if (!LoaderSeesEncoding(GetXMLDeclaration()))
+        FailToRead(input.Name(), _T("write the encoding without blanks around its \"=\""));
     if (charSize == 2)
         SetEncoding(isBigEndian ? _T("utf-16be") : _T("utf-16"));
 }

@@ -88,6 +88,7 @@ ROWS = {
         Row(["get", "/rss/channel/item", "@none", "listing.xml"], code=1, error="not found: /rss/channel/item @none"),
         Row(["get", "/rss/channel/item[3]", "listing.xml"], code=1, error="not found: /rss/channel/item[3]"),
         Row(["get", "/RSS", "listing.xml"], code=1, error="not found: /RSS"),
+        Row(["get", "/a"], b"<?xml version='1.0' encoding = 'latin1'?><a>\xe9</a>", 2, b"", "without blanks"),
         Row(["get", "/a", "wide.xml"], out="é\n".encode()),
     ],
     "usage": [

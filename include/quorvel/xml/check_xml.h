@@ -33,8 +33,9 @@ QUORVEL_API BOOL AfxCheckXML(const CString& text, CXMLFault& fault);
 
 // The same for a file, in every encoding that AfxLoadXMLFile reads. Unlike there, a file without a
 // declaration or byte order mark is read as UTF-8, the encoding's name may stand apart from its
-// "=", bytes that mean nothing in the encoding are a fault where they stand, and a declaration that
-// contradicts the byte order mark or the width of the characters is a fault at its beginning.
+// "=", bytes that mean nothing in the encoding are a fault where they stand (but in UTF-7 and
+// ISO-2022, where the platform refuses none), and a declaration that contradicts the byte order
+// mark or the width of the characters is a fault at its beginning.
 //
 // A file that cannot be judged is a fault with line 0, whose message (a catalogue text) says why:
 // it cannot be read, is larger than 2147483646 bytes, is UTF-32, or names an encoding that is not
