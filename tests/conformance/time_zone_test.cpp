@@ -13,24 +13,19 @@
 namespace {
 
 SYSTEMTIME Parse(const char* text) {
-    unsigned year, month, day, hour, minute, second;
-    EXPECT_EQ(std::sscanf(text, "%u-%u-%u %u:%u:%u", &year, &month, &day, &hour, &minute, &second),
+    SYSTEMTIME time = {};
+    EXPECT_EQ(std::sscanf(text, "%hu-%hu-%hu %hu:%hu:%hu", &time.wYear, &time.wMonth, &time.wDay,
+                          &time.wHour, &time.wMinute, &time.wSecond),
               6);
-    return {static_cast<WORD>(year),
-            static_cast<WORD>(month),
-            0,
-            static_cast<WORD>(day),
-            static_cast<WORD>(hour),
-            static_cast<WORD>(minute),
-            static_cast<WORD>(second),
-            250};
+    time.wMilliseconds = 250;
+    return time;
 }
 
 std::string Print(const SYSTEMTIME& time) {
+    EXPECT_EQ(time.wMilliseconds, 250);
     char text[64];
     std::snprintf(text, sizeof text, "%u-%02u-%02u %02u:%02u:%02u", time.wYear, time.wMonth,
                   time.wDay, time.wHour, time.wMinute, time.wSecond);
-    EXPECT_EQ(time.wMilliseconds, 250);
     return text;
 }
 
@@ -56,15 +51,13 @@ struct Row {
     const char* to;
 };
 
-template <int count>
-void ExpectLocal(const TIME_ZONE_INFORMATION* zone, const Row (&rows)[count]) {
+const Conversion kToLocal = SystemTimeToTzSpecificLocalTime;
+const Conversion kToUtc = TzSpecificLocalTimeToSystemTime;
+
+void Expect(Conversion conversion, const TIME_ZONE_INFORMATION* zone,
+            std::initializer_list<Row> rows) {
     for (const Row& row : rows)
-        EXPECT_EQ(Converted(SystemTimeToTzSpecificLocalTime, zone, row.from), row.to) << row.from;
-}
-template <int count>
-void ExpectUtc(const TIME_ZONE_INFORMATION* zone, const Row (&rows)[count]) {
-    for (const Row& row : rows)
-        EXPECT_EQ(Converted(TzSpecificLocalTimeToSystemTime, zone, row.from), row.to) << row.from;
+        EXPECT_EQ(Converted(conversion, zone, row.from), row.to) << row.from;
 }
 
 TIME_ZONE_INFORMATION Sydney() {
@@ -80,47 +73,48 @@ TIME_ZONE_INFORMATION Sydney() {
 
 // The clocks go forward at 1:00 UTC on the last Sunday of March and back on that of October.
 TEST(TimeZone, TheSystemsRulesOfThisYearHoldInEveryYear) {
-    ExpectLocal(nullptr, {
-                             {"2007-03-25 00:59:59", "2007-03-25 01:59:59"},
-                             {"2007-03-25 01:00:00", "2007-03-25 03:00:00"},
-                             {"2007-10-28 00:59:59", "2007-10-28 02:59:59"},
-                             {"2007-10-28 01:00:00", "2007-10-28 02:00:00"},
-                             {"2007-12-31 22:30:00", "2007-12-31 23:30:00"},
-                             {"1950-07-01 12:00:00", "1950-07-01 14:00:00"}, // without in fact
-                             {"1601-01-01 00:00:00", "1601-01-01 01:00:00"},
-                             {"9999-12-31 23:30:00", "10000-01-01 00:30:00"},
-                         });
-    ExpectUtc(nullptr, {
-                           {"2007-03-25 01:59:59", "2007-03-25 00:59:59"},
-                           {"2007-03-25 02:00:00", "2007-03-25 00:00:00"}, // does not exist
-                           {"2007-03-25 02:59:59", "2007-03-25 00:59:59"}, // nor does this
-                           {"2007-03-25 03:00:00", "2007-03-25 01:00:00"},
-                           {"2007-10-28 01:59:59", "2007-10-27 23:59:59"},
-                           {"2007-10-28 02:00:00", "2007-10-28 00:00:00"}, // occurs twice
-                           {"2007-10-28 02:59:59", "2007-10-28 00:59:59"}, // so does this
-                           {"2007-10-28 03:00:00", "2007-10-28 02:00:00"},
-                           {"1601-01-01 01:00:00", "1601-01-01 00:00:00"},
-                       });
+    Expect(kToLocal, nullptr,
+           {
+               {"2007-03-25 00:59:59", "2007-03-25 01:59:59"},
+               {"2007-03-25 01:00:00", "2007-03-25 03:00:00"},
+               {"2007-10-28 00:59:59", "2007-10-28 02:59:59"},
+               {"2007-10-28 01:00:00", "2007-10-28 02:00:00"},
+               {"1950-07-01 12:00:00", "1950-07-01 14:00:00"}, // without in fact
+               {"1601-01-01 00:00:00", "1601-01-01 01:00:00"},
+               {"9999-12-31 23:30:00", "10000-01-01 00:30:00"},
+           });
+    Expect(kToUtc, nullptr,
+           {
+               {"2007-03-25 01:59:59", "2007-03-25 00:59:59"},
+               {"2007-03-25 02:00:00", "2007-03-25 00:00:00"}, // does not exist
+               {"2007-03-25 03:00:00", "2007-03-25 01:00:00"},
+               {"2007-10-28 01:59:59", "2007-10-27 23:59:59"},
+               {"2007-10-28 02:00:00", "2007-10-28 00:00:00"}, // occurs twice
+               {"2007-10-28 02:59:59", "2007-10-28 00:59:59"}, // so does this
+               {"2007-10-28 03:00:00", "2007-10-28 02:00:00"},
+               {"1601-01-01 01:00:00", "1601-01-01 00:00:00"},
+           });
 }
 
 TEST(TimeZone, TheSouthernSummerGoesOverTheTurnOfTheYear) {
     const TIME_ZONE_INFORMATION sydney = Sydney();
-    ExpectLocal(&sydney, {
-                             {"2007-12-31 12:30:00", "2007-12-31 23:30:00"},
-                             {"2007-12-31 13:30:00", "2008-01-01 00:30:00"},
-                             {"2008-04-05 15:59:59", "2008-04-06 02:59:59"},
-                             {"2008-04-05 16:00:00", "2008-04-06 02:00:00"},
-                             {"2008-10-04 15:59:59", "2008-10-05 01:59:59"},
-                             {"2008-10-04 16:00:00", "2008-10-05 03:00:00"},
-                         });
-    ExpectUtc(&sydney, {
-                           {"2008-01-01 00:30:00", "2007-12-31 13:30:00"},
-                           {"2008-04-06 02:30:00", "2008-04-05 15:30:00"}, // occurs twice
-                           {"2008-04-06 03:00:00", "2008-04-05 17:00:00"},
-                           {"2008-10-05 01:59:59", "2008-10-04 15:59:59"},
-                           {"2008-10-05 02:30:00", "2008-10-04 15:30:00"}, // does not exist
-                           {"2008-10-05 03:00:00", "2008-10-04 16:00:00"},
-                       });
+    Expect(kToLocal, &sydney,
+           {
+               {"2007-12-31 13:30:00", "2008-01-01 00:30:00"},
+               {"2008-04-05 15:59:59", "2008-04-06 02:59:59"},
+               {"2008-04-05 16:00:00", "2008-04-06 02:00:00"},
+               {"2008-10-04 15:59:59", "2008-10-05 01:59:59"},
+               {"2008-10-04 16:00:00", "2008-10-05 03:00:00"},
+           });
+    Expect(kToUtc, &sydney,
+           {
+               {"2008-01-01 00:30:00", "2007-12-31 13:30:00"},
+               {"2008-04-06 02:30:00", "2008-04-05 15:30:00"}, // occurs twice
+               {"2008-04-06 03:00:00", "2008-04-05 17:00:00"},
+               {"2008-10-05 01:59:59", "2008-10-04 15:59:59"},
+               {"2008-10-05 02:30:00", "2008-10-04 15:30:00"}, // does not exist
+               {"2008-10-05 03:00:00", "2008-10-04 16:00:00"},
+           });
 }
 
 TEST(TimeZone, AZoneWithoutRulesHasItsBiasOnly) {
@@ -128,26 +122,25 @@ TEST(TimeZone, AZoneWithoutRulesHasItsBiasOnly) {
     west.Bias = 300;
     west.StandardBias = 30; // counts with rules only
     west.DaylightBias = -60;
-    ExpectLocal(&west, {
-                           {"2007-07-01 12:00:00", "2007-07-01 07:00:00"},
-                           {"1601-01-01 05:00:00", "1601-01-01 00:00:00"},
-                           {"1601-01-01 04:59:59", "refused"},
-                       });
-    ExpectUtc(&west, {{"2007-12-31 20:00:00", "2008-01-01 01:00:00"}});
+    Expect(kToLocal, &west,
+           {
+               {"2007-07-01 12:00:00", "2007-07-01 07:00:00"},
+               {"1601-01-01 05:00:00", "1601-01-01 00:00:00"},
+               {"1601-01-01 04:59:59", "refused"},
+           });
+    Expect(kToUtc, &west, {{"2007-12-31 20:00:00", "2008-01-01 01:00:00"}});
 }
 
 TEST(TimeZone, TimesThatCannotBeAreRefused) {
-    constexpr Row rows[] = {
-        {"1600-12-31 23:59:59", "refused"}, {"2007-13-01 00:00:00", "refused"},
-        {"2007-00-01 00:00:00", "refused"}, {"2007-01-01 24:00:00", "refused"},
-        {"2007-01-01 00:60:00", "refused"}, {"2007-01-01 00:00:60", "refused"},
-        {"2007-01-00 00:00:00", "refused"}, {"2007-01-32 00:00:00", "refused"},
-    };
-    ExpectLocal(nullptr, rows);
-    ExpectUtc(nullptr, rows);
-    ExpectUtc(nullptr, {{"1601-01-01 00:59:59", "refused"}});
+    for (const Conversion conversion : {kToLocal, kToUtc})
+        for (const char* time :
+             {"1600-12-31 23:59:59", "2007-13-01 00:00:00", "2007-00-01 00:00:00",
+              "2007-01-01 24:00:00", "2007-01-01 00:60:00", "2007-01-01 00:00:60",
+              "2007-01-00 00:00:00", "2007-01-32 00:00:00"})
+            EXPECT_EQ(Converted(conversion, nullptr, time), "refused") << time;
+    Expect(kToUtc, nullptr, {{"1601-01-01 00:59:59", "refused"}});
     if (kOnLinux) // Wine takes it as 1 March
-        ExpectUtc(nullptr, {{"2007-02-29 00:00:00", "refused"}});
+        Expect(kToUtc, nullptr, {{"2007-02-29 00:00:00", "refused"}});
 }
 
 TEST(TimeZone, IncompleteRulesAreRefused) {
@@ -155,7 +148,7 @@ TEST(TimeZone, IncompleteRulesAreRefused) {
          {SYSTEMTIME{}, SYSTEMTIME{0, 4, 0, 0, 3, 0, 0, 0}, SYSTEMTIME{0, 4, 0, 6, 3, 0, 0, 0}}) {
         TIME_ZONE_INFORMATION zone = Sydney();
         zone.StandardDate = rule;
-        ExpectLocal(&zone, {{"2007-07-01 12:00:00", "refused"}});
-        ExpectUtc(&zone, {{"2007-07-01 12:00:00", "refused"}});
+        Expect(kToLocal, &zone, {{"2007-07-01 12:00:00", "refused"}});
+        Expect(kToUtc, &zone, {{"2007-07-01 12:00:00", "refused"}});
     }
 }

@@ -1,18 +1,16 @@
 // Windows, their classes and the creation hook: what both systems promise.
 #include "platform/win32.h"
 
+#include "support/last_error.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <thread>
-#include <vector>
 
 namespace {
 
-constexpr DWORD kUnset = 0xdead;
 const HWND kNoWindow = reinterpret_cast<HWND>(UINT_PTR{0x7ffe});
 
 // What the procedure saw of the four messages of a life, as "id:name ".
@@ -72,59 +70,38 @@ protected:
     }
 };
 
-struct Call {
-    const char* label;
-    std::function<LONG_PTR()> call;
-    LONG_PTR expected;
-    DWORD error; // kUnset: untouched
-};
-
-void Check(const std::vector<Call>& calls) {
-    for (const Call& row : calls) {
-        SCOPED_TRACE(row.label);
-        SetLastError(kUnset);
-        EXPECT_EQ(row.call(), row.expected);
-        EXPECT_EQ(GetLastError(), row.error);
-    }
-}
+// What a call gives, and the error it leaves: kUnset where it succeeds.
+#define GIVES(expected, error, call)                                                               \
+    do {                                                                                           \
+        SetLastError(kUnset);                                                                      \
+        EXPECT_EQ((LONG_PTR)(call), expected) << #call;                                            \
+        EXPECT_EQ(GetLastError(), DWORD{error}) << #call;                                          \
+    } while (false)
 
 TEST_F(Windows, AreRefusedWithTheErrorOfTheMistake) {
     const auto create = [](const WCHAR* name, DWORD style, HWND parent) {
-        return reinterpret_cast<LONG_PTR>(CreateWindowExW(0, name, nullptr, style, 0, 0, 0, 0,
-                                                          parent, nullptr, nullptr, nullptr));
+        return CreateWindowExW(0, name, nullptr, style, 0, 0, 0, 0, parent, nullptr, nullptr,
+                               nullptr);
     };
     WNDCLASSEXW wrongSize = {};
     wrongSize.cbSize = 3;
     wrongSize.lpfnWndProc = RecordLife;
     wrongSize.lpszClassName = _T("Wrong size");
+    GIVES(0, ERROR_INVALID_PARAMETER, RegisterClassExW(&wrongSize));
+    GIVES(0, ERROR_CLASS_ALREADY_EXISTS, Register(_T("CONFORMANCE")));
+    GIVES(0, ERROR_TLW_WITH_WSCHILD, create(_T("Conformance"), WS_CHILD, nullptr));
+    GIVES(0, ERROR_INVALID_WINDOW_HANDLE, create(_T("Conformance"), WS_POPUP, kNoWindow));
     WCHAR text[8];
-    Check({
-        {"a class twice", [] { return LONG_PTR{Register(_T("CONFORMANCE"))}; }, 0,
-         ERROR_CLASS_ALREADY_EXISTS},
-        {"a record of another size", [&] { return LONG_PTR{RegisterClassExW(&wrongSize)}; }, 0,
-         ERROR_INVALID_PARAMETER},
-        {"a child without a parent", [&] { return create(_T("Conformance"), WS_CHILD, nullptr); },
-         0, ERROR_TLW_WITH_WSCHILD},
-        {"no such owner", [&] { return create(_T("Conformance"), WS_POPUP, kNoWindow); }, 0,
-         ERROR_INVALID_WINDOW_HANDLE},
-        {"message to none", [] { return SendMessageW(nullptr, WM_APP, 1, 2); }, 0,
-         ERROR_INVALID_WINDOW_HANDLE},
-        {"message to an unknown one", [] { return SendMessageW(kNoWindow, WM_APP, 1, 2); }, 0,
-         ERROR_INVALID_WINDOW_HANDLE},
-        {"class name of none", [&] { return LONG_PTR{GetClassNameW(nullptr, text, 8)}; }, 0,
-         ERROR_INVALID_WINDOW_HANDLE},
-        {"word of none", [] { return LONG_PTR{GetWindowLongPtrW(nullptr, GWLP_USERDATA)}; }, 0,
-         ERROR_INVALID_WINDOW_HANDLE},
-        {"control id of none", [] { return LONG_PTR{GetDlgCtrlID(nullptr)}; }, 0,
-         ERROR_INVALID_WINDOW_HANDLE},
-        {"parent of none", [] { return reinterpret_cast<LONG_PTR>(GetParent(nullptr)); }, 0,
-         ERROR_INVALID_WINDOW_HANDLE},
-        {"text for none", [] { return LONG_PTR{SetWindowTextW(nullptr, _T("x"))}; }, 0,
-         ERROR_INVALID_WINDOW_HANDLE},
-    });
+    GIVES(0, ERROR_INVALID_WINDOW_HANDLE, SendMessageW(kNoWindow, WM_APP, 1, 2));
+    GIVES(0, ERROR_INVALID_WINDOW_HANDLE, SendMessageW(nullptr, WM_APP, 1, 2));
+    GIVES(0, ERROR_INVALID_WINDOW_HANDLE, GetClassNameW(nullptr, text, 8));
+    GIVES(0, ERROR_INVALID_WINDOW_HANDLE, GetWindowLongPtrW(nullptr, GWLP_USERDATA));
+    GIVES(0, ERROR_INVALID_WINDOW_HANDLE, GetDlgCtrlID(nullptr));
+    GIVES(0, ERROR_INVALID_WINDOW_HANDLE, GetParent(nullptr));
+    GIVES(0, ERROR_INVALID_WINDOW_HANDLE, SetWindowTextW(nullptr, _T("x")));
     // Wine says 1411 here.
     SetLastError(kUnset);
-    EXPECT_EQ(create(_T("No such class"), WS_POPUP, nullptr), 0);
+    EXPECT_EQ(create(_T("No such class"), WS_POPUP, nullptr), nullptr);
     EXPECT_TRUE(GetLastError() == ERROR_CANNOT_FIND_WND_CLASS ||
                 GetLastError() == ERROR_CLASS_DOES_NOT_EXIST);
 }
@@ -134,42 +111,30 @@ TEST_F(Windows, AnswerAboutThemselves) {
     const HWND child = Create(WS_CHILD, window, 7);
     const HWND owned = Create(WS_POPUP, window);
     WCHAR text[16];
-    const auto read = [&text](int length, const WCHAR* expected) {
-        return LONG_PTR{length == CString(expected).GetLength() && CString(text) == expected};
+    const auto is = [&text](int length, const CString& expected) {
+        return length == expected.GetLength() && CString(text) == expected;
     };
-    Check({
-        {"exists", [&] { return LONG_PTR{IsWindow(child)}; }, TRUE, kUnset},
-        {"class name", [&] { return read(GetClassNameW(window, text, 16), _T("Conformance")); },
-         TRUE, kUnset},
-        {"class name cut", [&] { return read(GetClassNameW(window, text, 5), _T("Conf")); }, TRUE,
-         kUnset},
-        {"no room for it", [&] { return LONG_PTR{GetClassNameW(window, text, 0)}; }, 0,
-         ERROR_INSUFFICIENT_BUFFER},
-        {"text", [&] { return read(GetWindowTextW(window, text, 16), _T("caption")); }, TRUE,
-         kUnset},
-        {"text cut", [&] { return read(GetWindowTextW(window, text, 4), _T("cap")); }, TRUE,
-         kUnset},
-        {"set", [&] { return LONG_PTR{SetWindowTextW(window, _T("other text"))}; }, TRUE, kUnset},
-        {"its length", [&] { return LONG_PTR{GetWindowTextLengthW(window)}; }, 10, kUnset},
-        {"set to null", [&] { return LONG_PTR{SetWindowTextW(window, nullptr)}; }, TRUE, kUnset},
-        {"then empty", [&] { return LONG_PTR{GetWindowTextLengthW(window)}; }, 0, kUnset},
-        {"child's id", [&] { return LONG_PTR{GetDlgCtrlID(child)}; }, 7, kUnset},
-        {"child's parent", [&] { return LONG_PTR{GetParent(child) == window}; }, TRUE, kUnset},
-        {"owner", [&] { return LONG_PTR{GetParent(owned) == window}; }, TRUE, kUnset},
-        {"no parent", [&] { return reinterpret_cast<LONG_PTR>(GetParent(window)); }, 0, kUnset},
-        {"a message", [&] { return SendMessageW(window, WM_APP, 4, 2); }, 42, kUnset},
-        {"user data", [&] { return LONG_PTR{SetWindowLongPtrW(window, GWLP_USERDATA, 9)}; }, 0,
-         kUnset},
-        {"and back", [&] { return LONG_PTR{SetWindowLongPtrW(window, GWLP_USERDATA, 0)}; }, 9,
-         kUnset},
-        {"style", [&] { return (GetWindowLongPtrW(child, GWL_STYLE) >> 28) & 15; }, 4, kUnset},
-        {"no such word", [&] { return LONG_PTR{GetWindowLongPtrW(window, 4)}; }, 0,
-         ERROR_INVALID_INDEX},
-        {"no such word to write", [&] { return LONG_PTR{SetWindowLongPtrW(window, -99, 1)}; }, 0,
-         ERROR_INVALID_INDEX},
-        {"class in use", [] { return LONG_PTR{UnregisterClassW(_T("Conformance"), nullptr)}; },
-         FALSE, ERROR_CLASS_HAS_WINDOWS},
-    });
+    GIVES(TRUE, kUnset, IsWindow(child));
+    GIVES(true, kUnset, is(GetClassNameW(window, text, 16), _T("Conformance")));
+    GIVES(true, kUnset, is(GetClassNameW(window, text, 5), _T("Conf")));
+    GIVES(0, ERROR_INSUFFICIENT_BUFFER, GetClassNameW(window, text, 0));
+    GIVES(true, kUnset, is(GetWindowTextW(window, text, 16), _T("caption")));
+    GIVES(true, kUnset, is(GetWindowTextW(window, text, 4), _T("cap")));
+    GIVES(TRUE, kUnset, SetWindowTextW(window, _T("other text")));
+    GIVES(10, kUnset, GetWindowTextLengthW(window));
+    GIVES(TRUE, kUnset, SetWindowTextW(window, nullptr));
+    GIVES(0, kUnset, GetWindowTextLengthW(window));
+    GIVES(7, kUnset, GetDlgCtrlID(child));
+    GIVES((LONG_PTR)window, kUnset, GetParent(child));
+    GIVES((LONG_PTR)window, kUnset, GetParent(owned));
+    GIVES(0, kUnset, GetParent(window));
+    GIVES(42, kUnset, SendMessageW(window, WM_APP, 4, 2));
+    GIVES(0, kUnset, SetWindowLongPtrW(window, GWLP_USERDATA, 9));
+    GIVES(9, kUnset, SetWindowLongPtrW(window, GWLP_USERDATA, 0));
+    GIVES(4, kUnset, (GetWindowLongPtrW(child, GWL_STYLE) >> 28) & 15);
+    GIVES(0, ERROR_INVALID_INDEX, GetWindowLongPtrW(window, 4));
+    GIVES(0, ERROR_INVALID_INDEX, SetWindowLongPtrW(window, -99, 1));
+    GIVES(FALSE, ERROR_CLASS_HAS_WINDOWS, UnregisterClassW(_T("Conformance"), nullptr));
     EXPECT_TRUE(DestroyWindow(window));
     for (const HWND gone : {window, child, owned})
         EXPECT_FALSE(IsWindow(gone));
@@ -199,9 +164,7 @@ TEST_F(Windows, LiveThroughTheirMessagesInOrder) {
 TEST_F(Windows, AreDestroyedByTheirOwnThreadAlone) {
     const HWND window = Create();
     std::thread([window] {
-        SetLastError(kUnset);
-        EXPECT_FALSE(DestroyWindow(window));
-        EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+        EXPECT_EQ(ErrorOf([=] { return DestroyWindow(window); }), ERROR_ACCESS_DENIED);
         EXPECT_TRUE(IsWindow(window));
     }).join();
     EXPECT_TRUE(DestroyWindow(window));
