@@ -1,6 +1,7 @@
 // Files and handles: what holds natively beyond the table shared with Windows.
 #include "platform/win32.h"
 
+#include "support/last_error.h"
 #include "support/temporary_folder.h"
 #include "support/text.h"
 
@@ -50,38 +51,24 @@ TEST(LinuxFile, RefusesWhatWindowsRefuses) {
     halfSurrogate.AppendChar(0xd83d);
     const CString overlong = folder.Path(CString('a', 5000));
     const HANDLE reader = Open(folder.Path(_T("file")), GENERIC_READ, OPEN_EXISTING);
-    struct Row {
-        const char* label;
-        DWORD actual;
-        DWORD expected;
+    const auto open = [](const CString& name, DWORD rights, DWORD disposition) {
+        return ErrorOf([&] { return Open(name, rights, disposition) != INVALID_HANDLE_VALUE; });
     };
-    const auto error = [](BOOL result) { return result ? 0 : GetLastError(); };
-    const auto openError = [](HANDLE file) {
-        return file != INVALID_HANDLE_VALUE ? 0 : GetLastError();
+    const auto replace = [&] {
+        return MoveFileExW(folder.Path(_T("file")), folder.Path(_T("readonly")),
+                           MOVEFILE_REPLACE_EXISTING);
     };
-    const Row rows[] = {
-        {"half a surrogate pair", openError(Open(halfSurrogate, GENERIC_WRITE, CREATE_NEW)), 123},
-        {"a name no file can have", openError(Open(overlong, GENERIC_WRITE, CREATE_NEW)), 206},
-        {"a drive", openError(Open(_T("C:file"), GENERIC_WRITE, CREATE_NEW)), 3},
-        {"cut without the right to write",
-         openError(Open(folder.Path(_T("file")), GENERIC_READ, TRUNCATE_EXISTING)), 87},
-        {"write a read-only file",
-         openError(Open(folder.Path(_T("readonly")), GENERIC_WRITE, OPEN_EXISTING)), 5},
-        {"make a read-only file anew",
-         openError(Open(folder.Path(_T("readonly")), GENERIC_READ, CREATE_ALWAYS)), 5},
-        {"cut a reader's file", error(SetEndOfFile(reader)), 5},
-        {"move a file held open",
-         error(MoveFileExW(folder.Path(_T("file")), folder.Path(_T("readonly")),
-                           MOVEFILE_REPLACE_EXISTING)),
-         32},
-        {"an empty name in full", error(GetFullPathNameW(_T(""), 0, nullptr, nullptr) != 0), 123},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(row.expected, row.actual) << row.label;
+    EXPECT_EQ(123u, open(halfSurrogate, GENERIC_WRITE, CREATE_NEW));
+    EXPECT_EQ(206u, open(overlong, GENERIC_WRITE, CREATE_NEW));
+    EXPECT_EQ(3u, open(_T("C:file"), GENERIC_WRITE, CREATE_NEW));
+    EXPECT_EQ(87u, open(folder.Path(_T("file")), GENERIC_READ, TRUNCATE_EXISTING));
+    EXPECT_EQ(5u, open(folder.Path(_T("readonly")), GENERIC_WRITE, OPEN_EXISTING));
+    EXPECT_EQ(5u, open(folder.Path(_T("readonly")), GENERIC_READ, CREATE_ALWAYS));
+    EXPECT_EQ(5u, ErrorOf([=] { return SetEndOfFile(reader); }));
+    EXPECT_EQ(32u, ErrorOf(replace)) << "held open";
+    EXPECT_EQ(123u, ErrorOf([] { return GetFullPathNameW(_T(""), 0, nullptr, nullptr); }));
     EXPECT_TRUE(CloseHandle(reader));
-    EXPECT_FALSE(MoveFileExW(folder.Path(_T("file")), folder.Path(_T("readonly")),
-                             MOVEFILE_REPLACE_EXISTING));
-    EXPECT_EQ(5u, GetLastError());
+    EXPECT_EQ(5u, ErrorOf(replace)) << "over a read-only file";
     EXPECT_EQ("0123456789", folder.Read(_T("file")));
     EXPECT_EQ("fixed", folder.Read(_T("readonly")));
 }
@@ -98,9 +85,7 @@ TEST(LinuxFile, MovesToAnotherFileSystemOnlyWhenCopyingIsAllowed) {
     folder.Write(_T("file"), contents);
     const CString target((memory / CStringA(folder.Path()).GetString()).filename().c_str());
     const CString other = CString(_T("/dev/shm/")) + target;
-    SetLastError(0);
-    EXPECT_FALSE(MoveFileExW(folder.Path(_T("file")), other, 0));
-    EXPECT_EQ(17u, GetLastError());
+    EXPECT_EQ(17u, ErrorOf([&] { return MoveFileExW(folder.Path(_T("file")), other, 0); }));
     EXPECT_TRUE(MoveFileW(folder.Path(_T("file")), other));
     EXPECT_FALSE(folder.Has(_T("file")));
     EXPECT_FALSE(MoveFileW(folder.Path(_T("none")), other));
