@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 using namespace quorvel::win32;
@@ -129,12 +131,7 @@ TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
     damaged[signature] = 0;
     folder.Write(_T("damaged.dll"), damaged);
     folder.Write(_T("text.txt"), "not a module");
-    const struct {
-        const char* label;
-        CString path;
-        DWORD error;
-        bool kept;
-    } rows[] = {
+    const std::tuple<const char*, CString, DWORD, bool> rows[] = {
         {"missing", folder.Path(_T("missing.dll")), ERROR_FILE_NOT_FOUND, true},
         {"not a module", folder.Path(_T("text.txt")), ERROR_RESOURCE_DATA_NOT_FOUND, true},
         {"no resources", Sample(_T("no_resources.dll")), ERROR_RESOURCE_DATA_NOT_FOUND, true},
@@ -142,16 +139,16 @@ TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
         {"no translation", Sample(_T("no_translation.dll")), ERROR_RESOURCE_TYPE_NOT_FOUND, false},
         {"damaged", folder.Path(_T("damaged.dll")), 0, false},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+    for (const auto& [label, path, error, kept] : rows) {
+        SCOPED_TRACE(label);
         CModuleVersion module;
         ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));
-        EXPECT_FALSE(module.Load(row.path));
-        EXPECT_EQ(module.GetLastError(), row.error);
-        EXPECT_EQ(module.IsLoaded() != FALSE, row.kept);
-        EXPECT_EQ(module.GetFileName(), row.kept ? Sample(_T("full.dll")) : CString());
+        EXPECT_FALSE(module.Load(path));
+        EXPECT_EQ(module.GetLastError(), error);
+        EXPECT_EQ(module.IsLoaded() != FALSE, kept);
+        EXPECT_EQ(module.GetFileName(), kept ? Sample(_T("full.dll")) : CString());
         CVersionNumber number;
-        EXPECT_EQ(module.GetFileVersion(number) != FALSE, row.kept);
+        EXPECT_EQ(module.GetFileVersion(number) != FALSE, kept);
     }
     CModuleVersion module;
     ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));

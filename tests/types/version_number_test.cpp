@@ -4,74 +4,57 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
-struct ParseCase {
-    const WCHAR* text;
-    BOOL result;
-    DWORD parts[4];
-};
-
-constexpr ParseCase kParseCases[] = {
-    {nullptr, FALSE, {}},
-    {_T(""), TRUE, {}},
-    {_T(" ,.. "), TRUE, {}},
-    {_T("1.2.3.4"), TRUE, {1, 2, 3, 4}},
-    {_T("1,2,3,4"), TRUE, {1, 2, 3, 4}},
-    {_T("1 2 3 4"), TRUE, {1, 2, 3, 4}},
-    {_T("..1. 2, 3 ,4."), TRUE, {1, 2, 3, 4}},
-    {_T("2.5"), TRUE, {2, 5, 0, 0}},
-    {_T("+3.1"), TRUE, {3, 1, 0, 0}},
-    {_T("007.010"), TRUE, {7, 10, 0, 0}},
-    {_T("1.-0"), TRUE, {1, 0, 0, 0}},
-    {_T("1.2.3.4.5"), TRUE, {1, 2, 3, 4}},
-    {_T("2147483647.2147483648.4294967296.99999999999999999999999"),
-     TRUE,
-     {2147483647, 2147483647, 2147483647, 2147483647}},
-    {_T("1.2.x"), FALSE, {}},
-    {_T("1.-2"), FALSE, {}},
-    {_T("1.2.3.4.x"), FALSE, {}},
-    {_T("1.2.3.4.-1"), FALSE, {}},
-    {_T("1.+"), FALSE, {}},
-    {_T("1.-"), FALSE, {}},
-    {_T("+-1"), FALSE, {}},
-    {_T("1+"), FALSE, {}},
-    {_T("0x10"), FALSE, {}},
-    {_T("1;2"), FALSE, {}},
-    {_T("\t1"), FALSE, {}},
-    {_T("1.2\n"), FALSE, {}},
-    {_T("-99999999999"), FALSE, {}},
-    {_T("\x0661"), FALSE, {}}, // a digit of another script
-};
-
 TEST(VersionNumber, TextIsReadPartByPart) {
-    for (const ParseCase& row : kParseCases) {
-        SCOPED_TRACE(testing::PrintToString(CString(row.text)));
+    const DWORD max = 2147483647;
+    const std::tuple<const WCHAR*, CVersionNumber> readable[] = {
+        {_T(""), {}},
+        {_T(" ,.. "), {}},
+        {_T("1.2.3.4"), {1, 2, 3, 4}},
+        {_T("1,2,3,4"), {1, 2, 3, 4}},
+        {_T("1 2 3 4"), {1, 2, 3, 4}},
+        {_T("..1. 2, 3 ,4."), {1, 2, 3, 4}},
+        {_T("2.5"), {2, 5, 0, 0}},
+        {_T("+3.1"), {3, 1, 0, 0}},
+        {_T("007.010"), {7, 10, 0, 0}},
+        {_T("1.-0"), {1, 0, 0, 0}},
+        {_T("1.2.3.4.5"), {1, 2, 3, 4}},
+        {_T("2147483647.2147483648.4294967296.99999999999999999999999"), {max, max, max, max}},
+    };
+    for (const auto& [text, number] : readable) {
+        SCOPED_TRACE(testing::PrintToString(CString(text)));
         DWORD parts[4] = {77, 77, 77, 77};
-        EXPECT_EQ(CVersionNumber::ParseVersionNumberString(row.text, parts[0], parts[1], parts[2],
-                                                           parts[3]),
-                  row.result);
-        const CVersionNumber constructed(row.text);
-        CVersionNumber set;
-        set.SetNumber(parts[0], parts[1], parts[2], parts[3]);
-        EXPECT_TRUE(constructed == set);
-        for (int i = 0; i < 4; ++i)
-            EXPECT_EQ(parts[i], row.parts[i]) << "part " << i;
+        EXPECT_TRUE(
+            CVersionNumber::ParseVersionNumberString(text, parts[0], parts[1], parts[2], parts[3]));
+        EXPECT_TRUE(CVersionNumber(parts[0], parts[1], parts[2], parts[3]) == number);
+        EXPECT_TRUE(CVersionNumber(text) == number);
+    }
+    const WCHAR* const refused[] = {
+        nullptr,   _T("1.2.x"), _T("1.-2"),  _T("1.2.3.4.x"),    _T("1.2.3.4.-1"),
+        _T("1.+"), _T("1.-"),   _T("+-1"),   _T("1+"),           _T("0x10"),
+        _T("1;2"), _T("\t1"),   _T("1.2\n"), _T("-99999999999"), _T("\x0661")};
+    for (const WCHAR* text : refused) {
+        SCOPED_TRACE(testing::PrintToString(CString(text)));
+        DWORD parts[4] = {77, 77, 77, 77};
+        EXPECT_FALSE(
+            CVersionNumber::ParseVersionNumberString(text, parts[0], parts[1], parts[2], parts[3]));
+        EXPECT_FALSE(parts[0] || parts[1] || parts[2] || parts[3]);
+        EXPECT_TRUE(CVersionNumber(text) == CVersionNumber());
     }
 }
 
 TEST(VersionNumber, TextHasFourSignedParts) {
-    const struct {
-        CVersionNumber number;
-        const WCHAR* text;
-    } rows[] = {
+    const std::tuple<CVersionNumber, const WCHAR*> rows[] = {
         {CVersionNumber(), _T("0.0.0.0")},
         {{1, 2, 3, 4}, _T("1.2.3.4")},
         {{4294967295, 0, 0, 1}, _T("-1.0.0.1")},
         {{2147483647, 2147483648, 0, 0}, _T("2147483647.-2147483648.0.0")},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(row.number.GetText(), row.text);
+    for (const auto& [number, text] : rows)
+        EXPECT_EQ(number.GetText(), text);
 }
 
 TEST(VersionNumber, TheFirstDifferentPartDecides) {
