@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -15,22 +16,20 @@ const COleDateTime kMarker(1234.5);
 } // namespace
 
 TEST(LocalTime, ConvertsBothWays) {
-    const struct {
-        COleDateTime utc, local;
-    } rows[] = {
+    const std::tuple<COleDateTime, COleDateTime> rows[] = {
         {{2007, 3, 25, 0, 59, 59}, {2007, 3, 25, 1, 59, 59}},
         {{2007, 3, 25, 1, 0, 0}, {2007, 3, 25, 3, 0, 0}},
         {{1899, 12, 29, 22, 59, 59}, {1899, 12, 29, 23, 59, 59}}, // serials below 0
         {{1899, 12, 29, 23, 0, 0}, {1899, 12, 30, 0, 0, 0}},
         {{9999, 12, 31, 22, 59, 59}, {9999, 12, 31, 23, 59, 59}},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::PrintToString(row.utc));
+    for (const auto& [utc, local] : rows) {
+        SCOPED_TRACE(testing::PrintToString(utc));
         COleDateTime converted = kMarker;
-        EXPECT_TRUE(AfxUTCToLocalTime(row.utc, converted));
-        EXPECT_EQ(converted, row.local);
+        EXPECT_TRUE(AfxUTCToLocalTime(utc, converted));
+        EXPECT_EQ(converted, local);
         EXPECT_TRUE(AfxLocalTimeToUTC(converted, converted));
-        EXPECT_EQ(converted, row.utc);
+        EXPECT_EQ(converted, utc);
     }
 }
 
