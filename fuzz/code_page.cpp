@@ -2,20 +2,14 @@
 // written beyond it, and what one direction wrote the other reads.
 #include <quorvel/platform/platform.h>
 
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
+#include "fuzz_input.h"
+
 #include <iterator>
 #include <vector>
 
 using namespace quorvel::win32;
 
 namespace {
-
-void Require(bool condition) {
-    if (!condition)
-        std::abort();
-}
 
 // Empty when they are refused. The vectors end where the text does, for the sanitizer to watch.
 std::vector<WCHAR> Decode(UINT codePage, DWORD flags, const std::vector<char>& bytes) {

@@ -1,17 +1,9 @@
 // The date parser: the first byte chooses the order of n/n/n, the others are the text.
 #include <quorvel/util/calendar/date_parser.h>
 
-#include <cstdint>
-#include <cstdlib>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+#include "fuzz_input.h"
 
 namespace {
-
-void Require(bool condition) {
-    if (!condition)
-        std::abort();
-}
 
 void CheckDate(const WCHAR* text, int order) {
     const COleDateTime marker(1234.5);
@@ -34,7 +26,7 @@ void CheckWord(const WCHAR* word) {
 
 } // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0 || size > 4096)
         return 0;
     CString text;

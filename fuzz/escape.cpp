@@ -34,7 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string back = Unescaped(escaped, spaceAsPlus != FALSE);
     Require(isWhole ? back == text : back == text.substr(0, back.size()) && back != text);
 
-    const std::basic_string<WCHAR> wide(text.begin(), text.end());
+    const WideText wide(text.begin(), text.end());
     CString pattern;
     Require(AfxEscapeRegularExpressionMetacharacters(wide.c_str(), pattern));
     Require(AfxValidateText(wide.c_str(), pattern, TRUE));

@@ -1,17 +1,9 @@
 // Parses any bytes as a document, as UTF-16 and through a code page, walks all of it and reads
 // every element, and checks what must hold of any index.
+#include "fuzz_input.h"
 #include "xml/markup_probe.h"
 
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-
 namespace {
-
-void Require(bool condition) {
-    if (!condition)
-        std::abort();
-}
 
 void CheckIndex(const MarkupProbe& markup) {
     const int length = markup.GetDocConstRef().GetLength();

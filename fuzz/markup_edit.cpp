@@ -1,9 +1,9 @@
 // Edits and walks a document as the bytes say. After every edit the index must be that of a fresh
 // parse of the text.
+#include "fuzz_input.h"
 #include "xml/markup_probe.h"
 
-#include <cstdint>
-#include <cstdlib>
+#include <functional>
 
 namespace {
 
@@ -18,33 +18,23 @@ auto Pick(const Table& table, unsigned choice) {
     return table[choice % std::size(table)];
 }
 
-bool Step(MarkupProbe& markup, unsigned operation, unsigned choice) {
+void Step(MarkupProbe& markup, unsigned operation, unsigned choice) {
     const WCHAR* name = Pick(kNames, choice);
     const WCHAR* value = Pick(kValues, choice / std::size(kNames));
-    switch (operation) {
-    case 0:
-        return markup.AddElem(name, value);
-    case 1:
-        return markup.AddChildElem(name, value);
-    case 2:
-        return markup.SetAttrib(name, value);
-    case 3:
-        return markup.SetChildAttrib(name, value);
-    case 4:
-        return markup.FindElem(choice % 2 != 0 ? name : nullptr);
-    case 5:
-        return markup.FindChildElem(choice % 2 != 0 ? name : nullptr);
-    case 6:
-        return markup.IntoElem();
-    case 7:
-        return markup.OutOfElem();
-    case 8:
-        markup.ResetChildPos();
-        return true;
-    default:
-        markup.ResetMainPos();
-        return true;
-    }
+    const WCHAR* sought = choice % 2 != 0 ? name : nullptr;
+    const std::function<void()> steps[] = {
+        [&] { markup.AddElem(name, value); },
+        [&] { markup.AddChildElem(name, value); },
+        [&] { markup.SetAttrib(name, value); },
+        [&] { markup.SetChildAttrib(name, value); },
+        [&] { markup.FindElem(sought); },
+        [&] { markup.FindChildElem(sought); },
+        [&] { markup.IntoElem(); },
+        [&] { markup.OutOfElem(); },
+        [&] { markup.ResetChildPos(); },
+        [&] { markup.ResetMainPos(); },
+    };
+    steps[operation]();
 }
 
 } // namespace
@@ -56,8 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     MarkupProbe markup(Pick(kDocuments, data[0]));
     for (std::size_t i = 1; i < size && i <= kMostSteps; ++i) {
         Step(markup, data[i] % 10, data[i] / 10);
-        if (markup.Tree() != MarkupProbe(markup.GetDoc()).Tree())
-            std::abort();
+        Require(markup.Tree() == MarkupProbe(markup.GetDoc()).Tree());
     }
     return 0;
 }

@@ -18,9 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const BOOL found = AfxMatchText(text.c_str(), pattern.c_str(), caseSensitive);
     const BOOL whole = AfxValidateText(text.c_str(), pattern.c_str(), caseSensitive);
 
-    typedef std::basic_string<WCHAR> Wide;
-    const Wide widePattern(pattern.begin(), pattern.end());
-    const Wide wideText(text.begin(), text.end());
+    const WideText widePattern(pattern.begin(), pattern.end());
+    const WideText wideText(text.begin(), text.end());
     const BOOL wideFound = AfxMatchText(wideText.c_str(), widePattern.c_str(), caseSensitive);
     const BOOL wideWhole = AfxValidateText(wideText.c_str(), widePattern.c_str(), caseSensitive);
     if (std::all_of(rest.begin(), rest.end(), [](char each) { return each > 0; }))
