@@ -9,6 +9,8 @@ int main() {
     text.MakeUpper();
     if (text != _T("INSTALLED"))
         return 1;
+    if (!text.LoadString(quorvel::kTextExceptionMemory) || text != _T("Out of memory."))
+        return 2;
     std::puts("consumer: the installed library works");
     return 0;
 }
