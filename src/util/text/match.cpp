@@ -10,26 +10,9 @@ namespace {
 template <class Ch>
 using Regex = boost::basic_regex<Ch, quorvel::RegexTraits<Ch>>;
 
-// Compiling a pattern and looking ahead recurse with each level: a small stack holds this many.
-constexpr int kMaximumNesting = 100;
-
-template <class Ch>
-bool NestsTooDeep(const Ch* pattern) {
-    int depth = 0;
-    for (; *pattern != 0; ++pattern) {
-        if (*pattern == '\\' && pattern[1] != 0)
-            ++pattern;
-        else if (*pattern == '(' && ++depth > kMaximumNesting)
-            return true;
-        else if (*pattern == ')' && depth > 0)
-            --depth;
-    }
-    return false;
-}
-
 template <class Ch, class Test>
 BOOL Apply(const Ch* text, const Ch* pattern, BOOL caseSensitive, Test test) {
-    if (text == nullptr || pattern == nullptr || NestsTooDeep(pattern))
+    if (text == nullptr || pattern == nullptr)
         return FALSE;
     return quorvel::WithoutException([&] {
         const auto flags =

@@ -2,9 +2,9 @@
 //
 // ^ and $ match at line breaks too. Letter case is by simple folding, classes like \w and
 // [[:alpha:]] are Unicode's on wide text and ASCII's on narrow text, whatever the locale. FALSE
-// also for a null argument, for a pattern that is malformed or has more than 100 parentheses open
-// at once, those inside brackets included, and for one that takes too many steps, which can be some
-// seconds' worth. Nothing is reported or thrown. Any thread; 256 KB of stack are enough.
+// also for a null argument, for a pattern that is malformed or has more than 399 groups open at
+// once, which is the engine's limit, and for one that takes too many steps, which can be some
+// seconds' worth. Nothing is reported or thrown. Any thread; 512 KB of stack are enough.
 #pragma once
 
 #include <quorvel/platform/platform.h>
