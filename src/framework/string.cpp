@@ -646,6 +646,10 @@ CStringT<Ch>& CStringT<Ch>::Trim(Ch character) {
 
 template <class Ch>
 CStringT<Ch>& CStringT<Ch>::Trim(const Ch* characters) {
+    if (Owns(characters)) { // the first step may cut them off
+        const CStringT copy(characters);
+        return Trim(copy.m_text);
+    }
     return TrimRight(characters).TrimLeft(characters);
 }
 

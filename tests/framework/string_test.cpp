@@ -84,6 +84,8 @@ TEST(String, ArgumentsMayPointIntoTheStringItself) {
          [](CString& text) { return text.AppendFormat(_T("%s"), text.GetString()), 0; },
          _T("abcabc"), 0},
         {"trim by itself", _T("aba"), [](CString& text) { return text.Trim(text), 0; }, _T(""), 0},
+        {"trim by a part", _T("xax"),
+         [](CString& text) { return text.Trim(text.GetString() + 2), 0; }, _T("a"), 0},
     };
     ExpectChanges(rows);
 }

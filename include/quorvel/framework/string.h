@@ -94,7 +94,8 @@ public:
     void Truncate(int newLength); // a length above the present one changes nothing
     void FreeExtra();
 
-    // By code unit, and ignoring letter case by simple folding of every letter. 0, -1 or 1.
+    // By code unit, and ignoring letter case by simple folding: of every letter in wide text, of
+    // ASCII in narrow text. 0, -1 or 1. Both end at the first zero.
     int Compare(const Ch* text) const noexcept;
     int CompareNoCase(const Ch* text) const noexcept;
 
