@@ -38,6 +38,10 @@ TEST(Number, IsValidWhenItParsesInItsBaseAndReadsInRangeAsDecimal) {
         {_T("9223372036854775807"), INT64_MAX, INT64_MAX, 10, TRUE},
         {_T("-9223372036854775808"), INT64_MIN, INT64_MIN, 10, TRUE},
         {_T("9223372036854775808"), 0, INT64_MAX - 1, 10, FALSE},
+        {_T("9223372036854775808"), 0, INT64_MAX, 10, TRUE}, // the nearest number
+        {_T("-99999999999999999999"), INT64_MIN, INT64_MIN, 10, TRUE},
+        {_T("FFFFFFFFFFFFFFFFF"), 0, 0, 16, TRUE},
+        {_T("0x"), 0, 0, 16, FALSE},
         {_T("5"), 0, 10, 1, FALSE},
         {_T("5"), 0, 10, 37, FALSE},
         {_T("5"), 0, 10, -10, FALSE},
