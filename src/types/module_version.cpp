@@ -51,7 +51,7 @@ CModuleVersion& CModuleVersion::operator=(const CModuleVersion& other) {
 
 void CModuleVersion::Release() noexcept {
     m_fileName.Empty();
-    m_data.clear();
+    m_data = std::vector<BYTE>(); // unlike clear(), frees it
     m_fixedFileInfo = nullptr;
     m_lastError = 0;
 }

@@ -62,20 +62,25 @@ TEST(ModuleVersion, NumbersComeFromTheFixedBlock) {
         EXPECT_TRUE(number == CVersionNumber(1, 2, 3, 4));
         EXPECT_TRUE(module.GetProductVersion(number));
         EXPECT_TRUE(number == CVersionNumber(5, 6, 7, 65535));
-        const struct {
-            DWORD (CModuleVersion::*get)(DWORD&) const noexcept;
-            DWORD value;
-        } fields[] = {
-            {&CModuleVersion::GetFileFlags, 0x21},
-            {&CModuleVersion::GetFileOS, 0x40004},
-            {&CModuleVersion::GetFileType, 2},
-            {&CModuleVersion::GetFileSubtype, 0},
-        };
-        for (const auto& field : fields) {
-            DWORD zero = 7;
-            EXPECT_EQ((module.*field.get)(zero), field.value);
-            EXPECT_EQ(zero, 0u);
-        }
+    }
+}
+
+TEST(ModuleVersion, AFieldIsTheResultAndNotTheArgument) {
+    CModuleVersion module;
+    ASSERT_TRUE(module.Load(Sample(_T("all_texts.dll"))));
+    const struct {
+        DWORD (CModuleVersion::*get)(DWORD&) const noexcept;
+        DWORD value;
+    } fields[] = {
+        {&CModuleVersion::GetFileFlags, 0x2a},
+        {&CModuleVersion::GetFileOS, 0x40004},
+        {&CModuleVersion::GetFileType, 3},
+        {&CModuleVersion::GetFileSubtype, 7},
+    };
+    for (const auto& field : fields) {
+        DWORD zero = 77;
+        EXPECT_EQ((module.*field.get)(zero), field.value);
+        EXPECT_EQ(zero, 0u);
     }
 }
 
@@ -98,29 +103,33 @@ TEST(ModuleVersion, TextsComeFromTheFirstTranslation) {
 
 TEST(ModuleVersion, EachGetterAsksForItsKey) {
     CModuleVersion module;
-    ASSERT_TRUE(module.Load(_T("Quorvel_DEU.dll")));
+    ASSERT_TRUE(module.Load(Sample(_T("all_texts.dll"))));
     const struct {
         BOOL (CModuleVersion::*get)(CString&);
-        const WCHAR* value;
+        const WCHAR* key; // and the text that the sample has for it
     } rows[] = {
-        {&CModuleVersion::GetCompanyName, _T("The Quorvel team")},
-        {&CModuleVersion::GetFileDescription, _T("Quorvel: deutsche Texte")},
-        {&CModuleVersion::GetInternalName, _T("Quorvel_DEU")},
-        {&CModuleVersion::GetLegalCopyright, _T("\xa9 The Quorvel team")},
-        {&CModuleVersion::GetOriginalFileName, _T("Quorvel_DEU.dll")},
-        {&CModuleVersion::GetProductName, _T("Quorvel")},
+        {&CModuleVersion::GetComments, _T("Comments")},
+        {&CModuleVersion::GetCompanyName, _T("CompanyName")},
+        {&CModuleVersion::GetFileDescription, _T("FileDescription")},
+        {&CModuleVersion::GetFileVersion, _T("FileVersion")},
+        {&CModuleVersion::GetInternalName, _T("InternalName")},
+        {&CModuleVersion::GetLegalCopyright, _T("LegalCopyright")},
+        {&CModuleVersion::GetLegalTrademarks, _T("LegalTrademarks")},
+        {&CModuleVersion::GetOriginalFileName, _T("OriginalFilename")},
+        {&CModuleVersion::GetPrivateBuild, _T("PrivateBuild")},
+        {&CModuleVersion::GetProductName, _T("ProductName")},
+        {&CModuleVersion::GetProductVersion, _T("ProductVersion")},
+        {&CModuleVersion::GetSpecialBuild, _T("SpecialBuild")},
     };
     for (const auto& row : rows) {
         CString value;
         EXPECT_TRUE((module.*row.get)(value));
-        EXPECT_EQ(value, CString(row.value));
+        EXPECT_EQ(value, row.key);
     }
-    CString fileVersion, productVersion;
-    CVersionNumber number;
-    EXPECT_TRUE(module.GetFileVersion(fileVersion) && module.GetFileVersion(number));
-    EXPECT_EQ(fileVersion, number.GetText());
-    EXPECT_TRUE(module.GetProductVersion(productVersion) && module.GetProductVersion(number));
-    EXPECT_EQ(productVersion, number.GetText());
+    CString value(_T("before"));
+    EXPECT_TRUE(module.GetSubBlockValue(_T("Empty"), value));
+    EXPECT_EQ(value, _T(""));
+    EXPECT_FALSE(module.GetSubBlockValue(_T("Missing"), value));
 }
 
 TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
