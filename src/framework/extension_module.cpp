@@ -18,11 +18,13 @@ std::mutex& ChainMutex() {
     return s_mutex;
 }
 
-// The resource module of the entry at a place in the search; null behind the last.
+// The resource module of the entry at a place in the search; null behind the last. An entry
+// without one takes no place: null would be the program again.
 HINSTANCE ChainResources(int index, BOOL system) {
     const std::lock_guard lock(ChainMutex());
     for (const CDynLinkLibrary* each = s_chain; each != nullptr; each = each->m_pNextDLL)
-        if ((each->m_bSystem != FALSE) == (system != FALSE) && index-- == 0)
+        if (each->m_hResource != nullptr && (each->m_bSystem != FALSE) == (system != FALSE) &&
+            index-- == 0)
             return each->m_hResource;
     return nullptr;
 }

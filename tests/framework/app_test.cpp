@@ -82,6 +82,9 @@ TEST(ExtensionModule, TextsComeFromTheProgramThenTheNewestThenTheSystemEntries) 
         EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
         entry->m_bSystem = TRUE;
         EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
+        entry->m_bSystem = FALSE;
+        entry->m_hResource = nullptr; // hides none of the entries behind it
+        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
         delete entry;
         (new CDynLinkLibrary(state))->m_hResource = german.Module();
         EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());

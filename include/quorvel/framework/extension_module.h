@@ -29,7 +29,7 @@ public:
     ~CDynLinkLibrary() override;
 
     HMODULE m_hModule;
-    HMODULE m_hResource;
+    HMODULE m_hResource; // null: the entry is passed over
     BOOL m_bSystem; // searched after all that are not
     CDynLinkLibrary* m_pNextDLL;
 };
