@@ -209,14 +209,21 @@ CString Describe9x(const OSVERSIONINFOEXW& record) {
 
 } // namespace
 
-bool ReadSystemVersion(BOOL (*query)(OSVERSIONINFOW*), SystemVersion& version) {
+VersionQuery& CurrentVersionQuery() {
+    static VersionQuery query = [](OSVERSIONINFOW* record) -> BOOL {
+        return GetVersionExW(record);
+    };
+    return query;
+}
+
+bool ReadSystemVersion(SystemVersion& version) {
     for (const bool extended : {true, false}) {
         version.record = {};
         version.record.dwOSVersionInfoSize =
             extended ? sizeof(OSVERSIONINFOEXW) : sizeof(OSVERSIONINFOW);
         version.extended = extended;
         // The basic record is the first part of the extended one.
-        if (query(reinterpret_cast<OSVERSIONINFOW*>(&version.record)))
+        if (CurrentVersionQuery()(reinterpret_cast<OSVERSIONINFOW*>(&version.record)))
             return true;
     }
     return false;
@@ -260,21 +267,17 @@ bool IsThemedSystem(const SystemVersion& version) {
 
 namespace {
 
-bool ReadVersion(quorvel::SystemVersion& version) {
-    return quorvel::ReadSystemVersion(
-        [](OSVERSIONINFOW* record) -> BOOL { return GetVersionExW(record); }, version);
-}
-
 BOOL IsPlatform(DWORD platform) {
     quorvel::SystemVersion version;
-    return ReadVersion(version) && version.record.dwPlatformId == platform;
+    return quorvel::ReadSystemVersion(version) && version.record.dwPlatformId == platform;
 }
 
 } // namespace
 
 int AfxGetOperatingSystem() {
     quorvel::SystemVersion version;
-    return ReadVersion(version) ? quorvel::ClassifySystem(version) : int{quorvel::kSystemUnknown};
+    return quorvel::ReadSystemVersion(version) ? quorvel::ClassifySystem(version)
+                                               : int{quorvel::kSystemUnknown};
 }
 
 BOOL AfxIsValidOperatingSystem(int system) {
@@ -288,7 +291,7 @@ BOOL AfxIsSupportedOperatingSystem(int system) {
 BOOL AfxGetOperatingSystemText(CString& text) {
     text.Empty();
     quorvel::SystemFacts facts;
-    if (!ReadVersion(facts.version))
+    if (!quorvel::ReadSystemVersion(facts.version))
         return FALSE;
     facts.release2 = GetSystemMetrics(SM_SERVERR2) != 0;
     quorvel::ReadMachineFacts(facts);
@@ -352,5 +355,5 @@ BOOL AfxDoesOperatingSystemSupportUnicode() {
 }
 BOOL AfxIsThemedOperatingSystem() {
     quorvel::SystemVersion version;
-    return ReadVersion(version) && quorvel::IsThemedSystem(version);
+    return quorvel::ReadSystemVersion(version) && quorvel::IsThemedSystem(version);
 }

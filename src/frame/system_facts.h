@@ -24,8 +24,12 @@ struct SystemFacts {
     bool (*hasServicePack6a)() = nullptr; // the key of hotfix Q246009
 };
 
+// GetVersionExW. Tests replace it.
+typedef BOOL (*VersionQuery)(OSVERSIONINFOW* record);
+VersionQuery& CurrentVersionQuery();
+
 // Asks for the extended record and, where that is refused, for the basic one.
-bool ReadSystemVersion(BOOL (*query)(OSVERSIONINFOW*), SystemVersion& version);
+bool ReadSystemVersion(SystemVersion& version);
 
 int ClassifySystem(const SystemVersion& version);
 bool DescribeSystem(const SystemFacts& facts, CString& text);
