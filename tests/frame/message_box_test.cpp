@@ -8,8 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 void PrintTo(const RecordedMessageBox& box, std::ostream* stream) {
     PrintTo(box.text, stream);
     *stream << ", type " << box.type << ", help " << box.helpId;
@@ -20,83 +18,59 @@ namespace {
 using namespace quorvel;
 
 constexpr UINT kMissingId = 60000;
+constexpr DWORD kNoSystemError = 0x2fffffff;
 constexpr UINT kType = MB_YESNO | MB_ICONSTOP;
 constexpr UINT kHelpId = 4711;
 constexpr int kAnswer = IDNO;
 
-struct BoxCase {
-    const char* label;
-    std::function<int()> show;
-    const WCHAR* text; // null: nothing is shown and the result is 0
+// Boxes that answer kAnswer and have kType and kHelpId.
+class MessageBox : public testing::Test {
+protected:
+    // Null: nothing was shown, and the result is 0.
+    void ExpectShown(const WCHAR* text, int result, int line = __builtin_LINE()) {
+        const testing::ScopedTrace trace(__FILE__, line, "here");
+        std::vector<RecordedMessageBox> expected;
+        if (text != nullptr)
+            expected.push_back({text, kType, kHelpId});
+        EXPECT_EQ(m_recorder.Take(), expected);
+        EXPECT_EQ(result, text != nullptr ? kAnswer : 0);
+    }
+
+    MessageBoxRecorder m_recorder{kAnswer};
 };
 
-void CheckBoxes(const std::vector<BoxCase>& rows) {
-    MessageBoxRecorder recorder(kAnswer);
-    for (const BoxCase& row : rows) {
-        SCOPED_TRACE(row.label);
-        std::vector<RecordedMessageBox> expected;
-        if (row.text != nullptr)
-            expected.push_back({row.text, kType, kHelpId});
-        EXPECT_EQ(row.show(), row.text != nullptr ? kAnswer : 0);
-        EXPECT_EQ(recorder.Take(), expected);
-    }
-}
-
-TEST(MessageBox, ErrorsAreShownAsTheyAreComposed) {
-    CString noSystemText;
-    ASSERT_FALSE(AfxGetSystemErrorText(0x2fffffff, noSystemText));
-    CString notFound;
-    ASSERT_TRUE(AfxGetSystemErrorText(ERROR_FILE_NOT_FOUND, notFound));
-    const CString systemError =
-        CString(_T("A system error has occurred.\r\n\r\n")) + notFound.GetString();
+TEST_F(MessageBox, ErrorsAreShownAsTheyAreComposed) {
+    CString text;
     const WCHAR* const null = nullptr;
-    CheckBoxes({
-        {"text", [] { return AfxErrorMessageBox(_T("100% %1 %s"), kType, kHelpId); },
-         _T("100% %1 %s")},
-        {"empty text", [] { return AfxErrorMessageBox(_T(""), kType, kHelpId); }, _T("")},
-        {"null text", [=] { return AfxErrorMessageBox(null, kType, kHelpId); }, nullptr},
-        {"id", [] { return AfxErrorMessageBox(kTextExceptionMemory, kType, kHelpId); },
-         _T("Out of memory.")},
-        {"missing id", [] { return AfxErrorMessageBox(kMissingId, kType, kHelpId); }, nullptr},
+    ExpectShown(_T("100% %1 %s"), AfxErrorMessageBox(_T("100% %1 %s"), kType, kHelpId));
+    ExpectShown(_T(""), AfxErrorMessageBox(_T(""), kType, kHelpId));
+    ExpectShown(null, AfxErrorMessageBox(null, kType, kHelpId));
+    ExpectShown(_T("Out of memory."), AfxErrorMessageBox(kTextExceptionMemory, kType, kHelpId));
+    ExpectShown(null, AfxErrorMessageBox(kMissingId, kType, kHelpId));
 
-        {"printf",
-         [] { return AfxFormatErrorMessageBox(_T("%d%% of %s"), kType, kHelpId, 7, _T("x")); },
-         _T("7% of x")},
-        {"printf null", [=] { return AfxFormatErrorMessageBox(null, kType, kHelpId); }, nullptr},
-        {"printf id",
-         [] { return AfxFormatErrorMessageBox(kTextXmlFileCauseTooLarge, kType, kHelpId, 512); },
-         _T("XML files larger than 512 bytes cannot be loaded.")},
-        {"printf missing id", [] { return AfxFormatErrorMessageBox(kMissingId, kType, kHelpId); },
-         nullptr},
+    ExpectShown(_T("7% of x"),
+                AfxFormatErrorMessageBox(_T("%d%% of %s"), kType, kHelpId, 7, _T("x")));
+    ExpectShown(null, AfxFormatErrorMessageBox(null, kType, kHelpId));
+    ExpectShown(_T("XML files larger than 512 bytes cannot be loaded."),
+                AfxFormatErrorMessageBox(kTextXmlFileCauseTooLarge, kType, kHelpId, 512));
+    ExpectShown(null, AfxFormatErrorMessageBox(kMissingId, kType, kHelpId));
 
-        {"inserts",
-         [] {
-             return AfxFormatStringErrorMessageBox(_T("%2 before %1!d!"), kType, kHelpId, 7,
-                                                   _T("%1"));
-         },
-         _T("%1 before 7")},
-        {"inserts null", [=] { return AfxFormatStringErrorMessageBox(null, kType, kHelpId); },
-         nullptr},
-        {"refused inserts",
-         [] { return AfxFormatStringErrorMessageBox(_T("100%"), kType, kHelpId); }, nullptr},
-        {"inserts id",
-         [] {
-             return AfxFormatStringErrorMessageBox(kTextErrorReadingFile, kType, kHelpId,
-                                                   _T("a.txt"), _T("Why."));
-         },
-         _T("An error has occurred while reading the file 'a.txt'.\r\n\r\nWhy.")},
-        {"inserts missing id",
-         [] { return AfxFormatStringErrorMessageBox(kMissingId, kType, kHelpId); }, nullptr},
+    ExpectShown(_T("%1 before 7"),
+                AfxFormatStringErrorMessageBox(_T("%2 before %1!d!"), kType, kHelpId, 7, _T("%1")));
+    ExpectShown(null, AfxFormatStringErrorMessageBox(null, kType, kHelpId));
+    ExpectShown(null, AfxFormatStringErrorMessageBox(_T("100%"), kType, kHelpId)); // refused
+    ExpectShown(_T("An error has occurred while reading the file 'a.txt'.\r\n\r\nWhy."),
+                AfxFormatStringErrorMessageBox(kTextErrorReadingFile, kType, kHelpId, _T("a.txt"),
+                                               _T("Why.")));
+    ExpectShown(null, AfxFormatStringErrorMessageBox(kMissingId, kType, kHelpId));
 
-        {"system error",
-         [] { return AfxSystemErrorMessageBox(ERROR_FILE_NOT_FOUND, kType, kHelpId); },
-         systemError},
-        {"no system text", [] { return AfxSystemErrorMessageBox(0x2fffffff, kType, kHelpId); },
-         nullptr},
-    });
-    MessageBoxRecorder recorder;
+    ASSERT_TRUE(AfxGetSystemErrorText(ERROR_FILE_NOT_FOUND, text));
+    ExpectShown(_T("A system error has occurred.\r\n\r\n") + text,
+                AfxSystemErrorMessageBox(ERROR_FILE_NOT_FOUND, kType, kHelpId));
+    ExpectShown(null, AfxSystemErrorMessageBox(kNoSystemError, kType, kHelpId));
+
     EXPECT_FALSE(AfxHtmlHelpErrorMessageBox(MB_OK)); // nothing here has used HTML Help
-    EXPECT_TRUE(recorder.Take().empty());
+    EXPECT_TRUE(m_recorder.Take().empty());
 }
 
 class OtherException : public CException {
@@ -119,71 +93,57 @@ public:
 };
 IMPLEMENT_DYNAMIC(DerivedFileException, CFileException)
 
-int Show(CException* exception, UINT formatId) {
+int Show(CException* exception, UINT formatId = kTextSystemError) {
     return AfxExceptionMessageBox(exception, formatId, kType, kHelpId);
 }
 int ShowIO(CException* exception, const WCHAR* fileName) {
     return AfxFileIOExceptionMessageBox(exception, fileName, kTextErrorSavingFile, kType, kHelpId);
 }
 
-TEST(MessageBox, AnExceptionIsShownByItsClass) {
-    const std::basic_string<WCHAR> message(255, 'm');
-    const CString other =
-        CString(_T("An error has occurred while writing to an archive.\r\n\r\n")) + message.c_str();
-    CheckBoxes({
-        {"file",
-         [] {
-             return Show(new CFileException(CFileException::diskFull, -1, _T("a%1.txt")),
-                         kTextErrorWritingFile);
-         },
-         _T("An error has occurred while writing the file 'a%1.txt'.\r\n\r\nThe disk is full.")},
-        {"derived from file",
-         [] { return Show(new DerivedFileException(22, -1, _T("b")), kTextErrorReadingFile); },
-         _T("An error has occurred while reading the file 'b'.\r\n\r\n")
-         _T("An unspecified error occurred.")},
-        {"archive",
-         [] {
-             return Show(new CArchiveException(CArchiveException::badSchema),
-                         kTextErrorWritingArchive);
-         },
-         _T("An error has occurred while writing to an archive.\r\n\r\n")
-         _T("Tried to read an object with a different version of the class.")},
-        {"archive, unknown cause",
-         [] { return Show(new CArchiveException(8), kTextErrorReadingArchive); },
-         _T("An error has occurred while reading from an archive.\r\n\r\nUnspecified error.")},
-        {"resource", [] { return Show(new CResourceException, kTextSystemError); },
-         _T("A system error has occurred.\r\n\r\nA required resource was unavailable.")},
-        {"memory", [] { return Show(new CMemoryException, kTextSystemError); },
-         _T("A system error has occurred.\r\n\r\nOut of memory.")},
-        {"not supported", [] { return Show(new CNotSupportedException, kTextSystemError); },
-         _T("A system error has occurred.\r\n\r\nAn unsupported operation was attempted.")},
-        {"user", [] { return Show(new CUserException, kTextSystemError); },
-         _T("A system error has occurred.\r\n\r\nAn unknown error has occurred.")},
-        {"any other", [] { return Show(new OtherException, kTextErrorWritingArchive); }, other},
-        {"missing format", [] { return Show(new OtherException, kMissingId); }, nullptr},
-        {"null", [] { return Show(nullptr, kTextSystemError); }, nullptr},
-
-        {"named file",
-         [] {
-             return ShowIO(new CFileException(CFileException::fileNotFound, -1, _T("own.txt")),
-                           _T("given.txt"));
-         },
-         _T("An error has occurred while saving the file 'given.txt'.\r\n\r\n")
-         _T("The file could not be located.")},
-        {"named file, memory", [] { return ShowIO(new CMemoryException, _T("c")); },
-         _T("An error has occurred while saving the file 'c'.\r\n\r\nOut of memory.")},
-        {"named file, null name", [] { return ShowIO(new OtherException, nullptr); }, nullptr},
-        {"named file, null", [] { return ShowIO(nullptr, _T("c")); }, nullptr},
-    });
+TEST_F(MessageBox, AnExceptionIsShownByItsClass) {
+    const CString message('m', 255);
+    ExpectShown(
+        _T("An error has occurred while writing the file 'a%1.txt'.\r\n\r\nThe disk is full."),
+        Show(new CFileException(CFileException::diskFull, -1, _T("a%1.txt")),
+             kTextErrorWritingFile));
+    ExpectShown(_T("An error has occurred while reading the file 'b'.\r\n\r\n")
+                _T("An unspecified error occurred."),
+                Show(new DerivedFileException(22, -1, _T("b")), kTextErrorReadingFile));
+    ExpectShown(
+        _T("An error has occurred while reading from an archive.\r\n\r\n")
+        _T("Tried to read an object with a different version of the class."),
+        Show(new CArchiveException(CArchiveException::badSchema), kTextErrorReadingArchive));
+    ExpectShown(_T("A system error has occurred.\r\n\r\nUnspecified error."),
+                Show(new CArchiveException(8)));
+    ExpectShown(_T("A system error has occurred.\r\n\r\nA required resource was unavailable."),
+                Show(new CResourceException));
+    ExpectShown(_T("A system error has occurred.\r\n\r\nOut of memory."),
+                Show(new CMemoryException));
+    ExpectShown(_T("A system error has occurred.\r\n\r\nAn unsupported operation was attempted."),
+                Show(new CNotSupportedException));
+    ExpectShown(_T("A system error has occurred.\r\n\r\nAn unknown error has occurred."),
+                Show(new CUserException));
+    ExpectShown(_T("A system error has occurred.\r\n\r\n") + message, Show(new OtherException));
+    ExpectShown(nullptr, Show(new OtherException, kMissingId));
+    ExpectShown(nullptr, Show(nullptr));
     EXPECT_EQ(OtherException::s_alive, 0);
 }
 
-TEST(MessageBox, AnExceptionThatIsNotMarkedIsLeftAlone) {
-    MessageBoxRecorder recorder;
+TEST_F(MessageBox, AFileNameMayBeGivenWithAnyException) {
+    ExpectShown(_T("An error has occurred while saving the file 'given.txt'.\r\n\r\n")
+                _T("The file could not be located."),
+                ShowIO(new CFileException(CFileException::fileNotFound, -1, _T("own.txt")),
+                       _T("given.txt")));
+    ExpectShown(_T("An error has occurred while saving the file 'c'.\r\n\r\nOut of memory."),
+                ShowIO(new CMemoryException, _T("c")));
+    ExpectShown(nullptr, ShowIO(new OtherException, nullptr));
+    ExpectShown(nullptr, ShowIO(nullptr, _T("c")));
+    EXPECT_EQ(OtherException::s_alive, 0);
+
     OtherException kept;
     kept.m_bAutoDelete = FALSE;
-    EXPECT_EQ(Show(&kept, kTextSystemError), IDOK);
-    EXPECT_EQ(ShowIO(&kept, _T("c")), IDOK);
+    EXPECT_EQ(Show(&kept), kAnswer);
+    EXPECT_EQ(ShowIO(&kept, _T("c")), kAnswer);
     EXPECT_EQ(ShowIO(&kept, nullptr), 0);
     EXPECT_EQ(OtherException::s_alive, 1);
 }
@@ -221,7 +181,7 @@ TEST(ExceptionText, TheSystemsTextHasNoLineEnd) {
     EXPECT_TRUE(AfxGetSystemErrorText(ERROR_ACCESS_DENIED, text));
     EXPECT_FALSE(text.IsEmpty());
     EXPECT_LT(text.FindOneOf(_T("\r\n")), 0);
-    EXPECT_FALSE(AfxGetSystemErrorText(0x2fffffff, text));
+    EXPECT_FALSE(AfxGetSystemErrorText(kNoSystemError, text));
     EXPECT_EQ(text, _T(""));
     text = _T("before");
     EXPECT_FALSE(AfxGetExceptionText(nullptr, text));

@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <vector>
 
 using namespace quorvel;
@@ -27,162 +26,106 @@ const WCHAR* const kCatalogueHeading = _T("Crash Warning");
 const WCHAR* const kCatalogueText = _T("Out of memory.");
 const WCHAR* const kCatalogueCheck = _T("&Do not show this message again");
 
-struct Row {
-    const char* label;
-    std::function<int(int& checkState)> show;
-    const WCHAR* heading;
-    const WCHAR* text;
-    const WCHAR* checkBox;
-    UINT type;
-};
-
-const std::vector<Row> kRows = {
-    {"text", [](int&) { return AfxVaskMessageBox(kText, MB_OK, nullptr); }, nullptr, kText, nullptr,
-     MB_OK},
-    {"text, help", [](int&) { return AfxVaskMessageBox(kText, MB_YESNO, kTarget); }, nullptr, kText,
-     nullptr, MB_YESNO | MB_HELP},
-    {"empty texts", [](int&) { return AfxVaskMessageBox(_T(""), _T(""), MB_OK, nullptr); }, _T(""),
-     _T(""), nullptr, MB_OK},
-    {"id", [](int&) { return AfxVaskMessageBox(kTextExceptionMemory, MB_OKCANCEL, kTarget); },
-     nullptr, kCatalogueText, nullptr, MB_OKCANCEL | MB_HELP},
-    {"heading", [](int&) { return AfxVaskMessageBox(kHeading, kText, MB_ICONERROR, kTarget); },
-     kHeading, kText, nullptr, MB_ICONERROR | MB_HELP},
-    {"heading id",
-     [](int&) {
-         return AfxVaskMessageBox(kTextCrashWarning, kTextExceptionMemory, MB_OK, nullptr);
-     },
-     kCatalogueHeading, kCatalogueText, nullptr, MB_OK},
-    {"check box, no Help button of its own",
-     [](int& state) { return AfxVaskMessageBox(kText, kCheck, state, MB_YESNO, kTarget); }, nullptr,
-     kText, kCheck, MB_YESNO},
-    {"check box id, the caller's Help button",
-     [](int& state) {
-         return AfxVaskMessageBox(kTextExceptionMemory, kTextDoNotShowAgain, state,
-                                  MB_YESNO | MB_HELP, kTarget);
-     },
-     nullptr, kCatalogueText, kCatalogueCheck, MB_YESNO | MB_HELP},
-    {"heading and check box",
-     [](int& state) { return AfxVaskMessageBox(kHeading, kText, kCheck, state, MB_OK, kTarget); },
-     kHeading, kText, kCheck, MB_OK},
-    {"heading id and check box id",
-     [](int& state) {
-         return AfxVaskMessageBox(kTextCrashWarning, kTextExceptionMemory, kTextDoNotShowAgain,
-                                  state, MB_OK, nullptr);
-     },
-     kCatalogueHeading, kCatalogueText, kCatalogueCheck, MB_OK},
-
-    {"format",
-     [](int&) { return AfxFormatStringVaskMessageBox(kFormat, MB_OK, kTarget, 7, _T("seven")); },
-     nullptr, _T("seven, 7%"), nullptr, MB_OK | MB_HELP},
-    {"format id",
-     [](int&) { return AfxFormatStringVaskMessageBox(kTextByteSizeBytes, MB_OK, nullptr, 7); },
-     nullptr, _T("7 bytes"), nullptr, MB_OK},
-    {"heading, format",
-     [](int&) {
-         return AfxFormatStringVaskMessageBox(kHeading, kFormat, MB_OK, nullptr, 7, _T("seven"));
-     },
-     kHeading, _T("seven, 7%"), nullptr, MB_OK},
-    {"heading id, format id",
-     [](int&) {
-         return AfxFormatStringVaskMessageBox(kTextCrashWarning, kTextByteSizeBytes, MB_OK, kTarget,
-                                              7);
-     },
-     kCatalogueHeading, _T("7 bytes"), nullptr, MB_OK | MB_HELP},
-    {"format, check box",
-     [](int& state) {
-         return AfxFormatStringVaskMessageBox(kFormat, kCheck, state, MB_OK, kTarget, 7,
-                                              _T("seven"));
-     },
-     nullptr, _T("seven, 7%"), kCheck, MB_OK},
-    {"format id, check box id",
-     [](int& state) {
-         return AfxFormatStringVaskMessageBox(kTextByteSizeBytes, kTextDoNotShowAgain, state, MB_OK,
-                                              kTarget, 7);
-     },
-     nullptr, _T("7 bytes"), kCatalogueCheck, MB_OK},
-    {"heading, format, check box",
-     [](int& state) {
-         return AfxFormatStringVaskMessageBox(kHeading, kFormat, kCheck, state, MB_OK, kTarget, 7,
-                                              _T("seven"));
-     },
-     kHeading, _T("seven, 7%"), kCheck, MB_OK},
-    {"heading id, format id, check box id",
-     [](int& state) {
-         return AfxFormatStringVaskMessageBox(kTextCrashWarning, kTextByteSizeBytes,
-                                              kTextDoNotShowAgain, state, MB_OK, kTarget, 7);
-     },
-     kCatalogueHeading, _T("7 bytes"), kCatalogueCheck, MB_OK},
-};
-
-TEST(VaskMessageBox, EachFormComposesItsBox) {
-    MessageBoxRecorder recorder(IDRETRY);
-    for (const Row& row : kRows) {
-        SCOPED_TRACE(row.label);
-        int checkState = 1;
-        EXPECT_EQ(row.show(checkState), IDRETRY);
-        EXPECT_EQ(checkState, 1);
-        const std::vector<RecordedMessageBox> boxes = recorder.Take();
-        ASSERT_EQ(boxes.size(), 1u);
-        EXPECT_EQ(boxes[0].text, ShownText(row.heading, row.text, row.checkBox, 1));
-        EXPECT_EQ(boxes[0].type, row.type);
-        EXPECT_EQ(boxes[0].helpId, 0u);
+class VaskMessageBox : public testing::Test {
+protected:
+    // One box with help id 0, checked where it has a check box; null: without that part.
+    void ExpectShown(int result, const WCHAR* heading, const WCHAR* text, const WCHAR* checkBox,
+                     UINT type, int line = __builtin_LINE()) {
+        const testing::ScopedTrace trace(__FILE__, line, "here");
+        const RecordedMessageBox expected = {ShownText(heading, text, checkBox, 1), type, 0};
+        EXPECT_EQ(m_recorder.Take(), std::vector{expected});
+        EXPECT_EQ(result, IDRETRY);
+        EXPECT_EQ(m_state, 1);
     }
+    void ExpectNothing(int result, int line = __builtin_LINE()) {
+        const testing::ScopedTrace trace(__FILE__, line, "here");
+        EXPECT_TRUE(m_recorder.Take().empty());
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(m_state, 7);
+    }
+
+    MessageBoxRecorder m_recorder{IDRETRY};
+    int m_state = 1;
+};
+
+TEST_F(VaskMessageBox, EachFormComposesItsBox) {
+    constexpr UINT text = kTextExceptionMemory, heading = kTextCrashWarning,
+                   check = kTextDoNotShowAgain;
+    const WCHAR* const none = nullptr;
+    ExpectShown(AfxVaskMessageBox(kText, MB_OK, none), none, kText, none, MB_OK);
+    ExpectShown(AfxVaskMessageBox(text, MB_YESNO, kTarget), none, kCatalogueText, none,
+                MB_YESNO | MB_HELP);
+    ExpectShown(AfxVaskMessageBox(_T(""), _T(""), MB_OK, none), _T(""), _T(""), none, MB_OK);
+    ExpectShown(AfxVaskMessageBox(kHeading, kText, MB_ICONERROR, kTarget), kHeading, kText, none,
+                MB_ICONERROR | MB_HELP);
+    ExpectShown(AfxVaskMessageBox(heading, text, MB_OK, none), kCatalogueHeading, kCatalogueText,
+                none, MB_OK);
+    // With a check box the Help button is the caller's.
+    ExpectShown(AfxVaskMessageBox(kText, kCheck, m_state, MB_YESNO, kTarget), none, kText, kCheck,
+                MB_YESNO);
+    ExpectShown(AfxVaskMessageBox(text, check, m_state, MB_HELP, kTarget), none, kCatalogueText,
+                kCatalogueCheck, MB_HELP);
+    ExpectShown(AfxVaskMessageBox(kHeading, kText, kCheck, m_state, MB_OK, kTarget), kHeading,
+                kText, kCheck, MB_OK);
+    ExpectShown(AfxVaskMessageBox(heading, text, check, m_state, MB_OK, none), kCatalogueHeading,
+                kCatalogueText, kCatalogueCheck, MB_OK);
 }
 
-TEST(VaskMessageBox, ShowsNothingWithoutAllItsTexts) {
+TEST_F(VaskMessageBox, EachFormWithAFormatFillsItsInserts) {
+    constexpr UINT format = kTextByteSizeBytes, heading = kTextCrashWarning,
+                   check = kTextDoNotShowAgain;
+    const WCHAR* const none = nullptr;
+    const WCHAR* const seven = _T("seven");
+    const WCHAR* const filled = _T("seven, 7%");
+    const WCHAR* const bytes = _T("7 bytes");
+    ExpectShown(AfxFormatStringVaskMessageBox(kFormat, MB_OK, kTarget, 7, seven), none, filled,
+                none, MB_OK | MB_HELP);
+    ExpectShown(AfxFormatStringVaskMessageBox(format, MB_OK, none, 7), none, bytes, none, MB_OK);
+    ExpectShown(AfxFormatStringVaskMessageBox(kHeading, kFormat, MB_OK, none, 7, seven), kHeading,
+                filled, none, MB_OK);
+    ExpectShown(AfxFormatStringVaskMessageBox(heading, format, MB_OK, kTarget, 7),
+                kCatalogueHeading, bytes, none, MB_OK | MB_HELP);
+    ExpectShown(AfxFormatStringVaskMessageBox(kFormat, kCheck, m_state, MB_OK, kTarget, 7, seven),
+                none, filled, kCheck, MB_OK);
+    ExpectShown(AfxFormatStringVaskMessageBox(format, check, m_state, MB_OK, kTarget, 7), none,
+                bytes, kCatalogueCheck, MB_OK);
+    ExpectShown(
+        AfxFormatStringVaskMessageBox(kHeading, kFormat, kCheck, m_state, MB_OK, kTarget, 7, seven),
+        kHeading, filled, kCheck, MB_OK);
+    ExpectShown(AfxFormatStringVaskMessageBox(heading, format, check, m_state, MB_OK, kTarget, 7),
+                kCatalogueHeading, bytes, kCatalogueCheck, MB_OK);
+}
+
+TEST_F(VaskMessageBox, ShowsNothingWithoutAllItsTexts) {
+    constexpr UINT text = kTextExceptionMemory, heading = kTextCrashWarning,
+                   check = kTextDoNotShowAgain;
     const WCHAR* const null = nullptr;
-    const std::vector<std::pair<const char*, std::function<int(int&)>>> rows = {
-        {"text", [&](int&) { return AfxVaskMessageBox(null, MB_OK, nullptr); }},
-        {"heading", [&](int&) { return AfxVaskMessageBox(null, kText, MB_OK, nullptr); }},
-        {"text below a heading",
-         [&](int&) { return AfxVaskMessageBox(kHeading, null, MB_OK, nullptr); }},
-        {"check box",
-         [&](int& state) { return AfxVaskMessageBox(kText, null, state, MB_OK, nullptr); }},
-        {"text above a check box",
-         [&](int& state) { return AfxVaskMessageBox(null, kCheck, state, MB_OK, nullptr); }},
-        {"heading of all three",
-         [&](int& state) { return AfxVaskMessageBox(null, kText, kCheck, state, MB_OK, nullptr); }},
-        {"text id", [&](int&) { return AfxVaskMessageBox(kNoSuchText, MB_OK, nullptr); }},
-        {"heading id",
-         [&](int&) {
-             return AfxVaskMessageBox(kNoSuchText, kTextExceptionMemory, MB_OK, nullptr);
-         }},
-        {"check box id",
-         [&](int& state) {
-             return AfxVaskMessageBox(kTextExceptionMemory, kNoSuchText, state, MB_OK, nullptr);
-         }},
-        {"text id of all three",
-         [&](int& state) {
-             return AfxVaskMessageBox(kTextCrashWarning, kNoSuchText, kTextDoNotShowAgain, state,
-                                      MB_OK, nullptr);
-         }},
-        {"format", [&](int&) { return AfxFormatStringVaskMessageBox(null, MB_OK, nullptr); }},
-        {"format id",
-         [&](int&) { return AfxFormatStringVaskMessageBox(kNoSuchText, MB_OK, nullptr); }},
-        {"refused format",
-         [&](int&) { return AfxFormatStringVaskMessageBox(kText, MB_OK, nullptr); }},
-    };
-    MessageBoxRecorder recorder;
-    for (const auto& [label, show] : rows) {
-        int checkState = 7;
-        EXPECT_EQ(show(checkState), 0) << label;
-        EXPECT_EQ(checkState, 7) << label;
-        EXPECT_TRUE(recorder.Take().empty()) << label;
-    }
+    m_state = 7;
+    ExpectNothing(AfxVaskMessageBox(null, MB_OK, null));
+    ExpectNothing(AfxVaskMessageBox(null, kText, MB_OK, null));
+    ExpectNothing(AfxVaskMessageBox(kHeading, null, MB_OK, null));
+    ExpectNothing(AfxVaskMessageBox(kText, null, m_state, MB_OK, null));
+    ExpectNothing(AfxVaskMessageBox(null, kCheck, m_state, MB_OK, null));
+    ExpectNothing(AfxVaskMessageBox(null, kText, kCheck, m_state, MB_OK, null));
+    ExpectNothing(AfxVaskMessageBox(kNoSuchText, MB_OK, null));
+    ExpectNothing(AfxVaskMessageBox(kNoSuchText, text, MB_OK, null));
+    ExpectNothing(AfxVaskMessageBox(text, kNoSuchText, m_state, MB_OK, null));
+    ExpectNothing(AfxVaskMessageBox(heading, kNoSuchText, check, m_state, MB_OK, null));
+    ExpectNothing(AfxFormatStringVaskMessageBox(null, MB_OK, null));
+    ExpectNothing(AfxFormatStringVaskMessageBox(kNoSuchText, MB_OK, null));
+    ExpectNothing(AfxFormatStringVaskMessageBox(kText, MB_OK, null)); // not a format
 }
 
-TEST(VaskMessageBox, AnyOtherCheckStateStartsUnchecked) {
-    MessageBoxRecorder recorder;
+TEST_F(VaskMessageBox, AnyOtherCheckStateStartsUnchecked) {
     for (const auto& [before, after] : {std::pair(0, 0), {1, 1}, {2, 0}, {7, 0}, {-1, 0}}) {
         int checkState = before;
-        EXPECT_EQ(AfxVaskMessageBox(kText, kCheck, checkState, MB_OK, nullptr), IDOK);
+        EXPECT_EQ(AfxVaskMessageBox(kText, kCheck, checkState, MB_OK, nullptr), IDRETRY);
         EXPECT_EQ(checkState, after) << before;
-        EXPECT_EQ(recorder.Take().at(0).text, ShownText(nullptr, kText, kCheck, after));
+        EXPECT_EQ(m_recorder.Take().at(0).text, ShownText(nullptr, kText, kCheck, after));
     }
 }
 
-TEST(VaskMessageBox, TheCrashAsksFirst) {
-    MessageBoxRecorder recorder(IDNO);
+TEST_F(VaskMessageBox, TheCrashAsksFirst) { // the answer is not Yes
     AfxPerformDivideByZeroException();
     const RecordedMessageBox asked = {
         ShownText(kCatalogueHeading,
@@ -190,7 +133,7 @@ TEST(VaskMessageBox, TheCrashAsksFirst) {
                   _T("program to crash. Are you sure you want to continue?"),
                   nullptr, 0),
         MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2, 0};
-    EXPECT_EQ(recorder.Take(), std::vector{asked});
+    EXPECT_EQ(m_recorder.Take(), std::vector{asked});
 }
 
 } // namespace
