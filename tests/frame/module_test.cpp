@@ -31,9 +31,6 @@ TEST(Module, AFailedStartLeavesNoResourceHandle) {
     EXPECT_TRUE(QuorvelSetResourceHandle(instance));
 }
 
-int RefuseAll(const WCHAR*) {
-    return FALSE;
-}
 int AnswerByLink(const WCHAR* link) {
     return std::basic_string_view<WCHAR>(link) == _T("http://good") ? 7 : FALSE;
 }
@@ -44,12 +41,8 @@ TEST(Module, TheHookDecidesAboutLinks) {
         const WCHAR* link;
         int answer;
     } rows[] = {
-        {nullptr, _T("http://good"), TRUE},
-        {nullptr, _T(""), TRUE},
-        {nullptr, nullptr, FALSE},
-        {RefuseAll, _T("http://good"), FALSE},
-        {AnswerByLink, _T("http://good"), 7},
-        {AnswerByLink, _T("http://bad"), FALSE},
+        {nullptr, _T("http://good"), TRUE},   {nullptr, nullptr, FALSE},
+        {AnswerByLink, _T("http://good"), 7}, {AnswerByLink, _T("http://bad"), FALSE},
         {AnswerByLink, nullptr, FALSE},
     };
     EXPECT_EQ(QuorvelGetOpenExternalLinkCallback(), nullptr);
@@ -62,36 +55,22 @@ TEST(Module, TheHookDecidesAboutLinks) {
 }
 
 TEST(HtmlHelp, AFailureWithADescriptionIsShown) {
+    static HtmlHelpError s_error;
     MessageBoxRecorder recorder;
-    EXPECT_TRUE(ShowHtmlHelpError(
-        [](HtmlHelpError& error) {
-            error.code = static_cast<LONG>(0x80004005);
-            error.description = _T("The file %1 is damaged.");
-            return TRUE;
-        },
-        MB_ICONSTOP));
-    EXPECT_EQ(recorder.Take(),
-              (std::vector<RecordedMessageBox>{
-                  {_T("An html help error has occurred.\r\n\r\nThe file %1 is damaged."),
-                   MB_ICONSTOP, 0}}));
-    BOOL(*const quiet[])
-    (HtmlHelpError&) = {
-        [](HtmlHelpError& error) {
-            error = {-1, _T("a query that fails")};
-            return FALSE;
-        },
-        [](HtmlHelpError& error) {
-            error = {0, _T("a success")};
-            return TRUE;
-        },
-        [](HtmlHelpError& error) {
-            error = {-1, CString()};
-            return TRUE;
-        },
+    const auto show = [](LONG code, const WCHAR* description, BOOL (*query)(HtmlHelpError&)) {
+        s_error = {code, description};
+        return ShowHtmlHelpError(query, MB_ICONSTOP);
     };
-    for (const auto query : quiet)
-        EXPECT_FALSE(ShowHtmlHelpError(query, MB_OK));
+    const auto answer = [](HtmlHelpError& error) -> BOOL { return error = s_error, TRUE; };
+    const auto fail = [](HtmlHelpError& error) -> BOOL { return error = s_error, FALSE; };
+    EXPECT_FALSE(show(-1, _T("a query that fails"), fail));
+    EXPECT_FALSE(show(0, _T("a success"), answer));
+    EXPECT_FALSE(show(-1, _T(""), answer));
     EXPECT_TRUE(recorder.Take().empty());
+    EXPECT_TRUE(show(static_cast<LONG>(0x80004005), _T("The file %1 is damaged."), answer));
+    const RecordedMessageBox shown = {
+        _T("An html help error has occurred.\r\n\r\nThe file %1 is damaged."), MB_ICONSTOP, 0};
+    EXPECT_EQ(recorder.Take(), std::vector{shown});
 }
 
 } // namespace
