@@ -3,6 +3,7 @@
 #include <quorvel/framework/exceptions.h>
 
 #include "platform/case_fold.h"
+#include "platform/large_block.h"
 #include "platform/win32.h"
 
 #include <algorithm>
@@ -229,10 +230,12 @@ void CStringT<Ch>::Reallocate(int capacity) {
         header = static_cast<StringHeader*>(std::realloc(static_cast<void*>(old), bytes));
         if (header == nullptr)
             AfxThrowMemoryException();
+        quorvel::PreferHugePages(header, bytes);
     } else {
         void* block = std::malloc(bytes);
         if (block == nullptr)
             AfxThrowMemoryException();
+        quorvel::PreferHugePages(block, bytes);
         header = new (block) StringHeader{{1}, std::min(old->length, capacity), 0, 0};
         CopyCharacters(reinterpret_cast<Ch*>(header + 1), m_text, header->length);
         Release();

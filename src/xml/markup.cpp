@@ -2,6 +2,7 @@
 
 #include <quorvel/framework/exceptions.h>
 
+#include "platform/large_block.h"
 #include "platform/win32.h"
 #include "xml/angle_scanner.h"
 
@@ -20,6 +21,7 @@ void CMarkup::ElementIndex::Resize(int size) {
         records = std::realloc(m_records, static_cast<std::size_t>(size) * sizeof(ElemPos));
     if (records == nullptr)
         AfxThrowMemoryException();
+    quorvel::PreferHugePages(records, static_cast<std::size_t>(size) * sizeof(ElemPos));
     m_records = static_cast<ElemPos*>(records);
     m_size = size;
 }
@@ -76,6 +78,11 @@ bool CMarkup::SetDoc(const char* bytes, int length, unsigned int codePage) {
     if (bytes == nullptr || length < 1)
         return false;
     ResetPos();
+    if (codePage == CP_UTF8) { // never fails, nor has it more characters than bytes
+        WCHAR* text = m_strDoc.GetBuffer(length);
+        m_strDoc.ReleaseBuffer(MultiByteToWideChar(codePage, 0, bytes, length, text, length));
+        return Parse();
+    }
     const int needed = MultiByteToWideChar(codePage, 0, bytes, length, nullptr, 0);
     if (needed < 1)
         return false;

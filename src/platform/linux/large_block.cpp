@@ -1,0 +1,23 @@
+#include "platform/large_block.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace quorvel {
+
+void PreferHugePages(void* block, std::size_t size) {
+    constexpr std::size_t kLarge = std::size_t(1) << 20;
+    if (size < kLarge)
+        return;
+    static const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+    const auto begin = reinterpret_cast<std::uintptr_t>(block);
+    const std::uintptr_t first = (begin + pageSize - 1) / pageSize * pageSize;
+    const std::uintptr_t end = (begin + size) / pageSize * pageSize;
+    const int error = errno;
+    madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
+    errno = error; // a kernel without huge pages refuses, which is no failure
+}
+
+} // namespace quorvel
