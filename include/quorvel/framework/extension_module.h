@@ -30,7 +30,7 @@ public:
 
     HMODULE m_hModule;
     HMODULE m_hResource; // null: the entry is passed over
-    BOOL m_bSystem; // searched after all that are not
+    BOOL m_bSystem;      // searched after all that are not
     CDynLinkLibrary* m_pNextDLL;
 };
 
