@@ -2,6 +2,7 @@
 #include <quorvel/xml/markup.h>
 
 #include "platform/win32.h"
+#include "xml/markup_plan.h"
 
 #include <algorithm>
 #include <climits>
@@ -155,11 +156,12 @@ int CMarkup::x_LocateNew(int iPosParent, int& iPosBefore, int& offset, int lengt
     return offset;
 }
 
-bool CMarkup::x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool child) {
+bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool child,
+                       NewElem& plan) {
     if (name == nullptr || (child && m_iPosMain == 0))
         return false;
     const int iParent = child ? m_iPosMain : m_iPosParent;
-    int iBefore = child ? m_iPosChild : m_iPosMain;
+    plan.iAfter = child ? m_iPosChild : m_iPosMain;
     if (iParent == 0) {
         if (m_aPos[0].iFirstChild != 0)
             return false;
@@ -167,7 +169,7 @@ bool CMarkup::x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool
     }
     const Content content = iParent != 0 ? ContentOf(m_aPos[iParent]) : Content::Normal;
     int offset = 0;
-    x_LocateNew(iParent, iBefore, offset, 0, insert ? locateBefore : 0);
+    x_LocateNew(iParent, plan.iAfter, offset, 0, insert ? locateBefore : 0);
     if (content != Content::Normal)
         offset += 2; // the line break that goes before the new element
 
@@ -175,8 +177,9 @@ bool CMarkup::x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool
     const CString tagName(name);
     const int nameLength = tagName.GetLength();
     const CString escaped = x_TextToDoc(value, false);
-    ElemPos element{offset, 0, 0, 0, 0, iParent, 0, 0};
-    CString text;
+    ElemPos& element = plan.element;
+    element = {offset, 0, 0, 0, 0, iParent, 0, 0};
+    CString& text = plan.splice.text;
     text.Preallocate(2 * nameLength + escaped.GetLength() + 7);
     text = _T("<");
     text += tagName;
@@ -196,77 +199,94 @@ bool CMarkup::x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool
         element.nEndTagClose = element.nEndTagOpen + nameLength + 2;
     }
 
-    // Room for the record first and then the splice: what can fail comes before what changes.
-    int replaced = 0;
-    int start = offset;
-    int parentNameLength = 0;
+    plan.splice.start = offset;
     if (content == Content::EmptyElement) { // the parent's "/" becomes its content and end tag
         const CString parentName = x_GetTagName(iParent);
-        parentNameLength = parentName.GetLength();
-        start = m_aPos[iParent].nTagClose - 1;
-        replaced = 1;
+        plan.parentWasEmpty = true;
+        plan.parentNameLength = parentName.GetLength();
+        plan.splice.start = m_aPos[iParent].nTagClose - 1;
+        plan.splice.replaced = 1;
         text.Insert(0, _T(">\r\n"));
         text += _T("</");
         text += parentName;
     } else if (content == Content::EmptyPair) {
-        start = m_aPos[iParent].nTagClose + 1;
+        plan.splice.start = m_aPos[iParent].nTagClose + 1;
         text.Insert(0, _T("\r\n"));
     }
-    const int iNew = x_GetFreePos();
-    x_ReleasePos();
-    x_DocChange(start, replaced, text);
-    x_GetFreePos();
+    return true;
+}
 
-    int& link = iBefore != 0 ? m_aPos[iBefore].iNextSibling : m_aPos[iParent].iFirstChild;
-    element.iNextSibling = link;
+// Takes the record of an element whose text stands in the document and makes it current.
+int CMarkup::LinkElem(const NewElem& plan, bool child) {
+    const int iNew = x_GetFreePos();
+    const int iParent = plan.element.iParent;
+    ElemPos& parent = m_aPos[iParent];
+    int& link = plan.iAfter != 0 ? m_aPos[plan.iAfter].iNextSibling : parent.iFirstChild;
+    m_aPos[iNew] = plan.element;
+    m_aPos[iNew].iNextSibling = link;
     link = iNew;
-    if (element.iNextSibling == 0) {
+    if (m_aPos[iNew].iNextSibling == 0) {
         m_iLastChildParent = iParent;
         m_iLastChild = iNew;
     }
-    m_aPos[iNew] = element;
-    if (content == Content::EmptyElement) {
-        m_aPos[iParent].nTagClose -= 1;
-        m_aPos[iParent].nEndTagOpen -= parentNameLength + 1;
+    if (plan.parentWasEmpty) {
+        parent.nTagClose -= 1;
+        parent.nEndTagOpen -= plan.parentNameLength + 1;
     }
-    x_Adjust(iNew, text.GetLength() - replaced, false);
     if (child)
         x_SetPos(m_iPosParent, m_iPosMain, iNew);
     else
         x_SetPos(iParent, iNew, 0);
+    return iNew;
+}
+
+bool CMarkup::x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool child) {
+    NewElem plan;
+    if (!PlanElem(name, value, insert, child, plan))
+        return false;
+    // Room for the record first and then the splice: what can fail comes before what changes.
+    x_GetFreePos();
+    x_ReleasePos();
+    x_DocChange(plan.splice.start, plan.splice.replaced, plan.splice.text);
+    x_Adjust(LinkElem(plan, child), plan.splice.Shift(), false);
     return true;
 }
 
-bool CMarkup::x_SetAttrib(int iPos, const WCHAR* name, const WCHAR* value) {
+bool CMarkup::PlanAttrib(int iPos, const WCHAR* name, const WCHAR* value, Splice& plan) const {
     if (name == nullptr || iPos == 0 || m_nNodeType != nodeElement)
         return false;
-    ElemPos& element = m_aPos[iPos];
+    const ElemPos& element = m_aPos[iPos];
     TokenPos token{0, 0, element.nTagOpen + 1, m_strDoc, FALSE};
-    CString text = x_TextToDoc(value, true);
-    int start;
-    int replaced = 0;
+    plan.text = x_TextToDoc(value, true);
     if (x_FindAttrib(token, name) && token.bQuoted) {
         // A value that holds the ">" the tag was cut at reaches beyond the tag.
         if (token.nLast >= element.nTagClose)
             return false;
-        start = token.nFirst;
-        replaced = token.nLast - token.nFirst + 1;
-    } else {
-        start =
-            ContentOf(element) == Content::EmptyElement ? element.nEndTagOpen : element.nTagClose;
-        CString attribute(_T(" "));
-        attribute += name;
-        attribute += _T("=\"");
-        attribute += text;
-        attribute += _T("\"");
-        text = attribute;
+        plan.start = token.nFirst;
+        plan.replaced = token.nLast - token.nFirst + 1;
+        return true;
     }
-    const int shift = text.GetLength() - replaced;
-    x_DocChange(start, replaced, text);
-    element.nTagClose += shift;
-    element.nEndTagOpen += shift;
-    element.nEndTagClose += shift;
-    x_Adjust(iPos, shift, false);
+    plan.start =
+        ContentOf(element) == Content::EmptyElement ? element.nEndTagOpen : element.nTagClose;
+    CString attribute(_T(" "));
+    attribute += name;
+    attribute += _T("=\"");
+    attribute += plan.text;
+    attribute += _T("\"");
+    plan.text = attribute;
+    return true;
+}
+
+bool CMarkup::x_SetAttrib(int iPos, const WCHAR* name, const WCHAR* value) {
+    Splice plan;
+    if (!PlanAttrib(iPos, name, value, plan))
+        return false;
+    x_DocChange(plan.start, plan.replaced, plan.text);
+    ElemPos& element = m_aPos[iPos];
+    element.nTagClose += plan.Shift();
+    element.nEndTagOpen += plan.Shift();
+    element.nEndTagClose += plan.Shift();
+    x_Adjust(iPos, plan.Shift(), false);
     return true;
 }
 

@@ -10,7 +10,7 @@
 // there is memory for a text but not for its index, the text is kept with an empty index). Parsing
 // is linear and iterative whatever the nesting. An edit moves the text and visits the elements
 // behind it, so that many edits at the front of a large document are quadratic by definition;
-// appending is not.
+// appending is not. CMarkupEditSession makes many edits in linear time.
 //
 // How texts are read (the parser is lenient; AfxCheckXML judges well-formedness):
 // - A zero character ends the text for the parser; the document keeps what follows it.
@@ -31,6 +31,8 @@
 #pragma once
 
 #include <quorvel/framework/string.h>
+
+#include <utility>
 
 namespace quorvel {
 class AngleScanner;
@@ -189,6 +191,10 @@ protected:
             CheckIndex(index);
             return m_records[index];
         }
+        void Swap(ElementIndex& other) noexcept {
+            std::swap(m_records, other.m_records);
+            std::swap(m_size, other.m_size);
+        }
         ElemPos* GetData() { return m_records; }
         const ElemPos* GetData() const { return m_records; }
 
@@ -239,10 +245,18 @@ protected:
     int m_nNodeType = 0;
 
 private:
+    friend class CMarkupEditSession; // shares the index and what an edit is made of
+
+    struct Splice;  // a change of the text
+    struct NewElem; // the text and the record of an element to add
+
     bool Parse();
     static bool SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int open, int end);
     int CloseElement(const ElemPos& element, int tagOpen);
     int LastChildOf(int iPosParent);
+    bool PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool child, NewElem& plan);
+    bool PlanAttrib(int iPos, const WCHAR* name, const WCHAR* value, Splice& plan) const;
+    int LinkElem(const NewElem& plan, bool child);
 
     int m_nParseEnd = 0; // where the parser stops: the first zero character of the text
     // The last child of one parent, remembered so that appending without a child position need not

@@ -1,0 +1,11 @@
+// Makes the calls that the bytes name directly on one document and through a session on another:
+// results, what is read, text, index and positions must agree.
+#include "xml/session_script.h"
+
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (*SessionScript::Run({data, size}) != 0)
+        std::abort();
+    return 0;
+}

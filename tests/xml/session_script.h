@@ -1,0 +1,141 @@
+// The same script of calls made directly on one document and through a session on another.
+#pragma once
+
+#include "xml/markup_probe.h"
+
+#include <quorvel/xml/edit_session.h>
+
+#include <cstdint>
+#include <iterator>
+#include <span>
+
+class SessionScript {
+public:
+    // Sessions refuse what lies before the last edit; whether a call does is worked out here from
+    // the positions of a direct edit. Empty when all agrees, or else what did not.
+    static const char* Run(std::span<const std::uint8_t> script) {
+        if (script.empty())
+            return "";
+        MarkupProbe direct(Pick(kDocuments, script[0]));
+        MarkupProbe edited(direct);
+        const bool positioned = script[0] / std::size(kDocuments) % 2 != 0;
+        if (positioned) { // a session begins where the document stands
+            direct.FindChildElem();
+            edited.FindChildElem();
+        }
+        const MarkupProbe before(edited);
+        CMarkupEditSession session(edited);
+        int lastEdited = 0;
+        for (std::size_t i = 1; i < script.size() && i <= kMostSteps; ++i) {
+            const unsigned operation = script[i] % kOperations;
+            const unsigned choice = script[i] / kOperations;
+            MarkupProbe trial(direct);
+            const bool done = Step(trial, operation, choice);
+            const int place = done ? PlaceOf(trial, operation) : 0;
+            const bool refused = done && IsEdit(operation) && lastEdited != 0 &&
+                                 IsBefore(direct, trial, place, lastEdited, operation);
+            if (Step(session, operation, choice) != (done && !refused))
+                return "the result";
+            if (!refused)
+                Step(direct, operation, choice);
+            if (done && !refused && IsEdit(operation))
+                lastEdited = place;
+            if (!ReadsAlike(direct, session))
+                return "what is read";
+        }
+        if (edited.GetDoc() != before.GetDoc() || edited.Position() != before.Position())
+            return "the document before Commit";
+        if (!session.Commit() || session.Commit() || session.AddElem(_T("late")) ||
+            session.FindElem())
+            return "the end of the session";
+        if (edited.GetDoc() != direct.GetDoc())
+            return "the text";
+        if (edited.Tree() != direct.Tree() || edited.Position() != direct.Position() ||
+            edited.RecordCount() != direct.RecordCount() ||
+            edited.Record(0).nEndTagOpen != direct.Record(0).nEndTagOpen ||
+            edited.Record(0).nEndTagClose != direct.Record(0).nEndTagClose)
+            return "the index";
+        return "";
+    }
+
+private:
+    static constexpr std::size_t kMostSteps = 200;
+    static constexpr unsigned kOperations = 11;
+    static constexpr const WCHAR* kNames[] = {_T("a"), _T("bb"), _T("x.y"), _T("'q"), _T("c='")};
+    static constexpr const WCHAR* kValues[] = {nullptr, _T(""), _T("t"), _T("<&>'\""),
+                                               _T("<![CDATA[\"> <x>]]>")};
+    static constexpr const WCHAR* kDocuments[] = {
+        _T(""),
+        _T("only text"),
+        _T("<r/>"),
+        _T("<r></r>"),
+        _T("<?x?><r> <a bb='c'/> t <bb></bb>\n<a><a/><bb>t</bb></a>\n</r ><!--e-->"),
+        _T("<r a='1'><a a='1>2'/><bb a='><a a=\"\"/>  <a>text</a></r>\r\n' <more/>"),
+        _T("<r><a><a><a><a/></a> </a></a><bb x.y=\"long enough to shrink\"></bb></r>"),
+    };
+
+    template <class Table>
+    static const WCHAR* Pick(const Table& table, std::size_t choice) {
+        return table[choice % std::size(table)];
+    }
+
+    template <class Document>
+    static bool Step(Document& document, unsigned operation, unsigned choice) {
+        const WCHAR* name = Pick(kNames, choice);
+        const WCHAR* value = Pick(kValues, choice / std::size(kNames));
+        switch (operation) {
+        case 0:
+            return document.AddElem(name, value);
+        case 1:
+            return document.AddChildElem(name, value);
+        case 2:
+            return document.SetAttrib(name, value);
+        case 3:
+            return document.SetChildAttrib(name, value);
+        case 4:
+        case 5:
+            return document.FindElem(choice % 4 == 0 ? name : nullptr);
+        case 6:
+            return document.FindChildElem(choice % 4 == 0 ? name : nullptr);
+        case 7:
+            return document.IntoElem();
+        case 8:
+            return document.OutOfElem();
+        case 9:
+            document.ResetChildPos();
+            return true;
+        default:
+            choice % 4 == 0 ? document.ResetPos() : document.ResetMainPos();
+            return true;
+        }
+    }
+
+    static bool IsEdit(unsigned operation) { return operation < 4; }
+    static bool IsAdd(unsigned operation) { return operation < 2; }
+    // The element that an edit has added or changed.
+    static int PlaceOf(const MarkupProbe& markup, unsigned operation) {
+        return markup.Position()[operation % 2 == 0 ? 1 : 2];
+    }
+
+    static bool IsBefore(const MarkupProbe& direct, const MarkupProbe& trial, int place,
+                         int lastEdited, unsigned operation) {
+        const int last = direct.Record(lastEdited).nTagOpen;
+        if (!IsAdd(operation))
+            return direct.Record(place).nTagOpen < last;
+        const bool directlyBefore = trial.Record(place).nTagOpen == last &&
+                                    trial.Record(place).iParent == trial.Record(lastEdited).iParent;
+        return trial.Record(place).nTagOpen < trial.Record(lastEdited).nTagOpen && !directlyBefore;
+    }
+
+    static bool ReadsAlike(const MarkupProbe& direct, CMarkupEditSession& session) {
+        bool alike = direct.IsWellFormed() == session.IsWellFormed() &&
+                     direct.GetTagName() == session.GetTagName() &&
+                     direct.GetChildTagName() == session.GetChildTagName() &&
+                     direct.GetData() == session.GetData() &&
+                     direct.GetChildData() == session.GetChildData();
+        for (const WCHAR* name : kNames)
+            alike = alike && direct.GetAttrib(name) == session.GetAttrib(name) &&
+                    direct.GetChildAttrib(name) == session.GetChildAttrib(name);
+        return alike;
+    }
+};
