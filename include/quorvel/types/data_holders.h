@@ -1,0 +1,138 @@
+// CByteData, CWordData and CDWordData: one unsigned integer of 8, 16 or 32 bits as flags and
+// fields.
+//
+// A field is the `width` bits from bit `shift` on, counted from the lowest. The three classes
+// differ in the width of their value alone and are explained on the first. Nothing throws but
+// Serialize and Deserialize. One object may be used by one thread at a time.
+#pragma once
+
+#include <quorvel/framework/archive.h>
+#include <quorvel/platform/platform.h>
+
+class QUORVEL_API CByteData {
+public:
+    static constexpr BYTE DEFAULT_DATA = 0;
+    static constexpr int MIN_BIT_SHIFT = 0;
+    static constexpr int MAX_BIT_SHIFT = 7;
+    static constexpr int MIN_FIELD_WIDTH = 1;
+    static constexpr int MAX_FIELD_WIDTH = 8;
+
+    CByteData() noexcept = default;
+    CByteData(BYTE data) noexcept : m_data(data) {}
+    CByteData(const CByteData& other) noexcept = default;
+    CByteData& operator=(const CByteData& other) noexcept = default;
+
+    // The value in its own width, little-endian. Both throw as CArchive does: into an archive that
+    // loads, readOnly; from one that stores, writeOnly; endOfFile, and the value unchanged.
+    virtual void Serialize(CArchive& archive) const;
+    virtual void Deserialize(CArchive& archive);
+    virtual ~CByteData() = default;
+
+    BOOL operator==(const CByteData& other) const noexcept { return m_data == other.m_data; }
+    BOOL operator!=(const CByteData& other) const noexcept { return m_data != other.m_data; }
+
+    void SetData(BYTE data) noexcept { m_data = data; }
+    BYTE GetData() const noexcept { return m_data; }
+
+    void SetFlag(BYTE mask) noexcept { m_data |= mask; }
+    void ClearFlag(BYTE mask) noexcept { m_data &= static_cast<BYTE>(~mask); }
+    BOOL IsFlagSet(BYTE mask) const noexcept { return (m_data & mask) == mask; } // all its bits
+
+    static BOOL IsValidBitShift(int shift) noexcept;
+    static BOOL IsValidFieldWidth(int width) noexcept;
+    static BOOL IsValidField(int shift, int width) noexcept; // no bit of it is above the highest
+    static BYTE GetMaximumFieldValue(int width) noexcept;    // 0 for an invalid width
+    static BOOL IsValidFieldValue(int width, BYTE value) noexcept;
+    static BYTE GetFieldMask(int shift, int width) noexcept; // 0 for an invalid field
+
+    BYTE GetFieldData(int shift, int width) const noexcept; // 0 for an invalid field
+    // FALSE, and nothing changed, for an invalid field and for a value above the field's maximum.
+    BOOL SetFieldData(int shift, int width, BYTE fieldValue) noexcept;
+
+private:
+    BYTE m_data = DEFAULT_DATA;
+};
+
+class QUORVEL_API CWordData {
+public:
+    CWordData() noexcept = default;
+    CWordData(WORD data) noexcept : m_data(data) {}
+    CWordData(const CWordData& other) noexcept = default;
+    CWordData& operator=(const CWordData& other) noexcept = default;
+
+    virtual void Serialize(CArchive& archive) const;
+    virtual void Deserialize(CArchive& archive);
+    virtual ~CWordData() = default;
+
+    BOOL operator==(const CWordData& other) const noexcept { return m_data == other.m_data; }
+    BOOL operator!=(const CWordData& other) const noexcept { return m_data != other.m_data; }
+
+    void SetData(WORD data) noexcept { m_data = data; }
+    WORD GetData() const noexcept { return m_data; }
+
+    void SetFlag(WORD mask) noexcept { m_data |= mask; }
+    void ClearFlag(WORD mask) noexcept { m_data &= static_cast<WORD>(~mask); }
+    BOOL IsFlagSet(WORD mask) const noexcept { return (m_data & mask) == mask; }
+
+    static BOOL IsValidBitShift(int shift) noexcept;
+    static BOOL IsValidFieldWidth(int width) noexcept;
+    static BOOL IsValidField(int shift, int width) noexcept;
+    static WORD GetMaximumFieldValue(int width) noexcept;
+    static BOOL IsValidFieldValue(int width, WORD value) noexcept;
+    static WORD GetFieldMask(int shift, int width) noexcept;
+
+    WORD GetFieldData(int shift, int width) const noexcept;
+    BOOL SetFieldData(int shift, int width, WORD fieldValue) noexcept;
+
+protected:
+    static constexpr WORD DEFAULT_DATA = 0;
+    static constexpr int MIN_BIT_SHIFT = 0;
+    static constexpr int MAX_BIT_SHIFT = 15;
+    static constexpr int MIN_FIELD_WIDTH = 1;
+    static constexpr int MAX_FIELD_WIDTH = 16;
+
+private:
+    WORD m_data = DEFAULT_DATA;
+};
+
+class QUORVEL_API CDWordData {
+public:
+    CDWordData() noexcept = default;
+    CDWordData(DWORD data) noexcept : m_data(data) {}
+    CDWordData(const CDWordData& other) noexcept = default;
+    CDWordData& operator=(const CDWordData& other) noexcept = default;
+
+    virtual void Serialize(CArchive& archive) const;
+    virtual void Deserialize(CArchive& archive);
+    virtual ~CDWordData() = default;
+
+    BOOL operator==(const CDWordData& other) const noexcept { return m_data == other.m_data; }
+    BOOL operator!=(const CDWordData& other) const noexcept { return m_data != other.m_data; }
+
+    void SetData(DWORD data) noexcept { m_data = data; }
+    DWORD GetData() const noexcept { return m_data; }
+
+    void SetFlag(DWORD mask) noexcept { m_data |= mask; }
+    void ClearFlag(DWORD mask) noexcept { m_data &= ~mask; }
+    BOOL IsFlagSet(DWORD mask) const noexcept { return (m_data & mask) == mask; }
+
+    static BOOL IsValidBitShift(int shift) noexcept;
+    static BOOL IsValidFieldWidth(int width) noexcept;
+    static BOOL IsValidField(int shift, int width) noexcept;
+    static DWORD GetMaximumFieldValue(int width) noexcept;
+    static BOOL IsValidFieldValue(int width, DWORD value) noexcept;
+    static DWORD GetFieldMask(int shift, int width) noexcept;
+
+    DWORD GetFieldData(int shift, int width) const noexcept;
+    BOOL SetFieldData(int shift, int width, DWORD fieldValue) noexcept;
+
+protected:
+    static constexpr DWORD DEFAULT_DATA = 0;
+    static constexpr int MIN_BIT_SHIFT = 0;
+    static constexpr int MAX_BIT_SHIFT = 31;
+    static constexpr int MIN_FIELD_WIDTH = 1;
+    static constexpr int MAX_FIELD_WIDTH = 32;
+
+private:
+    DWORD m_data = DEFAULT_DATA;
+};

@@ -1,0 +1,36 @@
+// CVector2D: a vector in the plane.
+//
+// Arithmetic is that of doubles: nothing is guarded and nothing throws. One object may be used by
+// one thread at a time.
+#pragma once
+
+#include <quorvel/platform/platform.h>
+
+class QUORVEL_API CVector2D {
+public:
+    static constexpr double DEFAULT_X = 1.0;
+    static constexpr double DEFAULT_Y = 1.0;
+
+    CVector2D() noexcept = default;
+    CVector2D(double newX, double newY) noexcept : x(newX), y(newY) {}
+    CVector2D(const POINT& from, const POINT& to) noexcept; // exact for all points
+    CVector2D(const CVector2D& other) noexcept = default;
+    CVector2D& operator=(const CVector2D& other) noexcept = default;
+
+    // Components are compared exactly.
+    BOOL operator==(const CVector2D& other) const noexcept;
+    BOOL operator!=(const CVector2D& other) const noexcept;
+
+    double GetSquared() const noexcept;   // x * x + y * y
+    double GetMagnitude() const noexcept; // its square root
+
+    static double GetDotProduct(const CVector2D& a, const CVector2D& b) noexcept;
+    // The distance of the point `a` from the line through the origin along `b`; not finite for a
+    // zero `b`.
+    static double GetLengthOfNormal(const CVector2D& a, const CVector2D& b) noexcept;
+
+    double x = DEFAULT_X;
+    double y = DEFAULT_Y;
+};
+
+QUORVEL_API CVector2D operator-(const CVector2D& left, const CVector2D& right) noexcept;

@@ -1,0 +1,165 @@
+#include <quorvel/types/data_holders.h>
+#include <quorvel/types/guid.h>
+
+#include "support/exceptions.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <string>
+
+namespace {
+
+template <class Value>
+std::string ImageOf(const Value& value) {
+    CMemFile file;
+    CArchive archive(&file, CArchive::store);
+    value.Serialize(archive);
+    archive.Close();
+    std::string bytes(static_cast<std::size_t>(file.GetLength()), '\0');
+    file.SeekToBegin();
+    file.Read(bytes.data(), static_cast<UINT>(bytes.size()));
+    return bytes;
+}
+
+// The archive's cause of an operation on an archive over the bytes.
+template <class Operation>
+int Cause(std::string bytes, UINT mode, Operation operation) {
+    CMemFile file(reinterpret_cast<BYTE*>(bytes.data()), static_cast<UINT>(bytes.size()));
+    CArchive archive(&file, mode);
+    return CauseOf<CArchiveException>([&] { operation(archive); });
+}
+
+template <class Holder>
+void ExpectImage(Holder holder, const std::string& image) {
+    EXPECT_EQ(ImageOf(holder), image);
+    Holder loaded(1);
+    const auto load = [&](CArchive& archive) { loaded.Deserialize(archive); };
+    EXPECT_EQ(Cause(image.substr(1), CArchive::load, load), CArchiveException::endOfFile);
+    EXPECT_EQ(Cause("", CArchive::store, load), CArchiveException::writeOnly);
+    EXPECT_EQ(Cause(image, CArchive::load, [&](CArchive& archive) { holder.Serialize(archive); }),
+              CArchiveException::readOnly);
+    EXPECT_EQ(loaded.GetData(), 1u);
+    EXPECT_EQ(Cause(image, CArchive::load, load), CArchiveException::none);
+    EXPECT_TRUE(loaded == holder);
+}
+
+template <class Holder, class Value>
+void ExpectMask(int shift, int width, Value mask) {
+    EXPECT_EQ(Holder::IsValidField(shift, width), mask != 0);
+    EXPECT_EQ(Holder::GetFieldMask(shift, width), mask);
+    Holder holder(static_cast<Value>(~Value{0}));
+    EXPECT_EQ(holder.GetFieldData(shift, width), mask != 0 ? mask >> shift : 0);
+    EXPECT_EQ(holder.SetFieldData(shift, width, 0), mask != 0);
+    EXPECT_EQ(holder.GetData(), static_cast<Value>(~mask));
+}
+
+TEST(DataHolders, FieldsStayInsideTheirValue) {
+    const struct {
+        int shift, width;
+        BYTE byte;
+        WORD word;
+        DWORD dword;
+    } rows[] = {
+        {0, 1, 0x01, 0x01, 0x01},
+        {4, 4, 0xf0, 0xf0, 0xf0},
+        {5, 4, 0, 0x1e0, 0x1e0},
+        {0, 8, 0xff, 0xff, 0xff},
+        {15, 1, 0, 0x8000, 0x8000},
+        {0, 16, 0, 0xffff, 0xffff},
+        {31, 1, 0, 0, 0x80000000},
+        {0, 32, 0, 0, 0xffffffff},
+        {1, 32, 0, 0, 0},
+        {32, 1, 0, 0, 0},
+        {0, 0, 0, 0, 0},
+        {-1, 2, 0, 0, 0},
+        {2, -1, 0, 0, 0},
+        {INT_MAX, INT_MAX, 0, 0, 0},
+        {INT_MIN, INT_MIN, 0, 0, 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.width << " bits from " << row.shift);
+        ExpectMask<CByteData>(row.shift, row.width, row.byte);
+        ExpectMask<CWordData>(row.shift, row.width, row.word);
+        ExpectMask<CDWordData>(row.shift, row.width, row.dword);
+    }
+    CByteData byte;
+    EXPECT_TRUE(byte.SetFieldData(2, 3, 5));
+    EXPECT_FALSE(byte.SetFieldData(2, 3, 8));
+    EXPECT_EQ(byte.GetData(), 0x14);
+    EXPECT_EQ(CDWordData::GetMaximumFieldValue(33), 0u);
+    EXPECT_FALSE(CDWordData::IsValidFieldValue(0, 0));
+}
+
+TEST(DataHolders, AFlagIsAllItsBits) {
+    CWordData word(0x8001);
+    EXPECT_FALSE(word.IsFlagSet(0x8003));
+    word.SetFlag(0x0006);
+    EXPECT_TRUE(word.IsFlagSet(0x8003));
+    word.ClearFlag(0x8002);
+    EXPECT_TRUE(word == CWordData(0x0005));
+}
+
+TEST(DataHolders, AreStoredInTheirOwnWidth) {
+    ExpectImage(CByteData(0xf1), "\xf1");
+    ExpectImage(CWordData(0x1234), "\x34\x12");
+    ExpectImage(CDWordData(0x89abcdef), "\xef\xcd\xab\x89");
+}
+
+TEST(Guid, TextIsThirtyTwoHexadecimalDigits) {
+    const std::string digits = "0123456789abcdefABCDEF0123456789";
+    const struct {
+        const char* label;
+        std::string text;
+        BOOL valid;
+    } rows[] = {
+        {"either case", digits, TRUE},
+        {"31", digits.substr(1), FALSE},
+        {"33", digits + "0", FALSE},
+        {"empty", "", FALSE},
+        {"g", digits.substr(1) + "g", FALSE},
+        {"line break", digits.substr(1) + "\n", FALSE},
+        {"line break behind", digits + "\n", FALSE},
+        {"beyond ASCII", digits.substr(1) + "\xe9", FALSE},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        CGUID guid;
+        const CStringA generated = guid.GetGUID();
+        EXPECT_EQ(CGUID::IsValidGUID(row.text.c_str()), row.valid);
+        EXPECT_EQ(guid.SetGUID(row.text.c_str()), row.valid);
+        EXPECT_EQ(guid.GetGUID(), row.valid ? CStringA(row.text.c_str()) : generated);
+    }
+    CGUID guid;
+    EXPECT_FALSE(CGUID::IsValidGUID(nullptr));
+    EXPECT_FALSE(guid.SetGUID(nullptr));
+    EXPECT_EQ(guid.ToString(), CString(guid.GetGUID().GetString()));
+}
+
+TEST(Guid, NewOnesDifferAndAreUpperCase) {
+    CGUID first, second;
+    EXPECT_TRUE(first.IsValid());
+    EXPECT_TRUE(first != second);
+    EXPECT_EQ(first.GetGUID(), CStringA(first.GetGUID()).MakeUpper());
+}
+
+TEST(Guid, IsStoredAsThirtyTwoBytes) {
+    const std::string digits = "0123456789abcdefABCDEF0123456789";
+    CGUID guid;
+    guid.SetGUID(digits.c_str());
+    EXPECT_EQ(ImageOf(guid), digits);
+
+    const auto load = [&](CArchive& archive) { guid.Deserialize(archive); };
+    EXPECT_EQ(Cause(digits.substr(1), CArchive::load, load), CArchiveException::endOfFile);
+    EXPECT_EQ(guid.GetGUID(), digits.c_str());
+    const std::string zeroInside = digits.substr(0, 31) + std::string(1, '\0');
+    for (const std::string& invalid : {std::string(32, 'x'), zeroInside}) {
+        EXPECT_EQ(Cause(invalid + "next", CArchive::load, load), CArchiveException::none);
+        EXPECT_FALSE(guid.IsValid());
+        EXPECT_EQ(ImageOf(guid), CGUID::DEFAULT_GUID);
+    }
+    EXPECT_EQ(Cause("", CArchive::store, load), CArchiveException::writeOnly);
+}
+
+} // namespace

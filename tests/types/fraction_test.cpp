@@ -1,0 +1,207 @@
+#include <quorvel/types/fraction.h>
+#include <quorvel/types/vector2d.h>
+
+#include "support/exceptions.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+typedef CFraction F;
+
+// Both members, as CFraction's own == compares values.
+testing::AssertionResult Is(const F& fraction, const F& expected) {
+    if (fraction.GetNumerator() == expected.GetNumerator() &&
+        fraction.GetDenominator() == expected.GetDenominator())
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << fraction.GetNumerator() << '/' << fraction.GetDenominator() << " is not "
+           << expected.GetNumerator() << '/' << expected.GetDenominator();
+}
+
+TEST(Fraction, CommonDivisorIsNeverNegative) {
+    const struct {
+        int a, b, divisor, multiple;
+    } rows[] = {
+        {0, 0, 1, 0},
+        {-12, 18, 6, -36},
+        {0, -5, 5, 0},
+        {-7, 0, 7, 0},
+        {INT_MIN, 6, 2, 0}, // products wrap, here to 0
+        {65536, 65537, 1, 65536},
+        {INT_MIN, -1, 1, INT_MIN},
+        {INT_MIN, 0, INT_MIN, 0}, // the one magnitude that does not fit
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(F::GetGreatestCommonDivisor(row.a, row.b), row.divisor) << row.a << ' ' << row.b;
+        EXPECT_EQ(F::GetLowestCommonDenominator(F(1, row.a), F(1, row.b)), row.multiple) << row.a;
+    }
+}
+
+TEST(Fraction, LowestTermsKeepWhatTheirDenominatorDivides) {
+    const struct {
+        BOOL result;
+        F fraction, lowest;
+    } rows[] = {
+        {TRUE, {2, 4}, {1, 2}},
+        {TRUE, {3, 6}, {1, 2}},
+        {TRUE, {4, 2}, {4, 2}},
+        {TRUE, {0, 2}, {0, 2}},
+        {TRUE, {4, -6}, {2, -3}},
+        {TRUE, {0, -5}, {0, -1}},
+        {TRUE, {-4, -4}, {-1, -1}},
+        {TRUE, {INT_MIN, INT_MIN}, {-1, -1}},
+        {TRUE, {0, INT_MIN}, {0, -1}},
+        {TRUE, {INT_MIN, 6}, {INT_MIN / 2, 3}},
+        {TRUE, {INT_MIN, -1}, {INT_MIN, -1}},
+        {FALSE, {4, 0}, {4, 0}},
+    };
+    for (const auto& row : rows) {
+        F reduced(row.fraction);
+        EXPECT_EQ(reduced.ReduceToLowestTerms(), row.result);
+        EXPECT_TRUE(Is(reduced, row.lowest));
+        EXPECT_EQ(row.fraction.IsInLowestTerms(), row.result && Is(row.fraction, row.lowest));
+    }
+}
+
+TEST(Fraction, EquivalentNeedsAFactor) {
+    const struct {
+        F fraction;
+        int denominator;
+        BOOL result;
+        F equivalent;
+    } rows[] = {
+        {{1, 2}, 6, TRUE, {3, 6}},         {{3, 6}, 2, TRUE, {1, 2}},
+        {{5, 6}, 6, TRUE, {5, 6}},         {{1, 2}, -2, TRUE, {-1, -2}},
+        {{5, 6}, 4, FALSE, {0, 1}},        {{5, 6}, 3, FALSE, {0, 1}},
+        {{1, 2}, 3, FALSE, {0, 1}},        {{1, -2}, -4, FALSE, {0, 1}},
+        {{1, 2}, 0, FALSE, {0, 1}},        {{1, 0}, 2, FALSE, {0, 1}},
+        {{1, INT_MIN}, -1, FALSE, {0, 1}}, {{INT_MIN, 2}, -2, TRUE, {INT_MIN, -2}},
+    };
+    for (const auto& row : rows) {
+        F result(7, 7), itself(row.fraction);
+        EXPECT_EQ(row.fraction.GetEquivalentFraction(row.denominator, result), row.result);
+        EXPECT_TRUE(Is(result, row.equivalent)) << row.denominator;
+        itself.GetEquivalentFraction(row.denominator, itself);
+        EXPECT_TRUE(Is(itself, row.equivalent)) << row.denominator;
+    }
+}
+
+TEST(Fraction, ArithmeticReducesAndWraps) {
+    F sum(1, 2);
+    sum += F(1, 3);
+    const struct {
+        const char* label;
+        F result, expected;
+    } rows[] = {
+        {"sum", sum, {5, 6}},
+        {"zero", F(1, 2) - F(1, 2), {0, 2}},
+        {"shared factor", F(1, 6) + F(1, 10), {4, 15}},
+        {"signs move up", F(1, -2) - F(1, -3), {-1, 6}},
+        {"undefined", F(1, 0) + F(1, 2), {0, 0}},
+        {"product", F(2, 3) * F(3, 4), {1, 2}},
+        {"whole number", F(1, 2) * 4, {4, 2}},
+        {"quotient", F(1, 2) / F(-3, 4), {2, -3}},
+        {"by zero", F(1, 2) / 0, {0, 0}},
+        {"numerators wrap", F(INT_MAX) + 1, {INT_MIN, 1}},
+        {"denominators wrap to 0", F(1, 65536) * F(1, 65536), {1, 0}},
+        {"both at the minimum", F(1, INT_MIN) + F(1, INT_MIN), {0, 0}},
+        {"minimum by -1", F(1, -1) + F(1, INT_MIN), {INT_MIN + 1, INT_MIN}},
+        {"product at the minimum", F(INT_MIN, -1) * F(-1, 1), {INT_MIN, -1}},
+    };
+    for (const auto& row : rows)
+        EXPECT_TRUE(Is(row.result, row.expected)) << row.label;
+}
+
+TEST(Fraction, ComparesValuesAndNeverTheUndefined) {
+    const F undefined(1, 0), half(1, 2), third(-1, -3);
+    EXPECT_TRUE(half == F(2, 4) && half >= F(2, 4) && half <= F(2, 4) && third != half);
+    EXPECT_TRUE(third < half && half > third && third <= half && half >= third);
+    EXPECT_TRUE(F(INT_MIN, -1) > INT_MAX);
+    EXPECT_FALSE(undefined == undefined || undefined != undefined || undefined >= half);
+    EXPECT_FALSE(F().IsReciprocal(undefined));
+    EXPECT_TRUE(half.IsReciprocal(2));
+    EXPECT_TRUE(F(1, -2).IsNegative() && F(INT_MIN, -2).IsPositive() && F().IsZero());
+    EXPECT_FALSE(F(-1, 0).IsNegative() || F(0, 0).IsZero() || F(0, -1).IsNegative());
+}
+
+TEST(Fraction, DecimalsBecomeNearFractions) {
+    const struct {
+        double value;
+        F fraction;
+    } rows[] = {
+        {0.75, {3, 4}},
+        {-2.0, {-2, 1}},
+        {0.3333333, {1, 3}},
+        {-0.0, {0, 1}},
+        {-3.5, {-7, 2}},
+        {1e-8, {0, 1}},
+        {0.1f, {1, 10}},
+        {2147483647, {INT_MAX, 1}},
+        {2147483647.5, {0, 0}},
+        {-2147483648.0, {0, 0}},
+        {HUGE_VAL, {0, 0}},
+        {std::nan(""), {0, 0}},
+        {3.14159265358979, {103993, 33102}},
+    };
+    for (const auto& row : rows)
+        EXPECT_TRUE(Is(F(row.value), row.fraction)) << row.value;
+    F(2000000000.123456789); // convergents beyond 32 bits: defined, whatever the result
+}
+
+TEST(Fraction, TextHasTheSignInFront) {
+    const struct {
+        F fraction;
+        const WCHAR *plain, *mixed;
+    } rows[] = {
+        {{7, 2}, _T("7/2"), _T("3 1/2")},
+        {{1, -3}, _T("-1/3"), _T("-1/3")},
+        {{-7, 2}, _T("-7/2"), _T("-3 1/2")},
+        {{9, 3}, _T("9/3"), _T("3")},
+        {{-6, -4}, _T("6/4"), _T("1 2/4")},
+        {{0, 5}, _T("0"), _T("0")},
+        {{5, 0}, _T("0"), _T("0")},
+        {{INT_MIN, -1}, _T("2147483648/1"), _T("2147483648")},
+        {{1, INT_MIN}, _T("-1/2147483648"), _T("-1/2147483648")},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.fraction.GetText(FALSE), row.plain);
+        EXPECT_EQ(row.fraction.GetText(TRUE), row.mixed);
+    }
+}
+
+TEST(Fraction, IsStoredNumeratorFirst) {
+    BYTE image[] = {0xfe, 0xff, 0xff, 0xff, 3, 1, 0, 0}, stored[sizeof image] = {};
+    CMemFile file(stored, sizeof stored);
+    CArchive store(&file, CArchive::store);
+    F(-2, 259).Serialize(store);
+    store.Close();
+    EXPECT_EQ(std::memcmp(stored, image, sizeof image), 0);
+
+    F loaded(7, 9);
+    const auto load = [&](UINT size) {
+        CMemFile source(image, size);
+        CArchive archive(&source, CArchive::load);
+        return CauseOf<CArchiveException>([&] { loaded.Serialize(archive); });
+    };
+    EXPECT_EQ(load(7), CArchiveException::endOfFile);
+    EXPECT_TRUE(Is(loaded, {7, 9}));
+    EXPECT_EQ(load(8), CArchiveException::none);
+    EXPECT_TRUE(Is(loaded, {-2, 259}));
+}
+
+TEST(Vector2D, MeasuresTheDistanceFromALine) {
+    EXPECT_TRUE(CVector2D(POINT{INT_MIN, 5}, POINT{INT_MAX, 3}) == CVector2D(4294967295.0, -2));
+    EXPECT_TRUE(CVector2D(5, 1) - CVector2D(2, 5) == CVector2D(3, -4));
+    EXPECT_EQ(CVector2D(3, -4).GetMagnitude(), 5.0);
+    EXPECT_EQ(CVector2D::GetLengthOfNormal({0, 2}, {1, 0}), 2.0);
+    EXPECT_EQ(CVector2D::GetLengthOfNormal({7, 1}, {-4, 4}), std::sqrt(32.0));
+    EXPECT_FALSE(std::isfinite(CVector2D::GetLengthOfNormal({1, 1}, {0, 0})));
+}
+
+} // namespace
