@@ -1,5 +1,7 @@
 #include <quorvel/frame/languages.h>
 
+#include <quorvel/framework/object.h>
+
 #include "platform/win32.h"
 
 namespace {
@@ -119,7 +121,7 @@ BOOL AfxIsResourceDLLPresent(const WCHAR* folder, const WCHAR* nameTemplate, WOR
 
 BOOL AfxEnumerateResourceDLLs(const WCHAR* folder, const WCHAR* nameTemplate,
                               std::vector<unsigned short>& languages) {
-    if (IsEmptyOrNull(folder) || IsEmptyOrNull(nameTemplate))
+    if (IsEmptyOrNull(folder) || !AfxIsValidString(nameTemplate))
         return FALSE;
     languages.push_back(kEnglishUnitedStates);
     for (WORD primary = 1; primary <= kLastPrimaryLanguage; ++primary)

@@ -109,14 +109,16 @@ TEST(Languages, TheFolderDecidesWhichAreEnumerated) {
     languages.clear();
     EXPECT_TRUE(AfxEnumerateResourceDLLs(folder.Path(), kTemplate, languages));
     EXPECT_EQ(languages, (std::vector<unsigned short>{kEnglish, 7, kGerman, 9}));
+    EXPECT_TRUE(AfxEnumerateResourceDLLs(folder.Path(), _T(""), languages));
+    EXPECT_EQ(languages, (std::vector<unsigned short>{kEnglish, 7, kGerman, 9, kEnglish}));
+    EXPECT_FALSE(AfxIsResourceDLLPresent(folder.Path(), _T(""), kGerman));
 
     for (const auto& [at, nameTemplate] :
          {std::pair<const WCHAR*, const WCHAR*>(nullptr, kTemplate),
           {_T(""), kTemplate},
-          {_T("C:"), nullptr},
-          {_T("C:"), _T("")}}) {
+          {_T("C:"), nullptr}}) {
         EXPECT_FALSE(AfxEnumerateResourceDLLs(at, nameTemplate, languages));
-        EXPECT_EQ(languages.size(), 4u);
+        EXPECT_EQ(languages.size(), 5u);
         EXPECT_FALSE(AfxIsResourceDLLPresent(at, nameTemplate, kGerman));
     }
 }

@@ -41,6 +41,7 @@ QUORVEL_API BOOL AfxIsResourceDLLPresent(const WCHAR* folder, const WCHAR* nameT
 
 // Appends 1033 (English, United States: the library's own texts) and then, by primary and
 // sub-language, every other id whose library is in the folder; several ids share an abbreviation,
-// and so a file. FALSE, and the vector unchanged, for a null or empty folder or template.
+// and so a file. FALSE, and the vector unchanged, for a null or empty folder and for a null
+// template; an empty one names no library.
 QUORVEL_API BOOL AfxEnumerateResourceDLLs(const WCHAR* folder, const WCHAR* nameTemplate,
                                           std::vector<unsigned short>& languages);
