@@ -64,24 +64,19 @@ const CFileException* AsFileException(const CException* exception) {
                : nullptr;
 }
 
-CString CauseText(CException* exception) {
-    CString text;
-    if (const CFileException* file = AsFileException(exception)) {
-        AfxGetFileExceptionErrorMessage(file->m_cause, text);
-        return text;
-    }
+// False when the catalogue lacks the text. An exception that is not the framework's may have none.
+bool LoadCauseText(CException* exception, CString& text) {
+    if (const CFileException* file = AsFileException(exception))
+        return AfxGetFileExceptionErrorMessage(file->m_cause, text);
     if (exception->IsKindOf(RUNTIME_CLASS(CArchiveException))) {
         const auto* archive = static_cast<const CArchiveException*>(exception);
-        AfxGetArchiveExceptionErrorMessage(archive->m_cause, text);
-        return text;
+        return AfxGetArchiveExceptionErrorMessage(archive->m_cause, text);
     }
     for (const SimpleCause& row : kSimpleCauses)
-        if (exception->IsKindOf(row.exceptionClass)) {
-            row.getText(text);
-            return text;
-        }
+        if (exception->IsKindOf(row.exceptionClass))
+            return row.getText(text);
     AfxGetExceptionText(exception, text);
-    return text;
+    return true;
 }
 
 } // namespace
@@ -148,8 +143,8 @@ BOOL quorvel::ShowHtmlHelpError(BOOL (*query)(HtmlHelpError&), UINT type) {
     HtmlHelpError error;
     if (!query(error) || error.code >= 0 || error.description.IsEmpty())
         return FALSE;
-    AfxFormatStringErrorMessageBox(kTextErrorHtmlHelp, type, 0, error.description.GetString());
-    return TRUE;
+    return AfxFormatStringErrorMessageBox(kTextErrorHtmlHelp, type, 0,
+                                          error.description.GetString()) != 0;
 }
 
 BOOL AfxHtmlHelpErrorMessageBox(UINT type) {
@@ -161,7 +156,9 @@ int AfxExceptionMessageBox(CException* exception, UINT formatId, UINT type, UINT
         return FALSE;
     const CaughtException owner(exception);
     return ShowComposed(type, helpId, [=](CString& text) {
-        const CString cause = CauseText(exception);
+        CString cause;
+        if (!LoadCauseText(exception, cause))
+            return false;
         if (const CFileException* file = AsFileException(exception))
             text.FormatMessage(formatId, file->m_strFileName.GetString(), cause.GetString());
         else
@@ -178,7 +175,10 @@ int AfxFileIOExceptionMessageBox(CException* exception, const WCHAR* fileName, U
     if (!AfxIsValidString(fileName))
         return FALSE;
     return ShowComposed(type, helpId, [=](CString& text) {
-        text.FormatMessage(formatId, fileName, CauseText(exception).GetString());
+        CString cause;
+        if (!LoadCauseText(exception, cause))
+            return false;
+        text.FormatMessage(formatId, fileName, cause.GetString());
         return true;
     });
 }

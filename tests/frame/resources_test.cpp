@@ -1,8 +1,11 @@
 // Where the library's texts come from: the module that is set, as a host sets it.
+#include <quorvel/frame/message_box.h>
 #include <quorvel/frame/module.h>
+#include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/string.h>
 #include <quorvel/res/message_ids.h>
 
+#include "support/message_box_recorder.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
@@ -54,6 +57,11 @@ TEST(Resources, NoEnglishTextStandsInForAMissingOne) {
         const InstalledResources other(QUORVEL_SAMPLES _T("/strings_only.dll"));
         EXPECT_EQ(Text(1), _T("no version here"));
         EXPECT_EQ(Text(quorvel::kTextExceptionMemory), _T(""));
+        // Nor is a box shown without its cause.
+        MessageBoxRecorder recorder;
+        EXPECT_EQ(AfxExceptionMessageBox(new CMemoryException, 1, MB_OK, 0), 0);
+        EXPECT_EQ(AfxFileIOExceptionMessageBox(new CMemoryException, _T("a"), 1, MB_OK, 0), 0);
+        EXPECT_TRUE(recorder.Take().empty());
     }
     EXPECT_EQ(Text(1), _T(""));
 }

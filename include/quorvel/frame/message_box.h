@@ -3,7 +3,7 @@
 // Each shows its text through AfxMessageBox, with the type and the help id as they are given and
 // the application's name as the title, and returns the button's id, such as IDOK. It returns 0, and
 // shows nothing, when there is no text to show: a null text or format, a catalogue id that does not
-// load, a format that the message formatter refuses. User-interface thread.
+// load, be it that of a cause, a format that the message formatter refuses. User-interface thread.
 #pragma once
 
 #include <quorvel/platform/platform.h>
