@@ -229,4 +229,38 @@ UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) 
     return OutOfMemory();
 }
 
+BOOL PathAppendW(LPWSTR path, LPCWSTR more) try {
+    if (path == nullptr || more == nullptr)
+        return FALSE;
+    const std::u16string_view start(path);
+    const std::u16string_view added(more);
+    std::u16string result;
+    AppendParts(result, start);
+    AppendParts(result, added);
+    const std::u16string_view last = added.empty() ? start : added;
+    if (result.empty() || (!last.empty() && IsSeparator(last.back())))
+        result.push_back(u'/');
+    if ((start.empty() || !IsSeparator(start[0])) && result.size() > 1)
+        result.erase(0, 1);
+    const bool fits = CopyTextResult(result, MAX_PATH, path) == result.size();
+    if (!fits)
+        path[0] = 0;
+    return fits;
+} catch (const std::bad_alloc&) {
+    return FALSE;
+}
+
+LPWSTR PathAddBackslashW(LPWSTR path) {
+    if (path == nullptr)
+        return nullptr;
+    const std::size_t length = std::u16string_view(path).size();
+    if (length == 0 || IsSeparator(path[length - 1]))
+        return path + length;
+    if (length + 1 >= MAX_PATH)
+        return nullptr;
+    path[length] = u'/';
+    path[length + 1] = 0;
+    return path + length + 1;
+}
+
 } // namespace quorvel::win32

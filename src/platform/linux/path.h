@@ -48,4 +48,13 @@ DWORD GetTempPathW(DWORD size, LPWSTR buffer);
 // MAX_PATH characters. Returns the number used, 0 with the last error set on failure.
 UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name);
 
+// Appends to a path in a buffer of MAX_PATH characters and resolves "." and ".." in the whole; an
+// empty text appends nothing. Separators before the appended text and repeated ones count as one.
+// FALSE for a null argument, and with an empty path where the result does not fit. No share or
+// drive letter is known here that would replace the path.
+BOOL PathAppendW(LPWSTR path, LPCWSTR more);
+// Ends a path that is not empty with a separator, and returns the place of its terminator; null,
+// and nothing changed, for null and for a path that leaves no room for one in MAX_PATH characters.
+LPWSTR PathAddBackslashW(LPWSTR path);
+
 } // namespace quorvel::win32

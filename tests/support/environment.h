@@ -1,0 +1,35 @@
+// An environment variable with another value for as long as the object lives; null removes it.
+#pragma once
+
+#include <cstdlib>
+#include <list>
+#include <string>
+#include <utility>
+
+class EnvironmentVariable {
+public:
+    EnvironmentVariable(std::string name, const char* value) : m_name(std::move(name)) {
+        const char* const former = std::getenv(m_name.c_str());
+        m_wasSet = former != nullptr;
+        m_former = m_wasSet ? former : "";
+        Set(value);
+    }
+    EnvironmentVariable(const EnvironmentVariable&) = delete;
+    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
+    ~EnvironmentVariable() { Set(m_wasSet ? m_former.c_str() : nullptr); }
+
+private:
+    // putenv is the one operation that both C libraries have. On one the text becomes part of the
+    // environment, so it stays; an empty value removes on one, a name alone on the other.
+    void Set(const char* value) {
+        static std::list<std::string> s_texts;
+        static_cast<void>(
+            putenv(s_texts.emplace_back(m_name + '=' + (value != nullptr ? value : "")).data()));
+        if (value == nullptr)
+            static_cast<void>(putenv(m_name.data()));
+    }
+
+    std::string m_name;
+    bool m_wasSet;
+    std::string m_former;
+};

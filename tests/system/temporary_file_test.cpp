@@ -1,0 +1,48 @@
+#include <quorvel/system/temporary_file.h>
+
+#include <quorvel/frame/exception_text.h>
+#include <quorvel/framework/file.h>
+
+#include "platform/win32.h"
+#include "support/environment.h"
+#include "support/message_box_recorder.h"
+#include "support/platform.h"
+#include "support/temporary_folder.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// What GetTempPathW reads.
+constexpr const char* kVariable = kOnLinux ? "TMPDIR" : "TMP";
+
+TEST(TemporaryFile, EachNameIsOfANewEmptyFileInTheTemporaryFolder) {
+    const TemporaryFolder folder;
+    const EnvironmentVariable variable(kVariable, CStringA(folder.Path().GetString()));
+    CString first, second;
+    ASSERT_TRUE(AfxGenerateTempFolderFileName(first) && AfxGenerateTempFolderFileName(second));
+    EXPECT_NE(first, second);
+    for (const CString& name : {first, second}) {
+        EXPECT_EQ(0, name.Find(folder.Path()));
+        EXPECT_EQ(0u, CFile(name, CFile::modeRead).GetLength());
+        CFile::Remove(name);
+    }
+}
+
+TEST(TemporaryFile, AFolderThatTakesNoFileIsReported) {
+    const TemporaryFolder folder;
+    const EnvironmentVariable variable(kVariable, CStringA(folder.Path(_T("none")).GetString()));
+    MessageBoxRecorder recorder;
+    CString name = _T("marker");
+    EXPECT_FALSE(AfxGenerateTempFolderFileName(name));
+    EXPECT_EQ(name, _T("marker"));
+    const auto boxes = recorder.Take();
+    ASSERT_EQ(1u, boxes.size());
+    EXPECT_EQ(UINT{MB_OK | MB_ICONSTOP}, boxes[0].type);
+    CString text;
+    ASSERT_TRUE(AfxGetSystemErrorText(ERROR_DIRECTORY, text));
+    EXPECT_GE(boxes[0].text.Find(text), 0);
+}
+
+} // namespace
