@@ -43,6 +43,21 @@ function(quorvel_test name)
     PROPERTIES TIMEOUT 120 LABELS ${arg_LABEL} RUN_SERIAL ${alone})
 endfunction()
 
+# quorvel_test_samples(TARGET): where the sample modules of tests/data/pe lie (QUORVEL_SAMPLES), and
+# those of them that a program of this processor can run (QUORVEL_OWN_SAMPLES).
+function(quorvel_test_samples target)
+  set(samples ${PROJECT_SOURCE_DIR}/tests/data/pe)
+  if(WIN32)
+    set(samples Z:${samples}) # Wine's name of the root
+  endif()
+  set(own ${samples})
+  if(QUORVEL_MINGW_CPU STREQUAL x86_64)
+    string(APPEND own /x86_64)
+  endif()
+  target_compile_definitions(${target} PRIVATE "QUORVEL_SAMPLES=_T(\"${samples}\")"
+    "QUORVEL_OWN_SAMPLES=_T(\"${own}\")")
+endfunction()
+
 # quorvel_fuzz(NAME SOURCE [DICTIONARY file])
 #
 # A fuzz target. Under the linux-fuzz preset it is a libFuzzer program; in every other build it

@@ -123,9 +123,8 @@ install_windows() {
     : >"$no_wine32"
 }
 
-ensure_windows() {
-    install_windows
-    case $(windows_preset) in
+ensure_libraries() { # ensure_libraries WINDOWS-PRESET
+    case $1 in
     win32) cpu=i686 ;;
     *) cpu=x86_64 ;;
     esac
@@ -140,8 +139,15 @@ if [ $# -eq 0 ]; then
 fi
 for group; do
     case $group in
-    windows) ensure_windows ;;
+    windows)
+        install_windows
+        ensure_libraries "$(windows_preset)"
+        ;;
+    windows64)
+        ensure windows64
+        ensure_libraries win64
+        ;;
     core | bench | fuzz | gallery) ensure "$group" ;;
-    *) die "unknown group '$group': core, windows, bench, fuzz, gallery" ;;
+    *) die "unknown group '$group': core, windows, windows64, bench, fuzz, gallery" ;;
     esac
 done

@@ -11,6 +11,7 @@ export UBSAN_OPTIONS=print_stacktrace=1
 cd "$root"
 for preset; do
     say "== $preset"
+    [ "$preset" != win64 ] || sh "$root/tools/setup.sh" windows64
     build_preset "$preset"
     case $preset in
     linux-asan | linux-tsan) runner=without_aslr ;;

@@ -121,7 +121,15 @@ wineserver -p30 </dev/null >/dev/null 2>&1
 errors=$(mktemp) || exit 125
 exec 8>"$errors" 9<"$errors"
 rm -f "$errors"
-"$wine" "$@" 2>&8 8>&- 9<&-
+
+# Wine writes the locale of a starting program into the prefix, and all programs read it from there:
+# one of another locale runs while no other does.
+exec 7>>"$cache/$name.locale"
+case $LC_ALL in
+C.UTF-8) flock -s 7 ;;
+*) flock 7 ;;
+esac
+"$wine" "$@" 2>&8 7>&- 8>&- 9<&-
 code=$?
 cat <&9 >&2
 exit $code

@@ -35,7 +35,7 @@ TEST(GermanLocale, WritesNumbers) {
 }
 
 TEST(GermanLocale, ChoosesTheLanguageOfResources) {
-    const HMODULE module = LoadLibraryW(CString(QUORVEL_SAMPLES) + _T("/full.dll"));
+    const HMODULE module = LoadLibraryW(QUORVEL_OWN_SAMPLES _T("/full.dll"));
     ASSERT_NE(module, nullptr);
     const std::tuple<UINT, const WCHAR*> rows[] = {
         {100, _T("Deutsch")},     // before English

@@ -21,8 +21,12 @@ namespace {
 const HMODULE kInvented = reinterpret_cast<HMODULE>(UINT_PTR{0x12340000});
 constexpr DWORD kAsData = LOAD_LIBRARY_AS_DATAFILE;
 
-CString Sample(const WCHAR* name) {
+CString Sample(const WCHAR* name) { // to be read as data, or no module at all
     return CString(QUORVEL_SAMPLES) + _T("/") + name;
+}
+
+CString Own(const WCHAR* name) { // to be loaded as a module
+    return CString(QUORVEL_OWN_SAMPLES) + _T("/") + name;
 }
 
 class Library {
@@ -58,14 +62,14 @@ TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
         DWORD error; // 0: it loads
     };
     const Row rows[] = {
-        {"resources alone", Sample(_T("full.dll")), 0, 0},
-        {"without the extension", Sample(_T("full")), 0, 0},
-        {"as data", Sample(_T("full.dll")), kAsData, 0},
+        {"resources alone", Own(_T("full.dll")), 0, 0},
+        {"without the extension", Own(_T("full")), 0, 0},
+        {"as data", Own(_T("full.dll")), kAsData, 0},
         {"code as data", Sample(_T("code.dll")), kAsData, 0},
-        {"as an image", Sample(_T("strings_only.dll")), LOAD_LIBRARY_AS_IMAGE_RESOURCE, 0},
-        {"missing", Sample(_T("missing.dll")), 0, 126},
-        {"missing, as data", Sample(_T("missing.dll")), kAsData, 2},
-        {"missing folder", Sample(_T("missing/missing.dll")), 0, 126},
+        {"as an image", Own(_T("strings_only.dll")), LOAD_LIBRARY_AS_IMAGE_RESOURCE, 0},
+        {"missing", Own(_T("missing.dll")), 0, 126},
+        {"missing, as data", Own(_T("missing.dll")), kAsData, 2},
+        {"missing folder", Own(_T("missing/missing.dll")), 0, 126},
         {"text", Sample(_T("full.rc")), 0, 193},
         {"text, as data", Sample(_T("full.rc")), kAsData, 193},
         {"empty", folder.Path(_T("empty.dll")), 0, 193},
@@ -79,19 +83,21 @@ TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
 }
 
 TEST(ModuleConformance, AModuleIsSharedUntilItsLastUserFreesIt) {
-    const HMODULE first = LoadLibraryW(Sample(_T("full.dll")));
+    const HMODULE first = LoadLibraryW(Own(_T("full.dll")));
     ASSERT_NE(nullptr, first);
-    const CString detour = Sample(_T("../pe/./full"));
+    const CString folder(QUORVEL_OWN_SAMPLES);
+    const CString leaf = folder.Mid(folder.ReverseFind('/'));
+    const CString detour = folder + _T("/..") + leaf + _T("/./full");
     EXPECT_EQ(first, LoadLibraryW(detour));
-    EXPECT_EQ(first, LoadLibraryExW(Sample(_T("full.dll")), nullptr, kAsData));
+    EXPECT_EQ(first, LoadLibraryExW(Own(_T("full.dll")), nullptr, kAsData));
     EXPECT_EQ(first, GetModuleHandleW(_T("FULL")));
     EXPECT_EQ(first, GetModuleHandleW(_T("full.dll")));
-    EXPECT_EQ(first, GetModuleHandleW(Sample(_T("full.dll"))));
+    EXPECT_EQ(first, GetModuleHandleW(Own(_T("full.dll"))));
     for (int i = 0; i < 3; ++i)
         EXPECT_TRUE(FreeLibrary(first));
     EXPECT_EQ(126u, ErrorOf([] { return GetModuleHandleW(_T("full.dll")) != nullptr; }));
 
-    const Library data(Sample(_T("strings_only.dll")), kAsData);
+    const Library data(Own(_T("strings_only.dll")), kAsData);
     EXPECT_EQ(nullptr, GetModuleHandleW(_T("strings_only.dll"))) << "data is no module";
 
     const auto asData = reinterpret_cast<HMODULE>(UINT_PTR{0x12340001});
@@ -104,8 +110,8 @@ TEST(ModuleConformance, AModuleIsSharedUntilItsLastUserFreesIt) {
 }
 
 TEST(ModuleConformance, FileNamesAreCutToTheBuffer) {
-    const Library library(Sample(_T("full.dll")));
-    const Library data(Sample(_T("strings_only.dll")), kAsData);
+    const Library library(Own(_T("full.dll")));
+    const Library data(Own(_T("strings_only.dll")), kAsData);
     WCHAR path[MAX_PATH] = {};
     SetLastError(kUnset);
     const DWORD length = GetModuleFileNameW(library.Get(), path, MAX_PATH);
@@ -137,7 +143,7 @@ TEST(ModuleConformance, FileNamesAreCutToTheBuffer) {
 }
 
 TEST(ModuleConformance, StringsAreFoundByBlockAndDefaultLanguage) {
-    const Library full(Sample(_T("full.dll")));
+    const Library full(Own(_T("full.dll")));
     const Library none(Sample(_T("no_resources.dll")), kAsData);
     const Library noStrings(Sample(_T("no_translation.dll")), kAsData);
     const std::tuple<const char*, HMODULE, UINT, CString, DWORD> rows[] = {
@@ -164,7 +170,7 @@ TEST(ModuleConformance, StringsAreFoundByBlockAndDefaultLanguage) {
 }
 
 TEST(ModuleConformance, AStringIsCutToTheBufferOrShownInPlace) {
-    const Library library(Sample(_T("full.dll")));
+    const Library library(Own(_T("full.dll")));
     const CString whole(_T("English"));
     for (const int size : {8, 7, 2}) {
         WCHAR buffer[20];
@@ -180,7 +186,7 @@ TEST(ModuleConformance, AStringIsCutToTheBufferOrShownInPlace) {
 }
 
 TEST(ModuleConformance, ResourcesAreFoundByTypeNameAndLanguage) {
-    const Library full(Sample(_T("full.dll")));
+    const Library full(Own(_T("full.dll")));
     const Library none(Sample(_T("no_resources.dll")), kAsData);
     const WCHAR* const one = MAKEINTRESOURCEW(1);
     const WCHAR* const data = RT_RCDATA;
@@ -250,7 +256,7 @@ TEST(ModuleConformance, TheLibrarysOwnTextsAndALanguageLibraryLoad) {
 }
 
 TEST(ModuleConformance, ThreadsLoadReadAndFreeTheSameModule) {
-    const CString path = Sample(_T("full.dll"));
+    const CString path = Own(_T("full.dll"));
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i)
         threads.emplace_back([&path] {

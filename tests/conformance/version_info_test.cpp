@@ -33,7 +33,7 @@ TEST(VersionInfoConformance, FilesWithoutAVersionGiveTheErrorOfEachKind) {
     };
     const Row rows[] = {
         {"32-bit", Sample(_T("full.dll")), 0},
-        {"64-bit", Sample(_T("full64.dll")), 0},
+        {"64-bit", Sample(_T("x86_64/full.dll")), 0},
         {"other resources", Sample(_T("strings_only.dll")), 1812},
         {"no resources", Sample(_T("no_resources.dll")), 1812},
         {"text", Sample(_T("full.rc")), 1812},
@@ -81,7 +81,7 @@ TEST(VersionInfoConformance, ValuesAreFoundByTheirPath) {
         {_T("/"), -1, nullptr},
         {_T("\\Nothing"), -1, nullptr},
     };
-    for (const WCHAR* file : {_T("full.dll"), _T("full64.dll")}) {
+    for (const WCHAR* file : {_T("full.dll"), _T("x86_64/full.dll")}) {
         const std::vector<BYTE> block = Block(Sample(file));
         for (const Row& row : rows) {
             SCOPED_TRACE(CStringA(row.path).GetString());

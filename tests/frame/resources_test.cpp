@@ -54,7 +54,7 @@ TEST(Resources, AnInstalledLibraryHasTheTexts) {
 
 TEST(Resources, NoEnglishTextStandsInForAMissingOne) {
     {
-        const InstalledResources other(QUORVEL_SAMPLES _T("/strings_only.dll"));
+        const InstalledResources other(QUORVEL_OWN_SAMPLES _T("/strings_only.dll"));
         EXPECT_EQ(Text(1), _T("no version here"));
         EXPECT_EQ(Text(quorvel::kTextExceptionMemory), _T(""));
         // Nor is a box shown without its cause.

@@ -96,7 +96,7 @@ TEST_F(PeImage, CorruptedFieldsAreRefusedOrCountAsMissing) {
 }
 
 TEST_F(PeImage, AFileCutAnywhereIsReadInItsBoundsOrRefused) {
-    for (const char* name : {"full.dll", "full64.dll", "no_translation.dll"}) {
+    for (const char* name : {"full.dll", "x86_64/full.dll", "no_translation.dll"}) {
         const std::string sample = ReadSample(name);
         ASSERT_FALSE(sample.empty());
         for (std::size_t size = 0; size <= sample.size(); ++size)

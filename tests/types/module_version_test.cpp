@@ -47,7 +47,7 @@ TEST(ModuleVersion, NothingIsLoadedAtFirst) {
 }
 
 TEST(ModuleVersion, NumbersComeFromTheFixedBlock) {
-    for (const WCHAR* sample : {_T("full.dll"), _T("full64.dll")}) {
+    for (const WCHAR* sample : {_T("full.dll"), _T("x86_64/full.dll")}) {
         CModuleVersion module;
         ASSERT_TRUE(module.Load(Sample(sample)));
         EXPECT_TRUE(module.IsLoaded());

@@ -22,11 +22,16 @@ for script in full strings_only no_translation all_texts; do
     resources $script i686
     image $script.dll i686 0 "$work/$script.i686.o"
 done
-resources full x86_64
-image full64.dll x86_64 0 "$work/full.x86_64.o"
 
 printf 'int __attribute__((stdcall)) Entry(void* m, unsigned r, void* p) { return m && r | !p; }' \
     >"$work/code.c"
 i686-w64-mingw32-gcc -O2 -fno-asynchronous-unwind-tables -c "$work/code.c" -o "$work/code.o"
 image code.dll i686 _Entry@12 "$work/code.o" "$work/strings_only.i686.o"
 image no_resources.dll i686 _Entry@12 "$work/code.o"
+
+# A 64-bit program loads these as modules; the others it reads as data.
+mkdir -p x86_64
+for script in full strings_only; do
+    resources $script x86_64
+    image x86_64/$script.dll x86_64 0 "$work/$script.x86_64.o"
+done
