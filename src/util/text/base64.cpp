@@ -10,18 +10,17 @@ namespace {
 
 constexpr int kLineLength = 4 * kLineGroups;
 
-template <class Ch>
-Ch* EncodeGroup(unsigned bytes, Ch* dest, std::size_t characters) {
-    for (std::size_t i = 0; i < characters; ++i)
-        dest[i] = static_cast<Ch>(kBase64Alphabet[bytes >> (18 - 6 * i) & 63]);
-    return dest + characters;
+// The character of the 6 bits above `shift`.
+char Character(unsigned bits, int shift) {
+    return kBase64Alphabet[bits >> shift & 63];
 }
 
 template <class Ch>
 Ch* EncodeGroups(const BYTE* source, std::size_t groups, Ch* dest) {
     for (; groups > 0; --groups, source += 3) {
-        const auto bytes = static_cast<unsigned>(source[0] << 16 | source[1] << 8 | source[2]);
-        dest = EncodeGroup(bytes, dest, 4);
+        const auto bits = static_cast<unsigned>(source[0] << 16 | source[1] << 8 | source[2]);
+        for (int shift = 18; shift >= 0; shift -= 6)
+            *dest++ = static_cast<Ch>(Character(bits, shift));
     }
     return dest;
 }
@@ -40,9 +39,16 @@ Ch* EncodeLines(const BYTE* source, std::size_t lines, Ch* dest) {
 template <class Ch>
 Ch* EncodeRemainder(const BYTE* source, std::size_t count, Ch* dest, DWORD flags) {
     const int secondByte = count > 1 ? source[1] : 0;
-    dest = EncodeGroup(static_cast<unsigned>(source[0] << 16 | secondByte << 8), dest, count + 1);
-    if ((flags & BASE64_NO_PADDING) == 0)
-        dest = std::fill_n(dest, 3 - count, static_cast<Ch>('='));
+    const auto bits = static_cast<unsigned>(source[0] << 16 | secondByte << 8);
+    const bool padded = (flags & BASE64_NO_PADDING) == 0;
+    *dest++ = static_cast<Ch>(Character(bits, 18));
+    *dest++ = static_cast<Ch>(Character(bits, 12));
+    if (count > 1)
+        *dest++ = static_cast<Ch>(Character(bits, 6));
+    else if (padded)
+        *dest++ = '=';
+    if (padded)
+        *dest++ = '=';
     return dest;
 }
 
