@@ -96,6 +96,48 @@ TEST(Utf8, EveryMixOfCriticalBytesDecodesAlike) {
     EXPECT_EQ(digest.Get(), 0x10d7d723u);
 }
 
+// In short texts and in long ones, which are converted in blocks, and with no unit of room to
+// spare.
+TEST(Utf8, ConvertsASequenceAlikeWhereverItLies) {
+    const std::tuple<const char*, const WCHAR*, bool> rows[] = {
+        {"\xc3\xa9", _T("é"), true},
+        {"\xe2\x82\xac", _T("€"), true},
+        {"\xf0\x9f\x98\x80", _T("😀"), true},
+        {"\xc3", _T("\xfffd"), false},
+        {"\xc1\xbf", _T("\xfffd\xfffd"), false},
+        {"\xe0\x9f\xbf", _T("\xfffd\xfffd"), false},
+        {"\xed\xbf\xbf", _T("\xfffd\xfffd"), false},
+        {"\xf0\x8f\xbf\xbf", _T("\xfffd\xfffd\xfffd"), false},
+        {"\xf4\x90\x80\x80", _T("\xfffd\xfffd\xfffd"), false},
+    };
+    for (const auto& [sequence, units, wellFormed] : rows) {
+        for (std::size_t i = 0; i < 40 * 4 * 20; ++i) {
+            const std::size_t before = i % 40;
+            const std::size_t between = i / 40 % 4;
+            const std::size_t behind = i / 160 + (wellFormed ? 0 : 4); // Wine again
+            const std::string bytes = std::string(before, 'a') + sequence +
+                                      std::string(between, 'b') + sequence +
+                                      std::string(behind, 'c');
+            const Wide text =
+                Wide(before, 'a') + units + Wide(between, 'b') + units + Wide(behind, 'c');
+            const int length = static_cast<int>(text.size());
+            const auto decoded = Decode(CP_UTF8, 0, bytes, length);
+            ASSERT_TRUE(decoded.text == text) << testing::PrintToString(bytes);
+            ASSERT_EQ(decoded.result, length);
+            // Wine takes half a pair at the very end for all of it.
+            ASSERT_TRUE(behind == 0 ||
+                        Decode(CP_UTF8, 0, bytes, length - 1).error == ERROR_INSUFFICIENT_BUFFER);
+            ASSERT_EQ(Decode(CP_UTF8, MB_ERR_INVALID_CHARS, bytes, length).result,
+                      wellFormed ? length : 0);
+            if (!wellFormed)
+                continue;
+            const int size = static_cast<int>(bytes.size());
+            ASSERT_EQ(Encode(CP_UTF8, 0, text, size).text, bytes);
+            ASSERT_EQ(Encode(CP_UTF8, 0, text, size - 1).error, ERROR_INSUFFICIENT_BUFFER);
+        }
+    }
+}
+
 TEST(Utf8, EncodesSurrogates) {
     const std::tuple<const char*, const WCHAR*, const char*, bool> rows[] = {
         {"one to four bytes", _T("a\xe9\x7ff\x800\xffff\xd83d\xde00"),

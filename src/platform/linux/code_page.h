@@ -8,6 +8,8 @@
 
 #include <quorvel/platform/linux_types.h>
 
+#include "platform/linux/ascii_run.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -46,6 +48,11 @@ public:
     template <class Source>
     std::size_t PutAscii(std::span<const Source> source);
 
+    // For who tests the room once and then writes many units: where the next one goes (null while
+    // only counting), and that there are `count` more.
+    Unit* Next() const { return m_units != nullptr ? m_units + m_count : nullptr; }
+    void Advance(std::size_t count) { m_count += count; }
+
 private:
     Unit* m_units;
     std::size_t m_capacity;
@@ -75,26 +82,15 @@ DWORD EncodeUtf7(WideText text, ByteOutput& output);
 template <class Unit>
 template <class Source>
 std::size_t Output<Unit>::PutAscii(std::span<const Source> source) {
-    constexpr std::size_t kBlock = 16; // the inner loops become a few vector instructions each
     const std::size_t limit = source.size() < Room() ? source.size() : Room();
-    const Source* from = source.data();
-    Unit* const to = m_units != nullptr ? m_units + m_count : nullptr;
-    std::size_t i = 0;
-    for (; i + kBlock <= limit; i += kBlock) {
-        Source all = 0;
-        for (std::size_t k = 0; k < kBlock; ++k)
-            all |= from[i + k];
-        if (all >= 0x80)
-            break;
-        for (std::size_t k = 0; k < kBlock && to != nullptr; ++k)
-            to[i + k] = static_cast<Unit>(from[i + k]);
-    }
-    for (; i < limit && from[i] < 0x80; ++i) {
-        if (to != nullptr)
-            to[i] = static_cast<Unit>(from[i]);
-    }
-    m_count += i;
-    return i;
+    std::size_t count = 0;
+    if (m_units != nullptr)
+        count = CopyAscii(source.data(), m_units + m_count, limit);
+    else
+        while (count < limit && source[count] < 0x80)
+            ++count;
+    m_count += count;
+    return count;
 }
 
 } // namespace quorvel

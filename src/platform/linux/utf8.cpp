@@ -1,5 +1,7 @@
 #include "platform/linux/code_page.h"
 
+#include <algorithm>
+
 namespace quorvel {
 
 namespace {
@@ -40,35 +42,178 @@ char32_t DecodeSequence(Bytes bytes, std::size_t& position) {
     return value;
 }
 
-bool PutCharacter(char32_t character, WideOutput& output) {
-    if (character < 0x10000)
-        return output.Put(static_cast<WCHAR>(character));
-    const WCHAR pair[] = {static_cast<WCHAR>(0xd7c0 + (character >> 10)),
-                          static_cast<WCHAR>(0xdc00 | (character & 0x3ff))};
-    return output.Put(pair, 2);
-}
-
-bool PutSequence(char32_t character, ByteOutput& output) {
-    const auto trail = [character](int shift) {
-        return static_cast<char>(0x80 | (character >> shift & 0x3f));
-    };
-    if (character < 0x800) {
-        const char bytes[] = {static_cast<char>(0xc0 | character >> 6), trail(0)};
-        return output.Put(bytes, 2);
-    }
-    if (character < 0x10000) {
-        const char bytes[] = {static_cast<char>(0xe0 | character >> 12), trail(6), trail(0)};
-        return output.Put(bytes, 3);
-    }
-    const char bytes[] = {static_cast<char>(0xf0 | character >> 18), trail(12), trail(6), trail(0)};
-    return output.Put(bytes, 4);
-}
-
 bool IsHighSurrogate(WCHAR unit) {
     return (unit & 0xfc00) == 0xd800;
 }
 bool IsLowSurrogate(WCHAR unit) {
     return (unit & 0xfc00) == 0xdc00;
+}
+WCHAR HighSurrogate(char32_t character) {
+    return static_cast<WCHAR>(0xd7c0 + (character >> 10));
+}
+WCHAR LowSurrogate(char32_t character) {
+    return static_cast<WCHAR>(0xdc00 | (character & 0x3ff));
+}
+char32_t PairOf(WCHAR high, WCHAR low) {
+    return 0x10000 + ((high & 0x3ffu) << 10) + (low & 0x3ffu);
+}
+
+bool PutCharacter(char32_t character, WideOutput& output) {
+    if (character < 0x10000)
+        return output.Put(static_cast<WCHAR>(character));
+    const WCHAR pair[] = {HighSurrogate(character), LowSurrogate(character)};
+    return output.Put(pair, 2);
+}
+
+// Writes the character as a sequence of that length and returns its end.
+template <int length>
+char* WriteSequence(char32_t character, char* to) {
+    constexpr unsigned kLead = 0xff00 >> length & 0xff;
+    to[0] = static_cast<char>(kLead | character >> 6 * (length - 1));
+    for (int i = 1; i < length; ++i)
+        to[i] = static_cast<char>(0x80 | (character >> 6 * (length - 1 - i) & 0x3f));
+    return to + length;
+}
+
+bool PutSequence(char32_t character, ByteOutput& output) {
+    char bytes[4];
+    const char* end = character < 0x800     ? WriteSequence<2>(character, bytes)
+                      : character < 0x10000 ? WriteSequence<3>(character, bytes)
+                                            : WriteSequence<4>(character, bytes);
+    return output.Put(bytes, static_cast<std::size_t>(end - bytes));
+}
+
+// The loops below take what ordinary text is made of, with pointers and without asking for room at
+// each character. They stop where input or room gets short and at whatever is ill-formed, and the
+// careful loops, which know every case, take over for one character.
+
+bool IsTrail(BYTE byte) {
+    return (byte & 0xc0) == 0x80;
+}
+
+struct DecodingPlaces {
+    const BYTE* from;
+    WCHAR* to;
+};
+
+// At most `count` characters, up to the first two of ASCII; false when one is ill-formed.
+bool DecodeStretch(DecodingPlaces& places, std::size_t count) {
+    const BYTE* from = places.from;
+    WCHAR* to = places.to;
+    bool good = true;
+    for (; count > 0; --count) {
+        const unsigned lead = from[0];
+        if (lead < 0x80) {
+            if (from[1] < 0x80)
+                break;
+            *to++ = static_cast<WCHAR>(lead); // a blank between two words
+            ++from;
+        } else if (lead < 0xe0) {
+            good = lead >= 0xc2 && IsTrail(from[1]);
+            if (!good)
+                break;
+            *to++ = static_cast<WCHAR>((lead & 0x1f) << 6 | (from[1] & 0x3f));
+            from += 2;
+        } else if (lead < 0xf0) {
+            const unsigned character =
+                (lead & 0xf) << 12 | (from[1] & 0x3f) << 6 | (from[2] & 0x3f);
+            good = IsTrail(from[1]) && IsTrail(from[2]) && character >= 0x800 &&
+                   (character & 0xf800) != 0xd800;
+            if (!good)
+                break;
+            *to++ = static_cast<WCHAR>(character);
+            from += 3;
+        } else {
+            const unsigned character = (lead & 7) << 18 | (from[1] & 0x3f) << 12 |
+                                       (from[2] & 0x3f) << 6 | (from[3] & 0x3f);
+            good = lead <= 0xf4 && IsTrail(from[1]) && IsTrail(from[2]) && IsTrail(from[3]) &&
+                   character >= 0x10000 && character <= 0x10ffff;
+            if (!good)
+                break;
+            *to++ = HighSurrogate(character);
+            *to++ = LowSurrogate(character);
+            from += 4;
+        }
+    }
+    places = {from, to};
+    return good;
+}
+
+// Returns how many bytes were decoded.
+std::size_t DecodeOrdinary(Bytes bytes, WideOutput& output) {
+    if (output.Next() == nullptr)
+        return 0;
+    DecodingPlaces places{bytes.data(), output.Next()};
+    const BYTE* const end = places.from + bytes.size();
+    WCHAR* const toEnd = places.to + output.Room();
+    for (;;) {
+        const std::size_t run =
+            CopyAscii(places.from, places.to,
+                      static_cast<std::size_t>(std::min(end - places.from, toEnd - places.to)));
+        places.from += run;
+        places.to += run;
+        const std::ptrdiff_t sure = std::min((end - places.from) / 4, (toEnd - places.to) / 2);
+        if (sure == 0 || !DecodeStretch(places, static_cast<std::size_t>(sure)))
+            break;
+    }
+    output.Advance(static_cast<std::size_t>(places.to - output.Next()));
+    return static_cast<std::size_t>(places.from - bytes.data());
+}
+
+struct EncodingPlaces {
+    const WCHAR* from;
+    char* to;
+};
+
+// At most `count` characters, up to the first two of ASCII; false at a lone surrogate.
+bool EncodeStretch(EncodingPlaces& places, std::size_t count) {
+    const WCHAR* from = places.from;
+    char* to = places.to;
+    bool good = true;
+    for (; count > 0; --count) {
+        const char32_t unit = from[0];
+        if (unit < 0x80) {
+            if (from[1] < 0x80)
+                break;
+            *to++ = static_cast<char>(unit);
+            ++from;
+        } else if (unit < 0x800) {
+            to = WriteSequence<2>(unit, to);
+            ++from;
+        } else if ((unit & 0xf800) != 0xd800) {
+            to = WriteSequence<3>(unit, to);
+            ++from;
+        } else {
+            good = IsHighSurrogate(from[0]) && IsLowSurrogate(from[1]);
+            if (!good)
+                break;
+            to = WriteSequence<4>(PairOf(from[0], from[1]), to);
+            from += 2;
+        }
+    }
+    places = {from, to};
+    return good;
+}
+
+// Returns how many units were encoded.
+std::size_t EncodeOrdinary(WideText text, ByteOutput& output) {
+    if (output.Next() == nullptr)
+        return 0;
+    EncodingPlaces places{text.data(), output.Next()};
+    const WCHAR* const end = places.from + text.size();
+    char* const toEnd = places.to + output.Room();
+    for (;;) {
+        const std::size_t run =
+            CopyAscii(places.from, places.to,
+                      static_cast<std::size_t>(std::min(end - places.from, toEnd - places.to)));
+        places.from += run;
+        places.to += run;
+        const std::ptrdiff_t sure = std::min((end - places.from) / 2, (toEnd - places.to) / 4);
+        if (sure == 0 || !EncodeStretch(places, static_cast<std::size_t>(sure)))
+            break;
+    }
+    output.Advance(static_cast<std::size_t>(places.to - output.Next()));
+    return static_cast<std::size_t>(places.from - text.data());
 }
 
 } // namespace
@@ -76,45 +221,47 @@ bool IsLowSurrogate(WCHAR unit) {
 DWORD DecodeUtf8(Bytes bytes, bool strict, WideOutput& output) {
     std::size_t position = 0;
     for (;;) {
+        position += DecodeOrdinary(bytes.subspan(position), output);
         position += output.PutAscii(bytes.subspan(position));
         if (position == bytes.size())
             return ERROR_SUCCESS;
         if (output.Room() == 0)
             return ERROR_INSUFFICIENT_BUFFER;
-        while (position < bytes.size() && bytes[position] >= 0x80) {
-            char32_t character = DecodeSequence(bytes, position);
-            if (character == kIllFormed) {
-                if (strict)
-                    return ERROR_NO_UNICODE_TRANSLATION;
-                character = kReplacement;
-            }
-            if (!PutCharacter(character, output))
-                return ERROR_INSUFFICIENT_BUFFER;
+        if (bytes[position] < 0x80)
+            continue;
+        char32_t character = DecodeSequence(bytes, position);
+        if (character == kIllFormed) {
+            if (strict)
+                return ERROR_NO_UNICODE_TRANSLATION;
+            character = kReplacement;
         }
+        if (!PutCharacter(character, output))
+            return ERROR_INSUFFICIENT_BUFFER;
     }
 }
 
 DWORD EncodeUtf8(WideText text, bool strict, ByteOutput& output) {
     std::size_t position = 0;
     for (;;) {
+        position += EncodeOrdinary(text.subspan(position), output);
         position += output.PutAscii(text.subspan(position));
         if (position == text.size())
             return ERROR_SUCCESS;
         if (output.Room() == 0)
             return ERROR_INSUFFICIENT_BUFFER;
-        while (position < text.size() && text[position] >= 0x80) {
-            char32_t character = text[position++];
-            const WCHAR unit = static_cast<WCHAR>(character);
-            if (IsHighSurrogate(unit) && position < text.size() && IsLowSurrogate(text[position])) {
-                character = 0x10000 + ((character & 0x3ff) << 10) + (text[position++] & 0x3ff);
-            } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
-                if (strict)
-                    return ERROR_NO_UNICODE_TRANSLATION;
-                character = kReplacement;
-            }
-            if (!PutSequence(character, output))
-                return ERROR_INSUFFICIENT_BUFFER;
+        if (text[position] < 0x80)
+            continue;
+        const WCHAR unit = text[position++];
+        char32_t character = unit;
+        if (IsHighSurrogate(unit) && position < text.size() && IsLowSurrogate(text[position])) {
+            character = PairOf(unit, text[position++]);
+        } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
+            if (strict)
+                return ERROR_NO_UNICODE_TRANSLATION;
+            character = kReplacement;
         }
+        if (!PutSequence(character, output))
+            return ERROR_INSUFFICIENT_BUFFER;
     }
 }
 

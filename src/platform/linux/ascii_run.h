@@ -1,0 +1,59 @@
+// Copies runs of ASCII between UTF-16 and one-byte texts: the vector code of the converters.
+//
+// Both stop at the first other character and return how many they copied. What lies behind those in
+// the target, up to `count`, may be overwritten.
+#pragma once
+
+#include <quorvel/platform/linux_types.h>
+
+#include <bit>
+#include <cstddef>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace quorvel {
+
+inline std::size_t CopyAscii(const BYTE* from, WCHAR* to, std::size_t count) {
+    std::size_t i = 0;
+#if defined(__SSE2__)
+    for (; count - i >= 16; i += 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + i));
+        auto* const target = reinterpret_cast<__m128i*>(to + i);
+        _mm_storeu_si128(target, _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
+        _mm_storeu_si128(target + 1, _mm_unpackhi_epi8(bytes, _mm_setzero_si128()));
+        if (const auto others = static_cast<unsigned>(_mm_movemask_epi8(bytes)); others != 0)
+            return i + static_cast<std::size_t>(std::countr_zero(others));
+    }
+#endif
+    for (; i < count && from[i] < 0x80; ++i)
+        to[i] = from[i];
+    return i;
+}
+
+inline std::size_t CopyAscii(const WCHAR* from, char* to, std::size_t count) {
+    std::size_t i = 0;
+#if defined(__SSE2__)
+    const __m128i above = _mm_set1_epi16(static_cast<short>(0xff80));
+    for (; count - i >= 16; i += 16) {
+        // The processor's own read-ahead stops at the border of a page; most of a large document is
+        // in no cache when it is saved.
+        _mm_prefetch(reinterpret_cast<const char*>(from + i) + 4096, _MM_HINT_T0);
+        const auto* const source = reinterpret_cast<const __m128i*>(from + i);
+        const __m128i low = _mm_loadu_si128(source);
+        const __m128i high = _mm_loadu_si128(source + 1);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(to + i), _mm_packus_epi16(low, high));
+        const __m128i isAscii =
+            _mm_packs_epi16(_mm_cmpeq_epi16(_mm_and_si128(low, above), _mm_setzero_si128()),
+                            _mm_cmpeq_epi16(_mm_and_si128(high, above), _mm_setzero_si128()));
+        if (const auto run = static_cast<unsigned>(_mm_movemask_epi8(isAscii)); run != 0xffff)
+            return i + static_cast<std::size_t>(std::countr_one(run));
+    }
+#endif
+    for (; i < count && from[i] < 0x80; ++i)
+        to[i] = static_cast<char>(from[i]);
+    return i;
+}
+
+} // namespace quorvel
