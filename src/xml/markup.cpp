@@ -4,7 +4,6 @@
 
 #include "platform/large_block.h"
 #include "platform/win32.h"
-#include "xml/angle_scanner.h"
 
 #include <climits>
 #include <cstdlib>
@@ -57,7 +56,6 @@ CMarkup& CMarkup::operator=(const CMarkup& other) {
     m_iPosChild = other.m_iPosChild;
     m_iPosFree = other.m_iPosFree;
     m_nNodeType = other.m_nNodeType;
-    m_nParseEnd = other.m_nParseEnd;
     m_iLastChildParent = m_iLastChild = 0;
     return *this;
 }
@@ -101,8 +99,7 @@ bool CMarkup::Parse() {
     if (m_aPos.GetSize() < length / 64 + 8)
         m_aPos.Resize(length / 64 + 8);
     m_aPos[0] = {};
-    m_nParseEnd = quorvel::FindZero(m_strDoc, length);
-    const int root = m_nParseEnd > 0 ? x_ParseElem(0) : 0;
+    const int root = length > 0 ? x_ParseElem(0) : 0;
     if (root > 0) {
         m_aPos[0].iFirstChild = root;
         return true;

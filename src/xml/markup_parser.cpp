@@ -244,7 +244,7 @@ bool CMarkup::SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int op
 // angle brackets: each turn of the loop consumes one tag or node.
 int CMarkup::x_ParseElem(int iPosParent) {
     const WCHAR* text = m_strDoc;
-    const int end = m_nParseEnd;
+    const int end = quorvel::FindZero(text, m_strDoc.GetLength());
     quorvel::AngleScanner scanner(text, m_aPos[iPosParent].nEndTagOpen, end);
     // Locals, because the compiler must take every store through `link` for one to a member.
     ElemPos* records = m_aPos.GetData();
@@ -253,12 +253,16 @@ int CMarkup::x_ParseElem(int iPosParent) {
     int root = 0;
     int* link = &root;
     int parent = iPosParent;
+    const auto fail = [this](const WCHAR* error, int slot) {
+        m_iPosFree = slot + 1; // x_ParseError gives it back
+        return x_ParseError(error, nullptr);
+    };
     for (;;) {
         scanner.Prepare();
         const int open = scanner.First();
         if (text[open] != '<') {
             if (open >= end)
-                return x_ParseError(_T("Element tag not found"), nullptr);
+                return fail(_T("Element tag not found"), next);
             scanner.Skip(1);
             continue;
         }
@@ -269,13 +273,13 @@ int CMarkup::x_ParseElem(int iPosParent) {
         if (!isEndTag && !BeginsPlainName(first)) {
             TokenPos token{0, 0, open + 1, text, FALSE};
             if (!x_FindToken(token))
-                return x_ParseError(_T("Abrupt end within tag"), nullptr);
+                return fail(_T("Abrupt end within tag"), next);
             if (token.bQuoted)
-                return x_ParseError(_T("Tag starts with quote"), nullptr);
+                return fail(_T("Tag starts with quote"), next);
             const WCHAR begin = text[token.nFirst];
             if (begin == '!' || begin == '?') {
                 if (token.nFirst != open + 1 || !SkipNode(scanner, text, open, end))
-                    return x_ParseError(_T("Invalid node"), nullptr);
+                    return fail(_T("Invalid node"), next);
                 continue;
             }
             isEndTag = begin == '/';
@@ -288,6 +292,7 @@ int CMarkup::x_ParseElem(int iPosParent) {
             if (IsPlainEndTag(text, end, element.nTagOpen, open, close)) {
                 scanner.Skip(2);
             } else {
+                m_iPosFree = next;
                 close = CloseElement(element, open);
                 if (close < 0)
                     return -1;
@@ -308,7 +313,7 @@ int CMarkup::x_ParseElem(int iPosParent) {
             scanner.Skip(1);
             close = scanner.SkipTo(afterName, '>');
             if (close >= end)
-                return x_ParseError(_T("End of tag not found"), nullptr);
+                return fail(_T("End of tag not found"), next);
             scanner.Skip(1);
         } else {
             scanner.Skip(2);

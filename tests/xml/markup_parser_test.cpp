@@ -131,6 +131,21 @@ TEST(MarkupParser, AZeroCharacterEndsTheParseButNotTheText) {
     const WCHAR cut[] = _T("<a>\0</a>");
     EXPECT_FALSE(markup.SetDoc(cut, 8));
     EXPECT_EQ(markup.GetError(), _T("Element tag not found"));
+    CMarkup first;
+    EXPECT_FALSE(first.SetDoc(_T("\0<a/>"), 5));
+    EXPECT_EQ(first.GetError(), _T("Element tag not found"));
+}
+
+TEST(MarkupParser, ParsesFromACursorAndGivesTheLastSlotBack) {
+    MarkupProbe markup(_T("<a/><b/><c>"));
+    ASSERT_TRUE(markup.FindElem() && markup.SetAttrib(_T("longer"), _T("than before")));
+    const int second = markup.Record(1).nEndTagClose + 1;
+    EXPECT_EQ(markup.ParseFrom(second), 2);
+    EXPECT_EQ(markup.Record(2).nTagOpen, second);
+    EXPECT_EQ(markup.ParseFrom(markup.GetDoc().GetLength()), -1);
+    EXPECT_EQ(markup.RecordCount(), 3);
+    EXPECT_EQ(markup.ParseFrom(second + 4), -1); // of <c> and its content, that of the content
+    EXPECT_EQ(markup.RecordCount(), 4);
 }
 
 TEST(MarkupParser, RefusedArgumentsChangeNothing) {

@@ -35,6 +35,13 @@ public:
         return tree;
     }
 
+    int ParseFrom(int cursor) {
+        m_aPos[0].nEndTagOpen = cursor;
+        return x_ParseElem(0);
+    }
+    using CMarkup::x_Adjust;
+    using CMarkup::x_DocChange;
+
     int RecordCount() const { return m_iPosFree; }
     int IndexSize() const { return m_aPos.GetSize(); }
     const ElemPos& Record(int index) const { return m_aPos[index]; }

@@ -182,7 +182,8 @@ protected:
         ElementIndex& operator=(const ElementIndex&) = delete;
         ~ElementIndex();
         int GetSize() const { return m_size; }
-        void Resize(int size); // new records are zero; throws CMemoryException
+        // New records are zero once they are taken (x_GetFreePos). Throws CMemoryException.
+        void Resize(int size);
         ElemPos& operator[](int index) {
             CheckIndex(index);
             return m_records[index];
@@ -258,7 +259,6 @@ private:
     bool PlanAttrib(int iPos, const WCHAR* name, const WCHAR* value, Splice& plan) const;
     int LinkElem(const NewElem& plan, bool child);
 
-    int m_nParseEnd = 0; // where the parser stops: the first zero character of the text
     // The last child of one parent, remembered so that appending without a child position need not
     // walk the siblings; 0 when not known.
     int m_iLastChildParent = 0;
