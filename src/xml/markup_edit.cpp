@@ -1,14 +1,20 @@
 // Editing: what is added is spliced into the text, and the index is shifted behind it.
 #include <quorvel/xml/markup.h>
 
+#include <quorvel/framework/exceptions.h>
+
 #include "platform/win32.h"
 #include "xml/markup_plan.h"
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <string>
+#include <type_traits>
 
 namespace {
+
+constexpr int kLongestText = INT_MAX - 1; // of a CString
 
 // Where the tags of an element added to another one go.
 enum class Content { Normal, EmptyElement, EmptyPair };
@@ -68,6 +74,8 @@ void CMarkup::x_DocChange(int start, int replaceLength, const CString& text) {
     replaceLength = std::clamp(replaceLength, 0, oldLength - start);
     const CString inserted(text); // the argument may be the document
     const int tail = oldLength - start - replaceLength;
+    if (inserted.GetLength() > kLongestText - start - tail)
+        AfxThrowMemoryException();
     const int newLength = start + inserted.GetLength() + tail;
     WCHAR* document = m_strDoc.GetBuffer(std::max(newLength, oldLength));
     WCHAR* target = document + start;
@@ -83,22 +91,21 @@ void CMarkup::x_DocChange(int start, int replaceLength, const CString& text) {
 void CMarkup::x_Adjust(int iPos, int shift, bool afterPos) {
     if (iPos == 0 || shift == 0)
         return;
-    ElemPos* records = m_aPos.GetData();
-    int top = records[iPos].iParent;
+    int top = m_aPos[iPos].iParent;
     bool enter = !afterPos;
     for (;;) {
         bool climbed = false;
-        if (enter && records[iPos].iFirstChild != 0) {
-            iPos = records[iPos].iFirstChild;
+        if (enter && m_aPos[iPos].iFirstChild != 0) {
+            iPos = m_aPos[iPos].iFirstChild;
         } else {
-            while (records[iPos].iNextSibling == 0 && !climbed) {
-                iPos = records[iPos].iParent;
+            while (m_aPos[iPos].iNextSibling == 0 && !climbed) {
+                iPos = m_aPos[iPos].iParent;
                 climbed = iPos == 0 || iPos == top;
             }
             if (!climbed)
-                iPos = records[iPos].iNextSibling;
+                iPos = m_aPos[iPos].iNextSibling;
         }
-        ElemPos& element = records[iPos];
+        ElemPos& element = m_aPos[iPos];
         if (!climbed) {
             element.nTagOpen += shift;
             element.nTagClose += shift;
@@ -170,17 +177,20 @@ bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool 
     const Content content = iParent != 0 ? ContentOf(m_aPos[iParent]) : Content::Normal;
     int offset = 0;
     x_LocateNew(iParent, plan.iAfter, offset, 0, insert ? locateBefore : 0);
-    if (content != Content::Normal)
-        offset += 2; // the line break that goes before the new element
 
     // The text of the element, and where its tags lie in the document.
     const CString tagName(name);
     const int nameLength = tagName.GetLength();
     const CString escaped = x_TextToDoc(value, false);
+    const std::int64_t longest = std::int64_t{2} * nameLength + escaped.GetLength() + 9;
+    if (longest > kLongestText - offset)
+        AfxThrowMemoryException();
+    if (content != Content::Normal)
+        offset += 2; // the line break that goes before the new element
     ElemPos& element = plan.element;
     element = {offset, 0, 0, 0, 0, iParent, 0, 0};
     CString& text = plan.splice.text;
-    text.Preallocate(2 * nameLength + escaped.GetLength() + 7);
+    text.Preallocate(static_cast<int>(longest));
     text = _T("<");
     text += tagName;
     if (escaped.IsEmpty()) {

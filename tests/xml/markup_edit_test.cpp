@@ -1,5 +1,7 @@
 #include "xml/markup_probe.h"
 
+#include <quorvel/framework/exceptions.h>
+
 #include "support/text.h"
 
 #include <gtest/gtest.h>
@@ -107,6 +109,21 @@ TEST(MarkupEditing, RefusesAValueThatTheTagWasCutIn) {
     markup.FindElem();
     EXPECT_FALSE(markup.SetAttrib(_T("b"), _T("")));
     EXPECT_EQ(markup.GetDoc(), _T("<a b='1>2'></a>"));
+}
+
+TEST(MarkupEditing, RefusesWhatPositionsDoNotReach) {
+    MarkupProbe markup(_T("<a/>"));
+    EXPECT_THROW(markup.x_Adjust(markup.IndexSize(), 1, false), CInvalidArgException*);
+    constexpr int kMoreThanHalf = 1'200'000'000;
+    try {
+        CString half;
+        half.GetBufferSetLength(kMoreThanHalf); // where there is as much memory; none is touched
+        markup.GetDocRef().GetBufferSetLength(kMoreThanHalf);
+        markup.x_DocChange(0, 0, half);
+        ADD_FAILURE() << "a text of " << markup.GetDoc().GetLength();
+    } catch (CMemoryException* exception) {
+        exception->Delete();
+    }
 }
 
 // After any edits the index is that of a fresh parse of the text.
