@@ -263,7 +263,7 @@ bool CMarkup::x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool
 }
 
 bool CMarkup::PlanAttrib(int iPos, const WCHAR* name, const WCHAR* value, Splice& plan) const {
-    if (name == nullptr || iPos == 0 || m_nNodeType != nodeElement)
+    if (name == nullptr || value == nullptr || iPos == 0 || m_nNodeType != nodeElement)
         return false;
     const ElemPos& element = m_aPos[iPos];
     TokenPos token{0, 0, element.nTagOpen + 1, m_strDoc, FALSE};

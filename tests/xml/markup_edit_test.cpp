@@ -29,6 +29,7 @@ TEST(MarkupEditing, BuildsADocument) {
     EXPECT_TRUE(empty.SetChildAttrib(_T("d"), _T("'\"")));
     EXPECT_TRUE(empty.SetAttrib(_T("e"), _T("1")));
     EXPECT_TRUE(empty.AddAttrib(_T("e"), _T("23")));
+    EXPECT_FALSE(empty.SetAttrib(_T("e"), nullptr));
     EXPECT_EQ(empty.GetDoc(), _T("<a e=\"23\">\r\n<b/>\r\n<c d=\"&apos;&quot;\">&lt;'\"&gt;</c>")
                               _T("\r\n</a>\r\n"));
     EXPECT_EQ(empty.GetChildAttrib(_T("d")), _T("'\""));

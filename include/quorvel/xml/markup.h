@@ -100,8 +100,8 @@ public:
     bool AddElem(const WCHAR* name, const WCHAR* value = nullptr);
     bool AddChildElem(const WCHAR* name, const WCHAR* value = nullptr);
     // Set an attribute of the main or child element, adding it when it is absent; Add and Set are
-    // the same operation. False without an element or name, and for a quoted value that holds the
-    // ">" at which the tag was cut.
+    // the same operation. False without an element, for a null name or value, and where the present
+    // value holds the ">" at which the tag was cut.
     bool AddAttrib(const WCHAR* name, const WCHAR* value);
     bool SetAttrib(const WCHAR* name, const WCHAR* value);
     bool AddChildAttrib(const WCHAR* name, const WCHAR* value);
