@@ -326,54 +326,24 @@ bool CMarkup::SetChildAttrib(const WCHAR* name, const WCHAR* value) {
 
 namespace {
 
-CString Formatted(const WCHAR* format, ...) {
-    CString text;
-    va_list arguments;
-    va_start(arguments, format);
-    text.FormatV(format, arguments);
-    va_end(arguments);
-    return text;
-}
-
 // The text of a typed value. long is 32 bits wide in both builds: the same document on both.
-CString TextOf(bool value) {
-    return CString(value ? _T("yes") : _T("no"));
-}
-CString TextOf(char value) {
-    return Formatted(_T("%c"), static_cast<unsigned char>(value));
-}
-CString TextOf(unsigned char value) {
-    return Formatted(_T("%u"), value);
-}
-CString TextOf(short value) {
-    return Formatted(_T("%d"), value);
-}
-CString TextOf(unsigned short value) {
-    return Formatted(_T("%u"), value);
-}
-CString TextOf(int value) {
-    return Formatted(_T("%d"), value);
-}
-CString TextOf(unsigned int value) {
-    return Formatted(_T("%u"), value);
-}
-CString TextOf(long value) {
-    return Formatted(_T("%d"), static_cast<int>(value));
-}
-CString TextOf(unsigned long value) {
-    return Formatted(_T("%u"), static_cast<unsigned int>(value));
-}
-CString TextOf(__int64 value) {
-    return Formatted(_T("%I64d"), value);
-}
-CString TextOf(unsigned long long value) {
-    return Formatted(_T("%I64u"), value);
-}
-CString TextOf(float value) {
-    return Formatted(_T("%g"), static_cast<double>(value));
-}
-CString TextOf(double value) {
-    return Formatted(_T("%g"), value);
+template <class T>
+CString TextOf(T value) {
+    constexpr bool isSigned = std::is_signed_v<T>;
+    CString text;
+    if constexpr (std::is_same_v<T, bool>)
+        text = value ? _T("yes") : _T("no");
+    else if constexpr (std::is_same_v<T, char>)
+        text = static_cast<WCHAR>(static_cast<unsigned char>(value));
+    else if constexpr (std::is_floating_point_v<T>)
+        text.Format(_T("%g"), static_cast<double>(value));
+    else if constexpr (std::is_same_v<std::make_unsigned_t<T>, unsigned long long>)
+        text.Format(isSigned ? _T("%I64d") : _T("%I64u"), value);
+    else if constexpr (isSigned)
+        text.Format(_T("%d"), static_cast<int>(value));
+    else
+        text.Format(_T("%u"), static_cast<unsigned int>(value));
+    return text;
 }
 
 } // namespace
