@@ -10,6 +10,7 @@
 #include <quorvel/util/text/encoding_names.h>
 #include <quorvel/xml/xml_file.h>
 
+#include "platform/surrogates.h"
 #include "platform/win32.h"
 
 #include <expat.h>
@@ -20,6 +21,9 @@
 #include <memory>
 #include <string_view>
 
+using quorvel::IsHighSurrogate;
+using quorvel::IsLowSurrogate;
+
 namespace {
 
 constexpr UINT kUtf16 = 1200;
@@ -28,14 +32,6 @@ constexpr UINT kEbcdic = 37;
 constexpr WCHAR kByteOrderMark = 0xfeff;
 constexpr WCHAR kNoCharacter = 0xffff;
 constexpr WCHAR kReplacement = 0xfffd;
-
-bool IsHighSurrogate(WCHAR unit) {
-    return unit >= 0xd800 && unit <= 0xdbff;
-}
-
-bool IsLowSurrogate(WCHAR unit) {
-    return unit >= 0xdc00 && unit <= 0xdfff;
-}
 
 struct FreeParser {
     void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
