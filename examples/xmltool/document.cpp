@@ -109,7 +109,7 @@ Input::Input(const CString& fileName) : m_name(fileName) {
     std::ofstream copy(m_folder->File(), std::ios::binary);
     if (std::cin.peek() != std::istream::traits_type::eof())
         copy << std::cin.rdbuf();
-    if (!copy.flush())
+    if (!copy.flush() || std::ferror(stdin))
         FailToRead(fileName, kNoCopy);
 }
 
@@ -162,12 +162,40 @@ void Document::Load(const Input& input) {
         path = TextOf(folder->File());
     }
     CString error;
-    if (!AfxLoadXMLFile(path, *this, error))
-        FailToRead(input.Name(), error);
+    AfxLoadXMLFile(path, *this, error);
+    EscapeValues();
+    if (!IsWellFormed())
+        FailToRead(input.Name(), GetError().IsEmpty() ? error : GetError());
     if (!LoaderSeesEncoding(GetXMLDeclaration()))
         FailToRead(input.Name(), _T("write the encoding without blanks around its \"=\""));
     if (charSize == 2)
         SetEncoding(isBigEndian ? _T("utf-16be") : _T("utf-16"));
+}
+
+// CMarkup cuts a tag at a ">" in a value, which well-formed documents may have: "&gt;" says the
+// same.
+void Document::EscapeValues() {
+    const CString text = m_strDoc;
+    CString escaped;
+    int copied = 0;
+    TokenPos node{0, 0, 0, text, FALSE};
+    for (;;) {
+        const int kind = x_ParseNode(node);
+        if (kind != nodeElement && kind != nodeNone)
+            continue;
+        if (text[node.nFirst] == 0)
+            break;
+        node.nNext = node.nFirst + 1;
+        while (x_FindToken(node) && (node.bQuoted || text[node.nFirst] != '>')) {
+            CString value = x_GetToken(node);
+            if (!node.bQuoted || value.Replace(_T(">"), _T("&gt;")) == 0)
+                continue;
+            escaped += text.Mid(copied, node.nFirst - copied) + value;
+            copied = node.nLast + 1;
+        }
+    }
+    if (copied > 0)
+        SetDoc(escaped + text.Mid(copied));
 }
 
 void Document::Find(const CString& path) {

@@ -72,4 +72,5 @@ public:
 
 private:
     void Load(const Input& input);
+    void EscapeValues();
 };

@@ -19,7 +19,8 @@ constexpr char kUsage[] =
 
   check [FILE]                       say where the document is not well-formed
   print [FILE]                       print an outline of the elements
-  get PATH [@ATTRIBUTE] [FILE]       print the text of an element, or an attribute
+  get PATH [@ATTRIBUTE] [FILE]       print an attribute, or the text of an element
+                                     without child elements
   set PATH @ATTRIBUTE VALUE [FILE]   set an attribute
   add PATH NAME [VALUE [FILE]]       add a child element
   convert --encoding NAME [FILE]     write as utf-8, utf-16 or utf-16be
@@ -80,6 +81,12 @@ public:
     }
 
     CString Encoding() const { return m_encoding; }
+    void RefuseUnused(bool usesOutput, bool usesEncoding) const {
+        if (!usesOutput && !m_output.IsEmpty())
+            FailUsage(_T("-o is for set, add and convert"));
+        if (!usesEncoding && !m_encoding.IsEmpty())
+            FailUsage(_T("--encoding is for convert"));
+    }
     CString OutputFor(const CString& file) const { return m_output.IsEmpty() ? file : m_output; }
 
 private:
@@ -195,10 +202,13 @@ ExitCode Convert(Arguments& arguments) {
 struct Command {
     const WCHAR* name;
     ExitCode (*run)(Arguments&);
+    bool writes;
+    bool usesEncoding;
 };
 constexpr Command kCommands[] = {
-    {_T("check"), Check}, {_T("print"), PrintOutline}, {_T("get"), Get}, {_T("set"), Set},
-    {_T("add"), Add},     {_T("convert"), Convert},
+    {_T("check"), Check, false, false}, {_T("print"), PrintOutline, false, false},
+    {_T("get"), Get, false, false},     {_T("set"), Set, true, false},
+    {_T("add"), Add, true, false},      {_T("convert"), Convert, true, true},
 };
 
 ExitCode Run(const std::vector<CString>& words) {
@@ -209,8 +219,10 @@ ExitCode Run(const std::vector<CString>& words) {
         return exitDone;
     }
     for (const Command& command : kCommands) {
-        if (name == command.name)
-            return command.run(arguments);
+        if (name != command.name)
+            continue;
+        arguments.RefuseUnused(command.writes, command.usesEncoding);
+        return command.run(arguments);
     }
     FailUsage(_T("unknown command: ") + name);
 }

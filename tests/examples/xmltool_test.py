@@ -89,7 +89,13 @@ ROWS = {
         Row(["get", "/rss/channel/item[3]", "listing.xml"], code=1, error="not found: /rss/channel/item[3]"),
         Row(["get", "/RSS", "listing.xml"], code=1, error="not found: /RSS"),
         Row(["get", "/a"], b"<?xml version='1.0' encoding = 'latin1'?><a>\xe9</a>", 2, b"", "without blanks"),
+        Row(["get", "/a"], b"<!DOCTYPE a [<!-- 'tis -->]><a/>", 2, b"", "standard input: Invalid node"),
         Row(["get", "/a", "wide.xml"], out="é\n".encode()),
+        Row(
+            ["print"],
+            b"<!--'>--><a b='1>2>' c=\"'>\">don't<d e='>'/><![CDATA[']]></a>",
+            out=b"a b='1&gt;2&gt;' c=\"'&gt;\"\n  d e='&gt;'\n",
+        ),
     ],
     "usage": [
         Row([], code=2, error="COMMAND is missing (xmltool --help)"),
@@ -99,6 +105,8 @@ ROWS = {
         Row(["set", "/a", "b", "plain.xml"], code=2, error="an @ATTRIBUTE is missing"),
         Row(["set", "/a", "@b"], code=2, error="VALUE is missing"),
         Row(["set", "/a", "@b", "c", "-o"], code=2, error="nothing follows -o"),
+        Row(["print", "-o", "a.xml", "plain.xml"], code=2, error="-o is for set, add and convert"),
+        Row(["set", "/a", "@b", "c", "--encoding", "utf-8"], code=2, error="--encoding is for convert"),
         Row(["convert", "plain.xml"], code=2, error="--encoding is utf-8, utf-16 or utf-16be"),
     ]
     + [
