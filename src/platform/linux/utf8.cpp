@@ -1,5 +1,7 @@
 #include "platform/linux/code_page.h"
 
+#include "platform/surrogates.h"
+
 #include <algorithm>
 
 namespace quorvel {
@@ -42,12 +44,6 @@ char32_t DecodeSequence(Bytes bytes, std::size_t& position) {
     return value;
 }
 
-bool IsHighSurrogate(WCHAR unit) {
-    return (unit & 0xfc00) == 0xd800;
-}
-bool IsLowSurrogate(WCHAR unit) {
-    return (unit & 0xfc00) == 0xdc00;
-}
 WCHAR HighSurrogate(char32_t character) {
     return static_cast<WCHAR>(0xd7c0 + (character >> 10));
 }
