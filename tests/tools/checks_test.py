@@ -34,6 +34,7 @@ LAYERS = [
     ("src/net/controls/a.cpp", "#include <quorvel/net/n.h>", None),
     ("src/net/a.cpp", '  # include "win/w.h"', "a portable file includes"),
     ("src/net/win/a.cpp", '#include "w.h"', None),
+    ("src/net/win/a.cpp", '#include "net/win/w.h"', None),  # and no header of the system's net/
     ("include/quorvel/net/a.h", '#include "util/text/t.h"', "which is not installed"),
     ("src/other/a.cpp", "", "belongs to no component"),
     ("src/net/a.cpp", "#include <quorvel/gone/x.h>", "belongs to no component"),

@@ -1,0 +1,77 @@
+// CUpdateListingItem: one entry of an update listing.
+//
+// A plain value; one object may be used by one thread at a time. Lack of memory throws
+// CMemoryException.
+#pragma once
+
+#include <quorvel/controls/virtual_list_ctrl_item.h>
+#include <quorvel/framework/date_time.h>
+
+class QUORVEL_API CUpdateListingItem : public CVirtualListCtrlItem {
+public:
+    // Of the list's columns.
+    static constexpr int COLUMN_PRIORITY = 0;
+    static constexpr int COLUMN_TITLE = 1;
+    static constexpr int COLUMN_DATE = 2;
+    static constexpr int NUM_COLUMNS = 3;
+
+    static constexpr BYTE PRIORITY_HIGH = 0;
+    static constexpr BYTE PRIORITY_NORMAL = 1;
+    static constexpr BYTE PRIORITY_LOW = 2;
+
+    static constexpr WCHAR DEFAULT_TITLE[] = _T("");
+    static constexpr WCHAR DEFAULT_DESCRIPTION[] = _T("");
+    static constexpr BYTE DEFAULT_PRIORITY = PRIORITY_NORMAL;
+    static const COleDateTime DEFAULT_DATE; // the local time at which the library was loaded
+    static constexpr WCHAR DEFAULT_LINK[] = _T("");
+    static constexpr BOOL DEFAULT_NEW = TRUE;
+
+    CUpdateListingItem();
+    // A priority that is not valid counts as normal, a null text as empty.
+    CUpdateListingItem(const WCHAR* title, const WCHAR* description, BYTE priority,
+                       COleDateTime date, const WCHAR* link, BOOL isNew);
+    CUpdateListingItem(const WCHAR* title, const WCHAR* description, const WCHAR* priority,
+                       COleDateTime date, const WCHAR* link, BOOL isNew);
+    CUpdateListingItem(const CUpdateListingItem& other) = default;
+    CUpdateListingItem& operator=(const CUpdateListingItem& other) = default;
+
+    // FALSE for null, and the text as it was.
+    BOOL SetTitle(const WCHAR* title);
+    BOOL SetDescription(const WCHAR* description);
+    BOOL SetLink(const WCHAR* link);
+    void SetDate(COleDateTime date) noexcept { m_date = date; }
+    void SetNew(BOOL isNew) noexcept { m_new = isNew; }
+    CString GetTitle() const { return m_title; }
+    CString GetDescription() const { return m_description; }
+    CString GetLink() const { return m_link; }
+    COleDateTime GetDate() const noexcept { return m_date; }
+    BOOL IsNew() const noexcept { return m_new; }
+
+    static BOOL IsValidPriority(BYTE priority) noexcept { return priority <= PRIORITY_LOW; }
+    BOOL SetPriority(BYTE priority) noexcept; // FALSE, and no change, unless it is valid
+    void SetHighPriority() noexcept { m_priority = PRIORITY_HIGH; }
+    void SetNormalPriority() noexcept { m_priority = PRIORITY_NORMAL; }
+    void SetLowPriority() noexcept { m_priority = PRIORITY_LOW; }
+    BYTE GetPriority() const noexcept { return m_priority; }
+    BOOL IsHighPriority() const noexcept { return m_priority == PRIORITY_HIGH; }
+    BOOL IsNormalPriority() const noexcept { return m_priority == PRIORITY_NORMAL; }
+    BOOL IsLowPriority() const noexcept { return m_priority == PRIORITY_LOW; }
+    // "high" or "low" in any letter case; any other text is normal. FALSE for null.
+    BOOL SetPriorityFromText(const WCHAR* text);
+    CString GetPriorityText() const; // "high", "normal", "low": of the file format, in any language
+
+    // The title and the short date of the user's locale; the priority is drawn.
+    CString GetSubItemText(int column) override;
+
+    // Every field but those of the base class; the title and the description by letter case.
+    BOOL operator==(const CUpdateListingItem& other) const noexcept;
+    BOOL operator!=(const CUpdateListingItem& other) const noexcept { return !(*this == other); }
+
+private:
+    CString m_title;
+    CString m_description;
+    BYTE m_priority = DEFAULT_PRIORITY;
+    COleDateTime m_date;
+    CString m_link;
+    BOOL m_new;
+};
