@@ -1,10 +1,10 @@
 #include "platform/linux/message_box.h"
 
+#include "platform/linux/terminal.h"
 #include "platform/win32.h"
 
 #include <cctype>
 #include <span>
-#include <string>
 #include <unistd.h>
 
 namespace quorvel {
@@ -51,23 +51,6 @@ const char* IconWord(UINT type) {
     default:
         return "";
     }
-}
-
-// A text may come from a server: control characters, which could steer the terminal, are left out.
-std::string TerminalText(LPCWSTR text) {
-    std::u16string shown(text != nullptr ? text : u"");
-    std::erase_if(shown, [](WCHAR unit) {
-        return (unit < ' ' && unit != '\n' && unit != '\t') || (unit >= 0x7f && unit < 0xa0);
-    });
-    const int length = static_cast<int>(shown.size());
-    if (length == 0)
-        return {};
-    const int size =
-        win32::WideCharToMultiByte(CP_UTF8, 0, shown.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    win32::WideCharToMultiByte(CP_UTF8, 0, shown.data(), length, bytes.data(), size, nullptr,
-                               nullptr);
-    return bytes;
 }
 
 // The chosen button; null at the end of the input.
