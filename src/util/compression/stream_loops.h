@@ -1,0 +1,60 @@
+// The two loops around zlib: input comes from a function, output goes into a file.
+#pragma once
+
+#include <quorvel/framework/file.h>
+
+#include <zlib.h>
+
+namespace quorvel {
+
+struct OutputBuffer {
+    BYTE* bytes;
+    UINT size;
+};
+
+// One pass of `step`, deflate or inflate, whose output is written even when it fails. zlib's code.
+template <class Step>
+int RunAndWrite(z_stream& stream, Step step, int flush, OutputBuffer output, CFile& destination) {
+    stream.next_out = output.bytes;
+    stream.avail_out = output.size;
+    const int result = step(&stream, flush);
+    const UINT produced = output.size - stream.avail_out;
+    if (produced > 0)
+        destination.Write(output.bytes, produced);
+    return result;
+}
+
+// Compresses until `read` gives no more, and finishes the stream. `read` sets the stream's input
+// and returns how much there is. Z_STREAM_END, or zlib's negative code with the stage's rest left
+// undone.
+template <class Read>
+int DeflateAll(z_stream& stream, Read read, OutputBuffer output, CFile& destination) {
+    int result = Z_OK;
+    while (read() > 0) {
+        do {
+            result = RunAndWrite(stream, deflate, Z_NO_FLUSH, output, destination);
+            if (result < 0)
+                return result;
+        } while (stream.avail_out == 0);
+    }
+    do
+        result = RunAndWrite(stream, deflate, Z_FINISH, output, destination);
+    while (result == Z_OK);
+    return result;
+}
+
+// Decompresses up to the end of the stream; `read` is asked when the input is used up. At the end
+// of the input zlib gives Z_BUF_ERROR by itself, once its own output is out.
+template <class Read>
+int InflateAll(z_stream& stream, Read read, OutputBuffer output, CFile& destination) {
+    int result = Z_OK;
+    do {
+        if (stream.avail_in == 0)
+            read();
+        result = RunAndWrite(stream, inflate, Z_NO_FLUSH, output, destination);
+    } while (result == Z_OK);
+    // Nobody has a dictionary to give: zlib would ask for it again and again.
+    return result == Z_NEED_DICT ? Z_DATA_ERROR : result;
+}
+
+} // namespace quorvel

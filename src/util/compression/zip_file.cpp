@@ -1,0 +1,182 @@
+#include <quorvel/util/compression/zip_file.h>
+
+#include <quorvel/frame/exception_text.h>
+#include <quorvel/framework/exceptions.h>
+#include <quorvel/framework/file.h>
+#include <quorvel/res/message_ids.h>
+
+#include "platform/win32.h"
+#include "util/compression/zip_path.h"
+
+#include <minizip/zip.h>
+
+#include <chrono>
+#include <cstring>
+#include <memory>
+#include <string>
+
+namespace {
+
+constexpr UINT kReadSize = 16384;
+constexpr uLong kNamesAreUTF8 = 1u << 11;      // a flag of the entry
+constexpr ULONGLONG kNeedsZip64 = 0xf0000000u; // what does not shrink grows a little
+
+struct CodeRow {
+    int code;
+    UINT textId;
+};
+constexpr CodeRow kCodes[] = {
+    {ZIP_OK, quorvel::kTextZipOk},
+    {ZIP_PARAMERROR, quorvel::kTextZipInvalidParameter},
+    {ZIP_BADZIPFILE, quorvel::kTextZipInvalidFile},
+    {ZIP_INTERNALERROR, quorvel::kTextZipInternalError},
+};
+
+int Fail(int code, CString& errorText) {
+    errorText = AfxGetZipErrorText(code);
+    return code;
+}
+
+int FailWith(CException* exception, CString& errorText) {
+    AfxGetExceptionText(exception, errorText);
+    return ZIP_INTERNALERROR;
+}
+
+// Without a time zone the zip format means local time: deliberately UTC all the same.
+zip_fileinfo EntryMadeNow() {
+    using namespace std::chrono;
+    const auto now = floor<seconds>(system_clock::now());
+    const auto today = floor<days>(now);
+    const year_month_day date(today);
+    const hh_mm_ss time(now - today);
+    zip_fileinfo entry = {};
+    entry.tmz_date.tm_sec = static_cast<int>(time.seconds().count());
+    entry.tmz_date.tm_min = static_cast<int>(time.minutes().count());
+    entry.tmz_date.tm_hour = static_cast<int>(time.hours().count());
+    entry.tmz_date.tm_mday = static_cast<int>(static_cast<unsigned>(date.day()));
+    entry.tmz_date.tm_mon = static_cast<int>(static_cast<unsigned>(date.month())) - 1;
+    entry.tmz_date.tm_year = static_cast<int>(date.year());
+    return entry;
+}
+
+int OpenEntry(void* zip, const WCHAR* name, int level, ULONGLONG size) {
+    // The archive writer finds out too late, with part of the entry written.
+    if (level < Z_DEFAULT_COMPRESSION || level > Z_BEST_COMPRESSION)
+        return Z_STREAM_ERROR;
+    const CStringA bytes(name);
+    const zip_fileinfo entry = EntryMadeNow();
+    const uLong flags = GetACP() == CP_UTF8 ? kNamesAreUTF8 : 0;
+    return zipOpenNewFileInZip4_64(zip, bytes, &entry, nullptr, 0, nullptr, 0, nullptr, Z_DEFLATED,
+                                   level, 0, -MAX_WBITS, DEF_MEM_LEVEL, Z_DEFAULT_STRATEGY, nullptr,
+                                   0, 0, flags, size >= kNeedsZip64);
+}
+
+int CopyIntoEntry(void* zip, CFile& source, CString& errorText) {
+    try {
+        BYTE buffer[kReadSize];
+        while (const UINT count = source.Read(buffer, kReadSize)) {
+            const int error = zipWriteInFileInZip(zip, buffer, count);
+            if (error != ZIP_OK)
+                return Fail(error, errorText);
+        }
+        return ZIP_OK;
+    } catch (CException* exception) {
+        const int error = FailWith(exception, errorText);
+        exception->Delete();
+        return error;
+    }
+}
+
+struct CloseZip {
+    void operator()(void* zip) const { AfxCloseZipFile(zip); }
+};
+typedef std::unique_ptr<void, CloseZip> ScopedZip;
+
+// The archive writer does not tell why: what the file itself says when it is opened.
+CString ReasonNotToOpen(const WCHAR* path) {
+    CString text;
+    std::string bytes;
+    CFile probe;
+    CFileException error;
+    if (!quorvel::ToZipPath(path, bytes))
+        AfxGetFileExceptionErrorMessage(CFileException::badPath, text);
+    else if (!probe.Open(path, CFile::modeWrite | CFile::shareDenyNone, &error))
+        AfxGetFileExceptionErrorMessage(error.m_cause, text);
+    return text.IsEmpty() ? AfxGetZipErrorText(ZIP_INTERNALERROR) : text;
+}
+
+const WCHAR* BareName(const WCHAR* path) {
+    const WCHAR* name = path;
+    for (; *path != 0; ++path)
+        if (*path == '\\' || *path == '/')
+            name = path + 1;
+    return name;
+}
+
+} // namespace
+
+void* AfxOpenZipFile(const WCHAR* path, int append) {
+    std::string bytes;
+    if (!AfxIsValidString(path) || !quorvel::ToZipPath(path, bytes))
+        return nullptr;
+    return zipOpen(bytes.c_str(), append);
+}
+
+int AfxCloseZipFile(void* zip) {
+    return zipClose(zip, nullptr);
+}
+
+CString AfxGetZipErrorText(int zipError) {
+    CString text;
+    if (zipError == ZIP_ERRNO)
+        text = std::strerror(0); // Deliberate: not the current error
+    for (const CodeRow& row : kCodes)
+        if (row.code == zipError)
+            text.LoadString(row.textId);
+    if (text.IsEmpty())
+        text.LoadString(quorvel::kTextUnknownError);
+    return text;
+}
+
+int AfxAddFileToZipFile(void* zip, const WCHAR* sourcePath, const WCHAR* nameInZip, int level,
+                        CString& errorText) {
+    if (!AfxIsValidString(sourcePath))
+        return Fail(ZIP_PARAMERROR, errorText);
+    CFile source;
+    CFileException openError;
+    const BOOL opened =
+        source.Open(sourcePath, CFile::modeRead | CFile::shareDenyWrite, &openError);
+    int error = OpenEntry(zip, nameInZip != nullptr ? nameInZip : sourcePath, level,
+                          opened ? source.GetLength() : 0);
+    if (error != ZIP_OK)
+        return Fail(error, errorText);
+    error = opened ? CopyIntoEntry(zip, source, errorText) : FailWith(&openError, errorText);
+    const int closeError = zipCloseFileInZip(zip);
+    if (error == ZIP_OK && closeError != ZIP_OK)
+        error = Fail(closeError, errorText);
+    return error;
+}
+
+BOOL AfxCompressFileToZipFile(const WCHAR* sourcePath, const WCHAR* zipPath, int level,
+                              CString& errorText) {
+    if (!AfxIsValidString(sourcePath) || !AfxIsValidString(zipPath)) {
+        Fail(ZIP_PARAMERROR, errorText);
+        return FALSE;
+    }
+    if (GetFileAttributesW(sourcePath) == INVALID_FILE_ATTRIBUTES) {
+        AfxGetFileExceptionErrorMessage(CFileException::fileNotFound, errorText);
+        return FALSE;
+    }
+    ScopedZip zip(AfxOpenZipFile(zipPath, APPEND_STATUS_CREATE));
+    if (zip == nullptr) {
+        errorText = ReasonNotToOpen(zipPath);
+        return FALSE;
+    }
+    if (AfxAddFileToZipFile(zip.get(), sourcePath, BareName(sourcePath), level, errorText) !=
+        ZIP_OK)
+        return FALSE;
+    const int error = AfxCloseZipFile(zip.release());
+    if (error != ZIP_OK)
+        Fail(error, errorText);
+    return error == ZIP_OK;
+}
