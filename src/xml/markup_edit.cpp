@@ -121,14 +121,19 @@ void CMarkup::x_Adjust(int iPos, int shift, bool afterPos) {
 }
 
 int CMarkup::LastChildOf(int iPosParent) {
-    if (m_iLastChild == 0 || m_iLastChildParent != iPosParent) {
-        int iPos = m_aPos[iPosParent].iFirstChild;
-        while (iPos != 0 && m_aPos[iPos].iNextSibling != 0)
-            iPos = m_aPos[iPos].iNextSibling;
+    constexpr int kLongWalk =
+        16; // a short one is not worth forgetting the last child of a long list
+    if (m_iLastChild != 0 && m_iLastChildParent == iPosParent)
+        return m_iLastChild;
+    int iPos = m_aPos[iPosParent].iFirstChild;
+    int steps = 0;
+    for (; iPos != 0 && m_aPos[iPos].iNextSibling != 0; ++steps)
+        iPos = m_aPos[iPos].iNextSibling;
+    if (steps >= kLongWalk) {
         m_iLastChildParent = iPosParent;
         m_iLastChild = iPos;
     }
-    return m_iLastChild;
+    return iPos;
 }
 
 int CMarkup::x_LocateNew(int iPosParent, int& iPosBefore, int& offset, int length, int flags) {
@@ -235,10 +240,8 @@ int CMarkup::LinkElem(const NewElem& plan, bool child) {
     m_aPos[iNew] = plan.element;
     m_aPos[iNew].iNextSibling = link;
     link = iNew;
-    if (m_aPos[iNew].iNextSibling == 0) {
-        m_iLastChildParent = iParent;
+    if (m_aPos[iNew].iNextSibling == 0 && m_iLastChildParent == iParent)
         m_iLastChild = iNew;
-    }
     if (plan.parentWasEmpty) {
         parent.nTagClose -= 1;
         parent.nEndTagOpen -= plan.parentNameLength + 1;

@@ -127,6 +127,29 @@ TEST(MarkupEditing, RefusesWhatPositionsDoNotReach) {
     }
 }
 
+// In linear time, with children added to the children in between.
+TEST(MarkupEditing, AppendsToALongListWithoutAChildPosition) {
+    constexpr int kItems = 50'000;
+    MarkupProbe markup;
+    markup.AddElem(_T("list"));
+    for (int i = 0; i < kItems; ++i) {
+        markup.ResetPos();
+        markup.FindElem();
+        markup.AddChildElem(_T("item"));
+        markup.IntoElem();
+        markup.AddChildElem(_T("first"));
+        markup.ResetChildPos();
+        markup.AddChildElem(_T("second"), i);
+    }
+    MarkupProbe fresh(markup.GetDoc());
+    EXPECT_TRUE(markup.Tree() == fresh.Tree());
+    fresh.FindElem();
+    for (int i = 0; i < kItems; ++i)
+        ASSERT_TRUE(fresh.FindChildElem(_T("item"))) << i;
+    EXPECT_TRUE(fresh.IntoElem() && fresh.FindChildElem(_T("second")));
+    EXPECT_EQ(fresh.GetChildData(), _T("49999"));
+}
+
 // After any edits the index is that of a fresh parse of the text.
 TEST(MarkupEditing, KeepsTheIndexOfAFreshParse) {
     static constexpr const WCHAR* kTexts[] = {

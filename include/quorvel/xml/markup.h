@@ -9,8 +9,10 @@
 // that would pass that, or finds no memory, throws CMemoryException and changes nothing (where
 // there is memory for a text but not for its index, the text is kept with an empty index). Parsing
 // is linear and iterative whatever the nesting. An edit moves the text and visits the elements
-// behind it, so that many edits at the front of a large document are quadratic by definition;
-// appending is not. CMarkupEditSession makes many edits in linear time.
+// behind it, so that many edits at the front of a large document are quadratic by definition.
+// Appending is linear where each element goes after the one added last, or, without a child
+// position, to one long list of children at a time. CMarkupEditSession makes many edits in linear
+// time.
 //
 // How texts are read (the parser is lenient; AfxCheckXML judges well-formedness):
 // - A zero character ends the text for the parser; the document keeps what follows it.
@@ -259,8 +261,8 @@ private:
     bool PlanAttrib(int iPos, const WCHAR* name, const WCHAR* value, Splice& plan) const;
     int LinkElem(const NewElem& plan, bool child);
 
-    // The last child of one parent, remembered so that appending without a child position need not
-    // walk the siblings; 0 when not known.
+    // The last child of one parent with many, remembered so that appending without a child position
+    // need not walk the siblings; 0 when not known.
     int m_iLastChildParent = 0;
     int m_iLastChild = 0;
 };
