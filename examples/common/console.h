@@ -3,6 +3,7 @@
 
 #include <quorvel/framework/string.h>
 
+#include <cstdio>
 #include <vector>
 
 // The arguments that main was called with, without the program's name. On Windows main gets them in
@@ -11,3 +12,6 @@ std::vector<CString> ProgramArguments(int argc, char** argv);
 
 // From now on standard input and output pass bytes as they are, and the console takes UTF-8.
 void UsePlainStreams();
+
+// The line as UTF-8, and a line end.
+void Print(std::FILE* stream, const CString& line);

@@ -5,7 +5,6 @@
 
 #include <quorvel/frame/exception_text.h>
 #include <quorvel/framework/exceptions.h>
-#include <quorvel/util/text/utf8.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -32,12 +31,6 @@ goes to standard output.
 
 exit code: 0 done, 1 not found or not well-formed, 2 wrong usage or a file error
 )";
-
-void Print(FILE* stream, const CString& line) {
-    CStringA bytes;
-    AfxWideCharToUTF8(line, bytes);
-    std::fprintf(stream, "%s\n", bytes.GetString());
-}
 
 [[noreturn]] void FailUsage(const CString& reason) {
     throw Failure{exitFailed, reason + _T(" (xmltool --help)")};
