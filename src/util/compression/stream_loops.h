@@ -12,14 +12,14 @@ struct OutputBuffer {
     UINT size;
 };
 
-// One pass of `step`, deflate or inflate, whose output is written even when it fails. zlib's code.
+// One pass of `step`, deflate or inflate, whose output is written unless it fails. zlib's code.
 template <class Step>
 int RunAndWrite(z_stream& stream, Step step, int flush, OutputBuffer output, CFile& destination) {
     stream.next_out = output.bytes;
     stream.avail_out = output.size;
     const int result = step(&stream, flush);
     const UINT produced = output.size - stream.avail_out;
-    if (produced > 0)
+    if (result >= 0 && produced > 0)
         destination.Write(output.bytes, produced);
     return result;
 }

@@ -19,6 +19,7 @@ namespace {
 
 constexpr UINT kReadSize = 16384;
 constexpr uLong kNamesAreUTF8 = 1u << 11;      // a flag of the entry
+constexpr uLong kMadeOnVFAT = 14u << 8;        // the high byte names the file system
 constexpr ULONGLONG kNeedsZip64 = 0xf0000000u; // what does not shrink grows a little
 
 struct CodeRow {
@@ -65,10 +66,14 @@ int OpenEntry(void* zip, const WCHAR* name, int level, ULONGLONG size) {
         return Z_STREAM_ERROR;
     const CStringA bytes(name);
     const zip_fileinfo entry = EntryMadeNow();
-    const uLong flags = GetACP() == CP_UTF8 ? kNamesAreUTF8 : 0;
+    // Of entries made on DOS, which is 0, some readers take the name for one in the DOS code page
+    // whatever the flag says; of those made on Unix they take the attributes for no permissions.
+    const bool isUTF8 = GetACP() == CP_UTF8;
+    const uLong madeBy = isUTF8 ? kMadeOnVFAT : 0;
+    const uLong flags = isUTF8 ? kNamesAreUTF8 : 0;
     return zipOpenNewFileInZip4_64(zip, bytes, &entry, nullptr, 0, nullptr, 0, nullptr, Z_DEFLATED,
                                    level, 0, -MAX_WBITS, DEF_MEM_LEVEL, Z_DEFAULT_STRATEGY, nullptr,
-                                   0, 0, flags, size >= kNeedsZip64);
+                                   0, madeBy, flags, size >= kNeedsZip64);
 }
 
 int CopyIntoEntry(void* zip, CFile& source, CString& errorText) {
