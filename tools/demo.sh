@@ -1,5 +1,5 @@
 #!/bin/sh
-# demo.sh: runs the tour and the XML tool as Linux and as Windows programs on the same files and
+# demo.sh: runs the tour, the XML tool and the packer as Linux and as Windows programs on the same files and
 # compares what the two print. Fails where they differ.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -11,7 +11,7 @@ demo=$root/build/demo
 mkdir -p "$root/build"
 for preset in linux-debug "$windows"; do
     say "demo: building $preset"
-    build_preset "$preset" tour xmltool quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
+    build_preset "$preset" tour xmltool pack quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
         tail -n 30 "$root/build/demo-$preset.log" >&2
         die "$preset does not build, see build/demo-$preset.log"
     }
@@ -38,7 +38,7 @@ cp "$root/examples/data/updates.xml" "$demo"
 # programs FOLDER SUFFIX [RUNNER]: runs them all; what they print are a few texts and a listing, which
 # is looked at, changed and taken through another encoding.
 programs() {
-    tour=$1/tour$2 xmltool=$1/xmltool$2
+    tour=$1/tour$2 xmltool=$1/xmltool$2 pack=$1/pack$2
     shift 2
     "$@" "$tour" --lang-dir languages ./*.dll || return
     printf '\n== An update listing\n'
@@ -50,7 +50,11 @@ programs() {
     cksum <set.xml
     "$@" "$xmltool" get '/rss/channel/item[3]/author' set.xml || return
     "$@" "$xmltool" get '/rss/channel/item[2]/enclosure' @length set.xml || return
-    printf '<rss>\n  <channel></chanel>\n</rss>\n' | "$@" "$xmltool" check || [ $? = 1 ]
+    printf '<rss>\n  <channel></chanel>\n</rss>\n' | "$@" "$xmltool" check || [ $? = 1 ] || return
+    printf '\n== Packed\n'
+    "$@" "$pack" deflate updates.xml updates.z || return
+    "$@" "$pack" inflate updates.z unpacked.xml || return
+    "$@" "$pack" zip updates.xml updates.zip
 }
 
 # The folder is the current one, and locale and time zone are fixed: the output has no reason to differ.
