@@ -33,8 +33,8 @@ void CheckDecoding(const std::string& input, int missing) {
     const int room = std::max(AfxBase64DecodeGetRequiredLength(size) - missing, 0);
     const Result portable = Decode(quorvel::PortableBase64<Ch>(), text, room);
     Require(size == 0 || portable.fitted == (portable.length <= room));
-    if (const auto* kernels = quorvel::VectorBase64<Ch>())
-        Require(portable == Decode(*kernels, text, room));
+    for (const auto* kernels : {quorvel::Ssse3Base64<Ch>(), quorvel::Avx512Base64<Ch>()})
+        Require(kernels == nullptr || portable == Decode(*kernels, text, room));
 }
 
 template <class Ch>
@@ -53,8 +53,8 @@ std::vector<Ch> Encode(const quorvel::Base64Kernels<Ch>& kernels, const std::str
 template <class Ch>
 void CheckEncoding(const std::string& input, DWORD flags) {
     const std::vector<Ch> text = Encode(quorvel::PortableBase64<Ch>(), input, flags);
-    if (const auto* kernels = quorvel::VectorBase64<Ch>())
-        Require(text == Encode(*kernels, input, flags));
+    for (const auto* kernels : {quorvel::Ssse3Base64<Ch>(), quorvel::Avx512Base64<Ch>()})
+        Require(kernels == nullptr || text == Encode(*kernels, input, flags));
     const Result decoded =
         Decode(quorvel::PortableBase64<Ch>(), text, static_cast<int>(input.size()));
     Require(decoded.fitted && std::string(decoded.bytes.begin(), decoded.bytes.end()) == input);

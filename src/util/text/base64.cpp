@@ -10,45 +10,23 @@ namespace {
 
 constexpr int kLineLength = 4 * kLineGroups;
 
-// The character of the 6 bits above `shift`.
-char Character(unsigned bits, int shift) {
-    return kBase64Alphabet[bits >> shift & 63];
-}
-
 template <class Ch>
 Ch* EncodeGroups(const BYTE* source, std::size_t groups, Ch* dest) {
     for (; groups > 0; --groups, source += 3) {
         const auto bits = static_cast<unsigned>(source[0] << 16 | source[1] << 8 | source[2]);
         for (int shift = 18; shift >= 0; shift -= 6)
-            *dest++ = static_cast<Ch>(Character(bits, shift));
+            *dest++ = static_cast<Ch>(kBase64Alphabet[bits >> shift & 63]);
     }
     return dest;
 }
 
 template <class Ch>
 Ch* EncodeLines(const BYTE* source, std::size_t lines, Ch* dest) {
-    for (; lines > 0; --lines, source += 3 * kLineGroups) {
+    for (; lines > 0; --lines, source += kLineBytes) {
         dest = EncodeGroups(source, kLineGroups, dest);
         *dest++ = '\r';
         *dest++ = '\n';
     }
-    return dest;
-}
-
-// The last one or two bytes and their padding.
-template <class Ch>
-Ch* EncodeRemainder(const BYTE* source, std::size_t count, Ch* dest, DWORD flags) {
-    const int secondByte = count > 1 ? source[1] : 0;
-    const auto bits = static_cast<unsigned>(source[0] << 16 | secondByte << 8);
-    const bool padded = (flags & BASE64_NO_PADDING) == 0;
-    *dest++ = static_cast<Ch>(Character(bits, 18));
-    *dest++ = static_cast<Ch>(Character(bits, 12));
-    if (count > 1)
-        *dest++ = static_cast<Ch>(Character(bits, 6));
-    else if (padded)
-        *dest++ = '=';
-    if (padded)
-        *dest++ = '=';
     return dest;
 }
 
@@ -86,16 +64,35 @@ int DecodeGroup(Base64Cursor<Ch>& cursor) {
 
 template <class Ch>
 const Base64Kernels<Ch>& FastestBase64() {
-    const Base64Kernels<Ch>* vector = VectorBase64<Ch>();
-    return vector != nullptr ? *vector : PortableBase64<Ch>();
+    static const Base64Kernels<Ch>& fastest = []() -> const Base64Kernels<Ch>& {
+        for (const Base64Kernels<Ch>* kernels : {Avx512Base64<Ch>(), Ssse3Base64<Ch>()})
+            if (kernels != nullptr)
+                return *kernels;
+        return PortableBase64<Ch>();
+    }();
+    return fastest;
+}
+
+int EncodedLength(int sourceLength, DWORD flags) {
+    if (sourceLength < 1)
+        return 0;
+    std::int64_t length = std::int64_t{4} * sourceLength / 3;
+    if ((flags & BASE64_NO_PADDING) == 0)
+        length += sourceLength % 3;
+    // Deliberate: the lines are counted from the length before it is rounded up.
+    const std::int64_t lines = length / kLineLength + 1;
+    length = (length + 3) / 4 * 4;
+    if ((flags & BASE64_NO_LINE_BREAKS) == 0)
+        length += 2 * lines;
+    return length <= INT_MAX ? static_cast<int>(length) : 0;
 }
 
 } // namespace
 
 template <class Ch>
 const Base64Kernels<Ch>& PortableBase64() {
-    static constexpr Base64Kernels<Ch> kernels = {EncodeGroups<Ch>, EncodeLines<Ch>,
-                                                  DecodeGroups<Ch>};
+    static constexpr Base64Kernels<Ch> kernels = {
+        EncodeByLines<Ch, EncodeLines<Ch>, EncodeGroups<Ch>>, DecodeGroups<Ch>};
     return kernels;
 }
 
@@ -104,23 +101,12 @@ BOOL EncodeBase64(const Base64Kernels<Ch>& kernels, const BYTE* source, int sour
                   int* destLength, DWORD flags) {
     if (source == nullptr || dest == nullptr || destLength == nullptr)
         return FALSE;
-    const int required = AfxBase64EncodeGetRequiredLength(sourceLength, flags);
+    const int required = EncodedLength(sourceLength, flags);
     if (required == 0 || *destLength < required)
         return FALSE;
 
-    const auto length = static_cast<std::size_t>(sourceLength);
-    std::size_t groups = length / 3;
-    Ch* end = dest;
-    if ((flags & BASE64_NO_LINE_BREAKS) == 0) {
-        // Deliberate: a line that full groups fill ends in a line break even as the last one.
-        const std::size_t lines = groups / kLineGroups;
-        end = kernels.encodeLines(source, lines, end);
-        source += 3 * kLineGroups * lines;
-        groups %= kLineGroups;
-    }
-    end = kernels.encodeGroups(source, groups, end);
-    if (length % 3 != 0)
-        end = EncodeRemainder(source + 3 * groups, length % 3, end, flags);
+    const Ch* const end =
+        kernels.encode(source, static_cast<std::size_t>(sourceLength), dest, flags);
     *destLength = static_cast<int>(end - dest);
     return TRUE;
 }
@@ -135,8 +121,8 @@ BOOL DecodeBase64(const Base64Kernels<Ch>& kernels, const Ch* source, int source
     int missing = 0;
     while (cursor.source != cursor.sourceEnd) {
         kernels.decodeGroups(cursor);
-        if (!SkipForeign(cursor)) // else the next group may well be clean
-            missing += DecodeGroup(cursor);
+        if (cursor.source != cursor.sourceEnd && !SkipForeign(cursor))
+            missing += DecodeGroup(cursor); // else the next group may well be clean
     }
     *destLength = static_cast<int>(cursor.dest - dest) + missing;
     return missing == 0;
@@ -153,17 +139,7 @@ QUORVEL_INSTANTIATE(WCHAR)
 } // namespace quorvel
 
 int AfxBase64EncodeGetRequiredLength(int sourceLength, DWORD flags) {
-    if (sourceLength < 1)
-        return 0;
-    std::int64_t length = std::int64_t{4} * sourceLength / 3;
-    if ((flags & BASE64_NO_PADDING) == 0)
-        length += sourceLength % 3;
-    // Deliberate: the lines are counted from the length before it is rounded up.
-    const std::int64_t lines = length / quorvel::kLineLength + 1;
-    length = (length + 3) / 4 * 4;
-    if ((flags & BASE64_NO_LINE_BREAKS) == 0)
-        length += 2 * lines;
-    return length <= INT_MAX ? static_cast<int>(length) : 0;
+    return quorvel::EncodedLength(sourceLength, flags);
 }
 
 int AfxBase64DecodeGetRequiredLength(int sourceLength) {

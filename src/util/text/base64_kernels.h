@@ -1,10 +1,10 @@
-// The inner loops of base64, in a portable and a vector form with the same results.
+// The inner loops of base64, in a portable and two vector forms with the same results.
 //
 // A group is three bytes or the four characters they become; a line is nineteen groups and CR LF.
 // Padding, a last shorter group and foreign characters are the callers' matter.
 #pragma once
 
-#include <quorvel/platform/platform.h>
+#include <quorvel/util/text/base64.h>
 
 #include <array>
 #include <cstddef>
@@ -13,6 +13,7 @@
 namespace quorvel {
 
 constexpr std::size_t kLineGroups = 19;
+constexpr std::size_t kLineBytes = 3 * kLineGroups;
 
 constexpr char kBase64Alphabet[] =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
@@ -59,21 +60,58 @@ void DecodeGroups(Base64Cursor<Ch>& cursor) {
     }
 }
 
+// The last one or two bytes and their padding.
+template <class Ch>
+Ch* EncodeRemainder(const BYTE* source, std::size_t count, Ch* dest, bool padded) {
+    const int secondByte = count > 1 ? source[1] : 0;
+    *dest++ = static_cast<Ch>(kBase64Alphabet[source[0] >> 2]);
+    *dest++ = static_cast<Ch>(kBase64Alphabet[(source[0] << 4 | secondByte >> 4) & 63]);
+    if (count > 1)
+        *dest++ = static_cast<Ch>(kBase64Alphabet[secondByte << 2 & 63]);
+    else if (padded)
+        *dest++ = '=';
+    if (padded)
+        *dest++ = '=';
+    return dest;
+}
+
 template <class Ch>
 struct Base64Kernels {
-    // Neither reads nor writes beyond the groups or lines. Both return the end of what they wrote.
-    Ch* (*encodeGroups)(const BYTE* source, std::size_t groups, Ch* dest);
-    Ch* (*encodeLines)(const BYTE* source, std::size_t lines, Ch* dest);
-    // As DecodeGroups; it may stop where a foreign character lies in the next sixteen.
+    // All of the bytes, by the flags of the public functions; returns the end of what it wrote.
+    // Neither reads nor writes beyond the bytes and what becomes of them.
+    Ch* (*encode)(const BYTE* source, std::size_t length, Ch* dest, DWORD flags);
+    // As DecodeGroups; it may stop where a foreign character lies in the next sixteen, may skip
+    // some of them, and may decode the last, shorter group too.
     void (*decodeGroups)(Base64Cursor<Ch>& cursor);
 };
+
+// An encoder of whole lines, and of what is in one.
+template <class Ch, Ch* (*encodeLines)(const BYTE* source, std::size_t lines, Ch* dest),
+          Ch* (*encodeGroups)(const BYTE* source, std::size_t groups, Ch* dest)>
+Ch* EncodeByLines(const BYTE* source, std::size_t length, Ch* dest, DWORD flags) {
+    if ((flags & BASE64_NO_LINE_BREAKS) == 0) {
+        // Deliberate: a line that full groups fill ends in a line break even as the last one.
+        const std::size_t lines = length / kLineBytes;
+        dest = encodeLines(source, lines, dest);
+        source += kLineBytes * lines;
+        length -= kLineBytes * lines;
+    }
+    dest = encodeGroups(source, length / 3, dest);
+    const std::size_t remainder = length % 3;
+    if (remainder == 0)
+        return dest;
+    return EncodeRemainder(source + (length - remainder), remainder, dest,
+                           (flags & BASE64_NO_PADDING) == 0);
+}
 
 template <class Ch>
 const Base64Kernels<Ch>& PortableBase64();
 
 // Null where the processor has no suitable instructions.
 template <class Ch>
-const Base64Kernels<Ch>* VectorBase64();
+const Base64Kernels<Ch>* Ssse3Base64();
+template <class Ch>
+const Base64Kernels<Ch>* Avx512Base64();
 
 // The public functions with the kernels to use.
 template <class Ch>

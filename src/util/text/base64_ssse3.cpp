@@ -69,11 +69,12 @@ QUORVEL_SSSE3 __m128i EncodeStep(__m128i spread) {
 }
 
 // The first step loads its twelve bytes and the four behind them, all others the four before them:
-// so no load leaves the source. The last step may repeat groups of the one before.
+// so no load leaves a source of six groups or more. The last step may repeat groups of the one
+// before.
 template <class Ch>
 QUORVEL_SSSE3 inline Ch* EncodeGroups(const BYTE* source, std::size_t groups, Ch* dest) {
-    if (groups < 6) // the first load takes 16 bytes
-        return PortableBase64<Ch>().encodeGroups(source, groups, dest);
+    if (groups < 6)
+        return PortableBase64<Ch>().encode(source, 3 * groups, dest, BASE64_NO_LINE_BREAKS);
     const __m128i spreadFirst = _mm_setr_epi8(1, 0, 2, 1, 4, 3, 5, 4, 7, 6, 8, 7, 10, 9, 11, 10);
     const __m128i spreadOthers = _mm_add_epi8(spreadFirst, _mm_set1_epi8(4));
     StoreCharacters(dest, EncodeStep(_mm_shuffle_epi8(Load(source), spreadFirst)));
@@ -87,7 +88,7 @@ QUORVEL_SSSE3 inline Ch* EncodeGroups(const BYTE* source, std::size_t groups, Ch
 
 template <class Ch>
 QUORVEL_SSSE3 Ch* EncodeLines(const BYTE* source, std::size_t lines, Ch* dest) {
-    for (; lines > 0; --lines, source += 3 * kLineGroups) {
+    for (; lines > 0; --lines, source += kLineBytes) {
         dest = EncodeGroups(source, kLineGroups, dest);
         *dest++ = '\r';
         *dest++ = '\n';
@@ -156,9 +157,9 @@ QUORVEL_SSSE3 void DecodeGroupsBySteps(Base64Cursor<Ch>& cursor) {
 } // namespace
 
 template <class Ch>
-const Base64Kernels<Ch>* VectorBase64() {
-    static constexpr Base64Kernels<Ch> kernels = {EncodeGroups<Ch>, EncodeLines<Ch>,
-                                                  DecodeGroupsBySteps<Ch>};
+const Base64Kernels<Ch>* Ssse3Base64() {
+    static constexpr Base64Kernels<Ch> kernels = {
+        EncodeByLines<Ch, EncodeLines<Ch>, EncodeGroups<Ch>>, DecodeGroupsBySteps<Ch>};
     return __builtin_cpu_supports("ssse3") ? &kernels : nullptr;
 }
 
@@ -169,7 +170,7 @@ const Base64Kernels<Ch>* VectorBase64() {
 namespace quorvel {
 
 template <class Ch>
-const Base64Kernels<Ch>* VectorBase64() {
+const Base64Kernels<Ch>* Ssse3Base64() {
     return nullptr;
 }
 
@@ -179,7 +180,7 @@ const Base64Kernels<Ch>* VectorBase64() {
 
 namespace quorvel {
 
-template const Base64Kernels<char>* VectorBase64();
-template const Base64Kernels<WCHAR>* VectorBase64();
+template const Base64Kernels<char>* Ssse3Base64();
+template const Base64Kernels<WCHAR>* Ssse3Base64();
 
 } // namespace quorvel
