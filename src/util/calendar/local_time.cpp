@@ -38,3 +38,12 @@ BOOL AfxUTCToLocalTime(const COleDateTime& utc, COleDateTime& local) {
 BOOL AfxLocalTimeToUTC(const COleDateTime& local, COleDateTime& utc) {
     return Convert(local, utc, TzSpecificLocalTimeToSystemTime);
 }
+
+BOOL AfxTzSpecificLocalTimeToSystemTime(const TIME_ZONE_INFORMATION* zone, const SYSTEMTIME* local,
+                                        SYSTEMTIME* utc) {
+    if (local == nullptr || utc == nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    return TzSpecificLocalTimeToSystemTime(zone, local, utc);
+}

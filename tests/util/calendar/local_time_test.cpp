@@ -2,6 +2,7 @@
 #include <quorvel/util/calendar/local_time.h>
 
 #include "support/date_time.h"
+#include "support/last_error.h"
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,37 @@ TEST(LocalTime, WhatCannotBeConvertedLeavesTheOutput) {
     EXPECT_FALSE(AfxUTCToLocalTime(COleDateTime(9999, 12, 31, 23, 30, 0), converted));
     EXPECT_FALSE(AfxLocalTimeToUTC(COleDateTime(1601, 1, 1, 0, 30, 0), converted));
     EXPECT_EQ(converted, kMarker);
+}
+
+TEST(LocalTime, AZoneOfTheCallersCountsInstead) {
+    TIME_ZONE_INFORMATION west = {};
+    west.Bias = 300;
+    const SYSTEMTIME evening{2007, 7, 0, 1, 20, 6, 7, 0};
+    const SYSTEMTIME tooEarly{1600, 12, 0, 31, 22, 0, 0, 0};
+    SYSTEMTIME utc;
+    const struct {
+        const char* label;
+        const TIME_ZONE_INFORMATION* zone;
+        const SYSTEMTIME* local;
+        SYSTEMTIME* utc;
+        DWORD error;
+        COleDateTime expected;
+    } rows[] = {
+        {"the user's zone", nullptr, &evening, &utc, 0, {2007, 7, 1, 18, 6, 7}},
+        {"another", &west, &evening, &utc, 0, {2007, 7, 2, 1, 6, 7}},
+        {"before 1601", &west, &tooEarly, &utc, ERROR_INVALID_PARAMETER, kMarker},
+        {"no local time", &west, nullptr, &utc, ERROR_INVALID_PARAMETER, kMarker},
+        {"no output", &west, &evening, nullptr, ERROR_INVALID_PARAMETER, kMarker},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        kMarker.GetAsSystemTime(utc);
+        const auto convert = [&] {
+            return AfxTzSpecificLocalTimeToSystemTime(row.zone, row.local, row.utc);
+        };
+        EXPECT_EQ(ErrorOf(convert), row.error);
+        EXPECT_EQ(COleDateTime(utc), row.expected);
+    }
 }
 
 TEST(LocalTime, TheClocksAgree) {

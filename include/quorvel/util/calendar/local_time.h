@@ -20,3 +20,8 @@ QUORVEL_API COleDateTime AfxGetCurrentUTCTime();
 // converted, and when the result lies outside COleDateTime's years. The output may be the input.
 QUORVEL_API BOOL AfxUTCToLocalTime(const COleDateTime& utc, COleDateTime& local);
 QUORVEL_API BOOL AfxLocalTimeToUTC(const COleDateTime& local, COleDateTime& utc);
+
+// The platform's TzSpecificLocalTimeToSystemTime, for the user's time zone when `zone` is null.
+// FALSE with error 87, and `utc` unchanged, for a null time and one that can't be converted.
+QUORVEL_API BOOL AfxTzSpecificLocalTimeToSystemTime(const TIME_ZONE_INFORMATION* zone,
+                                                    const SYSTEMTIME* local, SYSTEMTIME* utc);
