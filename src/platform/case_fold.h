@@ -3,6 +3,9 @@
 
 #include <quorvel/platform/platform.h>
 
+#include <algorithm>
+#include <string_view>
+
 namespace quorvel {
 
 // The lower-case form of a letter, any other unit unchanged. Surrogates are not letters.
@@ -12,6 +15,11 @@ inline WCHAR FoldCase(WCHAR unit) {
     if (unit < 0x80)
         return unit >= 'A' && unit <= 'Z' ? static_cast<WCHAR>(unit + ('a' - 'A')) : unit;
     return FoldCaseBeyondAscii(unit);
+}
+
+inline bool BeginsWithIgnoringCase(std::basic_string_view<WCHAR> text,
+                                   std::basic_string_view<WCHAR> prefix) {
+    return std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, FoldCase, FoldCase);
 }
 
 } // namespace quorvel

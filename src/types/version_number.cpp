@@ -1,5 +1,7 @@
 #include <quorvel/types/version_number.h>
 
+#include "platform/digits.h"
+
 #include <algorithm>
 #include <compare>
 #include <cstdint>
@@ -12,19 +14,15 @@ bool IsSeparator(WCHAR character) {
     return character == '.' || character == ',' || character == ' ';
 }
 
-bool IsDigit(WCHAR character) {
-    return character >= '0' && character <= '9';
-}
-
 // Reads the whole token at `text` and moves to its end. "-0" is a number and not negative.
 bool ReadPart(const WCHAR*& text, DWORD& part) {
     const bool minus = *text == '-';
     if (minus || *text == '+')
         ++text;
-    if (!IsDigit(*text))
+    if (!quorvel::IsDigit(*text))
         return false;
     std::uint64_t value = 0;
-    for (; IsDigit(*text); ++text)
+    for (; quorvel::IsDigit(*text); ++text)
         value = std::min(value * 10 + static_cast<unsigned>(*text - '0'), kMaximumPart);
     part = static_cast<DWORD>(value);
     return (*text == 0 || IsSeparator(*text)) && (!minus || value == 0);

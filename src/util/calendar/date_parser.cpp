@@ -6,9 +6,14 @@
 //     z  the zone, which may be missing
 #include <quorvel/util/calendar/date_parser.h>
 
+#include "platform/case_fold.h"
+#include "platform/digits.h"
+
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+
+using namespace quorvel;
 
 namespace {
 
@@ -59,35 +64,18 @@ constexpr struct {
 bool IsBlank(WCHAR character) {
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
-bool IsDigit(WCHAR character) {
-    return character >= '0' && character <= '9';
-}
-WCHAR ToLower(WCHAR character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<WCHAR>(character + 32) : character;
-}
 bool IsLetter(WCHAR character) {
-    return ToLower(character) >= 'a' && ToLower(character) <= 'z';
+    return FoldCase(character) >= 'a' && FoldCase(character) <= 'z';
 }
 bool IsSign(WCHAR character) {
     return character == '+' || character == '-';
-}
-
-// `prefix` is in small letters.
-bool BeginsWith(Text text, Text prefix) {
-    if (text.size() < prefix.size())
-        return false;
-    for (std::size_t i = 0; i < prefix.size(); ++i) {
-        if (ToLower(text[i]) != prefix[i])
-            return false;
-    }
-    return true;
 }
 
 int MonthOf(Text word) {
     if (word.size() < kShortestMonth)
         return 0;
     for (std::size_t i = 0; i < std::size(kMonths); ++i) {
-        if (word.size() <= kMonths[i].size() && BeginsWith(word, kMonths[i].substr(0, word.size())))
+        if (BeginsWithIgnoringCase(kMonths[i], word))
             return static_cast<int>(i) + 1;
     }
     return 0;
@@ -117,12 +105,12 @@ bool ReadZone(Text text, int& bias) {
         return false;
     if (IsSign(text[0]))
         return ReadOffset(text, bias);
-    if (text.size() == 1 && IsLetter(text[0]) && ToLower(text[0]) != 'j') { // there is no zone J
+    if (text.size() == 1 && IsLetter(text[0]) && FoldCase(text[0]) != 'j') { // there is no zone J
         bias = 0;
         return true;
     }
     for (const auto& zone : kZones) {
-        if (zone.word.size() == text.size() && BeginsWith(text, zone.word)) {
+        if (zone.word.size() == text.size() && BeginsWithIgnoringCase(text, zone.word)) {
             bias = zone.bias;
             return true;
         }
@@ -219,7 +207,7 @@ private:
         const bool isNegative = !m_rest.empty() && m_rest[0] == '-';
         if (!m_rest.empty() && IsSign(m_rest[0]))
             Take(1);
-        const Text digits = TakeWhile(IsDigit);
+        const Text digits = TakeWhile(IsDigit<WCHAR>);
         int value = 0;
         for (const WCHAR digit : digits)
             value = value < kMost ? value * 10 + (digit - '0') : kMost;
@@ -241,7 +229,7 @@ private:
         const bool isNumber = ReadNumber(second);
         if (m_rest.size() > 1 && (m_rest[0] == '.' || m_rest[0] == ',') && IsDigit(m_rest[1])) {
             Take(1);
-            TakeWhile(IsDigit);
+            TakeWhile(IsDigit<WCHAR>);
         }
         return isNumber;
     }

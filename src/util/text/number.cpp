@@ -1,25 +1,16 @@
 #include <quorvel/util/text/number.h>
 
+#include "platform/digits.h"
 #include "platform/win32.h"
+
+using namespace quorvel;
 
 namespace {
 
 constexpr int kMinimumRadix = 2;
-constexpr int kMaximumRadix = 36;
 
 bool IsRadix(int radix) {
     return radix >= kMinimumRadix && radix <= kMaximumRadix;
-}
-
-// The value of a digit in the largest radix, or that radix.
-int DigitValue(WCHAR character) {
-    if (character >= '0' && character <= '9')
-        return character - '0';
-    if (character >= 'a' && character <= 'z')
-        return character - 'a' + 10;
-    if (character >= 'A' && character <= 'Z')
-        return character - 'A' + 10;
-    return kMaximumRadix;
 }
 
 } // namespace

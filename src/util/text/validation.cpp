@@ -1,6 +1,7 @@
 #include <quorvel/util/text/validation.h>
 
 #include "platform/case_fold.h"
+#include "platform/digits.h"
 
 #include <algorithm>
 #include <string_view>
@@ -19,11 +20,6 @@ constexpr Scheme kSchemes[] = {
     {_T("file://"), true}, // a file name as it is, not escaped
 };
 
-bool BeginsWith(View text, View prefix) {
-    return text.size() >= prefix.size() &&
-           std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, quorvel::FoldCase);
-}
-
 bool IsControl(WCHAR character) {
     return character < ' ' || (character >= 0x7f && character < 0xa0);
 }
@@ -32,7 +28,7 @@ bool IsControl(WCHAR character) {
 bool TakeOctet(View& text) {
     int value = 0;
     std::size_t length = 0;
-    for (; length < text.size() && text[length] >= '0' && text[length] <= '9'; ++length) {
+    for (; length < text.size() && quorvel::IsDigit(text[length]); ++length) {
         value = 10 * value + (text[length] - '0');
         if (value > 255 || (length > 0 && text[0] == '0'))
             return false;
@@ -47,8 +43,9 @@ BOOL AfxIsValidURL(const WCHAR* text) {
     if (text == nullptr)
         return FALSE;
     const View url = text;
-    const auto scheme = std::ranges::find_if(
-        kSchemes, [url](const Scheme& each) { return BeginsWith(url, each.prefix); });
+    const auto scheme = std::ranges::find_if(kSchemes, [url](const Scheme& each) {
+        return quorvel::BeginsWithIgnoringCase(url, each.prefix);
+    });
     if (scheme == std::end(kSchemes))
         return FALSE;
     const View rest = url.substr(scheme->prefix.size());

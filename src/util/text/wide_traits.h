@@ -9,6 +9,7 @@
 #pragma once
 
 #include "platform/case_fold.h"
+#include "platform/digits.h"
 
 #include <cstddef>
 #include <string>
@@ -62,14 +63,8 @@ public:
         return (RegexClassesOf(character) & classes) != 0;
     }
     int value(Ch character, int radix) const {
-        int digit = -1;
-        if (character >= '0' && character <= '9')
-            digit = character - '0';
-        else if (character >= 'a' && character <= 'f')
-            digit = character - 'a' + 10;
-        else if (character >= 'A' && character <= 'F')
-            digit = character - 'A' + 10;
-        return digit < radix ? digit : -1;
+        const int digit = DigitValue(character);
+        return digit < radix ? digit : -1; // radix is 8, 10 or 16
     }
     locale_type imbue(locale_type locale) { return locale; }
     locale_type getloc() const { return {}; }
