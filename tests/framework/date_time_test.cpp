@@ -1,10 +1,10 @@
 #include <quorvel/framework/date_time.h>
 
+#include "support/cases.h"
 #include "support/text.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -108,18 +108,15 @@ TEST(DateTime, APartOutOfRangeIsInvalidAndLeavesTheDate) {
 
 TEST(DateTime, ThePartsAreRoundedToTheNearestSecond) {
     const struct {
-        double serial;
+        double serial, seconds;
         Parts parts;
     } rows[] = {
-        {39083 + 0.4 * kSecond, {2007, 1, 1, 0, 0, 0}},
-        {39083 + 0.6 * kSecond, {2007, 1, 1, 0, 0, 1}},
-        {39083 + 59.6 * kSecond, {2007, 1, 1, 0, 1, 0}},
-        {39082 + 86399.6 * kSecond, {2007, 1, 1, 0, 0, 0}},
-        {-1 - 0.6 * kSecond, {1899, 12, 29, 0, 0, 1}},
-        {-1 - 86399.6 * kSecond, {1899, 12, 30, 0, 0, 0}},
+        {39083, 0.4, {2007, 1, 1, 0, 0, 0}},  {39083, 0.6, {2007, 1, 1, 0, 0, 1}},
+        {39083, 59.6, {2007, 1, 1, 0, 1, 0}}, {39082, 86399.6, {2007, 1, 1, 0, 0, 0}},
+        {-1, -0.6, {1899, 12, 29, 0, 0, 1}},  {-1, -86399.6, {1899, 12, 30, 0, 0, 0}},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(PartsOf(COleDateTime(row.serial)), row.parts);
+    for (const auto& [serial, seconds, parts] : rows)
+        EXPECT_EQ(PartsOf(COleDateTime(serial + seconds * kSecond)), parts);
 
     SYSTEMTIME time = {1, 2, 3, 4, 5, 6, 7, 8};
     EXPECT_FALSE(COleDateTime(2958465 + 86399.6 * kSecond).GetAsSystemTime(time));
@@ -134,20 +131,13 @@ TEST(DateTime, ThePartsAreRoundedToTheNearestSecond) {
 
 TEST(DateTime, SpansMoveDatesAlongTheTimeLine) {
     const struct {
-        const char* label;
-        double from;
-        double days;
-        double to;
+        double from, days, to;
     } rows[] = {
-        {"forward", 39083.5, 1.0, 39084.5},
-        {"back over midnight of day 0", 0.25, -0.5, -1.75},
-        {"forward over midnight of day 0", -1.75, 0.5, 0.25},
-        {"within a day before day 0", -1.25, 0.5, -1.75},
-        {"back before day 0", -1.25, -1.0, -2.25},
-        {"over day 0", -2.5, 3.0, 1.5},
+        {39083.5, 1.0, 39084.5}, {0.25, -0.5, -1.75},  {-1.75, 0.5, 0.25},
+        {-1.25, 0.5, -1.75},     {-1.25, -1.0, -2.25}, {-2.5, 3.0, 1.5},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+        SCOPED_TRACE(row.from);
         const COleDateTime from(row.from);
         const COleDateTimeSpan span(row.days);
         EXPECT_DOUBLE_EQ((from + span).m_dt, row.to);
@@ -180,46 +170,34 @@ TEST(DateTime, AResultTakesTheWorstStatus) {
 }
 
 TEST(DateTimeSpan, IsTakenApartInWholeSeconds) {
-    const struct {
-        COleDateTimeSpan span;
-        LONG days, hours, minutes, seconds;
-        double totalHours, totalSeconds;
-    } rows[] = {
-        {COleDateTimeSpan(1, 2, 3, 4), 1, 2, 3, 4, 26, 93784},
-        {COleDateTimeSpan(-1, -2, -3, -4), -1, -2, -3, -4, -26, -93784},
-        {COleDateTimeSpan(0, 0, 0, 90061), 1, 1, 1, 1, 25, 90061},
-        {COleDateTimeSpan(86399.6 * kSecond), 1, 0, 0, 0, 24, 86400},
-        {COleDateTimeSpan(0, 49, 0, -1), 2, 0, 59, 59, 48, 176399},
+    // Days, hours, minutes, seconds, and the total in hours and in seconds.
+    typedef std::tuple<LONG, LONG, LONG, LONG, double, double> Apart;
+    const std::tuple<COleDateTimeSpan, Apart> rows[] = {
+        {{1, 2, 3, 4}, {1, 2, 3, 4, 26, 93784}},
+        {{-1, -2, -3, -4}, {-1, -2, -3, -4, -26, -93784}},
+        {{0, 0, 0, 90061}, {1, 1, 1, 1, 25, 90061}},
+        {COleDateTimeSpan(86399.6 * kSecond), {1, 0, 0, 0, 24, 86400}},
+        {{0, 49, 0, -1}, {2, 0, 59, 59, 48, 176399}},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.totalSeconds);
-        EXPECT_EQ(row.span.GetDays(), row.days);
-        EXPECT_EQ(row.span.GetHours(), row.hours);
-        EXPECT_EQ(row.span.GetMinutes(), row.minutes);
-        EXPECT_EQ(row.span.GetSeconds(), row.seconds);
-        EXPECT_EQ(row.span.GetTotalHours(), row.totalHours);
-        EXPECT_EQ(row.span.GetTotalSeconds(), row.totalSeconds);
-    }
+    for (const auto& [span, apart] : rows)
+        EXPECT_EQ(Apart(span.GetDays(), span.GetHours(), span.GetMinutes(), span.GetSeconds(),
+                        span.GetTotalHours(), span.GetTotalSeconds()),
+                  apart);
 }
 
 TEST(DateTime, FormatsTheListedDirectivesAndRefusesOthers) {
     const COleDateTime date(2007, 3, 4, 5, 6, 7);
-    const struct {
-        const WCHAR* picture;
-        const WCHAR* text;
-    } rows[] = {
-        {_T("%d %b %Y %H:%M:%S"), _T("04 Mar 2007 05:06:07")},
-        {_T("%Y-%m-%dT%H:%M:%S"), _T("2007-03-04T05:06:07")},
-        {_T("%a %A %B %j %y 100%%"), _T("Sun Sunday March 063 07 100%")},
-        {_T(""), _T("")},
-        {_T("%Y %Q"), _T("")},
-        {_T("%Y %"), _T("")},
-        {nullptr, _T("")},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(date.Format(row.picture), row.text);
-    EXPECT_EQ(COleDateTime(1e9).Format(_T("%Y")), _T(""));
-    EXPECT_EQ(COleDateTime(100, 1, 1, 0, 0, 0).Format(_T("%Y")), _T("0100"));
+    ExpectCases<CString, const WCHAR*>({
+        CASE(date.Format(_T("%d %b %Y %H:%M:%S")), _T("04 Mar 2007 05:06:07")),
+        CASE(date.Format(_T("%Y-%m-%dT%H:%M:%S")), _T("2007-03-04T05:06:07")),
+        CASE(date.Format(_T("%a %A %B %j %y 100%%")), _T("Sun Sunday March 063 07 100%")),
+        CASE(date.Format(_T("")), _T("")),
+        CASE(date.Format(_T("%Y %Q")), _T("")),
+        CASE(date.Format(_T("%Y %")), _T("")),
+        CASE(date.Format(nullptr), _T("")),
+        CASE(COleDateTime(1e9).Format(_T("%Y")), _T("")),
+        CASE(COleDateTime(100, 1, 1, 0, 0, 0).Format(_T("%Y")), _T("0100")),
+    });
 }
 
 TEST(DateTime, NowIsAWholeSecondOfThisCentury) {

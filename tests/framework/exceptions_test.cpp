@@ -8,8 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 namespace {
 
 class HostException : public CFileException {
@@ -25,26 +23,25 @@ IMPLEMENT_DYNAMIC(HostException, CFileException)
 
 } // namespace
 
+#define EXCEPTION(name, raise, deleted)                                                            \
+    {                                                                                              \
+#name, RUNTIME_CLASS(name), [] { raise; }, deleted                                         \
+    }
+
 TEST(Exceptions, AreCaughtByTheirBaseAndKnowTheirClass) {
     const struct {
         const char* name;
         CRuntimeClass* runtimeClass;
-        std::function<void()> raise;
+        void (*raise)();
         BOOL deleted;
     } rows[] = {
-        {"CMemoryException", RUNTIME_CLASS(CMemoryException), [] { AfxThrowMemoryException(); },
-         FALSE},
-        {"CNotSupportedException", RUNTIME_CLASS(CNotSupportedException),
-         [] { AfxThrowNotSupportedException(); }, FALSE},
-        {"CResourceException", RUNTIME_CLASS(CResourceException),
-         [] { AfxThrowResourceException(); }, FALSE},
-        {"CUserException", RUNTIME_CLASS(CUserException), [] { AfxThrowUserException(); }, FALSE},
-        {"CInvalidArgException", RUNTIME_CLASS(CInvalidArgException),
-         [] { AfxThrowInvalidArgException(); }, FALSE},
-        {"CFileException", RUNTIME_CLASS(CFileException),
-         [] { AfxThrowFileException(CFileException::diskFull); }, TRUE},
-        {"CArchiveException", RUNTIME_CLASS(CArchiveException),
-         [] { AfxThrowArchiveException(CArchiveException::badClass); }, TRUE},
+        EXCEPTION(CMemoryException, AfxThrowMemoryException(), FALSE),
+        EXCEPTION(CNotSupportedException, AfxThrowNotSupportedException(), FALSE),
+        EXCEPTION(CResourceException, AfxThrowResourceException(), FALSE),
+        EXCEPTION(CUserException, AfxThrowUserException(), FALSE),
+        EXCEPTION(CInvalidArgException, AfxThrowInvalidArgException(), FALSE),
+        EXCEPTION(CFileException, AfxThrowFileException(CFileException::diskFull), TRUE),
+        EXCEPTION(CArchiveException, AfxThrowArchiveException(CArchiveException::badClass), TRUE),
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -80,28 +77,17 @@ TEST(Exceptions, AHostsClassIsKnownByTheLibrarysBase) {
 }
 
 TEST(Exceptions, SystemErrorsHaveACause) {
+    typedef CFileException E;
     const struct {
         DWORD error;
         int cause;
     } rows[] = {
-        {0, CFileException::none},
-        {2, CFileException::fileNotFound},
-        {3, CFileException::badPath},
-        {4, CFileException::tooManyOpenFiles},
-        {5, CFileException::accessDenied},
-        {6, CFileException::invalidFile},
-        {16, CFileException::removeCurrentDir},
-        {19, CFileException::accessDenied},
-        {32, CFileException::sharingViolation},
-        {33, CFileException::lockViolation},
-        {38, CFileException::endOfFile},
-        {80, CFileException::accessDenied},
-        {112, CFileException::diskFull},
-        {123, CFileException::badPath},
-        {131, CFileException::badSeek},
-        {1, CFileException::genericException},
-        {10054, CFileException::genericException},
-        {0xffffffff, CFileException::genericException},
+        {0, E::none},          {2, E::fileNotFound},         {3, E::badPath},
+        {5, E::accessDenied},  {4, E::tooManyOpenFiles},     {6, E::invalidFile},
+        {19, E::accessDenied}, {16, E::removeCurrentDir},    {33, E::lockViolation},
+        {38, E::endOfFile},    {32, E::sharingViolation},    {80, E::accessDenied},
+        {112, E::diskFull},    {1, E::genericException},     {123, E::badPath},
+        {131, E::badSeek},     {10054, E::genericException}, {0xffffffff, E::genericException},
     };
     for (const auto& row : rows)
         EXPECT_EQ(CFileException::OsErrorToException(static_cast<LONG>(row.error)), row.cause)

@@ -1,9 +1,8 @@
 #include <quorvel/framework/file.h>
 
+#include "support/cases.h"
 #include "support/exceptions.h"
 #include "support/text.h"
-
-#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -12,39 +11,31 @@
 
 namespace {
 
+using enum CFile::OpenFlags;
+typedef CFileException E;
+constexpr UINT kCreate = modeCreate | modeWrite;
+
 // A file name of this test alone, without a file, in the working folder.
 class File : public testing::Test {
 protected:
     File() {
         m_name = CString(testing::UnitTest::GetInstance()->current_test_info()->name());
         m_name += _T(".tmp");
-        Remove();
+        CauseOf<E>([this] { CFile::Remove(m_name); });
     }
-    ~File() override { Remove(); }
+    ~File() override {
+        CauseOf<E>([this] { CFile::Remove(m_name); });
+    }
 
     std::string Contents() {
-        CFile file(m_name, CFile::modeRead | CFile::shareDenyNone);
+        CFile file(m_name, modeRead | shareDenyNone);
         std::string contents(static_cast<std::size_t>(file.GetLength()), '\0');
         EXPECT_EQ(file.Read(contents.data(), static_cast<UINT>(contents.size())), contents.size());
         return contents;
     }
 
     CString m_name;
-
-private:
-    void Remove() {
-        try {
-            CFile::Remove(m_name);
-        } catch (CFileException* exception) {
-            exception->Delete();
-        }
-    }
 };
-
-template <class Operation>
-int FileCause(Operation operation) {
-    return CauseOf<CFileException>(operation);
-}
 
 } // namespace
 
@@ -56,30 +47,26 @@ TEST_F(File, OpenModesMakeKeepOrEmptyTheFile) {
         int cause;
         const char* contents;
     } rows[] = {
-        {"open a missing file", false, CFile::modeReadWrite, CFileException::fileNotFound, ""},
-        {"create", false, CFile::modeCreate | CFile::modeWrite, CFileException::none, ""},
-        {"create or keep, missing", false,
-         CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite, CFileException::none, ""},
-        {"open", true, CFile::modeRead, CFileException::none, "old"},
-        {"create over a file", true, CFile::modeCreate | CFile::modeWrite, CFileException::none,
-         ""},
-        {"create or keep a file", true,
-         CFile::modeCreate | CFile::modeNoTruncate | CFile::modeReadWrite, CFileException::none,
-         "old"},
-        {"no such access mode", true, 0x0003, CFileException::genericException, "old"},
-        {"no such share mode", true, 0x0070, CFileException::genericException, "old"},
+        {"open a missing file", false, modeReadWrite, E::fileNotFound, ""},
+        {"create", false, kCreate, E::none, ""},
+        {"create or keep, missing", false, kCreate | modeNoTruncate, E::none, ""},
+        {"open", true, modeRead, E::none, "old"},
+        {"create over a file", true, kCreate, E::none, ""},
+        {"keep a file", true, modeCreate | modeNoTruncate | modeReadWrite, E::none, "old"},
+        {"no such access mode", true, 0x0003, E::genericException, "old"},
+        {"no such share mode", true, 0x0070, E::genericException, "old"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
         if (row.present)
-            CFile(m_name, CFile::modeCreate | CFile::modeWrite).Write("old", 3);
+            CFile(m_name, kCreate).Write("old", 3);
         CFile file;
         CFileException error;
-        EXPECT_EQ(file.Open(m_name, row.flags, &error), row.cause == CFileException::none);
+        EXPECT_EQ(file.Open(m_name, row.flags, &error), row.cause == E::none);
         EXPECT_EQ(error.m_cause, row.cause);
-        EXPECT_EQ(file.m_hFile == CFile::hFileNull, row.cause != CFileException::none);
+        EXPECT_EQ(file.m_hFile == CFile::hFileNull, row.cause != E::none);
         file.Close();
-        if (row.cause != CFileException::fileNotFound) {
+        if (row.cause != E::fileNotFound) {
             EXPECT_EQ(Contents(), row.contents);
             CFile::Remove(m_name);
         } else {
@@ -91,35 +78,27 @@ TEST_F(File, OpenModesMakeKeepOrEmptyTheFile) {
 
 TEST_F(File, ShareModesHoldOffOtherOpeners) {
     const struct {
-        const char* label;
-        UINT first;
-        UINT second;
+        UINT first, second;
         bool opens;
     } rows[] = {
-        {"exclusive", CFile::modeRead, CFile::modeRead | CFile::shareDenyNone, false},
-        {"deny write, reader", CFile::modeRead | CFile::shareDenyWrite,
-         CFile::modeRead | CFile::shareDenyNone, true},
-        {"deny write, writer", CFile::modeRead | CFile::shareDenyWrite,
-         CFile::modeWrite | CFile::shareDenyNone, false},
-        {"deny read, writer", CFile::modeRead | CFile::shareDenyRead,
-         CFile::modeWrite | CFile::shareDenyNone, true},
-        {"deny none", CFile::modeReadWrite | CFile::shareDenyNone,
-         CFile::modeReadWrite | CFile::shareDenyNone, true},
+        {modeRead, modeRead | shareDenyNone, false}, // exclusive
+        {modeRead | shareDenyWrite, modeRead | shareDenyNone, true},
+        {modeRead | shareDenyWrite, modeWrite | shareDenyNone, false},
+        {modeRead | shareDenyRead, modeWrite | shareDenyNone, true},
+        {modeReadWrite | shareDenyNone, modeReadWrite | shareDenyNone, true},
     };
-    CFile(m_name, CFile::modeCreate | CFile::modeWrite);
+    CFile(m_name, kCreate);
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+        SCOPED_TRACE(row.first);
         const CFile first(m_name, row.first);
         CFileException error;
-        CFile second;
-        EXPECT_EQ(second.Open(m_name, row.second, &error), row.opens);
-        EXPECT_EQ(error.m_cause,
-                  row.opens ? CFileException::none : CFileException::sharingViolation);
+        EXPECT_EQ(CFile().Open(m_name, row.second, &error), row.opens);
+        EXPECT_EQ(error.m_cause, row.opens ? E::none : E::sharingViolation);
     }
 }
 
 TEST_F(File, ReadsWritesAndSeeks) {
-    CFile file(m_name, CFile::modeCreate | CFile::modeReadWrite | CFile::shareDenyNone);
+    CFile file(m_name, modeCreate | modeReadWrite | shareDenyNone);
     file.Write("0123456789", 10);
     EXPECT_EQ(file.Seek(-3, CFile::end), 7u);
     char bytes[8] = {};
@@ -136,8 +115,7 @@ TEST_F(File, ReadsWritesAndSeeks) {
 
     // Positions are 64 bits wide; nothing is written there.
     EXPECT_EQ(file.Seek(0x123456789LL, CFile::begin), 0x123456789u);
-    EXPECT_EQ(file.GetPosition(), 0x123456789u);
-    EXPECT_EQ(FileCause([&] { file.Seek(-1, CFile::begin); }), CFileException::badSeek);
+    EXPECT_EQ(CauseOf<E>([&] { file.Seek(-1, CFile::begin); }), E::badSeek);
     EXPECT_EQ(file.GetPosition(), 0x123456789u);
 
     const std::unique_ptr<CFile> twin(file.Duplicate());
@@ -150,42 +128,30 @@ TEST_F(File, ReadsWritesAndSeeks) {
 
 TEST_F(File, FailuresAreThrownWithTheirCause) {
     CFile closed;
-    CFile(m_name, CFile::modeCreate | CFile::modeWrite);
-    CFile readOnly(m_name, CFile::modeRead);
-    char buffer = 0;
-    const CString missing(_T("missing.tmp"));
-    const struct {
-        const char* label;
-        int expected;
-        int actual;
-    } rows[] = {
-        {"read when closed", CFileException::invalidFile,
-         FileCause([&] { closed.Read(&buffer, 1); })},
-        {"length when closed", CFileException::invalidFile, FileCause([&] { closed.GetLength(); })},
-        {"close twice", CFileException::none, FileCause([&] { closed.Close(); })},
-        {"write to a reader", CFileException::accessDenied,
-         FileCause([&] { readOnly.Write(&buffer, 1); })},
-        {"construct", CFileException::fileNotFound,
-         FileCause([&] { CFile(missing, CFile::modeRead); })},
-        {"no name", CFileException::badPath, FileCause([&] { CFile(nullptr, CFile::modeRead); })},
-        {"folder that is not there", CFileException::badPath,
-         FileCause([&] { CFile(_T("no/such/file"), CFile::modeCreate | CFile::modeWrite); })},
-        {"remove", CFileException::fileNotFound, FileCause([&] { CFile::Remove(missing); })},
-        {"rename", CFileException::fileNotFound,
-         FileCause([&] { CFile::Rename(missing, _T("other.tmp")); })},
-        {"rename over a file", CFileException::accessDenied, FileCause([&] {
-             readOnly.Close();
-             CFile(_T("other.tmp"), CFile::modeCreate | CFile::modeWrite);
-             CFile::Rename(_T("other.tmp"), m_name);
-         })},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(row.actual, row.expected) << row.label;
-    CFile::Remove(_T("other.tmp"));
+    CFile(m_name, kCreate);
+    CFile reader(m_name, modeRead);
+    char byte = 0;
+    const WCHAR* const missing = _T("missing.tmp");
+    const WCHAR* const other = _T("other.tmp");
+#define CAUSE(expression, cause) {#expression, CauseOf<E>([&] { expression; }), cause}
+    ExpectCases<int>({
+        CAUSE(closed.Read(&byte, 1), E::invalidFile),
+        CAUSE(closed.GetLength(), E::invalidFile),
+        CAUSE(closed.Close(), E::none),
+        CAUSE(reader.Write(&byte, 1), E::accessDenied),
+        CAUSE(CFile(missing, modeRead), E::fileNotFound),
+        CAUSE(CFile(nullptr, modeRead), E::badPath),
+        CAUSE(CFile(_T("no/such/file"), kCreate), E::badPath),
+        CAUSE(CFile::Remove(missing), E::fileNotFound),
+        CAUSE(CFile::Rename(missing, other), E::fileNotFound),
+        CAUSE(CFile(other, kCreate), E::none),
+        CAUSE((reader.Close(), CFile::Rename(other, m_name)), E::accessDenied),
+        CAUSE(CFile::Remove(other), E::none),
+    });
 }
 
 TEST_F(File, KnowsItsFullPathAndName) {
-    CFile file(m_name, CFile::modeCreate | CFile::modeWrite);
+    CFile file(m_name, kCreate);
     EXPECT_GT(file.GetFilePath().GetLength(), m_name.GetLength());
     EXPECT_EQ(file.GetFilePath().Right(m_name.GetLength()), m_name);
     EXPECT_EQ(file.GetFileName(), m_name);
@@ -209,8 +175,8 @@ TEST(MemFile, GrowsAndFillsGapsWithZeros) {
     EXPECT_EQ(std::string(bytes, 10), std::string("ab\0\0\0c\0\0\0?", 10));
     file.SetLength(1);
     EXPECT_EQ(file.GetPosition(), 1u);
-    EXPECT_EQ(FileCause([&] { file.Seek(-2, CFile::end); }), CFileException::badSeek);
-    EXPECT_EQ(FileCause([&] { file.Seek(1, 7); }), CFileException::badSeek);
+    EXPECT_EQ(CauseOf<E>([&] { file.Seek(-2, CFile::end); }), E::badSeek);
+    EXPECT_EQ(CauseOf<E>([&] { file.Seek(1, 7); }), E::badSeek);
     EXPECT_EQ(file.Seek(1LL << 40, CFile::begin), 1ULL << 40);
     EXPECT_EQ(file.Read(bytes, 1), 0u);
     EXPECT_THROW(file.SetLength(~0ULL), CMemoryException*);
@@ -220,24 +186,22 @@ TEST(MemFile, GrowsAndFillsGapsWithZeros) {
     std::free(detached);
 }
 
-TEST(MemFile, AttachedBytesWithoutGrowthAreTheFile) {
+TEST(MemFile, AttachedBytesAreTheFileOrItsRoom) {
     BYTE bytes[4] = {1, 2, 3, 4};
-    CMemFile file(bytes, sizeof bytes);
-    EXPECT_EQ(file.GetLength(), 4u);
-    file.Seek(2, CFile::begin);
-    EXPECT_THROW(file.Write("xyz", 3), CMemoryException*);
+    CMemFile fixed(bytes, sizeof bytes);
+    EXPECT_EQ(fixed.GetLength(), 4u);
+    fixed.Seek(2, CFile::begin);
+    EXPECT_THROW(fixed.Write("xyz", 3), CMemoryException*);
     EXPECT_EQ(bytes[2], 3);
-    file.Write("xy", 2);
+    fixed.Write("xy", 2);
     EXPECT_EQ(bytes[3], 'y');
-    EXPECT_EQ(file.Detach(), bytes);
-}
+    EXPECT_EQ(fixed.Detach(), bytes);
 
-TEST(MemFile, AttachedBytesWithGrowthAreItsRoom) {
-    CMemFile file;
-    file.Attach(static_cast<BYTE*>(std::malloc(2)), 2, 16);
-    EXPECT_EQ(file.GetLength(), 0u);
-    file.Write("abc", 3);
-    BYTE* const bytes = file.Detach();
-    EXPECT_EQ(std::memcmp(bytes, "abc", 3), 0);
-    std::free(bytes);
+    CMemFile growing;
+    growing.Attach(static_cast<BYTE*>(std::malloc(2)), 2, 16);
+    EXPECT_EQ(growing.GetLength(), 0u);
+    growing.Write("abc", 3);
+    BYTE* const detached = growing.Detach();
+    EXPECT_EQ(std::memcmp(detached, "abc", 3), 0);
+    std::free(detached);
 }

@@ -4,9 +4,8 @@
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/wnd.h>
 
+#include "support/cases.h"
 #include "support/text.h"
-
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
@@ -17,17 +16,17 @@ using namespace quorvel::win32;
 
 namespace {
 
-constexpr UINT kFirstControl = 100;
-constexpr UINT kSecondControl = 101;
-constexpr UINT kMenuItem = 102;
+enum : UINT { kFirstControl = 100, kSecondControl, kMenuItem };
+enum : UINT {
+    kHandled = WM_APP,
+    kOverridden,
+    kPassedOn,
+    kThrowException,
+    kThrowNumber,
+    kOfProcedure,
+    kDestroyYourself
+};
 constexpr UINT kNotification = 7;
-constexpr UINT kHandled = WM_APP;
-constexpr UINT kOverridden = WM_APP + 1;
-constexpr UINT kPassedOn = WM_APP + 2;
-constexpr UINT kThrowException = WM_APP + 3;
-constexpr UINT kThrowNumber = WM_APP + 4;
-constexpr UINT kOfProcedure = WM_APP + 5;
-constexpr UINT kDestroyYourself = WM_APP + 6;
 
 // The window's own procedure, beneath the object.
 LRESULT CALLBACK OwnProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -168,16 +167,6 @@ TEST_F(Wnd, AnObjectMayDeleteItselfWithItsWindow) {
     EXPECT_TRUE(deleted);
 }
 
-TEST_F(Wnd, AnObjectTakesItsWindowWithIt) {
-    HWND window;
-    {
-        CDerived wnd;
-        ASSERT_TRUE(Create(wnd));
-        window = wnd.m_hWnd;
-    }
-    EXPECT_FALSE(IsWindow(window));
-}
-
 TEST_F(Wnd, TheApplicationForgetsItsMainWindowWithIt) {
     CWinApp app;
     CWnd other;
@@ -256,47 +245,34 @@ TEST_F(Wnd, ASubclassedWindowGetsItsProcedureBack) {
 TEST_F(Wnd, MessagesReachTheirMembers) {
     CDerived wnd;
     ASSERT_TRUE(Create(wnd));
-    struct {
-        const char* label;
-        UINT message;
-        WPARAM wParam;
-        LPARAM lParam;
-        LRESULT expected;
-    } const rows[] = {
-        {"the base's handler", kHandled, 3, 4, 7},
-        {"the derived class's goes first", kOverridden, 0, 0, 2},
-        {"passed on to the window's procedure", kPassedOn, 3, 4, 305},
-        {"no handler", kOfProcedure, 3, 4, 304},
-        {"an exception is dropped", kThrowException, 0, 0, 0},
-        {"whatever is thrown", kThrowNumber, 0, 0, 0},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(wnd.SendMessage(row.message, row.wParam, row.lParam), row.expected) << row.label;
+    ExpectCases<LRESULT>({
+        CASE(wnd.SendMessage(kHandled, 3, 4), 7), // the base's handler
+        CASE(wnd.SendMessage(kOverridden), 2),
+        CASE(wnd.SendMessage(kPassedOn, 3, 4), 305),
+        CASE(wnd.SendMessage(kOfProcedure, 3, 4), 304),
+        CASE(wnd.SendMessage(kThrowException), 0), // the exception is dropped
+        CASE(wnd.SendMessage(kThrowNumber), 0),
+    });
 }
 
 TEST_F(Wnd, CommandsAndNotificationsReachTheirMembers) {
     CDerived wnd;
     ASSERT_TRUE(Create(wnd));
     const LPARAM control = reinterpret_cast<LPARAM>(wnd.m_hWnd);
-    struct {
-        const char* label;
-        WPARAM wParam;
-        LPARAM lParam;
-        const char* seen;
-    } const rows[] = {
-        {"click", MAKEWPARAM(kFirstControl, BN_CLICKED), control, "clicked "},
-        {"another code", MAKEWPARAM(kFirstControl, 5), control, ""},
-        {"a code of its own", MAKEWPARAM(kSecondControl, kChangeCode), control, "changed "},
-        {"its control clicked", MAKEWPARAM(kSecondControl, BN_CLICKED), control, ""},
-        {"menu", MAKEWPARAM(kMenuItem, 0), 0, "menu "},
-        {"accelerator", MAKEWPARAM(kMenuItem, 1), 0, "menu "},
-        {"another id", MAKEWPARAM(kMenuItem + 1, 0), 0, ""},
-    };
-    for (const auto& row : rows) {
+    const auto command = [&](UINT id, UINT code, LPARAM from) {
         wnd.m_seen.clear();
-        wnd.SendMessage(WM_COMMAND, row.wParam, row.lParam);
-        EXPECT_EQ(wnd.m_seen, row.seen) << row.label;
-    }
+        wnd.SendMessage(WM_COMMAND, MAKEWPARAM(id, code), from);
+        return wnd.m_seen;
+    };
+    ExpectCases<std::string>({
+        CASE(command(kFirstControl, BN_CLICKED, control), "clicked "),
+        CASE(command(kFirstControl, 5, control), ""),
+        CASE(command(kSecondControl, kChangeCode, control), "changed "),
+        CASE(command(kSecondControl, BN_CLICKED, control), ""),
+        CASE(command(kMenuItem, 0, 0), "menu "),
+        CASE(command(kMenuItem, 1, 0), "menu "), // an accelerator
+        CASE(command(kMenuItem + 1, 0, 0), ""),
+    });
 
     wnd.m_seen.clear();
     NMHDR header = {wnd.m_hWnd, kFirstControl, kNotification};

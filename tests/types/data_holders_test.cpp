@@ -1,7 +1,7 @@
 #include <quorvel/types/data_holders.h>
 #include <quorvel/types/guid.h>
 
-#include "support/exceptions.h"
+#include "support/archive_image.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
@@ -13,22 +13,7 @@ namespace {
 
 template <class Value>
 std::string ImageOf(const Value& value) {
-    CMemFile file;
-    CArchive archive(&file, CArchive::store);
-    value.Serialize(archive);
-    archive.Close();
-    std::string bytes(static_cast<std::size_t>(file.GetLength()), '\0');
-    file.SeekToBegin();
-    file.Read(bytes.data(), static_cast<UINT>(bytes.size()));
-    return bytes;
-}
-
-// The archive's cause of an operation on an archive over the bytes.
-template <class Operation>
-int Cause(std::string bytes, UINT mode, Operation operation) {
-    CMemFile file(reinterpret_cast<BYTE*>(bytes.data()), static_cast<UINT>(bytes.size()));
-    CArchive archive(&file, mode);
-    return CauseOf<CArchiveException>([&] { operation(archive); });
+    return Stored([&](CArchive& archive) { value.Serialize(archive); });
 }
 
 template <class Holder>
@@ -36,12 +21,12 @@ void ExpectImage(Holder holder, const std::string& image) {
     EXPECT_EQ(ImageOf(holder), image);
     Holder loaded(1);
     const auto load = [&](CArchive& archive) { loaded.Deserialize(archive); };
-    EXPECT_EQ(Cause(image.substr(1), CArchive::load, load), CArchiveException::endOfFile);
-    EXPECT_EQ(Cause("", CArchive::store, load), CArchiveException::writeOnly);
-    EXPECT_EQ(Cause(image, CArchive::load, [&](CArchive& archive) { holder.Serialize(archive); }),
+    EXPECT_EQ(LoadCause(image.substr(1), load), CArchiveException::endOfFile);
+    EXPECT_EQ(LoadCause("", load, CArchive::store), CArchiveException::writeOnly);
+    EXPECT_EQ(LoadCause(image, [&](CArchive& archive) { holder.Serialize(archive); }),
               CArchiveException::readOnly);
     EXPECT_EQ(loaded.GetData(), 1u);
-    EXPECT_EQ(Cause(image, CArchive::load, load), CArchiveException::none);
+    EXPECT_EQ(LoadCause(image, load), CArchiveException::none);
     EXPECT_TRUE(loaded == holder);
 }
 
@@ -62,7 +47,7 @@ TEST(DataHolders, FieldsStayInsideTheirValue) {
         WORD word;
         DWORD dword;
     } rows[] = {
-        {0, 1, 0x01, 0x01, 0x01},
+        {0, 1, 1, 1, 1},
         {4, 4, 0xf0, 0xf0, 0xf0},
         {5, 4, 0, 0x1e0, 0x1e0},
         {0, 8, 0xff, 0xff, 0xff},
@@ -151,15 +136,15 @@ TEST(Guid, IsStoredAsThirtyTwoBytes) {
     EXPECT_EQ(ImageOf(guid), digits);
 
     const auto load = [&](CArchive& archive) { guid.Deserialize(archive); };
-    EXPECT_EQ(Cause(digits.substr(1), CArchive::load, load), CArchiveException::endOfFile);
+    EXPECT_EQ(LoadCause(digits.substr(1), load), CArchiveException::endOfFile);
     EXPECT_EQ(guid.GetGUID(), digits.c_str());
     const std::string zeroInside = digits.substr(0, 31) + std::string(1, '\0');
     for (const std::string& invalid : {std::string(32, 'x'), zeroInside}) {
-        EXPECT_EQ(Cause(invalid + "next", CArchive::load, load), CArchiveException::none);
+        EXPECT_EQ(LoadCause(invalid + "next", load), CArchiveException::none);
         EXPECT_FALSE(guid.IsValid());
         EXPECT_EQ(ImageOf(guid), CGUID::DEFAULT_GUID);
     }
-    EXPECT_EQ(Cause("", CArchive::store, load), CArchiveException::writeOnly);
+    EXPECT_EQ(LoadCause("", load, CArchive::store), CArchiveException::writeOnly);
 }
 
 } // namespace

@@ -1,14 +1,13 @@
 #include <quorvel/types/fraction.h>
 #include <quorvel/types/vector2d.h>
 
-#include "support/exceptions.h"
+#include "support/archive_image.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <cmath>
-#include <cstring>
 
 namespace {
 
@@ -176,22 +175,13 @@ TEST(Fraction, TextHasTheSignInFront) {
 }
 
 TEST(Fraction, IsStoredNumeratorFirst) {
-    BYTE image[] = {0xfe, 0xff, 0xff, 0xff, 3, 1, 0, 0}, stored[sizeof image] = {};
-    CMemFile file(stored, sizeof stored);
-    CArchive store(&file, CArchive::store);
-    F(-2, 259).Serialize(store);
-    store.Close();
-    EXPECT_EQ(std::memcmp(stored, image, sizeof image), 0);
-
+    const std::string image("\xfe\xff\xff\xff\3\1\0\0", 8);
+    EXPECT_EQ(Stored([](CArchive& archive) { F(-2, 259).Serialize(archive); }), image);
     F loaded(7, 9);
-    const auto load = [&](UINT size) {
-        CMemFile source(image, size);
-        CArchive archive(&source, CArchive::load);
-        return CauseOf<CArchiveException>([&] { loaded.Serialize(archive); });
-    };
-    EXPECT_EQ(load(7), CArchiveException::endOfFile);
+    const auto load = [&](CArchive& archive) { loaded.Serialize(archive); };
+    EXPECT_EQ(LoadCause(image.substr(1), load), CArchiveException::endOfFile);
     EXPECT_TRUE(Is(loaded, {7, 9}));
-    EXPECT_EQ(load(8), CArchiveException::none);
+    EXPECT_EQ(LoadCause(image, load), CArchiveException::none);
     EXPECT_TRUE(Is(loaded, {-2, 259}));
 }
 

@@ -1,0 +1,32 @@
+// What an archive stores, and what loading from given bytes ends in.
+#pragma once
+
+#include <quorvel/framework/archive.h>
+
+#include "support/exceptions.h"
+
+#include <string>
+
+inline std::string BytesOf(CMemFile& file) {
+    file.SeekToBegin();
+    std::string bytes(static_cast<std::size_t>(file.GetLength()), '\0');
+    file.Read(bytes.data(), static_cast<UINT>(bytes.size()));
+    return bytes;
+}
+
+template <class Operation>
+std::string Stored(Operation store) {
+    CMemFile file;
+    CArchive archive(&file, CArchive::store);
+    store(archive);
+    archive.Close();
+    return BytesOf(file);
+}
+
+// The archive's cause, or none, of an operation on an archive over the bytes.
+template <class Operation>
+int LoadCause(std::string bytes, Operation operation, UINT mode = CArchive::load) {
+    CMemFile file(reinterpret_cast<BYTE*>(bytes.data()), static_cast<UINT>(bytes.size()));
+    CArchive archive(&file, mode);
+    return CauseOf<CArchiveException>([&] { operation(archive); });
+}
