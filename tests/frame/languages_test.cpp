@@ -12,33 +12,22 @@ constexpr LANGID kEnglish = 1033;
 constexpr LANGID kUnsupported = 0x03ff;
 constexpr const WCHAR* kTemplate = _T("Quorvel_%s.dll");
 
+// The names themselves: tests/conformance.
 TEST(Languages, NamesAreThoseOfTheLocale) {
-    typedef BOOL (*ById)(LANGID, CString&);
-    typedef BOOL (*ByParts)(WORD, WORD, CString&);
-    const struct {
-        ById byId;
-        ByParts byParts;
-        const WCHAR* german;
-        const WCHAR* english;
-    } rows[] = {
-        {AfxGetAbbreviatedLanguageName, AfxGetAbbreviatedLanguageName, _T("DEU"), _T("ENU")},
-        {AfxGetLanguageName, AfxGetLanguageName, _T("German (Germany)"),
-         _T("English (United States)")},
-        {AfxGetLanguageEnglishName, AfxGetLanguageEnglishName, _T("German"), _T("English")},
-        {AfxGetNativeLanguageName, AfxGetNativeLanguageName, _T("Deutsch"), _T("English")},
-    };
-    for (const auto& row : rows) {
-        CString name(_T("before"));
-        EXPECT_TRUE(row.byId(kGerman, name));
-        EXPECT_EQ(name, CString(row.german));
-        EXPECT_TRUE(row.byParts(9, 1, name));
-        EXPECT_EQ(name, CString(row.english));
-        EXPECT_FALSE(row.byId(kUnsupported, name));
-        EXPECT_EQ(name, _T(""));
-        name = _T("before");
-        EXPECT_FALSE(row.byParts(0x3ff, 0, name));
-        EXPECT_EQ(name, _T(""));
-    }
+    CString name(_T("before"));
+#define EXPECT_NAME(function, german)                                                              \
+    EXPECT_TRUE(function(kGerman, name));                                                          \
+    EXPECT_EQ(name, _T(german));                                                                   \
+    EXPECT_FALSE(function(kUnsupported, name));                                                    \
+    EXPECT_EQ(name, _T(""));                                                                       \
+    EXPECT_TRUE(function(7, 1, name));                                                             \
+    EXPECT_EQ(name, _T(german));                                                                   \
+    EXPECT_FALSE(function(0x3ff, 0, name));                                                        \
+    EXPECT_EQ(name, _T(""))
+    EXPECT_NAME(AfxGetAbbreviatedLanguageName, "DEU");
+    EXPECT_NAME(AfxGetLanguageName, "German (Germany)");
+    EXPECT_NAME(AfxGetLanguageEnglishName, "German");
+    EXPECT_NAME(AfxGetNativeLanguageName, "Deutsch");
 }
 
 struct NameCase {

@@ -101,7 +101,6 @@ int ShowIO(CException* exception, const WCHAR* fileName) {
 }
 
 TEST_F(MessageBox, AnExceptionIsShownByItsClass) {
-    const CString message('m', 255);
     ExpectShown(
         _T("An error has occurred while writing the file 'a%1.txt'.\r\n\r\nThe disk is full."),
         Show(new CFileException(CFileException::diskFull, -1, _T("a%1.txt")),
@@ -109,21 +108,17 @@ TEST_F(MessageBox, AnExceptionIsShownByItsClass) {
     ExpectShown(_T("An error has occurred while reading the file 'b'.\r\n\r\n")
                 _T("An unspecified error occurred."),
                 Show(new DerivedFileException(22, -1, _T("b")), kTextErrorReadingFile));
-    ExpectShown(
-        _T("An error has occurred while reading from an archive.\r\n\r\n")
-        _T("Tried to read an object with a different version of the class."),
-        Show(new CArchiveException(CArchiveException::badSchema), kTextErrorReadingArchive));
-    ExpectShown(_T("A system error has occurred.\r\n\r\nUnspecified error."),
-                Show(new CArchiveException(8)));
-    ExpectShown(_T("A system error has occurred.\r\n\r\nA required resource was unavailable."),
-                Show(new CResourceException));
-    ExpectShown(_T("A system error has occurred.\r\n\r\nOut of memory."),
-                Show(new CMemoryException));
-    ExpectShown(_T("A system error has occurred.\r\n\r\nAn unsupported operation was attempted."),
-                Show(new CNotSupportedException));
-    ExpectShown(_T("A system error has occurred.\r\n\r\nAn unknown error has occurred."),
-                Show(new CUserException));
-    ExpectShown(_T("A system error has occurred.\r\n\r\n") + message, Show(new OtherException));
+    const auto expectCause = [&](const WCHAR* cause, CException* exception) {
+        ExpectShown(_T("A system error has occurred.\r\n\r\n") + CString(cause), Show(exception));
+    };
+    expectCause(_T("Tried to read an object with a different version of the class."),
+                new CArchiveException(CArchiveException::badSchema));
+    expectCause(_T("Unspecified error."), new CArchiveException(8));
+    expectCause(_T("A required resource was unavailable."), new CResourceException);
+    expectCause(_T("Out of memory."), new CMemoryException);
+    expectCause(_T("An unsupported operation was attempted."), new CNotSupportedException);
+    expectCause(_T("An unknown error has occurred."), new CUserException);
+    expectCause(CString('m', 255), new OtherException);
     ExpectShown(nullptr, Show(new OtherException, kMissingId));
     ExpectShown(nullptr, Show(nullptr));
     EXPECT_EQ(OtherException::s_alive, 0);
@@ -149,30 +144,29 @@ TEST_F(MessageBox, AFileNameMayBeGivenWithAnyException) {
 }
 
 TEST(ExceptionText, CausesAreTakenFromTheirList) {
+    const WCHAR* const unspecified = _T("An unspecified error occurred.");
     const struct {
         int cause;
-        BOOL validFile;
-        const WCHAR* file;
-        BOOL validArchive;
-        const WCHAR* archive;
+        BOOL isFile, isArchive;
+        const WCHAR *file, *archive;
     } rows[] = {
-        {0, TRUE, _T("No error occurred."), TRUE, _T("No error occurred.")},
-        {7, TRUE, _T("The current working directory cannot be removed."), TRUE,
+        {0, TRUE, TRUE, _T("No error occurred."), _T("No error occurred.")},
+        {7, TRUE, TRUE, _T("The current working directory cannot be removed."),
          _T("Tried to read an object with a different version of the class.")},
-        {8, TRUE, _T("There are no more directory entries."), FALSE, _T("Unspecified error.")},
-        {14, TRUE, _T("The end of file was reached."), FALSE, _T("Unspecified error.")},
-        {15, FALSE, _T("An unspecified error occurred."), FALSE, _T("Unspecified error.")},
-        {-1, FALSE, _T("An unspecified error occurred."), FALSE, _T("Unspecified error.")},
+        {8, TRUE, FALSE, _T("There are no more directory entries."), _T("Unspecified error.")},
+        {14, TRUE, FALSE, _T("The end of file was reached."), _T("Unspecified error.")},
+        {15, FALSE, FALSE, unspecified, _T("Unspecified error.")},
+        {-1, FALSE, FALSE, unspecified, _T("Unspecified error.")},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.cause);
         CString text;
-        EXPECT_EQ(AfxIsValidFileExceptionCause(row.cause), row.validFile);
+        EXPECT_EQ(AfxIsValidFileExceptionCause(row.cause), row.isFile);
         EXPECT_TRUE(AfxGetFileExceptionErrorMessage(row.cause, text));
-        EXPECT_EQ(text, CString(row.file));
-        EXPECT_EQ(AfxIsValidArchiveExceptionCause(row.cause), row.validArchive);
+        EXPECT_EQ(text, row.file);
+        EXPECT_EQ(AfxIsValidArchiveExceptionCause(row.cause), row.isArchive);
         EXPECT_TRUE(AfxGetArchiveExceptionErrorMessage(row.cause, text));
-        EXPECT_EQ(text, CString(row.archive));
+        EXPECT_EQ(text, row.archive);
     }
 }
 

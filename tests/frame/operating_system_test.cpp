@@ -8,15 +8,14 @@
 
 #include <algorithm>
 #include <string_view>
-#include <vector>
 
 namespace {
 
 using namespace quorvel;
 
-constexpr BYTE kWorkstation = VER_NT_WORKSTATION;
+constexpr BYTE kDesktop = VER_NT_WORKSTATION;
 constexpr BYTE kServer = VER_NT_SERVER;
-constexpr BYTE kController = VER_NT_DOMAIN_CONTROLLER;
+constexpr BYTE kDomain = VER_NT_DOMAIN_CONTROLLER;
 constexpr WORD k32Bit = PROCESSOR_ARCHITECTURE_INTEL;
 constexpr WORD kX64 = PROCESSOR_ARCHITECTURE_AMD64;
 constexpr WORD kItanium = PROCESSOR_ARCHITECTURE_IA64;
@@ -45,33 +44,29 @@ SystemVersion s_version; // what the system tells of itself, in a record that it
 struct Predicate {
     const char* name;
     BOOL (*ask)();
-    std::vector<int> systems; // where it is TRUE
+    int systems; // a bit for each where it is TRUE
 };
-#define PREDICATE(name, ...)                                                                       \
-    {                                                                                              \
-#name, name, {                                                                             \
-            __VA_ARGS__                                                                            \
-        }                                                                                          \
-    }
+#define PREDICATE(name, systems)                                                                   \
+    { #name, name, systems }
 const Predicate kPredicates[] = {
-    PREDICATE(AfxIsUnknownOperatingSystem, 0),
-    PREDICATE(AfxIsWindows95, 1),
-    PREDICATE(AfxIsWindows98, 2),
-    PREDICATE(AfxIsWindowsMilleniumEdition, 3),
-    PREDICATE(AfxIsWindowsNT351, 5), // as the next
-    PREDICATE(AfxIsWindowsNT4, 5),
-    PREDICATE(AfxIsWindowsNT, 4, 5),
-    PREDICATE(AfxIsWindows2000, 6),
-    PREDICATE(AfxIsWindowsXP, 7),
-    PREDICATE(AfxIsWindowsServer2003, 8),
-    PREDICATE(AfxIsWindowsVista, 9),
-    PREDICATE(AfxIsWindowsServerLonghorn, 10),
+    PREDICATE(AfxIsUnknownOperatingSystem, 1 << 0),
+    PREDICATE(AfxIsWindows95, 1 << 1),
+    PREDICATE(AfxIsWindows98, 1 << 2),
+    PREDICATE(AfxIsWindowsMilleniumEdition, 1 << 3),
+    PREDICATE(AfxIsWindowsNT351, 1 << 5), // as the next
+    PREDICATE(AfxIsWindowsNT4, 1 << 5),
+    PREDICATE(AfxIsWindowsNT, 1 << 4 | 1 << 5),
+    PREDICATE(AfxIsWindows2000, 1 << 6),
+    PREDICATE(AfxIsWindowsXP, 1 << 7),
+    PREDICATE(AfxIsWindowsServer2003, 1 << 8),
+    PREDICATE(AfxIsWindowsVista, 1 << 9),
+    PREDICATE(AfxIsWindowsServerLonghorn, 1 << 10),
 };
 
 void ExpectSystem(int system, DWORD platform, bool themed) {
     EXPECT_EQ(AfxGetOperatingSystem(), system);
     for (const auto& [name, ask, systems] : kPredicates)
-        EXPECT_EQ(ask(), std::count(systems.begin(), systems.end(), system)) << name;
+        EXPECT_EQ(ask(), systems >> system & 1) << name;
     EXPECT_EQ(AfxIsWin32sPlatform(), platform == 0);
     EXPECT_EQ(AfxIsWin32WindowsPlatform(), platform == 1);
     EXPECT_EQ(AfxIsWin32NTPlatform(), platform == 2);
@@ -86,25 +81,13 @@ TEST(OperatingSystem, TheVersionRecordDecides) {
         int system;
         bool themed;
     } rows[] = {
-        {1, 4, 0, 0, 1, false},
-        {1, 4, 10, 0, 2, false},
-        {1, 4, 90, 0, 3, false},
-        {1, 6, 1, 0, 0, false},
-        {2, 3, 51, 0, 4, false},
-        {2, 3, 0, 0, 4, false},
-        {2, 4, 0, kServer, 5, false},
-        {2, 4, 1, 0, 5, false},
-        {2, 5, 0, kWorkstation, 6, false},
-        {2, 5, 1, kWorkstation, 7, true},
-        {2, 5, 2, kServer, 8, true},
-        {2, 5, 3, kServer, 0, true},
-        {2, 6, 0, kWorkstation, 9, true},
-        {2, 6, 1, kWorkstation, 9, true},
-        {2, 6, 0, kServer, 10, true},
-        {2, 6, 3, kController, 10, true},
-        {2, 7, 0, kWorkstation, 0, true},
-        {0, 4, 0, 0, 0, false},
-        {4, 6, 1, kWorkstation, 0, false},
+        {1, 4, 0, 0, 1, false},        {1, 4, 10, 0, 2, false},      {1, 4, 90, 0, 3, false},
+        {1, 6, 1, 0, 0, false},        {2, 3, 51, 0, 4, false},      {2, 3, 0, 0, 4, false},
+        {2, 4, 0, kServer, 5, false},  {2, 4, 1, 0, 5, false},       {2, 5, 0, kDesktop, 6, false},
+        {2, 5, 1, kDesktop, 7, true},  {2, 5, 2, kServer, 8, true},  {2, 5, 3, kServer, 0, true},
+        {2, 6, 0, kDesktop, 9, true},  {2, 6, 1, kDesktop, 9, true}, {2, 6, 0, kServer, 10, true},
+        {2, 6, 3, kDomain, 10, true},  {2, 7, 0, kDesktop, 0, true}, {0, 4, 0, 0, 0, false},
+        {4, 6, 1, kDesktop, 0, false},
     };
     const VersionQuery former = CurrentVersionQuery();
     CurrentVersionQuery() = [](OSVERSIONINFOW* record) -> BOOL {
@@ -163,17 +146,17 @@ const struct {
     const WCHAR* name;
     const WCHAR* edition;
 } kEditionCases[] = {
-    {6, 0, kWorkstation, 0, k32Bit, kVista, _T("Professional ")},
-    {6, 0, kWorkstation, kPersonal, k32Bit, kVista, _T("Home Edition ")},
-    {6, 0, kWorkstation, 0, kX64, kVista, _T("")},
-    {6, 1, kWorkstation, 0, k32Bit, _T(""), _T("Professional ")},
-    {5, 1, kWorkstation, 0, k32Bit, kXP, _T("Professional ")},
-    {5, 1, kWorkstation, kPersonal, k32Bit, kXP, _T("Home Edition ")},
-    {5, 2, kWorkstation, 0, kX64, kXPx64, _T("")},
-    {5, 2, kWorkstation, 0, kX64, kRelease2, _T("")},
-    {5, 2, kWorkstation, 0, k32Bit, kServer2003, _T("Professional ")},
-    {5, 0, kWorkstation, 0, k32Bit, k2000, _T("Professional ")},
-    {4, 0, kWorkstation, kPersonal, k32Bit, kNT, _T("Workstation 4.0 ")},
+    {6, 0, kDesktop, 0, k32Bit, kVista, _T("Professional ")},
+    {6, 0, kDesktop, kPersonal, k32Bit, kVista, _T("Home Edition ")},
+    {6, 0, kDesktop, 0, kX64, kVista, _T("")},
+    {6, 1, kDesktop, 0, k32Bit, _T(""), _T("Professional ")},
+    {5, 1, kDesktop, 0, k32Bit, kXP, _T("Professional ")},
+    {5, 1, kDesktop, kPersonal, k32Bit, kXP, _T("Home Edition ")},
+    {5, 2, kDesktop, 0, kX64, kXPx64, _T("")},
+    {5, 2, kDesktop, 0, kX64, kRelease2, _T("")},
+    {5, 2, kDesktop, 0, k32Bit, kServer2003, _T("Professional ")},
+    {5, 0, kDesktop, 0, k32Bit, k2000, _T("Professional ")},
+    {4, 0, kDesktop, kPersonal, k32Bit, kNT, _T("Workstation 4.0 ")},
     {6, 0, kServer, kDatacenter, k32Bit, kLonghorn, _T("")},
     {5, 2, kServer, kEnterprise, k32Bit, kRelease2, _T("Enterprise Edition ")},
     {5, 2, kServer, kDatacenter | kEnterprise, kItanium, kServer2003,
@@ -181,20 +164,19 @@ const struct {
     {5, 2, kServer, kEnterprise, kItanium, kServer2003,
      _T("Enterprise Edition for Itanium-based Systems")},
     {5, 2, kServer, 0, kItanium, kServer2003, _T("")},
-    {5, 2, kController, kDatacenter | kEnterprise, kX64, kServer2003,
-     _T("Datacenter x64 Edition ")},
+    {5, 2, kDomain, kDatacenter | kEnterprise, kX64, kServer2003, _T("Datacenter x64 Edition ")},
     {5, 2, kServer, kEnterprise, kX64, kServer2003, _T("Enterprise x64 Edition ")},
     {5, 2, kServer, kBlade, kX64, kServer2003, _T("Standard x64 Edition ")},
     {5, 2, kServer, kDatacenter | kEnterprise, k32Bit, kServer2003, _T("Datacenter Edition ")},
     {5, 2, kServer, kEnterprise | kBlade, k32Bit, kServer2003, _T("Enterprise Edition ")},
     {5, 2, kServer, kBlade, k32Bit, kServer2003, _T("Web Edition ")},
     {5, 2, kServer, kBlade | kPersonal, k32Bit, kServer2003, _T("Standard Edition ")},
-    {5, 2, kController, 0, k32Bit, kServer2003, _T("Standard Edition ")},
+    {5, 2, kDomain, 0, k32Bit, kServer2003, _T("Standard Edition ")},
     {5, 0, kServer, kDatacenter | kEnterprise, k32Bit, k2000, _T("Datacenter Server ")},
     {5, 0, kServer, kEnterprise, k32Bit, k2000, _T("Advanced Server ")},
-    {5, 0, kController, 0, k32Bit, k2000, _T("Server ")},
+    {5, 0, kDomain, 0, k32Bit, k2000, _T("Server ")},
     {4, 0, kServer, kEnterprise, k32Bit, kNT, _T("Server 4.0, Enterprise Edition ")},
-    {4, 0, kController, kDatacenter, k32Bit, kNT, _T("Server 4.0 ")},
+    {4, 0, kDomain, kDatacenter, k32Bit, kNT, _T("Server 4.0 ")},
 };
 
 TEST(OperatingSystem, TheTextIsProductAndEdition) {
@@ -209,48 +191,33 @@ TEST(OperatingSystem, TheTextIsProductAndEdition) {
     }
 }
 
-TEST(OperatingSystem, ThenServicePackAndBuild) {
+TEST(OperatingSystem, OlderPlatformsAndServicePacksHaveTheirTexts) {
     const struct {
-        DWORD major;
+        DWORD platform, major, minor;
         const WCHAR* pack;
-        bool hotfix;
         const WCHAR* text;
+        bool hotfix = true;
     } rows[] = {
-        {5, _T(""), true, _T("Microsoft Windows 2000  (Build 2600)")},
-        {5, _T("Service Pack 6"), true, _T("Microsoft Windows 2000 Service Pack 6 (Build 2600)")},
-        {4, _T("Service Pack 5"), true, _T("Microsoft Windows NT Service Pack 5 (Build 2600)")},
-        {4, _T("Service Pack 6"), true, _T("Microsoft Windows NT Service Pack 6a (Build 2600)")},
-        {4, _T("Service Pack 6"), false, _T("Microsoft Windows NT Service Pack 6 (Build 2600)\n")},
+        {2, 5, 0, _T(""), _T("Microsoft Windows 2000  (Build 2600)")},
+        {2, 5, 0, _T("Service Pack 6"), _T("Microsoft Windows 2000 Service Pack 6 (Build 2600)")},
+        {2, 4, 0, _T("Service Pack 5"), _T("Microsoft Windows NT Service Pack 5 (Build 2600)")},
+        {2, 4, 0, _T("Service Pack 6"), _T("Microsoft Windows NT Service Pack 6a (Build 2600)")},
+        {2, 4, 0, _T("Service Pack 6"), _T("Microsoft Windows NT Service Pack 6 (Build 2600)\n"),
+         false},
+        {1, 4, 0, _T(" C"), _T("Microsoft Windows 95 OSR2")},
+        {1, 4, 0, _T(" B"), _T("Microsoft Windows 95 OSR2")},
+        {1, 4, 0, _T(" A"), _T("Microsoft Windows 95 ")},
+        {1, 4, 10, _T(" A "), _T("Microsoft Windows 98 SE")},
+        {1, 4, 10, _T(""), _T("Microsoft Windows 98 ")},
+        {1, 4, 90, _T(" A"), _T("Microsoft Windows Millennium Edition")},
+        {1, 4, 91, _T(""), _T("")},
+        {0, 4, 10, _T(""), _T("Microsoft Win32s")},
+        {4, 4, 1, _T(""), _T("Unknown operating system")},
     };
     for (const auto& row : rows) {
         SystemFacts facts;
-        facts.version = Version(2, row.major, 0, 0, 0, row.pack);
+        facts.version = Version(row.platform, row.major, row.minor, 0, 0, row.pack);
         facts.hasServicePack6a = row.hotfix ? [] { return true; } : [] { return false; };
-        CString text;
-        EXPECT_TRUE(DescribeSystem(facts, text));
-        EXPECT_EQ(text, CString(row.text));
-    }
-}
-
-TEST(OperatingSystem, TheOtherPlatformsHaveTheirNameAlone) {
-    const struct {
-        DWORD platform, minor;
-        const WCHAR* pack;
-        const WCHAR* text;
-    } rows[] = {
-        {1, 0, _T(" C"), _T("Microsoft Windows 95 OSR2")},
-        {1, 0, _T(" B"), _T("Microsoft Windows 95 OSR2")},
-        {1, 0, _T(" A"), _T("Microsoft Windows 95 ")},
-        {1, 10, _T(" A "), _T("Microsoft Windows 98 SE")},
-        {1, 10, _T(""), _T("Microsoft Windows 98 ")},
-        {1, 90, _T(" A"), _T("Microsoft Windows Millennium Edition")},
-        {1, 91, _T(""), _T("")},
-        {0, 10, _T(""), _T("Microsoft Win32s")},
-        {4, 1, _T(""), _T("Unknown operating system")},
-    };
-    for (const auto& row : rows) {
-        SystemFacts facts;
-        facts.version = Version(row.platform, 4, row.minor, 0, 0, row.pack);
         CString text;
         EXPECT_TRUE(DescribeSystem(facts, text));
         EXPECT_EQ(text, CString(row.text));

@@ -131,9 +131,7 @@ TEST(VaskWindow, HasItsPartsInTheirPlaces) {
 
 TEST(VaskWindow, ClicksToggleTheCheckBoxAndComeBack) {
     struct {
-        int before;
-        int clicks;
-        int after;
+        int before, clicks, after;
     } const rows[] = {{0, 0, 0}, {0, 1, 1}, {0, 2, 0}, {1, 0, 1}, {1, 1, 0}, {7, 0, 0}, {7, 1, 1}};
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.before << " clicked " << row.clicks);
@@ -150,40 +148,6 @@ TEST(VaskWindow, ClicksToggleTheCheckBoxAndComeBack) {
                   IDCANCEL);
         EXPECT_EQ(checkState, row.after);
     }
-}
-
-TEST(VaskWindow, TheResultIsTheButtonsId) {
-    struct {
-        UINT type;
-        int button;
-    } const rows[] = {{MB_OK, IDOK},
-                      {MB_YESNO, IDYES},
-                      {MB_YESNO, IDNO},
-                      {MB_RETRYCANCEL, IDRETRY},
-                      {MB_YESNOCANCEL, IDCANCEL}};
-    for (const auto& row : rows) {
-        const BoxDriver driver([&](HWND box) { Click(box, row.button); });
-        EXPECT_EQ(AfxVaskMessageBox(_T("Heading"), kShort, row.type, nullptr), row.button);
-    }
-}
-
-TEST(VaskWindow, AHelpTargetBringsTheHelpButtonWhereThereIsNoCheckBox) {
-    for (const bool withCheckBox : {false, true}) {
-        const BoxDriver driver(
-            [&](HWND box) { EXPECT_EQ(::GetDlgItem(box, IDHELP) == nullptr, withCheckBox); });
-        int checkState = 0;
-        if (withCheckBox)
-            AfxVaskMessageBox(kShort, _T("&Again"), checkState, MB_OK, _T("topic"));
-        else
-            AfxVaskMessageBox(kShort, MB_OK, _T("topic"));
-        EXPECT_TRUE(driver.HasRun());
-    }
-}
-
-TEST(VaskWindow, AnIdThatDoesNotLoadShowsNothing) {
-    const BoxDriver driver([](HWND) {});
-    EXPECT_EQ(AfxVaskMessageBox(29999u, MB_OK, nullptr), 0);
-    EXPECT_FALSE(driver.HasRun());
 }
 
 } // namespace
