@@ -54,99 +54,92 @@ TEST(Base64, EncodesInEveryFlagCombination) {
     std::string line;
     for (int i = 0; i < 19; ++i)
         line += "\x41\x04\x10";
+    // A full line keeps its break, one filled by the last group has none.
     const struct {
-        const char* label;
         std::string bytes;
         DWORD flags;
         std::string expected;
     } rows[] = {
-        {"f", "f", breaks, "Zg=="},
-        {"fo", "fo", breaks, "Zm8="},
-        {"foo", "foo", breaks, "Zm9v"},
-        {"foob", "foob", breaks, "Zm9vYg=="},
-        {"fooba", "fooba", breaks, "Zm9vYmE="},
-        {"foobar", "foobar", breaks, "Zm9vYmFy"},
-        {"one byte without padding", "M", BASE64_NO_PADDING, "TQ"},
-        {"two bytes without padding", "Ma", BASE64_NO_PADDING, "TWE"},
-        {"other flag bits are ignored", "M", 0xfffffffc, "TQ=="},
-        {"both signs", "\xfb\xff\xbf", BASE64_NO_LINE_BREAKS, "+/+/"},
-        {"a full line keeps its break", line, breaks, a19 + "\r\n"},
-        {"a line filled by the last group does not", line.substr(0, 55), breaks,
-         a19.substr(0, 72) + "QQ=="},
-        {"a second line", line + "M", breaks, a19 + "\r\nTQ=="},
-        {"two full lines", line + line, breaks, a19 + "\r\n" + a19 + "\r\n"},
-        {"a full line without breaks", line, BASE64_NO_LINE_BREAKS, a19},
-        {"two lines without breaks or padding", line + "M",
-         BASE64_NO_LINE_BREAKS | BASE64_NO_PADDING, a19 + "TQ"},
+        {"f", breaks, "Zg=="},
+        {"fo", breaks, "Zm8="},
+        {"foo", breaks, "Zm9v"},
+        {"foob", breaks, "Zm9vYg=="},
+        {"fooba", breaks, "Zm9vYmE="},
+        {"foobar", breaks, "Zm9vYmFy"},
+        {"M", BASE64_NO_PADDING, "TQ"},
+        {"Ma", BASE64_NO_PADDING, "TWE"},
+        {"M", 0xfffffffc, "TQ=="}, // other bits are ignored
+        {"\xfb\xff\xbf", BASE64_NO_LINE_BREAKS, "+/+/"},
+        {line, breaks, a19 + "\r\n"},
+        {line.substr(0, 55), breaks, a19.substr(0, 72) + "QQ=="},
+        {line + "M", breaks, a19 + "\r\nTQ=="},
+        {line + line, breaks, a19 + "\r\n" + a19 + "\r\n"},
+        {line, BASE64_NO_LINE_BREAKS, a19},
+        {line + "M", BASE64_NO_LINE_BREAKS | BASE64_NO_PADDING, a19 + "TQ"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(Encode(row.bytes, row.flags), row.expected) << row.label;
+        EXPECT_EQ(Encode(row.bytes, row.flags), row.expected) << row.bytes;
 }
 
 TEST(Base64, RequiredLengthIsTheContractsBound) {
-    constexpr DWORD bare = BASE64_NO_PADDING | BASE64_NO_LINE_BREAKS;
+    constexpr DWORD noPads = BASE64_NO_PADDING;
+    constexpr DWORD noLines = BASE64_NO_LINE_BREAKS;
+    // 56 bytes are 74 characters, and 2 of padding fill the line, so two breaks are counted;
+    // without padding 74 do not, and the rounding comes after the count.
     const struct {
         int length;
         DWORD flags;
         int expected;
     } rows[] = {
-        {0, 0, 0},
-        {-1, 0, 0},
-        {INT_MIN, 0, 0},
-        {1, 0, 6},
-        {1, bare, 4},
-        {2, BASE64_NO_PADDING, 6},
-        {3, BASE64_NO_LINE_BREAKS, 4},
-        {56, 0, 80},                 // 74 + 2 fill the line, so two breaks are counted
-        {56, BASE64_NO_PADDING, 78}, // 74 do not, and the rounding comes after the count
-        {57, 0, 80},
-        {58, 0, 84},
-        {114, 0, 158},
-        {1610612733, BASE64_NO_LINE_BREAKS, 2147483644},
-        {1610612735, BASE64_NO_LINE_BREAKS, 0}, // 2147483648
-        {INT_MAX, 0, 0},
-        {INT_MAX, bare, 0},
+        {0, 0, 0},      {-1, 0, 0},      {INT_MIN, 0, 0}, {1, 0, 6},
+        {2, noPads, 6}, {3, noLines, 4}, {56, 0, 80},     {56, noPads, 78},
+        {57, 0, 80},    {58, 0, 84},     {114, 0, 158},   {INT_MAX, 0, 0},
     };
     for (const auto& row : rows)
         EXPECT_EQ(AfxBase64EncodeGetRequiredLength(row.length, row.flags), row.expected)
             << row.length << " flags " << row.flags;
+    EXPECT_EQ(AfxBase64EncodeGetRequiredLength(1, noPads | noLines), 4);
+    EXPECT_EQ(AfxBase64EncodeGetRequiredLength(INT_MAX, noPads | noLines), 0);
+    EXPECT_EQ(AfxBase64EncodeGetRequiredLength(1610612733, noLines), 2147483644);
+    EXPECT_EQ(AfxBase64EncodeGetRequiredLength(1610612735, noLines), 0); // 2147483648
     for (const int length : {INT_MIN, -1, 0})
         EXPECT_EQ(AfxBase64DecodeGetRequiredLength(length), 0);
     EXPECT_EQ(AfxBase64DecodeGetRequiredLength(INT_MAX), INT_MAX);
 }
 
-TEST(Base64, RefusedEncodingChangesNothing) {
+TEST(Base64, RefusedArgumentsChangeNothing) {
     const BYTE source[3] = {'M', 'a', 'n'};
-    const struct {
-        const char* label;
-        bool hasSource, hasDest, hasLength;
-        int sourceLength, room;
-    } rows[] = {
-        {"null source", false, true, true, 3, 8},
-        {"null destination", true, false, true, 3, 8},
-        {"null length", true, true, false, 3, 8},
-        {"no bytes", true, true, true, 0, 8},
-        {"negative length", true, true, true, -1, 8},
-        {"longest length", true, true, true, INT_MAX, INT_MAX},
-        {"one below the bound, though the text would fit", true, true, true, 3, 5},
-        {"negative room", true, true, true, 3, -1},
+    char text[8] = "#######";
+    const auto encode = [&](const BYTE* from, int size, char* to, int room) {
+        int length = room;
+        const BOOL done = AfxBase64EncodeMultiByte(from, size, to, &length, 0);
+        return done || length != room;
     };
-    for (const auto& row : rows) {
-        char dest[8] = "#######";
-        int length = row.room;
-        EXPECT_FALSE(AfxBase64EncodeMultiByte(row.hasSource ? source : nullptr, row.sourceLength,
-                                              row.hasDest ? dest : nullptr,
-                                              row.hasLength ? &length : nullptr, 0))
-            << row.label;
-        EXPECT_STREQ(dest, "#######") << row.label;
-        EXPECT_EQ(length, row.room) << row.label;
-    }
+    EXPECT_FALSE(encode(nullptr, 3, text, 8));
+    EXPECT_FALSE(encode(source, 3, nullptr, 8));
+    EXPECT_FALSE(encode(source, 0, text, 8));
+    EXPECT_FALSE(encode(source, -1, text, 8));
+    EXPECT_FALSE(encode(source, INT_MAX, text, INT_MAX));
+    EXPECT_FALSE(encode(source, 3, text, 5)) << "below the bound, though the text would fit";
+    EXPECT_FALSE(encode(source, 3, text, -1));
+    EXPECT_FALSE(AfxBase64EncodeMultiByte(source, 3, text, nullptr, 0));
+    EXPECT_STREQ(text, "#######");
+
+    BYTE bytes[4] = {'#'};
+    int length = 3;
+    EXPECT_FALSE(AfxBase64DecodeMultiByte(nullptr, 4, bytes, &length));
+    EXPECT_FALSE(AfxBase64DecodeMultiByte("TWFu", 4, nullptr, &length));
+    EXPECT_FALSE(AfxBase64DecodeMultiByte("TWFu", 4, bytes, nullptr));
+    EXPECT_FALSE(AfxBase64DecodeMultiByte("TWFu", 0, bytes, &length));
+    EXPECT_FALSE(AfxBase64DecodeMultiByte("TWFu", -1, bytes, &length));
+    EXPECT_EQ(bytes[0], '#');
+    EXPECT_EQ(length, 3);
 }
 
 TEST(Base64, DecodesLeniently) {
+    // Padding does not end a group, and one character alone gives no byte.
     const struct {
-        const char* text;
-        const char* expected;
+        const char *text, *expected;
     } rows[] = {
         {"TWFu", "Man"},
         {"TW Fu\r\n", "Man"},
@@ -154,8 +147,8 @@ TEST(Base64, DecodesLeniently) {
         {"TQ==", "M"},
         {"TQ", "M"},
         {"TWE=", "Ma"},
-        {"TQ==TQ==", "M\x04\xd0"}, // padding does not end a group
-        {"TWFuT", "Man"},          // one character alone gives no byte
+        {"TQ==TQ==", "M\x04\xd0"},
+        {"TWFuT", "Man"},
         {"T", ""},
         {"====", ""},
         {"-_\x80\xff*", ""},
@@ -189,28 +182,6 @@ TEST(Base64, TooSmallARoomTakesWholeGroupsAndCountsOn) {
             << row.room;
         EXPECT_EQ(length, 7) << row.room;
         EXPECT_STREQ(dest, row.written) << row.room;
-    }
-}
-
-TEST(Base64, RefusedDecodingChangesNothing) {
-    const struct {
-        const char* label;
-        bool hasSource, hasDest, hasLength;
-        int sourceLength;
-    } rows[] = {
-        {"null source", false, true, true, 4},     {"null destination", true, false, true, 4},
-        {"null length", true, true, false, 4},     {"no characters", true, true, true, 0},
-        {"negative length", true, true, true, -1},
-    };
-    for (const auto& row : rows) {
-        char dest[4] = "###";
-        int length = 3;
-        EXPECT_FALSE(AfxBase64DecodeMultiByte(row.hasSource ? "TWFu" : nullptr, row.sourceLength,
-                                              row.hasDest ? reinterpret_cast<BYTE*>(dest) : nullptr,
-                                              row.hasLength ? &length : nullptr))
-            << row.label;
-        EXPECT_STREQ(dest, "###") << row.label;
-        EXPECT_EQ(length, 3) << row.label;
     }
 }
 

@@ -65,30 +65,30 @@ TEST(Utf8, ConvertsBothWays) {
 }
 
 TEST(Utf8, ByteOrderMarksAreToldApart) {
+    typedef BOOL (*Test)(const BYTE*, std::size_t);
+    const Test tests[] = {AfxHasUTF8ByteOrderMark, AfxHasUTF16LEByteOrderMark,
+                          AfxHasUTF16BEByteOrderMark, AfxHasUTF32LEByteOrderMark,
+                          AfxHasUTF32BEByteOrderMark};
     const struct {
-        const char* label;
         std::string bytes;
-        BOOL utf8, utf16Le, utf16Be, utf32Le, utf32Be;
+        Test test; // the one that knows it; null: none does
     } rows[] = {
-        {"UTF-8", "\xef\xbb\xbf", TRUE, FALSE, FALSE, FALSE, FALSE},
-        {"UTF-8, cut", "\xef\xbb", FALSE, FALSE, FALSE, FALSE, FALSE},
-        {"UTF-16LE", "\xff\xfe", FALSE, TRUE, FALSE, FALSE, FALSE},
-        {"UTF-16LE and a zero", std::string("\xff\xfe\0a", 4), FALSE, TRUE, FALSE, FALSE, FALSE},
-        {"UTF-16BE", std::string("\xfe\xff\0\0", 4), FALSE, FALSE, TRUE, FALSE, FALSE},
-        {"UTF-32LE", std::string("\xff\xfe\0\0", 4), FALSE, FALSE, FALSE, TRUE, FALSE},
-        {"UTF-32BE", std::string("\0\0\xfe\xff", 4), FALSE, FALSE, FALSE, FALSE, TRUE},
-        {"UTF-32BE, cut", std::string("\0\0\xfe", 3), FALSE, FALSE, FALSE, FALSE, FALSE},
-        {"none", "abcd", FALSE, FALSE, FALSE, FALSE, FALSE},
-        {"nothing", "", FALSE, FALSE, FALSE, FALSE, FALSE},
+        {"\xef\xbb\xbf", AfxHasUTF8ByteOrderMark},
+        {"\xef\xbb", nullptr},
+        {"\xff\xfe", AfxHasUTF16LEByteOrderMark},
+        {std::string("\xff\xfe\0a", 4), AfxHasUTF16LEByteOrderMark},
+        {std::string("\xfe\xff\0\0", 4), AfxHasUTF16BEByteOrderMark},
+        {std::string("\xff\xfe\0\0", 4), AfxHasUTF32LEByteOrderMark},
+        {std::string("\0\0\xfe\xff", 4), AfxHasUTF32BEByteOrderMark},
+        {std::string("\0\0\xfe", 3), nullptr},
+        {"abcd", nullptr},
+        {"", nullptr},
     };
-    for (const auto& row : rows) {
-        const auto bytes = reinterpret_cast<const BYTE*>(row.bytes.data());
-        EXPECT_EQ(AfxHasUTF8ByteOrderMark(bytes, row.bytes.size()), row.utf8) << row.label;
-        EXPECT_EQ(AfxHasUTF16LEByteOrderMark(bytes, row.bytes.size()), row.utf16Le) << row.label;
-        EXPECT_EQ(AfxHasUTF16BEByteOrderMark(bytes, row.bytes.size()), row.utf16Be) << row.label;
-        EXPECT_EQ(AfxHasUTF32LEByteOrderMark(bytes, row.bytes.size()), row.utf32Le) << row.label;
-        EXPECT_EQ(AfxHasUTF32BEByteOrderMark(bytes, row.bytes.size()), row.utf32Be) << row.label;
-    }
+    for (const auto& row : rows)
+        for (const Test& test : tests)
+            EXPECT_EQ(test(reinterpret_cast<const BYTE*>(row.bytes.data()), row.bytes.size()),
+                      test == row.test)
+                << testing::PrintToString(row.bytes) << ' ' << &test - tests;
     EXPECT_FALSE(AfxHasUTF8ByteOrderMark(nullptr, 3));
 }
 

@@ -74,16 +74,13 @@ TEST(EncodingNames, NamesAreFoundInAnyLetterCase) {
         {nullptr, nullptr, 0},
     };
     for (const auto& row : rows) {
-        const CString label(row.name);
+        SCOPED_TRACE(testing::PrintToString(CString(row.name)));
         CString preferred(_T("#"));
-        EXPECT_EQ(AfxGetPreferredCharacterEncodingName(row.name, preferred),
-                  row.preferred != nullptr)
-            << testing::PrintToString(label);
-        EXPECT_EQ(preferred, row.preferred != nullptr ? row.preferred : _T("#"))
-            << testing::PrintToString(label);
+        const bool isAlias = row.preferred != nullptr;
+        EXPECT_EQ(AfxGetPreferredCharacterEncodingName(row.name, preferred), isAlias);
+        EXPECT_EQ(preferred, isAlias ? row.preferred : _T("#"));
         UINT codePage = 1;
-        EXPECT_EQ(AfxCharacterEncodingToCodePage(row.name, codePage), row.codePage != 0)
-            << testing::PrintToString(label);
-        EXPECT_EQ(codePage, row.codePage) << testing::PrintToString(label);
+        EXPECT_EQ(AfxCharacterEncodingToCodePage(row.name, codePage), row.codePage != 0);
+        EXPECT_EQ(codePage, row.codePage);
     }
 }

@@ -80,8 +80,7 @@ TEST(Escape, OtherEncodingsAreEscapedAsUtf8) {
 
 TEST(Escape, RegularExpressionMetacharactersGetABackslash) {
     const struct {
-        const WCHAR* text;
-        const WCHAR* expected;
+        const WCHAR *text, *expected;
     } rows[] = {
         {_T(""), _T("")},
         {_T("1.5*(x)"), _T("1\\.5\\*\\(x\\)")},

@@ -25,11 +25,8 @@ TEST(Match, BothWidthsSearchAndMatchAlike) {
     constexpr BOOL exact = TRUE;
     constexpr BOOL anyCase = FALSE;
     const struct {
-        const char* text;
-        const char* pattern;
-        BOOL caseSensitive;
-        BOOL found; // anywhere
-        BOOL whole;
+        const char *text, *pattern;
+        BOOL caseSensitive, found, whole; // found: anywhere
     } rows[] = {
         {"foobar", "oba", exact, TRUE, FALSE},
         {"foobar", "^foo", exact, TRUE, FALSE},
@@ -72,10 +69,8 @@ TEST(Match, BothWidthsSearchAndMatchAlike) {
 
 TEST(Match, WideTextKnowsTheLettersBeyondAscii) {
     const struct {
-        const WCHAR* text;
-        const WCHAR* pattern;
-        BOOL caseSensitive;
-        BOOL found;
+        const WCHAR *text, *pattern;
+        BOOL caseSensitive, found;
     } rows[] = {
         {_T("caf\xe9"), _T("CAF\xc9"), FALSE, TRUE},
         {_T("caf\xe9"), _T("CAF\xc9"), TRUE, FALSE},
@@ -117,8 +112,7 @@ TEST(Match, BadArgumentsAndPatternsMatchNothing) {
 TEST(Match, PatternsThatExplodeEndInFalse) {
     const struct {
         const char* label;
-        std::string text;
-        std::string pattern;
+        std::string text, pattern;
         BOOL found;
     } rows[] = {
         {"nested stars", Repeated("a", 300), "(a*)*b", FALSE},
@@ -136,11 +130,9 @@ TEST(Match, PatternsThatExplodeEndInFalse) {
         {"1000 groups side by side", "z", Repeated("(a)?", 1000) + "z", TRUE},
         {"30000 choices", "zz", Repeated("a|", 30000) + "zz", TRUE},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(AfxMatchText(Widened(row.text).c_str(), Widened(row.pattern).c_str(), TRUE),
-                  row.found)
-            << row.label;
-        EXPECT_EQ(AfxMatchText(row.text.c_str(), row.pattern.c_str(), TRUE), row.found)
-            << row.label;
+    for (const auto& [label, text, pattern, found] : rows) {
+        SCOPED_TRACE(label);
+        EXPECT_EQ(AfxMatchText(Widened(text).c_str(), Widened(pattern).c_str(), TRUE), found);
+        EXPECT_EQ(AfxMatchText(text.c_str(), pattern.c_str(), TRUE), found);
     }
 }

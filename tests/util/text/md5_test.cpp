@@ -41,11 +41,10 @@ const struct {
 TEST(Md5, PublishedVectors) {
     for (const auto& row : kVectors) {
         CStringA text;
-        EXPECT_TRUE(AfxGenerateMD5Checksum(Bytes(row.message),
-                                           static_cast<unsigned>(row.message.size()), text, FALSE));
+        const auto size = static_cast<unsigned>(row.message.size());
+        EXPECT_TRUE(AfxGenerateMD5Checksum(Bytes(row.message), size, text, FALSE));
         EXPECT_EQ(text, row.checksum) << row.label;
-        EXPECT_TRUE(AfxGenerateMD5Checksum(Bytes(row.message),
-                                           static_cast<unsigned>(row.message.size()), text, TRUE));
+        EXPECT_TRUE(AfxGenerateMD5Checksum(Bytes(row.message), size, text, TRUE));
         EXPECT_EQ(text, CStringA(row.checksum).MakeUpper()) << row.label;
     }
 }
@@ -85,13 +84,13 @@ TEST(Md5, NullPointersAreRefused) {
 
 TEST(Md5, FilesAreReadToTheirEnd) {
     const TemporaryFolder folder;
+    CStringA text;
     for (const auto& row : kVectors) {
         folder.Write(_T("file"), row.message);
-        CStringA text;
         EXPECT_TRUE(AfxGenerateFileMD5Checksum(folder.Path(_T("file")), text)) << row.label;
         EXPECT_EQ(text, row.checksum) << row.label;
     }
-    CStringA text("#");
+    text = "#";
     EXPECT_FALSE(AfxGenerateFileMD5Checksum(folder.Path(_T("missing")), text));
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
     EXPECT_EQ(text, "#");

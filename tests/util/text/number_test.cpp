@@ -5,50 +5,42 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <vector>
 
 TEST(Number, IsValidWhenItParsesInItsBaseAndReadsInRangeAsDecimal) {
-    const struct {
+    struct Row {
         const WCHAR* text;
         __int64 minimum, maximum;
         int base;
         BOOL expected;
-    } rows[] = {
-        {_T("5"), 1, 10, 10, TRUE},
-        {_T("1"), 1, 10, 10, TRUE},
-        {_T("10"), 1, 10, 10, TRUE},
-        {_T("0"), 1, 10, 10, FALSE},
-        {_T("11"), 1, 10, 10, FALSE},
-        {_T(" \t-5"), -5, -5, 10, TRUE},
-        {_T("+5"), 5, 5, 10, TRUE},
-        {_T("5 "), 0, 10, 10, FALSE},
-        {_T("- 5"), -10, 10, 10, FALSE},
-        {_T("5x"), 0, 10, 10, FALSE},
-        {_T("-"), -10, 10, 10, FALSE},
-        {_T("  "), -10, 10, 10, FALSE},
-        {_T("1A"), 1, 1, 16, TRUE}, // read again as 1
-        {_T("1A"), 26, 26, 16, FALSE},
-        {_T("FF"), 0, 0, 16, TRUE},
-        {_T("0x1A"), 0, 0, 0, TRUE},
-        {_T("0x1A"), 0, 0, 10, FALSE},
-        {_T("017"), 17, 17, 0, TRUE},
-        {_T("018"), 0, 100, 0, FALSE},
-        {_T("101"), 101, 101, 2, TRUE},
-        {_T("102"), 0, 1000, 2, FALSE},
-        {_T("z"), 0, 0, 36, TRUE},
+    };
+    // What is not decimal is read again as a decimal number: "1A" as 1.
+    std::vector<Row> rows = {
+        {_T("5"), 1, 10, 10, TRUE},      {_T("1"), 1, 10, 10, TRUE},
+        {_T("10"), 1, 10, 10, TRUE},     {_T("0"), 1, 10, 10, FALSE},
+        {_T("11"), 1, 10, 10, FALSE},    {_T(" \t-5"), -5, -5, 10, TRUE},
+        {_T("+5"), 5, 5, 10, TRUE},      {_T("5 "), 0, 10, 10, FALSE},
+        {_T("- 5"), -10, 10, 10, FALSE}, {_T("5x"), 0, 10, 10, FALSE},
+        {_T("-"), -10, 10, 10, FALSE},   {_T("  "), -10, 10, 10, FALSE},
+        {_T("1A"), 1, 1, 16, TRUE},      {_T("1A"), 26, 26, 16, FALSE},
+        {_T("FF"), 0, 0, 16, TRUE},      {_T("0x1A"), 0, 0, 0, TRUE},
+        {_T("0x1A"), 0, 0, 10, FALSE},   {_T("017"), 17, 17, 0, TRUE},
+        {_T("018"), 0, 100, 0, FALSE},   {_T("101"), 101, 101, 2, TRUE},
+        {_T("102"), 0, 1000, 2, FALSE},  {_T("z"), 0, 0, 36, TRUE},
+        {_T("0x"), 0, 0, 16, FALSE},     {_T("5"), 0, 10, 1, FALSE},
+        {_T("5"), 0, 10, 37, FALSE},     {_T("5"), 0, 10, -10, FALSE},
+        {_T("5"), 10, 0, 10, FALSE},     {_T(""), 0, 10, 10, FALSE},
+        {nullptr, 0, 10, 10, FALSE},
+    };
+    const Row large[] = {
         {_T("9223372036854775807"), INT64_MAX, INT64_MAX, 10, TRUE},
         {_T("-9223372036854775808"), INT64_MIN, INT64_MIN, 10, TRUE},
         {_T("9223372036854775808"), 0, INT64_MAX - 1, 10, FALSE},
         {_T("9223372036854775808"), 0, INT64_MAX, 10, TRUE}, // the nearest number
         {_T("-99999999999999999999"), INT64_MIN, INT64_MIN, 10, TRUE},
         {_T("FFFFFFFFFFFFFFFFF"), 0, 0, 16, TRUE},
-        {_T("0x"), 0, 0, 16, FALSE},
-        {_T("5"), 0, 10, 1, FALSE},
-        {_T("5"), 0, 10, 37, FALSE},
-        {_T("5"), 0, 10, -10, FALSE},
-        {_T("5"), 10, 0, 10, FALSE},
-        {_T(""), 0, 10, 10, FALSE},
-        {nullptr, 0, 10, 10, FALSE},
     };
+    rows.insert(rows.end(), std::begin(large), std::end(large));
     for (const auto& row : rows)
         EXPECT_EQ(AfxIsValidNumber(row.text, row.minimum, row.maximum, row.base), row.expected)
             << testing::PrintToString(CString(row.text)) << " base " << row.base;
