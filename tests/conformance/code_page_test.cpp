@@ -156,25 +156,21 @@ TEST(Utf8, EncodesSurrogates) {
 TEST(CodePage, RefusesArgumentsBothWays) {
     const struct {
         const char* label;
-        bool hasSource;
-        int count;
-        bool hasTarget;
-        int capacity;
-        bool isFlagKnown;
-        int result;
+        bool hasSource, hasTarget, isFlagKnown;
+        int count, capacity, result;
         DWORD error;
     } rows[] = {
-        {"with the terminator", true, -1, true, 4, true, 4, ERROR_SUCCESS},
-        {"any negative length", true, -5, true, 4, true, 4, ERROR_SUCCESS},
-        {"length query", true, 3, false, 0, true, 3, ERROR_SUCCESS},
-        {"length query with a buffer", true, 3, true, 0, true, 3, ERROR_SUCCESS},
-        {"nothing", true, 0, true, 8, true, 0, ERROR_INVALID_PARAMETER},
-        {"null source", false, 3, true, 8, true, 0, ERROR_INVALID_PARAMETER},
-        {"null target", true, 3, false, 8, true, 0, ERROR_INVALID_PARAMETER},
-        {"negative capacity", true, 3, true, -1, true, 0, ERROR_INVALID_PARAMETER},
-        {"unknown flag", true, 3, true, 8, false, 0, ERROR_INVALID_FLAGS},
-        {"no room", true, 3, true, 2, true, 0, ERROR_INSUFFICIENT_BUFFER},
-        {"no room for the terminator", true, -1, true, 3, true, 0, ERROR_INSUFFICIENT_BUFFER},
+        {"with the terminator", true, true, true, -1, 4, 4, ERROR_SUCCESS},
+        {"any negative length", true, true, true, -5, 4, 4, ERROR_SUCCESS},
+        {"length query", true, false, true, 3, 0, 3, ERROR_SUCCESS},
+        {"length query with a buffer", true, true, true, 3, 0, 3, ERROR_SUCCESS},
+        {"nothing", true, true, true, 0, 8, 0, ERROR_INVALID_PARAMETER},
+        {"null source", false, true, true, 3, 8, 0, ERROR_INVALID_PARAMETER},
+        {"null target", true, false, true, 3, 8, 0, ERROR_INVALID_PARAMETER},
+        {"negative capacity", true, true, true, 3, -1, 0, ERROR_INVALID_PARAMETER},
+        {"unknown flag", true, true, false, 3, 8, 0, ERROR_INVALID_FLAGS},
+        {"no room", true, true, true, 3, 2, 0, ERROR_INSUFFICIENT_BUFFER},
+        {"no room for the terminator", true, true, true, -1, 3, 0, ERROR_INSUFFICIENT_BUFFER},
     };
     for (const UINT codePage : {0, 65000, 65001, 1252, 932, 20127})
         for (const auto& row : rows) {

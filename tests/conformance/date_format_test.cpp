@@ -85,27 +85,24 @@ TEST(DateFormat, LettersOfATimePictureAreParts) {
 }
 
 TEST(DateFormat, LanguagesHaveTheirForms) {
-    const struct {
-        LCID locale;
-        const WCHAR *shortDate, *longDate, *time, *timeWithoutSeconds;
-    } rows[] = {
+    const std::tuple<LCID, const WCHAR*, const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
         {kEnglish, _T("12/25/2007"), _T("Tuesday, December 25, 2007"), _T("1:06:07 PM"),
          _T("1:06 PM")},
         {kGerman, _T("25.12.2007"), _T("Dienstag, 25. Dezember 2007"), _T("13:06:07"), _T("13:06")},
         {kFrench, _T("25/12/2007"), _T("mardi 25 décembre 2007"), _T("13:06:07"), _T("13:06")},
         {kJapanese, _T("2007/12/25"), _T("2007年12月25日火曜日"), _T("13:06:07"), _T("13:06")},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.locale);
+    for (const auto& [locale, shortDate, longDate, time, timeWithoutSeconds] : rows) {
+        SCOPED_TRACE(locale);
         const auto text = [&](auto formatter, DWORD flags) {
-            return Formatted(formatter, kAfternoon, nullptr, row.locale, flags);
+            return Formatted(formatter, kAfternoon, nullptr, locale, flags);
         };
         for (const DWORD flags : {DWORD(0), DWORD(DATE_SHORTDATE), DWORD(LOCALE_NOUSEROVERRIDE)})
-            EXPECT_EQ(text(GetDateFormatW, flags), row.shortDate) << flags;
-        EXPECT_EQ(text(GetDateFormatW, DATE_LONGDATE), row.longDate);
-        EXPECT_EQ(text(GetTimeFormatW, 0), row.time);
-        EXPECT_EQ(text(GetTimeFormatW, LOCALE_NOUSEROVERRIDE), row.time);
-        EXPECT_EQ(text(GetTimeFormatW, TIME_NOSECONDS), row.timeWithoutSeconds);
+            EXPECT_EQ(text(GetDateFormatW, flags), shortDate) << flags;
+        EXPECT_EQ(text(GetDateFormatW, DATE_LONGDATE), longDate);
+        EXPECT_EQ(text(GetTimeFormatW, 0), time);
+        EXPECT_EQ(text(GetTimeFormatW, LOCALE_NOUSEROVERRIDE), time);
+        EXPECT_EQ(text(GetTimeFormatW, TIME_NOSECONDS), timeWithoutSeconds);
     }
 }
 

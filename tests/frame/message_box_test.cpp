@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 void PrintTo(const RecordedMessageBox& box, std::ostream* stream) {
     PrintTo(box.text, stream);
     *stream << ", type " << box.type << ", help " << box.helpId;
@@ -145,11 +147,7 @@ TEST_F(MessageBox, AFileNameMayBeGivenWithAnyException) {
 
 TEST(ExceptionText, CausesAreTakenFromTheirList) {
     const WCHAR* const unspecified = _T("An unspecified error occurred.");
-    const struct {
-        int cause;
-        BOOL isFile, isArchive;
-        const WCHAR *file, *archive;
-    } rows[] = {
+    const std::tuple<int, BOOL, BOOL, const WCHAR*, const WCHAR*> rows[] = {
         {0, TRUE, TRUE, _T("No error occurred."), _T("No error occurred.")},
         {7, TRUE, TRUE, _T("The current working directory cannot be removed."),
          _T("Tried to read an object with a different version of the class.")},
@@ -158,15 +156,15 @@ TEST(ExceptionText, CausesAreTakenFromTheirList) {
         {15, FALSE, FALSE, unspecified, _T("Unspecified error.")},
         {-1, FALSE, FALSE, unspecified, _T("Unspecified error.")},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.cause);
+    for (const auto& [cause, isFile, isArchive, file, archive] : rows) {
+        SCOPED_TRACE(cause);
         CString text;
-        EXPECT_EQ(AfxIsValidFileExceptionCause(row.cause), row.isFile);
-        EXPECT_TRUE(AfxGetFileExceptionErrorMessage(row.cause, text));
-        EXPECT_EQ(text, row.file);
-        EXPECT_EQ(AfxIsValidArchiveExceptionCause(row.cause), row.isArchive);
-        EXPECT_TRUE(AfxGetArchiveExceptionErrorMessage(row.cause, text));
-        EXPECT_EQ(text, row.archive);
+        EXPECT_EQ(AfxIsValidFileExceptionCause(cause), isFile);
+        EXPECT_TRUE(AfxGetFileExceptionErrorMessage(cause, text));
+        EXPECT_EQ(text, file);
+        EXPECT_EQ(AfxIsValidArchiveExceptionCause(cause), isArchive);
+        EXPECT_TRUE(AfxGetArchiveExceptionErrorMessage(cause, text));
+        EXPECT_EQ(text, archive);
     }
 }
 

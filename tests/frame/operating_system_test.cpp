@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <tuple>
 
 namespace {
 
@@ -75,12 +76,7 @@ void ExpectSystem(int system, DWORD platform, bool themed) {
 }
 
 TEST(OperatingSystem, TheVersionRecordDecides) {
-    const struct {
-        DWORD platform, major, minor;
-        BYTE product;
-        int system;
-        bool themed;
-    } rows[] = {
+    const std::tuple<DWORD, DWORD, DWORD, BYTE, int, bool> rows[] = {
         {1, 4, 0, 0, 1, false},        {1, 4, 10, 0, 2, false},      {1, 4, 90, 0, 3, false},
         {1, 6, 1, 0, 0, false},        {2, 3, 51, 0, 4, false},      {2, 3, 0, 0, 4, false},
         {2, 4, 0, kServer, 5, false},  {2, 4, 1, 0, 5, false},       {2, 5, 0, kDesktop, 6, false},
@@ -94,10 +90,10 @@ TEST(OperatingSystem, TheVersionRecordDecides) {
         *reinterpret_cast<OSVERSIONINFOEXW*>(record) = s_version.record;
         return TRUE;
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.platform << ' ' << row.major << '.' << row.minor);
-        s_version = Version(row.platform, row.major, row.minor, row.product);
-        ExpectSystem(row.system, row.platform, row.themed);
+    for (const auto& [platform, major, minor, product, system, themed] : rows) {
+        SCOPED_TRACE(testing::Message() << platform << ' ' << major << '.' << minor);
+        s_version = Version(platform, major, minor, product);
+        ExpectSystem(system, platform, themed);
     }
     CurrentVersionQuery() = former;
     for (const int system : {-1, 0, 1, 10, 11, 0x7fffffff}) {

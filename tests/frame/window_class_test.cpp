@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace quorvel::win32;
 
 namespace {
@@ -76,12 +78,7 @@ TEST(WindowClass, NamesAreComparedIgnoringCaseAndAsFarAsTheyAreRead) {
     const CString readOfIt = longName.Left(99);
     const ClassAndWindow longNamed(longName);
     const ClassAndWindow named(_T("Gr\u00F6\u00DFe"));
-    struct {
-        const char* label;
-        HWND window;
-        const WCHAR* name;
-        BOOL expected;
-    } const rows[] = {
+    const std::tuple<const char*, HWND, const WCHAR*, BOOL> rows[] = {
         {"itself", named.Window(), _T("Gr\u00F6\u00DFe"), TRUE},
         {"other case, beyond ASCII too", named.Window(), _T("gR\u00D6\u00DFE"), TRUE},
         {"shorter", named.Window(), _T("Gr\u00F6\u00DF"), FALSE},
@@ -93,8 +90,8 @@ TEST(WindowClass, NamesAreComparedIgnoringCaseAndAsFarAsTheyAreRead) {
         {"99 characters of a longer name", longNamed.Window(), readOfIt, TRUE},
         {"the whole longer name", longNamed.Window(), longName, FALSE},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(AfxIsSystemClass(row.window, row.name), row.expected) << row.label;
+    for (const auto& [label, window, name, expected] : rows)
+        EXPECT_EQ(AfxIsSystemClass(window, name), expected) << label;
 }
 
 TEST(WindowClass, AnObjectWithoutAWindowIsOfNoClass) {

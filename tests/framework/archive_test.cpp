@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -71,11 +72,7 @@ TEST(Archive, EitherStringLoadsEitherText) {
 }
 
 TEST(Archive, RefusesLengthsThatLie) {
-    const struct {
-        const char* label;
-        std::string bytes;
-        int cause;
-    } rows[] = {
+    const std::tuple<const char*, std::string, int> rows[] = {
         {"longer than a string", BYTES("\xff\xff\xff\xff\xff\xff\x7fx"),
          CArchiveException::badIndex},
         {"negative", BYTES("\xff\xff\xff\0\0\0\x80x"), CArchiveException::badIndex},
@@ -83,11 +80,10 @@ TEST(Archive, RefusesLengthsThatLie) {
          CArchiveException::endOfFile},
         {"wide twice", BYTES("\xff\xfe\xff\xff\xfe\xff\x01x"), CArchiveException::badIndex},
     };
-    for (const auto& row : rows) {
+    for (const auto& [label, bytes, cause] : rows) {
         CString text(_T("old"));
-        EXPECT_EQ(LoadCause(row.bytes, [&](CArchive& archive) { archive >> text; }), row.cause)
-            << row.label;
-        EXPECT_EQ(text, _T("old")) << row.label;
+        EXPECT_EQ(LoadCause(bytes, [&](CArchive& archive) { archive >> text; }), cause) << label;
+        EXPECT_EQ(text, _T("old")) << label;
     }
 }
 

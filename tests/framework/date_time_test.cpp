@@ -30,12 +30,7 @@ COleDateTime DateOf(const Parts& parts) {
 } // namespace
 
 TEST(DateTime, SerialsAndCalendarPartsCorrespond) {
-    const struct {
-        double serial;
-        Parts parts;
-        int dayOfWeek;
-        int dayOfYear;
-    } rows[] = {
+    const std::tuple<double, Parts, int, int> rows[] = {
         {0.0, {1899, 12, 30, 0, 0, 0}, 7, 364},
         {1.0, {1899, 12, 31, 0, 0, 0}, 1, 365},
         {2.0, {1900, 1, 1, 0, 0, 0}, 2, 1},
@@ -52,14 +47,14 @@ TEST(DateTime, SerialsAndCalendarPartsCorrespond) {
         {-657434.5, {100, 1, 1, 12, 0, 0}, 6, 1},
         {2958465 + 86399 * kSecond, {9999, 12, 31, 23, 59, 59}, 6, 365},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.serial);
-        const COleDateTime date(row.serial);
+    for (const auto& [serial, parts, dayOfWeek, dayOfYear] : rows) {
+        SCOPED_TRACE(serial);
+        const COleDateTime date(serial);
         EXPECT_EQ(date.GetStatus(), COleDateTime::valid);
-        EXPECT_EQ(PartsOf(date), row.parts);
-        EXPECT_EQ(date.GetDayOfWeek(), row.dayOfWeek);
-        EXPECT_EQ(date.GetDayOfYear(), row.dayOfYear);
-        EXPECT_DOUBLE_EQ(DateOf(row.parts).m_dt, row.serial);
+        EXPECT_EQ(PartsOf(date), parts);
+        EXPECT_EQ(date.GetDayOfWeek(), dayOfWeek);
+        EXPECT_EQ(date.GetDayOfYear(), dayOfYear);
+        EXPECT_DOUBLE_EQ(DateOf(parts).m_dt, serial);
     }
 }
 
@@ -130,19 +125,17 @@ TEST(DateTime, ThePartsAreRoundedToTheNearestSecond) {
 }
 
 TEST(DateTime, SpansMoveDatesAlongTheTimeLine) {
-    const struct {
-        double from, days, to;
-    } rows[] = {
+    const std::tuple<double, double, double> rows[] = {
         {39083.5, 1.0, 39084.5}, {0.25, -0.5, -1.75},  {-1.75, 0.5, 0.25},
         {-1.25, 0.5, -1.75},     {-1.25, -1.0, -2.25}, {-2.5, 3.0, 1.5},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.from);
-        const COleDateTime from(row.from);
-        const COleDateTimeSpan span(row.days);
-        EXPECT_DOUBLE_EQ((from + span).m_dt, row.to);
-        EXPECT_DOUBLE_EQ((COleDateTime(row.to) - span).m_dt, row.from);
-        EXPECT_DOUBLE_EQ((COleDateTime(row.to) - from).m_span, row.days);
+    for (const auto& [start, days, end] : rows) {
+        SCOPED_TRACE(start);
+        const COleDateTime from(start), to(end);
+        const COleDateTimeSpan span(days);
+        EXPECT_DOUBLE_EQ((from + span).m_dt, end);
+        EXPECT_DOUBLE_EQ((to - span).m_dt, start);
+        EXPECT_DOUBLE_EQ((to - from).m_span, days);
     }
     EXPECT_LT(COleDateTime(-1.25), COleDateTime(-1.75));
     EXPECT_EQ(COleDateTime(-0.25), COleDateTime(0.25));

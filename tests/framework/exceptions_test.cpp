@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 class HostException : public CFileException {
@@ -78,10 +80,7 @@ TEST(Exceptions, AHostsClassIsKnownByTheLibrarysBase) {
 
 TEST(Exceptions, SystemErrorsHaveACause) {
     typedef CFileException E;
-    const struct {
-        DWORD error;
-        int cause;
-    } rows[] = {
+    const std::tuple<DWORD, int> rows[] = {
         {0, E::none},          {2, E::fileNotFound},         {3, E::badPath},
         {5, E::accessDenied},  {4, E::tooManyOpenFiles},     {6, E::invalidFile},
         {19, E::accessDenied}, {16, E::removeCurrentDir},    {33, E::lockViolation},
@@ -89,9 +88,8 @@ TEST(Exceptions, SystemErrorsHaveACause) {
         {112, E::diskFull},    {1, E::genericException},     {123, E::badPath},
         {131, E::badSeek},     {10054, E::genericException}, {0xffffffff, E::genericException},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(CFileException::OsErrorToException(static_cast<LONG>(row.error)), row.cause)
-            << row.error;
+    for (const auto& [error, cause] : rows)
+        EXPECT_EQ(CFileException::OsErrorToException(static_cast<LONG>(error)), cause) << error;
 
     CFileException::ThrowOsError(0, _T("name"));
     try {

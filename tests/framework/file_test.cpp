@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -40,13 +41,7 @@ protected:
 } // namespace
 
 TEST_F(File, OpenModesMakeKeepOrEmptyTheFile) {
-    const struct {
-        const char* label;
-        bool present;
-        UINT flags;
-        int cause;
-        const char* contents;
-    } rows[] = {
+    const std::tuple<const char*, bool, UINT, int, const char*> rows[] = {
         {"open a missing file", false, modeReadWrite, E::fileNotFound, ""},
         {"create", false, kCreate, E::none, ""},
         {"create or keep, missing", false, kCreate | modeNoTruncate, E::none, ""},
@@ -56,18 +51,18 @@ TEST_F(File, OpenModesMakeKeepOrEmptyTheFile) {
         {"no such access mode", true, 0x0003, E::genericException, "old"},
         {"no such share mode", true, 0x0070, E::genericException, "old"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        if (row.present)
+    for (const auto& [label, present, flags, cause, contents] : rows) {
+        SCOPED_TRACE(label);
+        if (present)
             CFile(m_name, kCreate).Write("old", 3);
         CFile file;
         CFileException error;
-        EXPECT_EQ(file.Open(m_name, row.flags, &error), row.cause == E::none);
-        EXPECT_EQ(error.m_cause, row.cause);
-        EXPECT_EQ(file.m_hFile == CFile::hFileNull, row.cause != E::none);
+        EXPECT_EQ(file.Open(m_name, flags, &error), cause == E::none);
+        EXPECT_EQ(error.m_cause, cause);
+        EXPECT_EQ(file.m_hFile == CFile::hFileNull, cause != E::none);
         file.Close();
-        if (row.cause != E::fileNotFound) {
-            EXPECT_EQ(Contents(), row.contents);
+        if (cause != E::fileNotFound) {
+            EXPECT_EQ(Contents(), contents);
             CFile::Remove(m_name);
         } else {
             EXPECT_EQ(error.m_lOsError, static_cast<LONG>(ERROR_FILE_NOT_FOUND));
@@ -77,10 +72,7 @@ TEST_F(File, OpenModesMakeKeepOrEmptyTheFile) {
 }
 
 TEST_F(File, ShareModesHoldOffOtherOpeners) {
-    const struct {
-        UINT first, second;
-        bool opens;
-    } rows[] = {
+    const std::tuple<UINT, UINT, bool> rows[] = {
         {modeRead, modeRead | shareDenyNone, false}, // exclusive
         {modeRead | shareDenyWrite, modeRead | shareDenyNone, true},
         {modeRead | shareDenyWrite, modeWrite | shareDenyNone, false},
@@ -88,12 +80,12 @@ TEST_F(File, ShareModesHoldOffOtherOpeners) {
         {modeReadWrite | shareDenyNone, modeReadWrite | shareDenyNone, true},
     };
     CFile(m_name, kCreate);
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.first);
-        const CFile first(m_name, row.first);
+    for (const auto& [flags, others, opens] : rows) {
+        SCOPED_TRACE(flags);
+        const CFile first(m_name, flags);
         CFileException error;
-        EXPECT_EQ(CFile().Open(m_name, row.second, &error), row.opens);
-        EXPECT_EQ(error.m_cause, row.opens ? E::none : E::sharingViolation);
+        EXPECT_EQ(CFile().Open(m_name, others, &error), opens);
+        EXPECT_EQ(error.m_cause, opens ? E::none : E::sharingViolation);
     }
 }
 
@@ -130,15 +122,15 @@ TEST_F(File, FailuresAreThrownWithTheirCause) {
     CFile closed;
     CFile(m_name, kCreate);
     CFile reader(m_name, modeRead);
-    char byte = 0;
+    char buffer = 0;
     const WCHAR* const missing = _T("missing.tmp");
     const WCHAR* const other = _T("other.tmp");
 #define CAUSE(expression, cause) {#expression, CauseOf<E>([&] { expression; }), cause}
     ExpectCases<int>({
-        CAUSE(closed.Read(&byte, 1), E::invalidFile),
+        CAUSE(closed.Read(&buffer, 1), E::invalidFile),
         CAUSE(closed.GetLength(), E::invalidFile),
         CAUSE(closed.Close(), E::none),
-        CAUSE(reader.Write(&byte, 1), E::accessDenied),
+        CAUSE(reader.Write(&buffer, 1), E::accessDenied),
         CAUSE(CFile(missing, modeRead), E::fileNotFound),
         CAUSE(CFile(nullptr, modeRead), E::badPath),
         CAUSE(CFile(_T("no/such/file"), kCreate), E::badPath),

@@ -5,6 +5,7 @@
 #include "support/text.h"
 
 #include <climits>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -168,12 +169,7 @@ TEST(String, TokensAreWhatLiesBetweenSeparators) {
 }
 
 TEST(String, ComparesByUnitAndWithoutCase) {
-    const struct {
-        const WCHAR* left;
-        const WCHAR* right;
-        int order;
-        int orderNoCase;
-    } rows[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, int, int> rows[] = {
         {_T("abc"), _T("abc"), 0, 0},     {_T("abc"), _T("abd"), -1, -1},
         {_T("abc"), _T("ab"), 1, 1},      {_T("abc"), _T("ABC"), 1, 0},
         {_T("a"), _T("_"), 1, 1},         {_T("A"), _T("_"), -1, 1}, // small letters are compared
@@ -181,14 +177,14 @@ TEST(String, ComparesByUnitAndWithoutCase) {
         {_T("\x44f"), _T("\x42f"), 1, 0}, {_T(""), nullptr, 0, 0},
         {_T("a"), nullptr, 1, 1},
     };
-    for (const auto& row : rows) {
-        const CString left(row.left);
+    for (const auto& [text, right, order, orderNoCase] : rows) {
+        const CString left(text);
         SCOPED_TRACE(testing::PrintToString(left));
-        EXPECT_EQ(left.Compare(row.right), row.order);
-        EXPECT_EQ(left.CompareNoCase(row.right), row.orderNoCase);
-        EXPECT_EQ(left == row.right, row.order == 0);
-        EXPECT_EQ(row.right<left, row.order> 0);
-        EXPECT_EQ(left <= CString(row.right), row.order <= 0);
+        EXPECT_EQ(left.Compare(right), order);
+        EXPECT_EQ(left.CompareNoCase(right), orderNoCase);
+        EXPECT_EQ(left == right, order == 0);
+        EXPECT_EQ(right<left, order> 0);
+        EXPECT_EQ(left <= CString(right), order <= 0);
     }
     EXPECT_EQ(CStringA("\xe4").Compare("a"), 1);
     EXPECT_EQ(CStringA("ABC").CompareNoCase("abd"), -1);

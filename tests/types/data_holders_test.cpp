@@ -8,6 +8,7 @@
 
 #include <climits>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -41,12 +42,7 @@ void ExpectMask(int shift, int width, Value mask) {
 }
 
 TEST(DataHolders, FieldsStayInsideTheirValue) {
-    const struct {
-        int shift, width;
-        BYTE byte;
-        WORD word;
-        DWORD dword;
-    } rows[] = {
+    const std::tuple<int, int, BYTE, WORD, DWORD> rows[] = {
         {0, 1, 1, 1, 1},
         {4, 4, 0xf0, 0xf0, 0xf0},
         {5, 4, 0, 0x1e0, 0x1e0},
@@ -63,11 +59,11 @@ TEST(DataHolders, FieldsStayInsideTheirValue) {
         {INT_MAX, INT_MAX, 0, 0, 0},
         {INT_MIN, INT_MIN, 0, 0, 0},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.width << " bits from " << row.shift);
-        ExpectMask<CByteData>(row.shift, row.width, row.byte);
-        ExpectMask<CWordData>(row.shift, row.width, row.word);
-        ExpectMask<CDWordData>(row.shift, row.width, row.dword);
+    for (const auto& [shift, width, byte, word, dword] : rows) {
+        SCOPED_TRACE(testing::Message() << width << " bits from " << shift);
+        ExpectMask<CByteData>(shift, width, byte);
+        ExpectMask<CWordData>(shift, width, word);
+        ExpectMask<CDWordData>(shift, width, dword);
     }
     CByteData byte;
     EXPECT_TRUE(byte.SetFieldData(2, 3, 5));
@@ -94,11 +90,7 @@ TEST(DataHolders, AreStoredInTheirOwnWidth) {
 
 TEST(Guid, TextIsThirtyTwoHexadecimalDigits) {
     const std::string digits = "0123456789abcdefABCDEF0123456789";
-    const struct {
-        const char* label;
-        std::string text;
-        BOOL valid;
-    } rows[] = {
+    const std::tuple<const char*, std::string, BOOL> rows[] = {
         {"either case", digits, TRUE},
         {"31", digits.substr(1), FALSE},
         {"33", digits + "0", FALSE},
@@ -108,13 +100,13 @@ TEST(Guid, TextIsThirtyTwoHexadecimalDigits) {
         {"line break behind", digits + "\n", FALSE},
         {"beyond ASCII", digits.substr(1) + "\xe9", FALSE},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+    for (const auto& [label, text, valid] : rows) {
+        SCOPED_TRACE(label);
         CGUID guid;
         const CStringA generated = guid.GetGUID();
-        EXPECT_EQ(CGUID::IsValidGUID(row.text.c_str()), row.valid);
-        EXPECT_EQ(guid.SetGUID(row.text.c_str()), row.valid);
-        EXPECT_EQ(guid.GetGUID(), row.valid ? CStringA(row.text.c_str()) : generated);
+        EXPECT_EQ(CGUID::IsValidGUID(text.c_str()), valid);
+        EXPECT_EQ(guid.SetGUID(text.c_str()), valid);
+        EXPECT_EQ(guid.GetGUID(), valid ? CStringA(text.c_str()) : generated);
     }
     CGUID guid;
     EXPECT_FALSE(CGUID::IsValidGUID(nullptr));

@@ -8,6 +8,7 @@
 
 #include <climits>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -43,10 +44,7 @@ TEST(Fraction, CommonDivisorIsNeverNegative) {
 }
 
 TEST(Fraction, LowestTermsKeepWhatTheirDenominatorDivides) {
-    const struct {
-        BOOL result;
-        F fraction, lowest;
-    } rows[] = {
+    const std::tuple<BOOL, F, F> rows[] = {
         {TRUE, {2, 4}, {1, 2}},
         {TRUE, {3, 6}, {1, 2}},
         {TRUE, {4, 2}, {4, 2}},
@@ -60,21 +58,16 @@ TEST(Fraction, LowestTermsKeepWhatTheirDenominatorDivides) {
         {TRUE, {INT_MIN, -1}, {INT_MIN, -1}},
         {FALSE, {4, 0}, {4, 0}},
     };
-    for (const auto& row : rows) {
-        F reduced(row.fraction);
-        EXPECT_EQ(reduced.ReduceToLowestTerms(), row.result);
-        EXPECT_TRUE(Is(reduced, row.lowest));
-        EXPECT_EQ(row.fraction.IsInLowestTerms(), row.result && Is(row.fraction, row.lowest));
+    for (const auto& [result, fraction, lowest] : rows) {
+        F reduced(fraction);
+        EXPECT_EQ(reduced.ReduceToLowestTerms(), result);
+        EXPECT_TRUE(Is(reduced, lowest));
+        EXPECT_EQ(fraction.IsInLowestTerms(), result && Is(fraction, lowest));
     }
 }
 
 TEST(Fraction, EquivalentNeedsAFactor) {
-    const struct {
-        F fraction;
-        int denominator;
-        BOOL result;
-        F equivalent;
-    } rows[] = {
+    const std::tuple<F, int, BOOL, F> rows[] = {
         {{1, 2}, 6, TRUE, {3, 6}},         {{3, 6}, 2, TRUE, {1, 2}},
         {{5, 6}, 6, TRUE, {5, 6}},         {{1, 2}, -2, TRUE, {-1, -2}},
         {{5, 6}, 4, FALSE, {0, 1}},        {{5, 6}, 3, FALSE, {0, 1}},
@@ -82,22 +75,19 @@ TEST(Fraction, EquivalentNeedsAFactor) {
         {{1, 2}, 0, FALSE, {0, 1}},        {{1, 0}, 2, FALSE, {0, 1}},
         {{1, INT_MIN}, -1, FALSE, {0, 1}}, {{INT_MIN, 2}, -2, TRUE, {INT_MIN, -2}},
     };
-    for (const auto& row : rows) {
-        F result(7, 7), itself(row.fraction);
-        EXPECT_EQ(row.fraction.GetEquivalentFraction(row.denominator, result), row.result);
-        EXPECT_TRUE(Is(result, row.equivalent)) << row.denominator;
-        itself.GetEquivalentFraction(row.denominator, itself);
-        EXPECT_TRUE(Is(itself, row.equivalent)) << row.denominator;
+    for (const auto& [fraction, denominator, isThere, equivalent] : rows) {
+        F result(7, 7), itself(fraction);
+        EXPECT_EQ(fraction.GetEquivalentFraction(denominator, result), isThere);
+        EXPECT_TRUE(Is(result, equivalent)) << denominator;
+        itself.GetEquivalentFraction(denominator, itself);
+        EXPECT_TRUE(Is(itself, equivalent)) << denominator;
     }
 }
 
 TEST(Fraction, ArithmeticReducesAndWraps) {
     F sum(1, 2);
     sum += F(1, 3);
-    const struct {
-        const char* label;
-        F result, expected;
-    } rows[] = {
+    const std::tuple<const char*, F, F> rows[] = {
         {"sum", sum, {5, 6}},
         {"zero", F(1, 2) - F(1, 2), {0, 2}},
         {"shared factor", F(1, 6) + F(1, 10), {4, 15}},
@@ -113,8 +103,8 @@ TEST(Fraction, ArithmeticReducesAndWraps) {
         {"minimum by -1", F(1, -1) + F(1, INT_MIN), {INT_MIN + 1, INT_MIN}},
         {"product at the minimum", F(INT_MIN, -1) * F(-1, 1), {INT_MIN, -1}},
     };
-    for (const auto& row : rows)
-        EXPECT_TRUE(Is(row.result, row.expected)) << row.label;
+    for (const auto& [label, result, expected] : rows)
+        EXPECT_TRUE(Is(result, expected)) << label;
 }
 
 TEST(Fraction, ComparesValuesAndNeverTheUndefined) {
@@ -130,10 +120,7 @@ TEST(Fraction, ComparesValuesAndNeverTheUndefined) {
 }
 
 TEST(Fraction, DecimalsBecomeNearFractions) {
-    const struct {
-        double value;
-        F fraction;
-    } rows[] = {
+    const std::tuple<double, F> rows[] = {
         {0.75, {3, 4}},
         {-2.0, {-2, 1}},
         {0.3333333, {1, 3}},
@@ -148,16 +135,13 @@ TEST(Fraction, DecimalsBecomeNearFractions) {
         {std::nan(""), {0, 0}},
         {3.14159265358979, {103993, 33102}},
     };
-    for (const auto& row : rows)
-        EXPECT_TRUE(Is(F(row.value), row.fraction)) << row.value;
+    for (const auto& [value, fraction] : rows)
+        EXPECT_TRUE(Is(F(value), fraction)) << value;
     F(2000000000.123456789); // convergents beyond 32 bits: defined, whatever the result
 }
 
 TEST(Fraction, TextHasTheSignInFront) {
-    const struct {
-        F fraction;
-        const WCHAR *plain, *mixed;
-    } rows[] = {
+    const std::tuple<F, const WCHAR*, const WCHAR*> rows[] = {
         {{7, 2}, _T("7/2"), _T("3 1/2")},
         {{1, -3}, _T("-1/3"), _T("-1/3")},
         {{-7, 2}, _T("-7/2"), _T("-3 1/2")},
@@ -168,9 +152,9 @@ TEST(Fraction, TextHasTheSignInFront) {
         {{INT_MIN, -1}, _T("2147483648/1"), _T("2147483648")},
         {{1, INT_MIN}, _T("-1/2147483648"), _T("-1/2147483648")},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.fraction.GetText(FALSE), row.plain);
-        EXPECT_EQ(row.fraction.GetText(TRUE), row.mixed);
+    for (const auto& [fraction, plain, mixed] : rows) {
+        EXPECT_EQ(fraction.GetText(FALSE), plain);
+        EXPECT_EQ(fraction.GetText(TRUE), mixed);
     }
 }
 

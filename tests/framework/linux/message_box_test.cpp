@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -38,12 +39,7 @@ Shown Show(LPCWSTR text, UINT type, const char* lines) {
 } // namespace
 
 TEST(TerminalMessageBox, AnswersByLetterOrByDefault) {
-    const struct {
-        const char* label;
-        UINT type;
-        const char* lines;
-        int result;
-    } rows[] = {
+    const std::tuple<const char*, UINT, const char*, int> rows[] = {
         {"nobody there", MB_YESNO, nullptr, IDYES},
         {"second button preset", MB_YESNO | MB_DEFBUTTON2, nullptr, IDNO},
         {"third button preset", MB_YESNOCANCEL | MB_DEFBUTTON3, nullptr, IDCANCEL},
@@ -57,8 +53,8 @@ TEST(TerminalMessageBox, AnswersByLetterOrByDefault) {
         {"continue", MB_CANCELTRYCONTINUE, "o\n", IDCONTINUE},
         {"unknown set", 7, "o\n", 0},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Show(_T("text"), row.type, row.lines).result, row.result) << row.label;
+    for (const auto& [label, type, lines, result] : rows)
+        EXPECT_EQ(Show(_T("text"), type, lines).result, result) << label;
     EXPECT_EQ(quorvel::win32::GetLastError(), ERROR_INVALID_MSGBOX_STYLE);
 }
 

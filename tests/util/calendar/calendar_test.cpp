@@ -238,25 +238,23 @@ TEST(Calendar, DatesThatAreNotValidLeadNowhere) {
 }
 
 TEST(Calendar, AMonthsFirstAndLastDaysOfAKind) {
-    const struct {
-        int month, year;
-        int firstWeekday, lastWeekday, firstWeekendDay, lastWeekendDay, firstMonday, lastMonday;
-    } rows[] = {
+    const std::tuple<int, int, int, int, int, int, int, int> rows[] = {
         // Months that begin and end with each kind of day.
         {3, 2007, 1, 30, 3, 31, 5, 26}, {9, 2007, 3, 28, 1, 30, 3, 24},
         {4, 2007, 2, 30, 1, 29, 2, 30}, {2, 2008, 1, 29, 2, 24, 4, 25},
         {2, 2010, 1, 26, 6, 28, 1, 22}, {12, 1899, 1, 29, 2, 31, 4, 25},
         {1, 100, 1, 29, 2, 31, 4, 25},  {12, 9999, 1, 31, 4, 26, 6, 27},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.month << '/' << row.year);
-        const auto day = [&](int number) { return DateOf({row.year, row.month, number}); };
-        EXPECT_EQ(AfxGetFirstWeekdayInMonth(row.month, row.year), day(row.firstWeekday));
-        EXPECT_EQ(AfxGetLastWeekdayInMonth(row.month, row.year), day(row.lastWeekday));
-        EXPECT_EQ(AfxGetFirstWeekendDayInMonth(row.month, row.year), day(row.firstWeekendDay));
-        EXPECT_EQ(AfxGetLastWeekendDayInMonth(row.month, row.year), day(row.lastWeekendDay));
-        EXPECT_EQ(AfxGetFirstMondayInMonth(row.month, row.year), day(row.firstMonday));
-        EXPECT_EQ(AfxGetLastMondayInMonth(row.month, row.year), day(row.lastMonday));
+    for (const auto& [month, year, firstWeekday, lastWeekday, firstWeekendDay, lastWeekendDay,
+                      firstMonday, lastMonday] : rows) {
+        SCOPED_TRACE(testing::Message() << month << '/' << year);
+        const auto day = [&](int number) { return DateOf({year, month, number}); };
+        EXPECT_EQ(AfxGetFirstWeekdayInMonth(month, year), day(firstWeekday));
+        EXPECT_EQ(AfxGetLastWeekdayInMonth(month, year), day(lastWeekday));
+        EXPECT_EQ(AfxGetFirstWeekendDayInMonth(month, year), day(firstWeekendDay));
+        EXPECT_EQ(AfxGetLastWeekendDayInMonth(month, year), day(lastWeekendDay));
+        EXPECT_EQ(AfxGetFirstMondayInMonth(month, year), day(firstMonday));
+        EXPECT_EQ(AfxGetLastMondayInMonth(month, year), day(lastMonday));
     }
 }
 

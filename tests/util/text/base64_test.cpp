@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <climits>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -55,11 +56,7 @@ TEST(Base64, EncodesInEveryFlagCombination) {
     for (int i = 0; i < 19; ++i)
         line += "\x41\x04\x10";
     // A full line keeps its break, one filled by the last group has none.
-    const struct {
-        std::string bytes;
-        DWORD flags;
-        std::string expected;
-    } rows[] = {
+    const std::tuple<std::string, DWORD, std::string> rows[] = {
         {"f", breaks, "Zg=="},
         {"fo", breaks, "Zm8="},
         {"foo", breaks, "Zm9v"},
@@ -77,8 +74,8 @@ TEST(Base64, EncodesInEveryFlagCombination) {
         {line, BASE64_NO_LINE_BREAKS, a19},
         {line + "M", BASE64_NO_LINE_BREAKS | BASE64_NO_PADDING, a19 + "TQ"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Encode(row.bytes, row.flags), row.expected) << row.bytes;
+    for (const auto& [bytes, flags, expected] : rows)
+        EXPECT_EQ(Encode(bytes, flags), expected) << bytes;
 }
 
 TEST(Base64, RequiredLengthIsTheContractsBound) {
@@ -86,18 +83,14 @@ TEST(Base64, RequiredLengthIsTheContractsBound) {
     constexpr DWORD noLines = BASE64_NO_LINE_BREAKS;
     // 56 bytes are 74 characters, and 2 of padding fill the line, so two breaks are counted;
     // without padding 74 do not, and the rounding comes after the count.
-    const struct {
-        int length;
-        DWORD flags;
-        int expected;
-    } rows[] = {
+    const std::tuple<int, DWORD, int> rows[] = {
         {0, 0, 0},      {-1, 0, 0},      {INT_MIN, 0, 0}, {1, 0, 6},
         {2, noPads, 6}, {3, noLines, 4}, {56, 0, 80},     {56, noPads, 78},
         {57, 0, 80},    {58, 0, 84},     {114, 0, 158},   {INT_MAX, 0, 0},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(AfxBase64EncodeGetRequiredLength(row.length, row.flags), row.expected)
-            << row.length << " flags " << row.flags;
+    for (const auto& [length, flags, expected] : rows)
+        EXPECT_EQ(AfxBase64EncodeGetRequiredLength(length, flags), expected)
+            << length << " flags " << flags;
     EXPECT_EQ(AfxBase64EncodeGetRequiredLength(1, noPads | noLines), 4);
     EXPECT_EQ(AfxBase64EncodeGetRequiredLength(INT_MAX, noPads | noLines), 0);
     EXPECT_EQ(AfxBase64EncodeGetRequiredLength(1610612733, noLines), 2147483644);
@@ -138,9 +131,7 @@ TEST(Base64, RefusedArgumentsChangeNothing) {
 
 TEST(Base64, DecodesLeniently) {
     // Padding does not end a group, and one character alone gives no byte.
-    const struct {
-        const char *text, *expected;
-    } rows[] = {
+    const std::tuple<const char*, const char*> rows[] = {
         {"TWFu", "Man"},
         {"TW Fu\r\n", "Man"},
         {"=TWFu", "Man"},
@@ -155,8 +146,8 @@ TEST(Base64, DecodesLeniently) {
         {"\xd0Zm9v\x01YmFy\xc4", "foobar"},
         {"Zm9vYmFyZm9vYmFyZm9vYmFyZm9v\r\nYmFyZm9vYmFyZm9v", "foobarfoobarfoobarfoobarfoobarfoo"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Decode(row.text), row.expected) << row.text;
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(Decode(text), expected) << text;
 }
 
 TEST(Base64, WideCharactersWhoseLowByteIsInTheAlphabetAreForeign) {
@@ -169,19 +160,17 @@ TEST(Base64, WideCharactersWhoseLowByteIsInTheAlphabetAreForeign) {
 }
 
 TEST(Base64, TooSmallARoomTakesWholeGroupsAndCountsOn) {
-    const struct {
-        int room;
-        const char* written;
-    } rows[] = {{0, "#######"}, {2, "#######"},  {3, "Man####"},      {5, "Man####"},
-                {6, "ManMan#"}, {-1, "#######"}, {INT_MIN, "#######"}};
-    for (const auto& row : rows) {
+    const std::tuple<int, const char*> rows[] = {
+        {0, "#######"}, {2, "#######"},  {3, "Man####"},      {5, "Man####"},
+        {6, "ManMan#"}, {-1, "#######"}, {INT_MIN, "#######"}};
+    for (const auto& [room, written] : rows) {
         char dest[8] = "#######";
-        int length = row.room;
+        int length = room;
         EXPECT_FALSE(
             AfxBase64DecodeMultiByte("TWFuTWFuTQ==", 12, reinterpret_cast<BYTE*>(dest), &length))
-            << row.room;
-        EXPECT_EQ(length, 7) << row.room;
-        EXPECT_STREQ(dest, row.written) << row.room;
+            << room;
+        EXPECT_EQ(length, 7) << room;
+        EXPECT_STREQ(dest, written) << room;
     }
 }
 

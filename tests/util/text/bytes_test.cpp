@@ -65,13 +65,13 @@ TEST(Utf8, ConvertsBothWays) {
 }
 
 TEST(Utf8, ByteOrderMarksAreToldApart) {
-    typedef BOOL (*Test)(const BYTE*, std::size_t);
-    const Test tests[] = {AfxHasUTF8ByteOrderMark, AfxHasUTF16LEByteOrderMark,
-                          AfxHasUTF16BEByteOrderMark, AfxHasUTF32LEByteOrderMark,
-                          AfxHasUTF32BEByteOrderMark};
+    typedef BOOL (*MarkTest)(const BYTE*, SIZE_T);
+    const MarkTest tests[] = {AfxHasUTF8ByteOrderMark, AfxHasUTF16LEByteOrderMark,
+                              AfxHasUTF16BEByteOrderMark, AfxHasUTF32LEByteOrderMark,
+                              AfxHasUTF32BEByteOrderMark};
     const struct {
         std::string bytes;
-        Test test; // the one that knows it; null: none does
+        MarkTest test; // the one that knows it; null: none does
     } rows[] = {
         {"\xef\xbb\xbf", AfxHasUTF8ByteOrderMark},
         {"\xef\xbb", nullptr},
@@ -85,7 +85,7 @@ TEST(Utf8, ByteOrderMarksAreToldApart) {
         {"", nullptr},
     };
     for (const auto& row : rows)
-        for (const Test& test : tests)
+        for (const MarkTest& test : tests)
             EXPECT_EQ(test(reinterpret_cast<const BYTE*>(row.bytes.data()), row.bytes.size()),
                       test == row.test)
                 << testing::PrintToString(row.bytes) << ' ' << &test - tests;

@@ -5,13 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 TEST(Escape, BytesUnsafeInWebAddressesAreEscaped) {
-    const struct {
-        const char* text;
-        BOOL spaceAsPlus;
-        const char* expected;
-    } rows[] = {
+    const std::tuple<const char*, BOOL, const char*> rows[] = {
         {"", FALSE, ""},
         {"a b", TRUE, "a+b"},
         {"a b", FALSE, "a%20b"},
@@ -21,10 +18,10 @@ TEST(Escape, BytesUnsafeInWebAddressesAreEscaped) {
          "%2B%7E%2F%3A%3F%23%5B%5D%40%21%24%26%27%28%29%2C%3B%3D%25%22%3C%3E%5C%5E%60%7B%7C%7D"},
         {"\x01\t\x7f\x80\xff", FALSE, "%01%09%7F%80%FF"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [text, spaceAsPlus, expected] : rows) {
         CStringA escaped("#");
-        EXPECT_TRUE(AfxUTF8EscapeUnsafeURLCharacters(row.text, escaped, row.spaceAsPlus));
-        EXPECT_EQ(escaped, row.expected) << row.text;
+        EXPECT_TRUE(AfxUTF8EscapeUnsafeURLCharacters(text, escaped, spaceAsPlus));
+        EXPECT_EQ(escaped, expected) << text;
     }
     CStringA escaped("#");
     EXPECT_FALSE(AfxUTF8EscapeUnsafeURLCharacters(nullptr, escaped, FALSE));
@@ -32,12 +29,7 @@ TEST(Escape, BytesUnsafeInWebAddressesAreEscaped) {
 }
 
 TEST(Escape, TheOutputEndsWhereTheNextItemDoesNotFit) {
-    const struct {
-        const char* label;
-        std::string text;
-        BOOL whole;
-        std::string expected;
-    } rows[] = {
+    const std::tuple<const char*, std::string, BOOL, std::string> rows[] = {
         {"2083 kept", std::string(2083, 'a'), TRUE, std::string(2083, 'a')},
         {"2084 kept", std::string(2084, 'a'), FALSE, std::string(2083, 'a')},
         {"very long", std::string(100000, 'a'), FALSE, std::string(2083, 'a')},
@@ -48,11 +40,10 @@ TEST(Escape, TheOutputEndsWhereTheNextItemDoesNotFit) {
         {"a plus in the last place", std::string(2082, 'a') + " ", TRUE,
          std::string(2082, 'a') + "+"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [label, text, whole, expected] : rows) {
         CStringA escaped;
-        EXPECT_EQ(AfxUTF8EscapeUnsafeURLCharacters(row.text.c_str(), escaped, TRUE), row.whole)
-            << row.label;
-        EXPECT_EQ(escaped, row.expected.c_str()) << row.label;
+        EXPECT_EQ(AfxUTF8EscapeUnsafeURLCharacters(text.c_str(), escaped, TRUE), whole) << label;
+        EXPECT_EQ(escaped, expected.c_str()) << label;
     }
     CStringA escaped;
     EXPECT_FALSE(AfxUTF8EscapeUnsafeURLCharacters(std::string(695, ' ').c_str(), escaped, FALSE));
@@ -79,18 +70,16 @@ TEST(Escape, OtherEncodingsAreEscapedAsUtf8) {
 }
 
 TEST(Escape, RegularExpressionMetacharactersGetABackslash) {
-    const struct {
-        const WCHAR *text, *expected;
-    } rows[] = {
+    const std::tuple<const WCHAR*, const WCHAR*> rows[] = {
         {_T(""), _T("")},
         {_T("1.5*(x)"), _T("1\\.5\\*\\(x\\)")},
         {_T("#$()*+.?[\\]^{|}"), _T("\\#\\$\\(\\)\\*\\+\\.\\?\\[\\\\\\]\\^\\{\\|\\}")},
         {_T("a-b_c/d \t\xe9<>\"'!%&,:;=@`~"), _T("a-b_c/d \t\xe9<>\"'!%&,:;=@`~")},
     };
-    for (const auto& row : rows) {
+    for (const auto& [text, expected] : rows) {
         CString escaped(_T("#"));
-        EXPECT_TRUE(AfxEscapeRegularExpressionMetacharacters(row.text, escaped));
-        EXPECT_EQ(escaped, row.expected);
+        EXPECT_TRUE(AfxEscapeRegularExpressionMetacharacters(text, escaped));
+        EXPECT_EQ(escaped, expected);
     }
     CString escaped(_T("a.b"));
     EXPECT_FALSE(AfxEscapeRegularExpressionMetacharacters(nullptr, escaped));

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <tuple>
 #include <vector>
 
 TEST(Number, IsValidWhenItParsesInItsBaseAndReadsInRangeAsDecimal) {
@@ -47,12 +48,7 @@ TEST(Number, IsValidWhenItParsesInItsBaseAndReadsInRangeAsDecimal) {
 }
 
 TEST(Number, IsNumericWhenThereAreOnlyDigits) {
-    const struct {
-        const WCHAR* text;
-        BOOL allowSigned;
-        int radix;
-        BOOL expected;
-    } rows[] = {
+    const std::tuple<const WCHAR*, BOOL, int, BOOL> rows[] = {
         {_T("0"), FALSE, 10, TRUE},      {_T("123456789012345678901234567890"), FALSE, 10, TRUE},
         {_T("-1"), TRUE, 10, TRUE},      {_T("+1"), TRUE, 10, TRUE},
         {_T("-1"), FALSE, 10, FALSE},    {_T("+-1"), TRUE, 10, FALSE},
@@ -65,7 +61,7 @@ TEST(Number, IsNumericWhenThereAreOnlyDigits) {
         {_T("\x0662"), TRUE, 10, FALSE}, {_T("0"), TRUE, 1, FALSE},
         {_T("0"), TRUE, 37, FALSE},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(AfxIsNumeric(row.text, row.allowSigned, row.radix), row.expected)
-            << testing::PrintToString(CString(row.text)) << " radix " << row.radix;
+    for (const auto& [text, allowSigned, radix, expected] : rows)
+        EXPECT_EQ(AfxIsNumeric(text, allowSigned, radix), expected)
+            << testing::PrintToString(CString(text)) << " radix " << radix;
 }
