@@ -60,7 +60,8 @@ void ProgressLine::SetStep(int step) {
 
 // In the last column a terminal would begin a new line.
 void ProgressLine::Draw() {
-    const std::string percent = " " + std::to_string(m_percent) + "%";
+    std::string percent(1, ' ');
+    percent.append(std::to_string(m_percent)).append("%");
     const std::string text =
         m_caption.empty() || m_status.empty() ? m_caption + m_status : m_caption + ": " + m_status;
     const std::string line = Cut(text, m_columns - 1 - CharactersOf(percent)) + percent;
