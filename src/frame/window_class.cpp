@@ -5,7 +5,6 @@
 #include "platform/case_fold.h"
 #include "platform/win32.h"
 
-#include <algorithm>
 #include <string_view>
 
 BOOL AfxIsSystemClass(HWND window, const WCHAR* className) {
@@ -14,11 +13,7 @@ BOOL AfxIsSystemClass(HWND window, const WCHAR* className) {
     WCHAR buffer[100];
     const int length = GetClassNameW(window, buffer, static_cast<int>(std::size(buffer)));
     const std::basic_string_view<WCHAR> actual(buffer, static_cast<std::size_t>(length));
-    const std::basic_string_view<WCHAR> asked(className);
-    return length > 0 && std::equal(actual.begin(), actual.end(), asked.begin(), asked.end(),
-                                    [](WCHAR left, WCHAR right) {
-                                        return quorvel::FoldCase(left) == quorvel::FoldCase(right);
-                                    });
+    return length > 0 && quorvel::EqualIgnoringCase(actual, className);
 }
 
 BOOL AfxIsSystemClass(CWnd* wnd, const WCHAR* className) {

@@ -17,9 +17,14 @@ inline WCHAR FoldCase(WCHAR unit) {
     return FoldCaseBeyondAscii(unit);
 }
 
+inline bool EqualIgnoringCase(std::basic_string_view<WCHAR> left,
+                              std::basic_string_view<WCHAR> right) {
+    return std::ranges::equal(left, right, {}, FoldCase, FoldCase);
+}
+
 inline bool BeginsWithIgnoringCase(std::basic_string_view<WCHAR> text,
                                    std::basic_string_view<WCHAR> prefix) {
-    return std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, FoldCase, FoldCase);
+    return EqualIgnoringCase(text.substr(0, prefix.size()), prefix);
 }
 
 } // namespace quorvel

@@ -206,11 +206,6 @@ std::u16string WithExtension(std::u16string name) {
     return name;
 }
 
-bool EqualNoCase(std::u16string_view left, std::u16string_view right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](WCHAR a, WCHAR b) { return FoldCase(a) == FoldCase(b); });
-}
-
 // The canonical path of an existing file. A name without a folder is looked for beside the program
 // and then in the current folder.
 std::u16string FindFile(const std::u16string& name) {
@@ -334,7 +329,7 @@ HMODULE GetModuleHandleW(LPCWSTR name) {
         const std::u16string file = WithExtension(name);
         const std::u16string path = HasFolder(file) ? FindFile(file) : std::u16string();
         module = Modules().FindModule([&](const std::u16string& each) {
-            return path.empty() ? EqualNoCase(FilePart(each), file) : each == path;
+            return path.empty() ? EqualIgnoringCase(FilePart(each), file) : each == path;
         });
     } catch (const std::bad_alloc&) {
     }

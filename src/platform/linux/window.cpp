@@ -87,17 +87,12 @@ Result With(HWND handle, Result failed, Use use) {
     return failed;
 }
 
-bool SameName(std::u16string_view left, std::u16string_view right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](WCHAR a, WCHAR b) { return FoldCase(a) == FoldCase(b); });
-}
-
 // A name may be an atom, as everywhere in this family. The lock is held.
 std::shared_ptr<WindowClass> FindClass(LPCWSTR name, HINSTANCE instance) {
     for (const std::shared_ptr<WindowClass>& each : All().classes) {
         const bool named = IS_INTRESOURCE(name)
                                ? each->atom == static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name))
-                               : SameName(each->name, name);
+                               : EqualIgnoringCase(each->name, name);
         if (named && each->instance == instance)
             return each;
     }

@@ -110,7 +110,7 @@ bool ReadZone(Text text, int& bias) {
         return true;
     }
     for (const auto& zone : kZones) {
-        if (zone.word.size() == text.size() && BeginsWithIgnoringCase(text, zone.word)) {
+        if (EqualIgnoringCase(text, zone.word)) {
             bias = zone.bias;
             return true;
         }
