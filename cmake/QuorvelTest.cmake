@@ -1,5 +1,6 @@
 # Tests run with a fixed locale and time zone: natively through env, under Wine through the runner,
-# which takes them from variables of its own.
+# which takes them from variables of its own. They keep the registry apart from the user's: under
+# Wine the prefix has one of its own.
 set(QUORVEL_TEST_LOCALE C.UTF-8)
 set(QUORVEL_TEST_TIME_ZONE Europe/Berlin)
 function(quorvel_fix_environment target locale time_zone)
@@ -7,7 +8,8 @@ function(quorvel_fix_environment target locale time_zone)
     set(launcher env WINERUN_LOCALE=${locale} WINERUN_TZ=${time_zone}
       ${CMAKE_CROSSCOMPILING_EMULATOR})
   else()
-    set(launcher env LC_ALL=${locale} TZ=${time_zone})
+    set(launcher env LC_ALL=${locale} TZ=${time_zone}
+      QUORVEL_REGISTRY=${PROJECT_BINARY_DIR}/tests-registry.db)
   endif()
   set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${launcher}")
 endfunction()

@@ -46,6 +46,55 @@ QUORVEL_API BOOL DeleteFileW(LPCWSTR name);
 // INVALID_FILE_ATTRIBUTES when there is no such file.
 QUORVEL_API DWORD GetFileAttributesW(LPCWSTR name);
 
+// The registry. Any thread, and any number of processes at once. The result is an error code.
+//
+// It is one file a user, $XDG_DATA_HOME/quorvel/registry.db (without an absolute XDG_DATA_HOME
+// ~/.local/share/quorvel/registry.db), or the one whose absolute path the environment variable
+// QUORVEL_REGISTRY holds. It is made by the first write. What a call reported as written survives
+// the end of the process, however it ends; a power cut can take the latest writes, but what it
+// leaves is a state the registry once had.
+//
+// All eight roots lie in that file, each apart; the three of performance data are always refused
+// (6). A path below a key is separated by backslashes; one at the beginning is refused (161).
+// Names are found without regard to case, as Windows folds it, and keep the case they were first
+// written in. A part of a path has up to 255 characters, a value's name up to 16,383, and a key
+// lies at most 512 deep (87). Values may have any kind and up to 1,000,000,000 bytes (1450).
+//
+// Beyond the codes of Windows: 1015 when the file is damaged (it is then moved aside, as
+// registry.db.damaged-1 and so on, and the next call begins a new one), 1306 when a newer version
+// of the library has written it, 1009 when it is something else altogether (both are left as they
+// are), 170 when another process holds it for longer than 30 seconds, and 5, 19, 112 and the like
+// for what the file system refuses. From a file or folder that may not be written keys open for
+// reading only.
+//
+// `reserved` and pointers to a class, to security attributes and to a time must be null, and
+// options 0 (87).
+QUORVEL_API LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD reserved, LPWSTR className,
+                                    DWORD options, REGSAM access, SECURITY_ATTRIBUTES* security,
+                                    HKEY* result, LPDWORD disposition);
+// A null or empty sub key gives another handle of the key; of a root, itself.
+QUORVEL_API LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM access,
+                                  HKEY* result);
+QUORVEL_API LSTATUS RegCloseKey(HKEY key);
+// A key with keys below it is refused (5). Open handles of the deleted key get 1018 from then on.
+QUORVEL_API LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR subKey);
+// Without a buffer the size is told; 234, and the size, when the buffer is too small. A text that
+// is stored without its terminator gets one where the buffer has room for it.
+QUORVEL_API LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD kind,
+                                     LPBYTE data, LPDWORD size);
+// Unlike on Windows, nothing beyond `size` bytes is looked at: a terminator that was not counted
+// is not stored.
+QUORVEL_API LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD kind,
+                                   const BYTE* data, DWORD size);
+QUORVEL_API LSTATUS RegDeleteValueW(HKEY key, LPCWSTR name);
+// By index from 0, until 259; in the order of the names. `nameSize` is in characters, with the
+// terminator on entry and without it on return; 234 when a buffer is too small.
+QUORVEL_API LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSize,
+                                  LPDWORD reserved, LPWSTR className, LPDWORD classSize,
+                                  FILETIME* lastWriteTime);
+QUORVEL_API LSTATUS RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSize,
+                                  LPDWORD reserved, LPDWORD kind, LPBYTE data, LPDWORD size);
+
 // Windows without a screen: they carry messages, text and the words below, and have neither size
 // nor painting nor input. A window belongs to the thread that created it: only there may it be
 // destroyed or sent a message (elsewhere 5). A class has no extra bytes (87).

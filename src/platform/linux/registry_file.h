@@ -1,0 +1,126 @@
+// A registry file: an SQLite database with two tables.
+//
+//   keys      id, parent, fold, name              the roots have ids 1 to 5 and no parent (0)
+//   entries   owner, fold, name, kind, data       the values
+//
+// Names are UTF-16 as they were first written. `fold` is the name without case, the high byte of
+// each unit first, so that the order of the bytes is that of the names. An id is never given twice,
+// and the first one is a random number: that of a deleted key, or of a key in another file, finds
+// nothing.
+//
+// The journal is a write-ahead log that is synchronised when it is merged into the database
+// (synchronous=NORMAL). What a process has committed is there for all others even when it is
+// killed; a power cut can take the latest commits, but never leaves half of one.
+#pragma once
+
+#include <quorvel/platform/linux_types.h>
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+enum class RegistrySql {
+    Begin,
+    BeginWriting,
+    Commit,
+    Rollback,
+    HasKey,    // id
+    FindKey,   // parent, fold
+    AddKey,    // parent, fold, name
+    HasKeys,   // parent
+    RemoveKey, // id
+    KeyFrom,   // parent, first fold, offset: fold, name
+    Read,      // owner, fold, capacity (-1 for none): kind, size, data where it fits
+    Write,     // owner, fold, name, kind, data: changes nothing where there is no owner
+    Remove,    // owner, fold
+    RemoveAll, // owner
+    ValueFrom, // owner, first fold, offset, capacity: fold, name, kind, size, data where it fits
+    kCount
+};
+
+// The connection to a file, for one thread at a time.
+class RegistryFile {
+public:
+    RegistryFile() = default;
+    RegistryFile(const RegistryFile&) = delete;
+    RegistryFile& operator=(const RegistryFile&) = delete;
+    ~RegistryFile() { Close(); }
+
+    // ERROR_FILE_NOT_FOUND where there is no file and none may be made; ERROR_REGISTRY_CORRUPT for
+    // a damaged one, which then lies aside; ERROR_REVISION_MISMATCH or ERROR_BADDB for one of a
+    // newer version, or of something else.
+    DWORD Open(const std::string& path, bool mayCreate);
+    void Close();
+    // Closes and moves the file aside, unless another process has done that already.
+    void CloseDamaged();
+
+    bool IsOpen() const { return m_database != nullptr; }
+    bool IsWritable() const { return sqlite3_db_readonly(m_database, "main") == 0; }
+    // Whether the path it was opened by still leads to it.
+    bool IsInPlace() const;
+    int Changes() const { return sqlite3_changes(m_database); }
+    bool IsInTransaction() const { return sqlite3_get_autocommit(m_database) == 0; }
+
+    // The error code for a result of SQLite's.
+    DWORD ErrorOf(int result) const;
+    // A statement, prepared on its first use; null with `error` set.
+    sqlite3_stmt* Statement(RegistrySql sql, DWORD& error);
+
+private:
+    DWORD OpenLocked(bool mayCreate);
+    DWORD OpenUnchanging();
+    DWORD Connect(const std::string& name, int flags);
+    DWORD Inspect(bool mayCreate);
+    DWORD CheckTables();
+    DWORD CreateTables();
+    DWORD Execute(const char* sql);
+    DWORD Ask(const char* sql, std::int64_t& answer);
+
+    std::string m_path;
+    sqlite3* m_database = nullptr;
+    sqlite3_stmt* m_statements[static_cast<int>(RegistrySql::kCount)] = {};
+};
+
+// One run of a statement. What it hands out is valid until the next row.
+class RegistryQuery {
+public:
+    template <class... Arguments>
+    RegistryQuery(RegistryFile& file, RegistrySql sql, const Arguments&... arguments)
+        : m_file(file), m_statement(file.Statement(sql, m_error)) {
+        int index = 0;
+        if (m_statement != nullptr)
+            (Bind(++index, arguments), ...);
+    }
+    RegistryQuery(const RegistryQuery&) = delete;
+    RegistryQuery& operator=(const RegistryQuery&) = delete;
+    ~RegistryQuery() { sqlite3_reset(m_statement); }
+
+    // Whether there is a row; Error() tells why there is none.
+    bool Next();
+    DWORD Error() const { return m_error; }
+    // For statements without rows.
+    DWORD Run() {
+        Next();
+        return m_error;
+    }
+
+    std::int64_t Number(int column) const { return sqlite3_column_int64(m_statement, column); }
+    // Empty for what is no blob.
+    std::string_view Bytes(int column) const;
+
+private:
+    void Bind(int index, std::int64_t number);
+    void Bind(int index, std::string_view bytes);
+    void Check(int result);
+
+    RegistryFile& m_file;
+    DWORD m_error = ERROR_SUCCESS;
+    sqlite3_stmt* m_statement;
+};
+
+} // namespace quorvel

@@ -1,0 +1,414 @@
+// The registry's operations, on both systems. The tables tell what differs under Wine.
+#include <quorvel/framework/string.h>
+
+#include "support/platform.h"
+#include "support/registry.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using namespace quorvel::win32;
+
+namespace {
+
+typedef std::basic_string<WCHAR> Wide;
+
+const HKEY kInvented = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(0x1234));
+
+LSTATUS Create(HKEY parent, const WCHAR* path, HKEY* result = nullptr,
+               REGSAM access = KEY_READ | KEY_WRITE) {
+    HKEY key = nullptr;
+    const LSTATUS error =
+        RegCreateKeyExW(parent, path, 0, nullptr, 0, access, nullptr, &key, nullptr);
+    if (result != nullptr)
+        *result = key;
+    else if (key != nullptr)
+        RegCloseKey(key);
+    return error;
+}
+
+LSTATUS Open(HKEY parent, const WCHAR* path, HKEY* result = nullptr,
+             REGSAM access = KEY_READ | KEY_WRITE) {
+    HKEY key = nullptr;
+    const LSTATUS error = RegOpenKeyExW(parent, path, 0, access, &key);
+    if (result != nullptr)
+        *result = key;
+    else if (key != nullptr)
+        RegCloseKey(key);
+    return error;
+}
+
+// Windows looks behind a text for a terminator that was not counted: there is none.
+LSTATUS Set(HKEY key, const WCHAR* name, DWORD kind, const std::string& bytes) {
+    const std::string followed = bytes + "????";
+    return RegSetValueExW(key, name, 0, kind, reinterpret_cast<const BYTE*>(followed.data()),
+                          static_cast<DWORD>(bytes.size()));
+}
+
+LSTATUS EnumKey(HKEY key, DWORD index, Wide& name) {
+    WCHAR buffer[256];
+    DWORD size = 256;
+    const LSTATUS error =
+        RegEnumKeyExW(key, index, buffer, &size, nullptr, nullptr, nullptr, nullptr);
+    if (error == 0)
+        name.assign(buffer, size);
+    return error;
+}
+
+LSTATUS EnumValue(HKEY key, DWORD index, Wide& name) {
+    WCHAR buffer[256];
+    DWORD size = 256;
+    const LSTATUS error =
+        RegEnumValueW(key, index, buffer, &size, nullptr, nullptr, nullptr, nullptr);
+    if (error == 0)
+        name.assign(buffer, size);
+    return error;
+}
+
+template <class Next>
+std::vector<Wide> AllNames(HKEY key, Next next) {
+    std::vector<Wide> names;
+    Wide name;
+    for (DWORD index = 0; next(key, index, name) == 0; ++index)
+        names.push_back(name);
+    return names;
+}
+
+} // namespace
+
+TEST(Registry, PathsAreSeparatedByBackslashes) {
+    const TestKey key;
+    const Wide longest(255, 'x');
+    Wide deep = _T("deep");
+    for (int depth = 0; depth < 400; ++depth)
+        deep += _T("\\d");
+    const struct {
+        Wide create;
+        LSTATUS created;
+        Wide open;
+        LSTATUS opened;
+    } rows[] = {
+        {_T("a"), 0, _T("a"), 0},
+        {_T("a"), 0, _T("a\\"), 0},
+        {_T("a"), 0, _T("a\\\\"), 0},
+        {_T("b\\"), 0, _T("b"), 0},
+        {_T("c\\d\\e"), 0, _T("c\\d"), 0},
+        {_T("c\\\\f"), 0, _T("c\\f"), 0},
+        {_T("c"), 0, _T("c\\d\\g"), 2},
+        {_T("c"), 0, _T("missing\\d"), 2},
+        {_T("x/y z"), 0, _T("x/y z"), 0}, // the slash is a letter like others
+        {_T(""), 0, _T(""), 0},
+        {_T("\\a"), 161, _T("\\a"), 161},
+        {longest, 0, longest, 0},
+        {deep, 0, deep, 0},
+    };
+    for (const auto& row : rows) {
+        const CString label(row.create.c_str());
+        EXPECT_EQ(Create(key.Get(), row.create.c_str()), row.created) << CStringA(label);
+        EXPECT_EQ(Open(key.Get(), row.open.c_str()), row.opened) << CStringA(label);
+    }
+    EXPECT_EQ(Create(key.Get(), nullptr), 0);
+    EXPECT_EQ(Open(key.Get(), nullptr), 0);
+    // Wine has no limits here.
+    EXPECT_EQ(Create(key.Get(), (longest + _T("x")).c_str()), kOnLinux ? 87 : 0);
+    EXPECT_EQ(Create(key.Get(), (deep + deep).c_str()), kOnLinux ? 87 : 0);
+}
+
+TEST(Registry, NamesAreFoundWithoutCaseAndKeepTheirs) {
+    const struct {
+        const WCHAR* written;
+        const WCHAR* asked;
+        bool isFound;
+    } rows[] = {
+        {_T("Key"), _T("kEY"), true},
+        {_T("\u00c4\u03a3\u0416"), _T("\u00e4\u03c3\u0436"), true},
+        {_T("\u03a3"), _T("\u03c2"), false},         // the final sigma is another letter
+        {_T("K"), _T("\u212a"), false},              // the kelvin sign
+        {_T("I"), _T("\u0131"), false},              // the i without a dot
+        {_T("\u0130"), _T("i"), false},              // the I with one
+        {_T("stra\u00dfe"), _T("STRASSE"), false},   // one letter is never two
+        {_T("\U00010400"), _T("\U00010428"), false}, // nor is half a pair folded
+        {_T("\xd800"), _T("\xd800"), true},          // what is no text may be a name
+    };
+    for (const auto& row : rows) {
+        const TestKey key;
+        const std::string label =
+            Printable(row.written, static_cast<int>(Wide(row.written).size()));
+        EXPECT_EQ(Create(key.Get(), row.written), 0) << label;
+        EXPECT_EQ(Open(key.Get(), row.asked), row.isFound ? 0 : 2) << label;
+        EXPECT_EQ(Set(key.Get(), row.written, REG_BINARY, "x"), 0) << label;
+        EXPECT_EQ(RegDeleteValueW(key.Get(), row.asked), row.isFound ? 0 : 2) << label;
+        EXPECT_EQ(RegDeleteValueW(key.Get(), row.written), row.isFound ? 2 : 0) << label;
+    }
+    const TestKey key;
+    EXPECT_EQ(Create(key.Get(), _T("Key")), 0);
+    EXPECT_EQ(Create(key.Get(), _T("kEy")), 0);
+    EXPECT_EQ(Set(key.Get(), _T("Value"), REG_BINARY, "x"), 0);
+    EXPECT_EQ(Set(key.Get(), _T("vALUE"), REG_BINARY, "y"), 0);
+    EXPECT_EQ(AllNames(key.Get(), EnumValue), std::vector<Wide>{_T("Value")});
+    EXPECT_EQ(AllNames(key.Get(), EnumKey), std::vector<Wide>{_T("Key")});
+}
+
+TEST(Registry, BadHandlesAndArgumentsAreRefused) {
+    const TestKey test;
+    const HKEY key = test.Get();
+    ASSERT_EQ(Set(key, _T("v"), REG_DWORD, "abcd"), 0);
+    HKEY opened = nullptr;
+    BYTE data[8];
+    DWORD size = sizeof data;
+    WCHAR name[8];
+    DWORD nameSize = 8;
+    const Wide longest(16'383, 'n');
+    const Wide tooLong(16'384, 'n');
+    const struct {
+        const char* label;
+        LSTATUS result;
+        LSTATUS expected;
+    } rows[] = {
+        {"open, null handle", Open(nullptr, _T("x")), 6},
+        {"open, invented handle", Open(kInvented, _T("")), 6},
+        {"create, invented handle", Create(kInvented, _T("x")), 6},
+        {"set, null handle", Set(nullptr, _T("v"), REG_BINARY, "x"), 6},
+        {"query, invented", RegQueryValueExW(kInvented, _T("v"), nullptr, nullptr, data, &size), 6},
+        {"delete value, null handle", RegDeleteValueW(nullptr, _T("v")), 6},
+        {"delete key, null handle", RegDeleteKeyW(nullptr, _T("v")), 6},
+        {"close, null handle", RegCloseKey(nullptr), 6},
+        {"close, invented handle", RegCloseKey(kInvented), 6},
+        {"close, a root", RegCloseKey(HKEY_CURRENT_USER), 0},
+        {"open, no result", RegOpenKeyExW(key, _T("x"), 0, KEY_READ, nullptr), 87},
+        {"query, reserved", RegQueryValueExW(key, _T("v"), &size, nullptr, data, &size), 87},
+        {"query, no size", RegQueryValueExW(key, _T("v"), nullptr, nullptr, data, nullptr), 87},
+        {"query, nothing", RegQueryValueExW(key, _T("v"), nullptr, nullptr, nullptr, nullptr), 0},
+        {"query, missing", RegQueryValueExW(key, _T("w"), nullptr, nullptr, data, &size), 2},
+        {"query, no name", RegQueryValueExW(key, nullptr, nullptr, nullptr, data, &size), 2},
+        {"set, no data", RegSetValueExW(key, _T("n"), 0, REG_BINARY, nullptr, 4), 998},
+        {"set, nothing", RegSetValueExW(key, _T("n"), 0, REG_BINARY, nullptr, 0), 0},
+        {"set, unknown kind", Set(key, _T("n"), 77, "x"), 0},
+        {"set, longest name", Set(key, longest.c_str(), REG_BINARY, "x"), 0},
+        {"set, name too long", Set(key, tooLong.c_str(), REG_BINARY, "x"), 87},
+        {"query, name too long",
+         RegQueryValueExW(key, tooLong.c_str(), nullptr, nullptr, nullptr, nullptr), 2},
+        {"delete value, missing", RegDeleteValueW(key, _T("w")), 2},
+        {"delete key, null", RegDeleteKeyW(key, nullptr), 87},
+        {"delete key, missing", RegDeleteKeyW(key, _T("w")), 2},
+        {"delete key, backslash", RegDeleteKeyW(key, _T("\\w")), 161},
+        {"enumerate keys, end",
+         RegEnumKeyExW(key, 0, name, &nameSize, nullptr, nullptr, nullptr, nullptr), 259},
+        {"enumerate keys, reserved",
+         RegEnumKeyExW(key, 0, name, &nameSize, &size, nullptr, nullptr, nullptr), 87},
+        {"enumerate values, no size",
+         RegEnumValueW(key, 0, name, &nameSize, nullptr, nullptr, data, nullptr), 87},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.result, row.expected) << row.label;
+    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, _T("no such key"), 0, KEY_READ, &opened), 2);
+    EXPECT_EQ(opened, nullptr);
+}
+
+TEST(Registry, RootsAreOpenToAllButThoseOfPerformanceData) {
+    const struct {
+        HKEY root;
+        LSTATUS expected;
+    } rows[] = {
+        {HKEY_CLASSES_ROOT, 0},     {HKEY_CURRENT_USER, 0},
+        {HKEY_LOCAL_MACHINE, 0},    {HKEY_USERS, 0},
+        {HKEY_CURRENT_CONFIG, 0},   {HKEY_PERFORMANCE_DATA, 6},
+        {HKEY_PERFORMANCE_TEXT, 6}, {HKEY_PERFORMANCE_NLSTEXT, 6},
+    };
+    for (const auto& row : rows) {
+        const TestKey name; // for its own name
+        const CString path = _T("Quorvel test ") + name.Path().Right(8);
+        const UINT_PTR label = reinterpret_cast<UINT_PTR>(row.root);
+        EXPECT_EQ(Create(row.root, path), row.expected) << label;
+        EXPECT_EQ(Open(row.root, path), row.expected) << label;
+        EXPECT_EQ(Set(row.root, path, REG_DWORD, "abcd"), row.expected) << label;
+        EXPECT_EQ(RegDeleteValueW(row.root, path), row.expected) << label;
+        EXPECT_EQ(RegDeleteKeyW(row.root, path), row.expected) << label;
+    }
+    HKEY opened = nullptr;
+    EXPECT_EQ(Open(HKEY_CURRENT_USER, nullptr, &opened), 0);
+    EXPECT_EQ(opened, HKEY_CURRENT_USER);
+}
+
+TEST(Registry, RightsOfAHandleAreKept) {
+    const TestKey test;
+    ASSERT_EQ(Create(test.Get(), _T("k")), 0);
+    HKEY reading = nullptr;
+    HKEY writing = nullptr;
+    ASSERT_EQ(Open(test.Get(), _T("k"), &reading, KEY_READ), 0);
+    ASSERT_EQ(Open(test.Get(), _T("k"), &writing, KEY_SET_VALUE), 0);
+    Wide name;
+    const struct {
+        const char* label;
+        LSTATUS result;
+        LSTATUS expected;
+    } rows[] = {
+        {"set, reading", Set(reading, _T("v"), REG_BINARY, "x"), 5},
+        {"set, writing", Set(writing, _T("v"), REG_BINARY, "x"), 0},
+        {"query, reading", RegQueryValueExW(reading, _T("v"), nullptr, nullptr, nullptr, nullptr),
+         0},
+        {"query, writing", RegQueryValueExW(writing, _T("v"), nullptr, nullptr, nullptr, nullptr),
+         5},
+        {"delete value, reading", RegDeleteValueW(reading, _T("v")), 5},
+        {"delete value, writing", RegDeleteValueW(writing, _T("v")), 0},
+        {"enumerate keys, writing", EnumKey(writing, 0, name), 5},
+        {"enumerate values, writing", EnumValue(writing, 0, name), 5},
+        // Whether keys may be made or deleted is asked of the key, not of the handle.
+        {"create key, reading", Create(reading, _T("sub")), 0},
+        {"delete key, reading", RegDeleteKeyW(reading, _T("sub")), 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.result, row.expected) << row.label;
+    RegCloseKey(reading);
+    RegCloseKey(writing);
+}
+
+TEST(Registry, DataComesBackWithItsKindAndSize) {
+    const TestKey test;
+    const std::string big(1 << 20, 'z');
+    const struct {
+        const char* label;
+        DWORD kind;
+        std::string stored;
+        std::string read; // with what the buffer holds behind it, up to 10 bytes
+    } rows[] = {
+        {"number", REG_DWORD, "abcd", "abcd??????"},
+        {"number of a wrong size", REG_DWORD, "abc", "abc???????"},
+        {"text", REG_SZ, std::string("a\0\0\0", 4), std::string("a\0\0\0??????", 10)},
+        {"text that lacks its terminator", REG_SZ, std::string("a\0b\0", 4),
+         std::string("a\0b\0\0\0????", 10)},
+        {"text of odd length", REG_SZ, std::string("a\0b", 3), std::string("a\0b\0\0?????", 10)},
+        {"binary", REG_BINARY, std::string("\0\xff", 2), std::string("\0\xff????????", 10)},
+        {"nothing", REG_NONE, "", "??????????"},
+        {"own kind", 0x80000001, "own", "own???????"},
+        {"1 MB", REG_BINARY, big, big},
+    };
+    for (const auto& row : rows) {
+        ASSERT_EQ(Set(test.Get(), _T("v"), row.kind, row.stored), 0) << row.label;
+        const DWORD length = static_cast<DWORD>(row.stored.size());
+        DWORD kind = 99;
+        DWORD size = 99;
+        EXPECT_EQ(RegQueryValueExW(test.Get(), _T("V"), nullptr, &kind, nullptr, &size), 0);
+        EXPECT_EQ(kind, row.kind) << row.label;
+        EXPECT_EQ(size, length) << row.label;
+        std::string buffer(row.read.size(), '?');
+        BYTE* const data = reinterpret_cast<BYTE*>(buffer.data());
+        if (length > 0) {
+            size = length - 1;
+            EXPECT_EQ(RegQueryValueExW(test.Get(), _T("V"), nullptr, &kind, data, &size), 234);
+            EXPECT_EQ(size, length) << row.label;
+            EXPECT_EQ(buffer, std::string(row.read.size(), '?')) << row.label;
+        }
+        size = static_cast<DWORD>(buffer.size());
+        EXPECT_EQ(RegQueryValueExW(test.Get(), _T("V"), nullptr, &kind, data, &size), 0);
+        EXPECT_EQ(size, length) << row.label;
+        EXPECT_TRUE(buffer == row.read) << row.label;
+    }
+}
+
+TEST(Registry, NamesAreEnumeratedInOrder) {
+    const TestKey test;
+    const std::vector<Wide> expected = {_T("_"), _T("A"), _T("b"), _T("B2"), _T("c"), _T("\u00c4")};
+    for (const WCHAR* name : {_T("b"), _T("\u00c4"), _T("A"), _T("_"), _T("c"), _T("B2")}) {
+        ASSERT_EQ(Create(test.Get(), name), 0);
+        ASSERT_EQ(Set(test.Get(), name, REG_BINARY, "xyz"), 0);
+    }
+    EXPECT_EQ(AllNames(test.Get(), EnumKey), expected);
+    EXPECT_EQ(AllNames(test.Get(), EnumValue), expected);
+    Wide name;
+    for (const DWORD index : {5u, 3u, 3u, 4u, 0u, 2u}) { // not only one after another
+        EXPECT_EQ(EnumValue(test.Get(), index, name), 0);
+        EXPECT_EQ(name, expected[index]);
+        EXPECT_EQ(EnumKey(test.Get(), index, name), 0);
+        EXPECT_EQ(name, expected[index]);
+    }
+    EXPECT_EQ(EnumValue(test.Get(), 6, name), 259);
+
+    const struct {
+        const char* label;
+        DWORD nameSize, size;
+        LSTATUS expected;
+        DWORD sizeAfter;
+    } rows[] = {
+        {"fits", 3, 3, 0, 3},
+        {"name too long", 2, 3, 234, 3},
+        {"data too long", 3, 2, 234, 3},
+        {"no room at all", 0, 0, 234, 3},
+    };
+    for (const auto& row : rows) {
+        WCHAR buffer[8] = {};
+        BYTE data[8];
+        DWORD nameSize = row.nameSize;
+        DWORD size = row.size;
+        DWORD kind = 99;
+        EXPECT_EQ(RegEnumValueW(test.Get(), 3, buffer, &nameSize, nullptr, &kind, data, &size),
+                  row.expected)
+            << row.label;
+        EXPECT_EQ(size, row.sizeAfter) << row.label;
+        nameSize = row.nameSize;
+        const LSTATUS ofKey =
+            RegEnumKeyExW(test.Get(), 3, buffer, &nameSize, nullptr, nullptr, nullptr, nullptr);
+        EXPECT_EQ(ofKey, row.nameSize < 3 ? 234 : 0) << row.label;
+    }
+    // Deleting what was found and asking for the same index again visits them all.
+    std::size_t deleted = 0;
+    while (EnumValue(test.Get(), 0, name) == 0 && RegDeleteValueW(test.Get(), name.c_str()) == 0)
+        ++deleted;
+    EXPECT_EQ(deleted, expected.size());
+}
+
+TEST(Registry, HandlesOfADeletedKeyAreDead) {
+    const TestKey test;
+    HKEY deleted = nullptr;
+    ASSERT_EQ(Create(test.Get(), _T("k\\below")), 0);
+    ASSERT_EQ(Open(test.Get(), _T("k"), &deleted), 0);
+    ASSERT_EQ(Set(deleted, _T("v"), REG_BINARY, "x"), 0);
+    EXPECT_EQ(RegDeleteKeyW(test.Get(), _T("k")), 5); // there is one below it
+    EXPECT_EQ(RegDeleteKeyW(deleted, _T("below")), 0);
+    EXPECT_EQ(RegDeleteKeyW(test.Get(), _T("K")), 0);
+    ASSERT_EQ(Create(test.Get(), _T("k")), 0); // another key of that name
+    Wide name;
+    const struct {
+        const char* label;
+        LSTATUS result;
+    } rows[] = {
+        {"query", RegQueryValueExW(deleted, _T("v"), nullptr, nullptr, nullptr, nullptr)},
+        {"set", Set(deleted, _T("v"), REG_BINARY, "x")},
+        {"delete value", RegDeleteValueW(deleted, _T("v"))},
+        {"create", Create(deleted, _T("s"))},
+        {"open", Open(deleted, _T("s"))},
+        {"open again", Open(deleted, _T(""))},
+        {"enumerate keys", EnumKey(deleted, 0, name)},
+        {"enumerate values", EnumValue(deleted, 0, name)},
+        {"delete", RegDeleteKeyW(deleted, _T(""))},
+        {"delete below", RegDeleteKeyW(deleted, _T("x"))},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.result, 1018) << row.label;
+    EXPECT_EQ(RegCloseKey(deleted), 0);
+    EXPECT_EQ(RegCloseKey(deleted), 6);
+    EXPECT_EQ(Set(deleted, _T("v"), REG_BINARY, "x"), 6);
+    EXPECT_TRUE(AllNames(test.Get(), EnumValue).empty());
+
+    HKEY self = nullptr;
+    ASSERT_EQ(Create(test.Get(), _T("self"), &self, KEY_ALL_ACCESS), 0);
+    EXPECT_EQ(RegDeleteKeyW(self, _T("")), 0);
+    EXPECT_EQ(Open(test.Get(), _T("self")), 2);
+    RegCloseKey(self);
+}
+
+TEST(Registry, CreatingTellsWhetherTheKeyIsNew) {
+    const TestKey test;
+    for (const DWORD expected : {REG_CREATED_NEW_KEY, REG_OPENED_EXISTING_KEY}) {
+        HKEY key = nullptr;
+        DWORD disposition = 99;
+        EXPECT_EQ(RegCreateKeyExW(test.Get(), _T("a\\b"), 0, nullptr, 0, KEY_READ, nullptr, &key,
+                                  &disposition),
+                  0);
+        EXPECT_EQ(disposition, expected);
+        RegCloseKey(key);
+    }
+}

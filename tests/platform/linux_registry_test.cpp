@@ -1,0 +1,392 @@
+// The registry's file: what happens to it, and who may use it at once.
+#include "platform/linux/registry_place.h"
+#include "platform/linux/registry_store.h"
+
+#include "support/environment.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <functional>
+#include <thread>
+#include <vector>
+
+using namespace quorvel;
+
+namespace {
+
+constexpr RegistryKey kUser = {2, 0};
+constexpr WCHAR kFile[] = _T("registry.db");
+
+// A folder with a registry file in it.
+class Place : public TemporaryFolder {
+public:
+    std::string File() const { return std::string(CStringA(Path(kFile))); }
+    std::string Folder() const { return std::string(CStringA(Path())); }
+    RegistryStore Store() const { return RegistryStore(File()); }
+};
+
+std::u16string Name(int number) {
+    const std::string digits = std::to_string(number);
+    return u"value " + std::u16string(digits.begin(), digits.end());
+}
+
+DWORD Write(RegistryStore& store, std::u16string_view name, const std::string& data,
+            const RegistryKey& key = kUser) {
+    return store.Write(key, name, REG_BINARY, data);
+}
+
+// The data of a value, or its error code as "error 2".
+std::string Read(RegistryStore& store, std::u16string_view name, const RegistryKey& key = kUser) {
+    std::string data(256, 0);
+    RegistryValue value;
+    value.buffer = reinterpret_cast<BYTE*>(data.data());
+    value.capacity = 256;
+    if (const DWORD error = store.Read(key, name, value))
+        return "error " + std::to_string(error);
+    return data.substr(0, static_cast<std::size_t>(value.size));
+}
+
+// Values enough for several pages.
+void Fill(RegistryStore& store) {
+    for (int i = 0; i < 200; ++i)
+        ASSERT_EQ(Write(store, Name(i), std::string(100, 'x')), 0u);
+}
+
+void Execute(const std::string& file, const char* sql) {
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(database, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+    sqlite3_close(database);
+}
+
+// Runs `body` in a process of its own; its result is the exit code, which is not waited for.
+pid_t Start(const std::function<int()>& body) {
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(body());
+    return child;
+}
+
+int Finish(pid_t child) {
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
+}
+
+// As a user who is not root, whom permissions do not stop.
+int RunAsNobody(const std::function<int()>& body) {
+    return Finish(Start([&] { return geteuid() == 0 && setuid(65534) != 0 ? 99 : body(); }));
+}
+
+} // namespace
+
+TEST(RegistryPlace, IsWhatTheVariableNamesOrTheUsersDataFolder) {
+    const struct {
+        const char* registry;
+        const char* data;
+        const char* home;
+        DWORD error;
+        const char* expected;
+    } rows[] = {
+        {"/r/file", "/data", "/home/u", 0, "/r/file"},
+        {nullptr, "/data", "/home/u", 0, "/data/quorvel/registry.db"},
+        {"", "/data", "/home/u", 0, "/data/quorvel/registry.db"},
+        {nullptr, nullptr, "/home/u", 0, "/home/u/.local/share/quorvel/registry.db"},
+        {nullptr, "data", "/home/u", 0, "/home/u/.local/share/quorvel/registry.db"},
+        {"file", "/data", "/home/u", ERROR_BAD_PATHNAME, "file"},
+    };
+    for (const auto& row : rows) {
+        const EnvironmentVariable registry("QUORVEL_REGISTRY", row.registry);
+        const EnvironmentVariable data("XDG_DATA_HOME", row.data);
+        const EnvironmentVariable home("HOME", row.home);
+        std::string path;
+        EXPECT_EQ(LocateRegistry(path), row.error) << row.expected;
+        EXPECT_EQ(path, row.expected);
+    }
+}
+
+TEST(RegistryFile, IsMadeByTheFirstWriteForItsUserAlone) {
+    const Place place;
+    const std::string file = place.Folder() + "/a/b/registry.db";
+    RegistryStore store(file);
+    RegistryKey key = {};
+    RegistryCursor cursor;
+    std::u16string name;
+    EXPECT_EQ(Read(store, u"v"), "error 2");
+    EXPECT_EQ(store.Open(kUser, u"k", true, key), DWORD{ERROR_FILE_NOT_FOUND});
+    EXPECT_EQ(store.KeyAt(kUser, 0, cursor, name), DWORD{ERROR_NO_MORE_ITEMS});
+    EXPECT_EQ(store.DeleteValue(kUser, u"v"), DWORD{ERROR_FILE_NOT_FOUND});
+    EXPECT_FALSE(place.Has(_T("a")));
+    EXPECT_EQ(Write(store, u"v", "data"), 0u);
+    struct stat status;
+    ASSERT_EQ(stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600u);
+    ASSERT_EQ(stat((place.Folder() + "/a").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0700u);
+}
+
+TEST(RegistryFile, IsMovedAsideWhenDamagedAndBegunAnew) {
+    const struct {
+        const char* label;
+        std::function<void(std::string&)> damage;
+    } rows[] = {
+        {"text", [](std::string& bytes) { bytes = "this is no registry\n"; }},
+        {"cut short", [](std::string& bytes) { bytes.resize(bytes.size() / 2 + 100); }},
+        {"no header", [](std::string& bytes) { bytes.replace(0, 16, 16, 'x'); }},
+        {"bad schema page", [](std::string& bytes) { bytes.replace(100, 500, 500, '\xff'); }},
+        {"bad pages",
+         [](std::string& bytes) {
+             bytes.replace(4096, bytes.size() - 4096, bytes.size() - 4096, 'x');
+         }},
+    };
+    const Place place;
+    int number = 0;
+    for (const auto& row : rows) {
+        RegistryStore store(place.File());
+        Fill(store);
+        store.Close();
+        std::string bytes = place.Read(kFile);
+        row.damage(bytes);
+        place.Write(kFile, bytes);
+        EXPECT_EQ(Read(store, Name(7)), "error 1015") << row.label;
+        CString aside;
+        aside.Format(_T("registry.db.damaged-%d"), ++number);
+        EXPECT_TRUE(place.Read(aside) == bytes) << row.label;
+        EXPECT_FALSE(place.Has(kFile)) << row.label;
+        EXPECT_EQ(Read(store, Name(7)), "error 2") << row.label;
+        EXPECT_EQ(Write(store, u"new", "data"), 0u) << row.label;
+        EXPECT_EQ(Read(store, u"new"), "data") << row.label;
+    }
+}
+
+TEST(RegistryFile, TablesThatWereTamperedWithAreDamage) {
+    for (const char* sql : {
+             "CREATE TRIGGER t AFTER INSERT ON entries BEGIN DELETE FROM keys; END",
+             "DROP TABLE entries",
+             "DROP TABLE entries; CREATE VIEW entries AS SELECT * FROM keys",
+             "ALTER TABLE entries ADD COLUMN more BLOB",
+         }) {
+        const Place place;
+        RegistryStore store(place.File());
+        Fill(store);
+        store.Close();
+        Execute(place.File(), sql);
+        EXPECT_EQ(Write(store, u"v", "data"), DWORD{ERROR_REGISTRY_CORRUPT}) << sql;
+        EXPECT_TRUE(place.Has(_T("registry.db.damaged-1"))) << sql;
+    }
+}
+
+TEST(RegistryFile, OfOthersIsRefusedAndLeftAsItIs) {
+    const struct {
+        const char* sql;
+        DWORD error;
+    } rows[] = {
+        {"PRAGMA application_id = 0x51766c52; PRAGMA user_version = 2; CREATE TABLE other(a)",
+         ERROR_REVISION_MISMATCH},
+        {"CREATE TABLE other(a)", ERROR_BADDB},
+        {"PRAGMA user_version = 1", ERROR_BADDB},
+        {"PRAGMA application_id = 1; PRAGMA user_version = 1", ERROR_BADDB},
+    };
+    for (const auto& row : rows) {
+        const Place place;
+        Execute(place.File(), row.sql);
+        const std::string bytes = place.Read(kFile);
+        RegistryStore store(place.File());
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_EQ(Read(store, u"v"), "error " + std::to_string(row.error)) << row.sql;
+            EXPECT_EQ(Write(store, u"v", "data"), row.error) << row.sql;
+        }
+        EXPECT_TRUE(place.Read(kFile) == bytes) << row.sql;
+    }
+    const Place place; // our own, that a later version has taken over
+    RegistryStore store(place.File());
+    Fill(store);
+    store.Close();
+    Execute(place.File(), "PRAGMA user_version = 3");
+    EXPECT_EQ(Write(store, u"v", "data"), DWORD{ERROR_REVISION_MISMATCH});
+    EXPECT_FALSE(place.Has(_T("registry.db.damaged-1")));
+}
+
+TEST(RegistryFile, MayBeReadWhereItCannotBeWritten) {
+    const Place place;
+    {
+        RegistryStore store(place.File());
+        ASSERT_EQ(Write(store, u"v", "data"), 0u);
+    }
+    std::filesystem::remove(place.File() + "-lock");
+    const struct {
+        const char* label;
+        mode_t folder;
+        mode_t file;
+    } rows[] = {{"the folder", 0555, 0666}, {"the file", 0777, 0444}, {"both", 0555, 0444}};
+    for (const auto& row : rows) {
+        chmod(place.File().c_str(), row.file);
+        chmod(place.Folder().c_str(), row.folder);
+        EXPECT_EQ(RunAsNobody([&] {
+                      RegistryStore store(place.File());
+                      RegistryKey key = {};
+                      if (Read(store, u"v") != "data")
+                          return 1;
+                      if (Write(store, u"v", "other") != ERROR_ACCESS_DENIED)
+                          return 2;
+                      if (store.Open(kUser, u"", true, key) != ERROR_ACCESS_DENIED)
+                          return 3;
+                      return store.Open(kUser, u"", false, key) == 0 ? 0 : 4;
+                  }),
+                  0)
+            << row.label;
+    }
+    // Where there is no file, none can be made.
+    EXPECT_EQ(RunAsNobody([&] {
+                  RegistryStore store(place.Folder() + "/none/registry.db");
+                  return static_cast<int>(Write(store, u"v", "data"));
+              }),
+              int{ERROR_ACCESS_DENIED});
+    chmod(place.Folder().c_str(), 0700);
+}
+
+TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
+    const Place place;
+    {
+        RegistryStore store(place.File());
+        Fill(store);
+    }
+    EXPECT_EQ(Finish(Start([&] {
+                  RegistryStore store(place.File());
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  const rlimit limit = {100'000, 100'000};
+                  setrlimit(RLIMIT_FSIZE, &limit);
+                  const DWORD error = Write(store, u"large", std::string(200'000, 'y'));
+                  const bool isThere = Read(store, Name(199)) == std::string(100, 'x');
+                  return isThere ? static_cast<int>(error) : -1;
+              })),
+              int{ERROR_FILE_TOO_LARGE});
+    RegistryStore store(place.File());
+    EXPECT_EQ(Read(store, u"large"), "error 2");
+    EXPECT_EQ(Read(store, Name(199)), std::string(100, 'x'));
+    EXPECT_EQ(Write(store, u"large", std::string(200'000, 'y')), 0u);
+}
+
+TEST(RegistryFile, ThatIsReplacedIsOpenedAnew) {
+    const Place place;
+    RegistryStore store(place.File());
+    RegistryKey key = {};
+    bool isNew = false;
+    ASSERT_EQ(store.Create(kUser, u"k", key, isNew), 0u);
+    ASSERT_EQ(Write(store, u"v", "data", key), 0u);
+    for (const char* suffix : {"", "-wal", "-shm"})
+        std::filesystem::remove(place.File() + suffix);
+    EXPECT_EQ(Read(store, u"v", key), "error 1018");
+    EXPECT_EQ(Write(store, u"v", "data", key), DWORD{ERROR_KEY_DELETED});
+    RegistryKey other = {};
+    ASSERT_EQ(store.Create(kUser, u"k", other, isNew), 0u);
+    EXPECT_TRUE(isNew);
+    EXPECT_EQ(Write(store, u"v", "data", key), DWORD{ERROR_KEY_DELETED}); // not that key
+    EXPECT_EQ(Read(store, u"v", other), "error 2");
+}
+
+TEST(RegistryFile, EightProcessesWritingAtOnceLoseNothing) {
+    constexpr int kProcesses = 8;
+    constexpr int kValues = 150;
+    const Place place; // which they all find without a file
+    std::vector<pid_t> children;
+    for (int process = 0; process < kProcesses; ++process)
+        children.push_back(Start([&, process] {
+            RegistryStore store(place.File());
+            RegistryKey key = {};
+            bool isNew = false;
+            for (int i = 0; i < kValues; ++i) {
+                const std::u16string path = u"shared\\" + Name(i % 10);
+                if (store.Create(kUser, path, key, isNew) != 0 ||
+                    Write(store, Name(process * kValues + i), Name(i) == Name(0) ? "a" : "b",
+                          key) != 0)
+                    return 1;
+            }
+            return 0;
+        }));
+    for (const pid_t child : children)
+        EXPECT_EQ(Finish(child), 0);
+    RegistryStore store(place.File());
+    int found = 0;
+    for (int i = 0; i < kProcesses * kValues; ++i) {
+        RegistryKey key = {};
+        EXPECT_EQ(store.Open(kUser, u"shared\\" + Name(i % kValues % 10), false, key), 0u);
+        found += Read(store, Name(i), key).size() == 1;
+    }
+    EXPECT_EQ(found, kProcesses * kValues);
+}
+
+TEST(RegistryFile, WhatWasReportedWrittenSurvivesAKilledProcess) {
+    const Place place;
+    for (int round = 0; round < 5; ++round) {
+        int pipes[2];
+        ASSERT_EQ(pipe(pipes), 0);
+        const pid_t child = Start([&] {
+            RegistryStore store(place.File());
+            for (int i = 0; Write(store, Name(i), std::to_string(round)) == 0; ++i)
+                if (write(pipes[1], &i, sizeof i) != sizeof i)
+                    break;
+            return 1;
+        });
+        close(pipes[1]);
+        int reported = -1;
+        while (reported < 40 + 37 * round &&
+               read(pipes[0], &reported, sizeof reported) == sizeof reported) {
+        }
+        kill(child, SIGKILL);
+        while (read(pipes[0], &reported, sizeof reported) == sizeof reported) {
+        }
+        close(pipes[0]);
+        EXPECT_EQ(Finish(child), 1000 + SIGKILL);
+        RegistryStore store(place.File());
+        for (int i = 0; i <= reported; ++i)
+            ASSERT_EQ(Read(store, Name(i)), std::to_string(round)) << i << " of " << reported;
+        EXPECT_EQ(Write(store, u"after", "data"), 0u);
+    }
+}
+
+TEST(RegistryStore, ServesSeveralThreads) {
+    const Place place;
+    RegistryStore store(place.File());
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread)
+        threads.emplace_back([&store, thread] {
+            for (int i = 0; i < 100; ++i) {
+                RegistryKey key = {};
+                bool isNew = false;
+                EXPECT_EQ(store.Create(kUser, u"k", key, isNew), 0u);
+                EXPECT_EQ(Write(store, Name(thread), std::to_string(i), key), 0u);
+                EXPECT_EQ(Read(store, Name(thread), key), std::to_string(i));
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+TEST(Registry, OpenKeysServeAChildProcessAsWell) {
+    using namespace quorvel::win32;
+    HKEY key = nullptr;
+    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, _T("Software\\Quorvel fork"), 0, nullptr, 0,
+                              KEY_ALL_ACCESS, nullptr, &key, nullptr),
+              0);
+    const auto set = [key](const char* value) {
+        return RegSetValueExW(key, _T("v"), 0, REG_BINARY, reinterpret_cast<const BYTE*>(value), 1);
+    };
+    EXPECT_EQ(set("a"), 0);
+    EXPECT_EQ(Finish(Start([&] { return set("b") == 0 ? 0 : 1; })), 0);
+    BYTE data = 0;
+    DWORD size = 1;
+    EXPECT_EQ(RegQueryValueExW(key, _T("v"), nullptr, nullptr, &data, &size), 0);
+    EXPECT_EQ(data, 'b');
+    EXPECT_EQ(set("c"), 0);
+    RegDeleteKeyW(key, _T(""));
+    RegCloseKey(key);
+}
