@@ -37,5 +37,6 @@ bool IsThemedSystem(const SystemVersion& version);
 
 // What only the machine's processor and its registry tell.
 void ReadMachineFacts(SystemFacts& facts);
+WORD NativeProcessor();
 
 } // namespace quorvel

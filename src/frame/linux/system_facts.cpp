@@ -2,10 +2,9 @@
 
 namespace quorvel {
 
-// Only descriptions of Windows use them: GetVersionExW never tells one of its platform ids here.
-void ReadMachineFacts(SystemFacts& facts) {
-    facts.queryProductType = [](BYTE*, DWORD*) -> DWORD { return ERROR_FILE_NOT_FOUND; };
-    facts.hasServicePack6a = [] { return false; };
+// Only descriptions of Windows name it: GetVersionExW never tells one of its platform ids here.
+WORD NativeProcessor() {
+    return 0;
 }
 
 } // namespace quorvel
