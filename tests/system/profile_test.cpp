@@ -1,0 +1,297 @@
+#include <quorvel/system/profile.h>
+
+#include "support/date_time.h"
+#include "support/registry.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <string>
+
+using namespace quorvel::win32;
+
+namespace {
+
+constexpr ULONGLONG kLarge = 0x123456789abcdef0u;
+
+void SetRaw(HKEY key, const WCHAR* name, DWORD kind, const std::string& bytes) {
+    ASSERT_EQ(RegSetValueExW(key, name, 0, kind, reinterpret_cast<const BYTE*>(bytes.data()),
+                             static_cast<DWORD>(bytes.size())),
+              0);
+}
+
+std::string RawBytes(HKEY key, const WCHAR* name, DWORD& kind) {
+    std::string bytes(64, '?');
+    DWORD size = 64;
+    EXPECT_EQ(
+        RegQueryValueExW(key, name, nullptr, &kind, reinterpret_cast<BYTE*>(bytes.data()), &size),
+        0);
+    return bytes.substr(0, size);
+}
+
+template <class... Place>
+std::string ReadBinary(const Place&... place) {
+    BYTE* data = nullptr;
+    UINT length = 0;
+    if (!AfxGetProfileBinary(place..., &data, &length))
+        return "none";
+    const std::unique_ptr<BYTE[]> owner(data);
+    return std::string(reinterpret_cast<const char*>(data), length);
+}
+
+// Every type, written and read back at one place: (key, name), (path, subKey, name) and so on.
+template <class... Place>
+void CheckRoundTrip(const Place&... place) {
+    BYTE bytes[] = {'a', 0, 0xff};
+    const COleDateTime date(2007, 3, 7, 13, 45, 6);
+    EXPECT_TRUE(AfxWriteProfileDWord(place..., 0xfedcba98));
+    EXPECT_EQ(AfxGetProfileDWord(place..., 1), 0xfedcba98);
+    EXPECT_EQ(AfxGetProfileQWord(place..., 1), 1u); // another kind
+    EXPECT_TRUE(AfxWriteProfileQWord(place..., kLarge));
+    EXPECT_EQ(AfxGetProfileQWord(place..., 1), kLarge);
+    EXPECT_EQ(AfxGetProfileDWord(place..., 1), 1u);
+    EXPECT_TRUE(AfxWriteProfileString(place..., _T("te\u00dft")));
+    EXPECT_EQ(AfxGetProfileString(place..., _T("default")), _T("te\u00dft"));
+    EXPECT_EQ(ReadBinary(place...), "none");
+    EXPECT_TRUE(AfxWriteProfileBinary(place..., bytes, 3));
+    EXPECT_EQ(ReadBinary(place...), std::string("a\0\xff", 3));
+    EXPECT_EQ(AfxGetProfileString(place..., _T("default")), _T("default"));
+    EXPECT_EQ(AfxGetProfileOleDateTime(place..., date), date); // not 12 bytes
+    EXPECT_TRUE(AfxWriteProfileOleDateTime(place..., date));
+    EXPECT_EQ(AfxGetProfileOleDateTime(place..., COleDateTime()), date);
+}
+
+// Nothing is there: the defaults come.
+template <class... Place>
+void CheckDefaults(const CString& text, const Place&... place) {
+    const COleDateTime date(1.5);
+    EXPECT_EQ(AfxGetProfileDWord(place..., 7), 7u);
+    EXPECT_EQ(AfxGetProfileQWord(place..., kLarge), kLarge);
+    EXPECT_EQ(AfxGetProfileString(place..., _T("default")), text);
+    EXPECT_EQ(ReadBinary(place...), "none");
+    EXPECT_EQ(AfxGetProfileOleDateTime(place..., date), date);
+}
+
+template <class... Place>
+void CheckRefused(const Place&... place) {
+    BYTE data = 1;
+    EXPECT_FALSE(AfxWriteProfileDWord(place..., 1));
+    EXPECT_FALSE(AfxWriteProfileQWord(place..., 1));
+    EXPECT_FALSE(AfxWriteProfileString(place..., _T("x")));
+    EXPECT_FALSE(AfxWriteProfileBinary(place..., &data, 1));
+    EXPECT_FALSE(AfxWriteProfileOleDateTime(place..., COleDateTime()));
+}
+
+} // namespace
+
+TEST(Profile, ValuesAreReadAsTheyWereWrittenInEveryForm) {
+    const TestKey test;
+    const CRegistryPath path(HKEY_CURRENT_USER, test.Path() + _T("\\path"));
+    const WCHAR* const name = _T("v");
+    CheckRoundTrip(test.Get(), name);
+    CheckRoundTrip(path, name);
+    CheckRoundTrip(test.Get(), _T("sub\\key"), name);
+    CheckRoundTrip(path, _T("sub\\key"), name);
+    CheckRoundTrip(path, _T("sub\\key"), _T("")); // a key's default value
+    // The four forms name the same places.
+    EXPECT_TRUE(AfxWriteProfileDWord(path, name, 1));
+    EXPECT_TRUE(AfxWriteProfileDWord(path, _T("sub"), name, 2));
+    EXPECT_EQ(AfxGetProfileDWord(test.Get(), _T("path"), name, 0), 1u);
+    EXPECT_EQ(AfxGetProfileDWord(test.Get(), _T("PATH\\SUB"), _T("V"), 0), 2u);
+}
+
+TEST(Profile, NullsAndInvalidPathsAreRefused) {
+    const TestKey test;
+    const CRegistryPath path(HKEY_CURRENT_USER, test.Path() + _T("\\path"));
+    const CRegistryPath invalid(HKEY_DYN_DATA, test.Path());
+    const HKEY noKey = nullptr;
+    const WCHAR* const null = nullptr;
+    const WCHAR* const name = _T("v");
+    CheckRefused(noKey, name);
+    CheckRefused(test.Get(), null);
+    CheckRefused(path, null);
+    CheckRefused(invalid, name);
+    CheckRefused(noKey, _T("sub"), name);
+    CheckRefused(test.Get(), _T("sub"), null);
+    CheckRefused(test.Get(), null, name);
+    CheckRefused(path, _T("sub"), null);
+    CheckRefused(path, null, name);
+    CheckRefused(invalid, _T("sub"), name);
+    BYTE data = 1;
+    EXPECT_FALSE(AfxWriteProfileString(path, name, null));
+    EXPECT_FALSE(AfxWriteProfileString(test.Get(), _T("sub"), name, null));
+    EXPECT_FALSE(AfxWriteProfileBinary(path, name, nullptr, 1));
+    EXPECT_FALSE(AfxWriteProfileBinary(test.Get(), _T("sub"), name, &data, 0));
+    WCHAR found[8];
+    DWORD size = 8; // no refusal has made a key
+    EXPECT_EQ(RegEnumKeyExW(test.Get(), 0, found, &size, nullptr, nullptr, nullptr, nullptr), 259);
+}
+
+TEST(Profile, TextsFallBackToNothingOrToTheDefault) {
+    const TestKey test;
+    const CRegistryPath path(HKEY_CURRENT_USER, test.Path());
+    const CRegistryPath missing(path, _T("missing"));
+    const CRegistryPath invalid(HKEY_DYN_DATA, test.Path());
+    const HKEY noKey = nullptr;
+    const WCHAR* const null = nullptr;
+    const WCHAR* const name = _T("v");
+    CheckDefaults(_T("default"), test.Get(), name);
+    CheckDefaults(_T("default"), path, name);
+    CheckDefaults(_T("default"), missing, name);
+    CheckDefaults(_T("default"), invalid, name);
+    CheckDefaults(_T("default"), missing, _T("sub"), name);
+    CheckDefaults(_T("default"), invalid, _T("sub"), name);
+    CheckDefaults(_T("default"), path, _T(""), name);
+    CheckDefaults(_T(""), test.Get(), _T("missing"), name);
+    CheckDefaults(_T(""), path, _T("missing"), name);
+    CheckDefaults(_T(""), noKey, name);
+    CheckDefaults(_T(""), test.Get(), null);
+    CheckDefaults(_T(""), path, null);
+    CheckDefaults(_T(""), test.Get(), _T("sub"), null);
+    CheckDefaults(_T(""), missing, null);
+    EXPECT_TRUE(AfxGetProfileString(path, name, nullptr).IsEmpty());
+    EXPECT_TRUE(AfxGetProfileString(missing, name, nullptr).IsEmpty());
+    WCHAR found[8];
+    DWORD size = 8; // no getter has made a key
+    EXPECT_EQ(RegEnumKeyExW(test.Get(), 0, found, &size, nullptr, nullptr, nullptr, nullptr), 259);
+}
+
+TEST(Profile, ABinaryGetterEmptiesItsOutputsOnlyWhenItLooks) {
+    const TestKey test;
+    BYTE marker = 0;
+    BYTE* data = &marker;
+    UINT length = 7;
+    const HKEY noKey = nullptr;
+    EXPECT_FALSE(AfxGetProfileBinary(noKey, _T("v"), &data, &length));
+    EXPECT_FALSE(AfxGetProfileBinary(test.Get(), nullptr, &data, &length));
+    EXPECT_FALSE(AfxGetProfileBinary(test.Get(), _T("v"), nullptr, &length));
+    EXPECT_FALSE(AfxGetProfileBinary(test.Get(), _T("v"), &data, nullptr));
+    EXPECT_EQ(data, &marker);
+    EXPECT_EQ(length, 7u);
+    EXPECT_FALSE(AfxGetProfileBinary(test.Get(), _T("v"), &data, &length));
+    EXPECT_EQ(data, nullptr);
+    EXPECT_EQ(length, 0u);
+}
+
+TEST(Profile, StoredBytesAreFixed) {
+    const TestKey test;
+    BYTE bytes[] = {1, 2};
+    AfxWriteProfileDWord(test.Get(), _T("d"), 0x01020304);
+    AfxWriteProfileQWord(test.Get(), _T("q"), 0x0102030405060708u);
+    AfxWriteProfileString(test.Get(), _T("s"), _T("\u20ac1"));
+    AfxWriteProfileString(test.Get(), _T("e"), _T(""));
+    AfxWriteProfileBinary(test.Get(), _T("b"), bytes, 2);
+    AfxWriteProfileOleDateTime(test.Get(), _T("t"), COleDateTime(-1.25));
+    COleDateTime null(2.0);
+    null.SetStatus(COleDateTime::null);
+    AfxWriteProfileOleDateTime(test.Get(), _T("n"), null);
+    const struct {
+        const WCHAR* name;
+        DWORD kind;
+        std::string bytes;
+    } rows[] = {
+        {_T("d"), 4, "\x04\x03\x02\x01"},
+        {_T("q"), 11, "\x08\x07\x06\x05\x04\x03\x02\x01"},
+        {_T("s"), 1,
+         std::string("\xac\x20"
+                     "1\0\0\0",
+                     6)},
+        {_T("e"), 1, std::string("\0\0", 2)},
+        {_T("b"), 3, "\x01\x02"},
+        {_T("t"), 3, std::string("\0\0\0\0\0\0\xf4\xbf\0\0\0\0", 12)},
+        {_T("n"), 3, std::string("\0\0\0\0\0\0\0\x40\2\0\0\0", 12)},
+    };
+    for (const auto& row : rows) {
+        DWORD kind = 99;
+        EXPECT_EQ(RawBytes(test.Get(), row.name, kind), row.bytes) << CStringA(row.name);
+        EXPECT_EQ(kind, row.kind) << CStringA(row.name);
+    }
+}
+
+TEST(Profile, TextOfAnyLengthIsRead) {
+    const TestKey test;
+    const struct {
+        const char* label;
+        DWORD kind;
+        std::string bytes;
+        CString expected;
+    } rows[] = {
+        {"no bytes", REG_SZ, "", _T("")},
+        {"one byte", REG_SZ, "a", _T("")},
+        {"odd", REG_SZ, std::string("a\0b\0c", 5), _T("ab")},
+        {"without a terminator", REG_SZ, std::string("a\0b\0", 4), _T("ab")},
+        {"a zero inside", REG_SZ, std::string("a\0\0\0b\0\0\0", 8), _T("a")},
+        {"text to expand", REG_EXPAND_SZ, std::string("a\0\0\0", 4), _T("default")},
+    };
+    for (const auto& row : rows) {
+        SetRaw(test.Get(), _T("v"), row.kind, row.bytes);
+        EXPECT_EQ(AfxGetProfileString(test.Get(), _T("v"), _T("default")), row.expected)
+            << row.label;
+    }
+    const CString large(_T('x'), 1 << 20);
+    EXPECT_TRUE(AfxWriteProfileString(test.Get(), _T("v"), large));
+    EXPECT_TRUE(AfxGetProfileString(test.Get(), _T("v"), _T("")) == large);
+    std::string bytes(1 << 20, 'y');
+    EXPECT_TRUE(
+        AfxWriteProfileBinary(test.Get(), _T("v"), reinterpret_cast<BYTE*>(bytes.data()), 1 << 20));
+    EXPECT_TRUE(ReadBinary(test.Get(), _T("v")) == bytes);
+    SetRaw(test.Get(), _T("v"), REG_BINARY, "");
+    EXPECT_EQ(ReadBinary(test.Get(), _T("v")), "");
+}
+
+TEST(Profile, NumbersOfAWrongSizeAreNotTaken) {
+    const TestKey test;
+    const struct {
+        DWORD kind;
+        std::string bytes;
+    } rows[] = {
+        {REG_DWORD, "abc"},   {REG_DWORD, "abcde"},     {REG_DWORD, ""},
+        {REG_BINARY, "abcd"}, {REG_QWORD, "abcdefg"},   {REG_QWORD, "abcdefghi"},
+        {REG_QWORD, "abcd"},  {REG_BINARY, "abcdefgh"},
+    };
+    for (const auto& row : rows) {
+        SetRaw(test.Get(), _T("v"), row.kind, row.bytes);
+        EXPECT_EQ(AfxGetProfileDWord(test.Get(), _T("v"), 7), 7u) << row.bytes;
+        EXPECT_EQ(AfxGetProfileQWord(test.Get(), _T("v"), 7), 7u) << row.bytes;
+    }
+}
+
+TEST(Profile, StoredDatesOutOfRangeAreReadAsInvalid) {
+    const TestKey test;
+    const COleDateTime marker(1.5);
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const struct {
+        const char* label;
+        double days;
+        LONG status;
+        int expected;
+    } rows[] = {
+        {"valid", 39148.5, 0, COleDateTime::valid},
+        {"invalid", 39148.5, 1, COleDateTime::invalid},
+        {"null", 39148.5, 2, COleDateTime::null},
+        {"first day", -657434.0, 0, COleDateTime::valid},
+        {"before it", -657435.0, 0, COleDateTime::invalid},
+        {"last second", 2958465.99998, 0, COleDateTime::valid},
+        {"after it", 2958466.5, 0, COleDateTime::invalid},
+        {"no number", nan, 0, COleDateTime::invalid},
+        {"infinite", std::numeric_limits<double>::infinity(), 0, COleDateTime::invalid},
+        {"unknown status", 39148.5, 3, COleDateTime::invalid},
+        {"error status", 39148.5, -1, COleDateTime::invalid},
+    };
+    for (const auto& row : rows) {
+        std::string bytes(12, 0);
+        std::memcpy(bytes.data(), &row.days, 8);
+        std::memcpy(bytes.data() + 8, &row.status, 4);
+        SetRaw(test.Get(), _T("v"), REG_BINARY, bytes);
+        const COleDateTime date = AfxGetProfileOleDateTime(test.Get(), _T("v"), marker);
+        EXPECT_EQ(date.GetStatus(), row.expected) << row.label;
+        EXPECT_EQ(std::memcmp(&date.m_dt, &row.days, 8), 0) << row.label;
+    }
+    for (const std::size_t size : {0, 8, 11, 13, 16}) {
+        SetRaw(test.Get(), _T("v"), REG_BINARY, std::string(size, 0));
+        EXPECT_EQ(AfxGetProfileOleDateTime(test.Get(), _T("v"), marker), marker) << size;
+    }
+}

@@ -1,0 +1,112 @@
+#include <quorvel/system/registry_path.h>
+
+#include "support/registry.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+using namespace quorvel::win32;
+
+TEST(RegistryPath, ARootIsOneOfEight) {
+    const struct {
+        LONG number;
+        BOOL isValid;
+    } rows[] = {
+        {static_cast<LONG>(0x80000000), TRUE},
+        {static_cast<LONG>(0x80000001), TRUE},
+        {static_cast<LONG>(0x80000002), TRUE},
+        {static_cast<LONG>(0x80000003), TRUE},
+        {static_cast<LONG>(0x80000004), TRUE},
+        {static_cast<LONG>(0x80000005), TRUE},
+        {static_cast<LONG>(0x80000006), FALSE},
+        {static_cast<LONG>(0x80000050), TRUE},
+        {static_cast<LONG>(0x80000051), FALSE},
+        {static_cast<LONG>(0x80000060), TRUE},
+        {0, FALSE},
+        {0x1234, FALSE},
+    };
+    for (const auto& row : rows) {
+        const HKEY root = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(row.number));
+        EXPECT_EQ(CRegistryPath::IsValidSectionKey(root), row.isValid) << row.number;
+        const CRegistryPath path(root, _T("k"));
+        EXPECT_EQ(path.IsValid(), row.isValid) << row.number;
+        EXPECT_EQ(path.GetSectionKey(), row.isValid ? root : nullptr) << row.number;
+        EXPECT_EQ(path.GetSubKey(), _T("k")) << row.number;
+        CRegistryPath set;
+        EXPECT_EQ(set.SetSectionKey(root), row.isValid) << row.number;
+        EXPECT_EQ(set.IsValid(), row.isValid) << row.number;
+    }
+}
+
+TEST(RegistryPath, AppendingPutsOneBackslashBetween) {
+    const struct {
+        const WCHAR* subKey;
+        const WCHAR* appended;
+        BOOL result;
+        const WCHAR* expected;
+    } rows[] = {
+        {_T("A"), _T("B"), TRUE, _T("A\\B")},       {_T("A\\"), _T("B"), TRUE, _T("A\\B")},
+        {_T(""), _T("B"), TRUE, _T("B")},           {_T("A"), _T("\\B"), TRUE, _T("A\\\\B")},
+        {_T("A"), _T("B\\C"), TRUE, _T("A\\B\\C")}, {_T("A"), _T(""), FALSE, _T("A")},
+        {_T("A"), nullptr, FALSE, _T("A")},
+    };
+    for (const auto& row : rows) {
+        const CRegistryPath parent(HKEY_USERS, row.subKey);
+        CRegistryPath path(parent);
+        EXPECT_EQ(path.AppendKey(row.appended), row.result) << CStringA(row.expected);
+        EXPECT_EQ(path.GetSubKey(), row.expected);
+        EXPECT_TRUE(CRegistryPath(parent, row.appended) == path);
+    }
+}
+
+TEST(RegistryPath, RefusalsLeaveItAsItIs) {
+    const CRegistryPath original(HKEY_USERS, _T("k"));
+    CRegistryPath path(original);
+    EXPECT_FALSE(path.SetSectionKey(HKEY_DYN_DATA));
+    EXPECT_FALSE(path.SetSubKey(nullptr));
+    EXPECT_FALSE(path.SetPath(nullptr, _T("other")));
+    EXPECT_TRUE(path == original);
+    EXPECT_TRUE(CRegistryPath(HKEY_USERS, nullptr).GetSubKey().IsEmpty());
+}
+
+TEST(RegistryPath, SetPathTakesTheRootEvenWithoutASubKey) {
+    CRegistryPath path(HKEY_USERS, _T("k"));
+    EXPECT_FALSE(path.SetPath(HKEY_CURRENT_USER, nullptr));
+    EXPECT_TRUE(path == CRegistryPath(HKEY_CURRENT_USER, _T("k")));
+    EXPECT_TRUE(path.SetPath(HKEY_CLASSES_ROOT, _T("")));
+    EXPECT_TRUE(path == CRegistryPath(HKEY_CLASSES_ROOT, _T("")));
+}
+
+TEST(RegistryPath, IsAValue) {
+    CRegistryPath path(HKEY_USERS, _T("k"));
+    const CRegistryPath copy(path);
+    EXPECT_TRUE(copy == path);
+    EXPECT_TRUE(path != CRegistryPath(HKEY_USERS, _T("K")));
+    EXPECT_TRUE(path != CRegistryPath(HKEY_CURRENT_USER, _T("k")));
+    path.Nullify();
+    EXPECT_TRUE(path == CRegistryPath());
+    HKEY root = nullptr;
+    CString subKey;
+    copy.GetPath(root, subKey);
+    EXPECT_EQ(root, HKEY_USERS);
+    EXPECT_EQ(subKey, _T("k"));
+}
+
+TEST(RegistryPath, OpensAndCreatesItsKey) {
+    const TestKey test;
+    const HKEY marker = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(0x1234));
+    const CRegistryPath path(HKEY_CURRENT_USER, test.Path() + _T("\\a\\b"));
+    HKEY key = marker;
+    EXPECT_EQ(path.OpenSubKey(key), 2);
+    EXPECT_EQ(key, nullptr);
+    EXPECT_EQ(path.CreateSubKey(key), 0);
+    EXPECT_EQ(RegSetValueExW(key, _T("v"), 0, REG_NONE, nullptr, 0), 0);
+    EXPECT_EQ(RegCloseKey(key), 0);
+    EXPECT_EQ(path.OpenSubKey(key), 0);
+    EXPECT_EQ(RegQueryValueExW(key, _T("v"), nullptr, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(RegSetValueExW(key, _T("v"), 0, REG_NONE, nullptr, 0), 0);
+    EXPECT_EQ(RegCloseKey(key), 0);
+    key = marker;
+    EXPECT_EQ(CRegistryPath().CreateSubKey(key), 6);
+    EXPECT_EQ(key, nullptr);
+}
