@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
@@ -50,14 +51,31 @@ CWinThread::CWinThread() : m_pMainWnd(nullptr) {}
 
 CWinApp::CWinApp(const WCHAR* appName)
     : m_hInstance(GetModuleHandleW(nullptr)),
-      m_pszAppName(Duplicate(appName != nullptr ? CString(appName) : ProgramName())) {
+      m_pszAppName(Duplicate(appName != nullptr ? CString(appName) : ProgramName())),
+      m_pszRegistryKey(nullptr), m_pszProfileName(nullptr) {
     s_app = this;
 }
 
 CWinApp::~CWinApp() {
     if (s_app == this)
         s_app = nullptr;
-    std::free(const_cast<WCHAR*>(m_pszAppName));
+    for (const WCHAR* const owned : {m_pszAppName, m_pszRegistryKey, m_pszProfileName})
+        std::free(const_cast<WCHAR*>(owned));
+}
+
+void CWinApp::SetRegistryKey(const WCHAR* registryKey) {
+    if (registryKey == nullptr)
+        return;
+    const WCHAR* const key = Duplicate(registryKey);
+    std::free(const_cast<WCHAR*>(std::exchange(m_pszRegistryKey, key)));
+    const WCHAR* const profile = Duplicate(m_pszAppName);
+    std::free(const_cast<WCHAR*>(std::exchange(m_pszProfileName, profile)));
+}
+
+void CWinApp::SetRegistryKey(UINT textId) {
+    CString text;
+    if (text.LoadString(textId))
+        SetRegistryKey(text);
 }
 
 int CWinApp::DoMessageBox(const WCHAR* prompt, UINT type, UINT) {

@@ -6,6 +6,7 @@
 
 #include <quorvel/framework/extension_module.h>
 #include <quorvel/framework/object.h>
+#include <quorvel/framework/string.h>
 
 class CWnd;
 
@@ -31,8 +32,36 @@ public:
     // error; where a user sits at it the answer is read, otherwise it is the default button.
     virtual int DoMessageBox(const WCHAR* prompt, UINT type, UINT helpId);
 
-    HINSTANCE m_hInstance;     // the program
-    const WCHAR* m_pszAppName; // owned: from malloc, freed with the object
+    // The profile: named values of the program in sections, kept in the registry at
+    // HKEY_CURRENT_USER\Software\<registry key>\<profile name>\<section>. SetRegistryKey, with the
+    // company's name, comes first: without it nothing is written and the getters give the defaults.
+    void SetRegistryKey(const WCHAR* registryKey);
+    void SetRegistryKey(UINT textId); // a catalogue text; nothing changes when it does not load
+
+    // The writers return FALSE when the system refuses and for a null section. A null entry removes
+    // the section with all in it, a null value the entry; there FALSE also means that there was
+    // none.
+    virtual BOOL WriteProfileInt(const WCHAR* section, const WCHAR* entry, int value);
+    virtual BOOL WriteProfileString(const WCHAR* section, const WCHAR* entry, const WCHAR* value);
+    virtual BOOL WriteProfileBinary(const WCHAR* section, const WCHAR* entry, BYTE* data,
+                                    UINT size);
+    // A value of another kind, or of another size, is none. A null default is an empty text. The
+    // caller frees the binary data, of FALSE null and 0, with delete[].
+    virtual UINT GetProfileInt(const WCHAR* section, const WCHAR* entry, int defaultValue);
+    virtual CString GetProfileString(const WCHAR* section, const WCHAR* entry,
+                                     const WCHAR* defaultValue = nullptr);
+    virtual BOOL GetProfileBinary(const WCHAR* section, const WCHAR* entry, BYTE** data,
+                                  UINT* size);
+
+    // The program's key and that of a section, made where they are missing; null when they cannot
+    // be. The caller closes them with RegCloseKey.
+    HKEY GetAppRegistryKey();
+    HKEY GetSectionKey(const WCHAR* section);
+
+    HINSTANCE m_hInstance;         // the program
+    const WCHAR* m_pszAppName;     // these three are owned: from malloc, freed with the object
+    const WCHAR* m_pszRegistryKey; // null until SetRegistryKey
+    const WCHAR* m_pszProfileName; // null until SetRegistryKey, which makes it the application's
 };
 
 QUORVEL_API CWinApp* AfxGetApp(); // null when the program has no application object
