@@ -13,8 +13,10 @@ void PreferHugePages(void* block, std::size_t size) {
         return;
     static const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
     const auto begin = reinterpret_cast<std::uintptr_t>(block);
-    const std::uintptr_t first = (begin + pageSize - 1) / pageSize * pageSize;
-    const std::uintptr_t end = (begin + size) / pageSize * pageSize;
+    // Whole pages outwards, so that it is all of the mapping that malloc has made for the block:
+    // the kernel does not move one that is advised in part, and realloc would have to copy it.
+    const std::uintptr_t first = begin / pageSize * pageSize;
+    const std::uintptr_t end = (begin + size + pageSize - 1) / pageSize * pageSize;
     const int error = errno;
     madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
     errno = error; // a kernel without huge pages refuses, which is no failure
