@@ -15,6 +15,14 @@ namespace quorvel {
 
 namespace {
 
+// Fetches the 64 characters that lie a page ahead: the processor's own read-ahead stops at the
+// border of a page, and a large document is in no cache when it is parsed.
+inline void FetchAhead(const WCHAR* text) {
+    const char* const ahead = reinterpret_cast<const char*>(text) + 4096;
+    __builtin_prefetch(ahead);
+    __builtin_prefetch(ahead + 64);
+}
+
 // One bit for each of 64 characters: is it "<" or ">"? The two differ in bit 1 alone.
 #if defined(__SSE2__)
 [[gnu::always_inline]] inline std::uint64_t FindAngles(const WCHAR* text) {
@@ -55,8 +63,10 @@ std::uint64_t FindAngles(const WCHAR* text) {
 // The whole blocks of text[begin, end): appends their positions and returns the new count.
 [[gnu::always_inline]] inline int ScanBlocks(const WCHAR* text, int begin, int end, int* positions,
                                              int count) {
-    for (; end - begin >= 64; begin += 64)
+    for (; end - begin >= 64; begin += 64) {
+        FetchAhead(text + begin);
         count += WritePositions(FindAngles(text + begin), begin, positions + count);
+    }
     return count;
 }
 
@@ -83,6 +93,7 @@ auto ChooseScanBlocks() {
 
 #if defined(__SSE2__)
 bool HasZero(const WCHAR* text) {
+    FetchAhead(text);
     const auto* at = reinterpret_cast<const __m128i*>(text);
     __m128i found = _mm_setzero_si128();
     for (int i = 0; i < 8; ++i)
