@@ -3,9 +3,11 @@
 #include <quorvel/xml/xml_file.h>
 
 #include "platform/win32.h"
+#include "xml/xml_file_steps.h"
 
 #include <algorithm>
 #include <climits>
+#include <exception>
 #include <string>
 
 IMPLEMENT_DYNAMIC(CXMLFileException, CFileException)
@@ -50,3 +52,24 @@ BOOL AfxGetXMLFileExceptionErrorMessage(int cause, CString& text) {
 void AfxThrowXMLFileException(int cause, const WCHAR* fileName) {
     throw new CXMLFileException(cause, fileName);
 }
+
+namespace quorvel {
+
+void DescribeCurrentException(CString& errorText, DWORD systemError) {
+    try {
+        throw;
+    } catch (CXMLFileException* exception) {
+        SetLastError(systemError);
+        AfxGetXMLFileExceptionErrorMessage(exception->m_cause, errorText);
+        exception->Delete();
+    } catch (CException* exception) {
+        AfxGetExceptionText(exception, errorText);
+        exception->Delete();
+    } catch (const std::exception&) {
+        errorText.LoadString(kTextXmlFileCauseInternalError);
+    } catch (...) {
+        errorText.LoadString(kTextXmlFileCauseUnspecified);
+    }
+}
+
+} // namespace quorvel

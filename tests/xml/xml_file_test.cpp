@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 namespace {
 
 using std::string;
@@ -84,14 +86,17 @@ TEST(XmlFile, LoadsEveryEncoding) {
     struct Row {
         const char* label;
         string bytes;
-        const WCHAR* document;
-        const WCHAR* declaration; // null: the default one, none was stored
+        CString document;
+        std::optional<CString> declaration; // none: the default one, none was stored
     };
     const string ebcdic("\x4c\x6f\xa7\x94\x93\x40\x6f\x6e\x4c\x81\x61\x6e"); // <?xml ?><a/>
+    const string longBlank(70000, ' '); // more than is read before the encoding is known
+    const string longDeclaration = "<?xml" + longBlank + "encoding='latin1'?>";
+    const CString longText = CString(_T("<a>")) + CString(WCHAR(' '), 70000) + _T("\u00e9</a>");
     const Row rows[] = {
         {"default", "<?xml version='1.0'?><a>\xc3\xa9</a>", _T("<a>\u00e9</a>"),
          _T("<?xml version='1.0'?>")},
-        {"mark", "\xef\xbb\xbf<a>\xc3\xa9</a>", _T("<a>\u00e9</a>"), nullptr},
+        {"mark", "\xef\xbb\xbf<a>\xc3\xa9</a>", _T("<a>\u00e9</a>"), std::nullopt},
         {"named", "<?xml encoding='latin1'?><a>\xe9</a>", _T("<a>\u00e9</a>"),
          _T("<?xml encoding='latin1'?>")},
         {"the declaration wins over the mark",
@@ -99,15 +104,28 @@ TEST(XmlFile, LoadsEveryEncoding) {
          _T("<?xml encoding=\"windows-1252\"?>")},
         {"only at the very start", "<?xml ?><a>\xc3\xa9<?xml encoding='latin1'?></a>",
          _T("<a>\u00e9<?xml encoding='latin1'?></a>"), _T("<?xml ?>")},
+        {"a long declaration", longDeclaration + "<a>\xe9</a>", _T("<a>\u00e9</a>"),
+         CString(longDeclaration.c_str())},
+        {"a long document", "<?xml encoding='latin1'?><a>" + longBlank + "\xe9</a>", longText,
+         _T("<?xml encoding='latin1'?>")},
+        {"a long document of two-byte letters",
+         "<?xml encoding='shift_jis'?><a>" + longBlank + "\x83\x5c</a>",
+         CString(_T("<a>")) + CString(WCHAR(' '), 70000) + _T("\u30bd</a>"),
+         _T("<?xml encoding='shift_jis'?>")},
+        {"UTF-16 with a long declaration", Wide("<?xml" + longBlank + "?><a/>"), _T("<a/>"),
+         std::nullopt},
+        {"UTF-16 that says it is UTF-8", "\xff\xfe" + Wide("<?xml encoding='utf-8'?><a/>"),
+         _T("<a/>"), std::nullopt},
         {"EBCDIC", ebcdic, _T("<a/>"), _T("<?xml ?>")},
-        {"UTF-16", "\xff\xfe" + Wide("<a>b</a>"), _T("<a>b</a>"), nullptr},
-        {"UTF-16, the other order", "\xfe\xff" + Wide("<a>b</a>", true), _T("<a>b</a>"), nullptr},
-        {"UTF-16 without a mark", Wide("<?xml ?><a>b</a>"), _T("<a>b</a>"), nullptr},
+        {"UTF-16", "\xff\xfe" + Wide("<a>b</a>"), _T("<a>b</a>"), std::nullopt},
+        {"UTF-16, the other order", "\xfe\xff" + Wide("<a>b</a>", true), _T("<a>b</a>"),
+         std::nullopt},
+        {"UTF-16 without a mark", Wide("<?xml ?><a>b</a>"), _T("<a>b</a>"), std::nullopt},
         {"UTF-16 with a declaration that goes on", Wide("<?xml ?><a/>9?>x"), _T("<a/>9?>x"),
-         nullptr},
+         std::nullopt},
         {"UTF-16 whose declaration is followed by as many characters ending in one",
          Wide("<?xml ?><a/>78?>"), _T("<a/>78?>"), _T("<?xml ?><a/>78?>")},
-        {"an odd byte at the end", "\xff\xfe" + Wide("<a/>") + "x", _T("<a/>"), nullptr},
+        {"an odd byte at the end", "\xff\xfe" + Wide("<a/>") + "x", _T("<a/>"), std::nullopt},
     };
     const TemporaryFolder folder;
     for (const Row& row : rows) {
@@ -118,8 +136,7 @@ TEST(XmlFile, LoadsEveryEncoding) {
             << row.label << testing::PrintToString(error);
         EXPECT_EQ(error, _T("")) << row.label;
         EXPECT_EQ(markup.GetDoc(), row.document) << row.label;
-        EXPECT_EQ(markup.GetXMLDeclaration(),
-                  row.declaration != nullptr ? CString(row.declaration) : kDefaultDeclaration)
+        EXPECT_EQ(markup.GetXMLDeclaration(), row.declaration.value_or(kDefaultDeclaration))
             << row.label;
     }
 }
@@ -133,30 +150,41 @@ TEST(XmlFile, SaysWhyAFileIsNotLoaded) {
         const char* label;
         string bytes;
         CString error;
+        CString document = _T("<old/>"); // afterwards
     };
     const Row rows[] = {
         {"empty", "", notXml},
+        {"one byte", "<", notXml},
+        {"a mark and no more", "\xef\xbb\xbf", notXml},
         {"four bytes", "<?xm", notXml},
+        {"five bytes", "<?xml", untranslated, _T("<?xml")},
         {"other bytes", "<rss/>", notXml},
         {"UTF-32", "\xff\xfe\0\0<\0\0\0"s, unsupported},
         {"UTF-32, the other order", "\0\0\xfe\xff\0\0\0<"s, unsupported},
         {"unknown name", "<?xml encoding='nonsense'?><a/>", unsupported},
+        {"unknown name in UTF-16", Wide("<?xml encoding='nonsense'?><a/>"), unsupported},
+        {"a name of 1 MB", "<?xml encoding='" + string(1 << 20, 'n') + "'?><a/>", unsupported},
         {"no name and no mark", "<?xml encoding=''?><a/>", unsupported},
         {"a name that lies", "<?xml encoding='utf-16'?><a/>", untranslated},
-        {"malformed, 1-byte", "<?xml ?><a>", untranslated},
+        {"a mark that lies", "\xef\xbb\xbf" + Wide("<a/>"), untranslated, CString(_T("<"))},
+        {"a mark of UTF-16 that lies", "\xff\xfe<a/>", notWellFormed, _T("\u613c\u3e2f")},
+        {"malformed, 1-byte", "<?xml ?><a>", untranslated, _T("<a>")},
         {"nothing behind the declaration", "<?xml ?>", untranslated},
-        {"malformed, 2-byte", "\xff\xfe" + Wide("<a>"), notWellFormed},
-        {"mark alone", "\xff\xfe" + Wide("  "), notWellFormed},
+        {"malformed, 2-byte", "\xff\xfe" + Wide("<a>"), notWellFormed, _T("<a>")},
+        {"mark alone", "\xff\xfe" + Wide("  "), notWellFormed, _T("  ")},
     };
     const TemporaryFolder folder;
     for (const Row& row : rows) {
         folder.Write(_T("file.xml"), row.bytes);
         CMarkup markup(_T("<old/>"));
+        markup.FindElem();
         CString error;
         CountingHandler handler;
         EXPECT_EQ(AfxLoadXMLFile(folder.Path(_T("file.xml")), markup, error, &handler), 0)
             << row.label;
         EXPECT_EQ(error, row.error) << row.label;
+        EXPECT_EQ(markup.GetDoc().Left(row.document.GetLength()), row.document) << row.label;
+        EXPECT_EQ(markup.GetTagName(), _T("")) << row.label;
         EXPECT_GT(handler.count, 1) << row.label;
     }
     CMarkup markup;
@@ -167,6 +195,10 @@ TEST(XmlFile, SaysWhyAFileIsNotLoaded) {
     EXPECT_EQ(error, _T("The file could not be located."));
     EXPECT_EQ(AfxLoadXMLFile(folder.Path(), markup, error), 0);
     EXPECT_FALSE(error.IsEmpty());
+    folder.Write(_T("file.xml"), "");
+    std::filesystem::resize_file(folder.Path(_T("file.xml")).GetString(), std::uintmax_t(1) << 31);
+    EXPECT_EQ(AfxLoadXMLFile(folder.Path(_T("file.xml")), markup, error), 0);
+    EXPECT_EQ(error, _T("XML files larger than 2147483647 bytes cannot be loaded."));
     folder.Write(_T("file.xml"), "<?xml ?><a/>");
     ThrowingHandler throwing;
     EXPECT_EQ(AfxLoadXMLFile(folder.Path(_T("file.xml")), markup, error, &throwing), 0);

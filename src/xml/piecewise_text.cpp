@@ -1,0 +1,98 @@
+#include "xml/piecewise_text.h"
+
+#include <quorvel/util/text/byte_swap.h>
+
+#include "platform/win32.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <memory>
+
+namespace quorvel {
+
+namespace {
+
+constexpr int kPiece = 65536;
+
+struct CodePageRange {
+    UINT first;
+    UINT last;
+};
+// Not those that Windows has combine letters with marks, Hebrew and Vietnamese.
+constexpr CodePageRange kSingleByte[] = {
+    {437, 437},     {850, 850},     {852, 852},     {866, 866},     {1250, 1254},   {1256, 1257},
+    {20127, 20127}, {20866, 20866}, {21866, 21866}, {28591, 28597}, {28599, 28599}, {28603, 28605},
+};
+
+// How many bytes at the end begin a UTF-8 sequence that goes on behind them. A lead byte never
+// belongs to the sequence before it, so the text may be cut there even where it is ill-formed.
+int CutSequence(std::string_view bytes) {
+    const int most = std::min(3, static_cast<int>(bytes.size()));
+    for (int count = 1; count <= most; ++count) {
+        const auto byte = static_cast<BYTE>(bytes[bytes.size() - static_cast<std::size_t>(count)]);
+        if (byte >= 0xc0)
+            return (byte < 0xe0 ? 2 : byte < 0xf0 ? 3 : 4) > count ? count : 0;
+        if (byte < 0x80)
+            break;
+    }
+    return 0;
+}
+
+} // namespace
+
+bool ConvertsInPieces(UINT codePage) {
+    return codePage == CP_UTF8 ||
+           std::any_of(std::begin(kSingleByte), std::end(kSingleByte),
+                       [codePage](const CodePageRange& range) {
+                           return codePage >= range.first && codePage <= range.last;
+                       });
+}
+
+CString ReadTextInPieces(CFile& file, std::string_view bytes, int left, UINT codePage) {
+    CString text;
+    const int capacity = static_cast<int>(bytes.size()) + left;
+    WCHAR* const units = text.GetBuffer(capacity);
+    int length = 0;
+    std::unique_ptr<char[]> piece;
+    for (;;) {
+        const int kept = left > 0 && codePage == CP_UTF8 ? CutSequence(bytes) : 0;
+        const int whole = static_cast<int>(bytes.size()) - kept;
+        if (whole > 0)
+            length += MultiByteToWideChar(codePage, 0, bytes.data(), whole, units + length,
+                                          capacity - length);
+        if (left == 0)
+            break;
+        if (piece == nullptr)
+            piece.reset(new char[kPiece]);
+        std::memmove(piece.get(), bytes.data() + whole, static_cast<std::size_t>(kept));
+        const int wanted = std::min(left, kPiece - kept);
+        const int read = static_cast<int>(file.Read(piece.get() + kept, static_cast<UINT>(wanted)));
+        left = read < wanted ? 0 : left - read;
+        bytes = {piece.get(), static_cast<std::size_t>(kept + read)};
+    }
+    text.ReleaseBuffer(length);
+    return text;
+}
+
+CString ReadTextInPieces(CFile& file, std::basic_string_view<WCHAR> units, int left, bool swapped) {
+    CString text;
+    const int present = static_cast<int>(units.size());
+    WCHAR* at = text.GetBuffer(present + (left + 1) / 2);
+    at = std::copy(units.begin(), units.end(), at);
+    int length = present;
+    while (left > 0) {
+        const int wanted = std::min(left, kPiece);
+        const int read = static_cast<int>(file.Read(at, static_cast<UINT>(wanted)));
+        const int count = read / 2;
+        if (swapped)
+            AfxSwapWordData(reinterpret_cast<WORD*>(at), static_cast<ULONGLONG>(count));
+        at += count;
+        length += count;
+        left = read < wanted ? 0 : left - read;
+    }
+    text.ReleaseBuffer(length);
+    return text;
+}
+
+} // namespace quorvel

@@ -1,0 +1,79 @@
+#include "xml/piecewise_text.h"
+
+#include "platform/win32.h"
+#include "support/temporary_folder.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using std::string;
+
+CString Converted(UINT codePage, const string& bytes) {
+    CString text;
+    const int size = static_cast<int>(bytes.size());
+    text.ReleaseBuffer(
+        MultiByteToWideChar(codePage, 0, bytes.data(), size, text.GetBuffer(size), size));
+    return text;
+}
+
+// The text when the first bytes have been read and the others still are in the file. More of them
+// may be expected than there are.
+CString Read(const TemporaryFolder& folder, UINT codePage, const string& bytes, std::size_t head,
+             int missing) {
+    folder.Write(_T("rest"), bytes.substr(head));
+    CFile file(folder.Path(_T("rest")), CFile::modeRead | CFile::shareDenyNone);
+    return quorvel::ReadTextInPieces(file, std::string_view(bytes).substr(0, head),
+                                     static_cast<int>(bytes.size() - head) + missing, codePage);
+}
+
+} // namespace
+
+TEST(PiecewiseText, IsTheSameWhereverItIsCut) {
+    struct Row {
+        UINT codePage;
+        string bytes;
+    };
+    const Row rows[] = {
+        {CP_UTF8, "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80z"},
+        {CP_UTF8, "\xe2\x82\xf0\x9f\x98\xe2\xc3z\xed\xa0\x80\x80\x80\x80\x80zzz"}, // ill-formed
+        {1252, "a\x80\xe9z"},
+    };
+    const TemporaryFolder folder;
+    for (const Row& row : rows)
+        for (std::size_t head = 0; head <= row.bytes.size(); ++head)
+            for (const int missing : {0, 5})
+                EXPECT_EQ(Read(folder, row.codePage, row.bytes, head, missing),
+                          Converted(row.codePage, row.bytes))
+                    << row.codePage << ' ' << head;
+    for (const char* sequence : {"\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x98\x80"}) {
+        string bytes;
+        while (bytes.size() < 200000) // several pieces, whose borders cut every sequence somewhere
+            bytes += sequence;
+        for (std::size_t head = 1; head < 9; ++head)
+            EXPECT_TRUE(Read(folder, CP_UTF8, bytes, head, 0) == Converted(CP_UTF8, bytes)) << head;
+    }
+}
+
+TEST(PiecewiseText, ReadsUtf16InBothByteOrders) {
+    string bytes; // of one unit after the other, the low byte first
+    CString text;
+    for (int i = 1; i < 50000; ++i) {
+        bytes += {static_cast<char>(i), static_cast<char>(i >> 8)};
+        text += static_cast<WCHAR>(i);
+    }
+    const TemporaryFolder folder;
+    for (const bool swapped : {false, true}) {
+        string rest = bytes.substr(2);
+        for (std::size_t i = 0; swapped && i < rest.size(); i += 2)
+            std::swap(rest[i], rest[i + 1]);
+        folder.Write(_T("rest"), rest + '!'); // half a unit at the end
+        CFile file(folder.Path(_T("rest")), CFile::modeRead | CFile::shareDenyNone);
+        const WCHAR first = text[0];
+        EXPECT_TRUE(quorvel::ReadTextInPieces(file, {&first, 1}, static_cast<int>(rest.size()) + 9,
+                                              swapped) == text);
+    }
+}
