@@ -1,0 +1,239 @@
+#include "update/update_check.h"
+
+#include <quorvel/res/message_ids.h>
+#include <quorvel/update/check_for_updates_profile.h>
+#include <quorvel/util/calendar/date_text.h>
+#include <quorvel/util/calendar/local_time.h>
+
+#include "net/http_field_values.h"
+#include "platform/win32.h"
+#include "update/response_body.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace quorvel {
+
+namespace {
+
+constexpr ULONGLONG kBodyLimit = 64 << 20;
+constexpr UINT kReceiveBufferSize = 128; // small, so that the bar moves
+constexpr DWORD kOk = 200;
+
+CString LoadText(UINT id) {
+    CString text;
+    text.LoadString(id);
+    return text;
+}
+
+// Rounded; 0 of nothing, and not more than 100 of a length that was told too low.
+int PercentOf(ULONGLONG received, ULONGLONG expected) {
+    if (expected == 0)
+        return 0;
+    const double percent = 100.0 * static_cast<double>(received) / static_cast<double>(expected);
+    return static_cast<int>(std::min(percent, 100.0) + 0.5);
+}
+
+// The catalogue's text takes 32 bits.
+int ForText(ULONGLONG bytes) {
+    return static_cast<int>(std::min<ULONGLONG>(bytes, std::numeric_limits<int>::max()));
+}
+
+bool Exists(const CString& fileName) {
+    const DWORD attributes = GetFileAttributesW(fileName);
+    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+} // namespace
+
+UpdateCheck::UpdateCheck(const CRegistryPath& path, const WCHAR* localUpdatesFile,
+                         CCheckForUpdatesView& view, UpdateSource& source)
+    : UpdateFlow(path, view, source, kBodyLimit), m_fileName(localUpdatesFile),
+      m_lastModified(StoredDate(AfxGetProfileCheckForUpdatesLastModified(path))) {}
+
+void UpdateCheck::Open() {
+    ShowLastChecked();
+    if (Exists(m_fileName))
+        LoadListing();
+    ShowPublished();
+}
+
+void UpdateCheck::ShowLastChecked() const {
+    CString text;
+    COleDateTime local = LastChecked();
+    if (local != COleDateTime()) {
+        AfxUTCToLocalTime(local, local);
+        text.FormatMessage(kTextUpdatesLastChecked, AfxGetLocaleShortDateTime(local).GetString());
+    }
+    GetView().SetLastCheckedText(text);
+}
+
+void UpdateCheck::ShowPublished() const {
+    CString text = LoadText(kTextUpdatesFileMissing);
+    if (Exists(m_fileName))
+        text.FormatMessage(kTextUpdatesFileDated,
+                           AfxGetLocaleShortDateTime(m_listing.GetPublishedDate()).GetString());
+    GetView().SetPublishedText(text);
+}
+
+bool UpdateCheck::LoadListing() {
+    CString errorText;
+    UINT icon = 0;
+    if (!m_listing.Load(m_fileName, errorText, icon)) {
+        GetView().ShowMessage(errorText, MB_OK | icon);
+        return false;
+    }
+    ShowPublished();
+    GetView().ShowListing(m_listing);
+    return true;
+}
+
+bool UpdateCheck::Check() {
+    UpdateRequest request;
+    if (!PassesRules(request.url) || !UpdateFlow::Open(false))
+        return false;
+    m_phase = Phase::checking;
+    m_pendingLastModified = COleDateTime();
+    GetView().ShowProgress(FALSE);
+    GetView().SetProgressText(LoadText(kTextUpdatesConnecting));
+    if (!Connect(request)) {
+        Abandon();
+        return false;
+    }
+    NoteStart();
+    ShowLastChecked();
+    return true;
+}
+
+void UpdateCheck::OnStatus(int status) {
+    if (m_phase == Phase::checking)
+        OnDateStatus(status);
+    else if (m_phase == Phase::downloading)
+        OnDownloadStatus(status);
+}
+
+void UpdateCheck::OnDateStatus(int status) {
+    if (status == kStatusConnected)
+        GetView().SetProgressText(LoadText(kTextUpdatesConnectedChecking));
+    else if (status == kStatusClosed)
+        OnDateReceived();
+}
+
+void UpdateCheck::OnDateReceived() {
+    const DWORD code = ResponseCode();
+    if (code != kOk)
+        return End(View::resultFailed, code);
+    CString value;
+    Connection()->GetHeader().FindFieldValue(_T("Last-Modified"), value);
+    // The host was looked up by this connection: the next one goes to the same address.
+    const CString url = Connection()->GetHostServerIP() + Connection()->GetHostObject();
+    LetGo();
+    GetView().HideProgress();
+    Offer(ReadHttpDate(value), url);
+}
+
+void UpdateCheck::Offer(const COleDateTime& date, const CString& url) {
+    m_phase = Phase::asking;
+    if (!(date > m_lastModified)) {
+        GetView().ShowMessage(LoadText(kTextUpdatesNoneAvailable), MB_OK | MB_ICONINFORMATION);
+        return End(View::resultUpToDate);
+    }
+    CString question;
+    question.FormatMessage(kTextUpdatesAvailable, AfxGetLocaleShortDateTime(date).GetString());
+    const int answer = GetView().ShowMessage(question, MB_YESNO | MB_ICONINFORMATION);
+    if (!IsRunning()) // cancelled meanwhile
+        return;
+    if (answer == IDYES)
+        Download(date, url);
+    else
+        End(View::resultDeclined);
+}
+
+void UpdateCheck::Download(const COleDateTime& date, const CString& url) {
+    m_pendingLastModified = date;
+    m_hasHeader = false;
+    m_expected = Expected();
+    if (!UpdateFlow::Open(true))
+        return End(View::resultFailed);
+    m_phase = Phase::downloading;
+    GetView().ShowProgress(TRUE);
+    GetView().SetProgressText(LoadText(kTextUpdatesConnecting));
+    GetView().SetProgressFigures(0, 0, 0, _T(""));
+    UpdateRequest request;
+    request.url = url;
+    request.headerOnly = false;
+    request.receiveBufferSize = kReceiveBufferSize;
+    if (!Connect(request))
+        End(View::resultFailed);
+}
+
+void UpdateCheck::OnDownloadStatus(int status) {
+    if (status != kStatusHeaderParsed && status != kStatusBytesReceived && status != kStatusClosed)
+        return;
+    // Any of these may be the first to come: progress that a full queue refused is made up for.
+    if (!m_hasHeader && Connection()->IsHeaderParsed() && !OnHeaderReceived())
+        return;
+    if (m_hasHeader && status != kStatusHeaderParsed && !OnBytesReceived())
+        return;
+    if (status == kStatusClosed)
+        OnDownloaded();
+}
+
+bool UpdateCheck::OnHeaderReceived() {
+    m_hasHeader = true;
+    if (ResponseCode() != kOk) {
+        End(View::resultFailed, ResponseCode());
+        return false;
+    }
+    m_expected = ExpectedBytes();
+    GetView().SetProgressText(LoadText(kTextUpdatesConnectedDownloading));
+    ShowFigures(0);
+    return !EndsAsTooLong(m_expected.bytes);
+}
+
+void UpdateCheck::ShowFigures(ULONGLONG received) const {
+    const int percent = PercentOf(received, m_expected.bytes);
+    CString text;
+    text.FormatMessage(kTextDownloadProgress, ForText(received), ForText(m_expected.bytes),
+                       percent);
+    GetView().SetProgressFigures(received, m_expected.bytes, percent, text);
+}
+
+bool UpdateCheck::OnBytesReceived() {
+    const ULONGLONG received = Connection()->GetBytesReceived();
+    ShowFigures(received);
+    if (m_expected.isKnown && received == m_expected.bytes &&
+        m_lastModified != m_pendingLastModified) {
+        m_lastModified = m_pendingLastModified;
+        AfxWriteProfileCheckForUpdatesLastModified(Path(), m_lastModified);
+    }
+    return !EndsAsTooLong(received);
+}
+
+void UpdateCheck::OnDownloaded() {
+    if (!m_hasHeader)
+        return End(View::resultFailed, ResponseCode());
+    CString errorText;
+    if (!CopyResponseBody(TemporaryFileName(), Connection()->GetHeader().GetLength(), m_fileName,
+                          errorText)) {
+        GetView().ShowMessage(errorText, MB_OK | MB_ICONEXCLAMATION);
+        return End(View::resultFailed);
+    }
+    const bool isLoaded = LoadListing();
+    End(isLoaded ? View::resultUpdated : View::resultFailed);
+}
+
+void UpdateCheck::Reset() {
+    if (GetView().ShowMessage(LoadText(kTextUpdatesConfirmReset), MB_YESNO | MB_ICONQUESTION) !=
+        IDYES)
+        return;
+    m_listing.RemoveAll();
+    m_listing.SetPublishedDate(COleDateTime());
+    m_lastModified = COleDateTime();
+    AfxWriteProfileCheckForUpdatesLastModified(Path(), m_lastModified);
+    DeleteFileW(m_fileName);
+    ShowPublished();
+    GetView().ShowListing(m_listing);
+}
+
+} // namespace quorvel

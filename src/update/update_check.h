@@ -1,0 +1,58 @@
+// The check for updates: asks the site for the date of its listing, and when that is newer than the
+// one downloaded last, and the user wants it, downloads it into the local updates file.
+//
+//     idle -> checking the date -> asking -> downloading -> idle
+//
+// Any error, refusal and Cancel lead back to idle. The local file is replaced as a whole, by a
+// response of status 200 only; "Last Modified" is stored once every byte has come, so that a broken
+// download is offered again.
+#pragma once
+
+#include <quorvel/update/update_listing.h>
+
+#include "update/update_flow.h"
+
+namespace quorvel {
+
+class UpdateCheck : public UpdateFlow {
+public:
+    UpdateCheck(const CRegistryPath& path, const WCHAR* localUpdatesFile,
+                CCheckForUpdatesView& view, UpdateSource& source);
+
+    const CUpdateListing& GetListing() const { return m_listing; }
+    // Loads the local updates file, if there is one, and sets the view's lines.
+    void Open();
+    // Starts a check. False when it may not start or can't, and the view has been told why; a
+    // link that the host does not allow is refused in silence.
+    bool Check();
+    // Asks, and then forgets the listing: its file and the date of the last download, not that of
+    // the last check.
+    void Reset();
+
+private:
+    enum class Phase { checking, asking, downloading };
+
+    void OnStatus(int status) override;
+    void OnDateStatus(int status);
+    void OnDateReceived();
+    void Offer(const COleDateTime& date, const CString& url);
+    void Download(const COleDateTime& date, const CString& url);
+    void OnDownloadStatus(int status);
+    bool OnHeaderReceived();
+    bool OnBytesReceived();
+    void ShowFigures(ULONGLONG received) const;
+    void OnDownloaded();
+    bool LoadListing();
+    void ShowLastChecked() const;
+    void ShowPublished() const;
+
+    const CString m_fileName;
+    CUpdateListing m_listing;
+    Phase m_phase = Phase::checking;
+    COleDateTime m_lastModified;
+    COleDateTime m_pendingLastModified;
+    bool m_hasHeader = false;
+    Expected m_expected;
+};
+
+} // namespace quorvel

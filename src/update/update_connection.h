@@ -1,0 +1,56 @@
+// The connection that a check for updates is made with, behind an interface: the checks decide
+// without sockets, and their tests script every answer of a server.
+#pragma once
+
+#include <quorvel/framework/string.h>
+#include <quorvel/net/http_header.h>
+
+#include <memory>
+
+namespace quorvel {
+
+// The sockets' status codes that a check reacts to.
+constexpr int kStatusReleased = 0; // the last word of a connection that was closed
+constexpr int kStatusConnected = 4;
+constexpr int kStatusBytesReceived = 10; // its error part is a count
+constexpr int kStatusClosed = 14;
+constexpr int kStatusHeaderParsed = 1000;
+
+struct UpdateRequest {
+    CString url;
+    bool headerOnly = true;
+    CString localFile;          // receives the whole response unless headerOnly is set
+    UINT receiveBufferSize = 0; // 0: the socket's own
+    UINT port = 80;
+    UINT hostTimeOut = 30000;          // of the look-up of the host, in milliseconds
+    std::size_t headerLimit = 1 << 20; // a longer header is an error
+};
+
+// Destroying it closes it. The statuses of a connection arrive as calls of the check's
+// OnSocketStatus, and the owner of both may lose some of the progress: the figures count.
+class UpdateConnection {
+public:
+    virtual ~UpdateConnection() = default;
+    // Both give 0 or a Winsock error, 1 when the sockets were not set up.
+    virtual DWORD Create() = 0;
+    virtual DWORD Connect(const UpdateRequest& request) = 0;
+    // No status follows but kStatusReleased, behind those that are on their way.
+    virtual void Close() = 0;
+
+    virtual ULONGLONG GetBytesReceived() const = 0; // header and all
+    virtual bool IsHeaderParsed() const = 0;
+    virtual const CHttpHeader& GetHeader() const = 0; // once it is parsed
+    virtual CString GetHostServerIP() const = 0;
+    virtual CString GetHostObject() const = 0;
+};
+
+// Where connections come from, and what else of a check a test wants to fix.
+class UpdateSource {
+public:
+    virtual ~UpdateSource() = default;
+    virtual std::unique_ptr<UpdateConnection> NewConnection() = 0;
+    virtual CString GetWinsockErrorText(DWORD code) = 0;
+    virtual COleDateTime GetCurrentUTCTime() = 0;
+};
+
+} // namespace quorvel

@@ -1,0 +1,193 @@
+// A check for updates without a network: a view that writes down what it is told, and connections
+// whose server is the test.
+#pragma once
+
+#include <quorvel/system/registry_path.h>
+#include <quorvel/update/check_for_updates_profile.h>
+#include <quorvel/update/check_for_updates_view.h>
+#include <quorvel/update/update_listing.h>
+
+#include "net/http_header_reader.h"
+#include "support/environment.h"
+#include "support/platform.h"
+#include "support/registry.h"
+#include "support/temporary_folder.h"
+#include "update/update_flow.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+inline std::string Narrow(const CString& text) {
+    return CStringA(text.GetString()).GetString();
+}
+
+class RecordingView : public CCheckForUpdatesView {
+public:
+    void ShowProgress(BOOL isDownload) override { Note(isDownload ? "[large pane]" : "[pane]"); }
+    void HideProgress() override { m_hidden = true; }
+    void SetProgressText(const WCHAR* text) override { Note(Narrow(text)); }
+    void SetProgressFigures(ULONGLONG, ULONGLONG, int percent, const WCHAR* text) override {
+        if (*text != 0)
+            Note(Narrow(text));
+        m_percent = percent;
+    }
+    void SetPublishedText(const WCHAR* text) override { m_published = text; }
+    void SetLastCheckedText(const WCHAR* text) override { m_lastChecked = text; }
+    void ShowListing(const CUpdateListing& listing) override {
+        Note(std::to_string(listing.GetItems().size()) + " entries");
+    }
+    int ShowMessage(const WCHAR* text, UINT type) override {
+        char kind[16];
+        std::snprintf(kind, sizeof kind, "(%02x) ", type);
+        Note(kind + Narrow(text));
+        if (m_onMessage)
+            std::exchange(m_onMessage, nullptr)();
+        return m_answer;
+    }
+    BOOL PostCheckFinished(DWORD code) override {
+        m_postedCode = code;
+        return m_posts;
+    }
+    void OnFinished(Result result) override { m_results.push_back(result); }
+
+    // What was shown since the last call, a line each.
+    std::string Take() { return std::exchange(m_notes, {}); }
+
+    int m_answer = IDYES;
+    std::function<void()> m_onMessage; // runs once, while a box is shown
+    BOOL m_posts = FALSE;
+    DWORD m_postedCode = 0;
+    int m_percent = -1;
+    bool m_hidden = false;
+    CString m_published, m_lastChecked;
+    std::vector<Result> m_results;
+
+private:
+    void Note(const std::string& text) {
+        m_notes += text + '\n';
+        if (text.ends_with("pane]"))
+            m_hidden = false;
+    }
+    std::string m_notes;
+};
+
+class ScriptedConnection : public quorvel::UpdateConnection {
+public:
+    ScriptedConnection(DWORD createError, DWORD connectError, int& alive)
+        : m_createError(createError), m_connectError(connectError), m_alive(alive) {
+        ++m_alive;
+    }
+    ~ScriptedConnection() override { --m_alive; }
+    DWORD Create() override { return m_createError; }
+    DWORD Connect(const quorvel::UpdateRequest& request) override {
+        m_request = request;
+        return m_connectError;
+    }
+    void Close() override { m_closed = true; }
+    ULONGLONG GetBytesReceived() const override { return m_received; }
+    bool IsHeaderParsed() const override {
+        return m_reader.GetState() == quorvel::HttpHeaderReader::State::complete;
+    }
+    const CHttpHeader& GetHeader() const override { return m_header; }
+    CString GetHostServerIP() const override { return _T("127.0.0.1"); }
+    CString GetHostObject() const override { return _T("/updates.xml"); }
+
+    // Bytes that arrive, as the sockets take them in.
+    void Receive(const std::string& bytes) {
+        m_received += bytes.size();
+        m_reader.Add(bytes.data(), bytes.size(), m_header);
+        if (m_request.headerOnly)
+            return;
+        std::FILE* const file = std::fopen(CStringA(m_request.localFile.GetString()), "ab");
+        std::fwrite(bytes.data(), 1, bytes.size(), file);
+        std::fclose(file);
+    }
+
+    quorvel::UpdateRequest m_request;
+    bool m_closed = false;
+
+private:
+    const DWORD m_createError, m_connectError;
+    int& m_alive;
+    ULONGLONG m_received = 0;
+    quorvel::HttpHeaderReader m_reader;
+    CHttpHeader m_header;
+};
+
+class ScriptedSource : public quorvel::UpdateSource {
+public:
+    std::unique_ptr<quorvel::UpdateConnection> NewConnection() override {
+        auto connection =
+            std::make_unique<ScriptedConnection>(m_createError, m_connectError, m_alive);
+        m_last = connection.get();
+        ++m_made;
+        return connection;
+    }
+    CString GetWinsockErrorText(DWORD code) override {
+        CString text;
+        text.Format(_T("Error %u."), code);
+        return text;
+    }
+    COleDateTime GetCurrentUTCTime() override { return m_now; }
+
+    // The server's whole answer to the last connection, in pieces, and the end of the connection;
+    // what the queue loses on request is all but that end.
+    void Answer(quorvel::UpdateFlow& flow, const std::string& response, std::size_t piece = 4096,
+                bool losesProgress = false) {
+        using namespace quorvel;
+        ScriptedConnection* const connection = m_last;
+        const auto send = [&](int status, DWORD error) {
+            if (!losesProgress || status == kStatusClosed)
+                flow.OnSocketStatus(connection, status, error);
+        };
+        send(kStatusConnected, 0);
+        for (std::size_t at = 0; at < response.size() && !connection->m_closed; at += piece) {
+            const std::string bytes = response.substr(at, piece);
+            const bool hadHeader = connection->IsHeaderParsed();
+            connection->Receive(bytes);
+            if (!hadHeader && connection->IsHeaderParsed())
+                send(kStatusHeaderParsed, 0);
+            send(kStatusBytesReceived, static_cast<DWORD>(bytes.size()));
+        }
+        send(kStatusClosed, 0);
+        if (connection->m_closed)
+            flow.OnSocketStatus(connection, kStatusReleased, 0);
+    }
+    // The last word of the last connection.
+    void Release(quorvel::UpdateFlow& flow) {
+        flow.OnSocketStatus(m_last, quorvel::kStatusReleased, 0);
+    }
+
+    DWORD m_createError = 0, m_connectError = 0;
+    COleDateTime m_now{2024, 3, 12, 12, 0, 0};
+    ScriptedConnection* m_last = nullptr;
+    int m_made = 0, m_alive = 0;
+};
+
+// The surroundings of a check: settings with an address, and folders of its own, the one for
+// temporary files included.
+class CheckSurroundings {
+public:
+    CheckSurroundings()
+        : m_variable(kOnLinux ? "TMPDIR" : "TMP", CStringA(m_temporary.Path().GetString())) {
+        AfxWriteProfileCheckForUpdatesURL(path, _T("http://host.example/updates.xml"));
+    }
+
+    bool HasTemporaryFiles() const {
+        return !std::filesystem::is_empty(
+            std::filesystem::path(std::basic_string<WCHAR>(m_temporary.Path().GetString())));
+    }
+
+    TemporaryFolder folder;
+    TestKey key;
+    const CRegistryPath path{HKEY_CURRENT_USER, key.Path()};
+    RecordingView view;
+    ScriptedSource source;
+
+private:
+    TemporaryFolder m_temporary;
+    EnvironmentVariable m_variable;
+};
