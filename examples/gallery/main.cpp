@@ -4,8 +4,10 @@
 #include <quorvel/frame/module.h>
 #include <quorvel/frame/vask_message_box.h>
 #include <quorvel/framework/app.h>
+#include <quorvel/framework/file.h>
 #include <quorvel/framework/string.h>
 #include <quorvel/res/message_ids.h>
+#include <quorvel/util/compression/compression.h>
 
 #include "support/window_driver.h"
 
@@ -13,11 +15,6 @@
 #include <string>
 
 namespace {
-
-struct Picture {
-    const char* name;
-    void (*show)();
-};
 
 void ShowQuestion() {
     CString doNotShowAgain;
@@ -50,20 +47,55 @@ void ShowGerman() {
     ::FreeLibrary(german);
 }
 
-constexpr Picture kPictures[] = {
-    {"vask_message_box", ShowQuestion},
-    {"error_message_box", ShowError},
-    {"vask_message_box_german", ShowGerman},
-};
-
-bool Take(const Picture& picture, const std::string& folder) {
+// A picture of the modal box that `show` shows.
+template <void (*show)()>
+bool TakeBox(const char* path) {
     bool taken = false;
-    const BoxDriver driver([&](HWND box) {
-        taken = SavePicture(box, (folder + "/" + picture.name + ".bmp").c_str());
-    });
-    picture.show();
+    const BoxDriver driver([&](HWND box) { taken = SavePicture(box, path); });
+    show();
     return taken;
 }
+
+// A file that takes a picture of the box when it has been read so far.
+class PictureTaker : public CMemFile {
+public:
+    PictureTaker(const char* path, UINT size, ULONGLONG when) : m_path(path), m_when(when) {
+        SetLength(size);
+        SeekToBegin();
+    }
+    UINT Read(void* buffer, UINT count) override {
+        if (!m_taken && GetPosition() >= m_when)
+            m_taken = SavePicture(FindVisibleBox(), m_path);
+        return CMemFile::Read(buffer, count);
+    }
+    bool HasTaken() const { return m_taken; }
+
+private:
+    const char* const m_path;
+    const ULONGLONG m_when;
+    bool m_taken = false;
+};
+
+bool TakeProgress(const char* path) {
+    PictureTaker source(path, 100 * 32768, 62 * 32768);
+    CMemFile destination;
+    DWORD bytesRead = 0;
+    DWORD bytesWritten = 0;
+    AfxDeflate(source, bytesRead, destination, bytesWritten, -1, TRUE, _T("Saving the backup"),
+               _T(""));
+    return source.HasTaken();
+}
+
+struct Picture {
+    const char* name;
+    bool (*take)(const char* path);
+};
+constexpr Picture kPictures[] = {
+    {"vask_message_box", TakeBox<ShowQuestion>},
+    {"error_message_box", TakeBox<ShowError>},
+    {"vask_message_box_german", TakeBox<ShowGerman>},
+    {"progress_box", TakeProgress},
+};
 
 } // namespace
 
@@ -74,7 +106,7 @@ int main(int argc, char** argv) {
     }
     CWinApp app(_T("Gallery"));
     for (const Picture& picture : kPictures)
-        if (!Take(picture, argv[2])) {
+        if (!picture.take((std::string(argv[2]) + "/" + picture.name + ".bmp").c_str())) {
             std::fprintf(stderr, "gallery: no picture of %s\n", picture.name);
             return 1;
         }

@@ -10,6 +10,21 @@
 #include <utility>
 #include <vector>
 
+// A visible dialog box of this thread; null when there is none.
+inline HWND FindVisibleBox() {
+    HWND box = nullptr;
+    const auto find = [](HWND window, LPARAM found) CALLBACK -> BOOL {
+        WCHAR className[8];
+        ::GetClassNameW(window, className, 8);
+        if (CString(className) != _T("#32770") || !::IsWindowVisible(window))
+            return TRUE;
+        *reinterpret_cast<HWND*>(found) = window;
+        return FALSE;
+    };
+    ::EnumThreadWindows(::GetCurrentThreadId(), find, reinterpret_cast<LPARAM>(&box));
+    return box;
+}
+
 // While it lives, calls `act` once with the first dialog box that the thread shows, when the box
 // is visible and its loop runs. A box that `act` leaves open is ended with result -1, so that a
 // test fails rather than hangs.
@@ -32,17 +47,8 @@ private:
         static BoxDriver* s_current = nullptr; // the callback of a timer carries nothing of ours
         return s_current;
     }
-    static BOOL CALLBACK FindBox(HWND window, LPARAM found) {
-        WCHAR className[8];
-        ::GetClassNameW(window, className, 8);
-        if (CString(className) != _T("#32770") || !::IsWindowVisible(window))
-            return TRUE;
-        *reinterpret_cast<HWND*>(found) = window;
-        return FALSE;
-    }
     static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
-        HWND box = nullptr;
-        ::EnumThreadWindows(::GetCurrentThreadId(), FindBox, reinterpret_cast<LPARAM>(&box));
+        const HWND box = FindVisibleBox();
         BoxDriver* const driver = Current();
         if (box == nullptr || driver == nullptr || std::exchange(driver->m_hasRun, true))
             return;

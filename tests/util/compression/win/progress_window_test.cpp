@@ -20,16 +20,8 @@ struct Seen {
     std::vector<LRESULT> positions;
 };
 
-BOOL CALLBACK FindBox(HWND window, LPARAM found) {
-    WCHAR className[8];
-    ::GetClassNameW(window, className, 8);
-    if (CString(className) == _T("#32770") && ::IsWindowVisible(window))
-        *reinterpret_cast<HWND*>(found) = window;
-    return TRUE;
-}
-
 void Look(Seen& seen) {
-    ::EnumThreadWindows(::GetCurrentThreadId(), FindBox, reinterpret_cast<LPARAM>(&seen.window));
+    seen.window = FindVisibleBox();
     if (seen.window == nullptr)
         return;
     seen.caption = TextOf(seen.window);
