@@ -11,7 +11,6 @@
 #include <cstring>
 #include <utility>
 
-IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
 
 namespace {
@@ -46,8 +45,6 @@ int ShowMessageBox(const WCHAR* text, UINT type) {
 }
 
 } // namespace
-
-CWinThread::CWinThread() : m_pMainWnd(nullptr) {}
 
 CWinApp::CWinApp(const WCHAR* appName)
     : m_hInstance(GetModuleHandleW(nullptr)),

@@ -1,0 +1,124 @@
+// Events, threads and waits: what both systems promise.
+#include "platform/win32.h"
+
+#include "support/last_error.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+const HANDLE kNoHandle = reinterpret_cast<HANDLE>(UINT_PTR{0x7ffc});
+
+HANDLE CreateTestEvent(BOOL manualReset, BOOL signalled) {
+    return CreateEventW(nullptr, manualReset, signalled, nullptr);
+}
+
+TEST(Events, KeepOrGiveUpTheirSignal) {
+    struct {
+        const char* label;
+        BOOL manualReset;
+        BOOL signalled;
+        int sets;
+        DWORD waits[2];
+    } const rows[] = {
+        {"manual, clear", TRUE, FALSE, 0, {WAIT_TIMEOUT, WAIT_TIMEOUT}},
+        {"manual, set from the start", TRUE, TRUE, 0, {WAIT_OBJECT_0, WAIT_OBJECT_0}},
+        {"automatic, set from the start", FALSE, TRUE, 0, {WAIT_OBJECT_0, WAIT_TIMEOUT}},
+        {"automatic, set twice", FALSE, FALSE, 2, {WAIT_OBJECT_0, WAIT_TIMEOUT}},
+    };
+    for (const auto& row : rows) {
+        const HANDLE event = CreateTestEvent(row.manualReset, row.signalled);
+        for (int i = 0; i < row.sets; ++i)
+            EXPECT_TRUE(SetEvent(event));
+        for (const DWORD expected : row.waits)
+            EXPECT_EQ(WaitForSingleObject(event, 0), expected) << row.label;
+        EXPECT_TRUE(SetEvent(event) && ResetEvent(event));
+        EXPECT_EQ(WaitForSingleObject(event, 1), WAIT_TIMEOUT) << row.label;
+        EXPECT_TRUE(CloseHandle(event));
+        EXPECT_EQ(ErrorOf([event] { return SetEvent(event); }), ERROR_INVALID_HANDLE);
+    }
+}
+
+DWORD WINAPI AnswerWithParameter(LPVOID parameter) {
+    return static_cast<DWORD>(reinterpret_cast<UINT_PTR>(parameter));
+}
+
+TEST(Waits, AreRefusedForWhatCannotBeWaitedFor) {
+    const auto waits = [](HANDLE handle) { return WaitForSingleObject(handle, 0) != WAIT_FAILED; };
+    DWORD code;
+    EXPECT_EQ(ErrorOf([&] { return waits(nullptr); }), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(ErrorOf([&] { return waits(kNoHandle); }), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(ErrorOf([&] { return GetExitCodeThread(kNoHandle, &code); }), ERROR_INVALID_HANDLE);
+    const HANDLE event = CreateTestEvent(TRUE, FALSE);
+    EXPECT_EQ(ErrorOf([&] { return GetExitCodeThread(event, &code); }), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(ResumeThread(event), static_cast<DWORD>(-1));
+    CloseHandle(event);
+}
+
+TEST(Threads, AreSignalledByTheirEndAndKeepTheirResult) {
+    const HANDLE thread = CreateThread(nullptr, 0x20000, AnswerWithParameter,
+                                       reinterpret_cast<LPVOID>(42), CREATE_SUSPENDED, nullptr);
+    ASSERT_NE(thread, nullptr);
+    HANDLE duplicate = nullptr;
+    ASSERT_TRUE(DuplicateHandle(GetCurrentProcess(), thread, GetCurrentProcess(), &duplicate, 0,
+                                FALSE, DUPLICATE_SAME_ACCESS));
+    DWORD code = 0;
+    EXPECT_TRUE(GetExitCodeThread(thread, &code));
+    EXPECT_EQ(code, STILL_ACTIVE);
+    EXPECT_EQ(WaitForSingleObject(thread, 1), WAIT_TIMEOUT);
+    EXPECT_EQ(ResumeThread(thread), 1u);
+    EXPECT_TRUE(CloseHandle(thread)) << "the duplicate goes on";
+    EXPECT_EQ(WaitForSingleObject(duplicate, INFINITE), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(duplicate, INFINITE), WAIT_OBJECT_0);
+    EXPECT_TRUE(GetExitCodeThread(duplicate, &code));
+    EXPECT_EQ(code, 42u);
+    EXPECT_TRUE(CloseHandle(duplicate));
+}
+
+std::atomic<int> g_localsGone;
+struct Local {
+    ~Local() { ++g_localsGone; }
+};
+DWORD WINAPI HoldLocal(LPVOID) {
+    static thread_local Local t_local;
+    [[maybe_unused]] const volatile auto* used = &t_local;
+    return 0;
+}
+
+TEST(Threads, HaveLetGoOfTheirLocalsWhenTheyEnd) {
+    for (int i = 1; i <= 100; ++i) {
+        const HANDLE thread = CreateThread(nullptr, 0, HoldLocal, nullptr, 0, nullptr);
+        EXPECT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);
+        EXPECT_EQ(g_localsGone, i);
+        CloseHandle(thread);
+    }
+}
+
+// Each signal of an automatic event is for one wait: two threads that pass one back and forth
+// notice a lost and a doubled one by never ending or by counting wrong.
+TEST(Waits, LoseNoSignalBetweenThreads) {
+    constexpr int kRounds = 20000;
+    const HANDLE ping = CreateTestEvent(FALSE, FALSE);
+    const HANDLE pong = CreateTestEvent(FALSE, FALSE);
+    int count = 0; // passes with the signal
+    std::thread other([&] {
+        for (int i = 0; i < kRounds; ++i) {
+            WaitForSingleObject(ping, INFINITE);
+            ++count;
+            SetEvent(pong);
+        }
+    });
+    for (int i = 0; i < kRounds; ++i) {
+        SetEvent(ping);
+        ASSERT_EQ(WaitForSingleObject(pong, INFINITE), WAIT_OBJECT_0);
+        ASSERT_EQ(count, i + 1);
+    }
+    other.join();
+    CloseHandle(ping);
+    CloseHandle(pong);
+}
+
+} // namespace
