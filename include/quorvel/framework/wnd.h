@@ -80,6 +80,10 @@ protected:                                                                      
 // void OnDestroy()
 #define ON_WM_DESTROY() QUORVEL_MESSAGE_ROW(WM_DESTROY, 0, 0, 0, (self->OnDestroy(), LRESULT{0}))
 
+// void OnTimer(UINT id)
+#define ON_WM_TIMER()                                                                              \
+    QUORVEL_MESSAGE_ROW(WM_TIMER, 0, 0, 0, (self->OnTimer(static_cast<UINT>(wParam)), LRESULT{0}))
+
 // Subclasses the next window that is created on this thread, as it is created, and is released as
 // soon as that window exists. For windows that a platform function creates; the object, which has
 // no window yet, must outlive the call of it.

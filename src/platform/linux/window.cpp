@@ -5,13 +5,14 @@
 #include "platform/win32.h"
 
 #include "platform/case_fold.h"
+#include "platform/linux/message_queue.h"
+#include "platform/linux/system_error.h"
 
 #include <algorithm>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -35,7 +36,8 @@ struct Window {
     WNDPROC procedure;
     HINSTANCE instance;
     HWND parentOrOwner;
-    DWORD thread; // whose code alone runs the procedure
+    DWORD thread;                        // whose code alone runs the procedure
+    std::shared_ptr<MessageQueue> queue; // that thread's
     DWORD style;
     DWORD extendedStyle;
     LONG_PTR id;
@@ -128,6 +130,7 @@ HWND Insert(const CREATESTRUCTW& creation) {
                                  .instance = creation.hInstance,
                                  .parentOrOwner = creation.hwndParent,
                                  .thread = GetCurrentThreadId(),
+                                 .queue = MessageQueue::OfThisThread(),
                                  .style = static_cast<DWORD>(creation.style),
                                  .extendedStyle = creation.dwExStyle,
                                  .id = child ? reinterpret_cast<LONG_PTR>(creation.hMenu) : 0,
@@ -145,6 +148,7 @@ void Remove(HWND handle) {
     if (window == nullptr)
         return;
     --window->windowClass->windows;
+    window->queue->Forget(handle);
     const std::size_t index = ((reinterpret_cast<UINT_PTR>(handle) & 0xffff) >> 1) - 1;
     Slot& slot = all.slots[index];
     slot.window.reset();
@@ -358,6 +362,30 @@ LRESULT SendMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     return procedure != nullptr ? procedure(handle, message, wParam, lParam) : 0;
 }
 
+BOOL PostMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto post = [=](MessageQueue& queue) {
+        return queue.Post(handle, message, wParam, lParam) || FailWith(ERROR_NOT_ENOUGH_QUOTA);
+    };
+    if (handle == nullptr)
+        return post(*MessageQueue::OfThisThread());
+    return With(handle, FALSE, [&post](Window& window) -> BOOL { return post(*window.queue); });
+}
+
+UINT_PTR SetTimer(HWND handle, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
+    if (handle == nullptr)
+        return MessageQueue::OfThisThread()->SetTimer(nullptr, id, milliseconds, procedure);
+    return With(handle, UINT_PTR{0}, [=](Window& window) {
+        return window.queue->SetTimer(handle, id, milliseconds, procedure);
+    });
+}
+
+BOOL KillTimer(HWND handle, UINT_PTR id) {
+    if (handle == nullptr)
+        return MessageQueue::OfThisThread()->KillTimer(nullptr, id);
+    return With(handle, FALSE,
+                [=](Window& window) -> BOOL { return window.queue->KillTimer(handle, id); });
+}
+
 LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam,
                         LPARAM lParam) {
     return procedure != nullptr ? procedure(window, message, wParam, lParam) : 0;
@@ -433,11 +461,6 @@ HWND GetParent(HWND handle) {
     return With(handle, HWND{}, [](Window& window) {
         return (window.style & (WS_CHILD | WS_POPUP)) != 0 ? window.parentOrOwner : nullptr;
     });
-}
-
-DWORD GetCurrentThreadId() {
-    static thread_local const DWORD t_id = static_cast<DWORD>(gettid());
-    return t_id;
 }
 
 HHOOK SetWindowsHookExW(int kind, HOOKPROC procedure, HINSTANCE, DWORD thread) {

@@ -14,8 +14,6 @@ int GetDlgCtrlID(HWND window);
 // The parent of a child, the owner of a pop-up window, otherwise null.
 HWND GetParent(HWND window);
 
-DWORD GetCurrentThreadId();
-
 // WH_CBT on the calling thread alone, and of its events HCBT_CREATEWND alone; a procedure may
 // release its own hook. The newest hook is called first. 87 for anything else.
 HHOOK SetWindowsHookExW(int kind, HOOKPROC procedure, HINSTANCE module, DWORD thread);

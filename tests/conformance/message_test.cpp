@@ -1,0 +1,202 @@
+// Posted messages, timers and the queue of a thread: what both systems promise.
+#include "platform/win32.h"
+
+#include "support/last_error.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+
+namespace {
+
+constexpr UINT kFirst = WM_APP + 1;
+constexpr UINT kSecond = WM_APP + 2;
+
+// Letters for what was seen: a and b for the two messages, t for a timer, with the number after.
+std::string g_seen;
+
+LRESULT CALLBACK Record(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == kFirst || message == kSecond || message == WM_TIMER) {
+        g_seen += message == kFirst ? 'a' : message == kSecond ? 'b' : 't';
+        g_seen += std::to_string(wParam);
+        g_seen += ' ';
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+void CALLBACK RecordTimer(HWND, UINT message, UINT_PTR, DWORD) {
+    g_seen += message == WM_TIMER ? "callback " : "wrong ";
+}
+
+class Messages : public testing::Test {
+protected:
+    void SetUp() override {
+        WNDCLASSEXW windowClass = {};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.lpfnWndProc = Record;
+        windowClass.lpszClassName = _T("MessageTest");
+        ASSERT_NE(RegisterClassExW(&windowClass), 0);
+        m_window = Create();
+        ASSERT_NE(m_window, nullptr);
+        Drain();
+        g_seen.clear();
+    }
+    void TearDown() override {
+        DestroyWindow(m_window);
+        EXPECT_TRUE(UnregisterClassW(_T("MessageTest"), nullptr));
+    }
+    static HWND Create() {
+        return CreateWindowExW(0, _T("MessageTest"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
+                               nullptr, nullptr, nullptr);
+    }
+    // Dispatches what waits, and says what was seen.
+    static std::string Drain() {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+        return std::exchange(g_seen, {});
+    }
+    static std::string Await() {
+        while (g_seen.empty()) {
+            MSG message;
+            if (GetMessageW(&message, nullptr, 0, 0) <= 0)
+                return "ended";
+            DispatchMessageW(&message);
+        }
+        return std::exchange(g_seen, {});
+    }
+
+    HWND m_window = nullptr;
+};
+
+TEST_F(Messages, ComeInTheOrderInWhichTheyWerePosted) {
+    const HWND other = Create();
+    PostMessageW(m_window, kSecond, 1, 0);
+    PostMessageW(other, kFirst, 2, 0);
+    PostMessageW(m_window, kFirst, 3, 0);
+    EXPECT_EQ(Drain(), "b1 a2 a3 ");
+
+    // Filters of window and number, and a look without taking.
+    PostMessageW(m_window, kSecond, 4, 0);
+    PostMessageW(other, kFirst, 5, 0);
+    PostMessageW(m_window, kFirst, 6, 0);
+    MSG message = {};
+    EXPECT_TRUE(PeekMessageW(&message, m_window, kFirst, kFirst, PM_NOREMOVE));
+    EXPECT_TRUE(PeekMessageW(&message, m_window, kFirst, kFirst, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 6u);
+    EXPECT_EQ(message.hwnd, m_window);
+    EXPECT_FALSE(PeekMessageW(&message, m_window, kFirst, kFirst, PM_REMOVE));
+    EXPECT_TRUE(GetMessageW(&message, other, 0, 0));
+    EXPECT_EQ(message.wParam, 5u);
+    EXPECT_EQ(Drain(), "b4 ");
+    DestroyWindow(other);
+    EXPECT_EQ(ErrorOf([&] { return PostMessageW(other, kFirst, 0, 0); }),
+              ERROR_INVALID_WINDOW_HANDLE);
+}
+
+TEST_F(Messages, GoWithTheirWindow) {
+    const HWND other = Create();
+    PostMessageW(other, kFirst, 1, 0);
+    PostMessageW(m_window, kFirst, 2, 0);
+    SetTimer(other, 3, USER_TIMER_MINIMUM, nullptr);
+    DestroyWindow(other);
+    EXPECT_EQ(Drain(), "a2 ");
+}
+
+TEST_F(Messages, EndAfterTheOthersAndBeforeTimers) {
+    ASSERT_NE(SetTimer(m_window, 3, USER_TIMER_MINIMUM, nullptr), 0u);
+    EXPECT_EQ(Await(), "t3 ");
+    PostQuitMessage(7);
+    PostMessageW(m_window, kFirst, 1, 0);
+    MSG message = {};
+    EXPECT_TRUE(GetMessageW(&message, nullptr, 0, 0));
+    EXPECT_EQ(message.message, kFirst);
+    EXPECT_FALSE(GetMessageW(&message, nullptr, 0, 0));
+    EXPECT_EQ(message.message, WM_QUIT);
+    EXPECT_EQ(message.wParam, 7u);
+    EXPECT_EQ(Await(), "t3 ") << "an end is taken once";
+}
+
+TEST_F(Messages, ReachAThreadThatWaits) {
+    std::thread poster([this] {
+        for (WPARAM i = 0; i < 1000; ++i)
+            EXPECT_TRUE(PostMessageW(m_window, kFirst, i, 0));
+        EXPECT_TRUE(PostMessageW(m_window, kSecond, 0, 0));
+    });
+    MSG message;
+    for (WPARAM i = 0; i < 1000; ++i) {
+        ASSERT_TRUE(GetMessageW(&message, nullptr, 0, 0));
+        ASSERT_EQ(message.message, kFirst);
+        ASSERT_EQ(message.wParam, i);
+    }
+    ASSERT_TRUE(GetMessageW(&message, nullptr, 0, 0));
+    poster.join();
+}
+
+// The count is the quota of a process: Wine has none.
+TEST_F(Messages, AreRefusedByAFullQueue) {
+    int posted = 0;
+    while (posted < 12000 && PostMessageW(m_window, kFirst, 0, 0))
+        ++posted;
+    if (posted < 12000) {
+        EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_QUOTA);
+        EXPECT_EQ(posted, 10000);
+    }
+    EXPECT_EQ(Drain().size(), static_cast<std::size_t>(posted) * 3);
+    EXPECT_TRUE(PostMessageW(m_window, kSecond, 0, 0));
+    EXPECT_EQ(Drain(), "b0 ");
+}
+
+TEST_F(Messages, LetTimersWaitUntilNothingElseDoes) {
+    EXPECT_EQ(SetTimer(m_window, 5, USER_TIMER_MINIMUM, nullptr), 5u);
+    EXPECT_EQ(Await(), "t5 ");
+    EXPECT_EQ(Await(), "t5 ") << "again and again";
+    std::thread([this] { // of another thread, and it starts anew: an hour instead
+        EXPECT_NE(SetTimer(m_window, 5, 3600000, nullptr), 0u);
+        EXPECT_NE(SetTimer(m_window, 6, 30, nullptr), 0u);
+    })
+        .join();
+    EXPECT_EQ(Await(), "t6 ");
+    std::thread([this] { EXPECT_TRUE(KillTimer(m_window, 6)); }).join();
+    EXPECT_FALSE(KillTimer(m_window, 6));
+    EXPECT_TRUE(KillTimer(m_window, 5));
+
+    // One long due comes once.
+    SetTimer(m_window, 8, USER_TIMER_MINIMUM, nullptr);
+    const HANDLE never = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    EXPECT_EQ(WaitForSingleObject(never, 100), WAIT_TIMEOUT);
+    CloseHandle(never);
+    PostMessageW(m_window, kFirst, 1, 0);
+    EXPECT_EQ(Drain(), "a1 t8 ");
+    KillTimer(m_window, 8);
+
+    const UINT_PTR own = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, RecordTimer);
+    const UINT_PTR second = SetTimer(nullptr, 0, 3600000, RecordTimer);
+    EXPECT_TRUE(own != 0 && second != 0 && own != second);
+    EXPECT_EQ(Await(), "callback ");
+    EXPECT_TRUE(KillTimer(nullptr, own));
+    EXPECT_TRUE(KillTimer(nullptr, second));
+}
+
+TEST_F(Messages, AreWaitedForAlongWithHandles) {
+    const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    const auto wait = [event](DWORD milliseconds) {
+        return MsgWaitForMultipleObjects(1, &event, FALSE, milliseconds, QS_ALLINPUT);
+    };
+    EXPECT_EQ(wait(1), WAIT_TIMEOUT);
+    PostMessageW(m_window, kFirst, 1, 0);
+    EXPECT_EQ(wait(INFINITE), WAIT_OBJECT_0 + 1);
+    SetEvent(event);
+    EXPECT_EQ(wait(INFINITE), WAIT_OBJECT_0);
+    MSG message;
+    PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+    EXPECT_EQ(wait(1), WAIT_TIMEOUT) << "seen, though not taken";
+    EXPECT_EQ(Drain(), "a1 ");
+    SetTimer(m_window, 2, USER_TIMER_MINIMUM, nullptr);
+    EXPECT_EQ(wait(INFINITE), WAIT_OBJECT_0 + 1);
+    EXPECT_EQ(Drain(), "t2 ");
+    KillTimer(m_window, 2);
+    CloseHandle(event);
+}
+
+} // namespace
