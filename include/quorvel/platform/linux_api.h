@@ -14,6 +14,8 @@ namespace quorvel::win32 {
 // The calling thread's last error. Any thread.
 QUORVEL_API DWORD GetLastError();
 QUORVEL_API void SetLastError(DWORD error);
+QUORVEL_API int WSAGetLastError(); // the same one: sockets have no error of their own
+QUORVEL_API void WSASetLastError(int error);
 
 // Code pages. Any thread. Lengths are in bytes and UTF-16 units; a negative source length means up
 // to and with the terminator; a target length of 0 asks for the length needed. 0 is a failure: 87
@@ -115,6 +117,24 @@ QUORVEL_API LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value);
 QUORVEL_API int GetWindowTextW(HWND window, LPWSTR text, int size);
 QUORVEL_API int GetWindowTextLengthW(HWND window);
 QUORVEL_API BOOL SetWindowTextW(HWND window, LPCWSTR text);
+
+// Messages. Any thread may post to a window, which gets the message when its own thread dispatches
+// it; what waits for a window is dropped with it. A thread's queue holds 10,000 messages, a full
+// one refuses (1816). Without a window the calling thread is meant.
+QUORVEL_API BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+QUORVEL_API void PostQuitMessage(int exitCode);
+// The calling thread's. A filter window means that window alone, without its children.
+QUORVEL_API BOOL PeekMessageW(MSG* message, HWND window, UINT first, UINT last, UINT remove);
+QUORVEL_API BOOL GetMessageW(MSG* message, HWND window, UINT first, UINT last);
+QUORVEL_API LRESULT DispatchMessageW(const MSG* message);
+// Waits for one of the handles (event, thread) or for a message that came after the last look at
+// the queue. `all` is FALSE and the mask QS_ALLINPUT (87).
+QUORVEL_API DWORD MsgWaitForMultipleObjects(DWORD count, const HANDLE* handles, BOOL all,
+                                            DWORD milliseconds, DWORD wakeMask);
+// WM_TIMER comes when nothing else waits, and once for however often it was due. Any thread.
+QUORVEL_API UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
+QUORVEL_API BOOL KillTimer(HWND window, UINT_PTR id);
+
 // Modules: PE files, such as the language libraries, loaded for their resources. Any thread.
 //
 // No PE code runs on Linux: LoadLibraryW takes a file without an entry point only

@@ -242,6 +242,16 @@ struct OVERLAPPED;
 #define REG_MULTI_SZ 7u
 #define REG_QWORD 11u
 
+// Events, threads and waits.
+typedef DWORD(WINAPI* LPTHREAD_START_ROUTINE)(LPVOID);
+#define INFINITE 0xffffffffu
+#define WAIT_OBJECT_0 0u
+#define WAIT_TIMEOUT 258u
+#define WAIT_FAILED 0xffffffffu
+#define CREATE_SUSPENDED 0x00000004u
+#define STILL_ACTIVE 259u
+#define THREAD_PRIORITY_NORMAL 0
+
 // Modules.
 #define LOAD_LIBRARY_AS_DATAFILE 0x00000002u
 #define LOAD_LIBRARY_AS_IMAGE_RESOURCE 0x00000020u
@@ -386,6 +396,15 @@ struct CBT_CREATEWNDW {
     CREATESTRUCTW* lpcs;
     HWND hwndInsertAfter;
 };
+struct MSG {
+    HWND hwnd;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    DWORD time; // milliseconds, from an arbitrary start
+    POINT pt;   // always 0, 0
+};
+typedef void(CALLBACK* TIMERPROC)(HWND, UINT, UINT_PTR, DWORD);
 struct NMHDR {
     HWND hwndFrom;
     UINT_PTR idFrom;
@@ -398,12 +417,18 @@ struct NMHDR {
 #define WM_GETTEXTLENGTH 0x000eu
 #define WM_PAINT 0x000fu
 #define WM_CLOSE 0x0010u
+#define WM_QUIT 0x0012u
 #define WM_NOTIFY 0x004eu
 #define WM_NCCREATE 0x0081u
 #define WM_NCDESTROY 0x0082u
 #define WM_COMMAND 0x0111u
+#define WM_TIMER 0x0113u
 #define WM_USER 0x0400u
 #define WM_APP 0x8000u
+#define PM_NOREMOVE 0x0000u
+#define PM_REMOVE 0x0001u
+#define QS_ALLINPUT 0x04ffu
+#define USER_TIMER_MINIMUM 0x0000000au
 #define WS_OVERLAPPED 0x00000000u
 #define WS_POPUP 0x80000000u
 #define WS_CHILD 0x40000000u
@@ -520,4 +545,5 @@ struct NMHDR {
 #define ERROR_RESOURCE_TYPE_NOT_FOUND 1813u
 #define ERROR_RESOURCE_NAME_NOT_FOUND 1814u
 #define ERROR_RESOURCE_LANG_NOT_FOUND 1815u
+#define ERROR_NOT_ENOUGH_QUOTA 1816u
 #define ERROR_CANT_RESOLVE_FILENAME 1921u

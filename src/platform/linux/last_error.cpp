@@ -14,4 +14,12 @@ void SetLastError(DWORD error) {
     t_lastError = error;
 }
 
+int WSAGetLastError() {
+    return static_cast<int>(t_lastError);
+}
+
+void WSASetLastError(int error) {
+    t_lastError = static_cast<DWORD>(error);
+}
+
 } // namespace quorvel::win32

@@ -1,0 +1,594 @@
+#include "platform/linux/posix_sockets.h"
+
+#include "platform/win32.h"
+
+#include "platform/linux/socket.h"
+#include "platform/linux/socket_object.h"
+#include "platform/linux/socket_startup.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstring>
+
+namespace quorvel {
+
+namespace {
+
+std::atomic<int> s_startups = 0;
+
+int Fail(int error) {
+    win32::SetLastError(static_cast<DWORD>(error));
+    return SOCKET_ERROR;
+}
+
+SOCKET FailSocket(int error) {
+    Fail(error);
+    return INVALID_SOCKET;
+}
+
+// The result of a call of the system, whose error is set where it failed.
+int Checked(int result) {
+    return result >= 0 ? result : Fail(SocketError(errno));
+}
+
+// The socket, or null with the error set.
+std::shared_ptr<Socket> Find(SOCKET handle) {
+    auto socket = FindHandle<Socket>(reinterpret_cast<HANDLE>(handle));
+    if (socket == nullptr)
+        Fail(s_startups > 0 ? WSAENOTSOCK : WSANOTINITIALISED);
+    return socket;
+}
+
+// An address on its way to the system.
+class NativeAddress {
+public:
+    NativeAddress(const win32::sockaddr* address, int length) {
+        const std::size_t size = static_cast<std::size_t>(std::max(length, 0));
+        if (address == nullptr || size < sizeof(::sockaddr_in)) {
+            m_error = WSAEFAULT;
+            return;
+        }
+        std::memcpy(&m_storage, address, std::min(size, sizeof m_storage));
+        if (m_storage.ss_family == AF_INET6 && size >= sizeof(::sockaddr_in6))
+            m_storage.ss_family = posix::kFamily6;
+        else if (m_storage.ss_family != AF_INET)
+            m_error = WSAEAFNOSUPPORT;
+        m_length = static_cast<socklen_t>(std::min(size, sizeof m_storage));
+    }
+
+    int Error() const { return m_error; }
+    const ::sockaddr* Get() const { return reinterpret_cast<const ::sockaddr*>(&m_storage); }
+    socklen_t Length() const { return m_length; }
+
+private:
+    sockaddr_storage m_storage = {};
+    socklen_t m_length = 0;
+    int m_error = 0;
+};
+
+// The address that `call` gets from the system, for a program that may want none. The result is
+// that of the call; 10014 for a buffer that is too small.
+template <class Call>
+int GetAddress(win32::sockaddr* address, int* length, Call call) {
+    sockaddr_storage storage = {};
+    socklen_t size = sizeof storage;
+    const int result = call(reinterpret_cast<::sockaddr*>(&storage), &size);
+    if (result < 0 || address == nullptr || length == nullptr)
+        return result;
+    if (storage.ss_family == posix::kFamily6)
+        storage.ss_family = AF_INET6;
+    if (*length < static_cast<int>(size)) {
+        errno = EFAULT;
+        return Fail(WSAEFAULT);
+    }
+    std::memcpy(address, &storage, size);
+    *length = static_cast<int>(size);
+    return result;
+}
+
+// Repeats a call that would block until it does not, if the socket is in blocking mode.
+template <class Call>
+ssize_t Complete(Socket& socket, short conditions, Call call) {
+    for (;;) {
+        const ssize_t result = call();
+        if (result >= 0 || errno != EAGAIN || socket.IsNonBlocking())
+            return result >= 0 ? result : Fail(SocketError(errno));
+        if (!socket.WaitFor(conditions))
+            return SOCKET_ERROR;
+    }
+}
+
+// Those of Winsock are the system's; others are not passed on.
+int NativeFlags(int flags) {
+    return flags & (MSG_OOB | MSG_PEEK);
+}
+
+struct Option {
+    int level;
+    int option;
+    int nativeLevel;
+    int nativeOption;
+};
+constexpr Option kOptions[] = {
+    {SOL_SOCKET, SO_REUSEADDR, posix::kSocketLevel, posix::kReuseAddress},
+    {SOL_SOCKET, SO_KEEPALIVE, posix::kSocketLevel, posix::kKeepAlive},
+    {SOL_SOCKET, SO_BROADCAST, posix::kSocketLevel, posix::kBroadcast},
+    {SOL_SOCKET, SO_SNDBUF, posix::kSocketLevel, posix::kSendBuffer},
+    {SOL_SOCKET, SO_RCVBUF, posix::kSocketLevel, posix::kReceiveBuffer},
+    {SOL_SOCKET, SO_TYPE, posix::kSocketLevel, posix::kType},
+    {IPPROTO_TCP, TCP_NODELAY, IPPROTO_TCP, TCP_NODELAY},
+};
+
+const Option* FindOption(int level, int option) {
+    const auto found = std::ranges::find_if(kOptions, [level, option](const Option& each) {
+        return each.level == level && each.option == option;
+    });
+    return found != std::end(kOptions) ? found : nullptr;
+}
+
+bool IsBufferSize(const Option& option) {
+    return option.level == SOL_SOCKET && (option.option == SO_SNDBUF || option.option == SO_RCVBUF);
+}
+
+int GetLinger(Socket& socket, char* value, int* length) {
+    if (*length < static_cast<int>(sizeof(win32::linger)))
+        return Fail(WSAEFAULT);
+    ::linger native = {};
+    socklen_t size = sizeof native;
+    ::getsockopt(socket.Descriptor(), posix::kSocketLevel, posix::kLinger, &native, &size);
+    const win32::linger result = {static_cast<USHORT>(native.l_onoff),
+                                  static_cast<USHORT>(native.l_linger)};
+    std::memcpy(value, &result, sizeof result);
+    *length = sizeof result;
+    return 0;
+}
+
+int SetLinger(Socket& socket, const char* value, int length) {
+    win32::linger asked;
+    if (length < static_cast<int>(sizeof asked))
+        return Fail(WSAEFAULT);
+    std::memcpy(&asked, value, sizeof asked);
+    const ::linger native = {asked.l_onoff, asked.l_linger};
+    return ::setsockopt(socket.Descriptor(), posix::kSocketLevel, posix::kLinger, &native,
+                        sizeof native) == 0
+               ? 0
+               : Fail(SocketError(errno));
+}
+
+SOCKET NewSocket(const std::shared_ptr<Socket>& socket) {
+    const HANDLE handle = NewHandle(socket);
+    return handle != nullptr ? reinterpret_cast<SOCKET>(handle) : FailSocket(WSAENOBUFS);
+}
+
+NetworkEvents::Kind KindOf(Socket& socket) {
+    return socket.WithEvents([](NetworkEvents& events) { return events.GetKind(); });
+}
+
+// Why a receive, or a send, cannot be; 0 when the system is to say.
+int ReceiveError(Socket& socket) {
+    return socket.GetDone().receiveShut ? WSAESHUTDOWN : 0;
+}
+int SendError(Socket& socket) {
+    if (socket.GetDone().sendShut)
+        return WSAESHUTDOWN;
+    const NetworkEvents::Kind kind = KindOf(socket);
+    return socket.IsStream() && kind != NetworkEvents::Kind::kConnected &&
+                   kind != NetworkEvents::Kind::kConnecting
+               ? WSAENOTCONN
+               : socket.ResetError();
+}
+
+// What every receive does around the system's call.
+template <class Call>
+int Receive(Socket& socket, int flags, Call call) {
+    if (const int error = ReceiveError(socket))
+        return Fail(error);
+    const bool urgent = (flags & MSG_OOB) != 0;
+    ssize_t result = Complete(socket, urgent ? POLLPRI : POLLIN, call);
+    if (result == 0 && socket.ResetError() != 0)
+        result = Fail(socket.ResetError());
+    socket.WithEvents(
+        [urgent](NetworkEvents& events) { urgent ? events.ReceivedUrgent() : events.Received(); });
+    if (result >= 0)
+        win32::SetLastError(NO_ERROR); // as Winsock does: 0 is what is told after a clean end
+    return static_cast<int>(result);
+}
+
+template <class Call>
+int Send(Socket& socket, Call call) {
+    if (const int error = SendError(socket))
+        return Fail(error);
+    const ssize_t result = Complete(socket, POLLOUT, call);
+    if (result < 0 && win32::GetLastError() == WSAEWOULDBLOCK)
+        socket.WithEvents([](NetworkEvents& events) { events.SendBlocked(); });
+    return static_cast<int>(result);
+}
+
+} // namespace
+
+bool IsWinsockStarted() {
+    return s_startups > 0;
+}
+
+} // namespace quorvel
+
+namespace quorvel::win32 {
+
+int WSAStartup(WORD version, WSADATA* data) {
+    if (data == nullptr)
+        return WSAEFAULT;
+    const int major = LOBYTE(version);
+    const int minor = HIBYTE(version);
+    *data = {};
+    data->wHighVersion = MAKEWORD(2, 2);
+    data->wVersion = data->wHighVersion;
+    if (major == 0)
+        return WSAVERNOTSUPPORTED;
+    if (major == 1)
+        data->wVersion = MAKEWORD(1, std::min(minor, 1));
+    else if (major == 2)
+        data->wVersion = MAKEWORD(2, std::min(minor, 2));
+    std::strcpy(data->szDescription, "WinSock 2.0");
+    std::strcpy(data->szSystemStatus, "Running");
+    ++s_startups;
+    return 0;
+}
+
+int WSACleanup() {
+    int startups = s_startups;
+    while (startups > 0 && !s_startups.compare_exchange_weak(startups, startups - 1)) {
+    }
+    return startups > 0 ? 0 : Fail(WSANOTINITIALISED);
+}
+
+SOCKET socket(int family, int type, int protocol) {
+    if (!IsWinsockStarted())
+        return FailSocket(WSANOTINITIALISED);
+    if (family != AF_INET && family != AF_INET6)
+        return FailSocket(WSAEAFNOSUPPORT);
+    if (type != SOCK_STREAM && type != SOCK_DGRAM)
+        return FailSocket(WSAESOCKTNOSUPPORT);
+    const int descriptor = ::socket(family == AF_INET6 ? posix::kFamily6 : AF_INET,
+                                    type | SOCK_NONBLOCK | SOCK_CLOEXEC, protocol);
+    if (descriptor < 0)
+        return FailSocket(SocketError(errno));
+    const bool stream = type == SOCK_STREAM;
+    // Winsock lets a program listen again on a port whose last connections are still fading away.
+    const int on = 1;
+    if (stream)
+        ::setsockopt(descriptor, posix::kSocketLevel, posix::kReuseAddress, &on, sizeof on);
+    return NewSocket(std::make_shared<Socket>(descriptor, stream));
+}
+
+int closesocket(SOCKET handle) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    socket->Close();
+    CloseHandle(reinterpret_cast<HANDLE>(handle));
+    return 0;
+}
+
+int bind(SOCKET handle, const sockaddr* address, int length) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    const NativeAddress native(address, length);
+    if (native.Error() != 0)
+        return Fail(native.Error());
+    if (::bind(socket->Descriptor(), native.Get(), native.Length()) != 0)
+        return Fail(SocketError(errno));
+    socket->SetDone(&Socket::Done::bound);
+    return 0;
+}
+
+int listen(SOCKET handle, int backlog) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (!socket->GetDone().bound)
+        return Fail(WSAEINVAL);
+    if (::listen(socket->Descriptor(), backlog) != 0)
+        return Fail(SocketError(errno));
+    socket->WithEvents(
+        [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::kListening); });
+    return 0;
+}
+
+SOCKET accept(SOCKET handle, sockaddr* address, int* length) {
+    const std::shared_ptr<Socket> listener = Find(handle);
+    if (listener == nullptr)
+        return INVALID_SOCKET;
+    if (address != nullptr && length != nullptr && *length < static_cast<int>(sizeof(sockaddr_in)))
+        return FailSocket(WSAEFAULT);
+    const int descriptor = GetAddress(address, length, [&](::sockaddr* native, socklen_t* size) {
+        const auto call = [&] {
+            return ::accept4(listener->Descriptor(), native, size, SOCK_NONBLOCK | SOCK_CLOEXEC);
+        };
+        return static_cast<int>(Complete(*listener, POLLIN, call));
+    });
+    listener->WithEvents([](NetworkEvents& events) { events.Accepted(); });
+    if (descriptor < 0)
+        return INVALID_SOCKET;
+    const auto accepted = std::make_shared<Socket>(descriptor, true);
+    accepted->WithEvents(
+        [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::kConnected); });
+    const SOCKET result = NewSocket(accepted);
+    accepted->SelectAs(*listener);
+    return result;
+}
+
+int connect(SOCKET handle, const sockaddr* address, int length) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    const NativeAddress native(address, length);
+    if (native.Error() != 0)
+        return Fail(native.Error());
+    // The system would say success once to who asks after a connection that it finished.
+    if (KindOf(*socket) == NetworkEvents::Kind::kConnected)
+        return Fail(WSAEISCONN);
+    if (::connect(socket->Descriptor(), native.Get(), native.Length()) == 0) {
+        if (socket->IsStream())
+            socket->WithEvents([](NetworkEvents& events) { events.Connected(); });
+        return 0;
+    }
+    if (errno != EINPROGRESS)
+        return Fail(SocketError(errno));
+    socket->WithEvents([](NetworkEvents& events) { events.Connect(); });
+    if (socket->IsNonBlocking())
+        return Fail(WSAEWOULDBLOCK);
+    if (!socket->WaitFor(POLLOUT))
+        return SOCKET_ERROR;
+    socket->Notice(POLLOUT);
+    const int error = socket->TakeError();
+    return error == 0 ? 0 : Fail(error);
+}
+
+int recvfrom(SOCKET handle, char* buffer, int length, int flags, sockaddr* address,
+             int* addressLength) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    iovec part = {buffer, static_cast<std::size_t>(std::max(length, 0))};
+    bool truncated = false;
+    const auto receive = [&](::sockaddr* native, socklen_t* size) {
+        msghdr message = {};
+        message.msg_name = native;
+        message.msg_namelen = *size;
+        message.msg_iov = &part;
+        message.msg_iovlen = 1;
+        const ssize_t result = ::recvmsg(socket->Descriptor(), &message, NativeFlags(flags));
+        *size = message.msg_namelen;
+        truncated = result >= 0 && (message.msg_flags & MSG_TRUNC) != 0;
+        return result;
+    };
+    const int result = Receive(*socket, flags, [&]() -> ssize_t {
+        if (address == nullptr || addressLength == nullptr) {
+            sockaddr_storage ignored;
+            socklen_t size = sizeof ignored;
+            return receive(reinterpret_cast<::sockaddr*>(&ignored), &size);
+        }
+        return GetAddress(address, addressLength, [&](::sockaddr* native, socklen_t* size) {
+            return static_cast<int>(receive(native, size));
+        });
+    });
+    return truncated ? Fail(WSAEMSGSIZE) : result;
+}
+
+int recv(SOCKET handle, char* buffer, int length, int flags) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (!socket->IsStream())
+        return recvfrom(handle, buffer, length, flags, nullptr, nullptr);
+    return Receive(*socket, flags, [&] {
+        return ::recv(socket->Descriptor(), buffer, static_cast<std::size_t>(std::max(length, 0)),
+                      NativeFlags(flags));
+    });
+}
+
+int sendto(SOCKET handle, const char* buffer, int length, int flags, const sockaddr* address,
+           int addressLength) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (address == nullptr || socket->IsStream())
+        return send(handle, buffer, length, flags);
+    const NativeAddress native(address, addressLength);
+    if (native.Error() != 0)
+        return Fail(native.Error());
+    return Send(*socket, [&] {
+        return ::sendto(socket->Descriptor(), buffer, static_cast<std::size_t>(std::max(length, 0)),
+                        NativeFlags(flags) | MSG_NOSIGNAL, native.Get(), native.Length());
+    });
+}
+
+int send(SOCKET handle, const char* buffer, int length, int flags) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    return Send(*socket, [&] {
+        return ::send(socket->Descriptor(), buffer, static_cast<std::size_t>(std::max(length, 0)),
+                      NativeFlags(flags) | MSG_NOSIGNAL);
+    });
+}
+
+int shutdown(SOCKET handle, int how) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (how < SD_RECEIVE || how > SD_BOTH)
+        return Fail(WSAEINVAL);
+    const NetworkEvents::Kind kind = KindOf(*socket);
+    if (kind != NetworkEvents::Kind::kConnected && kind != NetworkEvents::Kind::kDatagram)
+        return Fail(WSAENOTCONN);
+    // Shutting the system's receiving side down would look like the end of the connection.
+    if (how != SD_RECEIVE && ::shutdown(socket->Descriptor(), SHUT_WR) != 0)
+        return Fail(SocketError(errno));
+    if (how != SD_RECEIVE)
+        socket->SetDone(&Socket::Done::sendShut);
+    if (how != SD_SEND)
+        socket->SetDone(&Socket::Done::receiveShut);
+    return 0;
+}
+
+int ioctlsocket(SOCKET handle, LONG command, ULONG* argument) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (argument == nullptr)
+        return Fail(WSAEFAULT);
+    if (command == FIONBIO)
+        return socket->SetNonBlocking(*argument != 0) ? 0 : Fail(WSAEINVAL);
+    if (command != FIONREAD)
+        return Fail(WSAEOPNOTSUPP);
+    int bytes = 0;
+    if (::ioctl(socket->Descriptor(), posix::kBytesToRead, &bytes) != 0)
+        return Fail(SocketError(errno));
+    *argument = static_cast<ULONG>(bytes);
+    return 0;
+}
+
+int getsockopt(SOCKET handle, int level, int option, char* value, int* length) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (value == nullptr || length == nullptr)
+        return Fail(WSAEFAULT);
+    if (level == SOL_SOCKET && option == SO_LINGER)
+        return GetLinger(*socket, value, length);
+    int number = 0;
+    const Option* const known = FindOption(level, option);
+    if (level == SOL_SOCKET && option == SO_ERROR) {
+        number = socket->TakeError();
+    } else if (known == nullptr) {
+        return Fail(WSAENOPROTOOPT);
+    } else {
+        socklen_t size = sizeof number;
+        if (::getsockopt(socket->Descriptor(), known->nativeLevel, known->nativeOption, &number,
+                         &size) != 0)
+            return Fail(SocketError(errno));
+        if (IsBufferSize(*known))
+            number /= 2; // the system doubles what it is told
+    }
+    if (*length < static_cast<int>(sizeof number))
+        return Fail(WSAEFAULT);
+    std::memcpy(value, &number, sizeof number);
+    *length = sizeof number;
+    return 0;
+}
+
+int setsockopt(SOCKET handle, int level, int option, const char* value, int length) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (value == nullptr)
+        return Fail(WSAEFAULT);
+    if (level == SOL_SOCKET && option == SO_LINGER)
+        return SetLinger(*socket, value, length);
+    const Option* const known = FindOption(level, option);
+    if (known == nullptr)
+        return Fail(WSAENOPROTOOPT);
+    int number = 0;
+    if (length < static_cast<int>(sizeof number))
+        return Fail(WSAEFAULT);
+    std::memcpy(&number, value, sizeof number);
+    return ::setsockopt(socket->Descriptor(), known->nativeLevel, known->nativeOption, &number,
+                        sizeof number) == 0
+               ? 0
+               : Fail(SocketError(errno));
+}
+
+int getsockname(SOCKET handle, sockaddr* address, int* length) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (address == nullptr || length == nullptr)
+        return Fail(WSAEFAULT);
+    return GetAddress(address, length, [&](::sockaddr* native, socklen_t* size) {
+        return Checked(::getsockname(socket->Descriptor(), native, size));
+    });
+}
+
+int getpeername(SOCKET handle, sockaddr* address, int* length) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (address == nullptr || length == nullptr)
+        return Fail(WSAEFAULT);
+    return GetAddress(address, length, [&](::sockaddr* native, socklen_t* size) {
+        return Checked(::getpeername(socket->Descriptor(), native, size));
+    });
+}
+
+USHORT htons(USHORT number) {
+    return __builtin_bswap16(number);
+}
+
+USHORT ntohs(USHORT number) {
+    return __builtin_bswap16(number);
+}
+
+ULONG htonl(ULONG number) {
+    return __builtin_bswap32(number);
+}
+
+ULONG inet_addr(const char* text) {
+    ::in_addr address;
+    return text != nullptr && ::inet_aton(text, &address) != 0 ? address.s_addr : 0xffffffff;
+}
+
+char* inet_ntoa(in_addr address) {
+    static thread_local std::array<char, INET_ADDRSTRLEN> t_text;
+    ::inet_ntop(AF_INET, &address, t_text.data(), t_text.size());
+    return t_text.data();
+}
+
+WSAEVENT WSACreateEvent() {
+    return CreateEventW(nullptr, TRUE, FALSE, nullptr);
+}
+
+BOOL WSACloseEvent(WSAEVENT event) {
+    return CloseHandle(event);
+}
+
+DWORD WSAWaitForMultipleEvents(DWORD count, const WSAEVENT* events, BOOL all, DWORD milliseconds,
+                               BOOL alertable) {
+    if (all || alertable || count == 0 || count > WSA_MAXIMUM_WAIT_EVENTS || events == nullptr) {
+        Fail(WSAEINVAL);
+        return WSA_WAIT_FAILED;
+    }
+    return WaitForAny(std::span(events, count), milliseconds);
+}
+
+int WSAEventSelect(SOCKET handle, WSAEVENT event, LONG mask) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (event == nullptr && mask != 0)
+        return Fail(WSAEINVAL);
+    std::shared_ptr<Waitable> waitable;
+    if (event != nullptr && (waitable = FindHandle<Waitable>(event)) == nullptr)
+        return Fail(ERROR_INVALID_HANDLE);
+    socket->Select(std::move(waitable), mask);
+    return 0;
+}
+
+int WSAEnumNetworkEvents(SOCKET handle, WSAEVENT event, WSANETWORKEVENTS* events) {
+    const std::shared_ptr<Socket> socket = Find(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (events == nullptr)
+        return Fail(WSAEFAULT);
+    std::shared_ptr<Waitable> waitable;
+    if (event != nullptr && (waitable = FindHandle<Waitable>(event)) == nullptr)
+        return Fail(WSAEINVAL);
+    const NetworkEvents::Report report = socket->Enumerate(waitable.get());
+    events->lNetworkEvents = static_cast<LONG>(report.events);
+    std::ranges::copy(report.errors, events->iErrorCode);
+    return 0;
+}
+
+} // namespace quorvel::win32

@@ -1,0 +1,108 @@
+// Look-ups of host names that take their time, fail and are cancelled.
+#include "platform/win32.h"
+
+#include "platform/linux/host_lookup.h"
+
+#include "support/last_error.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+constexpr UINT kAnswered = WM_APP + 4;
+
+class HostLookup : public testing::Test {
+protected:
+    void SetUp() override {
+        WSADATA data;
+        ASSERT_EQ(WSAStartup(MAKEWORD(2, 0), &data), 0);
+        WNDCLASSEXW windowClass = {};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.lpfnWndProc = DefWindowProcW;
+        windowClass.lpszClassName = _T("LookupTest");
+        ASSERT_NE(RegisterClassExW(&windowClass), 0);
+        m_window = CreateWindowExW(0, _T("LookupTest"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
+                                   nullptr, nullptr, nullptr);
+        quorvel::SetHostResolver([this](const std::string& name, std::vector<ULONG>& addresses) {
+            while (m_held)
+                std::this_thread::yield();
+            if (name == "unknown")
+                return WSAHOST_NOT_FOUND;
+            for (int i = 0; name != "empty" && i < 3; ++i)
+                addresses.push_back(htonl(INADDR_LOOPBACK + static_cast<ULONG>(i)));
+            ++m_answers;
+            return 0;
+        });
+    }
+    void TearDown() override {
+        quorvel::SetHostResolver({});
+        DestroyWindow(m_window);
+        UnregisterClassW(_T("LookupTest"), nullptr);
+        WSACleanup();
+    }
+    HANDLE Ask(const char* name, int length = MAXGETHOSTSTRUCT) {
+        return WSAAsyncGetHostByName(m_window, kAnswered, name, m_buffer, length);
+    }
+    // The error of the answer to that request.
+    int Answer(HANDLE request) {
+        MSG message;
+        EXPECT_GT(GetMessageW(&message, m_window, kAnswered, kAnswered), 0);
+        EXPECT_EQ(message.wParam, reinterpret_cast<WPARAM>(request));
+        return WSAGETASYNCERROR(message.lParam);
+    }
+
+    HWND m_window = nullptr;
+    alignas(void*) char m_buffer[MAXGETHOSTSTRUCT] = {};
+    std::atomic<bool> m_held = false;
+    std::atomic<int> m_answers = 0;
+};
+
+TEST_F(HostLookup, TellsTheAddressesOrWhyNot) {
+    EXPECT_EQ(Answer(Ask("three")), 0);
+    const auto* host = reinterpret_cast<const hostent*>(m_buffer);
+    EXPECT_STREQ(host->h_name, "three");
+    EXPECT_EQ(host->h_addrtype, AF_INET);
+    EXPECT_EQ(host->h_aliases[0], nullptr);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(host->h_addr_list[i][3], 1 + i);
+    EXPECT_EQ(host->h_addr_list[3], nullptr);
+    EXPECT_EQ(Answer(Ask("unknown")), WSAHOST_NOT_FOUND);
+    EXPECT_EQ(Answer(Ask("empty")), WSANO_DATA);
+    EXPECT_EQ(Answer(Ask("three", 40)), WSAENOBUFS);
+}
+
+TEST_F(HostLookup, LeavesBufferAndQueueAloneOnceCancelled) {
+    const auto cancel = [](HANDLE request) { return WSACancelAsyncRequest(request) == 0; };
+    m_held = true;
+    const HANDLE request = Ask("three");
+    EXPECT_EQ(ErrorOf([&] { return cancel(request); }), 0u);
+    EXPECT_EQ(ErrorOf([&] { return cancel(request); }), DWORD{WSAEALREADY});
+    m_held = false;
+    while (m_answers < 1)
+        std::this_thread::yield();
+    const HANDLE next = Ask("three");
+    EXPECT_EQ(Answer(next), 0) << "and none of the first";
+    EXPECT_EQ(ErrorOf([&] { return cancel(next); }), DWORD{WSAEALREADY});
+    EXPECT_EQ(ErrorOf([&] { return cancel(nullptr); }), DWORD{WSAEINVAL});
+    EXPECT_EQ(ErrorOf([&] { return cancel(reinterpret_cast<HANDLE>(~UINT_PTR{0})); }),
+              DWORD{WSAEINVAL});
+}
+
+// Whether a request is cancelled or answered, one of the two holds.
+TEST_F(HostLookup, IsEitherCancelledOrAnswered) {
+    for (int i = 0; i < 500; ++i) {
+        const HANDLE request = Ask("three");
+        if (i % 2 == 0)
+            std::this_thread::yield();
+        if (WSACancelAsyncRequest(request) != 0) {
+            ASSERT_EQ(Answer(request), 0);
+        }
+    }
+    MSG message;
+    EXPECT_FALSE(PeekMessageW(&message, m_window, kAnswered, kAnswered, PM_REMOVE));
+}
+
+} // namespace
