@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace quorvel {
 
@@ -88,6 +89,11 @@ bool UpdateCheck::LoadListing() {
     return true;
 }
 
+void UpdateCheck::SetLastModified(const COleDateTime& date) {
+    m_lastModified = date;
+    AfxWriteProfileCheckForUpdatesLastModified(Path(), date);
+}
+
 bool UpdateCheck::Check() {
     UpdateRequest request;
     if (!PassesRules(request.url) || !UpdateFlow::Open(false))
@@ -150,8 +156,10 @@ void UpdateCheck::Offer(const COleDateTime& date, const CString& url) {
 }
 
 void UpdateCheck::Download(const COleDateTime& date, const CString& url) {
+    m_formerLastModified = m_lastModified;
     m_pendingLastModified = date;
     m_hasHeader = false;
+    m_received = 0;
     m_expected = Expected();
     if (!UpdateFlow::Open(true))
         return End(View::resultFailed);
@@ -201,12 +209,11 @@ void UpdateCheck::ShowFigures(ULONGLONG received) const {
 
 bool UpdateCheck::OnBytesReceived() {
     const ULONGLONG received = Connection()->GetBytesReceived();
-    ShowFigures(received);
+    if (std::exchange(m_received, received) != received)
+        ShowFigures(received);
     if (m_expected.isKnown && received == m_expected.bytes &&
-        m_lastModified != m_pendingLastModified) {
-        m_lastModified = m_pendingLastModified;
-        AfxWriteProfileCheckForUpdatesLastModified(Path(), m_lastModified);
-    }
+        m_lastModified != m_pendingLastModified)
+        SetLastModified(m_pendingLastModified);
     return !EndsAsTooLong(received);
 }
 
@@ -216,6 +223,7 @@ void UpdateCheck::OnDownloaded() {
     CString errorText;
     if (!CopyResponseBody(TemporaryFileName(), Connection()->GetHeader().GetLength(), m_fileName,
                           errorText)) {
+        SetLastModified(m_formerLastModified);
         GetView().ShowMessage(errorText, MB_OK | MB_ICONEXCLAMATION);
         return End(View::resultFailed);
     }
@@ -229,8 +237,7 @@ void UpdateCheck::Reset() {
         return;
     m_listing.RemoveAll();
     m_listing.SetPublishedDate(COleDateTime());
-    m_lastModified = COleDateTime();
-    AfxWriteProfileCheckForUpdatesLastModified(Path(), m_lastModified);
+    SetLastModified(COleDateTime());
     DeleteFileW(m_fileName);
     ShowPublished();
     GetView().ShowListing(m_listing);

@@ -5,7 +5,7 @@
 //
 // Any error, refusal and Cancel lead back to idle. The local file is replaced as a whole, by a
 // response of status 200 only; "Last Modified" is stored once every byte has come, so that a broken
-// download is offered again.
+// download is offered again, and taken back when the local file can't be written.
 #pragma once
 
 #include <quorvel/update/update_listing.h>
@@ -42,6 +42,7 @@ private:
     bool OnBytesReceived();
     void ShowFigures(ULONGLONG received) const;
     void OnDownloaded();
+    void SetLastModified(const COleDateTime& date);
     bool LoadListing();
     void ShowLastChecked() const;
     void ShowPublished() const;
@@ -50,8 +51,10 @@ private:
     CUpdateListing m_listing;
     Phase m_phase = Phase::checking;
     COleDateTime m_lastModified;
+    COleDateTime m_formerLastModified; // before the download
     COleDateTime m_pendingLastModified;
     bool m_hasHeader = false;
+    ULONGLONG m_received = 0;
     Expected m_expected;
 };
 

@@ -1,13 +1,14 @@
 #include "update/update_flow.h"
 
+#include <quorvel/frame/exception_text.h>
 #include <quorvel/frame/module.h>
 #include <quorvel/res/message_ids.h>
-#include <quorvel/system/temporary_file.h>
 #include <quorvel/update/check_for_updates_profile.h>
 #include <quorvel/util/text/validation.h>
 
 #include "net/http_field_values.h"
 #include "platform/win32.h"
+#include "system/temporary_file.h"
 
 #include <algorithm>
 #include <string_view>
@@ -112,8 +113,12 @@ bool UpdateFlow::PassesRules(CString& url) {
 
 bool UpdateFlow::Open(bool withFile) {
     auto transfer = std::make_unique<Transfer>();
-    if (withFile && !AfxGenerateTempFolderFileName(transfer->fileName))
+    if (const DWORD error = withFile ? NewTemporaryFile(transfer->fileName) : 0) {
+        CString cause;
+        AfxGetSystemErrorText(error, cause);
+        ShowMessage(kTextSystemError, MB_OK | MB_ICONSTOP, cause);
         return false;
+    }
     transfer->connection = m_source.NewConnection();
     if (const DWORD error = transfer->connection->Create()) {
         ReportSocketError(error);

@@ -1,10 +1,15 @@
 // An environment variable with another value for as long as the object lives; null removes it.
 #pragma once
 
+#include "support/platform.h"
+
 #include <cstdlib>
 #include <list>
 #include <string>
 #include <utility>
+
+// The one that names the folder for temporary files.
+inline constexpr const char* kTemporaryVariable = kOnLinux ? "TMPDIR" : "TMP";
 
 class EnvironmentVariable {
 public:

@@ -6,7 +6,6 @@
 #include "platform/win32.h"
 #include "support/environment.h"
 #include "support/message_box_recorder.h"
-#include "support/platform.h"
 #include "support/temporary_folder.h"
 #include "support/text.h"
 
@@ -14,12 +13,9 @@
 
 namespace {
 
-// What GetTempPathW reads.
-constexpr const char* kVariable = kOnLinux ? "TMPDIR" : "TMP";
-
 TEST(TemporaryFile, EachNameIsOfANewEmptyFileInTheTemporaryFolder) {
     const TemporaryFolder folder;
-    const EnvironmentVariable variable(kVariable, CStringA(folder.Path().GetString()));
+    const EnvironmentVariable variable(kTemporaryVariable, CStringA(folder.Path().GetString()));
     CString first, second;
     ASSERT_TRUE(AfxGenerateTempFolderFileName(first) && AfxGenerateTempFolderFileName(second));
     EXPECT_NE(first, second);
@@ -32,7 +28,8 @@ TEST(TemporaryFile, EachNameIsOfANewEmptyFileInTheTemporaryFolder) {
 
 TEST(TemporaryFile, AFolderThatTakesNoFileIsReported) {
     const TemporaryFolder folder;
-    const EnvironmentVariable variable(kVariable, CStringA(folder.Path(_T("none")).GetString()));
+    const EnvironmentVariable variable(kTemporaryVariable,
+                                       CStringA(folder.Path(_T("none")).GetString()));
     MessageBoxRecorder recorder;
     CString name = _T("marker");
     EXPECT_FALSE(AfxGenerateTempFolderFileName(name));

@@ -6,6 +6,7 @@
 #include "support/date_time.h"
 #include "support/registry.h"
 #include "support/text.h"
+#include "update/update_settings.h"
 
 #include <gtest/gtest.h>
 
@@ -46,11 +47,40 @@ TEST(CheckForUpdatesProfile, ValuesHaveTheirNamesKindsAndDefaults) {
     EXPECT_EQ(DaysAgo(3), AfxGetProfileCheckForUpdatesLastDismissed(path));
 }
 
-TEST(CheckForUpdatesProfile, ARemindersDaysAre0To90) {
-    const std::tuple<int, bool> rows[] = {
-        {-2147483647 - 1, false}, {-1, false}, {0, true}, {1, true}, {90, true}, {91, false}};
-    for (const auto& [days, valid] : rows)
-        EXPECT_EQ(valid, AfxIsValidCheckForUpdatesReminder(days) != FALSE) << days;
+TEST(CheckForUpdatesProfile, SettingsShowAReminderOf1To90Days) {
+    using namespace quorvel;
+    const TestKey key;
+    const CRegistryPath path(HKEY_CURRENT_USER, key.Path());
+    const struct {
+        int stored;
+        bool isValid, reminds;
+        int days, saved;
+    } rows[] = {{-2147483647 - 1, false, false, 30, 0},
+                {-1, false, false, 30, 0},
+                {0, true, false, 30, 0},
+                {1, true, true, 1, 1},
+                {90, true, true, 90, 90},
+                {91, false, true, 30, 30}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.stored);
+        EXPECT_EQ(row.isValid, AfxIsValidCheckForUpdatesReminder(row.stored) != FALSE);
+        AfxWriteProfileCheckForUpdatesReminder(path, row.stored);
+        const UpdateSettings settings = LoadUpdateSettings(path);
+        EXPECT_EQ(row.reminds, settings.reminds);
+        EXPECT_EQ(row.days, settings.days);
+        EXPECT_TRUE(SaveUpdateSettings(path, settings));
+        EXPECT_EQ(row.saved, AfxGetProfileCheckForUpdatesReminder(path));
+    }
+    EXPECT_FALSE(SaveUpdateSettings(CRegistryPath(), UpdateSettings()));
+    EXPECT_EQ(0u, ValidateUpdateUrl(_T("http://h/")));
+    EXPECT_EQ(21403u, ValidateUpdateUrl(_T("h")));
+    const std::tuple<const WCHAR*, UINT> texts[] = {{_T("1"), 0},     {_T("90"), 0},
+                                                    {_T("0"), 21401}, {_T("91"), 21401},
+                                                    {_T(""), 21401},  {_T("a day"), 21401}};
+    for (const auto& [days, fault] : texts) {
+        EXPECT_EQ(fault, ValidateReminderDays(true, days));
+        EXPECT_EQ(0u, ValidateReminderDays(false, days));
+    }
 }
 
 TEST(CheckForUpdatesProfile, AReminderIsDueDaysAfterTheCheckAndTheDismissal) {

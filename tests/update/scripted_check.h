@@ -171,8 +171,7 @@ public:
 // temporary files included.
 class CheckSurroundings {
 public:
-    CheckSurroundings()
-        : m_variable(kOnLinux ? "TMPDIR" : "TMP", CStringA(m_temporary.Path().GetString())) {
+    CheckSurroundings() : m_variable(kTemporaryVariable, CStringA(m_temporary.Path().GetString())) {
         AfxWriteProfileCheckForUpdatesURL(path, _T("http://host.example/updates.xml"));
     }
 

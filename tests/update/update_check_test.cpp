@@ -83,17 +83,14 @@ TEST_F(Check, ANewerListingIsDownloadedWhenTheUserWantsIt) {
     const UpdateRequest& request = source.m_last->m_request;
     EXPECT_EQ(_T("127.0.0.1/updates.xml"), request.url);
     EXPECT_TRUE(!request.headerOnly && request.port == 80 && request.receiveBufferSize == 128);
-    source.Answer(check, response, response.size() / 2);
+    source.Answer(check, response);
     const std::string all = std::to_string(response.size());
-    const std::string half = std::to_string(response.size() / 2);
     EXPECT_EQ("Connected to updates server. Downloading the latest updates...\n"
               "Downloaded 0 of " +
-                  all + " bytes (0%)\n" + "Downloaded " + half + " of " + all + " bytes (50%)\n" +
-                  (response.size() % 2 != 0 ? "Downloaded " + std::to_string(response.size() - 1) +
-                                                  " of " + all + " bytes (100%)\n"
-                                            : "") +
-                  "Downloaded " + all + " of " + all + " bytes (100%)\n" + "Downloaded " + all +
-                  " of " + all + " bytes (100%)\n2 entries\n",
+                  all +
+                  " bytes (0%)\n"
+                  "Downloaded " +
+                  all + " of " + all + " bytes (100%)\n2 entries\n",
               view.Take());
     EXPECT_EQ(kNew, LocalFile());
     EXPECT_EQ(kListed, LastModified());
@@ -315,8 +312,9 @@ TEST_F(Check, FilesThatFailAreNamedAndTheOldListingStays) {
                                Narrow(target) + "'.\r\n\r\n"));
     EXPECT_EQ(std::vector{View::resultFailed}, view.m_results);
 
+    EXPECT_EQ(COleDateTime(), LastModified()) << "to be offered again";
+
     source.m_now += COleDateTimeSpan(1.0);
-    AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
     BeginDownload();
     const CString temporary = source.m_last->m_request.localFile;
     source.m_last->Receive(Response(Length(kNew.size()), kNew));
@@ -326,6 +324,14 @@ TEST_F(Check, FilesThatFailAreNamedAndTheOldListingStays) {
               view.Take().find("(30) An error has occurred while opening the file '" +
                                Narrow(temporary) + "'.\r\n\r\n"));
     EXPECT_EQ(kOld, LocalFile());
+
+    source.m_now += COleDateTimeSpan(1.0);
+    const EnvironmentVariable noFolder(kTemporaryVariable, Narrow(folder.Path(_T("none"))).c_str());
+    ASSERT_TRUE(check.Check());
+    source.Answer(check, kHead);
+    EXPECT_NE(std::string::npos, view.Take().find("(10) A system error has occurred.\r\n\r\n"));
+    EXPECT_EQ(View::resultFailed, view.m_results.back());
+    EXPECT_FALSE(check.IsActive());
 }
 
 TEST_F(Check, CancellingEndsEveryPhaseInSilence) {

@@ -1,0 +1,37 @@
+#include "update/update_settings.h"
+
+#include <quorvel/res/message_ids.h>
+#include <quorvel/update/check_for_updates_profile.h>
+#include <quorvel/util/text/number.h>
+#include <quorvel/util/text/validation.h>
+
+namespace quorvel {
+
+UpdateSettings LoadUpdateSettings(const CRegistryPath& path) {
+    UpdateSettings settings;
+    settings.url = AfxGetProfileCheckForUpdatesURL(path);
+    const int days = AfxGetProfileCheckForUpdatesReminder(path);
+    settings.reminds = days >= UpdateSettings::kMinimumDays;
+    if (settings.reminds && AfxIsValidCheckForUpdatesReminder(days))
+        settings.days = days;
+    return settings;
+}
+
+bool SaveUpdateSettings(const CRegistryPath& path, const UpdateSettings& settings) {
+    const int days = settings.reminds ? settings.days : 0;
+    return AfxWriteProfileCheckForUpdatesURL(path, settings.url) &&
+           AfxWriteProfileCheckForUpdatesReminder(path, days);
+}
+
+UINT ValidateUpdateUrl(const WCHAR* url) {
+    return AfxIsValidURL(url) ? 0 : UINT{kTextFieldInvalidUrl};
+}
+
+UINT ValidateReminderDays(bool reminds, const WCHAR* days) {
+    constexpr int kDecimal = 10;
+    const bool isValid = !reminds || AfxIsValidNumber(days, UpdateSettings::kMinimumDays,
+                                                      UpdateSettings::kMaximumDays, kDecimal);
+    return isValid ? 0 : UINT{kTextFieldNumberRange};
+}
+
+} // namespace quorvel
