@@ -60,6 +60,16 @@ zip_fileinfo EntryMadeNow() {
     return entry;
 }
 
+// A device may have none.
+ULONGLONG LengthOf(const CFile& file) {
+    try {
+        return file.GetLength();
+    } catch (CException* exception) {
+        exception->Delete();
+        return 0;
+    }
+}
+
 int OpenEntry(void* zip, const WCHAR* name, int level, ULONGLONG size) {
     // The archive writer finds out too late, with part of the entry written.
     if (level < Z_DEFAULT_COMPRESSION || level > Z_BEST_COMPRESSION)
@@ -152,7 +162,7 @@ int AfxAddFileToZipFile(void* zip, const WCHAR* sourcePath, const WCHAR* nameInZ
     const BOOL opened =
         source.Open(sourcePath, CFile::modeRead | CFile::shareDenyWrite, &openError);
     int error = OpenEntry(zip, nameInZip != nullptr ? nameInZip : sourcePath, level,
-                          opened ? source.GetLength() : 0);
+                          opened ? LengthOf(source) : 0);
     if (error != ZIP_OK)
         return Fail(error, errorText);
     error = opened ? CopyIntoEntry(zip, source, errorText) : FailWith(&openError, errorText);

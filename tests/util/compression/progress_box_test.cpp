@@ -22,30 +22,24 @@ private:
 TEST(ProgressBox, ShowsEachStepOnceAndNeverPassesTheEnd) {
     constexpr ULONGLONG kHuge = 1ull << 63;
     const struct {
-        const char* label;
         ULONGLONG range;
         std::vector<ULONGLONG> amounts;
         std::vector<int> steps;
     } rows[] = {
-        {"in quarters", 4, {1, 1, 1, 1}, {0, 250, 500, 750, 1000}},
-        {"too small to see", 100000, {1, 1, 97, 1, 1}, {0, 1}},
-        {"past the end", 10, {9, 9, 9, ~0ull}, {0, 900, 1000}},
-        {"no range", 0, {5}, {0}},
-        {"64 bits", kHuge, {kHuge / 2, kHuge / 4, kHuge}, {0, 500, 750, 1000}},
+        {4, {1, 1, 1, 1}, {0, 250, 500, 750, 1000}},
+        {100000, {1, 1, 97, 1, 1}, {0, 1}}, // too small to see
+        {10, {9, 9, 9, ~0ull}, {0, 900, 1000}},
+        {0, {5}, {0}},
+        {kHuge, {kHuge / 2, kHuge / 4, kHuge}, {0, 500, 750, 1000}},
     };
     for (const auto& row : rows) {
         std::vector<int> steps;
         quorvel::ProgressBox box;
+        box.AdvanceBy(1); // nowhere yet
         ASSERT_TRUE(box.Create(std::make_unique<StepsNoted>(steps)));
         box.SetRange(row.range);
         for (const ULONGLONG amount : row.amounts)
             box.AdvanceBy(amount);
-        EXPECT_EQ(steps, row.steps) << row.label;
+        EXPECT_EQ(steps, row.steps) << row.range;
     }
-    quorvel::ProgressBox nowhere;
-    EXPECT_FALSE(nowhere.Create(nullptr));
-    nowhere.SetCaption(_T("a"));
-    nowhere.SetStatus(_T("b"));
-    nowhere.SetRange(2);
-    nowhere.AdvanceBy(1);
 }

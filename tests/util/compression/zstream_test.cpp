@@ -1,7 +1,7 @@
 #include <quorvel/util/compression/zstream.h>
 
 #include "support/message_box_recorder.h"
-#include "util/compression/bytes.h"
+#include "util/compression/test_file.h"
 
 #include <gtest/gtest.h>
 
@@ -12,23 +12,32 @@ namespace {
 constexpr UINT kAll = 0xffffffff;
 constexpr UINT kMarker = 0xdeadbeef;
 
-std::string Deflated(const std::string& bytes) {
-    CZStream stream;
-    EXPECT_TRUE(stream.DeflateInit(-1));
+std::string Deflated(CZStream& stream, const std::string& bytes, UINT firstRead = kAll,
+                     std::vector<UINT>* reads = nullptr) {
     TestFile source(bytes);
     TestFile destination;
     UINT written = kMarker;
-    EXPECT_EQ(stream.Deflate(source, kAll, destination, written), 1);
-    EXPECT_TRUE(stream.DeflateEnd());
-    const std::string packed = destination.Contents();
-    EXPECT_EQ(written, packed.size());
-    return packed;
+    EXPECT_TRUE(stream.DeflateInit(-1));
+    EXPECT_EQ(stream.Deflate(source, firstRead, destination, written), 1);
+    EXPECT_EQ(stream.DeflateEnd(), TRUE);
+    EXPECT_EQ(written, destination.GetLength());
+    if (reads != nullptr)
+        *reads = source.m_reads;
+    return destination.Contents();
+}
+std::string Inflated(CZStream& stream, const std::string& packed) {
+    TestFile source(packed);
+    TestFile destination;
+    UINT written = kMarker;
+    EXPECT_EQ(stream.InflateInit(), 0);
+    EXPECT_EQ(stream.Inflate(source, kAll, destination, written), 1);
+    EXPECT_EQ(stream.InflateEnd(), 0);
+    EXPECT_EQ(written, destination.GetLength());
+    return destination.Contents();
 }
 
 TEST(ZStream, TheTwoDirectionsReportDifferently) {
     CZStream stream;
-    EXPECT_EQ(stream.state, nullptr);
-    EXPECT_FALSE(stream.AreBuffersInitialized());
     EXPECT_EQ(stream.DeflateInit(9), TRUE);
     EXPECT_EQ(stream.DeflateEnd(), TRUE);
     EXPECT_EQ(stream.InflateInit(), Z_OK);
@@ -41,31 +50,24 @@ TEST(ZStream, TheTwoDirectionsReportDifferently) {
 TEST(ZStream, TheLimitHoldsForTheFirstReadOnly) {
     const std::string bytes = SomeText(100000);
     CZStream stream;
-    ASSERT_TRUE(stream.DeflateInit(6));
-    TestFile source(bytes);
-    TestFile destination;
-    UINT written = kMarker;
-    EXPECT_EQ(stream.Deflate(source, 100, destination, written), 1);
-    EXPECT_EQ(source.m_reads, (std::vector<UINT>{100, 32768, 32768, 32768, 32768, 32768}));
-    EXPECT_TRUE(stream.DeflateEnd());
-    EXPECT_EQ(written, destination.CMemFile::GetLength());
-    EXPECT_TRUE(Unpacked(destination.Contents(), bytes.size()) == bytes);
+    std::vector<UINT> reads;
+    const std::string packed = Deflated(stream, bytes, 100, &reads);
+    EXPECT_EQ(reads, (std::vector<UINT>{100, 32768, 32768, 32768, 32768, 32768}));
+    EXPECT_TRUE(Inflated(stream, packed) == bytes);
 }
 
 TEST(ZStream, AStreamIsReadInParts) {
     const std::string bytes = SomeText(200000);
-    const std::string packed = Packed(bytes);
+    CZStream stream;
+    const std::string packed = Deflated(stream, bytes);
     const UINT size = static_cast<UINT>(packed.size());
-    ASSERT_GT(size, 20000u);
     TestFile source(packed + "more");
     TestFile destination;
-    CZStream stream;
     ASSERT_EQ(stream.InflateInit(), 0);
     UINT written = kMarker;
     EXPECT_EQ(stream.Inflate(source, 10000, destination, written), 0);
     EXPECT_EQ(written, 0u);
     EXPECT_EQ(source.m_reads, (std::vector<UINT>{8192, 10000 - 8192, 0}));
-    EXPECT_EQ(stream.Inflate(source, 0, destination, written), 0);
     EXPECT_EQ(stream.Inflate(source, size - 10001, destination, written), 0);
     EXPECT_EQ(stream.Inflate(source, 3, destination, written), 1);
     EXPECT_EQ(written, bytes.size());
@@ -76,98 +78,60 @@ TEST(ZStream, AStreamIsReadInParts) {
 
 TEST(ZStream, AnySizesOfBuffersServe) {
     const std::string bytes = SomeText(3000);
-    const struct {
-        UINT compressed;
-        UINT uncompressed;
-    } rows[] = {{1, 1}, {1, 4096}, {4096, 1}, {7, 13}, {100000, 100000}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.compressed);
-        CZStream stream;
-        ASSERT_TRUE(stream.InitializeBuffers(row.compressed, row.uncompressed));
-        ASSERT_TRUE(stream.DeflateInit(6));
-        TestFile plain(bytes);
-        TestFile packed;
-        UINT written;
-        EXPECT_EQ(stream.Deflate(plain, kAll, packed, written), 1);
-        EXPECT_TRUE(stream.DeflateEnd());
-        packed.SeekToBegin();
-        ASSERT_EQ(stream.InflateInit(), 0);
-        TestFile again;
-        EXPECT_EQ(stream.Inflate(packed, kAll, again, written), 1);
-        EXPECT_EQ(stream.InflateEnd(), 0);
-        EXPECT_EQ(again.Contents(), bytes);
-    }
+    const UINT rows[][2] = {{1, 1}, {1, 4096}, {4096, 1}, {7, 13}, {100000, 100000}};
     CZStream stream;
     EXPECT_FALSE(stream.InitializeBuffers(0, 1));
     EXPECT_FALSE(stream.InitializeBuffers(1, 0));
     EXPECT_FALSE(stream.AreBuffersInitialized());
-    EXPECT_TRUE(stream.InitializeBuffers(1, 1));
-    EXPECT_TRUE(stream.AreBuffersInitialized());
+    for (const auto& [compressed, uncompressed] : rows) {
+        SCOPED_TRACE(compressed);
+        ASSERT_TRUE(stream.InitializeBuffers(compressed, uncompressed));
+        EXPECT_TRUE(stream.AreBuffersInitialized());
+        EXPECT_EQ(Inflated(stream, Deflated(stream, bytes)), bytes);
+    }
 }
 
 TEST(ZStream, CopiesShareTheBuffersUntilTheLastIsGone) {
-    const std::string bytes = SomeText(5000);
     std::optional<CZStream> first(std::in_place);
     ASSERT_TRUE(first->InitializeBuffers(100, 100));
     first->total_out = 77;
-    CZStream copy(*first);
-    CZStream assigned;
-    assigned = copy;
+    CZStream copy;
+    copy = CZStream(*first);
     first.reset();
     EXPECT_TRUE(copy.AreBuffersInitialized());
-    EXPECT_TRUE(assigned.AreBuffersInitialized());
-    EXPECT_EQ(assigned.total_out, 77u);
-
-    ASSERT_EQ(assigned.InflateInit(), 0);
-    EXPECT_EQ(CZStream(assigned).InflateEnd(), Z_STREAM_ERROR); // zlib knows the object itself
-    TestFile source(Packed(bytes));
-    TestFile destination;
-    UINT written;
-    EXPECT_EQ(assigned.Inflate(source, kAll, destination, written), 1);
-    EXPECT_EQ(assigned.InflateEnd(), 0);
-    EXPECT_EQ(source.m_reads[0], 100u);
-    EXPECT_EQ(destination.Contents(), bytes);
+    EXPECT_EQ(copy.total_out, 77u);
+    ASSERT_EQ(copy.InflateInit(), 0);
+    EXPECT_EQ(CZStream(copy).InflateEnd(), Z_STREAM_ERROR); // zlib knows the object itself
+    EXPECT_EQ(copy.InflateEnd(), 0);
+    std::vector<UINT> reads;
+    EXPECT_EQ(Inflated(copy, Deflated(copy, SomeText(5000), kAll, &reads)), SomeText(5000));
+    EXPECT_EQ(reads[0], 100u);
 }
 
 // And quietly so; the object serves again afterwards.
 TEST(ZStream, FailuresReturnZero) {
     MessageBoxRecorder recorder;
     const std::string bytes = RandomBytes(100000);
-    const std::string packed = Deflated(bytes);
     CZStream stream;
     UINT written = kMarker;
     TestFile empty;
-    TestFile atEnd("abc");
     TestFile destination;
-    atEnd.SeekToEnd();
-    EXPECT_EQ(stream.Deflate(empty, kAll, destination, written), 0);
-    EXPECT_EQ(written, 0u);
-    EXPECT_EQ(stream.Deflate(atEnd, kAll, destination, written), 0);
     TestFile plain(bytes);
     EXPECT_EQ(stream.Deflate(plain, kAll, destination, written), 0); // never initialised
     EXPECT_EQ(stream.Inflate(plain, kAll, destination, written), 0);
-    EXPECT_TRUE(destination.Contents().empty());
-
+    EXPECT_EQ(written, 0u);
+    const std::string packed = Deflated(stream, bytes);
+    EXPECT_EQ(stream.Deflate(empty, kAll, destination, written), 0);
     for (const ThrowRow& row : kThrown)
-        for (auto TestFile::*event : {&TestFile::m_onRead, &TestFile::m_onWrite}) {
-            SCOPED_TRACE(row.label);
-            for (const bool deflating : {true, false}) {
-                TestFile source(deflating ? bytes : packed);
-                (event == &TestFile::m_onWrite ? destination : source).*event = row.throwIt;
-                ASSERT_TRUE(deflating ? stream.DeflateInit(1) : stream.InflateInit() == 0);
-                written = kMarker;
-                EXPECT_EQ(deflating ? stream.Deflate(source, kAll, destination, written)
-                                    : stream.Inflate(source, kAll, destination, written),
-                          0);
-                EXPECT_EQ(written, 0u);
-                if (deflating)
-                    EXPECT_EQ(stream.DeflateEnd(), event == &TestFile::m_onRead); // not begun
-                else
-                    EXPECT_EQ(stream.InflateEnd(), 0);
-                destination.m_onWrite = nullptr;
-            }
+        for (const bool reading : {true, false}) {
+            TestFile source(bytes);
+            TestFile target;
+            (reading ? source.m_onRead : target.m_onWrite) = row.throwIt;
+            ASSERT_TRUE(stream.DeflateInit(1));
+            EXPECT_EQ(stream.Deflate(source, kAll, target, written = kMarker), 0);
+            EXPECT_EQ(written, 0u);
+            EXPECT_EQ(stream.DeflateEnd(), reading); // FALSE: begun, and not finished
         }
-
     for (const std::string& bad : {"\x78\x9d" + packed.substr(2), std::string("x"),
                                    std::string("\x78\xbb\x00\x01\x00\x01\x4b\x04", 8)}) {
         TestFile source(bad);
@@ -175,12 +139,7 @@ TEST(ZStream, FailuresReturnZero) {
         EXPECT_EQ(stream.Inflate(source, kAll, destination, written), 0);
         EXPECT_EQ(stream.InflateEnd(), 0);
     }
-    TestFile good(packed);
-    TestFile again;
-    ASSERT_EQ(stream.InflateInit(), 0); // and forgets what is left of the bad ones
-    EXPECT_EQ(stream.Inflate(good, kAll, again, written), 1);
-    EXPECT_EQ(stream.InflateEnd(), 0);
-    EXPECT_TRUE(again.Contents() == bytes);
+    EXPECT_TRUE(Inflated(stream, packed) == bytes); // what is left of the bad ones is forgotten
     EXPECT_TRUE(recorder.Take().empty());
 }
 

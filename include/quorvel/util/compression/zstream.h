@@ -16,8 +16,7 @@ class CFile;
 
 class QUORVEL_API CZStream : public z_stream {
 public:
-    static constexpr UINT DEFAULT_BUFFER_COMPRESSED_SIZE = 8192;
-    static constexpr UINT DEFAULT_BUFFER_UNCOMPRESSED_SIZE = 32768;
+    enum : UINT { DEFAULT_BUFFER_COMPRESSED_SIZE = 8192, DEFAULT_BUFFER_UNCOMPRESSED_SIZE = 32768 };
 
     CZStream(); // every field of zlib's is 0, and there are no buffers
     CZStream(const CZStream& other);

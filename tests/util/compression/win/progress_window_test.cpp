@@ -5,7 +5,7 @@
 
 #include "support/text.h"
 #include "support/window_driver.h"
-#include "util/compression/bytes.h"
+#include "util/compression/test_file.h"
 
 #include <gtest/gtest.h>
 
@@ -64,15 +64,6 @@ TEST(ProgressWindow, LiesOverTheMainWindowForAsLongAsTheWorkLasts) {
     EXPECT_EQ(seen.owner, main.m_hWnd);
     EXPECT_TRUE(seen.enabledOwner); // it is modeless
     EXPECT_EQ(seen.positions, (std::vector<LRESULT>{0, 250, 500, 750, 1000}));
-
-    TestFile stream(Packed(RandomBytes(100)));
-    TestFile destination;
-    Seen inflating;
-    stream.m_onRead = [&] { Look(inflating); };
-    DWORD bytesRead;
-    DWORD bytesWritten;
-    EXPECT_TRUE(AfxInflate(stream, bytesRead, destination, bytesWritten, TRUE, _T(""), _T("")));
-    EXPECT_EQ(inflating.status, _T("Inflating data. Please wait."));
 }
 
 TEST(ProgressWindow, NeedsNoMainWindowAndHasAStatusOfItsOwn) {

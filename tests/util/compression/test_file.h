@@ -1,0 +1,66 @@
+// What the tests of compression share: data, and files in memory that can be told to throw.
+#pragma once
+
+#include <quorvel/framework/file.h>
+
+#include <functional>
+#include <new>
+#include <random>
+#include <string>
+#include <vector>
+
+// It shrinks to about half.
+inline std::string SomeText(std::size_t size) {
+    std::string text;
+    for (unsigned i = 0; text.size() < size; ++i)
+        text += std::to_string(i * 2654435761u) + ' ';
+    text.resize(size);
+    return text;
+}
+inline std::string RandomBytes(std::size_t size) {
+    std::mt19937 random(1);
+    std::string bytes(size, '\0');
+    for (char& next : bytes)
+        next = static_cast<char>(random());
+    return bytes;
+}
+
+// A file in memory, at its start, that notes how it is read.
+class TestFile : public CMemFile {
+public:
+    explicit TestFile(const std::string& bytes = {}) {
+        CMemFile::Write(bytes.data(), static_cast<UINT>(bytes.size()));
+        SeekToBegin();
+    }
+    UINT Read(void* buffer, UINT count) override {
+        m_reads.push_back(count);
+        m_onRead();
+        return CMemFile::Read(buffer, count);
+    }
+    void Write(const void* buffer, UINT count) override {
+        CMemFile::Write(buffer, count);
+        m_onWrite();
+    }
+    std::string Contents() {
+        SeekToBegin();
+        std::string bytes(static_cast<std::size_t>(GetLength()), '\0');
+        CMemFile::Read(bytes.data(), static_cast<UINT>(bytes.size()));
+        return bytes;
+    }
+
+    std::vector<UINT> m_reads; // the counts that were asked for
+    std::function<void()> m_onRead = [] {};
+    std::function<void()> m_onWrite = [] {}; // after it
+};
+
+// What files may throw, and the text that is shown of it.
+struct ThrowRow {
+    void (*throwIt)();
+    const WCHAR* text;
+};
+inline const ThrowRow kThrown[] = {
+    {[] { AfxThrowFileException(CFileException::diskFull); }, _T("The disk is full.")},
+    {[] { AfxThrowMemoryException(); }, _T("Out of memory.")},
+    {[] { throw std::bad_alloc(); }, _T("Not enough memory to perform the operation.")},
+    {[] { throw 7; }, _T("Unknown compression error.")},
+};
