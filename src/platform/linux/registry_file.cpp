@@ -26,7 +26,7 @@ constexpr char kTables[] =
 
 // In the order of RegistrySql. A value is written by one statement that looks for its key as well:
 // alone, it is its own transaction and takes the writer's place at its start as BEGIN IMMEDIATE
-// does. A blob that is not asked for is not read, only its length.
+// does. Of a blob that is not asked for only the length is read.
 constexpr const char* kStatements[] = {
     "BEGIN",
     "BEGIN IMMEDIATE",
@@ -38,10 +38,9 @@ constexpr const char* kStatements[] = {
     "SELECT 1 FROM keys WHERE parent = ?1 LIMIT 1",
     "DELETE FROM keys WHERE id = ?1",
     "SELECT fold, name FROM keys WHERE parent = ?1 AND fold >= ?2 ORDER BY fold LIMIT 1 OFFSET ?3",
-    "SELECT kind, length(data), CASE WHEN length(data) <= ?3 THEN data END FROM entries"
-    " WHERE owner = ?1 AND fold = ?2",
-    "INSERT INTO entries(owner, fold, name, kind, data) SELECT ?1, ?2, ?3, ?4, ?5"
-    " WHERE EXISTS(SELECT 1 FROM keys WHERE id = ?1)"
+    "SELECT kind, length(data) FROM entries WHERE owner = ?1 AND fold = ?2",
+    "SELECT kind, data FROM entries WHERE owner = ?1 AND fold = ?2",
+    "INSERT INTO entries VALUES((SELECT id FROM keys WHERE id = ?1), ?2, ?3, ?4, ?5)"
     " ON CONFLICT(owner, fold) DO UPDATE SET kind = excluded.kind, data = excluded.data",
     "DELETE FROM entries WHERE owner = ?1 AND fold = ?2",
     "DELETE FROM entries WHERE owner = ?1",
@@ -163,7 +162,11 @@ DWORD RegistryFile::Inspect(bool mayCreate) {
         return ERROR_REVISION_MISMATCH;
     if (const DWORD error = CheckTables())
         return error;
-    if (const DWORD error = Execute("PRAGMA synchronous = NORMAL; PRAGMA cell_size_check = ON"))
+    // The log grows to 16 MB before it is merged: with many values each write is to another page,
+    // and merging the log often would write nearly every one of them twice.
+    constexpr char kSettings[] = "PRAGMA synchronous = NORMAL; PRAGMA wal_autocheckpoint = 4000;"
+                                 "PRAGMA cache_size = -16384; PRAGMA cell_size_check = ON";
+    if (const DWORD error = Execute(kSettings))
         return error;
     if (IsWritable())
         if (const DWORD error = Execute("PRAGMA journal_mode = WAL"))
@@ -193,12 +196,12 @@ DWORD RegistryFile::CreateTables() {
     std::string tables = kTables;
     const std::string sequence = "CREATE TABLE sqlite_sequence(name,seq);"; // SQLite makes it
     tables.erase(tables.find(sequence), sequence.size());
-    // 46 random bits: such an id takes six bytes in a record.
+    // Below 2^31, so that an id takes four bytes in a record.
     const std::string sql =
         "PRAGMA journal_mode = WAL; BEGIN IMMEDIATE; " + tables +
         "; INSERT INTO keys VALUES(1, 0, x'01', x''), (2, 0, x'02', x''), (3, 0, x'03', x''),"
         " (4, 0, x'04', x''), (5, 0, x'05', x'');"
-        "UPDATE sqlite_sequence SET seq = (random() & 0x3fffffffffff) | 0x1000000;"
+        "UPDATE sqlite_sequence SET seq = (random() & 0x3fffffff) | 0x1000000;"
         "PRAGMA application_id = " +
         std::to_string(kApplicationId) + "; PRAGMA user_version = " + std::to_string(kVersion) +
         "; COMMIT";
@@ -235,6 +238,7 @@ DWORD RegistryFile::ErrorOf(int result) const {
     static constexpr Row kRows[] = {
         {SQLITE_IOERR_NOMEM, ERROR_NOT_ENOUGH_MEMORY},
         {SQLITE_IOERR_CORRUPTFS, ERROR_REGISTRY_CORRUPT},
+        {SQLITE_CONSTRAINT_NOTNULL, ERROR_KEY_DELETED}, // a value without an owner
         {SQLITE_OK, ERROR_SUCCESS},
         {SQLITE_ROW, ERROR_SUCCESS},
         {SQLITE_DONE, ERROR_SUCCESS},

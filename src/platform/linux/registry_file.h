@@ -3,10 +3,9 @@
 //   keys      id, parent, fold, name              the roots have ids 1 to 5 and no parent (0)
 //   entries   owner, fold, name, kind, data       the values
 //
-// Names are UTF-16 as they were first written. `fold` is the name without case, the high byte of
-// each unit first, so that the order of the bytes is that of the names. An id is never given twice,
-// and the first one is a random number: that of a deleted key, or of a key in another file, finds
-// nothing.
+// A name is as it was first written, `fold` is the name without case; both are bytes in the order
+// of the UTF-16 units. An id is never given twice, and the first one is a random number: that of a
+// deleted key, or of a key in another file, finds nothing.
 //
 // The journal is a write-ahead log that is synchronised when it is merged into the database
 // (synchronous=NORMAL). What a process has committed is there for all others even when it is
@@ -35,8 +34,9 @@ enum class RegistrySql {
     HasKeys,   // parent
     RemoveKey, // id
     KeyFrom,   // parent, first fold, offset: fold, name
-    Read,      // owner, fold, capacity (-1 for none): kind, size, data where it fits
-    Write,     // owner, fold, name, kind, data: changes nothing where there is no owner
+    ReadSize,  // owner, fold: kind, size
+    Read,      // owner, fold: kind, data
+    Write,     // owner, fold, name, kind, data: ERROR_KEY_DELETED where there is no owner
     Remove,    // owner, fold
     RemoveAll, // owner
     ValueFrom, // owner, first fold, offset, capacity: fold, name, kind, size, data where it fits

@@ -3,6 +3,10 @@
 #include "platform/case_fold.h"
 #include "platform/linux/registry_place.h"
 
+#include <time.h>
+
+#include <utility>
+
 namespace quorvel {
 
 namespace {
@@ -12,23 +16,54 @@ constexpr std::size_t kLongestName = 16'383;
 constexpr int kDeepestKey = 512;
 constexpr std::size_t kLargestValue = 1'000'000'000; // SQLite's own limit
 
-void FoldName(std::u16string_view name, std::string& fold) {
-    fold.resize(2 * name.size());
-    char* out = fold.data();
+// Every unit for itself as in UTF-8, so that halves of pairs may be names and the bytes have the
+// order of the units.
+template <class Map>
+void EncodeName(std::u16string_view name, std::string& bytes, Map map) {
+    bytes.resize(3 * name.size());
+    char* out = bytes.data();
     for (const char16_t unit : name) {
-        const char16_t folded = FoldCase(unit);
-        *out++ = static_cast<char>(folded >> 8);
-        *out++ = static_cast<char>(folded);
+        const unsigned mapped = map(unit);
+        if (mapped < 0x80) {
+            *out++ = static_cast<char>(mapped);
+            continue;
+        }
+        if (mapped < 0x800) {
+            *out++ = static_cast<char>(0xc0 | mapped >> 6);
+        } else {
+            *out++ = static_cast<char>(0xe0 | mapped >> 12);
+            *out++ = static_cast<char>(0x80 | (mapped >> 6 & 0x3f));
+        }
+        *out++ = static_cast<char>(0x80 | (mapped & 0x3f));
     }
+    bytes.resize(static_cast<std::size_t>(out - bytes.data()));
 }
 
-std::string_view BytesOf(std::u16string_view name) {
-    return std::string_view(reinterpret_cast<const char*>(name.data()), 2 * name.size());
+void FoldName(std::u16string_view name, std::string& bytes) {
+    EncodeName(name, bytes, [](char16_t unit) { return FoldCase(unit); });
 }
 
-void AssignName(std::u16string& name, std::string_view bytes) {
-    name.resize(bytes.size() / 2);
-    bytes.copy(reinterpret_cast<char*>(name.data()), 2 * name.size());
+void EncodeName(std::u16string_view name, std::string& bytes) {
+    EncodeName(name, bytes, [](char16_t unit) { return unit; });
+}
+
+// Of bytes that no name of ours has, the result is some text that is not longer.
+std::u16string DecodeName(std::string_view bytes) {
+    std::u16string name;
+    for (std::size_t i = 0; i < bytes.size();) {
+        const auto next = [&]() -> unsigned {
+            return i < bytes.size() ? static_cast<unsigned char>(bytes[i++]) : 0u;
+        };
+        unsigned unit = next();
+        if (unit >= 0xe0)
+            unit = (unit & 0x0f) << 12 | (next() & 0x3f) << 6;
+        else if (unit >= 0xc0)
+            unit = (unit & 0x1f) << 6;
+        if (unit >= 0x80)
+            unit |= next() & 0x3f;
+        name += static_cast<char16_t>(unit);
+    }
+    return name;
 }
 
 // The parts of a path; empty ones, as between two backslashes, do not count.
@@ -64,13 +99,11 @@ private:
     const DWORD m_error;
 };
 
-// The columns kind, size and data from `first` on.
-DWORD TakeValue(const RegistryQuery& row, int first, RegistryValue& value) {
-    value.kind = static_cast<DWORD>(row.Number(first));
-    value.size = row.Number(first + 1);
+// Copies what fits the buffer.
+DWORD TakeData(const RegistryQuery& row, int column, RegistryValue& value) {
     if (!value.Fits())
         return ERROR_SUCCESS;
-    const std::string_view data = row.Bytes(first + 2);
+    const std::string_view data = row.Bytes(column);
     if (static_cast<std::int64_t>(data.size()) != value.size)
         return ERROR_REGISTRY_CORRUPT; // no blob
     data.copy(reinterpret_cast<char*>(value.buffer), data.size());
@@ -92,6 +125,13 @@ Start StartOf(const RegistryCursor& cursor, DWORD index) {
 
 } // namespace
 
+bool RegistryStore::LastCheck::IsOver() {
+    timespec now;
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    const std::int64_t tick = now.tv_sec * 20 + now.tv_nsec / 50'000'000;
+    return std::exchange(m_tick, tick) != tick;
+}
+
 template <class Operation>
 DWORD RegistryStore::Run(Access access, const RegistryKey& key, Operation operation) {
     const std::lock_guard lock(m_mutex);
@@ -107,7 +147,7 @@ DWORD RegistryStore::Run(Access access, const RegistryKey& key, Operation operat
 }
 
 DWORD RegistryStore::Prepare(Access access) {
-    if (m_file.IsOpen() && !m_file.IsInPlace())
+    if (m_file.IsOpen() && (access != Access::Read || m_lastCheck.IsOver()) && !m_file.IsInPlace())
         m_file.Close();
     if (!m_file.IsOpen()) {
         std::string path = m_path;
@@ -166,7 +206,8 @@ DWORD RegistryStore::AddMissing(const RegistryKey& parent, const Parts& parts, R
             continue;
         if (error != ERROR_FILE_NOT_FOUND)
             return error;
-        RegistryQuery add(m_file, RegistrySql::AddKey, above, m_fold, BytesOf(part));
+        EncodeName(part, m_name);
+        RegistryQuery add(m_file, RegistrySql::AddKey, above, m_fold, m_name);
         if (!add.Next())
             return add.Error();
         place.id = add.Number(0);
@@ -257,7 +298,7 @@ DWORD RegistryStore::KeyAt(const RegistryKey& parent, DWORD index, RegistryCurso
             return query.Error() != ERROR_SUCCESS ? query.Error()
                                                   : RequireKey(parent, ERROR_NO_MORE_ITEMS);
         cursor = {index, std::string(query.Bytes(0))};
-        AssignName(name, query.Bytes(1));
+        name = DecodeName(query.Bytes(1));
         return DWORD{ERROR_SUCCESS};
     });
     return error == ERROR_FILE_NOT_FOUND ? ERROR_NO_MORE_ITEMS : error; // no file, no keys
@@ -266,11 +307,15 @@ DWORD RegistryStore::KeyAt(const RegistryKey& parent, DWORD index, RegistryCurso
 DWORD RegistryStore::Read(const RegistryKey& key, std::u16string_view name, RegistryValue& value) {
     return Run(Access::Read, key, [&] {
         FoldName(name, m_fold);
-        RegistryQuery query(m_file, RegistrySql::Read, key.id, m_fold, value.capacity);
-        if (query.Next())
-            return TakeValue(query, 0, value);
-        return query.Error() != ERROR_SUCCESS ? query.Error()
-                                              : RequireKey(key, ERROR_FILE_NOT_FOUND);
+        const bool wantsData = value.buffer != nullptr;
+        RegistryQuery query(m_file, wantsData ? RegistrySql::Read : RegistrySql::ReadSize, key.id,
+                            m_fold);
+        if (!query.Next())
+            return query.Error() != ERROR_SUCCESS ? query.Error()
+                                                  : RequireKey(key, ERROR_FILE_NOT_FOUND);
+        value.kind = static_cast<DWORD>(query.Number(0));
+        value.size = wantsData ? std::int64_t(query.Bytes(1).size()) : query.Number(1);
+        return TakeData(query, 1, value);
     });
 }
 
@@ -282,12 +327,10 @@ DWORD RegistryStore::Write(const RegistryKey& key, std::u16string_view name, DWO
         return ERROR_NO_SYSTEM_RESOURCES;
     return Run(Access::Create, key, [&] {
         FoldName(name, m_fold);
-        const DWORD error = RegistryQuery(m_file, RegistrySql::Write, key.id, m_fold, BytesOf(name),
-                                          std::int64_t{kind}, data)
-                                .Run();
-        if (error != ERROR_SUCCESS)
-            return error;
-        return m_file.Changes() > 0 ? ERROR_SUCCESS : ERROR_KEY_DELETED;
+        EncodeName(name, m_name);
+        return RegistryQuery(m_file, RegistrySql::Write, key.id, m_fold, m_name, std::int64_t{kind},
+                             data)
+            .Run();
     });
 }
 
@@ -311,8 +354,10 @@ DWORD RegistryStore::ValueAt(const RegistryKey& key, DWORD index, RegistryCursor
             return query.Error() != ERROR_SUCCESS ? query.Error()
                                                   : RequireKey(key, ERROR_NO_MORE_ITEMS);
         cursor = {index, std::string(query.Bytes(0))};
-        AssignName(name, query.Bytes(1));
-        return TakeValue(query, 2, value);
+        name = DecodeName(query.Bytes(1));
+        value.kind = static_cast<DWORD>(query.Number(2));
+        value.size = query.Number(3);
+        return TakeData(query, 4, value);
     });
     return error == ERROR_FILE_NOT_FOUND ? ERROR_NO_MORE_ITEMS : error; // no file, no values
 }

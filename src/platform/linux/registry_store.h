@@ -67,6 +67,16 @@ private:
     typedef std::vector<std::u16string_view> Parts;
     enum class Access { Read, Change, Create };
 
+    // Whether the file has been replaced costs a system call, a fifth of a read. A write asks each
+    // time; a read at most every 50 ms: it then tells what was true a moment ago.
+    class LastCheck {
+    public:
+        bool IsOver();
+
+    private:
+        std::int64_t m_tick = 0;
+    };
+
     template <class Operation>
     DWORD Run(Access access, const RegistryKey& key, Operation operation);
     DWORD Prepare(Access access);
@@ -79,7 +89,9 @@ private:
     std::mutex m_mutex; // guards all of the below
     const std::string m_path;
     RegistryFile m_file;
-    std::string m_fold; // of the name at hand, kept for its room
+    std::string m_fold; // of the name at hand, as the next kept for its room
+    std::string m_name;
+    LastCheck m_lastCheck;
 };
 
 } // namespace quorvel
