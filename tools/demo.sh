@@ -1,6 +1,6 @@
 #!/bin/sh
-# demo.sh: runs the tour, the XML tool and the packer as Linux and as Windows programs on the same files and
-# compares what the two print. Fails where they differ.
+# demo.sh: runs the tour, the XML tool, the packer and the settings tool as Linux and as Windows programs on
+# the same files and compares what the two print. Fails where they differ.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
@@ -11,7 +11,7 @@ demo=$root/build/demo
 mkdir -p "$root/build"
 for preset in linux-debug "$windows"; do
     say "demo: building $preset"
-    build_preset "$preset" tour xmltool pack quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
+    build_preset "$preset" tour xmltool pack settings quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
         tail -n 30 "$root/build/demo-$preset.log" >&2
         die "$preset does not build, see build/demo-$preset.log"
     }
@@ -38,7 +38,7 @@ cp "$root/examples/data/updates.xml" "$demo"
 # programs FOLDER SUFFIX [RUNNER]: runs them all; what they print are a few texts and a listing, which
 # is looked at, changed and taken through another encoding.
 programs() {
-    tour=$1/tour$2 xmltool=$1/xmltool$2 pack=$1/pack$2
+    tour=$1/tour$2 xmltool=$1/xmltool$2 pack=$1/pack$2 settings=$1/settings$2
     shift 2
     "$@" "$tour" --lang-dir languages ./*.dll || return
     printf '\n== An update listing\n'
@@ -54,13 +54,25 @@ programs() {
     printf '\n== Packed\n'
     "$@" "$pack" deflate updates.xml updates.z || return
     "$@" "$pack" inflate updates.z unpacked.xml || return
-    "$@" "$pack" zip updates.xml updates.zip
+    "$@" "$pack" zip updates.xml updates.zip || return
+    printf '\n== Settings\n'
+    key='HKCU\Software\Quorvel demo'
+    "$@" "$settings" set "$key" Language 'Français' || return
+    "$@" "$settings" set "$key\Columns" Width 120 --type dword || return
+    "$@" "$settings" list "$key" || return
+    "$@" "$settings" export "$key" settings.reg || return
+    cksum <settings.reg
+    "$@" "$settings" remove "$key" || return
+    "$@" "$settings" import "$key" settings.reg || return
+    "$@" "$settings" export "$key" || return
+    "$@" "$settings" remove "$key"
 }
 
 # The folder is the current one, and locale and time zone are fixed: the output has no reason to differ.
 cd "$demo"
 export WINERUN_LOCALE=C.UTF-8 WINERUN_TZ=Europe/Berlin
-programs "$root/build/linux-debug/bin" "" env LC_ALL=$WINERUN_LOCALE TZ=$WINERUN_TZ >linux.txt ||
+programs "$root/build/linux-debug/bin" "" env LC_ALL=$WINERUN_LOCALE TZ=$WINERUN_TZ \
+    QUORVEL_REGISTRY="$demo/registry.db" >linux.txt ||
     die "a Linux program failed ($?)"
 case $windows in win64) export WINERUN_ARCH=win64 ;; esac
 programs "$root/build/$windows/bin" .exe "$root/tools/winerun.sh" >windows.raw ||

@@ -1,0 +1,33 @@
+// What the program does with the registry. Every operation throws Failure.
+#pragma once
+
+#include "reg_text.h"
+
+#include <quorvel/system/registry_path.h>
+
+// The exit codes of the program.
+enum ExitCode { exitDone = 0, exitNotFound = 1, exitFailed = 2 };
+
+// What ends the program: one line for the user.
+struct Failure {
+    ExitCode code;
+    CString text;
+};
+
+// "HKCU\Software\Name" or "HKEY_CURRENT_USER\Software\Name" as a path and back, with the long name.
+CRegistryPath ParsePath(const CString& text);
+CString TextOf(const CRegistryPath& path);
+
+// The keys and values directly below a key.
+std::vector<Wide> ReadKeyNames(const CRegistryPath& path);
+std::vector<RegValue> ReadValues(const CRegistryPath& path);
+RegValue ReadValue(const CRegistryPath& path, const CString& name);
+// The key and all below it.
+void ReadTree(const CRegistryPath& path, std::vector<RegKey>& keys);
+
+void WriteValue(const CRegistryPath& path, const RegValue& value);
+void RemoveValue(const CRegistryPath& path, const CString& name);
+// With all below it.
+void RemoveKey(const CRegistryPath& path);
+// Does what a .reg text says. One that names a key not at or below the path does nothing.
+void Apply(const CRegistryPath& path, const std::vector<RegKey>& keys);

@@ -1,0 +1,146 @@
+#!/usr/bin/env python3
+"""Runs settings with tables of command lines, one after another on one key.
+
+    settings_test.py [LAUNCHER...] PROGRAM
+
+{P} in an argument, in what is read and in what is expected stands for a key of this run alone.
+"""
+
+import os
+import subprocess
+import sys
+import tempfile
+import uuid
+
+P = "HKEY_CURRENT_USER\\Software\\Quorvel tests\\" + uuid.uuid4().hex
+HEADER = "Windows Registry Editor Version 5.00\r\n"
+LONG = bytes(range(60))
+
+EXPORT = HEADER + (
+    '\r\n[{P}]\r\n@="the default"\r\n"b"=hex:01,ff\r\n"d"=dword:fffffffe\r\n"empty"=hex:\r\n'
+    '"q"=hex(b):f0,de,bc,9a,78,56,34,12\r\n"quoted \\"\\\\\\""="a \\"\\\\\\""\r\n"text"="größe €"\r\n'
+    "\r\n[{P}\\a]\r\n\r\n[{P}\\a\\b]\r\n"
+    '"lines"=hex(1):61,00,0a,00,62,00,00,00\r\n'
+    '"long"=hex:' + "".join(f"{byte:02x}," for byte in LONG[:22]) + "\\\r\n  "
+    + "".join(f"{byte:02x}," for byte in LONG[22:47]) + "\\\r\n  "
+    + ",".join(f"{byte:02x}" for byte in LONG[47:]) + "\r\n"
+)
+# The same, as other programs may write it.
+LOOSE = (
+    "\r\n" + HEADER.replace("\r\n", "\n") + "; a comment\n\n [{P}] \n @ = \"the default\" \n\"b\"=hex:1,FF\n"
+    '"d"=dword:FFFFFFFE\r"empty"=hex:\r"q"=hex(B):f0,de,bc,9a,\\\n  78 , 56,34,12\n"gone"=-\n'
+    '"quoted \\"\\\\\\""="a \\"\\\\\\""\n"text"="größe €"\n[{P}\\A\\B]\n"lines"=hex(1):61,00,0a,00,62,00,00,00\n'
+    '"long"=hex:' + ",\\\n".join(f"{byte:02x}" for byte in LONG) + "\n[-{P}\\none]"
+)
+FAULTS = [
+    ("", 1, "the header is missing"),
+    ("REGEDIT4\n", 1, "not a registry file of version 5"),
+    ("{H}\n\"a\"=\"b\"", 3, "a value that belongs to no key"),
+    ("{H}[{P}\n", 2, "a key that has no end"),
+    ("{H}[{P}]\n\"a\"1", 3, "an equals sign is missing"),
+    ("{H}[{P}]\n\"a\"=qword:1", 3, "an unknown kind of data"),
+    ("{H}[{P}]\n\"a\"=\"b", 3, "a text has no end"),
+    ("{H}[{P}]\n\"a\"=\"b\" c", 3, "something follows a value"),
+    ("{H}[{P}]\n\"a\"=hex:1,x", 3, "bytes are two hexadecimal digits with commas between them"),
+    ("{H}[{P}]\n\"a\"=hex:1,\\", 3, "the text ends in the middle of a value"),
+]
+READING = "An error has occurred while reading data from the registry."
+WRITING = "An error has occurred while writing data to the registry."
+
+# Arguments, exit code, standard output, what the one line on standard error must hold, stdin.
+ROWS = [
+    (["list", "{P}"], 1, "", "{P}: " + READING),
+    (["get", "{P}", "text"], 1, "", READING),
+    (["remove", "{P}", "text"], 1, "", WRITING),
+    (["remove", "{P}"], 1, "", READING),
+    (["set", "{P}", "text", "größe €"], 0, "", None),
+    (["set", "{P}", "quoted \"\\\"", "a \"\\\""], 0, "", None),
+    (["set", "{P}", "", "the default"], 0, "", None),
+    (["set", "{P}", "d", "--type", "dword", "0xfffffffe"], 0, "", None),
+    (["set", "{P}", "--type", "qword", "q", "1311768467463790320"], 0, "", None),
+    (["set", "{P}", "b", "01fF", "--type", "binary"], 0, "", None),
+    (["set", "{P}", "empty", "", "--type", "binary"], 0, "", None),
+    (["set", "{P}\\a\\b", "lines", "a\nb"], 0, "", None),
+    (["set", "{P}\\a\\b\\", "long", LONG.hex(), "--type", "binary"], 0, "", None),
+    (["set", "{P}", "x", "4294967296", "--type", "dword"], 2, "", "not a number of that size: 4294967296"),
+    (["set", "{P}", "x", "-1", "--type", "dword"], 2, "", "not a number of that size: -1"),
+    (["set", "{P}", "x", "012", "--type", "binary"], 2, "", "half a byte at the end: 012"),
+    (["set", "{P}", "x", "1", "--type", "float"], 2, "", "--type is string, dword, qword or binary"),
+    (["get", "{P}", "TEXT"], 0, "größe €\n", None),
+    (["get", "{P}", "d"], 0, "4294967294\n", None),
+    (["get", "{P}", "q"], 0, "1311768467463790320\n", None),
+    (["get", "{P}", "b"], 0, "hex:01,ff\n", None),
+    (["get", "{P}", "x"], 1, "", "{P} \"x\": " + READING),
+    (["list", "{P}"], 0, "a\\\n(default) = the default\nb = hex:01,ff\nd = 4294967294\nempty = hex:\n"
+     "q = 1311768467463790320\nquoted \"\\\" = a \"\\\"\ntext = größe €\n", None),
+    (["export", "{P}"], 0, EXPORT, None),
+    (["export", "{P}", "settings.reg"], 0, "", None),
+    (["remove", "{P}"], 0, "", None),
+    (["import", "{P}", "settings.reg"], 0, "", None),
+    (["export", "{P}"], 0, EXPORT, None),
+    (["remove", "{P}"], 0, "", None),
+    (["set", "{P}", "gone", "x"], 0, "", None),
+    (["import", "{P}", "-"], 0, "", None, LOOSE),
+    (["export", "{P}"], 0, EXPORT.replace("\\a]", "\\A]").replace("\\a\\b]", "\\A\\B]"), None),
+    (["import", "{P}\\A"], 2, "", "{P} is not below {P}\\A", LOOSE),
+    (["import", "{P}"], 2, "", "HKEY_USERS\\x is not below {P}", HEADER + "[-{P}]\r\n[HKEY_USERS\\x]\r\n"),
+    (["remove", "{P}\\a\\b", "lines"], 0, "", None),
+    (["list", "{P}\\a\\b"], 0, "long = hex:" + LONG.hex(",") + "\n", None),
+    (["import", "{P}"], 0, "", None, HEADER + "[-{P}\\A]\r\n[{P}\\c]\r\n"),
+    (["list", "{P}\\A"], 1, "", READING),
+    (["list", "{P}\\c"], 0, "", None),
+    (["remove", "HKCU\\"], 2, "", "HKEY_CURRENT_USER cannot be removed as a whole"),
+    (["list", "HKEY_DYN_DATA\\x"], 2, "", "not a path as in HKCU\\Software\\Name: HKEY_DYN_DATA\\x"),
+    (["import", "{P}", "none.reg"], 2, "", "none.reg: cannot be read"),
+    (["export", "{P}", "none/x.reg"], 2, "", "none/x.reg: cannot be written"),
+    ([], 2, "", "COMMAND is missing (settings --help)"),
+    (["list"], 2, "", "PATH is missing"),
+    (["get", "{P}"], 2, "", "NAME is missing"),
+    (["get", "{P}", "a", "b"], 2, "", "too many arguments: b"),
+    (["set", "{P}", "a", "--type"], 2, "", "nothing follows --type"),
+    (["wipe", "{P}"], 2, "", "unknown command: wipe"),
+] + [
+    (["import", "{P}"], 2, "", f"standard input:{line}: {reason}", text.replace("{H}", HEADER))
+    for text, line, reason in FAULTS
+] + [(["remove", "{P}"], 0, "", None)]
+
+
+def with_key(text):
+    return text.replace("{P}", P)
+
+
+def problems_of(program, folder, row):
+    arguments, code, out, error, *rest = row
+    stdin = with_key(rest[0]) if rest else ""
+    run = subprocess.run(
+        program + [with_key(word) for word in arguments], cwd=folder, input=stdin.encode(), capture_output=True
+    )
+    errors = run.stderr.decode(errors="replace").replace("\r\n", "\n")
+    printed = run.stdout.decode(errors="replace")
+    if run.returncode != code:
+        yield f"exit code {run.returncode}, not {code}: {errors!r}"
+    if printed != with_key(out):
+        yield f"printed {printed!r}, not {with_key(out)!r}"
+    if error is None and errors:
+        yield f"error {errors!r}"
+    elif error and not (errors.startswith("settings: ") and with_key(error) in errors and errors.count("\n") == 1):
+        yield f"error {errors!r} without {with_key(error)!r}"
+
+
+def main(program):
+    failures = 0
+    with tempfile.TemporaryDirectory() as folder:
+        for row in ROWS:
+            for problem in problems_of(program, folder, row):
+                failures += 1
+                print(f"{' '.join(row[0])}: {problem}")
+        with open(os.path.join(folder, "settings.reg"), "rb") as file:
+            if file.read() != b"\xff\xfe" + with_key(EXPORT).encode("utf-16-le"):
+                failures += 1
+                print("settings.reg is not what is printed in UTF-16")
+    print(f"{len(ROWS)} command lines, {failures} problems")
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
