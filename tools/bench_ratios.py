@@ -3,9 +3,11 @@
 
     bench_ratios.py RESULTS
 
-RESULTS is what the benchmarks write with --benchmark_format=json. The rows that are compared bear
-names like Family/Who/Case: the first Who of a family is the library. Medians of the repetitions,
-in processor time: on a busy machine the clock on the wall measures the neighbours.
+RESULTS is what the benchmarks write as JSON. The rows that are compared bear names like
+Family/Who/Case: the first Who of a family is the library. Medians of the repetitions, in processor
+time: on a busy machine the clock on the wall measures the neighbours. Where a benchmark has
+another process do the work, its counter `milliseconds` counts. Of several cases that begin alike
+the geometric mean is printed as well, of their counters `peak` and `allowed` both.
 """
 
 import json
@@ -14,31 +16,61 @@ import sys
 from collections import defaultdict
 
 
-def medians(results):
-    times = defaultdict(list)
+def columns(*texts):
+    widths = (18, 24, 14)
+    return "".join(f"{text:{width}}" for text, width in zip(texts, widths))
+
+
+def read(results):
+    """The medians of every benchmark by name, in the order of registration."""
+    rows = defaultdict(list)
+    order = {}
     for row in results["benchmarks"]:
-        if row.get("run_type") == "iteration" and not row.get("error_occurred"):
-            times[row["run_name"]].append(row["cpu_time"])
-    return {name: statistics.median(values) for name, values in times.items()}
+        if row.get("run_type") != "iteration" or row.get("error_occurred"):
+            continue
+        name = row["run_name"].replace("/iterations:1", "")
+        rows[name].append(row)
+        # Random interleaving mixes the rows.
+        order.setdefault(name, (row["family_index"], row["per_family_instance_index"]))
+
+    def median(name, field):
+        values = [row[field] for row in rows[name] if field in row]
+        return statistics.median(values) if values else None
+
+    for name in sorted(rows, key=order.get):
+        time = median(name, "milliseconds") or median(name, "cpu_time")
+        yield name, time, median(name, "peak"), median(name, "allowed")
+
+
+def print_ratios(family, who, own, theirs):
+    groups = defaultdict(list)
+    for case in (each for each in own if each in theirs):
+        ratio = theirs[case] / own[case]
+        groups[case.rpartition("/")[2]].append(ratio)
+        print(f"{columns(family, case, who)}{ratio:8.2f}")
+    for size, ratios in groups.items():
+        if len(ratios) > 1 and size.isdigit():
+            mean = statistics.geometric_mean(ratios)
+            print(f"{columns(family, 'mean of ' + size, who)}{mean:8.2f}")
 
 
 def main():
     with open(sys.argv[1], encoding="utf-8") as file:
         results = json.load(file)
-    # Random interleaving mixes the rows; their family indexes keep the order of registration.
-    order = {}
-    for row in results["benchmarks"]:
-        order.setdefault(row["run_name"], (row["family_index"], row["per_family_instance_index"]))
-    times = medians(results)
     families = defaultdict(lambda: defaultdict(dict))
-    for name in sorted(times, key=order.get):
-        family, who, *case = name.split("/")
-        families[family][who]["/".join(case)] = times[name]
+    peaks = []
+    for name, time, peak, allowed in read(results):
+        family, who, *case = name.split("/") + [""]
+        case = "/".join(case).rstrip("/")
+        if who and not who.isdigit(): # otherwise an argument: nobody is compared
+            families[family][who][case] = time
+        if allowed:
+            peaks.append(f"{columns(family, case, 'peak MB')}{peak:8.1f} of {allowed:.1f}")
     for family, members in families.items():
         (_, own), *peers = members.items()
         for who, theirs in peers:
-            for case in (each for each in own if each in theirs):
-                print(f"{family:12} {case:12} {who:12} {theirs[case] / own[case]:6.2f}")
+            print_ratios(family, who, own, theirs)
+    print("\n".join(peaks))
 
 
 if __name__ == "__main__":
