@@ -19,8 +19,10 @@
     __attribute__((target("avx512bw,avx512vl,avx512vbmi,avx512vbmi2,bmi,bmi2,lzcnt,popcnt")))
 
 // GCC 12 takes the operands that its own intrinsics leave undefined for ours.
+#if !defined(__clang__)
 #pragma GCC diagnostic ignored "-Wuninitialized"
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 
 namespace quorvel {
 namespace {
