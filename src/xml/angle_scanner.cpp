@@ -63,10 +63,8 @@ std::uint64_t FindAngles(const WCHAR* text) {
 // The whole blocks of text[begin, end): appends their positions and returns the new count.
 [[gnu::always_inline]] inline int ScanBlocks(const WCHAR* text, int begin, int end, int* positions,
                                              int count) {
-    for (; end - begin >= 64; begin += 64) {
-        FetchAhead(text + begin);
+    for (; end - begin >= 64; begin += 64)
         count += WritePositions(FindAngles(text + begin), begin, positions + count);
-    }
     return count;
 }
 
@@ -106,6 +104,14 @@ bool HasZero(const WCHAR* text) {
 }
 #endif
 
+// The position of the first zero character, or the length.
+int FindZero(const WCHAR* text, int length) {
+    int position = 0;
+    while (length - position >= 64 && !HasZero(text + position))
+        position += 64;
+    return static_cast<int>(std::find(text + position, text + length, WCHAR()) - text);
+}
+
 } // namespace
 
 #if defined(__SSE2__)
@@ -144,25 +150,21 @@ int TagNameLength(const WCHAR* name, const WCHAR* other, int readable) {
 }
 #endif
 
-int FindZero(const WCHAR* text, int length) {
-    int position = 0;
-    while (length - position >= 64 && !HasZero(text + position))
-        position += 64;
-    return static_cast<int>(std::find(text + position, text + length, WCHAR()) - text);
-}
-
 void AngleScanner::Refill() {
     static const auto scanBlocks = ChooseScanBlocks();
     // Locals: the compiler must take every store of a position for one to a member.
     int* const positions = m_positions;
     const WCHAR* const text = m_text;
-    const int end = m_end;
+    int end = m_end;
     int unread = m_unread;
     int count = 0;
     for (; m_first < m_count; ++m_first)
         positions[count++] = positions[m_first];
     while (count < 2 && unread < end) {
-        const int windowEnd = end - unread > kWindow ? unread + kWindow : end;
+        int windowEnd = end - unread > kWindow ? unread + kWindow : end;
+        const int size = FindZero(text + unread, windowEnd - unread);
+        if (size < windowEnd - unread)
+            end = windowEnd = unread + size;
         count = scanBlocks(text, unread, windowEnd, positions, count);
         unread += (windowEnd - unread) / kBlock * kBlock;
         if (unread < windowEnd) { // the last block of the text
@@ -177,6 +179,7 @@ void AngleScanner::Refill() {
         for (int i = 0; i < 2; ++i)
             positions[count++] = end;
     m_unread = unread;
+    m_end = end;
     m_first = 0;
     m_count = count;
 }

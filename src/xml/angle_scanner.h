@@ -1,4 +1,4 @@
-// Finds the "<" and ">" of a text, in order.
+// Finds the "<" and ">" of a text up to its first zero character, in order.
 //
 // The parser of CMarkup looks at little else. The scanner takes the text in windows of 1024
 // characters: it first writes the positions of all angle brackets of a window to a small array,
@@ -11,10 +11,13 @@ namespace quorvel {
 
 class AngleScanner {
 public:
-    // Scans text[begin, end). text[end] is readable and no angle bracket.
+    // Scans text[begin, end). text[end] is readable and zero.
     AngleScanner(const WCHAR* text, int begin, int end)
         : m_text(text), m_unread(begin), m_end(end) {}
 
+    // The end of the text as far as it is known: where the first zero was found, if one was. Final
+    // once First, Second or SkipTo have given it.
+    int End() const { return m_end; }
     // Makes First and Second valid.
     void Prepare() {
         if (m_first + 2 > m_count)
@@ -51,8 +54,5 @@ private:
 // for a name that begins with a quote or a delimiter, 0. `readable` characters may be read from
 // `other` on, which lies behind `name` in the same text.
 int TagNameLength(const WCHAR* name, const WCHAR* other, int readable);
-
-// The position of the first zero character, or the length.
-int FindZero(const WCHAR* text, int length);
 
 } // namespace quorvel

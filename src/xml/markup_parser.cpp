@@ -194,11 +194,11 @@ namespace {
 
 // Whether the end tag from `open` to `close` is plainly "</name>" with the very name of the start
 // tag. False only means that it takes a closer look.
-bool IsPlainEndTag(const WCHAR* text, int end, int startTagOpen, int open, int close) {
+bool IsPlainEndTag(const WCHAR* text, int textLength, int startTagOpen, int open, int close) {
     const int length = close - open - 2;
     return text[close] == '>' && length > 0 &&
-           quorvel::TagNameLength(text + startTagOpen + 1, text + open + 2, end - open - 2) ==
-               length;
+           quorvel::TagNameLength(text + startTagOpen + 1, text + open + 2,
+                                  textLength - open - 2) == length;
 }
 
 // Whether the ">" at `close` ends the comment, CDATA section or instruction.
@@ -210,8 +210,8 @@ bool EndsNode(const WCHAR* text, int close, WCHAR mark, int markCount) {
 
 // Moves the scanner past the comment, CDATA section, instruction or document type declaration that
 // opens at `open`; false when it does not end. The terminators are found by their ">".
-bool CMarkup::SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int open, int end) {
-    if (open + 2 >= end)
+bool CMarkup::SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int open) {
+    if (text[open + 1] == 0 || text[open + 2] == 0)
         return false;
     WCHAR mark = 0;
     int markCount = 2;
@@ -230,7 +230,7 @@ bool CMarkup::SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int op
     }
     for (int from = open + 2;;) {
         const int close = scanner.SkipTo(from, '>');
-        if (close >= end)
+        if (close >= scanner.End())
             return false;
         scanner.Skip(1);
         if (EndsNode(text, close, mark, markCount))
@@ -244,8 +244,8 @@ bool CMarkup::SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int op
 // angle brackets: each turn of the loop consumes one tag or node.
 int CMarkup::x_ParseElem(int iPosParent) {
     const WCHAR* text = m_strDoc;
-    const int end = quorvel::FindZero(text, m_strDoc.GetLength());
-    quorvel::AngleScanner scanner(text, m_aPos[iPosParent].nEndTagOpen, end);
+    const int length = m_strDoc.GetLength();
+    quorvel::AngleScanner scanner(text, m_aPos[iPosParent].nEndTagOpen, length);
     // Locals, because the compiler must take every store through `link` for one to a member.
     ElemPos* records = m_aPos.GetData();
     int capacity = m_aPos.GetSize();
@@ -261,7 +261,7 @@ int CMarkup::x_ParseElem(int iPosParent) {
         scanner.Prepare();
         const int open = scanner.First();
         if (text[open] != '<') {
-            if (open >= end)
+            if (open >= scanner.End())
                 return fail(_T("Element tag not found"), next);
             scanner.Skip(1);
             continue;
@@ -278,7 +278,7 @@ int CMarkup::x_ParseElem(int iPosParent) {
                 return fail(_T("Tag starts with quote"), next);
             const WCHAR begin = text[token.nFirst];
             if (begin == '!' || begin == '?') {
-                if (token.nFirst != open + 1 || !SkipNode(scanner, text, open, end))
+                if (token.nFirst != open + 1 || !SkipNode(scanner, text, open))
                     return fail(_T("Invalid node"), next);
                 continue;
             }
@@ -289,7 +289,7 @@ int CMarkup::x_ParseElem(int iPosParent) {
             if (parent == iPosParent)
                 return 0;
             ElemPos& element = records[parent];
-            if (IsPlainEndTag(text, end, element.nTagOpen, open, close)) {
+            if (IsPlainEndTag(text, length, element.nTagOpen, open, close)) {
                 scanner.Skip(2);
             } else {
                 m_iPosFree = next;
@@ -312,7 +312,7 @@ int CMarkup::x_ParseElem(int iPosParent) {
         if (text[close] != '>' || close < afterName) {
             scanner.Skip(1);
             close = scanner.SkipTo(afterName, '>');
-            if (close >= end)
+            if (close >= scanner.End())
                 return fail(_T("End of tag not found"), next);
             scanner.Skip(1);
         } else {

@@ -254,7 +254,7 @@ private:
     struct NewElem; // the text and the record of an element to add
 
     bool Parse();
-    static bool SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int open, int end);
+    static bool SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int open);
     int CloseElement(const ElemPos& element, int tagOpen);
     int LastChildOf(int iPosParent);
     bool PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool child, NewElem& plan);
