@@ -90,7 +90,9 @@ private:
         static constexpr const char* kNames[] = {"read",   "write",   "oob",
                                                  "accept", "connect", "close"};
         WSANETWORKEVENTS events = {};
+        SetLastError(kUnset);
         EXPECT_EQ(WSAEnumNetworkEvents(m_handle, event, &events), 0);
+        EXPECT_EQ(GetLastError(), 0u);
         std::string names;
         for (int bit = 0; bit < 6; ++bit) {
             if (!(events.lNetworkEvents & (1 << bit)))

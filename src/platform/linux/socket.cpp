@@ -588,6 +588,7 @@ int WSAEnumNetworkEvents(SOCKET handle, WSAEVENT event, WSANETWORKEVENTS* events
     const NetworkEvents::Report report = socket->Enumerate(waitable.get());
     events->lNetworkEvents = static_cast<LONG>(report.events);
     std::ranges::copy(report.errors, events->iErrorCode);
+    SetLastError(NO_ERROR); // as Winsock does
     return 0;
 }
 
