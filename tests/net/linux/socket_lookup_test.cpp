@@ -1,0 +1,92 @@
+// The statuses of sockets whose hosts take their time or are not found: only here can look-ups be
+// made to.
+#include <quorvel/net/vask_socket.h>
+
+#include "net/socket_peer.h"
+#include "platform/linux/host_lookup.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class SocketLookUp : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(CVaskSocket::Initialize()); }
+    void TearDown() override {
+        quorvel::SetHostResolver({});
+        EXPECT_TRUE(CVaskSocket::Deinitialize());
+    }
+    void Connect(ScriptedSocket& socket, UINT timeOut) {
+        socket.SetStatusCallbackWnd(m_window.Get());
+        socket.SetGetHostTimeOut(timeOut);
+        ASSERT_TRUE(socket.Create());
+        ASSERT_TRUE(socket.Connect(_T("some.host"), 80));
+    }
+
+    StatusWindow m_window;
+};
+
+TEST_F(SocketLookUp, TellsWhyItFailed) {
+    struct {
+        const char* label;
+        int error;
+        const char* statuses;
+    } const rows[] = {
+        {"no such host", WSAHOST_NOT_FOUND, "1 2:11001 "},
+        {"no answer now", WSATRY_AGAIN, "1 2:11002 "},
+        {"no address", 0, "1 2:11004 "},
+    };
+    for (const auto& row : rows) {
+        quorvel::SetHostResolver(
+            [&row](const std::string&, std::vector<ULONG>&) { return row.error; });
+        ScriptedSocket socket;
+        Connect(socket, 60000);
+        m_window.PumpUntil([&] { return !socket.IsThreadActive(); });
+        m_window.Pump();
+        EXPECT_EQ(m_window.Of(socket), row.statuses) << row.label;
+        socket.Close();
+        m_window.Pump();
+        m_window.Forget(socket);
+    }
+}
+
+TEST_F(SocketLookUp, EndsWithItsTimeOut) {
+    const HeldLookUps held;
+    ScriptedSocket socket;
+    Connect(socket, 20);
+    held.AwaitBegin();
+    m_window.PumpUntil([&] { return !socket.IsThreadActive(); });
+    m_window.Pump();
+    EXPECT_EQ(m_window.Of(socket), "1 2:10060 ");
+}
+
+// Answers, time-outs and closes meet; each look-up ends once, and nothing of it is left.
+TEST_F(SocketLookUp, SurvivesItsRaces) {
+    quorvel::SetHostResolver([](const std::string&, std::vector<ULONG>& addresses) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        addresses.push_back(htonl(INADDR_LOOPBACK));
+        return 0;
+    });
+    const int before = ThingsOpen();
+    for (int round = 0; round < 60; ++round) {
+        ScriptedSocket sockets[4];
+        for (ScriptedSocket& socket : sockets)
+            Connect(socket, 10);
+        for (int i = 0; i < round % 12; ++i) {
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
+            m_window.Pump();
+        }
+        for (ScriptedSocket& socket : sockets)
+            socket.Close();
+        m_window.Pump();
+        for (ScriptedSocket& socket : sockets) {
+            const std::string& seen = m_window.Of(socket);
+            EXPECT_TRUE(seen.starts_with("1 ") && seen.ends_with("0 ")) << seen;
+            m_window.Forget(socket);
+        }
+    }
+    m_window.PumpUntil([before] { return ThingsOpen() <= before + 2; });
+    EXPECT_LE(ThingsOpen(), before + 2);
+}
+
+} // namespace

@@ -1,0 +1,237 @@
+// What tests of sockets need around them: the other side, a window for the statuses, a socket that
+// notes its handlers.
+#pragma once
+
+#include <quorvel/net/vask_socket.h>
+
+#include "platform/win32.h"
+
+#if !defined(_WIN32)
+#include "platform/linux/host_lookup.h"
+#endif
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <utility>
+
+// The other side of connections: calls that block.
+class Peer {
+public:
+    enum Kind { kListening, kBoundOnly }; // connections to the second are refused
+    explicit Peer(Kind kind = kListening) : m_kind(kind) { Open(); }
+    Peer(const Peer&) = delete;
+    ~Peer() { closesocket(m_socket); }
+
+    UINT Port() const { return m_port; }
+    SOCKET Accept() { return accept(m_socket, nullptr, nullptr); }
+    static void Send(SOCKET to, const std::string& bytes) {
+        EXPECT_EQ(send(to, bytes.data(), static_cast<int>(bytes.size()), 0),
+                  static_cast<int>(bytes.size()));
+    }
+    void Restart() { // at another port, without those that nobody accepted
+        closesocket(m_socket);
+        Open();
+    }
+
+private:
+    void Open() {
+        m_socket = socket(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        auto* const plain = reinterpret_cast<quorvel::win32::sockaddr*>(&address);
+        int length = sizeof address;
+        EXPECT_EQ(bind(m_socket, plain, length), 0);
+        EXPECT_EQ(getsockname(m_socket, plain, &length), 0);
+        m_port = ntohs(address.sin_port);
+        if (m_kind == kListening) {
+            EXPECT_EQ(listen(m_socket, 200), 0);
+        }
+    }
+
+    const Kind m_kind;
+    SOCKET m_socket;
+    UINT m_port = 0;
+};
+
+// Notes the statuses of sockets, as in "3 4:10061 ": an error or a count that is not 0 behind the
+// colon.
+class StatusWindow {
+public:
+    StatusWindow() {
+        WNDCLASSEXW windowClass = {};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.lpfnWndProc = Procedure;
+        windowClass.lpszClassName = _T("StatusWindow");
+        RegisterClassExW(&windowClass); // for all of them
+        m_window = CreateWindowExW(0, _T("StatusWindow"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
+                                   nullptr, nullptr, nullptr);
+        SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    }
+    StatusWindow(const StatusWindow&) = delete;
+    ~StatusWindow() { DestroyWindow(m_window); }
+
+    HWND Get() const { return m_window; }
+    const std::string& Of(const CVaskSocket& socket) { return m_statuses[&socket]; }
+    void Forget(const CVaskSocket& socket) { m_statuses.erase(&socket); }
+
+    static void Pump() {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+    }
+    // For 20 seconds at the most.
+    static void PumpUntil(const std::function<bool()>& condition) {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (Pump(), !condition() && std::chrono::steady_clock::now() < end)
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
+    }
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message != CVaskSocket::STATUS_MESSAGE)
+            return DefWindowProcW(window, message, wParam, lParam);
+        auto* const self =
+            reinterpret_cast<StatusWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        std::string& text = self->m_statuses[reinterpret_cast<const CVaskSocket*>(wParam)];
+        text += std::to_string(LOWORD(lParam));
+        if (HIWORD(lParam) != 0) {
+            text += ':';
+            text += std::to_string(HIWORD(lParam));
+        }
+        text += ' ';
+        return 0;
+    }
+
+    HWND m_window;
+    std::map<const CVaskSocket*, std::string> m_statuses;
+};
+
+// Notes which handlers are called, and does in them what a test wants.
+class ScriptedSocket : public CVaskSocket {
+public:
+    ~ScriptedSocket() override { ScriptedSocket::Close(); }
+
+    std::function<BOOL()> m_onAccept;
+    std::function<BOOL()> m_onClose;
+    std::function<BOOL()> m_onConnect;
+    std::function<BOOL()> m_onSend;
+    std::function<int()> m_onReceive; // unset: what is there is received
+
+    BOOL CloseInside() {
+        Close();
+        return TRUE;
+    }
+    std::string Take() {
+        const std::lock_guard lock(m_lock);
+        return std::exchange(m_handlers, {});
+    }
+    std::string Received() {
+        const std::lock_guard lock(m_lock);
+        return m_received;
+    }
+
+protected:
+    BOOL OnAccept(int) override { return Note("accept ", m_onAccept); }
+    BOOL OnClose(int) override { return Note("close ", m_onClose); }
+    BOOL OnConnect(int) override { return Note("connect ", m_onConnect); }
+    BOOL OnSend(int) override { return Note("send ", m_onSend); }
+    int OnReceive(int) override {
+        if (m_onReceive)
+            return Note("receive ", m_onReceive);
+        Note("receive ", {});
+        char buffer[16384];
+        const int count = Receive(buffer, sizeof buffer);
+        const std::lock_guard lock(m_lock);
+        if (count > 0)
+            m_received.append(buffer, static_cast<std::size_t>(count));
+        return count;
+    }
+
+private:
+    int Note(const char* name, const std::function<int()>& act) {
+        {
+            const std::lock_guard lock(m_lock);
+            m_handlers += name;
+        }
+        return act ? act() : TRUE;
+    }
+
+    std::mutex m_lock; // guards what follows
+    std::string m_handlers;
+    std::string m_received;
+};
+
+#if defined(_WIN32)
+
+// Look-ups whose answers wait: here because nobody dispatches them.
+class HeldLookUps {
+public:
+    void AwaitBegin() const {
+        MSG message;
+        while (!PeekMessageW(&message, nullptr, WM_APP + 1004, WM_APP + 1004, PM_NOREMOVE))
+            std::this_thread::yield();
+    }
+};
+
+#else
+
+class HeldLookUps {
+public:
+    HeldLookUps() {
+        quorvel::SetHostResolver([state = m_state](const std::string&, std::vector<ULONG>& found) {
+            ++state->begun;
+            while (state->held)
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            found.push_back(htonl(INADDR_LOOPBACK));
+            ++state->ended;
+            return 0;
+        });
+    }
+    HeldLookUps(const HeldLookUps&) = delete;
+    ~HeldLookUps() {
+        m_state->held = false;
+        while (m_state->ended != m_state->begun)
+            std::this_thread::yield();
+        quorvel::SetHostResolver({});
+    }
+    void AwaitBegin() const {
+        const int before = m_awaited++;
+        while (m_state->begun <= before)
+            std::this_thread::yield();
+    }
+
+private:
+    struct State {
+        std::atomic<int> begun = 0;
+        std::atomic<int> ended = 0;
+        std::atomic<bool> held = true;
+    };
+    const std::shared_ptr<State> m_state = std::make_shared<State>();
+    mutable int m_awaited = 0;
+};
+
+#endif
+
+// How many handles, or descriptors and threads, the process has.
+inline int ThingsOpen() {
+#if defined(_WIN32)
+    DWORD count = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &count);
+    return static_cast<int>(count);
+#else
+    const auto count = [](const char* folder) {
+        return std::distance(std::filesystem::directory_iterator(folder), {});
+    };
+    return static_cast<int>(count("/proc/self/fd") + count("/proc/self/task"));
+#endif
+}

@@ -1,0 +1,408 @@
+// Sockets that work by events: their statuses, their handlers and their ends, over loopback.
+#include <quorvel/net/vask_socket.h>
+#include <quorvel/net/winsock_error_text.h>
+#include <quorvel/res/message_ids.h>
+
+#include "net/socket_peer.h"
+#include "platform/win32.h"
+#include "support/last_error.h"
+#include "support/message_box_recorder.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace {
+
+const WCHAR* const kHost = _T("127.0.0.1");
+
+class VaskSocket : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(CVaskSocket::Initialize()); }
+    void TearDown() override { EXPECT_TRUE(CVaskSocket::Deinitialize()); }
+
+    // Dispatches messages until the socket's statuses are these.
+    void ExpectStatuses(const CVaskSocket& socket, const std::string& expected) {
+        m_window.PumpUntil([&] { return m_window.Of(socket).size() >= expected.size(); });
+        EXPECT_EQ(m_window.Of(socket), expected);
+    }
+    // A socket that reports to the window and is connecting to the peer.
+    void Connect(ScriptedSocket& socket, Peer& peer) {
+        socket.SetStatusCallbackWnd(m_window.Get());
+        ASSERT_TRUE(socket.Create());
+        ASSERT_TRUE(socket.Connect(kHost, peer.Port()));
+    }
+    // Sends a byte to the socket that connects, and ends; as far as its worker goes along.
+    void Converse(Peer& peer, ScriptedSocket& socket) {
+        const auto await = [&](const char* status) {
+            m_window.PumpUntil(
+                [&] { return !socket.IsThreadActive() || m_window.Of(socket).ends_with(status); });
+        };
+        const SOCKET server = peer.Accept();
+        await("8 ");
+        peer.Send(server, "x");
+        await("10:1 ");
+        closesocket(server);
+        await("14 ");
+        m_window.PumpUntil([&] { return !socket.IsThreadActive(); });
+    }
+
+    StatusWindow m_window;
+};
+
+TEST(VaskSocketSetUp, IsDoneOnceAndNeeded) {
+    MessageBoxRecorder recorder;
+    CVaskSocket socket;
+    const sockaddr address = {};
+    const addrinfo info = {};
+    CVaskSocket other;
+    const std::function<BOOL()> calls[] = {
+        [&] { return socket.Create(); },
+        [&] { return socket.CreateEx(&info); },
+        [&] { return socket.Attach(1); },
+        [&] { return socket.CreateFromHandle(1); },
+        [&] { return socket.Accept(other); },
+        [&] { return socket.Connect(kHost, 80); },
+        [&] { return socket.Connect(&address, sizeof address); },
+        [&] { return socket.ConnectEx(&info); },
+        [&] { return socket.Listen(); },
+    };
+    for (std::size_t i = 0; i < std::size(calls); ++i)
+        EXPECT_EQ(ErrorOf(calls[i]), 1u) << i;
+    EXPECT_FALSE(CVaskSocket::Deinitialize());
+    EXPECT_TRUE(recorder.Take().empty());
+
+    EXPECT_TRUE(CVaskSocket::Initialize());
+    EXPECT_FALSE(CVaskSocket::Initialize());
+    const auto boxes = recorder.Take();
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].text, _T("An error has occurred while initializing the VaskSocket class.")
+                             _T("\r\n\r\nThe VaskSocket class has already been initialized."));
+    EXPECT_EQ(boxes[0].type, MB_OK | MB_ICONEXCLAMATION);
+    EXPECT_TRUE(CVaskSocket::Deinitialize());
+    EXPECT_FALSE(CVaskSocket::Deinitialize());
+}
+
+TEST_F(VaskSocket, ReportsADownloadStepByStep) {
+    Peer peer;
+    ScriptedSocket socket;
+    Connect(socket, peer);
+    const SOCKET server = peer.Accept();
+    ExpectStatuses(socket, "3 4 8 ");
+    peer.Send(server, "hello");
+    ExpectStatuses(socket, "3 4 8 9 10:5 ");
+    closesocket(server);
+    ExpectStatuses(socket, "3 4 8 9 10:5 14 ");
+    EXPECT_EQ(socket.Take(), "connect send receive close ");
+    EXPECT_EQ(socket.Received(), "hello");
+    EXPECT_EQ(socket.GetHostServerIP(), kHost);
+    EXPECT_EQ(socket.GetStatus(), 14);
+    socket.Close();
+    ExpectStatuses(socket, "3 4 8 9 10:5 14 0 ");
+    EXPECT_EQ(socket.GetStatus(), 0);
+    socket.Close();
+    ExpectStatuses(socket, "3 4 8 9 10:5 14 0 ");
+}
+
+TEST_F(VaskSocket, ReportsWhyItDoesNotConnect) {
+    Peer nobody(Peer::kBoundOnly);
+    ScriptedSocket socket;
+    Connect(socket, nobody);
+    ExpectStatuses(socket, "3 4:10061 ");
+    socket.Close();
+    ExpectStatuses(socket, "3 4:10061 4:10053 0 ");
+
+    ScriptedSocket unmade;
+    unmade.SetStatusCallbackWnd(m_window.Get());
+    EXPECT_TRUE(unmade.Connect(kHost, 80));
+    ExpectStatuses(unmade, "3:10038 ");
+}
+
+TEST_F(VaskSocket, LooksTheHostUpUnlessItIsAnAddress) {
+    Peer peer;
+    ScriptedSocket socket;
+    socket.SetStatusCallbackWnd(m_window.Get());
+    ASSERT_TRUE(socket.Create());
+    socket.SetGetHostTimeOut(60000);
+    ASSERT_TRUE(socket.Connect(_T("http://localhost:1/path?q#f"), peer.Port()));
+    ExpectStatuses(socket, "1 2 3 4 8 ");
+    EXPECT_EQ(socket.GetHostURL(), _T("http://localhost:1/path?q#f"));
+    EXPECT_EQ(socket.GetHostServer(), _T("localhost"));
+    EXPECT_EQ(socket.GetHostObject(), _T("/path?q"));
+    EXPECT_EQ(socket.GetHostServerIP(), kHost);
+    EXPECT_EQ(socket.GetHostPort(), peer.Port());
+}
+
+TEST_F(VaskSocket, ClosedDuringALookUpCancelsIt) {
+    const HeldLookUps held;
+    for (int i = 0; i < 20; ++i) {
+        ScriptedSocket socket;
+        StatusWindow window;
+        socket.SetStatusCallbackWnd(window.Get());
+        ASSERT_TRUE(socket.Create());
+        ASSERT_TRUE(socket.Connect(_T("localhost"), 80));
+        held.AwaitBegin(); // without dispatching its answer
+        socket.Close();
+        window.PumpUntil([&] { return window.Of(socket).size() >= 12; });
+        EXPECT_EQ(window.Of(socket), "1 1:10053 0 ");
+    }
+}
+
+TEST_F(VaskSocket, ListensAndAccepts) {
+    ScriptedSocket listener;
+    ScriptedSocket server;
+    listener.SetStatusCallbackWnd(m_window.Get());
+    server.SetStatusCallbackWnd(m_window.Get());
+    listener.m_onAccept = [&] { return listener.Accept(server); };
+    EXPECT_EQ(ErrorOf([&] { return listener.Listen(); }), DWORD{WSAENOTSOCK});
+    ASSERT_TRUE(listener.Create(0, SOCK_STREAM, CVaskSocket::ALL_EVENTS, kHost));
+    ASSERT_TRUE(listener.Listen());
+    CString address;
+    UINT port = 0;
+    ASSERT_TRUE(listener.GetSockNameEx(address, port));
+    EXPECT_EQ(address, kHost);
+
+    ScriptedSocket client;
+    client.SetStatusCallbackWnd(m_window.Get());
+    ASSERT_TRUE(client.Create());
+    ASSERT_TRUE(client.Connect(kHost, port));
+    ExpectStatuses(client, "3 4 8 ");
+    ExpectStatuses(server, "8 ");
+    ExpectStatuses(listener, "5:10038 5 6 ");
+    EXPECT_EQ(client.Send("ping", 4), 4);
+    ExpectStatuses(server, "8 9 10:4 ");
+    CString peerAddress;
+    UINT peerPort = 0;
+    ASSERT_TRUE(client.GetPeerNameEx(peerAddress, peerPort));
+    EXPECT_EQ(peerPort, port);
+    server.Close();
+    ExpectStatuses(server, "8 9 10:4 10:10053 0 ");
+    ExpectStatuses(client, "3 4 8 14 ");
+}
+
+TEST_F(VaskSocket, AHandlerThatRefusesEndsTheWorker) {
+    struct {
+        const char* label;
+        void (*set)(ScriptedSocket&);
+        const char* statuses;
+        const char* handlers;
+    } const rows[] = {
+        {"connect", [](ScriptedSocket& s) { s.m_onConnect = [] { return FALSE; }; }, "3 4 ",
+         "connect "},
+        {"send", [](ScriptedSocket& s) { s.m_onSend = [] { return FALSE; }; }, "3 4 8 ",
+         "connect send "},
+        {"receive", [](ScriptedSocket& s) { s.m_onReceive = [] { return SOCKET_ERROR; }; },
+         "3 4 8 9 ", "connect send receive "},
+        {"close", [](ScriptedSocket& s) { s.m_onClose = [] { return FALSE; }; }, "3 4 8 9 10:1 ",
+         "connect send receive close "},
+        {"an exception", [](ScriptedSocket& s) { s.m_onSend = []() -> BOOL { throw 5; }; },
+         "3 4 8 ", "connect send "},
+    };
+    for (const auto& row : rows) {
+        Peer peer;
+        ScriptedSocket socket;
+        row.set(socket);
+        Connect(socket, peer);
+        Converse(peer, socket);
+        m_window.Pump();
+        EXPECT_EQ(m_window.Of(socket), row.statuses) << row.label;
+        EXPECT_EQ(socket.Take(), row.handlers) << row.label;
+        EXPECT_EQ(ErrorOf([&] { return socket.Connect(kHost, 80); }), DWORD{WSAEISCONN});
+        socket.Close();
+        m_window.Pump();
+        m_window.Forget(socket); // the next one may have its address
+    }
+}
+
+// The handler that closes its socket is the last one that is called, and status 0 the last status.
+TEST_F(VaskSocket, MayBeClosedWithinAHandler) {
+    struct {
+        const char* label;
+        void (*set)(ScriptedSocket&);
+        const char* statuses;
+        const char* handlers;
+    } const rows[] = {
+        {"connect", [](ScriptedSocket& s) { s.m_onConnect = [&s] { return s.CloseInside(); }; },
+         "3 4 0 ", "connect "},
+        {"send", [](ScriptedSocket& s) { s.m_onSend = [&s] { return s.CloseInside(); }; },
+         "3 4 8 0 ", "connect send "},
+        {"receive", [](ScriptedSocket& s) { s.m_onReceive = [&s] { return s.CloseInside(); }; },
+         "3 4 8 9 0 ", "connect send receive "},
+        {"close", [](ScriptedSocket& s) { s.m_onClose = [&s] { return s.CloseInside(); }; },
+         "3 4 8 9 10:1 0 ", "connect send receive close "},
+    };
+    for (const auto& row : rows) {
+        Peer peer;
+        ScriptedSocket socket;
+        row.set(socket);
+        for (int round = 0; round < 2; ++round) {
+            Connect(socket, peer);
+            Converse(peer, socket);
+            socket.Close(); // frees the rest, and tells nothing
+            m_window.Pump();
+            EXPECT_EQ(m_window.Of(socket), row.statuses) << row.label;
+            EXPECT_EQ(socket.Take(), row.handlers) << row.label;
+            EXPECT_FALSE(socket.IsSocketValid() || socket.IsEventValid() ||
+                         socket.IsCancelThreadEventValid());
+            m_window.Forget(socket);
+        }
+    }
+}
+
+TEST_F(VaskSocket, RefusesWhatDoesNotFitItsState) {
+    Peer peer;
+    ScriptedSocket socket;
+    socket.SetStatusCallbackWnd(m_window.Get());
+    const addrinfo strange = {0, AF_INET, 99, 0, 0, nullptr, nullptr, nullptr};
+    struct {
+        const char* label;
+        int error;
+        std::function<BOOL()> call;
+    } const fresh[] = {
+        {"attach nothing", WSAENOTSOCK, [&] { return socket.Attach(INVALID_SOCKET); }},
+        {"null address", WSAEINVAL, [&] { return socket.CreateEx(nullptr); }},
+        {"unknown type", WSAESOCKTNOSUPPORT, [&] { return socket.CreateEx(&strange); }},
+        {"null URL", WSAEINVAL,
+         [&] { return socket.Connect(static_cast<const WCHAR*>(nullptr), 80); }},
+        {"no URL", WSAEINVAL, [&] { return socket.Connect(_T("http://"), 80); }},
+        {"a blank", WSAEINVAL, [&] { return socket.Connect(_T("a b"), 80); }},
+        {"port 0", WSAEINVAL, [&] { return socket.Connect(kHost, 0); }},
+        {"port 65536", WSAEINVAL, [&] { return socket.Connect(kHost, 65536); }},
+        {"a port in use", WSAEADDRINUSE,
+         [&] { return socket.Create(peer.Port(), SOCK_STREAM, 63, kHost); }},
+        {"no address", WSAEINVAL, [&] { return socket.Create(0, SOCK_STREAM, 63, _T("host")); }},
+    };
+    for (const auto& row : fresh) {
+        EXPECT_EQ(ErrorOf(row.call), static_cast<DWORD>(row.error)) << row.label;
+        EXPECT_FALSE(socket.IsSocketValid() || socket.IsEventValid() || socket.IsThreadActive());
+        EXPECT_TRUE(socket.GetHostURL().IsEmpty());
+    }
+    Connect(socket, peer);
+    struct {
+        const char* label;
+        int error;
+        std::function<BOOL()> call;
+    } const active[] = {
+        {"create", WSAEISCONN, [&] { return socket.Create(); }},
+        {"attach", WSAEISCONN, [&] { return socket.Attach(1); }},
+        {"connect", WSAEISCONN, [&] { return socket.Connect(kHost, 80); }},
+        {"detach", WSAEOPNOTSUPP, [&] { return socket.Detach() != INVALID_SOCKET; }},
+        {"accepted into", WSAEISCONN, [&] { return socket.Accept(socket); }},
+    };
+    for (const auto& row : active)
+        EXPECT_EQ(ErrorOf(row.call), static_cast<DWORD>(row.error)) << row.label;
+    EXPECT_TRUE(socket.IsThreadActive());
+}
+
+TEST_F(VaskSocket, HandsItsSocketBack) {
+    Peer peer;
+    ScriptedSocket socket;
+    ASSERT_TRUE(socket.Create());
+    const SOCKET handle = socket.Detach();
+    EXPECT_NE(handle, INVALID_SOCKET);
+    EXPECT_FALSE(socket.IsSocketValid() || socket.IsEventValid());
+    EXPECT_TRUE(socket.Attach(handle));
+    EXPECT_EQ(socket.GetHandle(), handle);
+    EXPECT_TRUE(socket.Connect(kHost, peer.Port()));
+    closesocket(peer.Accept());
+}
+
+// Whoever closes, and whenever: nothing hangs, and nothing is left.
+TEST_F(VaskSocket, ClosesAtAnyMoment) {
+    Peer peer;
+    int before = 0;
+    for (int i = 0; i < 300; ++i) {
+        ScriptedSocket socket;
+        Connect(socket, peer);
+        if (i % 3 == 1)
+            closesocket(peer.Accept());
+        if (i % 3 == 2) {
+            const SOCKET server = peer.Accept();
+            peer.Send(server, "some bytes");
+            closesocket(server);
+        }
+        for (int yields = 0; yields < i % 7; ++yields)
+            std::this_thread::yield();
+        socket.Close();
+        EXPECT_FALSE(socket.IsThreadActive());
+        m_window.Pump();
+        EXPECT_TRUE(m_window.Of(socket).ends_with("0 ")) << m_window.Of(socket);
+        m_window.Forget(socket);
+        if (i % 3 == 0)
+            peer.Restart(); // drops what waits to be accepted
+        if (i == 30)
+            before = ThingsOpen();
+    }
+    EXPECT_LE(ThingsOpen(), before + 10);
+}
+
+TEST_F(VaskSocket, ManyWorkAtOnce) {
+    constexpr int kSockets = 100;
+    const std::string block(100000, 'x');
+    Peer peer;
+    std::vector<std::unique_ptr<ScriptedSocket>> sockets;
+    std::thread server([&] {
+        for (int i = 0; i < kSockets; ++i) {
+            const SOCKET accepted = peer.Accept();
+            peer.Send(accepted, block);
+            closesocket(accepted);
+        }
+    });
+    for (int i = 0; i < kSockets; ++i) {
+        sockets.push_back(std::make_unique<ScriptedSocket>());
+        Connect(*sockets.back(), peer);
+    }
+    for (const auto& socket : sockets) {
+        m_window.PumpUntil([&] { return m_window.Of(*socket).ends_with("14 "); });
+        EXPECT_EQ(socket->Received().size(), block.size());
+    }
+    server.join();
+}
+
+TEST(WinsockErrorText, HasATextOfItsOwnOrNone) {
+    struct {
+        DWORD code;
+        const WCHAR* text;
+    } const rows[] = {
+        {0, _T("Unknown error.")},
+        {6, _T("Specified event object handle is invalid.")},
+        {8, _T("Insufficient memory available.")},
+        {997, _T("Overlapped operations will complete later.")},
+        {10004, _T("Interrupted function call.")},
+        {10036, _T("Operation now in progress. ")},
+        {10061, _T("Connection refused. ")},
+        {10101, _T("Graceful shutdown in progress.")},
+        {10104, _T("Unknown error.")},
+        {10106, _T("Unknown error.")},
+        {10107, _T("System call failure.")},
+        {10109, _T("Class type not found.")},
+        {11004, _T("Valid name, no data record of requested type.")},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(AfxGetWinsockErrorText(row.code), row.text) << row.code;
+}
+
+// A copy ends at the first zero byte, so it has no addresses, and must not look for any.
+TEST(GetHostRequestData, LosesItsAddressWhenCopied) {
+    CGetHostRequestData data;
+    CString address(_T("old"));
+    EXPECT_FALSE(data.GetIPAddress(address));
+    EXPECT_TRUE(address.IsEmpty());
+    hostent host = {};
+    char** const list = reinterpret_cast<char**>(data.GetBuffer() + sizeof host);
+    list[0] = data.GetBuffer() + sizeof host + 2 * sizeof(char*);
+    const BYTE bytes[] = {127, 1, 2, 3};
+    std::memcpy(list[0], bytes, sizeof bytes);
+    host.h_addr_list = list;
+    std::memcpy(data.GetBuffer(), &host, sizeof host);
+    EXPECT_TRUE(data.GetIPAddress(address));
+    EXPECT_EQ(address, _T("127.1.2.3"));
+    const CGetHostRequestData copy(data);
+    EXPECT_FALSE(copy.GetIPAddress(address));
+}
+
+} // namespace
