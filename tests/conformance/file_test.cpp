@@ -1,11 +1,10 @@
 // Handles and files: one table of calls for both systems.
 #include "platform/win32.h"
 
+#include "support/cases.h"
 #include "support/last_error.h"
 #include "support/temporary_folder.h"
 #include "support/text.h"
-
-#include <gtest/gtest.h>
 
 #include <cstring>
 #include <tuple>
@@ -84,9 +83,7 @@ protected:
 };
 
 TEST_F(FileConformance, OpeningGivesTheResultAndErrorOfEachDisposition) {
-    // rights: 0 and 183: it opens
-    // disposition: 0 and 183: it opens
-    // error: 0 and 183: it opens
+    // With error 0 or 183 it opens.
     const std::tuple<const char*, const WCHAR*, DWORD, DWORD, DWORD, LONGLONG> rows[] = {
         {"create a new file", _T("new"), kWrite, CREATE_NEW, 0, 0},
         {"create new over a file", _T("file"), kWrite, CREATE_NEW, 80, 10},
@@ -191,21 +188,17 @@ TEST_F(FileConformance, ReadingWritingAndSeekingMoveOnePosition) {
     EXPECT_EQ(12, file.Size());
     EXPECT_EQ(2, file.Seek(2, FILE_BEGIN));
     EXPECT_TRUE(file.Write(""));
-    EXPECT_EQ(0u, file.Count());
-    EXPECT_TRUE(SetEndOfFile(file.Get()));
+    EXPECT_TRUE(SetEndOfFile(file.Get()) && FlushFileBuffers(file.Get()));
     EXPECT_EQ(2, file.Size());
-    EXPECT_TRUE(FlushFileBuffers(file.Get()));
 
-    const std::tuple<LONGLONG, DWORD, DWORD> kRefused[] = {
-        {-1, FILE_BEGIN, 131}, {-3, FILE_CURRENT, 131}, {-3, FILE_END, 131}, {0, 3, 87}};
-    for (const auto& [distance, method, error] : kRefused) {
-        SCOPED_TRACE(method);
+    const auto error = [&](LONGLONG distance, DWORD method) {
         EXPECT_EQ(-1, file.Seek(distance, method));
-        EXPECT_EQ(error, GetLastError());
-        EXPECT_EQ(2, file.Seek(0, FILE_CURRENT));
-    }
-    const LONGLONG distant = 5'000'000'000;
-    EXPECT_EQ(distant, file.Seek(distant, FILE_BEGIN)) << "beyond 4 GB";
+        return GetLastError();
+    };
+    ExpectCases<DWORD>({CASE(error(-1, FILE_BEGIN), 131), CASE(error(-3, FILE_CURRENT), 131),
+                        CASE(error(-3, FILE_END), 131), CASE(error(0, 3), 87)});
+    EXPECT_EQ(2, file.Seek(0, FILE_CURRENT));
+    EXPECT_EQ(5'000'000'000, file.Seek(5'000'000'000, FILE_BEGIN)) << "beyond 4 GB";
 }
 
 TEST_F(FileConformance, AHandleDoesOnlyWhatItsRightsAllow) {
@@ -302,107 +295,95 @@ TEST_F(FileConformance, NamesAreDeletedMovedAndMadeWithTheErrorsOfEachCase) {
     const auto clear = [&](const WCHAR* name) {
         return ErrorOf([&] { return RemoveDirectoryW(path(name)); });
     };
+    const WCHAR* const inside = _T("folder/inside"); // held open
     constexpr DWORD kReplace = MOVEFILE_REPLACE_EXISTING;
-    // error: 0: it works
-    // expected: 0: it works
-    const std::tuple<const char*, DWORD, DWORD> rows[] = {
-        {"delete a missing file", remove(_T("none")), 2},
-        {"delete a folder", remove(_T("empty")), 5},
-        {"delete a read-only file", remove(_T("readonly")), 5},
-        {"delete a file held open", remove(_T("folder/inside")), 32},
-        {"move a missing file", move(_T("none"), _T("new")), 2},
-        {"move into a missing folder", move(_T("file"), _T("none/new")), 3},
-        {"move over a file", move(_T("file"), _T("other")), 183},
-        {"move over a folder", move(_T("file"), _T("empty"), kReplace), 5},
-        {"move over a file held open", move(_T("file"), _T("folder/inside"), kReplace), 5},
-        {"move a file held open", move(_T("folder/inside"), _T("new")), 32},
-        {"move a file to itself", move(_T("file"), _T("file")), 0},
-        {"move a file", move(_T("file"), _T("moved")), 0},
-        {"replace a file", move(_T("moved"), _T("other"), kReplace), 0},
-        {"move a read-only file", move(_T("readonly"), _T("fixed")), 0},
-        {"and back", move(_T("fixed"), _T("readonly")), 0},
-        {"make a folder that is there", make(_T("folder")), 183},
-        {"make a folder over a file", make(_T("other")), 183},
-        {"make a folder in a missing one", make(_T("none/new")), 3},
-        {"make a folder", make(_T("made")), 0},
-        {"move a folder", move(_T("made"), _T("empty/made")), 0},
-        {"remove a folder that holds one", clear(_T("empty")), 145},
-        {"remove a folder", clear(_T("empty/made")), 0},
-        {"remove a missing folder", clear(_T("none")), 2},
-        {"remove a file as a folder", clear(_T("other")), 267},
-    };
-    for (const auto& [label, error, expected] : rows)
-        EXPECT_EQ(expected, error) << label;
+    ExpectCases<DWORD>({CASE(remove(_T("none")), 2),
+                        CASE(remove(_T("empty")), 5),
+                        CASE(remove(_T("readonly")), 5),
+                        CASE(remove(inside), 32),
+                        CASE(move(_T("none"), _T("new")), 2),
+                        CASE(move(_T("file"), _T("none/new")), 3),
+                        CASE(move(_T("file"), _T("other")), 183),
+                        CASE(move(_T("file"), _T("empty"), kReplace), 5),
+                        CASE(move(_T("file"), inside, kReplace), 5),
+                        CASE(move(inside, _T("new")), 32),
+                        CASE(move(_T("file"), _T("file")), 0),
+                        CASE(move(_T("file"), _T("moved")), 0),
+                        CASE(move(_T("moved"), _T("other"), kReplace), 0),
+                        CASE(move(_T("readonly"), _T("fixed")), 0),
+                        CASE(move(_T("fixed"), _T("readonly")), 0),
+                        CASE(make(_T("folder")), 183),
+                        CASE(make(_T("other")), 183),
+                        CASE(make(_T("none/new")), 3),
+                        CASE(make(_T("made")), 0),
+                        CASE(move(_T("made"), _T("empty/made")), 0),
+                        CASE(clear(_T("empty")), 145),
+                        CASE(clear(_T("empty/made")), 0),
+                        CASE(clear(_T("none")), 2),
+                        CASE(clear(_T("other")), 267)});
     EXPECT_EQ("0123456789", folder.Read(_T("other")));
     EXPECT_EQ("fixed", folder.Read(_T("readonly")));
 }
 
 TEST_F(FileConformance, AttributesTellFoldersAndReadOnlyFiles) {
     const auto attributes = [this](const WCHAR* name) {
-        constexpr DWORD kMask = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
-        return GetFileAttributesW(folder.Path(name)) & kMask;
+        const DWORD all = GetFileAttributesW(folder.Path(name));
+        return all == INVALID_FILE_ATTRIBUTES
+                   ? all
+                   : all & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY);
     };
-    EXPECT_EQ(0u, attributes(_T("file")));
-    EXPECT_EQ(DWORD{FILE_ATTRIBUTE_READONLY}, attributes(_T("readonly")));
-    EXPECT_EQ(DWORD{FILE_ATTRIBUTE_DIRECTORY}, attributes(_T("folder")));
-    EXPECT_EQ(DWORD{FILE_ATTRIBUTE_DIRECTORY}, attributes(_T("folder\\")));
-    EXPECT_EQ(2u, ErrorOf([this] {
-                  return GetFileAttributesW(folder.Path(_T("none"))) != INVALID_FILE_ATTRIBUTES;
-              }));
+    ExpectCases<DWORD>({CASE(attributes(_T("file")), 0),
+                        CASE(attributes(_T("readonly")), FILE_ATTRIBUTE_READONLY),
+                        CASE(attributes(_T("folder")), FILE_ATTRIBUTE_DIRECTORY),
+                        CASE(attributes(_T("folder\\")), FILE_ATTRIBUTE_DIRECTORY),
+                        CASE(attributes(_T("none")), INVALID_FILE_ATTRIBUTES)});
+    EXPECT_EQ(GetLastError(), 2u);
 }
 
 TEST_F(FileConformance, FullNamesLoseDotsAndRepeatedSeparators) {
-    CString current;
+    WCHAR current[MAX_PATH];
     const DWORD length = GetCurrentDirectoryW(0, nullptr);
-    ASSERT_GT(length, 1u);
-    EXPECT_EQ(length - 1,
-              GetCurrentDirectoryW(length, current.GetBuffer(static_cast<int>(length))));
-    current.ReleaseBuffer();
-    // A name, what follows the current folder, with "/" for the separator, and the last part.
-    const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
-        {_T("name"), _T("/name"), _T("name")}, {_T("a\\b/c"), _T("/a/b/c"), _T("c")},
-        {_T("a//.\\b"), _T("/a/b"), _T("b")},  {_T("a/../b"), _T("/b"), _T("b")},
-        {_T("a/"), _T("/a/"), nullptr},        {_T("a/..b/...c"), _T("/a/..b/...c"), _T("...c")},
-    };
-    for (const auto& [name, relative, last] : rows) {
-        SCOPED_TRACE(testing::PrintToString(CString(name)));
+    EXPECT_EQ(length - 1, GetCurrentDirectoryW(length, current));
+    // What follows the current folder, with "/" for the separator, a bar and the last part.
+    const auto full = [&](const WCHAR* name) {
         WCHAR buffer[MAX_PATH];
-        WCHAR* filePart = buffer;
-        const DWORD result = GetFullPathNameW(name, MAX_PATH, buffer, &filePart);
-        CString expected = current + relative;
-        EXPECT_EQ(static_cast<DWORD>(expected.GetLength()), result);
-        CString actual(buffer);
-        actual.Replace('\\', '/');
-        expected.Replace('\\', '/');
-        EXPECT_EQ(expected, actual);
-        EXPECT_EQ(CString(last), CString(filePart));
-        EXPECT_EQ(result + 1, GetFullPathNameW(name, result, buffer, nullptr));
-    }
+        WCHAR* last = buffer;
+        const DWORD count = GetFullPathNameW(name, MAX_PATH, buffer, &last);
+        CString path(buffer, static_cast<int>(count));
+        EXPECT_EQ(path.Left(static_cast<int>(length) - 1), current);
+        EXPECT_EQ(count + 1, GetFullPathNameW(name, count, buffer, nullptr));
+        path = path.Mid(static_cast<int>(length) - 1) + _T("|") + CString(last);
+        path.Replace('\\', '/');
+        return path;
+    };
+    ExpectCases<CString, const WCHAR*>({
+        CASE(full(_T("name")), _T("/name|name")),
+        CASE(full(_T("a\\b/c")), _T("/a/b/c|c")),
+        CASE(full(_T("a//.\\b")), _T("/a/b|b")),
+        CASE(full(_T("a/../b")), _T("/b|b")),
+        CASE(full(_T("a/")), _T("/a/|")),
+        CASE(full(_T("a/..b/...c")), _T("/a/..b/...c|...c")),
+    });
     EXPECT_EQ(0u, GetFullPathNameW(_T(""), 0, nullptr, nullptr));
 }
 
 TEST_F(FileConformance, TemporaryFilesGetAFreeNameInTheirFolder) {
-    WCHAR temporary[MAX_PATH];
-    const DWORD length = GetTempPathW(MAX_PATH, temporary);
-    ASSERT_GT(length, 1u);
-    EXPECT_TRUE(temporary[length - 1] == '/' || temporary[length - 1] == '\\');
-    EXPECT_EQ(length + 1, GetTempPathW(length, temporary));
-
     WCHAR name[MAX_PATH];
-    const UINT first = GetTempFileNameW(folder.Path(), _T("prefix"), 0, name);
-    ASSERT_NE(0u, first);
-    const CString firstName(name);
-    EXPECT_EQ(folder.Path(_T("pre")), firstName.Left(folder.Path().GetLength() + 4));
-    EXPECT_EQ(CString(_T(".tmp")), firstName.Right(4));
+    const DWORD length = GetTempPathW(MAX_PATH, name);
+    EXPECT_TRUE(name[length - 1] == '/' || name[length - 1] == '\\');
+    EXPECT_EQ(length + 1, GetTempPathW(length, name));
+
+    ASSERT_NE(0u, GetTempFileNameW(folder.Path(), _T("prefix"), 0, name));
+    const CString first(name);
+    EXPECT_EQ(folder.Path(_T("pre")), first.Left(folder.Path().GetLength() + 4));
+    EXPECT_EQ(CString(_T(".tmp")), first.Right(4));
     EXPECT_TRUE(File(name, kRead, OPEN_EXISTING).IsOpen());
     ASSERT_NE(0u, GetTempFileNameW(folder.Path(), _T("pre"), 0, name));
-    EXPECT_NE(firstName, CString(name));
+    EXPECT_NE(first, CString(name));
 
     EXPECT_EQ(0x1abcu, GetTempFileNameW(folder.Path(), _T("a"), 0x1abc, name));
-    CString digits(name);
-    EXPECT_EQ(0, digits.Right(9).CompareNoCase(_T("a1ABC.tmp")));
+    EXPECT_EQ(0, CString(name).Right(9).CompareNoCase(_T("a1ABC.tmp")));
     EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(name));
-
     EXPECT_EQ(267u,
               ErrorOf([&] { return GetTempFileNameW(folder.Path(_T("none")), _T("a"), 0, name); }));
 }
