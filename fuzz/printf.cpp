@@ -63,13 +63,12 @@ std::string PrintedTwice(const std::string& format, Arguments... arguments) {
     return narrow;
 }
 
+// Flags, a width and a precision, which always come as arguments.
 struct MadeFormat {
     std::string text = "%";
+    int width = 0;
+    int precision = -1; // none
     bool zeroFill = false;
-    int stars[2];
-    int starCount = 0;
-    bool hasPrecision = false;
-    int precision = 0;
 };
 
 int SmallNumber(FuzzInput& input) {
@@ -81,68 +80,36 @@ int SmallNumber(FuzzInput& input) {
 MadeFormat MakeFormat(FuzzInput& input) {
     MadeFormat format;
     for (int flags = input.Byte(), i = 0; i < 5; ++i)
-        if (flags >> i & 1) {
+        if (flags >> i & 1)
             format.text += "-+ #0"[i];
-            format.zeroFill = format.zeroFill || i == 4;
-        }
-    const int parts = input.Byte();
-    if (parts & 1) {
-        const int width = SmallNumber(input);
-        if (parts & 2)
-            format.stars[format.starCount++] = width;
-        format.text += parts & 2 ? "*" : std::to_string(std::abs(width % 300));
-    }
-    format.hasPrecision = parts & 4;
-    if (format.hasPrecision) {
-        format.precision = SmallNumber(input);
-        if (parts & 8)
-            format.stars[format.starCount++] = format.precision;
-        else
-            format.precision = std::abs(format.precision % 300);
-        format.text += '.';
-        format.text += parts & 8 ? "*" : std::to_string(format.precision);
-    }
+    format.zeroFill = format.text.find('0') != format.text.npos;
+    format.text += "*.*";
+    format.width = SmallNumber(input);
+    format.precision = SmallNumber(input);
     return format;
 }
 
-// Hands the stars over before the value.
-template <class Function, class Value>
-auto WithStars(const MadeFormat& format, Function function, Value value) {
-    switch (format.starCount) {
-    case 0:
-        return function(value);
-    case 1:
-        return function(format.stars[0], value);
-    default:
-        return function(format.stars[0], format.stars[1], value);
-    }
+template <class Value>
+std::string PrintedAs(const MadeFormat& format, const std::string& type, Value value) {
+    return PrintedTwice(format.text + type, format.width, format.precision, value);
 }
 
 template <class Value>
-void CheckInteger(MadeFormat format, const char* size, const char* librarySize, char type,
+void CheckInteger(const MadeFormat& format, const char* size, const char* librarySize, char type,
                   Value value) {
-    const std::string library = format.text + librarySize + type;
-    format.text += size;
-    format.text += type;
-    const std::string printed = WithStars(
-        format, [&](auto... arguments) { return PrintedTwice(format.text, arguments...); }, value);
-    if ((format.zeroFill && format.hasPrecision) || type == 'o' || printed.empty())
+    const std::string printed = PrintedAs(format, std::string(size) + type, value);
+    if ((format.zeroFill && format.precision >= 0) || type == 'o' || printed.empty())
         return; // the Windows runtime has its own rules for these
+    const std::string library = format.text + librarySize + type;
     std::string expected(printed.size() + 1, 0);
-    const int length = WithStars(
-        format,
-        [&](auto... arguments) {
-            return std::snprintf(expected.data(), expected.size(), library.c_str(), arguments...);
-        },
-        value);
+    const int length = std::snprintf(expected.data(), expected.size(), library.c_str(),
+                                     format.width, format.precision, value);
     expected.pop_back();
     Require(length == static_cast<int>(printed.size()) && printed == expected);
 }
 
-void CheckDouble(MadeFormat format, char type, double value) {
-    format.text += type;
-    const std::string printed = WithStars(
-        format, [&](auto... arguments) { return PrintedTwice(format.text, arguments...); }, value);
+void CheckDouble(const MadeFormat& format, char type, double value) {
+    const std::string printed = PrintedAs(format, std::string(1, type), value);
     const bool isExact = (type == 'e' || type == 'E') && format.precision >= 16 && !printed.empty();
     if (isExact && value - value == 0)
         Require(std::strtod(printed.c_str() + printed.find_first_not_of(' '), nullptr) == value);
@@ -157,12 +124,6 @@ void CheckMadeFormat(FuzzInput& input) {
     const auto integer = static_cast<int>(bits);
     const auto quad = static_cast<long long>(bits);
     const std::string rest = input.Rest();
-    const WideText wideRest = Widened(rest);
-    const auto print = [&](const char* suffix, auto value) {
-        WithStars(
-            format, [&](auto... arguments) { PrintedTwice(format.text + suffix, arguments...); },
-            value);
-    };
     if (type < 6)
         return CheckInteger(format, "", "", "diuxXo"[type], integer);
     if (type < 9)
@@ -170,11 +131,11 @@ void CheckMadeFormat(FuzzInput& input) {
     if (type < 17)
         return CheckDouble(format, "eEfgGaAf"[type - 9], real);
     if (type == 17)
-        print("hd", integer);
+        PrintedAs(format, "hd", integer);
     else if (type == 18)
-        print("hs", rest.c_str());
+        PrintedAs(format, "hs", rest.c_str());
     else
-        print("c", integer & 0xff);
+        PrintedAs(format, "c", integer & 0xff);
 }
 
 // A text in either width, and as an integer or the half of one an odd but possible number.

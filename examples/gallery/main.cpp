@@ -9,6 +9,7 @@
 #include <quorvel/res/message_ids.h>
 #include <quorvel/util/compression/compression.h>
 
+#include "picture.h"
 #include "support/window_driver.h"
 
 #include <cstring>

@@ -3,6 +3,7 @@
 #include "platform/win32.h"
 
 #include "support/last_error.h"
+#include "support/samples.h"
 #include "support/temporary_folder.h"
 #include "support/text.h"
 
@@ -20,10 +21,6 @@ namespace {
 
 const HMODULE kInvented = reinterpret_cast<HMODULE>(UINT_PTR{0x12340000});
 constexpr DWORD kAsData = LOAD_LIBRARY_AS_DATAFILE;
-
-CString Sample(const WCHAR* name) { // to be read as data, or no module at all
-    return CString(QUORVEL_SAMPLES) + _T("/") + name;
-}
 
 CString Own(const WCHAR* name) { // to be loaded as a module
     return CString(QUORVEL_OWN_SAMPLES) + _T("/") + name;
@@ -191,16 +188,9 @@ TEST(ModuleConformance, ResourcesAreFoundByTypeNameAndLanguage) {
     const WCHAR* const one = MAKEINTRESOURCEW(1);
     const WCHAR* const data = RT_RCDATA;
     const WCHAR* const block19 = MAKEINTRESOURCEW(19);
-    struct Row {
-        const char* label;
-        HMODULE module;
-        const WCHAR* type;
-        const WCHAR* name;
-        WORD language;
-        const char* start; // of the bytes; null: not found
-        DWORD error;
-    };
     const HMODULE module = full.Get();
+    typedef std::tuple<const char*, HMODULE, const WCHAR*, const WCHAR*, WORD, const char*, DWORD>
+        Row; // with the start of the bytes, null where nothing is found
     const Row rows[] = {
         {"by number", module, data, one, 0, "by number", 0},
         {"as text", module, _T("#10"), _T("#1"), 0, "by number", 0},
@@ -220,20 +210,20 @@ TEST(ModuleConformance, ResourcesAreFoundByTypeNameAndLanguage) {
         {"no resources", none.Get(), data, one, 0, nullptr, 1812},
         {"no module", kInvented, data, one, 0, nullptr, 1812},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.label);
+    for (const auto& [label, where, type, name, language, start, error] : rows) {
+        SCOPED_TRACE(label);
         SetLastError(kUnset);
-        const HRSRC found = FindResourceExW(row.module, row.type, row.name, row.language);
-        EXPECT_EQ(row.error, found != nullptr ? 0 : GetLastError());
-        ASSERT_EQ(row.start != nullptr, found != nullptr);
-        if (row.language == 0) {
-            EXPECT_EQ(found, FindResourceW(row.module, row.name, row.type));
+        const HRSRC found = FindResourceExW(where, type, name, language);
+        EXPECT_EQ(error, found != nullptr ? 0 : GetLastError());
+        ASSERT_EQ(start != nullptr, found != nullptr);
+        if (language == 0) {
+            EXPECT_EQ(found, FindResourceW(where, name, type));
         }
         if (found == nullptr)
             continue;
-        const auto* bytes = static_cast<const char*>(LockResource(LoadResource(row.module, found)));
+        const auto* bytes = static_cast<const char*>(LockResource(LoadResource(where, found)));
         ASSERT_NE(nullptr, bytes);
-        EXPECT_EQ(0u, std::string(bytes, SizeofResource(row.module, found)).find(row.start));
+        EXPECT_EQ(0u, std::string(bytes, SizeofResource(where, found)).find(start));
     }
     EXPECT_EQ(nullptr, LoadResource(module, nullptr));
     EXPECT_EQ(0u, SizeofResource(module, nullptr));

@@ -2,19 +2,17 @@
 #include "platform/win32.h"
 
 #include "support/last_error.h"
+#include "support/samples.h"
 #include "support/temporary_folder.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <tuple>
 #include <vector>
 
 namespace {
-
-CString Sample(const WCHAR* name) {
-    return CString(QUORVEL_SAMPLES) + _T("/") + name;
-}
 
 std::vector<BYTE> Block(const WCHAR* path) {
     std::vector<BYTE> block(GetFileVersionInfoSizeW(path, nullptr));
@@ -26,12 +24,8 @@ std::vector<BYTE> Block(const WCHAR* path) {
 TEST(VersionInfoConformance, FilesWithoutAVersionGiveTheErrorOfEachKind) {
     const TemporaryFolder folder;
     folder.Write(_T("empty"), "");
-    struct Row {
-        const char* label;
-        CString path;
-        DWORD error; // 0: it has a version
-    };
-    const Row rows[] = {
+    // With error 0 there is a version.
+    const std::tuple<const char*, CString, DWORD> rows[] = {
         {"32-bit", Sample(_T("full.dll")), 0},
         {"64-bit", Sample(_T("x86_64/full.dll")), 0},
         {"other resources", Sample(_T("strings_only.dll")), 1812},
@@ -42,19 +36,18 @@ TEST(VersionInfoConformance, FilesWithoutAVersionGiveTheErrorOfEachKind) {
         {"missing folder", Sample(_T("missing/missing.dll")), 3},
         {"a folder", folder.Path(), 5},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.label);
+    BYTE block[4096];
+    for (const auto& [label, path, error] : rows) {
+        SCOPED_TRACE(label);
         DWORD zero = 77;
-        EXPECT_EQ(row.error, ErrorOf([&] { return GetFileVersionInfoSizeW(row.path, &zero); }));
+        EXPECT_EQ(error, ErrorOf([&] { return GetFileVersionInfoSizeW(path, &zero); }));
         EXPECT_EQ(0u, zero);
-        BYTE block[4096];
-        EXPECT_EQ(row.error,
-                  ErrorOf([&] { return GetFileVersionInfoW(row.path, 0, 4096, block); }));
+        EXPECT_EQ(error, ErrorOf([&] { return GetFileVersionInfoW(path, 0, 4096, block); }));
     }
+    const CString full = Sample(_T("full.dll"));
     EXPECT_EQ(87u, ErrorOf([] { return GetFileVersionInfoSizeW(nullptr, nullptr); }));
     EXPECT_EQ(161u, ErrorOf([] { return GetFileVersionInfoSizeW(_T(""), nullptr); }));
-    EXPECT_EQ(
-        13u, ErrorOf([] { return GetFileVersionInfoW(Sample(_T("full.dll")), 0, 4096, nullptr); }));
+    EXPECT_EQ(13u, ErrorOf([&] { return GetFileVersionInfoW(full, 0, 4096, nullptr); }));
 }
 
 TEST(VersionInfoConformance, ValuesAreFoundByTheirPath) {

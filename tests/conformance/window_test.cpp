@@ -29,15 +29,13 @@ LRESULT CALLBACK RecordLife(HWND window, UINT message, WPARAM wParam, LPARAM lPa
     switch (message) {
     case WM_NCCREATE:
         Note(window, "nccreate");
-        if (refuses(Refuse::kNcCreate))
-            return FALSE;
-        break;
+        return refuses(Refuse::kNcCreate) ? FALSE : DefWindowProcW(window, message, wParam, lParam);
     case WM_CREATE:
         Note(window, "create");
         return refuses(Refuse::kCreate) ? -1 : 0;
     case WM_DESTROY:
         Note(window, "destroy");
-        break;
+        return 0;
     case WM_NCDESTROY:
         Note(window, "ncdestroy");
         break;
@@ -172,23 +170,18 @@ TEST_F(Windows, AreDestroyedByTheirOwnThreadAlone) {
 
 HHOOK g_hooks[2];
 LRESULT g_hookResult;
-LRESULT CALLBACK FirstHook(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HCBT_CREATEWND) {
-        g_seen += "first ";
-        if (g_hookResult != 0)
-            return g_hookResult;
-    }
-    return CallNextHookEx(g_hooks[0], code, wParam, lParam);
-}
-LRESULT CALLBACK SecondHook(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HCBT_CREATEWND) {
-        g_seen += "second ";
-        const auto* event = reinterpret_cast<const CBT_CREATEWNDW*>(lParam);
-        EXPECT_EQ(CString(event->lpcs->lpszName), _T("caption"));
-        EXPECT_TRUE(IsWindow(reinterpret_cast<HWND>(wParam)));
-    }
-    const LRESULT result = CallNextHookEx(g_hooks[1], code, wParam, lParam);
-    if (code == HCBT_CREATEWND) {
+template <int number>
+LRESULT CALLBACK CreationHook(int code, WPARAM wParam, LPARAM lParam) {
+    if (code != HCBT_CREATEWND)
+        return CallNextHookEx(g_hooks[number], code, wParam, lParam);
+    g_seen += "hook" + std::to_string(number) + " ";
+    EXPECT_EQ(CString(reinterpret_cast<const CBT_CREATEWNDW*>(lParam)->lpcs->lpszName),
+              _T("caption"));
+    EXPECT_TRUE(IsWindow(reinterpret_cast<HWND>(wParam)));
+    if (number == 0 && g_hookResult != 0)
+        return g_hookResult;
+    const LRESULT result = CallNextHookEx(g_hooks[number], code, wParam, lParam);
+    if (number == 1) {
         EXPECT_TRUE(UnhookWindowsHookEx(g_hooks[1])); // from within
     }
     return result;
@@ -196,14 +189,14 @@ LRESULT CALLBACK SecondHook(int code, WPARAM wParam, LPARAM lParam) {
 
 TEST_F(Windows, AreOfferedToTheCreationHooksFirst) {
     g_hookResult = 0;
-    g_hooks[0] = SetWindowsHookExW(WH_CBT, FirstHook, nullptr, GetCurrentThreadId());
-    g_hooks[1] = SetWindowsHookExW(WH_CBT, SecondHook, nullptr, GetCurrentThreadId());
+    g_hooks[0] = SetWindowsHookExW(WH_CBT, CreationHook<0>, nullptr, GetCurrentThreadId());
+    g_hooks[1] = SetWindowsHookExW(WH_CBT, CreationHook<1>, nullptr, GetCurrentThreadId());
     DestroyWindow(Create());
-    EXPECT_EQ(g_seen.find("second first 0:nccreate"), 0u) << g_seen;
+    EXPECT_EQ(g_seen.find("hook1 hook0 0:nccreate"), 0u) << g_seen;
     g_seen.clear();
     g_hookResult = 1;
     EXPECT_EQ(Create(), nullptr);
-    EXPECT_EQ(g_seen, "first ");
+    EXPECT_EQ(g_seen, "hook0 ");
     EXPECT_TRUE(UnhookWindowsHookEx(g_hooks[0]));
     EXPECT_FALSE(UnhookWindowsHookEx(g_hooks[0]));
 }

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 using namespace quorvel;
@@ -22,17 +23,30 @@ const WCHAR* const kCheck = _T("&Check %1 && 2");
 const WCHAR* const kTarget = _T("help.chm::/page.htm");
 constexpr UINT kNoSuchText = 29999;
 
-const WCHAR* const kCatalogueHeading = _T("Crash Warning");
-const WCHAR* const kCatalogueText = _T("Out of memory.");
-const WCHAR* const kCatalogueCheck = _T("&Do not show this message again");
+constexpr UINT kHeadingId = kTextCrashWarning;
+constexpr UINT kTextId = kTextExceptionMemory;
+constexpr UINT kFormatId = kTextByteSizeBytes;
+constexpr UINT kCheckId = kTextDoNotShowAgain;
+const WCHAR* const kNone = nullptr;
 
 class VaskMessageBox : public testing::Test {
 protected:
-    // One box with help id 0, checked where it has a check box; null: without that part.
-    void ExpectShown(int result, const WCHAR* heading, const WCHAR* text, const WCHAR* checkBox,
-                     UINT type, int line = __builtin_LINE()) {
+    // One box with help id 0, checked where it has a check box. Its parts: heading (h), text (t),
+    // filled format (f) and check box (c), in capitals those of the catalogue.
+    void ExpectShown(int result, const std::string& parts, UINT type, int line = __builtin_LINE()) {
         const testing::ScopedTrace trace(__FILE__, line, "here");
-        const RecordedMessageBox expected = {ShownText(heading, text, checkBox, 1), type, 0};
+        const auto either = [&](char own, const WCHAR* ownText, const WCHAR* ofCatalogue) {
+            return parts.find(own) != parts.npos                           ? ownText
+                   : parts.find(static_cast<char>(own - 32)) != parts.npos ? ofCatalogue
+                                                                           : nullptr;
+        };
+        const WCHAR* text = either('t', kText, _T("Out of memory."));
+        if (text == nullptr)
+            text = either('f', _T("seven, 7%"), _T("7 bytes"));
+        const CString shown =
+            ShownText(either('h', kHeading, _T("Crash Warning")), text,
+                      either('c', kCheck, _T("&Do not show this message again")), 1);
+        const RecordedMessageBox expected = {shown, type, 0};
         EXPECT_EQ(m_recorder.Take(), std::vector{expected});
         EXPECT_EQ(result, IDRETRY);
         EXPECT_EQ(m_state, 1);
@@ -49,71 +63,53 @@ protected:
 };
 
 TEST_F(VaskMessageBox, EachFormComposesItsBox) {
-    constexpr UINT text = kTextExceptionMemory, heading = kTextCrashWarning,
-                   check = kTextDoNotShowAgain;
-    const WCHAR* const none = nullptr;
-    ExpectShown(AfxVaskMessageBox(kText, MB_OK, none), none, kText, none, MB_OK);
-    ExpectShown(AfxVaskMessageBox(text, MB_YESNO, kTarget), none, kCatalogueText, none,
-                MB_YESNO | MB_HELP);
-    ExpectShown(AfxVaskMessageBox(_T(""), _T(""), MB_OK, none), _T(""), _T(""), none, MB_OK);
-    ExpectShown(AfxVaskMessageBox(kHeading, kText, MB_ICONERROR, kTarget), kHeading, kText, none,
-                MB_ICONERROR | MB_HELP);
-    ExpectShown(AfxVaskMessageBox(heading, text, MB_OK, none), kCatalogueHeading, kCatalogueText,
-                none, MB_OK);
+    int& state = m_state;
+    ExpectShown(AfxVaskMessageBox(kText, MB_OK, kNone), "t", MB_OK);
+    ExpectShown(AfxVaskMessageBox(kTextId, MB_YESNO, kTarget), "T", MB_YESNO | MB_HELP);
+    ExpectShown(AfxVaskMessageBox(kHeading, kText, MB_OK, kTarget), "ht", MB_OK | MB_HELP);
+    ExpectShown(AfxVaskMessageBox(kHeadingId, kTextId, MB_OK, kNone), "HT", MB_OK);
     // With a check box the Help button is the caller's.
-    ExpectShown(AfxVaskMessageBox(kText, kCheck, m_state, MB_YESNO, kTarget), none, kText, kCheck,
-                MB_YESNO);
-    ExpectShown(AfxVaskMessageBox(text, check, m_state, MB_HELP, kTarget), none, kCatalogueText,
-                kCatalogueCheck, MB_HELP);
-    ExpectShown(AfxVaskMessageBox(kHeading, kText, kCheck, m_state, MB_OK, kTarget), kHeading,
-                kText, kCheck, MB_OK);
-    ExpectShown(AfxVaskMessageBox(heading, text, check, m_state, MB_OK, none), kCatalogueHeading,
-                kCatalogueText, kCatalogueCheck, MB_OK);
+    ExpectShown(AfxVaskMessageBox(kText, kCheck, state, MB_YESNO, kTarget), "tc", MB_YESNO);
+    ExpectShown(AfxVaskMessageBox(kTextId, kCheckId, state, MB_HELP, kTarget), "TC", MB_HELP);
+    ExpectShown(AfxVaskMessageBox(kHeading, kText, kCheck, state, MB_OK, kTarget), "htc", MB_OK);
+    ExpectShown(AfxVaskMessageBox(kHeadingId, kTextId, kCheckId, state, MB_OK, kNone), "HTC",
+                MB_OK);
 }
 
 TEST_F(VaskMessageBox, EachFormWithAFormatFillsItsInserts) {
-    constexpr UINT format = kTextByteSizeBytes, heading = kTextCrashWarning,
-                   check = kTextDoNotShowAgain;
-    const WCHAR* const none = nullptr;
+    int& state = m_state;
     const WCHAR* const seven = _T("seven");
-    const WCHAR* const filled = _T("seven, 7%");
-    const WCHAR* const bytes = _T("7 bytes");
-    ExpectShown(AfxFormatStringVaskMessageBox(kFormat, MB_OK, kTarget, 7, seven), none, filled,
-                none, MB_OK | MB_HELP);
-    ExpectShown(AfxFormatStringVaskMessageBox(format, MB_OK, none, 7), none, bytes, none, MB_OK);
-    ExpectShown(AfxFormatStringVaskMessageBox(kHeading, kFormat, MB_OK, none, 7, seven), kHeading,
-                filled, none, MB_OK);
-    ExpectShown(AfxFormatStringVaskMessageBox(heading, format, MB_OK, kTarget, 7),
-                kCatalogueHeading, bytes, none, MB_OK | MB_HELP);
-    ExpectShown(AfxFormatStringVaskMessageBox(kFormat, kCheck, m_state, MB_OK, kTarget, 7, seven),
-                none, filled, kCheck, MB_OK);
-    ExpectShown(AfxFormatStringVaskMessageBox(format, check, m_state, MB_OK, kTarget, 7), none,
-                bytes, kCatalogueCheck, MB_OK);
+    const auto show = [](auto... arguments) { return AfxFormatStringVaskMessageBox(arguments...); };
+    ExpectShown(show(kFormat, 0u, kTarget, 7, seven), "f", MB_HELP);
+    ExpectShown(show(kFormatId, 0u, kNone, 7), "F", 0);
+    ExpectShown(show(kHeading, kFormat, 0u, kNone, 7, seven), "hf", 0);
+    ExpectShown(show(kHeadingId, kFormatId, 0u, kTarget, 7), "HF", MB_HELP);
+    ExpectShown(AfxFormatStringVaskMessageBox(kFormat, kCheck, state, 0, kTarget, 7, seven), "fc",
+                0);
+    ExpectShown(AfxFormatStringVaskMessageBox(kFormatId, kCheckId, state, 0, kTarget, 7), "FC", 0);
     ExpectShown(
-        AfxFormatStringVaskMessageBox(kHeading, kFormat, kCheck, m_state, MB_OK, kTarget, 7, seven),
-        kHeading, filled, kCheck, MB_OK);
-    ExpectShown(AfxFormatStringVaskMessageBox(heading, format, check, m_state, MB_OK, kTarget, 7),
-                kCatalogueHeading, bytes, kCatalogueCheck, MB_OK);
+        AfxFormatStringVaskMessageBox(kHeading, kFormat, kCheck, state, 0, kTarget, 7, seven),
+        "hfc", 0);
+    ExpectShown(
+        AfxFormatStringVaskMessageBox(kHeadingId, kFormatId, kCheckId, state, 0, kTarget, 7), "HFC",
+        0);
 }
 
 TEST_F(VaskMessageBox, ShowsNothingWithoutAllItsTexts) {
-    constexpr UINT text = kTextExceptionMemory, heading = kTextCrashWarning,
-                   check = kTextDoNotShowAgain;
-    const WCHAR* const null = nullptr;
     m_state = 7;
-    ExpectNothing(AfxVaskMessageBox(null, MB_OK, null));
-    ExpectNothing(AfxVaskMessageBox(null, kText, MB_OK, null));
-    ExpectNothing(AfxVaskMessageBox(kHeading, null, MB_OK, null));
-    ExpectNothing(AfxVaskMessageBox(kText, null, m_state, MB_OK, null));
-    ExpectNothing(AfxVaskMessageBox(null, kCheck, m_state, MB_OK, null));
-    ExpectNothing(AfxVaskMessageBox(null, kText, kCheck, m_state, MB_OK, null));
-    ExpectNothing(AfxVaskMessageBox(kNoSuchText, MB_OK, null));
-    ExpectNothing(AfxVaskMessageBox(kNoSuchText, text, MB_OK, null));
-    ExpectNothing(AfxVaskMessageBox(text, kNoSuchText, m_state, MB_OK, null));
-    ExpectNothing(AfxVaskMessageBox(heading, kNoSuchText, check, m_state, MB_OK, null));
-    ExpectNothing(AfxFormatStringVaskMessageBox(null, MB_OK, null));
-    ExpectNothing(AfxFormatStringVaskMessageBox(kNoSuchText, MB_OK, null));
-    ExpectNothing(AfxFormatStringVaskMessageBox(kText, MB_OK, null)); // not a format
+    ExpectNothing(AfxVaskMessageBox(kNone, MB_OK, kNone));
+    ExpectNothing(AfxVaskMessageBox(kNone, kText, MB_OK, kNone));
+    ExpectNothing(AfxVaskMessageBox(kHeading, kNone, MB_OK, kNone));
+    ExpectNothing(AfxVaskMessageBox(kText, kNone, m_state, MB_OK, kNone));
+    ExpectNothing(AfxVaskMessageBox(kNone, kCheck, m_state, MB_OK, kNone));
+    ExpectNothing(AfxVaskMessageBox(kNone, kText, kCheck, m_state, MB_OK, kNone));
+    ExpectNothing(AfxVaskMessageBox(kNoSuchText, MB_OK, kNone));
+    ExpectNothing(AfxVaskMessageBox(kNoSuchText, kTextId, MB_OK, kNone));
+    ExpectNothing(AfxVaskMessageBox(kTextId, kNoSuchText, m_state, MB_OK, kNone));
+    ExpectNothing(AfxVaskMessageBox(kHeadingId, kNoSuchText, kCheckId, m_state, MB_OK, kNone));
+    ExpectNothing(AfxFormatStringVaskMessageBox(kNone, MB_OK, kNone));
+    ExpectNothing(AfxFormatStringVaskMessageBox(kNoSuchText, MB_OK, kNone));
+    ExpectNothing(AfxFormatStringVaskMessageBox(kText, MB_OK, kNone)); // not a format
 }
 
 TEST_F(VaskMessageBox, AnyOtherCheckStateStartsUnchecked) {
@@ -128,7 +124,7 @@ TEST_F(VaskMessageBox, AnyOtherCheckStateStartsUnchecked) {
 TEST_F(VaskMessageBox, TheCrashAsksFirst) { // the answer is not Yes
     AfxPerformDivideByZeroException();
     const RecordedMessageBox asked = {
-        ShownText(kCatalogueHeading,
+        ShownText(_T("Crash Warning"),
                   _T("A divide by zero operation is about to be performed. This will cause the ")
                   _T("program to crash. Are you sure you want to continue?"),
                   nullptr, 0),

@@ -2,6 +2,7 @@
 #include <quorvel/types/module_version.h>
 #include <quorvel/types/version_number.h>
 
+#include "support/samples.h"
 #include "support/temporary_folder.h"
 #include "support/text.h"
 
@@ -13,8 +14,10 @@ namespace {
 
 using namespace quorvel::win32;
 
-CString Sample(const WCHAR* name) {
-    return CString(QUORVEL_SAMPLES) + _T("/") + name;
+CModuleVersion Loaded(const WCHAR* sample) {
+    CModuleVersion module;
+    EXPECT_TRUE(module.Load(Sample(sample)));
+    return module;
 }
 
 std::string BytesOf(const WCHAR* sample) {
@@ -25,15 +28,13 @@ std::string BytesOf(const WCHAR* sample) {
 
 TEST(ModuleVersion, NothingIsLoadedAtFirst) {
     CModuleVersion module;
-    EXPECT_FALSE(module.IsLoaded());
-    EXPECT_EQ(module.GetLastError(), 0u);
+    EXPECT_FALSE(module.IsLoaded() || module.GetLastError() != 0);
     EXPECT_EQ(module.GetFileName(), _T(""));
     WORD parts[4] = {7, 7, 7, 7};
     EXPECT_FALSE(module.GetFileVersion(parts[0], parts[1], parts[2], parts[3]));
     EXPECT_FALSE(parts[0] || parts[1] || parts[2] || parts[3]);
     CVersionNumber number(1, 2, 3, 4);
-    EXPECT_FALSE(module.GetFileVersion(number));
-    EXPECT_FALSE(module.GetProductVersion(number));
+    EXPECT_FALSE(module.GetFileVersion(number) || module.GetProductVersion(number));
     EXPECT_TRUE(number == CVersionNumber(1, 2, 3, 4));
     DWORD zero = 7;
     EXPECT_EQ(module.GetFileOS(zero), 0u);
@@ -48,8 +49,7 @@ TEST(ModuleVersion, NothingIsLoadedAtFirst) {
 
 TEST(ModuleVersion, NumbersComeFromTheFixedBlock) {
     for (const WCHAR* sample : {_T("full.dll"), _T("x86_64/full.dll")}) {
-        CModuleVersion module;
-        ASSERT_TRUE(module.Load(Sample(sample)));
+        CModuleVersion module = Loaded(sample);
         EXPECT_TRUE(module.IsLoaded());
         EXPECT_EQ(module.GetFileName(), Sample(sample));
         EXPECT_EQ(module.GetLastError(), 0u);
@@ -66,27 +66,17 @@ TEST(ModuleVersion, NumbersComeFromTheFixedBlock) {
 }
 
 TEST(ModuleVersion, AFieldIsTheResultAndNotTheArgument) {
-    CModuleVersion module;
-    ASSERT_TRUE(module.Load(Sample(_T("all_texts.dll"))));
-    const struct {
-        DWORD (CModuleVersion::*get)(DWORD&) const noexcept;
-        DWORD value;
-    } fields[] = {
-        {&CModuleVersion::GetFileFlags, 0x2a},
-        {&CModuleVersion::GetFileOS, 0x40004},
-        {&CModuleVersion::GetFileType, 3},
-        {&CModuleVersion::GetFileSubtype, 7},
-    };
-    for (const auto& field : fields) {
-        DWORD zero = 77;
-        EXPECT_EQ((module.*field.get)(zero), field.value);
-        EXPECT_EQ(zero, 0u);
-    }
+    CModuleVersion module = Loaded(_T("all_texts.dll"));
+    DWORD zeros[] = {77, 77, 77, 77};
+    EXPECT_EQ(module.GetFileFlags(zeros[0]), 0x2au);
+    EXPECT_EQ(module.GetFileOS(zeros[1]), 0x40004u);
+    EXPECT_EQ(module.GetFileType(zeros[2]), 3u);
+    EXPECT_EQ(module.GetFileSubtype(zeros[3]), 7u);
+    EXPECT_FALSE(zeros[0] || zeros[1] || zeros[2] || zeros[3]);
 }
 
 TEST(ModuleVersion, TextsComeFromTheFirstTranslation) {
-    CModuleVersion module;
-    ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));
+    CModuleVersion module = Loaded(_T("full.dll"));
     CString value(_T("before"));
     EXPECT_TRUE(module.GetCompanyName(value));
     EXPECT_EQ(value, _T("A company of 20 \x20ac"));
@@ -102,29 +92,28 @@ TEST(ModuleVersion, TextsComeFromTheFirstTranslation) {
 }
 
 TEST(ModuleVersion, EachGetterAsksForItsKey) {
-    CModuleVersion module;
-    ASSERT_TRUE(module.Load(Sample(_T("all_texts.dll"))));
-    const struct {
-        BOOL (CModuleVersion::*get)(CString&);
-        const WCHAR* key; // and the text that the sample has for it
-    } rows[] = {
-        {&CModuleVersion::GetComments, _T("Comments")},
-        {&CModuleVersion::GetCompanyName, _T("CompanyName")},
-        {&CModuleVersion::GetFileDescription, _T("FileDescription")},
-        {&CModuleVersion::GetFileVersion, _T("FileVersion")},
-        {&CModuleVersion::GetInternalName, _T("InternalName")},
-        {&CModuleVersion::GetLegalCopyright, _T("LegalCopyright")},
-        {&CModuleVersion::GetLegalTrademarks, _T("LegalTrademarks")},
-        {&CModuleVersion::GetOriginalFileName, _T("OriginalFilename")},
-        {&CModuleVersion::GetPrivateBuild, _T("PrivateBuild")},
-        {&CModuleVersion::GetProductName, _T("ProductName")},
-        {&CModuleVersion::GetProductVersion, _T("ProductVersion")},
-        {&CModuleVersion::GetSpecialBuild, _T("SpecialBuild")},
+    CModuleVersion module = Loaded(_T("all_texts.dll"));
+    typedef BOOL (CModuleVersion::*Getter)(CString&);
+    typedef CModuleVersion M;
+    // The sample's text for a key is the key.
+    const std::tuple<Getter, const WCHAR*> rows[] = {
+        {&M::GetComments, _T("Comments")},
+        {&M::GetCompanyName, _T("CompanyName")},
+        {&M::GetFileDescription, _T("FileDescription")},
+        {&M::GetFileVersion, _T("FileVersion")},
+        {&M::GetInternalName, _T("InternalName")},
+        {&M::GetLegalCopyright, _T("LegalCopyright")},
+        {&M::GetLegalTrademarks, _T("LegalTrademarks")},
+        {&M::GetOriginalFileName, _T("OriginalFilename")},
+        {&M::GetPrivateBuild, _T("PrivateBuild")},
+        {&M::GetProductName, _T("ProductName")},
+        {&M::GetProductVersion, _T("ProductVersion")},
+        {&M::GetSpecialBuild, _T("SpecialBuild")},
     };
-    for (const auto& row : rows) {
-        CString value;
-        EXPECT_TRUE((module.*row.get)(value));
-        EXPECT_EQ(value, row.key);
+    for (const auto& [get, key] : rows) {
+        CString text;
+        EXPECT_TRUE((module.*get)(text));
+        EXPECT_EQ(text, key);
     }
     CString value(_T("before"));
     EXPECT_TRUE(module.GetSubBlockValue(_T("Empty"), value));
@@ -150,8 +139,7 @@ TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
     };
     for (const auto& [label, path, error, kept] : rows) {
         SCOPED_TRACE(label);
-        CModuleVersion module;
-        ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));
+        CModuleVersion module = Loaded(_T("full.dll"));
         EXPECT_FALSE(module.Load(path));
         EXPECT_EQ(module.GetLastError(), error);
         EXPECT_EQ(module.IsLoaded() != FALSE, kept);
@@ -159,8 +147,7 @@ TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
         CVersionNumber number;
         EXPECT_EQ(module.GetFileVersion(number) != FALSE, kept);
     }
-    CModuleVersion module;
-    ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));
+    CModuleVersion module = Loaded(_T("full.dll"));
     EXPECT_FALSE(module.Load(static_cast<const WCHAR*>(nullptr)));
     EXPECT_EQ(module.GetLastError(), DWORD{ERROR_BAD_ARGUMENTS});
     CString value;
@@ -168,8 +155,7 @@ TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
 }
 
 TEST(ModuleVersion, AFailedLoadForgetsTheCodePageOfTheTexts) {
-    CModuleVersion module;
-    ASSERT_TRUE(module.Load(Sample(_T("full.dll"))));
+    CModuleVersion module = Loaded(_T("full.dll"));
     EXPECT_FALSE(module.Load(Sample(_T("strings_only.dll"))));
     CString value;
     EXPECT_FALSE(module.GetCompanyName(value)); // the table of 0x0409 and 1252 is not there
@@ -180,8 +166,7 @@ TEST(ModuleVersion, AFailedLoadForgetsTheCodePageOfTheTexts) {
 TEST(ModuleVersion, ACopyOutlivesItsOriginal) {
     CModuleVersion copy;
     {
-        CModuleVersion original;
-        ASSERT_TRUE(original.Load(Sample(_T("full.dll"))));
+        CModuleVersion original = Loaded(_T("full.dll"));
         const CModuleVersion middle(original);
         copy = middle;
         copy = *&copy;
