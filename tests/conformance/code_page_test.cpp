@@ -58,16 +58,11 @@ void ExpectBoth(Convert convert, DWORD strictFlag, const From& from, const To& t
 
 TEST(Utf8, DecodesAndCountsReplacements) {
     const std::tuple<const char*, const char*, const WCHAR*, bool> rows[] = {
-        {"two to four bytes", "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80", _T("aé€😀"), true},
         {"largest", "\x7f\xdf\xbf\xef\xbf\xbf\xf4\x8f\xbf\xbf", _T("\x7f\x7ff\xffff\xdbff\xdfff"),
          true},
         {"byte order mark stays", "\xef\xbb\277a", _T("\ufeffa"), true},
-        {"longer than a block", "0123456789abcdef0123456789abcde\xc3\2510123456789abcdef!",
-         _T("0123456789abcdef0123456789abcdeé0123456789abcdef!"), true},
         {"cut at the end", "a\xe2\x82", _T("a\xfffd"), false},
         {"cut by a letter", "\xf0\x9f\x98z", _T("\xfffdz"), false},
-        {"overlong", "\xe0\x80\x80", _T("\xfffd\xfffd"), false},
-        {"surrogate", "\xed\xa0\x80", _T("\xfffd\xfffd"), false},
         {"above the last", "\xf4\x90\x80\x80", _T("\xfffd\xfffd\xfffd"), false},
     };
     for (const auto& [label, bytes, text, wellFormed] : rows) {

@@ -121,22 +121,14 @@ TEST(LinuxCodePage, IsBuiltOnceForAllThreads) {
 
 TEST(LinuxLocale, IsNamedByTheEnvironment) {
     const std::tuple<const char*, LCID> rows[] = {
-        {"", 0x0409},
-        {"C", 0x0409},
-        {"de_AT", 0x0c07},
-        {"es_ES", 0x0c0a},
-        {"nn_NO", 0x0814},
-        {"sr_RS", 0x281a},
-        {"zh_HK", 0x0c04},
-        {"C.UTF-8", 0x0409},
-        {"nonsense", 0x0409},
-        {"de_DE@euro", 0x0407},
-        {"de_DE.UTF-8", 0x0407},
-        {"sr_RS@latin", 0x241a},
-        {"zh_CN.GB2312", 0x0804},
-        {"ca_ES@valencia", 0x0403},
-        {"en_GB.ISO-8859-1", 0x0809},
-        {"en_DK", LOCALE_CUSTOM_DEFAULT},
+        {"", 0x0409},        {"nonsense", 0x0409},
+        {"C", 0x0409},       {"de_DE@euro", 0x0407},
+        {"de_AT", 0x0c07},   {"de_DE.UTF-8", 0x0407},
+        {"es_ES", 0x0c0a},   {"sr_RS@latin", 0x241a},
+        {"nn_NO", 0x0814},   {"zh_CN.GB2312", 0x0804},
+        {"sr_RS", 0x281a},   {"ca_ES@valencia", 0x0403},
+        {"zh_HK", 0x0c04},   {"en_GB.ISO-8859-1", 0x0809},
+        {"C.UTF-8", 0x0409}, {"en_DK", LOCALE_CUSTOM_DEFAULT},
     };
     for (const auto& [name, locale] : rows)
         EXPECT_EQ(quorvel::LocaleIdOf(name), locale) << name;

@@ -43,21 +43,11 @@ void ExpectMask(int shift, int width, Value mask) {
 
 TEST(DataHolders, FieldsStayInsideTheirValue) {
     const std::tuple<int, int, BYTE, WORD, DWORD> rows[] = {
-        {0, 1, 1, 1, 1},
-        {4, 4, 0xf0, 0xf0, 0xf0},
-        {5, 4, 0, 0x1e0, 0x1e0},
-        {0, 8, 0xff, 0xff, 0xff},
-        {15, 1, 0, 0x8000, 0x8000},
-        {0, 16, 0, 0xffff, 0xffff},
-        {31, 1, 0, 0, 0x80000000},
-        {0, 32, 0, 0, 0xffffffff},
-        {1, 32, 0, 0, 0},
-        {32, 1, 0, 0, 0},
-        {0, 0, 0, 0, 0},
-        {-1, 2, 0, 0, 0},
-        {2, -1, 0, 0, 0},
-        {INT_MAX, INT_MAX, 0, 0, 0},
-        {INT_MIN, INT_MIN, 0, 0, 0},
+        {0, 1, 1, 1, 1},  {2, -1, 0, 0, 0},          {0, 32, 0, 0, 0xffffffff},
+        {0, 0, 0, 0, 0},  {5, 4, 0, 0x1e0, 0x1e0},   {15, 1, 0, 0x8000, 0x8000},
+        {1, 32, 0, 0, 0}, {4, 4, 0xf0, 0xf0, 0xf0},  {0, 16, 0, 0xffff, 0xffff},
+        {32, 1, 0, 0, 0}, {0, 8, 0xff, 0xff, 0xff},  {INT_MAX, INT_MAX, 0, 0, 0},
+        {-1, 2, 0, 0, 0}, {31, 1, 0, 0, 0x80000000}, {INT_MIN, INT_MIN, 0, 0, 0},
     };
     for (const auto& [shift, width, byte, word, dword] : rows) {
         SCOPED_TRACE(testing::Message() << width << " bits from " << shift);

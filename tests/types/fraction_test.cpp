@@ -45,18 +45,10 @@ TEST(Fraction, CommonDivisorIsNeverNegative) {
 
 TEST(Fraction, LowestTermsKeepWhatTheirDenominatorDivides) {
     const std::tuple<BOOL, F, F> rows[] = {
-        {TRUE, {2, 4}, {1, 2}},
-        {TRUE, {3, 6}, {1, 2}},
-        {TRUE, {4, 2}, {4, 2}},
-        {TRUE, {0, 2}, {0, 2}},
-        {TRUE, {4, -6}, {2, -3}},
-        {TRUE, {0, -5}, {0, -1}},
-        {TRUE, {-4, -4}, {-1, -1}},
-        {TRUE, {INT_MIN, INT_MIN}, {-1, -1}},
-        {TRUE, {0, INT_MIN}, {0, -1}},
-        {TRUE, {INT_MIN, 6}, {INT_MIN / 2, 3}},
-        {TRUE, {INT_MIN, -1}, {INT_MIN, -1}},
-        {FALSE, {4, 0}, {4, 0}},
+        {TRUE, {2, 4}, {1, 2}}, {FALSE, {4, 0}, {4, 0}},    {TRUE, {0, INT_MIN}, {0, -1}},
+        {TRUE, {3, 6}, {1, 2}}, {TRUE, {4, -6}, {2, -3}},   {TRUE, {INT_MIN, INT_MIN}, {-1, -1}},
+        {TRUE, {4, 2}, {4, 2}}, {TRUE, {0, -5}, {0, -1}},   {TRUE, {INT_MIN, -1}, {INT_MIN, -1}},
+        {TRUE, {0, 2}, {0, 2}}, {TRUE, {-4, -4}, {-1, -1}}, {TRUE, {INT_MIN, 6}, {INT_MIN / 2, 3}},
     };
     for (const auto& [result, fraction, lowest] : rows) {
         F reduced(fraction);
@@ -121,19 +113,11 @@ TEST(Fraction, ComparesValuesAndNeverTheUndefined) {
 
 TEST(Fraction, DecimalsBecomeNearFractions) {
     const std::tuple<double, F> rows[] = {
-        {0.75, {3, 4}},
-        {-2.0, {-2, 1}},
-        {0.3333333, {1, 3}},
-        {-0.0, {0, 1}},
-        {-3.5, {-7, 2}},
-        {1e-8, {0, 1}},
-        {0.1f, {1, 10}},
-        {2147483647, {INT_MAX, 1}},
-        {2147483647.5, {0, 0}},
-        {-2147483648.0, {0, 0}},
-        {HUGE_VAL, {0, 0}},
+        {0.75, {3, 4}},         {0.1f, {1, 10}},        {-2147483648.0, {0, 0}},
+        {-0.0, {0, 1}},         {HUGE_VAL, {0, 0}},     {2147483647, {INT_MAX, 1}},
+        {1e-8, {0, 1}},         {0.3333333, {1, 3}},    {3.14159265358979, {103993, 33102}},
+        {-2.0, {-2, 1}},        {2147483647.5, {0, 0}}, {-3.5, {-7, 2}},
         {std::nan(""), {0, 0}},
-        {3.14159265358979, {103993, 33102}},
     };
     for (const auto& [value, fraction] : rows)
         EXPECT_TRUE(Is(F(value), fraction)) << value;
@@ -142,15 +126,11 @@ TEST(Fraction, DecimalsBecomeNearFractions) {
 
 TEST(Fraction, TextHasTheSignInFront) {
     const std::tuple<F, const WCHAR*, const WCHAR*> rows[] = {
-        {{7, 2}, _T("7/2"), _T("3 1/2")},
+        {{0, 5}, _T("0"), _T("0")},        {{-6, -4}, _T("6/4"), _T("1 2/4")},
+        {{5, 0}, _T("0"), _T("0")},        {{-7, 2}, _T("-7/2"), _T("-3 1/2")},
+        {{9, 3}, _T("9/3"), _T("3")},      {{INT_MIN, -1}, _T("2147483648/1"), _T("2147483648")},
+        {{7, 2}, _T("7/2"), _T("3 1/2")},  {{1, INT_MIN}, _T("-1/2147483648"), _T("-1/2147483648")},
         {{1, -3}, _T("-1/3"), _T("-1/3")},
-        {{-7, 2}, _T("-7/2"), _T("-3 1/2")},
-        {{9, 3}, _T("9/3"), _T("3")},
-        {{-6, -4}, _T("6/4"), _T("1 2/4")},
-        {{0, 5}, _T("0"), _T("0")},
-        {{5, 0}, _T("0"), _T("0")},
-        {{INT_MIN, -1}, _T("2147483648/1"), _T("2147483648")},
-        {{1, INT_MIN}, _T("-1/2147483648"), _T("-1/2147483648")},
     };
     for (const auto& [fraction, plain, mixed] : rows) {
         EXPECT_EQ(fraction.GetText(FALSE), plain);

@@ -21,6 +21,10 @@ void ExpectDate(const Row& row, int order = 1) {
     EXPECT_TRUE(AfxStringToDate(row.text, date, order));
     EXPECT_EQ(date, row.date);
 }
+void ExpectDates(std::initializer_list<Row> rows) {
+    for (const Row& row : rows)
+        ExpectDate(row);
+}
 
 void ExpectRefused(const WCHAR* text, int order = 1) {
     SCOPED_TRACE(testing::PrintToString(CString(text)));
@@ -35,7 +39,7 @@ TEST(DateParser, EveryFormOfATextHasItsDate) {
     const COleDateTime noon(2007, 3, 4, 12, 34, 56);
     const COleDateTime noSeconds(2007, 3, 4, 12, 34, 0);
     const COleDateTime day(2007, 3, 4, 0, 0, 0);
-    const Row rows[] = {
+    ExpectDates({
         {_T("March 4, 2007 12:34:56 GMT"), noon},
         {_T("Sunday, March 4, 2007 12:34:56 GMT"), noon},
         {_T("Sun, 04 Mar 2007 12:34:56 GMT"), noon},
@@ -64,13 +68,11 @@ TEST(DateParser, EveryFormOfATextHasItsDate) {
         {_T("1990-12-31T23:59:60Z"), {1991, 1, 1, 0, 0, 0}},
         {_T("1937-01-01T12:00:27.87+00:20"), {1937, 1, 1, 11, 40, 27}},
         {_T("1997-07-16T19:20+01:00"), {1997, 7, 16, 18, 20, 0}},
-    };
-    for (const Row& row : rows)
-        ExpectDate(row);
+    });
 }
 
 TEST(DateParser, ATimeWithAZoneIsInUtc) {
-    const Row rows[] = {
+    ExpectDates({
         {_T("Sun, 04 Mar 2007 00:30:00 +0100"), {2007, 3, 3, 23, 30, 0}},
         {_T("Sun, 04 Mar 2007 00:30:00 -0530"), {2007, 3, 4, 6, 0, 0}},
         {_T("Sun, 31 Dec 2006 22:00:00 EST"), {2007, 1, 1, 3, 0, 0}},
@@ -84,26 +86,22 @@ TEST(DateParser, ATimeWithAZoneIsInUtc) {
         {_T("Sun, 04 Mar 2007 05:06:07 (CET)"), {2007, 3, 4, 5, 6, 7}},
         {_T("Sun, 04 Mar 2007 05:06:07 AEST"), {2007, 3, 4, 5, 6, 7}},
         {_T("4 Mar 2007 05:06"), {2007, 3, 4, 5, 6, 0}},
-    };
-    for (const Row& row : rows)
-        ExpectDate(row);
+    });
 }
 
 TEST(DateParser, BlanksAndWhatFollowsDoNotMatter) {
-    const Row rows[] = {
+    ExpectDates({
         {_T("  Sun,\t04\r\n Mar 2007   5:6:7 +0100 (CET)"), {2007, 3, 4, 4, 6, 7}},
         {_T("sUN, 4 mARCH 2007 05:06:07 gmt; length=1"), {2007, 3, 4, 5, 6, 7}},
         {_T("2007-03-04T05:06:07,25 +01"), {2007, 3, 4, 4, 6, 7}},
         {_T("2007-03-04 05:06:07"), {2007, 3, 4, 0, 0, 0}},
         {_T("4 Mar 2007, about noon"), {2007, 3, 4, 0, 0, 0}},
         {_T("4Mar 2007"), {2007, 3, 4, 0, 0, 0}},
-    };
-    for (const Row& row : rows)
-        ExpectDate(row);
+    });
 }
 
 TEST(DateParser, ShortYearsAreOfThisAgeAndTheLast) {
-    const Row rows[] = {
+    ExpectDates({
         {_T("Sun, 04 Mar 07 05:06:07 GMT"), {2007, 3, 4, 5, 6, 7}},
         {_T("4 Mar 49"), {2049, 3, 4, 0, 0, 0}},
         {_T("4 Mar 50"), {1950, 3, 4, 0, 0, 0}},
@@ -111,9 +109,7 @@ TEST(DateParser, ShortYearsAreOfThisAgeAndTheLast) {
         {_T("4 Mar 107"), {2007, 3, 4, 0, 0, 0}},
         {_T("4/3/99"), {1999, 3, 4, 0, 0, 0}},
         {_T("0100-03-04"), {100, 3, 4, 0, 0, 0}},
-    };
-    for (const Row& row : rows)
-        ExpectDate(row);
+    });
 }
 
 TEST(DateParser, TheOrderIsThatOfTheSlashesOnly) {
@@ -128,32 +124,21 @@ TEST(DateParser, TheOrderIsThatOfTheSlashesOnly) {
 }
 
 TEST(DateParser, ATextThatIsNoDateLeavesTheDate) {
+    const WCHAR* const null = nullptr;
     // A word ends at a blank, and 5:06 PM is not 5:06.
     for (const WCHAR* text :
-         std::initializer_list<const WCHAR*>{_T(""),
-                                             nullptr,
-                                             _T("   "),
-                                             _T("4Mar2007"),
-                                             _T("4 Mar -7"),
-                                             _T("yesterday"),
-                                             _T("0099-03-04"),
-                                             _T("2007-00-04"),
-                                             _T("2007-03-00"),
-                                             _T("Sun, 04 Mar"),
-                                             _T("2007--03-04"),
-                                             _T("4/3/2007 5:06 PM"),
-                                             _T("0100-01-01T00:30:00+01:00"),
-                                             _T("Sun, 04 Mrz 2007 05:06:07 GMT"),
-                                             _T("Sun, 32 Mar 2007 05:06:07 GMT"),
-                                             _T("Thu, 29 Feb 2007 05:06:07 GMT"),
-                                             _T("Sun, 04 Mar 2007 24:00:00 GMT"),
-                                             _T("Sun, 04 Mar 2007 05:60:07 GMT"),
-                                             _T("Sun, 04 Mar 2007 05:06:61 GMT"),
-                                             _T("Sun, 04 Mar 2007 -5:06:07 GMT"),
-                                             _T("Sun, 04 Mar 2007 05:06:07 +0160"),
-                                             _T("Fri, 31 Dec 9999 23:30:00 -0100"),
-                                             _T("Sun, 04 Mar 2007 05:06:07 GMT+0100"),
-                                             _T("Sun, 04 Mar 99999999999999999999 05:06:07 GMT")})
+         {null, _T(""), _T("   "), _T("yesterday"), _T("4Mar2007"), _T("4 Mar -7"),
+          _T("0099-03-04"), _T("2007-00-04"), _T("2007-03-00"), _T("2007--03-04"),
+          _T("Sun, 04 Mar"), _T("4/3/2007 5:06 PM"), _T("0100-01-01T00:30:00+01:00"),
+          _T("Fri, 31 Dec 9999 23:30:00 -0100")})
+        ExpectRefused(text);
+    for (const WCHAR* text :
+         {_T("Sun, 04 Mrz 2007 05:06:07 GMT"), _T("Sun, 32 Mar 2007 05:06:07 GMT"),
+          _T("Thu, 29 Feb 2007 05:06:07 GMT"), _T("Sun, 04 Mar 2007 24:00:00 GMT"),
+          _T("Sun, 04 Mar 2007 05:60:07 GMT"), _T("Sun, 04 Mar 2007 05:06:61 GMT"),
+          _T("Sun, 04 Mar 2007 -5:06:07 GMT"), _T("Sun, 04 Mar 2007 05:06:07 +0160"),
+          _T("Sun, 04 Mar 2007 05:06:07 GMT+0100"),
+          _T("Sun, 04 Mar 99999999999999999999 05:06:07 GMT")})
         ExpectRefused(text);
 }
 

@@ -6,61 +6,30 @@
 
 #include <climits>
 
-namespace {
-
-struct Row {
-    const WCHAR* text;
-    BOOL expected;
-};
-
-} // namespace
-
 TEST(Validation, WebAddresses) {
-    const Row rows[] = {
-        {_T("http://example.com"), TRUE},
-        {_T("HTTPS://example.com/a?b=c#d"), TRUE},
-        {_T("ftp://x"), TRUE},
-        {_T("gopher://x"), TRUE},
-        {_T("mailto:someone@example.com"), TRUE},
-        {_T("news:comp.lang"), TRUE},
-        {_T("file:///etc/hosts"), TRUE},
-        {_T("file://C:\\My Documents\\a.txt"), TRUE},
-        {_T("http://stra\xdf\x65.example"), TRUE},
-        {_T("http://"), FALSE},
-        {_T("http:///"), FALSE},
-        {_T("mailto:"), FALSE},
-        {_T("http:/example.com"), FALSE},
-        {_T("example.com"), FALSE},
-        {_T("javascript:alert(1)"), FALSE},
-        {_T(" http://example.com"), FALSE},
-        {_T("http://exam ple.com"), FALSE},
-        {_T("http://example.com\r\nHost: x"), FALSE},
-        {_T("file://a\tb"), FALSE},
-        {_T("http://example.com\x85"), FALSE},
-        {_T(""), FALSE},
-        {nullptr, FALSE},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(AfxIsValidURL(row.text), row.expected)
-            << testing::PrintToString(CString(row.text));
+    for (const WCHAR* valid :
+         {_T("http://example.com"), _T("HTTPS://example.com/a?b=c#d"), _T("ftp://x"),
+          _T("gopher://x"), _T("mailto:someone@example.com"), _T("news:comp.lang"),
+          _T("file:///etc/hosts"), _T("file://C:\\My Documents\\a.txt"),
+          _T("http://stra\xdf\x65.example")})
+        EXPECT_TRUE(AfxIsValidURL(valid)) << testing::PrintToString(CString(valid));
+    for (const WCHAR* invalid :
+         {_T("http://"), _T("http:///"), _T("mailto:"), _T("http:/example.com"), _T("example.com"),
+          _T("javascript:alert(1)"), _T(" http://example.com"), _T("http://exam ple.com"),
+          _T("http://example.com\r\nHost: x"), _T("file://a\tb"), _T("http://example.com\x85"),
+          _T(""), static_cast<const WCHAR*>(nullptr)})
+        EXPECT_FALSE(AfxIsValidURL(invalid)) << testing::PrintToString(CString(invalid));
 }
 
 TEST(Validation, DottedAddresses) {
-    const Row rows[] = {
-        {_T("0.0.0.0"), TRUE},    {_T("255.255.255.255"), TRUE},
-        {_T("127.0.0.1"), TRUE},  {_T("256.0.0.1"), FALSE},
-        {_T("1.2.3"), FALSE},     {_T("1.2.3.4.5"), FALSE},
-        {_T("1.2.3."), FALSE},    {_T(".1.2.3"), FALSE},
-        {_T("1..2.3"), FALSE},    {_T("01.2.3.4"), FALSE},
-        {_T("1.2.3.4 "), FALSE},  {_T(" 1.2.3.4"), FALSE},
-        {_T("1.2.3.a"), FALSE},   {_T("0x1.2.3.4"), FALSE},
-        {_T("-1.2.3.4"), FALSE},  {_T("1.2.3.99999999999999999999"), FALSE},
-        {_T("localhost"), FALSE}, {_T(""), FALSE},
-        {nullptr, FALSE},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(AfxIsValidIPAddress(row.text), row.expected)
-            << testing::PrintToString(CString(row.text));
+    for (const WCHAR* valid : {_T("0.0.0.0"), _T("255.255.255.255"), _T("127.0.0.1")})
+        EXPECT_TRUE(AfxIsValidIPAddress(valid)) << testing::PrintToString(CString(valid));
+    for (const WCHAR* invalid :
+         {_T("256.0.0.1"), _T("1.2.3"), _T("1.2.3.4.5"), _T("1.2.3."), _T(".1.2.3"), _T("1..2.3"),
+          _T("01.2.3.4"), _T("1.2.3.4 "), _T(" 1.2.3.4"), _T("1.2.3.a"), _T("0x1.2.3.4"),
+          _T("-1.2.3.4"), _T("1.2.3.99999999999999999999"), _T("localhost"), _T(""),
+          static_cast<const WCHAR*>(nullptr)})
+        EXPECT_FALSE(AfxIsValidIPAddress(invalid)) << testing::PrintToString(CString(invalid));
 }
 
 TEST(Validation, Ports) {
