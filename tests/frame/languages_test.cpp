@@ -1,9 +1,8 @@
 #include <quorvel/frame/languages.h>
 
+#include "support/cases.h"
 #include "support/temporary_folder.h"
 #include "support/text.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -30,52 +29,48 @@ TEST(Languages, NamesAreThoseOfTheLocale) {
     EXPECT_NAME(AfxGetNativeLanguageName, "Deutsch");
 }
 
-struct NameCase {
-    const WCHAR* given;
-    const WCHAR* name; // null: refused
-};
-
 TEST(Languages, TheTemplateIsExpandedOnce) {
-    const NameCase rows[] = {
-        {kTemplate, _T("Quorvel_DEU.dll")},
-        {_T("one.dll"), _T("one.dll")},
-        {_T("%s_%s"), _T("DEU_%s")},
-        {_T("%%s_%s%"), _T("%s_DEU%")},
-        {_T("%n%d%S%1!s!%s"), _T("%n%d%S%1!s!DEU")},
-        {_T(""), nullptr},
-        {nullptr, nullptr},
+    const auto fileName = [](const WCHAR* nameTemplate, LANGID language = kGerman) {
+        CString name(_T("before"));
+        const BOOL done = AfxGetResourceDLLFileName(nameTemplate, language, name);
+        EXPECT_EQ(done, !name.IsEmpty());
+        return name;
     };
-    CString name(_T("before"));
-    for (const NameCase& row : rows) {
-        EXPECT_EQ(AfxGetResourceDLLFileName(row.given, kGerman, name), row.name != nullptr);
-        EXPECT_EQ(name, CString(row.name));
-    }
+    ExpectCases<CString, const WCHAR*>({
+        CASE(fileName(kTemplate), _T("Quorvel_DEU.dll")),
+        CASE(fileName(_T("one.dll")), _T("one.dll")),
+        CASE(fileName(_T("%s_%s")), _T("DEU_%s")),
+        CASE(fileName(_T("%%s_%s%")), _T("%s_DEU%")),
+        CASE(fileName(_T("%n%d%S%1!s!%s")), _T("%n%d%S%1!s!DEU")),
+        CASE(fileName(_T("")), _T("")),
+        CASE(fileName(nullptr), _T("")),
+        CASE(fileName(kTemplate, kUnsupported), _T("")),
+    });
+    CString name;
     EXPECT_TRUE(AfxGetResourceDLLFileName(kTemplate, 7, 2, name));
     EXPECT_EQ(name, _T("Quorvel_DES.dll"));
-    EXPECT_FALSE(AfxGetResourceDLLFileName(kTemplate, kUnsupported, name));
-    EXPECT_EQ(name, _T(""));
 }
 
 TEST(Languages, ThePathHasOneBackslashBeforeTheName) {
-    const NameCase rows[] = {
-        {_T("C:\\Lang"), _T("C:\\Lang\\Quorvel_DEU.dll")},
-        {_T("C:\\Lang\\\\\\"), _T("C:\\Lang\\Quorvel_DEU.dll")},
-        {_T("\\"), _T("\\Quorvel_DEU.dll")},
-        {_T("/lang"), _T("/lang\\Quorvel_DEU.dll")},
-        {_T("%s"), _T("%s\\Quorvel_DEU.dll")},
-        {_T(""), nullptr},
-        {nullptr, nullptr},
+    const auto path = [](const WCHAR* folder, const WCHAR* nameTemplate = kTemplate) {
+        CString name(_T("before"));
+        const BOOL done = AfxGetResourceDLLPathName(folder, nameTemplate, kGerman, name);
+        EXPECT_EQ(done, !name.IsEmpty());
+        return name;
     };
-    CString name(_T("before"));
-    for (const NameCase& row : rows) {
-        EXPECT_EQ(AfxGetResourceDLLPathName(row.given, kTemplate, kGerman, name),
-                  row.name != nullptr);
-        EXPECT_EQ(name, CString(row.name));
-    }
+    ExpectCases<CString, const WCHAR*>({
+        CASE(path(_T("C:\\Lang")), _T("C:\\Lang\\Quorvel_DEU.dll")),
+        CASE(path(_T("C:\\Lang\\\\\\")), _T("C:\\Lang\\Quorvel_DEU.dll")),
+        CASE(path(_T("\\")), _T("\\Quorvel_DEU.dll")),
+        CASE(path(_T("/lang")), _T("/lang\\Quorvel_DEU.dll")),
+        CASE(path(_T("%s")), _T("%s\\Quorvel_DEU.dll")),
+        CASE(path(_T("")), _T("")),
+        CASE(path(nullptr), _T("")),
+        CASE(path(_T("C:"), nullptr), _T("")),
+    });
+    CString name;
     EXPECT_TRUE(AfxGetResourceDLLPathName(_T("C:"), kTemplate, 7, 2, name));
     EXPECT_EQ(name, _T("C:\\Quorvel_DES.dll"));
-    EXPECT_FALSE(AfxGetResourceDLLPathName(_T("C:"), nullptr, kGerman, name));
-    EXPECT_EQ(name, _T(""));
 }
 
 TEST(Languages, TheFolderDecidesWhichAreEnumerated) {

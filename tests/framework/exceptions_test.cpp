@@ -70,12 +70,11 @@ TEST(Exceptions, AHostsClassIsKnownByTheLibrarysBase) {
     CException* exception = new HostException(deleted);
     EXPECT_TRUE(exception->IsKindOf(RUNTIME_CLASS(CFileException)));
     EXPECT_TRUE(exception->IsKindOf(RUNTIME_CLASS(HostException)));
-    exception->m_bAutoDelete = FALSE;
-    exception->Delete();
-    EXPECT_FALSE(deleted);
-    exception->m_bAutoDelete = TRUE;
-    exception->Delete();
-    EXPECT_TRUE(deleted);
+    for (const BOOL deletes : {FALSE, TRUE}) {
+        exception->m_bAutoDelete = deletes;
+        exception->Delete();
+        EXPECT_EQ(deleted, deletes);
+    }
 }
 
 TEST(Exceptions, SystemErrorsHaveACause) {
@@ -107,30 +106,23 @@ TEST(Exceptions, TellTheCatalogueTextOfTheirCause) {
     const GermanTexts german;
     CMemoryException memory;
     CInvalidArgException argument;
-    CFileException file(CFileException::endOfFile);
-    CFileException unknownFile(22);
-    CFileException negativeFile(-1);
-    CArchiveException archive(CArchiveException::badSchema);
-    CArchiveException unknownArchive(8);
-    const struct {
-        CException& exception;
-        UINT textId;
-    } rows[] = {
+    CFileException file(CFileException::endOfFile), unknownFile(22), negativeFile(-1);
+    CArchiveException archive(CArchiveException::badSchema), unknownArchive(8);
+    const std::tuple<CException&, UINT> rows[] = {
         {memory, 21240},  {argument, 21243},       {file, 22534},         {unknownFile, 22521},
         {archive, 22549}, {unknownArchive, 22543}, {negativeFile, 22521},
     };
-    for (const auto& row : rows) {
-        const CString expected = german.Text(row.textId);
+    for (const auto& [exception, textId] : rows) {
+        const CString expected = german.Text(textId);
         ASSERT_FALSE(expected.IsEmpty());
         WCHAR text[256];
         UINT help = 7;
-        EXPECT_TRUE(row.exception.GetErrorMessage(text, 256, &help));
+        EXPECT_TRUE(exception.GetErrorMessage(text, 256, &help));
         EXPECT_EQ(CString(text), expected);
         EXPECT_EQ(help, 0u);
-        EXPECT_TRUE(row.exception.GetErrorMessage(text, 4));
+        EXPECT_TRUE(exception.GetErrorMessage(text, 4));
         EXPECT_EQ(CString(text), expected.Left(3));
-        EXPECT_FALSE(row.exception.GetErrorMessage(text, 0));
-        EXPECT_FALSE(row.exception.GetErrorMessage(nullptr, 4));
+        EXPECT_FALSE(exception.GetErrorMessage(text, 0) || exception.GetErrorMessage(nullptr, 4));
     }
     WCHAR text[4] = {'?'};
     CException base;
