@@ -3,7 +3,7 @@
 //
 // It begins with zlib's own record, to which a host that links zlib may pass it. Copies share the
 // buffers and the state inside zlib, so an object and its copies are used by one thread at a time,
-// and zlib serves only the object that was initialised.
+// and zlib serves only the object that was initialised. Including this needs zlib's own header.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -41,8 +41,9 @@ public:
     // Compresses the source to its end and finishes the stream, with buffers of the default sizes
     // where there are none. Deliberate: `bytesToRead` limits the first read only, every later one
     // fills the buffer (a first read of 0 bytes counts as the end). Returns 1, with `bytesWritten`
-    // what the stream has written altogether; otherwise 0, with 0 bytes: the source is empty or at
-    // its end, zlib has failed, or a file has thrown something. The stream is not ended.
+    // what the stream has written altogether, modulo 2^32; otherwise 0, with 0 bytes: the source is
+    // empty or at its end, zlib has failed, or a file has thrown something. The stream is not
+    // ended.
     int Deflate(CFile& source, UINT bytesToRead, CFile& destination, UINT& bytesWritten);
     // Decompresses up to the end of the stream, reading at most `bytesToRead` bytes. Returns 1 or
     // 0 as Deflate does; after a 0 for want of input a further call goes on with the stream. A
