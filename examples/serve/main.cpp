@@ -1,0 +1,159 @@
+// serve: a small server of static files over HTTP. See kUsage.
+#include "common/console.h"
+#include "server.h"
+
+#include <quorvel/framework/app.h>
+#include <quorvel/framework/wnd.h>
+#include <quorvel/net/winsock_error_text.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+using namespace quorvel::win32;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char kUsage[] =
+    R"(usage: serve [--port N] [--address A] FOLDER
+
+Answers GET and HEAD with the files of a folder, until its standard input ends.
+
+  --port N      from 1 to 65535; any free one without it
+  --address A   the dotted address to listen at (127.0.0.1)
+
+The first line of output is the address: http://127.0.0.1:8080/
+
+exit code: 0 done, 1 failed, 2 wrong usage
+)";
+
+enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2 };
+
+// What ends the program: one line for the user.
+struct Failure {
+    ExitCode code;
+    CString text;
+};
+
+struct Options {
+    UINT port = 0;
+    CString address = _T("127.0.0.1");
+    CString folder;
+};
+
+UINT ReadPort(const CString& text) {
+    UINT port = 0;
+    for (int i = 0; i < text.GetLength() && port <= 65535; ++i)
+        port =
+            text[i] >= '0' && text[i] <= '9' ? port * 10 + static_cast<UINT>(text[i] - '0') : 65536;
+    if (port == 0 || port > 65535)
+        throw Failure{exitUsage, _T("not a port from 1 to 65535: ") + text};
+    return port;
+}
+
+Options ReadOptions(const std::vector<CString>& arguments) {
+    Options options;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const bool hasValue = i + 1 < arguments.size();
+        if (arguments[i] == _T("--port") && hasValue)
+            options.port = ReadPort(arguments[++i]);
+        else if (arguments[i] == _T("--address") && hasValue)
+            options.address = arguments[++i];
+        else if (options.folder.IsEmpty() && arguments[i].Left(2) != _T("--"))
+            options.folder = arguments[i];
+        else
+            throw Failure{exitUsage, _T("not understood: ") + arguments[i]};
+    }
+    if (options.folder.IsEmpty())
+        throw Failure{exitUsage, _T("a folder is needed (serve --help)")};
+    return options;
+}
+
+// Takes the statuses of the connections.
+class StatusWnd : public CWnd {
+public:
+    Server* m_server = nullptr;
+
+protected:
+    LRESULT OnStatus(WPARAM socket, LPARAM status) {
+        if (m_server != nullptr)
+            m_server->OnStatus(reinterpret_cast<CVaskSocket*>(socket), LOWORD(status));
+        return 0;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(StatusWnd, CWnd)
+ON_MESSAGE(CVaskSocket::STATUS_MESSAGE, &StatusWnd::OnStatus)
+END_MESSAGE_MAP()
+
+void CreateWindowFor(StatusWnd& wnd) {
+    WNDCLASSEXW windowClass = {};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.lpfnWndProc = DefWindowProcW;
+    windowClass.lpszClassName = _T("Serve");
+    RegisterClassExW(&windowClass);
+    if (!wnd.CreateEx(0, _T("Serve"), nullptr, 0, 0, 0, 0, 0, nullptr, nullptr))
+        throw Failure{exitFailed, _T("no window could be made")};
+}
+
+UINT WaitForEndOfInput(void* window) {
+    while (std::getchar() != EOF) {
+    }
+    PostMessageW(static_cast<HWND>(window), WM_CLOSE, 0, 0);
+    return 0;
+}
+
+void Serve(const Options& options) {
+    std::error_code error;
+    const fs::path folder(std::basic_string<WCHAR>(options.folder.GetString()));
+    if (!fs::is_directory(folder, error))
+        throw Failure{exitFailed, options.folder + _T(": not a folder")};
+    StatusWnd window;
+    CreateWindowFor(window);
+    Server server(folder, window.m_hWnd);
+    CString address;
+    UINT port = 0;
+    if (!server.Create(options.port, SOCK_STREAM, CVaskSocket::ALL_EVENTS, options.address) ||
+        !server.Listen() || !server.GetSockNameEx(address, port))
+        throw Failure{exitFailed,
+                      AfxGetWinsockErrorText(static_cast<DWORD>(CVaskSocket::GetLastError()))};
+    window.m_server = &server;
+    CString line;
+    line.Format(_T("http://%s:%u/"), address.GetString(), port);
+    Print(stdout, line);
+    std::fflush(stdout);
+    AfxBeginThread(WaitForEndOfInput, window.m_hWnd);
+    MSG message;
+    while (window.m_hWnd != nullptr && GetMessageW(&message, nullptr, 0, 0) > 0)
+        DispatchMessageW(&message);
+}
+
+int Run(const std::vector<CString>& arguments) {
+    if (arguments.size() == 1 && arguments[0] == _T("--help")) {
+        std::fputs(kUsage, stdout);
+        return exitDone;
+    }
+    try {
+        const Options options = ReadOptions(arguments);
+        if (!CVaskSocket::Initialize())
+            return exitFailed; // the box has said why
+        struct Deinitializer {
+            ~Deinitializer() { CVaskSocket::Deinitialize(); }
+        } const deinitializer;
+        Serve(options);
+        return exitDone;
+    } catch (const Failure& failure) {
+        Print(stderr, _T("serve: ") + failure.text);
+        return failure.code;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    UsePlainStreams();
+    CWinApp app(_T("serve"));
+    return Run(ProgramArguments(argc, argv));
+}

@@ -1,0 +1,126 @@
+#!/usr/bin/env python3
+"""Lets serve answer real clients and some that misbehave.
+
+    serve_test.py [LAUNCHER...] PROGRAM
+"""
+
+import http.client
+import os
+import socket
+import subprocess
+import sys
+import tempfile
+import threading
+
+BIG = os.urandom(5_000_000)
+FILES = {"index.html": b"<p>home", "big": BIG, "a b.txt": b"blank", "empty": b"", "sub/index.html": b"sub"}
+
+# Method, target, status, body (None: not looked at).
+ANSWERS = [
+    ("GET", "/", 200, FILES["index.html"]),
+    ("GET", "/big", 200, BIG),
+    ("GET", "/big?query#x", 200, BIG),
+    ("GET", "/a%20b.txt", 200, b"blank"),
+    ("GET", "/empty", 200, b""),
+    ("GET", "/sub", 200, b"sub"),
+    ("HEAD", "/big", 200, b""),
+    ("GET", "/none", 404, None),
+    ("GET", "/../secret", 404, None),
+    ("GET", "/%2e%2e/secret", 404, None),
+    ("GET", "/..%5csecret", 404, None),
+    ("GET", "/sub/../../secret", 404, None),
+    ("GET", "/%zz", 400, None),
+    ("POST", "/", 405, None),
+]
+
+problems = []
+
+
+def check(holds, problem):
+    if not holds:
+        problems.append(problem)
+
+
+def ask(port, method, target):
+    connection = http.client.HTTPConnection("127.0.0.1", port, timeout=30)
+    connection.putrequest(method, target, skip_host=True)
+    connection.endheaders()
+    response = connection.getresponse()
+    body = response.read()
+    connection.close()
+    return response, body
+
+
+def raw(port, request):
+    """What comes back, byte for byte, for a request that arrives byte by byte."""
+    with socket.create_connection(("127.0.0.1", port), timeout=30) as connection:
+        for byte in request:
+            connection.send(bytes([byte]))
+        return b"".join(iter(lambda: connection.recv(65536), b""))
+
+
+def check_answers(port):
+    for method, target, status, body in ANSWERS:
+        response, got = ask(port, method, target)
+        check(response.status == status, f"{method} {target}: {response.status}")
+        check(body is None or got == body, f"{method} {target}: {len(got)} bytes")
+    response, _ = ask(port, "HEAD", "/big")
+    check(response.getheader("Content-Length") == str(len(BIG)), "HEAD tells another length")
+    check(response.getheader("Last-Modified", "").endswith(" GMT"), "no date of the file")
+
+
+def check_odd_clients(port):
+    check(raw(port, b"GET / HTTP/1.0\r\n\r\n").endswith(b"<p>home"), "a request byte by byte")
+    check(raw(port, b"rubbish\r\n\r\n").startswith(b"HTTP/1.1 400 "), "rubbish")
+    silent = [socket.create_connection(("127.0.0.1", port)) for _ in range(20)]
+    results = []
+
+    def fetch():
+        results.append(ask(port, "GET", "/big")[1] == BIG)
+
+    threads = [threading.Thread(target=fetch) for _ in range(20)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    check(results == [True] * 20, f"{results.count(True)} of 20 at once")
+    leaving = socket.create_connection(("127.0.0.1", port))
+    leaving.send(b"GET /big HTTP/1.1\r\n\r\n")
+    leaving.close()
+    check(ask(port, "GET", "/")[0].status == 200, "after a client that left")
+    return silent  # still open when the server ends
+
+
+def check_refusals(program, port):
+    rows = [([], 2), (["--port", "0", "."], 2), (["--port", "70000", "."], 2), (["x", "y"], 2),
+            (["no such folder"], 1), (["--port", str(port), "."], 1), (["--address", "host", "."], 1)]
+    for arguments, code in rows:
+        run = subprocess.run(program + arguments, capture_output=True, stdin=subprocess.DEVNULL)
+        check(run.returncode == code and run.stderr.startswith(b"serve: "), f"{arguments}: {run}")
+
+
+def main(program):
+    with tempfile.TemporaryDirectory() as folder:
+        os.makedirs(f"{folder}/site/sub")
+        for name, content in {**FILES, "../secret": b"secret"}.items():
+            with open(f"{folder}/site/{name}", "wb") as file:
+                file.write(content)
+        os.chdir(folder)
+        server = subprocess.Popen(program + ["site"], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        address = server.stdout.readline().decode().strip()
+        check(address.startswith("http://127.0.0.1:"), f"the first line is {address}")
+        port = int(address.strip("/").split(":")[-1])
+        check_answers(port)
+        silent = check_odd_clients(port)
+        check_refusals(program, port)
+        server.stdin.close()
+        check(server.wait(30) == 0, f"ended with {server.returncode}")
+        for each in silent:
+            each.close()
+        os.chdir("/")
+    print("\n".join(problems) or "no problems")
+    return 1 if problems else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
