@@ -1,6 +1,5 @@
 #include <quorvel/framework/app.h>
 #include <quorvel/framework/exceptions.h>
-#include <quorvel/framework/file.h>
 #include <quorvel/res/message_ids.h>
 
 #include "support/german_texts.h"
@@ -9,16 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-void CopyContents(const WCHAR* from, const WCHAR* to) {
-    CFile source(from, CFile::modeRead | CFile::shareDenyWrite);
-    std::vector<BYTE> contents(static_cast<std::size_t>(source.GetLength()));
-    const UINT size = source.Read(contents.data(), static_cast<UINT>(contents.size()));
-    CFile(to, CFile::modeCreate | CFile::modeWrite).Write(contents.data(), size);
-}
-
-} // namespace
+#include <filesystem>
 
 TEST(App, MessageBoxesGoThroughTheApplication) {
     const GermanTexts german;
@@ -55,11 +45,11 @@ TEST(App, BearsTheNameGivenOrThatOfTheProgram) {
 
 TEST(ExtensionModule, TextsComeFromTheProgramThenTheNewestThenTheSystemEntries) {
     constexpr UINT kText = quorvel::kTextExceptionMemory;
-    const WCHAR* const copyName = _T("app_test_copy.dll");
-    CopyContents(_T("Quorvel_DEU.dll"), copyName);
+    std::filesystem::copy_file("Quorvel_DEU.dll", "app_test_copy.dll",
+                               std::filesystem::copy_options::overwrite_existing);
     {
         const GermanTexts german;
-        const GermanTexts copy(copyName);
+        const GermanTexts copy(_T("app_test_copy.dll"));
         ASSERT_NE(german.Module(), copy.Module());
         EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
         EXPECT_EQ(AfxFindStringResourceHandle(1), nullptr);
@@ -90,7 +80,7 @@ TEST(ExtensionModule, TextsComeFromTheProgramThenTheNewestThenTheSystemEntries) 
         EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
         AfxSetResourceHandle(nullptr);
     }
-    CFile::Remove(copyName);
+    std::filesystem::remove("app_test_copy.dll");
 }
 
 TEST(ExtensionModule, StringsLoadFromTheChain) {

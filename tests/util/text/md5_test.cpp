@@ -1,3 +1,4 @@
+#include <quorvel/framework/file.h>
 #include <quorvel/util/text/md5.h>
 
 #include "support/temporary_folder.h"
@@ -99,18 +100,15 @@ TEST(Md5, FilesAreReadToTheirEnd) {
 TEST(Md5, AnOpenFileIsReadFromItsPosition) {
     const TemporaryFolder folder;
     folder.Write(_T("file"), "skipped abc");
-    const HANDLE file = CreateFileW(folder.Path(_T("file")), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(file, INVALID_HANDLE_VALUE);
-    LARGE_INTEGER distance;
-    distance.QuadPart = 8;
-    EXPECT_TRUE(SetFilePointerEx(file, distance, nullptr, FILE_BEGIN));
+    CFile file(folder.Path(_T("file")), CFile::modeRead);
+    file.Seek(8, CFile::begin);
     CStringA text;
-    EXPECT_TRUE(AfxGenerateFileMD5Checksum(file, text));
+    EXPECT_TRUE(AfxGenerateFileMD5Checksum(file.m_hFile, text));
     EXPECT_EQ(text, "900150983cd24fb0d6963f7d28e17f72");
-    EXPECT_TRUE(AfxGenerateFileMD5Checksum(file, text)); // now at the end
+    EXPECT_TRUE(AfxGenerateFileMD5Checksum(file.m_hFile, text)); // now at the end
     EXPECT_EQ(text, "d41d8cd98f00b204e9800998ecf8427e");
-    EXPECT_TRUE(CloseHandle(file));
-    EXPECT_FALSE(AfxGenerateFileMD5Checksum(file, text)); // the read fails
+    const HANDLE closed = file.m_hFile;
+    file.Close();
+    EXPECT_FALSE(AfxGenerateFileMD5Checksum(closed, text)); // the read fails
     EXPECT_EQ(text, "");
 }
