@@ -75,59 +75,63 @@ void CheckDefaults(const CString& text, const Place&... place) {
     EXPECT_EQ(AfxGetProfileOleDateTime(place..., date), date);
 }
 
-template <class... Place>
-void CheckRefused(const Place&... place) {
+// Refuses each writer at a place.
+constexpr auto kCheckRefused = [](const auto&... place) {
     BYTE data = 1;
     EXPECT_FALSE(AfxWriteProfileDWord(place..., 1));
     EXPECT_FALSE(AfxWriteProfileQWord(place..., 1));
     EXPECT_FALSE(AfxWriteProfileString(place..., _T("x")));
     EXPECT_FALSE(AfxWriteProfileBinary(place..., &data, 1));
     EXPECT_FALSE(AfxWriteProfileOleDateTime(place..., COleDateTime()));
+};
+
+template <class Check>
+void InEveryForm(HKEY key, const CRegistryPath& path, const WCHAR* subKey, const WCHAR* name,
+                 Check check) {
+    check(key, name);
+    check(path, name);
+    check(key, subKey, name);
+    check(path, subKey, name);
 }
+
+bool HasKeys(HKEY key) {
+    WCHAR name[64];
+    DWORD size = 64;
+    return RegEnumKeyExW(key, 0, name, &size, nullptr, nullptr, nullptr, nullptr) == 0;
+}
+
+const HKEY kNoKey = nullptr;
+const WCHAR* const kNull = nullptr;
+const WCHAR* const kName = _T("v");
 
 } // namespace
 
 TEST(Profile, ValuesAreReadAsTheyWereWrittenInEveryForm) {
     const TestKey test;
     const CRegistryPath path(HKEY_CURRENT_USER, test.Path() + _T("\\path"));
-    const WCHAR* const name = _T("v");
-    CheckRoundTrip(test.Get(), name);
-    CheckRoundTrip(path, name);
-    CheckRoundTrip(test.Get(), _T("sub\\key"), name);
-    CheckRoundTrip(path, _T("sub\\key"), name);
+    const auto check = [](const auto&... place) { CheckRoundTrip(place...); };
+    InEveryForm(test.Get(), path, _T("sub\\key"), kName, check);
     CheckRoundTrip(path, _T("sub\\key"), _T("")); // a key's default value
     // The four forms name the same places.
-    EXPECT_TRUE(AfxWriteProfileDWord(path, name, 1));
-    EXPECT_TRUE(AfxWriteProfileDWord(path, _T("sub"), name, 2));
-    EXPECT_EQ(AfxGetProfileDWord(test.Get(), _T("path"), name, 0), 1u);
+    EXPECT_TRUE(AfxWriteProfileDWord(path, kName, 1));
+    EXPECT_TRUE(AfxWriteProfileDWord(path, _T("sub"), kName, 2));
+    EXPECT_EQ(AfxGetProfileDWord(test.Get(), _T("path"), kName, 0), 1u);
     EXPECT_EQ(AfxGetProfileDWord(test.Get(), _T("PATH\\SUB"), _T("V"), 0), 2u);
 }
 
 TEST(Profile, NullsAndInvalidPathsAreRefused) {
     const TestKey test;
     const CRegistryPath path(HKEY_CURRENT_USER, test.Path() + _T("\\path"));
-    const CRegistryPath invalid(HKEY_DYN_DATA, test.Path());
-    const HKEY noKey = nullptr;
-    const WCHAR* const null = nullptr;
-    const WCHAR* const name = _T("v");
-    CheckRefused(noKey, name);
-    CheckRefused(test.Get(), null);
-    CheckRefused(path, null);
-    CheckRefused(invalid, name);
-    CheckRefused(noKey, _T("sub"), name);
-    CheckRefused(test.Get(), _T("sub"), null);
-    CheckRefused(test.Get(), null, name);
-    CheckRefused(path, _T("sub"), null);
-    CheckRefused(path, null, name);
-    CheckRefused(invalid, _T("sub"), name);
+    InEveryForm(kNoKey, CRegistryPath(HKEY_DYN_DATA, test.Path()), _T("sub"), kName, kCheckRefused);
+    InEveryForm(test.Get(), path, _T("sub"), kNull, kCheckRefused);
+    kCheckRefused(test.Get(), kNull, kName);
+    kCheckRefused(path, kNull, kName);
     BYTE data = 1;
-    EXPECT_FALSE(AfxWriteProfileString(path, name, null));
-    EXPECT_FALSE(AfxWriteProfileString(test.Get(), _T("sub"), name, null));
-    EXPECT_FALSE(AfxWriteProfileBinary(path, name, nullptr, 1));
-    EXPECT_FALSE(AfxWriteProfileBinary(test.Get(), _T("sub"), name, &data, 0));
-    WCHAR found[8];
-    DWORD size = 8; // no refusal has made a key
-    EXPECT_EQ(RegEnumKeyExW(test.Get(), 0, found, &size, nullptr, nullptr, nullptr, nullptr), 259);
+    EXPECT_FALSE(AfxWriteProfileString(path, kName, kNull));
+    EXPECT_FALSE(AfxWriteProfileString(test.Get(), _T("sub"), kName, kNull));
+    EXPECT_FALSE(AfxWriteProfileBinary(path, kName, nullptr, 1));
+    EXPECT_FALSE(AfxWriteProfileBinary(test.Get(), _T("sub"), kName, &data, 0));
+    EXPECT_FALSE(HasKeys(test.Get())); // no refusal has made one
 }
 
 TEST(Profile, TextsFallBackToNothingOrToTheDefault) {
@@ -135,28 +139,20 @@ TEST(Profile, TextsFallBackToNothingOrToTheDefault) {
     const CRegistryPath path(HKEY_CURRENT_USER, test.Path());
     const CRegistryPath missing(path, _T("missing"));
     const CRegistryPath invalid(HKEY_DYN_DATA, test.Path());
-    const HKEY noKey = nullptr;
-    const WCHAR* const null = nullptr;
-    const WCHAR* const name = _T("v");
-    CheckDefaults(_T("default"), test.Get(), name);
-    CheckDefaults(_T("default"), path, name);
-    CheckDefaults(_T("default"), missing, name);
-    CheckDefaults(_T("default"), invalid, name);
-    CheckDefaults(_T("default"), missing, _T("sub"), name);
-    CheckDefaults(_T("default"), invalid, _T("sub"), name);
-    CheckDefaults(_T("default"), path, _T(""), name);
-    CheckDefaults(_T(""), test.Get(), _T("missing"), name);
-    CheckDefaults(_T(""), path, _T("missing"), name);
-    CheckDefaults(_T(""), noKey, name);
-    CheckDefaults(_T(""), test.Get(), null);
-    CheckDefaults(_T(""), path, null);
-    CheckDefaults(_T(""), test.Get(), _T("sub"), null);
-    CheckDefaults(_T(""), missing, null);
-    EXPECT_TRUE(AfxGetProfileString(path, name, nullptr).IsEmpty());
-    EXPECT_TRUE(AfxGetProfileString(missing, name, nullptr).IsEmpty());
-    WCHAR found[8];
-    DWORD size = 8; // no getter has made a key
-    EXPECT_EQ(RegEnumKeyExW(test.Get(), 0, found, &size, nullptr, nullptr, nullptr, nullptr), 259);
+    CheckDefaults(_T("default"), test.Get(), kName);
+    for (const CRegistryPath& place : {path, missing, invalid}) {
+        CheckDefaults(_T("default"), place, kName);
+        CheckDefaults(_T("default"), place, _T(""), kName);
+        CheckDefaults(_T(""), place, kNull);
+        EXPECT_TRUE(AfxGetProfileString(place, kName, nullptr).IsEmpty());
+    }
+    CheckDefaults(_T("default"), missing, _T("sub"), kName);
+    CheckDefaults(_T(""), path, _T("missing"), kName);
+    CheckDefaults(_T(""), test.Get(), _T("missing"), kName);
+    CheckDefaults(_T(""), test.Get(), _T("sub"), kNull);
+    CheckDefaults(_T(""), test.Get(), kNull);
+    CheckDefaults(_T(""), kNoKey, kName);
+    EXPECT_FALSE(HasKeys(test.Get())); // no getter has made one
 }
 
 TEST(Profile, ABinaryGetterEmptiesItsOutputsOnlyWhenItLooks) {
@@ -164,8 +160,7 @@ TEST(Profile, ABinaryGetterEmptiesItsOutputsOnlyWhenItLooks) {
     BYTE marker = 0;
     BYTE* data = &marker;
     UINT length = 7;
-    const HKEY noKey = nullptr;
-    EXPECT_FALSE(AfxGetProfileBinary(noKey, _T("v"), &data, &length));
+    EXPECT_FALSE(AfxGetProfileBinary(kNoKey, _T("v"), &data, &length));
     EXPECT_FALSE(AfxGetProfileBinary(test.Get(), nullptr, &data, &length));
     EXPECT_FALSE(AfxGetProfileBinary(test.Get(), _T("v"), nullptr, &length));
     EXPECT_FALSE(AfxGetProfileBinary(test.Get(), _T("v"), &data, nullptr));
@@ -242,21 +237,16 @@ TEST(Profile, TextOfAnyLengthIsRead) {
     EXPECT_EQ(ReadBinary(test.Get(), _T("v")), "");
 }
 
-TEST(Profile, NumbersOfAWrongSizeAreNotTaken) {
+TEST(Profile, NumbersOfAnotherKindOrSizeAreNotTaken) {
     const TestKey test;
-    const struct {
-        DWORD kind;
-        std::string bytes;
-    } rows[] = {
-        {REG_DWORD, "abc"},   {REG_DWORD, "abcde"},     {REG_DWORD, ""},
-        {REG_BINARY, "abcd"}, {REG_QWORD, "abcdefg"},   {REG_QWORD, "abcdefghi"},
-        {REG_QWORD, "abcd"},  {REG_BINARY, "abcdefgh"},
-    };
-    for (const auto& row : rows) {
-        SetRaw(test.Get(), _T("v"), row.kind, row.bytes);
-        EXPECT_EQ(AfxGetProfileDWord(test.Get(), _T("v"), 7), 7u) << row.bytes;
-        EXPECT_EQ(AfxGetProfileQWord(test.Get(), _T("v"), 7), 7u) << row.bytes;
-    }
+    for (const DWORD kind : {REG_DWORD, REG_QWORD, REG_BINARY})
+        for (const std::size_t size : {0, 3, 4, 5, 7, 8, 9}) {
+            SetRaw(test.Get(), kName, kind, std::string(size, 'a'));
+            const bool isDWord = kind == REG_DWORD && size == 4;
+            const bool isQWord = kind == REG_QWORD && size == 8;
+            EXPECT_EQ(AfxGetProfileDWord(test.Get(), kName, 7), isDWord ? 0x61616161u : 7u);
+            EXPECT_EQ(AfxGetProfileQWord(test.Get(), kName, 7), isQWord ? 0x6161616161616161u : 7u);
+        }
 }
 
 TEST(Profile, StoredDatesOutOfRangeAreReadAsInvalid) {

@@ -9,24 +9,16 @@ using namespace quorvel::win32;
 
 TEST(RegistryPath, ARootIsOneOfEight) {
     const struct {
-        LONG number;
+        unsigned number;
         BOOL isValid;
     } rows[] = {
-        {static_cast<LONG>(0x80000000), TRUE},
-        {static_cast<LONG>(0x80000001), TRUE},
-        {static_cast<LONG>(0x80000002), TRUE},
-        {static_cast<LONG>(0x80000003), TRUE},
-        {static_cast<LONG>(0x80000004), TRUE},
-        {static_cast<LONG>(0x80000005), TRUE},
-        {static_cast<LONG>(0x80000006), FALSE},
-        {static_cast<LONG>(0x80000050), TRUE},
-        {static_cast<LONG>(0x80000051), FALSE},
-        {static_cast<LONG>(0x80000060), TRUE},
-        {0, FALSE},
-        {0x1234, FALSE},
+        {0x80000000, TRUE},  {0x80000001, TRUE}, {0x80000002, TRUE},  {0x80000003, TRUE},
+        {0x80000004, TRUE},  {0x80000005, TRUE}, {0x80000006, FALSE}, {0x80000050, TRUE},
+        {0x80000051, FALSE}, {0x80000060, TRUE}, {0, FALSE},          {0x1234, FALSE},
     };
     for (const auto& row : rows) {
-        const HKEY root = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(row.number));
+        const HKEY root =
+            reinterpret_cast<HKEY>(static_cast<LONG_PTR>(static_cast<LONG>(row.number)));
         EXPECT_EQ(CRegistryPath::IsValidSectionKey(root), row.isValid) << row.number;
         const CRegistryPath path(root, _T("k"));
         EXPECT_EQ(path.IsValid(), row.isValid) << row.number;
@@ -59,22 +51,17 @@ TEST(RegistryPath, AppendingPutsOneBackslashBetween) {
     }
 }
 
-TEST(RegistryPath, RefusalsLeaveItAsItIs) {
+TEST(RegistryPath, ARefusalLeavesItAsItIsButForTheRootOfSetPath) {
     const CRegistryPath original(HKEY_USERS, _T("k"));
     CRegistryPath path(original);
     EXPECT_FALSE(path.SetSectionKey(HKEY_DYN_DATA));
     EXPECT_FALSE(path.SetSubKey(nullptr));
     EXPECT_FALSE(path.SetPath(nullptr, _T("other")));
     EXPECT_TRUE(path == original);
-    EXPECT_TRUE(CRegistryPath(HKEY_USERS, nullptr).GetSubKey().IsEmpty());
-}
-
-TEST(RegistryPath, SetPathTakesTheRootEvenWithoutASubKey) {
-    CRegistryPath path(HKEY_USERS, _T("k"));
     EXPECT_FALSE(path.SetPath(HKEY_CURRENT_USER, nullptr));
     EXPECT_TRUE(path == CRegistryPath(HKEY_CURRENT_USER, _T("k")));
     EXPECT_TRUE(path.SetPath(HKEY_CLASSES_ROOT, _T("")));
-    EXPECT_TRUE(path == CRegistryPath(HKEY_CLASSES_ROOT, _T("")));
+    EXPECT_TRUE(path == CRegistryPath(HKEY_CLASSES_ROOT, nullptr));
 }
 
 TEST(RegistryPath, IsAValue) {
