@@ -64,7 +64,7 @@ programs() {
     cksum <settings.reg
     "$@" "$settings" remove "$key" || return
     "$@" "$settings" import "$key" settings.reg || return
-    "$@" "$settings" export "$key" || return
+    "$@" "$settings" get "$key\Columns" Width || return
     "$@" "$settings" remove "$key"
 }
 
