@@ -150,6 +150,21 @@ int TagNameLength(const WCHAR* name, const WCHAR* other, int readable) {
 }
 #endif
 
+int FindCharacter(const WCHAR* text, int length, WCHAR character) {
+    int position = 0;
+#if defined(__SSE2__)
+    const __m128i wanted = _mm_set1_epi16(static_cast<short>(character));
+    for (; length - position >= 8; position += 8) {
+        const auto* at = reinterpret_cast<const __m128i*>(text + position);
+        const auto found =
+            static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_loadu_si128(at), wanted)));
+        if (found != 0)
+            return position + std::countr_zero(found) / 2;
+    }
+#endif
+    return static_cast<int>(std::find(text + position, text + length, character) - text);
+}
+
 void AngleScanner::Refill() {
     static const auto scanBlocks = ChooseScanBlocks();
     // Locals: the compiler must take every store of a position for one to a member.

@@ -55,4 +55,7 @@ private:
 // `other` on, which lies behind `name` in the same text.
 int TagNameLength(const WCHAR* name, const WCHAR* other, int readable);
 
+// The position of the first such character, or the length.
+int FindCharacter(const WCHAR* text, int length, WCHAR character);
+
 } // namespace quorvel

@@ -4,6 +4,7 @@
 
 #include "platform/large_block.h"
 #include "platform/win32.h"
+#include "xml/angle_scanner.h"
 
 #include <climits>
 #include <cstdlib>
@@ -313,13 +314,13 @@ CString CMarkup::x_TextFromDoc(int first, int last) const {
     const WCHAR* copied = text + first;
     CString result;
     while (copied < end) {
-        const WCHAR* reference =
-            std::char_traits<WCHAR>::find(copied, static_cast<std::size_t>(end - copied), '&');
-        if (reference == nullptr)
-            reference = end;
-        result.Append(copied, static_cast<int>(reference - copied));
-        copied = reference;
-        if (reference == end)
+        const int plain =
+            quorvel::FindCharacter(copied, static_cast<int>(end - copied), WCHAR('&'));
+        if (copied + plain == end && result.IsEmpty())
+            return CString(copied, plain); // of its very length, as most texts are
+        result.Append(copied, plain);
+        copied += plain;
+        if (copied == end)
             break;
         WCHAR character = '&';
         ++copied;

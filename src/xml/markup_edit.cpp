@@ -54,16 +54,19 @@ CString CMarkup::x_TextToDoc(const WCHAR* text, bool attribute) {
     if (source.GetLength() >= static_cast<int>(kSectionLength) &&
         std::char_traits<WCHAR>::compare(text, kSection, kSectionLength) == 0)
         return source; // the caller has wrapped it already
-    result.Preallocate(source.GetLength());
     int copied = 0;
     for (int i = 0; i < source.GetLength(); ++i) {
         const WCHAR* entity = EntityOf(source[i], attribute);
         if (entity == nullptr)
             continue;
+        if (result.IsEmpty())
+            result.Preallocate(source.GetLength());
         result.Append(source.GetString() + copied, i - copied);
         result.Append(entity);
         copied = i + 1;
     }
+    if (copied == 0)
+        return source;
     result.Append(source.GetString() + copied, source.GetLength() - copied);
     return result;
 }
@@ -184,8 +187,10 @@ bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool 
     x_LocateNew(iParent, plan.iAfter, offset, 0, insert ? locateBefore : 0);
 
     // The text of the element, and where its tags lie in the document.
-    const CString tagName(name);
-    const int nameLength = tagName.GetLength();
+    const std::basic_string_view<WCHAR> tagName(name);
+    if (tagName.size() > static_cast<std::size_t>(kLongestText))
+        AfxThrowMemoryException();
+    const int nameLength = static_cast<int>(tagName.size());
     const CString escaped = x_TextToDoc(value, false);
     const std::int64_t longest = std::int64_t{2} * nameLength + escaped.GetLength() + 9;
     if (longest > kLongestText - offset)
@@ -196,19 +201,19 @@ bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool 
     element = {offset, 0, 0, 0, 0, iParent, 0, 0};
     CString& text = plan.splice.text;
     text.Preallocate(static_cast<int>(longest));
-    text = _T("<");
-    text += tagName;
+    text.AppendChar('<');
+    text.Append(name, nameLength);
     if (escaped.IsEmpty()) {
-        text += _T("/>\r\n");
+        text.Append(_T("/>\r\n"), 4);
         element.nTagClose = offset + nameLength + 2;
         element.nEndTagOpen = element.nTagClose - 1;
         element.nEndTagClose = element.nTagClose;
     } else {
-        text += _T(">");
-        text += escaped;
-        text += _T("</");
-        text += tagName;
-        text += _T(">\r\n");
+        text.AppendChar('>');
+        text.Append(escaped);
+        text.Append(_T("</"), 2);
+        text.Append(name, nameLength);
+        text.Append(_T(">\r\n"), 3);
         element.nTagClose = offset + nameLength + 1;
         element.nEndTagOpen = element.nTagClose + escaped.GetLength() + 1;
         element.nEndTagClose = element.nEndTagOpen + nameLength + 2;
