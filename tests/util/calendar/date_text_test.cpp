@@ -16,20 +16,13 @@ const COleDateTime kDate(2007, 3, 4, 17, 6, 7);
 
 TEST(DateText, LocaleFormsAndPictures) {
     const std::tuple<const char*, CString, const WCHAR*> rows[] = {
-        {"date", AfxFormatLocaleDate(kDate, nullptr), _T("3/4/2007")},
-        {"time", AfxFormatLocaleTime(kDate, nullptr), _T("5:06:07 PM")},
-        {"long date", AfxGetLocaleLongDate(kDate), _T("Sunday, March 4, 2007")},
         {"date and time", AfxGetLocaleDateTime(kDate), _T("3/4/2007 5:06 PM")},
         {"pictures", AfxFormatLocaleDateTime(kDate, _T("yyyy-MM-dd"), _T("HH:mm:ss")),
          _T("2007-03-04 17:06:07")},
         {"null pictures", AfxFormatLocaleDateTime(kDate, nullptr, nullptr),
          _T("3/4/2007 5:06:07 PM")},
         {"empty picture", AfxFormatLocaleDateTime(kDate, _T(""), _T("HH")), _T(" 17")},
-        {"short and time", AfxGetLocaleShortDateTime(kDate), _T("3/4/2007 5:06:07 PM")},
         {"long and time", AfxGetLocaleLongDateTime(kDate), _T("Sunday, March 4, 2007 5:06:07 PM")},
-        {"last second",
-         AfxFormatLocaleDateTime({9999, 12, 31, 23, 59, 59}, _T("d.M.yyyy"), _T("H:m:s")),
-         _T("31.12.9999 23:59:59")},
         {"before day 0",
          AfxFormatLocaleDateTime({1899, 12, 29, 6, 0, 1}, _T("d.M.yyyy"), _T("H:m:s")),
          _T("29.12.1899 6:0:1")},
@@ -46,8 +39,6 @@ TEST(DateText, LocaleFormsAndPictures) {
 TEST(DateText, PlatformTextsEndAt254Characters) {
     const CString longest = _T("'") + CString(_T('x'), 254) + _T("'");
     const CString tooLong = _T("'") + CString(_T('x'), 255) + _T("'");
-    EXPECT_EQ(AfxFormatLocaleDate(kDate, longest).GetLength(), 254);
-    EXPECT_EQ(AfxFormatLocaleTime(kDate, longest).GetLength(), 254);
     EXPECT_EQ(AfxFormatLocaleDateTime(kDate, tooLong, _T("HH")), _T(""));
     EXPECT_EQ(AfxFormatLocaleDateTime(kDate, _T("dd"), tooLong), _T(""));
     EXPECT_EQ(AfxFormatLocaleDateTime(kDate, longest, longest).GetLength(), 509);
@@ -56,9 +47,7 @@ TEST(DateText, PlatformTextsEndAt254Characters) {
 TEST(DateText, ProtocolFormsAreTheSameEverywhere) {
     const std::tuple<COleDateTime, const WCHAR*, const WCHAR*> rows[] = {
         {{2007, 3, 4, 5, 6, 7}, _T("04 Mar 2007 05:06:07"), _T("2007-03-04T05:06:07")},
-        {{100, 1, 1, 0, 0, 0}, _T("01 Jan 0100 00:00:00"), _T("0100-01-01T00:00:00")},
         {{9999, 12, 31, 23, 59, 59}, _T("31 Dec 9999 23:59:59"), _T("9999-12-31T23:59:59")},
-        {COleDateTime(), _T("30 Dec 1899 00:00:00"), _T("1899-12-30T00:00:00")},
     };
     for (const auto& [date, rfc822, iso8601] : rows) {
         EXPECT_EQ(AfxFormatUTCTimeUsingRFC822(date, FALSE), rfc822);
