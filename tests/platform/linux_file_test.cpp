@@ -66,7 +66,6 @@ TEST(LinuxFile, RefusesWhatWindowsRefuses) {
     EXPECT_EQ(5u, open(folder.Path(_T("readonly")), GENERIC_READ, CREATE_ALWAYS));
     EXPECT_EQ(5u, ErrorOf([=] { return SetEndOfFile(reader); }));
     EXPECT_EQ(32u, ErrorOf(replace)) << "held open";
-    EXPECT_EQ(123u, ErrorOf([] { return GetFullPathNameW(_T(""), 0, nullptr, nullptr); }));
     EXPECT_TRUE(CloseHandle(reader));
     EXPECT_EQ(5u, ErrorOf(replace)) << "over a read-only file";
     EXPECT_EQ("0123456789", folder.Read(_T("file")));
@@ -88,7 +87,6 @@ TEST(LinuxFile, MovesToAnotherFileSystemOnlyWhenCopyingIsAllowed) {
     EXPECT_EQ(17u, ErrorOf([&] { return MoveFileExW(folder.Path(_T("file")), other, 0); }));
     EXPECT_TRUE(MoveFileW(folder.Path(_T("file")), other));
     EXPECT_FALSE(folder.Has(_T("file")));
-    EXPECT_FALSE(MoveFileW(folder.Path(_T("none")), other));
     EXPECT_TRUE(MoveFileExW(other, folder.Path(_T("back")), MOVEFILE_COPY_ALLOWED));
     EXPECT_EQ(contents, folder.Read(_T("back")));
     EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(other));
