@@ -5,8 +5,6 @@
 #include "fuzz_input.h"
 #include "support/temporary_folder.h"
 
-#include <vector>
-
 namespace {
 
 void CheckFault(BOOL wellFormed, const CXMLFault& fault) {
@@ -25,15 +23,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size > 1 << 16)
         return 0;
     CXMLFault fault;
-    const std::size_t length = size / sizeof(WCHAR);
-    std::vector<WCHAR> text(length);
-    if (length > 0)
-        std::memcpy(text.data(), data, length * sizeof(WCHAR));
+    const std::vector<WCHAR> text = FuzzInput(data, size).Units();
+    const std::size_t length = text.size() - 1;
     const BOOL wellFormed = AfxCheckXML(text.data(), static_cast<int>(length), fault);
     CheckFault(wellFormed, fault);
     Require(fault.nOffset <= static_cast<int>(length));
 
-    s_folder.Write(_T("file.xml"), std::string(reinterpret_cast<const char*>(data), size));
+    s_folder.Write(_T("file.xml"), FuzzInput(data, size).Bytes());
     CheckFault(AfxCheckXMLFile(s_folder.Path(_T("file.xml")), fault), fault);
     return 0;
 }

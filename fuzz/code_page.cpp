@@ -53,8 +53,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (codePage == CP_UTF8 && decodingFlags != 0)
             Require(again == bytes);
     }
-    std::vector<WCHAR> units(size / 2);
-    std::memcpy(units.data(), bytes.data(), bytes.size());
+    std::vector<WCHAR> units = FuzzInput(data + 1, size - 1).Units();
+    units.pop_back();
     const std::vector<char> encoded = Encode(codePage, encodingFlags, units);
     if (codePage == CP_UTF8 && encodingFlags != 0 && !encoded.empty())
         Require(Decode(codePage, MB_ERR_INVALID_CHARS, encoded) == units);

@@ -29,10 +29,8 @@ void CheckWord(const WCHAR* word) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0 || size > 4096)
         return 0;
-    CString text;
-    for (std::size_t i = 1; i < size; ++i)
-        text.AppendChar(static_cast<WCHAR>(data[i]));
-    CheckDate(text, data[0] % 3);
-    CheckWord(text);
+    const WideText text = Widened(FuzzInput(data + 1, size - 1).Rest());
+    CheckDate(text.c_str(), data[0] % 3);
+    CheckWord(text.c_str());
     return 0;
 }

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <vector>
 
 // Not assert(): the replays of a release build check as well.
 inline void Require(bool holds) {
@@ -22,6 +23,19 @@ inline WideText Widened(const std::string& text) {
     for (const char character : text)
         wide += static_cast<WCHAR>(static_cast<unsigned char>(character));
     return wide;
+}
+
+// A format for arguments that are all texts: without stars, which would take an address for a
+// width, and without long numbers, which only take time.
+inline std::string WithoutWideForms(std::string format, int mostDigits) {
+    format.resize(std::min<std::size_t>(format.size(), 96));
+    int digits = 0;
+    for (char& character : format) {
+        digits = character >= '0' && character <= '9' ? digits + 1 : 0;
+        if (character == '*' || digits > mostDigits)
+            character = '.';
+    }
+    return format;
 }
 
 // Past the end there are zeros.
@@ -41,8 +55,17 @@ public:
         return number;
     }
 
-    // All bytes that are left, up to a zero.
-    std::string Rest() const { return std::string(std::string(m_data, m_end).c_str()); }
+    // All bytes that are left; and up to a zero.
+    std::string Bytes() const { return std::string(m_data, m_end); }
+    std::string Rest() const { return std::string(Bytes().c_str()); }
+
+    // As UTF-16 with one unit more, which is 0.
+    std::vector<WCHAR> Units() const {
+        std::vector<WCHAR> units(static_cast<std::size_t>(m_end - m_data) / sizeof(WCHAR) + 1);
+        const std::string bytes = Bytes(); // memcpy wants a place even for nothing
+        std::memcpy(units.data(), bytes.data(), (units.size() - 1) * sizeof(WCHAR));
+        return units;
+    }
 
 private:
     const std::uint8_t* m_data;

@@ -49,8 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const unsigned codePage = kCodePages[data[0] % std::size(kCodePages)];
     Check(markup, markup.SetDoc(reinterpret_cast<const char*>(data + 1), static_cast<int>(size) - 1,
                                 codePage));
-    std::vector<WCHAR> text(size / sizeof(WCHAR) + 1); // never empty: memcpy wants a place
-    std::memcpy(text.data(), data, size / sizeof(WCHAR) * sizeof(WCHAR));
+    const std::vector<WCHAR> text = FuzzInput(data, size).Units();
     Check(markup, markup.SetDoc(text.data(), static_cast<int>(text.size()) - 1));
     return 0;
 }

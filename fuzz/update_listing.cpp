@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const COleDateTime marker(1234.5);
     CUpdateListing listing;
     listing.SetPublishedDate(marker);
-    s_folder.Write(_T("file.xml"), std::string(reinterpret_cast<const char*>(data), size));
+    s_folder.Write(_T("file.xml"), FuzzInput(data, size).Bytes());
     CString errorText;
     UINT icon = 0;
     if (!listing.Load(s_folder.Path(_T("file.xml")), errorText, icon)) {
