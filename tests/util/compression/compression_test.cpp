@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
+#include <tuple>
+
 namespace {
 
 const CString kDeflatingFailed(_T("An error has occurred while deflating data.\r\n\r\n"));
@@ -89,29 +91,19 @@ TEST_F(Compression, WritesTheZlibStreamAndNothingElse) {
 }
 
 TEST_F(Compression, RefusesSilently) {
-    const struct {
-        const char* label;
-        const char* bytes;
-        int position;
-        BOOL showProgress;
-        const WCHAR* caption;
-        const WCHAR* status;
-    } rows[] = {
-        {"empty", "", 0, TRUE, nullptr, nullptr},
-        {"at the end", "abc", 3, FALSE, nullptr, nullptr},
-        {"behind the end", "abc", 4, FALSE, nullptr, nullptr},
-        {"no caption", "abc", 0, TRUE, nullptr, _T("")},
-        {"no status", "abc", 0, TRUE, _T(""), nullptr},
+    const std::tuple<const char*, int, BOOL, const WCHAR*, const WCHAR*> rows[] = {
+        {"", 0, TRUE, nullptr, nullptr},     {"abc", 3, FALSE, nullptr, nullptr},
+        {"abc", 4, FALSE, nullptr, nullptr}, {"abc", 0, TRUE, nullptr, _T("")},
+        {"abc", 0, TRUE, _T(""), nullptr},
     };
-    for (const auto& row : rows)
+    for (const auto& [bytes, position, showProgress, caption, status] : rows)
         for (const bool deflating : {true, false}) {
-            SCOPED_TRACE(row.label);
-            TestFile source(row.bytes);
-            source.Seek(row.position, CFile::begin);
+            TestFile source(bytes);
+            source.Seek(position, CFile::begin);
             TestFile destination("unchanged");
-            EXPECT_FALSE(Convert(deflating, source, destination, -1, row.showProgress, row.caption,
-                                 row.status));
-            EXPECT_EQ(m_read + m_written, 0u);
+            EXPECT_FALSE(
+                Convert(deflating, source, destination, -1, showProgress, caption, status));
+            EXPECT_EQ(m_read + m_written, 0u) << position;
             EXPECT_EQ(destination.Contents(), "unchanged");
         }
     EXPECT_TRUE(m_recorder.Take().empty());

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -21,25 +22,21 @@ private:
 
 TEST(ProgressBox, ShowsEachStepOnceAndNeverPassesTheEnd) {
     constexpr ULONGLONG kHuge = 1ull << 63;
-    const struct {
-        ULONGLONG range;
-        std::vector<ULONGLONG> amounts;
-        std::vector<int> steps;
-    } rows[] = {
+    const std::tuple<ULONGLONG, std::vector<ULONGLONG>, std::vector<int>> rows[] = {
         {4, {1, 1, 1, 1}, {0, 250, 500, 750, 1000}},
         {100000, {1, 1, 97, 1, 1}, {0, 1}}, // too small to see
         {10, {9, 9, 9, ~0ull}, {0, 900, 1000}},
         {0, {5}, {0}},
         {kHuge, {kHuge / 2, kHuge / 4, kHuge}, {0, 500, 750, 1000}},
     };
-    for (const auto& row : rows) {
+    for (const auto& [range, amounts, expected] : rows) {
         std::vector<int> steps;
         quorvel::ProgressBox box;
         box.AdvanceBy(1); // nowhere yet
         ASSERT_TRUE(box.Create(std::make_unique<StepsNoted>(steps)));
-        box.SetRange(row.range);
-        for (const ULONGLONG amount : row.amounts)
+        box.SetRange(range);
+        for (const ULONGLONG amount : amounts)
             box.AdvanceBy(amount);
-        EXPECT_EQ(steps, row.steps) << row.range;
+        EXPECT_EQ(steps, expected) << range;
     }
 }

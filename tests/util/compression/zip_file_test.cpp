@@ -12,6 +12,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <tuple>
 
 namespace {
 
@@ -117,21 +118,15 @@ TEST_F(Zip, WhatCannotBeDoneIsTold) {
     EXPECT_EQ(AfxOpenZipFile(m_folder.Path(_T("none/archive.zip")), 0), nullptr);
     EXPECT_EQ(AfxCloseZipFile(nullptr), -102);
     void* const zip = AfxOpenZipFile(m_archive, 0);
-    const struct {
-        void* zip;
-        const WCHAR* source;
-        int level;
-        int code;
-        const WCHAR* error;
-    } rows[] = {
+    const std::tuple<void*, const WCHAR*, int, int, const WCHAR*> rows[] = {
         {zip, nullptr, 6, -102, kInvalidParameter},
         {nullptr, m_source, 6, -102, kInvalidParameter},
         {zip, m_source, 10, -2, kUnknown},
         {zip, m_missing, 6, -104, kNotFound},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(Add(row.zip, row.source, _T("name"), row.level), row.code);
-        EXPECT_EQ(m_error, row.error);
+    for (const auto& [archive, source, level, code, error] : rows) {
+        EXPECT_EQ(Add(archive, source, _T("name"), level), code);
+        EXPECT_EQ(m_error, error);
     }
     EXPECT_EQ(Add(zip, m_source, _T("later")), 0); // the archive goes on
     EXPECT_EQ(AfxCloseZipFile(zip), 0);
@@ -142,13 +137,7 @@ TEST_F(Zip, AnArchiveOfOneFileIsRefusedWithTheReason) {
     const CString folder = m_folder.Path();
     const CString noFolder = m_folder.Path(_T("none/archive.zip"));
     const CString deliberate(std::strerror(0)); // of a failed system call, whichever it was
-    const struct {
-        const char* label;
-        const WCHAR* source;
-        const WCHAR* archive;
-        int level;
-        const WCHAR* error;
-    } rows[] = {
+    const std::tuple<const char*, const WCHAR*, const WCHAR*, int, const WCHAR*> rows[] = {
         {"no source", nullptr, m_archive, 6, kInvalidParameter},
         {"no archive", m_source, nullptr, 6, kInvalidParameter},
         {"missing source", m_missing, m_archive, 6, kNotFound},
@@ -160,11 +149,10 @@ TEST_F(Zip, AnArchiveOfOneFileIsRefusedWithTheReason) {
         {"full disk", m_source, kOnLinux ? _T("/dev/full") : nullptr, 6,
          kOnLinux ? deliberate.GetString() : kInvalidParameter},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+    for (const auto& [label, source, archive, level, error] : rows) {
         m_error.Empty();
-        EXPECT_FALSE(AfxCompressFileToZipFile(row.source, row.archive, row.level, m_error));
-        EXPECT_EQ(m_error, row.error);
+        EXPECT_FALSE(AfxCompressFileToZipFile(source, archive, level, m_error)) << label;
+        EXPECT_EQ(m_error, error) << label;
     }
 }
 

@@ -4,16 +4,10 @@
 
 #include <cstdlib>
 #include <memory>
+#include <tuple>
 
 TEST(ProgressLine, IsOneLineThatFitsAndIsWipedOff) {
-    const struct {
-        int columns;
-        const WCHAR* caption;
-        const WCHAR* status;
-        int step;
-        std::string line;
-        int width;
-    } rows[] = {
+    const std::tuple<int, const WCHAR*, const WCHAR*, int, std::string, std::size_t> rows[] = {
         {80, _T("Pack"), _T("Wait."), 429, "Pack: Wait. 42%", 15},
         {80, _T(""), _T("Wait."), 0, "Wait. 0%", 8},
         {80, _T("Pack"), _T(""), 1000, "Pack 100%", 9},
@@ -21,20 +15,20 @@ TEST(ProgressLine, IsOneLineThatFitsAndIsWipedOff) {
         {10, _T("größe"), _T("x"), 0, "größe: 0%", 9},
         {3, _T("Pack"), _T("Wait."), 0, " 0%", 3},
     };
-    for (const auto& row : rows) {
+    for (const auto& [columns, caption, status, step, line, width] : rows) {
         char* text = nullptr;
         std::size_t size = 0;
         std::FILE* const out = open_memstream(&text, &size);
         {
-            quorvel::ProgressLine line(out, row.columns);
-            line.SetCaption(row.caption);
-            line.SetStatus(row.status);
-            line.SetStep(row.step);
-            line.SetStep(row.step); // looks the same
+            quorvel::ProgressLine shown(out, columns);
+            shown.SetCaption(caption);
+            shown.SetStatus(status);
+            shown.SetStep(step);
+            shown.SetStep(step); // looks the same
         }
         std::fclose(out);
         const std::unique_ptr<char, decltype(&std::free)> owner(text, std::free);
-        const std::string blanks(static_cast<std::size_t>(row.width), ' ');
-        EXPECT_EQ(std::string(text, size), "\r" + row.line + "\r" + blanks + "\r");
+        const std::string blanks(width, ' ');
+        EXPECT_EQ(std::string(text, size), "\r" + line + "\r" + blanks + "\r");
     }
 }
