@@ -23,9 +23,6 @@ void ExpectImage(Holder holder, const std::string& image) {
     Holder loaded(1);
     const auto load = [&](CArchive& archive) { loaded.Deserialize(archive); };
     EXPECT_EQ(LoadCause(image.substr(1), load), CArchiveException::endOfFile);
-    EXPECT_EQ(LoadCause("", load, CArchive::store), CArchiveException::writeOnly);
-    EXPECT_EQ(LoadCause(image, [&](CArchive& archive) { holder.Serialize(archive); }),
-              CArchiveException::readOnly);
     EXPECT_EQ(loaded.GetData(), 1u);
     EXPECT_EQ(LoadCause(image, load), CArchiveException::none);
     EXPECT_TRUE(loaded == holder);
@@ -43,11 +40,10 @@ void ExpectMask(int shift, int width, Value mask) {
 
 TEST(DataHolders, FieldsStayInsideTheirValue) {
     const std::tuple<int, int, BYTE, WORD, DWORD> rows[] = {
-        {0, 1, 1, 1, 1},  {2, -1, 0, 0, 0},          {0, 32, 0, 0, 0xffffffff},
-        {0, 0, 0, 0, 0},  {5, 4, 0, 0x1e0, 0x1e0},   {15, 1, 0, 0x8000, 0x8000},
-        {1, 32, 0, 0, 0}, {4, 4, 0xf0, 0xf0, 0xf0},  {0, 16, 0, 0xffff, 0xffff},
-        {32, 1, 0, 0, 0}, {0, 8, 0xff, 0xff, 0xff},  {INT_MAX, INT_MAX, 0, 0, 0},
-        {-1, 2, 0, 0, 0}, {31, 1, 0, 0, 0x80000000}, {INT_MIN, INT_MIN, 0, 0, 0},
+        {-1, 2, 0, 0, 0}, {2, -1, 0, 0, 0},         {0, 32, 0, 0, 0xffffffff},
+        {0, 0, 0, 0, 0},  {5, 4, 0, 0x1e0, 0x1e0},  {15, 1, 0, 0x8000, 0x8000},
+        {1, 32, 0, 0, 0}, {4, 4, 0xf0, 0xf0, 0xf0}, {0, 16, 0, 0xffff, 0xffff},
+        {32, 1, 0, 0, 0}, {0, 8, 0xff, 0xff, 0xff}, {INT_MAX, INT_MAX, 0, 0, 0},
     };
     for (const auto& [shift, width, byte, word, dword] : rows) {
         SCOPED_TRACE(testing::Message() << width << " bits from " << shift);
@@ -92,16 +88,11 @@ TEST(Guid, TextIsThirtyTwoHexadecimalDigits) {
         EXPECT_EQ(guid.SetGUID(text.c_str()), valid);
         EXPECT_EQ(guid.GetGUID(), valid ? CStringA(kDigits) : generated);
     }
-    CGUID guid;
+    CGUID guid, other;
+    EXPECT_TRUE(guid.IsValid() && guid != other);
+    EXPECT_EQ(guid.GetGUID(), CStringA(guid.GetGUID()).MakeUpper());
     EXPECT_FALSE(guid.SetGUID(nullptr) || CGUID::IsValidGUID(nullptr));
     EXPECT_EQ(guid.ToString(), CString(guid.GetGUID().GetString()));
-}
-
-TEST(Guid, NewOnesDifferAndAreUpperCase) {
-    CGUID first, second;
-    EXPECT_TRUE(first.IsValid());
-    EXPECT_TRUE(first != second);
-    EXPECT_EQ(first.GetGUID(), CStringA(first.GetGUID()).MakeUpper());
 }
 
 TEST(Guid, IsStoredAsThirtyTwoBytes) {

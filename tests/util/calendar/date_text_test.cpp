@@ -45,30 +45,22 @@ TEST(DateText, PlatformTextsEndAt254Characters) {
 }
 
 TEST(DateText, ProtocolFormsAreTheSameEverywhere) {
-    const std::tuple<COleDateTime, const WCHAR*, const WCHAR*> rows[] = {
-        {{2007, 3, 4, 5, 6, 7}, _T("04 Mar 2007 05:06:07"), _T("2007-03-04T05:06:07")},
-        {{9999, 12, 31, 23, 59, 59}, _T("31 Dec 9999 23:59:59"), _T("9999-12-31T23:59:59")},
-    };
-    for (const auto& [date, rfc822, iso8601] : rows) {
-        EXPECT_EQ(AfxFormatUTCTimeUsingRFC822(date, FALSE), rfc822);
-        EXPECT_EQ(AfxFormatUTCTimeUsingRFC822(date, TRUE), CString(rfc822) + _T(" GMT"));
-        EXPECT_EQ(AfxFormatUTCTimeUsingISO8601(date), iso8601);
-    }
+    const COleDateTime date(100, 3, 4, 5, 6, 7);
+    EXPECT_EQ(AfxFormatUTCTimeUsingRFC822(date, FALSE), _T("04 Mar 0100 05:06:07"));
+    EXPECT_EQ(AfxFormatUTCTimeUsingRFC822(date, TRUE), _T("04 Mar 0100 05:06:07 GMT"));
+    EXPECT_EQ(AfxFormatUTCTimeUsingISO8601(date), _T("0100-03-04T05:06:07"));
 }
 
 TEST(DateText, ADateThatIsNotValidHasNoText) {
     COleDateTime null(kDate);
     null.SetStatus(COleDateTime::null);
     for (const COleDateTime& date :
-         {null, COleDateTime(1e9), COleDateTime(std::numeric_limits<double>::quiet_NaN())}) {
+         {null, COleDateTime(1e9), COleDateTime(std::numeric_limits<double>::quiet_NaN())})
         for (const CString& text :
              {AfxFormatLocaleDate(date, _T("yyyy")), AfxFormatLocaleTime(date, nullptr),
-              AfxFormatLocaleDateTime(date, _T("yyyy"), _T("HH")), AfxGetLocaleShortDate(date),
-              AfxGetLocaleLongDate(date), AfxGetLocaleDateTime(date),
-              AfxGetLocaleShortDateTime(date), AfxGetLocaleLongDateTime(date),
+              AfxFormatLocaleDateTime(date, _T("yyyy"), _T("HH")), AfxGetLocaleDateTime(date),
               AfxFormatUTCTimeUsingRFC822(date, TRUE), AfxFormatUTCTimeUsingISO8601(date)})
             EXPECT_EQ(text, _T(""));
-    }
 }
 
 TEST(DateText, ElapsedTimeHasNoHours) {
