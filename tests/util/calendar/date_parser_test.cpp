@@ -128,15 +128,15 @@ TEST(DateParser, MonthsAreEnglishNamesOrTheirFirstThreeLetters) {
 TEST(DateParser, AZonesBiasIsWhatLeadsToUtc) {
     constexpr int kNone = 4711;
     const std::tuple<const WCHAR*, int> rows[] = {
-        {_T("GMT"), 0},       {_T("utc"), 0},        {_T("Z"), 0},         {_T("J"), kNone},
-        {_T("EST"), 300},     {_T("EDT"), 240},      {_T("CST"), 360},     {_T("CDT"), 300},
-        {_T("MST"), 420},     {_T("MDT"), 360},      {_T("PST"), 480},     {_T("pdt"), 420},
-        {_T("WEST"), -60},    {_T("BST"), -60},      {_T("CET"), -60},     {_T("CEST"), -120},
-        {_T("EET"), -120},    {_T("EEST"), -180},    {_T("MSK"), -180},    {_T("-0000"), 0},
-        {_T("-0330"), 210},   {_T("+05:45"), -345},  {_T("-08"), 480},     {_T("+9959"), -5999},
-        {_T("+100"), kNone},  {_T("+01000"), kNone}, {_T("+0160"), kNone}, {_T("+1:00"), kNone},
-        {_T("+01:0"), kNone}, {_T("+01x0"), kNone},  {_T("+"), kNone},     {_T("0100"), kNone},
-        {_T("GMTX"), kNone},  {_T("GM"), kNone},     {_T(" GMT"), kNone},  {nullptr, kNone},
+        {_T("GMT"), 0},      {_T("utc"), 0},        {_T("Z"), 0},         {_T("J"), kNone},
+        {_T("EST"), 300},    {_T("EDT"), 240},      {_T("CST"), 360},     {_T("CDT"), 300},
+        {_T("MST"), 420},    {_T("MDT"), 360},      {_T("PST"), 480},     {_T("pdt"), 420},
+        {_T("WEST"), -60},   {_T("BST"), -60},      {_T("CET"), -60},     {_T("CEST"), -120},
+        {_T("EET"), -120},   {_T("EEST"), -180},    {_T("MSK"), -180},    {_T("-0000"), 0},
+        {_T("-0330"), 210},  {_T("+05:45"), -345},  {_T("-08"), 480},     {_T("+9959"), -5999},
+        {_T("+100"), kNone}, {_T("+01000"), kNone}, {_T("+0160"), kNone}, {_T("+1:00"), kNone},
+        {_T("+01:"), kNone}, {_T("+01x0"), kNone},  {_T("+"), kNone},     {_T("0100"), kNone},
+        {_T("GMTX"), kNone}, {_T("GM"), kNone},     {_T(" GMT"), kNone},  {nullptr, kNone},
     };
     for (const auto& [text, expected] : rows) {
         SCOPED_TRACE(testing::PrintToString(CString(text)));
