@@ -111,6 +111,7 @@ TEST_F(PeImage, VersionBlocksAreReadInTheirBounds) {
     // child: likewise
     const std::tuple<const char*, std::size_t, DWORD, int, int> rows[] = {
         {"nothing changed", 0, 0x24, 4, 6},
+        {"root longer than the bytes", 0, 0x25, -1, -1},
         {"root shorter than its header", 0, 5, -1, -1},
         {"root without an end of its key", 0, 8, -1, -1},
         {"root that ends in its value", 0, 14, 2, -1},
