@@ -256,10 +256,47 @@ TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
                   return isThere ? static_cast<int>(error) : -1;
               })),
               int{ERROR_FILE_TOO_LARGE});
+    EXPECT_EQ(Finish(Start([&] { // no room even for what reading needs
+                  RegistryStore store(place.File());
+                  RegistryKey key = {};
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  const rlimit none = {0, 100'000};
+                  const rlimit enough = {100'000, 100'000};
+                  setrlimit(RLIMIT_FSIZE, &none);
+                  if (store.Open(kUser, u"", true, key) != 0 ||
+                      Read(store, Name(199)) != std::string(100, 'x'))
+                      return 1;
+                  if (Write(store, u"small", "data") != ERROR_FILE_TOO_LARGE)
+                      return 2;
+                  setrlimit(RLIMIT_FSIZE, &enough);
+                  return Write(store, u"small", "data") == 0 ? 0 : 3;
+              })),
+              0);
     RegistryStore store(place.File());
     EXPECT_EQ(Read(store, u"large"), "error 2");
     EXPECT_EQ(Read(store, Name(199)), std::string(100, 'x'));
     EXPECT_EQ(Write(store, u"large", std::string(200'000, 'y')), 0u);
+}
+
+TEST(RegistryFile, IsConsistentWhereverAPowerCutEndsItsLog) {
+    const Place place;
+    RegistryStore store(place.File());
+    Fill(store);
+    const std::string database = place.Read(kFile);
+    const std::string log = place.Read(_T("registry.db-wal"));
+    ASSERT_GT(log.size(), 20'000u);
+    for (std::size_t size = 0; size < log.size(); size += log.size() / 20 - 7) {
+        const Place after;
+        after.Write(kFile, database);
+        after.Write(_T("registry.db-wal"), log.substr(0, size));
+        RegistryStore survivor(after.File());
+        int count = 0; // of the writes, a first part is there and nothing else
+        while (count < 200 && Read(survivor, Name(count)) == std::string(100, 'x'))
+            ++count;
+        for (int i = count; i < 200; ++i)
+            EXPECT_EQ(Read(survivor, Name(i)), "error 2") << size;
+        EXPECT_EQ(Write(survivor, u"after", "data"), 0u) << size;
+    }
 }
 
 TEST(RegistryFile, ThatIsReplacedIsOpenedAnew) {

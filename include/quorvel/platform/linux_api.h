@@ -67,7 +67,7 @@ QUORVEL_API DWORD GetFileAttributesW(LPCWSTR name);
 // of the library has written it, 1009 when it is something else altogether (both are left as they
 // are), 170 when another process holds it for longer than 30 seconds, and 5, 19, 112 and the like
 // for what the file system refuses. From a file or folder that may not be written keys open for
-// reading only.
+// reading only; on a full disk they open, and what they hold is read.
 //
 // `reserved` and pointers to a class, to security attributes and to a time must be null, and
 // options 0 (87).

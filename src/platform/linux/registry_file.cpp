@@ -5,6 +5,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -107,13 +108,18 @@ DWORD RegistryFile::OpenLocked(bool mayCreate) {
     DWORD error = Connect(m_path, SQLITE_OPEN_READWRITE);
     if (error == ERROR_SUCCESS)
         error = Inspect(mayCreate);
+    m_writeError = error;
+    if (error == ERROR_SUCCESS && IsReadOnly())
+        m_writeError = ERROR_ACCESS_DENIED;
+    static constexpr int kResults[] = {SQLITE_CANTOPEN, SQLITE_READONLY, SQLITE_FULL, SQLITE_IOERR};
     const int result = sqlite3_errcode(m_database) & 0xff;
-    const bool lacksJournal = result == SQLITE_CANTOPEN || result == SQLITE_READONLY;
+    const bool lacksJournal =
+        std::find(std::begin(kResults), std::end(kResults), result) != std::end(kResults);
     return error != ERROR_SUCCESS && lacksJournal && !HasJournal(m_path) ? OpenUnchanging() : error;
 }
 
-// In a folder that cannot be written the log and its index cannot be made, even for reading. A file
-// that was closed well is whole without them.
+// In a folder that cannot be written, and on a full disk, the log and its index cannot be made,
+// even for reading. A file that was closed well is whole without them.
 DWORD RegistryFile::OpenUnchanging() {
     Close();
     const DWORD error =
@@ -168,7 +174,7 @@ DWORD RegistryFile::Inspect(bool mayCreate) {
                                  "PRAGMA cache_size = -16384; PRAGMA cell_size_check = ON";
     if (const DWORD error = Execute(kSettings))
         return error;
-    if (IsWritable())
+    if (!IsReadOnly())
         if (const DWORD error = Execute("PRAGMA journal_mode = WAL"))
             return error;
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);

@@ -60,7 +60,8 @@ public:
     void CloseDamaged();
 
     bool IsOpen() const { return m_database != nullptr; }
-    bool IsWritable() const { return sqlite3_db_readonly(m_database, "main") == 0; }
+    // Why the file cannot be written now; ERROR_SUCCESS when it can.
+    DWORD WriteError() const { return m_writeError; }
     // Whether the path it was opened by still leads to it.
     bool IsInPlace() const;
     int Changes() const { return sqlite3_changes(m_database); }
@@ -74,6 +75,7 @@ public:
 private:
     DWORD OpenLocked(bool mayCreate);
     DWORD OpenUnchanging();
+    bool IsReadOnly() const { return sqlite3_db_readonly(m_database, "main") != 0; }
     DWORD Connect(const std::string& name, int flags);
     DWORD Inspect(bool mayCreate);
     DWORD CheckTables();
@@ -83,6 +85,7 @@ private:
 
     std::string m_path;
     sqlite3* m_database = nullptr;
+    DWORD m_writeError = ERROR_SUCCESS;
     sqlite3_stmt* m_statements[static_cast<int>(RegistrySql::kCount)] = {};
 };
 

@@ -81,6 +81,10 @@ DWORD Split(std::u16string_view path, std::vector<std::u16string_view>& parts) {
     return ERROR_SUCCESS;
 }
 
+bool IsWantOfRoom(DWORD error) {
+    return error == ERROR_DISK_FULL || error == ERROR_FILE_TOO_LARGE;
+}
+
 // Several statements that are one step for everybody else; undone unless it is committed.
 class Transaction {
 public:
@@ -147,7 +151,10 @@ DWORD RegistryStore::Run(Access access, const RegistryKey& key, Operation operat
 }
 
 DWORD RegistryStore::Prepare(Access access) {
-    if (m_file.IsOpen() && (access != Access::Read || m_lastCheck.IsOver()) && !m_file.IsInPlace())
+    const bool changes = access != Access::Read;
+    // What stood in the way of writing may be gone by now.
+    if (m_file.IsOpen() && ((changes && m_file.WriteError() != ERROR_SUCCESS) ||
+                            ((changes || m_lastCheck.IsOver()) && !m_file.IsInPlace())))
         m_file.Close();
     if (!m_file.IsOpen()) {
         std::string path = m_path;
@@ -157,7 +164,7 @@ DWORD RegistryStore::Prepare(Access access) {
         if (const DWORD error = m_file.Open(path, access == Access::Create))
             return error;
     }
-    return access == Access::Read || m_file.IsWritable() ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
+    return changes ? m_file.WriteError() : DWORD{ERROR_SUCCESS};
 }
 
 DWORD RegistryStore::RequireKey(const RegistryKey& key, DWORD otherwise) {
@@ -225,7 +232,11 @@ DWORD RegistryStore::Open(const RegistryKey& parent, std::u16string_view path, b
     Parts parts;
     if (const DWORD error = Split(path, parts))
         return error;
-    return Run(forWriting ? Access::Change : Access::Read, parent, [&] {
+    return Run(Access::Read, parent, [&]() -> DWORD {
+        // A full disk refuses the writes, not the key.
+        const DWORD refusal = m_file.WriteError();
+        if (forWriting && refusal != ERROR_SUCCESS && !IsWantOfRoom(refusal))
+            return refusal;
         const Transaction transaction(m_file, RegistrySql::Begin);
         return transaction.Error() != ERROR_SUCCESS ? transaction.Error()
                                                     : Walk(parent, parts, key);

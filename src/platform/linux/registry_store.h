@@ -41,7 +41,8 @@ public:
     // Without a path the user's registry, wherever that is when it is opened.
     explicit RegistryStore(std::string path = std::string()) : m_path(std::move(path)) {}
 
-    // ERROR_ACCESS_DENIED where the key is wanted for writing and the file cannot be written.
+    // Where the key is wanted for writing, ERROR_ACCESS_DENIED or the like when the file may not be
+    // written; on a full disk it opens.
     DWORD Open(const RegistryKey& parent, std::u16string_view path, bool forWriting,
                RegistryKey& key);
     DWORD Create(const RegistryKey& parent, std::u16string_view path, RegistryKey& key,
