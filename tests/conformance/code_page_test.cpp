@@ -233,7 +233,7 @@ TEST(CodePage, SubstitutesWhatItLacks) {
 }
 
 TEST(CodePage, Decodes) {
-    // text: empty: refused
+    // An empty text: refused.
     const std::tuple<const char*, UINT, DWORD, std::string, Wide> rows[] = {
         {"unassigned bytes of 1252", 1252, MB_ERR_INVALID_CHARS, "\x80\x81\x9d",
          _T("\x20ac\x81\x9d")},
@@ -263,7 +263,7 @@ TEST(CodePage, Decodes) {
 }
 
 TEST(Utf7, ConvertsBothWays) {
-    // isCanonical: also what encoding gives
+    // At the end: whether encoding gives the bytes again.
     const std::tuple<const char*, Wide, bool> rows[] = {
         {"abcABC123'(),-./:? \t\r\n", _T("abcABC123'(),-./:? \t\r\n"), true},
         {"+-", _T("+"), true},

@@ -12,7 +12,7 @@
 namespace {
 
 TEST(WideNumbers, AreReadAsTheRuntimeReadsThem) {
-    // used: characters, white space and sign included; 0 when there is no number
+    // At the end how many characters are used, white space and sign included; 0: no number.
     const std::tuple<const char*, const WCHAR*, int, __int64, int> rows[] = {
         {"decimal", _T("-077x"), 10, -77, 4},
         {"white space", _T("\v\f\r\n\t +5"), 10, 5, 8},

@@ -117,7 +117,7 @@ TEST(ModuleConformance, FileNamesAreCutToTheBuffer) {
     ASSERT_EQ(length, static_cast<DWORD>(full.GetLength()));
     EXPECT_EQ(CString(_T("full.dll")), full.Right(8));
 
-    // text: "#" where nothing is written
+    // At the end the text; "#" where nothing is written.
     const std::tuple<const char*, HMODULE, DWORD, DWORD, DWORD, CString> rows[] = {
         {"exact", library.Get(), length + 1, length, 0, full},
         {"one too few", library.Get(), length, length, 122, full.Left(full.GetLength() - 1)},

@@ -107,8 +107,7 @@ TEST_F(PeImage, VersionBlocksAreReadInTheirBounds) {
                                     "h\0i\0\0\0"
                                     "\0\0",
                                     36);
-    // root: bytes of the value, -1: not found
-    // child: likewise
+    // The change, and how many bytes the root's and the child's value then have; -1: not found.
     const std::tuple<const char*, std::size_t, DWORD, int, int> rows[] = {
         {"nothing changed", 0, 0x24, 4, 6},
         {"root longer than the bytes", 0, 0x25, -1, -1},
