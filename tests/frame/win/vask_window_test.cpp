@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 constexpr int kHeadingId = 23000;
@@ -33,11 +35,18 @@ private:
     const HWND m_window;
 };
 
-bool IsBold(HWND control) {
-    LOGFONTW description = {};
-    const HFONT font = reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0));
-    return ::GetObjectW(font, sizeof description, &description) != 0 &&
-           description.lfWeight == FW_BOLD;
+// A control of the box with its text, its font's weight and bits of its style; null: there is none.
+void ExpectPart(HWND box, int id, const WCHAR* text, LONG weight, LONG mask, LONG style) {
+    const HWND control = ::GetDlgItem(box, id);
+    EXPECT_EQ(control != nullptr, text != nullptr);
+    if (control == nullptr)
+        return;
+    EXPECT_EQ(TextOf(control), text);
+    LOGFONTW font = {};
+    ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)), sizeof font,
+                 &font);
+    EXPECT_EQ(font.lfWeight, weight);
+    EXPECT_EQ(::GetWindowLongPtrW(control, GWL_STYLE) & mask, style);
 }
 
 // Wine's boxes without an icon have a control for it all the same.
@@ -76,13 +85,8 @@ void ExpectCentredOver(HWND owner, HWND box) {
 }
 
 TEST(VaskWindow, HasItsPartsInTheirPlaces) {
-    struct {
-        const char* label;
-        const WCHAR* heading; // null: without
-        const WCHAR* text;
-        const WCHAR* checkBox; // null: without
-        UINT type;
-    } const rows[] = {
+    // Heading, text and check box; null: without.
+    const std::tuple<const char*, const WCHAR*, const WCHAR*, const WCHAR*, UINT> rows[] = {
         {"plain", nullptr, kShort, nullptr, MB_OK | MB_ICONERROR},
         {"heading", _T("Save & leave?"), kShort, nullptr, MB_YESNOCANCEL | MB_ICONWARNING},
         {"wide heading", kWide, kShort, nullptr, MB_OK | MB_ICONINFORMATION},
@@ -95,58 +99,45 @@ TEST(VaskWindow, HasItsPartsInTheirPlaces) {
         {"both", kWide, kLong, _T("&Again"), MB_ABORTRETRYIGNORE | MB_ICONERROR | MB_HELP},
     };
     const Owner owner;
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+    for (const auto& [label, heading, text, check, type] : rows) {
+        SCOPED_TRACE(label);
         ::SetActiveWindow(owner.Window());
         const BoxDriver driver([&](HWND box) {
             ExpectApartAndInside(box);
             ExpectCentredOver(owner.Window(), box);
-            const HWND heading = ::GetDlgItem(box, kHeadingId);
-            EXPECT_EQ(heading != nullptr, row.heading != nullptr);
-            if (heading != nullptr) {
-                EXPECT_EQ(TextOf(heading), row.heading);
-                EXPECT_TRUE(IsBold(heading));
-                EXPECT_TRUE(::GetWindowLongPtrW(heading, GWL_STYLE) & SS_NOPREFIX);
-            }
-            const HWND checkBox = ::GetDlgItem(box, kCheckBoxId);
-            EXPECT_EQ(checkBox != nullptr, row.checkBox != nullptr);
-            if (checkBox != nullptr) {
-                EXPECT_EQ(TextOf(checkBox), row.checkBox);
-                EXPECT_FALSE(IsBold(checkBox));
-                EXPECT_EQ(::GetWindowLongPtrW(checkBox, GWL_STYLE) & BS_TYPEMASK, BS_CHECKBOX);
-            }
+            ExpectPart(box, kHeadingId, heading, FW_BOLD, SS_NOPREFIX, SS_NOPREFIX);
+            ExpectPart(box, kCheckBoxId, check, FW_NORMAL, BS_TYPEMASK, BS_CHECKBOX);
         });
-        int checkState = 0;
-        if (row.heading != nullptr && row.checkBox != nullptr)
-            AfxVaskMessageBox(row.heading, row.text, row.checkBox, checkState, row.type, nullptr);
-        else if (row.heading != nullptr)
-            AfxVaskMessageBox(row.heading, row.text, row.type, nullptr);
-        else if (row.checkBox != nullptr)
-            AfxVaskMessageBox(row.text, row.checkBox, checkState, row.type, nullptr);
+        int state = 0;
+        if (heading != nullptr && check != nullptr)
+            AfxVaskMessageBox(heading, text, check, state, type, nullptr);
+        else if (heading != nullptr)
+            AfxVaskMessageBox(heading, text, type, nullptr);
+        else if (check != nullptr)
+            AfxVaskMessageBox(text, check, state, type, nullptr);
         else
-            AfxVaskMessageBox(row.text, row.type, nullptr);
+            AfxVaskMessageBox(text, type, nullptr);
         EXPECT_TRUE(driver.HasRun());
     }
 }
 
 TEST(VaskWindow, ClicksToggleTheCheckBoxAndComeBack) {
-    struct {
-        int before, clicks, after;
-    } const rows[] = {{0, 0, 0}, {0, 1, 1}, {0, 2, 0}, {1, 0, 1}, {1, 1, 0}, {7, 0, 0}, {7, 1, 1}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.before << " clicked " << row.clicks);
+    const std::tuple<int, int, int> rows[] = {{0, 0, 0}, {0, 1, 1}, {0, 2, 0}, {1, 0, 1},
+                                              {1, 1, 0}, {7, 0, 0}, {7, 1, 1}};
+    for (const auto& [before, clicks, after] : rows) {
+        SCOPED_TRACE(testing::Message() << before << " clicked " << clicks);
         const BoxDriver driver([&](HWND box) {
             const HWND checkBox = ::GetDlgItem(box, kCheckBoxId);
-            EXPECT_EQ(::SendMessageW(checkBox, BM_GETCHECK, 0, 0), row.before == 1);
-            for (int i = 0; i < row.clicks; ++i)
+            EXPECT_EQ(::SendMessageW(checkBox, BM_GETCHECK, 0, 0), before == 1);
+            for (int i = 0; i < clicks; ++i)
                 Click(box, kCheckBoxId);
-            EXPECT_EQ(::SendMessageW(checkBox, BM_GETCHECK, 0, 0), row.after);
+            EXPECT_EQ(::SendMessageW(checkBox, BM_GETCHECK, 0, 0), after);
             Click(box, IDCANCEL);
         });
-        int checkState = row.before;
+        int checkState = before;
         EXPECT_EQ(AfxVaskMessageBox(kShort, _T("&Again"), checkState, MB_OKCANCEL, nullptr),
                   IDCANCEL);
-        EXPECT_EQ(checkState, row.after);
+        EXPECT_EQ(checkState, after);
     }
 }
 
