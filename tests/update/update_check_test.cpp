@@ -85,12 +85,9 @@ TEST_F(Check, ANewerListingIsDownloadedWhenTheUserWantsIt) {
     EXPECT_TRUE(!request.headerOnly && request.port == 80 && request.receiveBufferSize == 128);
     source.Answer(check, response);
     const std::string all = std::to_string(response.size());
-    EXPECT_EQ("Connected to updates server. Downloading the latest updates...\n"
-              "Downloaded 0 of " +
-                  all +
-                  " bytes (0%)\n"
-                  "Downloaded " +
-                  all + " of " + all + " bytes (100%)\n2 entries\n",
+    EXPECT_EQ("Connected to updates server. Downloading the latest updates...\nDownloaded 0 of " +
+                  all + " bytes (0%)\nDownloaded " + all + " of " + all +
+                  " bytes (100%)\n2 entries\n",
               view.Take());
     EXPECT_EQ(kNew, LocalFile());
     EXPECT_EQ(kListed, LastModified());
@@ -231,59 +228,46 @@ TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
 
 TEST_F(Check, ADownloadCountsAsDoneOnceEveryByteHasCome) {
     const std::size_t size = kNew.size();
+    const std::string done = "2 entries\n"; // what came is shown in any case
+    const std::string unknown = Error("Unknown HTTP status code.");
+    const std::string tooLong = Error("Error 10040.");
     const struct {
         const char* label;
         std::string response;
         std::size_t piece;
         bool losesProgress, isDone;
-        int percent;
+        int percent; // -1: no figures
+        std::string shown, file;
     } rows[] = {
-        {"at once", Response(Length(size), kNew), 4096, false, true, 100},
-        {"byte by byte", Response(Length(size), kNew), 1, false, true, 100},
+        {"at once", Response(Length(size), kNew), 4096, false, true, 100, done, kNew},
+        {"byte by byte", Response(Length(size), kNew), 1, false, true, 100, done, kNew},
         {"another letter case", Response("content-length: " + std::to_string(size) + "\r\n", kNew),
-         16, false, true, 100},
-        {"with progress lost", Response(Length(size), kNew), 16, true, true, 100},
-        {"a byte short", Response(Length(size + 1), kNew), 16, false, false, 99},
+         16, false, true, 100, done, kNew},
+        {"progress lost", Response(Length(size), kNew), 16, true, true, 100, done, kNew},
+        {"a byte short", Response(Length(size + 1), kNew), 16, false, false, 99, done, kNew},
         {"half of it", Response(Length(2 * size + Response(Length(200), "").size()), kNew), 16,
-         false, false, 50},
-        {"of unknown length", Response("", kNew), 16, false, false, 100},
+         false, false, 50, done, kNew},
+        {"of unknown length", Response("", kNew), 16, false, false, 100, done, kNew},
         {"of unknown length, the header apart", Response("", kNew), Response("", "").size(), false,
-         false, 100},
-        {"no number", Response("Content-Length: 5 or so\r\n", kNew), 16, false, false, 100},
-        {"more than was told", Response(Length(7), kNew), 4096, false, false, 100},
+         false, 100, done, kNew},
+        {"no number", Response("Content-Length: 5 or so\r\n", kNew), 16, false, false, 100, done,
+         kNew},
+        {"more than was told", Response(Length(7), kNew), 4096, false, false, 100, done, kNew},
+        {"no listing", Response(Length(6), "<html>"), 1, false, true, 100,
+         "(10) The file is not a valid XML file.\n", "<html>"},
+        {"another status", "HTTP/1.1 404 x\r\n" + Length(5) + "\r\n<rss>", 4096, false, false, -1,
+         Error("The server has not found anything that matches the requested URI."), kOld},
+        {"no end of the header", "HTTP/1.1 200 OK\r\n", 4096, false, false, -1, unknown, kOld},
+        {"no header", "<html>\r\n" + kNew, 4096, false, false, -1, unknown, kOld},
+        {"too long by what is told", Response(Length(1001), kNew), 4096, false, false, 0, tooLong,
+         kOld},
+        {"too long for 64 bits", Response("Content-Length: 18446744073709551615\r\n", kNew), 4096,
+         false, false, 0, tooLong, kOld},
+        {"too long by what comes", Response("", kNew + std::string(1000, ' ')), 4096, false, false,
+         100, tooLong, kOld},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
-        source.m_now += COleDateTimeSpan(1.0);
-        AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
-        UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
-        folder.Write(_T("updates.xml"), kOld);
-        ASSERT_TRUE(each.Check());
-        source.Answer(each, kHead);
-        view.m_percent = -1;
-        source.Answer(each, row.response, row.piece, row.losesProgress);
-        EXPECT_EQ(row.isDone ? kListed : COleDateTime(), LastModified());
-        EXPECT_EQ(row.percent, view.m_percent);
-        EXPECT_EQ(kNew, LocalFile()) << "what came is shown in any case";
-    }
-}
-
-TEST_F(Check, AResponseThatIsNoListingKeepsTheOldOneOrSaysSo) {
-    const struct {
-        std::string response, shown;
-        std::string file;
-    } rows[] = {
-        {"HTTP/1.1 404 x\r\n" + Length(5) + "\r\n<rss>",
-         Error("The server has not found anything that matches the requested URI."), kOld},
-        {"HTTP/1.1 200 OK\r\n", Error("Unknown HTTP status code."), kOld},
-        {"<html>\r\n" + kNew, Error("Unknown HTTP status code."), kOld},
-        {Response(Length(1001), kNew), Error("Error 10040."), kOld},
-        {Response("", kNew + std::string(1000, ' ')), Error("Error 10040."), kOld},
-        {Response("Content-Length: 18446744073709551615\r\n", kNew), Error("Error 10040."), kOld},
-        {Response(Length(6), "<html>"), "(10) The file is not a valid XML file.\n", "<html>"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.response);
         source.m_now += COleDateTimeSpan(1.0);
         AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
         UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
@@ -291,11 +275,14 @@ TEST_F(Check, AResponseThatIsNoListingKeepsTheOldOneOrSaysSo) {
         folder.Write(_T("updates.xml"), kOld);
         ASSERT_TRUE(each.Check());
         source.Answer(each, kHead);
-        view.Take();
-        source.Answer(each, row.response);
+        view.m_percent = -1;
+        source.Answer(each, row.response, row.piece, row.losesProgress);
+        EXPECT_EQ(row.isDone ? kListed : COleDateTime(), LastModified());
+        EXPECT_EQ(row.percent, view.m_percent);
         const std::string shown = view.Take();
         EXPECT_TRUE(shown.ends_with(row.shown)) << shown;
-        EXPECT_EQ(View::resultFailed, view.m_results.back());
+        EXPECT_EQ(row.shown == done ? View::resultUpdated : View::resultFailed,
+                  view.m_results.back());
         EXPECT_EQ(row.file, LocalFile());
     }
 }
@@ -311,7 +298,6 @@ TEST_F(Check, FilesThatFailAreNamedAndTheOldListingStays) {
               view.Take().find("(30) An error has occurred while creating the file '" +
                                Narrow(target) + "'.\r\n\r\n"));
     EXPECT_EQ(std::vector{View::resultFailed}, view.m_results);
-
     EXPECT_EQ(COleDateTime(), LastModified()) << "to be offered again";
 
     source.m_now += COleDateTimeSpan(1.0);
