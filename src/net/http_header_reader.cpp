@@ -25,7 +25,8 @@ bool IsStatusLine(std::string_view line) {
 
 } // namespace
 
-void HttpHeaderReader::Reset() {
+void HttpHeaderReader::Reset(std::size_t limit) {
+    m_limit = limit;
     m_state = State::incomplete;
     m_bytes.clear();
     m_searched = 0;

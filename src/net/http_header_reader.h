@@ -22,7 +22,8 @@ public:
     // `limit` is the longest header that is taken, in bytes.
     explicit HttpHeaderReader(std::size_t limit = static_cast<std::size_t>(-1)) : m_limit(limit) {}
 
-    void Reset();
+    void Reset() { Reset(m_limit); }
+    void Reset(std::size_t limit);
     State GetState() const { return m_state; }
     // Writes the header when these bytes complete it. Once it is complete or refused, bytes are
     // not looked at.
@@ -31,7 +32,7 @@ public:
 private:
     State Judge(CHttpHeader& header);
 
-    const std::size_t m_limit;
+    std::size_t m_limit;
     State m_state = State::incomplete;
     std::string m_bytes;
     std::size_t m_searched = 0; // so far there is no blank line

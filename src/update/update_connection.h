@@ -27,10 +27,12 @@ struct UpdateRequest {
 };
 
 // Destroying it closes it. The statuses of a connection arrive as calls of the check's
-// OnSocketStatus, and the owner of both may lose some of the progress: the figures count.
+// OnSocketStatus. A full queue may lose any of them: the figures count, and HasEnded.
 class UpdateConnection {
 public:
     virtual ~UpdateConnection() = default;
+    // By which its statuses name it; that of no other connection that exists.
+    virtual const void* GetSender() const = 0;
     // Both give 0 or a Winsock error, 1 when the sockets were not set up.
     virtual DWORD Create() = 0;
     virtual DWORD Connect(const UpdateRequest& request) = 0;
@@ -38,6 +40,8 @@ public:
     virtual void Close() = 0;
 
     virtual ULONGLONG GetBytesReceived() const = 0; // header and all
+    // Whether it has ended, and with which Winsock error or 0: its last status may have been lost.
+    virtual bool HasEnded(DWORD& error) const = 0;
     virtual bool IsHeaderParsed() const = 0;
     virtual const CHttpHeader& GetHeader() const = 0; // once it is parsed
     virtual CString GetHostServerIP() const = 0;

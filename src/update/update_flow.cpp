@@ -208,16 +208,23 @@ void UpdateFlow::Cancel() {
         End(View::resultCancelled);
 }
 
-void UpdateFlow::OnSocketStatus(const UpdateConnection* sender, int status, DWORD error) {
+void UpdateFlow::OnSocketStatus(const void* sender, int status, DWORD error) {
     if (status == kStatusReleased)
-        std::erase_if(m_retired,
-                      [sender](const auto& each) { return each->connection.get() == sender; });
-    else if (sender == nullptr || sender != Connection())
+        std::erase_if(m_retired, [sender](const auto& each) {
+            return each->connection->GetSender() == sender;
+        });
+    else if (Connection() == nullptr || sender != Connection()->GetSender())
         return; // it was let go of
     else if (error != 0 && status != kStatusBytesReceived)
         End(View::resultFailed, error);
     else
         OnStatus(status);
+}
+
+void UpdateFlow::Poll() {
+    DWORD error = 0;
+    if (Connection() != nullptr && Connection()->HasEnded(error))
+        OnSocketStatus(Connection()->GetSender(), kStatusClosed, error);
 }
 
 } // namespace quorvel

@@ -26,7 +26,10 @@ public:
 
     bool IsActive() const { return m_state != State::idle; }
     // A status of any connection, also of one that is no longer in use.
-    void OnSocketStatus(const UpdateConnection* sender, int status, DWORD error);
+    void OnSocketStatus(const void* sender, int status, DWORD error);
+    // Ends a check whose connection has ended without its last status having come. To be called
+    // now and then when no status is on its way.
+    void Poll();
     // Reports the code of a check that ended, and tells the view that it has.
     void OnCheckFinished(DWORD code);
     // Ends a check that is running, without a message.

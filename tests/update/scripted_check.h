@@ -81,12 +81,17 @@ public:
         ++m_alive;
     }
     ~ScriptedConnection() override { --m_alive; }
+    const void* GetSender() const override { return this; }
     DWORD Create() override { return m_createError; }
     DWORD Connect(const quorvel::UpdateRequest& request) override {
         m_request = request;
         return m_connectError;
     }
     void Close() override { m_closed = true; }
+    bool HasEnded(DWORD& error) const override {
+        error = m_endError;
+        return m_hasEnded;
+    }
     ULONGLONG GetBytesReceived() const override { return m_received; }
     bool IsHeaderParsed() const override {
         return m_reader.GetState() == quorvel::HttpHeaderReader::State::complete;
@@ -107,7 +112,8 @@ public:
     }
 
     quorvel::UpdateRequest m_request;
-    bool m_closed = false;
+    bool m_closed = false, m_hasEnded = false;
+    DWORD m_endError = 0;
 
 private:
     const DWORD m_createError, m_connectError;
@@ -134,13 +140,13 @@ public:
     COleDateTime GetCurrentUTCTime() override { return m_now; }
 
     // The server's whole answer to the last connection, in pieces, and the end of the connection;
-    // what the queue loses on request is all but that end.
+    // on request the queue loses every status.
     void Answer(quorvel::UpdateFlow& flow, const std::string& response, std::size_t piece = 4096,
-                bool losesProgress = false) {
+                bool losesStatuses = false) {
         using namespace quorvel;
         ScriptedConnection* const connection = m_last;
         const auto send = [&](int status, DWORD error) {
-            if (!losesProgress || status == kStatusClosed)
+            if (!losesStatuses)
                 flow.OnSocketStatus(connection, status, error);
         };
         send(kStatusConnected, 0);
@@ -152,7 +158,10 @@ public:
                 send(kStatusHeaderParsed, 0);
             send(kStatusBytesReceived, static_cast<DWORD>(bytes.size()));
         }
+        flow.Poll(); // has not ended yet
         send(kStatusClosed, 0);
+        connection->m_hasEnded = true;
+        flow.Poll();
         if (connection->m_closed)
             flow.OnSocketStatus(connection, kStatusReleased, 0);
     }

@@ -235,7 +235,7 @@ TEST_F(Check, ADownloadCountsAsDoneOnceEveryByteHasCome) {
         const char* label;
         std::string response;
         std::size_t piece;
-        bool losesProgress, isDone;
+        bool losesStatuses, isDone;
         int percent; // -1: no figures
         std::string shown, file;
     } rows[] = {
@@ -243,7 +243,7 @@ TEST_F(Check, ADownloadCountsAsDoneOnceEveryByteHasCome) {
         {"byte by byte", Response(Length(size), kNew), 1, false, true, 100, done, kNew},
         {"another letter case", Response("content-length: " + std::to_string(size) + "\r\n", kNew),
          16, false, true, 100, done, kNew},
-        {"progress lost", Response(Length(size), kNew), 16, true, true, 100, done, kNew},
+        {"statuses lost", Response(Length(size), kNew), 16, true, true, 100, done, kNew},
         {"a byte short", Response(Length(size + 1), kNew), 16, false, false, 99, done, kNew},
         {"half of it", Response(Length(2 * size + Response(Length(200), "").size()), kNew), 16,
          false, false, 50, done, kNew},
@@ -276,7 +276,7 @@ TEST_F(Check, ADownloadCountsAsDoneOnceEveryByteHasCome) {
         ASSERT_TRUE(each.Check());
         source.Answer(each, kHead);
         view.m_percent = -1;
-        source.Answer(each, row.response, row.piece, row.losesProgress);
+        source.Answer(each, row.response, row.piece, row.losesStatuses);
         EXPECT_EQ(row.isDone ? kListed : COleDateTime(), LastModified());
         EXPECT_EQ(row.percent, view.m_percent);
         const std::string shown = view.Take();
