@@ -23,6 +23,12 @@
 #include <thread>
 #include <utility>
 
+// A base of fixtures with members that need sockets.
+struct InitializedSockets {
+    InitializedSockets() { EXPECT_TRUE(CVaskSocket::Initialize()); }
+    ~InitializedSockets() { EXPECT_TRUE(CVaskSocket::Deinitialize()); }
+};
+
 // The other side of connections: calls that block.
 class Peer {
 public:

@@ -1,0 +1,78 @@
+// CHttpFileSocket: fetches one resource over HTTP/1.1, the header alone or the whole response into
+// a local file.
+//
+// The host creates it, sets it up and calls Connect(url, port). One request is sent; redirects and
+// chunked transfer are not followed up, and the file holds the response as it came, status line and
+// fields included. What happens is posted to the status window: beside the base class's statuses
+// 1000 once the header was read, 10 with the count of each piece, 8 when the local file can't be
+// made or the request not be sent, and 9 when receiving or writing fails. A count has 16 bits: with
+// a receive buffer above 65535 bytes it is cut, and GetBytesReceived tells the truth.
+//
+// The handlers run on the socket's worker thread. The header may be read from the moment that 1000
+// came, the counters at any time; all else belongs to the thread that owns the socket, and is set
+// before Connect.
+#pragma once
+
+#include <quorvel/framework/file.h>
+#include <quorvel/net/http_header.h>
+#include <quorvel/net/vask_socket.h>
+
+#include <atomic>
+#include <memory>
+#include <vector>
+
+namespace quorvel {
+class HttpHeaderReader;
+} // namespace quorvel
+
+class QUORVEL_API CHttpFileSocket : public CVaskSocket {
+public:
+    CHttpFileSocket();
+    ~CHttpFileSocket() override;
+
+    void SetGetHeaderOnly(BOOL headerOnly) { m_getHeaderOnly = headerOnly; } // TRUE at first
+    BOOL GetHeaderOnly() const { return m_getHeaderOnly; }
+    void SetLocalFileName(const WCHAR* fileName); // nothing for null
+    CString GetLocalFileName() const { return m_localFileName; }
+
+    // Of the present connection. The fields stay those of the one before until a header was read.
+    BOOL IsHeaderParsed() const { return m_headerParsed; }
+    CHttpHeader GetHeader() const { return m_header; }
+    CHttpHeader& GetHeaderRef() { return m_header; }
+    const CHttpHeader& GetHeaderConstRef() const { return m_header; }
+    ULONGLONG GetBytesReceived() const { return m_bytesReceived; } // the header included
+
+    // A response with more bytes ends the connection with status 9 and WSAEMSGSIZE; so does a
+    // header of more. No limits at first.
+    void SetHeaderLimit(SIZE_T bytes) { m_headerLimit = bytes; }
+    void SetFileLimit(ULONGLONG bytes) { m_fileLimit = bytes; }
+
+protected:
+    BOOL OnClose(int errorCode) override;
+    BOOL OnConnect(int errorCode) override;
+    int OnReceive(int errorCode) override;
+
+    // Takes the next bytes of the response; one byte is a character. TRUE for those that complete
+    // the header.
+    BOOL ParseHeader(const char* data, int length);
+    void CloseLocalFile();
+
+private:
+    BOOL OpenLocalFile();
+    BOOL SendRequest();
+    int ReceivePiece();
+    bool TakePiece(int length);
+    bool Fail(int status, DWORD error);
+
+    BOOL m_getHeaderOnly = TRUE;
+    std::atomic<BOOL> m_headerParsed = FALSE;
+    const std::unique_ptr<quorvel::HttpHeaderReader> m_reader;
+    CHttpHeader m_header;
+    CString m_localFileName;
+    CFile m_localFile;
+    BOOL m_localFileOpen = FALSE;
+    std::vector<char> m_buffer;
+    std::atomic<ULONGLONG> m_bytesReceived = 0;
+    SIZE_T m_headerLimit = static_cast<SIZE_T>(-1);
+    ULONGLONG m_fileLimit = static_cast<ULONGLONG>(-1);
+};
