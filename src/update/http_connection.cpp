@@ -1,0 +1,150 @@
+#include "update/http_connection.h"
+
+#include <quorvel/net/http_file_socket.h>
+#include <quorvel/net/winsock_error_text.h>
+#include <quorvel/util/calendar/local_time.h>
+
+#include "platform/win32.h"
+
+namespace quorvel {
+
+namespace {
+
+constexpr const WCHAR* kClassName = _T("QuorvelUpdateStatus");
+constexpr UINT_PTR kPollTimer = 1;
+constexpr UINT kPollMilliseconds = 500;
+
+// Tells its own end: the worker of the base class ends without a status when a receive fails.
+class Socket : public CHttpFileSocket {
+public:
+    ~Socket() override { Close(); }
+
+    bool HasEnded(DWORD& error) const {
+        error = m_isClosed ? m_error.load() : DWORD{WSAECONNABORTED};
+        return !IsThreadActive();
+    }
+
+protected:
+    BOOL OnConnect(int errorCode) override {
+        m_isClosed = false;
+        return CHttpFileSocket::OnConnect(errorCode);
+    }
+    int OnReceive(int errorCode) override {
+        const int received = CHttpFileSocket::OnReceive(errorCode);
+        // An event may tell of data that an earlier call has already taken.
+        const bool hasNothing =
+            received == SOCKET_ERROR && errorCode == 0 && ::WSAGetLastError() == WSAEWOULDBLOCK;
+        return hasNothing ? 0 : received;
+    }
+    BOOL OnClose(int errorCode) override {
+        const BOOL result = CHttpFileSocket::OnClose(errorCode);
+        m_error = static_cast<DWORD>(::WSAGetLastError());
+        m_isClosed = true;
+        return result;
+    }
+
+private:
+    std::atomic<bool> m_isClosed = false;
+    std::atomic<DWORD> m_error = 0;
+};
+
+class HttpConnection : public UpdateConnection {
+public:
+    HttpConnection(HWND window, UINT port) : m_port(port) { m_socket.SetStatusCallbackWnd(window); }
+
+    const void* GetSender() const override { return static_cast<const CVaskSocket*>(&m_socket); }
+    DWORD Create() override { return ErrorUnless(m_socket.Create()); }
+    DWORD Connect(const UpdateRequest& request) override;
+    void Close() override { m_socket.Close(); }
+
+    bool HasEnded(DWORD& error) const override { return m_isStarted && m_socket.HasEnded(error); }
+    ULONGLONG GetBytesReceived() const override { return m_socket.GetBytesReceived(); }
+    bool IsHeaderParsed() const override { return m_socket.IsHeaderParsed() != FALSE; }
+    const CHttpHeader& GetHeader() const override { return m_socket.GetHeaderConstRef(); }
+    CString GetHostServerIP() const override { return m_socket.GetHostServerIP(); }
+    CString GetHostObject() const override { return m_socket.GetHostObject(); }
+
+private:
+    static DWORD ErrorUnless(BOOL success) {
+        return success ? 0 : static_cast<DWORD>(::WSAGetLastError());
+    }
+
+    const UINT m_port;
+    bool m_isStarted = false;
+    Socket m_socket;
+};
+
+DWORD HttpConnection::Connect(const UpdateRequest& request) {
+    m_socket.SetGetHeaderOnly(request.headerOnly);
+    m_socket.SetLocalFileName(request.localFile);
+    m_socket.SetReceiveBufferSize(request.receiveBufferSize);
+    m_socket.SetGetHostTimeOut(request.hostTimeOut);
+    m_socket.SetHeaderLimit(request.headerLimit);
+    m_isStarted = m_socket.Connect(request.url, m_port) != FALSE;
+    return ErrorUnless(m_isStarted);
+}
+
+void RegisterStatusClass() {
+    WNDCLASSEXW windowClass = {};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.lpfnWndProc = ::DefWindowProcW;
+    windowClass.lpszClassName = kClassName;
+    ::RegisterClassExW(&windowClass); // it may be there already
+}
+
+} // namespace
+
+class HttpSource::StatusWindow : public CWnd {
+public:
+    StatusWindow() {
+        RegisterStatusClass();
+        if (CreateEx(0, kClassName, _T(""), 0, 0, 0, 0, 0, nullptr, nullptr))
+            ::SetTimer(m_hWnd, kPollTimer, kPollMilliseconds, nullptr);
+    }
+    ~StatusWindow() override { DestroyWindow(); }
+
+    UpdateFlow* m_flow = nullptr;
+
+protected:
+    LRESULT OnStatus(WPARAM socket, LPARAM status) {
+        if (m_flow != nullptr)
+            m_flow->OnSocketStatus(reinterpret_cast<const void*>(socket), LOWORD(status),
+                                   HIWORD(status));
+        return 0;
+    }
+    // Timers come when nothing else waits, so that no status is overtaken.
+    void OnTimer(UINT) {
+        if (m_flow != nullptr)
+            m_flow->Poll();
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+// clang-format off
+BEGIN_MESSAGE_MAP(HttpSource::StatusWindow, CWnd)
+    ON_MESSAGE(CVaskSocket::STATUS_MESSAGE, &ThisClass::OnStatus)
+    ON_WM_TIMER()
+END_MESSAGE_MAP()
+// clang-format on
+
+HttpSource::HttpSource(UINT port) : m_port(port), m_window(std::make_unique<StatusWindow>()) {}
+
+HttpSource::~HttpSource() = default;
+
+void HttpSource::SetFlow(UpdateFlow* flow) {
+    m_window->m_flow = flow;
+}
+
+std::unique_ptr<UpdateConnection> HttpSource::NewConnection() {
+    return std::make_unique<HttpConnection>(m_window->m_hWnd, m_port);
+}
+
+CString HttpSource::GetWinsockErrorText(DWORD code) {
+    return AfxGetWinsockErrorText(code);
+}
+
+COleDateTime HttpSource::GetCurrentUTCTime() {
+    return AfxGetCurrentUTCTime();
+}
+
+} // namespace quorvel

@@ -1,0 +1,113 @@
+// The checks over real sockets on loopback; what they decide has its own tests.
+#include <quorvel/update/check_for_updates.h>
+
+#include "net/socket_peer.h"
+#include "update/http_connection.h"
+#include "update/scripted_check.h"
+#include "update/update_check.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+
+namespace {
+
+const std::string kListing = "<?xml version='1.0'?><rss><channel><lastBuildDate>2024-03-12"
+                             "</lastBuildDate><item/></channel></rss>";
+
+class WatchedSource : public quorvel::HttpSource {
+public:
+    using HttpSource::HttpSource;
+    std::unique_ptr<quorvel::UpdateConnection> NewConnection() override {
+        auto connection = HttpSource::NewConnection();
+        m_last = connection.get();
+        return connection;
+    }
+    quorvel::UpdateConnection* m_last = nullptr;
+};
+
+class UpdateOverHttp : public testing::Test, InitializedSockets, protected CheckSurroundings {
+protected:
+    UpdateOverHttp() {
+        AfxWriteProfileCheckForUpdatesURL(path, _T("http://127.0.0.1/updates.xml"));
+    }
+
+    // Answers requests for as long as there are some: a HEAD with the header alone.
+    void Serve(int requests, const std::string& fields) {
+        m_server = std::thread([this, requests, fields] {
+            for (int i = 0; i < requests; ++i) {
+                const SOCKET client = m_peer.Accept();
+                std::string request;
+                char byte;
+                while (!request.ends_with("\r\n\r\n") && recv(client, &byte, 1, 0) == 1)
+                    request += byte;
+                const std::string body = request.starts_with("GET") ? kListing : "";
+                Peer::Send(client, "HTTP/1.1 200 OK\r\n" + fields + "\r\n" + body);
+                closesocket(client);
+            }
+        });
+    }
+    void Finish(quorvel::UpdateFlow& flow) {
+        StatusWindow::PumpUntil([&] { return !flow.IsActive(); });
+        m_server.join();
+        StatusWindow::Pump();
+    }
+
+    Peer m_peer;
+    std::thread m_server;
+    WatchedSource m_http{m_peer.Port()};
+    quorvel::UpdateCheck m_check{path, folder.Path(_T("updates.xml")), view, m_http};
+};
+
+TEST_F(UpdateOverHttp, AListingIsFetchedOnceAndLeavesNothingBehind) {
+    m_http.SetFlow(&m_check);
+    Serve(2, "Last-Modified: Tue, 12 Mar 2024 08:30:00 GMT\r\nContent-Length: " +
+                 std::to_string(kListing.size()) + "\r\n");
+    ASSERT_TRUE(m_check.Check());
+    Finish(m_check);
+    EXPECT_EQ(std::vector{CCheckForUpdatesView::resultUpdated}, view.m_results);
+    EXPECT_EQ(kListing, folder.Read(_T("updates.xml")));
+    EXPECT_EQ(1u, m_check.GetListing().GetItems().size());
+    EXPECT_EQ(COleDateTime(2024, 3, 12, 8, 30, 0), AfxGetProfileCheckForUpdatesLastModified(path));
+    EXPECT_EQ(100, view.m_percent);
+    EXPECT_FALSE(HasTemporaryFiles());
+}
+
+TEST_F(UpdateOverHttp, AnEndWhoseStatusIsLostIsFoundAllTheSame) {
+    Serve(1, "");
+    ASSERT_TRUE(m_check.Check());
+    DWORD error = 1;
+    StatusWindow::PumpUntil([&] { return m_http.m_last->HasEnded(error); }); // nobody is told
+    EXPECT_EQ(0u, error);
+    StatusWindow::Pump();
+    EXPECT_TRUE(m_check.IsActive());
+    m_http.SetFlow(&m_check);
+    Finish(m_check);
+    EXPECT_EQ(std::vector{CCheckForUpdatesView::resultUpToDate}, view.m_results);
+}
+
+TEST_F(UpdateOverHttp, AnEngineReportsThatNobodyAnswers) {
+    // Nothing is served at port 80 of this address.
+    AfxWriteProfileCheckForUpdatesURL(path, _T("http://127.99.99.99/"));
+    CCheckForUpdates engine(path, folder.Path(_T("updates.xml")), view);
+    engine.Open();
+    ASSERT_TRUE(engine.Check());
+    StatusWindow::PumpUntil([&] { return !engine.IsActive(); });
+    EXPECT_EQ("[pane]\nConnecting to updates server...\n(30) An error has occurred while checking "
+              "for updates.\r\n\r\nConnection refused. \n",
+              view.Take());
+    EXPECT_FALSE(engine.Check());
+    view.Take();
+
+    const TestKey other;
+    const CRegistryPath otherPath(HKEY_CURRENT_USER, other.Path());
+    AfxWriteProfileCheckForUpdatesURL(otherPath, _T("http://127.99.99.99/"));
+    CNewVersionCheck version(otherPath, {1, 0, 0, 0}, view);
+    ASSERT_TRUE(version.Check());
+    version.Cancel();
+    EXPECT_FALSE(version.IsActive());
+    EXPECT_EQ("[pane]\n", view.Take());
+}
+
+} // namespace
