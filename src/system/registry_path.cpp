@@ -51,7 +51,7 @@ BOOL CRegistryPath::SetSubKey(const WCHAR* subKey) {
     return TRUE;
 }
 
-// Deliberate: the root is taken before the sub key is looked at (RegistryPath.SetPath...).
+// Deliberate: the root is taken before the sub key is looked at (RegistryPath.ARefusal...).
 BOOL CRegistryPath::SetPath(HKEY sectionKey, const WCHAR* subKey) {
     return SetSectionKey(sectionKey) && SetSubKey(subKey);
 }
