@@ -26,7 +26,7 @@ struct quorvel::ThreadStart {
 std::unique_ptr<CWinThread> quorvel::ThreadStart::Begin(AFX_THREADPROC function, void* parameter,
                                                         UINT stackSize) {
     auto thread = std::make_unique<CWinThread>();
-    thread->m_start = std::make_shared<ThreadStart>(function, parameter, thread.get());
+    thread->m_start.reset(new ThreadStart{function, parameter, thread.get()});
     auto held = std::make_unique<std::shared_ptr<ThreadStart>>(thread->m_start);
     thread->m_hThread =
         ::CreateThread(nullptr, stackSize, Run, held.get(), CREATE_SUSPENDED, nullptr);

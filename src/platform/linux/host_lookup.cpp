@@ -137,8 +137,8 @@ HANDLE WSAAsyncGetHostByName(HWND window, UINT message, const char* name, char* 
     Requests& all = All();
     const std::lock_guard lock(all.mutex);
     const auto request = std::make_shared<const Request>(
-        window, message, name, buffer, length,
-        all.resolver ? all.resolver : HostResolver(ResolveBySystem));
+        Request{window, message, name, buffer, length,
+                all.resolver ? all.resolver : HostResolver(ResolveBySystem)});
     do
         ++all.last;
     while (all.last == 0 || all.pending.contains(all.last));
