@@ -1,0 +1,151 @@
+// updater: checks a web server for an update listing and shows it. See kUsage.
+#include "common/console.h"
+#include "console_view.h"
+
+#include <quorvel/framework/app.h>
+#include <quorvel/net/vask_socket.h>
+#include <quorvel/system/application_data_folders.h>
+#include <quorvel/update/check_for_updates.h>
+#include <quorvel/update/check_for_updates_profile.h>
+
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+using namespace quorvel::win32;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char kUsage[] =
+    R"(usage: updater [--site URL] --settings KEY [--file FILE] [--auto] [--yes]
+
+Shows the update listing that was downloaded last, checks the site for a newer one, and
+downloads it.
+
+  --site URL      the address of the listing, served at port 80; kept in the settings
+  --settings KEY  where the settings are, below HKEY_CURRENT_USER: Software\Company\Program
+  --file FILE     the local updates file; without it one in the user's data folder
+  --auto          checks only when the reminder of the settings is due
+  --yes           downloads without asking
+
+Interrupting the program (Ctrl+C) cancels the check.
+
+exit code: 0 up to date, 1 the check failed or was refused, 2 wrong usage, 3 not downloaded
+)";
+
+enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2, exitNotDownloaded = 3 };
+
+volatile std::sig_atomic_t g_isInterrupted = 0;
+
+struct Failure {
+    ExitCode code;
+    CString text;
+};
+
+struct Options {
+    CString site;
+    CString settings;
+    CString file;
+    bool isAuto = false;
+    bool alwaysYes = false;
+};
+
+Options ReadOptions(const std::vector<CString>& arguments) {
+    Options options;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const bool hasValue = i + 1 < arguments.size();
+        if (arguments[i] == _T("--site") && hasValue)
+            options.site = arguments[++i];
+        else if (arguments[i] == _T("--settings") && hasValue)
+            options.settings = arguments[++i];
+        else if (arguments[i] == _T("--file") && hasValue)
+            options.file = arguments[++i];
+        else if (arguments[i] == _T("--auto"))
+            options.isAuto = true;
+        else if (arguments[i] == _T("--yes"))
+            options.alwaysYes = true;
+        else
+            throw Failure{exitUsage, _T("not understood: ") + arguments[i]};
+    }
+    if (options.settings.IsEmpty())
+        throw Failure{exitUsage, _T("--settings is needed (updater --help)")};
+    return options;
+}
+
+CString DefaultFile() {
+    CString folder;
+    CApplicationDataFolders(_T("Quorvel"), _T("updater"), _T(""))
+        .GetUserLocalProductNameFolder(folder, TRUE);
+    std::error_code error;
+    fs::create_directories(fs::path(std::basic_string<WCHAR>(folder.GetString())), error);
+    if (folder.IsEmpty() || error)
+        throw Failure{exitFailed, _T("the data folder can't be made: ") + folder};
+    return folder + _T("updates.xml");
+}
+
+// Until the check has ended. The check's own timer sees to it that an interruption is noticed.
+void DispatchMessages(CCheckForUpdates& check) {
+    MSG message;
+    while (check.IsActive() && GetMessageW(&message, nullptr, 0, 0) > 0) {
+        DispatchMessageW(&message);
+        if (g_isInterrupted)
+            check.Cancel();
+    }
+}
+
+int Update(const Options& options) {
+    const CRegistryPath path(HKEY_CURRENT_USER, options.settings);
+    if (!options.site.IsEmpty() && !AfxWriteProfileCheckForUpdatesURL(path, options.site))
+        throw Failure{exitFailed, _T("the settings can't be written: ") + options.settings};
+    ConsoleView view(options.alwaysYes);
+    CCheckForUpdates check(path, options.file.IsEmpty() ? DefaultFile() : options.file, view);
+    check.Open();
+    if (options.isAuto && !AfxIsCheckForUpdatesReminderDue(path))
+        return exitDone;
+    const CUpdateListing former = check.GetListing();
+    if (!check.Check())
+        return exitFailed;
+    DispatchMessages(check);
+    switch (view.GetResult()) {
+    case ConsoleView::resultUpdated:
+        PrintNews(former, check.GetListing());
+        return exitDone;
+    case ConsoleView::resultUpToDate:
+        return exitDone;
+    case ConsoleView::resultFailed:
+        return exitFailed;
+    default:
+        return exitNotDownloaded;
+    }
+}
+
+int Run(const std::vector<CString>& arguments) {
+    if (arguments.size() == 1 && arguments[0] == _T("--help")) {
+        std::fputs(kUsage, stdout);
+        return exitDone;
+    }
+    try {
+        const Options options = ReadOptions(arguments);
+        if (!CVaskSocket::Initialize())
+            return exitFailed; // the box has said why
+        struct Deinitializer {
+            ~Deinitializer() { CVaskSocket::Deinitialize(); }
+        } const deinitializer;
+        return Update(options);
+    } catch (const Failure& failure) {
+        Print(stderr, _T("updater: ") + failure.text);
+        return failure.code;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    UsePlainStreams();
+    std::signal(SIGINT, [](int) { g_isInterrupted = 1; });
+    CWinApp app(_T("updater"));
+    return Run(ProgramArguments(argc, argv));
+}
