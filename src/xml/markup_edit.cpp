@@ -10,6 +10,7 @@
 #include <climits>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 namespace {
@@ -191,8 +192,17 @@ bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool 
     if (tagName.size() > static_cast<std::size_t>(kLongestText))
         AfxThrowMemoryException();
     const int nameLength = static_cast<int>(tagName.size());
-    const CString escaped = x_TextToDoc(value, false);
-    const std::int64_t longest = std::int64_t{2} * nameLength + escaped.GetLength() + 9;
+    CString escaped;
+    std::basic_string_view<WCHAR> data(value != nullptr ? value : _T(""));
+    if (std::any_of(data.begin(), data.end(),
+                    [](WCHAR c) { return EntityOf(c, false) != nullptr; })) {
+        escaped = x_TextToDoc(value, false);
+        data = {escaped.GetString(), static_cast<std::size_t>(escaped.GetLength())};
+    }
+    if (data.size() > static_cast<std::size_t>(kLongestText))
+        AfxThrowMemoryException();
+    const int dataLength = static_cast<int>(data.size());
+    const std::int64_t longest = std::int64_t{2} * nameLength + dataLength + 9;
     if (longest > kLongestText - offset)
         AfxThrowMemoryException();
     if (content != Content::Normal)
@@ -203,19 +213,19 @@ bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool 
     text.Preallocate(static_cast<int>(longest));
     text.AppendChar('<');
     text.Append(name, nameLength);
-    if (escaped.IsEmpty()) {
+    if (data.empty()) {
         text.Append(_T("/>\r\n"), 4);
         element.nTagClose = offset + nameLength + 2;
         element.nEndTagOpen = element.nTagClose - 1;
         element.nEndTagClose = element.nTagClose;
     } else {
         text.AppendChar('>');
-        text.Append(escaped);
+        text.Append(data.data(), dataLength);
         text.Append(_T("</"), 2);
         text.Append(name, nameLength);
         text.Append(_T(">\r\n"), 3);
         element.nTagClose = offset + nameLength + 1;
-        element.nEndTagOpen = element.nTagClose + escaped.GetLength() + 1;
+        element.nEndTagOpen = element.nTagClose + dataLength + 1;
         element.nEndTagClose = element.nEndTagOpen + nameLength + 2;
     }
 

@@ -24,6 +24,20 @@ bool BeginsPlainName(WCHAR c) {
     return (c >= 'A' && c != '\\') || (c >= '0' && c <= ';');
 }
 
+// The bodies of x_FindChar and x_FindAny, for the tokenizer to have inline: a call of an exported
+// function may be led elsewhere and never is.
+bool FindChar(const WCHAR* text, int& position, WCHAR character) {
+    while (text[position] != 0 && text[position] != character)
+        ++position;
+    return text[position] != 0;
+}
+
+bool FindAny(const WCHAR* text, int& position) {
+    while (IsClass(text[position], kClassSpace))
+        ++position;
+    return text[position] != 0;
+}
+
 // Moves past the first occurrence of the terminator at or after `position`.
 bool FindTerminator(const WCHAR* text, int& position, const WCHAR* terminator, int length) {
     for (;; ++position) {
@@ -49,22 +63,18 @@ int CountBrackets(const WCHAR* text, int first, int last) {
 } // namespace
 
 bool CMarkup::x_FindChar(const WCHAR* text, int& position, WCHAR character) {
-    while (text[position] != 0 && text[position] != character)
-        ++position;
-    return text[position] != 0;
+    return FindChar(text, position, character);
 }
 
 bool CMarkup::x_FindAny(const WCHAR* text, int& position) {
-    while (IsClass(text[position], kClassSpace))
-        ++position;
-    return text[position] != 0;
+    return FindAny(text, position);
 }
 
 bool CMarkup::x_FindToken(TokenPos& token) {
     const WCHAR* text = token.pszDoc;
     int position = token.nNext;
     token.bQuoted = FALSE;
-    if (!x_FindAny(text, position)) {
+    if (!FindAny(text, position)) {
         token.nFirst = token.nLast = token.nNext = position;
         return false;
     }
@@ -72,7 +82,7 @@ bool CMarkup::x_FindToken(TokenPos& token) {
     if (first == '"' || first == '\'') {
         token.bQuoted = TRUE;
         token.nFirst = ++position;
-        const bool closed = x_FindChar(text, position, first);
+        const bool closed = FindChar(text, position, first);
         token.nLast = position - 1;
         token.nNext = closed ? position + 1 : position;
         return true;
