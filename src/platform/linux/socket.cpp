@@ -195,14 +195,22 @@ int Receive(Socket& socket, int flags, Call call) {
     return static_cast<int>(result);
 }
 
+// `call` sends what is left behind that many bytes. In blocking mode a stream takes everything
+// before the call returns; otherwise as much as there is room for.
 template <class Call>
-int Send(Socket& socket, Call call) {
+int Send(Socket& socket, int length, Call call) {
     if (const int error = SendError(socket))
         return Fail(error);
-    const ssize_t result = Complete(socket, POLLOUT, call);
-    if (result < 0 && win32::GetLastError() == WSAEWOULDBLOCK)
-        socket.WithEvents([](NetworkEvents& events) { events.SendBlocked(); });
-    return static_cast<int>(result);
+    int sent = 0;
+    do {
+        const ssize_t result = Complete(socket, POLLOUT, [&] { return call(sent); });
+        if (result < 0 && win32::GetLastError() == WSAEWOULDBLOCK)
+            socket.WithEvents([](NetworkEvents& events) { events.SendBlocked(); });
+        if (result < 0)
+            return SOCKET_ERROR;
+        sent += static_cast<int>(result);
+    } while (sent < length && !socket.IsNonBlocking());
+    return sent;
 }
 
 } // namespace
@@ -399,7 +407,7 @@ int sendto(SOCKET handle, const char* buffer, int length, int flags, const socka
     const NativeAddress native(address, addressLength);
     if (native.Error() != 0)
         return Fail(native.Error());
-    return Send(*socket, [&] {
+    return Send(*socket, length, [&](int) {
         return ::sendto(socket->Descriptor(), buffer, static_cast<std::size_t>(std::max(length, 0)),
                         NativeFlags(flags) | MSG_NOSIGNAL, native.Get(), native.Length());
     });
@@ -409,8 +417,9 @@ int send(SOCKET handle, const char* buffer, int length, int flags) {
     const std::shared_ptr<Socket> socket = Find(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
-    return Send(*socket, [&] {
-        return ::send(socket->Descriptor(), buffer, static_cast<std::size_t>(std::max(length, 0)),
+    return Send(*socket, length, [&](int sent) {
+        return ::send(socket->Descriptor(), buffer + sent,
+                      static_cast<std::size_t>(std::max(length - sent, 0)),
                       NativeFlags(flags) | MSG_NOSIGNAL);
     });
 }
