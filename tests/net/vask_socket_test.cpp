@@ -253,6 +253,24 @@ TEST_F(VaskSocket, MayBeClosedWithinAHandler) {
     }
 }
 
+TEST_F(VaskSocket, MayStopListeningWithinAHandler) {
+    ScriptedSocket listener;
+    ScriptedSocket client;
+    listener.SetStatusCallbackWnd(m_window.Get());
+    listener.m_onAccept = [&] { return listener.CloseInside(); };
+    ASSERT_TRUE(listener.Create(0, SOCK_STREAM, CVaskSocket::ALL_EVENTS, kHost));
+    ASSERT_TRUE(listener.Listen());
+    CString address;
+    UINT port = 0;
+    ASSERT_TRUE(listener.GetSockNameEx(address, port));
+    ASSERT_TRUE(client.Create());
+    ASSERT_TRUE(client.Connect(kHost, port));
+    m_window.PumpUntil([&] { return !listener.IsThreadActive(); });
+    listener.Close();
+    m_window.Pump();
+    EXPECT_EQ(m_window.Of(listener), "5 6 0 ");
+}
+
 TEST_F(VaskSocket, RefusesWhatDoesNotFitItsState) {
     Peer peer;
     ScriptedSocket socket;

@@ -101,6 +101,7 @@ TEST(NetworkEvents, AreReportedOnceAndArmedByTheirCalls) {
     } const rows[] = {
         {"a connection", "all connect ~ see:room ? ? ~", "~rx ! write+connect - ~deux"},
         {"a refused one", "all connect see:room+refused ? ~ ?", "! connect10061 ~ -"},
+        {"one that was reset at once", "all connect see:reset ? ~", "! write+connect+close10054 ~"},
         {"another attempt", "all connect see:refused ? connect see:room ?",
          "! connect10061 ! write+connect"},
         {"connected before selecting", "connected ~ all ? ~", "~ write+connect ~deux"},

@@ -92,7 +92,10 @@ bool NetworkEvents::Observe(const Conditions& conditions) {
 }
 
 void NetworkEvents::ObserveConnecting(const Conditions& conditions) {
-    if (conditions.error != 0) {
+    if (conditions.error == WSAECONNRESET) { // a reset of what was connected; refusing is another
+        Connected();
+        ObserveConnected(conditions);
+    } else if (conditions.error != 0) {
         m_kind = Kind::kIdle;
         Record(FD_CONNECT, conditions.error);
     } else if (conditions.room) {

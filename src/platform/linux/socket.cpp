@@ -92,8 +92,13 @@ template <class Call>
 ssize_t Complete(Socket& socket, short conditions, Call call) {
     for (;;) {
         const ssize_t result = call();
-        if (result >= 0 || errno != EAGAIN || socket.IsNonBlocking())
-            return result >= 0 ? result : Fail(SocketError(errno));
+        if (result >= 0)
+            return result;
+        const int error = SocketError(errno);
+        if (error == WSAECONNRESET)
+            socket.NoteReset();
+        if (error != WSAEWOULDBLOCK || socket.IsNonBlocking())
+            return Fail(error);
         if (!socket.WaitFor(conditions))
             return SOCKET_ERROR;
     }

@@ -62,17 +62,17 @@ NetworkEvents::Conditions Socket::ConditionsOf(short polled) {
         int bytes = 0;
         conditions.data = ioctl(m_descriptor, posix::kBytesToRead, &bytes) == 0 && bytes > 0;
     }
-    int error = 0;
-    socklen_t length = sizeof error;
-    if (conditions.hangUp || m_events.GetKind() == NetworkEvents::Kind::kConnecting) {
+    const bool connecting = m_events.GetKind() == NetworkEvents::Kind::kConnecting;
+    if (conditions.hangUp || connecting) {
+        int error = 0;
+        socklen_t length = sizeof error;
         ::getsockopt(m_descriptor, posix::kSocketLevel, posix::kError, &error, &length);
-        if (error != 0)
-            m_error = SocketError(error);
-        if (error != 0 && m_events.GetKind() == NetworkEvents::Kind::kConnected)
-            m_resetError = m_error;
-        conditions.error = m_events.GetKind() == NetworkEvents::Kind::kConnected ? m_resetError
-                           : error != 0                                          ? m_error
-                                                                                 : 0;
+        const int found = error != 0 ? SocketError(error) : 0;
+        if (found != 0)
+            m_error = found;
+        if (found != 0 && m_stream && (!connecting || found == WSAECONNRESET))
+            m_resetError = found;
+        conditions.error = connecting ? found : m_resetError;
     }
     return conditions;
 }
@@ -170,6 +170,11 @@ int Socket::TakeError() {
 int Socket::ResetError() {
     const std::lock_guard lock(m_mutex);
     return m_resetError;
+}
+
+void Socket::NoteReset() {
+    const std::lock_guard lock(m_mutex);
+    m_resetError = WSAECONNRESET;
 }
 
 Socket::Done Socket::GetDone() {

@@ -50,6 +50,7 @@ public:
     // which clears it; of a reset, for every later call.
     int TakeError();
     int ResetError();
+    void NoteReset(); // by a call, which the system tells only once
 
     // Calls that the system does not refuse as Winsock does.
     struct Done {
