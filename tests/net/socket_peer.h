@@ -127,16 +127,9 @@ class ScriptedSocket : public CVaskSocket {
 public:
     ~ScriptedSocket() override { ScriptedSocket::Close(); }
 
-    std::function<BOOL()> m_onAccept;
-    std::function<BOOL()> m_onClose;
-    std::function<BOOL()> m_onConnect;
-    std::function<BOOL()> m_onSend;
-    std::function<int()> m_onReceive; // unset: what is there is received
+    // What a handler does, by its name; without it data are received, and nothing else happens.
+    std::map<std::string, std::function<int()>> m_acts;
 
-    BOOL CloseInside() {
-        Close();
-        return TRUE;
-    }
     std::string Take() {
         const std::lock_guard lock(m_lock);
         return std::exchange(m_handlers, {});
@@ -147,14 +140,14 @@ public:
     }
 
 protected:
-    BOOL OnAccept(int) override { return Note("accept ", m_onAccept); }
-    BOOL OnClose(int) override { return Note("close ", m_onClose); }
-    BOOL OnConnect(int) override { return Note("connect ", m_onConnect); }
-    BOOL OnSend(int) override { return Note("send ", m_onSend); }
+    BOOL OnAccept(int) override { return Note("accept"); }
+    BOOL OnClose(int) override { return Note("close"); }
+    BOOL OnConnect(int) override { return Note("connect"); }
+    BOOL OnSend(int) override { return Note("send"); }
     int OnReceive(int) override {
-        if (m_onReceive)
-            return Note("receive ", m_onReceive);
-        Note("receive ", {});
+        const int result = Note("receive");
+        if (m_acts.contains("receive"))
+            return result;
         char buffer[16384];
         const int count = Receive(buffer, sizeof buffer);
         const std::lock_guard lock(m_lock);
@@ -164,12 +157,14 @@ protected:
     }
 
 private:
-    int Note(const char* name, const std::function<int()>& act) {
+    int Note(const char* name) {
         {
             const std::lock_guard lock(m_lock);
             m_handlers += name;
+            m_handlers += ' ';
         }
-        return act ? act() : TRUE;
+        const auto act = m_acts.find(name);
+        return act != m_acts.end() ? act->second() : TRUE;
     }
 
     std::mutex m_lock; // guards what follows
