@@ -61,8 +61,8 @@ QUORVEL_API int AfxDetermineXMLFileEncoding(const BYTE* bytes, DWORD length, CSt
 // refusal of the text is `untranslatableEncoding`; only UTF-16 reaches `notWellFormed`
 // (deliberate).
 //
-// UTF-8, UTF-16 and the usual single-byte pages are converted while they are read, so that of such a
-// file nothing but the text is in memory; of any other the bytes are as well.
+// UTF-8, UTF-16 and the usual single-byte pages are converted while they are read, so that of such
+// a file nothing but the text is in memory; of any other the bytes are as well.
 QUORVEL_API int AfxLoadXMLFile(const WCHAR* fileName, CMarkup& markup, CString& errorText,
                                CLengthyOperationHandler* handler = nullptr);
 
