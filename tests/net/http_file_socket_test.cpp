@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <string>
 #include <tuple>
 
@@ -52,14 +53,7 @@ protected:
     }
     // Without those of progress, whose number the network decides.
     std::string Statuses(const CHttpFileSocket& socket) {
-        std::string statuses = m_window.Of(socket), result;
-        for (std::size_t end; (end = statuses.find(' ')) != statuses.npos;
-             statuses.erase(0, end + 1)) {
-            const std::string status = statuses.substr(0, end);
-            if (status != "9" && !status.starts_with("10:"))
-                result += status + ' ';
-        }
-        return result;
+        return std::regex_replace(m_window.Of(socket), std::regex("\\b(9|10:\\d+) "), "");
     }
 
     Peer m_peer;
@@ -92,11 +86,9 @@ TEST_F(Download, TheFileIsTheResponseHoweverItComes) {
     for (std::size_t i = 0; i < body.size(); ++i)
         body[i] = static_cast<char>(i * 7);
     const std::tuple<const char*, std::string, std::size_t, UINT, const char*> rows[] = {
-        {"at once", header + body, 1 << 20, 0, "3 4 8 1000 14 "},
+        {"into a small buffer", header + body, 1 << 20, 128, "3 4 8 1000 14 "},
         {"byte by byte", header + "\r\n\r\n", 1, 0, "3 4 8 1000 14 "},
-        {"into a small buffer", header + body.substr(0, 5000), 4096, 128, "3 4 8 1000 14 "},
         {"no end of the header", "HTTP/1.1 200 OK\r\nX: y\r\n", 5, 0, "3 4 8 14 "},
-        {"no header", "<html>\r\n\r\n</html>", 5, 0, "3 4 8 14 "},
         {"nothing", "", 1, 0, "3 4 8 14 "},
     };
     CHttpFileSocket socket; // for one connection after the other
@@ -136,7 +128,6 @@ TEST_F(Download, LimitsEndALongHeaderAndALongFile) {
         {19, 29, header + "0123456789", "3 4 8 1000 14 "},
         {18, 29, header + "0123456789", "3 4 8 9:10040 "},
         {19, 28, header + "0123456789", "3 4 8 1000 9:10040 "},
-        {19, 29, "HTTP/1.1 200 OK\r\nA: b", "3 4 8 9:10040 "},
     };
     for (const auto& [headerLimit, fileLimit, response, statuses] : rows) {
         SCOPED_TRACE(testing::Message() << headerLimit << ' ' << fileLimit << ' ' << response);

@@ -30,8 +30,6 @@ TEST_F(NewVersion, TheAnswerIsComparedWithTheProgramInOneBox) {
     } rows[] = {
         {start + "1.2.3.5", versions("A new version of the program is available.", "1.2.3.5"),
          View::resultUpdated},
-        {start + "1,10", versions("A new version of the program is available.", "1.10.0.0"),
-         View::resultUpdated},
         {start + "1.2.3.4",
          versions("You are using the latest official version of the program.", "1.2.3.4"),
          View::resultUpToDate},
@@ -39,7 +37,6 @@ TEST_F(NewVersion, TheAnswerIsComparedWithTheProgramInOneBox) {
          versions("You are using a newer version than the latest official version of the program.",
                   "1.2.0.0"),
          View::resultUpToDate},
-        {start + "1.2.3.5 beta", invalid, View::resultFailed},
         {start + "1.2.3.5\r\n", invalid, View::resultFailed},
         {"HTTP/1.1 404 Not found\r\n\r\n1.2.3.5",
          error + "The server has not found anything that matches the requested URI.\n",
@@ -47,7 +44,6 @@ TEST_F(NewVersion, TheAnswerIsComparedWithTheProgramInOneBox) {
         {"1.2.3.5", error + "Unknown HTTP status code.\n", View::resultFailed},
         {"HTTP/1.1 200 OK\r\nContent-Length: 65537\r\n\r\n", error + "Error 10040.\n",
          View::resultFailed},
-        {start + std::string(65537, '1'), error + "Error 10040.\n", View::resultFailed},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.response.substr(0, 80));
@@ -71,10 +67,6 @@ TEST_F(NewVersion, CancellingIsSilentAndAFileThatIsGoneIsNamed) {
     check.Cancel();
     EXPECT_EQ("[pane]\n", view.Take());
     EXPECT_EQ(std::vector{View::resultCancelled}, view.m_results);
-    EXPECT_FALSE(check.Check());
-    EXPECT_EQ("(40) You must wait at least 15 seconds before checking for updates again.\n",
-              view.Take());
-
     source.m_now += COleDateTimeSpan(1.0);
     ASSERT_TRUE(check.Check());
     source.m_last->Receive("HTTP/1.1 200 OK\r\n\r\n1.2.3.5");
