@@ -4,7 +4,7 @@
 
 #include "platform/linux/host_lookup.h"
 #include "platform/linux/socket.h"
-#include "platform/linux/socket_startup.h"
+#include "platform/linux/socket_calls.h"
 
 #include <atomic>
 #include <cstring>

@@ -3,8 +3,8 @@
 #include "platform/win32.h"
 
 #include "platform/linux/socket.h"
+#include "platform/linux/socket_calls.h"
 #include "platform/linux/socket_object.h"
-#include "platform/linux/socket_startup.h"
 
 #include <algorithm>
 #include <array>
@@ -17,27 +17,14 @@ namespace {
 
 std::atomic<int> s_startups = 0;
 
-int Fail(int error) {
-    win32::SetLastError(static_cast<DWORD>(error));
-    return SOCKET_ERROR;
-}
-
 SOCKET FailSocket(int error) {
-    Fail(error);
+    FailCall(error);
     return INVALID_SOCKET;
 }
 
 // The result of a call of the system, whose error is set where it failed.
 int Checked(int result) {
-    return result >= 0 ? result : Fail(SocketError(errno));
-}
-
-// The socket, or null with the error set.
-std::shared_ptr<Socket> Find(SOCKET handle) {
-    auto socket = FindHandle<Socket>(reinterpret_cast<HANDLE>(handle));
-    if (socket == nullptr)
-        Fail(s_startups > 0 ? WSAENOTSOCK : WSANOTINITIALISED);
-    return socket;
+    return result >= 0 ? result : FailCall(SocketError(errno));
 }
 
 // An address on its way to the system.
@@ -80,7 +67,7 @@ int GetAddress(win32::sockaddr* address, int* length, Call call) {
         storage.ss_family = AF_INET6;
     if (*length < static_cast<int>(size)) {
         errno = EFAULT;
-        return Fail(WSAEFAULT);
+        return FailCall(WSAEFAULT);
     }
     std::memcpy(address, &storage, size);
     *length = static_cast<int>(size);
@@ -98,7 +85,7 @@ ssize_t Complete(Socket& socket, short conditions, Call call) {
         if (error == WSAECONNRESET)
             socket.NoteReset();
         if (error != WSAEWOULDBLOCK || socket.IsNonBlocking())
-            return Fail(error);
+            return FailCall(error);
         if (!socket.WaitFor(conditions))
             return SOCKET_ERROR;
     }
@@ -107,58 +94,6 @@ ssize_t Complete(Socket& socket, short conditions, Call call) {
 // Those of Winsock are the system's; others are not passed on.
 int NativeFlags(int flags) {
     return flags & (MSG_OOB | MSG_PEEK);
-}
-
-struct Option {
-    int level;
-    int option;
-    int nativeLevel;
-    int nativeOption;
-};
-constexpr Option kOptions[] = {
-    {SOL_SOCKET, SO_REUSEADDR, posix::kSocketLevel, posix::kReuseAddress},
-    {SOL_SOCKET, SO_KEEPALIVE, posix::kSocketLevel, posix::kKeepAlive},
-    {SOL_SOCKET, SO_BROADCAST, posix::kSocketLevel, posix::kBroadcast},
-    {SOL_SOCKET, SO_SNDBUF, posix::kSocketLevel, posix::kSendBuffer},
-    {SOL_SOCKET, SO_RCVBUF, posix::kSocketLevel, posix::kReceiveBuffer},
-    {SOL_SOCKET, SO_TYPE, posix::kSocketLevel, posix::kType},
-    {IPPROTO_TCP, TCP_NODELAY, IPPROTO_TCP, TCP_NODELAY},
-};
-
-const Option* FindOption(int level, int option) {
-    const auto found = std::ranges::find_if(kOptions, [level, option](const Option& each) {
-        return each.level == level && each.option == option;
-    });
-    return found != std::end(kOptions) ? found : nullptr;
-}
-
-bool IsBufferSize(const Option& option) {
-    return option.level == SOL_SOCKET && (option.option == SO_SNDBUF || option.option == SO_RCVBUF);
-}
-
-int GetLinger(Socket& socket, char* value, int* length) {
-    if (*length < static_cast<int>(sizeof(win32::linger)))
-        return Fail(WSAEFAULT);
-    ::linger native = {};
-    socklen_t size = sizeof native;
-    ::getsockopt(socket.Descriptor(), posix::kSocketLevel, posix::kLinger, &native, &size);
-    const win32::linger result = {static_cast<USHORT>(native.l_onoff),
-                                  static_cast<USHORT>(native.l_linger)};
-    std::memcpy(value, &result, sizeof result);
-    *length = sizeof result;
-    return 0;
-}
-
-int SetLinger(Socket& socket, const char* value, int length) {
-    win32::linger asked;
-    if (length < static_cast<int>(sizeof asked))
-        return Fail(WSAEFAULT);
-    std::memcpy(&asked, value, sizeof asked);
-    const ::linger native = {asked.l_onoff, asked.l_linger};
-    return ::setsockopt(socket.Descriptor(), posix::kSocketLevel, posix::kLinger, &native,
-                        sizeof native) == 0
-               ? 0
-               : Fail(SocketError(errno));
 }
 
 SOCKET NewSocket(const std::shared_ptr<Socket>& socket) {
@@ -188,11 +123,11 @@ int SendError(Socket& socket) {
 template <class Call>
 int Receive(Socket& socket, int flags, Call call) {
     if (const int error = ReceiveError(socket))
-        return Fail(error);
+        return FailCall(error);
     const bool urgent = (flags & MSG_OOB) != 0;
     ssize_t result = Complete(socket, urgent ? POLLPRI : POLLIN, call);
     if (result == 0 && socket.ResetError() != 0)
-        result = Fail(socket.ResetError());
+        result = FailCall(socket.ResetError());
     socket.WithEvents(
         [urgent](NetworkEvents& events) { urgent ? events.ReceivedUrgent() : events.Received(); });
     if (result >= 0)
@@ -205,7 +140,7 @@ int Receive(Socket& socket, int flags, Call call) {
 template <class Call>
 int Send(Socket& socket, int length, Call call) {
     if (const int error = SendError(socket))
-        return Fail(error);
+        return FailCall(error);
     int sent = 0;
     do {
         const ssize_t result = Complete(socket, POLLOUT, [&] { return call(sent); });
@@ -222,6 +157,13 @@ int Send(Socket& socket, int length, Call call) {
 
 bool IsWinsockStarted() {
     return s_startups > 0;
+}
+
+std::shared_ptr<Socket> FindSocket(SOCKET handle) {
+    auto socket = FindHandle<Socket>(reinterpret_cast<HANDLE>(handle));
+    if (socket == nullptr)
+        FailCall(IsWinsockStarted() ? WSAENOTSOCK : WSANOTINITIALISED);
+    return socket;
 }
 
 } // namespace quorvel
@@ -252,7 +194,7 @@ int WSACleanup() {
     int startups = s_startups;
     while (startups > 0 && !s_startups.compare_exchange_weak(startups, startups - 1)) {
     }
-    return startups > 0 ? 0 : Fail(WSANOTINITIALISED);
+    return startups > 0 ? 0 : FailCall(WSANOTINITIALISED);
 }
 
 SOCKET socket(int family, int type, int protocol) {
@@ -275,7 +217,7 @@ SOCKET socket(int family, int type, int protocol) {
 }
 
 int closesocket(SOCKET handle) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     socket->Close();
@@ -284,33 +226,33 @@ int closesocket(SOCKET handle) {
 }
 
 int bind(SOCKET handle, const sockaddr* address, int length) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     const NativeAddress native(address, length);
     if (native.Error() != 0)
-        return Fail(native.Error());
+        return FailCall(native.Error());
     if (::bind(socket->Descriptor(), native.Get(), native.Length()) != 0)
-        return Fail(SocketError(errno));
+        return FailCall(SocketError(errno));
     socket->SetDone(&Socket::Done::bound);
     return 0;
 }
 
 int listen(SOCKET handle, int backlog) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     if (!socket->GetDone().bound)
-        return Fail(WSAEINVAL);
+        return FailCall(WSAEINVAL);
     if (::listen(socket->Descriptor(), backlog) != 0)
-        return Fail(SocketError(errno));
+        return FailCall(SocketError(errno));
     socket->WithEvents(
         [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::kListening); });
     return 0;
 }
 
 SOCKET accept(SOCKET handle, sockaddr* address, int* length) {
-    const std::shared_ptr<Socket> listener = Find(handle);
+    const std::shared_ptr<Socket> listener = FindSocket(handle);
     if (listener == nullptr)
         return INVALID_SOCKET;
     if (address != nullptr && length != nullptr && *length < static_cast<int>(sizeof(sockaddr_in)))
@@ -333,35 +275,35 @@ SOCKET accept(SOCKET handle, sockaddr* address, int* length) {
 }
 
 int connect(SOCKET handle, const sockaddr* address, int length) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     const NativeAddress native(address, length);
     if (native.Error() != 0)
-        return Fail(native.Error());
+        return FailCall(native.Error());
     // The system would say success once to who asks after a connection that it finished.
     if (KindOf(*socket) == NetworkEvents::Kind::kConnected)
-        return Fail(WSAEISCONN);
+        return FailCall(WSAEISCONN);
     if (::connect(socket->Descriptor(), native.Get(), native.Length()) == 0) {
         if (socket->IsStream())
             socket->WithEvents([](NetworkEvents& events) { events.Connected(); });
         return 0;
     }
     if (errno != EINPROGRESS)
-        return Fail(SocketError(errno));
+        return FailCall(SocketError(errno));
     socket->WithEvents([](NetworkEvents& events) { events.Connect(); });
     if (socket->IsNonBlocking())
-        return Fail(WSAEWOULDBLOCK);
+        return FailCall(WSAEWOULDBLOCK);
     if (!socket->WaitFor(POLLOUT))
         return SOCKET_ERROR;
     socket->Notice(POLLOUT);
     const int error = socket->TakeError();
-    return error == 0 ? 0 : Fail(error);
+    return error == 0 ? 0 : FailCall(error);
 }
 
 int recvfrom(SOCKET handle, char* buffer, int length, int flags, sockaddr* address,
              int* addressLength) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     iovec part = {buffer, static_cast<std::size_t>(std::max(length, 0))};
@@ -387,11 +329,11 @@ int recvfrom(SOCKET handle, char* buffer, int length, int flags, sockaddr* addre
             return static_cast<int>(receive(native, size));
         });
     });
-    return truncated ? Fail(WSAEMSGSIZE) : result;
+    return truncated ? FailCall(WSAEMSGSIZE) : result;
 }
 
 int recv(SOCKET handle, char* buffer, int length, int flags) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     if (!socket->IsStream())
@@ -404,14 +346,14 @@ int recv(SOCKET handle, char* buffer, int length, int flags) {
 
 int sendto(SOCKET handle, const char* buffer, int length, int flags, const sockaddr* address,
            int addressLength) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     if (address == nullptr || socket->IsStream())
         return send(handle, buffer, length, flags);
     const NativeAddress native(address, addressLength);
     if (native.Error() != 0)
-        return Fail(native.Error());
+        return FailCall(native.Error());
     return Send(*socket, length, [&](int) {
         return ::sendto(socket->Descriptor(), buffer, static_cast<std::size_t>(std::max(length, 0)),
                         NativeFlags(flags) | MSG_NOSIGNAL, native.Get(), native.Length());
@@ -419,7 +361,7 @@ int sendto(SOCKET handle, const char* buffer, int length, int flags, const socka
 }
 
 int send(SOCKET handle, const char* buffer, int length, int flags) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     return Send(*socket, length, [&](int sent) {
@@ -430,17 +372,17 @@ int send(SOCKET handle, const char* buffer, int length, int flags) {
 }
 
 int shutdown(SOCKET handle, int how) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     if (how < SD_RECEIVE || how > SD_BOTH)
-        return Fail(WSAEINVAL);
+        return FailCall(WSAEINVAL);
     const NetworkEvents::Kind kind = KindOf(*socket);
     if (kind != NetworkEvents::Kind::kConnected && kind != NetworkEvents::Kind::kDatagram)
-        return Fail(WSAENOTCONN);
+        return FailCall(WSAENOTCONN);
     // Shutting the system's receiving side down would look like the end of the connection.
     if (how != SD_RECEIVE && ::shutdown(socket->Descriptor(), SHUT_WR) != 0)
-        return Fail(SocketError(errno));
+        return FailCall(SocketError(errno));
     if (how != SD_RECEIVE)
         socket->SetDone(&Socket::Done::sendShut);
     if (how != SD_SEND)
@@ -448,90 +390,23 @@ int shutdown(SOCKET handle, int how) {
     return 0;
 }
 
-int ioctlsocket(SOCKET handle, LONG command, ULONG* argument) {
-    const std::shared_ptr<Socket> socket = Find(handle);
-    if (socket == nullptr)
-        return SOCKET_ERROR;
-    if (argument == nullptr)
-        return Fail(WSAEFAULT);
-    if (command == FIONBIO)
-        return socket->SetNonBlocking(*argument != 0) ? 0 : Fail(WSAEINVAL);
-    if (command != FIONREAD)
-        return Fail(WSAEOPNOTSUPP);
-    int bytes = 0;
-    if (::ioctl(socket->Descriptor(), posix::kBytesToRead, &bytes) != 0)
-        return Fail(SocketError(errno));
-    *argument = static_cast<ULONG>(bytes);
-    return 0;
-}
-
-int getsockopt(SOCKET handle, int level, int option, char* value, int* length) {
-    const std::shared_ptr<Socket> socket = Find(handle);
-    if (socket == nullptr)
-        return SOCKET_ERROR;
-    if (value == nullptr || length == nullptr)
-        return Fail(WSAEFAULT);
-    if (level == SOL_SOCKET && option == SO_LINGER)
-        return GetLinger(*socket, value, length);
-    int number = 0;
-    const Option* const known = FindOption(level, option);
-    if (level == SOL_SOCKET && option == SO_ERROR) {
-        number = socket->TakeError();
-    } else if (known == nullptr) {
-        return Fail(WSAENOPROTOOPT);
-    } else {
-        socklen_t size = sizeof number;
-        if (::getsockopt(socket->Descriptor(), known->nativeLevel, known->nativeOption, &number,
-                         &size) != 0)
-            return Fail(SocketError(errno));
-        if (IsBufferSize(*known))
-            number /= 2; // the system doubles what it is told
-    }
-    if (*length < static_cast<int>(sizeof number))
-        return Fail(WSAEFAULT);
-    std::memcpy(value, &number, sizeof number);
-    *length = sizeof number;
-    return 0;
-}
-
-int setsockopt(SOCKET handle, int level, int option, const char* value, int length) {
-    const std::shared_ptr<Socket> socket = Find(handle);
-    if (socket == nullptr)
-        return SOCKET_ERROR;
-    if (value == nullptr)
-        return Fail(WSAEFAULT);
-    if (level == SOL_SOCKET && option == SO_LINGER)
-        return SetLinger(*socket, value, length);
-    const Option* const known = FindOption(level, option);
-    if (known == nullptr)
-        return Fail(WSAENOPROTOOPT);
-    int number = 0;
-    if (length < static_cast<int>(sizeof number))
-        return Fail(WSAEFAULT);
-    std::memcpy(&number, value, sizeof number);
-    return ::setsockopt(socket->Descriptor(), known->nativeLevel, known->nativeOption, &number,
-                        sizeof number) == 0
-               ? 0
-               : Fail(SocketError(errno));
-}
-
 int getsockname(SOCKET handle, sockaddr* address, int* length) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     if (address == nullptr || length == nullptr)
-        return Fail(WSAEFAULT);
+        return FailCall(WSAEFAULT);
     return GetAddress(address, length, [&](::sockaddr* native, socklen_t* size) {
         return Checked(::getsockname(socket->Descriptor(), native, size));
     });
 }
 
 int getpeername(SOCKET handle, sockaddr* address, int* length) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     if (address == nullptr || length == nullptr)
-        return Fail(WSAEFAULT);
+        return FailCall(WSAEFAULT);
     return GetAddress(address, length, [&](::sockaddr* native, socklen_t* size) {
         return Checked(::getpeername(socket->Descriptor(), native, size));
     });
@@ -571,34 +446,34 @@ BOOL WSACloseEvent(WSAEVENT event) {
 DWORD WSAWaitForMultipleEvents(DWORD count, const WSAEVENT* events, BOOL all, DWORD milliseconds,
                                BOOL alertable) {
     if (all || alertable || count == 0 || count > WSA_MAXIMUM_WAIT_EVENTS || events == nullptr) {
-        Fail(WSAEINVAL);
+        FailCall(WSAEINVAL);
         return WSA_WAIT_FAILED;
     }
     return WaitForAny(std::span(events, count), milliseconds);
 }
 
 int WSAEventSelect(SOCKET handle, WSAEVENT event, LONG mask) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     if (event == nullptr && mask != 0)
-        return Fail(WSAEINVAL);
+        return FailCall(WSAEINVAL);
     std::shared_ptr<Waitable> waitable;
     if (event != nullptr && (waitable = FindHandle<Waitable>(event)) == nullptr)
-        return Fail(ERROR_INVALID_HANDLE);
+        return FailCall(ERROR_INVALID_HANDLE);
     socket->Select(std::move(waitable), mask);
     return 0;
 }
 
 int WSAEnumNetworkEvents(SOCKET handle, WSAEVENT event, WSANETWORKEVENTS* events) {
-    const std::shared_ptr<Socket> socket = Find(handle);
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
     if (events == nullptr)
-        return Fail(WSAEFAULT);
+        return FailCall(WSAEFAULT);
     std::shared_ptr<Waitable> waitable;
     if (event != nullptr && (waitable = FindHandle<Waitable>(event)) == nullptr)
-        return Fail(WSAEINVAL);
+        return FailCall(WSAEINVAL);
     const NetworkEvents::Report report = socket->Enumerate(waitable.get());
     events->lNetworkEvents = static_cast<LONG>(report.events);
     std::ranges::copy(report.errors, events->iErrorCode);
