@@ -260,16 +260,26 @@ TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
                   RegistryStore store(place.File());
                   RegistryKey key = {};
                   std::signal(SIGXFSZ, SIG_IGN);
-                  const rlimit none = {0, 100'000};
-                  const rlimit enough = {100'000, 100'000};
+                  const rlimit none = {0, 10'000'000};
+                  const rlimit enough = {10'000'000, 10'000'000};
                   setrlimit(RLIMIT_FSIZE, &none);
-                  if (store.Open(kUser, u"", true, key) != 0 ||
-                      Read(store, Name(199)) != std::string(100, 'x'))
+                  if (store.Open(kUser, u"", true, key) != 0)
                       return 1;
-                  if (Write(store, u"small", "data") != ERROR_FILE_TOO_LARGE)
+                  if (Write(store, u"small", "data") != ERROR_FILE_TOO_LARGE ||
+                      Read(store, Name(199)) != std::string(100, 'x'))
                       return 2;
                   setrlimit(RLIMIT_FSIZE, &enough);
-                  return Write(store, u"small", "data") == 0 ? 0 : 3;
+                  RegistryStore other(place.File()); // finds room, and changes what was opened
+                  for (int i = 0; i < 199; ++i)
+                      other.DeleteValue(kUser, Name(i));
+                  if (Write(other, Name(199), "new") != 0)
+                      return 3;
+                  other.Close();
+                  for (int i = 0; i < 1'000'000 && Read(store, Name(199)) != "new"; ++i) {
+                  } // the change is soon seen
+                  if (place.Has(_T("registry.db.damaged-1")) || Read(store, Name(199)) != "new")
+                      return 4;
+                  return Write(store, Name(199), std::string(100, 'x')) == 0 ? 0 : 5;
               })),
               0);
     RegistryStore store(place.File());
@@ -297,6 +307,12 @@ TEST(RegistryFile, IsConsistentWhereverAPowerCutEndsItsLog) {
             EXPECT_EQ(Read(survivor, Name(i)), "error 2") << size;
         EXPECT_EQ(Write(survivor, u"after", "data"), 0u) << size;
     }
+    const Place emptied;
+    emptied.Write(kFile, "");
+    emptied.Write(_T("registry.db-wal"), log);
+    RegistryStore survivor(emptied.File());
+    EXPECT_EQ(Read(survivor, Name(0)), "error 1015");
+    EXPECT_TRUE(emptied.Read(_T("registry.db.damaged-1-wal")) == log);
 }
 
 TEST(RegistryFile, ThatIsReplacedIsOpenedAnew) {

@@ -67,9 +67,13 @@ std::string UriOf(const std::string& path) {
     return uri;
 }
 
-bool HasJournal(const std::string& path) {
+std::int64_t SizeOf(const std::string& path) {
     struct stat status;
-    return stat((path + "-wal").c_str(), &status) == 0 && status.st_size > 0;
+    return stat(path.c_str(), &status) == 0 ? std::int64_t{status.st_size} : 0;
+}
+
+bool HasJournal(const std::string& path) {
+    return SizeOf(path + "-wal") > 0;
 }
 
 // errno of the failure at hand: SQLite keeps it with the connection where a file cannot be opened
@@ -99,12 +103,17 @@ DWORD RegistryFile::Open(const std::string& path, bool mayCreate) {
     const DWORD error = OpenLocked(mayCreate);
     if (error != ERROR_SUCCESS)
         Close();
-    if (error == ERROR_REGISTRY_CORRUPT)
+    if (error == ERROR_REGISTRY_CORRUPT && !m_isUnchanging)
         MoveRegistryAside(path);
     return error;
 }
 
 DWORD RegistryFile::OpenLocked(bool mayCreate) {
+    m_isUnchanging = false;
+    // Ours always has its first page. SQLite takes an empty file, or one of a single byte, for a
+    // new one and deletes the log, which may hold all there was.
+    if (SizeOf(m_path) <= 1 && HasJournal(m_path))
+        return ERROR_REGISTRY_CORRUPT;
     DWORD error = Connect(m_path, SQLITE_OPEN_READWRITE);
     if (error == ERROR_SUCCESS)
         error = Inspect(mayCreate);
@@ -122,6 +131,7 @@ DWORD RegistryFile::OpenLocked(bool mayCreate) {
 // even for reading. A file that was closed well is whole without them.
 DWORD RegistryFile::OpenUnchanging() {
     Close();
+    m_isUnchanging = true;
     const DWORD error =
         Connect(UriOf(m_path) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
     return error != ERROR_SUCCESS ? error : Inspect(false);
@@ -222,10 +232,10 @@ void RegistryFile::Close() {
 
 void RegistryFile::CloseDamaged() {
     const RegistryLock lock(m_path);
-    const bool isInPlace = IsInPlace();
+    const bool isMoved = !m_isUnchanging && IsInPlace();
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     Close();
-    if (isInPlace)
+    if (isMoved)
         MoveRegistryAside(m_path);
 }
 

@@ -52,16 +52,20 @@ public:
     ~RegistryFile() { Close(); }
 
     // ERROR_FILE_NOT_FOUND where there is no file and none may be made; ERROR_REGISTRY_CORRUPT for
-    // a damaged one, which then lies aside; ERROR_REVISION_MISMATCH or ERROR_BADDB for one of a
-    // newer version, or of something else.
+    // a damaged one, which then lies aside unless it could only be opened unchanging;
+    // ERROR_REVISION_MISMATCH or ERROR_BADDB for one of a newer version, or of something else.
     DWORD Open(const std::string& path, bool mayCreate);
     void Close();
-    // Closes and moves the file aside, unless another process has done that already.
+    // Closes and moves the file aside, unless another process has done that already or it was
+    // opened unchanging.
     void CloseDamaged();
 
     bool IsOpen() const { return m_database != nullptr; }
     // Why the file cannot be written now; ERROR_SUCCESS when it can.
     DWORD WriteError() const { return m_writeError; }
+    // Whether it is read as if nobody changed it, for want of a log: what others have written since
+    // it was opened is not seen, or seen in part, which looks like damage.
+    bool IsUnchanging() const { return m_isUnchanging; }
     // Whether the path it was opened by still leads to it.
     bool IsInPlace() const;
     int Changes() const { return sqlite3_changes(m_database); }
@@ -86,6 +90,7 @@ private:
     std::string m_path;
     sqlite3* m_database = nullptr;
     DWORD m_writeError = ERROR_SUCCESS;
+    bool m_isUnchanging = false;
     sqlite3_stmt* m_statements[static_cast<int>(RegistrySql::kCount)] = {};
 };
 

@@ -152,9 +152,10 @@ DWORD RegistryStore::Run(Access access, const RegistryKey& key, Operation operat
 
 DWORD RegistryStore::Prepare(Access access) {
     const bool changes = access != Access::Read;
-    // What stood in the way of writing may be gone by now.
-    if (m_file.IsOpen() && ((changes && m_file.WriteError() != ERROR_SUCCESS) ||
-                            ((changes || m_lastCheck.IsOver()) && !m_file.IsInPlace())))
+    // What stood in the way of writing may be gone by now, for others as well.
+    if (m_file.IsOpen() &&
+        ((changes && m_file.WriteError() != ERROR_SUCCESS) ||
+         ((changes || m_lastCheck.IsOver()) && (m_file.IsUnchanging() || !m_file.IsInPlace()))))
         m_file.Close();
     if (!m_file.IsOpen()) {
         std::string path = m_path;
