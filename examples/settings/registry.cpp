@@ -115,6 +115,12 @@ void ApplyKey(const CRegistryPath& path, const RegKey& key) {
     }
 }
 
+// A .reg text with it could not be read back: there are no escapes for line ends.
+void RequireOneLine(const Wide& name, const CRegistryPath& path) {
+    if (name.find_first_of(_T("\r\n")) != Wide::npos)
+        throw Failure{exitFailed, TextOf(path) + _T(": a name in it has more than one line")};
+}
+
 bool IsBelow(const CString& text, const CString& path) {
     const int length = path.GetLength();
     return text.Left(length).CompareNoCase(path) == 0 &&
@@ -187,9 +193,13 @@ void ReadTree(const CRegistryPath& path, std::vector<RegKey>& keys) {
     RegKey key;
     key.path = Wide(TextOf(path));
     key.values = ReadValues(path);
+    for (const RegValue& value : key.values)
+        RequireOneLine(value.name, path);
     keys.push_back(std::move(key));
-    for (const Wide& name : ReadKeyNames(path))
+    for (const Wide& name : ReadKeyNames(path)) {
+        RequireOneLine(name, path);
         ReadTree(CRegistryPath(path, name.c_str()), keys);
+    }
 }
 
 void WriteValue(const CRegistryPath& path, const RegValue& value) {

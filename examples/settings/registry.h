@@ -22,7 +22,7 @@ CString TextOf(const CRegistryPath& path);
 std::vector<Wide> ReadKeyNames(const CRegistryPath& path);
 std::vector<RegValue> ReadValues(const CRegistryPath& path);
 RegValue ReadValue(const CRegistryPath& path, const CString& name);
-// The key and all below it.
+// The key and all below it. Fails where a name has a line break, which .reg text cannot hold.
 void ReadTree(const CRegistryPath& path, std::vector<RegKey>& keys);
 
 void WriteValue(const CRegistryPath& path, const RegValue& value);

@@ -93,6 +93,8 @@ ROWS = [
     (["list", "HKEY_DYN_DATA\\x"], 2, "", "not a path as in HKCU\\Software\\Name: HKEY_DYN_DATA\\x"),
     (["import", "{P}", "none.reg"], 2, "", "none.reg: cannot be read"),
     (["export", "{P}", "none/x.reg"], 2, "", "none/x.reg: cannot be written"),
+    (["set", "{P}\\c", "a\nb", "c"], 0, "", None),
+    (["export", "{P}"], 2, "", "{P}\\c: a name in it has more than one line"),
     ([], 2, "", "COMMAND is missing (settings --help)"),
     (["list"], 2, "", "PATH is missing"),
     (["get", "{P}"], 2, "", "NAME is missing"),

@@ -211,6 +211,7 @@ constexpr ErrorText kTexts[] = {
     {1237, "The operation could not be completed, and a retry is worth while."},
     {1240, "The network address cannot be used here."},
     {1300, "Not all privileges of the caller are assigned."},
+    {1306, "The revision levels do not match."},
     {1314, "The client does not have a privilege that is needed."},
     {1326, "The user name or password is wrong."},
     {1332, "Account names and security identifiers have no counterparts."},
