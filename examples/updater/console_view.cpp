@@ -55,7 +55,9 @@ void ConsoleView::SetProgressFigures(ULONGLONG, ULONGLONG, int percent, const WC
 }
 
 void ConsoleView::SetPublishedText(const WCHAR* text) {
-    PrintText(text);
+    if (m_publishedText != text)
+        PrintText(text);
+    m_publishedText = text;
 }
 
 void ConsoleView::SetLastCheckedText(const WCHAR* text) {
