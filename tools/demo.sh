@@ -1,6 +1,6 @@
 #!/bin/sh
-# demo.sh: runs the tour, the XML tool, the packer and the settings tool as Linux and as Windows programs on
-# the same files and compares what the two print. Fails where they differ.
+# demo.sh: runs the tour, the XML tool, the packer, the settings tool and the updater as Linux and as Windows
+# programs on the same files and compares what the two print. Fails where they differ.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
@@ -9,9 +9,11 @@ sh "$root/tools/setup.sh" core windows
 windows=$(windows_preset)
 demo=$root/build/demo
 mkdir -p "$root/build"
+programs='tour xmltool pack settings updater'
 for preset in linux-debug "$windows"; do
     say "demo: building $preset"
-    build_preset "$preset" tour xmltool pack settings quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
+    # shellcheck disable=SC2086
+    build_preset "$preset" $programs quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
         tail -n 30 "$root/build/demo-$preset.log" >&2
         die "$preset does not build, see build/demo-$preset.log"
     }
@@ -85,3 +87,5 @@ if diff -u linux.txt windows.txt; then
 else
     die "the Linux and the Windows build ($windows) print different lines, see build/demo"
 fi
+
+sh "$root/tools/demo_updates.sh" "$windows"

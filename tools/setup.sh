@@ -95,6 +95,23 @@ ensure() { # ensure GROUP
     install $packages || die "cannot install $packages ($(last_error)); the log is $log"
 }
 
+# A web server's package would start it at once and at every boot, at the port that the demonstration
+# needs. One that is there is the user's and stays as it is, and so does a policy of the administrator.
+install_demo() {
+    [ ! -x /usr/sbin/nginx ] || return 0
+    packages=$(missing demo)
+    policy=/usr/sbin/policy-rc.d
+    prepare_install "$packages"
+    if [ ! -e $policy ]; then
+        trap '$as_root rm -f $policy' EXIT
+        trap 'exit 1' HUP INT TERM
+        printf '#!/bin/sh\nexit 101\n' | $as_root tee $policy >/dev/null
+        $as_root chmod 755 $policy
+    fi
+    ensure demo
+    $as_root update-rc.d nginx disable >>"$log" 2>&1 || true
+}
+
 install_wine32() { # install_wine32 PACKAGE...
     added=
     if ! dpkg --print-foreign-architectures | grep -qx i386; then
@@ -134,7 +151,7 @@ ensure_libraries() { # ensure_libraries WINDOWS-PRESET
 }
 
 if [ $# -eq 0 ]; then
-    set -- core windows bench fuzz gallery
+    set -- core windows bench fuzz gallery demo
     rm -f "$no_wine32"
 fi
 for group; do
@@ -147,7 +164,8 @@ for group; do
         ensure windows64
         ensure_libraries win64
         ;;
+    demo) install_demo ;;
     core | bench | fuzz | gallery) ensure "$group" ;;
-    *) die "unknown group '$group': core, windows, windows64, bench, fuzz, gallery" ;;
+    *) die "unknown group '$group': core, windows, windows64, bench, fuzz, gallery, demo" ;;
     esac
 done

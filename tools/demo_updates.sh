@@ -1,0 +1,225 @@
+#!/bin/sh
+# demo_updates.sh WINDOWS-PRESET: lets the updater, which demo.sh has built, check a real web server for
+# updates, as a Linux and as a Windows program. Prints what a user sees and fails where the two differ.
+# Where port 80 of this machine can't be had, all of it runs in a network of its own.
+set -eu
+root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/tools/env.sh"
+
+windows=$1
+demo=$root/build/demo-updates
+nginx=/usr/sbin/nginx
+key='Software\Quorvel demo updates'
+site=http://127.0.0.1
+
+skip() { # skip REASON
+    say "demo: no check for updates here: $1"
+    exit 0
+}
+
+is_port_free() {
+    python3 - 2>/dev/null <<'EOF'
+import socket
+with socket.socket() as server:
+    server.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
+    server.bind(("127.0.0.1", 80))
+    server.listen()
+EOF
+}
+
+own_network='unshare --map-current-user --net --keep-caps'
+in_own_network=${2:-}
+if [ -n "$in_own_network" ]; then
+    ip link set lo up
+    # Wine's server opens the sockets, in the network that it was started in: this one needs another.
+    export QUORVEL_CACHE="$cache/own-network"
+else
+    sh "$root/tools/setup.sh" demo || skip "the web server could not be installed"
+    if ! is_port_free; then
+        $own_network ip link set lo up 2>/dev/null ||
+            skip "port 80 of 127.0.0.1 is taken or forbidden, and so is a network of its own"
+        say "demo: port 80 of 127.0.0.1 can't be had: the checks for updates get a network of their own"
+        exec $own_network sh "$0" "$windows" --own-network
+    fi
+fi
+
+program() { # program NAME ARGUMENT...: as $build has it
+    name=$1
+    shift
+    case $build in
+    linux)
+        ${prefix:-} env LC_ALL=C.UTF-8 TZ=Europe/Berlin QUORVEL_REGISTRY="$demo/registry.db" \
+            "$root/build/linux-debug/bin/$name" "$@"
+        ;;
+    windows)
+        ${prefix:-} env WINERUN_LOCALE=C.UTF-8 WINERUN_TZ=Europe/Berlin \
+            "$root/tools/winerun.sh" "$root/build/$windows/bin/$name.exe" "$@"
+        ;;
+    esac
+}
+
+# No check within 15 seconds of the last one: the demonstration forgets that one and does not wait.
+forget() { # forget [VALUE]: of the settings, or all of them
+    if [ $# = 1 ]; then set -- "HKCU\\$key\\Check For Updates" "$1"; else set -- "HKCU\\$key"; fi
+    program settings remove "$@" >settings.txt 2>&1
+}
+
+server_pid=
+finish() {
+    trap - EXIT
+    [ -z "$server_pid" ] || kill "$server_pid" 2>/dev/null || true
+    for build in linux windows; do forget || true; done
+    # Or the next demonstration finds Wine's server in a network that is gone.
+    [ -z "$in_own_network" ] || WINEPREFIX=$(echo "$QUORVEL_CACHE"/wine*/) wineserver -k || true
+    rm -rf "$server"
+}
+
+# Everything nginx writes is in one folder; it neither changes its user nor leaves the foreground.
+start_server() {
+    mkdir -p "$server/html/slow"
+    cat >"$server/nginx.conf" <<EOF
+daemon off;
+master_process off;
+user $(id -un) $(id -gn);
+pid nginx.pid;
+events {}
+http {
+    access_log off;
+    types { application/rss+xml xml; }
+    client_body_temp_path temp;
+    proxy_temp_path temp;
+    fastcgi_temp_path temp;
+    uwsgi_temp_path temp;
+    scgi_temp_path temp;
+    server {
+        listen 127.0.0.1:80;
+        root html;
+        location /slow/ {
+            limit_rate_after 500; # the header is not held back
+            limit_rate 100;
+        }
+    }
+}
+EOF
+    $nginx -p "$server" -e stderr -c nginx.conf >"$server/error.log" 2>&1 &
+    server_pid=$!
+    until [ -s "$server/nginx.pid" ]; do # it listens by then
+        kill -0 $server_pid 2>/dev/null || die "the web server does not run: $(cat "$server/error.log")"
+        sleep 0.1
+    done
+}
+
+publish() { # publish LISTING FILE DATE: at the site
+    cp "$1" "$server/html/$2"
+    touch -d "$3" "$server/html/$2"
+}
+
+# What was written, in the places where a terminal shows it. The progress bar is on standard error and
+# draws over itself: of a complete download its last state is left.
+show() {
+    tr '\r' '\n' <errors.txt | grep '(100%)' | tail -n 1 >bar.txt || true
+    tr -d '\r' <output.txt |
+        sed -e 's/^\[y\/n\] /&y\n/' -e '/^Connected to updates server. Downloading/r bar.txt'
+}
+
+heading() { # heading TITLE ARGUMENT...: of the updater
+    printf '\n== %s\n' "$1"
+    shift
+    echo "\$ updater --settings '$key' --file local.xml${*:+ $*}"
+}
+
+run_updater() { # run_updater ARGUMENT...
+    program updater --settings "$key" --file local.xml "$@" >output.txt 2>errors.txt
+}
+
+require_code() { # require_code EXPECTED CODE
+    show
+    say "(exit code $2)"
+    [ "$1" = "$2" ] || die "$build: the updater ended with $2 and not with $1: $(cat errors.txt)"
+}
+
+updater() { # updater CODE TITLE ARGUMENT...
+    expected=$1
+    shift
+    heading "$@"
+    shift
+    code=0
+    echo y >answer.txt
+    run_updater "$@" <answer.txt || code=$?
+    require_code "$expected" $code
+}
+
+# A download at 100 bytes a second, interrupted as by Ctrl+C: the signal goes to a process group, as from
+# a terminal, since between this shell and a Windows program stands another one.
+cancel() {
+    heading 'Cancelled by Ctrl+C while it downloads' --site $site/slow/updates.xml --yes
+    : >output.txt
+    (prefix='exec setsid' && run_updater --site $site/slow/updates.xml --yes) </dev/null &
+    waited=0
+    until grep -q Downloading output.txt || [ $waited = 300 ]; do
+        sleep 0.1
+        waited=$((waited + 1))
+    done
+    kill -s INT -- "-$!"
+    code=0
+    wait $! || code=$?
+    require_code 3 $code
+}
+
+require_same() { # require_same FILE FILE
+    cmp "$1" "$2" || die "the local file differs from the site's"
+}
+
+checks() {
+    rm -f local.xml
+    publish old.xml updates.xml '2024-03-12 08:31:00 UTC'
+    publish new.xml slow/updates.xml '2024-04-02 10:16:00 UTC'
+    updater 0 'The first check' --site $site/updates.xml --yes
+    require_same local.xml old.xml
+    updater 1 'Another one at once' --yes
+    forget 'Last Checked'
+    updater 0 'Later, without news'
+    publish new.xml updates.xml '2024-04-02 10:15:00 UTC'
+    forget 'Last Checked'
+    updater 0 'A newer listing'
+    require_same local.xml new.xml
+    forget 'Last Checked'
+    updater 1 'An address that the server does not know' --site $site/none.xml
+    forget 'Last Checked'
+    updater 1 'A host that does not answer' --site http://127.0.0.2/updates.xml
+    forget 'Last Checked'
+    cancel
+    require_same local.xml new.xml
+}
+
+rm -rf "$demo"
+mkdir -p "$demo"
+cd "$demo"
+cp "$root/examples/data/updates.xml" old.xml
+cat >item.xml <<'EOF'
+    <item>
+      <title>Notebook 3.3</title>
+      <link>http://www.example.com/notebook/3.3.html</link>
+      <description>Notes are found as they are written.</description>
+      <pubDate>Tue, 02 Apr 2024 10:00:00 GMT</pubDate>
+      <priority>high</priority>
+    </item>
+EOF
+sed -e '/<lastBuildDate>/ { s/>.*</>Tue, 02 Apr 2024 10:00:00 GMT</; r item.xml
+}' old.xml >new.xml
+
+server=$(mktemp -d)
+trap finish EXIT
+trap 'exit 1' HUP INT TERM
+start_server
+for build in linux windows; do
+    checks >$build.txt
+    # The time of day is that of the run.
+    sed 's/^\(Last checked for updates on\) .*/\1 .../' $build.txt >$build.same.txt
+done
+cat linux.txt
+if diff -u linux.same.txt windows.same.txt; then
+    say "demo: both builds ($windows) print the same $(wc -l <linux.txt) lines of checks for updates"
+else
+    die "the Linux and the Windows build ($windows) print different lines, see build/demo-updates"
+fi
