@@ -62,12 +62,7 @@ TEST_F(NewVersion, TheAnswerIsComparedWithTheProgramInOneBox) {
     }
 }
 
-TEST_F(NewVersion, CancellingIsSilentAndAFileThatIsGoneIsNamed) {
-    ASSERT_TRUE(check.Check());
-    check.Cancel();
-    EXPECT_EQ("[pane]\n", view.Take());
-    EXPECT_EQ(std::vector{View::resultCancelled}, view.m_results);
-    source.m_now += COleDateTimeSpan(1.0);
+TEST_F(NewVersion, AFileThatIsGoneIsNamed) {
     ASSERT_TRUE(check.Check());
     source.m_last->Receive("HTTP/1.1 200 OK\r\n\r\n1.2.3.5");
     const CString name = source.m_last->m_request.localFile;

@@ -89,7 +89,7 @@ public:
     }
     void Close() override { m_closed = true; }
     bool HasEnded(DWORD& error) const override {
-        error = m_endError;
+        error = 0;
         return m_hasEnded;
     }
     ULONGLONG GetBytesReceived() const override { return m_received; }
@@ -113,7 +113,6 @@ public:
 
     quorvel::UpdateRequest m_request;
     bool m_closed = false, m_hasEnded = false;
-    DWORD m_endError = 0;
 
 private:
     const DWORD m_createError, m_connectError;
@@ -129,7 +128,6 @@ public:
         auto connection =
             std::make_unique<ScriptedConnection>(m_createError, m_connectError, m_alive);
         m_last = connection.get();
-        ++m_made;
         return connection;
     }
     CString GetWinsockErrorText(DWORD code) override {
@@ -173,7 +171,7 @@ public:
     DWORD m_createError = 0, m_connectError = 0;
     COleDateTime m_now{2024, 3, 12, 12, 0, 0};
     ScriptedConnection* m_last = nullptr;
-    int m_made = 0, m_alive = 0;
+    int m_alive = 0;
 };
 
 // The surroundings of a check: settings with an address, and folders of its own, the one for

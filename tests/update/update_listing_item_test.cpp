@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <tuple>
 
 namespace {
 
@@ -15,22 +14,11 @@ typedef CUpdateListingItem Item;
 
 const COleDateTime kDate(2007, 3, 4, 5, 6, 7);
 
-TEST(UpdateListingItem, PrioritiesAreReadFromTextAndRefusedBeyondLow) {
-    const std::tuple<const WCHAR*, BYTE> rows[] = {
-        {_T("HIGH"), 0}, {_T("low"), 2}, {_T("normal"), 1}, {_T("highest"), 1}, {nullptr, 1}};
-    for (const auto& [text, priority] : rows)
-        EXPECT_EQ(priority, Item(_T("t"), _T("d"), text, kDate, _T("l"), FALSE).GetPriority());
-    Item item(_T("t"), _T("d"), BYTE{3}, kDate, _T("l"), FALSE);
-    EXPECT_TRUE(item.IsNormalPriority());
-    item.SetLowPriority();
-    EXPECT_FALSE(item.SetPriorityFromText(nullptr) || item.SetPriority(3));
-    EXPECT_EQ(_T("low"), item.GetPriorityText());
-}
-
 TEST(UpdateListingItem, ANewItemHasTheTimeOfLoadingAndItsColumnsShowTitleAndDate) {
     EXPECT_TRUE(Item() == Item(_T(""), _T(""), BYTE{1}, Item::DEFAULT_DATE, nullptr, TRUE));
     EXPECT_TRUE(Item::DEFAULT_DATE <= COleDateTime::GetCurrentTime() &&
                 Item::DEFAULT_DATE > COleDateTime::GetCurrentTime() - COleDateTimeSpan(1.0));
+    EXPECT_TRUE(Item() == Item(_T(""), _T(""), BYTE{3}, Item::DEFAULT_DATE, _T(""), TRUE));
     CVirtualListCtrlItem&& row = Item(_T("title"), _T("d"), BYTE{0}, kDate, _T("l"), TRUE);
     const WCHAR* const texts[] = {_T(""), _T("title"), _T("3/4/2007"), _T("")};
     for (int column = 0; column < 4; ++column)

@@ -1,8 +1,8 @@
 // The checks over real sockets on loopback; what they decide has its own tests.
-#include <quorvel/update/check_for_updates.h>
+
+#include "update/http_connection.h"
 
 #include "net/socket_peer.h"
-#include "update/http_connection.h"
 #include "update/scripted_check.h"
 #include "update/update_check.h"
 
@@ -85,18 +85,6 @@ TEST_F(UpdateOverHttp, AnEndWhoseStatusIsLostIsFoundAllTheSame) {
     m_http.SetFlow(&m_check);
     Finish(m_check);
     EXPECT_EQ(std::vector{CCheckForUpdatesView::resultUpToDate}, view.m_results);
-}
-
-TEST_F(UpdateOverHttp, AnEngineReportsThatNobodyAnswers) {
-    // Nothing is served at port 80 of this address.
-    AfxWriteProfileCheckForUpdatesURL(path, _T("http://127.99.99.99/"));
-    CCheckForUpdates engine(path, folder.Path(_T("updates.xml")), view);
-    engine.Open();
-    ASSERT_TRUE(engine.Check());
-    StatusWindow::PumpUntil([&] { return !engine.IsActive(); });
-    EXPECT_EQ("[pane]\nConnecting to updates server...\n(30) An error has occurred while checking "
-              "for updates.\r\n\r\nConnection refused. \n",
-              view.Take());
 }
 
 } // namespace
