@@ -7,6 +7,7 @@
 #include "platform/win32.h"
 #include "support/last_error.h"
 #include "support/message_box_recorder.h"
+#include "support/platform.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
@@ -310,7 +311,8 @@ TEST_F(VaskSocket, HandsItsSocketBack) {
 TEST_F(VaskSocket, ClosesAtAnyMoment) {
     Peer peer;
     int before = 0;
-    for (int i = 0; i < 300; ++i) {
+    constexpr int kCycles = kOnLinux ? 10000 : 1000;
+    for (int i = 0; i < kCycles; ++i) {
         ScriptedSocket socket;
         Connect(socket, peer);
         if (i % 3 == 1)
@@ -329,14 +331,14 @@ TEST_F(VaskSocket, ClosesAtAnyMoment) {
         m_window.Forget(socket);
         if (i % 3 == 0)
             peer.Restart(); // drops what waits to be accepted
-        if (i == 30)
+        if (i == kCycles / 10)
             before = ThingsOpen();
     }
     EXPECT_LE(ThingsOpen(), before + 10);
 }
 
 TEST_F(VaskSocket, ManyWorkAtOnce) {
-    constexpr int kSockets = 100;
+    constexpr int kSockets = kOnLinux ? 400 : 200; // within the usual 1,024 descriptors
     const std::string block(100000, 'x');
     Peer peer;
     std::vector<std::unique_ptr<ScriptedSocket>> sockets;
@@ -352,7 +354,8 @@ TEST_F(VaskSocket, ManyWorkAtOnce) {
         Connect(*sockets.back(), peer);
     }
     for (const auto& socket : sockets) {
-        m_window.PumpUntil([&] { return m_window.Of(*socket).ends_with("14 "); });
+        m_window.PumpUntil(
+            [&] { return !socket->IsThreadActive(); }); // a full queue loses statuses
         EXPECT_EQ(socket->Received().size(), block.size());
     }
     server.join();
