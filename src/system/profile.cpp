@@ -77,6 +77,16 @@ bool ReadText(HKEY key, const WCHAR* name, CString& text) {
     return isRead;
 }
 
+// A default that cannot be copied for want of memory is empty.
+CString CopyOf(const WCHAR* text) {
+    CString copy;
+    quorvel::WithoutException([&] {
+        copy = text;
+        return true;
+    });
+    return copy;
+}
+
 // The 12 bytes of a stored date: the object's own size in memory differs between systems.
 struct StoredDate {
     static constexpr UINT kSize = sizeof(double) + sizeof(LONG);
@@ -198,17 +208,12 @@ BOOL AfxWriteProfileString(const CRegistryPath& path, const WCHAR* subKey, const
            AfxWriteProfileString(Created(path).Get(), subKey, name, value);
 }
 
-// A default that cannot be copied for want of memory is empty, too.
 CString AfxGetProfileString(HKEY key, const WCHAR* name, const WCHAR* defaultValue) {
     CString text;
     if (key == nullptr || name == nullptr || defaultValue == nullptr)
         return text;
-    quorvel::WithoutException([&] {
-        if (!ReadText(key, name, text))
-            text = defaultValue;
-        return true;
-    });
-    return text;
+    const auto read = [&] { return ReadText(key, name, text); };
+    return quorvel::WithoutException(read) ? text : CopyOf(defaultValue);
 }
 
 CString AfxGetProfileString(const CRegistryPath& path, const WCHAR* name,
@@ -216,7 +221,7 @@ CString AfxGetProfileString(const CRegistryPath& path, const WCHAR* name,
     const ScopedKey key = Opened(path);
     return key.Get() != nullptr || name == nullptr
                ? AfxGetProfileString(key.Get(), name, defaultValue)
-               : CString(defaultValue);
+               : CopyOf(defaultValue);
 }
 
 // Deliberate: a sub key that cannot be opened gives an empty text, not the default
@@ -231,7 +236,7 @@ CString AfxGetProfileString(const CRegistryPath& path, const WCHAR* subKey, cons
     const ScopedKey key = Opened(path);
     return key.Get() != nullptr || subKey == nullptr || name == nullptr
                ? AfxGetProfileString(key.Get(), subKey, name, defaultValue)
-               : CString(defaultValue);
+               : CopyOf(defaultValue);
 }
 
 BOOL AfxWriteProfileBinary(HKEY key, const WCHAR* name, BYTE* data, UINT length) {
