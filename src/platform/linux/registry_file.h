@@ -68,6 +68,8 @@ public:
     bool IsUnchanging() const { return m_isUnchanging; }
     // Whether the path it was opened by still leads to it.
     bool IsInPlace() const;
+    // Moves what the log holds into the database; the log is then written from its start again.
+    bool MergeLog() { return Execute("PRAGMA wal_checkpoint") == ERROR_SUCCESS; }
     int Changes() const { return sqlite3_changes(m_database); }
     bool IsInTransaction() const { return sqlite3_get_autocommit(m_database) == 0; }
 

@@ -145,6 +145,9 @@ DWORD RegistryStore::Run(Access access, const RegistryKey& key, Operation operat
     if (error != ERROR_SUCCESS)
         return error;
     error = operation();
+    // It may be the log itself that has filled a small disk.
+    if (IsWantOfRoom(error) && m_file.MergeLog())
+        error = operation();
     if (error == ERROR_REGISTRY_CORRUPT)
         m_file.CloseDamaged();
     return error;
