@@ -80,7 +80,7 @@ start_server() {
     cat >"$server/nginx.conf" <<EOF
 daemon off;
 master_process off;
-user $(id -un) $(id -gn);
+user root; # started by another user, it stays that one
 pid nginx.pid;
 events {}
 http {

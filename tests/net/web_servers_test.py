@@ -1,0 +1,119 @@
+#!/usr/bin/env python3
+"""Downloads from the web servers that are installed here: their answers differ in more than bytes.
+
+    web_servers_test.py [LAUNCHER...] FETCH
+"""
+
+import http.server
+import os
+import pathlib
+import re
+import shutil
+import socket
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+FILES = {"list.xml": b"<rss/>", "big.xml": os.urandom(3_000_000), "empty.xml": b""}
+PATHS = ["/" + name for name in FILES] + ["/none.xml"]
+STATUSES = ["3", "4", "8", "1000", "14"]  # address, connection, request, header, end
+REQUEST = "{} {} HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: close\r\n\r\n"
+
+# Program, its configuration, its arguments.
+SERVERS = [
+    ("nginx", """daemon off; master_process off; pid FOLDER/pid; user root; events {}
+        http { access_log off; server { listen 127.0.0.1:PORT; root FOLDER/site; }
+        client_body_temp_path temp; proxy_temp_path temp; fastcgi_temp_path temp; uwsgi_temp_path temp;
+        scgi_temp_path temp; }""", ["-p", "FOLDER", "-e", "stderr", "-c", "FOLDER/config"]),
+    ("lighttpd", """server.document-root = "FOLDER/site"
+        server.bind = "127.0.0.1"
+        server.port = PORT""", ["-D", "-f", "FOLDER/config"]),
+    ("busybox", "", ["httpd", "-f", "-p", "127.0.0.1:PORT", "-h", "FOLDER/site"]),
+    ("python3", "", ["-m", "http.server", "-b", "127.0.0.1", "-d", "FOLDER/site", "PORT"]),
+]
+
+problems = []
+
+
+class Odd(http.server.BaseHTTPRequestHandler):
+    """No date, names in lower case, and the body after a request for the header too."""
+
+    def do_GET(self):
+        content = FILES.get(self.path[1:])
+        self.wfile.write(b"HTTP/1.0 404 No\r\n\r\n" if content is None else b"HTTP/1.0 200 Yes\r\n"
+                         b"content-length: %d\r\n\r\n%s" % (len(content), content))
+
+    do_HEAD = do_GET
+
+
+def raw(port, method, path):
+    with socket.create_connection(("127.0.0.1", port), timeout=30) as connection:
+        connection.sendall(REQUEST.format(method, path).encode())
+        return b"".join(iter(lambda: connection.recv(65536), b""))
+
+
+def is_same(one, other):
+    """But for the time of the answer."""
+    date = rb"\r\nDate: [^\r]*"
+    return re.sub(date, b"", one, count=1) == re.sub(date, b"", other, count=1)
+
+
+def check(name, port, fetch, file):
+    for path in PATHS:
+        for method in "HEAD", "GET":
+            label = f"{name}: {method} {path}"
+            arguments = [str(port), path] + ([file] if method == "GET" else [])
+            result = subprocess.run(fetch + arguments, capture_output=True, text=True, timeout=60)
+            statuses = result.stdout.split()
+            counts = [int(each[3:]) for each in statuses if each.startswith("10:")]
+            # How often it receives, the network decides.
+            if [each for each in statuses if each != "9" and each[:3] != "10:"] != STATUSES:
+                problems.append(f"{label}: {result.stdout} {result.stderr}")
+            if method == "GET":
+                content = pathlib.Path(file).read_bytes()
+                if not is_same(content, raw(port, method, path)) or sum(counts) != len(content):
+                    problems.append(f"{label}: {len(content)} bytes, {sum(counts)} told")
+
+
+def run_server(folder, program, config, arguments, fetch):
+    with socket.socket() as free:
+        free.bind(("127.0.0.1", 0))
+        port = free.getsockname()[1]
+    arguments = [each.replace("FOLDER", folder).replace("PORT", str(port)) for each in arguments]
+    pathlib.Path(folder, "config").write_text(config.replace("FOLDER", folder).replace("PORT", str(port)))
+    with subprocess.Popen([program, *arguments], stdout=subprocess.DEVNULL, stderr=subprocess.PIPE) as server:
+        deadline = time.monotonic() + 20
+        while server.poll() is None and time.monotonic() < deadline:
+            with socket.socket() as probe:
+                if probe.connect_ex(("127.0.0.1", port)) == 0:
+                    check(program, port, fetch, f"{folder}/file")
+                    break
+            time.sleep(0.05)
+        else:
+            problems.append(f"{program} does not answer")
+        server.terminate()
+        if server.wait(30) and problems:
+            problems.append(server.stderr.read().decode())
+
+
+def main(fetch):
+    with tempfile.TemporaryDirectory() as folder:
+        os.mkdir(f"{folder}/site")
+        for name, content in FILES.items():
+            pathlib.Path(folder, "site", name).write_bytes(content)
+        odd = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Odd)
+        threading.Thread(target=odd.serve_forever, daemon=True).start()
+        check("odd", odd.server_address[1], fetch, f"{folder}/file")
+        for name, config, arguments in SERVERS:
+            program = shutil.which(name, path=os.environ["PATH"] + ":/usr/sbin")
+            if program is not None:
+                run_server(folder, program, config, arguments, fetch)
+            else:
+                print(f"skipped: {name} is not installed")
+    print("\n".join(problems) or "no problems")
+    sys.exit(1 if problems else 0)
+
+
+main(sys.argv[1:])
