@@ -147,7 +147,7 @@ TEST(HttpHeaderReader, BytesThatCannotBecomeAHeaderAreGivenUp) {
 
 TEST(HttpHeaderReader, AMegabyteByteByByteIsReadInLinearTime) {
     std::string bytes = "HTTP/1.1 200 OK\r\nA: ";
-    bytes.append(1 << 20, '\xe9').append("\r\n\r\n");
+    bytes.append("\xe9").append(1 << 20, '\r').append("\r\n\r\n");
     CHttpHeader header;
     Reader reader;
     for (const char byte : bytes) // a quadratic search would take half an hour

@@ -34,8 +34,9 @@ protected:
     }
 
     // Answers requests for as long as there are some: a HEAD with the header alone.
-    void Serve(int requests, const std::string& fields) {
-        m_server = std::thread([this, requests, fields] {
+    // The last connection is kept open until the client ends it, on request.
+    void Serve(int requests, const std::string& fields, bool stalls = false) {
+        m_server = std::thread([=, this] {
             for (int i = 0; i < requests; ++i) {
                 const SOCKET client = m_peer.Accept();
                 std::string request;
@@ -44,6 +45,8 @@ protected:
                     request += byte;
                 const std::string body = request.starts_with("GET") ? kListing : "";
                 Peer::Send(client, "HTTP/1.1 200 OK\r\n" + fields + "\r\n" + body);
+                while (stalls && i == requests - 1 && recv(client, &byte, 1, 0) > 0) {
+                }
                 closesocket(client);
             }
         });
@@ -72,6 +75,18 @@ TEST_F(UpdateOverHttp, AListingIsFetchedOnceAndLeavesNothingBehind) {
     EXPECT_EQ(COleDateTime(2024, 3, 12, 8, 30, 0), AfxGetProfileCheckForUpdatesLastModified(path));
     EXPECT_EQ(100, view.m_percent);
     EXPECT_FALSE(HasTemporaryFiles());
+}
+
+TEST_F(UpdateOverHttp, CancellingInTheMiddleRemovesTheFileThatIsWritten) {
+    m_http.SetFlow(&m_check);
+    Serve(2, "Last-Modified: Tue, 12 Mar 2024 08:30:00 GMT\r\nContent-Length: 100000\r\n", true);
+    ASSERT_TRUE(m_check.Check());
+    StatusWindow::PumpUntil([&] { return HasTemporaryFiles() && m_http.m_last->IsHeaderParsed(); });
+    EXPECT_TRUE(HasTemporaryFiles());
+    m_check.Cancel();
+    Finish(m_check);
+    EXPECT_FALSE(HasTemporaryFiles());
+    EXPECT_EQ(std::vector{CCheckForUpdatesView::resultCancelled}, view.m_results);
 }
 
 TEST_F(UpdateOverHttp, AnEndWhoseStatusIsLostIsFoundAllTheSame) {

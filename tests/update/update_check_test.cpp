@@ -175,7 +175,8 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         {kHead, Response(Length(size + 1), kNew), 99, 99, false, done, kNew, View::resultUpdated},
         {kHead, Response(Length(2 * size + head), kNew), 99, 50, false, done, kNew,
          View::resultUpdated},
-        {kHead, Response("", kNew), head, 100, false, done, kNew, View::resultUpdated},
+        {kHead, Response("", kNew), Response("", "").size(), 100, false, done, kNew,
+         View::resultUpdated},
         // It is no listing, or no answer, or too long by what is told or by what comes.
         {kHead, Response(Length(6), "<html>"), 1, 100, true,
          "(10) The file is not a valid XML file.\n", "<html>"},
@@ -209,8 +210,11 @@ TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
     for (const bool isDownloading : {false, true}) {
         source.m_now += COleDateTimeSpan(1.0);
         ASSERT_TRUE(check.Check());
-        if (isDownloading)
+        const void* const former = source.m_last;
+        if (isDownloading) {
             source.Answer(check, kHead);
+            check.OnSocketStatus(former, kStatusConnected, 10053); // was on its way
+        }
         view.Take();
         EXPECT_FALSE(check.Check());
         EXPECT_EQ(Error("A connection socket is already active."), view.Take());
