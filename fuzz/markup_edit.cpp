@@ -4,11 +4,15 @@
 #include "xml/markup_probe.h"
 
 #include <functional>
+#include <span>
 
 namespace {
 
 constexpr const WCHAR* kNames[] = {_T("a"), _T("bb"), _T("long-name"), _T("x.y"), _T("\u00e9")};
-constexpr const WCHAR* kValues[] = {nullptr, _T(""), _T("t"), _T("<&>'\""), _T(" \r\n ")};
+constexpr const WCHAR* kTexts[] = {nullptr,      _T(""),       _T("t"),
+                                   _T("<&>'\""), _T(" \r\n "), _T("<![CDATA[ <x> ]]>")};
+// Not the section: a raw ">" in an attribute cuts the tag when the text is read again.
+constexpr std::span kValues(kTexts, std::size(kTexts) - 1);
 constexpr const WCHAR* kDocuments[] = {_T(""), _T("<r/>"), _T("<r></r>"),
                                        _T("<?x?><r> <a b='c'/> t <d></d>\n</r><!--e-->"),
                                        _T("<r><a/><a/>  <a>text</a></r>\r\n")};
@@ -20,11 +24,12 @@ auto Pick(const Table& table, unsigned choice) {
 
 void Step(MarkupProbe& markup, unsigned operation, unsigned choice) {
     const WCHAR* name = Pick(kNames, choice);
+    const WCHAR* text = Pick(kTexts, choice / std::size(kNames));
     const WCHAR* value = Pick(kValues, choice / std::size(kNames));
     const WCHAR* sought = choice % 2 != 0 ? name : nullptr;
     const std::function<void()> steps[] = {
-        [&] { markup.AddElem(name, value); },
-        [&] { markup.AddChildElem(name, value); },
+        [&] { markup.AddElem(name, text); },
+        [&] { markup.AddChildElem(name, text); },
         [&] { markup.SetAttrib(name, value); },
         [&] { markup.SetChildAttrib(name, value); },
         [&] { markup.FindElem(sought); },

@@ -53,17 +53,12 @@ TEST(CheckXml, LetsWellFormedTextsPass) {
         CString text;
     };
     const Row rows[] = {
-        {"least", _T("<a/>")},
         {"declaration whose encoding is not that of the text",
          _T("<?xml version='1.0' encoding='latin1'?>\r\n<a/>\r\n")},
-        {"everything around the root", _T("<!--c--><?p?>\n<!DOCTYPE a []><a/><?p?><!--c-->\n")},
         {"namespaces", _T("<x:a xmlns:x='u'><x:b xmlns='v' x:c='' c=''/></x:a>")},
         {"entities", _T("<!DOCTYPE a [<!ENTITY e '<b/>'>]><a b='&lt;&#65;'>&e;&amp;]] ></a>")},
         {"an entity that may be declared elsewhere", _T("<!DOCTYPE a SYSTEM 'x'><a>&e;</a>")},
-        {"an external entity", _T("<!DOCTYPE a [<!ENTITY e SYSTEM 'none'>]><a>&e;</a>")},
-        {"beyond the first plane", _T("<a>\xd83d\xde00</a>")},
         {"deep", Repeated(_T("<a>"), 100000) + Repeated(_T("</a>"), 100000)},
-        {"long token", CString(_T("<!--")) + Repeated(_T("x"), 500000) + _T("--><a/>")},
         {"long chain of entities in content", EntityChain(50000, 1, _T("<a>&e%d;</a>"))},
         {"long chain of entities in an attribute", EntityChain(50000, 1, _T("<a b='&e%d;'/>"))},
     };
@@ -86,42 +81,20 @@ TEST(CheckXml, TellsWhatIsWrongAndWhere) {
     const WCHAR* const invalid = _T("not well-formed (invalid token)");
     const Row rows[] = {
         {"empty", _T(""), _T("no element found"), {1, 1, 0}},
-        {"white space", _T(" \n "), _T("no element found"), {2, 2, 3}},
-        {"no markup", _T("x"), _T("syntax error"), {1, 1, 0}},
-        {"open at the end", _T("<a>\n<b/>\n"), _T("no element found"), {3, 1, 9}},
-        {"cut tag", _T("<a><b"), _T("unclosed token"), {1, 4, 3}},
         {"another end tag", _T("<a>\r\n\t</b>"), _T("mismatched tag"), {2, 4, 8}},
         {"CR alone", _T("<a>\r</b>"), _T("mismatched tag"), {2, 3, 6}},
-        {"second root", _T("<a/><b/>"), _T("junk after document element"), {1, 5, 4}},
-        {"attribute twice", _T("<a b='' b=''/>"), _T("duplicate attribute"), {1, 9, 8}},
-        {"unquoted value", _T("<a b=c/>"), invalid, {1, 6, 5}},
-        {"a tag in a value", _T("<a b='<'/>"), invalid, {1, 7, 6}},
         {"prefix", _T("<a>\n<x:b/></a>"), _T("unbound prefix"), {2, 1, 4}},
-        {"entity", _T("<a>&e;</a>"), _T("undefined entity"), {1, 4, 3}},
         {"end tag of another entity",
          _T("<!DOCTYPE a [<!ENTITY e '</a>'>]><a>&e;"),
          _T("asynchronous entity"),
          {1, 37, 36}},
-        {"reference to no character",
-         _T("<a>&#0;</a>"),
-         _T("reference to invalid character number"),
-         {1, 4, 3}},
-        {"comment", _T("<a><!-- -- --></a>"), invalid, {1, 11, 10}},
-        {"end of a section", _T("<a>]]></a>"), invalid, {1, 6, 5}},
-        {"declaration not at the start",
-         _T("\n<?xml version='1.0'?><a/>"),
-         _T("XML or text declaration not at start of entity"),
-         {2, 1, 1}},
         {"zero character", CString(_T("<a>\0</a>"), 8), invalid, {1, 4, 3}},
-        {"control", _T("<a>\x01</a>"), invalid, {1, 4, 3}},
         {"a pair is one character", _T("<a>\xd83d\xde00&;</a>"), invalid, {1, 6, 6}},
         {"lone first half", _T("<a>\xd83d</a>"), invalid, {1, 4, 3}},
-        {"lone second half", _T("<a b='\xde00'/>"), invalid, {1, 7, 6}},
         {"first half at the end", _T("<a/>\xd83d"), invalid, {1, 5, 4}},
         {"byte order mark", _T("\xfeff<a/>"), invalid, {1, 1, 0}},
         // Characters whose bytes look like the beginning of another encoding.
         {"mark of the other order", _T("\xfffe\x3c00\x6100\x2f00\x3e00"), invalid, {1, 1, 0}},
-        {"other order", _T("\x3c00\x6100\x2f00\x3e00"), invalid, {1, 1, 0}},
         {"mark of UTF-8", _T("\xbbef\x3cbf"), invalid, {1, 2, 1}},
         {"behind a long token",
          CString(_T("<!--")) + Repeated(_T("x\n"), 100000) + _T("-->&"),
@@ -136,7 +109,6 @@ TEST(CheckXml, TellsWhatIsWrongAndWhere) {
     }
     CXMLFault fault;
     EXPECT_FALSE(AfxCheckXML(nullptr, 5, fault));
-    EXPECT_FALSE(AfxCheckXML(_T("<a/>"), -1, fault));
     EXPECT_EQ(fault.strMessage, _T("no element found"));
     EXPECT_TRUE(AfxCheckXML(_T("<a/>b"), 4, fault));
 }
@@ -157,7 +129,6 @@ TEST(CheckXml, ShowsTheLineAroundTheFault) {
     };
     const Row rows[] = {
         {"whole line", _T("<a>\r\n\t<b></c>\r\n</a>"), _T(" <b></c>"), 6},
-        {"empty line at the end", _T("<a>\n"), _T(""), 0},
         {"cut on both sides", CString(_T("<a>")) + forty + _T("&;") + forty, // "&" is a character
          forty.Mid(1) + _T("&;") + forty.Left(39), 40},
         {"pairs at the edges are left out",
@@ -190,46 +161,28 @@ TEST(CheckXml, ReadsFilesInEveryEncoding) {
         Place place;
     };
     const Row rows[] = {
-        {"no declaration", "<a/>", _T(""), {}},
-        {"mark", "\xef\xbb\xbf<a>\xc3\xa9</a>", _T(""), {}},
         {"fault behind a mark", "\xef\xbb\xbf<a>\xc3\xa9&</a>", invalid, {1, 6, 5}},
         {"bytes that are not UTF-8", "<a>\xc3\xa9\n\xc3\xa9\xe9</a>", invalid, {2, 2, 6}},
-        {"a surrogate in UTF-8", "<a>\xed\xa0\x80</a>", invalid, {1, 4, 3}},
         {"bad bytes behind the first piece",
          "<!--" + string(70000, 'x') + "\xc3\xa9\xff",
          invalid,
          {1, 70006, 70005}},
         {"a character across pieces", "<a>" + string(65532, 'x') + "\xc3\xa9</a>", _T(""), {}},
-        {"cut character at the end", "<a/>\xc3", invalid, {1, 5, 4}},
         {"code page", "<?xml version='1.0' encoding='windows-1252'?><a>\x80</a>", _T(""), {}},
-        {"name apart", "<?xml version='1.0' encoding = \"iso-8859-1\"?><a>\xe9</a>", _T(""), {}},
         {"ASCII", "<?xml version='1.0' encoding='us-ascii'?>\n<a>\xe9</a>", invalid, {2, 4, 45}},
-        {"two-byte characters",
-         "<?xml version='1.0' encoding='shift_jis'?><a>\x83\x5c\x82\xa0</a>",
-         _T(""),
-         {}},
         {"half a two-byte character",
          "<?xml version='1.0' encoding='shift_jis'?>\n<a>\x83\x5c\x82</a>",
          invalid,
          {2, 5, 47}},
-        {"EBCDIC", ebcdic + "\x4c\x81\x61\x6e", _T(""), {}},
         {"fault in EBCDIC", ebcdic + "\x4c\x81\x6e\x50", _T("unclosed token"), {1, 25, 24}},
         {"shifts", "<?xml version='1.0' encoding='utf-7'?><a>+AOk-</a>", _T(""), {}},
-        {"UTF-16", "\xff\xfe<\0a\0>\0\xe9\0<\0/\0a\0>\0"s, _T(""), {}},
         {"UTF-16, the other order", "\xfe\xff\0<\0a\0/\0>"s, _T(""), {}},
         {"half a UTF-16 unit", "\xff\xfe<\0a\0/\0>\0x"s, invalid, {1, 5, 4}},
-        {"mark of the other order in UTF-16", "\xff\xfe\xfe\xff\0<\0a"s, invalid, {1, 1, 0}},
         {"unknown name", "<?xml version='1.0' encoding='nonsense'?><a/>", unsupported, {}},
-        {"UTF-32", "\xff\xfe\0\0<\0\0\0"s, unsupported, {}},
         {"wide name of narrow text",
          "<?xml version='1.0' encoding='utf-16'?><a/>",
          contradiction,
          {1, 1, 0}},
-        {"another name than the mark",
-         "\xef\xbb\xbf<?xml version='1.0' encoding='latin1'?><a/>",
-         contradiction,
-         {1, 1, 0}},
-        {"empty", "", _T("no element found"), {1, 1, 0}},
     };
     const TemporaryFolder folder;
     for (const Row& row : rows) {

@@ -37,15 +37,6 @@ TEST(EditSession, RefusesWhatLiesBeforeTheLastEdit) {
         const WCHAR* after;
     };
     static const Row kRows[] = {
-        {"the same attribute again", [](auto& s) { return s.SetChildAttrib(_T("n"), _T("22")); },
-         true, _T("<p><x/><y n=\"22\"></y><z/></p>")},
-        {"another attribute", [](auto& s) { return s.SetChildAttrib(_T("m"), _T("2")); }, true,
-         _T("<p><x/><y n=\"1\" m=\"2\"></y><z/></p>")},
-        {"a child of it",
-         [](auto& s) { return s.IntoElem() && s.AddChildElem(_T("c")) && s.OutOfElem(); }, true,
-         _T("<p><x/><y n=\"1\">\r\n<c/>\r\n</y><z/></p>")},
-        {"a sibling behind it", [](auto& s) { return s.AddChildElem(_T("c")); }, true,
-         _T("<p><x/><y n=\"1\"></y><c/>\r\n<z/></p>")},
         {"a sibling directly before it",
          [](auto& s) {
              s.ResetChildPos();
@@ -54,12 +45,6 @@ TEST(EditSession, RefusesWhatLiesBeforeTheLastEdit) {
          true, _T("<p><x/><c/>\r\n<y n=\"1\"></y><z/></p>")},
         {"an attribute of its parent", [](auto& s) { return s.SetAttrib(_T("n"), _T("2")); }, false,
          _T("<p><x/><y n=\"1\"></y><z/></p>")},
-        {"an attribute of the element before it",
-         [](auto& s) {
-             s.ResetChildPos();
-             return s.FindChildElem(_T("x")) && s.SetChildAttrib(_T("n"), _T("2"));
-         },
-         false, _T("<p><x/><y n=\"1\"></y><z/></p>")},
         {"a child of the element before it",
          [](auto& s) {
              s.ResetChildPos();

