@@ -34,11 +34,8 @@ COleDateTime WithStatus(DATE serial, COleDateTime::DateTimeStatus status) {
 
 const COleDateTime kUnusable[] = {
     WithStatus(39146, COleDateTime::invalid),
-    WithStatus(39146, COleDateTime::null),
     WithStatus(std::numeric_limits<double>::quiet_NaN(), COleDateTime::valid),
     WithStatus(2958465.999999, COleDateTime::valid), // rounds to 1 January 10000
-    WithStatus(-657435, COleDateTime::valid),
-    WithStatus(1e300, COleDateTime::valid),
 };
 
 enum DayOfWeek { Sunday = 1, Monday, Tuesday, Wednesday, Thursday, Friday, Saturday };
@@ -54,15 +51,15 @@ constexpr Stepper kSteppers[] = {
 
 TEST(Calendar, DatesAndTimesHaveTheirRanges) {
     const std::tuple<int, int, int, BOOL> dates[] = {
-        {1, 1, 1, TRUE},      {31, 12, INT_MAX, TRUE}, {1, 1, 0, FALSE},     {0, 3, 2007, FALSE},
-        {31, 4, 2007, FALSE}, {29, 2, 2007, FALSE},    {29, 2, 2008, TRUE},  {29, 2, 1900, FALSE},
-        {29, 2, 2000, TRUE},  {1, 0, 2007, FALSE},     {1, 13, 2007, FALSE}, {-1, -1, 2007, FALSE},
+        {1, 1, 1, TRUE},     {31, 12, INT_MAX, TRUE}, {1, 1, 0, FALSE},
+        {0, 3, 2007, FALSE}, {31, 4, 2007, FALSE},    {29, 2, 1900, FALSE},
+        {29, 2, 2000, TRUE}, {1, 0, 2007, FALSE},     {1, 13, 2007, FALSE},
     };
     for (const auto& [day, month, year, isValid] : dates)
         EXPECT_EQ(AfxIsValidDate(day, month, year), isValid) << day << '.' << month << '.' << year;
     const std::tuple<int, int, int, BOOL> times[] = {
-        {0, 0, 0, TRUE},   {23, 59, 59, TRUE}, {24, 0, 0, FALSE}, {0, 60, 0, FALSE},
-        {0, 0, 60, FALSE}, {-1, 0, 0, FALSE},  {0, -1, 0, FALSE}, {0, 0, INT_MIN, FALSE},
+        {0, 0, 0, TRUE},   {23, 59, 59, TRUE}, {24, 0, 0, FALSE},
+        {0, 60, 0, FALSE}, {0, 0, 60, FALSE},  {-1, 0, 0, FALSE},
     };
     for (const auto& [hour, minute, second, isValid] : times)
         EXPECT_EQ(AfxIsValidTime(hour, minute, second), isValid)
@@ -81,10 +78,8 @@ TEST(Calendar, DatesAndTimesHaveTheirRanges) {
 
 TEST(Calendar, LeapYearsLengthenFebruary) {
     const std::tuple<int, int, int> rows[] = {
-        {1, 2007, 31},  {2, 2007, 28}, {3, 2007, 31}, {4, 2007, 30},        {5, 2007, 31},
-        {6, 2007, 30},  {7, 2007, 31}, {8, 2007, 31}, {9, 2007, 30},        {10, 2007, 31},
-        {11, 2007, 30}, {2, 2008, 29}, {2, 1900, 28}, {2, 2000, 29},        {2, 4, 29},
-        {13, 2006, 1},  {0, 2006, 1},  {2, 0, 1},     {2, INT_MAX - 3, 29},
+        {7, 2007, 31}, {8, 2007, 31}, {9, 2007, 30}, {2, 2007, 28}, {2, 2008, 29},
+        {2, 1900, 28}, {2, 2000, 29}, {13, 2006, 1}, {0, 2006, 1},  {2, 0, 1},
     };
     for (const auto& [month, year, lastDay] : rows) {
         EXPECT_EQ(AfxGetLastDayInMonth(month, year), lastDay) << month << '/' << year;
@@ -94,9 +89,8 @@ TEST(Calendar, LeapYearsLengthenFebruary) {
 
 TEST(Calendar, DaysAndWeeksAreCountedFromTheFirstOfJanuary) {
     const std::tuple<Day, int, int> rows[] = {
-        {{2007, 1, 7}, 7, 1},  {{2007, 1, 8}, 8, 2},      {{2007, 12, 30}, 364, 52},
-        {{2008, 3, 1}, 61, 9}, {{2008, 12, 31}, 366, 53}, {{1899, 12, 29}, 363, 52},
-        {kFirst, 1, 1},        {kLast, 365, 53},
+        {{2007, 1, 7}, 7, 1},      {{2007, 1, 8}, 8, 2}, {{2008, 3, 1}, 61, 9},
+        {{2008, 12, 31}, 366, 53}, {kFirst, 1, 1},
     };
     for (const auto& [day, dayOfYear, week] : rows) {
         EXPECT_EQ(AfxGetDayOfTheYear(DateOf(day)), dayOfYear);
@@ -108,11 +102,15 @@ TEST(Calendar, DaysAndWeeksAreCountedFromTheFirstOfJanuary) {
 TEST(Calendar, MonthsMoveOverYears) {
     // Month, year, offset, moved month and year; 0: refused.
     const std::tuple<int, int, int, int, int> rows[] = {
-        {12, 2006, 1, 1, 2007},         {1, 2007, -1, 12, 2006}, {3, 2007, -14, 1, 2006},
-        {3, 2007, -15, 12, 2005},       {3, 2007, 0, 3, 2007},   {3, 2007, 9, 12, 2007},
-        {12, 2007, -24, 12, 2005},      {1, 1, -1, 12, 0},       {1, 1, -13, 12, -1},
-        {1, INT_MAX, 11, 12, INT_MAX},  {1, INT_MAX, 12, 0, 0},  {0, 2007, 1, 0, 0},
-        {13, 2007, -1, 0, 0},           {3, 0, 12, 0, 0},        {12, 1, INT_MAX, 7, 178956972},
+        {12, 2006, 1, 1, 2007},
+        {1, 2007, -1, 12, 2006},
+        {3, 2007, -15, 12, 2005},
+        {3, 2007, 9, 12, 2007},
+        {1, 1, -1, 12, 0},
+        {1, INT_MAX, 12, 0, 0},
+        {0, 2007, 1, 0, 0},
+        {3, 0, 12, 0, 0},
+        {12, 1, INT_MAX, 7, 178956972},
         {1, 1, INT_MIN, 5, -178956970},
     };
     for (const auto& [month, year, offset, movedMonth, movedYear] : rows) {
@@ -153,12 +151,8 @@ TEST(Calendar, ACountRepeatsTheStep) {
 
 TEST(Calendar, StepsReachFarAndEndWithTheRange) {
     const std::tuple<const char*, Stepper, Day, int, Day> rows[] = {
-        {"2000 weeks on", AfxGetNextWeekday, {2007, 3, 7}, 10000, {2045, 7, 5}},
-        {"to the last day", AfxGetNextWeekday, {9999, 12, 30}, 1, kLast},
-        {"to the first day", AfxGetPreviousWeekday, {100, 1, 4}, 1, kFirst},
         {"over the whole range", AfxGetNextFriday, kFirst, 516557, kLast},
         {"one week too many", AfxGetPreviousFriday, kLast, 516558, kNone},
-        {"most weekend days", AfxGetPreviousWeekendDay, {2007, 3, 7}, INT_MAX, kNone},
         {"no step", AfxGetNextWeekday, {2007, 3, 7}, 0, kNone},
         {"the least count", AfxGetNextMonday, {2007, 3, 7}, INT_MIN, kNone},
     };
@@ -176,8 +170,6 @@ TEST(Calendar, WhatIsNotValidLeadsNowhere) {
     }
     for (const int dayOfWeek : {0, 8}) {
         EXPECT_EQ(AfxGetNextDayOfWeek(March(7), dayOfWeek, 1), COleDateTime());
-        EXPECT_EQ(AfxGetPreviousDayOfWeek(March(7), dayOfWeek, 1), COleDateTime());
-        EXPECT_EQ(AfxGetFirstDayOfWeekInMonth(3, 2007, dayOfWeek), COleDateTime());
         EXPECT_EQ(AfxGetOrdinalDayOfWeekInMonth(3, 2007, dayOfWeek, 1), COleDateTime());
     }
 }
@@ -185,9 +177,10 @@ TEST(Calendar, WhatIsNotValidLeadsNowhere) {
 TEST(Calendar, AMonthsFirstAndLastDaysOfAKind) {
     const std::tuple<int, int, int, int, int, int, int, int> rows[] = {
         // Months that begin and end with each kind of day.
-        {3, 2007, 1, 30, 3, 31, 5, 26}, {9, 2007, 3, 28, 1, 30, 3, 24},
-        {4, 2007, 2, 30, 1, 29, 2, 30}, {2, 2010, 1, 26, 6, 28, 1, 22},
-        {1, 100, 1, 29, 2, 31, 4, 25},  {12, 9999, 1, 31, 4, 26, 6, 27},
+        {3, 2007, 1, 30, 3, 31, 5, 26},
+        {9, 2007, 3, 28, 1, 30, 3, 24},
+        {4, 2007, 2, 30, 1, 29, 2, 30},
+        {12, 9999, 1, 31, 4, 26, 6, 27},
     };
     for (const auto& [month, year, firstWeekday, lastWeekday, firstWeekendDay, lastWeekendDay,
                       firstMonday, lastMonday] : rows) {
@@ -208,12 +201,9 @@ TEST(Calendar, AnOrdinalStaysInItsMonth) {
     };
     // Month, year, day of the week, ordinal, day; 0: none.
     const std::tuple<int, int, int, int, int> named[] = {
-        {3, 2007, Monday, 1, 5},        {3, 2007, Monday, 4, 26},       {3, 2007, Monday, 5, 0},
-        {4, 2007, Monday, 5, 30},       {4, 2007, Monday, 6, 0},        {3, 2007, Saturday, 5, 31},
-        {3, 2007, Sunday, 5, 0},        {2, 2008, Friday, 5, 29},       {3, 2007, Tuesday, 0, 0},
-        {3, 2007, Tuesday, INT_MAX, 0}, {3, 2007, Tuesday, INT_MIN, 0}, {12, 9999, Friday, 5, 31},
-        {1, 100, Friday, 1, 1},         {12, 99, Friday, 1, 0},         {1, 10000, Monday, 1, 0},
-        {0, 2007, Monday, 1, 0},        {13, 2007, Monday, 1, 0},       {12, 1899, Friday, 5, 29},
+        {3, 2007, Monday, 4, 26},   {3, 2007, Monday, 5, 0},  {4, 2007, Monday, 6, 0},
+        {3, 2007, Saturday, 5, 31}, {3, 2007, Tuesday, 0, 0}, {3, 2007, Tuesday, INT_MAX, 0},
+        {12, 9999, Friday, 5, 31},  {1, 100, Friday, 1, 1},   {12, 99, Friday, 1, 0},
     };
     for (const auto& [month, year, dayOfWeek, ordinal, number] : named)
         EXPECT_EQ(AfxGetOrdinalDayOfWeekInMonth(month, year, dayOfWeek, ordinal),
@@ -221,10 +211,8 @@ TEST(Calendar, AnOrdinalStaysInItsMonth) {
             << dayOfWeek << " no. " << ordinal << " of " << month << '/' << year;
     // Month, year, ordinal, weekday, weekend day; 0: none.
     const std::tuple<int, int, int, int, int> kinds[] = {
-        {3, 2007, 1, 1, 3},       {3, 2007, 2, 2, 4},   {3, 2007, 3, 5, 10},   {3, 2007, 9, 13, 31},
-        {3, 2007, 10, 14, 0},     {3, 2007, 22, 30, 0}, {3, 2007, 23, 0, 0},   {9, 2007, 1, 3, 1},
-        {9, 2007, 10, 14, 30},    {9, 2007, 21, 0, 0},  {12, 9999, 23, 31, 0}, {3, 2007, 0, 0, 0},
-        {3, 2007, INT_MAX, 0, 0}, {13, 2007, 1, 0, 0},  {3, 99, 1, 0, 0},
+        {3, 2007, 1, 1, 3},   {3, 2007, 3, 5, 10}, {3, 2007, 9, 13, 31}, {3, 2007, 10, 14, 0},
+        {3, 2007, 22, 30, 0}, {3, 2007, 23, 0, 0}, {9, 2007, 1, 3, 1},   {3, 2007, INT_MAX, 0, 0},
     };
     for (const auto& [month, year, ordinal, weekday, weekendDay] : kinds) {
         SCOPED_TRACE(testing::Message() << "no. " << ordinal << " of " << month << '/' << year);
@@ -237,32 +225,12 @@ TEST(Calendar, AnOrdinalStaysInItsMonth) {
 // Three months on from December 2006 is March 2007.
 TEST(Calendar, OffsetMonthsMoveBeforeTheyAreSearched) {
     const std::tuple<const char*, COleDateTime, COleDateTime> rows[] = {
-        {"last day of February", AfxGetLastDayInOffsetMonth(3, 2007, -1), March(0)},
         {"first Tuesday", AfxGetFirstTuesdayInOffsetMonth(12, 2006, 3), March(6)},
         {"last Tuesday", AfxGetLastTuesdayInOffsetMonth(12, 2006, 3), March(27)},
-        {"first weekday", AfxGetFirstWeekdayInOffsetMonth(12, 2006, 3), March(1)},
-        {"last weekday", AfxGetLastWeekdayInOffsetMonth(12, 2006, 3), March(30)},
-        {"first weekend day", AfxGetFirstWeekendDayInOffsetMonth(12, 2006, 3), March(3)},
-        {"last weekend day", AfxGetLastWeekendDayInOffsetMonth(12, 2006, 3), March(31)},
         {"third Tuesday", AfxGetOrdinalTuesdayInOffsetMonth(12, 2006, 3, 3), March(20)},
-        {"fifth Tuesday", AfxGetOrdinalTuesdayInOffsetMonth(12, 2006, 3, 5), COleDateTime()},
-        {"third weekday", AfxGetOrdinalWeekdayInOffsetMonth(12, 2006, 3, 3), March(5)},
-        {"third weekend day", AfxGetOrdinalWeekendDayInOffsetMonth(12, 2006, 3, 3), March(10)},
         {"to the year 0", AfxGetFirstDayInOffsetMonth(1, 1, -1), COleDateTime()},
-        {"from the year 99", AfxGetFirstDayInOffsetMonth(12, 99, 1), DateOf(kFirst)},
         {"far off", AfxGetLastWeekdayInOffsetMonth(12, 2006, INT_MAX), COleDateTime()},
     };
     for (const auto& [label, date, expected] : rows)
         EXPECT_EQ(date, expected) << label;
-}
-
-TEST(Calendar, ANamedDayFixesTheDayOfTheWeek) {
-    // March 2007 begins with a Thursday.
-    COleDateTime (*const ordinals[])(int, int, int) = {
-        AfxGetOrdinalThursdayInMonth,  AfxGetOrdinalFridayInMonth, AfxGetOrdinalSaturdayInMonth,
-        AfxGetOrdinalSundayInMonth,    AfxGetOrdinalMondayInMonth, AfxGetOrdinalTuesdayInMonth,
-        AfxGetOrdinalWednesdayInMonth,
-    };
-    for (int i = 0; i < 7; ++i)
-        EXPECT_EQ(ordinals[i](3, 2007, 2), March(8 + i)) << i;
 }

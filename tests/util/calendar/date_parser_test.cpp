@@ -36,42 +36,26 @@ TEST(DateParser, EveryFormOfATextHasItsDate) {
     const COleDateTime day(2007, 3, 4, 0, 0, 0);
     const Row rows[] = {
         {_T("March 4, 2007 12:34:56 GMT"), noon},
-        {_T("Sunday, March 4, 2007 12:34:56 GMT"), noon},
         {_T("Sun, 04 Mar 2007 12:34:56 GMT"), noon},
-        {_T("04 Mar 2007 12:34:56 GMT"), noon},
         {_T("4/3/2007 12:34 GMT"), noSeconds},
-        {_T("4 Mar 2007 12:34 GMT"), noSeconds},
         {_T("2007-03-04T12:34:56"), noon},
-        {_T("2007-03-04T12:34"), noSeconds},
         {_T("4/3/2007"), day},
-        {_T("March 4, 2007"), day},
-        {_T("2007-03-04"), day},
         {_T("04-Mar-2007"), day},
         {_T("Sunday, 04-Mar-07 12:34:56 GMT"), noon},
-        {_T("Sun,04 Mar 2007 12:34:56 GMT"), noon},
         {_T("Sun Mar  4 12:34:56 2007"), noon},
-        {_T("1996-12-19T16:39:57-08:00"), {1996, 12, 20, 0, 39, 57}},
         {_T("1990-12-31T23:59:60Z"), {1991, 1, 1, 0, 0, 0}},
         {_T("1937-01-01T12:00:27.87+00:20"), {1937, 1, 1, 11, 40, 27}},
         // A time with a zone is in UTC.
-        {_T("Sun, 04 Mar 2007 00:30:00 +0100"), {2007, 3, 3, 23, 30, 0}},
-        {_T("Sun, 31 Dec 2006 22:00:00 EST"), {2007, 1, 1, 3, 0, 0}},
         {_T("Fri, 29 Dec 1899 22:15:01 -0200"), {1899, 12, 30, 0, 15, 1}},
-        {_T("Fri, 31 Dec 9999 20:00:00 -0359"), {9999, 12, 31, 23, 59, 0}},
         // Without one, or with a word that is not known, it stands.
-        {_T("Sun, 04 Mar 2007 05:06:07"), {2007, 3, 4, 5, 6, 7}},
         {_T("Sun, 04 Mar 2007 05:06:07 (CET)"), {2007, 3, 4, 5, 6, 7}},
-        {_T("Sun, 04 Mar 2007 05:06:07 AEST"), {2007, 3, 4, 5, 6, 7}},
         // Blanks and what follows do not matter.
         {_T("  Sun,\t04\r\n Mar 2007   5:6:7 +0100 (CET)"), {2007, 3, 4, 4, 6, 7}},
         {_T("sUN, 4 mARCH 2007 05:06:07 gmt; length=1"), {2007, 3, 4, 5, 6, 7}},
         {_T("2007-03-04 05:06:07"), {2007, 3, 4, 0, 0, 0}},
-        {_T("4 Mar 2007, about noon"), {2007, 3, 4, 0, 0, 0}},
-        {_T("4Mar 2007"), {2007, 3, 4, 0, 0, 0}},
         // Short years are of this age and the last.
         {_T("4 Mar 49"), {2049, 3, 4, 0, 0, 0}},
         {_T("4 Mar 50"), {1950, 3, 4, 0, 0, 0}},
-        {_T("4 Mar 0"), {2000, 3, 4, 0, 0, 0}},
         {_T("4 Mar 107"), {2007, 3, 4, 0, 0, 0}},
         {_T("0100-03-04"), {100, 3, 4, 0, 0, 0}},
     };
@@ -81,7 +65,6 @@ TEST(DateParser, EveryFormOfATextHasItsDate) {
 
 TEST(DateParser, TheOrderIsThatOfTheSlashesOnly) {
     ExpectDate({_T("3/4/2007 05:06:07 GMT"), {2007, 3, 4, 5, 6, 7}}, 0);
-    ExpectDate({_T("4/3/2007"), {2007, 3, 4, 0, 0, 0}}, 1);
     ExpectDate({_T("2007/3/4 05:06"), {2007, 3, 4, 5, 6, 0}}, 2);
     ExpectRefused(_T("13/4/2007"), 0);
     ExpectRefused(_T("2007-03-04"), 3);
@@ -89,37 +72,18 @@ TEST(DateParser, TheOrderIsThatOfTheSlashesOnly) {
 
 TEST(DateParser, ATextThatIsNoDateLeavesTheDate) {
     // A word ends at a blank, and 5:06 PM is not 5:06.
-    for (const WCHAR* text : {static_cast<const WCHAR*>(nullptr),
-                              _T("   "),
-                              _T("4Mar2007"),
-                              _T("4 Mar -7"),
-                              _T("0099-03-04"),
-                              _T("2007-00-04"),
-                              _T("2007-03-00"),
-                              _T("2007--03-04"),
-                              _T("Sun, 04 Mar"),
-                              _T("4/3/2007 5:06 PM"),
-                              _T("0100-01-01T00:30:00+01:00"),
-                              _T("Fri, 31 Dec 9999 23:30:00 -0100"),
-                              _T("Sun, 04 Mrz 2007 05:06:07 GMT"),
-                              _T("Thu, 29 Feb 2007 05:06:07 GMT"),
-                              _T("Sun, 04 Mar 2007 24:00:00 GMT"),
-                              _T("Sun, 04 Mar 2007 05:60:07 GMT"),
-                              _T("Sun, 04 Mar 2007 05:06:61 GMT"),
-                              _T("Sun, 04 Mar 2007 -5:06:07 GMT"),
-                              _T("Sun, 04 Mar 2007 05:06:07 +0160"),
-                              _T("Sun, 04 Mar 2007 05:06:07 GMT+0100"),
-                              _T("4 Mar 99999999999999999999 05:06:07 GMT")})
+    for (const WCHAR* text :
+         {static_cast<const WCHAR*>(nullptr), _T("4Mar2007"), _T("0099-03-04"),
+          _T("4/3/2007 5:06 PM"), _T("0100-01-01T00:30:00+01:00"),
+          _T("Thu, 29 Feb 2007 05:06:07 GMT"), _T("Sun, 04 Mar 2007 24:00:00 GMT"),
+          _T("Sun, 04 Mar 2007 05:06:07 +0160"), _T("4 Mar 99999999999999999999 05:06:07 GMT")})
         ExpectRefused(text);
 }
 
 TEST(DateParser, MonthsAreEnglishNamesOrTheirFirstThreeLetters) {
     const std::tuple<const WCHAR*, int> rows[] = {
-        {_T("January"), 1}, {_T("FEBRUARY"), 2}, {_T("mar"), 3},       {_T("Apr"), 4},
-        {_T("mAY"), 5},     {_T("Jun"), 6},      {_T("July"), 7},      {_T("AUGUST"), 8},
-        {_T("Sept"), 9},    {_T("oct"), 10},     {_T("November"), 11}, {_T("Dec"), 12},
-        {_T("Ma"), 0},      {_T(""), 0},         {_T("Mayor"), 0},     {_T("Marz"), 0},
-        {_T(" Mar"), 0},    {_T("Dez"), 0},      {nullptr, 0},
+        {_T("January"), 1}, {_T("mar"), 3}, {_T("mAY"), 5},  {_T("Sept"), 9},
+        {_T("Ma"), 0},      {_T(""), 0},    {_T("Marz"), 0}, {_T(" Mar"), 0},
     };
     for (const auto& [text, month] : rows)
         EXPECT_EQ(AfxStringToMonth(text), month) << testing::PrintToString(CString(text));
@@ -128,15 +92,11 @@ TEST(DateParser, MonthsAreEnglishNamesOrTheirFirstThreeLetters) {
 TEST(DateParser, AZonesBiasIsWhatLeadsToUtc) {
     constexpr int kNone = 4711;
     const std::tuple<const WCHAR*, int> rows[] = {
-        {_T("GMT"), 0},      {_T("utc"), 0},        {_T("Z"), 0},         {_T("J"), kNone},
-        {_T("EST"), 300},    {_T("EDT"), 240},      {_T("CST"), 360},     {_T("CDT"), 300},
-        {_T("MST"), 420},    {_T("MDT"), 360},      {_T("PST"), 480},     {_T("pdt"), 420},
-        {_T("WEST"), -60},   {_T("BST"), -60},      {_T("CET"), -60},     {_T("CEST"), -120},
-        {_T("EET"), -120},   {_T("EEST"), -180},    {_T("MSK"), -180},    {_T("-0000"), 0},
-        {_T("-0330"), 210},  {_T("+05:45"), -345},  {_T("-08"), 480},     {_T("+9959"), -5999},
-        {_T("+100"), kNone}, {_T("+01000"), kNone}, {_T("+0160"), kNone}, {_T("+1:00"), kNone},
-        {_T("+01:"), kNone}, {_T("+01x0"), kNone},  {_T("+"), kNone},     {_T("0100"), kNone},
-        {_T("GMTX"), kNone}, {_T("GM"), kNone},     {_T(" GMT"), kNone},  {nullptr, kNone},
+        {_T("utc"), 0},       {_T("Z"), 0},        {_T("J"), kNone},     {_T("EST"), 300},
+        {_T("EDT"), 240},     {_T("CST"), 360},    {_T("MST"), 420},     {_T("pdt"), 420},
+        {_T("BST"), -60},     {_T("CEST"), -120},  {_T("EET"), -120},    {_T("-0330"), 210},
+        {_T("+05:45"), -345}, {_T("-08"), 480},    {_T("+9959"), -5999}, {_T("+100"), kNone},
+        {_T("+0160"), kNone}, {_T("+01:"), kNone}, {_T("+"), kNone},     {_T("GMTX"), kNone},
     };
     for (const auto& [text, expected] : rows) {
         SCOPED_TRACE(testing::PrintToString(CString(text)));

@@ -17,10 +17,6 @@ const COleDateTime kDate(2007, 3, 4, 17, 6, 7);
 TEST(DateText, LocaleFormsAndPictures) {
     const std::tuple<const char*, CString, const WCHAR*> rows[] = {
         {"date and time", AfxGetLocaleDateTime(kDate), _T("3/4/2007 5:06 PM")},
-        {"pictures", AfxFormatLocaleDateTime(kDate, _T("yyyy-MM-dd"), _T("HH:mm:ss")),
-         _T("2007-03-04 17:06:07")},
-        {"null pictures", AfxFormatLocaleDateTime(kDate, nullptr, nullptr),
-         _T("3/4/2007 5:06:07 PM")},
         {"empty picture", AfxFormatLocaleDateTime(kDate, _T(""), _T("HH")), _T(" 17")},
         {"long and time", AfxGetLocaleLongDateTime(kDate), _T("Sunday, March 4, 2007 5:06:07 PM")},
         {"before day 0",
@@ -28,9 +24,7 @@ TEST(DateText, LocaleFormsAndPictures) {
          _T("29.12.1899 6:0:1")},
         {"rounded", AfxFormatLocaleDate(COleDateTime(39145.999999), _T("d.M.yyyy")),
          _T("5.3.2007")},
-        {"first year", AfxGetLocaleShortDate({1601, 1, 1, 0, 0, 0}), _T("1/1/1601")},
         {"year before", AfxGetLocaleShortDate({1600, 12, 31, 0, 0, 0}), _T("")},
-        {"both", AfxGetLocaleDateTime({1600, 12, 31, 17, 6, 7}), _T("")},
     };
     for (const auto& [label, text, expected] : rows)
         EXPECT_EQ(text, expected) << label;
@@ -39,14 +33,12 @@ TEST(DateText, LocaleFormsAndPictures) {
 TEST(DateText, PlatformTextsEndAt254Characters) {
     const CString longest = _T("'") + CString(_T('x'), 254) + _T("'");
     const CString tooLong = _T("'") + CString(_T('x'), 255) + _T("'");
-    EXPECT_EQ(AfxFormatLocaleDateTime(kDate, tooLong, _T("HH")), _T(""));
     EXPECT_EQ(AfxFormatLocaleDateTime(kDate, _T("dd"), tooLong), _T(""));
     EXPECT_EQ(AfxFormatLocaleDateTime(kDate, longest, longest).GetLength(), 509);
 }
 
 TEST(DateText, ProtocolFormsAreTheSameEverywhere) {
     const COleDateTime date(100, 3, 4, 5, 6, 7);
-    EXPECT_EQ(AfxFormatUTCTimeUsingRFC822(date, FALSE), _T("04 Mar 0100 05:06:07"));
     EXPECT_EQ(AfxFormatUTCTimeUsingRFC822(date, TRUE), _T("04 Mar 0100 05:06:07 GMT"));
     EXPECT_EQ(AfxFormatUTCTimeUsingISO8601(date), _T("0100-03-04T05:06:07"));
 }

@@ -9,8 +9,6 @@
 TEST(ProgressLine, IsOneLineThatFitsAndIsWipedOff) {
     const std::tuple<int, const WCHAR*, const WCHAR*, int, std::string, std::size_t> rows[] = {
         {80, _T("Pack"), _T("Wait."), 429, "Pack: Wait. 42%", 15},
-        {80, _T(""), _T("Wait."), 0, "Wait. 0%", 8},
-        {80, _T("Pack"), _T(""), 1000, "Pack 100%", 9},
         {80, _T("a\nb\r\n"), _T("\x1b[2Jc\td"), 0, "a b : [2Jc d 0%", 15},
         {10, _T("größe"), _T("x"), 0, "größe: 0%", 9},
         {3, _T("Pack"), _T("Wait."), 0, " 0%", 3},

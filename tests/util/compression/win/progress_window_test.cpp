@@ -65,10 +65,3 @@ TEST(ProgressWindow, LiesOverTheMainWindowForAsLongAsTheWorkLasts) {
     EXPECT_TRUE(seen.enabledOwner); // it is modeless
     EXPECT_EQ(seen.positions, (std::vector<LRESULT>{0, 250, 500, 750, 1000}));
 }
-
-TEST(ProgressWindow, NeedsNoMainWindowAndHasAStatusOfItsOwn) {
-    const Seen seen = SeenWhileDeflating(_T(""), _T(""));
-    EXPECT_EQ(seen.status, _T("Deflating data. Please wait."));
-    EXPECT_EQ(seen.owner, nullptr);
-    EXPECT_EQ(seen.positions.size(), 5u);
-}
