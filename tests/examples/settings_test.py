@@ -34,13 +34,8 @@ LOOSE = (
 )
 FAULTS = [
     ("", 1, "the header is missing"),
-    ("REGEDIT4\n", 1, "not a registry file of version 5"),
     ("{H}\n\"a\"=\"b\"", 3, "a value that belongs to no key"),
-    ("{H}[{P}\n", 2, "a key that has no end"),
-    ("{H}[{P}]\n\"a\"1", 3, "an equals sign is missing"),
-    ("{H}[{P}]\n\"a\"=qword:1", 3, "an unknown kind of data"),
     ("{H}[{P}]\n\"a\"=\"b", 3, "a text has no end"),
-    ("{H}[{P}]\n\"a\"=\"b\" c", 3, "something follows a value"),
     ("{H}[{P}]\n\"a\"=hex:1,x", 3, "bytes are two hexadecimal digits with commas between them"),
     ("{H}[{P}]\n\"a\"=hex:1,\\", 3, "the text ends in the middle of a value"),
 ]
@@ -49,10 +44,7 @@ WRITING = "An error has occurred while writing data to the registry."
 
 # Arguments, exit code, standard output, what the one line on standard error must hold, stdin.
 ROWS = [
-    (["list", "{P}"], 1, "", "{P}: " + READING),
     (["get", "{P}", "text"], 1, "", READING),
-    (["remove", "{P}", "text"], 1, "", WRITING),
-    (["remove", "{P}"], 1, "", READING),
     (["set", "{P}", "text", "größe €"], 0, "", None),
     (["set", "{P}", "quoted \"\\\"", "a \"\\\""], 0, "", None),
     (["set", "{P}", "", "the default"], 0, "", None),
@@ -63,14 +55,8 @@ ROWS = [
     (["set", "{P}\\a\\b", "lines", "a\nb"], 0, "", None),
     (["set", "{P}\\a\\b\\", "long", LONG.hex(), "--type", "binary"], 0, "", None),
     (["set", "{P}", "x", "4294967296", "--type", "dword"], 2, "", "not a number of that size: 4294967296"),
-    (["set", "{P}", "x", "-1", "--type", "dword"], 2, "", "not a number of that size: -1"),
-    (["set", "{P}", "x", "012", "--type", "binary"], 2, "", "half a byte at the end: 012"),
-    (["set", "{P}", "x", "1", "--type", "float"], 2, "", "--type is string, dword, qword or binary"),
     (["get", "{P}", "TEXT"], 0, "größe €\n", None),
-    (["get", "{P}", "d"], 0, "4294967294\n", None),
     (["get", "{P}", "q"], 0, "1311768467463790320\n", None),
-    (["get", "{P}", "b"], 0, "hex:01,ff\n", None),
-    (["get", "{P}", "x"], 1, "", "{P} \"x\": " + READING),
     (["list", "{P}"], 0, "a\\\n(default) = the default\nb = hex:01,ff\nd = 4294967294\nempty = hex:\n"
      "q = 1311768467463790320\nquoted \"\\\" = a \"\\\"\ntext = größe €\n", None),
     (["export", "{P}"], 0, EXPORT, None),
@@ -82,24 +68,15 @@ ROWS = [
     (["set", "{P}", "gone", "x"], 0, "", None),
     (["import", "{P}", "-"], 0, "", None, LOOSE),
     (["export", "{P}"], 0, EXPORT.replace("\\a]", "\\A]").replace("\\a\\b]", "\\A\\B]"), None),
-    (["import", "{P}\\A"], 2, "", "{P} is not below {P}\\A", LOOSE),
     (["import", "{P}"], 2, "", "HKEY_USERS\\x is not below {P}", HEADER + "[-{P}]\r\n[HKEY_USERS\\x]\r\n"),
     (["remove", "{P}\\a\\b", "lines"], 0, "", None),
     (["list", "{P}\\a\\b"], 0, "long = hex:" + LONG.hex(",") + "\n", None),
     (["import", "{P}"], 0, "", None, HEADER + "[-{P}\\A]\r\n[{P}\\c]\r\n"),
     (["list", "{P}\\A"], 1, "", READING),
-    (["list", "{P}\\c"], 0, "", None),
     (["remove", "HKCU\\"], 2, "", "HKEY_CURRENT_USER cannot be removed as a whole"),
-    (["list", "HKEY_DYN_DATA\\x"], 2, "", "not a path as in HKCU\\Software\\Name: HKEY_DYN_DATA\\x"),
     (["import", "{P}", "none.reg"], 2, "", "none.reg: cannot be read"),
-    (["export", "{P}", "none/x.reg"], 2, "", "none/x.reg: cannot be written"),
     (["set", "{P}\\c", "a\nb", "c"], 0, "", None),
     (["export", "{P}"], 2, "", "{P}\\c: a name in it has more than one line"),
-    ([], 2, "", "COMMAND is missing (settings --help)"),
-    (["list"], 2, "", "PATH is missing"),
-    (["get", "{P}"], 2, "", "NAME is missing"),
-    (["get", "{P}", "a", "b"], 2, "", "too many arguments: b"),
-    (["set", "{P}", "a", "--type"], 2, "", "nothing follows --type"),
     (["wipe", "{P}"], 2, "", "unknown command: wipe"),
 ] + [
     (["import", "{P}"], 2, "", f"standard input:{line}: {reason}", text.replace("{H}", HEADER))

@@ -56,15 +56,12 @@ TEST_F(PeImage, CorruptedFieldsAreRefusedOrCountAsMissing) {
         {"nothing changed", 0, 'M', 1, 0},
         {"header at the top of the range", 0x3c, 0xfffffffc, 4, 193},
         {"one section too few", kPe + 6, 3, 2, 1812},
-        {"two directories", kPe + 0x74, 2, 4, 1812},
         {"resources at the section's last byte", kPe + 0x88, 0x47ff, 4, 1812},
         {"section larger than the file", kSection + 16, 0x10000, 4, 193},
         {"section that misses its end", kSection + 16, 0x300, 4, 1814},
-        {"type that leads out", kTree + 0x1c, 0xfffffff0, 4, 1813},
         {"name that leads to the root", kTree + 0x7c, 0x80000000, 4, 1814},
         {"language that is a directory", kTree + 0xd4, 0x800000b8, 4, 1814},
         {"data beyond the section", kTree + 0x218, 0x4900, 4, 1814},
-        {"data that ends in the text", kTree + 0x21c, 20, 4, 1814},
         {"text longer than its block", kTree + 0x330 + 8, 0xffff, 2, 1814},
     };
     const std::string sample = ReadSample("full.dll");
@@ -82,9 +79,6 @@ TEST_F(PeImage, AFileCutAnywhereIsReadInItsBoundsOrRefused) {
         for (std::size_t size = 0; size <= sample.size(); ++size)
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(sample.data()), size);
     }
-    const std::string sample = ReadSample("full.dll");
-    EXPECT_EQ(193u, FindText(sample.substr(0, sample.size() - 1)));
-    EXPECT_EQ(0u, FindText(sample));
 }
 
 } // namespace

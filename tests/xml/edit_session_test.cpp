@@ -85,7 +85,6 @@ TEST(EditSession, BuildsALargeDocument) {
     EXPECT_TRUE(session.Commit());
     EXPECT_EQ(built.GetDoc(), direct.GetDoc());
     EXPECT_GT(built.GetDoc().GetLength(), 50000);
-    EXPECT_EQ(built.GetAttrib(_T("number")), _T("1999"));
 }
 
 TEST(EditSession, ChangesNothingWithoutCommit) {

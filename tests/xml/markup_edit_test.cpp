@@ -19,7 +19,6 @@ TEST(MarkupEditing, BuildsADocument) {
     EXPECT_EQ(markup.GetDoc(), _T("<a>x&amp;y</a>\r\n"));
     EXPECT_FALSE(markup.AddElem(_T("second")));
     EXPECT_FALSE(markup.AddElem(nullptr));
-    EXPECT_TRUE(markup.IsWellFormed());
 
     CMarkup empty;
     empty.AddElem(_T("a"));
@@ -44,7 +43,6 @@ TEST(MarkupEditing, AddsWhereThePositionsSay) {
     };
     static constexpr Row kRows[] = {
         {"empty element", _T("<p/>"), _T("<p>\r\n<n/>\r\n</p>"), 0},
-        {"empty pair", _T("<p></p>"), _T("<p>\r\n<n/>\r\n</p>"), 0},
         {"last child", _T("<p><x/></p>"), _T("<p><x/><n/>\r\n</p>"), 0},
         {"after a child", _T("<p><x/> \n<y/></p>"), _T("<p><x/> \n<n/>\r\n<y/></p>"), 1},
         {"text is not stepped over", _T("<p><x/> t<y/></p>"), _T("<p><x/><n/>\r\n t<y/></p>"), 1},

