@@ -70,7 +70,9 @@ finish() {
     [ -z "$server_pid" ] || kill "$server_pid" 2>/dev/null || true
     for build in linux windows; do forget || true; done
     # Or the next demonstration finds Wine's server in a network that is gone.
-    [ -z "$in_own_network" ] || WINEPREFIX=$(echo "$QUORVEL_CACHE"/wine*/) wineserver -k || true
+    if [ -n "$in_own_network" ]; then
+        for prefix in "$QUORVEL_CACHE"/wine*/; do WINEPREFIX=$prefix wineserver -k 2>/dev/null || true; done
+    fi
     rm -rf "$server"
 }
 
