@@ -253,8 +253,9 @@ Ch* CStringT<Ch>::PrepareWrite(int minimumLength) {
         Reallocate(std::max(minimumLength, GetLength()));
     } else if (capacity < minimumLength) {
         // Half as much again keeps appending linear.
-        const int grown =
-            capacity > kMaximumLength / 3 * 2 ? kMaximumLength : capacity + capacity / 2;
+        const std::size_t more = static_cast<std::size_t>(capacity) + capacity / 2;
+        const std::size_t room = quorvel::RoomToGrow(more * sizeof(Ch)) / sizeof(Ch);
+        const int grown = static_cast<int>(std::min<std::size_t>(room, kMaximumLength));
         Reallocate(std::max(minimumLength, grown));
     }
     return m_text;

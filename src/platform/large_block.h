@@ -10,4 +10,8 @@ namespace quorvel {
 // keeps the last error. Any thread.
 void PreferHugePages(void* block, std::size_t size);
 
+// How many bytes to ask realloc for, at least `size`, where a block grows time and again. Memory
+// beyond what is written costs addresses alone.
+std::size_t RoomToGrow(std::size_t size);
+
 } // namespace quorvel

@@ -16,13 +16,19 @@ CMarkup::ElementIndex::~ElementIndex() {
 }
 
 void CMarkup::ElementIndex::Resize(int size) {
-    void* records = nullptr;
-    if (size >= 0 && static_cast<std::size_t>(size) <= PTRDIFF_MAX / sizeof(ElemPos))
-        records = std::realloc(m_records, static_cast<std::size_t>(size) * sizeof(ElemPos));
-    if (records == nullptr)
-        AfxThrowMemoryException();
-    quorvel::PreferHugePages(records, static_cast<std::size_t>(size) * sizeof(ElemPos));
-    m_records = static_cast<ElemPos*>(records);
+    if (m_records == nullptr || size > m_room) {
+        if (size < 0 || static_cast<std::size_t>(size) > PTRDIFF_MAX / sizeof(ElemPos))
+            AfxThrowMemoryException();
+        std::size_t bytes = static_cast<std::size_t>(size) * sizeof(ElemPos);
+        if (m_records != nullptr)
+            bytes = quorvel::RoomToGrow(bytes);
+        void* const records = std::realloc(m_records, bytes);
+        if (records == nullptr)
+            AfxThrowMemoryException();
+        quorvel::PreferHugePages(records, bytes);
+        m_records = static_cast<ElemPos*>(records);
+        m_room = static_cast<int>(bytes / sizeof(ElemPos));
+    }
     m_size = size;
 }
 

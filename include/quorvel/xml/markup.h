@@ -197,6 +197,7 @@ protected:
         void Swap(ElementIndex& other) noexcept {
             std::swap(m_records, other.m_records);
             std::swap(m_size, other.m_size);
+            std::swap(m_room, other.m_room);
         }
         ElemPos* GetData() { return m_records; }
         const ElemPos* GetData() const { return m_records; }
@@ -210,6 +211,7 @@ protected:
 
         ElemPos* m_records = nullptr;
         int m_size = 0;
+        int m_room = 0; // records that there is memory for
     };
 
     void x_SetPos(int iPosParent, int iPosMain, int iPosChild);

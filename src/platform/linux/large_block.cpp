@@ -1,5 +1,6 @@
 #include "platform/large_block.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <sys/mman.h>
@@ -7,8 +8,13 @@
 
 namespace quorvel {
 
+namespace {
+
+constexpr std::size_t kLarge = std::size_t(1) << 20;
+
+} // namespace
+
 void PreferHugePages(void* block, std::size_t size) {
-    constexpr std::size_t kLarge = std::size_t(1) << 20;
     if (size < kLarge)
         return;
     static const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
@@ -20,6 +26,13 @@ void PreferHugePages(void* block, std::size_t size) {
     const int error = errno;
     madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
     errno = error; // a kernel without huge pages refuses, which is no failure
+}
+
+// malloc gives every block above 32 MB a mapping of its own, which realloc lets grow by moving its
+// pages; below it may copy, into pages that it touches before they can be advised.
+std::size_t RoomToGrow(std::size_t size) {
+    constexpr std::size_t kOwnMapping = std::size_t(33) << 20;
+    return size < kLarge ? size : std::max(size, kOwnMapping);
 }
 
 } // namespace quorvel

@@ -5,4 +5,8 @@ namespace quorvel {
 // Large pages need a privilege that users don't have, and are never paged out.
 void PreferHugePages(void*, std::size_t) {}
 
+std::size_t RoomToGrow(std::size_t size) {
+    return size;
+}
+
 } // namespace quorvel
