@@ -150,19 +150,22 @@ int TagNameLength(const WCHAR* name, const WCHAR* other, int readable) {
 }
 #endif
 
-int FindCharacter(const WCHAR* text, int length, WCHAR character) {
+int FindEither(const WCHAR* text, int length, WCHAR character, WCHAR other) {
     int position = 0;
 #if defined(__SSE2__)
-    const __m128i wanted = _mm_set1_epi16(static_cast<short>(character));
+    const __m128i first = _mm_set1_epi16(static_cast<short>(character));
+    const __m128i second = _mm_set1_epi16(static_cast<short>(other));
     for (; length - position >= 8; position += 8) {
-        const auto* at = reinterpret_cast<const __m128i*>(text + position);
-        const auto found =
-            static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_loadu_si128(at), wanted)));
+        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + position));
+        const auto found = static_cast<unsigned>(_mm_movemask_epi8(
+            _mm_or_si128(_mm_cmpeq_epi16(units, first), _mm_cmpeq_epi16(units, second))));
         if (found != 0)
             return position + std::countr_zero(found) / 2;
     }
 #endif
-    return static_cast<int>(std::find(text + position, text + length, character) - text);
+    while (position < length && text[position] != character && text[position] != other)
+        ++position;
+    return position;
 }
 
 void AngleScanner::Refill() {

@@ -56,6 +56,6 @@ private:
 int TagNameLength(const WCHAR* name, const WCHAR* other, int readable);
 
 // The position of the first such character, or the length.
-int FindCharacter(const WCHAR* text, int length, WCHAR character);
+int FindEither(const WCHAR* text, int length, WCHAR character, WCHAR other);
 
 } // namespace quorvel

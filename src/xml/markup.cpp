@@ -5,6 +5,7 @@
 #include "platform/large_block.h"
 #include "platform/win32.h"
 #include "xml/angle_scanner.h"
+#include "xml/tokenizer.h"
 
 #include <climits>
 #include <cstdlib>
@@ -249,8 +250,13 @@ CString CMarkup::x_GetTagName(int iPos) const {
 // Finds the quoted value of the named attribute in the start tag that token.nNext lies in; for an
 // empty name the name of the first attribute (deliberate).
 bool CMarkup::x_FindAttrib(TokenPos& token, const WCHAR* name) const {
+    const auto findQuote = [end = m_strDoc.GetLength()](const WCHAR* text, int& position,
+                                                        WCHAR quote) {
+        position += quorvel::FindEither(text + position, end - position, quote, 0);
+        return text[position] != 0;
+    };
     int nameCount = -1;
-    for (int count = 0; x_FindToken(token); ++count) {
+    for (int count = 0; quorvel::FindToken(token, findQuote); ++count) {
         if (token.bQuoted) {
             if (nameCount >= 0 && count == nameCount + 2)
                 return true;
@@ -320,8 +326,7 @@ CString CMarkup::x_TextFromDoc(int first, int last) const {
     const WCHAR* copied = text + first;
     CString result;
     while (copied < end) {
-        const int plain =
-            quorvel::FindCharacter(copied, static_cast<int>(end - copied), WCHAR('&'));
+        const int plain = quorvel::FindEither(copied, static_cast<int>(end - copied), '&', '&');
         if (copied + plain == end && result.IsEmpty())
             return CString(copied, plain); // of its very length, as most texts are
         result.Append(copied, plain);

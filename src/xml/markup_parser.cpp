@@ -8,34 +8,19 @@
 
 #include "xml/angle_scanner.h"
 #include "xml/characters.h"
+#include "xml/tokenizer.h"
 
 #include <cstddef>
 #include <string>
 
-using quorvel::IsClass;
-using quorvel::kClassDelimiter;
-using quorvel::kClassEnd;
-using quorvel::kClassSpace;
+using quorvel::FindAny;
+using quorvel::FindChar;
 
 namespace {
 
 // A character that begins an ordinary tag name: no delimiter, quote, white space or end.
 bool BeginsPlainName(WCHAR c) {
     return (c >= 'A' && c != '\\') || (c >= '0' && c <= ';');
-}
-
-// The bodies of x_FindChar and x_FindAny, for the tokenizer to have inline: a call of an exported
-// function may be led elsewhere and never is.
-bool FindChar(const WCHAR* text, int& position, WCHAR character) {
-    while (text[position] != 0 && text[position] != character)
-        ++position;
-    return text[position] != 0;
-}
-
-bool FindAny(const WCHAR* text, int& position) {
-    while (IsClass(text[position], kClassSpace))
-        ++position;
-    return text[position] != 0;
 }
 
 // Moves past the first occurrence of the terminator at or after `position`.
@@ -71,30 +56,7 @@ bool CMarkup::x_FindAny(const WCHAR* text, int& position) {
 }
 
 bool CMarkup::x_FindToken(TokenPos& token) {
-    const WCHAR* text = token.pszDoc;
-    int position = token.nNext;
-    token.bQuoted = FALSE;
-    if (!FindAny(text, position)) {
-        token.nFirst = token.nLast = token.nNext = position;
-        return false;
-    }
-    const WCHAR first = text[position];
-    if (first == '"' || first == '\'') {
-        token.bQuoted = TRUE;
-        token.nFirst = ++position;
-        const bool closed = FindChar(text, position, first);
-        token.nLast = position - 1;
-        token.nNext = closed ? position + 1 : position;
-        return true;
-    }
-    token.nFirst = position;
-    while (!IsClass(text[position], kClassDelimiter | kClassEnd))
-        ++position;
-    if (position == token.nFirst)
-        ++position; // a delimiter is a token by itself
-    token.nLast = position - 1;
-    token.nNext = position;
-    return true;
+    return quorvel::FindToken(token, FindChar);
 }
 
 CString CMarkup::x_GetToken(const TokenPos& token) {
