@@ -12,8 +12,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
-#include <sstream>
 
 namespace fs = std::filesystem;
 
@@ -225,25 +223,32 @@ ExitCode Export(Arguments& arguments) {
     return exitDone;
 }
 
+// An iterator of the stream would throw where the system refuses, as for a folder.
+std::string ReadAll(std::istream& stream, const CString& name) {
+    std::string bytes;
+    char buffer[65536];
+    while (stream.read(buffer, sizeof buffer), stream.gcount() > 0)
+        bytes.append(buffer, static_cast<std::size_t>(stream.gcount()));
+    if (stream.bad() || !stream.eof())
+        throw Failure{exitFailed, name + _T(": cannot be read")};
+    return bytes;
+}
+
 ExitCode Import(Arguments& arguments) {
     const CRegistryPath path = arguments.TakePath();
     const CString file = arguments.TakeFile();
     arguments.RequireEnd();
-    std::ostringstream bytes;
-    if (file == kStandardStream) {
-        bytes << std::string(std::istreambuf_iterator<char>(std::cin), {});
-    } else {
-        std::ifstream stream(PathOf(file), std::ios::binary);
-        bytes << std::string(std::istreambuf_iterator<char>(stream), {});
-        if (!stream)
-            throw Failure{exitFailed, file + _T(": cannot be read")};
-    }
+    const bool isStandard = file == kStandardStream;
+    const CString name = isStandard ? CString(_T("standard input")) : file;
+    std::ifstream stream;
+    if (!isStandard)
+        stream.open(PathOf(file), std::ios::binary);
+    const std::string bytes = ReadAll(isStandard ? std::cin : stream, name);
     try {
-        Apply(path, ParseRegText(DecodeRegFile(bytes.str())));
+        Apply(path, ParseRegText(DecodeRegFile(bytes)));
     } catch (const RegTextFault& fault) {
         CString place;
         place.Format(_T(":%d: "), fault.line);
-        const CString name = file == kStandardStream ? CString(_T("standard input")) : file;
         throw Failure{exitFailed, name + place + fault.reason};
     }
     return exitDone;

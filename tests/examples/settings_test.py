@@ -74,7 +74,7 @@ ROWS = [
     (["import", "{P}"], 0, "", None, HEADER + "[-{P}\\A]\r\n[{P}\\c]\r\n"),
     (["list", "{P}\\A"], 1, "", READING),
     (["remove", "HKCU\\"], 2, "", "HKEY_CURRENT_USER cannot be removed as a whole"),
-    (["import", "{P}", "none.reg"], 2, "", "none.reg: cannot be read"),
+    (["import", "{P}", "."], 2, "", ".: cannot be read"),
     (["set", "{P}\\c", "a\nb", "c"], 0, "", None),
     (["export", "{P}"], 2, "", "{P}\\c: a name in it has more than one line"),
     (["wipe", "{P}"], 2, "", "unknown command: wipe"),
