@@ -218,6 +218,15 @@ TEST(RegistryFile, MayBeReadWhereItCannotBeWritten) {
                   0)
             << row.label;
     }
+    // With a log but no index of it, it cannot even be read: that is not "not found".
+    std::filesystem::remove(place.File() + "-shm");
+    place.Write(_T("registry.db-wal"), "log");
+    chmod(place.Folder().c_str(), 0555);
+    EXPECT_EQ(RunAsNobody([&] {
+                  RegistryStore store(place.File());
+                  return Read(store, u"v") == "error 5" ? 0 : 1;
+              }),
+              0);
     chmod(place.Folder().c_str(), 0700);
 }
 

@@ -124,7 +124,12 @@ DWORD RegistryFile::OpenLocked(bool mayCreate) {
     const int result = sqlite3_errcode(m_database) & 0xff;
     const bool lacksJournal =
         std::find(std::begin(kResults), std::end(kResults), result) != std::end(kResults);
-    return error != ERROR_SUCCESS && lacksJournal && !HasJournal(m_path) ? OpenUnchanging() : error;
+    if (error == ERROR_SUCCESS || !lacksJournal)
+        return error;
+    if (!HasJournal(m_path))
+        return OpenUnchanging();
+    // What is not found is the index of the log, which cannot be made here.
+    return error == ERROR_FILE_NOT_FOUND ? DWORD{ERROR_ACCESS_DENIED} : error;
 }
 
 // In a folder that cannot be written, and on a full disk, the log and its index cannot be made,
