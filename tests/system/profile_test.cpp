@@ -229,6 +229,7 @@ TEST(Profile, StoredDatesOutOfRangeAreReadAsInvalid) {
         int expected;
     } rows[] = {
         {"invalid", 39148.5, 1, COleDateTime::invalid},
+        {"null", 39148.5, 2, COleDateTime::null},
         {"first day", -657434.0, 0, COleDateTime::valid},
         {"after it", 2958466.5, 0, COleDateTime::invalid},
         {"no number", nan, 0, COleDateTime::invalid},
