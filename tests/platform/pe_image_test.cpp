@@ -62,6 +62,7 @@ TEST_F(PeImage, CorruptedFieldsAreRefusedOrCountAsMissing) {
         {"name that leads to the root", kTree + 0x7c, 0x80000000, 4, 1814},
         {"language that is a directory", kTree + 0xd4, 0x800000b8, 4, 1814},
         {"data beyond the section", kTree + 0x218, 0x4900, 4, 1814},
+        {"data longer than the section", kTree + 0x21c, 0x4d1, 4, 1814},
         {"text longer than its block", kTree + 0x330 + 8, 0xffff, 2, 1814},
     };
     const std::string sample = ReadSample("full.dll");
