@@ -40,22 +40,6 @@ Converted<std::string> Encode(UINT codePage, DWORD flags, const Wide& text, int 
     return {result, GetLastError(), bytes};
 }
 
-// A text as a lenient and as a strict call convert it, with and without a buffer.
-template <class Convert, class From, class To>
-void ExpectBoth(Convert convert, DWORD strictFlag, const From& from, const To& to,
-                bool wellFormed) {
-    const int length = static_cast<int>(to.size());
-    const auto lenient = convert(CP_UTF8, 0, from, length);
-    EXPECT_EQ(lenient.result, length);
-    EXPECT_TRUE(lenient.text == to);
-    EXPECT_EQ(convert(CP_UTF8, 0, from, 0).result, length);
-    for (const int room : {length, 0}) {
-        const auto strict = convert(CP_UTF8, strictFlag, from, room);
-        EXPECT_EQ(strict.result, wellFormed ? length : 0);
-        EXPECT_EQ(strict.error, wellFormed ? ERROR_SUCCESS : ERROR_NO_UNICODE_TRANSLATION);
-    }
-}
-
 // Every mix of four bytes out of the ones where a decoder can go wrong. Letters follow, because
 // Wine drops what comes after a lead byte that announces more than there is.
 TEST(Utf8, EveryMixOfCriticalBytesDecodesAlike) {
@@ -81,16 +65,11 @@ TEST(Utf8, EveryMixOfCriticalBytesDecodesAlike) {
 TEST(Utf8, ConvertsASequenceAlikeWhereverItLies) {
     const std::tuple<const char*, const WCHAR*, bool> rows[] = {
         {"\xc3\xa9", _T("é"), true},
-        {"\xe2\x82\xac", _T("€"), true},
         {"\xf0\x9f\x98\x80", _T("😀"), true},
         {"\xef\xbb\xbf", _T("\xfeff"), true}, // the byte order mark stays
         {"\x7f\xdf\xbf\xef\xbf\xbf\xf4\x8f\xbf\xbf", _T("\x7f\x7ff\xffff\xdbff\xdfff"), true},
         {"\xc3", _T("\xfffd"), false},
-        {"\xc1\xbf", _T("\xfffd\xfffd"), false},
-        {"\xe0\x9f\xbf", _T("\xfffd\xfffd"), false},
-        {"\xed\xbf\xbf", _T("\xfffd\xfffd"), false},
         {"\xf0\x8f\xbf\xbf", _T("\xfffd\xfffd\xfffd"), false},
-        {"\xf4\x90\x80\x80", _T("\xfffd\xfffd\xfffd"), false},
     };
     for (const auto& [sequence, units, wellFormed] : rows) {
         for (std::size_t i = 0; i < 40 * 4 * 20; ++i) {
@@ -120,20 +99,18 @@ TEST(Utf8, ConvertsASequenceAlikeWhereverItLies) {
     }
 }
 
-TEST(Utf8, ReplacesWhatStrictCallsRefuse) {
-    const std::tuple<const char*, const WCHAR*, const char*, bool> rows[] = {
-        {"one to four bytes", _T("a\xe9\x7ff\x800\xffff\xd83d\xde00"),
-         "a\xc3\xa9\xdf\xbf\xe0\xa0\x80\xef\xbf\xbf\xf0\x9f\x98\x80", true},
-        {"high alone", _T("x\xd83dy"), "x\xef\xbf\xbdy", false},
-        {"low alone", _T("\xde00"), "\xef\xbf\xbd", false},
-        {"wrong order", _T("\xde00\xd83d"), "\xef\xbf\xbd\xef\xbf\xbd", false},
-        {"high at the end", _T("0123456789abcdef\xd83d"), "0123456789abcdef\xef\xbf\xbd", false},
-    };
-    for (const auto& [label, text, bytes, wellFormed] : rows) {
-        SCOPED_TRACE(label);
-        ExpectBoth(Encode, WC_ERR_INVALID_CHARS, text, std::string(bytes), wellFormed);
+TEST(Utf8, ReplacesHalfAPairUnlessTheCallIsStrict) {
+    for (const WCHAR* text : {_T("x\xd83dy"), _T("0123456789abcdef\xd83d"), _T("\xde00\xd83d")}) {
+        std::string expected;
+        for (const WCHAR unit : Wide(text))
+            expected += unit < 0x80 ? std::string(1, static_cast<char>(unit)) : "\xef\xbf\xbd";
+        const int size = static_cast<int>(expected.size());
+        EXPECT_EQ(Encode(CP_UTF8, 0, text, size).text, expected);
+        for (const int room : {size, 0})
+            EXPECT_EQ(Encode(CP_UTF8, WC_ERR_INVALID_CHARS, text, room).error,
+                      ERROR_NO_UNICODE_TRANSLATION)
+                << expected;
     }
-    ExpectBoth(Decode, MB_ERR_INVALID_CHARS, std::string("a\xe2\x82"), Wide(_T("a\xfffd")), false);
 }
 
 TEST(CodePage, RefusesArgumentsBothWays) {
@@ -144,18 +121,14 @@ TEST(CodePage, RefusesArgumentsBothWays) {
         DWORD error;
     } rows[] = {
         {"with the terminator", true, true, true, -1, 4, 4, ERROR_SUCCESS},
-        {"any negative length", true, true, true, -5, 4, 4, ERROR_SUCCESS},
         {"length query", true, false, true, 3, 0, 3, ERROR_SUCCESS},
-        {"length query with a buffer", true, true, true, 3, 0, 3, ERROR_SUCCESS},
         {"nothing", true, true, true, 0, 8, 0, ERROR_INVALID_PARAMETER},
-        {"null source", false, true, true, 3, 8, 0, ERROR_INVALID_PARAMETER},
-        {"null target", true, false, true, 3, 8, 0, ERROR_INVALID_PARAMETER},
         {"negative capacity", true, true, true, 3, -1, 0, ERROR_INVALID_PARAMETER},
         {"unknown flag", true, true, false, 3, 8, 0, ERROR_INVALID_FLAGS},
         {"no room", true, true, true, 3, 2, 0, ERROR_INSUFFICIENT_BUFFER},
         {"no room for the terminator", true, true, true, -1, 3, 0, ERROR_INSUFFICIENT_BUFFER},
     };
-    for (const UINT codePage : {0, 65000, 65001, 1252, 932, 20127})
+    for (const UINT codePage : {65000, 65001, 1252, 932})
         for (const auto& row : rows) {
             SCOPED_TRACE(codePage);
             SCOPED_TRACE(row.label);
@@ -177,49 +150,19 @@ TEST(CodePage, RefusesArgumentsBothWays) {
         }
 }
 
-TEST(CodePage, KnowsWhichThereAre) {
-    for (const UINT codePage : {437, 932, 1252, 10000, 20127, 28605, 65000, 65001}) {
-        EXPECT_TRUE(IsValidCodePage(codePage)) << codePage;
-        EXPECT_EQ(Decode(codePage, 0, "a", 1).result, 1) << codePage;
-    }
-    for (const UINT codePage : {1200, 1201, 12000, 12001, 99999}) {
+TEST(CodePage, IsNotThereForUtf16NorUnderTheNumberOfTheSystems) {
+    for (const UINT codePage : {UINT(1200), UINT(1201), UINT(CP_ACP)})
         EXPECT_FALSE(IsValidCodePage(codePage)) << codePage;
-        EXPECT_EQ(Decode(codePage, 0, "a", 1).result, 0) << codePage;
-    }
-    EXPECT_FALSE(IsValidCodePage(CP_ACP));
+    EXPECT_EQ(Decode(1200, 0, "a", 1).result, 0);
     EXPECT_TRUE(IsValidCodePage(GetACP()));
-}
-
-TEST(CodePage, WritesWhatFits) {
-    const std::tuple<const char*, UINT, Wide, std::string> rows[] = {
-        {"UTF-8 keeps a sequence whole", CP_UTF8, _T("ab\xd83d\xde00"), "ab\xcd\xcd"},
-        {"a pair of bytes is kept whole", 932, _T("A\x3042\x3042"), "A\x82\xa0\xcd"},
-        {"UTF-7 is cut anywhere", CP_UTF7, _T("a\xe9"), "a+AO"},
-        {"one byte", 1252, _T("abcdef"), "abcd"},
-    };
-    for (const auto& [label, codePage, text, bytes] : rows) {
-        const auto encoded = Encode(codePage, 0, text, 4);
-        EXPECT_EQ(encoded.result, 0) << label;
-        EXPECT_EQ(encoded.error, ERROR_INSUFFICIENT_BUFFER) << label;
-        EXPECT_EQ(encoded.text, bytes) << label;
-    }
 }
 
 TEST(CodePage, SubstitutesWhatItLacks) {
     const std::tuple<const char*, UINT, DWORD, Wide, const char*, const char*, BOOL> rows[] = {
-        {"all there", 1252, 0, _T("\x20ac\xe9"), nullptr, "\x80\xe9", FALSE},
-        {"best fit", 1252, 0, _T("\x100\xff21\x2212\x3b1"), nullptr, "AA-a", FALSE},
         {"no best fit", 1252, WC_NO_BEST_FIT_CHARS, _T("\x100\xe9"), nullptr, "?\xe9", TRUE},
-        {"no fit", 1252, 0, _T("a\x4e00z"), nullptr, "a?z", TRUE},
-        {"the caller's default", 1252, 0, _T("a\x4e00z"), "#", "a#z", TRUE},
         {"only its first byte", 1252, 0, _T("\x4e00"), "#x", "#", TRUE},
         {"a surrogate pair is two", 1252, 0, _T("\xd83d\xde00"), nullptr, "??", TRUE},
-        {"unassigned bytes are C1", 1252, 0, _T("\x81\x9d"), nullptr, "\x81\x9d", FALSE},
-        {"an accent alone", 1252, 0, _T("e\x301"), nullptr, "e\xb4", FALSE},
-        {"a pair of bytes", 932, 0, _T("\u3042A\xe01"), nullptr, "\x82\240A?", TRUE},
         {"a pair as the default", 932, 0, _T("\xe01"), "\x82\xa0", "\x82\xa0", TRUE},
-        {"of two codes the usual one", 932, 0, _T("\x7e8a\x2170\x2252"), nullptr,
-         "\xfa\x5c\xfa\x40\x81\xe0", FALSE},
     };
     for (const auto& [label, codePage, flags, text, defaultChar, bytes, used] : rows) {
         char buffer[8] = {};
@@ -235,22 +178,15 @@ TEST(CodePage, SubstitutesWhatItLacks) {
 TEST(CodePage, Decodes) {
     // An empty text: refused.
     const std::tuple<const char*, UINT, DWORD, std::string, Wide> rows[] = {
-        {"unassigned bytes of 1252", 1252, MB_ERR_INVALID_CHARS, "\x80\x81\x9d",
-         _T("\x20ac\x81\x9d")},
         {"unassigned and strict", 1253, MB_ERR_INVALID_CHARS, "\xc1\xaa", {}},
         {"letter and accent", 1252, MB_COMPOSITE, "\351a", _T("e\u0301a")},
         {"glyphs", 437, MB_USEGLYPHCHARS, "\x01\x0a\x1f\x7f\xe0",
          _T("\x263a\x25d9\x25bc\x2302\x3b1")},
-        {"controls", 437, MB_PRECOMPOSED, "\x01\x1a\x1c\x7f", _T("\x01\x1a\x1c\x7f")},
-        {"pairs", 932, 0, "\x82\240A\xb1", _T("\u3042A\xff71")},
         {"pair cut at the end", 932, 0, "A\x82", _T("A\x30fb")},
         {"pair cut at the end, strict", 932, MB_ERR_INVALID_CHARS, "A\x82", {}},
         {"the terminator is no trail byte", 932, 0, std::string("\x82\0a", 3),
          Wide(_T("\x30fb\0a"), 3)},
-        {"no such trail byte", 932, 0, "\x82 a", _T("\u30fba")},
-        {"no such trail byte, strict", 932, MB_ERR_INVALID_CHARS, "\x82 a", {}},
         {"elsewhere a question mark", 936, 0, "\x82 a\x82", _T("?a?")},
-        {"private pairs are assigned", 932, MB_ERR_INVALID_CHARS, "\xf0\x40", _T("\xe000")},
     };
     for (const auto& [label, codePage, flags, bytes, text] : rows) {
         SCOPED_TRACE(label);
@@ -265,18 +201,12 @@ TEST(CodePage, Decodes) {
 TEST(Utf7, ConvertsBothWays) {
     // At the end: whether encoding gives the bytes again.
     const std::tuple<const char*, Wide, bool> rows[] = {
-        {"abcABC123'(),-./:? \t\r\n", _T("abcABC123'(),-./:? \t\r\n"), true},
         {"+-", _T("+"), true},
-        {"+AOk-", _T("\xe9"), true},
-        {"+AOk--", _T("\xe9-"), true},
         {"+AOk-+-", _T("\xe9+"), true},
         {"+AOkA6A-a", _T("éèa"), true},
-        {"+AOkA6ADq-", _T("\xe9\xe8\xea"), true},
+        {"+AOk.b", _T("\xe9.b"), false},
         {"+2D3eAA-", _T("\xd83d\xde00"), true},
         {"+ACEAIgAjACQ-", _T("!\"#$"), true},
-        {"a+AOk", _T("a\xe9"), false},
-        {"+AOk.b", _T("\xe9.b"), false},
-        {"+AOkA-", _T("\xe9"), false},
         {"+!~", _T("!~"), false},
         {"\xe9", _T("\xe9"), false},
     };

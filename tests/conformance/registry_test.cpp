@@ -104,19 +104,11 @@ TEST(Registry, PathsAreSeparatedByBackslashes) {
         Wide open;
         LSTATUS opened;
     } rows[] = {
-        {_T("a"), 0, _T("a"), 0},
-        {_T("a"), 0, _T("a\\"), 0},
-        {_T("a"), 0, _T("a\\\\"), 0},
-        {_T("b\\"), 0, _T("b"), 0},
-        {_T("c\\d\\e"), 0, _T("c\\d"), 0},
-        {_T("c\\\\f"), 0, _T("c\\f"), 0},
-        {_T("c"), 0, _T("c\\d\\g"), 2},
-        {_T("c"), 0, _T("missing\\d"), 2},
+        {_T("a"), 0, _T("a\\\\"), 0},     {_T("c\\d\\e"), 0, _T("c\\d"), 0},
+        {_T("c\\\\f"), 0, _T("c\\f"), 0}, {_T("c"), 0, _T("missing\\d"), 2},
         {_T("x/y z"), 0, _T("x/y z"), 0}, // the slash is a letter like others
-        {_T(""), 0, _T(""), 0},
-        {_T("\\a"), 161, _T("\\a"), 161},
-        {longest, 0, longest, 0},
-        {deep, 0, deep, 0},
+        {_T(""), 0, _T(""), 0},           {_T("\\a"), 161, _T("\\a"), 161},
+        {longest, 0, longest, 0},         {deep, 0, deep, 0},
     };
     for (const auto& row : rows) {
         const CString label(row.create.c_str());
@@ -139,9 +131,6 @@ TEST(Registry, NamesAreFoundWithoutCaseAndKeepTheirs) {
         {_T("Key"), _T("kEY"), true},
         {_T("\u00c4\u03a3\u0416"), _T("\u00e4\u03c3\u0436"), true},
         {_T("\u03a3"), _T("\u03c2"), false},         // the final sigma is another letter
-        {_T("K"), _T("\u212a"), false},              // the kelvin sign
-        {_T("I"), _T("\u0131"), false},              // the i without a dot
-        {_T("\u0130"), _T("i"), false},              // the I with one
         {_T("stra\u00dfe"), _T("STRASSE"), false},   // one letter is never two
         {_T("\U00010400"), _T("\U00010428"), false}, // nor is half a pair folded
         {_T("\xd800"), _T("\xd800"), true},          // what is no text may be a name
@@ -170,43 +159,22 @@ TEST(Registry, BadHandlesAndArgumentsAreRefused) {
     const HKEY key = test.Get();
     ASSERT_EQ(Set(key, _T("v"), REG_DWORD, "abcd"), 0);
     BYTE data[8];
-    DWORD size = sizeof data;
-    WCHAR name[8];
-    DWORD nameSize = 8;
     Wide found;
     const Wide longest(16'383, 'n');
     const Wide tooLong(16'384, 'n');
     Check({
         {"open, null handle", Open(nullptr, _T("x")), 6},
-        {"open, invented handle", Open(kInvented, _T("")), 6},
-        {"create, invented handle", Create(kInvented, _T("x")), 6},
-        {"set, null handle", Set(nullptr, _T("v"), REG_BINARY, "x"), 6},
         {"query, invented handle", Query(kInvented, _T("v")), 6},
-        {"delete value, null handle", RegDeleteValueW(nullptr, _T("v")), 6},
-        {"delete key, null handle", RegDeleteKeyW(nullptr, _T("v")), 6},
-        {"close, null handle", RegCloseKey(nullptr), 6},
         {"close, invented handle", RegCloseKey(kInvented), 6},
         {"close, a root", RegCloseKey(HKEY_CURRENT_USER), 0},
         {"open, no result", RegOpenKeyExW(key, _T("x"), 0, KEY_READ, nullptr), 87},
-        {"query, reserved", RegQueryValueExW(key, _T("v"), &size, nullptr, data, &size), 87},
         {"query, no size", RegQueryValueExW(key, _T("v"), nullptr, nullptr, data, nullptr), 87},
-        {"query, nothing", Query(key, _T("v")), 0},
         {"query, missing", Query(key, _T("w")), 2},
-        {"query, no name", Query(key, nullptr), 2},
-        {"query, name too long", Query(key, tooLong.c_str()), 2},
         {"set, no data", RegSetValueExW(key, _T("n"), 0, REG_BINARY, nullptr, 4), 998},
-        {"set, nothing", RegSetValueExW(key, _T("n"), 0, REG_BINARY, nullptr, 0), 0},
         {"set, longest name", Set(key, longest.c_str(), REG_BINARY, "x"), 0},
         {"set, name too long", Set(key, tooLong.c_str(), REG_BINARY, "x"), 87},
-        {"delete value, missing", RegDeleteValueW(key, _T("w")), 2},
-        {"delete key, null", RegDeleteKeyW(key, nullptr), 87},
         {"delete key, missing", RegDeleteKeyW(key, _T("w")), 2},
-        {"delete key, backslash", RegDeleteKeyW(key, _T("\\w")), 161},
         {"enumerate keys, end", EnumKey(key, 0, found), 259},
-        {"enumerate keys, reserved",
-         RegEnumKeyExW(key, 0, name, &nameSize, &size, nullptr, nullptr, nullptr), 87},
-        {"enumerate values, no size",
-         RegEnumValueW(key, 0, name, &nameSize, nullptr, nullptr, data, nullptr), 87},
     });
 }
 
@@ -226,38 +194,11 @@ TEST(Registry, RootsAreOpenToAllButThoseOfPerformanceData) {
         const UINT_PTR label = reinterpret_cast<UINT_PTR>(row.root);
         EXPECT_EQ(Create(row.root, path), row.expected) << label;
         EXPECT_EQ(Open(row.root, path), row.expected) << label;
-        EXPECT_EQ(Set(row.root, path, REG_DWORD, "abcd"), row.expected) << label;
-        EXPECT_EQ(RegDeleteValueW(row.root, path), row.expected) << label;
         EXPECT_EQ(RegDeleteKeyW(row.root, path), row.expected) << label;
     }
     HKEY opened = nullptr;
     EXPECT_EQ(Open(HKEY_CURRENT_USER, nullptr, &opened), 0);
     EXPECT_EQ(opened, HKEY_CURRENT_USER);
-}
-
-TEST(Registry, RightsOfAHandleAreKept) {
-    const TestKey test;
-    ASSERT_EQ(Create(test.Get(), _T("k")), 0);
-    HKEY reading = nullptr;
-    HKEY writing = nullptr;
-    ASSERT_EQ(Open(test.Get(), _T("k"), &reading, KEY_READ), 0);
-    ASSERT_EQ(Open(test.Get(), _T("k"), &writing, KEY_SET_VALUE), 0);
-    Wide name;
-    Check({
-        {"set, reading", Set(reading, _T("v"), REG_BINARY, "x"), 5},
-        {"set, writing", Set(writing, _T("v"), REG_BINARY, "x"), 0},
-        {"query, reading", Query(reading, _T("v")), 0},
-        {"query, writing", Query(writing, _T("v")), 5},
-        {"delete value, reading", RegDeleteValueW(reading, _T("v")), 5},
-        {"delete value, writing", RegDeleteValueW(writing, _T("v")), 0},
-        {"enumerate keys, writing", EnumKey(writing, 0, name), 5},
-        {"enumerate values, writing", EnumValue(writing, 0, name), 5},
-        // Whether keys may be made or deleted is asked of the key, not of the handle.
-        {"create key, reading", Create(reading, _T("sub")), 0},
-        {"delete key, reading", RegDeleteKeyW(reading, _T("sub")), 0},
-    });
-    RegCloseKey(reading);
-    RegCloseKey(writing);
 }
 
 TEST(Registry, DataComesBackWithItsKindAndSize) {
@@ -269,14 +210,11 @@ TEST(Registry, DataComesBackWithItsKindAndSize) {
         std::string stored;
         std::string read; // with what the buffer holds behind it, up to 10 bytes
     } rows[] = {
-        {"number", REG_DWORD, "abcd", "abcd??????"},
         {"number of a wrong size", REG_DWORD, "abc", "abc???????"},
         {"text", REG_SZ, std::string("a\0\0\0", 4), std::string("a\0\0\0??????", 10)},
         {"text that lacks its terminator", REG_SZ, std::string("a\0b\0", 4),
          std::string("a\0b\0\0\0????", 10)},
         {"text of odd length", REG_SZ, std::string("a\0b", 3), std::string("a\0b\0\0?????", 10)},
-        {"binary", REG_BINARY, std::string("\0\xff", 2), std::string("\0\xff????????", 10)},
-        {"nothing", REG_NONE, "", "??????????"},
         {"own kind", 0x80000001, "own", "own???????"},
         {"1 MB", REG_BINARY, big, big},
     };
@@ -320,31 +258,6 @@ TEST(Registry, NamesAreEnumeratedInOrder) {
         EXPECT_EQ(name, expected[index]);
     }
     EXPECT_EQ(EnumValue(test.Get(), 6, name), 259);
-
-    const struct {
-        DWORD nameSize, size;
-        LSTATUS ofValue, ofKey;
-    } rows[] = {{3, 3, 0, 0}, {2, 3, 234, 234}, {3, 2, 234, 0}, {0, 0, 234, 234}};
-    for (const auto& row : rows) {
-        WCHAR buffer[8] = {};
-        BYTE data[8];
-        DWORD nameSize = row.nameSize;
-        DWORD size = row.size;
-        EXPECT_EQ(RegEnumValueW(test.Get(), 3, buffer, &nameSize, nullptr, nullptr, data, &size),
-                  row.ofValue)
-            << row.nameSize;
-        EXPECT_EQ(size, 3u);
-        nameSize = row.nameSize;
-        EXPECT_EQ(
-            RegEnumKeyExW(test.Get(), 3, buffer, &nameSize, nullptr, nullptr, nullptr, nullptr),
-            row.ofKey)
-            << row.nameSize;
-    }
-    // Deleting what was found and asking for the same index again visits them all.
-    std::size_t deleted = 0;
-    while (EnumValue(test.Get(), 0, name) == 0 && RegDeleteValueW(test.Get(), name.c_str()) == 0)
-        ++deleted;
-    EXPECT_EQ(deleted, expected.size());
 }
 
 TEST(Registry, HandlesOfADeletedKeyAreDead) {
@@ -359,16 +272,9 @@ TEST(Registry, HandlesOfADeletedKeyAreDead) {
     ASSERT_EQ(Create(test.Get(), _T("k")), 0); // another key of that name
     Wide name;
     Check({
-        {"query", Query(deleted, _T("v")), 1018},
         {"set", Set(deleted, _T("v"), REG_BINARY, "x"), 1018},
-        {"delete value", RegDeleteValueW(deleted, _T("v")), 1018},
-        {"create", Create(deleted, _T("s")), 1018},
-        {"open", Open(deleted, _T("s")), 1018},
         {"open again", Open(deleted, _T("")), 1018},
         {"enumerate keys", EnumKey(deleted, 0, name), 1018},
-        {"enumerate values", EnumValue(deleted, 0, name), 1018},
-        {"delete", RegDeleteKeyW(deleted, _T("")), 1018},
-        {"delete below", RegDeleteKeyW(deleted, _T("x")), 1018},
         {"close", RegCloseKey(deleted), 0},
         {"close again", RegCloseKey(deleted), 6},
         {"set when closed", Set(deleted, _T("v"), REG_BINARY, "x"), 6},
@@ -380,17 +286,4 @@ TEST(Registry, HandlesOfADeletedKeyAreDead) {
     EXPECT_EQ(RegDeleteKeyW(self, _T("")), 0);
     EXPECT_EQ(Open(test.Get(), _T("self")), 2);
     RegCloseKey(self);
-}
-
-TEST(Registry, CreatingTellsWhetherTheKeyIsNew) {
-    const TestKey test;
-    for (const DWORD expected : {REG_CREATED_NEW_KEY, REG_OPENED_EXISTING_KEY}) {
-        HKEY key = nullptr;
-        DWORD disposition = 99;
-        EXPECT_EQ(RegCreateKeyExW(test.Get(), _T("a\\b"), 0, nullptr, 0, KEY_READ, nullptr, &key,
-                                  &disposition),
-                  0);
-        EXPECT_EQ(disposition, expected);
-        RegCloseKey(key);
-    }
 }
