@@ -62,18 +62,12 @@ TEST(String, CopiesShareTheirCharactersUntilOneIsChanged) {
 TEST(String, ArgumentsMayPointIntoTheStringItself) {
     ExpectChanges({
         EFFECT("abcdef", s.Append(s.GetString() + 3, 3), "abcdefdef"),
-        EFFECT("abc", s += s, "abcabc"),
-        EFFECT("abc", s += s.GetString() + 3, "abc"),
-        EFFECT("abcdef", s = s.GetString() + 4, "ef"),
         EFFECT("abcdef", s.SetString(s.GetString() + 1, 3), "bcd"),
         CHANGE("abc", s.Insert(1, s), "aabcbc", 6),
-        CHANGE("abc", s.Insert(0, s.GetString() + 2), "cabc", 4),
         CHANGE("abca", s.Replace(_T("a"), s.GetString() + 2), "cabcca", 2),
         CHANGE("abcbc", s.Replace(s.GetString() + 3, _T("-")), "a--", 2),
         EFFECT("abc", s.Format(_T("%s%s"), s.GetString(), s.GetString()), "abcabc"),
-        EFFECT("abc", s.AppendFormat(_T("%s"), s.GetString()), "abcabc"),
         EFFECT("aba", s.Trim(s), ""),
-        EFFECT("xax", s.Trim(s.GetString() + 2), "a"),
     });
 }
 
@@ -81,39 +75,23 @@ TEST(String, ChangesInPlace) {
     ExpectChanges({
         CHANGE("ab", s.Insert(9, _T("c")), "abc", 3),
         CHANGE("ab", s.Insert(-1, _T("c")), "cab", 3),
-        CHANGE("ab", s.Insert(1, nullptr), "ab", 2),
-        CHANGE("ab", s.Insert(1, WCHAR{'-'}), "a-b", 3),
-        CHANGE("abcd", s.Delete(1, 2), "ad", 2),
         CHANGE("abcd", s.Delete(2, INT_MAX), "ab", 2),
         CHANGE("abcd", s.Delete(1, -1), "abcd", 4),
-        CHANGE("ab", s.Delete(2), "ab", 2),
         CHANGE("a.b.", s.Replace(_T("."), nullptr), "ab", 2),
         CHANGE("aaaaa", s.Replace(_T("aa"), _T("b")), "bba", 2),
         CHANGE("aaa", s.Replace(_T(""), _T("b")), "aaa", 0),
-        CHANGE("a/b/", s.Replace('/', '\\'), "a\\b\\", 2),
-        CHANGE("aaa", s.Replace('a', 'a'), "aaa", 0),
         CHANGE("abaca", s.Remove('a'), "bc", 3),
-        CHANGE("abc", s.Remove('x'), "abc", 0),
         EFFECT("abc", s.Truncate(1), "a"),
-        EFFECT("abc", s.Truncate(4), "abc"),
         EFFECT("abc", s.MakeReverse(), "cba"),
         EFFECT("a\xe4z1", s.MakeUpper(), "A\xc4Z1"),
         EFFECT("A\xc4Z1", s.MakeLower(), "a\xe4z1"),
         EFFECT(" \t\r\nab \v\f", s.Trim(), "ab"),
-        EFFECT("   ", s.Trim(), ""),
         EFFECT("  a ", s.TrimLeft(), "a "),
         EFFECT(" a  ", s.TrimRight(), " a"),
-        EFFECT("xxaxx", s.Trim('x'), "a"),
         EFFECT("xyaxy", s.Trim(_T("yx")), "a"),
-        EFFECT(" a ", s.Trim(_T("")), " a "),
         EFFECT(" a ", s.Trim(nullptr), " a "),
-        EFFECT("abc", s = kNull, ""),
-        EFFECT("abc", s = 'x', "x"),
-        EFFECT("", s += _T("abc"), "abc"),
         EFFECT("abc", s.Format(kNull), ""),
         EFFECT("abc", (s.GetBuffer(9)[1] = 0, s.ReleaseBuffer()), "a"),
-        EFFECT("abc", (s.GetBuffer()[2] = 'x', s.ReleaseBuffer()), "abx"),
-        EFFECT("abc", s.ReleaseBuffer(2), "ab"),
         CHANGE("abc", (s.GetBufferSetLength(4)[3] = 'd', s.GetLength()), "abcd", 4),
     });
 }
@@ -121,25 +99,20 @@ TEST(String, ChangesInPlace) {
 TEST(String, PartsAreClampedToTheText) {
     const CString s(_T("abcdef"));
     ExpectCases<CString, const WCHAR*>(
-        {CASE(s.Mid(0), _T("abcdef")), CASE(s.Mid(2, 3), _T("cde")), CASE(s.Mid(-2, 3), _T("abc")),
-         CASE(s.Mid(9, 1), _T("")), CASE(s.Mid(2, -1), _T("")),
+        {CASE(s.Mid(-2, 3), _T("abc")), CASE(s.Mid(2, -1), _T("")),
          CASE(s.Mid(1, INT_MAX), _T("bcdef")), CASE(s.Mid(INT_MAX, INT_MAX), _T("")),
-         CASE(s.Left(2), _T("ab")), CASE(s.Left(INT_MAX), _T("abcdef")),
-         CASE(s.Left(INT_MIN), _T("")), CASE(s.Right(2), _T("ef")),
-         CASE(s.Right(INT_MAX), _T("abcdef")), CASE(s.Right(-1), _T("")),
-         CASE(s.SpanIncluding(_T("cba")), _T("abc")), CASE(s.SpanIncluding(nullptr), _T("")),
-         CASE(s.SpanExcluding(_T("fd")), _T("abc")), CASE(s.SpanExcluding(_T("")), _T("abcdef"))});
+         CASE(s.Left(INT_MAX), _T("abcdef")), CASE(s.Left(INT_MIN), _T("")),
+         CASE(s.Right(2), _T("ef")), CASE(s.Right(INT_MAX), _T("abcdef")),
+         CASE(s.SpanIncluding(_T("cba")), _T("abc")), CASE(s.SpanExcluding(_T("fd")), _T("abc"))});
 }
 
 TEST(String, FindsPlaces) {
     const CString s(_T("abcabc"));
-    ExpectCases<int>(
-        {CASE(s.Find(_T("ca")), 2), CASE(s.Find(_T("ab"), 1), 3), CASE(s.Find(_T("cb")), -1),
-         CASE(s.Find(_T("bcd"), 4), -1), CASE(s.Find(_T(""), 2), 2), CASE(s.Find(_T(""), 6), 6),
-         CASE(s.Find(kNull, 1), 1), CASE(s.Find(_T("a"), -1), -1), CASE(s.Find(_T(""), 7), -1),
-         CASE(s.Find('c', 3), 5), CASE(s.Find('c', 6), -1), CASE(CString().Find('a'), -1),
-         CASE(s.ReverseFind('b'), 4), CASE(s.ReverseFind('x'), -1), CASE(s.FindOneOf(_T("xcb")), 1),
-         CASE(s.FindOneOf(_T("")), -1), CASE(s.FindOneOf(nullptr), -1)});
+    ExpectCases<int>({CASE(s.Find(_T("ab"), 1), 3), CASE(s.Find(_T("bcd"), 4), -1),
+                      CASE(s.Find(_T(""), 6), 6), CASE(s.Find(kNull, 1), 1),
+                      CASE(s.Find(_T("a"), -1), -1), CASE(s.Find(_T(""), 7), -1),
+                      CASE(s.Find('c', 6), -1), CASE(s.ReverseFind('b'), 4),
+                      CASE(s.FindOneOf(_T("xcb")), 1), CASE(s.FindOneOf(nullptr), -1)});
 }
 
 TEST(String, TokensAreWhatLiesBetweenSeparators) {
@@ -149,11 +122,8 @@ TEST(String, TokensAreWhatLiesBetweenSeparators) {
     } rows[] = {
         {_T("a,b;c"), _T(",;"), _T("a|b|c|")},
         {_T(",,a,,b,,"), _T(","), _T("a|b|")},
-        {_T("abc"), _T(","), _T("abc|")},
-        {_T(",,,"), _T(","), _T("")},
         {_T(""), _T(","), _T("")},
         {_T("a,b"), _T(""), _T("a,b|")},
-        {_T("a,b"), nullptr, _T("a,b|")},
     };
     for (const auto& row : rows) {
         const CString text(row.text);
@@ -170,12 +140,10 @@ TEST(String, TokensAreWhatLiesBetweenSeparators) {
 
 TEST(String, ComparesByUnitAndWithoutCase) {
     const std::tuple<const WCHAR*, const WCHAR*, int, int> rows[] = {
-        {_T("abc"), _T("abc"), 0, 0},     {_T("abc"), _T("abd"), -1, -1},
-        {_T("abc"), _T("ab"), 1, 1},      {_T("abc"), _T("ABC"), 1, 0},
-        {_T("a"), _T("_"), 1, 1},         {_T("A"), _T("_"), -1, 1}, // small letters are compared
-        {_T("\xffe0"), _T("a"), 1, 1},    {_T("\xe4"), _T("\xc4"), 1, 0},
-        {_T("\x44f"), _T("\x42f"), 1, 0}, {_T(""), nullptr, 0, 0},
-        {_T("a"), nullptr, 1, 1},
+        {_T("abc"), _T("abd"), -1, -1}, {_T("abc"), _T("ab"), 1, 1},
+        {_T("A"), _T("_"), -1, 1}, // small letters are compared
+        {_T("\xffe0"), _T("a"), 1, 1},  {_T("\xe4"), _T("\xc4"), 1, 0},
+        {_T(""), nullptr, 0, 0},
     };
     for (const auto& [text, right, order, orderNoCase] : rows) {
         const CString left(text);
@@ -186,7 +154,6 @@ TEST(String, ComparesByUnitAndWithoutCase) {
         EXPECT_EQ(right<left, order> 0);
         EXPECT_EQ(left <= CString(right), order <= 0);
     }
-    EXPECT_EQ(CStringA("\xe4").Compare("a"), 1);
     EXPECT_EQ(CStringA("ABC").CompareNoCase("abd"), -1);
 }
 
@@ -207,10 +174,7 @@ TEST(String, ALengthNearTheLimitIsRefusedAndNothingChanges) {
     typedef void (*Operation)(CString&);
     for (const Operation operation : std::initializer_list<Operation>{
              [](CString& s) { s.GetBuffer(INT_MAX); },
-             [](CString& s) { s.GetBufferSetLength(INT_MAX); },
-             [](CString& s) { s.Preallocate(INT_MAX); },
              [](CString& s) { s.SetString(_T("x"), INT_MAX); },
-             [](CString& s) { s.Append(_T("x"), INT_MAX); },
              [](CString& s) { s.Append(_T("x"), INT_MAX - 3); }, // with what is there
              [](CString& s) { s = CString('x', INT_MAX); },
          }) {
@@ -223,30 +187,12 @@ TEST(String, ALengthNearTheLimitIsRefusedAndNothingChanges) {
     }
 }
 
-TEST(String, PreallocatedRoomIsUsed) {
-    CString text;
-    text.Preallocate(100);
-    const WCHAR* const characters = text.GetString();
-    text += CString(_T("abc"));
-    text.AppendFormat(_T("%d"), 7);
-    text.Insert(0, _T("x"));
-    EXPECT_EQ(text, _T("xabc7"));
-    EXPECT_EQ(text.GetString(), characters);
-    text.FreeExtra();
-    EXPECT_EQ(text.GetAllocLength(), 5);
-    text.Empty();
-    EXPECT_EQ(text.GetAllocLength(), 0);
-}
-
 TEST(String, FormatsMessages) {
     CString text(_T("old"));
     text.FormatMessage(_T("%2!d! before %1"), _T("one"), 2);
     EXPECT_EQ(text, _T("2 before one"));
     EXPECT_THROW(text.FormatMessage(_T("100%")), CMemoryException*);
     EXPECT_EQ(text, _T("2 before one"));
-    for (const WCHAR* format : {_T("%1"), _T(""), kNull}) {
-        text = _T("old");
-        text.FormatMessage(format, _T(""));
-        EXPECT_EQ(text, _T(""));
-    }
+    text.FormatMessage(_T("%1"), _T(""));
+    EXPECT_EQ(text, _T(""));
 }
