@@ -67,11 +67,9 @@ TEST_F(VaskMessageBox, EachFormComposesItsBox) {
     ExpectShown(AfxVaskMessageBox(kText, MB_OK, kNone), "t", MB_OK);
     ExpectShown(AfxVaskMessageBox(kTextId, MB_YESNO, kTarget), "T", MB_YESNO | MB_HELP);
     ExpectShown(AfxVaskMessageBox(kHeading, kText, MB_OK, kTarget), "ht", MB_OK | MB_HELP);
-    ExpectShown(AfxVaskMessageBox(kHeadingId, kTextId, MB_OK, kNone), "HT", MB_OK);
     // With a check box the Help button is the caller's.
     ExpectShown(AfxVaskMessageBox(kText, kCheck, state, MB_YESNO, kTarget), "tc", MB_YESNO);
     ExpectShown(AfxVaskMessageBox(kTextId, kCheckId, state, MB_HELP, kTarget), "TC", MB_HELP);
-    ExpectShown(AfxVaskMessageBox(kHeading, kText, kCheck, state, MB_OK, kTarget), "htc", MB_OK);
     ExpectShown(AfxVaskMessageBox(kHeadingId, kTextId, kCheckId, state, MB_OK, kNone), "HTC",
                 MB_OK);
 }
@@ -81,12 +79,9 @@ TEST_F(VaskMessageBox, EachFormWithAFormatFillsItsInserts) {
     const WCHAR* const seven = _T("seven");
     const auto show = [](auto... arguments) { return AfxFormatStringVaskMessageBox(arguments...); };
     ExpectShown(show(kFormat, 0u, kTarget, 7, seven), "f", MB_HELP);
-    ExpectShown(show(kFormatId, 0u, kNone, 7), "F", 0);
-    ExpectShown(show(kHeading, kFormat, 0u, kNone, 7, seven), "hf", 0);
     ExpectShown(show(kHeadingId, kFormatId, 0u, kTarget, 7), "HF", MB_HELP);
     ExpectShown(AfxFormatStringVaskMessageBox(kFormat, kCheck, state, 0, kTarget, 7, seven), "fc",
                 0);
-    ExpectShown(AfxFormatStringVaskMessageBox(kFormatId, kCheckId, state, 0, kTarget, 7), "FC", 0);
     ExpectShown(
         AfxFormatStringVaskMessageBox(kHeading, kFormat, kCheck, state, 0, kTarget, 7, seven),
         "hfc", 0);
@@ -98,17 +93,11 @@ TEST_F(VaskMessageBox, EachFormWithAFormatFillsItsInserts) {
 TEST_F(VaskMessageBox, ShowsNothingWithoutAllItsTexts) {
     m_state = 7;
     ExpectNothing(AfxVaskMessageBox(kNone, MB_OK, kNone));
-    ExpectNothing(AfxVaskMessageBox(kNone, kText, MB_OK, kNone));
     ExpectNothing(AfxVaskMessageBox(kHeading, kNone, MB_OK, kNone));
     ExpectNothing(AfxVaskMessageBox(kText, kNone, m_state, MB_OK, kNone));
-    ExpectNothing(AfxVaskMessageBox(kNone, kCheck, m_state, MB_OK, kNone));
-    ExpectNothing(AfxVaskMessageBox(kNone, kText, kCheck, m_state, MB_OK, kNone));
     ExpectNothing(AfxVaskMessageBox(kNoSuchText, MB_OK, kNone));
-    ExpectNothing(AfxVaskMessageBox(kNoSuchText, kTextId, MB_OK, kNone));
     ExpectNothing(AfxVaskMessageBox(kTextId, kNoSuchText, m_state, MB_OK, kNone));
-    ExpectNothing(AfxVaskMessageBox(kHeadingId, kNoSuchText, kCheckId, m_state, MB_OK, kNone));
     ExpectNothing(AfxFormatStringVaskMessageBox(kNone, MB_OK, kNone));
-    ExpectNothing(AfxFormatStringVaskMessageBox(kNoSuchText, MB_OK, kNone));
     ExpectNothing(AfxFormatStringVaskMessageBox(kText, MB_OK, kNone)); // not a format
 }
 

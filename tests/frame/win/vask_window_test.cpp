@@ -87,15 +87,11 @@ void ExpectCentredOver(HWND owner, HWND box) {
 TEST(VaskWindow, HasItsPartsInTheirPlaces) {
     // Heading, text and check box; null: without.
     const std::tuple<const char*, const WCHAR*, const WCHAR*, const WCHAR*, UINT> rows[] = {
-        {"plain", nullptr, kShort, nullptr, MB_OK | MB_ICONERROR},
         {"heading", _T("Save & leave?"), kShort, nullptr, MB_YESNOCANCEL | MB_ICONWARNING},
         {"wide heading", kWide, kShort, nullptr, MB_OK | MB_ICONINFORMATION},
-        {"heading without an icon", _T("Heading"), kShort, nullptr, MB_OK},
         {"heading over a long text", _T("Heading"), kLong, nullptr, MB_OKCANCEL | MB_ICONERROR},
-        {"check box", nullptr, kShort, _T("&Again"), MB_OK | MB_ICONQUESTION},
         {"wide check box", nullptr, kShort, kWide, MB_OKCANCEL},
         {"check box without a text", nullptr, kShort, _T(""), MB_OK},
-        {"check box below a long text", nullptr, kLong, _T("&Again"), MB_YESNO},
         {"both", kWide, kLong, _T("&Again"), MB_ABORTRETRYIGNORE | MB_ICONERROR | MB_HELP},
     };
     const Owner owner;
@@ -122,8 +118,7 @@ TEST(VaskWindow, HasItsPartsInTheirPlaces) {
 }
 
 TEST(VaskWindow, ClicksToggleTheCheckBoxAndComeBack) {
-    const std::tuple<int, int, int> rows[] = {{0, 0, 0}, {0, 1, 1}, {0, 2, 0}, {1, 0, 1},
-                                              {1, 1, 0}, {7, 0, 0}, {7, 1, 1}};
+    const std::tuple<int, int, int> rows[] = {{0, 2, 0}, {1, 0, 1}, {7, 1, 1}};
     for (const auto& [before, clicks, after] : rows) {
         SCOPED_TRACE(testing::Message() << before << " clicked " << clicks);
         const BoxDriver driver([&](HWND box) {
