@@ -15,6 +15,8 @@
 
 using quorvel::FindAny;
 using quorvel::FindChar;
+using quorvel::IsClass;
+using quorvel::kClassDelimiter;
 
 namespace {
 
@@ -168,6 +170,9 @@ namespace {
 // tag. False only means that it takes a closer look.
 bool IsPlainEndTag(const WCHAR* text, int textLength, int startTagOpen, int open, int close) {
     const int length = close - open - 2;
+    if (length == 1) // worth its own way where tags are small and many
+        return text[close] == '>' && text[open + 2] == text[startTagOpen + 1] &&
+               BeginsPlainName(text[open + 2]) && IsClass(text[startTagOpen + 2], kClassDelimiter);
     return text[close] == '>' && length > 0 &&
            quorvel::TagNameLength(text + startTagOpen + 1, text + open + 2,
                                   textLength - open - 2) == length;

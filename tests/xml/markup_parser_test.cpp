@@ -73,6 +73,9 @@ TEST(MarkupParser, IndexesTags) {
         {"a slash in front of the cut makes it empty", _T("<a b='/>'></a>"), {{0, 7, 6, 7, 0}}},
         {"blanks in the end tag", _T("<a>< / a\n>"), {{0, 2, 3, 9, 0}}},
         {"a name that goes on with a slash", _T("<item/x></item>"), {{0, 7, 8, 14, 0}}},
+        {"a name of one letter that goes on with a slash", _T("<a/x></a>"), {{0, 4, 5, 8, 0}}},
+        {"the first letter of the name alone", _T("<ab></a>"), {}},
+        {"another name of one letter", _T("<a></b>"), {}},
         {"a bracket inside a tag", _T("<a <b></a>"), {{0, 5, 6, 9, 0}}},
         {"a tag called >", _T("<> ></>>"), {}},
     };
