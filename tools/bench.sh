@@ -5,7 +5,7 @@ set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
 
-sh "$root/tools/setup.sh" core bench
+sh "$root/tools/setup.sh" core bench demo
 build_preset linux-release quorvel_bench
 results=$root/build/linux-release/bench.json
 # The warm-up takes the first touch of memory that the machine has not used so far.

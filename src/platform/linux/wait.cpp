@@ -11,6 +11,7 @@
 #include <chrono>
 #include <ctime>
 #include <optional>
+#include <utility>
 
 namespace quorvel {
 
@@ -26,7 +27,11 @@ public:
     }
     bool IsValid() const { return m_descriptor >= 0; }
 
-    void Wake() { [[maybe_unused]] const int ignored = eventfd_write(m_descriptor, 1); }
+    // Its own thread is awake: what a look at a descriptor signals is seen by the wait that looks.
+    void Wake() {
+        if (m_thread != win32::GetCurrentThreadId()) [[maybe_unused]]
+            const int ignored = eventfd_write(m_descriptor, 1);
+    }
 
     void Enter(Waitable& thing) {
         const std::lock_guard lock(thing.m_mutex);
@@ -71,13 +76,15 @@ private:
     }
 
     const int m_descriptor;
+    const DWORD m_thread = win32::GetCurrentThreadId();
     std::vector<std::shared_ptr<WaitSource>> m_sources;
     std::vector<pollfd> m_polled; // the own descriptor, then those of the sources
 };
 
 void Waitable::Signal() {
     const std::lock_guard lock(m_mutex);
-    m_signalled = true;
+    if (std::exchange(m_signalled, true))
+        return; // who waits is awake already and has not taken it yet
     for (Waiter* const waiter : m_waiters)
         waiter->Wake();
 }

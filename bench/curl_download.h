@@ -1,0 +1,18 @@
+// libcurl as the peer of downloads: its header brings the system's socket names, which other files
+// of the benchmarks can't have beside Winsock's.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+constexpr int kDownloadBufferSize = 32768; // of either
+
+// Downloads to /dev/null, each time with a connection of its own.
+class CurlDownload {
+public:
+    explicit CurlDownload(const char* name);
+    bool Run(std::uintmax_t size); // whether every byte came
+
+private:
+    const std::unique_ptr<void, void (*)(void*)> m_curl;
+};

@@ -1,0 +1,13 @@
+// nginx on a free port of this machine, with a folder of its own, for as long as the program runs.
+#pragma once
+
+#include <string>
+
+namespace web_server {
+
+// The port; 0 when the server is not installed or does not start.
+int Port();
+// The path of a file in the server's folder; what is put there is served.
+std::string File(const std::string& name);
+
+} // namespace web_server
