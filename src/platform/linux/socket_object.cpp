@@ -58,7 +58,9 @@ NetworkEvents::Conditions Socket::ConditionsOf(short polled) {
     conditions.urgent = (polled & POLLPRI) != 0;
     conditions.hangUp = (polled & (POLLHUP | POLLERR)) != 0;
     conditions.data = (polled & POLLIN) != 0;
-    if (conditions.end || conditions.hangUp) { // readable then means no more than that
+    // Readable may mean no more than the end, and a poll may come upon that before it tells of it.
+    const bool connected = m_events.GetKind() == NetworkEvents::Kind::kConnected;
+    if (conditions.end || conditions.hangUp || (conditions.data && connected)) {
         int bytes = 0;
         conditions.data = ioctl(m_descriptor, posix::kBytesToRead, &bytes) == 0 && bytes > 0;
     }
