@@ -47,7 +47,7 @@ bool ReadInteger(View text, int& number) {
 }
 
 bool ReadStatusLine(View line, View& version, int& code) {
-    const View text = Trimmed(line);
+    const View text = Trimmed(line.substr(0, line.find(WCHAR{0})));
     version = text.substr(0, text.find_first_of(kBlanks));
     return !version.empty() && ReadInteger(Trimmed(text.substr(version.size())), code);
 }

@@ -32,7 +32,7 @@ CHttpHeader WithField(const WCHAR* name, const WCHAR* value) {
 }
 
 TEST(HttpHeader, AStatusLineIsAWordAndANumberOrChangesNothing) {
-    const std::tuple<const WCHAR*, const WCHAR*, int, UINT> rows[] = {
+    const std::tuple<CString, const WCHAR*, int, UINT> rows[] = {
         {_T("HTTP/1.1 404 Not Found\r\n\r\nbody\r\n\r\n"), _T("HTTP/1.1"), 404, 26},
         {_T(" \tHTTP/2 \t 0301x\r\n\r\n"), _T("HTTP/2"), 301, 20},
         {_T("x -5\r\n\r\n"), _T("x"), -5, 8},
@@ -42,9 +42,10 @@ TEST(HttpHeader, AStatusLineIsAWordAndANumberOrChangesNothing) {
         {_T("\r\nHTTP/1.1 200 OK\r\n\r\n"), nullptr, 0, 0},
         {_T("HTTP/1.1\r\n200\r\n\r\n"), nullptr, 0, 0},
         {_T("HTTP/1.1 - 2\r\n\r\n"), nullptr, 0, 0},
+        {CString(_T("HTTP/1.1\0 200\r\n\r\n"), 17), nullptr, 0, 0},
     };
     for (const auto& [text, version, code, length] : rows) {
-        SCOPED_TRACE(testing::PrintToString(CString(text)));
+        SCOPED_TRACE(testing::PrintToString(text));
         CHttpHeader header = WithField(_T("A"), _T("kept"));
         header.SetVersion(_T("old"));
         EXPECT_EQ(version != nullptr, header.InitializeFromStream(text) != FALSE);
