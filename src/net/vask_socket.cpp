@@ -261,9 +261,8 @@ BOOL CVaskSocket::LaunchThread(const CVaskSocketThreadParams& params) {
 }
 
 UINT CVaskSocket::Thread_NetworkEvents(void* params) {
-    const std::unique_ptr<CVaskSocketThreadParams> owned(
-        static_cast<CVaskSocketThreadParams*>(params));
-    const CVaskSocketThreadParams started = *owned;
+    const CVaskSocketThreadParams started =
+        *std::unique_ptr<CVaskSocketThreadParams>(static_cast<CVaskSocketThreadParams*>(params));
     if (started.GetSocket() != nullptr)
         quorvel::SocketWorker(started).Run();
     return 0;
