@@ -19,9 +19,8 @@ constexpr int kStatusHeaderParsed = 1000;
 struct UpdateRequest {
     CString url;
     bool headerOnly = true;
-    CString localFile;          // receives the whole response unless headerOnly is set
-    UINT receiveBufferSize = 0; // 0: the socket's own
-    UINT port = 80;
+    CString localFile;                 // receives the whole response unless headerOnly is set
+    UINT receiveBufferSize = 0;        // 0: the socket's own
     UINT hostTimeOut = 30000;          // of the look-up of the host, in milliseconds
     std::size_t headerLimit = 1 << 20; // a longer header is an error
 };
