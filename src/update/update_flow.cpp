@@ -24,9 +24,13 @@ constexpr DWORD kNoStatusCode = 1; // has the text of an unknown code
 constexpr int kSecondsBetweenChecks = 15;
 constexpr UINT kReport = MB_OK | MB_ICONEXCLAMATION;
 
-// A host may accept blanks in a file's address; nothing that is sent may hold any.
+// A host may accept blanks in a file's address; nothing that is sent may hold any, nor any that
+// becomes one: Windows writes the wide blanks of Unicode as 0x20 in its code pages.
 bool CanBeSent(const CString& url) {
-    const auto isRefused = [](WCHAR each) { return each <= ' ' || (each >= 0x7f && each <= 0xa0); };
+    const auto isRefused = [](WCHAR each) {
+        return each <= ' ' || (each >= 0x7f && each <= 0xa0) ||
+               (each >= 0x2000 && each <= 0x200a) || each == 0x3000;
+    };
     return std::none_of(url.GetString(), url.GetString() + url.GetLength(), isRefused);
 }
 

@@ -124,6 +124,7 @@ TEST_F(Check, ACheckThatMayNotStartSaysWhy) {
     } rows[] = {
         {_T("host.example"), 60, 0, 0, true, invalid},
         {_T("file:///a b"), 60, 0, 0, true, invalid},
+        {_T("http://h/a\x3000z"), 60, 0, 0, true, invalid},
         {url, 60, 0, 0, false, ""},
         {url, 14, 0, 0, true, recent},
         {url, -60, 0, 0, true, recent},
