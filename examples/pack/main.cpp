@@ -1,5 +1,5 @@
 // pack: compresses and decompresses files. See kUsage.
-#include "common/console.h"
+#include "common/program.h"
 
 #include <quorvel/frame/exception_text.h>
 #include <quorvel/framework/app.h>
@@ -32,12 +32,6 @@ exit code: 0 done, 1 failed, 2 wrong usage
 )";
 
 enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2 };
-
-// What ends the program: one line for the user.
-struct Failure {
-    ExitCode code;
-    CString text;
-};
 
 [[noreturn]] void FailUsage(const CString& reason) {
     throw Failure{exitUsage, reason + _T(" (pack --help)")};
@@ -197,29 +191,12 @@ void RunCommandLine(const Application& application, const std::vector<CString>& 
     FailUsage(_T("unknown command: ") + words[0]);
 }
 
-ExitCode Report(const Failure& failure) {
-    Print(stderr, _T("pack: ") + failure.text);
-    return failure.code;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    UsePlainStreams();
     const Application application;
-    try {
+    return RunProgram(_T("pack"), exitFailed, [&] {
         RunCommandLine(application, ProgramArguments(argc, argv));
-        if (std::fflush(stdout) != 0)
-            return Report({exitFailed, _T("standard output cannot be written")});
         return exitDone;
-    } catch (const Failure& failure) {
-        return Report(failure);
-    } catch (CException* exception) {
-        CString text;
-        AfxGetExceptionText(exception, text);
-        exception->Delete();
-        return Report({exitFailed, text});
-    } catch (const std::exception& exception) {
-        return Report({exitFailed, CString(exception.what())});
-    }
+    });
 }

@@ -1,10 +1,6 @@
 // settings: looks at settings in the registry and changes them. See kUsage.
 #include "registry.h"
 
-#include "common/console.h"
-
-#include <quorvel/frame/exception_text.h>
-#include <quorvel/framework/exceptions.h>
 #include <quorvel/util/text/utf8.h>
 
 #include <cstdio>
@@ -277,28 +273,9 @@ ExitCode Run(const std::vector<CString>& words) {
     FailUsage(_T("unknown command: ") + name);
 }
 
-ExitCode Report(const Failure& failure) {
-    Print(stderr, _T("settings: ") + failure.text);
-    return failure.code;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    UsePlainStreams();
-    try {
-        const ExitCode code = Run(ProgramArguments(argc, argv));
-        if (std::fflush(stdout) != 0 || std::ferror(stdout))
-            return Report({exitFailed, _T("standard output cannot be written")});
-        return code;
-    } catch (const Failure& failure) {
-        return Report(failure);
-    } catch (CException* exception) {
-        CString text;
-        AfxGetExceptionText(exception, text);
-        exception->Delete();
-        return Report({exitFailed, text});
-    } catch (const std::exception& exception) {
-        return Report({exitFailed, CString(exception.what())});
-    }
+    return RunProgram(_T("settings"), exitFailed,
+                      [&] { return Run(ProgramArguments(argc, argv)); });
 }

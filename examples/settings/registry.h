@@ -3,16 +3,12 @@
 
 #include "reg_text.h"
 
+#include "common/program.h"
+
 #include <quorvel/system/registry_path.h>
 
 // The exit codes of the program.
 enum ExitCode { exitDone = 0, exitNotFound = 1, exitFailed = 2 };
-
-// What ends the program: one line for the user.
-struct Failure {
-    ExitCode code;
-    CString text;
-};
 
 // "HKCU\Software\Name" or "HKEY_CURRENT_USER\Software\Name" as a path and back, with the long name.
 CRegistryPath ParsePath(const CString& text);

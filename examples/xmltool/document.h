@@ -1,6 +1,8 @@
 // A document that is read from a file or standard input, walked by paths, and written back.
 #pragma once
 
+#include "common/program.h"
+
 #include <quorvel/xml/check_xml.h>
 #include <quorvel/xml/markup.h>
 
@@ -10,12 +12,6 @@
 
 // The exit codes of the program.
 enum ExitCode { exitDone = 0, exitNotFound = 1, exitFailed = 2 };
-
-// What ends the program: one line for the user.
-struct Failure {
-    ExitCode code;
-    CString text;
-};
 
 // A step of a path: the number-th child of that name, counted from 1.
 struct Step {

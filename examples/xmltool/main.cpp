@@ -1,11 +1,6 @@
 // xmltool: looks at XML documents and changes them. See kUsage.
 #include "document.h"
 
-#include "common/console.h"
-
-#include <quorvel/frame/exception_text.h>
-#include <quorvel/framework/exceptions.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
@@ -220,28 +215,8 @@ ExitCode Run(const std::vector<CString>& words) {
     FailUsage(_T("unknown command: ") + name);
 }
 
-ExitCode Report(const Failure& failure) {
-    Print(stderr, _T("xmltool: ") + failure.text);
-    return failure.code;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    UsePlainStreams();
-    try {
-        const ExitCode code = Run(ProgramArguments(argc, argv));
-        if (std::fflush(stdout) != 0 || std::ferror(stdout) || !std::cout.flush())
-            return Report({exitFailed, _T("standard output cannot be written")});
-        return code;
-    } catch (const Failure& failure) {
-        return Report(failure);
-    } catch (CException* exception) {
-        CString text;
-        AfxGetExceptionText(exception, text);
-        exception->Delete();
-        return Report({exitFailed, text});
-    } catch (const std::exception& exception) {
-        return Report({exitFailed, CString(exception.what())});
-    }
+    return RunProgram(_T("xmltool"), exitFailed, [&] { return Run(ProgramArguments(argc, argv)); });
 }
