@@ -41,7 +41,7 @@ int Connection::OnReceive(int) {
     char buffer[4096];
     const int count = Receive(buffer, sizeof buffer);
     if (count == SOCKET_ERROR)
-        return GetLastError() == WSAEWOULDBLOCK ? 0 : SOCKET_ERROR;
+        return EndUnlessBlocked();
     if (m_answered)
         return count; // whatever the client still says
     m_request.append(buffer, static_cast<std::size_t>(count));
@@ -52,7 +52,8 @@ int Connection::OnReceive(int) {
         AnswerWith("431 Request Header Fields Too Large", "", "Too long.\n");
     else
         return count;
-    return SendMore() ? count : SOCKET_ERROR;
+    SendMore();
+    return count;
 }
 
 void Connection::Answer(const std::string& method, const std::string& path) {
@@ -83,11 +84,13 @@ void Connection::AnswerWith(const char* status, const std::string& fields,
 }
 
 BOOL Connection::OnSend(int) {
-    return !m_answered || SendMore();
+    if (m_answered)
+        SendMore();
+    return TRUE;
 }
 
 // Sends until the client cannot take more; then OnSend goes on.
-BOOL Connection::SendMore() {
+void Connection::SendMore() {
     for (;;) {
         if (m_pending.empty() && m_file.is_open()) {
             m_pending.resize(kBlock);
@@ -97,13 +100,23 @@ BOOL Connection::SendMore() {
         if (m_pending.empty()) {
             m_file.close();
             ShutDown(SD_SEND); // the client closes then
-            return TRUE;
+            return;
         }
         const int sent = Send(m_pending.data(), static_cast<int>(m_pending.size()));
-        if (sent == SOCKET_ERROR)
-            return GetLastError() == WSAEWOULDBLOCK;
+        if (sent == SOCKET_ERROR) {
+            EndUnlessBlocked();
+            return;
+        }
         m_pending.erase(0, static_cast<std::size_t>(sent));
     }
+}
+
+// A worker that only ended would tell the server nothing: the status of Close gets the connection
+// freed. 0, for the bytes that were received.
+int Connection::EndUnlessBlocked() {
+    if (GetLastError() != WSAEWOULDBLOCK)
+        Close();
+    return 0;
 }
 
 Server::Server(const fs::path& folder, HWND window) : m_folder(folder), m_window(window) {}

@@ -23,7 +23,8 @@ protected:
 private:
     void Answer(const std::string& method, const std::string& path);
     void AnswerWith(const char* status, const std::string& fields, const std::string& body);
-    BOOL SendMore();
+    void SendMore();
+    int EndUnlessBlocked();
 
     const std::filesystem::path m_folder;
     std::string m_request;

@@ -7,10 +7,12 @@
 import http.client
 import os
 import socket
+import struct
 import subprocess
 import sys
 import tempfile
 import threading
+import time
 
 BIG = os.urandom(5_000_000)
 FILES = {"index.html": b"<p>home", "big": BIG, "a b.txt": b"blank", "sub/index.html": b"sub"}
@@ -81,6 +83,22 @@ def check_odd_clients(port):
     return silent  # still open when the server ends
 
 
+def check_resets(port, handles):
+    """Clients that reset the connection in the middle of an answer leave nothing behind."""
+    with open("site/huge", "wb") as file:
+        file.truncate(1 << 28)  # more than the system takes off the server's hands
+    before = len(os.listdir(handles))
+    for _ in range(20):
+        with socket.create_connection(("127.0.0.1", port), timeout=30) as connection:
+            connection.sendall(b"GET /huge HTTP/1.1\r\n\r\n")
+            connection.recv(1)
+            connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+    end = time.monotonic() + 10
+    while len(os.listdir(handles)) > before and time.monotonic() < end:
+        time.sleep(0.01)
+    check(len(os.listdir(handles)) <= before, "reset connections are kept")
+
+
 def check_refusals(program, port):
     rows = [(["--port", "70000", "."], 2), (["no such folder"], 1), (["--port", str(port), "."], 1)]
     for arguments, code in rows:
@@ -100,6 +118,8 @@ def main(program):
         check(address.startswith("http://127.0.0.1:"), f"the first line is {address}")
         port = int(address.strip("/").split(":")[-1])
         check_answers(port)
+        if not program[-1].endswith(".exe"):  # whose launcher is another process
+            check_resets(port, f"/proc/{server.pid}/fd")
         silent = check_odd_clients(port)
         check_refusals(program, port)
         server.stdin.close()
