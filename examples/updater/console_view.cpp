@@ -55,9 +55,7 @@ void ConsoleView::SetProgressFigures(ULONGLONG, ULONGLONG, int percent, const WC
 }
 
 void ConsoleView::SetPublishedText(const WCHAR* text) {
-    if (m_publishedText != text)
-        PrintText(text);
-    m_publishedText = text;
+    PrintText(text);
 }
 
 void ConsoleView::SetLastCheckedText(const WCHAR* text) {

@@ -24,7 +24,6 @@ public:
 private:
     const bool m_alwaysYes;
     Result m_result = resultFailed;
-    CString m_publishedText; // told again only when it is another one
     int m_shownPercent = -1; // of the line that has no end yet
 };
 

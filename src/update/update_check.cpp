@@ -54,9 +54,8 @@ UpdateCheck::UpdateCheck(const CRegistryPath& path, const WCHAR* localUpdatesFil
 
 void UpdateCheck::Open() {
     ShowLastChecked();
-    if (Exists(m_fileName))
-        LoadListing();
-    ShowPublished();
+    if (!Exists(m_fileName) || !LoadListing())
+        ShowPublished();
 }
 
 void UpdateCheck::ShowLastChecked() const {

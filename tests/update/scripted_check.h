@@ -34,7 +34,10 @@ public:
             Note(Narrow(text));
         m_percent = percent;
     }
-    void SetPublishedText(const WCHAR* text) override { m_published = text; }
+    void SetPublishedText(const WCHAR* text) override {
+        m_published = text;
+        ++m_timesPublished;
+    }
     void SetLastCheckedText(const WCHAR* text) override { m_lastChecked = text; }
     void ShowListing(const CUpdateListing& listing) override {
         Note(std::to_string(listing.GetItems().size()) + " entries");
@@ -61,6 +64,7 @@ public:
     BOOL m_posts = FALSE;
     DWORD m_postedCode = 0;
     int m_percent = -1;
+    int m_timesPublished = 0;
     bool m_hidden = false;
     CString m_published, m_lastChecked;
     std::vector<Result> m_results;

@@ -279,6 +279,7 @@ TEST_F(Check, CancellingEndsEveryPhaseInSilence) {
 
 TEST_F(Check, OpeningShowsTheFileAndTheLastCheck) {
     EXPECT_EQ(_T("Local update file is dated 1/1/2024 12:00:00 AM."), view.m_published);
+    EXPECT_EQ(1, view.m_timesPublished);
     EXPECT_EQ(_T(""), view.m_lastChecked) << "never";
     AfxWriteProfileCheckForUpdatesLastChecked(path, {2024, 1, 2, 20, 0, 0});
     UpdateCheck none(path, folder.Path(_T("none.xml")), view, source);
