@@ -1,5 +1,5 @@
 // serve: a small server of static files over HTTP. See kUsage.
-#include "common/console.h"
+#include "common/program.h"
 #include "server.h"
 
 #include <quorvel/framework/app.h>
@@ -29,12 +29,6 @@ exit code: 0 done, 1 failed, 2 wrong usage
 )";
 
 enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2 };
-
-// What ends the program: one line for the user.
-struct Failure {
-    ExitCode code;
-    CString text;
-};
 
 struct Options {
     UINT port = 0;
@@ -135,25 +129,19 @@ int Run(const std::vector<CString>& arguments) {
         std::fputs(kUsage, stdout);
         return exitDone;
     }
-    try {
-        const Options options = ReadOptions(arguments);
-        if (!CVaskSocket::Initialize())
-            return exitFailed; // the box has said why
-        struct Deinitializer {
-            ~Deinitializer() { CVaskSocket::Deinitialize(); }
-        } const deinitializer;
-        Serve(options);
-        return exitDone;
-    } catch (const Failure& failure) {
-        Print(stderr, _T("serve: ") + failure.text);
-        return failure.code;
-    }
+    const Options options = ReadOptions(arguments);
+    if (!CVaskSocket::Initialize())
+        return exitFailed; // the box has said why
+    struct Deinitializer {
+        ~Deinitializer() { CVaskSocket::Deinitialize(); }
+    } const deinitializer;
+    Serve(options);
+    return exitDone;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    UsePlainStreams();
     CWinApp app(_T("serve"));
-    return Run(ProgramArguments(argc, argv));
+    return RunProgram(_T("serve"), exitFailed, [&] { return Run(ProgramArguments(argc, argv)); });
 }

@@ -1,5 +1,5 @@
 // updater: checks a web server for an update listing and shows it. See kUsage.
-#include "common/console.h"
+#include "common/program.h"
 #include "console_view.h"
 
 #include <quorvel/framework/app.h>
@@ -39,11 +39,6 @@ exit code: 0 up to date, 1 the check failed or was refused, 2 wrong usage, 3 not
 enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2, exitNotDownloaded = 3 };
 
 volatile std::sig_atomic_t g_isInterrupted = 0;
-
-struct Failure {
-    ExitCode code;
-    CString text;
-};
 
 struct Options {
     CString site;
@@ -117,6 +112,9 @@ int Update(const Options& options) {
         return exitDone;
     case ConsoleView::resultFailed:
         return exitFailed;
+    case ConsoleView::resultCancelled:
+        Print(stdout, _T("The check was cancelled."));
+        return exitNotDownloaded;
     default:
         return exitNotDownloaded;
     }
@@ -127,25 +125,19 @@ int Run(const std::vector<CString>& arguments) {
         std::fputs(kUsage, stdout);
         return exitDone;
     }
-    try {
-        const Options options = ReadOptions(arguments);
-        if (!CVaskSocket::Initialize())
-            return exitFailed; // the box has said why
-        struct Deinitializer {
-            ~Deinitializer() { CVaskSocket::Deinitialize(); }
-        } const deinitializer;
-        return Update(options);
-    } catch (const Failure& failure) {
-        Print(stderr, _T("updater: ") + failure.text);
-        return failure.code;
-    }
+    const Options options = ReadOptions(arguments);
+    if (!CVaskSocket::Initialize())
+        return exitFailed; // the box has said why
+    struct Deinitializer {
+        ~Deinitializer() { CVaskSocket::Deinitialize(); }
+    } const deinitializer;
+    return Update(options);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    UsePlainStreams();
     std::signal(SIGINT, [](int) { g_isInterrupted = 1; });
     CWinApp app(_T("updater"));
-    return Run(ProgramArguments(argc, argv));
+    return RunProgram(_T("updater"), exitFailed, [&] { return Run(ProgramArguments(argc, argv)); });
 }
