@@ -220,8 +220,10 @@ void UpdateCheck::OnDownloaded() {
     if (!m_hasHeader)
         return End(View::resultFailed, ResponseCode());
     CString errorText;
-    if (!CopyResponseBody(TemporaryFileName(), Connection()->GetHeader().GetLength(), m_fileName,
-                          errorText)) {
+    const bool isCopied = CopyResponseBody(
+        TemporaryFileName(), Connection()->GetHeader().GetLength(), m_fileName, errorText);
+    LetGo(); // before any box, or the timer would tell of the end again while it is shown
+    if (!isCopied) {
         SetLastModified(m_formerLastModified);
         GetView().ShowMessage(errorText, MB_OK | MB_ICONEXCLAMATION);
         return End(View::resultFailed);
@@ -237,6 +239,7 @@ void UpdateCheck::Reset() {
     m_listing.RemoveAll();
     m_listing.SetPublishedDate(COleDateTime());
     SetLastModified(COleDateTime());
+    m_formerLastModified = COleDateTime(); // nor does a download that fails now bring it back
     DeleteFileW(m_fileName);
     ShowPublished();
     GetView().ShowListing(m_listing);

@@ -235,20 +235,34 @@ TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
 
 TEST_F(Check, FilesThatFailAreNamedAndTheOldListingStays) {
     const CString target = folder.Path(_T("none/updates.xml"));
+    const COleDateTime earlier(2024, 1, 1, 0, 0, 0);
+    AfxWriteProfileCheckForUpdatesLastModified(path, earlier);
     UpdateCheck lost(path, target, view, source);
-    ASSERT_TRUE(lost.Check());
-    source.Answer(lost, kHead);
-    view.Take();
-    source.Answer(lost, Response(Length(kNew.size()), kNew));
-    ExpectShown("(30) An error has occurred while creating the file '" + Narrow(target) + "'.");
-    EXPECT_EQ(COleDateTime(), LastModified()) << "to be offered again";
+    for (const bool isReset : {false, true}) {
+        ASSERT_TRUE(lost.Check());
+        source.Answer(lost, kHead);
+        if (isReset)
+            lost.Reset();
+        view.Take();
+        view.m_onMessage = [&] {
+            source.m_last->m_hasEnded = true;
+            lost.Poll(); // by a timer, while the box is shown
+        };
+        source.Answer(lost, Response(Length(kNew.size()), kNew));
+        const std::string shown = view.Take();
+        const std::string box =
+            "(30) An error has occurred while creating the file '" + Narrow(target) + "'.";
+        EXPECT_NE(std::string::npos, shown.find(box)) << shown;
+        EXPECT_EQ(shown.find(box), shown.rfind(box)) << "twice";
+        EXPECT_EQ(isReset ? COleDateTime() : earlier, LastModified()) << "to be offered again";
+        source.m_now += COleDateTimeSpan(1.0);
+    }
 
-    source.m_now += COleDateTimeSpan(1.0);
     const EnvironmentVariable noFolder(kTemporaryVariable, Narrow(folder.Path(_T("none"))).c_str());
     ASSERT_TRUE(check.Check());
     source.Answer(check, kHead);
     ExpectShown("(10) A system error has occurred.");
-    EXPECT_EQ(std::vector(2, View::resultFailed), view.m_results);
+    EXPECT_EQ(std::vector(3, View::resultFailed), view.m_results);
 }
 
 TEST_F(Check, CancellingEndsEveryPhaseInSilence) {
