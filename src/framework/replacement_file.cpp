@@ -5,6 +5,8 @@
 #include "platform/replace_file.h"
 #include "platform/win32.h"
 
+#include <utility>
+
 namespace quorvel {
 
 namespace {
@@ -33,8 +35,10 @@ ReplacementFile::ReplacementFile(const WCHAR* path)
     if (exists)
         CloseHandle(m_file);
     m_file = INVALID_HANDLE_VALUE;
-    if (!isOrdinary || !CreateSibling())
-        CreateInPlace();
+    if (isOrdinary && CreateSibling())
+        return;
+    CreateInPlace();
+    m_holdsOldContent = exists && isOrdinary;
 }
 
 ReplacementFile::~ReplacementFile() {
@@ -64,13 +68,19 @@ bool ReplacementFile::CreateSibling() {
 }
 
 void ReplacementFile::CreateInPlace() {
-    m_file = CreateFileW(m_target, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+    m_file = CreateFileW(m_target, GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
                          FILE_ATTRIBUTE_NORMAL, nullptr);
     if (m_file == INVALID_HANDLE_VALUE)
         ThrowLastError();
 }
 
+void ReplacementFile::EmptyTarget() {
+    if (std::exchange(m_holdsOldContent, false) && !SetEndOfFile(m_file))
+        ThrowLastError();
+}
+
 void ReplacementFile::Write(const void* bytes, UINT count) {
+    EmptyTarget();
     DWORD written = 0;
     if (!WriteFile(m_file, bytes, count, &written, nullptr))
         ThrowLastError();
@@ -79,6 +89,7 @@ void ReplacementFile::Write(const void* bytes, UINT count) {
 }
 
 void ReplacementFile::Commit() {
+    EmptyTarget();
     const bool closed = CloseHandle(m_file) != FALSE;
     m_file = INVALID_HANDLE_VALUE;
     if (closed && (m_sibling.IsEmpty() || MoveOver(m_sibling, m_target)))

@@ -3,7 +3,8 @@
 // What is written goes to a new file in the target's folder, which takes the target's place in
 // Commit; without a Commit, and when the process ends before, the target is as it was. A symbolic
 // link stays one: the file it leads to is replaced. Where the target is no ordinary file, or the
-// folder takes no second one, the target is written in place and this promise does not hold.
+// folder takes no second one, the target is written in place: it keeps its content until the first
+// Write, and from then on this promise does not hold.
 // Nothing is forced to the disk: after a power cut either content may be there.
 //
 // Failures throw CFileException with the target's name. One thread.
@@ -28,11 +29,13 @@ public:
 private:
     bool CreateSibling();
     void CreateInPlace();
+    void EmptyTarget();
     [[noreturn]] void ThrowLastError() const;
 
     const CString m_path;
     CString m_target;
-    CString m_sibling; // empty: written in place
+    CString m_sibling;              // empty: written in place
+    bool m_holdsOldContent = false; // in place, and nothing was written yet
     HANDLE m_file = INVALID_HANDLE_VALUE;
 };
 
