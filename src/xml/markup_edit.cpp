@@ -125,8 +125,8 @@ void CMarkup::x_Adjust(int iPos, int shift, bool afterPos) {
 }
 
 int CMarkup::LastChildOf(int iPosParent) {
-    constexpr int kLongWalk =
-        16; // a short one is not worth forgetting the last child of a long list
+    // A shorter one is not worth forgetting the last child of a long list for.
+    constexpr int kLongWalk = 16;
     if (m_iLastChild != 0 && m_iLastChildParent == iPosParent)
         return m_iLastChild;
     int iPos = m_aPos[iPosParent].iFirstChild;

@@ -217,8 +217,8 @@ bool CMarkup::SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int op
 }
 
 // Parses the next element below `iPosParent` from that record's cursor (nEndTagOpen) on. Returns
-// its index; 0 when an end tag comes first; -1 with the error text set. A state machine over the
-// angle brackets: each turn of the loop consumes one tag or node.
+// its index; 0 with the cursor at an end tag when that comes first; -1 with the error text set. A
+// state machine over the angle brackets: each turn of the loop consumes one tag or node.
 int CMarkup::x_ParseElem(int iPosParent) {
     const WCHAR* text = m_strDoc;
     const int length = m_strDoc.GetLength();
@@ -263,8 +263,10 @@ int CMarkup::x_ParseElem(int iPosParent) {
             afterName = token.nNext;
         }
         if (isEndTag) {
-            if (parent == iPosParent)
+            if (parent == iPosParent) {
+                records[parent].nEndTagOpen = open;
                 return 0;
+            }
             ElemPos& element = records[parent];
             if (IsPlainEndTag(text, length, element.nTagOpen, open, close)) {
                 scanner.Skip(2);

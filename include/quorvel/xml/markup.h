@@ -5,6 +5,11 @@
 // materialised. Reading decodes from the text on demand, and an edit splices the text and shifts
 // the positions that lie behind it.
 //
+// A caller stands on one level of the tree, with three positions: the parent of the level (none at
+// document level), the current or main element among the parent's children, and a child of the main
+// element. Each of the last two may be none. FindElem and FindChildElem move along a level,
+// IntoElem and OutOfElem to the next one; a parse leaves none of the three.
+//
 // Limits. Positions are 32-bit: a document has at most 2147483646 characters. A text or an edit
 // that would pass that, or finds no memory, throws CMemoryException and changes nothing (where
 // there is memory for a text but not for its index, the text is kept with an empty index). Parsing
@@ -22,12 +27,11 @@
 // - "<" directly followed by a delimiter other than "/", "!" and "?" names the tag by that one
 //   delimiter, so that the tag "<>" is called ">" and ends at the next ">".
 // - White space between "<" and "/" is allowed; between "<" and "!" or "?" it is an "Invalid node".
-// - Comments, sections and instructions end at the first terminator found from their "<" on:
-// "<!-->"
-//   and "<?>" are complete. Any "<![" opens a CDATA section and any "<!-" a comment.
+// - Comments, sections and instructions end at the first terminator behind their "<", so that
+//   "<!-->" and "<?>" are complete. Any "<![" opens a CDATA section and any "<!-" a comment.
 // - In a document type declaration every unquoted "[" and "]" counts, inside a longer word too.
-// - A ">" directly after the "/" of an end tag leaves it not completed, whatever the element is
-// called.
+// - An end tag whose ">" comes directly after its "/" is not completed, whatever the element's
+//   name.
 //
 // An object is used by one thread at a time; different objects are independent.
 #pragma once
@@ -67,9 +71,9 @@ public:
     CString& GetDocRef(); // who changes it calls SetDoc before using positions again
     const CString& GetDocConstRef() const;
 
-    void ResetPos();
-    void ResetMainPos();
-    void ResetChildPos();
+    void ResetPos();      // no position: before the root
+    void ResetMainPos();  // neither main nor child position: before the first element of the level
+    void ResetChildPos(); // no child position: before the first child
 
     // The next element of that name (of any name for null or empty) after the main position at this
     // level. A name matches a tag when it begins with the whole tag name and goes on with nothing
@@ -79,7 +83,11 @@ public:
     // position the first element of this level becomes it; where there is none, the result is
     // false.
     bool FindChildElem(const WCHAR* name = nullptr);
+    // Down one level: the main element becomes the parent and the child position the main one (none
+    // stays none, so that FindElem then finds the first child). False without a main element.
     bool IntoElem();
+    // Up one level: the parent becomes the main element and the main position the child one. False
+    // at document level.
     bool OutOfElem();
 
     // Empty where there is no such element or attribute.
@@ -103,7 +111,7 @@ public:
     bool AddChildElem(const WCHAR* name, const WCHAR* value = nullptr);
     // Set an attribute of the main or child element, adding it when it is absent; Add and Set are
     // the same operation. False without an element, for a null name or value, and where the present
-    // value holds the ">" at which the tag was cut.
+    // value reaches to the ">" at which the tag was cut or lies behind it.
     bool AddAttrib(const WCHAR* name, const WCHAR* value);
     bool SetAttrib(const WCHAR* name, const WCHAR* value);
     bool AddChildAttrib(const WCHAR* name, const WCHAR* value);

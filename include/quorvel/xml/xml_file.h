@@ -28,8 +28,9 @@ public:
     explicit CXMLFileException(int cause = none, const WCHAR* fileName = nullptr);
 
     static BOOL IsValidCause(int cause);
-    // The text of the cause as it stands in the catalogue, its insert not filled. FALSE for a null
-    // buffer or a cause outside the enumeration. The help context is not touched.
+    // The text of the cause as it stands in the catalogue, its insert not filled, cut to maxChars
+    // characters with the terminating zero. FALSE for no buffer or a cause outside the enumeration.
+    // The help context is not touched.
     BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr) override;
 };
 
@@ -48,13 +49,16 @@ QUORVEL_API BOOL AfxGetXMLFileExceptionErrorMessage(int cause, CString& text);
 QUORVEL_API int AfxDetermineXMLFileEncoding(const BYTE* bytes, DWORD length, CString& encoding,
                                             BOOL& bigEndian, int& charSize, int& bomLength);
 
-// Loads a file into the document. Non-zero on success; otherwise `errorText` says why, and the
-// document holds what had been parsed by then: nothing has changed but the positions up to the
-// point where the text itself is refused.
+// Loads a file into the document. Non-zero on success; otherwise `errorText` says why. Up to the
+// point where the text itself is tried nothing has changed but the positions, which are reset; then
+// the declaration is stored and the document replaced, well-formed or not. Where nothing follows
+// the declaration the document stays, and for UTF-16 it is then the one that is or is not
+// well-formed (deliberate: SetDoc refuses an empty text).
 //
 // The encoding is that of the byte order mark or of the declaration, which is searched at the very
 // start only: UTF-8, UTF-16 in both byte orders, and every single- or multi-byte code page that
-// MultiByteToWideChar knows, EBCDIC included. UTF-32 is refused. The declaration is taken off the
+// MultiByteToWideChar knows, EBCDIC included. UTF-32 is refused, and so are files of fewer than 5
+// or more than 2147483647 bytes. The declaration is taken off the
 // text and stored with SetXMLDeclaration; without one the document keeps the one it had
 // (deliberate; so is that for UTF-16 the declaration is offered with as many following characters
 // as it has itself, and hence is stored only where these end in "?>"). Of 1-byte characters every
@@ -74,6 +78,6 @@ QUORVEL_API int AfxLoadXMLFile(const WCHAR* fileName, CMarkup& markup, CString& 
 // What was there before is only replaced by a complete file: the text is written to a new file in
 // the same folder, which then takes the name, the permissions and, where the name is a symbolic
 // link, the place of the old one. Where no second file can be made in the folder, the file is
-// written in place.
+// written in place, and is lost where that fails once it has begun.
 QUORVEL_API int AfxSaveXMLFile(CMarkup& markup, const WCHAR* fileName, CString& errorText,
                                CLengthyOperationHandler* handler = nullptr);
