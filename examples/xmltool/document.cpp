@@ -33,12 +33,10 @@ Step ParseStep(const CString& text) {
     if (bracket < 0)
         return step;
     step.number = 0;
-    for (const WCHAR* digit = text.GetString() + bracket + 1; *digit != ']'; ++digit) {
-        if (*digit < '0' || *digit > '9' || step.number > 100000000)
-            return Step{CString(), 0};
-        step.number = step.number * 10 + (*digit - '0');
-    }
-    return text.Right(1) == _T("]") ? step : Step{CString(), 0};
+    const WCHAR* rest = text.GetString() + bracket + 1;
+    for (; *rest >= '0' && *rest <= '9' && step.number <= 100000000; ++rest)
+        step.number = step.number * 10 + (*rest - '0');
+    return CString(rest) == _T("]") ? step : Step{CString(), 0};
 }
 
 // The loader overlooks an encoding that is set apart from its "=", and would read other characters.

@@ -91,7 +91,7 @@ ROWS = {
     ]
     + [
         Row(["get", path, "plain.xml"], code=2, error="not a path as in /rss/channel/item[2]: " + path)
-        for path in "a,//a,/a/,/a[0],/a[1,/a[1]b,/a[99999999999]".split(",")
+        for path in "a,//a,/a/,/a[0],/a[1,/a[1]b,/a[1]],/a[99999999999]".split(",")
     ],
     "editing": [
         Row(["set", "/a", "@b", "1\"<é", "plain.xml"], files={"plain.xml": utf8('<a b="1&quot;&lt;é">1</a>')}),
