@@ -244,13 +244,24 @@ TEST(Registry, DataComesBackWithItsKindAndSize) {
 TEST(Registry, NamesAreEnumeratedInOrder) {
     const TestKey test;
     const std::vector<Wide> expected = {_T("_"), _T("A"), _T("b"), _T("B2"), _T("c"), _T("\u00c4")};
-    for (const WCHAR* name : {_T("b"), _T("\u00c4"), _T("A"), _T("_"), _T("c"), _T("B2")}) {
-        ASSERT_EQ(Create(test.Get(), name), 0);
-        ASSERT_EQ(Set(test.Get(), name, REG_BINARY, "xyz"), 0);
+    struct Row {
+        const WCHAR* name;
+        const WCHAR* first; // what an enumeration begins with from then on
+    };
+    Wide name;
+    for (const Row& row : {Row{_T("b"), _T("b")},
+                           {_T("\u00c4"), _T("b")},
+                           {_T("A"), _T("A")},
+                           {_T("_"), _T("_")},
+                           {_T("c"), _T("_")},
+                           {_T("B2"), _T("_")}}) {
+        ASSERT_EQ(Create(test.Get(), row.name), 0);
+        ASSERT_EQ(Set(test.Get(), row.name, REG_BINARY, "xyz"), 0);
+        EXPECT_TRUE(EnumKey(test.Get(), 0, name) == 0 && name == row.first);
+        EXPECT_TRUE(EnumValue(test.Get(), 0, name) == 0 && name == row.first);
     }
     EXPECT_EQ(AllNames(test.Get(), EnumKey), expected);
     EXPECT_EQ(AllNames(test.Get(), EnumValue), expected);
-    Wide name;
     for (const DWORD index : {5u, 3u, 3u, 4u, 0u, 2u}) { // not only one after another
         EXPECT_EQ(EnumValue(test.Get(), index, name), 0);
         EXPECT_EQ(name, expected[index]);

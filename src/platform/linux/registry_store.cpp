@@ -114,15 +114,18 @@ DWORD TakeData(const RegistryQuery& row, int column, RegistryValue& value) {
     return ERROR_SUCCESS;
 }
 
-// Where an enumeration begins to look, and how many it passes over.
+// Where an enumeration begins to look, and how many it passes over. One that begins again sees what
+// has come before the cursor meanwhile.
 struct Start {
     std::string fold;
     DWORD offset;
 };
 Start StartOf(const RegistryCursor& cursor, DWORD index) {
-    if (!cursor.fold.empty() && index == cursor.index)
+    if (index == 0 || cursor.fold.empty())
+        return {std::string(), index};
+    if (index == cursor.index)
         return {cursor.fold, 0};
-    if (!cursor.fold.empty() && index == cursor.index + 1)
+    if (index == cursor.index + 1)
         return {cursor.fold + '\0', 0}; // the first that can come after it
     return {std::string(), index};
 }
