@@ -218,10 +218,8 @@ private:
 
     bool ReadYear(int& year) {
         const int digits = ReadDigits(year);
-        if (digits == 3)
-            year += 1900;
-        else if (digits <= 2 && year >= 0)
-            year += year < 50 ? 2000 : 1900;
+        if (digits <= 3 && year >= 0)
+            year += digits < 3 && year < 50 ? 2000 : 1900;
         return digits != 0;
     }
 

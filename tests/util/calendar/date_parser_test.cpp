@@ -71,7 +71,7 @@ TEST(DateParser, TheOrderIsThatOfTheSlashesOnly) {
 TEST(DateParser, ATextThatIsNoDateLeavesTheDate) {
     // A word ends at a blank, and 5:06 PM is not 5:06.
     for (const WCHAR* text :
-         {static_cast<const WCHAR*>(nullptr), _T("4Mar2007"), _T("0099-03-04"),
+         {static_cast<const WCHAR*>(nullptr), _T("4Mar2007"), _T("0099-03-04"), _T("4 Mar -107"),
           _T("4/3/2007 5:06 PM"), _T("0100-01-01T00:30:00+01:00"),
           _T("Thu, 29 Feb 2007 05:06:07 GMT"), _T("Sun, 04 Mar 2007 24:00:00 GMT"),
           _T("Sun, 04 Mar 2007 05:06:07 +0160"), _T("4 Mar 99999999999999999999 05:06:07 GMT")})
