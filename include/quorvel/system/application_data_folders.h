@@ -31,6 +31,7 @@ public:
     };
 
     CApplicationDataFolders();
+    // Null counts as an empty name.
     CApplicationDataFolders(const WCHAR* companyName, const WCHAR* productName,
                             const WCHAR* productVersion);
     CApplicationDataFolders(const CApplicationDataFolders& other) = default;

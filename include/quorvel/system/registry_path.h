@@ -44,7 +44,8 @@ public:
     virtual ~CRegistryPath();
 
     // The key, opened for reading and writing; CreateSubKey makes what is missing. The result is
-    // the system's error code, 0 for success; the caller closes the key with RegCloseKey.
+    // the system's error code, 0 for success; the caller then closes the key with RegCloseKey. On
+    // failure `key` is null, as without a root (ERROR_INVALID_HANDLE).
     LONG CreateSubKey(HKEY& key) const;
     LONG OpenSubKey(HKEY& key) const;
 

@@ -13,6 +13,8 @@ class CFile;
 // source is read in whole chunks, so that its position is afterwards at or behind the last byte
 // that was used. What is written goes to the destination's position, and stays there on failure.
 //
+// `level` is zlib's: -1 for its own choice, or 0 (none) to 9 (smallest).
+//
 // TRUE sets the counts to the bytes used of the source and written to the destination, modulo 2^32.
 // FALSE leaves both 0; it comes without a message when the source is empty or at its end already,
 // and when progress is to be shown and the caption or the status is not a valid string. Any other

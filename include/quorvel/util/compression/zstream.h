@@ -26,8 +26,9 @@ public:
     ~CZStream();
 
     // Deliberate: the first pair returns TRUE for success, the second zlib's own code, so that 0 is
-    // success. Each Init forgets input that an earlier stream has left over. DeflateEnd gives FALSE
-    // for a stream that was begun and not finished, although it frees it.
+    // success. `level` is zlib's, -1 to 9. Each Init forgets input that an earlier stream has left
+    // over. DeflateEnd gives FALSE for a stream that was begun and not finished, although it frees
+    // it.
     BOOL DeflateInit(int level);
     BOOL DeflateEnd();
     int InflateInit();
