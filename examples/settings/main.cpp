@@ -209,6 +209,10 @@ ExitCode Export(Arguments& arguments) {
     const Wide text = FormatRegText(keys);
     if (file == kStandardStream) {
         const CStringA bytes = Utf8(text.c_str());
+        CString readBack;
+        if (!AfxUTF8ToWideChar(bytes, readBack) || readBack != text.c_str())
+            throw Failure{exitFailed, TextOf(path) + _T(": half a surrogate pair in it, which "
+                                                        "UTF-8 cannot hold; export to a FILE")};
         std::fwrite(bytes.GetString(), 1, static_cast<std::size_t>(bytes.GetLength()), stdout);
         return exitDone;
     }

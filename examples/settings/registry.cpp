@@ -121,6 +121,11 @@ void RequireOneLine(const Wide& name, const CRegistryPath& path) {
         throw Failure{exitFailed, TextOf(path) + _T(": a name in it has more than one line")};
 }
 
+void RequireRemovable(const CRegistryPath& path) {
+    if (path.GetSubKey().IsEmpty())
+        throw Failure{exitFailed, TextOf(path) + _T(" cannot be removed as a whole")};
+}
+
 bool IsBelow(const CString& text, const CString& path) {
     const int length = path.GetLength();
     return text.Left(length).CompareNoCase(path) == 0 &&
@@ -135,7 +140,8 @@ CRegistryPath ParsePath(const CString& text) {
     CString rest = separator < 0 ? CString() : text.Mid(separator + 1);
     rest.TrimRight(_T('\\'));
     for (const Root& root : kRoots)
-        if (first.CompareNoCase(root.shortName) == 0 || first.CompareNoCase(root.name) == 0)
+        if (rest.Left(1) != _T("\\") &&
+            (first.CompareNoCase(root.shortName) == 0 || first.CompareNoCase(root.name) == 0))
             return CRegistryPath(root.key, rest);
     throw Failure{exitFailed, _T("not a path as in HKCU\\Software\\Name: ") + text};
 }
@@ -218,18 +224,21 @@ void RemoveValue(const CRegistryPath& path, const CString& name) {
 }
 
 void RemoveKey(const CRegistryPath& path) {
-    if (path.GetSubKey().IsEmpty())
-        throw Failure{exitFailed, TextOf(path) + _T(" cannot be removed as a whole")};
+    RequireRemovable(path);
     for (const Wide& name : ReadKeyNames(path))
         RemoveKey(CRegistryPath(path, name.c_str()));
     RequireWritten(RegDeleteKeyW(path.GetSectionKey(), path.GetSubKey()), TextOf(path));
 }
 
 void Apply(const CRegistryPath& path, const std::vector<RegKey>& keys) {
-    for (const RegKey& key : keys)
-        if (!IsBelow(TextOf(ParsePath(key.path.c_str())), TextOf(path)))
+    for (const RegKey& key : keys) {
+        const CRegistryPath target = ParsePath(key.path.c_str());
+        if (!IsBelow(TextOf(target), TextOf(path)))
             throw Failure{exitFailed,
                           CString(key.path.c_str()) + _T(" is not below ") + TextOf(path)};
+        if (key.isRemoval)
+            RequireRemovable(target);
+    }
     for (const RegKey& key : keys)
         ApplyKey(ParsePath(key.path.c_str()), key);
 }

@@ -74,7 +74,11 @@ ROWS = [
     (["import", "{P}"], 0, "", None, HEADER + "[-{P}\\A]\r\n[{P}\\c]\r\n"),
     (["list", "{P}\\A"], 1, "", READING),
     (["remove", "HKCU\\"], 2, "", "HKEY_CURRENT_USER cannot be removed as a whole"),
+    (["import", "HKCU"], 2, "", "HKEY_CURRENT_USER cannot be removed as a whole", HEADER + "[-{P}]\r\n[-HKEY_CURRENT_USER]"),
+    (["import", "HKCU"], 2, "", "not a path as in HKCU\\Software\\Name: HKCU\\\\x", HEADER + "[-{P}]\r\n[HKCU\\\\x]"),
     (["import", "{P}", "."], 2, "", ".: cannot be read"),
+    (["import", "{P}"], 0, "", None, "\ufeff" + HEADER + '[{P}\\c]\r\n"half a pair"="\ud800"'),
+    (["export", "{P}"], 2, "", "{P}: half a surrogate pair in it"),
     (["set", "{P}\\c", "a\nb", "c"], 0, "", None),
     (["export", "{P}"], 2, "", "{P}\\c: a name in it has more than one line"),
     (["wipe", "{P}"], 2, "", "unknown command: wipe"),
@@ -91,8 +95,9 @@ def with_key(text):
 def problems_of(program, folder, row):
     arguments, code, out, error, *rest = row
     stdin = with_key(rest[0]) if rest else ""
+    stdin = stdin.encode("utf-16-le" if stdin.startswith("\ufeff") else "utf-8", "surrogatepass")
     run = subprocess.run(
-        program + [with_key(word) for word in arguments], cwd=folder, input=stdin.encode(), capture_output=True
+        program + [with_key(word) for word in arguments], cwd=folder, input=stdin, capture_output=True
     )
     errors = run.stderr.decode(errors="replace").replace("\r\n", "\n")
     printed = run.stdout.decode(errors="replace")
