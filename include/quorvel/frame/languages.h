@@ -13,8 +13,9 @@
 
 #include <vector>
 
-// The locale's names: "DEU", "German (Germany)" in the user's language and in English, and
-// "Deutsch". FALSE for a language that the system does not support.
+// The locale's names: "DEU"; language and country in the user's language, "German (Germany)"; the
+// language in English, "German", and in itself, "Deutsch". FALSE for a language that the system
+// does not support.
 QUORVEL_API BOOL AfxGetAbbreviatedLanguageName(LANGID language, CString& name);
 QUORVEL_API BOOL AfxGetAbbreviatedLanguageName(WORD primary, WORD sub, CString& name);
 QUORVEL_API BOOL AfxGetLanguageName(LANGID language, CString& name);

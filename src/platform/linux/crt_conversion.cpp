@@ -236,9 +236,9 @@ constexpr SizePrefix kSizePrefixes[] = {
     {"l", Size::Long},
     {"w", Size::Wide},
     {"h", Size::Short},
-    {"L", Size::None}, // the Windows runtime's long
-                       // double is a double
-    {"F", Size::None}, // far and near pointers of long ago
+    // The Windows runtime's long double is a double; F and N are far and near pointers of long ago.
+    {"L", Size::None},
+    {"F", Size::None},
     {"N", Size::None},
 };
 

@@ -10,10 +10,12 @@ namespace quorvel::win32 {
 // Formats a text (FORMAT_MESSAGE_FROM_STRING, `source` is a const WCHAR*) or the text of a system
 // error code (FORMAT_MESSAGE_FROM_SYSTEM, English whatever the language, ending in "\r\n"; also for
 // the HRESULT made of a code). Returns the length without the terminator, or 0 with the last error:
+//
 //   ERROR_INVALID_PARAMETER    the source's inserts or escapes, the flags or a pointer
-//   ERROR_INSUFFICIENT_BUFFER  `size`, terminator included, is too small; what fits is in the
-//   buffer ERROR_MR_MID_NOT_FOUND     no text for that code ERROR_NO_WORK_DONE         the result
-//   is the empty text ERROR_NOT_ENOUGH_MEMORY
+//   ERROR_INSUFFICIENT_BUFFER  `size`, terminator included, is too small: it holds what fits
+//   ERROR_MR_MID_NOT_FOUND     there is no text for that code
+//   ERROR_NO_WORK_DONE         the result is the empty text
+//   ERROR_NOT_ENOUGH_MEMORY    for the result or the buffer
 //
 // %1 to %99 insert an argument, %1!form! prints it by a printf form (without %, at most 30
 // characters; integers, characters, texts and pointers; one conversion, then plain text), %0 ends
