@@ -3,19 +3,14 @@
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/res/message_ids.h>
 
+#include "framework/local_text.h"
 #include "platform/win32.h"
-
-#include <memory>
 
 namespace {
 
 constexpr int kFileCauses = CFileException::endOfFile + 1;
 constexpr int kArchiveCauses = CArchiveException::badSchema + 1;
 constexpr UINT kExceptionTextSize = 256; // in characters, the terminator included
-
-struct FreeLocal {
-    void operator()(WCHAR* text) const { LocalFree(text); }
-};
 
 // The texts of the causes follow each other in the catalogue.
 BOOL LoadCauseText(UINT firstTextId, int cause, CString& text) {
@@ -31,7 +26,7 @@ BOOL AfxGetSystemErrorText(DWORD error, CString& text) {
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
         nullptr, error, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
         reinterpret_cast<LPWSTR>(&allocated), 0, nullptr);
-    const std::unique_ptr<WCHAR, FreeLocal> owner(allocated);
+    const quorvel::LocalText owner(allocated);
     if (length == 0)
         return FALSE;
     text.SetString(allocated, static_cast<int>(length));

@@ -3,11 +3,11 @@
 #include <quorvel/framework/extension_module.h>
 #include <quorvel/framework/string.h>
 
+#include "framework/local_text.h"
 #include "framework/string_table.h"
 #include "platform/win32.h"
 
 #include <algorithm>
-#include <memory>
 
 using quorvel::FindString;
 
@@ -33,10 +33,6 @@ String LoadFormat(UINT id) {
 }
 
 constexpr DWORD kNoWorkDone = 235; // the system's error for an empty message, where it has one
-
-struct LocalDeleter {
-    void operator()(WCHAR* text) const { LocalFree(text); }
-};
 
 } // namespace
 
@@ -106,7 +102,7 @@ void CStringT<Ch>::FormatMessageV(const Ch* format,
         FormatMessageW(FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ALLOCATE_BUFFER, format, 0, 0,
                        reinterpret_cast<LPWSTR>(&buffer), 0, arguments);
     const DWORD error = GetLastError();
-    const std::unique_ptr<WCHAR, LocalDeleter> text(buffer);
+    const quorvel::LocalText text(buffer);
     if (length == 0 && error != ERROR_SUCCESS && error != kNoWorkDone)
         AfxThrowMemoryException();
     SetString(text.get(), static_cast<int>(length));

@@ -3,6 +3,7 @@
 #include <quorvel/util/text/validation.h>
 
 #include "frame/module.h"
+#include "frame/win/html_help_control.h"
 
 #include <htmlhelp.h>
 #include <shellapi.h>
@@ -18,13 +19,7 @@ void OpenLink(HWND owner, const WCHAR* address) {
 // The desktop is the caller, and not the box: the topic stays when the box closes. The control is
 // never unloaded, since its windows live on.
 void ShowTopic(const WCHAR* path) {
-    typedef HWND(WINAPI * HtmlHelp)(HWND caller, LPCWSTR file, UINT command, DWORD_PTR data);
-    const HMODULE control = ::LoadLibraryW(_T("hhctrl.ocx"));
-    if (control == nullptr)
-        return;
-    const auto htmlHelp =
-        reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(::GetProcAddress(control, "HtmlHelpW")));
-    if (htmlHelp != nullptr)
+    if (const HtmlHelpFunction htmlHelp = HtmlHelpOf(::LoadLibraryW(kHtmlHelpControl)))
         htmlHelp(::GetDesktopWindow(), path, HH_DISPLAY_TOPIC, 0);
 }
 

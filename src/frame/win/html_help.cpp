@@ -1,5 +1,7 @@
 #include "frame/html_help.h"
 
+#include "frame/win/html_help_control.h"
+
 #include <htmlhelp.h>
 #include <oleauto.h>
 
@@ -26,12 +28,7 @@ struct FreeString {
 // The error is the process's own: where the control is not loaded there is none, so it is never
 // loaded for the question.
 BOOL QueryHtmlHelpError(HtmlHelpError& error) {
-    typedef HWND(WINAPI * HtmlHelp)(HWND caller, LPCWSTR file, UINT command, DWORD_PTR data);
-    const HMODULE control = GetModuleHandleW(_T("hhctrl.ocx"));
-    if (control == nullptr)
-        return FALSE;
-    const auto htmlHelp =
-        reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(GetProcAddress(control, "HtmlHelpW")));
+    const HtmlHelpFunction htmlHelp = HtmlHelpOf(GetModuleHandleW(kHtmlHelpControl));
     if (htmlHelp == nullptr)
         return FALSE;
     LastError last = {sizeof last, S_OK, nullptr};
