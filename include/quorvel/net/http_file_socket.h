@@ -3,10 +3,14 @@
 //
 // The host creates it, sets it up and calls Connect(url, port). One request is sent; redirects and
 // chunked transfer are not followed up, and the file holds the response as it came, status line and
-// fields included. What happens is posted to the status window: beside the base class's statuses
-// 1000 once the header was read, 10 with the count of each piece, 8 when the local file can't be
-// made or the request not be sent, and 9 when receiving or writing fails. A count has 16 bits: with
-// a receive buffer above 65535 bytes it is cut, and GetBytesReceived tells the truth.
+// fields included. Whether all of it came is the host's to tell, from the header's GetFileLength
+// and GetBytesReceived.
+//
+// What happens is posted to the status window: beside the base class's statuses 1000 once the
+// header was read, 10 with the count of each piece, 8 with the system's error when the local file
+// can't be made and with the Winsock error when the request can't be sent, and 9 when receiving or
+// writing fails. A count has 16 bits: with a receive buffer above 65535 bytes it is cut, and
+// GetBytesReceived tells the truth.
 //
 // The handlers run on the socket's worker thread. The header may be read from the moment that 1000
 // came, the counters at any time; all else belongs to the thread that owns the socket, and is set

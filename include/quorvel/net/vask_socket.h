@@ -64,8 +64,23 @@ public:
     static constexpr UINT DEFAULT_RECEIVE_BUFFER_SIZE = 16384;
     static constexpr LONG ALL_EVENTS = 63; // FD_READ to FD_CLOSE
     // Posted to the status window: wParam is the socket, the low word of lParam the status and the
-    // high word its error or, of status 10, the bytes received; so a count from 65,536 on loses
-    // what is above. A full queue loses the message.
+    // high word its error, 0 for none.
+    //
+    //      0  Close has closed the handle
+    //      1  the look-up of the host begins; a dotted address needs none
+    //      2  the look-up has ended
+    //      3  the connection was asked for
+    //      4  there is a connection, or the error why not; before OnConnect
+    //      5  Listen
+    //      6  before OnAccept
+    //      8  before OnSend
+    //      9  before OnReceive
+    //     10  after OnReceive: the bytes received in place of an error, without what 16 bits lose
+    //     11  before OnOutOfBandData
+    //     14  the connection has ended; after OnClose, with the Winsock error that it left
+    //
+    // The last status comes once more, with 10053, when Close cancels the worker, and with an error
+    // when the worker cannot wait. A full queue loses the message.
     static constexpr UINT STATUS_MESSAGE = WM_APP + 1003;
 
     // Once a process, on the user-interface thread, which then has to dispatch messages. Both show
@@ -145,6 +160,7 @@ public:
     // The address stays valid until status 3.
     BOOL Connect(const quorvel::win32::sockaddr* address, int length);
     BOOL ConnectEx(const quorvel::win32::addrinfo* info);
+    // Of a bound socket. Reports status 5 and starts a worker, unless one is active.
     BOOL Listen(int backlog = 5);
     void Cancel() { Close(); }
 
