@@ -31,7 +31,7 @@ downloads it.
   --auto          checks only when the reminder of the settings is due
   --yes           downloads without asking
 
-Interrupting the program (Ctrl+C) cancels the check.
+Interrupting the program (Ctrl+C) cancels the check; a second time ends it wherever it waits.
 
 exit code: 0 up to date, 1 the check failed or was refused, 2 wrong usage, 3 not downloaded
 )";
@@ -39,6 +39,13 @@ exit code: 0 up to date, 1 the check failed or was refused, 2 wrong usage, 3 not
 enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2, exitNotDownloaded = 3 };
 
 volatile std::sig_atomic_t g_isInterrupted = 0;
+
+// The first one waits for a question to be answered; nothing holds the next one back. Windows
+// resets the handler by itself.
+extern "C" void OnInterrupt(int signal) {
+    g_isInterrupted = 1;
+    std::signal(signal, SIG_DFL);
+}
 
 struct Options {
     CString site;
@@ -137,7 +144,7 @@ int Run(const std::vector<CString>& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
-    std::signal(SIGINT, [](int) { g_isInterrupted = 1; });
+    std::signal(SIGINT, OnInterrupt);
     CWinApp app(_T("updater"));
     return RunProgram(_T("updater"), exitFailed, [&] { return Run(ProgramArguments(argc, argv)); });
 }

@@ -50,8 +50,9 @@ private:
     const std::unique_ptr<Parts> m_parts;
 };
 
-// Downloads the number of the latest version, as text at the address of the updates, and tells how
-// the version of the running program compares with it. Exactly one message is shown.
+// Downloads the number of the latest version, as text of at most 64 KB at the address of the
+// updates, and tells how the version of the running program compares with it. Exactly one message
+// is shown, and none after Cancel.
 class QUORVEL_API CNewVersionCheck {
 public:
     CNewVersionCheck(const CRegistryPath& path, const CVersionNumber& currentVersion,
