@@ -25,6 +25,7 @@ TEST(PathConformance, PathsAreAppendedWithOneSeparator) {
         {_T("\\a\\"), _T("b"), _T("/a/b")},
         {_T("\\a"), _T("\\b"), _T("/a/b")},
         {_T("\\a"), _T(""), _T("/a")},
+        {_T("\\a"), _T("\\"), _T("/a")},
         {_T("\\a\\..\\b\\.\\c"), _T("d"), _T("/b/c/d")},
         {_T("\\a"), _T("..\\..\\b"), _T("/b")},
         {_T(""), _T(""), _T("/")},

@@ -233,7 +233,9 @@ BOOL PathAppendW(LPWSTR path, LPCWSTR more) try {
     if (path == nullptr || more == nullptr)
         return FALSE;
     const std::u16string_view start(path);
-    const std::u16string_view added(more);
+    std::u16string_view added(more);
+    while (!added.empty() && IsSeparator(added[0]))
+        added.remove_prefix(1);
     std::u16string result;
     AppendParts(result, start);
     AppendParts(result, added);
