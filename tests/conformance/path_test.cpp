@@ -21,14 +21,10 @@ TEST(PathConformance, PathsAreAppendedWithOneSeparator) {
     static const struct {
         const WCHAR *path, *more, *result;
     } kRows[] = {
-        {_T("\\a"), _T("b"), _T("/a/b")},
-        {_T("\\a\\"), _T("b"), _T("/a/b")},
-        {_T("\\a"), _T("\\b"), _T("/a/b")},
-        {_T("\\a"), _T(""), _T("/a")},
-        {_T("\\a"), _T("\\"), _T("/a")},
-        {_T("\\a\\..\\b\\.\\c"), _T("d"), _T("/b/c/d")},
-        {_T("\\a"), _T("..\\..\\b"), _T("/b")},
-        {_T(""), _T(""), _T("/")},
+        {_T("\\a"), _T("b"), _T("/a/b")},       {_T("\\a\\"), _T("b"), _T("/a/b")},
+        {_T("\\a"), _T("\\b"), _T("/a/b")},     {_T("\\a"), _T(""), _T("/a")},
+        {_T("\\a"), _T("\\"), _T("/a")},        {_T("\\a\\..\\b\\.\\c"), _T("d"), _T("/b/c/d")},
+        {_T("\\a"), _T("..\\..\\b"), _T("/b")}, {_T(""), _T(""), _T("/")},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(testing::PrintToString(CString(row.path) + _T(" and ") + row.more));
