@@ -64,6 +64,8 @@ void NewVersionCheck::OnDownloaded() {
         ReadResponseBody(TemporaryFileName(), Connection()->GetHeader().GetLength(), body, text);
     LetGo();
     GetView().HideProgress();
+    if (!IsRunning())
+        return;
     UINT type = MB_OK | MB_ICONEXCLAMATION;
     View::Result result = View::resultFailed;
     if (isRead) {

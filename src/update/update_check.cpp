@@ -134,7 +134,8 @@ void UpdateCheck::OnDateReceived() {
     const CString url = Connection()->GetHostServerIP() + Connection()->GetHostObject();
     LetGo();
     GetView().HideProgress();
-    Offer(ReadHttpDate(value), url);
+    if (IsRunning())
+        Offer(ReadHttpDate(value), url);
 }
 
 void UpdateCheck::Offer(const COleDateTime& date, const CString& url) {
@@ -195,7 +196,7 @@ bool UpdateCheck::OnHeaderReceived() {
     m_expected = ExpectedBytes();
     GetView().SetProgressText(LoadText(kTextUpdatesConnectedDownloading));
     ShowFigures(0);
-    return !EndsAsTooLong(m_expected.bytes);
+    return IsRunning() && !EndsAsTooLong(m_expected.bytes);
 }
 
 void UpdateCheck::ShowFigures(ULONGLONG received) const {
@@ -210,6 +211,8 @@ bool UpdateCheck::OnBytesReceived() {
     const ULONGLONG received = Connection()->GetBytesReceived();
     if (std::exchange(m_received, received) != received)
         ShowFigures(received);
+    if (!IsRunning())
+        return false;
     if (m_expected.isKnown && received == m_expected.bytes &&
         m_lastModified != m_pendingLastModified)
         SetLastModified(m_pendingLastModified);

@@ -134,6 +134,8 @@ bool UpdateFlow::Open(bool withFile) {
 }
 
 bool UpdateFlow::Connect(UpdateRequest request) {
+    if (!IsRunning())
+        return false;
     request.localFile = m_transfer->fileName;
     const DWORD error = m_transfer->connection->Connect(request);
     if (error == 0)
@@ -145,8 +147,8 @@ bool UpdateFlow::Connect(UpdateRequest request) {
 }
 
 void UpdateFlow::Abandon() {
-    LetGo();
-    m_state = State::idle;
+    if (IsRunning())
+        m_state = State::idle;
 }
 
 void UpdateFlow::NoteStart() {
@@ -190,9 +192,9 @@ void UpdateFlow::End(View::Result result, DWORD code) {
     if (!IsRunning()) // a box of the view let it be cancelled
         return;
     LetGo();
-    m_view.HideProgress();
     m_state = State::ended;
     m_result = result;
+    m_view.HideProgress();
     if (!m_view.PostCheckFinished(code))
         OnCheckFinished(code);
 }

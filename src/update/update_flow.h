@@ -1,6 +1,8 @@
 // What both checks for updates have in common: the rules before a check, one connection at a time,
 // its temporary file, and how a check ends.
 //
+// Every call of the view may cancel the check: what goes on behind one looks whether it still runs.
+//
 // A connection that was let go of is kept until its last status came: a status bears its address,
 // which another connection must not have before. Its temporary file goes with it. One thread.
 #pragma once

@@ -27,7 +27,10 @@ inline std::string Narrow(const CString& text) {
 class RecordingView : public CCheckForUpdatesView {
 public:
     void ShowProgress(BOOL isDownload) override { Note(isDownload ? "[large pane]" : "[pane]"); }
-    void HideProgress() override { m_hidden = true; }
+    void HideProgress() override {
+        m_hidden = true;
+        Count();
+    }
     void SetProgressText(const WCHAR* text) override { Note(Narrow(text)); }
     void SetProgressFigures(ULONGLONG, ULONGLONG, int percent, const WCHAR* text) override {
         if (*text != 0)
@@ -61,6 +64,8 @@ public:
 
     int m_answer = IDYES;
     std::function<void()> m_onMessage; // runs once, while a box is shown
+    std::function<void()> m_onCall;    // runs once, after that many other calls
+    int m_callsBefore = 0;
     BOOL m_posts = FALSE;
     DWORD m_postedCode = 0;
     int m_percent = -1;
@@ -74,6 +79,11 @@ private:
         m_notes += text + '\n';
         if (text.ends_with("pane]"))
             m_hidden = false;
+        Count();
+    }
+    void Count() {
+        if (m_onCall && m_callsBefore-- == 0)
+            std::exchange(m_onCall, nullptr)();
     }
     std::string m_notes;
 };

@@ -291,6 +291,27 @@ TEST_F(Check, CancellingEndsEveryPhaseInSilence) {
     EXPECT_EQ(kOld, LocalFile());
 }
 
+TEST_F(Check, AnyCallOfTheViewMayCancelIt) {
+    const std::string response = Response(Length(kNew.size()), kNew);
+    int call = 0;
+    for (bool isCancelled = true; isCancelled && call < 100; ++call) {
+        SCOPED_TRACE(call);
+        source.m_now += COleDateTimeSpan(1.0);
+        AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
+        UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
+        view.m_callsBefore = call;
+        view.m_onCall = [&each] { each.Cancel(); };
+        each.Check();
+        for (const std::string& answer : {kHead, response})
+            if (each.IsActive())
+                source.Answer(each, answer, 50);
+        isCancelled = view.m_onCall == nullptr;
+        EXPECT_FALSE(each.IsActive());
+        EXPECT_EQ(1u, std::exchange(view.m_results, {}).size());
+    }
+    EXPECT_GT(call, 10);
+}
+
 TEST_F(Check, OpeningShowsTheFileAndTheLastCheck) {
     EXPECT_EQ(_T("Local update file is dated 1/1/2024 12:00:00 AM."), view.m_published);
     EXPECT_EQ(1, view.m_timesPublished);

@@ -1,7 +1,7 @@
 // CCheckForUpdatesView: what a check for updates shows and asks, for a dialog, a console or a test.
 //
 // The check decides and formats; a view shows. All calls come on the thread that the check was
-// started on. The defaults show the message boxes and nothing else.
+// started on, and may call its Cancel. The defaults show the message boxes and nothing else.
 #pragma once
 
 #include <quorvel/platform/platform.h>
