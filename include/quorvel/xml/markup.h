@@ -65,7 +65,7 @@ public:
     // positions reset and the document as it was.
     bool SetDoc(const char* bytes, int length, unsigned int codePage);
 
-    bool IsWellFormed() const;
+    bool IsWellFormed() const; // whether there is a root element, and no more than that
     CString GetError() const;
     CString GetDoc() const;
     CString& GetDocRef(); // who changes it calls SetDoc before using positions again
@@ -93,8 +93,10 @@ public:
     // Empty where there is no such element or attribute.
     CString GetTagName() const;
     CString GetChildTagName() const;
-    // Quoted values only, with the five predefined entities decoded. An empty name gives the name
-    // of the tag's first attribute (deliberate, as is that a null name gives an empty text).
+    // Quoted values only, with the five predefined entities decoded. The search ends at the first
+    // ">", "/" or "?" outside quotes, and where a quote is not closed at the end of the text. An
+    // empty name gives the name of the tag's first attribute (deliberate, as is that a null name
+    // gives an empty text).
     CString GetAttrib(const WCHAR* name) const;
     CString GetChildAttrib(const WCHAR* name) const;
     // The text of an element without children: that of a leading CDATA section as it stands, or
@@ -118,8 +120,9 @@ public:
     bool SetChildAttrib(const WCHAR* name, const WCHAR* value);
 
 // Each of the six also takes a value of these types: "yes" or "no" for bool, the character itself
-// for char, "%d" or "%u" for the integers (long is 32 bits wide in both builds), "%I64d" or "%I64u"
-// for the 64-bit ones, "%g" for float and double.
+// for char (above 127 that of Latin-1), "%d" or "%u" for the integers (of long the low 32 bits, in
+// both builds), "%I64d" or "%I64u" for the 64-bit ones, "%g" for float and double (with exponents
+// of three digits).
 #define QUORVEL_MARKUP_TYPED_VALUES(operation)                                                     \
     bool operation(const WCHAR* name, bool value);                                                 \
     bool operation(const WCHAR* name, char value);                                                 \
@@ -165,11 +168,11 @@ public:
 protected:
     // The state of the tokenizer.
     struct TokenPos {
-        int nFirst;
-        int nLast;
-        int nNext;
-        const WCHAR* pszDoc;
-        BOOL bQuoted;
+        int nFirst;          // the token's first character
+        int nLast;           // its last one; before the first where it is empty
+        int nNext;           // where the next scan starts
+        const WCHAR* pszDoc; // the text, which its first zero ends
+        BOOL bQuoted;        // the token stands between quotes, which are none of it
     };
     enum NodeKind {
         nodeNone = 0,
@@ -181,7 +184,7 @@ protected:
         nodeComment = 32,
         nodeDocumentType = 64
     };
-    enum { locateBefore = 1, locateExact = 2 }; // flags of x_LocateNew
+    enum { locateBefore = 1, locateExact = 2 }; // flags of x_LocateNew; exact skips no white space
 
     // A growable array of records whose index is checked: outside it CInvalidArgException is
     // thrown.
@@ -223,18 +226,31 @@ protected:
     };
 
     void x_SetPos(int iPosParent, int iPosMain, int iPosChild);
-    int x_GetFreePos();
-    int x_ReleasePos();
+    int x_GetFreePos(); // takes a record
+    int x_ReleasePos(); // gives back the one taken last; returns 0
+    // Sets the error text, with the name in the place of "%s", and gives back the record taken
+    // last. Returns -1.
     int x_ParseError(const WCHAR* format, const WCHAR* name);
+    // Parses the next element below a record, from the record's nEndTagOpen on. Returns its index;
+    // 0 where an end tag comes first, with nEndTagOpen moved to it; -1 with the error text set.
     int x_ParseElem(int iPosParent);
+    // The kind of the node that begins at nNext, which moves behind it (of an element behind the
+    // "<" alone). An end tag is none.
     static int x_ParseNode(TokenPos& token);
+    // Move forward to the character, and past white space; false at the end of the text.
     static bool x_FindChar(const WCHAR* text, int& position, WCHAR character);
     static bool x_FindAny(const WCHAR* text, int& position);
-    static bool x_FindToken(TokenPos& token);
+    static bool x_FindToken(TokenPos& token); // false at the end of the text
     static CString x_GetToken(const TokenPos& token);
     static bool x_MatchToken(const TokenPos& token, const WCHAR* name);
+    // Replaces a part of the text, cut to what there is; the index stays as it is.
     void x_DocChange(int start, int replaceLength, const CString& text);
+    // Shifts what lies behind an element: its children (not with `afterPos`), the elements after
+    // it, and the end tags of those around it. The element itself is the caller's to shift.
     void x_Adjust(int iPos, int shift, bool afterPos);
+    // Where a new element goes, as `offset` and result. `iPosBefore` is the sibling to stand next
+    // to (0: none) and becomes the one to link behind (0: as the first child). A length stands for
+    // a span at `offset` to stand next to.
     int x_LocateNew(int iPosParent, int& iPosBefore, int& offset, int length, int flags);
 
     int x_FindElem(int iPosParent, int iPosAfter, const WCHAR* name) const;

@@ -70,7 +70,8 @@ QUORVEL_API int AfxDetermineXMLFileEncoding(const BYTE* bytes, DWORD length, CSt
 QUORVEL_API int AfxLoadXMLFile(const WCHAR* fileName, CMarkup& markup, CString& errorText,
                                CLengthyOperationHandler* handler = nullptr);
 
-// Saves the declaration and directly behind it the document, as UTF-8, or as UTF-16 with a byte
+// Saves the declaration and directly behind it the document, with any declaration of its own, as
+// UTF-8, or as UTF-16 with a byte
 // order mark, as the declaration's encoding says; other encodings are refused, and so is a lone
 // surrogate in UTF-8 (`untranslatableEncoding`). Non-zero on success; otherwise `errorText` says
 // why.
