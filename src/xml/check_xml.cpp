@@ -12,6 +12,7 @@
 
 #include "platform/surrogates.h"
 #include "platform/win32.h"
+#include "xml/xml_declaration.h"
 
 #include <expat.h>
 
@@ -268,19 +269,28 @@ void XMLCALL TakeEncodingName(void* name, const XML_Char*, const XML_Char* encod
 
 // The encoding that the declaration names; empty when it names none.
 CString DeclaredEncoding(const CString& text) {
-    constexpr int kLongestDeclaration = 1024;
+    constexpr std::size_t kLongest = INT_MAX / 4; // what expat takes at once
+    const std::basic_string_view<WCHAR> declaration =
+        quorvel::FindDeclaration({text.GetString(), static_cast<std::size_t>(text.GetLength())},
+                                 quorvel::kWideDeclarationMarks);
     EncodingName name;
     const Parser parser = MakeParser();
     XML_SetUserData(parser.get(), &name);
     XML_SetXmlDeclHandler(parser.get(), TakeEncodingName);
-    Feed(parser, text, std::min(text.GetLength(), kLongestDeclaration));
+    Feed(parser, text, static_cast<int>(std::min(declaration.size(), kLongest)));
     return CString(name.text);
 }
 
+// The declaration, and in any case enough to show.
 CString DecodeBeginning(const FileBytes& file) {
     constexpr UINT kLatin1 = 28591;
-    const std::string_view beginning = file.Text().substr(0, 1024);
-    return DecodeNarrow(file.IsEbcdic() ? kEbcdic : kLatin1, beginning);
+    constexpr std::size_t kShown = 64;
+    const std::string_view text = file.Text();
+    const std::string_view declaration =
+        quorvel::FindDeclaration(text, file.IsEbcdic() ? quorvel::kEbcdicDeclarationMarks
+                                                       : quorvel::kNarrowDeclarationMarks);
+    return DecodeNarrow(file.IsEbcdic() ? kEbcdic : kLatin1,
+                        text.substr(0, std::max(declaration.size(), kShown)));
 }
 
 // Whether bytes of this kind can be in the code page.
