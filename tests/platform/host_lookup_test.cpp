@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <memory>
 #include <thread>
 
 namespace {
@@ -26,14 +27,16 @@ protected:
         ASSERT_NE(RegisterClassExW(&windowClass), 0);
         m_window = CreateWindowExW(0, _T("LookupTest"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
                                    nullptr, nullptr, nullptr);
-        quorvel::SetHostResolver([this](const std::string&, std::vector<ULONG>& addresses) {
-            while (m_held)
-                std::this_thread::yield();
-            for (int i = 0; i < 3; ++i)
-                addresses.push_back(htonl(INADDR_LOOPBACK + static_cast<ULONG>(i)));
-            ++m_answers;
-            return 0;
-        });
+        // The thread of a cancelled look-up may outlive the test, so the state is its own too.
+        quorvel::SetHostResolver(
+            [state = m_state](const std::string&, std::vector<ULONG>& addresses) {
+                while (state->held)
+                    std::this_thread::yield();
+                for (int i = 0; i < 3; ++i)
+                    addresses.push_back(htonl(INADDR_LOOPBACK + static_cast<ULONG>(i)));
+                ++state->answers;
+                return 0;
+            });
     }
     void TearDown() override {
         quorvel::SetHostResolver({});
@@ -54,8 +57,11 @@ protected:
 
     HWND m_window = nullptr;
     alignas(void*) char m_buffer[MAXGETHOSTSTRUCT] = {};
-    std::atomic<bool> m_held = false;
-    std::atomic<int> m_answers = 0;
+    struct State {
+        std::atomic<bool> held = false;
+        std::atomic<int> answers = 0;
+    };
+    const std::shared_ptr<State> m_state = std::make_shared<State>();
 };
 
 TEST_F(HostLookup, TellsTheAddressesThatFit) {
@@ -71,12 +77,12 @@ TEST_F(HostLookup, TellsTheAddressesThatFit) {
 
 TEST_F(HostLookup, LeavesBufferAndQueueAloneOnceCancelled) {
     const auto cancel = [](HANDLE request) { return WSACancelAsyncRequest(request) == 0; };
-    m_held = true;
+    m_state->held = true;
     const HANDLE request = Ask("three");
     EXPECT_EQ(ErrorOf([&] { return cancel(request); }), 0u);
     EXPECT_EQ(ErrorOf([&] { return cancel(request); }), DWORD{WSAEALREADY});
-    m_held = false;
-    while (m_answers < 1)
+    m_state->held = false;
+    while (m_state->answers < 1)
         std::this_thread::yield();
     const HANDLE next = Ask("three");
     EXPECT_EQ(Answer(next), 0) << "and none of the first";
