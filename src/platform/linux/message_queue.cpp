@@ -21,10 +21,11 @@ const std::shared_ptr<MessageQueue>& MessageQueue::OfThisThread() {
 }
 
 bool MessageQueue::Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const std::lock_guard lock(m_mutex);
+    std::unique_lock lock(m_mutex);
     if (m_posted.size() >= kCapacity)
         return false;
     m_posted.push_back({window, message, wParam, lParam, Milliseconds(Clock::now()), {}});
+    lock.unlock(); // or the owner would wake only to wait for it
     m_news->Signal();
     return true;
 }

@@ -3,10 +3,13 @@
 #include "platform/linux/system_error.h"
 #include "platform/linux/wait.h"
 
+#include <linux/futex.h>
 #include <sys/eventfd.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <ctime>
@@ -15,53 +18,76 @@
 
 namespace quorvel {
 
-// The calling thread's part in its waits. It is entered with everything the thread waits for
-// before that is looked at, so a change in between is not missed.
+// The calling thread's part in its waits. It is entered with everything the thread waits for, and
+// begins anew before every look at that, so a change in between is not missed.
 class Waiter {
 public:
-    Waiter() : m_descriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+    Waiter() = default;
     Waiter(const Waiter&) = delete;
     ~Waiter() {
-        if (IsValid())
+        if (m_descriptor >= 0)
             close(m_descriptor);
     }
-    bool IsValid() const { return m_descriptor >= 0; }
 
-    // Its own thread is awake: what a look at a descriptor signals is seen by the wait that looks.
-    void Wake() {
-        if (m_thread != win32::GetCurrentThreadId()) [[maybe_unused]]
+    // Notes a change; true when the thread sleeps and is to be roused. Its own thread is awake: what
+    // a look at a descriptor signals is seen by the wait that looks.
+    bool Tell() {
+        return m_thread != win32::GetCurrentThreadId() && m_state.exchange(kTold) == kAsleep;
+    }
+    // A rouse that comes late does no more than to have the thread look once more.
+    void Rouse() {
+        if (!m_polls)
+            syscall(SYS_futex, &m_state, FUTEX_WAKE_PRIVATE, 1, nullptr, nullptr, 0);
+        else [[maybe_unused]]
             const int ignored = eventfd_write(m_descriptor, 1);
     }
 
-    void Enter(Waitable& thing) {
-        const std::lock_guard lock(thing.m_mutex);
-        thing.m_waiters.push_back(this);
-    }
-    void Leave(Waitable& thing) {
-        const std::lock_guard lock(thing.m_mutex);
-        thing.m_waiters.erase(std::ranges::find(thing.m_waiters, this));
-    }
-
-    // Sleeps until something may have changed, `timeout` at the most (null: without limit).
-    void Sleep(std::span<const std::shared_ptr<Waitable>> things, const timespec* timeout) {
-        m_polled.assign(1, {m_descriptor, POLLIN, 0});
-        m_sources.clear();
+    void Begin() { m_state = kAwake; }
+    // Sleeps until something may have changed since Begin, `timeout` at the most (null: without
+    // limit). False when the thread needs a descriptor of its own and can have none.
+    bool Sleep(std::span<const std::shared_ptr<Waitable>> things, const timespec* timeout) {
+        m_polled.clear();
         for (const std::shared_ptr<Waitable>& thing : things)
             Collect(*thing);
-        const int ready = ppoll(m_polled.data(), m_polled.size(), timeout, nullptr);
-        if (ready > 0) {
-            if (m_polled[0].revents != 0) {
-                eventfd_t ignored;
-                eventfd_read(m_descriptor, &ignored);
-            }
-            for (std::size_t i = 0; i < m_sources.size(); ++i)
-                if (m_polled[i + 1].revents != 0)
-                    m_sources[i]->Notice(m_polled[i + 1].revents);
-        }
+        m_polls = !m_sources.empty();
+        if (!m_polls)
+            SleepInFutex(timeout);
+        else if (HasDescriptor())
+            SleepInPoll(timeout);
+        else
+            return false;
         m_sources.clear(); // lets go of what another thread may be closing
+        return true;
     }
 
 private:
+    enum State : std::uint32_t { kAwake, kTold, kAsleep };
+
+    bool FallAsleep() {
+        std::uint32_t expected = kAwake;
+        return m_state.compare_exchange_strong(expected, kAsleep);
+    }
+    bool HasDescriptor() {
+        if (m_descriptor < 0)
+            m_descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+        return m_descriptor >= 0;
+    }
+    void SleepInFutex(const timespec* timeout) {
+        if (FallAsleep())
+            syscall(SYS_futex, &m_state, FUTEX_WAIT_PRIVATE, kAsleep, timeout, nullptr, 0);
+    }
+    void SleepInPoll(const timespec* timeout) {
+        m_polled.push_back({m_descriptor, POLLIN, 0});
+        if (!FallAsleep() || ppoll(m_polled.data(), m_polled.size(), timeout, nullptr) <= 0)
+            return;
+        if (m_polled.back().revents != 0) {
+            eventfd_t ignored;
+            eventfd_read(m_descriptor, &ignored);
+        }
+        for (std::size_t i = 0; i < m_sources.size(); ++i)
+            if (m_polled[i].revents != 0)
+                m_sources[i]->Notice(m_polled[i].revents);
+    }
     void Collect(Waitable& thing) {
         const std::size_t first = m_sources.size();
         {
@@ -75,18 +101,50 @@ private:
             m_polled.push_back(m_sources[i]->Interest());
     }
 
-    const int m_descriptor;
     const DWORD m_thread = win32::GetCurrentThreadId();
+    std::atomic<std::uint32_t> m_state = kAwake;
+    std::atomic<bool> m_polls = false;
+    int m_descriptor = -1; // made for the first poll
     std::vector<std::shared_ptr<WaitSource>> m_sources;
-    std::vector<pollfd> m_polled; // the own descriptor, then those of the sources
+    std::vector<pollfd> m_polled; // those of the sources, then the own descriptor
 };
 
-void Waitable::Signal() {
+namespace {
+
+using Waiters = std::vector<std::shared_ptr<Waiter>>;
+
+void Rouse(const Waiters& sleeping) {
+    for (const std::shared_ptr<Waiter>& each : sleeping)
+        each->Rouse();
+}
+
+} // namespace
+
+Waiters Waitable::TellWaiters() {
+    Waiters sleeping;
+    for (const std::shared_ptr<Waiter>& each : m_waiters)
+        if (each->Tell())
+            sleeping.push_back(each);
+    return sleeping;
+}
+
+void Waitable::Enter(const std::shared_ptr<Waiter>& waiter) {
     const std::lock_guard lock(m_mutex);
+    m_waiters.push_back(waiter);
+}
+
+void Waitable::Leave(const std::shared_ptr<Waiter>& waiter) {
+    const std::lock_guard lock(m_mutex);
+    m_waiters.erase(std::ranges::find(m_waiters, waiter));
+}
+
+void Waitable::Signal() {
+    std::unique_lock lock(m_mutex);
     if (std::exchange(m_signalled, true))
         return; // who waits is awake already and has not taken it yet
-    for (Waiter* const waiter : m_waiters)
-        waiter->Wake();
+    const Waiters sleeping = TellWaiters();
+    lock.unlock();
+    Rouse(sleeping);
 }
 
 void Waitable::Reset() {
@@ -103,26 +161,29 @@ bool Waitable::Take() {
 }
 
 void Waitable::AddSource(std::weak_ptr<WaitSource> source) {
-    const std::lock_guard lock(m_mutex);
+    std::unique_lock lock(m_mutex);
     m_sources.push_back(std::move(source));
-    for (Waiter* const waiter : m_waiters)
-        waiter->Wake();
+    const Waiters sleeping = TellWaiters();
+    lock.unlock();
+    Rouse(sleeping);
 }
 
 void Waitable::RemoveSource(const WaitSource& source) {
-    const std::lock_guard lock(m_mutex);
+    std::unique_lock lock(m_mutex);
     std::erase_if(m_sources, [&source](const std::weak_ptr<WaitSource>& each) {
         const std::shared_ptr<WaitSource> held = each.lock();
         return held == nullptr || held.get() == &source;
     });
-    for (Waiter* const waiter : m_waiters)
-        waiter->Wake();
+    const Waiters sleeping = TellWaiters();
+    lock.unlock();
+    Rouse(sleeping);
 }
 
 void Waitable::WakeWaiters() {
-    const std::lock_guard lock(m_mutex);
-    for (Waiter* const waiter : m_waiters)
-        waiter->Wake();
+    std::unique_lock lock(m_mutex);
+    const Waiters sleeping = TellWaiters();
+    lock.unlock();
+    Rouse(sleeping);
 }
 
 namespace {
@@ -132,19 +193,20 @@ using Clock = std::chrono::steady_clock;
 // Entered with all of the things for as long as it lives.
 class Attendance {
 public:
-    Attendance(Waiter& waiter, std::span<const std::shared_ptr<Waitable>> things)
+    Attendance(const std::shared_ptr<Waiter>& waiter,
+               std::span<const std::shared_ptr<Waitable>> things)
         : m_waiter(waiter), m_things(things) {
         for (const std::shared_ptr<Waitable>& thing : m_things)
-            m_waiter.Enter(*thing);
+            thing->Enter(m_waiter);
     }
     Attendance(const Attendance&) = delete;
     ~Attendance() {
         for (const std::shared_ptr<Waitable>& thing : m_things)
-            m_waiter.Leave(*thing);
+            thing->Leave(m_waiter);
     }
 
 private:
-    Waiter& m_waiter;
+    const std::shared_ptr<Waiter>& m_waiter;
     std::span<const std::shared_ptr<Waitable>> m_things;
 };
 
@@ -172,13 +234,10 @@ DWORD WaitForAny(std::span<const std::shared_ptr<Waitable>> things, DWORD millis
     DWORD result = TakeLowest(things);
     if (result != WAIT_TIMEOUT)
         return result;
-    static thread_local Waiter t_waiter;
-    if (!t_waiter.IsValid()) {
-        win32::SetLastError(ERROR_TOO_MANY_OPEN_FILES);
-        return WAIT_FAILED;
-    }
+    static thread_local const auto t_waiter = std::make_shared<Waiter>();
     const Attendance attendance(t_waiter, things);
     for (bool expired = false; !expired;) {
+        t_waiter->Begin();
         if ((result = TakeLowest(things)) != WAIT_TIMEOUT)
             return result;
         timespec left;
@@ -186,7 +245,10 @@ DWORD WaitForAny(std::span<const std::shared_ptr<Waitable>> things, DWORD millis
             left = TimeUntil(*deadline);
             expired = left.tv_sec == 0 && left.tv_nsec == 0;
         }
-        t_waiter.Sleep(things, deadline ? &left : nullptr);
+        if (!t_waiter->Sleep(things, deadline ? &left : nullptr)) {
+            win32::SetLastError(ERROR_TOO_MANY_OPEN_FILES);
+            return WAIT_FAILED;
+        }
     }
     return TakeLowest(things);
 }

@@ -1,8 +1,8 @@
 // What threads wait for, and the one wait under every operation that blocks. Any thread.
 //
-// A waiting thread sleeps in a poll of its own: of a descriptor that becomes readable with every
-// change of what it waits for, and of the descriptors behind those things. No other thread watches
-// them for it.
+// A thread that waits for things with descriptors behind them polls those itself, and one of its own
+// that becomes readable with every change of what it waits for; no other thread watches them for it.
+// Without any it sleeps in a futex, which costs less on both sides.
 #pragma once
 
 #include "platform/linux/handle.h"
@@ -48,13 +48,21 @@ public:
     // To be called when a source's interest has grown.
     void WakeWaiters();
 
+    // A waiter is told of every change between the two.
+    void Enter(const std::shared_ptr<Waiter>& waiter);
+    void Leave(const std::shared_ptr<Waiter>& waiter);
+
 private:
     friend class Waiter;
+
+    // Gives those who sleep. The lock is held; they are roused after it, or they would wake only to
+    // wait for it.
+    [[nodiscard]] std::vector<std::shared_ptr<Waiter>> TellWaiters();
 
     const bool m_autoReset;
     std::mutex m_mutex; // guards what follows
     bool m_signalled;
-    std::vector<Waiter*> m_waiters;
+    std::vector<std::shared_ptr<Waiter>> m_waiters;
     std::vector<std::weak_ptr<WaitSource>> m_sources;
 };
 
