@@ -9,8 +9,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <condition_variable>
-#include <utility>
 
 namespace quorvel {
 
@@ -39,10 +37,9 @@ public:
     }
 
     DWORD Resume() {
-        const std::lock_guard lock(m_mutex);
-        if (!std::exchange(m_suspended, false))
+        if (!m_suspended.exchange(false))
             return 0;
-        m_resumed.notify_one();
+        m_suspended.notify_one();
         return 1;
     }
     DWORD ExitCode() const { return m_exitCode; }
@@ -54,10 +51,7 @@ private:
         Held* const held = static_cast<Held*>(parameter);
         pthread_setspecific(EndKey(), held);
         Thread& thread = **held;
-        {
-            std::unique_lock lock(thread.m_mutex);
-            thread.m_resumed.wait(lock, [&thread] { return !thread.m_suspended; });
-        }
+        thread.m_suspended.wait(true);
         thread.m_result = thread.m_start(thread.m_parameter);
         return nullptr;
     }
@@ -82,9 +76,7 @@ private:
     const LPVOID m_parameter;
     DWORD m_result = 0; // the thread's own
     std::atomic<DWORD> m_exitCode = STILL_ACTIVE;
-    std::mutex m_mutex; // guards what follows
-    std::condition_variable m_resumed;
-    bool m_suspended;
+    std::atomic<bool> m_suspended;
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/linux/wait.h"
 
 #include <linux/futex.h>
+#include <sched.h>
 #include <sys/eventfd.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -29,8 +30,8 @@ public:
             close(m_descriptor);
     }
 
-    // Notes a change; true when the thread sleeps and is to be roused. Its own thread is awake: what
-    // a look at a descriptor signals is seen by the wait that looks.
+    // Notes a change; true when the thread sleeps and is to be roused. Its own thread is awake:
+    // what a look at a descriptor signals is seen by the wait that looks.
     bool Tell() {
         return m_thread != win32::GetCurrentThreadId() && m_state.exchange(kTold) == kAsleep;
     }
@@ -73,6 +74,7 @@ private:
         return m_descriptor >= 0;
     }
     void SleepInFutex(const timespec* timeout) {
+        sched_yield(); // a poster on this processor goes on, and need not rouse for every message
         if (FallAsleep())
             syscall(SYS_futex, &m_state, FUTEX_WAIT_PRIVATE, kAsleep, timeout, nullptr, 0);
     }

@@ -1,8 +1,8 @@
 // What threads wait for, and the one wait under every operation that blocks. Any thread.
 //
-// A thread that waits for things with descriptors behind them polls those itself, and one of its own
-// that becomes readable with every change of what it waits for; no other thread watches them for it.
-// Without any it sleeps in a futex, which costs less on both sides.
+// A thread that waits for things with descriptors behind them polls those itself, and one of its
+// own that becomes readable with every change of what it waits for; no other thread watches them
+// for it. Without any it sleeps in a futex, which costs less on both sides.
 #pragma once
 
 #include "platform/linux/handle.h"
