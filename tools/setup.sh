@@ -97,9 +97,9 @@ ensure() { # ensure GROUP
 
 # A web server's package would start it at once and at every boot, at the port that the demonstration
 # needs. One that is there is the user's and stays as it is, and so does a policy of the administrator.
-install_demo() {
-    [ ! -x /usr/sbin/nginx ] || return 0
-    packages=$(missing demo)
+install_server() { # install_server GROUP PROGRAM
+    [ ! -x "/usr/sbin/$2" ] || return 0
+    packages=$(missing "$1")
     policy=/usr/sbin/policy-rc.d
     prepare_install "$packages"
     if [ ! -e $policy ]; then
@@ -108,8 +108,8 @@ install_demo() {
         printf '#!/bin/sh\nexit 101\n' | $as_root tee $policy >/dev/null
         $as_root chmod 755 $policy
     fi
-    ensure demo
-    $as_root update-rc.d nginx disable >>"$log" 2>&1 || true
+    ensure "$1"
+    $as_root update-rc.d "$2" disable >>"$log" 2>&1 || true
 }
 
 install_wine32() { # install_wine32 PACKAGE...
@@ -151,7 +151,7 @@ ensure_libraries() { # ensure_libraries WINDOWS-PRESET
 }
 
 if [ $# -eq 0 ]; then
-    set -- core windows bench fuzz gallery demo
+    set -- core windows bench fuzz gallery demo servers
     rm -f "$no_wine32"
 fi
 for group; do
@@ -164,8 +164,9 @@ for group; do
         ensure windows64
         ensure_libraries win64
         ;;
-    demo) install_demo ;;
+    demo) install_server demo nginx ;;
+    servers) install_server servers lighttpd ;;
     core | bench | fuzz | gallery) ensure "$group" ;;
-    *) die "unknown group '$group': core, windows, windows64, bench, fuzz, gallery, demo" ;;
+    *) die "unknown group '$group': core, windows, windows64, bench, fuzz, gallery, demo, servers" ;;
     esac
 done
