@@ -8,6 +8,8 @@
 
 #if !defined(_WIN32)
 #include "platform/linux/host_lookup.h"
+
+#include <malloc.h>
 #endif
 
 #include <gtest/gtest.h>
@@ -22,6 +24,7 @@
 #include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 // A base of fixtures with members that need sockets.
 struct InitializedSockets {
@@ -226,13 +229,30 @@ private:
 // How many handles, or descriptors and threads, the process has.
 inline int ThingsOpen() {
 #if defined(_WIN32)
-    DWORD count = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &count);
-    return static_cast<int>(count);
+    int count = 0; // Wine's GetProcessHandleCount gives 0
+    DWORD flags;
+    for (ULONG_PTR handle = 4; handle < 0x4000; handle += 4)
+        count += GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags) != FALSE;
+    return count;
 #else
     const auto count = [](const char* folder) {
         return std::distance(std::filesystem::directory_iterator(folder), {});
     };
     return static_cast<int>(count("/proc/self/fd") + count("/proc/self/task"));
+#endif
+}
+
+// Of the heaps; 0 where a sanitizer has its own.
+inline std::size_t BytesInUse() {
+#if defined(_WIN32)
+    std::size_t bytes = 0;
+    std::vector<HANDLE> heaps(GetProcessHeaps(0, nullptr));
+    GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
+    for (const HANDLE heap : heaps)
+        for (PROCESS_HEAP_ENTRY entry = {}; HeapWalk(heap, &entry);)
+            bytes += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? entry.cbData : 0;
+    return bytes;
+#else
+    return mallinfo2().uordblks;
 #endif
 }
