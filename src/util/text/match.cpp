@@ -5,10 +5,51 @@
 
 #include <boost/regex.hpp>
 
+#include <algorithm>
+#include <limits>
+#include <stdexcept>
+#include <string>
+
 namespace {
 
+// The engine limits the states that it goes through, and not what one of them does: that of a back
+// reference compares as much text as the reference stands for. So the comparisons of characters,
+// which all come here, have a limit too.
 template <class Ch>
-using Regex = boost::basic_regex<Ch, quorvel::RegexTraits<Ch>>;
+class LimitedTraits : public quorvel::RegexTraits<Ch> {
+public:
+    Ch translate(Ch character) const {
+        Count();
+        return quorvel::RegexTraits<Ch>::translate(character);
+    }
+    Ch translate_nocase(Ch character) const {
+        Count();
+        return quorvel::RegexTraits<Ch>::translate_nocase(character);
+    }
+    // Const, since the engine lends out its traits as such.
+    void SetLimit(ULONGLONG comparisons) const { m_left = comparisons; }
+
+private:
+    void Count() const {
+        if (m_left-- == 0)
+            throw std::length_error("too many comparisons");
+    }
+
+    mutable ULONGLONG m_left = std::numeric_limits<ULONGLONG>::max(); // while it is compiled
+};
+
+// Enough for any pattern on a short text, to read a long one many times over, and to compare each
+// of its characters with each other as far as that is a matter of seconds.
+ULONGLONG ComparisonsFor(ULONGLONG length) {
+    constexpr ULONGLONG kOfAnyText = 50'000'000;
+    constexpr ULONGLONG kOfCharacter = 100;
+    constexpr ULONGLONG kLongest = 50'000;
+    const ULONGLONG compared = std::min(length, kLongest);
+    return kOfAnyText + kOfCharacter * length + compared * compared;
+}
+
+template <class Ch>
+using Regex = boost::basic_regex<Ch, LimitedTraits<Ch>>;
 
 template <class Ch, class Test>
 BOOL Apply(const Ch* text, const Ch* pattern, BOOL caseSensitive, Test test) {
@@ -18,22 +59,27 @@ BOOL Apply(const Ch* text, const Ch* pattern, BOOL caseSensitive, Test test) {
         const auto flags =
             boost::regex_constants::perl |
             (caseSensitive ? boost::regex_constants::normal : boost::regex_constants::icase);
-        return test(text, Regex<Ch>(pattern, flags));
+        const Regex<Ch> regex(pattern, flags);
+        const std::size_t length = std::char_traits<Ch>::length(text);
+        regex.get_traits().SetLimit(ComparisonsFor(length));
+        return test(text, text + length, regex);
     });
 }
 
 template <class Ch>
 BOOL Search(const Ch* text, const Ch* pattern, BOOL caseSensitive) {
-    return Apply(text, pattern, caseSensitive, [](const Ch* whole, const Regex<Ch>& regex) {
-        return boost::regex_search(whole, regex);
-    });
+    return Apply(text, pattern, caseSensitive,
+                 [](const Ch* first, const Ch* last, const Regex<Ch>& regex) {
+                     return boost::regex_search(first, last, regex);
+                 });
 }
 
 template <class Ch>
 BOOL MatchWhole(const Ch* text, const Ch* pattern, BOOL caseSensitive) {
-    return Apply(text, pattern, caseSensitive, [](const Ch* whole, const Regex<Ch>& regex) {
-        return boost::regex_match(whole, regex);
-    });
+    return Apply(text, pattern, caseSensitive,
+                 [](const Ch* first, const Ch* last, const Regex<Ch>& regex) {
+                     return boost::regex_match(first, last, regex);
+                 });
 }
 
 } // namespace
