@@ -12,8 +12,9 @@ QUORVEL_API HINSTANCE QuorvelGetInstanceHandle();
 
 // The module that the library's texts, dialogs and bitmaps are taken from: the library itself until
 // a host sets a language library. It serves what is loaded from then on, and it alone: a text that
-// it lacks does not load, no English one stands in; with null the library has no texts. It stays
-// the host's, which sets the former handle again before it frees the module. FALSE, and null, when
+// it lacks does not load, no English one stands in; with null the library has no texts. Only what
+// the program itself has under the same number comes before it (extension_module.h). The module
+// stays the host's, which sets the former handle again before it frees it. FALSE, and null, when
 // the library could not attach.
 QUORVEL_API BOOL QuorvelSetResourceHandle(HINSTANCE resources);
 QUORVEL_API HINSTANCE QuorvelGetResourceHandle();

@@ -1,8 +1,9 @@
 // Which Windows runs, and its description.
 //
 // Every function asks the system afresh (GetVersionExW). A Windows newer than those listed is
-// unknown. On Linux the platform id is none of Windows' (4): the system is unknown and every
-// predicate but AfxIsUnknownOperatingSystem is FALSE. Any thread.
+// unknown. On Linux the platform id is none of Windows' (4): the system is unknown, its description
+// "Unknown operating system", and every predicate but AfxIsUnknownOperatingSystem is FALSE. Any
+// thread.
 #pragma once
 
 #include <quorvel/framework/string.h>
