@@ -25,18 +25,22 @@ constexpr CodePageRange kSingleByte[] = {
     {20127, 20127}, {20866, 20866}, {21866, 21866}, {28591, 28597}, {28599, 28599}, {28603, 28605},
 };
 
-// How many bytes at the end begin a UTF-8 sequence that goes on behind them. A lead byte never
-// belongs to the sequence before it, so the text may be cut there even where it is ill-formed.
+// How many bytes at the end are left for the next piece, so that no UTF-8 sequence is cut. A lead
+// byte never belongs to the sequence before it, so the text may be cut there even where it is
+// ill-formed; and there it has to be, because a converter may take all that is left for a sequence
+// that its end has cut, letters as well.
 int CutSequence(std::string_view bytes) {
-    const int most = std::min(3, static_cast<int>(bytes.size()));
-    for (int count = 1; count <= most; ++count) {
-        const auto byte = static_cast<BYTE>(bytes[bytes.size() - static_cast<std::size_t>(count)]);
-        if (byte >= 0xc0)
-            return (byte < 0xe0 ? 2 : byte < 0xf0 ? 3 : 4) > count ? count : 0;
-        if (byte < 0x80)
-            break;
+    constexpr int kMost = 64; // more is no text
+    constexpr int kReach = 3;
+    const int size = static_cast<int>(bytes.size());
+    int cut = 0;
+    for (int count = 1; count <= std::min({size, cut + kReach, kMost}); ++count) {
+        const auto byte = static_cast<BYTE>(bytes[static_cast<std::size_t>(size - count)]);
+        const int length = byte < 0xc0 ? 1 : byte < 0xe0 ? 2 : byte < 0xf0 ? 3 : 4;
+        if (length > count - cut)
+            cut = count;
     }
-    return 0;
+    return cut;
 }
 
 } // namespace

@@ -40,6 +40,7 @@ TEST(PiecewiseText, IsTheSameWhereverItIsCut) {
     const Row rows[] = {
         {CP_UTF8, "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80z"},
         {CP_UTF8, "\xe2\x82\xf0\x9f\x98\xe2\xc3z\xed\xa0\x80\x80\x80\x80\x80zzz"}, // ill-formed
+        {CP_UTF8, "a\xf3z\xe2yx\xf3wv\xf3\xf3uvwxyz"},
         {1252, "a\x80\xe9z"},
     };
     const TemporaryFolder folder;
