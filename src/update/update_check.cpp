@@ -130,8 +130,10 @@ void UpdateCheck::OnDateReceived() {
         return End(View::resultFailed, code);
     CString value;
     Connection()->GetHeader().FindFieldValue(_T("Last-Modified"), value);
-    // The host was looked up by this connection: the next one goes to the same address.
-    const CString url = Connection()->GetHostServerIP() + Connection()->GetHostObject();
+    // The host was looked up by this connection: the next one goes to the same address. It has a
+    // scheme, since an object such as "/?u=http://host" would be taken to hold it.
+    const CString url =
+        _T("http://") + Connection()->GetHostServerIP() + Connection()->GetHostObject();
     LetGo();
     GetView().HideProgress();
     if (IsRunning())

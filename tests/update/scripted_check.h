@@ -112,7 +112,7 @@ public:
     }
     const CHttpHeader& GetHeader() const override { return m_header; }
     CString GetHostServerIP() const override { return _T("127.0.0.1"); }
-    CString GetHostObject() const override { return _T("/updates.xml"); }
+    CString GetHostObject() const override { return _T("/updates.xml?u=http://h"); }
 
     // Bytes that arrive, as the sockets take them in.
     void Receive(const std::string& bytes) {

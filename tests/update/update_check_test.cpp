@@ -79,7 +79,7 @@ TEST_F(Check, ANewerListingIsDownloadedWhenTheUserWantsIt) {
     EXPECT_EQ(kChecking + kQuestion + kDownloading, view.Take());
 
     const UpdateRequest& request = source.m_last->m_request;
-    EXPECT_EQ(_T("127.0.0.1/updates.xml"), request.url);
+    EXPECT_EQ(_T("http://127.0.0.1/updates.xml?u=http://h"), request.url);
     EXPECT_TRUE(!request.headerOnly && request.receiveBufferSize == 128);
     source.Answer(check, response);
     const std::string all = std::to_string(response.size());
