@@ -10,8 +10,8 @@
 //
 // A writer returns FALSE when a pointer is null or the path invalid, and otherwise when the system
 // refuses. A getter returns the default when a pointer is null, the path is invalid, there is no
-// such value or it is not of exactly this kind and size. A name may be empty, that of a key's
-// default value; a null or empty sub key differ: an empty one is the key itself.
+// such value or it is not of exactly this kind and size. An empty name is that of a key's default
+// value. A null sub key is refused, an empty one is the key itself.
 #pragma once
 
 #include <quorvel/framework/date_time.h>

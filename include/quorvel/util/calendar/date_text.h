@@ -18,12 +18,12 @@ QUORVEL_API CString AfxFormatLocaleTime(COleDateTime date, const WCHAR* format);
 QUORVEL_API CString AfxFormatLocaleDateTime(COleDateTime date, const WCHAR* dateFormat,
                                             const WCHAR* timeFormat);
 
-// The short and the long date with the user's settings; joined with a blank and the time, without
-// seconds and with the user's settings in the first, as of AfxFormatLocaleTime and null in the
-// others.
+// The short and the long date with the user's settings.
 QUORVEL_API CString AfxGetLocaleShortDate(COleDateTime date);
 QUORVEL_API CString AfxGetLocaleLongDate(COleDateTime date);
+// The short date, a blank, and the time without seconds with the user's settings too.
 QUORVEL_API CString AfxGetLocaleDateTime(COleDateTime date);
+// The short or the long date, a blank, and the time as AfxFormatLocaleTime gives it for null.
 QUORVEL_API CString AfxGetLocaleShortDateTime(COleDateTime date);
 QUORVEL_API CString AfxGetLocaleLongDateTime(COleDateTime date);
 
