@@ -234,6 +234,7 @@ constexpr ErrorText kTexts[] = {
     {1421, "The control does not exist."},
     {1438, "The style of the message box is not valid."},
     {1444, "The thread identifier is not valid."},
+    {1450, "There are not enough system resources for the operation."},
     {1460, "The time for the operation is over."},
     {1784, "The user's buffer is not valid for the operation."},
     {1812, "The file has no resources."},
