@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <thread>
 
 using namespace quorvel::win32;
 
@@ -99,6 +100,20 @@ private:
     CHttpFileSocket m_socket;
 };
 
+// Each on a thread of its own, as a socket's is.
+class ThreadedCurlDownload {
+public:
+    explicit ThreadedCurlDownload(const char* name) : m_download(name) {}
+    bool Run(std::uintmax_t size) {
+        bool complete = false;
+        std::thread([&] { complete = m_download.Run(size); }).join();
+        return complete;
+    }
+
+private:
+    CurlDownload m_download;
+};
+
 // The time of one download, of this process alone or by the clock on the wall.
 template <class Download>
 void Fetch(benchmark::State& state, const Job& job, clockid_t clock) {
@@ -117,17 +132,13 @@ void Fetch(benchmark::State& state, const Job& job, clockid_t clock) {
             complete = download.Run(job.size) && complete;
         state.counters["milliseconds"] = (Milliseconds(clock) - begin) / job.downloads;
     }
-
     if (!complete)
         state.SkipWithError("not downloaded");
 }
 
-void FetchOwn(benchmark::State& state, const Job& job, clockid_t clock) {
-    Fetch<OwnDownload>(state, job, clock);
-}
-void FetchWithCurl(benchmark::State& state, const Job& job, clockid_t clock) {
-    Fetch<CurlDownload>(state, job, clock);
-}
+constexpr auto* FetchOwn = Fetch<OwnDownload>;
+constexpr auto* FetchWithCurl = Fetch<CurlDownload>;
+constexpr auto* FetchWithCurlOnThread = Fetch<ThreadedCurlDownload>;
 
 BENCHMARK_CAPTURE(FetchOwn, wall, kLarge, CLOCK_MONOTONIC)
     ->Name("Download/CHttpFileSocket/1GB/clock")
@@ -146,6 +157,9 @@ BENCHMARK_CAPTURE(FetchWithCurl, processor, kLarge, CLOCK_PROCESS_CPUTIME_ID)
     ->Iterations(1);
 BENCHMARK_CAPTURE(FetchWithCurl, small, kSmall, CLOCK_MONOTONIC)
     ->Name("Download/libcurl/1KB/clock")
+    ->Iterations(1);
+BENCHMARK_CAPTURE(FetchWithCurlOnThread, small, kSmall, CLOCK_MONOTONIC)
+    ->Name("Download/libcurl on a thread/1KB/clock")
     ->Iterations(1);
 
 // A status posted and taken again, in one thread.
