@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <condition_variable>
+#include <utility>
 
 namespace quorvel {
 
@@ -37,9 +39,11 @@ public:
     }
 
     DWORD Resume() {
-        if (!m_suspended.exchange(false))
+        std::unique_lock lock(m_mutex);
+        if (!std::exchange(m_suspended, false))
             return 0;
-        m_suspended.notify_one();
+        lock.unlock(); // or the thread would wake only to wait for it
+        m_resumed.notify_one();
         return 1;
     }
     DWORD ExitCode() const { return m_exitCode; }
@@ -51,7 +55,10 @@ private:
         Held* const held = static_cast<Held*>(parameter);
         pthread_setspecific(EndKey(), held);
         Thread& thread = **held;
-        thread.m_suspended.wait(true);
+        {
+            std::unique_lock lock(thread.m_mutex);
+            thread.m_resumed.wait(lock, [&thread] { return !thread.m_suspended; });
+        }
         thread.m_result = thread.m_start(thread.m_parameter);
         return nullptr;
     }
@@ -76,7 +83,9 @@ private:
     const LPVOID m_parameter;
     DWORD m_result = 0; // the thread's own
     std::atomic<DWORD> m_exitCode = STILL_ACTIVE;
-    std::atomic<bool> m_suspended;
+    std::mutex m_mutex; // guards what follows
+    std::condition_variable m_resumed;
+    bool m_suspended;
 };
 
 } // namespace
