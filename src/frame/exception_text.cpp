@@ -3,6 +3,7 @@
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/res/message_ids.h>
 
+#include "framework/cause_text.h"
 #include "framework/local_text.h"
 #include "platform/win32.h"
 
@@ -11,11 +12,6 @@ namespace {
 constexpr int kFileCauses = CFileException::endOfFile + 1;
 constexpr int kArchiveCauses = CArchiveException::badSchema + 1;
 constexpr UINT kExceptionTextSize = 256; // in characters, the terminator included
-
-// The texts of the causes follow each other in the catalogue.
-BOOL LoadCauseText(UINT firstTextId, int cause, CString& text) {
-    return text.LoadString(firstTextId + static_cast<UINT>(cause));
-}
 
 } // namespace
 
@@ -51,9 +47,7 @@ BOOL AfxIsValidFileExceptionCause(int cause) {
 }
 
 BOOL AfxGetFileExceptionErrorMessage(int cause, CString& text) {
-    const bool valid = AfxIsValidFileExceptionCause(cause);
-    return LoadCauseText(quorvel::kTextFileCauseNone,
-                         valid ? cause : int{CFileException::genericException}, text);
+    return text.LoadString(quorvel::FileCauseText(cause));
 }
 
 BOOL AfxIsValidArchiveExceptionCause(int cause) {
@@ -61,9 +55,7 @@ BOOL AfxIsValidArchiveExceptionCause(int cause) {
 }
 
 BOOL AfxGetArchiveExceptionErrorMessage(int cause, CString& text) {
-    const bool valid = AfxIsValidArchiveExceptionCause(cause);
-    return LoadCauseText(quorvel::kTextArchiveCauseNone,
-                         valid ? cause : int{CArchiveException::genericException}, text);
+    return text.LoadString(quorvel::ArchiveCauseText(cause));
 }
 
 BOOL AfxGetResourceExceptionErrorMessage(CString& text) {

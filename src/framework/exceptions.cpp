@@ -3,6 +3,7 @@
 #include <quorvel/framework/app.h>
 #include <quorvel/res/message_ids.h>
 
+#include "framework/cause_text.h"
 #include "platform/win32.h"
 
 #include <iterator>
@@ -89,6 +90,13 @@ constexpr ErrorCause kErrorCauses[] = {
 
 } // namespace
 
+UINT quorvel::FileCauseText(int cause) {
+    return CauseText(kTextFileCauseNone, cause, CFileException::endOfFile);
+}
+UINT quorvel::ArchiveCauseText(int cause) {
+    return CauseText(kTextArchiveCauseNone, cause, CArchiveException::badSchema);
+}
+
 CException::CException(BOOL autoDelete) : m_bAutoDelete(autoDelete) {}
 
 void CException::Delete() {
@@ -134,8 +142,7 @@ CFileException::CFileException(int cause, LONG osError, const WCHAR* fileName)
     : m_cause(cause), m_lOsError(osError), m_strFileName(fileName) {}
 
 BOOL CFileException::GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext) {
-    return LoadMessage(CauseText(quorvel::kTextFileCauseNone, m_cause, endOfFile), text, maxChars,
-                       helpContext);
+    return LoadMessage(quorvel::FileCauseText(m_cause), text, maxChars, helpContext);
 }
 
 int CFileException::OsErrorToException(LONG osError) {
@@ -154,8 +161,7 @@ CArchiveException::CArchiveException(int cause, const WCHAR* fileName)
     : m_cause(cause), m_strFileName(fileName) {}
 
 BOOL CArchiveException::GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext) {
-    return LoadMessage(CauseText(quorvel::kTextArchiveCauseNone, m_cause, badSchema), text,
-                       maxChars, helpContext);
+    return LoadMessage(quorvel::ArchiveCauseText(m_cause), text, maxChars, helpContext);
 }
 
 void AfxThrowMemoryException() {
