@@ -85,7 +85,10 @@ int ConsoleView::ShowMessage(const WCHAR* text, UINT type) {
 void PrintNews(const CUpdateListing& former, const CUpdateListing& present) {
     const auto& old = former.GetItems();
     for (const CUpdateListingItem& item : present.GetItems()) {
-        const auto isIt = [&item](const CUpdateListingItem& each) { return each == item; };
+        // An entry without a date has the time at which it was loaded.
+        const auto isIt = [&item](const CUpdateListingItem& each) {
+            return each.GetTitle() == item.GetTitle() && each.GetLink() == item.GetLink();
+        };
         if (std::none_of(old.begin(), old.end(), isIt))
             Print(stdout, _T("New: ") + item.GetTitle() +
                               (item.GetLink().IsEmpty() ? CString() : _T(" ") + item.GetLink()));

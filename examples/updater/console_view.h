@@ -27,5 +27,5 @@ private:
     int m_shownPercent = -1; // of the line that has no end yet
 };
 
-// The entries of a listing that are not in the former one, a line each.
+// The entries of a listing whose title and link are not in the former one, a line each.
 void PrintNews(const CUpdateListing& former, const CUpdateListing& present);
