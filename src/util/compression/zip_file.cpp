@@ -120,6 +120,13 @@ CString ReasonNotToOpen(const WCHAR* path) {
     return text.IsEmpty() ? AfxGetZipErrorText(ZIP_INTERNALERROR) : text;
 }
 
+bool IsInUse(const WCHAR* path) {
+    CFile probe;
+    CFileException error;
+    return !probe.Open(path, CFile::modeWrite | CFile::shareDenyNone, &error) &&
+           error.m_cause == CFileException::sharingViolation;
+}
+
 const WCHAR* BareName(const WCHAR* path) {
     const WCHAR* name = path;
     for (; *path != 0; ++path)
@@ -182,7 +189,9 @@ BOOL AfxCompressFileToZipFile(const WCHAR* sourcePath, const WCHAR* zipPath, int
         AfxGetFileExceptionErrorMessage(CFileException::fileNotFound, errorText);
         return FALSE;
     }
-    ScopedZip zip(AfxOpenZipFile(zipPath, APPEND_STATUS_CREATE));
+    CFile held; // so that the source is no archive of itself, which would empty it
+    held.Open(sourcePath, CFile::modeRead | CFile::shareDenyWrite);
+    ScopedZip zip(IsInUse(zipPath) ? nullptr : AfxOpenZipFile(zipPath, APPEND_STATUS_CREATE));
     if (zip == nullptr) {
         errorText = ReasonNotToOpen(zipPath);
         return FALSE;

@@ -98,6 +98,8 @@ TEST_F(Zip, AnArchiveOfOneFileIsRefusedWithTheReason) {
         {"missing source", m_missing, m_archive, 6, kNotFound},
         {"half a character", m_source, _T("\xd800.zip"), 6, kBadPath},
         {"source is a folder", folder, m_archive, 6, _T("The file could not be accessed.")},
+        {"itself", m_source, m_source, 6,
+         _T("SHARE.EXE was not loaded, or a shared region was locked.")},
         {"full disk", m_source, kOnLinux ? _T("/dev/full") : nullptr, 6,
          kOnLinux ? deliberate.GetString() : kInvalidParameter},
     };
@@ -106,6 +108,7 @@ TEST_F(Zip, AnArchiveOfOneFileIsRefusedWithTheReason) {
         EXPECT_FALSE(AfxCompressFileToZipFile(source, archive, level, m_error)) << label;
         EXPECT_EQ(m_error, error) << label;
     }
+    EXPECT_EQ(m_folder.Read(_T("source")), "abc");
 }
 
 } // namespace

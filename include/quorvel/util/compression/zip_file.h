@@ -28,6 +28,6 @@ QUORVEL_API int AfxAddFileToZipFile(void* zip, const WCHAR* sourcePath, const WC
 
 // Makes a new archive that holds the source under its bare name. FALSE, with the reason in
 // `errorText`, for a null path and when anything fails; the archive is then closed and stays as
-// far as it was written.
+// far as it was written. An archive that is the source itself is refused.
 QUORVEL_API BOOL AfxCompressFileToZipFile(const WCHAR* sourcePath, const WCHAR* zipPath, int level,
                                           CString& errorText);
