@@ -207,6 +207,22 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
     }
 }
 
+TEST_F(Check, ALengthBeyond32BitsNeverWrapsTheFigures) {
+    for (const ULONGLONG length : {0x7fffffffull, 0x100000000ull, ~0ull}) {
+        source.m_now += COleDateTimeSpan(1.0);
+        UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
+        each.SetBodyLimit(~0ull);
+        ASSERT_TRUE(each.Check());
+        source.Answer(each, kHead);
+        source.Answer(each, Response("Content-Length: " + std::to_string(length) + "\r\n", kNew));
+        const std::string shown = view.Take();
+        EXPECT_NE(std::string::npos, shown.find("Downloaded 0 of 2147483647 bytes (0%)\n"))
+            << shown;
+        EXPECT_EQ(0, view.m_percent);
+        EXPECT_EQ(COleDateTime(), LastModified());
+    }
+}
+
 TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
     for (const bool isDownloading : {false, true}) {
         source.m_now += COleDateTimeSpan(1.0);
