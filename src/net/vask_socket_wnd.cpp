@@ -16,6 +16,11 @@ namespace {
 constexpr UINT kHostFound = WM_APP + 1004;
 constexpr const WCHAR* kClassName = _T("VaskSocketNotificationSink");
 
+// Under Wine a look-up that is cancelled goes on all the same, writes its buffer and posts its
+// message: the buffer is kept until then. Elsewhere that message never comes, so that there is a
+// limit to what is kept.
+constexpr std::size_t kMaxUnanswered = 64;
+
 UINT_PTR TimerOf(HANDLE request) {
     return reinterpret_cast<UINT_PTR>(request);
 }
@@ -112,7 +117,7 @@ int CVaskSocketWnd::AsyncGetHostByName(const WCHAR* name, HANDLE completionEvent
     if (!::IsWindow(m_hWnd) || completionEvent == nullptr || name == nullptr)
         return WSAEINVAL;
     const CStringA narrow(name);
-    auto data = std::make_unique<CGetHostRequestData>();
+    auto data = std::make_shared<CGetHostRequestData>();
     data->SetCompletionEvent(completionEvent);
     // Held until the request is in the map: its answer may be there before this goes on.
     const std::lock_guard lock(m_lock);
@@ -120,6 +125,9 @@ int CVaskSocketWnd::AsyncGetHostByName(const WCHAR* name, HANDLE completionEvent
                                                    data->GetBufferLength());
     if (started == nullptr)
         return ::WSAGetLastError();
+    m_unanswered.emplace_back(started, data);
+    if (m_unanswered.size() > kMaxUnanswered)
+        m_unanswered.pop_front();
     m_requests.insert_or_assign(started, std::move(data));
     request = started;
     if (timeOut != 0)
@@ -164,7 +172,9 @@ void CVaskSocketWnd::Finish(CGetHostRequestData& data, int error) {
 LRESULT CVaskSocketWnd::OnWSAAsyncGetHostByName(WPARAM wParam, LPARAM lParam) {
     ::KillTimer(m_hWnd, wParam);
     const std::lock_guard lock(m_lock);
-    CGetHostRequestData* const data = Find(reinterpret_cast<HANDLE>(wParam));
+    const HANDLE request = reinterpret_cast<HANDLE>(wParam);
+    std::erase_if(m_unanswered, [request](const auto& each) { return each.first == request; });
+    CGetHostRequestData* const data = Find(request);
     if (data != nullptr) // otherwise it was cancelled too late to stop its message
         Finish(*data, WSAGETASYNCERROR(lParam));
     return 0;

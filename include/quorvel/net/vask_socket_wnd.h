@@ -4,9 +4,11 @@
 
 #include <quorvel/framework/wnd.h>
 
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
+#include <utility>
 
 // A plain value.
 class QUORVEL_API CGetHostRequestData {
@@ -73,12 +75,13 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    typedef std::unordered_map<HANDLE, std::unique_ptr<CGetHostRequestData>> Requests;
+    typedef std::shared_ptr<CGetHostRequestData> Data;
 
     CGetHostRequestData* Find(HANDLE request) const; // the lock is held
     int Cancel(HANDLE request);                      // the lock is held
     static void Finish(CGetHostRequestData& data, int error);
 
     mutable std::mutex m_lock; // guards the requests
-    Requests m_requests;
+    std::unordered_map<HANDLE, Data> m_requests;
+    std::deque<std::pair<HANDLE, Data>> m_unanswered; // the newest last, also after their end
 };
