@@ -2,6 +2,7 @@
 #include <quorvel/xml/xml_file.h>
 
 #include "framework/replacement_file.h"
+#include "platform/surrogates.h"
 #include "platform/win32.h"
 #include "xml/xml_declaration.h"
 #include "xml/xml_file_steps.h"
@@ -82,8 +83,7 @@ void TextWriter::Put(std::basic_string_view<WCHAR> piece) {
 void TextWriter::Write(const CString& text) {
     for (int at = 0; at < text.GetLength();) {
         int count = std::min(kPiece, text.GetLength() - at);
-        const WCHAR last = text[at + count - 1];
-        if (last >= 0xd800 && last <= 0xdbff && count > 1)
+        if (count > 1 && quorvel::IsHighSurrogate(text[at + count - 1]))
             --count; // keep a surrogate pair together
         Put({text.GetString() + at, static_cast<std::size_t>(count)});
         at += count;

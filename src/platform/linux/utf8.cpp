@@ -87,13 +87,14 @@ bool IsTrail(BYTE byte) {
     return (byte & 0xc0) == 0x80;
 }
 
-struct DecodingPlaces {
-    const BYTE* from;
-    WCHAR* to;
+template <class Source, class Target>
+struct Places {
+    const Source* from;
+    Target* to;
 };
 
 // At most `count` characters, up to the first two of ASCII; false when one is ill-formed.
-bool DecodeStretch(DecodingPlaces& places, std::size_t count) {
+bool ConvertStretch(Places<BYTE, WCHAR>& places, std::size_t count) {
     const BYTE* from = places.from;
     WCHAR* to = places.to;
     bool good = true;
@@ -135,34 +136,8 @@ bool DecodeStretch(DecodingPlaces& places, std::size_t count) {
     return good;
 }
 
-// Returns how many bytes were decoded.
-std::size_t DecodeOrdinary(Bytes bytes, WideOutput& output) {
-    if (output.Next() == nullptr)
-        return 0;
-    DecodingPlaces places{bytes.data(), output.Next()};
-    const BYTE* const end = places.from + bytes.size();
-    WCHAR* const toEnd = places.to + output.Room();
-    for (;;) {
-        const std::size_t run =
-            CopyAscii(places.from, places.to,
-                      static_cast<std::size_t>(std::min(end - places.from, toEnd - places.to)));
-        places.from += run;
-        places.to += run;
-        const std::ptrdiff_t sure = std::min((end - places.from) / 4, (toEnd - places.to) / 2);
-        if (sure == 0 || !DecodeStretch(places, static_cast<std::size_t>(sure)))
-            break;
-    }
-    output.Advance(static_cast<std::size_t>(places.to - output.Next()));
-    return static_cast<std::size_t>(places.from - bytes.data());
-}
-
-struct EncodingPlaces {
-    const WCHAR* from;
-    char* to;
-};
-
 // At most `count` characters, up to the first two of ASCII; false at a lone surrogate.
-bool EncodeStretch(EncodingPlaces& places, std::size_t count) {
+bool ConvertStretch(Places<WCHAR, char>& places, std::size_t count) {
     const WCHAR* from = places.from;
     char* to = places.to;
     bool good = true;
@@ -191,25 +166,28 @@ bool EncodeStretch(EncodingPlaces& places, std::size_t count) {
     return good;
 }
 
-// Returns how many units were encoded.
-std::size_t EncodeOrdinary(WideText text, ByteOutput& output) {
+// Converts runs of ASCII and stretches of other characters, which have at most so many units in
+// source and target. Returns how many units of the source were converted.
+template <int widestSource, int widestTarget, class Source, class Target>
+std::size_t ConvertOrdinary(std::span<const Source> source, Output<Target>& output) {
     if (output.Next() == nullptr)
         return 0;
-    EncodingPlaces places{text.data(), output.Next()};
-    const WCHAR* const end = places.from + text.size();
-    char* const toEnd = places.to + output.Room();
+    Places<Source, Target> places{source.data(), output.Next()};
+    const Source* const end = places.from + source.size();
+    Target* const toEnd = places.to + output.Room();
     for (;;) {
         const std::size_t run =
             CopyAscii(places.from, places.to,
                       static_cast<std::size_t>(std::min(end - places.from, toEnd - places.to)));
         places.from += run;
         places.to += run;
-        const std::ptrdiff_t sure = std::min((end - places.from) / 2, (toEnd - places.to) / 4);
-        if (sure == 0 || !EncodeStretch(places, static_cast<std::size_t>(sure)))
+        const std::ptrdiff_t sure =
+            std::min((end - places.from) / widestSource, (toEnd - places.to) / widestTarget);
+        if (sure == 0 || !ConvertStretch(places, static_cast<std::size_t>(sure)))
             break;
     }
     output.Advance(static_cast<std::size_t>(places.to - output.Next()));
-    return static_cast<std::size_t>(places.from - text.data());
+    return static_cast<std::size_t>(places.from - source.data());
 }
 
 } // namespace
@@ -217,7 +195,7 @@ std::size_t EncodeOrdinary(WideText text, ByteOutput& output) {
 DWORD DecodeUtf8(Bytes bytes, bool strict, WideOutput& output) {
     std::size_t position = 0;
     for (;;) {
-        position += DecodeOrdinary(bytes.subspan(position), output);
+        position += ConvertOrdinary<4, 2>(bytes.subspan(position), output);
         position += output.PutAscii(bytes.subspan(position));
         if (position == bytes.size())
             return ERROR_SUCCESS;
@@ -239,7 +217,7 @@ DWORD DecodeUtf8(Bytes bytes, bool strict, WideOutput& output) {
 DWORD EncodeUtf8(WideText text, bool strict, ByteOutput& output) {
     std::size_t position = 0;
     for (;;) {
-        position += EncodeOrdinary(text.subspan(position), output);
+        position += ConvertOrdinary<2, 4>(text.subspan(position), output);
         position += output.PutAscii(text.subspan(position));
         if (position == text.size())
             return ERROR_SUCCESS;
