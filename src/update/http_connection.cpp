@@ -50,10 +50,15 @@ private:
 
 class HttpConnection : public UpdateConnection {
 public:
-    HttpConnection(HWND window, UINT port) : m_port(port) { m_socket.SetStatusCallbackWnd(window); }
+    HttpConnection(HWND window, UINT port) : m_window(window), m_port(port) {
+        m_socket.SetStatusCallbackWnd(window);
+    }
 
     const void* GetSender() const override { return static_cast<const CVaskSocket*>(&m_socket); }
-    DWORD Create() override { return ErrorUnless(m_socket.Create()); }
+    // Without a window nobody would tell the end.
+    DWORD Create() override {
+        return m_window != nullptr ? ErrorUnless(m_socket.Create()) : DWORD{WSAENOBUFS};
+    }
     DWORD Connect(const UpdateRequest& request) override;
     void Close() override { m_socket.Close(); }
 
@@ -69,6 +74,7 @@ private:
         return success ? 0 : static_cast<DWORD>(::WSAGetLastError());
     }
 
+    const HWND m_window;
     const UINT m_port;
     bool m_isStarted = false;
     Socket m_socket;
