@@ -74,13 +74,18 @@ private:
         return m_descriptor >= 0;
     }
     void SleepInFutex(const timespec* timeout) {
+        if (timeout != nullptr && timeout->tv_sec == 0 && timeout->tv_nsec == 0)
+            return;
         sched_yield(); // a poster on this processor goes on, and need not rouse for every message
         if (FallAsleep())
             syscall(SYS_futex, &m_state, FUTEX_WAIT_PRIVATE, kAsleep, timeout, nullptr, 0);
     }
     void SleepInPoll(const timespec* timeout) {
+        static constexpr timespec kNone = {};
         m_polled.push_back({m_descriptor, POLLIN, 0});
-        if (!FallAsleep() || ppoll(m_polled.data(), m_polled.size(), timeout, nullptr) <= 0)
+        if (!FallAsleep())
+            timeout = &kNone; // a look at the descriptors all the same
+        if (ppoll(m_polled.data(), m_polled.size(), timeout, nullptr) <= 0)
             return;
         if (m_polled.back().revents != 0) {
             eventfd_t ignored;
