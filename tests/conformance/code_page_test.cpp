@@ -2,17 +2,11 @@
 #include <quorvel/platform/platform.h>
 
 #include "support/digest.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 using namespace quorvel::win32;
 
 namespace {
-
-typedef std::basic_string<WCHAR> Wide;
 
 // What a conversion gives: the whole buffer, which is filled with marks beforehand.
 template <class Text>
@@ -114,12 +108,7 @@ TEST(Utf8, ReplacesHalfAPairUnlessTheCallIsStrict) {
 }
 
 TEST(CodePage, RefusesArgumentsBothWays) {
-    const struct {
-        const char* label;
-        bool hasSource, hasTarget, isFlagKnown;
-        int count, capacity, result;
-        DWORD error;
-    } rows[] = {
+    const std::tuple<const char*, bool, bool, bool, int, int, int, DWORD> rows[] = {
         {"with the terminator", true, true, true, -1, 4, 4, ERROR_SUCCESS},
         {"length query", true, false, true, 3, 0, 3, ERROR_SUCCESS},
         {"nothing", true, true, true, 0, 8, 0, ERROR_INVALID_PARAMETER},
@@ -129,24 +118,24 @@ TEST(CodePage, RefusesArgumentsBothWays) {
         {"no room for the terminator", true, true, true, -1, 3, 0, ERROR_INSUFFICIENT_BUFFER},
     };
     for (const UINT codePage : {65000, 65001, 1252, 932})
-        for (const auto& row : rows) {
+        for (const auto& [label, hasSource, hasTarget, isFlagKnown, count, capacity, result,
+                          error] : rows) {
             SCOPED_TRACE(codePage);
-            SCOPED_TRACE(row.label);
+            SCOPED_TRACE(label);
             WCHAR text[8];
             char bytes[8];
             SetLastError(ERROR_SUCCESS);
-            EXPECT_EQ(MultiByteToWideChar(codePage, row.isFlagKnown ? 0 : 0x10,
-                                          row.hasSource ? "abc" : nullptr, row.count,
-                                          row.hasTarget ? text : nullptr, row.capacity),
-                      row.result);
-            EXPECT_EQ(GetLastError(), row.error);
+            EXPECT_EQ(MultiByteToWideChar(codePage, isFlagKnown ? 0 : 0x10,
+                                          hasSource ? "abc" : nullptr, count,
+                                          hasTarget ? text : nullptr, capacity),
+                      result);
+            EXPECT_EQ(GetLastError(), error);
             SetLastError(ERROR_SUCCESS);
-            EXPECT_EQ(WideCharToMultiByte(codePage, row.isFlagKnown ? 0 : 8,
-                                          row.hasSource ? _T("abc") : nullptr, row.count,
-                                          row.hasTarget ? bytes : nullptr, row.capacity, nullptr,
-                                          nullptr),
-                      row.result);
-            EXPECT_EQ(GetLastError(), row.error);
+            EXPECT_EQ(WideCharToMultiByte(codePage, isFlagKnown ? 0 : 8,
+                                          hasSource ? _T("abc") : nullptr, count,
+                                          hasTarget ? bytes : nullptr, capacity, nullptr, nullptr),
+                      result);
+            EXPECT_EQ(GetLastError(), error);
         }
 }
 

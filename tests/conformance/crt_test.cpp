@@ -1,10 +1,7 @@
 // Wide numbers as the C runtime reads them.
 #include "platform/win32.h"
 
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

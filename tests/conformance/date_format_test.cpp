@@ -1,12 +1,7 @@
 // Dates and times by pictures and in the forms of a language.
 #include "platform/win32.h"
 
-#include "support/platform.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

@@ -1,12 +1,8 @@
 // Handles and files: one table of calls for both systems.
 #include "platform/win32.h"
 
-#include "support/cases.h"
-#include "support/last_error.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

@@ -2,15 +2,9 @@
 // error code.
 #include "platform/win32.h"
 
-#include "support/last_error.h"
-#include "support/platform.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <cstdarg>
-#include <string>
-#include <tuple>
 namespace {
 
 std::string Outcome(DWORD length, const WCHAR* text) {

@@ -1,11 +1,7 @@
 // The user's own locale, in a program that runs as German (Germany).
 #include "platform/win32.h"
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

@@ -3,14 +3,9 @@
 #include "platform/win32.h"
 
 #include "support/digest.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
+#include "support/test.h"
 
 namespace {
-
-typedef std::basic_string<WCHAR> Wide;
 
 TEST(LetterCase, TablesAreThePlatforms) {
     Wide lower;

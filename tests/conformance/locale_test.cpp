@@ -2,12 +2,7 @@
 #include "platform/win32.h"
 
 #include "support/digest.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

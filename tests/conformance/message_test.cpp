@@ -1,11 +1,8 @@
 // Posted messages, timers and the queue of a thread: what both systems promise.
 #include "platform/win32.h"
 
-#include "support/last_error.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
 #include <thread>
 
 namespace {

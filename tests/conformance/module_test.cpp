@@ -2,16 +2,11 @@
 // on both systems.
 #include "platform/win32.h"
 
-#include "support/last_error.h"
 #include "support/samples.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <algorithm>
-#include <string>
-#include <tuple>
 
 namespace {
 
@@ -48,13 +43,8 @@ TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
     const TemporaryFolder folder;
     folder.Write(_T("empty.dll"), "");
     folder.Write(_T("short.dll"), "MZ");
-    struct Row {
-        const char* label;
-        CString path;
-        DWORD flags;
-        DWORD error; // 0: it loads
-    };
-    const Row rows[] = {
+    // With error 0 it loads.
+    const std::tuple<const char*, CString, DWORD, DWORD> rows[] = {
         {"resources alone", Own(_T("full.dll")), 0, 0},
         {"without the extension", Own(_T("full")), 0, 0},
         {"as data", Own(_T("full.dll")), kAsData, 0},
@@ -64,9 +54,8 @@ TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
         {"two bytes, as data", folder.Path(_T("short.dll")), kAsData, 193},
         {"no name", _T(""), 0, 126},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(row.error, ErrorOf([&] { return Library(row.path, row.flags).Get() != nullptr; }))
-            << row.label;
+    for (const auto& [label, path, flags, error] : rows)
+        EXPECT_EQ(error, ErrorOf([&] { return Library(path, flags).Get() != nullptr; })) << label;
     EXPECT_EQ(87u, ErrorOf([] { return LoadLibraryW(nullptr) != nullptr; }));
 }
 

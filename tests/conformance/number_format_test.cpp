@@ -1,12 +1,7 @@
 // Numbers and byte sizes, in a program that runs as English (United States).
 #include "platform/win32.h"
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

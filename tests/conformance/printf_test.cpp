@@ -2,14 +2,9 @@
 // control and non-ASCII characters stand as \xHHHH.
 #include <quorvel/framework/string.h>
 
-#include "support/text.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <climits>
 #include <cmath>
-#include <limits>
-#include <string>
 
 namespace {
 

@@ -1,20 +1,12 @@
 // The registry's operations, on both systems. The tables tell what differs under Wine.
 #include <quorvel/framework/string.h>
 
-#include "support/platform.h"
 #include "support/registry.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "support/test.h"
 
 using namespace quorvel::win32;
 
 namespace {
-
-typedef std::basic_string<WCHAR> Wide;
 
 const HKEY kInvented = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(0x1234));
 
@@ -98,22 +90,17 @@ TEST(Registry, PathsAreSeparatedByBackslashes) {
     Wide deep = _T("deep");
     for (int depth = 0; depth < 400; ++depth)
         deep += _T("\\d");
-    const struct {
-        Wide create;
-        LSTATUS created;
-        Wide open;
-        LSTATUS opened;
-    } rows[] = {
+    const std::tuple<Wide, LSTATUS, Wide, LSTATUS> rows[] = {
         {_T("a"), 0, _T("a\\\\"), 0},     {_T("c\\d\\e"), 0, _T("c\\d"), 0},
         {_T("c\\\\f"), 0, _T("c\\f"), 0}, {_T("c"), 0, _T("missing\\d"), 2},
         {_T("x/y z"), 0, _T("x/y z"), 0}, // the slash is a letter like others
         {_T(""), 0, _T(""), 0},           {_T("\\a"), 161, _T("\\a"), 161},
         {longest, 0, longest, 0},         {deep, 0, deep, 0},
     };
-    for (const auto& row : rows) {
-        const CString label(row.create.c_str());
-        EXPECT_EQ(Create(key.Get(), row.create.c_str()), row.created) << CStringA(label);
-        EXPECT_EQ(Open(key.Get(), row.open.c_str()), row.opened) << CStringA(label);
+    for (const auto& [create, created, open, opened] : rows) {
+        const CString label(create.c_str());
+        EXPECT_EQ(Create(key.Get(), create.c_str()), created) << CStringA(label);
+        EXPECT_EQ(Open(key.Get(), open.c_str()), opened) << CStringA(label);
     }
     EXPECT_EQ(Create(key.Get(), nullptr), 0);
     EXPECT_EQ(Open(key.Get(), nullptr), 0);
@@ -123,11 +110,7 @@ TEST(Registry, PathsAreSeparatedByBackslashes) {
 }
 
 TEST(Registry, NamesAreFoundWithoutCaseAndKeepTheirs) {
-    const struct {
-        const WCHAR* written;
-        const WCHAR* asked;
-        bool isFound;
-    } rows[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, bool> rows[] = {
         {_T("Key"), _T("kEY"), true},
         {_T("\u00c4\u03a3\u0416"), _T("\u00e4\u03c3\u0436"), true},
         {_T("\u03a3"), _T("\u03c2"), false},         // the final sigma is another letter
@@ -135,15 +118,14 @@ TEST(Registry, NamesAreFoundWithoutCaseAndKeepTheirs) {
         {_T("\U00010400"), _T("\U00010428"), false}, // nor is half a pair folded
         {_T("\xd800"), _T("\xd800"), true},          // what is no text may be a name
     };
-    for (const auto& row : rows) {
+    for (const auto& [written, asked, isFound] : rows) {
         const TestKey key;
-        const std::string label =
-            Printable(row.written, static_cast<int>(Wide(row.written).size()));
-        EXPECT_EQ(Create(key.Get(), row.written), 0) << label;
-        EXPECT_EQ(Open(key.Get(), row.asked), row.isFound ? 0 : 2) << label;
-        EXPECT_EQ(Set(key.Get(), row.written, REG_BINARY, "x"), 0) << label;
-        EXPECT_EQ(RegDeleteValueW(key.Get(), row.asked), row.isFound ? 0 : 2) << label;
-        EXPECT_EQ(RegDeleteValueW(key.Get(), row.written), row.isFound ? 2 : 0) << label;
+        const std::string label = Printable(written, static_cast<int>(Wide(written).size()));
+        EXPECT_EQ(Create(key.Get(), written), 0) << label;
+        EXPECT_EQ(Open(key.Get(), asked), isFound ? 0 : 2) << label;
+        EXPECT_EQ(Set(key.Get(), written, REG_BINARY, "x"), 0) << label;
+        EXPECT_EQ(RegDeleteValueW(key.Get(), asked), isFound ? 0 : 2) << label;
+        EXPECT_EQ(RegDeleteValueW(key.Get(), written), isFound ? 2 : 0) << label;
     }
     const TestKey key;
     EXPECT_EQ(Create(key.Get(), _T("Key")), 0);
@@ -179,22 +161,19 @@ TEST(Registry, BadHandlesAndArgumentsAreRefused) {
 }
 
 TEST(Registry, RootsAreOpenToAllButThoseOfPerformanceData) {
-    const struct {
-        HKEY root;
-        LSTATUS expected;
-    } rows[] = {
+    const std::tuple<HKEY, LSTATUS> rows[] = {
         {HKEY_CLASSES_ROOT, 0},     {HKEY_CURRENT_USER, 0},
         {HKEY_LOCAL_MACHINE, 0},    {HKEY_USERS, 0},
         {HKEY_CURRENT_CONFIG, 0},   {HKEY_PERFORMANCE_DATA, 6},
         {HKEY_PERFORMANCE_TEXT, 6}, {HKEY_PERFORMANCE_NLSTEXT, 6},
     };
-    for (const auto& row : rows) {
+    for (const auto& [root, expected] : rows) {
         const TestKey name; // for its own name
         const CString path = _T("Quorvel test ") + name.Path().Right(8);
-        const UINT_PTR label = reinterpret_cast<UINT_PTR>(row.root);
-        EXPECT_EQ(Create(row.root, path), row.expected) << label;
-        EXPECT_EQ(Open(row.root, path), row.expected) << label;
-        EXPECT_EQ(RegDeleteKeyW(row.root, path), row.expected) << label;
+        const UINT_PTR label = reinterpret_cast<UINT_PTR>(root);
+        EXPECT_EQ(Create(root, path), expected) << label;
+        EXPECT_EQ(Open(root, path), expected) << label;
+        EXPECT_EQ(RegDeleteKeyW(root, path), expected) << label;
     }
     HKEY opened = nullptr;
     EXPECT_EQ(Open(HKEY_CURRENT_USER, nullptr, &opened), 0);
@@ -204,12 +183,8 @@ TEST(Registry, RootsAreOpenToAllButThoseOfPerformanceData) {
 TEST(Registry, DataComesBackWithItsKindAndSize) {
     const TestKey test;
     const std::string big(1 << 20, 'z');
-    const struct {
-        const char* label;
-        DWORD kind;
-        std::string stored;
-        std::string read; // with what the buffer holds behind it, up to 10 bytes
-    } rows[] = {
+    // At the end what is read, with what the buffer holds behind it, up to 10 bytes.
+    const std::tuple<const char*, DWORD, std::string, std::string> rows[] = {
         {"number of a wrong size", REG_DWORD, "abc", "abc???????"},
         {"text", REG_SZ, std::string("a\0\0\0", 4), std::string("a\0\0\0??????", 10)},
         {"text that lacks its terminator", REG_SZ, std::string("a\0b\0", 4),
@@ -218,26 +193,26 @@ TEST(Registry, DataComesBackWithItsKindAndSize) {
         {"own kind", 0x80000001, "own", "own???????"},
         {"1 MB", REG_BINARY, big, big},
     };
-    for (const auto& row : rows) {
-        ASSERT_EQ(Set(test.Get(), _T("v"), row.kind, row.stored), 0) << row.label;
-        const DWORD length = static_cast<DWORD>(row.stored.size());
+    for (const auto& [label, storedKind, stored, read] : rows) {
+        ASSERT_EQ(Set(test.Get(), _T("v"), storedKind, stored), 0) << label;
+        const DWORD length = static_cast<DWORD>(stored.size());
         DWORD kind = 99;
         DWORD size = 99;
         EXPECT_EQ(RegQueryValueExW(test.Get(), _T("V"), nullptr, &kind, nullptr, &size), 0);
-        EXPECT_EQ(kind, row.kind) << row.label;
-        EXPECT_EQ(size, length) << row.label;
-        std::string buffer(row.read.size(), '?');
+        EXPECT_EQ(kind, storedKind) << label;
+        EXPECT_EQ(size, length) << label;
+        std::string buffer(read.size(), '?');
         BYTE* const data = reinterpret_cast<BYTE*>(buffer.data());
         if (length > 0) {
             size = length - 1;
             EXPECT_EQ(RegQueryValueExW(test.Get(), _T("V"), nullptr, &kind, data, &size), 234);
-            EXPECT_EQ(size, length) << row.label;
-            EXPECT_EQ(buffer, std::string(row.read.size(), '?')) << row.label;
+            EXPECT_EQ(size, length) << label;
+            EXPECT_EQ(buffer, std::string(read.size(), '?')) << label;
         }
         size = static_cast<DWORD>(buffer.size());
         EXPECT_EQ(RegQueryValueExW(test.Get(), _T("V"), nullptr, &kind, data, &size), 0);
-        EXPECT_EQ(size, length) << row.label;
-        EXPECT_TRUE(buffer == row.read) << row.label;
+        EXPECT_EQ(size, length) << label;
+        EXPECT_TRUE(buffer == read) << label;
     }
 }
 

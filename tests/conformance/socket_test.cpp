@@ -3,13 +3,8 @@
 
 #include <quorvel/platform/sockets.h>
 
-#include "support/last_error.h"
-#include "support/platform.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
 #include <thread>
 
 namespace {
@@ -287,11 +282,7 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
     char byte = 0;
     EXPECT_EQ(shutdown(server.Get(), SD_BOTH), 0);
     const SOCKET none = static_cast<SOCKET>(0x7ffc);
-    struct {
-        const char* label;
-        int error;
-        std::function<int()> call;
-    } const rows[] = {
+    const std::tuple<const char*, int, std::function<int()>> rows[] = {
         {"recv unconnected", WSAENOTCONN, [&] { return recv(fresh.Get(), &byte, 1, 0); }},
         {"listen unbound", WSAEINVAL, [&] { return listen(fresh.Get(), 5); }},
         {"accept without listening", WSAEINVAL,
@@ -300,10 +291,9 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
         {"send after shutdown", WSAESHUTDOWN, [&] { return server.Send("x"); }},
         {"no socket", WSAENOTSOCK, [&] { return recv(none, &byte, 1, 0); }},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(ErrorOf([&] { return row.call() != SOCKET_ERROR; }),
-                  static_cast<DWORD>(row.error))
-            << row.label;
+    for (const auto& [label, error, call] : rows)
+        EXPECT_EQ(ErrorOf([&] { return call() != SOCKET_ERROR; }), static_cast<DWORD>(error))
+            << label;
 }
 
 TEST_F(Sockets, CarryAMegabyteWithoutALostReport) {

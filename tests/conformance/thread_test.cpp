@@ -1,9 +1,7 @@
 // Events, threads and waits: what both systems promise.
 #include "platform/win32.h"
 
-#include "support/last_error.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <atomic>
 #include <thread>

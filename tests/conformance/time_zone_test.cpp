@@ -2,13 +2,10 @@
 // run fixes to Europe/Berlin.
 #include "platform/win32.h"
 
-#include "support/platform.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <cstdio>
 #include <cstring>
-#include <string>
 
 namespace {
 

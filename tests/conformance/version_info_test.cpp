@@ -1,15 +1,9 @@
 // Version resources of files: the same on both systems.
 #include "platform/win32.h"
 
-#include "support/last_error.h"
 #include "support/samples.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
-#include <vector>
+#include "support/test.h"
 
 namespace {
 
@@ -45,12 +39,8 @@ TEST(VersionInfoConformance, FilesWithoutAVersionGiveTheErrorOfEachKind) {
 }
 
 TEST(VersionInfoConformance, ValuesAreFoundByTheirPath) {
-    struct Row {
-        const WCHAR* path;
-        int length;        // -1: not found
-        const WCHAR* text; // null: the translations or a block without a value
-    };
-    const Row rows[] = {
+    // Length -1: not found. A null text: the translations or a block without a value.
+    const std::tuple<const WCHAR*, int, const WCHAR*> rows[] = {
         {_T("\\VarFileInfo\\Translation"), 8, nullptr},
         {_T("\\varfileinfo\\TRANSLATION"), 8, nullptr},
         {_T("\\\\VarFileInfo\\\\Translation\\"), 8, nullptr},
@@ -62,20 +52,19 @@ TEST(VersionInfoConformance, ValuesAreFoundByTheirPath) {
     };
     for (const WCHAR* file : {_T("full.dll"), _T("x86_64/full.dll")}) {
         const std::vector<BYTE> block = Block(Sample(file));
-        for (const Row& row : rows) {
-            SCOPED_TRACE(CStringA(row.path).GetString());
+        for (const auto& [path, expectedLength, text] : rows) {
+            SCOPED_TRACE(CStringA(path).GetString());
             BYTE marker;
             void* value = &marker;
             UINT length = 77;
-            const bool isThere = row.length >= 0;
-            EXPECT_EQ(isThere ? 0 : 1813, ErrorOf([&] {
-                          return VerQueryValueW(block.data(), row.path, &value, &length);
-                      }));
-            EXPECT_EQ(static_cast<UINT>(isThere ? row.length : 0), length);
+            const bool isThere = expectedLength >= 0;
+            EXPECT_EQ(isThere ? 0 : 1813,
+                      ErrorOf([&] { return VerQueryValueW(block.data(), path, &value, &length); }));
+            EXPECT_EQ(static_cast<UINT>(isThere ? expectedLength : 0), length);
             if (!isThere) {
                 EXPECT_EQ(&marker, value);
-            } else if (row.text != nullptr) {
-                EXPECT_EQ(CString(row.text), CString(static_cast<const WCHAR*>(value)));
+            } else if (text != nullptr) {
+                EXPECT_EQ(CString(text), CString(static_cast<const WCHAR*>(value)));
             } else {
                 EXPECT_EQ(std::string("\x09\x04\xb0\x04\x07\x04\xe4\x04", length),
                           std::string(static_cast<const char*>(value), length));

@@ -1,11 +1,8 @@
 // Windows and their classes: what both systems promise.
 #include "platform/win32.h"
 
-#include "support/last_error.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
 #include <thread>
 
 namespace {

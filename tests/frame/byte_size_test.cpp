@@ -1,7 +1,6 @@
 #include <quorvel/frame/byte_size.h>
 
-#include "support/cases.h"
-#include "support/text.h"
+#include "support/test.h"
 
 namespace {
 

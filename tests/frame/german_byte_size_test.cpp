@@ -1,9 +1,7 @@
 // Byte sizes for a user whose locale is German.
 #include <quorvel/frame/byte_size.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace {
 

@@ -1,10 +1,7 @@
 #include <quorvel/frame/languages.h>
 
-#include "support/cases.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

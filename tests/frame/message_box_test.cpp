@@ -4,11 +4,7 @@
 #include <quorvel/res/message_ids.h>
 
 #include "support/message_box_recorder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 void PrintTo(const RecordedMessageBox& box, std::ostream* stream) {
     PrintTo(box.text, stream);

@@ -4,9 +4,7 @@
 #include "frame/html_help.h"
 #include "frame/module.h"
 #include "support/message_box_recorder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <string_view>
 
@@ -35,21 +33,17 @@ int AnswerByLink(const WCHAR* link) {
 }
 
 TEST(Module, TheHookDecidesAboutLinks) {
-    const struct {
-        int (*hook)(const WCHAR*);
-        const WCHAR* link;
-        int answer;
-    } rows[] = {
+    const std::tuple<int (*)(const WCHAR*), const WCHAR*, int> rows[] = {
         {nullptr, _T("http://good"), TRUE},
         {nullptr, nullptr, FALSE},
         {AnswerByLink, _T("http://good"), 7},
         {AnswerByLink, _T("http://bad"), FALSE},
     };
     EXPECT_EQ(QuorvelGetOpenExternalLinkCallback(), nullptr);
-    for (const auto& row : rows) {
-        QuorvelSetOpenExternalLinkCallback(row.hook);
-        EXPECT_EQ(QuorvelGetOpenExternalLinkCallback(), row.hook);
-        EXPECT_EQ(MayOpenExternalLink(row.link), row.answer);
+    for (const auto& [hook, link, answer] : rows) {
+        QuorvelSetOpenExternalLinkCallback(hook);
+        EXPECT_EQ(QuorvelGetOpenExternalLinkCallback(), hook);
+        EXPECT_EQ(MayOpenExternalLink(link), answer);
     }
     QuorvelSetOpenExternalLinkCallback(nullptr);
 }

@@ -2,13 +2,10 @@
 #include <quorvel/frame/operating_system.h>
 
 #include "frame/system_facts.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <algorithm>
 #include <string_view>
-#include <tuple>
 
 namespace {
 
@@ -227,10 +224,8 @@ TEST(OperatingSystem, TheOldestReleasesNameTheirEditionInTheRegistry) {
     facts.version = Version(2, 3, 51, kServer, kEnterprise, _T("Service Pack 5"));
     facts.version.extended = false;
     facts.queryProductType = QueryProductType;
-    const struct {
-        ProductType productType;
-        const WCHAR* text; // null: no description
-    } rows[] = {
+    // A null edition: no description.
+    const std::tuple<ProductType, const WCHAR*> rows[] = {
         {{_T("WINNT"), 12, 0}, _T("Workstation ")},
         {{_T("LanmanNT"), 18, 0}, _T("Server ")},
         {{_T("servernt"), 18, 0}, _T("Advanced Server ")},
@@ -239,13 +234,13 @@ TEST(OperatingSystem, TheOldestReleasesNameTheirEditionInTheRegistry) {
         {{_T("0123456789012345678901234567890123456789"), 80, 0}, _T("")},
         {{_T("WINNT"), 82, 0}, nullptr},
     };
-    for (const auto& row : rows) {
-        s_productType = &row.productType;
+    for (const auto& [productType, edition] : rows) {
+        s_productType = &productType;
         CString text;
-        EXPECT_EQ(DescribeSystem(facts, text), row.text != nullptr);
-        if (row.text == nullptr)
+        EXPECT_EQ(DescribeSystem(facts, text), edition != nullptr);
+        if (edition == nullptr)
             continue;
-        EXPECT_EQ(text, CString(kNT) + row.text + _T("3.51 Service Pack 5 (Build 2600)"));
+        EXPECT_EQ(text, CString(kNT) + edition + _T("3.51 Service Pack 5 (Build 2600)"));
     }
 }
 

@@ -2,13 +2,10 @@
 #include <quorvel/frame/message_box.h>
 #include <quorvel/frame/module.h>
 #include <quorvel/framework/exceptions.h>
-#include <quorvel/framework/string.h>
 #include <quorvel/res/message_ids.h>
 
 #include "support/message_box_recorder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace {
 

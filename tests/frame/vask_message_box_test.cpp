@@ -5,12 +5,7 @@
 
 #include "frame/vask_expectation.h"
 #include "support/message_box_recorder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "support/test.h"
 
 using namespace quorvel;
 

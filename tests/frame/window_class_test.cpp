@@ -3,11 +3,7 @@
 #include <quorvel/frame/window_class.h>
 #include <quorvel/framework/wnd.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 using namespace quorvel::win32;
 

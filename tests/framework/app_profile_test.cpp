@@ -1,11 +1,7 @@
 #include <quorvel/framework/app.h>
 
 #include "support/registry.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <vector>
+#include "support/test.h"
 
 using namespace quorvel::win32;
 

@@ -4,9 +4,7 @@
 
 #include "support/german_texts.h"
 #include "support/message_box_recorder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <filesystem>
 

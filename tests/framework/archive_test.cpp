@@ -1,12 +1,7 @@
 #include <quorvel/framework/archive.h>
 
 #include "support/archive_image.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

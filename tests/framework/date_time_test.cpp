@@ -1,10 +1,6 @@
 #include <quorvel/framework/date_time.h>
 
-#include "support/cases.h"
-#include "support/text.h"
-
-#include <limits>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

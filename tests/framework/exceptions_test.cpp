@@ -4,11 +4,7 @@
 
 #include "support/german_texts.h"
 #include "support/message_box_recorder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 #define EXCEPTION(name, raise, deleted)                                                            \
     {                                                                                              \

@@ -1,14 +1,10 @@
 #include <quorvel/framework/file.h>
 
-#include "support/cases.h"
 #include "support/exceptions.h"
-#include "support/text.h"
+#include "support/test.h"
 
 #include <cstdlib>
 #include <cstring>
-#include <memory>
-#include <string>
-#include <tuple>
 
 namespace {
 

@@ -1,9 +1,7 @@
 // Internet addresses and their parts.
 #include <quorvel/framework/inet.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace {
 
@@ -14,13 +12,7 @@ std::string Label(const CString& url) {
 TEST(Inet, AnAddressIsSplitIntoItsParts) {
     const CString longPath = _T("/") + CString(_T('x'), 10000);
     const CString longHost(_T('h'), 300);
-    struct {
-        CString url;
-        DWORD serviceType;
-        CString server;
-        CString object;
-        WORD port;
-    } const rows[] = {
+    const std::tuple<CString, DWORD, CString, CString, WORD> rows[] = {
         {_T("HTTP://Host.Example/A/b.xml"), AFX_INET_SERVICE_HTTP, _T("Host.Example"),
          _T("/A/b.xml"), 80},
         {_T("https://host:8443/"), AFX_INET_SERVICE_HTTPS, _T("host"), _T("/"), 8443},
@@ -34,16 +26,17 @@ TEST(Inet, AnAddressIsSplitIntoItsParts) {
         {_T("http://host") + longPath, AFX_INET_SERVICE_HTTP, _T("host"), longPath, 80},
         {_T("http://") + longHost, AFX_INET_SERVICE_HTTP, longHost, _T("/"), 80},
     };
-    for (const auto& row : rows) {
+    for (const auto& [url, expectedServiceType, expectedServer, expectedObject, expectedPort] :
+         rows) {
         DWORD serviceType = 0;
         CString server;
         CString object;
         WORD port = 0;
-        EXPECT_TRUE(AfxParseURL(row.url, serviceType, server, object, port)) << Label(row.url);
-        EXPECT_EQ(serviceType, row.serviceType) << Label(row.url);
-        EXPECT_EQ(server, row.server);
-        EXPECT_EQ(object, row.object);
-        EXPECT_EQ(port, row.port);
+        EXPECT_TRUE(AfxParseURL(url, serviceType, server, object, port)) << Label(url);
+        EXPECT_EQ(serviceType, expectedServiceType) << Label(url);
+        EXPECT_EQ(server, expectedServer);
+        EXPECT_EQ(object, expectedObject);
+        EXPECT_EQ(port, expectedPort);
     }
 }
 

@@ -1,12 +1,6 @@
 #include <quorvel/framework/exceptions.h>
-#include <quorvel/framework/string.h>
 
-#include "support/cases.h"
-#include "support/text.h"
-
-#include <climits>
-#include <tuple>
-#include <vector>
+#include "support/test.h"
 
 namespace {
 
@@ -117,23 +111,21 @@ TEST(String, FindsPlaces) {
 
 TEST(String, TokensAreWhatLiesBetweenSeparators) {
     // The tokens stand with a bar behind each.
-    const struct {
-        const WCHAR *text, *separators, *tokens;
-    } rows[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
         {_T("a,b;c"), _T(",;"), _T("a|b|c|")},
         {_T(",,a,,b,,"), _T(","), _T("a|b|")},
         {_T(""), _T(","), _T("")},
         {_T("a,b"), _T(""), _T("a,b|")},
     };
-    for (const auto& row : rows) {
-        const CString text(row.text);
+    for (const auto& [whole, separators, expected] : rows) {
+        const CString text(whole);
         CString tokens;
         int position = 0;
-        for (CString token = text.Tokenize(row.separators, position); position != -1;
-             token = text.Tokenize(row.separators, position))
+        for (CString token = text.Tokenize(separators, position); position != -1;
+             token = text.Tokenize(separators, position))
             tokens += token + _T("|");
-        EXPECT_EQ(tokens, row.tokens);
-        EXPECT_TRUE(text.Tokenize(row.separators, position).IsEmpty()); // and stays at its end
+        EXPECT_EQ(tokens, expected);
+        EXPECT_TRUE(text.Tokenize(separators, position).IsEmpty()); // and stays at its end
         EXPECT_EQ(position, -1);
     }
 }

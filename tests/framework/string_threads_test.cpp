@@ -1,12 +1,9 @@
 #include <quorvel/framework/string.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <atomic>
 #include <thread>
-#include <vector>
 
 TEST(StringThreads, CopiesOfOneTextAreChangedAndDroppedOnManyThreads) {
     const CString original(_T("shared"));

@@ -66,17 +66,14 @@ TEST(Thread, RunsItsFunctionOnceResumed) {
 TEST(Thread, EndsWithoutRunningOrWithWhatIsThrown) {
     g_runs = 0;
     int amount = 1;
-    struct {
-        AFX_THREADPROC function;
-        bool resumed;
-        int times;
-    } const rows[] = {{Count, false, 100}, {ThrowException, true, 1}, {ThrowNumber, true, 1}};
-    for (const auto& row : rows)
-        for (int i = 0; i < row.times; ++i) {
-            CWinThread* const suspended = BeginSuspended(row.function, &amount);
+    const std::tuple<AFX_THREADPROC, bool, int> rows[] = {
+        {Count, false, 100}, {ThrowException, true, 1}, {ThrowNumber, true, 1}};
+    for (const auto& [function, resumed, times] : rows)
+        for (int i = 0; i < times; ++i) {
+            CWinThread* const suspended = BeginSuspended(function, &amount);
             ASSERT_NE(suspended, nullptr);
             const HANDLE thread = Duplicate(suspended->m_hThread);
-            if (row.resumed)
+            if (resumed)
                 suspended->ResumeThread();
             else
                 delete suspended;

@@ -4,13 +4,9 @@
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/wnd.h>
 
-#include "support/cases.h"
-#include "support/text.h"
+#include "support/test.h"
 
-#include <memory>
-#include <string>
 #include <thread>
-#include <vector>
 
 using namespace quorvel::win32;
 

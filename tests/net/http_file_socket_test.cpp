@@ -3,16 +3,11 @@
 
 #include "net/socket_peer.h"
 #include "platform/win32.h"
-#include "support/platform.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <regex>
-#include <string>
 #include <thread>
-#include <tuple>
 
 namespace {
 
@@ -129,12 +124,7 @@ TEST_F(Download, FaultsOfAServerLeaveWhatCame) {
     const std::string header = "HTTP/1.1 200 OK\r\n";
     const std::string long1MB(1 << 20, 'x');
     enum End { kCloses, kResets };
-    struct {
-        const char* label;
-        std::string response;
-        End end;
-        const char* statuses;
-    } const rows[] = {
+    const std::tuple<const char*, std::string, End, const char*> rows[] = {
         {"fewer bytes told", header + "Content-Length: 3\r\n\r\n0123456789", kCloses,
          "3 4 8 1000 14 "},
         {"more bytes told", header + "Content-Length: 99\r\n\r\n0123456789", kCloses,
@@ -146,19 +136,19 @@ TEST_F(Download, FaultsOfAServerLeaveWhatCame) {
         {"a reset in the header", header, kResets,
          kOnLinux ? "3 4 8 9:10054 14:10054 " : "3 4 8 14 "},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+    for (const auto& [label, response, end, statuses] : rows) {
+        SCOPED_TRACE(label);
         CHttpFileSocket socket;
         socket.SetGetHeaderOnly(FALSE);
         socket.SetLocalFileName(m_folder.Path(_T("file")));
         Ask(socket);
         const linger hard = {1, 0};
-        if (row.end == kResets)
+        if (end == kResets)
             setsockopt(m_server, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&hard),
                        sizeof hard);
-        Answer(socket, row.response, 30000);
-        EXPECT_EQ(row.statuses, Statuses(socket));
-        EXPECT_TRUE(row.response == m_folder.Read(_T("file")));
+        Answer(socket, response, 30000);
+        EXPECT_EQ(statuses, Statuses(socket));
+        EXPECT_TRUE(response == m_folder.Read(_T("file")));
         Release(socket);
     }
 }

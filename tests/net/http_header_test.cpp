@@ -3,12 +3,7 @@
 
 #include "net/http_header_reader.h"
 #include "support/date_time.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

@@ -12,16 +12,13 @@
 #include <malloc.h>
 #endif
 
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <atomic>
 #include <chrono>
 #include <filesystem>
-#include <functional>
 #include <map>
-#include <memory>
 #include <mutex>
-#include <string>
 #include <thread>
 #include <utility>
 #include <vector>

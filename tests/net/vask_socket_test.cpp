@@ -5,17 +5,10 @@
 
 #include "net/socket_peer.h"
 #include "platform/win32.h"
-#include "support/last_error.h"
 #include "support/message_box_recorder.h"
-#include "support/platform.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <cstring>
-#include <functional>
-#include <memory>
-#include <vector>
 
 namespace {
 
@@ -188,35 +181,31 @@ TEST_F(VaskSocket, ListensAndAccepts) {
 // A handler that refuses, throws or closes its socket is the last one that is called. Closed
 // inside, the socket has told its last status; otherwise the owner's Close does.
 TEST_F(VaskSocket, EndsWithinAnyHandler) {
-    struct {
-        const char* handler;
-        const char* statuses;
-        const char* handlers;
-    } const rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"connect", "3 4 ", "connect "},
         {"send", "3 4 8 ", "connect send "},
         {"receive", "3 4 8 9 ", "connect send receive "},
         {"close", "3 4 8 9 10:1 ", "connect send receive close "},
     };
     enum Act { kRefuse, kThrow, kClose, kActs };
-    for (const auto& row : rows) {
+    for (const auto& [handler, statuses, handlers] : rows) {
         Peer peer;
         ScriptedSocket socket; // the same for all: it may be used again
         for (int act = 0; act < kActs; ++act) {
-            socket.m_acts[row.handler] = [&]() -> int {
+            socket.m_acts[handler] = [&]() -> int {
                 if (act == kThrow)
                     throw 5;
                 if (act == kClose)
                     socket.Close();
-                return act == kClose ? TRUE : row.handler == std::string("receive") ? -1 : 0;
+                return act == kClose ? TRUE : handler == std::string("receive") ? -1 : 0;
             };
             Connect(socket, peer);
             Converse(peer, socket);
             m_window.Pump();
-            const std::string label = row.handler + std::string(", act ") + std::to_string(act);
-            const std::string ended = row.statuses + std::string("0 ");
-            EXPECT_EQ(m_window.Of(socket), act == kClose ? ended : row.statuses) << label;
-            EXPECT_EQ(socket.Take(), row.handlers) << label;
+            const std::string label = handler + std::string(", act ") + std::to_string(act);
+            const std::string ended = statuses + std::string("0 ");
+            EXPECT_EQ(m_window.Of(socket), act == kClose ? ended : statuses) << label;
+            EXPECT_EQ(socket.Take(), handlers) << label;
             EXPECT_EQ(ErrorOf([&] { return socket.Connect(kHost, 80); }), DWORD{WSAEISCONN});
             socket.Close();
             m_window.Pump();
@@ -254,11 +243,7 @@ TEST_F(VaskSocket, RefusesWhatDoesNotFitItsState) {
     ScriptedSocket socket;
     socket.SetStatusCallbackWnd(m_window.Get());
     const addrinfo strange = {0, AF_INET, 99, 0, 0, nullptr, nullptr, nullptr};
-    struct {
-        const char* label;
-        int error;
-        std::function<BOOL()> call;
-    } const fresh[] = {
+    const std::tuple<const char*, int, std::function<BOOL()>> fresh[] = {
         {"attach nothing", WSAENOTSOCK, [&] { return socket.Attach(INVALID_SOCKET); }},
         {"null address", WSAEINVAL, [&] { return socket.CreateEx(nullptr); }},
         {"unknown type", WSAESOCKTNOSUPPORT, [&] { return socket.CreateEx(&strange); }},
@@ -272,25 +257,21 @@ TEST_F(VaskSocket, RefusesWhatDoesNotFitItsState) {
          [&] { return socket.Create(peer.Port(), SOCK_STREAM, 63, kHost); }},
         {"no address", WSAEINVAL, [&] { return socket.Create(0, SOCK_STREAM, 63, _T("host")); }},
     };
-    for (const auto& row : fresh) {
-        EXPECT_EQ(ErrorOf(row.call), static_cast<DWORD>(row.error)) << row.label;
+    for (const auto& [label, error, call] : fresh) {
+        EXPECT_EQ(ErrorOf(call), static_cast<DWORD>(error)) << label;
         EXPECT_FALSE(socket.IsSocketValid() || socket.IsEventValid() || socket.IsThreadActive());
         EXPECT_TRUE(socket.GetHostURL().IsEmpty());
     }
     Connect(socket, peer);
-    struct {
-        const char* label;
-        int error;
-        std::function<BOOL()> call;
-    } const active[] = {
+    const std::tuple<const char*, int, std::function<BOOL()>> active[] = {
         {"create", WSAEISCONN, [&] { return socket.Create(); }},
         {"attach", WSAEISCONN, [&] { return socket.Attach(1); }},
         {"connect", WSAEISCONN, [&] { return socket.Connect(kHost, 80); }},
         {"detach", WSAEOPNOTSUPP, [&] { return socket.Detach() != INVALID_SOCKET; }},
         {"accepted into", WSAEISCONN, [&] { return socket.Accept(socket); }},
     };
-    for (const auto& row : active)
-        EXPECT_EQ(ErrorOf(row.call), static_cast<DWORD>(row.error)) << row.label;
+    for (const auto& [label, error, call] : active)
+        EXPECT_EQ(ErrorOf(call), static_cast<DWORD>(error)) << label;
     EXPECT_TRUE(socket.IsThreadActive());
 }
 
@@ -366,10 +347,7 @@ TEST_F(VaskSocket, ManyWorkAtOnce) {
 }
 
 TEST(WinsockErrorText, HasATextOfItsOwnOrNone) {
-    struct {
-        DWORD code;
-        const WCHAR* text;
-    } const rows[] = {
+    const std::tuple<DWORD, const WCHAR*> rows[] = {
         {0, _T("Unknown error.")},
         {6, _T("Specified event object handle is invalid.")},
         {10004, _T("Interrupted function call.")},
@@ -378,8 +356,8 @@ TEST(WinsockErrorText, HasATextOfItsOwnOrNone) {
         {10107, _T("System call failure.")},
         {11004, _T("Valid name, no data record of requested type.")},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(AfxGetWinsockErrorText(row.code), row.text) << row.code;
+    for (const auto& [code, text] : rows)
+        EXPECT_EQ(AfxGetWinsockErrorText(code), text) << code;
 }
 
 // A copy ends at the first zero byte, so it has no addresses, and must not look for any.

@@ -3,9 +3,7 @@
 
 #include "platform/linux/host_lookup.h"
 
-#include "support/last_error.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <atomic>
 #include <memory>

@@ -1,11 +1,9 @@
 // Files and handles: what holds natively beyond the table shared with Windows.
 #include "platform/win32.h"
 
-#include "support/last_error.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <atomic>

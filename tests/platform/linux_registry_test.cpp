@@ -4,8 +4,7 @@
 
 #include "support/environment.h"
 #include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -14,9 +13,7 @@
 
 #include <algorithm>
 #include <csignal>
-#include <functional>
 #include <thread>
-#include <vector>
 
 using namespace quorvel;
 
@@ -88,21 +85,17 @@ int RunAsNobody(const std::function<int()>& body) {
 } // namespace
 
 TEST(RegistryPlace, IsWhatTheVariableNamesOrTheUsersDataFolder) {
-    const struct {
-        const char* variable;
-        DWORD error;
-        const char* expected;
-    } rows[] = {
+    const std::tuple<const char*, DWORD, const char*> rows[] = {
         {"/r/file", 0, "/r/file"},
         {nullptr, 0, "/data/quorvel/registry.db"},
         {"file", ERROR_BAD_PATHNAME, "file"},
     };
     const EnvironmentVariable data("XDG_DATA_HOME", "/data");
-    for (const auto& row : rows) {
-        const EnvironmentVariable registry("QUORVEL_REGISTRY", row.variable);
+    for (const auto& [variable, error, expected] : rows) {
+        const EnvironmentVariable registry("QUORVEL_REGISTRY", variable);
         std::string path;
-        EXPECT_EQ(LocateRegistry(path), row.error) << row.expected;
-        EXPECT_EQ(path, row.expected);
+        EXPECT_EQ(LocateRegistry(path), error) << expected;
+        EXPECT_EQ(path, expected);
     }
 }
 
@@ -121,10 +114,7 @@ TEST(RegistryFile, IsMadeByTheFirstWriteForItsUserAlone) {
 }
 
 TEST(RegistryFile, IsMovedAsideWhenDamagedAndBegunAnew) {
-    const struct {
-        const char* label;
-        std::function<void(std::string&)> damage;
-    } rows[] = {
+    const std::tuple<const char*, std::function<void(std::string&)>> rows[] = {
         {"text", [](std::string& bytes) { bytes = "this is no registry\n"; }},
         {"bad schema page", [](std::string& bytes) { bytes.replace(100, 500, 500, '\xff'); }},
         {"bad pages",
@@ -134,21 +124,21 @@ TEST(RegistryFile, IsMovedAsideWhenDamagedAndBegunAnew) {
     };
     const Place place;
     int number = 0;
-    for (const auto& row : rows) {
+    for (const auto& [label, damage] : rows) {
         RegistryStore store(place.File());
         Fill(store);
         store.Close();
         std::string bytes = place.Read(kFile);
-        row.damage(bytes);
+        damage(bytes);
         place.Write(kFile, bytes);
-        EXPECT_EQ(Read(store, Name(7)), "error 1015") << row.label;
+        EXPECT_EQ(Read(store, Name(7)), "error 1015") << label;
         CString aside;
         aside.Format(_T("registry.db.damaged-%d"), ++number);
-        EXPECT_TRUE(place.Read(aside) == bytes) << row.label;
-        EXPECT_FALSE(place.Has(kFile)) << row.label;
-        EXPECT_EQ(Read(store, Name(7)), "error 2") << row.label;
-        EXPECT_EQ(Write(store, u"new", "data"), 0u) << row.label;
-        EXPECT_EQ(Read(store, u"new"), "data") << row.label;
+        EXPECT_TRUE(place.Read(aside) == bytes) << label;
+        EXPECT_FALSE(place.Has(kFile)) << label;
+        EXPECT_EQ(Read(store, Name(7)), "error 2") << label;
+        EXPECT_EQ(Write(store, u"new", "data"), 0u) << label;
+        EXPECT_EQ(Read(store, u"new"), "data") << label;
     }
 }
 
@@ -168,24 +158,21 @@ TEST(RegistryFile, TablesThatWereTamperedWithAreDamage) {
 }
 
 TEST(RegistryFile, OfOthersIsRefusedAndLeftAsItIs) {
-    const struct {
-        const char* sql;
-        DWORD error;
-    } rows[] = {
+    const std::tuple<const char*, DWORD> rows[] = {
         {"PRAGMA application_id = 0x51766c52; PRAGMA user_version = 2; CREATE TABLE other(a)",
          ERROR_REVISION_MISMATCH},
         {"CREATE TABLE other(a)", ERROR_BADDB},
     };
-    for (const auto& row : rows) {
+    for (const auto& [sql, error] : rows) {
         const Place place;
-        Execute(place.File(), row.sql);
+        Execute(place.File(), sql);
         const std::string bytes = place.Read(kFile);
         RegistryStore store(place.File());
         for (int i = 0; i < 2; ++i) {
-            EXPECT_EQ(Read(store, u"v"), "error " + std::to_string(row.error)) << row.sql;
-            EXPECT_EQ(Write(store, u"v", "data"), row.error) << row.sql;
+            EXPECT_EQ(Read(store, u"v"), "error " + std::to_string(error)) << sql;
+            EXPECT_EQ(Write(store, u"v", "data"), error) << sql;
         }
-        EXPECT_TRUE(place.Read(kFile) == bytes) << row.sql;
+        EXPECT_TRUE(place.Read(kFile) == bytes) << sql;
     }
 }
 
@@ -196,14 +183,11 @@ TEST(RegistryFile, MayBeReadWhereItCannotBeWritten) {
         ASSERT_EQ(Write(store, u"v", "data"), 0u);
     }
     std::filesystem::remove(place.File() + "-lock");
-    const struct {
-        const char* label;
-        mode_t folder;
-        mode_t file;
-    } rows[] = {{"the folder", 0555, 0666}, {"the file", 0777, 0444}};
-    for (const auto& row : rows) {
-        chmod(place.File().c_str(), row.file);
-        chmod(place.Folder().c_str(), row.folder);
+    const std::tuple<const char*, mode_t, mode_t> rows[] = {{"the folder", 0555, 0666},
+                                                            {"the file", 0777, 0444}};
+    for (const auto& [label, folder, file] : rows) {
+        chmod(place.File().c_str(), file);
+        chmod(place.Folder().c_str(), folder);
         EXPECT_EQ(RunAsNobody([&] {
                       RegistryStore store(place.File());
                       RegistryKey key = {};
@@ -216,7 +200,7 @@ TEST(RegistryFile, MayBeReadWhereItCannotBeWritten) {
                       return store.Open(kUser, u"", false, key) == 0 ? 0 : 4;
                   }),
                   0)
-            << row.label;
+            << label;
     }
     // With a log but no index of it, it cannot even be read: that is not "not found".
     std::filesystem::remove(place.File() + "-shm");

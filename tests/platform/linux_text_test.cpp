@@ -3,13 +3,7 @@
 #include "platform/linux/locale.h"
 #include "platform/win32.h"
 
-#include "support/last_error.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

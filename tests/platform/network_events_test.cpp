@@ -1,10 +1,9 @@
 // The record of a socket's network events, driven by scripts: no socket is needed.
 #include "platform/linux/network_events.h"
 
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <sstream>
-#include <string>
 
 using quorvel::NetworkEvents;
 
@@ -92,11 +91,7 @@ private:
 };
 
 TEST(NetworkEvents, AreReportedOnceAndArmedByTheirCalls) {
-    struct {
-        const char* label;
-        const char* steps;
-        const char* seen;
-    } const rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"a connection", "all connect ~ see:room ? ? ~", "~rx ! write+connect - ~deux"},
         {"a refused one", "all connect see:room+refused ? ~ ?", "! connect10061 ~ -"},
         {"one that was reset at once", "all connect see:reset ? ~", "! write+connect+close10054 ~"},
@@ -112,17 +107,13 @@ TEST(NetworkEvents, AreReportedOnceAndArmedByTheirCalls) {
          "see:urgent+data ?",
          "! oob - - ! read+oob"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Script().Run(row.steps), row.seen) << row.label;
+    for (const auto& [label, steps, seen] : rows)
+        EXPECT_EQ(Script().Run(steps), seen) << label;
 }
 
 // What stays true must not be looked for again: the wait would never sleep.
 TEST(NetworkEvents, OfAnEndComeAfterTheDataAndOnce) {
-    struct {
-        const char* label;
-        const char* steps;
-        const char* seen;
-    } const rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"no data", "connected all ? see:end ? ~ see:end ?", "write+connect ! close ~x -"},
         {"a reset behind data", "connected all ? see:data+reset ? ~ recv ~ see:reset ? ~ recv ~",
          "write+connect ! read+close10054 ~ ~dex - ~ ~"},
@@ -130,23 +121,19 @@ TEST(NetworkEvents, OfAnEndComeAfterTheDataAndOnce) {
          "connected all ? see:data+end+hang-up ? ~ recv ~ see:end+hang-up ? ~",
          "write+connect ! read ~ ~dex ! close ~"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Script().Run(row.steps), row.seen) << row.label;
+    for (const auto& [label, steps, seen] : rows)
+        EXPECT_EQ(Script().Run(steps), seen) << label;
 }
 
 TEST(NetworkEvents, StayReportedWhateverIsSelected) {
-    struct {
-        const char* label;
-        const char* steps;
-        const char* seen;
-    } const rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"the same mask again", "connected all ? see:data ? all ?", "write+connect ! read -"},
         {"a wider mask adds what was not asked for", "connected read see:data ? all ?",
          "! read write+connect"},
         {"none", "connected all none ~ see:data ?", "~ -"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Script().Run(row.steps), row.seen) << row.label;
+    for (const auto& [label, steps, seen] : rows)
+        EXPECT_EQ(Script().Run(steps), seen) << label;
 }
 
 } // namespace

@@ -3,13 +3,9 @@
 #include "platform/win32.h"
 
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <fstream>
-#include <string>
-#include <tuple>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 

@@ -3,7 +3,7 @@
 
 #include <quorvel/framework/date_time.h>
 
-#include "support/text.h"
+#include "support/test.h"
 
 // The calendar date and time, with the serial for what they do not tell.
 inline void PrintTo(const COleDateTime& date, std::ostream* stream) {

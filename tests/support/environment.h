@@ -1,11 +1,10 @@
 // An environment variable with another value for as long as the object lives; null removes it.
 #pragma once
 
-#include "support/platform.h"
+#include "support/test.h"
 
 #include <cstdlib>
 #include <list>
-#include <string>
 #include <utility>
 
 // The one that names the folder for temporary files.

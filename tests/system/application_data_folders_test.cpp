@@ -2,12 +2,7 @@
 
 #include "platform/shell.h"
 #include "support/environment.h"
-#include "support/platform.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

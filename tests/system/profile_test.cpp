@@ -2,14 +2,9 @@
 
 #include "support/date_time.h"
 #include "support/registry.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <cstring>
-#include <limits>
-#include <memory>
-#include <string>
 
 using namespace quorvel::win32;
 
@@ -163,43 +158,30 @@ TEST(Profile, StoredBytesAreFixed) {
     AfxWriteProfileString(test.Get(), _T("s"), _T("\u20ac1"));
     AfxWriteProfileBinary(test.Get(), _T("b"), bytes, 2);
     AfxWriteProfileOleDateTime(test.Get(), _T("t"), COleDateTime(-1.25));
-    const struct {
-        const WCHAR* name;
-        DWORD kind;
-        std::string bytes;
-    } rows[] = {
+    const std::tuple<const WCHAR*, DWORD, std::string> rows[] = {
         {_T("d"), 4, "\x04\x03\x02\x01"},
         {_T("q"), 11, "\x08\x07\x06\x05\x04\x03\x02\x01"},
-        {_T("s"), 1,
-         std::string("\xac\x20"
-                     "1\0\0\0",
-                     6)},
+        {_T("s"), 1, std::string("\xac\x20\x31\0\0\0", 6)},
         {_T("b"), 3, "\x01\x02"},
         {_T("t"), 3, std::string("\0\0\0\0\0\0\xf4\xbf\0\0\0\0", 12)},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, expectedKind, stored] : rows) {
         DWORD kind = 99;
-        EXPECT_EQ(RawBytes(test.Get(), row.name, kind), row.bytes) << CStringA(row.name);
-        EXPECT_EQ(kind, row.kind) << CStringA(row.name);
+        EXPECT_EQ(RawBytes(test.Get(), name, kind), stored) << CStringA(name);
+        EXPECT_EQ(kind, expectedKind) << CStringA(name);
     }
 }
 
 TEST(Profile, TextOfAnyLengthIsRead) {
     const TestKey test;
-    const struct {
-        const char* label;
-        DWORD kind;
-        std::string bytes;
-        CString expected;
-    } rows[] = {
+    const std::tuple<const char*, DWORD, std::string, CString> rows[] = {
         {"one byte", REG_SZ, "a", _T("")},
         {"a zero inside", REG_SZ, std::string("a\0\0\0b\0\0\0", 8), _T("a")},
         {"text to expand", REG_EXPAND_SZ, std::string("a\0\0\0", 4), _T("default")},
     };
-    for (const auto& row : rows) {
-        SetRaw(test.Get(), _T("v"), row.kind, row.bytes);
-        EXPECT_EQ(AfxGetProfileString(test.Get(), _T("v"), _T("default")), row.expected)
-            << row.label;
+    for (const auto& [label, kind, bytes, expected] : rows) {
+        SetRaw(test.Get(), _T("v"), kind, bytes);
+        EXPECT_EQ(AfxGetProfileString(test.Get(), _T("v"), _T("default")), expected) << label;
     }
     const CString large(_T('x'), 1 << 20);
     EXPECT_TRUE(AfxWriteProfileString(test.Get(), _T("v"), large));
@@ -222,12 +204,7 @@ TEST(Profile, StoredDatesOutOfRangeAreReadAsInvalid) {
     const TestKey test;
     const COleDateTime marker(1.5);
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    const struct {
-        const char* label;
-        double days;
-        LONG status;
-        int expected;
-    } rows[] = {
+    const std::tuple<const char*, double, LONG, int> rows[] = {
         {"invalid", 39148.5, 1, COleDateTime::invalid},
         {"null", 39148.5, 2, COleDateTime::null},
         {"first day", -657434.0, 0, COleDateTime::valid},
@@ -235,14 +212,14 @@ TEST(Profile, StoredDatesOutOfRangeAreReadAsInvalid) {
         {"no number", nan, 0, COleDateTime::invalid},
         {"unknown status", 39148.5, 3, COleDateTime::invalid},
     };
-    for (const auto& row : rows) {
+    for (const auto& [label, days, status, expected] : rows) {
         std::string bytes(12, 0);
-        std::memcpy(bytes.data(), &row.days, 8);
-        std::memcpy(bytes.data() + 8, &row.status, 4);
+        std::memcpy(bytes.data(), &days, 8);
+        std::memcpy(bytes.data() + 8, &status, 4);
         SetRaw(test.Get(), _T("v"), REG_BINARY, bytes);
         const COleDateTime date = AfxGetProfileOleDateTime(test.Get(), _T("v"), marker);
-        EXPECT_EQ(date.GetStatus(), row.expected) << row.label;
-        EXPECT_EQ(std::memcmp(&date.m_dt, &row.days, 8), 0) << row.label;
+        EXPECT_EQ(date.GetStatus(), expected) << label;
+        EXPECT_EQ(std::memcmp(&date.m_dt, &days, 8), 0) << label;
     }
     for (const std::size_t size : {8, 11, 13}) {
         SetRaw(test.Get(), _T("v"), REG_BINARY, std::string(size, 0));

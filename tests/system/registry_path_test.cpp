@@ -1,47 +1,36 @@
 #include <quorvel/system/registry_path.h>
 
 #include "support/registry.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 using namespace quorvel::win32;
 
 TEST(RegistryPath, ARootIsOneOfEight) {
-    const struct {
-        unsigned number;
-        BOOL isValid;
-    } rows[] = {
+    const std::tuple<unsigned, BOOL> rows[] = {
         {0x80000000, TRUE}, {0x80000005, TRUE}, {0x80000006, FALSE},
         {0x80000050, TRUE}, {0x80000060, TRUE}, {0, FALSE},
     };
-    for (const auto& row : rows) {
-        const HKEY root =
-            reinterpret_cast<HKEY>(static_cast<LONG_PTR>(static_cast<LONG>(row.number)));
-        EXPECT_EQ(CRegistryPath::IsValidSectionKey(root), row.isValid) << row.number;
+    for (const auto& [number, isValid] : rows) {
+        const HKEY root = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(static_cast<LONG>(number)));
+        EXPECT_EQ(CRegistryPath::IsValidSectionKey(root), isValid) << number;
         const CRegistryPath path(root, _T("k"));
-        EXPECT_EQ(path.IsValid(), row.isValid) << row.number;
-        EXPECT_EQ(path.GetSectionKey(), row.isValid ? root : nullptr) << row.number;
+        EXPECT_EQ(path.IsValid(), isValid) << number;
+        EXPECT_EQ(path.GetSectionKey(), isValid ? root : nullptr) << number;
     }
 }
 
 TEST(RegistryPath, AppendingPutsOneBackslashBetween) {
-    const struct {
-        const WCHAR* subKey;
-        const WCHAR* appended;
-        BOOL result;
-        const WCHAR* expected;
-    } rows[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, BOOL, const WCHAR*> rows[] = {
         {_T("A"), _T("B"), TRUE, _T("A\\B")}, {_T("A\\"), _T("B"), TRUE, _T("A\\B")},
         {_T(""), _T("B"), TRUE, _T("B")},     {_T("A"), _T("\\B"), TRUE, _T("A\\\\B")},
         {_T("A"), _T(""), FALSE, _T("A")},    {_T("A"), nullptr, FALSE, _T("A")},
     };
-    for (const auto& row : rows) {
-        const CRegistryPath parent(HKEY_USERS, row.subKey);
+    for (const auto& [subKey, appended, result, expected] : rows) {
+        const CRegistryPath parent(HKEY_USERS, subKey);
         CRegistryPath path(parent);
-        EXPECT_EQ(path.AppendKey(row.appended), row.result) << CStringA(row.expected);
-        EXPECT_EQ(path.GetSubKey(), row.expected);
-        EXPECT_TRUE(CRegistryPath(parent, row.appended) == path);
+        EXPECT_EQ(path.AppendKey(appended), result) << CStringA(expected);
+        EXPECT_EQ(path.GetSubKey(), expected);
+        EXPECT_TRUE(CRegistryPath(parent, appended) == path);
     }
 }
 

@@ -7,9 +7,7 @@
 #include "support/environment.h"
 #include "support/message_box_recorder.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace {
 

@@ -2,13 +2,7 @@
 #include <quorvel/types/guid.h>
 
 #include "support/archive_image.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

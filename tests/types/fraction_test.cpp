@@ -2,13 +2,9 @@
 #include <quorvel/types/vector2d.h>
 
 #include "support/archive_image.h"
-#include "support/text.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <climits>
 #include <cmath>
-#include <tuple>
 
 namespace {
 

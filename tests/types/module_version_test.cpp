@@ -4,11 +4,7 @@
 
 #include "support/samples.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

@@ -1,10 +1,6 @@
 #include <quorvel/types/version_number.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

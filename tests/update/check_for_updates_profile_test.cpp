@@ -4,13 +4,8 @@
 
 #include "support/date_time.h"
 #include "support/registry.h"
-#include "support/text.h"
+#include "support/test.h"
 #include "update/update_settings.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <tuple>
 
 namespace {
 
@@ -73,12 +68,7 @@ TEST_F(CheckForUpdatesProfile, AReminderIsDueDaysAfterTheCheckAndTheDismissal) {
     COleDateTime notANumber = kNow;
     notANumber.m_dt = std::numeric_limits<double>::quiet_NaN();
     const COleDateTime never;
-    const struct {
-        const char* label;
-        int days;
-        COleDateTime checked, dismissed;
-        bool due;
-    } rows[] = {
+    const std::tuple<const char*, int, COleDateTime, COleDateTime, bool> rows[] = {
         {"none wanted", 0, never, never, false},
         {"checked a moment short", 7, DaysAgo(6.999), never, false},
         {"checked that long ago", 7, DaysAgo(7), never, true},
@@ -89,10 +79,10 @@ TEST_F(CheckForUpdatesProfile, AReminderIsDueDaysAfterTheCheckAndTheDismissal) {
         {"a clock years ahead", 1, DaysAgo(-1000), DaysAgo(-1000), true},
         {"no date", 1, notANumber, never, true},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(row.due, AfxIsCheckForUpdatesReminderDue(row.days, row.checked, row.dismissed,
-                                                           kNow, kNow) != FALSE)
-            << row.label;
+    for (const auto& [label, days, checked, dismissed, due] : rows)
+        EXPECT_EQ(due,
+                  AfxIsCheckForUpdatesReminderDue(days, checked, dismissed, kNow, kNow) != FALSE)
+            << label;
     // Each date is compared with the clock that it was taken from.
     EXPECT_FALSE(AfxIsCheckForUpdatesReminderDue(1, DaysAgo(1.4), never, DaysAgo(0.5), kNow));
 }

@@ -6,9 +6,8 @@
 #include "update/scripted_check.h"
 #include "update/update_check.h"
 
-#include <gtest/gtest.h>
+#include "support/test.h"
 
-#include <string>
 #include <thread>
 
 namespace {

@@ -2,9 +2,7 @@
 
 #include "update/scripted_check.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
+#include "support/test.h"
 
 namespace {
 
@@ -24,10 +22,7 @@ TEST_F(NewVersion, TheAnswerIsComparedWithTheProgramInOneBox) {
     const auto versions = [](const std::string& text, const std::string& latest) {
         return "(40) " + text + "\r\n\r\nYour version: 1.2.3.4\r\nLatest version: " + latest + "\n";
     };
-    const struct {
-        std::string response, shown;
-        View::Result result;
-    } rows[] = {
+    const std::tuple<std::string, std::string, View::Result> rows[] = {
         {start + "1.2.3.5", versions("A new version of the program is available.", "1.2.3.5"),
          View::resultUpdated},
         {start + "1.2.3.4",
@@ -45,18 +40,18 @@ TEST_F(NewVersion, TheAnswerIsComparedWithTheProgramInOneBox) {
         {"HTTP/1.1 200 OK\r\nContent-Length: 65537\r\n\r\n", error + "Error 10040.\n",
          View::resultFailed},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.response.substr(0, 80));
+    for (const auto& [response, shown, result] : rows) {
+        SCOPED_TRACE(response.substr(0, 80));
         view.m_results.clear();
         source.m_now += COleDateTimeSpan(1.0);
         ASSERT_TRUE(check.Check());
         const UpdateRequest& request = source.m_last->m_request;
         EXPECT_TRUE(!request.headerOnly && request.receiveBufferSize == 128);
         EXPECT_EQ(source.m_now, AfxGetProfileCheckForUpdatesLastChecked(path));
-        source.Answer(check, row.response, 50000);
-        EXPECT_EQ("[pane]\n" + row.shown, view.Take());
+        source.Answer(check, response, 50000);
+        EXPECT_EQ("[pane]\n" + shown, view.Take());
         EXPECT_TRUE(view.m_hidden);
-        EXPECT_EQ(std::vector{row.result}, view.m_results);
+        EXPECT_EQ(std::vector{result}, view.m_results);
         source.Release(check);
         EXPECT_FALSE(HasTemporaryFiles());
     }

@@ -9,16 +9,13 @@
 
 #include "net/http_header_reader.h"
 #include "support/environment.h"
-#include "support/platform.h"
 #include "support/registry.h"
 #include "support/temporary_folder.h"
+#include "support/test.h"
 #include "update/update_flow.h"
 
 #include <cstdio>
 #include <filesystem>
-#include <functional>
-#include <string>
-#include <vector>
 
 inline std::string Narrow(const CString& text) {
     return CStringA(text.GetString()).GetString();

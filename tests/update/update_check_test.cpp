@@ -3,13 +3,10 @@
 #include <quorvel/frame/module.h>
 
 #include "support/date_time.h"
-#include "support/text.h"
+#include "support/test.h"
 #include "update/scripted_check.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <string>
 #include <utility>
 
 namespace {

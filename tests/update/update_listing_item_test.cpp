@@ -1,12 +1,8 @@
 #include <quorvel/update/update_listing_item.h>
 
 #include "support/date_time.h"
-#include "support/text.h"
+#include "support/test.h"
 #include "update/update_listing_order.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
 
 namespace {
 

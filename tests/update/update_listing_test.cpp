@@ -5,12 +5,7 @@
 #include "support/date_time.h"
 #include "support/message_box_recorder.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

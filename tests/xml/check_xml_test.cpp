@@ -1,9 +1,7 @@
 #include <quorvel/xml/check_xml.h>
 
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace {
 
@@ -48,11 +46,7 @@ const char kUnsupported[] = "The character encoding used by the file is not supp
 } // namespace
 
 TEST(CheckXml, LetsWellFormedTextsPass) {
-    struct Row {
-        const char* label;
-        CString text;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, CString> rows[] = {
         {"declaration whose encoding is not that of the text",
          _T("<?xml version='1.0' encoding='latin1'?>\r\n<a/>\r\n")},
         {"entities", _T("<!DOCTYPE a [<!ENTITY e '<b/>'>]><a b='&lt;&#65;'>&e;&amp;]] ></a>")},
@@ -61,23 +55,17 @@ TEST(CheckXml, LetsWellFormedTextsPass) {
         {"long chain of entities in content", EntityChain(50000, 1, _T("<a>&e%d;</a>"))},
         {"long chain of entities in an attribute", EntityChain(50000, 1, _T("<a b='&e%d;'/>"))},
     };
-    for (const Row& row : rows) {
+    for (const auto& [label, text] : rows) {
         CXMLFault fault;
         fault.strMessage = _T("unchanged");
-        EXPECT_TRUE(AfxCheckXML(row.text, fault)) << row.label;
-        EXPECT_EQ(fault.strMessage, _T("")) << row.label;
+        EXPECT_TRUE(AfxCheckXML(text, fault)) << label;
+        EXPECT_EQ(fault.strMessage, _T("")) << label;
     }
 }
 
 TEST(CheckXml, TellsWhatIsWrongAndWhere) {
-    struct Row {
-        const char* label;
-        CString text;
-        const WCHAR* message;
-        Place place;
-    };
     const WCHAR* const invalid = _T("not well-formed (invalid token)");
-    const Row rows[] = {
+    const std::tuple<const char*, CString, const WCHAR*, Place> rows[] = {
         {"empty", _T(""), _T("no element found"), {1, 1, 0}},
         {"another end tag", _T("<a>\r\n\t</b>"), _T("mismatched tag"), {2, 4, 8}},
         {"CR alone", _T("<a>\r</b>"), _T("mismatched tag"), {2, 3, 6}},
@@ -97,11 +85,11 @@ TEST(CheckXml, TellsWhatIsWrongAndWhere) {
          invalid,
          {100001, 4, 200007}},
     };
-    for (const Row& row : rows) {
+    for (const auto& [label, text, message, place] : rows) {
         CXMLFault fault;
-        EXPECT_FALSE(AfxCheckXML(row.text, fault)) << row.label;
-        EXPECT_EQ(fault.strMessage, row.message) << row.label;
-        EXPECT_EQ(PlaceOf(fault), row.place) << row.label;
+        EXPECT_FALSE(AfxCheckXML(text, fault)) << label;
+        EXPECT_EQ(fault.strMessage, message) << label;
+        EXPECT_EQ(PlaceOf(fault), place) << label;
     }
     CXMLFault fault;
     EXPECT_FALSE(AfxCheckXML(nullptr, 5, fault));
@@ -117,13 +105,7 @@ TEST(CheckXml, RefusesEntitiesThatGrowWithoutBound) {
 
 TEST(CheckXml, ShowsTheLineAroundTheFault) {
     const CString forty = Repeated(_T("0123456789"), 4);
-    struct Row {
-        const char* label;
-        CString text;
-        CString snippet;
-        int caret;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, CString, CString, int> rows[] = {
         {"whole line", _T("<a>\r\n\t<b></c>\r\n</a>"), _T(" <b></c>"), 6},
         {"cut on both sides", CString(_T("<a>")) + forty + _T("&;") + forty, // "&" is a character
          forty.Mid(1) + _T("&;") + forty.Left(39), 40},
@@ -133,11 +115,11 @@ TEST(CheckXml, ShowsTheLineAroundTheFault) {
          forty.Mid(2) + _T("&;") + forty.Mid(2), 39},
         {"what cannot be shown", _T("<a>\x85\t\xd83d</a>"), _T("<a>\xfffd \xfffd</a>"), 5},
     };
-    for (const Row& row : rows) {
+    for (const auto& [label, text, snippet, caret] : rows) {
         CXMLFault fault;
-        EXPECT_FALSE(AfxCheckXML(row.text, fault)) << row.label;
-        EXPECT_EQ(fault.strSnippet, row.snippet) << row.label;
-        EXPECT_EQ(fault.nCaret, row.caret) << row.label;
+        EXPECT_FALSE(AfxCheckXML(text, fault)) << label;
+        EXPECT_EQ(fault.strSnippet, snippet) << label;
+        EXPECT_EQ(fault.nCaret, caret) << label;
     }
     CXMLFault fault;
     fault.strSnippet = _T("<a/>"); // the text may be the very fault's
@@ -150,13 +132,8 @@ TEST(CheckXml, ReadsFilesInEveryEncoding) {
     const WCHAR* const invalid = _T("not well-formed (invalid token)");
     const WCHAR* const contradiction = _T("encoding specified in XML declaration is incorrect");
     const CString unsupported(kUnsupported);
-    struct Row {
-        const char* label;
-        string bytes;
-        CString message; // empty: well-formed
-        Place place;
-    };
-    const Row rows[] = {
+    // An empty message: well-formed.
+    const std::tuple<const char*, string, CString, Place> rows[] = {
         {"fault behind a mark", "\xef\xbb\xbf<a>\xc3\xa9&</a>", invalid, {1, 6, 5}},
         {"bytes that are not UTF-8", "<a>\xc3\xa9\n\xc3\xa9\xe9</a>", invalid, {2, 2, 6}},
         {"bad bytes behind the first piece",
@@ -182,14 +159,13 @@ TEST(CheckXml, ReadsFilesInEveryEncoding) {
          {1, 1, 0}},
     };
     const TemporaryFolder folder;
-    for (const Row& row : rows) {
-        folder.Write(_T("file.xml"), row.bytes);
+    for (const auto& [label, bytes, message, place] : rows) {
+        folder.Write(_T("file.xml"), bytes);
         CXMLFault fault;
-        EXPECT_EQ(AfxCheckXMLFile(folder.Path(_T("file.xml")), fault) != FALSE,
-                  row.message.IsEmpty())
-            << row.label;
-        EXPECT_EQ(fault.strMessage, row.message) << row.label;
-        EXPECT_EQ(PlaceOf(fault), row.place) << row.label;
+        EXPECT_EQ(AfxCheckXMLFile(folder.Path(_T("file.xml")), fault) != FALSE, message.IsEmpty())
+            << label;
+        EXPECT_EQ(fault.strMessage, message) << label;
+        EXPECT_EQ(PlaceOf(fault), place) << label;
     }
     CXMLFault fault;
     EXPECT_FALSE(AfxCheckXMLFile(nullptr, fault));

@@ -1,12 +1,8 @@
 #include "xml/session_script.h"
 
-#include "support/text.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <random>
-#include <vector>
 
 namespace {
 
@@ -30,36 +26,33 @@ TEST(EditSession, GivesWhatDirectCallsGive) {
 }
 
 TEST(EditSession, RefusesWhatLiesBeforeTheLastEdit) {
-    struct Row {
-        const char* label;
-        std::function<bool(CMarkupEditSession&)> edit; // after an edit of the element y
-        bool accepted;
-        const WCHAR* after;
-    };
-    static const Row kRows[] = {
-        {"a sibling directly before it",
-         [](auto& s) {
-             s.ResetChildPos();
-             return s.FindChildElem(_T("x")) && s.AddChildElem(_T("c"));
-         },
-         true, _T("<p><x/><c/>\r\n<y n=\"1\"></y><z/></p>")},
-        {"an attribute of its parent", [](auto& s) { return s.SetAttrib(_T("n"), _T("2")); }, false,
-         _T("<p><x/><y n=\"1\"></y><z/></p>")},
-        {"a child of the element before it",
-         [](auto& s) {
-             s.ResetChildPos();
-             return s.FindChildElem(_T("x")) && s.IntoElem() && s.AddChildElem(_T("c"));
-         },
-         false, _T("<p><x/><y n=\"1\"></y><z/></p>")},
-    };
-    for (const Row& row : kRows) {
+    // The edit comes after one of the element y.
+    static const std::tuple<const char*, std::function<bool(CMarkupEditSession&)>, bool,
+                            const WCHAR*>
+        kRows[] = {
+            {"a sibling directly before it",
+             [](auto& s) {
+                 s.ResetChildPos();
+                 return s.FindChildElem(_T("x")) && s.AddChildElem(_T("c"));
+             },
+             true, _T("<p><x/><c/>\r\n<y n=\"1\"></y><z/></p>")},
+            {"an attribute of its parent", [](auto& s) { return s.SetAttrib(_T("n"), _T("2")); },
+             false, _T("<p><x/><y n=\"1\"></y><z/></p>")},
+            {"a child of the element before it",
+             [](auto& s) {
+                 s.ResetChildPos();
+                 return s.FindChildElem(_T("x")) && s.IntoElem() && s.AddChildElem(_T("c"));
+             },
+             false, _T("<p><x/><y n=\"1\"></y><z/></p>")},
+        };
+    for (const auto& [label, edit, accepted, after] : kRows) {
         MarkupProbe markup(_T("<p><x/><y></y><z/></p>"));
         CMarkupEditSession session(markup);
         ASSERT_TRUE(session.FindChildElem(_T("y")) && session.SetChildAttrib(_T("n"), _T("1")));
-        EXPECT_EQ(row.edit(session), row.accepted) << row.label;
-        EXPECT_TRUE(session.Commit()) << row.label;
-        EXPECT_EQ(markup.GetDoc(), row.after) << row.label;
-        EXPECT_EQ(markup.Tree(), MarkupProbe(row.after).Tree()) << row.label;
+        EXPECT_EQ(edit(session), accepted) << label;
+        EXPECT_TRUE(session.Commit()) << label;
+        EXPECT_EQ(markup.GetDoc(), after) << label;
+        EXPECT_EQ(markup.Tree(), MarkupProbe(after).Tree()) << label;
     }
 }
 

@@ -2,28 +2,21 @@
 #include <quorvel/xml/xml_file.h>
 
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 TEST(LinuxXmlFile, DevicesAreNoDocuments) {
-    struct Row {
-        const WCHAR* device;
-        const WCHAR* loadError;
-        bool saves;
-    };
-    const Row rows[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, bool> rows[] = {
         {_T("/dev/null"), _T("The file is not a valid XML file."), true},
         {_T("/dev/full"), _T("The file is not a valid XML file."), false},
     };
-    for (const Row& row : rows) {
+    for (const auto& [device, loadError, saves] : rows) {
         CMarkup markup(_T("<a/>"));
         CString error;
-        EXPECT_EQ(AfxLoadXMLFile(row.device, markup, error), 0);
-        EXPECT_EQ(error, row.loadError);
+        EXPECT_EQ(AfxLoadXMLFile(device, markup, error), 0);
+        EXPECT_EQ(error, loadError);
         EXPECT_EQ(markup.GetDoc(), _T("<a/>"));
-        EXPECT_EQ(AfxSaveXMLFile(markup, row.device, error) != 0, row.saves);
-        EXPECT_EQ(error.IsEmpty(), row.saves);
+        EXPECT_EQ(AfxSaveXMLFile(markup, device, error) != 0, saves);
+        EXPECT_EQ(error.IsEmpty(), saves);
     }
 }
 

@@ -2,11 +2,8 @@
 
 #include <quorvel/framework/exceptions.h>
 
-#include "support/text.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <climits>
 #include <random>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

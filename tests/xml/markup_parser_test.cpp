@@ -2,9 +2,7 @@
 
 #include <quorvel/framework/exceptions.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace {
 
@@ -52,12 +50,7 @@ TEST(MarkupParser, KeepsTheErrorOfAnEarlierParse) {
 }
 
 TEST(MarkupParser, IndexesTags) {
-    struct Row {
-        const char* label;
-        const WCHAR* text;
-        std::vector<std::array<int, 5>> tree;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const WCHAR*, std::vector<std::array<int, 5>>> rows[] = {
         {"after a prologue",
          _T("<?x?><!DOCTYPE a [<!ENTITY b \"]>\">]><!----><![CDATA[<]]><a/>"),
          {{56, 59, 58, 59, 0}}},
@@ -79,11 +72,11 @@ TEST(MarkupParser, IndexesTags) {
         {"a bracket inside a tag", _T("<a <b></a>"), {{0, 5, 6, 9, 0}}},
         {"a tag called >", _T("<> ></>>"), {}},
     };
-    for (const Row& row : rows) {
+    for (const auto& [label, text, tree] : rows) {
         MarkupProbe markup;
-        EXPECT_EQ(markup.SetDoc(row.text), !row.tree.empty())
-            << row.label << ": " << Printable(markup.GetError().GetString(), 60);
-        EXPECT_EQ(markup.Tree(), row.tree) << row.label;
+        EXPECT_EQ(markup.SetDoc(text), !tree.empty())
+            << label << ": " << Printable(markup.GetError().GetString(), 60);
+        EXPECT_EQ(markup.Tree(), tree) << label;
     }
 }
 

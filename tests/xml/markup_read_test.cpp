@@ -1,8 +1,6 @@
 #include "xml/markup_probe.h"
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 TEST(MarkupNavigation, FindsElementsByName) {
     CMarkup markup(_T("<r><item n='1'/><Item/><item n='2'/><other/></r>"));
@@ -48,13 +46,7 @@ TEST(MarkupNavigation, MovesItsThreePositions) {
 }
 
 TEST(MarkupReading, ReadsAttributes) {
-    struct Row {
-        const char* label;
-        const WCHAR* tag;
-        const WCHAR* name;
-        const WCHAR* value;
-    };
-    static constexpr Row kRows[] = {
+    static constexpr std::tuple<const char*, const WCHAR*, const WCHAR*, const WCHAR*> kRows[] = {
         {"single quotes", _T("<a b='c\"d'/>"), _T("b"), _T("c\"d")},
         {"longer name in the tag", _T("<a bc='d'/>"), _T("b"), _T("")},
         {"a name that goes on", _T("<a b='c'/>"), _T("b[1]"), _T("c")},
@@ -65,33 +57,28 @@ TEST(MarkupReading, ReadsAttributes) {
         {"an empty name gives the first attribute's", _T("<a b='c'/>"), _T(""), _T("b")},
         {"a null name gives nothing", _T("<a b='c'/>"), nullptr, _T("")},
     };
-    for (const Row& row : kRows) {
-        CMarkup markup(row.tag);
-        EXPECT_EQ(markup.GetAttrib(row.name), _T("")) << row.label; // no position yet
-        ASSERT_TRUE(markup.FindElem()) << row.label;
-        EXPECT_EQ(markup.GetAttrib(row.name), row.value) << row.label;
+    for (const auto& [label, tag, name, value] : kRows) {
+        CMarkup markup(tag);
+        EXPECT_EQ(markup.GetAttrib(name), _T("")) << label; // no position yet
+        ASSERT_TRUE(markup.FindElem()) << label;
+        EXPECT_EQ(markup.GetAttrib(name), value) << label;
     }
 }
 
 TEST(MarkupReading, ReadsContent) {
-    struct Row {
-        const char* label;
-        const WCHAR* element;
-        const WCHAR* data;
-    };
-    static constexpr Row kRows[] = {
+    static constexpr std::tuple<const char*, const WCHAR*, const WCHAR*> kRows[] = {
         {"numeric references stay", _T("<a>&#x41;</a>"), _T("&#x41;")},
         {"section", _T("<a>\n <![CDATA[<&amp;>]]> after</a>"), _T("<&amp;>")},
         {"text before the section", _T("<a>b<![CDATA[c]]></a>"), _T("b<![CDATA[c]]>")},
         {"comment", _T("<a><!--b--></a>"), _T("<!--b-->")},
         {"with children", _T("<a>b<c/></a>"), _T("")},
     };
-    for (const Row& row : kRows) {
-        CMarkup markup(CString(_T("<r>")) + row.element + _T("</r>"));
-        ASSERT_TRUE(markup.FindChildElem()) << row.label;
-        EXPECT_EQ(markup.GetChildData(), row.data) << row.label;
-        EXPECT_EQ(markup.GetData(), _T("")) << row.label;
+    for (const auto& [label, element, data] : kRows) {
+        CMarkup markup(CString(_T("<r>")) + element + _T("</r>"));
+        ASSERT_TRUE(markup.FindChildElem()) << label;
+        EXPECT_EQ(markup.GetChildData(), data) << label;
+        EXPECT_EQ(markup.GetData(), _T("")) << label;
         markup.IntoElem();
-        EXPECT_EQ(markup.GetData(), row.data) << row.label;
+        EXPECT_EQ(markup.GetData(), data) << label;
     }
 }

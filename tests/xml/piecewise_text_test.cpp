@@ -2,11 +2,7 @@
 
 #include "platform/win32.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
+#include "support/test.h"
 
 namespace {
 
@@ -33,23 +29,18 @@ CString Read(const TemporaryFolder& folder, UINT codePage, const string& bytes, 
 } // namespace
 
 TEST(PiecewiseText, IsTheSameWhereverItIsCut) {
-    struct Row {
-        UINT codePage;
-        string bytes;
-    };
-    const Row rows[] = {
+    const std::tuple<UINT, string> rows[] = {
         {CP_UTF8, "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80z"},
         {CP_UTF8, "\xe2\x82\xf0\x9f\x98\xe2\xc3z\xed\xa0\x80\x80\x80\x80\x80zzz"}, // ill-formed
         {CP_UTF8, "a\xf3z\xe2yx\xf3wv\xf3\xf3uvwxyz"},
         {1252, "a\x80\xe9z"},
     };
     const TemporaryFolder folder;
-    for (const Row& row : rows)
-        for (std::size_t head = 0; head <= row.bytes.size(); ++head)
+    for (const auto& [codePage, bytes] : rows)
+        for (std::size_t head = 0; head <= bytes.size(); ++head)
             for (const int missing : {0, 5})
-                EXPECT_EQ(Read(folder, row.codePage, row.bytes, head, missing),
-                          Converted(row.codePage, row.bytes))
-                    << row.codePage << ' ' << head;
+                EXPECT_EQ(Read(folder, codePage, bytes, head, missing), Converted(codePage, bytes))
+                    << codePage << ' ' << head;
     for (const char* sequence : {"\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x98\x80"}) {
         string bytes;
         while (bytes.size() < 200000) // several pieces, whose borders cut every sequence somewhere

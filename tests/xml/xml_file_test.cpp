@@ -1,9 +1,7 @@
 #include <quorvel/xml/xml_file.h>
 
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <optional>
 
@@ -13,7 +11,7 @@ using std::string;
 using namespace std::string_literals;
 
 // UTF-16 bytes of an ASCII text.
-string Wide(const string& text, bool bigEndian = false) {
+string Utf16(const string& text, bool bigEndian = false) {
     string bytes;
     for (const char c : text) {
         bytes += bigEndian ? '\0' : c;
@@ -38,14 +36,8 @@ const CString kDefaultDeclaration(_T("<?xml version=\"1.0\" encoding=\"utf-8\"?>
 } // namespace
 
 TEST(XmlFile, RecognisesEncodingsByTheFirstBytes) {
-    struct Row {
-        string bytes;
-        const WCHAR* encoding;
-        BOOL bigEndian;
-        int charSize;
-        int bomLength; // charSize 0: refused
-    };
-    const Row rows[] = {
+    // A character size of 0: refused.
+    const std::tuple<string, const WCHAR*, BOOL, int, int> rows[] = {
         {"\xef\xbb\xbf"s, _T("utf-8"), FALSE, 1, 3},
         {"\xff\xfe\0\0"s, _T("utf-32le"), FALSE, 4, 4},
         {"\xff\xfe<\0"s, _T("utf-16le"), FALSE, 2, 2},
@@ -56,33 +48,29 @@ TEST(XmlFile, RecognisesEncodingsByTheFirstBytes) {
         {"\xff\xfe<"s, _T(""), FALSE, 0, 0},    // three bytes: only UTF-8 is known by them
         {"<rss"s, _T(""), FALSE, 0, 0},
     };
-    for (const Row& row : rows) {
+    for (const auto& [bytes, expectedEncoding, expectedBigEndian, expectedCharSize,
+                      expectedBomLength] : rows) {
         CString encoding(_T("unchanged"));
         BOOL bigEndian = 7;
         int charSize = 7, bomLength = 7;
-        const int result = AfxDetermineXMLFileEncoding(
-            reinterpret_cast<const BYTE*>(row.bytes.data()), static_cast<DWORD>(row.bytes.size()),
-            encoding, bigEndian, charSize, bomLength);
-        const string label = testing::PrintToString(row.bytes);
-        EXPECT_EQ(result != 0, row.charSize != 0) << label;
-        EXPECT_EQ(encoding, row.encoding) << label;
-        EXPECT_EQ(bigEndian, row.bigEndian) << label;
-        EXPECT_EQ(charSize, row.charSize) << label;
-        EXPECT_EQ(bomLength, row.bomLength) << label;
+        const int result = AfxDetermineXMLFileEncoding(reinterpret_cast<const BYTE*>(bytes.data()),
+                                                       static_cast<DWORD>(bytes.size()), encoding,
+                                                       bigEndian, charSize, bomLength);
+        const string label = testing::PrintToString(bytes);
+        EXPECT_EQ(result != 0, expectedCharSize != 0) << label;
+        EXPECT_EQ(encoding, expectedEncoding) << label;
+        EXPECT_EQ(bigEndian, expectedBigEndian) << label;
+        EXPECT_EQ(charSize, expectedCharSize) << label;
+        EXPECT_EQ(bomLength, expectedBomLength) << label;
     }
 }
 
 TEST(XmlFile, LoadsEveryEncoding) {
-    struct Row {
-        const char* label;
-        string bytes;
-        CString document;
-        std::optional<CString> declaration; // none: the default one, none was stored
-    };
     const string ebcdic("\x4c\x6f\xa7\x94\x93\x40\x6f\x6e\x4c\x81\x61\x6e"); // <?xml ?><a/>
     const string longBlank(70000, ' '); // more than is read before the encoding is known
     const string longDeclaration = "<?xml" + longBlank + "encoding='latin1'?>";
-    const Row rows[] = {
+    // Without a declaration none was stored, and the default one is given.
+    const std::tuple<const char*, string, CString, std::optional<CString>> rows[] = {
         {"named", "<?xml encoding='latin1'?><a>\xe9</a>", _T("<a>\u00e9</a>"),
          _T("<?xml encoding='latin1'?>")},
         {"the declaration wins over the mark",
@@ -94,30 +82,29 @@ TEST(XmlFile, LoadsEveryEncoding) {
          "<?xml encoding='shift_jis'?><a>" + longBlank + "\x83\x5c</a>",
          CString(_T("<a>")) + CString(WCHAR(' '), 70000) + _T("\u30bd</a>"),
          _T("<?xml encoding='shift_jis'?>")},
-        {"UTF-16 with a long declaration", Wide("<?xml" + longBlank + "?><a/>"), _T("<a/>"),
+        {"UTF-16 with a long declaration", Utf16("<?xml" + longBlank + "?><a/>"), _T("<a/>"),
          std::nullopt},
-        {"UTF-16 that says it is UTF-8", "\xff\xfe" + Wide("<?xml encoding='utf-8'?><a/>"),
+        {"UTF-16 that says it is UTF-8", "\xff\xfe" + Utf16("<?xml encoding='utf-8'?><a/>"),
          _T("<a/>"), std::nullopt},
         {"EBCDIC", ebcdic, _T("<a/>"), _T("<?xml ?>")},
-        {"UTF-16, the other order", "\xfe\xff" + Wide("<a>b</a>", true), _T("<a>b</a>"),
+        {"UTF-16, the other order", "\xfe\xff" + Utf16("<a>b</a>", true), _T("<a>b</a>"),
          std::nullopt},
-        {"UTF-16 with a declaration that goes on", Wide("<?xml ?><a/>9?>x"), _T("<a/>9?>x"),
+        {"UTF-16 with a declaration that goes on", Utf16("<?xml ?><a/>9?>x"), _T("<a/>9?>x"),
          std::nullopt},
         {"UTF-16 whose declaration is followed by as many characters ending in one",
-         Wide("<?xml ?><a/>78?>"), _T("<a/>78?>"), _T("<?xml ?><a/>78?>")},
-        {"an odd byte at the end", "\xff\xfe" + Wide("<a/>") + "x", _T("<a/>"), std::nullopt},
+         Utf16("<?xml ?><a/>78?>"), _T("<a/>78?>"), _T("<?xml ?><a/>78?>")},
+        {"an odd byte at the end", "\xff\xfe" + Utf16("<a/>") + "x", _T("<a/>"), std::nullopt},
     };
     const TemporaryFolder folder;
-    for (const Row& row : rows) {
-        folder.Write(_T("file.xml"), row.bytes);
+    for (const auto& [label, bytes, document, declaration] : rows) {
+        folder.Write(_T("file.xml"), bytes);
         CMarkup markup;
         CString error(_T("unchanged"));
         EXPECT_NE(AfxLoadXMLFile(folder.Path(_T("file.xml")), markup, error), 0)
-            << row.label << testing::PrintToString(error);
-        EXPECT_EQ(error, _T("")) << row.label;
-        EXPECT_EQ(markup.GetDoc(), row.document) << row.label;
-        EXPECT_EQ(markup.GetXMLDeclaration(), row.declaration.value_or(kDefaultDeclaration))
-            << row.label;
+            << label << testing::PrintToString(error);
+        EXPECT_EQ(error, _T("")) << label;
+        EXPECT_EQ(markup.GetDoc(), document) << label;
+        EXPECT_EQ(markup.GetXMLDeclaration(), declaration.value_or(kDefaultDeclaration)) << label;
     }
 }
 
@@ -138,10 +125,10 @@ TEST(XmlFile, SaysWhyAFileIsNotLoaded) {
         {"unknown name", "<?xml encoding='nonsense'?><a/>", unsupported},
         {"a name of 1 MB", "<?xml encoding='" + string(1 << 20, 'n') + "'?><a/>", unsupported},
         {"a name that lies", "<?xml encoding='utf-16'?><a/>", untranslated},
-        {"a mark that lies", "\xef\xbb\xbf" + Wide("<a/>"), untranslated, CString(_T("<"))},
+        {"a mark that lies", "\xef\xbb\xbf" + Utf16("<a/>"), untranslated, CString(_T("<"))},
         {"a mark of UTF-16 that lies", "\xff\xfe<a/>", notWellFormed, _T("\u613c\u3e2f")},
         {"nothing behind the declaration", "<?xml ?>", untranslated},
-        {"malformed, 2-byte", "\xff\xfe" + Wide("<a>"), notWellFormed, _T("<a>")},
+        {"malformed, 2-byte", "\xff\xfe" + Utf16("<a>"), notWellFormed, _T("<a>")},
     };
     const TemporaryFolder folder;
     for (const Row& row : rows) {
@@ -174,33 +161,30 @@ TEST(XmlFile, SaysWhyAFileIsNotLoaded) {
 }
 
 TEST(XmlFile, SavesInTheDeclaredEncoding) {
-    struct Row {
-        const char* label;
-        const WCHAR* declaration; // null: the default
-        string bytes;             // of the document <a>é</a>
-        const WCHAR* error;
-    };
-    const Row rows[] = {
+    // A null declaration: the default. The bytes are those of the document <a>é</a>.
+    const std::tuple<const char*, const WCHAR*, string, const WCHAR*> rows[] = {
         {"default", nullptr, "<?xml version=\"1.0\" encoding=\"utf-8\"?><a>\xc3\xa9</a>", _T("")},
         {"the name is written as utf-8", _T("<?xml encoding='unicode-1-1-utf-8' x='y'?>"),
          "<?xml encoding=\"utf-8\" x='y'?><a>\xc3\xa9</a>", _T("")},
         {"UTF-16, the other order", _T("<?xml encoding='utf-16be'?>"),
-         "\xfe\xff" + Wide("<?xml encoding=\"utf-16\"?><a>", true) + "\0\xe9"s + Wide("</a>", true),
+         "\xfe\xff" + Utf16("<?xml encoding=\"utf-16\"?><a>", true) + "\0\xe9"s +
+             Utf16("</a>", true),
          _T("")},
         {"another encoding", _T("<?xml encoding='iso-8859-1'?>"), "old",
          _T("The character encoding used by the file is not supported.")},
     };
     const TemporaryFolder folder;
-    for (const Row& row : rows) {
+    for (const auto& [label, declaration, bytes, expectedError] : rows) {
         CMarkup markup(_T("<a>\u00e9</a>"));
-        markup.SetXMLDeclaration(row.declaration);
+        markup.SetXMLDeclaration(declaration);
         folder.Write(_T("file.xml"), "old");
         CString error(_T("unchanged"));
-        EXPECT_EQ(AfxSaveXMLFile(markup, folder.Path(_T("file.xml")), error) != 0, *row.error == 0)
-            << row.label;
-        EXPECT_EQ(error, row.error) << row.label;
-        EXPECT_EQ(folder.Read(_T("file.xml")), row.bytes) << row.label;
-        EXPECT_FALSE(folder.Has(_T("file.xml.0.tmp"))) << row.label;
+        EXPECT_EQ(AfxSaveXMLFile(markup, folder.Path(_T("file.xml")), error) != 0,
+                  *expectedError == 0)
+            << label;
+        EXPECT_EQ(error, expectedError) << label;
+        EXPECT_EQ(folder.Read(_T("file.xml")), bytes) << label;
+        EXPECT_FALSE(folder.Has(_T("file.xml.0.tmp"))) << label;
     }
 }
 

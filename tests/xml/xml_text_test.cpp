@@ -1,27 +1,21 @@
 #include <quorvel/xml/xml_text.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 TEST(XmlText, AddsAndStrips) {
-    struct Row {
-        const char* label;
-        CString (*function)(const WCHAR*);
-        const WCHAR* text;
-        const WCHAR* result;
-    };
-    static const Row kRows[] = {
-        {"references", AfxAddXMLEntityReferences, _T("&<>'\"a"), _T("&amp;&lt;&gt;&apos;&quot;a")},
-        {"null", AfxAddXMLEntityReferences, nullptr, _T("")},
-        {"stripped once", AfxStripXMLEntityReferences, _T("&amp;lt;"), _T("&lt;")},
-        {"section", AfxAddCDATATags, _T("a]]>b]]"), _T("<![CDATA[a]]&gt;b]]]]>")},
-        {"first section only", AfxStripCDATATags, _T("x<![CDATA[a]]&gt;]]>y<![CDATA[b]]>"),
-         _T("a]]&gt;")},
-        {"no section", AfxStripCDATATags, _T("<![CDATA[a"), _T("<![CDATA[a")},
-        {"auto references", AfxAutoAddXMLEntityReferences, _T("a'"), _T("a&apos;")},
-        {"auto section", AfxAutoAddCDATATags, _T("a&"), _T("<![CDATA[a&]]>")},
-    };
-    for (const Row& row : kRows)
-        EXPECT_EQ(row.function(row.text), row.result) << row.label;
+    static const std::tuple<const char*, CString (*)(const WCHAR*), const WCHAR*, const WCHAR*>
+        kRows[] = {
+            {"references", AfxAddXMLEntityReferences, _T("&<>'\"a"),
+             _T("&amp;&lt;&gt;&apos;&quot;a")},
+            {"null", AfxAddXMLEntityReferences, nullptr, _T("")},
+            {"stripped once", AfxStripXMLEntityReferences, _T("&amp;lt;"), _T("&lt;")},
+            {"section", AfxAddCDATATags, _T("a]]>b]]"), _T("<![CDATA[a]]&gt;b]]]]>")},
+            {"first section only", AfxStripCDATATags, _T("x<![CDATA[a]]&gt;]]>y<![CDATA[b]]>"),
+             _T("a]]&gt;")},
+            {"no section", AfxStripCDATATags, _T("<![CDATA[a"), _T("<![CDATA[a")},
+            {"auto references", AfxAutoAddXMLEntityReferences, _T("a'"), _T("a&apos;")},
+            {"auto section", AfxAutoAddCDATATags, _T("a&"), _T("<![CDATA[a&]]>")},
+        };
+    for (const auto& [label, function, text, result] : kRows)
+        EXPECT_EQ(function(text), result) << label;
 }

@@ -3,10 +3,8 @@
 #include <quorvel/frame/vask_message_box.h>
 
 #include "frame/win/help_target.h"
-#include "support/text.h"
+#include "support/test.h"
 #include "support/window_driver.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -44,30 +42,25 @@ TEST(HelpTarget, OpensOnceForTheButtonAndOnceForTheKey) {
         info.cbSize = sizeof info;
         ::SendMessageW(box, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
     };
-    struct {
-        const char* label;
-        const WCHAR* target;
-        int (*hook)(const WCHAR*);
-        void (*ask)(HWND box);
-        CString opened;
-    } const rows[] = {
-        {"address, button", address, nullptr, press, CString(_T("link ")) + address},
-        {"address, key", address, nullptr, key, CString(_T("link ")) + address},
-        {"topic, key", topic, nullptr, key, CString(_T("topic ")) + topic},
-        {"the host refuses the link", address, Refuse, press, CString()},
-        {"no target", nullptr, nullptr, press, CString()},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+    const std::tuple<const char*, const WCHAR*, int (*)(const WCHAR*), void (*)(HWND box), CString>
+        rows[] = {
+            {"address, button", address, nullptr, press, CString(_T("link ")) + address},
+            {"address, key", address, nullptr, key, CString(_T("link ")) + address},
+            {"topic, key", topic, nullptr, key, CString(_T("topic ")) + topic},
+            {"the host refuses the link", address, Refuse, press, CString()},
+            {"no target", nullptr, nullptr, press, CString()},
+        };
+    for (const auto& [label, target, hook, ask, opened] : rows) {
+        SCOPED_TRACE(label);
         g_opened.Empty();
-        QuorvelSetOpenExternalLinkCallback(row.hook);
+        QuorvelSetOpenExternalLinkCallback(hook);
         const BoxDriver driver([&](HWND box) {
-            row.ask(box);
+            ask(box);
             EXPECT_TRUE(::IsWindow(box)) << "stays open";
             Click(box, IDOK);
         });
-        EXPECT_EQ(AfxVaskMessageBox(_T("Text."), MB_OK | MB_HELP, row.target), IDOK);
-        EXPECT_EQ(g_opened, row.opened);
+        EXPECT_EQ(AfxVaskMessageBox(_T("Text."), MB_OK | MB_HELP, target), IDOK);
+        EXPECT_EQ(g_opened, opened);
     }
 }
 

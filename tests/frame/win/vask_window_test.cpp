@@ -1,12 +1,8 @@
 // Real boxes: what is in them, where it lies, and what the user's clicks leave.
 #include <quorvel/frame/vask_message_box.h>
 
-#include "support/text.h"
+#include "support/test.h"
 #include "support/window_driver.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
 
 namespace {
 

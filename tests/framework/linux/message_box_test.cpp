@@ -2,13 +2,10 @@
 
 #include "platform/win32.h"
 
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <cstdlib>
 #include <cstring>
-#include <memory>
-#include <string>
-#include <tuple>
 
 namespace {
 

@@ -1,12 +1,7 @@
 #include <quorvel/util/calendar/calendar.h>
 
 #include "support/date_time.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <limits>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

@@ -1,10 +1,7 @@
 #include <quorvel/util/calendar/date_parser.h>
 
 #include "support/date_time.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

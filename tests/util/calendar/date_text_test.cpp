@@ -1,12 +1,7 @@
 // The locale is that of the test run: English (United States).
 #include <quorvel/util/calendar/date_text.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

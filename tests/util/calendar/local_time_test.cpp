@@ -2,12 +2,7 @@
 #include <quorvel/util/calendar/local_time.h>
 
 #include "support/date_time.h"
-#include "support/last_error.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

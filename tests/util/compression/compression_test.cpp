@@ -1,14 +1,10 @@
 #include <quorvel/util/compression/compression.h>
 
 #include "support/message_box_recorder.h"
-#include "support/platform.h"
-#include "support/text.h"
+#include "support/test.h"
 #include "util/compression/test_file.h"
 
-#include <gtest/gtest.h>
 #include <zlib.h>
-
-#include <tuple>
 
 namespace {
 

@@ -1,9 +1,6 @@
 #include "util/compression/progress_box.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
-#include <vector>
+#include "support/test.h"
 
 namespace {
 

@@ -2,16 +2,13 @@
 // tests/examples/pack_test.py.
 #include <quorvel/util/compression/zip_file.h>
 
-#include "support/platform.h"
 #include "support/temporary_folder.h"
-#include "support/text.h"
+#include "support/test.h"
 #include "util/compression/test_file.h"
 
-#include <gtest/gtest.h>
 #include <minizip/unzip.h>
 
 #include <cstring>
-#include <tuple>
 
 namespace {
 

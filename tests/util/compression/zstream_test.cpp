@@ -1,6 +1,7 @@
 #include <quorvel/util/compression/zstream.h>
 
 #include "support/message_box_recorder.h"
+#include "support/test.h"
 #include "util/compression/test_file.h"
 
 #include <gtest/gtest.h>

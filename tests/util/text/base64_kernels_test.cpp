@@ -1,10 +1,9 @@
 // The portable and the vector kernels give the same results.
 #include "util/text/base64_kernels.h"
 
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <random>
-#include <string>
 
 // Compares the kernels, in both widths.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

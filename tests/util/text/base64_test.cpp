@@ -1,12 +1,6 @@
 #include <quorvel/util/text/base64.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
 

@@ -4,11 +4,7 @@
 #include <quorvel/util/text/match.h>
 #include <quorvel/util/text/utf8.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/test.h"
 
 TEST(ByteSwap, ReversesTheBytesOfEachUnit) {
     WORD words[40]; // more than a vector's

@@ -2,13 +2,10 @@
 
 #include <quorvel/util/text/md5.h>
 
-#include "support/text.h"
+#include "support/test.h"
 #include "util/text/encoding_table.h"
 
-#include <gtest/gtest.h>
-
 #include <sstream>
-#include <tuple>
 
 namespace {
 

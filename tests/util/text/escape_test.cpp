@@ -1,11 +1,6 @@
 #include <quorvel/util/text/escape.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 TEST(Escape, BytesUnsafeInWebAddressesAreEscaped) {
     const std::tuple<const char*, BOOL, const char*> rows[] = {

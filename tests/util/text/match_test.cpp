@@ -1,15 +1,8 @@
 #include <quorvel/util/text/match.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "support/test.h"
 
 namespace {
-
-typedef std::basic_string<WCHAR> Wide;
 
 Wide Widened(const std::string& text) {
     return Wide(text.begin(), text.end());

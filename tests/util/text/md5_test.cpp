@@ -2,9 +2,7 @@
 #include <quorvel/util/text/md5.h>
 
 #include "support/temporary_folder.h"
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 using namespace quorvel::win32;
 

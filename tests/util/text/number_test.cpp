@@ -1,11 +1,8 @@
 #include <quorvel/util/text/number.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <cstdint>
-#include <tuple>
 
 TEST(Number, IsValidWhenItParsesInItsBaseAndReadsInRangeAsDecimal) {
     // What is not decimal is read again as a decimal number: "1A" as 1.

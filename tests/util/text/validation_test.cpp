@@ -1,10 +1,6 @@
 #include <quorvel/util/text/validation.h>
 
-#include "support/text.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
+#include "support/test.h"
 
 TEST(Validation, WebAddresses) {
     for (const WCHAR* valid :

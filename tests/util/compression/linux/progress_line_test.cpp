@@ -1,10 +1,8 @@
 #include "util/compression/linux/progress_line.h"
 
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <cstdlib>
-#include <memory>
-#include <tuple>
 
 TEST(ProgressLine, IsOneLineThatFitsAndIsWipedOff) {
     const std::tuple<int, const WCHAR*, const WCHAR*, int, std::string, std::size_t> rows[] = {

@@ -3,11 +3,9 @@
 #include <quorvel/framework/wnd.h>
 #include <quorvel/util/compression/compression.h>
 
-#include "support/text.h"
+#include "support/test.h"
 #include "support/window_driver.h"
 #include "util/compression/test_file.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
