@@ -15,6 +15,8 @@ import tempfile
 import zipfile
 import zlib
 
+from harness import check, finish, read, run, write_all
+
 TEXT = "".join(f"{i * i} lines of text\n" for i in range(20000)).encode()
 STREAM = zlib.compress(TEXT)
 FILES = {
@@ -38,25 +40,12 @@ REFUSALS = [
 ]
 
 
-def check(holds, problem):
-    if not holds:
-        check.problems.append(problem)
-
-
-check.problems = []
-
-
-def read(name):
-    with open(name, "rb") as file:
-        return file.read()
-
-
 def pack(program, arguments):
     """Must succeed, with a line that tells the sizes."""
-    run = subprocess.run(program + arguments.split(), capture_output=True)
+    ran = subprocess.run(program + arguments.split(), capture_output=True)
     source, target = arguments.split()[-2:]
     line = f"{source}: {os.path.getsize(source)} bytes, {target}: {os.path.getsize(target)} bytes\n"
-    check(run.returncode == 0 and not run.stderr and run.stdout.decode() == line, f"{arguments}: {run}")
+    check(ran.returncode == 0 and not ran.stderr and ran.stdout.decode() == line, f"{arguments}: {ran}")
     return read(target)
 
 
@@ -88,10 +77,7 @@ def check_archives(program, is_windows):
 
 def check_refusals(program):
     for arguments, code, error in REFUSALS:
-        run = subprocess.run(program + arguments.split(), capture_output=True)
-        errors = run.stderr.decode()
-        holds = errors.startswith("pack: ") and error in errors and errors.count("\n") == 1
-        check(run.returncode == code and holds and not run.stdout, f"{arguments}: {run}")
+        run(program, arguments.split(), code, error=error)
     check(read("kept") == b"kept", "a failure has changed its target")
 
 
@@ -109,9 +95,7 @@ def main(program):
     os.environ["TZ"] = "Europe/Berlin"  # where local time is never UTC
     with tempfile.TemporaryDirectory() as folder:
         os.chdir(folder)
-        for name, content in FILES.items():
-            with open(name, "wb") as file:
-                file.write(content)
+        write_all(FILES)
         check_streams(program)
         check_archives(program, is_windows)
         check_refusals(program)
@@ -120,9 +104,7 @@ def main(program):
         left = set(os.listdir()) - set(FILES) - {"out", "out2"}
         check(not left, f"left behind: {left}")
         os.chdir("/")
-    print("\n".join(check.problems) or "no problems")
-    return 1 if check.problems else 0
+    finish()
 
 
-if __name__ == "__main__":
-    sys.exit(main(sys.argv[1:]))
+main(sys.argv[1:])

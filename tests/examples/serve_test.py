@@ -14,6 +14,8 @@ import tempfile
 import threading
 import time
 
+from harness import check, finish, write_all
+
 BIG = os.urandom(5_000_000)
 FILES = {"index.html": b"<p>home", "big": BIG, "a b.txt": b"blank", "sub/index.html": b"sub"}
 
@@ -29,14 +31,6 @@ ANSWERS = [
     ("GET", "/%zz", 400, None),
     ("POST", "/", 405, None),
 ]
-
-problems = []
-
-
-def check(holds, problem):
-    if not holds:
-        problems.append(problem)
-
 
 def ask(port, method, target):
     connection = http.client.HTTPConnection("127.0.0.1", port, timeout=30)
@@ -109,9 +103,7 @@ def check_refusals(program, port):
 def main(program):
     with tempfile.TemporaryDirectory() as folder:
         os.makedirs(f"{folder}/site/sub")
-        for name, content in {**FILES, "../secret": b"secret"}.items():
-            with open(f"{folder}/site/{name}", "wb") as file:
-                file.write(content)
+        write_all({f"{folder}/site/{name}": content for name, content in {**FILES, "../secret": b"secret"}.items()})
         os.chdir(folder)
         server = subprocess.Popen(program + ["site"], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         address = server.stdout.readline().decode().strip()
@@ -127,9 +119,7 @@ def main(program):
         for each in silent:
             each.close()
         os.chdir("/")
-    print("\n".join(problems) or "no problems")
-    return 1 if problems else 0
+    finish()
 
 
-if __name__ == "__main__":
-    sys.exit(main(sys.argv[1:]))
+main(sys.argv[1:])

@@ -7,10 +7,11 @@
 """
 
 import os
-import subprocess
 import sys
 import tempfile
 import uuid
+
+from harness import check, finish, read, run
 
 P = "HKEY_CURRENT_USER\\Software\\Quorvel tests\\" + uuid.uuid4().hex
 HEADER = "Windows Registry Editor Version 5.00\r\n"
@@ -92,39 +93,17 @@ def with_key(text):
     return text.replace("{P}", P)
 
 
-def problems_of(program, folder, row):
-    arguments, code, out, error, *rest = row
-    stdin = with_key(rest[0]) if rest else ""
-    stdin = stdin.encode("utf-16-le" if stdin.startswith("\ufeff") else "utf-8", "surrogatepass")
-    run = subprocess.run(
-        program + [with_key(word) for word in arguments], cwd=folder, input=stdin, capture_output=True
-    )
-    errors = run.stderr.decode(errors="replace").replace("\r\n", "\n")
-    printed = run.stdout.decode(errors="replace")
-    if run.returncode != code:
-        yield f"exit code {run.returncode}, not {code}: {errors!r}"
-    if printed != with_key(out):
-        yield f"printed {printed!r}, not {with_key(out)!r}"
-    if error is None and errors:
-        yield f"error {errors!r}"
-    elif error and not (errors.startswith("settings: ") and with_key(error) in errors and errors.count("\n") == 1):
-        yield f"error {errors!r} without {with_key(error)!r}"
-
-
 def main(program):
-    failures = 0
     with tempfile.TemporaryDirectory() as folder:
-        for row in ROWS:
-            for problem in problems_of(program, folder, row):
-                failures += 1
-                print(f"{' '.join(row[0])}: {problem}")
-        with open(os.path.join(folder, "settings.reg"), "rb") as file:
-            if file.read() != b"\xff\xfe" + with_key(EXPORT).encode("utf-16-le"):
-                failures += 1
-                print("settings.reg is not what is printed in UTF-16")
-    print(f"{len(ROWS)} command lines, {failures} problems")
-    return 1 if failures else 0
+        os.chdir(folder)
+        for arguments, code, out, error, *rest in ROWS:
+            stdin = with_key(rest[0] if rest else "")
+            stdin = stdin.encode("utf-16-le" if stdin.startswith("\ufeff") else "utf-8", "surrogatepass")
+            run(program, list(map(with_key, arguments)), code, with_key(out).encode(), error and with_key(error), input=stdin)
+        in_file = b"\xff\xfe" + with_key(EXPORT).encode("utf-16-le")
+        check(read("settings.reg") == in_file, "settings.reg is not what is printed in UTF-16")
+        os.chdir("/")
+    finish()
 
 
-if __name__ == "__main__":
-    sys.exit(main(sys.argv[1:]))
+main(sys.argv[1:])

@@ -15,6 +15,8 @@ import tempfile
 import threading
 import uuid
 
+from harness import check, finish, read
+
 ADDRESS = "127.0.44.1"
 LISTING = (
     "<?xml version='1.0' encoding='utf-8'?><rss><channel><lastBuildDate>2024-03-12T08:30:00</lastBuildDate>{}"
@@ -24,9 +26,6 @@ ITEM = "<item><title>{}</title><link>http://h/{}</link><pubDate>2024-03-12</pubD
 FIRST = LISTING.format(ITEM.format("Größe", 1, "high"))
 SECOND = LISTING.format(ITEM.format("Größe", 1, "high") + ITEM.format("Second", 2, ""))
 RECENT = "You must wait at least 15 seconds before checking for updates again."
-
-problems = []
-
 
 class Handler(http.server.SimpleHTTPRequestHandler):
     def log_message(self, *_):
@@ -63,11 +62,9 @@ def main():
         at = 0
         for text in texts:
             found = output.find(text, at)
-            if found < 0:
-                problems.append(f"{label}: no {text!r} in {output!r}")
+            check(found >= 0, f"{label}: no {text!r} in {output!r}")
             at = max(found, at)
-        if result.returncode != code:
-            problems.append(f"{label}: exit code {result.returncode}, {result.stderr.decode()!r}")
+        check(result.returncode == code, f"{label}: exit code {result.returncode}, {result.stderr.decode()!r}")
         return output
 
     def new_key():
@@ -81,22 +78,17 @@ def main():
         "first", key, [*site, "--yes"], 0, "Local update file does not exist.", "Connecting to updates server",
         "new updates available as of 11/14/2023 10:13:20 PM", "Priority  Title", "high      Größe", "New: Größe http://h/1",
     )
-    with open(os.path.join(folder, "local.xml"), encoding="utf-8") as file:
-        if file.read() != FIRST:
-            problems.append("first: another file")
+    check(read(os.path.join(folder, "local.xml")) == FIRST.encode(), "first: another file")
     run("again at once", key, [], 1, "dated 3/12/2024 8:30:00 AM", RECENT)
 
     write(SECOND, 1_700_000_100)
     run("declined", new_key(), site, 3, "[y/n]", answer="n\n")
     output = run("newer", new_key(), [*site, "--auto"], 0, "[y/n]", "New: Second http://h/2", answer="y\n")
-    if "New: Größe" in output:
-        problems.append("newer: the old entry is new")
+    check("New: Größe" not in output, "newer: the old entry is new")
     not_found = "The server has not found anything that matches the requested URI."
     run("missing", new_key(), missing, 1, "An error has occurred while checking for updates.", not_found)
 
-    for problem in problems:
-        print(problem)
-    sys.exit(1 if problems else 0)
+    finish()
 
 
 main()

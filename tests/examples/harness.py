@@ -1,0 +1,39 @@
+"""What the tests of the examples share: the list of problems, and command lines with their outcome."""
+
+import os
+import subprocess
+import sys
+
+problems = []
+
+
+def check(holds, problem):
+    if not holds:
+        problems.append(problem)
+
+
+def read(name):
+    with open(name, "rb") as file:
+        return file.read()
+
+
+def write_all(files):
+    for name, content in files.items():
+        with open(name, "wb") as file:
+            file.write(content)
+
+
+def run(program, arguments, code=0, out=b"", error=None, **options):
+    """`out` is what standard output must be, `error` what the one line on standard error must hold."""
+    ran = subprocess.run(program + arguments, capture_output=True, **options)
+    errors = ran.stderr.decode(errors="replace").replace("\r\n", "\n")
+    begin = os.path.basename(program[-1]).removesuffix(".exe") + ": "
+    is_told = errors.startswith(begin) and error in errors and errors.count("\n") == 1 if error else not errors
+    check(ran.returncode == code and ran.stdout == out and is_told,
+          f"{' '.join(arguments)}: exit code {ran.returncode}, not {code}; printed {ran.stdout!r}, not {out!r}; "
+          f"told {errors!r}, not {error!r}")
+
+
+def finish():
+    print("\n".join(problems) or "no problems")
+    sys.exit(1 if problems else 0)
