@@ -71,27 +71,6 @@ TEST(DateFormat, LettersOfATimePictureAreParts) {
     EXPECT_EQ(Time(_T("h hh H HH t tt"), kNoon), _T("12 12 12 12 P PM"));
 }
 
-TEST(DateFormat, LanguagesHaveTheirForms) {
-    const std::tuple<LCID, const WCHAR*, const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
-        {kEnglish, _T("12/25/2007"), _T("Tuesday, December 25, 2007"), _T("1:06:07 PM"),
-         _T("1:06 PM")},
-        {kGerman, _T("25.12.2007"), _T("Dienstag, 25. Dezember 2007"), _T("13:06:07"), _T("13:06")},
-        {kJapanese, _T("2007/12/25"), _T("2007年12月25日火曜日"), _T("13:06:07"), _T("13:06")},
-    };
-    for (const auto& [locale, shortDate, longDate, time, timeWithoutSeconds] : rows) {
-        SCOPED_TRACE(locale);
-        const auto text = [&](auto formatter, DWORD flags) {
-            return Formatted(formatter, kAfternoon, nullptr, locale, flags);
-        };
-        for (const DWORD flags : {DWORD(0), DWORD(DATE_SHORTDATE), DWORD(LOCALE_NOUSEROVERRIDE)})
-            EXPECT_EQ(text(GetDateFormatW, flags), shortDate) << flags;
-        EXPECT_EQ(text(GetDateFormatW, DATE_LONGDATE), longDate);
-        EXPECT_EQ(text(GetTimeFormatW, 0), time);
-        EXPECT_EQ(text(GetTimeFormatW, LOCALE_NOUSEROVERRIDE), time);
-        EXPECT_EQ(text(GetTimeFormatW, TIME_NOSECONDS), timeWithoutSeconds);
-    }
-}
-
 TEST(DateFormat, NamesAreOfTheLanguage) {
     const std::tuple<LCID, const WCHAR*, const WCHAR*> rows[] = {
         {kRussian, _T("d MMMM"), _T("4 марта")}, // in the genitive
@@ -117,13 +96,4 @@ TEST(DateFormat, OnlyWhatExistsIsFormatted) {
         EXPECT_EQ(Date(_T("d MMMM yyyy"), time), date);
         EXPECT_EQ(Time(_T("HH:mm"), time), clock);
     }
-}
-
-TEST(DateFormat, FlagsGoWithoutAPicture) {
-    const auto date = [](const WCHAR* picture, DWORD flags) {
-        return Formatted(GetDateFormatW, kMorning, picture, kEnglish, flags);
-    };
-    EXPECT_EQ(date(_T("d"), LOCALE_NOUSEROVERRIDE), _T("(1004)"));
-    EXPECT_EQ(date(nullptr, DATE_SHORTDATE | DATE_LONGDATE), _T("(1004)"));
-    EXPECT_EQ(Formatted(GetDateFormatW, kMorning, _T("d"), 0x9999), _T("(87)"));
 }

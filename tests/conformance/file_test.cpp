@@ -206,28 +206,4 @@ TEST_F(FileConformance, NamesAreDeletedAndMovedWithTheErrorsOfEachCase) {
     EXPECT_EQ("0123456789", folder.Read(_T("other")));
 }
 
-TEST_F(FileConformance, FullNamesLoseDotsAndRepeatedSeparators) {
-    WCHAR current[MAX_PATH];
-    const DWORD length = GetCurrentDirectoryW(0, nullptr);
-    EXPECT_EQ(length - 1, GetCurrentDirectoryW(length, current));
-    // What follows the current folder, with "/" for the separator, a bar and the last part.
-    const auto full = [&](const WCHAR* name) {
-        WCHAR buffer[MAX_PATH];
-        WCHAR* last = buffer;
-        const DWORD count = GetFullPathNameW(name, MAX_PATH, buffer, &last);
-        CString path(buffer, static_cast<int>(count));
-        EXPECT_EQ(path.Left(static_cast<int>(length) - 1), current);
-        EXPECT_EQ(count + 1, GetFullPathNameW(name, count, buffer, nullptr));
-        path = path.Mid(static_cast<int>(length) - 1) + _T("|") + CString(last);
-        path.Replace('\\', '/');
-        return path;
-    };
-    ExpectCases<CString, const WCHAR*>({
-        CASE(full(_T("a//.\\b")), _T("/a/b|b")),
-        CASE(full(_T("a/")), _T("/a/|")),
-        CASE(full(_T("a/..b/...c")), _T("/a/..b/...c|...c")),
-    });
-    EXPECT_EQ(0u, GetFullPathNameW(_T(""), 0, nullptr, nullptr));
-}
-
 } // namespace

@@ -5,22 +5,6 @@
 
 namespace {
 
-TEST(GermanLocale, IsTheUsers) {
-    EXPECT_EQ(GetUserDefaultLCID(), 0x0407u);
-    EXPECT_EQ(GetUserDefaultLangID(), 0x0407u);
-    const std::tuple<LCTYPE, const WCHAR*> rows[] = {
-        {LOCALE_SABBREVLANGNAME, _T("DEU")},
-        {LOCALE_SDECIMAL, _T(",")},
-    };
-    for (const auto& [item, expected] : rows) {
-        for (const LCID locale : {0x0400u, 0x0800u, 0u}) {
-            WCHAR text[100] = {};
-            GetLocaleInfoW(locale, item, text, 100);
-            EXPECT_EQ(CString(text), expected) << item << " of " << locale;
-        }
-    }
-}
-
 TEST(GermanLocale, ChoosesTheLanguageOfResources) {
     const HMODULE module = LoadLibraryW(QUORVEL_OWN_SAMPLES _T("/full.dll"));
     ASSERT_NE(module, nullptr);

@@ -146,39 +146,4 @@ TEST(ModuleConformance, AStringIsCutToTheBufferOrShownInPlace) {
     EXPECT_EQ(whole, CString(place, 7));
 }
 
-TEST(ModuleConformance, ResourcesAreFoundByTypeNameAndLanguage) {
-    const Library full(Own(_T("full.dll")));
-    const WCHAR* const one = MAKEINTRESOURCEW(1);
-    const WCHAR* const data = RT_RCDATA;
-    const WCHAR* const block19 = MAKEINTRESOURCEW(19);
-    const HMODULE module = full.Get();
-    typedef std::tuple<const char*, HMODULE, const WCHAR*, const WCHAR*, WORD, const char*, DWORD>
-        Row; // with the start of the bytes, null where nothing is found
-    const Row rows[] = {
-        {"by number", module, data, one, 0, "by number", 0},
-        {"as text", module, _T("#10"), _T("#1"), 0, "by number", 0},
-        {"by name in another case", module, data, _T("nAMED"), 0, "by name", 0},
-        {"a named type", module, _T("kind"), MAKEINTRESOURCEW(7), 0, "of a named type", 0},
-        {"German", module, data, one, 0x0407, "nach Nummer", 0},
-        {"French", module, data, one, 0x040c, nullptr, 1815},
-        {"the user's default", module, data, one, 0x0400, "by number", 0},
-        {"neutral for French", module, RT_STRING, block19, 0x040c, "", 0},
-        {"no such number", module, data, MAKEINTRESOURCEW(2), 0, nullptr, 1814},
-        {"no such type", module, MAKEINTRESOURCEW(11), one, 0, nullptr, 1813},
-        {"too large a number", module, data, _T("#65536"), 0, nullptr, 87},
-    };
-    for (const auto& [label, where, type, name, language, start, error] : rows) {
-        SCOPED_TRACE(label);
-        SetLastError(kUnset);
-        const HRSRC found = FindResourceExW(where, type, name, language);
-        EXPECT_EQ(error, found != nullptr ? 0 : GetLastError());
-        ASSERT_EQ(start != nullptr, found != nullptr);
-        if (found == nullptr)
-            continue;
-        const auto* bytes = static_cast<const char*>(LockResource(LoadResource(where, found)));
-        ASSERT_NE(nullptr, bytes);
-        EXPECT_EQ(0u, std::string(bytes, SizeofResource(where, found)).find(start));
-    }
-}
-
 } // namespace

@@ -11,16 +11,25 @@ constexpr LANGID kUnsupported = 0x03ff;
 constexpr const WCHAR* kTemplate = _T("Quorvel_%s.dll");
 
 TEST(Languages, NamesAreThoseOfTheLocale) {
-    const std::tuple<BOOL (*)(LANGID, CString&), const WCHAR*> rows[] = {
-        {AfxGetAbbreviatedLanguageName, _T("DEU")},
-        {AfxGetLanguageName, _T("German (Germany)")},
-        {AfxGetLanguageEnglishName, _T("German")},
-        {AfxGetNativeLanguageName, _T("Deutsch")},
-    };
-    for (const auto& [ask, german] : rows) {
+    // Of Germany, China and Serbia in Latin letters.
+    const std::tuple<BOOL (*)(LANGID, CString&), const WCHAR*, const WCHAR*, const WCHAR*> rows[] =
+        {
+            {AfxGetAbbreviatedLanguageName, _T("DEU"), _T("CHS"), _T("SRM")},
+            {AfxGetLanguageName, _T("German (Germany)"), _T("Chinese (Simplified, China)"),
+             _T("Serbian (Latin, Serbia)")},
+            {AfxGetLanguageEnglishName, _T("German"), _T("Chinese (Simplified)"),
+             _T("Serbian (Latin)")},
+            {AfxGetNativeLanguageName, _T("Deutsch"), _T("\x4e2d\x6587 (\x7b80\x4f53)"),
+             _T("srpski (latinica)")},
+        };
+    for (const auto& [ask, german, chinese, serbian] : rows) {
         CString name;
         EXPECT_TRUE(ask(kGerman, name));
         EXPECT_EQ(name, german);
+        EXPECT_TRUE(ask(0x0804, name));
+        EXPECT_EQ(name, chinese);
+        EXPECT_TRUE(ask(0x241a, name));
+        EXPECT_EQ(name, serbian);
         EXPECT_FALSE(ask(kUnsupported, name));
         EXPECT_EQ(name, _T(""));
     }

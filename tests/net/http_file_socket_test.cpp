@@ -108,18 +108,6 @@ TEST_F(Download, TheFileIsTheResponseHoweverItComes) {
     }
 }
 
-TEST_F(Download, TheHeaderMayBeSplitAtAnyByte) {
-    const std::string header = "HTTP/1.1 200 OK\r\nA: b\r\n\r\n";
-    for (std::size_t piece = 1; piece <= header.size(); ++piece) {
-        CHttpFileSocket socket;
-        Ask(socket);
-        Answer(socket, header + "\r\n\r\n", piece);
-        EXPECT_EQ("3 4 8 1000 14 ", Statuses(socket)) << piece;
-        EXPECT_EQ(header.size(), socket.GetHeaderConstRef().GetLength()) << piece;
-        Release(socket);
-    }
-}
-
 TEST_F(Download, FaultsOfAServerLeaveWhatCame) {
     const std::string header = "HTTP/1.1 200 OK\r\n";
     const std::string long1MB(1 << 20, 'x');

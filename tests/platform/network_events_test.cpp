@@ -22,36 +22,28 @@ public:
 
 private:
     void Step(const std::string& word) {
-        if (word == "connect")
-            m_events.Connect();
-        else if (word == "connected")
-            m_events.Connected();
-        else if (word == "accepted")
-            m_events.Become(NetworkEvents::Kind::kConnected);
-        else if (word == "listen")
-            m_events.Become(NetworkEvents::Kind::kListening);
-        else if (word == "all")
-            m_events.Select(63);
-        else if (word == "read")
-            m_events.Select(FD_READ);
-        else if (word == "none")
-            m_events.Select(0);
-        else if (word == "recv")
-            m_events.Received();
-        else if (word == "recv-oob")
-            m_events.ReceivedUrgent();
-        else if (word == "send-blocks")
-            m_events.SendBlocked();
-        else if (word == "accept")
-            m_events.Accepted();
-        else if (word.starts_with("see:"))
-            See(word);
-        else if (word == "?")
-            Note(Enumerated());
-        else if (word == "~")
-            Note(Interest());
-        else
-            ADD_FAILURE() << "no such step: " << word;
+        typedef NetworkEvents::Kind Kind;
+        const std::tuple<const char*, std::function<void()>> steps[] = {
+            {"connect", [this] { m_events.Connect(); }},
+            {"connected", [this] { m_events.Connected(); }},
+            {"accepted", [this] { m_events.Become(Kind::kConnected); }},
+            {"listen", [this] { m_events.Become(Kind::kListening); }},
+            {"all", [this] { m_events.Select(63); }},
+            {"read", [this] { m_events.Select(FD_READ); }},
+            {"none", [this] { m_events.Select(0); }},
+            {"recv", [this] { m_events.Received(); }},
+            {"recv-oob", [this] { m_events.ReceivedUrgent(); }},
+            {"send-blocks", [this] { m_events.SendBlocked(); }},
+            {"accept", [this] { m_events.Accepted(); }},
+            {"?", [this] { Note(Enumerated()); }},
+            {"~", [this] { Note(Interest()); }},
+        };
+        if (word.starts_with("see:"))
+            return See(word);
+        for (const auto& [name, take] : steps)
+            if (word == name)
+                return take();
+        ADD_FAILURE() << "no such step: " << word;
     }
     void See(const std::string& word) {
         const auto has = [&word](const char* name) { return word.find(name) != word.npos; };
@@ -106,27 +98,15 @@ TEST(NetworkEvents, AreReportedOnceAndArmedByTheirCalls) {
          "accepted all see:urgent ? see:urgent ? recv see:urgent ? recv-oob "
          "see:urgent+data ?",
          "! oob - - ! read+oob"},
-    };
-    for (const auto& [label, steps, seen] : rows)
-        EXPECT_EQ(Script().Run(steps), seen) << label;
-}
-
-// What stays true must not be looked for again: the wait would never sleep.
-TEST(NetworkEvents, OfAnEndComeAfterTheDataAndOnce) {
-    const std::tuple<const char*, const char*, const char*> rows[] = {
+        // An end comes after the data and once. What stays true must not be looked for again: the
+        // wait would never sleep.
         {"no data", "connected all ? see:end ? ~ see:end ?", "write+connect ! close ~x -"},
         {"a reset behind data", "connected all ? see:data+reset ? ~ recv ~ see:reset ? ~ recv ~",
          "write+connect ! read+close10054 ~ ~dex - ~ ~"},
         {"both sides, behind data",
          "connected all ? see:data+end+hang-up ? ~ recv ~ see:end+hang-up ? ~",
          "write+connect ! read ~ ~dex ! close ~"},
-    };
-    for (const auto& [label, steps, seen] : rows)
-        EXPECT_EQ(Script().Run(steps), seen) << label;
-}
-
-TEST(NetworkEvents, StayReportedWhateverIsSelected) {
-    const std::tuple<const char*, const char*, const char*> rows[] = {
+        // What was reported stays so, whatever is selected.
         {"the same mask again", "connected all ? see:data ? all ?", "write+connect ! read -"},
         {"a wider mask adds what was not asked for", "connected read see:data ? all ?",
          "! read write+connect"},

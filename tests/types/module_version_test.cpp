@@ -108,6 +108,7 @@ TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
     folder.Write(_T("damaged.dll"), damaged);
     const std::tuple<const char*, CString, DWORD, bool> rows[] = {
         {"missing", folder.Path(_T("missing.dll")), ERROR_FILE_NOT_FOUND, true},
+        {"a folder", folder.Path(), ERROR_ACCESS_DENIED, true},
         {"no resources", Sample(_T("no_resources.dll")), ERROR_RESOURCE_DATA_NOT_FOUND, true},
         {"no version", Sample(_T("strings_only.dll")), ERROR_RESOURCE_DATA_NOT_FOUND, true},
         {"no translation", Sample(_T("no_translation.dll")), ERROR_RESOURCE_TYPE_NOT_FOUND, false},

@@ -73,21 +73,10 @@ TEST(ZStream, AStreamIsReadInParts) {
     EXPECT_TRUE(destination.Contents() == bytes);
 }
 
-TEST(ZStream, AnySizesOfBuffersServe) {
-    const std::string bytes = SomeText(3000);
-    const UINT rows[][2] = {{1, 1}, {7, 13}, {100000, 100000}};
-    CZStream stream;
-    EXPECT_FALSE(stream.InitializeBuffers(0, 1));
-    EXPECT_FALSE(stream.AreBuffersInitialized());
-    for (const auto& [compressed, uncompressed] : rows) {
-        SCOPED_TRACE(compressed);
-        ASSERT_TRUE(stream.InitializeBuffers(compressed, uncompressed));
-        EXPECT_EQ(Inflated(stream, Deflated(stream, bytes)), bytes);
-    }
-}
-
 TEST(ZStream, CopiesShareTheBuffersUntilTheLastIsGone) {
     std::optional<CZStream> first(std::in_place);
+    EXPECT_FALSE(first->InitializeBuffers(0, 1));
+    EXPECT_FALSE(first->AreBuffersInitialized());
     ASSERT_TRUE(first->InitializeBuffers(100, 100));
     first->total_out = 77;
     CZStream copy;
