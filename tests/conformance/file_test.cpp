@@ -108,16 +108,6 @@ TEST_F(FileConformance, OpeningGivesTheResultAndErrorOfEachDisposition) {
     }
 }
 
-TEST_F(FileConformance, NamesOfEveryScriptAreFoundAgain) {
-    const WCHAR* const names[] = {_T("Größe"), _T("\xd83d\xde00 face"), _T("a b.c.d")};
-    for (const WCHAR* name : names) {
-        SCOPED_TRACE(testing::PrintToString(CString(name)));
-        EXPECT_TRUE(File(folder.Path(name), kWrite, CREATE_NEW).Write("x"));
-        EXPECT_EQ("x", folder.Read(name));
-        EXPECT_TRUE(DeleteFileW(folder.Path(name)));
-    }
-}
-
 TEST_F(FileConformance, ShareModesAdmitWhatBothSidesAllow) {
     constexpr DWORD kNone = 0;
     constexpr DWORD kReaders = FILE_SHARE_READ;

@@ -3,8 +3,6 @@
 
 #include "support/test.h"
 
-namespace {
-
 TEST(GermanLocale, ChoosesTheLanguageOfResources) {
     const HMODULE module = LoadLibraryW(QUORVEL_OWN_SAMPLES _T("/full.dll"));
     ASSERT_NE(module, nullptr);
@@ -21,5 +19,3 @@ TEST(GermanLocale, ChoosesTheLanguageOfResources) {
     }
     EXPECT_TRUE(FreeLibrary(module));
 }
-
-} // namespace

@@ -5,8 +5,6 @@
 #include "support/digest.h"
 #include "support/test.h"
 
-namespace {
-
 TEST(LetterCase, TablesAreThePlatforms) {
     Wide lower;
     for (int unit = 0; unit < 0x10000; ++unit)
@@ -29,5 +27,3 @@ TEST(LetterCase, NarrowTextMapsAscii) {
     EXPECT_EQ(CharLowerBuffA(text.data(), 2), 2u);
     EXPECT_EQ(text, "ab[`{Z9");
 }
-
-} // namespace

@@ -296,23 +296,4 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
             << label;
 }
 
-TEST_F(Sockets, CarryAMegabyteWithoutALostReport) {
-    Sock server(ConnectClient(), WSACreateEvent());
-    const std::string megabyte(1000000, 'x');
-    std::thread sender([&] {
-        EXPECT_EQ(server.Send(megabyte), 1000000) << "a call that blocks takes all of it";
-        server.Close();
-    });
-    std::size_t received = 0;
-    std::string events;
-    while ((events = m_client.Await()) != "close") {
-        if (events != "none") { // an event may be set with nothing to tell
-            EXPECT_EQ(events, "read");
-            received += m_client.Receive(16384).size();
-        }
-    }
-    sender.join();
-    EXPECT_EQ(received, 1000000u);
-}
-
 } // namespace

@@ -7,26 +7,14 @@
 
 namespace {
 
-// What the procedure saw of the four messages of a life, as "id:name ".
+// What the procedure saw of the last messages of a life, as "id:name ".
 std::string g_seen;
-enum class Refuse { kNothing, kNcCreate, kCreate };
-
 void Note(HWND window, const char* message) {
     g_seen += std::to_string(GetWindowLongPtrW(window, GWLP_ID)) + ":" + message + " ";
 }
 
 LRESULT CALLBACK RecordLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const auto refuses = [lParam](Refuse refusal) {
-        const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-        return *static_cast<const Refuse*>(creation->lpCreateParams) == refusal;
-    };
     switch (message) {
-    case WM_NCCREATE:
-        Note(window, "nccreate");
-        return refuses(Refuse::kNcCreate) ? FALSE : DefWindowProcW(window, message, wParam, lParam);
-    case WM_CREATE:
-        Note(window, "create");
-        return refuses(Refuse::kCreate) ? -1 : 0;
     case WM_DESTROY:
         Note(window, "destroy");
         return 0;
@@ -53,10 +41,9 @@ protected:
     }
     void TearDown() override { EXPECT_TRUE(UnregisterClassW(_T("Conformance"), nullptr)); }
 
-    HWND Create(DWORD style = WS_POPUP, HWND parent = nullptr, INT_PTR id = 0,
-                Refuse refusal = Refuse::kNothing) {
+    HWND Create(DWORD style = WS_POPUP, HWND parent = nullptr, INT_PTR id = 0) {
         return CreateWindowExW(0, _T("conFORMance"), _T("caption"), style, 0, 0, 0, 0, parent,
-                               reinterpret_cast<HMENU>(id), nullptr, &refusal);
+                               reinterpret_cast<HMENU>(id), nullptr, nullptr);
     }
 };
 
@@ -77,13 +64,6 @@ TEST_F(Windows, LiveThroughTheirMessagesInOrder) {
     g_seen.clear();
     EXPECT_TRUE(DestroyWindow(window));
     EXPECT_EQ(g_seen, "0:destroy 1:destroy 2:destroy 2:ncdestroy 1:ncdestroy 0:ncdestroy ");
-
-    g_seen.clear();
-    EXPECT_EQ(Create(WS_POPUP, nullptr, 0, Refuse::kNcCreate), nullptr);
-    EXPECT_EQ(g_seen, "0:nccreate 0:ncdestroy ");
-    g_seen.clear();
-    EXPECT_EQ(Create(WS_POPUP, nullptr, 0, Refuse::kCreate), nullptr);
-    EXPECT_EQ(g_seen, "0:nccreate 0:create 0:ncdestroy ");
 
     const HWND closed = Create(WS_POPUP);
     SendMessageW(closed, WM_CLOSE, 0, 0);

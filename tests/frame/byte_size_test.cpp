@@ -2,8 +2,6 @@
 
 #include "support/test.h"
 
-namespace {
-
 TEST(ByteSize, TheWholeCountStandsBehindTheShortText) {
     ExpectCases<CString, const WCHAR*>({
         CASE(AfxFormatExtendedFileSize(1023), _T("1023 bytes")),
@@ -14,5 +12,3 @@ TEST(ByteSize, TheWholeCountStandsBehindTheShortText) {
         CASE(AfxFormatExtendedFileSize(-5000), AfxFormatFileSize(-5000)),
     });
 }
-
-} // namespace

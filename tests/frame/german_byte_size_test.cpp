@@ -3,10 +3,6 @@
 
 #include "support/test.h"
 
-namespace {
-
 TEST(GermanByteSize, TheUsersSeparatorsAreUsed) {
     EXPECT_EQ(AfxFormatExtendedFileSize(1234567), _T("1,17 MB (1.234.567 bytes)"));
 }
-
-} // namespace

@@ -3,8 +3,6 @@
 #include "support/temporary_folder.h"
 #include "support/test.h"
 
-namespace {
-
 constexpr LANGID kGerman = 1031;
 constexpr LANGID kEnglish = 1033;
 constexpr LANGID kUnsupported = 0x03ff;
@@ -98,5 +96,3 @@ TEST(Languages, TheFolderDecidesWhichAreEnumerated) {
         EXPECT_FALSE(AfxIsResourceDLLPresent(at, nameTemplate, kGerman));
     }
 }
-
-} // namespace

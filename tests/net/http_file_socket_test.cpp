@@ -69,7 +69,8 @@ TEST_F(Download, TheRequestAsksForTheHeaderOrForAll) {
         socket.SetLocalFileName(m_folder.Path(_T("file")));
         socket.SetLocalFileName(nullptr);
         EXPECT_EQ((headerOnly ? "HEAD" : "GET") + rest, Ask(socket));
-        Answer(socket, "HTTP/1.1 404 Not Found\r\nA: b\r\n\r\n", 4096);
+        // Some servers send a body after a request for the header too.
+        Answer(socket, "HTTP/1.0 404 Not Found\r\na: b\r\n\r\n<html>", 4096);
         EXPECT_EQ("3 4 8 1000 14 ", Statuses(socket));
         EXPECT_EQ(404u, socket.GetHeader().GetStatusCode());
         EXPECT_EQ(!headerOnly, m_folder.Has(_T("file")));

@@ -346,20 +346,6 @@ TEST_F(VaskSocket, ManyWorkAtOnce) {
     server.join();
 }
 
-TEST(WinsockErrorText, HasATextOfItsOwnOrNone) {
-    const std::tuple<DWORD, const WCHAR*> rows[] = {
-        {0, _T("Unknown error.")},
-        {6, _T("Specified event object handle is invalid.")},
-        {10004, _T("Interrupted function call.")},
-        {10061, _T("Connection refused. ")},
-        {10104, _T("Unknown error.")},
-        {10107, _T("System call failure.")},
-        {11004, _T("Valid name, no data record of requested type.")},
-    };
-    for (const auto& [code, text] : rows)
-        EXPECT_EQ(AfxGetWinsockErrorText(code), text) << code;
-}
-
 // A copy ends at the first zero byte, so it has no addresses, and must not look for any.
 TEST(GetHostRequestData, LosesItsAddressWhenCopied) {
     CGetHostRequestData data;

@@ -9,8 +9,6 @@
 #include "support/temporary_folder.h"
 #include "support/test.h"
 
-namespace {
-
 TEST(TemporaryFile, EachNameIsOfANewEmptyFileInTheTemporaryFolder) {
     const TemporaryFolder folder;
     const EnvironmentVariable variable(kTemporaryVariable, CStringA(folder.Path().GetString()));
@@ -39,5 +37,3 @@ TEST(TemporaryFile, AFolderThatTakesNoFileIsReported) {
     ASSERT_TRUE(AfxGetSystemErrorText(ERROR_DIRECTORY, text));
     EXPECT_GE(boxes[0].text.Find(text), 0);
 }
-
-} // namespace

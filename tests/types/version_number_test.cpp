@@ -2,8 +2,6 @@
 
 #include "support/test.h"
 
-namespace {
-
 TEST(VersionNumber, TextIsReadPartByPart) {
     // The text, and its number as text; null: it is refused.
     const std::tuple<const WCHAR*, const WCHAR*> rows[] = {
@@ -59,5 +57,3 @@ TEST(VersionNumber, AnIncrementLeavesTheOtherParts) {
     number.IncrementBuildNumber();
     EXPECT_TRUE(number == CVersionNumber(2, 5, 3, 0));
 }
-
-} // namespace

@@ -62,20 +62,6 @@ protected:
     quorvel::UpdateCheck m_check{path, folder.Path(_T("updates.xml")), view, m_http};
 };
 
-TEST_F(UpdateOverHttp, AListingIsFetchedOnceAndLeavesNothingBehind) {
-    m_http.SetFlow(&m_check);
-    Serve(2, "Last-Modified: Tue, 12 Mar 2024 08:30:00 GMT\r\nContent-Length: " +
-                 std::to_string(kListing.size()) + "\r\n");
-    ASSERT_TRUE(m_check.Check());
-    Finish(m_check);
-    EXPECT_EQ(std::vector{CCheckForUpdatesView::resultUpdated}, view.m_results);
-    EXPECT_EQ(kListing, folder.Read(_T("updates.xml")));
-    EXPECT_EQ(1u, m_check.GetListing().GetItems().size());
-    EXPECT_EQ(COleDateTime(2024, 3, 12, 8, 30, 0), AfxGetProfileCheckForUpdatesLastModified(path));
-    EXPECT_EQ(100, view.m_percent);
-    EXPECT_FALSE(HasTemporaryFiles());
-}
-
 TEST_F(UpdateOverHttp, CancellingInTheMiddleRemovesTheFileThatIsWritten) {
     m_http.SetFlow(&m_check);
     Serve(2, "Last-Modified: Tue, 12 Mar 2024 08:30:00 GMT\r\nContent-Length: 100000\r\n", true);

@@ -4,8 +4,6 @@
 #include "support/test.h"
 #include "update/update_listing_order.h"
 
-namespace {
-
 typedef CUpdateListingItem Item;
 
 const COleDateTime kDate(2007, 3, 4, 5, 6, 7);
@@ -63,5 +61,3 @@ TEST(UpdateListingItem, EveryFieldCountsForEqualityAndHasItsOrder) {
     for (int column = -1; column <= 3; ++column)
         EXPECT_EQ(columns[column + 1], UpdateListingOrder(column, true)) << column;
 }
-
-} // namespace

@@ -4,10 +4,6 @@
 
 #include "support/test.h"
 
-#include <random>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 TEST(MarkupEditing, BuildsADocument) {
     CMarkup markup;
     EXPECT_FALSE(markup.AddChildElem(_T("b")));
@@ -125,15 +121,4 @@ TEST(MarkupEditing, AppendsToALongListWithoutAChildPosition) {
     }
     EXPECT_TRUE(markup.Tree() == MarkupProbe(markup.GetDoc()).Tree());
     EXPECT_EQ(markup.GetChildData(), _T("49999"));
-}
-
-// After any edits the index is that of a fresh parse of the text.
-TEST(MarkupEditing, KeepsTheIndexOfAFreshParse) {
-    std::mt19937 random(20061);
-    for (int round = 0; round < 100; ++round) {
-        std::array<std::uint8_t, 80> steps;
-        for (std::uint8_t& step : steps)
-            step = static_cast<std::uint8_t>(random());
-        LLVMFuzzerTestOneInput(steps.data(), steps.size());
-    }
 }

@@ -3,11 +3,7 @@
 
 #include "support/test.h"
 
-namespace {
-
 const COleDateTime kDate(2007, 3, 4, 17, 6, 7);
-
-} // namespace
 
 TEST(DateText, LocaleFormsAndPictures) {
     const std::tuple<const char*, CString, const WCHAR*> rows[] = {
