@@ -2,6 +2,7 @@
 #include "platform/win32.h"
 
 #include "support/test.h"
+#include "support/window_class.h"
 
 #include <thread>
 
@@ -25,24 +26,13 @@ LRESULT CALLBACK Record(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 class Messages : public testing::Test {
 protected:
     void SetUp() override {
-        WNDCLASSEXW windowClass = {};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = Record;
-        windowClass.lpszClassName = _T("MessageTest");
-        ASSERT_NE(RegisterClassExW(&windowClass), 0);
         m_window = Create();
         ASSERT_NE(m_window, nullptr);
         Drain();
         g_seen.clear();
     }
-    void TearDown() override {
-        DestroyWindow(m_window);
-        EXPECT_TRUE(UnregisterClassW(_T("MessageTest"), nullptr));
-    }
-    static HWND Create() {
-        return CreateWindowExW(0, _T("MessageTest"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
-                               nullptr, nullptr, nullptr);
-    }
+    void TearDown() override { DestroyWindow(m_window); }
+    HWND Create() const { return m_class.Create(); }
     // Dispatches what waits, and says what was seen.
     static std::string Drain() {
         MSG message;
@@ -60,6 +50,7 @@ protected:
         return std::exchange(g_seen, {});
     }
 
+    const TestWindowClass m_class{_T("MessageTest"), Record};
     HWND m_window = nullptr;
 };
 

@@ -2,6 +2,7 @@
 #include "platform/win32.h"
 
 #include "support/test.h"
+#include "support/window_class.h"
 
 #include <thread>
 
@@ -9,6 +10,7 @@ namespace {
 
 // What the procedure saw of the last messages of a life, as "id:name ".
 std::string g_seen;
+
 void Note(HWND window, const char* message) {
     g_seen += std::to_string(GetWindowLongPtrW(window, GWLP_ID)) + ":" + message + " ";
 }
@@ -25,32 +27,19 @@ LRESULT CALLBACK RecordLife(HWND window, UINT message, WPARAM wParam, LPARAM lPa
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-ATOM Register(const WCHAR* name) {
-    WNDCLASSEXW windowClass = {};
-    windowClass.cbSize = sizeof windowClass;
-    windowClass.lpfnWndProc = RecordLife;
-    windowClass.lpszClassName = name;
-    return RegisterClassExW(&windowClass);
-}
-
 class Windows : public testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_NE(Register(_T("Conformance")), 0);
-        g_seen.clear();
-    }
-    void TearDown() override { EXPECT_TRUE(UnregisterClassW(_T("Conformance"), nullptr)); }
-
     HWND Create(DWORD style = WS_POPUP, HWND parent = nullptr, INT_PTR id = 0) {
-        return CreateWindowExW(0, _T("conFORMance"), _T("caption"), style, 0, 0, 0, 0, parent,
-                               reinterpret_cast<HMENU>(id), nullptr, nullptr);
+        return m_class.Create(style, parent, id);
     }
+
+    const TestWindowClass m_class{_T("Conformance"), RecordLife};
 };
 
 TEST_F(Windows, GoWithTheirOwnerAndHoldTheirClass) {
     const HWND window = Create();
     const HWND owned = Create(WS_POPUP, window);
-    EXPECT_EQ(ErrorOf([] { return UnregisterClassW(_T("Conformance"), nullptr); }),
+    EXPECT_EQ(ErrorOf([] { return UnregisterClassW(_T("conFORMance"), nullptr); }),
               ERROR_CLASS_HAS_WINDOWS);
     EXPECT_TRUE(DestroyWindow(window));
     EXPECT_FALSE(IsWindow(owned));

@@ -4,6 +4,7 @@
 #include <quorvel/framework/wnd.h>
 
 #include "support/test.h"
+#include "support/window_class.h"
 
 using namespace quorvel::win32;
 
@@ -23,38 +24,22 @@ const Predicate kPredicates[] = {
     {_T("#32772"), AfxIsIconTitle, AfxIsIconTitle},
 };
 
-class ClassAndWindow {
-public:
-    explicit ClassAndWindow(const WCHAR* className) : m_className(className) {
-        WNDCLASSEXW windowClass = {};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = DefWindowProcW;
-        windowClass.lpszClassName = className;
-        RegisterClassExW(&windowClass);
-        m_window = CreateWindowExW(0, className, nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                                   nullptr, nullptr);
-    }
-    ClassAndWindow(const ClassAndWindow&) = delete;
-    ~ClassAndWindow() {
-        DestroyWindow(m_window);
-        UnregisterClassW(m_className, nullptr);
-    }
-    HWND Window() const { return m_window; }
-
-private:
-    const WCHAR* const m_className;
-    HWND m_window;
+struct ClassAndWindow {
+    explicit ClassAndWindow(const WCHAR* name) : windowClass(name), window(windowClass.Create()) {}
+    ~ClassAndWindow() { DestroyWindow(window); }
+    const TestWindowClass windowClass;
+    const HWND window;
 };
 
 TEST(WindowClass, EachPredicateKnowsItsClassAlone) {
     for (const Predicate& made : kPredicates) {
         const ClassAndWindow of(made.className);
-        ASSERT_NE(of.Window(), nullptr) << CString(made.className).GetLength();
-        CWnd* const wnd = CWnd::FromHandle(of.Window());
+        ASSERT_NE(of.window, nullptr) << CString(made.className).GetLength();
+        CWnd* const wnd = CWnd::FromHandle(of.window);
         for (const Predicate& asked : kPredicates) {
             const CString label = CString(made.className) + _T(" asked for ") + asked.className;
             SCOPED_TRACE(Printable(label.GetString(), label.GetLength()));
-            EXPECT_EQ(asked.ofWindow(of.Window()), &asked == &made);
+            EXPECT_EQ(asked.ofWindow(of.window), &asked == &made);
             EXPECT_EQ(asked.ofObject(wnd), &asked == &made);
         }
     }
@@ -66,11 +51,11 @@ TEST(WindowClass, NamesAreComparedIgnoringCaseAndAsFarAsTheyAreRead) {
     const ClassAndWindow longNamed(longName);
     const ClassAndWindow named(_T("Gr\u00F6\u00DFe"));
     const std::tuple<const char*, HWND, const WCHAR*, BOOL> rows[] = {
-        {"other case, beyond ASCII too", named.Window(), _T("gR\u00D6\u00DFE"), TRUE},
-        {"null", named.Window(), nullptr, FALSE},
+        {"other case, beyond ASCII too", named.window, _T("gR\u00D6\u00DFE"), TRUE},
+        {"null", named.window, nullptr, FALSE},
         {"no window", nullptr, _T("Button"), FALSE},
         {"unknown window", reinterpret_cast<HWND>(UINT_PTR{0x7ffe}), _T("Button"), FALSE},
-        {"99 characters of a longer name", longNamed.Window(), readOfIt, TRUE},
+        {"99 characters of a longer name", longNamed.window, readOfIt, TRUE},
     };
     for (const auto& [label, window, name, expected] : rows)
         EXPECT_EQ(AfxIsSystemClass(window, name), expected) << label;

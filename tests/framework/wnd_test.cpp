@@ -5,6 +5,7 @@
 #include <quorvel/framework/wnd.h>
 
 #include "support/test.h"
+#include "support/window_class.h"
 
 #include <thread>
 
@@ -108,22 +109,13 @@ END_MESSAGE_MAP()
 
 class Wnd : public testing::Test {
 protected:
-    void SetUp() override {
-        WNDCLASSEXW windowClass = {};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = OwnProcedure;
-        windowClass.lpszClassName = _T("WndTest");
-        ASSERT_NE(RegisterClassExW(&windowClass), 0);
-    }
-    void TearDown() override { EXPECT_TRUE(UnregisterClassW(_T("WndTest"), nullptr)); }
-
     static BOOL Create(CWnd& wnd, const WCHAR* className = _T("WndTest")) {
         return wnd.CreateEx(0, className, _T("caption"), WS_POPUP, 0, 0, 0, 0, nullptr, nullptr);
     }
-    static HWND CreateBare() {
-        return CreateWindowExW(0, _T("WndTest"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                               nullptr, nullptr);
-    }
+    HWND CreateBare() const { return m_class.Create(); }
+
+private:
+    const TestWindowClass m_class{_T("WndTest"), OwnProcedure};
 };
 
 TEST_F(Wnd, ItsObjectIsThereFromTheFirstMessageToTheLast) {

@@ -4,9 +4,9 @@
 #include "platform/linux/host_lookup.h"
 
 #include "support/test.h"
+#include "support/window_class.h"
 
 #include <atomic>
-#include <memory>
 #include <thread>
 
 namespace {
@@ -18,13 +18,7 @@ protected:
     void SetUp() override {
         WSADATA data;
         ASSERT_EQ(WSAStartup(MAKEWORD(2, 0), &data), 0);
-        WNDCLASSEXW windowClass = {};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = DefWindowProcW;
-        windowClass.lpszClassName = _T("LookupTest");
-        ASSERT_NE(RegisterClassExW(&windowClass), 0);
-        m_window = CreateWindowExW(0, _T("LookupTest"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
-                                   nullptr, nullptr, nullptr);
+        m_window = m_class.Create();
         // The thread of a cancelled look-up may outlive the test, so the state is its own too.
         quorvel::SetHostResolver(
             [state = m_state](const std::string&, std::vector<ULONG>& addresses) {
@@ -39,7 +33,6 @@ protected:
     void TearDown() override {
         quorvel::SetHostResolver({});
         DestroyWindow(m_window);
-        UnregisterClassW(_T("LookupTest"), nullptr);
         WSACleanup();
     }
     HANDLE Ask(const char* name, int length = MAXGETHOSTSTRUCT) {
@@ -53,6 +46,7 @@ protected:
         return WSAGETASYNCERROR(message.lParam);
     }
 
+    const TestWindowClass m_class{_T("LookupTest")};
     HWND m_window = nullptr;
     alignas(void*) char m_buffer[MAXGETHOSTSTRUCT] = {};
     struct State {

@@ -5,6 +5,7 @@
 #include <quorvel/platform/platform.h>
 
 #include <random>
+#include <string>
 
 class TestKey {
 public:
@@ -23,6 +24,14 @@ public:
     }
 
     HKEY Get() const { return m_key; }
+    // A value of any kind and bytes. Windows looks behind a text for a terminator that was not
+    // counted: there is none.
+    static LSTATUS Set(HKEY key, const WCHAR* name, DWORD kind, const std::string& bytes) {
+        const std::string followed = bytes + "????";
+        using namespace quorvel::win32;
+        return RegSetValueExW(key, name, 0, kind, reinterpret_cast<const BYTE*>(followed.data()),
+                              static_cast<DWORD>(bytes.size()));
+    }
     // Below HKEY_CURRENT_USER.
     const CString& Path() const { return m_path; }
 

@@ -12,12 +12,6 @@ namespace {
 
 constexpr ULONGLONG kLarge = 0x123456789abcdef0u;
 
-void SetRaw(HKEY key, const WCHAR* name, DWORD kind, const std::string& bytes) {
-    ASSERT_EQ(RegSetValueExW(key, name, 0, kind, reinterpret_cast<const BYTE*>(bytes.data()),
-                             static_cast<DWORD>(bytes.size())),
-              0);
-}
-
 std::string RawBytes(HKEY key, const WCHAR* name, DWORD& kind) {
     std::string bytes(64, '?');
     DWORD size = 64;
@@ -180,7 +174,7 @@ TEST(Profile, TextOfAnyLengthIsRead) {
         {"text to expand", REG_EXPAND_SZ, std::string("a\0\0\0", 4), _T("default")},
     };
     for (const auto& [label, kind, bytes, expected] : rows) {
-        SetRaw(test.Get(), _T("v"), kind, bytes);
+        ASSERT_EQ(TestKey::Set(test.Get(), _T("v"), kind, bytes), 0);
         EXPECT_EQ(AfxGetProfileString(test.Get(), _T("v"), _T("default")), expected) << label;
     }
     const CString large(_T('x'), 1 << 20);
@@ -192,7 +186,7 @@ TEST(Profile, NumbersOfAnotherKindOrSizeAreNotTaken) {
     const TestKey test;
     for (const DWORD kind : {REG_DWORD, REG_QWORD, REG_BINARY})
         for (const std::size_t size : {3, 4, 8, 9}) {
-            SetRaw(test.Get(), kName, kind, std::string(size, 'a'));
+            ASSERT_EQ(TestKey::Set(test.Get(), kName, kind, std::string(size, 'a')), 0);
             const bool isDWord = kind == REG_DWORD && size == 4;
             const bool isQWord = kind == REG_QWORD && size == 8;
             EXPECT_EQ(AfxGetProfileDWord(test.Get(), kName, 7), isDWord ? 0x61616161u : 7u);
@@ -216,13 +210,13 @@ TEST(Profile, StoredDatesOutOfRangeAreReadAsInvalid) {
         std::string bytes(12, 0);
         std::memcpy(bytes.data(), &days, 8);
         std::memcpy(bytes.data() + 8, &status, 4);
-        SetRaw(test.Get(), _T("v"), REG_BINARY, bytes);
+        ASSERT_EQ(TestKey::Set(test.Get(), _T("v"), REG_BINARY, bytes), 0);
         const COleDateTime date = AfxGetProfileOleDateTime(test.Get(), _T("v"), marker);
         EXPECT_EQ(date.GetStatus(), expected) << label;
         EXPECT_EQ(std::memcmp(&date.m_dt, &days, 8), 0) << label;
     }
     for (const std::size_t size : {8, 11, 13}) {
-        SetRaw(test.Get(), _T("v"), REG_BINARY, std::string(size, 0));
+        ASSERT_EQ(TestKey::Set(test.Get(), _T("v"), REG_BINARY, std::string(size, 0)), 0);
         EXPECT_EQ(AfxGetProfileOleDateTime(test.Get(), _T("v"), marker), marker) << size;
     }
 }
