@@ -83,8 +83,12 @@ void LoadInChild(benchmark::State& state, std::string_view option) {
     const XmlDocument& document = XmlDocumentOf(state);
     static const double s_empty = RunChild(option, XmlDocumentOf(XmlCorpus::Rss, 10)).peak;
     Child child;
-    for (auto _ : state)
+    for (auto _ : state) {
+        // The first takes memory back from the host of a virtual machine, which a process on a
+        // machine of its own need not.
+        RunChild(option, document);
         child = RunChild(option, document);
+    }
     if (child.milliseconds == 0)
         state.SkipWithError("not loaded");
     state.counters["milliseconds"] = child.milliseconds;
