@@ -19,11 +19,3 @@ TEST(LetterCase, TablesAreThePlatforms) {
     for (std::size_t unit = 0; unit < lower.size(); ++unit)
         ASSERT_EQ(quorvel::FoldCase(static_cast<WCHAR>(unit)), lower[unit]);
 }
-
-TEST(LetterCase, NarrowTextMapsAscii) {
-    std::string text = "aB[`{z9";
-    EXPECT_EQ(CharUpperBuffA(text.data(), 6), 6u);
-    EXPECT_EQ(text, "AB[`{Z9");
-    EXPECT_EQ(CharLowerBuffA(text.data(), 2), 2u);
-    EXPECT_EQ(text, "ab[`{Z9");
-}

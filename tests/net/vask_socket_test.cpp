@@ -30,6 +30,17 @@ protected:
         ASSERT_TRUE(socket.Create());
         ASSERT_TRUE(socket.Connect(kHost, peer.Port()));
     }
+    // The port at which the socket listens and reports to the window.
+    UINT Listen(ScriptedSocket& listener) {
+        listener.SetStatusCallbackWnd(m_window.Get());
+        EXPECT_TRUE(listener.Create(0, SOCK_STREAM, CVaskSocket::ALL_EVENTS, kHost));
+        EXPECT_TRUE(listener.Listen());
+        CString address;
+        UINT port = 0;
+        EXPECT_TRUE(listener.GetSockNameEx(address, port));
+        EXPECT_EQ(address, kHost);
+        return port;
+    }
     // Sends a byte to the socket that connects, and ends; as far as its worker goes along.
     void Converse(Peer& peer, ScriptedSocket& socket) {
         const auto await = [&](const char* status) {
@@ -153,13 +164,7 @@ TEST_F(VaskSocket, ListensAndAccepts) {
     server.SetStatusCallbackWnd(m_window.Get());
     listener.m_acts["accept"] = [&] { return listener.Accept(server); };
     EXPECT_EQ(ErrorOf([&] { return listener.Listen(); }), DWORD{WSAENOTSOCK});
-    ASSERT_TRUE(listener.Create(0, SOCK_STREAM, CVaskSocket::ALL_EVENTS, kHost));
-    ASSERT_TRUE(listener.Listen());
-    CString address;
-    UINT port = 0;
-    ASSERT_TRUE(listener.GetSockNameEx(address, port));
-    EXPECT_EQ(address, kHost);
-
+    const UINT port = Listen(listener);
     ScriptedSocket client;
     client.SetStatusCallbackWnd(m_window.Get());
     ASSERT_TRUE(client.Create());
@@ -220,16 +225,11 @@ TEST_F(VaskSocket, EndsWithinAnyHandler) {
 TEST_F(VaskSocket, MayStopListeningWithinAHandler) {
     ScriptedSocket listener;
     ScriptedSocket client;
-    listener.SetStatusCallbackWnd(m_window.Get());
     listener.m_acts["accept"] = [&] {
         listener.Close();
         return TRUE;
     };
-    ASSERT_TRUE(listener.Create(0, SOCK_STREAM, CVaskSocket::ALL_EVENTS, kHost));
-    ASSERT_TRUE(listener.Listen());
-    CString address;
-    UINT port = 0;
-    ASSERT_TRUE(listener.GetSockNameEx(address, port));
+    const UINT port = Listen(listener);
     ASSERT_TRUE(client.Create());
     ASSERT_TRUE(client.Connect(kHost, port));
     m_window.PumpUntil([&] { return !listener.IsThreadActive(); });

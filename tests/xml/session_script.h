@@ -6,6 +6,7 @@
 #include <quorvel/xml/edit_session.h>
 
 #include <cstdint>
+#include <functional>
 #include <iterator>
 #include <span>
 
@@ -88,31 +89,21 @@ private:
     static bool Step(Document& document, unsigned operation, unsigned choice) {
         const WCHAR* name = Pick(kNames, choice);
         const WCHAR* value = Pick(kValues, choice / std::size(kNames));
-        switch (operation) {
-        case 0:
-            return document.AddElem(name, value);
-        case 1:
-            return document.AddChildElem(name, value);
-        case 2:
-            return document.SetAttrib(name, value);
-        case 3:
-            return document.SetChildAttrib(name, value);
-        case 4:
-        case 5:
-            return document.FindElem(choice % 4 == 0 ? name : nullptr);
-        case 6:
-            return document.FindChildElem(choice % 4 == 0 ? name : nullptr);
-        case 7:
-            return document.IntoElem();
-        case 8:
-            return document.OutOfElem();
-        case 9:
-            document.ResetChildPos();
-            return true;
-        default:
-            choice % 4 == 0 ? document.ResetPos() : document.ResetMainPos();
-            return true;
-        }
+        const WCHAR* const sought = choice % 4 == 0 ? name : nullptr;
+        const std::function<bool()> steps[kOperations] = {
+            [&] { return document.AddElem(name, value); },
+            [&] { return document.AddChildElem(name, value); },
+            [&] { return document.SetAttrib(name, value); },
+            [&] { return document.SetChildAttrib(name, value); },
+            [&] { return document.FindElem(sought); },
+            [&] { return document.FindElem(sought); },
+            [&] { return document.FindChildElem(sought); },
+            [&] { return document.IntoElem(); },
+            [&] { return document.OutOfElem(); },
+            [&] { return document.ResetChildPos(), true; },
+            [&] { return choice % 4 == 0 ? document.ResetPos() : document.ResetMainPos(), true; },
+        };
+        return steps[operation]();
     }
 
     // Quotes in a name and ">" in an attribute cut the tag when the text is read again.
