@@ -346,6 +346,14 @@ TEST_F(VaskSocket, ManyWorkAtOnce) {
     server.join();
 }
 
+TEST(WinsockErrorText, IsUnknownWhereThereIsNoRow) {
+    ExpectCases<CString, const WCHAR*>({
+        CASE(AfxGetWinsockErrorText(10061), _T("Connection refused. ")),
+        CASE(AfxGetWinsockErrorText(10104), _T("Unknown error.")), // though the catalogue has one
+        CASE(AfxGetWinsockErrorText(10107), _T("System call failure.")),
+    });
+}
+
 // A copy ends at the first zero byte, so it has no addresses, and must not look for any.
 TEST(GetHostRequestData, LosesItsAddressWhenCopied) {
     CGetHostRequestData data;
