@@ -36,39 +36,30 @@ CString Time(const WCHAR* picture, const SYSTEMTIME& time = kMorning) {
     return Formatted(GetTimeFormatW, time, picture);
 }
 
-struct Row {
-    const WCHAR* picture;
-    const WCHAR* text;
-};
-
 } // namespace
 
 TEST(DateFormat, LettersOfAPictureAreParts) {
-    const Row rows[] = {
-        {_T("d dd ddd dddd ddddd"), _T("4 04 Sun Sunday Sunday")},
-        {_T("M MM MMM MMMM MMMMM"), _T("3 03 Mar March March")},
-        {_T("y yy yyyy yyyyyy"), _T("07 07 2007 2007")},
-        {_T("HH:mm d D Y"), _T("HH:mm 4 D Y")}, // no letters of dates
-        {_T("''d''"), _T("4")},
-        {_T("'''d'''"), _T("'d'")},
-        {_T("d 'open d"), _T("4 open d")},
-        {_T(""), _T("")},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(Date(row.picture), row.text) << testing::PrintToString(CString(row.picture));
+    ExpectCases<CString, const WCHAR*>({
+        CASE(Date(_T("d dd ddd dddd ddddd")), _T("4 04 Sun Sunday Sunday")),
+        CASE(Date(_T("M MM MMM MMMM MMMMM")), _T("3 03 Mar March March")),
+        CASE(Date(_T("y yy yyyy yyyyyy")), _T("07 07 2007 2007")),
+        CASE(Date(_T("HH:mm d D Y")), _T("HH:mm 4 D Y")), // no letters of dates
+        CASE(Date(_T("''d''")), _T("4")),
+        CASE(Date(_T("'''d'''")), _T("'d'")),
+        CASE(Date(_T("d 'open d")), _T("4 open d")),
+        CASE(Date(_T("")), _T("")),
+    });
 }
 
 TEST(DateFormat, LettersOfATimePictureAreParts) {
-    const Row rows[] = {
-        {_T("h hh hhh H HH m mm mmm s ss sss"), _T("5 05 05 5 05 6 06 06 7 07 07")},
-        {_T("t tt ttt"), _T("A AM AM")},
-        {_T("d M y f"), _T("d M y f")}, // no letters of times
-        {_T(""), _T("")},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(Time(row.picture), row.text) << testing::PrintToString(CString(row.picture));
-    EXPECT_EQ(Time(_T("h hh H HH t tt"), kMidnight), _T("12 12 0 00 A AM"));
-    EXPECT_EQ(Time(_T("h hh H HH t tt"), kNoon), _T("12 12 12 12 P PM"));
+    ExpectCases<CString, const WCHAR*>({
+        CASE(Time(_T("h hh hhh H HH m mm mmm s ss sss")), _T("5 05 05 5 05 6 06 06 7 07 07")),
+        CASE(Time(_T("t tt ttt")), _T("A AM AM")),
+        CASE(Time(_T("d M y f")), _T("d M y f")), // no letters of times
+        CASE(Time(_T("")), _T("")),
+        CASE(Time(_T("h hh H HH t tt"), kMidnight), _T("12 12 0 00 A AM")),
+        CASE(Time(_T("h hh H HH t tt"), kNoon), _T("12 12 12 12 P PM")),
+    });
 }
 
 TEST(DateFormat, NamesAreOfTheLanguage) {

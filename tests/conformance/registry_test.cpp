@@ -40,22 +40,20 @@ LSTATUS Query(HKEY key, const WCHAR* name) {
     return RegQueryValueExW(key, name, nullptr, nullptr, nullptr, nullptr);
 }
 
-LSTATUS EnumKey(HKEY key, DWORD index, Wide& name) {
+// The next name that the operation gives.
+LSTATUS Enumerate(auto operation, HKEY key, DWORD index, Wide& name) {
     name.resize(256);
     DWORD size = 256;
     const LSTATUS error =
-        RegEnumKeyExW(key, index, name.data(), &size, nullptr, nullptr, nullptr, nullptr);
+        operation(key, index, name.data(), &size, nullptr, nullptr, nullptr, nullptr);
     name.resize(error == 0 ? size : 0);
     return error;
 }
-
+LSTATUS EnumKey(HKEY key, DWORD index, Wide& name) {
+    return Enumerate(RegEnumKeyExW, key, index, name);
+}
 LSTATUS EnumValue(HKEY key, DWORD index, Wide& name) {
-    name.resize(256);
-    DWORD size = 256;
-    const LSTATUS error =
-        RegEnumValueW(key, index, name.data(), &size, nullptr, nullptr, nullptr, nullptr);
-    name.resize(error == 0 ? size : 0);
-    return error;
+    return Enumerate(RegEnumValueW, key, index, name);
 }
 
 template <class Next>
