@@ -110,24 +110,21 @@ TEST(String, FindsPlaces) {
 }
 
 TEST(String, TokensAreWhatLiesBetweenSeparators) {
-    // The tokens stand with a bar behind each.
-    const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
-        {_T("a,b;c"), _T(",;"), _T("a|b|c|")},
-        {_T(",,a,,b,,"), _T(","), _T("a|b|")},
-        {_T(""), _T(","), _T("")},
-        {_T("a,b"), _T(""), _T("a,b|")},
-    };
-    for (const auto& [whole, separators, expected] : rows) {
-        const CString text(whole);
-        CString tokens;
+    // With a bar behind each.
+    const auto tokens = [](const CString& text, const WCHAR* separators) {
+        CString found;
         int position = 0;
         for (CString token = text.Tokenize(separators, position); position != -1;
              token = text.Tokenize(separators, position))
-            tokens += token + _T("|");
-        EXPECT_EQ(tokens, expected);
+            found += token + _T("|");
         EXPECT_TRUE(text.Tokenize(separators, position).IsEmpty()); // and stays at its end
         EXPECT_EQ(position, -1);
-    }
+        return found;
+    };
+    ExpectCases<CString, const WCHAR*>({CASE(tokens(_T("a,b;c"), _T(",;")), _T("a|b|c|")),
+                                        CASE(tokens(_T(",,a,,b,,"), _T(",")), _T("a|b|")),
+                                        CASE(tokens(_T(""), _T(",")), _T("")),
+                                        CASE(tokens(_T("a,b"), _T("")), _T("a,b|"))});
 }
 
 TEST(String, ComparesByUnitAndWithoutCase) {

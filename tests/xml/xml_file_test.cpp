@@ -36,32 +36,29 @@ const CString kDefaultDeclaration(_T("<?xml version=\"1.0\" encoding=\"utf-8\"?>
 } // namespace
 
 TEST(XmlFile, RecognisesEncodingsByTheFirstBytes) {
-    // A character size of 0: refused.
-    const std::tuple<string, const WCHAR*, BOOL, int, int> rows[] = {
-        {"\xef\xbb\xbf"s, _T("utf-8"), FALSE, 1, 3},
-        {"\xff\xfe\0\0"s, _T("utf-32le"), FALSE, 4, 4},
-        {"\xff\xfe<\0"s, _T("utf-16le"), FALSE, 2, 2},
-        {"<\0\0\0"s, _T("utf-32le"), FALSE, 4, 0},
-        {"<\0?\0"s, _T("utf-16le"), FALSE, 2, 0},
-        {"\x4c\x6f\xa7\x94"s, _T("ebcdic"), FALSE, 1, 0},
-        {"\xfe\xff\0\0"s, _T(""), FALSE, 0, 0}, // not UTF-16
-        {"\xff\xfe<"s, _T(""), FALSE, 0, 0},    // three bytes: only UTF-8 is known by them
-        {"<rss"s, _T(""), FALSE, 0, 0},
+    // The encoding, whether it is big-endian, the sizes of a character (0: refused) and of the
+    // mark.
+    const std::tuple<string, const WCHAR*> rows[] = {
+        {"\xef\xbb\xbf"s, _T("utf-8 0 1 3")},
+        {"\xff\xfe\0\0"s, _T("utf-32le 0 4 4")},
+        {"\xff\xfe<\0"s, _T("utf-16le 0 2 2")},
+        {"<\0\0\0"s, _T("utf-32le 0 4 0")},
+        {"<\0?\0"s, _T("utf-16le 0 2 0")},
+        {"\x4c\x6f\xa7\x94"s, _T("ebcdic 0 1 0")},
+        {"\xfe\xff\0\0"s, _T(" 0 0 0")}, // not UTF-16
+        {"\xff\xfe<"s, _T(" 0 0 0")},    // three bytes: only UTF-8 is known by them
+        {"<rss"s, _T(" 0 0 0")},
     };
-    for (const auto& [bytes, expectedEncoding, expectedBigEndian, expectedCharSize,
-                      expectedBomLength] : rows) {
-        CString encoding(_T("unchanged"));
+    for (const auto& [bytes, expected] : rows) {
+        CString found(_T("unchanged"));
         BOOL bigEndian = 7;
         int charSize = 7, bomLength = 7;
         const int result = AfxDetermineXMLFileEncoding(reinterpret_cast<const BYTE*>(bytes.data()),
-                                                       static_cast<DWORD>(bytes.size()), encoding,
+                                                       static_cast<DWORD>(bytes.size()), found,
                                                        bigEndian, charSize, bomLength);
-        const string label = testing::PrintToString(bytes);
-        EXPECT_EQ(result != 0, expectedCharSize != 0) << label;
-        EXPECT_EQ(encoding, expectedEncoding) << label;
-        EXPECT_EQ(bigEndian, expectedBigEndian) << label;
-        EXPECT_EQ(charSize, expectedCharSize) << label;
-        EXPECT_EQ(bomLength, expectedBomLength) << label;
+        EXPECT_EQ(result != 0, charSize != 0) << testing::PrintToString(bytes);
+        found.AppendFormat(_T(" %d %d %d"), bigEndian, charSize, bomLength);
+        EXPECT_EQ(found, expected) << testing::PrintToString(bytes);
     }
 }
 
