@@ -1,0 +1,29 @@
+// Loads any bytes as an update listing, and checks what must hold of the entries and that a refused
+// file changes nothing.
+#include <quorvel/update/update_listing.h>
+
+#include "fuzz_input.h"
+#include "support/temporary_folder.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const TemporaryFolder s_folder;
+    if (size > 1 << 16)
+        return 0;
+    const COleDateTime marker(1234.5);
+    CUpdateListing listing;
+    listing.SetPublishedDate(marker);
+    s_folder.Write(_T("file.xml"), FuzzInput(data, size).Bytes());
+    CString errorText;
+    UINT icon = 0;
+    if (!listing.Load(s_folder.Path(_T("file.xml")), errorText, icon)) {
+        Require(listing.GetItems().empty() && listing.GetPublishedDate() == marker);
+        Require(!errorText.IsEmpty() && (icon == MB_ICONSTOP || icon == MB_ICONEXCLAMATION));
+        return 0;
+    }
+    for (const CUpdateListingItem& item : listing.GetItems()) {
+        Require(CUpdateListingItem::IsValidPriority(item.GetPriority()) && !item.IsNew());
+        Require(item.GetDescription().Trim() == item.GetDescription());
+        Require(item.GetDate().GetStatus() == COleDateTime::valid);
+    }
+    return 0;
+}
