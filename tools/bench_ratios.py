@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Prints how many times as fast as each peer the library is.
 
-    bench_ratios.py RESULTS
+    bench_ratios.py RESULTS...
 
-RESULTS is what the benchmarks write as JSON. The rows that are compared bear names like
+RESULTS are what the benchmarks write as JSON. The rows that are compared bear names like
 Family/Who/Case: the first Who of a family is the library. Medians of the repetitions, in processor
 time: on a busy machine the clock on the wall measures the neighbours. Where a benchmark has
 another process do the work, its counter `milliseconds` counts. Of several cases that begin alike
@@ -55,11 +55,13 @@ def print_ratios(family, who, own, theirs):
 
 
 def main():
-    with open(sys.argv[1], encoding="utf-8") as file:
-        results = json.load(file)
+    rows = []
+    for path in sys.argv[1:]:
+        with open(path, encoding="utf-8") as file:
+            rows.extend(read(json.load(file)))
     families = defaultdict(lambda: defaultdict(dict))
     peaks = []
-    for name, time, peak, allowed in read(results):
+    for name, time, peak, allowed in rows:
         family, who, *case = name.split("/") + [""]
         case = "/".join(case).rstrip("/")
         if who and not who.isdigit(): # otherwise an argument: nobody is compared
