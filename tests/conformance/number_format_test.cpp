@@ -6,7 +6,7 @@
 // As the byte sizes ask for them: whole numbers, grouped as the user's locale says.
 TEST(NumberFormat, GroupsDigits) {
     const std::tuple<UINT, const WCHAR*, const WCHAR*> rows[] = {
-        {3, _T("0"), _T("0")},
+        {3, _T("1024"), _T("1<>024")},
         {32, _T("12345678901"), _T("12<>34<>56<>78<>901")}, // three, then two
         {3, _T("18446744073709551616000"), _T("18<>446<>744<>073<>709<>551<>616<>000")},
     };

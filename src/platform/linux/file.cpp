@@ -39,13 +39,13 @@ int OpenRetrying(const std::string& path, int flags) {
     return descriptor;
 }
 
-DWORD AccessOf(DWORD rights, DWORD flags) {
+DWORD AccessOf(DWORD rights) {
     DWORD access = 0;
     if (rights & GENERIC_READ)
         access |= kReadAccess;
     if (rights & GENERIC_WRITE)
         access |= kWriteAccess;
-    if ((rights & DELETE) || (flags & FILE_FLAG_DELETE_ON_CLOSE))
+    if (rights & DELETE)
         access |= kDeleteAccess;
     return access;
 }
@@ -90,8 +90,8 @@ std::shared_ptr<OpenFile> FindFile(HANDLE handle, DWORD access) {
 }
 
 // The checks and changes that follow opening: kind, attributes, share mode and only then contents.
-HANDLE FinishOpening(Descriptor descriptor, const std::string& path, DWORD access, DWORD share,
-                     DWORD disposition, DWORD flags, bool existed) {
+HANDLE FinishOpening(Descriptor descriptor, DWORD access, DWORD share, DWORD disposition,
+                     bool existed) {
     struct stat status;
     if (fstat(descriptor.Get(), &status) != 0) {
         SetLastError(ErrorFromErrno(errno));
@@ -114,8 +114,6 @@ HANDLE FinishOpening(Descriptor descriptor, const std::string& path, DWORD acces
         SetLastError(ErrorFromErrno(errno));
         return INVALID_HANDLE_VALUE;
     }
-    if (flags & FILE_FLAG_DELETE_ON_CLOSE)
-        file->DeleteOnClose(CanonicalPath(path));
     const HANDLE handle = NewHandle(std::move(file));
     return handle != nullptr ? handle : INVALID_HANDLE_VALUE;
 }
@@ -123,7 +121,7 @@ HANDLE FinishOpening(Descriptor descriptor, const std::string& path, DWORD acces
 } // namespace
 
 HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES* security,
-                   DWORD disposition, DWORD flags, HANDLE templateFile) {
+                   DWORD disposition, DWORD, HANDLE templateFile) { // the flags are hints
     std::string path;
     if (!ToSystemPath(name, path))
         return INVALID_HANDLE_VALUE;
@@ -133,7 +131,7 @@ HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES*
         SetLastError(ERROR_INVALID_PARAMETER);
         return INVALID_HANDLE_VALUE;
     }
-    const DWORD access = AccessOf(rights, flags);
+    const DWORD access = AccessOf(rights);
     bool existed = false;
     // CREATE_ALWAYS cuts the file even for a handle that may not write.
     const DWORD needed = access | (disposition == CREATE_ALWAYS ? DWORD{kWriteAccess} : 0u);
@@ -144,7 +142,7 @@ HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES*
     }
     try {
         const HANDLE file =
-            FinishOpening(std::move(descriptor), path, access, share, disposition, flags, existed);
+            FinishOpening(std::move(descriptor), access, share, disposition, existed);
         if (file != INVALID_HANDLE_VALUE)
             SetLastError(existed && disposition != OPEN_EXISTING && disposition != TRUNCATE_EXISTING
                              ? ERROR_ALREADY_EXISTS

@@ -29,7 +29,5 @@ BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags);
 BOOL MoveFileW(LPCWSTR from, LPCWSTR to);
 
 BOOL CreateDirectoryW(LPCWSTR name, SECURITY_ATTRIBUTES* security);
-// An empty folder only: ERROR_DIR_NOT_EMPTY, and ERROR_DIRECTORY for a file.
-BOOL RemoveDirectoryW(LPCWSTR name);
 
 } // namespace quorvel::win32

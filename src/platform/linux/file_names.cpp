@@ -142,16 +142,4 @@ BOOL CreateDirectoryW(LPCWSTR name, SECURITY_ATTRIBUTES* security) {
     return FailWith(errno == ENOENT ? ERROR_PATH_NOT_FOUND : ErrorFromErrno(errno));
 }
 
-BOOL RemoveDirectoryW(LPCWSTR name) {
-    std::string path;
-    if (!ToSystemPath(name, path))
-        return FALSE;
-    if (rmdir(path.c_str()) == 0)
-        return TRUE;
-    struct stat status;
-    if (errno == ENOTDIR && lstat(path.c_str(), &status) == 0)
-        return FailWith(ERROR_DIRECTORY);
-    return FailWith(PathErrorFromErrno(errno, path));
-}
-
 } // namespace quorvel::win32

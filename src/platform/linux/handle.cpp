@@ -130,8 +130,6 @@ BOOL DuplicateHandle(HANDLE sourceProcess, HANDLE source, HANDLE targetProcess, 
     const HANDLE duplicate = NewHandle(std::move(object));
     if (duplicate == nullptr)
         return FALSE;
-    if (options & DUPLICATE_CLOSE_SOURCE)
-        CloseHandle(source);
     *target = duplicate;
     return TRUE;
 }

@@ -25,9 +25,8 @@ BOOL IsValidLocale(LCID locale, DWORD flags);
 // buffer, 1004 for another item, 122 for a buffer too small, which is then unchanged.
 int GetLocaleInfoW(LCID locale, LCTYPE item, LPWSTR text, int length);
 
-// Writes a number, given as "-1234.5", the way of a locale or of `format`, rounded half away from
-// zero. Returns as above; 87 also for a value that is no such number and for an incomplete format,
-// 1004 for flags beside a format.
+// Groups a whole number, given as its digits without leading zeros, the way of `format`. Returns as
+// above; 87 also for any other value, a format with decimals or none, and flags.
 int GetNumberFormatW(LCID locale, DWORD flags, LPCWSTR value, const NUMBERFMTW* format, LPWSTR text,
                      int length);
 

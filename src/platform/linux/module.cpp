@@ -357,29 +357,23 @@ DWORD GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size) {
     return result;
 }
 
-HRSRC FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD language) {
+HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type) {
     ResourceName typeName;
     ResourceName resourceName;
     if (!ParseResourceName(type, typeName) || !ParseResourceName(name, resourceName)) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    const WORD languages[] = {language, PRIMARYLANGID(language), LANG_NEUTRAL};
-    const bool isDefault = PRIMARYLANGID(language) == LANG_NEUTRAL;
-    const LanguageChoice choice = isDefault ? DefaultLanguages() : LanguageChoice{languages, false};
     HRSRC result = nullptr;
     DWORD error = ERROR_RESOURCE_DATA_NOT_FOUND;
     Modules().Use(module, [&](const Module& found) {
-        if (const auto entry = found.Resources().Find(typeName, resourceName, choice, error))
+        if (const auto entry =
+                found.Resources().Find(typeName, resourceName, DefaultLanguages(), error))
             result = reinterpret_cast<HRSRC>(const_cast<BYTE*>(found.Resources().Address(*entry)));
     });
     if (result == nullptr)
         SetLastError(error);
     return result;
-}
-
-HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type) {
-    return FindResourceExW(module, type, name, LANG_NEUTRAL);
 }
 
 namespace {

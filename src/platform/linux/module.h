@@ -24,10 +24,8 @@ namespace quorvel::win32 {
 
 // A resource's place in the module; null with the last error 1812 to 1815 for a module without
 // resources, an unknown type, name or language. Types and names are MAKEINTRESOURCEW numbers,
-// "#number" or text in any letter case. The language is the given one, then its neutral form, then
-// neutral. FindResourceW, and LANG_NEUTRAL, take neutral, then the user's, then English (United
-// States), then the first there is.
-HRSRC FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD language);
+// "#number" or text in any letter case. The language is neutral, then the user's, then English
+// (United States), then the first there is.
 HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type);
 // The bytes of a resource: valid, and not to be freed, as long as the module is loaded.
 HGLOBAL LoadResource(HMODULE module, HRSRC resource);

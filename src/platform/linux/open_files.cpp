@@ -28,10 +28,6 @@ OpenFile::OpenFile(int descriptor, const struct stat& status, DWORD access, DWOR
       m_mode(status.st_mode), m_access(access), m_share(share) {}
 
 OpenFile::~OpenFile() {
-    struct stat status;
-    if (!m_pathToDelete.empty() && stat(m_pathToDelete.c_str(), &status) == 0 &&
-        status.st_dev == m_device && status.st_ino == m_inode)
-        unlink(m_pathToDelete.c_str());
     if (m_registered) {
         const std::lock_guard lock(OpenFiles().mutex);
         std::erase(OpenFiles().files, this);

@@ -24,8 +24,6 @@ public:
     bool Allows(DWORD access) const { return (m_access & access) == access; }
     bool IsOnDisk() const { return S_ISREG(m_mode); }
     mode_t Mode() const { return m_mode; }
-    // The path is deleted with the object, if it still names this file.
-    void DeleteOnClose(std::string path) { m_pathToDelete = std::move(path); }
 
     // Enters the file in the list of open files, where its destructor strikes it off; false when
     // its access or share mode conflicts with one that is open.
@@ -43,7 +41,6 @@ private:
     const DWORD m_access;
     const DWORD m_share;
     bool m_registered = false;
-    std::string m_pathToDelete;
 };
 
 // What the read-only attribute is here: a file that nobody has permission to write.

@@ -137,13 +137,6 @@ void AppendParts(std::u16string& path, std::u16string_view name) {
 
 } // namespace
 
-DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer) try {
-    std::u16string folder;
-    return CurrentFolder(folder) ? CopyTextResult(folder, size, buffer) : 0;
-} catch (const std::bad_alloc&) {
-    return OutOfMemory();
-}
-
 DWORD GetFullPathNameW(LPCWSTR name, DWORD size, LPWSTR buffer, LPWSTR* filePart) try {
     const std::u16string_view text(name != nullptr ? name : u"");
     if (text.empty()) {

@@ -35,11 +35,10 @@ DWORD CopyTextResult(std::u16string_view text, DWORD size, LPWSTR buffer);
 
 namespace quorvel::win32 {
 
-// 0 with the last error set on failure, otherwise as CopyTextResult.
-DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer);
-// The absolute form of a name, without "." and ".." and repeated separators. Text only: the file
-// need not exist and links are not followed. `filePart`, which may be null, receives the place
-// behind the last separator in the buffer, or null when nothing is there.
+// 0 with the last error set on failure, otherwise as CopyTextResult. The absolute form of a name,
+// without "." and ".." and repeated separators. Text only: the file need not exist and links are
+// not followed. `filePart`, which may be null, receives the place behind the last separator in the
+// buffer, or null when nothing is there.
 DWORD GetFullPathNameW(LPCWSTR name, DWORD size, LPWSTR buffer, LPWSTR* filePart);
 // The folder for temporary files with a separator at its end: TMPDIR, else /tmp.
 DWORD GetTempPathW(DWORD size, LPWSTR buffer);
