@@ -1,7 +1,7 @@
 // The readers of PE files, resource sections and version blocks: whatever they hand out of hostile
 // bytes must lie in them.
-#include "platform/pe_image.h"
-#include "platform/version_block.h"
+#include "platform/linux/resources/pe_image.h"
+#include "platform/linux/resources/version_block.h"
 
 #include "fuzz_input.h"
 

@@ -1,6 +1,6 @@
 // A registry file of any bytes: every call ends, a damaged file ends up aside, and after that a new
 // one serves.
-#include "platform/linux/registry_store.h"
+#include "platform/linux/registry/registry_store.h"
 
 #include "fuzz_input.h"
 #include "support/temporary_folder.h"

@@ -7,5 +7,5 @@
 #if defined(_WIN32)
 #include <shlobj.h>
 #else
-#include "platform/linux/shell_folders.h"
+#include "platform/linux/files/shell_folders.h"
 #endif

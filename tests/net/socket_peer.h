@@ -7,7 +7,7 @@
 #include "platform/win32.h"
 
 #if !defined(_WIN32)
-#include "platform/linux/host_lookup.h"
+#include "platform/linux/net/host_lookup.h"
 
 #include <malloc.h>
 #endif

@@ -1,7 +1,7 @@
 // Look-ups of host names that take their time, fail and are cancelled.
 #include "platform/win32.h"
 
-#include "platform/linux/host_lookup.h"
+#include "platform/linux/net/host_lookup.h"
 
 #include "support/test.h"
 #include "support/window_class.h"

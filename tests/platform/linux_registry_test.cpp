@@ -1,6 +1,6 @@
 // The registry's file: what happens to it, and who may use it at once.
-#include "platform/linux/registry_place.h"
-#include "platform/linux/registry_store.h"
+#include "platform/linux/registry/registry_place.h"
+#include "platform/linux/registry/registry_store.h"
 
 #include "support/environment.h"
 #include "support/temporary_folder.h"

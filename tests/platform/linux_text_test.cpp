@@ -1,6 +1,6 @@
 // Code pages and locales where the Linux platform has more than Wine, or keeps to what Windows
 // documents and Wine does not.
-#include "platform/linux/locale.h"
+#include "platform/linux/locale/locale.h"
 #include "platform/win32.h"
 
 #include "support/test.h"

@@ -1,5 +1,5 @@
 // The record of a socket's network events, driven by scripts: no socket is needed.
-#include "platform/linux/network_events.h"
+#include "platform/linux/net/network_events.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The reader of PE resources on files that are cut or corrupted. Whole files: tests/conformance.
-#include "platform/linux/pe_file.h"
+#include "platform/linux/resources/pe_file.h"
 #include "platform/win32.h"
 
 #include "support/temporary_folder.h"

@@ -3,7 +3,7 @@
 #include <quorvel/net/vask_socket.h>
 
 #include "net/socket_peer.h"
-#include "platform/linux/host_lookup.h"
+#include "platform/linux/net/host_lookup.h"
 
 #include <gtest/gtest.h>
 

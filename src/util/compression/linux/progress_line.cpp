@@ -1,6 +1,6 @@
 #include "util/compression/linux/progress_line.h"
 
-#include "platform/linux/terminal.h"
+#include "platform/linux/windows/terminal.h"
 
 #include <algorithm>
 

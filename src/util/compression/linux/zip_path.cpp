@@ -1,6 +1,6 @@
 #include "util/compression/zip_path.h"
 
-#include "platform/linux/path.h"
+#include "platform/linux/files/path.h"
 
 namespace quorvel {
 

@@ -1,0 +1,185 @@
+// A picture is a text in which runs of letters stand for parts of a date or of a time, quoted text
+// for itself (with '' for a quote), and everything else for itself, too.
+#include "platform/linux/locale/date_names.h"
+#include "platform/linux/locale/date_time.h"
+#include "platform/linux/locale/locale.h"
+#include "platform/linux/system/system_error.h"
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <string_view>
+
+namespace chrono = std::chrono;
+
+namespace quorvel {
+namespace {
+
+struct Moment {
+    const DateNames& names;
+    const SYSTEMTIME& time;
+    unsigned dayOfWeek; // 0 is Sunday; the caller's may be wrong
+    bool hasDay;        // in the picture
+};
+
+std::u16string Number(unsigned value, std::size_t digits) {
+    std::u16string text;
+    for (; value > 0 || text.size() < digits; value /= 10)
+        text.insert(text.begin(), static_cast<char16_t>('0' + value % 10));
+    return text;
+}
+// One letter is the number as it is, more of them two digits.
+std::u16string ShortNumber(unsigned value, std::size_t count) {
+    return Number(value, std::min<std::size_t>(count, 2));
+}
+
+// Empty for names that ICU does not have.
+std::u16string At(const std::vector<std::u16string>& names, std::size_t index) {
+    return index < names.size() ? names[index] : std::u16string();
+}
+
+std::u16string Day(const Moment& moment, std::size_t count) {
+    if (count <= 2)
+        return ShortNumber(moment.time.wDay, count);
+    return At(count == 3 ? moment.names.shortDays : moment.names.days, moment.dayOfWeek);
+}
+
+std::u16string Month(const Moment& moment, std::size_t count) {
+    const DateNames& names = moment.names;
+    if (count <= 2)
+        return ShortNumber(moment.time.wMonth, count);
+    if (count == 3)
+        return At(moment.hasDay ? names.shortMonthsWithDay : names.shortMonths,
+                  moment.time.wMonth - 1u);
+    return At(moment.hasDay ? names.monthsWithDay : names.months, moment.time.wMonth - 1u);
+}
+
+std::u16string Year(const Moment& moment, std::size_t count) {
+    return count <= 2 ? Number(moment.time.wYear % 100, 2) : Number(moment.time.wYear, 4);
+}
+
+std::u16string Era(const Moment& moment, std::size_t) {
+    return At(moment.names.eras, 1);
+}
+
+std::u16string HalfDayHour(const Moment& moment, std::size_t count) {
+    return ShortNumber((moment.time.wHour + 11u) % 12 + 1, count);
+}
+std::u16string Hour(const Moment& moment, std::size_t count) {
+    return ShortNumber(moment.time.wHour, count);
+}
+std::u16string Minute(const Moment& moment, std::size_t count) {
+    return ShortNumber(moment.time.wMinute, count);
+}
+std::u16string Second(const Moment& moment, std::size_t count) {
+    return ShortNumber(moment.time.wSecond, count);
+}
+std::u16string HalfDay(const Moment& moment, std::size_t count) {
+    const std::u16string name = At(moment.names.halfDays, moment.time.wHour / 12u);
+    return count == 1 ? name.substr(0, 1) : name;
+}
+
+struct Part {
+    char16_t letter;
+    std::u16string (*text)(const Moment& moment, std::size_t count);
+};
+constexpr Part kDateParts[] = {{'d', Day}, {'M', Month}, {'y', Year}, {'g', Era}};
+constexpr Part kTimeParts[] = {
+    {'h', HalfDayHour}, {'H', Hour}, {'m', Minute}, {'s', Second}, {'t', HalfDay}};
+
+// Calls part(letter, count) for runs of the same character and quoted(text) for quoted text.
+template <class OnRun, class OnQuoted>
+void WalkPicture(std::u16string_view picture, OnRun onRun, OnQuoted onQuoted) {
+    bool isQuoted = false;
+    while (!picture.empty()) {
+        const char16_t first = picture[0];
+        std::size_t count = 1;
+        if (first == '\'') {
+            if (isQuoted && picture.substr(0, 2) == u"''")
+                onQuoted(picture[count++]);
+            else
+                isQuoted = !isQuoted;
+        } else if (isQuoted) {
+            onQuoted(first);
+        } else {
+            count = std::min(picture.find_first_not_of(first), picture.size());
+            onRun(first, count);
+        }
+        picture.remove_prefix(count);
+    }
+}
+
+bool HasDay(std::u16string_view picture) {
+    bool hasDay = false;
+    WalkPicture(
+        picture, [&](char16_t letter, std::size_t count) { hasDay |= letter == 'd' && count <= 2; },
+        [](char16_t) {});
+    return hasDay;
+}
+
+template <std::size_t size>
+std::u16string Format(const Part (&parts)[size], const Moment& moment,
+                      std::u16string_view picture) {
+    std::u16string text;
+    const auto append = [&](char16_t letter, std::size_t count) {
+        const Part* part = std::find_if(std::begin(parts), std::end(parts),
+                                        [&](const Part& row) { return row.letter == letter; });
+        if (part == std::end(parts))
+            text.append(count, letter);
+        else
+            text += part->text(moment, count);
+    };
+    WalkPicture(picture, append, [&](char16_t character) { text += character; });
+    return text;
+}
+
+bool ToDate(const SYSTEMTIME& time, chrono::year_month_day& date) {
+    date = {chrono::year(time.wYear), chrono::month(time.wMonth), chrono::day(time.wDay)};
+    return date.ok() && time.wYear >= 1601 && time.wYear <= 30827;
+}
+
+bool IsTime(const SYSTEMTIME& time) {
+    return time.wHour < 24 && time.wMinute < 60 && time.wSecond < 60;
+}
+
+int Refuse(DWORD error) {
+    return FailWith(error);
+}
+
+} // namespace
+
+namespace win32 {
+
+int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR picture, LPWSTR text,
+                   int length) {
+    const char* localeName = IcuLocaleName(locale);
+    chrono::year_month_day date;
+    if (localeName == nullptr || length < 0 || (text == nullptr && length > 0) ||
+        !ToDate(*time, date))
+        return Refuse(ERROR_INVALID_PARAMETER);
+    if (picture != nullptr ? flags != 0 : (flags & ~LOCALE_NOUSEROVERRIDE) > DATE_LONGDATE)
+        return Refuse(ERROR_INVALID_FLAGS);
+    const DateNames& names = DateNamesOf(localeName);
+    const std::u16string& ownForm = (flags & DATE_LONGDATE) != 0 ? names.longDate : names.shortDate;
+    const std::u16string_view form(picture != nullptr ? picture : ownForm.c_str());
+    const unsigned dayOfWeek = chrono::weekday(chrono::sys_days(date)).c_encoding();
+    return ReturnText(Format(kDateParts, {names, *time, dayOfWeek, HasDay(form)}, form), text,
+                      length);
+}
+
+int GetTimeFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR picture, LPWSTR text,
+                   int length) {
+    const char* localeName = IcuLocaleName(locale);
+    if (localeName == nullptr || length < 0 || (text == nullptr && length > 0) || !IsTime(*time))
+        return Refuse(ERROR_INVALID_PARAMETER);
+    if (picture != nullptr ? flags != 0 : (flags & ~(LOCALE_NOUSEROVERRIDE | TIME_NOSECONDS)) != 0)
+        return Refuse(ERROR_INVALID_FLAGS);
+    const DateNames& names = DateNamesOf(localeName);
+    const std::u16string& ownForm =
+        (flags & TIME_NOSECONDS) != 0 ? names.timeWithoutSeconds : names.time;
+    const std::u16string_view form(picture != nullptr ? picture : ownForm.c_str());
+    return ReturnText(Format(kTimeParts, {names, *time, 0, false}, form), text, length);
+}
+
+} // namespace win32
+} // namespace quorvel

@@ -1,0 +1,140 @@
+#include "platform/linux/net/network_events.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace quorvel {
+
+namespace {
+
+constexpr long kBits[] = {FD_READ, FD_WRITE, FD_OOB, FD_ACCEPT, FD_CONNECT, FD_CLOSE};
+
+} // namespace
+
+void NetworkEvents::Record(long event, int error) {
+    if ((m_recorded | m_reported) & event)
+        return;
+    m_recorded |= event;
+    m_errors[std::ranges::find(kBits, event) - std::begin(kBits)] = error;
+}
+
+void NetworkEvents::Arm(long event) {
+    m_recorded &= ~event;
+    m_reported &= ~event;
+    if (event == FD_READ)
+        m_endWaits = false;
+}
+
+void NetworkEvents::Connect() {
+    m_kind = Kind::kConnecting;
+    Arm(FD_CONNECT);
+}
+
+void NetworkEvents::Connected() {
+    m_kind = Kind::kConnected;
+    Record(FD_CONNECT);
+    Record(FD_WRITE);
+}
+
+// A condition that stays is not looked for once it is known: the look would return at once, over
+// and over.
+unsigned NetworkEvents::Interest() const {
+    unsigned look = 0;
+    switch (m_kind) {
+    case Kind::kIdle:
+        return 0;
+    case Kind::kConnecting:
+        return kRoom | kHangUp;
+    case Kind::kListening:
+        return Wants(FD_ACCEPT) ? kData | kHangUp : 0;
+    case Kind::kConnected:
+    case Kind::kDatagram:
+        if (m_over)
+            return 0;
+        if (Wants(FD_READ) && !m_ended)
+            look |= kData | kEnd;
+        if (Wants(FD_CLOSE) && !m_endWaits && !m_ended)
+            look |= kEnd;
+        if (Wants(FD_WRITE) && !m_hungUp)
+            look |= kRoom;
+        if (Wants(FD_OOB) && !m_ended && !m_hungUp)
+            look |= kUrgent;
+        if (look != 0 || ((m_mask & FD_CLOSE) != 0 && !m_hungUp))
+            look |= kHangUp;
+        return look;
+    }
+    return 0;
+}
+
+bool NetworkEvents::Observe(const Conditions& conditions) {
+    const long before = m_recorded;
+    switch (m_kind) {
+    case Kind::kIdle:
+        break;
+    case Kind::kConnecting:
+        ObserveConnecting(conditions);
+        break;
+    case Kind::kListening:
+        if (conditions.data)
+            Record(FD_ACCEPT);
+        break;
+    case Kind::kConnected:
+        ObserveConnected(conditions);
+        break;
+    case Kind::kDatagram:
+        if (conditions.data)
+            Record(FD_READ);
+        if (conditions.room)
+            Record(FD_WRITE);
+        break;
+    }
+    return (m_recorded & ~before & m_mask) != 0;
+}
+
+void NetworkEvents::ObserveConnecting(const Conditions& conditions) {
+    if (conditions.error == WSAECONNRESET) { // a reset of what was connected; refusing is another
+        Connected();
+        ObserveConnected(conditions);
+    } else if (conditions.error != 0) {
+        m_kind = Kind::kIdle;
+        Record(FD_CONNECT, conditions.error);
+    } else if (conditions.room) {
+        Connected();
+    }
+}
+
+void NetworkEvents::ObserveConnected(const Conditions& conditions) {
+    if (conditions.data) {
+        Record(FD_READ);
+        m_endWaits = m_endWaits || conditions.end;
+    } else if (conditions.end && !m_ended) {
+        m_ended = true;
+        if (conditions.error == 0)
+            Record(FD_CLOSE);
+    }
+    if (conditions.urgent)
+        Record(FD_OOB);
+    if (conditions.hangUp) {
+        if (conditions.error != 0 && !m_reset) {
+            m_reset = true;
+            m_reported &= ~FD_CLOSE;
+            Record(FD_CLOSE, conditions.error);
+        }
+        m_hungUp = true;
+        m_over = !conditions.data;
+    } else if (conditions.room) {
+        Record(FD_WRITE);
+    }
+}
+
+NetworkEvents::Report NetworkEvents::Enumerate() {
+    Report report = {m_recorded & m_mask, {}};
+    for (std::size_t i = 0; i < std::size(kBits); ++i)
+        if (report.events & kBits[i])
+            report.errors[i] = m_errors[i];
+    m_reported |= report.events;
+    m_recorded &= ~report.events;
+    return report;
+}
+
+} // namespace quorvel

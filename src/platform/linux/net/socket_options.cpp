@@ -1,0 +1,139 @@
+#include "platform/linux/net/posix_sockets.h"
+
+#include "platform/win32.h"
+
+#include "platform/linux/net/socket_calls.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace quorvel {
+
+namespace {
+
+struct Option {
+    int level;
+    int option;
+    int nativeLevel;
+    int nativeOption;
+};
+constexpr Option kOptions[] = {
+    {SOL_SOCKET, SO_REUSEADDR, posix::kSocketLevel, posix::kReuseAddress},
+    {SOL_SOCKET, SO_KEEPALIVE, posix::kSocketLevel, posix::kKeepAlive},
+    {SOL_SOCKET, SO_BROADCAST, posix::kSocketLevel, posix::kBroadcast},
+    {SOL_SOCKET, SO_SNDBUF, posix::kSocketLevel, posix::kSendBuffer},
+    {SOL_SOCKET, SO_RCVBUF, posix::kSocketLevel, posix::kReceiveBuffer},
+    {SOL_SOCKET, SO_TYPE, posix::kSocketLevel, posix::kType},
+    {IPPROTO_TCP, TCP_NODELAY, IPPROTO_TCP, TCP_NODELAY},
+};
+
+const Option* FindOption(int level, int option) {
+    const auto found = std::ranges::find_if(kOptions, [level, option](const Option& each) {
+        return each.level == level && each.option == option;
+    });
+    return found != std::end(kOptions) ? found : nullptr;
+}
+
+bool IsBufferSize(const Option& option) {
+    return option.level == SOL_SOCKET && (option.option == SO_SNDBUF || option.option == SO_RCVBUF);
+}
+
+int GetLinger(Socket& socket, char* value, int* length) {
+    if (*length < static_cast<int>(sizeof(win32::linger)))
+        return FailCall(WSAEFAULT);
+    ::linger native = {};
+    socklen_t size = sizeof native;
+    ::getsockopt(socket.Descriptor(), posix::kSocketLevel, posix::kLinger, &native, &size);
+    const win32::linger result = {static_cast<USHORT>(native.l_onoff),
+                                  static_cast<USHORT>(native.l_linger)};
+    std::memcpy(value, &result, sizeof result);
+    *length = sizeof result;
+    return 0;
+}
+
+int SetLinger(Socket& socket, const char* value, int length) {
+    win32::linger asked;
+    if (length < static_cast<int>(sizeof asked))
+        return FailCall(WSAEFAULT);
+    std::memcpy(&asked, value, sizeof asked);
+    const ::linger native = {asked.l_onoff, asked.l_linger};
+    return ::setsockopt(socket.Descriptor(), posix::kSocketLevel, posix::kLinger, &native,
+                        sizeof native) == 0
+               ? 0
+               : FailCall(SocketError(errno));
+}
+
+} // namespace
+
+} // namespace quorvel
+
+namespace quorvel::win32 {
+
+int ioctlsocket(SOCKET handle, LONG command, ULONG* argument) {
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (argument == nullptr)
+        return FailCall(WSAEFAULT);
+    if (command == FIONBIO)
+        return socket->SetNonBlocking(*argument != 0) ? 0 : FailCall(WSAEINVAL);
+    if (command != FIONREAD)
+        return FailCall(WSAEOPNOTSUPP);
+    int bytes = 0;
+    if (::ioctl(socket->Descriptor(), posix::kBytesToRead, &bytes) != 0)
+        return FailCall(SocketError(errno));
+    *argument = static_cast<ULONG>(bytes);
+    return 0;
+}
+
+int getsockopt(SOCKET handle, int level, int option, char* value, int* length) {
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (value == nullptr || length == nullptr)
+        return FailCall(WSAEFAULT);
+    if (level == SOL_SOCKET && option == SO_LINGER)
+        return GetLinger(*socket, value, length);
+    int number = 0;
+    const Option* const known = FindOption(level, option);
+    if (level == SOL_SOCKET && option == SO_ERROR) {
+        number = socket->TakeError();
+    } else if (known == nullptr) {
+        return FailCall(WSAENOPROTOOPT);
+    } else {
+        socklen_t size = sizeof number;
+        if (::getsockopt(socket->Descriptor(), known->nativeLevel, known->nativeOption, &number,
+                         &size) != 0)
+            return FailCall(SocketError(errno));
+        if (IsBufferSize(*known))
+            number /= 2; // the system doubles what it is told
+    }
+    if (*length < static_cast<int>(sizeof number))
+        return FailCall(WSAEFAULT);
+    std::memcpy(value, &number, sizeof number);
+    *length = sizeof number;
+    return 0;
+}
+
+int setsockopt(SOCKET handle, int level, int option, const char* value, int length) {
+    const std::shared_ptr<Socket> socket = FindSocket(handle);
+    if (socket == nullptr)
+        return SOCKET_ERROR;
+    if (value == nullptr)
+        return FailCall(WSAEFAULT);
+    if (level == SOL_SOCKET && option == SO_LINGER)
+        return SetLinger(*socket, value, length);
+    const Option* const known = FindOption(level, option);
+    if (known == nullptr)
+        return FailCall(WSAENOPROTOOPT);
+    int number = 0;
+    if (length < static_cast<int>(sizeof number))
+        return FailCall(WSAEFAULT);
+    std::memcpy(&number, value, sizeof number);
+    return ::setsockopt(socket->Descriptor(), known->nativeLevel, known->nativeOption, &number,
+                        sizeof number) == 0
+               ? 0
+               : FailCall(SocketError(errno));
+}
+
+} // namespace quorvel::win32

@@ -1,0 +1,492 @@
+// Every function takes the table's lock for as long as it looks at a window and never while it
+// calls a procedure: a procedure may create, destroy and send as it likes, and a window may be gone
+// when it returns. A handle bears its slot's generation, so one of a destroyed window stays invalid
+// when the slot is used again.
+#include "platform/win32.h"
+
+#include "platform/case_fold.h"
+#include "platform/linux/system/system_error.h"
+#include "platform/linux/windows/message_queue.h"
+
+#include <algorithm>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quorvel::win32 {
+
+namespace {
+
+constexpr std::size_t kMaxWindows = 10000; // as a Windows process has by default
+constexpr ATOM kFirstAtom = 0xc000;
+
+struct WindowClass {
+    std::u16string name;
+    HINSTANCE instance;
+    WNDPROC procedure;
+    ATOM atom;
+    int windows = 0;
+};
+
+struct Window {
+    std::shared_ptr<WindowClass> windowClass;
+    WNDPROC procedure;
+    HINSTANCE instance;
+    HWND parentOrOwner;
+    DWORD thread;                        // whose code alone runs the procedure
+    std::shared_ptr<MessageQueue> queue; // that thread's
+    DWORD style;
+    DWORD extendedStyle;
+    LONG_PTR id;
+    LONG_PTR userData = 0;
+    std::u16string text;
+    bool destroying = false;
+};
+
+struct Slot {
+    std::unique_ptr<Window> window;
+    UINT_PTR generation = 1;
+};
+
+struct Windows {
+    std::mutex mutex;
+    std::vector<std::shared_ptr<WindowClass>> classes;
+    ATOM nextAtom = kFirstAtom;
+    std::vector<Slot> slots;
+    std::vector<std::size_t> freeSlots;
+};
+
+// Never destroyed: static objects of a host may destroy their windows after ours have gone.
+Windows& All() {
+    static Windows& windows = *new Windows;
+    return windows;
+}
+
+HWND HandleOf(std::size_t index, UINT_PTR generation) {
+    return reinterpret_cast<HWND>((generation & 0x7fff) << 16 | (index + 1) << 1);
+}
+
+// Null when there is no such window. The lock is held.
+Window* Find(HWND handle) {
+    const std::size_t index = ((reinterpret_cast<UINT_PTR>(handle) & 0xffff) >> 1) - 1;
+    std::vector<Slot>& slots = All().slots;
+    if (index >= slots.size() || HandleOf(index, slots[index].generation) != handle)
+        return nullptr;
+    return slots[index].window.get();
+}
+
+// Calls `use` with the window under the lock, or returns `failed` with the invalid handle's error.
+template <class Result, class Use>
+Result With(HWND handle, Result failed, Use use) {
+    const std::lock_guard lock(All().mutex);
+    Window* const window = Find(handle);
+    if (window != nullptr)
+        return use(*window);
+    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    return failed;
+}
+
+// A name may be an atom, as everywhere in this family. The lock is held.
+std::shared_ptr<WindowClass> FindClass(LPCWSTR name, HINSTANCE instance) {
+    for (const std::shared_ptr<WindowClass>& each : All().classes) {
+        const bool named = IS_INTRESOURCE(name)
+                               ? each->atom == static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name))
+                               : EqualIgnoringCase(each->name, name);
+        if (named && each->instance == instance)
+            return each;
+    }
+    return nullptr;
+}
+
+// Null with the error of what is missing.
+HWND Insert(const CREATESTRUCTW& creation) {
+    Windows& all = All();
+    const std::lock_guard lock(all.mutex);
+    const auto fail = [](DWORD error) {
+        SetLastError(error);
+        return HWND{};
+    };
+    std::shared_ptr<WindowClass> windowClass = FindClass(creation.lpszClass, creation.hInstance);
+    if (windowClass == nullptr)
+        return fail(ERROR_CANNOT_FIND_WND_CLASS);
+    const bool child = (static_cast<DWORD>(creation.style) & WS_CHILD) != 0;
+    if (child && creation.hwndParent == nullptr)
+        return fail(ERROR_TLW_WITH_WSCHILD);
+    if (creation.hwndParent != nullptr && Find(creation.hwndParent) == nullptr)
+        return fail(ERROR_INVALID_WINDOW_HANDLE);
+    if (all.freeSlots.empty()) {
+        if (all.slots.size() >= kMaxWindows)
+            return fail(ERROR_NO_MORE_USER_HANDLES);
+        all.freeSlots.reserve(all.slots.size() + 1); // so that Remove cannot fail
+        all.slots.emplace_back();
+        all.freeSlots.push_back(all.slots.size() - 1);
+    }
+    Slot& slot = all.slots[all.freeSlots.back()];
+    slot.window.reset(new Window{.windowClass = windowClass,
+                                 .procedure = windowClass->procedure,
+                                 .instance = creation.hInstance,
+                                 .parentOrOwner = creation.hwndParent,
+                                 .thread = GetCurrentThreadId(),
+                                 .queue = MessageQueue::OfThisThread(),
+                                 .style = static_cast<DWORD>(creation.style),
+                                 .extendedStyle = creation.dwExStyle,
+                                 .id = child ? reinterpret_cast<LONG_PTR>(creation.hMenu) : 0,
+                                 .text = {}});
+    ++windowClass->windows;
+    const std::size_t index = all.freeSlots.back();
+    all.freeSlots.pop_back();
+    return HandleOf(index, slot.generation);
+}
+
+void Remove(HWND handle) {
+    Windows& all = All();
+    const std::lock_guard lock(all.mutex);
+    Window* const window = Find(handle);
+    if (window == nullptr)
+        return;
+    --window->windowClass->windows;
+    window->queue->Forget(handle);
+    const std::size_t index = ((reinterpret_cast<UINT_PTR>(handle) & 0xffff) >> 1) - 1;
+    Slot& slot = all.slots[index];
+    slot.window.reset();
+    slot.generation = slot.generation % 0x7fff + 1;
+    all.freeSlots.push_back(index);
+}
+
+// The children of a window, or the pop-up windows it owns.
+std::vector<HWND> Dependents(HWND parentOrOwner, bool children) {
+    Windows& all = All();
+    const std::lock_guard lock(all.mutex);
+    std::vector<HWND> found;
+    for (std::size_t index = 0; index < all.slots.size(); ++index) {
+        const Window* const window = all.slots[index].window.get();
+        if (window != nullptr && window->parentOrOwner == parentOrOwner &&
+            ((window->style & WS_CHILD) != 0) == children)
+            found.push_back(HandleOf(index, all.slots[index].generation));
+    }
+    return found;
+}
+
+void SendDestroy(HWND window) {
+    SendMessageW(window, WM_DESTROY, 0, 0);
+    for (const HWND child : Dependents(window, true))
+        SendDestroy(child);
+}
+
+void FinishDestroy(HWND window) {
+    for (const HWND child : Dependents(window, true))
+        FinishDestroy(child);
+    SendMessageW(window, WM_NCDESTROY, 0, 0);
+    Remove(window);
+}
+
+struct Hook {
+    HOOKPROC procedure;
+};
+thread_local std::vector<std::unique_ptr<Hook>> t_hooks; // newest last
+
+auto FindHook(HHOOK hook) {
+    return std::find_if(t_hooks.begin(), t_hooks.end(), [hook](const std::unique_ptr<Hook>& each) {
+        return reinterpret_cast<HHOOK>(each.get()) == hook;
+    });
+}
+
+LRESULT CallHooks(int code, WPARAM wParam, LPARAM lParam) {
+    return t_hooks.empty() ? 0 : t_hooks.back()->procedure(code, wParam, lParam);
+}
+
+// FALSE when the hook or the procedure refuses the window, which is gone then.
+bool FinishCreate(HWND window, CREATESTRUCTW& creation) {
+    CBT_CREATEWNDW event = {&creation, nullptr};
+    if (CallHooks(HCBT_CREATEWND, reinterpret_cast<WPARAM>(window),
+                  reinterpret_cast<LPARAM>(&event)) != 0) {
+        Remove(window);
+        return false;
+    }
+    const LPARAM lParam = reinterpret_cast<LPARAM>(&creation);
+    if (SendMessageW(window, WM_NCCREATE, 0, lParam) == 0) {
+        FinishDestroy(window);
+        return false;
+    }
+    if (SendMessageW(window, WM_CREATE, 0, lParam) == -1) {
+        FinishDestroy(window);
+        return false;
+    }
+    return IsWindow(window) != FALSE;
+}
+
+void SetText(HWND handle, LPCWSTR text) {
+    With(handle, 0, [&](Window& window) {
+        window.text = text != nullptr ? text : u"";
+        return 0;
+    });
+}
+
+LRESULT CopyText(HWND handle, WPARAM size, LPARAM buffer) {
+    return With(handle, LRESULT{0}, [&](Window& window) -> LRESULT {
+        if (size == 0)
+            return 0;
+        WCHAR* const text = reinterpret_cast<WCHAR*>(buffer);
+        const std::size_t length = window.text.copy(text, size - 1);
+        text[length] = 0;
+        return static_cast<LRESULT>(length);
+    });
+}
+
+// The window's word of that index; 0 for none.
+LONG_PTR ReadWord(const Window& window, int index) {
+    switch (index) {
+    case GWLP_WNDPROC:
+        return reinterpret_cast<LONG_PTR>(window.procedure);
+    case GWLP_ID:
+        return window.id;
+    case GWL_STYLE:
+        return static_cast<LONG>(window.style);
+    case GWL_EXSTYLE:
+        return static_cast<LONG>(window.extendedStyle);
+    case GWLP_USERDATA:
+        return window.userData;
+    default:
+        SetLastError(ERROR_INVALID_INDEX);
+        return 0;
+    }
+}
+
+void WriteWord(Window& window, int index, LONG_PTR value) {
+    switch (index) {
+    case GWLP_WNDPROC:
+        window.procedure = reinterpret_cast<WNDPROC>(value);
+        break;
+    case GWLP_ID:
+        window.id = value;
+        break;
+    case GWL_STYLE:
+        window.style = static_cast<DWORD>(value);
+        break;
+    case GWL_EXSTYLE:
+        window.extendedStyle = static_cast<DWORD>(value);
+        break;
+    case GWLP_USERDATA:
+        window.userData = value;
+        break;
+    }
+}
+
+} // namespace
+
+ATOM RegisterClassExW(const WNDCLASSEXW* windowClass) {
+    const auto fail = [](DWORD error) {
+        SetLastError(error);
+        return ATOM{0};
+    };
+    if (windowClass == nullptr || windowClass->cbSize != sizeof *windowClass ||
+        windowClass->lpfnWndProc == nullptr || windowClass->cbClsExtra != 0 ||
+        windowClass->cbWndExtra != 0 || IS_INTRESOURCE(windowClass->lpszClassName))
+        return fail(ERROR_INVALID_PARAMETER);
+    Windows& all = All();
+    const std::lock_guard lock(all.mutex);
+    if (FindClass(windowClass->lpszClassName, windowClass->hInstance) != nullptr)
+        return fail(ERROR_CLASS_ALREADY_EXISTS);
+    if (all.nextAtom == 0)
+        return fail(ERROR_NOT_ENOUGH_MEMORY);
+    all.classes.push_back(std::make_shared<WindowClass>(
+        WindowClass{windowClass->lpszClassName, windowClass->hInstance, windowClass->lpfnWndProc,
+                    all.nextAtom}));
+    return all.nextAtom++;
+}
+
+BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance) {
+    Windows& all = All();
+    const std::lock_guard lock(all.mutex);
+    const std::shared_ptr<WindowClass> found = FindClass(name, instance);
+    if (found == nullptr || found->windows != 0) {
+        SetLastError(found == nullptr ? ERROR_CLASS_DOES_NOT_EXIST : ERROR_CLASS_HAS_WINDOWS);
+        return FALSE;
+    }
+    std::erase(all.classes, found);
+    return TRUE;
+}
+
+HWND CreateWindowExW(DWORD extendedStyle, LPCWSTR className, LPCWSTR text, DWORD style, int x,
+                     int y, int width, int height, HWND parentOrOwner, HMENU menuOrId,
+                     HINSTANCE instance, LPVOID parameter) {
+    CREATESTRUCTW creation = {parameter,
+                              instance,
+                              menuOrId,
+                              parentOrOwner,
+                              height,
+                              width,
+                              y,
+                              x,
+                              static_cast<LONG>(style),
+                              text,
+                              className,
+                              extendedStyle};
+    const HWND window = Insert(creation);
+    return window != nullptr && FinishCreate(window, creation) ? window : nullptr;
+}
+
+BOOL DestroyWindow(HWND handle) {
+    // Destroying again from within changes nothing: it is on its way.
+    enum Answer { kRefused, kUnderWay, kGo };
+    const Answer answer = With(handle, kRefused, [](Window& window) {
+        if (window.thread != GetCurrentThreadId()) {
+            SetLastError(ERROR_ACCESS_DENIED);
+            return kRefused;
+        }
+        return std::exchange(window.destroying, true) ? kUnderWay : kGo;
+    });
+    if (answer != kGo)
+        return answer == kUnderWay;
+    for (const HWND owned : Dependents(handle, false))
+        DestroyWindow(owned);
+    SendDestroy(handle);
+    FinishDestroy(handle);
+    return TRUE;
+}
+
+BOOL IsWindow(HWND handle) {
+    return With(handle, FALSE, [](Window&) { return TRUE; });
+}
+
+LRESULT SendMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    const WNDPROC procedure = With(handle, WNDPROC{}, [](Window& window) -> WNDPROC {
+        if (window.thread == GetCurrentThreadId())
+            return window.procedure;
+        SetLastError(ERROR_ACCESS_DENIED);
+        return nullptr;
+    });
+    return procedure != nullptr ? procedure(handle, message, wParam, lParam) : 0;
+}
+
+BOOL PostMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto post = [=](MessageQueue& queue) {
+        return queue.Post(handle, message, wParam, lParam) || FailWith(ERROR_NOT_ENOUGH_QUOTA);
+    };
+    if (handle == nullptr)
+        return post(*MessageQueue::OfThisThread());
+    return With(handle, FALSE, [&post](Window& window) -> BOOL { return post(*window.queue); });
+}
+
+UINT_PTR SetTimer(HWND handle, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
+    if (handle == nullptr)
+        return MessageQueue::OfThisThread()->SetTimer(nullptr, id, milliseconds, procedure);
+    return With(handle, UINT_PTR{0}, [=](Window& window) {
+        return window.queue->SetTimer(handle, id, milliseconds, procedure);
+    });
+}
+
+BOOL KillTimer(HWND handle, UINT_PTR id) {
+    if (handle == nullptr)
+        return MessageQueue::OfThisThread()->KillTimer(nullptr, id);
+    return With(handle, FALSE,
+                [=](Window& window) -> BOOL { return window.queue->KillTimer(handle, id); });
+}
+
+LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam,
+                        LPARAM lParam) {
+    return procedure != nullptr ? procedure(window, message, wParam, lParam) : 0;
+}
+
+LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_NCCREATE:
+        SetText(window, reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpszName);
+        return TRUE;
+    case WM_SETTEXT:
+        SetText(window, reinterpret_cast<LPCWSTR>(lParam));
+        return TRUE;
+    case WM_GETTEXT:
+        return CopyText(window, wParam, lParam);
+    case WM_GETTEXTLENGTH:
+        return With(window, LRESULT{0},
+                    [](Window& found) { return static_cast<LRESULT>(found.text.size()); });
+    case WM_CLOSE:
+        DestroyWindow(window);
+        return 0;
+    default:
+        return 0;
+    }
+}
+
+LONG_PTR GetWindowLongPtrW(HWND handle, int index) {
+    return With(handle, LONG_PTR{0}, [index](Window& window) { return ReadWord(window, index); });
+}
+
+LONG_PTR SetWindowLongPtrW(HWND handle, int index, LONG_PTR value) {
+    return With(handle, LONG_PTR{0}, [index, value](Window& window) {
+        const LONG_PTR previous = ReadWord(window, index);
+        WriteWord(window, index, value);
+        return previous;
+    });
+}
+
+int GetClassNameW(HWND handle, LPWSTR name, int size) {
+    if (size <= 0) {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return 0;
+    }
+    return With(handle, 0, [name, size](Window& window) {
+        const std::size_t length =
+            window.windowClass->name.copy(name, static_cast<std::size_t>(size) - 1);
+        name[length] = 0;
+        return static_cast<int>(length);
+    });
+}
+
+int GetWindowTextW(HWND window, LPWSTR text, int size) {
+    if (size <= 0)
+        return 0;
+    *text = 0;
+    return static_cast<int>(SendMessageW(window, WM_GETTEXT, static_cast<WPARAM>(size),
+                                         reinterpret_cast<LPARAM>(text)));
+}
+
+int GetWindowTextLengthW(HWND window) {
+    return static_cast<int>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0));
+}
+
+BOOL SetWindowTextW(HWND window, LPCWSTR text) {
+    return SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)) != 0;
+}
+
+int GetDlgCtrlID(HWND handle) {
+    return With(handle, 0, [](Window& window) { return static_cast<int>(window.id); });
+}
+
+HWND GetParent(HWND handle) {
+    return With(handle, HWND{}, [](Window& window) {
+        return (window.style & (WS_CHILD | WS_POPUP)) != 0 ? window.parentOrOwner : nullptr;
+    });
+}
+
+HHOOK SetWindowsHookExW(int kind, HOOKPROC procedure, HINSTANCE, DWORD thread) {
+    if (kind != WH_CBT || procedure == nullptr || thread != GetCurrentThreadId()) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    t_hooks.push_back(std::make_unique<Hook>(Hook{procedure}));
+    return reinterpret_cast<HHOOK>(t_hooks.back().get());
+}
+
+BOOL UnhookWindowsHookEx(HHOOK hook) {
+    const auto found = FindHook(hook);
+    if (found == t_hooks.end()) {
+        SetLastError(ERROR_INVALID_HOOK_HANDLE);
+        return FALSE;
+    }
+    t_hooks.erase(found);
+    return TRUE;
+}
+
+LRESULT CallNextHookEx(HHOOK hook, int code, WPARAM wParam, LPARAM lParam) {
+    const auto found = FindHook(hook);
+    if (found == t_hooks.begin() || found == t_hooks.end())
+        return 0;
+    return (*std::prev(found))->procedure(code, wParam, lParam);
+}
+
+} // namespace quorvel::win32
