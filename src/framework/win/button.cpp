@@ -1,4 +1,4 @@
-#include <quorvel/framework/button.h>
+#include <quorvel/framework/win/button.h>
 
 IMPLEMENT_DYNAMIC(CButton, CWnd)
 

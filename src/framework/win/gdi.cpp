@@ -1,4 +1,4 @@
-#include <quorvel/framework/gdi.h>
+#include <quorvel/framework/win/gdi.h>
 
 #include "framework/handle_map.h"
 

@@ -1,4 +1,4 @@
-#include <quorvel/framework/static.h>
+#include <quorvel/framework/win/static.h>
 
 IMPLEMENT_DYNAMIC(CStatic, CWnd)
 

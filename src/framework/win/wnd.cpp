@@ -1,5 +1,5 @@
 // The members of CWnd that need a screen.
-#include <quorvel/framework/gdi.h>
+#include <quorvel/framework/win/gdi.h>
 #include <quorvel/framework/geometry.h>
 #include <quorvel/framework/wnd.h>
 

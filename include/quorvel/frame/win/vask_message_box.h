@@ -6,8 +6,8 @@
 #pragma once
 
 #include <quorvel/frame/win/vask_static.h>
-#include <quorvel/framework/button.h>
-#include <quorvel/framework/gdi.h>
+#include <quorvel/framework/win/button.h>
+#include <quorvel/framework/win/gdi.h>
 
 namespace quorvel {
 struct MessageBoxParts;

@@ -1,7 +1,7 @@
 // CVaskStatic: the base of the library's static controls. Windows only.
 #pragma once
 
-#include <quorvel/framework/static.h>
+#include <quorvel/framework/win/static.h>
 
 class QUORVEL_API CVaskStatic : public CStatic {
     DECLARE_DYNAMIC(CVaskStatic)

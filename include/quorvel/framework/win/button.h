@@ -3,8 +3,6 @@
 
 #include <quorvel/framework/wnd.h>
 
-#if defined(_WIN32)
-
 class QUORVEL_API CButton : public CWnd {
     DECLARE_DYNAMIC(CButton)
 public:
@@ -13,5 +11,3 @@ public:
     int GetCheck() const; // BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE
     void SetCheck(int state);
 };
-
-#endif

@@ -3,12 +3,8 @@
 
 #include <quorvel/framework/wnd.h>
 
-#if defined(_WIN32)
-
 class QUORVEL_API CStatic : public CWnd {
     DECLARE_DYNAMIC(CStatic)
 public:
     BOOL Create(const WCHAR* text, DWORD style, const RECT& rect, CWnd* parent, UINT id = 0xffff);
 };
-
-#endif

@@ -3,8 +3,6 @@
 
 #include <quorvel/framework/object.h>
 
-#if defined(_WIN32)
-
 class QUORVEL_API CGdiObject : public CObject {
     DECLARE_DYNAMIC(CGdiObject)
 public:
@@ -33,5 +31,3 @@ public:
     // null handle.
     static CFont* FromHandle(HFONT font);
 };
-
-#endif
