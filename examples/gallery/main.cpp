@@ -4,7 +4,7 @@
 #include <quorvel/frame/module.h>
 #include <quorvel/frame/vask_message_box.h>
 #include <quorvel/framework/app.h>
-#include <quorvel/framework/file.h>
+#include <quorvel/framework/mem_file.h>
 #include <quorvel/framework/string.h>
 #include <quorvel/res/message_ids.h>
 #include <quorvel/util/compression/compression.h>

@@ -2,7 +2,7 @@
 
 #include <quorvel/framework/extension_module.h>
 
-#include "frame/module.h"
+#include "frame/module_entry.h"
 
 #include <new>
 
@@ -11,8 +11,6 @@ namespace {
 constinit AFX_EXTENSION_MODULE s_module = {};
 constinit HINSTANCE s_instance = nullptr;
 constinit CDynLinkLibrary* s_resources = nullptr; // AfxTermExtensionModule deletes it
-typedef int (*OpenExternalLink)(const WCHAR*);
-constinit OpenExternalLink s_openExternalLink = nullptr;
 
 // The library's life where no entry point is called: from static construction to destruction.
 struct ModuleLife {
@@ -43,12 +41,6 @@ void DetachModule() {
     AfxTermExtensionModule(s_module);
 }
 
-BOOL MayOpenExternalLink(const WCHAR* link) {
-    if (link == nullptr)
-        return FALSE;
-    return s_openExternalLink == nullptr ? TRUE : s_openExternalLink(link);
-}
-
 } // namespace quorvel
 
 HINSTANCE QuorvelGetInstanceHandle() {
@@ -64,12 +56,4 @@ BOOL QuorvelSetResourceHandle(HINSTANCE resources) {
 
 HINSTANCE QuorvelGetResourceHandle() {
     return s_resources != nullptr ? s_resources->m_hResource : nullptr;
-}
-
-void QuorvelSetOpenExternalLinkCallback(int (*callback)(const WCHAR*)) {
-    s_openExternalLink = callback;
-}
-
-int (*QuorvelGetOpenExternalLinkCallback())(const WCHAR*) {
-    return s_openExternalLink;
 }

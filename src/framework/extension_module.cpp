@@ -1,6 +1,6 @@
 #include <quorvel/framework/extension_module.h>
 
-#include "framework/string_table.h"
+#include "framework/string_resources.h"
 #include "platform/win32.h"
 
 #include <mutex>

@@ -1,4 +1,4 @@
-#include <quorvel/framework/file.h>
+#include <quorvel/framework/mem_file.h>
 
 #include "platform/win32.h"
 

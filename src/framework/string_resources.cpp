@@ -4,7 +4,7 @@
 #include <quorvel/framework/string.h>
 
 #include "framework/local_text.h"
-#include "framework/string_table.h"
+#include "framework/string_resources.h"
 #include "platform/win32.h"
 
 #include <algorithm>

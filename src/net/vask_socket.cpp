@@ -1,7 +1,7 @@
 #include <quorvel/net/vask_socket.h>
 
-#include <quorvel/framework/app.h>
 #include <quorvel/framework/inet.h>
+#include <quorvel/framework/win_thread.h>
 #include <quorvel/util/text/validation.h>
 
 #include "net/socket_address.h"

@@ -3,7 +3,7 @@
 #include <quorvel/frame/message_box.h>
 
 #include "platform/win32.h"
-#include "system/temporary_file.h"
+#include "system/new_temporary_file.h"
 
 DWORD quorvel::NewTemporaryFile(CString& fileName) {
     WCHAR folder[MAX_PATH + 1];

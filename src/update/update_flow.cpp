@@ -8,7 +8,7 @@
 
 #include "net/http_field_values.h"
 #include "platform/win32.h"
-#include "system/temporary_file.h"
+#include "system/new_temporary_file.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,8 +1,9 @@
 // Start-up and its failure, the link hook, and what needs them from inside.
 #include <quorvel/frame/module.h>
 
+#include "frame/external_link.h"
 #include "frame/html_help.h"
-#include "frame/module.h"
+#include "frame/module_entry.h"
 #include "support/message_box_recorder.h"
 #include "support/test.h"
 

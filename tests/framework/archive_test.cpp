@@ -1,4 +1,5 @@
 #include <quorvel/framework/archive.h>
+#include <quorvel/framework/mem_file.h>
 
 #include "support/archive_image.h"
 #include "support/test.h"

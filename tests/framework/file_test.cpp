@@ -1,4 +1,4 @@
-#include <quorvel/framework/file.h>
+#include <quorvel/framework/mem_file.h>
 
 #include "support/exceptions.h"
 #include "support/test.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <quorvel/framework/archive.h>
+#include <quorvel/framework/mem_file.h>
 
 #include "support/exceptions.h"
 

@@ -1,51 +1,14 @@
-// The application object, the message box that goes through it, and worker threads.
+// The application object, and the message box that goes through it.
 //
 // A program derives one object from CWinApp and lets it live from its start to its end; console
-// programs may do without. Everything here but the worker threads belongs to the user-interface
-// thread.
+// programs may do without. Everything here belongs to the user-interface thread.
 #pragma once
 
 #include <quorvel/framework/extension_module.h>
-#include <quorvel/framework/object.h>
 #include <quorvel/framework/string.h>
-
-#include <memory>
+#include <quorvel/framework/win_thread.h>
 
 class CWnd;
-namespace quorvel {
-struct ThreadStart;
-}
-
-typedef UINT (*AFX_THREADPROC)(void* parameter);
-
-// A thread of the library. An object that AfxBeginThread made for one goes with the end of its
-// function; with m_bAutoDelete FALSE the starter deletes it, once the thread has ended.
-class QUORVEL_API CWinThread : public CCmdTarget {
-    DECLARE_DYNAMIC(CWinThread)
-public:
-    CWinThread();
-    ~CWinThread() override; // a thread that was never resumed ends without running its function
-
-    // 1 when the thread was suspended and runs now, 0 when it ran already. It may have ended, and
-    // the object be gone, before this returns.
-    DWORD ResumeThread();
-
-    CWnd* m_pMainWnd;   // not owned; null when the thread has no window
-    HANDLE m_hThread;   // owned: duplicate it to outlive the object; null without AfxBeginThread
-    BOOL m_bAutoDelete; // TRUE; to be changed while the thread is suspended
-
-private:
-    friend struct quorvel::ThreadStart;
-    std::shared_ptr<quorvel::ThreadStart> m_start;
-};
-
-// Runs the function on a thread of its own; its result is the thread's exit code, and an exception
-// that leaves it is dropped (exit code 0). The priority is THREAD_PRIORITY_NORMAL (otherwise 87),
-// a stack size of 0 the platform's default, and the one flag CREATE_SUSPENDED. Null with the last
-// error when there is no thread to be had. Any thread.
-QUORVEL_API CWinThread* AfxBeginThread(AFX_THREADPROC function, void* parameter,
-                                       int priority = THREAD_PRIORITY_NORMAL, UINT stackSize = 0,
-                                       DWORD flags = 0);
 
 class QUORVEL_API CWinApp : public CWinThread {
     DECLARE_DYNAMIC(CWinApp)

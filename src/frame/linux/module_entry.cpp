@@ -1,4 +1,4 @@
-#include "frame/module.h"
+#include "frame/module_entry.h"
 
 namespace quorvel {
 

@@ -2,7 +2,7 @@
 
 #include <quorvel/util/text/validation.h>
 
-#include "frame/module.h"
+#include "frame/external_link.h"
 #include "frame/win/html_help_control.h"
 
 #include <htmlhelp.h>

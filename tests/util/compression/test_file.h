@@ -1,7 +1,7 @@
 // What the tests of compression share: data, and files in memory that can be told to throw.
 #pragma once
 
-#include <quorvel/framework/file.h>
+#include <quorvel/framework/mem_file.h>
 
 #include <functional>
 #include <new>

@@ -1,6 +1,6 @@
 // Worker threads and the life of their objects.
-#include <quorvel/framework/app.h>
 #include <quorvel/framework/exceptions.h>
+#include <quorvel/framework/win_thread.h>
 
 #include "platform/win32.h"
 

@@ -1,4 +1,4 @@
-#include <quorvel/framework/app.h>
+#include <quorvel/framework/win_thread.h>
 
 #include <quorvel/framework/exceptions.h>
 

@@ -1,4 +1,4 @@
-// Start-up and end of the library, and the question that goes before every external link.
+// Start-up and end of the library.
 #pragma once
 
 #include "platform/win32.h"
@@ -12,8 +12,5 @@ void DetachModule();
 // The module to attach when the library's static objects are made; null where the loader calls
 // an entry point for that.
 HINSTANCE InstanceToAttach();
-
-// FALSE for a null link; TRUE without a hook; otherwise the hook's answer.
-BOOL MayOpenExternalLink(const WCHAR* link);
 
 } // namespace quorvel

@@ -1,4 +1,4 @@
-#include <quorvel/frame/win/vask_message_box.h>
+#include <quorvel/frame/win/vask_message_box_window.h>
 
 #include <quorvel/frame/window_class.h>
 #include <quorvel/framework/app.h>
@@ -12,7 +12,6 @@ constexpr UINT kHeadingId = 23000;
 constexpr UINT kCheckBoxId = 23001;
 } // namespace
 
-IMPLEMENT_DYNAMIC(CVaskStatic, CStatic)
 IMPLEMENT_DYNAMIC(CVaskMessageBox, CWnd)
 
 BEGIN_MESSAGE_MAP(CVaskMessageBox, CWnd)

@@ -1,0 +1,11 @@
+// The question that is asked before each external link is opened.
+#pragma once
+
+#include <quorvel/platform/platform.h>
+
+namespace quorvel {
+
+// FALSE for a null link; TRUE without a hook; otherwise the hook's answer.
+BOOL MayOpenExternalLink(const WCHAR* link);
+
+} // namespace quorvel

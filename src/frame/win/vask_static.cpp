@@ -1,0 +1,3 @@
+#include <quorvel/frame/win/vask_static.h>
+
+IMPLEMENT_DYNAMIC(CVaskStatic, CStatic)
