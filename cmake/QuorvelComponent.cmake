@@ -1,12 +1,14 @@
-# quorvel_component(NAME FOLDER folder [SOURCES ...] [LINUX_SOURCES ...] [WINDOWS_SOURCES ...]
+# quorvel_component(FOLDER [SOURCES ...] [LINUX_SOURCES ...] [WINDOWS_SOURCES ...]
 #                   [USES component ...])
 #
 # Declares one component of the library: compiles its sources once, adds them to the shared and the
 # static library, and writes what it may use where the layer check reads it. Sources are relative to
-# the calling folder; FOLDER is relative to src/ and to include/quorvel/.
+# the calling folder; FOLDER is relative to src/ and to include/quorvel/, and its last part is the
+# component's name.
 set_property(GLOBAL PROPERTY QUORVEL_COMPONENT_LINES "")
-function(quorvel_component name)
-  cmake_parse_arguments(arg "" "FOLDER" "SOURCES;LINUX_SOURCES;WINDOWS_SOURCES;USES" ${ARGN})
+function(quorvel_component folder)
+  get_filename_component(name ${folder} NAME)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINUX_SOURCES;WINDOWS_SOURCES;USES" ${ARGN})
   set(sources ${arg_SOURCES})
   if(WIN32)
     list(APPEND sources ${arg_WINDOWS_SOURCES})
@@ -15,13 +17,13 @@ function(quorvel_component name)
   endif()
   string(JOIN " " uses ${arg_USES})
   set_property(GLOBAL APPEND PROPERTY QUORVEL_COMPONENT_LINES
-    "component ${name} ${arg_FOLDER} uses ${uses}\n")
+    "component ${name} ${folder} uses ${uses}\n")
   if(NOT sources)
     return()
   endif()
-  add_library(quorvel_${name} OBJECT ${sources})
-  target_link_libraries(quorvel_${name} PRIVATE quorvel_flags quorvel_headers quorvel_system
+  add_library(quorvel_objects_${name} OBJECT ${sources})
+  target_link_libraries(quorvel_objects_${name} PRIVATE quorvel_flags quorvel_headers quorvel_system
     quorvel_boost)
-  target_compile_definitions(quorvel_${name} PRIVATE QUORVEL_BUILDING)
-  set_property(GLOBAL APPEND PROPERTY QUORVEL_OBJECT_LIBRARIES quorvel_${name})
+  target_compile_definitions(quorvel_objects_${name} PRIVATE QUORVEL_BUILDING)
+  set_property(GLOBAL APPEND PROPERTY QUORVEL_OBJECT_LIBRARIES quorvel_objects_${name})
 endfunction()
