@@ -1,6 +1,6 @@
 // The members of CWnd that need a screen.
-#include <quorvel/framework/win/gdi.h>
 #include <quorvel/framework/geometry.h>
+#include <quorvel/framework/win/gdi.h>
 #include <quorvel/framework/wnd.h>
 
 #include <algorithm>
