@@ -1,6 +1,6 @@
 #include "frame/system_facts.h"
 
-#include "framework/registry_key.h"
+#include "framework/scoped_key.h"
 
 namespace quorvel {
 

@@ -1,7 +1,7 @@
 // The application's profile.
 #include <quorvel/framework/app.h>
 
-#include "framework/registry_key.h"
+#include "framework/scoped_key.h"
 
 #include <cstring>
 #include <memory>

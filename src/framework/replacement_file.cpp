@@ -26,15 +26,13 @@ ReplacementFile::ReplacementFile(const WCHAR* path)
         SetLastError(ERROR_ACCESS_DENIED);
         ThrowLastError();
     }
-    m_file = CreateFileW(m_target, GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                         FILE_ATTRIBUTE_NORMAL, nullptr);
-    const bool exists = m_file != INVALID_HANDLE_VALUE;
+    ScopedHandle target(CreateFileW(m_target, GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const bool exists = target.IsValid();
     if (!exists && !IsMissing(GetLastError()))
         ThrowLastError();
-    const bool isOrdinary = !exists || GetFileType(m_file) == FILE_TYPE_DISK;
-    if (exists)
-        CloseHandle(m_file);
-    m_file = INVALID_HANDLE_VALUE;
+    const bool isOrdinary = !exists || GetFileType(target.Get()) == FILE_TYPE_DISK;
+    target.Close();
     if (isOrdinary && CreateSibling())
         return;
     CreateInPlace();
@@ -42,10 +40,10 @@ ReplacementFile::ReplacementFile(const WCHAR* path)
 }
 
 ReplacementFile::~ReplacementFile() {
-    if (m_file == INVALID_HANDLE_VALUE)
+    if (!m_file.IsValid())
         return;
     const DWORD error = GetLastError();
-    CloseHandle(m_file);
+    m_file.Close();
     if (!m_sibling.IsEmpty())
         DeleteFileW(m_sibling);
     SetLastError(error);
@@ -53,36 +51,35 @@ ReplacementFile::~ReplacementFile() {
 
 bool ReplacementFile::CreateSibling() {
     constexpr int kAttempts = 100;
-    for (int i = 0; i < kAttempts && m_file == INVALID_HANDLE_VALUE; ++i) {
+    for (int i = 0; i < kAttempts && !m_file.IsValid(); ++i) {
         m_sibling.Format(_T("%s.%d.tmp"), m_target.GetString(), i);
-        m_file = CreateFileW(m_sibling, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                             FILE_ATTRIBUTE_NORMAL, nullptr);
+        m_file = ScopedHandle(CreateFileW(m_sibling, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr));
         const DWORD error = GetLastError();
-        if (m_file == INVALID_HANDLE_VALUE && error != ERROR_FILE_EXISTS &&
-            error != ERROR_ALREADY_EXISTS)
+        if (!m_file.IsValid() && error != ERROR_FILE_EXISTS && error != ERROR_ALREADY_EXISTS)
             break;
     }
-    if (m_file == INVALID_HANDLE_VALUE)
+    if (!m_file.IsValid())
         m_sibling.Empty();
-    return m_file != INVALID_HANDLE_VALUE;
+    return m_file.IsValid();
 }
 
 void ReplacementFile::CreateInPlace() {
-    m_file = CreateFileW(m_target, GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
-                         FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (m_file == INVALID_HANDLE_VALUE)
+    m_file = ScopedHandle(CreateFileW(m_target, GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                      OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!m_file.IsValid())
         ThrowLastError();
 }
 
 void ReplacementFile::EmptyTarget() {
-    if (std::exchange(m_holdsOldContent, false) && !SetEndOfFile(m_file))
+    if (std::exchange(m_holdsOldContent, false) && !SetEndOfFile(m_file.Get()))
         ThrowLastError();
 }
 
 void ReplacementFile::Write(const void* bytes, UINT count) {
     EmptyTarget();
     DWORD written = 0;
-    if (!WriteFile(m_file, bytes, count, &written, nullptr))
+    if (!WriteFile(m_file.Get(), bytes, count, &written, nullptr))
         ThrowLastError();
     if (written < count)
         AfxThrowFileException(CFileException::diskFull, ERROR_DISK_FULL, m_path);
@@ -90,9 +87,7 @@ void ReplacementFile::Write(const void* bytes, UINT count) {
 
 void ReplacementFile::Commit() {
     EmptyTarget();
-    const bool closed = CloseHandle(m_file) != FALSE;
-    m_file = INVALID_HANDLE_VALUE;
-    if (closed && (m_sibling.IsEmpty() || MoveOver(m_sibling, m_target)))
+    if (m_file.Close() && (m_sibling.IsEmpty() || MoveOver(m_sibling, m_target)))
         return;
     const DWORD error = GetLastError();
     if (!m_sibling.IsEmpty())

@@ -12,6 +12,8 @@
 
 #include <quorvel/framework/string.h>
 
+#include "platform/scoped_handle.h"
+
 namespace quorvel {
 
 class ReplacementFile {
@@ -36,7 +38,7 @@ private:
     CString m_target;
     CString m_sibling;              // empty: written in place
     bool m_holdsOldContent = false; // in place, and nothing was written yet
-    HANDLE m_file = INVALID_HANDLE_VALUE;
+    ScopedHandle m_file;
 };
 
 } // namespace quorvel

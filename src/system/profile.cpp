@@ -1,6 +1,6 @@
 #include <quorvel/system/profile.h>
 
-#include "framework/registry_key.h"
+#include "framework/scoped_key.h"
 #include "util/text/no_throw.h"
 
 #include <cstring>

@@ -1,5 +1,7 @@
 #include "platform/replace_file.h"
 
+#include "platform/scoped_handle.h"
+
 namespace quorvel {
 
 std::basic_string<WCHAR> FinalPath(const WCHAR* path) {
@@ -7,16 +9,17 @@ std::basic_string<WCHAR> FinalPath(const WCHAR* path) {
     if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
         return path;
     std::basic_string<WCHAR> result(path);
-    const HANDLE file = CreateFileW(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
+    const ScopedHandle file(
+        CreateFileW(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!file.IsValid())
         return result;
-    const DWORD size = GetFinalPathNameByHandleW(file, nullptr, 0, VOLUME_NAME_DOS);
+    const DWORD size = GetFinalPathNameByHandleW(file.Get(), nullptr, 0, VOLUME_NAME_DOS);
     std::basic_string<WCHAR> target(size, 0);
-    const DWORD length = GetFinalPathNameByHandleW(file, target.data(), size, VOLUME_NAME_DOS);
+    const DWORD length =
+        GetFinalPathNameByHandleW(file.Get(), target.data(), size, VOLUME_NAME_DOS);
     if (length > 0 && length < size)
         result.assign(target.data(), length);
-    CloseHandle(file);
     return result;
 }
 

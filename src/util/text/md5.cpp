@@ -1,12 +1,12 @@
 #include <quorvel/util/text/md5.h>
 
+#include "platform/scoped_handle.h"
 #include "platform/win32.h"
 #include "util/text/no_throw.h"
 
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <memory>
 
 namespace {
 
@@ -201,10 +201,7 @@ BOOL AfxGenerateFileMD5Checksum(HANDLE file, CStringA& text) {
 BOOL AfxGenerateFileMD5Checksum(const WCHAR* path, CStringA& text) {
     if (path == nullptr)
         return FALSE;
-    const HANDLE handle =
-        CreateFileW(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (handle == INVALID_HANDLE_VALUE)
-        return FALSE;
-    const std::unique_ptr<void, decltype(&CloseHandle)> file(handle, CloseHandle);
-    return AfxGenerateFileMD5Checksum(file.get(), text);
+    const quorvel::ScopedHandle file(
+        CreateFileW(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    return file.IsValid() && AfxGenerateFileMD5Checksum(file.Get(), text);
 }

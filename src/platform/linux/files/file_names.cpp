@@ -4,7 +4,7 @@
 #include "platform/linux/files/open_files.h"
 #include "platform/linux/files/path.h"
 #include "platform/linux/system/system_error.h"
-#include "platform/linux/waits/scoped_handle.h"
+#include "platform/scoped_handle.h"
 
 #include <fcntl.h>
 #include <unistd.h>

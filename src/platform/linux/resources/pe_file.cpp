@@ -1,6 +1,6 @@
 #include "platform/linux/resources/pe_file.h"
 
-#include "platform/linux/waits/scoped_handle.h"
+#include "platform/scoped_handle.h"
 
 #include <algorithm>
 #include <new>

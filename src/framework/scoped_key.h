@@ -1,4 +1,4 @@
-// An open registry key that is closed at its end.
+// ScopedKey: an open registry key that is closed at the end of its owner.
 #pragma once
 
 #include "platform/win32.h"
