@@ -24,8 +24,9 @@ DISPLAY=:$display WINERUN_X=1 "$root/tools/winerun.sh" \
     "$root/build/$windows/bin/gallery.exe" --out . || die "the gallery program failed ($?)"
 for picture in *.bmp; do
     [ -f "$picture" ] || die "the gallery program drew nothing"
-    # Without dates, so that the same picture is the same file.
-    /usr/bin/convert "$picture" -strip -define png:exclude-chunks=date,time \
-        "$root/docs/gallery/${picture%.bmp}.png"
+    # Opaque, and without dates, so that the same picture is the same file.
+    /usr/bin/convert "$picture" -alpha off -strip -define png:exclude-chunks=date,time \
+        "PNG24:$root/docs/gallery/${picture%.bmp}.png"
     say "docs/gallery/${picture%.bmp}.png"
 done
+python3 "$root/tools/check_pictures.py" "$root/docs/gallery"

@@ -5,8 +5,50 @@
 
 #include <cstdio>
 #include <memory>
+#include <type_traits>
 
-// The window with its title bar as a bitmap file. False when it cannot be drawn or written.
+// The surface that a window is drawn on, with its title bar.
+class WindowSurface {
+public:
+    explicit WindowSurface(HWND window) : m_window(window), m_dc(::GetWindowDC(window)) {}
+    WindowSurface(const WindowSurface&) = delete;
+    ~WindowSurface() { ::ReleaseDC(m_window, m_dc); }
+    HDC Get() const { return m_dc; }
+
+private:
+    const HWND m_window;
+    const HDC m_dc;
+};
+
+// A surface in memory: `info` says how its pixels lie.
+class MemorySurface {
+public:
+    MemorySurface(HDC like, const BITMAPINFO& info)
+        : m_dc(::CreateCompatibleDC(like)),
+          m_bitmap(::CreateDIBSection(m_dc.get(), &info, DIB_RGB_COLORS, &m_pixels, nullptr, 0)),
+          m_former(::SelectObject(m_dc.get(), m_bitmap.get())) {}
+    MemorySurface(const MemorySurface&) = delete;
+    ~MemorySurface() { ::SelectObject(m_dc.get(), m_former); }
+    HDC Get() const { return m_dc.get(); }
+    const void* Pixels() const { return m_pixels; } // null: there was no memory
+
+private:
+    struct DeleteSurface {
+        void operator()(HDC dc) const { ::DeleteDC(dc); }
+    };
+    struct DeleteBitmap {
+        void operator()(HBITMAP bitmap) const { ::DeleteObject(bitmap); }
+    };
+
+    void* m_pixels = nullptr;
+    const std::unique_ptr<std::remove_pointer_t<HDC>, DeleteSurface> m_dc;
+    const std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmap> m_bitmap;
+    const HGDIOBJ m_former;
+};
+
+// The window with its title bar as a bitmap file, of three bytes a pixel: with four the last would
+// be read as how opaque the pixel is, and the system leaves it at 0. False when the window cannot
+// be drawn or the file not be written.
 inline bool SavePicture(HWND window, const char* path) {
     ::RedrawWindow(window, nullptr, nullptr,
                    RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
@@ -17,33 +59,22 @@ inline bool SavePicture(HWND window, const char* path) {
     info.bmiHeader.biWidth = rect.Width();
     info.bmiHeader.biHeight = -rect.Height(); // from the top down
     info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    const DWORD size = static_cast<DWORD>(rect.Width() * rect.Height() * 4);
+    info.bmiHeader.biBitCount = 24;
+    const DWORD bytesOfRow = static_cast<DWORD>(rect.Width() * 3 + 3) & ~DWORD{3};
+    const DWORD size = bytesOfRow * static_cast<DWORD>(rect.Height());
 
-    const HDC screen = ::GetWindowDC(window);
-    const HDC memory = ::CreateCompatibleDC(screen);
-    void* pixels = nullptr;
-    const HBITMAP bitmap = ::CreateDIBSection(memory, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
-    bool saved = false;
-    if (bitmap != nullptr) {
-        const HGDIOBJ former = ::SelectObject(memory, bitmap);
-        const BOOL drawn =
-            ::BitBlt(memory, 0, 0, rect.Width(), rect.Height(), screen, 0, 0, SRCCOPY);
-        ::GdiFlush();
-        BITMAPFILEHEADER header = {};
-        header.bfType = 0x4d42; // "BM"
-        header.bfOffBits = sizeof header + sizeof info.bmiHeader;
-        header.bfSize = header.bfOffBits + size;
-        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "wb"),
-                                                                   std::fclose);
-        saved = drawn && file != nullptr &&
-                std::fwrite(&header, sizeof header, 1, file.get()) == 1 &&
-                std::fwrite(&info.bmiHeader, sizeof info.bmiHeader, 1, file.get()) == 1 &&
-                std::fwrite(pixels, 1, size, file.get()) == size;
-        ::SelectObject(memory, former);
-        ::DeleteObject(bitmap);
-    }
-    ::DeleteDC(memory);
-    ::ReleaseDC(window, screen);
-    return saved;
+    const WindowSurface screen(window);
+    const MemorySurface memory(screen.Get(), info);
+    if (memory.Pixels() == nullptr ||
+        !::BitBlt(memory.Get(), 0, 0, rect.Width(), rect.Height(), screen.Get(), 0, 0, SRCCOPY))
+        return false;
+    ::GdiFlush();
+    BITMAPFILEHEADER header = {};
+    header.bfType = 0x4d42; // "BM"
+    header.bfOffBits = sizeof header + sizeof info.bmiHeader;
+    header.bfSize = header.bfOffBits + size;
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "wb"), std::fclose);
+    return file != nullptr && std::fwrite(&header, sizeof header, 1, file.get()) == 1 &&
+           std::fwrite(&info.bmiHeader, sizeof info.bmiHeader, 1, file.get()) == 1 &&
+           std::fwrite(memory.Pixels(), 1, size, file.get()) == size;
 }
