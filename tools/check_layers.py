@@ -7,7 +7,8 @@ COMPONENTS is what the build writes down of its components, a line each:
     component NAME FOLDER uses NAME...
 A component is the files in src/FOLDER and include/quorvel/FOLDER; the longest folder that fits wins.
 The rules are in docs/architecture.md; each message below names the one that was broken. Prints one
-line per problem (file:line: message) and exits with 1, or one summary line.
+line per problem (file:line: message, or the component's folder) and exits with 1, or one summary
+line.
 """
 
 import os
@@ -79,6 +80,7 @@ class Checker:
     def __init__(self, components, root):
         self.components, self.root = components, root
         self.allowed = {name: reachable(components, name) for name in components}
+        self.included = {name: set() for name in components}
         self.problems = []
 
     def component_of(self, path):
@@ -112,7 +114,9 @@ class Checker:
         used = self.component_of(target)
         if used is None:
             yield f"{include} belongs to no component"
-        elif used.name not in self.allowed[component.name]:
+            return
+        self.included[component.name].add(used.name)
+        if used.name not in self.allowed[component.name]:
             yield f"{component.name} may not use {used.name} ({include})"
 
     def check_file(self, path):
@@ -146,6 +150,13 @@ class Checker:
                         count += 1
         return count
 
+    def check_uses(self):
+        """After check_tree: a permission that nobody uses hides the next include that breaks a layer."""
+        for component in self.components.values():
+            for used in component.uses:
+                if used not in self.included[component.name]:
+                    self.problems.append(f"src/{component.folder}: no file needs {used}")
+
 
 def main(arguments):
     if len(arguments) != 2:
@@ -157,6 +168,7 @@ def main(arguments):
         print(error, file=sys.stderr)
         return 1
     count = checker.check_tree()
+    checker.check_uses()
     for problem in checker.problems:
         print(problem, file=sys.stderr)
     if not checker.problems:
