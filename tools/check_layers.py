@@ -81,6 +81,7 @@ class Checker:
         self.components, self.root = components, root
         self.allowed = {name: reachable(components, name) for name in components}
         self.included = {name: set() for name in components}
+        self.headers = {}
         self.problems = []
 
     def component_of(self, path):
@@ -139,6 +140,13 @@ class Checker:
                 found.append("errno belongs to the platform")
             self.problems += [f"{path}:{number}: {message}" for message in found]
 
+    def check_name(self, path):
+        """An include names what it means when no two headers have the same name."""
+        name = os.path.basename(path)
+        former = self.headers.setdefault(name, path)
+        if name.endswith(".h") and former != path:
+            self.problems.append(f"{path}:1: {former} has the same name")
+
     def check_tree(self):
         count = 0
         for top in ("src", "include/quorvel"):
@@ -147,6 +155,7 @@ class Checker:
                     if name.endswith(SOURCES):
                         path = os.path.relpath(os.path.join(folder, name), self.root)
                         self.check_file(path.replace(os.sep, "/"))
+                        self.check_name(path.replace(os.sep, "/"))
                         count += 1
         return count
 

@@ -38,6 +38,8 @@ LAYERS = [
     ("src/net/win/a.cpp", '#include "w.h"', None),
     ("src/net/win/a.cpp", '#include "net/win/w.h"', None),  # and no header of the system's net/
     ("include/quorvel/net/a.h", '#include "util/text/t.h"', "which is not installed"),
+    ("include/quorvel/net/t.h", "", "src/util/text/t.h has the same name"),
+    ("src/net/t.cpp", "", None),
     ("src/other/a.cpp", "", "belongs to no component"),
     ("src/net/a.cpp", "#include <quorvel/gone/x.h>", "belongs to no component"),
     ("src/net/a.cpp", "#include <sys/socket.h>", "belongs to the platform"),
