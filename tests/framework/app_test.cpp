@@ -1,12 +1,9 @@
 #include <quorvel/framework/app.h>
-#include <quorvel/framework/exceptions.h>
 #include <quorvel/res/message_ids.h>
 
 #include "support/german_texts.h"
 #include "support/message_box_recorder.h"
 #include "support/test.h"
-
-#include <filesystem>
 
 TEST(App, MessageBoxesGoThroughTheApplication) {
     const GermanTexts german;
@@ -36,79 +33,4 @@ TEST(App, BearsTheNameGivenOrThatOfTheProgram) {
     }
     const CWinApp unnamed;
     EXPECT_EQ(CString(AfxGetAppName()), _T("framework_tests"));
-}
-
-TEST(ExtensionModule, TextsComeFromTheProgramThenTheNewestThenTheSystemEntries) {
-    constexpr UINT kText = quorvel::kTextExceptionMemory;
-    std::filesystem::copy_file("Quorvel_DEU.dll", "app_test_copy.dll",
-                               std::filesystem::copy_options::overwrite_existing);
-    {
-        const GermanTexts german;
-        const GermanTexts copy(_T("app_test_copy.dll"));
-        ASSERT_NE(german.Module(), copy.Module());
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
-        EXPECT_EQ(AfxFindStringResourceHandle(1), nullptr);
-        const WCHAR* const stringTable = MAKEINTRESOURCEW(6);
-        EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCEW(kText / 16 + 1), stringTable),
-                  copy.Module());
-        EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCEW(1), stringTable), AfxGetResourceHandle());
-
-        AFX_EXTENSION_MODULE state = {}; // of a module that has no texts
-        ASSERT_TRUE(AfxInitExtensionModule(state, GetModuleHandleW(nullptr)));
-        auto* const entry = new CDynLinkLibrary(state);
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
-        entry->m_hResource = german.Module(); // another module's resources in place of its own
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
-        entry->m_bSystem = TRUE;
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
-        entry->m_bSystem = FALSE;
-        entry->m_hResource = nullptr; // hides none of the entries behind it
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
-        delete entry;
-        (new CDynLinkLibrary(state))->m_hResource = german.Module();
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
-        AfxTermExtensionModule(state); // and with it the entry
-        EXPECT_FALSE(state.bInitialized);
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
-
-        AfxSetResourceHandle(german.Module());
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
-        AfxSetResourceHandle(nullptr);
-    }
-    std::filesystem::remove("app_test_copy.dll");
-}
-
-TEST(ExtensionModule, StringsLoadFromTheChain) {
-    constexpr UINT kText = quorvel::kTextSystemError; // with %1
-    const GermanTexts german;
-    const CString format = german.Text(kText);
-    ASSERT_GE(format.Find(_T("%1")), 0);
-    CString filled = format;
-    filled.Replace(_T("%1"), _T("insert"));
-
-    CString text;
-    EXPECT_TRUE(text.LoadString(kText));
-    EXPECT_EQ(text, format);
-    text.FormatMessage(kText, _T("insert"));
-    EXPECT_EQ(text, filled);
-    AfxFormatString1(text, kText, _T("insert"));
-    EXPECT_EQ(text, filled);
-    CStringA narrow;
-    EXPECT_TRUE(narrow.LoadString(kText));
-    EXPECT_EQ(narrow, CStringA(format));
-
-    EXPECT_FALSE(text.LoadString(1));
-    EXPECT_THROW(text.Format(1u), CResourceException*);
-}
-
-TEST(FormatStrings, ReplacesEachNumberByItsString) {
-    const WCHAR* const strings[] = {_T("one"), _T("two")};
-    const auto filled = [&](const WCHAR* format) {
-        CString text(_T("old"));
-        AfxFormatStrings(text, format, strings, 2);
-        return text;
-    };
-    EXPECT_EQ(filled(_T("%2%1 and %2")), _T("twoone and two"));
-    EXPECT_EQ(filled(_T("%3")), _T("?"));
-    EXPECT_EQ(filled(_T("%% %0 %a 100%")), _T("%% %0 %a 100%"));
 }

@@ -1,0 +1,49 @@
+#include <quorvel/framework/mem_file.h>
+
+#include "support/test.h"
+
+#include <cstdlib>
+#include <cstring>
+
+TEST(MemFile, GrowsAndFillsGapsWithZeros) {
+    CMemFile file(4);
+    file.Write("ab", 2);
+    file.Seek(3, CFile::current);
+    EXPECT_EQ(file.GetLength(), 2u);
+    file.Write("c", 1);
+    EXPECT_EQ(file.GetLength(), 6u);
+    file.SetLength(9);
+    EXPECT_EQ(file.GetPosition(), 6u);
+    file.SeekToBegin();
+    char bytes[16];
+    std::memset(bytes, '?', sizeof bytes);
+    EXPECT_EQ(file.Read(bytes, sizeof bytes), 9u);
+    EXPECT_EQ(std::string(bytes, 10), std::string("ab\0\0\0c\0\0\0?", 10));
+    file.SetLength(1);
+    EXPECT_EQ(file.GetPosition(), 1u);
+    EXPECT_EQ(file.Seek(1LL << 40, CFile::begin), 1ULL << 40);
+    EXPECT_EQ(file.Read(bytes, 1), 0u);
+    EXPECT_THROW(file.SetLength(~0ULL), CMemoryException*);
+    EXPECT_EQ(file.GetLength(), 1u);
+    BYTE* const detached = file.Detach();
+    EXPECT_EQ(*detached, 'a');
+    std::free(detached);
+}
+
+TEST(MemFile, AttachedBytesAreTheFileOrItsRoom) {
+    BYTE bytes[4] = {1, 2, 3, 4};
+    CMemFile fixed(bytes, sizeof bytes);
+    fixed.Seek(2, CFile::begin);
+    EXPECT_THROW(fixed.Write("xyz", 3), CMemoryException*);
+    EXPECT_EQ(bytes[2], 3);
+    fixed.Write("xy", 2);
+    EXPECT_EQ(bytes[3], 'y');
+
+    CMemFile growing;
+    growing.Attach(static_cast<BYTE*>(std::malloc(2)), 2, 16);
+    EXPECT_EQ(growing.GetLength(), 0u);
+    growing.Write("abc", 3);
+    BYTE* const detached = growing.Detach();
+    EXPECT_EQ(std::memcmp(detached, "abc", 3), 0);
+    std::free(detached);
+}
