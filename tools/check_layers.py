@@ -38,6 +38,10 @@ SYSTEM_HEADER = re.compile(
 # Where the systems may differ by preprocessor, and where their headers may be seen.
 TWO_SYSTEMS = ("src/platform/", "include/quorvel/platform/", "src/framework/", "include/quorvel/framework/")
 PLATFORM = ("src/platform/", "include/quorvel/platform/")
+# The headers that bring in the whole of the Linux layer. Within it they would tie every file to every
+# other one.
+LINUX_LAYER = "src/platform/linux/"
+UMBRELLAS = ("src/platform/win32.h", "src/platform/linux/api.h")
 
 
 def read_components(path):
@@ -112,6 +116,8 @@ class Checker:
             return
         if "/win/" in target and "/win/" not in path and not path.startswith(PLATFORM):
             yield f"a portable file includes {include}"
+        if target in UMBRELLAS and path.startswith(LINUX_LAYER):
+            yield f"{include} is for the layer's callers: include the header that is used"
         used = self.component_of(target)
         if used is None:
             yield f"{include} belongs to no component"

@@ -19,6 +19,7 @@ component controls net/controls uses net
 """
 HEADERS = [
     "include/quorvel/platform/p.h",
+    "src/platform/win32.h",
     "include/quorvel/net/n.h",
     "include/quorvel/net/controls/c.h",
     "src/net/win/w.h",
@@ -45,6 +46,8 @@ LAYERS = [
     ("src/net/a.cpp", "#include <sys/socket.h>", "belongs to the platform"),
     ("src/framework/a.cpp", "#include <windows.h>", "belongs to the platform"),
     ("src/platform/a.cpp", "#include <unistd.h>\n#ifdef __linux__\nint e = errno;", None),
+    ("src/platform/linux/a.cpp", '#include "platform/win32.h"', "is for the layer's callers"),
+    ("src/net/a.cpp", '#include "platform/win32.h"', None),
     ("src/net/a.cpp", "#if defined(_WIN32)", "told apart by files"),
     ("src/framework/a.cpp", "#if defined(_WIN32)", None),
     ("src/net/a.cpp", "int e = errno;", "errno belongs"),

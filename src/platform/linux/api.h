@@ -5,12 +5,13 @@
 
 #include <quorvel/platform/linux_api.h>
 
-#include "platform/linux/files/file.h"
+#include "platform/linux/files/file_operations.h"
 #include "platform/linux/files/path.h"
-#include "platform/linux/locale/date_time.h"
+#include "platform/linux/locale/date_format.h"
 #include "platform/linux/locale/locale.h"
+#include "platform/linux/locale/time_zone.h"
 #include "platform/linux/net/socket.h"
-#include "platform/linux/resources/module.h"
+#include "platform/linux/resources/pe_module.h"
 #include "platform/linux/resources/version_info.h"
 #include "platform/linux/system/system_version.h"
 #include "platform/linux/text/crt.h"
@@ -20,5 +21,5 @@
 #include "platform/linux/waits/handle.h"
 #include "platform/linux/waits/thread.h"
 #include "platform/linux/waits/wait.h"
-#include "platform/linux/windows/message_box.h"
+#include "platform/linux/windows/terminal_message_box.h"
 #include "platform/linux/windows/window.h"

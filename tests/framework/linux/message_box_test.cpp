@@ -1,4 +1,4 @@
-#include "platform/linux/windows/message_box.h"
+#include "platform/linux/windows/terminal_message_box.h"
 
 #include "platform/win32.h"
 

@@ -1,5 +1,5 @@
 // The file operations that take names and not handles.
-#include "platform/linux/files/file.h"
+#include "platform/linux/files/file_operations.h"
 
 #include "platform/linux/files/open_files.h"
 #include "platform/linux/files/path.h"

@@ -1,7 +1,8 @@
 // A picture is a text in which runs of letters stand for parts of a date or of a time, quoted text
 // for itself (with '' for a quote), and everything else for itself, too.
+#include "platform/linux/locale/date_format.h"
+
 #include "platform/linux/locale/date_names.h"
-#include "platform/linux/locale/date_time.h"
 #include "platform/linux/locale/locale.h"
 #include "platform/linux/system/system_error.h"
 

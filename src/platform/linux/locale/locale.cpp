@@ -1,7 +1,8 @@
 #include "platform/linux/locale/locale.h"
 
+#include <quorvel/platform/linux_api.h>
+
 #include "platform/linux/locale/date_names.h"
-#include "platform/win32.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -240,7 +241,7 @@ int ReturnText(const std::u16string& result, LPWSTR text, int length) {
     if (length == 0)
         return needed;
     if (length < needed) {
-        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        win32::SetLastError(ERROR_INSUFFICIENT_BUFFER);
         return 0;
     }
     std::copy_n(result.c_str(), needed, text);

@@ -1,5 +1,6 @@
 #include "platform/linux/locale/locale.h"
-#include "platform/win32.h"
+
+#include <quorvel/platform/linux_api.h>
 
 #include <algorithm>
 #include <string_view>

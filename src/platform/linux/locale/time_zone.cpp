@@ -1,7 +1,8 @@
 // A zone is a bias and, where clocks change, two yearly rules: when daylight saving time begins, in
 // standard time, and when it ends, in daylight saving time. The system's zone file has a table of
 // changes instead; this year's two changes make the rules.
-#include "platform/linux/locale/date_time.h"
+#include "platform/linux/locale/time_zone.h"
+
 #include "platform/linux/system/system_error.h"
 
 #include <algorithm>

@@ -1,8 +1,9 @@
 #include "platform/linux/net/posix_sockets.h"
 
-#include "platform/win32.h"
-
 #include "platform/linux/net/socket.h"
+
+#include <quorvel/platform/linux_api.h>
+
 #include "platform/linux/net/socket_calls.h"
 #include "platform/linux/net/socket_object.h"
 

@@ -1,8 +1,9 @@
 #include "platform/linux/net/posix_sockets.h"
 
-#include "platform/win32.h"
+#include "platform/linux/net/socket.h"
 
 #include "platform/linux/net/socket_calls.h"
+#include "platform/linux/net/socket_object.h"
 
 #include <algorithm>
 #include <cstring>

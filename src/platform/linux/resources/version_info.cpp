@@ -1,7 +1,7 @@
 #include "platform/linux/resources/version_info.h"
 
-#include "platform/linux/resources/module.h"
 #include "platform/linux/resources/pe_file.h"
+#include "platform/linux/resources/pe_module.h"
 #include "platform/linux/resources/version_block.h"
 #include "platform/linux/system/system_error.h"
 

@@ -1,4 +1,4 @@
-#include "platform/win32.h"
+#include <quorvel/platform/linux_api.h>
 
 namespace quorvel::win32 {
 

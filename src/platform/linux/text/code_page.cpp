@@ -1,8 +1,9 @@
 #include "platform/linux/text/code_page.h"
 
+#include <quorvel/platform/linux_api.h>
+
 #include "platform/linux/text/code_page_table.h"
 #include "platform/linux/text/converter.h"
-#include "platform/win32.h"
 
 #include <climits>
 #include <iterator>
@@ -22,7 +23,7 @@ UINT Resolve(UINT codePage) {
     case CP_OEMCP:
     case CP_MACCP:
     case CP_THREAD_ACP:
-        return GetACP();
+        return win32::GetACP();
     default:
         return codePage;
     }
@@ -47,7 +48,7 @@ int Finish(DWORD error, const Output<Unit>& output) {
         error = ERROR_INVALID_PARAMETER; // no buffer that a caller can name would hold it
     if (error == ERROR_SUCCESS)
         return static_cast<int>(output.Count());
-    SetLastError(error);
+    win32::SetLastError(error);
     return 0;
 }
 

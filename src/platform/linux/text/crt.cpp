@@ -1,4 +1,4 @@
-#include "platform/win32.h"
+#include "platform/linux/text/crt.h"
 
 #include "platform/linux/text/crt_conversion.h"
 

@@ -1,5 +1,6 @@
+#include "platform/linux/text/letter_case.h"
+
 #include "platform/case_fold.h"
-#include "platform/win32.h"
 
 #include <unicode/uchar.h>
 

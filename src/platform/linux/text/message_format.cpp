@@ -1,4 +1,6 @@
-#include "platform/win32.h"
+#include "platform/linux/text/message_format.h"
+
+#include <quorvel/platform/linux_api.h>
 
 #include "platform/linux/text/crt_conversion.h"
 #include "platform/linux/text/error_texts.h"

@@ -1,4 +1,6 @@
-#include "platform/win32.h"
+#include "platform/linux/waits/thread.h"
+
+#include <quorvel/platform/linux_api.h>
 
 #include "platform/linux/system/system_error.h"
 #include "platform/linux/waits/wait.h"

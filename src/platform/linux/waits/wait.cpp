@@ -1,7 +1,7 @@
-#include "platform/win32.h"
+#include "platform/linux/waits/wait.h"
 
 #include "platform/linux/system/system_error.h"
-#include "platform/linux/waits/wait.h"
+#include "platform/linux/waits/thread.h"
 
 #include <linux/futex.h>
 #include <sched.h>

@@ -1,6 +1,6 @@
-#include "platform/win32.h"
-
 #include "platform/linux/windows/message_queue.h"
+
+#include <quorvel/platform/linux_api.h>
 
 #include <algorithm>
 

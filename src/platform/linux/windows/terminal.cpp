@@ -1,6 +1,6 @@
 #include "platform/linux/windows/terminal.h"
 
-#include "platform/win32.h"
+#include <quorvel/platform/linux_api.h>
 
 #include <sys/ioctl.h>
 #include <unistd.h>

@@ -2,10 +2,13 @@
 // calls a procedure: a procedure may create, destroy and send as it likes, and a window may be gone
 // when it returns. A handle bears its slot's generation, so one of a destroyed window stays invalid
 // when the slot is used again.
-#include "platform/win32.h"
+#include "platform/linux/windows/window.h"
+
+#include <quorvel/platform/linux_api.h>
 
 #include "platform/case_fold.h"
 #include "platform/linux/system/system_error.h"
+#include "platform/linux/waits/thread.h"
 #include "platform/linux/windows/message_queue.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "platform/linux/files/file.h"
+#include "platform/linux/files/file_operations.h"
 
 #include "platform/linux/files/open_files.h"
 #include "platform/linux/files/path.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/resources/module.h"
+#include "platform/linux/resources/pe_module.h"
 
 #include "platform/case_fold.h"
 #include "platform/linux/files/path.h"

@@ -1,7 +1,8 @@
-#include "platform/linux/windows/message_box.h"
+#include "platform/linux/windows/terminal_message_box.h"
+
+#include <quorvel/platform/linux_api.h>
 
 #include "platform/linux/windows/terminal.h"
-#include "platform/win32.h"
 
 #include <cctype>
 #include <span>

@@ -1,4 +1,4 @@
-// Dates and times as text; local time and UTC. Any thread.
+// Dates and times as text. Any thread.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>
@@ -17,15 +17,5 @@ int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR pic
                    int length);
 int GetTimeFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR picture, LPWSTR text,
                    int length);
-
-// A null zone is the system's (or TZ's) as the process found it first, with the rules
-// of the current year for every year, as Windows has it. A local time that occurs twice is the
-// first of the two, one that is left out counts as daylight saving time. FALSE and 87, and the
-// output unchanged, for a date that does not exist, for times before 1601 on either side, and for
-// rules that are incomplete or for one year only (which Windows takes).
-BOOL SystemTimeToTzSpecificLocalTime(const TIME_ZONE_INFORMATION* zone, const SYSTEMTIME* utc,
-                                     SYSTEMTIME* local);
-BOOL TzSpecificLocalTimeToSystemTime(const TIME_ZONE_INFORMATION* zone, const SYSTEMTIME* local,
-                                     SYSTEMTIME* utc);
 
 } // namespace quorvel::win32
