@@ -4,7 +4,7 @@
 
 // One set of definitions for the three classes.
 #define QUORVEL_DEFINE_HOLDER(Class, Value)                                                        \
-    void Class::Serialize(CArchive& archive) const {                                               \
+    void Class::Serialize(CArchive& archive) {                                                     \
         archive << m_data;                                                                         \
     }                                                                                              \
     void Class::Deserialize(CArchive& archive) {                                                   \

@@ -175,7 +175,7 @@ int CFraction::GetLowestCommonDenominator(const CFraction& first,
 }
 
 void CFraction::DecimalToFraction(double value, int& numerator, int& denominator) noexcept {
-    constexpr double kLargest = std::numeric_limits<int>::max();
+    constexpr int kLargest = std::numeric_limits<int>::max();
     constexpr double kTolerance = 1e-7;
     constexpr int kMostTerms = 16;
 
@@ -183,15 +183,17 @@ void CFraction::DecimalToFraction(double value, int& numerator, int& denominator
     const double magnitude = std::fabs(value);
     if (!(magnitude <= kLargest)) // NaN included
         return;
-    // Convergents h/k; the two before the first are 0/1 and 1/0. A whole number is complete with
-    // the first.
-    int lastH = 0, h = 1;
-    int lastK = 1, k = 0;
+    // Convergents h/k; the two before the first are 0/1 and 1/0. The first always fits, and a whole
+    // number is complete with it.
+    std::int64_t lastH = 0, h = 1;
+    std::int64_t lastK = 1, k = 0;
     double rest = magnitude; // fits in 32 bits: the reciprocals below stay under 1e7
     for (int term = 0; term < kMostTerms; ++term) {
         const int whole = static_cast<int>(rest);
-        const int nextH = Wrap(std::int64_t{whole} * h + lastH);
-        const int nextK = Wrap(std::int64_t{whole} * k + lastK);
+        const std::int64_t nextH = whole * h + lastH;
+        const std::int64_t nextK = whole * k + lastK;
+        if (nextH > kLargest || nextK > kLargest)
+            break;
         lastH = h;
         h = nextH;
         lastK = k;
@@ -200,11 +202,11 @@ void CFraction::DecimalToFraction(double value, int& numerator, int& denominator
         if (fraction < kTolerance)
             break;
         rest = 1 / fraction;
-        if (std::fabs(static_cast<double>(h) / k - magnitude) < kTolerance)
+        if (std::fabs(static_cast<double>(h) / static_cast<double>(k) - magnitude) < kTolerance)
             break;
     }
-    numerator = value < 0 ? Wrap(-std::int64_t{h}) : h;
-    denominator = k;
+    numerator = static_cast<int>(value < 0 ? -h : h);
+    denominator = static_cast<int>(k);
 }
 
 void CFraction::Serialize(CArchive& archive) {

@@ -7,7 +7,7 @@
 namespace {
 
 template <class Value>
-std::string ImageOf(const Value& value) {
+std::string ImageOf(Value& value) {
     return Stored([&](CArchive& archive) { value.Serialize(archive); });
 }
 
@@ -64,6 +64,17 @@ TEST(DataHolders, AreStoredInTheirOwnWidth) {
     ExpectImage(CByteData(0xf1), "\xf1");
     ExpectImage(CWordData(0x1234), "\x34\x12");
     ExpectImage(CDWordData(0x89abcdef), "\xef\xcd\xab\x89");
+    struct Doubled : CByteData {
+        using CByteData::CByteData;
+        void Serialize(CArchive& archive) { archive << WORD{0x1234}; }
+    } doubled(1);
+    EXPECT_EQ(ImageOf<CByteData>(doubled), "\x34\x12");
+}
+
+TEST(DataHolders, AValueIsComparedFromEitherSide) {
+    EXPECT_TRUE(BYTE{5} == CByteData(5) && CByteData(5) == BYTE{5} && BYTE{4} != CByteData(5));
+    EXPECT_TRUE(WORD{5} == CWordData(5) && CWordData(5) != WORD{4} && WORD{4} != CWordData(5));
+    EXPECT_TRUE(DWORD{5} == CDWordData(5) && CDWordData(5) != DWORD{4});
 }
 
 constexpr char kDigits[] = "0123456789abcdefABCDEF0123456789";

@@ -4,7 +4,10 @@
 #include "support/archive_image.h"
 #include "support/test.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <random>
 
 namespace {
 
@@ -98,15 +101,46 @@ TEST(Fraction, ComparesValuesAndNeverTheUndefined) {
 
 TEST(Fraction, DecimalsBecomeNearFractions) {
     const std::tuple<double, F> rows[] = {
-        {0.75, {3, 4}},         {0.1f, {1, 10}},        {-2147483648.0, {0, 0}},
-        {-0.0, {0, 1}},         {HUGE_VAL, {0, 0}},     {2147483647, {INT_MAX, 1}},
-        {1e-8, {0, 1}},         {0.3333333, {1, 3}},    {3.14159265358979, {103993, 33102}},
-        {-2.0, {-2, 1}},        {2147483647.5, {0, 0}}, {-3.5, {-7, 2}},
+        {0.75, {3, 4}},
+        {0.1f, {1, 10}},
+        {-2147483648.0, {0, 0}},
+        {-0.0, {0, 1}},
+        {HUGE_VAL, {0, 0}},
+        {2147483647, {INT_MAX, 1}},
+        {1e-8, {0, 1}},
+        {0.3333333, {1, 3}},
+        {3.14159265358979, {103993, 33102}},
+        {-2.0, {-2, 1}},
+        {2147483647.5, {0, 0}},
+        {-3.5, {-7, 2}},
         {std::nan(""), {0, 0}},
+        {2000000000.7, {2000000001, 1}},
+        // Its convergents: 63818/1, 191455/3, 1786913/28, 1978368/31, 2824918049/44265.
+        {63818.32257991649, {1978368, 31}},
     };
     for (const auto& [value, fraction] : rows)
         EXPECT_TRUE(Is(F(value), fraction)) << value;
-    F(2000000000.123456789); // convergents beyond 32 bits: defined, whatever the result
+    std::mt19937_64 random(1);
+    for (int i = 0; i < 20000; ++i) {
+        const double value = std::ldexp(std::uniform_real_distribution<>(-1, 1)(random), i % 32);
+        const double tolerance = std::max(1e-6, std::fabs(std::ldexp(value, -31)));
+        ASSERT_NEAR(F(value).GetDecimal(), value, tolerance);
+    }
+}
+
+TEST(Fraction, TakesEveryIntegerThatFits) {
+    const std::tuple<F, F> rows[] = {
+        {LONG{-7}, {-7, 1}},
+        {2147483647u, {2147483647, 1}},
+        {2147483648u, {0, 0}},
+        {-7L, {-7, 1}},
+        {std::int64_t{-2147483648}, {INT_MIN, 1}},
+        {std::int64_t{4294967297}, {0, 0}},
+        {'\7', {7, 1}},
+    };
+    for (const auto& [fraction, expected] : rows)
+        EXPECT_TRUE(Is(fraction, expected));
+    EXPECT_TRUE(F(6, 3) == LONG{2} && LONG{2} == F(6, 3) && F(1, 2) < DWORD{1});
 }
 
 TEST(Fraction, TextHasTheSignInFront) {

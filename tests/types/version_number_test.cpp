@@ -29,6 +29,10 @@ TEST(VersionNumber, TextIsReadPartByPart) {
               _T("2147483647.-2147483648.0.-1"));
 }
 
+// 0 would be a null text.
+static_assert(!std::is_constructible_v<CVersionNumber, int> &&
+              !std::is_convertible_v<DWORD, CVersionNumber>);
+
 TEST(VersionNumber, TheFirstDifferentPartDecides) {
     const CVersionNumber ascending[] = {
         {0, 0, 0, 4294967295}, {0, 0, 1, 0},          {1, 2, 0, 0},          {1, 2, 0, 1},

@@ -2,7 +2,8 @@
 // fields.
 //
 // A field is the `width` bits from bit `shift` on, counted from the lowest. The three classes
-// differ in the width of their value alone and are explained on the first. Nothing throws but
+// differ in the width of their value alone and are explained on the first. A plain value may stand
+// on either side of == and !=. Nothing throws but
 // Serialize and Deserialize. One object may be used by one thread at a time.
 #pragma once
 
@@ -24,12 +25,16 @@ public:
 
     // The value in its own width, little-endian. Both throw as CArchive does: into an archive that
     // loads, readOnly; from one that stores, writeOnly; endOfFile, and the value unchanged.
-    virtual void Serialize(CArchive& archive) const;
+    virtual void Serialize(CArchive& archive);
     virtual void Deserialize(CArchive& archive);
     virtual ~CByteData() = default;
 
-    BOOL operator==(const CByteData& other) const noexcept { return m_data == other.m_data; }
-    BOOL operator!=(const CByteData& other) const noexcept { return m_data != other.m_data; }
+    friend BOOL operator==(const CByteData& left, const CByteData& right) noexcept {
+        return left.m_data == right.m_data;
+    }
+    friend BOOL operator!=(const CByteData& left, const CByteData& right) noexcept {
+        return left.m_data != right.m_data;
+    }
 
     void SetData(BYTE data) noexcept { m_data = data; }
     BYTE GetData() const noexcept { return m_data; }
@@ -60,12 +65,16 @@ public:
     CWordData(const CWordData& other) noexcept = default;
     CWordData& operator=(const CWordData& other) noexcept = default;
 
-    virtual void Serialize(CArchive& archive) const;
+    virtual void Serialize(CArchive& archive);
     virtual void Deserialize(CArchive& archive);
     virtual ~CWordData() = default;
 
-    BOOL operator==(const CWordData& other) const noexcept { return m_data == other.m_data; }
-    BOOL operator!=(const CWordData& other) const noexcept { return m_data != other.m_data; }
+    friend BOOL operator==(const CWordData& left, const CWordData& right) noexcept {
+        return left.m_data == right.m_data;
+    }
+    friend BOOL operator!=(const CWordData& left, const CWordData& right) noexcept {
+        return left.m_data != right.m_data;
+    }
 
     void SetData(WORD data) noexcept { m_data = data; }
     WORD GetData() const noexcept { return m_data; }
@@ -102,12 +111,16 @@ public:
     CDWordData(const CDWordData& other) noexcept = default;
     CDWordData& operator=(const CDWordData& other) noexcept = default;
 
-    virtual void Serialize(CArchive& archive) const;
+    virtual void Serialize(CArchive& archive);
     virtual void Deserialize(CArchive& archive);
     virtual ~CDWordData() = default;
 
-    BOOL operator==(const CDWordData& other) const noexcept { return m_data == other.m_data; }
-    BOOL operator!=(const CDWordData& other) const noexcept { return m_data != other.m_data; }
+    friend BOOL operator==(const CDWordData& left, const CDWordData& right) noexcept {
+        return left.m_data == right.m_data;
+    }
+    friend BOOL operator!=(const CDWordData& left, const CDWordData& right) noexcept {
+        return left.m_data != right.m_data;
+    }
 
     void SetData(DWORD data) noexcept { m_data = data; }
     DWORD GetData() const noexcept { return m_data; }

@@ -12,10 +12,19 @@
 #include <quorvel/framework/string.h>
 #include <quorvel/platform/platform.h>
 
+#include <concepts>
+#include <utility>
+
 class QUORVEL_API CFraction {
 public:
     CFraction() noexcept = default; // 0/1
     CFraction(int number) noexcept : m_numerator(number) {}
+    // An integer of any other type, so that LONG, DWORD and std::int64_t are taken alike on every
+    // system. One that does not fit in 32 bits gives 0/0.
+    template <std::integral Integer>
+    CFraction(Integer number) noexcept
+        : m_numerator(std::in_range<int>(+number) ? static_cast<int>(number) : 0),
+          m_denominator(std::in_range<int>(+number)) {}
     CFraction(int numerator, int denominator) noexcept
         : m_numerator(numerator), m_denominator(denominator) {}
     CFraction(float value) noexcept; // as DecimalToFraction
@@ -64,9 +73,10 @@ public:
     static int GetLeastCommonMultiple(int a, int b) noexcept; // the product wraps before division
     static int GetLowestCommonDenominator(const CFraction& first, const CFraction& second) noexcept;
 
-    // The first convergent of the value's continued fraction that is nearer than 1e-7, or the 16th:
-    // 3/4 of 0.75. A convergent wraps, so a value above some millions with a long fraction may give
-    // another one. 0/0 for a magnitude above 2147483647 and for NaN.
+    // The first convergent of the value's continued fraction that is nearer than 1e-7: 3/4 of 0.75.
+    // Where there is none among the first 16 that fit in 32 bits, the last of these: it is nearer
+    // than 1e-6, or than a 2147483648th of the value. 0/0 for a magnitude above 2147483647 and for
+    // NaN.
     static void DecimalToFraction(double value, int& numerator, int& denominator) noexcept;
 
     // Stores, or loads, the numerator and then the denominator as 32-bit integers. Throws as

@@ -12,7 +12,9 @@ public:
     static constexpr int GUID_LENGTH = 32;
     static constexpr char DEFAULT_GUID[] = "00000000000000000000000000000000";
 
-    CGUID(); // a new identifier, as GenerateNewGUID makes it
+    // A new identifier, as GenerateNewGUID makes it; DEFAULT_GUID when the system has no random
+    // bytes to give, which IsValid accepts: compare with it where that matters.
+    CGUID();
     CGUID(const CGUID& other) = default;
     CGUID& operator=(const CGUID& other) = default;
 
@@ -20,7 +22,7 @@ public:
     BOOL operator!=(const CGUID& other) const noexcept { return m_guid != other.m_guid; }
 
     // A random identifier from AfxGenerateID, in upper case. FALSE, and the identifier as it was,
-    // only when the system has no random bytes to give.
+    // only when the system has no random bytes to give or there is no memory.
     BOOL GenerateNewGUID();
 
     // 32 hexadecimal digits of either case and nothing else. FALSE for a null text.

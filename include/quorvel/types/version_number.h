@@ -7,11 +7,16 @@
 #include <quorvel/framework/string.h>
 #include <quorvel/platform/platform.h>
 
+#include <concepts>
+
 class QUORVEL_API CVersionNumber {
 public:
     CVersionNumber() noexcept = default; // 0.0.0.0
     CVersionNumber(DWORD major, DWORD minor, DWORD revision, DWORD build) noexcept;
     CVersionNumber(const WCHAR* text) noexcept; // as ParseVersionNumberString; 0.0.0.0 on failure
+    // A number is no text: 0 would be a null one. For version 5.0.0.0 write all four parts.
+    template <std::integral Integer>
+    CVersionNumber(Integer) = delete;
     CVersionNumber(const CVersionNumber& other) noexcept = default;
     CVersionNumber& operator=(const CVersionNumber& other) noexcept = default;
 
