@@ -19,6 +19,7 @@
 
 #include "platform/win32.h"
 #include "xml/markup_plan.h"
+#include "xml/typed_values.h"
 
 #include <algorithm>
 #include <climits>
@@ -227,13 +228,23 @@ bool CMarkupEditSession::AddChildElem(const WCHAR* name, const WCHAR* value) {
     return Add(name, value, true);
 }
 
+bool CMarkupEditSession::AddAttrib(const WCHAR* name, const WCHAR* value) {
+    return Set(m_iPosMain, name, value);
+}
+
 bool CMarkupEditSession::SetAttrib(const WCHAR* name, const WCHAR* value) {
     return Set(m_iPosMain, name, value);
+}
+
+bool CMarkupEditSession::AddChildAttrib(const WCHAR* name, const WCHAR* value) {
+    return Set(m_iPosChild, name, value);
 }
 
 bool CMarkupEditSession::SetChildAttrib(const WCHAR* name, const WCHAR* value) {
     return Set(m_iPosChild, name, value);
 }
+
+QUORVEL_DEFINE_TYPED_VALUES(CMarkupEditSession)
 
 bool CMarkupEditSession::Commit() {
     if (m_markup == nullptr || m_markup->m_strDoc.GetString() != m_strOriginal.GetString())

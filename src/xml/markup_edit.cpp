@@ -5,13 +5,13 @@
 
 #include "platform/win32.h"
 #include "xml/markup_plan.h"
+#include "xml/typed_values.h"
 
 #include <algorithm>
 #include <climits>
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <type_traits>
 
 namespace {
 
@@ -342,53 +342,4 @@ bool CMarkup::SetChildAttrib(const WCHAR* name, const WCHAR* value) {
     return x_SetAttrib(m_iPosChild, name, value);
 }
 
-namespace {
-
-// The text of a typed value. long is 32 bits wide in both builds: the same document on both.
-template <class T>
-CString TextOf(T value) {
-    constexpr bool isSigned = std::is_signed_v<T>;
-    CString text;
-    if constexpr (std::is_same_v<T, bool>)
-        text = value ? _T("yes") : _T("no");
-    else if constexpr (std::is_same_v<T, char>)
-        text = static_cast<WCHAR>(static_cast<unsigned char>(value));
-    else if constexpr (std::is_floating_point_v<T>)
-        text.Format(_T("%g"), static_cast<double>(value));
-    else if constexpr (std::is_same_v<std::make_unsigned_t<T>, unsigned long long>)
-        text.Format(isSigned ? _T("%I64d") : _T("%I64u"), value);
-    else if constexpr (isSigned)
-        text.Format(_T("%d"), static_cast<int>(value));
-    else
-        text.Format(_T("%u"), static_cast<unsigned int>(value));
-    return text;
-}
-
-} // namespace
-
-#define QUORVEL_TYPED_VALUE(operation, type)                                                       \
-    bool CMarkup::operation(const WCHAR* name, type value) {                                       \
-        return operation(name, TextOf(value).GetString());                                         \
-    }
-#define QUORVEL_TYPED_VALUES(operation)                                                            \
-    QUORVEL_TYPED_VALUE(operation, bool)                                                           \
-    QUORVEL_TYPED_VALUE(operation, char)                                                           \
-    QUORVEL_TYPED_VALUE(operation, unsigned char)                                                  \
-    QUORVEL_TYPED_VALUE(operation, short)                                                          \
-    QUORVEL_TYPED_VALUE(operation, unsigned short)                                                 \
-    QUORVEL_TYPED_VALUE(operation, int)                                                            \
-    QUORVEL_TYPED_VALUE(operation, unsigned int)                                                   \
-    QUORVEL_TYPED_VALUE(operation, long)                                                           \
-    QUORVEL_TYPED_VALUE(operation, unsigned long)                                                  \
-    QUORVEL_TYPED_VALUE(operation, __int64)                                                        \
-    QUORVEL_TYPED_VALUE(operation, unsigned long long)                                             \
-    QUORVEL_TYPED_VALUE(operation, float)                                                          \
-    QUORVEL_TYPED_VALUE(operation, double)
-QUORVEL_TYPED_VALUES(AddElem)
-QUORVEL_TYPED_VALUES(AddChildElem)
-QUORVEL_TYPED_VALUES(AddAttrib)
-QUORVEL_TYPED_VALUES(SetAttrib)
-QUORVEL_TYPED_VALUES(AddChildAttrib)
-QUORVEL_TYPED_VALUES(SetChildAttrib)
-#undef QUORVEL_TYPED_VALUES
-#undef QUORVEL_TYPED_VALUE
+QUORVEL_DEFINE_TYPED_VALUES(CMarkup)

@@ -1,6 +1,7 @@
 #include "xml/markup_probe.h"
 
 #include <quorvel/framework/exceptions.h>
+#include <quorvel/xml/edit_session.h>
 
 #include "support/test.h"
 
@@ -24,6 +25,11 @@ TEST(MarkupEditing, BuildsADocument) {
     EXPECT_FALSE(empty.SetAttrib(_T("e"), nullptr));
     EXPECT_EQ(empty.GetDoc(), _T("<a e=\"23\">\r\n<b/>\r\n<c d=\"&apos;&quot;\">&lt;'\"&gt;</c>")
                               _T("\r\n</a>\r\n"));
+
+    CMarkup failed(_T("<a"));
+    EXPECT_TRUE(failed.AddElem(_T(""), 5)); // behind what was kept, whatever the name
+    EXPECT_EQ(failed.GetDoc(), _T("<a<>5</>\r\n"));
+    EXPECT_EQ(failed.GetData(), _T("5"));
 }
 
 TEST(MarkupEditing, AddsWhereThePositionsSay) {
@@ -52,6 +58,14 @@ TEST(MarkupEditing, AddsWhereThePositionsSay) {
     }
 }
 
+template <class Value>
+constexpr bool kIsWritten = requires(CMarkup markup, CMarkupEditSession session, Value value) {
+    markup.AddElem(_T(""), value);
+    session.SetChildAttrib(_T(""), value);
+};
+static_assert(kIsWritten<WCHAR*> && kIsWritten<CString> && kIsWritten<std::nullptr_t>);
+static_assert(!kIsWritten<char*> && !kIsWritten<int*> && !kIsWritten<void (*)()>);
+
 TEST(MarkupEditing, WritesTypedValues) {
     CMarkup markup(_T("<r/>"));
     markup.FindElem();
@@ -65,6 +79,10 @@ TEST(MarkupEditing, WritesTypedValues) {
     EXPECT_WRITTEN(static_cast<unsigned char>(200), _T("200"));
     EXPECT_WRITTEN(static_cast<__int64>(LLONG_MIN), _T("-9223372036854775808"));
     EXPECT_WRITTEN(ULLONG_MAX, _T("18446744073709551615"));
+    EXPECT_WRITTEN(std::int64_t{5000000000}, _T("5000000000"));
+    EXPECT_WRITTEN(std::numeric_limits<long>::max(),
+                   sizeof(long) == 8 ? _T("9223372036854775807") : _T("2147483647"));
+    EXPECT_WRITTEN(-1L, _T("-1"));
     EXPECT_WRITTEN(0.1f, _T("0.1"));
     EXPECT_WRITTEN(1e20, _T("1e+020"));
 #undef EXPECT_WRITTEN

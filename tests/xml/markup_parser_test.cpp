@@ -19,6 +19,7 @@ constexpr Refusal kRefusals[] = {
     {"comment without an end", _T("<!-- -- >"), _T("Invalid node")},
     {"declaration without an end", _T("<!DOCTYPE a [ <!ENTITY b 'c]>'> "), _T("Invalid node")},
     {"a bracket in a longer word opens a level", _T("<!DOCTYPE x[ ><a/>"), _T("Invalid node")},
+    {"quote in its comment", _T("<!DOCTYPE a [<!-- 'tis -->]><a/>"), _T("Invalid node")},
     {"blank before the mark", _T("< !-- c --><a/>"), _T("Invalid node")},
     {"start tag without an end", _T("<a b='c'"), _T("End of tag not found")},
     {"tag of brackets alone", _T("<>"), _T("End of tag not found")},

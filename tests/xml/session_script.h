@@ -89,12 +89,19 @@ private:
     static bool Step(Document& document, unsigned operation, unsigned choice) {
         const WCHAR* name = Pick(kNames, choice);
         const WCHAR* value = Pick(kValues, choice / std::size(kNames));
+        const bool typed = choice % 3 == 2;
+        const int number = static_cast<int>(choice);
         const WCHAR* const sought = choice % 4 == 0 ? name : nullptr;
         const std::function<bool()> steps[kOperations] = {
-            [&] { return document.AddElem(name, value); },
+            [&] { return typed ? document.AddElem(name, number) : document.AddElem(name, value); },
             [&] { return document.AddChildElem(name, value); },
-            [&] { return document.SetAttrib(name, value); },
-            [&] { return document.SetChildAttrib(name, value); },
+            [&] {
+                return typed ? document.AddAttrib(name, number) : document.SetAttrib(name, value);
+            },
+            [&] {
+                return typed ? document.AddChildAttrib(name, value)
+                             : document.SetChildAttrib(name, value);
+            },
             [&] { return document.FindElem(sought); },
             [&] { return document.FindElem(sought); },
             [&] { return document.FindChildElem(sought); },

@@ -46,8 +46,11 @@ public:
 
     bool AddElem(const WCHAR* name, const WCHAR* value = nullptr);
     bool AddChildElem(const WCHAR* name, const WCHAR* value = nullptr);
+    bool AddAttrib(const WCHAR* name, const WCHAR* value);
     bool SetAttrib(const WCHAR* name, const WCHAR* value);
+    bool AddChildAttrib(const WCHAR* name, const WCHAR* value);
     bool SetChildAttrib(const WCHAR* name, const WCHAR* value);
+    QUORVEL_TYPED_VALUES
 
     // Gives the document back with all accepted edits and ends the session: there is nothing left
     // to find in it, and every further edit is refused. False, with the CMarkup as it is, when the

@@ -17,7 +17,9 @@
 // behind it, so that many edits at the front of a large document are quadratic by definition.
 // Appending is linear where each element goes after the one added last, or, without a child
 // position, to one long list of children at a time. CMarkupEditSession makes many edits in linear
-// time.
+// time. Elements and attributes can be added and attributes changed, but nothing can be removed: a
+// host that drops an element takes its text out of the document (GetDocRef, SetDoc) or writes a new
+// one.
 //
 // How texts are read (the parser is lenient; AfxCheckXML judges well-formedness):
 // - A zero character ends the text for the parser; the document keeps what follows it.
@@ -29,7 +31,10 @@
 // - White space between "<" and "/" is allowed; between "<" and "!" or "?" it is an "Invalid node".
 // - Comments, sections and instructions end at the first terminator behind their "<", so that
 //   "<!-->" and "<?>" are complete. Any "<![" opens a CDATA section and any "<!-" a comment.
-// - In a document type declaration every unquoted "[" and "]" counts, inside a longer word too.
+// - In a document type declaration every unquoted "[" and "]" counts, inside a longer word too, and
+//   a comment is read like the rest of it: its brackets count, a quote that begins a word hides
+//   everything up to the next quote of its kind, and outside brackets its ">" ends the declaration.
+//   So one apostrophe in such a comment, as in "'tis", can make the document an "Invalid node".
 // - An end tag whose ">" comes directly after its "/" is not completed, whatever the element's
 //   name.
 //
@@ -38,11 +43,43 @@
 
 #include <quorvel/framework/string.h>
 
+#include <type_traits>
 #include <utility>
 
 namespace quorvel {
+
 class AngleScanner;
+
+// What an overload for bool would take.
+template <class T>
+concept PointerToNoText = !std::is_convertible_v<T, const WCHAR*> &&
+                          (std::is_pointer_v<T> || std::is_member_pointer_v<T>);
+
 } // namespace quorvel
+
+#define QUORVEL_TYPED_VALUES_OF(operation)                                                         \
+    bool operation(const WCHAR* name, bool value);                                                 \
+    bool operation(const WCHAR* name, char value);                                                 \
+    bool operation(const WCHAR* name, unsigned char value);                                        \
+    bool operation(const WCHAR* name, short value);                                                \
+    bool operation(const WCHAR* name, unsigned short value);                                       \
+    bool operation(const WCHAR* name, int value);                                                  \
+    bool operation(const WCHAR* name, unsigned int value);                                         \
+    bool operation(const WCHAR* name, long value);                                                 \
+    bool operation(const WCHAR* name, unsigned long value);                                        \
+    bool operation(const WCHAR* name, __int64 value);                                              \
+    bool operation(const WCHAR* name, unsigned long long value);                                   \
+    bool operation(const WCHAR* name, float value);                                                \
+    bool operation(const WCHAR* name, double value);                                               \
+    template <quorvel::PointerToNoText Pointer>                                                    \
+    bool operation(const WCHAR* name, Pointer value) = delete;
+#define QUORVEL_TYPED_VALUES                                                                       \
+    QUORVEL_TYPED_VALUES_OF(AddElem)                                                               \
+    QUORVEL_TYPED_VALUES_OF(AddChildElem)                                                          \
+    QUORVEL_TYPED_VALUES_OF(AddAttrib)                                                             \
+    QUORVEL_TYPED_VALUES_OF(SetAttrib)                                                             \
+    QUORVEL_TYPED_VALUES_OF(AddChildAttrib)                                                        \
+    QUORVEL_TYPED_VALUES_OF(SetChildAttrib)
 
 class QUORVEL_API CMarkup {
 public:
@@ -106,9 +143,12 @@ public:
 
     // Adds an element after the main position, or as the parent's last child, and makes it the main
     // position; at document level only while there is no root. AddChildElem does the same below the
-    // main element with the child position. Names are neither checked nor escaped. A null or empty
-    // value makes an empty element; a value that begins with "<![CDATA[" is taken as it stands. The
-    // arguments may point into the document.
+    // main element with the child position. A null or empty value makes an empty element; a value
+    // that begins with "<![CDATA[" is taken as it stands. The arguments may point into the
+    // document. Names are neither checked nor escaped: an empty one writes "</>" or "<>value</>",
+    // which can be walked as an element but is none when the text is read again. After a parse that
+    // failed there is no root, so that AddElem succeeds at document level: it appends to the text
+    // that was kept. SetDoc(nullptr) begins a new document.
     bool AddElem(const WCHAR* name, const WCHAR* value = nullptr);
     bool AddChildElem(const WCHAR* name, const WCHAR* value = nullptr);
     // Set an attribute of the main or child element, adding it when it is absent; Add and Set are
@@ -119,31 +159,11 @@ public:
     bool AddChildAttrib(const WCHAR* name, const WCHAR* value);
     bool SetChildAttrib(const WCHAR* name, const WCHAR* value);
 
-// Each of the six also takes a value of these types: "yes" or "no" for bool, the character itself
-// for char (above 127 that of Latin-1), "%d" or "%u" for the integers (of long the low 32 bits, in
-// both builds), "%I64d" or "%I64u" for the 64-bit ones, "%g" for float and double (with exponents
-// of three digits).
-#define QUORVEL_MARKUP_TYPED_VALUES(operation)                                                     \
-    bool operation(const WCHAR* name, bool value);                                                 \
-    bool operation(const WCHAR* name, char value);                                                 \
-    bool operation(const WCHAR* name, unsigned char value);                                        \
-    bool operation(const WCHAR* name, short value);                                                \
-    bool operation(const WCHAR* name, unsigned short value);                                       \
-    bool operation(const WCHAR* name, int value);                                                  \
-    bool operation(const WCHAR* name, unsigned int value);                                         \
-    bool operation(const WCHAR* name, long value);                                                 \
-    bool operation(const WCHAR* name, unsigned long value);                                        \
-    bool operation(const WCHAR* name, __int64 value);                                              \
-    bool operation(const WCHAR* name, unsigned long long value);                                   \
-    bool operation(const WCHAR* name, float value);                                                \
-    bool operation(const WCHAR* name, double value);
-    QUORVEL_MARKUP_TYPED_VALUES(AddElem)
-    QUORVEL_MARKUP_TYPED_VALUES(AddChildElem)
-    QUORVEL_MARKUP_TYPED_VALUES(AddAttrib)
-    QUORVEL_MARKUP_TYPED_VALUES(SetAttrib)
-    QUORVEL_MARKUP_TYPED_VALUES(AddChildAttrib)
-    QUORVEL_MARKUP_TYPED_VALUES(SetChildAttrib)
-#undef QUORVEL_MARKUP_TYPED_VALUES
+    // Each of the six also takes a value of these types: "yes" or "no" for bool, the character
+    // itself for char (above 127 that of Latin-1), the decimal digits for integers (a long in its
+    // own width: 64 bits where it has them), "%g" for float and double (with exponents of three
+    // digits). A pointer to anything but a text does not compile.
+    QUORVEL_TYPED_VALUES
 
     // The line that a saved file begins with; by default <?xml version="1.0" encoding="utf-8"?>.
     CString GetXMLDeclaration() const;
