@@ -2,10 +2,13 @@
 
 #include <quorvel/util/text/md5.h>
 
+#include "platform/win32.h"
 #include "support/test.h"
 #include "util/text/encoding_table.h"
 
 #include <sstream>
+
+using namespace quorvel;
 
 namespace {
 
@@ -42,6 +45,18 @@ TEST(EncodingNames, EveryNameAndAliasLeadsToItsCodePage) {
             if (alias != "_iso-2022-jp$SIO") // its capitals are never looked up
                 ExpectEncoding(CString(alias.c_str()), preferred, codePage);
     }
+}
+
+TEST(EncodingNames, SomeLeadToPagesThatAreNotConverted) {
+    std::vector<UINT> refused;
+    for (const auto& encoding : quorvel::kEncodings)
+        if (MultiByteToWideChar(encoding.codePage, 0, "a", 1, nullptr, 0) == 0)
+            refused.push_back(encoding.codePage);
+    if (!kOnLinux)
+        GTEST_SKIP() << "depends on the pages that are installed";
+    EXPECT_EQ(refused, (std::vector<UINT>{1200,  1201,  1361,  12000, 12001, 20000, 20001, 20002,
+                                          20003, 20004, 20005, 20105, 20106, 20107, 20108, 20261,
+                                          20269, 20423, 20833, 20880, 20905, 29001, 50931}));
 }
 
 TEST(EncodingNames, NamesAreFoundInAnyLetterCase) {

@@ -8,9 +8,10 @@
 // beyond 64 bits counts as the nearest one, as in the C runtime. FALSE for a null or empty text or
 // another base.
 // Deliberate: whatever the base, it is the text read as a decimal number that is compared with the
-// range: 1A in base 16 counts as 1.
+// range: 1A in base 16 counts as 1, and a text that does not begin with a decimal digit, like FF,
+// counts as 0. White space and decimal digits of other scripts, full width included, count too.
 QUORVEL_API BOOL AfxIsValidNumber(const WCHAR* text, __int64 minimum, __int64 maximum, int base);
 
-// Whether the text is digits of the radix (2 to 36, either case), after one sign where
+// Whether the text is ASCII digits of the radix (2 to 36, either case), after one sign where
 // `allowSigned` is set, and nothing else; its size does not matter. FALSE for null.
 QUORVEL_API BOOL AfxIsNumeric(const WCHAR* text, BOOL allowSigned, int radix);
