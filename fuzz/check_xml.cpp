@@ -28,6 +28,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const BOOL wellFormed = AfxCheckXML(text.data(), static_cast<int>(length), fault);
     CheckFault(wellFormed, fault);
     Require(fault.nOffset <= static_cast<int>(length));
+    CheckFault(AfxCheckXML(text.data(), static_cast<int>(length), fault,
+                           CHECK_XML_FIFTH_EDITION | CHECK_XML_VERSION_1_1),
+               fault);
+    Require(fault.nOffset <= static_cast<int>(length));
 
     s_folder.Write(_T("file.xml"), FuzzInput(data, size).Bytes());
     CheckFault(AfxCheckXMLFile(s_folder.Path(_T("file.xml")), fault), fault);

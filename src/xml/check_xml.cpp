@@ -13,6 +13,7 @@
 #include "platform/surrogates.h"
 #include "platform/win32.h"
 #include "xml/xml_declaration.h"
+#include "xml/xml_dialect.h"
 
 #include <expat.h>
 
@@ -24,6 +25,7 @@
 
 using quorvel::IsHighSurrogate;
 using quorvel::IsLowSurrogate;
+using quorvel::kNoCharacter;
 
 namespace {
 
@@ -31,7 +33,6 @@ constexpr UINT kUtf16 = 1200;
 constexpr UINT kUtf16BigEndian = 1201;
 constexpr UINT kEbcdic = 37;
 constexpr WCHAR kByteOrderMark = 0xfeff;
-constexpr WCHAR kNoCharacter = 0xffff;
 constexpr WCHAR kReplacement = 0xfffd;
 
 struct FreeParser {
@@ -105,13 +106,39 @@ CString Showable(const WCHAR* text, int length) {
     return result;
 }
 
-void TakeSnippet(const WCHAR* text, int length, CXMLFault& fault) {
+// A text and what is given to expat in its place, of the same length: another text where the option
+// asks for a dialect that expat does not know.
+struct Subject {
+    const WCHAR* text;
+    const WCHAR* fed;
+    int length;
+};
+
+// Counted here: what is fed may have other characters in the place of surrogate pairs.
+void TakePlace(const Subject& subject, CXMLFault& fault) {
+    int lineBegin = 0;
+    fault.nLine = 1;
+    for (int i = 0; i < fault.nOffset; ++i) {
+        const bool isHalf =
+            subject.fed[i] == '\r' && i + 1 < subject.length && subject.fed[i + 1] == '\n';
+        if (IsLineEnd(subject.fed[i]) && !isHalf) {
+            ++fault.nLine;
+            lineBegin = i + 1;
+        }
+    }
+    fault.nColumn =
+        1 + static_cast<int>(std::count_if(subject.text + lineBegin, subject.text + fault.nOffset,
+                                           [](WCHAR c) { return !IsLowSurrogate(c); }));
+}
+
+void TakeSnippet(const Subject& subject, CXMLFault& fault) {
+    const auto& [text, fed, length] = subject;
     constexpr int kReach = 40;
     int begin = fault.nOffset;
     int end = fault.nOffset;
-    while (begin > 0 && fault.nOffset - begin < kReach && !IsLineEnd(text[begin - 1]))
+    while (begin > 0 && fault.nOffset - begin < kReach && !IsLineEnd(fed[begin - 1]))
         --begin;
-    while (end < length && end - fault.nOffset < kReach && !IsLineEnd(text[end]))
+    while (end < length && end - fault.nOffset < kReach && !IsLineEnd(fed[end]))
         ++end;
     // Half a surrogate pair at an edge is none of it.
     if (begin > 0 && begin < fault.nOffset && IsLowSurrogate(text[begin]))
@@ -122,27 +149,66 @@ void TakeSnippet(const WCHAR* text, int length, CXMLFault& fault) {
     fault.nCaret = fault.nOffset - begin;
 }
 
-// The first line has the mark in front of the text: it counts for expat, and not for us.
-CXMLFault FaultAt(const Parser& parser, const WCHAR* text, int length) {
+CXMLFault FaultAt(const Parser& parser, const Subject& subject) {
     const XML_Error error = XML_GetErrorCode(parser.get());
     if (error == XML_ERROR_NO_MEMORY)
         AfxThrowMemoryException();
     CXMLFault fault;
     fault.strMessage = CString(XML_ErrorString(error));
-    fault.nLine = static_cast<int>(XML_GetCurrentLineNumber(parser.get()));
-    fault.nColumn = static_cast<int>(XML_GetCurrentColumnNumber(parser.get()));
-    if (fault.nLine > 1)
-        ++fault.nColumn;
-    const XML_Index byte = XML_GetCurrentByteIndex(parser.get());
-    fault.nOffset = std::clamp(static_cast<int>(byte / XML_Index(sizeof(WCHAR))) - 1, 0, length);
-    TakeSnippet(text, length, fault);
+    const XML_Index unit = XML_GetCurrentByteIndex(parser.get()) / XML_Index(sizeof(WCHAR));
+    // The mark in front of the text counts for expat, and not for us.
+    fault.nOffset = std::clamp(static_cast<int>(unit) - 1, 0, subject.length);
+    TakePlace(subject, fault);
+    TakeSnippet(subject, fault);
     return fault;
 }
 
-void CheckText(const WCHAR* text, int length, CXMLFault& fault) {
+// Room for every version and every name of an encoding that is known, so that expat's C frames see
+// no exception.
+struct Declaration {
+    int length = 0;
+    char version[8] = {};
+    char encoding[64] = {};
+};
+
+void XMLCALL TakeDeclaration(void* target, const XML_Char* version, const XML_Char* encoding, int) {
+    auto& declaration = *static_cast<Declaration*>(target);
+    if (version != nullptr)
+        std::strncpy(declaration.version, version, sizeof declaration.version - 1);
+    if (encoding != nullptr)
+        std::strncpy(declaration.encoding, encoding, sizeof declaration.encoding - 1);
+}
+
+// What a text's declaration says; empty what it does not.
+Declaration ReadDeclaration(const WCHAR* text, int length) {
+    constexpr std::size_t kLongest = INT_MAX / 4; // what expat takes at once
+    const std::size_t found = quorvel::FindDeclaration({text, static_cast<std::size_t>(length)},
+                                                       quorvel::kWideDeclarationMarks)
+                                  .size();
+    Declaration declaration;
+    declaration.length = static_cast<int>(std::min(found, kLongest));
     const Parser parser = MakeParser();
-    if (!FeedText(parser, text, length))
-        fault = FaultAt(parser, text, length);
+    XML_SetUserData(parser.get(), &declaration);
+    XML_SetXmlDeclHandler(parser.get(), TakeDeclaration);
+    Feed(parser, text, declaration.length);
+    return declaration;
+}
+
+void CheckText(const WCHAR* text, int length, DWORD options, CXMLFault& fault) {
+    CString rewritten;
+    Subject subject = {text, text, length};
+    const Declaration declaration = options != 0 ? ReadDeclaration(text, length) : Declaration();
+    const bool isVersion11 =
+        (options & CHECK_XML_VERSION_1_1) != 0 && declaration.version == std::string_view("1.1");
+    if (isVersion11 || (options & CHECK_XML_FIFTH_EDITION) != 0) {
+        rewritten = quorvel::FromFifthEdition({text, static_cast<std::size_t>(length)});
+        if (isVersion11)
+            quorvel::FromVersion11(rewritten, declaration.length);
+        subject.fed = rewritten;
+    }
+    const Parser parser = MakeParser();
+    if (!FeedText(parser, subject.fed, length))
+        fault = FaultAt(parser, subject);
 }
 
 // What keeps a document from being judged is told as a fault without a place.
@@ -256,31 +322,6 @@ CString DecodeNarrow(UINT codePage, std::string_view bytes) {
     return text;
 }
 
-// Room for every name that is known, so that expat's C frames see no exception.
-struct EncodingName {
-    char text[64] = {};
-};
-
-void XMLCALL TakeEncodingName(void* name, const XML_Char*, const XML_Char* encoding, int) {
-    constexpr std::size_t kRoom = sizeof(EncodingName::text) - 1;
-    if (encoding != nullptr)
-        std::strncpy(static_cast<EncodingName*>(name)->text, encoding, kRoom);
-}
-
-// The encoding that the declaration names; empty when it names none.
-CString DeclaredEncoding(const CString& text) {
-    constexpr std::size_t kLongest = INT_MAX / 4; // what expat takes at once
-    const std::basic_string_view<WCHAR> declaration =
-        quorvel::FindDeclaration({text.GetString(), static_cast<std::size_t>(text.GetLength())},
-                                 quorvel::kWideDeclarationMarks);
-    EncodingName name;
-    const Parser parser = MakeParser();
-    XML_SetUserData(parser.get(), &name);
-    XML_SetXmlDeclHandler(parser.get(), TakeEncodingName);
-    Feed(parser, text, static_cast<int>(std::min(declaration.size(), kLongest)));
-    return CString(name.text);
-}
-
 // The declaration, and in any case enough to show.
 CString DecodeBeginning(const FileBytes& file) {
     constexpr UINT kLatin1 = 28591;
@@ -299,7 +340,7 @@ bool Agree(const FileBytes& file, UINT codePage) {
     return isWide == (file.charSize == 2) && (file.markLength != 3 || codePage == CP_UTF8);
 }
 
-void CheckFile(const WCHAR* fileName, CXMLFault& fault) {
+void CheckFile(const WCHAR* fileName, DWORD options, CXMLFault& fault) {
     if (fileName == nullptr)
         AfxThrowXMLFileException(CXMLFileException::invalidFileName);
     const FileBytes file = ReadFileBytes(fileName);
@@ -307,13 +348,13 @@ void CheckFile(const WCHAR* fileName, CXMLFault& fault) {
         AfxThrowXMLFileException(CXMLFileException::unsupportedEncoding, fileName);
     CString text = file.charSize == 2 ? DecodeUtf16(file) : DecodeBeginning(file);
     UINT codePage = file.charSize == 2 ? kUtf16 : file.IsEbcdic() ? kEbcdic : CP_UTF8;
-    const CString declared = DeclaredEncoding(text);
+    const CString declared(ReadDeclaration(text, text.GetLength()).encoding);
     if (!declared.IsEmpty() && !AfxCharacterEncodingToCodePage(declared, codePage))
         AfxThrowXMLFileException(CXMLFileException::unsupportedEncoding, fileName);
     if (!Agree(file, codePage)) {
         fault.strMessage = CString(XML_ErrorString(XML_ERROR_INCORRECT_ENCODING));
         fault.nLine = fault.nColumn = 1;
-        TakeSnippet(text, text.GetLength(), fault);
+        TakeSnippet({text, text, text.GetLength()}, fault);
         return;
     }
     if (file.charSize == 1) {
@@ -321,20 +362,22 @@ void CheckFile(const WCHAR* fileName, CXMLFault& fault) {
             AfxThrowXMLFileException(CXMLFileException::unsupportedEncoding, fileName);
         text = DecodeNarrow(codePage, file.Text());
     }
-    CheckText(text, text.GetLength(), fault);
+    CheckText(text, text.GetLength(), options, fault);
 }
 
 } // namespace
 
-BOOL AfxCheckXML(const WCHAR* text, int length, CXMLFault& fault) {
+BOOL AfxCheckXML(const WCHAR* text, int length, CXMLFault& fault, DWORD options) {
     const int usable = text != nullptr ? std::max(length, 0) : 0;
-    return Judge(fault, [&](CXMLFault& found) { CheckText(text, usable, found); });
+    return Judge(fault, [&](CXMLFault& found) {
+        CheckText(usable > 0 ? text : _T(""), usable, options, found);
+    });
 }
 
-BOOL AfxCheckXML(const CString& text, CXMLFault& fault) {
-    return AfxCheckXML(text, text.GetLength(), fault);
+BOOL AfxCheckXML(const CString& text, CXMLFault& fault, DWORD options) {
+    return AfxCheckXML(text, text.GetLength(), fault, options);
 }
 
-BOOL AfxCheckXMLFile(const WCHAR* fileName, CXMLFault& fault) {
-    return Judge(fault, [&](CXMLFault& found) { CheckFile(fileName, found); });
+BOOL AfxCheckXMLFile(const WCHAR* fileName, CXMLFault& fault, DWORD options) {
+    return Judge(fault, [&](CXMLFault& found) { CheckFile(fileName, options, found); });
 }

@@ -97,6 +97,55 @@ TEST(CheckXml, TellsWhatIsWrongAndWhere) {
     EXPECT_TRUE(AfxCheckXML(_T("<a/>b"), 4, fault));
 }
 
+// Each is judged without an option, with the fifth edition's names and as version 1.1: the offset
+// of the fault, or -1.
+TEST(CheckXml, OptionsChooseTheEditionAndTheVersion) {
+    constexpr DWORD both = CHECK_XML_FIFTH_EDITION | CHECK_XML_VERSION_1_1;
+    const auto declared = [](const WCHAR* text) {
+        return CString(_T("<?xml version='1.1'?>")) + text;
+    };
+    const std::tuple<const char*, CString, int, int, int> rows[] = {
+        {"letters of the fourth edition", _T("<\x4e00\xac00 \xe9='\x131'/>"), -1, -1, -1},
+        {"a letter of the fifth", _T("<\x1200/>"), 1, -1, 1},
+        {"a pair", _T("<a>\xd800\xdc00<\xd800\xdc00/>&;</a>"), 6, 11, 6},
+        {"a private plane", _T("<\xdb80\xdc00/>"), 1, 1, 1},
+        {"what begins no name", _T("<\x203f/>"), 1, 1, 1},
+        {"what continues one", _T("<a\x203f\x0346\x36f\x300\xb7/>"), 2, -1, 2},
+        {"sign that is no letter", _T("<a\xb5/>"), -1, 2, -1},
+        {"two that differ", _T("<a><\x1200></\x1201></a>"), 4, 8, 4},
+        {"one that stands for none other", _T("<a><\x1200></\x4e00>\x4e00</a>"), 4, 8, 4},
+        {"control as a reference", declared(_T("<a>&#1;&#x01F;&#31;</a>")), 24, 24, -1},
+        {"zero as a reference", declared(_T("<a>&#x00;</a>")), 24, 24, 24},
+        {"letter in version 1.1", declared(_T("<a \x1200=''/>")), 24, -1, -1},
+        {"control as it stands", declared(_T("<a>\x80</a>")), -1, -1, 24},
+        {"line end", declared(_T("<a\x85\x2028/>")), 23, 23, -1},
+        {"control in version 1.0", _T("<?xml version='1.0'?><a>&#1;</a>"), 24, 24, 24},
+    };
+    for (const auto& [label, text, plain, fifth, version] : rows) {
+        const std::tuple<DWORD, int> expected[] = {
+            {0, plain}, {CHECK_XML_FIFTH_EDITION, fifth}, {CHECK_XML_VERSION_1_1, version}};
+        for (const auto& [options, offset] : expected) {
+            CXMLFault fault;
+            EXPECT_EQ(AfxCheckXML(text, fault, options) ? -1 : fault.nOffset, offset)
+                << label << ", options " << options;
+        }
+    }
+    CXMLFault fault;
+    EXPECT_FALSE(AfxCheckXML(declared(_T("\r\x85<a>\x2028<\xd800\xdc00/>&;")), fault, both));
+    EXPECT_EQ(PlaceOf(fault), (Place{3, 6, 33}));
+    EXPECT_EQ(fault.strSnippet, _T("<\xd800\xdc00/>&;"));
+
+    CString most;
+    for (int i = 1; i < 0xffff; ++i)
+        if (i >= 0x100 && (i < 0xd800 || i >= 0xe000))
+            most.AppendChar(static_cast<WCHAR>(i));
+    EXPECT_FALSE(AfxCheckXML(CString(_T("<a>")) + most + _T("</a>"), fault, both));
+    EXPECT_EQ(fault.strMessage, _T("An internal parsing error occurred."));
+    const TemporaryFolder folder;
+    folder.Write(_T("file.xml"), "<?xml version='1.1'?><\xe1\x88\x80>&#1;</\xe1\x88\x80>");
+    EXPECT_TRUE(AfxCheckXMLFile(folder.Path(_T("file.xml")), fault, CHECK_XML_VERSION_1_1));
+}
+
 TEST(CheckXml, RefusesEntitiesThatGrowWithoutBound) {
     CXMLFault fault;
     EXPECT_FALSE(AfxCheckXML(EntityChain(12, 10, _T("<a>&e%d;</a>")), fault));

@@ -30,10 +30,10 @@ QUORVEL_API BOOL AfxBase64Encode(const BYTE* source, int sourceLength, WCHAR* de
 
 // Writes the decoded bytes to `dest`, skipping every character outside the alphabet, padding and
 // line breaks included: four characters give three bytes, at the end three give two, two give one,
-// and one gives none. `destLength` holds the room on entry (a negative one counts as 0) and receives
-// the full decoded count. FALSE when the bytes did not all fit: then the groups before the first
-// that did not fit are written. FALSE, and nothing changed, for a null pointer or a source length
-// below 1.
+// and one gives none. `destLength` holds the room on entry (a negative one counts as 0) and
+// receives the full decoded count. FALSE when the bytes did not all fit: then the groups before the
+// first that did not fit are written. FALSE, and nothing changed, for a null pointer or a source
+// length below 1.
 QUORVEL_API BOOL AfxBase64DecodeMultiByte(const char* source, int sourceLength, BYTE* dest,
                                           int* destLength);
 QUORVEL_API BOOL AfxBase64DecodeWideChar(const WCHAR* source, int sourceLength, BYTE* dest,
