@@ -12,8 +12,6 @@ namespace {
 
 constexpr std::size_t kMaxRequest = 16384;
 constexpr std::size_t kBlock = 65536;
-constexpr int kClosed = 0; // statuses
-constexpr int kEnded = 14;
 
 std::string LastModified(const fs::path& file) {
     std::error_code error;
@@ -142,8 +140,8 @@ void Server::OnStatus(CVaskSocket* socket, int status) {
     const auto found = m_connections.find(socket);
     if (found == m_connections.end())
         return;
-    if (status == kEnded || !socket->IsThreadActive())
+    if (status == statusEnded || !socket->IsThreadActive())
         socket->Close();
-    if (status == kClosed)
+    if (status == statusClosed)
         m_connections.erase(found);
 }

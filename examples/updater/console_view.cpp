@@ -49,7 +49,7 @@ void ConsoleView::SetProgressFigures(ULONGLONG, ULONGLONG, int percent, const WC
     if (*text == 0 || percent == m_shownPercent)
         return;
     m_shownPercent = percent;
-    const int done = percent * kBarWidth / 100;
+    const int done = std::min(percent, 100) * kBarWidth / 100;
     const CStringA bar = CStringA('#', done) + CStringA('.', kBarWidth - done);
     std::fprintf(stderr, "\r[%s] %s", bar.GetString(), CStringA(text).GetString());
 }

@@ -5,15 +5,6 @@
 #include "net/http_header_reader.h"
 #include "platform/win32.h"
 
-namespace {
-
-constexpr int kStatusSend = 8;
-constexpr int kStatusReceive = 9;
-constexpr int kStatusBytesReceived = 10;
-constexpr int kStatusHeaderParsed = 1000;
-
-} // namespace
-
 CHttpFileSocket::CHttpFileSocket() : m_reader(std::make_unique<quorvel::HttpHeaderReader>()) {}
 
 CHttpFileSocket::~CHttpFileSocket() {
@@ -40,7 +31,7 @@ BOOL CHttpFileSocket::OpenLocalFile() {
     CFileException error;
     m_localFileOpen =
         m_localFile.Open(m_localFileName, CFile::modeCreate | CFile::modeWrite, &error);
-    return m_localFileOpen || Fail(kStatusSend, static_cast<DWORD>(error.m_lOsError));
+    return m_localFileOpen || Fail(statusSending, static_cast<DWORD>(error.m_lOsError));
 }
 
 BOOL CHttpFileSocket::SendRequest() {
@@ -51,7 +42,7 @@ BOOL CHttpFileSocket::SendRequest() {
                    m_getHeaderOnly ? "HEAD" : "GET", object.GetString(), server.GetString());
     // Deliberate: -1 counts as sent, what is wrong then shows when the answer is waited for.
     return Send(request.GetString(), request.GetLength(), 0) != 0 ||
-           Fail(kStatusSend, static_cast<DWORD>(::WSAGetLastError()));
+           Fail(statusSending, static_cast<DWORD>(::WSAGetLastError()));
 }
 
 // False, with the error posted and kept.
@@ -72,7 +63,7 @@ bool CHttpFileSocket::TakePiece(int length) {
     ParseHeader(m_buffer.data(), length);
     const bool isHeaderTooLong = !m_headerParsed && m_bytesReceived > m_headerLimit;
     if (isHeaderTooLong || m_bytesReceived > m_fileLimit)
-        return Fail(kStatusReceive, WSAEMSGSIZE);
+        return Fail(statusReceiving, WSAEMSGSIZE);
     if (!m_localFileOpen)
         return true;
     try {
@@ -81,7 +72,7 @@ bool CHttpFileSocket::TakePiece(int length) {
     } catch (CFileException* exception) {
         const LONG error = exception->m_lOsError;
         exception->Delete();
-        return Fail(kStatusReceive, error > 0 ? static_cast<DWORD>(error) : ERROR_WRITE_FAULT);
+        return Fail(statusReceiving, error > 0 ? static_cast<DWORD>(error) : ERROR_WRITE_FAULT);
     }
 }
 
@@ -99,7 +90,7 @@ BOOL CHttpFileSocket::ParseHeader(const char* data, int length) {
     if (state != quorvel::HttpHeaderReader::State::complete)
         return FALSE;
     m_headerParsed = TRUE;
-    PostCallbackStatusChangeMessage(kStatusHeaderParsed, 0);
+    PostCallbackStatusChangeMessage(statusHeaderParsed, 0);
     return TRUE;
 }
 
@@ -109,12 +100,12 @@ BOOL CHttpFileSocket::OnClose(int) {
     for (int received = 1; received > 0;) {
         received = ReceivePiece();
         if (received > 0 && TakePiece(received)) {
-            UpdateStatus(kStatusBytesReceived, received);
+            UpdateStatus(statusReceived, received);
             continue;
         }
         error = received == 0 ? 0 : ::WSAGetLastError();
         if (received < 0)
-            UpdateStatus(kStatusReceive, error);
+            UpdateStatus(statusReceiving, error);
         break;
     }
     CloseLocalFile();

@@ -52,6 +52,17 @@ bool ReadStatusLine(View line, View& version, int& code) {
     return !version.empty() && ReadInteger(Trimmed(text.substr(version.size())), code);
 }
 
+std::unique_ptr<CMapStringToString> CopyOf(const CMapStringToString& fields) {
+    auto copy = std::make_unique<CMapStringToString>();
+    for (POSITION next = fields.GetStartPosition(); next != nullptr;) {
+        CString name;
+        CString value;
+        fields.GetNextAssoc(next, name, value);
+        copy->SetAt(name, value);
+    }
+    return copy;
+}
+
 } // namespace
 
 ULONGLONG quorvel::ReadContentLength(const CString& value) {
@@ -76,21 +87,20 @@ COleDateTime quorvel::ReadHttpDate(const CString& value) {
     return date;
 }
 
-CHttpHeader::CHttpHeader() : m_version(DEFAULT_VERSION) {}
+CHttpHeader::CHttpHeader()
+    : m_version(DEFAULT_VERSION), m_fields(std::make_unique<CMapStringToString>()) {}
 
 CHttpHeader::CHttpHeader(const CHttpHeader& other)
     : m_version(other.m_version), m_statusCode(other.m_statusCode), m_length(other.m_length),
-      m_localFilePath(other.m_localFilePath) {
-    m_fields.m_entries = other.m_fields.m_entries;
-}
+      m_localFilePath(other.m_localFilePath), m_fields(CopyOf(*other.m_fields)) {}
 
 CHttpHeader& CHttpHeader::operator=(const CHttpHeader& other) {
-    auto fields = other.m_fields.m_entries; // the one step that can fail comes first
+    auto fields = CopyOf(*other.m_fields); // the one step that can fail comes first
     m_version = other.m_version;
     m_statusCode = other.m_statusCode;
     m_length = other.m_length;
     m_localFilePath = other.m_localFilePath;
-    m_fields.m_entries.swap(fields);
+    m_fields.swap(fields);
     return *this;
 }
 
@@ -121,29 +131,31 @@ BOOL CHttpHeader::InitializeFromStream(const CString& text) {
 }
 
 BOOL CHttpHeader::GetFieldValue(const WCHAR* name, CString& value) const {
-    return name != nullptr && m_fields.Lookup(name, value);
+    return name != nullptr && m_fields->Lookup(name, value);
 }
 
 BOOL CHttpHeader::FindFieldValue(const WCHAR* name, CString& value) const {
-    if (name == nullptr || m_fields.Lookup(name, value))
+    if (name == nullptr || m_fields->Lookup(name, value))
         return name != nullptr;
-    const auto& fields = m_fields.m_entries;
-    const auto field = std::find_if(fields.begin(), fields.end(), [name](const auto& each) {
-        return each.first.CompareNoCase(name) == 0;
-    });
-    if (field == fields.end())
-        return FALSE;
-    value = field->second;
-    return TRUE;
+    for (POSITION next = m_fields->GetStartPosition(); next != nullptr;) {
+        CString eachName;
+        CString eachValue;
+        m_fields->GetNextAssoc(next, eachName, eachValue);
+        if (eachName.CompareNoCase(name) != 0)
+            continue;
+        value = eachValue;
+        return TRUE;
+    }
+    return FALSE;
 }
 
 void CHttpHeader::SetFieldValue(const WCHAR* name, const WCHAR* value) {
     if (name != nullptr && value != nullptr)
-        m_fields.SetAt(name, value);
+        m_fields->SetAt(name, value);
 }
 
 BOOL CHttpHeader::RemoveField(const WCHAR* name) {
-    return name != nullptr && m_fields.RemoveKey(name);
+    return name != nullptr && m_fields->RemoveKey(name);
 }
 
 ULONGLONG CHttpHeader::GetContentLength() const {

@@ -47,27 +47,27 @@ bool SocketWorker::Begin() {
 }
 
 bool SocketWorker::BeginLookup() {
-    m_socket.UpdateStatus(1, 0);
+    m_socket.UpdateStatus(CVaskSocket::statusLookingUp, 0);
     m_lookupEvent = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
     if (m_lookupEvent == nullptr)
-        return EndWith(2, static_cast<int>(::GetLastError()));
+        return EndWith(CVaskSocket::statusLookedUp, static_cast<int>(::GetLastError()));
     CVaskSocketWnd& sink = CVaskSocket::m_wndSocket;
     if (!::IsWindow(sink.m_hWnd))
-        return EndWith(2, WSAEINVAL);
+        return EndWith(CVaskSocket::statusLookedUp, WSAEINVAL);
     const int error = sink.AsyncGetHostByName(m_params.GetHostAddress(), m_lookupEvent,
                                               m_socket.GetGetHostTimeOut(), m_request);
-    return error == 0 || EndWith(2, error);
+    return error == 0 || EndWith(CVaskSocket::statusLookedUp, error);
 }
 
 bool SocketWorker::FinishLookup() {
     CVaskSocketWnd& sink = CVaskSocket::m_wndSocket;
     if (const int error = sink.GetLastError(m_request))
-        return EndWith(2, error);
+        return EndWith(CVaskSocket::statusLookedUp, error);
     CString address;
     if (!sink.GetIPAddress(m_request, address))
-        return EndWith(2, 0);
+        return EndWith(CVaskSocket::statusLookedUp, 0);
     m_socket.SetHostServerIP(address);
-    m_socket.UpdateStatus(2, 0);
+    m_socket.UpdateStatus(CVaskSocket::statusLookedUp, 0);
     ForgetRequest();
     return !m_params.DoesConnect() || ConnectToHost(address);
 }
@@ -82,9 +82,9 @@ bool SocketWorker::Connect(const win32::sockaddr* address, int length) {
     if (!m_socket.ConnectHelper(address, length)) {
         const int error = ::WSAGetLastError();
         if (error != WSAEWOULDBLOCK)
-            return EndWith(3, error);
+            return EndWith(CVaskSocket::statusConnecting, error);
     }
-    m_socket.UpdateStatus(3, 0);
+    m_socket.UpdateStatus(CVaskSocket::statusConnecting, 0);
     return true;
 }
 
@@ -111,38 +111,38 @@ bool SocketWorker::WaitForEvent(WSAEVENT& signalled) {
 }
 
 bool SocketWorker::DeliverConnect(int error) {
-    m_socket.UpdateStatus(4, error);
+    m_socket.UpdateStatus(CVaskSocket::statusConnected, error);
     return m_socket.OnConnect(error);
 }
 
 bool SocketWorker::DeliverReceive(int error) {
-    m_socket.UpdateStatus(9, error);
+    m_socket.UpdateStatus(CVaskSocket::statusReceiving, error);
     const int received = m_socket.OnReceive(error);
     if (received == SOCKET_ERROR)
         return false;
     if (!m_socket.m_closedByWorker)
-        m_socket.UpdateStatus(10, received);
+        m_socket.UpdateStatus(CVaskSocket::statusReceived, received);
     return true;
 }
 
 bool SocketWorker::DeliverOutOfBandData(int error) {
-    m_socket.UpdateStatus(11, error);
+    m_socket.UpdateStatus(CVaskSocket::statusOutOfBand, error);
     return m_socket.OnOutOfBandData(error);
 }
 
 bool SocketWorker::DeliverClose(int error) {
     if (!m_socket.OnClose(error) || m_socket.m_closedByWorker)
         return false;
-    return EndWith(14, ::WSAGetLastError());
+    return EndWith(CVaskSocket::statusEnded, ::WSAGetLastError());
 }
 
 bool SocketWorker::DeliverSend(int error) {
-    m_socket.UpdateStatus(8, error);
+    m_socket.UpdateStatus(CVaskSocket::statusSending, error);
     return m_socket.OnSend(error);
 }
 
 bool SocketWorker::DeliverAccept(int error) {
-    m_socket.UpdateStatus(6, error);
+    m_socket.UpdateStatus(CVaskSocket::statusAccepting, error);
     return m_socket.OnAccept(error);
 }
 

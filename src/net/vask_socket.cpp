@@ -1,14 +1,17 @@
 #include <quorvel/net/vask_socket.h>
 
+#include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/inet.h>
 #include <quorvel/framework/win_thread.h>
 #include <quorvel/util/text/validation.h>
 
+#include "net/request_word.h"
 #include "net/socket_address.h"
 #include "net/socket_worker.h"
 #include "platform/win32.h"
 
 #include <memory>
+#include <new>
 #include <utility>
 
 using quorvel::win32::addrinfo;
@@ -167,6 +170,8 @@ BOOL CVaskSocket::SetURL(const WCHAR* url, UINT port) {
     if (url == nullptr || !AfxIsValidPortNumber(static_cast<int>(port)))
         return FALSE;
     const CString given(url);
+    if (!quorvel::IsRequestWord(given))
+        return FALSE;
     DWORD serviceType;
     CString server;
     CString object;
@@ -208,7 +213,7 @@ BOOL CVaskSocket::Listen(int backlog) {
     if (!m_bInitialized)
         return Fail(kNotInitialized);
     const BOOL listens = Succeeds(::listen(m_socket, backlog));
-    UpdateStatus(5, listens ? 0 : ::WSAGetLastError());
+    UpdateStatus(statusListening, listens ? 0 : ::WSAGetLastError());
     return listens && (IsThreadActive() || StartThread(CVaskSocketThreadParams(this)));
 }
 
@@ -261,10 +266,21 @@ BOOL CVaskSocket::LaunchThread(const CVaskSocketThreadParams& params) {
 }
 
 UINT CVaskSocket::Thread_NetworkEvents(void* params) {
-    const CVaskSocketThreadParams started =
-        *std::unique_ptr<CVaskSocketThreadParams>(static_cast<CVaskSocketThreadParams*>(params));
-    if (started.GetSocket() != nullptr)
+    std::unique_ptr<CVaskSocketThreadParams> owned(static_cast<CVaskSocketThreadParams*>(params));
+    CVaskSocket* const socket = owned->GetSocket();
+    if (socket == nullptr)
+        return 0;
+    try {
+        const CVaskSocketThreadParams started = *owned;
+        owned.reset();
         quorvel::SocketWorker(started).Run();
+        return 0;
+    } catch (const std::bad_alloc&) {
+    } catch (CMemoryException* exception) {
+        exception->Delete();
+    }
+    if (!socket->m_closedByWorker)
+        socket->UpdateStatus(statusEnded, ERROR_NOT_ENOUGH_MEMORY);
     return 0;
 }
 
@@ -272,6 +288,10 @@ BOOL CVaskSocket::IsThreadActive() const {
     DWORD exitCode = 0;
     return m_workerThread != nullptr && ::GetExitCodeThread(m_workerThread, &exitCode) &&
            exitCode == STILL_ACTIVE;
+}
+
+BOOL CVaskSocket::IsFinished() const {
+    return m_workerThread != nullptr && !IsThreadActive();
 }
 
 bool CVaskSocket::IsOwnWorker() const {
@@ -309,9 +329,9 @@ void CVaskSocket::Close() {
         }
         CloseEvents();
     }
-    m_status = 0;
+    SetStatus(statusClosed);
     if (held)
-        PostCallbackStatusChangeMessage(0, 0);
+        PostCallbackStatusChangeMessage(statusClosed, 0);
 }
 
 // Handlers.
@@ -343,6 +363,7 @@ int CVaskSocket::OnReceive(int) {
 // Status.
 
 void CVaskSocket::UpdateStatus(int status, int error) {
+    m_statusError = error;
     m_status = status;
     PostCallbackStatusChangeMessage(status, error);
 }

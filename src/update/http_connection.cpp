@@ -14,38 +14,26 @@ constexpr const WCHAR* kClassName = _T("QuorvelUpdateStatus");
 constexpr UINT_PTR kPollTimer = 1;
 constexpr UINT kPollMilliseconds = 500;
 
-// Tells its own end: the worker of the base class ends without a status when a receive fails.
 class Socket : public CHttpFileSocket {
 public:
     ~Socket() override { Close(); }
 
-    bool HasEnded(DWORD& error) const {
-        error = m_isClosed ? m_error.load() : DWORD{WSAECONNABORTED};
-        return !IsThreadActive();
+    // The error of a worker that ended without statusEnded is that of its last status.
+    DWORD GetEndError() const {
+        const auto error = static_cast<DWORD>(GetStatusError());
+        if (GetStatus() == statusEnded)
+            return error;
+        return GetStatus() == statusReceived || error == 0 ? DWORD{WSAECONNABORTED} : error;
     }
 
 protected:
-    BOOL OnConnect(int errorCode) override {
-        m_isClosed = false;
-        return CHttpFileSocket::OnConnect(errorCode);
-    }
     int OnReceive(int errorCode) override {
         const int received = CHttpFileSocket::OnReceive(errorCode);
-        // An event may tell of data that an earlier call has already taken.
+        // An event may report data that an earlier call has already taken.
         const bool hasNothing =
             received == SOCKET_ERROR && errorCode == 0 && ::WSAGetLastError() == WSAEWOULDBLOCK;
         return hasNothing ? 0 : received;
     }
-    BOOL OnClose(int errorCode) override {
-        const BOOL result = CHttpFileSocket::OnClose(errorCode);
-        m_error = static_cast<DWORD>(::WSAGetLastError());
-        m_isClosed = true;
-        return result;
-    }
-
-private:
-    std::atomic<bool> m_isClosed = false;
-    std::atomic<DWORD> m_error = 0;
 };
 
 class HttpConnection : public UpdateConnection {
@@ -55,14 +43,17 @@ public:
     }
 
     const void* GetSender() const override { return static_cast<const CVaskSocket*>(&m_socket); }
-    // Without a window nobody would tell the end.
+    // Without a window nobody would report the end.
     DWORD Create() override {
         return m_window != nullptr ? ErrorUnless(m_socket.Create()) : DWORD{WSAENOBUFS};
     }
     DWORD Connect(const UpdateRequest& request) override;
     void Close() override { m_socket.Close(); }
 
-    bool HasEnded(DWORD& error) const override { return m_isStarted && m_socket.HasEnded(error); }
+    bool HasEnded(DWORD& error) const override {
+        error = m_socket.GetEndError();
+        return m_socket.IsFinished() != FALSE;
+    }
     ULONGLONG GetBytesReceived() const override { return m_socket.GetBytesReceived(); }
     bool IsHeaderParsed() const override { return m_socket.IsHeaderParsed() != FALSE; }
     const CHttpHeader& GetHeader() const override { return m_socket.GetHeaderConstRef(); }
@@ -76,7 +67,6 @@ private:
 
     const HWND m_window;
     const UINT m_port;
-    bool m_isStarted = false;
     Socket m_socket;
 };
 
@@ -86,8 +76,7 @@ DWORD HttpConnection::Connect(const UpdateRequest& request) {
     m_socket.SetReceiveBufferSize(request.receiveBufferSize);
     m_socket.SetGetHostTimeOut(request.hostTimeOut);
     m_socket.SetHeaderLimit(request.headerLimit);
-    m_isStarted = m_socket.Connect(request.url, m_port) != FALSE;
-    return ErrorUnless(m_isStarted);
+    return ErrorUnless(m_socket.Connect(request.url, m_port));
 }
 
 void RegisterStatusClass() {

@@ -45,8 +45,8 @@ bool NewVersionCheck::Check() {
 }
 
 void NewVersionCheck::OnStatus(int status) {
-    const bool isClosed = status == kStatusClosed;
-    if (!isClosed && status != kStatusHeaderParsed && status != kStatusBytesReceived)
+    const bool isClosed = status == Http::statusEnded;
+    if (!isClosed && status != Http::statusHeaderParsed && status != Http::statusReceived)
         return;
     if (Connection()->IsHeaderParsed() &&
         (EndsAsTooLong(ExpectedBytes().bytes) || EndsAsTooLong(Connection()->GetBytesReceived())))

@@ -27,17 +27,26 @@ CString LoadText(UINT id) {
     return text;
 }
 
-// Rounded; 0 of nothing, and not more than 100 of a length that was told too low.
+constexpr int kMaximum = std::numeric_limits<int>::max(); // the catalogue's text takes 32 bits
+
+// Rounded; 0 while nothing is expected.
+// Deliberate: above 100 when the server sends more than it announced.
 int PercentOf(ULONGLONG received, ULONGLONG expected) {
     if (expected == 0)
         return 0;
     const double percent = 100.0 * static_cast<double>(received) / static_cast<double>(expected);
-    return static_cast<int>(std::min(percent, 100.0) + 0.5);
+    return static_cast<int>(std::min(percent + 0.5, static_cast<double>(kMaximum)));
 }
 
-// The catalogue's text takes 32 bits.
 int ForText(ULONGLONG bytes) {
-    return static_cast<int>(std::min<ULONGLONG>(bytes, std::numeric_limits<int>::max()));
+    return static_cast<int>(std::min<ULONGLONG>(bytes, kMaximum));
+}
+
+// A date in UTC as the user reads it, in local time.
+CString DateText(COleDateTime date) {
+    if (date != COleDateTime()) // the empty date is no instant
+        AfxUTCToLocalTime(date, date);
+    return AfxGetLocaleShortDateTime(date);
 }
 
 bool Exists(const CString& fileName) {
@@ -60,11 +69,8 @@ void UpdateCheck::Open() {
 
 void UpdateCheck::ShowLastChecked() const {
     CString text;
-    COleDateTime local = LastChecked();
-    if (local != COleDateTime()) {
-        AfxUTCToLocalTime(local, local);
-        text.FormatMessage(kTextUpdatesLastChecked, AfxGetLocaleShortDateTime(local).GetString());
-    }
+    if (LastChecked() != COleDateTime())
+        text.FormatMessage(kTextUpdatesLastChecked, DateText(LastChecked()).GetString());
     GetView().SetLastCheckedText(text);
 }
 
@@ -72,7 +78,7 @@ void UpdateCheck::ShowPublished() const {
     CString text = LoadText(kTextUpdatesFileMissing);
     if (Exists(m_fileName))
         text.FormatMessage(kTextUpdatesFileDated,
-                           AfxGetLocaleShortDateTime(m_listing.GetPublishedDate()).GetString());
+                           DateText(m_listing.GetPublishedDate()).GetString());
     GetView().SetPublishedText(text);
 }
 
@@ -118,9 +124,9 @@ void UpdateCheck::OnStatus(int status) {
 }
 
 void UpdateCheck::OnDateStatus(int status) {
-    if (status == kStatusConnected)
+    if (status == Http::statusConnected)
         GetView().SetProgressText(LoadText(kTextUpdatesConnectedChecking));
-    else if (status == kStatusClosed)
+    else if (status == Http::statusEnded)
         OnDateReceived();
 }
 
@@ -147,7 +153,7 @@ void UpdateCheck::Offer(const COleDateTime& date, const CString& url) {
         return End(View::resultUpToDate);
     }
     CString question;
-    question.FormatMessage(kTextUpdatesAvailable, AfxGetLocaleShortDateTime(date).GetString());
+    question.FormatMessage(kTextUpdatesAvailable, DateText(date).GetString());
     const int answer = GetView().ShowMessage(question, MB_YESNO | MB_ICONINFORMATION);
     if (!IsRunning()) // cancelled meanwhile
         return;
@@ -178,14 +184,15 @@ void UpdateCheck::Download(const COleDateTime& date, const CString& url) {
 }
 
 void UpdateCheck::OnDownloadStatus(int status) {
-    if (status != kStatusHeaderParsed && status != kStatusBytesReceived && status != kStatusClosed)
+    if (status != Http::statusHeaderParsed && status != Http::statusReceived &&
+        status != Http::statusEnded)
         return;
     // Any of these may be the first to come: progress that a full queue refused is made up for.
     if (!m_hasHeader && Connection()->IsHeaderParsed() && !OnHeaderReceived())
         return;
-    if (m_hasHeader && status != kStatusHeaderParsed && !OnBytesReceived())
+    if (m_hasHeader && status != Http::statusHeaderParsed && !OnBytesReceived())
         return;
-    if (status == kStatusClosed)
+    if (status == Http::statusEnded)
         OnDownloaded();
 }
 

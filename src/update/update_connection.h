@@ -3,30 +3,25 @@
 #pragma once
 
 #include <quorvel/framework/string.h>
-#include <quorvel/net/http_header.h>
+#include <quorvel/net/http_file_socket.h>
 
 #include <memory>
 
 namespace quorvel {
 
-// The sockets' status codes that a check reacts to.
-constexpr int kStatusReleased = 0; // the last word of a connection that was closed
-constexpr int kStatusConnected = 4;
-constexpr int kStatusBytesReceived = 10; // its error part is a count
-constexpr int kStatusClosed = 14;
-constexpr int kStatusHeaderParsed = 1000;
+typedef CHttpFileSocket Http; // whose statuses a connection has
 
 struct UpdateRequest {
     CString url;
     bool headerOnly = true;
     CString localFile;                 // receives the whole response unless headerOnly is set
-    UINT receiveBufferSize = 0;        // 0: the socket's own
+    UINT receiveBufferSize = 0;        // 0: the socket's default
     UINT hostTimeOut = 30000;          // of the look-up of the host, in milliseconds
     std::size_t headerLimit = 1 << 20; // a longer header is an error
 };
 
-// Destroying it closes it. The statuses of a connection arrive as calls of the check's
-// OnSocketStatus. A full queue may lose any of them: the figures count, and HasEnded.
+// Destroying it closes it. Its statuses, those of CHttpFileSocket, arrive as calls of the check's
+// OnSocketStatus. A full queue may lose any of them: rely on GetBytesReceived and HasEnded.
 class UpdateConnection {
 public:
     virtual ~UpdateConnection() = default;
@@ -35,7 +30,7 @@ public:
     // Both give 0 or a Winsock error, 1 when the sockets were not set up.
     virtual DWORD Create() = 0;
     virtual DWORD Connect(const UpdateRequest& request) = 0;
-    // No status follows but kStatusReleased, behind those that are on their way.
+    // No status follows but statusClosed, behind those that are on their way.
     virtual void Close() = 0;
 
     virtual ULONGLONG GetBytesReceived() const = 0; // header and all

@@ -2,11 +2,13 @@
 
 #include <quorvel/frame/exception_text.h>
 #include <quorvel/frame/module.h>
+#include <quorvel/net/http_status_code_text.h>
 #include <quorvel/res/message_ids.h>
 #include <quorvel/update/check_for_updates_profile.h>
 #include <quorvel/util/text/validation.h>
 
 #include "net/http_field_values.h"
+#include "net/request_word.h"
 #include "platform/win32.h"
 #include "system/new_temporary_file.h"
 
@@ -23,16 +25,6 @@ constexpr DWORD kFirstSocketError = 10000;
 constexpr DWORD kNoStatusCode = 1; // has the text of an unknown code
 constexpr int kSecondsBetweenChecks = 15;
 constexpr UINT kReport = MB_OK | MB_ICONEXCLAMATION;
-
-// A host may accept blanks in a file's address; nothing that is sent may hold any, nor any that
-// becomes one: Windows writes the wide blanks of Unicode as 0x20 in its code pages.
-bool CanBeSent(const CString& url) {
-    const auto isRefused = [](WCHAR each) {
-        return each <= ' ' || (each >= 0x7f && each <= 0xa0) ||
-               (each >= 0x2000 && each <= 0x200a) || each == 0x3000;
-    };
-    return std::none_of(url.GetString(), url.GetString() + url.GetLength(), isRefused);
-}
 
 } // namespace
 
@@ -96,7 +88,7 @@ bool UpdateFlow::PassesRules(CString& url) {
         return false;
     }
     url = AfxGetProfileCheckForUpdatesURL(m_path);
-    if (!AfxIsValidURL(url) || !CanBeSent(url)) {
+    if (!AfxIsValidURL(url) || !IsRequestWord(url)) {
         cause.LoadString(kTextUpdatesInvalidUrl);
         ReportFailure(cause);
         return false;
@@ -215,13 +207,13 @@ void UpdateFlow::Cancel() {
 }
 
 void UpdateFlow::OnSocketStatus(const void* sender, int status, DWORD error) {
-    if (status == kStatusReleased)
+    if (status == Http::statusClosed)
         std::erase_if(m_retired, [sender](const auto& each) {
             return each->connection->GetSender() == sender;
         });
     else if (Connection() == nullptr || sender != Connection()->GetSender())
         return; // it was let go of
-    else if (error != 0 && status != kStatusBytesReceived)
+    else if (error != 0 && status != Http::statusReceived)
         End(View::resultFailed, error);
     else
         OnStatus(status);
@@ -230,7 +222,7 @@ void UpdateFlow::OnSocketStatus(const void* sender, int status, DWORD error) {
 void UpdateFlow::Poll() {
     DWORD error = 0;
     if (Connection() != nullptr && Connection()->HasEnded(error))
-        OnSocketStatus(Connection()->GetSender(), kStatusClosed, error);
+        OnSocketStatus(Connection()->GetSender(), Http::statusEnded, error);
 }
 
 } // namespace quorvel

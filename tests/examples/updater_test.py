@@ -76,10 +76,10 @@ def main():
     key = new_key()
     run(
         "first", key, [*site, "--yes"], 0, "Local update file does not exist.", "Connecting to updates server",
-        "new updates available as of 11/14/2023 10:13:20 PM", "Priority  Title", "high      Größe", "New: Größe http://h/1",
+        "new updates available as of 11/14/2023 11:13:20 PM", "Priority  Title", "high      Größe", "New: Größe http://h/1",
     )
     check(read(os.path.join(folder, "local.xml")) == FIRST.encode(), "first: another file")
-    run("again at once", key, [], 1, "dated 3/12/2024 8:30:00 AM", RECENT)
+    run("again at once", key, [], 1, "dated 3/12/2024 9:30:00 AM", RECENT)
 
     write(SECOND, 1_700_000_100)
     run("declined", new_key(), site, 3, "[y/n]", answer="n\n")

@@ -1,5 +1,6 @@
 // That a header is read alike in pieces and as a whole is the fuzz target's to prove.
 #include <quorvel/net/http_header.h>
+#include <quorvel/net/http_status_code_text.h>
 
 #include "net/http_header_reader.h"
 #include "support/date_time.h"
@@ -93,6 +94,7 @@ TEST(HttpHeader, FieldsTellLengthDateAndDeliberatelyTheInverseOfChunked) {
         {_T("4294967296"), 4294967296, 4294967396},
         {_T("18446744073709551615"), max, max},
         {_T("18446744073709551616"), 0, 100},
+        {_T("18446744073709551617"), 0, 100},
         {_T("-1"), 0, 100},
         {_T("12 bytes"), 0, 100},
     };

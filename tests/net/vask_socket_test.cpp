@@ -1,4 +1,5 @@
 // Sockets that work by events: their statuses, their handlers and their ends, over loopback.
+#include <quorvel/framework/exceptions.h>
 #include <quorvel/net/vask_socket.h>
 #include <quorvel/net/winsock_error_text.h>
 #include <quorvel/res/message_ids.h>
@@ -125,6 +126,26 @@ TEST_F(VaskSocket, ReportsWhyItDoesNotConnect) {
     unmade.SetStatusCallbackWnd(m_window.Get());
     EXPECT_TRUE(unmade.Connect(kHost, 80));
     ExpectStatuses(unmade, "3:10038 ");
+    EXPECT_EQ(unmade.GetStatusError(), 10038);
+}
+
+TEST_F(VaskSocket, IsFoundFinishedWhenAFullQueueLosesItsStatuses) {
+    Peer peer;
+    ScriptedSocket socket;
+    EXPECT_FALSE(socket.IsFinished());
+    while (PostMessageW(m_window.Get(), WM_APP, 0, 0)) {
+    }
+    Connect(socket, peer);
+    const SOCKET server = peer.Accept();
+    EXPECT_FALSE(socket.IsFinished());
+    closesocket(server);
+    while (!socket.IsFinished())
+        std::this_thread::yield();
+    EXPECT_EQ(socket.GetStatus(), CVaskSocket::statusEnded);
+    m_window.Pump();
+    EXPECT_EQ(m_window.Of(socket), "");
+    socket.Close();
+    EXPECT_FALSE(socket.IsFinished());
 }
 
 TEST_F(VaskSocket, LooksTheHostUpUnlessItIsAnAddress) {
@@ -183,8 +204,9 @@ TEST_F(VaskSocket, ListensAndAccepts) {
     ExpectStatuses(client, "3 4 8 14 ");
 }
 
-// A handler that refuses, throws or closes its socket is the last one that is called. Closed
-// inside, the socket has told its last status; otherwise the owner's Close does.
+// A handler that refuses, throws or closes its socket is the last one that is called. Lack of
+// memory is reported. Closed inside, the socket has posted its last status; otherwise the owner's
+// Close does.
 TEST_F(VaskSocket, EndsWithinAnyHandler) {
     const std::tuple<const char*, const char*, const char*> rows[] = {
         {"connect", "3 4 ", "connect "},
@@ -192,7 +214,7 @@ TEST_F(VaskSocket, EndsWithinAnyHandler) {
         {"receive", "3 4 8 9 ", "connect send receive "},
         {"close", "3 4 8 9 10:1 ", "connect send receive close "},
     };
-    enum Act { kRefuse, kThrow, kClose, kActs };
+    enum Act { kRefuse, kThrow, kHasNoMemory, kThrowsForMemory, kClose, kActs };
     for (const auto& [handler, statuses, handlers] : rows) {
         Peer peer;
         ScriptedSocket socket; // the same for all: it may be used again
@@ -200,6 +222,10 @@ TEST_F(VaskSocket, EndsWithinAnyHandler) {
             socket.m_acts[handler] = [&]() -> int {
                 if (act == kThrow)
                     throw 5;
+                if (act == kHasNoMemory)
+                    throw std::bad_alloc();
+                if (act == kThrowsForMemory)
+                    throw new CMemoryException;
                 if (act == kClose)
                     socket.Close();
                 return act == kClose ? TRUE : handler == std::string("receive") ? -1 : 0;
@@ -208,8 +234,10 @@ TEST_F(VaskSocket, EndsWithinAnyHandler) {
             Converse(peer, socket);
             m_window.Pump();
             const std::string label = handler + std::string(", act ") + std::to_string(act);
-            const std::string ended = statuses + std::string("0 ");
-            EXPECT_EQ(m_window.Of(socket), act == kClose ? ended : statuses) << label;
+            const bool lacksMemory = act == kHasNoMemory || act == kThrowsForMemory;
+            const std::string last = statuses + std::string(lacksMemory ? "14:8 " : "");
+            const std::string ended = last + "0 ";
+            EXPECT_EQ(m_window.Of(socket), act == kClose ? ended : last) << label;
             EXPECT_EQ(socket.Take(), handlers) << label;
             EXPECT_EQ(ErrorOf([&] { return socket.Connect(kHost, 80); }), DWORD{WSAEISCONN});
             socket.Close();
@@ -251,6 +279,8 @@ TEST_F(VaskSocket, RefusesWhatDoesNotFitItsState) {
          [&] { return socket.Connect(static_cast<const WCHAR*>(nullptr), 80); }},
         {"no URL", WSAEINVAL, [&] { return socket.Connect(_T("http://"), 80); }},
         {"a blank", WSAEINVAL, [&] { return socket.Connect(_T("a b"), 80); }},
+        {"one on Windows", WSAEINVAL, [&] { return socket.Connect(_T("a/\x2003"), 80); }},
+        {"a wide one", WSAEINVAL, [&] { return socket.Connect(_T("a/\x3000"), 80); }},
         {"port 0", WSAEINVAL, [&] { return socket.Connect(kHost, 0); }},
         {"port 65536", WSAEINVAL, [&] { return socket.Connect(kHost, 65536); }},
         {"a port in use", WSAEADDRINUSE,

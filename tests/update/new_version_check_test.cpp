@@ -62,7 +62,7 @@ TEST_F(NewVersion, AFileThatIsGoneIsNamed) {
     source.m_last->Receive("HTTP/1.1 200 OK\r\n\r\n1.2.3.5");
     const CString name = source.m_last->m_request.localFile;
     std::filesystem::remove(std::filesystem::path(std::basic_string<WCHAR>(name)));
-    check.OnSocketStatus(source.m_last, kStatusClosed, 0);
+    check.OnSocketStatus(source.m_last, Http::statusEnded, 0);
     EXPECT_EQ(0u, view.Take().find("[pane]\n(30) An error has occurred while opening the file '" +
                                    Narrow(name) + "'.\r\n\r\n"));
 }

@@ -158,25 +158,25 @@ public:
             if (!losesStatuses)
                 flow.OnSocketStatus(connection, status, error);
         };
-        send(kStatusConnected, 0);
+        send(Http::statusConnected, 0);
         for (std::size_t at = 0; at < response.size() && !connection->m_closed; at += piece) {
             const std::string bytes = response.substr(at, piece);
             const bool hadHeader = connection->IsHeaderParsed();
             connection->Receive(bytes);
             if (!hadHeader && connection->IsHeaderParsed())
-                send(kStatusHeaderParsed, 0);
-            send(kStatusBytesReceived, static_cast<DWORD>(bytes.size()));
+                send(Http::statusHeaderParsed, 0);
+            send(Http::statusReceived, static_cast<DWORD>(bytes.size()));
         }
         flow.Poll(); // has not ended yet
-        send(kStatusClosed, 0);
+        send(Http::statusEnded, 0);
         connection->m_hasEnded = true;
         flow.Poll();
         if (connection->m_closed)
-            flow.OnSocketStatus(connection, kStatusReleased, 0);
+            flow.OnSocketStatus(connection, Http::statusClosed, 0);
     }
     // The last word of the last connection.
     void Release(quorvel::UpdateFlow& flow) {
-        flow.OnSocketStatus(m_last, quorvel::kStatusReleased, 0);
+        flow.OnSocketStatus(m_last, quorvel::Http::statusClosed, 0);
     }
 
     DWORD m_createError = 0, m_connectError = 0;

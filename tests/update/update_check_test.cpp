@@ -33,7 +33,7 @@ std::string Error(const std::string& cause) {
     return "(30) An error has occurred while checking for updates.\r\n\r\n" + cause + "\n";
 }
 const std::string kQuestion =
-    "(44) There are new updates available as of 3/12/2024 8:30:00 AM.  Would you like to download "
+    "(44) There are new updates available as of 3/12/2024 9:30:00 AM.  Would you like to download "
     "them now?\n";
 const CString kNoFile = _T("Local update file does not exist.  Click Check to check for updates.");
 const std::string kChecking = "[pane]\nConnecting to updates server...\n"
@@ -86,7 +86,7 @@ TEST_F(Check, ANewerListingIsDownloadedWhenTheUserWantsIt) {
               view.Take());
     EXPECT_EQ(kNew, LocalFile());
     EXPECT_EQ(kListed, LastModified());
-    EXPECT_EQ(_T("Local update file is dated 3/12/2024 12:00:00 AM."), view.m_published);
+    EXPECT_EQ(_T("Local update file is dated 3/12/2024 1:00:00 AM."), view.m_published);
     ExpectEnd(View::resultUpdated);
 
     // The same listing again, by the same check and by one of the next run.
@@ -156,6 +156,7 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
     const std::string missing =
         Error("The server has not found anything that matches the requested URI.");
     const std::string tooLong = Error("Error 10040.");
+    const std::string longer = kNew + std::string(716 - 93 - size, '\n');
     const struct {
         std::string head, response;
         std::size_t piece; // 0: all statuses are lost
@@ -173,15 +174,15 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         {kHead, Response(Length(size + 1), kNew), 99, 99, false, done, kNew, View::resultUpdated},
         {kHead, Response(Length(2 * size + head), kNew), 99, 50, false, done, kNew,
          View::resultUpdated},
-        {kHead, Response("", kNew), Response("", "").size(), 100, false, done, kNew,
-         View::resultUpdated},
+        {kHead, "HTTP/1.1 200 OK\r\nX: " + std::string(93 - 24, 'x') + "\r\n\r\n" + longer, 93, 770,
+         false, done, longer, View::resultUpdated}, // 716 of 93 bytes
         // It is no listing, or no answer, or too long by what is told or by what comes.
         {kHead, Response(Length(6), "<html>"), 1, 100, true,
          "(10) The file is not a valid XML file.\n", "<html>"},
         {kHead, "HTTP/1.1 404 x\r\n" + Length(5) + "\r\n<rss>", 99, 0, false, missing, kOld},
         {kHead, "HTTP/1.1 200 OK\r\n", 99, 0, false, unknown, kOld},
         {kHead, Response(Length(1001), kNew), 999, 0, false, tooLong, kOld},
-        {kHead, Response("", kNew + std::string(1000, ' ')), 9999, 100, false, tooLong, kOld},
+        {kHead, Response("", std::string(1001, ' ')), 9999, 5368, false, tooLong, kOld},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
@@ -227,14 +228,14 @@ TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
         const void* const former = source.m_last;
         if (isDownloading) {
             source.Answer(check, kHead);
-            check.OnSocketStatus(former, kStatusConnected, 10053); // was on its way
+            check.OnSocketStatus(former, Http::statusConnected, 10053); // was on its way
         }
         view.Take();
         EXPECT_FALSE(check.Check());
         EXPECT_EQ(Error("A connection socket is already active."), view.Take());
         view.m_results.clear();
         view.m_posts = isDownloading; // the end is then reported later
-        check.OnSocketStatus(source.m_last, kStatusConnected, 10060);
+        check.OnSocketStatus(source.m_last, Http::statusConnected, 10060);
         if (view.m_posts) {
             EXPECT_TRUE(check.IsActive() && view.m_results.empty());
             check.Cancel();
@@ -294,9 +295,10 @@ TEST_F(Check, CancellingEndsEveryPhaseInSilence) {
     check.Cancel();
     check.Cancel();
     EXPECT_TRUE(source.m_last->m_closed);
-    for (const int status : {kStatusHeaderParsed, kStatusBytesReceived, kStatusClosed})
+    for (const int status : std::initializer_list<int>{Http::statusHeaderParsed,
+                                                       Http::statusReceived, Http::statusEnded})
         check.OnSocketStatus(source.m_last, status, 0); // on their way meanwhile
-    check.OnSocketStatus(source.m_last, kStatusConnected, 10053);
+    check.OnSocketStatus(source.m_last, Http::statusConnected, 10053);
     EXPECT_TRUE(HasTemporaryFiles()) << "the connection may still write to it";
     EXPECT_EQ("", view.Take());
     ExpectEnd(View::resultCancelled);
@@ -326,7 +328,7 @@ TEST_F(Check, AnyCallOfTheViewMayCancelIt) {
 }
 
 TEST_F(Check, OpeningShowsTheFileAndTheLastCheck) {
-    EXPECT_EQ(_T("Local update file is dated 1/1/2024 12:00:00 AM."), view.m_published);
+    EXPECT_EQ(_T("Local update file is dated 1/1/2024 1:00:00 AM."), view.m_published);
     EXPECT_EQ(1, view.m_timesPublished);
     EXPECT_EQ(_T(""), view.m_lastChecked) << "never";
     AfxWriteProfileCheckForUpdatesLastChecked(path, {2024, 1, 2, 20, 0, 0});

@@ -29,7 +29,5 @@ public:
     void GetNextAssoc(POSITION& next, CString& key, CString& value) const;
 
 private:
-    friend class CHttpHeader; // copies all entries
-
     std::map<CString, CString, std::less<>> m_entries;
 };

@@ -6,15 +6,19 @@
 // fields included. Whether all of it came is the host's to tell, from the header's GetFileLength
 // and GetBytesReceived.
 //
-// What happens is posted to the status window: beside the base class's statuses 1000 once the
-// header was read, 10 with the count of each piece, 8 with the system's error when the local file
-// can't be made and with the Winsock error when the request can't be sent, and 9 when receiving or
-// writing fails. A count has 16 bits: with a receive buffer above 65535 bytes it is cut, and
-// GetBytesReceived tells the truth.
+// HTTP alone is spoken: "https://" goes to the given port too, in the clear. The port is the one
+// given to Connect, not the one in the address.
 //
-// The handlers run on the socket's worker thread. The header may be read from the moment that 1000
-// came, the counters at any time; all else belongs to the thread that owns the socket, and is set
-// before Connect.
+// What happens is posted to the status window: beside the base class's statuses statusHeaderParsed
+// once the header was read, statusReceived with the count of each piece, statusSending with the
+// system's error when the local file can't be made and with the Winsock error when the request
+// can't be sent, and statusReceiving with the Winsock error when receiving fails and with the
+// system's error when writing the file fails. A count has 16 bits: with a receive buffer above
+// 65535 bytes it is cut; GetBytesReceived is exact.
+//
+// The handlers run on the socket's worker thread. The header may be read once statusHeaderParsed
+// has come, the counters at any time; all else belongs to the thread that owns the socket, and is
+// set before Connect.
 #pragma once
 
 #include <quorvel/framework/file.h>
@@ -31,6 +35,8 @@ class HttpHeaderReader;
 
 class QUORVEL_API CHttpFileSocket : public CVaskSocket {
 public:
+    enum HttpStatus { statusHeaderParsed = 1000 }; // beside the base class's
+
     CHttpFileSocket();
     ~CHttpFileSocket() override;
 
@@ -46,8 +52,8 @@ public:
     const CHttpHeader& GetHeaderConstRef() const { return m_header; }
     ULONGLONG GetBytesReceived() const { return m_bytesReceived; } // the header included
 
-    // A response with more bytes ends the connection with status 9 and WSAEMSGSIZE; so does a
-    // header of more. No limits at first.
+    // A response with more bytes ends the connection with statusReceiving and WSAEMSGSIZE; so does
+    // a header of more. No limits at first.
     void SetHeaderLimit(SIZE_T bytes) { m_headerLimit = bytes; }
     void SetFileLimit(ULONGLONG bytes) { m_fileLimit = bytes; }
 

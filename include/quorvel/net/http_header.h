@@ -9,6 +9,8 @@
 #include <quorvel/framework/string.h>
 #include <quorvel/platform/platform.h>
 
+#include <memory>
+
 class QUORVEL_API CHttpHeader {
 public:
     static constexpr WCHAR DEFAULT_VERSION[] = _T("HTTP/1.1");
@@ -36,8 +38,8 @@ public:
     BOOL FindFieldValue(const WCHAR* name, CString& value) const;
     void SetFieldValue(const WCHAR* name, const WCHAR* value); // nothing when one is null
     BOOL RemoveField(const WCHAR* name);
-    void RemoveAllFields() { m_fields.RemoveAll(); }
-    const CMapStringToString& GetFieldsMap() const { return m_fields; }
+    void RemoveAllFields() { m_fields->RemoveAll(); }
+    const CMapStringToString& GetFieldsMap() const { return *m_fields; }
 
     CString GetVersion() const { return m_version; }
     void SetVersion(const WCHAR* version) { m_version = version; }
@@ -66,8 +68,5 @@ private:
     UINT m_statusCode = 0;
     UINT m_length = 0;
     CString m_localFilePath;
-    CMapStringToString m_fields;
+    std::unique_ptr<CMapStringToString> m_fields; // never null
 };
-
-// A sentence for a status code; "Unknown HTTP status code." for one that has none.
-QUORVEL_API CString AfxGetHTTPStatusCodeText(DWORD code);

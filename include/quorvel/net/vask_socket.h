@@ -22,7 +22,9 @@ namespace quorvel {
 class SocketWorker;
 }
 
-// What a worker is started with. A plain value.
+// What a worker is started with. Copyable. A socket hands a copy on the heap to its worker, which
+// deletes it before it does anything else; when no worker can be started, the socket deletes it.
+// Neither the address nor the socket in it is owned.
 class QUORVEL_API CVaskSocketThreadParams {
 public:
     CVaskSocketThreadParams() = default;
@@ -66,22 +68,31 @@ public:
     // Posted to the status window: wParam is the socket, the low word of lParam the status and the
     // high word its error, 0 for none.
     //
-    //      0  Close has closed the handle
-    //      1  the look-up of the host begins; a dotted address needs none
-    //      2  the look-up has ended
-    //      3  the connection was asked for
-    //      4  there is a connection, or the error why not; before OnConnect
-    //      5  Listen
-    //      6  before OnAccept
-    //      8  before OnSend
-    //      9  before OnReceive
-    //     10  after OnReceive: the bytes received in place of an error, without what 16 bits lose
-    //     11  before OnOutOfBandData
-    //     14  the connection has ended; after OnClose, with the Winsock error that it left
+    // The last status is posted once more, with 10053, when Close cancels the worker, and with an
+    // error when the worker cannot wait.
     //
-    // The last status comes once more, with 10053, when Close cancels the worker, and with an error
-    // when the worker cannot wait. A full queue loses the message.
+    // A window's queue holds 10,000 messages. A full queue loses statuses, statusEnded and
+    // statusClosed among them. So an owner that waits for the end of a socket sets a timer for the
+    // window and asks IsFinished of each socket when it fires. A timer's message comes only when no
+    // posted message waits, but the last statuses may be posted just then. So the owner calls
+    // SetStatusCallbackWnd(nullptr) and Close at one firing, and destroys the socket at the next.
     static constexpr UINT STATUS_MESSAGE = WM_APP + 1003;
+    enum Status {
+        statusClosed = 0,     // Close has closed the handle
+        statusLookingUp = 1,  // the look-up of the host begins; a dotted address needs none
+        statusLookedUp = 2,   // the look-up has ended
+        statusConnecting = 3, // the connection was requested
+        statusConnected = 4,  // there is a connection, or the error why not; before OnConnect
+        statusListening = 5,  // Listen was called
+        statusAccepting = 6,  // before OnAccept
+        statusSending = 8,    // before OnSend
+        statusReceiving = 9,  // before OnReceive
+        statusReceived = 10,  // after OnReceive: the low 16 bits of its result, not an error
+        statusOutOfBand = 11, // before OnOutOfBandData
+        // The connection has ended: after OnClose, with the Winsock error that it left. Without
+        // OnClose, and with ERROR_NOT_ENOUGH_MEMORY (8), when lack of memory has ended the worker.
+        statusEnded = 14
+    };
 
     // Once a process, on the user-interface thread, which then has to dispatch messages. Both show
     // a message where they fail; Deinitialize shows none when there is no window to destroy. All
@@ -119,7 +130,8 @@ protected:
     // What happened to the connection, with its Winsock error. FALSE, or SOCKET_ERROR from
     // OnReceive, ends the worker; otherwise OnReceive gives the number of bytes. The base class's
     // do nothing and give 1. A member must not wait for the owner's thread, which may be waiting in
-    // Close. An exception ends the worker.
+    // Close. An exception ends the worker, without a status unless it means lack of memory
+    // (std::bad_alloc, CMemoryException).
     virtual BOOL OnAccept(int errorCode);
     virtual BOOL OnClose(int errorCode);
     virtual BOOL OnConnect(int errorCode);
@@ -154,8 +166,11 @@ public:
     // A dotted address, null for any; otherwise 10022.
     BOOL Bind(UINT port, const WCHAR* address);
 
-    // Connects to the host of a URL, or of one without "http://", at this port and not the one in
-    // it. 10056 while a worker is active, 10022 for a text that is no URL and for a bad port.
+    // Connects to the host of a URL, or of one without "http://", at this port. The scheme and the
+    // port in the URL are ignored: nothing is encrypted, for "https://" neither. 10056 while a
+    // worker is active, 10022 for a text that is no URL and for a bad port. A URL with a character
+    // that a code page of Windows turns into a blank (U+2000 to U+200A and U+3000) or a control
+    // character is no URL.
     BOOL Connect(const WCHAR* hostUrl, UINT port);
     // The address stays valid until status 3.
     BOOL Connect(const quorvel::win32::sockaddr* address, int length);
@@ -187,12 +202,22 @@ public:
     WSAEVENT GetEventHandle() const { return m_networkEvent; }
     BOOL IsCancelThreadEventValid() const { return m_cancelThreadEvent != nullptr; }
     BOOL IsThreadActive() const;
+    // TRUE from the moment at which the worker that a connect, listen or accept started has ended,
+    // for whatever reason, until Close is called on the owner's thread. No status follows but that
+    // of Close; GetStatus and GetStatusError are those of the last one, also when a full queue has
+    // lost it. Owner's thread.
+    BOOL IsFinished() const;
     static int GetLastError();
 
     int GetStatus() const { return m_status; }
-    void SetStatus(int status) { m_status = status; }
+    void SetStatus(int status) {
+        m_statusError = 0;
+        m_status = status;
+    }
+    // The error that UpdateStatus stored with the status, or the count of statusReceived, uncut.
+    int GetStatusError() const { return m_statusError; }
     void SetStatusCallbackWnd(HWND window) { m_statusWnd = window; }
-    // Stores the status and posts it.
+    // Stores the status with its error and posts both.
     void UpdateStatus(int status, int error);
     // Posts the status without storing it. The Winsock error stays.
     void PostCallbackStatusChangeMessage(int status, int error);
@@ -258,6 +283,7 @@ private:
     HANDLE m_cancelThreadEvent = nullptr;
     HANDLE m_workerThread = nullptr;
     std::atomic<int> m_status = 0;
+    std::atomic<int> m_statusError = 0;
     std::atomic<HWND> m_statusWnd = nullptr;
     std::atomic<DWORD> m_workerId = 0;          // of the thread that runs the On... members
     std::atomic<bool> m_closedByWorker = false; // within an On... member

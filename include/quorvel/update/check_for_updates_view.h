@@ -26,12 +26,13 @@ public:
     virtual void ShowProgress(BOOL isDownload);
     virtual void HideProgress();
     virtual void SetProgressText(const WCHAR* text);
-    // Bytes; `expected` is 0 until it is known, and too low when the server does not tell it. 0 to
-    // 100 percent.
+    // Bytes; `expected` is 0 until it is known, and too low when the server does not announce the
+    // length or announces too little: then there are more than 100 percent.
     virtual void SetProgressFigures(ULONGLONG received, ULONGLONG expected, int percent,
                                     const WCHAR* text);
 
-    // Lines about the local updates file and the last check; the second is empty before any check.
+    // Lines about the local updates file and the last check, with dates in the user's local time;
+    // the second is empty before any check.
     virtual void SetPublishedText(const WCHAR* text);
     virtual void SetLastCheckedText(const WCHAR* text);
     // The listing was loaded or emptied.

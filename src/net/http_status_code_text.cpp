@@ -1,4 +1,4 @@
-#include <quorvel/net/http_header.h>
+#include <quorvel/net/http_status_code_text.h>
 
 #include <quorvel/res/message_ids.h>
 
