@@ -64,25 +64,24 @@ Options ReadOptions(const std::vector<CString>& arguments) {
     return options;
 }
 
-// Takes the statuses of the connections.
-class StatusWnd : public CWnd {
+constexpr int kBacklog = 200; // clients that connect at once
+constexpr UINT kSweepMilliseconds = 100;
+
+// Has ended connections freed by its timer.
+class SweepWnd : public CWnd {
 public:
     Server* m_server = nullptr;
 
 protected:
-    LRESULT OnStatus(WPARAM socket, LPARAM status) {
-        if (m_server != nullptr)
-            m_server->OnStatus(reinterpret_cast<CVaskSocket*>(socket), LOWORD(status));
-        return 0;
-    }
+    void OnTimer(UINT) { m_server->FreeFinished(); }
     DECLARE_MESSAGE_MAP()
 };
 
-BEGIN_MESSAGE_MAP(StatusWnd, CWnd)
-ON_MESSAGE(CVaskSocket::STATUS_MESSAGE, &StatusWnd::OnStatus)
+BEGIN_MESSAGE_MAP(SweepWnd, CWnd)
+ON_WM_TIMER()
 END_MESSAGE_MAP()
 
-void CreateWindowFor(StatusWnd& wnd) {
+void CreateWindowFor(SweepWnd& wnd) {
     WNDCLASSEXW windowClass = {};
     windowClass.cbSize = sizeof windowClass;
     windowClass.lpfnWndProc = DefWindowProcW;
@@ -104,16 +103,17 @@ void Serve(const Options& options) {
     const fs::path folder(std::basic_string<WCHAR>(options.folder.GetString()));
     if (!fs::is_directory(folder, error))
         throw Failure{exitFailed, options.folder + _T(": not a folder")};
-    StatusWnd window;
+    SweepWnd window;
     CreateWindowFor(window);
-    Server server(folder, window.m_hWnd);
+    Server server(folder);
     CString address;
     UINT port = 0;
     if (!server.Create(options.port, SOCK_STREAM, CVaskSocket::ALL_EVENTS, options.address) ||
-        !server.Listen() || !server.GetSockNameEx(address, port))
+        !server.Listen(kBacklog) || !server.GetSockNameEx(address, port))
         throw Failure{exitFailed,
                       AfxGetWinsockErrorText(static_cast<DWORD>(CVaskSocket::GetLastError()))};
     window.m_server = &server;
+    SetTimer(window.m_hWnd, 1, kSweepMilliseconds, nullptr);
     CString line;
     line.Format(_T("http://%s:%u/"), address.GetString(), port);
     Print(stdout, line);

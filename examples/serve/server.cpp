@@ -109,15 +109,14 @@ void Connection::SendMore() {
     }
 }
 
-// A worker that only ended would tell the server nothing: the status of Close gets the connection
-// freed. 0, for the bytes that were received.
+// Closes a connection that can't go on, which ends its worker. 0, for the bytes that were received.
 int Connection::EndUnlessBlocked() {
     if (GetLastError() != WSAEWOULDBLOCK)
         Close();
     return 0;
 }
 
-Server::Server(const fs::path& folder, HWND window) : m_folder(folder), m_window(window) {}
+Server::Server(const fs::path& folder) : m_folder(folder) {}
 
 Server::~Server() {
     Close(); // no more connections come
@@ -125,23 +124,13 @@ Server::~Server() {
 
 BOOL Server::OnAccept(int) {
     auto connection = std::make_unique<Connection>(m_folder);
-    connection->SetStatusCallbackWnd(m_window);
-    CVaskSocket* const socket = connection.get();
-    const std::lock_guard lock(m_lock); // its first status may come at once
-    m_connections.emplace(socket, std::move(connection));
-    if (!Accept(*socket))
-        m_connections.erase(socket);
+    const std::lock_guard lock(m_lock);
+    if (Accept(*connection))
+        m_connections.push_back(std::move(connection));
     return TRUE;
 }
 
-// A status bears the socket's address: it is freed after its last one, which Close posts.
-void Server::OnStatus(CVaskSocket* socket, int status) {
+void Server::FreeFinished() {
     const std::lock_guard lock(m_lock);
-    const auto found = m_connections.find(socket);
-    if (found == m_connections.end())
-        return;
-    if (status == statusEnded || !socket->IsThreadActive())
-        socket->Close();
-    if (status == statusClosed)
-        m_connections.erase(found);
+    std::erase_if(m_connections, [](const auto& each) { return each->IsFinished() != FALSE; });
 }

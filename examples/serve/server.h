@@ -5,10 +5,10 @@
 
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
+#include <vector>
 
 // One client's connection: reads its request, answers, and ends. The members are the worker's own.
 class Connection : public CVaskSocket {
@@ -35,19 +35,18 @@ private:
 
 class Server : public CVaskSocket {
 public:
-    // Statuses of the connections go to the window, whose thread passes them to OnStatus.
-    Server(const std::filesystem::path& folder, HWND window);
+    explicit Server(const std::filesystem::path& folder);
     ~Server() override;
 
-    // Lets go of the connections that have ended.
-    void OnStatus(CVaskSocket* socket, int status);
+    // Frees the connections that have ended. To be called now and then: the connections post no
+    // statuses, which a queue that is full with them would lose.
+    void FreeFinished();
 
 protected:
     BOOL OnAccept(int errorCode) override;
 
 private:
     const std::filesystem::path m_folder;
-    const HWND m_window;
-    std::mutex m_lock; // guards the connections: the worker adds, the window's thread removes
-    std::map<CVaskSocket*, std::unique_ptr<Connection>> m_connections;
+    std::mutex m_lock; // guards the connections: the worker adds, the main thread removes
+    std::vector<std::unique_ptr<Connection>> m_connections;
 };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <set>
 
 namespace {
 
@@ -16,11 +17,32 @@ CString Padded(CString text, int width) {
     return text;
 }
 
+// Control characters, the separators of lines and paragraphs, and what changes the direction in
+// which a terminal writes.
+bool IsHarmful(WCHAR each) {
+    return each < 0x20 || (each >= 0x7f && each <= 0x9f) || each == 0x61c || each == 0x200e ||
+           each == 0x200f || (each >= 0x2028 && each <= 0x202e) ||
+           (each >= 0x2066 && each <= 0x2069);
+}
+
+// Text that may come from a server.
+CString Harmless(CString text) {
+    for (int i = 0; i < text.GetLength(); ++i)
+        if (IsHarmful(text[i]))
+            text.SetAt(i, 0xfffd);
+    return text;
+}
+
 // Line ends of a message box are lines of their own here.
 void PrintText(CString text) {
     text.Remove('\r');
     text.TrimRight();
-    Print(stdout, text);
+    for (int begin = 0; begin <= text.GetLength();) {
+        const int found = text.Find('\n', begin);
+        const int end = found >= 0 ? found : text.GetLength();
+        Print(stdout, Harmless(text.Mid(begin, end - begin)));
+        begin = end + 1;
+    }
     std::fflush(stdout);
 }
 
@@ -68,8 +90,7 @@ void ConsoleView::ShowListing(const CUpdateListing& listing) {
     Print(stdout, Padded(_T("Priority"), 10) + Padded(_T("Title"), kTitleWidth) + _T("Date"));
     for (CUpdateListingItem item : listing.GetItems())
         Print(stdout, Padded(item.GetPriorityText(), 10) +
-                          Padded(item.GetSubItemText(CUpdateListingItem::COLUMN_TITLE) + _T(" "),
-                                 kTitleWidth) +
+                          Padded(Harmless(item.GetTitle()) + _T(" "), kTitleWidth) +
                           item.GetSubItemText(CUpdateListingItem::COLUMN_DATE));
     std::fflush(stdout);
 }
@@ -79,18 +100,23 @@ int ConsoleView::ShowMessage(const WCHAR* text, UINT type) {
     PrintText(text);
     if ((type & MB_TYPEMASK) != MB_YESNO)
         return IDOK;
-    return m_alwaysYes || ReadYes() ? IDYES : IDNO;
+    m_hasAgreed = m_alwaysYes || ReadYes();
+    return m_hasAgreed ? IDYES : IDNO;
 }
 
 void PrintNews(const CUpdateListing& former, const CUpdateListing& present) {
-    const auto& old = former.GetItems();
-    for (const CUpdateListingItem& item : present.GetItems()) {
-        // An entry without a date has the time at which it was loaded.
-        const auto isIt = [&item](const CUpdateListingItem& each) {
-            return each.GetTitle() == item.GetTitle() && each.GetLink() == item.GetLink();
-        };
-        if (std::none_of(old.begin(), old.end(), isIt))
-            Print(stdout, _T("New: ") + item.GetTitle() +
-                              (item.GetLink().IsEmpty() ? CString() : _T(" ") + item.GetLink()));
+    // Not by the date: an entry without one has the time at which it was loaded.
+    typedef CUpdateListingItem Item;
+    const auto isBefore = [](const Item* left, const Item* right) {
+        const int order = left->GetTitle().Compare(right->GetTitle());
+        return order != 0 ? order < 0 : left->GetLink() < right->GetLink();
+    };
+    std::set<const Item*, decltype(isBefore)> old;
+    for (const Item& item : former.GetItems())
+        old.insert(&item);
+    for (const Item& item : present.GetItems()) {
+        const CString line = _T("New: ") + item.GetTitle() + _T(" ") + item.GetLink();
+        if (!old.contains(&item))
+            Print(stdout, Harmless(CString(line).TrimRight()));
     }
 }

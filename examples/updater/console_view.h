@@ -1,5 +1,6 @@
 // A check for updates on a console: what it says goes to standard output, a line with the progress
-// to standard error, and questions are answered on standard input.
+// to standard error, and questions are answered on standard input. Characters by which a text could
+// control the terminal or forge another line are shown as U+FFFD.
 #pragma once
 
 #include <quorvel/update/check_for_updates_view.h>
@@ -20,9 +21,11 @@ public:
     void OnFinished(Result result) override { m_result = result; }
 
     Result GetResult() const { return m_result; }
+    bool HasAgreed() const { return m_hasAgreed; } // to the last question
 
 private:
     const bool m_alwaysYes;
+    bool m_hasAgreed = false;
     Result m_result = resultFailed;
     int m_shownPercent = -1; // of the line that has no end yet
 };

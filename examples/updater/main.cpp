@@ -20,23 +20,26 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr char kUsage[] =
-    R"(usage: updater [--site URL] --settings KEY [--file FILE] [--auto] [--yes]
+    R"(usage: updater [--site URL] --settings KEY [--file FILE] [--auto | --reset] [--yes]
 
 Shows the update listing that was downloaded last, checks the site for a newer one, and
 downloads it.
 
-  --site URL      the address of the listing, served at port 80; kept in the settings
+  --site URL      the address of the listing, kept in the settings; it is asked for over
+                  HTTP at port 80, whatever scheme and port the address has
   --settings KEY  where the settings are, below HKEY_CURRENT_USER: Software\Company\Program
   --file FILE     the local updates file; without it one in the user's data folder
   --auto          checks only when the reminder of the settings is due
-  --yes           downloads without asking
+  --reset         forgets the listing and its date instead, after asking
+  --yes           downloads or resets without asking
 
 Interrupting the program (Ctrl+C) cancels the check; a second time ends it wherever it waits.
 
 exit code: 0 up to date, 1 the check failed or was refused, 2 wrong usage, 3 not downloaded
+           or not reset
 )";
 
-enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2, exitNotDownloaded = 3 };
+enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2, exitDeclined = 3 };
 
 volatile std::sig_atomic_t g_isInterrupted = 0;
 
@@ -52,6 +55,7 @@ struct Options {
     CString settings;
     CString file;
     bool isAuto = false;
+    bool resets = false;
     bool alwaysYes = false;
 };
 
@@ -67,6 +71,8 @@ Options ReadOptions(const std::vector<CString>& arguments) {
             options.file = arguments[++i];
         else if (arguments[i] == _T("--auto"))
             options.isAuto = true;
+        else if (arguments[i] == _T("--reset"))
+            options.resets = true;
         else if (arguments[i] == _T("--yes"))
             options.alwaysYes = true;
         else
@@ -104,7 +110,12 @@ int Update(const Options& options) {
         throw Failure{exitFailed, _T("the settings can't be written: ") + options.settings};
     ConsoleView view(options.alwaysYes);
     CCheckForUpdates check(path, options.file.IsEmpty() ? DefaultFile() : options.file, view);
+    check.SetStrict(TRUE);
     check.Open();
+    if (options.resets) {
+        check.Reset();
+        return view.HasAgreed() ? exitDone : exitDeclined;
+    }
     if (options.isAuto && !AfxIsCheckForUpdatesReminderDue(path))
         return exitDone;
     const CUpdateListing former = check.GetListing();
@@ -121,9 +132,9 @@ int Update(const Options& options) {
         return exitFailed;
     case ConsoleView::resultCancelled:
         Print(stdout, _T("The check was cancelled."));
-        return exitNotDownloaded;
+        return exitDeclined;
     default:
-        return exitNotDownloaded;
+        return exitDeclined;
     }
 }
 

@@ -1,29 +1,10 @@
 #include <quorvel/update/check_for_updates.h>
 
-#include "update/http_connection.h"
-#include "update/new_version_check.h"
+#include "update/check_engine.h"
 #include "update/update_check.h"
 
-namespace {
-
-// The window goes before the check that it tells, whose connections may still post to it.
-template <class Flow>
-struct Engine {
-    template <class Subject>
-    Engine(const CRegistryPath& path, const Subject& subject, CCheckForUpdatesView& view)
-        : flow(path, subject, view, source) {
-        source.SetFlow(&flow);
-    }
-    ~Engine() { source.SetFlow(nullptr); }
-
-    quorvel::HttpSource source;
-    Flow flow;
-};
-
-} // namespace
-
-struct CCheckForUpdates::Parts : Engine<quorvel::UpdateCheck> {
-    using Engine::Engine;
+struct CCheckForUpdates::Parts : quorvel::CheckEngine<quorvel::UpdateCheck> {
+    using CheckEngine::CheckEngine;
 };
 
 CCheckForUpdates::CCheckForUpdates(const CRegistryPath& path, const WCHAR* localUpdatesFile,
@@ -64,28 +45,6 @@ void CCheckForUpdates::SetBodyLimit(ULONGLONG bytes) {
     m_parts->flow.SetBodyLimit(bytes);
 }
 
-struct CNewVersionCheck::Parts : Engine<quorvel::NewVersionCheck> {
-    using Engine::Engine;
-};
-
-CNewVersionCheck::CNewVersionCheck(const CRegistryPath& path, const CVersionNumber& currentVersion,
-                                   CCheckForUpdatesView& view)
-    : m_parts(std::make_unique<Parts>(path, currentVersion, view)) {}
-
-CNewVersionCheck::~CNewVersionCheck() = default;
-
-BOOL CNewVersionCheck::Check() {
-    return m_parts->flow.Check();
-}
-
-BOOL CNewVersionCheck::IsActive() const {
-    return m_parts->flow.IsActive();
-}
-
-void CNewVersionCheck::Cancel() {
-    m_parts->flow.Cancel();
-}
-
-void CNewVersionCheck::OnCheckFinished(DWORD code) {
-    m_parts->flow.OnCheckFinished(code);
+void CCheckForUpdates::SetStrict(BOOL strict) {
+    m_parts->flow.SetStrict(strict != FALSE);
 }

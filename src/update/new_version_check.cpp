@@ -1,85 +1,34 @@
-#include "update/new_version_check.h"
+#include <quorvel/update/new_version_check.h>
 
-#include <quorvel/res/message_ids.h>
+#include "update/check_engine.h"
+#include "update/version_check.h"
 
-#include "platform/win32.h"
-#include "update/response_body.h"
+struct CNewVersionCheck::Parts : quorvel::CheckEngine<quorvel::VersionCheck> {
+    using CheckEngine::CheckEngine;
+};
 
-namespace quorvel {
+CNewVersionCheck::CNewVersionCheck(const CRegistryPath& path, const CVersionNumber& currentVersion,
+                                   CCheckForUpdatesView& view)
+    : m_parts(std::make_unique<Parts>(path, currentVersion, view)) {}
 
-namespace {
+CNewVersionCheck::~CNewVersionCheck() = default;
 
-constexpr ULONGLONG kBodyLimit = 64 << 10;
-constexpr UINT kReceiveBufferSize = 128;
-constexpr DWORD kOk = 200;
-
-} // namespace
-
-UINT JudgeVersionText(const WCHAR* text, const CVersionNumber& current, CVersionNumber& latest) {
-    DWORD major, minor, revision, build;
-    if (!CVersionNumber::ParseVersionNumberString(text, major, minor, revision, build))
-        return kTextNewVersionInvalid;
-    latest.SetNumber(major, minor, revision, build);
-    if (latest == current)
-        return kTextNewVersionUpToDate;
-    return latest > current ? kTextNewVersionAvailable : kTextNewVersionAhead;
+BOOL CNewVersionCheck::Check() {
+    return m_parts->flow.Check();
 }
 
-NewVersionCheck::NewVersionCheck(const CRegistryPath& path, const CVersionNumber& current,
-                                 CCheckForUpdatesView& view, UpdateSource& source)
-    : UpdateFlow(path, view, source, kBodyLimit), m_current(current) {}
-
-bool NewVersionCheck::Check() {
-    UpdateRequest request;
-    if (!PassesRules(request.url) || !Open(true))
-        return false;
-    GetView().ShowProgress(FALSE);
-    request.headerOnly = false;
-    request.receiveBufferSize = kReceiveBufferSize;
-    if (!Connect(request)) {
-        Abandon();
-        return false;
-    }
-    NoteStart();
-    return true;
+BOOL CNewVersionCheck::IsActive() const {
+    return m_parts->flow.IsActive();
 }
 
-void NewVersionCheck::OnStatus(int status) {
-    const bool isClosed = status == Http::statusEnded;
-    if (!isClosed && status != Http::statusHeaderParsed && status != Http::statusReceived)
-        return;
-    if (Connection()->IsHeaderParsed() &&
-        (EndsAsTooLong(ExpectedBytes().bytes) || EndsAsTooLong(Connection()->GetBytesReceived())))
-        return;
-    if (isClosed && ResponseCode() == kOk)
-        OnDownloaded();
-    else if (isClosed)
-        End(View::resultFailed, ResponseCode());
+void CNewVersionCheck::Cancel() {
+    m_parts->flow.Cancel();
 }
 
-void NewVersionCheck::OnDownloaded() {
-    CStringA body;
-    CString text;
-    const bool isRead =
-        ReadResponseBody(TemporaryFileName(), Connection()->GetHeader().GetLength(), body, text);
-    LetGo();
-    GetView().HideProgress();
-    if (!IsRunning())
-        return;
-    UINT type = MB_OK | MB_ICONEXCLAMATION;
-    View::Result result = View::resultFailed;
-    if (isRead) {
-        CVersionNumber latest;
-        const UINT textId = JudgeVersionText(CString(body.GetString()), m_current, latest);
-        text.FormatMessage(textId, m_current.GetText().GetString(), latest.GetText().GetString());
-        if (textId != kTextNewVersionInvalid) {
-            type = MB_OK | MB_ICONINFORMATION;
-            result =
-                textId == kTextNewVersionAvailable ? View::resultUpdated : View::resultUpToDate;
-        }
-    }
-    GetView().ShowMessage(text, type);
-    End(result);
+void CNewVersionCheck::OnCheckFinished(DWORD code) {
+    m_parts->flow.OnCheckFinished(code);
 }
 
-} // namespace quorvel
+void CNewVersionCheck::SetStrict(BOOL strict) {
+    m_parts->flow.SetStrict(strict != FALSE);
+}

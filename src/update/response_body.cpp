@@ -64,6 +64,28 @@ bool CopyResponseBody(const WCHAR* response, ULONGLONG headerLength, const WCHAR
     });
 }
 
+bool DecodeResponseBody(const WCHAR* response, const CHttpHeader& header, ULONGLONG limit,
+                        const WCHAR* target, BodyDecoder::Outcome& outcome, CString& errorText) {
+    return WithBody(response, header.GetLength(), errorText, [&](Step& step, CFile& body) {
+        const Step reading = step;
+        const Step writing = {kTextErrorCreatingFile, target};
+        step = writing;
+        CFile decoded(target, CFile::modeCreate | CFile::modeWrite);
+        BodyDecoder decoder(header, limit, [&](const char* bytes, std::size_t count) {
+            decoded.Write(bytes, static_cast<UINT>(count));
+        });
+        char block[32 * 1024];
+        UINT count = 0;
+        do {
+            step = reading;
+            count = body.Read(block, sizeof block);
+            step = writing;
+        } while (count > 0 && decoder.Add(block, count));
+        outcome = decoder.GetOutcome();
+        decoded.Close();
+    });
+}
+
 bool ReadResponseBody(const WCHAR* response, ULONGLONG headerLength, CStringA& body,
                       CString& errorText) {
     return WithBody(response, headerLength, errorText, [&body](Step&, CFile& file) {

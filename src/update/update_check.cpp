@@ -18,7 +18,6 @@ namespace quorvel {
 namespace {
 
 constexpr ULONGLONG kBodyLimit = 64 << 20;
-constexpr UINT kReceiveBufferSize = 128; // small, so that the bar moves
 constexpr DWORD kOk = 200;
 
 CString LoadText(UINT id) {
@@ -58,7 +57,8 @@ bool Exists(const CString& fileName) {
 
 UpdateCheck::UpdateCheck(const CRegistryPath& path, const WCHAR* localUpdatesFile,
                          CCheckForUpdatesView& view, UpdateSource& source)
-    : UpdateFlow(path, view, source, kBodyLimit), m_fileName(localUpdatesFile),
+    : UpdateFlow(path, view, source, kBodyLimit, kTextUpdatesListingTooLong),
+      m_fileName(localUpdatesFile),
       m_lastModified(StoredDate(AfxGetProfileCheckForUpdatesLastModified(path))) {}
 
 void UpdateCheck::Open() {
@@ -148,7 +148,10 @@ void UpdateCheck::OnDateReceived() {
 
 void UpdateCheck::Offer(const COleDateTime& date, const CString& url) {
     m_phase = Phase::asking;
-    if (!(date > m_lastModified)) {
+    if (IsStrict() && IsInFuture(date))
+        return Refuse(ERROR_INVALID_DATA, kTextUpdatesDateInFuture, DateText(date));
+    const bool storedDateCounts = !IsStrict() || !IsInFuture(m_lastModified);
+    if (storedDateCounts && !(date > m_lastModified)) {
         GetView().ShowMessage(LoadText(kTextUpdatesNoneAvailable), MB_OK | MB_ICONINFORMATION);
         return End(View::resultUpToDate);
     }
@@ -178,7 +181,7 @@ void UpdateCheck::Download(const COleDateTime& date, const CString& url) {
     UpdateRequest request;
     request.url = url;
     request.headerOnly = false;
-    request.receiveBufferSize = kReceiveBufferSize;
+    request.receiveBufferSize = UpdateRequest::kReceiveBufferSize;
     if (!Connect(request))
         End(View::resultFailed);
 }
@@ -222,7 +225,7 @@ bool UpdateCheck::OnBytesReceived() {
         ShowFigures(received);
     if (!IsRunning())
         return false;
-    if (m_expected.isKnown && received == m_expected.bytes &&
+    if (!IsStrict() && m_expected.isKnown && received == m_expected.bytes &&
         m_lastModified != m_pendingLastModified)
         SetLastModified(m_pendingLastModified);
     return !EndsAsTooLong(received);
@@ -231,17 +234,32 @@ bool UpdateCheck::OnBytesReceived() {
 void UpdateCheck::OnDownloaded() {
     if (!m_hasHeader)
         return End(View::resultFailed, ResponseCode());
+    Body body;
+    if (!FindBody(body) || (IsStrict() && !IsListing(body)))
+        return;
     CString errorText;
-    const bool isCopied = CopyResponseBody(
-        TemporaryFileName(), Connection()->GetHeader().GetLength(), m_fileName, errorText);
-    LetGo(); // before any box, or the timer would tell of the end again while it is shown
+    const bool isCopied = CopyResponseBody(body.fileName, body.begin, m_fileName, errorText);
+    LetGo(); // before any box, or the timer would report the end again while it is shown
     if (!isCopied) {
         SetLastModified(m_formerLastModified);
         GetView().ShowMessage(errorText, MB_OK | MB_ICONEXCLAMATION);
         return End(View::resultFailed);
     }
+    if (IsStrict())
+        SetLastModified(m_pendingLastModified);
     const bool isLoaded = LoadListing();
     End(isLoaded ? View::resultUpdated : View::resultFailed);
+}
+
+// False when it does not load; the check has then ended.
+bool UpdateCheck::IsListing(const Body& body) {
+    CUpdateListing listing;
+    CString errorText;
+    UINT icon = 0;
+    if (listing.Load(body.fileName, errorText, icon))
+        return true;
+    Refuse(ERROR_INVALID_DATA, kTextUpdatesNotAListing, errorText);
+    return false;
 }
 
 void UpdateCheck::Reset() {

@@ -5,7 +5,8 @@
 //
 // Any error, refusal and Cancel lead back to idle. The local file is replaced as a whole, by a
 // response of status 200 only; "Last Modified" is stored once every byte has come, so that a broken
-// download is offered again, and taken back when the local file can't be written.
+// download is offered again, and taken back when the local file can't be written. A strict check
+// replaces the file by a listing that loads, and stores the date after that.
 #pragma once
 
 #include <quorvel/update/update_listing.h>
@@ -22,8 +23,8 @@ public:
     const CUpdateListing& GetListing() const { return m_listing; }
     // Loads the local updates file, if there is one, and sets the view's lines.
     void Open();
-    // Starts a check. False when it may not start or can't, and the view has been told why; a
-    // link that the host does not allow is refused in silence.
+    // Starts a check. False when it may not start or can't, and the view has shown why; a link
+    // that the host does not allow is refused in silence.
     bool Check();
     // Asks, and then forgets the listing: its file and the date of the last download, not that of
     // the last check.
@@ -42,6 +43,7 @@ private:
     bool OnBytesReceived();
     void ShowFigures(ULONGLONG received) const;
     void OnDownloaded();
+    bool IsListing(const Body& body);
     void SetLastModified(const COleDateTime& date);
     bool LoadListing();
     void ShowLastChecked() const;

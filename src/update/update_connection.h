@@ -12,12 +12,18 @@ namespace quorvel {
 typedef CHttpFileSocket Http; // whose statuses a connection has
 
 struct UpdateRequest {
+    static constexpr std::size_t kHeaderLimit = 1 << 20;
+    // Of a download. Small, so that the progress moves on a slow line, and so that the count of
+    // every piece fits into the 16 bits that a status has for it. A version file is asked for in
+    // the same way: the two downloads differ in nothing but what becomes of the body.
+    static constexpr UINT kReceiveBufferSize = 128;
+
     CString url;
     bool headerOnly = true;
-    CString localFile;                 // receives the whole response unless headerOnly is set
-    UINT receiveBufferSize = 0;        // 0: the socket's default
-    UINT hostTimeOut = 30000;          // of the look-up of the host, in milliseconds
-    std::size_t headerLimit = 1 << 20; // a longer header is an error
+    CString localFile;                      // receives the whole response unless headerOnly is set
+    UINT receiveBufferSize = 0;             // 0: the socket's default
+    UINT hostTimeOut = 30000;               // of the look-up of the host, in milliseconds
+    std::size_t headerLimit = kHeaderLimit; // a longer header ends it with WSAEMSGSIZE
 };
 
 // Destroying it closes it. Its statuses, those of CHttpFileSocket, arrive as calls of the check's

@@ -1,5 +1,6 @@
 #include "update/update_flow.h"
 
+#include <quorvel/frame/byte_size.h>
 #include <quorvel/frame/exception_text.h>
 #include <quorvel/frame/module.h>
 #include <quorvel/net/http_status_code_text.h>
@@ -7,35 +8,42 @@
 #include <quorvel/update/check_for_updates_profile.h>
 #include <quorvel/util/text/validation.h>
 
-#include "net/http_field_values.h"
 #include "net/request_word.h"
 #include "platform/win32.h"
 #include "system/new_temporary_file.h"
+#include "update/response_body.h"
 
 #include <algorithm>
-#include <string_view>
+#include <optional>
+#include <utility>
 
 namespace quorvel {
 
 namespace {
 
-constexpr DWORD kNotSetUp = 1;           // what the sockets say before they are initialised
-constexpr DWORD kMessageTooLong = 10040; // WSAEMSGSIZE
+constexpr DWORD kNotSetUp = 1; // what the sockets say before they are initialised
 constexpr DWORD kFirstSocketError = 10000;
 constexpr DWORD kNoStatusCode = 1; // has the text of an unknown code
 constexpr int kSecondsBetweenChecks = 15;
 constexpr UINT kReport = MB_OK | MB_ICONEXCLAMATION;
 
+CString SizeText(ULONGLONG bytes) {
+    return AfxFormatFileSize(static_cast<__int64>(bytes));
+}
+
 } // namespace
 
-// The file is removed after the connection, which may still have it open.
+// The files are removed after the connection, which may still have it open.
 struct UpdateFlow::Transfer {
     ~Transfer() {
         connection.reset();
-        if (!fileName.IsEmpty())
-            DeleteFileW(fileName);
+        for (const CString& each : {fileName, decodedFileName})
+            if (!each.IsEmpty())
+                DeleteFileW(each);
     }
     CString fileName;
+    CString decodedFileName;
+    bool wasPolled = false; // since it was let go of
     std::unique_ptr<UpdateConnection> connection;
 };
 
@@ -44,8 +52,9 @@ COleDateTime StoredDate(const COleDateTime& date) {
 }
 
 UpdateFlow::UpdateFlow(const CRegistryPath& path, View& view, UpdateSource& source,
-                       ULONGLONG bodyLimit)
+                       ULONGLONG bodyLimit, UINT tooLongTextId)
     : m_path(path), m_view(view), m_source(source), m_bodyLimit(bodyLimit),
+      m_tooLongTextId(tooLongTextId),
       m_lastChecked(StoredDate(AfxGetProfileCheckForUpdatesLastChecked(path))) {}
 
 UpdateFlow::~UpdateFlow() = default;
@@ -158,19 +167,47 @@ DWORD UpdateFlow::ResponseCode() const {
 
 UpdateFlow::Expected UpdateFlow::ExpectedBytes() const {
     const CHttpHeader& header = Connection()->GetHeader();
-    CString value;
-    const bool isKnown = header.FindFieldValue(_T("Content-Length"), value) &&
-                         (ReadContentLength(value) > 0 || value == _T("0"));
-    const ULONGLONG bytes = header.GetLength() + ReadContentLength(value);
-    return {bytes >= header.GetLength() ? bytes : ~ULONGLONG{0}, isKnown};
+    const std::optional<ULONGLONG> length = AnnouncedLength(header);
+    const ULONGLONG bytes = header.GetLength() + length.value_or(0);
+    return {bytes >= header.GetLength() ? bytes : ~ULONGLONG{0}, length.has_value()};
 }
 
 bool UpdateFlow::EndsAsTooLong(ULONGLONG bytes) {
     const ULONGLONG header = Connection()->GetHeader().GetLength();
     const bool isTooLong = bytes > header && bytes - header > m_bodyLimit;
     if (isTooLong)
-        End(View::resultFailed, kMessageTooLong);
+        Refuse(WSAEMSGSIZE, m_tooLongTextId, SizeText(m_bodyLimit));
     return isTooLong;
+}
+
+bool UpdateFlow::FindBody(Body& body) {
+    const CHttpHeader& header = Connection()->GetHeader();
+    body = {m_transfer->fileName, header.GetLength()};
+    if (!m_isStrict)
+        return true;
+    if (const DWORD error = NewTemporaryFile(m_transfer->decodedFileName)) {
+        EndWithStatusError(error);
+        return false;
+    }
+    body = {m_transfer->decodedFileName, 0};
+    CString errorText;
+    BodyDecoder::Outcome outcome;
+    if (!DecodeResponseBody(m_transfer->fileName, header, m_bodyLimit, body.fileName, outcome,
+                            errorText)) {
+        End(View::resultFailed, ERROR_WRITE_FAULT, errorText);
+        return false;
+    }
+    if (outcome == BodyDecoder::Outcome::tooLong)
+        Refuse(WSAEMSGSIZE, m_tooLongTextId, SizeText(m_bodyLimit));
+    else if (outcome == BodyDecoder::Outcome::incomplete)
+        Refuse(ERROR_INVALID_DATA, kTextUpdatesIncomplete);
+    else if (outcome == BodyDecoder::Outcome::damaged)
+        Refuse(ERROR_INVALID_DATA, kTextUpdatesDamaged);
+    return outcome == BodyDecoder::Outcome::complete;
+}
+
+bool UpdateFlow::IsInFuture(const COleDateTime& date) const {
+    return date > m_source.GetCurrentUTCTime() + COleDateTimeSpan(1.0);
 }
 
 void UpdateFlow::LetGo() {
@@ -180,12 +217,29 @@ void UpdateFlow::LetGo() {
     m_retired.push_back(std::move(m_transfer));
 }
 
-void UpdateFlow::End(View::Result result, DWORD code) {
+void UpdateFlow::Refuse(DWORD code, UINT textId, const WCHAR* insert) {
+    CString cause;
+    cause.FormatMessage(textId, insert);
+    End(View::resultFailed, code, cause);
+}
+
+// A code below the first socket error is the system's here, and not that of an answer.
+void UpdateFlow::EndWithStatusError(DWORD error) {
+    CString cause;
+    if (error == WSAEMSGSIZE)
+        return Refuse(error, kTextUpdatesHeaderTooLong, SizeText(UpdateRequest::kHeaderLimit));
+    if (error < kFirstSocketError)
+        AfxGetSystemErrorText(error, cause);
+    End(View::resultFailed, error, cause);
+}
+
+void UpdateFlow::End(View::Result result, DWORD code, const CString& cause) {
     if (!IsRunning()) // a box of the view let it be cancelled
         return;
     LetGo();
     m_state = State::ended;
     m_result = result;
+    m_cause = cause;
     m_view.HideProgress();
     if (!m_view.PostCheckFinished(code))
         OnCheckFinished(code);
@@ -197,7 +251,7 @@ void UpdateFlow::OnCheckFinished(DWORD code) {
     m_state = State::idle;
     const View::Result result = m_result; // the box below may let another check run
     if (code != 0)
-        ReportFailure(ErrorText(code));
+        ReportFailure(m_cause.IsEmpty() ? ErrorText(code) : CString(m_cause));
     m_view.OnFinished(result);
 }
 
@@ -214,12 +268,13 @@ void UpdateFlow::OnSocketStatus(const void* sender, int status, DWORD error) {
     else if (Connection() == nullptr || sender != Connection()->GetSender())
         return; // it was let go of
     else if (error != 0 && status != Http::statusReceived)
-        End(View::resultFailed, error);
+        EndWithStatusError(error);
     else
         OnStatus(status);
 }
 
 void UpdateFlow::Poll() {
+    std::erase_if(m_retired, [](const auto& each) { return std::exchange(each->wasPolled, true); });
     DWORD error = 0;
     if (Connection() != nullptr && Connection()->HasEnded(error))
         OnSocketStatus(Connection()->GetSender(), Http::statusEnded, error);

@@ -3,8 +3,9 @@
 //
 // Every call of the view may cancel the check: what goes on behind one looks whether it still runs.
 //
-// A connection that was let go of is kept until its last status came: a status bears its address,
-// which another connection must not have before. Its temporary file goes with it. One thread.
+// A connection that was let go of is kept until its last status came, or until that must have been
+// lost: a status bears its address, which another connection must not have before. Its temporary
+// files go with it. One thread.
 #pragma once
 
 #include <quorvel/framework/date_time.h>
@@ -29,29 +30,37 @@ public:
     bool IsActive() const { return m_state != State::idle; }
     // A status of any connection, also of one that is no longer in use.
     void OnSocketStatus(const void* sender, int status, DWORD error);
-    // Ends a check whose connection has ended without its last status having come. To be called
-    // now and then when no status is on its way.
+    // Finds the ends of connections whose last status was lost: ends the check, and destroys the
+    // connections that were let go of before the last call. To be called now and then, when all
+    // statuses posted so far have come.
     void Poll();
     // Reports the code of a check that ended, and tells the view that it has.
     void OnCheckFinished(DWORD code);
     // Ends a check that is running, without a message.
     void Cancel();
 
-    // The longest body that is taken; a check with a longer one ends with WSAEMSGSIZE.
+    // The longest body that is accepted; a check with a longer one ends with WSAEMSGSIZE.
     void SetBodyLimit(ULONGLONG limit) { m_bodyLimit = limit; }
+    // Whether answers are refused that no healthy server gives; check_for_updates.h lists them.
+    void SetStrict(bool isStrict) { m_isStrict = isStrict; }
 
 protected:
     typedef CCheckForUpdatesView View;
 
-    UpdateFlow(const CRegistryPath& path, View& view, UpdateSource& source, ULONGLONG bodyLimit);
+    // The text says that a body is too long; its insert is the limit.
+    UpdateFlow(const CRegistryPath& path, View& view, UpdateSource& source, ULONGLONG bodyLimit,
+               UINT tooLongTextId);
 
     const CRegistryPath& Path() const { return m_path; }
     View& GetView() const { return m_view; }
     COleDateTime LastChecked() const { return m_lastChecked; }
+    bool IsStrict() const { return m_isStrict; }
+    // Whether a date in UTC is more than a day ahead.
+    bool IsInFuture(const COleDateTime& date) const;
 
-    // Whether a check may start now; the view has been told why when it may not.
+    // Whether a check may start now; the view has shown why when it may not.
     bool PassesRules(CString& url);
-    // A connection, with a temporary file on request. False, and the view has been told.
+    // A connection, with a temporary file on request. False, and the view has shown why.
     bool Open(bool withFile);
     bool Connect(UpdateRequest request);
     void NoteStart(); // now is when the last check was started
@@ -67,13 +76,25 @@ protected:
         bool isKnown = false;
     };
     Expected ExpectedBytes() const;
-    // Whether a response of so many bytes has a longer body than is taken; it has then ended.
+    // Whether a response of so many bytes has a longer body than is accepted; the check has then
+    // ended.
     bool EndsAsTooLong(ULONGLONG bytes);
+    // Where the body of the response that has come is: behind its header in the temporary file, or
+    // decoded in a file of its own. Both go with the connection.
+    struct Body {
+        CString fileName;
+        ULONGLONG begin = 0;
+    };
+    // False for a body that is refused; the check has then ended.
+    bool FindBody(Body& body);
 
     bool IsRunning() const { return m_state == State::running; }
     void Abandon(); // a check that could not connect: it was never started
     void LetGo();   // of the connection, if there is one
-    void End(View::Result result, DWORD code = 0);
+    // The cause is what the user reads; the code has a text of its own for when it is empty.
+    void End(View::Result result, DWORD code = 0, const CString& cause = CString());
+    // Ends as failed, for a reason that is a text of the catalogue.
+    void Refuse(DWORD code, UINT textId, const WCHAR* insert = _T(""));
     void ShowMessage(UINT textId, UINT type, const WCHAR* insert) const;
 
     // A status without an error of the connection in use.
@@ -85,15 +106,19 @@ private:
     void ReportFailure(const CString& cause) const;
     void ReportSocketError(DWORD error) const;
     CString ErrorText(DWORD code) const;
+    void EndWithStatusError(DWORD error);
 
     const CRegistryPath m_path;
     View& m_view;
     UpdateSource& m_source;
     ULONGLONG m_bodyLimit;
+    const UINT m_tooLongTextId;
+    bool m_isStrict = false;
     COleDateTime m_lastChecked;
     enum class State { idle, running, ended /* and not yet reported */ };
     State m_state = State::idle;
     View::Result m_result = View::resultFailed;
+    CString m_cause;
     std::unique_ptr<Transfer> m_transfer;
     std::vector<std::unique_ptr<Transfer>> m_retired;
 };

@@ -1,8 +1,10 @@
 """What the tests of the examples share: the list of problems, and command lines with their outcome."""
 
+import contextlib
 import os
 import subprocess
 import sys
+import tempfile
 
 problems = []
 
@@ -10,6 +12,17 @@ problems = []
 def check(holds, problem):
     if not holds:
         problems.append(problem)
+
+
+@contextlib.contextmanager
+def own_folder():
+    """A temporary folder, which is the current one meanwhile."""
+    with tempfile.TemporaryDirectory(prefix="quorvel-") as folder:
+        os.chdir(folder)
+        try:
+            yield folder
+        finally:
+            os.chdir("/")
 
 
 def read(name):

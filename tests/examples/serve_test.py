@@ -6,15 +6,15 @@
 
 import http.client
 import os
+import signal
 import socket
 import struct
 import subprocess
 import sys
-import tempfile
 import threading
 import time
 
-from harness import check, finish, write_all
+from harness import check, finish, own_folder, write_all
 
 BIG = os.urandom(5_000_000)
 FILES = {"index.html": b"<p>home", "big": BIG, "a b.txt": b"blank", "sub/index.html": b"sub"}
@@ -77,6 +77,13 @@ def check_odd_clients(port):
     return silent  # still open when the server ends
 
 
+def await_handles(handles, count, label):
+    end = time.monotonic() + 10
+    while len(os.listdir(handles)) > count and time.monotonic() < end:
+        time.sleep(0.01)
+    check(len(os.listdir(handles)) <= count, f"{label} are kept")
+
+
 def check_resets(port, handles):
     """Clients that reset the connection in the middle of an answer leave nothing behind."""
     with open("site/huge", "wb") as file:
@@ -87,10 +94,7 @@ def check_resets(port, handles):
             connection.sendall(b"GET /huge HTTP/1.1\r\n\r\n")
             connection.recv(1)
             connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
-    end = time.monotonic() + 10
-    while len(os.listdir(handles)) > before and time.monotonic() < end:
-        time.sleep(0.01)
-    check(len(os.listdir(handles)) <= before, "reset connections are kept")
+    await_handles(handles, before, "reset connections")
 
 
 def check_refusals(program, port):
@@ -100,11 +104,28 @@ def check_refusals(program, port):
         check(run.returncode == code and run.stderr.startswith(b"serve: "), f"{arguments}: {run}")
 
 
+def check_crowd(port, server, handles):
+    """200 clients that come while the server does nothing are all answered, and leave nothing behind."""
+    before = len(os.listdir(handles))
+    server.send_signal(signal.SIGSTOP)
+    try:
+        clients = [socket.create_connection(("127.0.0.1", port), timeout=10) for _ in range(200)]
+    except TimeoutError:
+        return check(False, "200 clients at once cannot connect")
+    finally:
+        server.send_signal(signal.SIGCONT)
+    for client in clients:
+        client.sendall(b"GET / HTTP/1.1\r\n\r\n")
+    for client in clients:
+        check(b"".join(iter(lambda: client.recv(65536), b"")).endswith(b"<p>home"), "one of 200 got another answer")
+        client.close()
+    await_handles(handles, before, "200 clients")
+
+
 def main(program):
-    with tempfile.TemporaryDirectory() as folder:
-        os.makedirs(f"{folder}/site/sub")
-        write_all({f"{folder}/site/{name}": content for name, content in {**FILES, "../secret": b"secret"}.items()})
-        os.chdir(folder)
+    with own_folder():
+        os.makedirs("site/sub")
+        write_all({f"site/{name}": content for name, content in {**FILES, "../secret": b"secret"}.items()})
         server = subprocess.Popen(program + ["site"], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         address = server.stdout.readline().decode().strip()
         check(address.startswith("http://127.0.0.1:"), f"the first line is {address}")
@@ -112,13 +133,13 @@ def main(program):
         check_answers(port)
         if not program[-1].endswith(".exe"):  # whose launcher is another process
             check_resets(port, f"/proc/{server.pid}/fd")
+            check_crowd(port, server, f"/proc/{server.pid}/fd")
         silent = check_odd_clients(port)
         check_refusals(program, port)
         server.stdin.close()
         check(server.wait(30) == 0, f"ended with {server.returncode}")
         for each in silent:
             each.close()
-        os.chdir("/")
     finish()
 
 

@@ -6,12 +6,10 @@
 {P} in an argument, in what is read and in what is expected stands for a key of this run alone.
 """
 
-import os
 import sys
-import tempfile
 import uuid
 
-from harness import check, finish, read, run
+from harness import check, finish, own_folder, read, run
 
 P = "HKEY_CURRENT_USER\\Software\\Quorvel tests\\" + uuid.uuid4().hex
 HEADER = "Windows Registry Editor Version 5.00\r\n"
@@ -94,15 +92,13 @@ def with_key(text):
 
 
 def main(program):
-    with tempfile.TemporaryDirectory() as folder:
-        os.chdir(folder)
+    with own_folder():
         for arguments, code, out, error, *rest in ROWS:
             stdin = with_key(rest[0] if rest else "")
             stdin = stdin.encode("utf-16-le" if stdin.startswith("\ufeff") else "utf-8", "surrogatepass")
             run(program, list(map(with_key, arguments)), code, with_key(out).encode(), error and with_key(error), input=stdin)
         in_file = b"\xff\xfe" + with_key(EXPORT).encode("utf-16-le")
         check(read("settings.reg") == in_file, "settings.reg is not what is printed in UTF-16")
-        os.chdir("/")
     finish()
 
 

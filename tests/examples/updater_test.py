@@ -11,11 +11,10 @@ import http.server
 import os
 import subprocess
 import sys
-import tempfile
 import threading
 import uuid
 
-from harness import check, finish, read
+from harness import check, finish, own_folder, read
 
 ADDRESS = "127.0.44.1"
 LISTING = (
@@ -24,8 +23,13 @@ LISTING = (
 )
 ITEM = "<item><title>{}</title><link>http://h/{}</link><pubDate>2024-03-12</pubDate><priority>{}</priority></item>"
 FIRST = LISTING.format(ITEM.format("Größe", 1, "high"))
-SECOND = LISTING.format(ITEM.format("Größe", 1, "high") + ITEM.format("Second", 2, ""))
+# An escape sequence, C1 controls, a line of its own, a change of the writing direction.
+HOSTILE = "a\x1b[2Jb\x9b1mc\nNew: d\u202ee\u2029"
+SECOND = LISTING.format(ITEM.format("Größe", 1, "high") + ITEM.format(HOSTILE, 2, ""))
+HARMLESS = "New: a\ufffd[2Jb\ufffd1mc\ufffdNew: d\ufffde\ufffd http://h/2\n"
+MANY = 60_000  # comparing each with each takes minutes
 RECENT = "You must wait at least 15 seconds before checking for updates again."
+
 
 class Handler(http.server.SimpleHTTPRequestHandler):
     def log_message(self, *_):
@@ -41,54 +45,65 @@ def serve(folder):
     threading.Thread(target=server.serve_forever, daemon=True).start()
 
 
-def main():
-    command = sys.argv[1:]
-    folder = tempfile.mkdtemp(prefix="quorvel-updater-")
-    listing = os.path.join(folder, "updates.xml")
+def run(label, key, arguments, code, *texts, answer=""):
+    """What is printed must hold the texts, in this order."""
+    command = [*sys.argv[1:], *arguments, "--settings", key, "--file", "local.xml"]
+    result = subprocess.run(command, input=answer.encode(), capture_output=True, timeout=60)
+    output = result.stdout.decode().replace("\r\n", "\n")
+    at = 0
+    for text in texts:
+        found = output.find(text, at)
+        check(found >= 0, f"{label}: no {text!r} in {output[:2000]!r}")
+        at = max(found, at)
+    check(result.returncode == code, f"{label}: exit code {result.returncode}, {result.stderr.decode()!r}")
+    return output
+
+
+def main(folder):
     serve(folder)
+    date = 1_700_000_000
 
-    def write(text, date):
-        with open(listing, "w", encoding="utf-8") as file:
+    def write(text):
+        """A newer listing each time."""
+        nonlocal date
+        date += 100
+        with open("updates.xml", "w", encoding="utf-8", newline="") as file:
             file.write(text)
-        os.utime(listing, (date, date))
-
-    def run(label, key, arguments, code, *texts, answer=""):
-        """What is printed must hold the texts, in this order."""
-        arguments = [*arguments, "--settings", key, "--file", "local.xml"]
-        result = subprocess.run(
-            command + arguments, input=answer.encode(), capture_output=True, cwd=folder, timeout=60
-        )
-        output = result.stdout.decode().replace("\r\n", "\n")
-        at = 0
-        for text in texts:
-            found = output.find(text, at)
-            check(found >= 0, f"{label}: no {text!r} in {output!r}")
-            at = max(found, at)
-        check(result.returncode == code, f"{label}: exit code {result.returncode}, {result.stderr.decode()!r}")
-        return output
+        os.utime("updates.xml", (date, date))
 
     def new_key():
         return "Software\\Quorvel tests\\" + uuid.uuid4().hex
 
     site = ["--site", f"http://{ADDRESS}/updates.xml"]
-    missing = ["--site", f"http://{ADDRESS}/none.xml"]
-    write(FIRST, 1_700_000_000)
     key = new_key()
-    run(
-        "first", key, [*site, "--yes"], 0, "Local update file does not exist.", "Connecting to updates server",
-        "new updates available as of 11/14/2023 11:13:20 PM", "Priority  Title", "high      Größe", "New: Größe http://h/1",
-    )
-    check(read(os.path.join(folder, "local.xml")) == FIRST.encode(), "first: another file")
+    write(FIRST)
+    run("first", key, [*site, "--yes"], 0, "Local update file does not exist.", "Connecting to updates server",
+        "new updates available as of 11/14/2023 11:15:00 PM", "Priority  Title", "high      Größe", "New: Größe http://h/1")
+    check(read("local.xml") == FIRST.encode(), "first: another file")
     run("again at once", key, [], 1, "dated 3/12/2024 9:30:00 AM", RECENT)
 
-    write(SECOND, 1_700_000_100)
+    write(SECOND)
     run("declined", new_key(), site, 3, "[y/n]", answer="n\n")
-    output = run("newer", new_key(), [*site, "--auto"], 0, "[y/n]", "New: Second http://h/2", answer="y\n")
+    output = run("newer", new_key(), [*site, "--auto"], 0, "[y/n]", HARMLESS, answer="y\n")
     check("New: Größe" not in output, "newer: the old entry is new")
-    not_found = "The server has not found anything that matches the requested URI."
-    run("missing", new_key(), missing, 1, "An error has occurred while checking for updates.", not_found)
+    check(not set(output) & set("\x1b\x9b\u202e\u2029"), "newer: control characters reach the terminal")
+    write("<html>Please log in.</html>")
+    run("no listing", new_key(), [*site, "--yes"], 1, "The server did not send an update listing.")
+    check(read("local.xml") == SECOND.encode(), "no listing: it has replaced the file")
+    run("missing", new_key(), ["--site", f"http://{ADDRESS}/none.xml"], 1, "An error has occurred while checking",
+        "The server has not found anything that matches the requested URI.")
 
+    items = [f"<item><link>{i}</link></item>" for i in range(MANY + 1)]
+    with open("local.xml", "w", encoding="utf-8") as file:
+        file.write(LISTING.format("".join(items[:-1])))
+    write(LISTING.format("".join(items)))
+    run("many", new_key(), [*site, "--yes"], 0, f"New:  {MANY}\n")
+
+    run("kept", key, ["--reset"], 3, "Are you sure", answer="n\n")
+    run("reset", key, ["--reset", "--yes"], 0, "Are you sure", "Local update file does not exist.")
+    check(not os.path.exists("local.xml"), "reset: the file is still there")
     finish()
 
 
-main()
+with own_folder() as own:
+    main(own)

@@ -8,10 +8,9 @@ Each row runs in a folder of its own with the files of the table in it.
 
 import os
 import sys
-import tempfile
 from collections import namedtuple
 
-from harness import check, finish, read, run, write_all
+from harness import check, finish, own_folder, read, run, write_all
 
 # stdin: bytes; out: what standard output must be; error: what the one line on standard error must
 # hold; files: what must be in a file afterwards.
@@ -102,14 +101,12 @@ ROWS = {
 
 def main(program):
     for row in sum(ROWS.values(), []):
-        with tempfile.TemporaryDirectory() as folder:
-            os.chdir(folder)
+        with own_folder():
             write_all(FILES)
             run(program, row.arguments, row.code, row.out, row.error, input=row.stdin)
             for name, content in row.files.items():
                 check(read(name) == content, f"{row.arguments}: {name} is {read(name)!r}, not {content!r}")
             check(set(os.listdir()) == set(FILES) | set(row.files), f"{row.arguments}: there are {os.listdir()}")
-            os.chdir("/")
     finish()
 
 

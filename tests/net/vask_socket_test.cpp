@@ -133,8 +133,9 @@ TEST_F(VaskSocket, IsFoundFinishedWhenAFullQueueLosesItsStatuses) {
     Peer peer;
     ScriptedSocket socket;
     EXPECT_FALSE(socket.IsFinished());
-    while (PostMessageW(m_window.Get(), WM_APP, 0, 0)) {
-    }
+    constexpr int kQueueLimit = 10000;
+    for (int i = 0; i < kQueueLimit; ++i)
+        PostMessageW(m_window.Get(), WM_APP, 0, 0);
     Connect(socket, peer);
     const SOCKET server = peer.Accept();
     EXPECT_FALSE(socket.IsFinished());
@@ -143,7 +144,7 @@ TEST_F(VaskSocket, IsFoundFinishedWhenAFullQueueLosesItsStatuses) {
         std::this_thread::yield();
     EXPECT_EQ(socket.GetStatus(), CVaskSocket::statusEnded);
     m_window.Pump();
-    EXPECT_EQ(m_window.Of(socket), "");
+    EXPECT_EQ(m_window.Of(socket), kOnLinux ? "" : "3 4 8 14 "); // Wine's queue has no limit
     socket.Close();
     EXPECT_FALSE(socket.IsFinished());
 }

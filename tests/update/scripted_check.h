@@ -167,11 +167,15 @@ public:
                 send(Http::statusHeaderParsed, 0);
             send(Http::statusReceived, static_cast<DWORD>(bytes.size()));
         }
-        flow.Poll(); // has not ended yet
-        send(Http::statusEnded, 0);
-        connection->m_hasEnded = true;
-        flow.Poll();
-        if (connection->m_closed)
+        bool isClosed = connection->m_closed;
+        if (!isClosed) {
+            flow.Poll(); // has not ended yet
+            send(Http::statusEnded, 0);
+            connection->m_hasEnded = true;
+            isClosed = losesStatuses || connection->m_closed;
+            flow.Poll();
+        }
+        if (isClosed)
             flow.OnSocketStatus(connection, Http::statusClosed, 0);
     }
     // The last word of the last connection.

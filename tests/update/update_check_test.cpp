@@ -1,5 +1,6 @@
 #include "update/update_check.h"
 
+#include <quorvel/frame/exception_text.h>
 #include <quorvel/frame/module.h>
 
 #include "support/date_time.h"
@@ -155,7 +156,12 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
     const std::string unknown = Error("Unknown HTTP status code.");
     const std::string missing =
         Error("The server has not found anything that matches the requested URI.");
-    const std::string tooLong = Error("Error 10040.");
+    const std::string tooLong =
+        Error("The update listing is too long. At most 1000 bytes are accepted.");
+    const std::string noListing = "The server did not send an update listing. The local updates "
+                                  "file was not changed.\r\n\r\n";
+    const std::string chunks = "6a\r\n" + kNew + "\r\n0\r\n\r\n";
+    const std::string chunked = "Transfer-Encoding: chunked\r\n";
     const std::string longer = kNew + std::string(716 - 93 - size, '\n');
     const struct {
         std::string head, response;
@@ -164,6 +170,7 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         bool isDone;
         std::string shown, file;
         View::Result result = View::resultFailed;
+        bool isStrict = false;
     } rows[] = {
         {Response("", ""), "", 3, -1, false, none, kOld, View::resultUpToDate},
         {"HTTP/1.0 10060 x\r\n\r\n", "", 3, -1, false, unknown, kOld},
@@ -183,6 +190,22 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         {kHead, "HTTP/1.1 200 OK\r\n", 99, 0, false, unknown, kOld},
         {kHead, Response(Length(1001), kNew), 999, 0, false, tooLong, kOld},
         {kHead, Response("", std::string(1001, ' ')), 9999, 5368, false, tooLong, kOld},
+        // Strictly: it is decoded, and refused unless it is whole and a listing.
+        {kHead, Response(Length(size), kNew + "x"), 9999, 101, true, done, kNew,
+         View::resultUpdated, true},
+        {kHead, Response(chunked, chunks), 0, 349, true, done, kNew, View::resultUpdated, true},
+        {kHead, Response(Length(size + 1), kNew), 99, 99, false,
+         Error("The server's answer is incomplete. Please try again later."), kOld,
+         View::resultFailed, true},
+        {kHead, Response("Content-Encoding: br\r\n", kNew), 9999, 359, false,
+         Error("The server's answer is damaged, or encoded in an unknown way."), kOld,
+         View::resultFailed, true},
+        {kHead, Response(Length(6), "<html>"), 1, 100, false,
+         Error(noListing + "The file is not a valid XML file."), kOld, View::resultFailed, true},
+        {Response("Last-Modified: Fri, 31 Dec 9999 08:30:00 GMT\r\n", ""), "", 99, -1, false,
+         Error("The server dates its update listing in the future: 12/31/9999 9:30:00 AM. Please "
+               "check the clock of this computer."),
+         kOld, View::resultFailed, true},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
@@ -191,6 +214,7 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         folder.Write(_T("updates.xml"), kOld);
         UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
         each.SetBodyLimit(1000);
+        each.SetStrict(row.isStrict);
         ASSERT_TRUE(each.Check());
         view.m_percent = -1;
         source.Answer(each, row.head, 5);
@@ -221,8 +245,31 @@ TEST_F(Check, ALengthBeyond32BitsNeverWrapsTheFigures) {
     }
 }
 
+TEST_F(Check, AStrictCheckForgetsAStoredDateInTheFuture) {
+    source.m_now = COleDateTime(2024, 3, 11, 8, 30, 0); // kListed is a day ahead, and so allowed
+    for (const bool isStrict : {true, false}) {
+        AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime(2024, 3, 12, 8, 30, 1));
+        UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
+        each.SetStrict(isStrict);
+        ASSERT_TRUE(each.Check());
+        source.Answer(each, kHead);
+        EXPECT_EQ(isStrict, each.IsActive());
+        source.m_now += COleDateTimeSpan(0, 0, 0, 15);
+        each.Cancel();
+    }
+}
+
 TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
-    for (const bool isDownloading : {false, true}) {
+    CString diskFull;
+    ASSERT_TRUE(AfxGetSystemErrorText(ERROR_DISK_FULL, diskFull));
+    const std::pair<DWORD, std::string> rows[] = {
+        {10060, "Error 10060."},
+        {ERROR_DISK_FULL, Narrow(diskFull)},
+        {10040, "The header of the server's answer is too long. At most 1.00 MB are accepted."},
+    };
+    for (int i = 0; i < 6; ++i) {
+        const auto& [code, text] = rows[i / 2];
+        const bool isDownloading = i % 2 != 0;
         source.m_now += COleDateTimeSpan(1.0);
         ASSERT_TRUE(check.Check());
         const void* const former = source.m_last;
@@ -235,14 +282,14 @@ TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
         EXPECT_EQ(Error("A connection socket is already active."), view.Take());
         view.m_results.clear();
         view.m_posts = isDownloading; // the end is then reported later
-        check.OnSocketStatus(source.m_last, Http::statusConnected, 10060);
+        check.OnSocketStatus(source.m_last, Http::statusReceiving, code);
         if (view.m_posts) {
             EXPECT_TRUE(check.IsActive() && view.m_results.empty());
             check.Cancel();
             check.OnCheckFinished(view.m_postedCode);
             check.OnCheckFinished(view.m_postedCode);
         }
-        EXPECT_EQ(Error("Error 10060."), view.Take());
+        EXPECT_EQ(Error(text), view.Take());
         ExpectEnd(View::resultFailed);
     }
 }
@@ -301,8 +348,11 @@ TEST_F(Check, CancellingEndsEveryPhaseInSilence) {
     check.OnSocketStatus(source.m_last, Http::statusConnected, 10053);
     EXPECT_TRUE(HasTemporaryFiles()) << "the connection may still write to it";
     EXPECT_EQ("", view.Take());
-    ExpectEnd(View::resultCancelled);
+    check.Poll();
+    EXPECT_EQ(1, source.m_alive);
+    check.Poll(); // its last status must have been lost
     EXPECT_EQ(0, source.m_alive);
+    ExpectEnd(View::resultCancelled);
     EXPECT_EQ(kOld, LocalFile());
 }
 

@@ -1,18 +1,35 @@
-// CCheckForUpdates and CNewVersionCheck: the checks for updates without windows of their own.
+// CCheckForUpdates: the check for a newer update listing without windows of its own. What is said
+// here of a check holds for CNewVersionCheck (new_version_check.h) too.
 //
-// A host gives a view, which shows and asks, and starts a check; the messages of the thread, which
+// A host passes a view, which shows and asks, and starts a check; the messages of the thread, which
 // has to dispatch them, carry it on. CVaskSocket::Initialize comes first, on the same thread. The
-// view and what it shows must outlive the check, and a check any call of its view. Lack of memory
+// view must outlive the check. Do not destroy a check inside a call of its view. Lack of memory
 // throws CMemoryException or std::bad_alloc.
 //
 // A check reads and writes the settings of check_for_updates_profile.h. It is refused, with a
-// message, while one is running, for an address that is none, within 15 seconds of the last one,
-// and before the sockets are initialised; and in silence when the host's link hook
-// (QuorvelSetOpenExternalLinkCallback) does not allow the address. Servers are asked at port 80.
+// message, while one is running, for an invalid address, within 15 seconds of the last one, and
+// before the sockets are initialised; and in silence when the host's link hook
+// (QuorvelSetOpenExternalLinkCallback) does not allow the address.
+//
+// Servers are asked over HTTP at port 80: a port in the address is ignored, and for "https://" too
+// nothing is encrypted, and nobody proves who the server is.
+//
+// By default every answer of status 200 counts, whatever it holds. SetStrict makes a check refuse
+// answers that no healthy server gives. Each refusal ends the check with a message of its own, and
+// changes neither the local updates file nor the stored date:
+//
+//     - a body shorter than its "Content-Length", or without its last chunk;
+//     - a chunked or gzip body that can't be decoded, and any other encoding. A good one is
+//     decoded;
+//     - a body that is no update listing, such as the login page of a network;
+//     - a date of the listing more than a day in the future, which no later listing could exceed.
+//       A date of that kind that was stored earlier counts as no date;
+//     - for CNewVersionCheck, a version file that is empty or does not end with a digit.
+//
+// What follows a body's "Content-Length" is then cut off.
 #pragma once
 
 #include <quorvel/system/registry_path.h>
-#include <quorvel/types/version_number.h>
 #include <quorvel/update/check_for_updates_view.h>
 #include <quorvel/update/update_listing.h>
 
@@ -28,11 +45,11 @@ public:
                      CCheckForUpdatesView& view);
     CCheckForUpdates(const CCheckForUpdates&) = delete;
     CCheckForUpdates& operator=(const CCheckForUpdates&) = delete;
-    ~CCheckForUpdates(); // a check that is running ends without a word
+    ~CCheckForUpdates(); // a check that is running ends without a message
 
     // Loads the local updates file, if there is one, and shows it with the dates.
     void Open();
-    // FALSE when no check was started; the view has then been told why.
+    // FALSE when no check was started; the view has then shown why.
     BOOL Check();
     BOOL IsActive() const;
     void Cancel();
@@ -42,29 +59,10 @@ public:
     void OnCheckFinished(DWORD code);
 
     const CUpdateListing& GetListing() const;
-    // The longest listing that is taken; 64 MB at first. A longer one ends the check.
+    // The longest listing that is accepted; 64 MB by default. A longer one ends the check with a
+    // message that names the limit.
     void SetBodyLimit(ULONGLONG bytes);
-
-private:
-    struct Parts;
-    const std::unique_ptr<Parts> m_parts;
-};
-
-// Downloads the number of the latest version, as text of at most 64 KB at the address of the
-// updates, and tells how the version of the running program compares with it. Exactly one message
-// is shown, and none after Cancel.
-class QUORVEL_API CNewVersionCheck {
-public:
-    CNewVersionCheck(const CRegistryPath& path, const CVersionNumber& currentVersion,
-                     CCheckForUpdatesView& view);
-    CNewVersionCheck(const CNewVersionCheck&) = delete;
-    CNewVersionCheck& operator=(const CNewVersionCheck&) = delete;
-    ~CNewVersionCheck();
-
-    BOOL Check();
-    BOOL IsActive() const;
-    void Cancel();
-    void OnCheckFinished(DWORD code);
+    void SetStrict(BOOL strict); // FALSE by default; before Check
 
 private:
     struct Parts;

@@ -42,9 +42,9 @@ public:
     // check must outlive the call.
     virtual int ShowMessage(const WCHAR* text, UINT type);
 
-    // A check ended, and with it its code (0, an HTTP status or a Winsock error). A view that can't
-    // show a box now posts the code to itself and returns TRUE; it calls the check's
-    // OnCheckFinished with it later. FALSE has it called at once.
+    // A check ended with this code: 0, an HTTP status, a Winsock error or a system error. A view
+    // that can't show a box now posts the code to itself, returns TRUE, and calls the check's
+    // OnCheckFinished with it later, which shows the reason. After FALSE it is called at once.
     virtual BOOL PostCheckFinished(DWORD code);
     // Once for each check that was started, after its messages.
     virtual void OnFinished(Result result);

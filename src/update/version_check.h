@@ -15,10 +15,10 @@ namespace quorvel {
 // text is read as CVersionNumber reads it, so that a line end behind the number makes it invalid.
 UINT JudgeVersionText(const WCHAR* text, const CVersionNumber& current, CVersionNumber& latest);
 
-class NewVersionCheck : public UpdateFlow {
+class VersionCheck : public UpdateFlow {
 public:
-    NewVersionCheck(const CRegistryPath& path, const CVersionNumber& current,
-                    CCheckForUpdatesView& view, UpdateSource& source);
+    VersionCheck(const CRegistryPath& path, const CVersionNumber& current,
+                 CCheckForUpdatesView& view, UpdateSource& source);
 
     // As UpdateCheck::Check.
     bool Check();

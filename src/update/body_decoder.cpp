@@ -1,0 +1,208 @@
+#include "update/body_decoder.h"
+
+#include "net/http_field_values.h"
+
+#include <zlib.h>
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace quorvel {
+
+namespace {
+
+int HexDigit(char character) {
+    if (character >= '0' && character <= '9')
+        return character - '0';
+    const char lower = static_cast<char>(character | 0x20);
+    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+} // namespace
+
+std::optional<ULONGLONG> AnnouncedLength(const CHttpHeader& header) {
+    CString value;
+    if (!header.FindFieldValue(_T("Content-Length"), value))
+        return std::nullopt;
+    const ULONGLONG length = ReadContentLength(value);
+    return length > 0 || value == _T("0") ? std::optional(length) : std::nullopt;
+}
+
+class BodyDecoder::Gunzip {
+public:
+    Gunzip() {
+        constexpr int kGzipOnly = 16 + MAX_WBITS;
+        if (::inflateInit2(&m_stream, kGzipOnly) != Z_OK)
+            throw std::bad_alloc();
+    }
+    Gunzip(const Gunzip&) = delete;
+    ~Gunzip() { ::inflateEnd(&m_stream); }
+
+    bool IsAtEnd() const { return m_isAtEnd; }
+    // Calls `emit(bytes, count)`, which gives false to stop. False for what is no gzip.
+    template <class Emit>
+    bool Add(std::string_view bytes, Emit emit) {
+        m_stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+        m_stream.avail_in = static_cast<uInt>(bytes.size());
+        char block[32 * 1024];
+        do {
+            if (m_isAtEnd) { // another member follows
+                if (m_stream.avail_in == 0)
+                    return true;
+                ::inflateReset(&m_stream);
+            }
+            m_stream.next_out = reinterpret_cast<Bytef*>(block);
+            m_stream.avail_out = sizeof block;
+            const int result = ::inflate(&m_stream, Z_NO_FLUSH);
+            if (result == Z_MEM_ERROR)
+                throw std::bad_alloc();
+            if (result != Z_OK && result != Z_STREAM_END && result != Z_BUF_ERROR)
+                return false;
+            m_isAtEnd = result == Z_STREAM_END;
+            if (!emit(block, sizeof block - m_stream.avail_out))
+                return true;
+        } while (m_stream.avail_in > 0 || m_stream.avail_out == 0);
+        return true;
+    }
+
+private:
+    z_stream m_stream = {};
+    bool m_isAtEnd = false;
+};
+
+BodyDecoder::BodyDecoder(const CHttpHeader& header, ULONGLONG limit, Sink sink)
+    : m_limit(limit), m_sink(std::move(sink)) {
+    ReadCodings(header, _T("Content-Encoding"));
+    if (m_framing == Framing::chunks) // it is no coding of contents
+        m_refusal = Outcome::damaged;
+    ReadCodings(header, _T("Transfer-Encoding"));
+    const std::optional<ULONGLONG> length = AnnouncedLength(header);
+    if (m_framing == Framing::chunks || !length)
+        return;
+    m_framing = Framing::length;
+    m_left = *length;
+}
+
+BodyDecoder::~BodyDecoder() = default;
+
+void BodyDecoder::ReadCodings(const CHttpHeader& header, const WCHAR* field) {
+    CString codings;
+    header.FindFieldValue(field, codings);
+    for (int begin = 0; begin < codings.GetLength();) {
+        const int comma = codings.Find(',', begin);
+        const int end = comma >= 0 ? comma : codings.GetLength();
+        ReadCoding(codings.Mid(begin, end - begin).Trim().MakeLower());
+        begin = end + 1;
+    }
+}
+
+void BodyDecoder::ReadCoding(const CString& coding) {
+    const bool isGzip = coding == _T("gzip") || coding == _T("x-gzip");
+    const bool isChunked = coding == _T("chunked");
+    if (m_framing == Framing::chunks || (isGzip && m_gunzip != nullptr))
+        m_refusal = Outcome::damaged; // chunks come last, and one layer of gzip is enough
+    else if (isGzip)
+        m_gunzip = std::make_unique<Gunzip>();
+    else if (isChunked)
+        m_framing = Framing::chunks;
+    else if (!coding.IsEmpty() && coding != _T("identity"))
+        m_refusal = Outcome::damaged;
+}
+
+bool BodyDecoder::Add(const char* bytes, std::size_t count) {
+    std::string_view added(bytes, count);
+    if (m_framing == Framing::chunks) {
+        AddChunked(added);
+    } else {
+        if (m_framing == Framing::length) {
+            added = added.substr(0, static_cast<std::size_t>(std::min<ULONGLONG>(m_left, count)));
+            m_left -= added.size();
+        }
+        AddData(added);
+    }
+    return !IsRefused();
+}
+
+void BodyDecoder::AddChunked(std::string_view bytes) {
+    while (!bytes.empty() && !IsRefused() && m_place != Place::end) {
+        if (m_place != Place::data) {
+            AddToChunkLine(bytes.front());
+            bytes.remove_prefix(1);
+            continue;
+        }
+        const auto count = static_cast<std::size_t>(std::min<ULONGLONG>(m_left, bytes.size()));
+        AddData(bytes.substr(0, count));
+        bytes.remove_prefix(count);
+        m_left -= count;
+        if (m_left == 0)
+            m_place = Place::dataEnd;
+    }
+}
+
+// The lines between the data: a size in hexadecimal digits with an extension that means nothing
+// here, the line end behind the data, and fields behind the last chunk.
+void BodyDecoder::AddToChunkLine(char byte) {
+    const int digit = HexDigit(byte);
+    if (byte == '\r' || (m_place == Place::extension && byte != '\n'))
+        return;
+    if (byte == '\n') {
+        if (m_place == Place::trailer)
+            m_place = m_lineLength == 0 ? Place::end : Place::trailer;
+        else if (m_place == Place::dataEnd)
+            m_place = Place::size;
+        else
+            return EndChunkSize();
+        m_lineLength = 0;
+        m_left = 0;
+    } else if (m_place == Place::trailer) {
+        ++m_lineLength;
+    } else if (m_place == Place::size && digit >= 0 && m_left >> 60 == 0) {
+        m_left = m_left * 16 + static_cast<unsigned>(digit);
+        ++m_lineLength;
+    } else if (m_place == Place::size && (byte == ';' || byte == ' ' || byte == '\t')) {
+        m_place = Place::extension;
+    } else {
+        m_refusal = Outcome::damaged;
+    }
+}
+
+void BodyDecoder::EndChunkSize() {
+    if (m_lineLength == 0)
+        m_refusal = Outcome::damaged;
+    m_lineLength = 0;
+    m_place = m_left > 0 ? Place::data : Place::trailer;
+}
+
+void BodyDecoder::AddData(std::string_view bytes) {
+    if (IsRefused() || bytes.empty())
+        return;
+    if (m_gunzip == nullptr)
+        return Emit(bytes.data(), bytes.size());
+    const bool isGzip = m_gunzip->Add(bytes, [this](const char* block, std::size_t count) {
+        Emit(block, count);
+        return !IsRefused();
+    });
+    if (!isGzip)
+        m_refusal = Outcome::damaged;
+}
+
+void BodyDecoder::Emit(const char* bytes, std::size_t count) {
+    m_emitted += count;
+    if (m_emitted > m_limit)
+        m_refusal = Outcome::tooLong;
+    else if (count > 0)
+        m_sink(bytes, count);
+}
+
+BodyDecoder::Outcome BodyDecoder::GetOutcome() const {
+    const bool isWhole = m_framing == Framing::chunks
+                             ? m_place == Place::trailer || m_place == Place::end
+                             : m_left == 0;
+    if (IsRefused())
+        return m_refusal;
+    return isWhole && (m_gunzip == nullptr || m_gunzip->IsAtEnd()) ? Outcome::complete
+                                                                   : Outcome::incomplete;
+}
+
+} // namespace quorvel

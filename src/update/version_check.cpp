@@ -1,0 +1,94 @@
+#include "update/version_check.h"
+
+#include <quorvel/res/message_ids.h>
+
+#include "platform/win32.h"
+#include "update/response_body.h"
+
+namespace quorvel {
+
+namespace {
+
+constexpr ULONGLONG kBodyLimit = 64 << 10;
+constexpr DWORD kOk = 200;
+
+// A text that does not has lost its end, or all of it: it would be read as another version.
+bool EndsWithDigit(const CStringA& version) {
+    const int length = version.GetLength();
+    return length > 0 && version[length - 1] >= '0' && version[length - 1] <= '9';
+}
+
+} // namespace
+
+UINT JudgeVersionText(const WCHAR* text, const CVersionNumber& current, CVersionNumber& latest) {
+    DWORD major, minor, revision, build;
+    if (!CVersionNumber::ParseVersionNumberString(text, major, minor, revision, build))
+        return kTextNewVersionInvalid;
+    latest.SetNumber(major, minor, revision, build);
+    if (latest == current)
+        return kTextNewVersionUpToDate;
+    return latest > current ? kTextNewVersionAvailable : kTextNewVersionAhead;
+}
+
+VersionCheck::VersionCheck(const CRegistryPath& path, const CVersionNumber& current,
+                           CCheckForUpdatesView& view, UpdateSource& source)
+    : UpdateFlow(path, view, source, kBodyLimit, kTextUpdatesVersionTooLong), m_current(current) {}
+
+bool VersionCheck::Check() {
+    UpdateRequest request;
+    if (!PassesRules(request.url) || !Open(true))
+        return false;
+    GetView().ShowProgress(FALSE);
+    request.headerOnly = false;
+    request.receiveBufferSize = UpdateRequest::kReceiveBufferSize;
+    if (!Connect(request)) {
+        Abandon();
+        return false;
+    }
+    NoteStart();
+    return true;
+}
+
+void VersionCheck::OnStatus(int status) {
+    const bool isClosed = status == Http::statusEnded;
+    if (!isClosed && status != Http::statusHeaderParsed && status != Http::statusReceived)
+        return;
+    if (Connection()->IsHeaderParsed() &&
+        (EndsAsTooLong(ExpectedBytes().bytes) || EndsAsTooLong(Connection()->GetBytesReceived())))
+        return;
+    if (isClosed && ResponseCode() == kOk)
+        OnDownloaded();
+    else if (isClosed)
+        End(View::resultFailed, ResponseCode());
+}
+
+void VersionCheck::OnDownloaded() {
+    Body body;
+    if (!FindBody(body))
+        return;
+    CStringA version;
+    CString text;
+    const bool isRead = ReadResponseBody(body.fileName, body.begin, version, text);
+    LetGo();
+    GetView().HideProgress();
+    if (!IsRunning())
+        return;
+    UINT type = MB_OK | MB_ICONEXCLAMATION;
+    View::Result result = View::resultFailed;
+    if (isRead) {
+        CVersionNumber latest;
+        const UINT textId = IsStrict() && !EndsWithDigit(version)
+                                ? UINT{kTextNewVersionInvalid}
+                                : JudgeVersionText(CString(version.GetString()), m_current, latest);
+        text.FormatMessage(textId, m_current.GetText().GetString(), latest.GetText().GetString());
+        if (textId != kTextNewVersionInvalid) {
+            type = MB_OK | MB_ICONINFORMATION;
+            result =
+                textId == kTextNewVersionAvailable ? View::resultUpdated : View::resultUpToDate;
+        }
+    }
+    GetView().ShowMessage(text, type);
+    End(result);
+}
+
+} // namespace quorvel
