@@ -65,7 +65,8 @@ public:
             DispatchMessageW(&message);
             const int status = LOWORD(message.lParam);
             if (message.message == CVaskSocket::STATUS_MESSAGE
-                    ? status == 14 || (status != 10 && HIWORD(message.lParam) != 0)
+                    ? status == CVaskSocket::statusEnded ||
+                          (status != CVaskSocket::statusReceived && HIWORD(message.lParam) != 0)
                     : !socket.IsThreadActive())
                 return;
         }

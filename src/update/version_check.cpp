@@ -5,6 +5,8 @@
 #include "platform/win32.h"
 #include "update/response_body.h"
 
+#include <string_view>
+
 namespace quorvel {
 
 namespace {
@@ -14,8 +16,8 @@ constexpr DWORD kOk = 200;
 
 // A text that does not has lost its end, or all of it: it would be read as another version.
 bool EndsWithDigit(const CStringA& version) {
-    const int length = version.GetLength();
-    return length > 0 && version[length - 1] >= '0' && version[length - 1] <= '9';
+    const std::string_view text = version.GetString();
+    return !text.empty() && text.back() >= '0' && text.back() <= '9';
 }
 
 } // namespace

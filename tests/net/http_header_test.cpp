@@ -113,7 +113,7 @@ TEST(HttpHeader, FieldsTellLengthDateAndDeliberatelyTheInverseOfChunked) {
     EXPECT_NE(0, WithField(_T("Transfer-Encoding"), _T("chunked")).IsChunked());
 }
 
-TEST(HttpHeader, StatusCodesHaveASentence) {
+TEST(HttpStatusCodeText, IsTheSentenceOfItsRowOrUnknown) {
     const std::tuple<DWORD, UINT> rows[] = {{100, 22701}, {206, 22709}, {300, 22711}, {306, 22700},
                                             {307, 22717}, {415, 22733}, {449, 22700}, {505, 22740}};
     for (const auto& [code, id] : rows) {

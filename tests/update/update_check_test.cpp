@@ -138,7 +138,7 @@ TEST_F(Check, ACheckThatMayNotStartSaysWhy) {
         source.m_createError = row.createError;
         source.m_connectError = row.connectError;
         QuorvelSetOpenExternalLinkCallback(row.linkIsAllowed ? nullptr : +allowsNothing);
-        UpdateCheck refused(path, _T("none"), view, source);
+        UpdateCheck refused(path, folder.Path(_T("none")), view, source);
         EXPECT_FALSE(refused.Check() || refused.IsActive());
         EXPECT_EQ(row.shown, view.Take());
         EXPECT_EQ(last, AfxGetProfileCheckForUpdatesLastChecked(path));
