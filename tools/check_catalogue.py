@@ -1,12 +1,14 @@
 #!/usr/bin/env python3
-"""Checks the message catalogue and its translations.
+"""Checks the message catalogue, the texts of the dialogs, and their translations.
 
     check_catalogue.py MESSAGES_DEF [LANGUAGE_DEF...]
+    check_catalogue.py --dialogs DIALOGS_RC DIALOG_TEXTS_H [LANGUAGE_DIALOG_TEXTS_H...]
 
 The catalogue is a list of QUORVEL_TEXT(id, name, "text") entries that two very different readers
 include: the C++ compiler and the resource compiler. Both forgive mistakes that would only show up on
 a user's screen, or crash the formatter there: an insert lost in translation, a mnemonic forgotten, a
-literal split in two. This script refuses them at build time. It prints one line per problem to
+literal split in two. This script refuses them at build time. The texts of the dialogs are
+#define NAME "text" lines that the layouts use; they are held to the same rules. It prints one line per problem to
 stderr (file:line: message) and exits with 1, or prints one summary line and exits with 0.
 """
 
@@ -21,6 +23,9 @@ Entry = namedtuple("Entry", "line id name text")
 # An entry stands on one line, or on two with the break after the name.
 ENTRY = re.compile(r'QUORVEL_TEXT\((?P<id>\d+), (?P<name>kText[A-Z][A-Za-z0-9]*), "(?P<text>.*)"\)')
 ENTRY_START = re.compile(r"QUORVEL_TEXT\(\d+, \w+,")
+
+# A text of a dialog.
+DEFINITION = re.compile(r'#define (?P<name>DIALOG_TEXT_[A-Z0-9_]+) "(?P<text>.*)"')
 
 # One piece of a literal: an escape both readers know, or a character that stands for itself.
 PIECE = re.compile(r'\\(?P<escape>[rnt\\])|(?P<plain>[^\\"\x00-\x1f])')
@@ -119,6 +124,36 @@ class Checker:
             if "%" in TOKEN.findall(entry.text):
                 self.report(path, entry.line, f'{entry.name}: a "%" that starts no insert')
 
+    def read_definitions(self, path):
+        """The texts of dialogs in one file, with the name as their id."""
+        entries = {}
+        with open(path, encoding="utf-8") as file:
+            for number, line in enumerate(file.read().split("\n"), 1):
+                if not line or line.startswith("//"):
+                    continue
+                found = DEFINITION.fullmatch(line)
+                if not found:
+                    self.report(path, number, "neither a comment nor a whole text")
+                    continue
+                name = found["name"]
+                if name in entries:
+                    self.report(path, number, f"{name} is also in line {entries[name].line}")
+                try:
+                    entries[name] = Entry(number, name, name, parse_literal(found["text"]))
+                except ValueError as error:
+                    self.report(path, number, f"{name}: {error}")
+        return list(entries.values())
+
+    def check_uses(self, layout_path, path, entries):
+        """Each text has its place in a layout, and each layout names texts that exist."""
+        with open(layout_path, encoding="utf-8") as file:
+            used = set(re.findall(r"\bDIALOG_TEXT_[A-Z0-9_]+", file.read()))
+        for entry in entries:
+            if entry.name not in used:
+                self.report(path, entry.line, f"{entry.name} is in no layout")
+        for name in sorted(used - {entry.name for entry in entries}):
+            self.report(layout_path, 1, f"{name} has no text in {path}")
+
     def compare(self, main_path, main_entries, path, entries):
         """A translation has the ids and names of the main file, and texts of the same build."""
         main = {entry.id: entry for entry in main_entries}
@@ -166,20 +201,37 @@ MEASURES = [
 ]
 
 
-def main(arguments):
-    if not arguments:
-        print("usage: check_catalogue.py MESSAGES_DEF [LANGUAGE_DEF...]", file=sys.stderr)
-        return 2
-    checker = Checker()
-    main_path, *language_paths = arguments
+def check_messages(checker, main_path, language_paths):
     main_entries = checker.read_entries(main_path)
     if not main_entries:
         checker.report(main_path, 1, "holds no entries")
     for path in language_paths:
         checker.compare(main_path, main_entries, path, checker.read_entries(path))
+    return len(main_entries)
+
+
+def check_dialogs(checker, layout_path, main_path, language_paths):
+    main_entries = checker.read_definitions(main_path)
+    checker.check_uses(layout_path, main_path, main_entries)
+    for path in language_paths:
+        checker.compare(main_path, main_entries, path, checker.read_definitions(path))
+    return len(main_entries)
+
+
+def main(arguments):
+    checker = Checker()
+    if arguments[:1] == ["--dialogs"] and len(arguments) > 2:
+        languages = arguments[3:]
+        count = check_dialogs(checker, arguments[1], arguments[2], languages)
+    elif arguments and not arguments[0].startswith("-"):
+        languages = arguments[1:]
+        count = check_messages(checker, arguments[0], languages)
+    else:
+        print(__doc__, file=sys.stderr)
+        return 2
     if checker.problems:
         return 1
-    print(f"{len(main_entries)} texts, {len(language_paths)} translation(s): no problems")
+    print(f"{count} texts, {len(languages)} translation(s): no problems")
     return 0
 
 

@@ -9,7 +9,7 @@
 #include <quorvel/framework/app.h>
 #include <quorvel/framework/wnd.h>
 
-#include "res/dialog_ids.h"
+#include "res/resource_ids.h"
 
 namespace quorvel {
 

@@ -1,0 +1,16 @@
+// The texts of the dialogs and menus, in English. A resource script includes this list, or that of
+// its language, before the layouts in dialogs.rc. A text holds no double quote.
+// tools/check_catalogue.py holds the translations to this list; a test measures each text in its
+// control.
+// clang-format off
+#define DIALOG_TEXT_OK "OK"
+#define DIALOG_TEXT_CANCEL "Cancel"
+
+// The columns of a list.
+#define DIALOG_TEXT_COLUMNS_TITLE "Columns"
+#define DIALOG_TEXT_COLUMNS_ADVICE "Select the columns you would like visible.  Use the Move Up and Move Down buttons to reorder the columns however you like."
+#define DIALOG_TEXT_COLUMNS_MOVE_UP "Move &Up"
+#define DIALOG_TEXT_COLUMNS_MOVE_DOWN "Move &Down"
+#define DIALOG_TEXT_COLUMNS_RESET "&Reset"
+#define DIALOG_TEXT_COLUMNS_WIDTH "&Selected column width:"
+#define DIALOG_TEXT_COLUMNS_COMMAND "&Columns..."

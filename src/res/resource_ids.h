@@ -1,0 +1,25 @@
+// The ids of the dialogs, menus, controls and commands, for the resource compiler too. Those of a
+// published dialog or command are a contract with hosts and translators: never renumber.
+#pragma once
+
+// The progress box.
+#define QUORVEL_DIALOG_PROGRESS 24000
+#define QUORVEL_PROGRESS_STATUS 24001
+#define QUORVEL_PROGRESS_BAR 24002
+
+// The columns of a list: its dialog, and the menu of its header. The header's menu has an item for
+// each column, FIRST plus the column's number.
+#define QUORVEL_DIALOG_COLUMNS 21580
+#define QUORVEL_COLUMNS_WIDTH 21581
+#define QUORVEL_COLUMNS_LIST 21582
+#define QUORVEL_COLUMNS_MOVE_UP 21583
+#define QUORVEL_COLUMNS_MOVE_DOWN 21584
+#define QUORVEL_COLUMNS_RESET 21585
+#define QUORVEL_MENU_COLUMNS 24029
+#define QUORVEL_COMMAND_COLUMNS 50007
+#define QUORVEL_COMMAND_COLUMN_FIRST 50900
+#define QUORVEL_COMMAND_COLUMN_LAST 50950
+
+// Two buttons that each dialog may have; the dialog bases subclass them where they are present.
+#define QUORVEL_DIALOG_BUTTON_1 23010
+#define QUORVEL_DIALOG_BUTTON_2 23011
