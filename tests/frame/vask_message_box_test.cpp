@@ -3,7 +3,6 @@
 
 #include <quorvel/res/message_ids.h>
 
-#include "frame/vask_expectation.h"
 #include "support/message_box_recorder.h"
 #include "support/test.h"
 
@@ -23,6 +22,25 @@ constexpr UINT kTextId = kTextExceptionMemory;
 constexpr UINT kFormatId = kTextByteSizeBytes;
 constexpr UINT kCheckId = kTextDoNotShowAgain;
 const WCHAR* const kNone = nullptr;
+
+// What the application object is given of a box. On Windows the heading and the check box are
+// controls of it. Null: no heading, no check box.
+CString ShownText(const WCHAR* heading, const WCHAR* text, const WCHAR* checkBox, int checkState) {
+    if (!kOnLinux)
+        return text;
+    CString shown;
+    if (heading != nullptr)
+        shown = CString(heading) + _T("\r\n\r\n");
+    shown += text;
+    if (checkBox != nullptr) {
+        CString label(checkBox); // of the texts used: marked at its start
+        label.Delete(0);
+        label.Replace(_T("&&"), _T("&"));
+        shown += checkState == 1 ? _T("\r\n\r\n[x] ") : _T("\r\n\r\n[ ] ");
+        shown += label;
+    }
+    return shown;
+}
 
 class VaskMessageBox : public testing::Test {
 protected:
@@ -114,6 +132,10 @@ TEST_F(VaskMessageBox, TheCrashAsksFirst) { // the answer is not Yes
                   nullptr, 0),
         MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2, 0};
     EXPECT_EQ(m_recorder.Take(), std::vector{asked});
+    if (kOnLinux) { // under Wine a crash takes its debugger seconds
+        m_recorder.m_answer = IDYES;
+        EXPECT_DEATH(AfxPerformDivideByZeroException(), "");
+    }
 }
 
 } // namespace
