@@ -13,7 +13,9 @@
 #include "support/window_driver.h"
 
 #include <cstring>
+#include <memory>
 #include <string>
+#include <type_traits>
 
 namespace {
 
@@ -37,15 +39,15 @@ void ShowError() {
 
 // The buttons' texts are the system's own.
 void ShowGerman() {
-    const HMODULE german = ::LoadLibraryW(_T("Quorvel_DEU.dll"));
+    const std::unique_ptr<std::remove_pointer_t<HMODULE>, decltype(&::FreeLibrary)> german(
+        ::LoadLibraryW(_T("Quorvel_DEU.dll")), ::FreeLibrary);
     const HINSTANCE english = QuorvelGetResourceHandle();
-    QuorvelSetResourceHandle(german);
+    QuorvelSetResourceHandle(german.get());
     int checkState = 0;
     AfxVaskMessageBox(quorvel::kTextCrashWarning, quorvel::kTextCrashWarningDivideByZero,
                       quorvel::kTextDoNotShowAgain, checkState, MB_YESNO | MB_ICONEXCLAMATION,
                       nullptr);
     QuorvelSetResourceHandle(english);
-    ::FreeLibrary(german);
 }
 
 // A picture of the modal box that `show` shows.

@@ -20,6 +20,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <memory>
+#include <type_traits>
 #include <vector>
 
 using namespace quorvel::win32;
@@ -143,17 +145,17 @@ void ShowLanguages(const CString& folder) {
 
     CString path;
     AfxGetResourceDLLPathName(folder, nameTemplate, kGerman, path);
-    const HINSTANCE german = LoadLibraryExW(path, nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    const std::unique_ptr<std::remove_pointer_t<HINSTANCE>, decltype(&FreeLibrary)> german(
+        LoadLibraryExW(path, nullptr, LOAD_LIBRARY_AS_DATAFILE), FreeLibrary);
     if (german == nullptr) {
         std::printf("no German language library in %s\n", Utf8(folder).GetString());
         return;
     }
     const HINSTANCE english = QuorvelGetResourceHandle();
-    QuorvelSetResourceHandle(german);
+    QuorvelSetResourceHandle(german.get());
     Heading("The catalogue in German, once its language library is installed");
     ShowTexts();
     QuorvelSetResourceHandle(english);
-    FreeLibrary(german);
 }
 
 // The first bytes of a file, as base64.
