@@ -148,8 +148,6 @@ class Checker:
 
     def check_name(self, path):
         """An include names what it means when no two headers have the same name."""
-        if path.startswith("src/platform/linux/"):
-            return
         name = os.path.basename(path)
         former = self.headers.setdefault(name, path)
         if name.endswith(".h") and former != path:
