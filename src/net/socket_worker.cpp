@@ -13,9 +13,7 @@ SocketWorker::SocketWorker(const CVaskSocketThreadParams& params)
 }
 
 SocketWorker::~SocketWorker() {
-    ForgetRequest(); // first: the window sets the event
-    if (m_lookupEvent != nullptr)
-        ::CloseHandle(m_lookupEvent);
+    ForgetRequest(); // before the event is closed: the window sets it
     m_socket.m_workerId = 0;
 }
 
@@ -48,13 +46,13 @@ bool SocketWorker::Begin() {
 
 bool SocketWorker::BeginLookup() {
     m_socket.UpdateStatus(CVaskSocket::statusLookingUp, 0);
-    m_lookupEvent = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    if (m_lookupEvent == nullptr)
+    m_lookupEvent = ScopedHandle(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    if (!m_lookupEvent.IsValid())
         return EndWith(CVaskSocket::statusLookedUp, static_cast<int>(::GetLastError()));
     CVaskSocketWnd& sink = CVaskSocket::m_wndSocket;
     if (!::IsWindow(sink.m_hWnd))
         return EndWith(CVaskSocket::statusLookedUp, WSAEINVAL);
-    const int error = sink.AsyncGetHostByName(m_params.GetHostAddress(), m_lookupEvent,
+    const int error = sink.AsyncGetHostByName(m_params.GetHostAddress(), m_lookupEvent.Get(),
                                               m_socket.GetGetHostTimeOut(), m_request);
     return error == 0 || EndWith(CVaskSocket::statusLookedUp, error);
 }
@@ -92,7 +90,8 @@ bool SocketWorker::Connect(const win32::sockaddr* address, int length) {
 // ended goes first.
 bool SocketWorker::WaitForEvent(WSAEVENT& signalled) {
     const WSAEVENT two[] = {m_socket.m_cancelThreadEvent, m_socket.m_networkEvent};
-    const WSAEVENT three[] = {m_socket.m_cancelThreadEvent, m_lookupEvent, m_socket.m_networkEvent};
+    const WSAEVENT three[] = {m_socket.m_cancelThreadEvent, m_lookupEvent.Get(),
+                              m_socket.m_networkEvent};
     const WSAEVENT* const events = m_looksUp ? three : two;
     const DWORD count = m_looksUp ? 3 : 2;
     const DWORD result = ::WSAWaitForMultipleEvents(count, events, FALSE, WSA_INFINITE, FALSE);

@@ -4,6 +4,7 @@
 
 #include <quorvel/net/vask_socket.h>
 
+#include "platform/scoped_handle.h"
 #include "platform/win32.h"
 
 namespace quorvel {
@@ -38,7 +39,7 @@ private:
     CVaskSocket& m_socket;
     const CVaskSocketThreadParams m_params;
     const bool m_looksUp;
-    HANDLE m_lookupEvent = nullptr;
+    ScopedHandle m_lookupEvent;
     HANDLE m_request = nullptr; // while the look-up has not been dealt with
 };
 
