@@ -43,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     };
     // A damaged place may lie in one piece with bytes that make the body too long.
     const auto isRefused = [](Decoder::Outcome each) {
-        return each == Decoder::Outcome::damaged || each == Decoder::Outcome::tooLong;
+        return each == Decoder::Outcome::Damaged || each == Decoder::Outcome::TooLong;
     };
     const auto second = Decode(header, body, next, pieced);
     Require(isRefused(outcome) ? isRefused(second) : second == outcome && pieced == whole);

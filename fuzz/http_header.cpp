@@ -46,7 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         reader.Add(bytes.data() + at, count, pieced);
         at += count;
     }
-    Require((reader.GetState() == Reader::State::complete) == (isComplete != FALSE));
+    Require((reader.GetState() == Reader::State::Complete) == (isComplete != FALSE));
     RequireSame(whole, pieced);
     return 0;
 }

@@ -31,14 +31,14 @@ TARGET is written when all has gone well, and replaces a file of that name.
 exit code: 0 done, 1 failed, 2 wrong usage
 )";
 
-enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2 };
+enum ExitCode { kExitDone = 0, kExitFailed = 1, kExitUsage = 2 };
 
 [[noreturn]] void FailUsage(const CString& reason) {
-    throw Failure{exitUsage, reason + _T(" (pack --help)")};
+    throw Failure{kExitUsage, reason + _T(" (pack --help)")};
 }
 
 [[noreturn]] void FailOn(const CString& fileName, const CString& reason) {
-    throw Failure{exitFailed, fileName + _T(": ") + reason};
+    throw Failure{kExitFailed, fileName + _T(": ") + reason};
 }
 
 // The library reports in message boxes; here they are lines on the standard error.
@@ -195,8 +195,8 @@ void RunCommandLine(const Application& application, const std::vector<CString>& 
 
 int main(int argc, char** argv) {
     const Application application;
-    return RunProgram(_T("pack"), exitFailed, [&] {
+    return RunProgram(_T("pack"), kExitFailed, [&] {
         RunCommandLine(application, ProgramArguments(argc, argv));
-        return exitDone;
+        return kExitDone;
     });
 }

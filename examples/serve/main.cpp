@@ -28,7 +28,7 @@ The first line of output is the address: http://127.0.0.1:8080/
 exit code: 0 done, 1 failed, 2 wrong usage
 )";
 
-enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2 };
+enum ExitCode { kExitDone = 0, kExitFailed = 1, kExitUsage = 2 };
 
 struct Options {
     UINT port = 0;
@@ -42,7 +42,7 @@ UINT ReadPort(const CString& text) {
         port =
             text[i] >= '0' && text[i] <= '9' ? port * 10 + static_cast<UINT>(text[i] - '0') : 65536;
     if (port == 0 || port > 65535)
-        throw Failure{exitUsage, _T("not a port from 1 to 65535: ") + text};
+        throw Failure{kExitUsage, _T("not a port from 1 to 65535: ") + text};
     return port;
 }
 
@@ -57,10 +57,10 @@ Options ReadOptions(const std::vector<CString>& arguments) {
         else if (options.folder.IsEmpty() && arguments[i].Left(2) != _T("--"))
             options.folder = arguments[i];
         else
-            throw Failure{exitUsage, _T("not understood: ") + arguments[i]};
+            throw Failure{kExitUsage, _T("not understood: ") + arguments[i]};
     }
     if (options.folder.IsEmpty())
-        throw Failure{exitUsage, _T("a folder is needed (serve --help)")};
+        throw Failure{kExitUsage, _T("a folder is needed (serve --help)")};
     return options;
 }
 
@@ -88,7 +88,7 @@ void CreateWindowFor(SweepWnd& wnd) {
     windowClass.lpszClassName = _T("Serve");
     RegisterClassExW(&windowClass);
     if (!wnd.CreateEx(0, _T("Serve"), nullptr, 0, 0, 0, 0, 0, nullptr, nullptr))
-        throw Failure{exitFailed, _T("no window could be made")};
+        throw Failure{kExitFailed, _T("no window could be made")};
 }
 
 UINT WaitForEndOfInput(void* window) {
@@ -102,7 +102,7 @@ void Serve(const Options& options) {
     std::error_code error;
     const fs::path folder(std::basic_string<WCHAR>(options.folder.GetString()));
     if (!fs::is_directory(folder, error))
-        throw Failure{exitFailed, options.folder + _T(": not a folder")};
+        throw Failure{kExitFailed, options.folder + _T(": not a folder")};
     SweepWnd window;
     CreateWindowFor(window);
     Server server(folder);
@@ -110,7 +110,7 @@ void Serve(const Options& options) {
     UINT port = 0;
     if (!server.Create(options.port, SOCK_STREAM, CVaskSocket::ALL_EVENTS, options.address) ||
         !server.Listen(kBacklog) || !server.GetSockNameEx(address, port))
-        throw Failure{exitFailed,
+        throw Failure{kExitFailed,
                       AfxGetWinsockErrorText(static_cast<DWORD>(CVaskSocket::GetLastError()))};
     window.m_server = &server;
     SetTimer(window.m_hWnd, 1, kSweepMilliseconds, nullptr);
@@ -127,21 +127,21 @@ void Serve(const Options& options) {
 int Run(const std::vector<CString>& arguments) {
     if (arguments.size() == 1 && arguments[0] == _T("--help")) {
         std::fputs(kUsage, stdout);
-        return exitDone;
+        return kExitDone;
     }
     const Options options = ReadOptions(arguments);
     if (!CVaskSocket::Initialize())
-        return exitFailed; // the box has said why
+        return kExitFailed; // the box has said why
     struct Deinitializer {
         ~Deinitializer() { CVaskSocket::Deinitialize(); }
     } const deinitializer;
     Serve(options);
-    return exitDone;
+    return kExitDone;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     CWinApp app(_T("serve"));
-    return RunProgram(_T("serve"), exitFailed, [&] { return Run(ProgramArguments(argc, argv)); });
+    return RunProgram(_T("serve"), kExitFailed, [&] { return Run(ProgramArguments(argc, argv)); });
 }

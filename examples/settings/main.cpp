@@ -42,7 +42,7 @@ CStringA Utf8(const CString& text) {
 }
 
 [[noreturn]] void FailUsage(const CString& reason) {
-    throw Failure{exitFailed, reason + _T(" (settings --help)")};
+    throw Failure{kExitFailed, reason + _T(" (settings --help)")};
 }
 
 // The words of the command line that are no options, taken one after another.
@@ -168,7 +168,7 @@ ExitCode List(Arguments& arguments) {
         const CString name(value.name.empty() ? _T("(default)") : value.name.c_str());
         Print(stdout, name + _T(" = ") + DisplayText(value));
     }
-    return exitDone;
+    return kExitDone;
 }
 
 ExitCode Get(Arguments& arguments) {
@@ -176,7 +176,7 @@ ExitCode Get(Arguments& arguments) {
     const CString name = arguments.Take(_T("NAME"));
     arguments.RequireEnd();
     Print(stdout, DisplayText(ReadValue(path, name)));
-    return exitDone;
+    return kExitDone;
 }
 
 ExitCode Set(Arguments& arguments) {
@@ -185,7 +185,7 @@ ExitCode Set(Arguments& arguments) {
     const RegValue value = ParseValue(name, arguments.Type(), arguments.Take(_T("VALUE")));
     arguments.RequireEnd();
     WriteValue(path, value);
-    return exitDone;
+    return kExitDone;
 }
 
 ExitCode Remove(Arguments& arguments) {
@@ -197,7 +197,7 @@ ExitCode Remove(Arguments& arguments) {
         RemoveValue(path, name);
     else
         RemoveKey(path);
-    return exitDone;
+    return kExitDone;
 }
 
 ExitCode Export(Arguments& arguments) {
@@ -211,16 +211,16 @@ ExitCode Export(Arguments& arguments) {
         const CStringA bytes = Utf8(text.c_str());
         CString readBack;
         if (!AfxUTF8ToWideChar(bytes, readBack) || readBack != text.c_str())
-            throw Failure{exitFailed, TextOf(path) + _T(": half a surrogate pair in it, which "
-                                                        "UTF-8 cannot hold; export to a FILE")};
+            throw Failure{kExitFailed, TextOf(path) + _T(": half a surrogate pair in it, which "
+                                                         "UTF-8 cannot hold; export to a FILE")};
         std::fwrite(bytes.GetString(), 1, static_cast<std::size_t>(bytes.GetLength()), stdout);
-        return exitDone;
+        return kExitDone;
     }
     std::ofstream stream(PathOf(file), std::ios::binary);
     stream << EncodeRegFile(text);
     if (!stream.flush())
-        throw Failure{exitFailed, file + _T(": cannot be written")};
-    return exitDone;
+        throw Failure{kExitFailed, file + _T(": cannot be written")};
+    return kExitDone;
 }
 
 // An iterator of the stream would throw where the system refuses, as for a folder.
@@ -230,7 +230,7 @@ std::string ReadAll(std::istream& stream, const CString& name) {
     while (stream.read(buffer, sizeof buffer), stream.gcount() > 0)
         bytes.append(buffer, static_cast<std::size_t>(stream.gcount()));
     if (stream.bad() || !stream.eof())
-        throw Failure{exitFailed, name + _T(": cannot be read")};
+        throw Failure{kExitFailed, name + _T(": cannot be read")};
     return bytes;
 }
 
@@ -249,9 +249,9 @@ ExitCode Import(Arguments& arguments) {
     } catch (const RegTextFault& fault) {
         CString place;
         place.Format(_T(":%d: "), fault.line);
-        throw Failure{exitFailed, name + place + fault.reason};
+        throw Failure{kExitFailed, name + place + fault.reason};
     }
-    return exitDone;
+    return kExitDone;
 }
 
 struct Command {
@@ -268,7 +268,7 @@ ExitCode Run(const std::vector<CString>& words) {
     const CString name = arguments.Take(_T("COMMAND"));
     if (name == _T("--help")) {
         std::fputs(kUsage, stdout);
-        return exitDone;
+        return kExitDone;
     }
     for (const Command& command : kCommands) {
         if (name == command.name)
@@ -280,6 +280,6 @@ ExitCode Run(const std::vector<CString>& words) {
 } // namespace
 
 int main(int argc, char** argv) {
-    return RunProgram(_T("settings"), exitFailed,
+    return RunProgram(_T("settings"), kExitFailed,
                       [&] { return Run(ProgramArguments(argc, argv)); });
 }

@@ -38,7 +38,7 @@ constexpr DWORD kLongestValueName = 16384;
     text.FormatMessage(textId, reason.GetString());
     text.Replace(_T("\r\n\r\n"), _T(" "));
     text.Replace(_T("\r\n"), _T(""));
-    throw Failure{error == ERROR_FILE_NOT_FOUND ? exitNotFound : exitFailed,
+    throw Failure{error == ERROR_FILE_NOT_FOUND ? kExitNotFound : kExitFailed,
                   what + _T(": ") + text};
 }
 
@@ -95,7 +95,7 @@ void AllowMissing(const std::function<void()>& removal) {
     try {
         removal();
     } catch (const Failure& failure) {
-        if (failure.code != exitNotFound)
+        if (failure.code != kExitNotFound)
             throw;
     }
 }
@@ -118,12 +118,12 @@ void ApplyKey(const CRegistryPath& path, const RegKey& key) {
 // A .reg text with it could not be read back: there are no escapes for line ends.
 void RequireOneLine(const Wide& name, const CRegistryPath& path) {
     if (name.find_first_of(_T("\r\n")) != Wide::npos)
-        throw Failure{exitFailed, TextOf(path) + _T(": a name in it has more than one line")};
+        throw Failure{kExitFailed, TextOf(path) + _T(": a name in it has more than one line")};
 }
 
 void RequireRemovable(const CRegistryPath& path) {
     if (path.GetSubKey().IsEmpty())
-        throw Failure{exitFailed, TextOf(path) + _T(" cannot be removed as a whole")};
+        throw Failure{kExitFailed, TextOf(path) + _T(" cannot be removed as a whole")};
 }
 
 bool IsBelow(const CString& text, const CString& path) {
@@ -143,7 +143,7 @@ CRegistryPath ParsePath(const CString& text) {
         if (rest.Left(1) != _T("\\") &&
             (first.CompareNoCase(root.shortName) == 0 || first.CompareNoCase(root.name) == 0))
             return CRegistryPath(root.key, rest);
-    throw Failure{exitFailed, _T("not a path as in HKCU\\Software\\Name: ") + text};
+    throw Failure{kExitFailed, _T("not a path as in HKCU\\Software\\Name: ") + text};
 }
 
 CString TextOf(const CRegistryPath& path) {
@@ -234,7 +234,7 @@ void Apply(const CRegistryPath& path, const std::vector<RegKey>& keys) {
     for (const RegKey& key : keys) {
         const CRegistryPath target = ParsePath(key.path.c_str());
         if (!IsBelow(TextOf(target), TextOf(path)))
-            throw Failure{exitFailed,
+            throw Failure{kExitFailed,
                           CString(key.path.c_str()) + _T(" is not below ") + TextOf(path)};
         if (key.isRemoval)
             RequireRemovable(target);

@@ -8,7 +8,7 @@
 #include <quorvel/system/registry_path.h>
 
 // The exit codes of the program.
-enum ExitCode { exitDone = 0, exitNotFound = 1, exitFailed = 2 };
+enum ExitCode { kExitDone = 0, kExitNotFound = 1, kExitFailed = 2 };
 
 // "HKCU\Software\Name" or "HKEY_CURRENT_USER\Software\Name" as a path and back, with the long name.
 CRegistryPath ParsePath(const CString& text);

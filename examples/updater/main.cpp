@@ -39,7 +39,7 @@ exit code: 0 up to date, 1 the check failed or was refused, 2 wrong usage, 3 not
            or not reset
 )";
 
-enum ExitCode { exitDone = 0, exitFailed = 1, exitUsage = 2, exitDeclined = 3 };
+enum ExitCode { kExitDone = 0, kExitFailed = 1, kExitUsage = 2, kExitDeclined = 3 };
 
 volatile std::sig_atomic_t g_isInterrupted = 0;
 
@@ -76,10 +76,10 @@ Options ReadOptions(const std::vector<CString>& arguments) {
         else if (arguments[i] == _T("--yes"))
             options.alwaysYes = true;
         else
-            throw Failure{exitUsage, _T("not understood: ") + arguments[i]};
+            throw Failure{kExitUsage, _T("not understood: ") + arguments[i]};
     }
     if (options.settings.IsEmpty())
-        throw Failure{exitUsage, _T("--settings is needed (updater --help)")};
+        throw Failure{kExitUsage, _T("--settings is needed (updater --help)")};
     return options;
 }
 
@@ -90,7 +90,7 @@ CString DefaultFile() {
     std::error_code error;
     fs::create_directories(fs::path(std::basic_string<WCHAR>(folder.GetString())), error);
     if (folder.IsEmpty() || error)
-        throw Failure{exitFailed, _T("the data folder can't be made: ") + folder};
+        throw Failure{kExitFailed, _T("the data folder can't be made: ") + folder};
     return folder + _T("updates.xml");
 }
 
@@ -107,45 +107,45 @@ void DispatchMessages(CCheckForUpdates& check) {
 int Update(const Options& options) {
     const CRegistryPath path(HKEY_CURRENT_USER, options.settings);
     if (!options.site.IsEmpty() && !AfxWriteProfileCheckForUpdatesURL(path, options.site))
-        throw Failure{exitFailed, _T("the settings can't be written: ") + options.settings};
+        throw Failure{kExitFailed, _T("the settings can't be written: ") + options.settings};
     ConsoleView view(options.alwaysYes);
     CCheckForUpdates check(path, options.file.IsEmpty() ? DefaultFile() : options.file, view);
     check.SetStrict(TRUE);
     check.Open();
     if (options.resets) {
         check.Reset();
-        return view.HasAgreed() ? exitDone : exitDeclined;
+        return view.HasAgreed() ? kExitDone : kExitDeclined;
     }
     if (options.isAuto && !AfxIsCheckForUpdatesReminderDue(path))
-        return exitDone;
+        return kExitDone;
     const CUpdateListing former = check.GetListing();
     if (!check.Check())
-        return exitFailed;
+        return kExitFailed;
     DispatchMessages(check);
     switch (view.GetResult()) {
     case ConsoleView::resultUpdated:
         PrintNews(former, check.GetListing());
-        return exitDone;
+        return kExitDone;
     case ConsoleView::resultUpToDate:
-        return exitDone;
+        return kExitDone;
     case ConsoleView::resultFailed:
-        return exitFailed;
+        return kExitFailed;
     case ConsoleView::resultCancelled:
         Print(stdout, _T("The check was cancelled."));
-        return exitDeclined;
+        return kExitDeclined;
     default:
-        return exitDeclined;
+        return kExitDeclined;
     }
 }
 
 int Run(const std::vector<CString>& arguments) {
     if (arguments.size() == 1 && arguments[0] == _T("--help")) {
         std::fputs(kUsage, stdout);
-        return exitDone;
+        return kExitDone;
     }
     const Options options = ReadOptions(arguments);
     if (!CVaskSocket::Initialize())
-        return exitFailed; // the box has said why
+        return kExitFailed; // the box has said why
     struct Deinitializer {
         ~Deinitializer() { CVaskSocket::Deinitialize(); }
     } const deinitializer;
@@ -157,5 +157,6 @@ int Run(const std::vector<CString>& arguments) {
 int main(int argc, char** argv) {
     std::signal(SIGINT, OnInterrupt);
     CWinApp app(_T("updater"));
-    return RunProgram(_T("updater"), exitFailed, [&] { return Run(ProgramArguments(argc, argv)); });
+    return RunProgram(_T("updater"), kExitFailed,
+                      [&] { return Run(ProgramArguments(argc, argv)); });
 }

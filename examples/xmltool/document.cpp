@@ -24,7 +24,7 @@ CString TextOf(const fs::path& path) {
 }
 
 [[noreturn]] void FailToRead(const CString& name, const CString& reason) {
-    throw Failure{exitFailed, DisplayName(name) + _T(": ") + reason};
+    throw Failure{kExitFailed, DisplayName(name) + _T(": ") + reason};
 }
 
 Step ParseStep(const CString& text) {
@@ -79,7 +79,7 @@ std::vector<Step> ParsePath(const CString& path) {
         isPath = isPath && !step.name.IsEmpty() && step.number > 0 &&
                  step.name.FindOneOf(_T(" \t=<>@]")) < 0;
     if (!isPath)
-        throw Failure{exitFailed, _T("not a path as in /rss/channel/item[2]: ") + path};
+        throw Failure{kExitFailed, _T("not a path as in /rss/channel/item[2]: ") + path};
     return steps;
 }
 
@@ -130,7 +130,7 @@ Document::Document(const CString& fileName) {
         CString text;
         text.Format(_T("%s:%d:%d: %s"), DisplayName(fileName).GetString(), fault.nLine,
                     fault.nColumn, fault.strMessage.GetString());
-        throw Failure{exitNotFound, text};
+        throw Failure{kExitNotFound, text};
     }
     Load(input);
 }
@@ -203,7 +203,7 @@ void Document::Find(const CString& path) {
         IntoElem(); // nothing happens before the root
         for (int i = 0; i < step.number; ++i) {
             if (!FindElem(step.name))
-                throw Failure{exitNotFound, _T("not found: ") + path};
+                throw Failure{kExitNotFound, _T("not found: ") + path};
         }
     }
 }
@@ -227,14 +227,14 @@ void Document::SetEncoding(const CString& name) {
 void Document::Save(const CString& fileName) {
     CXMLFault fault;
     if (!AfxCheckXML(GetXMLDeclaration() + GetDocConstRef(), fault))
-        throw Failure{exitFailed, _T("would not be well-formed: ") + fault.strMessage + _T(": ") +
-                                      fault.strSnippet};
+        throw Failure{kExitFailed, _T("would not be well-formed: ") + fault.strMessage + _T(": ") +
+                                       fault.strSnippet};
     CString error;
     std::optional<PrivateFolder> folder;
     if (fileName == kStandardStream)
         folder.emplace();
     if (!AfxSaveXMLFile(*this, folder ? TextOf(folder->File()) : fileName, error))
-        throw Failure{exitFailed, fileName + _T(": ") + error};
+        throw Failure{kExitFailed, fileName + _T(": ") + error};
     if (folder)
         std::cout << std::ifstream(folder->File(), std::ios::binary).rdbuf();
 }

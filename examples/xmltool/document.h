@@ -11,7 +11,7 @@
 #include <vector>
 
 // The exit codes of the program.
-enum ExitCode { exitDone = 0, exitNotFound = 1, exitFailed = 2 };
+enum ExitCode { kExitDone = 0, kExitNotFound = 1, kExitFailed = 2 };
 
 // A step of a path: the number-th child of that name, counted from 1.
 struct Step {

@@ -28,7 +28,7 @@ exit code: 0 done, 1 not found or not well-formed, 2 wrong usage or a file error
 )";
 
 [[noreturn]] void FailUsage(const CString& reason) {
-    throw Failure{exitFailed, reason + _T(" (xmltool --help)")};
+    throw Failure{kExitFailed, reason + _T(" (xmltool --help)")};
 }
 
 // The words of the command line that are no options, taken one after another.
@@ -104,7 +104,7 @@ ExitCode Check(Arguments& arguments) {
     const Input input(arguments.TakeFile());
     CXMLFault fault;
     if (input.Check(fault))
-        return exitDone;
+        return kExitDone;
     CString place;
     place.Format(_T(":%d:%d: "), fault.nLine, fault.nColumn);
     Print(stdout, DisplayName(input.Name()) + place + fault.strMessage);
@@ -113,7 +113,7 @@ ExitCode Check(Arguments& arguments) {
     for (int i = 0; i < fault.nCaret; ++i)
         column += fault.strSnippet[i] < 0xdc00 || fault.strSnippet[i] > 0xdfff;
     Print(stdout, CString(_T(' '), column + 2) + _T("^"));
-    return exitNotFound;
+    return kExitNotFound;
 }
 
 ExitCode PrintOutline(Arguments& arguments) {
@@ -125,7 +125,7 @@ ExitCode PrintOutline(Arguments& arguments) {
     for (int depth = 0;;) {
         if (!document.FindElem()) {
             if (!document.OutOfElem())
-                return exitDone;
+                return kExitDone;
             --depth;
             continue;
         }
@@ -145,9 +145,9 @@ ExitCode Get(Arguments& arguments) {
     Document document(arguments.TakeFile());
     document.Find(path);
     if (wantsAttribute && !document.HasAttribute(name))
-        throw Failure{exitNotFound, _T("not found: ") + path + _T(" @") + name};
+        throw Failure{kExitNotFound, _T("not found: ") + path + _T(" @") + name};
     Print(stdout, wantsAttribute ? document.GetAttrib(name) : document.GetData());
-    return exitDone;
+    return kExitDone;
 }
 
 ExitCode Set(Arguments& arguments) {
@@ -158,9 +158,9 @@ ExitCode Set(Arguments& arguments) {
     Document document(file);
     document.Find(path);
     if (!document.SetAttrib(name, value))
-        throw Failure{exitFailed, _T("cannot be set: ") + path + _T(" @") + name};
+        throw Failure{kExitFailed, _T("cannot be set: ") + path + _T(" @") + name};
     document.Save(arguments.OutputFor(file));
-    return exitDone;
+    return kExitDone;
 }
 
 ExitCode Add(Arguments& arguments) {
@@ -172,7 +172,7 @@ ExitCode Add(Arguments& arguments) {
     document.Find(path);
     document.AddChildElem(name, value);
     document.Save(arguments.OutputFor(file));
-    return exitDone;
+    return kExitDone;
 }
 
 ExitCode Convert(Arguments& arguments) {
@@ -184,7 +184,7 @@ ExitCode Convert(Arguments& arguments) {
     Document document(file);
     document.SetEncoding(encoding);
     document.Save(arguments.OutputFor(file));
-    return exitDone;
+    return kExitDone;
 }
 
 struct Command {
@@ -204,7 +204,7 @@ ExitCode Run(const std::vector<CString>& words) {
     const CString name = arguments.Take(_T("COMMAND"));
     if (name == _T("--help")) {
         std::fputs(kUsage, stdout);
-        return exitDone;
+        return kExitDone;
     }
     for (const Command& command : kCommands) {
         if (name != command.name)
@@ -218,5 +218,6 @@ ExitCode Run(const std::vector<CString>& words) {
 } // namespace
 
 int main(int argc, char** argv) {
-    return RunProgram(_T("xmltool"), exitFailed, [&] { return Run(ProgramArguments(argc, argv)); });
+    return RunProgram(_T("xmltool"), kExitFailed,
+                      [&] { return Run(ProgramArguments(argc, argv)); });
 }

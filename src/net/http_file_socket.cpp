@@ -87,7 +87,7 @@ BOOL CHttpFileSocket::ParseHeader(const char* data, int length) {
     if (m_headerParsed || length <= 0 || data == nullptr)
         return FALSE;
     const auto state = m_reader->Add(data, static_cast<std::size_t>(length), m_header);
-    if (state != quorvel::HttpHeaderReader::State::complete)
+    if (state != quorvel::HttpHeaderReader::State::Complete)
         return FALSE;
     m_headerParsed = TRUE;
     PostCallbackStatusChangeMessage(statusHeaderParsed, 0);

@@ -27,7 +27,7 @@ bool IsStatusLine(std::string_view line) {
 
 void HttpHeaderReader::Reset(std::size_t limit) {
     m_limit = limit;
-    m_state = State::incomplete;
+    m_state = State::Incomplete;
     m_bytes.clear();
     m_searched = 0;
     m_hasStatusLine = false;
@@ -35,10 +35,10 @@ void HttpHeaderReader::Reset(std::size_t limit) {
 
 HttpHeaderReader::State HttpHeaderReader::Add(const char* bytes, std::size_t count,
                                               CHttpHeader& header) {
-    if (m_state == State::incomplete) {
+    if (m_state == State::Incomplete) {
         m_bytes.append(bytes, count);
         m_state = Judge(header);
-        if (m_state != State::incomplete)
+        if (m_state != State::Incomplete)
             std::string().swap(m_bytes);
     }
     return m_state;
@@ -54,17 +54,17 @@ HttpHeaderReader::State HttpHeaderReader::Judge(CHttpHeader& header) {
         const std::size_t end = m_bytes.find(kLineEnd, overlap(kLineEnd));
         m_hasStatusLine = end != m_bytes.npos;
         if (m_hasStatusLine && !IsStatusLine(std::string_view(m_bytes).substr(0, end)))
-            return State::refused;
+            return State::Refused;
     }
     constexpr std::size_t kLongestText = std::numeric_limits<int>::max() - 1;
     const std::size_t limit = std::min(m_limit, kLongestText);
     const std::size_t end = m_bytes.find(kHeaderEnd, overlap(kHeaderEnd));
     if (end == m_bytes.npos)
-        return m_bytes.size() < limit ? State::incomplete : State::refused;
+        return m_bytes.size() < limit ? State::Incomplete : State::Refused;
     const std::size_t length = end + kHeaderEnd.size();
     const bool taken = length <= limit && header.InitializeFromStream(
                                               Widened(std::string_view(m_bytes).substr(0, length)));
-    return taken ? State::complete : State::refused;
+    return taken ? State::Complete : State::Refused;
 }
 
 } // namespace quorvel

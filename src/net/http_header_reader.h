@@ -14,9 +14,9 @@ namespace quorvel {
 class HttpHeaderReader {
 public:
     enum class State {
-        incomplete,
-        complete,
-        refused // no status line, or too long: no further byte can make a header of it
+        Incomplete,
+        Complete,
+        Refused // no status line, or too long: no further byte can make a header of it
     };
 
     // `limit` is the longest header that is taken, in bytes.
@@ -33,7 +33,7 @@ private:
     State Judge(CHttpHeader& header);
 
     std::size_t m_limit;
-    State m_state = State::incomplete;
+    State m_state = State::Incomplete;
     std::string m_bytes;
     std::size_t m_searched = 0; // so far there is no blank line
     bool m_hasStatusLine = false;

@@ -74,13 +74,13 @@ private:
 BodyDecoder::BodyDecoder(const CHttpHeader& header, ULONGLONG limit, Sink sink)
     : m_limit(limit), m_sink(std::move(sink)) {
     ReadCodings(header, _T("Content-Encoding"));
-    if (m_framing == Framing::chunks) // it is no coding of contents
-        m_refusal = Outcome::damaged;
+    if (m_framing == Framing::Chunks) // it is no coding of contents
+        m_refusal = Outcome::Damaged;
     ReadCodings(header, _T("Transfer-Encoding"));
     const std::optional<ULONGLONG> length = AnnouncedLength(header);
-    if (m_framing == Framing::chunks || !length)
+    if (m_framing == Framing::Chunks || !length)
         return;
-    m_framing = Framing::length;
+    m_framing = Framing::Length;
     m_left = *length;
 }
 
@@ -100,22 +100,22 @@ void BodyDecoder::ReadCodings(const CHttpHeader& header, const WCHAR* field) {
 void BodyDecoder::ReadCoding(const CString& coding) {
     const bool isGzip = coding == _T("gzip") || coding == _T("x-gzip");
     const bool isChunked = coding == _T("chunked");
-    if (m_framing == Framing::chunks || (isGzip && m_gunzip != nullptr))
-        m_refusal = Outcome::damaged; // chunks come last, and one layer of gzip is enough
+    if (m_framing == Framing::Chunks || (isGzip && m_gunzip != nullptr))
+        m_refusal = Outcome::Damaged; // chunks come last, and one layer of gzip is enough
     else if (isGzip)
         m_gunzip = std::make_unique<Gunzip>();
     else if (isChunked)
-        m_framing = Framing::chunks;
+        m_framing = Framing::Chunks;
     else if (!coding.IsEmpty() && coding != _T("identity"))
-        m_refusal = Outcome::damaged;
+        m_refusal = Outcome::Damaged;
 }
 
 bool BodyDecoder::Add(const char* bytes, std::size_t count) {
     std::string_view added(bytes, count);
-    if (m_framing == Framing::chunks) {
+    if (m_framing == Framing::Chunks) {
         AddChunked(added);
     } else {
-        if (m_framing == Framing::length) {
+        if (m_framing == Framing::Length) {
             added = added.substr(0, static_cast<std::size_t>(std::min<ULONGLONG>(m_left, count)));
             m_left -= added.size();
         }
@@ -125,8 +125,8 @@ bool BodyDecoder::Add(const char* bytes, std::size_t count) {
 }
 
 void BodyDecoder::AddChunked(std::string_view bytes) {
-    while (!bytes.empty() && !IsRefused() && m_place != Place::end) {
-        if (m_place != Place::data) {
+    while (!bytes.empty() && !IsRefused() && m_place != Place::End) {
+        if (m_place != Place::Data) {
             AddToChunkLine(bytes.front());
             bytes.remove_prefix(1);
             continue;
@@ -136,7 +136,7 @@ void BodyDecoder::AddChunked(std::string_view bytes) {
         bytes.remove_prefix(count);
         m_left -= count;
         if (m_left == 0)
-            m_place = Place::dataEnd;
+            m_place = Place::DataEnd;
     }
 }
 
@@ -144,34 +144,34 @@ void BodyDecoder::AddChunked(std::string_view bytes) {
 // here, the line end behind the data, and fields behind the last chunk.
 void BodyDecoder::AddToChunkLine(char byte) {
     const int digit = HexDigit(byte);
-    if (byte == '\r' || (m_place == Place::extension && byte != '\n'))
+    if (byte == '\r' || (m_place == Place::Extension && byte != '\n'))
         return;
     if (byte == '\n') {
-        if (m_place == Place::trailer)
-            m_place = m_lineLength == 0 ? Place::end : Place::trailer;
-        else if (m_place == Place::dataEnd)
-            m_place = Place::size;
+        if (m_place == Place::Trailer)
+            m_place = m_lineLength == 0 ? Place::End : Place::Trailer;
+        else if (m_place == Place::DataEnd)
+            m_place = Place::Size;
         else
             return EndChunkSize();
         m_lineLength = 0;
         m_left = 0;
-    } else if (m_place == Place::trailer) {
+    } else if (m_place == Place::Trailer) {
         ++m_lineLength;
-    } else if (m_place == Place::size && digit >= 0 && m_left >> 60 == 0) {
+    } else if (m_place == Place::Size && digit >= 0 && m_left >> 60 == 0) {
         m_left = m_left * 16 + static_cast<unsigned>(digit);
         ++m_lineLength;
-    } else if (m_place == Place::size && (byte == ';' || byte == ' ' || byte == '\t')) {
-        m_place = Place::extension;
+    } else if (m_place == Place::Size && (byte == ';' || byte == ' ' || byte == '\t')) {
+        m_place = Place::Extension;
     } else {
-        m_refusal = Outcome::damaged;
+        m_refusal = Outcome::Damaged;
     }
 }
 
 void BodyDecoder::EndChunkSize() {
     if (m_lineLength == 0)
-        m_refusal = Outcome::damaged;
+        m_refusal = Outcome::Damaged;
     m_lineLength = 0;
-    m_place = m_left > 0 ? Place::data : Place::trailer;
+    m_place = m_left > 0 ? Place::Data : Place::Trailer;
 }
 
 void BodyDecoder::AddData(std::string_view bytes) {
@@ -184,25 +184,25 @@ void BodyDecoder::AddData(std::string_view bytes) {
         return !IsRefused();
     });
     if (!isGzip)
-        m_refusal = Outcome::damaged;
+        m_refusal = Outcome::Damaged;
 }
 
 void BodyDecoder::Emit(const char* bytes, std::size_t count) {
     m_emitted += count;
     if (m_emitted > m_limit)
-        m_refusal = Outcome::tooLong;
+        m_refusal = Outcome::TooLong;
     else if (count > 0)
         m_sink(bytes, count);
 }
 
 BodyDecoder::Outcome BodyDecoder::GetOutcome() const {
-    const bool isWhole = m_framing == Framing::chunks
-                             ? m_place == Place::trailer || m_place == Place::end
+    const bool isWhole = m_framing == Framing::Chunks
+                             ? m_place == Place::Trailer || m_place == Place::End
                              : m_left == 0;
     if (IsRefused())
         return m_refusal;
-    return isWhole && (m_gunzip == nullptr || m_gunzip->IsAtEnd()) ? Outcome::complete
-                                                                   : Outcome::incomplete;
+    return isWhole && (m_gunzip == nullptr || m_gunzip->IsAtEnd()) ? Outcome::Complete
+                                                                   : Outcome::Incomplete;
 }
 
 } // namespace quorvel

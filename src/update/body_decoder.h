@@ -22,10 +22,10 @@ class BodyDecoder {
 public:
     typedef std::function<void(const char* bytes, std::size_t count)> Sink;
     enum class Outcome {
-        complete,
-        incomplete,
-        damaged, // or in an encoding that is not supported
-        tooLong
+        Complete,
+        Incomplete,
+        Damaged, // or in an encoding that is not supported
+        TooLong
     };
 
     // At most `limit` decoded bytes are accepted.
@@ -41,8 +41,8 @@ public:
 
 private:
     class Gunzip;
-    enum class Framing { untilEnd, length, chunks };
-    enum class Place { size, extension, data, dataEnd, trailer, end }; // in the chunks
+    enum class Framing { UntilEnd, Length, Chunks };
+    enum class Place { Size, Extension, Data, DataEnd, Trailer, End }; // in the chunks
 
     void ReadCodings(const CHttpHeader& header, const WCHAR* field);
     void ReadCoding(const CString& coding);
@@ -51,13 +51,13 @@ private:
     void EndChunkSize();
     void AddData(std::string_view bytes);
     void Emit(const char* bytes, std::size_t count);
-    bool IsRefused() const { return m_refusal != Outcome::complete; }
+    bool IsRefused() const { return m_refusal != Outcome::Complete; }
 
     const ULONGLONG m_limit;
     const Sink m_sink;
-    Outcome m_refusal = Outcome::complete;
-    Framing m_framing = Framing::untilEnd;
-    Place m_place = Place::size;
+    Outcome m_refusal = Outcome::Complete;
+    Framing m_framing = Framing::UntilEnd;
+    Place m_place = Place::Size;
     ULONGLONG m_left = 0; // of the body or the chunk
     std::size_t m_lineLength = 0;
     ULONGLONG m_emitted = 0;

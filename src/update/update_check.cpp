@@ -103,7 +103,7 @@ bool UpdateCheck::Check() {
     UpdateRequest request;
     if (!PassesRules(request.url) || !UpdateFlow::Open(false))
         return false;
-    m_phase = Phase::checking;
+    m_phase = Phase::Checking;
     m_pendingLastModified = COleDateTime();
     GetView().ShowProgress(FALSE);
     GetView().SetProgressText(LoadText(kTextUpdatesConnecting));
@@ -117,9 +117,9 @@ bool UpdateCheck::Check() {
 }
 
 void UpdateCheck::OnStatus(int status) {
-    if (m_phase == Phase::checking)
+    if (m_phase == Phase::Checking)
         OnDateStatus(status);
-    else if (m_phase == Phase::downloading)
+    else if (m_phase == Phase::Downloading)
         OnDownloadStatus(status);
 }
 
@@ -147,7 +147,7 @@ void UpdateCheck::OnDateReceived() {
 }
 
 void UpdateCheck::Offer(const COleDateTime& date, const CString& url) {
-    m_phase = Phase::asking;
+    m_phase = Phase::Asking;
     if (IsStrict() && IsInFuture(date))
         return Refuse(ERROR_INVALID_DATA, kTextUpdatesDateInFuture, DateText(date));
     const bool storedDateCounts = !IsStrict() || !IsInFuture(m_lastModified);
@@ -174,7 +174,7 @@ void UpdateCheck::Download(const COleDateTime& date, const CString& url) {
     m_expected = Expected();
     if (!UpdateFlow::Open(true))
         return End(View::resultFailed);
-    m_phase = Phase::downloading;
+    m_phase = Phase::Downloading;
     GetView().ShowProgress(TRUE);
     GetView().SetProgressText(LoadText(kTextUpdatesConnecting));
     GetView().SetProgressFigures(0, 0, 0, _T(""));

@@ -31,7 +31,7 @@ public:
     void Reset();
 
 private:
-    enum class Phase { checking, asking, downloading };
+    enum class Phase { Checking, Asking, Downloading };
 
     void OnStatus(int status) override;
     void OnDateStatus(int status);
@@ -51,7 +51,7 @@ private:
 
     const CString m_fileName;
     CUpdateListing m_listing;
-    Phase m_phase = Phase::checking;
+    Phase m_phase = Phase::Checking;
     COleDateTime m_lastModified;
     COleDateTime m_formerLastModified; // before the download
     COleDateTime m_pendingLastModified;

@@ -130,7 +130,7 @@ bool UpdateFlow::Open(bool withFile) {
         return false;
     }
     m_transfer = std::move(transfer);
-    m_state = State::running;
+    m_state = State::Running;
     return true;
 }
 
@@ -149,7 +149,7 @@ bool UpdateFlow::Connect(UpdateRequest request) {
 
 void UpdateFlow::Abandon() {
     if (IsRunning())
-        m_state = State::idle;
+        m_state = State::Idle;
 }
 
 void UpdateFlow::NoteStart() {
@@ -197,13 +197,13 @@ bool UpdateFlow::FindBody(Body& body) {
         End(View::resultFailed, ERROR_WRITE_FAULT, errorText);
         return false;
     }
-    if (outcome == BodyDecoder::Outcome::tooLong)
+    if (outcome == BodyDecoder::Outcome::TooLong)
         Refuse(WSAEMSGSIZE, m_tooLongTextId, SizeText(m_bodyLimit));
-    else if (outcome == BodyDecoder::Outcome::incomplete)
+    else if (outcome == BodyDecoder::Outcome::Incomplete)
         Refuse(ERROR_INVALID_DATA, kTextUpdatesIncomplete);
-    else if (outcome == BodyDecoder::Outcome::damaged)
+    else if (outcome == BodyDecoder::Outcome::Damaged)
         Refuse(ERROR_INVALID_DATA, kTextUpdatesDamaged);
-    return outcome == BodyDecoder::Outcome::complete;
+    return outcome == BodyDecoder::Outcome::Complete;
 }
 
 bool UpdateFlow::IsInFuture(const COleDateTime& date) const {
@@ -237,7 +237,7 @@ void UpdateFlow::End(View::Result result, DWORD code, const CString& cause) {
     if (!IsRunning()) // a box of the view let it be cancelled
         return;
     LetGo();
-    m_state = State::ended;
+    m_state = State::Ended;
     m_result = result;
     m_cause = cause;
     m_view.HideProgress();
@@ -246,9 +246,9 @@ void UpdateFlow::End(View::Result result, DWORD code, const CString& cause) {
 }
 
 void UpdateFlow::OnCheckFinished(DWORD code) {
-    if (m_state != State::ended)
+    if (m_state != State::Ended)
         return;
-    m_state = State::idle;
+    m_state = State::Idle;
     const View::Result result = m_result; // the box below may let another check run
     if (code != 0)
         ReportFailure(m_cause.IsEmpty() ? ErrorText(code) : CString(m_cause));

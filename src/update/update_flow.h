@@ -27,7 +27,7 @@ public:
     UpdateFlow& operator=(const UpdateFlow&) = delete;
     virtual ~UpdateFlow();
 
-    bool IsActive() const { return m_state != State::idle; }
+    bool IsActive() const { return m_state != State::Idle; }
     // A status of any connection, also of one that is no longer in use.
     void OnSocketStatus(const void* sender, int status, DWORD error);
     // Finds the ends of connections whose last status was lost: ends the check, and destroys the
@@ -88,7 +88,7 @@ protected:
     // False for a body that is refused; the check has then ended.
     bool FindBody(Body& body);
 
-    bool IsRunning() const { return m_state == State::running; }
+    bool IsRunning() const { return m_state == State::Running; }
     void Abandon(); // a check that could not connect: it was never started
     void LetGo();   // of the connection, if there is one
     // The cause is what the user reads; the code has a text of its own for when it is empty.
@@ -115,8 +115,8 @@ private:
     const UINT m_tooLongTextId;
     bool m_isStrict = false;
     COleDateTime m_lastChecked;
-    enum class State { idle, running, ended /* and not yet reported */ };
-    State m_state = State::idle;
+    enum class State { Idle, Running, Ended /* and not yet reported */ };
+    State m_state = State::Idle;
     View::Result m_result = View::resultFailed;
     CString m_cause;
     std::unique_ptr<Transfer> m_transfer;

@@ -141,7 +141,7 @@ int CMarkup::LastChildOf(int iPosParent) {
 }
 
 int CMarkup::x_LocateNew(int iPosParent, int& iPosBefore, int& offset, int length, int flags) {
-    const bool before = (flags & locateBefore) != 0;
+    const bool before = (flags & kLocateBefore) != 0;
     const ElemPos& parent = m_aPos[iPosParent];
     const bool parentIsEmpty = iPosParent != 0 && ContentOf(parent) == Content::EmptyElement;
     if (length != 0)
@@ -155,7 +155,7 @@ int CMarkup::x_LocateNew(int iPosParent, int& iPosBefore, int& offset, int lengt
     else
         offset = before ? 0 : m_strDoc.GetLength();
 
-    if ((flags & locateExact) == 0 && !parentIsEmpty) {
+    if ((flags & kLocateExact) == 0 && !parentIsEmpty) {
         int next = offset;
         if (!x_FindAny(m_strDoc, next) || m_strDoc[next] == '<')
             offset = next;
@@ -185,7 +185,7 @@ bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool 
     }
     const Content content = iParent != 0 ? ContentOf(m_aPos[iParent]) : Content::Normal;
     int offset = 0;
-    x_LocateNew(iParent, plan.iAfter, offset, 0, insert ? locateBefore : 0);
+    x_LocateNew(iParent, plan.iAfter, offset, 0, insert ? kLocateBefore : 0);
 
     // The text of the element, and where its tags lie in the document.
     const std::basic_string_view<WCHAR> tagName(name);

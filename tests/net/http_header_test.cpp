@@ -125,12 +125,12 @@ TEST(HttpStatusCodeText, IsTheSentenceOfItsRowOrUnknown) {
 
 TEST(HttpHeaderReader, BytesThatCannotBecomeAHeaderAreGivenUp) {
     const std::tuple<std::string, std::size_t, Reader::State> rows[] = {
-        {"no status\r", 100, Reader::State::incomplete},
-        {"no status\r\n", 100, Reader::State::refused},
-        {"HTTP/1.1 200 OK\r\n\r\n", 19, Reader::State::complete},
-        {"HTTP/1.1 200 OK\r\n\r\n", 18, Reader::State::refused},
-        {"HTTP/1.1 200 OK\r\nA: b", 21, Reader::State::refused},
-        {"HTTP/1.1 200 OK\r\nA: b", 22, Reader::State::incomplete},
+        {"no status\r", 100, Reader::State::Incomplete},
+        {"no status\r\n", 100, Reader::State::Refused},
+        {"HTTP/1.1 200 OK\r\n\r\n", 19, Reader::State::Complete},
+        {"HTTP/1.1 200 OK\r\n\r\n", 18, Reader::State::Refused},
+        {"HTTP/1.1 200 OK\r\nA: b", 21, Reader::State::Refused},
+        {"HTTP/1.1 200 OK\r\nA: b", 22, Reader::State::Incomplete},
     };
     for (const auto& [bytes, limit, state] : rows) {
         CHttpHeader header;
@@ -139,7 +139,7 @@ TEST(HttpHeaderReader, BytesThatCannotBecomeAHeaderAreGivenUp) {
             reader.Add(&byte, 1, header);
         EXPECT_EQ(state, reader.GetState()) << bytes << " up to " << limit;
         reader.Reset();
-        EXPECT_EQ(Reader::State::complete, reader.Add("x 1\r\n\r\n", 7, header));
+        EXPECT_EQ(Reader::State::Complete, reader.Add("x 1\r\n\r\n", 7, header));
     }
 }
 

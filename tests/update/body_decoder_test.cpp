@@ -17,8 +17,8 @@ const std::string kZeros("\x1f\x8b\x08\0\0\0\0\0\x02\x03\x33\x30\x18\x05\xa3\x60
 TEST(BodyDecoder, TakesTheCodingsOffOrSaysWhatIsWrong) {
     const std::string chunked = "transfer-encoding: , Chunked\r\n";
     const std::string gzip = "Content-Encoding: gzip\r\n";
-    const Outcome complete = Outcome::complete, incomplete = Outcome::incomplete,
-                  damaged = Outcome::damaged;
+    const Outcome complete = Outcome::Complete, incomplete = Outcome::Incomplete,
+                  damaged = Outcome::Damaged;
     const std::tuple<std::string, std::string, Outcome, std::string> rows[] = {
         // With and without a length.
         {"", "abc", complete, "abc"},
@@ -41,7 +41,7 @@ TEST(BodyDecoder, TakesTheCodingsOffOrSaysWhatIsWrong) {
         {gzip, kAbc.substr(0, 22), incomplete, "abc"},
         {gzip, "abc", damaged, ""},
         {gzip, "", incomplete, ""},
-        {gzip, kZeros, Outcome::tooLong, ""},
+        {gzip, kZeros, Outcome::TooLong, ""},
         {"Transfer-Encoding: X-GZIP, chunked\r\n", "17\r\n" + kAbc + "\r\n0\r\n\r\n", complete,
          "abc"},
         // In what is not supported.
@@ -63,7 +63,7 @@ TEST(BodyDecoder, TakesTheCodingsOffOrSaysWhatIsWrong) {
             for (std::size_t at = 0; at < body.size(); at += piece)
                 decoder.Add(body.data() + at, std::min(piece, body.size() - at));
             EXPECT_EQ(outcome, decoder.GetOutcome());
-            if (outcome != Outcome::tooLong && outcome != damaged) {
+            if (outcome != Outcome::TooLong && outcome != damaged) {
                 EXPECT_EQ(expected, decoded);
             }
         }

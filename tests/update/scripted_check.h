@@ -105,7 +105,7 @@ public:
     }
     ULONGLONG GetBytesReceived() const override { return m_received; }
     bool IsHeaderParsed() const override {
-        return m_reader.GetState() == quorvel::HttpHeaderReader::State::complete;
+        return m_reader.GetState() == quorvel::HttpHeaderReader::State::Complete;
     }
     const CHttpHeader& GetHeader() const override { return m_header; }
     CString GetHostServerIP() const override { return _T("127.0.0.1"); }

@@ -204,7 +204,10 @@ protected:
         nodeComment = 32,
         nodeDocumentType = 64
     };
-    enum { locateBefore = 1, locateExact = 2 }; // flags of x_LocateNew; exact skips no white space
+    enum {
+        kLocateBefore = 1,
+        kLocateExact = 2
+    }; // flags of x_LocateNew; exact skips no white space
 
     // A growable array of records whose index is checked: outside it CInvalidArgException is
     // thrown.
