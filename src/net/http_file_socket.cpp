@@ -45,8 +45,10 @@ BOOL CHttpFileSocket::SendRequest() {
            Fail(statusSending, static_cast<DWORD>(::WSAGetLastError()));
 }
 
-// False, with the error posted and kept.
+// False, with the error posted and kept. The file is closed first: OnClose is not called any more,
+// and who gets the status may read or delete the file.
 bool CHttpFileSocket::Fail(int status, DWORD error) {
+    CloseLocalFile();
     UpdateStatus(status, static_cast<int>(error));
     ::WSASetLastError(static_cast<int>(error));
     return false;
