@@ -107,6 +107,25 @@ TEST(Utf8, ReplacesHalfAPairUnlessTheCallIsStrict) {
     }
 }
 
+// Windows refuses both arguments for UTF-8; here it is the active code page, and programs give
+// them. Wine takes them too, but writes U+FFFD for lone surrogates.
+TEST(Utf8, TakesADefaultCharacter) {
+    const std::tuple<UINT, const WCHAR*, const char*, const char*, BOOL> rows[] = {
+        {CP_ACP, _T("ab"), "?", "ab", FALSE},
+        {CP_UTF8, _T("a\xd83d\xde00"), "?", "a\xf0\x9f\x98\x80", FALSE},
+        {CP_UTF8, _T("a\xd83d"), "?", kOnLinux ? "a?" : "a\xef\xbf\xbd", TRUE},
+        {CP_UTF8, _T("\xde00x\xd83d"), "!", kOnLinux ? "!x!" : "\xef\xbf\xbdx\xef\xbf\xbd", TRUE},
+        {CP_UTF8, _T("\xd83dx"), nullptr, "\xef\xbf\xbdx", TRUE},
+    };
+    for (const auto& [codePage, text, defaultChar, expected, expectedUse] : rows) {
+        char bytes[16] = {};
+        BOOL used = 2;
+        EXPECT_NE(WideCharToMultiByte(codePage, 0, text, -1, bytes, 16, defaultChar, &used), 0);
+        EXPECT_STREQ(bytes, expected);
+        EXPECT_EQ(used, expectedUse) << expected;
+    }
+}
+
 TEST(CodePage, RefusesArgumentsBothWays) {
     const std::tuple<const char*, bool, bool, bool, int, int, int, DWORD> rows[] = {
         {"with the terminator", true, true, true, -1, 4, 4, ERROR_SUCCESS},

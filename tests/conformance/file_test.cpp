@@ -108,6 +108,21 @@ TEST_F(FileConformance, OpeningGivesTheResultAndErrorOfEachDisposition) {
     }
 }
 
+TEST_F(FileConformance, ANewFileIsReadOnlyWhereThatIsAskedFor) {
+    for (const DWORD disposition : {CREATE_NEW, CREATE_ALWAYS, OPEN_ALWAYS}) {
+        File file(folder.Path(_T("new")), kWrite, disposition, 0, FILE_ATTRIBUTE_READONLY);
+        EXPECT_TRUE(file.Write("x")) << disposition;
+        file.Close();
+        EXPECT_TRUE(GetFileAttributesW(folder.Path(_T("new"))) & FILE_ATTRIBUTE_READONLY);
+        folder.SetReadOnly(_T("new"), false);
+        EXPECT_TRUE(DeleteFileW(folder.Path(_T("new"))));
+    }
+    File file(folder.Path(_T("file")), kWrite, OPEN_ALWAYS, 0, FILE_ATTRIBUTE_READONLY);
+    file.Close();
+    EXPECT_FALSE(GetFileAttributesW(folder.Path(_T("file"))) & FILE_ATTRIBUTE_READONLY)
+        << "not one that exists";
+}
+
 TEST_F(FileConformance, ShareModesAdmitWhatBothSidesAllow) {
     constexpr DWORD kNone = 0;
     constexpr DWORD kReaders = FILE_SHARE_READ;

@@ -115,6 +115,17 @@ TEST(FormatMessage, KeepsInsertsAndJoinsLinesWhenToldTo) {
     });
 }
 
+// Wine has no text for the last one.
+TEST(FormatMessage, KnowsTheFailuresWithoutAReason) {
+    for (const DWORD code : {0x80004001u, 0x80004005u, 0x8000ffffu}) {
+        WCHAR text[200];
+        EXPECT_EQ(FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, code, 0, text, 200, nullptr) >
+                      0,
+                  kOnLinux || code != 0x8000ffffu)
+            << code;
+    }
+}
+
 TEST(FormatMessage, HasNoLimitOfItsOwn) {
     const std::basic_string<WCHAR> text(200'000, 'x');
     const std::string expected(200'000, 'x');

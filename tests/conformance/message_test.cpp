@@ -82,7 +82,42 @@ TEST_F(Messages, GoWithTheirWindow) {
     PostMessageW(m_window, kFirst, 2, 0);
     SetTimer(other, 3, USER_TIMER_MINIMUM, nullptr);
     DestroyWindow(other);
-    EXPECT_EQ(Drain(), "a2 ");
+    const HANDLE never = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    EXPECT_EQ(WaitForSingleObject(never, 5 * USER_TIMER_MINIMUM), WAIT_TIMEOUT);
+    CloseHandle(never);
+    MSG message = {};
+    ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.hwnd, m_window);
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) << message.message;
+}
+
+TEST_F(Messages, EndAfterTheLastOneThatWasPosted) {
+    PostQuitMessage(7);
+    PostMessageW(m_window, kFirst, 1, 0);
+    MSG message = {};
+    EXPECT_TRUE(GetMessageW(&message, nullptr, 0, 0));
+    EXPECT_EQ(message.message, kFirst);
+    EXPECT_FALSE(GetMessageW(&message, nullptr, 0, 0));
+    EXPECT_EQ(message.wParam, 7u);
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) << "once";
+}
+
+TEST_F(Messages, AreNotPostedWithPointers) {
+    const std::tuple<UINT, DWORD> rows[] = {
+        {WM_CREATE, ERROR_MESSAGE_SYNC_ONLY},
+        {WM_DESTROY, 0},
+        {WM_GETTEXT, ERROR_MESSAGE_SYNC_ONLY},
+        {WM_GETTEXTLENGTH, 0},
+        {WM_NCCREATE, ERROR_MESSAGE_SYNC_ONLY},
+        {WM_NCCREATE + 1, 0},
+        {0x30b, 0},
+        {0x30c, ERROR_MESSAGE_SYNC_ONLY},
+        {WM_USER + WM_GETTEXT, 0},
+    };
+    for (const auto& [number, error] : rows) {
+        EXPECT_EQ(ErrorOf([&] { return PostMessageW(nullptr, number, 0, 0); }), error) << number;
+    }
+    Drain();
 }
 
 // The count is the quota of a process: Wine has none.

@@ -52,6 +52,8 @@ TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
         {"missing, as data", Own(_T("missing.dll")), kAsData, 2},
         {"text", Sample(_T("full.rc")), 0, 193},
         {"two bytes, as data", folder.Path(_T("short.dll")), kAsData, 193},
+        {"empty", folder.Path(_T("empty.dll")), 0, kOnLinux ? 1006u : 193u}, // by Windows 1006
+        {"empty, as data", folder.Path(_T("empty.dll")), kAsData, 1006},
         {"no name", _T(""), 0, 126},
     };
     for (const auto& [label, path, flags, error] : rows)

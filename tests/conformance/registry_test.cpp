@@ -227,6 +227,19 @@ TEST(Registry, NamesAreEnumeratedInOrder) {
     EXPECT_EQ(EnumValue(test.Get(), 6, name), 259);
 }
 
+TEST(Registry, ANameThatDoesNotFitLeavesTheDataToo) {
+    const TestKey key;
+    ASSERT_EQ(Set(key.Get(), _T("name"), REG_BINARY, "abcd"), 0);
+    WCHAR name[4] = {'?'};
+    DWORD nameSize = 4;
+    BYTE data[5] = "????";
+    DWORD size = 4;
+    DWORD kind = 0;
+    EXPECT_EQ(RegEnumValueW(key.Get(), 0, name, &nameSize, nullptr, &kind, data, &size), 234);
+    EXPECT_EQ(name[0], '?');
+    EXPECT_STREQ(reinterpret_cast<const char*>(data), "????");
+}
+
 TEST(Registry, HandlesOfADeletedKeyAreDead) {
     const TestKey test;
     HKEY deleted = nullptr;

@@ -223,7 +223,7 @@ TEST_F(Sockets, TellOfTheEndAfterTheLastData) {
     // A later send draws a reset, which is another end.
     EXPECT_EQ(m_client.Send("x"), 1);
     const std::string again = m_client.Await();
-    EXPECT_EQ(again, kOnLinux ? "close10054" : "close");
+    EXPECT_EQ(again, kOnLinux ? "close10053" : "close");
     EXPECT_EQ(m_client.Send("x"), SOCKET_ERROR);
     EXPECT_EQ(WSAGetLastError(), WSAECONNRESET);
 }
@@ -240,7 +240,7 @@ TEST_F(Sockets, TellOfAReset) {
         if (receivedFirst) {
             EXPECT_EQ(client.Receive(1), end);
         }
-        EXPECT_EQ(client.Await(), kOnLinux ? "close10054" : "close");
+        EXPECT_EQ(client.Await(), kOnLinux ? "close10053" : "close");
         EXPECT_TRUE(client.IsQuiet());
         for (int i = 0; i < 2; ++i)
             EXPECT_EQ(client.Receive(1), end);
@@ -275,6 +275,24 @@ TEST_F(Sockets, KeepToTheRulesOfSelection) {
     EXPECT_EQ(m_client.Await(), "read") << "what still holds";
 }
 
+TEST_F(Sockets, ListenAgainWhereConnectionsFadeAway) {
+    {
+        Sock server(ConnectClient(), WSACreateEvent()); // closes first, so its end waits
+    }
+    EXPECT_EQ(m_client.Await(), "close");
+    m_client.Close();
+    m_listener.Close();
+    Sock again;
+    EXPECT_EQ(again.Bind(m_port), m_port);
+    EXPECT_EQ(listen(again.Get(), 5), 0);
+    Sock other;
+    EXPECT_EQ(ErrorOf([&] {
+                  const sockaddr_in taken = Address(m_port);
+                  return bind(other.Get(), Plain(taken), sizeof taken) == 0;
+              }),
+              DWORD{WSAEADDRINUSE});
+}
+
 TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
     Sock server(ConnectClient(), WSACreateEvent());
     Sock fresh;
@@ -285,12 +303,46 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
     char byte = 0;
     EXPECT_EQ(shutdown(server.Get(), SD_BOTH), 0);
     const SOCKET none = static_cast<SOCKET>(0x7ffc);
+    Sock bound;
+    const USHORT boundPort = bound.Bind();
+    Sock datagrams(socket(AF_INET, SOCK_DGRAM, 0), WSACreateEvent());
+    ULONG on = 1; // Wine waits for a datagram
+    EXPECT_EQ(ioctlsocket(datagrams.Get(), FIONBIO, &on), 0);
+    sockaddr_in name = {};
+    const auto nameOf = [&name](SOCKET handle, auto call) {
+        int length = sizeof name;
+        return call(handle, reinterpret_cast<sockaddr*>(&name), &length);
+    };
+    const auto setFlag = [&](int option, int length) {
+        return setsockopt(fresh.Get(), SOL_SOCKET, option, "\1\1\1\1", length);
+    };
     const std::tuple<const char*, int, std::function<int()>> rows[] = {
         {"recv unconnected", WSAENOTCONN, [&] { return recv(fresh.Get(), &byte, 1, 0); }},
         {"listen unbound", WSAEINVAL, [&] { return listen(fresh.Get(), 5); }},
         {"accept without listening", WSAEINVAL,
          [&] { return static_cast<int>(accept(fresh.Get(), nullptr, nullptr)); }},
         {"a port in use", WSAEADDRINUSE, [&] { return bindTo(fresh, taken); }},
+        {"a port of a socket that does not listen", WSAEADDRINUSE,
+         [&] { return bindTo(fresh, Address(boundPort)); }},
+        {"connect a listener", WSAEINVAL, [&] { return m_listener.Connect(taken); }},
+        {"the name of an unbound one", WSAEINVAL, [&] { return nameOf(fresh.Get(), getsockname); }},
+        {"the peer of an unconnected one", WSAENOTCONN,
+         [&] { return nameOf(fresh.Get(), getpeername); }},
+        {"the peer, to nowhere", WSAEFAULT,
+         [&] { return getpeername(fresh.Get(), nullptr, nullptr); }},
+        {"recv a negative length", WSAEFAULT, [&] { return recv(m_client.Get(), &byte, -1, 0); }},
+        {"a flag of no bytes", WSAEFAULT, [&] { return setFlag(SO_KEEPALIVE, 0); }},
+        {"a flag of one byte", 0, [&] { return setFlag(SO_KEEPALIVE, 1); }},
+        {"a flag of three bytes", 0, [&] { return setFlag(SO_BROADCAST, 3); }},
+        // Wine takes an unbound socket of datagrams for one that has nothing to receive yet, and a
+        // missing address for a bad argument.
+        {"recv datagrams unbound", kOnLinux ? WSAEINVAL : WSAEWOULDBLOCK,
+         [&] { return recv(datagrams.Get(), &byte, 1, 0); }},
+        {"send a datagram to nobody", kOnLinux ? WSAENOTCONN : WSAEINVAL,
+         [&] { return send(datagrams.Get(), &byte, 1, 0); }},
+        {"shut datagrams down unconnected", 0, [&] { return shutdown(datagrams.Get(), SD_BOTH); }},
+        {"send a datagram after it", WSAESHUTDOWN,
+         [&] { return send(datagrams.Get(), &byte, 1, 0); }},
         {"send after shutdown", WSAESHUTDOWN, [&] { return server.Send("x"); }},
         {"no socket", WSAENOTSOCK, [&] { return recv(none, &byte, 1, 0); }},
     };

@@ -68,4 +68,29 @@ TEST_F(Windows, AreDestroyedByTheirOwnThreadAlone) {
     EXPECT_TRUE(DestroyWindow(window));
 }
 
+TEST_F(Windows, EndWithTheirThread) {
+    HWND window = nullptr;
+    HWND child = nullptr;
+    std::thread([&] {
+        window = Create();
+        child = Create(WS_CHILD, window, 1);
+        g_seen.clear();
+    }).join();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_FALSE(IsWindow(child));
+    EXPECT_EQ(g_seen, "") << "no messages";
+}
+
+TEST_F(Windows, BelongToTheProgramWhereNoModuleIsGiven) {
+    WNDCLASSEXW again = {};
+    again.cbSize = sizeof again;
+    again.lpfnWndProc = DefWindowProcW;
+    again.lpszClassName = _T("Conformance");
+    again.hInstance = GetModuleHandleW(nullptr);
+    EXPECT_EQ(ErrorOf([&] { return RegisterClassExW(&again) != 0; }), ERROR_CLASS_ALREADY_EXISTS);
+    const HWND window = CreateWindowExW(0, again.lpszClassName, nullptr, WS_POPUP, 0, 0, 0, 0,
+                                        nullptr, nullptr, again.hInstance, nullptr);
+    EXPECT_TRUE(DestroyWindow(window));
+}
+
 } // namespace

@@ -26,6 +26,15 @@ TEST(App, KeepsItsProfileInTheRegistry) {
     EXPECT_EQ(std::vector<BYTE>(data, data + size), std::vector<BYTE>({1, 0, 2}));
     delete[] data;
 
+    // A text that another program stored without its terminator, and its last unit is no such.
+    HKEY section = nullptr;
+    ASSERT_EQ(RegOpenKeyExW(test.Get(), _T("Program\\s"), 0, KEY_WRITE, &section), 0);
+    const Wide bare = _T("bare");
+    TestKey::Set(section, _T("bare"), REG_SZ,
+                 {reinterpret_cast<const char*>(bare.data()), bare.size() * sizeof(WCHAR)});
+    RegCloseKey(section);
+    EXPECT_EQ(app.GetProfileString(_T("s"), _T("bare")), _T("bare"));
+
     // Another kind, no entry, no section.
     EXPECT_EQ(app.GetProfileInt(_T("s"), _T("b"), 7), 7u);
     EXPECT_EQ(app.GetProfileString(_T("s"), _T("i"), _T("default")), _T("default"));

@@ -99,7 +99,7 @@ TEST(NetworkEvents, AreReportedOnceAndArmedByTheirCalls) {
     } const rows[] = {
         {"a connection", "all connect ~ see:room ? ? ~", "~rx ! write+connect - ~deux"},
         {"a refused one", "all connect see:room+refused ? ~ ?", "! connect10061 ~ -"},
-        {"one that was reset at once", "all connect see:reset ? ~", "! write+connect+close10054 ~"},
+        {"one that was reset at once", "all connect see:reset ? ~", "! write+connect+close10053 ~"},
         {"data, once until received", "accepted all see:data ? see:data ~ ? recv see:data ?",
          "! read ~erux - ! read"},
         {"room after a send that blocked",
@@ -125,7 +125,7 @@ TEST(NetworkEvents, OfAnEndComeAfterTheDataAndOnce) {
     } const rows[] = {
         {"no data", "connected all ? see:end ? ~ see:end ?", "write+connect ! close ~x -"},
         {"a reset behind data", "connected all ? see:data+reset ? ~ recv ~ see:reset ? ~ recv ~",
-         "write+connect ! read+close10054 ~ ~dex - ~ ~"},
+         "write+connect ! read+close10053 ~ ~dex - ~ ~"},
         {"both sides, behind data",
          "connected all ? see:data+end+hang-up ? ~ recv ~ see:end+hang-up ? ~",
          "write+connect ! read ~ ~dex ! close ~"},

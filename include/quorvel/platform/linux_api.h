@@ -21,7 +21,9 @@ QUORVEL_API void WSASetLastError(int error);
 // to and with the terminator; a target length of 0 asks for the length needed. 0 is a failure: 87
 // for a null pointer, a source length of 0, the same place as source and target or an unknown code
 // page, 122 for a buffer too small (what fits is written), 1004 for flags that the code page does
-// not have, 1113 for what MB_ERR_INVALID_CHARS or WC_ERR_INVALID_CHARS refuses.
+// not have, 1113 for what MB_ERR_INVALID_CHARS or WC_ERR_INVALID_CHARS refuses. Since the active
+// code page is UTF-8 here, it takes a default character and `usedDefaultChar`, which are for lone
+// surrogates; a default character beyond ASCII leaves them U+FFFD.
 QUORVEL_API int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR bytes, int byteCount,
                                     LPWSTR text, int textLength);
 QUORVEL_API int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textLength,
@@ -90,7 +92,8 @@ QUORVEL_API LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD
                                    const BYTE* data, DWORD size);
 QUORVEL_API LSTATUS RegDeleteValueW(HKEY key, LPCWSTR name);
 // By index from 0, until 259; in the order of the names. `nameSize` is in characters, with the
-// terminator on entry and without it on return; 234 when a buffer is too small.
+// terminator on entry and without it on return; 234 when a buffer is too small. A name that does
+// not fit leaves the data as it is too.
 QUORVEL_API LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSize,
                                   LPDWORD reserved, LPWSTR className, LPDWORD classSize,
                                   FILETIME* lastWriteTime);
@@ -99,7 +102,8 @@ QUORVEL_API LSTATUS RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD na
 
 // Windows without a screen: they carry messages, text and the words below, and have neither size
 // nor painting nor input. A window belongs to the thread that created it: only there may it be
-// destroyed or sent a message (elsewhere 5). A class has no extra bytes (87).
+// destroyed or sent a message (elsewhere 5), and it ends with that thread, without a message. A
+// class has no extra bytes (87). A null instance means the program.
 QUORVEL_API ATOM RegisterClassExW(const WNDCLASSEXW* windowClass);
 QUORVEL_API BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance);
 // Sends WM_NCCREATE and WM_CREATE. The size and position reach the procedure and mean nothing else.
@@ -120,7 +124,8 @@ QUORVEL_API BOOL SetWindowTextW(HWND window, LPCWSTR text);
 
 // Messages. Any thread may post to a window, which gets the message when its own thread dispatches
 // it; what waits for a window is dropped with it. A thread's queue holds 10,000 messages, a full
-// one refuses (1816). Without a window the calling thread is meant.
+// one refuses (1816). Messages of the system that carry pointers, such as WM_SETTEXT, are sent and
+// cannot be posted (1159). Without a window the calling thread is meant.
 QUORVEL_API BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 QUORVEL_API void PostQuitMessage(int exitCode);
 // The calling thread's. A filter window means that window alone, without its children.

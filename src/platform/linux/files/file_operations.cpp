@@ -31,10 +31,10 @@ private:
     int m_descriptor;
 };
 
-int OpenRetrying(const std::string& path, int flags) {
+int OpenRetrying(const std::string& path, int flags, mode_t permissions = 0) {
     int descriptor;
     do
-        descriptor = open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, 0666);
+        descriptor = open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, permissions);
     while (descriptor < 0 && errno == EINTR);
     return descriptor;
 }
@@ -58,16 +58,17 @@ int OpenMode(DWORD access) {
 
 // Opens or creates as the disposition says, but leaves the contents alone: share modes come first.
 // errno is set on failure.
-Descriptor OpenOrCreate(const std::string& path, int mode, DWORD disposition, bool& existed) {
+Descriptor OpenOrCreate(const std::string& path, int mode, DWORD disposition, mode_t permissions,
+                        bool& existed) {
     existed = false;
     if (disposition == CREATE_NEW)
-        return Descriptor(OpenRetrying(path, mode | O_CREAT | O_EXCL));
+        return Descriptor(OpenRetrying(path, mode | O_CREAT | O_EXCL, permissions));
     Descriptor file(OpenRetrying(path, mode));
     existed = file.Get() >= 0;
     const bool mayCreate = disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS;
     if (existed || errno != ENOENT || !mayCreate)
         return file;
-    return Descriptor(OpenRetrying(path, mode | O_CREAT));
+    return Descriptor(OpenRetrying(path, mode | O_CREAT, permissions));
 }
 
 DWORD CreateError(int error, DWORD disposition, const std::string& path) {
@@ -121,7 +122,7 @@ HANDLE FinishOpening(Descriptor descriptor, DWORD access, DWORD share, DWORD dis
 } // namespace
 
 HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES* security,
-                   DWORD disposition, DWORD, HANDLE templateFile) { // the flags are hints
+                   DWORD disposition, DWORD flags, HANDLE templateFile) {
     std::string path;
     if (!ToSystemPath(name, path))
         return INVALID_HANDLE_VALUE;
@@ -135,7 +136,10 @@ HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES*
     bool existed = false;
     // CREATE_ALWAYS cuts the file even for a handle that may not write.
     const DWORD needed = access | (disposition == CREATE_ALWAYS ? DWORD{kWriteAccess} : 0u);
-    Descriptor descriptor = OpenOrCreate(path, OpenMode(needed), disposition, existed);
+    // Of the flags this attribute alone is more than a hint. A new file of it can be written by the
+    // handle that creates it.
+    const mode_t permissions = (flags & FILE_ATTRIBUTE_READONLY) != 0 ? 0444 : 0666;
+    Descriptor descriptor = OpenOrCreate(path, OpenMode(needed), disposition, permissions, existed);
     if (descriptor.Get() < 0) {
         SetLastError(CreateError(errno, disposition, path));
         return INVALID_HANDLE_VALUE;

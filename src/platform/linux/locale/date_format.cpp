@@ -20,7 +20,7 @@ struct Moment {
     const DateNames& names;
     const SYSTEMTIME& time;
     unsigned dayOfWeek; // 0 is Sunday; the caller's may be wrong
-    bool hasDay;        // in the picture
+    bool besideDay;     // the month that comes next stands beside the number of the day
 };
 
 std::u16string Number(unsigned value, std::size_t digits) {
@@ -50,9 +50,9 @@ std::u16string Month(const Moment& moment, std::size_t count) {
     if (count <= 2)
         return ShortNumber(moment.time.wMonth, count);
     if (count == 3)
-        return At(moment.hasDay ? names.shortMonthsWithDay : names.shortMonths,
+        return At(moment.besideDay ? names.shortMonthsWithDay : names.shortMonths,
                   moment.time.wMonth - 1u);
-    return At(moment.hasDay ? names.monthsWithDay : names.months, moment.time.wMonth - 1u);
+    return At(moment.besideDay ? names.monthsWithDay : names.months, moment.time.wMonth - 1u);
 }
 
 std::u16string Year(const Moment& moment, std::size_t count) {
@@ -88,7 +88,8 @@ constexpr Part kDateParts[] = {{'d', Day}, {'M', Month}, {'y', Year}, {'g', Era}
 constexpr Part kTimeParts[] = {
     {'h', HalfDayHour}, {'H', Hour}, {'m', Minute}, {'s', Second}, {'t', HalfDay}};
 
-// Calls part(letter, count) for runs of the same character and quoted(text) for quoted text.
+// Calls onRun(letter, count, rest of the picture) for runs of the same character and
+// onQuoted(character) for quoted text.
 template <class OnRun, class OnQuoted>
 void WalkPicture(std::u16string_view picture, OnRun onRun, OnQuoted onQuoted) {
     bool isQuoted = false;
@@ -104,25 +105,38 @@ void WalkPicture(std::u16string_view picture, OnRun onRun, OnQuoted onQuoted) {
             onQuoted(first);
         } else {
             count = std::min(picture.find_first_not_of(first), picture.size());
-            onRun(first, count);
+            onRun(first, count, picture.substr(count));
         }
         picture.remove_prefix(count);
     }
 }
 
-bool HasDay(std::u16string_view picture) {
-    bool hasDay = false;
-    WalkPicture(
-        picture, [&](char16_t letter, std::size_t count) { hasDay |= letter == 'd' && count <= 2; },
-        [](char16_t) {});
-    return hasDay;
+// The length of the next run that stands for a day; 0 without one.
+std::size_t NextDay(std::u16string_view picture) {
+    std::size_t next = 0;
+    const auto look = [&next](char16_t letter, std::size_t count, std::u16string_view) {
+        if (letter == 'd' && next == 0)
+            next = count;
+    };
+    WalkPicture(picture, look, [](char16_t) {});
+    return next;
 }
 
+// A day of this length is a number and not a name.
+bool IsNumber(std::size_t dayLength) {
+    return dayLength == 1 || dayLength == 2;
+}
+
+// A month has the genitive where the nearest day before it or behind it is a number.
 template <std::size_t size>
-std::u16string Format(const Part (&parts)[size], const Moment& moment,
-                      std::u16string_view picture) {
+std::u16string Format(const Part (&parts)[size], Moment moment, std::u16string_view picture) {
     std::u16string text;
-    const auto append = [&](char16_t letter, std::size_t count) {
+    std::size_t lastDay = 0;
+    const auto append = [&](char16_t letter, std::size_t count, std::u16string_view rest) {
+        if (letter == 'd')
+            lastDay = count;
+        else if (letter == 'M')
+            moment.besideDay = IsNumber(lastDay) || IsNumber(NextDay(rest));
         const Part* part = std::find_if(std::begin(parts), std::end(parts),
                                         [&](const Part& row) { return row.letter == letter; });
         if (part == std::end(parts))
@@ -164,8 +178,7 @@ int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR pic
     const std::u16string& ownForm = (flags & DATE_LONGDATE) != 0 ? names.longDate : names.shortDate;
     const std::u16string_view form(picture != nullptr ? picture : ownForm.c_str());
     const unsigned dayOfWeek = chrono::weekday(chrono::sys_days(date)).c_encoding();
-    return ReturnText(Format(kDateParts, {names, *time, dayOfWeek, HasDay(form)}, form), text,
-                      length);
+    return ReturnText(Format(kDateParts, {names, *time, dayOfWeek, false}, form), text, length);
 }
 
 int GetTimeFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR picture, LPWSTR text,

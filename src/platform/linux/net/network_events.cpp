@@ -118,7 +118,8 @@ void NetworkEvents::ObserveConnected(const Conditions& conditions) {
         if (conditions.error != 0 && !m_reset) {
             m_reset = true;
             m_reported &= ~FD_CLOSE;
-            Record(FD_CLOSE, conditions.error);
+            // Whatever broke the connection: calls on the socket give the error itself.
+            Record(FD_CLOSE, WSAECONNABORTED);
         }
         m_hungUp = true;
         m_over = !conditions.data;

@@ -97,6 +97,39 @@ int NativeFlags(int flags) {
     return flags & (MSG_OOB | MSG_PEEK);
 }
 
+// Binds as Winsock does: to a port that no socket is bound to, though connections of one that was
+// may still be fading away (TIME_WAIT).
+//
+// The system refuses both unless this socket and every one on the port have SO_REUSEADDR, and with
+// it would let two sockets bind that do not listen. So a socket has the option only where it does
+// no harm: a listener, which nobody can share a port with, and the connections that inherit it; any
+// other one while it is closed. Whoever holds the port has it not, in other processes neither.
+int Bind(Socket& socket, const NativeAddress& address) {
+    const auto tryBind = [&] {
+        return ::bind(socket.Descriptor(), address.Get(), address.Length()) == 0 ? 0 : errno;
+    };
+    int error = tryBind();
+    if (error == EADDRINUSE && socket.IsStream() && !socket.SharesAddress()) {
+        ShareAddress(socket.Descriptor(), true);
+        error = tryBind();
+        ShareAddress(socket.Descriptor(), false);
+    }
+    return error != 0 ? SocketError(error) : 0;
+}
+
+// The system looks for others on the port once more. The option stays, for the connections.
+int Listen(Socket& socket, int backlog) {
+    const auto tryListen = [&] { return ::listen(socket.Descriptor(), backlog) == 0 ? 0 : errno; };
+    int error = tryListen();
+    ShareAddress(socket.Descriptor(), true);
+    if (error == EADDRINUSE)
+        error = tryListen();
+    if (error == 0)
+        return 0;
+    ShareAddress(socket.Descriptor(), socket.SharesAddress());
+    return SocketError(error);
+}
+
 SOCKET NewSocket(const std::shared_ptr<Socket>& socket) {
     const HANDLE handle = NewHandle(socket);
     return handle != nullptr ? reinterpret_cast<SOCKET>(handle) : FailSocket(WSAENOBUFS);
@@ -107,8 +140,13 @@ NetworkEvents::Kind KindOf(Socket& socket) {
 }
 
 // Why a receive, or a send, cannot be; 0 when the system is to say.
-int ReceiveError(Socket& socket) {
-    return socket.GetDone().receiveShut ? WSAESHUTDOWN : 0;
+int ReceiveError(Socket& socket, int length) {
+    if (length < 0)
+        return WSAEFAULT;
+    const Socket::Done done = socket.GetDone();
+    if (done.receiveShut)
+        return WSAESHUTDOWN;
+    return !socket.IsStream() && !done.bound ? WSAEINVAL : 0;
 }
 int SendError(Socket& socket) {
     if (socket.GetDone().sendShut)
@@ -122,8 +160,8 @@ int SendError(Socket& socket) {
 
 // What every receive does around the system's call.
 template <class Call>
-int Receive(Socket& socket, int flags, Call call) {
-    if (const int error = ReceiveError(socket))
+int Receive(Socket& socket, int length, int flags, Call call) {
+    if (const int error = ReceiveError(socket, length))
         return FailCall(error);
     const bool urgent = (flags & MSG_OOB) != 0;
     ssize_t result = Complete(socket, urgent ? POLLPRI : POLLIN, call);
@@ -149,6 +187,8 @@ int Send(Socket& socket, int length, Call call) {
             socket.WithEvents([](NetworkEvents& events) { events.SendBlocked(); });
         if (result < 0)
             return SOCKET_ERROR;
+        if (!socket.IsStream())
+            socket.SetDone(&Socket::Done::bound); // by the system
         sent += static_cast<int>(result);
     } while (sent < length && !socket.IsNonBlocking());
     return sent;
@@ -209,12 +249,7 @@ SOCKET socket(int family, int type, int protocol) {
                                     type | SOCK_NONBLOCK | SOCK_CLOEXEC, protocol);
     if (descriptor < 0)
         return FailSocket(SocketError(errno));
-    const bool stream = type == SOCK_STREAM;
-    // Winsock lets a program listen again on a port whose last connections are still fading away.
-    const int on = 1;
-    if (stream)
-        ::setsockopt(descriptor, posix::kSocketLevel, posix::kReuseAddress, &on, sizeof on);
-    return NewSocket(std::make_shared<Socket>(descriptor, stream));
+    return NewSocket(std::make_shared<Socket>(descriptor, type == SOCK_STREAM));
 }
 
 int closesocket(SOCKET handle) {
@@ -233,8 +268,8 @@ int bind(SOCKET handle, const sockaddr* address, int length) {
     const NativeAddress native(address, length);
     if (native.Error() != 0)
         return FailCall(native.Error());
-    if (::bind(socket->Descriptor(), native.Get(), native.Length()) != 0)
-        return FailCall(SocketError(errno));
+    if (const int error = Bind(*socket, native))
+        return FailCall(error);
     socket->SetDone(&Socket::Done::bound);
     return 0;
 }
@@ -245,8 +280,8 @@ int listen(SOCKET handle, int backlog) {
         return SOCKET_ERROR;
     if (!socket->GetDone().bound)
         return FailCall(WSAEINVAL);
-    if (::listen(socket->Descriptor(), backlog) != 0)
-        return FailCall(SocketError(errno));
+    if (const int error = Listen(*socket, backlog))
+        return FailCall(error);
     socket->WithEvents(
         [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::kListening); });
     return 0;
@@ -282,12 +317,15 @@ int connect(SOCKET handle, const sockaddr* address, int length) {
     const NativeAddress native(address, length);
     if (native.Error() != 0)
         return FailCall(native.Error());
-    // The system would say success once to who asks after a connection that it finished.
-    if (KindOf(*socket) == NetworkEvents::Kind::kConnected)
-        return FailCall(WSAEISCONN);
+    // After a finished connection the system would report success once.
+    const NetworkEvents::Kind kind = KindOf(*socket);
+    if (kind == NetworkEvents::Kind::kConnected || kind == NetworkEvents::Kind::kListening)
+        return FailCall(kind == NetworkEvents::Kind::kConnected ? WSAEISCONN : WSAEINVAL);
     if (::connect(socket->Descriptor(), native.Get(), native.Length()) == 0) {
         if (socket->IsStream())
             socket->WithEvents([](NetworkEvents& events) { events.Connected(); });
+        else
+            socket->SetDone(&Socket::Done::bound);
         return 0;
     }
     if (errno != EINPROGRESS)
@@ -307,7 +345,7 @@ int recvfrom(SOCKET handle, char* buffer, int length, int flags, sockaddr* addre
     const std::shared_ptr<Socket> socket = FindSocket(handle);
     if (socket == nullptr)
         return SOCKET_ERROR;
-    iovec part = {buffer, static_cast<std::size_t>(std::max(length, 0))};
+    iovec part = {buffer, static_cast<std::size_t>(length)};
     bool truncated = false;
     const auto receive = [&](::sockaddr* native, socklen_t* size) {
         msghdr message = {};
@@ -320,7 +358,7 @@ int recvfrom(SOCKET handle, char* buffer, int length, int flags, sockaddr* addre
         truncated = result >= 0 && (message.msg_flags & MSG_TRUNC) != 0;
         return result;
     };
-    const int result = Receive(*socket, flags, [&]() -> ssize_t {
+    const int result = Receive(*socket, length, flags, [&]() -> ssize_t {
         if (address == nullptr || addressLength == nullptr) {
             sockaddr_storage ignored;
             socklen_t size = sizeof ignored;
@@ -339,8 +377,8 @@ int recv(SOCKET handle, char* buffer, int length, int flags) {
         return SOCKET_ERROR;
     if (!socket->IsStream())
         return recvfrom(handle, buffer, length, flags, nullptr, nullptr);
-    return Receive(*socket, flags, [&] {
-        return ::recv(socket->Descriptor(), buffer, static_cast<std::size_t>(std::max(length, 0)),
+    return Receive(*socket, length, flags, [&] {
+        return ::recv(socket->Descriptor(), buffer, static_cast<std::size_t>(length),
                       NativeFlags(flags));
     });
 }
@@ -381,8 +419,9 @@ int shutdown(SOCKET handle, int how) {
     const NetworkEvents::Kind kind = KindOf(*socket);
     if (kind != NetworkEvents::Kind::kConnected && kind != NetworkEvents::Kind::kDatagram)
         return FailCall(WSAENOTCONN);
-    // Shutting the system's receiving side down would look like the end of the connection.
-    if (how != SD_RECEIVE && ::shutdown(socket->Descriptor(), SHUT_WR) != 0)
+    // Shutting the system's receiving side down would look like the end of the connection. A socket
+    // of datagrams may have no connection, and refuses in SendError.
+    if (how != SD_RECEIVE && socket->IsStream() && ::shutdown(socket->Descriptor(), SHUT_WR) != 0)
         return FailCall(SocketError(errno));
     if (how != SD_RECEIVE)
         socket->SetDone(&Socket::Done::sendShut);
@@ -398,7 +437,9 @@ int getsockname(SOCKET handle, sockaddr* address, int* length) {
     if (address == nullptr || length == nullptr)
         return FailCall(WSAEFAULT);
     return GetAddress(address, length, [&](::sockaddr* native, socklen_t* size) {
-        return Checked(::getsockname(socket->Descriptor(), native, size));
+        const int result = Checked(::getsockname(socket->Descriptor(), native, size));
+        const bool isBound = reinterpret_cast<const ::sockaddr_in*>(native)->sin_port != 0;
+        return result < 0 || isBound ? result : FailCall(WSAEINVAL);
     });
 }
 

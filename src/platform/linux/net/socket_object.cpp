@@ -30,6 +30,9 @@ Socket::Socket(int descriptor, bool stream) : m_descriptor(descriptor), m_stream
 }
 
 Socket::~Socket() {
+    if (m_stream)
+        ShareAddress(m_descriptor,
+                     true); // what is left of its connection keeps nobody off the port
     close(m_descriptor);
 }
 
@@ -184,6 +187,25 @@ Socket::Done Socket::GetDone() {
     return m_done;
 }
 
+bool Socket::SharesAddress() {
+    const std::lock_guard lock(m_mutex);
+    return m_sharesAddress;
+}
+
+bool Socket::SetSharesAddress(bool shares) {
+    const std::lock_guard lock(m_mutex);
+    const bool listens = m_events.GetKind() == NetworkEvents::Kind::kListening;
+    if (!listens && !ShareAddress(m_descriptor, shares))
+        return false;
+    m_sharesAddress = shares;
+    return true;
+}
+
+bool ShareAddress(int descriptor, bool share) {
+    const int on = share;
+    return ::setsockopt(descriptor, posix::kSocketLevel, posix::kReuseAddress, &on, sizeof on) == 0;
+}
+
 void Socket::SetDone(bool Done::*what) {
     const std::lock_guard lock(m_mutex);
     m_done.*what = true;
@@ -202,7 +224,7 @@ int SocketError(int error) {
         {EMFILE, WSAEMFILE},
         {ENFILE, WSAEMFILE},
         {ENOTSOCK, WSAENOTSOCK},
-        {EDESTADDRREQ, WSAEDESTADDRREQ},
+        {EDESTADDRREQ, WSAENOTCONN}, // a datagram without an address
         {EMSGSIZE, WSAEMSGSIZE},
         {EPROTOTYPE, WSAEPROTOTYPE},
         {ENOPROTOOPT, WSAENOPROTOOPT},

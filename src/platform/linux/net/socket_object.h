@@ -59,6 +59,9 @@ public:
         bool receiveShut = false;
     };
     Done GetDone();
+    // SO_REUSEADDR as the program has set it; the system's differs (see Bind).
+    bool SharesAddress();
+    bool SetSharesAddress(bool shares); // false when the system refuses
     void SetDone(bool Done::*what);
 
 private:
@@ -78,7 +81,11 @@ private:
     int m_error = 0;
     int m_resetError = 0;
     Done m_done;
+    bool m_sharesAddress = false;
 };
+
+// The system's SO_REUSEADDR.
+bool ShareAddress(int descriptor, bool share);
 
 // The Winsock error of an errno.
 int SocketError(int error);

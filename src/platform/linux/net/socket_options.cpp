@@ -19,7 +19,6 @@ struct Option {
     int nativeOption;
 };
 constexpr Option kOptions[] = {
-    {SOL_SOCKET, SO_REUSEADDR, posix::kSocketLevel, posix::kReuseAddress},
     {SOL_SOCKET, SO_KEEPALIVE, posix::kSocketLevel, posix::kKeepAlive},
     {SOL_SOCKET, SO_BROADCAST, posix::kSocketLevel, posix::kBroadcast},
     {SOL_SOCKET, SO_SNDBUF, posix::kSocketLevel, posix::kSendBuffer},
@@ -37,6 +36,12 @@ const Option* FindOption(int level, int option) {
 
 bool IsBufferSize(const Option& option) {
     return option.level == SOL_SOCKET && (option.option == SO_SNDBUF || option.option == SO_RCVBUF);
+}
+
+// These take a BOOL, and of it any number of bytes.
+bool IsFlag(int level, int option) {
+    return level == IPPROTO_TCP || option == SO_REUSEADDR || option == SO_KEEPALIVE ||
+           option == SO_BROADCAST;
 }
 
 int GetLinger(Socket& socket, char* value, int* length) {
@@ -99,6 +104,8 @@ int getsockopt(SOCKET handle, int level, int option, char* value, int* length) {
     const Option* const known = FindOption(level, option);
     if (level == SOL_SOCKET && option == SO_ERROR) {
         number = socket->TakeError();
+    } else if (level == SOL_SOCKET && option == SO_REUSEADDR) {
+        number = socket->SharesAddress();
     } else if (known == nullptr) {
         return FailCall(WSAENOPROTOOPT);
     } else {
@@ -124,13 +131,17 @@ int setsockopt(SOCKET handle, int level, int option, const char* value, int leng
         return FailCall(WSAEFAULT);
     if (level == SOL_SOCKET && option == SO_LINGER)
         return SetLinger(*socket, value, length);
+    const bool sharesAddress = level == SOL_SOCKET && option == SO_REUSEADDR;
     const Option* const known = FindOption(level, option);
-    if (known == nullptr)
+    if (known == nullptr && !sharesAddress)
         return FailCall(WSAENOPROTOOPT);
     int number = 0;
-    if (length < static_cast<int>(sizeof number))
+    const int needed = IsFlag(level, option) ? 1 : static_cast<int>(sizeof number);
+    if (length < needed)
         return FailCall(WSAEFAULT);
-    std::memcpy(&number, value, sizeof number);
+    std::memcpy(&number, value, std::min(static_cast<std::size_t>(length), sizeof number));
+    if (sharesAddress)
+        return socket->SetSharesAddress(number != 0) ? 0 : FailCall(SocketError(errno));
     return ::setsockopt(socket->Descriptor(), known->nativeLevel, known->nativeOption, &number,
                         sizeof number) == 0
                ? 0

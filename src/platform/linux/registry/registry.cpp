@@ -286,11 +286,13 @@ LSTATUS RegEnumValueW(HKEY handle, DWORD index, LPWSTR name, LPDWORD nameSize, L
         std::u16string found;
         RegistryValue value = Wanted(data, size);
         if (const DWORD error =
-                UserRegistry().ValueAt(key.Key(), index, key.Values(), found, value))
+                UserRegistry().ValueAt(key.Key(), index, key.Values(), *nameSize, found, value))
             return error;
-        const DWORD ofName = CopyName(found, name, nameSize);
+        const DWORD error = CopyName(found, name, nameSize);
+        if (error != ERROR_SUCCESS)
+            value.buffer = nullptr; // the data stays as it is too
         const DWORD ofData = Deliver(value, kind, size);
-        return ofName != ERROR_SUCCESS ? ofName : ofData;
+        return error != ERROR_SUCCESS ? error : ofData;
     });
 }
 

@@ -363,7 +363,7 @@ DWORD RegistryStore::DeleteValue(const RegistryKey& key, std::u16string_view nam
 }
 
 DWORD RegistryStore::ValueAt(const RegistryKey& key, DWORD index, RegistryCursor& cursor,
-                             std::u16string& name, RegistryValue& value) {
+                             DWORD nameRoom, std::u16string& name, RegistryValue& value) {
     const DWORD error = Run(Access::Read, key, [&] {
         const Start start = StartOf(cursor, index);
         RegistryQuery query(m_file, RegistrySql::ValueFrom, key.id, start.fold,
@@ -375,7 +375,7 @@ DWORD RegistryStore::ValueAt(const RegistryKey& key, DWORD index, RegistryCursor
         name = DecodeName(query.Bytes(1));
         value.kind = static_cast<DWORD>(query.Number(2));
         value.size = query.Number(3);
-        return TakeData(query, 4, value);
+        return name.size() < nameRoom ? TakeData(query, 4, value) : ERROR_SUCCESS;
     });
     return error == ERROR_FILE_NOT_FOUND ? ERROR_NO_MORE_ITEMS : error; // no file, no values
 }

@@ -55,8 +55,9 @@ public:
     DWORD Write(const RegistryKey& key, std::u16string_view name, DWORD kind,
                 std::string_view data);
     DWORD DeleteValue(const RegistryKey& key, std::u16string_view name);
-    DWORD ValueAt(const RegistryKey& key, DWORD index, RegistryCursor& cursor, std::u16string& name,
-                  RegistryValue& value);
+    // The bytes are read only where the name has fewer than `nameRoom` characters.
+    DWORD ValueAt(const RegistryKey& key, DWORD index, RegistryCursor& cursor, DWORD nameRoom,
+                  std::u16string& name, RegistryValue& value);
 
     // Lets go of the file; the next call opens it again.
     void Close();

@@ -31,6 +31,8 @@ DWORD ReadPeFile(const WCHAR* name, PeFile& file) {
     LARGE_INTEGER size;
     if (!handle.IsValid() || !GetFileSizeEx(handle.Get(), &size))
         return GetLastError();
+    if (size.QuadPart == 0)
+        return ERROR_FILE_INVALID; // what cannot be mapped into memory
 
     BYTE start[kPeHeadSize];
     const auto startSize = std::min<LONGLONG>(size.QuadPart, kPeHeadSize);

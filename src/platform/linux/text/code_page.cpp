@@ -4,6 +4,7 @@
 
 #include "platform/linux/text/code_page_table.h"
 #include "platform/linux/text/converter.h"
+#include "platform/surrogates.h"
 
 #include <climits>
 #include <iterator>
@@ -138,11 +139,41 @@ WORD DefaultChar(const CodePageTable& table, LPCSTR defaultChar) {
     return MAKEWORD(defaultChar[1], first);
 }
 
-DWORD Encode(UINT codePage, DWORD flags, WideText text, LPCSTR defaultChar, BOOL& used,
-             ByteOutput& output) {
+// The length of the text before its first lone surrogate.
+std::size_t LengthBeforeLoneSurrogate(WideText text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isHigh = IsHighSurrogate(text[i]);
+        if (isHigh && i + 1 < text.size() && IsLowSurrogate(text[i + 1]))
+            ++i;
+        else if (isHigh || IsLowSurrogate(text[i]))
+            return i;
+    }
+    return text.size();
+}
+
+// As EncodeUtf8, with an ASCII character for each lone surrogate.
+DWORD EncodeUtf8With(char substitute, WideText text, ByteOutput& output) {
+    for (;;) {
+        const std::size_t length = LengthBeforeLoneSurrogate(text);
+        if (const DWORD error = EncodeUtf8(text.first(length), false, output))
+            return error;
+        if (length == text.size())
+            return ERROR_SUCCESS;
+        if (!output.Put(substitute))
+            return ERROR_INSUFFICIENT_BUFFER;
+        text = text.subspan(length + 1);
+    }
+}
+
+DWORD Encode(UINT codePage, DWORD flags, WideText text, LPCSTR defaultChar, bool wantsUsed,
+             BOOL& used, ByteOutput& output) {
     const bool strict = (flags & WC_ERR_INVALID_CHARS) != 0;
-    if (codePage == CP_UTF8)
-        return EncodeUtf8(text, strict, output);
+    if (codePage == CP_UTF8) {
+        used = wantsUsed && LengthBeforeLoneSurrogate(text) < text.size();
+        const bool hasSubstitute = defaultChar != nullptr && *defaultChar > 0 && !strict;
+        return hasSubstitute ? EncodeUtf8With(*defaultChar, text, output)
+                             : EncodeUtf8(text, strict, output);
+    }
     if (codePage == CP_UTF7)
         return EncodeUtf7(text, output);
     Substitution substitution;
@@ -192,14 +223,15 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textLength
     ByteOutput output(byteCount == 0 ? nullptr : bytes, static_cast<std::size_t>(byteCount));
     const bool hasDefault = defaultChar != nullptr || usedDefaultChar != nullptr;
     if (!AreValidBuffers(text, textLength, bytes, byteCount) || !IsValidCodePage(codePage) ||
-        (hasDefault && (codePage == CP_UTF8 || codePage == CP_UTF7)))
+        (hasDefault && codePage == CP_UTF7))
         return Finish(ERROR_INVALID_PARAMETER, output);
     if ((flags & ~EncodingFlags(codePage)) != 0)
         return Finish(ERROR_INVALID_FLAGS, output);
     BOOL used = FALSE;
     try {
         const WideText source(text, SourceLength(text, textLength));
-        const DWORD error = Encode(codePage, flags, source, defaultChar, used, output);
+        const DWORD error =
+            Encode(codePage, flags, source, defaultChar, usedDefaultChar != nullptr, used, output);
         if (usedDefaultChar != nullptr)
             *usedDefaultChar = used;
         return Finish(error, output);

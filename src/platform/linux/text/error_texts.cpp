@@ -305,6 +305,9 @@ constexpr ErrorText kTexts[] = {
     {11002, "The host name could not be resolved for the moment."},
     {11003, "The host name could not be resolved."},
     {11004, "The host name is valid but has no address."},
+    {0x80004001, "This is not implemented."},
+    {0x80004005, "The operation failed for a reason that is not given."},
+    {0x8000ffff, "The operation failed in a way that was not expected."},
 };
 
 static_assert(std::is_sorted(std::begin(kTexts), std::end(kTexts),

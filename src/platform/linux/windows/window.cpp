@@ -11,6 +11,8 @@
 #include "platform/linux/waits/thread.h"
 #include "platform/linux/windows/message_queue.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <memory>
 #include <mutex>
@@ -37,7 +39,6 @@ struct WindowClass {
 struct Window {
     std::shared_ptr<WindowClass> windowClass;
     WNDPROC procedure;
-    HINSTANCE instance;
     HWND parentOrOwner;
     DWORD thread;                        // whose code alone runs the procedure
     std::shared_ptr<MessageQueue> queue; // that thread's
@@ -92,6 +93,11 @@ Result With(HWND handle, Result failed, Use use) {
     return failed;
 }
 
+// A null instance means the program.
+HINSTANCE InstanceOf(HINSTANCE instance) {
+    return instance != nullptr ? instance : GetModuleHandleW(nullptr);
+}
+
 // A name may be an atom, as everywhere in this family. The lock is held.
 std::shared_ptr<WindowClass> FindClass(LPCWSTR name, HINSTANCE instance) {
     for (const std::shared_ptr<WindowClass>& each : All().classes) {
@@ -130,7 +136,6 @@ HWND Insert(const CREATESTRUCTW& creation) {
     Slot& slot = all.slots[all.freeSlots.back()];
     slot.window.reset(new Window{.windowClass = windowClass,
                                  .procedure = windowClass->procedure,
-                                 .instance = creation.hInstance,
                                  .parentOrOwner = creation.hwndParent,
                                  .thread = GetCurrentThreadId(),
                                  .queue = MessageQueue::OfThisThread(),
@@ -171,6 +176,45 @@ std::vector<HWND> Dependents(HWND parentOrOwner, bool children) {
             found.push_back(HandleOf(index, all.slots[index].generation));
     }
     return found;
+}
+
+// Removes a window with its children and the windows it owns, without a message: the thread that
+// would receive them has ended.
+void Abandon(HWND window) {
+    for (const bool children : {true, false})
+        for (const HWND dependent : Dependents(window, children))
+            Abandon(dependent);
+    Remove(window);
+}
+
+// Takes the windows of its thread away when the thread ends.
+class WindowsOfThread {
+public:
+    WindowsOfThread() = default;
+    WindowsOfThread(const WindowsOfThread&) = delete;
+    ~WindowsOfThread() {
+        for (HWND window; (window = First()) != nullptr;)
+            Abandon(window);
+    }
+
+private:
+    HWND First() const {
+        Windows& all = All();
+        const std::lock_guard lock(all.mutex);
+        for (std::size_t index = 0; index < all.slots.size(); ++index)
+            if (all.slots[index].window != nullptr && all.slots[index].window->thread == m_thread)
+                return HandleOf(index, all.slots[index].generation);
+        return nullptr;
+    }
+
+    const DWORD m_thread = GetCurrentThreadId();
+};
+
+// The first thread is left out: it ends with the process, and static objects of a host may destroy
+// their windows after its thread_local objects are gone.
+void EndWindowsWithThread() {
+    if (GetCurrentThreadId() != static_cast<DWORD>(getpid()))
+        static thread_local const WindowsOfThread t_windows;
 }
 
 void SendDestroy(HWND window) {
@@ -219,6 +263,27 @@ bool FinishCreate(HWND window, CREATESTRUCTW& creation) {
         return false;
     }
     return IsWindow(window) != FALSE;
+}
+
+// The system's messages whose parameters point to memory of the sender, which may be gone when a
+// posted message is dispatched.
+bool CarriesPointer(UINT message) {
+    static constexpr std::pair<UINT, UINT> kRanges[] = {
+        // clang-format off
+        {0x001, 0x001}, {0x00c, 0x00d}, {0x01a, 0x01b}, {0x024, 0x024}, {0x02b, 0x02d},
+        {0x039, 0x039}, {0x046, 0x047}, {0x04a, 0x04a}, {0x053, 0x053}, {0x07c, 0x07d},
+        {0x081, 0x081}, {0x083, 0x083}, {0x087, 0x087}, {0x0b0, 0x0b0}, {0x0b2, 0x0b4},
+        {0x0c2, 0x0c2}, {0x0c4, 0x0c4}, {0x0cb, 0x0cb}, {0x0e3, 0x0e3}, {0x0e9, 0x0eb},
+        {0x140, 0x140}, {0x143, 0x143}, {0x145, 0x145}, {0x148, 0x148}, {0x14a, 0x14a},
+        {0x14c, 0x14d}, {0x152, 0x152}, {0x158, 0x158}, {0x180, 0x181}, {0x189, 0x189},
+        {0x18c, 0x18d}, {0x18f, 0x18f}, {0x191, 0x192}, {0x196, 0x196}, {0x198, 0x198},
+        {0x1a2, 0x1a2}, {0x213, 0x214}, {0x216, 0x216}, {0x220, 0x220}, {0x229, 0x22b},
+        {0x22d, 0x22f}, {0x30c, 0x30c},
+        // clang-format on
+    };
+    return std::ranges::any_of(kRanges, [message](const std::pair<UINT, UINT>& range) {
+        return message >= range.first && message <= range.second;
+    });
 }
 
 void SetText(HWND handle, LPCWSTR text) {
@@ -289,19 +354,20 @@ ATOM RegisterClassExW(const WNDCLASSEXW* windowClass) {
         windowClass->lpfnWndProc == nullptr || windowClass->cbClsExtra != 0 ||
         windowClass->cbWndExtra != 0 || IS_INTRESOURCE(windowClass->lpszClassName))
         return fail(ERROR_INVALID_PARAMETER);
+    const HINSTANCE instance = InstanceOf(windowClass->hInstance);
     Windows& all = All();
     const std::lock_guard lock(all.mutex);
-    if (FindClass(windowClass->lpszClassName, windowClass->hInstance) != nullptr)
+    if (FindClass(windowClass->lpszClassName, instance) != nullptr)
         return fail(ERROR_CLASS_ALREADY_EXISTS);
     if (all.nextAtom == 0)
         return fail(ERROR_NOT_ENOUGH_MEMORY);
     all.classes.push_back(std::make_shared<WindowClass>(
-        WindowClass{windowClass->lpszClassName, windowClass->hInstance, windowClass->lpfnWndProc,
-                    all.nextAtom}));
+        WindowClass{windowClass->lpszClassName, instance, windowClass->lpfnWndProc, all.nextAtom}));
     return all.nextAtom++;
 }
 
 BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance) {
+    instance = InstanceOf(instance);
     Windows& all = All();
     const std::lock_guard lock(all.mutex);
     const std::shared_ptr<WindowClass> found = FindClass(name, instance);
@@ -316,18 +382,10 @@ BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance) {
 HWND CreateWindowExW(DWORD extendedStyle, LPCWSTR className, LPCWSTR text, DWORD style, int x,
                      int y, int width, int height, HWND parentOrOwner, HMENU menuOrId,
                      HINSTANCE instance, LPVOID parameter) {
-    CREATESTRUCTW creation = {parameter,
-                              instance,
-                              menuOrId,
-                              parentOrOwner,
-                              height,
-                              width,
-                              y,
-                              x,
-                              static_cast<LONG>(style),
-                              text,
-                              className,
-                              extendedStyle};
+    EndWindowsWithThread();
+    CREATESTRUCTW creation = {
+        parameter, InstanceOf(instance),     menuOrId, parentOrOwner, height,       width, y,
+        x,         static_cast<LONG>(style), text,     className,     extendedStyle};
     const HWND window = Insert(creation);
     return window != nullptr && FinishCreate(window, creation) ? window : nullptr;
 }
@@ -366,6 +424,8 @@ LRESULT SendMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 BOOL PostMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (CarriesPointer(message))
+        return FailWith(ERROR_MESSAGE_SYNC_ONLY);
     const auto post = [=](MessageQueue& queue) {
         return queue.Post(handle, message, wParam, lParam) || FailWith(ERROR_NOT_ENOUGH_QUOTA);
     };
