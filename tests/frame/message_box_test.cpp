@@ -45,15 +45,15 @@ TEST_F(MessageBox, ErrorsAreShownAsTheyAreComposed) {
     ExpectShown(_T("Out of memory."), AfxErrorMessageBox(kTextExceptionMemory, kType, kHelpId));
 
     ExpectShown(_T("7% of x"),
-                AfxFormatErrorMessageBox(_T("%d%% of %s"), kType, kHelpId, 7, _T("x")));
+                AfxFormatErrorMessageBox(_T("%d%% of %s"), kType, kHelpId, 7, CString(_T("x"))));
     ExpectShown(_T("XML files larger than 512 bytes cannot be loaded."),
                 AfxFormatErrorMessageBox(kTextXmlFileCauseTooLarge, kType, kHelpId, 512));
 
     ExpectShown(_T("%1 before 7"),
-                AfxFormatStringErrorMessageBox(_T("%2 before %1!d!"), kType, kHelpId, 7, _T("%1")));
+                AfxFormatStringErrorMessageBox(_T("%2 before %1!d!"), kType, kHelpId, 7, CString(_T("%1"))));
     ExpectShown(null, AfxFormatStringErrorMessageBox(_T("100%"), kType, kHelpId)); // refused
     ExpectShown(_T("An error has occurred while reading the file 'a.txt'.\r\n\r\nWhy."),
-                AfxFormatStringErrorMessageBox(kTextErrorReadingFile, kType, kHelpId, _T("a.txt"),
+                AfxFormatStringErrorMessageBox(kTextErrorReadingFile, kType, kHelpId, CString(_T("a.txt")),
                                                _T("Why.")));
 
     ASSERT_TRUE(AfxGetSystemErrorText(ERROR_FILE_NOT_FOUND, text));

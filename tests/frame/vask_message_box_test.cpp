@@ -89,7 +89,7 @@ TEST_F(VaskMessageBox, EachFormComposesItsBox) {
 
 TEST_F(VaskMessageBox, EachFormWithAFormatFillsItsInserts) {
     int& state = m_state;
-    const WCHAR* const seven = _T("seven");
+    const CString seven(_T("seven")); // hands on its text
     const auto show = [](auto... arguments) { return AfxFormatStringVaskMessageBox(arguments...); };
     ExpectShown(show(kFormat, 0u, kTarget, 7, seven), "f", MB_HELP);
     ExpectShown(show(kHeadingId, kFormatId, 0u, kTarget, 7), "HF", MB_HELP);

@@ -1,6 +1,11 @@
 #include <quorvel/framework/exceptions.h>
+#include <quorvel/framework/filesystem_path.h>
 
 #include "support/test.h"
+
+#include <ranges>
+#include <sstream>
+#include <unordered_set>
 
 namespace {
 
@@ -36,6 +41,47 @@ void ExpectChanges(std::initializer_list<Change> rows) {
 
 const WCHAR* const kNull = nullptr;
 
+// What compiles.
+template <class String, class... Inserts>
+concept Formats = requires(String s, const typename String::XCHAR* format, Inserts... inserts) {
+    s.Format(format, inserts...);
+    s.AppendFormat(format, inserts...);
+    s.Format(1u, inserts...);
+    s.AppendFormat(1u, inserts...);
+};
+template <class... Inserts>
+concept FormatsMessage = requires(CString s, const WCHAR* format, Inserts... inserts) {
+    s.FormatMessage(format, inserts...);
+    s.FormatMessage(1u, inserts...);
+};
+template <class String, class Other>
+concept Adds = requires(String s, Other other) { s + other; };
+template <class String, class Other>
+concept AddsInFront = requires(String s, Other other) { other + s; };
+template <class String, class Other>
+concept Appends = requires(String s, Other other) { s += other; };
+template <class String, class Other>
+concept Assigns = requires(String s, Other other) { s = other; };
+template <class String, class Other>
+constexpr int kJoins = Adds<String, Other> + AddsInFront<String, Other> + Appends<String, Other> +
+                       Assigns<String, Other>;
+
+struct Derived : CString {
+    using CString::CString;
+};
+enum Number { kOne = 1 };
+
+static_assert(Formats<CString, CString, int, const WCHAR*, Derived, CStringA, std::nullptr_t>);
+static_assert(Formats<CStringA, CString, CStringA, double> && FormatsMessage<CString, int>);
+static_assert(!Formats<CString, std::string> && !Formats<CStringA, int, POINT>);
+static_assert(!FormatsMessage<Wide> && !FormatsMessage<CString, LARGE_INTEGER>);
+static_assert(kJoins<CString, WCHAR> == 4 && kJoins<CString, char> == 4);
+static_assert(kJoins<CString, CString> == 4 && kJoins<CStringA, char> == 4);
+static_assert(kJoins<CString, int> + kJoins<CString, long> + kJoins<CString, BYTE> == 0);
+static_assert(kJoins<CString, bool> + kJoins<CString, double> + kJoins<CString, Number> == 0);
+static_assert(kJoins<CStringA, int> + kJoins<CStringA, WCHAR> == 0);
+static_assert(std::ranges::contiguous_range<const CString>);
+
 } // namespace
 
 TEST(String, CopiesShareTheirCharactersUntilOneIsChanged) {
@@ -61,6 +107,9 @@ TEST(String, ArgumentsMayPointIntoTheStringItself) {
         CHANGE("abca", s.Replace(_T("a"), s.GetString() + 2), "cabcca", 2),
         CHANGE("abcbc", s.Replace(s.GetString() + 3, _T("-")), "a--", 2),
         EFFECT("abc", s.Format(_T("%s%s"), s.GetString(), s.GetString()), "abcabc"),
+        EFFECT("abc", s.Format(_T("%s%d"), s, 7), "abc7"),
+        EFFECT("abc", s.AppendFormat(_T("%S%s"), CStringA("de"), Derived(s.GetString())), "abcdeabc"),
+        EFFECT("abc", s.FormatMessage(_T("%2!d! %1"), s + s, 7), "7 abcabc"),
         EFFECT("aba", s.Trim(s), ""),
     });
 }
@@ -159,6 +208,42 @@ TEST(String, SumsAndConversions) {
     EXPECT_EQ(narrow, "a");
 }
 
+TEST(String, ConvertsFromAndToTheStandardLibrary) {
+    // UTF-8 beside its UTF-16, both as they come and as they go.
+    const std::tuple<std::string, std::u16string, std::string> rows[] = {
+        {"", u"", ""},
+        {"J\xc3\xbcrgen", u"J\u00fcrgen", "J\xc3\xbcrgen"},
+        {"\xf0\x9f\x98\x80", u"\xd83d\xde00", "\xf0\x9f\x98\x80"},
+        {std::string("a\0b", 3), std::u16string(u"a\0b", 3), std::string("a\0b", 3)},
+        {"a\xff", u"a\xfffd", "a\xef\xbf\xbd"},
+    };
+    for (const auto& [utf8, utf16, back] : rows) {
+        SCOPED_TRACE(testing::PrintToString(utf8));
+        const CString text = CString::FromUTF8(utf8);
+        EXPECT_EQ(text, CString(utf16));
+        EXPECT_EQ(text.ToUTF16(), utf16);
+        EXPECT_EQ(text.ToUTF8(), back);
+        EXPECT_EQ(CString(text.GetView()), text);
+        EXPECT_EQ(text.GetView(), Wide(utf16.begin(), utf16.end()));
+        EXPECT_EQ(std::u16string(text.begin(), text.end()), utf16);
+        std::ostringstream stream;
+        stream << text << CStringA("!");
+        EXPECT_EQ(stream.str(), back + '!');
+        if (utf8.find('\0') == utf8.npos) {
+            EXPECT_EQ(AfxPathToString(AfxStringToPath(text)), text);
+            EXPECT_EQ(AfxStringToPath(text).u16string(), utf16);
+        }
+    }
+    EXPECT_EQ(CString(u"\xd800").ToUTF8(), "\xef\xbf\xbd");
+}
+
+TEST(String, EqualStringsHaveOneHash) {
+    const CString text(_T("ab"));
+    const CString longer(_T("ab\0c"), 4); // equal: the comparison ends at the first zero
+    EXPECT_EQ(std::unordered_set<CString>({text, longer, CString(_T("abc"))}).size(), 2u);
+    EXPECT_EQ(std::unordered_set<CStringA>({CStringA("ab"), CStringA("ab")}).size(), 1u);
+}
+
 TEST(String, ALengthNearTheLimitIsRefusedAndNothingChanges) {
     typedef void (*Operation)(CString&);
     for (const Operation operation : std::initializer_list<Operation>{
@@ -166,6 +251,7 @@ TEST(String, ALengthNearTheLimitIsRefusedAndNothingChanges) {
              [](CString& s) { s.SetString(_T("x"), INT_MAX); },
              [](CString& s) { s.Append(_T("x"), INT_MAX - 3); }, // with what is there
              [](CString& s) { s = CString('x', INT_MAX); },
+             [](CString& s) { s = CString(std::basic_string_view<WCHAR>(_T("x"), INT_MAX)); },
          }) {
         CString text(_T("abc"));
         EXPECT_THROW(operation(text), CMemoryException*);

@@ -6,7 +6,7 @@
 // load, be it that of a cause, a format that the message formatter refuses. User-interface thread.
 #pragma once
 
-#include <quorvel/platform/platform.h>
+#include <quorvel/framework/string.h>
 
 class CException;
 
@@ -16,10 +16,18 @@ QUORVEL_API int AfxErrorMessageBox(UINT textId, UINT type, UINT helpId);
 // printf forms, as CString::Format takes them.
 QUORVEL_API int AfxFormatErrorMessageBox(const WCHAR* format, UINT type, UINT helpId, ...);
 QUORVEL_API int AfxFormatErrorMessageBox(UINT formatId, UINT type, UINT helpId, ...);
+QUORVEL_STRING_INSERTS(int, AfxFormatErrorMessageBox,
+                       (const WCHAR* format, UINT type, UINT helpId), (format, type, helpId))
+QUORVEL_STRING_INSERTS(int, AfxFormatErrorMessageBox, (UINT formatId, UINT type, UINT helpId),
+                       (formatId, type, helpId))
 
 // Inserts of the message formatter (%1, %2, %1!d!), as CString::FormatMessage takes them.
 QUORVEL_API int AfxFormatStringErrorMessageBox(const WCHAR* format, UINT type, UINT helpId, ...);
 QUORVEL_API int AfxFormatStringErrorMessageBox(UINT formatId, UINT type, UINT helpId, ...);
+QUORVEL_STRING_INSERTS(int, AfxFormatStringErrorMessageBox,
+                       (const WCHAR* format, UINT type, UINT helpId), (format, type, helpId))
+QUORVEL_STRING_INSERTS(int, AfxFormatStringErrorMessageBox, (UINT formatId, UINT type, UINT helpId),
+                       (formatId, type, helpId))
 
 // 0 also when the system has no text for the code.
 QUORVEL_API int AfxSystemErrorMessageBox(DWORD systemError, UINT type, UINT helpId);

@@ -8,12 +8,23 @@
 // otherwise.
 //
 // Conversion between the two widths uses the active code page (CP_ACP; UTF-8 on Linux).
+//
+// With the standard library:
+//     CString name = CString::FromUTF8("J\xc3\xbcrgen");
+//     std::cout << name << '\n'; // UTF-8 again
+// std::filesystem::path is in <quorvel/framework/filesystem_path.h>.
 #pragma once
 
-#include <quorvel/platform/platform.h>
+#include <quorvel/framework/inserts.h>
 
 #include <atomic>
+#include <climits>
+#include <concepts>
+#include <cstddef>
 #include <cstdarg>
+#include <iosfwd>
+#include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -38,6 +49,18 @@ struct StringWidths<char> {
     typedef WCHAR Other;
 };
 
+// The length as strings count it; one that no string can have stays too long.
+inline int StringLength(std::size_t length) {
+    return length < INT_MAX ? static_cast<int>(length) : INT_MAX;
+}
+
+// A number where a string of Ch takes a character. It is refused: it would join as the character
+// of that code, or as an offset into the text. Narrow character literals join wide text too.
+template <class Type, class Ch>
+concept NumberNotCharacter =
+    (std::is_arithmetic_v<Type> || std::is_enum_v<Type>)&&!std::same_as<Type, Ch> &&
+    !std::same_as<Type, char>;
+
 } // namespace quorvel
 
 template <class Ch>
@@ -53,6 +76,10 @@ public:
     CStringT(const Ch* text, int length); // a negative length counts as 0
     explicit CStringT(Ch character, int count = 1);
     explicit CStringT(const YCHAR* text);
+    explicit CStringT(std::basic_string_view<Ch> text)
+        : CStringT(text.data(), quorvel::StringLength(text.size())) {}
+    // UTF-16 of the standard library, on Windows, where WCHAR is another type.
+    explicit CStringT(std::u16string_view text) requires std::same_as<Ch, wchar_t>;
     ~CStringT();
 
     CStringT& operator=(const CStringT& other) noexcept;
@@ -60,6 +87,8 @@ public:
     CStringT& operator=(const Ch* text);
     CStringT& operator=(const YCHAR* text);
     CStringT& operator=(Ch character);
+    template <class Number>
+    requires quorvel::NumberNotCharacter<Number, Ch> CStringT& operator=(Number) = delete;
 
     int GetLength() const noexcept { return Header()->length; }
     bool IsEmpty() const noexcept { return GetLength() == 0; }
@@ -70,6 +99,16 @@ public:
     Ch GetAt(int position) const noexcept { return m_text[position]; }
     Ch operator[](int position) const noexcept { return m_text[position]; }
     void SetAt(int position, Ch character);
+    // The characters to read, embedded zeros included; valid until the string changes.
+    const Ch* begin() const noexcept { return m_text; }
+    const Ch* end() const noexcept { return m_text + GetLength(); }
+    std::basic_string_view<Ch> GetView() const noexcept { return {begin(), end()}; }
+
+    // UTF-16 and UTF-8 of the standard library, the same on both systems and whatever the active
+    // code page. A malformed sequence, or a lone surrogate, becomes U+FFFD. Wide strings only.
+    std::u16string ToUTF16() const requires std::is_same_v<Ch, WCHAR> { return {begin(), end()}; }
+    std::string ToUTF8() const requires std::is_same_v<Ch, WCHAR>;
+    static CStringT FromUTF8(std::string_view bytes) requires std::is_same_v<Ch, WCHAR>;
 
     void Empty() noexcept;
     void SetString(const Ch* text);
@@ -81,6 +120,8 @@ public:
     CStringT& operator+=(const CStringT& other);
     CStringT& operator+=(const Ch* text);
     CStringT& operator+=(Ch character);
+    template <class Number>
+    requires quorvel::NumberNotCharacter<Number, Ch> CStringT& operator+=(Number) = delete;
 
     // The characters for direct writing: at least `minimumLength` of them. Until a ReleaseBuffer
     // the string may not be used otherwise. ReleaseBuffer(-1) takes the length up to the first
@@ -143,14 +184,18 @@ public:
     // narrow and %ls wide; the widths convert one to one (a byte is a character up to U+00FF),
     // whatever the code page. %I64d, %I64u and %I64x are 64 bits wide; %ld is 32 bits. A format
     // that the platform refuses formats as the empty text, a null format too. Arguments may point
-    // into this string.
+    // into this string; a string stands for its text, and objects of other classes do not compile.
     void Format(const Ch* format, ...);
     void FormatV(const Ch* format, va_list arguments);
     void AppendFormat(const Ch* format, ...);
     void AppendFormatV(const Ch* format, va_list arguments);
+    QUORVEL_STRING_INSERTS(void, Format, (const Ch* format), (format))
+    QUORVEL_STRING_INSERTS(void, AppendFormat, (const Ch* format), (format))
     // The format is a catalogue text; one that does not load throws CResourceException.
     void Format(UINT formatId, ...);
     void AppendFormat(UINT formatId, ...);
+    QUORVEL_STRING_INSERTS(void, Format, (UINT formatId), (formatId))
+    QUORVEL_STRING_INSERTS(void, AppendFormat, (UINT formatId), (formatId))
 
     // The platform's message formatter (FormatMessageW): %1 to %99 with their !printf! forms. A
     // null format empties the string; one that the platform refuses throws CMemoryException, and
@@ -158,6 +203,8 @@ public:
     void FormatMessage(const Ch* format, ...) requires std::is_same_v<Ch, WCHAR>;
     void FormatMessageV(const Ch* format, va_list* arguments) requires std::is_same_v<Ch, WCHAR>;
     void FormatMessage(UINT formatId, ...) requires std::is_same_v<Ch, WCHAR>;
+    QUORVEL_STRING_INSERTS(void, FormatMessage, (const Ch* format), (format))
+    QUORVEL_STRING_INSERTS(void, FormatMessage, (UINT formatId), (formatId))
 
     // A string-table entry found through the resource chain, or in one module. FALSE, and the
     // string empty, when there is no such entry.
@@ -188,6 +235,58 @@ typedef CStringT<WCHAR> CString;
 typedef CStringT<WCHAR> CStringW;
 typedef CStringT<char> CStringA;
 
+template <class Ch>
+CStringT<Ch>::CStringT(std::u16string_view text) requires std::same_as<Ch, wchar_t> : CStringT() {
+    Ch* unit = GetBufferSetLength(quorvel::StringLength(text.size()));
+    for (const char16_t each : text)
+        *unit++ = each;
+}
+
+template <class Ch>
+std::string CStringT<Ch>::ToUTF8() const requires std::is_same_v<Ch, WCHAR> {
+    using namespace quorvel::win32;
+    std::string bytes;
+    if (IsEmpty()) // the length of 0 would be refused
+        return bytes;
+    const int length = GetLength();
+    const int size = WideCharToMultiByte(CP_UTF8, 0, m_text, length, nullptr, 0, nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(size));
+    WideCharToMultiByte(CP_UTF8, 0, m_text, length, bytes.data(), size, nullptr, nullptr);
+    return bytes;
+}
+
+template <class Ch>
+CStringT<Ch> CStringT<Ch>::FromUTF8(std::string_view bytes) requires std::is_same_v<Ch, WCHAR> {
+    using namespace quorvel::win32;
+    CStringT text;
+    if (bytes.empty())
+        return text;
+    const int size = quorvel::StringLength(bytes.size());
+    const int length = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), size, nullptr, 0);
+    MultiByteToWideChar(CP_UTF8, 0, bytes.data(), size, text.GetBufferSetLength(length), length);
+    return text;
+}
+
+// Strings that are equal have equal hashes: both end at the first zero.
+template <class Ch>
+struct std::hash<CStringT<Ch>> {
+    std::size_t operator()(const CStringT<Ch>& text) const noexcept {
+        return std::hash<std::basic_string_view<Ch>>()(text.GetString());
+    }
+};
+
+// Prints wide text as UTF-8, narrow text as its bytes.
+template <class Traits>
+std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& stream,
+                                             const CString& text) {
+    return stream << std::string_view(text.ToUTF8());
+}
+template <class Traits>
+std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& stream,
+                                             const CStringA& text) {
+    return stream << text.GetView();
+}
+
 // A sum takes over the characters of a left operand that is a temporary, so that a chain of sums
 // grows one string.
 template <class Ch>
@@ -201,20 +300,18 @@ CStringT<Ch> operator+(CStringT<Ch> left, const Ch* right) {
     return left;
 }
 template <class Ch>
+CStringT<Ch> operator+(const Ch* left, const CStringT<Ch>& right) {
+    return CStringT<Ch>(left) + right;
+}
+template <class Ch>
 CStringT<Ch> operator+(CStringT<Ch> left, std::type_identity_t<Ch> right) {
     left.AppendChar(right);
     return left;
 }
 template <class Ch>
-CStringT<Ch> operator+(const Ch* left, const CStringT<Ch>& right) {
-    return CStringT<Ch>(left) + right;
-}
-template <class Ch>
 CStringT<Ch> operator+(std::type_identity_t<Ch> left, const CStringT<Ch>& right) {
     return CStringT<Ch>(left, 1) + right;
 }
-
-// A narrow character literal joins a wide string. Any other number is ambiguous, not an offset.
 inline CString operator+(CString left, char right) {
     left.AppendChar(static_cast<unsigned char>(right));
     return left;
@@ -222,6 +319,12 @@ inline CString operator+(CString left, char right) {
 inline CString operator+(char left, const CString& right) {
     return CString(static_cast<unsigned char>(left), 1) + right;
 }
+template <class Ch, class Number>
+requires quorvel::NumberNotCharacter<Number, Ch> CStringT<Ch>
+operator+(const CStringT<Ch>& left, Number right) = delete;
+template <class Ch, class Number>
+requires quorvel::NumberNotCharacter<Number, Ch> CStringT<Ch>
+operator+(Number left, const CStringT<Ch>& right) = delete;
 
 // Writes the string-table entry found through the resource chain, cut to `maxChars` characters with
 // the terminator; needs no memory. The length written: 0, and an empty text, when there is none.

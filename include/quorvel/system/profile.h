@@ -7,6 +7,7 @@
 //   - in the sub key of a path.
 // Writers make the keys that are missing; getters make nothing, but open their keys for reading and
 // writing, so in a registry that may only be read they find nothing. All close what they opened.
+// How a key is opened and closed: registry_path.h.
 //
 // A writer returns FALSE when a pointer is null or the path invalid, and otherwise when the system
 // refuses. A getter returns the default when a pointer is null, the path is invalid, there is no

@@ -2,6 +2,11 @@
 //
 // Every setting of the library lies at such a path and is read and written with the profile
 // functions (quorvel/system/profile.h). A value; one object for one thread at a time.
+//
+// HKEY, its roots and the operations on open keys (RegOpenKeyExW, RegCloseKey and their like) are
+// the platform's: <quorvel/platform/platform.h>, which this header includes, has them. On Linux the
+// operations are in namespace quorvel::win32; `using namespace quorvel::win32;` compiles on both
+// systems.
 #pragma once
 
 #include <quorvel/framework/string.h>

@@ -58,7 +58,10 @@ QUORVEL_API int AfxDetermineXMLFileEncoding(const BYTE* bytes, DWORD length, CSt
 // The encoding is that of the byte order mark or of the declaration, which is searched at the very
 // start only: UTF-8, UTF-16 in both byte orders, and every single- or multi-byte code page that
 // MultiByteToWideChar knows, EBCDIC included. UTF-32 is refused, and so are files of fewer than 5
-// or more than 2147483647 bytes. The declaration is taken off the
+// or more than 2147483647 bytes. Deliberate: a file with neither mark nor declaration is refused
+// (`unsupportedEncoding`), although XML reads it as UTF-8. A caller that wants it reads the bytes,
+// converts them with AfxUTF8ToWideChar (quorvel/util/text/utf8.h), which refuses what is not UTF-8,
+// and calls SetDoc with the text. The declaration is taken off the
 // text and stored with SetXMLDeclaration; without one the document keeps the one it had
 // (deliberate; so is that for UTF-16 the declaration is offered with as many following characters
 // as it has itself, and hence is stored only where these end in "?>"). Of 1-byte characters every

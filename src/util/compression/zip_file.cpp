@@ -107,24 +107,29 @@ struct CloseZip {
 };
 typedef std::unique_ptr<void, CloseZip> ScopedZip;
 
-// The archive writer does not tell why: what the file itself says when it is opened.
-CString ReasonNotToOpen(const WCHAR* path) {
-    CString text;
-    std::string bytes;
-    CFile probe;
-    CFileException error;
-    if (!quorvel::ToZipPath(path, bytes))
-        AfxGetFileExceptionErrorMessage(CFileException::badPath, text);
-    else if (!probe.Open(path, CFile::modeWrite | CFile::shareDenyNone, &error))
-        AfxGetFileExceptionErrorMessage(error.m_cause, text);
-    return text.IsEmpty() ? AfxGetZipErrorText(ZIP_INTERNALERROR) : text;
+// The archive writer does not say why it failed to open the file: the system does, when it is asked
+// for the same again.
+DWORD ErrorOfOpening(const WCHAR* path, int append) {
+    const bool create = append == APPEND_STATUS_CREATE;
+    const HANDLE file =
+        CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                    create ? OPEN_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return GetLastError();
+    const bool made = create && GetLastError() != ERROR_ALREADY_EXISTS;
+    CloseHandle(file);
+    if (made)
+        DeleteFileW(path);
+    return append == APPEND_STATUS_ADDINZIP ? ERROR_INVALID_DATA : ERROR_NOT_ENOUGH_MEMORY;
 }
 
 bool IsInUse(const WCHAR* path) {
     CFile probe;
-    CFileException error;
-    return !probe.Open(path, CFile::modeWrite | CFile::shareDenyNone, &error) &&
-           error.m_cause == CFileException::sharingViolation;
+    if (probe.Open(path, CFile::modeWrite | CFile::shareDenyNone) ||
+        GetLastError() != ERROR_SHARING_VIOLATION)
+        return false;
+    SetLastError(ERROR_SHARING_VIOLATION);
+    return true;
 }
 
 const WCHAR* BareName(const WCHAR* path) {
@@ -139,9 +144,18 @@ const WCHAR* BareName(const WCHAR* path) {
 
 void* AfxOpenZipFile(const WCHAR* path, int append) {
     std::string bytes;
-    if (!AfxIsValidString(path) || !quorvel::ToZipPath(path, bytes))
-        return nullptr;
-    return zipOpen(bytes.c_str(), append);
+    DWORD error;
+    if (!AfxIsValidString(path)) {
+        error = ERROR_INVALID_PARAMETER;
+    } else if (!quorvel::ToZipPath(path, bytes)) {
+        error = ERROR_PATH_NOT_FOUND;
+    } else {
+        if (void* const zip = zipOpen(bytes.c_str(), append))
+            return zip;
+        error = ErrorOfOpening(path, append);
+    }
+    SetLastError(error);
+    return nullptr;
 }
 
 int AfxCloseZipFile(void* zip) {
@@ -193,7 +207,8 @@ BOOL AfxCompressFileToZipFile(const WCHAR* sourcePath, const WCHAR* zipPath, int
     held.Open(sourcePath, CFile::modeRead | CFile::shareDenyWrite);
     ScopedZip zip(IsInUse(zipPath) ? nullptr : AfxOpenZipFile(zipPath, APPEND_STATUS_CREATE));
     if (zip == nullptr) {
-        errorText = ReasonNotToOpen(zipPath);
+        const LONG error = static_cast<LONG>(GetLastError());
+        AfxGetFileExceptionErrorMessage(CFileException::OsErrorToException(error), errorText);
         return FALSE;
     }
     if (AfxAddFileToZipFile(zip.get(), sourcePath, BareName(sourcePath), level, errorText) !=

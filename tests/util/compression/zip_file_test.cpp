@@ -71,7 +71,21 @@ TEST_F(Zip, FilesAreAddedAndReadBack) {
 }
 
 TEST_F(Zip, WhatCannotBeDoneIsTold) {
-    EXPECT_EQ(AfxOpenZipFile(nullptr, 0), nullptr);
+    const std::tuple<const char*, const WCHAR*, int, DWORD> refused[] = {
+        {"null", nullptr, 0, ERROR_INVALID_PARAMETER},
+        {"half a character", _T("\xd800.zip"), 0, ERROR_PATH_NOT_FOUND},
+        {"missing folder", m_folder.Path(_T("missing\\a")), 0, ERROR_PATH_NOT_FOUND},
+        {"a folder", m_folder.Path(), 0, ERROR_ACCESS_DENIED},
+        {"missing, to append to", m_missing, 1, ERROR_FILE_NOT_FOUND},
+        {"no archive to add to", m_source, 2, ERROR_INVALID_DATA},
+    };
+    for (const auto& [label, path, append, error] : refused)
+        EXPECT_EQ(ErrorOf([&, path = path, append = append] {
+                      return AfxOpenZipFile(path, append) != nullptr;
+                  }),
+                  error)
+            << label;
+    EXPECT_FALSE(m_folder.Has(_T("missing")));
     EXPECT_EQ(AfxCloseZipFile(nullptr), -102);
     void* const zip = AfxOpenZipFile(m_archive, 0);
     const std::tuple<void*, const WCHAR*, int, int, const WCHAR*> rows[] = {

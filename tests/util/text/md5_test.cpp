@@ -63,7 +63,7 @@ TEST(Md5, NullPointersAreRefused) {
     CStringA text("#");
     EXPECT_FALSE(AfxGenerateMD5Digest(nullptr, 0, digest));
     EXPECT_FALSE(AfxFormatMD5Checksum(nullptr, text, FALSE));
-    EXPECT_FALSE(AfxGenerateFileMD5Checksum(static_cast<const WCHAR*>(nullptr), text));
+    EXPECT_FALSE(AfxGenerateFileMD5Checksum(nullptr, text));
     AfxMD5Update(nullptr, digest, 1);
     AfxMD5Final(digest, nullptr);
     EXPECT_EQ(text, "#");

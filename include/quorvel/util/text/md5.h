@@ -7,6 +7,8 @@
 
 #include <quorvel/framework/string.h>
 
+#include <cstddef>
+
 // The state between two updates.
 struct MD5_CTX {
     DWORD state[4];
@@ -32,3 +34,7 @@ QUORVEL_API BOOL AfxGenerateFileMD5Checksum(HANDLE file, CStringA& text);
 // The same of a whole file by its path. FALSE, and the text as it was, for a null path or a file
 // that cannot be opened for reading; the platform's last error tells why.
 QUORVEL_API BOOL AfxGenerateFileMD5Checksum(const WCHAR* path, CStringA& text);
+// A bare nullptr is a null path.
+inline BOOL AfxGenerateFileMD5Checksum(std::nullptr_t, CStringA& text) {
+    return AfxGenerateFileMD5Checksum(static_cast<const WCHAR*>(nullptr), text);
+}
