@@ -17,7 +17,7 @@ public:
         m_valid = port <= 0xffff && (text == nullptr || AfxIsValidIPAddress(text));
         if (!m_valid)
             return;
-        m_address.sin_port = ::htons(static_cast<USHORT>(port));
+        m_address.sin_port = htons(static_cast<USHORT>(port));
         if (text != nullptr)
             m_address.sin_addr.s_addr = ::inet_addr(CStringA(text));
     }
@@ -31,7 +31,7 @@ public:
 
     void GetText(CString& text, UINT& port) const {
         text = CString(::inet_ntoa(m_address.sin_addr));
-        port = ::ntohs(m_address.sin_port);
+        port = ntohs(m_address.sin_port);
     }
 
 private:

@@ -81,7 +81,7 @@ BOOL CVaskSocket::SelectEvents(LONG events) {
 BOOL CVaskSocket::OpenSocket(int family, int type, int protocol, LONG events) {
     if (m_socket != INVALID_SOCKET)
         return Fail(WSAEISCONN);
-    m_socket = ::socket(family, type, protocol);
+    m_socket = quorvel::win32::socket(family, type, protocol);
     if (m_socket == INVALID_SOCKET)
         return FALSE;
     const bool hadEvent = m_networkEvent != nullptr;
@@ -151,7 +151,7 @@ BOOL CVaskSocket::CreateFromHandle(SOCKET socket, LONG events) {
 }
 
 BOOL CVaskSocket::Bind(const sockaddr* address, int length) {
-    return Succeeds(::bind(m_socket, address, length));
+    return Succeeds(quorvel::win32::bind(m_socket, address, length));
 }
 
 BOOL CVaskSocket::BindEx(const addrinfo* info) {
@@ -212,7 +212,7 @@ BOOL CVaskSocket::ConnectEx(const addrinfo* info) {
 BOOL CVaskSocket::Listen(int backlog) {
     if (!m_bInitialized)
         return Fail(kNotInitialized);
-    const BOOL listens = Succeeds(::listen(m_socket, backlog));
+    const BOOL listens = Succeeds(quorvel::win32::listen(m_socket, backlog));
     UpdateStatus(statusListening, listens ? 0 : ::WSAGetLastError());
     return listens && (IsThreadActive() || StartThread(CVaskSocketThreadParams(this)));
 }
@@ -222,13 +222,13 @@ BOOL CVaskSocket::Accept(CVaskSocket& connected, sockaddr* address, int* address
         return Fail(kNotInitialized);
     if (connected.IsSocketValid())
         return Fail(WSAEISCONN);
-    const SOCKET accepted = ::accept(m_socket, address, addressLength);
+    const SOCKET accepted = quorvel::win32::accept(m_socket, address, addressLength);
     if (accepted == INVALID_SOCKET)
         return FALSE;
     if (connected.CreateFromHandle(accepted, ALL_EVENTS))
         return TRUE;
     const KeepError keep;
-    ::closesocket(accepted);
+    quorvel::win32::closesocket(accepted);
     return FALSE;
 }
 
@@ -304,8 +304,8 @@ bool CVaskSocket::CloseSocket() {
     const SOCKET socket = m_socket.exchange(INVALID_SOCKET);
     if (socket == INVALID_SOCKET)
         return false;
-    ::shutdown(socket, SD_SEND);
-    ::closesocket(socket);
+    quorvel::win32::shutdown(socket, SD_SEND);
+    quorvel::win32::closesocket(socket);
     return true;
 }
 

@@ -16,42 +16,45 @@ BOOL Succeeds(int result) {
 } // namespace
 
 int CVaskSocket::Receive(void* buffer, int length, int flags) {
-    return ::recv(m_socket, static_cast<char*>(buffer), length, flags);
+    return quorvel::win32::recv(m_socket, static_cast<char*>(buffer), length, flags);
 }
 
 int CVaskSocket::Send(const void* buffer, int length, int flags) {
-    return ::send(m_socket, static_cast<const char*>(buffer), length, flags);
+    return quorvel::win32::send(m_socket, static_cast<const char*>(buffer), length, flags);
 }
 
 BOOL CVaskSocket::ConnectHelper(const sockaddr* address, int length) {
-    return Succeeds(::connect(m_socket, address, length));
+    return Succeeds(quorvel::win32::connect(m_socket, address, length));
 }
 
 int CVaskSocket::ReceiveFromHelper(void* buffer, int length, sockaddr* address, int* addressLength,
                                    int flags) {
-    return ::recvfrom(m_socket, static_cast<char*>(buffer), length, flags, address, addressLength);
+    return quorvel::win32::recvfrom(m_socket, static_cast<char*>(buffer), length, flags, address,
+                                    addressLength);
 }
 
 int CVaskSocket::SendToHelper(const void* buffer, int length, const sockaddr* address,
                               int addressLength, int flags) {
-    return ::sendto(m_socket, static_cast<const char*>(buffer), length, flags, address,
-                    addressLength);
+    return quorvel::win32::sendto(m_socket, static_cast<const char*>(buffer), length, flags,
+                                  address, addressLength);
 }
 
 BOOL CVaskSocket::ShutDown(int how) {
-    return Succeeds(::shutdown(m_socket, how));
+    return Succeeds(quorvel::win32::shutdown(m_socket, how));
 }
 
 BOOL CVaskSocket::SetSockOpt(int option, const void* value, int length, int level) {
-    return Succeeds(::setsockopt(m_socket, level, option, static_cast<const char*>(value), length));
+    return Succeeds(quorvel::win32::setsockopt(m_socket, level, option,
+                                               static_cast<const char*>(value), length));
 }
 
 BOOL CVaskSocket::GetSockOpt(int option, void* value, int* length, int level) {
-    return Succeeds(::getsockopt(m_socket, level, option, static_cast<char*>(value), length));
+    return Succeeds(
+        quorvel::win32::getsockopt(m_socket, level, option, static_cast<char*>(value), length));
 }
 
 BOOL CVaskSocket::IOCtl(LONG command, DWORD* argument) {
-    return Succeeds(::ioctlsocket(m_socket, command, argument));
+    return Succeeds(quorvel::win32::ioctlsocket(m_socket, command, argument));
 }
 
 int CVaskSocket::ReceiveFrom(void* buffer, int length, sockaddr* address, int* addressLength,
@@ -84,7 +87,7 @@ int CVaskSocket::SendToEx(const void* buffer, int length, const WCHAR* address, 
 }
 
 BOOL CVaskSocket::GetPeerName(sockaddr* address, int* length) const {
-    return Succeeds(::getpeername(m_socket, address, length));
+    return Succeeds(quorvel::win32::getpeername(m_socket, address, length));
 }
 
 BOOL CVaskSocket::GetPeerNameEx(CString& address, UINT& port) const {
@@ -97,7 +100,7 @@ BOOL CVaskSocket::GetPeerNameEx(CString& address, UINT& port) const {
 }
 
 BOOL CVaskSocket::GetSockName(sockaddr* address, int* length) const {
-    return Succeeds(::getsockname(m_socket, address, length));
+    return Succeeds(quorvel::win32::getsockname(m_socket, address, length));
 }
 
 BOOL CVaskSocket::GetSockNameEx(CString& address, UINT& port) const {

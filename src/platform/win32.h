@@ -5,9 +5,32 @@
 #include <quorvel/platform/platform.h>
 
 #if defined(_WIN32)
+
 #include <shlwapi.h>
+
+// On Linux POSIX has functions of these names as well, in the global namespace. So calls from there
+// name this one, on both systems.
+namespace quorvel::win32 {
+using ::accept;
+using ::bind;
+using ::closesocket;
+using ::connect;
+using ::getpeername;
+using ::getsockname;
+using ::getsockopt;
+using ::ioctlsocket;
+using ::listen;
+using ::recv;
+using ::recvfrom;
+using ::send;
+using ::sendto;
+using ::setsockopt;
+using ::shutdown;
+using ::socket;
+} // namespace quorvel::win32
+
 #else
 #include "platform/linux/api.h"
 #endif
 
-using namespace quorvel::win32; // empty on Windows
+using namespace quorvel::win32;

@@ -25,7 +25,7 @@ const sockaddr* Plain(const sockaddr_in& address) {
 
 class Sock {
 public:
-    Sock() : Sock(socket(AF_INET, SOCK_STREAM, 0), WSACreateEvent()) {}
+    Sock() : Sock(quorvel::win32::socket(AF_INET, SOCK_STREAM, 0), WSACreateEvent()) {}
     Sock(SOCKET handle, WSAEVENT own) : m_handle(handle), m_event(own) {}
     Sock(const Sock&) = delete;
     ~Sock() {

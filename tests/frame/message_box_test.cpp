@@ -49,12 +49,12 @@ TEST_F(MessageBox, ErrorsAreShownAsTheyAreComposed) {
     ExpectShown(_T("XML files larger than 512 bytes cannot be loaded."),
                 AfxFormatErrorMessageBox(kTextXmlFileCauseTooLarge, kType, kHelpId, 512));
 
-    ExpectShown(_T("%1 before 7"),
-                AfxFormatStringErrorMessageBox(_T("%2 before %1!d!"), kType, kHelpId, 7, CString(_T("%1"))));
+    ExpectShown(_T("%1 before 7"), AfxFormatStringErrorMessageBox(_T("%2 before %1!d!"), kType,
+                                                                  kHelpId, 7, CString(_T("%1"))));
     ExpectShown(null, AfxFormatStringErrorMessageBox(_T("100%"), kType, kHelpId)); // refused
     ExpectShown(_T("An error has occurred while reading the file 'a.txt'.\r\n\r\nWhy."),
-                AfxFormatStringErrorMessageBox(kTextErrorReadingFile, kType, kHelpId, CString(_T("a.txt")),
-                                               _T("Why.")));
+                AfxFormatStringErrorMessageBox(kTextErrorReadingFile, kType, kHelpId,
+                                               CString(_T("a.txt")), _T("Why.")));
 
     ASSERT_TRUE(AfxGetSystemErrorText(ERROR_FILE_NOT_FOUND, text));
     ExpectShown(_T("A system error has occurred.\r\n\r\n") + text,

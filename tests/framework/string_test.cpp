@@ -55,13 +55,21 @@ concept FormatsMessage = requires(CString s, const WCHAR* format, Inserts... ins
     s.FormatMessage(1u, inserts...);
 };
 template <class String, class Other>
-concept Adds = requires(String s, Other other) { s + other; };
+concept Adds = requires(String s, Other other) {
+    s + other;
+};
 template <class String, class Other>
-concept AddsInFront = requires(String s, Other other) { other + s; };
+concept AddsInFront = requires(String s, Other other) {
+    other + s;
+};
 template <class String, class Other>
-concept Appends = requires(String s, Other other) { s += other; };
+concept Appends = requires(String s, Other other) {
+    s += other;
+};
 template <class String, class Other>
-concept Assigns = requires(String s, Other other) { s = other; };
+concept Assigns = requires(String s, Other other) {
+    s = other;
+};
 template <class String, class Other>
 constexpr int kJoins = Adds<String, Other> + AddsInFront<String, Other> + Appends<String, Other> +
                        Assigns<String, Other>;
@@ -108,7 +116,8 @@ TEST(String, ArgumentsMayPointIntoTheStringItself) {
         CHANGE("abcbc", s.Replace(s.GetString() + 3, _T("-")), "a--", 2),
         EFFECT("abc", s.Format(_T("%s%s"), s.GetString(), s.GetString()), "abcabc"),
         EFFECT("abc", s.Format(_T("%s%d"), s, 7), "abc7"),
-        EFFECT("abc", s.AppendFormat(_T("%S%s"), CStringA("de"), Derived(s.GetString())), "abcdeabc"),
+        EFFECT("abc", s.AppendFormat(_T("%S%s"), CStringA("de"), Derived(s.GetString())),
+               "abcdeabc"),
         EFFECT("abc", s.FormatMessage(_T("%2!d! %1"), s + s, 7), "7 abcabc"),
         EFFECT("aba", s.Trim(s), ""),
     });

@@ -50,7 +50,7 @@ public:
 
 private:
     void Open() {
-        m_socket = socket(AF_INET, SOCK_STREAM, 0);
+        m_socket = quorvel::win32::socket(AF_INET, SOCK_STREAM, 0);
         sockaddr_in address = {};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);

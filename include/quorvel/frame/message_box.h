@@ -16,8 +16,8 @@ QUORVEL_API int AfxErrorMessageBox(UINT textId, UINT type, UINT helpId);
 // printf forms, as CString::Format takes them.
 QUORVEL_API int AfxFormatErrorMessageBox(const WCHAR* format, UINT type, UINT helpId, ...);
 QUORVEL_API int AfxFormatErrorMessageBox(UINT formatId, UINT type, UINT helpId, ...);
-QUORVEL_STRING_INSERTS(int, AfxFormatErrorMessageBox,
-                       (const WCHAR* format, UINT type, UINT helpId), (format, type, helpId))
+QUORVEL_STRING_INSERTS(int, AfxFormatErrorMessageBox, (const WCHAR* format, UINT type, UINT helpId),
+                       (format, type, helpId))
 QUORVEL_STRING_INSERTS(int, AfxFormatErrorMessageBox, (UINT formatId, UINT type, UINT helpId),
                        (formatId, type, helpId))
 

@@ -54,14 +54,35 @@ QUORVEL_API int AfxFormatStringVaskMessageBox(const WCHAR* heading, const WCHAR*
 QUORVEL_API int AfxFormatStringVaskMessageBox(UINT headingId, UINT formatId, UINT checkBoxTextId,
                                               int& checkState, UINT type, const WCHAR* helpTarget,
                                               ...);
-QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox, (const WCHAR* format, UINT type, const WCHAR* helpTarget), (format, type, helpTarget))
-QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox, (UINT formatId, UINT type, const WCHAR* helpTarget), (formatId, type, helpTarget))
-QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox, (const WCHAR* heading, const WCHAR* format, UINT type, const WCHAR* helpTarget), (heading, format, type, helpTarget))
-QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox, (UINT headingId, UINT formatId, UINT type, const WCHAR* helpTarget), (headingId, formatId, type, helpTarget))
-QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox, (const WCHAR* format, const WCHAR* checkBoxText, int& checkState, UINT type, const WCHAR* helpTarget), (format, checkBoxText, checkState, type, helpTarget))
-QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox, (UINT formatId, UINT checkBoxTextId, int& checkState, UINT type, const WCHAR* helpTarget), (formatId, checkBoxTextId, checkState, type, helpTarget))
-QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox, (const WCHAR* heading, const WCHAR* format, const WCHAR* checkBoxText, int& checkState, UINT type, const WCHAR* helpTarget), (heading, format, checkBoxText, checkState, type, helpTarget))
-QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox, (UINT headingId, UINT formatId, UINT checkBoxTextId, int& checkState, UINT type, const WCHAR* helpTarget), (headingId, formatId, checkBoxTextId, checkState, type, helpTarget))
+QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox,
+                       (const WCHAR* format, UINT type, const WCHAR* helpTarget),
+                       (format, type, helpTarget))
+QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox,
+                       (UINT formatId, UINT type, const WCHAR* helpTarget),
+                       (formatId, type, helpTarget))
+QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox,
+                       (const WCHAR* heading, const WCHAR* format, UINT type,
+                        const WCHAR* helpTarget),
+                       (heading, format, type, helpTarget))
+QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox,
+                       (UINT headingId, UINT formatId, UINT type, const WCHAR* helpTarget),
+                       (headingId, formatId, type, helpTarget))
+QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox,
+                       (const WCHAR* format, const WCHAR* checkBoxText, int& checkState, UINT type,
+                        const WCHAR* helpTarget),
+                       (format, checkBoxText, checkState, type, helpTarget))
+QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox,
+                       (UINT formatId, UINT checkBoxTextId, int& checkState, UINT type,
+                        const WCHAR* helpTarget),
+                       (formatId, checkBoxTextId, checkState, type, helpTarget))
+QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox,
+                       (const WCHAR* heading, const WCHAR* format, const WCHAR* checkBoxText,
+                        int& checkState, UINT type, const WCHAR* helpTarget),
+                       (heading, format, checkBoxText, checkState, type, helpTarget))
+QUORVEL_STRING_INSERTS(int, AfxFormatStringVaskMessageBox,
+                       (UINT headingId, UINT formatId, UINT checkBoxTextId, int& checkState,
+                        UINT type, const WCHAR* helpTarget),
+                       (headingId, formatId, checkBoxTextId, checkState, type, helpTarget))
 
 // For hosts that exercise their handling of crashes: asks, with No as the default, and on Yes
 // divides an integer by zero, which ends the program unless the host catches it.

@@ -15,8 +15,8 @@ class CStringT;
 namespace quorvel {
 
 template <class Type>
-concept StringInsert = std::is_class_v<Type> && (std::is_base_of_v<CStringT<WCHAR>, Type> ||
-                                                 std::is_base_of_v<CStringT<char>, Type>);
+concept StringInsert = std::is_class_v<Type> &&
+    (std::is_base_of_v<CStringT<WCHAR>, Type> || std::is_base_of_v<CStringT<char>, Type>);
 
 template <class... Types>
 concept InsertsWithStrings =
@@ -41,11 +41,12 @@ auto PlainInsert(const Type& insert) {
 // parentheses; the second holds the parameters' names.
 #define QUORVEL_STRING_INSERTS(result, function, parameters, names)                                \
     template <class... Inserts>                                                                    \
-    requires quorvel::InsertsWithStrings<Inserts...>                                               \
-    result function(QUORVEL_LIST parameters, Inserts... inserts) {                                 \
+    requires quorvel::InsertsWithStrings<Inserts...> result function(QUORVEL_LIST parameters,      \
+                                                                     Inserts... inserts) {         \
         return function(QUORVEL_LIST names, quorvel::PlainInsert(inserts)...);                     \
     }                                                                                              \
     template <class... Inserts>                                                                    \
-    requires quorvel::RefusedInserts<Inserts...>                                                   \
-    result function(QUORVEL_LIST parameters, Inserts... inserts) = delete;
+    requires quorvel::RefusedInserts<Inserts...> result function(QUORVEL_LIST parameters,          \
+                                                                 Inserts... inserts)               \
+    = delete;
 #define QUORVEL_LIST(...) __VA_ARGS__

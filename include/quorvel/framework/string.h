@@ -20,8 +20,8 @@
 #include <atomic>
 #include <climits>
 #include <concepts>
-#include <cstddef>
 #include <cstdarg>
+#include <cstddef>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -57,9 +57,9 @@ inline int StringLength(std::size_t length) {
 // A number where a string of Ch takes a character. It is refused: it would join as the character
 // of that code, or as an offset into the text. Narrow character literals join wide text too.
 template <class Type, class Ch>
-concept NumberNotCharacter =
-    (std::is_arithmetic_v<Type> || std::is_enum_v<Type>)&&!std::same_as<Type, Ch> &&
-    !std::same_as<Type, char>;
+concept NumberNotCharacter = (std::is_arithmetic_v<Type> ||
+                              std::is_enum_v<Type>)&&!std::same_as<Type, Ch> &&
+                             !std::same_as<Type, char>;
 
 } // namespace quorvel
 

@@ -4,8 +4,10 @@
 // is the part of it that public signatures use, with the same names, widths and values, and in
 // namespace quorvel::win32 the operations that a host needs beside them (linux_api.h).
 //
-// It comes before any other header of the library. Text is UTF-16 on both systems: WCHAR is wchar_t
-// on Windows and char16_t on Linux, and _T("...") is a literal of it.
+// It comes before any other header of the library, and before or after any header of the system or
+// of another library. Text is UTF-16 on both systems: WCHAR is wchar_t on Windows and char16_t on
+// Linux, and _T("...") is a literal of it. TCHAR is WCHAR, on Windows in sources compiled with
+// UNICODE, which the CMake package defines.
 #pragma once
 
 #include <quorvel/platform/export.h>
@@ -14,6 +16,11 @@
 
 #ifndef NOMINMAX
 #define NOMINMAX
+#endif
+// A host may have included <windows.h>, and with it the first Winsock. winsock2.h then adds the
+// second and warns, which is all that it uses this macro for; it defines it again.
+#ifndef _WINSOCK2API_
+#undef _WINSOCKAPI_
 #endif
 // clang-format off: each of these needs those above it
 #include <winsock2.h>

@@ -1,6 +1,8 @@
-// Loads the installed library and uses a class, a function and a text of it.
+// Loads the installed library and uses a class, a function and a text of it, and what a public
+// header includes.
 #include <quorvel/framework/string.h>
 #include <quorvel/res/message_ids.h>
+#include <quorvel/util/compression/zstream.h>
 
 #include <cstdio>
 
@@ -11,6 +13,10 @@ int main() {
         return 1;
     if (!text.LoadString(quorvel::kTextExceptionMemory) || text != _T("Out of memory."))
         return 2;
+    CZStream stream;
+    if (!stream.DeflateInit(6) || deflateBound(&stream, 100) < 100)
+        return 3;
+    stream.DeflateEnd();
     std::puts("consumer: the installed library works");
     return 0;
 }

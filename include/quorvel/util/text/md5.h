@@ -9,6 +9,8 @@
 
 #include <cstddef>
 
+namespace quorvel {
+
 // The state between two updates.
 struct MD5_CTX {
     DWORD state[4];
@@ -16,11 +18,21 @@ struct MD5_CTX {
     BYTE block[64];   // what does not fill a block yet
 };
 
+} // namespace quorvel
+
+// <openssl/md5.h> has a type of this name for itself. A source that includes both says
+// quorvel::MD5_CTX, and then the bare name is OpenSSL's. That is so by itself where OpenSSL's
+// header comes first. Where it comes later, QUORVEL_NO_MD5_CTX is defined before this header: a
+// name once declared cannot be withdrawn.
+#if !defined(QUORVEL_NO_MD5_CTX) && !defined(OPENSSL_MD5_H) && !defined(HEADER_MD5_H)
+using quorvel::MD5_CTX;
+#endif
+
 // The digest step by step. A null context does nothing, nor does null data; finishing clears the
 // context.
-QUORVEL_API void AfxMD5Init(MD5_CTX* context);
-QUORVEL_API void AfxMD5Update(MD5_CTX* context, const BYTE* data, unsigned int length);
-QUORVEL_API void AfxMD5Final(BYTE digest[16], MD5_CTX* context);
+QUORVEL_API void AfxMD5Init(quorvel::MD5_CTX* context);
+QUORVEL_API void AfxMD5Update(quorvel::MD5_CTX* context, const BYTE* data, unsigned int length);
+QUORVEL_API void AfxMD5Final(BYTE digest[16], quorvel::MD5_CTX* context);
 
 // FALSE for a null pointer, null data of length 0 included.
 QUORVEL_API BOOL AfxGenerateMD5Digest(const BYTE* data, unsigned int length, BYTE digest[16]);

@@ -57,18 +57,18 @@ int LookupError(int error) {
 }
 
 int ResolveBySystem(const std::string& name, std::vector<ULONG>& addresses) {
-    ::addrinfo hints = {};
+    addrinfo hints = {};
     hints.ai_family = AF_INET;
     hints.ai_socktype = SOCK_STREAM;
-    ::addrinfo* found = nullptr;
+    addrinfo* found = nullptr;
     char thisHost[HOST_NAME_MAX + 1] = {};
     if (name.empty())
         gethostname(thisHost, sizeof thisHost - 1);
     const int error = getaddrinfo(name.empty() ? thisHost : name.c_str(), nullptr, &hints, &found);
     if (error != 0)
         return LookupError(error);
-    for (const ::addrinfo* each = found; each != nullptr; each = each->ai_next)
-        addresses.push_back(reinterpret_cast<const ::sockaddr_in*>(each->ai_addr)->sin_addr.s_addr);
+    for (const addrinfo* each = found; each != nullptr; each = each->ai_next)
+        addresses.push_back(reinterpret_cast<const sockaddr_in*>(each->ai_addr)->sin_addr.s_addr);
     freeaddrinfo(found);
     return 0;
 }
@@ -77,20 +77,19 @@ int ResolveBySystem(const std::string& name, std::vector<ULONG>& addresses) {
 // written, when there is no room for it.
 bool WriteHost(const Request& request, const std::vector<ULONG>& addresses, std::size_t& length) {
     const std::size_t pointers = addresses.size() + 2; // each list has a null at its end
-    const std::size_t fixed = sizeof(win32::hostent) + pointers * sizeof(char*);
+    const std::size_t fixed = sizeof(hostent) + pointers * sizeof(char*);
     length = fixed + addresses.size() * sizeof(ULONG) + request.name.size() + 1;
     if (length > static_cast<std::size_t>(request.length))
         return false;
     std::memset(request.buffer, 0, length);
-    char** const list = reinterpret_cast<char**>(request.buffer + sizeof(win32::hostent));
+    char** const list = reinterpret_cast<char**>(request.buffer + sizeof(hostent));
     char* address = request.buffer + fixed;
     for (std::size_t i = 0; i < addresses.size(); ++i, address += sizeof(ULONG)) {
         std::memcpy(address, &addresses[i], sizeof(ULONG));
         list[i] = address;
     }
     std::memcpy(address, request.name.c_str(), request.name.size() + 1);
-    const win32::hostent host = {address, list + addresses.size() + 1, static_cast<SHORT>(AF_INET),
-                                 sizeof(ULONG), list};
+    const hostent host = {address, list + addresses.size() + 1, AF_INET, sizeof(ULONG), list};
     std::memcpy(request.buffer, &host, sizeof host);
     return true;
 }

@@ -31,22 +31,21 @@ int Checked(int result) {
 // An address on its way to the system.
 class NativeAddress {
 public:
-    NativeAddress(const win32::sockaddr* address, int length) {
+    NativeAddress(const sockaddr* address, int length) {
         const std::size_t size = static_cast<std::size_t>(std::max(length, 0));
-        if (address == nullptr || size < sizeof(::sockaddr_in)) {
+        if (address == nullptr || size < sizeof(sockaddr_in)) {
             m_error = WSAEFAULT;
             return;
         }
         std::memcpy(&m_storage, address, std::min(size, sizeof m_storage));
-        if (m_storage.ss_family == AF_INET6 && size >= sizeof(::sockaddr_in6))
-            m_storage.ss_family = posix::kFamily6;
-        else if (m_storage.ss_family != AF_INET)
+        if (m_storage.ss_family != AF_INET &&
+            (m_storage.ss_family != AF_INET6 || size < sizeof(sockaddr_in6)))
             m_error = WSAEAFNOSUPPORT;
         m_length = static_cast<socklen_t>(std::min(size, sizeof m_storage));
     }
 
     int Error() const { return m_error; }
-    const ::sockaddr* Get() const { return reinterpret_cast<const ::sockaddr*>(&m_storage); }
+    const sockaddr* Get() const { return reinterpret_cast<const sockaddr*>(&m_storage); }
     socklen_t Length() const { return m_length; }
 
 private:
@@ -58,14 +57,12 @@ private:
 // The address that `call` gets from the system, for a program that may want none. The result is
 // that of the call; 10014 for a buffer that is too small.
 template <class Call>
-int GetAddress(win32::sockaddr* address, int* length, Call call) {
+int GetAddress(sockaddr* address, int* length, Call call) {
     sockaddr_storage storage = {};
     socklen_t size = sizeof storage;
-    const int result = call(reinterpret_cast<::sockaddr*>(&storage), &size);
+    const int result = call(reinterpret_cast<sockaddr*>(&storage), &size);
     if (result < 0 || address == nullptr || length == nullptr)
         return result;
-    if (storage.ss_family == posix::kFamily6)
-        storage.ss_family = AF_INET6;
     if (*length < static_cast<int>(size)) {
         errno = EFAULT;
         return FailCall(WSAEFAULT);
@@ -245,8 +242,7 @@ SOCKET socket(int family, int type, int protocol) {
         return FailSocket(WSAEAFNOSUPPORT);
     if (type != SOCK_STREAM && type != SOCK_DGRAM)
         return FailSocket(WSAESOCKTNOSUPPORT);
-    const int descriptor = ::socket(family == AF_INET6 ? posix::kFamily6 : AF_INET,
-                                    type | SOCK_NONBLOCK | SOCK_CLOEXEC, protocol);
+    const int descriptor = ::socket(family, type | SOCK_NONBLOCK | SOCK_CLOEXEC, protocol);
     if (descriptor < 0)
         return FailSocket(SocketError(errno));
     return NewSocket(std::make_shared<Socket>(descriptor, type == SOCK_STREAM));
@@ -293,7 +289,7 @@ SOCKET accept(SOCKET handle, sockaddr* address, int* length) {
         return INVALID_SOCKET;
     if (address != nullptr && length != nullptr && *length < static_cast<int>(sizeof(sockaddr_in)))
         return FailSocket(WSAEFAULT);
-    const int descriptor = GetAddress(address, length, [&](::sockaddr* native, socklen_t* size) {
+    const int descriptor = GetAddress(address, length, [&](sockaddr* native, socklen_t* size) {
         const auto call = [&] {
             return ::accept4(listener->Descriptor(), native, size, SOCK_NONBLOCK | SOCK_CLOEXEC);
         };
@@ -347,7 +343,7 @@ int recvfrom(SOCKET handle, char* buffer, int length, int flags, sockaddr* addre
         return SOCKET_ERROR;
     iovec part = {buffer, static_cast<std::size_t>(length)};
     bool truncated = false;
-    const auto receive = [&](::sockaddr* native, socklen_t* size) {
+    const auto receive = [&](sockaddr* native, socklen_t* size) {
         msghdr message = {};
         message.msg_name = native;
         message.msg_namelen = *size;
@@ -362,9 +358,9 @@ int recvfrom(SOCKET handle, char* buffer, int length, int flags, sockaddr* addre
         if (address == nullptr || addressLength == nullptr) {
             sockaddr_storage ignored;
             socklen_t size = sizeof ignored;
-            return receive(reinterpret_cast<::sockaddr*>(&ignored), &size);
+            return receive(reinterpret_cast<sockaddr*>(&ignored), &size);
         }
-        return GetAddress(address, addressLength, [&](::sockaddr* native, socklen_t* size) {
+        return GetAddress(address, addressLength, [&](sockaddr* native, socklen_t* size) {
             return static_cast<int>(receive(native, size));
         });
     });
@@ -436,9 +432,9 @@ int getsockname(SOCKET handle, sockaddr* address, int* length) {
         return SOCKET_ERROR;
     if (address == nullptr || length == nullptr)
         return FailCall(WSAEFAULT);
-    return GetAddress(address, length, [&](::sockaddr* native, socklen_t* size) {
+    return GetAddress(address, length, [&](sockaddr* native, socklen_t* size) {
         const int result = Checked(::getsockname(socket->Descriptor(), native, size));
-        const bool isBound = reinterpret_cast<const ::sockaddr_in*>(native)->sin_port != 0;
+        const bool isBound = reinterpret_cast<const sockaddr_in*>(native)->sin_port != 0;
         return result < 0 || isBound ? result : FailCall(WSAEINVAL);
     });
 }
@@ -449,25 +445,13 @@ int getpeername(SOCKET handle, sockaddr* address, int* length) {
         return SOCKET_ERROR;
     if (address == nullptr || length == nullptr)
         return FailCall(WSAEFAULT);
-    return GetAddress(address, length, [&](::sockaddr* native, socklen_t* size) {
+    return GetAddress(address, length, [&](sockaddr* native, socklen_t* size) {
         return Checked(::getpeername(socket->Descriptor(), native, size));
     });
 }
 
-USHORT htons(USHORT number) {
-    return __builtin_bswap16(number);
-}
-
-USHORT ntohs(USHORT number) {
-    return __builtin_bswap16(number);
-}
-
-ULONG htonl(ULONG number) {
-    return __builtin_bswap32(number);
-}
-
 ULONG inet_addr(const char* text) {
-    ::in_addr address;
+    in_addr address;
     return text != nullptr && ::inet_aton(text, &address) != 0 ? address.s_addr : 0xffffffff;
 }
 

@@ -2,7 +2,10 @@
 //
 // Descriptors never block; a call on a socket in blocking mode waits for its descriptor, and ends
 // with 10004 when the socket is closed meanwhile. Families are AF_INET and AF_INET6. Errors of a
-// call are the last error, as on Windows.
+// call are the last error, as on Windows. Addresses, options and their numbers are the system's.
+//
+// POSIX declares functions of these names in the global namespace. There a call is written with
+// quorvel::win32, on both systems: an unqualified or a global one can mean the system's.
 #pragma once
 
 #include <quorvel/platform/sockets.h>
@@ -21,17 +24,6 @@ struct WSADATA {
 struct WSANETWORKEVENTS {
     LONG lNetworkEvents;
     int iErrorCode[FD_MAX_EVENTS];
-};
-struct linger {
-    USHORT l_onoff;
-    USHORT l_linger;
-};
-struct hostent {
-    char* h_name;
-    char** h_aliases;
-    SHORT h_addrtype;
-    SHORT h_length;
-    char** h_addr_list;
 };
 
 // Versions 1.0 to 2.2 as asked for; anything later gives 2.2.
@@ -60,9 +52,6 @@ int setsockopt(SOCKET socket, int level, int option, const char* value, int leng
 int getsockname(SOCKET socket, sockaddr* address, int* length);
 int getpeername(SOCKET socket, sockaddr* address, int* length);
 
-USHORT htons(USHORT number);
-USHORT ntohs(USHORT number);
-ULONG htonl(ULONG number);
 ULONG inet_addr(const char* text);
 char* inet_ntoa(in_addr address); // good until the thread's next call
 

@@ -65,13 +65,13 @@ NetworkEvents::Conditions Socket::ConditionsOf(short polled) {
     const bool connected = m_events.GetKind() == NetworkEvents::Kind::kConnected;
     if (conditions.end || conditions.hangUp || (conditions.data && connected)) {
         int bytes = 0;
-        conditions.data = ioctl(m_descriptor, posix::kBytesToRead, &bytes) == 0 && bytes > 0;
+        conditions.data = ioctl(m_descriptor, FIONREAD, &bytes) == 0 && bytes > 0;
     }
     const bool connecting = m_events.GetKind() == NetworkEvents::Kind::kConnecting;
     if (conditions.hangUp || connecting) {
         int error = 0;
         socklen_t length = sizeof error;
-        ::getsockopt(m_descriptor, posix::kSocketLevel, posix::kError, &error, &length);
+        ::getsockopt(m_descriptor, SOL_SOCKET, SO_ERROR, &error, &length);
         const int found = error != 0 ? SocketError(error) : 0;
         if (found != 0)
             m_error = found;
@@ -203,7 +203,7 @@ bool Socket::SetSharesAddress(bool shares) {
 
 bool ShareAddress(int descriptor, bool share) {
     const int on = share;
-    return ::setsockopt(descriptor, posix::kSocketLevel, posix::kReuseAddress, &on, sizeof on) == 0;
+    return ::setsockopt(descriptor, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on) == 0;
 }
 
 void Socket::SetDone(bool Done::*what) {

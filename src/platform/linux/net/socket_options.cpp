@@ -15,16 +15,10 @@ namespace {
 struct Option {
     int level;
     int option;
-    int nativeLevel;
-    int nativeOption;
 };
 constexpr Option kOptions[] = {
-    {SOL_SOCKET, SO_KEEPALIVE, posix::kSocketLevel, posix::kKeepAlive},
-    {SOL_SOCKET, SO_BROADCAST, posix::kSocketLevel, posix::kBroadcast},
-    {SOL_SOCKET, SO_SNDBUF, posix::kSocketLevel, posix::kSendBuffer},
-    {SOL_SOCKET, SO_RCVBUF, posix::kSocketLevel, posix::kReceiveBuffer},
-    {SOL_SOCKET, SO_TYPE, posix::kSocketLevel, posix::kType},
-    {IPPROTO_TCP, TCP_NODELAY, IPPROTO_TCP, TCP_NODELAY},
+    {SOL_SOCKET, SO_KEEPALIVE}, {SOL_SOCKET, SO_BROADCAST}, {SOL_SOCKET, SO_SNDBUF},
+    {SOL_SOCKET, SO_RCVBUF},    {SOL_SOCKET, SO_TYPE},      {IPPROTO_TCP, TCP_NODELAY},
 };
 
 const Option* FindOption(int level, int option) {
@@ -45,26 +39,20 @@ bool IsFlag(int level, int option) {
 }
 
 int GetLinger(Socket& socket, char* value, int* length) {
-    if (*length < static_cast<int>(sizeof(win32::linger)))
+    if (*length < static_cast<int>(sizeof(linger)))
         return FailCall(WSAEFAULT);
-    ::linger native = {};
-    socklen_t size = sizeof native;
-    ::getsockopt(socket.Descriptor(), posix::kSocketLevel, posix::kLinger, &native, &size);
-    const win32::linger result = {static_cast<USHORT>(native.l_onoff),
-                                  static_cast<USHORT>(native.l_linger)};
+    linger result = {};
+    socklen_t size = sizeof result;
+    ::getsockopt(socket.Descriptor(), SOL_SOCKET, SO_LINGER, &result, &size);
     std::memcpy(value, &result, sizeof result);
     *length = sizeof result;
     return 0;
 }
 
 int SetLinger(Socket& socket, const char* value, int length) {
-    win32::linger asked;
-    if (length < static_cast<int>(sizeof asked))
+    if (length < static_cast<int>(sizeof(linger)))
         return FailCall(WSAEFAULT);
-    std::memcpy(&asked, value, sizeof asked);
-    const ::linger native = {asked.l_onoff, asked.l_linger};
-    return ::setsockopt(socket.Descriptor(), posix::kSocketLevel, posix::kLinger, &native,
-                        sizeof native) == 0
+    return ::setsockopt(socket.Descriptor(), SOL_SOCKET, SO_LINGER, value, sizeof(linger)) == 0
                ? 0
                : FailCall(SocketError(errno));
 }
@@ -86,7 +74,7 @@ int ioctlsocket(SOCKET handle, LONG command, ULONG* argument) {
     if (command != FIONREAD)
         return FailCall(WSAEOPNOTSUPP);
     int bytes = 0;
-    if (::ioctl(socket->Descriptor(), posix::kBytesToRead, &bytes) != 0)
+    if (::ioctl(socket->Descriptor(), FIONREAD, &bytes) != 0)
         return FailCall(SocketError(errno));
     *argument = static_cast<ULONG>(bytes);
     return 0;
@@ -110,8 +98,7 @@ int getsockopt(SOCKET handle, int level, int option, char* value, int* length) {
         return FailCall(WSAENOPROTOOPT);
     } else {
         socklen_t size = sizeof number;
-        if (::getsockopt(socket->Descriptor(), known->nativeLevel, known->nativeOption, &number,
-                         &size) != 0)
+        if (::getsockopt(socket->Descriptor(), known->level, known->option, &number, &size) != 0)
             return FailCall(SocketError(errno));
         if (IsBufferSize(*known))
             number /= 2; // the system doubles what it is told
@@ -142,7 +129,7 @@ int setsockopt(SOCKET handle, int level, int option, const char* value, int leng
     std::memcpy(&number, value, std::min(static_cast<std::size_t>(length), sizeof number));
     if (sharesAddress)
         return socket->SetSharesAddress(number != 0) ? 0 : FailCall(SocketError(errno));
-    return ::setsockopt(socket->Descriptor(), known->nativeLevel, known->nativeOption, &number,
+    return ::setsockopt(socket->Descriptor(), known->level, known->option, &number,
                         sizeof number) == 0
                ? 0
                : FailCall(SocketError(errno));
