@@ -1,0 +1,59 @@
+// Headers of the system and of other libraries that a host includes beside ours, before or after
+// them. What is not installed is skipped.
+#if defined(_WIN32)
+
+#include <winsock2.h>
+#include <windows.h>
+#include <ws2tcpip.h>
+
+#include <shlobj.h>
+#include <wincrypt.h>
+
+#else
+
+#include <arpa/inet.h>
+#include <arpa/nameser.h> // has a macro DELETE
+#include <fcntl.h>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#if __has_include(<openssl/md5.h>)
+#include <openssl/md5.h>
+#define HAS_OTHER_MD5
+#else
+#pragma message("skipped: openssl/md5.h")
+#endif
+#if __has_include(<curl/curl.h>)
+#include <curl/curl.h>
+#else
+#pragma message("skipped: curl/curl.h")
+#endif
+#if __has_include(<sqlite3.h>)
+#include <sqlite3.h>
+#else
+#pragma message("skipped: sqlite3.h")
+#endif
+#if __has_include(<unicode/ustring.h>)
+#include <unicode/ustring.h>
+#else
+#pragma message("skipped: unicode/ustring.h")
+#endif
+#if __has_include(<boost/asio/ip/tcp.hpp>)
+#include <boost/asio/ip/tcp.hpp>
+#else
+#pragma message("skipped: boost/asio/ip/tcp.hpp")
+#endif
+#if __has_include(<X11/Xlib.h>)
+#include <X11/Xlib.h>
+#else
+#pragma message("skipped: X11/Xlib.h")
+#endif
+
+#endif
