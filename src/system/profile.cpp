@@ -1,6 +1,7 @@
 #include <quorvel/system/profile.h>
 
 #include "framework/scoped_key.h"
+#include "system/profile_text.h"
 #include "util/text/no_throw.h"
 
 #include <cstring>
@@ -59,24 +60,6 @@ Number ReadNumber(HKEY key, const WCHAR* name, DWORD wantedKind, Number defaultV
     return isRead && kind == wantedKind && size == sizeof value ? value : defaultValue;
 }
 
-// Of data with an odd number of bytes the last one does not count.
-bool ReadText(HKEY key, const WCHAR* name, CString& text) {
-    DWORD kind = REG_NONE;
-    DWORD size = 0;
-    if (RegQueryValueExW(key, name, nullptr, &kind, nullptr, &size) != ERROR_SUCCESS ||
-        kind != REG_SZ)
-        return false;
-    const int units = static_cast<int>(size / sizeof(WCHAR)) + 1; // room for an odd byte
-    WCHAR* const buffer = text.GetBuffer(units);
-    size = static_cast<DWORD>(units * sizeof(WCHAR));
-    const bool isRead = RegQueryValueExW(key, name, nullptr, &kind, reinterpret_cast<BYTE*>(buffer),
-                                         &size) == ERROR_SUCCESS &&
-                        kind == REG_SZ;
-    buffer[isRead ? size / sizeof(WCHAR) : 0] = 0;
-    text.ReleaseBuffer();
-    return isRead;
-}
-
 // A default that cannot be copied for want of memory is empty.
 CString CopyOf(const WCHAR* text) {
     CString copy;
@@ -115,6 +98,23 @@ struct StoredDate {
 };
 
 } // namespace
+
+bool quorvel::ReadProfileText(HKEY key, const WCHAR* name, CString& text) {
+    DWORD kind = REG_NONE;
+    DWORD size = 0;
+    if (RegQueryValueExW(key, name, nullptr, &kind, nullptr, &size) != ERROR_SUCCESS ||
+        kind != REG_SZ)
+        return false;
+    const int units = static_cast<int>(size / sizeof(WCHAR)) + 1; // room for an odd byte
+    WCHAR* const buffer = text.GetBuffer(units);
+    size = static_cast<DWORD>(units * sizeof(WCHAR));
+    const bool isRead = RegQueryValueExW(key, name, nullptr, &kind, reinterpret_cast<BYTE*>(buffer),
+                                         &size) == ERROR_SUCCESS &&
+                        kind == REG_SZ;
+    buffer[isRead ? size / sizeof(WCHAR) : 0] = 0;
+    text.ReleaseBuffer();
+    return isRead;
+}
 
 BOOL AfxWriteProfileDWord(HKEY key, const WCHAR* name, DWORD value) {
     return Write(key, name, REG_DWORD, &value, sizeof value);
@@ -212,7 +212,7 @@ CString AfxGetProfileString(HKEY key, const WCHAR* name, const WCHAR* defaultVal
     CString text;
     if (key == nullptr || name == nullptr || defaultValue == nullptr)
         return text;
-    const auto read = [&] { return ReadText(key, name, text); };
+    const auto read = [&] { return quorvel::ReadProfileText(key, name, text); };
     return quorvel::WithoutException(read) ? text : CopyOf(defaultValue);
 }
 

@@ -1,0 +1,286 @@
+#include <quorvel/controls/auto_complete_mru_list.h>
+
+#include <quorvel/framework/app.h>
+#include <quorvel/system/profile.h>
+
+#include "controls/text_copies.h"
+#include "support/registry.h"
+#include "support/test.h"
+
+#include <thread>
+
+using namespace quorvel::win32;
+
+namespace {
+
+typedef CAutoCompleteMRUList List;
+
+const WCHAR* const kNoText = nullptr;
+const HKEY kNoKey = nullptr;
+
+// The elements of a copy from the first on, with a bar behind each.
+CString TextsOf(List list) {
+    CString texts;
+    for (list.Reset(); list.GetRemainingElements() > 0; list.Skip(1))
+        texts += list.GetCurrentElement() + _T("|");
+    return texts;
+}
+
+List ListOf(std::initializer_list<const WCHAR*> texts) {
+    List list;
+    for (const WCHAR* const text : texts)
+        list.AddElement(text);
+    return list;
+}
+
+// What one call of Next does: its result, the number it reports, and the texts, which are freed.
+struct Fetched {
+    HRESULT result;
+    ULONG count;
+    CString texts;
+    friend bool operator==(const Fetched&, const Fetched&) = default;
+};
+void PrintTo(const Fetched& fetched, std::ostream* stream) {
+    *stream << std::hex << fetched.result << ", " << fetched.count << ", ";
+    PrintTo(fetched.texts, stream);
+}
+Fetched Next(IEnumString& list, ULONG count) {
+    WCHAR* texts[60] = {};
+    Fetched fetched = {S_OK, 77, CString()};
+    fetched.result = list.Next(count, texts, &fetched.count);
+    for (WCHAR* const text : texts) {
+        if (text != nullptr)
+            fetched.texts += CString(text) + _T("|");
+        CoTaskMemFree(text);
+    }
+    return fetched;
+}
+
+CString Numbered(int from, int to) {
+    CString texts;
+    for (int i = from; i >= to; --i)
+        texts.AppendFormat(_T("%d|"), i);
+    return texts;
+}
+
+} // namespace
+
+TEST(MRUList, KeepsTheLatestFirst) {
+    List twenty;
+    for (int i = 1; i <= 21; ++i) {
+        CString text;
+        text.Format(_T("%d"), i);
+        EXPECT_TRUE(twenty.AddElement(text));
+    }
+    List five = twenty;
+    EXPECT_TRUE(five.SetSizeLimit(5));
+    List removed = ListOf({_T("a"), _T("b"), _T("c")});
+    ExpectCases<BOOL>({
+        CASE(five.SetSizeLimit(0), FALSE),
+        CASE(five.SetSizeLimit(51), FALSE),
+        CASE(twenty.SetSizeLimit(50), TRUE),
+        CASE(removed.AddElement(nullptr), FALSE),
+        CASE(removed.AddElement(_T("")), FALSE),
+        CASE(removed.AddElement(_T(" \t ")), FALSE),
+        CASE(removed.RemoveElement(_T("b")), TRUE),
+        CASE(removed.RemoveElement(_T("A")), FALSE),
+        CASE(removed.RemoveElement(nullptr), FALSE),
+    });
+    EXPECT_EQ(five.GetSizeLimit(), 5u);
+    EXPECT_TRUE(five.AddElement(_T("x")));
+    ExpectCases<CString>({
+        CASE(TextsOf(ListOf({_T("a"), _T("b"), _T("a")})), _T("a|b|")),
+        CASE(TextsOf(ListOf({_T("a"), _T("b"), _T("c"), _T("b")})), _T("b|c|a|")),
+        CASE(TextsOf(ListOf({_T("abc"), _T("Abc")})), _T("Abc|abc|")),
+        CASE(TextsOf(ListOf({_T(" x ")})), _T(" x |")),
+        CASE(TextsOf(twenty), Numbered(21, 2)),
+        CASE(TextsOf(five), _T("x|") + Numbered(21, 18)),
+        CASE(TextsOf(removed), _T("c|a|")),
+    });
+}
+
+TEST(MRUList, EnumeratesFromASharedPosition) {
+    List list = ListOf({_T("b"), _T("a")});
+    List empty;
+    WCHAR* text = nullptr;
+    ULONG fetched = 7;
+    ExpectCases<Fetched>({
+        CASE(Next(list, 0), (Fetched{E_INVALIDARG, 0, _T("")})),
+        CASE(Next(list, 3), (Fetched{S_FALSE, 2, _T("a|b|")})),
+        CASE(Next(list, 3), (Fetched{S_FALSE, 0, _T("")})),
+        CASE(Next(empty, 1), (Fetched{E_FAIL, 0, _T("")})),
+    });
+    ExpectCases<HRESULT>({
+        CASE(list.Next(1, nullptr, &fetched), E_POINTER),
+        CASE(list.Next(2, &text, nullptr), E_POINTER),
+        CASE(list.Skip(1), S_FALSE),
+        CASE(list.Reset(), S_OK),
+        CASE(list.Skip(0), E_INVALIDARG),
+        CASE(list.Skip(1), S_OK),
+        CASE(list.Next(1, &text, nullptr), S_OK),
+    });
+    EXPECT_EQ(fetched, 0u);
+    EXPECT_EQ(CString(text), _T("b"));
+    CoTaskMemFree(text);
+
+    // The position stays where it was, past the end of what is left.
+    list.RemoveAllElements();
+    list.AddElement(_T("c"));
+    EXPECT_EQ(list.GetRemainingElements(), 0u);
+    EXPECT_EQ(list.GetCurrentElement(), _T(""));
+    EXPECT_EQ(Next(list, 2), (Fetched{S_FALSE, 0, _T("")}));
+    EXPECT_EQ(list.Skip(0xffffffff), S_FALSE);
+    list.Reset();
+    EXPECT_EQ(list.GetCurrentElement(), _T("c"));
+}
+
+// The sanitizers see an object that is freed too early or never.
+TEST(MRUList, EndsWithItsLastReference) {
+    List* const list = new List(ListOf({_T("b"), _T("a")}));
+    EXPECT_EQ(list->AddRef(), 1u);
+    void* found = list;
+    IEnumString* copy = nullptr;
+    ExpectCases<HRESULT>({
+        CASE(list->QueryInterface(IID_IUnknown, nullptr), E_POINTER),
+        CASE(list->QueryInterface(IID(), &found), E_NOINTERFACE),
+        CASE(list->Clone(nullptr), E_INVALIDARG),
+        CASE(list->Skip(1), S_OK),
+        CASE(list->Clone(&copy), S_OK),
+    });
+    EXPECT_EQ(found, nullptr);
+    for (const IID& id : {IID_IUnknown, IID_IEnumString}) {
+        EXPECT_EQ(list->QueryInterface(id, &found), S_OK);
+        EXPECT_EQ(found, list);
+        EXPECT_EQ(static_cast<IUnknown*>(found)->Release(), 1u);
+    }
+    std::thread counter([list] {
+        for (int i = 0; i < 10000; ++i)
+            list->AddRef();
+    });
+    for (int i = 0; i < 10000; ++i)
+        list->AddRef();
+    counter.join();
+    for (ULONG left = 20000; left >= 1; --left)
+        ASSERT_EQ(list->Release(), left);
+    list->Reset();
+    EXPECT_EQ(list->Release(), 0u);
+
+    EXPECT_EQ(Next(*copy, 2),
+              (Fetched{S_FALSE, 1, _T("b|")})); // its position and texts are its own
+    EXPECT_EQ(copy->Release(), 0u);
+}
+
+TEST(MRUList, FreesTheCopiesMadeBeforeMemoryRanOut) {
+    static int s_left;
+    const CString texts[] = {_T("a"), _T("b"), _T("c")};
+    WCHAR* copies[3] = {};
+    s_left = 2;
+    EXPECT_FALSE(quorvel::CopyTexts(texts, 3, copies, [](SIZE_T size) WINAPI {
+        return s_left-- > 0 ? CoTaskMemAlloc(size) : nullptr;
+    }));
+    for (const WCHAR* const copy : copies)
+        EXPECT_EQ(copy, nullptr);
+}
+
+TEST(MRUList, StoresATextForEachPosition) {
+    const TestKey test;
+    CWinApp app(_T("Program"));
+    app.SetRegistryKey(test.Path().Mid(9)); // below Software
+    List five = ListOf({_T("5"), _T("4"), _T("3"), _T("2"), _T("1")});
+    List three = ListOf({_T("c"), _T("b"), _T("a")});
+    List loaded = ListOf({_T("former")});
+    EXPECT_TRUE(five.SaveState(test.Get(), FALSE));
+    EXPECT_TRUE(three.SaveState(test.Get(), FALSE));
+    EXPECT_TRUE(loaded.LoadState(test.Get(), FALSE));
+    EXPECT_EQ(TextsOf(loaded), _T("a|b|c|4|5|")); // those of the longer list stay
+    DWORD kind = 0;
+    DWORD size = 8;
+    WCHAR bytes[4] = {'?', '?', '?', '?'};
+    EXPECT_EQ(RegQueryValueExW(test.Get(), _T("MRU 1"), nullptr, &kind,
+                               reinterpret_cast<BYTE*>(bytes), &size),
+              0);
+    EXPECT_EQ(kind, REG_SZ);
+    EXPECT_EQ(Wide(bytes, 4), Wide(_T("a\0??"), 4));
+    EXPECT_EQ(size, 4u);
+
+    EXPECT_TRUE(five.SaveState(_T("s\\t")));
+    EXPECT_TRUE(three.SaveState(_T("s\\t")));
+    EXPECT_EQ(app.GetProfileString(_T("s\\t"), _T("MRU 4")), _T("4"));
+    EXPECT_TRUE(loaded.SetSizeLimit(4));
+    EXPECT_TRUE(loaded.LoadState(_T("s\\t")));
+    EXPECT_EQ(TextsOf(loaded), _T("a|b|c|4|"));
+
+    EXPECT_TRUE(List().SaveState(test.Get(), FALSE));
+    ExpectCases<BOOL>({
+        CASE(loaded.SaveState(kNoKey, TRUE), FALSE),
+        CASE(loaded.LoadState(kNoKey, TRUE), FALSE),
+        CASE(loaded.SaveState(kNoText), FALSE),
+        CASE(loaded.LoadState(kNoText), FALSE),
+        CASE(loaded.SaveState(_T("")), FALSE),
+        CASE(loaded.LoadState(_T("")), FALSE),
+    });
+    EXPECT_EQ(loaded.GetElementCount(), 4u); // a refusal changes nothing
+}
+
+TEST(MRUList, TakesWhatOthersWrote) {
+    const TestKey test;
+    CWinApp app(_T("Program"));
+    app.SetRegistryKey(test.Path().Mid(9));
+    HKEY section = app.GetSectionKey(_T("s"));
+    const std::string megabyte(1024 * 1024, 'x');
+    for (const HKEY key : {test.Get(), section}) {
+        TestKey::Set(key, _T("MRU 1"), REG_SZ, megabyte);
+        TestKey::Set(key, _T("MRU 2"), REG_DWORD, "1234");
+        TestKey::Set(key, _T("MRU 4"), REG_SZ, std::string("a\0b", 3)); // half a character follows
+        TestKey::Set(key, _T("MRU 5"), REG_SZ, std::string(" \0\0\0", 4));
+        TestKey::Set(key, _T("MRU 6"), REG_SZ, std::string("a\0\0\0b\0", 6));
+        TestKey::Set(key, _T("MRU 7"), REG_SZ, "");
+        TestKey::Set(key, _T("MRU 21"), REG_SZ, std::string("z\0\0\0", 4));
+    }
+    List list;
+    EXPECT_TRUE(list.LoadState(test.Get(), FALSE));
+    EXPECT_EQ(list.GetCurrentElement().GetLength(), 512 * 1024);
+    list.RemoveElement(list.GetCurrentElement());
+    EXPECT_EQ(TextsOf(list), _T("a| |a||")); // neither checked nor compared
+    // In a key no text of white space is written, so that of the position stays as it was.
+    HKEY other = nullptr;
+    RegCreateKeyExW(test.Get(), _T("other"), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &other,
+                    nullptr);
+    EXPECT_TRUE(list.SaveState(other, FALSE));
+    EXPECT_EQ(AfxGetProfileString(other, _T("MRU 2"), _T("none")), _T("none"));
+    EXPECT_EQ(AfxGetProfileString(other, _T("MRU 3"), _T("none")), _T("a"));
+    RegCloseKey(other);
+    EXPECT_TRUE(list.SaveState(_T("t")));
+    EXPECT_EQ(app.GetProfileString(_T("t"), _T("MRU 2")), _T(" "));
+    EXPECT_EQ(app.GetProfileString(_T("t"), _T("MRU 4"), _T("none")), _T("none"));
+
+    EXPECT_TRUE(list.LoadState(_T("s"))); // valid ones only
+    list.RemoveElement(list.GetCurrentElement());
+    EXPECT_EQ(TextsOf(list), _T("a|a|"));
+    RegCloseKey(section);
+}
+
+TEST(MRUList, ClosesTheKeyWhenAskedTo) {
+    const TestKey test;
+    List list = ListOf({_T("a"), _T("b")});
+    typedef BOOL (List::*Operation)(HKEY, BOOL);
+    const struct {
+        Operation operation;
+        REGSAM access;
+        BOOL expected;
+    } rows[] = {
+        {&List::SaveState, KEY_WRITE, TRUE},
+        {&List::SaveState, KEY_READ, FALSE},
+        {&List::LoadState, KEY_READ, TRUE},
+        {&List::LoadState, KEY_WRITE, TRUE},
+    };
+    for (const auto& row : rows) {
+        HKEY key = nullptr;
+        ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, test.Path(), 0, row.access, &key), 0);
+        EXPECT_EQ((list.*row.operation)(key, TRUE), row.expected);
+        EXPECT_NE(RegCloseKey(key), 0) << row.access; // closed already
+    }
+    // Without an application object there is no profile.
+    EXPECT_FALSE(list.SaveState(_T("s")));
+    EXPECT_FALSE(list.LoadState(_T("s")));
+}
