@@ -1,0 +1,165 @@
+// Saving and loading the state of columns.
+//
+// A state may come from another list or from anybody: numbers are taken as what they are compared
+// with, never as how often to do something.
+#include "controls/columns.h"
+
+#include <quorvel/framework/app.h>
+
+#include "util/text/no_throw.h"
+
+#include <algorithm>
+#include <climits>
+
+namespace quorvel {
+
+namespace {
+
+constexpr WCHAR kColumns[] = _T("Columns");
+constexpr WCHAR kCount[] = _T("Count");
+constexpr WCHAR kSortColumn[] = _T("Sort Column");
+constexpr WCHAR kSortAscending[] = _T("Sort Ascending");
+constexpr WCHAR kPersistSortOrder[] = _T("Persist Sort Order");
+constexpr WCHAR kWidth[] = _T("Width");
+constexpr WCHAR kSortOrder[] = _T("Sort Order");
+
+CString ColumnName(int trueColumn) {
+    CString name;
+    name.Format(_T("Column %d"), trueColumn);
+    return name;
+}
+
+// Notes what failed.
+class StateWriter {
+public:
+    explicit StateWriter(bool endsAtFailure) : m_endsAtFailure(endsAtFailure) {}
+
+    // Whether to go on.
+    bool Write(const StateGroup& group, const WCHAR* name, int value) {
+        m_isComplete = group.WriteNumber(name, value) && m_isComplete;
+        return m_isComplete || !m_endsAtFailure;
+    }
+    bool IsComplete() const { return m_isComplete; }
+
+private:
+    bool m_endsAtFailure;
+    bool m_isComplete = true;
+};
+
+} // namespace
+
+BOOL Columns::SaveState(HKEY key, BOOL closeKey) const {
+    return WithoutException([&] { return Save(KeyState(key, closeKey != FALSE).get(), false); });
+}
+
+BOOL Columns::SaveState(const CRegistryPath& path) const {
+    return WithoutException([&] { return Save(CreatedPathState(path).get(), false); });
+}
+
+BOOL Columns::SaveState(const WCHAR* section) const {
+    return WithoutException([&] { return Save(SectionState(section).get(), true); });
+}
+
+BOOL Columns::LoadState(HKEY key, BOOL closeKey) {
+    return WithoutException([&] { return Load(KeyState(key, closeKey != FALSE).get()); });
+}
+
+BOOL Columns::LoadState(const CRegistryPath& path) {
+    return WithoutException([&] { return Load(OpenedPathState(path).get()); });
+}
+
+BOOL Columns::LoadState(const WCHAR* section) {
+    if (section != nullptr && *section != 0 && AfxGetApp() == nullptr)
+        return FALSE;
+    return WithoutException([&] { return Load(SectionState(section).get()); });
+}
+
+bool Columns::Save(const StateGroup* place, bool endsAtFailedWrite) const {
+    const StatePlace columns = place != nullptr ? place->CreateGroup(kColumns) : nullptr;
+    if (columns == nullptr)
+        return false;
+    const bool isOrderPersisted = HasRecords();
+    const int count = GetTrueColumnCount();
+    StateWriter writer(endsAtFailedWrite);
+    if (!writer.Write(*columns, kCount, count) ||
+        !writer.Write(*columns, kSortColumn, m_sortColumn) ||
+        !writer.Write(*columns, kSortAscending, m_isSortAscending) ||
+        !writer.Write(*columns, kPersistSortOrder, isOrderPersisted))
+        return false;
+    for (int i = 0; i < count; ++i) {
+        const StatePlace column = columns->CreateGroup(ColumnName(i));
+        if (column == nullptr || !writer.Write(*column, kWidth, GetWidth(i)))
+            return false;
+        if (isOrderPersisted &&
+            !writer.Write(*column, kSortOrder, GetDisplayPosition(GetInsertedColumn(i))))
+            return false;
+    }
+    return writer.IsComplete();
+}
+
+bool Columns::Load(const StateGroup* place) {
+    const StatePlace columns = place != nullptr ? place->OpenGroup(kColumns) : nullptr;
+    if (columns == nullptr) {
+        m_view.LoadDefaultWidths();
+        return false;
+    }
+    const int count = columns->ReadNumber(kCount, 0);
+    const int sortColumn = columns->ReadNumber(kSortColumn, -1);
+    m_sortColumn = DoesTrueColumnExist(sortColumn) ? sortColumn : -1;
+    m_isSortAscending = columns->ReadNumber(kSortAscending, 1) != 0;
+    if (count > 0)
+        LoadColumns(*columns, count, columns->ReadNumber(kPersistSortOrder, 0) != 0);
+    else
+        m_view.LoadDefaultWidths();
+    return true;
+}
+
+void Columns::LoadColumns(const StateGroup& columns, int count, bool isOrderPersisted) {
+    std::map<int, int> positions; // the true column of each display position
+    for (const int trueColumn : ColumnsOfState(count, isOrderPersisted)) {
+        const StatePlace column = columns.OpenGroup(ColumnName(trueColumn));
+        const int width = column != nullptr ? column->ReadNumber(kWidth, -1) : -1;
+        if (width == -1 && trueColumn == 0) {
+            m_view.LoadDefaultWidths();
+            break;
+        }
+        if (!isOrderPersisted) {
+            if (trueColumn < m_view.GetCount()) // the message takes 16 bits
+                m_view.SetWidth(trueColumn, static_cast<SHORT>(LOWORD(width)));
+            continue;
+        }
+        // -1 is an automatic width, which a column that is hidden cannot have.
+        const bool isHidden = HasRecords() && !IsVisible(trueColumn);
+        if (width <= SHRT_MAX && width >= (isHidden ? 0 : -1))
+            SetWidth(trueColumn, width);
+        const int position = column != nullptr ? column->ReadNumber(kSortOrder, -1) : -1;
+        Show(trueColumn, position != -1);
+        if (position >= 0 && position < count)
+            positions[position] = trueColumn;
+    }
+    std::vector<int> order;
+    for (const auto& [position, trueColumn] : positions)
+        order.push_back(trueColumn);
+    if (!order.empty())
+        SetOrder(order);
+}
+
+// Those of this list that a state of so many columns speaks of, the last first, and column 0
+// whether or not the list has it. Without an order a state speaks of inserted columns.
+std::vector<int> Columns::ColumnsOfState(int count, bool isOrderPersisted) const {
+    std::vector<int> columns;
+    if (isOrderPersisted && HasRecords()) {
+        for (auto record = m_records.rbegin(); record != m_records.rend(); ++record) {
+            if (record->first < count)
+                columns.push_back(record->first);
+        }
+    } else {
+        for (int i = std::min(count, m_view.GetCount()) - 1; i >= 0; --i)
+            columns.push_back(i);
+    }
+    if (columns.empty() || columns.back() != 0)
+        columns.push_back(0);
+    return columns;
+}
+
+} // namespace quorvel

@@ -1,0 +1,217 @@
+#include "controls/columns.h"
+
+#include <algorithm>
+
+namespace quorvel {
+
+int Columns::Insert(int position, int trueColumn, bool isVisible, const WCHAR* heading, int format,
+                    int width, int subItem) {
+    if (heading == nullptr)
+        return -1;
+    return Insert(position, {isVisible ? position : -1, trueColumn, isVisible, heading, format,
+                             width, subItem});
+}
+
+int Columns::Insert(int position, const ColumnRecord& column) {
+    if (column.trueColumn < 0 || m_records.contains(column.trueColumn))
+        return -1;
+    const auto record = m_records.emplace(column.trueColumn, column).first;
+    if (!column.isVisible)
+        return -1;
+    if (!PutIntoView(position, record->second)) {
+        m_records.erase(record);
+        return -1;
+    }
+    return GetInsertedColumn(column.trueColumn);
+}
+
+bool Columns::Show(int trueColumn, bool isShown) {
+    const auto record = m_records.find(trueColumn);
+    if (record == m_records.end())
+        return false;
+    ColumnRecord& column = record->second;
+    if (column.isVisible == isShown)
+        return true;
+    if (!isShown)
+        return TakeFromView(column);
+    const int count = m_view.GetCount();
+    return PutIntoView(column.savedPosition < 0 ? count : std::min(column.savedPosition, count),
+                       column);
+}
+
+bool Columns::Delete(int trueColumn) {
+    const auto record = m_records.find(trueColumn);
+    if (record == m_records.end() || (record->second.isVisible && !TakeFromView(record->second)))
+        return false;
+    m_records.erase(trueColumn); // anew: the sort column's deletion called the host
+    return true;
+}
+
+void Columns::Reset() {
+    std::vector<int> trueColumns;
+    for (const auto& [trueColumn, column] : m_records)
+        trueColumns.push_back(trueColumn);
+    for (const int trueColumn : trueColumns) {
+        Show(trueColumn, true);
+        SetWidth(trueColumn, m_view.GetDefaultWidth(trueColumn));
+    }
+    SetOrder(trueColumns);
+}
+
+// The list view displays a new column at its index, so that an index serves as display position.
+bool Columns::PutIntoView(int position, ColumnRecord& column) {
+    const int inserted = m_view.Insert(position, column);
+    if (inserted < 0)
+        return false;
+    if (inserted > static_cast<int>(m_inserted.size())) // behind columns that have no record
+        m_inserted.resize(static_cast<std::size_t>(inserted), -1);
+    m_inserted.insert(m_inserted.begin() + inserted, column.trueColumn);
+    column.isVisible = true;
+    // Column 0 does not take another alignment than left while it is inserted.
+    const int alignment = column.format & kColumnAlignmentMask;
+    if (inserted == 0 && alignment != 0)
+        m_view.SetAlignment(0, alignment);
+    return true;
+}
+
+bool Columns::TakeFromView(ColumnRecord& column) {
+    const int trueColumn = column.trueColumn;
+    const int inserted = GetInsertedColumn(trueColumn);
+    const int position = GetDisplayPosition(inserted);
+    const int width = m_view.GetWidth(inserted);
+    if (!m_view.Delete(inserted))
+        return false;
+    m_inserted.erase(m_inserted.begin() + inserted);
+    column.savedPosition = position;
+    column.width = width;
+    column.isVisible = false;
+    if (m_sortColumn == trueColumn)
+        m_view.OnDeleteSortColumn(trueColumn, inserted, position);
+    return true;
+}
+
+const ColumnRecord* Columns::Find(int trueColumn) const {
+    const auto record = m_records.find(trueColumn);
+    return record != m_records.end() ? &record->second : nullptr;
+}
+
+bool Columns::IsVisible(int trueColumn) const {
+    const ColumnRecord* const column = Find(trueColumn);
+    return column != nullptr && column->isVisible;
+}
+
+int Columns::GetTrueColumnCount() const {
+    return HasRecords() ? static_cast<int>(m_records.size()) : m_view.GetCount();
+}
+
+int Columns::GetInsertedColumn(int trueColumn) const {
+    if (!HasRecords())
+        return trueColumn;
+    const auto place = std::find(m_inserted.begin(), m_inserted.end(), trueColumn);
+    return place != m_inserted.end() ? static_cast<int>(place - m_inserted.begin()) : -1;
+}
+
+int Columns::GetTrueColumn(int insertedColumn) const {
+    if (!HasRecords())
+        return insertedColumn;
+    const bool isThere =
+        insertedColumn >= 0 && insertedColumn < static_cast<int>(m_inserted.size());
+    return isThere ? m_inserted[static_cast<std::size_t>(insertedColumn)] : -1;
+}
+
+int Columns::GetLeftToRightColumn(int displayPosition) const {
+    const std::vector<int> order = m_view.GetOrder();
+    const bool isThere = displayPosition >= 0 && displayPosition < static_cast<int>(order.size());
+    return isThere ? order[static_cast<std::size_t>(displayPosition)] : -1;
+}
+
+int Columns::GetLeftToRightTrueColumn(int displayPosition) const {
+    const int inserted = GetLeftToRightColumn(displayPosition);
+    return inserted >= 0 ? GetTrueColumn(inserted) : -1;
+}
+
+int Columns::GetDisplayPosition(int insertedColumn) const {
+    const std::vector<int> order = m_view.GetOrder();
+    const auto place = std::find(order.begin(), order.end(), insertedColumn);
+    return place != order.end() ? static_cast<int>(place - order.begin()) : -1;
+}
+
+std::vector<int> Columns::GetLeftToRightTrueColumns() const {
+    std::vector<int> columns = m_view.GetOrder();
+    for (int& column : columns)
+        column = GetTrueColumn(column);
+    return columns;
+}
+
+int Columns::GetWidth(int trueColumn) const {
+    const ColumnRecord* const column = Find(trueColumn);
+    if (column != nullptr && !column->isVisible)
+        return column->width;
+    return DoesTrueColumnExist(trueColumn) ? m_view.GetWidth(GetInsertedColumn(trueColumn)) : -1;
+}
+
+void Columns::SetWidth(int trueColumn, int width) {
+    const auto record = m_records.find(trueColumn);
+    if (record != m_records.end() && !record->second.isVisible)
+        record->second.width = width;
+    else if (DoesTrueColumnExist(trueColumn))
+        m_view.SetWidth(GetInsertedColumn(trueColumn), width);
+}
+
+// An array of another length, or with a column twice, would cost the list view the order it has.
+void Columns::SetOrder(const std::vector<int>& trueColumns) {
+    const std::vector<int> current = m_view.GetOrder();
+    std::vector<int> order;
+    std::vector<bool> isPlaced(current.size());
+    const auto place = [&](int inserted) {
+        if (inserted < 0 || inserted >= static_cast<int>(isPlaced.size()) ||
+            isPlaced[static_cast<std::size_t>(inserted)])
+            return;
+        isPlaced[static_cast<std::size_t>(inserted)] = true;
+        order.push_back(inserted);
+    };
+    for (const int trueColumn : trueColumns)
+        place(GetInsertedColumn(trueColumn));
+    for (const int inserted : current)
+        place(inserted);
+    if (order.size() == current.size() && order != current)
+        m_view.SetOrder(order);
+}
+
+bool Columns::DoesTrueColumnExist(int trueColumn) const {
+    return HasRecords() ? m_records.contains(trueColumn)
+                        : trueColumn >= 0 && trueColumn < m_view.GetCount();
+}
+
+void Columns::SetSort(int trueColumn, bool isAscending) {
+    m_sortColumn = trueColumn;
+    m_isSortAscending = isAscending;
+}
+
+std::pair<int, bool> Columns::SortOfHeaderClick(int insertedColumn) const {
+    const int trueColumn = insertedColumn < 0 ? -1 : GetTrueColumn(insertedColumn);
+    return {trueColumn, trueColumn != m_sortColumn || !m_isSortAscending};
+}
+
+std::vector<HeaderMenuItem> Columns::GetHeaderMenu() const {
+    std::vector<HeaderMenuItem> items;
+    for (const auto& [trueColumn, column] : m_records) {
+        if (trueColumn >= GetTrueColumnCount())
+            break;
+        CString text = column.heading;
+        text.Replace(_T("&"), _T("&&"));
+        items.push_back({trueColumn, kFirstToggleCommand + static_cast<UINT>(trueColumn),
+                         std::move(text), column.isVisible,
+                         column.isVisible && !m_view.CanBeHidden(trueColumn)});
+    }
+    return items;
+}
+
+bool Columns::Toggle(UINT command) {
+    if (command < kFirstToggleCommand || command > kLastToggleCommand)
+        return false;
+    const int trueColumn = static_cast<int>(command - kFirstToggleCommand);
+    return Show(trueColumn, !IsVisible(trueColumn));
+}
+
+} // namespace quorvel

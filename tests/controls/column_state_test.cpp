@@ -1,0 +1,256 @@
+#include <quorvel/framework/app.h>
+#include <quorvel/system/profile.h>
+
+#include "support/registry.h"
+#include "support/simulated_columns.h"
+#include "support/test.h"
+
+#include <cstring>
+
+using namespace quorvel::win32;
+using quorvel::Columns;
+
+namespace {
+
+// All numbers of a key and of those below it, in the order of their names.
+CString Dump(HKEY key) {
+    CString text;
+    WCHAR name[64];
+    DWORD size = 64;
+    std::vector<CString> names;
+    for (DWORD i = 0; RegEnumValueW(key, i, name, &size, nullptr, nullptr, nullptr, nullptr) == 0;
+         ++i, size = 64)
+        names.push_back(name);
+    std::sort(names.begin(), names.end());
+    for (const CString& value : names)
+        text.AppendFormat(_T("%s=%d "), value.GetString(),
+                          static_cast<int>(AfxGetProfileDWord(key, value, 0xbad)));
+    for (DWORD i = 0; RegEnumKeyExW(key, i, name, &size, nullptr, nullptr, nullptr, nullptr) == 0;
+         ++i, size = 64) {
+        HKEY below = nullptr;
+        RegOpenKeyExW(key, name, 0, KEY_READ, &below);
+        text.AppendFormat(_T("%s[ %s] "), name, Dump(below).GetString());
+        RegCloseKey(below);
+    }
+    return text;
+}
+
+// A state as "Count=3 Width0=50 Order0=-1 ...": what is not named is not there.
+void WriteState(HKEY key, const char* text) {
+    HKEY columns = nullptr;
+    RegCreateKeyExW(key, _T("Columns"), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &columns, nullptr);
+    char name[16];
+    long long value = 0;
+    for (int length = 0; std::sscanf(text, " %15[^=]=%lld%n", name, &value, &length) == 2;
+         text += length) {
+        static const struct {
+            const char* word;
+            const WCHAR* name;
+        } kNames[] = {{"Width", _T("Width")},
+                      {"Order", _T("Sort Order")},
+                      {"Sort", _T("Sort Column")},
+                      {"Up", _T("Sort Ascending")},
+                      {"Persist", _T("Persist Sort Order")}};
+        const std::string word(name, std::strcspn(name, "0123456789"));
+        CString valueName(name);
+        for (const auto& known : kNames)
+            valueName = word == known.word ? CString(known.name) : valueName;
+        CString subKey;
+        if (word != name)
+            subKey.Format(_T("Column %d"), std::atoi(name + word.size()));
+        AfxWriteProfileDWord(columns, subKey, valueName, static_cast<DWORD>(value));
+    }
+    RegCloseKey(columns);
+}
+
+struct Place {
+    explicit Place(CWinApp& app) { app.SetRegistryKey(test.Path().Mid(9)); } // below Software
+    TestKey test;
+    CRegistryPath path{HKEY_CURRENT_USER, test.Path() + _T("\\path")};
+};
+
+} // namespace
+
+TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
+    CWinApp app(_T("Program"));
+    const Place place(app);
+    SimulatedList list(4);
+    list.columns.SetOrder({3, 0});
+    list.columns.Show(2, false);
+    list.columns.SetSort(1, false);
+    const CString state =
+        _T("Columns[ Count=4 Persist Sort Order=1 Sort Ascending=0 Sort Column=1 ")
+        _T("Column 0[ Sort Order=1 Width=10 ] Column 1[ Sort Order=2 Width=20 ] ")
+        _T("Column 2[ Sort Order=-1 Width=30 ] Column 3[ Sort Order=0 Width=40 ] ] ");
+    HKEY key = nullptr;
+    ASSERT_EQ(RegCreateKeyExW(place.test.Get(), _T("key"), 0, nullptr, 0, KEY_WRITE | KEY_READ,
+                              nullptr, &key, nullptr),
+              0);
+    EXPECT_TRUE(list.columns.SaveState(key, TRUE));
+    EXPECT_NE(RegCloseKey(key), 0); // closed already
+    EXPECT_TRUE(list.columns.SaveState(place.path));
+    EXPECT_TRUE(list.columns.SaveState(_T("a")));
+    EXPECT_TRUE(list.columns.SaveState(_T("b\\")));
+    EXPECT_EQ(Dump(place.test.Get()), _T("key[ ") + state + _T("] path[ ") + state +
+                                          _T("] Program[ a[ ") + state + _T("] b[ ") + state +
+                                          _T("] ] "));
+
+    const std::function<BOOL(Columns&)> loads[] = {
+        [&](Columns& c) {
+            RegOpenKeyExW(place.test.Get(), _T("key"), 0, KEY_READ, &key);
+            const BOOL isLoaded = c.LoadState(key, TRUE);
+            EXPECT_NE(RegCloseKey(key), 0);
+            return isLoaded;
+        },
+        [&](Columns& c) { return c.LoadState(place.path); },
+        [](Columns& c) { return c.LoadState(_T("a")); },
+        [](Columns& c) { return c.LoadState(_T("b\\")); },
+    };
+    for (const auto& load : loads) {
+        SimulatedList other(4);
+        EXPECT_TRUE(load(other.columns));
+        EXPECT_EQ(other.Text(), _T("D40 A10 B20 (C30 )"));
+        EXPECT_EQ(other.columns.GetSortColumn(), 1);
+        EXPECT_FALSE(other.columns.IsSortAscending());
+        EXPECT_EQ(other.view.m_defaultLoads, 0);
+    }
+}
+
+TEST(ColumnState, OfAPlainListIsItsWidths) {
+    CWinApp app(_T("Program"));
+    const Place place(app);
+    SimulatedList list;
+    for (const int width : {50, 60})
+        list.view.SetWidth(list.view.Insert(9, {}), width);
+    EXPECT_TRUE(list.columns.SaveState(place.path));
+    EXPECT_EQ(Dump(place.test.Get()),
+              _T("path[ Columns[ Count=2 Persist Sort Order=0 Sort Ascending=1 Sort Column=-1 ")
+              _T("Column 0[ Width=50 ] Column 1[ Width=60 ] ] ] "));
+    SimulatedList other;
+    for (int i = 0; i < 3; ++i)
+        other.view.Insert(9, {});
+    EXPECT_TRUE(other.columns.LoadState(place.path));
+    EXPECT_EQ(other.Text(), _T("?50 ?60 ?10 ()"));
+}
+
+TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
+    CWinApp app(_T("Program"));
+    const struct {
+        const char* label;
+        const char* state;
+        const WCHAR* expected;
+        int defaultLoads;
+    } rows[] = {
+        {"nothing", "", _T("A60 B60 C60 (D40 )"), 1},
+        {"count of 0", "Count=0 Width0=50 Persist=1", _T("A60 B60 C60 (D40 )"), 1},
+        {"count of -1", "Count=-1 Width0=50 Order0=0 Persist=1", _T("A60 B60 C60 (D40 )"), 1},
+        {"huge count", "Count=2147483647 Persist=1 Width0=50 Order0=1 Width1=51 Order1=0",
+         _T("B51 A50 (C60 D40 )"), 0},
+        {"huge count without an order", "Count=2147483647 Width0=50 Width1=51 Width2=52",
+         _T("A50 B51 C52 (D40 )"), 0},
+        {"of a longer list",
+         "Count=9 Persist=1 Width0=50 Order0=8 Width1=51 Order1=2 Width2=52 "
+         "Order2=0 Width3=53 Order3=1 Width8=99 Order8=3",
+         _T("C52 D53 B51 A50 ()"), 0},
+        {"of a shorter list", "Count=2 Persist=1 Width0=50 Order0=1 Width1=51 Order1=0",
+         _T("B51 A50 C30 (D40 )"), 0},
+        {"without a width of column 0", "Count=2 Persist=1 Order0=1 Width1=51 Order1=0",
+         _T("B60 A60 C60 (D40 )"), 1},
+        {"no order", "Count=3 Width0=50 Width1=51 Width2=52", _T("A50 B51 C52 (D40 )"), 0},
+        {"no order, widths of more than 16 bits", "Count=3 Width0=65586 Width1=-5 Width2=32768",
+         _T("A50 B60 C60 (D40 )"), 0},
+        {"widths that no list has",
+         "Count=4 Persist=1 Width0=-5 Width1=32768 Width2=-2147483648 "
+         "Width3=-1 Order0=0 Order1=1 Order2=2 Order3=3",
+         _T("A10 B20 C30 D40 ()"), 0},
+        {"automatic width", "Count=1 Persist=1 Width0=0 Order0=0", _T("A0 B20 C30 (D40 )"), 0},
+        {"missing width", "Count=3 Persist=1 Width0=50 Order0=0 Order1=1 Order2=2",
+         _T("A50 B60 C60 (D40 )"), 0},
+        {"a position twice",
+         "Count=4 Persist=1 Width0=50 Order0=2 Width1=51 Order1=0 Width2=52 "
+         "Order2=0 Width3=53 Order3=0",
+         _T("B51 A50 C52 D53 ()"), 0},
+        {"positions past the end",
+         "Count=4 Persist=1 Width0=50 Order0=4 Width1=51 Order1=-2 "
+         "Width2=52 Order2=3 Width3=53 Order3=2147483647",
+         _T("C52 A50 B51 D53 ()"), 0},
+        {"all hidden", "Count=4 Persist=1 Width0=50", _T("(A50 B60 C60 D40 )"), 0},
+    };
+    for (const auto& row : rows) {
+        const Place place(app);
+        SimulatedList list(3);
+        list.columns.Insert(0, 3, false, _T("D"), 0, 40, -1);
+        WriteState(place.test.Get(), row.state);
+        EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE)) << row.label;
+        EXPECT_EQ(list.Text(), CString(row.expected)) << row.label;
+        EXPECT_EQ(list.view.m_defaultLoads, row.defaultLoads) << row.label;
+    }
+}
+
+TEST(ColumnState, HasASortColumnThatExistsOrNone) {
+    CWinApp app(_T("Program"));
+    const Place place(app);
+    const struct {
+        const char* state;
+        int sortColumn;
+        bool isAscending;
+    } rows[] = {
+        {"Count=1 Width0=5 Sort=2 Up=0", 2, false},
+        {"Count=1 Width0=5 Sort=3 Up=7", -1, true},
+        {"Count=0 Sort=-9 Up=-1", -1, true},
+        {"Count=0 Sort=2147483647 Up=0", -1, false},
+        {"Count=0 Sort=0", 0, false},
+    };
+    for (const auto& row : rows) {
+        SimulatedList list(3);
+        WriteState(place.test.Get(), row.state);
+        EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE));
+        EXPECT_EQ(list.columns.GetSortColumn(), row.sortColumn) << row.state;
+        EXPECT_EQ(list.columns.IsSortAscending(), row.isAscending) << row.state;
+    }
+}
+
+TEST(ColumnState, OfAnotherKindCountsAsMissing) {
+    CWinApp app(_T("Program"));
+    const Place place(app);
+    WriteState(place.test.Get(), "Count=2 Persist=1 Width0=50 Order0=0 Width1=51 Order1=1");
+    HKEY key = nullptr;
+    RegOpenKeyExW(place.test.Get(), _T("Columns"), 0, KEY_WRITE, &key);
+    TestKey::Set(key, _T("Sort Column"), REG_SZ, std::string("1\0\0\0", 4));
+    TestKey::Set(key, _T("Column 1"), REG_BINARY, "1234"); // a value with the name of a key
+    RegCloseKey(key);
+    RegOpenKeyExW(place.test.Get(), _T("Columns\\Column 1"), 0, KEY_WRITE, &key);
+    TestKey::Set(key, _T("Width"), REG_QWORD, "12345678");
+    TestKey::Set(key, _T("Sort Order"), REG_DWORD, "12");
+    RegCloseKey(key);
+    SimulatedList list(2);
+    EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE));
+    EXPECT_EQ(list.Text(), _T("A50 (B60 )"));
+    EXPECT_EQ(list.columns.GetSortColumn(), -1);
+}
+
+TEST(ColumnState, IsRefusedWithoutAPlace) {
+    SimulatedList list(2);
+    Columns& columns = list.columns;
+    const TestKey test;
+    const WCHAR* const noText = nullptr;
+    ExpectCases<BOOL>({
+        CASE(columns.SaveState(_T("s")), FALSE), // no application object
+        CASE(columns.LoadState(_T("s")), FALSE),
+    });
+    EXPECT_EQ(list.view.m_defaultLoads, 0);
+    CWinApp app(_T("Program"));
+    ExpectCases<BOOL>({
+        CASE(columns.SaveState(HKEY(), TRUE), FALSE), CASE(columns.SaveState(noText), FALSE),
+        CASE(columns.SaveState(_T("")), FALSE), CASE(columns.SaveState(CRegistryPath()), FALSE),
+        CASE(columns.SaveState(_T("s")), FALSE), // the application has no registry key
+        CASE(columns.LoadState(HKEY(), TRUE), FALSE), CASE(columns.LoadState(noText), FALSE),
+        CASE(columns.LoadState(_T("")), FALSE), CASE(columns.LoadState(CRegistryPath()), FALSE),
+        CASE(columns.LoadState(CRegistryPath(HKEY_CURRENT_USER, _T("Software\\no such key"))),
+             FALSE),
+        CASE(columns.LoadState(test.Get(), FALSE), FALSE), // no "Columns" in it yet
+    });
+    EXPECT_EQ(list.view.m_defaultLoads, 6);
+    EXPECT_TRUE(columns.LoadState(_T("s"))); // an empty state
+    EXPECT_EQ(list.view.m_defaultLoads, 7);
+}
