@@ -1,0 +1,322 @@
+#include "controls/virtual_rows.h"
+
+#include "support/test.h"
+
+#include <algorithm>
+#include <deque>
+#include <random>
+#include <sstream>
+
+using quorvel::PlanSelection;
+using quorvel::RowRun;
+using quorvel::SelectionMessage;
+using quorvel::VirtualRows;
+
+namespace quorvel {
+void PrintTo(const RowRun& run, std::ostream* stream) {
+    *stream << run.first << '-' << run.last;
+}
+void PrintTo(const SelectionMessage& message, std::ostream* stream) {
+    *stream << (message.isSelected ? '+' : '-') << message.row;
+}
+} // namespace quorvel
+
+namespace {
+
+typedef std::vector<RowRun> Runs;
+
+// Its texts are the given one, its number and both.
+class Item : public CVirtualListCtrlItem {
+public:
+    Item(const WCHAR* text, int number) : m_text(text), m_number(number) {}
+    CString GetSubItemText(int column) override {
+        CString number;
+        number.Format(_T("%d"), m_number);
+        return column == 0 ? m_text : column == 1 ? number : m_text + number;
+    }
+    CString m_text;
+    int m_number;
+};
+
+bool ByText(CVirtualListCtrlItem* const& left, CVirtualListCtrlItem* const& right) {
+    return static_cast<Item*>(left)->m_text < static_cast<Item*>(right)->m_text;
+}
+bool ByNumber(CVirtualListCtrlItem* const& left, CVirtualListCtrlItem* const& right) {
+    return static_cast<Item*>(left)->m_number < static_cast<Item*>(right)->m_number;
+}
+
+// Rows with these texts, numbered by their places.
+struct List {
+    explicit List(std::initializer_list<const WCHAR*> texts) {
+        for (const WCHAR* const text : texts)
+            rows.Add(&items.emplace_back(text, static_cast<int>(items.size())));
+    }
+    // The texts and numbers; a selected row with '*', the focused one with '!'.
+    CString Text() const {
+        CString text;
+        for (int row = 0; row < rows.GetCount(); ++row) {
+            text += rows.GetItem(row)->GetSubItemText(2);
+            text += rows.IsSelected(row) ? _T("*") : _T("");
+            text += row == rows.GetFocusedRow() ? _T("! ") : _T(" ");
+        }
+        return text;
+    }
+    std::deque<Item> items;
+    VirtualRows rows;
+};
+
+} // namespace
+
+TEST(VirtualRows, CarrySelectionAndFocusAlong) {
+    const struct {
+        const char* label;
+        std::function<void(VirtualRows&)> act;
+        CString expected;
+    } cases[] = {
+        {"as added", [](VirtualRows&) {}, _T("b0 a1* b2! a3* c4 ")},
+        {"sorted", [](VirtualRows& r) { r.Sort(ByText); }, _T("a1* a3* b0 b2! c4 ")},
+        {"sorted within another order",
+         [](VirtualRows& r) {
+             r.Sort(ByText);
+             r.Sort([](auto* const& left, auto* const& right) { return ByNumber(right, left); });
+             r.Sort(ByText);
+         },
+         _T("a3* a1* b2! b0 c4 ")},
+        {"all selected, sorted",
+         [](VirtualRows& r) {
+             r.SelectAll(true);
+             r.Sort(ByText);
+         },
+         _T("a1* a3* b0* b2*! c4* ")},
+        {"without an order", [](VirtualRows& r) { r.Sort(nullptr); }, _T("b0 a1* b2! a3* c4 ")},
+        {"inserted before and after",
+         [](VirtualRows& r) {
+             static Item s_item(_T("n"), 9);
+             EXPECT_EQ(r.Insert(1, &s_item), 1);
+             EXPECT_EQ(r.Insert(6, &s_item), 6);
+             EXPECT_EQ(r.GetRow(&s_item), 1);
+         },
+         _T("b0 n9 a1* b2! a3* c4 n9 ")},
+        {"deleted before the focus", [](VirtualRows& r) { r.Remove(0); }, _T("a1* b2! a3* c4 ")},
+        {"deleted under the focus", [](VirtualRows& r) { r.Remove(2); }, _T("b0 a1* a3*! c4 ")},
+        {"deleted one by one from the end",
+         [](VirtualRows& r) {
+             for (int row = 4; row > 0; --row)
+                 EXPECT_NE(r.Remove(row), nullptr);
+         },
+         _T("b0! ")},
+        {"deleted several",
+         [](VirtualRows& r) {
+             EXPECT_EQ(r.Remove({3, 0, 3, 7, -1, 2}).size(), 3u);
+         },
+         _T("a1* c4! ")},
+        {"deleted the last several",
+         [](VirtualRows& r) {
+             r.Remove({4, 3, 2});
+         },
+         _T("b0 a1*! ")},
+        {"deleted all", [](VirtualRows& r) { EXPECT_EQ(r.RemoveAll().size(), 5u); }, _T("")},
+        {"moved up",
+         [](VirtualRows& r) {
+             r.Select(1, 1, false);
+             EXPECT_EQ(r.MoveSelectedUp(), 2);
+             EXPECT_EQ(r.MoveSelectedUp(), 1);
+         },
+         _T("b0 a3* a1 b2! c4 ")},
+        {"moved down with the focus",
+         [](VirtualRows& r) {
+             r.Select(3, 3, false);
+             r.SetFocusedRow(1);
+             EXPECT_EQ(r.MoveSelectedDown(), 2);
+         },
+         _T("b0 b2 a1*! a3 c4 ")},
+        {"not moved",
+         [](VirtualRows& r) {
+             EXPECT_EQ(r.MoveSelectedUp(), -1); // two rows
+             r.SelectAll(false);
+             EXPECT_EQ(r.MoveSelectedDown(), -1);
+             r.Select(0, 0, true);
+             EXPECT_EQ(r.MoveSelectedUp(), -1);
+             EXPECT_FALSE(r.CanMoveSelectedUp() || !r.CanMoveSelectedDown());
+             r.Select(0, 0, false);
+             r.Select(4, 9, true);
+             EXPECT_EQ(r.MoveSelectedDown(), -1);
+         },
+         _T("b0 a1 b2! a3 c4* ")},
+        {"refused",
+         [](VirtualRows& r) {
+             static Item s_item(_T("n"), 9);
+             EXPECT_EQ(r.Insert(-1, &s_item) + r.Insert(6, &s_item) + r.Add(nullptr), -3);
+             EXPECT_TRUE(r.Remove(5) == nullptr && r.Remove(-1) == nullptr &&
+                         r.GetItem(-1) == nullptr && r.GetItem(5) == nullptr);
+             EXPECT_EQ(r.GetRow(nullptr), -1);
+             r.Select(3, 2, true);
+             r.Select(-5, -1, true);
+         },
+         _T("b0 a1* b2! a3* c4 ")},
+    };
+    for (const auto& row : cases) {
+        List list({_T("b"), _T("a"), _T("b"), _T("a"), _T("c")});
+        list.rows.Select(1, 1, true);
+        list.rows.Select(3, 3, true);
+        list.rows.SetFocusedRow(2);
+        row.act(list.rows);
+        EXPECT_EQ(list.Text(), row.expected) << row.label;
+    }
+}
+
+// What a plain vector of marked items would give, over several blocks.
+TEST(VirtualRows, StayInOrderOverBlocks) {
+    struct Row {
+        Item* item;
+        bool isSelected;
+    };
+    std::mt19937 random(11);
+    std::deque<Item> items;
+    std::vector<Row> expected;
+    VirtualRows rows;
+    for (int i = 0; i < 20000; ++i) {
+        Item* const item = &items.emplace_back(_T(""), static_cast<int>(random() % 1000));
+        rows.Add(item);
+        expected.push_back({item, false});
+    }
+    const auto isSelected = [](const Row& row) { return row.isSelected; };
+    for (int step = 0; step < 12000; ++step) {
+        const int at = static_cast<int>(random() % expected.size());
+        const auto place = expected.begin() + at;
+        switch (step % 6000 == 3000 ? 9 : random() % 4) {
+        case 0:
+            expected.insert(place, {&items.emplace_back(_T(""), step), false});
+            rows.Insert(at, &items.back());
+            break;
+        case 1:
+            ASSERT_EQ(rows.Remove(at), place->item);
+            expected.erase(place);
+            break;
+        case 2: {
+            const int last = std::min(at + static_cast<int>(random() % 50), rows.GetCount() - 1);
+            const bool marked = random() % 2 == 0;
+            rows.Select(at, last, marked);
+            std::for_each(place, expected.begin() + last + 1,
+                          [marked](Row& row) { row.isSelected = marked; });
+            break;
+        }
+        case 3:
+            ASSERT_EQ(rows.GetItem(at), place->item);
+            ASSERT_EQ(rows.IsSelected(at), place->isSelected);
+            break;
+        default:
+            rows.Sort(ByNumber);
+            std::stable_sort(expected.begin(), expected.end(),
+                             [](const Row& left, const Row& right) {
+                                 return left.item->m_number < right.item->m_number;
+                             });
+        }
+        ASSERT_EQ(rows.GetCount(), static_cast<int>(expected.size()));
+    }
+    Runs runs;
+    for (int row = 0; row < rows.GetCount(); ++row) {
+        const Row& wanted = expected[static_cast<std::size_t>(row)];
+        ASSERT_EQ(rows.GetItem(row), wanted.item) << row;
+        if (wanted.isSelected && !runs.empty() && runs.back().last == row - 1)
+            runs.back().last = row;
+        else if (wanted.isSelected)
+            runs.push_back({row, row});
+    }
+    EXPECT_EQ(rows.GetSelectedRuns(), runs);
+    EXPECT_EQ(rows.GetFirstSelectedRow(), runs[0].first);
+    EXPECT_EQ(rows.GetSelectedCount(), std::ranges::count_if(expected, isSelected));
+    EXPECT_EQ(rows.GetRow(expected.back().item), rows.GetCount() - 1);
+    for (const Row& row : expected)
+        ASSERT_EQ(rows.Remove(0), row.item);
+    EXPECT_EQ(rows.GetSelectedCount(), 0);
+    EXPECT_EQ(rows.Add(&items[0]), 0);
+}
+
+TEST(VirtualRows, SelectTheNeighbourOfADeletedRow) {
+    List list({_T("a"), _T("b"), _T("c"), _T("d")});
+    ExpectCases<int>({
+        CASE((list.rows.Remove(3), list.rows.GetRowToSelect(3, true)), 2),
+        CASE((list.rows.Remove(0), list.rows.GetRowToSelect(0, true)), 0),
+        CASE(list.rows.GetRowToSelect(0, false), -1),
+        CASE((list.rows.Select(1, 1, true), list.rows.GetRowToSelect(0, true)), -1),
+        CASE((list.rows.RemoveAll(), list.rows.GetRowToSelect(0, true)), -1),
+    });
+}
+
+TEST(VirtualRows, StayAsTheyAreWhenTheOrderThrows) {
+    List list({_T("b"), _T("a"), _T("c")});
+    for (const bool marked : {false, true}) {
+        list.rows.Select(1, 1, marked);
+        const CString before = list.Text();
+        EXPECT_THROW(list.rows.Sort([](CVirtualListCtrlItem* const&, CVirtualListCtrlItem* const&) {
+            return throw 1, true;
+        }),
+                     int);
+        EXPECT_EQ(list.Text(), before);
+    }
+}
+
+TEST(VirtualRows, ReachAListViewInFewMessages) {
+    const auto plan = [](const Runs& shown, const Runs& wanted, int rowCount) {
+        std::ostringstream text;
+        for (const SelectionMessage& message : PlanSelection(shown, wanted, rowCount)) {
+            PrintTo(message, &text);
+            text << ' ';
+        }
+        return text.str();
+    };
+    ExpectCases<std::string>({
+        CASE(plan({}, {}, 0), ""),
+        CASE(plan({{0, 999999}}, {{0, 999999}}, 1000000), ""),
+        CASE(plan({{0, 9}}, {{0, 8}}, 9), ""), // the list view dropped the last one
+        CASE(plan({{3, 5}}, {{4, 6}}, 10), "-3 +6 "),
+        CASE(plan({{1, 2}, {4, 5}}, {{1, 5}}, 10), "+3 "),
+        CASE(plan({}, {{0, 99}}, 100), "+-1 "),
+        CASE(plan({{5, 6}}, {{0, 9}, {11, 99}}, 100), "+-1 -10 "),
+        CASE(plan({{0, 99}}, {{7, 7}}, 100), "--1 +7 "),
+        CASE(plan({{0, 99}}, {}, 100), "--1 "),
+        CASE(plan({{7, 7}}, {{3, 3}}, 1000000), "+3 -7 "),
+    });
+}
+
+TEST(VirtualRows, FindTextsWithoutRegardToCase) {
+    const List list({_T("Apple"), _T("banana"), _T("apricot"), _T("\u00c4pfel"), _T("aardvark"),
+                     _T("blue"), _T("")});
+    const VirtualRows& r = list.rows;
+    ExpectCases<int>({
+        CASE(r.Find(_T("AP"), 0, false, false), 0),
+        CASE(r.Find(_T("ap"), 1, false, false), 2),
+        CASE(r.Find(_T("app"), 1, false, false), -1),
+        CASE(r.Find(_T("app"), 1, false, true), 0),
+        CASE(r.Find(_T("APPLE"), -1, true, false), 0),
+        CASE(r.Find(_T("appl"), 0, true, true), -1),
+        CASE(r.Find(_T("\u00e4"), 0, false, true), 3),
+        CASE(r.Find(_T(""), 0, true, true), -1),
+        CASE(r.Find(nullptr, 0, false, true), -1),
+        CASE(r.Find(_T("a"), 7, false, true), -1),
+        CASE(r.Find(_T("a"), -2, false, true), -1),
+        CASE(r.FindTyped(_T("a"), -1), 0),
+        CASE(r.FindTyped(_T("a"), 0), 2),
+        CASE(r.FindTyped(_T("a"), 4), 0),
+        CASE(r.FindTyped(_T("b"), 6), 1),
+        CASE(r.FindTyped(_T("ap"), 2), 2),
+        CASE(r.FindTyped(_T("ap"), 3), 0),
+        CASE(r.FindTyped(_T("aa"), 0), 4),
+        CASE(r.FindTyped(_T("bB"), 1), 5),
+        CASE(r.FindTyped(_T("bB"), 5), 1),
+        CASE(r.FindTyped(_T("bx"), 1), -1),
+        CASE(r.FindTyped(_T("x"), 1), -1),
+        CASE(r.FindTyped(_T(""), 1), -1),
+        CASE(r.FindTyped(nullptr, 1), -1),
+        CASE(VirtualRows().FindTyped(_T("a"), -1), -1),
+    });
+}
+
+TEST(VirtualRows, AreCopiedAsLinesOfCells) {
+    List list({_T("a\tb"), _T("no"), _T("c\r\nd"), _T("e")});
+    list.rows.Select(2, 3, true);
+    list.rows.Select(0, 0, true);
+    EXPECT_EQ(list.rows.GetSelectedText({1, 0}), _T("0\ta b\r\n2\tc  d\r\n3\te\r\n"));
+    EXPECT_EQ(List({_T("a")}).rows.GetSelectedText({0}), _T(""));
+}
