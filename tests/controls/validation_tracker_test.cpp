@@ -1,0 +1,92 @@
+#include "controls/validation_tracker.h"
+
+#include "support/test.h"
+
+#include <map>
+
+namespace {
+
+struct CountedHook final : quorvel::FocusHook {
+    bool Set() override {
+        ++sets;
+        return isGranted;
+    }
+    void Remove() override { ++removals; }
+    bool isGranted = true;
+    int sets = 0;
+    int removals = 0;
+};
+
+HWND Window(INT_PTR number) {
+    return reinterpret_cast<HWND>(number);
+}
+
+} // namespace
+
+TEST(ValidationTracker, HasItsHookWhileABalloonShows) {
+    CountedHook hook;
+    quorvel::ValidationTracker tracker(hook);
+    const HWND first = Window(1);
+    const HWND second = Window(2);
+    ExpectCases<bool>({
+        CASE(tracker.Hide(first), false),
+        CASE(tracker.Show(nullptr), false),
+        CASE(tracker.HasHook(), false),
+        CASE(tracker.Show(first), true),
+        CASE(tracker.Show(first), false), // a second balloon does not come on top
+        CASE(tracker.Show(second), true),
+        CASE(tracker.Hide(first), true), // hidden, or destroyed while it shows
+        CASE(tracker.IsShowing(first), false),
+        CASE(tracker.HasHook(), true),
+        CASE(tracker.Hide(first), false), // a late report
+        CASE(tracker.Hide(second), true),
+        CASE(tracker.HasHook(), false),
+    });
+    EXPECT_EQ(hook.sets, 1);
+    EXPECT_EQ(hook.removals, 1);
+
+    hook.isGranted = false;
+    EXPECT_TRUE(tracker.Show(first));
+    hook.isGranted = true;
+    EXPECT_TRUE(tracker.Show(second)); // tries again
+    EXPECT_TRUE(tracker.Hide(first) && tracker.Hide(second));
+    hook.isGranted = false;
+    EXPECT_TRUE(tracker.Show(first) && tracker.Hide(first)); // nothing to remove
+    EXPECT_EQ(hook.sets, 4);
+    EXPECT_EQ(hook.removals, 2);
+}
+
+TEST(ValidationTracker, FindsTheDialogThatAFocusChangeConcerns) {
+    // A sheet 1 with pages 2 and 3, a control 4 on page 2 with an edit 5 in it, a button 6 of the
+    // sheet, and a dialog 7 with a control 8.
+    const std::map<HWND, HWND> parents = {
+        {Window(2), Window(1)}, {Window(3), Window(1)}, {Window(4), Window(2)},
+        {Window(5), Window(4)}, {Window(6), Window(1)}, {Window(8), Window(7)},
+    };
+    const auto parentOf = [&](HWND window) {
+        const auto parent = parents.find(window);
+        return parent != parents.end() ? parent->second : nullptr;
+    };
+    CountedHook hook;
+    quorvel::ValidationTracker tracker(hook);
+    const auto dialogOf = [&](INT_PTR window) {
+        return tracker.DialogOf(Window(window), parentOf);
+    };
+    EXPECT_EQ(dialogOf(5), nullptr);
+    tracker.Show(Window(2));
+    tracker.Show(Window(7));
+    ExpectCases<HWND>({
+        CASE(dialogOf(5), Window(2)),
+        CASE(dialogOf(4), Window(2)),
+        CASE(dialogOf(3), nullptr),
+        CASE(dialogOf(6), nullptr),
+        CASE(dialogOf(8), Window(7)),
+        CASE(dialogOf(7), nullptr), // the dialog itself is none of its parents
+        CASE(dialogOf(0), nullptr),
+        CASE(dialogOf(99), nullptr),
+    });
+    tracker.Show(Window(1));
+    EXPECT_EQ(dialogOf(5), Window(2)); // the nearest
+    tracker.Hide(Window(2));
+    EXPECT_EQ(dialogOf(5), Window(1));
+}

@@ -1,0 +1,59 @@
+#include "controls/wizard_model.h"
+
+#include <quorvel/res/message_ids.h>
+
+#include "support/test.h"
+
+using quorvel::SheetButtonText;
+using quorvel::WizardButtonText;
+using quorvel::WizardEvents;
+
+TEST(Wizard, KeepsItsEventsInOrder) {
+    WizardEvents events;
+    for (const WCHAR* const text : {_T("a"), _T("b"), _T("c")})
+        events.Add(CVaskEvent(text));
+    CVaskEvent event(_T("?"));
+    ExpectCases<BOOL>({
+        CASE(events.Get(3, event), FALSE),
+        CASE(events.Get(-1, event), FALSE),
+        CASE(events.Update(3, event), FALSE),
+        CASE(events.Delete(-1), FALSE),
+        CASE(event == CVaskEvent(_T("?")), TRUE),
+        CASE(event.SetDescription(nullptr), FALSE),
+        CASE(event.SetDescription(_T("d")), TRUE),
+        CASE(events.Update(2, event), TRUE),
+        CASE(events.Delete(0), TRUE),
+    });
+    events.Append(events);
+    CString text;
+    for (int i = 0; events.Get(i, event); ++i)
+        text += event.GetDescription();
+    EXPECT_EQ(text, _T("bdbd"));
+}
+
+TEST(Wizard, NamesItselfInItsTexts) {
+    quorvel::WizardTexts texts;
+    EXPECT_TRUE(texts.SetName(_T("Import Wizard")));
+    EXPECT_TRUE(texts.SetHeaderTitle(_T("T")) && texts.SetHeaderSubTitle(_T("S")));
+    EXPECT_FALSE(texts.SetName(nullptr) || texts.SetHeaderTitle(nullptr));
+    ExpectCases<CString>({
+        CASE(texts.GetName(), _T("Import Wizard")),
+        CASE(texts.GetHeaderTitle(), _T("T")),
+        CASE(texts.GetHeaderSubTitle(), _T("S")),
+        CASE(texts.GetWelcomeText(), _T("Welcome to the Import Wizard")),
+        CASE(texts.GetCompletingText(), _T("Completing the Import Wizard")),
+        CASE(texts.GetCompletedText(), _T("You have successful completed the Import Wizard")),
+    });
+    ExpectCases<UINT>({
+        CASE(SheetButtonText(IDOK), 21110),
+        CASE(SheetButtonText(IDCANCEL), 21111),
+        CASE(SheetButtonText(0x3021), 21112),
+        CASE(SheetButtonText(IDHELP), 21113),
+        CASE(SheetButtonText(0x3024), 0),
+        CASE(WizardButtonText(0x3024), 21100),
+        CASE(WizardButtonText(0x3025), 21101),
+        CASE(WizardButtonText(0x3023), 21102),
+        CASE(WizardButtonText(IDCANCEL), 21103),
+        CASE(WizardButtonText(IDOK), 0),
+    });
+}
