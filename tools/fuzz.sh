@@ -21,6 +21,7 @@ sh "$root/tools/setup.sh" core fuzz
 # shellcheck disable=SC2046
 build_preset linux-fuzz $(printf 'fuzz_%s ' $targets)
 
+export QUORVEL_REGISTRY="$root/build/linux-fuzz/registry.db" # not the user's
 export LC_ALL=C.UTF-8 TZ=Europe/Berlin UBSAN_OPTIONS=print_stacktrace=1
 for target in $targets; do
     say "== fuzz_$target, $seconds s"
