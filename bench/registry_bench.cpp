@@ -3,46 +3,22 @@
 // transaction a write, names that need no folding. The argument is the number of values of the key.
 #include <quorvel/system/profile.h>
 
+#include "registry_folder.h"
+
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <random>
 #include <string>
 
-namespace fs = std::filesystem;
 using namespace quorvel::win32;
 
 namespace {
-
-// Removed at the end, with both databases in it. It comes before the first use of the registry.
-class Folder {
-public:
-    Folder()
-        : m_path(fs::temp_directory_path() / ("bench-" + std::to_string(std::random_device()()))) {
-        fs::create_directory(m_path);
-        setenv("QUORVEL_REGISTRY", (m_path / "registry.db").c_str(), 1);
-    }
-    ~Folder() {
-        std::error_code ignored;
-        fs::remove_all(m_path, ignored);
-    }
-    fs::path File(const std::string& name) const { return m_path / name; }
-
-private:
-    fs::path m_path;
-};
-
-const Folder& Place() {
-    static const Folder s_folder;
-    return s_folder;
-}
 
 std::string NarrowName(int number) {
     char name[32];
@@ -75,7 +51,7 @@ struct Names {
 class Settings {
 public:
     explicit Settings(int count) : m_names(count) {
-        Place();
+        RegistryFolder::Shared();
         CString subKey;
         subKey.Format(_T("Software\\Company\\Program\\Settings %d"), count);
         m_path.SetPath(HKEY_CURRENT_USER, subKey);
@@ -97,7 +73,8 @@ private:
 class Database {
 public:
     explicit Database(int count) : m_names(count) {
-        sqlite3_open(Place().File("peer-" + std::to_string(count) + ".db").c_str(), &m_database);
+        sqlite3_open(RegistryFolder::Shared().File("peer-" + std::to_string(count) + ".db").c_str(),
+                     &m_database);
         sqlite3_exec(m_database,
                      "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;"
                      "PRAGMA wal_autocheckpoint = 4000; PRAGMA cache_size = -16384;"
