@@ -1,5 +1,7 @@
 #include "controls/columns.h"
 
+#include "res/resource_ids.h"
+
 #include <algorithm>
 
 namespace quorvel {
@@ -200,7 +202,7 @@ std::vector<HeaderMenuItem> Columns::GetHeaderMenu() const {
             break;
         CString text = column.heading;
         text.Replace(_T("&"), _T("&&"));
-        items.push_back({trueColumn, kFirstToggleCommand + static_cast<UINT>(trueColumn),
+        items.push_back({trueColumn, QUORVEL_COMMAND_COLUMN_FIRST + static_cast<UINT>(trueColumn),
                          std::move(text), column.isVisible,
                          column.isVisible && !m_view.CanBeHidden(trueColumn)});
     }
@@ -208,9 +210,9 @@ std::vector<HeaderMenuItem> Columns::GetHeaderMenu() const {
 }
 
 bool Columns::Toggle(UINT command) {
-    if (command < kFirstToggleCommand || command > kLastToggleCommand)
+    if (command < QUORVEL_COMMAND_COLUMN_FIRST || command > QUORVEL_COMMAND_COLUMN_LAST)
         return false;
-    const int trueColumn = static_cast<int>(command - kFirstToggleCommand);
+    const int trueColumn = static_cast<int>(command - QUORVEL_COMMAND_COLUMN_FIRST);
     return Show(trueColumn, !IsVisible(trueColumn));
 }
 

@@ -70,10 +70,6 @@ struct HeaderMenuItem {
 
 class Columns {
 public:
-    static constexpr UINT kFirstToggleCommand = 50900;
-    static constexpr UINT kLastToggleCommand = 50950;
-    static constexpr UINT kEditCommand = 50007;
-
     explicit Columns(ColumnView& view) : m_view(view) {}
     Columns(const Columns&) = delete;
     Columns& operator=(const Columns&) = delete;
@@ -122,7 +118,8 @@ public:
     // The columns of the header's menu, for the positions in front of "Columns...". True columns
     // from the number of records on have no item.
     std::vector<HeaderMenuItem> GetHeaderMenu() const;
-    // Shows or hides the column of a toggle command. False for any other command.
+    // Shows or hides the column of QUORVEL_COMMAND_COLUMN_FIRST to _LAST. False for any other
+    // command.
     bool Toggle(UINT command);
 
     // A state lies in the group "Columns" of its place: "Count", "Sort Column", "Sort Ascending",
