@@ -5,7 +5,8 @@
 #include "platform/replace_file.h"
 #include "platform/win32.h"
 
-#include <utility>
+#include <algorithm>
+#include <exception>
 
 namespace quorvel {
 
@@ -71,22 +72,42 @@ void ReplacementFile::CreateInPlace() {
         ThrowLastError();
 }
 
-void ReplacementFile::EmptyTarget() {
-    if (std::exchange(m_holdsOldContent, false) && !SetEndOfFile(m_file.Get()))
+void ReplacementFile::Write(const void* bytes, UINT count) {
+    if (!m_holdsOldContent)
+        return WriteToFile(static_cast<const char*>(bytes), count);
+    try {
+        m_pending.append(static_cast<const char*>(bytes), count);
+    } catch (const std::exception&) { // of memory, or of the string's own limit
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         ThrowLastError();
+    }
 }
 
-void ReplacementFile::Write(const void* bytes, UINT count) {
-    EmptyTarget();
-    DWORD written = 0;
-    if (!WriteFile(m_file.Get(), bytes, count, &written, nullptr))
+void ReplacementFile::WriteToFile(const char* bytes, std::size_t count) {
+    constexpr std::size_t kPiece = std::size_t(1) << 30;
+    while (count > 0) {
+        const DWORD piece = static_cast<DWORD>(std::min(count, kPiece));
+        DWORD written = 0;
+        if (!WriteFile(m_file.Get(), bytes, piece, &written, nullptr))
+            ThrowLastError();
+        if (written < piece)
+            AfxThrowFileException(CFileException::diskFull, ERROR_DISK_FULL, m_path);
+        bytes += piece;
+        count -= piece;
+    }
+}
+
+void ReplacementFile::WriteOver() {
+    if (!ReserveRoom(m_file.Get(), m_pending.size()))
         ThrowLastError();
-    if (written < count)
-        AfxThrowFileException(CFileException::diskFull, ERROR_DISK_FULL, m_path);
+    WriteToFile(m_pending.data(), m_pending.size());
+    if (!SetEndOfFile(m_file.Get()))
+        ThrowLastError();
 }
 
 void ReplacementFile::Commit() {
-    EmptyTarget();
+    if (m_holdsOldContent)
+        WriteOver();
     if (m_file.Close() && (m_sibling.IsEmpty() || MoveOver(m_sibling, m_target)))
         return;
     const DWORD error = GetLastError();

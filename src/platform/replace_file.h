@@ -1,4 +1,4 @@
-// The two system-dependent steps of replacing a file as a whole.
+// The system-dependent steps of replacing a file as a whole.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -14,5 +14,10 @@ std::basic_string<WCHAR> FinalPath(const WCHAR* path);
 // Gives the file `from` the name `to` and, where `to` exists, the permissions that it had. FALSE
 // with the last error, and both as they were.
 BOOL MoveOver(const WCHAR* from, const WCHAR* to);
+
+// Makes an open file, with its position at the start, at least that long, so that writing so many
+// bytes cannot fail for lack of room. FALSE with the last error, and the file as it was. Content
+// that is longer stays.
+BOOL ReserveRoom(HANDLE file, ULONGLONG size);
 
 } // namespace quorvel

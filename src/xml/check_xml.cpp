@@ -296,9 +296,47 @@ bool CanBeStrict(UINT codePage) {
     return MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, "a", 1, nullptr, 0) > 0;
 }
 
+// The platform takes every private-use character for an error. One of them has a meaning: the apple
+// sign of the Macintosh pages.
+bool AppendAppleSign(CString& text, UINT codePage, std::string_view bytes) {
+    constexpr WCHAR kAppleSign = 0xf8ff;
+    WCHAR unit = 0;
+    if (MultiByteToWideChar(codePage, 0, bytes.data(), 1, &unit, 1) != 1 || unit != kAppleSign)
+        return false;
+    text.AppendChar(unit);
+    return true;
+}
+
+// A page whose characters depend on what precedes them, read as a whole; where it fails, the
+// longest beginning that does not is searched for by halving.
+CString DecodeShifted(UINT codePage, std::string_view bytes) {
+    constexpr std::size_t kLongestCharacter = 4;
+    CString text;
+    const auto decode = [&](std::size_t length) {
+        text.Empty();
+        return length == 0 ||
+               AppendDecoded(text, codePage, MB_ERR_INVALID_CHARS, bytes.substr(0, length));
+    };
+    // A length that cuts a character fails, and the next one does not.
+    const auto isGood = [&](std::size_t length) { return decode(length) || decode(length + 1); };
+    if (decode(bytes.size()))
+        return text;
+    std::size_t good = 0;
+    for (std::size_t bad = bytes.size(); bad - good > kLongestCharacter;) {
+        const std::size_t middle = good + (bad - good) / 2;
+        (isGood(middle) ? good : bad) = middle;
+    }
+    std::size_t length = std::min(good + 2 * kLongestCharacter, bytes.size());
+    while (!decode(length))
+        --length;
+    text.AppendChar(kNoCharacter);
+    return text;
+}
+
 // Piece by piece; a piece that fails is halved down to the character that is not known, or that
 // the end of the piece had cut.
 CString DecodeNarrow(UINT codePage, std::string_view bytes) {
+    constexpr UINT kHz = 52936;
     constexpr std::size_t kPiece = 65536;
     constexpr std::size_t kLongestCharacter = 4;
     CString text;
@@ -306,6 +344,8 @@ CString DecodeNarrow(UINT codePage, std::string_view bytes) {
         AppendDecoded(text, codePage, 0, bytes);
         return text;
     }
+    if (codePage == kHz)
+        return DecodeShifted(codePage, bytes);
     text.Preallocate(static_cast<int>(bytes.size()));
     for (std::size_t size = kPiece; !bytes.empty();) {
         size = std::min(size, bytes.size());
@@ -314,6 +354,9 @@ CString DecodeNarrow(UINT codePage, std::string_view bytes) {
             size = kPiece;
         } else if (size > 1) {
             size = size > kLongestCharacter ? std::max(size / 2, kLongestCharacter) : size - 1;
+        } else if (AppendAppleSign(text, codePage, bytes)) {
+            bytes.remove_prefix(size);
+            size = kPiece;
         } else {
             text.AppendChar(kNoCharacter);
             break;

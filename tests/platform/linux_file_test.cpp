@@ -15,6 +15,17 @@ HANDLE Open(const WCHAR* name, DWORD rights, DWORD disposition, DWORD share = 0)
     return CreateFileW(name, rights, share, nullptr, disposition, 0, nullptr);
 }
 
+TEST(LinuxFile, ATemporaryOneIsForItsOwnerAlone) {
+    const TemporaryFolder folder;
+    WCHAR name[MAX_PATH];
+    const mode_t mask = umask(0);
+    EXPECT_NE(GetTempFileNameW(folder.Path(_T("")), _T("q"), 0, name), 0u);
+    umask(mask);
+    struct stat status;
+    ASSERT_EQ(stat(std::string(name, name + Wide(name).size()).c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600u);
+}
+
 TEST(LinuxHandle, IsClosedOnceWhateverTheThreadsAndNeverComesBack) {
     const TemporaryFolder folder;
     folder.Write(_T("file"), "0123456789");

@@ -37,8 +37,8 @@ TEST(LinuxCodePage, RefusesAsDocumented) {
     char* const same = reinterpret_cast<char*>(text);
     BOOL used;
     EXPECT_EQ(87u, ErrorOf([&] { return MultiByteToWideChar(CP_UTF8, 0, same, 1, text, kRoom); }));
-    EXPECT_EQ(87u, encode(CP_UTF8, 0, "?", nullptr));
-    EXPECT_EQ(87u, encode(CP_UTF8, 0, nullptr, &used));
+    EXPECT_EQ(87u, encode(CP_UTF7, 0, "?", nullptr));
+    EXPECT_EQ(87u, encode(CP_UTF7, 0, nullptr, &used));
     EXPECT_EQ(1004u, decode(CP_UTF8, MB_PRECOMPOSED));
     EXPECT_EQ(1004u, encode(1252, WC_ERR_INVALID_CHARS, nullptr, nullptr));
     EXPECT_EQ(0u, decode(54936, MB_ERR_INVALID_CHARS));

@@ -1,8 +1,13 @@
 // What only a Linux file can be: a device, or one whose name leaves no room for a second one.
+#include <quorvel/xml/check_xml.h>
 #include <quorvel/xml/xml_file.h>
 
 #include "support/temporary_folder.h"
 #include "support/test.h"
+
+#include <sys/resource.h>
+
+#include <csignal>
 
 TEST(LinuxXmlFile, DevicesAreNoDocuments) {
     const std::tuple<const WCHAR*, const WCHAR*, bool> rows[] = {
@@ -20,6 +25,29 @@ TEST(LinuxXmlFile, DevicesAreNoDocuments) {
     }
 }
 
+// Encodings that Wine does not have.
+TEST(LinuxXmlFile, BytesWithoutAMeaningAreAFaultWhereTheyStand) {
+    const std::tuple<std::string, std::string, int> rows[] = {
+        {"euc-jp", "\xa4\xa2</a>", -1},
+        {"euc-jp", "\xa4\xa2\xa4</a>", 1},
+        {"euc-jp", "x\xff</a>", 1},
+        {"hz-gb-2312", "~{<:Ky~}x~~</a>", -1},
+        {"hz-gb-2312", std::string(70001, 'x') + "~{<:Ky~}</a>", -1},
+        {"hz-gb-2312", "~{<:Ky~}xy\xff</a>", 4},
+        {"hz-gb-2312", std::string(70001, 'x') + "~{<:\xffKy~}</a>", 70002},
+    };
+    const TemporaryFolder folder;
+    for (const auto& [encoding, content, offset] : rows) {
+        const std::string start = "<?xml version='1.0' encoding='" + encoding + "'?><a>";
+        folder.Write(_T("file.xml"), start + content);
+        CXMLFault fault;
+        EXPECT_EQ(AfxCheckXMLFile(folder.Path(_T("file.xml")), fault) != FALSE, offset < 0)
+            << content;
+        EXPECT_EQ(fault.nOffset, offset < 0 ? 0 : static_cast<int>(start.size()) + offset)
+            << content;
+    }
+}
+
 TEST(LinuxXmlFile, WrittenInPlaceItIsKeptUntilThereIsSomethingToWrite) {
     const CString name(_T('n'), 252);
     const TemporaryFolder folder;
@@ -32,4 +60,20 @@ TEST(LinuxXmlFile, WrittenInPlaceItIsKeptUntilThereIsSomethingToWrite) {
     markup.SetXMLDeclaration(_T("<?xml ?>"));
     EXPECT_NE(AfxSaveXMLFile(markup, folder.Path(name), error), 0);
     EXPECT_EQ(folder.Read(name), "<?xml ?><a/>");
+
+    // Without the room for all of it nothing is changed.
+    CString large(_T("<a>"));
+    large += CString(_T('x'), 10000) + _T("</a>");
+    EXPECT_TRUE(markup.SetDoc(large));
+    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit;
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small = {4096, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_EQ(AfxSaveXMLFile(markup, folder.Path(name), error), 0);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, ignored);
+    EXPECT_EQ(folder.Read(name), "<?xml ?><a/>");
+    EXPECT_NE(AfxSaveXMLFile(markup, folder.Path(name), error), 0);
+    EXPECT_GT(folder.Read(name).size(), 10000u);
 }

@@ -30,4 +30,24 @@ BOOL MoveOver(const WCHAR* from, const WCHAR* to) {
     return MoveFileExW(from, to, MOVEFILE_REPLACE_EXISTING);
 }
 
+BOOL ReserveRoom(HANDLE file, ULONGLONG size) {
+    // The end of a file that is not sparse takes its room from the disk.
+    const auto moveEnd = [file](LONGLONG end) {
+        LARGE_INTEGER place;
+        place.QuadPart = end;
+        const LARGE_INTEGER start = {};
+        return SetFilePointerEx(file, place, nullptr, FILE_BEGIN) && SetEndOfFile(file) &&
+               SetFilePointerEx(file, start, nullptr, FILE_BEGIN);
+    };
+    LARGE_INTEGER old;
+    if (!GetFileSizeEx(file, &old))
+        return FALSE;
+    if (old.QuadPart >= static_cast<LONGLONG>(size) || moveEnd(static_cast<LONGLONG>(size)))
+        return TRUE;
+    const DWORD error = GetLastError();
+    moveEnd(old.QuadPart);
+    SetLastError(error);
+    return FALSE;
+}
+
 } // namespace quorvel

@@ -2,6 +2,7 @@
 
 #include "platform/linux/system/system_error.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unicode/ustring.h>
 #include <unistd.h>
@@ -208,14 +209,19 @@ UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) 
         if (number == 0)
             continue;
         compose(number);
-        const HANDLE file = CreateFileW(name, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                        FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file != INVALID_HANDLE_VALUE) {
-            CloseHandle(file);
+        std::string path;
+        if (!ToSystemPath(name, path))
+            return 0;
+        // The folder is everybody's: what the file will hold is for its owner alone.
+        const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (file >= 0) {
+            close(file);
             return number;
         }
-        if (GetLastError() != ERROR_FILE_EXISTS)
+        if (errno != EEXIST) {
+            SetLastError(PathErrorFromErrno(errno, path));
             return 0;
+        }
     }
     return 0;
 } catch (const std::bad_alloc&) {

@@ -43,8 +43,8 @@ DWORD GetFullPathNameW(LPCWSTR name, DWORD size, LPWSTR buffer, LPWSTR* filePart
 // The folder for temporary files with a separator at its end: TMPDIR, else /tmp.
 DWORD GetTempPathW(DWORD size, LPWSTR buffer);
 // A name in the folder: up to three characters of the prefix, hexadecimal digits, ".tmp". Unless
-// `unique` is 0 it gives the digits; otherwise the file is created, and so is ours. `name` holds
-// MAX_PATH characters. Returns the number used, 0 with the last error set on failure.
+// `unique` is 0 it gives the digits; otherwise the file is created, for its owner alone. `name`
+// holds MAX_PATH characters. Returns the number used, 0 with the last error set on failure.
 UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name);
 
 // Appends to a path in a buffer of MAX_PATH characters and resolves "." and ".." in the whole; an

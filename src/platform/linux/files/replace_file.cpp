@@ -1,16 +1,37 @@
 #include "platform/replace_file.h"
 
+#include "platform/linux/files/open_files.h"
 #include "platform/linux/files/path.h"
 #include "platform/linux/system/system_error.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
 
 namespace quorvel {
+
+namespace {
+
+// Writes zeros behind the content. False with errno.
+bool Lengthen(int file, off_t from, off_t to) {
+    static constexpr char kZeros[65536] = {};
+    while (from < to) {
+        const std::size_t count =
+            static_cast<std::size_t>(std::min<off_t>(to - from, sizeof kZeros));
+        const ssize_t written = pwrite(file, kZeros, count, from);
+        if (written < 0 && errno != EINTR)
+            return false;
+        from += std::max<ssize_t>(written, 0);
+    }
+    return true;
+}
+
+} // namespace
 
 std::basic_string<WCHAR> FinalPath(const WCHAR* path) {
     constexpr int kMostLinks = 40; // as the kernel follows
@@ -45,8 +66,31 @@ BOOL MoveOver(const WCHAR* from, const WCHAR* to) {
     }
     if (std::rename(source.c_str(), target.c_str()) == 0)
         return TRUE;
-    win32::SetLastError(ErrorFromErrno(errno));
-    return FALSE;
+    return FailWith(ErrorFromErrno(errno));
+}
+
+BOOL ReserveRoom(HANDLE handle, ULONGLONG size) {
+    const auto file = FindHandle<OpenFile>(handle);
+    struct stat status;
+    if (file == nullptr)
+        return FALSE;
+    if (size == 0)
+        return TRUE;
+    if (fstat(file->Descriptor(), &status) != 0)
+        return FailWith(ErrorFromErrno(errno));
+    const off_t wanted = static_cast<off_t>(size);
+    int result;
+    do
+        result = fallocate(file->Descriptor(), 0, 0, wanted);
+    while (result != 0 && errno == EINTR);
+    // Not every file system can reserve.
+    if (result == 0 ||
+        (errno == EOPNOTSUPP && Lengthen(file->Descriptor(), status.st_size, wanted)))
+        return TRUE;
+    const int error = errno;
+    if (ftruncate(file->Descriptor(), status.st_size) != 0)
+        errno = 0;
+    return FailWith(ErrorFromErrno(error));
 }
 
 } // namespace quorvel

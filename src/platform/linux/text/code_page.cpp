@@ -17,6 +17,8 @@ namespace quorvel {
 namespace {
 
 constexpr UINT kGb18030 = 54936;
+constexpr UINT kEucJapanese = 51932;
+constexpr UINT kHz = 52936;
 
 UINT Resolve(UINT codePage) {
     switch (codePage) {
@@ -53,10 +55,10 @@ int Finish(DWORD error, const Output<Unit>& output) {
     return 0;
 }
 
-// The flags that a code page takes, as documented: the encodings of all of Unicode know only how to
-// be strict, and those with shift states not even that.
+// The flags that a code page takes, as documented: the encodings of all of Unicode and those that
+// are never composed know only how to be strict, and those with escape sequences not even that.
 DWORD DecodingFlags(UINT codePage) {
-    if (codePage == CP_UTF8 || codePage == kGb18030)
+    if (codePage == CP_UTF8 || codePage == kGb18030 || codePage == kEucJapanese || codePage == kHz)
         return MB_ERR_INVALID_CHARS;
     if (CodePageTable::IsListed(codePage))
         return MB_PRECOMPOSED | MB_COMPOSITE | MB_USEGLYPHCHARS | MB_ERR_INVALID_CHARS;
