@@ -60,6 +60,16 @@ function(quorvel_test_samples target)
     "QUORVEL_OWN_SAMPLES=_T(\"${own}\")")
 endfunction()
 
+# quorvel_test_golden(TARGET): where the answers lie that are compared (QUORVEL_GOLDEN).
+function(quorvel_test_golden target)
+  set(folder ${PROJECT_SOURCE_DIR}/tests/data/golden)
+  if(WIN32)
+    set(folder Z:${folder}) # Wine's name of the root
+  endif()
+  target_link_libraries(${target} PRIVATE ZLIB::ZLIB)
+  target_compile_definitions(${target} PRIVATE "QUORVEL_GOLDEN=\"${folder}\"")
+endfunction()
+
 # quorvel_fuzz(NAME SOURCE [DICTIONARY file])
 #
 # A fuzz target. Under the linux-fuzz preset it is a libFuzzer program; in every other build it

@@ -1,7 +1,7 @@
 // MultiByteToWideChar and WideCharToMultiByte: the same answers on both systems.
 #include <quorvel/platform/platform.h>
 
-#include "support/digest.h"
+#include "support/golden.h"
 #include "support/test.h"
 
 using namespace quorvel::win32;
@@ -34,24 +34,68 @@ Converted<std::string> Encode(UINT codePage, DWORD flags, const Wide& text, int 
     return {result, GetLastError(), bytes};
 }
 
+// The length of the well-formed sequence at `at`, or minus that of the beginning of one which the
+// platform replaces as a whole: a second byte out of its row's range belongs to it.
+int Utf8Sequence(const std::string& bytes, std::size_t at) {
+    struct Row {
+        int first, last, low, high, length; // lead bytes, range of the second byte
+    };
+    static constexpr Row kRows[] = {
+        {0x00, 0x7f, 0, 0, 1},       {0xc2, 0xdf, 0x80, 0xbf, 2}, {0xe0, 0xe0, 0xa0, 0xbf, 3},
+        {0xe1, 0xec, 0x80, 0xbf, 3}, {0xed, 0xed, 0x80, 0x9f, 3}, {0xee, 0xef, 0x80, 0xbf, 3},
+        {0xf0, 0xf0, 0x90, 0xbf, 4}, {0xf1, 0xf3, 0x80, 0xbf, 4}, {0xf4, 0xf4, 0x80, 0x8f, 4},
+    };
+    const auto byte = [&](int i) {
+        return static_cast<unsigned char>(bytes[at + static_cast<std::size_t>(i)]);
+    };
+    for (const auto& [first, last, low, high, length] : kRows) {
+        if (byte(0) < first || byte(0) > last)
+            continue;
+        for (int i = 1; i < length; ++i) {
+            if (byte(i) < 0x80 || byte(i) > 0xbf)
+                return -i;
+            if (i == 1 && (byte(i) < low || byte(i) > high))
+                return -2;
+        }
+        return length;
+    }
+    return -1;
+}
+
 // Every mix of four bytes out of the ones where a decoder can go wrong. Letters follow, because
 // Wine drops what comes after a lead byte that announces more than there is.
 TEST(Utf8, EveryMixOfCriticalBytesDecodesAlike) {
     const std::string critical = "a\x7f\x80\x8f\x90\x9f\xa0\xbf\xc0\xc1\xc2\xdf\xe0\xe1\xed\xee\xef"
                                  "\xf0\xf1\xf4\xf5\xff";
-    Digest digest;
     std::string bytes = "....zzz";
     const std::size_t count = critical.size();
     for (std::size_t i = 0; i < count * count * count * count; ++i) {
         for (std::size_t k = 0, rest = i; k < 4; ++k, rest /= count)
             bytes[k] = critical[rest % count];
-        WCHAR text[7] = {};
-        for (const DWORD flags : {DWORD(MB_ERR_INVALID_CHARS), DWORD(0)})
-            digest.Add(static_cast<unsigned>(
-                MultiByteToWideChar(CP_UTF8, flags, bytes.data(), 7, text, 7)));
-        digest.AddAll(text);
+        Wide expected;
+        bool isWellFormed = true;
+        for (std::size_t at = 0; at < bytes.size();) {
+            const int length = Utf8Sequence(bytes, at);
+            isWellFormed = isWellFormed && length > 0;
+            std::uint32_t character = static_cast<unsigned char>(bytes[at]);
+            if (length > 1)
+                character &= 0x7fu >> length;
+            for (int k = 1; k < length; ++k)
+                character = character << 6 | (bytes[at + static_cast<std::size_t>(k)] & 0x3fu);
+            if (length == 4)
+                (expected += static_cast<WCHAR>(0xd7c0 + (character >> 10))) +=
+                    static_cast<WCHAR>(0xdc00 | (character & 0x3ff));
+            else
+                expected += length > 0 ? static_cast<WCHAR>(character) : WCHAR(0xfffd);
+            at += static_cast<std::size_t>(std::abs(length));
+        }
+        const auto decoded = Decode(CP_UTF8, 0, bytes, 7);
+        ASSERT_EQ(decoded.text.substr(0, static_cast<std::size_t>(decoded.result)), expected)
+            << testing::PrintToString(bytes);
+        ASSERT_EQ(Decode(CP_UTF8, MB_ERR_INVALID_CHARS, bytes, 7).result,
+                  isWellFormed ? decoded.result : 0)
+            << testing::PrintToString(bytes);
     }
-    EXPECT_EQ(digest.Get(), 0x10d7d723u);
 }
 
 // In short texts and in long ones, which are converted in blocks, and with no unit of room to
@@ -229,52 +273,45 @@ TEST(Utf7, ConvertsBothWays) {
     }
 }
 
-// Every pair of bytes and every unit, both ways, with and without best fits.
+// Every byte and every pair of bytes, and every unit with and without best fits. A zero ends each,
+// so that half a pair takes nothing of the next. Pairs whose bytes stand for themselves are blank.
 TEST(CodePage, TablesAreThePlatforms) {
-    std::string pairs;
-    for (int pair = 0; pair < 0x10000; ++pair) {
-        pairs += static_cast<char>(pair >> 8);
-        pairs += static_cast<char>(pair);
-    }
-    Wide units;
-    for (int unit = 0; unit < 0x10000; ++unit)
-        units += static_cast<WCHAR>(unit);
-    std::string bytes(2 * units.size(), 0);
-    Wide text(pairs.size(), 0);
-
-    const std::tuple<UINT, unsigned> rows[] = {
-        {37, 0x54ec8e66},    {437, 0x7c25eca2},   {500, 0x2fd0be34},   {708, 0x962a3775},
-        {720, 0x12c4eb94},   {737, 0x5dfd655e},   {775, 0xc443be3c},   {850, 0x4126db0f},
-        {852, 0xb153dcad},   {855, 0xfaf1a7ad},   {857, 0xce315f74},   {860, 0x4feea6a9},
-        {861, 0xc6ea471c},   {862, 0xe7755b4c},   {863, 0x5abd71ca},   {864, 0xb30ddf12},
-        {865, 0xfe7b3671},   {866, 0x08e2515b},   {869, 0xfded56ba},   {874, 0x9a239e04},
-        {875, 0x5d1e70f2},   {932, 0x761f99a3},   {936, 0xee4f0a88},   {949, 0x99519f36},
-        {950, 0xcea2a4b0},   {1026, 0x841ab243},  {1250, 0x3cddd8b3},  {1251, 0x3107e382},
-        {1252, 0x4bccb971},  {1253, 0xb087e1d3},  {1254, 0xde1349b2},  {1255, 0xd5744a85},
-        {1256, 0x96f94d68},  {1257, 0x02aec828},  {1258, 0x9923b798},  {10000, 0x25f5ea94},
-        {10003, 0x96c0f23e}, {10004, 0x29701ebb}, {10005, 0xc6c42e08}, {10006, 0x03a1ca47},
-        {10007, 0x3605a4c0}, {10008, 0x6cecd6bf}, {10010, 0x0890019b}, {10017, 0xa22b7a6e},
-        {10029, 0x1aacd3c6}, {10079, 0x5b80e11a}, {10081, 0x78652040}, {10082, 0x4baaf60b},
-        {20127, 0x3b474c72}, {20866, 0x6d0b740e}, {21866, 0xcc6bf67d}, {28591, 0xf03e7e16},
-        {28592, 0xd4074885}, {28593, 0xcd38da82}, {28594, 0x1e533fe7}, {28595, 0x4ce0ae87},
-        {28596, 0x842dcc92}, {28597, 0x23eca875}, {28598, 0x94d7c6a1}, {28599, 0x9e463f3b},
-        {28605, 0xd96d69c9},
-    };
-    for (const auto& [codePage, expected] : rows) {
-        Digest digest;
-        text.resize(pairs.size());
-        text.resize(static_cast<std::size_t>(
-            MultiByteToWideChar(codePage, 0, pairs.data(), static_cast<int>(pairs.size()),
-                                text.data(), static_cast<int>(text.size()))));
-        digest.AddAll(text);
-        for (const DWORD flags : {DWORD(0), DWORD(WC_NO_BEST_FIT_CHARS)}) {
-            const int length =
-                WideCharToMultiByte(codePage, flags, units.data(), static_cast<int>(units.size()),
-                                    bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
-            for (int i = 0; i < length; ++i)
-                digest.Add(static_cast<unsigned char>(bytes[static_cast<std::size_t>(i)]));
+    Golden golden("code_pages");
+    for (const UINT codePage :
+         {37,    437,   500,   708,   720,   737,   775,   850,   852,   855,   857,   860,   861,
+          862,   863,   864,   865,   866,   869,   874,   875,   932,   936,   949,   950,   1026,
+          1250,  1251,  1252,  1253,  1254,  1255,  1256,  1257,  1258,  10000, 10003, 10004, 10005,
+          10006, 10007, 10008, 10010, 10017, 10029, 10079, 10081, 10082, 20127, 20866, 21866, 28591,
+          28592, 28593, 28594, 28595, 28596, 28597, 28598, 28599, 28605}) {
+        SCOPED_TRACE(codePage);
+        const auto decode = [codePage](const std::string& bytes) {
+            const auto decoded = Decode(codePage, 0, bytes, static_cast<int>(bytes.size()));
+            return decoded.text.substr(0, static_cast<std::size_t>(decoded.result));
+        };
+        std::vector<Wide> single;
+        Wide all, pairs;
+        for (int byte = 0; byte < 0x100; ++byte)
+            all += single.emplace_back(decode({static_cast<char>(byte), 0}));
+        golden.Expect(all, "bytes");
+        for (std::size_t lead = 0; lead < 0x100; ++lead) {
+            std::string bytes;
+            Wide apart;
+            for (std::size_t trail = 0; trail < 0x100; ++trail) {
+                bytes += {static_cast<char>(lead), static_cast<char>(trail), 0};
+                apart += single[lead].substr(0, 1) + single[trail];
+            }
+            const Wide text = decode(bytes);
+            pairs += text == apart ? _T(" ") : text;
         }
-        EXPECT_EQ(digest.Get(), expected) << codePage;
+        golden.Expect(pairs, "pairs");
+        for (const DWORD flags : {DWORD(0), DWORD(WC_NO_BEST_FIT_CHARS)}) {
+            Wide units;
+            for (int unit = 0; unit < 0x10000; ++unit)
+                (units += static_cast<WCHAR>(unit)) += WCHAR(0);
+            const auto encoded = Encode(codePage, flags, units, static_cast<int>(3 * units.size()));
+            golden.Expect(encoded.text.substr(0, static_cast<std::size_t>(encoded.result)),
+                          flags == 0 ? "units" : "units without best fits");
+        }
     }
 }
 

@@ -2,20 +2,23 @@
 #include "platform/case_fold.h"
 #include "platform/win32.h"
 
-#include "support/digest.h"
-#include "support/test.h"
+#include "support/golden.h"
 
+// A zero stands for a unit that stays.
 TEST(LetterCase, TablesAreThePlatforms) {
-    Wide lower;
+    Wide units;
     for (int unit = 0; unit < 0x10000; ++unit)
-        lower += static_cast<WCHAR>(unit);
-    Wide upper = lower;
-    Digest digest;
-    CharLowerBuffW(lower.data(), static_cast<DWORD>(lower.size()));
-    digest.AddAll(lower);
-    CharUpperBuffW(upper.data(), static_cast<DWORD>(upper.size()));
-    digest.AddAll(upper);
-    EXPECT_EQ(digest.Get(), 1692907613u);
-    for (std::size_t unit = 0; unit < lower.size(); ++unit)
-        ASSERT_EQ(quorvel::FoldCase(static_cast<WCHAR>(unit)), lower[unit]);
+        units += static_cast<WCHAR>(unit);
+    Golden golden("letter_case");
+    for (const auto convert : {CharLowerBuffW, CharUpperBuffW}) {
+        Wide changed = units;
+        convert(changed.data(), static_cast<DWORD>(changed.size()));
+        for (std::size_t unit = 0; unit < units.size(); ++unit) {
+            if (convert == CharLowerBuffW) {
+                ASSERT_EQ(quorvel::FoldCase(units[unit]), changed[unit]);
+            }
+            changed[unit] = changed[unit] == units[unit] ? WCHAR(0) : changed[unit];
+        }
+        golden.Expect(changed, convert == CharLowerBuffW ? "lower case" : "upper case");
+    }
 }

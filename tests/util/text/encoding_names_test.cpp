@@ -1,9 +1,7 @@
 #include <quorvel/util/text/encoding_names.h>
 
-#include <quorvel/util/text/md5.h>
-
 #include "platform/win32.h"
-#include "support/test.h"
+#include "support/golden.h"
 #include "util/text/encoding_table.h"
 
 #include <sstream>
@@ -26,14 +24,11 @@ void ExpectEncoding(const CString& name, const WCHAR* preferred, UINT codePage) 
 } // namespace
 
 TEST(EncodingNames, TheTableIsThePublishedOne) {
-    std::string rows; // "code-page name alias ... alias" a line
-    for (const auto& [codePage, name, aliases] : quorvel::kEncodings)
-        (rows += std::to_string(codePage)).append(" ").append(name).append(" ").append(aliases) +=
-            '\n';
-    CStringA checksum;
-    ASSERT_TRUE(AfxGenerateMD5Checksum(reinterpret_cast<const BYTE*>(rows.data()),
-                                       static_cast<unsigned>(rows.size()), checksum, FALSE));
-    EXPECT_EQ(checksum, "f00cc1c04904e83fd06a5b00d6364d96");
+    Golden golden("encodings");
+    for (const auto& [codePage, name, aliases] : quorvel::kEncodings) {
+        const std::string row = std::string(name) + ": " + std::string(aliases);
+        golden.Expect(row, std::to_string(codePage));
+    }
 }
 
 TEST(EncodingNames, EveryNameAndAliasLeadsToItsCodePage) {
