@@ -85,14 +85,9 @@ struct StoredDate {
         LONG status;
         std::memcpy(&days, stored, sizeof days);
         std::memcpy(&status, stored + sizeof days, sizeof status);
-        COleDateTime date(days);
-        const bool isUsable = date.GetStatus() == COleDateTime::valid;
+        COleDateTime date;
         date.m_dt = days;
-        if (status == COleDateTime::null)
-            date.SetStatus(COleDateTime::null);
-        else
-            date.SetStatus(status == COleDateTime::valid && isUsable ? COleDateTime::valid
-                                                                     : COleDateTime::invalid);
+        date.SetStatus(static_cast<COleDateTime::DateTimeStatus>(status));
         return date;
     }
 };

@@ -48,7 +48,9 @@ struct UpdateFlow::Transfer {
 };
 
 COleDateTime StoredDate(const COleDateTime& date) {
-    return date.GetStatus() == COleDateTime::valid ? date : COleDateTime();
+    // The bytes are as they were stored: the number may lie out of range.
+    const bool isDate = COleDateTime(date.m_dt).GetStatus() == COleDateTime::valid;
+    return date.GetStatus() == COleDateTime::valid && isDate ? date : COleDateTime();
 }
 
 UpdateFlow::UpdateFlow(const CRegistryPath& path, View& view, UpdateSource& source,

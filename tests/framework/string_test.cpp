@@ -120,6 +120,7 @@ TEST(String, ArgumentsMayPointIntoTheStringItself) {
                "abcdeabc"),
         EFFECT("abc", s.FormatMessage(_T("%2!d! %1"), s + s, 7), "7 abcabc"),
         EFFECT("aba", s.Trim(s), ""),
+        EFFECT("abxab", s.Trim(s.GetString() + 3), "x"),
     });
 }
 

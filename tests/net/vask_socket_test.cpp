@@ -285,8 +285,9 @@ TEST_F(VaskSocket, RefusesWhatDoesNotFitItsState) {
         {"port 0", WSAEINVAL, [&] { return socket.Connect(kHost, 0); }},
         {"port 65536", WSAEINVAL, [&] { return socket.Connect(kHost, 65536); }},
         {"a port in use", WSAEADDRINUSE,
-         [&] { return socket.Create(peer.Port(), SOCK_STREAM, 63, kHost); }},
-        {"no address", WSAEINVAL, [&] { return socket.Create(0, SOCK_STREAM, 63, _T("host")); }},
+         [&] { return socket.Create(peer.Port(), SOCK_STREAM, CVaskSocket::ALL_EVENTS, kHost); }},
+        {"no address", WSAEINVAL,
+         [&] { return socket.Create(0, SOCK_STREAM, CVaskSocket::ALL_EVENTS, _T("host")); }},
     };
     for (const auto& [label, error, call] : fresh) {
         EXPECT_EQ(ErrorOf(call), static_cast<DWORD>(error)) << label;

@@ -90,6 +90,8 @@ TEST(XmlFile, LoadsEveryEncoding) {
          std::nullopt},
         {"UTF-16 whose declaration is followed by as many characters ending in one",
          Utf16("<?xml ?><a/>78?>"), _T("<a/>78?>"), _T("<?xml ?><a/>78?>")},
+        {"UTF-16 shorter than its declaration", Utf16("<?xml version='1.0'?><a/>?>"), _T("<a/>?>"),
+         _T("<?xml version='1.0'?><a/>?>")},
         {"an odd byte at the end", "\xff\xfe" + Utf16("<a/>") + "x", _T("<a/>"), std::nullopt},
     };
     const TemporaryFolder folder;

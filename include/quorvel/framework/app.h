@@ -37,8 +37,9 @@ public:
     virtual BOOL WriteProfileString(const WCHAR* section, const WCHAR* entry, const WCHAR* value);
     virtual BOOL WriteProfileBinary(const WCHAR* section, const WCHAR* entry, BYTE* data,
                                     UINT size);
-    // A value of another kind, or of another size, is none. A null default is an empty text. The
-    // caller frees the binary data, of FALSE null and 0, with delete[].
+    // A value of another kind, or of another size, is none. A text that was stored without its
+    // terminator is read whole. A null default is an empty text. The caller frees the binary data,
+    // of FALSE null and 0, with delete[].
     virtual UINT GetProfileInt(const WCHAR* section, const WCHAR* entry, int defaultValue);
     virtual CString GetProfileString(const WCHAR* section, const WCHAR* entry,
                                      const WCHAR* defaultValue = nullptr);

@@ -52,7 +52,7 @@ public:
 
 class QUORVEL_API COleDateTime {
 public:
-    enum DateTimeStatus { error = -1, valid = 0, invalid = 1, null = 2 };
+    enum DateTimeStatus : int { error = -1, valid = 0, invalid = 1, null = 2 };
 
     COleDateTime() noexcept : m_dt(0), m_status(valid) {} // 30 December 1899, 00:00
     COleDateTime(DATE date) noexcept;

@@ -64,7 +64,8 @@ class QUORVEL_API CVaskSocket {
 public:
     static constexpr UINT DEFAULT_SEND_BUFFER_SIZE = 8192;
     static constexpr UINT DEFAULT_RECEIVE_BUFFER_SIZE = 16384;
-    static constexpr LONG ALL_EVENTS = 63; // FD_READ to FD_CLOSE
+    // The six events of a stream, FD_READ to FD_CLOSE; the SDK's FD_ALL_EVENTS has more.
+    static constexpr LONG ALL_EVENTS = 63;
     // Posted to the status window: wParam is the socket, the low word of lParam the status and the
     // high word its error, 0 for none.
     //

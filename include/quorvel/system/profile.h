@@ -49,9 +49,10 @@ QUORVEL_API ULONGLONG AfxGetProfileQWord(HKEY key, const WCHAR* subKey, const WC
 QUORVEL_API ULONGLONG AfxGetProfileQWord(const CRegistryPath& path, const WCHAR* subKey,
                                          const WCHAR* name, ULONGLONG defaultValue);
 
-// REG_SZ with its terminator; of what is read, the text up to the first zero. A null value is
-// refused, an empty one written. The result is empty, not the default, when the key, a name or the
-// default is null, and when the sub key of an open key cannot be opened.
+// REG_SZ with its terminator. A text that was stored without one is read whole, any other one up to
+// its first zero; half a unit at the end does not count. A null value is refused, an empty one
+// written. The result is empty, not the default, when the key, a name or the default is null, and
+// when the sub key of an open key cannot be opened.
 QUORVEL_API BOOL AfxWriteProfileString(HKEY key, const WCHAR* name, const WCHAR* value);
 QUORVEL_API BOOL AfxWriteProfileString(const CRegistryPath& path, const WCHAR* name,
                                        const WCHAR* value);
@@ -85,8 +86,9 @@ QUORVEL_API BOOL AfxGetProfileBinary(HKEY key, const WCHAR* subKey, const WCHAR*
 QUORVEL_API BOOL AfxGetProfileBinary(const CRegistryPath& path, const WCHAR* subKey,
                                      const WCHAR* name, BYTE** data, UINT* length);
 
-// REG_BINARY, 12 bytes: the date as a double, then the status in 4. A stored status that is not one
-// of the three, and valid for a date out of range or none at all (NaN), are read as invalid.
+// REG_BINARY, 12 bytes: the date as a double, then the status in 4. A date comes back as its bytes
+// were stored, also one whose status is none of the three or is valid for a number out of range or
+// for none at all (NaN). What COleDateTime makes of such a number is as for an invalid date.
 QUORVEL_API BOOL AfxWriteProfileOleDateTime(HKEY key, const WCHAR* name, const COleDateTime& value);
 QUORVEL_API BOOL AfxWriteProfileOleDateTime(const CRegistryPath& path, const WCHAR* name,
                                             const COleDateTime& value);
