@@ -27,18 +27,12 @@ typedef CModuleVersion M;
 
 // The texts' getters and their keys.
 const std::tuple<Getter, const WCHAR*> kTexts[] = {
-    {&M::GetComments, _T("Comments")},
-    {&M::GetCompanyName, _T("CompanyName")},
-    {&M::GetFileDescription, _T("FileDescription")},
-    {&M::GetFileVersion, _T("FileVersion")},
-    {&M::GetInternalName, _T("InternalName")},
-    {&M::GetLegalCopyright, _T("LegalCopyright")},
-    {&M::GetLegalTrademarks, _T("LegalTrademarks")},
-    {&M::GetOriginalFileName, _T("OriginalFilename")},
-    {&M::GetPrivateBuild, _T("PrivateBuild")},
-    {&M::GetProductName, _T("ProductName")},
-    {&M::GetProductVersion, _T("ProductVersion")},
-    {&M::GetSpecialBuild, _T("SpecialBuild")},
+    {&M::GetComments, _T("Comments")},         {&M::GetSpecialBuild, _T("SpecialBuild")},
+    {&M::GetCompanyName, _T("CompanyName")},   {&M::GetLegalCopyright, _T("LegalCopyright")},
+    {&M::GetFileVersion, _T("FileVersion")},   {&M::GetProductVersion, _T("ProductVersion")},
+    {&M::GetProductName, _T("ProductName")},   {&M::GetFileDescription, _T("FileDescription")},
+    {&M::GetInternalName, _T("InternalName")}, {&M::GetLegalTrademarks, _T("LegalTrademarks")},
+    {&M::GetPrivateBuild, _T("PrivateBuild")}, {&M::GetOriginalFileName, _T("OriginalFilename")},
 };
 
 TEST(ModuleVersion, NothingIsLoadedAtFirst) {

@@ -97,16 +97,10 @@ TEST(Calendar, DaysAndWeeksAreCountedFromTheFirstOfJanuary) {
 TEST(Calendar, MonthsMoveOverYears) {
     // Month, year, offset, moved month and year; 0: refused.
     const std::tuple<int, int, int, int, int> rows[] = {
+        {3, 0, 12, 0, 0},       {3, 2007, 9, 12, 2007},  {3, 2007, -15, 12, 2005},
+        {1, 1, -1, 12, 0},      {1, INT_MAX, 12, 0, 0},  {12, 1, INT_MAX, 7, 178956972},
+        {0, 2007, 1, 0, 0},     {1, 2007, -1, 12, 2006}, {1, 1, INT_MIN, 5, -178956970},
         {12, 2006, 1, 1, 2007},
-        {1, 2007, -1, 12, 2006},
-        {3, 2007, -15, 12, 2005},
-        {3, 2007, 9, 12, 2007},
-        {1, 1, -1, 12, 0},
-        {1, INT_MAX, 12, 0, 0},
-        {0, 2007, 1, 0, 0},
-        {3, 0, 12, 0, 0},
-        {12, 1, INT_MAX, 7, 178956972},
-        {1, 1, INT_MIN, 5, -178956970},
     };
     for (const auto& [month, year, offset, movedMonth, movedYear] : rows) {
         SCOPED_TRACE(testing::Message() << month << '/' << year << " by " << offset);

@@ -31,14 +31,13 @@ const struct {
 } // namespace
 
 TEST(Md5, PublishedVectors) {
-    for (const auto& row : kVectors) {
-        CStringA text;
-        const auto size = static_cast<unsigned>(row.message.size());
-        EXPECT_TRUE(AfxGenerateMD5Checksum(Bytes(row.message), size, text, FALSE));
-        EXPECT_EQ(text, row.checksum) << row.label;
-        EXPECT_TRUE(AfxGenerateMD5Checksum(Bytes(row.message), size, text, TRUE));
-        EXPECT_EQ(text, CStringA(row.checksum).MakeUpper()) << row.label;
-    }
+    for (const auto& [label, message, checksum] : kVectors)
+        for (const BOOL upperCase : {FALSE, TRUE}) {
+            CStringA text, expected(checksum);
+            EXPECT_TRUE(AfxGenerateMD5Checksum(
+                Bytes(message), static_cast<unsigned>(message.size()), text, upperCase));
+            EXPECT_EQ(text, upperCase ? expected.MakeUpper() : expected) << label;
+        }
 }
 
 TEST(Md5, UpdatesOfAnySizeGiveTheDigestOfTheWhole) {
