@@ -4,7 +4,7 @@
 #if (defined(_MSVC_LANG) ? _MSVC_LANG : __cplusplus) <= 201703L
 #error "The headers of Quorvel need C++20: compile with -std=c++20 or later."
 // A missing file ends the compilation at once: the errors of all other lines would bury this one.
-#include <quorvel/needs_cpp20>
+#include <needs_cpp20>
 #endif
 
 #if defined(_WIN32)

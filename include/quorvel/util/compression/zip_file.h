@@ -11,7 +11,7 @@
 // The archive, for AfxCloseZipFile to close. `append` is 0 for a new archive, which replaces a file
 // of that name, 1 to write one behind what the file holds (as a self-extracting program), and 2 to
 // add to an archive. On failure it is null, and the last error says why: ERROR_INVALID_PARAMETER
-// for a null path, ERROR_INVALID_DATA where there is no archive to add to, otherwise the system's.
+// for a null path, ERROR_INVALID_DATA for a damaged archive to add to, otherwise the system's.
 QUORVEL_API void* AfxOpenZipFile(const WCHAR* path, int append);
 // Writes the archive's table of contents, without a comment. 0, or a zip error code.
 QUORVEL_API int AfxCloseZipFile(void* zip);
