@@ -78,7 +78,7 @@ public:
     // posted message waits, but the last statuses may be posted just then. So the owner calls
     // SetStatusCallbackWnd(nullptr) and Close at one firing, and destroys the socket at the next.
     static constexpr UINT STATUS_MESSAGE = WM_APP + 1003;
-    enum Status {
+    enum SocketStatus {
         statusClosed = 0,     // Close has closed the handle
         statusLookingUp = 1,  // the look-up of the host begins; a dotted address needs none
         statusLookedUp = 2,   // the look-up has ended
