@@ -1,0 +1,58 @@
+#include <quorvel/framework/map.h>
+
+#include "support/test.h"
+
+#include <set>
+
+namespace {
+
+TEST(Map, FindsValuesByKeysOfAnyType) {
+    CMap<int, int, CString, const CString&> numbers;
+    numbers.InitHashTable(7);
+    EXPECT_EQ(numbers.GetHashTableSize(), 7u);
+    for (int i = -500; i < 500; ++i)
+        numbers.SetAt(i, _T("new"));
+    numbers.SetAt(3, _T("three"));
+    numbers.InitHashTable(31);
+    CString value = _T("before");
+    EXPECT_FALSE(numbers.Lookup(500, value));
+    EXPECT_EQ(value, _T("before"));
+    EXPECT_TRUE(numbers.Lookup(3, value));
+    EXPECT_EQ(value, _T("three"));
+    EXPECT_EQ(numbers[-500], _T("new"));
+    EXPECT_EQ(numbers[500], _T("")) << "added";
+    EXPECT_EQ(numbers.GetCount(), 1001);
+    EXPECT_EQ(numbers.GetHashTableSize(), 7u) << "there were entries";
+    EXPECT_TRUE(numbers.RemoveKey(3));
+    EXPECT_FALSE(numbers.RemoveKey(3));
+
+    CMap<CString, const WCHAR*, int, int> texts;
+    texts[_T("one")] = 1;
+    texts.SetAt(CString(_T("on")) + _T("e"), 11);
+    texts[_T("One")] = 2;
+    EXPECT_EQ(texts.GetCount(), 2);
+    EXPECT_EQ(texts[_T("one")], 11);
+    texts.RemoveAll();
+    EXPECT_TRUE(texts.IsEmpty());
+    EXPECT_EQ(texts.GetStartPosition(), nullptr);
+}
+
+TEST(Map, AWalkMeetsEachEntryOnceWhileEntriesAreRemoved) {
+    CMap<int, int, int, int> map;
+    for (int i = 0; i < 100; ++i)
+        map.SetAt(i, i * i);
+    std::set<int> met;
+    POSITION next = map.GetStartPosition();
+    while (next != nullptr) {
+        int key = -1;
+        int value = -1;
+        map.GetNextAssoc(next, key, value);
+        EXPECT_EQ(value, key * key);
+        EXPECT_TRUE(met.insert(key).second);
+        map.RemoveKey(key);
+    }
+    EXPECT_EQ(met.size(), 100u);
+    EXPECT_TRUE(map.IsEmpty());
+}
+
+} // namespace
