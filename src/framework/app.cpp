@@ -3,6 +3,7 @@
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/string.h>
 
+#include "framework/handler_exception.h"
 #include "framework/message_box_owner.h"
 #include "platform/win32.h"
 
@@ -77,6 +78,10 @@ void CWinApp::SetRegistryKey(UINT textId) {
 
 int CWinApp::DoMessageBox(const WCHAR* prompt, UINT type, UINT) {
     return ShowMessageBox(prompt, type);
+}
+
+LRESULT CWinApp::ProcessWndProcException(CException* exception, const MSG* message) {
+    return quorvel::DefaultWndProcException(exception, message);
 }
 
 CWinApp* AfxGetApp() {

@@ -3,7 +3,9 @@
 #include <quorvel/framework/app.h>
 #include <quorvel/framework/exceptions.h>
 
+#include "framework/common_controls.h"
 #include "framework/handle_map.h"
+#include "framework/handler_exception.h"
 #include "platform/win32.h"
 
 #include <utility>
@@ -179,6 +181,9 @@ BOOL CWnd::CreateEx(DWORD extendedStyle, const WCHAR* className, const WCHAR* wi
                     HMENU menuOrId, LPVOID parameter) {
     if (m_hWnd != nullptr)
         return FALSE;
+#if defined(_WIN32)
+    quorvel::RegisterCommonControls();
+#endif
     AfxHookWindowCreate(this);
     const HWND window = ::CreateWindowExW(extendedStyle, className, windowName, style, x, y, width,
                                           height, parentOrOwner, menuOrId, nullptr, parameter);
@@ -249,26 +254,28 @@ LRESULT CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     const HWND window = m_hWnd;
     try {
         return WindowProc(message, wParam, lParam);
-    } catch (CException* exception) {
-        exception->Delete();
     } catch (...) {
-        // No more can be known of it.
+        MSG failed = {};
+        failed.hwnd = window;
+        failed.message = message;
+        failed.wParam = wParam;
+        failed.lParam = lParam;
+        return quorvel::EndHandlerException(failed);
     }
-    if (message == WM_PAINT) // until it is validated, the system asks again without end
-        return ::DefWindowProcW(window, message, wParam, lParam);
-    return message == WM_CREATE ? -1 : 0;
 }
 
 void CWnd::FinishDestroy() noexcept {
     UnsubclassWindow();
     if (AfxGetMainWnd() == this)
         AfxGetApp()->m_pMainWnd = nullptr; // it may be gone before the application is
+#if defined(_WIN32)
+    if (m_modal == Modal::kRunning)
+        EndModalLoop(-1);
+#endif
     try {
         PostNcDestroy();
-    } catch (CException* exception) {
-        exception->Delete();
     } catch (...) {
-        // As in Dispatch.
+        quorvel::EndHandlerException({});
     }
 }
 
@@ -289,27 +296,46 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
         return OnNotify(wParam, lParam, result);
     const AFX_MSGMAP_ENTRY* const entry = FindEntry(message, 0, 0);
     if (entry == nullptr)
+#if defined(_WIN32)
+        return ReflectToControl(message, wParam, lParam, result);
+#else
         return FALSE;
+#endif
     *result = entry->pfn(this, wParam, lParam);
     return TRUE;
 }
 
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
-    const UINT code = lParam != 0 ? HIWORD(wParam) : 0; // an accelerator's is 1, a menu item's 0
-    const AFX_MSGMAP_ENTRY* const entry = FindEntry(WM_COMMAND, code, LOWORD(wParam));
-    if (entry == nullptr)
-        return FALSE;
-    entry->pfn(this, wParam, lParam);
-    return TRUE;
+#if defined(_WIN32)
+    if (IsEndOfCommand(wParam, lParam))
+        return TRUE;
+#endif
+    const int code = lParam != 0 ? HIWORD(wParam) : CN_COMMAND; // an accelerator's word is 1
+    return OnCmdMsg(LOWORD(wParam), code, nullptr, nullptr);
 }
 
 BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    const NMHDR* const header = reinterpret_cast<const NMHDR*>(lParam);
+#if defined(_WIN32)
+    if (IsEndOfNotify(wParam, lParam, result))
+        return TRUE;
+#endif
+    NMHDR* const header = reinterpret_cast<NMHDR*>(lParam);
     const AFX_MSGMAP_ENTRY* const entry =
         FindEntry(WM_NOTIFY, header->code, static_cast<UINT>(header->idFrom));
     if (entry == nullptr)
         return FALSE;
-    *result = entry->pfn(this, wParam, lParam);
+    *result = 0;
+    const AFX_NOTIFY notify = {result, header};
+    return entry->pfn(this, wParam, reinterpret_cast<LPARAM>(&notify)) != 0;
+}
+
+BOOL CWnd::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info) {
+    const AFX_MSGMAP_ENTRY* const entry = FindEntry(WM_COMMAND, static_cast<UINT>(code), id);
+    if (entry == nullptr)
+        return FALSE;
+    if (info == nullptr)
+        return entry->pfn(this, id, reinterpret_cast<LPARAM>(extra)) != 0;
+    info->pTarget = this;
     return TRUE;
 }
 
@@ -322,6 +348,15 @@ LRESULT CWnd::Default() {
     const Message message = State().current;
     return DefWindowProc(message.message, message.wParam, message.lParam);
 }
+
+#if defined(_WIN32)
+LRESULT CWnd::ReflectOrDefault() {
+    const Message message = State().current;
+    LRESULT result = 0;
+    return ReflectToControl(message.message, message.wParam, message.lParam, &result) ? result
+                                                                                      : Default();
+}
+#endif
 
 const AFX_MSGMAP* CWnd::GetThisMessageMap() {
     static const AFX_MSGMAP_ENTRY s_entries[] = {{0, 0, 0, 0, nullptr}};

@@ -4,6 +4,7 @@
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/wnd.h>
 
+#include "support/message_box_recorder.h"
 #include "support/test.h"
 #include "support/window_class.h"
 
@@ -222,6 +223,7 @@ TEST_F(Wnd, ASubclassedWindowGetsItsProcedureBack) {
 }
 
 TEST_F(Wnd, MessagesReachTheirMembers) {
+    MessageBoxRecorder app;
     CDerived wnd;
     ASSERT_TRUE(Create(wnd));
     ExpectCases<LRESULT>({
@@ -229,9 +231,12 @@ TEST_F(Wnd, MessagesReachTheirMembers) {
         CASE(wnd.SendMessage(kOverridden), 2),
         CASE(wnd.SendMessage(kPassedOn, 3, 4), 305),
         CASE(wnd.SendMessage(kOfProcedure, 3, 4), 304),
-        CASE(wnd.SendMessage(kThrowException), 0), // the exception is dropped
+        CASE(wnd.SendMessage(kThrowException), 0), // was shown: the thrower notified the user
         CASE(wnd.SendMessage(kThrowNumber), 0),
     });
+    const auto boxes = app.Take();
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].text, _T("An unknown error has occurred."));
 }
 
 TEST_F(Wnd, CommandsAndNotificationsReachTheirMembers) {

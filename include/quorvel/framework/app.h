@@ -8,6 +8,7 @@
 #include <quorvel/framework/string.h>
 #include <quorvel/framework/win_thread.h>
 
+class CException;
 class CWnd;
 
 class QUORVEL_API CWinApp : public CWinThread {
@@ -23,6 +24,12 @@ public:
     // the icon and buttons of `type`. On Linux that is the terminal: the text goes to the standard
     // error; where a user sits at it the answer is read, otherwise it is the default button.
     virtual int DoMessageBox(const WCHAR* prompt, UINT type, UINT helpId);
+
+    // Called with an exception that left the handler of a window's message, which is over; the
+    // result is the message's. The exception is freed afterwards. The default shows its error
+    // message. It is silent for CUserException, whose thrower notified the user, and for WM_CREATE
+    // and messages that draw. An exception of another kind comes as a CException without a text.
+    virtual LRESULT ProcessWndProcException(CException* exception, const MSG* message);
 
     // The profile: named values of the program in sections, kept in the registry at
     // HKEY_CURRENT_USER\Software\<registry key>\<profile name>\<section>. SetRegistryKey, with the

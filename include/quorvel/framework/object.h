@@ -52,6 +52,16 @@ public:                                                                         
 // The base of windows, threads and applications.
 class QUORVEL_API CCmdTarget : public CObject {
     DECLARE_DYNAMIC(CCmdTarget)
+public:
+#if defined(_WIN32)
+    // The hour-glass over the program's windows from the first Begin to the last End, which shows
+    // the cursor again that was there before. Restore shows it again where a message box, which has
+    // a cursor of its own, was between them. User-interface thread.
+    void BeginWaitCursor();
+    void EndWaitCursor();
+    void RestoreWaitCursor();
+#endif
+
 protected:
     CCmdTarget();
 };

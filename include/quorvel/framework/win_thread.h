@@ -24,6 +24,18 @@ public:
     // the object be gone, before this returns.
     DWORD ResumeThread();
 
+#if defined(_WIN32)
+    // Handles this thread's messages until WM_QUIT, and returns its exit code: the loop of a
+    // program whose main window is no modal dialog.
+    int Run();
+    // Waits for one message and handles it. FALSE for WM_QUIT.
+    BOOL PumpMessage();
+    // Called before each message is translated and dispatched, in modal loops of the framework too.
+    // TRUE ends the handling of the message. The default calls PreTranslateMessage of the windows
+    // from the message's own up to the main window.
+    virtual BOOL PreTranslateMessage(MSG* message);
+#endif
+
     CWnd* m_pMainWnd;   // not owned; null when the thread has no window
     HANDLE m_hThread;   // owned: duplicate it to outlive the object; null without AfxBeginThread
     BOOL m_bAutoDelete; // TRUE; to be changed while the thread is suspended

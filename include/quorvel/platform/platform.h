@@ -30,23 +30,41 @@
 // clang-format on
 
 // Members bear these names: the SDK's macros would rename them in some translation units only.
+#undef AppendMenu
 #undef CreateFont
 #undef CreateFontIndirect
 #undef DefWindowProc
+#undef DrawText
+#undef ExtTextOut
 #undef FormatMessage
 #undef GetClassName
 #undef GetCurrentTime
+#undef GetDlgItemText
+#undef GetMenuItemInfo
+#undef GetMenuString
 #undef GetMessage
 #undef GetObject
 #undef GetProfileInt
 #undef GetProfileString
+#undef GetTextMetrics
 #undef GetWindowText
 #undef GetWindowTextLength
+#undef InsertMenu
+#undef InsertMenuItem
+#undef LoadBitmap
+#undef LoadCursor
+#undef LoadIcon
+#undef LoadMenu
 #undef LoadString
 #undef MessageBox
+#undef ModifyMenu
 #undef PostMessage
+#undef SendDlgItemMessage
 #undef SendMessage
+#undef SetDlgItemText
+#undef SetMenuItemInfo
 #undef SetWindowText
+#undef TextOut
 #undef WriteProfileString
 
 // Our literals are wide in every translation unit, whatever the host defines.

@@ -1,7 +1,14 @@
 // The members of CWnd that need a screen.
+#include <quorvel/framework/app.h>
 #include <quorvel/framework/geometry.h>
+#include <quorvel/framework/win/dc.h>
 #include <quorvel/framework/win/gdi.h>
+#include <quorvel/framework/win/menu.h>
 #include <quorvel/framework/wnd.h>
+
+#include "framework/win/child_windows.h"
+
+#include <shellapi.h>
 
 #include <algorithm>
 
@@ -26,50 +33,45 @@ CRect WorkAreaOf(HWND window) {
 
 } // namespace
 
-BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
-    return ::PostMessageW(m_hWnd, message, wParam, lParam);
+BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
+    return SubclassWindow(::GetDlgItem(SafeHwndOf(parent), static_cast<int>(id)));
 }
 
-void CWnd::GetClientRect(RECT* rect) const {
-    ::GetClientRect(m_hWnd, rect);
+void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, BOOL deep,
+                                    BOOL onlyPermanent) {
+    for (const HWND child : quorvel::ChildWindows(m_hWnd)) {
+        if (!onlyPermanent || FromHandlePermanent(child) != nullptr)
+            ::SendMessageW(child, message, wParam, lParam);
+        if (deep && ::IsWindow(child) && ::GetTopWindow(child) != nullptr)
+            FromHandle(child)->SendMessageToDescendants(message, wParam, lParam, deep,
+                                                        onlyPermanent);
+    }
 }
 
-void CWnd::GetWindowRect(RECT* rect) const {
-    ::GetWindowRect(m_hWnd, rect);
+CWnd* CWnd::GetTopLevelParent() const {
+    HWND top = m_hWnd;
+    for (HWND next = top; next != nullptr; next = ::GetParent(next))
+        top = next;
+    return FromHandle(top);
 }
 
-void CWnd::MoveWindow(const RECT& rect, BOOL repaint) {
-    ::MoveWindow(m_hWnd, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-                 repaint);
+int CWnd::MessageBox(const WCHAR* text, const WCHAR* caption, UINT type) {
+    return ::MessageBoxW(m_hWnd, text, caption != nullptr ? caption : AfxGetAppName(), type);
 }
 
-BOOL CWnd::SetWindowPos(const CWnd* insertAfter, int x, int y, int width, int height, UINT flags) {
-    return ::SetWindowPos(m_hWnd, insertAfter != nullptr ? insertAfter->m_hWnd : nullptr, x, y,
-                          width, height, flags);
+void CWnd::GetDlgItemText(int id, CString& text) const {
+    const HWND item = ::GetDlgItem(m_hWnd, id);
+    if (item != nullptr)
+        FromHandle(item)->GetWindowText(text);
+    else
+        text.Empty();
 }
 
-BOOL CWnd::ShowWindow(int command) {
-    return ::ShowWindow(m_hWnd, command);
-}
-
-BOOL CWnd::EnableWindow(BOOL enable) {
-    return ::EnableWindow(m_hWnd, enable);
-}
-
-BOOL CWnd::IsWindowVisible() const {
-    return ::IsWindowVisible(m_hWnd);
-}
-
-void CWnd::Invalidate(BOOL erase) {
-    ::InvalidateRect(m_hWnd, nullptr, erase);
-}
-
-CWnd* CWnd::SetFocus() {
-    return FromHandle(::SetFocus(m_hWnd));
-}
-
-CWnd* CWnd::GetDlgItem(int id) const {
-    return FromHandle(::GetDlgItem(m_hWnd, id));
+int CWnd::GetCheckedRadioButton(int first, int last) const {
+    for (int id = first; id <= last; ++id)
+        if (IsDlgButtonChecked(id) != 0)
+            return id;
+    return 0;
 }
 
 CFont* CWnd::GetFont() const {
@@ -81,17 +83,44 @@ void CWnd::SetFont(CFont* font, BOOL redraw) {
     SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(handle), redraw);
 }
 
-void CWnd::ScreenToClient(RECT* rect) const {
-    // Both corners in one call, so that a mirrored window's edges are not swapped.
-    ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<POINT*>(rect), 2);
+CMenu* CWnd::GetMenu() const {
+    return CMenu::FromHandle(::GetMenu(m_hWnd));
 }
 
-BOOL CWnd::ModifyStyle(DWORD remove, DWORD add, UINT positionFlags) {
-    const DWORD style = GetStyle();
+BOOL CWnd::SetMenu(CMenu* menu) {
+    return ::SetMenu(m_hWnd, menu != nullptr ? menu->m_hMenu : nullptr);
+}
+
+CMenu* CWnd::GetSystemMenu(BOOL revert) const {
+    return CMenu::FromHandle(::GetSystemMenu(m_hWnd, revert));
+}
+
+CDC* CWnd::GetDC() {
+    return CDC::FromHandle(::GetDC(m_hWnd));
+}
+
+CDC* CWnd::GetWindowDC() {
+    return CDC::FromHandle(::GetWindowDC(m_hWnd));
+}
+
+int CWnd::ReleaseDC(CDC* dc) {
+    return ::ReleaseDC(m_hWnd, dc->m_hDC);
+}
+
+CDC* CWnd::BeginPaint(PAINTSTRUCT* paint) {
+    return CDC::FromHandle(::BeginPaint(m_hWnd, paint));
+}
+
+void CWnd::DragAcceptFiles(BOOL accept) {
+    ::DragAcceptFiles(m_hWnd, accept);
+}
+
+BOOL CWnd::ModifyStyleOf(int which, DWORD remove, DWORD add, UINT positionFlags) {
+    const DWORD style = static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, which));
     const DWORD changed = (style & ~remove) | add;
     if (changed == style)
         return FALSE;
-    ::SetWindowLongPtrW(m_hWnd, GWL_STYLE, static_cast<LONG>(changed));
+    ::SetWindowLongPtrW(m_hWnd, which, static_cast<LONG>(changed));
     if (positionFlags != 0)
         ::SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
                        SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | positionFlags);

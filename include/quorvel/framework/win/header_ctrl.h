@@ -1,0 +1,45 @@
+// CHeaderCtrl: the header of a list. Windows only. It has no data of its own, so what
+// CListCtrl::GetHeaderCtrl returns needs no object of the host's.
+#pragma once
+
+#include <quorvel/framework/wnd.h>
+
+class CImageList;
+
+class QUORVEL_API CHeaderCtrl : public CWnd {
+    DECLARE_DYNAMIC(CHeaderCtrl)
+public:
+    BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+        return CWnd::Create(WC_HEADERW, nullptr, style, rect, parent, id);
+    }
+
+    int GetItemCount() const { return static_cast<int>(SendMessage(HDM_GETITEMCOUNT)); }
+    BOOL GetItem(int item, HDITEMW* description) const {
+        return Send(HDM_GETITEMW, item, description);
+    }
+    BOOL SetItem(int item, const HDITEMW* description) {
+        return Send(HDM_SETITEMW, item, description);
+    }
+    int InsertItem(int item, const HDITEMW* description) {
+        return Send(HDM_INSERTITEMW, item, description);
+    }
+    BOOL DeleteItem(int item) { return Send(HDM_DELETEITEM, item); }
+    BOOL GetItemRect(int item, RECT* rect) const { return Send(HDM_GETITEMRECT, item, rect); }
+    int HitTest(HDHITTESTINFO* test) const { return Send(HDM_HITTEST, 0, test); }
+
+    // The items from left to right. FALSE for a count that is not the header's.
+    int OrderToIndex(int order) const { return Send(HDM_ORDERTOINDEX, order); }
+    BOOL GetOrderArray(int* items, int count) const {
+        return Send(HDM_GETORDERARRAY, count, items);
+    }
+    BOOL SetOrderArray(int count, const int* items) {
+        return Send(HDM_SETORDERARRAY, count, items);
+    }
+    CImageList* SetImageList(CImageList* images); // the former one
+
+private:
+    int Send(UINT message, int number, const void* record = nullptr) const {
+        return static_cast<int>(
+            SendMessage(message, static_cast<WPARAM>(number), reinterpret_cast<LPARAM>(record)));
+    }
+};

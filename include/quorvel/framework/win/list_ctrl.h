@@ -1,0 +1,167 @@
+// CListCtrl: a list-view. Windows only. It has no data of its own, so what CWnd::GetDlgItem returns
+// for a list-view may be cast to it. Items count from 0; -1 stands for no item or a failure.
+//
+// A change of many items is slow while it is shown: call SetRedraw(FALSE) before, SetRedraw() and
+// Invalidate() after it.
+#pragma once
+
+#include <quorvel/framework/map.h>
+#include <quorvel/framework/win/header_ctrl.h>
+#include <quorvel/framework/wnd.h>
+
+class CEdit;
+class CImageList;
+class CToolTipCtrl;
+
+class QUORVEL_API CListCtrl : public CWnd {
+    DECLARE_DYNAMIC(CListCtrl)
+public:
+    BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+        return CWnd::Create(WC_LISTVIEWW, nullptr, style, rect, parent, id);
+    }
+
+    // Null for a list without a header. The header's permanent object, otherwise a temporary one.
+    CHeaderCtrl* GetHeaderCtrl() const;
+    // The style bits LVS_EX_ of the mask; mask 0: all. Returns those before.
+    DWORD SetExtendedStyle(DWORD style, DWORD mask = 0) {
+        return static_cast<DWORD>(
+            SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, mask, static_cast<LPARAM>(style)));
+    }
+    DWORD GetExtendedStyle() const {
+        return static_cast<DWORD>(SendMessage(LVM_GETEXTENDEDLISTVIEWSTYLE));
+    }
+    CImageList* SetImageList(CImageList* images, int which); // the former one
+    CImageList* GetImageList(int which) const;
+
+    // Columns
+    int InsertColumn(int column, const LVCOLUMNW* description) {
+        return Send(LVM_INSERTCOLUMNW, column, description);
+    }
+    // Width -1: the platform's own; sub-item -1: the column's.
+    int InsertColumn(int column, const WCHAR* heading, int format = LVCFMT_LEFT, int width = -1,
+                     int subItem = -1);
+    BOOL DeleteColumn(int column) { return Send(LVM_DELETECOLUMN, column); }
+    BOOL GetColumn(int column, LVCOLUMNW* description) const {
+        return Send(LVM_GETCOLUMNW, column, description);
+    }
+    BOOL SetColumn(int column, const LVCOLUMNW* description) {
+        return Send(LVM_SETCOLUMNW, column, description);
+    }
+    int GetColumnWidth(int column) const { return Send(LVM_GETCOLUMNWIDTH, column); }
+    BOOL SetColumnWidth(int column, int width) {
+        return static_cast<BOOL>(
+            SendMessage(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0)));
+    }
+    // The columns from left to right; count -1: all. FALSE for a count that is not the header's.
+    // An order that is no permutation must not be set: the platform then takes one of its own.
+    BOOL GetColumnOrderArray(int* columns, int count = -1) const;
+    BOOL SetColumnOrderArray(int count, const int* columns) {
+        return Send(LVM_SETCOLUMNORDERARRAY, count, columns);
+    }
+
+    // Items
+    int GetItemCount() const { return Send(LVM_GETITEMCOUNT); }
+    void SetItemCount(int count) { Send(LVM_SETITEMCOUNT, count); }
+    BOOL SetItemCountEx(int count, DWORD flags = LVSICF_NOINVALIDATEALL) { // of an owner-data list
+        return static_cast<BOOL>(
+            SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(count), static_cast<LPARAM>(flags)));
+    }
+    int InsertItem(const LVITEMW* item) { return Send(LVM_INSERTITEMW, 0, item); }
+    int InsertItem(int item, const WCHAR* text, int image = -1, LPARAM data = 0);
+    BOOL DeleteItem(int item) { return Send(LVM_DELETEITEM, item); }
+    BOOL DeleteAllItems() { return Send(LVM_DELETEALLITEMS, 0); }
+    BOOL GetItem(LVITEMW* item) const { return Send(LVM_GETITEMW, 0, item); }
+    BOOL SetItem(const LVITEMW* item) { return Send(LVM_SETITEMW, 0, item); }
+    CString GetItemText(int item, int subItem) const; // of any length
+    BOOL SetItemText(int item, int subItem, const WCHAR* text);
+    DWORD_PTR GetItemData(int item) const;
+    BOOL SetItemData(int item, DWORD_PTR data);
+    // LVM_SORTITEMS: `compare` gets the data of two items. Not for owner-data lists.
+    BOOL SortItems(PFNLVCOMPARE compare, DWORD_PTR parameter) {
+        return static_cast<BOOL>(
+            SendMessage(LVM_SORTITEMS, parameter, reinterpret_cast<LPARAM>(compare)));
+    }
+
+    // Selection and state; item -1 of SetItemState: all
+    UINT GetItemState(int item, UINT mask) const {
+        return static_cast<UINT>(
+            SendMessage(LVM_GETITEMSTATE, static_cast<WPARAM>(item), static_cast<LPARAM>(mask)));
+    }
+    BOOL SetItemState(int item, UINT state, UINT mask);
+    int GetNextItem(int after, int flags) const {
+        return static_cast<int>(
+            SendMessage(LVM_GETNEXTITEM, static_cast<WPARAM>(after), MAKELPARAM(flags, 0)));
+    }
+    // The selected items one by one: the position is null when there is no further one.
+    POSITION GetFirstSelectedItemPosition() const;
+    int GetNextSelectedItem(POSITION& position) const;
+    UINT GetSelectedCount() const { return static_cast<UINT>(SendMessage(LVM_GETSELECTEDCOUNT)); }
+    int GetSelectionMark() const { return Send(LVM_GETSELECTIONMARK, 0); }
+    int SetSelectionMark(int item) {
+        return static_cast<int>(SendMessage(LVM_SETSELECTIONMARK, 0, item));
+    }
+    // The check boxes of LVS_EX_CHECKBOXES
+    BOOL GetCheck(int item) const {
+        return static_cast<BOOL>((GetItemState(item, LVIS_STATEIMAGEMASK) >> 12) == 2);
+    }
+    BOOL SetCheck(int item, BOOL check = TRUE) {
+        return SetItemState(item, INDEXTOSTATEIMAGEMASK(check ? 2u : 1u), LVIS_STATEIMAGEMASK);
+    }
+
+    // Place and drawing
+    BOOL EnsureVisible(int item, BOOL partialIsEnough) {
+        return static_cast<BOOL>(
+            SendMessage(LVM_ENSUREVISIBLE, static_cast<WPARAM>(item), partialIsEnough));
+    }
+    int GetTopIndex() const { return Send(LVM_GETTOPINDEX, 0); }
+    int GetCountPerPage() const { return Send(LVM_GETCOUNTPERPAGE, 0); }
+    BOOL GetItemRect(int item, RECT* rect, UINT part) const {
+        rect->left = static_cast<LONG>(part);
+        return Send(LVM_GETITEMRECT, item, rect);
+    }
+    BOOL GetSubItemRect(int item, int subItem, int part, RECT& rect) const {
+        rect.top = subItem;
+        rect.left = part;
+        return Send(LVM_GETSUBITEMRECT, item, &rect);
+    }
+    int HitTest(LVHITTESTINFO* test) const { return Send(LVM_HITTEST, 0, test); }
+    int HitTest(CPoint point, UINT* flags = nullptr) const {
+        LVHITTESTINFO test = {};
+        test.pt = point;
+        const int item = HitTest(&test);
+        if (flags != nullptr)
+            *flags = test.flags;
+        return item;
+    }
+    int SubItemHitTest(LVHITTESTINFO* test) const { return Send(LVM_SUBITEMHITTEST, 0, test); }
+    BOOL RedrawItems(int first, int last) {
+        return static_cast<BOOL>(SendMessage(LVM_REDRAWITEMS, static_cast<WPARAM>(first), last));
+    }
+    BOOL Update(int item) { return Send(LVM_UPDATE, item); }
+    BOOL Scroll(CSize by) {
+        return static_cast<BOOL>(SendMessage(LVM_SCROLL, static_cast<WPARAM>(by.cx), by.cy));
+    }
+    COLORREF GetBkColor() const { return static_cast<COLORREF>(SendMessage(LVM_GETBKCOLOR)); }
+    BOOL SetBkColor(COLORREF color) { return SetColor(LVM_SETBKCOLOR, color); }
+    COLORREF GetTextColor() const { return static_cast<COLORREF>(SendMessage(LVM_GETTEXTCOLOR)); }
+    BOOL SetTextColor(COLORREF color) { return SetColor(LVM_SETTEXTCOLOR, color); }
+    COLORREF GetTextBkColor() const {
+        return static_cast<COLORREF>(SendMessage(LVM_GETTEXTBKCOLOR));
+    }
+    BOOL SetTextBkColor(COLORREF color) { return SetColor(LVM_SETTEXTBKCOLOR, color); }
+
+    // Searching and editing
+    int FindItem(const LVFINDINFOW* what, int after = -1) const {
+        return Send(LVM_FINDITEMW, after, what);
+    }
+    CEdit* EditLabel(int item); // null when it can't be edited
+
+private:
+    BOOL SetColor(UINT message, COLORREF color) {
+        return static_cast<BOOL>(SendMessage(message, 0, static_cast<LPARAM>(color)));
+    }
+    int Send(UINT message, int number = 0, const void* record = nullptr) const {
+        return static_cast<int>(
+            SendMessage(message, static_cast<WPARAM>(number), reinterpret_cast<LPARAM>(record)));
+    }
+};

@@ -1,0 +1,89 @@
+// CPropertySheet: a dialog of several pages with tabs, or a wizard. Windows only; an object is used
+// on one thread.
+//
+// DoModal runs the framework's own loop, as CDialog's does (dialog.h), with the sheet's keys, such
+// as Ctrl+Tab; idle time is the page's that is shown. It returns the id of the button that closed
+// the sheet: IDOK, IDCANCEL, ID_WIZFINISH, or what EndDialog was given. -1 when the sheet has no
+// pages, when a page has no template or when its owner is destroyed; a second DoModal is -1 at once
+// with ERROR_ALREADY_EXISTS.
+#pragma once
+
+#include <quorvel/framework/win/property_page.h>
+
+#include <vector>
+
+inline constexpr int ID_WIZBACK = 0x3023;
+inline constexpr int ID_WIZNEXT = 0x3024;
+inline constexpr int ID_WIZFINISH = 0x3025;
+
+class QUORVEL_API CPropertySheet : public CWnd {
+    DECLARE_DYNAMIC(CPropertySheet)
+public:
+    CPropertySheet();
+    // The parent, or the top-level window that it is in, owns the sheet; null: the thread's active
+    // window. A caption id is a catalogue text's.
+    explicit CPropertySheet(const WCHAR* caption, CWnd* parent = nullptr, UINT selectPage = 0);
+    explicit CPropertySheet(UINT captionId, CWnd* parent = nullptr, UINT selectPage = 0);
+    ~CPropertySheet() override;
+
+    virtual INT_PTR DoModal();
+    // A modeless sheet: it is destroyed by DestroyWindow when IsClosed, or earlier.
+    BOOL Create(CWnd* parent = nullptr);
+    // OK or Cancel was pressed and no page refused.
+    BOOL IsClosed() const;
+    void EndDialog(int result);
+
+    // Pages are not owned. Null is ignored; so is a position that does not exist.
+    void AddPage(CPropertyPage* page);
+    void RemovePage(CPropertyPage* page);
+    void RemovePage(int position);
+    int GetPageCount() const { return static_cast<int>(m_pages.size()); }
+    CPropertyPage* GetPage(int position) const;        // null for a position that does not exist
+    int GetPageIndex(const CPropertyPage* page) const; // -1 when it is not here
+    int GetActiveIndex() const;
+    CPropertyPage* GetActivePage() const { return GetPage(GetActiveIndex()); }
+    BOOL SetActivePage(int position);
+    BOOL SetActivePage(CPropertyPage* page) { return SetActivePage(GetPageIndex(page)); }
+
+    void SetTitle(const WCHAR* text, UINT style = 0);     // style: PSH_PROPTITLE
+    void SetWizardMode() { m_psh.dwFlags |= PSH_WIZARD; } // before it is shown
+    BOOL IsWizard() const {
+        return (m_psh.dwFlags & (PSH_WIZARD | PSH_WIZARD97 | PSH_WIZARD_LITE)) != 0;
+    }
+    // The rest while it is shown. SetWizardButtons may be called in OnSetActive.
+    void SetWizardButtons(DWORD flags);
+    void SetFinishText(const WCHAR* text) {
+        SendMessage(PSM_SETFINISHTEXT, 0, reinterpret_cast<LPARAM>(text));
+    }
+    BOOL PressButton(int button) { // PSBTN_OK and so on
+        return PostMessage(PSM_PRESSBUTTON, static_cast<WPARAM>(button));
+    }
+
+    // Flags, bitmaps and the start page; changes have an effect before it is shown.
+    PROPSHEETHEADERW m_psh;
+
+    BOOL PreTranslateMessage(MSG* message) override;
+    BOOL ContinueModal() override;
+
+protected:
+    // The sheet and its first page exist and are not shown yet.
+    virtual BOOL OnInitDialog();
+
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+    void OnSysCommand(UINT id, LPARAM lParam);
+    LRESULT OnKickIdle(WPARAM wParam, LPARAM lParam);
+    DECLARE_MESSAGE_MAP()
+
+    CWnd* m_pParentWnd; // not owned
+
+private:
+    LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
+    LRESULT OnPressButton(WPARAM wParam, LPARAM lParam);
+    BOOL CreateSheet(HWND owner);
+    HPROPSHEETPAGE MakePage(CPropertyPage& page) const; // null without a template
+
+    CString m_caption;
+    std::vector<CPropertyPage*> m_pages;
+    bool m_initialized = false; // OnInitDialog has run
+    int m_pressed = IDCANCEL;   // the last button that may close the sheet
+};

@@ -1,0 +1,37 @@
+// CSpinButtonCtrl: a spin button. Windows only. Its first range is 100 down to 0: set it.
+#pragma once
+
+#include <quorvel/framework/wnd.h>
+
+class QUORVEL_API CSpinButtonCtrl : public CWnd {
+    DECLARE_DYNAMIC(CSpinButtonCtrl)
+public:
+    BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+        return CWnd::Create(UPDOWN_CLASSW, nullptr, style, rect, parent, id);
+    }
+
+    void SetRange32(int low, int high) {
+        SendMessage(UDM_SETRANGE32, static_cast<WPARAM>(low), high);
+    }
+    void GetRange32(int& low, int& high) const {
+        SendMessage(UDM_GETRANGE32, reinterpret_cast<WPARAM>(&low),
+                    reinterpret_cast<LPARAM>(&high));
+    }
+    // Reading an edit that shows no number of the range gives the last valid position, and *error
+    // is TRUE.
+    int GetPos32(BOOL* error = nullptr) const {
+        return static_cast<int>(SendMessage(UDM_GETPOS32, 0, reinterpret_cast<LPARAM>(error)));
+    }
+    int SetPos32(int position) { // cut to the range; the former position
+        return static_cast<int>(SendMessage(UDM_SETPOS32, 0, position));
+    }
+    CWnd* SetBuddy(CWnd* buddy) {
+        return FromHandle(reinterpret_cast<HWND>(
+            SendMessage(UDM_SETBUDDY, reinterpret_cast<WPARAM>(buddy->GetSafeHwnd()))));
+    }
+    CWnd* GetBuddy() const { return FromHandle(reinterpret_cast<HWND>(SendMessage(UDM_GETBUDDY))); }
+    BOOL SetAccel(int count, const UDACCEL* steps) {
+        return static_cast<BOOL>(
+            SendMessage(UDM_SETACCEL, static_cast<WPARAM>(count), reinterpret_cast<LPARAM>(steps)));
+    }
+};

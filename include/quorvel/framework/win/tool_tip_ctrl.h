@@ -1,0 +1,39 @@
+// CToolTipCtrl: tool tips, and balloons with the style TTS_BALLOON. Windows only.
+//
+// A tool is a rectangle of a window (with an id that is not 0) or a whole window. The tip shows
+// when its owner passes it the tool's mouse messages: call RelayEvent in PreTranslateMessage.
+#pragma once
+
+#include <quorvel/framework/wnd.h>
+
+class QUORVEL_API CToolTipCtrl : public CWnd {
+    DECLARE_DYNAMIC(CToolTipCtrl)
+public:
+    BOOL Create(CWnd* parent, DWORD style = 0);
+
+    // A null rectangle is the whole window. The text is copied; LPSTR_TEXTCALLBACK asks the parent
+    // by TTN_NEEDTEXT.
+    BOOL AddTool(CWnd* wnd, const WCHAR* text = LPSTR_TEXTCALLBACKW, const RECT* rect = nullptr,
+                 UINT_PTR id = 0);
+    BOOL AddTool(CWnd* wnd, UINT textId, const RECT* rect = nullptr, UINT_PTR id = 0);
+    void DelTool(CWnd* wnd, UINT_PTR id = 0);
+    void UpdateTipText(const WCHAR* text, CWnd* wnd, UINT_PTR id = 0);
+    void SetToolRect(CWnd* wnd, UINT_PTR id, const RECT* rect);
+    int GetToolCount() const { return static_cast<int>(SendMessage(TTM_GETTOOLCOUNT)); }
+
+    void Activate(BOOL active) { SendMessage(TTM_ACTIVATE, static_cast<WPARAM>(active)); }
+    void RelayEvent(MSG* message) {
+        SendMessage(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(message));
+    }
+    void Pop() { SendMessage(TTM_POP); }
+    void SetDelayTime(DWORD which, int milliseconds) {
+        SendMessage(TTM_SETDELAYTIME, which, MAKELPARAM(milliseconds, 0));
+    }
+    // A width breaks long texts into lines; -1, as at first, does not.
+    int SetMaxTipWidth(int width) {
+        return static_cast<int>(SendMessage(TTM_SETMAXTIPWIDTH, 0, width));
+    }
+    BOOL SetTitle(UINT icon, const WCHAR* title) { // TTI_NONE, TTI_WARNING ...
+        return static_cast<BOOL>(SendMessage(TTM_SETTITLEW, icon, reinterpret_cast<LPARAM>(title)));
+    }
+};

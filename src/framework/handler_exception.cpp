@@ -1,0 +1,77 @@
+#include "framework/handler_exception.h"
+
+#include <quorvel/framework/app.h>
+#include <quorvel/framework/exceptions.h>
+
+#include "platform/win32.h"
+
+#include <algorithm>
+#include <iterator>
+#include <new>
+
+namespace {
+
+// A box over a window that fails to draw makes it draw again when the box closes, without end.
+constexpr UINT kSilent[] = {
+    WM_CREATE,          WM_PAINT,
+#if defined(_WIN32)
+    WM_NCPAINT,         WM_ERASEBKGND,  WM_DRAWITEM,    WM_CTLCOLORMSGBOX,    WM_CTLCOLOREDIT,
+    WM_CTLCOLORLISTBOX, WM_CTLCOLORBTN, WM_CTLCOLORDLG, WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC,
+#endif
+};
+
+LRESULT Report(CException* exception, const MSG& message) {
+    static thread_local bool t_reporting = false;
+    struct Reporting {
+        Reporting() { t_reporting = true; }
+        ~Reporting() { t_reporting = false; }
+    };
+    if (t_reporting)
+        return message.message == WM_CREATE ? -1 : 0;
+    const Reporting reporting;
+    CWinApp* const app = AfxGetApp();
+    return app != nullptr ? app->ProcessWndProcException(exception, &message)
+                          : quorvel::DefaultWndProcException(exception, &message);
+}
+
+} // namespace
+
+namespace quorvel {
+
+LRESULT DefaultWndProcException(CException* exception, const MSG* message) {
+    const bool silent =
+        std::find(std::begin(kSilent), std::end(kSilent), message->message) != std::end(kSilent) ||
+        exception->IsKindOf(RUNTIME_CLASS(CUserException));
+    if (!silent)
+        exception->ReportError(MB_OK | MB_ICONSTOP);
+    if (message->message == WM_PAINT) // until it is validated, the system asks again without end
+        return ::DefWindowProcW(message->hwnd, message->message, message->wParam, message->lParam);
+    return message->message == WM_CREATE ? -1 : 0;
+}
+
+LRESULT EndHandlerException(const MSG& message) noexcept {
+    try {
+        try {
+            throw;
+        } catch (CException* exception) {
+            struct Owner {
+                CException* const exception;
+                ~Owner() { exception->Delete(); }
+            } const owner{exception};
+            return Report(exception, message);
+        } catch (const std::bad_alloc&) {
+            CMemoryException exception(FALSE);
+            return Report(&exception, message);
+        } catch (...) {
+            CException unknown(FALSE);
+            return Report(&unknown, message);
+        }
+    } catch (CException* exception) { // from the report itself
+        exception->Delete();
+    } catch (...) {
+        // Nothing more can be shown.
+    }
+    return message.message == WM_CREATE ? -1 : 0;
+}
+
+} // namespace quorvel

@@ -1,0 +1,187 @@
+#include <quorvel/framework/win/check_list_box.h>
+
+#include <quorvel/framework/win/message_map.h>
+
+#include <algorithm>
+#include <cstddef>
+
+IMPLEMENT_DYNAMIC(CCheckListBox, CListBox)
+
+BEGIN_MESSAGE_MAP(CCheckListBox, CListBox)
+ON_WM_DRAWITEM_REFLECT()
+ON_WM_MEASUREITEM_REFLECT()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONDBLCLK()
+ON_WM_KEYDOWN()
+ON_WM_CHAR()
+END_MESSAGE_MAP()
+
+CCheckListBox::CCheckListBox() = default;
+
+BOOL CCheckListBox::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+    return CListBox::Create(style | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS, rect, parent, id);
+}
+
+void CCheckListBox::PreSubclassWindow() {
+    CListBox::PreSubclassWindow();
+    m_rows.assign(static_cast<std::size_t>(std::max(GetCount(), 0)), Row());
+}
+
+// The rows' checks follow what any caller does to the rows.
+LRESULT CCheckListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CListBox::WindowProc(message, wParam, lParam);
+    switch (message) {
+    case LB_ADDSTRING: // a sorted list inserts it
+    case LB_INSERTSTRING:
+        if (result >= 0)
+            m_rows.insert(m_rows.begin() + result, Row());
+        break;
+    case LB_DELETESTRING:
+        if (result != LB_ERR)
+            m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(wParam));
+        break;
+    case LB_RESETCONTENT:
+        m_rows.clear();
+        break;
+    default:
+        break;
+    }
+    return result;
+}
+
+CCheckListBox::Row* CCheckListBox::Find(int row) {
+    return row >= 0 && static_cast<std::size_t>(row) < m_rows.size()
+               ? &m_rows[static_cast<std::size_t>(row)]
+               : nullptr;
+}
+
+int CCheckListBox::GetCheck(int row) const {
+    const Row* const found = Find(row);
+    return found != nullptr ? found->check : 0;
+}
+
+void CCheckListBox::SetCheck(int row, int check) {
+    Row* const found = Find(row);
+    if (found == nullptr || check < BST_UNCHECKED || check > BST_INDETERMINATE)
+        return;
+    found->check = check;
+    InvalidateRow(row);
+}
+
+void CCheckListBox::Enable(int row, BOOL enable) {
+    if (Row* const found = Find(row)) {
+        found->enabled = enable;
+        InvalidateRow(row);
+    }
+}
+
+BOOL CCheckListBox::IsEnabled(int row) const {
+    const Row* const found = Find(row);
+    return found != nullptr && found->enabled;
+}
+
+void CCheckListBox::InvalidateRow(int row) {
+    CRect rect;
+    if (GetItemRect(row, rect) != LB_ERR)
+        InvalidateRect(rect, FALSE);
+}
+
+// As wide as a row is high, so that it follows the size of the text.
+int CCheckListBox::BoxWidth() const {
+    return GetItemHeight(0);
+}
+
+void CCheckListBox::MeasureItem(MEASUREITEMSTRUCT* item) {
+    CClientDC dc(this);
+    CFont* const former = dc.SelectObject(GetFont());
+    TEXTMETRICW metrics = {};
+    dc.GetTextMetrics(&metrics);
+    if (former != nullptr)
+        dc.SelectObject(former);
+    item->itemHeight = static_cast<UINT>(metrics.tmHeight + metrics.tmExternalLeading + 1);
+}
+
+void CCheckListBox::DrawItem(DRAWITEMSTRUCT* item) {
+    const Row* const row = Find(static_cast<int>(item->itemID));
+    if (row == nullptr) { // an empty list that has the focus
+        if ((item->itemState & ODS_FOCUS) != 0)
+            ::DrawFocusRect(item->hDC, &item->rcItem);
+        return;
+    }
+    CDC* const dc = CDC::FromHandle(item->hDC);
+    const bool enabled = row->enabled && IsWindowEnabled();
+    const bool selected = (item->itemState & ODS_SELECTED) != 0;
+    const CRect whole(item->rcItem);
+    const int width = BoxWidth();
+
+    CRect box(whole.left, whole.top, whole.left + width, whole.bottom);
+    dc->FillSolidRect(box, ::GetSysColor(COLOR_WINDOW));
+    ::InflateRect(box, -1, -1);
+    const UINT state = row->check == BST_INDETERMINATE ? UINT{DFCS_BUTTON3STATE | DFCS_CHECKED}
+                       : row->check == BST_CHECKED     ? UINT{DFCS_BUTTONCHECK | DFCS_CHECKED}
+                                                       : UINT{DFCS_BUTTONCHECK};
+    dc->DrawFrameControl(box, DFC_BUTTON, enabled ? state : state | DFCS_INACTIVE);
+
+    CRect label(whole.left + width, whole.top, whole.right, whole.bottom);
+    dc->FillSolidRect(label, ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    dc->SetTextColor(::GetSysColor(!enabled   ? COLOR_GRAYTEXT
+                                   : selected ? COLOR_HIGHLIGHTTEXT
+                                              : COLOR_WINDOWTEXT));
+    CString text;
+    GetText(static_cast<int>(item->itemID), text);
+    CRect inner(label.left + 2, label.top, label.right, label.bottom);
+    dc->DrawText(text, inner, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    if ((item->itemState & (ODS_FOCUS | ODS_NOFOCUSRECT)) == ODS_FOCUS)
+        dc->DrawFocusRect(label);
+}
+
+// The default procedure selects rows before the check changes, so that the parent's handler finds
+// the row selected.
+void CCheckListBox::Toggle(int row) {
+    Row* const found = Find(row);
+    if (found == nullptr || !found->enabled)
+        return;
+    if (m_checkStyle == BS_AUTO3STATE)
+        SetCheck(row, (found->check + 1) % 3);
+    else if (m_checkStyle == BS_AUTOCHECKBOX)
+        SetCheck(row, found->check == BST_UNCHECKED ? BST_CHECKED : BST_UNCHECKED);
+    ::SendMessageW(::GetParent(m_hWnd), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(), CLBN_CHKCHANGE),
+                   reinterpret_cast<LPARAM>(m_hWnd));
+}
+
+bool CCheckListBox::ToggleAt(CPoint point) {
+    BOOL outside = TRUE;
+    const int row = static_cast<int>(ItemFromPoint(point, outside));
+    CRect rect;
+    if (outside || GetItemRect(row, rect) == LB_ERR || !::PtInRect(rect, point) ||
+        point.x >= rect.left + BoxWidth())
+        return false;
+    SetFocus();
+    SetCurSel(row);
+    ::SendMessageW(::GetParent(m_hWnd), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(), LBN_SELCHANGE),
+                   reinterpret_cast<LPARAM>(m_hWnd));
+    Toggle(row);
+    return true;
+}
+
+void CCheckListBox::OnLButtonDown(UINT flags, CPoint point) {
+    if (!ToggleAt(point))
+        CListBox::OnLButtonDown(flags, point);
+}
+
+void CCheckListBox::OnLButtonDblClk(UINT flags, CPoint point) {
+    if (!ToggleAt(point)) // each click of a fast user counts
+        CListBox::OnLButtonDblClk(flags, point);
+}
+
+void CCheckListBox::OnKeyDown(UINT key, UINT repeat, UINT flags) {
+    if (key == VK_SPACE)
+        Toggle(GetCaretIndex());
+    else
+        CListBox::OnKeyDown(key, repeat, flags);
+}
+
+void CCheckListBox::OnChar(UINT character, UINT repeat, UINT flags) {
+    if (character != ' ') // it would search for a row that begins with a blank
+        CListBox::OnChar(character, repeat, flags);
+}

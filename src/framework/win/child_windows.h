@@ -1,0 +1,18 @@
+// The child windows of a window, taken before they are sent messages, which may destroy some.
+#pragma once
+
+#include <quorvel/platform/platform.h>
+
+#include <vector>
+
+namespace quorvel {
+
+inline std::vector<HWND> ChildWindows(HWND parent) {
+    std::vector<HWND> children;
+    for (HWND child = ::GetTopWindow(parent); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT))
+        children.push_back(child);
+    return children;
+}
+
+} // namespace quorvel

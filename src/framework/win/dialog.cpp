@@ -1,0 +1,207 @@
+#include <quorvel/framework/win/dialog.h>
+
+#include <quorvel/framework/app.h>
+#include <quorvel/framework/extension_module.h>
+
+#include "framework/common_controls.h"
+#include "framework/handler_exception.h"
+#include "framework/message_box_owner.h"
+#include "framework/win/dialog_template.h"
+
+#include <optional>
+
+IMPLEMENT_DYNAMIC(CDialog, CWnd)
+
+BEGIN_MESSAGE_MAP(CDialog, CWnd)
+ON_MESSAGE(WM_INITDIALOG, &CDialog::HandleInitDialog)
+ON_MESSAGE(WM_KICKIDLE, &CDialog::OnKickIdle)
+ON_WM_INITMENUPOPUP()
+ON_COMMAND(IDOK, &CDialog::OnOK)
+ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
+END_MESSAGE_MAP()
+
+namespace {
+
+// The dialog's messages reach its object before this; the platform wants a procedure all the same.
+INT_PTR CALLBACK DialogProcedure(HWND, UINT, WPARAM, LPARAM) {
+    return FALSE;
+}
+
+bool IsKey(const MSG& message) {
+    return message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+}
+
+} // namespace
+
+namespace quorvel {
+
+DialogTemplate FindDialogTemplate(const WCHAR* name) {
+    const HINSTANCE module = AfxFindResourceHandle(name, RT_DIALOG);
+    const HRSRC resource = ::FindResourceW(module, name, RT_DIALOG);
+    const HGLOBAL loaded = resource != nullptr ? ::LoadResource(module, resource) : nullptr;
+    return {static_cast<const DLGTEMPLATE*>(loaded != nullptr ? ::LockResource(loaded) : nullptr),
+            module};
+}
+
+HWND ModalOwner(HWND parent) {
+    return ::IsWindow(parent) ? ::GetAncestor(parent, GA_ROOT) : MessageBoxOwner();
+}
+
+void HideBeforeOwner(HWND window) {
+    ::SetWindowPos(window, nullptr, 0, 0, 0, 0,
+                   SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+}
+
+void ActivateOwner(HWND window, HWND owner) {
+    if (::GetActiveWindow() == window && ::IsWindow(owner))
+        ::SetActiveWindow(owner);
+}
+
+} // namespace quorvel
+
+CDialog::CDialog() : m_lpszTemplateName(nullptr), m_pParentWnd(nullptr) {}
+
+CDialog::CDialog(const WCHAR* templateName, CWnd* parent)
+    : m_lpszTemplateName(templateName), m_pParentWnd(parent) {
+    if (!IS_INTRESOURCE(templateName)) {
+        m_templateText = templateName;
+        m_lpszTemplateName = m_templateText;
+    }
+}
+
+CDialog::CDialog(UINT templateId, CWnd* parent) : CDialog(MAKEINTRESOURCEW(templateId), parent) {}
+
+CDialog::~CDialog() = default;
+
+BOOL CDialog::InitModalIndirect(const DLGTEMPLATE* dialogTemplate, CWnd* parent) {
+    if (dialogTemplate == nullptr || m_template != nullptr || m_lpszTemplateName != nullptr ||
+        m_hWnd != nullptr)
+        return FALSE;
+    m_template = dialogTemplate;
+    m_pParentWnd = parent;
+    return TRUE;
+}
+
+INT_PTR CDialog::DoModal() {
+    if (m_hWnd != nullptr || m_modal != Modal::kNone) {
+        ::SetLastError(ERROR_ALREADY_EXISTS);
+        return -1;
+    }
+    const quorvel::DialogTemplate found =
+        m_template != nullptr ? quorvel::DialogTemplate{m_template, AfxGetResourceHandle()}
+                              : quorvel::FindDialogTemplate(m_lpszTemplateName);
+    if (found.dialog == nullptr)
+        return -1;
+    const HWND owner = quorvel::ModalOwner(SafeHwndOf(m_pParentWnd));
+    std::optional<quorvel::DisabledWindow> disabled(owner);
+    m_modal = Modal::kRunning; // from here on EndDialog has an effect
+    m_modalResult = -1;
+    DWORD error = ERROR_SUCCESS;
+    if (!CreateFrom(found.dialog, owner, found.module))
+        error = ::GetLastError();
+    else if (m_modal == Modal::kRunning)
+        RunModalLoop(MLF_SHOWONIDLE);
+    m_modal = Modal::kNone;
+    if (m_hWnd != nullptr)
+        quorvel::HideBeforeOwner(m_hWnd);
+    disabled.reset();
+    quorvel::ActivateOwner(m_hWnd, owner);
+    if (m_hWnd != nullptr)
+        DestroyWindow();
+    if (error != ERROR_SUCCESS)
+        ::SetLastError(error);
+    return m_modalResult;
+}
+
+BOOL CDialog::Create(const WCHAR* templateName, CWnd* parent) {
+    const quorvel::DialogTemplate found = quorvel::FindDialogTemplate(templateName);
+    return found.dialog != nullptr &&
+           CreateFrom(found.dialog, SafeHwndOf(parent != nullptr ? parent : AfxGetMainWnd()),
+                      found.module);
+}
+
+BOOL CDialog::CreateIndirect(const DLGTEMPLATE* dialogTemplate, CWnd* parent) {
+    return dialogTemplate != nullptr &&
+           CreateFrom(dialogTemplate, SafeHwndOf(parent != nullptr ? parent : AfxGetMainWnd()),
+                      AfxGetResourceHandle());
+}
+
+BOOL CDialog::CreateFrom(const DLGTEMPLATE* dialogTemplate, HWND parent, HINSTANCE module) {
+    if (m_hWnd != nullptr) {
+        ::SetLastError(ERROR_ALREADY_EXISTS);
+        return FALSE;
+    }
+    quorvel::RegisterCommonControls();
+    AfxHookWindowCreate(this);
+    const HWND window =
+        ::CreateDialogIndirectParamW(module, dialogTemplate, parent, DialogProcedure, 0);
+    if (!AfxUnhookWindowCreate()) {
+        PostNcDestroy(); // it failed before there was a window to send WM_NCDESTROY
+        return FALSE;
+    }
+    return ::IsWindow(window); // if not, this object may be gone
+}
+
+LRESULT CDialog::HandleInitDialog(WPARAM wParam, LPARAM lParam) {
+    try {
+        return OnInitDialog();
+    } catch (...) {
+        quorvel::EndHandlerException({m_hWnd, WM_INITDIALOG, wParam, lParam, 0, {}});
+    }
+    // Half a dialog is of no use.
+    if (m_modal != Modal::kNone)
+        EndDialog(-1);
+    else
+        DestroyWindow(); // this object may be gone
+    return FALSE;
+}
+
+BOOL CDialog::OnInitDialog() {
+    if (UpdateData(FALSE))
+        return TRUE;
+    EndDialog(-1);
+    return FALSE;
+}
+
+void CDialog::OnOK() {
+    if (UpdateData(TRUE))
+        EndDialog(IDOK);
+}
+
+void CDialog::OnCancel() {
+    EndDialog(IDCANCEL);
+}
+
+void CDialog::EndDialog(int result) {
+    if (m_modal != Modal::kNone)
+        EndModalLoop(result);
+    else if (m_hWnd != nullptr)
+        ShowWindow(SW_HIDE);
+}
+
+LRESULT CDialog::OnKickIdle(WPARAM, LPARAM) {
+    UpdateDialogControls(this, FALSE);
+    return FALSE;
+}
+
+BOOL CDialog::LoadAccelTable(const WCHAR* name) {
+    const HACCEL table = ::LoadAcceleratorsW(AfxFindResourceHandle(name, RT_ACCELERATOR), name);
+    if (table == nullptr)
+        return FALSE;
+    m_accelerators = table;
+    return TRUE;
+}
+
+BOOL CDialog::TranslateAccelerators(MSG* message) {
+    // Not the keys of a dialog that this one owns, whose messages come here too.
+    return m_accelerators != nullptr && IsKey(*message) &&
+           (message->hwnd == m_hWnd || ::IsChild(m_hWnd, message->hwnd)) &&
+           ::TranslateAcceleratorW(m_hWnd, m_accelerators, message);
+}
+
+BOOL CDialog::PreTranslateMessage(MSG* message) {
+    if (CWnd::PreTranslateMessage(message) || TranslateAccelerators(message))
+        return TRUE;
+    const bool isMouse = message->message >= WM_MOUSEFIRST && message->message <= WM_MOUSELAST;
+    return (isMouse || IsKey(*message)) && ::IsDialogMessageW(m_hWnd, message);
+}

@@ -1,0 +1,134 @@
+// The loops over a thread's messages: the program's own and those of modal windows.
+#include <quorvel/framework/app.h>
+#include <quorvel/framework/wnd.h>
+
+#include "framework/handler_exception.h"
+
+namespace {
+
+constexpr UINT kSystemTimer = 0x0118; // the caret's blinking, among others
+
+// FALSE for WM_QUIT.
+bool Pump(MSG& message) {
+    if (::GetMessageW(&message, nullptr, 0, 0) <= 0)
+        return false;
+    try {
+        CWinApp* const app = AfxGetApp();
+        if (app != nullptr ? app->PreTranslateMessage(&message)
+                           : CWnd::WalkPreTranslateTree(nullptr, &message))
+            return true;
+    } catch (...) { // as if a handler had failed: the loop above must go on
+        quorvel::EndHandlerException(message);
+        return true;
+    }
+    ::TranslateMessage(&message);
+    ::DispatchMessageW(&message);
+    return true;
+}
+
+bool IsQueueEmpty() {
+    MSG message;
+    return !::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+}
+
+// Whether something may have changed that idle time is used to show.
+bool IsIdleMessage(const MSG& message) {
+    static thread_local LPARAM t_mousePlace = -1;
+    if (message.message == WM_MOUSEMOVE) { // the system sends one where the mouse did not move
+        const LPARAM place = MAKELPARAM(message.pt.x, message.pt.y);
+        const bool moved = place != t_mousePlace;
+        t_mousePlace = place;
+        return moved;
+    }
+    return message.message != WM_PAINT && message.message != kSystemTimer;
+}
+
+} // namespace
+
+BOOL CWinThread::PumpMessage() {
+    MSG message;
+    return Pump(message);
+}
+
+int CWinThread::Run() {
+    MSG message = {};
+    while (Pump(message))
+        continue;
+    return static_cast<int>(message.wParam);
+}
+
+BOOL CWinThread::PreTranslateMessage(MSG* message) {
+    return CWnd::WalkPreTranslateTree(m_pMainWnd != nullptr ? m_pMainWnd->m_hWnd : nullptr,
+                                      message);
+}
+
+BOOL CWnd::PreTranslateMessage(MSG*) {
+    return FALSE;
+}
+
+BOOL CWnd::WalkPreTranslateTree(HWND stop, MSG* message) {
+    for (HWND window = message->hwnd; window != nullptr; window = ::GetParent(window)) {
+        CWnd* const wnd = FromHandlePermanent(window);
+        if (wnd != nullptr && wnd->PreTranslateMessage(message))
+            return TRUE;
+        if (window == stop)
+            break;
+    }
+    return FALSE;
+}
+
+int CWnd::RunModalLoop(DWORD flags) {
+    if (m_hWnd == nullptr)
+        return -1;
+    const HWND owner = ::GetParent(m_hWnd);
+    bool show = (flags & MLF_SHOWONIDLE) != 0 && (GetStyle() & WS_VISIBLE) == 0;
+    bool idle = true;
+    LONG idleCount = 0;
+    const auto showNow = [&] {
+        if (std::exchange(show, false)) {
+            ShowWindow(SW_SHOWNORMAL);
+            UpdateWindow();
+        }
+    };
+    m_modal = Modal::kRunning;
+    for (;;) {
+        while (idle && ContinueModal() && IsQueueEmpty()) {
+            showNow();
+            if ((flags & MLF_NOIDLEMSG) == 0 && owner != nullptr && idleCount == 0)
+                ::SendMessageW(owner, WM_ENTERIDLE, MSGF_DIALOGBOX,
+                               reinterpret_cast<LPARAM>(m_hWnd));
+            idle = (flags & MLF_NOKICKIDLE) == 0 &&
+                   SendMessage(WM_KICKIDLE, MSGF_DIALOGBOX, idleCount++) != 0;
+        }
+        do {
+            MSG message;
+            if (!Pump(message)) {
+                ::PostQuitMessage(static_cast<int>(message.wParam)); // for the loops outside
+                m_modal = Modal::kNone;
+                return m_modalResult = -1;
+            }
+            if (message.message == kSystemTimer || message.message == WM_SYSKEYDOWN)
+                showNow(); // the user waits for it
+            if (!ContinueModal()) {
+                m_modal = Modal::kNone;
+                return m_modalResult;
+            }
+            if (IsIdleMessage(message)) {
+                idle = true;
+                idleCount = 0;
+            }
+        } while (!IsQueueEmpty());
+    }
+}
+
+BOOL CWnd::ContinueModal() {
+    return m_modal == Modal::kRunning;
+}
+
+void CWnd::EndModalLoop(int result) {
+    m_modalResult = result;
+    if (m_modal != Modal::kRunning)
+        return;
+    m_modal = Modal::kEnded;
+    ::PostMessageW(m_hWnd, WM_NULL, 0, 0); // the loop may be waiting for a message
+}

@@ -1,0 +1,227 @@
+// The control classes over real controls: what they add to the platform's messages.
+#include <quorvel/framework/win/check_list_box.h>
+#include <quorvel/framework/win/combo_box.h>
+#include <quorvel/framework/win/edit.h>
+#include <quorvel/framework/win/image_list.h>
+#include <quorvel/framework/win/list_ctrl.h>
+#include <quorvel/framework/win/message_map.h>
+#include <quorvel/framework/win/progress_ctrl.h>
+#include <quorvel/framework/win/spin_button_ctrl.h>
+#include <quorvel/framework/win/tool_tip_ctrl.h>
+#include <quorvel/framework/win/wait_cursor.h>
+
+#include "support/test.h"
+
+namespace {
+
+enum : UINT { kControl = 5, kBuddy };
+
+class CParent : public CWnd {
+public:
+    std::string m_seen;
+    CParent() {
+        CreateEx(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 300, 300, nullptr, nullptr);
+    }
+
+protected:
+    void OnCheck() { m_seen += "check "; }
+    void OnSelection() { m_seen += "selection "; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CParent, CWnd)
+ON_CLBN_CHKCHANGE(kControl, &CParent::OnCheck)
+ON_LBN_SELCHANGE(kControl, &CParent::OnSelection)
+END_MESSAGE_MAP()
+
+constexpr CRect kPlace(0, 0, 200, 200);
+
+TEST(ListCtrl, ReadsTextsOfAnyLengthDataAndColumns) {
+    CParent parent;
+    CListCtrl list;
+    ASSERT_TRUE(list.Create(WS_VISIBLE | LVS_REPORT, kPlace, &parent, kControl));
+    EXPECT_EQ(list.InsertColumn(0, _T("Name"), LVCFMT_LEFT, 80), 0);
+    EXPECT_EQ(list.InsertColumn(1, _T("Size"), LVCFMT_RIGHT, 40, 1), 1);
+    EXPECT_EQ(list.GetHeaderCtrl()->GetItemCount(), 2);
+    EXPECT_EQ(list.GetColumnWidth(1), 40);
+    int order[2] = {1, 0};
+    EXPECT_TRUE(list.SetColumnOrderArray(2, order));
+    int read[2] = {-1, -1};
+    EXPECT_TRUE(list.GetColumnOrderArray(read));
+    EXPECT_EQ(read[0], 1);
+    EXPECT_FALSE(list.GetColumnOrderArray(read, 1)) << "not the header's count";
+
+    const CString longText(Wide(200, 'x').c_str()); // longer than the first buffer
+    EXPECT_EQ(list.InsertItem(0, _T("first"), -1, 7), 0);
+    EXPECT_EQ(list.InsertItem(1, _T("second")), 1);
+    EXPECT_EQ(list.InsertItem(2, _T("third")), 2);
+    EXPECT_TRUE(list.SetItemText(1, 1, longText));
+    EXPECT_TRUE(list.SetItemData(1, 8));
+    ExpectCases<CString, const WCHAR*>({
+        CASE(list.GetItemText(0, 0), _T("first")),
+        CASE(list.GetItemText(0, 1), _T("")),
+        CASE(list.GetItemText(1, 1), longText.GetString()),
+        CASE(list.GetItemText(9, 0), _T("")),
+    });
+    EXPECT_EQ(list.GetItemData(0), 7u);
+    EXPECT_EQ(list.GetItemData(1), 8u);
+
+    EXPECT_EQ(list.GetFirstSelectedItemPosition(), nullptr);
+    for (const int item : {0, 2})
+        list.SetItemState(item, LVIS_SELECTED, LVIS_SELECTED);
+    std::vector<int> selected;
+    for (POSITION next = list.GetFirstSelectedItemPosition(); next != nullptr;)
+        selected.push_back(list.GetNextSelectedItem(next));
+    EXPECT_EQ(selected, (std::vector{0, 2}));
+    list.SetExtendedStyle(LVS_EX_CHECKBOXES, LVS_EX_CHECKBOXES);
+    list.SetCheck(1);
+    EXPECT_TRUE(list.GetCheck(1));
+    EXPECT_FALSE(list.GetCheck(0));
+}
+
+TEST(CheckListBox, ChecksMoveWithTheirRowsAndNotifyTheParent) {
+    CParent parent;
+    CCheckListBox list;
+    ASSERT_TRUE(list.Create(WS_VISIBLE | LBS_SORT | LBS_NOTIFY, kPlace, &parent, kControl));
+    const auto checks = [&] {
+        std::string text;
+        for (int row = 0; row < list.GetCount(); ++row) {
+            CString name;
+            list.GetText(row, name);
+            text += static_cast<char>(name[0]) + std::to_string(list.GetCheck(row)) +
+                    (list.IsEnabled(row) ? " " : "! ");
+        }
+        return text;
+    };
+    const auto click = [&](int row, int x, UINT message = WM_LBUTTONDOWN) {
+        CRect rect;
+        list.GetItemRect(row, rect);
+        parent.m_seen.clear();
+        list.SendMessage(message, MK_LBUTTON, MAKELPARAM(rect.left + x, rect.top + 3));
+        list.SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(rect.left + x, rect.top + 3));
+        return parent.m_seen + checks();
+    };
+    const auto space = [&](int row) {
+        list.SetCurSel(row);
+        parent.m_seen.clear();
+        list.SendMessage(WM_KEYDOWN, VK_SPACE, 1);
+        list.SendMessage(WM_CHAR, ' ', 1);
+        return parent.m_seen + checks();
+    };
+    list.AddString(_T("d"));
+    list.SetItemData(list.AddString(_T("b")), 77);
+    list.SetCheck(0, BST_CHECKED);
+    list.AddString(_T("a"));
+    list.AddString(_T("c"));
+    EXPECT_EQ(checks(), "a0 b1 c0 d0 ");
+    EXPECT_EQ(list.GetItemData(1), 77u) << "the program's own";
+    list.DeleteString(0);
+    list.SetCheck(7, BST_CHECKED);
+    list.SetCheck(1, 3);
+    EXPECT_EQ(list.GetCheck(7), 0);
+    list.Enable(2, FALSE);
+    ExpectCases<std::string>({
+        CASE(checks(), "b1 c0 d0! "),
+        CASE(click(1, 4), "selection check b1 c1 d0! "),
+        CASE(click(1, 4, WM_LBUTTONDBLCLK), "selection check b1 c0 d0! "),
+        CASE(click(2, 4), "selection b1 c0 d0! "),  // disabled
+        CASE(click(0, 60), "selection b1 c0 d0! "), // on the text
+        CASE(space(0), "check b0 c0 d0! "),
+    });
+    list.SetCheckStyle(BS_AUTO3STATE);
+    EXPECT_EQ(space(0), "check b1 c0 d0! ");
+    EXPECT_EQ(space(0), "check b2 c0 d0! ");
+    list.ResetContent();
+    EXPECT_EQ(list.AddString(_T("new")), 0);
+    EXPECT_EQ(list.GetCheck(0), 0);
+    list.UpdateWindow(); // draws
+}
+
+TEST(Controls, ForwardToTheirMessages) {
+    CParent parent;
+    CEdit edit;
+    ASSERT_TRUE(edit.Create(WS_VISIBLE, kPlace, &parent, kBuddy));
+    edit.SetWindowText(_T("some text"));
+    edit.SetSel(5, 9);
+    edit.ReplaceSel(_T("word"));
+    int first = 0;
+    int last = 0;
+    edit.GetSel(first, last);
+    CString text;
+    edit.GetWindowText(text);
+    EXPECT_EQ(text, _T("some word"));
+    EXPECT_EQ(first, 9);
+
+    CSpinButtonCtrl spin;
+    ASSERT_TRUE(spin.Create(WS_VISIBLE | UDS_SETBUDDYINT | UDS_NOTHOUSANDS, kPlace, &parent, 9));
+    spin.SetBuddy(&edit);
+    EXPECT_EQ(spin.GetBuddy(), &edit);
+    spin.SetRange32(0, 9999);
+    spin.SetPos32(12345);
+    BOOL error = TRUE;
+    EXPECT_EQ(spin.GetPos32(&error), 9999);
+    EXPECT_FALSE(error);
+    edit.SetWindowText(_T("x"));
+    EXPECT_EQ(spin.GetPos32(&error), 9999);
+    EXPECT_TRUE(error);
+
+    CComboBox combo;
+    ASSERT_TRUE(combo.Create(CBS_DROPDOWNLIST, kPlace, &parent, 10));
+    for (const WCHAR* const row : {_T("one"), _T("two")})
+        combo.SetItemData(combo.AddString(row), 3);
+    combo.GetLBText(1, text);
+    EXPECT_EQ(text, _T("two"));
+    combo.GetLBText(2, text);
+    EXPECT_EQ(text, _T(""));
+    EXPECT_EQ(combo.SelectString(-1, _T("tw")), 1);
+    EXPECT_EQ(combo.GetItemData(1), 3u);
+
+    CProgressCtrl progress;
+    ASSERT_TRUE(progress.Create(0, kPlace, &parent, 11));
+    progress.SetRange32(0, 50);
+    progress.SetPos(60);
+    EXPECT_EQ(progress.GetPos(), 50);
+
+    CToolTipCtrl tip;
+    ASSERT_TRUE(tip.Create(&parent, TTS_BALLOON));
+    EXPECT_TRUE(tip.AddTool(&edit, _T("The edit")));
+    EXPECT_TRUE(tip.AddTool(&parent, _T("A place"), kPlace, 1));
+    EXPECT_FALSE(tip.AddTool(&parent, _T("A place without an id"), kPlace));
+    EXPECT_EQ(tip.GetToolCount(), 2);
+    tip.DelTool(&parent, 1);
+    EXPECT_EQ(tip.GetToolCount(), 1);
+}
+
+TEST(ImageList, IsOwnedAndLentToControls) {
+    CParent parent;
+    CImageList images;
+    ASSERT_TRUE(images.Create(16, 16, ILC_COLOR32, 1, 1));
+    EXPECT_FALSE(images.Create(8, 8, ILC_COLOR32, 1, 1)) << "has a list";
+    EXPECT_EQ(images.Add(::LoadIconW(nullptr, IDI_INFORMATION)), 0);
+    CListCtrl list;
+    ASSERT_TRUE(list.Create(LVS_REPORT | LVS_SHAREIMAGELISTS, kPlace, &parent, kControl));
+    EXPECT_EQ(list.SetImageList(&images, LVSIL_SMALL), nullptr);
+    EXPECT_EQ(list.GetImageList(LVSIL_SMALL)->m_hImageList, images.m_hImageList);
+    list.DestroyWindow();
+    EXPECT_EQ(images.GetImageCount(), 1) << "the list does not own it";
+}
+
+TEST(WaitCursor, NestsAndComesBackAfterABox) {
+    const HCURSOR arrow = ::LoadCursorW(nullptr, IDC_ARROW);
+    const HCURSOR wait = ::LoadCursorW(nullptr, IDC_WAIT);
+    ::SetCursor(arrow);
+    {
+        CWaitCursor outer;
+        {
+            CWaitCursor inner;
+            EXPECT_EQ(::GetCursor(), wait);
+        }
+        EXPECT_EQ(::GetCursor(), wait);
+        ::SetCursor(arrow);
+        outer.Restore();
+        EXPECT_EQ(::GetCursor(), wait);
+    }
+    EXPECT_EQ(::GetCursor(), arrow);
+}
+
+} // namespace

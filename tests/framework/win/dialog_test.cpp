@@ -1,0 +1,321 @@
+// The life of a dialog, modal and modeless, by keys and messages as a user makes them.
+#include <quorvel/frame/module.h>
+#include <quorvel/framework/exceptions.h>
+#include <quorvel/framework/win/dialog.h>
+
+#include "dialogs.h"
+#include "support/message_box_recorder.h"
+#include "support/test.h"
+#include "support/win/dialog_driver.h"
+
+#include <algorithm>
+
+namespace {
+
+class CFieldsDlg : public CDialog {
+public:
+    explicit CFieldsDlg(CWnd* parent = nullptr, UINT id = DIALOG_FIELDS) : CDialog(id, parent) {
+        LoadAccelTable(ACCELERATORS_KEYS);
+    }
+
+    std::function<void(CFieldsDlg&)> m_init;
+    std::function<void(CFieldsDlg&)> m_act; // the Act button
+    std::function<BOOL(MSG*)> m_preTranslate;
+    std::function<bool(int count)> m_idle; // whether to be called once more
+    std::string m_seen;
+    bool m_actEnabled = true;
+
+protected:
+    BOOL OnInitDialog() override {
+        CDialog::OnInitDialog();
+        m_seen += "init ";
+        if (m_init)
+            m_init(*this);
+        return TRUE;
+    }
+    void OnOK() override {
+        m_seen += "ok ";
+        CDialog::OnOK();
+    }
+    void OnCancel() override {
+        m_seen += "cancel ";
+        CDialog::OnCancel();
+    }
+    BOOL PreTranslateMessage(MSG* message) override {
+        return (m_preTranslate && m_preTranslate(message)) || CDialog::PreTranslateMessage(message);
+    }
+    void PostNcDestroy() override { m_seen += "gone "; }
+    void OnAct() {
+        m_seen += "act ";
+        if (m_act)
+            m_act(*this);
+    }
+    LRESULT OnIdle(WPARAM wParam, LPARAM count) {
+        OnKickIdle(wParam, count);
+        return m_idle && m_idle(static_cast<int>(count));
+    }
+    void OnCommandEnabled() { m_seen += "command "; }
+    void OnCommandDisabled() { m_seen += "disabled command "; }
+    void OnUpdateDisabled(CCmdUI* ui) { ui->Enable(FALSE); }
+    void OnUpdateAct(CCmdUI* ui) {
+        ui->Enable(m_actEnabled);
+        ui->SetText(m_actEnabled ? _T("On") : _T("Off"));
+    }
+    void OnUpdateCheck(CCmdUI* ui) { ui->SetCheck(1); }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CFieldsDlg, CDialog)
+ON_MESSAGE(WM_KICKIDLE, &CFieldsDlg::OnIdle)
+ON_BN_CLICKED(FIELD_BUTTON, &CFieldsDlg::OnAct)
+ON_COMMAND(COMMAND_ENABLED, &CFieldsDlg::OnCommandEnabled)
+ON_COMMAND(COMMAND_DISABLED, &CFieldsDlg::OnCommandDisabled)
+ON_UPDATE_COMMAND_UI(COMMAND_DISABLED, &CFieldsDlg::OnUpdateDisabled)
+ON_UPDATE_COMMAND_UI(FIELD_BUTTON, &CFieldsDlg::OnUpdateAct)
+ON_UPDATE_COMMAND_UI(FIELD_CHECK, &CFieldsDlg::OnUpdateCheck)
+END_MESSAGE_MAP()
+
+class Owner : public CWnd {
+public:
+    Owner() {
+        CreateEx(0, _T("Static"), _T("Owner"), WS_POPUP | WS_VISIBLE, 0, 0, 100, 100, nullptr,
+                 nullptr);
+        ::SetActiveWindow(m_hWnd);
+    }
+};
+
+typedef DialogDriver::Step Step;
+
+TEST(Dialog, EndsByWhatTheUserAndTheProgramDo) {
+    const Step altF4 = [](HWND) {
+        ::PostMessageW(::GetFocus(), WM_SYSKEYDOWN, VK_F4, 1 | (1 << 29));
+    };
+    const Step act = ClickOn(FIELD_BUTTON);
+    const auto throwing = [](CFieldsDlg&) { AfxThrowMemoryException(); };
+    struct Row {
+        const char* label;
+        std::vector<Step> steps;
+        INT_PTR result;
+        const char* seen;
+        std::function<void(CFieldsDlg&)> init;
+        std::function<void(CFieldsDlg&)> act;
+        std::size_t boxes = 0;
+    };
+    const Row rows[] = {
+        {"Enter", {Press(VK_RETURN)}, IDOK, "init ok gone ", {}, {}},
+        {"Escape", {Press(VK_ESCAPE)}, IDCANCEL, "init cancel gone ", {}, {}},
+        {"Alt+F4", {altF4}, IDCANCEL, "init cancel gone ", {}, {}},
+        {"the default button of the moment",
+         {Press(VK_TAB),
+          [](HWND box) {
+              EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), FIELD_NUMBER) << "Tab moves the focus";
+              ::SendMessageW(box, WM_NEXTDLGCTL,
+                             reinterpret_cast<WPARAM>(::GetDlgItem(box, FIELD_BUTTON)), TRUE);
+          },
+          Press(VK_RETURN), Press(VK_ESCAPE)},
+         IDCANCEL,
+         "init act cancel gone ",
+         {},
+         {}},
+        {"EndDialog", {act}, 7, "init act gone ", {}, [](CFieldsDlg& d) { d.EndDialog(7); }},
+        {"EndDialog while it is made",
+         {},
+         5,
+         "init gone ",
+         [](CFieldsDlg& d) { d.EndDialog(5); },
+         {}},
+        {"an exception while it is made", {}, -1, "init gone ", throwing, {}, 1},
+        {"an exception in a handler",
+         {act, Press(VK_ESCAPE)},
+         IDCANCEL,
+         "init act cancel gone ",
+         {},
+         throwing,
+         1},
+        {"an exception of another kind",
+         {act, Press(VK_ESCAPE)},
+         IDCANCEL,
+         "init act cancel gone ",
+         {},
+         [](CFieldsDlg&) { throw 5; },
+         1},
+        {"an exception that was shown",
+         {act, Press(VK_ESCAPE)},
+         IDCANCEL,
+         "init act cancel gone ",
+         {},
+         [](CFieldsDlg&) { AfxThrowUserException(); }},
+        {"the window destroyed",
+         {act},
+         -1,
+         "init act gone ",
+         {},
+         [](CFieldsDlg& d) { d.DestroyWindow(); }},
+        {"the owner destroyed",
+         {act},
+         -1,
+         "init act gone ",
+         {},
+         [](CFieldsDlg& d) { ::DestroyWindow(::GetWindow(d.m_hWnd, GW_OWNER)); }},
+        {"a second DoModal",
+         {act, Press(VK_ESCAPE)},
+         IDCANCEL,
+         "init act cancel gone ",
+         {},
+         [](CFieldsDlg& d) {
+             EXPECT_EQ(ErrorOf([&] { return d.DoModal() != -1; }), DWORD{ERROR_ALREADY_EXISTS});
+         }},
+        {"pre-translation",
+         {Press(VK_RETURN)},
+         8,
+         "init gone ",
+         [](CFieldsDlg& d) {
+             d.m_preTranslate = [&d](MSG* message) -> BOOL {
+                 if (message->message != WM_KEYDOWN)
+                     return FALSE;
+                 d.EndDialog(8);
+                 return TRUE;
+             };
+         },
+         {}},
+        {"an exception in pre-translation",
+         {Press(VK_RETURN), Press(VK_ESCAPE)},
+         IDCANCEL,
+         "init cancel gone ",
+         [](CFieldsDlg& d) {
+             d.m_preTranslate = [](MSG* message) -> BOOL {
+                 if (message->message == WM_KEYDOWN && message->wParam == VK_RETURN)
+                     AfxThrowMemoryException();
+                 return FALSE;
+             };
+         },
+         {},
+         1},
+        {"accelerators",
+         {PressWithCtrl('K'), PressWithCtrl('L'), Press(VK_ESCAPE)},
+         IDCANCEL,
+         "init command cancel gone ",
+         {},
+         {}},
+    };
+    MessageBoxRecorder app;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.label);
+        Owner owner;
+        CFieldsDlg dialog(&owner);
+        dialog.m_init = row.init;
+        dialog.m_act = row.act;
+        const DialogDriver driver(row.steps);
+        EXPECT_EQ(dialog.DoModal(), row.result);
+        EXPECT_TRUE(driver.HasRun());
+        EXPECT_EQ(dialog.m_seen, row.seen);
+        EXPECT_EQ(dialog.m_hWnd, nullptr);
+        EXPECT_EQ(app.Take().size(), row.boxes);
+        if (owner.m_hWnd != nullptr) {
+            EXPECT_TRUE(owner.IsWindowEnabled());
+            EXPECT_EQ(::GetActiveWindow(), owner.m_hWnd);
+        }
+    }
+}
+
+TEST(Dialog, DisablesItsOwnerAndMayRunAgain) {
+    Owner owner;
+    CWnd child;
+    ASSERT_TRUE(child.Create(_T("Static"), nullptr, 0, CRect(0, 0, 5, 5), &owner, 1));
+    CFieldsDlg dialog(&child);
+    for (int i = 0; i < 2; ++i) {
+        const DialogDriver driver({[&](HWND box) {
+                                       EXPECT_EQ(::GetWindow(box, GW_OWNER), owner.m_hWnd);
+                                       EXPECT_FALSE(owner.IsWindowEnabled());
+                                   },
+                                   Press(VK_ESCAPE)});
+        EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    }
+    owner.EnableWindow(FALSE);
+    const DialogDriver driver({Press(VK_ESCAPE)});
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_FALSE(owner.IsWindowEnabled()) << "as it was before";
+}
+
+TEST(Dialog, WithoutATemplateIsMinusOne) {
+    Owner owner;
+    CFieldsDlg missing(&owner, DIALOG_MISSING);
+    EXPECT_EQ(ErrorOf([&] { return missing.DoModal() != -1; }),
+              DWORD{ERROR_RESOURCE_NAME_NOT_FOUND});
+    CFieldsDlg unknownClass(&owner, DIALOG_UNKNOWN_CLASS);
+    EXPECT_EQ(unknownClass.DoModal(), -1);
+    CDialog none;
+    EXPECT_EQ(none.DoModal(), -1);
+    EXPECT_FALSE(missing.Create(DIALOG_MISSING, &owner));
+    EXPECT_TRUE(owner.IsWindowEnabled());
+    EXPECT_EQ(missing.m_seen, "");
+}
+
+TEST(Dialog, EndsByQuittingAndPassesThatOn) {
+    CFieldsDlg dialog;
+    const DialogDriver driver({[](HWND) { ::PostQuitMessage(3); }});
+    EXPECT_EQ(dialog.DoModal(), -1);
+    MSG message = {};
+    ASSERT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 3u);
+}
+
+TEST(Dialog, IdleTimeShowsTheStateOfCommands) {
+    CFieldsDlg dialog;
+    int maxCount = 0;
+    dialog.m_idle = [&](int count) {
+        maxCount = std::max(maxCount, count);
+        const HWND button = ::GetDlgItem(dialog.m_hWnd, FIELD_BUTTON);
+        if (dialog.m_actEnabled && count == 2) {
+            EXPECT_EQ(dialog.IsDlgButtonChecked(FIELD_CHECK), UINT{BST_CHECKED});
+            EXPECT_EQ(TextOf(button), _T("On"));
+            ::SetFocus(button);
+            dialog.m_actEnabled = false;
+            dialog.PostMessage(WM_NULL); // idle time comes after a message
+            return false;
+        }
+        if (!dialog.m_actEnabled) {
+            EXPECT_EQ(count, 0) << "counted from the last message";
+            EXPECT_FALSE(::IsWindowEnabled(button));
+            EXPECT_EQ(TextOf(button), _T("Off"));
+            EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDOK) << "passes the focus on";
+            dialog.EndDialog(6);
+        }
+        return dialog.m_actEnabled;
+    };
+    const DialogDriver driver({}); // ends one that hangs
+    EXPECT_EQ(dialog.DoModal(), 6);
+    EXPECT_EQ(maxCount, 2) << "as long as it asks";
+}
+
+TEST(Dialog, ModelessOnesLiveUntilTheyAreDestroyed) {
+    MessageBoxRecorder app;
+    CFieldsDlg dialog;
+    ASSERT_TRUE(dialog.Create(DIALOG_FIELDS));
+    EXPECT_FALSE(dialog.Create(DIALOG_FIELDS)) << "has a window";
+    EXPECT_EQ(dialog.DoModal(), -1);
+    dialog.ShowWindow(SW_SHOW);
+    dialog.SendMessage(WM_COMMAND, IDOK);
+    EXPECT_FALSE(dialog.IsWindowVisible());
+    EXPECT_TRUE(dialog.DestroyWindow());
+    dialog.m_init = [](CFieldsDlg&) { AfxThrowMemoryException(); };
+    EXPECT_FALSE(dialog.Create(DIALOG_FIELDS));
+    EXPECT_EQ(app.Take().size(), 1u);
+    EXPECT_EQ(dialog.m_seen, "init ok gone init gone ");
+}
+
+TEST(Dialog, OfTheLanguageLibraryIsFound) {
+    const HINSTANCE former = QuorvelGetResourceHandle();
+    const HMODULE language = ::LoadLibraryW(_T("dialog_language.dll"));
+    ASSERT_NE(language, nullptr);
+    EXPECT_EQ(CDialog(DIALOG_OF_LANGUAGE).DoModal(), -1);
+    QuorvelSetResourceHandle(language);
+    CDialog dialog(DIALOG_OF_LANGUAGE);
+    const DialogDriver driver(
+        {[](HWND box) { EXPECT_EQ(TextOf(box), _T("Fenster")); }, ClickOn(IDOK)});
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    QuorvelSetResourceHandle(former);
+    ::FreeLibrary(language);
+}
+
+} // namespace

@@ -1,0 +1,25 @@
+// Ids of the test's resources, for the resource compiler too.
+#pragma once
+
+#define DIALOG_FIELDS 101
+#define DIALOG_UNKNOWN_CLASS 102
+#define DIALOG_OF_LANGUAGE 103
+#define DIALOG_FIRST_PAGE 104
+#define DIALOG_SECOND_PAGE 105
+#define DIALOG_MISSING 199
+
+#define FIELD_TEXT 1001
+#define FIELD_NUMBER 1002
+#define FIELD_CHECK 1003
+#define FIELD_RADIO 1010
+#define FIELD_LIST 1020
+#define FIELD_CHOICE 1030
+#define FIELD_COMBO 1031
+#define FIELD_BUTTON 1040
+
+#define MENU_COMMANDS 301
+#define COMMAND_ENABLED 3001
+#define COMMAND_DISABLED 3002
+#define COMMAND_PLAIN 3003
+#define ACCELERATORS_KEYS 401
+#define STRING_PAGE_CAPTION 501

@@ -1,0 +1,357 @@
+// The rows of message maps, reflected notifications, menus and device contexts.
+#include <quorvel/framework/win/message_map.h>
+
+#include <quorvel/framework/app.h>
+
+#include "dialogs.h"
+#include "support/message_box_recorder.h"
+#include "support/test.h"
+#include "support/window_driver.h"
+
+#include <cstdarg>
+
+namespace {
+
+class CRecordingWnd : public CWnd {
+public:
+    std::string m_seen;
+    CMenu* m_menu = nullptr;
+
+    CRecordingWnd() {
+        CreateEx(0, _T("Static"), nullptr, WS_POPUP, 0, 0, 50, 50, nullptr, nullptr);
+        m_seen.clear();
+    }
+    std::string After(UINT message, WPARAM wParam, LPARAM lParam) {
+        m_seen.clear();
+        const LRESULT result = SendMessage(message, wParam, lParam);
+        Note("%d", static_cast<int>(result));
+        return m_seen;
+    }
+
+protected:
+    void Note(const char* format, ...) {
+        char text[100];
+        va_list arguments;
+        va_start(arguments, format);
+        std::vsnprintf(text, sizeof text, format, arguments);
+        va_end(arguments);
+        m_seen += text;
+        m_seen += ' ';
+    }
+    const char* Name(const CWnd* wnd) const {
+        return wnd == nullptr ? "none" : wnd->m_hWnd == m_hWnd ? "self" : "other";
+    }
+
+    void OnSize(UINT type, int x, int y) { Note("size %u %d %d", type, x, y); }
+    void OnMove(int x, int y) { Note("move %d %d", x, y); }
+    void OnClose() { Note("close"); }
+    void OnEnable(BOOL enable) { Note("enable %d", enable); }
+    void OnShowWindow(BOOL show, UINT why) { Note("show %d %u", show, why); }
+    void OnTimer(UINT_PTR id) { Note("timer %u", static_cast<UINT>(id)); }
+    void OnKeyDown(UINT key, UINT repeat, UINT flags) { Note("key %u %u %x", key, repeat, flags); }
+    void OnSysKeyUp(UINT key, UINT repeat, UINT flags) { Note("sys %u %u %x", key, repeat, flags); }
+    void OnMouseMove(UINT flags, CPoint p) { Note("move %u %ld %ld", flags, p.x, p.y); }
+    BOOL OnMouseWheel(UINT flags, short by, CPoint p) {
+        Note("wheel %u %d %ld", flags, by, p.x);
+        return 6;
+    }
+    void OnCaptureChanged(CWnd* wnd) { Note("capture %s", Name(wnd)); }
+    BOOL OnSetCursor(CWnd* wnd, UINT hit, UINT message) {
+        Note("cursor %s %u %u", Name(wnd), hit, message);
+        return 5;
+    }
+    void OnSetFocus(CWnd* wnd) { Note("focus %s", Name(wnd)); }
+    void OnKillFocus(CWnd* wnd) { Note("unfocus %s", Name(wnd)); }
+    void OnActivate(UINT state, CWnd* wnd, BOOL minimized) {
+        Note("activate %u %s %d", state, Name(wnd), minimized);
+    }
+    void OnContextMenu(CWnd* wnd, CPoint p) { Note("context %s %ld %ld", Name(wnd), p.x, p.y); }
+    UINT OnGetDlgCode() { return DLGC_WANTMESSAGE; }
+    BOOL OnHelpInfo(HELPINFO* info) {
+        Note("help %d", info->iCtrlId);
+        return 4;
+    }
+    void OnDropFiles(HDROP drop) { Note("drop %d", drop != nullptr); }
+    void OnSysColorChange() { Note("colors"); }
+    void OnSettingChange(UINT flags, const WCHAR* section) {
+        Note("setting %u %c", flags, static_cast<char>(*section));
+    }
+    LRESULT OnThemeChanged() { return 3; }
+    BOOL OnQueryEndSession() { return 2; }
+    void OnEndSession(BOOL ending) { Note("end %d", ending); }
+    void OnHScroll(UINT code, UINT position, CScrollBar* bar) {
+        Note("scroll %u %u %s", code, position, Name(bar));
+    }
+    void OnDrawItem(int id, DRAWITEMSTRUCT* item) { Note("draw %d %u", id, item->itemID); }
+    int OnCompareItem(int id, COMPAREITEMSTRUCT*) {
+        Note("compare %d", id);
+        return -1;
+    }
+    HBRUSH OnCtlColor(CDC*, CWnd* wnd, UINT kind) {
+        Note("color %s %u", Name(wnd), kind);
+        return reinterpret_cast<HBRUSH>(9);
+    }
+    void OnCommands(UINT id) { Note("command %u", id); }
+    BOOL OnCommandEx(UINT id) { return id == 31; }
+    LRESULT OnRegistered(WPARAM wParam, LPARAM) { return static_cast<LRESULT>(wParam) + 1; }
+    void OnRange(UINT id, NMHDR* header, LRESULT* result) {
+        Note("notify %u %u", id, header->code);
+        *result = 8;
+    }
+    void OnPlain(NMHDR*, LRESULT*) { Note("parent"); }
+    void OnCtl() { Note("parent"); }
+    void OnUpdate(CCmdUI* ui) {
+        ui->Enable(ui->m_nID != COMMAND_DISABLED);
+        ui->SetCheck(ui->m_nID == COMMAND_ENABLED);
+        if (ui->m_nID == COMMAND_DISABLED)
+            ui->SetText(_T("Renamed"));
+    }
+    void OnMenuCommand(UINT id) { Note("menu %u", id); }
+    DECLARE_MESSAGE_MAP()
+};
+
+const UINT g_registered = ::RegisterWindowMessageW(_T("Message map test"));
+
+BEGIN_MESSAGE_MAP(CRecordingWnd, CWnd)
+ON_WM_SIZE()
+ON_WM_MOVE()
+ON_WM_CLOSE()
+ON_WM_ENABLE()
+ON_WM_SHOWWINDOW()
+ON_WM_TIMER()
+ON_WM_KEYDOWN()
+ON_WM_SYSKEYUP()
+ON_WM_MOUSEMOVE()
+ON_WM_MOUSEWHEEL()
+ON_WM_CAPTURECHANGED()
+ON_WM_SETCURSOR()
+ON_WM_SETFOCUS()
+ON_WM_KILLFOCUS()
+ON_WM_ACTIVATE()
+ON_WM_CONTEXTMENU()
+ON_WM_GETDLGCODE()
+ON_WM_HELPINFO()
+ON_WM_DROPFILES()
+ON_WM_SYSCOLORCHANGE()
+ON_WM_SETTINGCHANGE()
+ON_WM_THEMECHANGED()
+ON_WM_QUERYENDSESSION()
+ON_WM_ENDSESSION()
+ON_WM_HSCROLL()
+ON_WM_DRAWITEM()
+ON_WM_COMPAREITEM()
+ON_WM_CTLCOLOR()
+ON_WM_INITMENUPOPUP()
+ON_REGISTERED_MESSAGE(g_registered, &CRecordingWnd::OnRegistered)
+ON_COMMAND_RANGE(20, 22, &CRecordingWnd::OnCommands)
+ON_COMMAND_EX(30, &CRecordingWnd::OnCommandEx)
+ON_COMMAND_EX(31, &CRecordingWnd::OnCommandEx)
+ON_COMMAND_RANGE(COMMAND_ENABLED, COMMAND_PLAIN, &CRecordingWnd::OnMenuCommand)
+ON_UPDATE_COMMAND_UI_RANGE(COMMAND_ENABLED, COMMAND_DISABLED, &CRecordingWnd::OnUpdate)
+ON_NOTIFY_RANGE(40, 41, 42, &CRecordingWnd::OnRange)
+ON_NOTIFY(50, 7, &CRecordingWnd::OnPlain)
+ON_NOTIFY(51, 7, &CRecordingWnd::OnPlain)
+ON_NOTIFY(52, 7, &CRecordingWnd::OnPlain)
+ON_EN_CHANGE(7, &CRecordingWnd::OnCtl)
+ON_EN_UPDATE(7, &CRecordingWnd::OnCtl)
+ON_EN_MAXTEXT(7, &CRecordingWnd::OnCtl)
+END_MESSAGE_MAP()
+
+TEST(MessageMap, RowsGiveTheirMembersTheMessagesParts) {
+    CRecordingWnd wnd;
+    const LPARAM self = reinterpret_cast<LPARAM>(wnd.m_hWnd);
+    const WPARAM selfW = reinterpret_cast<WPARAM>(wnd.m_hWnd);
+    const LPARAM place = MAKELPARAM(-3, 4);
+    HELPINFO help = {};
+    help.iCtrlId = 12;
+    DRAWITEMSTRUCT draw = {};
+    draw.itemID = 3;
+    COMPAREITEMSTRUCT compare = {};
+    const auto section = reinterpret_cast<LPARAM>(_T("Sect"));
+    const auto notify = [&](UINT_PTR id, UINT code) {
+        NMHDR header = {nullptr, id, code};
+        return wnd.After(WM_NOTIFY, id, reinterpret_cast<LPARAM>(&header));
+    };
+    ExpectCases<std::string>({
+        CASE(wnd.After(WM_SIZE, 2, MAKELPARAM(300, 40000)), "size 2 300 40000 0 "),
+        CASE(wnd.After(WM_MOVE, 0, place), "move -3 4 0 "),
+        CASE(wnd.After(WM_CLOSE, 0, 0), "close 0 "),
+        CASE(wnd.After(WM_ENABLE, 1, 0), "enable 1 0 "),
+        CASE(wnd.After(WM_SHOWWINDOW, 0, 3), "show 0 3 0 "),
+        CASE(wnd.After(WM_TIMER, 9, 0), "timer 9 0 "),
+        CASE(wnd.After(WM_KEYDOWN, 65, 0x01230002), "key 65 2 123 0 "),
+        CASE(wnd.After(WM_SYSKEYUP, 66, static_cast<LPARAM>(0xe0000001)), "sys 66 1 e000 0 "),
+        CASE(wnd.After(WM_MOUSEMOVE, 8, place), "move 8 -3 4 0 "),
+        CASE(wnd.After(WM_MOUSEWHEEL, MAKEWPARAM(4, -120), place), "wheel 4 -120 -3 6 "),
+        CASE(wnd.After(WM_CAPTURECHANGED, 0, self), "capture self 0 "),
+        CASE(wnd.After(WM_SETCURSOR, selfW, MAKELPARAM(1, 512)), "cursor self 1 512 5 "),
+        CASE(wnd.After(WM_SETFOCUS, 0, 0), "focus none 0 "),
+        CASE(wnd.After(WM_KILLFOCUS, selfW, 0), "unfocus self 0 "),
+        CASE(wnd.After(WM_ACTIVATE, MAKEWPARAM(2, 1), self), "activate 2 self 1 0 "),
+        CASE(wnd.After(WM_CONTEXTMENU, selfW, -1), "context self -1 -1 0 "),
+        CASE(wnd.After(WM_GETDLGCODE, 0, 0), "4 "),
+        CASE(wnd.After(WM_HELP, 0, reinterpret_cast<LPARAM>(&help)), "help 12 4 "),
+        CASE(wnd.After(WM_DROPFILES, 1, 0), "drop 1 0 "),
+        CASE(wnd.After(WM_SYSCOLORCHANGE, 0, 0), "colors 0 "),
+        CASE(wnd.After(WM_SETTINGCHANGE, 7, section), "setting 7 S 0 "),
+        CASE(wnd.After(WM_THEMECHANGED, 0, 0), "3 "),
+        CASE(wnd.After(WM_QUERYENDSESSION, 0, 0), "2 "),
+        CASE(wnd.After(WM_ENDSESSION, 1, 0), "end 1 0 "),
+        CASE(wnd.After(WM_HSCROLL, MAKEWPARAM(5, 70), 0), "scroll 5 70 none 0 "),
+        CASE(wnd.After(WM_DRAWITEM, 6, reinterpret_cast<LPARAM>(&draw)), "draw 6 3 1 "),
+        CASE(wnd.After(WM_COMPAREITEM, 6, reinterpret_cast<LPARAM>(&compare)), "compare 6 -1 "),
+        CASE(wnd.After(WM_CTLCOLOREDIT, 0, self), "color self 1 9 "),
+        CASE(wnd.After(WM_CTLCOLORSTATIC, 0, self), "color self 6 9 "),
+        CASE(wnd.After(g_registered, 41, 0), "42 "),
+        CASE(wnd.After(WM_COMMAND, 21, 0), "command 21 1 "),
+        CASE(wnd.After(WM_COMMAND, MAKEWPARAM(22, 1), 0), "command 22 1 "), // an accelerator
+        CASE(wnd.After(WM_COMMAND, 23, 0), "0 "),
+        CASE(wnd.After(WM_COMMAND, 30, 0), "0 "), // the member says: not handled
+        CASE(wnd.After(WM_COMMAND, 31, 0), "1 "),
+        CASE(wnd.After(WM_COMMAND, COMMAND_PLAIN, 0), "menu 3003 1 "),
+        CASE(wnd.After(WM_COMMAND, COMMAND_DISABLED, 0), "1 "), // its update disables it
+        CASE(notify(41, 40), "notify 41 40 8 "),
+        CASE(notify(43, 40), "0 "),
+    });
+}
+
+class CReflectingWnd : public CRecordingWnd {
+public:
+    explicit CReflectingWnd(CWnd& parent) {
+        DestroyWindow();
+        Create(_T("Static"), nullptr, WS_VISIBLE, CRect(0, 0, 9, 9), &parent, 7);
+        m_seen.clear();
+    }
+    bool m_handles = true;
+
+protected:
+    void OnMine(NMHDR*, LRESULT* result) { *result = 70; }
+    BOOL OnMineEx(NMHDR*, LRESULT* result) {
+        *result = 71;
+        return m_handles;
+    }
+    void OnControl() { Note("own"); }
+    BOOL OnControlEx() { return m_handles; }
+    HBRUSH CtlColor(CDC*, UINT kind) {
+        return m_handles ? reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(100 + kind)) : nullptr;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CReflectingWnd, CRecordingWnd)
+ON_NOTIFY_REFLECT(50, &CReflectingWnd::OnMine)
+ON_NOTIFY_REFLECT_EX(51, &CReflectingWnd::OnMineEx)
+ON_CONTROL_REFLECT(EN_CHANGE, &CReflectingWnd::OnControl)
+ON_CONTROL_REFLECT_EX(EN_UPDATE, &CReflectingWnd::OnControlEx)
+ON_WM_CTLCOLOR_REFLECT()
+END_MESSAGE_MAP()
+
+TEST(MessageMap, AControlGetsItsNotificationsBeforeItsParent) {
+    CRecordingWnd parent;
+    CReflectingWnd control(parent);
+    CWnd plain; // has no handler of colours
+    plain.CreateEx(0, _T("Static"), nullptr, WS_POPUP, 0, 0, 9, 9, nullptr, nullptr);
+    const LPARAM window = reinterpret_cast<LPARAM>(control.m_hWnd);
+    const auto notify = [&](UINT code, bool handles = true) {
+        control.m_handles = handles;
+        NMHDR header = {control.m_hWnd, 7, code};
+        return parent.After(WM_NOTIFY, 7, reinterpret_cast<LPARAM>(&header));
+    };
+    const auto command = [&](UINT code, bool handles = true) {
+        control.m_handles = handles;
+        return parent.After(WM_COMMAND, MAKEWPARAM(7, code), window);
+    };
+    const auto color = [&](bool handles) {
+        control.m_handles = handles;
+        return plain.SendMessage(WM_CTLCOLORSTATIC, 0, window);
+    };
+    ExpectCases<std::string>({
+        CASE(notify(50), "70 "),
+        CASE(notify(51), "71 "),
+        CASE(notify(51, false), "parent 0 "), // passed on to the parent's handler
+        CASE(notify(52), "parent 0 "),        // no row of the control's
+        CASE(command(EN_CHANGE), "1 "),
+        CASE(command(EN_UPDATE), "1 "),
+        CASE(command(EN_UPDATE, false), "parent 1 "),
+        CASE(command(EN_MAXTEXT), "parent 1 "),
+    });
+    EXPECT_EQ(control.m_seen, "own ");
+    EXPECT_EQ(color(true), 100 + CTLCOLOR_STATIC);
+    EXPECT_NE(color(false), 0) << "the platform's own";
+    EXPECT_EQ(parent.SendMessage(WM_CTLCOLORSTATIC, 0, window), 9) << "the parent's handler wins";
+}
+
+TEST(Menu, ShowsTheStateOfCommandsAndReturnsTheChoice) {
+    CRecordingWnd owner;
+    owner.ShowWindow(SW_SHOW);
+    ::SetForegroundWindow(owner.m_hWnd);
+    CMenu menu;
+    EXPECT_FALSE(menu.LoadMenu(999));
+    ASSERT_TRUE(menu.LoadMenu(MENU_COMMANDS));
+    EXPECT_FALSE(menu.LoadMenu(MENU_COMMANDS)) << "has a menu";
+    CMenu* const commands = menu.GetSubMenu(0);
+    ASSERT_NE(commands, nullptr);
+    EXPECT_TRUE(commands->InsertMenu(0, MF_BYPOSITION, 20, _T("First")));
+    EXPECT_TRUE(commands->SetDefaultItem(COMMAND_PLAIN));
+    static CRecordingWnd* s_owner;
+    s_owner = &owner;
+    const auto press = [&](UINT message, WPARAM key) {
+        static MSG s_key;
+        s_key.message = message;
+        s_key.wParam = key;
+        const UINT_PTR timer =
+            ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR, DWORD) CALLBACK {
+                ::PostMessageW(s_owner->m_hWnd, s_key.message, s_key.wParam, 1);
+            });
+        const int command = commands->TrackPopupMenu(TPM_RETURNCMD, 5, 5, &owner);
+        ::KillTimer(nullptr, timer);
+        return command;
+    };
+    EXPECT_EQ(press(WM_CHAR, 'p'), COMMAND_PLAIN);
+    EXPECT_EQ(press(WM_KEYDOWN, VK_ESCAPE), 0);
+    const UINT mask = MF_CHECKED | MF_GRAYED;
+    ExpectCases<UINT>({
+        CASE(commands->GetMenuState(20, MF_BYCOMMAND) & mask, 0u), // no update handler
+        CASE(commands->GetMenuState(COMMAND_ENABLED, MF_BYCOMMAND) & mask, UINT{MF_CHECKED}),
+        CASE(commands->GetMenuState(COMMAND_DISABLED, MF_BYCOMMAND) & mask, UINT{MF_GRAYED}),
+        CASE(commands->GetDefaultItem(), UINT{COMMAND_PLAIN}),
+    });
+    CString text;
+    EXPECT_EQ(commands->GetMenuString(COMMAND_DISABLED, text, MF_BYCOMMAND), 7);
+    EXPECT_EQ(text, _T("Renamed"));
+
+    CMenu rival;
+    EXPECT_FALSE(rival.Attach(menu.m_hMenu)) << "has an object";
+    const HMENU handle = menu.Detach();
+    EXPECT_TRUE(rival.Attach(handle));
+    EXPECT_TRUE(rival.DestroyMenu());
+    EXPECT_FALSE(::IsMenu(handle));
+}
+
+TEST(DeviceContext, DrawsIntoASelectedBitmapAndPutsBackWhatWasThere) {
+    CRecordingWnd wnd;
+    CClientDC window(&wnd);
+    CDC memory;
+    ASSERT_TRUE(memory.CreateCompatibleDC(&window));
+    EXPECT_FALSE(memory.CreateCompatibleDC(&window)) << "has a context";
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateCompatibleBitmap(window, 8, 8));
+    CBitmap* const former = memory.SelectObject(&bitmap);
+    ASSERT_NE(former, nullptr);
+    memory.FillSolidRect(CRect(0, 0, 8, 8), RGB(255, 0, 0));
+    CBrush green(RGB(0, 255, 0));
+    memory.FillRect(CRect(0, 0, 4, 8), &green);
+    EXPECT_EQ(memory.GetPixel(1, 1), RGB(0, 255, 0));
+    EXPECT_EQ(memory.GetPixel(5, 1), RGB(255, 0, 0));
+    CFont font;
+    ASSERT_TRUE(font.CreatePointFont(120, _T("Tahoma")));
+    CFont* const formerFont = memory.SelectObject(&font);
+    EXPECT_GT(memory.GetTextExtent(_T("wide")).cx, memory.GetTextExtent(_T("w")).cx);
+    EXPECT_EQ(memory.SelectObject(formerFont)->m_hObject, font.m_hObject);
+    CDC other;
+    ASSERT_TRUE(other.CreateCompatibleDC(nullptr));
+    EXPECT_EQ(other.SelectObject(&bitmap), nullptr) << "selected elsewhere";
+    EXPECT_EQ(memory.SelectObject(former)->m_hObject, bitmap.m_hObject);
+}
+
+} // namespace

@@ -1,0 +1,219 @@
+// Sheets and wizards of real pages, driven by their buttons and keys.
+#include <quorvel/framework/exceptions.h>
+#include <quorvel/framework/win/property_sheet.h>
+
+#include "dialogs.h"
+#include "support/message_box_recorder.h"
+#include "support/test.h"
+#include "support/win/dialog_driver.h"
+
+namespace {
+
+std::string g_seen; // a letter for the page and the call
+
+class CRecordingPage : public CPropertyPage {
+public:
+    CRecordingPage(char name, UINT templateId, UINT captionId = 0)
+        : CPropertyPage(templateId, captionId), m_name(name) {}
+
+    std::string m_refused; // a call that is refused once, or throws when it begins with '!'
+
+    BOOL OnSetActive() override { return CPropertyPage::OnSetActive() && Note("active"); }
+    BOOL OnKillActive() override { return CPropertyPage::OnKillActive() && Note("kill"); }
+    BOOL OnApply() override { return Note("apply") && CPropertyPage::OnApply(); }
+    void OnReset() override {
+        Note("reset");
+        CPropertyPage::OnReset();
+    }
+    BOOL OnQueryCancel() override { return Note("query"); }
+    LRESULT OnWizardBack() override { return Note("back") ? 0 : -1; }
+    LRESULT OnWizardNext() override { return Note("next") ? 0 : -1; }
+    BOOL OnWizardFinish() override { return Note("finish"); }
+
+protected:
+    BOOL OnInitDialog() override {
+        CPropertyPage::OnInitDialog();
+        return Note("init");
+    }
+    void OnOK() override { Note("ok"); }
+    void OnCancel() override { Note("cancel"); }
+
+private:
+    bool Note(const char* call) {
+        g_seen += std::string(1, m_name) + call + ' ';
+        if (m_refused == std::string("!") + call) {
+            m_refused.clear();
+            AfxThrowMemoryException();
+        }
+        return m_refused != call || !m_refused.erase().empty();
+    }
+    const char m_name;
+};
+
+struct TwoPages : CPropertySheet {
+    TwoPages() : CPropertySheet(_T("Sheet")) {
+        AddPage(&m_first);
+        AddPage(&m_second);
+        AddPage(nullptr);
+        m_psh.dwFlags |= PSH_NOCONTEXTHELP;
+        g_seen.clear();
+    }
+    CRecordingPage m_first{'1', DIALOG_FIRST_PAGE};
+    CRecordingPage m_second{'2', DIALOG_SECOND_PAGE, STRING_PAGE_CAPTION};
+};
+
+typedef DialogDriver::Step Step;
+
+Step Select(int page) {
+    return [page](HWND box) { ::SendMessageW(box, PSM_SETCURSEL, static_cast<WPARAM>(page), 0); };
+}
+Step PressButton(int button) {
+    return [button](HWND box) {
+        ::SendMessageW(box, PSM_PRESSBUTTON, static_cast<WPARAM>(button), 0);
+    };
+}
+
+TEST(Sheet, CallsItsPagesInOrder) {
+    const Step apply = [](HWND box) {
+        const HWND page = reinterpret_cast<HWND>(::SendMessageW(box, PSM_GETCURRENTPAGEHWND, 0, 0));
+        static_cast<CPropertyPage*>(CWnd::FromHandlePermanent(page))->SetModified();
+        Click(box, 0x3021);
+    };
+    const Step ok = ClickOn(IDOK);
+    const Step cancel = ClickOn(IDCANCEL);
+    const Step next = ClickOn(ID_WIZNEXT);
+    struct Row {
+        const char* label;
+        bool wizard;
+        const char* refusedByFirst;
+        std::vector<Step> steps;
+        INT_PTR result;
+        const char* seen;
+        std::size_t boxes = 0;
+    };
+    const Row rows[] = {
+        {"OK of the first page alone", false, "", {ok}, IDOK, "1init 1active 1kill 1apply 1ok "},
+        {"both pages",
+         false,
+         "",
+         {Select(1), ok},
+         IDOK,
+         "1init 1active 1kill 2init 2active 2kill 1apply 1ok 2apply 2ok "},
+        {"back to a page that was there",
+         false,
+         "",
+         {Select(1), Select(0), cancel},
+         IDCANCEL,
+         "1init 1active 1kill 2init 2active 2kill 1active 1query 1reset 1cancel 2reset 2cancel "},
+        {"Apply, then Escape",
+         false,
+         "",
+         {apply, Press(VK_ESCAPE)},
+         IDCANCEL,
+         "1init 1active 1kill 1apply 1ok 1active 1query 1reset 1cancel "},
+        {"a page that keeps the focus",
+         false,
+         "kill",
+         {Select(1), cancel},
+         IDCANCEL,
+         "1init 1active 1kill 1query 1reset 1cancel "},
+        {"a refused OK",
+         false,
+         "apply",
+         {ok, ok},
+         IDOK,
+         "1init 1active 1kill 1apply 1kill 1apply 1ok "},
+        {"a refused Cancel",
+         false,
+         "query",
+         {cancel, cancel},
+         IDCANCEL,
+         "1init 1active 1query 1query 1reset 1cancel "},
+        {"an exception refuses too",
+         false,
+         "!apply",
+         {ok, cancel},
+         IDCANCEL,
+         "1init 1active 1kill 1apply 1query 1reset 1cancel ",
+         1},
+        {"pressed by the program",
+         false,
+         "",
+         {PressButton(PSBTN_OK)},
+         IDOK,
+         "1init 1active 1kill 1apply 1ok "},
+        {"closed by the system menu",
+         false,
+         "",
+         {[](HWND box) { ::PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0); }},
+         IDCANCEL,
+         "1init 1active 1query 1reset 1cancel "},
+        {"a wizard",
+         true,
+         "next",
+         {next, next, ClickOn(ID_WIZBACK), next, ClickOn(ID_WIZFINISH)},
+         ID_WIZFINISH,
+         "1init 1active 1next 1next 1kill 2init 2active 2back 2kill 1active 1next 1kill 2active "
+         "2finish "},
+    };
+    MessageBoxRecorder app;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.label);
+        TwoPages sheet;
+        sheet.m_first.m_refused = row.refusedByFirst;
+        if (row.wizard)
+            sheet.SetWizardMode();
+        const DialogDriver driver(row.steps);
+        EXPECT_EQ(sheet.DoModal(), row.result);
+        EXPECT_TRUE(driver.HasRun());
+        EXPECT_EQ(g_seen, row.seen);
+        EXPECT_EQ(sheet.m_hWnd, nullptr);
+        EXPECT_EQ(sheet.m_first.m_hWnd, nullptr);
+        EXPECT_EQ(app.Take().size(), row.boxes);
+    }
+}
+
+TEST(Sheet, KnowsItsPages) {
+    CWnd owner;
+    owner.CreateEx(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr);
+    TwoPages sheet;
+    CRecordingPage third('3', DIALOG_FIRST_PAGE);
+    CPropertyPage missing(DIALOG_MISSING);
+    EXPECT_EQ(sheet.GetPageCount(), 2);
+    EXPECT_TRUE(sheet.SetActivePage(1));
+    EXPECT_FALSE(sheet.SetActivePage(2));
+    const DialogDriver driver({
+        [&](HWND box) {
+            EXPECT_EQ(TextOf(box), _T("Sheet"));
+            EXPECT_FALSE(owner.IsWindowEnabled());
+            EXPECT_EQ(sheet.GetActivePage(), &sheet.m_second);
+            EXPECT_EQ(sheet.m_second.GetParentSheet(), &sheet);
+            EXPECT_EQ(sheet.DoModal(), -1) << "a second one";
+            sheet.AddPage(&third);
+            EXPECT_TRUE(sheet.SetActivePage(&third));
+            EXPECT_EQ(sheet.GetActiveIndex(), 2);
+            sheet.RemovePage(&sheet.m_second);
+            EXPECT_EQ(sheet.GetPageIndex(&third), 1);
+        },
+        PressWithCtrl(VK_TAB),
+        [&](HWND) {
+            EXPECT_EQ(sheet.GetActivePage(), &sheet.m_first) << "Ctrl+Tab";
+            sheet.EndDialog(9);
+        },
+    });
+    EXPECT_EQ(sheet.DoModal(), 9);
+    EXPECT_TRUE(owner.IsWindowEnabled());
+
+    sheet.AddPage(&missing);
+    EXPECT_EQ(sheet.DoModal(), -1) << "a page without a template";
+    CPropertySheet empty(_T("Empty"));
+    EXPECT_EQ(empty.DoModal(), -1);
+    TwoPages modeless;
+    ASSERT_TRUE(modeless.Create(&owner));
+    EXPECT_FALSE(modeless.IsClosed());
+    ::SendMessageW(modeless.m_hWnd, PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
+    EXPECT_TRUE(modeless.IsClosed());
+    modeless.DestroyWindow();
+}
+
+} // namespace

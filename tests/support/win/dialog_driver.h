@@ -1,0 +1,75 @@
+// Drives a modal dialog or property sheet of the framework from inside its message loop.
+#pragma once
+
+#include <quorvel/framework/wnd.h>
+
+#include "support/window_driver.h"
+
+// While it lives, calls the steps one after another, each with the front visible dialog box of the
+// thread, when all messages of the step before are handled. A dialog that is still there long after
+// the last step is ended with -99, so that a test fails rather than hangs.
+class DialogDriver {
+public:
+    typedef std::function<void(HWND)> Step;
+
+    explicit DialogDriver(std::vector<Step> steps) : m_steps(std::move(steps)) {
+        Current() = this;
+        m_timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Tick);
+    }
+    DialogDriver(const DialogDriver&) = delete;
+    ~DialogDriver() {
+        ::KillTimer(nullptr, m_timer);
+        Current() = nullptr;
+    }
+
+    bool HasRun() const { return m_next == m_steps.size(); }
+
+private:
+    static constexpr int kPatience = 500; // ticks
+
+    static DialogDriver*& Current() {
+        static DialogDriver* s_current = nullptr;
+        return s_current;
+    }
+    static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
+        const HWND box = FindVisibleBox();
+        if (box == nullptr)
+            return;
+        if (Current()->m_next < Current()->m_steps.size())
+            Current()->m_steps[Current()->m_next++](box);
+        else if (++Current()->m_waited > kPatience)
+            if (CWnd* const wnd = CWnd::FromHandlePermanent(box))
+                wnd->EndModalLoop(-99);
+    }
+
+    const std::vector<Step> m_steps;
+    std::size_t m_next = 0;
+    int m_waited = 0;
+    UINT_PTR m_timer;
+};
+
+// The window of a dialog that gets its keys.
+inline HWND KeyboardOf(HWND box) {
+    const HWND focus = ::GetFocus();
+    return focus != nullptr ? focus : box; // a control that is disabled leaves the focus to nobody
+}
+// Presses a key. It comes by the thread's queue, so that it is pre-translated.
+inline DialogDriver::Step Press(UINT key) {
+    return [key](HWND box) { ::PostMessageW(KeyboardOf(box), WM_KEYDOWN, key, 1); };
+}
+// Presses a key with Ctrl, which counts as held while the key is handled.
+inline DialogDriver::Step PressWithCtrl(UINT key) {
+    return [key](HWND box) {
+        BYTE keys[256];
+        ::GetKeyboardState(keys);
+        keys[VK_CONTROL] = 0x80;
+        ::SetKeyboardState(keys);
+        MSG message = {KeyboardOf(box), WM_KEYDOWN, key, 1, 0, {}};
+        CWnd::WalkPreTranslateTree(box, &message);
+        keys[VK_CONTROL] = 0;
+        ::SetKeyboardState(keys);
+    };
+}
+inline DialogDriver::Step ClickOn(int id) {
+    return [id](HWND box) { Click(box, id); };
+}
