@@ -6,9 +6,9 @@
 // temporary: used at once, not stored and not deleted.
 #pragma once
 
-#include <quorvel/framework/win/gdi.h>
 #include <quorvel/framework/geometry.h>
 #include <quorvel/framework/string.h>
+#include <quorvel/framework/win/gdi.h>
 
 class CWnd;
 

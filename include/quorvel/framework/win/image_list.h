@@ -5,8 +5,8 @@
 // image list: it outlives the control, or the control has the style that shares it.
 #pragma once
 
-#include <quorvel/framework/win/gdi.h>
 #include <quorvel/framework/geometry.h>
+#include <quorvel/framework/win/gdi.h>
 
 class CDC;
 
