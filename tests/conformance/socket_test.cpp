@@ -305,16 +305,14 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
     const SOCKET none = static_cast<SOCKET>(0x7ffc);
     Sock bound;
     const USHORT boundPort = bound.Bind();
-    Sock datagrams(socket(AF_INET, SOCK_DGRAM, 0), WSACreateEvent());
+    Sock datagrams(quorvel::win32::socket(AF_INET, SOCK_DGRAM, 0), WSACreateEvent());
     ULONG on = 1; // Wine waits for a datagram
     EXPECT_EQ(ioctlsocket(datagrams.Get(), FIONBIO, &on), 0);
     sockaddr_in name = {};
-    const auto nameOf = [&name](SOCKET handle, auto call) {
-        int length = sizeof name;
-        return call(handle, reinterpret_cast<sockaddr*>(&name), &length);
-    };
-    const auto setFlag = [&](int option, int length) {
-        return setsockopt(fresh.Get(), SOL_SOCKET, option, "\1\1\1\1", length);
+    sockaddr* const plainName = reinterpret_cast<sockaddr*>(&name);
+    int length = sizeof name;
+    const auto setFlag = [&](int option, int size) {
+        return setsockopt(fresh.Get(), SOL_SOCKET, option, "\1\1\1\1", size);
     };
     const std::tuple<const char*, int, std::function<int()>> rows[] = {
         {"recv unconnected", WSAENOTCONN, [&] { return recv(fresh.Get(), &byte, 1, 0); }},
@@ -325,9 +323,10 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
         {"a port of a socket that does not listen", WSAEADDRINUSE,
          [&] { return bindTo(fresh, Address(boundPort)); }},
         {"connect a listener", WSAEINVAL, [&] { return m_listener.Connect(taken); }},
-        {"the name of an unbound one", WSAEINVAL, [&] { return nameOf(fresh.Get(), getsockname); }},
+        {"the name of an unbound one", WSAEINVAL,
+         [&] { return getsockname(fresh.Get(), plainName, &length); }},
         {"the peer of an unconnected one", WSAENOTCONN,
-         [&] { return nameOf(fresh.Get(), getpeername); }},
+         [&] { return getpeername(fresh.Get(), plainName, &length); }},
         {"the peer, to nowhere", WSAEFAULT,
          [&] { return getpeername(fresh.Get(), nullptr, nullptr); }},
         {"recv a negative length", WSAEFAULT, [&] { return recv(m_client.Get(), &byte, -1, 0); }},
