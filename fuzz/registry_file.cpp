@@ -19,7 +19,7 @@ void Enumerate(RegistryStore& store, const RegistryKey& key, int depth) {
         RegistryValue value;
         value.buffer = buffer;
         value.capacity = sizeof buffer;
-        if (store.ValueAt(key, index, cursor, name, value) != ERROR_SUCCESS)
+        if (store.ValueAt(key, index, cursor, UINT_MAX, name, value) != ERROR_SUCCESS)
             break;
         store.Read(key, name, value);
     }
