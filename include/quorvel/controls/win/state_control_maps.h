@@ -1,0 +1,20 @@
+// The maps in which dialogs and property pages declare the controls whose state they keep: which
+// control's state lies where, in an open key, in a section of the application's profile, or at a
+// registry path. Windows only.
+#pragma once
+
+#include <quorvel/framework/map.h>
+#include <quorvel/system/registry_path.h>
+
+class CAutoCompleteEdit;
+class CVaskListCtrl;
+
+namespace quorvel {
+
+typedef CMap<CAutoCompleteEdit*, CAutoCompleteEdit*, HKEY, HKEY> EditKeys;
+typedef CMap<CAutoCompleteEdit*, CAutoCompleteEdit*, CString, const WCHAR*> EditSections;
+typedef CMap<CVaskListCtrl*, CVaskListCtrl*, HKEY, HKEY> ListKeys;
+typedef CMap<CVaskListCtrl*, CVaskListCtrl*, CString, const WCHAR*> ListSections;
+typedef CMap<CVaskListCtrl*, CVaskListCtrl*, CRegistryPath, const CRegistryPath&> ListPaths;
+
+} // namespace quorvel

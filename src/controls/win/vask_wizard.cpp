@@ -1,0 +1,57 @@
+#include <quorvel/controls/win/vask_wizard.h>
+
+#include "controls/wizard_model.h"
+
+IMPLEMENT_DYNAMIC(CVaskWizard, CVaskPropertySheet)
+
+CVaskWizard::CVaskWizard(const WCHAR* caption, CWnd* parent, UINT firstPage)
+    : CVaskPropertySheet(caption, parent, firstPage),
+      m_texts(std::make_unique<quorvel::WizardTexts>()),
+      m_events(std::make_unique<quorvel::WizardEvents>()) {
+    SetWizardMode();
+}
+
+CVaskWizard::CVaskWizard(UINT captionTextId, CWnd* parent, UINT firstPage)
+    : CVaskPropertySheet(captionTextId, parent, firstPage),
+      m_texts(std::make_unique<quorvel::WizardTexts>()),
+      m_events(std::make_unique<quorvel::WizardEvents>()) {
+    SetWizardMode();
+}
+
+CVaskWizard::~CVaskWizard() = default;
+
+BOOL CVaskWizard::SetWizardName(const WCHAR* name) {
+    return m_texts->SetName(name);
+}
+
+CString CVaskWizard::GetWizardName() const {
+    return m_texts->GetName();
+}
+
+void CVaskWizard::AddEvent(const CVaskEvent& event) {
+    m_events->Add(event);
+}
+
+void CVaskWizard::AppendEvents(const std::vector<CVaskEvent>& events) {
+    m_events->Append(events);
+}
+
+BOOL CVaskWizard::GetEvent(int position, CVaskEvent& event) const {
+    return m_events->Get(position, event);
+}
+
+BOOL CVaskWizard::UpdateEvent(int position, const CVaskEvent& event) {
+    return m_events->Update(position, event);
+}
+
+BOOL CVaskWizard::DeleteEvent(int position) {
+    return m_events->Delete(position);
+}
+
+int CVaskWizard::GetEventCount() const {
+    return m_events->GetCount();
+}
+
+void CVaskWizard::UpdateCommandButtonText() {
+    SetButtonTexts(&quorvel::WizardButtonText);
+}

@@ -1,0 +1,52 @@
+// Watches the validation balloon of a dialog: what it is sent, and whether it is seen. The platform
+// does not give the title of such a window back.
+#pragma once
+
+#include <quorvel/framework/wnd.h>
+
+#include <commctrl.h>
+
+#include <vector>
+
+class BalloonProbe : public CWnd {
+public:
+    explicit BalloonProbe(HWND dialog) : m_dialog(dialog) {
+        for (HWND window = nullptr;
+             (window = ::FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+            if (::GetWindow(window, GW_OWNER) == dialog)
+                EXPECT_TRUE(SubclassWindow(window)) << "one balloon for each dialog";
+        }
+        EXPECT_NE(m_hWnd, nullptr);
+    }
+    bool IsVisible() const { return ::IsWindowVisible(m_hWnd) != FALSE; }
+    CString Text() const {
+        WCHAR text[200] = L"";
+        TOOLINFOW tool = {};
+        tool.cbSize = TTTOOLINFOW_V2_SIZE;
+        tool.hwnd = m_dialog;
+        tool.uId = reinterpret_cast<UINT_PTR>(m_dialog);
+        tool.lpszText = text;
+        SendMessage(TTM_GETTEXTW, 100,
+                    reinterpret_cast<LPARAM>(&tool)); // characters, not more than 80 here
+        return text;
+    }
+
+    std::vector<CString> m_titles;
+    std::vector<WPARAM> m_icons;
+    std::vector<POINT> m_places;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == TTM_SETTITLEW) {
+            m_icons.push_back(wParam);
+            m_titles.push_back(reinterpret_cast<const WCHAR*>(lParam));
+        } else if (message == TTM_TRACKPOSITION) {
+            m_places.push_back(
+                {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
+        }
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+
+private:
+    const HWND m_dialog;
+};

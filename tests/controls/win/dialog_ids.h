@@ -1,0 +1,12 @@
+// The dialogs of these tests and their controls.
+#pragma once
+
+#define DIALOG_NAME 100
+#define DIALOG_OTHER 101
+#define PAGE_FIRST 102
+#define PAGE_SECOND 103
+#define PAGE_THIRD 104
+
+#define FIELD_NAME 110
+#define FIELD_NOTE 111
+#define FIELD_LABEL 112
