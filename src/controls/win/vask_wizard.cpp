@@ -33,7 +33,8 @@ void CVaskWizard::AddEvent(const CVaskEvent& event) {
 }
 
 void CVaskWizard::AppendEvents(const std::vector<CVaskEvent>& events) {
-    m_events->Append(events);
+    for (const CVaskEvent& event : events)
+        m_events->Add(event);
 }
 
 BOOL CVaskWizard::GetEvent(int position, CVaskEvent& event) const {

@@ -58,7 +58,8 @@ void CVaskWizardPage::AddEvent(const CVaskEvent& event) {
 }
 
 void CVaskWizardPage::AppendEvents(const std::vector<CVaskEvent>& events) {
-    m_events->Append(events);
+    for (const CVaskEvent& event : events)
+        m_events->Add(event);
 }
 
 BOOL CVaskWizardPage::GetEvent(int position, CVaskEvent& event) const {

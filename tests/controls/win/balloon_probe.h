@@ -5,6 +5,7 @@
 #include <quorvel/framework/wnd.h>
 
 #include <commctrl.h>
+#include <gtest/gtest.h>
 
 #include <vector>
 
@@ -13,14 +14,15 @@ public:
     explicit BalloonProbe(HWND dialog) : m_dialog(dialog) {
         for (HWND window = nullptr;
              (window = ::FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
-            if (::GetWindow(window, GW_OWNER) == dialog)
+            if (::GetWindow(window, GW_OWNER) == dialog) {
                 EXPECT_TRUE(SubclassWindow(window)) << "one balloon for each dialog";
+            }
         }
         EXPECT_NE(m_hWnd, nullptr);
     }
     bool IsVisible() const { return ::IsWindowVisible(m_hWnd) != FALSE; }
     CString Text() const {
-        WCHAR text[200] = L"";
+        WCHAR text[6000] = L""; // the platform may ignore the limit that it is given
         TOOLINFOW tool = {};
         tool.cbSize = TTTOOLINFOW_V2_SIZE;
         tool.hwnd = m_dialog;

@@ -1,0 +1,78 @@
+#include "controls/win/report_columns.h"
+
+namespace quorvel {
+
+int ReportColumns::GetCount() const {
+    const CHeaderCtrl* const header = list.m_hWnd != nullptr ? list.GetHeaderCtrl() : nullptr;
+    return header != nullptr ? header->GetItemCount() : 0;
+}
+
+int ReportColumns::Insert(int position, const ColumnRecord& column) {
+    if (list.m_hWnd == nullptr)
+        return -1;
+    LVCOLUMNW description = {};
+    description.mask = LVCF_FMT | LVCF_TEXT;
+    description.fmt = column.format;
+    description.pszText = const_cast<WCHAR*>(column.heading.GetString()); // only read
+    if (column.width != -1) {
+        description.mask |= LVCF_WIDTH;
+        description.cx = column.width;
+    }
+    if (column.subItem != -1) {
+        description.mask |= LVCF_SUBITEM;
+        description.iSubItem = column.subItem;
+    }
+    return list.InsertColumn(position, &description);
+}
+
+bool ReportColumns::Delete(int insertedColumn) {
+    return list.DeleteColumn(insertedColumn) != FALSE;
+}
+
+void ReportColumns::SetAlignment(int insertedColumn, int alignment) {
+    LVCOLUMNW description = {};
+    description.mask = LVCF_FMT;
+    if (!list.GetColumn(insertedColumn, &description))
+        return;
+    description.fmt = (description.fmt & ~LVCFMT_JUSTIFYMASK) | alignment;
+    list.SetColumn(insertedColumn, &description);
+}
+
+int ReportColumns::GetWidth(int insertedColumn) const {
+    return list.GetColumnWidth(insertedColumn);
+}
+
+void ReportColumns::SetWidth(int insertedColumn, int width) {
+    list.SetColumnWidth(insertedColumn, width);
+}
+
+std::vector<int> ReportColumns::GetOrder() const {
+    std::vector<int> order(static_cast<std::size_t>(GetCount()));
+    if (order.empty() || !list.GetColumnOrderArray(order.data(), GetCount()))
+        return {};
+    return order;
+}
+
+bool ReportColumns::SetOrder(const std::vector<int>& order) {
+    const BOOL isSet = list.SetColumnOrderArray(static_cast<int>(order.size()), order.data());
+    list.Invalidate(); // the platform moves the headings alone
+    return isSet != FALSE;
+}
+
+int ReportColumns::GetDefaultWidth(int trueColumn) const {
+    return list.GetDefaultColumnWidth(trueColumn);
+}
+
+void ReportColumns::LoadDefaultWidths() {
+    list.LoadDefaultColumnWidths();
+}
+
+bool ReportColumns::CanBeHidden(int trueColumn) const {
+    return list.CanVaskColumnBeHidden(trueColumn) != FALSE;
+}
+
+void ReportColumns::OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition) {
+    list.OnDeleteSortColumn(trueColumn, insertedColumn, displayPosition);
+}
+
+} // namespace quorvel

@@ -1,0 +1,31 @@
+// The columns of a list control: the portable model, and the list-view as that model sees it.
+#pragma once
+
+#include <quorvel/controls/win/vask_list_ctrl.h>
+
+#include "controls/columns.h"
+
+namespace quorvel {
+
+struct ReportColumns final : ColumnView {
+    explicit ReportColumns(CVaskListCtrl& owner) : list(owner), columns(*this) {}
+
+    int GetCount() const override;
+    int Insert(int position, const ColumnRecord& column) override;
+    bool Delete(int insertedColumn) override;
+    void SetAlignment(int insertedColumn, int alignment) override;
+    int GetWidth(int insertedColumn) const override;
+    void SetWidth(int insertedColumn, int width) override;
+    std::vector<int> GetOrder() const override;
+    bool SetOrder(const std::vector<int>& order) override;
+
+    int GetDefaultWidth(int trueColumn) const override;
+    void LoadDefaultWidths() override;
+    bool CanBeHidden(int trueColumn) const override;
+    void OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition) override;
+
+    CVaskListCtrl& list;
+    Columns columns;
+};
+
+} // namespace quorvel

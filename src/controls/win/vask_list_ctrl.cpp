@@ -1,0 +1,366 @@
+#include <quorvel/controls/win/vask_list_ctrl.h>
+
+#include <quorvel/controls/win/columns_dlg.h>
+
+#include "controls/win/report_columns.h"
+#include "res/resource_ids.h"
+
+#include <utility>
+
+IMPLEMENT_DYNAMIC(CVaskListCtrl, CListCtrl)
+
+BEGIN_MESSAGE_MAP(CVaskListCtrl, CListCtrl)
+ON_WM_CREATE()
+ON_WM_PAINT()
+ON_WM_SIZE()
+ON_WM_SYSCOLORCHANGE()
+ON_WM_CONTEXTMENU()
+ON_MESSAGE(WM_LBUTTONDOWN, &CVaskListCtrl::OnMouseDown)
+ON_MESSAGE(WM_LBUTTONDBLCLK, &CVaskListCtrl::OnMouseDown)
+ON_MESSAGE(WM_RBUTTONDOWN, &CVaskListCtrl::OnMouseDown)
+ON_MESSAGE(WM_RBUTTONDBLCLK, &CVaskListCtrl::OnMouseDown)
+ON_MESSAGE(WM_SETREDRAW, &CVaskListCtrl::OnSetRedraw)
+ON_MESSAGE(WM_SETFONT, &CVaskListCtrl::OnSetFont)
+ON_MESSAGE(LVM_SETCOLUMNW, &CVaskListCtrl::OnColumnsChange)
+ON_MESSAGE(LVM_SETCOLUMNA, &CVaskListCtrl::OnColumnsChange)
+ON_MESSAGE(LVM_INSERTCOLUMNW, &CVaskListCtrl::OnColumnsChange)
+ON_MESSAGE(LVM_INSERTCOLUMNA, &CVaskListCtrl::OnColumnsChange)
+ON_MESSAGE(LVM_DELETECOLUMN, &CVaskListCtrl::OnColumnsChange)
+ON_MESSAGE(LVM_INSERTITEMW, &CVaskListCtrl::OnRowsChange)
+ON_MESSAGE(LVM_INSERTITEMA, &CVaskListCtrl::OnRowsChange)
+ON_MESSAGE(LVM_DELETEITEM, &CVaskListCtrl::OnRowsChange)
+ON_NOTIFY_EX(HDN_ITEMCLICKW, 0, &CVaskListCtrl::OnHdnItemclick)
+ON_NOTIFY_EX(HDN_ITEMCLICKA, 0, &CVaskListCtrl::OnHdnItemclick)
+ON_NOTIFY_REFLECT_EX(NM_CUSTOMDRAW, &CVaskListCtrl::OnNMCustomdraw)
+END_MESSAGE_MAP()
+
+using quorvel::ColumnRecord;
+
+CVaskListCtrl::CVaskListCtrl() : m_columns(std::make_unique<quorvel::ReportColumns>(*this)) {}
+
+CVaskListCtrl::~CVaskListCtrl() {
+    if (m_hWnd != nullptr)
+        CVaskListCtrl::DestroyWindow(); // while the messages of its end find the members
+}
+
+// A list that is being created has its header only after WM_CREATE, one without the report view
+// when that is chosen.
+void CVaskListCtrl::AttachHeader() {
+    if (m_header.m_hWnd == nullptr && m_hWnd != nullptr)
+        m_header.SubclassWindow(reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER)));
+}
+
+void CVaskListCtrl::PreSubclassWindow() {
+    CListCtrl::PreSubclassWindow();
+    AttachHeader();
+}
+
+int CVaskListCtrl::OnCreate(CREATESTRUCTW* parameters) {
+    const int result = CListCtrl::OnCreate(parameters);
+    AttachHeader();
+    return result;
+}
+
+// Columns
+
+int CVaskListCtrl::InsertVaskColumn(int position, int trueColumn, int visible, const WCHAR* heading,
+                                    int format, int width, int subItem) {
+    if (heading == nullptr)
+        return -1;
+    VASKCOLUMN column;
+    column.savedPosition = visible ? position : -1;
+    column.trueColumn = trueColumn;
+    column.visible = visible != 0;
+    column.heading = heading;
+    column.column.mask = LVCF_FMT | LVCF_TEXT;
+    column.column.fmt = format;
+    if (width != -1) {
+        column.column.mask |= LVCF_WIDTH;
+        column.column.cx = width;
+    }
+    if (subItem != -1) {
+        column.column.mask |= LVCF_SUBITEM;
+        column.column.iSubItem = subItem;
+    }
+    return InsertVaskColumn(position, &column);
+}
+
+int CVaskListCtrl::InsertVaskColumn(int position, const VASKCOLUMN* column) {
+    if (column == nullptr)
+        return -1;
+    const LVCOLUMNW& description = column->column;
+    ColumnRecord record;
+    record.savedPosition = column->savedPosition;
+    record.trueColumn = column->trueColumn;
+    record.isVisible = column->visible != FALSE;
+    record.heading = column->heading;
+    if ((description.mask & LVCF_FMT) != 0)
+        record.format = description.fmt;
+    if ((description.mask & LVCF_WIDTH) != 0)
+        record.width = description.cx;
+    if ((description.mask & LVCF_SUBITEM) != 0)
+        record.subItem = description.iSubItem;
+    const int inserted = m_columns->columns.Insert(position, record);
+    UpdateSortArrow();
+    return inserted;
+}
+
+BOOL CVaskListCtrl::ShowVaskColumn(int trueColumn, int show) {
+    const bool isDone = m_columns->columns.Show(trueColumn, show != 0);
+    UpdateSortArrow();
+    return isDone;
+}
+
+BOOL CVaskListCtrl::DeleteVaskColumn(int trueColumn) {
+    const bool isDone = m_columns->columns.Delete(trueColumn);
+    UpdateSortArrow();
+    return isDone;
+}
+
+BOOL CVaskListCtrl::DoesTrueColumnExist(int trueColumn) const {
+    return m_columns->columns.Find(trueColumn) != nullptr;
+}
+
+BOOL CVaskListCtrl::IsVaskColumnVisible(int trueColumn) const {
+    return m_columns->columns.IsVisible(trueColumn);
+}
+
+BOOL CVaskListCtrl::GetVaskColumn(int trueColumn, VASKCOLUMN* column) const {
+    const ColumnRecord* const record = m_columns->columns.Find(trueColumn);
+    if (record == nullptr || column == nullptr)
+        return FALSE;
+    column->savedPosition = record->savedPosition;
+    column->trueColumn = record->trueColumn;
+    column->visible = record->isVisible;
+    column->heading = record->heading;
+    column->column = {};
+    column->column.mask = LVCF_FMT | LVCF_TEXT;
+    column->column.fmt = record->format;
+    if (record->width != -1) {
+        column->column.mask |= LVCF_WIDTH;
+        column->column.cx = record->width;
+    }
+    if (record->subItem != -1) {
+        column->column.mask |= LVCF_SUBITEM;
+        column->column.iSubItem = record->subItem;
+    }
+    return TRUE;
+}
+
+int CVaskListCtrl::GetVaskColumnWidth(int trueColumn) const {
+    return DoesTrueColumnExist(trueColumn) ? m_columns->columns.GetWidth(trueColumn) : -1;
+}
+
+void CVaskListCtrl::SetVaskColumnWidth(int trueColumn, int width) {
+    m_columns->columns.SetWidth(trueColumn, width);
+}
+
+int CVaskListCtrl::GetTrueColumnCount() const {
+    return m_columns->columns.GetTrueColumnCount();
+}
+
+int CVaskListCtrl::GetInsertedColumnCount() const {
+    return m_columns->columns.GetInsertedColumnCount();
+}
+
+int CVaskListCtrl::GetInsertedColumn(int trueColumn) const {
+    return m_columns->columns.GetInsertedColumn(trueColumn);
+}
+
+int CVaskListCtrl::GetTrueColumn(int insertedColumn) const {
+    return m_columns->columns.GetTrueColumn(insertedColumn);
+}
+
+int CVaskListCtrl::GetLeftToRightColumn(int displayPosition) const {
+    return m_columns->columns.GetLeftToRightColumn(displayPosition);
+}
+
+int CVaskListCtrl::GetLeftToRightTrueColumn(int displayPosition) const {
+    return m_columns->columns.GetLeftToRightTrueColumn(displayPosition);
+}
+
+int CVaskListCtrl::GetColumnSortOrder(int insertedColumn) const {
+    return m_columns->columns.GetDisplayPosition(insertedColumn);
+}
+
+BOOL CVaskListCtrl::IsColumnSortOrderPersisted() const {
+    return m_columns->columns.HasRecords();
+}
+
+BOOL CVaskListCtrl::SetColumnAlignment(int insertedColumn, UINT alignment) {
+    if ((alignment & ~static_cast<UINT>(LVCFMT_JUSTIFYMASK)) != 0 || insertedColumn < 0 ||
+        insertedColumn >= GetInsertedColumnCount())
+        return FALSE;
+    m_columns->SetAlignment(insertedColumn, static_cast<int>(alignment));
+    return TRUE;
+}
+
+void CVaskListCtrl::AutoSetColumnWidths(int useHeader) {
+    const RedrawLock lock(*this);
+    const int count = GetInsertedColumnCount();
+    for (int i = 0; i < count; ++i)
+        SetColumnWidth(i, useHeader ? LVSCW_AUTOSIZE_USEHEADER : LVSCW_AUTOSIZE);
+}
+
+void CVaskListCtrl::ResetColumns() {
+    m_columns->columns.Reset();
+    UpdateSortArrow();
+}
+
+INT_PTR CVaskListCtrl::EditColumns() {
+    CColumnsDlg dialog(this, this);
+    return dialog.DoModal();
+}
+
+int CVaskListCtrl::GetDefaultColumnWidth(int) {
+    return 100;
+}
+
+void CVaskListCtrl::LoadDefaultColumnWidths() {
+    AutoSetColumnWidths(TRUE);
+}
+
+BOOL CVaskListCtrl::CanVaskColumnBeHidden(int) {
+    return GetInsertedColumnCount() > 1;
+}
+
+// The platform drops the arrow when a column's text or format is set.
+LRESULT CVaskListCtrl::OnColumnsChange(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    AttachHeader();
+    UpdateSortArrow();
+    return result;
+}
+
+// Sorting
+
+void CVaskListCtrl::UpdateSortArrow() {
+    m_header.SetSort(GetInsertedColumn(GetSortColumn()), IsSortAscending());
+}
+
+void CVaskListCtrl::SetSortColumn(int trueColumn) {
+    m_columns->columns.SetSort(trueColumn, IsSortAscending());
+    UpdateSortArrow();
+}
+
+void CVaskListCtrl::SetSortAscending(BOOL ascending) {
+    m_columns->columns.SetSort(GetSortColumn(), ascending != FALSE);
+    UpdateSortArrow();
+}
+
+int CVaskListCtrl::GetSortColumn() const {
+    return m_columns->columns.GetSortColumn();
+}
+
+BOOL CVaskListCtrl::IsSortAscending() const {
+    return m_columns->columns.IsSortAscending();
+}
+
+BOOL CVaskListCtrl::SortItems(int, int, int) {
+    return FALSE;
+}
+
+// An application may keep the state in SortItems itself, and then has the last word.
+BOOL CVaskListCtrl::SortAndKeep(int trueColumn, BOOL ascending, int force) {
+    const int columnBefore = GetSortColumn();
+    const BOOL directionBefore = IsSortAscending();
+    if (trueColumn < 0 || !SortItems(trueColumn, ascending, force))
+        return FALSE;
+    if (GetSortColumn() == columnBefore && IsSortAscending() == directionBefore) {
+        m_columns->columns.SetSort(trueColumn, ascending != FALSE);
+        UpdateSortArrow();
+    }
+    return TRUE;
+}
+
+BOOL CVaskListCtrl::SortItemsByColumn(int trueColumn) {
+    return SortAndKeep(trueColumn, IsSortAscending(), FALSE);
+}
+
+BOOL CVaskListCtrl::SortItemsByDirection(int ascending) {
+    return SortAndKeep(GetSortColumn(), ascending != 0, FALSE);
+}
+
+BOOL CVaskListCtrl::AutoSortItems() {
+    return SortAndKeep(GetSortColumn(), IsSortAscending(), TRUE);
+}
+
+void CVaskListCtrl::OnDeleteSortColumn(int, int, int) {
+    SortAndKeep(GetLeftToRightTrueColumn(0), TRUE, FALSE);
+}
+
+// FALSE: the list-view notifies its parent of the click too.
+BOOL CVaskListCtrl::OnHdnItemclick(UINT, NMHDR* header, LRESULT*) {
+    const NMHEADERW& click = *reinterpret_cast<const NMHEADERW*>(header);
+    if (header->hwndFrom == m_header.m_hWnd && click.iButton == 0 && !m_isHeaderSortBlocked) {
+        const auto [trueColumn, isAscending] = m_columns->columns.SortOfHeaderClick(click.iItem);
+        SortAndKeep(trueColumn, isAscending, FALSE);
+    }
+    return FALSE;
+}
+
+// The header's menu
+
+// Some platforms send the header's message to its parent at once.
+void CVaskListCtrl::OnContextMenu(CWnd* wnd, CPoint point) {
+    if (m_header.m_hWnd != nullptr && wnd == &m_header)
+        m_header.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_header.m_hWnd),
+                             MAKELPARAM(point.x, point.y));
+    else
+        CListCtrl::OnContextMenu(wnd, point);
+}
+
+void CVaskListCtrl::OnHeaderContextMenu(int, UINT, CPoint point) {
+    CMenu menu;
+    if (!m_columns->columns.HasRecords() || !menu.LoadMenu(QUORVEL_MENU_COLUMNS))
+        return;
+    CMenu* const popup = menu.GetSubMenu(0);
+    if (popup == nullptr) // in a language library
+        return;
+    for (const quorvel::HeaderMenuItem& item : m_columns->columns.GetHeaderMenu()) {
+        const UINT flags = (item.isChecked ? MF_CHECKED : 0) | (item.isGreyed ? MF_GRAYED : 0);
+        popup->InsertMenu(static_cast<UINT>(item.position), MF_BYPOSITION | flags, item.command,
+                          item.text);
+    }
+    const HWND window = m_hWnd;
+    const UINT command = static_cast<UINT>(
+        popup->TrackPopupMenu(TPM_RIGHTBUTTON | TPM_RETURNCMD, point.x, point.y, this));
+    if (!::IsWindow(window)) // it was destroyed while the menu was open, and maybe this object
+        return;
+    if (command == QUORVEL_COMMAND_COLUMNS)
+        EditColumns();
+    else if (m_columns->columns.Toggle(command))
+        UpdateSortArrow();
+}
+
+// State
+
+BOOL CVaskListCtrl::SaveState(HKEY key, int closeKey) {
+    return m_columns->columns.SaveState(key, closeKey);
+}
+
+BOOL CVaskListCtrl::LoadState(HKEY key, int closeKey) {
+    const BOOL isLoaded = m_columns->columns.LoadState(key, closeKey);
+    UpdateSortArrow();
+    return isLoaded;
+}
+
+BOOL CVaskListCtrl::SaveState(const WCHAR* section) {
+    return m_columns->columns.SaveState(section);
+}
+
+BOOL CVaskListCtrl::LoadState(const WCHAR* section) {
+    const BOOL isLoaded = m_columns->columns.LoadState(section);
+    UpdateSortArrow();
+    return isLoaded;
+}
+
+BOOL CVaskListCtrl::SaveState(const CRegistryPath& path) {
+    return m_columns->columns.SaveState(path);
+}
+
+BOOL CVaskListCtrl::LoadState(const CRegistryPath& path) {
+    const BOOL isLoaded = m_columns->columns.LoadState(path);
+    UpdateSortArrow();
+    return isLoaded;
+}

@@ -1,0 +1,171 @@
+// The columns dialog, by keys and clicks as a user makes them, in both languages.
+#include <quorvel/controls/win/columns_dlg.h>
+#include <quorvel/controls/win/vask_list_ctrl.h>
+#include <quorvel/res/message_ids.h>
+
+#include "controls/win/list_window.h"
+#include "res/resource_ids.h"
+#include "support/german_texts.h"
+#include "support/win/dialog_driver.h"
+
+#include <optional>
+
+namespace {
+
+typedef DialogDriver::Step Step;
+
+Step Select(int row) {
+    return [row](HWND box) {
+        const HWND list = ::GetDlgItem(box, QUORVEL_COLUMNS_LIST);
+        ::SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+        ::SendMessageW(box, WM_COMMAND, MAKEWPARAM(QUORVEL_COLUMNS_LIST, LBN_SELCHANGE),
+                       reinterpret_cast<LPARAM>(list));
+        ::SetFocus(list);
+    };
+}
+// Alt and a letter.
+Step Mnemonic(char letter) {
+    return [letter](HWND) { ::PostMessageW(::GetFocus(), WM_SYSCHAR, letter, 1 << 29); };
+}
+Step Type(const WCHAR* width) {
+    return [width](HWND box) { ::SetDlgItemTextW(box, QUORVEL_COLUMNS_WIDTH, width); };
+}
+
+// The rows, the selected one with a star, then the width and the enabled buttons.
+std::string StateOf(HWND box) {
+    const HWND window = ::GetDlgItem(box, QUORVEL_COLUMNS_LIST);
+    CCheckListBox& list = *static_cast<CCheckListBox*>(CWnd::FromHandlePermanent(window));
+    std::string text;
+    for (int i = 0; i < list.GetCount(); ++i) {
+        text += i == list.GetCurSel() ? "*" : "";
+        text += list.GetCheck(i) == BST_CHECKED ? "+" : "-";
+        text += std::to_string(list.GetItemData(i)) + " ";
+    }
+    const CString width = TextOf(::GetDlgItem(box, QUORVEL_COLUMNS_WIDTH));
+    text += Printable(width.GetString(), width.GetLength());
+    const struct {
+        int id;
+        const char* name;
+    } buttons[] = {{QUORVEL_COLUMNS_MOVE_UP, " up"},
+                   {QUORVEL_COLUMNS_MOVE_DOWN, " down"},
+                   {QUORVEL_COLUMNS_RESET, " reset"}};
+    for (const auto& button : buttons)
+        text += ::IsWindowEnabled(::GetDlgItem(box, button.id)) ? button.name : "";
+    return text;
+}
+
+TEST(ColumnsDlg, EditsColumnsByKeysAndClicks) {
+    const struct {
+        const char* label;
+        bool isGerman;
+        std::vector<Step> steps;
+        const char* state; // of the dialog before the last step
+        INT_PTR result;
+        const char* columns; // first shown as 2 0 1, and 3 hidden
+    } rows[] = {
+        {"as it opens",
+         false,
+         {Press(VK_RETURN)},
+         "*+2 +0 +1 -3 70 down reset",
+         IDOK,
+         "2:70 0:50 1:60 | 3:80"},
+        {"move down twice",
+         false,
+         {Mnemonic('d'), Mnemonic('d'), Press(VK_RETURN)},
+         "+0 +1 *+2 -3 70 up down reset",
+         IDOK,
+         "0:50 1:60 2:70 | 3:80"},
+        {"move up, in German",
+         true,
+         {Select(2), Mnemonic('o'), Press(VK_RETURN)},
+         "+2 *+1 +0 -3 60 up down reset",
+         IDOK,
+         "2:70 1:60 0:50 | 3:80"},
+        {"the last one stays",
+         false,
+         {Select(3), ClickOn(QUORVEL_COLUMNS_MOVE_DOWN), Press(VK_RETURN)},
+         "+2 +0 +1 *-3 80 up reset",
+         IDOK,
+         "2:70 0:50 1:60 | 3:80"},
+        {"hide and show",
+         false,
+         {Select(1), Press(VK_SPACE), Select(3), Press(VK_SPACE), Press(VK_RETURN)},
+         "+2 -0 +1 *+3 80 up reset",
+         IDOK,
+         "2:70 1:60 3:80 | 0:50"},
+        {"cancelled",
+         false,
+         {Select(1), Press(VK_SPACE), Mnemonic('d'), Press(VK_ESCAPE)},
+         "+2 +1 *-0 -3 50 up down reset",
+         IDCANCEL,
+         "2:70 0:50 1:60 | 3:80"},
+        {"too wide",
+         false,
+         {Type(_T("12345")), Press(VK_RETURN)},
+         "*+2 +0 +1 -3 12345 down reset",
+         IDOK,
+         "2:9999 0:50 1:60 | 3:80"},
+        {"clamped where it is seen again",
+         false,
+         {Type(_T("12345")), Select(1), Select(0), Press(VK_ESCAPE)},
+         "*+2 +0 +1 -3 9999 down reset",
+         IDCANCEL,
+         "2:70 0:50 1:60 | 3:80"},
+        {"negative and no number",
+         false,
+         {Type(_T("-7")), Select(3), Type(_T("x")), Press(VK_RETURN)},
+         "+2 +0 +1 *-3 x up reset",
+         IDOK,
+         "2:0 0:50 1:60 | 3:0"},
+        {"reset, in German",
+         true,
+         {Mnemonic('z'), Press(VK_RETURN)},
+         "*+0 +1 +2 +3 100 down reset",
+         IDOK,
+         "0:100 1:100 2:100 3:100"},
+    };
+    ListParent parent;
+    for (const auto& row : rows) {
+        std::optional<GermanTexts> german;
+        if (row.isGerman)
+            german.emplace();
+        CVaskListCtrl list;
+        ASSERT_TRUE(list.Create(WS_VISIBLE | LVS_REPORT, kListPlace, &parent, 5));
+        for (int i = 0; i < 4; ++i)
+            list.InsertVaskColumn(i, i, i < 3, _T("Name"), LVCFMT_LEFT, 50 + 10 * i);
+        const int order[] = {2, 0, 1};
+        list.SetColumnOrderArray(3, order);
+        std::string state;
+        std::vector<Step> steps = row.steps;
+        steps.insert(steps.end() - 1, [&state](HWND box) { state = StateOf(box); });
+        DialogDriver driver(std::move(steps));
+        EXPECT_EQ(list.EditColumns(), row.result) << row.label;
+        EXPECT_TRUE(driver.HasRun()) << row.label;
+        EXPECT_EQ(state, row.state) << row.label;
+        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
+    }
+}
+
+TEST(ColumnsDlg, StaysOpenWithoutACheckedRow) {
+    ListParent parent;
+    CVaskListCtrl list;
+    ASSERT_TRUE(list.Create(WS_VISIBLE | LVS_REPORT, kListPlace, &parent, 5));
+    list.InsertVaskColumn(0, 0, TRUE, _T("Name"), LVCFMT_LEFT, 50);
+    CColumnsDlg dialog(&list, &parent);
+    bool wasShowing = false;
+    DialogDriver driver({Select(0), Press(VK_SPACE), Press(VK_RETURN),
+                         [&](HWND) { wasShowing = dialog.IsValidationErrorMessageShowing(); },
+                         Press(VK_ESCAPE)});
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_TRUE(wasShowing);
+    EXPECT_EQ(ColumnsOf(list), "0:50");
+
+    CVaskListCtrl plain;
+    ASSERT_TRUE(plain.Create(WS_VISIBLE | LVS_REPORT, kListPlace, &parent, 6));
+    std::string state;
+    DialogDriver empty({[&](HWND box) { state = StateOf(box); }, Press(VK_ESCAPE)});
+    EXPECT_EQ(plain.EditColumns(), IDCANCEL);
+    EXPECT_EQ(state, "") << "no columns, nothing enabled";
+}
+
+} // namespace

@@ -1,0 +1,146 @@
+// A window for the lists of a test, and what is seen of a list from outside: by messages to its
+// windows and in its picture. Windows only.
+#pragma once
+
+#include <quorvel/controls/win/vask_list_ctrl.h>
+
+#include "support/test.h"
+
+#include <string>
+#include <vector>
+
+inline void PumpMessages() {
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+inline const CRect kListPlace(0, 0, 400, 200);
+
+class ListParent : public CWnd {
+public:
+    ListParent() {
+        CreateEx(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 500, 300, nullptr, nullptr);
+    }
+
+    std::function<void(const NMHDR&)> m_onNotify;
+    std::function<void()> m_onApp; // at WM_APP
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_APP)
+            m_onApp();
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+        const BOOL isHandled = CWnd::OnNotify(wParam, lParam, result);
+        if (m_onNotify)
+            m_onNotify(*reinterpret_cast<const NMHDR*>(lParam));
+        return isHandled;
+    }
+};
+
+inline CSortHeaderCtrl& HeaderOf(const CListCtrl& list) {
+    return static_cast<CSortHeaderCtrl&>(*list.GetHeaderCtrl());
+}
+
+// The shown columns from left to right as true column, width and arrow, then the hidden ones:
+// "0:50 2:70^ | 1:60".
+inline std::string ColumnsOf(CVaskListCtrl& list) {
+    std::string text;
+    const auto add = [&text](int trueColumn, int width, int format) {
+        char cell[40];
+        std::snprintf(cell, sizeof cell, "%s%d:%d%s%s", text.empty() ? "" : " ", trueColumn, width,
+                      (format & HDF_SORTUP) != 0 ? "^" : "",
+                      (format & HDF_SORTDOWN) != 0 ? "v" : "");
+        text += cell;
+    };
+    const CHeaderCtrl& header = HeaderOf(list);
+    std::vector<int> order(static_cast<std::size_t>(header.GetItemCount()));
+    header.GetOrderArray(order.data(), static_cast<int>(order.size()));
+    for (const int inserted : order) {
+        HDITEMW item = {};
+        item.mask = HDI_FORMAT | HDI_WIDTH;
+        header.GetItem(inserted, &item);
+        add(list.GetTrueColumn(inserted), item.cxy, item.fmt);
+    }
+    std::string shown = std::move(text);
+    text.clear();
+    for (int trueColumn = 0; trueColumn < 10; ++trueColumn) {
+        if (list.DoesTrueColumnExist(trueColumn) && !list.IsVaskColumnVisible(trueColumn))
+            add(trueColumn, list.GetVaskColumnWidth(trueColumn), 0);
+    }
+    return text.empty() ? shown : shown + " | " + text;
+}
+
+// The first texts of the rows as the list-view has them, selected ones with a star and the focused
+// one with an exclamation mark: "a *b c!".
+inline std::string RowsOf(const CListCtrl& list) {
+    std::string text;
+    const int count = static_cast<int>(list.SendMessage(LVM_GETITEMCOUNT));
+    for (int i = 0; i < count; ++i) {
+        const UINT state = list.GetItemState(i, LVIS_SELECTED | LVIS_FOCUSED);
+        text += i > 0 ? " " : "";
+        text += (state & LVIS_SELECTED) != 0 ? "*" : "";
+        const CString cell = list.GetItemText(i, 0);
+        text += Printable(cell.GetString(), cell.GetLength());
+        text += (state & LVIS_FOCUSED) != 0 ? "!" : "";
+    }
+    return text;
+}
+
+// What a window shows in its client area.
+class Picture {
+public:
+    explicit Picture(const CWnd& wnd) {
+        const HWND window = wnd.m_hWnd;
+        ::UpdateWindow(window);
+        CRect rect;
+        ::GetClientRect(window, rect);
+        m_width = rect.right;
+        m_height = rect.bottom;
+        BITMAPINFO info = {};
+        info.bmiHeader = {sizeof info.bmiHeader, m_width, -m_height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* bits = nullptr;
+        const HDC dc = ::GetDC(window);
+        const HDC memory = ::CreateCompatibleDC(dc);
+        const HBITMAP bitmap = ::CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        const HGDIOBJ former = ::SelectObject(memory, bitmap);
+        ::BitBlt(memory, 0, 0, m_width, m_height, dc, 0, 0, SRCCOPY);
+        ::GdiFlush();
+        const DWORD* const pixels = static_cast<const DWORD*>(bits);
+        m_pixels.assign(pixels, pixels + m_width * m_height);
+        ::SelectObject(memory, former);
+        ::DeleteObject(bitmap);
+        ::DeleteDC(memory);
+        ::ReleaseDC(window, dc);
+    }
+
+    COLORREF At(int x, int y) const {
+        const DWORD pixel = m_pixels[static_cast<std::size_t>(y * m_width + x)];
+        return RGB(pixel >> 16 & 0xff, pixel >> 8 & 0xff, pixel & 0xff);
+    }
+    // Around the pixels for which `test` holds; empty when there is none.
+    template <class Test>
+    CRect Bounds(Test test) const {
+        CRect bounds;
+        for (int y = 0; y < m_height; ++y) {
+            for (int x = 0; x < m_width; ++x) {
+                const CRect pixel(x, y, x + 1, y + 1);
+                if (test(x, y))
+                    ::UnionRect(bounds, bounds, pixel);
+            }
+        }
+        return bounds;
+    }
+    CRect BoundsOf(COLORREF color) const {
+        return Bounds([&](int x, int y) { return At(x, y) == color; });
+    }
+
+private:
+    LONG m_width;
+    LONG m_height;
+    std::vector<DWORD> m_pixels;
+};

@@ -1,0 +1,662 @@
+// The report list in real windows, driven by messages.
+#include <quorvel/controls/win/vask_list_ctrl.h>
+#include <quorvel/framework/app.h>
+#include <quorvel/framework/win/menu.h>
+
+#include "controls/win/list_window.h"
+#include "support/german_texts.h"
+#include "support/registry.h"
+
+#include <optional>
+#include <set>
+
+namespace {
+
+class CReportList : public CVaskListCtrl {
+public:
+    explicit CReportList(CWnd& parent, DWORD style = LVS_REPORT | LVS_SHOWSELALWAYS) {
+        EXPECT_TRUE(Create(WS_VISIBLE | style, kListPlace, &parent, 5));
+        HeaderOf(*this).SetOwnArrow(FALSE);
+    }
+    // True columns 0, 1, ... with widths 50, 60, ...
+    void AddColumns(int count) {
+        for (int i = 0; i < count; ++i)
+            InsertVaskColumn(i, i, TRUE, i == 1 ? _T("A&B") : _T("Name"), LVCFMT_LEFT, 50 + 10 * i);
+    }
+    std::string TakeSeen() { return std::exchange(m_seen, {}); }
+
+    std::vector<std::pair<UINT, WPARAM>> m_menuKeys; // pressed when a menu opens
+    std::function<void()> m_onMenu;
+    BOOL m_sorts = TRUE;
+
+protected:
+    BOOL SortItems(int column, int ascending, int force) override {
+        char seen[40];
+        std::snprintf(seen, sizeof seen, "%d %s%s;", column, ascending ? "up" : "down",
+                      force ? " forced" : "");
+        m_seen += seen;
+        return m_sorts;
+    }
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_INITMENUPOPUP)
+            NoteMenu(*CMenu::FromHandle(reinterpret_cast<HMENU>(wParam)));
+        return CVaskListCtrl::WindowProc(message, wParam, lParam);
+    }
+
+private:
+    void NoteMenu(const CMenu& menu) {
+        for (int i = 0; i < menu.GetMenuItemCount(); ++i) {
+            CString text;
+            menu.GetMenuString(static_cast<UINT>(i), text, MF_BYPOSITION);
+            const UINT state = menu.GetMenuState(static_cast<UINT>(i), MF_BYPOSITION);
+            m_seen += (state & MF_CHECKED) != 0 ? "+" : "-";
+            m_seen += (state & MF_GRAYED) != 0 ? "(" : "";
+            m_seen += Printable(text.GetString(), text.GetLength());
+            m_seen += " ";
+            m_seen += std::to_string(menu.GetMenuItemID(i));
+            m_seen += ";";
+        }
+        for (const auto& [message, key] : m_menuKeys)
+            PostMessage(message, key, 1);
+        if (m_onMenu)
+            m_onMenu();
+    }
+    std::string m_seen;
+};
+
+void SetOrder(const CListCtrl& list, std::vector<int> order) {
+    const_cast<CListCtrl&>(list).SetColumnOrderArray(static_cast<int>(order.size()), order.data());
+}
+
+TEST(VaskListCtrl, KeepsColumnsByTheirTrueNumbers) {
+    ListParent parent;
+    CReportList list(parent);
+    const WCHAR* const name = _T("Name");
+    VASKCOLUMN fourth;
+    fourth.trueColumn = 4;
+    fourth.heading = name;
+    fourth.column.mask = LVCF_WIDTH;
+    fourth.column.cx = 90;
+    const struct {
+        const char* label;
+        std::function<int()> act;
+        int result;
+        const char* columns;
+        const char* seen = ""; // calls of SortItems
+    } rows[] = {
+        {"first", [&] { return list.InsertVaskColumn(0, 0, TRUE, name, 0, 50); }, 0, "0:50"},
+        {"no heading", [&] { return list.InsertVaskColumn(0, 1, TRUE, nullptr, 0, 50); }, -1,
+         "0:50"},
+        {"there is one", [&] { return list.InsertVaskColumn(1, 0, TRUE, name, 0, 50); }, -1,
+         "0:50"},
+        {"negative", [&] { return list.InsertVaskColumn(1, -1, TRUE, name, 0, 50); }, -1, "0:50"},
+        {"no column", [&] { return list.InsertVaskColumn(1, nullptr); }, -1, "0:50"},
+        {"behind the last", [&] { return list.InsertVaskColumn(9, 1, TRUE, name, 0, 60); }, 1,
+         "0:50 1:60"},
+        {"hidden", [&] { return list.InsertVaskColumn(0, 2, FALSE, name, 0, 70); }, -1,
+         "0:50 1:60 | 2:70"},
+        {"hidden twice", [&] { return list.InsertVaskColumn(0, 2, TRUE, name); }, -1,
+         "0:50 1:60 | 2:70"},
+        {"before others", [&] { return list.InsertVaskColumn(0, 3, TRUE, name, 0, 80); }, 0,
+         "3:80 0:50 1:60 | 2:70"},
+        {"described", [&] { return list.InsertVaskColumn(3, &fourth); }, 3,
+         "3:80 0:50 1:60 4:90 | 2:70"},
+        {"hide", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE, "3:80 1:60 4:90 | 0:50 2:70"},
+        {"hide again", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE,
+         "3:80 1:60 4:90 | 0:50 2:70"},
+        {"hide nothing", [&] { return list.ShowVaskColumn(7, FALSE); }, FALSE,
+         "3:80 1:60 4:90 | 0:50 2:70"},
+        {"width of a hidden one", [&] { return list.SetVaskColumnWidth(0, 55), 0; }, 0,
+         "3:80 1:60 4:90 | 0:55 2:70"},
+        {"width of a shown one", [&] { return list.SetVaskColumnWidth(1, 65), 0; }, 0,
+         "3:80 1:65 4:90 | 0:55 2:70"},
+        {"show where it was", [&] { return list.ShowVaskColumn(0, TRUE); }, TRUE,
+         "3:80 0:55 1:65 4:90 | 2:70"},
+        {"show last", [&] { return list.ShowVaskColumn(2, TRUE); }, TRUE,
+         "3:80 0:55 1:65 4:90 2:70"},
+        {"reorder",
+         [&] {
+             return SetOrder(list, {4, 3, 0, 1, 2}), 0;
+         },
+         0, "2:70 4:90 3:80 0:55 1:65"},
+        {"hide in another order", [&] { return list.ShowVaskColumn(4, FALSE); }, TRUE,
+         "2:70 3:80 0:55 1:65 | 4:90"},
+        {"show in it", [&] { return list.ShowVaskColumn(4, TRUE); }, TRUE,
+         "2:70 4:90 3:80 0:55 1:65"},
+        {"delete", [&] { return list.DeleteVaskColumn(4); }, TRUE, "2:70 3:80 0:55 1:65"},
+        {"delete nothing", [&] { return list.DeleteVaskColumn(4); }, FALSE, "2:70 3:80 0:55 1:65"},
+        {"arrow", [&] { return list.SetSortColumn(3), list.SetSortAscending(FALSE), 0; }, 0,
+         "2:70 3:80v 0:55 1:65"},
+        {"format set", [&] { return list.SetColumnAlignment(0, LVCFMT_CENTER); }, TRUE,
+         "2:70 3:80v 0:55 1:65"},
+        {"no format", [&] { return list.SetColumnAlignment(0, 4); }, FALSE, "2:70 3:80v 0:55 1:65"},
+        {"a column before it", [&] { return list.InsertVaskColumn(0, 4, TRUE, name, 0, 90); }, 0,
+         "4:90 2:70 3:80v 0:55 1:65"},
+        {"sort column hidden", [&] { return list.ShowVaskColumn(3, FALSE); }, TRUE,
+         "4:90^ 2:70 0:55 1:65 | 3:80", "4 up;"},
+        {"sort column deleted", [&] { return list.DeleteVaskColumn(4); }, TRUE,
+         "2:70^ 0:55 1:65 | 3:80", "2 up;"},
+        {"by column", [&] { return list.SortItemsByColumn(1); }, TRUE, "2:70 0:55 1:65^ | 3:80",
+         "1 up;"},
+        {"by direction", [&] { return list.SortItemsByDirection(FALSE); }, TRUE,
+         "2:70 0:55 1:65v | 3:80", "1 down;"},
+        {"anew", [&] { return list.AutoSortItems(); }, TRUE, "2:70 0:55 1:65v | 3:80",
+         "1 down forced;"},
+        {"reset", [&] { return list.ResetColumns(), 0; }, 0, "0:100 1:100v 2:100 3:100"},
+        {"not sorted", [&] { return list.m_sorts = FALSE, list.SortItemsByColumn(2); }, FALSE,
+         "0:100 1:100v 2:100 3:100", "2 down;"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.act(), row.result) << row.label;
+        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
+        EXPECT_EQ(list.TakeSeen(), row.seen) << row.label;
+    }
+}
+
+TEST(VaskListCtrl, CopiesRecordsAndAlignsTheFirstColumn) {
+    ListParent parent;
+    CReportList list(parent);
+    list.InsertVaskColumn(0, 0, TRUE, _T("Size"), LVCFMT_RIGHT, 40, 3);
+    list.InsertVaskColumn(0, 1, FALSE, _T("Date"));
+    LVCOLUMNW shown = {};
+    shown.mask = LVCF_FMT | LVCF_SUBITEM;
+    EXPECT_TRUE(list.GetColumn(0, &shown));
+    EXPECT_EQ(shown.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_RIGHT);
+    EXPECT_EQ(shown.iSubItem, 3);
+
+    VASKCOLUMN column;
+    EXPECT_FALSE(list.GetVaskColumn(0, nullptr));
+    EXPECT_FALSE(list.GetVaskColumn(2, &column));
+    EXPECT_TRUE(list.GetVaskColumn(0, &column));
+    EXPECT_EQ(column.heading, _T("Size"));
+    ExpectCases<int>({
+        CASE(column.savedPosition, 0),
+        CASE(column.trueColumn, 0),
+        CASE(column.visible, TRUE),
+        CASE(static_cast<int>(column.column.mask),
+             LVCF_FMT | LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM),
+        CASE(column.column.fmt, LVCFMT_RIGHT),
+        CASE(column.column.cx, 40),
+        CASE(column.column.iSubItem, 3),
+    });
+    EXPECT_TRUE(list.GetVaskColumn(1, &column));
+    EXPECT_EQ(column.savedPosition, -1);
+    EXPECT_EQ(column.column.mask, static_cast<UINT>(LVCF_FMT | LVCF_TEXT));
+}
+
+TEST(VaskListCtrl, IsAPlainListWithoutRecords) {
+    ListParent parent;
+    CReportList list(parent);
+    list.InsertColumn(0, _T("Name"), LVCFMT_LEFT, 50);
+    list.InsertColumn(1, _T("Size"), LVCFMT_LEFT, 60);
+    SetOrder(list, {1, 0});
+    list.SetSortColumn(1);
+    LVCOLUMNW renamed = {};
+    renamed.mask = LVCF_TEXT;
+    renamed.pszText = const_cast<WCHAR*>(_T("Bytes"));
+    list.SetColumn(1, &renamed);
+    EXPECT_EQ(ColumnsOf(list), "1:60^ 0:50") << "the arrow outlives a new heading";
+    ExpectCases<int>({
+        CASE(list.GetTrueColumnCount(), 2),
+        CASE(list.GetTrueColumn(7), 7),
+        CASE(list.GetInsertedColumn(7), 7),
+        CASE(list.GetLeftToRightColumn(0), 1),
+        CASE(list.GetLeftToRightTrueColumn(2), -1),
+        CASE(list.GetColumnSortOrder(1), 0),
+        CASE(list.GetColumnSortOrder(7), -1),
+        CASE(list.GetVaskColumnWidth(1), -1),
+        CASE(list.IsColumnSortOrderPersisted(), FALSE),
+        CASE(list.IsVaskColumnVisible(0), FALSE),
+        CASE(list.CanVaskColumnBeHidden(0), TRUE),
+    });
+}
+
+TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
+    ListParent parent;
+    CReportList list(parent);
+    list.AddColumns(3);
+    list.ShowVaskColumn(0, FALSE);
+    const auto click = [&](int inserted) {
+        CRect rect;
+        CHeaderCtrl& header = HeaderOf(list);
+        header.GetItemRect(inserted, rect);
+        const LPARAM place = MAKELPARAM((rect.left + rect.right) / 2, rect.bottom / 2);
+        header.PostMessage(WM_LBUTTONDOWN, MK_LBUTTON, place);
+        header.PostMessage(WM_LBUTTONUP, 0, place);
+        PumpMessages();
+    };
+    const auto notify = [&](int inserted, int button) {
+        NMHEADERW note = {};
+        note.hdr = {HeaderOf(list).m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
+        note.iItem = inserted;
+        note.iButton = button;
+        list.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&note));
+    };
+    const struct {
+        const char* label;
+        std::function<void()> act;
+        const char* seen;
+        const char* columns;
+    } rows[] = {
+        {"first click", [&] { click(1); }, "2 up;", "1:60 2:70^ | 0:50"},
+        {"again", [&] { click(1); }, "2 down;", "1:60 2:70v | 0:50"},
+        {"another column", [&] { click(0); }, "1 up;", "1:60^ 2:70 | 0:50"},
+        {"right button", [&] { notify(0, 1); }, "", "1:60^ 2:70 | 0:50"},
+        {"no column",
+         [&] {
+             notify(-1, 0);
+             notify(9, 0);
+         },
+         "", "1:60^ 2:70 | 0:50"},
+        {"blocked",
+         [&] {
+             list.BlockHeaderSort();
+             click(0);
+         },
+         "", "1:60^ 2:70 | 0:50"},
+        {"free again",
+         [&] {
+             list.BlockHeaderSort(FALSE);
+             click(0);
+         },
+         "1 down;", "1:60v 2:70 | 0:50"},
+        {"not sorted",
+         [&] {
+             list.m_sorts = FALSE;
+             click(1);
+         },
+         "2 up;", "1:60v 2:70 | 0:50"},
+    };
+    for (const auto& row : rows) {
+        row.act();
+        EXPECT_EQ(list.TakeSeen(), row.seen) << row.label;
+        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
+    }
+}
+
+TEST(VaskListCtrl, ShowsAndHidesColumnsByTheHeadersMenu) {
+    const std::pair<UINT, WPARAM> down{WM_KEYDOWN, VK_DOWN}, enter{WM_KEYDOWN, VK_RETURN},
+        escape{WM_KEYDOWN, VK_ESCAPE};
+    const struct {
+        const char* label;
+        bool isGerman;
+        int shownCount; // of three columns
+        std::vector<std::pair<UINT, WPARAM>> keys;
+        const char* menu;
+        const char* columns;
+    } rows[] = {
+        {"closed",
+         false,
+         3,
+         {escape},
+         "+Name 50900;+A&&B 50901;+Name 50902;-&Columns... 50007;",
+         "0:50 1:60 2:70"},
+        {"hide",
+         false,
+         3,
+         {down, down, enter},
+         "+Name 50900;+A&&B 50901;+Name 50902;-&Columns... 50007;",
+         "0:50 2:70 | 1:60"},
+        {"show, in German",
+         true,
+         2,
+         {down, down, down, enter},
+         "+Name 50900;+A&&B 50901;-Name 50902;-&Spalten... 50007;",
+         "0:50 1:60 2:70"},
+        {"the last one stays",
+         false,
+         1,
+         {down, enter, escape},
+         "+(Name 50900;-A&&B 50901;-Name 50902;-&Columns... 50007;",
+         "0:50 | 1:60 2:70"},
+    };
+    for (const auto& row : rows) {
+        std::optional<GermanTexts> german;
+        if (row.isGerman)
+            german.emplace();
+        ListParent parent;
+        CReportList list(parent);
+        list.AddColumns(3);
+        for (int i = row.shownCount; i < 3; ++i)
+            list.ShowVaskColumn(i, FALSE);
+        list.m_menuKeys = row.keys;
+        const CHeaderCtrl& header = HeaderOf(list);
+        header.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(header.m_hWnd), -1);
+        EXPECT_EQ(list.TakeSeen(), row.menu) << row.label;
+        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
+    }
+}
+
+// A key's values by name, then its keys: "Count=3;" and "Column 0(Width=50;)".
+std::string DumpOf(HKEY key) {
+    std::set<std::string> values; // the systems enumerate in different orders
+    WCHAR name[64];
+    DWORD value = 0;
+    for (DWORD i = 0, length = 64, size = sizeof value, kind = 0;
+         ::RegEnumValueW(key, i, name, &length, nullptr, &kind, reinterpret_cast<BYTE*>(&value),
+                         &size) == 0;
+         ++i, length = 64, size = sizeof value) {
+        char text[32];
+        std::snprintf(text, sizeof text, "=%s%d;", kind == REG_DWORD ? "" : "?",
+                      static_cast<int>(value));
+        values.insert(Printable(name, static_cast<int>(length)) + text);
+    }
+    std::string dump;
+    for (const std::string& line : values)
+        dump += line;
+    for (DWORD i = 0; ::RegEnumKeyW(key, i, name, 64) == 0; ++i) {
+        HKEY inner = nullptr;
+        ::RegOpenKeyExW(key, name, 0, KEY_READ, &inner);
+        dump += Printable(name, ::lstrlenW(name)) + "(" + DumpOf(inner) + ")";
+        ::RegCloseKey(inner);
+    }
+    return dump;
+}
+
+TEST(VaskListCtrl, SavesAndLoadsItsColumnsInThreePlaces) {
+    TestKey key;
+    CWinApp app(_T("Lists"));
+    // The profile's sections then lie below the test's key.
+    app.SetRegistryKey(_T("Quorvel tests"));
+    ::free(const_cast<WCHAR*>(app.m_pszProfileName));
+    app.m_pszProfileName = ::wcsdup(key.Path().Mid(key.Path().ReverseFind('\\') + 1));
+    const CRegistryPath path(HKEY_CURRENT_USER, key.Path());
+
+    ListParent parent;
+    CReportList saved(parent);
+    saved.AddColumns(4);
+    SetOrder(saved, {3, 1, 0, 2});
+    saved.ShowVaskColumn(2, FALSE);
+    saved.SetSortColumn(1);
+    saved.SetSortAscending(FALSE);
+    const char* const columns = "3:80 1:60v 0:50 | 2:70";
+    EXPECT_EQ(ColumnsOf(saved), columns);
+    const char* const dump = "Columns(Count=4;Persist Sort Order=1;Sort Ascending=0;Sort Column=1;"
+                             "Column 0(Sort Order=2;Width=50;)Column 1(Sort Order=1;Width=60;)"
+                             "Column 2(Sort Order=-1;Width=70;)Column 3(Sort Order=0;Width=80;))";
+    const struct {
+        const char* label;
+        std::function<BOOL(CVaskListCtrl&)> save, load;
+        std::string dump;
+    } rows[] = {
+        {"key", [&](CVaskListCtrl& list) { return list.SaveState(key.Get(), FALSE); },
+         [&](CVaskListCtrl& list) { return list.LoadState(key.Get(), FALSE); }, dump},
+        {"path", [&](CVaskListCtrl& list) { return list.SaveState(path); },
+         [&](CVaskListCtrl& list) { return list.LoadState(path); }, dump},
+        {"section", [&](CVaskListCtrl& list) { return list.SaveState(_T("View")); },
+         [&](CVaskListCtrl& list) { return list.LoadState(_T("View")); },
+         std::string("View(") + dump + ")"},
+    };
+    for (const auto& row : rows) {
+        CReportList loaded(parent);
+        loaded.AddColumns(4);
+        EXPECT_TRUE(row.save(saved)) << row.label;
+        EXPECT_EQ(DumpOf(key.Get()), row.dump) << row.label;
+        EXPECT_TRUE(row.load(loaded)) << row.label;
+        EXPECT_EQ(ColumnsOf(loaded), columns) << row.label;
+        EXPECT_EQ(loaded.TakeSeen(), "") << row.label << ": loading does not sort";
+        TestKey::RemoveTree(key.Get(), _T("Columns"));
+        TestKey::RemoveTree(key.Get(), _T("View"));
+    }
+    CReportList plain(parent);
+    plain.InsertColumn(0, _T("Name"), LVCFMT_LEFT, 50);
+    EXPECT_TRUE(plain.SaveState(key.Get(), FALSE));
+    EXPECT_EQ(DumpOf(key.Get()), "Columns(Count=1;Persist Sort Order=0;"
+                                 "Sort Ascending=1;Sort Column=-1;Column 0(Width=50;))");
+    EXPECT_FALSE(plain.LoadState(static_cast<HKEY>(nullptr), FALSE));
+    EXPECT_NE(ColumnsOf(plain), "0:50") << "default widths";
+}
+
+TEST(VaskListCtrl, StaysUsableWithStatesThatNoListWrote) {
+    struct Value {
+        const WCHAR* group;
+        const WCHAR* name;
+        int value;
+    };
+    const WCHAR *const columns = _T("Columns"), *const first = _T("Columns\\Column 0"),
+                       *const second = _T("Columns\\Column 1"),
+                       *const third = _T("Columns\\Column 2"), *const order = _T("Sort Order"),
+                       *const width = _T("Width"), *const count = _T("Count"),
+                       *const persists = _T("Persist Sort Order");
+    const struct {
+        const char* label;
+        std::vector<Value> state;
+        const char* columns;
+    } rows[] = {
+        {"huge count",
+         {{columns, count, INT_MAX},
+          {columns, persists, 1},
+          {first, width, 10},
+          {first, order, 1},
+          {second, width, 20},
+          {second, order, 0},
+          {third, width, 70}},
+         "1:20 0:10 | 2:70"},
+        {"negative count", {{columns, count, -1}, {columns, persists, 1}}, "0:100 1:100 2:100"},
+        {"huge widths",
+         {{columns, count, 3},
+          {columns, persists, 1},
+          {first, width, INT_MAX},
+          {first, order, 0},
+          {second, width, INT_MIN},
+          {second, order, 1},
+          {third, width, 70}},
+         "0:50 1:60 | 2:70"},
+        {"one position twice",
+         {{columns, count, 3},
+          {columns, persists, 1},
+          {first, width, 10},
+          {first, order, 1},
+          {second, width, 20},
+          {second, order, 1},
+          {third, width, 70}},
+         "0:10 1:20 | 2:70"},
+        {"no such sort column",
+         {{columns, count, 1}, {columns, _T("Sort Column"), 77}, {first, width, 10}},
+         "0:10 1:60 2:70"},
+    };
+    class CDefaultWidths : public CReportList {
+    public:
+        using CReportList::CReportList;
+        void LoadDefaultColumnWidths() override {
+            for (int i = 0; i < GetInsertedColumnCount(); ++i)
+                SetColumnWidth(i, 100);
+        }
+    };
+    ListParent parent;
+    for (const auto& row : rows) {
+        TestKey key;
+        for (const Value& value : row.state) {
+            HKEY group = nullptr;
+            ::RegCreateKeyExW(key.Get(), value.group, 0, nullptr, 0, KEY_WRITE, nullptr, &group,
+                              nullptr);
+            TestKey::Set(group, value.name, REG_DWORD,
+                         std::string(reinterpret_cast<const char*>(&value.value), 4));
+            ::RegCloseKey(group);
+        }
+        CDefaultWidths list(parent);
+        list.AddColumns(3);
+        EXPECT_TRUE(list.LoadState(key.Get(), FALSE)) << row.label;
+        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
+    }
+}
+
+TEST(VaskListCtrl, ShowsATextWhileItIsEmpty) {
+    constexpr COLORREF kRed = RGB(255, 0, 0);
+    ListParent parent;
+    CReportList list(parent);
+    list.AddColumns(1);
+    list.SetEmptyText(_T("nothing & more"));
+    list.SetEmptyTextColor(kRed);
+    const auto bounds = [&] { return Picture(list).BoundsOf(kRed); };
+    CRect header;
+    HeaderOf(list).GetClientRect(header);
+    const struct {
+        UINT alignment;
+        BOOL isTaken;
+        LONG left, right; // between these
+    } rows[] = {
+        {DT_LEFT, TRUE, 0, 200},
+        {DT_CENTER, TRUE, 100, 300},
+        {DT_RIGHT, TRUE, 200, 400},
+        {DT_SINGLELINE, FALSE, 200, 400},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(list.SetEmptyTextAlignment(row.alignment), row.isTaken) << row.alignment;
+        const CRect drawn = bounds();
+        EXPECT_FALSE(drawn.IsRectEmpty()) << row.alignment;
+        EXPECT_GE(drawn.top, header.bottom) << row.alignment;
+        EXPECT_GE(drawn.left, row.left) << row.alignment;
+        EXPECT_LE(drawn.right, row.right) << row.alignment;
+    }
+    list.InsertItem(0, _T("item"));
+    EXPECT_TRUE(bounds().IsRectEmpty()) << "an item";
+    list.DeleteAllItems();
+    EXPECT_FALSE(bounds().IsRectEmpty()) << "empty again";
+
+    list.SetEmptyTextColor(CLR_DEFAULT);
+    const INT grey = COLOR_GRAYTEXT;
+    const COLORREF former = ::GetSysColor(grey);
+    ::SetSysColors(1, &grey, &kRed);
+    list.Invalidate();
+    EXPECT_FALSE(bounds().IsRectEmpty()) << "the system's colour of now";
+    ::SetSysColors(1, &grey, &former);
+    list.SetEmptyText(nullptr);
+    EXPECT_FALSE(list.HasEmptyText());
+    EXPECT_EQ(list.GetEmptyTextColor(), former);
+}
+
+TEST(VaskListCtrl, HighlightsEverySecondRow) {
+    constexpr COLORREF kGreen = RGB(0, 255, 0);
+    ListParent parent;
+    CReportList list(parent);
+    list.AddColumns(1);
+    for (int i = 0; i < 4; ++i)
+        list.InsertItem(i, _T(""));
+    list.SetRowHighlightColor(kGreen);
+    list.SetRowsHighlighted();
+    const auto highlighted = [&] {
+        const Picture picture(list);
+        std::string rows;
+        for (int i = 0; i < list.GetItemCount(); ++i) {
+            CRect rect;
+            list.GetItemRect(i, rect, LVIR_LABEL);
+            rows += picture.At(rect.right - 4, (rect.top + rect.bottom) / 2) == kGreen ? "+" : "-";
+        }
+        return rows;
+    };
+    EXPECT_EQ(highlighted(), "-+-+");
+    list.DeleteItem(0);
+    EXPECT_EQ(highlighted(), "-+-") << "the rows below have moved";
+    list.SetRowsHighlighted(FALSE);
+    EXPECT_EQ(highlighted(), "---");
+    list.SetRowHighlightColor(CLR_DEFAULT);
+    EXPECT_NE(list.GetRowHighlightColor(), ::GetSysColor(COLOR_WINDOW));
+}
+
+TEST(VaskListCtrl, SelectsAndMovesItems) {
+    ListParent parent;
+    CReportList list(parent);
+    list.AddColumns(2);
+    list.SetExtendedStyle(LVS_EX_CHECKBOXES, LVS_EX_CHECKBOXES);
+    const WCHAR* const names[] = {_T("a"), _T("b"), _T("c"), LPSTR_TEXTCALLBACKW};
+    for (int i = 0; i < 4; ++i)
+        list.InsertItem(i, names[i], -1, 10 + i);
+    const CString longText(Wide(1000, 'x').c_str());
+    list.SetItemText(0, 1, longText);
+    parent.m_onNotify = [](const NMHDR& header) {
+        EXPECT_NE(header.code, static_cast<UINT>(LVN_DELETEITEM));
+        if (header.code == static_cast<UINT>(LVN_GETDISPINFOW)) {
+            LVITEMW& item =
+                const_cast<NMLVDISPINFOW&>(reinterpret_cast<const NMLVDISPINFOW&>(header)).item;
+            if ((item.mask & LVIF_TEXT) != 0)
+                ::lstrcpynW(item.pszText, _T("asked"), item.cchTextMax);
+        }
+    };
+    const struct {
+        const char* label;
+        std::function<int()> act;
+        int result;
+        const char* rows;
+    } rows[] = {
+        {"select", [&] { return list.SelectItem(0); }, TRUE, "*a! b c asked"},
+        {"one more", [&] { return list.SelectItem(2); }, TRUE, "*a b *c! asked"},
+        {"move two", [&] { return list.MoveSelectedItemUp(); }, -1, "*a b *c! asked"},
+        {"the single one of two", [&] { return list.GetSingleSelectionItem(); }, -1,
+         "*a b *c! asked"},
+        {"unselect", [&] { return list.SelectItem(2, FALSE); }, TRUE, "*a b c! asked"},
+        {"no item", [&] { return list.SelectItem(-1); }, FALSE, "*a b c! asked"},
+        {"first up", [&] { return list.MoveSelectedItemUp(); }, -1, "*a b c! asked"},
+        {"check", [&] { return list.HasCheckedItem() + 2 * list.SetCheck(0); }, 2, "*a b c! asked"},
+        {"down", [&] { return list.MoveSelectedItemDown(); }, 1, "b *a c! asked"},
+        {"its check", [&] { return list.GetCheck(1) && !list.GetCheck(0); }, TRUE, "b *a c! asked"},
+        {"its data", [&] { return static_cast<int>(list.GetItemData(1)); }, 10, "b *a c! asked"},
+        {"its other text", [&] { return list.GetItemText(1, 1) == longText; }, TRUE,
+         "b *a c! asked"},
+        {"all", [&] { return list.SelectAllItems(); }, TRUE, "*b *a *c! *asked"},
+        {"none", [&] { return list.UnselectAllItems(); }, TRUE, "b a c! asked"},
+        {"last down", [&] { return list.SelectItem(3), list.MoveSelectedItemDown(); }, -1,
+         "b a c *asked!"},
+        {"an asked text up", [&] { return list.MoveSelectedItemUp(); }, 2, "b a *asked! c"},
+        {"checked", [&] { return list.HasCheckedItem(); }, TRUE, "b a *asked! c"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.act(), row.result) << row.label;
+        EXPECT_EQ(RowsOf(list), row.rows) << row.label;
+    }
+    parent.m_onNotify = nullptr;
+}
+
+TEST(VaskListCtrl, BlocksClicksBesideItems) {
+    ListParent parent;
+    CReportList list(parent);
+    list.AddColumns(1);
+    list.InsertItem(0, _T("a"));
+    list.InsertItem(1, _T("b"));
+    CRect item;
+    list.GetItemRect(1, item, LVIR_LABEL);
+    const auto click = [&](int x, int y) {
+        list.PostMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+        list.PostMessage(WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+        PumpMessages();
+        return RowsOf(list);
+    };
+    list.SetBlockNonItemClicks();
+    EXPECT_EQ(click(item.left + 4, item.top + 4), "a *b!");
+    EXPECT_EQ(click(item.left + 4, item.bottom + 50), "a *b!") << "blocked";
+    list.SetBlockNonItemClicks(FALSE);
+    EXPECT_EQ(click(item.left + 4, item.bottom + 50), "a b!") << "not blocked";
+}
+
+TEST(SortHeaderCtrl, DrawsItsOwnArrowWhereThePlatformHasNone) {
+    ListParent parent;
+    CReportList list(parent);
+    list.AddColumns(2);
+    CSortHeaderCtrl& header = HeaderOf(list);
+    header.SetOwnArrow(TRUE);
+    const Picture none(header);
+    CRect second;
+    header.GetItemRect(1, second);
+    std::vector<CRect> arrows;
+    for (const BOOL ascending : {TRUE, FALSE}) {
+        header.SetSort(1, ascending);
+        const Picture arrow(header);
+        arrows.push_back(
+            arrow.Bounds([&](int x, int y) { return arrow.At(x, y) != none.At(x, y); }));
+        EXPECT_FALSE(arrows.back().IsRectEmpty());
+        EXPECT_GE(arrows.back().left, second.left + second.Width() / 2);
+        EXPECT_LE(arrows.back().right, second.right);
+        const int middle = (arrows.back().left + arrows.back().right - 1) / 2;
+        EXPECT_EQ(arrow.At(middle, arrows.back().top) ==
+                      arrow.At(arrows.back().left, arrows.back().top),
+                  !ascending)
+            << "the tip is above when ascending";
+    }
+    EXPECT_EQ(ColumnsOf(list), "0:50 1:60") << "the platform is not asked to";
+    header.SetOwnArrow(FALSE);
+    EXPECT_EQ(ColumnsOf(list), "0:50 1:60v");
+    header.SetSort(-1, TRUE);
+    EXPECT_EQ(ColumnsOf(list), "0:50 1:60");
+}
+
+} // namespace
