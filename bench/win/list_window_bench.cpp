@@ -137,35 +137,39 @@ int main() {
     AddColumns(list.m_hWnd);
     AddColumns(bare);
 
-    Compare("taking 1,000,000 rows", 5,
-            [&] {
-                list.SetRedraw(FALSE);
-                list.DeleteAllItems();
-                for (const auto& row : rows)
-                    list.AddItem(row.get());
-                list.SetRedraw();
-                PaintPage(list.m_hWnd);
-            },
-            [&] {
-                ::SendMessageW(bare, WM_SETREDRAW, FALSE, 0);
-                std::vector<Row*>().swap(s_bareRows);
-                for (const auto& row : rows)
-                    s_bareRows.push_back(row.get());
-                ::SendMessageW(bare, LVM_SETITEMCOUNT, s_bareRows.size(), LVSICF_NOINVALIDATEALL);
-                ::SendMessageW(bare, WM_SETREDRAW, TRUE, 0);
-                PaintPage(bare);
-            });
-    Compare("display requests of 100 pages", kTurns,
-            [&] {
-                for (int i = 0; i < 100; ++i)
-                    ReadPage(list.m_hWnd);
-            },
-            [&] {
-                for (int i = 0; i < 100; ++i)
-                    ReadPage(bare);
-            });
-    Compare("painting a page", kTurns, [&] { PaintPage(list.m_hWnd); }, [&] { PaintPage(bare); });
-    Compare("scrolling through 1,000,000 rows", kTurns, [&] { ScrollThrough(list.m_hWnd); },
-            [&] { ScrollThrough(bare); });
+    Compare(
+        "taking 1,000,000 rows", 5,
+        [&] {
+            list.SetRedraw(FALSE);
+            list.DeleteAllItems();
+            for (const auto& row : rows)
+                list.AddItem(row.get());
+            list.SetRedraw();
+            PaintPage(list.m_hWnd);
+        },
+        [&] {
+            ::SendMessageW(bare, WM_SETREDRAW, FALSE, 0);
+            std::vector<Row*>().swap(s_bareRows);
+            for (const auto& row : rows)
+                s_bareRows.push_back(row.get());
+            ::SendMessageW(bare, LVM_SETITEMCOUNT, s_bareRows.size(), LVSICF_NOINVALIDATEALL);
+            ::SendMessageW(bare, WM_SETREDRAW, TRUE, 0);
+            PaintPage(bare);
+        });
+    Compare(
+        "display requests of 100 pages", kTurns,
+        [&] {
+            for (int i = 0; i < 100; ++i)
+                ReadPage(list.m_hWnd);
+        },
+        [&] {
+            for (int i = 0; i < 100; ++i)
+                ReadPage(bare);
+        });
+    Compare(
+        "painting a page", kTurns, [&] { PaintPage(list.m_hWnd); }, [&] { PaintPage(bare); });
+    Compare(
+        "scrolling through 1,000,000 rows", kTurns, [&] { ScrollThrough(list.m_hWnd); },
+        [&] { ScrollThrough(bare); });
     list.DestroyWindow();
 }

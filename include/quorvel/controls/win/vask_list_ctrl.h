@@ -5,9 +5,9 @@
 //   true column      the application's number of a column, shown or hidden; states are keyed by it;
 //   inserted column  the index among the shown ones, which the platform's messages use;
 //   display position the place on the screen from the left.
-// -1 stands for no column. A list without column records is a plain list-view: its true and inserted
-// columns are the same, and only widths are kept. With records, columns are inserted and deleted by
-// the operations of this class alone.
+// -1 stands for no column. A list without column records is a plain list-view: its true and
+// inserted columns are the same, and only widths are kept. With records, columns are inserted and
+// deleted by the operations of this class alone.
 //
 // The list's parent must be a window of the framework, which passes notifications back to the list.
 #pragma once
@@ -64,8 +64,8 @@ public:
     int GetTrueColumn(int insertedColumn) const;
     int GetLeftToRightColumn(int displayPosition) const;
     int GetLeftToRightTrueColumn(int displayPosition) const;
-    int GetColumnSortOrder(int insertedColumn) const; // its display position
-    BOOL IsColumnSortOrderPersisted() const;          // whether there are records
+    int GetColumnSortOrder(int insertedColumn) const;            // its display position
+    BOOL IsColumnSortOrderPersisted() const;                     // whether there are records
     BOOL SetColumnAlignment(int insertedColumn, UINT alignment); // LVCFMT_LEFT, RIGHT or CENTER
     // Every column as wide as its longest text, or with `useHeader` also as its heading. That asks
     // for the texts of all rows.
@@ -134,8 +134,8 @@ public:
     COLORREF GetEmptyTextColor() const;
 
     // Highlighting gives every second row a background of its own: without a colour, or with
-    // CLR_DEFAULT, one between the system's window and window text. The parent gets no NM_CUSTOMDRAW
-    // then.
+    // CLR_DEFAULT, one between the system's window and window text. The parent gets no
+    // NM_CUSTOMDRAW then.
     void SetRowsHighlighted(BOOL highlight = TRUE);
     BOOL AreRowsHighlighted() const { return m_areRowsHighlighted; }
     void SetRowHighlightColor(COLORREF color);

@@ -2,15 +2,15 @@
 // user-interface thread.
 //
 // The window must have the style LVS_OWNERDATA. Rows count from 0 in the order shown. Selection and
-// focus belong to items: they move along when rows are sorted, moved, inserted and deleted. Rows may
-// be changed within notifications of the list and without a window. Add many rows while WM_SETREDRAW
-// is off: the list-view is then sent their number once.
+// focus belong to items: they move along when rows are sorted, moved, inserted and deleted. Rows
+// may be changed within notifications of the list and without a window. Add many rows while
+// WM_SETREDRAW is off: the list-view is then sent their number once.
 //
 // Letters that are typed find the row whose first text begins with them. Ctrl+A selects all rows.
 // Ctrl+C copies the selected ones, a line each, with the texts of the shown columns between tabs.
 //
-// The platform's own messages that would change the number of rows (LVM_DELETEITEM and so on) act on
-// the rows here, or are refused.
+// The platform's own messages that would change the number of rows (LVM_DELETEITEM and so on) act
+// on the rows here, or are refused.
 #pragma once
 
 #include <quorvel/controls/virtual_list_ctrl_item.h>
