@@ -14,12 +14,13 @@ function(quorvel_fix_environment target locale time_zone)
   set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${launcher}")
 endfunction()
 
-# quorvel_test(NAME SOURCES ... [INTERNAL] [LOCALE name] [TIME_ZONE name] [LABEL name])
+# quorvel_test(NAME SOURCES ... [INTERNAL] [SERIAL] [LOCALE name] [TIME_ZONE name] [LABEL name])
 #
 # One test program. It links the shared library, as a host does, unless INTERNAL asks for the static
-# one to reach what is not exported.
+# one to reach what is not exported. SERIAL runs its tests beside no other: programs of one Wine prefix
+# share the foreground window and the clipboard.
 function(quorvel_test name)
-  cmake_parse_arguments(arg "INTERNAL" "LOCALE;TIME_ZONE;LABEL" "SOURCES" ${ARGN})
+  cmake_parse_arguments(arg "INTERNAL;SERIAL" "LOCALE;TIME_ZONE;LABEL" "SOURCES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   if(arg_INTERNAL)
     target_link_libraries(${name} PRIVATE quorvel_static quorvel_system)
@@ -27,7 +28,7 @@ function(quorvel_test name)
     target_link_libraries(${name} PRIVATE quorvel)
   endif()
   target_link_libraries(${name} PRIVATE quorvel_flags quorvel_test_support quorvel_boost gtest)
-  set(alone FALSE)
+  set(alone ${arg_SERIAL})
   if(arg_LOCALE)
     set(alone TRUE) # Wine writes the locale of a program into the prefix that all of them share
   else()
