@@ -17,8 +17,8 @@ endfunction()
 # quorvel_test(NAME SOURCES ... [INTERNAL] [SERIAL] [LOCALE name] [TIME_ZONE name] [LABEL name])
 #
 # One test program. It links the shared library, as a host does, unless INTERNAL asks for the static
-# one to reach what is not exported. SERIAL runs its tests beside no other: programs of one Wine prefix
-# share the foreground window and the clipboard.
+# one to reach what is not exported. With SERIAL no other test runs at the same time: the programs of a
+# Wine prefix share the foreground window and the clipboard.
 function(quorvel_test name)
   cmake_parse_arguments(arg "INTERNAL;SERIAL" "LOCALE;TIME_ZONE;LABEL" "SOURCES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
