@@ -73,10 +73,11 @@ TEST_F(Zip, FilesAreAddedAndReadBack) {
 TEST_F(Zip, WhatCannotBeDoneIsTold) {
     CString folder = m_folder.Path();
     folder.TrimRight(_T("\\/")); // with a separator at its end it is no path to the systems
+    const CString inMissingFolder = m_folder.Path(_T("missing\\a"));
     const std::tuple<const char*, const WCHAR*, int, DWORD> refused[] = {
         {"null", nullptr, 0, ERROR_INVALID_PARAMETER},
         {"half a character", _T("\xd800.zip"), 0, ERROR_PATH_NOT_FOUND},
-        {"missing folder", m_folder.Path(_T("missing\\a")), 0, ERROR_PATH_NOT_FOUND},
+        {"missing folder", inMissingFolder, 0, ERROR_PATH_NOT_FOUND},
         {"a folder", folder, 0, ERROR_ACCESS_DENIED},
         {"missing, to append to", m_missing, 1, ERROR_FILE_NOT_FOUND},
     };
