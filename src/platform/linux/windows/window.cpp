@@ -7,6 +7,7 @@
 #include <quorvel/platform/linux_api.h>
 
 #include "platform/case_fold.h"
+#include "platform/linux/slot_table.h"
 #include "platform/linux/system/system_error.h"
 #include "platform/linux/waits/thread.h"
 #include "platform/linux/windows/message_queue.h"
@@ -14,6 +15,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -50,17 +52,13 @@ struct Window {
     bool destroying = false;
 };
 
-struct Slot {
-    std::unique_ptr<Window> window;
-    UINT_PTR generation = 1;
-};
+using Table = SlotTable<std::unique_ptr<Window>, 0x7fff>;
 
 struct Windows {
     std::mutex mutex;
     std::vector<std::shared_ptr<WindowClass>> classes;
     ATOM nextAtom = kFirstAtom;
-    std::vector<Slot> slots;
-    std::vector<std::size_t> freeSlots;
+    Table table;
 };
 
 // Never destroyed: static objects of a host may destroy their windows after ours have gone.
@@ -69,17 +67,20 @@ Windows& All() {
     return windows;
 }
 
-HWND HandleOf(std::size_t index, UINT_PTR generation) {
-    return reinterpret_cast<HWND>((generation & 0x7fff) << 16 | (index + 1) << 1);
+HWND HandleOf(Table::Key key) {
+    return reinterpret_cast<HWND>(UINT_PTR{key.generation} << 16 | (key.index + 1) << 1);
+}
+
+Table::Key KeyOf(HWND handle) { // of no slot for what no window's handle can be
+    const UINT_PTR number = reinterpret_cast<UINT_PTR>(handle);
+    const Table::Key key = {((number & 0xffff) >> 1) - 1, static_cast<std::uint32_t>(number >> 16)};
+    return HandleOf(key) == handle ? key : Table::Key{SIZE_MAX, 0};
 }
 
 // Null when there is no such window. The lock is held.
 Window* Find(HWND handle) {
-    const std::size_t index = ((reinterpret_cast<UINT_PTR>(handle) & 0xffff) >> 1) - 1;
-    std::vector<Slot>& slots = All().slots;
-    if (index >= slots.size() || HandleOf(index, slots[index].generation) != handle)
-        return nullptr;
-    return slots[index].window.get();
+    const std::unique_ptr<Window>* const window = All().table.Find(KeyOf(handle));
+    return window != nullptr ? window->get() : nullptr;
 }
 
 // Calls `use` with the window under the lock, or returns `failed` with the invalid handle's error.
@@ -126,56 +127,50 @@ HWND Insert(const CREATESTRUCTW& creation) {
         return fail(ERROR_TLW_WITH_WSCHILD);
     if (creation.hwndParent != nullptr && Find(creation.hwndParent) == nullptr)
         return fail(ERROR_INVALID_WINDOW_HANDLE);
-    if (all.freeSlots.empty()) {
-        if (all.slots.size() >= kMaxWindows)
-            return fail(ERROR_NO_MORE_USER_HANDLES);
-        all.freeSlots.reserve(all.slots.size() + 1); // so that Remove cannot fail
-        all.slots.emplace_back();
-        all.freeSlots.push_back(all.slots.size() - 1);
-    }
-    Slot& slot = all.slots[all.freeSlots.back()];
-    slot.window.reset(new Window{.windowClass = windowClass,
-                                 .procedure = windowClass->procedure,
-                                 .parentOrOwner = creation.hwndParent,
-                                 .thread = GetCurrentThreadId(),
-                                 .queue = MessageQueue::OfThisThread(),
-                                 .style = static_cast<DWORD>(creation.style),
-                                 .extendedStyle = creation.dwExStyle,
-                                 .id = child ? reinterpret_cast<LONG_PTR>(creation.hMenu) : 0,
-                                 .text = {}});
+    if (all.table.Count() >= kMaxWindows)
+        return fail(ERROR_NO_MORE_USER_HANDLES);
+    std::unique_ptr<Window> window(
+        new Window{.windowClass = windowClass,
+                   .procedure = windowClass->procedure,
+                   .parentOrOwner = creation.hwndParent,
+                   .thread = GetCurrentThreadId(),
+                   .queue = MessageQueue::OfThisThread(),
+                   .style = static_cast<DWORD>(creation.style),
+                   .extendedStyle = creation.dwExStyle,
+                   .id = child ? reinterpret_cast<LONG_PTR>(creation.hMenu) : 0,
+                   .text = {}});
+    const HWND handle = HandleOf(all.table.Insert(std::move(window)));
     ++windowClass->windows;
-    const std::size_t index = all.freeSlots.back();
-    all.freeSlots.pop_back();
-    return HandleOf(index, slot.generation);
+    return handle;
 }
 
 void Remove(HWND handle) {
     Windows& all = All();
     const std::lock_guard lock(all.mutex);
-    Window* const window = Find(handle);
+    const std::unique_ptr<Window> window = all.table.Remove(KeyOf(handle));
     if (window == nullptr)
         return;
     --window->windowClass->windows;
     window->queue->Forget(handle);
-    const std::size_t index = ((reinterpret_cast<UINT_PTR>(handle) & 0xffff) >> 1) - 1;
-    Slot& slot = all.slots[index];
-    slot.window.reset();
-    slot.generation = slot.generation % 0x7fff + 1;
-    all.freeSlots.push_back(index);
+}
+
+template <class Predicate>
+std::vector<HWND> WindowsThat(Predicate predicate) {
+    const std::lock_guard lock(All().mutex);
+    std::vector<HWND> found;
+    All().table.ForEach([&](Table::Key key, const Window& window) {
+        if (predicate(window))
+            found.push_back(HandleOf(key));
+    });
+    return found;
 }
 
 // The children of a window, or the pop-up windows it owns.
 std::vector<HWND> Dependents(HWND parentOrOwner, bool children) {
-    Windows& all = All();
-    const std::lock_guard lock(all.mutex);
-    std::vector<HWND> found;
-    for (std::size_t index = 0; index < all.slots.size(); ++index) {
-        const Window* const window = all.slots[index].window.get();
-        if (window != nullptr && window->parentOrOwner == parentOrOwner &&
-            ((window->style & WS_CHILD) != 0) == children)
-            found.push_back(HandleOf(index, all.slots[index].generation));
-    }
-    return found;
+    return WindowsThat([=](const Window& window) {
+        return window.parentOrOwner == parentOrOwner &&
+               ((window.style & WS_CHILD) != 0) == children;
+    });
 }
 
 // Removes a window with its children and the windows it owns, without a message: the thread that
@@ -193,20 +188,12 @@ public:
     WindowsOfThread() = default;
     WindowsOfThread(const WindowsOfThread&) = delete;
     ~WindowsOfThread() {
-        for (HWND window; (window = First()) != nullptr;)
-            Abandon(window);
+        for (const HWND window :
+             WindowsThat([this](const Window& each) { return each.thread == m_thread; }))
+            Abandon(window); // nothing when it left with its parent
     }
 
 private:
-    HWND First() const {
-        Windows& all = All();
-        const std::lock_guard lock(all.mutex);
-        for (std::size_t index = 0; index < all.slots.size(); ++index)
-            if (all.slots[index].window != nullptr && all.slots[index].window->thread == m_thread)
-                return HandleOf(index, all.slots[index].generation);
-        return nullptr;
-    }
-
     const DWORD m_thread = GetCurrentThreadId();
 };
 
