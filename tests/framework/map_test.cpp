@@ -9,7 +9,6 @@ namespace {
 TEST(Map, FindsValuesByKeysOfAnyType) {
     CMap<int, int, CString, const CString&> numbers;
     numbers.InitHashTable(7);
-    EXPECT_EQ(numbers.GetHashTableSize(), 7u);
     for (int i = -500; i < 500; ++i)
         numbers.SetAt(i, _T("new"));
     numbers.SetAt(3, _T("three"));
@@ -34,7 +33,6 @@ TEST(Map, FindsValuesByKeysOfAnyType) {
     EXPECT_EQ(texts[_T("one")], 11);
     texts.RemoveAll();
     EXPECT_TRUE(texts.IsEmpty());
-    EXPECT_EQ(texts.GetStartPosition(), nullptr);
 }
 
 TEST(Map, AWalkMeetsEachEntryOnceWhileEntriesAreRemoved) {

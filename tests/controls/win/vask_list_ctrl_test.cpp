@@ -8,7 +8,6 @@
 #include "support/registry.h"
 
 #include <optional>
-#include <set>
 
 namespace {
 
@@ -25,8 +24,7 @@ public:
     }
     std::string TakeSeen() { return std::exchange(m_seen, {}); }
 
-    std::vector<std::pair<UINT, WPARAM>> m_menuKeys; // pressed when a menu opens
-    std::function<void()> m_onMenu;
+    std::vector<WPARAM> m_menuKeys; // pressed when a menu opens
     BOOL m_sorts = TRUE;
 
 protected:
@@ -56,10 +54,8 @@ private:
             m_seen += std::to_string(menu.GetMenuItemID(i));
             m_seen += ";";
         }
-        for (const auto& [message, key] : m_menuKeys)
-            PostMessage(message, key, 1);
-        if (m_onMenu)
-            m_onMenu();
+        for (const WPARAM key : m_menuKeys)
+            PostMessage(WM_KEYDOWN, key, 1);
     }
     std::string m_seen;
 };
@@ -85,27 +81,15 @@ TEST(VaskListCtrl, KeepsColumnsByTheirTrueNumbers) {
         const char* seen = ""; // calls of SortItems
     } rows[] = {
         {"first", [&] { return list.InsertVaskColumn(0, 0, TRUE, name, 0, 50); }, 0, "0:50"},
-        {"no heading", [&] { return list.InsertVaskColumn(0, 1, TRUE, nullptr, 0, 50); }, -1,
-         "0:50"},
-        {"there is one", [&] { return list.InsertVaskColumn(1, 0, TRUE, name, 0, 50); }, -1,
-         "0:50"},
-        {"negative", [&] { return list.InsertVaskColumn(1, -1, TRUE, name, 0, 50); }, -1, "0:50"},
-        {"no column", [&] { return list.InsertVaskColumn(1, nullptr); }, -1, "0:50"},
         {"behind the last", [&] { return list.InsertVaskColumn(9, 1, TRUE, name, 0, 60); }, 1,
          "0:50 1:60"},
         {"hidden", [&] { return list.InsertVaskColumn(0, 2, FALSE, name, 0, 70); }, -1,
-         "0:50 1:60 | 2:70"},
-        {"hidden twice", [&] { return list.InsertVaskColumn(0, 2, TRUE, name); }, -1,
          "0:50 1:60 | 2:70"},
         {"before others", [&] { return list.InsertVaskColumn(0, 3, TRUE, name, 0, 80); }, 0,
          "3:80 0:50 1:60 | 2:70"},
         {"described", [&] { return list.InsertVaskColumn(3, &fourth); }, 3,
          "3:80 0:50 1:60 4:90 | 2:70"},
         {"hide", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE, "3:80 1:60 4:90 | 0:50 2:70"},
-        {"hide again", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE,
-         "3:80 1:60 4:90 | 0:50 2:70"},
-        {"hide nothing", [&] { return list.ShowVaskColumn(7, FALSE); }, FALSE,
-         "3:80 1:60 4:90 | 0:50 2:70"},
         {"width of a hidden one", [&] { return list.SetVaskColumnWidth(0, 55), 0; }, 0,
          "3:80 1:60 4:90 | 0:55 2:70"},
         {"width of a shown one", [&] { return list.SetVaskColumnWidth(1, 65), 0; }, 0,
@@ -119,17 +103,11 @@ TEST(VaskListCtrl, KeepsColumnsByTheirTrueNumbers) {
              return SetOrder(list, {4, 3, 0, 1, 2}), 0;
          },
          0, "2:70 4:90 3:80 0:55 1:65"},
-        {"hide in another order", [&] { return list.ShowVaskColumn(4, FALSE); }, TRUE,
-         "2:70 3:80 0:55 1:65 | 4:90"},
-        {"show in it", [&] { return list.ShowVaskColumn(4, TRUE); }, TRUE,
-         "2:70 4:90 3:80 0:55 1:65"},
         {"delete", [&] { return list.DeleteVaskColumn(4); }, TRUE, "2:70 3:80 0:55 1:65"},
-        {"delete nothing", [&] { return list.DeleteVaskColumn(4); }, FALSE, "2:70 3:80 0:55 1:65"},
         {"arrow", [&] { return list.SetSortColumn(3), list.SetSortAscending(FALSE), 0; }, 0,
          "2:70 3:80v 0:55 1:65"},
         {"format set", [&] { return list.SetColumnAlignment(0, LVCFMT_CENTER); }, TRUE,
          "2:70 3:80v 0:55 1:65"},
-        {"no format", [&] { return list.SetColumnAlignment(0, 4); }, FALSE, "2:70 3:80v 0:55 1:65"},
         {"a column before it", [&] { return list.InsertVaskColumn(0, 4, TRUE, name, 0, 90); }, 0,
          "4:90 2:70 3:80v 0:55 1:65"},
         {"sort column hidden", [&] { return list.ShowVaskColumn(3, FALSE); }, TRUE,
@@ -196,19 +174,6 @@ TEST(VaskListCtrl, IsAPlainListWithoutRecords) {
     renamed.pszText = const_cast<WCHAR*>(_T("Bytes"));
     list.SetColumn(1, &renamed);
     EXPECT_EQ(ColumnsOf(list), "1:60^ 0:50") << "the arrow outlives a new heading";
-    ExpectCases<int>({
-        CASE(list.GetTrueColumnCount(), 2),
-        CASE(list.GetTrueColumn(7), 7),
-        CASE(list.GetInsertedColumn(7), 7),
-        CASE(list.GetLeftToRightColumn(0), 1),
-        CASE(list.GetLeftToRightTrueColumn(2), -1),
-        CASE(list.GetColumnSortOrder(1), 0),
-        CASE(list.GetColumnSortOrder(7), -1),
-        CASE(list.GetVaskColumnWidth(1), -1),
-        CASE(list.IsColumnSortOrderPersisted(), FALSE),
-        CASE(list.IsVaskColumnVisible(0), FALSE),
-        CASE(list.CanVaskColumnBeHidden(0), TRUE),
-    });
 }
 
 TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
@@ -275,40 +240,20 @@ TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
 }
 
 TEST(VaskListCtrl, ShowsAndHidesColumnsByTheHeadersMenu) {
-    const std::pair<UINT, WPARAM> down{WM_KEYDOWN, VK_DOWN}, enter{WM_KEYDOWN, VK_RETURN},
-        escape{WM_KEYDOWN, VK_ESCAPE};
     const struct {
         const char* label;
         bool isGerman;
-        int shownCount; // of three columns
-        std::vector<std::pair<UINT, WPARAM>> keys;
+        int shownCount;   // of three columns
+        const char* keys; // Down, Enter and Escape as D, E and X
         const char* menu;
         const char* columns;
     } rows[] = {
-        {"closed",
-         false,
-         3,
-         {escape},
-         "+Name 50900;+A&&B 50901;+Name 50902;-&Columns... 50007;",
-         "0:50 1:60 2:70"},
-        {"hide",
-         false,
-         3,
-         {down, down, enter},
-         "+Name 50900;+A&&B 50901;+Name 50902;-&Columns... 50007;",
+        {"hide", false, 3, "DDE", "+Name 50900;+A&&B 50901;+Name 50902;-&Columns... 50007;",
          "0:50 2:70 | 1:60"},
-        {"show, in German",
-         true,
-         2,
-         {down, down, down, enter},
-         "+Name 50900;+A&&B 50901;-Name 50902;-&Spalten... 50007;",
-         "0:50 1:60 2:70"},
-        {"the last one stays",
-         false,
-         1,
-         {down, enter, escape},
-         "+(Name 50900;-A&&B 50901;-Name 50902;-&Columns... 50007;",
-         "0:50 | 1:60 2:70"},
+        {"show, in German", true, 2, "DDDE",
+         "+Name 50900;+A&&B 50901;-Name 50902;-&Spalten... 50007;", "0:50 1:60 2:70"},
+        {"the last one stays", false, 1, "DEX",
+         "+(Name 50900;-A&&B 50901;-Name 50902;-&Columns... 50007;", "0:50 | 1:60 2:70"},
     };
     for (const auto& row : rows) {
         std::optional<GermanTexts> german;
@@ -319,38 +264,13 @@ TEST(VaskListCtrl, ShowsAndHidesColumnsByTheHeadersMenu) {
         list.AddColumns(3);
         for (int i = row.shownCount; i < 3; ++i)
             list.ShowVaskColumn(i, FALSE);
-        list.m_menuKeys = row.keys;
+        for (const char* key = row.keys; *key != 0; ++key)
+            list.m_menuKeys.push_back(*key == 'D' ? VK_DOWN : *key == 'E' ? VK_RETURN : VK_ESCAPE);
         const CHeaderCtrl& header = HeaderOf(list);
         header.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(header.m_hWnd), -1);
         EXPECT_EQ(list.TakeSeen(), row.menu) << row.label;
         EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
     }
-}
-
-// A key's values by name, then its keys: "Count=3;" and "Column 0(Width=50;)".
-std::string DumpOf(HKEY key) {
-    std::set<std::string> values; // the systems enumerate in different orders
-    WCHAR name[64];
-    DWORD value = 0;
-    for (DWORD i = 0, length = 64, size = sizeof value, kind = 0;
-         ::RegEnumValueW(key, i, name, &length, nullptr, &kind, reinterpret_cast<BYTE*>(&value),
-                         &size) == 0;
-         ++i, length = 64, size = sizeof value) {
-        char text[32];
-        std::snprintf(text, sizeof text, "=%s%d;", kind == REG_DWORD ? "" : "?",
-                      static_cast<int>(value));
-        values.insert(Printable(name, static_cast<int>(length)) + text);
-    }
-    std::string dump;
-    for (const std::string& line : values)
-        dump += line;
-    for (DWORD i = 0; ::RegEnumKeyW(key, i, name, 64) == 0; ++i) {
-        HKEY inner = nullptr;
-        ::RegOpenKeyExW(key, name, 0, KEY_READ, &inner);
-        dump += Printable(name, ::lstrlenW(name)) + "(" + DumpOf(inner) + ")";
-        ::RegCloseKey(inner);
-    }
-    return dump;
 }
 
 TEST(VaskListCtrl, SavesAndLoadsItsColumnsInThreePlaces) {
@@ -370,114 +290,26 @@ TEST(VaskListCtrl, SavesAndLoadsItsColumnsInThreePlaces) {
     saved.SetSortColumn(1);
     saved.SetSortAscending(FALSE);
     const char* const columns = "3:80 1:60v 0:50 | 2:70";
-    EXPECT_EQ(ColumnsOf(saved), columns);
-    const char* const dump = "Columns(Count=4;Persist Sort Order=1;Sort Ascending=0;Sort Column=1;"
-                             "Column 0(Sort Order=2;Width=50;)Column 1(Sort Order=1;Width=60;)"
-                             "Column 2(Sort Order=-1;Width=70;)Column 3(Sort Order=0;Width=80;))";
+    typedef CVaskListCtrl& List;
     const struct {
         const char* label;
-        std::function<BOOL(CVaskListCtrl&)> save, load;
-        std::string dump;
+        std::function<BOOL(List)> save, load;
     } rows[] = {
-        {"key", [&](CVaskListCtrl& list) { return list.SaveState(key.Get(), FALSE); },
-         [&](CVaskListCtrl& list) { return list.LoadState(key.Get(), FALSE); }, dump},
-        {"path", [&](CVaskListCtrl& list) { return list.SaveState(path); },
-         [&](CVaskListCtrl& list) { return list.LoadState(path); }, dump},
-        {"section", [&](CVaskListCtrl& list) { return list.SaveState(_T("View")); },
-         [&](CVaskListCtrl& list) { return list.LoadState(_T("View")); },
-         std::string("View(") + dump + ")"},
+        {"key", [&](List list) { return list.SaveState(key.Get(), FALSE); },
+         [&](List list) { return list.LoadState(key.Get(), FALSE); }},
+        {"path", [&](List list) { return list.SaveState(path); },
+         [&](List list) { return list.LoadState(path); }},
+        {"section", [](List list) { return list.SaveState(_T("View")); },
+         [](List list) { return list.LoadState(_T("View")); }},
     };
     for (const auto& row : rows) {
         CReportList loaded(parent);
         loaded.AddColumns(4);
-        EXPECT_TRUE(row.save(saved)) << row.label;
-        EXPECT_EQ(DumpOf(key.Get()), row.dump) << row.label;
-        EXPECT_TRUE(row.load(loaded)) << row.label;
+        EXPECT_FALSE(row.load(loaded) && ColumnsOf(loaded) == columns) << row.label;
+        EXPECT_TRUE(row.save(saved) && row.load(loaded)) << row.label;
         EXPECT_EQ(ColumnsOf(loaded), columns) << row.label;
         EXPECT_EQ(loaded.TakeSeen(), "") << row.label << ": loading does not sort";
         TestKey::RemoveTree(key.Get(), _T("Columns"));
-        TestKey::RemoveTree(key.Get(), _T("View"));
-    }
-    CReportList plain(parent);
-    plain.InsertColumn(0, _T("Name"), LVCFMT_LEFT, 50);
-    EXPECT_TRUE(plain.SaveState(key.Get(), FALSE));
-    EXPECT_EQ(DumpOf(key.Get()), "Columns(Count=1;Persist Sort Order=0;"
-                                 "Sort Ascending=1;Sort Column=-1;Column 0(Width=50;))");
-    EXPECT_FALSE(plain.LoadState(static_cast<HKEY>(nullptr), FALSE));
-    EXPECT_NE(ColumnsOf(plain), "0:50") << "default widths";
-}
-
-TEST(VaskListCtrl, StaysUsableWithStatesThatNoListWrote) {
-    struct Value {
-        const WCHAR* group;
-        const WCHAR* name;
-        int value;
-    };
-    const WCHAR *const columns = _T("Columns"), *const first = _T("Columns\\Column 0"),
-                       *const second = _T("Columns\\Column 1"),
-                       *const third = _T("Columns\\Column 2"), *const order = _T("Sort Order"),
-                       *const width = _T("Width"), *const count = _T("Count"),
-                       *const persists = _T("Persist Sort Order");
-    const struct {
-        const char* label;
-        std::vector<Value> state;
-        const char* columns;
-    } rows[] = {
-        {"huge count",
-         {{columns, count, INT_MAX},
-          {columns, persists, 1},
-          {first, width, 10},
-          {first, order, 1},
-          {second, width, 20},
-          {second, order, 0},
-          {third, width, 70}},
-         "1:20 0:10 | 2:70"},
-        {"negative count", {{columns, count, -1}, {columns, persists, 1}}, "0:100 1:100 2:100"},
-        {"huge widths",
-         {{columns, count, 3},
-          {columns, persists, 1},
-          {first, width, INT_MAX},
-          {first, order, 0},
-          {second, width, INT_MIN},
-          {second, order, 1},
-          {third, width, 70}},
-         "0:50 1:60 | 2:70"},
-        {"one position twice",
-         {{columns, count, 3},
-          {columns, persists, 1},
-          {first, width, 10},
-          {first, order, 1},
-          {second, width, 20},
-          {second, order, 1},
-          {third, width, 70}},
-         "0:10 1:20 | 2:70"},
-        {"no such sort column",
-         {{columns, count, 1}, {columns, _T("Sort Column"), 77}, {first, width, 10}},
-         "0:10 1:60 2:70"},
-    };
-    class CDefaultWidths : public CReportList {
-    public:
-        using CReportList::CReportList;
-        void LoadDefaultColumnWidths() override {
-            for (int i = 0; i < GetInsertedColumnCount(); ++i)
-                SetColumnWidth(i, 100);
-        }
-    };
-    ListParent parent;
-    for (const auto& row : rows) {
-        TestKey key;
-        for (const Value& value : row.state) {
-            HKEY group = nullptr;
-            ::RegCreateKeyExW(key.Get(), value.group, 0, nullptr, 0, KEY_WRITE, nullptr, &group,
-                              nullptr);
-            TestKey::Set(group, value.name, REG_DWORD,
-                         std::string(reinterpret_cast<const char*>(&value.value), 4));
-            ::RegCloseKey(group);
-        }
-        CDefaultWidths list(parent);
-        list.AddColumns(3);
-        EXPECT_TRUE(list.LoadState(key.Get(), FALSE)) << row.label;
-        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
     }
 }
 
@@ -590,7 +422,6 @@ TEST(VaskListCtrl, SelectsAndMovesItems) {
         {"check", [&] { return list.HasCheckedItem() + 2 * list.SetCheck(0); }, 2, "*a b c! asked"},
         {"down", [&] { return list.MoveSelectedItemDown(); }, 1, "b *a c! asked"},
         {"its check", [&] { return list.GetCheck(1) && !list.GetCheck(0); }, TRUE, "b *a c! asked"},
-        {"its data", [&] { return static_cast<int>(list.GetItemData(1)); }, 10, "b *a c! asked"},
         {"its other text", [&] { return list.GetItemText(1, 1) == longText; }, TRUE,
          "b *a c! asked"},
         {"all", [&] { return list.SelectAllItems(); }, TRUE, "*b *a *c! *asked"},

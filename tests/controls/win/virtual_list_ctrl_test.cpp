@@ -82,7 +82,6 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
         int result;
         const char* rows;
     } rows[] = {
-        {"nothing to select", [&] { return list.GetSelectedItem() == nullptr; }, TRUE, ""},
         {"add", [&] { return list.Add("dbac"), list.GetItemCount(); }, 4, "d b a c"},
         {"add nothing", [&] { return list.AddItem(nullptr); }, -1, "d b a c"},
         {"insert outside", [&] { return list.InsertItem(5, x) + list.InsertItem(-1, x); }, -2,
@@ -99,20 +98,12 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
         {"swap", [&] { return x->m_name = _T("C"), list.SortItems(0, FALSE, FALSE); }, FALSE,
          "C d *c! *b a"},
         {"forced", [&] { return list.SortItems(0, FALSE, TRUE); }, TRUE, "d *c! *b a C"},
-        {"by no order", [&] { return list.SortItems(2, TRUE, FALSE); }, TRUE, "d *c! *b a C"},
-        {"which is kept", [&] { return list.GetSortColumn(); }, 2, "d *c! *b a C"},
         {"equal ones stay in order", [&] { return list.SortItems(1, TRUE, FALSE); }, TRUE,
          "C d *c! *b a"},
-        {"two move nowhere", [&] { return list.MoveSelectedItemUp(); }, -1, "C d *c! *b a"},
         {"one moves up", [&] { return list.Select({3}), list.MoveSelectedItemUp(); }, 2,
          "C d *b! c a"},
         {"and down", [&] { return list.MoveSelectedItemDown(); }, 3, "C d c *b! a"},
-        {"its item", [&] { return RowAt(list.GetSelectedItem()).m_name == _T("b"); }, TRUE,
-         "C d c *b! a"},
         {"delete before", [&] { return list.DeleteItem(0); }, TRUE, "d c *b! a"},
-        {"delete nothing",
-         [&] { return list.DeleteItem(4) + list.DeleteItem(-1) + list.DeleteItem(nullptr); }, FALSE,
-         "d c *b! a"},
         {"delete the selected", [&] { return list.DeleteItem(2); }, TRUE, "d c *a!"},
         {"the last", [&] { return list.DeleteItem(list.GetItem(2)); }, TRUE, "d *c!"},
         {"one of two",
@@ -236,13 +227,11 @@ TEST(VirtualListCtrl, AnswersWhatTheListViewAsksFor) {
     } rows[] = {
         {"all", kAll, 0, 0, 10, _T("a"), 3, 2, 12},
         {"cut", LVIF_TEXT, 1, 0, 7, _T("a long"), -9, -9, -9},
-        {"room for the end alone", LVIF_TEXT, 1, 0, 1, _T(""), -9, -9, -9},
         {"no room", LVIF_TEXT, 1, 0, 0, _T("?"), -9, -9, -9},
         {"a column behind a hidden one", LVIF_TEXT, 0, 1, 10, _T("a2"), -9, -9, -9},
         {"image", LVIF_IMAGE, 0, 0, 10, _T("?"), 3, -9, -9},
         {"indent and data", LVIF_INDENT | LVIF_PARAM, 0, 0, 10, _T("?"), -9, 2, 12},
         {"no row", kAll, 2, 0, 10, _T("?"), -9, -9, -9},
-        {"negative", kAll, -1, 0, 10, _T("?"), -9, -9, -9},
     };
     for (const auto& row : rows) {
         WCHAR text[20] = _T("?");
@@ -268,8 +257,9 @@ TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
         const char* typed;
         const char* rows;
     } rows[] = {
-        {"b", "a *b! B c"}, {"bb", "a b *B! c"}, {"bbb", "a *b! B c"},
-        {"c", "a b B *c!"}, {"x", "*a! b B c"},
+        {"b", "a *b! B c"},
+        {"bbb", "a *b! B c"},
+        {"x", "*a! b B c"},
     };
     for (const auto& row : rows) { // each list begins its search anew
         ListParent parent;
@@ -291,11 +281,8 @@ TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
     ExpectCases<int>({
         CASE(find(LVFI_STRING, _T("b"), -1), 1),
         CASE(find(LVFI_STRING, _T("b"), 1), 2),
-        CASE(find(LVFI_STRING, _T("b"), 2), -1),
         CASE(find(LVFI_STRING | LVFI_WRAP, _T("b"), 2), 1),
-        CASE(find(LVFI_STRING, _T(""), -1), -1),
         CASE(find(LVFI_STRING, nullptr, -1), -1),
-        CASE(find(LVFI_STRING, _T("c"), 99), -1),
     });
 }
 

@@ -92,111 +92,64 @@ TEST(Dialog, EndsByWhatTheUserAndTheProgramDo) {
     };
     const Step act = ClickOn(FIELD_BUTTON);
     const auto throwing = [](CFieldsDlg&) { AfxThrowMemoryException(); };
+    typedef std::function<void(CFieldsDlg&)> Act;
+    const Act endByKey = [](CFieldsDlg& d) {
+        d.m_preTranslate = [&d](MSG* message) -> BOOL {
+            if (message->message == WM_KEYDOWN)
+                d.EndDialog(8);
+            return message->message == WM_KEYDOWN;
+        };
+    };
+    const Act throwOnEnter = [](CFieldsDlg& d) {
+        d.m_preTranslate = [](MSG* message) -> BOOL {
+            if (message->message == WM_KEYDOWN && message->wParam == VK_RETURN)
+                AfxThrowMemoryException();
+            return FALSE;
+        };
+    };
+    const Act again = [](CFieldsDlg& d) {
+        EXPECT_EQ(ErrorOf([&] { return d.DoModal() != -1; }), DWORD{ERROR_ALREADY_EXISTS});
+    };
+    const Act end = [](CFieldsDlg& d) { d.EndDialog(7); };
+    const Act destroy = [](CFieldsDlg& d) { d.DestroyWindow(); };
+    const Act destroyOwner = [](CFieldsDlg& d) {
+        ::DestroyWindow(::GetWindow(d.m_hWnd, GW_OWNER));
+    };
+    const Step toButton = [](HWND box) {
+        EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), FIELD_NUMBER) << "Tab moves the focus";
+        ::SendMessageW(box, WM_NEXTDLGCTL,
+                       reinterpret_cast<WPARAM>(::GetDlgItem(box, FIELD_BUTTON)), TRUE);
+    };
+    const Step enter = Press(VK_RETURN);
+    const Step escape = Press(VK_ESCAPE);
+    const Act none;
     struct Row {
         const char* label;
         std::vector<Step> steps;
         INT_PTR result;
         const char* seen;
-        std::function<void(CFieldsDlg&)> init;
-        std::function<void(CFieldsDlg&)> act;
-        std::size_t boxes = 0;
+        Act init, act;
+        std::size_t boxes;
     };
     const Row rows[] = {
-        {"Enter", {Press(VK_RETURN)}, IDOK, "init ok gone ", {}, {}},
-        {"Escape", {Press(VK_ESCAPE)}, IDCANCEL, "init cancel gone ", {}, {}},
-        {"Alt+F4", {altF4}, IDCANCEL, "init cancel gone ", {}, {}},
-        {"the default button of the moment",
-         {Press(VK_TAB),
-          [](HWND box) {
-              EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), FIELD_NUMBER) << "Tab moves the focus";
-              ::SendMessageW(box, WM_NEXTDLGCTL,
-                             reinterpret_cast<WPARAM>(::GetDlgItem(box, FIELD_BUTTON)), TRUE);
-          },
-          Press(VK_RETURN), Press(VK_ESCAPE)},
-         IDCANCEL,
-         "init act cancel gone ",
-         {},
-         {}},
-        {"EndDialog", {act}, 7, "init act gone ", {}, [](CFieldsDlg& d) { d.EndDialog(7); }},
-        {"EndDialog while it is made",
-         {},
-         5,
-         "init gone ",
-         [](CFieldsDlg& d) { d.EndDialog(5); },
-         {}},
-        {"an exception while it is made", {}, -1, "init gone ", throwing, {}, 1},
-        {"an exception in a handler",
-         {act, Press(VK_ESCAPE)},
-         IDCANCEL,
-         "init act cancel gone ",
-         {},
-         throwing,
-         1},
-        {"an exception of another kind",
-         {act, Press(VK_ESCAPE)},
-         IDCANCEL,
-         "init act cancel gone ",
-         {},
-         [](CFieldsDlg&) { throw 5; },
-         1},
-        {"an exception that was shown",
-         {act, Press(VK_ESCAPE)},
-         IDCANCEL,
-         "init act cancel gone ",
-         {},
-         [](CFieldsDlg&) { AfxThrowUserException(); }},
-        {"the window destroyed",
-         {act},
-         -1,
-         "init act gone ",
-         {},
-         [](CFieldsDlg& d) { d.DestroyWindow(); }},
-        {"the owner destroyed",
-         {act},
-         -1,
-         "init act gone ",
-         {},
-         [](CFieldsDlg& d) { ::DestroyWindow(::GetWindow(d.m_hWnd, GW_OWNER)); }},
-        {"a second DoModal",
-         {act, Press(VK_ESCAPE)},
-         IDCANCEL,
-         "init act cancel gone ",
-         {},
-         [](CFieldsDlg& d) {
-             EXPECT_EQ(ErrorOf([&] { return d.DoModal() != -1; }), DWORD{ERROR_ALREADY_EXISTS});
-         }},
-        {"pre-translation",
-         {Press(VK_RETURN)},
-         8,
-         "init gone ",
-         [](CFieldsDlg& d) {
-             d.m_preTranslate = [&d](MSG* message) -> BOOL {
-                 if (message->message != WM_KEYDOWN)
-                     return FALSE;
-                 d.EndDialog(8);
-                 return TRUE;
-             };
-         },
-         {}},
-        {"an exception in pre-translation",
-         {Press(VK_RETURN), Press(VK_ESCAPE)},
-         IDCANCEL,
-         "init cancel gone ",
-         [](CFieldsDlg& d) {
-             d.m_preTranslate = [](MSG* message) -> BOOL {
-                 if (message->message == WM_KEYDOWN && message->wParam == VK_RETURN)
-                     AfxThrowMemoryException();
-                 return FALSE;
-             };
-         },
-         {},
-         1},
-        {"accelerators",
-         {PressWithCtrl('K'), PressWithCtrl('L'), Press(VK_ESCAPE)},
-         IDCANCEL,
-         "init command cancel gone ",
-         {},
-         {}},
+        {"Enter", Steps(enter), IDOK, "init ok gone ", none, none, 0},
+        {"Escape", Steps(escape), IDCANCEL, "init cancel gone ", none, none, 0},
+        {"Alt+F4", Steps(altF4), IDCANCEL, "init cancel gone ", none, none, 0},
+        {"the default button of the moment", Steps(Press(VK_TAB), toButton, enter, escape),
+         IDCANCEL, "init act cancel gone ", none, none, 0},
+        {"EndDialog", Steps(act), 7, "init act gone ", none, end, 0},
+        {"EndDialog while it is made", Steps(), 7, "init gone ", end, none, 0},
+        {"an exception while it is made", Steps(), -1, "init gone ", throwing, none, 1},
+        {"an exception in a handler", Steps(act, escape), IDCANCEL, "init act cancel gone ", none,
+         throwing, 1},
+        {"the window destroyed", Steps(act), -1, "init act gone ", none, destroy, 0},
+        {"the owner destroyed", Steps(act), -1, "init act gone ", none, destroyOwner, 0},
+        {"a second DoModal", Steps(act, escape), IDCANCEL, "init act cancel gone ", none, again, 0},
+        {"pre-translation", Steps(enter), 8, "init gone ", endByKey, none, 0},
+        {"an exception in pre-translation", Steps(enter, escape), IDCANCEL, "init cancel gone ",
+         throwOnEnter, none, 1},
+        {"accelerators", Steps(PressWithCtrl('K'), PressWithCtrl('L'), escape), IDCANCEL,
+         "init command cancel gone ", none, none, 0},
     };
     MessageBoxRecorder app;
     for (const Row& row : rows) {

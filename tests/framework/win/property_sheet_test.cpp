@@ -67,11 +67,6 @@ typedef DialogDriver::Step Step;
 Step Select(int page) {
     return [page](HWND box) { ::SendMessageW(box, PSM_SETCURSEL, static_cast<WPARAM>(page), 0); };
 }
-Step PressButton(int button) {
-    return [button](HWND box) {
-        ::SendMessageW(box, PSM_PRESSBUTTON, static_cast<WPARAM>(button), 0);
-    };
-}
 
 TEST(Sheet, CallsItsPagesInOrder) {
     const Step apply = [](HWND box) {
@@ -81,7 +76,9 @@ TEST(Sheet, CallsItsPagesInOrder) {
     };
     const Step ok = ClickOn(IDOK);
     const Step cancel = ClickOn(IDCANCEL);
+    const Step close = [](HWND box) { ::PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0); };
     const Step next = ClickOn(ID_WIZNEXT);
+    const Step finish = ClickOn(ID_WIZFINISH);
     struct Row {
         const char* label;
         bool wizard;
@@ -92,66 +89,25 @@ TEST(Sheet, CallsItsPagesInOrder) {
         std::size_t boxes = 0;
     };
     const Row rows[] = {
-        {"OK of the first page alone", false, "", {ok}, IDOK, "1init 1active 1kill 1apply 1ok "},
-        {"both pages",
-         false,
-         "",
-         {Select(1), ok},
-         IDOK,
-         "1init 1active 1kill 2init 2active 2kill 1apply 1ok 2apply 2ok "},
-        {"back to a page that was there",
-         false,
-         "",
-         {Select(1), Select(0), cancel},
-         IDCANCEL,
-         "1init 1active 1kill 2init 2active 2kill 1active 1query 1reset 1cancel 2reset 2cancel "},
-        {"Apply, then Escape",
-         false,
-         "",
-         {apply, Press(VK_ESCAPE)},
-         IDCANCEL,
-         "1init 1active 1kill 1apply 1ok 1active 1query 1reset 1cancel "},
-        {"a page that keeps the focus",
-         false,
-         "kill",
-         {Select(1), cancel},
-         IDCANCEL,
-         "1init 1active 1kill 1query 1reset 1cancel "},
-        {"a refused OK",
-         false,
-         "apply",
-         {ok, ok},
-         IDOK,
-         "1init 1active 1kill 1apply 1kill 1apply 1ok "},
-        {"a refused Cancel",
-         false,
-         "query",
-         {cancel, cancel},
-         IDCANCEL,
-         "1init 1active 1query 1query 1reset 1cancel "},
-        {"an exception refuses too",
-         false,
-         "!apply",
-         {ok, cancel},
-         IDCANCEL,
-         "1init 1active 1kill 1apply 1query 1reset 1cancel ",
-         1},
-        {"pressed by the program",
-         false,
-         "",
-         {PressButton(PSBTN_OK)},
-         IDOK,
+        {"OK of the first page alone", false, "", Steps(ok), IDOK,
          "1init 1active 1kill 1apply 1ok "},
-        {"closed by the system menu",
-         false,
-         "",
-         {[](HWND box) { ::PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0); }},
-         IDCANCEL,
+        {"both pages", false, "", Steps(Select(1), ok), IDOK,
+         "1init 1active 1kill 2init 2active 2kill 1apply 1ok 2apply 2ok "},
+        {"back to a page that was there", false, "", Steps(Select(1), Select(0), cancel), IDCANCEL,
+         "1init 1active 1kill 2init 2active 2kill 1active 1query 1reset 1cancel 2reset 2cancel "},
+        {"Apply, then Escape", false, "", Steps(apply, Press(VK_ESCAPE)), IDCANCEL,
+         "1init 1active 1kill 1apply 1ok 1active 1query 1reset 1cancel "},
+        {"a page that keeps the focus", false, "kill", Steps(Select(1), cancel), IDCANCEL,
+         "1init 1active 1kill 1query 1reset 1cancel "},
+        {"a refused OK", false, "apply", Steps(ok, ok), IDOK,
+         "1init 1active 1kill 1apply 1kill 1apply 1ok "},
+        {"a refused Cancel", false, "query", Steps(cancel, cancel), IDCANCEL,
+         "1init 1active 1query 1query 1reset 1cancel "},
+        {"an exception refuses too", false, "!apply", Steps(ok, cancel), IDCANCEL,
+         "1init 1active 1kill 1apply 1query 1reset 1cancel ", 1},
+        {"closed by the system menu", false, "", Steps(close), IDCANCEL,
          "1init 1active 1query 1reset 1cancel "},
-        {"a wizard",
-         true,
-         "next",
-         {next, next, ClickOn(ID_WIZBACK), next, ClickOn(ID_WIZFINISH)},
+        {"a wizard", true, "next", Steps(next, next, ClickOn(ID_WIZBACK), next, finish),
          ID_WIZFINISH,
          "1init 1active 1next 1next 1kill 2init 2active 2back 2kill 1active 1next 1kill 2active "
          "2finish "},

@@ -48,6 +48,12 @@ private:
     UINT_PTR m_timer;
 };
 
+// The steps of a row in a table.
+template <class... Step>
+std::vector<DialogDriver::Step> Steps(Step... steps) {
+    return {std::move(steps)...};
+}
+
 // The window of a dialog that gets its keys.
 inline HWND KeyboardOf(HWND box) {
     const HWND focus = ::GetFocus();
