@@ -11,7 +11,7 @@
 #include <quorvel/framework/win/wait_cursor.h>
 
 #include "controls/virtual_rows.h"
-#include "controls/win/copy_text.h"
+#include "util/clipboard/win/opened_clipboard.h"
 
 #include <algorithm>
 #include <utility>
@@ -445,7 +445,9 @@ void CVirtualListCtrl::CopySelectedRows() {
         columns.push_back(GetLeftToRightTrueColumn(position));
     if (columns.empty()) // not a report
         columns.push_back(0);
-    quorvel::CopyTextToClipboard(m_hWnd, m_rows->GetSelectedText(columns));
+    const CString text = m_rows->GetSelectedText(columns);
+    quorvel::PlaceOnClipboard(m_hWnd, CF_UNICODETEXT, text.GetString(),
+                              (static_cast<SIZE_T>(text.GetLength()) + 1) * sizeof(WCHAR));
 }
 
 // The platform's messages about the number of rows, which it would change without the rows.
