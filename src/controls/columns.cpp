@@ -1,6 +1,6 @@
 #include "controls/columns.h"
 
-#include "res/resource_ids.h"
+#include <quorvel/res/resource_ids.h>
 
 #include <algorithm>
 

@@ -2,10 +2,10 @@
 
 #include <quorvel/controls/win/vask_list_ctrl.h>
 #include <quorvel/res/message_ids.h>
+#include <quorvel/res/resource_ids.h>
 
 #include "controls/columns_dialog_list.h"
 #include "controls/win/report_columns.h"
-#include "res/resource_ids.h"
 
 IMPLEMENT_DYNAMIC(CColumnsDlg, CVaskDialog)
 

@@ -1,8 +1,9 @@
 #include <quorvel/controls/win/vask_dialog.h>
 
+#include <quorvel/res/resource_ids.h>
+
 #include "controls/win/field_validation.h"
 #include "frame/win/help_target.h"
-#include "res/resource_ids.h"
 
 using quorvel::FieldValidation;
 using quorvel::StateControls;

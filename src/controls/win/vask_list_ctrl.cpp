@@ -1,9 +1,9 @@
 #include <quorvel/controls/win/vask_list_ctrl.h>
 
 #include <quorvel/controls/win/columns_dlg.h>
+#include <quorvel/res/resource_ids.h>
 
 #include "controls/win/report_columns.h"
-#include "res/resource_ids.h"
 
 #include <utility>
 

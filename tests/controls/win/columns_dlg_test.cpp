@@ -2,9 +2,9 @@
 #include <quorvel/controls/win/columns_dlg.h>
 #include <quorvel/controls/win/vask_list_ctrl.h>
 #include <quorvel/res/message_ids.h>
+#include <quorvel/res/resource_ids.h>
 
 #include "controls/win/list_window.h"
-#include "res/resource_ids.h"
 #include "support/german_texts.h"
 #include "support/win/dialog_driver.h"
 

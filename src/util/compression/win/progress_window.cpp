@@ -8,8 +8,7 @@
 #include <quorvel/frame/module.h>
 #include <quorvel/framework/app.h>
 #include <quorvel/framework/wnd.h>
-
-#include "res/resource_ids.h"
+#include <quorvel/res/resource_ids.h>
 
 namespace quorvel {
 

@@ -1,5 +1,9 @@
-// The ids of the dialogs, menus, controls and commands, for the resource compiler too. Those of a
-// published dialog or command are a contract with hosts and translators: never renumber.
+// The ids of the dialogs, menus, controls and commands.
+//
+// Resource scripts and sources include it. A host uses the ids to show a menu of the library, to
+// find a control of a dialog that it derives from, and to place the two buttons in a template of
+// its own; a language library has the same dialogs and menus under the same ids. Ids are a
+// published contract: they are never renumbered or reused.
 #pragma once
 
 // The progress box.
