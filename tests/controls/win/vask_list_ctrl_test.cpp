@@ -199,43 +199,28 @@ TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
     };
     const struct {
         const char* label;
-        std::function<void()> act;
+        int clicked;
+        bool isBlocked, sorts;
         const char* seen;
         const char* columns;
     } rows[] = {
-        {"first click", [&] { click(1); }, "2 up;", "1:60 2:70^ | 0:50"},
-        {"again", [&] { click(1); }, "2 down;", "1:60 2:70v | 0:50"},
-        {"another column", [&] { click(0); }, "1 up;", "1:60^ 2:70 | 0:50"},
-        {"right button", [&] { notify(0, 1); }, "", "1:60^ 2:70 | 0:50"},
-        {"no column",
-         [&] {
-             notify(-1, 0);
-             notify(9, 0);
-         },
-         "", "1:60^ 2:70 | 0:50"},
-        {"blocked",
-         [&] {
-             list.BlockHeaderSort();
-             click(0);
-         },
-         "", "1:60^ 2:70 | 0:50"},
-        {"free again",
-         [&] {
-             list.BlockHeaderSort(FALSE);
-             click(0);
-         },
-         "1 down;", "1:60v 2:70 | 0:50"},
-        {"not sorted",
-         [&] {
-             list.m_sorts = FALSE;
-             click(1);
-         },
-         "2 up;", "1:60v 2:70 | 0:50"},
+        {"first click", 1, false, true, "2 up;", "1:60 2:70^ | 0:50"},
+        {"again", 1, false, true, "2 down;", "1:60 2:70v | 0:50"},
+        {"another column", 0, false, true, "1 up;", "1:60^ 2:70 | 0:50"},
+        {"blocked", 0, true, true, "", "1:60^ 2:70 | 0:50"},
+        {"free again", 0, false, true, "1 down;", "1:60v 2:70 | 0:50"},
+        {"not sorted", 1, false, false, "2 up;", "1:60v 2:70 | 0:50"},
     };
     for (const auto& row : rows) {
-        row.act();
+        list.BlockHeaderSort(row.isBlocked);
+        list.m_sorts = row.sorts;
+        click(row.clicked);
         EXPECT_EQ(list.TakeSeen(), row.seen) << row.label;
         EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
+    }
+    for (const auto& [inserted, button] : {std::pair(0, 1), {-1, 0}, {9, 0}}) {
+        notify(inserted, button);
+        EXPECT_EQ(list.TakeSeen(), "") << "button " << button << " on " << inserted;
     }
 }
 
