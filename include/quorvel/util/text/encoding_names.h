@@ -7,7 +7,7 @@
 //
 // A name that is known is not yet a page that can be converted. MultiByteToWideChar refuses
 // - on every system UTF-16 and UTF-32 (1200, 1201, 12000, 12001), which are no multi-byte pages;
-// - on Linux also Johab (1361), the Chinese pages 20000 to 20005, the national variants of ASCII
+// - on Linux also the Chinese pages 20000 to 20005, the national variants of ASCII
 //   (20105 to 20108), T.61 (20261), ISO 6937 (20269), "x-europa" (29001) and the EBCDIC pages
 //   20423, 20833, 20880, 20905 and 50931;
 // - on Windows those that are not installed.

@@ -82,12 +82,13 @@ WCHAR Glyph(WCHAR unit) {
 }
 
 // Writes the unit as the flags ask for it: as a glyph, or as base letter and accents.
-bool PutShaped(WCHAR unit, DWORD flags, WideOutput& output) {
-    if ((flags & MB_USEGLYPHCHARS) != 0)
+bool PutShaped(const CodePageTable& table, WCHAR unit, DWORD flags, WideOutput& output) {
+    if ((flags & MB_USEGLYPHCHARS) != 0 && table.HasGlyph(unit))
         unit = Glyph(unit);
     UChar parts[8] = {unit};
     int count = 1;
-    if ((flags & MB_COMPOSITE) != 0 && unit >= 0x80) {
+    const bool isSyllable = unit >= 0xac00 && unit <= 0xd7a3; // of Hangul: never taken apart
+    if ((flags & MB_COMPOSITE) != 0 && unit >= 0x80 && !isSyllable) {
         UErrorCode error = U_ZERO_ERROR;
         const UNormalizer2* decomposer = unorm2_getNFDInstance(&error);
         count = unorm2_normalize(decomposer, &unit, 1, parts, static_cast<int>(std::size(parts)),
@@ -109,7 +110,7 @@ DWORD DecodeWithTable(const CodePageTable& table, DWORD flags, Bytes bytes, Wide
     const DWORD error = table.Decode(bytes, strict, plain);
     units.resize(plain.Count());
     for (const WCHAR unit : units) {
-        if (!PutShaped(unit, flags, output))
+        if (!PutShaped(table, unit, flags, output))
             return ERROR_INSUFFICIENT_BUFFER;
     }
     return error;

@@ -1,6 +1,7 @@
 #include "platform/linux/text/code_page_table.h"
 
 #include "platform/linux/text/converter.h"
+#include "platform/linux/text/johab.h"
 
 #include <algorithm>
 #include <atomic>
@@ -19,6 +20,9 @@ enum CodePageForm : BYTE {
     kNoPrivateUse = 2, // the converter's private-use characters are not the platform's
     kFullWidth = 4,    // the full-width forms of ASCII fit their narrow ones
     kMiddleDot = 8,    // what is not assigned is read as U+30FB and not as a question mark
+    kGlyphs = 16,      // has glyphs for control characters
+    kDeleteGlyph = 32, // has a glyph for 7F alone
+    kJohab = 64,       // has the converter's characters at the codes of code page 1361
 };
 
 struct CodePageRow {
@@ -82,6 +86,10 @@ void CollectBestFits(const CodePageRow& page, std::map<WCHAR, WCHAR>& fits) {
 
 } // namespace
 
+bool CodePageTable::HasGlyph(WCHAR unit) const {
+    return (m_page.form & kGlyphs) != 0 || (unit == 0x7f && (m_page.form & kDeleteGlyph) != 0);
+}
+
 bool CodePageTable::IsListed(UINT codePage) {
     return FindRow(codePage) != nullptr;
 }
@@ -123,24 +131,35 @@ bool CodePageTable::ReadConverter() {
     Converter converter(m_page.converter);
     if (!converter.IsOpen())
         return false;
+    const bool isJohab = (m_page.form & kJohab) != 0;
     for (unsigned byte = 0; byte < 0x100; ++byte) {
         const BYTE code = static_cast<BYTE>(byte);
         const Converter::Single single = converter.DecodeSingle({&code, 1});
-        m_singles[byte] = single.isCut ? kLead : single.isFound ? single.unit : kNone;
+        const bool isLead = isJohab ? IsJohabLead(code) : single.isCut;
+        m_singles[byte] = isLead ? kLead : single.isFound && !isJohab ? single.unit : kNone;
         if (byte < 0x80 && (m_page.form & kEbcdic) == 0)
             m_singles[byte] = static_cast<WCHAR>(byte);
         if (m_singles[byte] != kLead)
             continue;
         MakeLead(code);
         for (unsigned trail = 0; trail < 0x100; ++trail) {
-            const BYTE pair[] = {code, static_cast<BYTE>(trail)};
-            const Converter::Single found = converter.DecodeSingle(pair);
-            const bool isKept =
-                found.isFound && !((m_page.form & kNoPrivateUse) != 0 && IsPrivateUse(found.unit));
-            m_rows[m_rowOf[byte]][trail] = isKept ? found.unit : kNone;
+            m_rows[m_rowOf[byte]][trail] = ReadPair(converter, code, static_cast<BYTE>(trail));
         }
     }
     return true;
+}
+
+WCHAR CodePageTable::ReadPair(Converter& converter, BYTE lead, BYTE trail) const {
+    WORD code = MAKEWORD(trail, lead);
+    if ((m_page.form & kJohab) != 0) {
+        if (const WCHAR unit = JohabUnit(lead, trail))
+            return unit;
+        code = JohabTo949(lead, trail);
+    }
+    const BYTE pair[] = {HIBYTE(code), LOBYTE(code)};
+    const Converter::Single found = converter.DecodeSingle(pair);
+    const bool isLeftOut = (m_page.form & kNoPrivateUse) != 0 && IsPrivateUse(found.unit);
+    return found.isFound && !isLeftOut ? found.unit : kNone;
 }
 
 void CodePageTable::MakeLead(BYTE byte) {
@@ -221,7 +240,7 @@ bool CodePageTable::DecodeOne(Bytes bytes, std::size_t& position, WCHAR& unit) c
     const BYTE byte = bytes[position++];
     unit = m_singles[byte];
     if (unit != kLead && unit != kNone)
-        return !IsPrivateUse(unit);
+        return !IsPrivateUse(unit) && (unit != m_defaultUnit || byte == m_defaultByte);
     // A lead byte at the end stands alone, and no terminator is taken for a trail byte.
     if (unit == kLead && position < bytes.size() && bytes[position] != 0)
         unit = m_rows[m_rowOf[byte]][bytes[position++]];

@@ -13,6 +13,7 @@
 
 namespace quorvel {
 
+class Converter;
 struct CodePageRow;
 
 class CodePageTable {
@@ -23,6 +24,8 @@ public:
     static const CodePageTable* Find(UINT codePage);
 
     bool IsDoubleByte() const { return m_rows.size() > 1; }
+    // MB_USEGLYPHCHARS: whether the page shows a glyph for that control character.
+    bool HasGlyph(WCHAR unit) const;
     BYTE DefaultByte() const { return m_defaultByte; } // the question mark
 
     DWORD Decode(Bytes bytes, bool strict, WideOutput& output) const;
@@ -40,6 +43,7 @@ private:
     explicit CodePageTable(const CodePageRow& page) : m_page(page) {}
     bool Build();
     bool ReadConverter();
+    WCHAR ReadPair(Converter& converter, BYTE lead, BYTE trail) const;
     void MakeLead(BYTE byte);
     void ApplyDifferences();
     void BuildCodes();

@@ -18,7 +18,8 @@ constexpr std::uint32_t kLastGeneration = 0xffffffff;
 using Table = SlotTable<std::shared_ptr<HandleObject>, kLastGeneration>;
 
 HANDLE HandleOf(Table::Key key) {
-    return reinterpret_cast<HANDLE>((UINT_PTR{key.generation} << kIndexBits | (key.index + 1)) << 2);
+    return reinterpret_cast<HANDLE>((UINT_PTR{key.generation} << kIndexBits | (key.index + 1))
+                                    << 2);
 }
 
 Table::Key KeyOf(HANDLE handle) { // of no slot for 0
@@ -68,7 +69,7 @@ namespace quorvel::win32 {
 
 BOOL CloseHandle(HANDLE handle) {
     if (handle == GetCurrentProcess())
-        return TRUE; // a pseudo handle: nothing to close
+        return TRUE;                      // a pseudo handle: nothing to close
     std::shared_ptr<HandleObject> object; // destroyed outside the lock: that may take its time
     {
         const std::lock_guard lock(All().mutex);
