@@ -6,6 +6,7 @@
 #include "framework/common_controls.h"
 #include "framework/handle_map.h"
 #include "framework/handler_exception.h"
+#include "framework/system_changes.h"
 #include "platform/win32.h"
 
 #include <utility>
@@ -253,7 +254,11 @@ LRESULT CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     const CurrentMessage current({message, wParam, lParam});
     const HWND window = m_hWnd;
     try {
-        return WindowProc(message, wParam, lParam);
+        const LRESULT result = WindowProc(message, wParam, lParam);
+#if defined(_WIN32)
+        quorvel::PassOnChange(window, message, wParam, lParam);
+#endif
+        return result;
     } catch (...) {
         MSG failed = {};
         failed.hwnd = window;

@@ -1,12 +1,12 @@
-// CWnd: a window and the object that stands for it, and the message maps that lead its messages to
-// members.
+// CWnd: a window, the object that stands for it, and the maps that lead its messages to members.
 //
 // An object is used on the thread that created its window. Each thread has a map from windows to
 // their objects: permanent ones, which were attached or created their window, and temporary ones,
 // which FromHandle makes for any other window and which last until that window is gone; they are
 // used at once and not stored.
 //
-// What needs a screen (size, focus, painting, controls, modal loops) exists on Windows only.
+// What needs a screen exists on Windows only. There a top-level window passes WM_SYSCOLORCHANGE and
+// WM_SETTINGCHANGE on to all its descendants, after its own handler.
 #pragma once
 
 #include <quorvel/framework/object.h>

@@ -6,6 +6,7 @@
 #include <quorvel/framework/win/menu.h>
 #include <quorvel/framework/wnd.h>
 
+#include "framework/system_changes.h"
 #include "framework/win/child_windows.h"
 
 #include <shellapi.h>
@@ -46,6 +47,13 @@ void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, 
             FromHandle(child)->SendMessageToDescendants(message, wParam, lParam, deep,
                                                         onlyPermanent);
     }
+}
+
+// Controls keep colours and sizes, but the system notifies top-level windows only.
+void quorvel::PassOnChange(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if ((message == WM_SYSCOLORCHANGE || message == WM_SETTINGCHANGE) && ::IsWindow(window) &&
+        (::GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) == 0)
+        CWnd::FromHandle(window)->SendMessageToDescendants(message, wParam, lParam, TRUE, FALSE);
 }
 
 CWnd* CWnd::GetTopLevelParent() const {
