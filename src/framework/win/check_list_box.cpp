@@ -2,6 +2,9 @@
 
 #include <quorvel/framework/win/message_map.h>
 
+#include <uxtheme.h>
+#include <vssym32.h>
+
 #include <algorithm>
 #include <cstddef>
 
@@ -18,6 +21,42 @@ END_MESSAGE_MAP()
 
 CCheckListBox::CCheckListBox() = default;
 
+namespace {
+
+class ButtonTheme {
+public:
+    // Null where the control itself is not drawn by a theme.
+    explicit ButtonTheme(HWND control)
+        : m_theme(::GetWindowTheme(control) != nullptr ? ::OpenThemeData(nullptr, L"BUTTON")
+                                                       : nullptr) {}
+    ButtonTheme(const ButtonTheme&) = delete;
+    ~ButtonTheme() {
+        if (m_theme != nullptr)
+            ::CloseThemeData(m_theme);
+    }
+    explicit operator bool() const { return m_theme != nullptr; }
+
+    // Draws a check box in the middle of a rectangle.
+    void DrawCheckBox(HDC dc, const CRect& place, int check, bool enabled) const {
+        constexpr int kStatesOfACheck = CBS_CHECKEDNORMAL - CBS_UNCHECKEDNORMAL;
+        const int state =
+            (enabled ? CBS_UNCHECKEDNORMAL : CBS_UNCHECKEDDISABLED) + kStatesOfACheck * check;
+        SIZE size = {place.Width(), place.Height()};
+        ::GetThemePartSize(m_theme, dc, BP_CHECKBOX, state, nullptr, TS_DRAW, &size);
+        size.cx = std::min<LONG>(size.cx, place.Width());
+        size.cy = std::min<LONG>(size.cy, place.Height());
+        const LONG left = place.left + (place.Width() - size.cx) / 2;
+        const LONG top = place.top + (place.Height() - size.cy) / 2;
+        const CRect box(left, top, left + size.cx, top + size.cy);
+        ::DrawThemeBackground(m_theme, dc, BP_CHECKBOX, state, box, nullptr);
+    }
+
+private:
+    const HTHEME m_theme;
+};
+
+} // namespace
+
 BOOL CCheckListBox::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
     return CListBox::Create(style | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS, rect, parent, id);
 }
@@ -25,6 +64,14 @@ BOOL CCheckListBox::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id)
 void CCheckListBox::PreSubclassWindow() {
     CListBox::PreSubclassWindow();
     m_rows.assign(static_cast<std::size_t>(std::max(GetCount(), 0)), Row());
+    FollowFont();
+}
+
+// The system asks for the height of the rows once, as the control is created: before it has its
+// dialog's font, and before it is subclassed.
+void CCheckListBox::FollowFont() {
+    if ((GetStyle() & LBS_OWNERDRAWFIXED) != 0)
+        SetItemHeight(0, static_cast<UINT>(HeightOfRow()));
 }
 
 // The rows' checks follow what any caller does to the rows.
@@ -42,6 +89,9 @@ LRESULT CCheckListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     case LB_RESETCONTENT:
         m_rows.clear();
+        break;
+    case WM_SETFONT:
+        FollowFont();
         break;
     default:
         break;
@@ -91,14 +141,30 @@ int CCheckListBox::BoxWidth() const {
     return GetItemHeight(0);
 }
 
-void CCheckListBox::MeasureItem(MEASUREITEMSTRUCT* item) {
+// With room for a box around the text's height.
+int CCheckListBox::HeightOfRow() {
     CClientDC dc(this);
     CFont* const former = dc.SelectObject(GetFont());
     TEXTMETRICW metrics = {};
     dc.GetTextMetrics(&metrics);
     if (former != nullptr)
         dc.SelectObject(former);
-    item->itemHeight = static_cast<UINT>(metrics.tmHeight + metrics.tmExternalLeading + 1);
+    return static_cast<int>(metrics.tmHeight * 5 / 4 + metrics.tmExternalLeading);
+}
+
+void CCheckListBox::MeasureItem(MEASUREITEMSTRUCT* item) {
+    item->itemHeight = static_cast<UINT>(HeightOfRow());
+}
+
+void CCheckListBox::DrawBox(CDC& dc, CRect box, int check, bool enabled) {
+    if (const ButtonTheme theme(m_hWnd); theme) {
+        theme.DrawCheckBox(dc, box, check, enabled);
+        return;
+    }
+    const UINT state = check == BST_INDETERMINATE ? UINT{DFCS_BUTTON3STATE | DFCS_CHECKED}
+                       : check == BST_CHECKED     ? UINT{DFCS_BUTTONCHECK | DFCS_CHECKED}
+                                                  : UINT{DFCS_BUTTONCHECK};
+    dc.DrawFrameControl(box, DFC_BUTTON, enabled ? state : state | DFCS_INACTIVE);
 }
 
 void CCheckListBox::DrawItem(DRAWITEMSTRUCT* item) {
@@ -117,10 +183,7 @@ void CCheckListBox::DrawItem(DRAWITEMSTRUCT* item) {
     CRect box(whole.left, whole.top, whole.left + width, whole.bottom);
     dc->FillSolidRect(box, ::GetSysColor(COLOR_WINDOW));
     ::InflateRect(box, -1, -1);
-    const UINT state = row->check == BST_INDETERMINATE ? UINT{DFCS_BUTTON3STATE | DFCS_CHECKED}
-                       : row->check == BST_CHECKED     ? UINT{DFCS_BUTTONCHECK | DFCS_CHECKED}
-                                                       : UINT{DFCS_BUTTONCHECK};
-    dc->DrawFrameControl(box, DFC_BUTTON, enabled ? state : state | DFCS_INACTIVE);
+    DrawBox(*dc, box, row->check, enabled);
 
     CRect label(whole.left + width, whole.top, whole.right, whole.bottom);
     dc->FillSolidRect(label, ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));

@@ -55,6 +55,9 @@ private:
     Row* Find(int row);
     const Row* Find(int row) const { return const_cast<CCheckListBox*>(this)->Find(row); }
     int BoxWidth() const;
+    int HeightOfRow();
+    void FollowFont();
+    void DrawBox(CDC& dc, CRect box, int check, bool enabled);
     bool ToggleAt(CPoint point);
     void Toggle(int row);
     void InvalidateRow(int row);
