@@ -20,6 +20,24 @@ CVaskWizard::CVaskWizard(UINT captionTextId, CWnd* parent, UINT firstPage)
 
 CVaskWizard::~CVaskWizard() = default;
 
+INT_PTR CVaskWizard::DoModal() {
+    ShowHeaders();
+    return CVaskPropertySheet::DoModal();
+}
+
+BOOL CVaskWizard::Create(CWnd* parent) {
+    ShowHeaders();
+    return CVaskPropertySheet::Create(parent);
+}
+
+// Another style that the host chose stays.
+void CVaskWizard::ShowHeaders() {
+    for (int i = 0; i < GetPageCount(); ++i) {
+        if ((m_psh.dwFlags & PSH_WIZARD) != 0 && !GetPage(i)->m_strHeaderTitle.IsEmpty())
+            m_psh.dwFlags = (m_psh.dwFlags & ~DWORD{PSH_WIZARD}) | PSH_WIZARD97 | PSH_HEADER;
+    }
+}
+
 BOOL CVaskWizard::SetWizardName(const WCHAR* name) {
     return m_texts->SetName(name);
 }

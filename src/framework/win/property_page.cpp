@@ -16,6 +16,22 @@ void LoadWhenGiven(CString& text, UINT id) {
         text.LoadString(id);
 }
 
+// A title follows the menu and the class, each of them a text or 0xffff and a number.
+bool HasTitle(const DLGTEMPLATE& dialog) {
+    constexpr std::size_t kSizeOfExtendedHeader = 26;
+    const WORD* const start = reinterpret_cast<const WORD*>(&dialog);
+    const bool isExtended = start[0] == 1 && start[1] == 0xffff;
+    const WORD* at = start + (isExtended ? kSizeOfExtendedHeader : sizeof dialog) / sizeof(WORD);
+    for (int i = 0; i < 2; ++i) {
+        if (*at == 0xffff)
+            at += 2;
+        else
+            while (*at++ != 0)
+                continue;
+    }
+    return *at != 0;
+}
+
 } // namespace
 
 CPropertyPage::CPropertyPage(UINT templateId, UINT captionId, UINT headerTitleId,
@@ -33,7 +49,7 @@ CPropertyPage::CPropertyPage(const WCHAR* templateName, UINT captionId)
 
 CPropertyPage::~CPropertyPage() = default;
 
-BOOL CPropertyPage::Prepare(PROPSHEETPAGEW& record, bool withHeader) {
+BOOL CPropertyPage::Prepare(PROPSHEETPAGEW& record, const WCHAR* wizardTitle, bool withHeader) {
     const quorvel::DialogTemplate found = quorvel::FindDialogTemplate(m_lpszTemplateName);
     if (found.dialog == nullptr)
         return FALSE;
@@ -47,6 +63,9 @@ BOOL CPropertyPage::Prepare(PROPSHEETPAGEW& record, bool withHeader) {
     if (!m_strCaption.IsEmpty()) {
         record.dwFlags |= PSP_USETITLE;
         record.pszTitle = m_strCaption;
+    } else if (wizardTitle != nullptr && !HasTitle(*found.dialog)) {
+        record.dwFlags |= PSP_USETITLE;
+        record.pszTitle = wizardTitle;
     }
     if (withHeader && m_strHeaderTitle.IsEmpty())
         record.dwFlags |= PSP_HIDEHEADER;

@@ -88,7 +88,8 @@ BOOL CPropertySheet::CreateSheet(HWND owner) {
 
 HPROPSHEETPAGE CPropertySheet::MakePage(CPropertyPage& page) const {
     PROPSHEETPAGEW record = {};
-    return page.Prepare(record, (m_psh.dwFlags & PSH_WIZARD97) != 0)
+    return page.Prepare(record, IsWizard() ? m_caption.GetString() : nullptr,
+                        (m_psh.dwFlags & PSH_WIZARD97) != 0)
                ? ::CreatePropertySheetPageW(&record)
                : nullptr;
 }

@@ -1,9 +1,12 @@
 // The edit that completes what was typed before, bound to the platform's auto-completion.
 #include <quorvel/controls/win/auto_complete_edit.h>
+#include <quorvel/controls/win/vask_dialog.h>
+#include <quorvel/framework/win/data_exchange.h>
 
+#include "controls/win/dialog_ids.h"
 #include "support/registry.h"
 #include "support/test.h"
-#include "support/window_driver.h"
+#include "support/win/dialog_driver.h"
 
 namespace {
 
@@ -66,6 +69,83 @@ TEST_F(AutoCompleteEdit, KeepsItsTextsAtAPath) {
     EXPECT_TRUE(other.RemoveMRUListEntry(_T("typed")));
     EXPECT_TRUE(other.RemoveMRUListEntry(_T("older")));
     EXPECT_FALSE(other.RemoveMRUListEntry(_T("older")));
+}
+
+class CServerDlg : public CVaskDialog {
+public:
+    CServerDlg() : CVaskDialog(DIALOG_NAME) {}
+
+protected:
+    void DoDataExchange(CDataExchange* exchange) override {
+        CVaskDialog::DoDataExchange(exchange);
+        DDX_Control(exchange, FIELD_NAME, m_server);
+    }
+    BOOL LoadData() override {
+        for (const WCHAR* const text : {_T("other"), _T("files.org"), _T("files.com")})
+            m_server.AddMRUListEntry(text);
+        return TRUE;
+    }
+
+private:
+    CAutoCompleteEdit m_server;
+};
+
+// The text of the field, and the count of rows of the drop-down when that shows.
+std::string StateOf(HWND box) {
+    static int s_rows;
+    s_rows = -1;
+    const auto find = [](HWND window, LPARAM) CALLBACK -> BOOL {
+        const HWND list = ::FindWindowExW(window, nullptr, L"ListBox", nullptr);
+        if (list != nullptr && ::IsWindowVisible(window))
+            s_rows = static_cast<int>(::SendMessageW(list, LB_GETCOUNT, 0, 0));
+        return TRUE;
+    };
+    ::EnumThreadWindows(::GetCurrentThreadId(), find, 0);
+    const CString text = TextOf(::GetDlgItem(box, FIELD_NAME));
+    const std::string state = Printable(text.GetString(), text.GetLength());
+    return s_rows < 0 ? state : state + " " + std::to_string(s_rows);
+}
+
+TEST_F(AutoCompleteEdit, ClosesItsDropDownBeforeItsDialog) {
+    const auto type = [](char letter) {
+        return [letter](HWND box) {
+            ::PostMessageW(KeyboardOf(box), WM_CHAR, static_cast<WPARAM>(letter), 1);
+        };
+    };
+    const struct {
+        const char* label;
+        std::vector<DialogDriver::Step> keys;
+        std::vector<const char*> states; // after each key but the last
+        INT_PTR result;
+    } rows[] = {
+        {"escape", {type('f'), Press(VK_ESCAPE), Press(VK_ESCAPE)}, {"f 2", "f"}, IDCANCEL},
+        {"enter",
+         {type('f'), Press(VK_DOWN), Press(VK_RETURN), Press(VK_RETURN)},
+         {"f 2", "files.com 2", "files.com"},
+         IDOK},
+        {"down shows all",
+         {Press(VK_DOWN), Press(VK_DOWN), Press(VK_UP), Press(VK_ESCAPE), Press(VK_RETURN)},
+         {" 3", "files.com 3", " 3", ""},
+         IDOK},
+        {"delete",
+         {type('f'), Press(VK_HOME), Press(VK_DELETE), Press(VK_RETURN)},
+         {"f 2", "f 2", ""},
+         IDOK},
+    };
+    for (const auto& row : rows) {
+        CServerDlg dialog;
+        std::vector<DialogDriver::Step> steps;
+        std::vector<std::string> states;
+        for (const DialogDriver::Step& key : row.keys) {
+            if (!steps.empty())
+                steps.push_back([&](HWND box) { states.push_back(StateOf(box)); });
+            steps.push_back(key);
+        }
+        DialogDriver driver(std::move(steps));
+        EXPECT_EQ(dialog.DoModal(), row.result) << row.label;
+        EXPECT_EQ(states, std::vector<std::string>(row.states.begin(), row.states.end()))
+            << row.label;
+    }
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #define PAGE_FIRST 102
 #define PAGE_SECOND 103
 #define PAGE_THIRD 104
+#define PAGE_UNTITLED 105
 
 #define FIELD_NAME 110
 #define FIELD_NOTE 111

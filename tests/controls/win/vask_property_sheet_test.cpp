@@ -4,8 +4,12 @@
 #include <quorvel/controls/win/vask_wizard_page.h>
 
 #include "controls/win/dialog_ids.h"
+#include "support/german_texts.h"
 #include "support/test.h"
 #include "support/win/dialog_driver.h"
+
+#include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -78,6 +82,81 @@ TEST(VaskWizard, GoesOnWhenItsPagesAcceptAndAlwaysBack) {
          press(PSBTN_FINISH)});
     EXPECT_EQ(wizard.DoModal(), ID_WIZFINISH);
     EXPECT_EQ(second.m_seen, "load validate validate save ");
+}
+
+// The texts of the sheet's own buttons, in the order of their ids.
+std::vector<CString> ButtonsOf(HWND sheet) {
+    std::vector<CString> texts;
+    for (const int id : {IDOK, IDCANCEL, IDHELP, 0x3021, ID_WIZBACK, ID_WIZNEXT, ID_WIZFINISH}) {
+        if (const HWND button = ::GetDlgItem(sheet, id))
+            texts.push_back(TextOf(button));
+    }
+    return texts;
+}
+
+TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
+    const struct {
+        bool isGerman;
+        std::vector<CString> sheet, wizard;
+    } rows[] = {
+        {false,
+         {_T("OK"), _T("Cancel"), _T("Help"), _T("&Apply")},
+         {_T("Cancel"), _T("< &Back"), _T("&Next >"), _T("&Finish")}},
+        {true,
+         {_T("OK"), _T("Abbrechen"), _T("Hilfe"), _T("Ü&bernehmen")},
+         {_T("Abbrechen"), _T("< &Zurück"), _T("&Weiter >"), _T("&Fertig stellen")}},
+    };
+    for (const auto& row : rows) {
+        std::optional<GermanTexts> german;
+        if (row.isGerman)
+            german.emplace();
+        std::vector<CString> buttons;
+        const auto close = [&](HWND box) {
+            buttons = ButtonsOf(box);
+            ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+        };
+        CVaskPropertySheet sheet(_T("Options"));
+        Page<CVaskPropertyPage> page(PAGE_FIRST);
+        page.m_psp.dwFlags |= PSP_HASHELP;
+        sheet.m_psh.dwFlags |= PSH_HASHELP;
+        sheet.AddPage(&page);
+        {
+            DialogDriver driver({close});
+            EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+        }
+        EXPECT_EQ(buttons, row.sheet);
+        CVaskWizard wizard(_T("Wizard"));
+        Page<CVaskWizardPage> only(PAGE_FIRST);
+        wizard.AddPage(&only);
+        DialogDriver driver({close});
+        EXPECT_EQ(wizard.DoModal(), IDCANCEL);
+        buttons.erase(std::remove(buttons.begin(), buttons.end(), _T("Help")), buttons.end());
+        EXPECT_EQ(buttons, row.wizard);
+    }
+}
+
+TEST(VaskWizard, ShowsItsPagesTitles) {
+    CVaskWizard wizard(_T("Import"));
+    Page<CVaskWizardPage> untitled(PAGE_UNTITLED), second(PAGE_SECOND), third(PAGE_THIRD);
+    EXPECT_FALSE(second.SetHeaderTitle(nullptr));
+    EXPECT_TRUE(second.SetHeaderTitle(_T("Source")));
+    EXPECT_TRUE(second.SetHeaderSubTitle(_T("Where from?")));
+    third.m_strCaption = _T("Ready");
+    for (CVaskWizardPage* const page : {&untitled, &second, &third})
+        wizard.AddPage(page);
+    std::vector<CString> titles;
+    std::vector<int> tops; // of the pages: a header is above
+    const auto note = [&](HWND box) {
+        titles.push_back(TextOf(box));
+        tops.push_back(static_cast<int>(PlaceOf(wizard.GetActivePage()->m_hWnd).top));
+    };
+    const auto next = [&](HWND) { wizard.PressButton(PSBTN_NEXT); };
+    DialogDriver driver({note, next, note, next, note, Press(VK_ESCAPE)});
+    EXPECT_EQ(wizard.DoModal(), IDCANCEL);
+    EXPECT_EQ(titles, (std::vector<CString>{_T("Import"), _T("Second"), _T("Ready")}));
+    ASSERT_EQ(tops.size(), 3u);
+    EXPECT_EQ(tops[0], tops[2]);
+    EXPECT_GT(tops[1], tops[0]);
 }
 
 TEST(VaskWizard, KeepsEvents) {

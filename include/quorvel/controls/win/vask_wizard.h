@@ -1,5 +1,8 @@
 // CVaskWizard: a wizard with a name and a list of events, one for each thing that it will do or has
 // done, which its last page shows. Windows only, user-interface thread.
+//
+// A page that has a header title is shown with a header; a wizard with such a page has the style
+// PSH_WIZARD97, where the pages without one are those of its beginning and its end.
 #pragma once
 
 #include <quorvel/controls/vask_event.h>
@@ -20,6 +23,9 @@ public:
     explicit CVaskWizard(UINT captionTextId, CWnd* parent = nullptr, UINT firstPage = 0);
     ~CVaskWizard() override;
 
+    INT_PTR DoModal() override;
+    BOOL Create(CWnd* parent = nullptr);
+
     BOOL SetWizardName(const WCHAR* name); // FALSE for null, and nothing changed
     CString GetWizardName() const;
 
@@ -34,6 +40,8 @@ public:
     void UpdateCommandButtonText() override;
 
 private:
+    void ShowHeaders();
+
     std::unique_ptr<quorvel::WizardTexts> m_texts;
     std::unique_ptr<quorvel::WizardEvents> m_events;
 };

@@ -17,7 +17,7 @@ public:
     ~CVaskWizardPage() override;
 
     // FALSE for null, and nothing changed. The name completes the texts below. The header's titles
-    // are shown by wizards with headers; set them before the page is added to its sheet.
+    // are shown over the page; set them before the wizard opens.
     BOOL SetWizardName(const WCHAR* name);
     BOOL SetHeaderTitle(const WCHAR* title);
     BOOL SetHeaderSubTitle(const WCHAR* subTitle);

@@ -18,8 +18,10 @@ class CPropertySheet;
 class QUORVEL_API CPropertyPage : public CDialog {
     DECLARE_DYNAMIC(CPropertyPage)
 public:
-    // A caption is a catalogue text; 0: that of the template. The header texts are those of the
-    // pages of a wizard with PSH_WIZARD97; with 0 for the first the page has no header.
+    // A caption is a catalogue text; 0: that of the template. It is the text of the page's tab, or
+    // while the page is shown the title of its wizard, which otherwise has its own. The header
+    // texts are those of the pages of a wizard with PSH_WIZARD97; with 0 for the first the page has
+    // no header.
     explicit CPropertyPage(UINT templateId, UINT captionId = 0, UINT headerTitleId = 0,
                            UINT headerSubTitleId = 0);
     explicit CPropertyPage(const WCHAR* templateName, UINT captionId = 0);
@@ -61,7 +63,8 @@ protected:
 private:
     friend class CPropertySheet;
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    BOOL Prepare(PROPSHEETPAGEW& record, bool withHeader); // FALSE without a template
+    // FALSE without a template. The wizard's title is for a page without one; null: not a wizard's.
+    BOOL Prepare(PROPSHEETPAGEW& record, const WCHAR* wizardTitle, bool withHeader);
     LRESULT AnswerSheet(const NMHDR& header, BOOL& known);
 
     bool m_wasActive = false;
