@@ -20,8 +20,21 @@ trap 'exit 1' INT TERM
 read -r display <display || die "Xvfb does not start, see build/gallery/xvfb.log"
 
 case $windows in win64) export WINERUN_ARCH=win64 ;; esac
-DISPLAY=:$display WINERUN_X=1 "$root/tools/winerun.sh" \
-    "$root/build/$windows/bin/gallery.exe" --out . || die "the gallery program failed ($?)"
+export DISPLAY=":$display" WINERUN_X=1
+wine() { "$root/tools/winerun.sh" "$@"; }
+draw() { wine "$root/build/$windows/bin/gallery.exe" --out . "$@" || die "the gallery program failed ($?)"; }
+
+# Settings of the prefix that a starting program reads: pixels an inch, and whether there is a theme,
+# which knows its own colours only.
+desktop='HKCU\Control Panel\Desktop' theme='HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager'
+set_value() { wine reg.exe add "$1" /v "$2" /t "$3" /d "$4" /f >>settings.log 2>&1 || die "no $2 in Wine"; }
+draw
+set_value "$desktop" LogPixels REG_DWORD 144
+draw
+set_value "$desktop" LogPixels REG_DWORD 96
+set_value "$theme" ThemeActive REG_SZ 0
+draw --high-contrast
+set_value "$theme" ThemeActive REG_SZ 1
 for picture in *.bmp; do
     [ -f "$picture" ] || die "the gallery program drew nothing"
     # Opaque, and without dates, so that the same picture is the same file.

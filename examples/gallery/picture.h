@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 // The surface that a window is drawn on, with its title bar.
 class WindowSurface {
@@ -18,6 +19,10 @@ public:
 private:
     const HWND m_window;
     const HDC m_dc;
+};
+
+struct DeleteGdiObject {
+    void operator()(HGDIOBJ object) const { ::DeleteObject(object); }
 };
 
 // A surface in memory: `info` says how its pixels lie.
@@ -36,24 +41,57 @@ private:
     struct DeleteSurface {
         void operator()(HDC dc) const { ::DeleteDC(dc); }
     };
-    struct DeleteBitmap {
-        void operator()(HBITMAP bitmap) const { ::DeleteObject(bitmap); }
-    };
 
     void* m_pixels = nullptr;
     const std::unique_ptr<std::remove_pointer_t<HDC>, DeleteSurface> m_dc;
-    const std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmap> m_bitmap;
+    const std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteGdiObject> m_bitmap;
     const HGDIOBJ m_former;
 };
 
-// The window with its title bar as a bitmap file, of three bytes a pixel: with four the last would
-// be read as how opaque the pixel is, and the system leaves it at 0. False when the window cannot
-// be drawn or the file not be written.
-inline bool SavePicture(HWND window, const char* path) {
+// The window, then what the thread shows over it: balloons, menus, drop-downs. They have no title.
+inline std::vector<HWND> SceneOf(HWND window) {
+    std::vector<HWND> scene = {window};
+    const auto add = [](HWND each, LPARAM found) CALLBACK -> BOOL {
+        CRect rect;
+        ::GetWindowRect(each, rect);
+        const bool hasTitle = (::GetWindowLongPtrW(each, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+        if (::IsWindowVisible(each) && !hasTitle && !rect.IsRectEmpty())
+            reinterpret_cast<std::vector<HWND>*>(found)->push_back(each);
+        return TRUE;
+    };
+    ::EnumThreadWindows(::GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&scene));
+    return scene;
+}
+
+// Copies a window in its own shape. False when it cannot be drawn.
+inline bool CopyWindow(HWND window, const MemorySurface& to, CPoint corner) {
     ::RedrawWindow(window, nullptr, nullptr,
                    RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
     CRect rect;
     ::GetWindowRect(window, rect);
+    const CPoint place(rect.left - corner.x, rect.top - corner.y);
+    const std::unique_ptr<std::remove_pointer_t<HRGN>, DeleteGdiObject> shape(
+        ::CreateRectRgn(0, 0, 0, 0));
+    const bool hasShape = ::GetWindowRgn(window, shape.get()) > NULLREGION;
+    if (hasShape)
+        ::OffsetRgn(shape.get(), place.x, place.y);
+    ::SelectClipRgn(to.Get(), hasShape ? shape.get() : nullptr);
+    const WindowSurface from(window);
+    return ::BitBlt(to.Get(), place.x, place.y, rect.Width(), rect.Height(), from.Get(), 0, 0,
+                    SRCCOPY) != FALSE;
+}
+
+// The window with its title bar, and what is shown over it, on white, as a bitmap file. That has
+// three bytes a pixel: with four the last would be read as how opaque the pixel is, and the system
+// leaves it at 0. False when a window cannot be drawn or the file not be written.
+inline bool SavePicture(HWND window, const char* path) {
+    const std::vector<HWND> scene = SceneOf(window);
+    CRect rect(0, 0, 0, 0);
+    for (const HWND each : scene) {
+        CRect its;
+        ::GetWindowRect(each, its);
+        ::UnionRect(rect, rect, its);
+    }
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = rect.Width();
@@ -63,11 +101,14 @@ inline bool SavePicture(HWND window, const char* path) {
     const DWORD bytesOfRow = static_cast<DWORD>(rect.Width() * 3 + 3) & ~DWORD{3};
     const DWORD size = bytesOfRow * static_cast<DWORD>(rect.Height());
 
-    const WindowSurface screen(window);
-    const MemorySurface memory(screen.Get(), info);
+    const MemorySurface memory(WindowSurface(window).Get(), info);
     if (memory.Pixels() == nullptr ||
-        !::BitBlt(memory.Get(), 0, 0, rect.Width(), rect.Height(), screen.Get(), 0, 0, SRCCOPY))
+        !::PatBlt(memory.Get(), 0, 0, rect.Width(), rect.Height(), WHITENESS))
         return false;
+    for (const HWND each : scene) {
+        if (!CopyWindow(each, memory, {rect.left, rect.top}))
+            return false;
+    }
     ::GdiFlush();
     BITMAPFILEHEADER header = {};
     header.bfType = 0x4d42; // "BM"
