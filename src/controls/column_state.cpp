@@ -61,17 +61,17 @@ BOOL Columns::SaveState(const WCHAR* section) const {
 }
 
 BOOL Columns::LoadState(HKEY key, BOOL closeKey) {
-    return WithoutException([&] { return Load(KeyState(key, closeKey != FALSE).get()); });
+    return Load([&] { return KeyState(key, closeKey != FALSE); });
 }
 
 BOOL Columns::LoadState(const CRegistryPath& path) {
-    return WithoutException([&] { return Load(OpenedPathState(path).get()); });
+    return Load([&] { return OpenedPathState(path); });
 }
 
 BOOL Columns::LoadState(const WCHAR* section) {
     if (section != nullptr && *section != 0 && AfxGetApp() == nullptr)
         return FALSE;
-    return WithoutException([&] { return Load(SectionState(section).get()); });
+    return Load([&] { return SectionState(section); });
 }
 
 bool Columns::Save(const StateGroup* place, bool endsAtFailedWrite) const {
@@ -97,46 +97,72 @@ bool Columns::Save(const StateGroup* place, bool endsAtFailedWrite) const {
     return writer.IsComplete();
 }
 
-bool Columns::Load(const StateGroup* place) {
-    const StatePlace columns = place != nullptr ? place->OpenGroup(kColumns) : nullptr;
-    if (columns == nullptr) {
+// The state is read before anything changes: what changes the view calls the host, whose exceptions
+// are its own.
+template <class OpenPlace>
+bool Columns::Load(OpenPlace openPlace) {
+    std::optional<SavedState> state;
+    WithoutException([&] { return (state = Read(openPlace().get())).has_value(); });
+    if (!state) {
         m_view.LoadDefaultWidths();
         return false;
     }
-    const int count = columns->ReadNumber(kCount, 0);
-    const int sortColumn = columns->ReadNumber(kSortColumn, -1);
-    m_sortColumn = DoesTrueColumnExist(sortColumn) ? sortColumn : -1;
-    m_isSortAscending = columns->ReadNumber(kSortAscending, 1) != 0;
-    if (count > 0)
-        LoadColumns(*columns, count, columns->ReadNumber(kPersistSortOrder, 0) != 0);
+    m_sortColumn = -1; // hiding the sort column sorts
+    m_isSortAscending = state->isSortAscending;
+    if (state->count > 0)
+        ShowAsSaved(*state);
     else
         m_view.LoadDefaultWidths();
+    m_sortColumn = DoesTrueColumnExist(state->sortColumn) ? state->sortColumn : -1;
     return true;
 }
 
-void Columns::LoadColumns(const StateGroup& columns, int count, bool isOrderPersisted) {
+std::optional<Columns::SavedState> Columns::Read(const StateGroup* place) const {
+    const StatePlace columns = place != nullptr ? place->OpenGroup(kColumns) : nullptr;
+    if (columns == nullptr)
+        return std::nullopt;
+    SavedState state;
+    state.count = columns->ReadNumber(kCount, 0);
+    state.sortColumn = columns->ReadNumber(kSortColumn, -1);
+    state.isSortAscending = columns->ReadNumber(kSortAscending, 1) != 0;
+    state.isOrderPersisted = columns->ReadNumber(kPersistSortOrder, 0) != 0;
+    for (const int trueColumn : ColumnsOfState(state.count, state.isOrderPersisted)) {
+        SavedColumn saved = {trueColumn, std::nullopt, -1};
+        if (const StatePlace column = columns->OpenGroup(ColumnName(trueColumn))) {
+            // Any number may be a width, -1 that of a column that never had one.
+            const int width = column->ReadNumber(kWidth, -1);
+            if (width != -1 || column->ReadNumber(kWidth, 0) == -1)
+                saved.width = width;
+            saved.position = column->ReadNumber(kSortOrder, -1);
+        }
+        state.columns.push_back(saved);
+    }
+    return state;
+}
+
+void Columns::ShowAsSaved(const SavedState& state) {
     std::map<int, int> positions; // the true column of each display position
-    for (const int trueColumn : ColumnsOfState(count, isOrderPersisted)) {
-        const StatePlace column = columns.OpenGroup(ColumnName(trueColumn));
-        const int width = column != nullptr ? column->ReadNumber(kWidth, -1) : -1;
-        if (width == -1 && trueColumn == 0) {
+    for (const SavedColumn& saved : state.columns) {
+        if (!saved.width && saved.trueColumn == 0) {
             m_view.LoadDefaultWidths();
             break;
         }
-        if (!isOrderPersisted) {
-            if (trueColumn < m_view.GetCount()) // the message takes 16 bits
-                m_view.SetWidth(trueColumn, static_cast<SHORT>(LOWORD(width)));
+        const int width = saved.width.value_or(-1);
+        if (!state.isOrderPersisted) {
+            if (saved.trueColumn < m_view.GetCount()) // the message takes 16 bits
+                m_view.SetWidth(saved.trueColumn, static_cast<SHORT>(LOWORD(width)));
             continue;
         }
         // -1 is an automatic width, which a column that is hidden cannot have.
-        const bool isHidden = HasRecords() && !IsVisible(trueColumn);
+        const bool isHidden = HasRecords() && !IsVisible(saved.trueColumn);
         if (width <= SHRT_MAX && width >= (isHidden ? 0 : -1))
-            SetWidth(trueColumn, width);
-        const int position = column != nullptr ? column->ReadNumber(kSortOrder, -1) : -1;
-        Show(trueColumn, position != -1);
-        if (position >= 0 && position < count)
-            positions[position] = trueColumn;
+            SetWidth(saved.trueColumn, width);
+        Show(saved.trueColumn, saved.position != -1);
+        if (saved.position >= 0 && saved.position < state.count)
+            positions[saved.position] = saved.trueColumn;
     }
+    if (HasRecords() && m_view.GetCount() == 0) // there would be no header to show one by
+        Show(m_records.begin()->first, true);
     std::vector<int> order;
     for (const auto& [position, trueColumn] : positions)
         order.push_back(trueColumn);

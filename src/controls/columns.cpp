@@ -34,18 +34,32 @@ bool Columns::Show(int trueColumn, bool isShown) {
     ColumnRecord& column = record->second;
     if (column.isVisible == isShown)
         return true;
-    if (!isShown)
-        return TakeFromView(column);
-    const int count = m_view.GetCount();
-    return PutIntoView(column.savedPosition < 0 ? count : std::min(column.savedPosition, count),
-                       column);
+    if (isShown) {
+        column.width = GetWidthWhenShown(trueColumn);
+        const int count = m_view.GetCount();
+        return PutIntoView(column.savedPosition < 0 ? count : std::min(column.savedPosition, count),
+                           column);
+    }
+    const int inserted = GetInsertedColumn(trueColumn);
+    if (!TakeFromView(column))
+        return false;
+    NoteGone(trueColumn, inserted, column.savedPosition);
+    return true;
 }
 
 bool Columns::Delete(int trueColumn) {
     const auto record = m_records.find(trueColumn);
-    if (record == m_records.end() || (record->second.isVisible && !TakeFromView(record->second)))
+    if (record == m_records.end())
         return false;
-    m_records.erase(trueColumn); // anew: the sort column's deletion called the host
+    ColumnRecord& column = record->second;
+    const bool wasVisible = column.isVisible;
+    const int inserted = GetInsertedColumn(trueColumn);
+    if (wasVisible && !TakeFromView(column))
+        return false;
+    const int position = column.savedPosition;
+    m_records.erase(record);
+    if (wasVisible)
+        NoteGone(trueColumn, inserted, position);
     return true;
 }
 
@@ -65,9 +79,7 @@ bool Columns::PutIntoView(int position, ColumnRecord& column) {
     const int inserted = m_view.Insert(position, column);
     if (inserted < 0)
         return false;
-    if (inserted > static_cast<int>(m_inserted.size())) // behind columns that have no record
-        m_inserted.resize(static_cast<std::size_t>(inserted), -1);
-    m_inserted.insert(m_inserted.begin() + inserted, column.trueColumn);
+    UpdateInsertedVaskColumnsMap(inserted, true, column.trueColumn);
     column.isVisible = true;
     // Column 0 does not take another alignment than left while it is inserted.
     const int alignment = column.format & kColumnAlignmentMask;
@@ -77,19 +89,33 @@ bool Columns::PutIntoView(int position, ColumnRecord& column) {
 }
 
 bool Columns::TakeFromView(ColumnRecord& column) {
-    const int trueColumn = column.trueColumn;
-    const int inserted = GetInsertedColumn(trueColumn);
+    const int inserted = GetInsertedColumn(column.trueColumn);
     const int position = GetDisplayPosition(inserted);
     const int width = m_view.GetWidth(inserted);
     if (!m_view.Delete(inserted))
         return false;
-    m_inserted.erase(m_inserted.begin() + inserted);
+    UpdateInsertedVaskColumnsMap(inserted, false);
     column.savedPosition = position;
     column.width = width;
     column.isVisible = false;
-    if (m_sortColumn == trueColumn)
-        m_view.OnDeleteSortColumn(trueColumn, inserted, position);
     return true;
+}
+
+// Calls the host, which may destroy the list: nothing is done afterwards.
+void Columns::NoteGone(int trueColumn, int insertedColumn, int displayPosition) {
+    if (m_sortColumn == trueColumn)
+        m_view.OnDeleteSortColumn(trueColumn, insertedColumn, displayPosition);
+}
+
+void Columns::UpdateInsertedVaskColumnsMap(int insertedColumn, bool isInserted, int trueColumn) {
+    const auto place = static_cast<std::size_t>(insertedColumn);
+    if (isInserted) {
+        if (place > m_inserted.size()) // behind columns that have no record
+            m_inserted.resize(place, -1);
+        m_inserted.insert(m_inserted.begin() + insertedColumn, trueColumn);
+    } else if (place < m_inserted.size()) {
+        m_inserted.erase(m_inserted.begin() + insertedColumn);
+    }
 }
 
 const ColumnRecord* Columns::Find(int trueColumn) const {
@@ -152,12 +178,20 @@ int Columns::GetWidth(int trueColumn) const {
     return DoesTrueColumnExist(trueColumn) ? m_view.GetWidth(GetInsertedColumn(trueColumn)) : -1;
 }
 
-void Columns::SetWidth(int trueColumn, int width) {
+int Columns::GetWidthWhenShown(int trueColumn) const {
+    const int width = GetWidth(trueColumn);
+    return width == -1 && Find(trueColumn) != nullptr ? m_view.GetDefaultWidth(trueColumn) : width;
+}
+
+bool Columns::SetWidth(int trueColumn, int width) {
+    if (!DoesTrueColumnExist(trueColumn))
+        return false;
     const auto record = m_records.find(trueColumn);
     if (record != m_records.end() && !record->second.isVisible)
         record->second.width = width;
-    else if (DoesTrueColumnExist(trueColumn))
+    else
         m_view.SetWidth(GetInsertedColumn(trueColumn), width);
+    return true;
 }
 
 // An array of another length, or with a column twice, would cost the list view the order it has.

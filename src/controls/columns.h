@@ -11,13 +11,13 @@
 // of those only the widths are saved. Widths and order of shown columns lie in the list view alone,
 // where users change them. -1 stands for no column, no position and no width.
 //
-// Used on the user-interface thread. Lack of memory throws, except where a state is saved or
-// loaded.
+// Used on the user-interface thread. Lack of memory throws, except where a state is saved or read.
 #pragma once
 
 #include "controls/state_store.h"
 
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -80,12 +80,15 @@ public:
                int width, int subItem);
     int Insert(int position, const ColumnRecord& column);
     // Hiding remembers the display position and the width; showing puts the column back there, and
-    // one that was defined hidden last. Hiding or deleting the sort column ends in
-    // OnDeleteSortColumn. False without a record and when the list view refuses.
+    // one that was defined hidden last, with the default width unless it was given one. Hiding or
+    // deleting the sort column ends in OnDeleteSortColumn, when all else is done; a deleted one has
+    // no record then. False without a record and when the list view refuses.
     bool Show(int trueColumn, bool isShown);
     bool Delete(int trueColumn);
     // Every column shown in true order, with its default width.
     void Reset();
+    // To be called also when the list view has got or lost a column without a record (-1).
+    void UpdateInsertedVaskColumnsMap(int insertedColumn, bool isInserted, int trueColumn = -1);
 
     bool HasRecords() const { return !m_records.empty(); }
     const ColumnRecord* Find(int trueColumn) const; // null when there is none
@@ -102,7 +105,9 @@ public:
     std::vector<int> GetLeftToRightTrueColumns() const;
     // The list view's for a shown column, the remembered one of a hidden column; -1 without record.
     int GetWidth(int trueColumn) const;
-    void SetWidth(int trueColumn, int width);
+    // The same, but the default width for a hidden column that was defined without one.
+    int GetWidthWhenShown(int trueColumn) const;
+    bool SetWidth(int trueColumn, int width); // false for a column that does not exist
     // Puts these true columns in front, in this order, and leaves the others in theirs. Columns
     // that are not shown or named before are passed over. The list view is not asked when that is
     // the order already.
@@ -131,10 +136,11 @@ public:
     //
     // Loading gives FALSE and default widths when there is no place or no "Columns" key; a section
     // without a state loads as an empty one. An empty state, and one without a width of column 0,
-    // loads default widths. A column with a display position is shown, with -1 it is hidden. Shown
-    // columns without a usable position, or with one that a lower column has too, come last in the
-    // order they had. A sort column that does not exist counts as none, and widths that no list has
-    // change nothing.
+    // loads default widths. A column with a display position is shown, with -1 it is hidden; if
+    // that leaves none, the first column is shown. Shown columns without a usable position, or with
+    // one that a lower column has too, come last in the order they had. A sort column that does not
+    // exist counts as none, and widths that no list has change nothing. Nothing is sorted. What the
+    // view throws passes through.
     BOOL SaveState(HKEY key, BOOL closeKey) const;
     BOOL SaveState(const CRegistryPath& path) const;
     BOOL SaveState(const WCHAR* section) const;
@@ -143,12 +149,28 @@ public:
     BOOL LoadState(const WCHAR* section); // without an application object FALSE and no more
 
 private:
+    struct SavedColumn {
+        int trueColumn;
+        std::optional<int> width;
+        int position; // -1 when hidden
+    };
+    struct SavedState {
+        int count = 0;
+        int sortColumn = -1;
+        bool isSortAscending = true;
+        bool isOrderPersisted = false;
+        std::vector<SavedColumn> columns; // the last first
+    };
+
     bool PutIntoView(int position, ColumnRecord& column);
     bool TakeFromView(ColumnRecord& column);
+    void NoteGone(int trueColumn, int insertedColumn, int displayPosition);
     bool DoesTrueColumnExist(int trueColumn) const;
     bool Save(const StateGroup* place, bool endsAtFailedWrite) const;
-    bool Load(const StateGroup* place);
-    void LoadColumns(const StateGroup& columns, int count, bool isOrderPersisted);
+    template <class OpenPlace>
+    bool Load(OpenPlace openPlace);
+    std::optional<SavedState> Read(const StateGroup* place) const;
+    void ShowAsSaved(const SavedState& state);
     std::vector<int> ColumnsOfState(int count, bool isOrderPersisted) const;
 
     ColumnView& m_view;

@@ -24,9 +24,12 @@ ColumnsDialogList::ColumnsDialogList(Columns& columns, const ColumnView& view)
     : m_columns(columns), m_view(view) {
     const auto add = [this](int trueColumn, bool isShown) {
         const ColumnRecord* const column = m_columns.Find(trueColumn);
-        if (column != nullptr && column->isVisible == isShown)
-            m_rows.push_back(
-                {trueColumn, column->heading, isShown, m_columns.GetWidth(trueColumn)});
+        if (column == nullptr || column->isVisible != isShown)
+            return;
+        // The only shown column can be hidden once another one is checked.
+        const bool isLocked = isShown && m_view.GetCount() > 1 && !m_view.CanBeHidden(trueColumn);
+        m_rows.push_back({trueColumn, column->heading, isShown,
+                          m_columns.GetWidthWhenShown(trueColumn), isLocked});
     };
     for (const int trueColumn : m_columns.GetLeftToRightTrueColumns())
         add(trueColumn, true);
@@ -35,7 +38,7 @@ ColumnsDialogList::ColumnsDialogList(Columns& columns, const ColumnView& view)
 }
 
 bool ColumnsDialogList::Check(int row, bool isChecked) {
-    if (!IsRow(row))
+    if (!IsRow(row) || (At(row).isLocked && !isChecked))
         return false;
     At(row).isChecked = isChecked;
     return true;
@@ -76,15 +79,19 @@ bool ColumnsDialogList::IsValid() const {
 }
 
 void ColumnsDialogList::Save() {
-    for (const bool isShowing : {true, false}) {
-        for (const Row& row : m_rows) {
-            if (row.isChecked == isShowing)
-                m_columns.Show(row.trueColumn, isShowing);
-        }
+    std::vector<int> hiddenLast;
+    for (const Row& row : m_rows) {
+        const bool isOnlyOne = m_view.GetCount() == 1 && m_columns.IsVisible(row.trueColumn);
+        if (isOnlyOne && !row.isChecked)
+            hiddenLast.push_back(row.trueColumn);
+        else
+            m_columns.Show(row.trueColumn, row.isChecked);
     }
+    for (const int trueColumn : hiddenLast)
+        m_columns.Show(trueColumn, false);
     std::vector<int> order;
     for (const Row& row : m_rows) {
-        if (m_columns.GetWidth(row.trueColumn) != row.width)
+        if (m_columns.GetWidthWhenShown(row.trueColumn) != row.width)
             m_columns.SetWidth(row.trueColumn, row.width);
         if (row.isChecked)
             order.push_back(row.trueColumn);

@@ -16,14 +16,15 @@ public:
         int trueColumn;
         CString heading;
         bool isChecked;
-        int width; // in pixels; -1 for a hidden column that was defined without one
+        int width;     // in pixels
+        bool isLocked; // checked, and the list does not let its column be hidden
     };
 
     // Shown columns from left to right, then hidden ones in true order.
     ColumnsDialogList(Columns& columns, const ColumnView& view);
 
     const std::vector<Row>& Rows() const { return m_rows; }
-    bool Check(int row, bool isChecked);
+    bool Check(int row, bool isChecked); // a locked row stays checked
 
     // The text of the width edit for a row. Empty for a row that does not exist.
     CString GetWidthText(int row) const;
@@ -44,7 +45,8 @@ public:
 
     // Whether a row is checked, without which the dialog does not end.
     bool IsValid() const;
-    // Shows columns before it hides others, so that the list is not without columns meanwhile.
+    // The list is not without columns meanwhile: that the sort column is hidden then means that the
+    // list is sorted by another one.
     void Save();
 
 private:

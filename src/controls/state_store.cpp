@@ -94,8 +94,8 @@ StatePlace CreatedPathState(const CRegistryPath& path) {
 
 StatePlace OpenedPathState(const CRegistryPath& path) {
     ScopedKey key;
-    if (path.IsValid())
-        path.OpenSubKey(key.Receive());
+    if (path.IsValid()) // OpenSubKey would ask for writing too
+        RegOpenKeyExW(path.GetSectionKey(), path.GetSubKey(), 0, KEY_READ, &key.Receive());
     return KeyGroup::Owned(std::move(key));
 }
 

@@ -174,7 +174,10 @@ TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
          "Count=4 Persist=1 Width0=50 Order0=4 Width1=51 Order1=-2 "
          "Width2=52 Order2=3 Width3=53 Order3=2147483647",
          _T("C52 A50 B51 D53 ()"), 0},
-        {"all hidden", "Count=4 Persist=1 Width0=50", _T("(A50 B60 C60 D40 )"), 0},
+        {"all hidden", "Count=4 Persist=1 Width0=50", _T("A50 (B60 C60 D40 )"), 0},
+        {"the first hidden, with no width of its own",
+         "Count=4 Persist=1 Width0=-1 Order0=-1 Width1=51 Order1=1 Width2=52 Order2=0",
+         _T("C52 B51 (A60 D40 )"), 0},
     };
     for (const auto& row : rows) {
         const Place place(app);
@@ -200,11 +203,13 @@ TEST(ColumnState, HasASortColumnThatExistsOrNone) {
         {"Count=0 Sort=-9 Up=-1", -1, true},
         {"Count=0 Sort=2147483647 Up=0", -1, false},
         {"Count=0 Sort=0", 0, false},
+        {"Count=3 Persist=1 Width0=5 Order0=0 Sort=2 Up=1", 2, true}, // and hidden
     };
     for (const auto& row : rows) {
         SimulatedList list(3);
         WriteState(place.test.Get(), row.state);
         EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE));
+        EXPECT_TRUE(list.view.m_deletedSortColumns.empty()) << "no sorting";
         EXPECT_EQ(list.columns.GetSortColumn(), row.sortColumn) << row.state;
         EXPECT_EQ(list.columns.IsSortAscending(), row.isAscending) << row.state;
     }
@@ -253,4 +258,6 @@ TEST(ColumnState, IsRefusedWithoutAPlace) {
     EXPECT_EQ(list.view.m_defaultLoads, 6);
     EXPECT_TRUE(columns.LoadState(_T("s"))); // an empty state
     EXPECT_EQ(list.view.m_defaultLoads, 7);
+    list.view.m_throws = true;
+    EXPECT_THROW(columns.LoadState(HKEY(), TRUE), int) << "what a host throws is the host's";
 }

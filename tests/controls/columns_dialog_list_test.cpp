@@ -23,29 +23,33 @@ TEST(ColumnsDialog, EditsACopyUntilItIsSaved) {
         std::function<void(ColumnsDialogList&)> act;
         CString rows;
         CString saved;
+        int sortColumn = 3;
     } cases[] = {
-        {"as loaded", [](ColumnsDialogList&) {}, _T("+D40 +A10 +C30 -B20 -E-1 "),
+        {"as loaded", [](ColumnsDialogList&) {}, _T("+D40 +A10 +C30 -B20 -E100 "),
          _T("D40 A10 C30 (B20 E-1 )")},
         {"moved with check and width",
          [](ColumnsDialogList& d) {
              EXPECT_TRUE(d.MoveUp(3) && d.MoveDown(0));
              EXPECT_FALSE(d.MoveUp(0) || d.MoveDown(4) || d.MoveUp(5) || d.MoveDown(-1));
          },
-         _T("+A10 +D40 -B20 +C30 -E-1 "), _T("A10 D40 C30 (B20 E-1 )")},
+         _T("+A10 +D40 -B20 +C30 -E100 "), _T("A10 D40 C30 (B20 E-1 )")},
         {"checked",
          [](ColumnsDialogList& d) {
              EXPECT_TRUE(d.Check(3, true) && d.Check(0, false) && d.MoveUp(3));
              EXPECT_FALSE(d.Check(5, true) || d.Check(-1, true));
          },
-         _T("-D40 +A10 +B20 +C30 -E-1 "), _T("A10 B20 C30 (D40 E-1 )")},
+         _T("-D40 +A10 +B20 +C30 -E100 "), _T("A10 B20 C30 (D40 E-1 )"), 0},
+        {"one that stays",
+         [](ColumnsDialogList& d) { EXPECT_TRUE(d.Rows()[2].isLocked && !d.Check(2, false)); },
+         _T("+D40 +A10 +C30 -B20 -E100 "), _T("D40 A10 C30 (B20 E-1 )")},
         {"reset", [](ColumnsDialogList& d) { d.Reset(); }, _T("+A100 +B100 +C100 +D100 +E100 "),
          _T("A100 B100 C100 D100 E100 ()")},
         {"the sort column replaced",
          [](ColumnsDialogList& d) {
-             for (int row = 0; row < 4; ++row)
+             for (const int row : {0, 1, 3})
                  d.Check(row, row == 3);
          },
-         _T("-D40 -A10 -C30 +B20 -E-1 "), _T("B20 (A10 C30 D40 E-1 )")},
+         _T("-D40 -A10 +C30 +B20 -E100 "), _T("C30 B20 (A10 D40 E-1 )"), 2},
     };
     for (const auto& row : cases) {
         SimulatedList list(4);
@@ -53,6 +57,10 @@ TEST(ColumnsDialog, EditsACopyUntilItIsSaved) {
         list.columns.Show(1, false);
         list.columns.SetOrder({3});
         list.columns.SetSort(3, true);
+        list.view.m_keptColumn = 2;
+        list.view.m_onDeleteSortColumn = [&] {
+            list.columns.SetSort(list.columns.GetLeftToRightTrueColumn(0), true);
+        };
         ColumnsDialogList dialog(list.columns, list.view);
         const CString before = list.Text();
         row.act(dialog);
@@ -60,7 +68,21 @@ TEST(ColumnsDialog, EditsACopyUntilItIsSaved) {
         EXPECT_EQ(list.Text(), before) << row.label;
         dialog.Save();
         EXPECT_EQ(list.Text(), row.saved) << row.label;
+        EXPECT_EQ(list.columns.GetSortColumn(), row.sortColumn) << row.label;
     }
+}
+
+TEST(ColumnsDialog, NeverLeavesTheListWithoutColumns) {
+    SimulatedList list(2);
+    list.columns.Show(1, false);
+    list.columns.SetSort(0, true);
+    list.view.m_onDeleteSortColumn = [&] {
+        EXPECT_EQ(list.columns.GetLeftToRightTrueColumn(0), 1) << "to sort by";
+    };
+    ColumnsDialogList dialog(list.columns, list.view);
+    EXPECT_TRUE(dialog.Check(0, false) && dialog.Check(1, true));
+    dialog.Save();
+    EXPECT_EQ(list.Text(), _T("B20 (A10 )"));
 }
 
 TEST(ColumnsDialog, TakesWidthsFrom0To9999) {

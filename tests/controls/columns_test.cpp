@@ -54,6 +54,13 @@ TEST(Columns, KeepTheirPlacesAndWidths) {
              Steps("+J")(c);
          },
          _T("A10 B20 C30 D40 N90 ()")},
+        {"defined hidden without a width",
+         [](Columns& c) {
+             c.Insert(0, 9, false, _T("N"), 0, -1, -1);
+             EXPECT_EQ(c.GetWidth(9), -1);
+             Steps("+J")(c);
+         },
+         _T("A10 B20 C30 D40 N100 ()")},
         {"position past the end",
          [](Columns& c) { EXPECT_EQ(c.Insert(100, 9, true, _T("N"), 0, 90, -1), 4); },
          _T("A10 B20 C30 D40 N90 ()")},
@@ -71,8 +78,7 @@ TEST(Columns, KeepTheirPlacesAndWidths) {
              EXPECT_EQ(c.Insert(0, -1, true, _T("N"), 0, 90, -1), -1);
              EXPECT_EQ(c.Insert(-1, 9, true, _T("N"), 0, 90, -1), -1);
              EXPECT_FALSE(c.Show(9, true) || c.Show(-1, false) || c.Delete(9));
-             c.SetWidth(9, 5);
-             c.SetWidth(-1, 5);
+             EXPECT_FALSE(c.SetWidth(9, 5) || c.SetWidth(-1, 5));
          },
          _T("A10 B20 C30 D40 ()")},
         {"deleted",
@@ -153,7 +159,9 @@ TEST(Columns, LeaveTheSortToTheListWhenItsColumnIsHiddenOrDeleted) {
     list.columns.SetSort(2, false);
     Steps("-A-C")(list.columns);
     Steps("+C-D")(list.columns);
+    list.view.m_onDeleteSortColumn = [&] { EXPECT_FALSE(list.columns.Show(2, true)); };
     list.columns.Delete(2);
+    EXPECT_EQ(list.Text(), _T("B20 (A10 D40 )"));
     EXPECT_EQ(list.view.m_deletedSortColumns,
               (std::vector<std::vector<int>>{{2, 1, 1}, {2, 1, 0}}));
 

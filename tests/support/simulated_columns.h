@@ -4,6 +4,7 @@
 #include "controls/columns.h"
 
 #include <algorithm>
+#include <functional>
 
 class SimulatedColumns final : public quorvel::ColumnView {
 public:
@@ -59,13 +60,19 @@ public:
 
     int GetDefaultWidth(int) const override { return 100; }
     void LoadDefaultWidths() override {
+        if (m_throws)
+            throw 1;
         ++m_defaultLoads;
         for (int i = 0; i < GetCount(); ++i)
             SetWidth(i, -2);
     }
-    bool CanBeHidden(int) const override { return GetCount() > 1; }
+    bool CanBeHidden(int trueColumn) const override {
+        return GetCount() > 1 && trueColumn != m_keptColumn;
+    }
     void OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition) override {
         m_deletedSortColumns.push_back({trueColumn, insertedColumn, displayPosition});
+        if (m_onDeleteSortColumn)
+            m_onDeleteSortColumn();
     }
 
     int GetAlignment(int index) const { return At(index).alignment; }
@@ -73,6 +80,10 @@ public:
     int m_defaultLoads = 0;
     int m_orderChanges = 0;
     std::vector<std::vector<int>> m_deletedSortColumns;
+    // What a host does.
+    bool m_throws = false;
+    int m_keptColumn = -1;
+    std::function<void()> m_onDeleteSortColumn;
 
 private:
     struct Column {
