@@ -60,7 +60,9 @@ bool ReplacementFile::CreateSibling() {
         if (!m_file.IsValid() && error != ERROR_FILE_EXISTS && error != ERROR_ALREADY_EXISTS)
             break;
     }
-    if (!m_file.IsValid())
+    if (m_file.IsValid())
+        ProtectLike(m_sibling, m_target);
+    else
         m_sibling.Empty();
     return m_file.IsValid();
 }

@@ -246,7 +246,10 @@ BOOL CVaskSocket::StartThread(const CVaskSocketThreadParams& params) {
 }
 
 BOOL CVaskSocket::LaunchThread(const CVaskSocketThreadParams& params) {
-    auto owned = std::make_unique<CVaskSocketThreadParams>(params);
+    std::unique_ptr<CVaskSocketThreadParams> owned(new (std::nothrow)
+                                                       CVaskSocketThreadParams(params));
+    if (owned == nullptr)
+        return Fail(ERROR_NOT_ENOUGH_MEMORY);
     std::unique_ptr<CWinThread> thread(AfxBeginThread(Thread_NetworkEvents, owned.get(),
                                                       THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED));
     if (thread == nullptr)

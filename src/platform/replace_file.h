@@ -11,8 +11,12 @@ namespace quorvel {
 // there yet or where it can't be told.
 std::basic_string<WCHAR> FinalPath(const WCHAR* path);
 
-// Gives the file `from` the name `to` and, where `to` exists, the permissions that it had. FALSE
-// with the last error, and both as they were.
+// Gives a new, empty file the owner and the permissions of the file that it will replace, as far as
+// the caller may, so that its content is never open to more readers. Nothing where `replaced` does
+// not exist, or where the system's replacement keeps them.
+void ProtectLike(const WCHAR* file, const WCHAR* replaced);
+
+// Gives the file `from` the name `to`. FALSE with the last error, and both as they were.
 BOOL MoveOver(const WCHAR* from, const WCHAR* to);
 
 // Makes an open file, with its position at the start, at least that long, so that writing so many

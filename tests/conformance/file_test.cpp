@@ -121,6 +121,11 @@ TEST_F(FileConformance, ANewFileIsReadOnlyWhereThatIsAskedFor) {
     file.Close();
     EXPECT_FALSE(GetFileAttributesW(folder.Path(_T("file"))) & FILE_ATTRIBUTE_READONLY)
         << "not one that exists";
+    File cut(folder.Path(_T("file")), kWrite, CREATE_ALWAYS, 0, FILE_ATTRIBUTE_READONLY);
+    EXPECT_TRUE(cut.Write("x"));
+    cut.Close();
+    EXPECT_TRUE(GetFileAttributesW(folder.Path(_T("file"))) & FILE_ATTRIBUTE_READONLY)
+        << "unless it is made anew";
 }
 
 TEST_F(FileConformance, ShareModesAdmitWhatBothSidesAllow) {

@@ -330,6 +330,7 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
         {"the peer, to nowhere", WSAEFAULT,
          [&] { return getpeername(fresh.Get(), nullptr, nullptr); }},
         {"recv a negative length", WSAEFAULT, [&] { return recv(m_client.Get(), &byte, -1, 0); }},
+        {"send a negative length", WSAEINVAL, [&] { return send(m_client.Get(), &byte, -1, 0); }},
         {"a flag of no bytes", WSAEFAULT, [&] { return setFlag(SO_KEEPALIVE, 0); }},
         {"a flag of one byte", 0, [&] { return setFlag(SO_KEEPALIVE, 1); }},
         {"a flag of three bytes", 0, [&] { return setFlag(SO_BROADCAST, 3); }},

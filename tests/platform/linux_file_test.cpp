@@ -1,4 +1,5 @@
 // Files and handles: what holds natively beyond the table shared with Windows.
+#include "framework/replacement_file.h"
 #include "platform/win32.h"
 
 #include "support/temporary_folder.h"
@@ -15,15 +16,27 @@ HANDLE Open(const WCHAR* name, DWORD rights, DWORD disposition, DWORD share = 0)
     return CreateFileW(name, rights, share, nullptr, disposition, 0, nullptr);
 }
 
-TEST(LinuxFile, ATemporaryOneIsForItsOwnerAlone) {
+mode_t Permissions(const CString& name) {
+    struct stat status = {};
+    EXPECT_EQ(stat(CStringA(name), &status), 0) << name;
+    return status.st_mode & 0777;
+}
+
+TEST(LinuxFile, WhatOneUserAloneMayReadIsNeverOpenToOthers) {
     const TemporaryFolder folder;
     WCHAR name[MAX_PATH];
     const mode_t mask = umask(0);
     EXPECT_NE(GetTempFileNameW(folder.Path(_T("")), _T("q"), 0, name), 0u);
+    EXPECT_EQ(Permissions(name), 0600u) << "a temporary file";
+    const CString secret = folder.Path(_T("secret"));
+    folder.Write(_T("secret"), "old");
+    EXPECT_EQ(chmod(CStringA(secret), 0640), 0);
+    quorvel::ReplacementFile replacement(secret);
+    EXPECT_EQ(Permissions(secret + _T(".0.tmp")), 0640u) << "while it is replaced";
+    replacement.Write("new", 3);
+    replacement.Commit();
+    EXPECT_EQ(Permissions(secret), 0640u) << "afterwards";
     umask(mask);
-    struct stat status;
-    ASSERT_EQ(stat(std::string(name, name + Wide(name).size()).c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0600u);
 }
 
 TEST(LinuxHandle, IsClosedOnceWhateverTheThreadsAndNeverComesBack) {

@@ -28,9 +28,9 @@ private:
         else if (word == "connected")
             m_events.Connected();
         else if (word == "accepted")
-            m_events.Become(NetworkEvents::Kind::kConnected);
+            m_events.Become(NetworkEvents::Kind::Connected);
         else if (word == "listen")
-            m_events.Become(NetworkEvents::Kind::kListening);
+            m_events.Become(NetworkEvents::Kind::Listening);
         else if (word == "all")
             m_events.Select(63);
         else if (word == "read")

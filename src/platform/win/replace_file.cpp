@@ -23,6 +23,8 @@ std::basic_string<WCHAR> FinalPath(const WCHAR* path) {
     return result;
 }
 
+void ProtectLike(const WCHAR*, const WCHAR*) {} // ReplaceFileW keeps the access list
+
 BOOL MoveOver(const WCHAR* from, const WCHAR* to) {
     // ReplaceFileW keeps the attributes and the access list, and needs a file to replace.
     if (ReplaceFileW(to, from, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))

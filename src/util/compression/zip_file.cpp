@@ -5,6 +5,7 @@
 #include <quorvel/framework/file.h>
 #include <quorvel/res/message_ids.h>
 
+#include "platform/scoped_handle.h"
 #include "platform/win32.h"
 #include "util/compression/zip_path.h"
 
@@ -111,14 +112,14 @@ typedef std::unique_ptr<void, CloseZip> ScopedZip;
 // for the same again.
 DWORD ErrorOfOpening(const WCHAR* path, int append) {
     const bool create = append == APPEND_STATUS_CREATE;
-    const HANDLE file =
-        CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                    create ? OPEN_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return GetLastError();
-    const bool made = create && GetLastError() != ERROR_ALREADY_EXISTS;
-    CloseHandle(file);
-    if (made)
+    quorvel::ScopedHandle file(CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                           nullptr, create ? OPEN_ALWAYS : OPEN_EXISTING,
+                                           FILE_ATTRIBUTE_NORMAL, nullptr));
+    const DWORD error = GetLastError();
+    if (!file.IsValid())
+        return error;
+    file.Close();
+    if (create && error != ERROR_ALREADY_EXISTS)
         DeleteFileW(path);
     return append == APPEND_STATUS_ADDINZIP ? ERROR_INVALID_DATA : ERROR_NOT_ENOUGH_MEMORY;
 }

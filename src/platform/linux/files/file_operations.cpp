@@ -92,7 +92,7 @@ std::shared_ptr<OpenFile> FindFile(HANDLE handle, DWORD access) {
 
 // The checks and changes that follow opening: kind, attributes, share mode and only then contents.
 HANDLE FinishOpening(Descriptor descriptor, DWORD access, DWORD share, DWORD disposition,
-                     bool existed) {
+                     bool existed, bool readOnly) {
     struct stat status;
     if (fstat(descriptor.Get(), &status) != 0) {
         SetLastError(ErrorFromErrno(errno));
@@ -112,6 +112,11 @@ HANDLE FinishOpening(Descriptor descriptor, DWORD access, DWORD share, DWORD dis
     }
     const bool truncates = disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
     if (existed && truncates && file->IsOnDisk() && ftruncate(file->Descriptor(), 0) != 0) {
+        SetLastError(ErrorFromErrno(errno));
+        return INVALID_HANDLE_VALUE;
+    }
+    if (existed && readOnly && disposition == CREATE_ALWAYS && file->IsOnDisk() &&
+        fchmod(file->Descriptor(), status.st_mode & 07555) != 0) {
         SetLastError(ErrorFromErrno(errno));
         return INVALID_HANDLE_VALUE;
     }
@@ -136,9 +141,9 @@ HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES*
     bool existed = false;
     // CREATE_ALWAYS cuts the file even for a handle that may not write.
     const DWORD needed = access | (disposition == CREATE_ALWAYS ? DWORD{kWriteAccess} : 0u);
-    // Of the flags this attribute alone is more than a hint. A new file of it can be written by the
-    // handle that creates it.
-    const mode_t permissions = (flags & FILE_ATTRIBUTE_READONLY) != 0 ? 0444 : 0666;
+    // The other flags are hints. The handle that makes a file read-only can still write to it.
+    const bool readOnly = (flags & FILE_ATTRIBUTE_READONLY) != 0;
+    const mode_t permissions = readOnly ? 0444 : 0666;
     Descriptor descriptor = OpenOrCreate(path, OpenMode(needed), disposition, permissions, existed);
     if (descriptor.Get() < 0) {
         SetLastError(CreateError(errno, disposition, path));
@@ -146,7 +151,7 @@ HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES*
     }
     try {
         const HANDLE file =
-            FinishOpening(std::move(descriptor), access, share, disposition, existed);
+            FinishOpening(std::move(descriptor), access, share, disposition, existed, readOnly);
         if (file != INVALID_HANDLE_VALUE)
             SetLastError(existed && disposition != OPEN_EXISTING && disposition != TRUNCATE_EXISTING
                              ? ERROR_ALREADY_EXISTS

@@ -51,19 +51,24 @@ std::basic_string<WCHAR> FinalPath(const WCHAR* path) {
     return path; // a circle of links: opening it will say so
 }
 
+void ProtectLike(const WCHAR* file, const WCHAR* replaced) {
+    std::string path, model;
+    struct stat status;
+    if (!ToSystemPath(file, path) || !ToSystemPath(replaced, model) ||
+        stat(model.c_str(), &status) != 0)
+        return;
+    // Only a privileged user may give files away. The mode comes last, because a change of owner
+    // takes the set-user bits off.
+    if (chown(path.c_str(), status.st_uid, status.st_gid) != 0)
+        errno = 0;
+    if (chmod(path.c_str(), status.st_mode & 07777) != 0)
+        errno = 0;
+}
+
 BOOL MoveOver(const WCHAR* from, const WCHAR* to) {
     std::string source, target;
     if (!ToSystemPath(from, source) || !ToSystemPath(to, target))
         return FALSE;
-    struct stat status;
-    if (stat(target.c_str(), &status) == 0) {
-        // The owner can only be kept by who may give files away; the mode comes last, because a
-        // change of owner takes the set-user bits off.
-        if (chown(source.c_str(), status.st_uid, status.st_gid) != 0)
-            errno = 0;
-        if (chmod(source.c_str(), status.st_mode & 07777) != 0)
-            errno = 0;
-    }
     if (std::rename(source.c_str(), target.c_str()) == 0)
         return TRUE;
     return FailWith(ErrorFromErrno(errno));

@@ -26,12 +26,12 @@ void NetworkEvents::Arm(long event) {
 }
 
 void NetworkEvents::Connect() {
-    m_kind = Kind::kConnecting;
+    m_kind = Kind::Connecting;
     Arm(FD_CONNECT);
 }
 
 void NetworkEvents::Connected() {
-    m_kind = Kind::kConnected;
+    m_kind = Kind::Connected;
     Record(FD_CONNECT);
     Record(FD_WRITE);
 }
@@ -41,14 +41,14 @@ void NetworkEvents::Connected() {
 unsigned NetworkEvents::Interest() const {
     unsigned look = 0;
     switch (m_kind) {
-    case Kind::kIdle:
+    case Kind::Idle:
         return 0;
-    case Kind::kConnecting:
+    case Kind::Connecting:
         return kRoom | kHangUp;
-    case Kind::kListening:
+    case Kind::Listening:
         return Wants(FD_ACCEPT) ? kData | kHangUp : 0;
-    case Kind::kConnected:
-    case Kind::kDatagram:
+    case Kind::Connected:
+    case Kind::Datagram:
         if (m_over)
             return 0;
         if (Wants(FD_READ) && !m_ended)
@@ -69,19 +69,19 @@ unsigned NetworkEvents::Interest() const {
 bool NetworkEvents::Observe(const Conditions& conditions) {
     const long before = m_recorded;
     switch (m_kind) {
-    case Kind::kIdle:
+    case Kind::Idle:
         break;
-    case Kind::kConnecting:
+    case Kind::Connecting:
         ObserveConnecting(conditions);
         break;
-    case Kind::kListening:
+    case Kind::Listening:
         if (conditions.data)
             Record(FD_ACCEPT);
         break;
-    case Kind::kConnected:
+    case Kind::Connected:
         ObserveConnected(conditions);
         break;
-    case Kind::kDatagram:
+    case Kind::Datagram:
         if (conditions.data)
             Record(FD_READ);
         if (conditions.room)
@@ -96,7 +96,7 @@ void NetworkEvents::ObserveConnecting(const Conditions& conditions) {
         Connected();
         ObserveConnected(conditions);
     } else if (conditions.error != 0) {
-        m_kind = Kind::kIdle;
+        m_kind = Kind::Idle;
         Record(FD_CONNECT, conditions.error);
     } else if (conditions.room) {
         Connected();

@@ -14,7 +14,7 @@ namespace quorvel {
 
 class NetworkEvents {
 public:
-    enum class Kind { kIdle, kConnecting, kConnected, kListening, kDatagram };
+    enum class Kind { Idle, Connecting, Connected, Listening, Datagram };
 
     // What a look at the descriptor shows.
     struct Conditions {
@@ -29,7 +29,7 @@ public:
     enum Look : unsigned { kData = 1, kEnd = 2, kRoom = 4, kUrgent = 8, kHangUp = 16 };
 
     Kind GetKind() const { return m_kind; }
-    // An accepted socket becomes kConnected, one that connected by itself does so in Connected.
+    // An accepted socket becomes Connected, one that connected by itself does so in Connected.
     void Become(Kind kind) { m_kind = kind; }
     void Connect(); // begins, perhaps after an attempt that failed
     void Connected();
@@ -60,7 +60,7 @@ private:
     void ObserveConnecting(const Conditions& conditions);
     void ObserveConnected(const Conditions& conditions);
 
-    Kind m_kind = Kind::kIdle;
+    Kind m_kind = Kind::Idle;
     long m_mask = 0;
     long m_recorded = 0;
     long m_reported = 0;

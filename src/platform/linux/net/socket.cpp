@@ -149,8 +149,8 @@ int SendError(Socket& socket) {
     if (socket.GetDone().sendShut)
         return WSAESHUTDOWN;
     const NetworkEvents::Kind kind = KindOf(socket);
-    return socket.IsStream() && kind != NetworkEvents::Kind::kConnected &&
-                   kind != NetworkEvents::Kind::kConnecting
+    return socket.IsStream() && kind != NetworkEvents::Kind::Connected &&
+                   kind != NetworkEvents::Kind::Connecting
                ? WSAENOTCONN
                : socket.ResetError();
 }
@@ -175,7 +175,7 @@ int Receive(Socket& socket, int length, int flags, Call call) {
 // before the call returns; otherwise as much as there is room for.
 template <class Call>
 int Send(Socket& socket, int length, Call call) {
-    if (const int error = SendError(socket))
+    if (const int error = length < 0 ? WSAEINVAL : SendError(socket))
         return FailCall(error);
     int sent = 0;
     do {
@@ -279,7 +279,7 @@ int listen(SOCKET handle, int backlog) {
     if (const int error = Listen(*socket, backlog))
         return FailCall(error);
     socket->WithEvents(
-        [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::kListening); });
+        [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::Listening); });
     return 0;
 }
 
@@ -300,7 +300,7 @@ SOCKET accept(SOCKET handle, sockaddr* address, int* length) {
         return INVALID_SOCKET;
     const auto accepted = std::make_shared<Socket>(descriptor, true);
     accepted->WithEvents(
-        [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::kConnected); });
+        [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::Connected); });
     const SOCKET result = NewSocket(accepted);
     accepted->SelectAs(*listener);
     return result;
@@ -315,8 +315,8 @@ int connect(SOCKET handle, const sockaddr* address, int length) {
         return FailCall(native.Error());
     // After a finished connection the system would report success once.
     const NetworkEvents::Kind kind = KindOf(*socket);
-    if (kind == NetworkEvents::Kind::kConnected || kind == NetworkEvents::Kind::kListening)
-        return FailCall(kind == NetworkEvents::Kind::kConnected ? WSAEISCONN : WSAEINVAL);
+    if (kind == NetworkEvents::Kind::Connected || kind == NetworkEvents::Kind::Listening)
+        return FailCall(kind == NetworkEvents::Kind::Connected ? WSAEISCONN : WSAEINVAL);
     if (::connect(socket->Descriptor(), native.Get(), native.Length()) == 0) {
         if (socket->IsStream())
             socket->WithEvents([](NetworkEvents& events) { events.Connected(); });
@@ -400,8 +400,7 @@ int send(SOCKET handle, const char* buffer, int length, int flags) {
     if (socket == nullptr)
         return SOCKET_ERROR;
     return Send(*socket, length, [&](int sent) {
-        return ::send(socket->Descriptor(), buffer + sent,
-                      static_cast<std::size_t>(std::max(length - sent, 0)),
+        return ::send(socket->Descriptor(), buffer + sent, static_cast<std::size_t>(length - sent),
                       NativeFlags(flags) | MSG_NOSIGNAL);
     });
 }
@@ -413,7 +412,7 @@ int shutdown(SOCKET handle, int how) {
     if (how < SD_RECEIVE || how > SD_BOTH)
         return FailCall(WSAEINVAL);
     const NetworkEvents::Kind kind = KindOf(*socket);
-    if (kind != NetworkEvents::Kind::kConnected && kind != NetworkEvents::Kind::kDatagram)
+    if (kind != NetworkEvents::Kind::Connected && kind != NetworkEvents::Kind::Datagram)
         return FailCall(WSAENOTCONN);
     // Shutting the system's receiving side down would look like the end of the connection. A socket
     // of datagrams may have no connection, and refuses in SendError.

@@ -26,7 +26,7 @@ private:
 
 Socket::Socket(int descriptor, bool stream) : m_descriptor(descriptor), m_stream(stream) {
     if (!stream)
-        m_events.Become(NetworkEvents::Kind::kDatagram);
+        m_events.Become(NetworkEvents::Kind::Datagram);
 }
 
 Socket::~Socket() {
@@ -62,12 +62,12 @@ NetworkEvents::Conditions Socket::ConditionsOf(short polled) {
     conditions.hangUp = (polled & (POLLHUP | POLLERR)) != 0;
     conditions.data = (polled & POLLIN) != 0;
     // Readable may mean no more than the end, and a poll may come upon that before it tells of it.
-    const bool connected = m_events.GetKind() == NetworkEvents::Kind::kConnected;
+    const bool connected = m_events.GetKind() == NetworkEvents::Kind::Connected;
     if (conditions.end || conditions.hangUp || (conditions.data && connected)) {
         int bytes = 0;
         conditions.data = ioctl(m_descriptor, FIONREAD, &bytes) == 0 && bytes > 0;
     }
-    const bool connecting = m_events.GetKind() == NetworkEvents::Kind::kConnecting;
+    const bool connecting = m_events.GetKind() == NetworkEvents::Kind::Connecting;
     if (conditions.hangUp || connecting) {
         int error = 0;
         socklen_t length = sizeof error;
@@ -194,7 +194,7 @@ bool Socket::SharesAddress() {
 
 bool Socket::SetSharesAddress(bool shares) {
     const std::lock_guard lock(m_mutex);
-    const bool listens = m_events.GetKind() == NetworkEvents::Kind::kListening;
+    const bool listens = m_events.GetKind() == NetworkEvents::Kind::Listening;
     if (!listens && !ShareAddress(m_descriptor, shares))
         return false;
     m_sharesAddress = shares;
