@@ -139,6 +139,8 @@ TEST_F(VaskSocket, IsFoundFinishedWhenAFullQueueLosesItsStatuses) {
     Connect(socket, peer);
     const SOCKET server = peer.Accept();
     EXPECT_FALSE(socket.IsFinished());
+    while (socket.GetStatus() != CVaskSocket::statusSending) // a faster end would come in its place
+        std::this_thread::yield();
     closesocket(server);
     while (!socket.IsFinished())
         std::this_thread::yield();
