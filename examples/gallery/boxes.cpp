@@ -10,7 +10,7 @@
 #include "gallery.h"
 #include "german.h"
 #include "picture.h"
-#include "support/window_driver.h"
+#include "support/win/dialog_driver.h"
 
 namespace {
 
@@ -45,7 +45,10 @@ void ShowGerman() {
 template <void (*show)()>
 bool TakeBox(const char* path) {
     bool taken = false;
-    const BoxDriver driver([&](HWND box) { taken = SavePicture(box, path); });
+    const DialogDriver driver({[&](HWND box) {
+        taken = SavePicture(box, path);
+        ::EndDialog(box, IDCANCEL);
+    }});
     show();
     return taken;
 }

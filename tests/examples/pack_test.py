@@ -8,7 +8,6 @@ Streams are compared with Python's zlib, archives are read by Python's zipfile a
 
 import datetime
 import os
-import pty
 import subprocess
 import sys
 import zipfile
@@ -80,19 +79,6 @@ def check_refusals(program):
     check(read("kept") == b"kept", "a failure has changed its target")
 
 
-def check_progress(program):
-    """On a terminal there is a line that goes up to 100% and is wiped off."""
-    try:
-        terminal, side = pty.openpty()
-    except OSError as error:
-        print(f"skipped: the progress on a terminal; {error}")
-        return
-    subprocess.run(program + ["--progress", "deflate", "text", "out"], stderr=side, stdout=subprocess.DEVNULL)
-    shown = os.read(terminal, 65536).decode().split("\r")
-    check("pack: Deflating data. Please wait. 100%" in shown, f"progress shows {shown}")
-    check(not "".join(shown[-2:]).strip(), f"progress ends with {shown[-2:]}")
-
-
 def main(program):
     is_windows = program[-1].endswith(".exe")
     os.environ["TZ"] = "Europe/Berlin"  # where local time is never UTC
@@ -101,8 +87,6 @@ def main(program):
         check_streams(program)
         check_archives(program, is_windows)
         check_refusals(program)
-        if not is_windows:
-            check_progress(program)
         left = set(os.listdir()) - set(FILES) - {"out", "out2"}
         check(not left, f"left behind: {left}")
     finish()

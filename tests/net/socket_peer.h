@@ -8,8 +8,6 @@
 
 #if !defined(_WIN32)
 #include "platform/linux/net/host_lookup.h"
-
-#include <malloc.h>
 #endif
 
 #include "support/test.h"
@@ -236,20 +234,5 @@ inline int ThingsOpen() {
         return std::distance(std::filesystem::directory_iterator(folder), {});
     };
     return static_cast<int>(count("/proc/self/fd") + count("/proc/self/task"));
-#endif
-}
-
-// Of the heaps; 0 where a sanitizer has its own.
-inline std::size_t BytesInUse() {
-#if defined(_WIN32)
-    std::size_t bytes = 0;
-    std::vector<HANDLE> heaps(GetProcessHeaps(0, nullptr));
-    GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
-    for (const HANDLE heap : heaps)
-        for (PROCESS_HEAP_ENTRY entry = {}; HeapWalk(heap, &entry);)
-            bytes += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? entry.cbData : 0;
-    return bytes;
-#else
-    return mallinfo2().uordblks;
 #endif
 }

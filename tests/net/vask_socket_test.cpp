@@ -326,7 +326,6 @@ TEST_F(VaskSocket, HandsItsSocketBack) {
 TEST_F(VaskSocket, ClosesAtAnyMoment) {
     Peer peer;
     int before = 0;
-    std::size_t bytesBefore = 0;
     constexpr int kCycles = kOnLinux ? 10000 : 1000;
     for (int i = 0; i < kCycles; ++i) {
         ScriptedSocket socket;
@@ -347,37 +346,10 @@ TEST_F(VaskSocket, ClosesAtAnyMoment) {
         m_window.Forget(socket);
         if (i % 3 == 0)
             peer.Restart(); // drops what waits to be accepted
-        if (i == kCycles / 10) {
+        if (i == kCycles / 10)
             before = ThingsOpen();
-            bytesBefore = BytesInUse();
-        }
     }
     EXPECT_LE(ThingsOpen(), before + 10);
-    EXPECT_LE(BytesInUse(), bytesBefore + 10000);
-}
-
-TEST_F(VaskSocket, ManyWorkAtOnce) {
-    constexpr int kSockets = kOnLinux ? 400 : 200; // within the usual 1,024 descriptors
-    const std::string block(100000, 'x');
-    Peer peer;
-    std::vector<std::unique_ptr<ScriptedSocket>> sockets;
-    std::thread server([&] {
-        for (int i = 0; i < kSockets; ++i) {
-            const SOCKET accepted = peer.Accept();
-            peer.Send(accepted, block);
-            closesocket(accepted);
-        }
-    });
-    for (int i = 0; i < kSockets; ++i) {
-        sockets.push_back(std::make_unique<ScriptedSocket>());
-        Connect(*sockets.back(), peer);
-    }
-    for (const auto& socket : sockets) {
-        m_window.PumpUntil(
-            [&] { return !socket->IsThreadActive(); }); // a full queue loses statuses
-        EXPECT_EQ(socket->Received().size(), block.size());
-    }
-    server.join();
 }
 
 TEST(WinsockErrorText, IsUnknownWhereThereIsNoRow) {

@@ -1,11 +1,9 @@
-// Drives a modal box from inside its own message loop. Windows only.
+// Windows and their parts, as they are seen from outside. Windows only.
 #pragma once
 
 #include <quorvel/framework/geometry.h>
 #include <quorvel/framework/string.h>
 
-#include <functional>
-#include <utility>
 #include <vector>
 
 // A visible dialog box of this thread; null when there is none.
@@ -22,48 +20,6 @@ inline HWND FindVisibleBox() {
     ::EnumThreadWindows(::GetCurrentThreadId(), find, reinterpret_cast<LPARAM>(&box));
     return box;
 }
-
-// While it lives, calls `act` once with the first dialog box that the thread shows, when the box
-// is visible and its loop runs. A box that `act` leaves open is ended with result -1, so that a
-// test fails rather than hangs.
-class BoxDriver {
-public:
-    explicit BoxDriver(std::function<void(HWND)> act) : m_act(std::move(act)) {
-        Current() = this;
-        m_timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Tick);
-    }
-    BoxDriver(const BoxDriver&) = delete;
-    ~BoxDriver() {
-        Stop();
-        Current() = nullptr;
-    }
-
-    bool HasRun() const { return m_hasRun; }
-
-private:
-    static BoxDriver*& Current() {
-        static BoxDriver* s_current = nullptr; // the callback of a timer carries nothing of ours
-        return s_current;
-    }
-    static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
-        const HWND box = FindVisibleBox();
-        BoxDriver* const driver = Current();
-        if (box == nullptr || driver == nullptr || std::exchange(driver->m_hasRun, true))
-            return;
-        driver->Stop();
-        driver->m_act(box);
-        if (::IsWindowVisible(box)) // not one that is ending
-            ::EndDialog(box, -1);
-    }
-    void Stop() {
-        if (m_timer != 0)
-            ::KillTimer(nullptr, std::exchange(m_timer, 0));
-    }
-
-    std::function<void(HWND)> m_act;
-    UINT_PTR m_timer;
-    bool m_hasRun = false;
-};
 
 inline std::vector<HWND> ChildrenOf(HWND window) {
     std::vector<HWND> children;

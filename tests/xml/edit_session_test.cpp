@@ -38,12 +38,6 @@ TEST(EditSession, RefusesWhatLiesBeforeTheLastEdit) {
              true, _T("<p><x/><c/>\r\n<y n=\"1\"></y><z/></p>")},
             {"an attribute of its parent", [](auto& s) { return s.SetAttrib(_T("n"), _T("2")); },
              false, _T("<p><x/><y n=\"1\"></y><z/></p>")},
-            {"a child of the element before it",
-             [](auto& s) {
-                 s.ResetChildPos();
-                 return s.FindChildElem(_T("x")) && s.IntoElem() && s.AddChildElem(_T("c"));
-             },
-             false, _T("<p><x/><y n=\"1\"></y><z/></p>")},
         };
     for (const auto& [label, edit, accepted, after] : kRows) {
         MarkupProbe markup(_T("<p><x/><y></y><z/></p>"));

@@ -159,17 +159,4 @@ TEST(VaskWizard, ShowsItsPagesTitles) {
     EXPECT_GT(tops[1], tops[0]);
 }
 
-TEST(VaskWizard, KeepsEvents) {
-    CVaskWizard wizard(_T("Wizard"));
-    CVaskEvent event;
-    wizard.AddEvent(CVaskEvent(_T("a")));
-    wizard.AppendEvents({CVaskEvent(_T("b")), CVaskEvent(_T("c"))});
-    EXPECT_TRUE(wizard.UpdateEvent(1, CVaskEvent(_T("B"))));
-    EXPECT_TRUE(wizard.DeleteEvent(0));
-    EXPECT_FALSE(wizard.DeleteEvent(2));
-    EXPECT_EQ(wizard.GetEventCount(), 2);
-    EXPECT_TRUE(wizard.GetEvent(0, event));
-    EXPECT_EQ(event.GetDescription(), _T("B"));
-}
-
 } // namespace

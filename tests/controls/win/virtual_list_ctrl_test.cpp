@@ -4,6 +4,7 @@
 #include "controls/win/list_window.h"
 
 #include <algorithm>
+#include <concepts>
 
 namespace {
 
@@ -60,10 +61,9 @@ public:
         for (; *names != 0; ++names)
             AddItem(new CRow(static_cast<WCHAR>(*names), ('z' - *names) / 2));
     }
-    void Select(std::initializer_list<int> rows) {
+    void Select(std::same_as<int> auto... rows) {
         UnselectAllItems();
-        for (const int row : rows)
-            SelectItem(row);
+        (SelectItem(rows), ...);
     }
     void Type(const char* keys) {
         for (; *keys != 0; ++keys)
@@ -76,6 +76,7 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
     ListParent parent;
     CRowList list(parent);
     CRow* const x = new CRow('x');
+    const std::vector<int> several = {3, 1, 1, 9, -1};
     const struct {
         const char* label;
         std::function<int()> act;
@@ -86,11 +87,7 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
         {"add nothing", [&] { return list.AddItem(nullptr); }, -1, "d b a c"},
         {"insert outside", [&] { return list.InsertItem(5, x) + list.InsertItem(-1, x); }, -2,
          "d b a c"},
-        {"select",
-         [&] {
-             return list.Select({1, 3}), 0;
-         },
-         0, "d *b a *c!"},
+        {"select", [&] { return list.Select(1, 3), 0; }, 0, "d *b a *c!"},
         {"insert in between", [&] { return list.InsertItem(2, x); }, 2, "d *b x a *c!"},
         {"sort by name", [&] { return list.SortItems(0, TRUE, FALSE); }, TRUE, "a *b *c! d x"},
         {"again", [&] { return list.SortItems(0, TRUE, FALSE); }, FALSE, "a *b *c! d x"},
@@ -100,22 +97,15 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
         {"forced", [&] { return list.SortItems(0, FALSE, TRUE); }, TRUE, "d *c! *b a C"},
         {"equal ones stay in order", [&] { return list.SortItems(1, TRUE, FALSE); }, TRUE,
          "C d *c! *b a"},
-        {"one moves up", [&] { return list.Select({3}), list.MoveSelectedItemUp(); }, 2,
+        {"one moves up", [&] { return list.Select(3), list.MoveSelectedItemUp(); }, 2,
          "C d *b! c a"},
         {"and down", [&] { return list.MoveSelectedItemDown(); }, 3, "C d c *b! a"},
         {"delete before", [&] { return list.DeleteItem(0); }, TRUE, "d c *b! a"},
         {"delete the selected", [&] { return list.DeleteItem(2); }, TRUE, "d c *a!"},
         {"the last", [&] { return list.DeleteItem(list.GetItem(2)); }, TRUE, "d *c!"},
-        {"one of two",
-         [&] {
-             return list.Add("efg"), list.Select({1, 3}), list.DeleteItem(3);
-         },
-         TRUE, "d *c e g!"},
-        {"several",
-         [&] {
-             return list.DeleteItems({3, 1, 1, 9, -1});
-         },
-         2, "d *e!"},
+        {"one of two", [&] { return list.Add("efg"), list.Select(1, 3), list.DeleteItem(3); }, TRUE,
+         "d *c e g!"},
+        {"several", [&] { return list.DeleteItems(several); }, 2, "d *e!"},
         {"all selected",
          [&] { return list.Add("abc"), list.SelectAllItems(), list.InsertItem(0, new CRow('z')); },
          0, "z *d *e! *a *b *c"},
@@ -155,7 +145,7 @@ TEST(VirtualListCtrl, FollowsWhatUsersSelect) {
         keys[VK_SHIFT] = 0;
         ::SetKeyboardState(keys);
     };
-    list.Select({1});
+    list.Select(1);
     list.SetSelectionMark(1);
     press(VK_DOWN, true);
     press(VK_DOWN, true);
@@ -171,7 +161,7 @@ TEST(VirtualListCtrl, FollowsWhatUsersSelect) {
 
     CRowList single(parent, LVS_SINGLESEL);
     single.Add("cab");
-    single.Select({0});
+    single.Select(0);
     single.SortItems(0, TRUE, FALSE);
     EXPECT_EQ(RowsOf(single), "a b *c!");
     single.Type("\x01");
@@ -188,7 +178,7 @@ TEST(VirtualListCtrl, KeepsTheFocusedRowInViewAndLeavesItemsToTheirOwner) {
         for (int i = 0; i < 100; ++i)
             list.AddItem(
                 owned.emplace_back(std::make_unique<CRow>(static_cast<WCHAR>('A' + i))).get());
-        list.Select({0});
+        list.Select(0);
         list.SortItems(0, FALSE, FALSE);
         EXPECT_TRUE(list.IsItemSelected(99));
         EXPECT_GT(list.GetTopIndex(), 50);
@@ -265,7 +255,7 @@ TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
         ListParent parent;
         CRowList list(parent);
         list.Add("abBc");
-        list.Select({0});
+        list.Select(0);
         list.Type(row.typed);
         EXPECT_EQ(RowsOf(list), row.rows) << row.typed;
     }
@@ -302,16 +292,16 @@ TEST(VirtualListCtrl, CopiesTheSelectedRowsAsTheyAreShown) {
     ListParent parent;
     CRowList list(parent);
     list.Add("abc");
-    list.Select({0, 2});
+    list.Select(0, 2);
     list.Type("\x03");
     EXPECT_EQ(ClipboardText(), _T("a\ta1\ta2\r\nc\tc1\tc2\r\n"));
     const int order[] = {2, 0, 1};
     list.SetColumnOrderArray(3, order);
     list.ShowVaskColumn(1, FALSE);
-    list.Select({1});
+    list.Select(1);
     list.Type("\x03");
     EXPECT_EQ(ClipboardText(), _T("b2\tb\r\n"));
-    list.Select({});
+    list.Select();
     list.Type("\x03");
     EXPECT_EQ(ClipboardText(), _T("b2\tb\r\n")) << "nothing selected";
 }
@@ -345,7 +335,7 @@ TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
         ListParent parent;
         CRowList list(parent);
         list.Add("dcab");
-        list.Select({2, 1, 0}); // d, c and a, the focus on d
+        list.Select(2, 1, 0); // d, c and a, the focus on d
         bool isFirst = true;
         parent.m_onNotify = [&](const NMHDR& header) {
             if (header.code == static_cast<UINT>(LVN_ITEMCHANGED) && std::exchange(isFirst, false))

@@ -4,7 +4,7 @@
 
 #include "frame/win/help_target.h"
 #include "support/test.h"
-#include "support/window_driver.h"
+#include "support/win/dialog_driver.h"
 
 namespace {
 
@@ -54,11 +54,11 @@ TEST(HelpTarget, OpensOnceForTheButtonAndOnceForTheKey) {
         SCOPED_TRACE(label);
         g_opened.Empty();
         QuorvelSetOpenExternalLinkCallback(hook);
-        const BoxDriver driver([&](HWND box) {
+        const DialogDriver driver({[&](HWND box) {
             ask(box);
             EXPECT_TRUE(::IsWindow(box)) << "stays open";
             Click(box, IDOK);
-        });
+        }});
         EXPECT_EQ(AfxVaskMessageBox(_T("Text."), MB_OK | MB_HELP, target), IDOK);
         EXPECT_EQ(g_opened, opened);
     }

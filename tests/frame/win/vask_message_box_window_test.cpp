@@ -2,7 +2,7 @@
 #include <quorvel/frame/vask_message_box.h>
 
 #include "support/test.h"
-#include "support/window_driver.h"
+#include "support/win/dialog_driver.h"
 
 namespace {
 
@@ -94,12 +94,13 @@ TEST(VaskWindow, HasItsPartsInTheirPlaces) {
     for (const auto& [label, heading, text, check, type] : rows) {
         SCOPED_TRACE(label);
         ::SetActiveWindow(owner.Window());
-        const BoxDriver driver([&](HWND box) {
+        const DialogDriver driver({[&](HWND box) {
             ExpectApartAndInside(box);
             ExpectCentredOver(owner.Window(), box);
             ExpectPart(box, kHeadingId, heading, FW_BOLD, SS_NOPREFIX, SS_NOPREFIX);
             ExpectPart(box, kCheckBoxId, check, FW_NORMAL, BS_TYPEMASK, BS_CHECKBOX);
-        });
+            ::EndDialog(box, IDOK);
+        }});
         int state = 0;
         if (heading != nullptr && check != nullptr)
             AfxVaskMessageBox(heading, text, check, state, type, nullptr);
@@ -117,14 +118,14 @@ TEST(VaskWindow, ClicksToggleTheCheckBoxAndComeBack) {
     const std::tuple<int, int, int> rows[] = {{0, 2, 0}, {1, 0, 1}, {7, 1, 1}};
     for (const auto& [before, clicks, after] : rows) {
         SCOPED_TRACE(testing::Message() << before << " clicked " << clicks);
-        const BoxDriver driver([&](HWND box) {
+        const DialogDriver driver({[&](HWND box) {
             const HWND checkBox = ::GetDlgItem(box, kCheckBoxId);
             EXPECT_EQ(::SendMessageW(checkBox, BM_GETCHECK, 0, 0), before == 1);
             for (int i = 0; i < clicks; ++i)
                 Click(box, kCheckBoxId);
             EXPECT_EQ(::SendMessageW(checkBox, BM_GETCHECK, 0, 0), after);
             Click(box, IDCANCEL);
-        });
+        }});
         int checkState = before;
         EXPECT_EQ(AfxVaskMessageBox(kShort, _T("&Again"), checkState, MB_OKCANCEL, nullptr),
                   IDCANCEL);

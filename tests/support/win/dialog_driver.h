@@ -1,9 +1,12 @@
-// Drives a modal dialog or property sheet of the framework from inside its message loop.
+// Drives a modal dialog, property sheet or message box from inside its message loop.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
 
 #include "support/window_driver.h"
+
+#include <functional>
+#include <vector>
 
 // While it lives, calls the steps one after another, each with the front visible dialog box of the
 // thread, when all messages of the step before are handled. A dialog that is still there long after
@@ -38,8 +41,14 @@ private:
         if (Current()->m_next < Current()->m_steps.size())
             Current()->m_steps[Current()->m_next++](box);
         else if (++Current()->m_waited > kPatience)
-            if (CWnd* const wnd = CWnd::FromHandlePermanent(box))
-                wnd->EndModalLoop(-99);
+            End(box);
+    }
+
+    static void End(HWND box) {
+        if (CWnd* const wnd = CWnd::FromHandlePermanent(box))
+            wnd->EndModalLoop(-99);
+        else // a message box
+            ::EndDialog(box, -99);
     }
 
     const std::vector<Step> m_steps;
