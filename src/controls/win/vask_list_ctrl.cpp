@@ -11,6 +11,7 @@ IMPLEMENT_DYNAMIC(CVaskListCtrl, CListCtrl)
 
 BEGIN_MESSAGE_MAP(CVaskListCtrl, CListCtrl)
 ON_WM_CREATE()
+ON_WM_DESTROY()
 ON_WM_PAINT()
 ON_WM_SIZE()
 ON_WM_SYSCOLORCHANGE()
@@ -59,6 +60,15 @@ int CVaskListCtrl::OnCreate(CREATESTRUCTW* parameters) {
     const int result = CListCtrl::OnCreate(parameters);
     AttachHeader();
     return result;
+}
+
+// Not every platform ends a menu with its owner.
+void CVaskListCtrl::OnDestroy() {
+    if (m_isMenuOpen)
+        ::EndMenu();
+    if (m_columnsDlg != nullptr)
+        m_columnsDlg->EndDialog(IDCANCEL);
+    CListCtrl::OnDestroy();
 }
 
 // Columns
@@ -208,8 +218,15 @@ void CVaskListCtrl::ResetColumns() {
 }
 
 INT_PTR CVaskListCtrl::EditColumns() {
+    if (m_columnsDlg != nullptr)
+        return -1;
     CColumnsDlg dialog(this, this);
-    return dialog.DoModal();
+    m_columnsDlg = &dialog;
+    const HWND window = m_hWnd;
+    const INT_PTR result = dialog.DoModal();
+    if (::IsWindow(window)) // otherwise this object may be gone
+        m_columnsDlg = nullptr;
+    return result;
 }
 
 int CVaskListCtrl::GetDefaultColumnWidth(int) {
@@ -299,7 +316,27 @@ BOOL CVaskListCtrl::OnHdnItemclick(UINT, NMHDR* header, LRESULT*) {
     return FALSE;
 }
 
-// The header's menu
+// The header's keys and menu
+
+BOOL CVaskListCtrl::PreTranslateMessage(MSG* message) {
+    const bool isShiftTab = message->message == WM_KEYDOWN && message->wParam == VK_TAB &&
+                            ::GetKeyState(VK_SHIFT) < 0 && ::GetKeyState(VK_CONTROL) >= 0;
+    if (isShiftTab && message->hwnd == m_hWnd && CanFocusHeader()) {
+        m_header.SetFocus();
+        return TRUE;
+    }
+    if (isShiftTab && message->hwnd == m_header.m_hWnd) { // the dialog goes on from the list
+        SetFocus();
+        message->hwnd = m_hWnd;
+    }
+    return CListCtrl::PreTranslateMessage(message);
+}
+
+bool CVaskListCtrl::CanFocusHeader() const {
+    return m_header.m_hWnd != nullptr && m_header.IsWindowVisible() && m_header.IsWindowEnabled() &&
+           GetInsertedColumnCount() > 0 &&
+           (m_columns->columns.HasRecords() || !m_isHeaderSortBlocked);
+}
 
 // Some platforms send the header's message to its parent at once.
 void CVaskListCtrl::OnContextMenu(CWnd* wnd, CPoint point) {
@@ -323,10 +360,12 @@ void CVaskListCtrl::OnHeaderContextMenu(int, UINT, CPoint point) {
                           item.text);
     }
     const HWND window = m_hWnd;
+    m_isMenuOpen = true;
     const UINT command = static_cast<UINT>(
         popup->TrackPopupMenu(TPM_RIGHTBUTTON | TPM_RETURNCMD, point.x, point.y, this));
     if (!::IsWindow(window)) // it was destroyed while the menu was open, and maybe this object
         return;
+    m_isMenuOpen = false;
     if (command == QUORVEL_COMMAND_COLUMNS)
         EditColumns();
     else if (m_columns->columns.Toggle(command))

@@ -258,6 +258,49 @@ TEST(VaskListCtrl, ShowsAndHidesColumnsByTheHeadersMenu) {
     }
 }
 
+// A host ends a list, its window or its object, whenever it wants, also in a loop of the list's.
+TEST(VaskListCtrl, EndsWithItsMenuOrDialogOpen) {
+    typedef std::unique_ptr<CReportList> List;
+    const auto menuKey = [](const List& list) {
+        const HWND header = HeaderOf(*list).m_hWnd;
+        ::SendMessageW(header, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(header), -1);
+    };
+    const auto rightClick = [](const List& list) {
+        const HWND header = HeaderOf(*list).m_hWnd;
+        ::SendMessageW(header, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(5, 5));
+        ::SendMessageW(header, WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
+    };
+    const auto edit = [](const List& list) { EXPECT_EQ(list->EditColumns(), IDCANCEL); };
+    const auto endWindow = [](List& list, ListParent&) { list->DestroyWindow(); };
+    const auto endObject = [](List& list, ListParent&) { list.reset(); };
+    const auto endParent = [](List&, ListParent& parent) { parent.DestroyWindow(); };
+    const struct {
+        const char* label;
+        std::function<void(const List&)> open;
+        std::function<void(List&, ListParent&)> end;
+    } rows[] = {
+        {"menu, window", menuKey, endWindow},     {"menu, object", menuKey, endObject},
+        {"menu, parent", menuKey, endParent},     {"click, window", rightClick, endWindow},
+        {"click, object", rightClick, endObject}, {"dialog, window", edit, endWindow},
+        {"dialog, object", edit, endObject},
+    };
+    for (const auto& row : rows) {
+        ListParent parent;
+        List list = std::make_unique<CReportList>(parent);
+        list->AddColumns(3);
+        bool isEnded = false;
+        parent.m_onApp = [&] {
+            isEnded = true;
+            row.end(list, parent);
+        };
+        const HWND window = list->m_hWnd;
+        parent.PostMessage(WM_APP); // for the loop
+        row.open(list);
+        EXPECT_TRUE(isEnded) << row.label;
+        EXPECT_FALSE(::IsWindow(window)) << row.label;
+    }
+}
+
 TEST(VaskListCtrl, SavesAndLoadsItsColumnsInThreePlaces) {
     TestKey key;
     CWinApp app(_T("Lists"));

@@ -148,8 +148,8 @@ TEST(Dialog, EndsByWhatTheUserAndTheProgramDo) {
         {"pre-translation", Steps(enter), 8, "init gone ", endByKey, none, 0},
         {"an exception in pre-translation", Steps(enter, escape), IDCANCEL, "init cancel gone ",
          throwOnEnter, none, 1},
-        {"accelerators", Steps(PressWithCtrl('K'), PressWithCtrl('L'), escape), IDCANCEL,
-         "init command cancel gone ", none, none, 0},
+        {"accelerators", Steps(PressWith(VK_CONTROL, 'K'), PressWith(VK_CONTROL, 'L'), escape),
+         IDCANCEL, "init command cancel gone ", none, none, 0},
     };
     MessageBoxRecorder app;
     for (const Row& row : rows) {

@@ -151,7 +151,7 @@ TEST(Sheet, KnowsItsPages) {
             sheet.RemovePage(&sheet.m_second);
             EXPECT_EQ(sheet.GetPageIndex(&third), 1);
         },
-        PressWithCtrl(VK_TAB),
+        PressWith(VK_CONTROL, VK_TAB),
         [&](HWND) {
             EXPECT_EQ(sheet.GetActivePage(), &sheet.m_first) << "Ctrl+Tab";
             sheet.EndDialog(9);

@@ -72,16 +72,16 @@ inline HWND KeyboardOf(HWND box) {
 inline DialogDriver::Step Press(UINT key) {
     return [key](HWND box) { ::PostMessageW(KeyboardOf(box), WM_KEYDOWN, key, 1); };
 }
-// Presses a key with Ctrl, which counts as held while the key is handled.
-inline DialogDriver::Step PressWithCtrl(UINT key) {
-    return [key](HWND box) {
+// Presses a key with VK_CONTROL or VK_SHIFT, which counts as held while the key is pre-translated.
+inline DialogDriver::Step PressWith(int modifier, UINT key) {
+    return [modifier, key](HWND box) {
         BYTE keys[256];
         ::GetKeyboardState(keys);
-        keys[VK_CONTROL] = 0x80;
+        keys[modifier] = 0x80;
         ::SetKeyboardState(keys);
         MSG message = {KeyboardOf(box), WM_KEYDOWN, key, 1, 0, {}};
         CWnd::WalkPreTranslateTree(box, &message);
-        keys[VK_CONTROL] = 0;
+        keys[modifier] = 0;
         ::SetKeyboardState(keys);
     };
 }

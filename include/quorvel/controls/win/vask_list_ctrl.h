@@ -10,6 +10,10 @@
 // deleted by the operations of this class alone.
 //
 // The list's parent must be a window of the framework, which passes notifications back to the list.
+//
+// Shift+Tab leads from the list to its header, unless that is hidden or can do nothing: there are
+// no records and its clicks are blocked. The keys of the header are those of
+// CVaskListCtrlHeaderCtrl.
 #pragma once
 
 #include <quorvel/controls/win/vask_list_ctrl_header_ctrl.h>
@@ -18,6 +22,7 @@
 
 #include <memory>
 
+class CColumnsDlg;
 namespace quorvel {
 class Columns;
 class ColumnView;
@@ -70,8 +75,10 @@ public:
     // Every column as wide as its longest text, or with `useHeader` also as its heading. That asks
     // for the texts of all rows.
     void AutoSetColumnWidths(int useHeader);
-    void ResetColumns();   // all shown, in true order, with their default widths
-    INT_PTR EditColumns(); // the result of the columns dialog
+    void ResetColumns(); // all shown, in true order, with their default widths
+    // The result of the columns dialog, which ends with IDCANCEL when the list is destroyed. -1
+    // while it is open already.
+    INT_PTR EditColumns();
 
     // The sort state. The setters change it and the header's arrow without sorting.
     void SetSortColumn(int trueColumn);
@@ -143,6 +150,8 @@ public:
     // Gives the header the list's font. Also called when the list gets one.
     void UpdateFonts();
 
+    BOOL PreTranslateMessage(MSG* message) override;
+
     virtual int GetDefaultColumnWidth(int trueColumn); // 100
     virtual void LoadDefaultColumnWidths();            // fits every column to its heading
     // Sorts the items; here FALSE. An application sorts and returns TRUE. With `force` 0 it may
@@ -177,6 +186,7 @@ protected:
     void PreSubclassWindow() override;
 
     int OnCreate(CREATESTRUCTW* parameters);
+    void OnDestroy();
     void OnPaint();
     void OnSize(UINT type, int width, int height);
     void OnSysColorChange();
@@ -195,6 +205,7 @@ private:
     friend struct quorvel::ReportColumns;
 
     void AttachHeader();
+    bool CanFocusHeader() const;
     BOOL SortAndKeep(int trueColumn, BOOL ascending, int force);
     void UpdateSortArrow();
     int MoveSelectedItem(int direction);
@@ -202,6 +213,8 @@ private:
 
     CVaskListCtrlHeaderCtrl m_header;
     std::unique_ptr<quorvel::ReportColumns> m_columns;
+    bool m_isMenuOpen = false;
+    CColumnsDlg* m_columnsDlg = nullptr; // while it is open
     BOOL m_isHeaderSortBlocked = FALSE;
     BOOL m_areNonItemClicksBlocked = FALSE;
     CString m_emptyText;

@@ -1,0 +1,255 @@
+// Lists in dialogs and pages: their keys, their state, and changes of the system while they are
+// open.
+#include <quorvel/controls/win/auto_complete_edit.h>
+#include <quorvel/controls/win/vask_dialog.h>
+#include <quorvel/controls/win/vask_property_page.h>
+#include <quorvel/controls/win/vask_property_sheet.h>
+#include <quorvel/framework/app.h>
+#include <quorvel/framework/win/data_exchange.h>
+
+#include "controls/win/dialog_ids.h"
+#include "controls/win/list_window.h"
+#include "support/registry.h"
+#include "support/system_colors.h"
+#include "support/win/dialog_driver.h"
+
+namespace {
+
+typedef DialogDriver::Step Step;
+
+class CSortedList : public CVaskListCtrl {
+public:
+    std::string m_sorted;
+    void LoadDefaultColumnWidths() override {} // those of the columns are pixels to rely on
+
+protected:
+    BOOL SortItems(int column, int ascending, int) override {
+        m_sorted += std::to_string(column) + (ascending ? "up " : "down ");
+        return TRUE;
+    }
+};
+
+// Keeps each list and each edit in one of the places that can be declared, below the key "Key" of
+// the test, the path "Path" and the sections "Section" and "Edits".
+template <class Base>
+class Lists : public Base {
+public:
+    Lists(UINT templateId, const CString& root) : Base(templateId), m_root(root) {}
+
+    CSortedList m_lists[3];
+    CAutoCompleteEdit m_edits[2];
+    CFont m_ownFont; // the window's when there is one: the platform does not let it change
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        return message == WM_GETFONT && m_ownFont.GetSafeHandle() != nullptr
+                   ? reinterpret_cast<LRESULT>(m_ownFont.GetSafeHandle())
+                   : Base::WindowProc(message, wParam, lParam);
+    }
+    void DoDataExchange(CDataExchange* exchange) override {
+        Base::DoDataExchange(exchange);
+        DDX_Control(exchange, FIELD_NAME, m_edits[0]);
+        DDX_Control(exchange, FIELD_NOTE, m_edits[1]);
+        for (int i = 0; i < 3; ++i)
+            DDX_Control(exchange, FIELD_LIST + i, m_lists[i]);
+    }
+    BOOL LoadData() override {
+        for (CVaskListCtrl& list : m_lists) {
+            for (int i = 0; i < 3; ++i)
+                list.InsertVaskColumn(i, i, TRUE, _T("Name"), LVCFMT_LEFT, 50 + 10 * i);
+        }
+        return TRUE;
+    }
+    void GetBoldControlIDs(std::vector<int>& ids) override { ids = {FIELD_LABEL}; }
+
+    using Base::GetStateAutoCompleteEditCtrls;
+    using Base::GetStateListCtrls;
+    void PreLoadStateControls() override { OpenKey(); }
+    void PreSaveStateControls() override { OpenKey(); }
+    void PostLoadStateControls() override { ::RegCloseKey(m_key); }
+    void PostSaveStateControls() override { ::RegCloseKey(m_key); }
+    void GetStateAutoCompleteEditCtrls(quorvel::EditKeys& edits, int) override {
+        edits.SetAt(&m_edits[0], m_key);
+    }
+    void GetStateAutoCompleteEditCtrls(quorvel::EditSections& edits, int) override {
+        edits.SetAt(&m_edits[1], _T("Edits"));
+    }
+    void GetStateListCtrls(quorvel::ListKeys& lists, int) override {
+        lists.SetAt(&m_lists[0], m_key);
+    }
+    void GetStateListCtrls(quorvel::ListSections& lists, int) override {
+        lists.SetAt(&m_lists[1], _T("Section"));
+    }
+    void GetStateListCtrls(quorvel::ListPaths& lists, int) override {
+        lists.SetAt(&m_lists[2], CRegistryPath(HKEY_CURRENT_USER, m_root + _T("\\Path")));
+    }
+
+private:
+    void OpenKey() {
+        ::RegCreateKeyExW(HKEY_CURRENT_USER, m_root + _T("\\Key"), 0, nullptr, 0, KEY_ALL_ACCESS,
+                          nullptr, &m_key, nullptr);
+    }
+    const CString m_root; // below HKEY_CURRENT_USER
+    HKEY m_key = nullptr;
+};
+typedef Lists<CVaskDialog> CListsDlg;
+typedef Lists<CVaskPropertyPage> CListsPage;
+
+class ListInDialog : public testing::Test {
+protected:
+    ListInDialog() : m_app(_T("Lists")), m_root(m_key.Path()) {
+        ::CoInitialize(nullptr);
+        // The profile's sections then lie below the test's key.
+        m_app.SetRegistryKey(_T("Quorvel tests"));
+        ::free(const_cast<WCHAR*>(m_app.m_pszProfileName));
+        m_app.m_pszProfileName = ::wcsdup(m_key.Path().Mid(m_key.Path().ReverseFind('\\') + 1));
+    }
+    ~ListInDialog() override { ::CoUninitialize(); }
+
+    TestKey m_key;
+    CWinApp m_app;
+    const CString m_root;
+};
+
+// Shows the lists in a dialog or as the page of a sheet, and ends that after the step.
+void ShowDialog(const CString& root, const std::function<void(CListsDlg&)>& step) {
+    CListsDlg dialog(DIALOG_LISTS, root);
+    DialogDriver driver({[&](HWND) { step(dialog); }, Press(VK_ESCAPE)});
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+void ShowPage(const CString& root, const std::function<void(CListsPage&)>& step) {
+    CListsPage page(PAGE_LISTS, root);
+    CVaskPropertySheet sheet(_T("Sheet"));
+    sheet.AddPage(&page);
+    DialogDriver driver({[&](HWND) { step(page); }, Press(VK_ESCAPE)});
+    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+}
+
+// Changes one window, and expects to find the changes in the next.
+template <class Show>
+void ExpectStateIsKept(Show show) {
+    const char* const columns[] = {"0:50 2:70 | 1:60", "1:60 2:70 | 0:50", "0:50 1:60 | 2:70"};
+    show([&](auto& window) {
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(ColumnsOf(window.m_lists[i]), "0:50 1:60 2:70");
+            window.m_lists[i].ShowVaskColumn((i + 1) % 3 == 2 ? 0 : i == 2 ? 2 : 1, FALSE);
+        }
+        for (CAutoCompleteEdit& edit : window.m_edits)
+            EXPECT_TRUE(edit.AddMRUListEntry(_T("first")));
+    });
+    show([&](auto& window) {
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(ColumnsOf(window.m_lists[i]), columns[i]) << i;
+        for (CAutoCompleteEdit& edit : window.m_edits)
+            EXPECT_TRUE(edit.AddMRUListEntry(_T("second")));
+        window.m_edits[1].EnableAutoCompletion(FALSE); // its state is then not saved
+    });
+    show([&](auto& window) {
+        EXPECT_TRUE(window.m_edits[0].RemoveMRUListEntry(_T("second")));
+        EXPECT_FALSE(window.m_edits[1].RemoveMRUListEntry(_T("second")));
+        for (CAutoCompleteEdit& edit : window.m_edits)
+            EXPECT_TRUE(edit.RemoveMRUListEntry(_T("first")));
+    });
+}
+
+TEST_F(ListInDialog, KeepsItsStateInEveryDeclaredPlace) {
+    ExpectStateIsKept([&](const auto& step) { ShowDialog(m_root, step); });
+}
+
+TEST_F(ListInDialog, KeepsItsStateAsAPageDeclaresIt) {
+    ExpectStateIsKept([&](const auto& step) { ShowPage(m_root, step); });
+}
+
+TEST_F(ListInDialog, HeaderIsReachedAndUsedByKeys) {
+    CListsDlg dialog(DIALOG_LISTS, m_root);
+    std::vector<int> focused; // ids; 0 for the header of the first list
+    std::string columns;
+    const auto note = [&](HWND) {
+        const HWND focus = ::GetFocus();
+        focused.push_back(focus == HeaderOf(dialog.m_lists[0]).m_hWnd ? 0 : ::GetDlgCtrlID(focus));
+    };
+    const auto block = [&](HWND) { dialog.m_lists[0].BlockHeaderSort(); };
+    const auto forget = [&](HWND) { // a list that has neither a menu nor a sorting header
+        for (int i = 0; i < 3; ++i)
+            dialog.m_lists[0].DeleteVaskColumn(i);
+        dialog.m_lists[0].InsertColumn(0, _T("Name"), LVCFMT_LEFT, 50);
+    };
+    const auto openMenu = [&](HWND) { // and choose its first item
+        const HWND header = ::GetFocus();
+        for (const WPARAM key : {VK_DOWN, VK_RETURN})
+            dialog.m_lists[0].PostMessage(WM_KEYDOWN, key, 1);
+        ::SendMessageW(header, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(header), -1);
+        columns = ColumnsOf(dialog.m_lists[0]);
+    };
+    const Step tab = Press(VK_TAB), back = PressWith(VK_SHIFT, VK_TAB), space = Press(VK_SPACE),
+               left = Press(VK_LEFT), right = Press(VK_RIGHT);
+    // clang-format off
+    DialogDriver driver({
+        tab, note,
+        back, note, right, space, space, Press(VK_END), space, right, space, Press(VK_HOME), left, space,
+        tab, note,
+        back, back, note, tab, back, Press(VK_DOWN), note,
+        block, back, note, right, space, openMenu, tab,
+        forget, back, note, Press(VK_ESCAPE)});
+    // clang-format on
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(focused,
+              (std::vector<int>{FIELD_LIST, 0, FIELD_LIST, FIELD_NAME, FIELD_LIST, 0, FIELD_NAME}));
+    EXPECT_EQ(dialog.m_lists[0].m_sorted, "1up 1down 2up 2down 0up 1up 2up ")
+        << "the last two as the sort column leaves";
+    EXPECT_EQ(columns, "1:60 2:70 | 0:50");
+}
+
+// The font of a window as the height and weight that were asked for.
+std::pair<LONG, LONG> FontOf(const CWnd& wnd) {
+    LOGFONTW font = {};
+    ::GetObjectW(reinterpret_cast<HFONT>(wnd.SendMessage(WM_GETFONT)), sizeof font, &font);
+    return {font.lfHeight, font.lfWeight};
+}
+
+// Changes colours and font of the window, a dialog or page, and lets the system notify its
+// top-level window.
+template <class Window>
+void ExpectChangesAreFollowed(Window& window) {
+    constexpr COLORREF kRed = RGB(255, 0, 0), kBlue = RGB(0, 0, 255), kGreen = RGB(0, 255, 0);
+    CVaskListCtrl& list = window.m_lists[0];
+    list.InsertItem(0, _T(""));
+    list.InsertItem(1, _T(""));
+    list.SetRowsHighlighted();
+    HeaderOf(list).SetOwnArrow(TRUE);
+    list.SetSortColumn(1);
+    const auto colorOfRow = [&](int row) {
+        CRect rect;
+        list.GetItemRect(row, rect, LVIR_LABEL);
+        return Picture(list).At(rect.right - 4, (rect.top + rect.bottom) / 2);
+    };
+    {
+        const SystemColors colors({{COLOR_WINDOW, kRed},
+                                   {COLOR_WINDOWTEXT, kBlue},
+                                   {COLOR_BTNTEXT, kGreen},
+                                   {COLOR_GRAYTEXT, kBlue}});
+        EXPECT_EQ(colorOfRow(0), kRed);
+        EXPECT_EQ(colorOfRow(1), RGB(239, 0, 15)) << "a sixteenth of the text's colour";
+        EXPECT_FALSE(Picture(HeaderOf(list)).BoundsOf(kGreen).IsRectEmpty()) << "the arrow";
+        list.SetEmptyText(_T("nothing"));
+        list.DeleteAllItems();
+        EXPECT_FALSE(Picture(list).BoundsOf(kBlue).IsRectEmpty()) << "the text of an empty list";
+    }
+    EXPECT_TRUE(Picture(list).BoundsOf(kRed).IsRectEmpty()) << "as before";
+
+    LOGFONTW description = {};
+    window.GetFont()->GetLogFont(&description);
+    description.lfHeight = -29;
+    window.m_ownFont.CreateFontIndirect(&description);
+    list.SetFont(&window.m_ownFont);
+    ::SendMessageW(::GetAncestor(window.m_hWnd, GA_ROOT), WM_SETTINGCHANGE, 0, 0);
+    EXPECT_EQ(FontOf(*window.GetDlgItem(FIELD_LABEL)), std::make_pair(LONG{-29}, LONG{FW_BOLD}));
+    EXPECT_EQ(FontOf(HeaderOf(list)).first, -29);
+}
+
+TEST_F(ListInDialog, FollowsTheSystemsColorsAndFonts) {
+    ShowDialog(m_root, [](CListsDlg& dialog) { ExpectChangesAreFollowed(dialog); });
+    ShowPage(m_root, [](CListsPage& page) { ExpectChangesAreFollowed(page); });
+}
+
+} // namespace
