@@ -140,9 +140,16 @@ TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
         const char* state;
         const WCHAR* expected;
         int defaultLoads;
+        int sortColumn = -1;
+        bool isAscending = true;
     } rows[] = {
+        {"sorted", "Count=1 Width0=5 Sort=2 Up=0", _T("A5 B20 C30 (D40 )"), 0, 2, false},
+        {"by no column", "Count=1 Width0=5 Sort=4 Up=7", _T("A5 B20 C30 (D40 )"), 0},
+        {"by a negative one", "Count=0 Sort=-9 Up=-1", _T("A60 B60 C60 (D40 )"), 1},
+        {"by a huge one", "Count=0 Sort=2147483647 Up=0", _T("A60 B60 C60 (D40 )"), 1, -1, false},
+        {"by a hidden one", "Count=3 Persist=1 Width0=5 Order0=0 Sort=2 Up=1",
+         _T("A5 (B60 C60 D40 )"), 0, 2},
         {"nothing", "", _T("A60 B60 C60 (D40 )"), 1},
-        {"count of 0", "Count=0 Width0=50 Persist=1", _T("A60 B60 C60 (D40 )"), 1},
         {"count of -1", "Count=-1 Width0=50 Order0=0 Persist=1", _T("A60 B60 C60 (D40 )"), 1},
         {"huge count", "Count=2147483647 Persist=1 Width0=50 Order0=1 Width1=51 Order1=0",
          _T("B51 A50 (C60 D40 )"), 0},
@@ -187,31 +194,9 @@ TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
         EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE)) << row.label;
         EXPECT_EQ(list.Text(), CString(row.expected)) << row.label;
         EXPECT_EQ(list.view.m_defaultLoads, row.defaultLoads) << row.label;
-    }
-}
-
-TEST(ColumnState, HasASortColumnThatExistsOrNone) {
-    CWinApp app(_T("Program"));
-    const Place place(app);
-    const struct {
-        const char* state;
-        int sortColumn;
-        bool isAscending;
-    } rows[] = {
-        {"Count=1 Width0=5 Sort=2 Up=0", 2, false},
-        {"Count=1 Width0=5 Sort=3 Up=7", -1, true},
-        {"Count=0 Sort=-9 Up=-1", -1, true},
-        {"Count=0 Sort=2147483647 Up=0", -1, false},
-        {"Count=0 Sort=0", 0, false},
-        {"Count=3 Persist=1 Width0=5 Order0=0 Sort=2 Up=1", 2, true}, // and hidden
-    };
-    for (const auto& row : rows) {
-        SimulatedList list(3);
-        WriteState(place.test.Get(), row.state);
-        EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE));
-        EXPECT_TRUE(list.view.m_deletedSortColumns.empty()) << "no sorting";
-        EXPECT_EQ(list.columns.GetSortColumn(), row.sortColumn) << row.state;
-        EXPECT_EQ(list.columns.IsSortAscending(), row.isAscending) << row.state;
+        EXPECT_TRUE(list.view.m_deletedSortColumns.empty()) << row.label << ": sorts";
+        EXPECT_EQ(list.columns.GetSortColumn(), row.sortColumn) << row.label;
+        EXPECT_EQ(list.columns.IsSortAscending(), row.isAscending) << row.label;
     }
 }
 

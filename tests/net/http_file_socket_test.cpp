@@ -24,11 +24,7 @@ protected:
     // Connects, and gives what the server is asked.
     std::string Ask(CHttpFileSocket& socket) {
         Connect(socket);
-        std::string request;
-        char byte;
-        while (!request.ends_with("\r\n\r\n") && recv(m_server, &byte, 1, 0) == 1)
-            request += byte;
-        return request;
+        return Peer::ReadRequest(m_server);
     }
     // Sends, each piece once the socket has what came before, and ends the connection.
     void Answer(CHttpFileSocket& socket, const std::string& response, std::size_t piece) {
@@ -102,7 +98,6 @@ TEST_F(Download, TheFileIsWhatCame) {
         {"byte by byte", header + "\r\n\r\n", 1, whole},
         {"no end of the header", line + "X: y\r\n", 5, headless},
         {"nothing", "", 1, headless},
-        {"fewer bytes announced", line + "Content-Length: 3\r\n" + digits, 30000, whole},
         {"more bytes announced", line + "Content-Length: 99\r\n" + digits, 30000, whole},
         {"a long header", line + "A: " + long1MB + "\r\n\r\n", 30000, whole},
         // Wine does not report resets; Windows does.

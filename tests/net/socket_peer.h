@@ -37,6 +37,14 @@ public:
 
     UINT Port() const { return m_port; }
     SOCKET Accept() { return accept(m_socket, nullptr, nullptr); }
+    // What a client asks, up to the blank line.
+    static std::string ReadRequest(SOCKET from) {
+        std::string request;
+        char next;
+        while (!request.ends_with("\r\n\r\n") && recv(from, &next, 1, 0) == 1)
+            request += next;
+        return request;
+    }
     static void Send(SOCKET to, const std::string& bytes) {
         EXPECT_EQ(send(to, bytes.data(), static_cast<int>(bytes.size()), 0),
                   static_cast<int>(bytes.size()));

@@ -38,12 +38,10 @@ protected:
         m_server = std::thread([=, this] {
             for (int i = 0; i < requests; ++i) {
                 const SOCKET client = m_peer.Accept();
-                std::string request;
-                char byte;
-                while (!request.ends_with("\r\n\r\n") && recv(client, &byte, 1, 0) == 1)
-                    request += byte;
-                const std::string body = request.starts_with("GET") ? kListing : "";
+                const bool isGet = Peer::ReadRequest(client).starts_with("GET");
+                const std::string body = isGet ? kListing : "";
                 Peer::Send(client, "HTTP/1.1 200 OK\r\n" + fields + "\r\n" + body);
+                char byte;
                 while (stalls && i == requests - 1 && recv(client, &byte, 1, 0) > 0) {
                 }
                 closesocket(client);

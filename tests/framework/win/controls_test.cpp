@@ -127,7 +127,6 @@ TEST(CheckListBox, ChecksMoveWithTheirRowsAndNotifyTheParent) {
     list.ResetContent();
     EXPECT_EQ(list.AddString(_T("new")), 0);
     EXPECT_EQ(list.GetCheck(0), 0);
-    list.UpdateWindow(); // draws
 }
 
 TEST(Controls, RefuseWhatIsNotThere) {
