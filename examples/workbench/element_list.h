@@ -1,0 +1,37 @@
+// The list of the workbench: a row for each element of a document.
+#pragma once
+
+#include <quorvel/controls/win/virtual_list_ctrl.h>
+
+#include "document.h"
+
+class ElementItem : public CVirtualListCtrlItem {
+public:
+    ElementItem(const Document& document, int index) : m_document(&document), m_index(index) {}
+
+    const Document& GetDocument() const { return *m_document; }
+    int GetIndex() const { return m_index; }
+    CString GetSubItemText(int column) override;
+
+private:
+    const Document* m_document;
+    int m_index;
+};
+
+class ElementList : public CVirtualListCtrl {
+public:
+    enum Column { kName, kDepth, kAttributes, kText, kPosition, kColumnCount };
+
+    void InsertColumns();
+    // Shows these elements, or all of a document.
+    void Show(const Document& document, const std::vector<int>* indexes = nullptr);
+    void Clear();
+    void SelectElement(int index);
+
+    SortingFunction GetSortingFunction(int column, int ascending) override;
+    int GetDefaultColumnWidth(int trueColumn) override;
+    void LoadDefaultColumnWidths() override;
+
+private:
+    std::vector<ElementItem> m_items; // one block: a document may have millions
+};

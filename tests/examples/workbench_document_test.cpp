@@ -1,0 +1,84 @@
+// The document of the workbench: which elements it lists, what a filter finds, and edits.
+#include "workbench/document.h"
+
+#include "support/test.h"
+
+#include <string>
+
+namespace {
+
+CString Joined(const Document& document, const std::vector<int>& indexes) {
+    CString names;
+    for (const int index : indexes)
+        names += CString(document.NameOf(index)) + _T(" ");
+    return names;
+}
+
+Document Read(const WCHAR* text) {
+    Document document;
+    document.SetDoc(text);
+    document.ListElements();
+    return document;
+}
+
+const WCHAR kText[] =
+    _T("<a x='1'>\n first <b/><c y=\"two\" ><d>Third</d>\x00c4pfel</c><b>last</b>end</a>");
+
+TEST(WorkbenchDocument, ListsEveryElementInDocumentOrder) {
+    const std::tuple<const WCHAR*, int, const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
+        {_T("a"), 0, _T("x='1'"), _T("first"), kText},
+        {_T("b"), 1, _T(""), _T(""), _T("<b/>")},
+        {_T("c"), 1, _T("y=\"two\""), _T(""), _T("<c y=\"two\" ><d>Third</d>\x00c4pfel</c>")},
+        {_T("d"), 2, _T(""), _T("Third"), _T("<d>Third</d>")},
+        {_T("b"), 1, _T(""), _T("last"), _T("<b>last</b>")},
+    };
+    const Document document = Read(kText);
+    ASSERT_EQ(document.ElementCount(), static_cast<int>(std::size(rows)));
+    int index = 0;
+    for (const auto& [name, depth, attributes, text, source] : rows) {
+        SCOPED_TRACE(index);
+        EXPECT_EQ(CString(document.NameOf(index)), name);
+        EXPECT_EQ(document.DepthOf(index), depth);
+        EXPECT_EQ(CString(document.AttributesOf(index)), attributes);
+        EXPECT_EQ(CString(document.TextOf(index)), text);
+        EXPECT_EQ(CString(document.SourceOf(index)), source);
+        ++index;
+    }
+    EXPECT_EQ(Read(_T("<a><b></a>")).ElementCount(), 0);
+    EXPECT_EQ(Read(_T("")).ElementCount(), 0);
+}
+
+TEST(WorkbenchDocument, FindsTheInnermostElementAroundAText) {
+    const std::tuple<const WCHAR*, const WCHAR*> rows[] = {
+        {_T("FIRST"), _T("a ")},      {_T("end"), _T("a ")},   {_T("TWO"), _T("c ")},
+        {_T("\x00e4pfel"), _T("c ")}, {_T("third"), _T("d ")}, {_T("<b"), _T("b b ")},
+        {_T("t"), _T("a c d b ")},    {_T("absent"), _T("")},  {_T(""), _T("")},
+        {_T("</a>"), _T("a ")},       {_T("</a>x"), _T("")},
+    };
+    const Document document = Read(kText);
+    for (const auto& [text, names] : rows)
+        EXPECT_EQ(Joined(document, document.Find(text)), names) << CString(text);
+    EXPECT_TRUE(Document().Find(_T("a")).empty());
+}
+
+TEST(WorkbenchDocument, TakesAnotherSourceOnlyWhenItIsOneElement) {
+    const std::tuple<const WCHAR*, bool> rows[] = {
+        {_T("<n z='&lt;'>1</n>"), true},
+        {_T(""), false},
+        {_T("text"), false},
+        {_T("<n>"), false},
+        {_T("<n/><m/>"), false},
+        {_T("<n z=1/>"), false},
+    };
+    for (const auto& [source, isTaken] : rows) {
+        Document document = Read(kText);
+        CXMLFault fault;
+        EXPECT_EQ(document.ReplaceSource(2, source, fault), isTaken) << CString(source);
+        EXPECT_EQ(fault.nLine > 0, !isTaken) << CString(source);
+        EXPECT_EQ(document.ElementCount(), isTaken ? 4 : 5) << CString(source);
+        EXPECT_EQ(CString(document.SourceOf(2)),
+                  isTaken ? source : _T("<c y=\"two\" ><d>Third</d>\x00c4pfel</c>"));
+    }
+}
+
+} // namespace
