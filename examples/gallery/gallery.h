@@ -4,7 +4,7 @@
 #include <vector>
 
 struct Picture {
-    const char* name; // of the file, without the ending
+    const char* name; // the file name without the ending
     bool (*take)(const char* path);
     // Whether it is also taken on a screen of another resolution, and in the colours of high
     // contrast.

@@ -15,7 +15,7 @@ public:
     void ListElements();
 
     int ElementCount() const { return static_cast<int>(m_elements.size()); }
-    // Of an element by its index in document order. The views end with the next change.
+    // Elements are named by their index in document order. The views end with the next change.
     int DepthOf(int index) const { return m_elements[static_cast<std::size_t>(index)].depth; }
     int PositionOf(int index) const { return Record(index).nTagOpen; }
     View NameOf(int index) const;

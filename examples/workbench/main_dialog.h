@@ -78,7 +78,7 @@ private:
     std::unique_ptr<Document> m_document;
     Settings m_settings;
     CString m_file;
-    CString m_fileTime; // of the file when it was read or written
+    CString m_fileTime; // the time and size of the file when it was read or written
     HKEY m_stateKey = nullptr;
     HACCEL m_accelerators = nullptr;
     int m_shownSource = -1; // the element in the source field

@@ -79,7 +79,7 @@ void ReplacementFile::Write(const void* bytes, UINT count) {
         return WriteToFile(static_cast<const char*>(bytes), count);
     try {
         m_pending.append(static_cast<const char*>(bytes), count);
-    } catch (const std::exception&) { // of memory, or of the string's own limit
+    } catch (const std::exception&) { // no memory, or the string's own limit
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         ThrowLastError();
     }

@@ -13,7 +13,7 @@ typedef CHttpFileSocket Http; // whose statuses a connection has
 
 struct UpdateRequest {
     static constexpr std::size_t kHeaderLimit = 1 << 20;
-    // Of a download. Small, so that the progress moves on a slow line, and so that the count of
+    // For a download. Small, so that the progress moves on a slow line, and so that the count of
     // every piece fits into the 16 bits that a status has for it. A version file is asked for in
     // the same way: the two downloads differ in nothing but what becomes of the body.
     static constexpr UINT kReceiveBufferSize = 128;

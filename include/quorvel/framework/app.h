@@ -45,8 +45,8 @@ public:
     virtual BOOL WriteProfileBinary(const WCHAR* section, const WCHAR* entry, BYTE* data,
                                     UINT size);
     // A value of another kind, or of another size, is none. A text that was stored without its
-    // terminator is read whole. A null default is an empty text. The caller frees the binary data,
-    // of FALSE null and 0, with delete[].
+    // terminator is read whole. A null default is an empty text. The caller frees the binary data
+    // with delete[]; when the result is FALSE it is null and its size 0.
     virtual UINT GetProfileInt(const WCHAR* section, const WCHAR* entry, int defaultValue);
     virtual CString GetProfileString(const WCHAR* section, const WCHAR* entry,
                                      const WCHAR* defaultValue = nullptr);

@@ -1,8 +1,8 @@
 // What may be passed for the "..." of a formatting function.
 //
 // A variable argument list takes an object of any class without a word and then formats its bytes.
-// So each of these functions has two templates beside it, which a call with an object selects: one
-// hands on the text of strings, the other refuses objects of other classes at compile time.
+// So each of these functions has two template overloads, which a call with an object selects: one
+// passes on the text of strings, the other refuses objects of other classes at compile time.
 #pragma once
 
 #include <quorvel/platform/platform.h>

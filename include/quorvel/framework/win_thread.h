@@ -12,8 +12,8 @@ struct ThreadStart;
 
 typedef UINT (*AFX_THREADPROC)(void* parameter);
 
-// A thread of the library. An object that AfxBeginThread made for one goes with the end of its
-// function; with m_bAutoDelete FALSE the starter deletes it, once the thread has ended.
+// A thread of the library. An object that AfxBeginThread made is deleted when its function ends;
+// with m_bAutoDelete FALSE the starter deletes it, once the thread has ended.
 class QUORVEL_API CWinThread : public CCmdTarget {
     DECLARE_DYNAMIC(CWinThread)
 public:

@@ -45,7 +45,7 @@ struct AFX_NOTIFY {
 struct AFX_CMDHANDLERINFO {
     CWnd* pTarget;
 };
-// The notification code of a command: of a menu item, an accelerator or a clicked button.
+// The notification code of a command, which a menu item, an accelerator or a button sends.
 inline constexpr int CN_COMMAND = 0;
 
 struct AFX_MSGMAP {

@@ -6,10 +6,10 @@
 // fields included. Whether all of it came is the host's to tell, from the header's GetFileLength
 // and GetBytesReceived.
 //
-// HTTP alone is spoken: "https://" goes to the given port too, in the clear. The port is the one
-// given to Connect, not the one in the address.
+// The protocol is plain HTTP: an "https://" address too is requested in the clear. The port is the
+// one given to Connect, not the one in the address.
 //
-// What happens is posted to the status window: beside the base class's statuses statusHeaderParsed
+// What happens is posted to the status window. Statuses of this class are statusHeaderParsed
 // once the header was read, statusReceived with the count of each piece, statusSending with the
 // system's error when the local file can't be made and with the Winsock error when the request
 // can't be sent, and statusReceiving with the Winsock error when receiving fails and with the
@@ -35,7 +35,7 @@ class HttpHeaderReader;
 
 class QUORVEL_API CHttpFileSocket : public CVaskSocket {
 public:
-    enum HttpStatus { statusHeaderParsed = 1000 }; // beside the base class's
+    enum HttpStatus { statusHeaderParsed = 1000 }; // and the base class's
 
     CHttpFileSocket();
     ~CHttpFileSocket() override;

@@ -81,8 +81,8 @@ typedef HBRUSH__* HBRUSH;
 struct HHOOK__;
 typedef HHOOK__* HHOOK;
 
-// What is a macro here has to be one: it stands for nothing, pastes, or casts to a pointer, which
-// no constant can.
+// What is a macro here has to be one: it is empty, joins tokens, or casts to a pointer, which
+// no constant can do.
 #ifndef WINAPI
 #define WINAPI
 #endif

@@ -1,7 +1,7 @@
 // The socket types and constants of public signatures, on both systems.
 //
 // They are the system's own: on Windows the SDK's, on Linux those of <sys/socket.h> and its
-// neighbours, beside which Winsock's further names are constants here. So AF_INET6 or SO_KEEPALIVE
+// neighbours; names that only Winsock has are constants here. So AF_INET6 or SO_KEEPALIVE
 // is the system's number, an address that getaddrinfo found goes to a socket as it is, and any
 // other header for sockets may come before or after this one. One source serves both systems as
 // long as it uses the names; the numbers of several differ.

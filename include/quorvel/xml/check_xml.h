@@ -3,8 +3,8 @@
 // Well-formed is what Extensible Markup Language 1.0 and Namespaces in XML 1.0 say; expat judges.
 // Names are those of the fourth edition (expat also takes U+00AA, U+00B5 and U+00BA for letters),
 // and a document that declares version 1.1 is judged as one of 1.0, unless an option says
-// otherwise. One fault is told, the first: what follows a fault cannot be judged. Validity is not
-// looked at, and no external entity or document type definition is ever loaded; an entity that
+// otherwise. Only the first fault is reported: what follows a fault cannot be judged. Validity is
+// not looked at, and no external entity or document type definition is ever loaded; an entity that
 // could be declared in one is let pass. Internal entities are expanded, within expat's limit (100
 // times the size of the document where that exceeds 8 MB). Time and memory are linear in the text,
 // whatever its nesting. Any thread.

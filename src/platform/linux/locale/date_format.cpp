@@ -20,7 +20,7 @@ struct Moment {
     const DateNames& names;
     const SYSTEMTIME& time;
     unsigned dayOfWeek; // 0 is Sunday; the caller's may be wrong
-    bool besideDay;     // the month that comes next stands beside the number of the day
+    bool besideDay;     // the next month name is next to the number of the day
 };
 
 std::u16string Number(unsigned value, std::size_t digits) {
@@ -111,7 +111,7 @@ void WalkPicture(std::u16string_view picture, OnRun onRun, OnQuoted onQuoted) {
     }
 }
 
-// The length of the next run that stands for a day; 0 without one.
+// The length of the next run of day letters; 0 without one.
 std::size_t NextDay(std::u16string_view picture) {
     std::size_t next = 0;
     const auto look = [&next](char16_t letter, std::size_t count, std::u16string_view) {

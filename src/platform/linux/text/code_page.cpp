@@ -87,7 +87,7 @@ bool PutShaped(const CodePageTable& table, WCHAR unit, DWORD flags, WideOutput& 
         unit = Glyph(unit);
     UChar parts[8] = {unit};
     int count = 1;
-    const bool isSyllable = unit >= 0xac00 && unit <= 0xd7a3; // of Hangul: never taken apart
+    const bool isSyllable = unit >= 0xac00 && unit <= 0xd7a3; // Hangul is never taken apart
     if ((flags & MB_COMPOSITE) != 0 && unit >= 0x80 && !isSyllable) {
         UErrorCode error = U_ZERO_ERROR;
         const UNormalizer2* decomposer = unorm2_getNFDInstance(&error);

@@ -22,7 +22,7 @@ HANDLE HandleOf(Table::Key key) {
                                     << 2);
 }
 
-Table::Key KeyOf(HANDLE handle) { // of no slot for 0
+Table::Key KeyOf(HANDLE handle) { // finds nothing for what cannot be a handle
     const UINT_PTR number = reinterpret_cast<UINT_PTR>(handle) >> 2;
     const Table::Key key = {(number & kIndexMask) - 1,
                             static_cast<std::uint32_t>(number >> kIndexBits)};
@@ -34,7 +34,7 @@ struct Handles {
     Table table;
 };
 
-// Never destroyed: static objects of a host may close their handles after ours have gone.
+// Never destroyed: static objects of a host may close their handles after ours are destroyed.
 Handles& All() {
     static Handles& handles = *new Handles;
     return handles;

@@ -71,7 +71,7 @@ HWND HandleOf(Table::Key key) {
     return reinterpret_cast<HWND>(UINT_PTR{key.generation} << 16 | (key.index + 1) << 1);
 }
 
-Table::Key KeyOf(HWND handle) { // of no slot for what no window's handle can be
+Table::Key KeyOf(HWND handle) { // finds nothing for what cannot be a window's handle
     const UINT_PTR number = reinterpret_cast<UINT_PTR>(handle);
     const Table::Key key = {((number & 0xffff) >> 1) - 1, static_cast<std::uint32_t>(number >> 16)};
     return HandleOf(key) == handle ? key : Table::Key{SIZE_MAX, 0};
