@@ -73,6 +73,8 @@ TEST_F(Zip, FilesAreAddedAndReadBack) {
 TEST_F(Zip, WhatCannotBeDoneIsTold) {
     CString folder = m_folder.Path();
     folder.TrimRight(_T("\\/")); // with a separator at its end it is no path to the systems
+    const CString garbage = m_folder.Path(_T("garbage"));
+    m_folder.Write(_T("garbage"), std::string(100, 'x'));
     const CString inMissingFolder = m_folder.Path(_T("missing\\a"));
     const std::tuple<const char*, const WCHAR*, int, DWORD> refused[] = {
         {"null", nullptr, 0, ERROR_INVALID_PARAMETER},
@@ -80,6 +82,7 @@ TEST_F(Zip, WhatCannotBeDoneIsTold) {
         {"missing folder", inMissingFolder, 0, ERROR_PATH_NOT_FOUND},
         {"a folder", folder, 0, ERROR_ACCESS_DENIED},
         {"missing, to append to", m_missing, 1, ERROR_FILE_NOT_FOUND},
+        {"no archive, to add to", garbage, 2, ERROR_INVALID_DATA},
     };
     for (const auto& [label, path, append, error] : refused)
         EXPECT_EQ(ErrorOf([&, path = path, append = append] {
