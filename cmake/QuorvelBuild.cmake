@@ -87,6 +87,16 @@ else()
   target_link_libraries(quorvel_minizip INTERFACE ${QUORVEL_MINIZIP})
 endif()
 
+# libsodium checks signatures.
+if(WIN32)
+  quorvel_mingw_library(sodium)
+  target_compile_definitions(quorvel_sodium INTERFACE SODIUM_STATIC)
+else()
+  find_library(QUORVEL_SODIUM sodium REQUIRED)
+  add_library(quorvel_sodium INTERFACE)
+  target_link_libraries(quorvel_sodium INTERFACE ${QUORVEL_SODIUM})
+endif()
+
 # What the library links. System packages stay private to src/platform.
 add_library(quorvel_system INTERFACE)
 if(WIN32)
@@ -99,4 +109,4 @@ else()
   target_link_libraries(quorvel_system INTERFACE ICU::i18n ICU::uc ICU::data SQLite::SQLite3
     Threads::Threads)
 endif()
-target_link_libraries(quorvel_system INTERFACE quorvel_expat quorvel_minizip ZLIB::ZLIB)
+target_link_libraries(quorvel_system INTERFACE quorvel_expat quorvel_minizip quorvel_sodium ZLIB::ZLIB)

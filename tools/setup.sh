@@ -145,7 +145,7 @@ ensure_libraries() { # ensure_libraries WINDOWS-PRESET
     win32) cpu=i686 ;;
     *) cpu=x86_64 ;;
     esac
-    for name in expat minizip; do
+    for name in expat minizip sodium; do
         sh "$root/tools/mingw_library.sh" "$name" "$cpu" >/dev/null
     done
 }

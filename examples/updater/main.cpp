@@ -3,6 +3,7 @@
 #include "console_view.h"
 
 #include <quorvel/framework/app.h>
+#include <quorvel/framework/file.h>
 #include <quorvel/net/vask_socket.h>
 #include <quorvel/system/application_data_folders.h>
 #include <quorvel/update/check_for_updates.h>
@@ -20,7 +21,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr char kUsage[] =
-    R"(usage: updater [--site URL] --settings KEY [--file FILE] [--auto | --reset] [--yes]
+    R"(usage: updater [--site URL] --settings KEY [--file FILE] [--key FILE]... [--max-age DAYS]
+               [--auto | --reset] [--yes]
 
 Shows the update listing that was downloaded last, checks the site for a newer one, and
 downloads it.
@@ -29,6 +31,9 @@ downloads it.
                   HTTP at port 80, whatever scheme and port the address has
   --settings KEY  where the settings are, below HKEY_CURRENT_USER: Software\Company\Program
   --file FILE     the local updates file; without it one in the user's data folder
+  --key FILE      accepts only a listing that is signed by this public key of minisign, or by
+                  another one that is given in the same way
+  --max-age DAYS  with a key: reports a listing that is older
   --auto          checks only when the reminder of the settings is due
   --reset         forgets the listing and its date instead, after asking
   --yes           downloads or resets without asking
@@ -54,10 +59,21 @@ struct Options {
     CString site;
     CString settings;
     CString file;
+    std::vector<CString> keys; // names of files
+    int maxAge = 0;
     bool isAuto = false;
     bool resets = false;
     bool alwaysYes = false;
 };
+
+int ReadDays(const CString& text) {
+    if (text.IsEmpty() || text.GetLength() > 5 || text.SpanIncluding(_T("0123456789")) != text)
+        throw Failure{kExitUsage, _T("no number of days: ") + text};
+    int days = 0;
+    for (int i = 0; i < text.GetLength(); ++i)
+        days = days * 10 + (text[i] - '0');
+    return days;
+}
 
 Options ReadOptions(const std::vector<CString>& arguments) {
     Options options;
@@ -69,6 +85,10 @@ Options ReadOptions(const std::vector<CString>& arguments) {
             options.settings = arguments[++i];
         else if (arguments[i] == _T("--file") && hasValue)
             options.file = arguments[++i];
+        else if (arguments[i] == _T("--key") && hasValue)
+            options.keys.push_back(arguments[++i]);
+        else if (arguments[i] == _T("--max-age") && hasValue)
+            options.maxAge = ReadDays(arguments[++i]);
         else if (arguments[i] == _T("--auto"))
             options.isAuto = true;
         else if (arguments[i] == _T("--reset"))
@@ -94,6 +114,17 @@ CString DefaultFile() {
     return folder + _T("updates.xml");
 }
 
+void AddKeys(CCheckForUpdates& check, const std::vector<CString>& fileNames) {
+    for (const CString& each : fileNames) {
+        char bytes[1024]; // a key is shorter
+        CFile file(each, CFile::modeRead | CFile::shareDenyWrite);
+        const UINT count = file.Read(bytes, sizeof bytes);
+        const CStringA text(bytes, static_cast<int>(count));
+        if (!check.AddPublicKey(CString(text.GetString())))
+            throw Failure{kExitFailed, _T("no public key: ") + each};
+    }
+}
+
 // Until the check has ended. The check's own timer sees to it that an interruption is noticed.
 void DispatchMessages(CCheckForUpdates& check) {
     MSG message;
@@ -111,6 +142,8 @@ int Update(const Options& options) {
     ConsoleView view(options.alwaysYes);
     CCheckForUpdates check(path, options.file.IsEmpty() ? DefaultFile() : options.file, view);
     check.SetStrict(TRUE);
+    AddKeys(check, options.keys);
+    check.SetMaxAge(options.maxAge);
     check.Open();
     if (options.resets) {
         check.Reset();

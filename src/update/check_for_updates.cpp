@@ -48,3 +48,19 @@ void CCheckForUpdates::SetBodyLimit(ULONGLONG bytes) {
 void CCheckForUpdates::SetStrict(BOOL strict) {
     m_parts->flow.SetStrict(strict != FALSE);
 }
+
+void CCheckForUpdates::SetTransport(CUpdateTransport* transport) {
+    m_parts->source.SetTransport(transport);
+}
+
+BOOL CCheckForUpdates::SetPublicKey(const WCHAR* text) {
+    return m_parts->flow.Verifier().SetKey(text) ? TRUE : FALSE;
+}
+
+BOOL CCheckForUpdates::AddPublicKey(const WCHAR* text) {
+    return m_parts->flow.Verifier().AddKey(text) ? TRUE : FALSE;
+}
+
+void CCheckForUpdates::SetMaxAge(int days) {
+    m_parts->flow.SetMaxAge(days);
+}

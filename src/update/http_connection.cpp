@@ -5,6 +5,7 @@
 #include <quorvel/util/calendar/local_time.h>
 
 #include "platform/win32.h"
+#include "update/transport_connection.h"
 
 namespace quorvel {
 
@@ -13,6 +14,7 @@ namespace {
 constexpr const WCHAR* kClassName = _T("QuorvelUpdateStatus");
 constexpr UINT_PTR kPollTimer = 1;
 constexpr UINT kPollMilliseconds = 500;
+constexpr UINT kTransportMilliseconds = 100; // it need not notify of changes
 
 class Socket : public CHttpFileSocket {
 public:
@@ -57,8 +59,11 @@ public:
     ULONGLONG GetBytesReceived() const override { return m_socket.GetBytesReceived(); }
     bool IsHeaderParsed() const override { return m_socket.IsHeaderParsed() != FALSE; }
     const CHttpHeader& GetHeader() const override { return m_socket.GetHeaderConstRef(); }
-    CString GetHostServerIP() const override { return m_socket.GetHostServerIP(); }
-    CString GetHostObject() const override { return m_socket.GetHostObject(); }
+    // The host was looked up by this connection. It has a scheme, since an object such as
+    // "/?u=http://host" would be taken to hold it.
+    CString GetResolvedUrl() const override {
+        return _T("http://") + m_socket.GetHostServerIP() + m_socket.GetHostObject();
+    }
 
 private:
     static DWORD ErrorUnless(BOOL success) {
@@ -94,11 +99,16 @@ public:
     StatusWindow() {
         RegisterStatusClass();
         if (CreateEx(0, kClassName, _T(""), 0, 0, 0, 0, 0, nullptr, nullptr))
-            ::SetTimer(m_hWnd, kPollTimer, kPollMilliseconds, nullptr);
+            SetPollInterval(kPollMilliseconds);
     }
     ~StatusWindow() override { DestroyWindow(); }
 
+    void SetPollInterval(UINT milliseconds) {
+        ::SetTimer(m_hWnd, kPollTimer, milliseconds, nullptr);
+    }
+
     UpdateFlow* m_flow = nullptr;
+    TransportConnection* m_current = nullptr; // there is none without a request
 
 protected:
     LRESULT OnStatus(WPARAM socket, LPARAM status) {
@@ -107,8 +117,19 @@ protected:
                                    HIWORD(status));
         return 0;
     }
+    // A call of the check may end the connection, show a box, and begin the next one.
+    LRESULT OnTransportChanged(WPARAM, LPARAM) {
+        int status = 0;
+        DWORD error = 0;
+        if (m_current != nullptr)
+            m_current->Look();
+        while (m_flow != nullptr && m_current != nullptr && m_current->NextStatus(status, error))
+            m_flow->OnSocketStatus(m_current->GetSender(), status, error);
+        return 0;
+    }
     // Timers come when nothing else waits, so that no status is overtaken.
     void OnTimer(UINT) {
+        OnTransportChanged(0, 0);
         if (m_flow != nullptr)
             m_flow->Poll();
     }
@@ -118,6 +139,7 @@ protected:
 // clang-format off
 BEGIN_MESSAGE_MAP(HttpSource::StatusWindow, CWnd)
     ON_MESSAGE(CVaskSocket::STATUS_MESSAGE, &ThisClass::OnStatus)
+    ON_MESSAGE(TransportConnection::kChangedMessage, &ThisClass::OnTransportChanged)
     ON_WM_TIMER()
 END_MESSAGE_MAP()
 // clang-format on
@@ -130,7 +152,15 @@ void HttpSource::SetFlow(UpdateFlow* flow) {
     m_window->m_flow = flow;
 }
 
+void HttpSource::SetTransport(CUpdateTransport* transport) {
+    m_transport = transport;
+    m_window->SetPollInterval(transport != nullptr ? kTransportMilliseconds : kPollMilliseconds);
+}
+
 std::unique_ptr<UpdateConnection> HttpSource::NewConnection() {
+    if (m_transport != nullptr)
+        return std::make_unique<TransportConnection>(*m_transport, m_window->m_hWnd,
+                                                     m_window->m_current);
     return std::make_unique<HttpConnection>(m_window->m_hWnd, m_port);
 }
 

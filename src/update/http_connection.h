@@ -1,7 +1,9 @@
-// The connections of a check over HTTP, and the hidden window to which their sockets post.
+// The connections of a check, over HTTP or by a host's transport, and the hidden window to which
+// they post.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
+#include <quorvel/update/update_transport.h>
 
 #include "update/update_flow.h"
 
@@ -15,15 +17,19 @@ public:
     ~HttpSource() override;
 
     void SetFlow(UpdateFlow* flow); // the check that is told the statuses
+    // Null: HTTP over sockets.
+    void SetTransport(CUpdateTransport* transport);
 
     std::unique_ptr<UpdateConnection> NewConnection() override;
     CString GetWinsockErrorText(DWORD code) override;
     COleDateTime GetCurrentUTCTime() override;
+    bool IsStrict() const override { return m_transport != nullptr; }
 
 private:
     class StatusWindow;
 
     const UINT m_port;
+    CUpdateTransport* m_transport = nullptr;
     const std::unique_ptr<StatusWindow> m_window;
 };
 

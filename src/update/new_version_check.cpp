@@ -32,3 +32,15 @@ void CNewVersionCheck::OnCheckFinished(DWORD code) {
 void CNewVersionCheck::SetStrict(BOOL strict) {
     m_parts->flow.SetStrict(strict != FALSE);
 }
+
+void CNewVersionCheck::SetTransport(CUpdateTransport* transport) {
+    m_parts->source.SetTransport(transport);
+}
+
+BOOL CNewVersionCheck::SetPublicKey(const WCHAR* text) {
+    return m_parts->flow.Verifier().SetKey(text) ? TRUE : FALSE;
+}
+
+BOOL CNewVersionCheck::AddPublicKey(const WCHAR* text) {
+    return m_parts->flow.Verifier().AddKey(text) ? TRUE : FALSE;
+}

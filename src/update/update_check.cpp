@@ -19,6 +19,7 @@ namespace {
 
 constexpr ULONGLONG kBodyLimit = 64 << 20;
 constexpr DWORD kOk = 200;
+constexpr AcceptedNames kAcceptedNames = {_T("Signed Date"), _T("Signed Serial")};
 
 CString LoadText(UINT id) {
     CString text;
@@ -57,7 +58,7 @@ bool Exists(const CString& fileName) {
 
 UpdateCheck::UpdateCheck(const CRegistryPath& path, const WCHAR* localUpdatesFile,
                          CCheckForUpdatesView& view, UpdateSource& source)
-    : UpdateFlow(path, view, source, kBodyLimit, kTextUpdatesListingTooLong),
+    : UpdateFlow(path, view, source, kBodyLimit, kTextUpdatesListingTooLong, kAcceptedNames),
       m_fileName(localUpdatesFile),
       m_lastModified(StoredDate(AfxGetProfileCheckForUpdatesLastModified(path))) {}
 
@@ -136,10 +137,7 @@ void UpdateCheck::OnDateReceived() {
         return End(View::resultFailed, code);
     CString value;
     Connection()->GetHeader().FindFieldValue(_T("Last-Modified"), value);
-    // The host was looked up by this connection: the next one goes to the same address. It has a
-    // scheme, since an object such as "/?u=http://host" would be taken to hold it.
-    const CString url =
-        _T("http://") + Connection()->GetHostServerIP() + Connection()->GetHostObject();
+    const CString url = Connection()->GetResolvedUrl();
     LetGo();
     GetView().HideProgress();
     if (IsRunning())
@@ -153,6 +151,7 @@ void UpdateCheck::Offer(const COleDateTime& date, const CString& url) {
     const bool storedDateCounts = !IsStrict() || !IsInFuture(m_lastModified);
     if (storedDateCounts && !(date > m_lastModified)) {
         GetView().ShowMessage(LoadText(kTextUpdatesNoneAvailable), MB_OK | MB_ICONINFORMATION);
+        ReportStale();
         return End(View::resultUpToDate);
     }
     CString question;
@@ -195,8 +194,12 @@ void UpdateCheck::OnDownloadStatus(int status) {
         return;
     if (m_hasHeader && status != Http::statusHeaderParsed && !OnBytesReceived())
         return;
-    if (status == Http::statusEnded)
-        OnDownloaded();
+    if (status != Http::statusEnded)
+        return;
+    if (m_hasHeader)
+        TakeBody();
+    else
+        End(View::resultFailed, ResponseCode());
 }
 
 bool UpdateCheck::OnHeaderReceived() {
@@ -231,16 +234,22 @@ bool UpdateCheck::OnBytesReceived() {
     return !EndsAsTooLong(received);
 }
 
-void UpdateCheck::OnDownloaded() {
-    if (!m_hasHeader)
-        return End(View::resultFailed, ResponseCode());
-    Body body;
-    if (!FindBody(body) || (IsStrict() && !IsListing(body)))
+void UpdateCheck::OnBody(const Body& body) {
+    COleDateTime date;
+    if (IsStrict() && !IsListing(body, date))
         return;
+    const UpdateVerifier::Accepted former = Verifier().GetAccepted();
+    const UpdateVerifier::Accepted verified = Verifier().GetVerified(date);
+    if (IsSigned() && !MayReplace(verified))
+        return;
+    if (IsSigned())
+        Verifier().SetAccepted(verified); // before the file: a program that ends between is safe
     CString errorText;
     const bool isCopied = CopyResponseBody(body.fileName, body.begin, m_fileName, errorText);
     LetGo(); // before any box, or the timer would report the end again while it is shown
     if (!isCopied) {
+        if (IsSigned())
+            Verifier().SetAccepted(former);
         SetLastModified(m_formerLastModified);
         GetView().ShowMessage(errorText, MB_OK | MB_ICONEXCLAMATION);
         return End(View::resultFailed);
@@ -248,18 +257,40 @@ void UpdateCheck::OnDownloaded() {
     if (IsStrict())
         SetLastModified(m_pendingLastModified);
     const bool isLoaded = LoadListing();
+    ReportStale();
     End(isLoaded ? View::resultUpdated : View::resultFailed);
 }
 
 // False when it does not load; the check has then ended.
-bool UpdateCheck::IsListing(const Body& body) {
+bool UpdateCheck::IsListing(const Body& body, COleDateTime& date) {
     CUpdateListing listing;
     CString errorText;
     UINT icon = 0;
-    if (listing.Load(body.fileName, errorText, icon))
+    if (listing.Load(body.fileName, errorText, icon)) {
+        date = StoredDate(listing.GetPublishedDate());
         return true;
+    }
     Refuse(ERROR_INVALID_DATA, kTextUpdatesNotAListing, errorText);
     return false;
+}
+
+// Whether a verified listing may follow the one that was accepted last; the check has ended if not.
+bool UpdateCheck::MayReplace(const UpdateVerifier::Accepted& verified) {
+    if (Verifier().IsReplay(verified))
+        Refuse(ERROR_INVALID_DATA, kTextUpdatesReplayed);
+    else if (IsInFuture(verified.date)) // nothing could follow it
+        Refuse(ERROR_INVALID_DATA, kTextUpdatesDateInFuture, DateText(verified.date));
+    else
+        return true;
+    return false;
+}
+
+// Whoever holds newer listings back can't sign an old one with today's date.
+void UpdateCheck::ReportStale() {
+    const COleDateTime date = Verifier().GetAccepted().date;
+    if (!IsRunning() || !IsSigned() || m_maxAge < 1 || !IsOlderThan(date, m_maxAge))
+        return;
+    ShowMessage(kTextUpdatesStale, MB_OK | MB_ICONEXCLAMATION, DateText(date));
 }
 
 void UpdateCheck::Reset() {
@@ -270,6 +301,8 @@ void UpdateCheck::Reset() {
     m_listing.SetPublishedDate(COleDateTime());
     SetLastModified(COleDateTime());
     m_formerLastModified = COleDateTime(); // nor does a download that fails now bring it back
+    if (IsSigned())
+        Verifier().SetAccepted({});
     DeleteFileW(m_fileName);
     ShowPublished();
     GetView().ShowListing(m_listing);

@@ -29,6 +29,8 @@ public:
     // Asks, and then forgets the listing: its file and the date of the last download, not that of
     // the last check.
     void Reset();
+    // A verified listing older than so many days is reported; 0 for none.
+    void SetMaxAge(int days) { m_maxAge = days; }
 
 private:
     enum class Phase { Checking, Asking, Downloading };
@@ -42,14 +44,17 @@ private:
     bool OnHeaderReceived();
     bool OnBytesReceived();
     void ShowFigures(ULONGLONG received) const;
-    void OnDownloaded();
-    bool IsListing(const Body& body);
+    void OnBody(const Body& body) override;
+    bool IsListing(const Body& body, COleDateTime& date);
+    bool MayReplace(const UpdateVerifier::Accepted& verified);
+    void ReportStale();
     void SetLastModified(const COleDateTime& date);
     bool LoadListing();
     void ShowLastChecked() const;
     void ShowPublished() const;
 
     const CString m_fileName;
+    int m_maxAge = 0;
     CUpdateListing m_listing;
     Phase m_phase = Phase::Checking;
     COleDateTime m_lastModified;

@@ -24,6 +24,7 @@ struct UpdateRequest {
     UINT receiveBufferSize = 0;             // 0: the socket's default
     UINT hostTimeOut = 30000;               // of the look-up of the host, in milliseconds
     std::size_t headerLimit = kHeaderLimit; // a longer header ends it with WSAEMSGSIZE
+    ULONGLONG bodyLimit = ~ULONGLONG{0};    // of a transport; the check itself looks as well
 };
 
 // Destroying it closes it. Its statuses, those of CHttpFileSocket, arrive as calls of the check's
@@ -44,8 +45,10 @@ public:
     virtual bool HasEnded(DWORD& error) const = 0;
     virtual bool IsHeaderParsed() const = 0;
     virtual const CHttpHeader& GetHeader() const = 0; // once it is parsed
-    virtual CString GetHostServerIP() const = 0;
-    virtual CString GetHostObject() const = 0;
+    // An address for the next connection to the same file.
+    virtual CString GetResolvedUrl() const = 0;
+    // What the user reads of the error with which it has ended; empty: the text of the code.
+    virtual CString GetErrorText() const { return CString(); }
 };
 
 // Where connections come from, and what else of a check a test wants to fix.
@@ -55,6 +58,8 @@ public:
     virtual std::unique_ptr<UpdateConnection> NewConnection() = 0;
     virtual CString GetWinsockErrorText(DWORD code) = 0;
     virtual COleDateTime GetCurrentUTCTime() = 0;
+    // Whether answers that no healthy server gives are refused in any case.
+    virtual bool IsStrict() const { return false; }
 };
 
 } // namespace quorvel

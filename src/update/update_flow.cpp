@@ -3,6 +3,7 @@
 #include <quorvel/frame/byte_size.h>
 #include <quorvel/frame/exception_text.h>
 #include <quorvel/frame/module.h>
+#include <quorvel/framework/exceptions.h>
 #include <quorvel/net/http_status_code_text.h>
 #include <quorvel/res/message_ids.h>
 #include <quorvel/update/check_for_updates_profile.h>
@@ -26,9 +27,17 @@ constexpr DWORD kFirstSocketError = 10000;
 constexpr DWORD kNoStatusCode = 1; // has the text of an unknown code
 constexpr int kSecondsBetweenChecks = 15;
 constexpr UINT kReport = MB_OK | MB_ICONEXCLAMATION;
+constexpr DWORD kOk = 200;
+constexpr ULONGLONG kSignatureLimit = 16 << 10;
 
 CString SizeText(ULONGLONG bytes) {
     return AfxFormatFileSize(static_cast<__int64>(bytes));
+}
+
+// The name of the file gets the ending, and not what follows it in the address.
+CString SignatureUrl(const CString& url) {
+    const int end = url.FindOneOf(_T("?#"));
+    return end < 0 ? url + _T(".minisig") : url.Left(end) + _T(".minisig") + url.Mid(end);
 }
 
 } // namespace
@@ -41,6 +50,7 @@ struct UpdateFlow::Transfer {
             if (!each.IsEmpty())
                 DeleteFileW(each);
     }
+    CString url;
     CString fileName;
     CString decodedFileName;
     bool wasPolled = false; // since it was let go of
@@ -54,19 +64,15 @@ COleDateTime StoredDate(const COleDateTime& date) {
 }
 
 UpdateFlow::UpdateFlow(const CRegistryPath& path, View& view, UpdateSource& source,
-                       ULONGLONG bodyLimit, UINT tooLongTextId)
+                       ULONGLONG bodyLimit, UINT tooLongTextId, const AcceptedNames& acceptedNames)
     : m_path(path), m_view(view), m_source(source), m_bodyLimit(bodyLimit),
-      m_tooLongTextId(tooLongTextId),
+      m_tooLongTextId(tooLongTextId), m_verifier(path, acceptedNames),
       m_lastChecked(StoredDate(AfxGetProfileCheckForUpdatesLastChecked(path))) {}
 
 UpdateFlow::~UpdateFlow() = default;
 
 UpdateConnection* UpdateFlow::Connection() const {
     return m_transfer != nullptr ? m_transfer->connection.get() : nullptr;
-}
-
-CString UpdateFlow::TemporaryFileName() const {
-    return m_transfer != nullptr ? m_transfer->fileName : CString();
 }
 
 void UpdateFlow::ShowMessage(UINT textId, UINT type, const WCHAR* insert) const {
@@ -95,6 +101,11 @@ bool UpdateFlow::PassesRules(CString& url) {
     CString cause;
     if (IsActive()) {
         cause.LoadString(kTextUpdatesSocketActive);
+        ReportFailure(cause);
+        return false;
+    }
+    if (IsSigned() && !m_verifier.HasKeys()) {
+        cause.LoadString(kTextUpdatesKeyInvalid);
         ReportFailure(cause);
         return false;
     }
@@ -139,7 +150,9 @@ bool UpdateFlow::Open(bool withFile) {
 bool UpdateFlow::Connect(UpdateRequest request) {
     if (!IsRunning())
         return false;
+    m_transfer->url = request.url;
     request.localFile = m_transfer->fileName;
+    request.bodyLimit = BodyLimit();
     const DWORD error = m_transfer->connection->Connect(request);
     if (error == 0)
         return true;
@@ -176,16 +189,26 @@ UpdateFlow::Expected UpdateFlow::ExpectedBytes() const {
 
 bool UpdateFlow::EndsAsTooLong(ULONGLONG bytes) {
     const ULONGLONG header = Connection()->GetHeader().GetLength();
-    const bool isTooLong = bytes > header && bytes - header > m_bodyLimit;
+    const bool isTooLong = bytes > header && bytes - header > BodyLimit();
     if (isTooLong)
-        Refuse(WSAEMSGSIZE, m_tooLongTextId, SizeText(m_bodyLimit));
+        RefuseAsTooLong();
     return isTooLong;
+}
+
+ULONGLONG UpdateFlow::BodyLimit() const {
+    return m_unverified != nullptr ? kSignatureLimit : m_bodyLimit;
+}
+
+void UpdateFlow::RefuseAsTooLong() {
+    const UINT textId =
+        m_unverified != nullptr ? UINT{kTextUpdatesSignatureTooLong} : m_tooLongTextId;
+    Refuse(WSAEMSGSIZE, textId, SizeText(BodyLimit()));
 }
 
 bool UpdateFlow::FindBody(Body& body) {
     const CHttpHeader& header = Connection()->GetHeader();
     body = {m_transfer->fileName, header.GetLength()};
-    if (!m_isStrict)
+    if (!IsStrict())
         return true;
     if (const DWORD error = NewTemporaryFile(m_transfer->decodedFileName)) {
         EndWithStatusError(error);
@@ -194,13 +217,13 @@ bool UpdateFlow::FindBody(Body& body) {
     body = {m_transfer->decodedFileName, 0};
     CString errorText;
     BodyDecoder::Outcome outcome;
-    if (!DecodeResponseBody(m_transfer->fileName, header, m_bodyLimit, body.fileName, outcome,
+    if (!DecodeResponseBody(m_transfer->fileName, header, BodyLimit(), body.fileName, outcome,
                             errorText)) {
         End(View::resultFailed, ERROR_WRITE_FAULT, errorText);
         return false;
     }
     if (outcome == BodyDecoder::Outcome::TooLong)
-        Refuse(WSAEMSGSIZE, m_tooLongTextId, SizeText(m_bodyLimit));
+        RefuseAsTooLong();
     else if (outcome == BodyDecoder::Outcome::Incomplete)
         Refuse(ERROR_INVALID_DATA, kTextUpdatesIncomplete);
     else if (outcome == BodyDecoder::Outcome::Damaged)
@@ -208,11 +231,73 @@ bool UpdateFlow::FindBody(Body& body) {
     return outcome == BodyDecoder::Outcome::Complete;
 }
 
+void UpdateFlow::TakeBody() {
+    Body body;
+    if (!FindBody(body))
+        return;
+    if (IsSigned())
+        FetchSignature(body);
+    else
+        OnBody(body);
+}
+
+// The decoded body leaves the connection that it came with, whose other file may still be open.
+void UpdateFlow::FetchSignature(const Body& body) {
+    auto unverified = std::make_unique<Transfer>();
+    unverified->decodedFileName = body.fileName;
+    m_transfer->decodedFileName.Empty();
+    UpdateRequest request;
+    request.url = SignatureUrl(m_transfer->url);
+    request.headerOnly = false;
+    request.receiveBufferSize = UpdateRequest::kReceiveBufferSize;
+    LetGo();
+    if (!Open(true))
+        return End(View::resultFailed);
+    m_unverified = std::move(unverified);
+    if (!Connect(request))
+        End(View::resultFailed);
+}
+
+void UpdateFlow::OnSignatureStatus(int status) {
+    const bool isClosed = status == Http::statusEnded;
+    if (!isClosed && status != Http::statusHeaderParsed && status != Http::statusReceived)
+        return;
+    if (Connection()->IsHeaderParsed() &&
+        (EndsAsTooLong(ExpectedBytes().bytes) || EndsAsTooLong(Connection()->GetBytesReceived())))
+        return;
+    if (isClosed && ResponseCode() == kOk)
+        Verify();
+    else if (isClosed)
+        Refuse(ERROR_INVALID_DATA, kTextUpdatesSignatureMissing, ErrorText(ResponseCode()));
+}
+
+void UpdateFlow::Verify() {
+    Body signature;
+    if (!FindBody(signature))
+        return;
+    const Body body = {m_unverified->decodedFileName, 0};
+    CString insert;
+    try {
+        if (const UINT textId = m_verifier.Verify(body.fileName, signature.fileName, insert))
+            return Refuse(ERROR_INVALID_DATA, textId, insert);
+    } catch (CException* exception) {
+        AfxGetExceptionText(exception, insert);
+        exception->Delete();
+        return End(View::resultFailed, ERROR_READ_FAULT, insert);
+    }
+    OnBody(body);
+}
+
 bool UpdateFlow::IsInFuture(const COleDateTime& date) const {
     return date > m_source.GetCurrentUTCTime() + COleDateTimeSpan(1.0);
 }
 
+bool UpdateFlow::IsOlderThan(const COleDateTime& date, int days) const {
+    return date + COleDateTimeSpan(static_cast<double>(days)) < m_source.GetCurrentUTCTime();
+}
+
 void UpdateFlow::LetGo() {
+    m_unverified.reset();
     if (m_transfer == nullptr)
         return;
     m_transfer->connection->Close();
@@ -227,10 +312,14 @@ void UpdateFlow::Refuse(DWORD code, UINT textId, const WCHAR* insert) {
 
 // A code below the first socket error is the system's here, and not that of an answer.
 void UpdateFlow::EndWithStatusError(DWORD error) {
-    CString cause;
-    if (error == WSAEMSGSIZE)
-        return Refuse(error, kTextUpdatesHeaderTooLong, SizeText(UpdateRequest::kHeaderLimit));
-    if (error < kFirstSocketError)
+    const UpdateConnection* const connection = Connection();
+    CString cause = connection != nullptr ? connection->GetErrorText() : CString();
+    if (error == WSAEMSGSIZE && cause.IsEmpty())
+        return connection != nullptr && connection->IsHeaderParsed()
+                   ? RefuseAsTooLong()
+                   : Refuse(error, kTextUpdatesHeaderTooLong,
+                            SizeText(UpdateRequest::kHeaderLimit));
+    if (error < kFirstSocketError && cause.IsEmpty())
         AfxGetSystemErrorText(error, cause);
     End(View::resultFailed, error, cause);
 }
@@ -271,6 +360,8 @@ void UpdateFlow::OnSocketStatus(const void* sender, int status, DWORD error) {
         return; // it was let go of
     else if (error != 0 && status != Http::statusReceived)
         EndWithStatusError(error);
+    else if (m_unverified != nullptr)
+        OnSignatureStatus(status);
     else
         OnStatus(status);
 }

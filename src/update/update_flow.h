@@ -13,6 +13,7 @@
 #include <quorvel/update/check_for_updates_view.h>
 
 #include "update/update_connection.h"
+#include "update/update_verifier.h"
 
 #include <vector>
 
@@ -43,20 +44,25 @@ public:
     void SetBodyLimit(ULONGLONG limit) { m_bodyLimit = limit; }
     // Whether answers are refused that no healthy server gives; check_for_updates.h lists them.
     void SetStrict(bool isStrict) { m_isStrict = isStrict; }
+    // The keys of the publisher: with some, a body counts only with a good signature.
+    UpdateVerifier& Verifier() { return m_verifier; }
 
 protected:
     typedef CCheckForUpdatesView View;
 
     // The text says that a body is too long; its insert is the limit.
     UpdateFlow(const CRegistryPath& path, View& view, UpdateSource& source, ULONGLONG bodyLimit,
-               UINT tooLongTextId);
+               UINT tooLongTextId, const AcceptedNames& acceptedNames);
 
     const CRegistryPath& Path() const { return m_path; }
     View& GetView() const { return m_view; }
     COleDateTime LastChecked() const { return m_lastChecked; }
-    bool IsStrict() const { return m_isStrict; }
+    bool IsStrict() const { return m_isStrict || IsSigned() || m_source.IsStrict(); }
+    bool IsSigned() const { return m_verifier.IsOn(); }
+    const UpdateVerifier& Verifier() const { return m_verifier; }
     // Whether a date in UTC is more than a day ahead.
     bool IsInFuture(const COleDateTime& date) const;
+    bool IsOlderThan(const COleDateTime& date, int days) const;
 
     // Whether a check may start now; the view has shown why when it may not.
     bool PassesRules(CString& url);
@@ -66,7 +72,6 @@ protected:
     void NoteStart(); // now is when the last check was started
 
     UpdateConnection* Connection() const;
-    CString TemporaryFileName() const;
     // The code of the response, or one that stands for none.
     DWORD ResponseCode() const;
     // Header and body of the response, as its header tells in any letter case; of an unknown
@@ -85,8 +90,9 @@ protected:
         CString fileName;
         ULONGLONG begin = 0;
     };
-    // False for a body that is refused; the check has then ended.
-    bool FindBody(Body& body);
+    // The whole response has come: OnBody follows at once, or when the signature of the body has
+    // come and is good. A body that is refused ends the check.
+    void TakeBody();
 
     bool IsRunning() const { return m_state == State::Running; }
     void Abandon(); // a check that could not connect: it was never started
@@ -99,10 +105,18 @@ protected:
 
     // A status without an error of the connection in use.
     virtual void OnStatus(int status) = 0;
+    // The body may be used until LetGo.
+    virtual void OnBody(const Body& body) = 0;
 
 private:
     struct Transfer;
 
+    bool FindBody(Body& body);
+    void FetchSignature(const Body& body);
+    void OnSignatureStatus(int status);
+    void Verify();
+    ULONGLONG BodyLimit() const;
+    void RefuseAsTooLong();
     void ReportFailure(const CString& cause) const;
     void ReportSocketError(DWORD error) const;
     CString ErrorText(DWORD code) const;
@@ -114,12 +128,15 @@ private:
     ULONGLONG m_bodyLimit;
     const UINT m_tooLongTextId;
     bool m_isStrict = false;
+    UpdateVerifier m_verifier;
     COleDateTime m_lastChecked;
     enum class State { Idle, Running, Ended /* and not yet reported */ };
     State m_state = State::Idle;
     View::Result m_result = View::resultFailed;
     CString m_cause;
     std::unique_ptr<Transfer> m_transfer;
+    // While its signature is fetched: the body, without a connection.
+    std::unique_ptr<Transfer> m_unverified;
     std::vector<std::unique_ptr<Transfer>> m_retired;
 };
 

@@ -13,6 +13,7 @@ namespace {
 
 constexpr ULONGLONG kBodyLimit = 64 << 10;
 constexpr DWORD kOk = 200;
+constexpr AcceptedNames kAcceptedNames = {_T("Signed Version Date"), _T("Signed Version Serial")};
 
 // A text that does not has lost its end, or all of it: it would be read as another version.
 bool EndsWithDigit(const CStringA& version) {
@@ -34,7 +35,8 @@ UINT JudgeVersionText(const WCHAR* text, const CVersionNumber& current, CVersion
 
 VersionCheck::VersionCheck(const CRegistryPath& path, const CVersionNumber& current,
                            CCheckForUpdatesView& view, UpdateSource& source)
-    : UpdateFlow(path, view, source, kBodyLimit, kTextUpdatesVersionTooLong), m_current(current) {}
+    : UpdateFlow(path, view, source, kBodyLimit, kTextUpdatesVersionTooLong, kAcceptedNames),
+      m_current(current) {}
 
 bool VersionCheck::Check() {
     UpdateRequest request;
@@ -59,15 +61,20 @@ void VersionCheck::OnStatus(int status) {
         (EndsAsTooLong(ExpectedBytes().bytes) || EndsAsTooLong(Connection()->GetBytesReceived())))
         return;
     if (isClosed && ResponseCode() == kOk)
-        OnDownloaded();
+        TakeBody();
     else if (isClosed)
         End(View::resultFailed, ResponseCode());
 }
 
-void VersionCheck::OnDownloaded() {
-    Body body;
-    if (!FindBody(body))
-        return;
+void VersionCheck::OnBody(const Body& body) {
+    if (IsSigned()) {
+        const UpdateVerifier::Accepted verified =
+            Verifier().GetVerified(Verifier().GetSignedDate());
+        if (Verifier().IsReplay(verified))
+            return Refuse(ERROR_INVALID_DATA, kTextUpdatesReplayed);
+        if (!IsInFuture(verified.date)) // nothing could follow such a date
+            Verifier().SetAccepted(verified);
+    }
     CStringA version;
     CString text;
     const bool isRead = ReadResponseBody(body.fileName, body.begin, version, text);

@@ -25,7 +25,7 @@ public:
 
 private:
     void OnStatus(int status) override;
-    void OnDownloaded();
+    void OnBody(const Body& body) override;
 
     const CVersionNumber m_current;
 };

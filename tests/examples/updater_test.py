@@ -27,6 +27,14 @@ FIRST = LISTING.format(ITEM.format("Größe", 1, "high"))
 HOSTILE = "a\x1b[2Jb\x9b1mc\nNew: d\u202ee\u2029"
 SECOND = LISTING.format(ITEM.format("Größe", 1, "high") + ITEM.format(HOSTILE, 2, ""))
 HARMLESS = "New: a\ufffd[2Jb\ufffd1mc\ufffdNew: d\ufffde\ufffd http://h/2\n"
+SIGNED = LISTING.format(ITEM.format("Signed", 3, ""))
+# Of minisign 0.11.
+PUBLIC_KEY = "RWS/Khd8ASra5MzNYt/64RQe2AzAHYstVTQMYPHqRNbkKpmrGz9jG4En\n"
+SIGNATURE = """untrusted comment: signature from minisign secret key
+RUS/Khd8ASra5Cpbl130TxrR1Q0M29LH/TmmtqXh5BWgBVUW/wKCgO34EJalWJJ5NX7R4ac4Jt5ZaJKkcmgKGrlnSXY74DMD/AI=
+trusted comment: timestamp:1710232200 serial:7
+Skw0En52vymsOvkRKHgUu8NGuqQsBdBmAWLDMA7ktq8KX8NTQcBCHpoTMONyTBI2uF1bsfxlKW8OmlLdwZevBA==
+"""
 MANY = 60_000  # comparing each with each takes minutes
 RECENT = "You must wait at least 15 seconds before checking for updates again."
 
@@ -92,6 +100,20 @@ def main(folder):
     check(read("local.xml") == SECOND.encode(), "no listing: it has replaced the file")
     run("missing", new_key(), ["--site", f"http://{ADDRESS}/none.xml"], 1, "An error has occurred while checking",
         "The server has not found anything that matches the requested URI.")
+
+    run("no key", new_key(), [*site, "--key", "updates.xml"], 1)
+    with open("key.pub", "w", encoding="ascii") as file:
+        file.write(PUBLIC_KEY)
+    signed = [*site, "--yes", "--key", "key.pub"]
+    write(FIRST)
+    run("unsigned", new_key(), signed, 1, "The signature of the update could not be downloaded.")
+    with open("updates.xml.minisig", "w", encoding="ascii") as file:
+        file.write(SIGNATURE)
+    run("forged", new_key(), signed, 1, "The signature does not fit the update.")
+    check(read("local.xml") == SECOND.encode(), "signed: a refused listing has replaced the file")
+    write(SIGNED)
+    run("signed", new_key(), [*signed, "--max-age", "30"], 0, "There may be newer ones", "New: Signed")
+    check(read("local.xml") == SIGNED.encode(), "signed: another file")
 
     items = [f"<item><link>{i}</link></item>" for i in range(MANY + 1)]
     with open("local.xml", "w", encoding="utf-8") as file:

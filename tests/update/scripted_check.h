@@ -108,8 +108,9 @@ public:
         return m_reader.GetState() == quorvel::HttpHeaderReader::State::Complete;
     }
     const CHttpHeader& GetHeader() const override { return m_header; }
-    CString GetHostServerIP() const override { return _T("127.0.0.1"); }
-    CString GetHostObject() const override { return _T("/updates.xml?u=http://h"); }
+    CString GetResolvedUrl() const override {
+        return _T("http://127.0.0.1/updates.xml?u=http://h");
+    }
 
     // Bytes that arrive, as the sockets take them in.
     void Receive(const std::string& bytes) {

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class CUpdateTransport;
+
 // Downloads the number of the latest version, as text of at most 64 KB at the address of the
 // updates, and shows how the version of the running program compares with it. Exactly one message
 // is shown, and none after Cancel.
@@ -23,7 +25,10 @@ public:
     BOOL IsActive() const;
     void Cancel();
     void OnCheckFinished(DWORD code);
-    void SetStrict(BOOL strict); // FALSE by default; before Check
+    void SetStrict(BOOL strict);                    // FALSE by default; before Check
+    void SetTransport(CUpdateTransport* transport); // not owned; null: plain HTTP; before Check
+    BOOL SetPublicKey(const WCHAR* text);           // the only one; before Check
+    BOOL AddPublicKey(const WCHAR* text);           // one more
 
 private:
     struct Parts;

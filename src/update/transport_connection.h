@@ -1,0 +1,54 @@
+// A connection of a check that a host's transport makes.
+#pragma once
+
+#include <quorvel/update/update_transport.h>
+
+#include "update/update_connection.h"
+
+namespace quorvel {
+
+// Its statuses are not posted: whoever owns the window asks for them, when the window receives
+// kChangedMessage and now and then.
+class TransportConnection : public UpdateConnection {
+public:
+    static constexpr UINT kChangedMessage = WM_APP + 0x100;
+
+    // `current` is set to this one from Connect to Close.
+    TransportConnection(CUpdateTransport& transport, HWND window, TransportConnection*& current)
+        : m_transport(transport), m_window(window), m_current(current) {}
+    ~TransportConnection() override { Stop(); }
+
+    // Takes the transport's progress over for NextStatus.
+    void Look();
+    // The next of the statuses that stand for this progress; false when there are no more.
+    bool NextStatus(int& status, DWORD& error);
+
+    const void* GetSender() const override { return this; }
+    DWORD Create() override;
+    DWORD Connect(const UpdateRequest& request) override;
+    void Close() override;
+    bool HasEnded(DWORD& error) const override;
+    ULONGLONG GetBytesReceived() const override { return m_progress.received; }
+    bool IsHeaderParsed() const override { return m_isHeaderParsed; }
+    const CHttpHeader& GetHeader() const override { return m_header; }
+    CString GetResolvedUrl() const override { return m_url; }
+    CString GetErrorText() const override { return m_progress.errorText; }
+
+private:
+    void Stop();
+    void TakeHeader();
+
+    CUpdateTransport& m_transport;
+    const HWND m_window;
+    TransportConnection*& m_current;
+    CString m_url;
+    CUpdateTransport::Progress m_progress;
+    CHttpHeader m_header; // of no bytes: the file holds the body alone
+    bool m_isStarted = false;
+    bool m_isHeaderParsed = false;
+    // Which statuses were given.
+    bool m_toldConnected = false, m_toldHeader = false, m_toldEnd = false;
+    ULONGLONG m_toldReceived = 0;
+};
+
+} // namespace quorvel

@@ -1,0 +1,193 @@
+// Checks with a transport of the host: one that copies from a folder, and one whose progress is the
+// test's.
+#include <quorvel/update/update_transport.h>
+
+#include <quorvel/types/version_number.h>
+#include <quorvel/update/check_for_updates.h>
+#include <quorvel/update/new_version_check.h>
+
+#include "net/socket_peer.h"
+#include "support/test.h"
+#include "update/folder_transport.h"
+#include "update/scripted_check.h"
+
+namespace {
+
+typedef CCheckForUpdatesView View;
+
+const std::string kListing = "<?xml version='1.0'?><rss><channel><lastBuildDate>2024-03-12"
+                             "</lastBuildDate><item/></channel></rss>";
+
+class ScriptedTransport : public CUpdateTransport {
+public:
+    void Start(const Request& request) override {
+        m_request = request;
+        m_progress = Progress();
+        ++m_starts;
+    }
+    void Cancel() override { ++m_cancels; }
+    Progress GetProgress() const override { return m_progress; }
+    BOOL GetHeaderField(const WCHAR*, CString& value) const override {
+        value = _T("Tue, 12 Mar 2024 08:30:00 GMT");
+        return TRUE;
+    }
+    // Without a notification: the check looks by itself.
+    void Show(UINT statusCode, ULONGLONG received, ULONGLONG expected = 0) {
+        m_progress.isConnected = TRUE;
+        m_progress.statusCode = statusCode;
+        m_progress.received = received;
+        m_progress.expected = expected;
+    }
+    void End(DWORD error = 0, const CString& text = CString()) {
+        m_progress.hasEnded = TRUE;
+        m_progress.error = error;
+        m_progress.errorText = text;
+    }
+
+    Request m_request;
+    Progress m_progress;
+    int m_starts = 0, m_cancels = 0;
+};
+
+class CheckWithTransport : public testing::Test, protected CheckSurroundings {
+protected:
+    CheckWithTransport() {
+        AfxWriteProfileCheckForUpdatesURL(path, _T("https://host.example:8443/updates.xml"));
+        check.SetTransport(&scripted);
+        folder.Write(_T("local.xml"), "old");
+    }
+    void PumpUntilRequest(int number) {
+        StatusWindow::PumpUntil([&] { return scripted.m_starts == number; });
+    }
+    void Write(const std::string& bytes) {
+        std::FILE* const file = std::fopen(CStringA(scripted.m_request.fileName.GetString()), "wb");
+        std::fwrite(bytes.data(), 1, bytes.size(), file);
+        std::fclose(file);
+    }
+    std::string LocalFile() const { return folder.Read(_T("local.xml")); }
+
+    ScriptedTransport scripted;
+    CCheckForUpdates check{path, folder.Path(_T("local.xml")), view};
+};
+
+TEST_F(CheckWithTransport, AHostsFolderIsCheckedAsASiteIs) {
+    folder.Write(_T("updates.xml"), kListing);
+    folder.Write(_T("version.txt"), "1.2.3.5");
+    FolderTransport transport(folder.Path(_T("")));
+    check.SetTransport(&transport);
+    for (const auto result : {View::resultUpdated, View::resultUpToDate}) {
+        AfxWriteProfileCheckForUpdatesLastChecked(path, COleDateTime());
+        CCheckForUpdates each(path, folder.Path(_T("local.xml")), view);
+        each.SetTransport(&transport);
+        ASSERT_TRUE(each.Check());
+        StatusWindow::PumpUntil([&] { return !each.IsActive(); });
+        EXPECT_EQ(result, view.m_results.back());
+        EXPECT_EQ(kListing, LocalFile());
+    }
+    view.Take();
+    AfxWriteProfileCheckForUpdatesURL(path, _T("https://host.example/version.txt"));
+    AfxWriteProfileCheckForUpdatesLastChecked(path, COleDateTime());
+    CNewVersionCheck version(path, {1, 2, 3, 4}, view);
+    version.SetTransport(&transport);
+    ASSERT_TRUE(version.Check());
+    StatusWindow::PumpUntil([&] { return !version.IsActive() && !HasTemporaryFiles(); });
+    EXPECT_FALSE(HasTemporaryFiles());
+    EXPECT_EQ(View::resultUpdated, view.m_results.back());
+    EXPECT_NE(std::string::npos, view.Take().find("Latest version: 1.2.3.5"));
+}
+
+TEST_F(CheckWithTransport, TheRequestsAndTheProgressAreThoseOfADownload) {
+    ASSERT_TRUE(check.Check());
+    EXPECT_TRUE(scripted.m_request.headerOnly && scripted.m_request.fileName.IsEmpty());
+    EXPECT_EQ(_T("https://host.example:8443/updates.xml"), scripted.m_request.url);
+    scripted.Show(200, 0);
+    scripted.End();
+    PumpUntilRequest(2);
+    EXPECT_EQ(_T("https://host.example:8443/updates.xml"), scripted.m_request.url);
+    EXPECT_TRUE(!scripted.m_request.headerOnly && scripted.m_request.bodyLimit == 64 << 20);
+    view.Take();
+    scripted.Show(200, 50, 100);
+    StatusWindow::PumpUntil([&] { return view.m_percent == 50; });
+    EXPECT_EQ("Connected to updates server. Downloading the latest updates...\n"
+              "Downloaded 0 of 100 bytes (0%)\nDownloaded 50 of 100 bytes (50%)\n",
+              view.Take());
+    check.Cancel();
+    EXPECT_EQ(2, scripted.m_cancels);
+    StatusWindow::PumpUntil([&] { return !HasTemporaryFiles(); });
+    EXPECT_FALSE(check.IsActive() || HasTemporaryFiles());
+    EXPECT_EQ("", view.Take());
+    EXPECT_EQ(std::vector{View::resultCancelled}, view.m_results);
+}
+
+TEST_F(CheckWithTransport, WhatATransportGetsWrongIsRefusedInOneBox) {
+    const std::string error = "(30) An error has occurred while checking for updates.\r\n\r\n";
+    const struct {
+        const char* label;
+        UINT statusCode;
+        std::string body;
+        ULONGLONG expected;
+        DWORD error;
+        const WCHAR* errorText;
+        std::string shown;
+    } rows[] = {
+        {"no answer", 0, "", 0, WSAECONNREFUSED, _T("Nobody is at home."), "Nobody is at home."},
+        {"no library", 0, "", 0, ERROR_FILE_NOT_FOUND, _T("There is no library."),
+         "There is no library."},
+        {"breaks off", 200, "<?xml", 100, WSAECONNRESET, _T("Broken off."), "Broken off."},
+        {"short, and unnoticed", 200, kListing, 1000, 0, _T(""),
+         "The server's answer is incomplete. Please try again later."},
+        {"no listing", 200, "<html/>", 0, 0, _T(""), "The server did not send an update listing."},
+        {"too long", 200, kListing, 0, WSAEMSGSIZE, _T(""),
+         "The update listing is too long. At most 64.0 MB are accepted."},
+        {"announced as too long", 200, "", 65 << 20, 0, _T(""),
+         "The update listing is too long. At most 64.0 MB are accepted."},
+        {"without a code", 0, "", 0, 0, _T(""), "Unknown HTTP status code."},
+        {"missing", 404, "", 0, 0, _T(""),
+         "The server has not found anything that matches the requested URI."},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        AfxWriteProfileCheckForUpdatesLastChecked(path, COleDateTime());
+        CCheckForUpdates each(path, folder.Path(_T("local.xml")), view);
+        each.SetTransport(&scripted);
+        scripted.m_starts = 0;
+        ASSERT_TRUE(each.Check());
+        scripted.Show(200, 0);
+        scripted.End();
+        PumpUntilRequest(2);
+        view.Take();
+        if (!row.body.empty())
+            Write(row.body);
+        scripted.Show(row.statusCode, row.body.size(), row.expected);
+        scripted.End(row.error, row.errorText);
+        StatusWindow::PumpUntil([&] { return !each.IsActive() && !HasTemporaryFiles(); });
+        EXPECT_FALSE(each.IsActive() || HasTemporaryFiles());
+        const std::string shown = view.Take();
+        const std::size_t box = shown.find(error + row.shown);
+        EXPECT_NE(std::string::npos, box) << shown;
+        EXPECT_EQ(box, shown.find("(30) ")) << shown;
+        EXPECT_EQ(shown.rfind("(30) "), box) << shown;
+        EXPECT_EQ(View::resultFailed, view.m_results.back());
+        EXPECT_EQ("old", LocalFile());
+        EXPECT_EQ(COleDateTime(), AfxGetProfileCheckForUpdatesLastModified(path));
+    }
+}
+
+TEST_F(CheckWithTransport, ASecondCheckHasToWaitForTheTransport) {
+    ASSERT_TRUE(check.Check());
+    AfxWriteProfileCheckForUpdatesLastChecked(path, COleDateTime());
+    {
+        CCheckForUpdates second(path, folder.Path(_T("local.xml")), view);
+        second.SetTransport(&scripted);
+        EXPECT_FALSE(second.Check());
+    }
+    EXPECT_TRUE(check.IsActive());
+    EXPECT_EQ(0, scripted.m_cancels);
+    check.Cancel();
+    AfxWriteProfileCheckForUpdatesLastChecked(path, COleDateTime());
+    CCheckForUpdates third(path, folder.Path(_T("local.xml")), view);
+    third.SetTransport(&scripted);
+    EXPECT_TRUE(third.Check());
+}
+
+} // namespace
