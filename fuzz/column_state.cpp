@@ -1,0 +1,85 @@
+// A saved state of columns of any values: loading ends, leaves a list in order, and what is then
+// saved loads as the same.
+#include "fuzz_input.h"
+#include "support/registry.h"
+#include "support/simulated_columns.h"
+
+using namespace quorvel::win32;
+
+namespace {
+
+constexpr const WCHAR* kNames[] = {_T("Count"),          _T("Sort Column"),
+                                   _T("Sort Ascending"), _T("Persist Sort Order"),
+                                   _T("Width"),          _T("Sort Order")};
+
+void WriteValue(HKEY columns, FuzzInput& input) {
+    const unsigned what = input.Byte();
+    const WCHAR* const name = kNames[what % 6];
+    CString group;
+    if (what % 6 >= 4)
+        group.Format(_T("Column %u"), what / 6 % 8);
+    HKEY key = nullptr;
+    RegCreateKeyExW(columns, group, 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
+    const unsigned form = input.Byte();
+    // Small numbers are what most states hold.
+    const auto number =
+        form % 4 == 0 ? input.Value<std::uint32_t>() : static_cast<std::uint32_t>(input.Byte() - 1);
+    std::string bytes(reinterpret_cast<const char*>(&number), sizeof number);
+    if (form >= 240)
+        bytes.resize(form % 12);
+    TestKey::Set(key, name, form >= 224 && form < 240 ? form % 12 : REG_DWORD, bytes);
+    RegCloseKey(key);
+}
+
+void Define(SimulatedList& list) {
+    list.columns.Insert(0, 5, false, _T("F"), 1, 60, -1);
+    list.columns.Insert(0, 6, false, _T("G"), 0, -1, -1);
+}
+
+void CheckOrder(SimulatedList& list) {
+    int shown = 0;
+    for (const auto& [trueColumn, column] : list.columns.Records()) {
+        const int inserted = list.columns.GetInsertedColumn(trueColumn);
+        Require((inserted >= 0) == column.isVisible);
+        Require(!column.isVisible || list.columns.GetTrueColumn(inserted) == trueColumn);
+        shown += column.isVisible;
+    }
+    Require(shown == list.view.GetCount());
+    Require(list.columns.Find(list.columns.GetSortColumn()) != nullptr ||
+            list.columns.GetSortColumn() == -1);
+    std::vector<int> order = list.view.GetOrder();
+    std::sort(order.begin(), order.end());
+    for (int i = 0; i < shown; ++i)
+        Require(order[static_cast<std::size_t>(i)] == i);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzInput input(data, size);
+    const TestKey test;
+    HKEY columns = nullptr;
+    RegCreateKeyExW(test.Get(), _T("Columns"), 0, nullptr, 0, KEY_WRITE, nullptr, &columns,
+                    nullptr);
+    for (std::size_t count = std::min<std::size_t>(size / 3, 30); count > 0; --count)
+        WriteValue(columns, input);
+    RegCloseKey(columns);
+
+    SimulatedList list(5);
+    SimulatedList plain;
+    SimulatedList again(5);
+    Define(list);
+    Define(again);
+    for (int i = 0; i < 4; ++i)
+        plain.view.Insert(i, {});
+    Require(list.columns.LoadState(test.Get(), FALSE));
+    Require(plain.columns.LoadState(test.Get(), FALSE));
+    CheckOrder(list);
+    Require(plain.view.GetCount() == 4);
+
+    Require(list.columns.SaveState(test.Get(), FALSE));
+    Require(again.columns.LoadState(test.Get(), FALSE));
+    Require(again.Text() == list.Text());
+    Require(again.columns.GetSortColumn() == list.columns.GetSortColumn());
+    return 0;
+}

@@ -1,0 +1,57 @@
+// A saved list of texts of any values: loading ends within the limit, the texts are enumerated as
+// they were loaded, and what is then saved loads as the same but for texts of white space.
+#include <quorvel/controls/auto_complete_mru_list.h>
+
+#include "fuzz_input.h"
+#include "support/registry.h"
+
+using namespace quorvel::win32;
+
+namespace {
+
+std::vector<CString> TextsOf(CAutoCompleteMRUList& list) {
+    std::vector<CString> texts;
+    list.Reset();
+    WCHAR* text = nullptr;
+    while (list.Next(1, &text, nullptr) == S_OK) {
+        texts.push_back(text);
+        CoTaskMemFree(text);
+        text = nullptr;
+    }
+    Require(text == nullptr && texts.size() == list.GetElementCount());
+    return texts;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzInput input(data, size);
+    const TestKey test;
+    CAutoCompleteMRUList list;
+    list.SetSizeLimit(input.Byte());
+    for (std::size_t count = std::min<std::size_t>(size / 2, 24); count > 0; --count) {
+        const unsigned what = input.Byte();
+        const unsigned length = input.Byte();
+        std::string bytes;
+        for (unsigned i = 0; i < length; ++i)
+            bytes += static_cast<char>(input.Byte());
+        CString name;
+        name.Format(_T("MRU %u"), what % 32);
+        TestKey::Set(test.Get(), name, what < 224 ? REG_SZ : what % 12, bytes);
+    }
+    Require(list.LoadState(test.Get(), FALSE));
+    Require(list.GetElementCount() <= list.GetSizeLimit());
+    std::vector<CString> texts = TextsOf(list);
+
+    const TestKey other;
+    CAutoCompleteMRUList again(list);
+    Require(list.SaveState(other.Get(), FALSE));
+    Require(again.LoadState(other.Get(), FALSE));
+    std::erase_if(texts,
+                  [](const CString& text) { return !CAutoCompleteMRUList::IsValidElement(text); });
+    Require(TextsOf(again) == texts);
+
+    list.AddElement(_T("x"));
+    Require(TextsOf(list)[0] == _T("x") && list.GetElementCount() <= list.GetSizeLimit());
+    return 0;
+}
