@@ -26,10 +26,9 @@ constexpr ButtonText kSheetButtons[] = {
     {IDHELP, kTextSheetHelp},
 };
 constexpr ButtonText kWizardButtons[] = {
-    {kWizardNext, kTextWizardNext},
-    {kWizardFinish, kTextWizardFinish},
-    {kWizardBack, kTextWizardBack},
-    {IDCANCEL, kTextWizardCancel},
+    {kWizardNext, kTextWizardNext}, {kWizardFinish, kTextWizardFinish},
+    {kWizardBack, kTextWizardBack}, {IDCANCEL, kTextWizardCancel},
+    {IDHELP, kTextSheetHelp},
 };
 
 UINT Find(std::span<const ButtonText> buttons, int buttonId) {
@@ -47,11 +46,6 @@ CString Named(UINT textId, const CString& name) {
 }
 
 } // namespace
-
-void WizardEvents::Append(const WizardEvents& events) {
-    const std::vector<CVaskEvent> added = events.m_events;
-    m_events.insert(m_events.end(), added.begin(), added.end());
-}
 
 BOOL WizardEvents::Get(int index, CVaskEvent& event) const {
     if (!IsIndex(index))
@@ -74,23 +68,16 @@ BOOL WizardEvents::Delete(int index) {
     return TRUE;
 }
 
-BOOL WizardTexts::Set(CString& text, const WCHAR* value) {
-    if (value == nullptr)
-        return FALSE;
-    text = value;
-    return TRUE;
+CString WizardWelcomeText(const CString& name) {
+    return Named(kTextWizardWelcome, name);
 }
 
-CString WizardTexts::GetWelcomeText() const {
-    return Named(kTextWizardWelcome, m_name);
+CString WizardCompletingText(const CString& name) {
+    return Named(kTextWizardCompleting, name);
 }
 
-CString WizardTexts::GetCompletingText() const {
-    return Named(kTextWizardCompleting, m_name);
-}
-
-CString WizardTexts::GetCompletedText() const {
-    return Named(kTextWizardCompleted, m_name);
+CString WizardCompletedText(const CString& name) {
+    return Named(kTextWizardCompleted, name);
 }
 
 UINT SheetButtonText(int buttonId) {

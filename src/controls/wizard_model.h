@@ -1,5 +1,5 @@
-// What a wizard and its pages say: their names and titles, their events, and the texts of the
-// buttons of wizards and property sheets.
+// What a wizard and its pages say: the texts with a wizard's name, their events, and the texts of
+// the buttons of wizards and property sheets.
 //
 // Used on the user-interface thread. Lack of memory throws CMemoryException.
 #pragma once
@@ -14,8 +14,9 @@ namespace quorvel {
 class WizardEvents {
 public:
     void Add(const CVaskEvent& event) { m_events.push_back(event); }
-    // Those of another list behind these; the list itself doubles.
-    void Append(const WizardEvents& events);
+    void Append(const std::vector<CVaskEvent>& events) {
+        m_events.insert(m_events.end(), events.begin(), events.end());
+    }
     int GetCount() const { return static_cast<int>(m_events.size()); }
     // FALSE, and nothing changed, for an index outside 0 to the count.
     BOOL Get(int index, CVaskEvent& event) const;
@@ -28,28 +29,10 @@ private:
     std::vector<CVaskEvent> m_events;
 };
 
-// The name of a wizard, which also completes the texts of its first and last pages. Texts are set
-// as they are given; null is refused with FALSE.
-class WizardTexts {
-public:
-    BOOL SetName(const WCHAR* name) { return Set(m_name, name); }
-    BOOL SetHeaderTitle(const WCHAR* title) { return Set(m_headerTitle, title); }
-    BOOL SetHeaderSubTitle(const WCHAR* title) { return Set(m_headerSubTitle, title); }
-    const CString& GetName() const { return m_name; }
-    const CString& GetHeaderTitle() const { return m_headerTitle; }
-    const CString& GetHeaderSubTitle() const { return m_headerSubTitle; }
-
-    CString GetWelcomeText() const;
-    CString GetCompletingText() const;
-    CString GetCompletedText() const;
-
-private:
-    static BOOL Set(CString& text, const WCHAR* value);
-
-    CString m_name;
-    CString m_headerTitle;
-    CString m_headerSubTitle;
-};
+// The texts of a wizard's first and last pages, with its name.
+CString WizardWelcomeText(const CString& name);
+CString WizardCompletingText(const CString& name);
+CString WizardCompletedText(const CString& name);
 
 // The catalogue text of a button by the id that the system gives it; 0 for any other.
 UINT SheetButtonText(int buttonId);

@@ -33,15 +33,9 @@ struct WindowTraits {
     static bool IsAlive(HWND window) { return ::IsWindow(window) != FALSE; }
 };
 
-struct Message {
-    UINT message = 0;
-    WPARAM wParam = 0;
-    LPARAM lParam = 0;
-};
-
 struct WindowState {
     quorvel::HandleMap<WindowTraits> windows;
-    Message current;         // being handled, for CWnd::Default
+    MSG current = {};        // being handled, for CWnd::Default
     CWnd* awaited = nullptr; // gets the next window that is created
     HHOOK creationHook = nullptr;
 };
@@ -53,13 +47,13 @@ WindowState& State() {
 // Handlers send messages: the one outside is current again when the one inside is done.
 class CurrentMessage {
 public:
-    explicit CurrentMessage(const Message& message)
+    explicit CurrentMessage(const MSG& message)
         : m_outer(std::exchange(State().current, message)) {}
     CurrentMessage(const CurrentMessage&) = delete;
     ~CurrentMessage() { State().current = m_outer; }
 
 private:
-    const Message m_outer;
+    const MSG m_outer;
 };
 
 void ReleaseCreationHook() {
@@ -251,21 +245,16 @@ LRESULT CALLBACK quorvel::WindowCallbacks::Procedure(HWND window, UINT message, 
 }
 
 LRESULT CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    const CurrentMessage current({message, wParam, lParam});
-    const HWND window = m_hWnd;
+    const MSG dispatched = {m_hWnd, message, wParam, lParam, 0, {}};
+    const CurrentMessage current(dispatched);
     try {
         const LRESULT result = WindowProc(message, wParam, lParam);
 #if defined(_WIN32)
-        quorvel::PassOnChange(window, message, wParam, lParam);
+        quorvel::PassOnChange(dispatched.hwnd, message, wParam, lParam);
 #endif
         return result;
     } catch (...) {
-        MSG failed = {};
-        failed.hwnd = window;
-        failed.message = message;
-        failed.wParam = wParam;
-        failed.lParam = lParam;
-        return quorvel::EndHandlerException(failed);
+        return quorvel::EndHandlerException(dispatched);
     }
 }
 
@@ -274,7 +263,7 @@ void CWnd::FinishDestroy() noexcept {
     if (AfxGetMainWnd() == this)
         AfxGetApp()->m_pMainWnd = nullptr; // it may be gone before the application is
 #if defined(_WIN32)
-    if (m_modal == Modal::kRunning)
+    if (m_modal == Modal::Running)
         EndModalLoop(-1);
 #endif
     try {
@@ -349,14 +338,18 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
                               : ::DefWindowProcW(m_hWnd, message, wParam, lParam);
 }
 
+const MSG* CWnd::GetCurrentMessage() {
+    return &State().current;
+}
+
 LRESULT CWnd::Default() {
-    const Message message = State().current;
+    const MSG message = State().current;
     return DefWindowProc(message.message, message.wParam, message.lParam);
 }
 
 #if defined(_WIN32)
 LRESULT CWnd::ReflectOrDefault() {
-    const Message message = State().current;
+    const MSG message = State().current;
     LRESULT result = 0;
     return ReflectToControl(message.message, message.wParam, message.lParam, &result) ? result
                                                                                       : Default();

@@ -35,8 +35,11 @@ TEST(ValidationTracker, HasItsHookWhileABalloonShows) {
         CASE(tracker.Show(first), true),
         CASE(tracker.Show(first), false), // a second balloon does not come on top
         CASE(tracker.Show(second), true),
+        CASE(tracker.NumberOf(first) != tracker.NumberOf(second), true),
         CASE(tracker.Hide(first), true), // hidden, or destroyed while it shows
         CASE(tracker.IsShowing(first), false),
+        CASE(tracker.NumberOf(first) == 0, true),
+        CASE(tracker.NumberOf(second) > 0, true),
         CASE(tracker.HasHook(), true),
         CASE(tracker.Hide(first), false), // a late report
         CASE(tracker.Hide(second), true),
@@ -73,7 +76,7 @@ TEST(ValidationTracker, FindsTheDialogThatAFocusChangeConcerns) {
         return tracker.DialogOf(Window(window), parentOf);
     };
     EXPECT_EQ(dialogOf(5), nullptr);
-    tracker.Show(Window(2));
+    tracker.Show(Window(2), Window(9)); // whose owner is the sheet
     tracker.Show(Window(7));
     ExpectCases<HWND>({
         CASE(dialogOf(5), Window(2)),
@@ -81,6 +84,7 @@ TEST(ValidationTracker, FindsTheDialogThatAFocusChangeConcerns) {
         CASE(dialogOf(3), nullptr),
         CASE(dialogOf(6), nullptr),
         CASE(dialogOf(8), Window(7)),
+        CASE(dialogOf(9), Window(2)),
         CASE(dialogOf(7), nullptr), // the dialog itself is none of its parents
         CASE(dialogOf(0), nullptr),
         CASE(dialogOf(99), nullptr),

@@ -24,26 +24,26 @@ TEST(Wizard, KeepsItsEventsInOrder) {
         CASE(events.Update(2, event), TRUE),
         CASE(events.Delete(0), TRUE),
     });
-    events.Append(events);
+    events.Append({CVaskEvent(_T("e")), CVaskEvent(_T("f"))});
     CString text;
     for (int i = 0; events.Get(i, event); ++i)
         text += event.GetDescription();
-    EXPECT_EQ(text, _T("bdbd"));
+    EXPECT_EQ(text, _T("bdef"));
 }
 
 TEST(Wizard, NamesItselfInItsTexts) {
-    quorvel::WizardTexts texts;
-    EXPECT_TRUE(texts.SetName(_T("Import Wizard")));
-    EXPECT_FALSE(texts.SetName(nullptr) || texts.SetHeaderTitle(nullptr));
+    const CString name(_T("Import Wizard"));
     ExpectCases<CString>({
-        CASE(texts.GetWelcomeText(), _T("Welcome to the Import Wizard")),
-        CASE(texts.GetCompletingText(), _T("Completing the Import Wizard")),
-        CASE(texts.GetCompletedText(), _T("You have successful completed the Import Wizard")),
+        CASE(quorvel::WizardWelcomeText(name), _T("Welcome to the Import Wizard")),
+        CASE(quorvel::WizardCompletingText(name), _T("Completing the Import Wizard")),
+        CASE(quorvel::WizardCompletedText(name),
+             _T("You have successful completed the Import Wizard")),
     });
     ExpectCases<UINT>({
         CASE(SheetButtonText(IDOK), 21110),
         CASE(SheetButtonText(0x3024), 0), // a wizard's
         CASE(WizardButtonText(0x3024), 21100),
+        CASE(WizardButtonText(IDHELP), 21113),
         CASE(WizardButtonText(IDOK), 0),
     });
 }

@@ -246,6 +246,19 @@ TEST(String, ConvertsFromAndToTheStandardLibrary) {
     EXPECT_EQ(CString(u"\xd800").ToUTF8(), "\xef\xbf\xbd");
 }
 
+TEST(String, OrdersInContainersByItsText) {
+    typedef std::pair<CString, int> Named;
+    const CString low(_T("a")), high(_T("b")), copy(high.GetString()); // each at its own address
+    ExpectCases<bool>({
+        CASE(Named(low, 2) < Named(high, 1), true),
+        CASE(Named(high, 1) < Named(low, 2), false),
+        CASE(Named(high, 1) < Named(copy, 2) && Named(copy, 1) < Named(high, 2), true),
+        CASE(Named(high, 1) == Named(copy, 1), true),
+        CASE(std::tuple(high, 0) <=> std::tuple(copy, 0) == 0, true),
+        CASE((low <=> _T("b")) < 0 && (CStringA("b") <=> CStringA("a")) > 0, true),
+    });
+}
+
 TEST(String, EqualStringsHaveOneHash) {
     const CString text(_T("ab"));
     const CString longer(_T("ab\0c"), 4); // equal: the comparison ends at the first zero

@@ -19,6 +19,7 @@
 
 #include <atomic>
 #include <climits>
+#include <compare>
 #include <concepts>
 #include <cstdarg>
 #include <cstddef>
@@ -359,3 +360,13 @@ QUORVEL_STRING_COMPARISON(>)
 QUORVEL_STRING_COMPARISON(<=)
 QUORVEL_STRING_COMPARISON(>=)
 #undef QUORVEL_STRING_COMPARISON
+// For pairs and tuples of the standard library: by their conversion strings would be compared as
+// pointers.
+template <class Ch>
+std::weak_ordering operator<=>(const CStringT<Ch>& left, const CStringT<Ch>& right) noexcept {
+    return left.Compare(right) <=> 0;
+}
+template <class Ch>
+std::weak_ordering operator<=>(const CStringT<Ch>& left, const Ch* right) noexcept {
+    return left.Compare(right) <=> 0;
+}

@@ -26,8 +26,13 @@ public:
 
 #if defined(_WIN32)
     // Handles this thread's messages until WM_QUIT, and returns its exit code: the loop of a
-    // program whose main window is no modal dialog.
+    // program whose main window is no modal dialog. When no messages are waiting, it calls OnIdle
+    // until that is FALSE.
     int Run();
+    // `count` is that of the calls since the last message. The default gives their idle time to the
+    // thread's modeless dialogs and property sheets, by WM_KICKIDLE, and is TRUE when one of them
+    // wants more.
+    virtual BOOL OnIdle(LONG count);
     // Waits for one message and handles it. FALSE for WM_QUIT.
     BOOL PumpMessage();
     // Called before each message is translated and dispatched, in modal loops of the framework too.

@@ -53,6 +53,9 @@ struct AFX_MSGMAP {
     const AFX_MSGMAP_ENTRY* lpEntries;
 };
 
+// May stand before the declaration of a handler.
+#define afx_msg
+
 #define DECLARE_MESSAGE_MAP()                                                                      \
 protected:                                                                                         \
     static const AFX_MSGMAP* GetThisMessageMap();                                                  \
@@ -483,6 +486,8 @@ protected:
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     // DefWindowProc for the message that is being handled.
     LRESULT Default();
+    // The message that is being handled, to be read at once: its window, number and parameters.
+    static const MSG* GetCurrentMessage();
 
 #if defined(_WIN32)
     // Exchanges the data of this window's controls, by the DDX_ and DDV_ functions.
@@ -668,8 +673,8 @@ private:
     BOOL IsEndOfCommand(WPARAM wParam, LPARAM lParam);
     BOOL IsEndOfNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
 
-    enum class Modal { kNone, kRunning, kEnded };
-    Modal m_modal = Modal::kNone;
+    enum class Modal { None, Running, Ended };
+    Modal m_modal = Modal::None;
     int m_modalResult = 0;
 #endif
 

@@ -1,5 +1,7 @@
 #include <quorvel/controls/win/auto_complete_edit.h>
 
+#include <quorvel/framework/win/message_map.h>
+
 #include "platform/win32.h"
 
 #include <initguid.h>
@@ -13,7 +15,7 @@ IMPLEMENT_DYNAMIC(CAutoCompleteEdit, CVaskEdit)
 
 BEGIN_MESSAGE_MAP(CAutoCompleteEdit, CVaskEdit)
 ON_WM_DESTROY()
-ON_MESSAGE(WM_GETDLGCODE, &CAutoCompleteEdit::OnGetDlgCode)
+ON_WM_GETDLGCODE()
 END_MESSAGE_MAP()
 
 namespace {
@@ -73,6 +75,8 @@ CAutoCompleteEdit::~CAutoCompleteEdit() {
 
 void CAutoCompleteEdit::PreSubclassWindow() {
     CVaskEdit::PreSubclassWindow();
+    if (m_bound != m_hWnd) // it was detached from another one
+        Unbind();
     Bind(DEFAULT_OPTIONS, nullptr);
 }
 
@@ -86,6 +90,7 @@ BOOL CAutoCompleteEdit::Bind(DWORD options, const WCHAR* quickComplete) {
         m_autoComplete = nullptr;
         return FALSE;
     }
+    m_bound = m_hWnd;
     m_options = options;
     SetOptions(options);
     return m_autoComplete->Init(m_hWnd, m_list, nullptr, quickComplete) == S_OK;
@@ -105,7 +110,15 @@ BOOL CAutoCompleteEdit::Unbind() {
 
 void CAutoCompleteEdit::OnDestroy() {
     Unbind();
+    const HWND window = m_hWnd;
+    const LONG_PTR procedure = ::GetWindowLongPtrW(window, GWLP_WNDPROC);
     CVaskEdit::OnDestroy();
+    if (::GetWindowLongPtrW(window, GWLP_WNDPROC) == procedure)
+        return;
+    // Under Wine the auto-completion puts back the procedure that it found, so that this object
+    // does not see the window's last message.
+    Detach();
+    PostNcDestroy();
 }
 
 BOOL CAutoCompleteEdit::SetOptions(DWORD options) {
@@ -197,13 +210,14 @@ BOOL CAutoCompleteEdit::LoadState(const WCHAR* section) {
     return m_list != nullptr && m_list->LoadState(section);
 }
 
-LRESULT CAutoCompleteEdit::OnGetDlgCode(WPARAM wParam, LPARAM lParam) {
-    LRESULT code = Default();
+UINT CAutoCompleteEdit::OnGetDlgCode() {
+    const MSG asked = *GetCurrentMessage();
+    UINT code = CVaskEdit::OnGetDlgCode();
     // A dialog would take these two as Cancel and OK although the drop-down is what they are meant
     // for.
-    const MSG* const message = reinterpret_cast<const MSG*>(lParam);
-    if (message != nullptr && message->message == WM_KEYDOWN &&
-        (wParam == VK_ESCAPE || wParam == VK_RETURN) && IsDropDownShowing())
+    const MSG* const key = reinterpret_cast<const MSG*>(asked.lParam);
+    if (asked.message == WM_GETDLGCODE && key != nullptr && key->message == WM_KEYDOWN &&
+        (asked.wParam == VK_ESCAPE || asked.wParam == VK_RETURN) && IsDropDownShowing())
         code |= DLGC_WANTMESSAGE;
     return code;
 }

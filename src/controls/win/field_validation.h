@@ -12,10 +12,20 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 namespace quorvel {
 
 // The declarations have this many places to start with.
 constexpr UINT kStateMapSize = 17;
+
+// Whether the window is still this object's. An operation of the host may have destroyed it, and
+// the object with it. An object without a window has nothing to lose.
+inline bool IsStill(const CWnd* wnd, HWND window) {
+    return window == nullptr || CWnd::FromHandlePermanent(window) == wnd;
+}
 
 class StateControls {
 public:
@@ -65,18 +75,24 @@ private:
         Place place{};
         for (POSITION next = map.GetStartPosition(); next != nullptr;) {
             map.GetNextAssoc(next, control, place);
-            if (control != nullptr)
+            // One without a window has no columns: its saved state would be lost.
+            if (control != nullptr && control->m_hWnd != nullptr)
                 action(control, place);
         }
     }
 
     template <class Owner, class Action>
     static void ForEach(Owner& owner, int isSaving, Action action) {
-        EditKeys editKeys(kStateMapSize);
-        EditSections editSections(kStateMapSize);
-        ListKeys listKeys(kStateMapSize);
-        ListSections listSections(kStateMapSize);
-        ListPaths listPaths(kStateMapSize);
+        EditKeys editKeys;
+        EditSections editSections;
+        ListKeys listKeys;
+        ListSections listSections;
+        ListPaths listPaths;
+        editKeys.InitHashTable(kStateMapSize);
+        editSections.InitHashTable(kStateMapSize);
+        listKeys.InitHashTable(kStateMapSize);
+        listSections.InitHashTable(kStateMapSize);
+        listPaths.InitHashTable(kStateMapSize);
         owner.GetStateAutoCompleteEditCtrls(editKeys, isSaving);
         owner.GetStateAutoCompleteEditCtrls(editSections, isSaving);
         owner.GetStateListCtrls(listKeys, isSaving);
@@ -95,37 +111,48 @@ public:
     // Whether the data is valid; otherwise the balloon says why not.
     template <class Owner>
     static BOOL Validate(Owner& owner) {
-        UINT icon = TTI_WARNING;
-        CString title;
-        CString text;
-        CRect rect(0, 0, 0, 0);
-        title.LoadString(kTextValidationError);
-        if (owner.ValidateData(icon, title, text, rect))
-            return TRUE;
-        owner.ShowValidationErrorMessage(icon, title, text, rect);
+        const HWND window = owner.m_hWnd;
+        Refusal refusal = {TTI_WARNING, {}, {}, CRect(0, 0, 0, 0)};
+        refusal.title.LoadString(kTextValidationError);
+        if (owner.ValidateData(refusal.icon, refusal.title, refusal.text, refusal.rect))
+            return IsStill(&owner, window);
+        if (IsStill(&owner, window))
+            owner.ShowValidationErrorMessage(refusal.icon, refusal.title, refusal.text,
+                                             refusal.rect);
         return FALSE;
     }
+    // The balloon of before is hidden first: its field may be right now, and it would hide itself
+    // when ValidateData sets the focus.
     template <class Owner>
     static BOOL ValidateAndSave(Owner& owner) {
-        return Validate(owner) && owner.SaveData();
+        owner.HideValidationErrorMessage();
+        return (owner.m_hWnd == nullptr || owner.UpdateData(TRUE)) && Validate(owner) &&
+               owner.SaveData();
     }
-    // The bold variant of the window's font, made anew, for the controls that ask for it.
+    // The bold variant of the window's font, made anew, for the controls that ask for it; those
+    // that did before (`boldIds`) get the window's font back.
     template <class Owner>
-    static void UpdateFonts(Owner& owner, CFont& boldFont) {
+    static void UpdateFonts(Owner& owner, CFont& boldFont, std::vector<int>& boldIds) {
         std::vector<int> ids;
         owner.GetBoldControlIDs(ids);
-        const CFont* const font = owner.GetFont();
-        LOGFONTW description;
-        if (ids.empty() || font == nullptr || !font->GetLogFont(&description))
-            return;
-        description.lfWeight = FW_BOLD;
+        CFont* const font = owner.GetFont();
         CFont former; // until no control uses it any more
         former.Attach(boldFont.Detach());
-        boldFont.CreateFontIndirect(&description);
-        for (const int id : ids) {
-            if (CWnd* const control = owner.GetDlgItem(id))
-                control->SetFont(&boldFont);
+        LOGFONTW description;
+        if (!ids.empty() && font != nullptr && font->GetLogFont(&description)) {
+            description.lfWeight = FW_BOLD;
+            boldFont.CreateFontIndirect(&description);
         }
+        const auto setFont = [&](int id, CFont* changed) {
+            if (CWnd* const control = owner.GetDlgItem(id))
+                control->SetFont(changed);
+        };
+        for (const int id : std::exchange(boldIds, ids)) {
+            if (std::find(ids.begin(), ids.end(), id) == ids.end())
+                setFont(id, font);
+        }
+        for (const int id : ids)
+            setFont(id, boldFont.GetSafeHandle() != nullptr ? &boldFont : font);
     }
 };
 

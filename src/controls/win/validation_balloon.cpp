@@ -1,8 +1,5 @@
 #include "controls/win/validation_balloon.h"
 
-#include <quorvel/framework/string.h>
-
-#include "controls/validation_tracker.h"
 #include "platform/win32.h"
 
 #include <commctrl.h>
@@ -16,50 +13,7 @@ constexpr int kLongestTitle = 99;
 constexpr int kWidthInDialogUnits = 220; // of a line of text
 
 HWND ParentForFocus(HWND window) {
-    if ((::GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0)
-        return ::GetParent(window);
-    // A balloon belongs to its dialog. Any other window that is owned is a dialog of its own.
-    WCHAR name[24];
-    return ::GetClassNameW(window, name, 24) != 0 && CString(name) == TOOLTIPS_CLASSW
-               ? ::GetWindow(window, GW_OWNER)
-               : nullptr;
-}
-
-class ThreadFocusHook final : public FocusHook {
-public:
-    bool Set() override;
-    void Remove() override { ::UnhookWindowsHookEx(std::exchange(m_hook, nullptr)); }
-    HHOOK Handle() const { return m_hook; }
-
-private:
-    HHOOK m_hook = nullptr;
-};
-
-// Shared by all dialogs and pages of the user-interface thread.
-struct ActiveValidations {
-    ThreadFocusHook hook;
-    ValidationTracker tracker{hook};
-};
-
-ActiveValidations& Active() {
-    static ActiveValidations active;
-    return active;
-}
-
-// The balloon is not hidden here: the focus is still on its way.
-LRESULT CALLBACK FocusProcedure(int code, WPARAM wParam, LPARAM lParam) {
-    const HWND focused = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_SETFOCUS && focused != nullptr) {
-        const HWND dialog = Active().tracker.DialogOf(focused, ParentForFocus);
-        if (dialog != nullptr)
-            ::PostMessageW(dialog, kChildSetFocusMessage, wParam, 0);
-    }
-    return ::CallNextHookEx(Active().hook.Handle(), code, wParam, lParam);
-}
-
-bool ThreadFocusHook::Set() {
-    m_hook = ::SetWindowsHookExW(WH_CBT, FocusProcedure, nullptr, ::GetCurrentThreadId());
-    return m_hook != nullptr;
+    return (::GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0 ? ::GetParent(window) : nullptr;
 }
 
 // The one tool of the balloon's window. The size is that of common controls before version 6 too.
@@ -85,13 +39,33 @@ POINT CornerOf(HWND window) {
 
 } // namespace
 
+bool ActiveValidations::Set() {
+    m_hook = ::SetWindowsHookExW(WH_CBT, m_procedure, nullptr, ::GetCurrentThreadId());
+    return m_hook != nullptr;
+}
+
+void ActiveValidations::Remove() {
+    ::UnhookWindowsHookEx(std::exchange(m_hook, nullptr));
+}
+
+// The balloon is not hidden here: the focus is still on its way.
+LRESULT ActiveValidations::PassOn(int code, WPARAM wParam, LPARAM lParam) const {
+    if (code == HCBT_SETFOCUS) {
+        const HWND dialog = DialogOf(reinterpret_cast<HWND>(wParam), ParentForFocus);
+        if (dialog != nullptr)
+            ::PostMessageW(dialog, kChildSetFocusMessage, wParam, NumberOf(dialog));
+    }
+    return ::CallNextHookEx(m_hook, code, wParam, lParam);
+}
+
 ValidationBalloon::~ValidationBalloon() {
     Forget();
 }
 
 BOOL ValidationBalloon::Create(HWND dialog) {
-    if (m_balloon != nullptr)
+    if (::IsWindow(m_balloon))
         return FALSE;
+    Forget(); // one that ended with its dialog without a word
     m_balloon = ::CreateWindowExW(
         0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_BALLOON | TTS_NOPREFIX, CW_USEDEFAULT,
         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, nullptr, nullptr);
@@ -115,7 +89,7 @@ BOOL ValidationBalloon::Show(UINT icon, const WCHAR* title, const WCHAR* text, c
     // Without a title there is no icon either; an empty one takes away that of the balloon before.
     Send(m_balloon, TTM_SETTITLEW, shownTitle.IsEmpty() ? TTI_NONE : icon, shownTitle.GetString());
     TOOLINFOW tool = ToolOf(m_dialog);
-    CString shownText(text);
+    CString shownText(text[0] != 0 ? text : L" ");
     tool.lpszText = shownText.GetBuffer();
     Send(m_balloon, TTM_UPDATETIPTEXTW, 0, &tool);
     const POINT corner = CornerOf(m_dialog);
@@ -124,7 +98,7 @@ BOOL ValidationBalloon::Show(UINT icon, const WCHAR* title, const WCHAR* text, c
     MoveTo(stem);
     Send(m_balloon, TTM_TRACKACTIVATE, TRUE, &tool);
     m_isShowing = true;
-    Active().tracker.Show(m_dialog);
+    m_active.Show(m_dialog, m_balloon);
     return TRUE;
 }
 
@@ -134,8 +108,13 @@ BOOL ValidationBalloon::Hide() {
     TOOLINFOW tool = ToolOf(m_dialog);
     Send(m_balloon, TTM_TRACKACTIVATE, FALSE, &tool);
     m_isShowing = false;
-    Active().tracker.Hide(m_dialog);
+    m_active.Hide(m_dialog);
     return TRUE;
+}
+
+void ValidationBalloon::OnFocusChange(LPARAM balloonNumber) {
+    if (balloonNumber == 0 || balloonNumber == m_active.NumberOf(m_dialog))
+        Hide();
 }
 
 void ValidationBalloon::Follow() {
@@ -147,6 +126,8 @@ void ValidationBalloon::Follow() {
 
 void ValidationBalloon::Forget() {
     Hide();
+    if (::IsWindow(m_balloon))
+        ::DestroyWindow(m_balloon);
     m_balloon = nullptr;
     m_dialog = nullptr;
 }

@@ -5,7 +5,10 @@
 #include "controls/win/field_validation.h"
 #include "frame/win/help_target.h"
 
+#include <utility>
+
 using quorvel::FieldValidation;
+using quorvel::IsStill;
 using quorvel::StateControls;
 
 IMPLEMENT_DYNAMIC(CVaskDialog, CDialog)
@@ -13,18 +16,30 @@ IMPLEMENT_DYNAMIC(CVaskDialog, CDialog)
 BEGIN_MESSAGE_MAP(CVaskDialog, CDialog)
 ON_WM_DESTROY()
 ON_WM_MOVE()
+ON_WM_SHOWWINDOW()
+ON_MESSAGE(WM_ACTIVATEAPP, &CVaskDialog::OnActivateProgram)
 ON_WM_SETCURSOR()
 ON_WM_HELPINFO()
+ON_COMMAND(IDHELP, &CVaskDialog::OnHelp)
 ON_WM_SETTINGCHANGE()
 ON_MESSAGE(WM_KICKIDLE, &CVaskDialog::OnKickIdle)
 ON_MESSAGE(quorvel::kChildSetFocusMessage, &CVaskDialog::OnChildSetFocus)
 ON_UPDATE_COMMAND_UI(IDOK, &CVaskDialog::OnUpdateOK)
 END_MESSAGE_MAP()
 
-CVaskDialog::CVaskDialog() : m_balloon(std::make_unique<quorvel::ValidationBalloon>()) {}
+HHOOK CVaskDialog::m_hookValidation = nullptr;
+quorvel::ActiveValidations CVaskDialog::m_mapActiveValidation(m_hookValidation,
+                                                              &ValidationHookProc);
+
+LRESULT CALLBACK CVaskDialog::ValidationHookProc(int code, WPARAM wParam, LPARAM lParam) {
+    return m_mapActiveValidation.PassOn(code, wParam, lParam);
+}
+
+CVaskDialog::CVaskDialog() : CVaskDialog(static_cast<const WCHAR*>(nullptr)) {}
 
 CVaskDialog::CVaskDialog(const WCHAR* templateName, CWnd* parent)
-    : CDialog(templateName, parent), m_balloon(std::make_unique<quorvel::ValidationBalloon>()) {}
+    : CDialog(templateName, parent),
+      m_balloon(std::make_unique<quorvel::ValidationBalloon>(m_mapActiveValidation)) {}
 
 CVaskDialog::CVaskDialog(UINT templateId, CWnd* parent)
     : CVaskDialog(MAKEINTRESOURCEW(templateId), parent) {}
@@ -55,11 +70,15 @@ void CVaskDialog::SetBusy(BOOL isBusy) {
 }
 
 void CVaskDialog::UpdateFonts() {
-    FieldValidation::UpdateFonts(*this, m_boldFont);
+    FieldValidation::UpdateFonts(*this, m_boldFont, m_boldIds);
 }
 
 BOOL CVaskDialog::ValidateAndSaveData() {
     return FieldValidation::ValidateAndSave(*this);
+}
+
+BOOL CVaskDialog::CreateValidationToolTipWindow() {
+    return m_balloon->Create(m_hWnd);
 }
 
 BOOL CVaskDialog::ShowValidationErrorMessage(UINT icon, const WCHAR* title, const WCHAR* text,
@@ -124,26 +143,53 @@ void CVaskDialog::GetBoldControlIDs(std::vector<int>&) {}
 void CVaskDialog::GetDialogPageTreeCtrls(std::vector<CWnd*>&) {}
 
 BOOL CVaskDialog::OnInitDialog() {
-    const BOOL setsFocus = CDialog::OnInitDialog();
+    m_areStatesLoaded = false;
+    if (!CDialog::OnInitDialog())
+        return FALSE; // which has ended the dialog
     UpdateDialogControls(this, FALSE);
     if (CString caption; m_captionId != 0 && caption.LoadString(m_captionId))
         SetWindowText(caption);
     m_firstButton.SubclassDlgItem(QUORVEL_DIALOG_BUTTON_1, this);
     m_secondButton.SubclassDlgItem(QUORVEL_DIALOG_BUTTON_2, this);
     UpdateFonts();
-    m_balloon->Create(m_hWnd);
-    if (!LoadData()) {
+    CreateValidationToolTipWindow();
+    const HWND window = m_hWnd;
+    const BOOL isLoaded = LoadData();
+    if (!IsStill(this, window))
+        return FALSE;
+    if (!isLoaded || !UpdateData(FALSE)) { // the exchange shows what LoadData set
         EndDialog(-1);
-        return setsFocus;
+        return FALSE;
     }
     LoadStateControls(); // after LoadData, which makes a list's columns
     UpdateDialogControls(this, FALSE);
-    return setsFocus;
+    return TRUE;
 }
 
+// SaveData may handle messages, and these may press OK once more, cancel, or destroy the dialog.
 void CVaskDialog::OnOK() {
-    if (!m_isBusy && IsOK() && UpdateData(TRUE) && ValidateAndSaveData())
+    if (m_isBusy || m_isSaving || !IsOK())
+        return;
+    struct Saving {
+        explicit Saving(CVaskDialog* dialog) : m_dialog(dialog), m_window(dialog->m_hWnd) {
+            m_dialog->m_isSaving = true;
+        }
+        ~Saving() {
+            if (IsThere())
+                m_dialog->m_isSaving = false;
+        }
+        bool IsThere() const { return IsStill(m_dialog, m_window); }
+        CVaskDialog* const m_dialog;
+        const HWND m_window;
+    };
+    const Saving saving(this);
+    if (ValidateAndSaveData() && saving.IsThere())
         EndDialog(IDOK);
+}
+
+void CVaskDialog::OnCancel() {
+    if (!m_isSaving)
+        CDialog::OnCancel();
 }
 
 void CVaskDialog::LoadStateControls() {
@@ -159,16 +205,27 @@ BOOL CVaskDialog::SaveStateControls() {
 }
 
 void CVaskDialog::OnDestroy() {
-    HideValidationErrorMessage();
-    SaveStateControls();
-    m_areStatesLoaded = false;
     m_balloon->Forget();
     CDialog::OnDestroy();
+    if (std::exchange(m_areStatesLoaded, false)) // last, as a hook may throw
+        StateControls::Save(*this);
 }
 
 void CVaskDialog::OnMove(int x, int y) {
     CDialog::OnMove(x, y);
     m_balloon->Follow();
+}
+
+void CVaskDialog::OnShowWindow(BOOL isShown, UINT status) {
+    CDialog::OnShowWindow(isShown, status);
+    if (!isShown)
+        HideValidationErrorMessage(); // a window of its own, which would stay
+}
+
+LRESULT CVaskDialog::OnActivateProgram(WPARAM isActive, LPARAM) {
+    if (!isActive)
+        HideValidationErrorMessage(); // it lies above the windows of all programs
+    return Default();
 }
 
 BOOL CVaskDialog::OnSetCursor(CWnd* wnd, UINT hitTest, UINT message) {
@@ -179,11 +236,15 @@ BOOL CVaskDialog::OnSetCursor(CWnd* wnd, UINT hitTest, UINT message) {
 }
 
 BOOL CVaskDialog::OnHelpInfo(HELPINFO* info) {
-    const CString topic = GetHelpTopic();
-    if (topic.IsEmpty())
+    if (GetHelpTopic().IsEmpty())
         return CDialog::OnHelpInfo(info);
-    quorvel::OpenHelpTarget(m_hWnd, topic);
+    OnHelp();
     return TRUE;
+}
+
+void CVaskDialog::OnHelp() {
+    if (const CString topic = GetHelpTopic(); !topic.IsEmpty())
+        quorvel::OpenHelpTarget(m_hWnd, topic);
 }
 
 void CVaskDialog::OnSettingChange(UINT flags, const WCHAR* section) {
@@ -196,11 +257,11 @@ LRESULT CVaskDialog::OnKickIdle(WPARAM wParam, LPARAM lParam) {
     return OnIdle(static_cast<LONG>(lParam)) || wantsMore;
 }
 
-LRESULT CVaskDialog::OnChildSetFocus(WPARAM, LPARAM) {
-    HideValidationErrorMessage(); // which may be hidden already
+LRESULT CVaskDialog::OnChildSetFocus(WPARAM, LPARAM balloonNumber) {
+    m_balloon->OnFocusChange(balloonNumber);
     return 0;
 }
 
 void CVaskDialog::OnUpdateOK(CCmdUI* ui) {
-    ui->Enable(!m_isBusy && IsOK());
+    ui->Enable(!m_isBusy && !m_isSaving && IsOK());
 }

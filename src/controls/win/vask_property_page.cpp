@@ -5,7 +5,10 @@
 
 #include <prsht.h>
 
+#include <utility>
+
 using quorvel::FieldValidation;
+using quorvel::IsStill;
 using quorvel::StateControls;
 
 IMPLEMENT_DYNAMIC(CVaskPropertyPage, CPropertyPage)
@@ -15,25 +18,53 @@ ON_WM_DESTROY()
 ON_WM_HELPINFO()
 ON_WM_SETTINGCHANGE()
 ON_MESSAGE(quorvel::kChildSetFocusMessage, &CVaskPropertyPage::OnChildSetFocus)
+ON_MESSAGE(quorvel::kShowRefusalMessage, &CVaskPropertyPage::OnShowRefusal)
 END_MESSAGE_MAP()
 
-CVaskPropertyPage::CVaskPropertyPage(UINT templateId, UINT captionTextId)
-    : CPropertyPage(templateId, captionTextId),
-      m_balloon(std::make_unique<quorvel::ValidationBalloon>()) {}
+HHOOK CVaskPropertyPage::m_hookValidation = nullptr;
+quorvel::ActiveValidations CVaskPropertyPage::m_mapActive(m_hookValidation, &ValidationHookProc);
+
+LRESULT CALLBACK CVaskPropertyPage::ValidationHookProc(int code, WPARAM wParam, LPARAM lParam) {
+    return m_mapActive.PassOn(code, wParam, lParam);
+}
+
+CVaskPropertyPage::CVaskPropertyPage(UINT templateId, UINT captionTextId, UINT headerTitleId,
+                                     UINT headerSubTitleId)
+    : CPropertyPage(templateId, captionTextId, headerTitleId, headerSubTitleId),
+      m_balloon(std::make_unique<quorvel::ValidationBalloon>(m_mapActive)) {}
+
+CVaskPropertyPage::CVaskPropertyPage(const WCHAR* templateName, UINT captionTextId)
+    : CPropertyPage(templateName, captionTextId),
+      m_balloon(std::make_unique<quorvel::ValidationBalloon>(m_mapActive)) {}
 
 CVaskPropertyPage::~CVaskPropertyPage() = default;
 
 void CVaskPropertyPage::UpdateFonts() {
-    FieldValidation::UpdateFonts(*this, m_boldFont);
+    FieldValidation::UpdateFonts(*this, m_boldFont, m_boldIds);
 }
 
 BOOL CVaskPropertyPage::ValidateAndSaveData() {
     return FieldValidation::ValidateAndSave(*this);
 }
 
+BOOL CVaskPropertyPage::CreateValidationToolTipWindow() {
+    return m_balloon->Create(m_hWnd);
+}
+
 BOOL CVaskPropertyPage::ShowValidationErrorMessage(UINT icon, const WCHAR* title, const WCHAR* text,
                                                    const CRect& rect) {
-    return m_balloon->Show(icon, title, text, rect);
+    if (m_hWnd == nullptr || IsWindowVisible() || title == nullptr || text == nullptr)
+        return m_balloon->Show(icon, title, text, rect);
+    // The sheet brings the page that refused OK to the front, and the focus into it.
+    m_refusal = std::make_unique<quorvel::Refusal>(quorvel::Refusal{icon, title, text, rect});
+    return PostMessage(quorvel::kShowRefusalMessage);
+}
+
+LRESULT CVaskPropertyPage::OnShowRefusal(WPARAM, LPARAM) {
+    const auto refusal = std::move(m_refusal);
+    if (refusal != nullptr && IsWindowVisible())
+        m_balloon->Show(refusal->icon, refusal->title, refusal->text, refusal->rect);
+    return 0;
 }
 
 BOOL CVaskPropertyPage::HideValidationErrorMessage() {
@@ -83,30 +114,66 @@ BOOL CVaskPropertyPage::LoadData() {
 void CVaskPropertyPage::GetBoldControlIDs(std::vector<int>&) {}
 
 BOOL CVaskPropertyPage::OnInitDialog() {
-    const BOOL setsFocus = CPropertyPage::OnInitDialog();
+    m_areStatesLoaded = false;
+    m_leaving = Leaving::Validated;
+    if (!CPropertyPage::OnInitDialog())
+        return FALSE; // the page is as one whose LoadData failed
     UpdateFonts();
-    m_balloon->Create(m_hWnd);
-    SetLoaded(LoadData());
-    StateControls::Load(*this); // after LoadData, which makes a list's columns
+    CreateValidationToolTipWindow();
+    const HWND window = m_hWnd;
+    const BOOL isLoaded = LoadData();
+    if (!IsStill(this, window))
+        return FALSE;
+    SetLoaded(isLoaded && UpdateData(FALSE)); // the exchange shows what LoadData set
+    if (m_isLoaded)
+        LoadStateControls(); // after LoadData, which makes a list's columns
+    return TRUE;
+}
+
+void CVaskPropertyPage::LoadStateControls() {
+    StateControls::Load(*this);
     m_areStatesLoaded = true;
-    return setsFocus;
+}
+
+BOOL CVaskPropertyPage::SaveStateControls() {
+    if (!m_areStatesLoaded)
+        return FALSE;
+    StateControls::Save(*this);
+    return TRUE;
 }
 
 BOOL CVaskPropertyPage::OnSetActive() {
-    m_isGoingBack = false;
-    return CPropertyPage::OnSetActive();
+    // The controls of a page that was left by Back show what the exchange has not taken yet.
+    return std::exchange(m_leaving, Leaving::Validated) == Leaving::Back ||
+           CPropertyPage::OnSetActive();
 }
 
 BOOL CVaskPropertyPage::OnKillActive() {
     HideValidationErrorMessage();
-    if (m_isGoingBack) // what is not finished yet must not hold the user here
+    // What is not finished yet must not hold the user who goes back, and what is saved need not be
+    // valid a second time.
+    if (m_leaving != Leaving::Validated || !m_isLoaded)
         return TRUE;
-    return CPropertyPage::OnKillActive() && (!m_isLoaded || FieldValidation::Validate(*this));
+    return CPropertyPage::OnKillActive() && FieldValidation::Validate(*this);
+}
+
+// Here and not in the handlers themselves, as that of a derived class has the last word.
+BOOL CVaskPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    if (!CPropertyPage::OnNotify(wParam, lParam, result))
+        return FALSE;
+    const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
+    if (code == PSN_WIZBACK)
+        m_leaving = Leaving::Back;
+    const bool isAnswer = code == PSN_WIZBACK || code == PSN_WIZNEXT || code == PSN_KILLACTIVE;
+    const bool isRefused = code == PSN_KILLACTIVE ? *result != 0 : *result == -1;
+    if (isAnswer && isRefused)
+        m_leaving = Leaving::Validated;
+    return TRUE;
 }
 
 BOOL CVaskPropertyPage::Accept() {
-    HideValidationErrorMessage();
-    return !m_isLoaded || (UpdateData(TRUE) && ValidateAndSaveData());
+    m_leaving = Leaving::Validated;
+    return !m_isLoaded || ValidateAndSaveData();
 }
 
 BOOL CVaskPropertyPage::OnApply() {
@@ -114,13 +181,10 @@ BOOL CVaskPropertyPage::OnApply() {
 }
 
 LRESULT CVaskPropertyPage::OnWizardNext() {
-    return Accept() ? CPropertyPage::OnWizardNext() : -1;
-}
-
-LRESULT CVaskPropertyPage::OnWizardBack() {
-    const LRESULT page = CPropertyPage::OnWizardBack();
-    m_isGoingBack = page != -1;
-    return page;
+    if (!Accept())
+        return -1;
+    m_leaving = Leaving::Saved;
+    return CPropertyPage::OnWizardNext();
 }
 
 BOOL CVaskPropertyPage::OnWizardFinish() {
@@ -128,20 +192,27 @@ BOOL CVaskPropertyPage::OnWizardFinish() {
 }
 
 void CVaskPropertyPage::OnDestroy() {
-    HideValidationErrorMessage();
-    if (m_areStatesLoaded)
-        StateControls::Save(*this);
-    m_areStatesLoaded = false;
-    m_isLoaded = FALSE;
     m_balloon->Forget();
+    m_refusal.reset();
+    m_isLoaded = FALSE;
     CPropertyPage::OnDestroy();
+    if (std::exchange(m_areStatesLoaded, false)) // last, as a hook may throw
+        StateControls::Save(*this);
+}
+
+BOOL CVaskPropertyPage::HasHelp() {
+    return !GetHelpTopic().IsEmpty();
+}
+
+void CVaskPropertyPage::OnHelp() {
+    if (const CString topic = GetHelpTopic(); !topic.IsEmpty())
+        quorvel::OpenHelpTarget(m_hWnd, topic);
 }
 
 BOOL CVaskPropertyPage::OnHelpInfo(HELPINFO* info) {
-    const CString topic = GetHelpTopic();
-    if (topic.IsEmpty())
+    if (!HasHelp())
         return CPropertyPage::OnHelpInfo(info);
-    quorvel::OpenHelpTarget(m_hWnd, topic);
+    OnHelp();
     return TRUE;
 }
 
@@ -150,7 +221,7 @@ void CVaskPropertyPage::OnSettingChange(UINT flags, const WCHAR* section) {
     UpdateFonts();
 }
 
-LRESULT CVaskPropertyPage::OnChildSetFocus(WPARAM, LPARAM) {
-    HideValidationErrorMessage(); // which may be hidden already
+LRESULT CVaskPropertyPage::OnChildSetFocus(WPARAM, LPARAM balloonNumber) {
+    m_balloon->OnFocusChange(balloonNumber);
     return 0;
 }

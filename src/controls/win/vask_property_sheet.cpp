@@ -1,11 +1,20 @@
 #include <quorvel/controls/win/vask_property_sheet.h>
 
+#include <quorvel/controls/win/vask_property_page.h>
+#include <quorvel/framework/win/message_map.h>
+
+#include "controls/win/validation_balloon.h"
 #include "controls/wizard_model.h"
 
 IMPLEMENT_DYNAMIC(CVaskPropertySheet, CPropertySheet)
 
 BEGIN_MESSAGE_MAP(CVaskPropertySheet, CPropertySheet)
+ON_WM_MOVE()
+ON_WM_SHOWWINDOW()
+ON_MESSAGE(WM_ACTIVATEAPP, &CVaskPropertySheet::OnActivateProgram)
 END_MESSAGE_MAP()
+
+CVaskPropertySheet::CVaskPropertySheet() = default;
 
 CVaskPropertySheet::CVaskPropertySheet(const WCHAR* caption, CWnd* parent, UINT selectedPage)
     : CPropertySheet(caption, parent, selectedPage) {}
@@ -16,14 +25,12 @@ CVaskPropertySheet::CVaskPropertySheet(UINT captionTextId, CWnd* parent, UINT se
 CVaskPropertySheet::~CVaskPropertySheet() = default;
 
 void CVaskPropertySheet::UpdateCommandButtonText() {
-    SetButtonTexts(&quorvel::SheetButtonText);
-}
-
-void CVaskPropertySheet::SetButtonTexts(UINT (*textOf)(int buttonId)) {
     for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child != nullptr;
          child = ::GetWindow(child, GW_HWNDNEXT)) {
         CString text;
-        const UINT textId = textOf(::GetDlgCtrlID(child));
+        const int id = ::GetDlgCtrlID(child);
+        const UINT textId =
+            IsWizard() ? quorvel::WizardButtonText(id) : quorvel::SheetButtonText(id);
         if (textId != 0 && text.LoadString(textId))
             ::SetWindowTextW(child, text);
     }
@@ -33,4 +40,29 @@ BOOL CVaskPropertySheet::OnInitDialog() {
     const BOOL setsFocus = CPropertySheet::OnInitDialog();
     UpdateCommandButtonText();
     return setsFocus;
+}
+
+// All pages, as a sheet that is being made cannot be asked for the one in front yet.
+void CVaskPropertySheet::ForEachBalloon(void (*action)(quorvel::ValidationBalloon& balloon)) {
+    for (int position = 0; position < GetPageCount(); ++position) {
+        if (const auto* const page = dynamic_cast<CVaskPropertyPage*>(GetPage(position)))
+            action(*page->m_balloon);
+    }
+}
+
+void CVaskPropertySheet::OnMove(int x, int y) {
+    CPropertySheet::OnMove(x, y);
+    ForEachBalloon([](quorvel::ValidationBalloon& balloon) { balloon.Follow(); });
+}
+
+void CVaskPropertySheet::OnShowWindow(BOOL isShown, UINT status) {
+    CPropertySheet::OnShowWindow(isShown, status);
+    if (!isShown)
+        ForEachBalloon([](quorvel::ValidationBalloon& balloon) { balloon.Hide(); });
+}
+
+LRESULT CVaskPropertySheet::OnActivateProgram(WPARAM isActive, LPARAM) {
+    if (!isActive)
+        ForEachBalloon([](quorvel::ValidationBalloon& balloon) { balloon.Hide(); });
+    return Default();
 }

@@ -4,16 +4,16 @@
 
 IMPLEMENT_DYNAMIC(CVaskWizard, CVaskPropertySheet)
 
+CVaskWizard::CVaskWizard() : CVaskWizard(_T("")) {}
+
 CVaskWizard::CVaskWizard(const WCHAR* caption, CWnd* parent, UINT firstPage)
     : CVaskPropertySheet(caption, parent, firstPage),
-      m_texts(std::make_unique<quorvel::WizardTexts>()),
       m_events(std::make_unique<quorvel::WizardEvents>()) {
     SetWizardMode();
 }
 
 CVaskWizard::CVaskWizard(UINT captionTextId, CWnd* parent, UINT firstPage)
     : CVaskPropertySheet(captionTextId, parent, firstPage),
-      m_texts(std::make_unique<quorvel::WizardTexts>()),
       m_events(std::make_unique<quorvel::WizardEvents>()) {
     SetWizardMode();
 }
@@ -39,11 +39,10 @@ void CVaskWizard::ShowHeaders() {
 }
 
 BOOL CVaskWizard::SetWizardName(const WCHAR* name) {
-    return m_texts->SetName(name);
-}
-
-CString CVaskWizard::GetWizardName() const {
-    return m_texts->GetName();
+    if (name == nullptr)
+        return FALSE;
+    m_name = name;
+    return TRUE;
 }
 
 void CVaskWizard::AddEvent(const CVaskEvent& event) {
@@ -51,8 +50,7 @@ void CVaskWizard::AddEvent(const CVaskEvent& event) {
 }
 
 void CVaskWizard::AppendEvents(const std::vector<CVaskEvent>& events) {
-    for (const CVaskEvent& event : events)
-        m_events->Add(event);
+    m_events->Append(events);
 }
 
 BOOL CVaskWizard::GetEvent(int position, CVaskEvent& event) const {
@@ -69,8 +67,4 @@ BOOL CVaskWizard::DeleteEvent(int position) {
 
 int CVaskWizard::GetEventCount() const {
     return m_events->GetCount();
-}
-
-void CVaskWizard::UpdateCommandButtonText() {
-    SetButtonTexts(&quorvel::WizardButtonText);
 }

@@ -1,56 +1,64 @@
 #include <quorvel/controls/win/vask_wizard_page.h>
 
+#include <quorvel/controls/win/vask_wizard.h>
+
 #include "controls/wizard_model.h"
 
 IMPLEMENT_DYNAMIC(CVaskWizardPage, CVaskPropertyPage)
 
-CVaskWizardPage::CVaskWizardPage(UINT templateId, UINT captionTextId)
-    : CVaskPropertyPage(templateId, captionTextId),
-      m_texts(std::make_unique<quorvel::WizardTexts>()),
+CVaskWizardPage::CVaskWizardPage(UINT templateId, UINT captionTextId, UINT headerTitleId,
+                                 UINT headerSubTitleId)
+    : CVaskPropertyPage(templateId, captionTextId, headerTitleId, headerSubTitleId),
+      m_events(std::make_unique<quorvel::WizardEvents>()) {}
+
+CVaskWizardPage::CVaskWizardPage(const WCHAR* templateName, UINT captionTextId)
+    : CVaskPropertyPage(templateName, captionTextId),
       m_events(std::make_unique<quorvel::WizardEvents>()) {}
 
 CVaskWizardPage::~CVaskWizardPage() = default;
 
 BOOL CVaskWizardPage::SetWizardName(const WCHAR* name) {
-    return m_texts->SetName(name);
-}
-
-BOOL CVaskWizardPage::SetHeaderTitle(const WCHAR* title) {
-    if (!m_texts->SetHeaderTitle(title))
+    if (name == nullptr)
         return FALSE;
-    m_strHeaderTitle = title;
+    m_wizardName = name;
     return TRUE;
 }
 
+BOOL CVaskWizardPage::SetHeaderTitle(const WCHAR* title) {
+    return SetHeader(m_strHeaderTitle, title, PSM_SETHEADERTITLEW);
+}
+
 BOOL CVaskWizardPage::SetHeaderSubTitle(const WCHAR* subTitle) {
-    if (!m_texts->SetHeaderSubTitle(subTitle))
+    return SetHeader(m_strHeaderSubTitle, subTitle, PSM_SETHEADERSUBTITLEW);
+}
+
+// The sheet has a copy from the time when the page was added.
+BOOL CVaskWizardPage::SetHeader(CString& text, const WCHAR* value, UINT message) {
+    if (value == nullptr)
         return FALSE;
-    m_strHeaderSubTitle = subTitle;
+    text = value;
+    if (CPropertySheet* const sheet = GetParentSheet())
+        sheet->SendMessage(message, static_cast<WPARAM>(sheet->GetPageIndex(this)),
+                           reinterpret_cast<LPARAM>(text.GetString()));
     return TRUE;
 }
 
 CString CVaskWizardPage::GetWizardName() const {
-    return m_texts->GetName();
-}
-
-CString CVaskWizardPage::GetHeaderTitle() const {
-    return m_texts->GetHeaderTitle();
-}
-
-CString CVaskWizardPage::GetHeaderSubTitle() const {
-    return m_texts->GetHeaderSubTitle();
+    const CVaskWizard* const wizard =
+        m_wizardName.IsEmpty() ? dynamic_cast<CVaskWizard*>(GetParentSheet()) : nullptr;
+    return wizard != nullptr ? wizard->GetWizardName() : m_wizardName;
 }
 
 CString CVaskWizardPage::GetWelcomeText() const {
-    return m_texts->GetWelcomeText();
+    return quorvel::WizardWelcomeText(GetWizardName());
 }
 
 CString CVaskWizardPage::GetCompletingText() const {
-    return m_texts->GetCompletingText();
+    return quorvel::WizardCompletingText(GetWizardName());
 }
 
 CString CVaskWizardPage::GetCompletedText() const {
-    return m_texts->GetCompletedText();
+    return quorvel::WizardCompletedText(GetWizardName());
 }
 
 void CVaskWizardPage::AddEvent(const CVaskEvent& event) {
@@ -58,8 +66,7 @@ void CVaskWizardPage::AddEvent(const CVaskEvent& event) {
 }
 
 void CVaskWizardPage::AppendEvents(const std::vector<CVaskEvent>& events) {
-    for (const CVaskEvent& event : events)
-        m_events->Add(event);
+    m_events->Append(events);
 }
 
 BOOL CVaskWizardPage::GetEvent(int position, CVaskEvent& event) const {

@@ -83,7 +83,7 @@ BOOL CDialog::InitModalIndirect(const DLGTEMPLATE* dialogTemplate, CWnd* parent)
 }
 
 INT_PTR CDialog::DoModal() {
-    if (m_hWnd != nullptr || m_modal != Modal::kNone) {
+    if (m_hWnd != nullptr || m_modal != Modal::None) {
         ::SetLastError(ERROR_ALREADY_EXISTS);
         return -1;
     }
@@ -94,14 +94,15 @@ INT_PTR CDialog::DoModal() {
         return -1;
     const HWND owner = quorvel::ModalOwner(SafeHwndOf(m_pParentWnd));
     std::optional<quorvel::DisabledWindow> disabled(owner);
-    m_modal = Modal::kRunning; // from here on EndDialog has an effect
+    m_modal = Modal::Running; // from here on EndDialog has an effect
     m_modalResult = -1;
     DWORD error = ERROR_SUCCESS;
-    if (!CreateFrom(found.dialog, owner, found.module))
-        error = ::GetLastError();
-    else if (m_modal == Modal::kRunning)
+    const BOOL isCreated = CreateFrom(found.dialog, owner, found.module);
+    if (isCreated && m_modal == Modal::Running)
         RunModalLoop(MLF_SHOWONIDLE);
-    m_modal = Modal::kNone;
+    else if (m_modal == Modal::Running)
+        error = ::GetLastError();
+    m_modal = Modal::None;
     if (m_hWnd != nullptr)
         quorvel::HideBeforeOwner(m_hWnd);
     disabled.reset();
@@ -132,6 +133,7 @@ BOOL CDialog::CreateFrom(const DLGTEMPLATE* dialogTemplate, HWND parent, HINSTAN
         return FALSE;
     }
     quorvel::RegisterCommonControls();
+    m_opening = m_modal == Modal::None ? Opening::Running : Opening::No;
     AfxHookWindowCreate(this);
     const HWND window =
         ::CreateDialogIndirectParamW(module, dialogTemplate, parent, DialogProcedure, 0);
@@ -143,16 +145,25 @@ BOOL CDialog::CreateFrom(const DLGTEMPLATE* dialogTemplate, HWND parent, HINSTAN
 }
 
 LRESULT CDialog::HandleInitDialog(WPARAM wParam, LPARAM lParam) {
+    const HWND window = m_hWnd;
+    BOOL setsFocus = FALSE;
+    bool isWhole = true;
     try {
-        return OnInitDialog();
-    } catch (...) {
-        quorvel::EndHandlerException({m_hWnd, WM_INITDIALOG, wParam, lParam, 0, {}});
+        setsFocus = OnInitDialog();
+    } catch (...) { // half a dialog is of no use
+        quorvel::EndHandlerException({window, WM_INITDIALOG, wParam, lParam, 0, {}});
+        isWhole = false;
     }
-    // Half a dialog is of no use.
-    if (m_modal != Modal::kNone)
+    if (FromHandlePermanent(window) != this) // OnInitDialog destroyed it
+        return FALSE;
+    if (!isWhole)
         EndDialog(-1);
-    else
-        DestroyWindow(); // this object may be gone
+    isWhole = isWhole && m_modal != Modal::Ended && m_opening != Opening::Ended;
+    m_opening = Opening::No;
+    if (isWhole)
+        return setsFocus;
+    // Now, as the platform shows a dialog of style WS_VISIBLE after this message.
+    DestroyWindow(); // this object may be gone
     return FALSE;
 }
 
@@ -173,8 +184,10 @@ void CDialog::OnCancel() {
 }
 
 void CDialog::EndDialog(int result) {
-    if (m_modal != Modal::kNone)
+    if (m_modal != Modal::None)
         EndModalLoop(result);
+    else if (m_opening != Opening::No)
+        m_opening = Opening::Ended;
     else if (m_hWnd != nullptr)
         ShowWindow(SW_HIDE);
 }

@@ -4,6 +4,9 @@
 
 #include "framework/handler_exception.h"
 
+#include <utility>
+#include <vector>
+
 namespace {
 
 constexpr UINT kSystemTimer = 0x0118; // the caret's blinking, among others
@@ -43,6 +46,15 @@ bool IsIdleMessage(const MSG& message) {
     return message.message != WM_PAINT && message.message != kSystemTimer;
 }
 
+bool CallOnIdle(CWinThread& thread, LONG count) {
+    try {
+        return thread.OnIdle(count) != FALSE;
+    } catch (...) {
+        quorvel::EndHandlerException({});
+        return false;
+    }
+}
+
 } // namespace
 
 BOOL CWinThread::PumpMessage() {
@@ -52,9 +64,34 @@ BOOL CWinThread::PumpMessage() {
 
 int CWinThread::Run() {
     MSG message = {};
-    while (Pump(message))
-        continue;
-    return static_cast<int>(message.wParam);
+    bool idle = true;
+    LONG idleCount = 0;
+    for (;;) {
+        while (idle && IsQueueEmpty())
+            idle = CallOnIdle(*this, idleCount++);
+        if (!Pump(message))
+            return static_cast<int>(message.wParam);
+        if (IsIdleMessage(message)) {
+            idle = true;
+            idleCount = 0;
+        }
+    }
+}
+
+BOOL CWinThread::OnIdle(LONG count) {
+    std::vector<HWND> windows; // first, as idle time may create and destroy some
+    const auto note = [](HWND window, LPARAM noted) CALLBACK -> BOOL {
+        if (::IsWindowVisible(window) && CWnd::FromHandlePermanent(window) != nullptr)
+            reinterpret_cast<std::vector<HWND>*>(noted)->push_back(window);
+        return TRUE;
+    };
+    ::EnumThreadWindows(::GetCurrentThreadId(), note, reinterpret_cast<LPARAM>(&windows));
+    BOOL wantsMore = FALSE;
+    for (const HWND window : windows) {
+        if (::SendMessageW(window, WM_KICKIDLE, MSGF_DIALOGBOX, count) != 0)
+            wantsMore = TRUE;
+    }
+    return wantsMore;
 }
 
 BOOL CWinThread::PreTranslateMessage(MSG* message) {
@@ -90,7 +127,7 @@ int CWnd::RunModalLoop(DWORD flags) {
             UpdateWindow();
         }
     };
-    m_modal = Modal::kRunning;
+    m_modal = Modal::Running;
     for (;;) {
         while (idle && ContinueModal() && IsQueueEmpty()) {
             showNow();
@@ -104,13 +141,13 @@ int CWnd::RunModalLoop(DWORD flags) {
             MSG message;
             if (!Pump(message)) {
                 ::PostQuitMessage(static_cast<int>(message.wParam)); // for the loops outside
-                m_modal = Modal::kNone;
+                m_modal = Modal::None;
                 return m_modalResult = -1;
             }
             if (message.message == kSystemTimer || message.message == WM_SYSKEYDOWN)
                 showNow(); // the user waits for it
             if (!ContinueModal()) {
-                m_modal = Modal::kNone;
+                m_modal = Modal::None;
                 return m_modalResult;
             }
             if (IsIdleMessage(message)) {
@@ -122,13 +159,13 @@ int CWnd::RunModalLoop(DWORD flags) {
 }
 
 BOOL CWnd::ContinueModal() {
-    return m_modal == Modal::kRunning;
+    return m_modal == Modal::Running;
 }
 
 void CWnd::EndModalLoop(int result) {
     m_modalResult = result;
-    if (m_modal != Modal::kRunning)
+    if (m_modal != Modal::Running)
         return;
-    m_modal = Modal::kEnded;
+    m_modal = Modal::Ended;
     ::PostMessageW(m_hWnd, WM_NULL, 0, 0); // the loop may be waiting for a message
 }

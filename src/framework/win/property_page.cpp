@@ -55,7 +55,7 @@ BOOL CPropertyPage::Prepare(PROPSHEETPAGEW& record, const WCHAR* wizardTitle, bo
         return FALSE;
     m_wasActive = false;
     record = m_psp;
-    record.dwFlags |= PSP_DLGINDIRECT;
+    record.dwFlags |= HasHelp() ? PSP_DLGINDIRECT | PSP_HASHELP : PSP_DLGINDIRECT;
     record.pResource = const_cast<DLGTEMPLATE*>(found.dialog);
     record.hInstance = found.module;
     record.pfnDlgProc = Procedure;
@@ -146,6 +146,10 @@ LRESULT CPropertyPage::OnWizardNext() {
 BOOL CPropertyPage::OnWizardFinish() {
     return TRUE;
 }
+BOOL CPropertyPage::HasHelp() {
+    return FALSE;
+}
+void CPropertyPage::OnHelp() {}
 
 void CPropertyPage::OnOK() {}
 void CPropertyPage::OnCancel() {}
@@ -191,6 +195,9 @@ LRESULT CPropertyPage::AnswerSheet(const NMHDR& header, BOOL& known) {
         return OnWizardNext();
     case PSN_WIZFINISH:
         return !OnWizardFinish();
+    case PSN_HELP:
+        OnHelp();
+        return 0;
     default:
         known = FALSE;
         return 0;

@@ -32,17 +32,17 @@ CPropertySheet::CPropertySheet(UINT captionId, CWnd* parent, UINT selectPage)
 CPropertySheet::~CPropertySheet() = default;
 
 INT_PTR CPropertySheet::DoModal() {
-    if (m_hWnd != nullptr || m_modal != Modal::kNone) {
+    if (m_hWnd != nullptr || m_modal != Modal::None) {
         ::SetLastError(ERROR_ALREADY_EXISTS);
         return -1;
     }
     const HWND owner = quorvel::ModalOwner(SafeHwndOf(m_pParentWnd));
     std::optional<quorvel::DisabledWindow> disabled(owner);
-    m_modal = Modal::kRunning; // from here on EndDialog has an effect
+    m_modal = Modal::Running; // from here on EndDialog has an effect
     m_modalResult = -1;
-    if (CreateSheet(owner) && m_modal == Modal::kRunning)
+    if (CreateSheet(owner) && m_modal == Modal::Running)
         RunModalLoop(MLF_SHOWONIDLE);
-    m_modal = Modal::kNone;
+    m_modal = Modal::None;
     if (m_hWnd != nullptr)
         quorvel::HideBeforeOwner(m_hWnd);
     disabled.reset();
@@ -124,7 +124,7 @@ BOOL CPropertySheet::ContinueModal() {
 }
 
 void CPropertySheet::EndDialog(int result) {
-    if (m_modal != Modal::kNone)
+    if (m_modal != Modal::None)
         EndModalLoop(result);
     else if (m_hWnd != nullptr)
         ShowWindow(SW_HIDE);

@@ -46,6 +46,15 @@ TEST_F(AutoCompleteEdit, IsBoundWhenItIsSubclassed) {
     EXPECT_TRUE(edit.IsAutoCompletionEnabled());
     ::DestroyWindow(m_window);
     EXPECT_FALSE(edit.IsAutoCompleteObjectValid());
+
+    const auto newWindow = [this] {
+        return ::CreateWindowExW(0, _T("Edit"), nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 100, 20,
+                                 m_parent, nullptr, nullptr, nullptr);
+    };
+    EXPECT_TRUE(edit.SubclassWindow(newWindow()) && edit.EnableAutoCompletion(FALSE));
+    edit.UnsubclassWindow();
+    EXPECT_TRUE(edit.SubclassWindow(newWindow()));
+    EXPECT_TRUE(edit.IsAutoCompletionEnabled()) << "bound anew";
     EXPECT_TRUE(edit.IsMRUListValid()) << "the list outlives the window";
 }
 

@@ -12,13 +12,23 @@
 class BalloonProbe : public CWnd {
 public:
     explicit BalloonProbe(HWND dialog) : m_dialog(dialog) {
+        EXPECT_TRUE(SubclassWindow(ExpectOne(dialog)));
+    }
+    // The balloons of the window, of the pages too when it is a sheet.
+    static std::vector<HWND> Find(HWND owner) {
+        std::vector<HWND> found;
         for (HWND window = nullptr;
              (window = ::FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
-            if (::GetWindow(window, GW_OWNER) == dialog) {
-                EXPECT_TRUE(SubclassWindow(window)) << "one balloon for each dialog";
-            }
+            const LONG_PTR style = ::GetWindowLongPtrW(window, GWL_STYLE);
+            if (::GetWindow(window, GW_OWNER) == owner && (style & TTS_BALLOON) != 0)
+                found.push_back(window);
         }
-        EXPECT_NE(m_hWnd, nullptr);
+        return found;
+    }
+    static HWND ExpectOne(HWND dialog) {
+        const std::vector<HWND> found = Find(dialog);
+        EXPECT_EQ(found.size(), 1u) << "one balloon for each dialog";
+        return found.empty() ? nullptr : found.front();
     }
     bool IsVisible() const { return ::IsWindowVisible(m_hWnd) != FALSE; }
     CString Text() const {

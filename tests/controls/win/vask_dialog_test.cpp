@@ -1,9 +1,11 @@
 // The life of a dialog with validation, by keys and clicks as a user makes them, and its balloon.
 #include <quorvel/controls/win/vask_dialog.h>
+#include <quorvel/framework/exceptions.h>
 #include <quorvel/res/message_ids.h>
 
 #include "controls/win/balloon_probe.h"
 #include "controls/win/dialog_ids.h"
+#include "support/message_box_recorder.h"
 #include "support/test.h"
 #include "support/win/dialog_driver.h"
 
@@ -20,16 +22,31 @@ public:
     using CVaskDialog::OnOK;
 
     std::string m_seen;
-    bool m_loads = true;
-    bool m_saves = true;
+    std::function<BOOL()> m_load = [] { return TRUE; };
+    std::function<BOOL()> m_save = [] { return TRUE; };
     BOOL m_isOK = TRUE;
     UINT m_template = DIALOG_NAME;
     CString m_title = _T("*"); // "*": the default stays
+    int m_secondField = 0;     // must not be empty, as the first
+    bool m_focusesRefused = false;
+    int m_exchangedField = FIELD_NOTE;
+    CString m_note;
+    std::vector<int> m_bold = {FIELD_LABEL, 4711};
+    bool m_wasShown = false;
+    bool m_throws = false; // when states are saved
 
 protected:
     using CVaskDialog::GetStateAutoCompleteEditCtrls;
     using CVaskDialog::GetStateListCtrls;
     UINT GetTemplateID() override { return m_template; }
+    void DoDataExchange(CDataExchange* exchange) override {
+        CVaskDialog::DoDataExchange(exchange);
+        DDX_Text(exchange, m_exchangedField, m_note);
+    }
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        m_wasShown = m_wasShown || (message == WM_SHOWWINDOW && wParam != 0);
+        return CVaskDialog::WindowProc(message, wParam, lParam);
+    }
     void GetStateAutoCompleteEditCtrls(quorvel::EditKeys&, int isSaving) override {
         m_seen += isSaving ? "edits? " : "edits ";
     }
@@ -38,11 +55,15 @@ protected:
     }
     void PreLoadStateControls() override { m_seen += "preload "; }
     void PostLoadStateControls() override { m_seen += "postload "; }
-    void PreSaveStateControls() override { m_seen += "presave "; }
+    void PreSaveStateControls() override {
+        m_seen += "presave ";
+        if (m_throws)
+            AfxThrowMemoryException();
+    }
     void PostSaveStateControls() override { m_seen += "postsave "; }
     BOOL LoadData() override {
         m_seen += "load ";
-        return m_loads;
+        return m_load();
     }
     BOOL ValidateData(UINT& icon, CString& title, CString& text, CRect& rect) override {
         m_seen += "validate ";
@@ -50,20 +71,26 @@ protected:
         EXPECT_EQ(title, _T("Validation Error"));
         EXPECT_EQ(text, _T(""));
         EXPECT_TRUE(rect.IsRectEmpty());
-        if (TextOf(GetDlgItem(FIELD_NAME)->m_hWnd) != _T(""))
-            return TRUE;
-        if (m_title != _T("*"))
-            title = m_title;
-        text.LoadString(quorvel::kTextFieldEmpty);
-        GetDlgItem(FIELD_NAME)->GetWindowRect(rect);
-        return FALSE;
+        for (const int field : {FIELD_NAME, m_secondField}) {
+            CWnd* const control = GetDlgItem(field);
+            if (control == nullptr || TextOf(control->m_hWnd) != _T(""))
+                continue;
+            if (m_title != _T("*"))
+                title = m_title;
+            text.LoadString(quorvel::kTextFieldEmpty);
+            control->GetWindowRect(rect);
+            if (m_focusesRefused)
+                GotoDlgCtrl(control);
+            return FALSE;
+        }
+        return TRUE;
     }
     BOOL IsOK() override { return m_isOK; }
     BOOL SaveData() override {
         m_seen += "save ";
-        return m_saves;
+        return m_save();
     }
-    void GetBoldControlIDs(std::vector<int>& ids) override { ids = {FIELD_LABEL, 4711}; }
+    void GetBoldControlIDs(std::vector<int>& ids) override { ids = m_bold; }
 };
 
 Step Type(const WCHAR* text) {
@@ -87,20 +114,100 @@ TEST(VaskDialog, CancelSavesStatesOnly) {
     EXPECT_EQ(dialog.m_seen, "load preload edits lists postload presave edits? lists? postsave ");
 }
 
-TEST(VaskDialog, StatesThatWereNotLoadedAreNotSaved) {
+TEST(VaskDialog, OpensWithItsDataOrNotAtAll) {
+    MessageBoxRecorder app; // for an exchange that fails
+    CNameDlg* opening = nullptr;
+    const struct {
+        const char* label;
+        int exchangedField;
+        std::function<BOOL()> load;
+        const char* seen;
+    } rows[] = {
+        {"no such control", FIELD_LABEL, [] { return TRUE; }, ""},
+        {"nothing to load", FIELD_NOTE, [] { return FALSE; }, "load "},
+        {"nothing to exchange any more", FIELD_NOTE,
+         [&] { return (opening->m_exchangedField = FIELD_LABEL) != 0; }, "load "},
+        {"destroyed", FIELD_NOTE, [&] { return opening->DestroyWindow(); }, "load "},
+    };
+    for (const auto& row : rows) {
+        for (const bool isModal : {true, false}) {
+            SCOPED_TRACE(testing::Message() << row.label << (isModal ? ", modal" : ", modeless"));
+            CNameDlg dialog;
+            opening = &dialog;
+            dialog.m_template = DIALOG_OTHER; // which is of style WS_VISIBLE
+            dialog.m_exchangedField = row.exchangedField;
+            dialog.m_load = row.load;
+            if (isModal)
+                EXPECT_EQ(dialog.DoModal(), -1);
+            else
+                EXPECT_FALSE(dialog.Create(nullptr));
+            EXPECT_EQ(dialog.m_hWnd, nullptr);
+            EXPECT_EQ(dialog.m_seen, row.seen) << "states that were not loaded are not saved";
+            EXPECT_FALSE(dialog.m_wasShown);
+        }
+    }
     CNameDlg dialog;
-    dialog.m_loads = false;
-    EXPECT_EQ(dialog.DoModal(), -1);
-    EXPECT_EQ(dialog.m_seen, "load ");
+    dialog.m_load = [&] {
+        dialog.m_note = _T("loaded");
+        return TRUE;
+    };
+    DialogDriver driver({[&](HWND box) {
+                             EXPECT_EQ(TextOf(::GetDlgItem(box, FIELD_NOTE)), _T("loaded"));
+                             ::SetDlgItemTextW(box, FIELD_NOTE, _T("typed"));
+                             EXPECT_FALSE(dialog.ValidateAndSaveData());
+                             EXPECT_EQ(dialog.m_note, _T("typed"));
+                         },
+                         Press(VK_ESCAPE)});
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST(VaskDialog, SaveDataMayHandleMessages) {
+    CNameDlg dialog;
+    const struct {
+        const char* label;
+        std::function<BOOL()> save;
+        INT_PTR result;
+    } rows[] = {
+        {"OK and Cancel meanwhile",
+         [&] {
+             dialog.SendMessage(WM_COMMAND, IDOK);
+             dialog.SendMessage(WM_COMMAND, IDCANCEL);
+             return TRUE;
+         },
+         IDOK},
+        {"destroyed meanwhile", [&] { return dialog.DestroyWindow(); }, -1},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        dialog.m_seen.clear();
+        dialog.m_save = row.save;
+        DialogDriver driver({Type(_T("a")), Press(VK_RETURN)});
+        EXPECT_EQ(dialog.DoModal(), row.result);
+        EXPECT_EQ(dialog.m_seen, "load preload edits lists postload validate save presave edits? "
+                                 "lists? postsave ");
+    }
+}
+
+TEST(VaskDialog, AStateHookMayThrow) {
+    MessageBoxRecorder app;
+    CNameDlg dialog;
+    for (const bool throws : {true, false}) { // the second time everything is as the first
+        dialog.m_throws = throws;
+        DialogDriver driver(
+            {Press(VK_RETURN), [&](HWND) { EXPECT_TRUE(dialog.IsValidationErrorMessageShowing()); },
+             Press(VK_TAB), [&](HWND) { EXPECT_FALSE(dialog.IsValidationErrorMessageShowing()); },
+             Press(VK_ESCAPE)});
+        EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+        EXPECT_EQ(app.Take().size(), throws ? 1u : 0u);
+    }
 }
 
 TEST(VaskDialog, StaysOpenWhileItIsRefused) {
     CNameDlg dialog;
-    dialog.m_saves = false;
-    dialog.m_seen.clear();
+    dialog.m_save = [] { return FALSE; };
     DialogDriver driver({Type(_T("a")), Press(VK_RETURN),
                          [&](HWND) {
-                             dialog.m_saves = true;
+                             dialog.m_save = [] { return TRUE; };
                              dialog.SetBusy();
                          },
                          Press(VK_RETURN), ClickOn(IDOK), [&](HWND) { dialog.SetBusy(FALSE); },
@@ -134,7 +241,10 @@ TEST(VaskDialog, OneBalloonPointsAtTheField) {
                              EXPECT_EQ(probe->m_places[0].y, field.bottom);
                          },
                          Press(VK_RETURN), // does not stack another
-                         [&](HWND) { EXPECT_EQ(probe->m_titles.size(), 1u); },
+                         [&](HWND box) {
+                             EXPECT_TRUE(probe->IsVisible());
+                             BalloonProbe::ExpectOne(box);
+                         },
                          [&](HWND box) { // the balloon goes where its dialog goes
                              ::SetWindowPos(box, nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
                              RECT field;
@@ -148,21 +258,62 @@ TEST(VaskDialog, OneBalloonPointsAtTheField) {
     EXPECT_FALSE(dialog.IsValidationErrorMessageShowing());
 }
 
+TEST(VaskDialog, EachRefusalShowsItsOwnBalloon) {
+    const Step mnemonic = [](HWND box) {
+        ::PostMessageW(KeyboardOf(box), WM_SYSCHAR, 'o', LPARAM{1} << 29); // with Alt
+    };
+    const struct {
+        const char* label;
+        Step ok;
+        bool focusesRefused;
+        const WCHAR* typed; // after the first refusal
+        int field;          // of the second one
+    } rows[] = {
+        {"the same field", Press(VK_RETURN), false, _T(""), FIELD_NAME},
+        {"the next field", Press(VK_RETURN), false, _T("a"), FIELD_NOTE},
+        {"a validation that sets the focus", Press(VK_RETURN), true, _T("a"), FIELD_NOTE},
+        {"OK by its mnemonic, which takes the focus", mnemonic, false, _T(""), FIELD_NAME},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        CNameDlg dialog;
+        dialog.m_secondField = FIELD_NOTE;
+        dialog.m_focusesRefused = row.focusesRefused;
+        std::unique_ptr<BalloonProbe> probe;
+        DialogDriver driver({[&](HWND box) { probe = std::make_unique<BalloonProbe>(box); },
+                             Press(VK_RETURN), Type(row.typed), row.ok,
+                             [&](HWND box) {
+                                 RECT field;
+                                 ::GetWindowRect(::GetDlgItem(box, row.field), &field);
+                                 EXPECT_TRUE(probe->IsVisible());
+                                 EXPECT_EQ(probe->m_places.back().y, field.bottom);
+                                 EXPECT_EQ(probe->m_titles.size(), 2u);
+                             },
+                             Press(VK_ESCAPE)});
+        EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    }
+}
+
 TEST(VaskDialog, LooksAsItsDeclarationsSay) {
     CNameDlg dialog;
     dialog.SetCaptionID(quorvel::kTextColumnCommand);
     dialog.m_isOK = FALSE;
     DialogDriver driver({[&](HWND box) {
         EXPECT_EQ(TextOf(box), _T("Command"));
-        LOGFONTW font{};
-        ::GetObjectW(
-            reinterpret_cast<HFONT>(::SendDlgItemMessageW(box, FIELD_LABEL, WM_GETFONT, 0, 0)),
-            sizeof font, &font);
-        EXPECT_EQ(font.lfWeight, FW_BOLD);
-        ::GetObjectW(
-            reinterpret_cast<HFONT>(::SendDlgItemMessageW(box, FIELD_NAME, WM_GETFONT, 0, 0)),
-            sizeof font, &font);
-        EXPECT_LT(font.lfWeight, FW_BOLD);
+        const auto weightOf = [box](int id) {
+            LOGFONTW font{};
+            const LRESULT handle = ::SendDlgItemMessageW(box, id, WM_GETFONT, 0, 0);
+            EXPECT_NE(::GetObjectW(reinterpret_cast<HFONT>(handle), sizeof font, &font), 0);
+            return font.lfWeight;
+        };
+        EXPECT_EQ(weightOf(FIELD_LABEL), FW_BOLD);
+        EXPECT_LT(weightOf(FIELD_NAME), FW_BOLD);
+        for (const std::vector<int>& bold : {std::vector<int>{FIELD_NAME}, {}}) {
+            dialog.m_bold = bold;
+            dialog.UpdateFonts();
+            EXPECT_EQ(weightOf(FIELD_NAME) == FW_BOLD, !bold.empty());
+            EXPECT_LT(weightOf(FIELD_LABEL), FW_BOLD) << "no longer named";
+        }
         EXPECT_NE(CWnd::FromHandlePermanent(::GetDlgItem(box, 23010)), nullptr);
         EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(box, IDOK)));
         dialog.OnCancel();
@@ -176,7 +327,7 @@ protected:
     Balloons() {
         for (CNameDlg* dialog : {&m_first, &m_second}) {
             dialog->m_template = DIALOG_OTHER;
-            EXPECT_TRUE(dialog->Create(static_cast<CWnd*>(nullptr)));
+            EXPECT_TRUE(dialog->Create(nullptr));
         }
     }
     static void FocusField(const CNameDlg& dialog, int id) {
@@ -215,6 +366,20 @@ TEST_F(Balloons, HideByFocusInTheirOwnDialog) {
     EXPECT_FALSE(m_second.IsValidationErrorMessageShowing());
 }
 
+TEST_F(Balloons, HideWithTheirDialog) {
+    const std::pair<const char*, std::function<void()>> rows[] = {
+        {"hidden", [&] { m_first.OnCancel(); }},
+        {"another program", [&] { m_first.SendMessage(WM_ACTIVATEAPP, FALSE); }},
+        {"another's report", [&] { m_first.SendMessage(0x83f9); }},
+    };
+    for (const auto& [label, act] : rows) {
+        m_first.ShowWindow(SW_SHOW);
+        EXPECT_TRUE(Show(m_first)) << label;
+        act();
+        EXPECT_FALSE(m_first.IsValidationErrorMessageShowing()) << label;
+    }
+}
+
 TEST_F(Balloons, TakeTextsAsTheyAre) {
     BalloonProbe probe(m_first.m_hWnd);
     const CRect rect(0, 0, 10, 10);
@@ -229,12 +394,14 @@ TEST_F(Balloons, TakeTextsAsTheyAre) {
         WPARAM icon;
     } rows[] = {{_T("Title"), _T("a & b"), _T("Title"), TTI_INFO},
                 {_T(""), _T("text"), _T(""), TTI_NONE}, // clears the title before
+                {_T("Title"), _T(""), _T("Title"), TTI_INFO},
                 {longText, longText, longText.Left(99), TTI_INFO}};
     for (const auto& row : rows) {
         EXPECT_TRUE(m_first.ShowValidationErrorMessage(TTI_INFO, row.title, row.text, rect));
         EXPECT_EQ(probe.m_titles.back(), row.shownTitle);
         EXPECT_EQ(probe.m_icons.back(), row.icon);
-        EXPECT_EQ(probe.Text().Left(80), CString(row.text).Left(80));
+        EXPECT_EQ(probe.Text().Left(80), *row.text != 0 ? CString(row.text).Left(80) : _T(" "));
+        EXPECT_TRUE(probe.IsVisible());
         EXPECT_TRUE(m_first.HideValidationErrorMessage());
         EXPECT_FALSE(probe.IsVisible());
     }

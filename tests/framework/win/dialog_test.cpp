@@ -241,6 +241,23 @@ TEST(Dialog, IdleTimeShowsTheStateOfCommands) {
     EXPECT_EQ(maxCount, 2) << "as long as it asks";
 }
 
+TEST(Dialog, ModelessOnesHaveTheProgramsIdleTime) {
+    MessageBoxRecorder app;
+    CFieldsDlg dialog;
+    ASSERT_TRUE(dialog.Create(DIALOG_FIELDS));
+    dialog.ShowWindow(SW_SHOW);
+    dialog.m_idle = [&](int count) {
+        if (count == 2)
+            ::PostQuitMessage(5);
+        return count < 2;
+    };
+    const auto giveUp = [](HWND, UINT, UINT_PTR, DWORD) CALLBACK { ::PostQuitMessage(-1); };
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, 5000, giveUp);
+    EXPECT_EQ(app.Run(), 5);
+    ::KillTimer(nullptr, timer);
+    EXPECT_EQ(TextOf(::GetDlgItem(dialog.m_hWnd, FIELD_BUTTON)), _T("On"));
+}
+
 TEST(Dialog, ModelessOnesLiveUntilTheyAreDestroyed) {
     MessageBoxRecorder app;
     CFieldsDlg dialog;
@@ -254,7 +271,9 @@ TEST(Dialog, ModelessOnesLiveUntilTheyAreDestroyed) {
     dialog.m_init = [](CFieldsDlg&) { AfxThrowMemoryException(); };
     EXPECT_FALSE(dialog.Create(DIALOG_FIELDS));
     EXPECT_EQ(app.Take().size(), 1u);
-    EXPECT_EQ(dialog.m_seen, "init ok gone init gone ");
+    dialog.m_init = [](CFieldsDlg& opening) { opening.EndDialog(1); };
+    EXPECT_FALSE(dialog.Create(DIALOG_FIELDS));
+    EXPECT_EQ(dialog.m_seen, "init ok gone init gone init gone ");
 }
 
 TEST(Dialog, OfTheLanguageLibraryIsFound) {

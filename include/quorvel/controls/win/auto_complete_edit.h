@@ -8,10 +8,12 @@
 // empty.
 //
 // The component model has to be initialised on the thread (CoInitialize); otherwise the edit is not
-// bound and works as a plain one. The edit holds a reference to the list and releases it last,
-// after the object of the auto-completion; that object may live on until the window is destroyed
-// and holds a reference of its own. So the list lasts as long as anybody reads it, whatever is
-// destroyed first.
+// bound and works as a plain one, and a dialog that declares it loads its list and never saves it.
+// The auto-completion ends with its window and stays with one that the object is detached from; the
+// next window that the object gets is bound anew. The edit holds a reference to the list and
+// releases it last, after the object of the auto-completion; that object may live on until the
+// window is destroyed and holds a reference of its own. So the list lasts as long as anybody reads
+// it, whatever is destroyed first.
 //
 // While the drop-down shows, Escape and Enter close it and do not reach the dialog.
 #pragma once
@@ -63,7 +65,7 @@ protected:
     BOOL ReleaseAutoCompleteObject(); // FALSE when there is none
 
     void OnDestroy();
-    LRESULT OnGetDlgCode(WPARAM wParam, LPARAM lParam);
+    UINT OnGetDlgCode(); // with the keys that the drop-down needs
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -71,6 +73,7 @@ private:
     BOOL Unbind();
 
     IAutoComplete* m_autoComplete = nullptr; // a reference of this object's
+    HWND m_bound = nullptr;                  // the window that it completes
     CAutoCompleteMRUList* m_list = nullptr;  // likewise
     DWORD m_options = 0;
 };

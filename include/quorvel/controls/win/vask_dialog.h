@@ -1,10 +1,20 @@
 // CVaskDialog: the base of dialogs with one life cycle. Windows only, user-interface thread.
 //
 // When the dialog opens, its data is loaded (LoadData), then the state of the lists and edits that
-// it declares. OK validates (ValidateData) and saves (SaveData) and ends the dialog only when both
-// succeed. A field that is refused is shown by a balloon that points at it, and that hides when a
-// control of the dialog gets the focus. When the dialog is destroyed, the state of the declared
-// controls is saved.
+// it declares. OK takes the data exchange's members from the controls, validates (ValidateData) and
+// saves (SaveData) and ends the dialog only when all succeed. A field that is refused is shown by a
+// balloon that points at it. The balloon hides when a control of the dialog gets the focus, when
+// the dialog is hidden and when another program becomes active. A validation of the exchange itself
+// (DDV_...) shows a message box. When the window is destroyed, the state of the declared controls
+// is saved; an object that is destroyed with its window open saves none: call DestroyWindow first.
+//
+// The order when the dialog opens: the exchange fills the controls, LoadData, the exchange once
+// more, which shows what LoadData set, the states. IsOK and the handlers of ON_UPDATE_COMMAND_UI
+// are asked before that too. When the exchange fails or LoadData is FALSE, the dialog ends with -1,
+// a modeless one is not created, and no state is loaded or saved. Insert the columns of a list in
+// LoadData: what OnInitDialog of a derived class inserts afterwards has no state yet to take.
+//
+// OK and Cancel do nothing while OK is validating and saving, whose operations may handle messages.
 //
 // A dialog overrides what it needs of the virtual operations; each default accepts, or declares
 // nothing. They are called while the window exists. An exception that leaves one ends as in
@@ -16,10 +26,12 @@
 #include <quorvel/framework/win/dialog.h>
 #include <quorvel/framework/win/gdi.h>
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
 namespace quorvel {
+class ActiveValidations;
 class FieldValidation;
 class StateControls;
 class ValidationBalloon;
@@ -38,6 +50,7 @@ public:
     using CDialog::Create;
     // A modeless dialog from the template of GetTemplateID.
     BOOL Create(CWnd* parent = nullptr);
+    BOOL Create(std::nullptr_t) { return Create(static_cast<CWnd*>(nullptr)); }
 
     // The catalogue text that becomes the title when the dialog opens, found along the resource
     // chain. 0, as at first: the template's title stays.
@@ -48,25 +61,27 @@ public:
     void SetBusy(BOOL isBusy = TRUE);
     BOOL IsBusy() const { return m_isBusy; }
 
-    // Makes the controls of GetBoldControlIDs bold, in the dialog's font as it is now. Also called
-    // when the dialog opens and when the system's settings change.
+    // Makes the controls of GetBoldControlIDs bold, in the dialog's font as it is now; one that it
+    // named before and names no more gets that font itself. Also called when the dialog opens and
+    // when the system's settings change.
     void UpdateFonts();
 
-    // ValidateData, then SaveData. A refusal is shown as a balloon; FALSE then, and when SaveData
-    // is FALSE.
+    // UpdateData(TRUE), ValidateData, then SaveData, each when the one before was TRUE. A balloon
+    // that is showing hides first. A refusal of ValidateData is shown as a balloon.
     BOOL ValidateAndSaveData();
     // The icon is one of the platform's TTI_ values. The balloon points at the middle of the lower
-    // edge of `rect` (screen coordinates). An empty title shows no title line. FALSE, and nothing
-    // changed, for null texts, while a balloon is showing, and before the dialog has opened.
+    // edge of `rect` (screen coordinates). An empty title shows no title line, an empty text an
+    // empty line. FALSE, and nothing changed, for null texts, while a balloon is showing, and
+    // before the dialog has opened.
     BOOL ShowValidationErrorMessage(UINT icon, const WCHAR* title, const WCHAR* text,
                                     const CRect& rect);
     BOOL HideValidationErrorMessage(); // FALSE when none is showing
     BOOL IsValidationErrorMessageShowing() const;
 
 protected:
-    // The template for DoModal and Create, and what help opens: a web address or an HTML Help
-    // topic. By default the id that the constructor was given, 0 for a name; and an empty text,
-    // which opens nothing.
+    // The template for DoModal and Create, and what F1 and a button IDHELP open: a web address or
+    // an HTML Help topic. By default the id that the constructor was given, 0 for a name; and an
+    // empty text, which opens nothing.
     virtual UINT GetTemplateID();
     virtual CString GetHelpTopic();
     // Declare controls by putting them into the map. `isSaving` is FALSE when states are loaded. A
@@ -88,7 +103,8 @@ protected:
     // FALSE refuses, after it filled in the text and the screen rectangle of the field. Before the
     // call the icon is the warning one, the title "Validation Error" and the rest empty.
     virtual BOOL ValidateData(UINT& icon, CString& title, CString& text, CRect& rect);
-    // Whether OK is enabled at present.
+    // Whether OK is enabled at present. Idle time enables and disables the button by it: a button
+    // that was disabled otherwise is enabled again.
     virtual BOOL IsOK();
     virtual BOOL SaveData(); // FALSE keeps the dialog open
     virtual BOOL LoadData(); // FALSE ends the dialog with -1
@@ -97,15 +113,21 @@ protected:
     virtual void GetDialogPageTreeCtrls(std::vector<CWnd*>& trees);
 
     BOOL OnInitDialog() override;
-    void OnOK() override;
-    BOOL
-    SaveStateControls(); // FALSE when the states were never loaded, and must not be overwritten
+    void OnOK() override; // nothing while the dialog is busy or IsOK is FALSE
+    void OnCancel() override;
+    BOOL CreateValidationToolTipWindow(); // the balloon; FALSE when there is one
+    // Every declared control that has a window, between the hooks. Saving is FALSE, and nothing is
+    // saved, when the states were not loaded: they must not be overwritten.
     void LoadStateControls();
+    BOOL SaveStateControls();
 
     void OnDestroy();
     void OnMove(int x, int y);
+    void OnShowWindow(BOOL isShown, UINT status);
+    LRESULT OnActivateProgram(WPARAM isActive, LPARAM lParam);
     BOOL OnSetCursor(CWnd* wnd, UINT hitTest, UINT message);
     BOOL OnHelpInfo(HELPINFO* info);
+    void OnHelp();
     void OnSettingChange(UINT flags, const WCHAR* section);
     LRESULT OnKickIdle(WPARAM wParam, LPARAM lParam);
     LRESULT OnChildSetFocus(WPARAM wParam, LPARAM lParam);
@@ -116,12 +138,19 @@ private:
     friend class quorvel::FieldValidation;
     friend class quorvel::StateControls;
     void TakeTemplate();
+    static LRESULT CALLBACK ValidationHookProc(int code, WPARAM wParam, LPARAM lParam);
 
+    // The dialogs whose balloon is showing, and the thread's hook while there are any. Pages have
+    // theirs.
+    static quorvel::ActiveValidations m_mapActiveValidation;
+    static HHOOK m_hookValidation;
     UINT m_captionId = 0;
     CButton m_firstButton; // controls 23010 and 23011 of the template, where it has them
     CButton m_secondButton;
     std::unique_ptr<quorvel::ValidationBalloon> m_balloon;
     BOOL m_isBusy = FALSE;
     bool m_areStatesLoaded = false;
+    bool m_isSaving = false; // OK
     CFont m_boldFont;
+    std::vector<int> m_boldIds;
 };

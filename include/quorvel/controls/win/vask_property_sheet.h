@@ -4,21 +4,30 @@
 
 #include <quorvel/framework/win/property_sheet.h>
 
+namespace quorvel {
+class ValidationBalloon;
+}
+
 class QUORVEL_API CVaskPropertySheet : public CPropertySheet {
     DECLARE_DYNAMIC(CVaskPropertySheet)
 public:
+    CVaskPropertySheet();
     explicit CVaskPropertySheet(const WCHAR* caption, CWnd* parent = nullptr,
                                 UINT selectedPage = 0);
     explicit CVaskPropertySheet(UINT captionTextId, CWnd* parent = nullptr, UINT selectedPage = 0);
     ~CVaskPropertySheet() override;
 
-    // OK, Cancel, Apply and Help; a wizard's are Next, Finish, Back and Cancel. Called when the
-    // sheet opens.
+    // OK, Cancel, Apply and Help; in wizard mode Next, Finish, Back, Cancel and Help. Called when
+    // the sheet opens.
     virtual void UpdateCommandButtonText();
 
 protected:
     BOOL OnInitDialog() override;
-    // Gives each of these buttons that is there its text.
-    void SetButtonTexts(UINT (*textOf)(int buttonId));
+    void OnMove(int x, int y);
+    void OnShowWindow(BOOL isShown, UINT status);
+    LRESULT OnActivateProgram(WPARAM isActive, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
+
+private:
+    void ForEachBalloon(void (*action)(quorvel::ValidationBalloon& balloon));
 };

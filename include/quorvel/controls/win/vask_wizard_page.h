@@ -1,5 +1,5 @@
-// CVaskWizardPage: a page of a wizard, with its titles and its list of events. Windows only,
-// user-interface thread.
+// CVaskWizardPage: a page of a wizard, with its titles and a list of events of its own (see
+// CVaskWizard). Windows only, user-interface thread.
 #pragma once
 
 #include <quorvel/controls/vask_event.h>
@@ -7,23 +7,28 @@
 
 namespace quorvel {
 class WizardEvents;
-class WizardTexts;
 } // namespace quorvel
 
 class QUORVEL_API CVaskWizardPage : public CVaskPropertyPage {
     DECLARE_DYNAMIC(CVaskWizardPage)
 public:
-    explicit CVaskWizardPage(UINT templateId, UINT captionTextId = 0);
+    // As in CPropertyPage.
+    explicit CVaskWizardPage(UINT templateId, UINT captionTextId = 0, UINT headerTitleId = 0,
+                             UINT headerSubTitleId = 0);
+    explicit CVaskWizardPage(const WCHAR* templateName, UINT captionTextId = 0);
     ~CVaskWizardPage() override;
 
-    // FALSE for null, and nothing changed. The name completes the texts below. The header's titles
-    // are shown over the page; set them before the wizard opens.
+    // Completes the texts below. A page without a name of its own has that of the CVaskWizard that
+    // it is shown in. FALSE for null, and nothing changed.
     BOOL SetWizardName(const WCHAR* name);
+    CString GetWizardName() const;
+    // Shown over the page. Set them before the wizard opens, or from the page's OnInitDialog on; a
+    // page that had no title when the wizard opened has no header. FALSE for null, and nothing
+    // changed.
     BOOL SetHeaderTitle(const WCHAR* title);
     BOOL SetHeaderSubTitle(const WCHAR* subTitle);
-    CString GetWizardName() const;
-    CString GetHeaderTitle() const;
-    CString GetHeaderSubTitle() const;
+    CString GetHeaderTitle() const { return m_strHeaderTitle; }
+    CString GetHeaderSubTitle() const { return m_strHeaderSubTitle; }
 
     // "Welcome to the ...", "Completing the ..." and that it was completed, for the first and the
     // last page.
@@ -40,6 +45,8 @@ public:
     int GetEventCount() const;
 
 private:
-    std::unique_ptr<quorvel::WizardTexts> m_texts;
-    std::unique_ptr<quorvel::WizardEvents> m_events;
+    BOOL SetHeader(CString& text, const WCHAR* value, UINT message);
+
+    CString m_wizardName;
+    const std::unique_ptr<quorvel::WizardEvents> m_events;
 };

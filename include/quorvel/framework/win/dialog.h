@@ -38,16 +38,17 @@ public:
     virtual INT_PTR DoModal();
 
     // A modeless dialog, which the caller shows unless its template does. A null parent is the
-    // application's main window. FALSE for the reasons that DoModal is -1 for. OnOK and OnCancel of
-    // a derived class call DestroyWindow: those of this class only hide the window.
+    // application's main window. FALSE for the reasons that DoModal is -1 for, and when
+    // OnInitDialog calls EndDialog. OnOK and OnCancel of a derived class call DestroyWindow: those
+    // of this class only hide the window.
     BOOL Create(const WCHAR* templateName, CWnd* parent = nullptr);
     BOOL Create(UINT templateId, CWnd* parent = nullptr) {
         return Create(MAKEINTRESOURCEW(templateId), parent);
     }
     BOOL CreateIndirect(const DLGTEMPLATE* dialogTemplate, CWnd* parent = nullptr);
 
-    // Ends DoModal, also from OnInitDialog, whose dialog is then never shown. A modeless dialog is
-    // hidden.
+    // Ends DoModal. A modeless dialog is hidden. Called in OnInitDialog, the dialog is never shown:
+    // it is destroyed when OnInitDialog returns.
     void EndDialog(int result);
 
     // Accelerators, found along the resource chain, that become commands of this dialog before any
@@ -89,4 +90,6 @@ private:
     CString m_templateText;
     const DLGTEMPLATE* m_template = nullptr; // in the caller's memory
     HACCEL m_accelerators = nullptr;         // a resource, which is not freed
+    enum class Opening { No, Running, Ended };
+    Opening m_opening = Opening::No; // a modeless dialog until its OnInitDialog has returned
 };

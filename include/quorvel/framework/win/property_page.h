@@ -8,6 +8,7 @@
 // - OnApply for OK and Apply, of pages that were shown. FALSE keeps the sheet open, at this page.
 // - OnQueryCancel for Cancel: FALSE keeps the sheet open. Then OnReset.
 // - OnWizardBack, OnWizardNext and OnWizardFinish in a wizard.
+// - OnHelp for the Help button, which the sheet enables for a page with help.
 // An exception in one of them ends in the application's ProcessWndProcException, as a refusal.
 #pragma once
 
@@ -50,6 +51,9 @@ public:
     virtual LRESULT OnWizardBack();
     virtual LRESULT OnWizardNext();
     virtual BOOL OnWizardFinish();
+    // Whether the page has help, asked when it is added; PSP_HASHELP in m_psp says so too.
+    virtual BOOL HasHelp();
+    virtual void OnHelp(); // nothing
 
     // Accelerators only: the sheet handles the keys of a dialog.
     BOOL PreTranslateMessage(MSG* message) override;
