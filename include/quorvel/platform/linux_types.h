@@ -166,7 +166,9 @@ struct OVERLAPPED;
 typedef DWORD(WINAPI* LPTHREAD_START_ROUTINE)(LPVOID);
 
 // Modules.
+#define RT_MENU MAKEINTRESOURCEW(4)
 #define RT_STRING MAKEINTRESOURCEW(6)
+#define RT_ACCELERATOR MAKEINTRESOURCEW(9)
 #define RT_RCDATA MAKEINTRESOURCEW(10)
 #define RT_VERSION MAKEINTRESOURCEW(16)
 
@@ -217,6 +219,15 @@ struct NUMBERFMTW {
     LPWSTR lpThousandSep;
     UINT NegativeOrder;
 };
+
+// Accelerators: a key and the command that it invokes.
+struct ACCEL {
+    BYTE fVirt; // FVIRTKEY and its like
+    WORD key;   // a virtual-key code, without FVIRTKEY a character
+    WORD cmd;
+};
+struct HACCEL__;
+typedef HACCEL__* HACCEL;
 
 typedef RECT* LPRECT;
 typedef const RECT* LPCRECT;

@@ -7,6 +7,8 @@
 
 #include "platform/linux/files/file_operations.h"
 #include "platform/linux/files/path.h"
+#include "platform/linux/keyboard/keyboard_layout.h"
+#include "platform/linux/locale/collation.h"
 #include "platform/linux/locale/date_format.h"
 #include "platform/linux/locale/locale.h"
 #include "platform/linux/locale/time_zone.h"

@@ -18,7 +18,7 @@ resources() { # SCRIPT CPU
         --preprocessor-arg=-DRC_INVOKED -i "$1.rc" -o "$work/$1.$2.o"
 }
 
-for script in full strings_only no_translation all_texts; do
+for script in full strings_only no_translation all_texts keys; do
     resources $script i686
     image $script.dll i686 0 "$work/$script.i686.o"
 done

@@ -132,6 +132,18 @@ std::optional<PeResources::Directory> PeResources::ReadDirectory(DWORD entryValu
     return Directory{entries.first(named * kEntrySize), entries.subspan(named * kEntrySize)};
 }
 
+// Empty when the text is not all there.
+std::basic_string<WCHAR> PeResources::NameText(DWORD nameOffset) const {
+    const std::size_t start = nameOffset & ~kNamed;
+    WORD length;
+    if (!(nameOffset & kNamed) || !Read(m_tree, start, length))
+        return {};
+    const auto bytes = Part(m_tree, start + sizeof length, length * sizeof(WCHAR));
+    std::basic_string<WCHAR> text(bytes.size() / sizeof(WCHAR), 0);
+    std::memcpy(text.data(), bytes.data(), bytes.size());
+    return text;
+}
+
 bool PeResources::HasName(DWORD nameOffset, TextView text) const {
     const std::size_t start = nameOffset & ~kNamed;
     WORD length;
@@ -230,6 +242,21 @@ std::vector<PeResources::Numbered> PeResources::List(WORD type,
         if (const auto data = FindLanguage(entry.value, choice))
             result.push_back({static_cast<WORD>(entry.name), *data});
     }
+    return result;
+}
+
+std::vector<PeResources::Name> PeResources::Names(const ResourceName& type, DWORD& error) const {
+    std::vector<Name> result;
+    const auto types = ReadDirectory(kSubdirectory);
+    error = types ? ERROR_RESOURCE_TYPE_NOT_FOUND : ERROR_RESOURCE_DATA_NOT_FOUND;
+    const auto typeEntry = types ? FindEntry(*types, type) : std::nullopt;
+    const auto names = typeEntry ? ReadDirectory(*typeEntry) : std::nullopt;
+    for (std::size_t i = 0; names && i < EntryCount(names->named); ++i)
+        if (auto text = NameText(EntryAt(names->named, i).name); !text.empty())
+            result.push_back({0, std::move(text)});
+    for (std::size_t i = 0; names && i < EntryCount(names->numbered); ++i)
+        if (const Entry entry = EntryAt(names->numbered, i); entry.name <= 0xffff)
+            result.push_back({static_cast<WORD>(entry.name), {}});
     return result;
 }
 

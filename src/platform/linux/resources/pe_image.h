@@ -13,6 +13,7 @@
 
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -73,6 +74,13 @@ public:
         DWORD entry;
     };
     std::vector<Numbered> List(WORD type, const LanguageChoice& choice) const;
+    // The names of the resources of a type, texts first. Empty, with the error as in Find, when
+    // there is none.
+    struct Name {
+        WORD number;
+        std::basic_string<WCHAR> text; // when it is not empty, the name
+    };
+    std::vector<Name> Names(const ResourceName& type, DWORD& error) const;
 
 private:
     struct Directory {
@@ -82,6 +90,7 @@ private:
     std::optional<Directory> ReadDirectory(DWORD entryValue) const;
     std::optional<DWORD> FindEntry(const Directory& directory, const ResourceName& name) const;
     std::optional<DWORD> FindLanguage(DWORD entryValue, const LanguageChoice& choice) const;
+    std::basic_string<WCHAR> NameText(DWORD nameOffset) const;
     bool HasName(DWORD nameOffset, TextView text) const;
 
     std::span<const BYTE> m_section;

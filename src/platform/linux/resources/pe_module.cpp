@@ -402,6 +402,30 @@ DWORD SizeofResource(HMODULE module, HRSRC resource) {
     return static_cast<DWORD>(DataOf(module, resource).size());
 }
 
+BOOL EnumResourceNamesW(HMODULE module, LPCWSTR type, ENUMRESNAMEPROCW procedure,
+                        LONG_PTR parameter) {
+    ResourceName typeName;
+    if (procedure == nullptr || !ParseResourceName(type, typeName))
+        return FailWith(ERROR_INVALID_PARAMETER);
+    std::vector<PeResources::Name> names;
+    DWORD error = ERROR_RESOURCE_DATA_NOT_FOUND;
+    try { // The procedure may use the module: none is locked when it is called.
+        Modules().Use(
+            module, [&](const Module& found) { names = found.Resources().Names(typeName, error); });
+    } catch (const std::bad_alloc&) {
+        return FailWith(ERROR_NOT_ENOUGH_MEMORY);
+    }
+    if (names.empty())
+        return FailWith(error);
+    for (PeResources::Name& name : names) {
+        LPWSTR const argument =
+            name.text.empty() ? MAKEINTRESOURCEW(name.number) : name.text.data();
+        if (!procedure(module, type, argument, parameter))
+            return FailWith(ERROR_RESOURCE_ENUM_USER_STOP);
+    }
+    return TRUE;
+}
+
 LPVOID LockResource(HGLOBAL resource) {
     return resource;
 }

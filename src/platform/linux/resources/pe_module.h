@@ -32,4 +32,12 @@ HGLOBAL LoadResource(HMODULE module, HRSRC resource);
 LPVOID LockResource(HGLOBAL resource);
 DWORD SizeofResource(HMODULE module, HRSRC resource);
 
+typedef BOOL(CALLBACK* ENUMRESNAMEPROCW)(HMODULE module, LPCWSTR type, LPWSTR name,
+                                         LONG_PTR parameter);
+// Calls the procedure with the name of each resource of a type, texts first, until it returns
+// FALSE. A text is valid until the procedure returns. FALSE with the last error 1812 or 1813 when
+// there is none, with 15106 when the procedure ended it.
+BOOL EnumResourceNamesW(HMODULE module, LPCWSTR type, ENUMRESNAMEPROCW procedure,
+                        LONG_PTR parameter);
+
 } // namespace quorvel::win32
