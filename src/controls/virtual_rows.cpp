@@ -6,6 +6,7 @@
 #include <climits>
 #include <iterator>
 #include <string_view>
+#include <unordered_set>
 
 namespace quorvel {
 
@@ -187,6 +188,21 @@ std::vector<CVirtualListCtrlItem*> VirtualRows::RemoveAll() {
         std::ranges::transform(block.slots, std::back_inserter(removed), ItemOf);
     *this = VirtualRows();
     return removed;
+}
+
+void VirtualRows::Replace(const std::vector<CVirtualListCtrlItem*>& items) {
+    const CVirtualListCtrlItem* const focused = GetItem(m_focusedRow);
+    std::unordered_set<const CVirtualListCtrlItem*> selected;
+    for (const RowRun& run : GetSelectedRuns())
+        for (int row = run.first; row <= run.last; ++row)
+            selected.insert(GetItem(row));
+    std::vector<Slot> slots(items.size());
+    std::ranges::transform(items, slots.begin(), [&selected](CVirtualListCtrlItem* item) {
+        return reinterpret_cast<Slot>(item) |
+               (!selected.empty() && selected.contains(item) ? kSelected : 0);
+    });
+    Fill(slots);
+    m_focusedRow = focused != nullptr ? GetRow(focused) : -1;
 }
 
 int VirtualRows::GetRowToSelect(int removedRow, bool wasSelected) const {

@@ -58,6 +58,9 @@ public:
     // are passed over. The items are in the order of their rows.
     std::vector<CVirtualListCtrlItem*> Remove(std::vector<int> rows);
     std::vector<CVirtualListCtrlItem*> RemoveAll();
+    // These rows instead of all that are there, none of them null. An item that was there keeps its
+    // selection and the focus.
+    void Replace(const std::vector<CVirtualListCtrlItem*>& items);
     // The row to select after a deletion, whose first row was selected or not: the one that is at
     // its index now, or the last. -1 when nothing is to be selected.
     int GetRowToSelect(int removedRow, bool wasSelected) const;

@@ -192,6 +192,13 @@ BOOL CVirtualListCtrl::DeleteAllItems() {
     return TRUE;
 }
 
+void CVirtualListCtrl::ReplaceItems(const std::vector<CVirtualListCtrlItem*>& items) {
+    const RedrawLock lock(*this);
+    Change change(*this);
+    m_rows->Replace(items);
+    change.Send();
+}
+
 void CVirtualListCtrl::SelectInsteadOf(int removedRow, bool wasSelected) {
     const int row = m_hWnd != nullptr ? m_rows->GetRowToSelect(removedRow, wasSelected) : -1;
     if (row >= 0)

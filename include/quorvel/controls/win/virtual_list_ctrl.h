@@ -67,6 +67,10 @@ public:
     virtual SortingFunction GetSortingFunction(int column, int ascending); // here null: no sorting
 
 protected:
+    // Shows these items, none of them null, instead of all that are there. The latter are dropped,
+    // never deleted. Selection and focus stay with items that were there.
+    void ReplaceItems(const std::vector<CVirtualListCtrlItem*>& items);
+
     void PreSubclassWindow() override;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
