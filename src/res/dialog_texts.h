@@ -14,3 +14,15 @@
 #define DIALOG_TEXT_COLUMNS_RESET "&Reset"
 #define DIALOG_TEXT_COLUMNS_WIDTH "&Selected column width:"
 #define DIALOG_TEXT_COLUMNS_COMMAND "&Columns..."
+
+// The next key that is pressed.
+#define DIALOG_TEXT_CAPTURE_TITLE "Capture Shortcut Key"
+#define DIALOG_TEXT_CAPTURE_PROMPT "Press a key to use as the shortcut key."
+
+// A key for a command.
+#define DIALOG_TEXT_ASSIGN_TITLE "Assign Shortcut Key"
+#define DIALOG_TEXT_ASSIGN_COMMAND "Command:"
+#define DIALOG_TEXT_ASSIGN_KEY "&Press the new key:"
+#define DIALOG_TEXT_ASSIGN_REPORT "&Notes:"
+#define DIALOG_TEXT_ASSIGN_ASSIGN "&Assign"
+#define DIALOG_TEXT_ASSIGN_CLEAR "&Clear"

@@ -24,6 +24,16 @@
 #define QUORVEL_COMMAND_COLUMN_FIRST 50900
 #define QUORVEL_COMMAND_COLUMN_LAST 50950
 
+// The next key that is pressed.
+#define QUORVEL_DIALOG_CAPTURE_SHORTCUT_KEY 21590
+
+// A key for a command.
+#define QUORVEL_DIALOG_ASSIGN_SHORTCUT 24100
+#define QUORVEL_ASSIGN_COMMAND 24101
+#define QUORVEL_ASSIGN_KEY 24102
+#define QUORVEL_ASSIGN_REPORT 24103
+#define QUORVEL_ASSIGN_CLEAR 24104
+
 // Two buttons that each dialog may have; the dialog bases subclass them where they are present.
 #define QUORVEL_DIALOG_BUTTON_1 23010
 #define QUORVEL_DIALOG_BUTTON_2 23011

@@ -11,3 +11,15 @@
 #define DIALOG_TEXT_COLUMNS_RESET "&Zurücksetzen"
 #define DIALOG_TEXT_COLUMNS_WIDTH "Breite der &gewählten Spalte:"
 #define DIALOG_TEXT_COLUMNS_COMMAND "&Spalten..."
+
+// The next key that is pressed.
+#define DIALOG_TEXT_CAPTURE_TITLE "Taste erfassen"
+#define DIALOG_TEXT_CAPTURE_PROMPT "Drücken Sie die Taste für die Tastenkombination."
+
+// A key for a command.
+#define DIALOG_TEXT_ASSIGN_TITLE "Taste zuweisen"
+#define DIALOG_TEXT_ASSIGN_COMMAND "Befehl:"
+#define DIALOG_TEXT_ASSIGN_KEY "Neue &Taste drücken:"
+#define DIALOG_TEXT_ASSIGN_REPORT "&Hinweise:"
+#define DIALOG_TEXT_ASSIGN_ASSIGN "Zu&weisen"
+#define DIALOG_TEXT_ASSIGN_CLEAR "&Entfernen"

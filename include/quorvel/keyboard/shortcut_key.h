@@ -1,0 +1,75 @@
+// CShortcutKey: a key and the modifiers that are held with it.
+//
+// A plain value, copied as such; one object may be used by one thread at a time. Nothing is
+// validated: any code and any modifiers are stored as given.
+#pragma once
+
+#include <quorvel/framework/string.h>
+
+class QUORVEL_API CShortcutKey {
+public:
+    static constexpr unsigned short DEFAULT_VIRTUAL_KEY_CODE = 0;
+    static constexpr unsigned char DEFAULT_MODIFIERS = 0;
+
+    static constexpr unsigned char MODIFIER_SHIFT = 0x01;
+    static constexpr unsigned char MODIFIER_CONTROL = 0x02;
+    static constexpr unsigned char MODIFIER_ALT = 0x04;
+    // Not a modifier: the key is an extended one (the cursor block, the right Ctrl and Alt, Enter
+    // of the numeric pad), which only its name shows. It does count when keys are compared.
+    static constexpr unsigned char MODIFIER_EXTENDED = 0x08;
+
+    CShortcutKey() noexcept = default; // no key
+    CShortcutKey(unsigned short virtualKeyCode, unsigned char modifiers) noexcept
+        : m_virtualKeyCode(virtualKeyCode), m_modifiers(modifiers) {}
+
+    BOOL operator==(const CShortcutKey& other) const noexcept {
+        return DoesKeyMatch(other.m_virtualKeyCode, other.m_modifiers);
+    }
+    BOOL operator!=(const CShortcutKey& other) const noexcept { return !(*this == other); }
+
+    void SetKey(unsigned short virtualKeyCode, unsigned char modifiers) noexcept {
+        *this = CShortcutKey(virtualKeyCode, modifiers);
+    }
+    void GetKey(unsigned short& virtualKeyCode, unsigned char& modifiers) const noexcept {
+        virtualKeyCode = m_virtualKeyCode;
+        modifiers = m_modifiers;
+    }
+    void ClearKey() noexcept { *this = CShortcutKey(); }
+
+    void SetVirtualKeyCode(unsigned short code) noexcept { m_virtualKeyCode = code; }
+    unsigned short GetVirtualKeyCode() const noexcept { return m_virtualKeyCode; }
+    void ClearVirtualKeyCode() noexcept { m_virtualKeyCode = DEFAULT_VIRTUAL_KEY_CODE; }
+
+    void SetModifiers(unsigned char modifiers) noexcept { m_modifiers = modifiers; }
+    unsigned char GetModifiers() const noexcept { return m_modifiers; }
+    void ClearModifiers() noexcept { m_modifiers = DEFAULT_MODIFIERS; }
+
+    // A code or modifiers; modifiers alone suffice.
+    BOOL IsKeySet() const noexcept { return m_virtualKeyCode != 0 || m_modifiers != 0; }
+    // Whether both are exactly these, the extended bit included.
+    BOOL DoesKeyMatch(unsigned short virtualKeyCode, unsigned char modifiers) const noexcept {
+        return m_virtualKeyCode == virtualKeyCode && m_modifiers == modifiers;
+    }
+    BOOL UsesShiftKeyModifier() const noexcept { return (m_modifiers & MODIFIER_SHIFT) != 0; }
+    BOOL UsesControlKeyModifier() const noexcept { return (m_modifiers & MODIFIER_CONTROL) != 0; }
+    BOOL UsesAltKeyModifier() const noexcept { return (m_modifiers & MODIFIER_ALT) != 0; }
+    BOOL UsesKeyModifier() const noexcept {
+        return (m_modifiers & (MODIFIER_SHIFT | MODIFIER_CONTROL | MODIFIER_ALT)) != 0;
+    }
+    BOOL IsExtendedKey() const noexcept { return (m_modifiers & MODIFIER_EXTENDED) != 0; }
+
+    // As a menu shows it, by the names of the keyboard layout (key_name.h): "Ctrl+Shift+F5", always
+    // in the order Ctrl, Shift, Alt. Empty for no key. Modifiers without a code end with "+".
+    //
+    // With `forceStandardExtendedKeys` the keys that a keyboard has twice are named as most users
+    // know them, whatever the extended bit: Page Up, Page Down, End, Home, the arrows, Insert,
+    // Delete and Clear as extended keys, Enter as the main one.
+    CString GetShortcutKeyName(int forceStandardExtendedKeys) const;
+    // 1 to 9, for sorting: no modifiers, Ctrl, Shift, Alt, Ctrl+Shift, Ctrl+Alt, Shift+Alt, all
+    // three, no key.
+    int GetModifiersSortingRank() const noexcept;
+
+private:
+    unsigned short m_virtualKeyCode = DEFAULT_VIRTUAL_KEY_CODE;
+    unsigned char m_modifiers = DEFAULT_MODIFIERS;
+};

@@ -1,0 +1,17 @@
+// The conflicts of a key, for any keyboard layout.
+#pragma once
+
+#include <quorvel/keyboard/shortcut_conflicts.h>
+
+#include <functional>
+
+namespace quorvel {
+
+// The character that a key types with the modifiers of Shift, Ctrl and Alt held; 0 for none.
+typedef std::function<WCHAR(const CShortcutKey& key)> TypedCharacter;
+
+std::vector<CShortcutConflict> FindShortcutConflicts(const CKeyboardMappingScheme& scheme,
+                                                     unsigned int commandID,
+                                                     const CShortcutKey& key,
+                                                     const TypedCharacter& typed);
+} // namespace quorvel

@@ -1,0 +1,10 @@
+#include <quorvel/keyboard/menu_text.h>
+
+CString AfxGetMenuTextWithShortcut(const WCHAR* text, const CShortcutKey& key) {
+    const CString whole(text);
+    const int tab = whole.Find('\t');
+    const CString label = tab < 0 ? whole : whole.Left(tab);
+    CString name = key.GetShortcutKeyName(1);
+    name.Replace(_T("&"), _T("&&")); // a single one would underline the next letter
+    return name.IsEmpty() ? label : label + _T("\t") + name;
+}

@@ -1,0 +1,15 @@
+// The characters of a string, without its inline members: those that the library's own code
+// instantiates are not exported on Linux.
+#pragma once
+
+#include <quorvel/framework/string.h>
+
+#include <string_view>
+
+namespace quorvel {
+
+inline std::basic_string_view<WCHAR> ViewOf(const CString& text) {
+    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
+}
+
+} // namespace quorvel

@@ -1,0 +1,86 @@
+#include <quorvel/keyboard/win/assign_shortcut_dlg.h>
+
+#include <quorvel/keyboard/shortcut_conflicts.h>
+#include <quorvel/res/message_ids.h>
+#include <quorvel/res/resource_ids.h>
+
+#include "keyboard/command_names.h"
+#include "keyboard/win/pressed_key.h"
+
+IMPLEMENT_DYNAMIC(CAssignShortcutDlg, CVaskDialog)
+
+BEGIN_MESSAGE_MAP(CAssignShortcutDlg, CVaskDialog)
+ON_COMMAND(QUORVEL_ASSIGN_CLEAR, &CAssignShortcutDlg::OnClear)
+END_MESSAGE_MAP()
+
+namespace {
+
+// What moves through the dialog and ends it.
+bool IsKeyOfDialog(const CShortcutKey& key) {
+    switch (key.GetVirtualKeyCode()) {
+    case VK_TAB:
+        return !key.UsesControlKeyModifier() && !key.UsesAltKeyModifier();
+    case VK_RETURN:
+    case VK_ESCAPE:
+        return !key.UsesKeyModifier();
+    case VK_F4:
+        return key.UsesAltKeyModifier();
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+CAssignShortcutDlg::CAssignShortcutDlg(const CKeyboardMappingScheme& scheme, unsigned int commandID,
+                                       CWnd* parent)
+    : CVaskDialog(QUORVEL_DIALOG_ASSIGN_SHORTCUT, parent), m_scheme(scheme) {
+    m_scheme.GetKeyboardShortcutUsingCommandID(commandID, m_shortcut);
+    m_shortcut.SetCommandID(commandID);
+    m_key = m_shortcut.GetShortcutKey();
+}
+
+UINT CAssignShortcutDlg::GetTemplateID() {
+    return QUORVEL_DIALOG_ASSIGN_SHORTCUT;
+}
+
+BOOL CAssignShortcutDlg::LoadData() {
+    SetDlgItemText(QUORVEL_ASSIGN_COMMAND, quorvel::DisplayName(m_shortcut));
+    ShowKey();
+    return TRUE;
+}
+
+BOOL CAssignShortcutDlg::IsOK() {
+    return m_key.IsKeySet();
+}
+
+void CAssignShortcutDlg::ShowKey() {
+    SetDlgItemText(QUORVEL_ASSIGN_KEY, quorvel::DisplayName(m_key));
+    CString report;
+    for (const CShortcutConflict& conflict :
+         AfxGetShortcutConflicts(m_scheme, m_shortcut.GetCommandID(), m_key))
+        report += (report.IsEmpty() ? _T("") : _T("\r\n")) + conflict.strMessage;
+    if (report.IsEmpty() && m_key.IsKeySet())
+        AfxFormatString1(report, quorvel::kTextShortcutFree, quorvel::DisplayName(m_key));
+    SetDlgItemText(QUORVEL_ASSIGN_REPORT, report);
+    UpdateDialogControls(this, FALSE);
+}
+
+BOOL CAssignShortcutDlg::PreTranslateMessage(MSG* message) {
+    CShortcutKey key;
+    const bool isInField = message->hwnd == ::GetDlgItem(m_hWnd, QUORVEL_ASSIGN_KEY);
+    // The release of Alt would open the window's menu, for the key that was pressed with it is
+    // unknown to the system.
+    if (isInField && message->message == WM_SYSKEYUP && message->wParam == VK_MENU)
+        return TRUE;
+    if (!isInField || !quorvel::GetPressedKey(*message, key) || IsKeyOfDialog(key))
+        return CVaskDialog::PreTranslateMessage(message);
+    m_key = key;
+    ShowKey();
+    return TRUE;
+}
+
+void CAssignShortcutDlg::OnClear() {
+    m_key.ClearKey();
+    EndDialog(IDOK);
+}

@@ -1,0 +1,23 @@
+#include <quorvel/keyboard/win/capture_shortcut_key_dlg.h>
+
+#include <quorvel/res/resource_ids.h>
+
+#include "keyboard/win/pressed_key.h"
+
+IMPLEMENT_DYNAMIC(CCaptureShortcutKeyDlg, CVaskDialog)
+
+CCaptureShortcutKeyDlg::CCaptureShortcutKeyDlg(CWnd* parent)
+    : CVaskDialog(QUORVEL_DIALOG_CAPTURE_SHORTCUT_KEY, parent) {}
+
+UINT CCaptureShortcutKeyDlg::GetTemplateID() {
+    return QUORVEL_DIALOG_CAPTURE_SHORTCUT_KEY;
+}
+
+BOOL CCaptureShortcutKeyDlg::PreTranslateMessage(MSG* message) {
+    CShortcutKey key;
+    if (!quorvel::GetPressedKey(*message, key))
+        return CVaskDialog::PreTranslateMessage(message);
+    m_key = key;
+    EndDialog(IDOK);
+    return TRUE;
+}

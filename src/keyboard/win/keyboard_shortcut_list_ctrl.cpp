@@ -1,0 +1,349 @@
+#include <quorvel/keyboard/win/keyboard_shortcut_list_ctrl.h>
+
+#include <quorvel/framework/win/wait_cursor.h>
+#include <quorvel/keyboard/win/capture_shortcut_key_dlg.h>
+#include <quorvel/res/message_ids.h>
+
+#include "keyboard/shortcut_list.h"
+
+#include <algorithm>
+
+using quorvel::ShortcutList;
+
+IMPLEMENT_DYNAMIC(CKeyboardShortcutListCtrl, CVirtualListCtrl)
+
+BEGIN_MESSAGE_MAP(CKeyboardShortcutListCtrl, CVirtualListCtrl)
+ON_WM_CREATE()
+ON_MESSAGE(WM_INPUTLANGCHANGE, &CKeyboardShortcutListCtrl::OnInputLanguageChange)
+END_MESSAGE_MAP()
+
+static_assert(CKeyboardShortcutListCtrl::COLUMN_COMMAND == ShortcutList::kCommandColumn &&
+              CKeyboardShortcutListCtrl::COLUMN_SHORTCUT_KEY == ShortcutList::kKeyColumn);
+
+CKeyboardShortcutListCtrl::CKeyboardShortcutListCtrl() : m_list(std::make_unique<ShortcutList>()) {}
+
+CKeyboardShortcutListCtrl::~CKeyboardShortcutListCtrl() {
+    if (m_hWnd != nullptr)
+        CKeyboardShortcutListCtrl::DestroyWindow(); // while it may still ask for the rows
+    ShowNoRows();                                   // which are not the base class's to delete
+}
+
+BOOL CKeyboardShortcutListCtrl::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+    return CVirtualListCtrl::Create((style & ~LVS_TYPEMASK) | LVS_REPORT | LVS_OWNERDATA, rect,
+                                    parent, id);
+}
+
+void CKeyboardShortcutListCtrl::PreSubclassWindow() {
+    CVirtualListCtrl::PreSubclassWindow();
+    ModifyStyle(LVS_TYPEMASK, LVS_REPORT);
+    InsertColumns();
+}
+
+int CKeyboardShortcutListCtrl::OnCreate(CREATESTRUCTW* parameters) {
+    const int result = CVirtualListCtrl::OnCreate(parameters);
+    InsertColumns();
+    return result;
+}
+
+// A list that is being created has its header only after WM_CREATE.
+void CKeyboardShortcutListCtrl::InsertColumns() {
+    if (GetHeaderCtrl() == nullptr || GetTrueColumnCount() > 0)
+        return;
+    static constexpr UINT kHeadings[NUM_COLUMNS] = {quorvel::kTextColumnCommand,
+                                                    quorvel::kTextColumnShortcutKey};
+    for (int column = 0; column < NUM_COLUMNS; ++column) {
+        CString heading;
+        heading.LoadString(kHeadings[column]);
+        InsertVaskColumn(column, column, TRUE, heading);
+    }
+    LoadDefaultColumnWidths();
+}
+
+void CKeyboardShortcutListCtrl::LoadDefaultColumnWidths() {
+    CRect client;
+    GetClientRect(client);
+    // Room for the scroll bar that many rows bring.
+    const int width = client.right - ::GetSystemMetrics(SM_CXVSCROLL);
+    constexpr int kSmallest = 50;
+    const int command = std::max(width * 3 / 5, kSmallest);
+    SetVaskColumnWidth(COLUMN_COMMAND, command);
+    SetVaskColumnWidth(COLUMN_SHORTCUT_KEY, std::max(width - command, kSmallest));
+}
+
+// Rows
+
+// The model sorts by its own orders faster than by functions, which a derived class may give too.
+quorvel::ShortcutSort CKeyboardShortcutListCtrl::SortOf(int column, int ascending) {
+    const bool isAscending = ascending != 0;
+    const SortingFunction order = GetSortingFunction(column, ascending);
+    const bool isOwn = order == CKeyboardShortcutListCtrl::GetSortingFunction(column, ascending);
+    return {column, isAscending, isOwn ? ShortcutList::OrderOf(column, isAscending) : order};
+}
+
+// The host may have changed the sort of the list by the base class.
+void CKeyboardShortcutListCtrl::TakeSort() {
+    m_list->SetSort(SortOf(GetSortColumn(), IsSortAscending()));
+}
+
+void CKeyboardShortcutListCtrl::ShowRows() {
+    const auto& rows = m_list->GetRows();
+    ReplaceItems({rows.begin(), rows.end()});
+    Invalidate();
+}
+
+// After keys have changed: their rows may stand elsewhere now.
+void CKeyboardShortcutListCtrl::ShowKeys() {
+    if (m_list->GetSort().column == COLUMN_SHORTCUT_KEY)
+        ShowRows();
+    else
+        Invalidate();
+}
+
+void CKeyboardShortcutListCtrl::RedrawKey(int row) {
+    CRect cell;
+    if (row >= 0 && m_hWnd != nullptr &&
+        GetSubItemRect(row, GetInsertedColumn(COLUMN_SHORTCUT_KEY), LVIR_BOUNDS, cell))
+        InvalidateRect(cell);
+}
+
+// Schemes
+
+int CKeyboardShortcutListCtrl::AddKeyboardMappingScheme(const CKeyboardMappingScheme* scheme) {
+    return InsertKeyboardMappingScheme(GetKeyboardMappingSchemeCount(), scheme);
+}
+
+int CKeyboardShortcutListCtrl::InsertKeyboardMappingScheme(int index,
+                                                           const CKeyboardMappingScheme* scheme) {
+    return m_list->InsertScheme(index, scheme);
+}
+
+BOOL CKeyboardShortcutListCtrl::SetKeyboardMappingScheme(int index,
+                                                         const CKeyboardMappingScheme* scheme) {
+    if (scheme != nullptr && index >= 0 && index == GetActiveKeyboardMappingSchemeIndex())
+        ShowNoRows(); // while they exist
+    return m_list->SetScheme(index, scheme);
+}
+
+BOOL CKeyboardShortcutListCtrl::RemoveKeyboardMappingScheme(int index) {
+    if (index >= 0 && index == GetActiveKeyboardMappingSchemeIndex())
+        ShowNoRows();
+    return m_list->RemoveScheme(index);
+}
+
+int CKeyboardShortcutListCtrl::GetKeyboardMappingSchemeCount() const {
+    return m_list->GetSchemeCount();
+}
+
+BOOL CKeyboardShortcutListCtrl::IsValidKeyboardMappingSchemeIndex(int index) const {
+    return m_list->IsScheme(index);
+}
+
+BOOL CKeyboardShortcutListCtrl::GetKeyboardMappingScheme(int index, SchemeRows& out) const {
+    if (!m_list->IsScheme(index))
+        return FALSE;
+    const ShortcutList::Scheme& scheme = m_list->GetScheme(index);
+    out = {scheme.scheme, scheme.rows};
+    return TRUE;
+}
+
+BOOL CKeyboardShortcutListCtrl::GetEditedKeyboardMappingScheme(int index,
+                                                               CKeyboardMappingScheme& out) const {
+    if (!m_list->IsScheme(index))
+        return FALSE;
+    std::vector<CKeyboardShortcut> shortcuts;
+    for (const auto& row : m_list->GetScheme(index).rows)
+        shortcuts.push_back(row->GetKeyboardShortcut());
+    out = *m_list->GetScheme(index).scheme;
+    out.SetKeyboardShortcuts(shortcuts);
+    return TRUE;
+}
+
+int CKeyboardShortcutListCtrl::GetActiveKeyboardMappingSchemeIndex() const {
+    return m_list->GetActiveScheme();
+}
+
+BOOL CKeyboardShortcutListCtrl::LoadKeyboardMappingScheme(int index) {
+    if (index != -1 && !m_list->IsScheme(index))
+        return FALSE;
+    const RedrawLock lock(*this);
+    ShowNoRows(); // a new scheme begins without a selection
+    TakeSort();
+    m_list->Load(index);
+    ShowRows();
+    return TRUE;
+}
+
+// Keys
+
+BOOL CKeyboardShortcutListCtrl::SetShortcutKey(int row, const CShortcutKey& key) {
+    TakeSort();
+    int formerRow;
+    if (!m_list->SetKey(row, key, formerRow))
+        return FALSE;
+    if (m_list->GetSort().column == COLUMN_SHORTCUT_KEY) {
+        ShowRows();
+        return TRUE;
+    }
+    RedrawKey(row);
+    RedrawKey(formerRow);
+    return TRUE;
+}
+
+int CKeyboardShortcutListCtrl::ClearShortcutKey(const CShortcutKey& key) {
+    const int row = m_list->ClearKey(key);
+    RedrawKey(row);
+    return row;
+}
+
+BOOL CKeyboardShortcutListCtrl::ClearShortcutKey(int row, int resort) {
+    if (!m_list->ClearKey(row))
+        return FALSE;
+    TakeSort();
+    if (resort != 0 && m_list->SortByKey())
+        ShowRows();
+    else
+        RedrawKey(row);
+    return TRUE;
+}
+
+std::vector<int> CKeyboardShortcutListCtrl::GetSelectedRows() const {
+    std::vector<int> rows;
+    int left = m_hWnd != nullptr ? static_cast<int>(GetSelectedCount()) : 0;
+    for (int row = -1; left > 0 && (row = GetNextItem(row, LVNI_SELECTED)) >= 0; --left)
+        rows.push_back(row);
+    return rows;
+}
+
+void CKeyboardShortcutListCtrl::ClearSelectedShortcutKeys() {
+    const RedrawLock lock(*this);
+    for (const int row : GetSelectedRows())
+        m_list->ClearKey(row);
+    TakeSort();
+    m_list->SortByKey();
+    ShowKeys();
+}
+
+int CKeyboardShortcutListCtrl::GetSelectedItemsAssignedShortcutKeyCount() const {
+    int count = 0;
+    for (const int row : GetSelectedRows())
+        if (const ShortcutList::Row* const item = m_list->GetRow(row))
+            count += item->GetKeyboardShortcut().IsShortcutKeySet();
+    return count;
+}
+
+BOOL CKeyboardShortcutListCtrl::ResetShortcutKey(int row) {
+    TakeSort();
+    int formerRow;
+    if (!m_list->ResetKey(row, formerRow))
+        return FALSE;
+    ShowKeys();
+    return TRUE;
+}
+
+void CKeyboardShortcutListCtrl::ResetAllKeyboardShortcuts() {
+    const CWaitCursor cursor;
+    const RedrawLock lock(*this);
+    TakeSort();
+    m_list->ResetAllKeys();
+    ShowKeys();
+}
+
+int CKeyboardShortcutListCtrl::FindShortcutKey(const CShortcutKey& key) const {
+    return m_list->FindKey(key);
+}
+
+int CKeyboardShortcutListCtrl::FindByPressingKey() {
+    CCaptureShortcutKeyDlg dialog(this);
+    const int row = dialog.DoModal() == IDOK ? FindShortcutKey(dialog.GetShortcutKey()) : -1;
+    if (row >= 0) {
+        UnselectAllItems();
+        SelectItem(row);
+        EnsureVisible(row, FALSE);
+    }
+    return row;
+}
+
+// Filtering and sorting
+
+BOOL CKeyboardShortcutListCtrl::Filter(const WCHAR* text) {
+    if (text == nullptr)
+        return FALSE;
+    TakeSort();
+    if (!m_list->Filter(text))
+        return TRUE;
+    const RedrawLock lock(*this);
+    SetSortColumn(m_list->GetSort().column);
+    SetSortAscending(m_list->GetSort().isAscending);
+    ShowRows();
+    return TRUE;
+}
+
+BOOL CKeyboardShortcutListCtrl::IsFiltered() const {
+    return m_list->IsFiltered();
+}
+
+CString CKeyboardShortcutListCtrl::GetFilter() const {
+    return m_list->GetFilter();
+}
+
+int CKeyboardShortcutListCtrl::GetFilteredItemCount() const {
+    return IsFiltered() ? static_cast<int>(m_list->GetRows().size()) : 0;
+}
+
+BOOL CKeyboardShortcutListCtrl::IsValidFilteredItemIndex(int index) const {
+    return index >= 0 && index < GetFilteredItemCount();
+}
+
+CKeyboardShortcutVirtualListCtrlItem* CKeyboardShortcutListCtrl::GetFilteredItem(int index) const {
+    return IsFiltered() ? m_list->GetRow(index) : nullptr;
+}
+
+CKeyboardShortcutVirtualListCtrlItem*
+CKeyboardShortcutListCtrl::GetKeyboardShortcutVirtualListCtrlItem(int row) const {
+    return m_list->GetRow(row);
+}
+
+void CKeyboardShortcutListCtrl::DoSortItems(int column, int ascending) {
+    m_list->Sort(SortOf(column, ascending));
+    ShowRows();
+}
+
+CVirtualListCtrl::SortingFunction CKeyboardShortcutListCtrl::GetSortingFunction(int column,
+                                                                                int ascending) {
+    switch (column) {
+    case COLUMN_COMMAND:
+        return ascending != 0 ? swoCommandAscending : swoCommandDescending;
+    case COLUMN_SHORTCUT_KEY:
+        return ascending != 0 ? swoShortcutKeyAscending : swoShortcutKeyDescending;
+    default:
+        return nullptr;
+    }
+}
+
+bool CKeyboardShortcutListCtrl::swoCommandAscending(CVirtualListCtrlItem* const& first,
+                                                    CVirtualListCtrlItem* const& second) {
+    return quorvel::IsCommandBefore(first, second);
+}
+
+bool CKeyboardShortcutListCtrl::swoCommandDescending(CVirtualListCtrlItem* const& first,
+                                                     CVirtualListCtrlItem* const& second) {
+    return quorvel::IsCommandBehind(first, second);
+}
+
+bool CKeyboardShortcutListCtrl::swoShortcutKeyAscending(CVirtualListCtrlItem* const& first,
+                                                        CVirtualListCtrlItem* const& second) {
+    return quorvel::IsKeyBefore(first, second);
+}
+
+bool CKeyboardShortcutListCtrl::swoShortcutKeyDescending(CVirtualListCtrlItem* const& first,
+                                                         CVirtualListCtrlItem* const& second) {
+    return quorvel::IsKeyBehind(first, second);
+}
+
+LRESULT CKeyboardShortcutListCtrl::OnInputLanguageChange(WPARAM, LPARAM) {
+    m_list->ForgetKeyNames();
+    TakeSort();
+    m_list->SortByKey();
+    ShowKeys();
+    return Default();
+}

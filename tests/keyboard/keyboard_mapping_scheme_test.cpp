@@ -1,0 +1,275 @@
+#include <quorvel/keyboard/keyboard_mapping_scheme.h>
+#include <quorvel/keyboard/keyboard_shortcut_virtual_list_ctrl_item.h>
+
+#include "keyboard/shortcuts.h"
+#include "platform/win32.h"
+
+#include <algorithm>
+#include <boost/shared_ptr.hpp>
+
+namespace {
+
+typedef CKeyboardMappingScheme Scheme;
+
+const CShortcutKey kCtrlS = Key('S', kCtrl);
+
+void LoadDefaults(Scheme& scheme) {
+    scheme.AddKeyboardShortcut({300, _T("Save"), Key('S', kCtrl)});
+    scheme.AddKeyboardShortcut({100, _T("Open"), Key('O', kCtrl)});
+}
+void LoadNothing(Scheme&) {}
+
+Scheme ThreeCommands() {
+    Scheme scheme;
+    scheme.AddKeyboardShortcut({200, _T("Close"), CShortcutKey()});
+    LoadDefaults(scheme);
+    return scheme;
+}
+
+} // namespace
+
+TEST(KeyboardMappingScheme, GivesAKeyToOneCommand) {
+    const struct {
+        const char* label;
+        std::function<BOOL(Scheme&)> change;
+        BOOL result;
+        const char* scheme;
+    } rows[] = {
+        {"as it begins", [](Scheme&) { return TRUE; }, TRUE,
+         "100 Open C79; 200 Close -; 300 Save C83"},
+        {"a new command takes a key",
+         [](Scheme& s) {
+             return s.AddKeyboardShortcut({50, _T("Stop"), kCtrlS});
+         },
+         TRUE, "50 Stop C83; 100 Open C79; 200 Close -; 300 Save -"},
+        {"a known command is replaced",
+         [](Scheme& s) {
+             return s.AddKeyboardShortcut({300, _T("Store"), Key('O', kCtrl)});
+         },
+         TRUE, "100 Open -; 200 Close -; 300 Store C79"},
+        {"its own key",
+         [](Scheme& s) {
+             return s.AddKeyboardShortcut({300, nullptr, kCtrlS});
+         },
+         TRUE, "100 Open C79; 200 Close -; 300 C83"},
+        {"a command without a key takes none",
+         [](Scheme& s) {
+             return s.AddKeyboardShortcut({400, CShortcutKey()});
+         },
+         TRUE, "100 Open C79; 200 Close -; 300 Save C83; 400 -"},
+        {"the extended key is another one",
+         [](Scheme& s) { return s.SetShortcutKey(200, Key('S', kCtrl | kExtended)); }, TRUE,
+         "100 Open C79; 200 Close Cx83; 300 Save C83"},
+        {"set", [](Scheme& s) { return s.SetShortcutKey(200, kCtrlS); }, TRUE,
+         "100 Open C79; 200 Close C83; 300 Save -"},
+        {"set twice",
+         [](Scheme& s) {
+             return s.SetShortcutKey(200, kCtrlS) && s.SetShortcutKey(100, kCtrlS) &&
+                    s.SetShortcutKey(300, Key('O', kCtrl));
+         },
+         TRUE, "100 Open C83; 200 Close -; 300 Save C79"},
+        {"set an unknown command", [](Scheme& s) { return s.SetShortcutKey(250, kCtrlS); }, FALSE,
+         "100 Open C79; 200 Close -; 300 Save C83"},
+        {"clear a key", [](Scheme& s) { return s.ClearShortcutKey(kCtrlS); }, TRUE,
+         "100 Open C79; 200 Close -; 300 Save -"},
+        {"clear a key that nobody has", [](Scheme& s) { return s.ClearShortcutKey(Key('Q')); },
+         FALSE, "100 Open C79; 200 Close -; 300 Save C83"},
+        {"clear a command", [](Scheme& s) { return s.ClearKeyboardShortcutUsingCommandID(100); },
+         TRUE, "100 Open -; 200 Close -; 300 Save C83"},
+        {"clear an unknown command",
+         [](Scheme& s) { return s.ClearKeyboardShortcutUsingCommandID(0); }, FALSE,
+         "100 Open C79; 200 Close -; 300 Save C83"},
+        {"remove", [](Scheme& s) { return s.RemoveKeyboardShortcutUsingCommandID(100); }, TRUE,
+         "200 Close -; 300 Save C83"},
+        {"remove an unknown command",
+         [](Scheme& s) { return s.RemoveKeyboardShortcutUsingCommandID(101); }, FALSE,
+         "100 Open C79; 200 Close -; 300 Save C83"},
+        {"a removed command's key",
+         [](Scheme& s) {
+             return s.RemoveKeyboardShortcutUsingCommandID(300) && s.SetShortcutKey(200, kCtrlS);
+         },
+         TRUE, "100 Open C79; 200 Close C83"},
+        {"clear all",
+         [](Scheme& s) {
+             s.ClearAllShortcutKeys();
+             return s.SetShortcutKey(300, Key('O', kCtrl));
+         },
+         TRUE, "100 Open -; 200 Close -; 300 Save C79"},
+        {"reset to other keys",
+         [](Scheme& s) {
+             Scheme defaults;
+             defaults.AddKeyboardShortcut({100, _T("x"), kCtrlS});
+             defaults.AddKeyboardShortcut({900, _T("y"), Key('Y')});
+             s.ResetAllShortcutKeys(defaults);
+             return s.AddKeyboardShortcut({200, _T("Close"), kCtrlS});
+         },
+         TRUE, "100 Open -; 200 Close C83; 300 Save -"},
+        {"reset to nothing",
+         [](Scheme& s) {
+             s.ResetAllShortcutKeys(Scheme());
+             return TRUE;
+         },
+         TRUE, "100 Open -; 200 Close -; 300 Save -"},
+        {"reset one command",
+         [](Scheme& s) {
+             Scheme defaults;
+             LoadDefaults(defaults);
+             return s.SetShortcutKey(200, kCtrlS) && s.SetShortcutKey(100, Key('Q')) &&
+                    s.ResetShortcutKey(300, defaults);
+         },
+         TRUE, "100 Open 81; 200 Close -; 300 Save C83"},
+        {"reset an unknown command", [](Scheme& s) { return s.ResetShortcutKey(1, s); }, FALSE,
+         "100 Open C79; 200 Close -; 300 Save C83"},
+        {"all assigned into itself",
+         [](Scheme& s) { return s.GetAssignedKeyboardShortcuts(s) == 2; }, TRUE,
+         "100 Open C79; 300 Save C83"},
+    };
+    for (const auto& row : rows) {
+        Scheme scheme = ThreeCommands();
+        EXPECT_EQ(row.change(scheme), row.result) << row.label;
+        EXPECT_EQ(TextOf(scheme), row.scheme) << row.label;
+    }
+}
+
+TEST(KeyboardMappingScheme, FindsCommandsAndKeys) {
+    const Scheme scheme = ThreeCommands();
+    CKeyboardShortcut marker(7, _T("marker"), Key('M'));
+    ExpectCases<int>({
+        CASE(scheme.GetKeyboardShortcutCount(), 3),
+        CASE(scheme.GetAssignedKeyboardShortuctCount(), 2),
+        CASE(scheme.GetAcceleratorEntries(), 2),
+        CASE(scheme.FindCommandID(100), 0),
+        CASE(scheme.FindCommandID(300), 2),
+        CASE(scheme.FindCommandID(0), -1),
+        CASE(scheme.FindCommandID(250), -1),
+        CASE(scheme.FindCommandID(UINT_MAX), -1),
+        CASE(scheme.FindShortcutKey(kCtrlS), 2),
+        CASE(scheme.FindShortcutKey(Key('S')), -1),
+        CASE(scheme.FindShortcutKey(CShortcutKey()), 1),
+        CASE(scheme.GetKeyboardShortcut(-1, marker), FALSE),
+        CASE(scheme.GetKeyboardShortcut(3, marker), FALSE),
+        CASE(scheme.GetKeyboardShortcut(INT_MAX, marker), FALSE),
+    });
+    EXPECT_EQ(marker, CKeyboardShortcut(7, _T("marker"), Key('M')));
+    EXPECT_FALSE(scheme.GetKeyboardShortcutUsingCommandID(250, marker));
+    EXPECT_EQ(marker, CKeyboardShortcut(7, _T("marker"), CShortcutKey()));
+    EXPECT_TRUE(scheme.GetKeyboardShortcutUsingCommandID(300, marker));
+    EXPECT_EQ(marker, CKeyboardShortcut(300, _T("Save"), kCtrlS));
+
+    Scheme assigned(_T("kept"), LoadNothing);
+    assigned.AddKeyboardShortcut({1, Key('Q')});
+    EXPECT_EQ(scheme.GetAssignedKeyboardShortcuts(assigned), 2);
+    EXPECT_EQ(TextOf(assigned), "100 Open C79; 300 Save C83");
+    EXPECT_EQ(assigned.GetName(), _T("kept"));
+    EXPECT_EQ(assigned.FindShortcutKey(CShortcutKey()), -1);
+
+    std::vector<boost::shared_ptr<CKeyboardShortcutVirtualListCtrlItem>> rows(5);
+    scheme.GetKeyboardMappingScheme(rows);
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[2]->GetSubItemText(0), _T("Save"));
+    EXPECT_EQ(rows[2]->GetSubItemText(1), _T("Ctrl+S"));
+    EXPECT_EQ(rows[2]->GetSubItemText(2), _T(""));
+    rows[2]->GetKeyboardShortcut().SetShortcutKey(Key(VK_DELETE));
+    EXPECT_EQ(rows[2]->GetSubItemText(1), _T("Delete")) << "the name follows the key";
+    EXPECT_EQ(scheme.FindShortcutKey(kCtrlS), 2) << "rows are copies";
+}
+
+TEST(KeyboardMappingScheme, ComparesNameShortcutsAndFunction) {
+    const Scheme scheme(_T("A"), LoadDefaults);
+    EXPECT_EQ(scheme, Scheme(_T("A"), LoadDefaults));
+    EXPECT_NE(scheme, Scheme(_T("a"), LoadDefaults));
+    EXPECT_NE(scheme, Scheme(_T("A"), LoadNothing));
+    EXPECT_EQ(Scheme(), Scheme(nullptr, nullptr));
+    Scheme filled = scheme;
+    EXPECT_TRUE(filled.LoadDefaultMappingScheme());
+    EXPECT_EQ(TextOf(filled), "100 Open C79; 300 Save C83");
+    EXPECT_NE(filled, scheme);
+    EXPECT_FALSE(Scheme().LoadDefaultMappingScheme());
+    EXPECT_FALSE(filled.SetName(nullptr));
+    EXPECT_FALSE(filled.SetLoadDefaultMappingSchemeFunction(nullptr));
+    EXPECT_EQ(filled.GetName(), _T("A"));
+    EXPECT_EQ(filled.GetLoadDefaultMappingSchemeFunction(), LoadDefaults);
+}
+
+TEST(KeyboardMappingScheme, TakesTablesAndVectorsAsTheyAre) {
+    ACCEL table[] = {{FVIRTKEY | FCONTROL, 'S', 300},
+                     {FVIRTKEY, VK_F1, 100},
+                     {FVIRTKEY | FCONTROL, 'S', 300},
+                     {0, 'A', 0}};
+    Scheme scheme = ThreeCommands();
+    for (const int count : {0, -1, INT_MIN})
+        EXPECT_FALSE(scheme.SetUsingAcceleratorTable(table, count));
+    EXPECT_FALSE(scheme.SetUsingAcceleratorTable(nullptr, 1));
+    EXPECT_EQ(scheme, ThreeCommands());
+
+    EXPECT_TRUE(scheme.SetUsingAcceleratorTable(table, 4));
+    EXPECT_EQ(TextOf(scheme), "300 C83; 100 112; 300 C83; 0 S65");
+    // A binary search of an order that is not there: at 100, 300 comes first.
+    EXPECT_EQ(scheme.FindCommandID(0), -1);
+    EXPECT_EQ(scheme.FindCommandID(100), -1);
+    EXPECT_TRUE(scheme.SetShortcutKey(300, kCtrlS)) << "the key leaves both";
+    EXPECT_EQ(scheme.GetAssignedKeyboardShortuctCount(), 3);
+
+    std::vector<CKeyboardShortcut> shortcuts = {{9, Key('B')}, {9, Key('B')}, {2, Key('B')}};
+    scheme.SetKeyboardShortcuts(shortcuts);
+    EXPECT_EQ(TextOf(scheme), "9 66; 9 66; 2 66");
+    EXPECT_TRUE(scheme.ClearShortcutKey(Key('B')));
+    EXPECT_EQ(TextOf(scheme), "9 -; 9 -; 2 -");
+}
+
+TEST(KeyboardMappingScheme, FillsAcceleratorsOfExactlyTheirNumber) {
+    const Scheme scheme = ThreeCommands();
+    ACCEL marked[4];
+    std::fill(std::begin(marked), std::end(marked), ACCEL{0xee, 0xeeee, 0xeeee});
+    for (const int count : {0, 1, 3, -1, INT_MAX}) {
+        EXPECT_FALSE(scheme.GetAccelerators(marked, count)) << count;
+        EXPECT_EQ(marked[0].key, 0xeeee) << count;
+    }
+    EXPECT_FALSE(scheme.GetAccelerators(nullptr, 2));
+    EXPECT_TRUE(scheme.GetAccelerators(marked, 2));
+    EXPECT_EQ(marked[0].cmd, 100);
+    EXPECT_EQ(marked[1].cmd, 300);
+    EXPECT_EQ(marked[1].fVirt, FVIRTKEY | FCONTROL);
+    EXPECT_EQ(marked[2].key, 0xeeee);
+    EXPECT_TRUE(Scheme().GetAccelerators(marked, 0));
+    EXPECT_FALSE(Scheme().GetAccelerators(nullptr, 0));
+}
+
+TEST(KeyboardMappingScheme, SortsAndKeepsTheOrderOfEqualOnes) {
+    const struct {
+        const char* label;
+        void (*sort)(Scheme& scheme, BOOL ascending);
+        const char* ascending;
+        const char* descending;
+    } rows[] = {
+        {"by text", [](Scheme& s, BOOL up) { s.SortKeyboardShortcutsByCommandText(up); },
+         "5 4 3 2 6 1", "1 6 2 3 4 5"},
+        {"by name", [](Scheme& s, BOOL up) { s.SortKeyboardShortcutsByKeyboardShortcutName(up); },
+         "1 2 6 4 3 5", "3 5 4 6 2 1"},
+        {"by key", [](Scheme& s, BOOL up) { s.SortKeyboardShortcutsByShortcutKey(up); },
+         "4 6 2 1 3 5", "3 5 1 2 6 4"},
+    };
+    Scheme scheme;
+    scheme.AddKeyboardShortcut({1,
+                                _T("\x00d6"
+                                   "ffnen"),
+                                Key('C', kCtrl | kAlt)});
+    scheme.AddKeyboardShortcut({2, _T("close"), Key('D', kCtrl)});
+    scheme.AddKeyboardShortcut({3, _T("bold"), CShortcutKey()});
+    scheme.AddKeyboardShortcut({4, _T("B"), Key('Q')});
+    scheme.AddKeyboardShortcut({5, _T("a"), CShortcutKey()});
+    scheme.AddKeyboardShortcut({6, _T("Close"), Key(VK_F2)});
+    for (const auto& row : rows)
+        for (const BOOL ascending : {TRUE, FALSE}) {
+            Scheme sorted = scheme;
+            row.sort(sorted, ascending);
+            std::string order;
+            for (int i = 0; i < sorted.GetKeyboardShortcutCount(); ++i) {
+                CKeyboardShortcut shortcut;
+                sorted.GetKeyboardShortcut(i, shortcut);
+                order += i > 0 ? " " : "";
+                order += std::to_string(shortcut.GetCommandID());
+            }
+            EXPECT_EQ(order, ascending ? row.ascending : row.descending) << row.label;
+        }
+}

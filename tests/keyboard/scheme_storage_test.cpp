@@ -1,0 +1,207 @@
+#include <quorvel/keyboard/keyboard_mapping_scheme.h>
+#include <quorvel/system/profile.h>
+
+#include "keyboard/shortcuts.h"
+#include "platform/win32.h"
+#include "support/registry.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+typedef CKeyboardMappingScheme Scheme;
+
+void LoadDefaults(Scheme& scheme) {
+    scheme.AddKeyboardShortcut({100, _T("Open"), Key('O', kCtrl)});
+    scheme.AddKeyboardShortcut({200, _T("Close"), CShortcutKey()});
+    scheme.AddKeyboardShortcut({300, _T("Save"), Key('S', kCtrl)});
+}
+// As a later version has them: Close has a key, Save another one, and Print is new.
+void LoadLaterDefaults(Scheme& scheme) {
+    LoadDefaults(scheme);
+    scheme.SetShortcutKey(200, Key('W', kCtrl));
+    scheme.SetShortcutKey(300, Key(VK_F2));
+    scheme.AddKeyboardShortcut({400, _T("Print"), Key('P', kCtrl)});
+}
+
+Scheme Loaded(Scheme::FNLOADDEFAULTMAPPINGSCHEME function) {
+    Scheme scheme(_T("x"), function);
+    scheme.LoadDefaultMappingScheme();
+    return scheme;
+}
+
+std::string Kinds(const std::vector<CShortcutProblem>& problems) {
+    std::string text;
+    for (const CShortcutProblem& problem : problems) {
+        EXPECT_FALSE(problem.strMessage.IsEmpty());
+        text += text.empty() ? "" : " ";
+        text += std::to_string(problem.nRow) + ":";
+        text += std::to_string(problem.nKind);
+    }
+    return text;
+}
+
+} // namespace
+
+TEST(SchemeStorage, KeepsWhatDiffersFromTheDefaults) {
+    Scheme scheme = Loaded(LoadDefaults);
+    const CString unchanged = scheme.ExportToXML();
+    EXPECT_EQ(unchanged.Find(_T("shortcut ")), -1);
+    scheme.SetShortcutKey(200, Key('S', kCtrl));
+    scheme.SetShortcutKey(100, Key(VK_F5, kCtrl | kShift));
+    const CString text = scheme.ExportToXML();
+    EXPECT_EQ(text, _T("<shortcuts format=\"1\">\r\n")
+                    _T("<shortcut command=\"100\" key=\"Ctrl+Shift+F5\" code=\"116\" ")
+                    _T("modifiers=\"3\"/>\r\n")
+                    _T("<shortcut command=\"200\" key=\"Ctrl+S\" code=\"83\" modifiers=\"2\"/>\r\n")
+                    _T("<shortcut command=\"300\" key=\"\" code=\"0\" modifiers=\"0\"/>\r\n")
+                    _T("</shortcuts>\r\n"));
+
+    Scheme other = Loaded(LoadDefaults);
+    other.SetShortcutKey(300, Key('Q'));
+    EXPECT_TRUE(other.ImportFromXML(text, FALSE));
+    EXPECT_EQ(other, scheme);
+    EXPECT_TRUE(other.ImportFromXML(unchanged, FALSE));
+    EXPECT_EQ(other, Loaded(LoadDefaults)) << "nothing stored means the defaults";
+
+    Scheme later = Loaded(LoadLaterDefaults);
+    EXPECT_TRUE(later.ImportFromXML(text, FALSE));
+    EXPECT_EQ(TextOf(later), "100 Open CS116; 200 Close C83; 300 Save -; 400 Print C80");
+    EXPECT_TRUE(later.ImportFromXML(unchanged, FALSE));
+    EXPECT_EQ(TextOf(later), "100 Open C79; 200 Close C87; 300 Save 113; 400 Print C80")
+        << "new defaults reach the user";
+
+    Scheme bare;
+    bare.AddKeyboardShortcut({1, Key('A')});
+    bare.AddKeyboardShortcut({2, CShortcutKey()});
+    Scheme cleared = bare;
+    cleared.ClearAllShortcutKeys();
+    EXPECT_TRUE(cleared.ImportFromXML(bare.ExportToXML(), FALSE));
+    EXPECT_EQ(TextOf(cleared), "1 65; 2 -") << "without a function all keys are stored";
+}
+
+TEST(SchemeStorage, ReportsRowsAndImportsNothingByHalves) {
+    const char* const kUntouched = "100 Open C79; 200 Close 82; 300 Save C83";
+    const struct {
+        const WCHAR* rows;
+        const char* problems;
+        const char* skipped; // the scheme when faulty rows are left out
+    } rows[] = {
+        {_T(""), "", "100 Open C79; 200 Close -; 300 Save C83"},
+        {_T("<shortcut command='200' key='F5'/>"), "", "100 Open C79; 200 Close 116; 300 Save C83"},
+        {_T("<shortcut command='200' code='116' modifiers='2'/>"), "",
+         "100 Open C79; 200 Close C116; 300 Save C83"},
+        {_T("<shortcut command='100'/><x/><shortcut command='300' key='ctrl+o'/>"), "",
+         "100 Open -; 200 Close -; 300 Save C79"},
+        {_T("<shortcut command='7' key='F5'/><shortcut command='200' key='F5'/>"), "1:0",
+         "100 Open C79; 200 Close 116; 300 Save C83"},
+        {_T("<shortcut command='200' key='F5'/><shortcut command='200' key='F6'/>"), "2:1",
+         "100 Open C79; 200 Close 116; 300 Save C83"},
+        {_T("<shortcut command='200' key='F5'/><shortcut command='100' key='F5'/>"), "2:2",
+         "100 Open C79; 200 Close 116; 300 Save C83"},
+        {_T("<shortcut command='-1' key='F5'/><shortcut command='4294967296' key='F5'/>")
+         _T("<shortcut command='' key='F5'/><shortcut key='F5'/><shortcut command='0x1'/>"),
+         "1:3 2:3 3:3 4:3 5:3", "100 Open C79; 200 Close -; 300 Save C83"},
+        {_T("<shortcut command='200' key='Hyper+Q'/><shortcut command='100' code='65'/>")
+         _T("<shortcut command='100' code='65536' modifiers='0'/>")
+         _T("<shortcut command='300' key='F5' code='117' modifiers='0'/>")
+         _T("<shortcut command='300' code='65' modifiers='256'/>"),
+         "1:4 2:4 3:4 4:4 5:4", "100 Open C79; 200 Close -; 300 Save C83"},
+    };
+    for (const auto& row : rows)
+        for (const BOOL skip : {FALSE, TRUE}) {
+            Scheme scheme = Loaded(LoadDefaults);
+            scheme.SetShortcutKey(200, Key('R'));
+            const CString text =
+                CString(_T("<shortcuts format='1'>")) + row.rows + _T("</shortcuts>");
+            std::vector<CShortcutProblem> problems(3);
+            const bool isChanged = *row.problems == 0 || skip;
+            EXPECT_EQ(scheme.ImportFromXML(text, skip, &problems), isChanged) << text;
+            EXPECT_EQ(Kinds(problems), row.problems) << text;
+            EXPECT_EQ(TextOf(scheme), isChanged ? row.skipped : kUntouched) << text;
+        }
+    const struct {
+        const WCHAR* text;
+        const char* problems;
+    } whole[] = {
+        {_T("<shortcuts format='2'><shortcut command='200'/></shortcuts>"), "0:5"},
+        {_T("<shortcuts/>"), "0:6"},
+        {_T("<shortcuts format='0'/>"), "0:6"},
+        {_T("<shortcuts format='one'/>"), "0:6"},
+        {_T("<shortcut format='1'/>"), "0:6"},
+        {_T("<shortcuts format='1'>"), "0:7"},
+        {_T("<shortcuts format='1'><shortcut command='200'></shortcuts>"), "0:7"},
+        {_T("no shortcuts"), "0:7"},
+        {_T(""), "0:7"},
+        {nullptr, "0:7"},
+    };
+    for (const auto& row : whole) {
+        Scheme scheme = Loaded(LoadDefaults);
+        scheme.SetShortcutKey(200, Key('R'));
+        std::vector<CShortcutProblem> problems;
+        EXPECT_FALSE(scheme.ImportFromXML(row.text, TRUE, &problems)) << CString(row.text);
+        EXPECT_EQ(Kinds(problems), row.problems) << CString(row.text);
+        EXPECT_EQ(TextOf(scheme), kUntouched);
+    }
+}
+
+TEST(SchemeStorage, FindsCommandsOfASchemeInAnyOrder) {
+    Scheme scheme;
+    scheme.SetKeyboardShortcuts({{9, Key('A')}, {5, Key('B')}, {7, CShortcutKey()}});
+    EXPECT_TRUE(scheme.ImportFromXML(
+        _T("<shortcuts format='1'><shortcut command='5' key='F1'/></shortcuts>"), FALSE));
+    EXPECT_EQ(TextOf(scheme), "9 -; 5 112; 7 -");
+}
+
+TEST(SchemeStorage, IsAFile) {
+    const TemporaryFolder folder;
+    const CString name = folder.Path(_T("keys.xml"));
+    Scheme scheme = Loaded(LoadDefaults);
+    scheme.SetShortcutKey(200, Key('Q', kCtrl));
+    CString error = _T("*");
+    EXPECT_TRUE(scheme.ExportToXMLFile(name, error));
+    Scheme read = Loaded(LoadDefaults);
+    EXPECT_TRUE(read.ImportFromXMLFile(name, FALSE, error));
+    EXPECT_EQ(error, _T(""));
+    EXPECT_EQ(read, scheme);
+
+    std::vector<CShortcutProblem> problems(1);
+    EXPECT_FALSE(read.ImportFromXMLFile(folder.Path(_T("missing.xml")), FALSE, error, &problems));
+    EXPECT_NE(error, _T(""));
+    EXPECT_TRUE(problems.empty());
+    folder.Write(_T("keys.xml"), "<shortcuts format=\"1\"");
+    EXPECT_FALSE(read.ImportFromXMLFile(name, TRUE, error, &problems));
+    EXPECT_EQ(Kinds(problems), "0:7");
+    EXPECT_EQ(read, scheme);
+    EXPECT_FALSE(scheme.ExportToXMLFile(folder.Path(_T("none/keys.xml")), error));
+    EXPECT_NE(error, _T(""));
+}
+
+TEST(SchemeStorage, IsAValueOfTheRegistry) {
+    const TestKey root;
+    const CRegistryPath path(HKEY_CURRENT_USER, root.Path() + _T("\\Keys"));
+    Scheme scheme = Loaded(LoadDefaults);
+    EXPECT_FALSE(scheme.LoadState(path)) << "nothing there";
+    scheme.SetShortcutKey(200, Key('Q', kCtrl));
+    EXPECT_TRUE(scheme.SaveState(path));
+    Scheme read = Loaded(LoadDefaults);
+    std::vector<CShortcutProblem> problems(1);
+    EXPECT_TRUE(read.LoadState(path, &problems));
+    EXPECT_TRUE(problems.empty());
+    EXPECT_EQ(read, scheme);
+
+    AfxWriteProfileString(path, _T("Shortcuts"),
+                          _T("<shortcuts format='1'><shortcut command='7' key='F1'/>")
+                          _T("<shortcut command='200' key='F2'/></shortcuts>"));
+    EXPECT_TRUE(read.LoadState(path, &problems));
+    EXPECT_EQ(Kinds(problems), "1:0");
+    EXPECT_EQ(TextOf(read), "100 Open C79; 200 Close 113; 300 Save C83");
+
+    HKEY key = nullptr;
+    ASSERT_EQ(path.OpenSubKey(key), 0);
+    EXPECT_TRUE(scheme.SaveState(key, FALSE));
+    EXPECT_TRUE(read.LoadState(key, TRUE));
+    EXPECT_EQ(read, scheme);
+    EXPECT_EQ(RegCloseKey(key), LONG{ERROR_INVALID_HANDLE}) << "closed by loading";
+    EXPECT_FALSE(read.LoadState(HKEY{nullptr}, FALSE));
+    EXPECT_FALSE(scheme.SaveState(CRegistryPath()));
+}

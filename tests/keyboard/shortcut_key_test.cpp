@@ -1,0 +1,116 @@
+#include <quorvel/keyboard/key_name.h>
+#include <quorvel/keyboard/keyboard_shortcut.h>
+
+#include "keyboard/shortcuts.h"
+#include "platform/win32.h"
+
+TEST(ShortcutKey, HasANameAndARank) {
+    const struct {
+        CShortcutKey key;
+        const WCHAR* standardName;
+        const WCHAR* storedName;
+        int rank;
+    } rows[] = {
+        {CShortcutKey(), _T(""), _T(""), 9},
+        {Key('A'), _T("A"), _T("A"), 1},
+        {Key('A', kShift | kCtrl), _T("Ctrl+Shift+A"), _T("Ctrl+Shift+A"), 5},
+        {Key(VK_F5, kShift | kCtrl | kAlt), _T("Ctrl+Shift+Alt+F5"), _T("Ctrl+Shift+Alt+F5"), 8},
+        {Key('X', kCtrl), _T("Ctrl+X"), _T("Ctrl+X"), 2},
+        {Key('X', kShift), _T("Shift+X"), _T("Shift+X"), 3},
+        {Key('X', kAlt), _T("Alt+X"), _T("Alt+X"), 4},
+        {Key('X', kCtrl | kAlt), _T("Ctrl+Alt+X"), _T("Ctrl+Alt+X"), 6},
+        {Key('X', kShift | kAlt), _T("Shift+Alt+X"), _T("Shift+Alt+X"), 7},
+        {Key(0, kCtrl), _T("Ctrl+"), _T("Ctrl+"), 2},
+        {Key(0, kExtended), _T(""), _T(""), 1},
+        {Key(VK_DELETE, kCtrl), _T("Ctrl+Delete"), _T("Ctrl+Num Del"), 2},
+        {Key(VK_DELETE, kCtrl | kExtended), _T("Ctrl+Delete"), _T("Ctrl+Delete"), 2},
+        {Key(VK_PRIOR), _T("Page Up"), _T("Num 9"), 1},
+        {Key(VK_NEXT), _T("Page Down"), _T("Num 3"), 1},
+        {Key(VK_END), _T("End"), _T("Num 1"), 1},
+        {Key(VK_HOME), _T("Home"), _T("Num 7"), 1},
+        {Key(VK_LEFT), _T("Left"), _T("Num 4"), 1},
+        {Key(VK_UP), _T("Up"), _T("Num 8"), 1},
+        {Key(VK_RIGHT), _T("Right"), _T("Num 6"), 1},
+        {Key(VK_DOWN), _T("Down"), _T("Num 2"), 1},
+        {Key(VK_INSERT), _T("Insert"), _T("Num 0"), 1},
+        {Key(VK_CLEAR), _T(""), _T("Num 5"), 1}, // the platform has no name for the extended one
+        {Key(VK_RETURN, kExtended), _T("Enter"), _T("Num Enter"), 1},
+        {Key(VK_DIVIDE, kExtended), _T("Num /"), _T("Num /"), 1},
+        {Key(VK_PAUSE, kCtrl), _T("Ctrl+"), _T("Ctrl+"), 2},
+        {Key(0x141, 0xf0), _T(""), _T(""), 1}, // what is no code and no modifier is stored
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.key.GetShortcutKeyName(1), row.standardName) << TextOf(row.key);
+        EXPECT_EQ(row.key.GetShortcutKeyName(0), row.storedName) << TextOf(row.key);
+        EXPECT_EQ(row.key.GetModifiersSortingRank(), row.rank) << TextOf(row.key);
+    }
+    EXPECT_EQ(AfxGetKeyName(LONG{0x001c0000}), _T("Enter"));
+    EXPECT_EQ(AfxGetKeyName(LONG{0x011c0000}), _T("Num Enter"));
+    EXPECT_EQ(AfxGetKeyName(UINT{VK_RETURN}, TRUE), _T("Num Enter"));
+}
+
+TEST(ShortcutKey, ComparesCodeAndAllModifiers) {
+    const CShortcutKey key = Key(VK_DELETE, kCtrl);
+    const CShortcutKey extended = Key(VK_DELETE, kCtrl | kExtended);
+    EXPECT_NE(key, extended);
+    EXPECT_FALSE(key.DoesKeyMatch(VK_DELETE, kCtrl | kExtended));
+    EXPECT_TRUE(Key(0, kExtended).IsKeySet());
+    EXPECT_FALSE(Key(VK_F1, kExtended | 0x10).UsesKeyModifier());
+    EXPECT_EQ(CShortcutKey(), Key(CShortcutKey::DEFAULT_VIRTUAL_KEY_CODE));
+}
+
+TEST(KeyboardShortcut, BecomesAnAcceleratorAndBack) {
+    const struct {
+        CShortcutKey key;
+        int flags;
+    } rows[] = {
+        {Key('S', kCtrl), FVIRTKEY | FCONTROL},
+        {Key('S', kShift), FVIRTKEY | FSHIFT},
+        {Key('S', kAlt), FVIRTKEY | FALT},
+        {Key(VK_F9, kCtrl | kShift | kAlt), FVIRTKEY | FCONTROL | FSHIFT | FALT},
+        {Key(VK_DELETE, kExtended), FVIRTKEY},
+        {CShortcutKey(), FVIRTKEY},
+        {Key('S', 0xf0), FVIRTKEY},
+    };
+    for (const auto& row : rows) {
+        const ACCEL accel = CKeyboardShortcut(0x12345, _T("Save"), row.key).GetAccel();
+        EXPECT_EQ(accel.fVirt, row.flags) << TextOf(row.key);
+        EXPECT_EQ(accel.key, row.key.GetVirtualKeyCode());
+        EXPECT_EQ(accel.cmd, 0x2345);
+        const CKeyboardShortcut back(accel, row.key.IsExtendedKey());
+        EXPECT_EQ(back.GetCommandID(), 0x2345u);
+        EXPECT_FALSE(back.HasCommandText());
+        EXPECT_EQ(TextOf(back.GetShortcutKey()), TextOf(row.key));
+    }
+}
+
+TEST(KeyboardShortcut, TakesCharactersOfAcceleratorsByTheLayout) {
+    const struct {
+        int flags;
+        WCHAR character;
+        CShortcutKey key;
+    } rows[] = {
+        {0, 'a', Key('A')},
+        {0, 'A', Key('A', kShift)},
+        {0, '!', Key('1', kShift)},
+        {FALT, '?', Key(VK_OEM_2, kShift | kAlt)},
+        {FCONTROL, 'q', Key('Q', kCtrl)},
+        {0, 1, Key('A', kCtrl)},
+        {FSHIFT, 0x20ac, Key(0x20ac, kShift)}, // no key types it
+        {FVIRTKEY, '!', Key('!')},
+    };
+    for (const auto& row : rows) {
+        const ACCEL accel = {static_cast<BYTE>(row.flags), row.character, 7};
+        EXPECT_EQ(TextOf(CKeyboardShortcut(accel, FALSE).GetShortcutKey()), TextOf(row.key))
+            << row.flags << ' ' << int{row.character};
+    }
+}
+
+TEST(KeyboardShortcut, RefusesANullText) {
+    CKeyboardShortcut shortcut(5, _T("Save"), Key('S', kCtrl));
+    EXPECT_FALSE(shortcut.SetCommandText(nullptr));
+    EXPECT_EQ(shortcut.GetCommandText(), _T("Save"));
+    EXPECT_NE(shortcut, CKeyboardShortcut(5, _T("save"), Key('S', kCtrl)));
+    EXPECT_TRUE(shortcut.SetCommandText(_T("")));
+    EXPECT_EQ(shortcut, CKeyboardShortcut(5, nullptr, Key('S', kCtrl)));
+}

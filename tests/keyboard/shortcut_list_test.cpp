@@ -1,0 +1,263 @@
+#include "keyboard/shortcut_list.h"
+
+#include "keyboard/shortcuts.h"
+#include "platform/win32.h"
+
+using quorvel::ShortcutList;
+
+namespace {
+
+void LoadDefaults(CKeyboardMappingScheme& scheme) {
+    scheme.AddKeyboardShortcut({1, _T("Open"), Key('O', kCtrl)});
+    scheme.AddKeyboardShortcut({2, _T("save"), Key('S', kCtrl)});
+    scheme.AddKeyboardShortcut({3, _T("Refresh"), Key(VK_F5)});
+    scheme.AddKeyboardShortcut({4, _T("Close"), CShortcutKey()});
+}
+
+const CKeyboardMappingScheme& Defaults() {
+    static const CKeyboardMappingScheme s_scheme = [] {
+        CKeyboardMappingScheme scheme(_T("Default"), LoadDefaults);
+        scheme.LoadDefaultMappingScheme();
+        return scheme;
+    }();
+    return s_scheme;
+}
+
+// The rows as they are shown: "1:C79 4:-".
+std::string RowsOf(const ShortcutList& list) {
+    std::string text;
+    for (const ShortcutList::Row* const row : list.GetRows()) {
+        const CKeyboardShortcut& shortcut = row->GetKeyboardShortcut();
+        text += text.empty() ? "" : " ";
+        text += std::to_string(shortcut.GetCommandID()) + ":";
+        text += TextOf(shortcut.GetShortcutKey());
+    }
+    return text;
+}
+
+void SortBy(ShortcutList& list, int column, bool isAscending = true) {
+    list.Sort({column, isAscending, ShortcutList::OrderOf(column, isAscending)});
+}
+
+int Set(ShortcutList& list, int row, const CShortcutKey& key) {
+    int former = -7;
+    return list.SetKey(row, key, former) ? former : -9;
+}
+
+struct Edited {
+    const char* label;
+    std::function<int(ShortcutList&)> edit;
+    int result;
+    const char* rows;
+};
+
+void ExpectEdits(std::initializer_list<Edited> rows) {
+    for (const Edited& row : rows) {
+        ShortcutList list;
+        ASSERT_EQ(list.InsertScheme(0, &Defaults()), 0);
+        ASSERT_TRUE(list.Load(0));
+        EXPECT_EQ(row.edit(list), row.result) << row.label;
+        EXPECT_EQ(RowsOf(list), row.rows) << row.label;
+    }
+}
+
+} // namespace
+
+TEST(ShortcutList, MovesKeysBetweenRows) {
+    const CShortcutKey ctrlS = Key('S', kCtrl);
+    ExpectEdits({
+        {"as loaded", [](ShortcutList&) { return 0; }, 0, "1:C79 2:C83 3:116 4:-"},
+        {"a key moves", [&](ShortcutList& l) { return Set(l, 3, ctrlS); }, 1,
+         "1:C79 2:- 3:116 4:C83"},
+        {"to its own row", [&](ShortcutList& l) { return Set(l, 1, ctrlS); }, 1,
+         "1:C79 2:C83 3:116 4:-"},
+        {"a new key", [](ShortcutList& l) { return Set(l, 3, Key('N', kCtrl)); }, -1,
+         "1:C79 2:C83 3:116 4:C78"},
+        {"no row", [&](ShortcutList& l) { return Set(l, 4, ctrlS); }, -9, "1:C79 2:C83 3:116 4:-"},
+        {"row -1", [&](ShortcutList& l) { return Set(l, -1, ctrlS); }, -9, "1:C79 2:C83 3:116 4:-"},
+        {"sorted by key, it is sorted anew",
+         [&](ShortcutList& l) {
+             SortBy(l, 1);
+             return Set(l, 3, ctrlS);
+         },
+         1, "1:C79 4:C83 3:116 2:-"},
+        {"sorted by command, it stays",
+         [&](ShortcutList& l) {
+             SortBy(l, 0);
+             return Set(l, 0, ctrlS);
+         },
+         3, "4:C83 1:C79 3:116 2:-"},
+        {"under a filter the former row may be out of sight",
+         [&](ShortcutList& l) {
+             l.Filter(_T("open"));
+             const int former = Set(l, 0, ctrlS);
+             l.Filter(_T(""));
+             return former;
+         },
+         -1, "1:C83 2:- 3:116 4:-"},
+        {"under a filter the row stays in sight",
+         [&](ShortcutList& l) {
+             l.Filter(_T("f5"));
+             return Set(l, 0, ctrlS);
+         },
+         -1, "3:C83"},
+        {"clear a key", [&](ShortcutList& l) { return l.ClearKey(ctrlS); }, 1,
+         "1:C79 2:- 3:116 4:-"},
+        {"clear a key does not sort",
+         [](ShortcutList& l) {
+             SortBy(l, 1);
+             return l.ClearKey(Key('O', kCtrl));
+         },
+         0, "1:- 2:C83 3:116 4:-"},
+        {"clear a key that nobody has", [](ShortcutList& l) { return l.ClearKey(Key('Q')); }, -1,
+         "1:C79 2:C83 3:116 4:-"},
+        {"clear a key out of sight",
+         [&](ShortcutList& l) {
+             l.Filter(_T("open"));
+             const int row = l.ClearKey(ctrlS);
+             l.Filter(_T(""));
+             return row;
+         },
+         -1, "1:C79 2:- 3:116 4:-"},
+        {"clear a row", [](ShortcutList& l) { return l.ClearKey(0) && !l.ClearKey(4); }, 1,
+         "1:- 2:C83 3:116 4:-"},
+        {"find a key", [&](ShortcutList& l) { return l.FindKey(ctrlS); }, 1,
+         "1:C79 2:C83 3:116 4:-"},
+        {"reset a row",
+         [&](ShortcutList& l) {
+             Set(l, 3, ctrlS);
+             int former = -7;
+             return l.ResetKey(1, former) ? former : -9;
+         },
+         3, "1:C79 2:C83 3:116 4:-"},
+        {"reset all",
+         [&](ShortcutList& l) {
+             SortBy(l, 1, false);
+             Set(l, 3, ctrlS);
+             l.ClearKey(0);
+             l.ResetAllKeys();
+             return 0;
+         },
+         0, "3:116 2:C83 1:C79 4:-"},
+    });
+}
+
+TEST(ShortcutList, SortsRowsWithoutAKeyLast) {
+    const struct {
+        int column;
+        bool isAscending;
+        const char* rows;
+    } rows[] = {
+        {0, true, "4:- 1:C79 3:116 2:C83"}, // by code unit: capital letters first
+        {0, false, "2:C83 3:116 1:C79 4:-"}, {1, true, "1:C79 2:C83 3:116 4:-"},
+        {1, false, "3:116 2:C83 1:C79 4:-"}, {2, true, "1:C79 2:C83 3:116 4:-"},
+    };
+    CVirtualListCtrlItem other;
+    CVirtualListCtrlItem* const otherItem = &other;
+    for (const auto& row : rows) {
+        ShortcutList list;
+        list.InsertScheme(0, &Defaults());
+        list.Load(0);
+        SortBy(list, row.column, row.isAscending);
+        EXPECT_EQ(RowsOf(list), row.rows) << row.column << row.isAscending;
+        // The orders themselves agree, and pass over rows of another class.
+        const auto order = ShortcutList::OrderOf(row.column, row.isAscending);
+        for (int i = 0; order != nullptr && i < 4; ++i) {
+            CVirtualListCtrlItem* const item = list.GetRow(i);
+            EXPECT_FALSE(order(item, otherItem) || order(otherItem, item) || order(item, item));
+            for (int j = 0; j < i; ++j) {
+                CVirtualListCtrlItem* const before = list.GetRow(j);
+                EXPECT_TRUE(order(before, item) && !order(item, before));
+            }
+        }
+        list.Load(-1);
+        list.Load(0);
+        EXPECT_EQ(RowsOf(list), row.rows) << "loaded while sorted";
+    }
+}
+
+TEST(ShortcutList, FiltersByCommandAndKeyName) {
+    const struct {
+        const WCHAR* text;
+        const char* rows;
+    } rows[] = {
+        {_T("F5"), "3:116"},    {_T("ctrl+"), "1:C79 2:C83"},
+        {_T("SAVE"), "2:C83"},  {_T("o"), "1:C79 4:-"},
+        {_T("zz"), ""},         {_T("O"), "1:C79 4:-"},
+        {_T("fresh"), "3:116"}, {_T("l+"), "1:C79 2:C83"},
+    };
+    ShortcutList list;
+    list.InsertScheme(0, &Defaults());
+    list.Load(0);
+    for (const auto& row : rows) {
+        list.Filter(row.text);
+        EXPECT_EQ(RowsOf(list), row.rows) << CString(row.text);
+    }
+    const CString before = list.GetFilter();
+    EXPECT_FALSE(list.Filter(nullptr));
+    EXPECT_FALSE(list.Filter(_T("L+")));
+    EXPECT_EQ(list.GetFilter(), before);
+    const CString longText('x', 10000);
+    EXPECT_TRUE(list.Filter(longText));
+    EXPECT_EQ(RowsOf(list), "");
+    EXPECT_EQ(list.GetRow(0), nullptr);
+}
+
+TEST(ShortcutList, ClearingTheFilterRestoresTheSort) {
+    ShortcutList list;
+    list.InsertScheme(0, &Defaults());
+    list.Load(0);
+    SortBy(list, 0);
+    list.Filter(_T("ctrl"));
+    EXPECT_EQ(RowsOf(list), "1:C79 2:C83");
+    SortBy(list, 1, false);
+    EXPECT_EQ(RowsOf(list), "2:C83 1:C79");
+    list.Filter(_T("e"));
+    EXPECT_EQ(RowsOf(list), "3:116 2:C83 1:C79 4:-") << "another filter keeps the later sort";
+    list.Filter(_T(""));
+    EXPECT_EQ(list.GetSort().column, 0);
+    EXPECT_TRUE(list.GetSort().isAscending);
+    EXPECT_EQ(RowsOf(list), "4:- 1:C79 3:116 2:C83");
+}
+
+TEST(ShortcutList, KeepsTheActiveSchemeActive) {
+    const CKeyboardMappingScheme empty;
+    const CKeyboardMappingScheme& filled = Defaults();
+    const struct {
+        const char* label;
+        std::function<bool(ShortcutList&)> change;
+        bool result;
+        int count;
+        int active;
+    } rows[] = {
+        {"insert before", [&](auto& l) { return l.InsertScheme(0, &empty) == 0; }, true, 4, 2},
+        {"insert behind", [&](auto& l) { return l.InsertScheme(3, &empty) == 3; }, true, 4, 1},
+        {"insert past the end", [&](auto& l) { return l.InsertScheme(4, &empty) >= 0; }, false, 3,
+         1},
+        {"insert null", [&](auto& l) { return l.InsertScheme(0, nullptr) >= 0; }, false, 3, 1},
+        {"replace another", [&](auto& l) { return l.SetScheme(0, &empty); }, true, 3, 1},
+        {"replace it", [&](auto& l) { return l.SetScheme(1, &filled); }, true, 3, -1},
+        {"replace by null", [&](auto& l) { return l.SetScheme(1, nullptr); }, false, 3, 1},
+        {"remove before", [&](auto& l) { return l.RemoveScheme(0); }, true, 2, 0},
+        {"remove behind", [&](auto& l) { return l.RemoveScheme(2); }, true, 2, 1},
+        {"remove it", [&](auto& l) { return l.RemoveScheme(1); }, true, 2, -1},
+        {"remove none", [&](auto& l) { return l.RemoveScheme(3); }, false, 3, 1},
+        {"load another", [&](auto& l) { return l.Load(0); }, true, 3, 0},
+        {"load -1", [&](auto& l) { return l.Load(-1); }, true, 3, -1},
+        {"load the count", [&](auto& l) { return l.Load(3); }, false, 3, 1},
+        {"load -2", [&](auto& l) { return l.Load(-2); }, false, 3, 1},
+    };
+    for (const auto& row : rows) {
+        ShortcutList list;
+        for (const auto* scheme : {&empty, &filled, &empty})
+            list.InsertScheme(list.GetSchemeCount(), scheme);
+        EXPECT_EQ(list.GetActiveScheme(), -1);
+        list.Load(1);
+        list.Filter(_T("F5"));
+        EXPECT_EQ(row.change(list), row.result) << row.label;
+        EXPECT_EQ(list.GetSchemeCount(), row.count) << row.label;
+        EXPECT_EQ(list.GetActiveScheme(), row.active) << row.label;
+        const bool isShown = row.active >= 0 && list.GetScheme(row.active).scheme == &filled;
+        EXPECT_EQ(RowsOf(list), isShown ? "3:116" : "") << row.label;
+    }
+}

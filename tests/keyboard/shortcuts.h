@@ -1,0 +1,46 @@
+// Shortcuts and schemes as texts, for tables of cases. A key is its modifiers and its code:
+// "CSAx" are Ctrl, Shift, Alt and the extended bit, and "-" is no key.
+#pragma once
+
+#include <quorvel/keyboard/keyboard_mapping_scheme.h>
+
+#include "support/test.h"
+
+#include <string>
+#include <vector>
+
+inline constexpr unsigned char kShift = CShortcutKey::MODIFIER_SHIFT;
+inline constexpr unsigned char kCtrl = CShortcutKey::MODIFIER_CONTROL;
+inline constexpr unsigned char kAlt = CShortcutKey::MODIFIER_ALT;
+inline constexpr unsigned char kExtended = CShortcutKey::MODIFIER_EXTENDED;
+
+inline CShortcutKey Key(int code, int modifiers = 0) {
+    return CShortcutKey(static_cast<unsigned short>(code), static_cast<unsigned char>(modifiers));
+}
+
+inline std::string TextOf(const CShortcutKey& key) {
+    if (!key.IsKeySet())
+        return "-";
+    std::string text;
+    text += key.UsesControlKeyModifier() ? "C" : "";
+    text += key.UsesShiftKeyModifier() ? "S" : "";
+    text += key.UsesAltKeyModifier() ? "A" : "";
+    text += key.IsExtendedKey() ? "x" : "";
+    text += std::to_string(key.GetVirtualKeyCode());
+    return text;
+}
+
+// "100 Open C79; 200 Save C83".
+inline std::string TextOf(const CKeyboardMappingScheme& scheme) {
+    std::vector<CKeyboardShortcut> shortcuts;
+    scheme.GetKeyboardShortcuts(shortcuts);
+    std::string text;
+    for (const CKeyboardShortcut& shortcut : shortcuts) {
+        text += text.empty() ? "" : "; ";
+        text += std::to_string(shortcut.GetCommandID()) + " ";
+        if (shortcut.HasCommandText())
+            text += shortcut.GetCommandText().ToUTF8() + " ";
+        text += TextOf(shortcut.GetShortcutKey());
+    }
+    return text;
+}

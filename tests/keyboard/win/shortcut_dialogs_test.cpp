@@ -1,0 +1,350 @@
+// The list of shortcuts and its dialogs, by real keys, and menus that show keys.
+#include <quorvel/keyboard/win/assign_shortcut_dlg.h>
+#include <quorvel/keyboard/win/capture_shortcut_key_dlg.h>
+#include <quorvel/keyboard/win/keyboard_shortcut_list_ctrl.h>
+#include <quorvel/keyboard/win/menu_shortcuts.h>
+#include <quorvel/res/resource_ids.h>
+
+#include "controls/win/list_window.h"
+#include "keyboard/shortcuts.h"
+#include "support/german_texts.h"
+#include "support/win/dialog_driver.h"
+
+#include <boost/shared_ptr.hpp>
+#include <optional>
+
+namespace {
+
+typedef DialogDriver::Step Step;
+typedef CKeyboardShortcutListCtrl List;
+
+void LoadDefaults(CKeyboardMappingScheme& scheme) {
+    scheme.AddKeyboardShortcut({1, _T("Open"), Key('O', kCtrl)});
+    scheme.AddKeyboardShortcut({2, _T("Save"), Key('S', kCtrl)});
+    scheme.AddKeyboardShortcut({3, _T("Refresh"), Key(VK_F5)});
+    scheme.AddKeyboardShortcut({4, _T("Close"), CShortcutKey()});
+}
+
+CKeyboardMappingScheme Defaults() {
+    CKeyboardMappingScheme scheme(_T("Default"), LoadDefaults);
+    scheme.LoadDefaultMappingScheme();
+    return scheme;
+}
+
+// Presses a key while the modifiers count as held. The message comes from the queue.
+Step PressKey(UINT code, int modifiers = 0, bool isExtended = false) {
+    return [=](HWND box) {
+        BYTE state[256] = {};
+        state[VK_CONTROL] = (modifiers & kCtrl) != 0 ? 0x80 : 0;
+        state[VK_SHIFT] = (modifiers & kShift) != 0 ? 0x80 : 0;
+        state[VK_MENU] = (modifiers & kAlt) != 0 ? 0x80 : 0;
+        ::SetKeyboardState(state);
+        const bool isSystemKey = (modifiers & kAlt) != 0 || code == VK_F10;
+        ::PostMessageW(KeyboardOf(box), isSystemKey ? WM_SYSKEYDOWN : WM_KEYDOWN, code,
+                       1 | (isExtended ? 1 << 24 : 0) | ((modifiers & kAlt) != 0 ? 1 << 29 : 0));
+    };
+}
+Step ReleaseKeys() {
+    return [](HWND) {
+        BYTE state[256] = {};
+        ::SetKeyboardState(state);
+    };
+}
+
+// Rows as the list-view has them: "Open=Ctrl+O *Save=Ctrl+S".
+std::string TextsOf(const List& list) {
+    std::string text;
+    const int count = static_cast<int>(list.SendMessage(LVM_GETITEMCOUNT));
+    for (int row = 0; row < count; ++row) {
+        text += row > 0 ? " " : "";
+        text += list.GetItemState(row, LVIS_SELECTED) != 0 ? "*" : "";
+        text += (list.GetItemText(row, 0) + _T("=") + list.GetItemText(row, 1)).ToUTF8();
+    }
+    return text;
+}
+
+} // namespace
+
+TEST(CaptureShortcutKeyDlg, TakesTheNextKey) {
+    const struct {
+        const char* label;
+        std::vector<Step> steps;
+        INT_PTR result;
+        const char* key;
+    } rows[] = {
+        {"Enter", {PressKey(VK_RETURN)}, IDOK, "13"},
+        {"Escape", {PressKey(VK_ESCAPE)}, IDOK, "27"},
+        {"Tab", {PressKey(VK_TAB)}, IDOK, "9"},
+        {"Space", {PressKey(VK_SPACE)}, IDOK, "32"},
+        {"F10", {PressKey(VK_F10)}, IDOK, "121"},
+        {"Alt+F4", {PressKey(VK_F4, kAlt)}, IDOK, "A115"},
+        {"Ctrl+Shift+A", {PressKey('A', kCtrl | kShift)}, IDOK, "CS65"},
+        {"an extended key", {PressKey(VK_DELETE, 0, true)}, IDOK, "x46"},
+        {"Shift alone, then Shift+A",
+         {PressKey(VK_SHIFT, kShift), PressKey('A', kShift)},
+         IDOK,
+         "S65"},
+        {"Ctrl and Alt alone, then Cancel",
+         {PressKey(VK_CONTROL, kCtrl), PressKey(VK_MENU, kAlt), ReleaseKeys(), ClickOn(IDCANCEL)},
+         IDCANCEL,
+         "-"},
+    };
+    for (const auto& row : rows) {
+        CCaptureShortcutKeyDlg dialog;
+        DialogDriver driver(row.steps);
+        EXPECT_EQ(dialog.DoModal(), row.result) << row.label;
+        EXPECT_TRUE(driver.HasRun()) << row.label;
+        EXPECT_EQ(TextOf(dialog.GetShortcutKey()), row.key) << row.label;
+        ReleaseKeys()(nullptr);
+    }
+}
+
+TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
+    const CKeyboardMappingScheme scheme = Defaults();
+    std::string seen;
+    const Step look = [&seen](HWND box) {
+        seen += TextOf(::GetDlgItem(box, QUORVEL_ASSIGN_KEY)).ToUTF8() + "|" +
+                TextOf(::GetDlgItem(box, QUORVEL_ASSIGN_REPORT)).ToUTF8() + "|" +
+                (::IsWindowEnabled(::GetDlgItem(box, IDOK)) ? "ok;" : "no;");
+    };
+    const struct {
+        const char* label;
+        unsigned int command;
+        bool isGerman;
+        std::vector<Step> steps;
+        INT_PTR result;
+        const char* key;
+        const char* seen;
+    } rows[] = {
+        {"a free key",
+         4,
+         false,
+         {look, PressKey('N', kCtrl), ReleaseKeys(), look, PressKey(VK_RETURN)},
+         IDOK,
+         "C78",
+         "||no;Ctrl+N|Ctrl+N is free.|ok;"},
+        {"a held key",
+         4,
+         false,
+         {PressKey('S', kCtrl), ReleaseKeys(), look, PressKey(VK_RETURN)},
+         IDOK,
+         "C83",
+         "Ctrl+S|Ctrl+S belongs to the command Save now, which will lose it.|ok;"},
+        {"in German",
+         4,
+         true,
+         {PressKey('S', kCtrl), ReleaseKeys(), look, PressKey(VK_RETURN)},
+         IDOK,
+         "C83",
+         "Ctrl+S|Ctrl+S geh\xc3\xb6rt derzeit zum Befehl Save, der die Taste dann verliert.|ok;"},
+        {"the last key counts",
+         4,
+         false,
+         {PressKey('Q', kCtrl), PressKey(VK_F6, kShift), ReleaseKeys(), PressKey(VK_RETURN)},
+         IDOK,
+         "S117",
+         ""},
+        {"Escape cancels",
+         4,
+         false,
+         {PressKey('Q', kCtrl), ReleaseKeys(), PressKey(VK_ESCAPE)},
+         IDCANCEL,
+         "C81",
+         ""},
+        {"Tab reaches Clear",
+         2,
+         false,
+         {look, PressKey(VK_TAB), PressKey(VK_TAB), PressKey(VK_TAB), PressKey(VK_SPACE),
+          [](HWND box) { ::PostMessageW(KeyboardOf(box), WM_KEYUP, VK_SPACE, 0xc0000001); }},
+         IDOK,
+         "-",
+         "Ctrl+S|Ctrl+S is free.|ok;"},
+    };
+    for (const auto& row : rows) {
+        std::optional<GermanTexts> german;
+        if (row.isGerman)
+            german.emplace();
+        seen.clear();
+        CAssignShortcutDlg dialog(scheme, row.command);
+        DialogDriver driver(row.steps);
+        EXPECT_EQ(dialog.DoModal(), row.result) << row.label;
+        EXPECT_TRUE(driver.HasRun()) << row.label;
+        EXPECT_EQ(TextOf(dialog.GetShortcutKey()), row.key) << row.label;
+        EXPECT_EQ(seen, row.seen) << row.label;
+        ReleaseKeys()(nullptr);
+    }
+    EXPECT_EQ(scheme, Defaults());
+}
+
+TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
+    const CKeyboardMappingScheme scheme = Defaults();
+    const struct {
+        const char* label;
+        std::function<int(List&)> edit;
+        int result;
+        const char* rows;
+    } rows[] = {
+        {"as loaded", [](List&) { return 0; }, 0, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
+        {"a key moves", [](List& l) { return l.SetShortcutKey(3, Key('S', kCtrl)); }, TRUE,
+         "Open=Ctrl+O Save= Refresh=F5 Close=Ctrl+S"},
+        {"a key moves in a sorted list, and the selection with its row",
+         [](List& l) {
+             l.SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
+             l.SelectItem(3);
+             return l.SetShortcutKey(3, Key('S', kCtrl));
+         },
+         TRUE, "Open=Ctrl+O *Close=Ctrl+S Refresh=F5 Save="},
+        {"descending",
+         [](List& l) {
+             l.SetSortColumn(List::COLUMN_SHORTCUT_KEY);
+             return l.SortItemsByDirection(FALSE);
+         },
+         TRUE, "Refresh=F5 Save=Ctrl+S Open=Ctrl+O Close="},
+        {"a click on a heading sorts",
+         [](List& l) {
+             NMHEADERW click = {};
+             click.hdr = {HeaderOf(l).m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
+             l.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+             return l.GetSortColumn();
+         },
+         0, "Close= Open=Ctrl+O Refresh=F5 Save=Ctrl+S"},
+        {"filtered by a key's name", [](List& l) { return l.Filter(_T("f5")); }, TRUE,
+         "Refresh=F5"},
+        {"filtered twice with another case",
+         [](List& l) {
+             l.Filter(_T("CTRL"));
+             return l.Filter(_T("ctrl")) && l.IsFiltered() ? l.GetFilteredItemCount() : -1;
+         },
+         2, "Open=Ctrl+O Save=Ctrl+S"},
+        {"filtered and cleared, the sort is restored and the selection kept",
+         [](List& l) {
+             l.SortItemsByColumn(List::COLUMN_COMMAND);
+             l.SelectItem(3);
+             l.Filter(_T("s"));
+             l.SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
+             l.Filter(_T(""));
+             return l.GetSortColumn();
+         },
+         0, "Close= Open=Ctrl+O Refresh=F5 *Save=Ctrl+S"},
+        {"null is no filter", [](List& l) { return l.Filter(nullptr) || l.IsFiltered(); }, FALSE,
+         "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
+        {"the selected rows are cleared",
+         [](List& l) {
+             l.SelectItem(0);
+             l.SelectItem(2);
+             l.SelectItem(3);
+             const int count = l.GetSelectedItemsAssignedShortcutKeyCount();
+             l.ClearSelectedShortcutKeys();
+             return count;
+         },
+         2, "*Open= Save=Ctrl+S *Refresh= *Close="},
+        {"a row is cleared, sorted anew",
+         [](List& l) {
+             l.SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
+             return l.ClearShortcutKey(0, TRUE);
+         },
+         TRUE, "Save=Ctrl+S Refresh=F5 Open= Close="},
+        {"a row is cleared, not sorted",
+         [](List& l) {
+             l.SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
+             return l.ClearShortcutKey(0, FALSE) && !l.ClearShortcutKey(4, TRUE);
+         },
+         TRUE, "Open= Save=Ctrl+S Refresh=F5 Close="},
+        {"cleared by key", [](List& l) { return l.ClearShortcutKey(Key(VK_F5)); }, 2,
+         "Open=Ctrl+O Save=Ctrl+S Refresh= Close="},
+        {"one row reset",
+         [](List& l) {
+             l.SetShortcutKey(3, Key('S', kCtrl));
+             return l.ResetShortcutKey(1);
+         },
+         TRUE, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
+        {"all reset",
+         [](List& l) {
+             l.SetShortcutKey(3, Key('S', kCtrl));
+             l.ClearShortcutKey(0, TRUE);
+             l.ResetAllKeyboardShortcuts();
+             return 0;
+         },
+         0, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
+        {"found by pressing a key",
+         [](List& l) {
+             DialogDriver driver({PressKey(VK_F5)});
+             return l.FindByPressingKey();
+         },
+         2, "Open=Ctrl+O Save=Ctrl+S *Refresh=F5 Close="},
+        {"no scheme", [](List& l) { return l.LoadKeyboardMappingScheme(-1); }, TRUE, ""},
+        {"a scheme that is not there", [](List& l) { return l.LoadKeyboardMappingScheme(1); },
+         FALSE, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
+        {"the active scheme removed", [](List& l) { return l.RemoveKeyboardMappingScheme(0); },
+         TRUE, ""},
+    };
+    ListParent parent;
+    for (const auto& row : rows) {
+        List list;
+        ASSERT_TRUE(list.Create(WS_VISIBLE, kListPlace, &parent, 5));
+        EXPECT_EQ(list.AddKeyboardMappingScheme(&scheme), 0);
+        EXPECT_TRUE(list.LoadKeyboardMappingScheme(0));
+        EXPECT_EQ(row.edit(list), row.result) << row.label;
+        PumpMessages();
+        EXPECT_EQ(TextsOf(list), row.rows) << row.label;
+    }
+    EXPECT_EQ(scheme, Defaults()) << "the list edits rows of its own";
+}
+
+TEST(KeyboardShortcutListCtrl, GivesItsRowsBack) {
+    const CKeyboardMappingScheme scheme = Defaults();
+    ListParent parent;
+    List list;
+    ASSERT_TRUE(list.Create(WS_VISIBLE, kListPlace, &parent, 5));
+    list.AddKeyboardMappingScheme(&scheme);
+    list.LoadKeyboardMappingScheme(0);
+    EXPECT_EQ(ColumnsOf(list).substr(0, 2), "0:");
+    EXPECT_EQ(list.GetTrueColumnCount(), int{List::NUM_COLUMNS});
+    list.SetShortcutKey(3, Key('S', kCtrl));
+    List::SchemeRows rows;
+    EXPECT_FALSE(list.GetKeyboardMappingScheme(1, rows));
+    EXPECT_TRUE(list.GetKeyboardMappingScheme(0, rows));
+    EXPECT_EQ(rows.first, &scheme);
+    EXPECT_EQ(rows.second.size(), 4u);
+    EXPECT_EQ(rows.second[3].get(), list.GetKeyboardShortcutVirtualListCtrlItem(3));
+    CKeyboardMappingScheme edited;
+    EXPECT_TRUE(list.GetEditedKeyboardMappingScheme(0, edited));
+    EXPECT_EQ(TextOf(edited), "1 Open C79; 2 Save -; 3 Refresh 116; 4 Close C83");
+    EXPECT_EQ(edited.GetName(), _T("Default"));
+    EXPECT_EQ(list.GetSortingFunction(0, TRUE), List::swoCommandAscending);
+    EXPECT_EQ(list.GetSortingFunction(1, FALSE), List::swoShortcutKeyDescending);
+    EXPECT_EQ(list.GetSortingFunction(2, TRUE), nullptr);
+    EXPECT_EQ(list.GetFilteredItem(0), nullptr) << "not filtered";
+    list.Filter(_T("close"));
+    EXPECT_EQ(list.GetFilteredItem(0), rows.second[3].get());
+    EXPECT_FALSE(list.IsValidFilteredItemIndex(1));
+}
+
+TEST(MenuShortcuts, FollowTheScheme) {
+    CKeyboardMappingScheme scheme = Defaults();
+    CMenu menu;
+    CMenu below;
+    menu.CreateMenu();
+    below.CreatePopupMenu();
+    below.AppendMenu(MF_STRING, 1, _T("&Open...\tF12"));
+    below.AppendMenu(MF_SEPARATOR);
+    below.AppendMenu(MF_STRING | MF_GRAYED, 3, _T("Refresh"));
+    below.AppendMenu(MF_STRING, 99, _T("Other\tF9"));
+    menu.AppendMenu(MF_STRING, 4, _T("&Close\tF8"));
+    menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(below.Detach()), _T("&File"));
+    const auto text = [&menu](UINT id) {
+        CString item;
+        menu.GetMenuString(id, item, MF_BYCOMMAND);
+        return item;
+    };
+    EXPECT_EQ(AfxUpdateMenuShortcuts(menu, scheme), 3);
+    ExpectCases<CString>({CASE(text(1), _T("&Open...\tCtrl+O")), CASE(text(3), _T("Refresh\tF5")),
+                          CASE(text(99), _T("Other\tF9")), CASE(text(4), _T("&Close"))});
+    EXPECT_EQ(AfxUpdateMenuShortcuts(menu, scheme), 0);
+    scheme.SetShortcutKey(4, Key('O', kCtrl));
+    EXPECT_EQ(AfxUpdateMenuShortcuts(menu, scheme), 2);
+    ExpectCases<CString>({CASE(text(1), _T("&Open...")), CASE(text(4), _T("&Close\tCtrl+O"))});
+    EXPECT_NE(menu.GetMenuState(3, MF_BYCOMMAND) & MF_GRAYED, 0u);
+    CMenu none;
+    EXPECT_EQ(AfxUpdateMenuShortcuts(none, scheme), 0);
+}
