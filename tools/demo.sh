@@ -1,5 +1,5 @@
 #!/bin/sh
-# demo.sh: runs the tour, the XML tool, the packer, the settings tool and the updater as Linux and as Windows
+# demo.sh: runs the tour, the XML tool, the packer, the settings tool, the keys tool and the updater as Linux and as Windows
 # programs on the same files and compares what the two print. Fails where they differ.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -9,7 +9,7 @@ sh "$root/tools/setup.sh" core windows
 windows=$(windows_preset)
 demo=$root/build/demo
 mkdir -p "$root/build"
-programs='tour xmltool pack settings updater'
+programs='tour xmltool pack settings keys updater'
 for preset in linux-debug "$windows"; do
     say "demo: building $preset"
     # shellcheck disable=SC2086
@@ -36,11 +36,14 @@ done
 cp "$root/build/$windows/bin"/Quorvel_*.dll "$demo/languages"
 
 cp "$root/examples/data/updates.xml" "$demo"
+for name in notepad regedit winefile wordpad; do # programs with accelerator tables and menus
+    cp "$wine_dlls/$name.exe" "$demo"
+done
 
 # programs FOLDER SUFFIX [RUNNER]: runs them all; what they print are a few texts and a listing, which
 # is looked at, changed and taken through another encoding.
 programs() {
-    tour=$1/tour$2 xmltool=$1/xmltool$2 pack=$1/pack$2 settings=$1/settings$2
+    tour=$1/tour$2 xmltool=$1/xmltool$2 pack=$1/pack$2 settings=$1/settings$2 keys=$1/keys$2
     shift 2
     "$@" "$tour" --lang-dir languages ./*.dll || return
     printf '\n== An update listing\n'
@@ -67,7 +70,19 @@ programs() {
     "$@" "$settings" remove "$key" || return
     "$@" "$settings" import "$key" settings.reg || return
     "$@" "$settings" get "$key\Columns" Width || return
-    "$@" "$settings" remove "$key"
+    "$@" "$settings" remove "$key" || return
+    printf '\n== Keys\n'
+    "$@" "$keys" sheet notepad.exe || return
+    "$@" "$keys" sheet --format markdown regedit.exe || return
+    "$@" "$keys" sheet --format html wordpad.exe || return
+    for program in notepad regedit winefile wordpad; do
+        "$@" "$keys" conflicts $program.exe || return
+    done
+    "$@" "$keys" export notepad.exe notepad.xml || return
+    cksum <notepad.xml
+    sed 's/key="Ctrl+N" code="78"/key="Ctrl+M" code="77"/' notepad.xml >moved.xml
+    "$@" "$keys" import notepad.exe moved.xml || return
+    "$@" "$keys" compare notepad.xml moved.xml || [ $? = 1 ]
 }
 
 # The folder is the current one, and locale and time zone are fixed: the output has no reason to differ.
