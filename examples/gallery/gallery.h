@@ -13,3 +13,4 @@ struct Picture {
 
 extern const std::vector<Picture> kBoxPictures;
 extern const std::vector<Picture> kWindowPictures;
+extern const std::vector<Picture> kKeyPictures;

@@ -67,8 +67,9 @@ int main(int argc, char** argv) {
         colors.emplace(kHighContrast);
     }
     const std::string set = NameOfSet(isHighContrast);
-    const bool isDone =
-        TakeAll(kBoxPictures, argv[2], set) && TakeAll(kWindowPictures, argv[2], set);
+    const bool isDone = TakeAll(kBoxPictures, argv[2], set) &&
+                        TakeAll(kWindowPictures, argv[2], set) &&
+                        TakeAll(kKeyPictures, argv[2], set);
     ::CoUninitialize();
     return isDone ? 0 : 1;
 }
