@@ -4,23 +4,25 @@
 set(QUORVEL_TEST_LOCALE C.UTF-8)
 set(QUORVEL_TEST_TIME_ZONE Europe/Berlin)
 function(quorvel_fix_environment target locale time_zone)
+  # What follows are more variables, as NAME=value.
   if(WIN32)
-    set(launcher env WINERUN_LOCALE=${locale} WINERUN_TZ=${time_zone}
+    set(launcher env WINERUN_LOCALE=${locale} WINERUN_TZ=${time_zone} ${ARGN}
       ${CMAKE_CROSSCOMPILING_EMULATOR})
   else()
     set(launcher env LC_ALL=${locale} TZ=${time_zone}
-      QUORVEL_REGISTRY=${PROJECT_BINARY_DIR}/tests-registry.db)
+      QUORVEL_REGISTRY=${PROJECT_BINARY_DIR}/tests-registry.db ${ARGN})
   endif()
   set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${launcher}")
 endfunction()
 
-# quorvel_test(NAME SOURCES ... [INTERNAL] [SERIAL] [LOCALE name] [TIME_ZONE name] [LABEL name])
+# quorvel_test(NAME SOURCES ... [INTERNAL] [SERIAL] [LOCALE name] [TIME_ZONE name] [LABEL name]
+#              [ENVIRONMENT NAME=value])
 #
 # One test program. It links the shared library, as a host does, unless INTERNAL asks for the static
 # one to reach what is not exported. With SERIAL no other test runs at the same time: the programs of a
 # Wine prefix share the foreground window and the clipboard.
 function(quorvel_test name)
-  cmake_parse_arguments(arg "INTERNAL;SERIAL" "LOCALE;TIME_ZONE;LABEL" "SOURCES" ${ARGN})
+  cmake_parse_arguments(arg "INTERNAL;SERIAL" "LOCALE;TIME_ZONE;LABEL;ENVIRONMENT" "SOURCES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   if(arg_INTERNAL)
     target_link_libraries(${name} PRIVATE quorvel_static quorvel_system)
@@ -40,7 +42,7 @@ function(quorvel_test name)
   if(NOT arg_LABEL)
     set(arg_LABEL unit)
   endif()
-  quorvel_fix_environment(${name} ${arg_LOCALE} ${arg_TIME_ZONE})
+  quorvel_fix_environment(${name} ${arg_LOCALE} ${arg_TIME_ZONE} ${arg_ENVIRONMENT})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
     TEST_PREFIX "${name}." WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
     PROPERTIES TIMEOUT 120 LABELS ${arg_LABEL} RUN_SERIAL ${alone})

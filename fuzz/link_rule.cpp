@@ -1,0 +1,50 @@
+// Judges a link, and links near it that would start a program.
+#include "system/link_rule.h"
+
+#include <quorvel/util/text/validation.h>
+
+#include "fuzz_input.h"
+
+namespace {
+
+bool Opens(const WideText& link) {
+    return quorvel::IsHarmlessLink(link.c_str());
+}
+
+WideText Lower(WideText text) {
+    for (WCHAR& unit : text)
+        if (unit >= 'A' && unit <= 'Z')
+            unit = static_cast<WCHAR>(unit + ('a' - 'A'));
+    return text;
+}
+
+// What makes a program of a document's path, whichever part a reader of it takes.
+constexpr const WCHAR* kEndsOfPrograms[] = {
+    _T(".exe"), _T("%2eexe"), _T(".lnk"),    _T(":x.exe"),        _T("?.exe"),
+    _T("#.js"), _T("/.bat"),  _T("%00.txt"), _T("\\..\\cmd.exe"), _T(". ")};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size > 1 << 14)
+        return 0;
+    WideText link = Widened(std::string(data, data + size));
+    link.resize(std::min(link.size(), link.find(WCHAR{0})));
+    const WideText lower = Lower(link);
+    Require(Opens(link) == Opens(lower));
+    if (!Opens(link))
+        return 0;
+    Require(AfxIsValidURL(link.c_str()));
+    Require(lower.find(_T("script:")) != 0);
+    if (!lower.starts_with(_T("file:"))) {
+        Require(link.find('"') == link.npos && !Opens(link + _T("\"")));
+        return 0;
+    }
+    for (const WCHAR* end : kEndsOfPrograms)
+        Require(!Opens(link + end));
+    const WideText path = link.substr(7);
+    for (const WCHAR* begin :
+         {_T("file://server"), _T("file:////server/"), _T("file://\\\\server\\"), _T("")})
+        Require(!Opens(begin + path));
+    return 0;
+}

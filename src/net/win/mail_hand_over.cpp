@@ -1,0 +1,108 @@
+// Simple MAPI, loaded for one message at a time.
+#include "net/mail_hand_over.h"
+
+#include <quorvel/frame/module.h>
+#include <quorvel/framework/win/wait_cursor.h>
+
+#include "net/mail_message.h"
+#include "net/win/mail_modal_state.h"
+#include "platform/win/guarded_call.h"
+
+#include <memory>
+#include <type_traits>
+
+namespace quorvel {
+
+const bool kHasFrameworkMailMessages = true;
+
+namespace {
+
+struct FreeModule {
+    void operator()(HMODULE module) const { ::FreeLibrary(module); }
+};
+typedef std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeModule> Module;
+
+constexpr const WCHAR* kMailLibrary = _T("MAPI32.DLL");
+
+bool IsMailConfigured() {
+    return ::GetProfileIntW(_T("Mail"), _T("MAPI"), 0) == 1;
+}
+
+// The assemblies that the library's manifest names, for what is loaded meanwhile. Without a
+// manifest those of the program stay in force.
+class ActivationContext {
+public:
+    ActivationContext() {
+        ACTCTXW description = {};
+        description.cbSize = sizeof description;
+        description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+        description.hModule = QuorvelGetInstanceHandle();
+        description.lpResourceName = MAKEINTRESOURCEW(2); // ISOLATIONAWARE_MANIFEST_RESOURCE_ID
+        m_context = ::CreateActCtxW(&description);
+        m_isActive = m_context != INVALID_HANDLE_VALUE && ::ActivateActCtx(m_context, &m_cookie);
+    }
+    ActivationContext(const ActivationContext&) = delete;
+    ~ActivationContext() {
+        if (m_isActive)
+            ::DeactivateActCtx(0, m_cookie);
+        if (m_context != INVALID_HANDLE_VALUE)
+            ::ReleaseActCtx(m_context);
+    }
+
+private:
+    HANDLE m_context;
+    ULONG_PTR m_cookie = 0;
+    bool m_isActive;
+};
+
+template <class Function>
+Function Find(HMODULE module, const char* name) {
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(module, name)));
+}
+
+MailResult SendWith(LPMAPISENDMAIL sendMail, LHANDLE session, MapiMessage& message) {
+    ULONG result = MAPI_E_FAILURE;
+    const MailModalState modalState;
+    const bool hasReturned =
+        CallGuarded([&] { result = sendMail(session, 0, &message, MAPI_DIALOG, 0); });
+    return hasReturned && IsMailSent(result) ? MailResult::Sent : MailResult::NotSent;
+}
+
+MailResult HandOverWithSession(MapiMessage& message) {
+    const Module library(IsMailConfigured() ? ::LoadLibraryW(kMailLibrary) : nullptr);
+    if (library == nullptr)
+        return MailResult::NotLoaded;
+    const auto logon = Find<LPMAPILOGON>(library.get(), "MAPILogon");
+    const auto sendMail = Find<LPMAPISENDMAIL>(library.get(), "MAPISendMail");
+    const auto logoff = Find<LPMAPILOGOFF>(library.get(), "MAPILogoff");
+    if (logon == nullptr || sendMail == nullptr || logoff == nullptr)
+        return MailResult::InvalidLibrary;
+
+    LHANDLE session = 0;
+    ULONG result = MAPI_E_FAILURE;
+    const bool hasReturned =
+        CallGuarded([&] { result = logon(0, nullptr, nullptr, MAPI_LOGON_UI, 0, &session); });
+    if (!hasReturned || result != SUCCESS_SUCCESS)
+        return MailResult::InvalidLibrary;
+    const MailResult sent = SendWith(sendMail, session, message);
+    CallGuarded([&] { logoff(session, 0, 0, 0); });
+    return sent;
+}
+
+MailResult HandOverPlainly(MapiMessage& message) {
+    const ActivationContext context;
+    const Module library(::LoadLibraryW(kMailLibrary));
+    if (library == nullptr)
+        return MailResult::NotLoaded;
+    const auto sendMail = Find<LPMAPISENDMAIL>(library.get(), "MAPISendMail");
+    return sendMail != nullptr ? SendWith(sendMail, 0, message) : MailResult::InvalidLibrary;
+}
+
+} // namespace
+
+MailResult HandOverMail(MapiMessage& message, bool logsOn) {
+    const CWaitCursor cursor;
+    return logsOn ? HandOverWithSession(message) : HandOverPlainly(message);
+}
+
+} // namespace quorvel
