@@ -26,3 +26,11 @@
 #define DIALOG_TEXT_ASSIGN_REPORT "&Notes:"
 #define DIALOG_TEXT_ASSIGN_ASSIGN "&Assign"
 #define DIALOG_TEXT_ASSIGN_CLEAR "&Clear"
+
+// A hyperlink.
+#define DIALOG_TEXT_HYPERLINK_TITLE "Edit Hyperlink"
+#define DIALOG_TEXT_HYPERLINK_DISPLAY_TEXT "&Display text:"
+#define DIALOG_TEXT_HYPERLINK_ADDRESS "&Address:"
+#define DIALOG_TEXT_HYPERLINK_OPEN "&Open"
+#define DIALOG_TEXT_HYPERLINK_EDIT "&Edit..."
+#define DIALOG_TEXT_HYPERLINK_COPY "Copy Shor&tcut"

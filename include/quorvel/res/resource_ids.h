@@ -34,6 +34,16 @@
 #define QUORVEL_ASSIGN_REPORT 24103
 #define QUORVEL_ASSIGN_CLEAR 24104
 
+// A hyperlink: its hand cursor, its menu, and the dialog that edits it.
+#define QUORVEL_CURSOR_HAND 23121
+#define QUORVEL_MENU_HYPERLINK 24021
+#define QUORVEL_COMMAND_LINK_OPEN 50000
+#define QUORVEL_COMMAND_LINK_EDIT 50001
+#define QUORVEL_COMMAND_LINK_COPY 50003
+#define QUORVEL_DIALOG_EDIT_HYPERLINK 24007
+#define QUORVEL_LINK_DISPLAY_TEXT 23122
+#define QUORVEL_LINK_ADDRESS 23123
+
 // Two buttons that each dialog may have; the dialog bases subclass them where they are present.
 #define QUORVEL_DIALOG_BUTTON_1 23010
 #define QUORVEL_DIALOG_BUTTON_2 23011

@@ -23,3 +23,11 @@
 #define DIALOG_TEXT_ASSIGN_REPORT "&Hinweise:"
 #define DIALOG_TEXT_ASSIGN_ASSIGN "Zu&weisen"
 #define DIALOG_TEXT_ASSIGN_CLEAR "&Entfernen"
+
+// A hyperlink.
+#define DIALOG_TEXT_HYPERLINK_TITLE "Hyperlink bearbeiten"
+#define DIALOG_TEXT_HYPERLINK_DISPLAY_TEXT "An&zeigetext:"
+#define DIALOG_TEXT_HYPERLINK_ADDRESS "&Adresse:"
+#define DIALOG_TEXT_HYPERLINK_OPEN "Ö&ffnen"
+#define DIALOG_TEXT_HYPERLINK_EDIT "&Bearbeiten..."
+#define DIALOG_TEXT_HYPERLINK_COPY "&Verknüpfung kopieren"

@@ -1,0 +1,42 @@
+// CEditHyperlinkDlg: the dialog in which users edit the text and the address of a link. Windows
+// only, user-interface thread.
+//
+// OK refuses, with a balloon, an empty text and an address that is not valid. When the text is
+// read-only it is not checked, and an address that is chosen in the list or by picking a file
+// becomes the text too.
+#pragma once
+
+#include <quorvel/controls/win/link_combo_box.h>
+#include <quorvel/controls/win/vask_dialog.h>
+
+class QUORVEL_API CEditHyperlinkDlg : public CVaskDialog {
+    DECLARE_DYNAMIC(CEditHyperlinkDlg)
+public:
+    explicit CEditHyperlinkDlg(int displayTextReadOnly, CWnd* parent = nullptr);
+    ~CEditHyperlinkDlg() override;
+
+    // What the dialog opens with, and after OK what the user has made of it.
+    void SetDisplayText(const CString& text) { m_displayText = text; }
+    const CString& GetDisplayText() const { return m_displayText; }
+    void SetURI(const CString& uri) { m_uri = uri; }
+    const CString& GetURI() const { return m_uri; }
+
+protected:
+    UINT GetTemplateID() override;
+    void DoDataExchange(CDataExchange* exchange) override;
+    BOOL LoadData() override;
+    BOOL ValidateData(UINT& icon, CString& title, CString& text, CRect& rect) override;
+    BOOL SaveData() override;
+
+    void OnAddressSelected();
+    void OnFileChosen();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void ShowAddressAsText(const CString& address);
+
+    const bool m_isTextReadOnly;
+    CString m_displayText;
+    CString m_uri;
+    CLinkComboBox m_address;
+};

@@ -1,0 +1,165 @@
+// CHyperlinkCtrl: a text that is a link. Windows only, user-interface thread.
+//
+// Make one by subclassing a static text of a dialog (DDX_Control), or by Create with the class
+// "Static"; with WS_TABSTOP the keyboard reaches it. The text is drawn as the window's static-text
+// style says, underlined and in the colour of its state. A link either carries an address (URI),
+// which it opens itself, or only notifies its parent (the flag HAS_URI).
+//
+// A click, or Enter, activates the link when the button or the key comes up, the button over the
+// text:
+// - without HAS_URI the parent gets WM_COMMAND with the code LINK_ACTIVATED;
+// - with Ctrl held, with an empty display text, and when the link must not be opened, the user
+//   edits it, if that is allowed (CanEditURI);
+// - otherwise the address is opened (Open).
+// The menu key, Shift+F10 and the right button over the text show a menu of the same commands.
+//
+// What is opened: the host's hook decides (QuorvelSetOpenExternalLinkCallback). Without a hook,
+// these are opened and everything else is refused with a box:
+// - http, https, ftp, gopher and news addresses without characters that an address has to escape;
+// - such mailto addresses that name no attachment and have line breaks in the body only;
+// - file:// with the path of a document on this computer: bmp, csv, doc, docx, gif, htm, html,
+//   jpeg, jpg, log, md, odp, ods, odt, pdf, png, ppt, pptx, rtf, tif, tiff, txt, xls, xlsx.
+// So a link whose address comes from elsewhere starts no program, unless the host's hook lets it: a
+// file:// address of a program or on another computer is opened when the hook says so.
+//
+// Under a high-contrast scheme the system's colours replace the link's own. To a screen reader the
+// link has its display text as its name, and the role of a link when the component model is
+// initialised on the thread (CoInitialize).
+//
+// The hook and the parent may change and destroy the control while they are called.
+#pragma once
+
+#include <quorvel/framework/win/dc.h>
+#include <quorvel/framework/win/message_map.h>
+#include <quorvel/framework/win/tool_tip_ctrl.h>
+
+#include <memory>
+
+namespace quorvel {
+class LinkModel;
+} // namespace quorvel
+
+class QUORVEL_API CHyperlinkCtrl : public CWnd {
+    DECLARE_DYNAMIC(CHyperlinkCtrl)
+public:
+    enum Flags : DWORD {
+        CAN_EDIT_DISPLAY_TEXT = 0x01,
+        HAS_URI = 0x02,
+        CAN_OPEN_URI = 0x04,
+        CAN_EDIT_URI = 0x08,
+        CAN_COPY_URI = 0x10, // all five at first
+    };
+    static constexpr UINT LINK_ACTIVATED = 0x83F4; // the notification code
+
+    CHyperlinkCtrl();
+    ~CHyperlinkCtrl() override;
+
+    // The window's text becomes the text, or "<empty>" in its place. FALSE for null and without a
+    // window. The text of a template is not the display text: set it.
+    BOOL SetDisplayText(const WCHAR* text);
+    CString GetDisplayText() const;
+    BOOL IsDisplayTextEmpty() const;
+    void SetWindowText(const WCHAR* text); // what is drawn; the display text stays
+
+    // FALSE, and the former one stays, for null and for what is no valid address (AfxIsValidURL).
+    BOOL SetURI(const WCHAR* uri);
+    CString GetURI() const;
+    BOOL IsURIEmpty() const;
+    void ClearURI();
+
+    void SetFlags(DWORD flags);
+    DWORD GetFlags() const;
+    void SetFlag(DWORD flag);
+    void ClearFlag(DWORD flag);
+    BOOL IsFlagSet(DWORD flags) const; // all of them
+    void SetCanEditDisplayText(BOOL can);
+    BOOL CanEditDisplayText() const;
+    void SetHasURI(BOOL has);
+    BOOL HasURI() const;
+    // These set their flag. What they ask is whether the link can, which needs HAS_URI too.
+    void SetCanOpenURI(BOOL can);
+    BOOL CanOpenURI() const;
+    void SetCanEditURI(BOOL can);
+    BOOL CanEditURI() const;
+    void SetCanCopyURI(BOOL can);
+    BOOL CanCopyURI() const;
+
+    // FALSE when the link cannot be opened (CanOpenURI), when it is refused, and while it is being
+    // opened or edited already. TRUE when it was handed to the system; a box reports a failure.
+    BOOL Open();
+    // Shows the dialog and takes its texts over. FALSE when the user cancelled, while the link is
+    // being opened or edited already, and without a window.
+    BOOL Edit();
+    BOOL CopyShortcut(); // the address to the clipboard; FALSE for an empty one
+
+    // Whether the user has edited the link.
+    BOOL GetModify() const;
+    void SetModify(BOOL modified = TRUE);
+
+    // The colours: blue, red while pressed, purple (for those who draw visited links), and the
+    // system's COLOR_BTNSHADOW, as it is at the time, until one is set.
+    void SetLinkColor(COLORREF color);
+    COLORREF GetLinkColor() const;
+    void SetActiveLinkColor(COLORREF color);
+    COLORREF GetActiveLinkColor() const;
+    void SetVisitedLinkColor(COLORREF color);
+    COLORREF GetVisitedLinkColor() const;
+    void SetDisabledLinkColor(COLORREF color);
+    COLORREF GetDisabledLinkColor() const;
+
+    // Client coordinates; empty without a text. The focus rectangle surrounds the text.
+    CRect GetDisplayTextRect() const;
+    BOOL HitTestText(CPoint point) const;
+    CRect GetFocusRect() const;
+    void InvalidateFocusRect();
+    void InvalidateCtrl();
+    BOOL HasTabStop() const;
+    // Makes the underlined font from the window's. Also called when the window's font or the
+    // system's settings change.
+    void UpdateFonts();
+
+    BOOL PreTranslateMessage(MSG* message) override;
+
+protected:
+    void SendLinkActivatedMessageToParent();
+
+    HBRUSH CtlColor(CDC* dc, UINT control);
+    void OnPaint();
+    BOOL OnEraseBkgnd(CDC* dc);
+    BOOL OnSetCursor(CWnd* wnd, UINT hitTest, UINT message);
+    void OnMouseLeave();
+    void OnLButtonDown(UINT flags, CPoint point);
+    void OnLButtonUp(UINT flags, CPoint point);
+    void OnCaptureChanged(CWnd* wnd);
+    void OnKeyDown(UINT key, UINT repeats, UINT flags);
+    void OnKeyUp(UINT key, UINT repeats, UINT flags);
+    void OnSetFocus(CWnd* former);
+    void OnKillFocus(CWnd* next);
+    void OnEnable(BOOL enable);
+    void OnSize(UINT kind, int width, int height);
+    void OnContextMenu(CWnd* wnd, CPoint point);
+    void OnSettingChange(UINT flags, const WCHAR* section);
+    void OnSysColorChange();
+    void OnDestroy();
+    LRESULT OnGetDlgCode(WPARAM wParam, LPARAM lParam);
+    LRESULT OnHitTest(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSetFont(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSetText(WPARAM wParam, LPARAM lParam);
+    void OnUpdatePopuphyperlinkOpen(CCmdUI* ui);
+    void OnUpdatePopuphyperlinkEdit(CCmdUI* ui);
+    void OnUpdatePopuphyperlinkCopyshortcut(CCmdUI* ui);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    CFont& DisplayFont() const;
+    void DrawParent(CDC& dc);
+    void UpdateToolTip();
+    void ShowMenu(CPoint place);
+    void Perform(int action); // of quorvel::LinkModel
+
+    const std::shared_ptr<quorvel::LinkModel> m_link; // outlives the control in its own calls
+    BOOL m_isTrackingMouse = FALSE;
+    bool m_hasRole = false; // of a link, for screen readers
+    mutable CFont m_font;
+    CToolTipCtrl m_toolTip;
+};

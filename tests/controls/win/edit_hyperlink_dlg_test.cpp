@@ -1,0 +1,152 @@
+// The dialog that edits a link, and its field for addresses.
+#include <quorvel/controls/win/edit_hyperlink_dlg.h>
+#include <quorvel/res/message_ids.h>
+#include <quorvel/res/resource_ids.h>
+
+#include "controls/win/balloon_probe.h"
+#include "support/test.h"
+#include "support/win/dialog_driver.h"
+
+namespace {
+
+constexpr int kText = QUORVEL_LINK_DISPLAY_TEXT;
+constexpr int kAddress = QUORVEL_LINK_ADDRESS;
+
+TEST(EditHyperlinkDlg, AcceptsATextAndAnAddressOnly) {
+    using quorvel::kTextFieldEmpty, quorvel::kTextFieldInvalidUrl;
+    const struct {
+        int isReadOnly;
+        const WCHAR* text;
+        CString address;
+        UINT balloon; // 0: accepted
+        int field;
+    } rows[] = {
+        {0, _T("a"), _T("http://example.com/"), 0, 0},
+        {0, _T("a"), _T("http://") + CString(_T('a'), 10000), 0, 0},
+        {0, _T(""), _T("http://example.com/"), kTextFieldEmpty, kText},
+        {0, _T(" \t"), _T("http://example.com/"), kTextFieldEmpty, kText},
+        {1, _T(""), _T("http://example.com/"), 0, 0},
+        {0, _T("a"), _T(""), kTextFieldInvalidUrl, kAddress},
+        {1, _T("a"), _T("http://"), kTextFieldInvalidUrl, kAddress},
+        {0, _T("a"), _T("javascript:alert(1)"), kTextFieldInvalidUrl, kAddress},
+        {0, _T("a"), _T("C:\\a.exe"), kTextFieldInvalidUrl, kAddress},
+        {0, _T("a"), _T("http://a b"), kTextFieldInvalidUrl, kAddress},
+        {0, _T(""), _T(""), kTextFieldEmpty, kText},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row.address.Left(50)));
+        CEditHyperlinkDlg dialog(row.isReadOnly);
+        dialog.SetDisplayText(row.text);
+        dialog.SetURI(row.address);
+        std::unique_ptr<BalloonProbe> probe;
+        const DialogDriver driver({[&](HWND box) {
+                                       EXPECT_EQ(TextOf(box), _T("Edit Hyperlink"));
+                                       EXPECT_EQ(::IsWindowEnabled(::GetDlgItem(box, kText)),
+                                                 row.isReadOnly == 0);
+                                       probe = std::make_unique<BalloonProbe>(box);
+                                   },
+                                   ClickOn(IDOK),
+                                   [&](HWND box) {
+                                       CString text;
+                                       text.LoadString(row.balloon);
+                                       RECT field;
+                                       ::GetWindowRect(::GetDlgItem(box, row.field), &field);
+                                       EXPECT_EQ(probe->Text().Left(70), text.Left(70));
+                                       ASSERT_EQ(probe->m_places.size(), 1u);
+                                       EXPECT_EQ(probe->m_places[0].y, field.bottom);
+                                       ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+                                   }});
+        EXPECT_EQ(dialog.DoModal(), row.balloon == 0 ? IDOK : IDCANCEL);
+        EXPECT_EQ(dialog.GetURI(), row.address);
+        EXPECT_EQ(dialog.GetDisplayText(), row.text);
+    }
+}
+
+TEST(EditHyperlinkDlg, AChosenAddressBecomesAReadOnlyText) {
+    for (const int isReadOnly : {1, 0}) {
+        CEditHyperlinkDlg dialog(isReadOnly);
+        dialog.SetDisplayText(_T("text"));
+        const auto send = [](HWND box, UINT code) {
+            ::SendMessageW(box, WM_COMMAND, MAKEWPARAM(kAddress, code),
+                           reinterpret_cast<LPARAM>(::GetDlgItem(box, kAddress)));
+        };
+        const DialogDriver driver({[&](HWND box) {
+            ::SendDlgItemMessageW(box, kAddress, CB_SETCURSEL, 3, 0);
+            send(box, CBN_SELCHANGE);
+            EXPECT_EQ(TextOf(::GetDlgItem(box, kText)), isReadOnly ? _T("https://") : _T("text"));
+            ::SetDlgItemTextW(box, kAddress, _T("file://C:\\a.txt"));
+            send(box, 0x83F8);
+            ::PostMessageW(box, WM_COMMAND, IDOK, 0);
+        }});
+        EXPECT_EQ(dialog.DoModal(), IDOK);
+        EXPECT_EQ(dialog.GetURI(), _T("file://C:\\a.txt"));
+        EXPECT_EQ(dialog.GetDisplayText(), isReadOnly ? _T("file://C:\\a.txt") : _T("text"));
+    }
+}
+
+class PickingComboBox : public CLinkComboBox {
+public:
+    int m_asked = 0;
+    CString m_answer; // empty: cancelled
+
+protected:
+    BOOL PickFile(CString& path) override {
+        ++m_asked;
+        path = m_answer;
+        return !m_answer.IsEmpty();
+    }
+};
+
+class ComboHost : public CWnd {
+public:
+    ComboHost() {
+        CreateEx(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 300, 100, nullptr, nullptr);
+    }
+    int m_chosen = 0;
+
+protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override {
+        m_chosen += wParam == MAKEWPARAM(9, 0x83F8);
+        return CWnd::OnCommand(wParam, lParam);
+    }
+};
+
+TEST(LinkComboBox, PicksAFileWhenItIsChosenInTheOpenList) {
+    ComboHost host;
+    PickingComboBox combo;
+    ASSERT_TRUE(combo.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, CRect(0, 0, 200, 20), &host, 9));
+    combo.LoadURLSchemes();
+    ASSERT_EQ(combo.GetCount(), 7);
+    const struct {
+        bool isOpen;
+        int downs;
+        const WCHAR* answer;
+        int asked, chosen;
+        const WCHAR* text;
+    } rows[] = {{true, 2, _T("C:\\a b.txt"), 1, 1, _T("file://C:\\a b.txt")},
+                {true, 2, _T(""), 1, 0, _T("file://")},
+                {false, 2, _T("C:\\a b.txt"), 0, 0, _T("file://")},
+                {true, 3, _T("C:\\a b.txt"), 0, 0, _T("https://")}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.isOpen << row.downs);
+        combo.m_asked = host.m_chosen = 0;
+        combo.m_answer = row.answer;
+        combo.SetCurSel(0);
+        combo.SetFocus();
+        combo.ShowDropDown(row.isOpen);
+        const auto press = [](UINT key) { ::SendMessageW(::GetFocus(), WM_KEYDOWN, key, 1); };
+        for (int i = 0; i < row.downs; ++i)
+            press(VK_DOWN);
+        press(VK_RETURN);
+        ::SendMessageW(::GetFocus(), WM_CHAR, VK_RETURN, 1);
+        combo.ShowDropDown(FALSE);
+        MSG message;
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            ::DispatchMessageW(&message);
+        EXPECT_EQ(combo.m_asked, row.asked);
+        EXPECT_EQ(host.m_chosen, row.chosen);
+        EXPECT_EQ(TextOf(combo.m_hWnd), row.text);
+    }
+}
+
+} // namespace
