@@ -12,5 +12,6 @@ struct Picture {
 };
 
 extern const std::vector<Picture> kBoxPictures;
+extern const std::vector<Picture> kLinkPictures;
 extern const std::vector<Picture> kWindowPictures;
 extern const std::vector<Picture> kKeyPictures;
