@@ -96,7 +96,7 @@ bool TakeCapture(const char* path) {
 bool TakeAssign(const char* path) {
     const CKeyboardMappingScheme scheme = Scheme();
     CAssignShortcutDlg dialog(scheme, kNewWindow);
-    return TakeDialog(dialog, {PressWithCtrl('S')}, path);
+    return TakeDialog(dialog, {PressWith(VK_CONTROL, 'S')}, path);
 }
 
 template <bool (*take)(const char* path)>
