@@ -69,8 +69,7 @@ int main(int argc, char** argv) {
     const std::string set = NameOfSet(isHighContrast);
     const bool isDone = TakeAll(kBoxPictures, argv[2], set) &&
                         TakeAll(kWindowPictures, argv[2], set) &&
-                        TakeAll(kKeyPictures, argv[2], set) &&
-                        TakeAll(kLinkPictures, argv[2], set);
+                        TakeAll(kKeyPictures, argv[2], set) && TakeAll(kLinkPictures, argv[2], set);
     ::CoUninitialize();
     return isDone ? 0 : 1;
 }
