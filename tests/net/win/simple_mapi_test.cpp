@@ -144,9 +144,9 @@ TEST_F(SimpleMapi, EveryAnswerOfTheLibrary) {
         m_provider.m_logonResult = row.logonResult;
         m_provider.m_sendResult = row.sendResult;
         ExpectSend(true, row.boxOfSession, kStop, row.label);
-        EXPECT_EQ(std::exchange(m_provider.m_calls, ""),
-                  row.boxOfSession == kTextMailInvalidLibrary ? "logon "
-                                                              : "logon send in session logoff")
+        EXPECT_EQ(std::exchange(m_provider.m_calls, ""), row.boxOfSession == kTextMailInvalidLibrary
+                                                             ? "logon "
+                                                             : "logon send in session logoff")
             << row.label;
         ExpectSend(false, row.boxWithout, MB_OK, row.label);
         EXPECT_EQ(std::exchange(m_provider.m_calls, ""), "send ") << row.label;
