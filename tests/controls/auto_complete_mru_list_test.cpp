@@ -259,3 +259,28 @@ TEST(MRUList, TakesWhatOthersWrote) {
     EXPECT_EQ(TextsOf(list), _T("a|a|"));
     RegCloseKey(section);
 }
+
+TEST(MRUList, ClosesTheKeyWhenAskedTo) {
+    const TestKey test;
+    List list = ListOf({_T("a"), _T("b")});
+    typedef BOOL (List::*Operation)(HKEY, BOOL);
+    const struct {
+        Operation operation;
+        REGSAM access;
+        BOOL expected;
+    } rows[] = {
+        {&List::SaveState, KEY_WRITE, TRUE},
+        {&List::SaveState, KEY_READ, FALSE},
+        {&List::LoadState, KEY_READ, TRUE},
+        {&List::LoadState, KEY_WRITE, TRUE},
+    };
+    for (const auto& row : rows) {
+        HKEY key = nullptr;
+        ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, test.Path(), 0, row.access, &key), 0);
+        EXPECT_EQ((list.*row.operation)(key, TRUE), row.expected);
+        EXPECT_NE(RegCloseKey(key), 0) << row.access; // closed already
+    }
+    // Without an application object there is no profile.
+    EXPECT_FALSE(list.SaveState(_T("s")));
+    EXPECT_FALSE(list.LoadState(_T("s")));
+}

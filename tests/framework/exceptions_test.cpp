@@ -45,6 +45,18 @@ TEST(Exceptions, AreCaughtByTheirBaseAndKnowTheirClass) {
     }
 }
 
+TEST(Exceptions, SystemErrorsHaveACause) {
+    typedef CFileException E;
+    const std::tuple<DWORD, int> rows[] = {
+        {0, E::none},          {3, E::badPath},           {4, E::tooManyOpenFiles},
+        {19, E::accessDenied}, {16, E::removeCurrentDir}, {33, E::lockViolation},
+        {112, E::diskFull},    {131, E::badSeek},         {0xffffffff, E::genericException},
+    };
+    for (const auto& [error, cause] : rows)
+        EXPECT_EQ(CFileException::OsErrorToException(static_cast<LONG>(error)), cause) << error;
+    CFileException::ThrowOsError(0, _T("name")); // which is no error
+}
+
 TEST(Exceptions, TellTheCatalogueTextOfTheirCause) {
     const GermanTexts german;
     CMemoryException memory;

@@ -1,5 +1,6 @@
 // That a header is read alike in pieces and as a whole is the fuzz target's to prove.
 #include <quorvel/net/http_header.h>
+#include <quorvel/net/http_status_code_text.h>
 
 #include "net/http_header_reader.h"
 #include "support/date_time.h"
@@ -110,6 +111,16 @@ TEST(HttpHeader, FieldsTellLengthDateAndDeliberatelyTheInverseOfChunked) {
     EXPECT_EQ(COleDateTime(), CHttpHeader().GetLastModified());
     EXPECT_EQ(0, WithField(_T("Transfer-Content"), _T("Chunked")).IsChunked());
     EXPECT_NE(0, WithField(_T("Transfer-Encoding"), _T("chunked")).IsChunked());
+}
+
+TEST(HttpStatusCodeText, IsTheSentenceOfItsRowOrUnknown) {
+    const std::tuple<DWORD, UINT> rows[] = {{100, 22701}, {206, 22709}, {300, 22711}, {306, 22700},
+                                            {307, 22717}, {415, 22733}, {449, 22700}, {505, 22740}};
+    for (const auto& [code, id] : rows) {
+        CString expected;
+        ASSERT_TRUE(expected.LoadString(id));
+        EXPECT_EQ(expected, AfxGetHTTPStatusCodeText(code)) << code;
+    }
 }
 
 TEST(HttpHeaderReader, BytesThatCannotBecomeAHeaderAreGivenUp) {

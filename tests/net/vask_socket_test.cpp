@@ -93,6 +93,27 @@ TEST(VaskSocketSetUp, IsDoneOnceAndNeeded) {
     EXPECT_FALSE(CVaskSocket::Deinitialize());
 }
 
+TEST_F(VaskSocket, ReportsADownloadStepByStep) {
+    Peer peer;
+    ScriptedSocket socket;
+    Connect(socket, peer);
+    const SOCKET server = peer.Accept();
+    ExpectStatuses(socket, "3 4 8 ");
+    peer.Send(server, "hello");
+    ExpectStatuses(socket, "3 4 8 9 10:5 ");
+    closesocket(server);
+    ExpectStatuses(socket, "3 4 8 9 10:5 14 ");
+    EXPECT_EQ(socket.Take(), "connect send receive close ");
+    EXPECT_EQ(socket.Received(), "hello");
+    EXPECT_EQ(socket.GetHostServerIP(), kHost);
+    EXPECT_EQ(socket.GetStatus(), 14);
+    socket.Close();
+    ExpectStatuses(socket, "3 4 8 9 10:5 14 0 ");
+    EXPECT_EQ(socket.GetStatus(), 0);
+    socket.Close();
+    ExpectStatuses(socket, "3 4 8 9 10:5 14 0 ");
+}
+
 TEST_F(VaskSocket, ReportsWhyItDoesNotConnect) {
     Peer nobody(Peer::kBoundOnly);
     ScriptedSocket socket;

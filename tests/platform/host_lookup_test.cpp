@@ -82,4 +82,18 @@ TEST_F(HostLookup, LeavesBufferAndQueueAloneOnceCancelled) {
     EXPECT_EQ(ErrorOf([&] { return cancel(nullptr); }), DWORD{WSAEINVAL});
 }
 
+// Whether a request is cancelled or answered, one of the two holds.
+TEST_F(HostLookup, IsEitherCancelledOrAnswered) {
+    for (int i = 0; i < 500; ++i) {
+        const HANDLE request = Ask("three");
+        if (i % 2 == 0)
+            std::this_thread::yield();
+        if (WSACancelAsyncRequest(request) != 0) {
+            ASSERT_EQ(Answer(request), 0);
+        }
+    }
+    MSG message;
+    EXPECT_FALSE(PeekMessageW(&message, m_window, kAnswered, kAnswered, PM_REMOVE));
+}
+
 } // namespace

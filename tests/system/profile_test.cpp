@@ -102,6 +102,14 @@ TEST(Profile, ValuesAreReadAsTheyWereWrittenInEveryForm) {
     EXPECT_EQ(AfxGetProfileDWord(test.Get(), _T("PATH\\SUB"), _T("V"), 0), 2u);
 }
 
+TEST(Profile, ATextWithoutATerminatorIsReadWhole) {
+    const TestKey test;
+    const Wide bare = _T("bare");
+    TestKey::Set(test.Get(), kName, REG_SZ,
+                 {reinterpret_cast<const char*>(bare.data()), bare.size() * sizeof(WCHAR)});
+    EXPECT_EQ(AfxGetProfileString(test.Get(), kName, _T("default")), _T("bare"));
+}
+
 TEST(Profile, NullsAndInvalidPathsAreRefused) {
     const TestKey test;
     const CRegistryPath path(HKEY_CURRENT_USER, test.Path() + _T("\\path"));

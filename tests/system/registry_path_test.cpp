@@ -43,3 +43,21 @@ TEST(RegistryPath, ARefusalLeavesItAsItIsButForTheRootOfSetPath) {
     EXPECT_FALSE(path.SetPath(HKEY_CURRENT_USER, nullptr));
     EXPECT_TRUE(path == CRegistryPath(HKEY_CURRENT_USER, _T("k")));
 }
+
+TEST(RegistryPath, OpensAndCreatesItsKey) {
+    const TestKey test;
+    const HKEY marker = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(0x1234));
+    const CRegistryPath path(HKEY_CURRENT_USER, test.Path() + _T("\\a\\b"));
+    HKEY key = marker;
+    EXPECT_EQ(path.OpenSubKey(key), 2);
+    EXPECT_EQ(key, nullptr);
+    EXPECT_EQ(path.CreateSubKey(key), 0);
+    EXPECT_EQ(RegSetValueExW(key, _T("v"), 0, REG_NONE, nullptr, 0), 0);
+    EXPECT_EQ(RegCloseKey(key), 0);
+    EXPECT_EQ(path.OpenSubKey(key), 0);
+    EXPECT_EQ(RegQueryValueExW(key, _T("v"), nullptr, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(RegCloseKey(key), 0);
+    key = marker;
+    EXPECT_EQ(CRegistryPath().CreateSubKey(key), 6);
+    EXPECT_EQ(key, nullptr);
+}

@@ -1,6 +1,7 @@
 """Tests of the checks in tools/: each rule is broken once, and kept once."""
 
 import os
+import struct
 import sys
 import tempfile
 import unittest
@@ -8,6 +9,7 @@ import unittest
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "tools"))
 import check_exports  # noqa: E402
 import check_layers  # noqa: E402
+import check_pictures  # noqa: E402
 
 COMPONENTS = """component platform platform uses
 component framework framework uses platform
@@ -61,6 +63,17 @@ USES = [
     ({"src/net/controls/c.cpp": '#include "util/text/t.h"'}, ["src/net: no file needs text"]),
 ]
 
+# the colour type of a PNG, the chunks behind its header, what is wrong with it
+PICTURES = [
+    (2, [b"IDAT"], None),
+    (3, [b"PLTE", b"IDAT", b"tRNS"], None),  # behind the pixels a chunk means nothing
+    (3, [b"PLTE", b"tRNS", b"IDAT"], "has transparent colours"),
+    (2, [b"tRNS", b"IDAT"], "has transparent colours"),
+    (4, [b"IDAT"], "has an alpha channel"),
+    (6, [b"IDAT"], "has an alpha channel"),
+    (2, [], "has no pixels"),
+]
+
 # mangled, as listed; None for what is dropped
 NAMES = [
     ("_ZN1A1fEPKDs", "A::f(wchar_t const*)"),
@@ -78,6 +91,7 @@ NAMES = [
     ("_ZN5boost3refEv", None),
 ]
 
+
 def checker_of(root, files):
     for name in [*HEADERS, *files, "components.txt"]:
         os.makedirs(os.path.dirname(os.path.join(root, name)), exist_ok=True)
@@ -85,6 +99,7 @@ def checker_of(root, files):
             file.write(COMPONENTS if name == "components.txt" else files.get(name, ""))
     list_path = os.path.join(root, "components.txt")
     return check_layers.Checker(check_layers.read_components(list_path), root)
+
 
 class Layers(unittest.TestCase):
     def test_rules(self):
@@ -98,6 +113,7 @@ class Layers(unittest.TestCase):
                     self.assertEqual(len(checker.problems), 1, checker.problems)
                     self.assertIn(expected, checker.problems[0])
 
+
     def test_permissions_that_nobody_uses(self):
         for files, expected in USES:
             with self.subTest(files=files), tempfile.TemporaryDirectory() as root:
@@ -106,6 +122,21 @@ class Layers(unittest.TestCase):
                 checker.check_uses()
                 found = [each for each in checker.problems if each.startswith("src/net: ")]
                 self.assertEqual(found, expected)
+
+
+class Pictures(unittest.TestCase):
+    def test_transparency(self):
+        def chunk(kind, content=b"data"):
+            return struct.pack(">I", len(content)) + kind + content + b"\0" * 4
+
+        for colour_type, kinds, expected in PICTURES:
+            with self.subTest(colour_type=colour_type, kinds=kinds):
+                header = struct.pack(">IIBBBBB", 1, 1, 8, colour_type, 0, 0, 0)
+                picture = check_pictures.SIGNATURE + chunk(b"IHDR", header)
+                picture += b"".join(chunk(kind) for kind in kinds)
+                self.assertEqual(check_pictures.fault(picture), expected)
+        self.assertEqual(check_pictures.fault(b"GIF89a"), "is no PNG")
+
 
 class Exports(unittest.TestCase):
     def test_names(self):
@@ -120,6 +151,7 @@ class Exports(unittest.TestCase):
         lines = ["# comment", "", "both()", "linux: a()", "windows: b()"]
         self.assertEqual(check_exports.listed_names(lines, "linux"), {"both()", "a()"})
         self.assertEqual(check_exports.listed_names(lines, "windows"), {"both()", "b()"})
+
 
 if __name__ == "__main__":
     unittest.main()

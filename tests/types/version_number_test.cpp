@@ -51,3 +51,13 @@ TEST(VersionNumber, TheFirstDifferentPartDecides) {
             EXPECT_EQ(left >= right, i >= j);
         }
 }
+
+TEST(VersionNumber, AnIncrementLeavesTheOtherParts) {
+    CVersionNumber number(1, 4, 2, 4294967295);
+    number.IncrementMajorVersion();
+    EXPECT_TRUE(number == CVersionNumber(2, 4, 2, 4294967295));
+    number.IncrementMinorVersion();
+    number.IncrementRevisionNumber();
+    number.IncrementBuildNumber();
+    EXPECT_TRUE(number == CVersionNumber(2, 5, 3, 0));
+}

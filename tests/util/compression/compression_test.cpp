@@ -104,6 +104,23 @@ TEST_F(Compression, RefusesSilently) {
     EXPECT_TRUE(m_recorder.Take().empty());
 }
 
+TEST_F(Compression, EveryStageHasItsTexts) {
+    const std::tuple<BOOL, compressionStage, int, CString> rows[] = {
+        {TRUE, compressionStageInitialize, Z_STREAM_ERROR, kDeflatingFailed + kInvalidLevel},
+        {2, compressionStageEnd, Z_DATA_ERROR,
+         kDeflatingFailed + _T("The stream was freed prematurely.")},
+        {FALSE, compressionStageInitialize, Z_STREAM_ERROR, kInflatingFailed + kUnknown},
+        {-1, compressionStageRun, Z_STREAM_ERROR,
+         kInflatingFailed + _T("The stream structure is inconsistent.")},
+    };
+    m_recorder.m_answer = IDRETRY;
+    for (const auto& [direction, stage, error, text] : rows) {
+        EXPECT_EQ(AfxCompressionErrorMessageBox(direction, stage, error, MB_ICONEXCLAMATION),
+                  IDRETRY);
+        ExpectShown(text);
+    }
+}
+
 TEST_F(Compression, TellsOfTruncatedStreamsAndWrongLevels) {
     const std::string bytes = SomeText(2500) + RandomBytes(150);
     TestFile plain(bytes);
