@@ -1,11 +1,13 @@
 // The life of a dialog with validation, by keys and clicks as a user makes them, and its balloon.
 #include <quorvel/controls/win/vask_dialog.h>
+#include <quorvel/controls/win/vask_list_ctrl.h>
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/res/message_ids.h>
 
 #include "controls/win/balloon_probe.h"
 #include "controls/win/dialog_ids.h"
 #include "support/message_box_recorder.h"
+#include "support/registry.h"
 #include "support/test.h"
 #include "support/win/dialog_driver.h"
 
@@ -34,6 +36,8 @@ public:
     std::vector<int> m_bold = {FIELD_LABEL, 4711};
     bool m_wasShown = false;
     bool m_throws = false; // when states are saved
+    CVaskListCtrl m_list;  // has no window
+    CRegistryPath m_path;  // of its state, when it is valid
 
 protected:
     using CVaskDialog::GetStateAutoCompleteEditCtrls;
@@ -50,8 +54,10 @@ protected:
     void GetStateAutoCompleteEditCtrls(quorvel::EditKeys&, int isSaving) override {
         m_seen += isSaving ? "edits? " : "edits ";
     }
-    void GetStateListCtrls(quorvel::ListPaths&, int isSaving) override {
+    void GetStateListCtrls(quorvel::ListPaths& lists, int isSaving) override {
         m_seen += isSaving ? "lists? " : "lists ";
+        if (m_path.IsValid())
+            lists.SetAt(&m_list, m_path);
     }
     void PreLoadStateControls() override { m_seen += "preload "; }
     void PostLoadStateControls() override { m_seen += "postload "; }
@@ -163,29 +169,43 @@ TEST(VaskDialog, OpensWithItsDataOrNotAtAll) {
 
 TEST(VaskDialog, SaveDataMayHandleMessages) {
     CNameDlg dialog;
+    int tries = 0;
     const struct {
         const char* label;
         std::function<BOOL()> save;
         INT_PTR result;
+        const char* seen;
     } rows[] = {
         {"OK and Cancel meanwhile",
          [&] {
              dialog.SendMessage(WM_COMMAND, IDOK);
              dialog.SendMessage(WM_COMMAND, IDCANCEL);
-             return TRUE;
+             return ++tries == 2;
          },
-         IDOK},
-        {"destroyed meanwhile", [&] { return dialog.DestroyWindow(); }, -1},
+         IDOK, "validate save validate save presave "},
+        {"destroyed meanwhile", [&] { return dialog.DestroyWindow(); }, -1,
+         "validate save presave "},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
         dialog.m_seen.clear();
         dialog.m_save = row.save;
-        DialogDriver driver({Type(_T("a")), Press(VK_RETURN)});
+        DialogDriver driver({Type(_T("a")), Press(VK_RETURN), Press(VK_RETURN)});
         EXPECT_EQ(dialog.DoModal(), row.result);
-        EXPECT_EQ(dialog.m_seen, "load preload edits lists postload validate save presave edits? "
-                                 "lists? postsave ");
+        EXPECT_EQ(dialog.m_seen, std::string("load preload edits lists postload ") + row.seen +
+                                     "edits? lists? postsave ");
     }
+}
+
+TEST(VaskDialog, AListWithoutAWindowKeepsItsState) {
+    TestKey key;
+    const CRegistryPath path(HKEY_CURRENT_USER, CString(key.Path()) + _T("\\List"));
+    CNameDlg dialog;
+    dialog.m_path = path;
+    DialogDriver driver({Press(VK_ESCAPE)});
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    HKEY written = nullptr;
+    EXPECT_NE(path.OpenSubKey(written), ERROR_SUCCESS);
 }
 
 TEST(VaskDialog, AStateHookMayThrow) {
