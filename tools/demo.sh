@@ -1,5 +1,5 @@
 #!/bin/sh
-# demo.sh: runs the tour, the XML tool, the packer, the settings tool, the keys tool and the updater as Linux and as Windows
+# demo.sh: runs the tour, the XML tool, the packer, the settings tool, the keys tool, the listing tool and the updater as Linux and as Windows
 # programs on the same files and compares what the two print. Fails where they differ.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -9,7 +9,7 @@ sh "$root/tools/setup.sh" core windows
 windows=$(windows_preset)
 demo=$root/build/demo
 mkdir -p "$root/build"
-programs='tour xmltool pack settings keys updater'
+programs='tour xmltool pack settings keys listing updater'
 for preset in linux-debug "$windows"; do
     say "demo: building $preset"
     # shellcheck disable=SC2086

@@ -48,7 +48,7 @@ program() { # program NAME ARGUMENT...: as $build has it
     shift
     case $build in
     linux)
-        ${prefix:-} env LC_ALL=C.UTF-8 TZ=Europe/Berlin QUORVEL_REGISTRY="$demo/registry.db" \
+        ${prefix:-} env SSL_CERT_FILE="$demo/authority.pem" LC_ALL=C.UTF-8 TZ=Europe/Berlin QUORVEL_REGISTRY="$demo/registry.db" \
             "$root/build/linux-debug/bin/$name" "$@"
         ;;
     windows)
@@ -69,6 +69,7 @@ finish() {
     trap - EXIT
     [ -z "$server_pid" ] || kill "$server_pid" 2>/dev/null || true
     for build in linux windows; do forget || true; done
+    trust remove || true
     # Or the next demonstration finds Wine's server in a network that is gone.
     if [ -n "$in_own_network" ]; then
         for prefix in "$QUORVEL_CACHE"/wine*/; do WINEPREFIX=$prefix wineserver -k 2>/dev/null || true; done
@@ -76,9 +77,27 @@ finish() {
     rm -rf "$server"
 }
 
+# An authority of the demonstration's own, and what it says of this machine.
+make_certificates() {
+    newkey="-newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -noenc"
+    # shellcheck disable=SC2086
+    {
+        openssl req -x509 $newkey -keyout authority.key -out authority.pem -days 2 \
+            -subj "/CN=Quorvel demonstration" -addext basicConstraints=critical,CA:TRUE -addext keyUsage=keyCertSign
+        openssl req $newkey -keyout "$server/site.key" -out site.csr -subj /CN=localhost
+        echo "subjectAltName=DNS:localhost" >site.txt
+        openssl x509 -req -in site.csr -CA authority.pem -CAkey authority.key -days 2 -extfile site.txt \
+            -out "$server/site.pem"
+    } 2>openssl.txt || die "no certificates: $(cat openssl.txt)"
+}
+# Linux programs are told the authority by a variable.
+trust() { # trust add|remove
+    WINERUN_LOCALE=C.UTF-8 python3 "$root/tools/wine_authority.py" "$1" "$demo/authority.pem" "$root/tools/winerun.sh"
+}
+
 # Everything nginx writes is in one folder; it neither changes its user nor leaves the foreground.
 start_server() {
-    mkdir -p "$server/html/slow"
+    mkdir -p "$server/html/slow" "$server/secure"
     cat >"$server/nginx.conf" <<EOF
 daemon off;
 master_process off;
@@ -100,6 +119,13 @@ http {
             limit_rate_after 500; # the header is not held back
             limit_rate 100;
         }
+        location /moved/ { rewrite ^/moved(/.*) https://localhost:8443\$1 permanent; }
+    }
+    server {
+        listen 127.0.0.1:8443 ssl;
+        root secure;
+        ssl_certificate site.pem;
+        ssl_certificate_key site.key;
     }
 }
 EOF
@@ -194,6 +220,37 @@ checks() {
     require_same local.xml new.xml
 }
 
+# What the publisher signs, and what others put in its place.
+signed_checks() {
+    rm -f local.xml
+    forget
+    place() { # place LISTING SIGNATURE DATE: at the site
+        cp "$1" "$server/secure/updates.xml"
+        cp "$2" "$server/secure/updates.xml.minisig"
+        touch -d "$3" "$server/secure/updates.xml"
+    }
+    secure=https://localhost:8443/updates.xml
+    place old.xml old.xml.minisig '2024-03-12 08:31:00 UTC'
+    updater 0 'A signed listing over HTTPS' --site $secure --https --key publisher.pub --yes
+    require_same local.xml old.xml
+    forget 'Last Checked'
+    place new.xml forged.minisig '2024-04-02 10:15:00 UTC'
+    updater 1 'A newer one that somebody else has signed' --https --key publisher.pub --yes
+    forget 'Last Checked'
+    place forged.xml new.xml.minisig '2024-04-02 10:15:00 UTC'
+    updater 1 'A link in it was changed' --https --key publisher.pub --yes
+    require_same local.xml old.xml
+    forget 'Last Checked'
+    place new.xml new.xml.minisig '2024-04-02 10:15:00 UTC'
+    updater 0 'The newer one as it was signed, by a redirection from HTTP' --site $site/moved/updates.xml --https \
+        --key publisher.pub --yes
+    require_same local.xml new.xml
+    forget 'Last Checked'
+    place old.xml old.xml.minisig '2024-05-01 08:00:00 UTC'
+    updater 1 'The old one, shown as new' --site $secure --https --key publisher.pub --yes
+    require_same local.xml new.xml
+}
+
 rm -rf "$demo"
 mkdir -p "$demo"
 cd "$demo"
@@ -210,12 +267,25 @@ EOF
 sed -e '/<lastBuildDate>/ { s/>.*</>Tue, 02 Apr 2024 10:00:00 GMT</; r item.xml
 }' old.xml >new.xml
 
+sed 's|notebook/3.3|notebook/3.3.evil|' new.xml >forged.xml
+build=linux
+for name in publisher stranger; do program listing key $name; done
+program listing sign new.xml --key stranger.key
+mv new.xml.minisig forged.minisig
+program listing sign old.xml --key publisher.key --serial 1
+program listing sign new.xml --key publisher.key --serial 2
+
 server=$(mktemp -d)
 trap finish EXIT
 trap 'exit 1' HUP INT TERM
+make_certificates
 start_server
+trust add
 for build in linux windows; do
-    checks >$build.txt
+    {
+        checks
+        signed_checks
+    } >$build.txt
     # The time of day is that of the run.
     sed 's/^\(Last checked for updates on\) .*/\1 .../' $build.txt >$build.same.txt
 done

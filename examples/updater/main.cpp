@@ -8,6 +8,7 @@
 #include <quorvel/system/application_data_folders.h>
 #include <quorvel/update/check_for_updates.h>
 #include <quorvel/update/check_for_updates_profile.h>
+#include <quorvel/update/https_update_transport.h>
 
 #include <csignal>
 #include <cstdio>
@@ -21,8 +22,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr char kUsage[] =
-    R"(usage: updater [--site URL] --settings KEY [--file FILE] [--key FILE]... [--max-age DAYS]
-               [--auto | --reset] [--yes]
+    R"(usage: updater [--site URL] --settings KEY [--file FILE] [--https]
+               [--key FILE]... [--max-age DAYS] [--auto | --reset] [--yes]
 
 Shows the update listing that was downloaded last, checks the site for a newer one, and
 downloads it.
@@ -31,6 +32,7 @@ downloads it.
                   HTTP at port 80, whatever scheme and port the address has
   --settings KEY  where the settings are, below HKEY_CURRENT_USER: Software\Company\Program
   --file FILE     the local updates file; without it one in the user's data folder
+  --https         asks as the address says, with its scheme and port, and follows redirections
   --key FILE      accepts only a listing that is signed by this public key of minisign, or by
                   another one that is given in the same way
   --max-age DAYS  with a key: reports a listing that is older
@@ -61,6 +63,7 @@ struct Options {
     CString file;
     std::vector<CString> keys; // names of files
     int maxAge = 0;
+    bool usesHttps = false;
     bool isAuto = false;
     bool resets = false;
     bool alwaysYes = false;
@@ -89,6 +92,8 @@ Options ReadOptions(const std::vector<CString>& arguments) {
             options.keys.push_back(arguments[++i]);
         else if (arguments[i] == _T("--max-age") && hasValue)
             options.maxAge = ReadDays(arguments[++i]);
+        else if (arguments[i] == _T("--https"))
+            options.usesHttps = true;
         else if (arguments[i] == _T("--auto"))
             options.isAuto = true;
         else if (arguments[i] == _T("--reset"))
@@ -140,7 +145,10 @@ int Update(const Options& options) {
     if (!options.site.IsEmpty() && !AfxWriteProfileCheckForUpdatesURL(path, options.site))
         throw Failure{kExitFailed, _T("the settings can't be written: ") + options.settings};
     ConsoleView view(options.alwaysYes);
+    CHttpsUpdateTransport transport;
     CCheckForUpdates check(path, options.file.IsEmpty() ? DefaultFile() : options.file, view);
+    if (options.usesHttps)
+        check.SetTransport(&transport);
     check.SetStrict(TRUE);
     AddKeys(check, options.keys);
     check.SetMaxAge(options.maxAge);

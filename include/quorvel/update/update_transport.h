@@ -61,6 +61,6 @@ protected:
 
 private:
     friend class quorvel::TransportConnection;
-    std::atomic<HWND> m_window = nullptr; // of the check that has a request
-    std::atomic<bool> m_isNotified = false;
+    std::atomic<HWND> m_window{nullptr}; // of the check that has a request
+    std::atomic<bool> m_isNotified{false};
 };

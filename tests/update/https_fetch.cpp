@@ -1,0 +1,81 @@
+// https_fetch URL FILE [--head] [--stall MS] [--limit BYTES] [--cancel MS] [--library NAME]: one
+// request of the transport for HTTPS, for https_test.py. Prints its end, on lines of their own: the
+// status code, the bytes, the error, "Last-Modified" and the text.
+#include <quorvel/update/https_update_transport.h>
+
+#include "platform/web_fetch.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <thread>
+
+namespace {
+
+typedef std::chrono::steady_clock Clock;
+
+void Await(const CHttpsUpdateTransport& transport, Clock::duration time) {
+    const auto end = Clock::now() + time;
+    while (!transport.GetProgress().hasEnded && Clock::now() < end)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+}
+
+struct Nobody final : quorvel::WebReceiver {
+    void OnConnected() override {}
+    void OnHeader(UINT, Fields, ULONGLONG) override {}
+    bool OnBody(const char*, std::size_t) override { return true; }
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 3)
+        return 2;
+    CUpdateTransport::Request request;
+    request.url = CString(argv[1]);
+    request.fileName = CString(argv[2]);
+    request.bodyLimit = 1 << 30;
+    CHttpsUpdateTransport transport;
+    int cancelAfter = 0;
+    for (int i = 3; i < argc; ++i) {
+        const char* const value = i + 1 < argc ? argv[i + 1] : "";
+        if (std::strcmp(argv[i], "--head") == 0)
+            request.headerOnly = TRUE;
+        else if (std::strcmp(argv[i], "--stall") == 0)
+            transport.SetTimeOuts(static_cast<DWORD>(std::atoi(value)),
+                                  static_cast<DWORD>(std::atoi(argv[++i])));
+        else if (std::strcmp(argv[i], "--limit") == 0)
+            request.bodyLimit = static_cast<ULONGLONG>(std::atoi(argv[++i]));
+        else if (std::strcmp(argv[i], "--cancel") == 0)
+            cancelAfter = std::atoi(argv[++i]);
+        else if (std::strcmp(argv[i], "--library") == 0) {
+            quorvel::WebRequest how;
+            how.library = value;
+            Nobody nobody;
+            const auto result = quorvel::WebFetch(how).Run(nobody);
+            std::printf("%s\n", CStringA(CString(result.text.c_str())).GetString());
+            return result.kind == quorvel::WebResult::NoLibrary ? 0 : 1;
+        }
+    }
+    transport.Start(request);
+    if (cancelAfter > 0) {
+        Await(transport, std::chrono::milliseconds(cancelAfter));
+        const auto begin = Clock::now();
+        transport.Cancel();
+        const auto took =
+            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin).count();
+        std::printf("%d\n", static_cast<int>(took));
+        std::fflush(stdout);
+        std::_Exit(std::remove(argv[2]) == 0 ? 0 : 1); // nobody holds the file
+    }
+    Await(transport, std::chrono::seconds(60));
+    const auto progress = transport.GetProgress();
+    CString date;
+    transport.GetHeaderField(_T("last-modified"), date);
+    std::printf("%u\n%u\n%u\n%s\n%s\n", progress.statusCode,
+                static_cast<unsigned>(progress.received), static_cast<unsigned>(progress.error),
+                CStringA(date.GetString()).GetString(),
+                CStringA(progress.errorText.GetString()).GetString());
+    return progress.hasEnded ? 0 : 1;
+}
