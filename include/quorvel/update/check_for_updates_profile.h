@@ -8,9 +8,10 @@
 //     "Last Modified"   date      the empty date (0)   of the listing last downloaded in full
 //     "Last Dismissed"  date      the empty date (0)   of the reminder, in local time
 //
-// The scheme "https" and a port in the address have no effect: the checks ask over plain HTTP at
-// port 80. A value of another kind counts as absent. The writers give FALSE when the value could
-// not be written. Any thread; nothing throws or shows a box.
+// The scheme "https" and a port in the address have an effect with a transport alone: by themselves
+// the checks ask over plain HTTP at port 80. Checks with a key keep more values here; see
+// check_for_updates.h. A value of another kind counts as absent. The writers give FALSE when the
+// value could not be written. Any thread; nothing throws or shows a box.
 #pragma once
 
 #include <quorvel/framework/date_time.h>
