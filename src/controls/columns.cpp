@@ -37,8 +37,11 @@ bool Columns::Show(int trueColumn, bool isShown) {
     if (isShown) {
         column.width = GetWidthWhenShown(trueColumn);
         const int count = m_view.GetCount();
-        return PutIntoView(column.savedPosition < 0 ? count : std::min(column.savedPosition, count),
-                           column);
+        if (!PutIntoView(column.savedPosition < 0 ? count : std::min(column.savedPosition, count),
+                         column))
+            return false;
+        m_view.OnShow(trueColumn, GetInsertedColumn(trueColumn));
+        return true;
     }
     const int inserted = GetInsertedColumn(trueColumn);
     if (!TakeFromView(column))
@@ -72,6 +75,15 @@ void Columns::Reset() {
         SetWidth(trueColumn, m_view.GetDefaultWidth(trueColumn));
     }
     SetOrder(trueColumns);
+}
+
+void Columns::Redefine(int trueColumn, const WCHAR* heading, int alignment) {
+    const auto record = m_records.find(trueColumn);
+    if (record == m_records.end())
+        return;
+    if (heading != nullptr)
+        record->second.heading = heading;
+    record->second.format = (record->second.format & ~kColumnAlignmentMask) | alignment;
 }
 
 // The list view displays a new column at its index, so that an index serves as display position.

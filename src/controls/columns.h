@@ -53,6 +53,8 @@ public:
     virtual int GetDefaultWidth(int trueColumn) const = 0;
     virtual void LoadDefaultWidths() = 0;
     virtual bool CanBeHidden(int trueColumn) const = 0;
+    // A column that was hidden is shown.
+    virtual void OnShow(int trueColumn, int insertedColumn) = 0;
     // The sort column was there and is hidden or deleted now.
     virtual void OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition) = 0;
 
@@ -87,6 +89,8 @@ public:
     bool Delete(int trueColumn);
     // Every column shown in true order, with its default width.
     void Reset();
+    // The program has given the list view's column another heading (null: not) and alignment.
+    void Redefine(int trueColumn, const WCHAR* heading, int alignment);
     // To be called also when the list view has got or lost a column without a record (-1).
     void UpdateInsertedVaskColumnsMap(int insertedColumn, bool isInserted, int trueColumn = -1);
 

@@ -6,7 +6,6 @@
 #include <climits>
 #include <iterator>
 #include <string_view>
-#include <unordered_set>
 
 namespace quorvel {
 
@@ -190,30 +189,53 @@ std::vector<CVirtualListCtrlItem*> VirtualRows::RemoveAll() {
     return removed;
 }
 
-void VirtualRows::Replace(const std::vector<CVirtualListCtrlItem*>& items) {
+std::vector<CVirtualListCtrlItem*>
+VirtualRows::Replace(const std::vector<CVirtualListCtrlItem*>& items) {
     const CVirtualListCtrlItem* const focused = GetItem(m_focusedRow);
-    std::unordered_set<const CVirtualListCtrlItem*> selected;
-    for (const RowRun& run : GetSelectedRuns())
-        for (int row = run.first; row <= run.last; ++row)
-            selected.insert(GetItem(row));
-    std::vector<Slot> slots(items.size());
-    std::ranges::transform(items, slots.begin(), [&selected](CVirtualListCtrlItem* item) {
-        return reinterpret_cast<Slot>(item) |
-               (!selected.empty() && selected.contains(item) ? kSelected : 0);
-    });
+    std::vector<Slot> former = Flattened();
+    std::ranges::sort(former); // by address, for the mark is the lowest bit
+    std::vector<bool> isKept(former.size());
+    std::vector<Slot> slots;
+    slots.reserve(items.size());
+    for (CVirtualListCtrlItem* const item : items) {
+        if (item == nullptr)
+            continue;
+        const auto place = std::ranges::lower_bound(former, reinterpret_cast<Slot>(item));
+        const bool wasThere = place != former.end() && ItemOf(*place) == item;
+        if (wasThere)
+            isKept[static_cast<std::size_t>(place - former.begin())] = true;
+        slots.push_back(wasThere ? *place : reinterpret_cast<Slot>(item));
+    }
+    std::vector<CVirtualListCtrlItem*> removed;
+    for (std::size_t i = 0; i < former.size(); ++i) {
+        if (!isKept[i])
+            removed.push_back(ItemOf(former[i]));
+    }
     Fill(slots);
-    m_focusedRow = focused != nullptr ? GetRow(focused) : -1;
+    const int row = focused != nullptr ? GetRow(focused) : -1;
+    m_focusedRow = row >= 0 ? row : std::min(m_focusedRow, m_count - 1);
+    return removed;
 }
 
 int VirtualRows::GetRowToSelect(int removedRow, bool wasSelected) const {
     return wasSelected && m_selectedCount == 0 ? std::min(removedRow, m_count - 1) : -1;
 }
 
+void VirtualRows::Sort(VirtualRowOrder order) {
+    if (order != nullptr)
+        SortRows(order);
+}
+
+void VirtualRows::SortBy(
+    const std::function<bool(CVirtualListCtrlItem* const&, CVirtualListCtrlItem* const&)>& order) {
+    if (order)
+        SortRows(std::cref(order));
+}
+
 // The order is asked for plain pointers where all rows are alike, so that sorting takes no longer
 // than of the pointers alone. Otherwise the mark moves with its pointer.
-void VirtualRows::Sort(VirtualRowOrder order) {
-    if (order == nullptr)
-        return;
+template <class Order>
+void VirtualRows::SortRows(Order order) {
     const CVirtualListCtrlItem* const focused = GetItem(m_focusedRow);
     std::vector<Slot> slots = Flattened();
     if (m_selectedCount == 0 || m_selectedCount == m_count) {
@@ -296,6 +318,17 @@ int VirtualRows::GetFirstSelectedRow() const {
     return -1;
 }
 
+int VirtualRows::GetNextRow(int after, bool isSelected, bool isFocused) const {
+    const auto fits = [&](int row) {
+        return (!isSelected || IsSelected(row)) && (!isFocused || row == m_focusedRow);
+    };
+    for (int row = std::max(after, -1) + 1; row < m_count; ++row) {
+        if (fits(row))
+            return row;
+    }
+    return -1;
+}
+
 std::vector<RowRun> VirtualRows::GetSelectedRuns() const {
     std::vector<RowRun> runs;
     const auto add = [&runs](int first, int last) {
@@ -321,7 +354,7 @@ std::vector<RowRun> VirtualRows::GetSelectedRuns() const {
 }
 
 int VirtualRows::Find(const WCHAR* text, int start, bool isWholeText, bool wraps) const {
-    if (start == -1)
+    if (start == -1 || (wraps && start == m_count))
         start = 0;
     if (text == nullptr || *text == 0 || !IsRow(start))
         return -1;

@@ -13,6 +13,7 @@
 #include <quorvel/controls/virtual_list_ctrl_item.h>
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace quorvel {
@@ -58,9 +59,9 @@ public:
     // are passed over. The items are in the order of their rows.
     std::vector<CVirtualListCtrlItem*> Remove(std::vector<int> rows);
     std::vector<CVirtualListCtrlItem*> RemoveAll();
-    // These rows instead of all that are there, none of them null. An item that was there keeps its
-    // selection and the focus.
-    void Replace(const std::vector<CVirtualListCtrlItem*>& items);
+    // Puts these items, each once, in the place of all rows; null ones are passed over. Items that
+    // were there keep selection and focus. The items that are not there any more, in any order.
+    std::vector<CVirtualListCtrlItem*> Replace(const std::vector<CVirtualListCtrlItem*>& items);
     // The row to select after a deletion, whose first row was selected or not: the one that is at
     // its index now, or the last. -1 when nothing is to be selected.
     int GetRowToSelect(int removedRow, bool wasSelected) const;
@@ -68,6 +69,8 @@ public:
     // Rows that compare equal keep their order. A null order leaves all as it is. An exception of
     // the order leaves the rows as they were.
     void Sort(VirtualRowOrder order);
+    void SortBy(const std::function<bool(CVirtualListCtrlItem* const&,
+                                         CVirtualListCtrlItem* const&)>& order);
     // Exchanges the one selected row with its neighbour. Its new index; -1 when there is no
     // neighbour, and unless exactly one row is selected.
     int MoveSelectedUp() { return MoveSelected(-1); }
@@ -81,6 +84,9 @@ public:
     bool IsSelected(int row) const;
     int GetSelectedCount() const { return m_selectedCount; }
     int GetFirstSelectedRow() const; // -1 when there is none
+    // The next after a row (-1: the first) that is selected and has the focus, as far as is asked;
+    // -1 when there is none.
+    int GetNextRow(int after, bool isSelected, bool isFocused) const;
     int GetOnlySelectedRow() const { return m_selectedCount == 1 ? GetFirstSelectedRow() : -1; }
     // Costs little more than the number of selected rows, unless few rows of a block are.
     std::vector<RowRun> GetSelectedRuns() const;
@@ -90,8 +96,9 @@ public:
     int GetFocusedRow() const { return m_focusedRow; }
 
     // The first row from `start` on whose text in column 0 is the text or begins with it, without
-    // regard to letter case; with `wraps` the rows before `start` follow. -1 when there is none,
-    // for an empty or null text and for a start that is not there, which counts as 0 when it is -1.
+    // regard to letter case; with `wraps` the rows before `start` follow, which may be the number
+    // of rows then. -1 when there is none, for an empty or null text and for another start that is
+    // not there, which counts as 0 when it is -1.
     int Find(const WCHAR* text, int start, bool isWholeText, bool wraps) const;
     // What typed letters lead to from the focused row: the row itself while it begins with them,
     // otherwise the next one. A single letter, and one that is repeated while nothing begins with
@@ -115,6 +122,8 @@ private:
     };
 
     Place Locate(int row) const;
+    template <class Order>
+    void SortRows(Order order);
     int MoveSelected(int direction);
     void Split(std::size_t block, std::size_t kept);
     std::vector<Slot> Flattened() const;

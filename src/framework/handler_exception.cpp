@@ -20,6 +20,23 @@ constexpr UINT kSilent[] = {
 #endif
 };
 
+#if defined(_WIN32)
+// What a list-view asks its parent while it draws.
+constexpr UINT kSilentNotifications[] = {LVN_GETDISPINFOW, LVN_GETDISPINFOA, LVN_ODCACHEHINT,
+                                         NM_CUSTOMDRAW};
+
+bool IsSilentNotification(const MSG& message) {
+    return message.message == WM_NOTIFY &&
+           std::find(std::begin(kSilentNotifications), std::end(kSilentNotifications),
+                     reinterpret_cast<const NMHDR*>(message.lParam)->code) !=
+               std::end(kSilentNotifications);
+}
+#else
+bool IsSilentNotification(const MSG&) {
+    return false;
+}
+#endif
+
 LRESULT Report(CException* exception, const MSG& message) {
     static thread_local bool t_reporting = false;
     struct Reporting {
@@ -41,7 +58,7 @@ namespace quorvel {
 LRESULT DefaultWndProcException(CException* exception, const MSG* message) {
     const bool silent =
         std::find(std::begin(kSilent), std::end(kSilent), message->message) != std::end(kSilent) ||
-        exception->IsKindOf(RUNTIME_CLASS(CUserException));
+        IsSilentNotification(*message) || exception->IsKindOf(RUNTIME_CLASS(CUserException));
     if (!silent)
         exception->ReportError(MB_OK | MB_ICONSTOP);
     if (message->message == WM_PAINT) // until it is validated, the system asks again without end

@@ -115,6 +115,28 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
              r.Remove({4, 3, 2});
          },
          _T("b0 a1*! ")},
+        {"replaced, some of them again",
+         [](VirtualRows& r) {
+             static Item s_item(_T("n"), 9);
+             EXPECT_EQ(
+                 r.Replace({r.GetItem(4), r.GetItem(3), nullptr, &s_item, r.GetItem(2)}).size(),
+                 2u);
+         },
+         _T("c4 a3* n9 b2! ")},
+        {"replaced without the focused one",
+         [](VirtualRows& r) {
+             r.Replace({r.GetItem(4), r.GetItem(1)});
+         },
+         _T("c4 a1*! ")},
+        {"sorted by more than a function",
+         [](VirtualRows& r) {
+             const int first = 4;
+             r.SortBy([&](auto* const& left, auto* const& right) {
+                 return static_cast<Item*>(left)->m_number == first && left != right;
+             });
+             r.SortBy({});
+         },
+         _T("c4 b0 a1* b2! a3* ")},
         {"deleted all", [](VirtualRows& r) { EXPECT_EQ(r.RemoveAll().size(), 5u); }, _T("")},
         {"moved up",
          [](VirtualRows& r) {
@@ -233,6 +255,22 @@ TEST(VirtualRows, StayInOrderOverBlocks) {
     EXPECT_EQ(rows.Add(&items[0]), 0);
 }
 
+TEST(VirtualRows, AreWalkedOverAsAListViewDoes) {
+    List list({_T("a"), _T("b"), _T("c"), _T("d")});
+    const VirtualRows& r = list.rows;
+    list.rows.Select(1, 2, true);
+    list.rows.SetFocusedRow(2);
+    ExpectCases<int>({
+        CASE(r.GetNextRow(-1, true, false), 1),
+        CASE(r.GetNextRow(1, true, false), 2),
+        CASE(r.GetNextRow(2, true, false), -1),
+        CASE(r.GetNextRow(-1, true, true), 2),
+        CASE(r.GetNextRow(2, false, true), -1),
+        CASE(r.GetNextRow(2, false, false), 3),
+        CASE(r.GetNextRow(-9, false, false), 0),
+    });
+}
+
 TEST(VirtualRows, SelectTheNeighbourOfADeletedRow) {
     List list({_T("a"), _T("b"), _T("c"), _T("d")});
     ExpectCases<int>({
@@ -294,7 +332,9 @@ TEST(VirtualRows, FindTextsWithoutRegardToCase) {
         CASE(r.Find(_T("\u00e4"), 0, false, true), 3),
         CASE(r.Find(_T(""), 0, true, true), -1),
         CASE(r.Find(nullptr, 0, false, true), -1),
-        CASE(r.Find(_T("a"), 7, false, true), -1),
+        CASE(r.Find(_T("a"), 7, false, true), 0), // behind the last row
+        CASE(r.Find(_T("a"), 7, false, false), -1),
+        CASE(r.Find(_T("a"), 8, false, true), -1),
         CASE(r.Find(_T("a"), -2, false, true), -1),
         CASE(r.FindTyped(_T("a"), -1), 0),
         CASE(r.FindTyped(_T("a"), 0), 2),

@@ -69,6 +69,7 @@ public:
     bool CanBeHidden(int trueColumn) const override {
         return GetCount() > 1 && trueColumn != m_keptColumn;
     }
+    void OnShow(int, int) override {}
     void OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition) override {
         m_deletedSortColumns.push_back({trueColumn, insertedColumn, displayPosition});
         if (m_onDeleteSortColumn)

@@ -18,7 +18,8 @@ public:
     CVirtualListCtrlItem& operator=(const CVirtualListCtrlItem& other) = default;
     virtual ~CVirtualListCtrlItem();
 
-    // What the row shows in a column, which counts from 0; empty here.
+    // What the row shows in a column, which is a true column of the list: its number stays the same
+    // when others are hidden or moved. Empty here.
     virtual CString GetSubItemText(int column);
 
     // Of image, indent and item data alone.

@@ -61,13 +61,16 @@ BOOL CColumnsDlg::SaveData() {
 }
 
 void CColumnsDlg::ShowRows(int selectedRow) {
+    const int topRow = m_listBox.GetTopIndex();
     m_listBox.SetRedraw(FALSE);
     m_listBox.ResetContent();
     for (const quorvel::ColumnsDialogList::Row& row : m_rows->Rows()) {
         const int added = m_listBox.AddString(row.heading);
         m_listBox.SetItemData(added, static_cast<DWORD_PTR>(row.trueColumn));
         m_listBox.SetCheck(added, row.isChecked ? BST_CHECKED : BST_UNCHECKED);
+        m_listBox.Enable(added, !row.isLocked);
     }
+    m_listBox.SetTopIndex(topRow);
     m_listBox.SetCurSel(selectedRow);
     m_listBox.SetRedraw();
     m_listBox.Invalidate();

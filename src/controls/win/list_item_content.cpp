@@ -21,11 +21,14 @@ LVITEMW ReadCell(const CListCtrl& list, int item, int subItem, CString& text) {
         }
         cell.iItem = item;
         cell.iSubItem = subItem;
-        cell.pszText = text.GetBuffer(size);
+        WCHAR* const buffer = text.GetBuffer(size);
+        cell.pszText = buffer;
         cell.cchTextMax = size;
         const bool isRead = list.GetItem(&cell) && cell.pszText != LPSTR_TEXTCALLBACKW;
-        text.ReleaseBuffer(isRead ? -1 : 0);
-        if (!isRead || text.GetLength() < size - 1)
+        text.ReleaseBuffer(isRead && cell.pszText == buffer ? -1 : 0);
+        if (isRead && cell.pszText != buffer)
+            text = cell.pszText; // the list may point to a text of its own
+        if (!isRead || cell.pszText != buffer || text.GetLength() < size - 1)
             return cell;
     }
 }

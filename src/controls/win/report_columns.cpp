@@ -1,5 +1,7 @@
 #include "controls/win/report_columns.h"
 
+#include <iterator>
+
 namespace quorvel {
 
 int ReportColumns::GetCount() const {
@@ -10,23 +12,44 @@ int ReportColumns::GetCount() const {
 int ReportColumns::Insert(int position, const ColumnRecord& column) {
     if (list.m_hWnd == nullptr)
         return -1;
-    LVCOLUMNW description = {};
-    description.mask = LVCF_FMT | LVCF_TEXT;
+    LVCOLUMNW description = Describe(column);
+    description.mask |= LVCF_FMT | LVCF_TEXT;
+    description.mask &= ~UINT{LVCF_ORDER}; // the position says it
+    isChanging = true;
+    const int inserted = list.InsertColumn(position, &description);
+    isChanging = false;
+    return inserted;
+}
+
+bool ReportColumns::Delete(int insertedColumn) {
+    isChanging = true;
+    const BOOL isDeleted = list.DeleteColumn(insertedColumn);
+    isChanging = false;
+    return isDeleted != FALSE;
+}
+
+LVCOLUMNW ReportColumns::Describe(const ColumnRecord& column) const {
+    const auto given = descriptions.find(column.trueColumn);
+    LVCOLUMNW description = given != descriptions.end() ? given->second : LVCOLUMNW();
     description.fmt = column.format;
     description.pszText = const_cast<WCHAR*>(column.heading.GetString()); // only read
     if (column.width != -1) {
         description.mask |= LVCF_WIDTH;
         description.cx = column.width;
     }
-    if (column.subItem != -1) {
-        description.mask |= LVCF_SUBITEM;
-        description.iSubItem = column.subItem;
-    }
-    return list.InsertColumn(position, &description);
+    return description;
 }
 
-bool ReportColumns::Delete(int insertedColumn) {
-    return list.DeleteColumn(insertedColumn) != FALSE;
+void ReportColumns::ReadDescription(int insertedColumn, UINT mask) {
+    WCHAR heading[260]; // all that a header shows
+    LVCOLUMNW description = {};
+    description.mask = LVCF_TEXT | LVCF_FMT;
+    description.pszText = heading;
+    description.cchTextMax = static_cast<int>(std::size(heading));
+    if (list.GetColumn(insertedColumn, &description))
+        columns.Redefine(columns.GetTrueColumn(insertedColumn),
+                         (mask & LVCF_TEXT) != 0 ? description.pszText : nullptr,
+                         description.fmt & kColumnAlignmentMask);
 }
 
 void ReportColumns::SetAlignment(int insertedColumn, int alignment) {
@@ -69,6 +92,10 @@ void ReportColumns::LoadDefaultWidths() {
 
 bool ReportColumns::CanBeHidden(int trueColumn) const {
     return list.CanVaskColumnBeHidden(trueColumn) != FALSE;
+}
+
+void ReportColumns::OnShow(int trueColumn, int insertedColumn) {
+    list.OnShowVaskColumn(trueColumn, insertedColumn);
 }
 
 void ReportColumns::OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition) {

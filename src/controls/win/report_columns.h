@@ -5,6 +5,8 @@
 
 #include "controls/columns.h"
 
+#include <map>
+
 namespace quorvel {
 
 struct ReportColumns final : ColumnView {
@@ -22,10 +24,18 @@ struct ReportColumns final : ColumnView {
     int GetDefaultWidth(int trueColumn) const override;
     void LoadDefaultWidths() override;
     bool CanBeHidden(int trueColumn) const override;
+    void OnShow(int trueColumn, int insertedColumn) override;
     void OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition) override;
+
+    // A column as it was given, with what has changed since.
+    LVCOLUMNW Describe(const ColumnRecord& column) const;
+    // The program has set this part of an inserted column's description.
+    void ReadDescription(int insertedColumn, UINT mask);
 
     CVaskListCtrl& list;
     Columns columns;
+    std::map<int, LVCOLUMNW> descriptions; // by true column, as they were given
+    bool isChanging = false; // sends the list-view's messages that insert and delete columns
 };
 
 } // namespace quorvel

@@ -22,11 +22,11 @@ ON_MESSAGE(WM_RBUTTONDOWN, &CVaskListCtrl::OnMouseDown)
 ON_MESSAGE(WM_RBUTTONDBLCLK, &CVaskListCtrl::OnMouseDown)
 ON_MESSAGE(WM_SETREDRAW, &CVaskListCtrl::OnSetRedraw)
 ON_MESSAGE(WM_SETFONT, &CVaskListCtrl::OnSetFont)
-ON_MESSAGE(LVM_SETCOLUMNW, &CVaskListCtrl::OnColumnsChange)
-ON_MESSAGE(LVM_SETCOLUMNA, &CVaskListCtrl::OnColumnsChange)
-ON_MESSAGE(LVM_INSERTCOLUMNW, &CVaskListCtrl::OnColumnsChange)
-ON_MESSAGE(LVM_INSERTCOLUMNA, &CVaskListCtrl::OnColumnsChange)
-ON_MESSAGE(LVM_DELETECOLUMN, &CVaskListCtrl::OnColumnsChange)
+ON_MESSAGE(LVM_SETCOLUMNW, &CVaskListCtrl::OnSetColumn)
+ON_MESSAGE(LVM_SETCOLUMNA, &CVaskListCtrl::OnSetColumn)
+ON_MESSAGE(LVM_INSERTCOLUMNW, &CVaskListCtrl::OnInsertColumn)
+ON_MESSAGE(LVM_INSERTCOLUMNA, &CVaskListCtrl::OnInsertColumn)
+ON_MESSAGE(LVM_DELETECOLUMN, &CVaskListCtrl::OnDeleteColumn)
 ON_MESSAGE(LVM_INSERTITEMW, &CVaskListCtrl::OnRowsChange)
 ON_MESSAGE(LVM_INSERTITEMA, &CVaskListCtrl::OnRowsChange)
 ON_MESSAGE(LVM_DELETEITEM, &CVaskListCtrl::OnRowsChange)
@@ -42,13 +42,40 @@ CVaskListCtrl::CVaskListCtrl() : m_columns(std::make_unique<quorvel::ReportColum
 CVaskListCtrl::~CVaskListCtrl() {
     if (m_hWnd != nullptr)
         CVaskListCtrl::DestroyWindow(); // while the messages of its end find the members
+    else
+        DetachHeader(); // of a list-view that goes on without this object
+}
+
+std::unique_ptr<CVaskListCtrlHeaderCtrl> CVaskListCtrl::MakeHeaderCtrl() {
+    return std::make_unique<CVaskListCtrlHeaderCtrl>();
 }
 
 // A list that is being created has its header only after WM_CREATE, one without the report view
 // when that is chosen.
 void CVaskListCtrl::AttachHeader() {
-    if (m_header.m_hWnd == nullptr && m_hWnd != nullptr)
-        m_header.SubclassWindow(reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER)));
+    const HWND header = reinterpret_cast<HWND>(::SendMessageW(m_hWnd, LVM_GETHEADER, 0, 0));
+    if (header == nullptr || header == HeaderWindow())
+        return;
+    DetachHeader();
+    if (m_header == nullptr)
+        m_header = MakeHeaderCtrl();
+    if (m_header != nullptr && m_header->SubclassWindow(header))
+        UpdateSortArrow();
+}
+
+void CVaskListCtrl::DetachHeader() {
+    if (HeaderWindow() != nullptr)
+        m_header->UnsubclassWindow();
+}
+
+HWND CVaskListCtrl::Detach() {
+    DetachHeader();
+    return CListCtrl::Detach();
+}
+
+HWND CVaskListCtrl::UnsubclassWindow() {
+    DetachHeader();
+    return CListCtrl::UnsubclassWindow();
 }
 
 void CVaskListCtrl::PreSubclassWindow() {
@@ -108,23 +135,30 @@ int CVaskListCtrl::InsertVaskColumn(int position, const VASKCOLUMN* column) {
         record.format = description.fmt;
     if ((description.mask & LVCF_WIDTH) != 0)
         record.width = description.cx;
-    if ((description.mask & LVCF_SUBITEM) != 0)
-        record.subItem = description.iSubItem;
+    m_columns->descriptions.emplace(record.trueColumn, description);
     const int inserted = m_columns->columns.Insert(position, record);
+    if (!DoesTrueColumnExist(record.trueColumn))
+        m_columns->descriptions.erase(record.trueColumn);
     UpdateSortArrow();
     return inserted;
 }
 
+// The end of a change calls the host when the sort column has gone.
+template <class Act>
+auto CVaskListCtrl::ChangeColumns(Act act) {
+    const Watch watch(*this);
+    const auto result = act(m_columns->columns);
+    if (watch.IsAlive())
+        UpdateSortArrow();
+    return result;
+}
+
 BOOL CVaskListCtrl::ShowVaskColumn(int trueColumn, int show) {
-    const bool isDone = m_columns->columns.Show(trueColumn, show != 0);
-    UpdateSortArrow();
-    return isDone;
+    return ChangeColumns([&](quorvel::Columns& columns) { return columns.Show(trueColumn, show); });
 }
 
 BOOL CVaskListCtrl::DeleteVaskColumn(int trueColumn) {
-    const bool isDone = m_columns->columns.Delete(trueColumn);
-    UpdateSortArrow();
-    return isDone;
+    return ChangeColumns([&](quorvel::Columns& columns) { return columns.Delete(trueColumn); });
 }
 
 BOOL CVaskListCtrl::DoesTrueColumnExist(int trueColumn) const {
@@ -143,17 +177,7 @@ BOOL CVaskListCtrl::GetVaskColumn(int trueColumn, VASKCOLUMN* column) const {
     column->trueColumn = record->trueColumn;
     column->visible = record->isVisible;
     column->heading = record->heading;
-    column->column = {};
-    column->column.mask = LVCF_FMT | LVCF_TEXT;
-    column->column.fmt = record->format;
-    if (record->width != -1) {
-        column->column.mask |= LVCF_WIDTH;
-        column->column.cx = record->width;
-    }
-    if (record->subItem != -1) {
-        column->column.mask |= LVCF_SUBITEM;
-        column->column.iSubItem = record->subItem;
-    }
+    column->column = m_columns->Describe(*record);
     return TRUE;
 }
 
@@ -161,8 +185,8 @@ int CVaskListCtrl::GetVaskColumnWidth(int trueColumn) const {
     return DoesTrueColumnExist(trueColumn) ? m_columns->columns.GetWidth(trueColumn) : -1;
 }
 
-void CVaskListCtrl::SetVaskColumnWidth(int trueColumn, int width) {
-    m_columns->columns.SetWidth(trueColumn, width);
+BOOL CVaskListCtrl::SetVaskColumnWidth(int trueColumn, int width) {
+    return m_columns->columns.SetWidth(trueColumn, width);
 }
 
 int CVaskListCtrl::GetTrueColumnCount() const {
@@ -205,16 +229,18 @@ BOOL CVaskListCtrl::SetColumnAlignment(int insertedColumn, UINT alignment) {
     return TRUE;
 }
 
-void CVaskListCtrl::AutoSetColumnWidths(int useHeader) {
+BOOL CVaskListCtrl::AutoSetColumnWidths(int useHeader) {
     const RedrawLock lock(*this);
     const int count = GetInsertedColumnCount();
     for (int i = 0; i < count; ++i)
         SetColumnWidth(i, useHeader ? LVSCW_AUTOSIZE_USEHEADER : LVSCW_AUTOSIZE);
+    return count > 0;
 }
 
-void CVaskListCtrl::ResetColumns() {
+BOOL CVaskListCtrl::ResetColumns() {
     m_columns->columns.Reset();
     UpdateSortArrow();
+    return m_columns->columns.HasRecords();
 }
 
 INT_PTR CVaskListCtrl::EditColumns() {
@@ -241,10 +267,35 @@ BOOL CVaskListCtrl::CanVaskColumnBeHidden(int) {
     return GetInsertedColumnCount() > 1;
 }
 
+void CVaskListCtrl::OnShowVaskColumn(int, int) {}
+
 // The platform drops the arrow when a column's text or format is set.
-LRESULT CVaskListCtrl::OnColumnsChange(WPARAM, LPARAM) {
+LRESULT CVaskListCtrl::OnSetColumn(WPARAM wParam, LPARAM lParam) {
     const LRESULT result = Default();
+    if (result != FALSE)
+        m_columns->ReadDescription(static_cast<int>(wParam),
+                                   reinterpret_cast<const LVCOLUMNW*>(lParam)->mask);
+    UpdateSortArrow();
+    return result;
+}
+
+LRESULT CVaskListCtrl::OnInsertColumn(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    if (result >= 0 && !m_columns->isChanging && m_columns->columns.HasRecords())
+        m_columns->columns.UpdateInsertedVaskColumnsMap(static_cast<int>(result), true);
     AttachHeader();
+    UpdateSortArrow();
+    return result;
+}
+
+LRESULT CVaskListCtrl::OnDeleteColumn(WPARAM wParam, LPARAM) {
+    const int inserted = static_cast<int>(wParam);
+    const bool isMapped = !m_columns->isChanging && m_columns->columns.HasRecords();
+    if (isMapped && GetTrueColumn(inserted) >= 0)
+        return DeleteVaskColumn(GetTrueColumn(inserted));
+    const LRESULT result = Default();
+    if (result != FALSE && isMapped)
+        m_columns->columns.UpdateInsertedVaskColumnsMap(inserted, false);
     UpdateSortArrow();
     return result;
 }
@@ -252,17 +303,22 @@ LRESULT CVaskListCtrl::OnColumnsChange(WPARAM, LPARAM) {
 // Sorting
 
 void CVaskListCtrl::UpdateSortArrow() {
-    m_header.SetSort(GetInsertedColumn(GetSortColumn()), IsSortAscending());
+    if (m_header != nullptr)
+        m_header->SetSort(GetInsertedColumn(GetSortColumn()), IsSortAscending());
 }
 
-void CVaskListCtrl::SetSortColumn(int trueColumn) {
+BOOL CVaskListCtrl::SetSortColumn(int trueColumn) {
+    if (trueColumn < -1)
+        return FALSE;
     m_columns->columns.SetSort(trueColumn, IsSortAscending());
     UpdateSortArrow();
+    return TRUE;
 }
 
-void CVaskListCtrl::SetSortAscending(BOOL ascending) {
+BOOL CVaskListCtrl::SetSortAscending(BOOL ascending) {
     m_columns->columns.SetSort(GetSortColumn(), ascending != FALSE);
     UpdateSortArrow();
+    return TRUE;
 }
 
 int CVaskListCtrl::GetSortColumn() const {
@@ -279,9 +335,10 @@ BOOL CVaskListCtrl::SortItems(int, int, int) {
 
 // An application may keep the state in SortItems itself, and then has the last word.
 BOOL CVaskListCtrl::SortAndKeep(int trueColumn, BOOL ascending, int force) {
+    const Watch watch(*this);
     const int columnBefore = GetSortColumn();
     const BOOL directionBefore = IsSortAscending();
-    if (trueColumn < 0 || !SortItems(trueColumn, ascending, force))
+    if (trueColumn < 0 || !SortItems(trueColumn, ascending, force) || !watch.IsAlive())
         return FALSE;
     if (GetSortColumn() == columnBefore && IsSortAscending() == directionBefore) {
         m_columns->columns.SetSort(trueColumn, ascending != FALSE);
@@ -306,14 +363,15 @@ void CVaskListCtrl::OnDeleteSortColumn(int, int, int) {
     SortAndKeep(GetLeftToRightTrueColumn(0), TRUE, FALSE);
 }
 
-// FALSE: the list-view notifies its parent of the click too.
+// FALSE: the list-view, while it is there, notifies its parent of the click too.
 BOOL CVaskListCtrl::OnHdnItemclick(UINT, NMHDR* header, LRESULT*) {
     const NMHEADERW& click = *reinterpret_cast<const NMHEADERW*>(header);
-    if (header->hwndFrom == m_header.m_hWnd && click.iButton == 0 && !m_isHeaderSortBlocked) {
+    const Watch watch(*this);
+    if (header->hwndFrom == HeaderWindow() && click.iButton == 0 && !m_isHeaderSortBlocked) {
         const auto [trueColumn, isAscending] = m_columns->columns.SortOfHeaderClick(click.iItem);
         SortAndKeep(trueColumn, isAscending, FALSE);
     }
-    return FALSE;
+    return !watch.IsAlive();
 }
 
 // The header's keys and menu
@@ -322,10 +380,10 @@ BOOL CVaskListCtrl::PreTranslateMessage(MSG* message) {
     const bool isShiftTab = message->message == WM_KEYDOWN && message->wParam == VK_TAB &&
                             ::GetKeyState(VK_SHIFT) < 0 && ::GetKeyState(VK_CONTROL) >= 0;
     if (isShiftTab && message->hwnd == m_hWnd && CanFocusHeader()) {
-        m_header.SetFocus();
+        m_header->SetFocus();
         return TRUE;
     }
-    if (isShiftTab && message->hwnd == m_header.m_hWnd) { // the dialog goes on from the list
+    if (isShiftTab && message->hwnd == HeaderWindow()) { // the dialog goes on from the list
         SetFocus();
         message->hwnd = m_hWnd;
     }
@@ -333,16 +391,16 @@ BOOL CVaskListCtrl::PreTranslateMessage(MSG* message) {
 }
 
 bool CVaskListCtrl::CanFocusHeader() const {
-    return m_header.m_hWnd != nullptr && m_header.IsWindowVisible() && m_header.IsWindowEnabled() &&
-           GetInsertedColumnCount() > 0 &&
+    return HeaderWindow() != nullptr && m_header->IsWindowVisible() &&
+           m_header->IsWindowEnabled() && GetInsertedColumnCount() > 0 &&
            (m_columns->columns.HasRecords() || !m_isHeaderSortBlocked);
 }
 
 // Some platforms send the header's message to its parent at once.
 void CVaskListCtrl::OnContextMenu(CWnd* wnd, CPoint point) {
-    if (m_header.m_hWnd != nullptr && wnd == &m_header)
-        m_header.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_header.m_hWnd),
-                             MAKELPARAM(point.x, point.y));
+    if (HeaderWindow() != nullptr && wnd == m_header.get())
+        m_header->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(HeaderWindow()),
+                              MAKELPARAM(point.x, point.y));
     else
         CListCtrl::OnContextMenu(wnd, point);
 }
@@ -368,8 +426,8 @@ void CVaskListCtrl::OnHeaderContextMenu(int, UINT, CPoint point) {
     m_isMenuOpen = false;
     if (command == QUORVEL_COMMAND_COLUMNS)
         EditColumns();
-    else if (m_columns->columns.Toggle(command))
-        UpdateSortArrow();
+    else
+        ChangeColumns([&](quorvel::Columns& columns) { return columns.Toggle(command); });
 }
 
 // State
@@ -379,9 +437,8 @@ BOOL CVaskListCtrl::SaveState(HKEY key, int closeKey) {
 }
 
 BOOL CVaskListCtrl::LoadState(HKEY key, int closeKey) {
-    const BOOL isLoaded = m_columns->columns.LoadState(key, closeKey);
-    UpdateSortArrow();
-    return isLoaded;
+    return ChangeColumns(
+        [&](quorvel::Columns& columns) { return columns.LoadState(key, closeKey); });
 }
 
 BOOL CVaskListCtrl::SaveState(const WCHAR* section) {
@@ -389,9 +446,7 @@ BOOL CVaskListCtrl::SaveState(const WCHAR* section) {
 }
 
 BOOL CVaskListCtrl::LoadState(const WCHAR* section) {
-    const BOOL isLoaded = m_columns->columns.LoadState(section);
-    UpdateSortArrow();
-    return isLoaded;
+    return ChangeColumns([&](quorvel::Columns& columns) { return columns.LoadState(section); });
 }
 
 BOOL CVaskListCtrl::SaveState(const CRegistryPath& path) {
@@ -399,7 +454,5 @@ BOOL CVaskListCtrl::SaveState(const CRegistryPath& path) {
 }
 
 BOOL CVaskListCtrl::LoadState(const CRegistryPath& path) {
-    const BOOL isLoaded = m_columns->columns.LoadState(path);
-    UpdateSortArrow();
-    return isLoaded;
+    return ChangeColumns([&](quorvel::Columns& columns) { return columns.LoadState(path); });
 }

@@ -95,21 +95,23 @@ LRESULT CVaskListCtrl::OnMouseDown(WPARAM, LPARAM lParam) {
 // A row that comes or leaves changes which of those below are highlighted, but the platform only
 // moves their picture.
 LRESULT CVaskListCtrl::OnRowsChange(WPARAM, LPARAM) {
+    const Watch watch(*this);
     const LRESULT result = Default();
-    if (m_areRowsHighlighted)
+    if (watch.IsAlive() && m_areRowsHighlighted)
         Invalidate();
     return result;
 }
 
 // Redrawing
 
-CVaskListCtrl::RedrawLock::RedrawLock(CVaskListCtrl& list) : m_list(list) {
+CVaskListCtrl::RedrawLock::RedrawLock(CVaskListCtrl& list) : m_list(list), m_watch(list) {
     if (m_list.m_redrawLocks++ == 0 && m_list.m_isRedrawn && m_list.m_hWnd != nullptr)
         m_list.DefWindowProc(WM_SETREDRAW, FALSE, 0);
 }
 
 CVaskListCtrl::RedrawLock::~RedrawLock() {
-    if (--m_list.m_redrawLocks > 0 || !m_list.m_isRedrawn || m_list.m_hWnd == nullptr)
+    if (!m_watch.IsAlive() || --m_list.m_redrawLocks > 0 || !m_list.m_isRedrawn ||
+        m_list.m_hWnd == nullptr)
         return;
     m_list.DefWindowProc(WM_SETREDRAW, TRUE, 0);
     m_list.Invalidate();
@@ -122,10 +124,13 @@ LRESULT CVaskListCtrl::OnSetRedraw(WPARAM wParam, LPARAM) {
 
 // Texts and colours
 
-void CVaskListCtrl::SetEmptyText(const WCHAR* text) {
-    m_emptyText = text != nullptr ? text : _T("");
+BOOL CVaskListCtrl::SetEmptyText(const WCHAR* text) {
+    if (text == nullptr)
+        return FALSE;
+    m_emptyText = text;
     if (m_hWnd != nullptr)
         Invalidate();
+    return TRUE;
 }
 
 BOOL CVaskListCtrl::IsValidEmptyTextAlignment(UINT alignment) {
@@ -190,9 +195,9 @@ BOOL CVaskListCtrl::OnNMCustomdraw(NMHDR* header, LRESULT* result) {
 
 void CVaskListCtrl::UpdateFonts() {
     AttachHeader();
-    if (m_header.m_hWnd == nullptr)
+    if (HeaderWindow() == nullptr)
         return;
-    m_header.SendMessage(WM_SETFONT, static_cast<WPARAM>(SendMessage(WM_GETFONT)), TRUE);
+    m_header->SendMessage(WM_SETFONT, static_cast<WPARAM>(SendMessage(WM_GETFONT)), TRUE);
     Invalidate();
 }
 
@@ -220,17 +225,18 @@ void CVaskListCtrl::OnPaint() {
     const bool isDrawn = HasEmptyText() && GetItemCount() == 0;
     if (std::exchange(m_isEmptyTextDrawn, isDrawn) || isDrawn)
         Invalidate();
+    const Watch watch(*this);
     Default();
-    if (isDrawn)
+    if (watch.IsAlive() && isDrawn)
         DrawEmptyText();
 }
 
 void CVaskListCtrl::DrawEmptyText() {
     CRect rect;
     GetClientRect(rect);
-    if (m_header.m_hWnd != nullptr && m_header.IsWindowVisible()) {
+    if (HeaderWindow() != nullptr && m_header->IsWindowVisible()) {
         CRect header;
-        m_header.GetClientRect(header);
+        m_header->GetClientRect(header);
         rect.top += header.bottom;
     }
     CClientDC dc(this);

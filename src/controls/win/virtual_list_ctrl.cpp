@@ -3,9 +3,12 @@
 //
 // What users and programs select in the list-view arrives as notifications and is taken over. A
 // change of rows goes the other way: the rows carry their selection along, and the list-view is
-// sent the difference. Rows may change while the list-view is handling a message, in the parent's
-// answer to a notification. The list-view goes on with its former count then, which must not shrink
-// under it: the difference is sent when it has finished.
+// sent the difference.
+//
+// Within some notifications the list-view is walking over its rows, and its count must not shrink
+// under it. Changes of that time are sent when it has finished, and until then the rows answer what
+// is asked of the list-view. Changes while the host does not redraw the list are sent before the
+// next message to it, all at once. Any notification may destroy the list.
 #include <quorvel/controls/win/virtual_list_ctrl.h>
 
 #include <quorvel/framework/win/wait_cursor.h>
@@ -14,6 +17,7 @@
 #include "util/clipboard/win/opened_clipboard.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 using quorvel::RowRun;
@@ -25,10 +29,9 @@ IMPLEMENT_DYNAMIC(CVirtualListCtrl, CVaskListCtrl)
 BEGIN_MESSAGE_MAP(CVirtualListCtrl, CVaskListCtrl)
 ON_NOTIFY_REFLECT(LVN_GETDISPINFOW, &CVirtualListCtrl::OnLvnGetdispinfo)
 ON_NOTIFY_REFLECT(LVN_ODFINDITEMW, &CVirtualListCtrl::OnLvnOdfinditem)
-ON_NOTIFY_REFLECT_EX(LVN_ITEMCHANGED, &CVirtualListCtrl::OnLvnItemchanged)
-ON_NOTIFY_REFLECT_EX(LVN_ODSTATECHANGED, &CVirtualListCtrl::OnLvnOdstatechanged)
 ON_WM_CREATE()
 ON_WM_CHAR()
+ON_MESSAGE(LVM_FINDITEMW, &CVirtualListCtrl::OnFindItem)
 ON_MESSAGE(LVM_SETITEMCOUNT, &CVirtualListCtrl::OnSetItemCount)
 ON_MESSAGE(LVM_INSERTITEMW, &CVirtualListCtrl::OnInsertItem)
 ON_MESSAGE(LVM_INSERTITEMA, &CVirtualListCtrl::OnInsertItem)
@@ -46,16 +49,20 @@ constexpr int kMaxSendings = 16;
 
 constexpr int kUnknownFocus = -2;
 
-// True while it lives.
-class Flagged {
-public:
-    explicit Flagged(bool& flag) : m_flag(flag) { m_flag = true; }
-    Flagged(const Flagged&) = delete;
-    ~Flagged() { m_flag = false; }
-
-private:
-    bool& m_flag;
+// In these the list-view is walking over its rows, or uses a row's index afterwards.
+constexpr UINT kWalkingNotifications[] = {
+    LVN_GETDISPINFOW, LVN_GETDISPINFOA, LVN_ITEMCHANGING, LVN_ITEMCHANGED, LVN_ODSTATECHANGED,
+    LVN_ODCACHEHINT,  LVN_ODFINDITEMW,  LVN_ODFINDITEMA,  NM_CUSTOMDRAW,
 };
+
+bool IsWalkingNotification(UINT code) {
+    return std::ranges::count(kWalkingNotifications, code) > 0;
+}
+
+// For a parent that keeps the notifications to itself: these act on rows from their beginning.
+bool IsWalkingMessage(UINT message) {
+    return message == WM_PAINT || (message >= LVM_FIRST && message < LVM_FIRST + 0x100);
+}
 
 } // namespace
 
@@ -64,9 +71,11 @@ private:
 class CVirtualListCtrl::Change {
 public:
     explicit Change(CVirtualListCtrl& list) : m_list(list), m_generation(list.m_generation) {
-        if (m_list.m_hWnd == nullptr || m_list.m_messageDepth > 0)
+        if (m_list.m_hWnd == nullptr || !m_list.IsListViewCurrent())
             return;
         m_list.ReadSelection();
+        if (m_list.IsDeferring())
+            return;
         m_shown = m_list.m_rows->GetSelectedRuns();
         m_shownFocus = m_list.m_rows->GetFocusedRow();
     }
@@ -75,8 +84,8 @@ public:
     void Send() {
         if (m_list.m_hWnd == nullptr)
             return;
-        if (m_list.m_messageDepth > 0)
-            m_list.m_isSendPending = true;
+        if (m_list.IsDeferring())
+            m_list.m_unsent = Unsent::All;
         else if (m_generation == m_list.m_generation)
             m_list.Send(std::move(m_shown), m_shownFocus);
         else // code of the host has changed rows meanwhile
@@ -90,19 +99,39 @@ private:
     int m_shownFocus = -1;
 };
 
+// A member that is true while it lives.
+class CVirtualListCtrl::Flagged {
+public:
+    Flagged(CVirtualListCtrl& list, bool CVirtualListCtrl::*flag)
+        : m_watch(list), m_list(list), m_flag(flag) {
+        m_list.*m_flag = true;
+    }
+    Flagged(const Flagged&) = delete;
+    ~Flagged() {
+        if (m_watch.IsAlive())
+            m_list.*m_flag = false;
+    }
+
+private:
+    const Watch m_watch;
+    CVirtualListCtrl& m_list;
+    bool CVirtualListCtrl::*const m_flag;
+};
+
 CVirtualListCtrl::CVirtualListCtrl() : m_rows(std::make_unique<VirtualRows>()) {}
 
 CVirtualListCtrl::~CVirtualListCtrl() {
     if (m_hWnd != nullptr)
         CVirtualListCtrl::DestroyWindow(); // while it may still ask for the rows
-    for (CVirtualListCtrlItem* const item : m_rows->RemoveAll())
-        Drop(item);
+    Drop(m_rows->RemoveAll(), m_areItemsAutoDeleted);
 }
 
 // A new window knows nothing of the rows, and of the selection in a former one.
 void CVirtualListCtrl::TakeWindow() {
     m_rows->SelectAll(false);
     m_rows->SetFocusedRow(-1);
+    m_unsent = Unsent::Nothing;
+    m_itemToShow = nullptr;
     if (m_rows->GetCount() > 0)
         SendCount();
 }
@@ -124,12 +153,12 @@ int CVirtualListCtrl::AddItem(CVirtualListCtrlItem* item) {
     const int row = m_rows->Add(item);
     if (row < 0 || m_hWnd == nullptr)
         return row;
-    if (m_messageDepth > 0)
-        m_isSendPending = true;
-    else if (IsRedrawn())
+    if (!IsDeferring())
         SendCount();
-    else
-        m_isCountUnsent = true;
+    else if (m_isWalking || m_isSending || m_isSorting)
+        m_unsent = Unsent::All;
+    else if (m_unsent == Unsent::Nothing)
+        m_unsent = Unsent::Count;
     return row;
 }
 
@@ -152,8 +181,7 @@ BOOL CVirtualListCtrl::DeleteItem(int index) {
     const bool wasSelected = m_rows->IsSelected(index);
     CVirtualListCtrlItem* const item = m_rows->Remove(index);
     SelectInsteadOf(index, wasSelected);
-    change.Send();
-    Drop(item);
+    SendAndDrop(change, {item});
     return TRUE;
 }
 
@@ -176,27 +204,21 @@ int CVirtualListCtrl::DeleteItems(std::vector<int> indexes) {
     if (items.empty())
         return 0;
     SelectInsteadOf(first, wasSelected);
-    change.Send();
-    for (CVirtualListCtrlItem* const item : items)
-        Drop(item);
+    SendAndDrop(change, items);
     return static_cast<int>(items.size());
 }
 
 BOOL CVirtualListCtrl::DeleteAllItems() {
     const RedrawLock lock(*this);
     Change change(*this);
-    const std::vector<CVirtualListCtrlItem*> items = m_rows->RemoveAll();
-    change.Send();
-    for (CVirtualListCtrlItem* const item : items)
-        Drop(item);
+    SendAndDrop(change, m_rows->RemoveAll());
     return TRUE;
 }
 
 void CVirtualListCtrl::ReplaceItems(const std::vector<CVirtualListCtrlItem*>& items) {
     const RedrawLock lock(*this);
     Change change(*this);
-    m_rows->Replace(items);
-    change.Send();
+    SendAndDrop(change, m_rows->Replace(items));
 }
 
 void CVirtualListCtrl::SelectInsteadOf(int removedRow, bool wasSelected) {
@@ -205,9 +227,19 @@ void CVirtualListCtrl::SelectInsteadOf(int removedRow, bool wasSelected) {
         m_rows->Select(row, row, true);
 }
 
-void CVirtualListCtrl::Drop(CVirtualListCtrlItem* item) {
-    if (m_areItemsAutoDeleted)
-        delete item;
+// The list-view lets go of the items before they are deleted.
+void CVirtualListCtrl::SendAndDrop(Change& change,
+                                   const std::vector<CVirtualListCtrlItem*>& items) {
+    const BOOL areDeleted = m_areItemsAutoDeleted;
+    change.Send(); // this list may be gone then
+    Drop(items, areDeleted);
+}
+
+void CVirtualListCtrl::Drop(const std::vector<CVirtualListCtrlItem*>& items, BOOL areDeleted) {
+    for (CVirtualListCtrlItem* const item : items) {
+        if (areDeleted)
+            delete item;
+    }
 }
 
 int CVirtualListCtrl::GetItemCount() const {
@@ -227,7 +259,9 @@ int CVirtualListCtrl::GetItemIndex(CVirtualListCtrlItem* item) const {
 }
 
 CVirtualListCtrlItem* CVirtualListCtrl::GetSelectedItem() const {
-    if (m_hWnd != nullptr && m_messageDepth == 0)
+    if (m_isSorting)
+        return nullptr;
+    if (m_hWnd != nullptr && IsListViewCurrent())
         ReadSelection();
     return m_rows->GetItem(m_rows->GetFirstSelectedRow());
 }
@@ -241,13 +275,17 @@ int CVirtualListCtrl::MoveSelectedItemDown() {
 }
 
 int CVirtualListCtrl::MoveSelected(int direction) {
+    const Watch watch(*this);
     Change change(*this);
     const int row = direction < 0 ? m_rows->MoveSelectedUp() : m_rows->MoveSelectedDown();
     if (row < 0)
         return -1;
     change.Send();
+    if (!watch.IsAlive() || m_hWnd == nullptr)
+        return row;
     const int other = row - direction;
-    RedrawItems(std::min(row, other), std::max(row, other));
+    if (m_unsent == Unsent::Nothing)
+        RedrawItems(std::min(row, other), std::max(row, other));
     ShowRow(row);
     return row;
 }
@@ -257,13 +295,22 @@ BOOL CVirtualListCtrl::SortItems(int column, int ascending, int force) {
     if (!force && column == GetSortColumn() && isAscending == IsSortAscending())
         return FALSE;
     const CWaitCursor cursor;
+    const Watch watch(*this);
     const RedrawLock lock(*this);
     Change change(*this);
-    DoSortItems(column, isAscending);
+    {
+        // No row counts as selected meanwhile. The list-view is not sent that: to unselect and
+        // select 1,000,000 rows takes it seconds.
+        const Flagged sorting(*this, &CVirtualListCtrl::m_isSorting);
+        DoSortItems(column, isAscending);
+    }
+    if (!watch.IsAlive())
+        return TRUE;
     SetSortColumn(column);
     SetSortAscending(isAscending);
     change.Send();
-    ShowRow(m_rows->GetFocusedRow());
+    if (watch.IsAlive())
+        ShowRow(m_rows->GetFocusedRow());
     return TRUE;
 }
 
@@ -275,41 +322,173 @@ CVirtualListCtrl::SortingFunction CVirtualListCtrl::GetSortingFunction(int, int)
     return nullptr;
 }
 
+void CVirtualListCtrl::SortRows(const RowOrder& isBefore) {
+    const RedrawLock lock(*this);
+    Change change(*this);
+    m_rows->SortBy(isBefore);
+    change.Send();
+}
+
 void CVirtualListCtrl::ShowRow(int row) {
-    if (row >= 0 && m_hWnd != nullptr && !m_isSendPending)
+    if (row < 0 || m_hWnd == nullptr)
+        return;
+    if (m_unsent == Unsent::Nothing)
         EnsureVisible(row, FALSE);
+    else
+        m_itemToShow = GetItem(row);
 }
 
 // The list-view's copy of count and selection
 
-// Before anything can ask for it.
+bool CVirtualListCtrl::IsDeferring() const {
+    return m_isWalking || m_isSending || m_isSorting || !IsRedrawn();
+}
+
+bool CVirtualListCtrl::IsListViewCurrent() const {
+    return !m_isWalking && !m_isSending && !m_isSorting && m_unsent == Unsent::Nothing;
+}
+
 LRESULT CVirtualListCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (m_isCountUnsent)
-        SendCount();
+    if (m_isSorting || (m_isWalking && m_unsent != Unsent::Nothing)) {
+        LRESULT answer = 0;
+        if (AnswerFromRows(message, wParam, lParam, answer))
+            return answer;
+    } else if (m_unsent != Unsent::Nothing && !m_isSending) {
+        const Watch watch(*this);
+        SendUnsent(); // before anything can ask for it
+        if (!watch.IsAlive())
+            return 0;
+    }
     return CVaskListCtrl::WindowProc(message, wParam, lParam);
 }
 
 LRESULT CVirtualListCtrl::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const Watch watch(*this);
+    const bool wasWalking = m_isWalking;
+    const bool wasWalkingOutside = std::exchange(m_isWalkingOutside, wasWalking);
+    m_isWalking = wasWalking || IsWalkingMessage(message);
     ++m_messageDepth;
     const LRESULT result = CVaskListCtrl::DefWindowProc(message, wParam, lParam);
-    if (--m_messageDepth == 0 && m_isSendPending && !m_isSending && m_hWnd != nullptr) {
-        Send(ReadSelectedRuns(), kUnknownFocus);
-        Invalidate();
-    }
+    if (!watch.IsAlive())
+        return result;
+    --m_messageDepth;
+    m_isWalking = wasWalking;
+    m_isWalkingOutside = wasWalkingOutside;
+    SendWhenPossible();
     return result;
 }
 
-// Past this class's own handler, which keeps the count from being changed otherwise.
-void CVirtualListCtrl::SendCount() {
-    m_isCountUnsent = false;
-    DefWindowProc(LVM_SETITEMCOUNT, static_cast<WPARAM>(m_rows->GetCount()),
-                  LVSICF_NOINVALIDATEALL);
+// Called before any handler, of this class or a derived one or of the parent.
+BOOL CVirtualListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    if (message == WM_NOTIFY) {
+        const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
+        TakeOver(header);
+        if (m_messageDepth > 0)
+            m_isWalking = m_isWalkingOutside || IsWalkingNotification(header.code);
+        const Watch watch(*this);
+        SendWhenPossible(); // what was changed in an earlier notification of the same message
+        if (!watch.IsAlive())
+            return TRUE;
+    }
+    return CVaskListCtrl::OnChildNotify(message, wParam, lParam, result);
 }
 
-// A parent that is exchanging its data gets no notifications, and a count that shrinks drops
-// selected rows silently: then the numbers of selected rows differ.
+void CVirtualListCtrl::SendWhenPossible() {
+    if (m_unsent == Unsent::All && m_hWnd != nullptr && !IsDeferring())
+        SendUnsent();
+}
+
+// By the rows where the list-view does not have what it is asked for yet.
+bool CVirtualListCtrl::AnswerFromRows(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& answer) {
+    const int row = static_cast<int>(wParam);
+    const UINT word = static_cast<UINT>(lParam);
+    switch (message) {
+    case LVM_GETITEMCOUNT:
+        answer = m_rows->GetCount();
+        return true;
+    case LVM_GETSELECTEDCOUNT:
+        answer = m_isSorting ? 0 : m_rows->GetSelectedCount();
+        return true;
+    case LVM_GETNEXTITEM:
+        if ((word & ~UINT{LVNI_SELECTED | LVNI_FOCUSED}) != 0) // a place on the screen
+            return false;
+        answer =
+            m_isSorting && (word & LVNI_SELECTED) != 0
+                ? -1
+                : m_rows->GetNextRow(row, (word & LVNI_SELECTED) != 0, (word & LVNI_FOCUSED) != 0);
+        return true;
+    case LVM_GETITEMSTATE:
+        answer = (!m_isSorting && m_rows->IsSelected(row) ? word & LVIS_SELECTED : 0) |
+                 (row == m_rows->GetFocusedRow() && row >= 0 ? word & LVIS_FOCUSED : 0);
+        return true;
+    case LVM_SETITEMSTATE:
+        answer = SetStateOfRows(row, *reinterpret_cast<const LVITEMW*>(lParam));
+        return true;
+    case LVM_ENSUREVISIBLE:
+        answer = m_rows->IsRow(row);
+        m_itemToShow = answer != FALSE ? GetItem(row) : m_itemToShow;
+        return true;
+    default:
+        return false;
+    }
+}
+
+BOOL CVirtualListCtrl::SetStateOfRows(int row, const LVITEMW& item) {
+    const bool isForAll = row == -1;
+    const bool isSelected = (item.state & LVIS_SELECTED) != 0;
+    const bool isSingle = (GetStyle() & LVS_SINGLESEL) != 0;
+    if (!m_rows->IsRow(row) && !isForAll)
+        return FALSE;
+    if ((item.stateMask & LVIS_SELECTED) != 0) {
+        if (isSelected && isSingle && isForAll)
+            return FALSE;
+        if (isForAll || (isSelected && isSingle))
+            m_rows->SelectAll(isSelected && isForAll);
+        m_rows->Select(row, row, isSelected);
+    }
+    if ((item.stateMask & LVIS_FOCUSED) != 0 && !isForAll) {
+        if ((item.state & LVIS_FOCUSED) != 0)
+            m_rows->SetFocusedRow(row);
+        else if (m_rows->GetFocusedRow() == row)
+            m_rows->SetFocusedRow(-1);
+    }
+    return TRUE;
+}
+
+// By a message from outside: the window may not have this object's procedure yet.
+void CVirtualListCtrl::SendCount() {
+    m_unsent = Unsent::Nothing;
+    ::SendMessageW(m_hWnd, LVM_SETITEMCOUNT, static_cast<WPARAM>(m_rows->GetCount()),
+                   LVSICF_NOINVALIDATEALL);
+}
+
+void CVirtualListCtrl::SendUnsent() {
+    if (std::exchange(m_unsent, Unsent::Nothing) == Unsent::Count) {
+        SendCount();
+        return;
+    }
+    const RedrawLock lock(*this);
+    Send(ReadSelectedRuns(), kUnknownFocus);
+}
+
+// What the list-view itself has, past the answers of the rows.
+LRESULT CVirtualListCtrl::Ask(UINT message, int row, LPARAM lParam) const {
+    return const_cast<CVirtualListCtrl*>(this)->CVaskListCtrl::DefWindowProc(
+        message, static_cast<WPARAM>(row), lParam);
+}
+
+// A parent may keep the notifications to itself, and a count that shrinks drops selected rows
+// silently.
 void CVirtualListCtrl::ReadSelection() const {
-    if (static_cast<int>(GetSelectedCount()) != m_rows->GetSelectedCount())
+    const auto isSelected = [this](int row) {
+        return Ask(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0;
+    };
+    const int focusedRow = m_rows->GetFocusedRow();
+    const std::vector<RowRun> runs = m_rows->GetSelectedRuns();
+    if (Ask(LVM_GETSELECTEDCOUNT, 0, 0) != m_rows->GetSelectedCount() ||
+        (focusedRow >= 0 && Ask(LVM_GETITEMSTATE, focusedRow, LVIS_FOCUSED) == 0) ||
+        !std::ranges::all_of(
+            runs, [&](const RowRun& run) { return isSelected(run.first) && isSelected(run.last); }))
         TakeSelection();
 }
 
@@ -317,15 +496,21 @@ void CVirtualListCtrl::TakeSelection() const {
     m_rows->SelectAll(false);
     for (const RowRun& run : ReadSelectedRuns())
         m_rows->Select(run.first, run.last, true);
+    m_rows->SetFocusedRow(static_cast<int>(Ask(LVM_GETNEXTITEM, -1, LVNI_FOCUSED)));
 }
 
 // LVM_GETNEXTITEM walks over the rows in between: all of them after the last selected one.
 std::vector<RowRun> CVirtualListCtrl::ReadSelectedRuns() const {
     std::vector<RowRun> runs;
-    int left = static_cast<int>(GetSelectedCount());
-    if (left > 0 && left >= GetItemCount())
-        return {{0, GetItemCount() - 1}};
-    for (int row = -1; left > 0 && (row = GetNextItem(row, LVNI_SELECTED)) >= 0; --left) {
+    const int count = static_cast<int>(Ask(LVM_GETITEMCOUNT, 0, 0));
+    int left = static_cast<int>(Ask(LVM_GETSELECTEDCOUNT, 0, 0));
+    if (left > 0 && left >= count)
+        return {{0, count - 1}};
+    int row = -1;
+    for (; left > 0; --left) {
+        row = static_cast<int>(Ask(LVM_GETNEXTITEM, row, LVNI_SELECTED));
+        if (row < 0)
+            break;
         if (!runs.empty() && runs.back().last + 1 == row)
             runs.back().last = row;
         else
@@ -337,28 +522,35 @@ std::vector<RowRun> CVirtualListCtrl::ReadSelectedRuns() const {
 // Starts over when the rows change while it is sending.
 void CVirtualListCtrl::Send(std::vector<RowRun> shown, int shownFocus) {
     ++m_generation;
-    const Flagged sending(m_isSending);
-    for (int i = 0; i < kMaxSendings; ++i) {
-        m_isSendPending = false;
-        SendCount();
-        if (i > 0)
-            shown = ReadSelectedRuns();
-        SendDifference(shown, i > 0 ? kUnknownFocus : shownFocus);
-        if (!m_isSendPending || m_hWnd == nullptr)
-            return;
+    const Watch watch(*this);
+    {
+        const Flagged sending(*this, &CVirtualListCtrl::m_isSending);
+        for (int i = 0; i == 0 || (m_unsent != Unsent::Nothing && i < kMaxSendings); ++i) {
+            SendCount();
+            if (i > 0)
+                shown = ReadSelectedRuns();
+            SendDifference(shown, i > 0 ? kUnknownFocus : shownFocus);
+            if (!watch.IsAlive() || m_hWnd == nullptr)
+                return;
+        }
     }
-    m_isSendPending = false;
-    SendCount();
-    TakeSelection();
+    if (m_unsent != Unsent::Nothing) {
+        SendCount();
+        TakeSelection();
+    }
+    ShowRow(GetItemIndex(std::exchange(m_itemToShow, nullptr)));
 }
 
 void CVirtualListCtrl::SendDifference(const std::vector<RowRun>& shown, int shownFocus) {
+    const Watch watch(*this);
     for (const SelectionMessage& message :
          quorvel::PlanSelection(shown, m_rows->GetSelectedRuns(), GetItemCount())) {
         m_isSendingAll = message.row == SelectionMessage::kAllRows;
         SetItemState(message.row, message.isSelected ? LVIS_SELECTED : 0, LVIS_SELECTED);
+        if (!watch.IsAlive())
+            return;
         m_isSendingAll = false;
-        if (m_isSendPending || m_hWnd == nullptr)
+        if (m_unsent != Unsent::Nothing || m_hWnd == nullptr)
             return;
     }
     const int row = m_rows->GetFocusedRow();
@@ -368,32 +560,31 @@ void CVirtualListCtrl::SendDifference(const std::vector<RowRun>& shown, int show
     SetItemState(row, LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
-// FALSE from these two: the parent is notified too.
-
-BOOL CVirtualListCtrl::OnLvnItemchanged(NMHDR* header, LRESULT*) {
-    const NMLISTVIEW& change = *reinterpret_cast<const NMLISTVIEW*>(header);
-    const UINT changed = change.uNewState ^ change.uOldState;
-    if (change.iItem < 0) { // all rows, and only some of them may have changed
-        if (!m_isSendingAll)
-            TakeSelection();
-        return FALSE;
+void CVirtualListCtrl::TakeOver(const NMHDR& header) {
+    if (header.code == LVN_ITEMCHANGED) {
+        const NMLISTVIEW& change = reinterpret_cast<const NMLISTVIEW&>(header);
+        TakeOverItem(change.iItem, change.uNewState, change.uNewState ^ change.uOldState);
+    } else if (header.code == LVN_ODSTATECHANGED) {
+        const NMLVODSTATECHANGE& change = reinterpret_cast<const NMLVODSTATECHANGE&>(header);
+        if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0)
+            m_rows->Select(change.iFrom, change.iTo, (change.uNewState & LVIS_SELECTED) != 0);
     }
-    if ((changed & LVIS_SELECTED) != 0)
-        m_rows->Select(change.iItem, change.iItem, (change.uNewState & LVIS_SELECTED) != 0);
-    if ((changed & LVIS_FOCUSED) != 0) {
-        if ((change.uNewState & LVIS_FOCUSED) != 0)
-            m_rows->SetFocusedRow(change.iItem);
-        else if (m_rows->GetFocusedRow() == change.iItem)
-            m_rows->SetFocusedRow(-1);
-    }
-    return FALSE;
 }
 
-BOOL CVirtualListCtrl::OnLvnOdstatechanged(NMHDR* header, LRESULT*) {
-    const NMLVODSTATECHANGE& change = *reinterpret_cast<const NMLVODSTATECHANGE*>(header);
-    if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0)
-        m_rows->Select(change.iFrom, change.iTo, (change.uNewState & LVIS_SELECTED) != 0);
-    return FALSE;
+void CVirtualListCtrl::TakeOverItem(int row, UINT state, UINT changed) {
+    if (row < 0) { // all rows, and only some of them may have changed
+        if (!m_isSendingAll)
+            TakeSelection();
+        return;
+    }
+    if ((changed & LVIS_SELECTED) != 0)
+        m_rows->Select(row, row, (state & LVIS_SELECTED) != 0);
+    if ((changed & LVIS_FOCUSED) != 0) {
+        if ((state & LVIS_FOCUSED) != 0)
+            m_rows->SetFocusedRow(row);
+        else if (m_rows->GetFocusedRow() == row)
+            m_rows->SetFocusedRow(-1);
+    }
 }
 
 // What the list-view asks for
@@ -418,18 +609,22 @@ void CVirtualListCtrl::OnLvnGetdispinfo(NMHDR* header, LRESULT*) {
     ::lstrcpynW(asked.pszText, text, asked.cchTextMax);
 }
 
-// Typed letters come with both flags; where they start depends on the platform's version. A search
-// of the program's starts after the row that it names.
+// Only typed letters come here; where they start depends on the platform's version.
 void CVirtualListCtrl::OnLvnOdfinditem(NMHDR* header, LRESULT* result) {
     const NMLVFINDITEMW& find = *reinterpret_cast<const NMLVFINDITEMW*>(header);
-    const UINT flags = find.lvfi.flags;
-    const bool wraps = (flags & LVFI_WRAP) != 0;
-    const bool isPart = (flags & LVFI_PARTIAL) != 0;
-    *result = -1;
-    if (wraps && isPart)
-        *result = m_rows->FindTyped(find.lvfi.psz, m_rows->GetFocusedRow());
-    else if ((flags & (LVFI_STRING | LVFI_PARTIAL)) != 0)
-        *result = m_rows->Find(find.lvfi.psz, find.iStart + 1, !isPart, wraps);
+    *result = m_rows->FindTyped(find.lvfi.psz, m_rows->GetFocusedRow());
+}
+
+// A search of the program's.
+LRESULT CVirtualListCtrl::OnFindItem(WPARAM wParam, LPARAM lParam) {
+    const LVFINDINFOW* const find = reinterpret_cast<const LVFINDINFOW*>(lParam);
+    if (find == nullptr)
+        return -1;
+    const bool isPart = (find->flags & LVFI_PARTIAL) != 0;
+    if (!isPart && (find->flags & LVFI_STRING) == 0)
+        return Default();
+    return m_rows->Find(find->psz, static_cast<int>(wParam) + 1, !isPart,
+                        (find->flags & LVFI_WRAP) != 0);
 }
 
 void CVirtualListCtrl::OnChar(UINT character, UINT repeats, UINT flags) {

@@ -21,6 +21,10 @@ IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
 IMPLEMENT_DYNAMIC(CSpinButtonCtrl, CWnd)
 IMPLEMENT_DYNAMIC(CToolTipCtrl, CWnd)
 
+BEGIN_MESSAGE_MAP(CListCtrl, CWnd)
+ON_WM_DRAWITEM_REFLECT()
+END_MESSAGE_MAP()
+
 namespace {
 
 // A row's text of a list box or combo box, by its messages for the length and for the text.
@@ -36,6 +40,20 @@ void ReadRow(const CWnd& list, UINT lengthMessage, UINT textMessage, int row, CS
 
 LPARAM HandleOfImages(const CImageList* images) {
     return reinterpret_cast<LPARAM>(images != nullptr ? images->m_hImageList : nullptr);
+}
+
+LVITEMW ItemOf(UINT mask, int item, int subItem, const WCHAR* text, UINT state, UINT stateMask,
+               int image, LPARAM data) {
+    LVITEMW description = {};
+    description.mask = mask;
+    description.iItem = item;
+    description.iSubItem = subItem;
+    description.state = state;
+    description.stateMask = stateMask;
+    description.pszText = const_cast<LPWSTR>(text); // only read
+    description.iImage = image;
+    description.lParam = data;
+    return description;
 }
 
 CImageList* ImagesOf(LRESULT list) {
@@ -91,20 +109,31 @@ int CListCtrl::InsertColumn(int column, const WCHAR* heading, int format, int wi
 }
 
 BOOL CListCtrl::GetColumnOrderArray(int* columns, int count) const {
+    const CHeaderCtrl* const header = GetHeaderCtrl();
+    if (header == nullptr)
+        return FALSE;
     if (count == -1)
-        count = GetHeaderCtrl()->GetItemCount();
+        count = header->GetItemCount();
     return static_cast<BOOL>(SendMessage(LVM_GETCOLUMNORDERARRAY, static_cast<WPARAM>(count),
                                          reinterpret_cast<LPARAM>(columns)));
 }
 
 int CListCtrl::InsertItem(int item, const WCHAR* text, int image, LPARAM data) {
-    LVITEMW description = {};
-    description.mask = LVIF_TEXT | LVIF_PARAM | (image != -1 ? UINT{LVIF_IMAGE} : 0u);
-    description.iItem = item;
-    description.pszText = const_cast<LPWSTR>(text);
-    description.iImage = image;
-    description.lParam = data;
+    const UINT mask = LVIF_TEXT | LVIF_PARAM | (image != -1 ? UINT{LVIF_IMAGE} : 0u);
+    return InsertItem(mask, item, text, 0, 0, image, data);
+}
+
+int CListCtrl::InsertItem(UINT mask, int item, const WCHAR* text, UINT state, UINT stateMask,
+                          int image, LPARAM data) {
+    const LVITEMW description = ItemOf(mask, item, 0, text, state, stateMask, image, data);
     return InsertItem(&description);
+}
+
+BOOL CListCtrl::SetItem(int item, int subItem, UINT mask, const WCHAR* text, int image, UINT state,
+                        UINT stateMask, LPARAM data, int indent) {
+    LVITEMW description = ItemOf(mask, item, subItem, text, state, stateMask, image, data);
+    description.iIndent = indent;
+    return SetItem(&description);
 }
 
 CString CListCtrl::GetItemText(int item, int subItem) const {
@@ -123,6 +152,17 @@ CString CListCtrl::GetItemText(int item, int subItem) const {
             return text;
         }
     }
+}
+
+int CListCtrl::GetItemText(int item, int subItem, WCHAR* buffer, int size) const {
+    if (buffer == nullptr || size <= 0)
+        return 0;
+    LVITEMW description = {};
+    description.iSubItem = subItem;
+    description.pszText = buffer;
+    description.cchTextMax = size;
+    *buffer = 0; // for an item that does not exist
+    return Send(LVM_GETITEMTEXTW, item, &description);
 }
 
 BOOL CListCtrl::SetItemText(int item, int subItem, const WCHAR* text) {
@@ -166,6 +206,13 @@ int CListCtrl::GetNextSelectedItem(POSITION& position) const {
         reinterpret_cast<POSITION>(static_cast<INT_PTR>(GetNextItem(item, LVNI_SELECTED) + 1));
     return item;
 }
+
+CToolTipCtrl* CListCtrl::GetToolTips() const {
+    return static_cast<CToolTipCtrl*>(
+        FromHandle(reinterpret_cast<HWND>(SendMessage(LVM_GETTOOLTIPS))));
+}
+
+void CListCtrl::DrawItem(DRAWITEMSTRUCT*) {}
 
 CEdit* CListCtrl::EditLabel(int item) {
     return static_cast<CEdit*>(

@@ -11,7 +11,8 @@
 
 namespace {
 
-constinit thread_local HWND t_lockedOut = nullptr; // gets no notifications of its controls
+// Gets no notifications of its controls; the controls, some of which answer questions by them, do.
+constinit thread_local HWND t_lockedOut = nullptr;
 
 // Finds out whether a command's update handler would disable it.
 class EnabledTest : public CCmdUI {
@@ -89,11 +90,11 @@ BOOL CWnd::IsEndOfCommand(WPARAM wParam, LPARAM lParam) {
         return !test.m_enabled;
     }
     LRESULT result = 0;
-    return t_lockedOut == m_hWnd || ReflectToControl(WM_COMMAND, wParam, lParam, &result);
+    return ReflectToControl(WM_COMMAND, wParam, lParam, &result) || t_lockedOut == m_hWnd;
 }
 
 BOOL CWnd::IsEndOfNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    return t_lockedOut == m_hWnd || ReflectToControl(WM_NOTIFY, wParam, lParam, result);
+    return ReflectToControl(WM_NOTIFY, wParam, lParam, result) || t_lockedOut == m_hWnd;
 }
 
 void CWnd::UpdateDialogControls(CWnd* target, BOOL disableIfNoHandler) {

@@ -27,6 +27,8 @@ public:
 
     std::function<void(const NMHDR&)> m_onNotify;
     std::function<void()> m_onApp; // at WM_APP
+    std::function<void()> m_onExchange;
+    UINT m_keptCode = 0; // of a notification that its list does not get
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -34,7 +36,10 @@ protected:
             m_onApp();
         return CWnd::WindowProc(message, wParam, lParam);
     }
+    void DoDataExchange(CDataExchange*) override { m_onExchange(); }
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+        if (m_keptCode != 0 && reinterpret_cast<const NMHDR*>(lParam)->code == m_keptCode)
+            return TRUE;
         const BOOL isHandled = CWnd::OnNotify(wParam, lParam, result);
         if (m_onNotify)
             m_onNotify(*reinterpret_cast<const NMHDR*>(lParam));

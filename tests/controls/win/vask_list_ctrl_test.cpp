@@ -92,6 +92,8 @@ TEST(VaskListCtrl, KeepsColumnsByTheirTrueNumbers) {
         {"hide", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE, "3:80 1:60 4:90 | 0:50 2:70"},
         {"width of a hidden one", [&] { return list.SetVaskColumnWidth(0, 55), 0; }, 0,
          "3:80 1:60 4:90 | 0:55 2:70"},
+        {"width of none", [&] { return list.SetVaskColumnWidth(9, 55); }, FALSE,
+         "3:80 1:60 4:90 | 0:55 2:70"},
         {"width of a shown one", [&] { return list.SetVaskColumnWidth(1, 65), 0; }, 0,
          "3:80 1:65 4:90 | 0:55 2:70"},
         {"show where it was", [&] { return list.ShowVaskColumn(0, TRUE); }, TRUE,
@@ -123,6 +125,18 @@ TEST(VaskListCtrl, KeepsColumnsByTheirTrueNumbers) {
         {"reset", [&] { return list.ResetColumns(), 0; }, 0, "0:100 1:100v 2:100 3:100"},
         {"not sorted", [&] { return list.m_sorts = FALSE, list.SortItemsByColumn(2); }, FALSE,
          "0:100 1:100v 2:100 3:100", "2 down;"},
+        {"no sort column", [&] { return list.SetSortColumn(-2); }, FALSE,
+         "0:100 1:100v 2:100 3:100"},
+        // The platform's own messages.
+        {"LVM_DELETECOLUMN", [&] { return list.DeleteColumn(list.GetInsertedColumn(2)); }, TRUE,
+         "0:100 1:100v 3:100"},
+        {"LVM_INSERTCOLUMN", [&] { return list.InsertColumn(0, name, 0, 40); }, 0,
+         "-1:40 0:100 1:100v 3:100"},
+        {"hidden behind it", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE,
+         "-1:40 1:100v 3:100 | 0:100"},
+        {"it is deleted", [&] { return list.DeleteColumn(0); }, TRUE, "1:100v 3:100 | 0:100"},
+        {"shown where it was", [&] { return list.ShowVaskColumn(0, TRUE); }, TRUE,
+         "1:100v 0:100 3:100"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(row.act(), row.result) << row.label;
@@ -160,6 +174,99 @@ TEST(VaskListCtrl, CopiesRecordsAndAlignsTheFirstColumn) {
     EXPECT_TRUE(list.GetVaskColumn(1, &column));
     EXPECT_EQ(column.savedPosition, -1);
     EXPECT_EQ(column.column.mask, static_cast<UINT>(LVCF_FMT | LVCF_TEXT));
+    EXPECT_EQ(CString(column.column.pszText), _T("Date"));
+
+    // All of a descriptor is kept, and what the program changes later.
+    VASKCOLUMN given;
+    given.trueColumn = 2;
+    given.heading = _T("Kind");
+    given.column.mask = LVCF_MINWIDTH | LVCF_WIDTH;
+    given.column.cxMin = 33;
+    given.column.cx = 80;
+    EXPECT_EQ(list.InsertVaskColumn(1, &given), 1);
+    LVCOLUMNW renamed = {};
+    renamed.mask = LVCF_TEXT;
+    renamed.pszText = const_cast<WCHAR*>(_T("Type"));
+    EXPECT_TRUE(list.SetColumn(1, &renamed) && list.SetColumnAlignment(1, LVCFMT_CENTER));
+    EXPECT_TRUE(list.ShowVaskColumn(2, FALSE) && list.ShowVaskColumn(2, TRUE));
+    WCHAR heading[20];
+    shown.mask = LVCF_TEXT | LVCF_FMT | LVCF_MINWIDTH;
+    shown.pszText = heading;
+    shown.cchTextMax = 20;
+    EXPECT_TRUE(list.GetColumn(1, &shown) && list.GetVaskColumn(2, &column));
+    EXPECT_EQ(CString(heading), _T("Type"));
+    EXPECT_EQ(CString(column.column.pszText), _T("Type"));
+    EXPECT_EQ(column.heading, _T("Type"));
+    ExpectCases<int>({
+        CASE(shown.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_CENTER),
+        CASE(shown.cxMin, 33),
+        CASE(column.column.cxMin, 33),
+        CASE(static_cast<int>(column.column.mask), LVCF_MINWIDTH | LVCF_WIDTH),
+    });
+}
+
+int CALLBACK CompareData(LPARAM first, LPARAM second, LPARAM) {
+    return static_cast<int>(first - second);
+}
+
+class COwnHeader : public CVaskListCtrlHeaderCtrl {};
+
+// An ordinary list that sets the texts of a column again.
+class CRefilledList : public CVaskListCtrl {
+protected:
+    std::unique_ptr<CVaskListCtrlHeaderCtrl> MakeHeaderCtrl() override {
+        return std::make_unique<COwnHeader>();
+    }
+    void OnShowVaskColumn(int trueColumn, int insertedColumn) override {
+        CString text;
+        text.Format(_T("text %d"), trueColumn);
+        SetItemText(0, insertedColumn, text);
+    }
+};
+
+TEST(VaskListCtrl, LetsAHostSupplyTheHeaderAndLostTexts) {
+    ListParent parent;
+    CRefilledList list;
+    CVaskListCtrl plain;
+    EXPECT_TRUE(list.Create(WS_VISIBLE | LVS_REPORT, kListPlace, &parent, 5));
+    EXPECT_FALSE(list.AutoSetColumnWidths(TRUE) || list.ResetColumns()) << "no columns";
+    for (int i = 0; i < 3; ++i)
+        list.InsertVaskColumn(i, i, TRUE, _T("Name"), LVCFMT_LEFT, 50);
+    list.InsertItem(0, _T("b"), -1, 2);
+    list.ShowVaskColumn(1, FALSE);
+    list.ShowVaskColumn(1, TRUE);
+    EXPECT_EQ(list.GetItemText(0, 1), _T("text 1"));
+    EXPECT_NE(dynamic_cast<COwnHeader*>(list.GetHeaderCtrl()), nullptr);
+    list.InsertItem(1, _T("a"), -1, 1);
+    EXPECT_TRUE(list.SortItems(CompareData, 0));
+    EXPECT_EQ(RowsOf(list), "a b") << "the platform's sorting";
+
+    // Another object takes the window, header and all, and leaves it as it was.
+    const HWND window = list.UnsubclassWindow();
+    {
+        CVaskListCtrl second;
+        EXPECT_TRUE(second.SubclassWindow(window));
+        EXPECT_EQ(dynamic_cast<COwnHeader*>(second.GetHeaderCtrl()), nullptr);
+        static_cast<CWnd&>(second).UnsubclassWindow();
+    }
+    EXPECT_TRUE(::IsWindow(reinterpret_cast<HWND>(::SendMessageW(window, LVM_GETHEADER, 0, 0))));
+    ::DestroyWindow(window);
+}
+
+TEST(VaskListCtrl, GetsItsNotificationsWhileItsParentExchangesData) {
+    ListParent parent;
+    CReportList list(parent);
+    list.AddColumns(1);
+    list.InsertItem(0, _T("a"));
+    list.InsertItem(1, _T("b"));
+    list.SetRowHighlightColor(RGB(0, 255, 0));
+    list.SetRowsHighlighted();
+    CRect rect;
+    list.GetItemRect(1, rect, LVIR_LABEL);
+    parent.m_onExchange = [&] {
+        EXPECT_EQ(Picture(list).At(rect.right - 4, (rect.top + rect.bottom) / 2), RGB(0, 255, 0));
+    };
+    EXPECT_TRUE(parent.UpdateData());
 }
 
 TEST(VaskListCtrl, IsAPlainListWithoutRecords) {
@@ -381,8 +488,8 @@ TEST(VaskListCtrl, ShowsATextWhileItIsEmpty) {
     list.Invalidate();
     EXPECT_FALSE(bounds().IsRectEmpty()) << "the system's colour of now";
     ::SetSysColors(1, &grey, &former);
-    list.SetEmptyText(nullptr);
-    EXPECT_FALSE(list.HasEmptyText());
+    EXPECT_FALSE(list.SetEmptyText(nullptr) || !list.HasEmptyText());
+    EXPECT_TRUE(list.SetEmptyText(_T("")) && !list.HasEmptyText());
     EXPECT_EQ(list.GetEmptyTextColor(), former);
 }
 

@@ -2,9 +2,11 @@
 #include <quorvel/controls/win/virtual_list_ctrl.h>
 
 #include "controls/win/list_window.h"
+#include "support/message_box_recorder.h"
 
 #include <algorithm>
 #include <concepts>
+#include <cstring>
 
 namespace {
 
@@ -42,15 +44,25 @@ bool IsSizeLess(CVirtualListCtrlItem* const& a, CVirtualListCtrlItem* const& b) 
     return a->GetLParam() < b->GetLParam();
 }
 
-// Column 0 sorts by name, 1 by size, others not at all.
+// Column 0 sorts by name, 1 by size, 3 by what m_last says, others not at all.
 class CRowList : public CVirtualListCtrl {
 public:
-    explicit CRowList(CWnd& parent, DWORD style = 0) {
-        EXPECT_TRUE(Create(WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | style,
-                           kListPlace, &parent, 5));
-        SetAutoDeleteItems();
+    CRowList() { SetAutoDeleteItems(); }
+    explicit CRowList(CWnd& parent, DWORD style = 0) : CRowList() {
+        EXPECT_TRUE(
+            Create(WS_VISIBLE | LVS_REPORT | LVS_SHOWSELALWAYS | style, kListPlace, &parent, 5));
         for (int i = 0; i < 3; ++i)
             InsertVaskColumn(i, i, TRUE, _T("Name"), LVCFMT_LEFT, 60);
+    }
+    using CVirtualListCtrl::ReplaceItems;
+
+    void DoSortItems(int column, int ascending) override {
+        m_selectedInSort = static_cast<int>(GetSelectedCount());
+        if (column != 3)
+            return CVirtualListCtrl::DoSortItems(column, ascending);
+        SortRows([this](CVirtualListCtrlItem* const& a, CVirtualListCtrlItem* const& b) {
+            return RowAt(a).m_name != m_last && RowAt(b).m_name == m_last;
+        });
     }
     SortingFunction GetSortingFunction(int column, int ascending) override {
         return column == 0 ? (ascending ? IsNameLess : IsNameGreater)
@@ -70,7 +82,29 @@ public:
             PostMessage(WM_CHAR, static_cast<WPARAM>(*keys), 1);
         PumpMessages();
     }
+    LPARAM PlaceOf(int row) const {
+        CRect rect;
+        GetItemRect(row, rect, LVIR_LABEL);
+        return MAKELPARAM(rect.left + 4, rect.top + 4);
+    }
+
+    CString m_last;
+    int m_selectedInSort = -1;
+    int m_sentCounts = 0;
+    int m_seenChanges = 0;
+
+protected:
+    LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        m_sentCounts += message == LVM_SETITEMCOUNT;
+        return CVirtualListCtrl::DefWindowProc(message, wParam, lParam);
+    }
+    // As a derived class that keeps these notifications to itself.
+    void OnLvnItemchanged(NMHDR*, LRESULT*) { ++m_seenChanges; }
+    DECLARE_MESSAGE_MAP()
 };
+BEGIN_MESSAGE_MAP(CRowList, CVirtualListCtrl)
+ON_NOTIFY_REFLECT(LVN_ITEMCHANGED, &CRowList::OnLvnItemchanged)
+END_MESSAGE_MAP()
 
 TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
     ListParent parent;
@@ -110,12 +144,46 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
          [&] { return list.Add("abc"), list.SelectAllItems(), list.InsertItem(0, new CRow('z')); },
          0, "z *d *e! *a *b *c"},
         {"sorted", [&] { return list.SortItems(0, TRUE, FALSE); }, TRUE, "*a *b *c *d *e! z"},
+        {"by more than a function",
+         [&] {
+             list.m_last = _T("b");
+             return list.Select(1, 2), list.SortItems(3, TRUE, FALSE) + list.m_selectedInSort;
+         },
+         TRUE, "a *c! d e z *b"},
+        {"filtered",
+         [&] {
+             list.ReplaceItems({list.GetItem(5), list.GetItem(3), list.GetItem(1), nullptr});
+             return CRow::s_count;
+         },
+         3, "*b e *c!"},
+        {"the focused one filtered away",
+         [&] {
+             return list.ReplaceItems({list.GetItem(0), list.GetItem(1)}), 0;
+         },
+         0, "*b e!"},
+        {"more again",
+         [&] { return list.Add("dcza"), list.SortItems(0, TRUE, FALSE), list.m_selectedInSort; }, 0,
+         "a *b c d e! z"},
         {"all but one",
          [&] {
              return list.SelectAllItems(), list.SelectItem(2, FALSE),
                     list.SortItems(0, FALSE, FALSE);
          },
          TRUE, "*z *e! *d c *b *a"},
+        {"many while not redrawn",
+         [&] {
+             list.SetRedraw(FALSE);
+             list.m_sentCounts = 0;
+             for (const char name : {'p', 'q', 'r'})
+                 list.InsertItem(0, new CRow(static_cast<WCHAR>(name)));
+             list.DeleteItem(1);
+             list.DeleteItem(1);
+             const int sent = list.m_sentCounts;
+             list.SetRedraw();
+             return 10 * sent + list.m_sentCounts;
+         },
+         1, "r *z *e! *d c *b *a"},
+        {"and back", [&] { return list.DeleteItem(0); }, TRUE, "*z *e! *d c *b *a"},
         // The platform's own messages.
         {"LVM_DELETEITEM", [&] { return static_cast<CListCtrl&>(list).DeleteItem(0); }, TRUE,
          "*e! *d c *b *a"},
@@ -189,6 +257,16 @@ TEST(VirtualListCtrl, KeepsTheFocusedRowInViewAndLeavesItemsToTheirOwner) {
     }
     EXPECT_EQ(CRow::s_count, 100);
     owned.clear();
+
+    CRowList subclassing; // rows before a dialog attaches it to its control, each time it opens
+    subclassing.Add("ab");
+    for (int i = 0; i < 2; ++i) {
+        subclassing.SubclassWindow(
+            ::CreateWindowExW(0, WC_LISTVIEWW, nullptr, WS_CHILD | LVS_REPORT | LVS_OWNERDATA, 0, 0,
+                              100, 100, parent.m_hWnd, nullptr, nullptr, nullptr));
+        EXPECT_EQ(RowsOf(subclassing), "a b");
+        EXPECT_TRUE(subclassing.DestroyWindow());
+    }
 
     CVirtualListCtrl later; // rows before the window
     later.SetAutoDeleteItems();
@@ -272,6 +350,8 @@ TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
         CASE(find(LVFI_STRING, _T("b"), -1), 1),
         CASE(find(LVFI_STRING, _T("b"), 1), 2),
         CASE(find(LVFI_STRING | LVFI_WRAP, _T("b"), 2), 1),
+        CASE(find(LVFI_STRING | LVFI_WRAP, _T("a"), 3), 0),
+        CASE(find(LVFI_PARTIAL | LVFI_WRAP, _T("b"), 1), 2), // no typing
         CASE(find(LVFI_STRING, nullptr, -1), -1),
     });
 }
@@ -360,6 +440,175 @@ TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
     list.Invalidate();
     list.UpdateWindow();
     EXPECT_EQ(list.GetItemCount(), 0);
+}
+
+// What is asked of the list in a notification is answered by the rows of now, whether or not the
+// list-view has them yet.
+TEST(VirtualListCtrl, IsUpToDateInNotifications) {
+    typedef CRowList& List;
+    const auto key = [](UINT code) {
+        return [code](List list) { list.SendMessage(WM_KEYDOWN, code, 1); };
+    };
+    const auto doubleClick = [](List list) {
+        list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, list.PlaceOf(1));
+    };
+    const auto deleteSelected = [](List list) {
+        for (UINT n = list.GetSelectedCount(); n > 0; --n)
+            list.DeleteItem(list.GetNextItem(-1, LVNI_SELECTED));
+    };
+    const auto addAndShow = [](List list) {
+        for (int i = 0; i < 50; ++i) {
+            list.UnselectAllItems();
+            const int row = list.AddItem(new CRow(static_cast<WCHAR>('A' + i)));
+            EXPECT_TRUE(list.SelectItem(row) && list.EnsureVisible(row, FALSE));
+            EXPECT_TRUE(list.IsItemSelected(row) && list.GetSingleSelectionItem() == row);
+            EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), row);
+        }
+        list.DeleteItems({4, 5, 6, 7, 8, 9});
+    };
+    const auto unselectOne = [](List list) { list.SelectItem(1, FALSE); };
+    const struct {
+        const char* label;
+        UINT code; // of the notification
+        std::function<void(List)> act, onNotify;
+        const char* begin;
+        int lastRow;
+    } rows[] = {
+        {"selected ones deleted by a key", LVN_KEYDOWN, key(VK_DELETE), deleteSelected, "*b", 0},
+        {"some inserted by a key", LVN_KEYDOWN, key(VK_INSERT), addAndShow, "d c a b G", 47},
+        {"changed by a double click", NM_DBLCLK, doubleClick, addAndShow, "d c a b G", 47},
+        {"changed while the selection changes", LVN_ITEMCHANGED, unselectOne, addAndShow,
+         "d c a b G", 47},
+        {"deleted while the selection changes", LVN_ITEMCHANGED, unselectOne, deleteSelected,
+         "c! *b", 1},
+    };
+    for (const auto& row : rows) {
+        ListParent parent;
+        CRowList list(parent);
+        list.Add("dcab");
+        list.Select(2, 1, 0);
+        bool isFirst = true;
+        parent.m_onNotify = [&](const NMHDR& header) {
+            if (header.code != row.code || !std::exchange(isFirst, false))
+                return;
+            row.onNotify(list);
+            EXPECT_EQ(list.SendMessage(LVM_GETITEMCOUNT), list.GetItemCount()) << row.label;
+        };
+        row.act(list);
+        parent.m_onNotify = nullptr;
+        EXPECT_FALSE(isFirst) << row.label;
+        EXPECT_EQ(RowsOf(list).substr(0, std::strlen(row.begin)), row.begin) << row.label;
+        EXPECT_EQ(list.GetItemCount(), row.lastRow + 1) << row.label;
+        EXPECT_TRUE(list.IsItemSelected(row.lastRow)) << row.label;
+        EXPECT_EQ(list.GetTopIndex() > 0, row.lastRow > 1) << row.label;
+    }
+
+    ListParent parent;
+    CRowList list(parent);
+    list.Add("cba");
+    list.Select(1);
+    parent.m_keptCode = static_cast<UINT>(LVN_ITEMCHANGED); // a parent that passes nothing on
+    list.Select(2);
+    list.SortItems(0, TRUE, FALSE);
+    EXPECT_EQ(RowsOf(list), "*a! b c");
+}
+
+// Its memory shows what is written after its end.
+class CDoomedList : public CRowList {
+public:
+    using CRowList::CRowList;
+    static void operator delete(void* memory, std::size_t size) {
+        s_memory = static_cast<unsigned char*>(memory);
+        s_size = size;
+        std::memset(memory, 0xdd, size);
+    }
+    static bool IsUntouched() {
+        const bool isUntouched = s_size > 0 && std::all_of(s_memory, s_memory + s_size,
+                                                           [](int byte) { return byte == 0xdd; });
+        ::operator delete(s_memory);
+        s_size = 0;
+        return isUntouched;
+    }
+    BOOL SortItems(int column, int ascending, int force) override {
+        if (!m_endsInSort)
+            return CRowList::SortItems(column, ascending, force);
+        delete this;
+        return TRUE;
+    }
+    bool m_endsInSort = false;
+
+private:
+    static inline unsigned char* s_memory = nullptr;
+    static inline std::size_t s_size = 0;
+};
+
+TEST(VirtualListCtrl, MayBeDestroyedInItsNotifications) {
+    typedef CDoomedList& List;
+    const struct {
+        const char* label;
+        UINT code;
+        std::function<void(List)> act;
+    } rows[] = {
+        {"at a key", LVN_KEYDOWN, [](List list) { list.SendMessage(WM_KEYDOWN, VK_DELETE, 1); }},
+        {"at a double click", NM_DBLCLK,
+         [](List list) { list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, list.PlaceOf(0)); }},
+        {"at a click of the header", LVN_COLUMNCLICK,
+         [](List list) {
+             NMHEADERW click = {};
+             click.hdr = {list.GetHeaderCtrl()->m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
+             list.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+         }},
+        {"sorted by the header", 0,
+         [](List list) {
+             NMHEADERW click = {};
+             click.hdr = {list.GetHeaderCtrl()->m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
+             list.m_endsInSort = true;
+             list.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+         }},
+        {"the sort column hidden", 0,
+         [](List list) {
+             list.SortItems(0, TRUE, FALSE);
+             list.m_endsInSort = true;
+             list.ShowVaskColumn(0, FALSE);
+         }},
+        {"the sort column deleted", 0,
+         [](List list) {
+             list.SortItems(0, TRUE, FALSE);
+             list.m_endsInSort = true;
+             list.DeleteVaskColumn(0);
+         }},
+        {"while sorting", LVN_ITEMCHANGED, [](List list) { list.SortItems(0, TRUE, FALSE); }},
+        {"while deleting", LVN_ITEMCHANGED, [](List list) { list.DeleteItem(2); }},
+        {"while moving", LVN_ITEMCHANGED, [](List list) { list.MoveSelectedItemUp(); }},
+        {"while selecting", LVN_ITEMCHANGED, [](List list) { list.SelectAllItems(); }},
+    };
+    for (const auto& row : rows) {
+        ListParent parent;
+        CDoomedList* const list = new CDoomedList(parent);
+        list->Add("cab");
+        list->Select(2);
+        parent.m_onNotify = [&](const NMHDR& header) {
+            if (header.code == row.code && header.hwndFrom == list->m_hWnd)
+                delete list;
+        };
+        row.act(*list);
+        parent.m_onNotify = nullptr;
+        EXPECT_TRUE(CDoomedList::IsUntouched()) << row.label;
+        EXPECT_EQ(CRow::s_count, 0) << row.label;
+    }
+}
+
+// A box over a list that fails to draw would make it draw again.
+TEST(VirtualListCtrl, FailsToDrawWithoutABox) {
+    MessageBoxRecorder app;
+    ListParent parent;
+    CRowList list(parent);
+    list.Add("ab");
+    static_cast<CRow*>(list.GetItem(0))->m_onText = [] { throw 1; };
+    list.Invalidate();
+    list.UpdateWindow();
+    EXPECT_TRUE(app.Take().empty());
+    EXPECT_EQ(list.GetItemText(1, 0), _T("b"));
 }
 
 } // namespace

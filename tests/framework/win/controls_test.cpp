@@ -48,6 +48,10 @@ TEST(ListCtrl, ReadsTextsOfAnyLengthDataAndColumns) {
     EXPECT_EQ(read[0], 1);
     EXPECT_FALSE(list.GetColumnOrderArray(read, 1)) << "not the header's count";
 
+    CListCtrl icons; // has no header
+    ASSERT_TRUE(icons.Create(LVS_ICON, kPlace, &parent, kControl + 1));
+    EXPECT_FALSE(icons.GetColumnOrderArray(read));
+
     const CString longText(Wide(200, 'x').c_str()); // longer than the first buffer
     EXPECT_EQ(list.InsertItem(0, _T("first"), -1, 7), 0);
     EXPECT_EQ(list.InsertItem(1, _T("second")), 1);

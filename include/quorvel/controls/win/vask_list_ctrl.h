@@ -5,9 +5,13 @@
 //   true column      the application's number of a column, shown or hidden; states are keyed by it;
 //   inserted column  the index among the shown ones, which the platform's messages use;
 //   display position the place on the screen from the left.
-// -1 stands for no column. A list without column records is a plain list-view: its true and
-// inserted columns are the same, and only widths are kept. With records, columns are inserted and
-// deleted by the operations of this class alone.
+// Number true columns 0, 1, 2 and so on, without gaps: those from the number of records on are not
+// saved and have no item in the header's menu, which has room for 51. -1 stands for no column.
+//
+// A list without column records is a plain list-view: its true and inserted columns are the same,
+// and only widths are kept. In a list with records the platform's messages act on the records too:
+// a column that LVM_DELETECOLUMN deletes has none any more, one that LVM_INSERTCOLUMN inserts has
+// the true column -1, and LVM_SETCOLUMN gives the record a new heading and alignment.
 //
 // The list's parent must be a window of the framework, which passes notifications back to the list.
 //
@@ -24,8 +28,6 @@
 
 class CColumnsDlg;
 namespace quorvel {
-class Columns;
-class ColumnView;
 struct ReportColumns;
 } // namespace quorvel
 
@@ -34,8 +36,9 @@ struct VASKCOLUMN {
     int trueColumn = 0;
     BOOL visible = TRUE;
     CString heading;
-    // Mask, format, width and sub-item as they were given. The width of a hidden column is the one
-    // that it had. The text is `heading`: the pointer is not read, and null in what is returned.
+    // As it was given. Whatever the mask is, the text is `heading`. In what GetVaskColumn returns
+    // the text pointer is the list's own and valid until the column changes, and the width of a
+    // hidden column is the one that it had.
     LVCOLUMNW column = {};
 };
 
@@ -47,22 +50,27 @@ public:
 
     // Defines a column. The result is its inserted column: -1 for a hidden column, which is kept
     // too. Also -1, and nothing is kept, for a null heading, a negative true column, one that
-    // exists, and when the list-view refuses. Width and sub-item -1: not given.
+    // exists, and when the list-view refuses. Width and sub-item -1: not given. A hidden column
+    // without a width gets its default width when it is shown, a shown one the platform's.
     int InsertVaskColumn(int position, int trueColumn, int visible, const WCHAR* heading,
                          int format = LVCFMT_LEFT, int width = -1, int subItem = -1);
     int InsertVaskColumn(int position, const VASKCOLUMN* column);
     // Hiding remembers the column's display position and width. Showing puts it back there; one
     // that was defined hidden comes last. FALSE for a column that does not exist and when the
-    // list-view refuses.
+    // list-view refuses. Hiding or deleting the sort column ends in OnDeleteSortColumn.
+    //
+    // The platform drops the texts of a hidden column. A list that asks for its texts
+    // (LPSTR_TEXTCALLBACK, or with LVS_OWNERDATA) is not concerned; others override
+    // OnShowVaskColumn and set them again.
     BOOL ShowVaskColumn(int trueColumn, int show);
     BOOL DeleteVaskColumn(int trueColumn);
 
     BOOL DoesTrueColumnExist(int trueColumn) const; // whether it has a record
     BOOL IsVaskColumnVisible(int trueColumn) const;
     BOOL GetVaskColumn(int trueColumn, VASKCOLUMN* column) const;
-    // The width of a hidden column is the one that it will have when it is shown.
+    // The width of a hidden column is the one that it was given or had; -1 when it was given none.
     int GetVaskColumnWidth(int trueColumn) const;
-    void SetVaskColumnWidth(int trueColumn, int width);
+    BOOL SetVaskColumnWidth(int trueColumn, int width); // FALSE for a column that does not exist
     int GetTrueColumnCount() const;
     int GetInsertedColumnCount() const;
     int GetInsertedColumn(int trueColumn) const;
@@ -74,15 +82,17 @@ public:
     BOOL SetColumnAlignment(int insertedColumn, UINT alignment); // LVCFMT_LEFT, RIGHT or CENTER
     // Every column as wide as its longest text, or with `useHeader` also as its heading. That asks
     // for the texts of all rows.
-    void AutoSetColumnWidths(int useHeader);
-    void ResetColumns(); // all shown, in true order, with their default widths
+    BOOL AutoSetColumnWidths(int useHeader); // FALSE without columns
+    // All shown, in true order, with their default widths. FALSE without records.
+    BOOL ResetColumns();
     // The result of the columns dialog, which ends with IDCANCEL when the list is destroyed. -1
     // while it is open already.
     INT_PTR EditColumns();
 
-    // The sort state. The setters change it and the header's arrow without sorting.
-    void SetSortColumn(int trueColumn);
-    void SetSortAscending(BOOL ascending);
+    // The sort state. The setters change it and the header's arrow without sorting; the column may
+    // be one that is defined later. FALSE below -1.
+    BOOL SetSortColumn(int trueColumn);
+    BOOL SetSortAscending(BOOL ascending);
     int GetSortColumn() const;
     BOOL IsSortAscending() const;
     // Call SortItems and, when it returns TRUE, keep the column and the direction. The first keeps
@@ -91,15 +101,20 @@ public:
     BOOL SortItemsByColumn(int trueColumn);
     BOOL SortItemsByDirection(int ascending);
     BOOL AutoSortItems();
+    using CListCtrl::SortItems; // beside the virtual one below
     // While it is blocked, clicks on the header do not sort.
     void BlockHeaderSort(BOOL block = TRUE) { m_isHeaderSortBlocked = block; }
     BOOL IsHeaderSortBlocked() const { return m_isHeaderSortBlocked; }
 
     // The arrangement of the columns, in the key "Columns" below the given place: which are shown,
     // their order and widths, and the sort state. FALSE when a value could not be written, and when
-    // there was nothing to load, which gives default widths. Loading does not sort. A state that
-    // belongs to another list, or is damaged, leaves the list usable. With `closeKey` the key is
-    // closed in any case.
+    // there was nothing to load, which gives default widths. With `closeKey` the key is closed in
+    // any case.
+    //
+    // Loading shows the columns that have a place in the state and hides the others, but not all.
+    // It does not sort. A state that belongs to another list, or is damaged, leaves the list
+    // usable: a sort column that does not exist becomes -1, and widths above 32767 or below -1, or
+    // -1 for a hidden column, are passed over.
     BOOL SaveState(HKEY key, int closeKey);
     BOOL LoadState(HKEY key, int closeKey);
     BOOL SaveState(const WCHAR* section); // of the application's profile
@@ -125,7 +140,7 @@ public:
     // What a list without items shows. The alignment is DT_LEFT, DT_CENTER or DT_RIGHT; others are
     // refused. Without a colour of its own, or with CLR_DEFAULT, the text has the system's for grey
     // text, which is read when it is drawn.
-    void SetEmptyText(const WCHAR* text); // null or empty: nothing
+    BOOL SetEmptyText(const WCHAR* text); // empty: nothing; FALSE for null, and nothing changed
     CString GetEmptyText() const { return m_emptyText; }
     BOOL HasEmptyText() const { return !m_emptyText.IsEmpty(); }
     static BOOL IsValidEmptyTextAlignment(UINT alignment);
@@ -163,13 +178,34 @@ public:
     virtual int MoveSelectedItemDown();
     virtual BOOL CanVaskColumnBeHidden(int trueColumn); // while more than one is shown
     // A right click at a point of the screen, on this inserted column (-1: beside them), with the
-    // flags of HDM_HITTEST. With records, shows a menu of the columns.
+    // flags of HDM_HITTEST. With records, shows a menu of the columns, whose headings it shows with
+    // their ampersands.
     virtual void OnHeaderContextMenu(int insertedColumn, UINT flags, CPoint point);
     // The column that the list is sorted by was hidden or deleted; these were its numbers. Sorts
     // ascending by the leftmost column.
     virtual void OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition);
+    // A hidden column is shown again, without texts; here nothing.
+    virtual void OnShowVaskColumn(int trueColumn, int insertedColumn);
+
+    // Give the header back to the platform too.
+    HWND Detach();
+    HWND UnsubclassWindow();
 
 protected:
+    // The object for the list's header, made once. It has no window yet.
+    virtual std::unique_ptr<CVaskListCtrlHeaderCtrl> MakeHeaderCtrl();
+
+    // Finds out whether the list object is destroyed while it lives: by code of the host, which is
+    // called for every notification.
+    class Watch {
+    public:
+        explicit Watch(const CVaskListCtrl& list) : m_life(list.m_life) {}
+        bool IsAlive() const { return !m_life.expired(); }
+
+    private:
+        const std::weak_ptr<char> m_life;
+    };
+
     // Keeps the list from drawing while many items change; these locks nest, which the platform's
     // WM_SETREDRAW does not. A list that the host keeps from drawing stays so.
     class QUORVEL_API RedrawLock {
@@ -180,6 +216,7 @@ protected:
 
     private:
         CVaskListCtrl& m_list;
+        const Watch m_watch;
     };
 
     BOOL IsRedrawn() const { return m_isRedrawn; } // as the host last said by WM_SETREDRAW
@@ -194,7 +231,9 @@ protected:
     LRESULT OnMouseDown(WPARAM wParam, LPARAM lParam);
     LRESULT OnSetRedraw(WPARAM wParam, LPARAM lParam);
     LRESULT OnSetFont(WPARAM wParam, LPARAM lParam);
-    LRESULT OnColumnsChange(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSetColumn(WPARAM wParam, LPARAM lParam);
+    LRESULT OnInsertColumn(WPARAM wParam, LPARAM lParam);
+    LRESULT OnDeleteColumn(WPARAM wParam, LPARAM lParam);
     LRESULT OnRowsChange(WPARAM wParam, LPARAM lParam);
     BOOL OnHdnItemclick(UINT id, NMHDR* header, LRESULT* result);
     BOOL OnNMCustomdraw(NMHDR* header, LRESULT* result);
@@ -206,15 +245,20 @@ private:
 
     void AttachHeader();
     bool CanFocusHeader() const;
+    void DetachHeader();
+    HWND HeaderWindow() const { return m_header != nullptr ? m_header->m_hWnd : nullptr; }
+    template <class Act>
+    auto ChangeColumns(Act act);
     BOOL SortAndKeep(int trueColumn, BOOL ascending, int force);
     void UpdateSortArrow();
     int MoveSelectedItem(int direction);
     void DrawEmptyText();
 
-    CVaskListCtrlHeaderCtrl m_header;
+    std::unique_ptr<CVaskListCtrlHeaderCtrl> m_header;
     std::unique_ptr<quorvel::ReportColumns> m_columns;
     bool m_isMenuOpen = false;
-    CColumnsDlg* m_columnsDlg = nullptr; // while it is open
+    CColumnsDlg* m_columnsDlg = nullptr;                           // while it is open
+    const std::shared_ptr<char> m_life = std::make_shared<char>(); // ends with this object
     BOOL m_isHeaderSortBlocked = FALSE;
     BOOL m_areNonItemClicksBlocked = FALSE;
     CString m_emptyText;

@@ -7,6 +7,7 @@
 
 #include <quorvel/framework/map.h>
 #include <quorvel/framework/win/header_ctrl.h>
+#include <quorvel/framework/win/message_map.h>
 #include <quorvel/framework/wnd.h>
 
 class CEdit;
@@ -52,7 +53,8 @@ public:
         return static_cast<BOOL>(
             SendMessage(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0)));
     }
-    // The columns from left to right; count -1: all. FALSE for a count that is not the header's.
+    // The columns from left to right; count -1: all. FALSE for a count that is not the header's
+    // and for a list without a header.
     // An order that is no permutation must not be set: the platform then takes one of its own.
     BOOL GetColumnOrderArray(int* columns, int count = -1) const;
     BOOL SetColumnOrderArray(int count, const int* columns) {
@@ -68,11 +70,17 @@ public:
     }
     int InsertItem(const LVITEMW* item) { return Send(LVM_INSERTITEMW, 0, item); }
     int InsertItem(int item, const WCHAR* text, int image = -1, LPARAM data = 0);
+    int InsertItem(UINT mask, int item, const WCHAR* text, UINT state, UINT stateMask, int image,
+                   LPARAM data);
     BOOL DeleteItem(int item) { return Send(LVM_DELETEITEM, item); }
     BOOL DeleteAllItems() { return Send(LVM_DELETEALLITEMS, 0); }
     BOOL GetItem(LVITEMW* item) const { return Send(LVM_GETITEMW, 0, item); }
     BOOL SetItem(const LVITEMW* item) { return Send(LVM_SETITEMW, 0, item); }
+    BOOL SetItem(int item, int subItem, UINT mask, const WCHAR* text, int image, UINT state,
+                 UINT stateMask, LPARAM data, int indent = 0);
     CString GetItemText(int item, int subItem) const; // of any length
+    // As much as there is room for; the number of characters without the terminator.
+    int GetItemText(int item, int subItem, WCHAR* buffer, int size) const;
     BOOL SetItemText(int item, int subItem, const WCHAR* text);
     DWORD_PTR GetItemData(int item) const;
     BOOL SetItemData(int item, DWORD_PTR data);
@@ -88,6 +96,9 @@ public:
             SendMessage(LVM_GETITEMSTATE, static_cast<WPARAM>(item), static_cast<LPARAM>(mask)));
     }
     BOOL SetItemState(int item, UINT state, UINT mask);
+    BOOL SetItemState(int item, const LVITEMW* state) {
+        return Send(LVM_SETITEMSTATE, item, state);
+    }
     int GetNextItem(int after, int flags) const {
         return static_cast<int>(
             SendMessage(LVM_GETNEXTITEM, static_cast<WPARAM>(after), MAKELPARAM(flags, 0)));
@@ -115,6 +126,14 @@ public:
     }
     int GetTopIndex() const { return Send(LVM_GETTOPINDEX, 0); }
     int GetCountPerPage() const { return Send(LVM_GETCOUNTPERPAGE, 0); }
+    int GetStringWidth(const WCHAR* text) const { return Send(LVM_GETSTRINGWIDTHW, 0, text); }
+    // LV_VIEW_DETAILS and so on. SetView answers 1, or -1 for no view.
+    DWORD GetView() const { return static_cast<DWORD>(SendMessage(LVM_GETVIEW)); }
+    int SetView(int view) { return Send(LVM_SETVIEW, view); }
+    CToolTipCtrl* GetToolTips() const; // null when there is none
+    BOOL GetItemPosition(int item, POINT* point) const {
+        return Send(LVM_GETITEMPOSITION, item, point);
+    }
     BOOL GetItemRect(int item, RECT* rect, UINT part) const {
         rect->left = static_cast<LONG>(part);
         return Send(LVM_GETITEMRECT, item, rect);
@@ -155,6 +174,11 @@ public:
         return Send(LVM_FINDITEMW, after, what);
     }
     CEdit* EditLabel(int item); // null when it can't be edited
+
+protected:
+    // An item of a list with LVS_OWNERDRAWFIXED; here nothing is drawn.
+    virtual void DrawItem(DRAWITEMSTRUCT* item);
+    DECLARE_MESSAGE_MAP()
 
 private:
     BOOL SetColor(UINT message, COLORREF color) {
