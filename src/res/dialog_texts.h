@@ -34,3 +34,32 @@
 #define DIALOG_TEXT_HYPERLINK_OPEN "&Open"
 #define DIALOG_TEXT_HYPERLINK_EDIT "&Edit..."
 #define DIALOG_TEXT_HYPERLINK_COPY "Copy Shor&tcut"
+
+// The check for updates.
+#define DIALOG_TEXT_UPDATES_TITLE "Check For Updates"
+#define DIALOG_TEXT_UPDATES_LIST "&Latest updates:"
+#define DIALOG_TEXT_UPDATES_CHECK "&Check"
+#define DIALOG_TEXT_UPDATES_SETTINGS "&Settings..."
+#define DIALOG_TEXT_UPDATES_RESET "&Reset"
+#define DIALOG_TEXT_UPDATES_ENTRY_TITLE "Title:"
+#define DIALOG_TEXT_UPDATES_ENTRY_DATE "Date:"
+#define DIALOG_TEXT_UPDATES_ENTRY_DESCRIPTION "&Description:"
+#define DIALOG_TEXT_UPDATES_ENTRY_LINK "Lin&k:"
+#define DIALOG_TEXT_UPDATES_CLOSE "Close"
+
+// Its settings.
+#define DIALOG_TEXT_UPDATES_SETTINGS_TITLE "Check For Updates Settings"
+#define DIALOG_TEXT_UPDATES_URL "&Updates file URL:"
+#define DIALOG_TEXT_UPDATES_REMIND "&Display a reminder to check for updates after:"
+#define DIALOG_TEXT_UPDATES_DAYS "days (1-90)"
+
+// Its reminder.
+#define DIALOG_TEXT_UPDATES_REMINDER_TITLE "Check For Updates Reminder"
+#define DIALOG_TEXT_UPDATES_REMINDER_QUESTION "Would you like to check for updates now?"
+#define DIALOG_TEXT_UPDATES_YES "&Yes"
+#define DIALOG_TEXT_UPDATES_NO "&No"
+#define DIALOG_TEXT_UPDATES_DISMISS "&Dismiss"
+
+// The check for a new version.
+#define DIALOG_TEXT_NEW_VERSION_TITLE "Check For Updates"
+#define DIALOG_TEXT_NEW_VERSION_WAIT "Checking for updates. Please wait..."

@@ -161,7 +161,8 @@ std::unique_ptr<UpdateConnection> HttpSource::NewConnection() {
     if (m_transport != nullptr)
         return std::make_unique<TransportConnection>(*m_transport, m_window->m_hWnd,
                                                      m_window->m_current);
-    return std::make_unique<HttpConnection>(m_window->m_hWnd, m_port);
+    const HWND window = m_socketWindow != nullptr ? m_socketWindow : m_window->m_hWnd;
+    return std::make_unique<HttpConnection>(window, m_port);
 }
 
 CString HttpSource::GetWinsockErrorText(DWORD code) {

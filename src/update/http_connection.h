@@ -19,6 +19,8 @@ public:
     void SetFlow(UpdateFlow* flow); // the check that is told the statuses
     // Null: HTTP over sockets.
     void SetTransport(CUpdateTransport* transport);
+    // Sockets made from now on post to this window instead, which passes their statuses on.
+    void SetSocketWindow(HWND window) { m_socketWindow = window; }
 
     std::unique_ptr<UpdateConnection> NewConnection() override;
     CString GetWinsockErrorText(DWORD code) override;
@@ -30,6 +32,7 @@ private:
 
     const UINT m_port;
     CUpdateTransport* m_transport = nullptr;
+    HWND m_socketWindow = nullptr; // null: m_window
     const std::unique_ptr<StatusWindow> m_window;
 };
 

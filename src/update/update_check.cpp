@@ -56,6 +56,20 @@ bool Exists(const CString& fileName) {
 
 } // namespace
 
+CString LastCheckedText(const COleDateTime& date) {
+    CString text;
+    if (date != COleDateTime())
+        text.FormatMessage(kTextUpdatesLastChecked, DateText(date).GetString());
+    return text;
+}
+
+CString PublishedText(const COleDateTime& date, const WCHAR* localUpdatesFile) {
+    CString text = LoadText(kTextUpdatesFileMissing);
+    if (Exists(localUpdatesFile))
+        text.FormatMessage(kTextUpdatesFileDated, DateText(date).GetString());
+    return text;
+}
+
 UpdateCheck::UpdateCheck(const CRegistryPath& path, const WCHAR* localUpdatesFile,
                          CCheckForUpdatesView& view, UpdateSource& source)
     : UpdateFlow(path, view, source, kBodyLimit, kTextUpdatesListingTooLong, kAcceptedNames),
@@ -69,25 +83,19 @@ void UpdateCheck::Open() {
 }
 
 void UpdateCheck::ShowLastChecked() const {
-    CString text;
-    if (LastChecked() != COleDateTime())
-        text.FormatMessage(kTextUpdatesLastChecked, DateText(LastChecked()).GetString());
-    GetView().SetLastCheckedText(text);
+    GetView().SetLastCheckedText(LastCheckedText(LastChecked()));
 }
 
 void UpdateCheck::ShowPublished() const {
-    CString text = LoadText(kTextUpdatesFileMissing);
-    if (Exists(m_fileName))
-        text.FormatMessage(kTextUpdatesFileDated,
-                           DateText(m_listing.GetPublishedDate()).GetString());
-    GetView().SetPublishedText(text);
+    GetView().SetPublishedText(PublishedText(m_listing.GetPublishedDate(), m_fileName));
 }
 
-bool UpdateCheck::LoadListing() {
+bool UpdateCheck::LoadListing(bool showsError) {
     CString errorText;
     UINT icon = 0;
     if (!m_listing.Load(m_fileName, errorText, icon)) {
-        GetView().ShowMessage(errorText, MB_OK | icon);
+        if (showsError)
+            GetView().ShowMessage(errorText, MB_OK | icon);
         return false;
     }
     ShowPublished();

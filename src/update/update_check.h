@@ -15,6 +15,11 @@
 
 namespace quorvel {
 
+// What a view shows: the date of the last check, and that of the local updates file, unless there
+// is no such file. Dates are in UTC; the texts in the user's local time.
+CString LastCheckedText(const COleDateTime& date);
+CString PublishedText(const COleDateTime& date, const WCHAR* localUpdatesFile);
+
 class UpdateCheck : public UpdateFlow {
 public:
     UpdateCheck(const CRegistryPath& path, const WCHAR* localUpdatesFile,
@@ -23,6 +28,9 @@ public:
     const CUpdateListing& GetListing() const { return m_listing; }
     // Loads the local updates file, if there is one, and sets the view's lines.
     void Open();
+    // Loads the local updates file. When that fails the listing stays as it was, and a box shows
+    // the reason if it may.
+    bool LoadListing(bool showsError = true);
     // Starts a check. False when it may not start or can't, and the view has shown why; a link
     // that the host does not allow is refused in silence.
     bool Check();
@@ -49,7 +57,6 @@ private:
     bool MayReplace(const UpdateVerifier::Accepted& verified);
     void ReportStale();
     void SetLastModified(const COleDateTime& date);
-    bool LoadListing();
     void ShowLastChecked() const;
     void ShowPublished() const;
 

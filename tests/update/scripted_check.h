@@ -150,8 +150,10 @@ public:
     COleDateTime GetCurrentUTCTime() override { return m_now; }
 
     // The server's whole answer to the last connection, in pieces, and the end of the connection;
-    // on request the queue loses every status.
-    void Answer(quorvel::UpdateFlow& flow, const std::string& response, std::size_t piece = 4096,
+    // on request the queue loses every status. `flow` is a check, or what passes statuses on to
+    // one.
+    template <class Flow>
+    void Answer(Flow&& flow, const std::string& response, std::size_t piece = 4096,
                 bool losesStatuses = false) {
         using namespace quorvel;
         ScriptedConnection* const connection = m_last;
@@ -180,7 +182,8 @@ public:
             flow.OnSocketStatus(connection, Http::statusClosed, 0);
     }
     // The last word of the last connection.
-    void Release(quorvel::UpdateFlow& flow) {
+    template <class Flow>
+    void Release(Flow&& flow) {
         flow.OnSocketStatus(m_last, quorvel::Http::statusClosed, 0);
     }
 

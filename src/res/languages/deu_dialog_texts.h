@@ -31,3 +31,32 @@
 #define DIALOG_TEXT_HYPERLINK_OPEN "Ö&ffnen"
 #define DIALOG_TEXT_HYPERLINK_EDIT "&Bearbeiten..."
 #define DIALOG_TEXT_HYPERLINK_COPY "&Verknüpfung kopieren"
+
+// The check for updates.
+#define DIALOG_TEXT_UPDATES_TITLE "Nach Updates suchen"
+#define DIALOG_TEXT_UPDATES_LIST "&Neueste Updates:"
+#define DIALOG_TEXT_UPDATES_CHECK "&Suchen"
+#define DIALOG_TEXT_UPDATES_SETTINGS "&Einstellungen..."
+#define DIALOG_TEXT_UPDATES_RESET "&Zurücksetzen"
+#define DIALOG_TEXT_UPDATES_ENTRY_TITLE "Titel:"
+#define DIALOG_TEXT_UPDATES_ENTRY_DATE "Datum:"
+#define DIALOG_TEXT_UPDATES_ENTRY_DESCRIPTION "&Beschreibung:"
+#define DIALOG_TEXT_UPDATES_ENTRY_LINK "&Verweis:"
+#define DIALOG_TEXT_UPDATES_CLOSE "Schließen"
+
+// Its settings.
+#define DIALOG_TEXT_UPDATES_SETTINGS_TITLE "Einstellungen der Updatesuche"
+#define DIALOG_TEXT_UPDATES_URL "&URL der Updatedatei:"
+#define DIALOG_TEXT_UPDATES_REMIND "&An die Suche nach Updates erinnern nach:"
+#define DIALOG_TEXT_UPDATES_DAYS "Tagen (1-90)"
+
+// Its reminder.
+#define DIALOG_TEXT_UPDATES_REMINDER_TITLE "Erinnerung an die Updatesuche"
+#define DIALOG_TEXT_UPDATES_REMINDER_QUESTION "Möchten Sie jetzt nach Updates suchen?"
+#define DIALOG_TEXT_UPDATES_YES "&Ja"
+#define DIALOG_TEXT_UPDATES_NO "&Nein"
+#define DIALOG_TEXT_UPDATES_DISMISS "&Verwerfen"
+
+// The check for a new version.
+#define DIALOG_TEXT_NEW_VERSION_TITLE "Nach Updates suchen"
+#define DIALOG_TEXT_NEW_VERSION_WAIT "Nach Updates wird gesucht. Bitte warten..."

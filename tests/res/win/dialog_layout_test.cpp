@@ -24,7 +24,9 @@ struct Control {
     bool NeedsLabel() const {
         static const std::vector<CString> kLabelled{_T("Edit"), _T("ListBox"), _T("ComboBox"),
                                                     _T("SysListView32")};
-        return std::find(kLabelled.begin(), kLabelled.end(), windowClass) != kLabelled.end();
+        return std::any_of(kLabelled.begin(), kLabelled.end(), [&](const CString& each) {
+            return windowClass.CompareNoCase(each) == 0; // the compiler of resources changes it
+        });
     }
     bool IsReached() const { return (style & WS_TABSTOP) != 0; }
 };

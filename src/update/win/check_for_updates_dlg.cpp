@@ -1,0 +1,251 @@
+#include <quorvel/update/win/check_for_updates_dlg.h>
+
+#include <quorvel/framework/win/data_exchange.h>
+#include <quorvel/net/vask_socket.h>
+#include <quorvel/res/resource_ids.h>
+#include <quorvel/update/win/check_for_updates_settings_dlg.h>
+
+#include "update/entry_text.h"
+#include "update/update_check.h"
+#include "update/win/update_progress_pane.h"
+#include "update/win/windowed_check.h"
+
+#include <utility>
+
+IMPLEMENT_DYNAMIC(CCheckForUpdatesDlg, CVaskDialog)
+
+BEGIN_MESSAGE_MAP(CCheckForUpdatesDlg, CVaskDialog)
+ON_WM_SHOWWINDOW()
+ON_WM_DESTROY()
+ON_WM_ENDSESSION()
+ON_BN_CLICKED(QUORVEL_UPDATES_CHECK, &CCheckForUpdatesDlg::OnBnClickedCheckButton)
+ON_BN_CLICKED(QUORVEL_UPDATES_OPEN_SETTINGS, &CCheckForUpdatesDlg::OnBnClickedSettingsButton)
+ON_BN_CLICKED(QUORVEL_UPDATES_RESET, &CCheckForUpdatesDlg::OnBnClickedResetButton)
+ON_NOTIFY(LVN_ITEMCHANGED, QUORVEL_UPDATES_LIST,
+          &CCheckForUpdatesDlg::OnLvnItemchangedLatestupdatesListctrl)
+ON_MESSAGE(CVaskSocket::STATUS_MESSAGE, &CCheckForUpdatesDlg::OnSocketStatusChanged)
+ON_MESSAGE(quorvel::kAutoCheckMessage, &CCheckForUpdatesDlg::OnAutoCheck)
+ON_MESSAGE(quorvel::kCheckFinishedMessage, &CCheckForUpdatesDlg::OnCheckFinished)
+END_MESSAGE_MAP()
+
+class CCheckForUpdatesDlg::Session
+    : public quorvel::WindowedCheck<CCheckForUpdatesDlg, quorvel::UpdateCheck> {
+public:
+    explicit Session(CCheckForUpdatesDlg& dialog)
+        : WindowedCheck(dialog, dialog.MakeUpdateSource(), dialog.m_path,
+                        dialog.m_localUpdatesFile.GetString()),
+          m_smallPane(QUORVEL_DIALOG_UPDATES_CHECKING, [this] { CancelByPane(); }),
+          m_largePane(QUORVEL_DIALOG_UPDATES_DOWNLOADING, [this] { CancelByPane(); }) {}
+
+    bool CreatePanes() {
+        return m_smallPane.Create(GetWindow()) && m_largePane.Create(GetWindow());
+    }
+
+    void ShowProgress(BOOL isDownload) override {
+        if (GetWindow() != nullptr)
+            (isDownload ? m_largePane : m_smallPane).Show();
+    }
+    void HideProgress() override {
+        m_smallPane.Hide();
+        m_largePane.Hide();
+    }
+    void SetProgressText(const WCHAR* text) override {
+        if (GetWindow() == nullptr)
+            return;
+        m_smallPane.SetText(text);
+        m_largePane.SetText(text);
+    }
+    void SetProgressFigures(ULONGLONG received, ULONGLONG expected, int,
+                            const WCHAR* text) override {
+        if (GetWindow() != nullptr)
+            m_largePane.SetFigures(received, expected, text);
+    }
+    void SetPublishedText(const WCHAR* text) override { SetText(QUORVEL_UPDATES_PUBLISHED, text); }
+    void SetLastCheckedText(const WCHAR* text) override {
+        SetText(QUORVEL_UPDATES_LAST_CHECKED, text);
+    }
+    void ShowListing(const CUpdateListing& listing) override;
+
+private:
+    void SetText(int id, const WCHAR* text) {
+        if (GetWindow() != nullptr)
+            GetWindow()->SetDlgItemText(id, text);
+    }
+    void CancelByPane() {
+        if (GetWindow() == nullptr)
+            return;
+        const auto session = GetWindow()->m_session; // the host may close the dialog meanwhile
+        GetFlow().Cancel();
+    }
+
+    quorvel::UpdateProgressPane m_smallPane;
+    quorvel::UpdateProgressPane m_largePane;
+};
+
+// The list has copies of the entries: the check replaces its own.
+void CCheckForUpdatesDlg::Session::ShowListing(const CUpdateListing& listing) {
+    if (GetWindow() == nullptr)
+        return;
+    CUpdateListingListCtrl& list = GetWindow()->m_latestUpdatesListCtrl;
+    list.SetRedraw(FALSE);
+    list.DeleteAllItems();
+    for (const CUpdateListingItem& item : listing.GetItems())
+        list.AddItem(new CUpdateListingItem(item));
+    if (list.GetItemCount() > 0) {
+        list.AutoSortItems();
+        list.SelectItem(0);
+        list.EnsureVisible(0, FALSE);
+    }
+    list.SetRedraw();
+    list.Invalidate();
+    GetWindow()->UpdateMessage(list.GetSelectedUpdateListingItem());
+}
+
+CCheckForUpdatesDlg::CCheckForUpdatesDlg(const CRegistryPath& path, const WCHAR* localUpdatesFile,
+                                         BOOL autoCheck, const WCHAR* helpTopic, CWnd* parent)
+    : CVaskDialog(QUORVEL_DIALOG_UPDATES, parent), m_path(path),
+      m_localUpdatesFile(localUpdatesFile), m_autoCheck(autoCheck), m_helpTopic(helpTopic) {
+    m_latestUpdatesListCtrl.SetAutoDeleteItems();
+}
+
+CCheckForUpdatesDlg::~CCheckForUpdatesDlg() {
+    EndSession();
+}
+
+UINT CCheckForUpdatesDlg::GetTemplateID() {
+    return QUORVEL_DIALOG_UPDATES;
+}
+
+CString CCheckForUpdatesDlg::GetHelpTopic() {
+    return m_helpTopic;
+}
+
+void CCheckForUpdatesDlg::GetStateListCtrls(quorvel::ListPaths& lists, int) {
+    lists.SetAt(&m_latestUpdatesListCtrl, m_path);
+}
+
+void CCheckForUpdatesDlg::GetBoldControlIDs(std::vector<int>& ids) {
+    ids = {QUORVEL_UPDATES_LIST_LABEL, QUORVEL_UPDATES_TITLE_LABEL, QUORVEL_UPDATES_DATE_LABEL,
+           QUORVEL_UPDATES_DESCRIPTION_LABEL, QUORVEL_UPDATES_LINK_LABEL};
+}
+
+void CCheckForUpdatesDlg::DoDataExchange(CDataExchange* exchange) {
+    CVaskDialog::DoDataExchange(exchange);
+    DDX_Control(exchange, QUORVEL_UPDATES_LIST, m_latestUpdatesListCtrl);
+}
+
+BOOL CCheckForUpdatesDlg::LoadData() {
+    m_latestUpdatesListCtrl.SetExtendedStyle(LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+    m_latestUpdatesListCtrl.InsertColumns();
+    m_session = std::make_shared<Session>(*this);
+    return m_session->CreatePanes();
+}
+
+// The listing is sorted as the columns' state says, which is loaded by then.
+BOOL CCheckForUpdatesDlg::OnInitDialog() {
+    const BOOL setsFocus = CVaskDialog::OnInitDialog();
+    if (const auto session = m_session)
+        session->GetFlow().Open();
+    return setsFocus;
+}
+
+std::unique_ptr<quorvel::UpdateSource> CCheckForUpdatesDlg::MakeUpdateSource() {
+    return quorvel::MakeHttpSource(m_hWnd);
+}
+
+BOOL CCheckForUpdatesDlg::DestroyWindow() {
+    EndSession();
+    return CVaskDialog::DestroyWindow();
+}
+
+void CCheckForUpdatesDlg::OnDestroy() {
+    EndSession();
+    CVaskDialog::OnDestroy();
+}
+
+// The process ends after this message, without any other.
+void CCheckForUpdatesDlg::OnEndSession(BOOL isEnding) {
+    if (isEnding)
+        EndSession();
+    CVaskDialog::OnEndSession(isEnding);
+}
+
+void CCheckForUpdatesDlg::EndSession() {
+    if (const auto session = std::exchange(m_session, nullptr))
+        session->Leave();
+}
+
+BOOL CCheckForUpdatesDlg::LoadLocalUpdatesFile(BOOL showsError) {
+    const auto session = m_session;
+    return session != nullptr && session->GetFlow().LoadListing(showsError != FALSE);
+}
+
+void CCheckForUpdatesDlg::UpdateLastCheckedText(COleDateTime lastChecked) {
+    SetDlgItemText(QUORVEL_UPDATES_LAST_CHECKED, quorvel::LastCheckedText(lastChecked));
+}
+
+void CCheckForUpdatesDlg::UpdatePublishedText(COleDateTime published) {
+    SetDlgItemText(QUORVEL_UPDATES_PUBLISHED,
+                   quorvel::PublishedText(published, m_localUpdatesFile));
+}
+
+void CCheckForUpdatesDlg::UpdateMessage(CUpdateListingItem* item) {
+    CString title;
+    CString date;
+    CString description;
+    CString link;
+    if (item != nullptr) {
+        title = quorvel::OneLineText(item->GetTitle());
+        date = item->GetSubItemText(CUpdateListingItem::COLUMN_DATE);
+        description = quorvel::MultilineText(item->GetDescription());
+        link = quorvel::OneLineText(item->GetLink());
+    }
+    SetDlgItemText(QUORVEL_UPDATES_TITLE, title);
+    SetDlgItemText(QUORVEL_UPDATES_DATE, date);
+    SetDlgItemText(QUORVEL_UPDATES_DESCRIPTION, description);
+    SetDlgItemText(QUORVEL_UPDATES_LINK, link);
+}
+
+void CCheckForUpdatesDlg::OnShowWindow(BOOL show, UINT status) {
+    CVaskDialog::OnShowWindow(show, status);
+    if (show && std::exchange(m_autoCheck, FALSE))
+        ::PostMessageW(m_hWnd, quorvel::kAutoCheckMessage, 0, 0);
+}
+
+// What runs below may destroy the dialog: nothing follows the call.
+
+void CCheckForUpdatesDlg::OnBnClickedCheckButton() {
+    if (const auto session = m_session)
+        session->GetFlow().Check();
+}
+
+void CCheckForUpdatesDlg::OnBnClickedResetButton() {
+    if (const auto session = m_session)
+        session->GetFlow().Reset();
+}
+
+void CCheckForUpdatesDlg::OnBnClickedSettingsButton() {
+    CCheckForUpdatesSettingsDlg(m_path, this).DoModal();
+}
+
+LRESULT CCheckForUpdatesDlg::OnSocketStatusChanged(WPARAM socket, LPARAM status) {
+    if (const auto session = m_session)
+        session->OnSocketStatus(socket, status);
+    return 0;
+}
+
+LRESULT CCheckForUpdatesDlg::OnAutoCheck(WPARAM, LPARAM) {
+    OnBnClickedCheckButton();
+    return 0;
+}
+
+LRESULT CCheckForUpdatesDlg::OnCheckFinished(WPARAM code, LPARAM) {
+    if (const auto session = m_session)
+        session->GetFlow().OnCheckFinished(static_cast<DWORD>(code));
+    return 0;
+}
+
+void CCheckForUpdatesDlg::OnLvnItemchangedLatestupdatesListctrl(NMHDR*, LRESULT* result) {
+    UpdateMessage(m_latestUpdatesListCtrl.GetSelectedUpdateListingItem());
+    *result = 0;
+}

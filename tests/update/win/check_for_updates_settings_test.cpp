@@ -1,0 +1,186 @@
+// The settings of the check for updates and its reminder, by keys and clicks as a user makes them.
+#include <quorvel/res/resource_ids.h>
+#include <quorvel/update/check_for_updates_profile.h>
+#include <quorvel/update/win/check_for_updates_reminder_dlg.h>
+#include <quorvel/update/win/check_for_updates_settings_dlg.h>
+
+#include "controls/win/balloon_probe.h"
+#include "support/date_time.h"
+#include "support/message_box_recorder.h"
+#include "support/registry.h"
+#include "support/test.h"
+#include "support/win/dialog_driver.h"
+
+namespace {
+
+typedef DialogDriver::Step Step;
+
+Step Type(int id, const WCHAR* text) {
+    return [id, text](HWND box) { ::SetDlgItemTextW(box, id, text); };
+}
+HWND Item(HWND box, int id) {
+    return ::GetDlgItem(box, id);
+}
+
+class UpdatesSettings : public testing::Test {
+protected:
+    UpdatesSettings() { AfxWriteProfileCheckForUpdatesURL(path, _T("http://old/")); }
+    INT_PTR Run(std::vector<Step> steps) {
+        CCheckForUpdatesSettingsDlg dialog(path);
+        const DialogDriver driver(std::move(steps));
+        const INT_PTR result = dialog.DoModal();
+        EXPECT_TRUE(driver.HasRun());
+        return result;
+    }
+
+    const TestKey key;
+    const CRegistryPath path{HKEY_CURRENT_USER, key.Path()};
+};
+
+TEST_F(UpdatesSettings, ShowWhatIsStored) {
+    const struct {
+        int stored;
+        bool isTicked;
+        const WCHAR* days;
+    } rows[] = {{0, false, _T("30")},
+                {7, true, _T("7")},
+                {90, true, _T("90")},
+                {91, true, _T("30")},
+                {-1, false, _T("30")}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.stored);
+        AfxWriteProfileCheckForUpdatesReminder(path, row.stored);
+        EXPECT_EQ(Run({[&](HWND box) {
+                           EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_URL)), _T("http://old/"));
+                           EXPECT_EQ(::IsDlgButtonChecked(box, QUORVEL_UPDATES_REMIND) != 0,
+                                     row.isTicked);
+                           EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_DAYS)), row.days);
+                       },
+                       Press(VK_ESCAPE)}),
+                  IDCANCEL);
+        EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), row.stored);
+    }
+}
+
+TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
+    const WCHAR* const kInvalid = _T("The value in this field must be a valid URL");
+    const WCHAR* const kNumber = _T("The value in this field must be a number between 1 and 90");
+    const WCHAR* const kNew = _T("http://new/");
+    const struct {
+        const WCHAR* url;
+        bool isTicked;
+        const WCHAR* days;
+        const WCHAR* refusal; // what it begins with; null: it is stored
+        int field;
+        int stored;
+    } rows[] = {
+        {_T(""), true, _T("7"), kInvalid, QUORVEL_UPDATES_URL, 0},
+        {_T("new.example"), true, _T("7"), kInvalid, QUORVEL_UPDATES_URL, 0},
+        {kNew, true, _T("0"), kNumber, QUORVEL_UPDATES_DAYS, 0},
+        {kNew, true, _T("91"), kNumber, QUORVEL_UPDATES_DAYS, 0},
+        {kNew, true, _T("abc"), kNumber, QUORVEL_UPDATES_DAYS, 0},
+        {kNew, true, _T(""), kNumber, QUORVEL_UPDATES_DAYS, 0},
+        {_T(" http://new/\t"), true, _T("90"), nullptr, 0, 90},
+        {kNew, true, _T(" 8"), nullptr, 0, 8},
+        {kNew, false, _T("abc"), nullptr, 0, 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << &row - rows);
+        AfxWriteProfileCheckForUpdatesURL(path, _T("http://old/"));
+        AfxWriteProfileCheckForUpdatesReminder(path, 5);
+        std::unique_ptr<BalloonProbe> balloon;
+        std::vector<Step> steps = {[&](HWND box) {
+                                       balloon = std::make_unique<BalloonProbe>(box);
+                                       ::CheckDlgButton(box, QUORVEL_UPDATES_REMIND, row.isTicked);
+                                   },
+                                   Type(QUORVEL_UPDATES_URL, row.url),
+                                   Type(QUORVEL_UPDATES_DAYS, row.days), Press(VK_RETURN)};
+        if (row.refusal != nullptr) {
+            steps.push_back([&](HWND box) {
+                RECT field;
+                ::GetWindowRect(Item(box, row.field), &field);
+                ASSERT_TRUE(balloon->IsVisible());
+                EXPECT_EQ(balloon->m_places.back().y, field.bottom);
+                EXPECT_EQ(balloon->Text().Find(row.refusal), 0);
+            });
+            steps.push_back(Press(VK_ESCAPE));
+        }
+        EXPECT_EQ(Run(std::move(steps)), row.refusal == nullptr ? IDOK : IDCANCEL);
+        EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path),
+                  row.refusal == nullptr ? kNew : _T("http://old/"));
+        EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path),
+                  row.refusal == nullptr ? row.stored : 5);
+    }
+}
+
+TEST_F(UpdatesSettings, TheDaysFollowTheirBox) {
+    const auto expect = [](BOOL enabled) {
+        return [enabled](HWND box) {
+            EXPECT_EQ(::IsWindowEnabled(Item(box, QUORVEL_UPDATES_DAYS)), enabled);
+            EXPECT_EQ(::IsWindowEnabled(Item(box, QUORVEL_UPDATES_DAYS_SPIN)), enabled);
+        };
+    };
+    const auto pressUp = [](HWND box) {
+        ::PostMessageW(Item(box, QUORVEL_UPDATES_DAYS), WM_KEYDOWN, VK_UP, 1);
+    };
+    Run({expect(TRUE), ClickOn(QUORVEL_UPDATES_REMIND), expect(FALSE),
+         ClickOn(QUORVEL_UPDATES_REMIND), expect(TRUE), pressUp, Press(VK_RETURN)});
+    EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), 31);
+}
+
+TEST_F(UpdatesSettings, AFailureToStoreIsSaidAndTheDialogStays) {
+    MessageBoxRecorder boxes;
+    CCheckForUpdatesSettingsDlg dialog{CRegistryPath()};
+    const DialogDriver driver({Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN),
+                               [&](HWND) { EXPECT_EQ(boxes.m_boxes.size(), 1u); },
+                               Press(VK_ESCAPE)});
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    ASSERT_EQ(boxes.m_boxes.size(), 1u);
+    EXPECT_EQ(boxes.m_boxes[0].text.Find(_T("An error has occurred while writing")), 0);
+    EXPECT_EQ(boxes.m_boxes[0].type, UINT{MB_OK | MB_ICONEXCLAMATION});
+}
+
+class UpdatesReminder : public UpdatesSettings {};
+
+TEST_F(UpdatesReminder, OnlyDismissalIsStored) {
+    const struct {
+        const char* label;
+        Step step;
+        INT_PTR result;
+        bool isStored;
+    } rows[] = {{"Yes", Press(VK_RETURN), IDYES, false},
+                {"No", ClickOn(IDNO), IDNO, false},
+                {"closed", Press(VK_ESCAPE), IDCANCEL, false},
+                {"dismissed", ClickOn(QUORVEL_UPDATES_DISMISS), IDCANCEL, true}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        const COleDateTime before = COleDateTime::GetCurrentTime();
+        CCheckForUpdatesReminderDlg dialog(path);
+        EXPECT_TRUE(dialog.SetStatus(_T("It was long ago.")));
+        EXPECT_FALSE(dialog.SetStatus(nullptr));
+        const auto status = [](const WCHAR* text) {
+            return [text](HWND box) {
+                EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_REMINDER_STATUS)), text);
+            };
+        };
+        const DialogDriver driver({status(_T("It was long ago.")),
+                                   [&](HWND) { dialog.SetStatus(_T("a & b")); },
+                                   status(_T("a & b")), row.step});
+        EXPECT_EQ(dialog.DoModal(), row.result);
+        EXPECT_TRUE(driver.HasRun());
+        const COleDateTime stored = AfxGetProfileCheckForUpdatesLastDismissed(path);
+        EXPECT_EQ(stored >= before && stored <= COleDateTime::GetCurrentTime(), row.isStored);
+    }
+}
+
+TEST_F(UpdatesReminder, ReachesTheSettings) {
+    CCheckForUpdatesReminderDlg dialog(path);
+    const auto wait = [](HWND) {}; // a dialog is shown when nothing else is left to do
+    const DialogDriver driver({ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
+                               Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN),
+                               Press(VK_ESCAPE)});
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://new/"));
+}
+
+} // namespace

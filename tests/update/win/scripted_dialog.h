@@ -1,0 +1,75 @@
+// Update dialogs whose server is the test: statuses come as the messages that sockets post.
+#pragma once
+
+#include <quorvel/net/vask_socket.h>
+
+#include "support/message_box_recorder.h"
+#include "support/win/dialog_driver.h"
+#include "update/scripted_check.h"
+
+#include <functional>
+
+// Passes statuses on to the window of a check.
+struct StatusMessages {
+    HWND window;
+    void OnSocketStatus(const void* sender, int status, DWORD error) const {
+        ::SendMessageW(window, CVaskSocket::STATUS_MESSAGE, reinterpret_cast<WPARAM>(sender),
+                       MAKELPARAM(status, error));
+    }
+    void Poll() const {}
+};
+
+// A dialog with connections of a source that outlives it.
+template <class Base>
+class Scripted : public Base {
+public:
+    template <class... Arg>
+    explicit Scripted(ScriptedSource& source, Arg&&... args)
+        : Base(std::forward<Arg>(args)...), m_source(source) {}
+
+protected:
+    std::unique_ptr<quorvel::UpdateSource> MakeUpdateSource() override {
+        return std::make_unique<Forward>(m_source);
+    }
+
+private:
+    struct Forward : quorvel::UpdateSource {
+        explicit Forward(ScriptedSource& source) : m_source(source) {}
+        std::unique_ptr<quorvel::UpdateConnection> NewConnection() override {
+            return m_source.NewConnection();
+        }
+        CString GetWinsockErrorText(DWORD code) override {
+            return m_source.GetWinsockErrorText(code);
+        }
+        COleDateTime GetCurrentUTCTime() override { return m_source.GetCurrentUTCTime(); }
+        ScriptedSource& m_source;
+    };
+    ScriptedSource& m_source;
+};
+
+// Notes the boxes, and lets something happen while one is shown.
+class BoxScript : public MessageBoxRecorder {
+public:
+    int DoMessageBox(const WCHAR* prompt, UINT type, UINT helpId) override {
+        const int answer = MessageBoxRecorder::DoMessageBox(prompt, type, helpId);
+        if (m_meanwhile)
+            std::exchange(m_meanwhile, nullptr)();
+        return answer;
+    }
+    // The texts since the last call, a line each, with their types.
+    std::string Lines() {
+        std::string lines;
+        for (const RecordedMessageBox& box : Take()) {
+            char kind[16];
+            std::snprintf(kind, sizeof kind, "(%02x) ", box.type);
+            lines += kind + Narrow(box.text) + '\n';
+        }
+        return lines;
+    }
+
+    std::function<void()> m_meanwhile;
+};
+
+inline std::string ItemText(HWND box, int id) {
+    return Narrow(TextOf(::GetDlgItem(box, id)));
+}
