@@ -56,7 +56,7 @@ public:
     // clang-format on
 
 protected:
-    std::unique_ptr<CVaskListCtrlHeaderCtrl> MakeHeaderCtrl();
+    std::unique_ptr<CVaskListCtrlHeaderCtrl> MakeHeaderCtrl() override;
 
     BOOL OnNMCustomdraw(NMHDR* header, LRESULT* result);
     void OnSysColorChange();
