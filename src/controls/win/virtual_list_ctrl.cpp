@@ -393,9 +393,16 @@ BOOL CVirtualListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam,
     return CVaskListCtrl::OnChildNotify(message, wParam, lParam, result);
 }
 
+// A row is shown last: a list that is kept from drawing does not scroll.
 void CVirtualListCtrl::SendWhenPossible() {
-    if (m_unsent == Unsent::All && m_hWnd != nullptr && !IsDeferring())
+    if (m_hWnd == nullptr || IsDeferring())
+        return;
+    const Watch watch(*this);
+    const CVirtualListCtrlItem* const shown = std::exchange(m_itemToShow, nullptr);
+    if (m_unsent == Unsent::All)
         SendUnsent();
+    if (watch.IsAlive() && shown != nullptr)
+        ShowRow(m_rows->GetRow(shown));
 }
 
 // By the rows where the list-view does not have what it is asked for yet.
@@ -538,7 +545,6 @@ void CVirtualListCtrl::Send(std::vector<RowRun> shown, int shownFocus) {
         SendCount();
         TakeSelection();
     }
-    ShowRow(GetItemIndex(std::exchange(m_itemToShow, nullptr)));
 }
 
 void CVirtualListCtrl::SendDifference(const std::vector<RowRun>& shown, int shownFocus) {

@@ -132,11 +132,15 @@ void CCheckForUpdatesDlg::GetBoldControlIDs(std::vector<int>& ids) {
 void CCheckForUpdatesDlg::DoDataExchange(CDataExchange* exchange) {
     CVaskDialog::DoDataExchange(exchange);
     DDX_Control(exchange, QUORVEL_UPDATES_LIST, m_latestUpdatesListCtrl);
+    DDX_Control(exchange, QUORVEL_UPDATES_LINK, m_hyperlinkCtrl);
 }
 
 BOOL CCheckForUpdatesDlg::LoadData() {
     m_latestUpdatesListCtrl.SetExtendedStyle(LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
     m_latestUpdatesListCtrl.InsertColumns();
+    m_hyperlinkCtrl.ModifyStyle(0, WS_TABSTOP);
+    m_hyperlinkCtrl.SetFlags(CHyperlinkCtrl::HAS_URI | CHyperlinkCtrl::CAN_OPEN_URI |
+                             CHyperlinkCtrl::CAN_COPY_URI);
     m_session = std::make_shared<Session>(*this);
     return m_session->CreatePanes();
 }
@@ -203,7 +207,15 @@ void CCheckForUpdatesDlg::UpdateMessage(CUpdateListingItem* item) {
     SetDlgItemText(QUORVEL_UPDATES_TITLE, title);
     SetDlgItemText(QUORVEL_UPDATES_DATE, date);
     SetDlgItemText(QUORVEL_UPDATES_DESCRIPTION, description);
-    SetDlgItemText(QUORVEL_UPDATES_LINK, link);
+    ShowLink(link);
+}
+
+// Disabled, it has no menu either.
+void CCheckForUpdatesDlg::ShowLink(const CString& link) {
+    m_hyperlinkCtrl.ClearURI();
+    m_hyperlinkCtrl.EnableWindow(m_hyperlinkCtrl.SetURI(link));
+    m_hyperlinkCtrl.SetDisplayText(link);
+    m_hyperlinkCtrl.ShowWindow(link.IsEmpty() ? SW_HIDE : SW_SHOWNA);
 }
 
 void CCheckForUpdatesDlg::OnShowWindow(BOOL show, UINT status) {

@@ -7,13 +7,15 @@
 // ends without a word, and nothing of it is left.
 //
 // The title, the date, the description and the link of the selected entry are shown below the list.
-// They are what a site publishes: texts, which are shown as such, whatever they hold, and shortened
-// when they are very long.
+// They are what a site publishes: texts are shown as such, whatever they hold, and shortened when
+// they are very long; a link is opened as CHyperlinkCtrl opens links, so that it starts no program.
+// A link that is no valid address is shown as a text.
 //
 // The arrangement of the list's columns is kept below the path, those values that a check keeps in
 // its key "Check For Updates" (check_for_updates_profile.h).
 #pragma once
 
+#include <quorvel/controls/win/hyperlink_ctrl.h>
 #include <quorvel/controls/win/vask_dialog.h>
 #include <quorvel/framework/date_time.h>
 #include <quorvel/update/win/update_listing_list_ctrl.h>
@@ -73,11 +75,13 @@ private:
     class Session;
 
     void EndSession();
+    void ShowLink(const CString& link);
 
     const CRegistryPath m_path;
     const CString m_localUpdatesFile;
     BOOL m_autoCheck;
     const CString m_helpTopic;
     CUpdateListingListCtrl m_latestUpdatesListCtrl;
+    CHyperlinkCtrl m_hyperlinkCtrl;
     std::shared_ptr<Session> m_session; // while the dialog is open
 };
