@@ -45,18 +45,14 @@ TEST(MailMessage, HoldsEveryFieldAndNothingElse) {
 TEST(MailMessage, AttachesOnlyAFileThatIsThere) {
     const TemporaryFolder folder;
     folder.Write(_T("a"), "");
-    const CString file = folder.Path(_T("a")), none = folder.Path(_T("b"));
+    const CString file = folder.Path(_T("a")), none = folder.Path(_T("b")), self = folder.Path();
     const struct {
         const WCHAR* path;
         const WCHAR* name;
         const char* attachedAs; // null: nothing is attached
-    } rows[] = {{file, _T("x"), "x"},
-                {file, nullptr, "null"},
-                {file, _T(""), ""},
-                {none, _T("x"), nullptr},
-                {nullptr, _T("x"), nullptr},
-                {_T(""), _T("x"), nullptr},
-                {folder.Path(), _T("x"), nullptr}};
+    } rows[] = {{file, _T("x"), "x"},     {file, nullptr, "null"},     {file, _T(""), ""},
+                {none, _T("x"), nullptr}, {nullptr, _T("x"), nullptr}, {_T(""), _T("x"), nullptr},
+                {self, _T("x"), nullptr}};
     for (const auto& row : rows) {
         quorvel::MailMessage message({_T("n"), _T("a"), _T("s"), _T("b"), row.path, row.name});
         const MapiMessage& mail = message.Get();
