@@ -69,7 +69,7 @@ bool TakeFiltered(const char* path) {
     return SavePicture(window.m_hWnd, path);
 }
 
-// Ctrl+S has gone from Save to New Window.
+// Ctrl+S was moved from Save to New Window.
 bool TakeMoved(const char* path) {
     ShortcutWindow window;
     constexpr int kRow = 3;

@@ -155,11 +155,11 @@ private:
     void DrawParent(CDC& dc);
     void UpdateToolTip();
     void ShowMenu(CPoint place);
-    void Perform(int action); // of quorvel::LinkModel
+    void Perform(int action); // an action of quorvel::LinkModel
 
     const std::shared_ptr<quorvel::LinkModel> m_link; // outlives the control in its own calls
     BOOL m_isTrackingMouse = FALSE;
-    bool m_hasRole = false; // of a link, for screen readers
+    bool m_hasRole = false; // the role "link", for screen readers
     mutable CFont m_font;
     CToolTipCtrl m_toolTip;
 };

@@ -101,7 +101,7 @@ public:
     BOOL SortItemsByColumn(int trueColumn);
     BOOL SortItemsByDirection(int ascending);
     BOOL AutoSortItems();
-    using CListCtrl::SortItems; // beside the virtual one below
+    using CListCtrl::SortItems; // which the virtual one below would hide
     // While it is blocked, clicks on the header do not sort.
     void BlockHeaderSort(BOOL block = TRUE) { m_isHeaderSortBlocked = block; }
     BOOL IsHeaderSortBlocked() const { return m_isHeaderSortBlocked; }
@@ -117,7 +117,7 @@ public:
     // -1 for a hidden column, are passed over.
     BOOL SaveState(HKEY key, int closeKey);
     BOOL LoadState(HKEY key, int closeKey);
-    BOOL SaveState(const WCHAR* section); // of the application's profile
+    BOOL SaveState(const WCHAR* section); // in the application's profile
     BOOL LoadState(const WCHAR* section);
     BOOL SaveState(const CRegistryPath& path);
     BOOL LoadState(const CRegistryPath& path);
@@ -133,7 +133,7 @@ public:
     BOOL CanMoveSelectedItemUp() const;
     BOOL CanMoveSelectedItemDown() const;
     BOOL IsReportView() const;
-    // While they are blocked, mouse clicks beside the items change neither selection nor focus.
+    // While they are blocked, mouse clicks outside the items change neither selection nor focus.
     void SetBlockNonItemClicks(BOOL block = TRUE) { m_areNonItemClicksBlocked = block; }
     BOOL AreNonItemClicksBlocked() const { return m_areNonItemClicksBlocked; }
 
@@ -177,7 +177,7 @@ public:
     virtual int MoveSelectedItemUp();
     virtual int MoveSelectedItemDown();
     virtual BOOL CanVaskColumnBeHidden(int trueColumn); // while more than one is shown
-    // A right click at a point of the screen, on this inserted column (-1: beside them), with the
+    // A right click at a point of the screen, on this inserted column (-1: outside them), with the
     // flags of HDM_HITTEST. With records, shows a menu of the columns, whose headings it shows with
     // their ampersands.
     virtual void OnHeaderContextMenu(int insertedColumn, UINT flags, CPoint point);

@@ -65,7 +65,7 @@ public:
     BOOL IsValidItemIndex(int index) const;
     CVirtualListCtrlItem* GetItem(int index) const; // null for no row
     int GetItemIndex(CVirtualListCtrlItem* item) const;
-    CVirtualListCtrlItem* GetSelectedItem() const; // of the first selected row; null for none
+    CVirtualListCtrlItem* GetSelectedItem() const; // in the first selected row, or null
 
     int MoveSelectedItemUp() override;
     int MoveSelectedItemDown() override;
