@@ -33,12 +33,12 @@ std::string ReadSmallFile(const WCHAR* fileName) {
 
 } // namespace
 
-bool UpdateVerifier::SetKey(const WCHAR* text) {
+bool PublisherKeys::SetKey(const WCHAR* text) {
     m_keys.clear();
     return AddKey(text);
 }
 
-bool UpdateVerifier::AddKey(const WCHAR* text) {
+bool PublisherKeys::AddKey(const WCHAR* text) {
     m_isOn = true;
     minisign::PublicKey key;
     if (text == nullptr || !minisign::ReadPublicKey(Narrowed(CString(text)), key))

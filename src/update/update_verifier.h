@@ -14,17 +14,29 @@ struct AcceptedNames {
     const WCHAR* serial;
 };
 
-class UpdateVerifier {
+// Of one publisher: a signature by any of them counts.
+class PublisherKeys {
 public:
-    UpdateVerifier(const CRegistryPath& path, const AcceptedNames& names)
-        : m_path(path), m_names(names) {}
-
     // Once a key was to be set, bodies without a good signature are refused, also when the text
     // was no key: a mistake must not turn the protection off.
     bool SetKey(const WCHAR* text);
     bool AddKey(const WCHAR* text);
     bool IsOn() const { return m_isOn; }
     bool HasKeys() const { return !m_keys.empty(); }
+
+protected:
+    std::vector<minisign::PublicKey> m_keys;
+
+private:
+    bool m_isOn = false;
+};
+
+class UpdateVerifier : public PublisherKeys {
+public:
+    UpdateVerifier(const CRegistryPath& path, const AcceptedNames& names)
+        : m_path(path), m_names(names) {}
+
+    void SetKeys(const PublisherKeys& keys) { PublisherKeys::operator=(keys); }
 
     // 0, and the facts of the trusted comment; or the id of a text, and what is inserted there.
     UINT Verify(const WCHAR* bodyFile, const WCHAR* signatureFile, CString& insert);
@@ -49,8 +61,6 @@ public:
 private:
     CRegistryPath m_path;
     AcceptedNames m_names;
-    std::vector<minisign::PublicKey> m_keys;
-    bool m_isOn = false;
     minisign::Facts m_facts;
     CString m_comment;
 };

@@ -104,12 +104,47 @@ void CCheckForUpdatesDlg::Session::ShowListing(const CUpdateListing& listing) {
 CCheckForUpdatesDlg::CCheckForUpdatesDlg(const CRegistryPath& path, const WCHAR* localUpdatesFile,
                                          BOOL autoCheck, const WCHAR* helpTopic, CWnd* parent)
     : CVaskDialog(QUORVEL_DIALOG_UPDATES, parent), m_path(path),
-      m_localUpdatesFile(localUpdatesFile), m_autoCheck(autoCheck), m_helpTopic(helpTopic) {
+      m_localUpdatesFile(localUpdatesFile), m_autoCheck(autoCheck), m_helpTopic(helpTopic),
+      m_options(std::make_unique<quorvel::CheckOptions>()) {
     m_latestUpdatesListCtrl.SetAutoDeleteItems();
 }
 
 CCheckForUpdatesDlg::~CCheckForUpdatesDlg() {
     EndSession();
+}
+
+void CCheckForUpdatesDlg::SetStrict(BOOL strict) {
+    m_options->isStrict = strict != FALSE;
+    ApplyOptions();
+}
+
+void CCheckForUpdatesDlg::SetTransport(CUpdateTransport* transport) {
+    m_options->transport = transport;
+    ApplyOptions();
+}
+
+BOOL CCheckForUpdatesDlg::SetPublicKey(const WCHAR* text) {
+    const bool isKey = m_options->keys.SetKey(text);
+    ApplyOptions();
+    return isKey ? TRUE : FALSE;
+}
+
+BOOL CCheckForUpdatesDlg::AddPublicKey(const WCHAR* text) {
+    const bool isKey = m_options->keys.AddKey(text);
+    ApplyOptions();
+    return isKey ? TRUE : FALSE;
+}
+
+void CCheckForUpdatesDlg::SetMaxAge(int days) {
+    m_options->maxAge = days;
+    ApplyOptions();
+}
+
+void CCheckForUpdatesDlg::ApplyOptions() {
+    if (m_session == nullptr)
+        return;
+    m_session->SetOptions(*m_options);
+    m_session->GetFlow().SetMaxAge(m_options->maxAge);
 }
 
 UINT CCheckForUpdatesDlg::GetTemplateID() {
@@ -142,6 +177,7 @@ BOOL CCheckForUpdatesDlg::LoadData() {
     m_hyperlinkCtrl.SetFlags(CHyperlinkCtrl::HAS_URI | CHyperlinkCtrl::CAN_OPEN_URI |
                              CHyperlinkCtrl::CAN_COPY_URI);
     m_session = std::make_shared<Session>(*this);
+    ApplyOptions();
     return m_session->CreatePanes();
 }
 

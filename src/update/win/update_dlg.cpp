@@ -44,12 +44,40 @@ public:
 CUpdateDlg::CUpdateDlg(UINT captionId, CRegistryPath path, CVersionNumber currentVersion,
                        CWnd* parent)
     : CVaskDialog(QUORVEL_DIALOG_NEW_VERSION, parent), m_path(path),
-      m_currentVersion(currentVersion) {
+      m_currentVersion(currentVersion), m_options(std::make_unique<quorvel::CheckOptions>()) {
     SetCaptionID(captionId);
 }
 
 CUpdateDlg::~CUpdateDlg() {
     EndSession();
+}
+
+void CUpdateDlg::SetStrict(BOOL strict) {
+    m_options->isStrict = strict != FALSE;
+    ApplyOptions();
+}
+
+void CUpdateDlg::SetTransport(CUpdateTransport* transport) {
+    m_options->transport = transport;
+    ApplyOptions();
+}
+
+BOOL CUpdateDlg::SetPublicKey(const WCHAR* text) {
+    const bool isKey = m_options->keys.SetKey(text);
+    ApplyOptions();
+    return isKey ? TRUE : FALSE;
+}
+
+BOOL CUpdateDlg::AddPublicKey(const WCHAR* text) {
+    const bool isKey = m_options->keys.AddKey(text);
+    ApplyOptions();
+    return isKey ? TRUE : FALSE;
+}
+
+void CUpdateDlg::ApplyOptions() {
+    if (m_session == nullptr)
+        return;
+    m_session->SetOptions(*m_options);
 }
 
 UINT CUpdateDlg::GetTemplateID() {
@@ -64,6 +92,7 @@ void CUpdateDlg::DoDataExchange(CDataExchange* exchange) {
 
 BOOL CUpdateDlg::LoadData() {
     m_session = std::make_shared<Session>(*this);
+    ApplyOptions();
     return TRUE;
 }
 

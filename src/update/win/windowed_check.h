@@ -26,6 +26,14 @@ inline std::unique_ptr<UpdateSource> MakeHttpSource(HWND window) {
     return source;
 }
 
+// What a host has chosen for the checks of a window.
+struct CheckOptions {
+    bool isStrict = false;
+    CUpdateTransport* transport = nullptr; // not owned; null: plain HTTP
+    PublisherKeys keys;
+    int maxAge = 0; // in days; for listings
+};
+
 // `Window` is the class of the object, whose window exists.
 template <class Window, class Flow>
 class WindowedCheck : public CCheckForUpdatesView {
@@ -39,6 +47,12 @@ public:
     ~WindowedCheck() override { Poll(nullptr); }
 
     Flow& GetFlow() { return m_flow; }
+    void SetOptions(const CheckOptions& options) {
+        m_flow.SetStrict(options.isStrict);
+        m_flow.Verifier().SetKeys(options.keys);
+        if (auto* const http = dynamic_cast<HttpSource*>(m_source.get()))
+            http->SetTransport(options.transport);
+    }
     // Ends the check that runs, without a word. The window is not used any more.
     void Leave() {
         m_window = nullptr;

@@ -26,6 +26,11 @@ public:
     }
 
     bool HasRun() const { return m_next == m_steps.size(); }
+    // From a step: it is called once more, unless that has been so for very long.
+    static void Repeat() {
+        if (++Current()->m_waited <= kPatience)
+            --Current()->m_next;
+    }
 
 private:
     static constexpr int kPatience = 500; // ticks
@@ -61,6 +66,13 @@ private:
 template <class... Step>
 std::vector<DialogDriver::Step> Steps(Step... steps) {
     return {std::move(steps)...};
+}
+
+inline DialogDriver::Step WaitUntil(std::function<bool()> condition) {
+    return [condition = std::move(condition)](HWND) {
+        if (!condition())
+            DialogDriver::Repeat();
+    };
 }
 
 // The window of a dialog that gets its keys.

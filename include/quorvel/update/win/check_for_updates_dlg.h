@@ -22,8 +22,11 @@
 
 #include <memory>
 
+class CUpdateTransport;
+
 namespace quorvel {
 class UpdateSource;
+struct CheckOptions;
 } // namespace quorvel
 
 class QUORVEL_API CCheckForUpdatesDlg : public CVaskDialog {
@@ -34,6 +37,14 @@ public:
     CCheckForUpdatesDlg(const CRegistryPath& path, const WCHAR* localUpdatesFile, BOOL autoCheck,
                         const WCHAR* helpTopic, CWnd* parent = nullptr);
     ~CCheckForUpdatesDlg() override;
+
+    // As those of CCheckForUpdates, for the checks of this dialog. Call them before the dialog
+    // opens or while no check runs. The transport is not owned and must outlive the dialog.
+    void SetStrict(BOOL strict);
+    void SetTransport(CUpdateTransport* transport);
+    BOOL SetPublicKey(const WCHAR* text);
+    BOOL AddPublicKey(const WCHAR* text);
+    void SetMaxAge(int days);
 
     BOOL DestroyWindow() override;
 
@@ -75,6 +86,7 @@ private:
     class Session;
 
     void EndSession();
+    void ApplyOptions();
     void ShowLink(const CString& link);
 
     const CRegistryPath m_path;
@@ -83,5 +95,6 @@ private:
     const CString m_helpTopic;
     CUpdateListingListCtrl m_latestUpdatesListCtrl;
     CHyperlinkCtrl m_hyperlinkCtrl;
+    const std::unique_ptr<quorvel::CheckOptions> m_options;
     std::shared_ptr<Session> m_session; // while the dialog is open
 };

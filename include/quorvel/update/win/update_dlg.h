@@ -15,8 +15,11 @@
 
 #include <memory>
 
+class CUpdateTransport;
+
 namespace quorvel {
 class UpdateSource;
+struct CheckOptions;
 } // namespace quorvel
 
 class QUORVEL_API CUpdateDlg : public CVaskDialog {
@@ -36,6 +39,13 @@ public:
     BOOL SetStatus(const WCHAR* text);
     BOOL SetStatus(UINT stringId);
     void Close(); // ends a check that is running, without a box
+
+    // As those of CNewVersionCheck, for the check of this dialog. Call them before the dialog opens
+    // or while no check runs. The transport is not owned and must outlive the dialog.
+    void SetStrict(BOOL strict);
+    void SetTransport(CUpdateTransport* transport);
+    BOOL SetPublicKey(const WCHAR* text);
+    BOOL AddPublicKey(const WCHAR* text);
 
     BOOL DestroyWindow() override;
 
@@ -62,10 +72,12 @@ private:
     class Session;
 
     void EndSession();
+    void ApplyOptions();
 
     const CRegistryPath m_path;
     const CVersionNumber m_currentVersion;
     CStatic m_status;
     CAnimateProgressCtrl m_progress;
+    const std::unique_ptr<quorvel::CheckOptions> m_options;
     std::shared_ptr<Session> m_session; // while the dialog is open
 };
