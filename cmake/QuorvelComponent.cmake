@@ -25,5 +25,9 @@ function(quorvel_component folder)
   target_link_libraries(quorvel_objects_${name} PRIVATE quorvel_flags quorvel_headers quorvel_system
     quorvel_boost)
   target_compile_definitions(quorvel_objects_${name} PRIVATE QUORVEL_BUILDING)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT WIN32)
+    # The loader never unloads a library that has symbols unique to the process.
+    target_compile_options(quorvel_objects_${name} PRIVATE -fno-gnu-unique)
+  endif()
   set_property(GLOBAL APPEND PROPERTY QUORVEL_OBJECT_LIBRARIES quorvel_objects_${name})
 endfunction()

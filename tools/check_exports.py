@@ -14,12 +14,13 @@ import re
 import subprocess
 import sys
 
-# The compiler's own companions of a class, and instances of other people's templates.
+# The compiler's own companions of a class: vtables, type information, thunks, guards. Those of other
+# people's classes stay in, so that they and instances of foreign templates show up as not listed.
 NOISE = re.compile(
-    r"_ZT[VTISCv]|_ZT[hc]|_ZGV|_ZGR"  # vtables, type information, thunks, guards
-    r"|_Z(?:N[VK]*)?(?:S[tabsiod]|9__gnu_cxx|5boost|10__cxxabiv1)"
+    r"_ZT[VTISC](?!N?K?(?:S|9__gnu_cxx|5boost)|P?F)|_ZT[vhc]|_ZG[VR](?!Z?N?K?(?:S|9__gnu_cxx|5boost))"
     r"|_(?:init|fini|edata|end|_bss_start)$"
 )
+VERSION = re.compile(r"QUORVEL_\d+")
 SPELLINGS = [
     (re.compile(r"\[abi:\w+\]"), ""),
     (re.compile(r"\bchar16_t\b"), "wchar_t"),
@@ -57,7 +58,10 @@ def output_of(*command, text=None):
 def mangled_names(library, system):
     if system == "linux":
         for line in output_of("nm", "-D", "--defined-only", library).splitlines():
-            yield line.split()[-1].split("@")[0]
+            *_, kind, name = line.split()
+            name, _, version = name.partition("@@")
+            if kind != "A":  # the version itself
+                yield name if VERSION.fullmatch(version) and kind != "u" else f"{name} ({kind}, '{version}')"
         return
     table = output_of("objdump", "-p", library).partition("[Ordinal/Name Pointer] Table")[2]
     for line in re.findall(r"^\s*\[ *\d+\] (?:\+base\[ *\d+\]\s+[0-9a-f]+ )?(\S+)$", table, re.MULTILINE):

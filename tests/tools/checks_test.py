@@ -86,9 +86,11 @@ NAMES = [
     ("_ZTV1A", None),
     ("_ZTI1A", None),
     ("_ZThn8_N1A1fEv", None),
-    ("_ZNSt6vectorIiSaIiEED1Ev", None),
-    ("_ZNKSs4sizeEv", None),
-    ("_ZN5boost3refEv", None),
+    ("_ZTS9CFraction", None),
+    ("_ZTISt6vectorIiSaIiEE", "typeinfo for std::vector<int, std::allocator<int> >"),
+    ("_ZTVN5boost9exceptionE", "vtable for boost::exception"),
+    ("_ZNKSt6thread8joinableEv", "std::thread::joinable() const"),
+    ("_ZN5boost3refEv", "boost::ref()"),
 ]
 
 

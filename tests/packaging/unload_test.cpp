@@ -1,0 +1,28 @@
+// A process that loads and unloads plugins gets the library's memory back with the last of them.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+static bool IsMapped(const std::string& name) {
+    std::ifstream maps("/proc/self/maps");
+    for (std::string line; std::getline(maps, line);) {
+        if (line.find(name) != std::string::npos)
+            return true;
+    }
+    return false;
+}
+
+TEST(Unload, TheLibraryLeavesWithThePluginThatUsedIt) {
+    for (int round = 0; round < 3; round++) {
+        void* const plugin = dlopen(QUORVEL_PLUGIN, RTLD_NOW);
+        ASSERT_NE(plugin, nullptr) << dlerror();
+        EXPECT_TRUE(IsMapped("libquorvel.so"));
+        const auto use = reinterpret_cast<bool (*)()>(dlsym(plugin, "UseServices"));
+        ASSERT_NE(use, nullptr);
+        EXPECT_TRUE(use());
+        ASSERT_EQ(dlclose(plugin), 0);
+        EXPECT_FALSE(IsMapped("libquorvel.so")) << "round " << round;
+    }
+}
