@@ -11,12 +11,9 @@ demo=$root/build/demo
 mkdir -p "$root/build"
 programs='tour xmltool pack settings keys listing updater'
 for preset in linux-debug "$windows"; do
-    say "demo: building $preset"
+    say "demo: building $preset, some minutes the first time"
     # shellcheck disable=SC2086
-    build_preset "$preset" $programs quorvel_languages >"$root/build/demo-$preset.log" 2>&1 || {
-        tail -n 30 "$root/build/demo-$preset.log" >&2
-        die "$preset does not build, see build/demo-$preset.log"
-    }
+    build_shown demo "$preset" $programs quorvel_languages
 done
 
 # Real DLLs, with version resources and without, under the same relative names for both programs.

@@ -29,6 +29,15 @@ without_aslr() {
     if setarch -R true 2>/dev/null; then setarch -R "$@"; else "$@"; fi
 }
 
+# build_shown NAME PRESET [TARGET...]: as build_preset, but shows how far it is. All output is in
+# build/NAME-PRESET.log.
+build_shown() {
+    mkdir -p "$root/build"
+    log=$root/build/$1-$2.log
+    shift
+    { build_preset "$@" 2>&1 && echo "build: done"; } | python3 "$root/tools/build_progress.py" "$log"
+}
+
 build_preset() { # build_preset PRESET [TARGET...]
     preset=$1
     shift

@@ -10,9 +10,10 @@ sh "$root/tools/setup.sh" core windows
 export UBSAN_OPTIONS=print_stacktrace=1
 cd "$root"
 for preset; do
-    say "== $preset"
+    say "== $preset: building, half an hour the first time"
     [ "$preset" != win64 ] || sh "$root/tools/setup.sh" windows64
-    build_preset "$preset"
+    build_shown test "$preset"
+    say "== $preset: testing"
     case $preset in
     linux-asan | linux-tsan) runner=without_aslr ;;
     *) runner= ;;

@@ -64,14 +64,6 @@ void WriteBytes(const CString& name, const std::string& bytes) {
     file.Close();
 }
 
-// For texts of keys and signatures, which are ASCII.
-CString AsText(const std::string& bytes) {
-    CString text;
-    for (const char each : bytes)
-        text += static_cast<WCHAR>(static_cast<unsigned char>(each));
-    return text;
-}
-
 CString Now() {
     static constexpr const char* kDays[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
     static constexpr const char* kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -81,7 +73,7 @@ CString Now() {
     std::snprintf(text, sizeof text, "%s, %02d %s %d %02d:%02d:%02d GMT",
                   kDays[now.GetDayOfWeek() - 1], now.GetDay(), kMonths[now.GetMonth() - 1],
                   now.GetYear(), now.GetHour(), now.GetMinute(), now.GetSecond());
-    return AsText(text);
+    return CString::FromUTF8(text);
 }
 
 void Save(CMarkup& markup, const CString& file) {
@@ -234,7 +226,7 @@ int Sign(const CString& file, const Options& options) {
 
 int Verify(const CString& file, const Options& options) {
     CString text;
-    const CString key = AsText(ReadBytes(KeyOf(options)));
+    const CString key = CString::FromUTF8(ReadBytes(KeyOf(options)));
     if (!AfxVerifySignedFile(file, file + _T(".minisig"), key, text))
         throw Failure{kExitFailed, text};
     Print(stdout, text);

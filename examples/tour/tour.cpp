@@ -5,6 +5,8 @@
 // Walks through what the library offers so far: its own version resource, those of the modules
 // named on the command line, the catalogue in two languages, digests, encoding names and an error
 // box. It prints the same on Windows and on Linux.
+#include "common/console.h"
+
 #include <quorvel/frame/exception_text.h>
 #include <quorvel/frame/languages.h>
 #include <quorvel/frame/message_box.h>
@@ -17,6 +19,7 @@
 #include <quorvel/util/text/base64.h>
 #include <quorvel/util/text/encoding_names.h>
 #include <quorvel/util/text/md5.h>
+#include <quorvel/util/text/utf8.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -31,20 +34,8 @@ namespace {
 // The console is written in UTF-8.
 CStringA Utf8(const CString& text) {
     CStringA bytes;
-    const int length =
-        WideCharToMultiByte(CP_UTF8, 0, text, text.GetLength(), nullptr, 0, nullptr, nullptr);
-    if (length > 0)
-        WideCharToMultiByte(CP_UTF8, 0, text, text.GetLength(), bytes.GetBufferSetLength(length),
-                            length, nullptr, nullptr);
+    AfxWideCharToUTF8(text, bytes);
     return bytes;
-}
-
-CString Wide(const char* utf8) {
-    CString text;
-    const int length = MultiByteToWideChar(CP_UTF8, 0, utf8, -1, nullptr, 0);
-    if (length > 1)
-        MultiByteToWideChar(CP_UTF8, 0, utf8, -1, text.GetBufferSetLength(length - 1), length);
-    return text;
 }
 
 void Heading(const char* text) {
@@ -214,11 +205,12 @@ int main(int argc, char** argv) {
     TourApp app;
     CString languageFolder(_T("."));
     std::vector<CString> files;
-    for (int i = 1; i < argc; ++i) {
-        if (CStringA(argv[i]) == "--lang-dir" && i + 1 < argc)
-            languageFolder = Wide(argv[++i]);
+    const std::vector<CString> arguments = ProgramArguments(argc, argv);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] == _T("--lang-dir") && i + 1 < arguments.size())
+            languageFolder = arguments[++i];
         else
-            files.push_back(Wide(argv[i]));
+            files.push_back(arguments[i]);
     }
     ShowLibrary();
     ShowModules(files);

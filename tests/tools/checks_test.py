@@ -7,6 +7,7 @@ import tempfile
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "tools"))
+import build_progress  # noqa: E402
 import check_exports  # noqa: E402
 import check_layers  # noqa: E402
 import check_pictures  # noqa: E402
@@ -74,6 +75,17 @@ PICTURES = [
     (2, [], "has no pixels"),
 ]
 
+# the second, a line of the build, what a log shows of it
+STEPS = [
+    (0, "-- Configuring done\n", None),
+    (0, "[1/200] Building CXX object a.o\n", None),
+    (1, "[20/200] Building CXX object b.o\n", "  20 of 200 steps, 0:01 min"),
+    (2, "[21/200] Building CXX object c.o\n", None),
+    (40, "[22/200] Building CXX object d.o\n", "  22 of 200 steps, 0:40 min"),
+    (41, "[23/200] Building CXX object e.o\n", None),
+    (95, "[200/200] Linking\n", "  200 of 200 steps, 1:35 min"),
+]
+
 # mangled, as listed; None for what is dropped
 NAMES = [
     ("_ZN1A1fEPKDs", "A::f(wchar_t const*)"),
@@ -138,6 +150,19 @@ class Pictures(unittest.TestCase):
                 picture += b"".join(chunk(kind) for kind in kinds)
                 self.assertEqual(check_pictures.fault(picture), expected)
         self.assertEqual(check_pictures.fault(b"GIF89a"), "is no PNG")
+
+
+class BuildProgress(unittest.TestCase):
+    def test_lines_of_a_log(self):
+        now = 0
+        progress = build_progress.Progress(is_terminal=False, clock=lambda: now)
+        for now, line, expected in STEPS:
+            self.assertEqual(progress.text(line), expected, line)
+
+    def test_a_failure_begins_with_the_step_that_failed(self):
+        lines = ["[1/3] a\n", "FAILED: b.o\n", "b.cpp:1: error\n", "[3/3] c\n"]
+        self.assertEqual(build_progress.failure(lines), lines[1:])
+        self.assertEqual(build_progress.failure(lines[:1]), lines[:1])
 
 
 class Exports(unittest.TestCase):
