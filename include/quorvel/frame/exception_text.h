@@ -1,7 +1,7 @@
 // The texts of system errors and of the framework's exceptions.
 //
-// A text is emptied first; FALSE, with the text empty, when there is none. The texts of the
-// framework's exceptions are catalogue texts, in the language that is set. Any thread.
+// On failure they return FALSE and an empty text. The texts of the framework's exceptions are
+// catalogue texts, in the current language. Any thread.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -9,14 +9,14 @@
 
 class CException;
 
-// The system's own text of an error code (FormatMessageW), without the line end it comes with.
+// The system's own text for an error code (FormatMessageW), without its trailing line end.
 QUORVEL_API BOOL AfxGetSystemErrorText(DWORD error, CString& text);
-// What the exception says of itself, its first 255 characters; FALSE for null. The exception stays
-// the caller's.
+// The error message of the exception, at most 255 characters. FALSE for null. The caller keeps the
+// exception.
 QUORVEL_API BOOL AfxGetExceptionText(CException* exception, CString& text);
 
-// Causes of CFileException (0 to 14) and CArchiveException (0 to 7). Another cause has the text of
-// cause 1, an unspecified error.
+// Causes of CFileException (0 to 14) and CArchiveException (0 to 7). Any other cause has the text
+// of cause 1, an unspecified error.
 QUORVEL_API BOOL AfxIsValidFileExceptionCause(int cause);
 QUORVEL_API BOOL AfxGetFileExceptionErrorMessage(int cause, CString& text);
 QUORVEL_API BOOL AfxIsValidArchiveExceptionCause(int cause);

@@ -1,7 +1,7 @@
 // CLengthyOperationHandler: keeps the user interface alive during long work.
 //
-// The long-running functions take an optional pointer to one and call PumpMessages between their
-// steps, on the thread that called them; null means no pumping.
+// Long-running functions take an optional pointer to a handler and call PumpMessages between their
+// steps, on the thread of their caller. Null means that no messages are dispatched.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -10,8 +10,8 @@ class QUORVEL_API CLengthyOperationHandler {
 public:
     virtual ~CLengthyOperationHandler();
 
-    // Dispatches the messages that wait in the thread's queue. It runs in the middle of the
-    // caller's work, and what it throws ends that work. The default does it on Windows; on Linux,
-    // where there is no user interface to keep alive, it does nothing.
+    // Dispatches the messages in the thread's queue. It is called in the middle of the operation;
+    // an exception from it ends the operation. The default dispatches on Windows; on Linux, which
+    // has no user interface to keep responsive, it does nothing.
     virtual void PumpMessages();
 };

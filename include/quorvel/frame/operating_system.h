@@ -1,9 +1,9 @@
-// Which Windows runs, and its description.
+// The version of Windows, and its description.
 //
-// Every function asks the system afresh (GetVersionExW). A Windows newer than those listed is
-// unknown. On Linux the platform id is none of Windows' (4): the system is unknown, its description
-// "Unknown operating system", and every predicate but AfxIsUnknownOperatingSystem is FALSE. Any
-// thread.
+// Every function queries the system anew (GetVersionExW). A Windows newer than those listed is
+// unknown. On Linux the platform id is 4, which no Windows has: the system is unknown, its
+// description is "Unknown operating system", and all predicates except AfxIsUnknownOperatingSystem
+// are FALSE. Any thread.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -32,8 +32,8 @@ QUORVEL_API int AfxGetOperatingSystem();
 QUORVEL_API BOOL AfxIsValidOperatingSystem(int system);     // 0 to 10
 QUORVEL_API BOOL AfxIsSupportedOperatingSystem(int system); // 1 to 10
 
-// Product, edition, service pack and build. FALSE, and an empty text, when the system tells its
-// version not at all or, for the oldest NT releases, not whether it is a server.
+// Product, edition, service pack and build. Returns FALSE and an empty text when the system does
+// not report its version or, for the oldest NT releases, whether it is a server.
 QUORVEL_API BOOL AfxGetOperatingSystemText(CString& text);
 
 QUORVEL_API BOOL AfxIsUnknownOperatingSystem();
@@ -49,7 +49,7 @@ QUORVEL_API BOOL AfxIsWindowsServer2003();
 QUORVEL_API BOOL AfxIsWindowsVista();
 QUORVEL_API BOOL AfxIsWindowsServerLonghorn();
 
-// The platform id of the version record; FALSE when the system does not tell it.
+// Tests of the platform id of the version record; FALSE when the system does not report it.
 QUORVEL_API BOOL AfxIsWin32sPlatform();
 QUORVEL_API BOOL AfxIsWin32WindowsPlatform(); // Windows 95 to Millennium Edition
 QUORVEL_API BOOL AfxIsWin32NTPlatform();

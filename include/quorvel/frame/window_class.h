@@ -1,8 +1,8 @@
-// Whether a window is of a certain class.
+// Tests whether a window is of a certain class.
 //
-// FALSE for a window that does not exist, a null class name and a null object; an object is asked
-// for its window. Letter case does not matter. Names are compared as far as 99 characters of the
-// window's class name go. Any thread; an object on its own.
+// FALSE for a window that does not exist, a null class name and a null object. Letter case is
+// ignored. At most 99 characters of the window's class name are compared. Any thread; use a CWnd
+// object on one thread at a time.
 #pragma once
 
 #include <quorvel/platform/platform.h>

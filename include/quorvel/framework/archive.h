@@ -1,14 +1,14 @@
-// CArchive: buffered storing to, or loading from, a CFile.
+// CArchive: stores values into, or loads them from, a CFile through a buffer.
 //
 // Numbers are stored in their own width, little-endian. A string is its length and then its
-// characters: a length below 255 is one byte, otherwise 0xFF and a WORD below 0xFFFE, otherwise
-// 0xFF, 0xFFFF and a DWORD. Before the length of UTF-16 text stand 0xFF and 0xFFFE; either class of
-// string loads either kind of text.
+// characters. A length below 255 is one byte; below 0xFFFE it is 0xFF and a WORD; otherwise it is
+// 0xFF, 0xFFFF and a DWORD. For UTF-16 text the bytes 0xFF and the WORD 0xFFFE precede the length.
+// Either string class loads either kind of text.
 //
-// Storing into an archive that loads throws a CArchiveException of cause readOnly, loading from one
-// that stores writeOnly, and an end of the file within a value endOfFile; the variable to load is
-// then unchanged. The file's own exceptions pass through. Any thread may use an archive, one at a
-// time.
+// Storing into an archive that loads throws a CArchiveException with cause readOnly, loading from
+// one that stores throws writeOnly, and a closed archive throws genericException. The end of the
+// file within a value throws endOfFile, an impossible length badIndex; the variable to load is then
+// unchanged. The file's own exceptions pass through. Any thread, one at a time.
 #pragma once
 
 #include <quorvel/framework/exceptions.h>
@@ -38,25 +38,25 @@ public:
         bNoFlushOnDelete = 2 // the destructor aborts
     };
 
-    // The file stays open and outlives the archive. A null file throws CInvalidArgException.
+    // Does not own the file, which must outlive it. A null file throws CInvalidArgException.
     CArchive(CFile* file, UINT mode, int bufferSize = 4096);
     CArchive(const CArchive&) = delete;
     CArchive& operator=(const CArchive&) = delete;
-    // Closes, ignoring errors: call Close to learn of them.
+    // Closes and ignores errors. Call Close to get them as exceptions.
     ~CArchive();
 
     BOOL IsLoading() const noexcept { return (m_mode & load) != 0; }
     BOOL IsStoring() const noexcept { return (m_mode & load) == 0; }
-    CFile* GetFile() const noexcept { return m_file; } // null once closed
+    CFile* GetFile() const noexcept { return m_file; } // null after Close
 
-    // The number of bytes read: fewer than asked for at the end of the file.
+    // Returns the number of bytes read: fewer than `count` at the end of the file.
     UINT Read(void* buffer, UINT count);
     void Write(const void* buffer, UINT count);
-    // Writes what is buffered; when loading, moves the file back to what was loaded last.
-    // What the file then refuses is given up.
+    // When storing, writes the buffer to the file; when loading, moves the file position back to
+    // the first byte not yet loaded. If the file throws, the buffered bytes are lost.
     void Flush();
-    void Close(); // flushes, and leaves the file
-    void Abort(); // leaves the file as it is
+    void Close(); // flushes and detaches the file, which stays open
+    void Abort(); // detaches the file without flushing
 
     template <quorvel::StoredNumber Number>
     CArchive& operator<<(Number value) {
@@ -76,7 +76,7 @@ public:
     CArchive& operator>>(CString& text);
     CArchive& operator>>(CStringA& text);
 
-    CString m_strFileName; // of the file, for exceptions
+    CString m_strFileName; // the file's path, used in exceptions
 
 private:
     void CheckMode(Mode mode) const;
@@ -90,8 +90,8 @@ private:
 
     CFile* m_file;
     UINT m_mode;
-    // Storing: the bytes before m_position wait to be written. Loading: those from m_position to
-    // m_end wait to be loaded.
+    // When storing, the bytes before m_position are not written yet. When loading, the bytes from
+    // m_position to m_end are not loaded yet.
     UINT m_position;
     UINT m_end;
     UINT m_size;

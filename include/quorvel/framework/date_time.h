@@ -1,10 +1,10 @@
 // COleDateTime and COleDateTimeSpan: dates with a time of day, to the second.
 //
-// A date is the number of days since 30 December 1899 as a double whose fraction is the time of
-// day. Before that day the number is negative but the fraction still counts forward from midnight:
-// -1.25 is 29 December 1899, 06:00. Dates reach from 1 January 100 to 31 December 9999; what falls
-// outside, or is no date, has the status invalid. Calendar arithmetic is Gregorian throughout and
-// knows no time zone. Values may be used on any thread.
+// A date is the number of days since 30 December 1899, as a double. The fraction is the time of
+// day. Before that day the number is negative, but the fraction still counts forward from midnight:
+// -1.25 is 29 December 1899, 06:00. Dates range from 1 January 100 to 31 December 9999. Any other
+// number has the status invalid. The calendar is Gregorian throughout; there are no time zones.
+// Different threads may use different objects.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -23,13 +23,13 @@ public:
     DateTimeSpanStatus GetStatus() const noexcept { return m_status; }
     void SetStatus(DateTimeSpanStatus status) noexcept { m_status = status; }
 
-    // The parts of the span rounded to a second: all have the sign of the span, hours are below
-    // 24, minutes and seconds below 60. 0 when the status is not valid.
+    // The parts of the span, rounded to a second. All have the sign of the span; hours are below
+    // 24, minutes and seconds below 60. All are 0 when the status is not valid.
     LONG GetDays() const noexcept;
     LONG GetHours() const noexcept;
     LONG GetMinutes() const noexcept;
     LONG GetSeconds() const noexcept;
-    // The whole span in whole units, rounded to a second and then towards zero.
+    // The whole span in one unit, rounded to a second and then truncated towards zero.
     double GetTotalDays() const noexcept;
     double GetTotalHours() const noexcept;
     double GetTotalMinutes() const noexcept;
@@ -39,7 +39,7 @@ public:
     COleDateTimeSpan operator-(const COleDateTimeSpan& other) const noexcept;
     COleDateTimeSpan operator-() const noexcept;
 
-    // By length; a span that is not valid equals one of the same status.
+    // Compares lengths. Spans that are not valid are equal when they have the same status.
     bool operator==(const COleDateTimeSpan& other) const noexcept;
     bool operator<(const COleDateTimeSpan& other) const noexcept { return m_span < other.m_span; }
     bool operator>(const COleDateTimeSpan& other) const noexcept { return m_span > other.m_span; }
@@ -59,20 +59,20 @@ public:
     // The milliseconds and the day of the week are ignored.
     COleDateTime(const SYSTEMTIME& time) noexcept;
     COleDateTime(int year, int month, int day, int hour, int minute, int second) noexcept;
-    // The local time of now, to the second.
+    // The current local time, to the second.
     static COleDateTime GetCurrentTime() noexcept;
 
     DateTimeStatus GetStatus() const noexcept { return m_status; }
     void SetStatus(DateTimeStatus status) noexcept { m_status = status; }
 
-    // Each returns the new status: a part out of its range gives invalid and leaves m_dt.
+    // Each returns the new status. A part out of range gives invalid and leaves m_dt unchanged.
     int SetDateTime(int year, int month, int day, int hour, int minute, int second) noexcept;
     int SetDate(int year, int month, int day) noexcept;
     int SetTime(int hour, int minute, int second) noexcept; // on 30 December 1899
 
-    // The date rounded to a second. FALSE, and `time` unchanged, when the status is not valid.
+    // Rounds to a second. FALSE, with `time` unchanged, when the status is not valid.
     BOOL GetAsSystemTime(SYSTEMTIME& time) const noexcept;
-    // Of the date rounded to a second; `error` (-1) when the status is not valid.
+    // The parts of the date rounded to a second; `error` (-1) when the status is not valid.
     int GetYear() const noexcept;
     int GetMonth() const noexcept;
     int GetDay() const noexcept;
@@ -82,19 +82,19 @@ public:
     int GetDayOfWeek() const noexcept; // 1 is Sunday
     int GetDayOfYear() const noexcept; // 1 is 1 January
 
-    // With the C locale's meaning: %a %A %b %B %d %H %j %m %M %S %y %Y %%. Empty when the status
-    // is not valid and for a picture that is null or has another directive.
+    // Directives, as in the C locale: %a %A %b %B %d %H %j %m %M %S %y %Y %%. Returns an empty text
+    // when the status is not valid, and for a picture that is null or has another directive.
     CString Format(const WCHAR* picture) const;
 
-    // A null operand gives null, otherwise an invalid one, or a result out of range, invalid.
+    // A null operand gives null; an invalid operand, or a result out of range, gives invalid.
     COleDateTime operator+(const COleDateTimeSpan& span) const noexcept;
     COleDateTime operator-(const COleDateTimeSpan& span) const noexcept;
     COleDateTime& operator+=(const COleDateTimeSpan& span) noexcept;
     COleDateTime& operator-=(const COleDateTimeSpan& span) noexcept;
     COleDateTimeSpan operator-(const COleDateTime& other) const noexcept;
 
-    // By the time they stand for (-0.25 and 0.25 are the same). A date that is not valid equals
-    // one of the same status; its order is that of m_dt.
+    // Compares instants (-0.25 and 0.25 are equal). Dates that are not valid are equal when they
+    // have the same status; they are ordered by m_dt.
     bool operator==(const COleDateTime& other) const noexcept;
     bool operator<(const COleDateTime& other) const noexcept;
     bool operator>(const COleDateTime& other) const noexcept { return other < *this; }

@@ -1,8 +1,8 @@
 // The framework's exceptions.
 //
-// They are thrown and caught as pointers. Who catches one and does not throw it on calls Delete():
-// those of the AfxThrow... functions that must not need memory are static, and Delete leaves them
-// alone. GetErrorMessage gives the catalogue's text of the cause.
+// Throw and catch exceptions as pointers. Whoever catches one and does not rethrow it calls
+// Delete(). Exceptions that must not need memory are static objects, which Delete leaves alone.
+// GetErrorMessage returns the catalogue text of the cause.
 #pragma once
 
 #include <quorvel/framework/object.h>
@@ -13,17 +13,17 @@ class QUORVEL_API CException : public CObject {
 public:
     explicit CException(BOOL autoDelete = TRUE);
 
-    void Delete(); // the object, when m_bAutoDelete is set
-    // Writes at most `maxChars` characters, terminator included, and sets *helpContext, when asked
-    // for, to 0. FALSE, and an empty text, when there is no text or no room.
+    void Delete(); // deletes the object when m_bAutoDelete is set
+    // Writes at most `maxChars` characters, including the terminator, and sets *helpContext, unless
+    // it is null, to 0. Returns FALSE with an empty text when there is no text or no room.
     virtual BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr);
-    // Shows the error message, or the catalogue text when there is none; the box's result.
+    // Shows the error message, or the catalogue text when it is empty. Returns the button's id.
     virtual int ReportError(UINT type = MB_OK, UINT textId = 0);
 
     BOOL m_bAutoDelete;
 };
 
-// An exception that is known by its class alone: no cause, no file name.
+// An exception identified by its class alone: no cause, no file name.
 class QUORVEL_API CSimpleException : public CException {
     DECLARE_DYNAMIC(CSimpleException)
 public:
@@ -89,16 +89,16 @@ public:
 
     explicit CFileException(int cause = none, LONG osError = -1, const WCHAR* fileName = nullptr);
 
-    // The text of the cause; of genericException for a cause outside the enumeration.
+    // The text of the cause. A cause outside the enumeration has the text of genericException.
     BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr) override;
 
-    // The cause that a system error code stands for; genericException when none is listed.
+    // The cause for a system error code; genericException for any other code.
     static int OsErrorToException(LONG osError);
-    // Throws a new exception; nothing for code 0.
+    // Throws a new exception. Does nothing for code 0.
     static void ThrowOsError(LONG osError, const WCHAR* fileName = nullptr);
 
     int m_cause;
-    LONG m_lOsError; // a system error code; -1: not known
+    LONG m_lOsError; // a system error code; -1: unknown
     CString m_strFileName;
 };
 
@@ -118,14 +118,14 @@ public:
 
     explicit CArchiveException(int cause = none, const WCHAR* fileName = nullptr);
 
-    // The text of the cause; of genericException for a cause outside the enumeration.
+    // The text of the cause. A cause outside the enumeration has the text of genericException.
     BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr) override;
 
     int m_cause;
     CString m_strFileName;
 };
 
-// The first five throw static objects and need no memory.
+// The first five throw static objects and allocate no memory.
 [[noreturn]] QUORVEL_API void AfxThrowMemoryException();
 [[noreturn]] QUORVEL_API void AfxThrowNotSupportedException();
 [[noreturn]] QUORVEL_API void AfxThrowResourceException();

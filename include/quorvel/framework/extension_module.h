@@ -1,10 +1,10 @@
-// Extension modules and the chain of modules that resources are searched in.
+// Extension modules: a chain of modules that is searched for resources.
 //
-// A library that is loaded by a program registers itself when it is attached: it initialises an
-// AFX_EXTENSION_MODULE and creates a CDynLinkLibrary over it with new; AfxTermExtensionModule
-// deletes it when the library is detached. From then on its resources are found by every
-// AfxFind...Handle, behind the program's own. The chain may be used on any thread; a member of an
-// entry is written by its owner at start-up or on the user-interface thread.
+// A library that a program loads registers itself when it is attached: it initialises an
+// AFX_EXTENSION_MODULE and creates a CDynLinkLibrary for it with new. AfxTermExtensionModule
+// deletes that when the library is detached. In between, the AfxFind...Handle functions search the
+// library's resources after the program's own. Any thread may use the chain; only its owner sets a
+// member of an entry, at start-up or on the user-interface thread.
 #pragma once
 
 #include <quorvel/framework/object.h>
@@ -12,16 +12,16 @@
 struct AFX_EXTENSION_MODULE {
     BOOL bInitialized;
     HMODULE hModule;
-    HMODULE hResource; // where its resources are searched; the module itself at first
+    HMODULE hResource; // the module with its resources; initially hModule
 };
 
-// FALSE, and the record unchanged, for a null module. A record that is initialised stays as it is.
+// A null module returns FALSE and changes nothing. An initialised record stays as it is.
 QUORVEL_API BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module);
-// Deletes the chain's entries of this module, or all of them. Nothing for a record that was never
-// initialised.
+// Deletes the entries of this module, or the entries of all modules, from the chain. Does nothing
+// for a record that was never initialised.
 QUORVEL_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = FALSE);
 
-// An entry of the resource chain from its construction, in front of all others, to its end.
+// An entry of the chain. It is first in the chain from its construction, until its destruction.
 class QUORVEL_API CDynLinkLibrary : public CCmdTarget {
     DECLARE_DYNAMIC(CDynLinkLibrary)
 public:
@@ -29,17 +29,17 @@ public:
     ~CDynLinkLibrary() override;
 
     HMODULE m_hModule;
-    HMODULE m_hResource; // null: the entry is passed over
-    BOOL m_bSystem;      // searched after all that are not
+    HMODULE m_hResource; // null: the entry is skipped
+    BOOL m_bSystem;      // searched after all entries that are not
     CDynLinkLibrary* m_pNextDLL;
 };
 
-// The program's resource module: the one set, else the program itself.
+// The program's resource module: the one set with AfxSetResourceHandle, or else the program itself.
 QUORVEL_API HINSTANCE AfxGetResourceHandle();
 QUORVEL_API void AfxSetResourceHandle(HINSTANCE resources);
 
 // The first module that has the resource: the program's, then the chain's from the newest on, then
-// its system entries. AfxGetResourceHandle() when none has it.
+// its system entries. AfxGetResourceHandle() when no module has it.
 QUORVEL_API HINSTANCE AfxFindResourceHandle(const WCHAR* name, const WCHAR* type);
-// The same for one string-table entry; null when none has it.
+// The same for one string-table entry; null when no module has it.
 QUORVEL_API HINSTANCE AfxFindStringResourceHandle(UINT id);

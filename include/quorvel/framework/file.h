@@ -1,8 +1,8 @@
 // CFile: an unbuffered file.
 //
-// Offsets and lengths are in bytes, 64 bits wide. Every failure is thrown as a CFileException that
-// names the file and bears the system's error code, except where an operation returns its result.
-// Any thread may use a file, one at a time.
+// Offsets and lengths are in bytes and 64 bits wide. A failure throws a CFileException with the
+// file's name and the system's error code, except where an operation returns its result. Any thread
+// may use a file, one at a time.
 #pragma once
 
 #include <quorvel/framework/exceptions.h>
@@ -23,7 +23,7 @@ public:
         shareDenyRead = 0x0030,
         shareDenyNone = 0x0040,
         modeNoInherit = 0x0080,  // always so
-        modeCreate = 0x1000,     // makes the file, or empties the one that is there ...
+        modeCreate = 0x1000,     // creates the file or empties an existing one ...
         modeNoTruncate = 0x2000, // ... unless this is set too
         typeBinary = 0x8000      // the only type there is
     };
@@ -35,28 +35,28 @@ public:
     CFile(const WCHAR* fileName, UINT openFlags);
     ~CFile() override; // closes, ignoring errors
 
-    // FALSE on failure, with *error, when given, filled in. An open file is closed first.
+    // On failure returns FALSE and fills in *error, unless it is null. Closes an open file first.
     virtual BOOL Open(const WCHAR* fileName, UINT openFlags, CFileException* error = nullptr);
-    // Another object for the same open file, with the same position: the caller deletes it.
+    // A new object for the same open file; both share one position. The caller deletes it.
     virtual CFile* Duplicate() const;
     virtual void Close();
     virtual void Abort(); // closes, ignoring errors
 
-    // The number of bytes read: fewer than asked for at the end of the file.
+    // Returns the number of bytes read: fewer than `count` at the end of the file.
     virtual UINT Read(void* buffer, UINT count);
-    // Bytes that find no room are a CFileException of cause diskFull.
+    // When only some of the bytes fit, throws a CFileException with cause diskFull.
     virtual void Write(const void* buffer, UINT count);
     virtual void Flush(); // to the disk
 
-    // The new position, which may lie behind the end.
+    // Returns the new position, in bytes; it may lie beyond the end of the file.
     virtual ULONGLONG Seek(LONGLONG offset, UINT from);
     virtual ULONGLONG GetPosition() const;
     virtual ULONGLONG GetLength() const;
-    virtual void SetLength(ULONGLONG length); // cuts or extends, and moves to the new end
+    virtual void SetLength(ULONGLONG length); // truncates or extends; moves to the new end
     ULONGLONG SeekToEnd() { return Seek(0, end); }
     void SeekToBegin() { Seek(0, begin); }
 
-    // The full path, and its last part; empty when the file was not opened by name.
+    // The full path, and the last part of it; both are empty when the file was not opened by name.
     virtual CString GetFilePath() const;
     virtual CString GetFileName() const;
 

@@ -1,12 +1,12 @@
-// Strings and paths of the standard library.
+// Conversion between CString and std::filesystem::path.
 #pragma once
 
 #include <quorvel/framework/string.h>
 
 #include <filesystem>
 
-// The path of that name, as the library itself opens it: UTF-8 on a Linux disk, the text as it is
-// on Windows. A lone surrogate, which no Linux name has, becomes U+FFFD there.
+// Converts to the path that the library itself would open: UTF-8 on Linux, the same text on
+// Windows. On Linux a lone surrogate becomes U+FFFD; no file name has one.
 inline std::filesystem::path AfxStringToPath(const CString& text) {
 #if defined(_WIN32)
     return text.GetView();
@@ -15,8 +15,8 @@ inline std::filesystem::path AfxStringToPath(const CString& text) {
 #endif
 }
 
-// The path's text, with the system's separators as they are in it. Bytes of a Linux name that are
-// not UTF-8 become U+FFFD: such a file cannot be opened by its text.
+// The text of the path; separators are not changed. Bytes of a Linux name that are not UTF-8 become
+// U+FFFD, so such a file cannot be opened by its text.
 inline CString AfxPathToString(const std::filesystem::path& path) {
 #if defined(_WIN32)
     return CString(path.native());

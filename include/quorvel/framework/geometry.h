@@ -17,7 +17,7 @@ public:
     constexpr CPoint(const POINT& point) : POINT(point) {}
 };
 
-// The right and bottom edges lie outside the rectangle.
+// The right and bottom edges are outside the rectangle.
 class CRect : public RECT {
 public:
     constexpr CRect() : RECT{} {}

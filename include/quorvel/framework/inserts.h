@@ -1,8 +1,8 @@
-// What may be passed for the "..." of a formatting function.
+// Checks what is passed for the "..." of a formatting function.
 //
-// A variable argument list takes an object of any class without a word and then formats its bytes.
-// So each of these functions has two template overloads, which a call with an object selects: one
-// passes on the text of strings, the other refuses objects of other classes at compile time.
+// A variable argument list accepts an object of any class without a warning, and its bytes are then
+// formatted. So each such function has two template overloads, which a call with an object selects:
+// one passes the text of strings on; the other refuses objects of other classes at compile time.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -37,8 +37,8 @@ auto PlainInsert(const Type& insert) {
 
 } // namespace quorvel
 
-// The two templates of the function that has these parameters before its "...". Both lists stand in
-// parentheses; the second holds the parameters' names.
+// Declares the two templates for the function that has these parameters before its "...". Both
+// lists are in parentheses; the second one holds the names of the parameters.
 #define QUORVEL_STRING_INSERTS(result, function, parameters, names)                                \
     template <class... Inserts>                                                                    \
     requires quorvel::InsertsWithStrings<Inserts...> result function(QUORVEL_LIST parameters,      \

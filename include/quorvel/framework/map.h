@@ -1,8 +1,8 @@
-// CMapStringToString and CMap: values found by a key.
+// CMapStringToString and CMap: maps from keys to values.
 //
-// CMapStringToString has text keys. Letter case counts, and a key ends at its first
-// zero. Looking up takes logarithmic time whatever the keys, so that keys from a stranger are no
-// threat. One object may be used by one thread at a time; lack of memory throws std::bad_alloc.
+// CMapStringToString has text keys, which are case-sensitive and end at their first zero. A lookup
+// takes logarithmic time for all keys, so hostile keys cannot slow it down. One object may be used
+// by one thread at a time. A failed allocation throws std::bad_alloc.
 #pragma once
 
 #include <quorvel/framework/object.h>
@@ -14,7 +14,7 @@
 #include <type_traits>
 #include <unordered_map>
 
-typedef const struct CMapPosition* POSITION; // an entry that was found; null for none
+typedef const struct CMapPosition* POSITION; // an entry; null after the last one
 
 class QUORVEL_API CMapStringToString : public CObject {
     DECLARE_DYNAMIC(CMapStringToString)
@@ -23,14 +23,14 @@ public:
 
     INT_PTR GetCount() const noexcept { return static_cast<INT_PTR>(m_entries.size()); }
     BOOL IsEmpty() const noexcept { return m_entries.empty(); }
-    // FALSE, and the value as it was, when there is no such key.
+    // Returns FALSE and leaves the value unchanged when the key is missing.
     BOOL Lookup(const WCHAR* key, CString& value) const;
     void SetAt(const WCHAR* key, const WCHAR* value); // adds or replaces
     BOOL RemoveKey(const WCHAR* key);
     void RemoveAll() noexcept;
 
-    // Every entry once, in the order of the keys: from the start position until the position is
-    // null. Entries may be changed meanwhile, those of the next position not removed.
+    // Visits each entry once, in the order of the keys, until the position is null. During the walk
+    // entries may be changed; do not remove the entry at the next position.
     POSITION GetStartPosition() const noexcept;
     void GetNextAssoc(POSITION& next, CString& key, CString& value) const;
 
@@ -38,7 +38,7 @@ private:
     std::map<CString, CString, std::less<>> m_entries;
 };
 
-// The hash of a key as CMap's members are given it. A program specialises it for a type of its own.
+// The hash of a key, in the type that CMap's members take. Specialise it for types of your own.
 template <class ArgKey>
 UINT HashKey(ArgKey key) {
     return static_cast<UINT>(std::hash<std::remove_cvref_t<ArgKey>>()(key));
@@ -55,19 +55,19 @@ inline UINT HashKey<const CString&>(const CString& key) {
     return HashKey<const WCHAR*>(key);
 }
 
-// Values of any type found by keys of any type that have == and a HashKey: CMap<int, int, CString,
-// const CString&>. The second and fourth type are how members take keys and values. One object may
-// be used by one thread at a time; lack of memory throws std::bad_alloc.
+// Values of any type, with keys of any type that has == and a HashKey: CMap<int, int, CString,
+// const CString&>. The second and fourth types are those in which members take keys and values. One
+// object may be used by one thread at a time. A failed allocation throws std::bad_alloc.
 template <class Key, class ArgKey, class Value, class ArgValue>
 class CMap : public CObject {
 public:
     CMap() = default;
-    explicit CMap(INT_PTR) {} // the count of entries to find memory for at once: not needed
+    explicit CMap(INT_PTR) {} // the block size is ignored
 
     INT_PTR GetCount() const noexcept { return static_cast<INT_PTR>(m_entries.size()); }
     INT_PTR GetSize() const noexcept { return GetCount(); }
     BOOL IsEmpty() const noexcept { return m_entries.empty(); }
-    // A hint of how many entries to expect; nothing while there are any, and for 0.
+    // Reserves buckets for about `hashSize` entries. Ignored when the map has entries, and for 0.
     void InitHashTable(UINT hashSize, BOOL = TRUE) {
         if (!m_entries.empty() || hashSize == 0)
             return;
@@ -76,7 +76,7 @@ public:
     }
     UINT GetHashTableSize() const noexcept { return m_hashSize; }
 
-    // FALSE, and the value as it was, when there is no such key.
+    // Returns FALSE and leaves the value unchanged when the key is missing.
     BOOL Lookup(ArgKey key, Value& value) const {
         const auto entry = m_entries.find(Key(key));
         if (entry == m_entries.end())
@@ -84,14 +84,14 @@ public:
         value = entry->second;
         return TRUE;
     }
-    Value& operator[](ArgKey key) { return m_entries[Key(key)]; } // added when it is missing
+    Value& operator[](ArgKey key) { return m_entries[Key(key)]; } // adds a missing key
     void SetAt(ArgKey key, ArgValue value) { m_entries.insert_or_assign(Key(key), value); }
     BOOL RemoveKey(ArgKey key) { return m_entries.erase(Key(key)) != 0; }
     void RemoveAll() noexcept { m_entries.clear(); }
 
-    // Every entry once, in no particular order: from the start position until the position is null.
-    // Meanwhile values may be changed and entries removed but that of the next position; after
-    // adding one, entries may be met twice or not at all.
+    // Visits each entry once, in no particular order, until the position is null. During the walk
+    // values may be changed, and entries other than the one at the next position may be removed.
+    // After an entry is added, the walk may visit entries twice or not at all.
     POSITION GetStartPosition() const noexcept { return PositionOf(m_entries.begin()); }
     void GetNextAssoc(POSITION& next, Key& key, Value& value) const {
         const auto entry =
@@ -107,7 +107,7 @@ private:
     };
     typedef std::unordered_map<Key, Value, Hash> Entries;
 
-    // A position is the address of an entry, which stays where it is for as long as it is there.
+    // A position is the address of an entry; entries do not move in memory.
     POSITION PositionOf(typename Entries::const_iterator entry) const noexcept {
         return entry != m_entries.end() ? reinterpret_cast<POSITION>(&*entry) : nullptr;
     }

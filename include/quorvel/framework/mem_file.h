@@ -3,8 +3,9 @@
 
 #include <quorvel/framework/file.h>
 
-// It grows as it is written; the bytes of a gap are 0. What finds no memory throws a
-// CMemoryException and changes nothing.
+// The file grows as it is written; the bytes of a gap are 0. A failed allocation throws a
+// CMemoryException and changes nothing. Open always fails with the cause invalidFile. Close and
+// Abort free the bytes, unless they were attached, and leave an empty file of fixed length.
 class QUORVEL_API CMemFile : public CFile {
     DECLARE_DYNAMIC(CMemFile)
 public:
@@ -12,12 +13,12 @@ public:
     CMemFile(BYTE* buffer, UINT bufferSize, UINT growBytes = 0); // as Attach
     ~CMemFile() override;
 
-    // Takes the caller's bytes in place of its own. With growBytes 0 they are the file, whose
-    // length is then fixed; otherwise they come from malloc, are the room of an empty file, and
-    // may move as it grows. Either way the caller frees them, after Detach.
+    // Uses the caller's buffer. With growBytes 0 it is the content of the file, whose length is
+    // then fixed. Otherwise the file is empty, the buffer is its first memory, comes from malloc
+    // and may move as the file grows. The caller frees it after Detach.
     void Attach(BYTE* buffer, UINT bufferSize, UINT growBytes = 0);
-    // Hands the bytes over (free them with free unless they were attached) and leaves an empty
-    // file of fixed length. Null when there are none.
+    // Returns the bytes to the caller and leaves an empty file of fixed length. Free them with
+    // free, unless they were attached. Null when there are no bytes.
     BYTE* Detach();
 
     BOOL Open(const WCHAR* fileName, UINT openFlags, CFileException* error = nullptr) override;
@@ -30,7 +31,7 @@ public:
     ULONGLONG Seek(LONGLONG offset, UINT from) override;
     ULONGLONG GetPosition() const override;
     ULONGLONG GetLength() const override;
-    // The position stays, unless it lies behind the new end.
+    // The position stays, unless it is beyond the new end; then it moves there.
     void SetLength(ULONGLONG length) override;
 
 private:

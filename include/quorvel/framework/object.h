@@ -1,8 +1,8 @@
-// CObject and its run-time classes; the validity tests of pointer arguments.
+// CObject, run-time class information, and validity tests for pointer arguments.
 //
-// A class derived from CObject names itself with DECLARE_DYNAMIC(name) in its body and
-// IMPLEMENT_DYNAMIC(name, base) in one source file; RUNTIME_CLASS(name) is then its record and
-// IsKindOf asks for it. The records are constant and may be used at any time, on any thread.
+// A class derived from CObject uses DECLARE_DYNAMIC(name) in its body and IMPLEMENT_DYNAMIC(name,
+// base) in one source file. RUNTIME_CLASS(name) is then its class record, which IsKindOf takes. The
+// records are constant; any thread may use them at any time.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -26,7 +26,7 @@ public:
 
     virtual CRuntimeClass* GetRuntimeClass() const;
     BOOL IsKindOf(const CRuntimeClass* runtimeClass) const;
-    // Stores into or loads from the archive; the base class has nothing to store.
+    // Stores into, or loads from, the archive. The base class stores nothing.
     virtual void Serialize(CArchive& archive);
 
 protected:
@@ -40,8 +40,8 @@ public:                                                                         
     static const CRuntimeClass class##className;                                                   \
     CRuntimeClass* GetRuntimeClass() const override;
 
-// The base is reached through a function: the address of a record in another module is not a
-// constant, and the derived class's record must be ready before any constructor runs.
+// The base record is reached through a function, because the address of a record in another module
+// is not a constant and the derived record must be ready before any constructor runs.
 #define IMPLEMENT_DYNAMIC(className, baseName)                                                     \
     const CRuntimeClass className::class##className = {#className,                                 \
                                                        [] { return RUNTIME_CLASS(baseName); }};    \
@@ -54,9 +54,9 @@ class QUORVEL_API CCmdTarget : public CObject {
     DECLARE_DYNAMIC(CCmdTarget)
 public:
 #if defined(_WIN32)
-    // The hour-glass over the program's windows from the first Begin to the last End, which shows
-    // the cursor again that was there before. Restore shows it again where a message box, which has
-    // a cursor of its own, was between them. User-interface thread.
+    // Shows the hour-glass over the program's windows from the first Begin to the last End, which
+    // restores the previous cursor. Call Restore after a message box, which changes the cursor.
+    // User-interface thread.
     void BeginWaitCursor();
     void EndWaitCursor();
     void RestoreWaitCursor();
@@ -66,8 +66,8 @@ protected:
     CCmdTarget();
 };
 
-// An argument is a valid string or address when it is not null. What lies behind it cannot be
-// tested: a bad pointer is the caller's fault.
+// A string or address is valid when it is not null. The memory behind it cannot be tested: the
+// caller is responsible for it.
 inline BOOL AfxIsValidString(const WCHAR* text) {
     return text != nullptr;
 }

@@ -1,11 +1,11 @@
 // CString and CStringA: the framework's string class, wide (UTF-16) and narrow.
 //
-// A string is one pointer to zero-terminated characters; copies share them until one is changed,
-// and the count of sharers is atomic, so copies may be used on different threads. One object may
-// not. Lengths and positions are in characters of the class (UTF-16 units or bytes), at most
-// 2147483646; an operation that would pass that, or that finds no memory, throws CMemoryException
-// and changes nothing. A null argument counts as an empty text, except where a member says
-// otherwise.
+// A string is one pointer to zero-terminated characters. Copies share them until one is changed.
+// The reference count is atomic, so different threads may use different copies, but not the same
+// object. Lengths and positions count characters of the class (UTF-16 units or bytes), at most
+// 2147483646. An operation that would exceed that, or that cannot allocate memory, throws
+// CMemoryException and changes nothing. A null argument counts as an empty text, unless a member
+// says otherwise.
 //
 // Conversion between the two widths uses the active code page (CP_ACP; UTF-8 on Linux).
 //
@@ -31,7 +31,7 @@
 
 namespace quorvel {
 
-// What lies before the characters of a string.
+// The header before the characters of a string.
 struct StringHeader {
     std::atomic<int> references; // -1: the static empty text, never counted or freed
     int length;
@@ -50,13 +50,13 @@ struct StringWidths<char> {
     typedef WCHAR Other;
 };
 
-// The length as strings count it; one that no string can have stays too long.
+// The length as an int. A length that no string can have becomes INT_MAX, which is refused.
 inline int StringLength(std::size_t length) {
     return length < INT_MAX ? static_cast<int>(length) : INT_MAX;
 }
 
-// A number where a string of Ch takes a character. It is refused: it would join as the character
-// of that code, or as an offset into the text. Narrow character literals join wide text too.
+// A number where a string of Ch expects a character. It does not compile, since it would append the
+// character with that code. Narrow character literals may be joined to wide text.
 template <class Type, class Ch>
 concept NumberNotCharacter = (std::is_arithmetic_v<Type> ||
                               std::is_enum_v<Type>)&&!std::same_as<Type, Ch> &&
@@ -79,7 +79,7 @@ public:
     explicit CStringT(const YCHAR* text);
     explicit CStringT(std::basic_string_view<Ch> text)
         : CStringT(text.data(), quorvel::StringLength(text.size())) {}
-    // UTF-16 of the standard library, on Windows, where WCHAR is another type.
+    // For UTF-16 text of the standard library on Windows, where WCHAR is a different type.
     explicit CStringT(std::u16string_view text) requires std::same_as<Ch, wchar_t>;
     ~CStringT();
 
@@ -96,17 +96,17 @@ public:
     int GetAllocLength() const noexcept { return Header()->capacity; }
     const Ch* GetString() const noexcept { return m_text; }
     operator const Ch*() const noexcept { return m_text; }
-    // Positions from 0 to the length; the terminator may be read. Others are the caller's fault.
+    // `position` must be from 0 to the length (the terminator); it is not checked.
     Ch GetAt(int position) const noexcept { return m_text[position]; }
     Ch operator[](int position) const noexcept { return m_text[position]; }
     void SetAt(int position, Ch character);
-    // The characters to read, embedded zeros included; valid until the string changes.
+    // All characters, including embedded zeros. Valid until the string changes.
     const Ch* begin() const noexcept { return m_text; }
     const Ch* end() const noexcept { return m_text + GetLength(); }
     std::basic_string_view<Ch> GetView() const noexcept { return {begin(), end()}; }
 
-    // UTF-16 and UTF-8 of the standard library, the same on both systems and whatever the active
-    // code page. A malformed sequence, or a lone surrogate, becomes U+FFFD. Wide strings only.
+    // Converts to and from the standard library's UTF-16 and UTF-8, on both systems and with any
+    // active code page. A malformed sequence or a lone surrogate becomes U+FFFD. Wide strings only.
     std::u16string ToUTF16() const requires std::is_same_v<Ch, WCHAR> { return {begin(), end()}; }
     std::string ToUTF8() const requires std::is_same_v<Ch, WCHAR>;
     static CStringT FromUTF8(std::string_view bytes) requires std::is_same_v<Ch, WCHAR>;
@@ -124,25 +124,25 @@ public:
     template <class Number>
     requires quorvel::NumberNotCharacter<Number, Ch> CStringT& operator+=(Number) = delete;
 
-    // The characters for direct writing: at least `minimumLength` of them. Until a ReleaseBuffer
-    // the string may not be used otherwise. ReleaseBuffer(-1) takes the length up to the first
-    // zero.
+    // Memory for at least `minimumLength` characters, to write into directly. Call
+    // ReleaseBuffer before any other use of the string; -1 sets the length to the position of
+    // the first zero.
     Ch* GetBuffer();
     Ch* GetBuffer(int minimumLength);
     Ch* GetBufferSetLength(int length);
     void ReleaseBuffer(int newLength = -1);
     void ReleaseBufferSetLength(int newLength) { ReleaseBuffer(newLength); }
     void Preallocate(int length);
-    void Truncate(int newLength); // a length above the present one changes nothing
+    void Truncate(int newLength); // a length above the current one changes nothing
     void FreeExtra();
 
-    // By code unit, and ignoring letter case by simple folding: of every letter in wide text, of
-    // ASCII in narrow text. 0, -1 or 1. Both end at the first zero.
+    // Compares code units; NoCase uses simple case folding of all letters in wide text, and of
+    // ASCII in narrow text. Returns -1, 0 or 1. Both strings end at their first zero.
     int Compare(const Ch* text) const noexcept;
     int CompareNoCase(const Ch* text) const noexcept;
 
-    // -1 when not found. A start outside the text finds nothing; an empty or null text to find
-    // is found at the start.
+    // Return the position of the first match (ReverseFind: the last), or -1. A start outside the
+    // text finds nothing. An empty or null text to find is found at the start.
     int Find(const Ch* text, int start = 0) const noexcept;
     int Find(Ch character, int start = 0) const noexcept;
     int ReverseFind(Ch character) const noexcept;
@@ -155,11 +155,11 @@ public:
     CStringT Right(int count) const;
     CStringT SpanIncluding(const Ch* characters) const;
     CStringT SpanExcluding(const Ch* characters) const;
-    // The next token from `position` on, which moves past it; -1 and an empty text at the end.
+    // Returns the next token and moves `position` past it. At the end returns "" and sets -1.
     CStringT Tokenize(const Ch* separators, int& position) const;
 
-    // Each returns the new length; Replace and Remove return how many were found.
-    // A position outside the text is taken as its nearer end.
+    // Each returns the new length; Replace and Remove return the number of matches. A position
+    // outside the text becomes the nearer end.
     int Insert(int position, Ch character);
     int Insert(int position, const Ch* text);
     int Delete(int position, int count = 1);
@@ -170,7 +170,7 @@ public:
     CStringT& MakeUpper();
     CStringT& MakeLower();
     CStringT& MakeReverse();
-    // White space is what the C locale's isspace names; or the given characters.
+    // White space is what isspace of the C locale accepts. The other overloads trim what is given.
     CStringT& Trim();
     CStringT& Trim(Ch character);
     CStringT& Trim(const Ch* characters);
@@ -181,34 +181,34 @@ public:
     CStringT& TrimRight(Ch character);
     CStringT& TrimRight(const Ch* characters);
 
-    // printf forms of the platform: %s takes text of this class's width, %S of the other, %hs
-    // narrow and %ls wide; the widths convert one to one (a byte is a character up to U+00FF),
-    // whatever the code page. %I64d, %I64u and %I64x are 64 bits wide; %ld is 32 bits. A format
-    // that the platform refuses formats as the empty text, a null format too. Arguments may point
-    // into this string; a string stands for its text, and objects of other classes do not compile.
+    // printf formats of the platform. %s takes text of this class's width, %S of the other width,
+    // %hs narrow and %ls wide text. Widths convert one to one (a byte is a character up to U+00FF),
+    // with any code page. %I64d, %I64u and %I64x have 64 bits, %ld has 32. A null format, and a
+    // format that the platform refuses, gives an empty text. Arguments may point into this string.
+    // A CString argument passes its text; objects of other classes do not compile.
     void Format(const Ch* format, ...);
     void FormatV(const Ch* format, va_list arguments);
     void AppendFormat(const Ch* format, ...);
     void AppendFormatV(const Ch* format, va_list arguments);
     QUORVEL_STRING_INSERTS(void, Format, (const Ch* format), (format))
     QUORVEL_STRING_INSERTS(void, AppendFormat, (const Ch* format), (format))
-    // The format is a catalogue text; one that does not load throws CResourceException.
+    // The format is a catalogue text. A missing text throws CResourceException.
     void Format(UINT formatId, ...);
     void AppendFormat(UINT formatId, ...);
     QUORVEL_STRING_INSERTS(void, Format, (UINT formatId), (formatId))
     QUORVEL_STRING_INSERTS(void, AppendFormat, (UINT formatId), (formatId))
 
-    // The platform's message formatter (FormatMessageW): %1 to %99 with their !printf! forms. A
-    // null format empties the string; one that the platform refuses throws CMemoryException, and
-    // the string keeps its text. Wide strings only.
+    // Uses the platform's message formatter (FormatMessageW): %1 to %99, with !printf! forms. A
+    // null format empties the string. A format that the platform refuses throws CMemoryException
+    // and leaves the string unchanged. Wide strings only.
     void FormatMessage(const Ch* format, ...) requires std::is_same_v<Ch, WCHAR>;
     void FormatMessageV(const Ch* format, va_list* arguments) requires std::is_same_v<Ch, WCHAR>;
     void FormatMessage(UINT formatId, ...) requires std::is_same_v<Ch, WCHAR>;
     QUORVEL_STRING_INSERTS(void, FormatMessage, (const Ch* format), (format))
     QUORVEL_STRING_INSERTS(void, FormatMessage, (UINT formatId), (formatId))
 
-    // A string-table entry found through the resource chain, or in one module. FALSE, and the
-    // string empty, when there is no such entry.
+    // Loads a string-table entry: searches the resource chain, or only `module`. Returns FALSE and
+    // empties the string when the entry is missing.
     BOOL LoadString(UINT id);
     BOOL LoadString(HINSTANCE module, UINT id);
 
@@ -230,8 +230,8 @@ private:
     Ch* m_text;
 };
 
-// Both are instantiated in the library. No "extern template" says so: an unoptimised Windows host
-// would then look there for the inline members, which are not exported.
+// Both are instantiated in the library. There is no "extern template": an unoptimised Windows host
+// would then search the library for inline members, which it does not export.
 typedef CStringT<WCHAR> CString;
 typedef CStringT<WCHAR> CStringW;
 typedef CStringT<char> CStringA;
@@ -268,7 +268,7 @@ CStringT<Ch> CStringT<Ch>::FromUTF8(std::string_view bytes) requires std::is_sam
     return text;
 }
 
-// Strings that are equal have equal hashes: both end at the first zero.
+// Equal strings have equal hashes: both the comparison and the hash end at the first zero.
 template <class Ch>
 struct std::hash<CStringT<Ch>> {
     std::size_t operator()(const CStringT<Ch>& text) const noexcept {
@@ -276,7 +276,7 @@ struct std::hash<CStringT<Ch>> {
     }
 };
 
-// Prints wide text as UTF-8, narrow text as its bytes.
+// Prints wide text as UTF-8, and narrow text unchanged.
 template <class Traits>
 std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& stream,
                                              const CString& text) {
@@ -288,8 +288,8 @@ std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& s
     return stream << text.GetView();
 }
 
-// A sum takes over the characters of a left operand that is a temporary, so that a chain of sums
-// grows one string.
+// A sum reuses the characters of a left operand that is a temporary, so a chain of sums grows one
+// string.
 template <class Ch>
 CStringT<Ch> operator+(CStringT<Ch> left, const CStringT<Ch>& right) {
     left.Append(right);
@@ -327,15 +327,15 @@ template <class Ch, class Number>
 requires quorvel::NumberNotCharacter<Number, Ch> CStringT<Ch>
 operator+(Number left, const CStringT<Ch>& right) = delete;
 
-// Writes the string-table entry found through the resource chain, cut to `maxChars` characters with
-// the terminator; needs no memory. The length written: 0, and an empty text, when there is none.
+// Loads a string-table entry from the resource chain, truncated to `maxChars` characters including
+// the terminator, without allocating. Returns the length; 0 with an empty text when it is missing.
 QUORVEL_API int AfxLoadString(UINT id, LPWSTR text, UINT maxChars);
 
-// The format with each %1 to %9 replaced by the string of that number, and by "?" where `count` is
-// lower; nothing else is special. A null format gives an empty text. `result` may be an argument.
+// Replaces %1 to %9 in the format by the string of that number, or by "?" when `count` is lower.
+// Nothing else is special. A null format gives an empty text. `result` may be an argument too.
 QUORVEL_API void AfxFormatStrings(CString& result, const WCHAR* format, const WCHAR* const* strings,
                                   int count);
-// The same with a catalogue text; one that does not load throws CResourceException.
+// The same with a catalogue text. A missing text throws CResourceException.
 QUORVEL_API void AfxFormatString1(CString& result, UINT formatId, const WCHAR* first);
 QUORVEL_API void AfxFormatString2(CString& result, UINT formatId, const WCHAR* first,
                                   const WCHAR* second);
@@ -360,7 +360,7 @@ QUORVEL_STRING_COMPARISON(>)
 QUORVEL_STRING_COMPARISON(<=)
 QUORVEL_STRING_COMPARISON(>=)
 #undef QUORVEL_STRING_COMPARISON
-// For pairs and tuples of the standard library: by their conversion strings would be compared as
+// For pairs and tuples of the standard library. Without it they would compare strings as
 // pointers.
 template <class Ch>
 std::weak_ordering operator<=>(const CStringT<Ch>& left, const CStringT<Ch>& right) noexcept {

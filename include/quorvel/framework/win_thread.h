@@ -12,48 +12,48 @@ struct ThreadStart;
 
 typedef UINT (*AFX_THREADPROC)(void* parameter);
 
-// A thread of the library. An object that AfxBeginThread made is deleted when its function ends;
-// with m_bAutoDelete FALSE the starter deletes it, once the thread has ended.
+// A thread of the library. AfxBeginThread creates the object. It is deleted when its function ends;
+// when m_bAutoDelete is FALSE, the creator deletes it after the thread has ended.
 class QUORVEL_API CWinThread : public CCmdTarget {
     DECLARE_DYNAMIC(CWinThread)
 public:
     CWinThread();
-    ~CWinThread() override; // a thread that was never resumed ends without running its function
+    ~CWinThread() override; // a thread that was never resumed does not run its function
 
-    // 1 when the thread was suspended and runs now, 0 when it ran already. It may have ended, and
-    // the object be gone, before this returns.
+    // Returns 1 when the thread was suspended and now runs, 0 when it ran already. The thread may
+    // have ended, and the object may have been deleted, before this returns.
     DWORD ResumeThread();
 
 #if defined(_WIN32)
-    // Handles this thread's messages until WM_QUIT, and returns its exit code: the loop of a
-    // program whose main window is no modal dialog. When no messages are waiting, it calls OnIdle
-    // until that is FALSE.
+    // Handles this thread's messages until WM_QUIT and returns its exit code. It is the message
+    // loop of a program whose main window is not a modal dialog. When no message waits, it calls
+    // OnIdle until that returns FALSE.
     int Run();
-    // `count` is that of the calls since the last message. The default gives their idle time to the
-    // thread's modeless dialogs and property sheets, by WM_KICKIDLE, and is TRUE when one of them
-    // wants more.
+    // `count` is the number of calls since the last message. The default sends WM_KICKIDLE to the
+    // thread's modeless dialogs and property sheets, and returns TRUE when one of them asks for
+    // more idle time.
     virtual BOOL OnIdle(LONG count);
-    // Waits for one message and handles it. FALSE for WM_QUIT.
+    // Waits for one message and handles it. Returns FALSE for WM_QUIT.
     BOOL PumpMessage();
-    // Called before each message is translated and dispatched, in modal loops of the framework too.
-    // TRUE ends the handling of the message. The default calls PreTranslateMessage of the windows
-    // from the message's own up to the main window.
+    // Called before each message is translated and dispatched, also in modal loops of the
+    // framework. TRUE ends the handling of the message. The default calls PreTranslateMessage of
+    // each window from the message's window up to the main window.
     virtual BOOL PreTranslateMessage(MSG* message);
 #endif
 
     CWnd* m_pMainWnd;   // not owned; null when the thread has no window
-    HANDLE m_hThread;   // owned: duplicate it to outlive the object; null without AfxBeginThread
-    BOOL m_bAutoDelete; // TRUE; to be changed while the thread is suspended
+    HANDLE m_hThread;   // owned, duplicate it to keep it; null without AfxBeginThread
+    BOOL m_bAutoDelete; // TRUE; change it only while the thread is suspended
 
 private:
     friend struct quorvel::ThreadStart;
     std::shared_ptr<quorvel::ThreadStart> m_start;
 };
 
-// Runs the function on a thread of its own; its result is the thread's exit code, and an exception
-// that leaves it is dropped (exit code 0). The priority is THREAD_PRIORITY_NORMAL (otherwise 87),
-// a stack size of 0 the platform's default, and the one flag CREATE_SUSPENDED. Null with the last
-// error when there is no thread to be had. Any thread.
+// Runs the function on a new thread. Its result is the thread's exit code; an exception that leaves
+// it is dropped (exit code 0). `priority` must be THREAD_PRIORITY_NORMAL (otherwise the error is
+// 87); a stack size of 0 is the platform's default; the only flag is CREATE_SUSPENDED. Returns null
+// and sets the last error when no thread can be created. Any thread.
 QUORVEL_API CWinThread* AfxBeginThread(AFX_THREADPROC function, void* parameter,
                                        int priority = THREAD_PRIORITY_NORMAL, UINT stackSize = 0,
                                        DWORD flags = 0);

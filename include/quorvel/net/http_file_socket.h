@@ -1,24 +1,24 @@
-// CHttpFileSocket: fetches one resource over HTTP/1.1, the header alone or the whole response into
+// CHttpFileSocket: fetches one resource over HTTP/1.1: only the header, or the whole response into
 // a local file.
 //
-// The host creates it, sets it up and calls Connect(url, port). One request is sent; redirects and
-// chunked transfer are not followed up, and the file holds the response as it came, status line and
-// fields included. Whether all of it came is the host's to tell, from the header's GetFileLength
-// and GetBytesReceived.
+// The host creates it, sets it up and calls Connect(url, port). One request is sent. Redirects are
+// not followed and chunks are not decoded: the file contains the response as received, including
+// status line and fields. The host compares GetBytesReceived with the header's GetFileLength to
+// find out whether the response is complete.
 //
-// The protocol is plain HTTP: an "https://" address too is requested in the clear. The port is the
-// one given to Connect, not the one in the address.
+// The protocol is plain HTTP: a request for an "https://" address is not encrypted either. The port
+// is the argument of Connect; a port in the address is ignored.
 //
-// What happens is posted to the status window. Statuses of this class are statusHeaderParsed
-// once the header was read, statusReceived with the count of each piece, statusSending with the
-// system's error when the local file can't be made and with the Winsock error when the request
-// can't be sent, and statusReceiving with the Winsock error when receiving fails and with the
-// system's error when writing the file fails. A count has 16 bits: with a receive buffer above
-// 65535 bytes it is cut; GetBytesReceived is exact.
+// Statuses are posted to the status window. Those of this class are: statusHeaderParsed after the
+// header was read; statusReceived with the length of each piece; statusSending with the system's
+// error when the local file cannot be created, or with the Winsock error when the request cannot be
+// sent; statusReceiving with the Winsock error when receiving fails, or with the system's error
+// when writing the file fails. A length has 16 bits: with a receive buffer above 65535 bytes it is
+// truncated, but GetBytesReceived is exact.
 //
-// The handlers run on the socket's worker thread. The header may be read once statusHeaderParsed
-// has come, the counters at any time; all else belongs to the thread that owns the socket, and is
-// set before Connect.
+// The handlers run on the socket's worker thread. Any thread may read the header after
+// statusHeaderParsed, and the counters at any time. Everything else is for the thread that owns the
+// socket; set it before Connect.
 #pragma once
 
 #include <quorvel/framework/file.h>

@@ -1,7 +1,7 @@
 // CHttpHeader: the status line and the fields of an HTTP response, read from its text.
 //
-// A plain value; one object may be used by one thread at a time. Lack of memory throws
-// CMemoryException or std::bad_alloc.
+// Copyable. One thread at a time may use an object. A failed allocation throws CMemoryException or
+// std::bad_alloc.
 #pragma once
 
 #include <quorvel/framework/date_time.h>
@@ -19,24 +19,24 @@ public:
     CHttpHeader(const CHttpHeader& other);
     CHttpHeader& operator=(const CHttpHeader& other);
 
-    // Reads a response, of which the header must be complete: FALSE until its blank line is there
+    // Reads a response with a complete header. Returns FALSE as long as the blank line is missing
     // (two line ends, CR LF each), and for a first line that is not a word, blanks and a decimal
-    // number. That word is the version and the number, which may have a sign and is cut to 32 bits
-    // signed, the status code; the reason is skipped.
+    // number. The word becomes the version. The number, which may have a sign and is truncated to
+    // 32 bits signed, becomes the status code. The reason is skipped.
     //
-    // Fields of before are then removed. A field is a line with a colon: name and value, before and
-    // behind the first one, lose the white space at their ends, and an empty name makes the line no
-    // field. A zero ends a line. Names keep their letter case; a later field replaces one of the
-    // same name. The length becomes that of the text up to and with the blank line. After FALSE
-    // nothing has changed.
+    // The old fields are then removed. A field is a line with a colon: the name before the first
+    // colon and the value after it, both trimmed; a line with an empty name is ignored. A zero ends
+    // a line. Names keep their letter case; a later field replaces an earlier one of the same name.
+    // GetLength then counts the text up to and including the blank line. FALSE means that nothing
+    // was changed.
     BOOL InitializeFromStream(const CString& text);
 
-    // By a field's exact name: FALSE for null or a missing field, and the value as it was.
+    // Finds the exact name. For null or a missing field returns FALSE, with the value unchanged.
     BOOL GetFieldValue(const WCHAR* name, CString& value) const;
-    // The same in any letter case, as HTTP means names. The exact name comes first; of others that
-    // differ in case alone the first in code order.
+    // The same, ignoring letter case, as HTTP compares names. An exact match has priority;
+    // otherwise the first match in code order.
     BOOL FindFieldValue(const WCHAR* name, CString& value) const;
-    void SetFieldValue(const WCHAR* name, const WCHAR* value); // nothing when one is null
+    void SetFieldValue(const WCHAR* name, const WCHAR* value); // ignored when one is null
     BOOL RemoveField(const WCHAR* name);
     void RemoveAllFields() { m_fields->RemoveAll(); }
     const CMapStringToString& GetFieldsMap() const { return *m_fields; }
@@ -45,22 +45,22 @@ public:
     void SetVersion(const WCHAR* version) { m_version = version; }
     UINT GetStatusCode() const { return m_statusCode; }
     void SetStatusCode(UINT code) { m_statusCode = code; }
-    // Characters of the header with its blank line: bytes of the response too, since the sockets
-    // take every byte as one character.
+    // The length of the header with its blank line, in characters. It is also the length in bytes,
+    // since the sockets convert each byte to one character.
     UINT GetLength() const { return m_length; }
     void SetLength(UINT length) { m_length = length; }
     CString GetLocalFilePath() const { return m_localFilePath; }
     void SetLocalFilePath(const WCHAR* path) { m_localFilePath = path; }
 
-    // Of the field "Content-Length": 0 when it is missing or is not decimal digits alone, or more
-    // than 64 bits hold.
+    // The field "Content-Length". 0 when it is missing, has anything but decimal digits, or does
+    // not fit in 64 bits.
     ULONGLONG GetContentLength() const;
-    // What a file with the whole response has. Not more than 64 bits hold.
+    // The size of a file with the whole response: header and content. Saturates at 64 bits.
     ULONGLONG GetFileLength() const;
-    // The field "Last-Modified" as AfxStringToDate reads it; the empty date (0, valid) otherwise.
+    // The field "Last-Modified", read by AfxStringToDate; the empty date (0, valid) if that fails.
     COleDateTime GetLastModified() const;
-    // Deliberate: 0 exactly when the field "Transfer-Content" is "chunked" in any letter case, and
-    // another number when it is anything else or missing.
+    // Deliberate: 0 if the field "Transfer-Content" is "chunked" in any letter case, and another
+    // number if it is different or missing.
     int IsChunked() const;
 
 private:

@@ -1,7 +1,7 @@
-// The sentences for HTTP status codes.
+// The texts for HTTP status codes.
 #pragma once
 
 #include <quorvel/framework/string.h>
 
-// "Unknown HTTP status code." for a code without a sentence of its own. Any thread.
+// Returns "Unknown HTTP status code." for a code without its own text. Any thread.
 QUORVEL_API CString AfxGetHTTPStatusCodeText(DWORD code);

@@ -1,5 +1,5 @@
-// CVaskSocketWnd: the hidden window that the sockets' look-ups of host names report to, and
-// CGetHostRequestData, one of these look-ups.
+// CVaskSocketWnd: the hidden window that receives the results of host name look-ups;
+// CGetHostRequestData: one look-up.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -10,13 +10,13 @@
 #include <unordered_map>
 #include <utility>
 
-// A plain value.
+// Copyable. Does not own the event.
 class QUORVEL_API CGetHostRequestData {
 public:
     CGetHostRequestData();
     CGetHostRequestData(const CGetHostRequestData& other);
-    // Deliberate: of the buffer, what comes before its first zero byte is copied. A copy has no
-    // address to tell.
+    // Deliberate: the buffer is copied only up to its first zero byte, so a copy has no
+    // address.
     CGetHostRequestData& operator=(const CGetHostRequestData& other);
 
     HANDLE GetCompletionEvent() const { return m_completionEvent; }
@@ -27,45 +27,45 @@ public:
     void SetLastError(int error) { m_lastError = error; }
 
     // The first address of the hostent that the platform wrote into the buffer, as dotted text.
-    // FALSE, and an empty text, when none was written.
+    // Returns FALSE and an empty text when there is no address.
     BOOL GetIPAddress(CString& address) const;
 
 private:
-    static constexpr int BUFFER_LENGTH = 1024; // what a hostent needs at the most
+    static constexpr int BUFFER_LENGTH = 1024; // the maximum size of a hostent
 
     HANDLE m_completionEvent = nullptr;
     alignas(void*) char m_buffer[BUFFER_LENGTH] = {};
     int m_lastError = 0;
 };
 
-// The window is made, used by its messages and destroyed by the thread that called
-// CVaskSocket::Initialize, and that thread must dispatch messages for look-ups and their time-outs
-// to come to an end. The operations on requests may be called on any thread.
+// The thread that called CVaskSocket::Initialize creates and destroys the window and handles its
+// messages. Look-ups and their time-outs end only while that thread dispatches messages. The
+// operations on requests may be called on any thread.
 class QUORVEL_API CVaskSocketWnd : public CWnd {
     DECLARE_DYNAMIC(CVaskSocketWnd)
 public:
     CVaskSocketWnd();
     ~CVaskSocketWnd() override;
 
-    // The hidden window, under its caption. FALSE when it exists or cannot be made.
+    // Creates the hidden window, with its caption. FALSE when it exists or cannot be created.
     BOOL Create();
     // Cancels and frees all requests first.
     BOOL DestroyWindow() override;
 
-    // Begins to look a name up: 0 and the request, or a Winsock error and null. The event, which
-    // the caller owns and keeps until the request is removed, is set when the request has ended;
-    // a time-out in milliseconds other than 0 ends it with 10060. 10022 without a window, an event
-    // or a name.
+    // Starts to look up a name. Returns 0 and the request, or a Winsock error and null. The event
+    // is set when the request has ended; the caller owns it and keeps it until the request is
+    // removed. A non-zero time-out, in milliseconds, ends the request with 10060. 10022 without a
+    // window, an event or a name.
     int AsyncGetHostByName(const WCHAR* name, HANDLE completionEvent, UINT timeOut,
                            HANDLE& request);
-    // How the request ended; 0 also while it lasts. 10022 for an unknown one.
+    // The error with which the request ended; 0 while it runs. 10022 for an unknown request.
     int GetLastError(HANDLE request) const;
     // FALSE for an unknown request.
     BOOL GetIPAddress(HANDLE request, CString& address) const;
-    // 0, or a Winsock error: 10022 for an unknown request, the platform's when it is too late. The
-    // event is not set.
+    // Returns 0 or a Winsock error: 10022 for an unknown request, the platform's error when it is
+    // too late. Does not set the event.
     int CancelAsyncRequest(HANDLE request, BOOL remove);
-    // Forgets the request, whatever has become of it, and frees it. FALSE for an unknown one.
+    // Removes and frees the request in any state. FALSE for an unknown request.
     BOOL RemoveGetHostRequest(HANDLE request);
 
 protected:
@@ -77,11 +77,11 @@ protected:
 private:
     typedef std::shared_ptr<CGetHostRequestData> Data;
 
-    CGetHostRequestData* Find(HANDLE request) const; // the lock is held
-    int Cancel(HANDLE request);                      // the lock is held
+    CGetHostRequestData* Find(HANDLE request) const; // call with the lock held
+    int Cancel(HANDLE request);                      // call with the lock held
     static void Finish(CGetHostRequestData& data, int error);
 
     mutable std::mutex m_lock; // guards the requests
     std::unordered_map<HANDLE, Data> m_requests;
-    std::deque<std::pair<HANDLE, Data>> m_unanswered; // the newest last, also after their end
+    std::deque<std::pair<HANDLE, Data>> m_unanswered; // newest last; kept after they ended
 };

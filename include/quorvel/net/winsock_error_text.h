@@ -3,6 +3,6 @@
 
 #include <quorvel/framework/string.h>
 
-// "Unknown error." for a code without a text of its own, 0 and 10104 to 10106 among them. Any
+// Returns "Unknown error." for a code without its own text, including 0 and 10104 to 10106. Any
 // thread.
 QUORVEL_API CString AfxGetWinsockErrorText(DWORD code);

@@ -1,7 +1,7 @@
-// The part of the component model that enumerators of texts need, on both systems.
+// The part of the component model that enumerators of texts need.
 //
-// On Windows this is the SDK. On Linux it is the same part with the SDK's names, values and slots
-// of virtual functions; operations are found in namespace quorvel::win32.
+// On Windows this header includes the SDK. On Linux it declares the same names, values and virtual
+// function order. The functions are in namespace quorvel::win32.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -31,7 +31,7 @@ inline bool operator==(const GUID& left, const GUID& right) {
     return __builtin_memcmp(&left, &right, sizeof left) == 0;
 }
 
-// An object ends with its last Release and is never deleted through an interface.
+// The last Release destroys an object. Never delete one through an interface.
 struct IUnknown {
     virtual HRESULT QueryInterface(REFIID id, void** object) = 0;
     virtual ULONG AddRef() = 0;
@@ -55,8 +55,8 @@ inline constexpr IID IID_IEnumString = {0x101, 0, 0, {0xc0, 0, 0, 0, 0, 0, 0, 0x
 
 namespace quorvel::win32 {
 
-// Memory that one component allocates and another one frees. Null when there is none to be had; a
-// size of 0 gives a place of its own. Freeing null does nothing. Any thread.
+// Memory that one component allocates and another one frees. Null when the allocation fails. A size
+// of 0 gives a unique address. Freeing null does nothing. Any thread.
 QUORVEL_API LPVOID CoTaskMemAlloc(SIZE_T size);
 QUORVEL_API void CoTaskMemFree(LPVOID memory);
 

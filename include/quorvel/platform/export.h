@@ -1,9 +1,9 @@
-// How the library's names cross its border.
+// Export and import of the library's names.
 #pragma once
 
 #if (defined(_MSVC_LANG) ? _MSVC_LANG : __cplusplus) <= 201703L
 #error "The headers of Quorvel need C++20: compile with -std=c++20 or later."
-// A missing file ends the compilation at once: the errors of all other lines would bury this one.
+// A missing file ends the compilation at once, so that other errors do not hide this one.
 #include <needs_cpp20>
 #endif
 
@@ -15,8 +15,8 @@
 #define QUORVEL_IMPORT __attribute__((visibility("default")))
 #endif
 
-// QUORVEL_API marks an exported function, object or class, and a class template whose instances
-// live in the library.
+// Marks an exported function, object or class, and a class template whose instances are in the
+// library.
 #if defined(QUORVEL_BUILDING)
 #define QUORVEL_API QUORVEL_EXPORT
 #elif defined(QUORVEL_STATIC)

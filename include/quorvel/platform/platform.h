@@ -1,13 +1,13 @@
-// The platform's types and constants, on both systems.
+// The platform's types and constants.
 //
-// On Windows this is the SDK, less the macros that would rename members of our classes. On Linux it
-// is the part of it that public signatures use, with the same names, widths and values, and in
-// namespace quorvel::win32 the operations that a host needs beside them (linux_api.h).
+// On Windows this is the SDK, without the macros that would rename members of our classes. On Linux
+// it declares the part that public signatures use, with the same names, widths and values, and, in
+// namespace quorvel::win32, the operations that a host needs with them (linux_api.h).
 //
-// It comes before any other header of the library, and before or after any header of the system or
-// of another library. Text is UTF-16 on both systems: WCHAR is wchar_t on Windows and char16_t on
-// Linux, and _T("...") is a literal of it. TCHAR is WCHAR, on Windows in sources compiled with
-// UNICODE, which the CMake package defines.
+// Include it before other headers of the library; headers of the system or of other libraries may
+// come before or after it. Text is UTF-16 on both systems: WCHAR is wchar_t on Windows and char16_t
+// on Linux, and _T("...") is a literal of it. TCHAR is WCHAR; on Windows this requires UNICODE,
+// which the CMake package defines.
 #pragma once
 
 #include <quorvel/platform/export.h>
@@ -17,8 +17,8 @@
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
-// A host may have included <windows.h>, and with it the first Winsock. winsock2.h then adds the
-// second and warns, which is all that it uses this macro for; it defines it again.
+// A host may have included <windows.h>, which includes the first Winsock. winsock2.h then adds the
+// second and only warns if this macro is defined; it defines the macro again.
 #ifndef _WINSOCK2API_
 #undef _WINSOCKAPI_
 #endif
@@ -29,7 +29,7 @@
 #include <tchar.h>
 // clang-format on
 
-// Members bear these names: the SDK's macros would rename them in some translation units only.
+// Members have these names. The SDK's macros would rename them in some translation units only.
 #undef AppendMenu
 #undef CreateFont
 #undef CreateFontIndirect

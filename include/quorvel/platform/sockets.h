@@ -1,13 +1,13 @@
-// The socket types and constants of public signatures, on both systems.
+// The socket types and constants of public signatures.
 //
-// They are the system's own: on Windows the SDK's, on Linux those of <sys/socket.h> and its
-// neighbours; names that only Winsock has are constants here. So AF_INET6 or SO_KEEPALIVE
-// is the system's number, an address that getaddrinfo found goes to a socket as it is, and any
-// other header for sockets may come before or after this one. One source serves both systems as
-// long as it uses the names; the numbers of several differ.
+// They are the system's own: on Windows the SDK's, on Linux those of <sys/socket.h> and related
+// headers. Names that exist only in Winsock are constants here. So AF_INET6 and SO_KEEPALIVE have
+// the system's numbers, a socket takes an address from getaddrinfo unchanged, and other socket
+// headers may come before or after this one. Write the names: the same source then serves both
+// systems, although some numbers differ.
 //
-// sockaddr, sockaddr_in, sockaddr_in6, in_addr, addrinfo and linger are found in quorvel::win32
-// too. The bytes of a linger differ: int here, USHORT on Windows.
+// Namespace quorvel::win32 also has sockaddr, sockaddr_in, sockaddr_in6, in_addr, addrinfo and
+// linger. The layout of linger differs: int here, USHORT on Windows.
 #pragma once
 
 #include <quorvel/platform/platform.h>

@@ -1,17 +1,17 @@
 // CApplicationDataFolders: where an application keeps its data.
 //
-// Three names, of the company, the product and the version, become folders one below the other in
-// each of three roots:
+// The names of the company, the product and the version form a chain of nested folders. The chain
+// starts in one of three roots:
 //
 //     root       Windows                            Linux
-//     Computer   ProgramData, for all users         /usr/local/share, or where $XDG_DATA_DIRS does
-//                                                   not have it the first absolute folder there
-//     User       AppData\Roaming, follows the user  $XDG_CONFIG_HOME, else .config in the home
-//     UserLocal  AppData\Local, stays here          $XDG_DATA_HOME, else .local/share in the home
+//     Computer   ProgramData, for all users         /usr/local/share; where $XDG_DATA_DIRS does
+//                                                   not list it, the first absolute folder there
+//     User       AppData\Roaming, follows the user  $XDG_CONFIG_HOME, or .config in the home
+//     UserLocal  AppData\Local, stays here          $XDG_DATA_HOME, or .local/share in the home
 //
-// Only the text is made: no folder is created, and on Linux none need exist. Parts are joined by
-// the system's separator, "." and ".." in names are resolved, and an empty name adds nothing.
-// Different objects may be used on different threads. Lack of memory throws CMemoryException.
+// These functions only build the text of a path; they create no folder. Parts are joined by the
+// system's separator, "." and ".." in names are resolved, and an empty name adds no folder.
+// Different objects may be used on different threads. A failed allocation throws CMemoryException.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -23,7 +23,7 @@ public:
     static constexpr WCHAR DEFAULT_PRODUCT_NAME[] = _T("");
     static constexpr WCHAR DEFAULT_PRODUCT_VERSION[] = _T("");
 
-    // How many of the names a path has.
+    // Which of the names the path ends with; the names before it are included.
     enum applicationDataFolderTypes {
         companyNameFolder = 0,
         productNameFolder = 1,
@@ -37,13 +37,13 @@ public:
     CApplicationDataFolders(const CApplicationDataFolders& other) = default;
     CApplicationDataFolders& operator=(const CApplicationDataFolders& other) = default;
 
-    // Letter case counts.
+    // Case-sensitive.
     BOOL operator==(const CApplicationDataFolders& other) const noexcept;
     BOOL operator!=(const CApplicationDataFolders& other) const noexcept {
         return !(*this == other);
     }
 
-    // FALSE for null, and the name as it was.
+    // Returns FALSE for null and keeps the old name.
     BOOL SetCompanyName(const WCHAR* name);
     BOOL SetProductName(const WCHAR* name);
     BOOL SetProductVersion(const WCHAR* version);
@@ -51,9 +51,9 @@ public:
     CString GetProductName() const { return m_productName; }
     CString GetProductVersion() const { return m_productVersion; }
 
-    // Non-zero `addBackslash` ends the path with a separator. Deliberate: the result is TRUE even
-    // where the path keeps what it held: when the system has no such root for this user, and when
-    // the result would pass 259 characters.
+    // A non-zero `addBackslash` ends the path with a separator. Deliberate: the result is TRUE even
+    // in the two cases that leave `path` unchanged: the system has no such root for this user, or
+    // the path would be longer than 259 characters.
     BOOL GetComputerApplicationDataFolder(applicationDataFolderTypes type, CString& path,
                                           int addBackslash) const;
     BOOL GetUserApplicationDataFolder(applicationDataFolderTypes type, CString& path,

@@ -1,10 +1,10 @@
-// CByteData, CWordData and CDWordData: one unsigned integer of 8, 16 or 32 bits as flags and
+// CByteData, CWordData and CDWordData: an unsigned integer of 8, 16 or 32 bits, used as flags and
 // fields.
 //
-// A field is the `width` bits from bit `shift` on, counted from the lowest. The three classes
-// differ in the width of their value alone and are explained on the first. A plain value may stand
-// on either side of == and !=. Nothing throws but
-// Serialize and Deserialize. One object may be used by one thread at a time.
+// A field is `width` bits from bit `shift` on, counted from the lowest bit. The three classes
+// differ only in the width of their value; the comments are at the first one. A plain number may be
+// on either side of == and !=. Only Serialize and Deserialize throw. One thread at a time may use
+// an object.
 #pragma once
 
 #include <quorvel/framework/archive.h>
@@ -23,8 +23,8 @@ public:
     CByteData(const CByteData& other) noexcept = default;
     CByteData& operator=(const CByteData& other) noexcept = default;
 
-    // The value in its own width, little-endian. Both throw as CArchive does: into an archive that
-    // loads, readOnly; from one that stores, writeOnly; endOfFile, and the value unchanged.
+    // The value in its own width, little-endian. Both throw as CArchive does: readOnly, writeOnly,
+    // or endOfFile with the value unchanged.
     virtual void Serialize(CArchive& archive);
     virtual void Deserialize(CArchive& archive);
     virtual ~CByteData() = default;
@@ -45,13 +45,13 @@ public:
 
     static BOOL IsValidBitShift(int shift) noexcept;
     static BOOL IsValidFieldWidth(int width) noexcept;
-    static BOOL IsValidField(int shift, int width) noexcept; // no bit of it is above the highest
+    static BOOL IsValidField(int shift, int width) noexcept; // not beyond the top bit
     static BYTE GetMaximumFieldValue(int width) noexcept;    // 0 for an invalid width
     static BOOL IsValidFieldValue(int width, BYTE value) noexcept;
     static BYTE GetFieldMask(int shift, int width) noexcept; // 0 for an invalid field
 
     BYTE GetFieldData(int shift, int width) const noexcept; // 0 for an invalid field
-    // FALSE, and nothing changed, for an invalid field and for a value above the field's maximum.
+    // Returns FALSE and changes nothing for an invalid field or a value above its maximum.
     BOOL SetFieldData(int shift, int width, BYTE fieldValue) noexcept;
 
 private:

@@ -1,11 +1,11 @@
 // CFraction: a common fraction of two signed 32-bit integers.
 //
-// A denominator of 0 means that the fraction is undefined. The sign may sit on either member, and
-// only the operations that say so move it. Members are exact; a sum or product that leaves 32 bits
-// wraps, and a denominator that wraps to 0 makes the result undefined. That includes the quotient
-// -2147483648 / -1, which wraps to -2147483648.
+// A denominator of 0 means that the fraction is undefined. Either member may be negative; only the
+// operations that say so move the sign. Members are exact. A sum or product beyond 32 bits wraps; a
+// denominator that wraps to 0 makes the result undefined. The quotient -2147483648 / -1 wraps to
+// -2147483648 too.
 //
-// Nothing throws but GetText and Serialize. One object may be used by one thread at a time.
+// Only GetText and Serialize throw. One thread at a time may use an object.
 #pragma once
 
 #include <quorvel/framework/archive.h>
@@ -19,8 +19,8 @@ class QUORVEL_API CFraction {
 public:
     CFraction() noexcept = default; // 0/1
     CFraction(int number) noexcept : m_numerator(number) {}
-    // An integer of any other type, so that LONG, DWORD and std::int64_t are taken alike on every
-    // system. One that does not fit in 32 bits gives 0/0.
+    // Integers of any other type, so that LONG, DWORD and std::int64_t work alike on every system.
+    // A number that does not fit in 32 bits gives 0/0.
     template <std::integral Integer>
     CFraction(Integer number) noexcept
         : m_numerator(std::in_range<int>(+number) ? static_cast<int>(number) : 0),
@@ -47,40 +47,40 @@ public:
     BOOL IsInLowestTerms() const noexcept; // GetLowestTerms succeeds and changes nothing
     BOOL IsReciprocal(const CFraction& other) const noexcept; // `other` == GetReciprocal()
 
-    // The members swapped, with their signs: 1/0 of 0/1.
+    // Swaps the members together with their signs: the reciprocal of 0/1 is 1/0.
     CFraction GetReciprocal() const noexcept { return {m_denominator, m_numerator}; }
     double GetDecimal() const noexcept; // 0.0 when undefined
 
     // The members divided by their greatest common divisor; a negative denominator stays negative.
-    // Deliberate: a positive denominator that divides the numerator is left as it is, so that 4/2
-    // and 0/2 stay and count as in lowest terms. FALSE, and the members themselves, when undefined.
+    // Deliberate: when a positive denominator divides the numerator, the members stay, so 4/2 and
+    // 0/2 count as in lowest terms. FALSE with the members unchanged when undefined.
     BOOL GetLowestTerms(int& numerator, int& denominator) const noexcept;
     BOOL GetLowestTerms(CFraction& result) const noexcept;
-    BOOL ReduceToLowestTerms() noexcept; // FALSE, and nothing changed, when undefined
+    BOOL ReduceToLowestTerms() noexcept; // FALSE and no change when undefined
 
-    // The same value over another denominator. FALSE, and 0/1 as the result, for a denominator of
-    // 0, an undefined fraction, and where there is none: a smaller denominator, by sign too, must
-    // divide the old one and a larger one be its multiple, so -4 is refused for 1/-2. The result
-    // may be this object.
+    // The same value with another denominator. Returns FALSE with the result 0/1 for a denominator
+    // of 0, for an undefined fraction, and when it is impossible: a smaller denominator (signed)
+    // must divide the old one, and a larger one must be a multiple of it. So -4 is refused for
+    // 1/-2. The result may be this object.
     BOOL GetEquivalentFraction(int denominator, CFraction& result) const noexcept;
 
-    // "7/2" or "-1/3": not reduced, the sign in front. With `mixed` and a whole part "-3 1/2", or
-    // "2" without a remainder. "0" for a numerator or a denominator of 0.
+    // "7/2" or "-1/3": not reduced, with the sign in front. With `mixed` and a whole part "-3 1/2",
+    // or "2" if there is no remainder. "0" when the numerator or the denominator is 0.
     CString GetText(BOOL mixed) const;
 
-    // Never negative, and 1 for 0 and 0. 2147483648, which does not fit, is given as -2147483648.
+    // Never negative; 1 for 0 and 0. Exception: 2147483648 does not fit and wraps to -2147483648.
     static int GetGreatestCommonDivisor(int a, int b) noexcept;
     static int GetLeastCommonMultiple(int a, int b) noexcept; // the product wraps before division
     static int GetLowestCommonDenominator(const CFraction& first, const CFraction& second) noexcept;
 
-    // The first convergent of the value's continued fraction that is nearer than 1e-7: 3/4 of 0.75.
-    // Where there is none among the first 16 that fit in 32 bits, the last of these: it is nearer
-    // than 1e-6, or than a 2147483648th of the value. 0/0 for a magnitude above 2147483647 and for
-    // NaN.
+    // The first convergent of the value's continued fraction that differs by less than 1e-7: 3/4
+    // for 0.75. If the first 16 that fit in 32 bits contain no such one, the last of them; it
+    // differs by less than 1e-6, or than a 2147483648th of the value. 0/0 for NaN and for a
+    // magnitude above 2147483647.
     static void DecimalToFraction(double value, int& numerator, int& denominator) noexcept;
 
-    // Stores, or loads, the numerator and then the denominator as 32-bit integers. Throws as
-    // CArchive does; nothing is then loaded.
+    // Stores or loads the numerator and then the denominator as 32-bit integers. Throws as CArchive
+    // does; the fraction is then unchanged.
     void Serialize(CArchive& archive);
 
     CFraction& operator+=(const CFraction& other) noexcept;
@@ -93,16 +93,16 @@ private:
     int m_denominator = 1;
 };
 
-// Results are in lowest terms as GetLowestTerms has it: 1/2 - 1/2 is 0/2. 0/0 when an operand is
-// undefined, and for a division by zero. Deliberate: a quotient is the product with the reciprocal,
-// so that 1/2 by the undefined 3/0 is 0/6.
+// Results are in lowest terms in the sense of GetLowestTerms: 1/2 - 1/2 is 0/2. The result is 0/0
+// when an operand is undefined, and for a division by zero. Deliberate: a quotient is the product
+// with the reciprocal, so 1/2 divided by the undefined 3/0 is 0/6.
 QUORVEL_API CFraction operator+(const CFraction& left, const CFraction& right) noexcept;
 QUORVEL_API CFraction operator-(const CFraction& left, const CFraction& right) noexcept;
 QUORVEL_API CFraction operator*(const CFraction& left, const CFraction& right) noexcept;
 QUORVEL_API CFraction operator/(const CFraction& left, const CFraction& right) noexcept;
 
-// By value as doubles, so 1/2 equals 2/4. Deliberate: each, != included, is FALSE when an operand
-// is undefined.
+// Compare as doubles, so 1/2 equals 2/4. Deliberate: all of them, including !=, return FALSE when
+// an operand is undefined.
 QUORVEL_API BOOL operator==(const CFraction& left, const CFraction& right) noexcept;
 QUORVEL_API BOOL operator!=(const CFraction& left, const CFraction& right) noexcept;
 QUORVEL_API BOOL operator<(const CFraction& left, const CFraction& right) noexcept;

@@ -1,6 +1,6 @@
 // CGUID: a persistent identifier of 32 hexadecimal characters.
 //
-// One object may be used by one thread at a time. A lack of memory throws CMemoryException.
+// One thread at a time may use an object. A failed allocation throws CMemoryException.
 #pragma once
 
 #include <quorvel/framework/archive.h>
@@ -12,8 +12,8 @@ public:
     static constexpr int GUID_LENGTH = 32;
     static constexpr char DEFAULT_GUID[] = "00000000000000000000000000000000";
 
-    // A new identifier, as GenerateNewGUID makes it; DEFAULT_GUID when the system has no random
-    // bytes to give, which IsValid accepts: compare with it where that matters.
+    // A new identifier, as from GenerateNewGUID. If the system has no random bytes it is
+    // DEFAULT_GUID. IsValid accepts that value, so compare with it where it matters.
     CGUID();
     CGUID(const CGUID& other) = default;
     CGUID& operator=(const CGUID& other) = default;
@@ -21,20 +21,20 @@ public:
     BOOL operator==(const CGUID& other) const noexcept { return m_guid == other.m_guid; }
     BOOL operator!=(const CGUID& other) const noexcept { return m_guid != other.m_guid; }
 
-    // A random identifier from AfxGenerateID, in upper case. FALSE, and the identifier as it was,
-    // only when the system has no random bytes to give or there is no memory.
+    // Sets a random identifier from AfxGenerateID, in upper case. Returns FALSE and leaves the
+    // identifier unchanged only when the system has no random bytes or an allocation fails.
     BOOL GenerateNewGUID();
 
-    // 32 hexadecimal digits of either case and nothing else. FALSE for a null text.
+    // Whether the text is 32 hexadecimal digits, in either case. FALSE for a null text.
     static BOOL IsValidGUID(const char* text);
     BOOL IsValid() const { return IsValidGUID(m_guid); }
-    BOOL SetGUID(const char* text); // FALSE, and the identifier as it was, for an invalid text
+    BOOL SetGUID(const char* text); // FALSE and no change for an invalid text
 
     CStringA GetGUID() const { return m_guid; }
     CString ToString() const { return CString(m_guid.GetString()); }
 
-    // Exactly 32 bytes: the identifier; DEFAULT_GUID in place of one that is not valid. Loading
-    // does not validate. Both throw as CArchive does; nothing is then loaded.
+    // Exactly 32 bytes: the identifier, or DEFAULT_GUID if it is not valid. Loading does not
+    // validate. Both throw as CArchive does; a failed load changes nothing.
     void Serialize(CArchive& archive) const;
     void Deserialize(CArchive& archive);
 

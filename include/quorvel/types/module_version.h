@@ -1,8 +1,8 @@
 // CModuleVersion: the version resource of a module file, its numbers and its texts.
 //
-// Results are BOOLs; GetLastError gives the system's code of the last failure: 160
-// (ERROR_BAD_ARGUMENTS) for a null name, 6 (ERROR_INVALID_HANDLE) for a text asked while nothing is
-// loaded. One object may be used by one thread at a time. Copies own a buffer of their own.
+// Functions return BOOL, and GetLastError returns the code of the last failure: 160
+// (ERROR_BAD_ARGUMENTS) for a null name, 6 (ERROR_INVALID_HANDLE) for a text when nothing is
+// loaded, or the system's. One thread at a time may use an object. A copy has a buffer of its own.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -19,31 +19,31 @@ public:
     CModuleVersion& operator=(const CModuleVersion& other);
     ~CModuleVersion() = default;
 
-    // Reads the resource of a file, or of the file that a loaded module came from. A resource that
-    // cannot be read, that has a damaged fixed block (GetLastError gives 0 then) or no translation
-    // releases the data that is held; a file without a version resource leaves it.
-    // Deliberate: the texts of data that is left are looked up with code page 1252 from then on.
+    // Reads the resource of a file, or of the file of a loaded module. The object's old data is
+    // released when the resource cannot be read, has a damaged fixed block (GetLastError then
+    // returns 0) or has no translation. A file without a version resource keeps the old data;
+    // deliberate: its texts are from then on looked up with code page 1252.
     BOOL Load(const WCHAR* fileName);
     BOOL Load(HINSTANCE module);
     BOOL IsLoaded() const noexcept { return !m_data.empty(); }
     DWORD GetLastError() const noexcept { return m_lastError; }
-    CString GetFileName() const { return m_fileName; } // the name that was loaded; empty when none
+    CString GetFileName() const { return m_fileName; } // the name that was loaded, or empty
 
-    // FALSE while nothing is loaded: the four values are 0 then, and a CVersionNumber is unchanged.
+    // When nothing is loaded, FALSE: the four values become 0, a CVersionNumber is unchanged.
     BOOL GetFileVersion(WORD& major, WORD& minor, WORD& revision, WORD& build) const noexcept;
     BOOL GetFileVersion(CVersionNumber& version) const noexcept;
     BOOL GetProductVersion(WORD& major, WORD& minor, WORD& revision, WORD& build) const noexcept;
     BOOL GetProductVersion(CVersionNumber& version) const noexcept;
 
-    // Each returns its field of the fixed block, or 0 while nothing is loaded.
-    // Deliberate: the argument is always set to 0 and never receives the value.
+    // Each returns its field of the fixed block, or 0 when nothing is loaded. Deliberate: the
+    // argument is always set to 0 and never receives the value.
     DWORD GetFileFlags(DWORD& zero) const noexcept;
     DWORD GetFileOS(DWORD& zero) const noexcept;
     DWORD GetFileType(DWORD& zero) const noexcept;
     DWORD GetFileSubtype(DWORD& zero) const noexcept;
 
-    // A text of the string table that belongs to the file's first translation. On failure the
-    // value is empty.
+    // A text from the string table of the file's first translation. On failure returns FALSE and an
+    // empty value.
     BOOL GetSubBlockValue(const WCHAR* name, CString& value);
     BOOL GetComments(CString& value);
     BOOL GetCompanyName(CString& value);
@@ -66,8 +66,8 @@ private:
     BOOL ReadTranslation() noexcept;
 
     CString m_fileName;
-    std::vector<BYTE> m_data; // the whole resource, as GetFileVersionInfoW gives it
-    const VS_FIXEDFILEINFO* m_fixedFileInfo = nullptr; // lies in m_data
+    std::vector<BYTE> m_data; // the whole resource from GetFileVersionInfoW
+    const VS_FIXEDFILEINFO* m_fixedFileInfo = nullptr; // points into m_data
     DWORD m_lastError = 0;
     WORD m_language = 0;
     WORD m_codePage = 0;

@@ -1,7 +1,7 @@
 // CVector2D: a vector in the plane.
 //
-// Arithmetic is that of doubles: nothing is guarded and nothing throws. One object may be used by
-// one thread at a time.
+// Plain arithmetic of doubles, without checks. Nothing throws. One thread at a time may use an
+// object.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -25,8 +25,8 @@ public:
     double GetMagnitude() const noexcept; // its square root
 
     static double GetDotProduct(const CVector2D& a, const CVector2D& b) noexcept;
-    // The distance of the point `a` from the line through the origin along `b`; not finite for a
-    // zero `b`.
+    // The distance of the point `a` from the line through the origin in direction `b`. Not finite
+    // when `b` is zero.
     static double GetLengthOfNormal(const CVector2D& a, const CVector2D& b) noexcept;
 
     double x = DEFAULT_X;

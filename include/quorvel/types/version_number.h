@@ -1,7 +1,7 @@
 // CVersionNumber: a version of four parts, major.minor.revision.build.
 //
-// Every combination of four values is a version; there is no invalid state. No operation throws,
-// and only GetText allocates. One object may be used by one thread at a time.
+// Every combination of four values is valid. No operation throws, except GetText, which allocates.
+// One thread at a time may use an object.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -14,7 +14,7 @@ public:
     CVersionNumber() noexcept = default; // 0.0.0.0
     CVersionNumber(DWORD major, DWORD minor, DWORD revision, DWORD build) noexcept;
     CVersionNumber(const WCHAR* text) noexcept; // as ParseVersionNumberString; 0.0.0.0 on failure
-    // A number is no text: 0 would be a null one. For version 5.0.0.0 write all four parts.
+    // Integers do not compile: 0 would be a null text. For version 5.0.0.0 write all four parts.
     template <std::integral Integer>
     CVersionNumber(Integer) = delete;
     CVersionNumber(const CVersionNumber& other) noexcept = default;
@@ -32,7 +32,7 @@ public:
     void SetRevisionNumber(DWORD revision) noexcept { m_revision = revision; }
     void SetBuildNumber(DWORD build) noexcept { m_build = build; }
 
-    // Each adds 1 to its own part, from 4294967295 to 0; the lower parts stay as they are.
+    // Each adds 1 to its own part (4294967295 wraps to 0) and leaves the lower parts unchanged.
     void IncrementMajorVersion() noexcept { ++m_major; }
     void IncrementMinorVersion() noexcept { ++m_minor; }
     void IncrementRevisionNumber() noexcept { ++m_revision; }
@@ -41,10 +41,10 @@ public:
     // All four parts as signed decimals ("%d.%d.%d.%d"): 4294967295 prints as -1.
     CString GetText() const;
 
-    // Reads up to four parts, separated by any run of commas, full stops and spaces; missing parts
-    // are 0, so text without any part is 0.0.0.0. A part is an optional sign and decimal digits;
-    // one above 2147483647 counts as 2147483647. Further parts are tested and discarded.
-    // FALSE, and four zeros, for a null text and for any part that is not a number or is negative.
+    // Reads up to four parts, separated by any run of commas, full stops and spaces. Missing parts
+    // are 0, so a text without any part is 0.0.0.0. A part is an optional sign and decimal digits;
+    // a part above 2147483647 counts as 2147483647. Further parts are tested and discarded. Returns
+    // FALSE and four zeros for a null text and for a part that is negative or not a number.
     static BOOL ParseVersionNumberString(const WCHAR* text, DWORD& major, DWORD& minor,
                                          DWORD& revision, DWORD& build) noexcept;
 
@@ -55,7 +55,7 @@ private:
     DWORD m_build = 0;
 };
 
-// The first part that differs decides; parts are unsigned.
+// The first part that differs decides. Parts are unsigned.
 QUORVEL_API BOOL operator==(const CVersionNumber& left, const CVersionNumber& right) noexcept;
 QUORVEL_API BOOL operator!=(const CVersionNumber& left, const CVersionNumber& right) noexcept;
 QUORVEL_API BOOL operator<(const CVersionNumber& left, const CVersionNumber& right) noexcept;

@@ -1,50 +1,50 @@
-// CCheckForUpdates: the check for a newer update listing without windows of its own. What is said
-// here of a check holds for CNewVersionCheck (new_version_check.h) too.
+// CCheckForUpdates: checks for a newer update listing, without windows of its own. What this header
+// says of a check also applies to CNewVersionCheck (new_version_check.h).
 //
-// A host passes a view, which shows and asks, and starts a check; the messages of the thread, which
-// has to dispatch them, carry it on. CVaskSocket::Initialize comes first, on the same thread. The
-// view must outlive the check. Do not destroy a check inside a call of its view. Lack of memory
+// A host passes a view, which shows and asks, and starts a check. The check continues while the
+// thread dispatches its messages. Call CVaskSocket::Initialize before, on the same thread. The view
+// must outlive the check. Do not destroy a check inside a call of its view. A failed allocation
 // throws CMemoryException or std::bad_alloc.
 //
-// A check reads and writes the settings of check_for_updates_profile.h. It is refused, with a
-// message, while one is running, for an invalid address, within 15 seconds of the last one, and
-// before the sockets are initialised; and in silence when the host's link hook
+// A check uses the settings of check_for_updates_profile.h. Check refuses, with a message, while a
+// check is running, for an invalid address, within 15 seconds of the last check, and before the
+// sockets are initialised. It refuses silently when the host's link hook
 // (QuorvelSetOpenExternalLinkCallback) does not allow the address.
 //
-// Servers are asked over HTTP at port 80: a port in the address is ignored, and for "https://" too
-// nothing is encrypted, and nobody proves who the server is. SetTransport replaces that by the
-// host's own way (update_transport.h). A check with a transport is always strict (below).
+// By default servers are contacted over plain HTTP at port 80: a port in the address is ignored,
+// nothing is encrypted and no server is authenticated, not even for "https://". SetTransport sets a
+// transport of the host instead (update_transport.h). Such a check is always strict (below).
 //
-// By default every answer of status 200 counts, whatever it holds. SetStrict makes a check refuse
-// answers that no healthy server gives. Each refusal ends the check with a message of its own, and
-// changes neither the local updates file nor the stored date:
+// By default every answer of status 200 is accepted, whatever its content. SetStrict makes a check
+// refuse answers that a working server does not give. Each refusal ends the check with a message of
+// its own, and changes neither the local updates file nor the stored date:
 //
 //     - a body shorter than its "Content-Length", or without its last chunk;
-//     - a chunked or gzip body that can't be decoded, and any other encoding. A good one is
-//     decoded;
-//     - a body that is no update listing, such as the login page of a network;
-//     - a date of the listing more than a day in the future, which no later listing could exceed.
-//       A date of that kind that was stored earlier counts as no date;
+//     - a chunked or gzip body that cannot be decoded (a correct one is decoded), and any other
+//       encoding;
+//     - a body that is not an update listing, such as a network's login page;
+//     - a listing dated more than a day in the future, which no later listing could exceed. A
+//       stored date of this kind counts as no date;
 //     - for CNewVersionCheck, a version file that is empty or does not end with a digit.
 //
-// What follows a body's "Content-Length" is then cut off.
+// Data after the length given by "Content-Length" is cut off.
 //
-// SetPublicKey makes a check accept only what the publisher has signed. Then
+// SetPublicKey makes a check accept only files that the publisher has signed. Then
 //
-//     - the check is strict, and fetches a signature in the format of minisign in the same way, at
-//       the address of the file with ".minisig" behind the path. It has to be the file's, by one of
-//       the keys, with a good trusted comment;
-//     - nothing older is accepted than what was accepted last: by the <lastBuildDate> of the
-//     listing
-//       (of the version file, "timestamp:<seconds since 1970>" in the trusted comment, as minisign
-//       writes it), and by "serial:<number>" in the trusted comment, where one had it. What was
-//       accepted last is in the settings ("Signed Date", "Signed Serial", "Signed Version Date",
-//       "Signed Version Serial"); Reset forgets it;
+//     - the check is strict and also fetches a signature in minisign's format from the file's
+//       address with ".minisig" appended to the path. The signature must be valid for the file and
+//       for its trusted comment, with one of the keys;
+//     - a file older than the last accepted one is refused. The date is <lastBuildDate> of a
+//       listing; for a version file it is "timestamp:<seconds since 1970>" in the trusted comment,
+//       as minisign writes it. If "serial:<number>" in a trusted comment was accepted, a lower
+//       number, or none, is refused too. The last accepted values are in the settings ("Signed
+//       Date", "Signed Serial", "Signed Version Date", "Signed Version Serial"). Reset deletes
+//       them;
 //     - a listing dated more than a day in the future is refused.
 //
-// The text of a key is that of a file of minisign, or its second line alone. A text that is no key
-// gives FALSE. The check then refuses to start until it has a key: a mistake must not turn the
-// protection off. AddPublicKey adds to the keys, so that a publisher can change to a new one.
+// A key is the text of a minisign public key file, or only its second line. An invalid key returns
+// FALSE. The check then refuses to start until it has a valid key: a mistake must not disable the
+// protection. AddPublicKey adds a key, so that a publisher can change to a new one.
 #pragma once
 
 #include <quorvel/system/registry_path.h>
@@ -55,39 +55,39 @@
 
 class CUpdateTransport;
 
-// Asks the site for the date of its update listing and, when that is newer than the one downloaded
-// last and the user wants it, downloads it into the local updates file. That file is replaced as a
-// whole, by a complete connection's answer of status 200; the new date is kept once every byte has
-// come, so that a broken download is offered again.
+// Asks the site for the date of its update listing. If it is newer than the last downloaded listing
+// and the user agrees, downloads it into the local updates file. That file is only replaced as a
+// whole, by the complete answer of status 200. The new date is stored after the last byte, so that
+// an incomplete download is offered again.
 class QUORVEL_API CCheckForUpdates {
 public:
     CCheckForUpdates(const CRegistryPath& path, const WCHAR* localUpdatesFile,
                      CCheckForUpdatesView& view);
     CCheckForUpdates(const CCheckForUpdates&) = delete;
     CCheckForUpdates& operator=(const CCheckForUpdates&) = delete;
-    ~CCheckForUpdates(); // a check that is running ends without a message
+    ~CCheckForUpdates(); // ends a running check without a message
 
-    // Loads the local updates file, if there is one, and shows it with the dates.
+    // Loads the local updates file, if it exists, and shows it with the dates.
     void Open();
-    // FALSE when no check was started; the view has then shown why.
+    // Returns FALSE when no check was started; the view has then shown the reason.
     BOOL Check();
     BOOL IsActive() const;
     void Cancel();
-    // Asks, and then forgets the listing and its date, not that of the last check.
+    // Asks the user and then deletes the listing and its date, but not the date of the last check.
     void Reset();
-    // What a view does later that posts the end of a check.
+    // A view whose PostCheckFinished returned TRUE calls this later, with the same code.
     void OnCheckFinished(DWORD code);
 
     const CUpdateListing& GetListing() const;
-    // The longest listing that is accepted; 64 MB by default. A longer one ends the check with a
-    // message that names the limit.
+    // The maximum length of a listing, in bytes; 64 MB by default. A longer listing ends the check
+    // with a message that names the limit.
     void SetBodyLimit(ULONGLONG bytes);
     void SetStrict(BOOL strict);                    // FALSE by default; before Check
     void SetTransport(CUpdateTransport* transport); // not owned; null: plain HTTP; before Check
-    BOOL SetPublicKey(const WCHAR* text);           // the only one; before Check
-    BOOL AddPublicKey(const WCHAR* text);           // one more
-    // With a key: a listing that is older than so many days, by its <lastBuildDate>, is reported
-    // when a check ends well, since newer ones may be held back. 0 for none, as at first.
+    BOOL SetPublicKey(const WCHAR* text);           // replaces all keys; before Check
+    BOOL AddPublicKey(const WCHAR* text);           // adds a key; before Check
+    // With a key: a successful check reports a listing that is older than this number of days by
+    // its <lastBuildDate>, since someone may hold newer ones back. 0, the default: no limit.
     void SetMaxAge(int days);
 
 private:

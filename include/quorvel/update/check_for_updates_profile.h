@@ -1,17 +1,17 @@
-// What the check for updates keeps between runs, in the key "Check For Updates" below the owner's
+// The stored settings of the check for updates, in the key "Check For Updates" below the owner's
 // registry path:
 //
-//     value             kind      without it
+//     value             kind      default
 //     "URL"             text      empty                the address of the update listing
-//     "Reminder"        number    30                   days until a reminder is due; 0: none
-//     "Last Checked"    date      the empty date (0)   when a check last started, in UTC
-//     "Last Modified"   date      the empty date (0)   of the listing last downloaded in full
-//     "Last Dismissed"  date      the empty date (0)   of the reminder, in local time
+//     "Reminder"        number    30                   days until a reminder is due; 0: never
+//     "Last Checked"    date      the empty date (0)   start of the last check, in UTC
+//     "Last Modified"   date      the empty date (0)   date of the last complete listing
+//     "Last Dismissed"  date      the empty date (0)   last dismissal of the reminder, local time
 //
-// The scheme "https" and a port in the address have an effect with a transport alone: by themselves
-// the checks ask over plain HTTP at port 80. Checks with a key keep more values here; see
-// check_for_updates.h. A value of another kind counts as absent. The writers give FALSE when the
-// value could not be written. Any thread; nothing throws or shows a box.
+// The scheme "https" and a port in the address take effect only with a transport: without one the
+// checks use plain HTTP at port 80. Checks with a key keep more values here; see
+// check_for_updates.h. A value of a different type counts as missing. The writers return FALSE when
+// the value could not be written. Any thread. Nothing throws or shows a box.
 #pragma once
 
 #include <quorvel/framework/date_time.h>
@@ -38,13 +38,13 @@ QUORVEL_API BOOL AfxWriteProfileCheckForUpdatesLastDismissed(const CRegistryPath
 // 0 to 90.
 QUORVEL_API BOOL AfxIsValidCheckForUpdatesReminder(int days);
 
-// Whether that many days have passed both since the last check and since the reminder was last
-// dismissed. FALSE for less than one day; a number that is not valid counts as 30. A date that is
-// not valid, is the empty one, or lies more than a day ahead, since the clock was wrong then, does
-// not hold a reminder back.
+// Whether that many days have passed both since the last check and since the last dismissal of
+// the reminder. FALSE below one day; an invalid number counts as 30. A date does not delay a
+// reminder if it is not valid, empty, or more than a day in the future (then the clock was
+// wrong).
 QUORVEL_API BOOL AfxIsCheckForUpdatesReminderDue(int days, const COleDateTime& lastChecked,
                                                  const COleDateTime& lastDismissed,
                                                  const COleDateTime& nowUTC,
                                                  const COleDateTime& nowLocal);
-// The same of what is stored, and now.
+// The same with the stored values and the current time.
 QUORVEL_API BOOL AfxIsCheckForUpdatesReminderDue(const CRegistryPath& path);

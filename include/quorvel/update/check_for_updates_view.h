@@ -1,7 +1,7 @@
-// CCheckForUpdatesView: what a check for updates shows and asks, for a dialog, a console or a test.
+// CCheckForUpdatesView: the user interface of a check for updates: a dialog, a console or a test.
 //
-// The check decides and formats; a view shows. All calls come on the thread that the check was
-// started on, and may call its Cancel. The defaults show the message boxes and nothing else.
+// The check decides and formats; the view shows. All calls are on the thread that started the check
+// and may call its Cancel. The default shows only the message boxes.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -10,41 +10,41 @@ class CUpdateListing;
 
 class QUORVEL_API CCheckForUpdatesView {
 public:
-    // How a check that was started ended.
+    // The outcome of a check that was started.
     enum Result {
         resultUpToDate, // there is nothing newer
         resultDeclined, // the user did not want the newer listing
         resultUpdated,  // a newer listing was downloaded; or there is a new version
-        resultFailed,   // and the reason was shown
+        resultFailed,   // the reason was shown
         resultCancelled
     };
 
     virtual ~CCheckForUpdatesView();
 
-    // The progress pane: small while the site is asked for a date, with a bar for a download. It
-    // starts with an empty second line at 0, and always has a way to call the check's Cancel.
+    // The progress pane: small for the request of the date, with a bar for a download. It starts
+    // with an empty second line and 0 percent. It must always let the user call the check's Cancel.
     virtual void ShowProgress(BOOL isDownload);
     virtual void HideProgress();
     virtual void SetProgressText(const WCHAR* text);
-    // Bytes; `expected` is 0 until it is known, and too low when the server does not announce the
-    // length or announces too little: then there are more than 100 percent.
+    // In bytes. `expected` is 0 while it is unknown. It is too low when the server announces no
+    // length or too small a length; then the percentage exceeds 100.
     virtual void SetProgressFigures(ULONGLONG received, ULONGLONG expected, int percent,
                                     const WCHAR* text);
 
-    // Lines about the local updates file and the last check, with dates in the user's local time;
-    // the second is empty before any check.
+    // Texts about the local updates file and the last check, with dates in local time. The second
+    // text is empty before the first check.
     virtual void SetPublishedText(const WCHAR* text);
     virtual void SetLastCheckedText(const WCHAR* text);
     // The listing was loaded or emptied.
     virtual void ShowListing(const CUpdateListing& listing);
 
-    // Informs, reports or asks: the type is that of a message box and the result its button's. The
-    // check must outlive the call.
+    // Informs, reports or asks. `type` and the result are those of a message box. The check must
+    // not be destroyed during the call.
     virtual int ShowMessage(const WCHAR* text, UINT type);
 
     // A check ended with this code: 0, an HTTP status, a Winsock error or a system error. A view
-    // that can't show a box now posts the code to itself, returns TRUE, and calls the check's
-    // OnCheckFinished with it later, which shows the reason. After FALSE it is called at once.
+    // that cannot show a box now posts the code to itself, returns TRUE, and later passes it to the
+    // check's OnCheckFinished, which shows the reason. After FALSE that is called at once.
     virtual BOOL PostCheckFinished(DWORD code);
     // Once for each check that was started, after its messages.
     virtual void OnFinished(Result result);

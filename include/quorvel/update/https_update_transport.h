@@ -1,19 +1,19 @@
-// CHttpsUpdateTransport: the transport of the checks for updates over HTTPS, and HTTP.
+// CHttpsUpdateTransport: fetches updates over HTTPS or HTTP.
 //
-// It is WinHTTP on Windows and libcurl on Linux, loaded by the first request: without them that
-// fails with a message. The system's certificate stores say which servers are trusted, and the
-// system's settings whether there is a proxy; on Linux these are libcurl's own ("https_proxy" and
-// so on), and a file named by SSL_CERT_FILE replaces the store. TLS is 1.2 or later.
+// The first request loads WinHTTP on Windows or libcurl on Linux; if it is missing, the request
+// fails with a message. The system's certificate stores decide which servers are trusted, and its
+// settings name the proxy. On Linux libcurl uses its own: variables like "https_proxy", and a file
+// named by SSL_CERT_FILE instead of the store. TLS is 1.2 or later.
 //
-// At most five redirections are followed, to "https:" from everywhere, to "http:" from "http:"
-// alone. A fault of the certificate ends the request with the system's text. That of Windows and of
-// libcurl says whether it is the name, the time or the issuer; Wine does not say it. A body that is
-// shorter than announced is an error. Chunks are put together; on Linux gzip is asked for and
+// Follows at most five redirections: to "https:" from any address, to "http:" only from
+// "http:". A certificate error ends the request with the system's text. On Windows and with
+// libcurl the text names the cause (name, time or issuer); Wine does not name it. A body that
+// is shorter than announced is an error. Chunks are joined. On Linux gzip is requested and
 // decoded.
 //
-// One object serves one check at a time, on its thread. Requests run on a thread of their own. One
-// that is cancelled may need its time-outs to end it, without file and without effect; on Windows
-// the library therefore stays loaded after the first request.
+// One object serves one check at a time, on the check's thread. Requests run on their own threads.
+// A cancelled request may run until its time-out, without a file and without effect; for that
+// reason, on Windows, the library stays loaded after the first request.
 #pragma once
 
 #include <quorvel/update/update_transport.h>
@@ -25,8 +25,8 @@ public:
     CHttpsUpdateTransport();
     ~CHttpsUpdateTransport() override; // cancels
 
-    // In milliseconds, 30000 each at first: to be connected, and without any byte after that. For
-    // requests to come; FALSE, and no change, for 0.
+    // In milliseconds, 30000 each by default: `connect` to connect, `stall` between two bytes after
+    // that. Applies to later requests. For 0 returns FALSE and changes nothing.
     BOOL SetTimeOuts(DWORD connect, DWORD stall);
 
     void Start(const Request& request) override;

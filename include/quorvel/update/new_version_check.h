@@ -1,5 +1,5 @@
-// CNewVersionCheck: the check for a new version of the running program, without windows of its own.
-// check_for_updates.h says what it needs and refuses.
+// CNewVersionCheck: checks for a new version of the running program, without windows of its own.
+// See check_for_updates.h for its requirements and refusals.
 #pragma once
 
 #include <quorvel/system/registry_path.h>
@@ -10,9 +10,9 @@
 
 class CUpdateTransport;
 
-// Downloads the number of the latest version, as text of at most 64 KB at the address of the
-// updates, and shows how the version of the running program compares with it. Exactly one message
-// is shown, and none after Cancel.
+// Downloads the number of the latest version, a text of at most 64 KB, from the address of the
+// updates, and shows how the version of the running program compares with it. A check shows exactly
+// one message, or, after Cancel, no message.
 class QUORVEL_API CNewVersionCheck {
 public:
     CNewVersionCheck(const CRegistryPath& path, const CVersionNumber& currentVersion,
@@ -27,8 +27,8 @@ public:
     void OnCheckFinished(DWORD code);
     void SetStrict(BOOL strict);                    // FALSE by default; before Check
     void SetTransport(CUpdateTransport* transport); // not owned; null: plain HTTP; before Check
-    BOOL SetPublicKey(const WCHAR* text);           // the only one; before Check
-    BOOL AddPublicKey(const WCHAR* text);           // one more
+    BOOL SetPublicKey(const WCHAR* text);           // replaces all keys; before Check
+    BOOL AddPublicKey(const WCHAR* text);           // adds a key; before Check
 
 private:
     struct Parts;

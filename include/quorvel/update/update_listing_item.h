@@ -1,6 +1,6 @@
 // CUpdateListingItem: one entry of an update listing.
 //
-// A plain value; one object may be used by one thread at a time. Lack of memory throws
+// Copyable. One thread at a time may use an object. A failed allocation throws
 // CMemoryException.
 #pragma once
 
@@ -9,7 +9,7 @@
 
 class QUORVEL_API CUpdateListingItem : public CVirtualListCtrlItem {
 public:
-    // Of the list's columns.
+    // The columns of the list.
     static constexpr int COLUMN_PRIORITY = 0;
     static constexpr int COLUMN_TITLE = 1;
     static constexpr int COLUMN_DATE = 2;
@@ -35,7 +35,7 @@ public:
     CUpdateListingItem(const CUpdateListingItem& other) = default;
     CUpdateListingItem& operator=(const CUpdateListingItem& other) = default;
 
-    // FALSE for null, and the text as it was.
+    // Null returns FALSE and changes nothing.
     BOOL SetTitle(const WCHAR* title);
     BOOL SetDescription(const WCHAR* description);
     BOOL SetLink(const WCHAR* link);
@@ -56,14 +56,14 @@ public:
     BOOL IsHighPriority() const noexcept { return m_priority == PRIORITY_HIGH; }
     BOOL IsNormalPriority() const noexcept { return m_priority == PRIORITY_NORMAL; }
     BOOL IsLowPriority() const noexcept { return m_priority == PRIORITY_LOW; }
-    // "high" or "low" in any letter case; any other text is normal. FALSE for null.
+    // "high" or "low" in any letter case; any other text means normal. FALSE for null.
     BOOL SetPriorityFromText(const WCHAR* text);
-    CString GetPriorityText() const; // "high", "normal", "low": of the file format, in any language
+    CString GetPriorityText() const; // "high", "normal", "low": as in the file, not localised
 
-    // The title and the short date of the user's locale; the priority is drawn.
+    // The title, or the date in the user's short format. The priority column has no text.
     CString GetSubItemText(int column) override;
 
-    // Every field but those of the base class; the title and the description by letter case.
+    // Compares every field except those of the base class; texts are case-sensitive.
     BOOL operator==(const CUpdateListingItem& other) const noexcept;
     BOOL operator!=(const CUpdateListingItem& other) const noexcept { return !(*this == other); }
 

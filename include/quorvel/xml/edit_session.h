@@ -1,21 +1,21 @@
-// CMarkupEditSession: many edits of one document, made from its front to its end and applied in
-// one pass.
+// CMarkupEditSession: many edits of one document, made in document order and applied in one
+// pass.
 //
-// A session takes over the text, the index and the positions of a CMarkup, is walked and edited
-// with operations of the same names, and gives everything back with Commit. Each call returns what
-// CMarkup would have returned, and Commit leaves the text, the index and the positions that the
-// same calls made directly would have left. All edits together cost time in proportion to the
-// document and what is added to it, where direct edits cost that much each.
+// A session takes over the text, the index and the positions of a CMarkup. It has operations of the
+// same names to navigate and edit, and Commit gives everything back. Each call returns what CMarkup
+// would return, and Commit leaves the same text, index and positions as the same direct calls. The
+// total time of all edits is proportional to the size of the document and of the additions; each
+// direct edit takes that long.
 //
-// Document order. An edit is refused (false, nothing changed) when its place lies before the start
-// tag of the element that was added last or had an attribute set last. That element may be changed
-// again, have children and siblings added behind it, and have others added directly before it.
-// Walking and reading go anywhere.
+// Document order. An edit is refused (false, nothing changed) when its place is before the start
+// tag of the last element that was added or had an attribute set. That element may be changed
+// again, children and siblings may be added after it, and elements directly before it. Navigation
+// and reading are possible everywhere.
 //
-// Until Commit the CMarkup keeps its old state and may be read but not edited. A session that goes
-// away without Commit changes nothing. An edit that finds no memory throws CMemoryException and
-// changes nothing; Commit cannot fail for want of memory. The CMarkup outlives the session, and
-// both are used by one thread.
+// Until Commit the CMarkup keeps its old state; it may be read but not edited. A session that is
+// destroyed without Commit changes nothing. An edit that cannot allocate memory throws
+// CMemoryException and changes nothing; Commit needs no memory. The CMarkup must outlive the
+// session. Use both on one thread.
 #pragma once
 
 #include <quorvel/xml/markup.h>
@@ -36,7 +36,7 @@ public:
     using CMarkup::ResetMainPos;
     using CMarkup::ResetPos;
 
-    // These see the edits made so far.
+    // These see all edits so far.
     CString GetTagName();
     CString GetChildTagName();
     CString GetAttrib(const WCHAR* name);
@@ -52,9 +52,9 @@ public:
     bool SetChildAttrib(const WCHAR* name, const WCHAR* value);
     QUORVEL_TYPED_VALUES
 
-    // Gives the document back with all accepted edits and ends the session: there is nothing left
-    // to find in it, and every further edit is refused. False, with the CMarkup as it is, when the
-    // session has ended already or the CMarkup's text was changed meanwhile.
+    // Returns the document with all accepted edits and ends the session: nothing can be found in it
+    // any more, and edits are refused. Returns false and leaves the CMarkup unchanged when the
+    // session has already ended or the CMarkup's text was changed meanwhile.
     bool Commit();
 
 private:
@@ -69,12 +69,12 @@ private:
     bool IsReadAcrossGap(int iPos) const;
     void PrepareRead(int iPos);
 
-    CMarkup* m_markup;     // null when the session has ended
-    CString m_strOriginal; // tells a text that was changed meanwhile
-    // The text lies around a gap: see edit_session.cpp.
+    CMarkup* m_markup;     // null after the session has ended
+    CString m_strOriginal; // detects a text that was changed meanwhile
+    // The text has a gap: see edit_session.cpp.
     int m_nGapBegin = 0;
     int m_nGapEnd = 0;
-    // The first tag behind the gap: the start tag of this element, or else its end tag.
+    // The first tag after the gap: this element's start tag, or else its end tag.
     int m_iPosNext;
     bool m_bNextIsStart = true;
 };

@@ -1,6 +1,6 @@
-// XML files: loading and saving a CMarkup, encoding detection, and the exception of both.
+// XML files: loading and saving a CMarkup, encoding detection, and the exception class.
 //
-// Any thread; the document belongs to the caller's.
+// Any thread. The caller owns the document and keeps other threads from using it meanwhile.
 #pragma once
 
 #include <quorvel/frame/lengthy_operation.h>
@@ -28,60 +28,60 @@ public:
     explicit CXMLFileException(int cause = none, const WCHAR* fileName = nullptr);
 
     static BOOL IsValidCause(int cause);
-    // The text of the cause as it stands in the catalogue, its insert not filled, cut to maxChars
-    // characters with the terminating zero. FALSE for no buffer or a cause outside the enumeration.
-    // The help context is not touched.
+    // The catalogue text of the cause, with its placeholder unfilled, truncated to `maxChars`
+    // characters including the terminator. FALSE without a buffer or for a cause outside the
+    // enumeration. Does not change *helpContext.
     BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr) override;
 };
 
 QUORVEL_API BOOL AfxIsValidXMLFileExceptionCause(int cause);
-// The text to show for a cause: the system's text of GetLastError for `systemError`, the size
-// filled in for `fileTooLarge`, `generic` for a cause outside the enumeration. FALSE, and an empty
-// text, when there is none.
+// The text to show for a cause: for `systemError` the system's text of GetLastError, for
+// `fileTooLarge` with the size filled in, for a cause outside the enumeration that of `generic`.
+// Returns FALSE and an empty text when there is no text.
 QUORVEL_API BOOL AfxGetXMLFileExceptionErrorMessage(int cause, CString& text);
 [[noreturn]] QUORVEL_API void AfxThrowXMLFileException(int cause, const WCHAR* fileName = nullptr);
 
-// Recognises the encoding of an XML file by its first bytes (Extensible Markup Language 1.0,
-// appendix F): byte order marks, and "<" or "<?" in UTF-32, UTF-16, ASCII and EBCDIC. Non-zero when
-// it did. `encoding` is then a name, or empty for ASCII without a mark, where the declaration
-// decides; `charSize` is in bytes. Otherwise, and for null bytes, the outputs are empty, FALSE and
-// 0.
+// Detects the encoding of an XML file from its first bytes (Extensible Markup Language 1.0,
+// appendix F): byte order marks, and "<" or "<?" in UTF-32, UTF-16, ASCII and EBCDIC. Returns
+// non-zero on success. `encoding` is then a name, or empty for ASCII without a mark, where the
+// declaration decides; `charSize` is in bytes. On failure, and for null bytes, the outputs are
+// empty, FALSE and 0.
 QUORVEL_API int AfxDetermineXMLFileEncoding(const BYTE* bytes, DWORD length, CString& encoding,
                                             BOOL& bigEndian, int& charSize, int& bomLength);
 
-// Loads a file into the document. Non-zero on success; otherwise `errorText` says why. Up to the
-// point where the text itself is tried nothing has changed but the positions, which are reset; then
-// the declaration is stored and the document replaced, well-formed or not. Where nothing follows
-// the declaration the document stays, and for UTF-16 it is then the one that is or is not
-// well-formed (deliberate: SetDoc refuses an empty text).
+// Loads a file into the document. Returns non-zero on success; otherwise `errorText` has the
+// reason. A failure before the text is parsed changes only the positions, which are reset. Then the
+// declaration is stored and the document replaced, well-formed or not. Deliberate: when nothing
+// follows the declaration, the document stays (SetDoc refuses an empty text); for UTF-16 the old
+// document then decides whether the file counts as well-formed.
 //
-// The encoding is that of the byte order mark or of the declaration, which is searched at the very
-// start only: UTF-8, UTF-16 in both byte orders, and every single- or multi-byte code page that
-// MultiByteToWideChar knows, EBCDIC included. UTF-32 is refused, and so are files of fewer than 5
-// or more than 2147483647 bytes. Deliberate: a file with neither mark nor declaration is refused
-// (`unsupportedEncoding`), although XML reads it as UTF-8. A caller that wants it reads the bytes,
-// converts them with AfxUTF8ToWideChar (quorvel/util/text/utf8.h), which refuses what is not UTF-8,
-// and calls SetDoc with the text. The declaration is taken off the
-// text and stored with SetXMLDeclaration; without one the document keeps the one it had
-// (deliberate; so is that for UTF-16 the declaration is offered with as many following characters
-// as it has itself, and hence is stored only where these end in "?>"). Of 1-byte characters every
-// refusal of the text is `untranslatableEncoding`; only UTF-16 reaches `notWellFormed`
-// (deliberate).
+// The encoding is that of the byte order mark or of the declaration, which must be at the very
+// start: UTF-8, UTF-16 in both byte orders, and every single- or multi-byte code page that
+// MultiByteToWideChar knows, EBCDIC included. UTF-32 is refused, and so are files of fewer than
+// 5 or more than 2147483647 bytes. Deliberate: a file with neither mark nor declaration is
+// refused (`unsupportedEncoding`), although XML reads it as UTF-8. To load it, read the bytes,
+// convert them with AfxUTF8ToWideChar (quorvel/util/text/utf8.h), which refuses malformed
+// UTF-8, and call SetDoc. The declaration is removed from the text and stored with
+// SetXMLDeclaration. Without one the document keeps its old declaration (deliberate).
+// Deliberate, for UTF-16: the declaration is offered together with as many following characters
+// as it has itself, so it is stored only if these end in "?>". Deliberate: for encodings with
+// 1-byte characters every refusal of the text is `untranslatableEncoding`; only UTF-16 reports
+// `notWellFormed`.
 //
-// UTF-8, UTF-16 and the usual single-byte pages are converted while they are read, so that of such
-// a file nothing but the text is in memory; of any other the bytes are as well.
+// UTF-8, UTF-16 and the usual single-byte pages are converted while they are read, so only the text
+// is in memory. For other encodings the bytes of the file are in memory as well.
 QUORVEL_API int AfxLoadXMLFile(const WCHAR* fileName, CMarkup& markup, CString& errorText,
                                CLengthyOperationHandler* handler = nullptr);
 
-// Saves the declaration and directly behind it the document, with any declaration of its own, as
-// UTF-8, or as UTF-16 with a byte
-// order mark, as the declaration's encoding says; other encodings are refused, and so is a lone
-// surrogate in UTF-8 (`untranslatableEncoding`). Non-zero on success; otherwise `errorText` says
-// why.
+// Saves the declaration and, directly after it, the document, including any declaration of
+// its own. The encoding is UTF-8, or UTF-16 with a byte order mark, as the declaration says.
+// Other encodings are refused, and so is a lone surrogate in UTF-8
+// (`untranslatableEncoding`). Returns non-zero on success; otherwise `errorText` has the
+// reason.
 //
-// What was there before is only replaced by a complete file: the text is written to a new file in
-// the same folder, which then takes the name, the permissions and, where the name is a symbolic
-// link, the place of the old one. Where no second file can be made in the folder, the file is
-// written in place, and is lost where that fails once it has begun.
+// An existing file is replaced only by a complete one: the text is written to a new file in the
+// same folder, which then gets the name and the permissions of the old file (of its target, if the
+// name is a symbolic link). If no second file can be created there, the file is written in place;
+// its content is lost if that fails halfway.
 QUORVEL_API int AfxSaveXMLFile(CMarkup& markup, const WCHAR* fileName, CString& errorText,
                                CLengthyOperationHandler* handler = nullptr);

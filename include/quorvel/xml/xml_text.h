@@ -1,21 +1,21 @@
-// Escaping for XML: entity references and CDATA sections, without a document.
+// Escaping for XML: entity references and CDATA sections.
 //
-// Stateless; any thread. A null text gives an empty one.
+// Any thread. A null text gives an empty text.
 #pragma once
 
 #include <quorvel/framework/string.h>
 
-// Non-zero when the text holds one of & < > ' " ; 0 for null.
+// Non-zero when the text contains one of & < > ' " ; 0 for null.
 QUORVEL_API BOOL AfxDoesTextContainXMLEscapeCharacters(const WCHAR* text);
 // Replaces the five characters by &amp; &lt; &gt; &apos; and &quot;, ampersands first.
 QUORVEL_API CString AfxAddXMLEntityReferences(const WCHAR* text);
 // The reverse, ampersands last.
 QUORVEL_API CString AfxStripXMLEntityReferences(const WCHAR* text);
-// <![CDATA[text]]>, with every "]]>" of the text turned into "]]&gt;" so that the section cannot
-// end early. Null gives an empty text, not an empty section.
+// <![CDATA[text]]>. Every "]]>" in the text becomes "]]&gt;", so that the section cannot end early.
+// Null gives an empty text, not an empty section.
 QUORVEL_API CString AfxAddCDATATags(const WCHAR* text);
-// The content of the first CDATA section alone; a text without one as it stands. "]]&gt;" stays.
+// The content of the first CDATA section; without one, the text unchanged. "]]&gt;" stays.
 QUORVEL_API CString AfxStripCDATATags(const WCHAR* text);
-// As AfxAddXMLEntityReferences and AfxAddCDATATags, only where the text needs it.
+// As AfxAddXMLEntityReferences and AfxAddCDATATags, but only if the text needs it.
 QUORVEL_API CString AfxAutoAddXMLEntityReferences(const WCHAR* text);
 QUORVEL_API CString AfxAutoAddCDATATags(const WCHAR* text);

@@ -1,8 +1,8 @@
 // CVaskMessageBox: the window behind the message boxes of <quorvel/frame/vask_message_box.h>.
 // Windows only.
 //
-// The object lives on the caller's stack for one box: AfxHookWindowCreate arms it, AfxMessageBox
-// shows the box, which it subclasses, and GetCheckState tells how the user left the check box.
+// The object is on the caller's stack for one box. AfxHookWindowCreate attaches it to the next
+// window, AfxMessageBox shows the box, and GetCheckState returns the user's choice.
 #pragma once
 
 #include <quorvel/frame/win/vask_static.h>
@@ -18,7 +18,7 @@ class QUORVEL_API CVaskMessageBox : public CWnd {
 public:
     CVaskMessageBox();
 
-    // Before the box is shown.
+    // Call these before the box is shown.
     void SetHeading(const WCHAR* heading);
     void SetCheckBox(const WCHAR* text, int checkState); // a state other than 0 and 1 counts as 0
     void SetHelpTarget(const WCHAR* target);             // a web address or an HTML Help topic
@@ -43,7 +43,7 @@ private:
     BOOL m_hasCheckBox = FALSE;
     CString m_checkBoxText;
     int m_checkState = 0;
-    CString m_helpTarget; // empty when there is none
+    CString m_helpTarget; // empty: no help
     CFont m_boldFont;
     CVaskStatic m_headingCtrl;
     CButton m_checkBox;

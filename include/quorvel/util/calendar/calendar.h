@@ -1,18 +1,18 @@
-// Calendar dates: validity, moving by months, and finding days such as the last Friday of a month.
+// Calendar dates: validity, moving by months, and days such as the last Friday of a month.
 //
 // Days of the week are numbered as COleDateTime does, from 1 (Sunday) to 7 (Saturday); a weekend
 // day is 1 or 7, a weekday any other. Months are 1 to 12, the calendar is Gregorian throughout.
 //
 // Every function that returns a date returns a whole day at 00:00:00. It returns the empty date
-// (the value 0.0 with a valid status), never a date that is not valid, when an argument is out of
-// range or not valid, when there is no such day, and when it lies outside COleDateTime's years, 100
-// to 9999. The time of day of an argument does not matter. Nothing throws; any thread.
+// (the value 0.0 with a valid status), never a date that is not valid, in three cases: an argument
+// is out of range or not valid; there is no such day; the day is outside COleDateTime's years, 100
+// to 9999. The time of day of an argument is ignored. Nothing throws. Any thread.
 #pragma once
 
 #include <quorvel/framework/date_time.h>
 #include <quorvel/platform/platform.h>
 
-// The year is at least 1 and the day one of the month's.
+// Whether the year is at least 1 and the month has that day.
 QUORVEL_API BOOL AfxIsValidDate(int day, int month, int year);
 QUORVEL_API BOOL AfxIsValidTime(int hour, int minute, int second);
 QUORVEL_API BOOL AfxIsValidDayOfWeek(int dayOfWeek);
@@ -21,26 +21,26 @@ QUORVEL_API BOOL AfxIsWeekday(int dayOfWeek);
 QUORVEL_API BOOL AfxIsLeapYear(int year); // FALSE below the year 1
 QUORVEL_API BOOL AfxIsEmptyDateTime(COleDateTime date);
 
-// 28 to 31; 1, not 0, for a year below 1 or a month out of range.
+// 28 to 31. Deliberate: 1, not 0, for a year below 1 or a month out of range.
 QUORVEL_API int AfxGetLastDayInMonth(int month, int year);
 // 1 for 1 January; 0 for a date that is not valid.
 QUORVEL_API int AfxGetDayOfTheYear(COleDateTime date);
-// Weeks are blocks of seven days from 1 January on, whatever its day of the week: 7 January ends
-// week 1, 31 December is in week 53. 0 for a date that is not valid.
+// Weeks are blocks of seven days that start on 1 January, whatever its day of the week: 7 January
+// ends week 1, and 31 December is in week 53. 0 for a date that is not valid.
 QUORVEL_API int AfxGetWeekNumber(COleDateTime date);
 
-// Moves the pair by `offset` months: (12, 2006) by 1 is (1, 2007). The year may fall below 1.
-// FALSE, and the pair unchanged, unless it is a month of the year 1 or later, and when no int holds
-// the year.
+// Moves the pair by `offset` months: (12, 2006) by 1 is (1, 2007). The result may be a year below
+// 1. Returns FALSE and leaves the pair unchanged when the month or year is not valid (the year must
+// be at least 1), and when the new year does not fit in an int.
 QUORVEL_API BOOL AfxOffsetMonth(int& month, int& year, int offset);
 
-// Below, what ends in InOffsetMonth is its twin that ends in InMonth for the month and year moved
-// by AfxOffsetMonth. Counts and ordinals are 1 or more, and take the same time whatever their size.
+// Below, a function that ends in InOffsetMonth is the one that ends in InMonth, for the month moved
+// by AfxOffsetMonth. Counts and ordinals are 1 or more; the time taken does not depend on them.
 
 QUORVEL_API COleDateTime AfxGetFirstDayInOffsetMonth(int month, int year, int offset);
 QUORVEL_API COleDateTime AfxGetLastDayInOffsetMonth(int month, int year, int offset);
 
-// The count-th such day strictly before or after the date: a Monday's next Monday is a week later.
+// The count-th such day strictly before or after the date; after a Monday that is the next Monday.
 QUORVEL_API COleDateTime AfxGetPreviousDayOfWeek(COleDateTime date, int dayOfWeek, int count);
 QUORVEL_API COleDateTime AfxGetNextDayOfWeek(COleDateTime date, int dayOfWeek, int count);
 QUORVEL_API COleDateTime AfxGetPreviousWeekday(COleDateTime date, int count);
@@ -64,8 +64,8 @@ QUORVEL_API COleDateTime AfxGetLastWeekdayInOffsetMonth(int month, int year, int
 QUORVEL_API COleDateTime AfxGetFirstWeekendDayInOffsetMonth(int month, int year, int offset);
 QUORVEL_API COleDateTime AfxGetLastWeekendDayInOffsetMonth(int month, int year, int offset);
 
-// The ordinal-th such day of a month: 2 is the second. The empty date, and not the last such day,
-// when the month has fewer.
+// The ordinal-th such day of a month: 2 is the second. Returns the empty date, not the last such
+// day, when the month has fewer.
 QUORVEL_API COleDateTime AfxGetOrdinalDayOfWeekInMonth(int month, int year, int dayOfWeek,
                                                        int ordinal);
 QUORVEL_API COleDateTime AfxGetOrdinalDayOfWeekInOffsetMonth(int month, int year, int offset,
@@ -77,8 +77,8 @@ QUORVEL_API COleDateTime AfxGetOrdinalWeekdayInOffsetMonth(int month, int year, 
 QUORVEL_API COleDateTime AfxGetOrdinalWeekendDayInOffsetMonth(int month, int year, int offset,
                                                               int ordinal);
 
-// The same with the day of the week in the name: AfxGetFirstMondayInMonth(month, year) is
-// AfxGetFirstDayOfWeekInMonth(month, year, 2), and so on.
+// The same functions with the day of the week in their name: AfxGetFirstMondayInMonth(month, year)
+// is AfxGetFirstDayOfWeekInMonth(month, year, 2), and so on.
 
 // The count-th such day strictly before the date.
 QUORVEL_API COleDateTime AfxGetPreviousSunday(COleDateTime date, int count);

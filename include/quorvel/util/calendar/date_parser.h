@@ -1,15 +1,15 @@
-// Dates, month names and time zones from text, as feeds and HTTP headers write them. English words
-// in any letter case, whatever the user's locale. Nothing throws or allocates; any thread.
+// Parses dates, month names and time zones as feeds and HTTP headers write them: English words in
+// any letter case, in every locale of the user. Nothing throws or allocates. Any thread.
 #pragma once
 
 #include <quorvel/framework/date_time.h>
 #include <quorvel/platform/platform.h>
 
-// Reads a date and, in UTC where the text names a zone and as it stands otherwise, a time of day.
+// Reads a date and time. With a zone in the text the result is in UTC, otherwise as written.
 //
-// The text is tried against these forms in this order, and the first that it begins with decides.
-// As in scanf a blank stands for any white space or none, numbers may have leading white space, and
-// what follows a form is ignored.
+// The parser tries these forms in this order; the first form that the text begins with decides. As
+// in scanf, a blank means any amount of white space, and numbers may have leading white space. Text
+// after the form is ignored.
 //
 //     month day, year h:m:s [zone]
 //     weekday month day, year h:m:s [zone]
@@ -31,21 +31,21 @@
 //     weekday,day month year h:m [zone]
 //     weekday month day h:m:s year             asctime: Sun Nov  6 08:49:37 1994
 //
-// `order` tells what n/n/n is, numbered as LOCALE_IDATE: 0 is month/day/year, 1 day/month/year and
-// 2 year/month/day. A weekday is any word and is not compared with the date. Years follow RFC 5322,
-// 4.3: of two digits they are 1950 to 2049, of three they count from 1900. Seconds may have a
-// fraction, which is cut off, and a second 60 is the next one. A zone is what
-// AfxStringToUTCTimeZoneBias takes; any other word of three to five letters counts as UTC.
+// `order` says how to read n/n/n, numbered as LOCALE_IDATE: 0 is month/day/year, 1 day/month/year
+// and 2 year/month/day. A weekday is any word and is not compared with the date. Years follow RFC
+// 5322, 4.3: two digits mean 1950 to 2049, three digits count from 1900. A fraction of a second is
+// cut off, and second 60 becomes the next second. A zone is one that AfxStringToUTCTimeZoneBias
+// accepts; any other word of three to five letters counts as UTC.
 //
-// FALSE, and `date` unchanged, for null, when no form fits, for another order, an unknown zone, and
-// a date or time that does not exist or is outside COleDateTime's years.
+// Returns FALSE and leaves `date` unchanged for null, when no form fits, for any other order, for
+// an unknown zone, and for a date or time that does not exist or is outside COleDateTime's years.
 QUORVEL_API BOOL AfxStringToDate(const WCHAR* text, COleDateTime& date, int order);
 
-// 1 to 12 for an English name of a month or at least its first three letters; 0 for any other text.
+// 1 to 12 for an English month name or its first three or more letters; 0 for any other text.
 QUORVEL_API int AfxStringToMonth(const WCHAR* text);
 
-// The minutes to add to the local time of a zone to get UTC: "EST" and "-0500" give 300. Takes
-// +hhmm, +hh:mm and +hh with either sign, UT, UTC, GMT, the American and European words (EST, CEST,
-// ...), and the military letters, which all mean UTC: RFC 822 gives them the wrong signs, so that
-// they tell nothing (RFC 1123, 5.2.14). FALSE, and `bias` unchanged, for null and any other text.
+// The minutes to add to the local time of a zone to get UTC: "EST" and "-0500" give 300. Accepts
+// +hhmm, +hh:mm and +hh with either sign; UT, UTC and GMT; American and European names (EST, CEST,
+// ...); and military letters, which all count as UTC, since RFC 822 gave them wrong signs (RFC
+// 1123, 5.2.14). Returns FALSE and leaves `bias` unchanged for null and for any other text.
 QUORVEL_API BOOL AfxStringToUTCTimeZoneBias(const WCHAR* text, int& bias);

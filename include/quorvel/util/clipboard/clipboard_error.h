@@ -1,11 +1,11 @@
-// What a program does with the clipboard, and the message boxes for what fails.
+// The actions of a program on the clipboard, and message boxes for their failures.
 #pragma once
 
 #include <quorvel/platform/platform.h>
 
 namespace quorvel {
 
-// What was attempted. 0, 2 and 5 are valid too and reported like placing.
+// What was attempted. 0, 2 and 5 are also valid; they are reported like placing.
 enum ClipboardAction : UINT {
     kClipboardPlacing = 1,
     kClipboardRetrieving = 3,
@@ -24,7 +24,7 @@ enum ClipboardExit : UINT {
 QUORVEL_API BOOL AfxIsValidClipboardAction(UINT action);   // 0 to 5
 QUORVEL_API BOOL AfxIsValidClipboardExit(UINT exitAction); // 0 to 2
 
-// Reports the thread's last error as a failure of the action, in a box of that type (MB_OK ...)
-// without help. The result is the box's; 0, and no box, for an action that is not valid and when
-// the system has no text for the error. User-interface thread.
+// Reports the thread's last error as a failure of the action, in a box of type `type` (MB_OK ...)
+// without a help button. Returns the id of the button. Returns 0 and shows no box when the action
+// is not valid or the system has no text for the error. User-interface thread.
 QUORVEL_API int AfxClipboardErrorMessageBox(UINT action, UINT type);

@@ -1,9 +1,9 @@
-// CZStream: a zlib stream between two open files that a caller drives step by step, without
-// messages.
+// CZStream: a zlib stream between two open files. The caller runs each step; no box is
+// shown.
 //
-// It begins with zlib's own record, to which a host that links zlib may pass it. Copies share the
-// buffers and the state inside zlib, so an object and its copies are used by one thread at a time,
-// and zlib serves only the object that was initialised. Including this needs zlib's own header.
+// It derives from zlib's own record, so a host that links zlib can pass it to zlib. Copies share
+// the buffers and zlib's internal state: use an object and its copies on one thread at a time. zlib
+// itself accepts only the object that was initialised. This header includes zlib's header.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -18,37 +18,37 @@ class QUORVEL_API CZStream : public z_stream {
 public:
     enum : UINT { DEFAULT_BUFFER_COMPRESSED_SIZE = 8192, DEFAULT_BUFFER_UNCOMPRESSED_SIZE = 32768 };
 
-    CZStream(); // every field of zlib's is 0, and there are no buffers
+    CZStream(); // all fields of zlib are 0, no buffers
     CZStream(const CZStream& other);
     CZStream& operator=(const CZStream& other);
-    // Deliberate: does not end the stream, whose state a copy may share. A stream that was
-    // initialised is ended by the caller with DeflateEnd or InflateEnd.
+    // Deliberate: does not end the stream, whose state a copy may share. The caller ends a stream
+    // that was initialised, with DeflateEnd or InflateEnd.
     ~CZStream();
 
-    // Deliberate: the first pair returns TRUE for success, the second zlib's own code, so that 0 is
-    // success. `level` is zlib's, -1 to 9. Each Init forgets input that an earlier stream has left
-    // over. DeflateEnd gives FALSE for a stream that was begun and not finished, although it frees
-    // it.
+    // Deliberate: the first pair returns TRUE for success, the second pair zlib's own code, where 0
+    // is success. `level` is zlib's, -1 to 9. Each Init discards input that an earlier stream left
+    // over. DeflateEnd returns FALSE for a stream that was started but not finished, although it
+    // frees the stream.
     BOOL DeflateInit(int level);
     BOOL DeflateEnd();
     int InflateInit();
     int InflateEnd();
 
-    // Replaces the buffers. FALSE, and nothing changed, for a size of 0 and when there is no
-    // memory. Input that waits in the former buffer is forgotten.
+    // Replaces the buffers and discards input in the old buffer. For a size of 0, or when memory
+    // cannot be allocated, returns FALSE and changes nothing.
     BOOL InitializeBuffers(UINT compressedSize, UINT uncompressedSize);
     BOOL AreBuffersInitialized() const;
 
-    // Compresses the source to its end and finishes the stream, with buffers of the default sizes
-    // where there are none. Deliberate: `bytesToRead` limits the first read only, every later one
-    // fills the buffer (a first read of 0 bytes counts as the end). Returns 1, with `bytesWritten`
-    // what the stream has written altogether, modulo 2^32; otherwise 0, with 0 bytes: the source is
-    // empty or at its end, zlib has failed, or a file has thrown something. The stream is not
-    // ended.
+    // Compresses the source to its end and finishes the stream. Creates buffers of the default
+    // sizes if needed. Deliberate: `bytesToRead` limits only the first read; later reads fill
+    // the buffer (a first read of 0 bytes counts as the end). Returns 1 and sets `bytesWritten`
+    // to the total output of the stream, modulo 2^32. Returns 0 and sets it to 0 when the
+    // source is empty or at its end, when zlib fails, or when a file throws. Does not end the
+    // stream.
     int Deflate(CFile& source, UINT bytesToRead, CFile& destination, UINT& bytesWritten);
-    // Decompresses up to the end of the stream, reading at most `bytesToRead` bytes. Returns 1 or
-    // 0 as Deflate does; after a 0 for want of input a further call goes on with the stream. A
-    // stream that needs a preset dictionary fails.
+    // Decompresses to the end of the stream, and reads at most `bytesToRead` bytes. Returns 1 or 0
+    // as Deflate does. When it returns 0 because the input ran out, another call continues the
+    // stream. A stream that needs a preset dictionary fails.
     int Inflate(CFile& source, UINT bytesToRead, CFile& destination, UINT& bytesWritten);
 
 private:

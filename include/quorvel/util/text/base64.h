@@ -1,7 +1,7 @@
-// Base64 (RFC 4648, standard alphabet) into buffers of the caller.
+// Base64 (RFC 4648, standard alphabet) into and from the caller's buffers.
 //
-// Lengths of bytes are in bytes, lengths of text in characters of its width; no terminator is
-// written. No function allocates or throws. Any thread.
+// Byte lengths are in bytes, text lengths in characters. No terminator is written. No function
+// allocates or throws. Any thread.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -10,17 +10,17 @@
 constexpr DWORD BASE64_NO_PADDING = 1;     // leave out the "=" characters at the end
 constexpr DWORD BASE64_NO_LINE_BREAKS = 2; // one line instead of lines of 76 characters and CR LF
 
-// An upper bound of what the encoding functions write, which may be some characters more than they
-// do. 0 for a length below 1 or one whose encoded length would be above INT_MAX.
+// An upper bound for the output of the encoding functions, possibly a few characters too high. 0
+// for a length below 1, and when the encoded length would exceed INT_MAX.
 QUORVEL_API int AfxBase64EncodeGetRequiredLength(int sourceLength, DWORD flags);
 
-// An upper bound of what the decoding functions write: the length itself, 0 when it is below 1.
+// An upper bound for the output of the decoding functions: the length itself; 0 below 1.
 QUORVEL_API int AfxBase64DecodeGetRequiredLength(int sourceLength);
 
-// Writes the encoded bytes to `dest` and the number of characters written to `destLength`, which on
-// entry holds the room in `dest`. FALSE, and nothing written, for a null pointer, a source length
-// below 1 or a room below the required length. Where the last full group of three bytes ends a
-// line, that line's CR LF stays, whether or not a shorter group follows.
+// Writes the encoded text to `dest` and its length to `destLength`, which on entry holds the size
+// of `dest`. Returns FALSE and writes nothing for a null pointer, a source length below 1 or a size
+// below the required length. When the last full group of three bytes ends a line, the CR LF of that
+// line stays even if no shorter group follows.
 QUORVEL_API BOOL AfxBase64EncodeMultiByte(const BYTE* source, int sourceLength, char* dest,
                                           int* destLength, DWORD flags);
 QUORVEL_API BOOL AfxBase64EncodeWideChar(const BYTE* source, int sourceLength, WCHAR* dest,
@@ -28,12 +28,12 @@ QUORVEL_API BOOL AfxBase64EncodeWideChar(const BYTE* source, int sourceLength, W
 QUORVEL_API BOOL AfxBase64Encode(const BYTE* source, int sourceLength, WCHAR* dest, int* destLength,
                                  DWORD flags); // AfxBase64EncodeWideChar
 
-// Writes the decoded bytes to `dest`, skipping every character outside the alphabet, padding and
-// line breaks included: four characters give three bytes, at the end three give two, two give one,
-// and one gives none. `destLength` holds the room on entry (a negative one counts as 0) and
-// receives the full decoded count. FALSE when the bytes did not all fit: then the groups before the
-// first that did not fit are written. FALSE, and nothing changed, for a null pointer or a source
-// length below 1.
+// Writes the decoded bytes to `dest` and skips every character outside the alphabet, including
+// padding and line breaks. Four characters give three bytes; at the end three give two, two give
+// one, and one gives no byte. `destLength` holds the size of `dest` on entry (a negative size
+// counts as 0) and receives the full decoded length. Returns FALSE when the bytes did not all fit;
+// the groups before the first that did not fit are written. Returns FALSE and changes nothing for a
+// null pointer or a source length below 1.
 QUORVEL_API BOOL AfxBase64DecodeMultiByte(const char* source, int sourceLength, BYTE* dest,
                                           int* destLength);
 QUORVEL_API BOOL AfxBase64DecodeWideChar(const WCHAR* source, int sourceLength, BYTE* dest,
@@ -41,5 +41,5 @@ QUORVEL_API BOOL AfxBase64DecodeWideChar(const WCHAR* source, int sourceLength, 
 QUORVEL_API BOOL AfxBase64Decode(const WCHAR* source, int sourceLength, BYTE* dest,
                                  int* destLength); // AfxBase64DecodeWideChar
 
-// The 6-bit value of a character of the alphabet, -1 for any other.
+// The 6-bit value of a character of the alphabet; -1 for any other character.
 QUORVEL_API int AfxDecodeBase64Char(unsigned int character);

@@ -1,25 +1,25 @@
-// Escaping of text for web addresses and for regular expressions.
+// Escapes text for web addresses and for regular expressions.
 //
-// A null text is refused with FALSE and leaves the output as it is. Nothing throws. Any thread. The
-// output may be filled from its own text.
+// A null text returns FALSE and leaves the output unchanged. Nothing throws. Any thread. The text
+// may be that of the output string.
 #pragma once
 
 #include <quorvel/framework/string.h>
 
-// Percent-escapes UTF-8 text: letters and digits of ASCII and - _ . * stay, every other byte
-// becomes % and two upper-case digits, a blank instead + when `spaceAsPlus` is set. The output
-// holds at most 2083 characters: FALSE when the whole text does not fit, with what did in the
-// output.
+// Percent-escapes UTF-8 text. ASCII letters and digits and - _ . * stay; every other byte becomes %
+// and two upper-case digits, except that a blank becomes + when `spaceAsPlus` is set. The output
+// has at most 2083 characters; when the text does not fit, the function returns FALSE and the
+// output holds the part that fits.
 QUORVEL_API BOOL AfxUTF8EscapeUnsafeURLCharacters(const char* utf8Text, CStringA& escaped,
                                                   BOOL spaceAsPlus);
-// The same of text in another encoding, which is converted to UTF-8 first; also FALSE, and the
-// output as it is, when that fails. `codePage` and `flags` are MultiByteToWideChar's.
+// The same for text in another encoding, which is first converted to UTF-8. Also returns FALSE,
+// with the output unchanged, when that fails. `codePage` and `flags` are MultiByteToWideChar's.
 QUORVEL_API BOOL AfxMultiByteToUTF8EscapeUnsafeURLCharacters(UINT codePage, DWORD flags,
                                                              const char* text, CStringA& escaped,
                                                              BOOL spaceAsPlus);
 QUORVEL_API BOOL AfxWideCharToUTF8EscapeUnsafeURLCharacters(const WCHAR* text, CStringA& escaped,
                                                             BOOL spaceAsPlus);
 
-// Puts a backslash in front of each of # $ ( ) * + . ? [ \ ] ^ { | } so that the text matches
-// itself as a regular expression. (Not of "-", which means something inside brackets only.)
+// Puts a backslash before each of # $ ( ) * + . ? [ \ ] ^ { | } so that the text, as a regular
+// expression, matches itself. "-" is not escaped: it is special only inside brackets.
 QUORVEL_API BOOL AfxEscapeRegularExpressionMetacharacters(const WCHAR* text, CString& escaped);

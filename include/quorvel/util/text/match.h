@@ -1,10 +1,10 @@
-// Regular expressions, Perl style, in the syntax of Boost.Regex.
+// Regular expressions: Perl style, in the syntax of Boost.Regex.
 //
-// ^ and $ match at line breaks too. Letter case is by simple folding, classes like \w and
-// [[:alpha:]] are Unicode's on wide text and ASCII's on narrow text, whatever the locale. FALSE
-// also for a null argument, for a pattern that is malformed or has more than 399 groups open at
-// once, which is the engine's limit, and for one that takes too many steps, which can be some
-// seconds' worth. Nothing is reported or thrown. Any thread; 512 KB of stack are enough.
+// ^ and $ also match at line breaks. Case is ignored by simple folding. Classes like \w and
+// [[:alpha:]] are Unicode's in wide text and ASCII's in narrow text, in every locale. The functions
+// also return FALSE for a null argument, for a pattern that is malformed or opens more than 399
+// groups at once (the engine's limit), and when matching takes too many steps, which may be a few
+// seconds. Nothing is reported or thrown. Any thread; 512 KB of stack are enough.
 #pragma once
 
 #include <quorvel/platform/platform.h>
