@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kTextSize = 100; // in characters, the terminator included
+constexpr int kTextSize = 100; // in characters, with the terminator
 constexpr int kLocaleItemSize = 20;
 constexpr __int64 kBytesInKilobyte = 1024;
 
@@ -17,11 +17,11 @@ struct LocaleItem {
     bool Read(LCTYPE item) {
         return GetLocaleInfoW(LOCALE_USER_DEFAULT, item, text, kLocaleItemSize) > 0;
     }
-    // The number up to the first character that is no digit: "3;2;0" groups by 3 here.
+    // The number before the first character that is not a digit: "3;2;0" means groups of 3 here.
     UINT Number() const { return static_cast<UINT>(_wcstoi64(text, nullptr, 10)); }
 };
 
-// A whole number as the user writes it.
+// Writes a whole number in the user's format.
 bool FormatCount(__int64 count, CString& text) {
     LocaleItem leadingZero, grouping, decimal, thousands, negativeOrder;
     if (!leadingZero.Read(LOCALE_ILZERO) || !grouping.Read(LOCALE_SGROUPING) ||

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kFileCauses = CFileException::endOfFile + 1;
 constexpr int kArchiveCauses = CArchiveException::badSchema + 1;
-constexpr UINT kExceptionTextSize = 256; // in characters, the terminator included
+constexpr UINT kExceptionTextSize = 256; // in characters, with the terminator
 
 } // namespace
 
@@ -37,7 +37,7 @@ BOOL AfxGetExceptionText(CException* exception, CString& text) {
     WCHAR buffer[kExceptionTextSize] = {};
     if (!exception->GetErrorMessage(buffer, kExceptionTextSize))
         return FALSE;
-    buffer[kExceptionTextSize - 1] = 0; // the class may be the host's own
+    buffer[kExceptionTextSize - 1] = 0; // a host's class may omit the terminator
     text = buffer;
     return TRUE;
 }

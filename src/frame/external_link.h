@@ -1,4 +1,4 @@
-// The question that is asked before each external link is opened.
+// Asks the host before each external link is opened.
 #pragma once
 
 #include <quorvel/platform/platform.h>

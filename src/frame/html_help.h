@@ -8,14 +8,14 @@
 namespace quorvel {
 
 struct HtmlHelpError {
-    LONG code = 0;       // a result code: a failure is negative
-    CString description; // empty when HTML Help has none
+    LONG code = 0;       // a result code; negative for a failure
+    CString description; // empty when HTML Help gives none
 };
 
-// FALSE when HTML Help cannot be asked.
+// Returns FALSE when HTML Help cannot be queried.
 BOOL QueryHtmlHelpError(HtmlHelpError& error);
 
-// The box of AfxHtmlHelpErrorMessageBox over a given query.
+// Implements AfxHtmlHelpErrorMessageBox for a given query.
 BOOL ShowHtmlHelpError(BOOL (*query)(HtmlHelpError&), UINT type);
 
 } // namespace quorvel

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int kAbbreviationSize = 10; // in characters, the terminator included
+constexpr int kAbbreviationSize = 10; // in characters, with the terminator
 constexpr int kNameSize = 100;
 constexpr LANGID kEnglishUnitedStates = 1033;
 constexpr WORD kLastPrimaryLanguage = 101;
@@ -18,7 +18,7 @@ LANGID MakeLanguage(WORD primary, WORD sub) {
 
 BOOL GetLocaleItem(LANGID language, LCTYPE item, int size, CString& text) {
     text.Empty();
-    const LCID locale = language; // in its default sort order
+    const LCID locale = language; // with the default sort order
     if (!IsValidLocale(locale, LCID_SUPPORTED))
         return FALSE;
     const int length = GetLocaleInfoW(locale, item, text.GetBuffer(size), size);
@@ -30,7 +30,7 @@ bool IsEmptyOrNull(const WCHAR* text) {
     return text == nullptr || *text == 0;
 }
 
-// The template is the host's: it is never given to printf.
+// The host supplies the template, so it is never passed to printf.
 CString ExpandTemplate(const WCHAR* nameTemplate, const CString& abbreviation) {
     CString name;
     bool expanded = false;

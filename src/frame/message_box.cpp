@@ -17,8 +17,8 @@ struct DeleteException {
 };
 typedef std::unique_ptr<CException, DeleteException> CaughtException;
 
-// Shows what `compose` writes. The framework's exceptions end here (a format that is refused, no
-// memory); one that the host's message box throws does not.
+// Shows the text that `compose` writes. Catches the framework's exceptions from `compose` (a format
+// that is refused, no memory), but not those from the host's message box.
 template <class Compose>
 int ShowComposed(UINT type, UINT helpId, Compose compose) {
     CString text;
@@ -46,7 +46,7 @@ bool FormatInserts(CString& text, const WCHAR* format, va_list* arguments) {
     return true;
 }
 
-// The text of an exception that has no more to tell than its class.
+// The exceptions whose text depends on their class alone.
 struct SimpleCause {
     const CRuntimeClass* exceptionClass;
     BOOL (*getText)(CString& text);
@@ -64,7 +64,7 @@ const CFileException* AsFileException(const CException* exception) {
                : nullptr;
 }
 
-// False when the catalogue lacks the text. An exception that is not the framework's may have none.
+// Returns false when the catalogue lacks the text. A host's own exception may have no text.
 bool LoadCauseText(CException* exception, CString& text) {
     if (const CFileException* file = AsFileException(exception))
         return AfxGetFileExceptionErrorMessage(file->m_cause, text);

@@ -8,10 +8,10 @@ namespace {
 
 constexpr LONG kMarginWithoutIcon = 11;
 constexpr LONG kCheckBoxHeight = 13;
-constexpr LONG kCheckBoxWidth = 13;     // of the box alone
-constexpr LONG kCheckBoxTextSpace = 19; // what the text needs beside its own width
+constexpr LONG kCheckBoxWidth = 13;     // without its text
+constexpr LONG kCheckBoxTextSpace = 19; // added to the width of the text
 
-// The smallest positive top: a button of another place does not belong to the row.
+// The smallest positive top. A button placed outside the client area is not in the row.
 LONG TopOf(const std::vector<CRect>& buttons) {
     LONG top = 0;
     for (const CRect& button : buttons)
@@ -20,7 +20,7 @@ LONG TopOf(const std::vector<CRect>& buttons) {
     return top;
 }
 
-// The buttons stay in the middle of their row, and the row at the bottom.
+// Keeps the buttons in the middle of their row, and the row at the bottom.
 void Grow(MessageBoxLayout& layout, LONG width, LONG height) {
     layout.windowSize = {layout.windowSize.cx + width, layout.windowSize.cy + height};
     layout.clientSize = {layout.clientSize.cx + width, layout.clientSize.cy + height};
@@ -30,7 +30,7 @@ void Grow(MessageBoxLayout& layout, LONG width, LONG height) {
 
 void AddHeading(MessageBoxLayout& layout, const MessageBoxParts& parts, LONG margin) {
     const MessageBoxHeading& heading = *parts.heading;
-    // Without an icon the first line of the text is as high up as an icon would be.
+    // Without an icon the text's first line is as high as an icon would be.
     const LONG top = parts.icon ? parts.icon->top : parts.text.top;
     layout.heading = CRect(CPoint(parts.text.left, top), heading.extent);
     const LONG widthGrowth =
@@ -40,8 +40,8 @@ void AddHeading(MessageBoxLayout& layout, const MessageBoxParts& parts, LONG mar
                        std::max<LONG>(0, heading.externalLeading);
     layout.text.OffsetRect(0, std::max<LONG>(0, shift));
 
-    // Deliberate: the space to be kept is that below the icon and not below the text, so a text
-    // longer than the icon ends up with more space beneath it than it had.
+    // Deliberate: keeps the space below the icon and not that below the text. So the space below a
+    // text that is longer than the icon grows.
     const LONG buttonsTop = TopOf(layout.buttons);
     const LONG iconBottom = parts.icon ? parts.icon->bottom : 0;
     const LONG before = buttonsTop - std::max(layout.heading.bottom, iconBottom);

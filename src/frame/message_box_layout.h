@@ -1,4 +1,4 @@
-// Where everything goes when a message box gets a heading or a check box. All lengths are pixels,
+// Lays out a message box that gets a heading or a check box. All lengths are pixels,
 // all rectangles are in the box's client coordinates.
 #pragma once
 
@@ -30,8 +30,8 @@ struct MessageBoxLayout {
     CSize windowSize;
     CRect text;
     std::vector<CRect> buttons;
-    CRect heading;  // empty when there is none
-    CRect checkBox; // likewise
+    CRect heading;  // empty when the box has no heading
+    CRect checkBox; // empty when the box has no check box
 };
 
 MessageBoxLayout LayOutMessageBox(const MessageBoxParts& parts);

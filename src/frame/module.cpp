@@ -12,7 +12,7 @@ constinit AFX_EXTENSION_MODULE s_module = {};
 constinit HINSTANCE s_instance = nullptr;
 constinit CDynLinkLibrary* s_resources = nullptr; // AfxTermExtensionModule deletes it
 
-// The library's life where no entry point is called: from static construction to destruction.
+// Attaches and detaches the library with its static objects, where it has no entry point.
 struct ModuleLife {
     ModuleLife() {
         if (HINSTANCE instance = quorvel::InstanceToAttach(); instance != nullptr)

@@ -1,16 +1,16 @@
-// Start-up and end of the library.
+// Attaches and detaches the library.
 #pragma once
 
 #include "platform/win32.h"
 
 namespace quorvel {
 
-// Enters the module into the resource chain; FALSE, with no resource handle, when that fails.
+// Adds the module to the resource chain. Returns FALSE, with no resource handle, on failure.
 BOOL AttachModule(HINSTANCE instance);
 void DetachModule();
 
-// The module to attach when the library's static objects are made; null where the loader calls
-// an entry point for that.
+// The module that the library's static objects attach. Null where the loader calls an entry point
+// instead.
 HINSTANCE InstanceToAttach();
 
 } // namespace quorvel

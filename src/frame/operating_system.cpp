@@ -48,7 +48,7 @@ bool Always(const SystemFacts&) {
     return true;
 }
 
-// In both tables the first row that applies decides. Texts bring the blank that follows them.
+// In both tables the first matching row decides. Each text ends with its own separating blank.
 struct ProductRule {
     DWORD major;
     DWORD minor;
@@ -69,7 +69,7 @@ struct ServerRule {
     DWORD major;
     DWORD minor;
     DWORD processor;
-    WORD suiteBits; // of the suite mask, these bits
+    WORD suiteBits; // these bits of the suite mask
     WORD suites;    // must have this value
     const WCHAR* edition;
 };
@@ -79,7 +79,7 @@ constexpr WORD kBlade = VER_SUITE_BLADE;
 constexpr DWORD kItanium = PROCESSOR_ARCHITECTURE_IA64;
 constexpr DWORD kX64 = PROCESSOR_ARCHITECTURE_AMD64;
 constexpr ServerRule kServerRules[] = {
-    // Deliberate: the Itanium texts end without a blank, the web edition is the blade suite alone.
+    // Deliberate: the Itanium texts have no final blank; the web edition is the blade suite alone.
     {5, 2, kItanium, kDatacenter, kDatacenter, _T("Datacenter Edition for Itanium-based Systems")},
     {5, 2, kItanium, kEnterprise, kEnterprise, _T("Enterprise Edition for Itanium-based Systems")},
     {5, 2, kItanium, 0, 0, _T("")},
@@ -139,7 +139,7 @@ const WCHAR* Edition(const SystemFacts& facts) {
     }
 }
 
-// The releases before the extended record name their product type in the registry.
+// Releases without the extended record store their product type in the registry.
 bool AppendRegisteredEdition(const SystemFacts& facts, CString& text) {
     static constexpr struct {
         const WCHAR* productType;
@@ -149,8 +149,8 @@ bool AppendRegisteredEdition(const SystemFacts& facts, CString& text) {
         {_T("LANMANNT"), _T("Server ")},
         {_T("SERVERNT"), _T("Advanced Server ")},
     };
-    constexpr DWORD kMaximumSize = 80;                        // a longer value is none of these
-    WCHAR productType[kMaximumSize / sizeof(WCHAR) + 1] = {}; // may come without a terminator
+    constexpr DWORD kMaximumSize = 80;                        // a longer value matches no row
+    WCHAR productType[kMaximumSize / sizeof(WCHAR) + 1] = {}; // the value may lack a terminator
     DWORD size = kMaximumSize;
     if (facts.queryProductType(reinterpret_cast<BYTE*>(productType), &size) != ERROR_SUCCESS ||
         size > kMaximumSize)
@@ -173,7 +173,7 @@ void AppendServicePackAndBuild(const SystemFacts& facts, CString& text) {
         text.AppendFormat(_T("%s (Build %d)"), record.szCSDVersion, build);
     else if (facts.hasServicePack6a())
         text.AppendFormat(_T("Service Pack 6a (Build %d)"), build);
-    else // Deliberate: this text alone ends with a line feed.
+    else // Deliberate: only this text ends with a line feed.
         text.AppendFormat(_T("%s (Build %d)\n"), record.szCSDVersion, build);
 }
 
@@ -187,7 +187,7 @@ bool DescribeNT(const SystemFacts& facts, CString& text) {
     return true;
 }
 
-// The 9x releases tell a letter for their service pack, with a blank before it.
+// The 9x releases give their service pack as a letter after a blank.
 WCHAR ServicePackLetter(const OSVERSIONINFOEXW& record) {
     return CString(record.szCSDVersion).TrimLeft(' ')[0];
 }
@@ -222,7 +222,7 @@ bool ReadSystemVersion(SystemVersion& version) {
         version.record.dwOSVersionInfoSize =
             extended ? sizeof(OSVERSIONINFOEXW) : sizeof(OSVERSIONINFOW);
         version.extended = extended;
-        // The basic record is the first part of the extended one.
+        // The basic record is the beginning of the extended one.
         if (CurrentVersionQuery()(reinterpret_cast<OSVERSIONINFOW*>(&version.record)))
             return true;
     }

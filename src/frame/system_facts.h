@@ -1,6 +1,6 @@
-// What the operating system tells about itself, and what is said about a system that tells it.
+// The facts that the operating system reports, and the rules that describe a system by them.
 //
-// The rules are functions of the facts alone, so that every Windows release can be put to them.
+// The rules are functions of the facts alone, so tests can try every Windows release.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -11,31 +11,31 @@ namespace quorvel {
 
 struct SystemVersion {
     OSVERSIONINFOEXW record = {};
-    bool extended = false; // service pack numbers, suites and product type are known
+    bool extended = false; // service pack numbers, suites and product type are valid
 };
 
 struct SystemFacts {
     SystemVersion version;
     bool release2 = false;    // the system metric SM_SERVERR2
-    WORD nativeProcessor = 0; // PROCESSOR_ARCHITECTURE_..., of the machine and not of the process
-    // As RegQueryValueExW for "ProductType": *size bytes of room on entry, the text's own size on
-    // return; an error code when the key or the value cannot be read.
+    WORD nativeProcessor = 0; // PROCESSOR_ARCHITECTURE_..., of the machine, not of the process
+    // Works like RegQueryValueExW for "ProductType": *size is the room in bytes on entry, the
+    // text's size on return. Returns an error code when the value cannot be read.
     DWORD (*queryProductType)(BYTE* data, DWORD* size) = nullptr;
-    bool (*hasServicePack6a)() = nullptr; // the key of hotfix Q246009
+    bool (*hasServicePack6a)() = nullptr; // tests for the key of hotfix Q246009
 };
 
 // GetVersionExW. Tests replace it.
 typedef BOOL (*VersionQuery)(OSVERSIONINFOW* record);
 VersionQuery& CurrentVersionQuery();
 
-// Asks for the extended record and, where that is refused, for the basic one.
+// Reads the extended record, or the basic one where the system refuses the extended one.
 bool ReadSystemVersion(SystemVersion& version);
 
 int ClassifySystem(const SystemVersion& version);
 bool DescribeSystem(const SystemFacts& facts, CString& text);
 bool IsThemedSystem(const SystemVersion& version);
 
-// What only the machine's processor and its registry tell.
+// Reads what only the processor and the registry of the machine show.
 void ReadMachineFacts(SystemFacts& facts);
 WORD NativeProcessor();
 

@@ -1,4 +1,4 @@
-// A message box with its additions, ready to be shown.
+// The content of an extended message box.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -13,10 +13,10 @@ struct VaskBox {
     std::optional<CString> heading;
     std::optional<CString> checkBoxText;
     int checkState = 0; // 0 or 1
-    CString helpTarget; // empty when there is none
+    CString helpTarget; // empty without a help target
 };
 
-// Shows it through AfxMessageBox and leaves the final check state in it. The box's result.
+// Shows the box with AfxMessageBox, stores its final check state and returns its result.
 int ShowVaskBox(VaskBox& box);
 
 } // namespace quorvel

@@ -10,7 +10,7 @@
 
 namespace {
 
-// A text as the caller gives it, or its catalogue id.
+// A text from the caller, or the id of a catalogue text.
 class TextSource {
 public:
     TextSource(const WCHAR* text) : m_text(text) {}
@@ -61,7 +61,7 @@ bool Compose(const Request& request, va_list* inserts, quorvel::VaskBox& box) {
     return true;
 }
 
-// The framework's exceptions of composing end here; one that the host's own box throws does not.
+// Catches the framework's exceptions from composing, but not those from the host's message box.
 int Show(const Request& request, va_list* inserts = nullptr) {
     quorvel::VaskBox box;
     try {
@@ -234,7 +234,7 @@ void AfxPerformDivideByZeroException() {
                           MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2, nullptr);
     if (answer != IDYES)
         return;
-    // Volatile: the compiler would drop a division it can work out.
+    // Volatile: the compiler would remove a division that it can evaluate.
     volatile int dividend = 1;
     volatile int divisor = 0;
     dividend = dividend / divisor;

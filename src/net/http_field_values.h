@@ -1,4 +1,4 @@
-// What the values of HTTP fields mean, however their field was found.
+// Interprets the values of HTTP fields.
 #pragma once
 
 #include <quorvel/framework/date_time.h>
@@ -6,9 +6,9 @@
 
 namespace quorvel {
 
-// Decimal digits alone; 0 for anything else and for more than 64 bits hold.
+// Returns 0 unless the value has only decimal digits and fits in 64 bits.
 ULONGLONG ReadContentLength(const CString& value);
-// The empty date when the text is none.
+// Returns an empty date for an invalid text.
 COleDateTime ReadHttpDate(const CString& value);
 
 } // namespace quorvel

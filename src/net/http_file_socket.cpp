@@ -8,7 +8,7 @@
 CHttpFileSocket::CHttpFileSocket() : m_reader(std::make_unique<quorvel::HttpHeaderReader>()) {}
 
 CHttpFileSocket::~CHttpFileSocket() {
-    Close(); // first: the worker uses all of this
+    Close(); // first, because the worker uses all members
     CloseLocalFile();
 }
 
@@ -40,13 +40,13 @@ BOOL CHttpFileSocket::SendRequest() {
     CStringA request;
     request.Format("%s %s HTTP/1.1\r\nHost: %s\r\nConnection: close\r\n\r\n",
                    m_getHeaderOnly ? "HEAD" : "GET", object.GetString(), server.GetString());
-    // Deliberate: -1 counts as sent, what is wrong then shows when the answer is waited for.
+    // Deliberate: -1 counts as sent. Waiting for the answer will show the error.
     return Send(request.GetString(), request.GetLength(), 0) != 0 ||
            Fail(statusSending, static_cast<DWORD>(::WSAGetLastError()));
 }
 
-// False, with the error posted and kept. The file is closed first: OnClose is not called any more,
-// and who gets the status may read or delete the file.
+// Reports and keeps the error; returns false. Closes the file first: OnClose is not called any
+// more, and the receiver of the status may read or delete the file.
 bool CHttpFileSocket::Fail(int status, DWORD error) {
     CloseLocalFile();
     UpdateStatus(status, static_cast<int>(error));
@@ -111,7 +111,7 @@ BOOL CHttpFileSocket::OnClose(int) {
         break;
     }
     CloseLocalFile();
-    ::WSASetLastError(error); // what status 14 tells
+    ::WSASetLastError(error); // the error that belongs to status 14
     return TRUE;
 }
 

@@ -15,7 +15,7 @@ typedef std::basic_string_view<WCHAR> View;
 
 constexpr View kLineEnd = _T("\r\n");
 constexpr View kHeaderEnd = _T("\r\n\r\n");
-constexpr View kBlanks = _T(" \t\n\v\f\r"); // the C locale's white space
+constexpr View kBlanks = _T(" \t\n\v\f\r"); // white space in the C locale
 
 View Trimmed(View text) {
     text.remove_prefix(std::min(text.size(), text.find_first_not_of(kBlanks)));
@@ -32,7 +32,7 @@ View TakeLine(View& rest) {
     return line;
 }
 
-// As scanf's %d reads it, a number beyond 32 bits as the nearest one.
+// Reads like scanf's %d. Limits a number beyond 32 bits to the nearest value.
 bool ReadInteger(View text, int& number) {
     const bool negative = text.starts_with('-');
     if (negative || text.starts_with('+'))
@@ -95,7 +95,7 @@ CHttpHeader::CHttpHeader(const CHttpHeader& other)
       m_localFilePath(other.m_localFilePath), m_fields(CopyOf(*other.m_fields)) {}
 
 CHttpHeader& CHttpHeader::operator=(const CHttpHeader& other) {
-    auto fields = CopyOf(*other.m_fields); // the one step that can fail comes first
+    auto fields = CopyOf(*other.m_fields); // only this step can fail, so it is first
     m_version = other.m_version;
     m_statusCode = other.m_statusCode;
     m_length = other.m_length;

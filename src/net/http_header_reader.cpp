@@ -47,7 +47,7 @@ HttpHeaderReader::State HttpHeaderReader::Add(const char* bytes, std::size_t cou
 HttpHeaderReader::State HttpHeaderReader::Judge(CHttpHeader& header) {
     const std::size_t from = m_searched;
     const auto overlap = [from](std::string_view mark) {
-        return from - std::min(from, mark.size() - 1); // a mark may have begun in an earlier piece
+        return from - std::min(from, mark.size() - 1); // the mark may begin in an earlier piece
     };
     m_searched = m_bytes.size();
     if (!m_hasStatusLine) {

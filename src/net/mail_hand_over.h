@@ -1,4 +1,4 @@
-// The system's part of sending mail.
+// Passes mail to the system.
 #pragma once
 
 #include "platform/mapi.h"
@@ -7,11 +7,11 @@ namespace quorvel {
 
 enum class MailResult { Sent, NotLoaded, InvalidLibrary, NotSent };
 
-// Hands the message over and waits until the mail program is done with it. With `logsOn` mail must
-// be configured, and a session is opened for it. Shows no box.
+// Passes the message on and waits for the mail program. With `logsOn`, mail must be configured, and
+// the function opens a session for it. Shows no box.
 MailResult HandOverMail(MapiMessage& message, bool logsOn);
 
-// Whether failures without logging on have the framework's messages and not the library's.
+// Whether failures without logging on use the framework's messages instead of the library's.
 extern const bool kHasFrameworkMailMessages;
 
 } // namespace quorvel

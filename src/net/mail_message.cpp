@@ -13,7 +13,7 @@ bool NamesFile(const WCHAR* path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-// The records take texts that may be written to. Nobody writes, and the message owns them.
+// The records want writable texts. Nothing writes to them, and the message owns them.
 LPSTR Writable(const CStringA& text) {
     return const_cast<LPSTR>(text.GetString());
 }
@@ -28,8 +28,8 @@ bool IsComplete(const MailTexts& texts) {
 }
 
 bool IsMailSent(ULONG result) {
-    // Deliberate: 3, a failed logon, counts as sent, since some mail systems answer so after the
-    // user has closed their own logon window.
+    // Deliberate: 3, a failed logon, counts as sent. Some mail systems return it when the user has
+    // closed their logon window.
     return result == SUCCESS_SUCCESS || result == MAPI_USER_ABORT || result == 3;
 }
 
@@ -46,7 +46,7 @@ MailMessage::MailMessage(const MailTexts& texts)
         return;
     m_attachmentPath = CStringA(texts.attachmentPath);
     m_attachmentName = CStringA(texts.attachmentName);
-    m_file.nPosition = ULONG{0xFFFFFFFF}; // not placed in the body
+    m_file.nPosition = ULONG{0xFFFFFFFF}; // no position in the body
     m_file.lpszPathName = Writable(m_attachmentPath);
     m_file.lpszFileName = texts.attachmentName != nullptr ? Writable(m_attachmentName) : nullptr;
     m_message.nFileCount = 1;

@@ -1,4 +1,4 @@
-// One message as Simple MAPI takes it.
+// One message in the form that Simple MAPI takes.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -17,16 +17,16 @@ struct MailTexts {
     const WCHAR* attachmentName;
 };
 
-// Whether the name, the address, the subject and the body are there.
+// Whether the name, the address, the subject and the body are present.
 bool IsComplete(const MailTexts& texts);
 
 // Whether a result of MAPISendMail is a success.
 bool IsMailSent(ULONG result);
 
-// Owns the texts and the records that name them.
+// Owns the texts and the records that point to them.
 class MailMessage {
 public:
-    // Texts that are complete. The attachment is there when its path names a file. Throws
+    // The texts must be complete. There is an attachment when its path names a file. Throws
     // CMemoryException.
     explicit MailMessage(const MailTexts& texts);
     MailMessage(const MailMessage&) = delete;

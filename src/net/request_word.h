@@ -1,4 +1,4 @@
-// What an address must not hold: it is sent as a word of a request's first line, in a code page.
+// Checks a text that is sent as a word of a request's first line, in a code page.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -7,8 +7,8 @@
 
 namespace quorvel {
 
-// No blanks and control characters, nor characters that become one: Windows writes the wide blanks
-// of Unicode as 0x20 in its code pages. Refused in both builds alike.
+// Blanks and control characters are refused, also characters that become one: in its code pages
+// Windows writes Unicode's wide blanks as 0x20. Both builds refuse the same ones.
 inline bool IsRequestWord(const CString& text) {
     const auto isRefused = [](WCHAR each) {
         return each <= ' ' || (each >= 0x7f && each <= 0xa0) ||

@@ -12,7 +12,7 @@ namespace quorvel {
 class SocketAddress {
 public:
     SocketAddress() { m_address.sin_family = AF_INET; }
-    // A null text stands for any address.
+    // A null text means any address.
     SocketAddress(const WCHAR* text, UINT port) : SocketAddress() {
         m_valid = port <= 0xffff && (text == nullptr || AfxIsValidIPAddress(text));
         if (!m_valid)

@@ -13,7 +13,7 @@ SocketWorker::SocketWorker(const CVaskSocketThreadParams& params)
 }
 
 SocketWorker::~SocketWorker() {
-    ForgetRequest(); // before the event is closed: the window sets it
+    ForgetRequest(); // before the event is closed, because the window sets it
     m_socket.m_workerId = 0;
 }
 
@@ -86,8 +86,8 @@ bool SocketWorker::Connect(const win32::sockaddr* address, int length) {
     return true;
 }
 
-// The event to be enumerated and reset. The network's own is the last, so that a look-up that has
-// ended goes first.
+// Returns the event to enumerate and reset. The network event is the last one, so that a finished
+// look-up is handled first.
 bool SocketWorker::WaitForEvent(WSAEVENT& signalled) {
     const WSAEVENT two[] = {m_socket.m_cancelThreadEvent, m_socket.m_networkEvent};
     const WSAEVENT three[] = {m_socket.m_cancelThreadEvent, m_lookupEvent.Get(),
@@ -145,7 +145,7 @@ bool SocketWorker::DeliverAccept(int error) {
     return m_socket.OnAccept(error);
 }
 
-// The order is fixed: the end of a connection comes after its data, and ends what follows.
+// The order is fixed: the end of a connection is delivered after its data and stops the loop.
 bool SocketWorker::Deliver(WSAEVENT signalled) {
     struct Delivery {
         LONG event;

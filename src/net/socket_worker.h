@@ -1,5 +1,5 @@
-// The thread of a socket: finds the host, connects, and calls the socket's On... members for what
-// the network reports, until the connection, a member or Close ends it.
+// The thread of a socket. Finds the host, connects, and calls the socket's On... members for
+// network events, until the connection ends, a member stops it or Close is called.
 #pragma once
 
 #include <quorvel/net/vask_socket.h>
@@ -18,7 +18,7 @@ public:
     void Run();
 
 private:
-    // Each gives false when the worker is to end; what it has to report is reported.
+    // Each returns false when the worker must end; it has then reported everything.
     bool Begin();
     bool BeginLookup();
     bool FinishLookup();
@@ -40,7 +40,7 @@ private:
     const CVaskSocketThreadParams m_params;
     const bool m_looksUp;
     ScopedHandle m_lookupEvent;
-    HANDLE m_request = nullptr; // while the look-up has not been dealt with
+    HANDLE m_request = nullptr; // set until the look-up's result has been handled
 };
 
 } // namespace quorvel

@@ -22,7 +22,7 @@ CVaskSocketWnd CVaskSocket::m_wndSocket;
 
 namespace {
 
-constexpr int kNotInitialized = 1; // not a Winsock error, and known to hosts
+constexpr int kNotInitialized = 1; // not a Winsock error; hosts know it
 
 BOOL Fail(int error) {
     ::WSASetLastError(error);
@@ -33,7 +33,7 @@ BOOL Succeeds(int result) {
     return result != SOCKET_ERROR;
 }
 
-// The Winsock error, as it was, at the end of a block that cleans up.
+// Restores the Winsock error at the end of a block that cleans up.
 class KeepError {
 public:
     KeepError() : m_error(::WSAGetLastError()) {}
@@ -63,7 +63,7 @@ CVaskSocket::~CVaskSocket() {
     CVaskSocket::Close();
 }
 
-// Making and taking sockets.
+// Creating and attaching sockets.
 
 BOOL CVaskSocket::CreateNetworkEvent() {
     if (!m_bInitialized)
@@ -254,7 +254,7 @@ BOOL CVaskSocket::LaunchThread(const CVaskSocketThreadParams& params) {
                                                       THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED));
     if (thread == nullptr)
         return FALSE;
-    // The thread's own handle goes with its object, before anyone can wait for it.
+    // The thread object closes its own handle, so waiting needs a copy.
     if (!::DuplicateHandle(::GetCurrentProcess(), thread->m_hThread, ::GetCurrentProcess(),
                            &m_workerThread, 0, FALSE, DUPLICATE_SAME_ACCESS)) {
         const KeepError keep;
@@ -324,7 +324,7 @@ void CVaskSocket::Close() {
         ::SetEvent(m_cancelThreadEvent);
     const bool held = CloseSocket();
     if (IsOwnWorker()) {
-        m_closedByWorker = true; // it still waits for the events: they go with the next Close
+        m_closedByWorker = true; // the worker still uses the events; the next Close closes them
     } else {
         if (m_workerThread != nullptr) {
             ::WaitForSingleObject(m_workerThread, INFINITE);

@@ -1,4 +1,4 @@
-// The calls that go to the platform's socket as they are, and the forms with addresses as texts.
+// Calls that are forwarded to the platform's socket, and forms with addresses as texts.
 #include <quorvel/net/vask_socket.h>
 
 #include "net/socket_address.h"

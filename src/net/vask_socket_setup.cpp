@@ -1,4 +1,4 @@
-// The set-up of the sockets, once a process.
+// Sets up the sockets once for each process.
 #include <quorvel/frame/message_box.h>
 #include <quorvel/net/vask_socket.h>
 #include <quorvel/net/winsock_error_text.h>

@@ -16,9 +16,9 @@ namespace {
 constexpr UINT kHostFound = WM_APP + 1004;
 constexpr const WCHAR* kClassName = _T("VaskSocketNotificationSink");
 
-// Under Wine a look-up that is cancelled goes on all the same, writes its buffer and posts its
-// message: the buffer is kept until then. Elsewhere that message never comes, so that there is a
-// limit to what is kept.
+// Under Wine a cancelled look-up continues, writes its buffer and posts its message. So the buffer
+// is kept until that message. On Windows the message never comes, so the number of kept buffers has
+// a limit.
 constexpr std::size_t kMaxUnanswered = 64;
 
 UINT_PTR TimerOf(HANDLE request) {
@@ -53,7 +53,7 @@ CGetHostRequestData& CGetHostRequestData::operator=(const CGetHostRequestData& o
 
 BOOL CGetHostRequestData::GetIPAddress(CString& address) const {
     address.Empty();
-    // What a copy holds leads elsewhere or nowhere.
+    // In a copied object the pointers point outside the buffer.
     const auto isWithin = [this](const void* place, std::size_t size) {
         const char* const first = static_cast<const char*>(place);
         return std::less_equal<>()(&m_buffer[0], first) &&
@@ -119,7 +119,7 @@ int CVaskSocketWnd::AsyncGetHostByName(const WCHAR* name, HANDLE completionEvent
     const CStringA narrow(name);
     auto data = std::make_shared<CGetHostRequestData>();
     data->SetCompletionEvent(completionEvent);
-    // Held until the request is in the map: its answer may be there before this goes on.
+    // Locked until the request is in the map: its answer may arrive before.
     const std::lock_guard lock(m_lock);
     const HANDLE started = ::WSAAsyncGetHostByName(m_hWnd, kHostFound, narrow, data->GetBuffer(),
                                                    data->GetBufferLength());
@@ -157,11 +157,11 @@ int CVaskSocketWnd::CancelAsyncRequest(HANDLE request, BOOL remove) {
 
 BOOL CVaskSocketWnd::RemoveGetHostRequest(HANDLE request) {
     const std::lock_guard lock(m_lock);
-    Cancel(request); // or its buffer would be written after it is freed
+    Cancel(request); // otherwise a buffer is written after it was freed
     return m_requests.erase(request) != 0;
 }
 
-// A request ends once: what comes after its end changes nothing.
+// A request ends once; later events do not change its result.
 void CVaskSocketWnd::Finish(CGetHostRequestData& data, int error) {
     if (::WaitForSingleObject(data.GetCompletionEvent(), 0) == WAIT_OBJECT_0)
         return;
@@ -175,7 +175,7 @@ LRESULT CVaskSocketWnd::OnWSAAsyncGetHostByName(WPARAM wParam, LPARAM lParam) {
     const HANDLE request = reinterpret_cast<HANDLE>(wParam);
     std::erase_if(m_unanswered, [request](const auto& each) { return each.first == request; });
     CGetHostRequestData* const data = Find(request);
-    if (data != nullptr) // otherwise it was cancelled too late to stop its message
+    if (data != nullptr) // null when the request was removed before its message came
         Finish(*data, WSAGETASYNCERROR(lParam));
     return 0;
 }

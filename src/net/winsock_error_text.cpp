@@ -11,7 +11,7 @@ struct ErrorText {
     DWORD code;
     UINT textId;
 };
-// Deliberate: 10104 to 10106 have texts in the catalogue and no row here.
+// Deliberate: 10104 to 10106 have catalogue texts but no row here.
 // clang-format off
 constexpr ErrorText kErrorTexts[] = {
     {6, quorvel::kTextWinsockInvalidHandle}, {8, quorvel::kTextWinsockNotEnoughMemory},

@@ -1,7 +1,7 @@
-// The texts of the dialogs and menus, in English. A resource script includes this list, or that of
-// its language, before the layouts in dialogs.rc. A text holds no double quote.
-// tools/check_catalogue.py holds the translations to this list; a test measures each text in its
-// control.
+// The texts of the dialogs and menus, in English. A resource script includes this list, or the list
+// of its language, before the layouts in dialogs.rc. A text contains no double quote.
+// tools/check_catalogue.py compares the translations with this list. A test checks that each text
+// fits in its control.
 // clang-format off
 #define DIALOG_TEXT_OK "OK"
 #define DIALOG_TEXT_CANCEL "Cancel"
@@ -15,11 +15,11 @@
 #define DIALOG_TEXT_COLUMNS_WIDTH "&Selected column width:"
 #define DIALOG_TEXT_COLUMNS_COMMAND "&Columns..."
 
-// The next key that is pressed.
+// Capturing the next key that is pressed.
 #define DIALOG_TEXT_CAPTURE_TITLE "Capture Shortcut Key"
 #define DIALOG_TEXT_CAPTURE_PROMPT "Press a key to use as the shortcut key."
 
-// A key for a command.
+// Assigning a key to a command.
 #define DIALOG_TEXT_ASSIGN_TITLE "Assign Shortcut Key"
 #define DIALOG_TEXT_ASSIGN_COMMAND "Command:"
 #define DIALOG_TEXT_ASSIGN_KEY "&Press the new key:"
@@ -27,7 +27,7 @@
 #define DIALOG_TEXT_ASSIGN_ASSIGN "&Assign"
 #define DIALOG_TEXT_ASSIGN_CLEAR "&Clear"
 
-// A hyperlink.
+// Editing a hyperlink.
 #define DIALOG_TEXT_HYPERLINK_TITLE "Edit Hyperlink"
 #define DIALOG_TEXT_HYPERLINK_DISPLAY_TEXT "&Display text:"
 #define DIALOG_TEXT_HYPERLINK_ADDRESS "&Address:"
@@ -47,13 +47,13 @@
 #define DIALOG_TEXT_UPDATES_ENTRY_LINK "Lin&k:"
 #define DIALOG_TEXT_UPDATES_CLOSE "Close"
 
-// Its settings.
+// The settings of that check.
 #define DIALOG_TEXT_UPDATES_SETTINGS_TITLE "Check For Updates Settings"
 #define DIALOG_TEXT_UPDATES_URL "&Updates file URL:"
 #define DIALOG_TEXT_UPDATES_REMIND "&Display a reminder to check for updates after:"
 #define DIALOG_TEXT_UPDATES_DAYS "days (1-90)"
 
-// Its reminder.
+// The reminder of that check.
 #define DIALOG_TEXT_UPDATES_REMINDER_TITLE "Check For Updates Reminder"
 #define DIALOG_TEXT_UPDATES_REMINDER_QUESTION "Would you like to check for updates now?"
 #define DIALOG_TEXT_UPDATES_YES "&Yes"

@@ -40,8 +40,8 @@ BOOL CApplicationDataFolders::SetProductVersion(const WCHAR* version) {
 
 BOOL CApplicationDataFolders::GetFolder(int root, applicationDataFolderTypes type, CString& path,
                                         int addBackslash) const {
-    // Not in the caller's string, which a failure must leave alone.
-    WCHAR folder[MAX_PATH + 1] = {}; // a full path is given a separator beyond MAX_PATH
+    // Built in a copy: a failure must leave the caller's string unchanged.
+    WCHAR folder[MAX_PATH + 1] = {}; // PathAddBackslashW may write past MAX_PATH
     const auto append = [&folder](const CString& name) {
         return name.IsEmpty() || PathAppendW(folder, name);
     };

@@ -17,15 +17,15 @@ typedef std::basic_string<WCHAR> Text;
 constexpr View kFileScheme = _T("file://");
 constexpr View kMailScheme = _T("mailto:");
 
-// Documents that their programs show without running anything in them. Sorted.
+// File types that a viewer shows without running code from them. Sorted.
 constexpr View kDocuments[] = {
     _T("bmp"), _T("csv"),  _T("doc"), _T("docx"), _T("gif"),  _T("htm"), _T("html"), _T("jpeg"),
     _T("jpg"), _T("log"),  _T("md"),  _T("odp"),  _T("ods"),  _T("odt"), _T("pdf"),  _T("png"),
     _T("ppt"), _T("pptx"), _T("rtf"), _T("tif"),  _T("tiff"), _T("txt"), _T("xls"),  _T("xlsx")};
 
-// A program that gets the address in its command line may take a quote for the argument's end.
+// A program that gets the address in its command line may read a quote as the argument's end.
 constexpr View kToBeEscaped = _T("\"<>\\^`{|}");
-// What ends a path, names a stream of a file, or stands for other names.
+// These end a path, separate a file from its stream, or are wildcards.
 constexpr View kNotInPath = _T("?#:*\"<>|");
 
 WCHAR Lower(WCHAR unit) {
@@ -49,7 +49,7 @@ int HexDigit(WCHAR unit) {
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-// Each escaped byte becomes a character; what is no escape stays.
+// Replaces each escape by one character and copies everything else.
 Text Unescaped(View text) {
     Text result;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -61,7 +61,7 @@ Text Unescaped(View text) {
     return result;
 }
 
-// Takes the part up to the separator, or all of it, from the front.
+// Removes the part up to the separator, or everything, from the front and returns it.
 View TakePart(View& text, WCHAR separator) {
     const std::size_t end = std::min(text.find(separator), text.size());
     const View part = text.substr(0, end);
@@ -77,7 +77,7 @@ bool IsHarmlessMail(View rest) {
         Text name = Unescaped(TakePart(value, '='));
         std::ranges::transform(name, name.begin(), Lower);
         const bool mayHaveLines = name == _T("body");
-        // Mail programs know it as attach, attachment and under names of their own.
+        // Mail programs use attach, attachment and names of their own for it.
         if (name.find(_T("attach")) != name.npos || HasControls(name) ||
             (!mayHaveLines && HasControls(Unescaped(value))))
             return false;
@@ -100,7 +100,7 @@ bool IsDocumentHere(Text path) {
     View rest = path;
     if (BeginsWith(rest, _T("localhost/")))
         rest.remove_prefix(View(_T("localhost")).size());
-    // An empty part makes the name of another computer out of what follows.
+    // With an empty part, a program may read the next part as the name of a computer.
     if (HasControls(rest) || rest.find(_T("//")) != rest.npos)
         return false;
     const bool isRooted = rest.starts_with('/');
@@ -122,7 +122,7 @@ bool IsHarmlessLink(const WCHAR* link) {
     const View text = link;
     if (BeginsWith(text, kFileScheme)) {
         const View path = text.substr(kFileScheme.size());
-        // Not every program unescapes a path: neither form may be a program.
+        // Not every program unescapes a path, so both forms must be harmless.
         return IsDocumentHere(Text(path)) && IsDocumentHere(Unescaped(path));
     }
     if (text.find_first_of(kToBeEscaped) != text.npos)

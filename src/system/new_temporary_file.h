@@ -1,11 +1,11 @@
-// A new file in the temporary folder, without a message.
+// Creates a new file in the temporary folder. Shows no message.
 #pragma once
 
 #include <quorvel/framework/string.h>
 
 namespace quorvel {
 
-// 0, or the system's error; the name is then as it was.
+// Returns 0, or the system's error code; `fileName` is then unchanged.
 DWORD NewTemporaryFile(CString& fileName);
 
 } // namespace quorvel

@@ -30,7 +30,7 @@ bool MayOpen(const CString& link) {
 BOOL OpenExternalLink(const WCHAR* link) {
     if (!AfxIsValidURL(link))
         return FALSE;
-    const CString copy = link; // the hook may destroy the caller's
+    const CString copy = link; // the hook may destroy the caller's text
     if (!MayOpen(copy))
         return FALSE;
     AfxOpenFile(copy, _T(""), _T(""), TRUE);

@@ -13,7 +13,7 @@ using quorvel::ScopedKey;
 
 namespace {
 
-// The key of a path or below a key; a null one where it cannot be had.
+// Creates and opens the key of a path. The result is null when that fails.
 ScopedKey Created(const CRegistryPath& path) {
     ScopedKey key;
     if (path.IsValid())
@@ -60,7 +60,7 @@ Number ReadNumber(HKEY key, const WCHAR* name, DWORD wantedKind, Number defaultV
     return isRead && kind == wantedKind && size == sizeof value ? value : defaultValue;
 }
 
-// A default that cannot be copied for want of memory is empty.
+// Returns an empty text when there is no memory for the copy.
 CString CopyOf(const WCHAR* text) {
     CString copy;
     quorvel::WithoutException([&] {

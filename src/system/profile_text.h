@@ -1,4 +1,4 @@
-// A text of the registry for callers to whom a missing one is not an empty one.
+// Reads a text from the registry and tells a missing value from an empty one.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -6,8 +6,8 @@
 
 namespace quorvel {
 
-// The REG_SZ value of a key up to its first zero; the last byte of an odd number does not count.
-// False when there is no such value, and the text is then unspecified. Throws CMemoryException.
+// Reads the key's REG_SZ value up to its first zero. An odd last byte is ignored. Returns false
+// when there is no such value; `text` is then unspecified. Throws CMemoryException.
 bool ReadProfileText(HKEY key, const WCHAR* name, CString& text);
 
 } // namespace quorvel

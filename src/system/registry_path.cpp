@@ -51,7 +51,7 @@ BOOL CRegistryPath::SetSubKey(const WCHAR* subKey) {
     return TRUE;
 }
 
-// Deliberate: the root is taken before the sub key is looked at (RegistryPath.ARefusal...).
+// Deliberate: the root is set before the sub key is checked (RegistryPath.ARefusal...).
 BOOL CRegistryPath::SetPath(HKEY sectionKey, const WCHAR* subKey) {
     return SetSectionKey(sectionKey) && SetSubKey(subKey);
 }
@@ -59,7 +59,7 @@ BOOL CRegistryPath::SetPath(HKEY sectionKey, const WCHAR* subKey) {
 BOOL CRegistryPath::AppendKey(const WCHAR* key) {
     if (key == nullptr || *key == 0)
         return FALSE;
-    const CString appended(key); // it may be our own text
+    const CString appended(key); // `key` may be our own text
     if (!m_strSubKey.IsEmpty() && m_strSubKey[m_strSubKey.GetLength() - 1] != '\\')
         m_strSubKey += _T("\\");
     m_strSubKey += appended;

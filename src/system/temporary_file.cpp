@@ -9,7 +9,7 @@ DWORD quorvel::NewTemporaryFile(CString& fileName) {
     WCHAR folder[MAX_PATH + 1];
     WCHAR name[MAX_PATH];
     const DWORD length = GetTempPathW(MAX_PATH + 1, folder);
-    if (length > MAX_PATH) // the size that would do, and no error code
+    if (length > MAX_PATH) // the size that is needed; there is no error code
         return ERROR_BUFFER_OVERFLOW;
     if (length == 0 || GetTempFileNameW(folder, _T("qvl"), 0, name) == 0)
         return GetLastError();

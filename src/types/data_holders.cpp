@@ -2,7 +2,7 @@
 
 #include <limits>
 
-// One set of definitions for the three classes.
+// One definition for all three classes.
 #define QUORVEL_DEFINE_HOLDER(Class, Value)                                                        \
     void Class::Serialize(CArchive& archive) {                                                     \
         archive << m_data;                                                                         \

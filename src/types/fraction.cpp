@@ -9,7 +9,7 @@
 
 namespace {
 
-// Arithmetic that wraps to 32 bits instead of being undefined, or of trapping in a division.
+// Wraps a result to 32 bits. Overflow of int is undefined, and the division traps.
 int Wrap(std::int64_t value) {
     return static_cast<int>(static_cast<std::uint32_t>(value));
 }
@@ -22,12 +22,12 @@ int Quotient(std::int64_t dividend, std::int64_t divisor) {
     return Wrap(dividend / divisor);
 }
 
-// Whether an exact quotient exists; the remainder of -2147483648 by -1 traps in 32 bits.
+// Whether the quotient is exact. In 32 bits, -2147483648 % -1 traps.
 bool Divides(std::int64_t divisor, std::int64_t dividend) {
     return dividend % divisor == 0;
 }
 
-// In 64 bits, where every magnitude fits.
+// Uses 64 bits, which hold every magnitude.
 std::int64_t CommonDivisor(std::int64_t a, std::int64_t b) {
     return a == 0 && b == 0 ? 1 : std::gcd(a, b);
 }
@@ -147,7 +147,7 @@ CString CFraction::GetText(BOOL mixed) const {
         text = _T("0");
         return text;
     }
-    // In 64 bits: -2147483648 has a magnitude that 32 bits do not hold.
+    // Uses 64 bits: 32 bits cannot hold the magnitude of -2147483648.
     const LONGLONG denominator = std::abs(LONGLONG{m_denominator});
     const LONGLONG numerator = m_denominator < 0 ? -LONGLONG{m_numerator} : m_numerator;
     const LONGLONG whole = numerator / denominator;
@@ -183,8 +183,8 @@ void CFraction::DecimalToFraction(double value, int& numerator, int& denominator
     const double magnitude = std::fabs(value);
     if (!(magnitude <= kLargest)) // NaN included
         return;
-    // Convergents h/k; the two before the first are 0/1 and 1/0. The first always fits, and a whole
-    // number is complete with it.
+    // Convergents h/k; the two before the first are 0/1 and 1/0. The first convergent always fits,
+    // and for a whole number it is the result.
     std::int64_t lastH = 0, h = 1;
     std::int64_t lastK = 1, k = 0;
     double rest = magnitude; // fits in 32 bits: the reciprocals below stay under 1e7

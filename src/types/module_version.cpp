@@ -74,7 +74,7 @@ BOOL CModuleVersion::Load(const WCHAR* fileName) {
         m_lastError = ::GetLastError();
         return FALSE;
     }
-    const CString name(fileName); // the argument may be a part of what is released
+    const CString name(fileName); // the argument may point into what is released
     Release();
     try {
         m_data.resize(size);
@@ -95,7 +95,7 @@ BOOL CModuleVersion::Load(HINSTANCE module) {
         m_lastError = ::GetLastError();
         return FALSE;
     }
-    fileName[kFileNameLength - 1] = 0; // a longer path is cut, on old systems without a terminator
+    fileName[kFileNameLength - 1] = 0; // old systems cut a longer path without a terminator
     return Load(fileName);
 }
 
@@ -116,7 +116,7 @@ BOOL CModuleVersion::ReadTranslation() noexcept {
     UINT size = 0;
     if (!VerQueryValueW(m_data.data(), _T("\\VarFileInfo\\Translation"), &value, &size))
         return Fail(::GetLastError());
-    if (size < sizeof(DWORD)) // an array without an entry
+    if (size < sizeof(DWORD)) // an array without entries
         return Fail(ERROR_RESOURCE_DATA_NOT_FOUND);
     const auto* translation = static_cast<const WORD*>(value);
     m_language = translation[0];
@@ -175,7 +175,7 @@ DWORD CModuleVersion::GetFileSubtype(DWORD& zero) const noexcept {
 }
 
 BOOL CModuleVersion::GetSubBlockValue(const WCHAR* name, CString& value) {
-    const CString key(name); // the argument may lie in the value
+    const CString key(name); // the argument may point into `value`
     value.Empty();
     if (name == nullptr) {
         m_lastError = ERROR_BAD_ARGUMENTS;
@@ -188,12 +188,12 @@ BOOL CModuleVersion::GetSubBlockValue(const WCHAR* name, CString& value) {
     CString path;
     path.Format(_T("\\StringFileInfo\\%04x%04x\\%s"), m_language, m_codePage, key.GetString());
     void* found = nullptr;
-    UINT length = 0; // in characters, the terminator included
+    UINT length = 0; // in characters, with the terminator
     if (!VerQueryValueW(m_data.data(), path, &found, &length)) {
         m_lastError = ::GetLastError();
         return FALSE;
     }
-    // A damaged resource may promise more than it holds, or hold no terminator.
+    // In a damaged resource the length may be too large, or the terminator missing.
     const auto* text = static_cast<const WCHAR*>(found);
     const auto* dataEnd = m_data.data() + m_data.size();
     const auto held = (dataEnd - static_cast<const BYTE*>(found)) / sizeof *text;

@@ -2,8 +2,8 @@
 
 namespace quorvel {
 
-// A shared object has no entry point that could refuse the load: its static objects attach it, and
-// without a resource handle the host learns that it failed.
+// A shared object has no entry point that could refuse the load. So static objects attach it, and
+// the host sees a failure as a null resource handle.
 HINSTANCE InstanceToAttach() {
     return OwnModule();
 }

@@ -2,7 +2,7 @@
 
 namespace quorvel {
 
-// Only descriptions of Windows name it: GetVersionExW never tells one of its platform ids here.
+// Only descriptions of Windows use it, and GetVersionExW never reports a Windows platform id here.
 WORD NativeProcessor() {
     return 0;
 }

@@ -1,4 +1,4 @@
-// The terminal has one text: heading, message and check box, a blank line apart.
+// The terminal gets one text: heading, message and check box, separated by blank lines.
 #include "frame/vask_box.h"
 
 #include <quorvel/framework/app.h>
@@ -7,7 +7,7 @@ namespace quorvel {
 
 namespace {
 
-// An ampersand marks the key of a window's check box; two stand for one.
+// An ampersand marks the key of a window's check box; two ampersands are one character.
 CString WithoutKeyMarks(const CString& label) {
     CString text;
     for (int i = 0; i < label.GetLength(); ++i) {

@@ -16,8 +16,8 @@ void OpenLink(HWND owner, const WCHAR* address) {
     ::ShellExecuteW(owner, _T("open"), address, nullptr, nullptr, SW_SHOWNORMAL);
 }
 
-// The desktop is the caller, and not the box: the topic stays when the box closes. The control is
-// never unloaded, since its windows live on.
+// The desktop owns the topic's window, so that it stays open when the box closes. The control is
+// never unloaded, because its windows still need it.
 void ShowTopic(const WCHAR* path) {
     if (const HtmlHelpFunction htmlHelp = HtmlHelpOf(::LoadLibraryW(kHtmlHelpControl)))
         htmlHelp(::GetDesktopWindow(), path, HH_DISPLAY_TOPIC, 0);

@@ -1,19 +1,19 @@
-// What a Help button opens.
+// Opens the target of a Help button.
 #pragma once
 
 #include <quorvel/platform/platform.h>
 
 namespace quorvel {
 
-// How the two kinds of target are shown. Tests replace them.
+// The functions that show the two kinds of target. Tests replace them.
 struct HelpViewers {
     void (*openLink)(HWND owner, const WCHAR* address);
     void (*showTopic)(const WCHAR* path);
 };
 HelpViewers& CurrentHelpViewers();
 
-// A valid web address is opened when the host's link hook allows it; anything else is shown as an
-// HTML Help topic.
+// Opens a valid web address when the host's link hook allows it. Shows any other target as an HTML
+// Help topic.
 void OpenHelpTarget(HWND owner, const WCHAR* target);
 
 } // namespace quorvel

@@ -12,7 +12,7 @@ namespace quorvel {
 
 namespace {
 
-// The answer to HH_GET_LAST_ERROR, which the compiler's header lacks.
+// The record that HH_GET_LAST_ERROR fills. The compiler's header lacks it.
 struct LastError {
     int size;
     HRESULT code;
@@ -25,8 +25,8 @@ struct FreeString {
 
 } // namespace
 
-// The error is the process's own: where the control is not loaded there is none, so it is never
-// loaded for the question.
+// The error belongs to the process. Where the control is not loaded there is no error, so this
+// function never loads it.
 BOOL QueryHtmlHelpError(HtmlHelpError& error) {
     const HtmlHelpFunction htmlHelp = HtmlHelpOf(GetModuleHandleW(kHtmlHelpControl));
     if (htmlHelp == nullptr)

@@ -1,4 +1,4 @@
-// HTML Help's control and its one function.
+// The HTML Help control and its function.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -9,7 +9,7 @@ constexpr const WCHAR* kHtmlHelpControl = _T("hhctrl.ocx");
 
 typedef HWND(WINAPI* HtmlHelpFunction)(HWND caller, LPCWSTR file, UINT command, DWORD_PTR data);
 
-// Null for a control that is null or lacks the function.
+// Null when the control is null or lacks the function.
 inline HtmlHelpFunction HtmlHelpOf(HMODULE control) {
     if (control == nullptr)
         return nullptr;

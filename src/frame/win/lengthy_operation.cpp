@@ -5,7 +5,7 @@ CLengthyOperationHandler::~CLengthyOperationHandler() = default;
 void CLengthyOperationHandler::PumpMessages() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) { // the thread's own loop has to see it
+        if (message.message == WM_QUIT) { // the thread's message loop must get it
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }

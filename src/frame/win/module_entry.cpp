@@ -2,7 +2,7 @@
 
 namespace quorvel {
 
-// A DLL is attached by its entry point; code that is linked to the program has none.
+// The entry point attaches a DLL; code linked into the program has no entry point.
 HINSTANCE InstanceToAttach() {
     HMODULE module = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |

@@ -2,8 +2,8 @@
 
 namespace quorvel {
 
-// GetSystemInfo tells a 32-bit process on a 64-bit system of the processor it pretends; the native
-// form is younger than the oldest systems served.
+// To a 32-bit process on a 64-bit system GetSystemInfo reports an emulated processor. The oldest
+// supported systems lack GetNativeSystemInfo.
 WORD NativeProcessor() {
     typedef void(WINAPI * SystemInfoQuery)(SYSTEM_INFO*);
     SYSTEM_INFO info = {};

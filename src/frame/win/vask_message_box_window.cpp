@@ -23,10 +23,10 @@ END_MESSAGE_MAP()
 
 namespace {
 
-constexpr DWORD kIconStyleBits = 3; // of a static control: either is set for an icon
-constexpr CRect kNowhere;           // controls are placed when everything is measured
+constexpr DWORD kIconStyleBits = 3; // of a static control: either bit is set for an icon
+constexpr CRect kNowhere;           // initial place of the controls; they are moved after measuring
 
-// The controls that the system's box came with.
+// The system's own controls of the box.
 struct BoxControls {
     HWND icon = nullptr;
     HWND text = nullptr;
@@ -43,8 +43,8 @@ BoxControls FindControls(HWND box) {
         const DWORD style = static_cast<DWORD>(::GetWindowLongPtrW(child, GWL_STYLE));
         if (AfxIsStatic(child)) {
             const bool isIcon = (style & kIconStyleBits) != 0;
-            // Where no icon is asked for, some systems leave its control there, empty and across
-            // the others.
+            // Without an icon some systems leave its empty control in the box, where it covers the
+            // other controls.
             if (isIcon && ::SendMessageW(child, STM_GETICON, 0, 0) == 0)
                 continue;
             HWND& first = isIcon ? controls.icon : controls.text;
@@ -69,7 +69,7 @@ void Place(HWND control, const CRect& rect) {
                    SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// A window's drawing surface with a font in it.
+// Measures text in a window's device context with a font selected.
 class Measure {
 public:
     Measure(HWND window, HFONT font)
@@ -97,7 +97,7 @@ private:
     const HGDIOBJ m_former;
 };
 
-// Releases the hook where the host's own box creates no window, or throws.
+// Removes the hook also when the host's box creates no window or throws.
 class CreationHook {
 public:
     explicit CreationHook(CWnd* wnd) { AfxHookWindowCreate(wnd); }
@@ -201,8 +201,8 @@ void CVaskMessageBox::OnCheckBoxClicked() {
     m_checkBox.SetCheck(m_checkState);
 }
 
-// The command is not passed on: the system's answer to it is WM_HELP, for which the target would
-// open once more.
+// The command is not passed on: the system would answer it with WM_HELP, which would open the
+// target a second time.
 void CVaskMessageBox::OnHelpButton() {
     if (m_helpTarget.IsEmpty())
         Default();

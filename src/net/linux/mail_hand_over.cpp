@@ -1,4 +1,4 @@
-// The user's mail program, by xdg-email.
+// Passes mail to the user's mail program with xdg-email.
 #include "net/mail_hand_over.h"
 
 #include <quorvel/framework/filesystem_path.h>
@@ -16,13 +16,13 @@ namespace fs = std::filesystem;
 
 constexpr int kToolMissing = 3; // xdg-email found no mail program
 
-// The attachment's file under the name that the recipient shall see: the file itself, or a copy in
-// a folder of its own.
+// The attachment's file under the name that the recipient sees: the file itself, or a copy in a
+// private folder.
 class Attachment {
 public:
     explicit Attachment(const MapiFileDesc& file) {
         CString path(file.lpszPathName);
-        path.Replace('\\', '/'); // separates on Linux too
+        path.Replace('\\', '/'); // a separator on Linux too
         std::error_code error;
         m_path = fs::absolute(AfxStringToPath(path), error);
         const std::string name = AttachmentNameOf(
@@ -54,7 +54,7 @@ private:
     }
 
     fs::path m_path;
-    fs::path m_folder; // removed at the end unless it is kept
+    fs::path m_folder; // removed at the end unless Keep was called
     bool m_isReady = false;
 };
 

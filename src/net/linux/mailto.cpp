@@ -31,7 +31,7 @@ std::string OnOneLine(std::string text) {
     return text;
 }
 
-// Lines end in CR and LF, whatever they ended in.
+// Makes every line end CR LF.
 std::string WithMailLines(const std::string& text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -1,4 +1,4 @@
-// A message as an address of the scheme mailto, which any mail program takes.
+// Writes a message as a mailto address, which every mail program accepts.
 #pragma once
 
 #include "platform/mapi.h"
@@ -7,13 +7,13 @@
 
 namespace quorvel {
 
-// Holds the recipient, the subject and the body. Every text is escaped, so that it is neither an
-// option nor another field; a line break in the body is kept, elsewhere control characters become
+// Contains the recipient, the subject and the body. Each text is escaped, so that it cannot act as
+// an option or another field. A line break in the body is kept; all other control characters become
 // blanks.
 std::string MailtoOf(const MapiMessage& message);
 
-// The name that an attachment gets: the last part of the one that is given, or that of the path
-// when nothing usable is given.
+// The name of an attachment: the last part of `name`, or the last part of `path` when `name` has no
+// usable one.
 std::string AttachmentNameOf(const std::string& name, const std::string& path);
 
 } // namespace quorvel

@@ -1,4 +1,4 @@
-// Simple MAPI, loaded for one message at a time.
+// Loads Simple MAPI for one message at a time.
 #include "net/mail_hand_over.h"
 
 #include <quorvel/frame/module.h>
@@ -28,8 +28,8 @@ bool IsMailConfigured() {
     return ::GetProfileIntW(_T("Mail"), _T("MAPI"), 0) == 1;
 }
 
-// The assemblies that the library's manifest names, for what is loaded meanwhile. Without a
-// manifest those of the program stay in force.
+// Activates the assemblies of the library's manifest while modules are loaded. Without a manifest
+// the program's assemblies stay active.
 class ActivationContext {
 public:
     ActivationContext() {

@@ -8,7 +8,7 @@ namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
 
-// Mail systems that are still starting enable the program's window behind the compose window.
+// Some mail systems, while they start, enable the program's window behind the compose window.
 LRESULT CALLBACK StayDisabled(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                               DWORD_PTR) {
     if (message != WM_ENABLE || !wParam)

@@ -1,4 +1,4 @@
-// The thread's windows while the mail program's own window is up.
+// Disables the thread's windows while the mail program shows its own window.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -7,10 +7,10 @@
 
 namespace quorvel {
 
-// Disables the visible windows of this thread; the one that a message box would lie over keeps the
-// mouse and stays disabled whatever the mail library does to it. The end of the object enables
-// exactly those windows again and gives that one the activation and the focus. A window that is
-// destroyed meanwhile is left alone.
+// Disables the visible windows of this thread. The window that would own a message box keeps the
+// mouse and stays disabled, whatever the mail library does to it. The destructor enables exactly
+// those windows again and gives the owner the activation and the focus. Windows destroyed in the
+// meantime are ignored.
 class MailModalState {
 public:
     MailModalState();
@@ -18,7 +18,7 @@ public:
     ~MailModalState();
 
 private:
-    const HWND m_owner; // null: the thread has no window
+    const HWND m_owner; // null when the thread has no window
     std::vector<HWND> m_disabled;
 };
 

@@ -12,11 +12,11 @@
 #define DIALOG_TEXT_COLUMNS_WIDTH "Breite der &gewählten Spalte:"
 #define DIALOG_TEXT_COLUMNS_COMMAND "&Spalten..."
 
-// The next key that is pressed.
+// Capturing the next key that is pressed.
 #define DIALOG_TEXT_CAPTURE_TITLE "Taste erfassen"
 #define DIALOG_TEXT_CAPTURE_PROMPT "Drücken Sie die Taste für die Tastenkombination."
 
-// A key for a command.
+// Assigning a key to a command.
 #define DIALOG_TEXT_ASSIGN_TITLE "Taste zuweisen"
 #define DIALOG_TEXT_ASSIGN_COMMAND "Befehl:"
 #define DIALOG_TEXT_ASSIGN_KEY "Neue &Taste drücken:"
@@ -24,7 +24,7 @@
 #define DIALOG_TEXT_ASSIGN_ASSIGN "Zu&weisen"
 #define DIALOG_TEXT_ASSIGN_CLEAR "&Entfernen"
 
-// A hyperlink.
+// Editing a hyperlink.
 #define DIALOG_TEXT_HYPERLINK_TITLE "Hyperlink bearbeiten"
 #define DIALOG_TEXT_HYPERLINK_DISPLAY_TEXT "An&zeigetext:"
 #define DIALOG_TEXT_HYPERLINK_ADDRESS "&Adresse:"
@@ -44,13 +44,13 @@
 #define DIALOG_TEXT_UPDATES_ENTRY_LINK "&Verweis:"
 #define DIALOG_TEXT_UPDATES_CLOSE "Schließen"
 
-// Its settings.
+// The settings of that check.
 #define DIALOG_TEXT_UPDATES_SETTINGS_TITLE "Einstellungen der Updatesuche"
 #define DIALOG_TEXT_UPDATES_URL "&URL der Updatedatei:"
 #define DIALOG_TEXT_UPDATES_REMIND "&An die Suche nach Updates erinnern nach:"
 #define DIALOG_TEXT_UPDATES_DAYS "Tagen (1-90)"
 
-// Its reminder.
+// The reminder of that check.
 #define DIALOG_TEXT_UPDATES_REMINDER_TITLE "Erinnerung an die Updatesuche"
 #define DIALOG_TEXT_UPDATES_REMINDER_QUESTION "Möchten Sie jetzt nach Updates suchen?"
 #define DIALOG_TEXT_UPDATES_YES "&Ja"
