@@ -15,15 +15,15 @@ namespace quorvel {
 
 namespace {
 
-// Fetches the 64 characters that lie a page ahead: the processor's own read-ahead stops at the
-// border of a page, and a large document is in no cache when it is parsed.
+// Prefetches the 64 characters one page ahead. The processor's own prefetching stops at page
+// borders, and a large document is in no cache when it is parsed.
 inline void FetchAhead(const WCHAR* text) {
     const char* const ahead = reinterpret_cast<const char*>(text) + 4096;
     __builtin_prefetch(ahead);
     __builtin_prefetch(ahead + 64);
 }
 
-// One bit for each of 64 characters: is it "<" or ">"? The two differ in bit 1 alone.
+// One bit for each of 64 characters, set for "<" and ">". The two characters differ only in bit 1.
 #if defined(__SSE2__)
 [[gnu::always_inline]] inline std::uint64_t FindAngles(const WCHAR* text) {
     const __m128i bit = _mm_set1_epi16('<' ^ '>');
@@ -47,8 +47,8 @@ std::uint64_t FindAngles(const WCHAR* text) {
 }
 #endif
 
-// Writes the positions of the set bits, eight at a time: what is written past the last one is
-// overwritten by the next block. Most blocks have few, so that the count is rarely mispredicted.
+// Writes the positions of the set bits, eight at a time; the next block overwrites the surplus.
+// Most blocks have few set bits, so the number of rounds is rarely mispredicted.
 [[gnu::always_inline]] inline int WritePositions(std::uint64_t found, int base, int* positions) {
     const int count = std::popcount(found);
     for (int written = 0; written < count; written += 8) {
@@ -60,7 +60,7 @@ std::uint64_t FindAngles(const WCHAR* text) {
     return count;
 }
 
-// The whole blocks of text[begin, end): appends their positions and returns the new count.
+// Appends the positions in the whole blocks of text[begin, end) and returns the new count.
 [[gnu::always_inline]] inline int ScanBlocks(const WCHAR* text, int begin, int end, int* positions,
                                              int count) {
     for (; end - begin >= 64; begin += 64)
@@ -73,7 +73,7 @@ int ScanBlocksBaseline(const WCHAR* text, int begin, int end, int* positions, in
 }
 
 #if defined(__x86_64__) || defined(__i386__)
-// The same code with the bit-counting instructions that the baseline lacks.
+// The same code compiled with bit-counting instructions, which the baseline lacks.
 [[gnu::target("avx2,bmi,popcnt")]] int ScanBlocksAvx2(const WCHAR* text, int begin, int end,
                                                       int* positions, int count) {
     return ScanBlocks(text, begin, end, positions, count);
@@ -119,8 +119,8 @@ int TagNameLength(const WCHAR* name, const WCHAR* other, int readable) {
     for (int length = 0; readable - length >= 8; length += 8) {
         const __m128i left = _mm_loadu_si128(reinterpret_cast<const __m128i*>(name + length));
         const __m128i right = _mm_loadu_si128(reinterpret_cast<const __m128i*>(other + length));
-        // What may end a name, and more: everything up to "/", from "<" to "?", the backslash, and
-        // (the compare is signed) from 0x8000 on. A name with another of these takes the slow way.
+        // Matches all characters that end a name and some more: up to "/", "<" to "?", the
+        // backslash, and 0x8000 and above (the compare is signed). Those take the slow path.
         const __m128i low = _mm_cmplt_epi16(left, _mm_set1_epi16('/' + 1));
         const __m128i middle =
             _mm_cmpeq_epi16(_mm_and_si128(left, _mm_set1_epi16(-4)), _mm_set1_epi16('<'));
@@ -170,7 +170,7 @@ int FindEither(const WCHAR* text, int length, WCHAR character, WCHAR other) {
 
 void AngleScanner::Refill() {
     static const auto scanBlocks = ChooseScanBlocks();
-    // Locals: the compiler must take every store of a position for one to a member.
+    // Locals: the compiler must assume that a store to `positions` can change a member.
     int* const positions = m_positions;
     const WCHAR* const text = m_text;
     int end = m_end;

@@ -1,4 +1,4 @@
-// The characters that the tokenizer of CMarkup tells apart.
+// The classes of characters that the tokenizer of CMarkup distinguishes.
 #pragma once
 
 #include <quorvel/platform/platform.h>

@@ -1,7 +1,7 @@
-// A text is given to expat as UTF-16, and a file is first converted to it, so that every encoding
-// of the platform is read and positions mean the same for both. What is no character (a lone
-// surrogate, bytes that the encoding does not know) ends the text as U+FFFF, which no document may
-// hold: so expat names its place.
+// expat gets the text as UTF-16. A file is first converted to it, so every encoding of the platform
+// can be read, and positions have one meaning. A lone surrogate, or bytes that the encoding does
+// not define, end the text that expat gets. U+FFFF follows them: no document may contain it, so
+// expat reports its position.
 #include <quorvel/xml/check_xml.h>
 
 #include <quorvel/frame/exception_text.h>
@@ -45,8 +45,8 @@ bool Feed(const Parser& parser, const WCHAR* text, int length, bool isLast = fal
                      length * static_cast<int>(sizeof(WCHAR)), isLast) == XML_STATUS_OK;
 }
 
-// A parser that has read a byte order mark: left to itself expat takes the first characters of some
-// texts for the mark of another encoding.
+// Returns a parser that has read a byte order mark. Without it expat would take the first
+// characters of some texts for the mark of another encoding.
 Parser MakeParser() {
     Parser parser(XML_ParserCreateNS("UTF-16LE", 0));
     if (parser == nullptr || !Feed(parser, &kByteOrderMark, 1))
@@ -54,7 +54,7 @@ Parser MakeParser() {
     return parser;
 }
 
-// The length up to the first lone surrogate. expat looks at the first unit of a pair only.
+// The length up to the first lone surrogate. expat checks only the first unit of a pair.
 int PairedLength(const WCHAR* text, int length) {
     for (int i = 0; i < length; ++i) {
         if (IsLowSurrogate(text[i]))
@@ -72,8 +72,8 @@ bool FeedText(const Parser& parser, const WCHAR* text, int length) {
     constexpr int kFirstPiece = 32768;
     constexpr int kLargestPiece = INT_MAX / 4;
     const int paired = PairedLength(text, length);
-    // A token that spans pieces is scanned anew with each: that stays linear as long as every piece
-    // is as large as all before it.
+    // expat scans a token again from its start with each piece. The total stays linear when each
+    // piece is as large as all pieces before it.
     for (int fed = 0; fed < paired;) {
         const int piece = std::min({std::max(fed, kFirstPiece), kLargestPiece, paired - fed});
         if (!Feed(parser, text + fed, piece))
@@ -106,15 +106,15 @@ CString Showable(const WCHAR* text, int length) {
     return result;
 }
 
-// A text and what is given to expat in its place, of the same length: another text where the option
-// asks for a dialect that expat does not know.
+// A text, and the text of the same length that expat gets. The two differ when the options ask for
+// a dialect that expat does not support.
 struct Subject {
     const WCHAR* text;
     const WCHAR* fed;
     int length;
 };
 
-// Counted here: what is fed may have other characters in the place of surrogate pairs.
+// Counts itself: the text for expat may have other characters instead of surrogate pairs.
 void TakePlace(const Subject& subject, CXMLFault& fault) {
     int lineBegin = 0;
     fault.nLine = 1;
@@ -140,7 +140,7 @@ void TakeSnippet(const Subject& subject, CXMLFault& fault) {
         --begin;
     while (end < length && end - fault.nOffset < kReach && !IsLineEnd(fed[end]))
         ++end;
-    // Half a surrogate pair at an edge is none of it.
+    // Half a surrogate pair at either end is left out.
     if (begin > 0 && begin < fault.nOffset && IsLowSurrogate(text[begin]))
         ++begin;
     if (end < length && end > fault.nOffset && IsHighSurrogate(text[end - 1]))
@@ -156,15 +156,15 @@ CXMLFault FaultAt(const Parser& parser, const Subject& subject) {
     CXMLFault fault;
     fault.strMessage = CString(XML_ErrorString(error));
     const XML_Index unit = XML_GetCurrentByteIndex(parser.get()) / XML_Index(sizeof(WCHAR));
-    // The mark in front of the text counts for expat, and not for us.
+    // expat's position includes the byte order mark.
     fault.nOffset = std::clamp(static_cast<int>(unit) - 1, 0, subject.length);
     TakePlace(subject, fault);
     TakeSnippet(subject, fault);
     return fault;
 }
 
-// Room for every version and every name of an encoding that is known, so that expat's C frames see
-// no exception.
+// Has room for every version and every known encoding name, so that nothing throws through expat's
+// C frames.
 struct Declaration {
     int length = 0;
     char version[8] = {};
@@ -179,9 +179,9 @@ void XMLCALL TakeDeclaration(void* target, const XML_Char* version, const XML_Ch
         std::strncpy(declaration.encoding, encoding, sizeof declaration.encoding - 1);
 }
 
-// What a text's declaration says; empty what it does not.
+// Reads a text's declaration. Fields that it does not have are empty.
 Declaration ReadDeclaration(const WCHAR* text, int length) {
-    constexpr std::size_t kLongest = INT_MAX / 4; // what expat takes at once
+    constexpr std::size_t kLongest = INT_MAX / 4; // the most that expat takes at once
     const std::size_t found = quorvel::FindDeclaration({text, static_cast<std::size_t>(length)},
                                                        quorvel::kWideDeclarationMarks)
                                   .size();
@@ -211,10 +211,10 @@ void CheckText(const WCHAR* text, int length, DWORD options, CXMLFault& fault) {
         fault = FaultAt(parser, subject);
 }
 
-// What keeps a document from being judged is told as a fault without a place.
+// Runs `judge`. An error that prevents the check becomes a fault without a position.
 template <class Judgement>
 BOOL Judge(CXMLFault& result, Judgement judge) {
-    CXMLFault fault; // the text may lie in the caller's
+    CXMLFault fault; // the text may be in the caller's record
     BOOL wellFormed = FALSE;
     try {
         judge(fault);
@@ -230,7 +230,7 @@ BOOL Judge(CXMLFault& result, Judgement judge) {
     return wellFormed;
 }
 
-// A file's bytes, and what is known of their encoding before the declaration is read.
+// A file's bytes, and the facts about their encoding that are known before the declaration is read.
 struct FileBytes {
     CStringA bytes;
     CString encoding;
@@ -254,7 +254,7 @@ FileBytes ReadFileBytes(const WCHAR* fileName) {
         AfxThrowXMLFileException(CXMLFileException::fileTooLarge, fileName);
     char* room = file.bytes.GetBufferSetLength(static_cast<int>(size));
     const UINT length = source.Read(room, static_cast<UINT>(size));
-    file.bytes.ReleaseBufferSetLength(static_cast<int>(length)); // it may have shrunk meanwhile
+    file.bytes.ReleaseBufferSetLength(static_cast<int>(length)); // the file may have shrunk
     if (!AfxDetermineXMLFileEncoding(reinterpret_cast<const BYTE*>(file.bytes.GetString()), length,
                                      file.encoding, file.isBigEndian, file.charSize,
                                      file.markLength))
@@ -275,8 +275,8 @@ CString DecodeUtf16(const FileBytes& file) {
     return text;
 }
 
-// FALSE when the code page does not know all of the bytes. The platform reads ASCII without its
-// eighth bit.
+// Returns FALSE when the code page does not define all of the bytes. ASCII needs its own test: the
+// platform ignores the eighth bit.
 bool AppendDecoded(CString& text, UINT codePage, DWORD flags, std::string_view bytes) {
     constexpr UINT kAscii = 20127;
     const auto isAscii = [](char byte) { return (byte & 0x80) == 0; };
@@ -291,13 +291,13 @@ bool AppendDecoded(CString& text, UINT codePage, DWORD flags, std::string_view b
     return MultiByteToWideChar(codePage, flags, bytes.data(), count, units + length, needed) > 0;
 }
 
-// A page with shifts in it (UTF-7, ISO-2022) refuses nothing, and cannot be cut into pieces.
+// Code pages with shift sequences (UTF-7, ISO-2022) reject nothing and cannot be cut into pieces.
 bool CanBeStrict(UINT codePage) {
     return MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, "a", 1, nullptr, 0) > 0;
 }
 
-// The platform takes every private-use character for an error. One of them has a meaning: the apple
-// sign of the Macintosh pages.
+// The platform rejects every private-use character. Only one of them has a meaning: the apple sign
+// of the Macintosh code pages.
 bool AppendAppleSign(CString& text, UINT codePage, std::string_view bytes) {
     constexpr WCHAR kAppleSign = 0xf8ff;
     WCHAR unit = 0;
@@ -307,8 +307,8 @@ bool AppendAppleSign(CString& text, UINT codePage, std::string_view bytes) {
     return true;
 }
 
-// A page whose characters depend on what precedes them, read as a whole; where it fails, the
-// longest beginning that does not is searched for by halving.
+// For a code page whose characters depend on the preceding ones. Decodes everything at once. If
+// that fails, finds the longest valid beginning by bisection.
 CString DecodeShifted(UINT codePage, std::string_view bytes) {
     constexpr std::size_t kLongestCharacter = 4;
     CString text;
@@ -317,7 +317,7 @@ CString DecodeShifted(UINT codePage, std::string_view bytes) {
         return length == 0 ||
                AppendDecoded(text, codePage, MB_ERR_INVALID_CHARS, bytes.substr(0, length));
     };
-    // A length that cuts a character fails, and the next one does not.
+    // If a length fails because it cuts a character, the next one succeeds.
     const auto isGood = [&](std::size_t length) { return decode(length) || decode(length + 1); };
     if (decode(bytes.size()))
         return text;
@@ -333,8 +333,8 @@ CString DecodeShifted(UINT codePage, std::string_view bytes) {
     return text;
 }
 
-// Piece by piece; a piece that fails is halved down to the character that is not known, or that
-// the end of the piece had cut.
+// Decodes in pieces. Halves a piece that fails until the first unknown character is left, or the
+// end of the piece no longer cuts a character.
 CString DecodeNarrow(UINT codePage, std::string_view bytes) {
     constexpr UINT kHz = 52936;
     constexpr std::size_t kPiece = 65536;
@@ -365,7 +365,7 @@ CString DecodeNarrow(UINT codePage, std::string_view bytes) {
     return text;
 }
 
-// The declaration, and in any case enough to show.
+// Decodes at least the declaration and the 64 characters that a fault shows.
 CString DecodeBeginning(const FileBytes& file) {
     constexpr UINT kLatin1 = 28591;
     constexpr std::size_t kShown = 64;
@@ -377,7 +377,7 @@ CString DecodeBeginning(const FileBytes& file) {
                         text.substr(0, std::max(declaration.size(), kShown)));
 }
 
-// Whether bytes of this kind can be in the code page.
+// Whether the code page is possible for the byte order mark and the character size of the file.
 bool Agree(const FileBytes& file, UINT codePage) {
     const bool isWide = codePage == kUtf16 || codePage == kUtf16BigEndian;
     return isWide == (file.charSize == 2) && (file.markLength != 3 || codePage == CP_UTF8);

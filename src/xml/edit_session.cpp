@@ -1,20 +1,20 @@
 // The edit session keeps the text in one buffer around a gap:
 //
-//     edited text | 0 ... gap ... | text still to come
+//     edited text | 0 ... gap ... | unedited text
 //
-// The recorded positions are those in the buffer. So what is inserted at the end of the gap moves
-// nothing behind it: only tags that the gap is moved over get new positions, and as edits come in
-// document order that happens once to each tag. Between two edits
+// The recorded positions are positions in the buffer. An insertion at the end of the gap moves no
+// text after the gap: only tags that the gap passes get new positions. Edits come in document
+// order, so each tag is passed only once. Between two edits
 //
-// - the gap lies directly before the "<" of the element edited last (before the whole text at
-//   first), so each tag, and the content of each element without children, is in one piece;
-// - a zero follows the edited text, at which every reader stops (so a search for an element sees
-//   the tag of one added under a name that begins with a quote, which no parsed tag has, only up
-//   to there);
-// - m_iPosNext and m_bNextIsStart name the first tag behind the gap.
+// - the gap is directly before the "<" of the element edited last (at first, before the whole
+//   text), so each tag, and the content of each element without children, is in one piece;
+// - a zero follows the edited text, and every reader stops there. This matters for an element added
+//   under a name that begins with a quote, which no parsed name does: a search sees its tag only up
+//   to the zero;
+// - m_iPosNext and m_bNextIsStart name the first tag after the gap.
 //
-// A gap of length 0 makes the buffer an ordinary document. Record 0 holds no tags; what the direct
-// edits add to it is added here too.
+// With a gap of length 0 the buffer is an ordinary document. Record 0 has no tags. The direct edits
+// add their shifts to it, and so does this code.
 #include <quorvel/xml/edit_session.h>
 
 #include "platform/win32.h"
@@ -44,7 +44,7 @@ CMarkupEditSession::CMarkupEditSession(CMarkup& markup)
 
 CMarkupEditSession::~CMarkupEditSession() = default;
 
-// Moves every tag position from `first` on.
+// Adds `shift` to every tag position from `first` on.
 void CMarkupEditSession::ShiftFrom(int first, int shift) {
     ElemPos* records = m_aPos.GetData();
     const auto move = [first, shift](int& position) { position += position >= first ? shift : 0; };
@@ -56,8 +56,8 @@ void CMarkupEditSession::ShiftFrom(int first, int shift) {
     }
 }
 
-// Makes the gap take `length` more characters and still have room for its zero. Returns how far
-// this has moved what lies behind the gap.
+// Grows the gap so that `length` more characters and its zero fit. Returns the distance by which
+// the text after the gap has moved.
 int CMarkupEditSession::MakeRoom(int length) {
     const int missing = length - GapLength() + 1;
     if (missing <= 0)
@@ -81,8 +81,8 @@ int CMarkupEditSession::MakeRoom(int length) {
     return extra;
 }
 
-// Moves the gap forward to `to`, with the tags that it passes. Inside a start tag it may stand only
-// until the edit is done.
+// Moves the gap forward to `to`, past the tags on the way. The gap may be inside a start tag only
+// during an edit.
 void CMarkupEditSession::MoveGap(int to) {
     const int gap = GapLength();
     const int moved = to - m_nGapEnd;
@@ -139,7 +139,7 @@ bool CMarkupEditSession::Set(int iPos, const WCHAR* name, const WCHAR* value) {
     plan.start += MakeRoom(plan.text.GetLength());
     ElemPos& element = m_aPos[iPos];
     MoveGap(element.nTagOpen);
-    // What the tag has before the change moves into the gap.
+    // The part of the tag before the change moves into the gap.
     const int shift = plan.Shift();
     WCHAR* text = m_strDoc.GetBuffer();
     Move(text, element.nTagOpen - shift, element.nTagOpen, plan.start - element.nTagOpen);
@@ -158,11 +158,11 @@ bool CMarkupEditSession::Add(const WCHAR* name, const WCHAR* value, bool child) 
         plan.Move(GapLength());
     if (plan.splice.start < m_nGapEnd)
         return false;
-    x_GetFreePos(); // what can fail comes before what changes
+    x_GetFreePos(); // this can fail, so it is before any change
     x_ReleasePos();
     plan.Move(MakeRoom(plan.splice.text.GetLength()));
     MoveGap(plan.splice.start);
-    // What belongs to the parent goes before the gap, the element and what follows it behind.
+    // The parent's part is written before the gap, the element and the rest after the gap.
     const Splice& splice = plan.splice;
     const int lead = plan.element.nTagOpen - splice.start;
     const int rest = splice.text.GetLength() - lead;
@@ -181,7 +181,7 @@ bool CMarkupEditSession::Add(const WCHAR* name, const WCHAR* value, bool child) 
     return true;
 }
 
-// Whether the tag of an element before the gap is read beyond its end up to the gap, as after a
+// Whether the tokenizer reads past the end of an element's tag up to the gap, for example after a
 // quote that is not closed.
 bool CMarkupEditSession::IsReadAcrossGap(int iPos) const {
     if (iPos == 0 || m_aPos[iPos].nTagOpen >= m_nGapEnd)

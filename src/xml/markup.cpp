@@ -84,7 +84,7 @@ bool CMarkup::SetDoc(const char* bytes, int length, unsigned int codePage) {
     if (bytes == nullptr || length < 1)
         return false;
     ResetPos();
-    if (codePage == CP_UTF8) { // never fails, nor has it more characters than bytes
+    if (codePage == CP_UTF8) { // always succeeds, with no more characters than bytes
         WCHAR* text = m_strDoc.GetBuffer(length);
         m_strDoc.ReleaseBuffer(MultiByteToWideChar(codePage, 0, bytes, length, text, length));
         return Parse();
@@ -96,13 +96,13 @@ bool CMarkup::SetDoc(const char* bytes, int length, unsigned int codePage) {
     return Parse();
 }
 
-// Builds the index of the document text.
+// Builds the index of the document's elements.
 bool CMarkup::Parse() {
     m_iPosFree = 1;
     m_iLastChildParent = m_iLastChild = 0;
     ResetPos();
     if (m_aPos.GetSize() > 0)
-        m_aPos[0] = {}; // should there be no memory for the index, it is empty
+        m_aPos[0] = {}; // leaves the index empty if there is no memory for it
     const int length = m_strDoc.GetLength();
     if (m_aPos.GetSize() < length / 64 + 8)
         m_aPos.Resize(length / 64 + 8);
@@ -193,7 +193,7 @@ bool CMarkup::FindElem(const WCHAR* name) {
 bool CMarkup::FindChildElem(const WCHAR* name) {
     if (m_iPosMain == 0)
         FindElem();
-    // Without a main element the search would start below the document: at the root.
+    // Without a main element the search would start at the root.
     const int iPos = m_iPosMain != 0 ? x_FindElem(m_iPosMain, m_iPosChild, name) : 0;
     if (iPos == 0)
         return false;
@@ -247,8 +247,8 @@ CString CMarkup::x_GetTagName(int iPos) const {
     return x_FindToken(token) ? x_GetToken(token) : CString();
 }
 
-// Finds the quoted value of the named attribute in the start tag that token.nNext lies in; for an
-// empty name the name of the first attribute (deliberate).
+// Finds the quoted value of the named attribute in the start tag that contains token.nNext.
+// Deliberate: for an empty name, finds the name of the first attribute.
 bool CMarkup::x_FindAttrib(TokenPos& token, const WCHAR* name) const {
     const auto findQuote = [end = m_strDoc.GetLength()](const WCHAR* text, int& position,
                                                         WCHAR quote) {
@@ -328,7 +328,7 @@ CString CMarkup::x_TextFromDoc(int first, int last) const {
     while (copied < end) {
         const int plain = quorvel::FindEither(copied, static_cast<int>(end - copied), '&', '&');
         if (copied + plain == end && result.IsEmpty())
-            return CString(copied, plain); // of its very length, as most texts are
+            return CString(copied, plain); // the usual case: no entity; the copy has the exact size
         result.Append(copied, plain);
         copied += plain;
         if (copied == end)

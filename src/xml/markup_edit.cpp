@@ -1,4 +1,4 @@
-// Editing: what is added is spliced into the text, and the index is shifted behind it.
+// Editing: splices new text into the document and shifts the index after it.
 #include <quorvel/xml/markup.h>
 
 #include <quorvel/framework/exceptions.h>
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kLongestText = INT_MAX - 1; // of a CString
 
-// Where the tags of an element added to another one go.
+// The place of the tags of an element that is added to another one.
 enum class Content { Normal, EmptyElement, EmptyPair };
 
 Content ContentOf(const CMarkup::ElemPos& element) {
@@ -54,7 +54,7 @@ CString CMarkup::x_TextToDoc(const WCHAR* text, bool attribute) {
     const CString source(text);
     if (source.GetLength() >= static_cast<int>(kSectionLength) &&
         std::char_traits<WCHAR>::compare(text, kSection, kSectionLength) == 0)
-        return source; // the caller has wrapped it already
+        return source; // the caller has already wrapped it
     int copied = 0;
     for (int i = 0; i < source.GetLength(); ++i) {
         const WCHAR* entity = EntityOf(source[i], attribute);
@@ -76,7 +76,7 @@ void CMarkup::x_DocChange(int start, int replaceLength, const CString& text) {
     const int oldLength = m_strDoc.GetLength();
     start = std::clamp(start, 0, oldLength);
     replaceLength = std::clamp(replaceLength, 0, oldLength - start);
-    const CString inserted(text); // the argument may be the document
+    const CString inserted(text); // the argument may be the document itself
     const int tail = oldLength - start - replaceLength;
     if (inserted.GetLength() > kLongestText - start - tail)
         AfxThrowMemoryException();
@@ -89,9 +89,9 @@ void CMarkup::x_DocChange(int start, int replaceLength, const CString& text) {
     m_strDoc.ReleaseBuffer(newLength);
 }
 
-// Shifts every element after `iPos`, in document order, to the end of the document: those reached
-// by moving forward whole, those reached by climbing (they enclose the change) with their end tag
-// only.
+// Shifts every element after `iPos`, in document order, to the end of the document. An element that
+// is reached by moving forward moves as a whole. One that is reached by climbing encloses the
+// change, so only its end tag moves.
 void CMarkup::x_Adjust(int iPos, int shift, bool afterPos) {
     if (iPos == 0 || shift == 0)
         return;
@@ -125,7 +125,7 @@ void CMarkup::x_Adjust(int iPos, int shift, bool afterPos) {
 }
 
 int CMarkup::LastChildOf(int iPosParent) {
-    // A shorter one is not worth forgetting the last child of a long list for.
+    // For a shorter list it is not worth forgetting the last child of a long list.
     constexpr int kLongWalk = 16;
     if (m_iLastChild != 0 && m_iLastChildParent == iPosParent)
         return m_iLastChild;
@@ -187,7 +187,7 @@ bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool 
     int offset = 0;
     x_LocateNew(iParent, plan.iAfter, offset, 0, insert ? kLocateBefore : 0);
 
-    // The text of the element, and where its tags lie in the document.
+    // Composes the element's text and the positions of its tags in the document.
     const std::basic_string_view<WCHAR> tagName(name);
     if (tagName.size() > static_cast<std::size_t>(kLongestText))
         AfxThrowMemoryException();
@@ -206,7 +206,7 @@ bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool 
     if (longest > kLongestText - offset)
         AfxThrowMemoryException();
     if (content != Content::Normal)
-        offset += 2; // the line break that goes before the new element
+        offset += 2; // room for the line break before the new element
     ElemPos& element = plan.element;
     element = {offset, 0, 0, 0, 0, iParent, 0, 0};
     CString& text = plan.splice.text;
@@ -246,7 +246,7 @@ bool CMarkup::PlanElem(const WCHAR* name, const WCHAR* value, bool insert, bool 
     return true;
 }
 
-// Takes the record of an element whose text stands in the document and makes it current.
+// Creates the record of an element whose text is already in the document, and makes it current.
 int CMarkup::LinkElem(const NewElem& plan, bool child) {
     const int iNew = x_GetFreePos();
     const int iParent = plan.element.iParent;
@@ -272,7 +272,7 @@ bool CMarkup::x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool
     NewElem plan;
     if (!PlanElem(name, value, insert, child, plan))
         return false;
-    // Room for the record first and then the splice: what can fail comes before what changes.
+    // Allocates first and splices then: nothing changes if the allocation fails.
     x_GetFreePos();
     x_ReleasePos();
     x_DocChange(plan.splice.start, plan.splice.replaced, plan.splice.text);
@@ -287,7 +287,7 @@ bool CMarkup::PlanAttrib(int iPos, const WCHAR* name, const WCHAR* value, Splice
     TokenPos token{0, 0, element.nTagOpen + 1, m_strDoc, FALSE};
     plan.text = x_TextToDoc(value, true);
     if (x_FindAttrib(token, name) && token.bQuoted) {
-        // A value that holds the ">" the tag was cut at reaches beyond the tag.
+        // The value contains the ">" at which the parser ended the tag, so it extends past the tag.
         if (token.nLast >= element.nTagClose)
             return false;
         plan.start = token.nFirst;

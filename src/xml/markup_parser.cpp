@@ -1,9 +1,9 @@
 // The tokenizer and the parser of CMarkup.
 //
-// The parser is one loop over the angle brackets of the text. It keeps no stack: the element whose
-// content is being read is `parent`, its own parent is in its record, and `link` is the field that
-// waits for the index of the next element, the parent's iFirstChild or the last sibling's
-// iNextSibling. So depth costs nothing but records.
+// The parser is one loop over the angle brackets of the text. It has no stack. `parent` is the
+// element whose content is read; its record has its own parent. `link` is the field that gets the
+// index of the next element: the parent's iFirstChild or the last sibling's iNextSibling. So depth
+// costs nothing except records.
 #include <quorvel/xml/markup.h>
 
 #include "xml/angle_scanner.h"
@@ -20,7 +20,7 @@ using quorvel::kClassDelimiter;
 
 namespace {
 
-// A character that begins an ordinary tag name: no delimiter, quote, white space or end.
+// Whether a character begins an ordinary tag name: no delimiter, quote, white space or end.
 bool BeginsPlainName(WCHAR c) {
     return (c >= 'A' && c != '\\') || (c >= '0' && c <= ';');
 }
@@ -65,7 +65,7 @@ CString CMarkup::x_GetToken(const TokenPos& token) {
     return CString(token.pszDoc + token.nFirst, token.nLast - token.nFirst + 1);
 }
 
-// Deliberate: a longer name matches a token too when it goes on with one of these characters.
+// Deliberate: a longer name also matches when one of these characters follows the token.
 bool CMarkup::x_MatchToken(const TokenPos& token, const WCHAR* name) {
     const int length = token.nLast - token.nFirst + 1;
     for (int i = 0; i < length; ++i)
@@ -93,7 +93,7 @@ int CMarkup::x_ParseNode(TokenPos& token) {
         return nodeNone;
     struct Terminator {
         WCHAR first;
-        WCHAR second; // 0: any
+        WCHAR second; // 0 matches any
         const WCHAR* text;
         int length;
         NodeKind kind;
@@ -139,8 +139,8 @@ int CMarkup::x_ParseError(const WCHAR* format, const WCHAR* name) {
     return -1;
 }
 
-// The ">" of the end tag that opens at `tagOpen`, for an element; -1 with the error text set when
-// the end tag is not this element's.
+// Returns the ">" of the element's end tag, which opens at `tagOpen`. Returns -1 with the error
+// text set when the end tag has another name.
 int CMarkup::CloseElement(const ElemPos& element, int tagOpen) {
     TokenPos name{0, 0, element.nTagOpen + 1, m_strDoc, FALSE};
     x_FindToken(name);
@@ -166,11 +166,11 @@ int CMarkup::CloseElement(const ElemPos& element, int tagOpen) {
 
 namespace {
 
-// Whether the end tag from `open` to `close` is plainly "</name>" with the very name of the start
-// tag. False only means that it takes a closer look.
+// Whether the end tag from `open` to `close` is exactly "</name>" with the name of the start tag.
+// When false, the tokenizer must decide.
 bool IsPlainEndTag(const WCHAR* text, int textLength, int startTagOpen, int open, int close) {
     const int length = close - open - 2;
-    if (length == 1) // worth its own way where tags are small and many
+    if (length == 1) // a separate case, because many files have many such tags
         return text[close] == '>' && text[open + 2] == text[startTagOpen + 1] &&
                BeginsPlainName(text[open + 2]) && IsClass(text[startTagOpen + 2], kClassDelimiter);
     return text[close] == '>' && length > 0 &&
@@ -186,7 +186,7 @@ bool EndsNode(const WCHAR* text, int close, WCHAR mark, int markCount) {
 } // namespace
 
 // Moves the scanner past the comment, CDATA section, instruction or document type declaration that
-// opens at `open`; false when it does not end. The terminators are found by their ">".
+// opens at `open`. Returns false when it has no end. Looks for terminators by their ">".
 bool CMarkup::SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int open) {
     if (text[open + 1] == 0 || text[open + 2] == 0)
         return false;
@@ -217,13 +217,13 @@ bool CMarkup::SkipNode(quorvel::AngleScanner& scanner, const WCHAR* text, int op
 }
 
 // Parses the next element below `iPosParent` from that record's cursor (nEndTagOpen) on. Returns
-// its index; 0 with the cursor at an end tag when that comes first; -1 with the error text set. A
-// state machine over the angle brackets: each turn of the loop consumes one tag or node.
+// its index, 0 with the cursor at an end tag when that comes first, or -1 with the error text set.
+// A state machine over the angle brackets: each pass of the loop consumes one tag or node.
 int CMarkup::x_ParseElem(int iPosParent) {
     const WCHAR* text = m_strDoc;
     const int length = m_strDoc.GetLength();
     quorvel::AngleScanner scanner(text, m_aPos[iPosParent].nEndTagOpen, length);
-    // Locals, because the compiler must take every store through `link` for one to a member.
+    // Locals: the compiler must assume that a store through `link` can change a member.
     ElemPos* records = m_aPos.GetData();
     int capacity = m_aPos.GetSize();
     int next = m_iPosFree;
@@ -231,7 +231,7 @@ int CMarkup::x_ParseElem(int iPosParent) {
     int* link = &root;
     int parent = iPosParent;
     const auto fail = [this](const WCHAR* error, int slot) {
-        m_iPosFree = slot + 1; // x_ParseError gives it back
+        m_iPosFree = slot + 1; // x_ParseError frees it again
         return x_ParseError(error, nullptr);
     };
     for (;;) {
@@ -246,7 +246,7 @@ int CMarkup::x_ParseElem(int iPosParent) {
         const WCHAR first = text[open + 1];
         int close = scanner.Second();
         bool isEndTag = first == '/';
-        int afterName = open + 2; // where the search for ">" starts
+        int afterName = open + 2; // the search for ">" starts here
         if (!isEndTag && !BeginsPlainName(first)) {
             TokenPos token{0, 0, open + 1, text, FALSE};
             if (!x_FindToken(token))
@@ -318,8 +318,8 @@ int CMarkup::x_ParseElem(int iPosParent) {
                 return index;
             }
         }
-        // Without a branch on what the text decides: of an empty element the next link is the field
-        // behind iFirstChild, and the parent stays.
+        // No branch here, because the text would make it unpredictable. For an empty element the
+        // next link is the field after iFirstChild, and the parent stays the same.
         static_assert(offsetof(ElemPos, iNextSibling) ==
                       offsetof(ElemPos, iFirstChild) + sizeof(int));
         link = &element.iFirstChild + static_cast<int>(isEmpty);

@@ -1,9 +1,9 @@
-// What an edit of a document is made of, worked out before anything changes.
+// The plan of an edit, complete before anything changes.
 #pragma once
 
 #include <quorvel/xml/markup.h>
 
-// Replaces `replaced` characters at `start` by the text.
+// Replaces `replaced` characters at `start` by `text`.
 struct CMarkup::Splice {
     int start = 0;
     int replaced = 0;
@@ -12,14 +12,14 @@ struct CMarkup::Splice {
     int Shift() const { return text.GetLength() - replaced; }
 };
 
-// A new element. Its tags lie where the splice puts them; the text before its "<" belongs to the
-// parent.
+// A new element. The positions of its tags are those after the splice. The text before its "<"
+// belongs to the parent.
 struct CMarkup::NewElem {
     Splice splice;
     ElemPos element{};
-    int iAfter = 0;              // the sibling to link it after, 0 for none
-    bool parentWasEmpty = false; // the parent's "/" becomes its content and end tag,
-    int parentNameLength = 0;    // with a name this long
+    int iAfter = 0;              // its previous sibling; 0 if it has none
+    bool parentWasEmpty = false; // the "/" of the parent becomes its content and end tag
+    int parentNameLength = 0;    // the length of the parent's name in that case
 
     void Move(int shift) {
         splice.start += shift;

@@ -19,18 +19,18 @@ struct CodePageRange {
     UINT first;
     UINT last;
 };
-// Not those that Windows has combine letters with marks, Hebrew and Vietnamese.
+// Some are left out: Windows combines letters with marks in its Hebrew and Vietnamese pages.
 constexpr CodePageRange kSingleByte[] = {
     {437, 437},     {850, 850},     {852, 852},     {866, 866},     {1250, 1254},   {1256, 1257},
     {20127, 20127}, {20866, 20866}, {21866, 21866}, {28591, 28597}, {28599, 28599}, {28603, 28605},
 };
 
-// How many bytes at the end are left for the next piece, so that no UTF-8 sequence is cut. A lead
-// byte never belongs to the sequence before it, so the text may be cut there even where it is
-// ill-formed; and there it has to be, because a converter may take all that is left for a sequence
-// that its end has cut, letters as well.
+// The number of bytes at the end to leave for the next piece, so that no UTF-8 sequence is cut. A
+// lead byte never belongs to the sequence before it, so cutting there is safe even in ill-formed
+// text. The cut is necessary there too: a converter may treat everything after an incomplete
+// sequence as part of it, even letters.
 int CutSequence(std::string_view bytes) {
-    constexpr int kMost = 64; // more is no text
+    constexpr int kMost = 64; // text never needs more
     constexpr int kReach = 3;
     const int size = static_cast<int>(bytes.size());
     int cut = 0;

@@ -1,8 +1,8 @@
-// Reads the text of a file in pieces, each converted while it is in the processor's caches, so that
-// the bytes are never all in memory beside the text.
+// Reads the text of a file in pieces and converts each while it is in the processor's caches. So
+// the whole file is never in memory both as bytes and as text.
 //
-// Both functions take the bytes that were read already and how many are left in the file; of a file
-// that has shrunk they take what there is. They throw what CFile::Read throws, and
+// Both functions get the bytes that were already read, and the number of bytes left in the file. If
+// the file has shrunk, they use what is there. They throw the exceptions of CFile::Read, and
 // CMemoryException.
 #pragma once
 
@@ -13,13 +13,13 @@
 
 namespace quorvel {
 
-// Whether text of the code page may be cut between any two characters, wherever they are, and has
-// no more UTF-16 units than bytes: UTF-8 and the single-byte pages that XML files are written in.
+// Whether text of the code page may be cut between any two characters and has no more UTF-16 units
+// than bytes. True for UTF-8 and for the single-byte pages that XML files use.
 bool ConvertsInPieces(UINT codePage);
 
 CString ReadTextInPieces(CFile& file, std::string_view bytes, int left, UINT codePage);
-// Of UTF-16 the units that were read are in this machine's byte order, those in the file are not
-// where `swapped` says so. An odd byte at the end is dropped.
+// For UTF-16. `units` are already in this machine's byte order; those in the file have the other
+// order when `swapped` is true. Drops an odd byte at the end.
 CString ReadTextInPieces(CFile& file, std::basic_string_view<WCHAR> units, int left, bool swapped);
 
 } // namespace quorvel

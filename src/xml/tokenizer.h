@@ -1,5 +1,5 @@
-// The tokenizer of CMarkup, for its own code to have inline: a call of an exported function may be
-// led elsewhere and never is.
+// The tokenizer of CMarkup, for inlining into its own code. Exported functions can be interposed,
+// so the compiler cannot inline them.
 #pragma once
 
 #include "xml/characters.h"
@@ -18,7 +18,7 @@ inline bool FindAny(const WCHAR* text, int& position) {
     return text[position] != 0;
 }
 
-// CMarkup::x_FindToken; `findQuote` is FindChar or does what it does.
+// Implements CMarkup::x_FindToken. `findQuote` is FindChar or has the same effect.
 template <class Token, class FindQuote>
 [[gnu::always_inline]] inline bool FindToken(Token& token, FindQuote findQuote) {
     const WCHAR* text = token.pszDoc;
@@ -41,7 +41,7 @@ template <class Token, class FindQuote>
     while (!IsClass(text[position], kClassDelimiter | kClassEnd))
         ++position;
     if (position == token.nFirst)
-        ++position; // a delimiter is a token by itself
+        ++position; // a delimiter is a token
     token.nLast = position - 1;
     token.nNext = position;
     return true;

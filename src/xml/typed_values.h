@@ -1,4 +1,4 @@
-// The operations that take a typed value, for a class that has them with a text.
+// Operations with typed values, for a class that has the same operations with text.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -17,7 +17,7 @@ CString TextOfValue(T value) {
         text = static_cast<WCHAR>(static_cast<unsigned char>(value));
     else if constexpr (std::is_floating_point_v<T>)
         text.Format(_T("%g"), static_cast<double>(value));
-    else if constexpr (sizeof(T) == sizeof(LONGLONG)) // long is one of these on some systems
+    else if constexpr (sizeof(T) == sizeof(LONGLONG)) // long is 64 bits on some systems
         text.Format(isSigned ? _T("%I64d") : _T("%I64u"), static_cast<LONGLONG>(value));
     else
         text.Format(isSigned ? _T("%d") : _T("%u"), static_cast<int>(value));

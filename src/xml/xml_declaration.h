@@ -1,4 +1,4 @@
-// What is read from an XML declaration, in any width and coding of its characters.
+// Reads an XML declaration in any width and encoding of characters.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -8,7 +8,7 @@
 
 namespace quorvel {
 
-// The fixed parts of a declaration in one coding.
+// The fixed parts of a declaration in one encoding.
 template <class Ch>
 struct DeclarationMarks {
     std::basic_string_view<Ch> begin;    // <?xml
@@ -25,7 +25,7 @@ inline constexpr DeclarationMarks<char> kNarrowDeclarationMarks = {"<?xml", "?>"
 inline constexpr DeclarationMarks<char> kEbcdicDeclarationMarks = {
     "\x4C\x6F\xA7\x94\x93", "\x6F\x6E", "\x85\x95\x83\x96\x84\x89\x95\x87\x7E", "\x7F\x7D"};
 
-// The declaration that the text begins with, up to its first "?>"; empty when there is none.
+// The declaration at the start of the text, up to its first "?>"; empty if there is none.
 template <class Ch>
 std::basic_string_view<Ch> FindDeclaration(std::basic_string_view<Ch> text,
                                            const DeclarationMarks<Ch>& marks) {
@@ -35,7 +35,7 @@ std::basic_string_view<Ch> FindDeclaration(std::basic_string_view<Ch> text,
     return end == text.npos ? text.substr(0, 0) : text.substr(0, end + marks.end.size());
 }
 
-// The name between the first quotes that directly follow an "encoding=".
+// The name between the first quotes that directly follow "encoding=".
 template <class Ch>
 std::optional<std::basic_string_view<Ch>> FindEncodingName(std::basic_string_view<Ch> declaration,
                                                            const DeclarationMarks<Ch>& marks) {

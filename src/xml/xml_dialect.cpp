@@ -1,10 +1,10 @@
-// The two editions differ in what names may hold, and nothing but equality of names matters to the
-// judge. So each character that begins a name in the fifth edition becomes one that does in the
-// fourth too, the same wherever it stands: an ideograph or a Hangul syllable, which stay what they
-// are where they occur themselves. Outside names one such character is as good as another.
+// The two editions differ in the characters of names, and expat compares names only for equality.
+// So each character that begins a name in the fifth edition becomes one that begins a name in both:
+// an ideograph or Hangul syllable that the text does not use, always the same one. Those in the
+// text stay unchanged. Outside names the replacement has no effect.
 //
-// Not reached are characters written as references: in a name within an entity's text, and in a
-// namespace's name that is written differently elsewhere.
+// Not replaced are character references in a name within an entity's text, and in a namespace name
+// that is written differently elsewhere.
 #include "xml/xml_dialect.h"
 
 #include <quorvel/framework/exceptions.h>
@@ -34,19 +34,19 @@ bool IsIn(const Ranges& ranges, char32_t character) {
 }
 
 constexpr char32_t kFirstBeyondAscii = 0x80;
-// What begins a name in the fifth edition, beyond ASCII.
+// Characters beyond ASCII that begin a name in the fifth edition.
 constexpr Range kBeginsName[] = {
     {0xc0, 0xd6},     {0xd8, 0xf6},     {0xf8, 0x2ff},    {0x370, 0x37d},
     {0x37f, 0x1fff},  {0x200c, 0x200d}, {0x2070, 0x218f}, {0x2c00, 0x2fef},
     {0x3001, 0xd7ff}, {0xf900, 0xfdcf}, {0xfdf0, 0xfffd}, {0x10000, 0xeffff},
 };
-// What begins a name in both and stands for the others.
+// Characters that begin a name in both editions and replace the others.
 constexpr Range kSubstitutes[] = {{0x4e00, 0x9fa5}, {0xac00, 0xd7a3}};
-// What continues a name in the fifth edition alone. Digits of other scripts, which begin one there
-// and only continue one in the fourth edition, stand for these.
+// Characters that continue a name in the fifth edition only. Digits of other scripts replace them:
+// those begin a name in the fifth edition, but only continue one in the fourth.
 constexpr Range kContinuesName[] = {{0x346, 0x35f}, {0x362, 0x36f}, {0x203f, 0x2040}};
 constexpr WCHAR kDigitZeros[] = {0x660, 0x6f0, 0x966, 0x9e6, 0xa66};
-// expat takes these for letters, which they are in neither edition.
+// expat accepts these as letters, but in neither edition are they letters.
 constexpr WCHAR kNoLetters[] = {0xaa, 0xb5, 0xba};
 constexpr WCHAR kNoLetter = 0xa1;
 
@@ -78,7 +78,7 @@ private:
         AfxThrowXMLFileException(CXMLFileException::internalError);
     }
 
-    std::bitset<0x10000> m_isTaken; // stands for itself
+    std::bitset<0x10000> m_isTaken; // occurs in the text and keeps its meaning
     std::unordered_map<char32_t, WCHAR> m_substitutes;
     std::size_t m_range = 0;
     char32_t m_offset = 0;
@@ -96,8 +96,8 @@ WCHAR DigitFor(char32_t character) {
     return static_cast<WCHAR>(kDigitZeros[index / 10] + index % 10);
 }
 
-// The digits of a reference to a control character at `at`; empty for anything else. Outside markup
-// the same characters are text, where their digits do not matter.
+// The digits of a reference to a control character at `at`; empty if there is no such reference.
+// Outside markup the same characters are text, where a change of digits does no harm.
 std::basic_string_view<WCHAR> DigitsOfControl(std::basic_string_view<WCHAR> text, std::size_t at) {
     constexpr unsigned kFirstNoControl = 0x20;
     text.remove_prefix(at);
@@ -137,7 +137,7 @@ CString FromFifthEdition(std::basic_string_view<WCHAR> text) try {
             character = 0x10000 + ((character - 0xd800) << 10) + (units[i + 1] - 0xdc00u);
         if (IsIn(kBeginsName, character)) {
             units[i] = substitutes.For(character);
-            if (isPair) // any character that a name may hold
+            if (isPair) // the second unit: any character that a name may contain
                 units[i + 1] = kDigitZeros[0];
         } else if (IsIn(kContinuesName, character)) {
             units[i] = DigitFor(character);
@@ -160,7 +160,7 @@ void FromVersion11(CString& text, int declarationLength) {
         else if (MustBeReference(units[i]))
             units[i] = kNoCharacter;
         else if (const auto digits = DigitsOfControl(whole, i); !digits.empty()) {
-            // A tab instead: 9, with zeros in front.
+            // Makes it a tab: 9, with leading zeros.
             WCHAR* const first = units + (digits.data() - whole.data());
             std::fill_n(first, digits.size() - 1, WCHAR('0'));
             first[digits.size() - 1] = '9';

@@ -1,4 +1,4 @@
-// Texts of the fifth edition of XML 1.0 and of XML 1.1, rewritten for a judge of the fourth
+// Rewrites texts of the fifth edition of XML 1.0 and of XML 1.1 for a parser of the fourth
 // edition.
 #pragma once
 
@@ -8,16 +8,16 @@
 
 namespace quorvel {
 
-// A unit that no document may hold: it stands for what is not allowed where it is.
+// A unit that no document may contain. It replaces what is not allowed at its place.
 inline constexpr WCHAR kNoCharacter = 0xffff;
 
-// A text of the same length that is well-formed by the fourth edition of XML 1.0 exactly where the
-// given one is by the fifth. Throws CXMLFileException for a text with more different characters
-// than there are to stand for them.
+// Returns a text of the same length that is well-formed by the fourth edition of XML 1.0 exactly
+// when the given one is by the fifth. Throws CXMLFileException when the text has too many different
+// characters to replace.
 CString FromFifthEdition(std::basic_string_view<WCHAR> text);
 
-// Likewise for what XML 1.1 has beyond the fifth edition, without its declaration: references to
-// control characters, control characters that must be references, and line ends.
+// Does the same for the additions of XML 1.1 outside its declaration: references to control
+// characters, control characters that must be references, and line ends.
 void FromVersion11(CString& text, int declarationLength);
 
 } // namespace quorvel

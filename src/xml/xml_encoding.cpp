@@ -4,7 +4,7 @@
 
 namespace {
 
-// The beginnings of a file by which its encoding is known; the first that fits decides.
+// The first bytes that identify a file's encoding. The first matching row decides.
 struct Beginning {
     BYTE bytes[4];
     int length;
@@ -12,7 +12,7 @@ struct Beginning {
     BOOL bigEndian;
     int charSize;
     int bomLength;
-    bool moreThanZeros; // the two bytes behind the first two are not both zero
+    bool moreThanZeros; // bytes 2 and 3 must not both be zero
 };
 
 constexpr Beginning kBeginnings[] = {

@@ -1,4 +1,4 @@
-// What loading and saving an XML file share.
+// Steps that loading and saving an XML file share.
 #pragma once
 
 #include <quorvel/frame/lengthy_operation.h>
@@ -17,8 +17,8 @@ inline CString TextOf(std::basic_string_view<WCHAR> text) {
     return CString(text.data(), static_cast<int>(text.size()));
 }
 
-// The text of the exception that is being handled, for the caller to see. `systemError` is the code
-// that belongs to CXMLFileException::systemError.
+// The text of the exception that is being handled, to show to the caller. `systemError` is the
+// error code behind CXMLFileException::systemError.
 void DescribeCurrentException(CString& errorText, DWORD systemError = 0);
 
 } // namespace quorvel

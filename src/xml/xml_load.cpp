@@ -1,7 +1,7 @@
-// Loading an XML file. What the first bytes and the declaration say of the encoding is decided on
-// the beginning of the file, its head. Where the rest can be converted in pieces it never is in
-// memory as bytes; otherwise, and where the declaration does not end in the head, the whole file is
-// read first. Either way the document changes only after everything has been read.
+// Loads an XML file. The beginning of the file, its head, decides about the encoding, by its first
+// bytes and the declaration. If the rest can be converted in pieces, it is never in memory as
+// bytes. If not, or if the declaration does not end in the head, the whole file is read first. In
+// both cases the document changes only after everything was read.
 #include <quorvel/xml/xml_file.h>
 
 #include <quorvel/framework/file.h>
@@ -45,21 +45,21 @@ struct FreeBytes {
     void operator()(BYTE* bytes) const { std::free(bytes); }
 };
 
-// What a text and its declaration say of the encoding.
+// A text's declaration and encoding.
 template <class Ch>
 struct Declared {
     std::basic_string_view<Ch> declaration;
-    std::basic_string_view<Ch> document; // what follows it
-    std::optional<UINT> codePage;        // none for a name that is not known
+    std::basic_string_view<Ch> document; // the text after the declaration
+    std::optional<UINT> codePage;        // no value for an unknown name
 };
 
-// Whether a declaration begins but does not end in what was read.
+// Whether a declaration begins but does not end in the bytes that were read.
 template <class Ch>
 bool MayDeclare(const Declared<Ch>& declared, const DeclarationMarks<Ch>& marks) {
     return declared.declaration.empty() && declared.document.starts_with(marks.begin);
 }
 
-// A file being loaded: its head or all of its bytes, and what is known of their encoding.
+// A file being loaded: its head or all of its bytes, and the facts known about their encoding.
 class Loader {
 public:
     Loader(CMarkup& markup, CLengthyOperationHandler* handler)
@@ -89,7 +89,7 @@ private:
     CLengthyOperationHandler* m_handler;
     std::unique_ptr<BYTE, FreeBytes> m_bytes;
     int m_length = 0;
-    bool m_inPieces = false; // the bytes are the head alone, and this is the document:
+    bool m_inPieces = false; // m_bytes is the head only, and m_text the whole document
     CString m_text;
     bool m_isRecognised = false;
     CString m_detected;
@@ -139,7 +139,7 @@ void Loader::Read(CFile& file) {
         AfxDetermineXMLFileEncoding(m_bytes.get(), static_cast<DWORD>(m_length), m_detected,
                                     m_bigEndian, m_charSize, m_bomLength) != FALSE;
     SwapUnits(0);
-    // The file may have shrunk since its size was asked for.
+    // The file may have shrunk after its size was read.
     const int left = m_length < head ? 0 : static_cast<int>(size) - head;
     m_inPieces = ReadInPieces(file, left);
     if (!m_inPieces) {
@@ -148,20 +148,20 @@ void Loader::Read(CFile& file) {
     }
 }
 
-// Reads up to `count` bytes behind those that were read.
+// Reads up to `count` bytes after those already read.
 void Loader::ReadBytes(CFile& file, int count) {
-    // Four zero bytes behind the text end it in every width of characters.
+    // Four zero bytes after the text terminate it for every width of characters.
     const std::size_t size = static_cast<std::size_t>(m_length) + static_cast<std::size_t>(count);
     void* const bytes = std::realloc(m_bytes.get(), size + 4);
     if (bytes == nullptr)
         ThrowNoMemory();
-    static_cast<void>(m_bytes.release()); // realloc has taken it
+    static_cast<void>(m_bytes.release()); // realloc has freed it
     m_bytes.reset(static_cast<BYTE*>(bytes));
     m_length += static_cast<int>(file.Read(m_bytes.get() + m_length, static_cast<UINT>(count)));
     std::fill_n(m_bytes.get() + m_length, 4, BYTE());
 }
 
-// Gives units of two bytes this machine's order, from a byte on.
+// Converts two-byte units from byte `from` on to this machine's byte order.
 void Loader::SwapUnits(int from) {
     if (m_bigEndian && m_charSize == 2 && from < m_length)
         AfxSwapWordData(reinterpret_cast<WORD*>(m_bytes.get() + from),
@@ -173,8 +173,8 @@ void Loader::ThrowNoMemory() {
     AfxThrowXMLFileException(CXMLFileException::systemError);
 }
 
-// Reads the rest of the file as the document's text; false when it has to be read as bytes. What
-// is wrong with the declaration is told later, after the handler was pumped.
+// Reads the rest of the file as the document's text. Returns false when it must be read as bytes.
+// An invalid declaration is reported later, after the handler was pumped.
 bool Loader::ReadInPieces(CFile& file, int left) {
     try {
         if (m_isRecognised && m_charSize == 1 && !IsEbcdic()) {
@@ -200,8 +200,8 @@ bool Loader::ReadInPieces(CFile& file, int left) {
     return false;
 }
 
-// The code page of the name that the declaration gives or the default; the detected name stands in
-// for an empty one.
+// The code page of the declared name, or no value if it is unknown. The detected name replaces an
+// empty one.
 std::optional<UINT> Loader::CodePageOf(const CString& name) const {
     UINT codePage;
     if (!AfxCharacterEncodingToCodePage(name.IsEmpty() ? m_detected : name, codePage))
@@ -209,7 +209,7 @@ std::optional<UINT> Loader::CodePageOf(const CString& name) const {
     return codePage;
 }
 
-// What was read of the text, behind the byte order mark.
+// The bytes that were read, after the byte order mark.
 template <class Ch>
 std::basic_string_view<Ch> Loader::Text() const {
     return {reinterpret_cast<const Ch*>(m_bytes.get() + m_bomLength),
@@ -253,9 +253,9 @@ void Loader::LoadNarrow() {
 
 void Loader::LoadWide() {
     const auto [declaration, document, codePage] = ExamineWide();
-    if (!codePage) // the bytes are UTF-16 whatever is declared, but the name must be known
+    if (!codePage) // the bytes are UTF-16 in any case, but the declared name must be known
         AfxThrowXMLFileException(CXMLFileException::unsupportedEncoding);
-    // Deliberate: offered with its size in bytes as its length in characters.
+    // Deliberate: passes the size in bytes as the length in characters.
     if (!declaration.empty())
         m_markup.SetXMLDeclaration(
             TextOf({declaration.data(), std::min(declaration.size() * sizeof(WCHAR),
@@ -267,13 +267,13 @@ void Loader::LoadWide() {
         m_markup.SetDoc(document.data(), static_cast<int>(document.size()));
 }
 
-// Makes the text the document without copying it; false, as from SetDoc, for an empty one too.
+// Moves the text into the document without a copy. Like SetDoc, returns false for an empty one.
 bool Loader::TakeText() {
     if (m_text.IsEmpty())
         return false;
     CString& document = m_markup.GetDocRef();
     std::swap(document, m_text);
-    m_text.Empty(); // what was there before
+    m_text.Empty(); // frees the former document
     return m_markup.SetDoc(document, document.GetLength());
 }
 

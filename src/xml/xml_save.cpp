@@ -1,4 +1,4 @@
-// Saving an XML file: the declaration and the text, encoded in pieces into large blocks.
+// Saves an XML file: encodes the declaration and the text in pieces into large blocks.
 #include <quorvel/xml/xml_file.h>
 
 #include "framework/replacement_file.h"
@@ -18,8 +18,8 @@ namespace {
 using quorvel::Pump;
 using quorvel::TextOf;
 
-// The declaration with the quoted name of its encoding replaced; `onlyNames` limits that to some
-// names.
+// Replaces the quoted encoding name of the declaration; if `onlyNames` is not empty, only when the
+// name is one of them.
 CString WithEncoding(const CString& declaration, const WCHAR* encoding,
                      std::initializer_list<const WCHAR*> onlyNames) {
     const std::basic_string_view<WCHAR> view(declaration.GetString());
@@ -39,12 +39,12 @@ CString WithEncoding(const CString& declaration, const WCHAR* encoding,
     return result;
 }
 
-// Writes text in an encoding, in blocks that lie at multiples of their size: file systems take
-// those with the least work.
+// Writes encoded text in blocks at multiples of their size, because file systems write those with
+// the least work.
 class TextWriter {
 public:
-    // Encodes up to kPiece characters into at most kWidest bytes each and returns how many bytes
-    // they are, none when they can't be encoded.
+    // Encodes up to kPiece characters into at most kWidest bytes each. Returns the number of bytes,
+    // or 0 when they cannot be encoded.
     typedef int (*Encoder)(std::basic_string_view<WCHAR> piece, char* bytes);
 
     TextWriter(quorvel::ReplacementFile& file, Encoder encode)
@@ -84,7 +84,7 @@ void TextWriter::Write(const CString& text) {
     for (int at = 0; at < text.GetLength();) {
         int count = std::min(kPiece, text.GetLength() - at);
         if (count > 1 && quorvel::IsHighSurrogate(text[at + count - 1]))
-            --count; // keep a surrogate pair together
+            --count; // a surrogate pair stays together
         Put({text.GetString() + at, static_cast<std::size_t>(count)});
         at += count;
     }

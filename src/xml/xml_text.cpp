@@ -7,7 +7,7 @@ struct Entity {
     const WCHAR* reference;
 };
 
-// Added in this order and stripped in the reverse one, so that no ampersand is handled twice.
+// Escaped in this order and unescaped in the reverse order, so that no ampersand is handled twice.
 constexpr Entity kEntities[] = {
     {_T("&"), _T("&amp;")},  {_T("<"), _T("&lt;")},    {_T(">"), _T("&gt;")},
     {_T("'"), _T("&apos;")}, {_T("\""), _T("&quot;")},

@@ -1,8 +1,8 @@
-// Days of the week, weekdays and weekend days are all found in one way: they are days in a row that
-// recur every week, so only those days are counted, and going on by a count is one addition.
+// Days of the week, weekdays and weekend days are found in the same way: they are consecutive days
+// that recur every week. Only those days are numbered, so a step of any size is one addition.
 //
-// The arithmetic is on numbers of whole days. A date counts with the day of the date rounded to a
-// second, as its GetDay() tells it.
+// The arithmetic uses numbers of whole days. A date counts as the day that its GetDay() returns:
+// the date is first rounded to a second.
 #include <quorvel/util/calendar/calendar.h>
 
 #include "framework/calendar_days.h"
@@ -14,7 +14,7 @@ using namespace quorvel;
 
 namespace {
 
-// Days in a row that recur every week.
+// Consecutive days that recur every week.
 struct WeeklyDays {
     int firstDayOfWeek; // 1 is Sunday
     int length;
@@ -26,15 +26,15 @@ constexpr WeeklyDays Only(int dayOfWeek) {
     return {dayOfWeek, 1};
 }
 
-// More steps than this leave the range of dates whatever they count.
+// A larger number of steps always leaves the range of dates.
 constexpr int kMostSteps = kLastDay - kFirstDay;
-// A Sunday (day 1 is one) so early that a week for every step back does not pass it.
+// A Sunday (day 1 is a Sunday) before any date, even after kMostSteps steps back by a week.
 constexpr int kFirstSunday = 1 - 7 * (kMostSteps + 100000);
 static_assert(kFirstDay - 7 * kMostSteps - 13 > kFirstSunday);
 
-// The count-th of the weekly days strictly after the day, or before it for a negative count of at
-// most kMostSteps in size. A day between them counts as the last one when stepping forward and as
-// the next one when stepping back.
+// Returns the count-th of the weekly days strictly after the day, or before it for a negative count
+// (not below -kMostSteps). A start day that is not one of the weekly days counts as the last one
+// when stepping forward and as the next one when stepping back.
 constexpr int Step(int day, WeeklyDays weekly, int count) {
     const int origin = kFirstSunday + weekly.firstDayOfWeek - 1;
     const auto length = static_cast<unsigned>(weekly.length);
@@ -59,7 +59,7 @@ COleDateTime Stepped(const COleDateTime& date, WeeklyDays weekly, int count, int
     return DateOfDay(Step(day, weekly, direction * count));
 }
 
-// The internal twins of exported functions: a shared library calls those through its table.
+// Internal twins of exported functions: a shared library calls exported ones through a table.
 constexpr bool IsDayOfWeek(int dayOfWeek) {
     return dayOfWeek >= 1 && dayOfWeek <= 7;
 }
@@ -135,7 +135,7 @@ BOOL AfxIsEmptyDateTime(COleDateTime date) {
 
 int AfxGetLastDayInMonth(int month, int year) {
     if (year < 1 || month < 1 || month > 12)
-        return 1; // Deliberate: callers take it for a day of the month.
+        return 1; // Deliberate: callers use it as a day of the month.
     return LastDayOf(month, year);
 }
 
@@ -151,7 +151,7 @@ int AfxGetWeekNumber(COleDateTime date) {
 BOOL AfxOffsetMonth(int& month, int& year, int offset) {
     if (!AfxIsValidDate(1, month, year))
         return FALSE;
-    // Counted from January of the year, or back from December: division rounds towards zero.
+    // Counts from January, or back from December, because division rounds towards zero.
     const long long months = offset < 0 ? 12LL - month - offset : month - 1LL + offset;
     const long long movedYear = offset < 0 ? year - months / 12 : year + months / 12;
     if (movedYear > std::numeric_limits<int>::max())

@@ -1,7 +1,7 @@
-// Forms are texts in which a letter stands for a field, a blank for any white space or none, and
-// anything else for itself:
-//     d y H M S  numbers; m the month as one; n the next number of the caller's order
-//     b  a word that names a month; a three characters that do
+// A form is a text of these codes. A letter is a field, a blank matches any white space or nothing,
+// and any other character matches itself:
+//     d y H M S  numbers; m the month as a number; n the next number of the caller's order
+//     b  a word that names a month; a three characters that name one
 //     w  a word; l a word of letters
 //     z  the zone, which may be missing
 #include <quorvel/util/calendar/date_parser.h>
@@ -19,7 +19,7 @@ namespace {
 
 typedef std::basic_string_view<WCHAR> Text;
 
-// In the order of trial.
+// The first form that matches is used.
 // clang-format off
 constexpr const char* kForms[] = {
     "b d, y H:M:S z",
@@ -118,7 +118,7 @@ bool ReadZone(Text text, int& bias) {
     return false;
 }
 
-// What a form has read.
+// The values that a form has read.
 struct Fields {
     int year = 0;
     int month = 0;
@@ -200,7 +200,7 @@ private:
     }
 
     // Returns the number of digits; 0 when there is no number. A number too long for any field is
-    // cut to one that is out of range, too.
+    // limited to a value that is also out of range.
     int ReadDigits(int& number) {
         constexpr int kMost = 100000;
         SkipBlanks();
@@ -232,8 +232,8 @@ private:
         return isNumber;
     }
 
-    // false for an unknown zone. RFC 5322, 4.3, takes unknown words for UTC; shorter ones are no
-    // zones but, above all, AM and PM.
+    // False for an unknown zone. By RFC 5322, 4.3, unknown words mean UTC. Words of less than three
+    // letters are not zones, because most of them are AM and PM.
     bool ReadOptionalZone(int& bias) {
         SkipBlanks();
         if (m_rest.empty() || !(IsLetter(m_rest[0]) || IsSign(m_rest[0])))
@@ -260,7 +260,7 @@ bool ToDate(const Fields& fields, COleDateTime& date) {
     SYSTEMTIME parts;
     if (!fields.isZoneKnown || !utc.GetAsSystemTime(parts))
         return false;
-    date = COleDateTime(parts); // without the error of the addition
+    date = COleDateTime(parts); // without the rounding error of the addition
     return true;
 }
 

@@ -15,12 +15,12 @@ constexpr Form kShortDate{nullptr, DATE_SHORTDATE};
 constexpr Form kLongDate{nullptr, DATE_LONGDATE};
 constexpr Form kTimeWithoutSeconds{nullptr, TIME_NOSECONDS};
 
-// The platform refuses the flag beside a picture.
+// The platform refuses LOCALE_NOUSEROVERRIDE together with a picture.
 Form FormOf(const WCHAR* picture) {
     return {picture, picture == nullptr ? LOCALE_NOUSEROVERRIDE : 0};
 }
 
-// Nothing, and not an empty text, when the platform can't format the date.
+// No value, instead of an empty text, when the platform cannot format the date.
 template <class Formatter>
 std::optional<CString> Formatted(Formatter formatter, const COleDateTime& date, Form form) {
     SYSTEMTIME time;

@@ -1,22 +1,22 @@
-// What becomes of the clipboard's data when the program ends.
+// Keeps or clears the clipboard's data when the program ends.
 #pragma once
 
 #include <quorvel/platform/platform.h>
 
 namespace quorvel {
 
-// The clipboard as the rule needs it.
+// The operations on the clipboard that the rule needs.
 class ExitClipboard {
 public:
     virtual bool Holds(UINT format) const = 0;
-    // Opens and empties it. False leaves the cause as the thread's last error.
+    // Opens and empties it. When false, the thread's last error is the cause.
     virtual bool Empty() = 0;
 
 protected:
     ~ExitClipboard() = default;
 };
 
-// The contract is AfxEmptyClipboardOnExit's.
+// Implements AfxEmptyClipboardOnExit; its contract applies.
 BOOL EmptyOnExit(ExitClipboard& clipboard, UINT format, UINT exitAction,
                  const WCHAR* applicationName);
 

@@ -1,4 +1,4 @@
-// Text in a block of memory that another program made.
+// The length of text in a memory block from another program.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -8,8 +8,8 @@
 
 namespace quorvel {
 
-// The characters before the terminator; all of the block when it has none. Half a character at the
-// end is left out.
+// Counts the characters before the terminator, or all of them when there is no terminator. Ignores
+// half a character at the end.
 inline std::size_t TextLengthOfBlock(const WCHAR* block, std::size_t sizeInBytes) {
     const WCHAR* const end = block + sizeInBytes / sizeof(WCHAR);
     return static_cast<std::size_t>(std::find(block, end, WCHAR{0}) - block);

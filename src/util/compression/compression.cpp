@@ -60,7 +60,7 @@ int ShowError(bool deflating, UINT causeId, UINT type) {
     return AfxLoadString(causeId, cause, 256) > 0 ? ShowError(deflating, cause, type) : 0;
 }
 
-// Done, refused without a word, or failed with zlib's error.
+// Success, a refusal without a message, or a failure with zlib's error.
 struct Outcome {
     BOOL done = FALSE;
     compressionStage stage = compressionStageInitialize;
@@ -71,7 +71,7 @@ struct Outcome {
     }
 };
 
-// What a caller of either function asks for.
+// The arguments of both functions.
 struct Request {
     CFile& source;
     DWORD& bytesRead;
@@ -111,7 +111,7 @@ struct Inflating {
     }
 };
 
-// A stream that is ended whatever happens.
+// A stream that the destructor ends.
 template <class Direction>
 class ScopedStream {
 public:
@@ -164,7 +164,7 @@ Outcome Run(const Direction& direction, const Request& request) {
     BYTE output[Direction::kOutputSize];
     UINT count = 0;
     const auto read = [&] {
-        progress.AdvanceBy(count); // the chunk before, which is done
+        progress.AdvanceBy(count); // the previous chunk has been processed
         count = request.source.Read(input, Direction::kInputSize);
         stream.Get().next_in = input;
         stream.Get().avail_in = count;
@@ -185,26 +185,26 @@ Outcome Run(const Direction& direction, const Request& request) {
     return {TRUE};
 }
 
-// The boxes come after the work has ended, with the progress box gone.
+// Shows message boxes after the work, when the progress box is closed.
 template <class Direction>
 BOOL RunAndReport(const Direction& direction, const Request& request) {
     constexpr bool kIsDeflating = Direction::kIsDeflating;
     request.bytesRead = 0;
     request.bytesWritten = 0;
     Outcome outcome;
-    WCHAR thrown[256] = {}; // the text of an exception needs no memory, of which there may be none
+    WCHAR thrown[256] = {}; // an array, because there may be no memory
     bool threw = true;
     try {
         outcome = Run(direction, request);
         threw = false;
     } catch (CException* exception) {
         exception->GetErrorMessage(thrown, 256);
-        thrown[255] = 0; // the class may be the host's own
+        thrown[255] = 0; // a host's class may omit the terminator
         exception->Delete();
     } catch (const std::bad_alloc&) {
         AfxLoadString(quorvel::kTextCompressionOutOfMemory, thrown, 256);
     } catch (...) {
-        // The host's own: nothing is known of it.
+        // An exception of the host's own type.
     }
     if (threw && thrown[0] != 0)
         ShowError(kIsDeflating, thrown, MB_ICONEXCLAMATION);

@@ -6,7 +6,7 @@ namespace quorvel {
 
 namespace {
 
-// In floating point, where no product overflows: a range may have 64 bits.
+// Uses floating point, where no product overflows: a range may have 64 bits.
 int StepOf(ULONGLONG position, ULONGLONG range) {
     if (position >= range)
         return range > 0 ? kProgressSteps : 0;

@@ -1,4 +1,4 @@
-// The box that shows how far a long operation is.
+// The box that shows the progress of a long operation.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -7,9 +7,9 @@
 
 namespace quorvel {
 
-constexpr int kProgressSteps = 1000; // of a whole bar
+constexpr int kProgressSteps = 1000; // steps of a full bar
 
-// Where the box is drawn. It is gone with the object.
+// The window or terminal line of the box. The destructor removes it.
 class ProgressView {
 public:
     virtual ~ProgressView() = default;
@@ -18,10 +18,10 @@ public:
     virtual void SetStep(int step) = 0; // 0 to kProgressSteps; the first call shows the view
 };
 
-// Over the main window of this thread, or on the terminal; null where neither is there.
+// Over the main window of this thread, or on the terminal; null where both are missing.
 std::unique_ptr<ProgressView> CreateProgressView();
 
-// What the box shows. Without a view everything else does nothing. User-interface thread.
+// The content of the box. Without a view the other members do nothing. User-interface thread.
 class ProgressBox {
 public:
     bool Create() { return Create(CreateProgressView()); }
@@ -37,7 +37,7 @@ private:
     std::unique_ptr<ProgressView> m_view;
     ULONGLONG m_range = 0;
     ULONGLONG m_position = 0;
-    int m_shownStep = -1; // nothing is drawn again that looks the same
+    int m_shownStep = -1; // a step that looks the same is not drawn again
 };
 
 } // namespace quorvel

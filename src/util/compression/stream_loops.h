@@ -1,4 +1,4 @@
-// The two loops around zlib: input comes from a function, output goes into a file.
+// The two loops around zlib: a function provides the input, a file receives the output.
 #pragma once
 
 #include <quorvel/framework/file.h>
@@ -12,7 +12,7 @@ struct OutputBuffer {
     UINT size;
 };
 
-// One pass of `step`, deflate or inflate, whose output is written unless it fails. zlib's code.
+// Runs `step` (deflate or inflate) once and writes its output unless it fails. Returns zlib's code.
 template <class Step>
 int RunAndWrite(z_stream& stream, Step step, int flush, OutputBuffer output, CFile& destination) {
     stream.next_out = output.bytes;
@@ -24,9 +24,9 @@ int RunAndWrite(z_stream& stream, Step step, int flush, OutputBuffer output, CFi
     return result;
 }
 
-// Compresses until `read` gives no more, and finishes the stream. `read` sets the stream's input
-// and returns how much there is. Z_STREAM_END, or zlib's negative code with the stage's rest left
-// undone.
+// Compresses until `read` returns 0, and finishes the stream. `read` sets the stream's input and
+// returns its size. Returns Z_STREAM_END, or zlib's negative code; the rest of the input is then
+// not processed.
 template <class Read>
 int DeflateAll(z_stream& stream, Read read, OutputBuffer output, CFile& destination) {
     int result = Z_OK;
@@ -43,8 +43,8 @@ int DeflateAll(z_stream& stream, Read read, OutputBuffer output, CFile& destinat
     return result;
 }
 
-// Decompresses up to the end of the stream; `read` is asked when the input is used up. At the end
-// of the input zlib gives Z_BUF_ERROR by itself, once its own output is out.
+// Decompresses up to the end of the stream. Calls `read` when the input is used up. At the end of
+// the input zlib first writes its remaining output and then returns Z_BUF_ERROR.
 template <class Read>
 int InflateAll(z_stream& stream, Read read, OutputBuffer output, CFile& destination) {
     int result = Z_OK;
@@ -53,7 +53,7 @@ int InflateAll(z_stream& stream, Read read, OutputBuffer output, CFile& destinat
             read();
         result = RunAndWrite(stream, inflate, Z_NO_FLUSH, output, destination);
     } while (result == Z_OK);
-    // Nobody has a dictionary to give: zlib would ask for it again and again.
+    // There is never a dictionary, and zlib would ask for it in an endless loop.
     return result == Z_NEED_DICT ? Z_DATA_ERROR : result;
 }
 

@@ -21,7 +21,7 @@ namespace {
 constexpr UINT kReadSize = 16384;
 constexpr uLong kNamesAreUTF8 = 1u << 11;      // a flag of the entry
 constexpr uLong kMadeOnVFAT = 14u << 8;        // the high byte names the file system
-constexpr ULONGLONG kNeedsZip64 = 0xf0000000u; // what does not shrink grows a little
+constexpr ULONGLONG kNeedsZip64 = 0xf0000000u; // incompressible data grows a little
 
 struct CodeRow {
     int code;
@@ -44,7 +44,7 @@ int FailWith(CException* exception, CString& errorText) {
     return ZIP_INTERNALERROR;
 }
 
-// Without a time zone the zip format means local time: deliberately UTC all the same.
+// Deliberate: writes UTC, although the zip format has local time and no time zone.
 zip_fileinfo EntryMadeNow() {
     using namespace std::chrono;
     const auto now = floor<seconds>(system_clock::now());
@@ -61,7 +61,7 @@ zip_fileinfo EntryMadeNow() {
     return entry;
 }
 
-// A device may have none.
+// Returns 0 for a device that has no length.
 ULONGLONG LengthOf(const CFile& file) {
     try {
         return file.GetLength();
@@ -72,13 +72,13 @@ ULONGLONG LengthOf(const CFile& file) {
 }
 
 int OpenEntry(void* zip, const WCHAR* name, int level, ULONGLONG size) {
-    // The archive writer finds out too late, with part of the entry written.
+    // The archive writer would notice this too late, when part of the entry is written.
     if (level < Z_DEFAULT_COMPRESSION || level > Z_BEST_COMPRESSION)
         return Z_STREAM_ERROR;
     const CStringA bytes(name);
     const zip_fileinfo entry = EntryMadeNow();
-    // Of entries made on DOS, which is 0, some readers take the name for one in the DOS code page
-    // whatever the flag says; of those made on Unix they take the attributes for no permissions.
+    // For entries "made on DOS" (0) some readers decode the name in the DOS code page, whatever the
+    // flag says. For entries "made on Unix" they read the attributes as a file without permissions.
     const bool isUTF8 = GetACP() == CP_UTF8;
     const uLong madeBy = isUTF8 ? kMadeOnVFAT : 0;
     const uLong flags = isUTF8 ? kNamesAreUTF8 : 0;
@@ -108,8 +108,8 @@ struct CloseZip {
 };
 typedef std::unique_ptr<void, CloseZip> ScopedZip;
 
-// The archive writer does not say why it failed to open the file: the system does, when it is asked
-// for the same again.
+// The archive writer gives no reason when it fails to open the file. So the same file is opened
+// again to get the system's error.
 DWORD ErrorOfOpening(const WCHAR* path, int append) {
     const bool create = append == APPEND_STATUS_CREATE;
     quorvel::ScopedHandle file(CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
@@ -204,7 +204,7 @@ BOOL AfxCompressFileToZipFile(const WCHAR* sourcePath, const WCHAR* zipPath, int
         AfxGetFileExceptionErrorMessage(CFileException::fileNotFound, errorText);
         return FALSE;
     }
-    CFile held; // so that the source is no archive of itself, which would empty it
+    CFile held; // keeps the archive from being the source itself, which would empty it
     held.Open(sourcePath, CFile::modeRead | CFile::shareDenyWrite);
     ScopedZip zip(IsInUse(zipPath) ? nullptr : AfxOpenZipFile(zipPath, APPEND_STATUS_CREATE));
     if (zip == nullptr) {

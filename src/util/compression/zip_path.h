@@ -1,4 +1,4 @@
-// Paths for the archive writer, which opens files by the names of the C library.
+// Paths for the archive writer, which opens files with the C library.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-// False for a path that cannot be expressed there, or names nothing.
+// False for an empty path and for one that the C library's names cannot express.
 bool ToZipPath(const WCHAR* path, std::string& bytes);
 
 } // namespace quorvel

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kStreamEnd = 1;
 
-// What `work` returns; 0 when it throws. zlib's code is 1 at the end of the stream.
+// Returns the result of `work`, or 0 when it throws. zlib's code is 1 at the end of the stream.
 template <class Work>
 int ResultOf(Work work) {
     try {
@@ -20,7 +20,7 @@ int ResultOf(Work work) {
     } catch (CException* exception) {
         exception->Delete();
     } catch (...) {
-        // The host's own: nothing is known of it.
+        // An exception of the host's own type.
     }
     return 0;
 }

@@ -14,7 +14,7 @@ namespace {
 using quorvel::Encoding;
 using quorvel::kEncodings;
 
-// A name and the encoding that it stands for.
+// A name and its encoding.
 struct Entry {
     std::string_view name;
     const Encoding* encoding;
@@ -61,7 +61,7 @@ static_assert(kAliases.size() == 346 && HasNoRepeats(kAliases));
 static_assert(kNames.size() == 143 && HasNoRepeats(kNames));
 static_assert(std::ranges::count(kEncodings, "", &Encoding::aliases) == 143 - 90);
 
-// A name in lower case; empty when it is null or can't be one of ours, being too long or not ASCII.
+// A name in lower case. Empty when it is null, too long or not ASCII, so it matches no entry.
 class LookupName {
 public:
     explicit LookupName(const WCHAR* name) {

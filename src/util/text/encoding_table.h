@@ -14,8 +14,8 @@ struct Encoding {
 };
 
 // In the order of their code pages.
-// Deliberate: the names of ANSI X3.4 lead to windows-1252 and not to us-ascii, and the one alias
-// with capitals is never found, since what is looked up is in lower case.
+// Deliberate: the names of ANSI X3.4 mean windows-1252 and not us-ascii. The one alias with
+// capitals is never found, because the name that is searched is in lower case.
 inline constexpr Encoding kEncodings[] = {
     {37, "ebcdic-cp-us", "cp037 ibm037 ebcdic-cp-ca ebcdic-cp-wt ebcdic-cp-nl csibm037"},
     {437, "ibm437", "437 cp437 cspc8 codepage437 cspc8codepage437"},

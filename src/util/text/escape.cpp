@@ -12,9 +12,9 @@
 namespace {
 
 constexpr std::size_t kUrlLimit = 2083; // characters
-constexpr std::size_t kEscape = 3;      // of them, in an escape
+constexpr std::size_t kEscape = 3;      // characters of one escape
 
-// What one byte of the text becomes.
+// The output for one byte of the text.
 struct UrlItem {
     char text[kEscape];
     BYTE length;
@@ -39,8 +39,8 @@ constexpr UrlItems MakeUrlItems(bool spaceAsPlus) {
 }
 constexpr UrlItems kUrlItems[2] = {MakeUrlItems(false), MakeUrlItems(true)};
 
-// Copies the item whole, which is one store, and counts what of it is text: so there is no branch
-// on the kind of byte.
+// Copies the whole item with one store and advances by its length. So there is no branch on the
+// kind of byte.
 char* Append(char* end, const UrlItem& item) {
     std::memcpy(end, &item, sizeof item);
     return end + item.length;
@@ -60,7 +60,7 @@ BOOL AfxUTF8EscapeUnsafeURLCharacters(const char* utf8Text, CStringA& escaped, B
     char* end = buffer;
     char* const limit = buffer + kUrlLimit;
     std::size_t done = 0;
-    for (;;) { // as many bytes as fit whatever they become, and again with the room that is left
+    for (;;) { // takes the bytes that surely fit, then repeats with the room that is left
         const auto sure = std::min(size - done, static_cast<std::size_t>(limit - end) / kEscape);
         if (sure == 0)
             break;
@@ -93,7 +93,7 @@ BOOL AfxEscapeRegularExpressionMetacharacters(const WCHAR* text, CString& escape
     if (text == nullptr)
         return FALSE;
     return quorvel::WithoutException([&] {
-        CString result; // the text may be the output's own
+        CString result; // the text may be part of the output string
         for (; *text != 0; ++text) {
             if (kMetacharacters.find(*text) != kMetacharacters.npos)
                 result.AppendChar('\\');

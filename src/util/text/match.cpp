@@ -12,9 +12,9 @@
 
 namespace {
 
-// The engine limits the states that it goes through, and not what one of them does: that of a back
-// reference compares as much text as the reference stands for. So the comparisons of characters,
-// which all come here, have a limit too.
+// The engine limits the number of states, but not the work in one state: a back reference compares
+// as much text as its group matched. So the comparisons of characters, which all use these traits,
+// have a limit too.
 template <class Ch>
 class LimitedTraits : public quorvel::RegexTraits<Ch> {
 public:
@@ -26,7 +26,7 @@ public:
         Count();
         return quorvel::RegexTraits<Ch>::translate_nocase(character);
     }
-    // Const, since the engine lends out its traits as such.
+    // Const, because the engine gives access to its traits only as const.
     void SetLimit(ULONGLONG comparisons) const { m_left = comparisons; }
 
 private:
@@ -35,11 +35,11 @@ private:
             throw std::length_error("too many comparisons");
     }
 
-    mutable ULONGLONG m_left = std::numeric_limits<ULONGLONG>::max(); // while it is compiled
+    mutable ULONGLONG m_left = std::numeric_limits<ULONGLONG>::max(); // no limit for compiling
 };
 
-// Enough for any pattern on a short text, to read a long one many times over, and to compare each
-// of its characters with each other as far as that is a matter of seconds.
+// Enough for any pattern on a short text and for reading a long text many times. Also enough to
+// compare all pairs of characters, as long as that takes only seconds.
 ULONGLONG ComparisonsFor(ULONGLONG length) {
     constexpr ULONGLONG kOfAnyText = 50'000'000;
     constexpr ULONGLONG kOfCharacter = 100;

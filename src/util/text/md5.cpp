@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kDigestSize = 16;
 constexpr std::size_t kFileBlockSize = 16384;
 constexpr std::size_t kBlockSize = sizeof(MD5_CTX::block);
-constexpr std::size_t kLengthSize = 8; // the message's length in bits, at the end of the last block
+constexpr std::size_t kLengthSize = 8; // bytes; the last block ends with the message's bit length
 
 // The integer parts of 4294967296 * |sin(i)|, for i from 1.
 constexpr DWORD kSines[64] = {
@@ -26,8 +26,8 @@ constexpr DWORD kSines[64] = {
     0xf4292244, 0x432aff97, 0xab9423a7, 0xfc93a039, 0x655b59c3, 0x8f0ccc92, 0xffeff47d, 0x85845dd1,
     0x6fa87e4f, 0xfe2ce6e0, 0xa3014314, 0x4e0811a1, 0xf7537e82, 0xbd3af235, 0x2ad7d2bb, 0xeb86d391};
 
-// The functions of the four rounds, each added to `sum`. The first is the standard's with fewer
-// operations; the second adds the half that does not wait for `x`, the newest value, first.
+// The functions of the four rounds, each added to `sum`. The first needs fewer operations than the
+// standard's form. The second first adds the half that does not depend on `x`, the newest value.
 struct Round1 {
     static DWORD Add(DWORD sum, DWORD x, DWORD y, DWORD z) { return sum + (z ^ (x & (y ^ z))); }
     static constexpr unsigned Word(unsigned step) { return step; }
@@ -63,7 +63,7 @@ void StoreWord(BYTE* bytes, DWORD word) {
         bytes[i] = static_cast<BYTE>(word >> (8 * i));
 }
 
-// The whole block is one run of code: across a call the state would go through memory.
+// Inlines the whole block: with calls the state would be stored in memory between the steps.
 template <class Round, unsigned round, unsigned step>
 [[gnu::always_inline]] inline void Step(DWORD& a, DWORD b, DWORD c, DWORD d, const BYTE* block) {
     const DWORD sum = a + LoadWord(block + 4 * Round::Word(step)) + kSines[16 * round + step];
@@ -131,8 +131,8 @@ void AfxMD5Update(MD5_CTX* context, const BYTE* data, unsigned int length) {
 void AfxMD5Final(BYTE digest[16], MD5_CTX* context) {
     if (digest == nullptr || context == nullptr)
         return;
-    // A 1 bit, zeros to the length's place, the length: in this block or, for want of room, the
-    // next.
+    // Appends a 1 bit, zeros, and the length at its place: in this block or, if there is no room,
+    // in the next one.
     std::size_t held = context->length % kBlockSize;
     BYTE* const block = context->block;
     block[held++] = 0x80;

@@ -5,8 +5,8 @@
 
 namespace quorvel {
 
-// Runs `body`, which returns whether it succeeded; FALSE in place of any exception. What can come
-// is that of an exhausted memory, which is nobody's to delete.
+// Runs `body`, which returns whether it succeeded. Returns FALSE for any exception. Only exceptions
+// for exhausted memory can occur, and those must not be deleted.
 template <class Body>
 BOOL WithoutException(Body body) noexcept {
     try {

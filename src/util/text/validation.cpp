@@ -17,14 +17,14 @@ struct Scheme {
 constexpr Scheme kSchemes[] = {
     {_T("http://"), false},   {_T("https://"), false}, {_T("ftp://"), false},
     {_T("gopher://"), false}, {_T("mailto:"), false},  {_T("news:"), false},
-    {_T("file://"), true}, // a file name as it is, not escaped
+    {_T("file://"), true}, // a file name without escapes
 };
 
 bool IsControl(WCHAR character) {
     return character < ' ' || (character >= 0x7f && character < 0xa0);
 }
 
-// Takes a decimal number of 0 to 255 without leading zeros from the front of the text.
+// Reads a decimal number of 0 to 255 without leading zeros from the front of the text.
 bool TakeOctet(View& text) {
     int value = 0;
     std::size_t length = 0;

@@ -9,15 +9,15 @@
 namespace quorvel {
 namespace {
 
-constexpr unsigned kCaseless = 1; // letters that are neither of the next two
+constexpr unsigned kCaseless = 1; // letters without upper or lower case
 constexpr unsigned kLower = 2;
 constexpr unsigned kUpper = 4;
 constexpr unsigned kDigit = 8;
 constexpr unsigned kHexLetter = 16;
 constexpr unsigned kUnderscore = 32;
-constexpr unsigned kPunctuation = 64; // the underscore too
+constexpr unsigned kPunctuation = 64; // includes the underscore
 constexpr unsigned kBlank = 128;
-constexpr unsigned kLineSpace = 256; // white space that moves to another line
+constexpr unsigned kLineSpace = 256; // white space that starts a new line
 constexpr unsigned kControl = 512;
 constexpr unsigned kBeyondBytes = 1024;
 constexpr unsigned kLetter = kCaseless | kLower | kUpper;

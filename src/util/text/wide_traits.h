@@ -1,11 +1,11 @@
 // The character traits of the library's regular expressions.
 //
-// Boost.Regex's own depend on a locale, and on a C library for wide characters that Linux does not
-// have for 16 bits. These are the same for every process on both systems: letter case is the
-// platform's simple folding, ranges compare by code unit.
+// The traits of Boost.Regex depend on a locale, and on wide-character functions that Linux does not
+// have for 16 bits. These traits are the same in every process on both systems: letter case is the
+// platform's simple folding, and ranges compare code units.
 //     typedef boost::basic_regex<WCHAR, quorvel::WideTraits> WideRegex;
 //     typedef boost::basic_regex<char, quorvel::NarrowTraits> NarrowRegex;
-// Narrow text is bytes: those above 0x7f belong to no class and have no letter case.
+// Narrow text is bytes. Bytes above 0x7f belong to no class and have no letter case.
 #pragma once
 
 #include "platform/case_fold.h"
@@ -20,7 +20,7 @@ namespace quorvel {
 // The character classes of regular expressions, as a set of bits.
 unsigned RegexClassesOf(WCHAR unit);
 unsigned RegexClassesOf(char byte);
-// The bits of a class by its name in lower case ("alpha", "d"); 0 for no class.
+// The bits of a class name in lower case ("alpha", "d"); 0 for an unknown name.
 unsigned FindRegexClass(std::string_view name);
 
 inline WCHAR RegexFoldCase(WCHAR unit) {

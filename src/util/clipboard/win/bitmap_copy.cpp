@@ -23,7 +23,7 @@ public:
 
 private:
     const HDC m_dc;
-    const HGDIOBJ m_former; // null: it could not be selected
+    const HGDIOBJ m_former; // null when the bitmap could not be selected
 };
 
 struct SectionInfo {
@@ -31,8 +31,8 @@ struct SectionInfo {
     RGBQUAD colors[256]; // or the three masks of BI_BITFIELDS
 };
 
-// A plain bitmap of the same depth would stay empty: the system draws into plain bitmaps of one bit
-// and of the screen's depth only, and the first kind has no colours.
+// A plain bitmap of the same depth would stay empty. The system draws only into plain bitmaps of
+// one bit, which have no colours, and of the screen's depth.
 HBITMAP NewSectionLike(HBITMAP source, const DIBSECTION& section) {
     SectionInfo info = {};
     info.header = section.dsBmih;
@@ -61,8 +61,8 @@ bool CopyPixels(HBITMAP target, HBITMAP source, const BITMAP& description) {
                                        from.Get(), 0, 0, SRCCOPY);
 }
 
-// For plain bitmaps that cannot be selected: those of a depth that the screen does not have, and
-// those that are selected elsewhere. The two have the same layout.
+// For plain bitmaps that cannot be selected, because the screen lacks their depth or another device
+// context holds them. Both bitmaps have the same layout.
 bool CopyBytes(HBITMAP target, HBITMAP source, const BITMAP& description) {
     const LONG size = description.bmWidthBytes * description.bmHeight;
     const std::unique_ptr<BYTE[]> bytes(new (std::nothrow) BYTE[static_cast<std::size_t>(size)]);
@@ -83,7 +83,7 @@ BitmapHandle CopyOfBitmap(HBITMAP source) {
     const BITMAP& bitmap = description.dsBm;
     BitmapHandle copy(isSection ? NewSectionLike(source, description) : NewPlainLike(bitmap));
     if (copy == nullptr) {
-        ::SetLastError(ERROR_NOT_ENOUGH_MEMORY); // the system may leave none
+        ::SetLastError(ERROR_NOT_ENOUGH_MEMORY); // the system may set no error
         return nullptr;
     }
     if (CopyPixels(copy.get(), source, bitmap) ||

@@ -13,8 +13,8 @@ struct DeleteBitmapHandle {
 };
 typedef std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmapHandle> BitmapHandle;
 
-// A bitmap of the same kind, size, depth, colour table and pixels. Null leaves the cause as the
-// thread's last error: no memory, or a section that is selected into a device context.
+// Returns a bitmap of the same kind, size, depth, colour table and pixels. When null, the thread's
+// last error is the cause: no memory, or a section that a device context holds.
 BitmapHandle CopyOfBitmap(HBITMAP source);
 
 } // namespace quorvel

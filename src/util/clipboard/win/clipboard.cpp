@@ -26,12 +26,12 @@ public:
     explicit LockedMemory(HGLOBAL memory) : m_memory(memory), m_data(::GlobalLock(memory)) {}
     LockedMemory(const LockedMemory&) = delete;
     ~LockedMemory() {
-        const DWORD error = ::GetLastError(); // which the system clears when it unlocks
+        const DWORD error = ::GetLastError(); // the system clears it when it unlocks
         if (m_data != nullptr)
             ::GlobalUnlock(m_memory);
         ::SetLastError(error);
     }
-    void* Data() const { return m_data; } // null: it could not be locked
+    void* Data() const { return m_data; } // null when it could not be locked
 
 private:
     const HGLOBAL m_memory;
@@ -55,8 +55,8 @@ BOOL Report(bool isDone, UINT action) {
     return isDone;
 }
 
-// The clipboard's data. A format that is missing is no error to the system, whose text would then
-// speak of success.
+// The clipboard's data. For a missing format the system sets no error, and a message would describe
+// success, so the function sets one.
 HANDLE DataOf(UINT format) {
     ::SetLastError(ERROR_SUCCESS);
     const HANDLE data = ::GetClipboardData(format);
@@ -97,7 +97,7 @@ bool PlaceBitmap(HBITMAP bitmap) {
     return copy != nullptr && quorvel::WithOpenedClipboard(nullptr, [&copy] {
                if (!::EmptyClipboard() || ::SetClipboardData(CF_BITMAP, copy.get()) == nullptr)
                    return false;
-               copy.release(); // the clipboard's from here on
+               copy.release(); // the clipboard owns it from here on
                return true;
            });
 }
@@ -115,7 +115,7 @@ bool quorvel::PlaceOnClipboard(HWND owner, UINT format, const void* bytes, SIZE_
     return memory != nullptr && WithOpenedClipboard(owner, [&memory, format] {
                if (!::EmptyClipboard() || ::SetClipboardData(format, memory.get()) == nullptr)
                    return false;
-               memory.release(); // the clipboard's from here on
+               memory.release(); // the clipboard owns it from here on
                return true;
            });
 }
@@ -166,7 +166,7 @@ BOOL AfxGetBitmapFromClipboard(CBitmap* bitmap) {
         quorvel::WithOpenedClipboard(nullptr, [bitmap] { return ReadBitmap(*bitmap); });
     if (!isRead) {
         const DWORD error = ::GetLastError();
-        bitmap->DeleteObject(); // of a clipboard that could not be closed
+        bitmap->DeleteObject(); // the clipboard could not be closed
         ::SetLastError(error);
     }
     return Report(isRead, quorvel::kClipboardRetrieving);

@@ -1,12 +1,12 @@
-// The clipboard, open for the length of one piece of work.
+// Opens the clipboard for one piece of work.
 #pragma once
 
 #include <quorvel/platform/platform.h>
 
 namespace quorvel {
 
-// Opens the clipboard, does the work and closes it. False when one of the three failed; the
-// thread's last error then has the cause. The work, which returns a bool, does not throw.
+// Opens the clipboard, runs `work` and closes it. Returns false when one of the three failed; the
+// thread's last error is then the cause. `work` returns a bool and does not throw.
 template <class Work>
 bool WithOpenedClipboard(HWND owner, Work work) {
     ::SetLastError(ERROR_SUCCESS);
@@ -20,8 +20,8 @@ bool WithOpenedClipboard(HWND owner, Work work) {
     return isDone && isClosed;
 }
 
-// Replaces what the clipboard has by `size` bytes. False leaves the cause as the thread's last
-// error.
+// Replaces the content of the clipboard by `size` bytes. When false, the thread's last error is the
+// cause.
 bool PlaceOnClipboard(HWND owner, UINT format, const void* bytes, SIZE_T size);
 
 } // namespace quorvel

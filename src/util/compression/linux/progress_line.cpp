@@ -16,7 +16,7 @@ int CharactersOf(const std::string& text) {
     return static_cast<int>(std::count_if(text.begin(), text.end(), StartsCharacter));
 }
 
-// As many characters as fit.
+// The first `most` characters.
 std::string Cut(const std::string& text, int most) {
     std::size_t end = 0;
     for (; end < text.size(); ++end)
@@ -58,7 +58,7 @@ void ProgressLine::SetStep(int step) {
     Draw();
 }
 
-// In the last column a terminal would begin a new line.
+// A character in the last column would make some terminals start a new line.
 void ProgressLine::Draw() {
     std::string percent(1, ' ');
     percent.append(std::to_string(m_percent)).append("%");

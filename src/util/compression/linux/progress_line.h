@@ -1,5 +1,5 @@
-// The progress box of a terminal: one line, "caption: status 42%", that is written over itself and
-// is gone at the end.
+// The progress box of a terminal: one line, "caption: status 42%", that overwrites itself and is
+// removed at the end.
 #pragma once
 
 #include "util/compression/progress_box.h"
@@ -11,7 +11,7 @@ namespace quorvel {
 
 class ProgressLine : public ProgressView {
 public:
-    // The line is cut to the columns, a character for each code point: wide ones may pass them.
+    // Cuts the line to the columns and counts each code point as one. Wide ones may exceed them.
     ProgressLine(std::FILE* out, int columns) : m_out(out), m_columns(columns) {}
     ProgressLine(const ProgressLine&) = delete;
     ~ProgressLine() override;

@@ -1,8 +1,8 @@
 // The progress box as a modeless window over the main window.
 //
-// The thread is busy with the work and fetches no messages meanwhile, so the window paints itself
-// at each step, and takes what the system asks of it. It takes no input: dragging it would run a
-// message loop in the middle of the work, and with it whatever the host's windows have waiting.
+// The thread is busy with the work and fetches no messages in the meantime. So the window paints
+// itself at each step and handles only what the system sends it. It takes no input: dragging it
+// would run a message loop during the work and deliver the waiting messages of the host's windows.
 #include "util/compression/progress_box.h"
 
 #include <quorvel/frame/module.h>
@@ -18,7 +18,7 @@ INT_PTR CALLBACK DefaultDialogProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
 }
 
-// A window of another thread would make the two wait for each other.
+// With an owner in another thread, the two threads would wait for each other.
 HWND OwnerOnThisThread() {
     const CWnd* main = AfxGetMainWnd();
     const HWND window = main != nullptr ? main->m_hWnd : nullptr;

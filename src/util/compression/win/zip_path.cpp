@@ -4,9 +4,9 @@
 
 namespace quorvel {
 
-// A path with a replaced or a similar letter would be another file's.
+// A path with a replaced or merely similar letter would name another file.
 bool ToZipPath(const WCHAR* path, std::string& bytes) {
-    const bool isUTF8 = ::GetACP() == CP_UTF8; // which takes neither of the others' arguments
+    const bool isUTF8 = ::GetACP() == CP_UTF8; // UTF-8 accepts neither of the other arguments
     const DWORD flags = isUTF8 ? WC_ERR_INVALID_CHARS : WC_NO_BEST_FIT_CHARS;
     BOOL replaced = FALSE;
     BOOL* const tell = isUTF8 ? nullptr : &replaced;
