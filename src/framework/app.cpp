@@ -18,14 +18,14 @@ namespace {
 
 constinit CWinApp* s_app = nullptr;
 
-// The program file's name, without folder and extension.
+// The name of the program file, without folder and extension.
 CString ProgramName() {
     CString path;
     DWORD size = MAX_PATH;
     DWORD length;
     while ((length = GetModuleFileNameW(nullptr, path.GetBuffer(static_cast<int>(size)), size)) ==
            size)
-        size *= 2; // cut short
+        size *= 2; // the path was cut
     path.ReleaseBuffer(static_cast<int>(length));
     const int separator = std::max(path.ReverseFind('\\'), path.ReverseFind('/'));
     const int dot = path.ReverseFind('.');
@@ -99,7 +99,7 @@ HINSTANCE AfxGetInstanceHandle() {
 const WCHAR* AfxGetAppName() {
     if (s_app != nullptr)
         return s_app->m_pszAppName;
-    static const CString& s_programName = *new CString(ProgramName()); // serves destructors, too
+    static const CString& s_programName = *new CString(ProgramName()); // destructors use it, too
     return s_programName;
 }
 

@@ -23,14 +23,14 @@ ScopedKey CreatedBelow(HKEY parent, const WCHAR* path) {
     return key;
 }
 
-// Where the program's sections lie below HKEY_CURRENT_USER; empty without SetRegistryKey.
+// The path of the program's sections below HKEY_CURRENT_USER; empty without SetRegistryKey.
 CString ProfilePath(const CWinApp& app) {
     if (IsEmpty(app.m_pszRegistryKey) || IsEmpty(app.m_pszProfileName))
         return CString();
     return CString(_T("Software\\")) + app.m_pszRegistryKey + _T("\\") + app.m_pszProfileName;
 }
 
-// Nothing is made.
+// Opens the key of a section. Creates nothing.
 ScopedKey OpenedSection(const CWinApp& app, const WCHAR* section, REGSAM access) {
     ScopedKey key;
     const CString path = ProfilePath(app);
@@ -73,7 +73,7 @@ BOOL Write(CWinApp& app, const WCHAR* section, const WCHAR* entry, DWORD kind, c
                           static_cast<DWORD>(size)) == ERROR_SUCCESS;
 }
 
-// The data of an entry of that kind; null, and a size of 0, when there is none.
+// The data of an entry of this kind; null, with size 0, if there is no such entry.
 std::unique_ptr<BYTE[]> Read(const CWinApp& app, const WCHAR* section, const WCHAR* entry,
                              DWORD wantedKind, DWORD& size) {
     const ScopedKey key = OpenedSection(app, section, KEY_READ);

@@ -13,12 +13,12 @@ namespace {
 
 constexpr int kMinimumBuffer = 128;
 
-// The marks in front of a string's length, and the lengths that need the next wider form.
+// The marks before a string's length; each announces the next wider form.
 constexpr BYTE kLongerThanByte = 0xff;
 constexpr WORD kLongerThanWord = 0xffff;
 constexpr WORD kWideText = 0xfffe;
 
-// A stored length may lie: characters are loaded in pieces, so that memory follows the file.
+// A stored length may be wrong. So characters are loaded in pieces, and memory follows the file.
 constexpr DWORD kPiece = 0x10000;
 
 } // namespace
@@ -66,7 +66,7 @@ UINT CArchive::Read(void* buffer, UINT count) {
         left -= buffered;
         if (left == 0)
             return count;
-        if (left >= m_size) { // the buffer is empty, and would only be in the way
+        if (left >= m_size) { // the buffer is empty and would only cost a copy
             const UINT read = m_file->Read(target, left);
             target += read;
             left -= read;
@@ -139,7 +139,7 @@ DWORD CArchive::LoadLength(bool& wide) {
         *this >> shorter;
         if (shorter < kWideText)
             return shorter;
-        DWORD length = INT_MAX; // of a second mark: no length at all
+        DWORD length = INT_MAX; // an impossible length, for a second mark
         if (shorter == kLongerThanWord)
             *this >> length;
         else if (!std::exchange(wide, true))

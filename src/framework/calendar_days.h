@@ -1,8 +1,8 @@
 // The Gregorian calendar as a line of days numbered from 30 December 1899, for COleDateTime's
 // range.
 //
-// The arithmetic counts years from March, so that the day that comes and goes is the last of a
-// year, and days from 1 March of the year 0, so that everything stays positive and divides
+// The arithmetic counts years from March, so that the leap day is the last day of a year. It
+// counts days from 1 March of the year 0, so that all values are positive and the divisions are
 // unsigned.
 #pragma once
 
@@ -21,7 +21,7 @@ struct CalendarDay {
 
 constexpr int kDaysFromMarchOfYear0 = 693899; // to 30 December 1899
 
-// For the years 1 to 9999 and the months 1 to 12; a day outside the month counts on.
+// For the years 1 to 9999 and the months 1 to 12. A day past the month's end is in the next month.
 constexpr int DaysFromCalendar(CalendarDay date) noexcept {
     const bool countsToLastYear = date.month < 3;
     const auto year = static_cast<unsigned>(date.year - countsToLastYear);
@@ -49,8 +49,8 @@ static_assert(DaysFromCalendar({1899, 12, 30}) == 0);
 static_assert(DaysFromCalendar({100, 1, 1}) == kFirstDay);
 static_assert(DaysFromCalendar({9999, 12, 31}) == kLastDay);
 
-// Takes a date apart into its day's number and the second of the day, rounded to a second as the
-// members of COleDateTime round. false, and the numbers of no use, when it is not valid.
+// Splits a date into the number of its day and the second of that day, rounded like the members of
+// COleDateTime. Returns false for an invalid date; the numbers are then unspecified.
 bool ToDaysAndSeconds(const COleDateTime& date, int& days, int& seconds) noexcept;
 
 } // namespace quorvel

@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-// The id of the cause's text; of genericException for a cause that is none.
+// The text id of the cause, or of genericException for an unknown cause.
 UINT FileCauseText(int cause);
 UINT ArchiveCauseText(int cause);
 

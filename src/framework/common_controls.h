@@ -1,9 +1,9 @@
-// The window classes of the common controls, which exist on Windows only.
+// Registers the window classes of the common controls. Windows only.
 #pragma once
 
 namespace quorvel {
 
-// Registers them, once in the process. Called before a window is made that may be or hold one.
+// Registers the classes once for each process. Call it before creating a window that may use one.
 void RegisterCommonControls();
 
 } // namespace quorvel

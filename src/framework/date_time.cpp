@@ -12,7 +12,7 @@ namespace {
 constexpr double kLongestSpan = kLastDay - kFirstDay;
 constexpr int kSecondsPerDay = 86400;
 
-// The calendar tells whether a day exists: a day that does not becomes another.
+// Whether the day exists: the calendar would convert a missing day to another one.
 bool IsDay(CalendarDay date) {
     if (date.year < 100 || date.year > 9999 || date.month < 1 || date.month > 12 || date.day < 1 ||
         date.day > 31)
@@ -20,7 +20,7 @@ bool IsDay(CalendarDay date) {
     return CalendarFromDays(DaysFromCalendar(date)).month == date.month;
 }
 
-// The time line: days as they pass, with a fraction that always counts forward.
+// The time line: a number of days whose fraction always counts forward.
 double TimeLine(DATE date) {
     const double days = std::trunc(date);
     return days + std::fabs(date - days);
@@ -31,10 +31,10 @@ DATE DateFromTimeLine(double time) {
 }
 
 bool InRange(DATE date) {
-    return date > kFirstDay - 1 && date < kLastDay + 1; // false for no number, too
+    return date > kFirstDay - 1 && date < kLastDay + 1; // also false for NaN
 }
 
-// A date taken apart and rounded to a second.
+// A date split into its parts and rounded to a second.
 struct Moment {
     int days;
     int seconds;
@@ -113,7 +113,7 @@ bool AppendPart(CString& text, WCHAR directive, const Moment& moment) {
     }
 }
 
-// The status of a result; the two classes number theirs alike.
+// The status of a result. The status values of the two classes are equal.
 static_assert(int{COleDateTime::null} == int{COleDateTimeSpan::null} &&
               int{COleDateTime::invalid} == int{COleDateTimeSpan::invalid});
 int JoinedStatus(int left, int right) {
@@ -308,7 +308,7 @@ CString COleDateTime::Format(const WCHAR* picture) const {
     for (; *picture != 0; ++picture) {
         if (*picture != '%')
             text.AppendChar(*picture);
-        else if (!AppendPart(text, *++picture, moment)) // the terminator is no directive either
+        else if (!AppendPart(text, *++picture, moment)) // a terminator fails, too
             return CString();
     }
     return text;

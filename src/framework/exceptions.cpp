@@ -29,14 +29,14 @@ BOOL LoadMessage(UINT textId, LPWSTR text, UINT maxChars, UINT* helpContext) {
     return AfxLoadString(textId, text, maxChars) > 0;
 }
 
-// The catalogue holds the texts of causes in the order of their numbers.
+// The catalogue has the texts of causes in the order of their numbers.
 UINT CauseText(UINT firstText, int cause, int lastCause) {
     const bool known = cause >= 0 && cause <= lastCause;
     return firstText + static_cast<UINT>(known ? cause : int{CFileException::genericException});
 }
 static_assert(int{CFileException::genericException} == int{CArchiveException::genericException});
 
-// An exception that is there before it is needed and outlives every destructor that may throw it.
+// An exception that is created before it is needed. It outlives every destructor that may throw it.
 template <class Exception>
 [[noreturn]] void ThrowStatic() {
     alignas(Exception) static unsigned char s_storage[sizeof(Exception)];

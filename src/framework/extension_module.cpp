@@ -12,14 +12,14 @@ namespace {
 constinit CDynLinkLibrary* s_chain = nullptr; // newest first; guarded by ChainMutex
 constinit HINSTANCE s_resources = nullptr;    // null: the program itself
 
-// It serves attach and detach calls, which come before and after a static object's life.
+// Never destroyed: modules attach and detach before and after the life of static objects.
 std::mutex& ChainMutex() {
     static std::mutex& s_mutex = *new std::mutex;
     return s_mutex;
 }
 
-// The resource module of the entry at a place in the search; null behind the last. An entry
-// without one takes no place: null would be the program again.
+// The resource module with this index in the search; null after the last. Skips entries without a
+// module, because null means the program itself.
 HINSTANCE ChainResources(int index, BOOL system) {
     const std::lock_guard lock(ChainMutex());
     for (const CDynLinkLibrary* each = s_chain; each != nullptr; each = each->m_pNextDLL)
@@ -29,8 +29,8 @@ HINSTANCE ChainResources(int index, BOOL system) {
     return nullptr;
 }
 
-// A module is searched without the lock: the loader has one of its own, and it is held around the
-// attach and detach calls that change the chain.
+// Searches a module without holding the lock. The loader has its own lock, and it holds that during
+// the attach and detach calls, which change the chain.
 template <class HasResource>
 HINSTANCE FindModule(HasResource has) {
     if (HINSTANCE program = AfxGetResourceHandle(); has(program))
@@ -100,14 +100,14 @@ HINSTANCE AfxFindResourceHandle(const WCHAR* name, const WCHAR* type) {
 }
 
 HINSTANCE AfxFindStringResourceHandle(UINT id) {
-    // A table holds 16 texts, so a table's being there says nothing about this one.
+    // A string table has 16 texts, so its presence does not mean that this text exists.
     return FindModule([&](HINSTANCE module) { return !quorvel::FindString(module, id).empty(); });
 }
 
 namespace quorvel {
 
 std::basic_string_view<WCHAR> FindString(HINSTANCE module, UINT id) {
-    LPCWSTR text = nullptr; // size 0 asks for the place of the text
+    LPCWSTR text = nullptr; // size 0 returns a pointer to the text
     const int length = LoadStringW(module, id, reinterpret_cast<LPWSTR>(&text), 0);
     return length > 0 ? std::basic_string_view<WCHAR>(text, static_cast<std::size_t>(length))
                       : std::basic_string_view<WCHAR>();

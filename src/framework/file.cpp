@@ -55,7 +55,7 @@ HANDLE OpenHandle(const WCHAR* fileName, UINT openFlags) {
                        FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-// The name as it was given where the system can't make it a full path.
+// Returns the name unchanged when the system cannot make it a full path.
 CString FullPath(const WCHAR* fileName) {
     const DWORD size = GetFullPathNameW(fileName, 0, nullptr, nullptr);
     CString path;

@@ -1,5 +1,5 @@
-// The objects that stand for handles: permanent ones, which are their owners' own, and temporary
-// ones, which belong to the map.
+// Maps handles to objects. Permanent objects belong to their owners, temporary ones to the
+// map.
 #pragma once
 
 #include <algorithm>
@@ -9,8 +9,8 @@
 
 namespace quorvel {
 
-// Traits name the types and say how an object of a handle is made, let go of (so that its
-// destructor leaves the handle alone), and whether a handle still means something.
+// Traits name the types. They create an object for a handle, release it (its destructor then leaves
+// the handle alone), and say whether a handle is still valid.
 template <class Traits>
 class HandleMap {
 public:
@@ -21,7 +21,7 @@ public:
         const auto found = m_permanent.find(handle);
         return found != m_permanent.end() ? found->second : nullptr;
     }
-    // False when the handle has an object.
+    // Returns false when the handle already has an object.
     bool AddPermanent(Handle handle, Object* object) {
         return m_permanent.emplace(handle, object).second;
     }
@@ -47,7 +47,7 @@ private:
     };
     using Temporary = std::unique_ptr<Object, LetGo>;
 
-    // Temporary objects of handles that are no more would gather without end.
+    // Deletes the temporary objects of dead handles, which would otherwise accumulate.
     void Sweep() {
         std::erase_if(m_temporary, [](const auto& each) { return !Traits::IsAlive(each.first); });
         m_sweepSize = std::max<std::size_t>(kFirstSweepSize, m_temporary.size() * 2);
@@ -59,8 +59,8 @@ private:
     std::size_t m_sweepSize = kFirstSweepSize;
 };
 
-// The calling thread's one State, made when it is first asked for. Objects with static storage may
-// ask after the thread's own objects are gone: they get a new one, which stays.
+// The calling thread's State, created on first use. Destructors of static objects may call this
+// after the thread's objects were destroyed. They get a new one, which is never deleted.
 template <class State>
 State& ThreadState() {
     static thread_local State* t_state = nullptr;

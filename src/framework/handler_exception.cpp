@@ -11,7 +11,7 @@
 
 namespace {
 
-// A box over a window that fails to draw makes it draw again when the box closes, without end.
+// A message box over a window that fails to draw makes it draw again, in an endless loop.
 constexpr UINT kSilent[] = {
     WM_CREATE,          WM_PAINT,
 #if defined(_WIN32)
@@ -21,7 +21,7 @@ constexpr UINT kSilent[] = {
 };
 
 #if defined(_WIN32)
-// What a list-view asks its parent while it draws.
+// The notifications that a list-view sends its parent while it draws.
 constexpr UINT kSilentNotifications[] = {LVN_GETDISPINFOW, LVN_GETDISPINFOA, LVN_ODCACHEHINT,
                                          NM_CUSTOMDRAW};
 
@@ -61,7 +61,7 @@ LRESULT DefaultWndProcException(CException* exception, const MSG* message) {
         IsSilentNotification(*message) || exception->IsKindOf(RUNTIME_CLASS(CUserException));
     if (!silent)
         exception->ReportError(MB_OK | MB_ICONSTOP);
-    if (message->message == WM_PAINT) // until it is validated, the system asks again without end
+    if (message->message == WM_PAINT) // the system repeats WM_PAINT until the window is validated
         return ::DefWindowProcW(message->hwnd, message->message, message->wParam, message->lParam);
     return message->message == WM_CREATE ? -1 : 0;
 }
@@ -83,7 +83,7 @@ LRESULT EndHandlerException(const MSG& message) noexcept {
             CException unknown(FALSE);
             return Report(&unknown, message);
         }
-    } catch (CException* exception) { // from the report itself
+    } catch (CException* exception) { // from reporting the error
         exception->Delete();
     } catch (...) {
         // Nothing more can be shown.

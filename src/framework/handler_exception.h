@@ -1,4 +1,4 @@
-// Where an exception ends that left a message's handler.
+// Handles an exception that left a message handler.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -7,13 +7,13 @@ class CException;
 
 namespace quorvel {
 
-// Called in a catch block: passes the exception that was caught to the application's
-// ProcessWndProcException, or to its default, and frees it. The result is the message's. While one
-// exception of the thread is being reported, further ones are dropped: the box that reports it has
-// a message loop, and a handler that fails for every timer message would pile up boxes.
+// Call it in a catch block. Passes the caught exception to the application's
+// ProcessWndProcException, or to its default, and frees it. Returns the message's result. While a
+// thread reports one exception, its further ones are dropped: the report's message box has a
+// message loop, so a handler that fails for each timer message would open one box after another.
 LRESULT EndHandlerException(const MSG& message) noexcept;
 
-// What CWinApp::ProcessWndProcException does.
+// Implements CWinApp::ProcessWndProcException.
 LRESULT DefaultWndProcException(CException* exception, const MSG* message);
 
 } // namespace quorvel

@@ -24,7 +24,7 @@ CString TextOf(View text) {
     return CString(text.data(), static_cast<int>(text.size()));
 }
 
-// Null when there is no such scheme.
+// Null for an unknown scheme.
 const Scheme* FindScheme(View name) {
     const auto found = std::ranges::find_if(kSchemes, [name](const Scheme& scheme) {
         return std::ranges::equal(name, scheme.name, {}, [](WCHAR unit) {
@@ -34,9 +34,9 @@ const Scheme* FindScheme(View name) {
     return found != std::end(kSchemes) ? found : nullptr;
 }
 
-// Cuts the port off the authority; false when it is no port. One that is empty is the scheme's own.
+// Removes the port from the authority; false for an invalid port. An empty one is the default.
 bool TakePort(View& authority, WORD& port) {
-    const std::size_t bracket = authority.rfind(']'); // the colons of an IPv6 address lie before it
+    const std::size_t bracket = authority.rfind(']'); // an IPv6 address has its colons before it
     const std::size_t colon = authority.find(':', bracket != View::npos ? bracket : 0);
     if (colon == View::npos)
         return true;

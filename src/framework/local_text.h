@@ -1,4 +1,4 @@
-// A text that the platform's message formatter allocated.
+// A text allocated by the platform's message formatter.
 #pragma once
 
 #include "platform/win32.h"

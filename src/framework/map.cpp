@@ -6,7 +6,7 @@ namespace {
 
 typedef std::map<CString, CString, std::less<>> Entries;
 
-// A position is the address of an entry, which stays where it is for as long as it is in the map.
+// A position is the address of an entry. An entry does not move while it is in the map.
 template <class Iterator>
 POSITION PositionOf(const Entries& entries, Iterator entry) {
     return entry != entries.end() ? reinterpret_cast<POSITION>(&*entry) : nullptr;

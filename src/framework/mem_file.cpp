@@ -11,7 +11,7 @@ IMPLEMENT_DYNAMIC(CMemFile, CFile)
 
 namespace {
 
-// No block of memory is larger.
+// A memory block cannot be larger.
 constexpr ULONGLONG kMaximumLength = std::numeric_limits<SIZE_T>::max() / 2;
 
 } // namespace
@@ -124,7 +124,7 @@ void CMemFile::Reserve(ULONGLONG size) {
         return;
     if (m_growBytes == 0 || size > kMaximumLength)
         AfxThrowMemoryException();
-    // By the wished step, or by half where the file has outgrown it: writing stays linear.
+    // Grows by the given step, or by half if that is more: the cost of writing stays linear.
     const ULONGLONG step = std::max<ULONGLONG>(m_growBytes, m_capacity / 2);
     const ULONGLONG capacity = std::min(std::max(m_capacity + step, size), kMaximumLength);
     void* moved = std::realloc(m_buffer, static_cast<SIZE_T>(capacity));

@@ -1,12 +1,12 @@
-// Which window a message box of the library lies over.
+// The owner window of the library's message boxes.
 #pragma once
 
 #include <quorvel/platform/platform.h>
 
 namespace quorvel {
 
-// The last active popup of this thread's active window, or else of its main window, so that the box
-// blocks the dialog that is in front. Null when the thread has no window, and always on Linux.
+// The last active popup of this thread's active window or, without one, of its main window. So the
+// box blocks the front dialog. Null when the thread has no window, and always on Linux.
 HWND MessageBoxOwner();
 
 } // namespace quorvel

@@ -20,8 +20,8 @@ bool IsMissing(DWORD error) {
 
 ReplacementFile::ReplacementFile(const WCHAR* path)
     : m_path(path), m_target(FinalPath(path).c_str()) {
-    // Whoever may not write the target may not replace it either. The attribute is asked for as
-    // well: a privileged user could open a read-only file where the system is lenient.
+    // A user who may not write the target may not replace it. Checks the attribute too, because
+    // some systems let a privileged user open a read-only file.
     const DWORD attributes = GetFileAttributesW(m_target);
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
         SetLastError(ERROR_ACCESS_DENIED);
@@ -79,7 +79,7 @@ void ReplacementFile::Write(const void* bytes, UINT count) {
         return WriteToFile(static_cast<const char*>(bytes), count);
     try {
         m_pending.append(static_cast<const char*>(bytes), count);
-    } catch (const std::exception&) { // no memory, or the string's own limit
+    } catch (const std::exception&) { // no memory, or longer than a string may be
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         ThrowLastError();
     }
@@ -121,7 +121,7 @@ void ReplacementFile::Commit() {
 
 void ReplacementFile::ThrowLastError() const {
     CFileException::ThrowOsError(static_cast<LONG>(GetLastError()), m_path);
-    AfxThrowFileException(CFileException::genericException, -1, m_path); // no code was left
+    AfxThrowFileException(CFileException::genericException, -1, m_path); // no code is available
 }
 
 } // namespace quorvel

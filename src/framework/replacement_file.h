@@ -1,12 +1,12 @@
-// A file that is replaced as a whole or not at all.
+// Replaces a file as a whole or not at all.
 //
-// What is written goes to a new file in the target's folder, which takes the target's place in
-// Commit; without a Commit, and when the process ends before, the target is as it was. A symbolic
-// link stays one: the file it leads to is replaced. Where the target is no ordinary file, or the
-// folder takes no second one, the target is written in place. An ordinary file is then kept until
-// Commit, which first reserves the room on the disk; what is written waits in memory. Only a
-// process that ends within Commit, and a disk that fails, leave a mixture. Nothing is forced to the
-// disk: after a power cut either content may be there.
+// Data is written to a new file in the target's folder, and Commit puts it in the target's place.
+// Without a Commit, or if the process ends before it, the target stays unchanged. A symbolic link
+// stays a link: the file that it names is replaced. If the target is not an ordinary file, or the
+// folder takes no second file, the target is written in place. Its data, for an ordinary file, then
+// waits in memory until Commit, which first reserves disk space. Only a process that ends during
+// Commit, or a failing disk, leaves mixed content. Nothing is flushed to the disk: after a power
+// failure either content is possible.
 //
 // Failures throw CFileException with the target's name. One thread.
 #pragma once
@@ -21,7 +21,7 @@ namespace quorvel {
 
 class ReplacementFile {
 public:
-    // Refused when the target exists and can't be opened for writing, or when nothing can be
+    // Throws when the target exists but cannot be opened for writing, or when no file can be
     // created.
     explicit ReplacementFile(const WCHAR* path);
     ReplacementFile(const ReplacementFile&) = delete;
@@ -40,8 +40,8 @@ private:
 
     const CString m_path;
     CString m_target;
-    CString m_sibling;              // empty: written in place
-    bool m_holdsOldContent = false; // in place: what was written is pending
+    CString m_sibling;              // empty when written in place
+    bool m_holdsOldContent = false; // in place: the new data is pending
     std::string m_pending;
     ScopedHandle m_file;
 };

@@ -1,4 +1,4 @@
-// ScopedKey: an open registry key that is closed at the end of its owner.
+// ScopedKey owns an open registry key and closes it.
 #pragma once
 
 #include "platform/win32.h"
@@ -23,7 +23,7 @@ public:
 
     HKEY Get() const { return m_key; }
     HKEY Release() { return std::exchange(m_key, nullptr); }
-    // For the operations that open a key; of an object that holds none.
+    // An output argument for functions that open a key. The object must be empty.
     HKEY& Receive() { return m_key; }
 
 private:

@@ -20,7 +20,7 @@ using quorvel::StringHeader;
 
 namespace {
 
-// The empty text that every empty string shares: it is never written, counted or freed.
+// The text that all empty strings share. It is never written, counted or freed.
 template <class Ch>
 struct EmptyText {
     StringHeader header;
@@ -72,7 +72,7 @@ int LengthSum(int left, int right) {
 WCHAR Fold(WCHAR character) {
     return quorvel::FoldCase(character);
 }
-char Fold(char character) { // bytes of other letters mean nothing alone
+char Fold(char character) { // bytes above ASCII have no meaning alone
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
 }
 
@@ -208,15 +208,15 @@ void CStringT<Ch>::Release() noexcept {
         std::free(header);
 }
 
-// Whether the text begins in this string's own characters, which a change may move. Its end, where
-// an empty text may lie, does not count.
+// Whether the text begins in this string's buffer, which a change may move. The buffer's end does
+// not count, because another, empty text may begin there.
 template <class Ch>
 bool CStringT<Ch>::Owns(const Ch* text) const noexcept {
     const std::less<const Ch*> before;
     return !before(text, m_text) && before(text, m_text + GetLength());
 }
 
-// Gives the string characters of its own with room for `capacity`, keeping the text.
+// Moves the text to a new buffer for `capacity` characters that only this string uses.
 template <class Ch>
 void CStringT<Ch>::Reallocate(int capacity) {
     if (capacity < 0 || capacity > kMaximumLength ||
@@ -245,14 +245,14 @@ void CStringT<Ch>::Reallocate(int capacity) {
     SetLength(std::min(header->length, capacity));
 }
 
-// Makes the characters this string's own, with room for `minimumLength`.
+// Makes sure that only this string uses its buffer, and that `minimumLength` fits.
 template <class Ch>
 Ch* CStringT<Ch>::PrepareWrite(int minimumLength) {
     const int capacity = GetAllocLength();
     if (IsShared()) {
         Reallocate(std::max(minimumLength, GetLength()));
     } else if (capacity < minimumLength) {
-        // Half as much again keeps appending linear.
+        // Growing by half keeps the cost of appending linear.
         const std::size_t more = static_cast<std::size_t>(capacity) + capacity / 2;
         const std::size_t room = quorvel::RoomToGrow(more * sizeof(Ch)) / sizeof(Ch);
         const int grown = static_cast<int>(std::min<std::size_t>(room, kMaximumLength));
@@ -289,7 +289,7 @@ void CStringT<Ch>::SetString(const Ch* text, int length) {
     } else if (Owns(text)) {
         *this = Mid(static_cast<int>(text - m_text), length);
     } else if (IsShared() || GetAllocLength() < length) {
-        CStringT fresh; // the old text is not needed, but stays until there is memory for the new
+        CStringT fresh; // keeps the old text until the allocation has succeeded
         CopyCharacters(fresh.PrepareWrite(length), text, length);
         fresh.SetLength(length);
         *this = std::move(fresh);
@@ -370,7 +370,7 @@ template <class Ch>
 void CStringT<Ch>::ReleaseBuffer(int newLength) {
     if (m_text == EmptyCharacters<Ch>())
         return;
-    PrepareWrite(GetLength()); // without a GetBuffer before it, the characters may be shared
+    PrepareWrite(GetLength()); // without a preceding GetBuffer, other strings may share the buffer
     if (newLength < 0) {
         const Ch* end =
             std::char_traits<Ch>::find(m_text, static_cast<std::size_t>(GetAllocLength()), Ch());
@@ -650,7 +650,7 @@ CStringT<Ch>& CStringT<Ch>::Trim(Ch character) {
 
 template <class Ch>
 CStringT<Ch>& CStringT<Ch>::Trim(const Ch* characters) {
-    if (Owns(characters)) { // the first step may cut them off
+    if (Owns(characters)) { // the first step may remove them
         const CStringT copy(characters);
         return Trim(copy.m_text);
     }
@@ -732,8 +732,8 @@ template <class Ch>
 void CStringT<Ch>::AppendFormatV(const Ch* format, va_list arguments) {
     if (format == nullptr)
         return;
-    // Most results are short: they are formatted once, and only longer ones are measured first.
-    // The terminator proves that all is there: Wine returns too small a length for a %c cut off.
+    // Most results are short, so they are formatted once, and only longer ones are measured first.
+    // The terminator shows that nothing is missing: Wine's length is too small for a %c cut off.
     Ch shortText[256];
     constexpr int shortSize = static_cast<int>(std::size(shortText));
     va_list copy;

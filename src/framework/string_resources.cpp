@@ -1,4 +1,4 @@
-// The members of the string class that read the resources or call the message formatter.
+// The string members that read resources or call the message formatter.
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/extension_module.h>
 #include <quorvel/framework/string.h>
@@ -32,7 +32,7 @@ String LoadFormat(UINT id) {
     return format;
 }
 
-constexpr DWORD kNoWorkDone = 235; // the system's error for an empty message, where it has one
+constexpr DWORD kNoWorkDone = 235; // the system's error for an empty message, on some systems
 
 } // namespace
 
@@ -108,7 +108,7 @@ void CStringT<Ch>::FormatMessageV(const Ch* format,
     SetString(text.get(), static_cast<int>(length));
 }
 
-// The class is instantiated where its other members are defined; here are these.
+// The class is instantiated with its other members; these are the members of this file.
 template BOOL CStringT<WCHAR>::LoadString(UINT);
 template BOOL CStringT<char>::LoadString(UINT);
 template BOOL CStringT<WCHAR>::LoadString(HINSTANCE, UINT);

@@ -9,12 +9,12 @@
 
 IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 
-// What a thread starts with. The thread and its object share it, as either may go first.
+// The start data of a thread. The thread and its object share it, because either may end first.
 struct quorvel::ThreadStart {
     AFX_THREADPROC function;
     void* parameter;
     CWinThread* object;
-    std::atomic<bool> abandoned = false; // the object went before the thread ran
+    std::atomic<bool> abandoned = false; // the object was deleted before the thread ran
 
     static std::unique_ptr<CWinThread> Begin(AFX_THREADPROC function, void* parameter,
                                              UINT stackSize);
@@ -22,7 +22,7 @@ struct quorvel::ThreadStart {
     UINT CallFunction() const noexcept;
 };
 
-// Suspended in any case: it must not end before its object knows its handle.
+// Always suspended: the thread must not end before its object has its handle.
 std::unique_ptr<CWinThread> quorvel::ThreadStart::Begin(AFX_THREADPROC function, void* parameter,
                                                         UINT stackSize) {
     auto thread = std::make_unique<CWinThread>();
@@ -41,7 +41,7 @@ UINT quorvel::ThreadStart::CallFunction() const noexcept {
         return function(parameter);
     } catch (CException* exception) {
         exception->Delete();
-    } catch (...) { // nothing may leave a thread
+    } catch (...) { // no exception may leave a thread
     }
     return 0;
 }
@@ -64,7 +64,7 @@ CWinThread::~CWinThread() {
     if (m_hThread == nullptr)
         return;
     m_start->abandoned = true;
-    ::ResumeThread(m_hThread); // nothing else would end one that is suspended
+    ::ResumeThread(m_hThread); // otherwise a suspended thread would never end
     ::CloseHandle(m_hThread);
 }
 

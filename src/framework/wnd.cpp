@@ -13,7 +13,7 @@
 
 IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
 
-// What the platform calls.
+// The callbacks for the platform.
 struct quorvel::WindowCallbacks {
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     static LRESULT CALLBACK CreationHook(int code, WPARAM wParam, LPARAM lParam);
@@ -35,8 +35,8 @@ struct WindowTraits {
 
 struct WindowState {
     quorvel::HandleMap<WindowTraits> windows;
-    MSG current = {};        // being handled, for CWnd::Default
-    CWnd* awaited = nullptr; // gets the next window that is created
+    MSG current = {};        // being handled; CWnd::Default uses it
+    CWnd* awaited = nullptr; // the object of the next window that is created
     HHOOK creationHook = nullptr;
 };
 
@@ -44,7 +44,7 @@ WindowState& State() {
     return quorvel::ThreadState<WindowState>();
 }
 
-// Handlers send messages: the one outside is current again when the one inside is done.
+// Handlers send messages: the outer message is current again after the inner one.
 class CurrentMessage {
 public:
     explicit CurrentMessage(const MSG& message)
@@ -60,12 +60,12 @@ void ReleaseCreationHook() {
     const HHOOK hook = std::exchange(State().creationHook, nullptr);
     if (hook == nullptr)
         return;
-    const DWORD error = ::GetLastError(); // the creation's, which the caller may ask for
+    const DWORD error = ::GetLastError(); // the error of the creation, for the caller
     ::UnhookWindowsHookEx(hook);
     ::SetLastError(error);
 }
 
-// The input method's helper windows appear along with a thread's first window.
+// The input method creates helper windows with a thread's first window.
 bool IsInputMethodWindow(HWND window) {
     WCHAR name[20];
     if (::GetClassNameW(window, name, static_cast<int>(std::size(name))) == 0)
@@ -151,14 +151,14 @@ LRESULT CALLBACK quorvel::WindowCallbacks::CreationHook(int code, WPARAM wParam,
         accepted = wnd->Attach(window) != FALSE;
         wnd->PreSubclassWindow();
         wnd->InstallProcedure();
-    } catch (...) { // nothing may leave a hook
+    } catch (...) { // no exception may leave a hook
         accepted = false;
     }
     accepted = ::CallNextHookEx(state.creationHook, code, wParam, lParam) == 0 && accepted;
     ReleaseCreationHook();
     if (accepted)
         return 0;
-    wnd->UnsubclassWindow(); // the refused window gets no message that would do it
+    wnd->UnsubclassWindow(); // the refused window gets no message that would do this
     state.awaited = wnd;
     return 1;
 }
@@ -183,10 +183,10 @@ BOOL CWnd::CreateEx(DWORD extendedStyle, const WCHAR* className, const WCHAR* wi
     const HWND window = ::CreateWindowExW(extendedStyle, className, windowName, style, x, y, width,
                                           height, parentOrOwner, menuOrId, nullptr, parameter);
     if (!AfxUnhookWindowCreate()) {
-        PostNcDestroy(); // it failed before there was a window to send WM_NCDESTROY
+        PostNcDestroy(); // it failed before a window existed that would get WM_NCDESTROY
         return FALSE;
     }
-    return window != nullptr; // if not, this object may be gone
+    return window != nullptr; // otherwise this object may have been deleted
 }
 
 BOOL CWnd::DestroyWindow() {
@@ -195,8 +195,8 @@ BOOL CWnd::DestroyWindow() {
         return FALSE;
     const bool permanent = FromHandlePermanent(window) == this;
     const BOOL destroyed = ::DestroyWindow(window);
-    // Normally WM_NCDESTROY has detached it, and this object may be gone. A window that was only
-    // attached, or has lost our procedure to another, does not tell.
+    // Normally WM_NCDESTROY has detached the window, and this object may be deleted. A window that
+    // was only attached, or no longer has our procedure, does not send it here.
     if (destroyed && permanent && FromHandlePermanent(window) == this)
         Detach();
     return destroyed;
@@ -238,7 +238,7 @@ LRESULT CALLBACK quorvel::WindowCallbacks::Procedure(HWND window, UINT message, 
     if (wnd == nullptr)
         return ::DefWindowProcW(window, message, wParam, lParam);
     const LRESULT result = wnd->Dispatch(message, wParam, lParam);
-    // After any other message the object may be gone, for its window may have been destroyed.
+    // After other messages the object may be deleted, because its window may have been destroyed.
     if (message == WM_NCDESTROY && CWnd::FromHandlePermanent(window) == wnd)
         wnd->FinishDestroy();
     return result;
@@ -261,7 +261,7 @@ LRESULT CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
 void CWnd::FinishDestroy() noexcept {
     UnsubclassWindow();
     if (AfxGetMainWnd() == this)
-        AfxGetApp()->m_pMainWnd = nullptr; // it may be gone before the application is
+        AfxGetApp()->m_pMainWnd = nullptr; // it may be deleted before the application
 #if defined(_WIN32)
     if (m_modal == Modal::Running)
         EndModalLoop(-1);
@@ -304,7 +304,7 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (IsEndOfCommand(wParam, lParam))
         return TRUE;
 #endif
-    const int code = lParam != 0 ? HIWORD(wParam) : CN_COMMAND; // an accelerator's word is 1
+    const int code = lParam != 0 ? HIWORD(wParam) : CN_COMMAND; // for an accelerator, HIWORD is 1
     return OnCmdMsg(LOWORD(wParam), code, nullptr, nullptr);
 }
 
@@ -366,7 +366,7 @@ const AFX_MSGMAP* CWnd::GetMessageMap() const {
     return GetThisMessageMap();
 }
 
-// The most derived class's row wins.
+// The row of the most derived class has priority.
 const AFX_MSGMAP_ENTRY* CWnd::FindEntry(UINT message, UINT code, UINT id) const {
     const AFX_MSGMAP* map = GetMessageMap();
     while (map != nullptr) {

@@ -25,7 +25,7 @@ namespace {
 
 class ButtonTheme {
 public:
-    // Null where the control itself is not drawn by a theme.
+    // Null when the control is drawn without a theme.
     explicit ButtonTheme(HWND control)
         : m_theme(::GetWindowTheme(control) != nullptr ? ::OpenThemeData(nullptr, L"BUTTON")
                                                        : nullptr) {}
@@ -36,7 +36,7 @@ public:
     }
     explicit operator bool() const { return m_theme != nullptr; }
 
-    // Draws a check box in the middle of a rectangle.
+    // Draws a check box centred in a rectangle.
     void DrawCheckBox(HDC dc, const CRect& place, int check, bool enabled) const {
         constexpr int kStatesOfACheck = CBS_CHECKEDNORMAL - CBS_UNCHECKEDNORMAL;
         const int state =
@@ -67,14 +67,14 @@ void CCheckListBox::PreSubclassWindow() {
     FollowFont();
 }
 
-// The system asks for the height of the rows once, as the control is created: before it has its
-// dialog's font, and before it is subclassed.
+// The system asks for the row height only once, during creation. At that time the control has no
+// dialog font and is not subclassed.
 void CCheckListBox::FollowFont() {
     if ((GetStyle() & LBS_OWNERDRAWFIXED) != 0)
         SetItemHeight(0, static_cast<UINT>(HeightOfRow()));
 }
 
-// The rows' checks follow what any caller does to the rows.
+// Updates the checks whenever any caller changes the rows.
 LRESULT CCheckListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = CListBox::WindowProc(message, wParam, lParam);
     switch (message) {
@@ -136,12 +136,12 @@ void CCheckListBox::InvalidateRow(int row) {
         InvalidateRect(rect, FALSE);
 }
 
-// As wide as a row is high, so that it follows the size of the text.
+// The width of the check box is the row height, so that it follows the text size.
 int CCheckListBox::BoxWidth() const {
     return GetItemHeight(0);
 }
 
-// With room for a box around the text's height.
+// The height of the text plus a box around it.
 int CCheckListBox::HeightOfRow() {
     CClientDC dc(this);
     CFont* const former = dc.SelectObject(GetFont());
@@ -169,7 +169,7 @@ void CCheckListBox::DrawBox(CDC& dc, CRect box, int check, bool enabled) {
 
 void CCheckListBox::DrawItem(DRAWITEMSTRUCT* item) {
     const Row* const row = Find(static_cast<int>(item->itemID));
-    if (row == nullptr) { // an empty list that has the focus
+    if (row == nullptr) { // an empty list with the focus
         if ((item->itemState & ODS_FOCUS) != 0)
             ::DrawFocusRect(item->hDC, &item->rcItem);
         return;
@@ -198,8 +198,8 @@ void CCheckListBox::DrawItem(DRAWITEMSTRUCT* item) {
         dc->DrawFocusRect(label);
 }
 
-// The default procedure selects rows before the check changes, so that the parent's handler finds
-// the row selected.
+// The default procedure selects the row before the check changes, so the parent's handler finds the
+// row selected.
 void CCheckListBox::Toggle(int row) {
     Row* const found = Find(row);
     if (found == nullptr || !found->enabled)
@@ -233,7 +233,7 @@ void CCheckListBox::OnLButtonDown(UINT flags, CPoint point) {
 }
 
 void CCheckListBox::OnLButtonDblClk(UINT flags, CPoint point) {
-    if (!ToggleAt(point)) // each click of a fast user counts
+    if (!ToggleAt(point)) // each click counts, also the second of a double click
         CListBox::OnLButtonDblClk(flags, point);
 }
 
@@ -245,6 +245,6 @@ void CCheckListBox::OnKeyDown(UINT key, UINT repeat, UINT flags) {
 }
 
 void CCheckListBox::OnChar(UINT character, UINT repeat, UINT flags) {
-    if (character != ' ') // it would search for a row that begins with a blank
+    if (character != ' ') // a blank would search for a row that begins with it
         CListBox::OnChar(character, repeat, flags);
 }

@@ -1,4 +1,4 @@
-// The child windows of a window, taken before they are sent messages, which may destroy some.
+// A window's children, listed before messages are sent to them, which may destroy some.
 #pragma once
 
 #include <quorvel/platform/platform.h>

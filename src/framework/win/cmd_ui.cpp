@@ -4,7 +4,7 @@
 
 namespace {
 
-// A button that is pushed for a command, not one that holds a state.
+// Whether the control is a push button, which has no state.
 bool IsPushButton(const CWnd& control) {
     const LRESULT code = control.SendMessage(WM_GETDLGCODE);
     return (code & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
@@ -23,7 +23,7 @@ void CCmdUI::Enable(BOOL on) {
         m_pMenu->EnableMenuItem(m_nIndex,
                                 static_cast<UINT>(MF_BYPOSITION | (on ? MF_ENABLED : MF_GRAYED)));
     } else if (m_pOther != nullptr && m_pOther->IsWindowEnabled() != on) {
-        // A disabled window that keeps the focus would leave the dialog without a keyboard.
+        // A disabled window with the focus would make the dialog unusable with the keyboard.
         if (!on && ::GetFocus() == m_pOther->m_hWnd)
             ::SendMessageW(::GetParent(m_pOther->m_hWnd), WM_NEXTDLGCTL, 0, FALSE);
         m_pOther->EnableWindow(on);
@@ -48,19 +48,19 @@ void CCmdUI::SetText(const WCHAR* text) {
     if (m_pMenu != nullptr) {
         MENUITEMINFOW info = {};
         info.cbSize = sizeof info;
-        info.fMask = MIIM_STRING; // leaves the item's state and sub-menu alone
+        info.fMask = MIIM_STRING; // keeps the item's state and sub-menu
         info.dwTypeData = const_cast<LPWSTR>(text);
         m_pMenu->SetMenuItemInfo(m_nIndex, &info, TRUE);
     } else if (m_pOther != nullptr) {
         CString former;
         m_pOther->GetWindowText(former);
-        if (former != text) // setting the same one flickers
+        if (former != text) // setting the same text would flicker
             m_pOther->SetWindowText(text);
     }
 }
 
 BOOL CCmdUI::DoUpdate(CWnd* target, BOOL disableIfNoHandler) {
-    if (m_nID == 0 || LOWORD(m_nID) == 0xffff) // a separator, a label
+    if (m_nID == 0 || LOWORD(m_nID) == 0xffff) // a separator or a label
         return TRUE;
     const BOOL handled = target->OnCmdMsg(m_nID, CN_UPDATE_COMMAND_UI, this, nullptr);
     if (!handled && disableIfNoHandler && (m_pOther == nullptr || IsPushButton(*m_pOther))) {

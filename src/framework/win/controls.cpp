@@ -1,4 +1,4 @@
-// The classes of the platform's controls, whose other members forward inline.
+// Members of the control classes that do not only forward.
 #include <quorvel/framework/win/combo_box.h>
 #include <quorvel/framework/win/edit.h>
 #include <quorvel/framework/win/image_list.h>
@@ -27,7 +27,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// A row's text of a list box or combo box, by its messages for the length and for the text.
+// Reads a row's text from a list box or combo box with their messages.
 void ReadRow(const CWnd& list, UINT lengthMessage, UINT textMessage, int row, CString& text) {
     text.Empty();
     const LRESULT length = list.SendMessage(lengthMessage, static_cast<WPARAM>(row));
@@ -50,7 +50,7 @@ LVITEMW ItemOf(UINT mask, int item, int subItem, const WCHAR* text, UINT state, 
     description.iSubItem = subItem;
     description.state = state;
     description.stateMask = stateMask;
-    description.pszText = const_cast<LPWSTR>(text); // only read
+    description.pszText = const_cast<LPWSTR>(text); // it is only read
     description.iImage = image;
     description.lParam = data;
     return description;
@@ -68,7 +68,7 @@ void quorvel::RegisterCommonControls() {
             sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES | ICC_DATE_CLASSES};
         return ::InitCommonControlsEx(&classes) != FALSE;
     }();
-    static_cast<void>(s_registered); // creating a window of a missing class fails by itself
+    static_cast<void>(s_registered); // if it fails, creating a control fails too
 }
 
 void CComboBox::GetLBText(int row, CString& text) const {
@@ -142,7 +142,7 @@ CString CListCtrl::GetItemText(int item, int subItem) const {
     LVITEMW description = {};
     description.iSubItem = subItem;
     for (int size = kFirstSize;; size *= 2) {
-        // The list may point the record to a text of its own, so the buffer is read by the result.
+        // The list may replace the pointer by its own text, so the result limits the buffer.
         description.pszText = text.GetBuffer(size);
         description.cchTextMax = size;
         const int length = static_cast<int>(SendMessage(LVM_GETITEMTEXTW, static_cast<WPARAM>(item),
@@ -161,7 +161,7 @@ int CListCtrl::GetItemText(int item, int subItem, WCHAR* buffer, int size) const
     description.iSubItem = subItem;
     description.pszText = buffer;
     description.cchTextMax = size;
-    *buffer = 0; // for an item that does not exist
+    *buffer = 0; // stays for an item that does not exist
     return Send(LVM_GETITEMTEXTW, item, &description);
 }
 
@@ -195,7 +195,7 @@ BOOL CListCtrl::SetItemState(int item, UINT state, UINT mask) {
     return Send(LVM_SETITEMSTATE, item, &description);
 }
 
-// A position is the item's number, one more so that it is not null.
+// A position is the item's number plus one, so that it is never null.
 POSITION CListCtrl::GetFirstSelectedItemPosition() const {
     return reinterpret_cast<POSITION>(static_cast<INT_PTR>(GetNextItem(-1, LVNI_SELECTED) + 1));
 }

@@ -18,7 +18,7 @@ CString TextOf(HWND control) {
     return text;
 }
 
-// A text that is there already is not set again: that would notify, and move the caret.
+// Does not set an equal text again: that would notify the parent and move the caret.
 void ShowText(HWND control, const WCHAR* text) {
     if (TextOf(control) != text)
         ::SetWindowTextW(control, text);
@@ -49,7 +49,7 @@ CString RangeText(double low, double high) {
     return text;
 }
 
-// False when the text is no integer, or one that a LONGLONG does not hold.
+// Returns false unless the text is an integer that a LONGLONG can hold.
 bool ParseInteger(CString text, LONGLONG& value) {
     text.Trim();
     const bool negative = text.Left(1) == _T("-");
@@ -68,7 +68,7 @@ bool IsRadioButton(HWND control) {
     return (::SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0;
 }
 
-// The messages by which the rows of a list box or of a combo box are read and chosen.
+// The messages that read and select the rows of a list box or combo box.
 struct RowMessages {
     UINT getSelection, select, find, findExact, textLength, text;
 };
@@ -82,10 +82,10 @@ void ExchangeIndex(CDataExchange* exchange, int id, int& index, const RowMessage
     if (exchange->m_bSaveAndValidate)
         index = static_cast<int>(::SendMessageW(control, messages.getSelection, 0, 0));
     else if (::SendMessageW(control, messages.select, static_cast<WPARAM>(index), 0) < 0)
-        ::SendMessageW(control, messages.select, static_cast<WPARAM>(-1), 0); // no such row
+        ::SendMessageW(control, messages.select, static_cast<WPARAM>(-1), 0); // -1 matches no row
 }
 
-// FALSE when no row has the text.
+// Returns FALSE when no row has the text.
 bool SelectRow(HWND control, const CString& text, const RowMessages& messages, bool exact) {
     const LRESULT row =
         ::SendMessageW(control, exact ? messages.findExact : messages.find, static_cast<WPARAM>(-1),
@@ -177,7 +177,7 @@ void quorvel::ValidateRange(CDataExchange* exchange, LONGLONG value, LONGLONG lo
 
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {
     if (control.m_hWnd == nullptr && !control.SubclassWindow(exchange->PrepareCtrl(id)))
-        AfxThrowNotSupportedException(); // another object has it
+        AfxThrowNotSupportedException(); // another object is attached to it
 }
 
 void DDX_Text(CDataExchange* exchange, int id, CString& value) {

@@ -22,7 +22,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// The dialog's messages reach its object before this; the platform wants a procedure all the same.
+// The object gets the messages before this procedure, but the platform requires a procedure.
 INT_PTR CALLBACK DialogProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
 }
@@ -94,7 +94,7 @@ INT_PTR CDialog::DoModal() {
         return -1;
     const HWND owner = quorvel::ModalOwner(SafeHwndOf(m_pParentWnd));
     std::optional<quorvel::DisabledWindow> disabled(owner);
-    m_modal = Modal::Running; // from here on EndDialog has an effect
+    m_modal = Modal::Running; // EndDialog has an effect from here on
     m_modalResult = -1;
     DWORD error = ERROR_SUCCESS;
     const BOOL isCreated = CreateFrom(found.dialog, owner, found.module);
@@ -138,10 +138,10 @@ BOOL CDialog::CreateFrom(const DLGTEMPLATE* dialogTemplate, HWND parent, HINSTAN
     const HWND window =
         ::CreateDialogIndirectParamW(module, dialogTemplate, parent, DialogProcedure, 0);
     if (!AfxUnhookWindowCreate()) {
-        PostNcDestroy(); // it failed before there was a window to send WM_NCDESTROY
+        PostNcDestroy(); // it failed before a window existed that would get WM_NCDESTROY
         return FALSE;
     }
-    return ::IsWindow(window); // if not, this object may be gone
+    return ::IsWindow(window); // otherwise this object may have been deleted
 }
 
 LRESULT CDialog::HandleInitDialog(WPARAM wParam, LPARAM lParam) {
@@ -150,7 +150,7 @@ LRESULT CDialog::HandleInitDialog(WPARAM wParam, LPARAM lParam) {
     bool isWhole = true;
     try {
         setsFocus = OnInitDialog();
-    } catch (...) { // half a dialog is of no use
+    } catch (...) { // a dialog that failed to initialize is closed
         quorvel::EndHandlerException({window, WM_INITDIALOG, wParam, lParam, 0, {}});
         isWhole = false;
     }
@@ -162,8 +162,8 @@ LRESULT CDialog::HandleInitDialog(WPARAM wParam, LPARAM lParam) {
     m_opening = Opening::No;
     if (isWhole)
         return setsFocus;
-    // Now, as the platform shows a dialog of style WS_VISIBLE after this message.
-    DestroyWindow(); // this object may be gone
+    // Destroys it now, because the platform shows a dialog of style WS_VISIBLE after this message.
+    DestroyWindow(); // this object may be deleted now
     return FALSE;
 }
 
@@ -206,7 +206,7 @@ BOOL CDialog::LoadAccelTable(const WCHAR* name) {
 }
 
 BOOL CDialog::TranslateAccelerators(MSG* message) {
-    // Not the keys of a dialog that this one owns, whose messages come here too.
+    // Excludes the keys of a dialog that this one owns; its messages come here too.
     return m_accelerators != nullptr && IsKey(*message) &&
            (message->hwnd == m_hWnd || ::IsChild(m_hWnd, message->hwnd)) &&
            ::TranslateAcceleratorW(m_hWnd, m_accelerators, message);

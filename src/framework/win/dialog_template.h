@@ -6,12 +6,12 @@
 namespace quorvel {
 
 struct DialogTemplate {
-    const DLGTEMPLATE* dialog; // null when there is none; the platform's last error says why
-    HINSTANCE module;          // it is part of this module and is not freed
+    const DLGTEMPLATE* dialog; // null when not found; the platform's last error is the cause
+    HINSTANCE module;          // the module that contains it; do not free it
 };
 DialogTemplate FindDialogTemplate(const WCHAR* name);
 
-// While it lives, a window is disabled; afterwards it is again as it was.
+// Disables a window; the destructor restores its former state.
 class DisabledWindow {
 public:
     explicit DisabledWindow(HWND window)
@@ -29,13 +29,13 @@ private:
     const HWND m_window;
 };
 
-// The owner of a modal window that is given this parent.
+// The owner for a modal window with this parent.
 HWND ModalOwner(HWND parent);
 
-// The end of a modal window: it is hidden before its owner is enabled, and the owner is enabled
-// before it becomes active. Otherwise another program's window would become active.
+// Hides a modal window. Call it before its owner is enabled, and enable the owner before it becomes
+// active. Otherwise another program's window becomes active.
 void HideBeforeOwner(HWND window);
-// Nothing unless the window is active, or null, as one that was destroyed, and no other is.
+// Does nothing unless `window` is active, or is null (destroyed) and no other window is active.
 void ActivateOwner(HWND window, HWND owner);
 
 } // namespace quorvel

@@ -20,7 +20,7 @@ struct ImageListTraits {
         return list;
     }
     static void LetGo(CImageList* list) { list->m_hImageList = nullptr; }
-    // There is no safe way to ask: a temporary object is used at once, so old ones are dropped.
+    // No safe test exists. A temporary object is used at once, so old ones can be dropped.
     static bool IsAlive(HIMAGELIST) { return false; }
 };
 
@@ -65,7 +65,7 @@ BOOL CImageList::Create(UINT bitmapId, int width, int grow, COLORREF mask) {
                                          mask, IMAGE_BITMAP, LR_CREATEDIBSECTION));
 }
 
-// Not inline: a host would have to link the common controls.
+// Not inline, so that a host need not link the common controls.
 int CImageList::GetImageCount() const {
     return ::ImageList_GetImageCount(m_hImageList);
 }

@@ -8,7 +8,7 @@ namespace quorvel {
 HWND MessageBoxOwner() {
     HWND owner = GetActiveWindow();
     const CWnd* main = AfxGetMainWnd();
-    // In the background the thread has no active window. Another thread's would be made to wait.
+    // In the background the thread has no active window. Do not make another thread wait.
     if (owner == nullptr && main != nullptr &&
         GetWindowThreadProcessId(main->m_hWnd, nullptr) == GetCurrentThreadId())
         owner = main->m_hWnd;

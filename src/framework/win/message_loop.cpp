@@ -1,4 +1,4 @@
-// The loops over a thread's messages: the program's own and those of modal windows.
+// The message loops of a thread: the program's own and those of modal windows.
 #include <quorvel/framework/app.h>
 #include <quorvel/framework/wnd.h>
 
@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr UINT kSystemTimer = 0x0118; // the caret's blinking, among others
+constexpr UINT kSystemTimer = 0x0118; // blinks the caret, among others
 
-// FALSE for WM_QUIT.
+// Returns FALSE for WM_QUIT.
 bool Pump(MSG& message) {
     if (::GetMessageW(&message, nullptr, 0, 0) <= 0)
         return false;
@@ -20,7 +20,7 @@ bool Pump(MSG& message) {
         if (app != nullptr ? app->PreTranslateMessage(&message)
                            : CWnd::WalkPreTranslateTree(nullptr, &message))
             return true;
-    } catch (...) { // as if a handler had failed: the loop above must go on
+    } catch (...) { // handled like a failure in a handler, so that the loop continues
         quorvel::EndHandlerException(message);
         return true;
     }
@@ -34,10 +34,10 @@ bool IsQueueEmpty() {
     return !::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
 }
 
-// Whether something may have changed that idle time is used to show.
+// Whether the message may have changed what OnIdle displays.
 bool IsIdleMessage(const MSG& message) {
     static thread_local LPARAM t_mousePlace = -1;
-    if (message.message == WM_MOUSEMOVE) { // the system sends one where the mouse did not move
+    if (message.message == WM_MOUSEMOVE) { // the system also sends it when the mouse has not moved
         const LPARAM place = MAKELPARAM(message.pt.x, message.pt.y);
         const bool moved = place != t_mousePlace;
         t_mousePlace = place;
@@ -79,7 +79,7 @@ int CWinThread::Run() {
 }
 
 BOOL CWinThread::OnIdle(LONG count) {
-    std::vector<HWND> windows; // first, as idle time may create and destroy some
+    std::vector<HWND> windows; // a copy, because OnIdle may create and destroy windows
     const auto note = [](HWND window, LPARAM noted) CALLBACK -> BOOL {
         if (::IsWindowVisible(window) && CWnd::FromHandlePermanent(window) != nullptr)
             reinterpret_cast<std::vector<HWND>*>(noted)->push_back(window);
@@ -140,12 +140,12 @@ int CWnd::RunModalLoop(DWORD flags) {
         do {
             MSG message;
             if (!Pump(message)) {
-                ::PostQuitMessage(static_cast<int>(message.wParam)); // for the loops outside
+                ::PostQuitMessage(static_cast<int>(message.wParam)); // for the outer loops
                 m_modal = Modal::None;
                 return m_modalResult = -1;
             }
             if (message.message == kSystemTimer || message.message == WM_SYSKEYDOWN)
-                showNow(); // the user waits for it
+                showNow(); // the user is waiting for the window
             if (!ContinueModal()) {
                 m_modal = Modal::None;
                 return m_modalResult;
@@ -167,5 +167,5 @@ void CWnd::EndModalLoop(int result) {
     if (m_modal != Modal::Running)
         return;
     m_modal = Modal::Ended;
-    ::PostMessageW(m_hWnd, WM_NULL, 0, 0); // the loop may be waiting for a message
+    ::PostMessageW(m_hWnd, WM_NULL, 0, 0); // wakes the loop if it waits for a message
 }

@@ -16,7 +16,7 @@ void LoadWhenGiven(CString& text, UINT id) {
         text.LoadString(id);
 }
 
-// A title follows the menu and the class, each of them a text or 0xffff and a number.
+// The title comes after the menu and the class. Each of these is a text, or 0xffff and a number.
 bool HasTitle(const DLGTEMPLATE& dialog) {
     constexpr std::size_t kSizeOfExtendedHeader = 26;
     const WORD* const start = reinterpret_cast<const WORD*>(&dialog);
@@ -43,7 +43,7 @@ CPropertyPage::CPropertyPage(UINT templateId, UINT captionId, UINT headerTitleId
 
 CPropertyPage::CPropertyPage(const WCHAR* templateName, UINT captionId)
     : CDialog(templateName), m_psp{} {
-    m_psp.dwSize = PROPSHEETPAGEW_V2_SIZE; // what the common controls before version 6 know
+    m_psp.dwSize = PROPSHEETPAGEW_V2_SIZE; // common controls before version 6 accept this
     LoadWhenGiven(m_strCaption, captionId);
 }
 
@@ -77,8 +77,8 @@ BOOL CPropertyPage::Prepare(PROPSHEETPAGEW& record, const WCHAR* wizardTitle, bo
     return TRUE;
 }
 
-// Subclasses the window when it is complete. A creation hook could not know whether the sheet
-// failed to make the window, and would then take another one.
+// Subclasses the complete window. A creation hook could not detect that the sheet failed to create
+// the window, and would then catch another one.
 INT_PTR CALLBACK CPropertyPage::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_INITDIALOG)
         return FALSE;
@@ -87,7 +87,7 @@ INT_PTR CALLBACK CPropertyPage::Procedure(HWND window, UINT message, WPARAM wPar
     try {
         if (!page->SubclassWindow(window))
             return FALSE;
-    } catch (...) { // of PreSubclassWindow
+    } catch (...) { // from PreSubclassWindow
         quorvel::EndHandlerException({window, message, wParam, lParam, 0, {}});
         return FALSE;
     }

@@ -38,7 +38,7 @@ INT_PTR CPropertySheet::DoModal() {
     }
     const HWND owner = quorvel::ModalOwner(SafeHwndOf(m_pParentWnd));
     std::optional<quorvel::DisabledWindow> disabled(owner);
-    m_modal = Modal::Running; // from here on EndDialog has an effect
+    m_modal = Modal::Running; // EndDialog has an effect from here on
     m_modalResult = -1;
     if (CreateSheet(owner) && m_modal == Modal::Running)
         RunModalLoop(MLF_SHOWONIDLE);
@@ -77,7 +77,7 @@ BOOL CPropertySheet::CreateSheet(HWND owner) {
     AfxHookWindowCreate(this);
     const INT_PTR sheet = ::PropertySheetW(&header);
     if (!AfxUnhookWindowCreate()) {
-        PostNcDestroy(); // it failed before there was a window to send WM_NCDESTROY
+        PostNcDestroy(); // it failed before a window existed that would get WM_NCDESTROY
         return FALSE;
     }
     if (sheet != 0 && sheet != -1 && m_hWnd != nullptr && m_initialized)
@@ -95,11 +95,11 @@ HPROPSHEETPAGE CPropertySheet::MakePage(CPropertyPage& page) const {
 }
 
 LRESULT CPropertySheet::HandleInitDialog(WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = Default(); // makes the buttons and the first page
+    const LRESULT result = Default(); // creates the buttons and the first page
     try {
         OnInitDialog();
         m_initialized = true;
-    } catch (...) { // half a sheet is of no use; it is destroyed when it is complete
+    } catch (...) { // the caller destroys the sheet when creation is complete
         quorvel::EndHandlerException({m_hWnd, WM_INITDIALOG, wParam, lParam, 0, {}});
     }
     return result;
@@ -113,7 +113,7 @@ BOOL CPropertySheet::IsClosed() const {
     return m_hWnd == nullptr || SendMessage(PSM_GETCURRENTPAGEHWND) == 0;
 }
 
-// The platform's sheet closes by having no page any more, and does not say by which button.
+// The platform closes a sheet by removing its current page and does not report which button did it.
 BOOL CPropertySheet::ContinueModal() {
     if (!CWnd::ContinueModal())
         return FALSE;
@@ -140,7 +140,7 @@ BOOL CPropertySheet::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 void CPropertySheet::OnSysCommand(UINT id, LPARAM) {
-    if ((id & 0xfff0) == SC_CLOSE) // the system uses the low bits
+    if ((id & 0xfff0) == SC_CLOSE) // the system uses the low four bits
         m_pressed = IDCANCEL;
     Default();
 }
@@ -227,7 +227,7 @@ void CPropertySheet::SetTitle(const WCHAR* text, UINT style) {
         SendMessage(PSM_SETTITLEW, style, reinterpret_cast<LPARAM>(text));
 }
 
-// Posted: the platform sets buttons of its own after PSN_SETACTIVE.
+// Posts the message, because the platform sets its own buttons after PSN_SETACTIVE.
 void CPropertySheet::SetWizardButtons(DWORD flags) {
     PostMessage(PSM_SETWIZBUTTONS, 0, static_cast<LPARAM>(flags));
 }

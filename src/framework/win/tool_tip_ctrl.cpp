@@ -4,10 +4,10 @@
 
 namespace {
 
-// The size that the common controls take with a manifest for version 6 and without.
+// The size that the common controls accept with and without a manifest for version 6.
 constexpr UINT kToolSize = offsetof(TOOLINFOW, lpReserved);
 
-// A tool is named by its window and id; a whole window is its own id.
+// A tool is identified by its window and id; a whole window has itself as id.
 TOOLINFOW Tool(const CWnd& wnd, UINT_PTR id) {
     TOOLINFOW tool = {};
     tool.cbSize = kToolSize;

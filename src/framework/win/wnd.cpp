@@ -1,4 +1,4 @@
-// The members of CWnd that need a screen.
+// Members of CWnd that need a screen.
 #include <quorvel/framework/app.h>
 #include <quorvel/framework/geometry.h>
 #include <quorvel/framework/win/dc.h>
@@ -15,8 +15,8 @@
 
 namespace {
 
-// Where a window of that size lies centred over a rectangle, as far as it then stays within
-// another; its left and top edges win.
+// Centres a window of this size over a rectangle and keeps it within another one. If it does not
+// fit, its left and top edges have priority.
 CPoint CentredWithin(CSize size, const CRect& over, const CRect& within) {
     const auto place = [](LONG length, LONG low, LONG high, LONG first, LONG last) {
         return std::max(first, std::min(low + (high - low - length) / 2, last - length));
@@ -49,7 +49,7 @@ void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, 
     }
 }
 
-// Controls keep colours and sizes, but the system notifies top-level windows only.
+// Controls store colours and sizes, but the system notifies only top-level windows.
 void quorvel::PassOnChange(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if ((message == WM_SYSCOLORCHANGE || message == WM_SETTINGCHANGE) && ::IsWindow(window) &&
         (::GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) == 0)

@@ -1,4 +1,4 @@
-// Commands, the notifications of controls, and what is shown of both.
+// Commands, notifications of controls, and the display of command states.
 #include <quorvel/framework/win/cmd_ui.h>
 #include <quorvel/framework/win/data_exchange.h>
 #include <quorvel/framework/win/menu.h>
@@ -11,10 +11,10 @@
 
 namespace {
 
-// Gets no notifications of its controls; the controls, some of which answer questions by them, do.
+// This window gets no notifications from its controls, but reflects them to these controls.
 constinit thread_local HWND t_lockedOut = nullptr;
 
-// Finds out whether a command's update handler would disable it.
+// Tests whether a command's update handler would disable it.
 class EnabledTest : public CCmdUI {
 public:
     void Enable(BOOL on) override { m_enabled = on; }
@@ -27,7 +27,7 @@ HWND ItemOf(LPARAM lParam) {
     return record.CtlType != ODT_MENU ? record.hwndItem : nullptr;
 }
 
-// The control that a message to its parent is about; null for other messages.
+// The control that the message to its parent concerns; null for other messages.
 HWND ControlOf(HWND parent, UINT message, LPARAM lParam) {
     switch (message) {
     case WM_NOTIFY:
@@ -83,7 +83,7 @@ BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
 }
 
 BOOL CWnd::IsEndOfCommand(WPARAM wParam, LPARAM lParam) {
-    if (lParam == 0) { // a menu item or an accelerator, which knows nothing of the update handlers
+    if (lParam == 0) { // a menu item or accelerator, which may be disabled
         EnabledTest test;
         test.m_nID = LOWORD(wParam);
         test.DoUpdate(this, FALSE);
@@ -111,12 +111,12 @@ void CWnd::UpdateDialogControls(CWnd* target, BOOL disableIfNoHandler) {
 void CWnd::OnInitMenuPopup(CMenu* menu, UINT, BOOL systemMenu) {
     CCmdUI ui;
     ui.m_pMenu = menu;
-    // The count is read anew each time: a handler may insert items.
+    // Reads the count again each time, because a handler may insert items.
     for (int i = 0; !systemMenu && i < menu->GetMenuItemCount(); ++i) {
         ui.m_nIndex = static_cast<UINT>(i);
         ui.m_nIndexMax = static_cast<UINT>(menu->GetMenuItemCount());
         ui.m_nID = menu->GetMenuItemID(i);
-        if (ui.m_nID != static_cast<UINT>(-1)) // a sub-menu: it comes with a message of its own
+        if (ui.m_nID != static_cast<UINT>(-1)) // a sub-menu gets its own message
             ui.DoUpdate(this, FALSE);
     }
     Default();
@@ -135,7 +135,7 @@ BOOL CWnd::UpdateData(BOOL saveAndValidate) {
         const LockOut lock(m_hWnd);
         DoDataExchange(&exchange);
         return TRUE;
-    } catch (...) { // CUserException: the user was notified
+    } catch (...) { // for CUserException the user was already notified
         quorvel::EndHandlerException({});
         return FALSE;
     }

@@ -1,5 +1,5 @@
-// The closed list of Windows operations that the library calls on Linux, beyond those a host sees
-// (quorvel/platform/linux_api.h). An operation is added together with its caller and with a row in
+// The closed list of Windows operations that the library calls on Linux, in addition to those for
+// hosts (quorvel/platform/linux_api.h). Add an operation together with its caller and with a row in
 // tests/conformance, which runs in both builds. Nothing here is exported.
 #pragma once
 

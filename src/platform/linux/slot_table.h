@@ -1,5 +1,5 @@
-// Slots that are used again, behind the handles of this platform. A slot's generation changes when
-// its object is removed, so the key of a removed object finds nothing. The caller holds a lock.
+// Reusable slots behind this platform's handles. A slot's generation changes when its object is
+// removed, so the key of a removed object finds nothing. The caller holds a lock.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +9,8 @@
 
 namespace quorvel {
 
-// `Pointer` owns an object and is null for a slot that is free. Generations count from 1 to
-// `lastGeneration` and begin again.
+// `Pointer` owns an object and is null for a free slot. Generations count from 1 to
+// `lastGeneration` and then start again.
 template <class Pointer, std::uint32_t lastGeneration>
 class SlotTable {
 public:
@@ -41,8 +41,8 @@ public:
         return slot.generation == key.generation && slot.object != nullptr ? &slot.object : nullptr;
     }
 
-    // The removed object, for the caller to destroy after the lock is released; null when the key
-    // finds nothing.
+    // Returns the removed object; the caller destroys it after releasing the lock. Null when the
+    // key finds nothing.
     Pointer Remove(Key key) {
         Pointer* const found = Find(key);
         if (found == nullptr)

@@ -1,4 +1,4 @@
-// The file operations that take names and not handles.
+// File operations that take names instead of handles.
 #include "platform/linux/files/file_operations.h"
 
 #include "platform/linux/files/open_files.h"
@@ -16,8 +16,8 @@ namespace quorvel::win32 {
 
 namespace {
 
-// The status of the file itself, not of what a link names. False with the last error set when it
-// is missing, or open by a handle that does not share deletion and renaming.
+// Reads the status of the file itself, not of a link's target. Returns false, with the last error
+// set, when it is missing or a handle without shared deletion is open.
 bool FindUnheld(const std::string& path, struct stat& status) {
     if (lstat(path.c_str(), &status) != 0)
         return FailWith(PathErrorFromErrno(errno, path));
@@ -28,7 +28,7 @@ bool IsSameFile(const struct stat& left, const struct stat& right) {
     return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
 }
 
-// Whether a file to be replaced is one, and may be.
+// Whether the target may be replaced: a file that is neither read-only nor in use.
 bool IsReplaceable(const struct stat& status) {
     return !S_ISDIR(status.st_mode) && !IsReadOnly(status) &&
            !OpenFile::IsHeld(status, kDeleteAccess);
@@ -38,7 +38,7 @@ int Rename(const char* source, const char* target, bool replace) {
     if (replace)
         return rename(source, target);
     const int result = renameat2(AT_FDCWD, source, AT_FDCWD, target, RENAME_NOREPLACE);
-    // A file system without that flag: the caller has found no target a moment ago.
+    // The file system lacks that flag. The caller has just found that there is no target.
     return result != 0 && errno == EINVAL ? rename(source, target) : result;
 }
 
@@ -54,7 +54,7 @@ BOOL CopyContents(HANDLE source, HANDLE target) {
     return TRUE;
 }
 
-// To another file system: the copy first, so that nothing is lost when it fails.
+// Moves to another file system. Copies first, so that a failure loses nothing.
 BOOL MoveByCopying(LPCWSTR from, LPCWSTR to, bool replace) {
     {
         const ScopedHandle source(
@@ -114,7 +114,7 @@ BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags) {
     struct stat old;
     if (lstat(target.c_str(), &old) == 0) {
         if (IsSameFile(status, old))
-            replace = true; // another spelling of its own name
+            replace = true; // another name of the same file
         else if (!replace)
             return FailWith(ERROR_ALREADY_EXISTS);
         else if (!IsReplaceable(old))

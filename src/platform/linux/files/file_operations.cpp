@@ -15,7 +15,7 @@ namespace quorvel::win32 {
 
 namespace {
 
-// A descriptor until an OpenFile takes it over.
+// Owns a descriptor until an OpenFile takes it.
 class Descriptor {
 public:
     explicit Descriptor(int descriptor) : m_descriptor(descriptor) {}
@@ -56,8 +56,8 @@ int OpenMode(DWORD access) {
     return access & kReadAccess ? O_RDWR : O_WRONLY;
 }
 
-// Opens or creates as the disposition says, but leaves the contents alone: share modes come first.
-// errno is set on failure.
+// Opens or creates the file as the disposition requires but does not change its contents: share
+// modes are checked first. Sets errno on failure.
 Descriptor OpenOrCreate(const std::string& path, int mode, DWORD disposition, mode_t permissions,
                         bool& existed) {
     existed = false;
@@ -81,7 +81,7 @@ bool IsKnownDisposition(DWORD disposition) {
     return disposition >= CREATE_NEW && disposition <= TRUNCATE_EXISTING;
 }
 
-// The open file with these rights; null with the last error set.
+// The open file, if the handle has this access; null with the last error set otherwise.
 std::shared_ptr<OpenFile> FindFile(HANDLE handle, DWORD access) {
     auto file = FindHandle<OpenFile>(handle);
     if (file == nullptr || file->Allows(access))
@@ -90,7 +90,7 @@ std::shared_ptr<OpenFile> FindFile(HANDLE handle, DWORD access) {
     return nullptr;
 }
 
-// The checks and changes that follow opening: kind, attributes, share mode and only then contents.
+// The steps after opening: check kind, attributes and share mode, and only then change contents.
 HANDLE FinishOpening(Descriptor descriptor, DWORD access, DWORD share, DWORD disposition,
                      bool existed, bool readOnly) {
     struct stat status;
@@ -139,7 +139,7 @@ HANDLE CreateFileW(LPCWSTR name, DWORD rights, DWORD share, SECURITY_ATTRIBUTES*
     }
     const DWORD access = AccessOf(rights);
     bool existed = false;
-    // CREATE_ALWAYS cuts the file even for a handle that may not write.
+    // CREATE_ALWAYS truncates the file even for a handle without write access.
     const DWORD needed = access | (disposition == CREATE_ALWAYS ? DWORD{kWriteAccess} : 0u);
     // The other flags are hints. The handle that makes a file read-only can still write to it.
     const bool readOnly = (flags & FILE_ATTRIBUTE_READONLY) != 0;
@@ -180,7 +180,7 @@ BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD count, LPDWORD bytesRead,
             return FailWith(ErrorFromErrno(errno));
         *bytesRead += static_cast<DWORD>(n);
         if (n == 0 || !file->IsOnDisk())
-            break; // a terminal or pipe gives what it has
+            break; // a terminal or pipe returns what is available
     }
     return TRUE;
 }
@@ -216,7 +216,7 @@ BOOL SetFilePointerEx(HANDLE handle, LARGE_INTEGER distance, LARGE_INTEGER* posi
         return FailWith(ERROR_INVALID_PARAMETER);
     const off_t result =
         lseek(file->Descriptor(), static_cast<off_t>(distance.QuadPart), static_cast<int>(method));
-    if (result < 0) // a place before the start, or past the largest
+    if (result < 0) // a position before the start, or beyond the largest
         return FailWith(errno == EINVAL || errno == EOVERFLOW ? ERROR_NEGATIVE_SEEK
                                                               : ErrorFromErrno(errno));
     if (position != nullptr)

@@ -1,11 +1,11 @@
-// Files: the operations beyond those a host sees (quorvel/platform/linux_api.h).
+// File operations in addition to those for hosts (quorvel/platform/linux_api.h).
 //
-// How near this comes to Windows:
-// - Share modes are kept between the handles of this process, by the file and not by its name.
-//   Other processes are not held off.
-// - A file with no write permission at all is read-only: it is neither opened for writing, replaced
-//   nor deleted, even by a user whom the system would let.
-// - The name of a file deleted while it is open is gone at once, not with the last handle.
+// Differences from Windows:
+// - Share modes apply between the handles of this process, by file and not by name. They do not
+//   restrict other processes.
+// - A file without any write permission is read-only: it cannot be opened for writing, replaced or
+//   deleted, even by a user whom the system would allow it.
+// - Deleting an open file removes its name at once, not when the last handle is closed.
 // - Operations are synchronous: OVERLAPPED and SECURITY_ATTRIBUTES pointers must be null.
 // Any thread may call; handles may be used on several threads.
 #pragma once
@@ -14,18 +14,18 @@
 
 namespace quorvel::win32 {
 
-// Cuts or extends the file at its position; needs GENERIC_WRITE.
+// Truncates or extends the file at its position; needs GENERIC_WRITE.
 BOOL SetEndOfFile(HANDLE file);
 // Returns when the contents are on the disk; needs GENERIC_WRITE.
 BOOL FlushFileBuffers(HANDLE file);
-// FILE_TYPE_UNKNOWN with ERROR_INVALID_HANDLE for what is no file.
+// Returns FILE_TYPE_UNKNOWN with ERROR_INVALID_HANDLE if the handle is not a file.
 DWORD GetFileType(HANDLE file);
 
-// Renames a file or folder. Without MOVEFILE_REPLACE_EXISTING an existing target is refused
-// (ERROR_ALREADY_EXISTS); a folder is never replaced. Without MOVEFILE_COPY_ALLOWED another file
-// system is (ERROR_NOT_SAME_DEVICE); with it a file, not a folder, is copied and then deleted.
+// Renames a file or folder. Without MOVEFILE_REPLACE_EXISTING it refuses an existing target
+// (ERROR_ALREADY_EXISTS); it never replaces a folder. Without MOVEFILE_COPY_ALLOWED it refuses
+// another file system (ERROR_NOT_SAME_DEVICE); with it, a file is copied and deleted, a folder not.
 BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags);
-// With MOVEFILE_COPY_ALLOWED alone.
+// MoveFileExW with MOVEFILE_COPY_ALLOWED only.
 BOOL MoveFileW(LPCWSTR from, LPCWSTR to);
 
 BOOL CreateDirectoryW(LPCWSTR name, SECURITY_ATTRIBUTES* security);

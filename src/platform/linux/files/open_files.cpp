@@ -16,7 +16,7 @@ struct Registry {
     std::vector<const OpenFile*> files;
 };
 
-Registry& OpenFiles() { // never destroyed, as the handles' table is not
+Registry& OpenFiles() { // never destroyed, like the table of handles
     static Registry& registry = *new Registry;
     return registry;
 }
@@ -32,7 +32,7 @@ OpenFile::~OpenFile() {
         const std::lock_guard lock(OpenFiles().mutex);
         std::erase(OpenFiles().files, this);
     }
-    // Last: while the descriptor is open no other file can bear its number.
+    // Last: while the descriptor is open, no other file can have its number.
     close(m_descriptor);
 }
 

@@ -1,4 +1,4 @@
-// Which files this process has open and how: what share modes are judged by.
+// The files that this process has open, and their share modes.
 #pragma once
 
 #include "platform/linux/waits/handle.h"
@@ -10,13 +10,13 @@
 
 namespace quorvel {
 
-// Kinds of access, with the values of the FILE_SHARE_... flags that admit them.
+// Kinds of access, with the values of the FILE_SHARE_... flags that allow them.
 enum FileAccess : DWORD { kReadAccess = 1, kWriteAccess = 2, kDeleteAccess = 4 };
 
-// One open file. Handles that were duplicated share it, and with it the position.
+// One open file. Duplicated handles share it and its position.
 class OpenFile : public HandleObject {
 public:
-    // Takes the descriptor over.
+    // Takes ownership of the descriptor.
     OpenFile(int descriptor, const struct stat& status, DWORD access, DWORD share);
     ~OpenFile() override;
 
@@ -25,8 +25,8 @@ public:
     bool IsOnDisk() const { return S_ISREG(m_mode); }
     mode_t Mode() const { return m_mode; }
 
-    // Enters the file in the list of open files, where its destructor strikes it off; false when
-    // its access or share mode conflicts with one that is open.
+    // Adds the file to the list of open files; its destructor removes it. Returns false when its
+    // access or share mode conflicts with another open file.
     bool Register();
     // Whether any open handle forbids this access to the file.
     static bool IsHeld(const struct stat& status, DWORD access);
@@ -43,7 +43,7 @@ private:
     bool m_registered = false;
 };
 
-// What the read-only attribute is here: a file that nobody has permission to write.
+// The read-only attribute: a file that nobody has permission to write.
 inline bool IsReadOnly(const struct stat& status) {
     return S_ISREG(status.st_mode) && !(status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH));
 }

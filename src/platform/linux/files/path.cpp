@@ -41,7 +41,7 @@ bool ToSystemPath(const WCHAR* name, std::string& path) try {
         win32::SetLastError(ERROR_PATH_NOT_FOUND);
         return false;
     }
-    if (text.size() > PATH_MAX) { // no longer path can be opened
+    if (text.size() > PATH_MAX) { // a longer path cannot be opened
         win32::SetLastError(ERROR_FILENAME_EXCED_RANGE);
         return false;
     }
@@ -63,7 +63,7 @@ bool ToSystemPath(const WCHAR* name, std::string& path) try {
 }
 
 std::u16string FromSystemPath(std::string_view path) {
-    std::u16string text(path.size(), u'\0'); // never more units than bytes
+    std::u16string text(path.size(), u'\0'); // enough: never more units than bytes
     UErrorCode status = U_ZERO_ERROR;
     int32_t length = 0;
     u_strFromUTF8WithSub(text.data(), static_cast<int32_t>(text.size()), &length, path.data(),
@@ -120,7 +120,7 @@ DWORD OutOfMemory() {
     return 0;
 }
 
-// Appends the parts of a name to an absolute path without a separator at its end.
+// Appends the parts of a name to an absolute path that does not end with a separator.
 void AppendParts(std::u16string& path, std::u16string_view name) {
     std::size_t start = 0;
     while (start < name.size()) {
@@ -200,7 +200,7 @@ UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) 
         compose(unique);
         return unique;
     }
-    // Any starting point is right: a name that is taken is passed over.
+    // Any first number will do: existing names are skipped.
     timespec now;
     clock_gettime(CLOCK_MONOTONIC, &now);
     const UINT first = static_cast<UINT>(now.tv_nsec / 1000) ^ static_cast<UINT>(getpid());
@@ -212,7 +212,7 @@ UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) 
         std::string path;
         if (!ToSystemPath(name, path))
             return 0;
-        // The folder is everybody's: what the file will hold is for its owner alone.
+        // The folder is shared, so the file is readable by its owner only.
         const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
         if (file >= 0) {
             close(file);

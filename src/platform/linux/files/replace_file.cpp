@@ -17,7 +17,7 @@ namespace quorvel {
 
 namespace {
 
-// Writes zeros behind the content. False with errno.
+// Writes zeros after the content. On failure returns false and sets errno.
 bool Lengthen(int file, off_t from, off_t to) {
     static constexpr char kZeros[65536] = {};
     while (from < to) {
@@ -34,7 +34,7 @@ bool Lengthen(int file, off_t from, off_t to) {
 } // namespace
 
 std::basic_string<WCHAR> FinalPath(const WCHAR* path) {
-    constexpr int kMostLinks = 40; // as the kernel follows
+    constexpr int kMostLinks = 40; // the kernel's limit
     std::string name;
     if (!ToSystemPath(path, name))
         return path != nullptr ? path : u"";
@@ -48,7 +48,7 @@ std::basic_string<WCHAR> FinalPath(const WCHAR* path) {
         name = (relative ? name.substr(0, separator + 1) : std::string()) +
                std::string(target, static_cast<std::size_t>(length));
     }
-    return path; // a circle of links: opening it will say so
+    return path; // a circle of links: opening it will fail
 }
 
 void ProtectLike(const WCHAR* file, const WCHAR* replaced) {
@@ -57,8 +57,8 @@ void ProtectLike(const WCHAR* file, const WCHAR* replaced) {
     if (!ToSystemPath(file, path) || !ToSystemPath(replaced, model) ||
         stat(model.c_str(), &status) != 0)
         return;
-    // Only a privileged user may give files away. The mode comes last, because a change of owner
-    // takes the set-user bits off.
+    // Only a privileged user may change the owner. The mode is set last, because a change of owner
+    // clears the set-user bits.
     if (chown(path.c_str(), status.st_uid, status.st_gid) != 0)
         errno = 0;
     if (chmod(path.c_str(), status.st_mode & 07777) != 0)
@@ -88,7 +88,7 @@ BOOL ReserveRoom(HANDLE handle, ULONGLONG size) {
     do
         result = fallocate(file->Descriptor(), 0, 0, wanted);
     while (result != 0 && errno == EINTR);
-    // Not every file system can reserve.
+    // Some file systems cannot reserve space.
     if (result == 0 ||
         (errno == EOPNOTSUPP && Lengthen(file->Descriptor(), status.st_size, wanted)))
         return TRUE;

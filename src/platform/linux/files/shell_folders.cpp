@@ -33,8 +33,8 @@ std::string AccountHome() {
     return known && IsAbsolute(entry.pw_dir) ? entry.pw_dir : "";
 }
 
-// The desktops of two users may each put folders of their own in front of the list, but a shared
-// folder must be the same for both: so the system's own one wins wherever it is in the list.
+// The desktops of two users may add different folders at the front of the list, but a shared folder
+// must be the same for both. So the system's folder has priority wherever it is in the list.
 std::string SharedFolder() {
     constexpr std::string_view kSystem = "/usr/local/share";
     std::string first;

@@ -54,7 +54,7 @@ struct Name {
     const WCHAR* text;
 };
 constexpr int kExtended = 0x100;
-// The names of the layout. Every other key that types a character is named by it.
+// The layout's own key names. Every other key that types a character has that character as name.
 // clang-format off
 constexpr Name kNames[] = {
     {0x01, u"Esc"}, {0x0e, u"Backspace"}, {0x0f, u"Tab"}, {0x1c, u"Enter"}, {0x1d, u"Ctrl"}, {0x2a, u"Shift"},
@@ -76,15 +76,15 @@ constexpr Name kNames[] = {
 };
 // clang-format on
 
-// The characters of the keys with Shift, where they are no capital letters.
+// The characters of keys with Shift, except capital letters.
 constexpr std::u16string_view kPlainMarks = u"`1234567890-=[]\\;',./";
 constexpr std::u16string_view kShiftedMarks = u"~!@#$%^&*()_+{}|:\"<>?";
 static_assert(kPlainMarks.size() == kShiftedMarks.size());
 
-// The keys that type something with Ctrl; other than letters, which type the control characters.
+// The keys that type a character with Ctrl, except letters, which type the control characters.
 struct Control {
     WCHAR character;
-    WORD key; // as VkKeyScanW gives it
+    WORD key; // as VkKeyScanW returns it
 };
 constexpr Control kControls[] = {
     {0, 0x0332},  {3, 0x0003},    {8, 0x0008},    {9, 0x0009},    {13, 0x000d},   {10, 0x020d},
@@ -96,7 +96,7 @@ const Key* FindKey(UINT code) {
     return key != std::end(kKeys) && key->code == code ? &*key : nullptr;
 }
 
-// The code of the key, not of the numeric pad, that types a character without modifiers.
+// The code of the key that types a character without modifiers. Excludes the numeric pad.
 SHORT PlainCode(WCHAR character) {
     for (const Key& key : kKeys)
         if (key.character == character && (key.code < 96 || key.code > 111))
@@ -105,7 +105,7 @@ SHORT PlainCode(WCHAR character) {
 }
 
 WCHAR CharacterOfScanCode(int scan) {
-    // A key of the numeric pad has its name; its scan code belongs to a key of the cursor block.
+    // Excludes keys of the numeric pad: they have names and share scan codes with cursor keys.
     for (const Key& key : kKeys)
         if (key.scan == scan &&
             (key.code < 96 || key.code == 107 || key.code == 109 || key.code > 111))
@@ -147,7 +147,7 @@ SHORT VkKeyScanW(WCHAR character) {
     const auto control = std::ranges::find(kControls, character, &Control::character);
     if (control != std::end(kControls))
         return static_cast<SHORT>(control->key);
-    if (character < 0x20) // the control character of a letter or of a mark after them
+    if (character < 0x20) // of a letter or of a mark that follows the letters
         return static_cast<SHORT>(PlainCode(static_cast<WCHAR>(character + 0x40)) | kControl);
     if (character >= 'a' && character <= 'z')
         return PlainCode(static_cast<WCHAR>(character - 'a' + 'A'));

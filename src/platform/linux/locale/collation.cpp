@@ -17,11 +17,11 @@ struct Close {
 };
 typedef std::unique_ptr<UCollator, Close> Collator;
 
-// Made once for each locale and then only read, which ICU allows on several threads. Null when
-// there is none.
+// Created once for each locale and then only read, which ICU allows on several threads. Null when
+// ICU has none.
 const UCollator* CollatorOf(LCID locale) {
     static std::mutex& mutex = *new std::mutex;
-    static auto& collators = *new std::map<LCID, Collator>; // never destroyed: used until the end
+    static auto& collators = *new std::map<LCID, Collator>; // never destroyed: in use until the end
     const std::lock_guard lock(mutex);
     const auto known = collators.find(locale);
     if (known != collators.end())

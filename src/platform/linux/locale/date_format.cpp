@@ -1,5 +1,5 @@
-// A picture is a text in which runs of letters stand for parts of a date or of a time, quoted text
-// for itself (with '' for a quote), and everything else for itself, too.
+// A picture is a text. Runs of certain letters are replaced by parts of a date or of a time. Quoted
+// text (with '' for a quote) and all other characters are copied.
 #include "platform/linux/locale/date_format.h"
 
 #include "platform/linux/locale/date_names.h"
@@ -19,8 +19,8 @@ namespace {
 struct Moment {
     const DateNames& names;
     const SYSTEMTIME& time;
-    unsigned dayOfWeek; // 0 is Sunday; the caller's may be wrong
-    bool besideDay;     // the next month name is next to the number of the day
+    unsigned dayOfWeek; // 0 is Sunday; computed, because the caller's may be wrong
+    bool besideDay;     // the next month name is next to the number of a day
 };
 
 std::u16string Number(unsigned value, std::size_t digits) {
@@ -29,12 +29,12 @@ std::u16string Number(unsigned value, std::size_t digits) {
         text.insert(text.begin(), static_cast<char16_t>('0' + value % 10));
     return text;
 }
-// One letter is the number as it is, more of them two digits.
+// One letter gives the plain number, more letters two digits.
 std::u16string ShortNumber(unsigned value, std::size_t count) {
     return Number(value, std::min<std::size_t>(count, 2));
 }
 
-// Empty for names that ICU does not have.
+// Empty when ICU has no such name.
 std::u16string At(const std::vector<std::u16string>& names, std::size_t index) {
     return index < names.size() ? names[index] : std::u16string();
 }
@@ -88,7 +88,7 @@ constexpr Part kDateParts[] = {{'d', Day}, {'M', Month}, {'y', Year}, {'g', Era}
 constexpr Part kTimeParts[] = {
     {'h', HalfDayHour}, {'H', Hour}, {'m', Minute}, {'s', Second}, {'t', HalfDay}};
 
-// Calls onRun(letter, count, rest of the picture) for runs of the same character and
+// Calls onRun(letter, count, rest of the picture) for runs of equal characters, and
 // onQuoted(character) for quoted text.
 template <class OnRun, class OnQuoted>
 void WalkPicture(std::u16string_view picture, OnRun onRun, OnQuoted onQuoted) {
@@ -111,7 +111,7 @@ void WalkPicture(std::u16string_view picture, OnRun onRun, OnQuoted onQuoted) {
     }
 }
 
-// The length of the next run of day letters; 0 without one.
+// The length of the next run of day letters; 0 without such a run.
 std::size_t NextDay(std::u16string_view picture) {
     std::size_t next = 0;
     const auto look = [&next](char16_t letter, std::size_t count, std::u16string_view) {
@@ -122,12 +122,12 @@ std::size_t NextDay(std::u16string_view picture) {
     return next;
 }
 
-// A day of this length is a number and not a name.
+// Whether a day of this length is written as a number instead of a name.
 bool IsNumber(std::size_t dayLength) {
     return dayLength == 1 || dayLength == 2;
 }
 
-// A month has the genitive where the nearest day before it or behind it is a number.
+// A month name is in the genitive when the nearest day before or after it is a number.
 template <std::size_t size>
 std::u16string Format(const Part (&parts)[size], Moment moment, std::u16string_view picture) {
     std::u16string text;

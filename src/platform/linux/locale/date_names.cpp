@@ -11,7 +11,7 @@
 namespace quorvel {
 namespace {
 
-// Calls an ICU function that fills a buffer. Empty for a failure.
+// Calls an ICU function that fills a buffer. Empty on failure.
 template <class Fill>
 std::u16string Filled(Fill fill) {
     char16_t text[128];
@@ -25,7 +25,7 @@ bool IsPatternLetter(char16_t character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 
-// What a picture has for `count` times a letter of ICU's patterns. Others are left out.
+// The picture letters for `count` times a letter of an ICU pattern. Empty for other letters.
 std::u16string PictureOf(char16_t letter, std::size_t count) {
     switch (letter) {
     case 'y':
@@ -57,7 +57,7 @@ std::u16string PictureOf(char16_t letter, std::size_t count) {
     }
 }
 
-// Quotes mean the same in both. ICU's special blanks are the plain one on Windows.
+// Quotes mean the same in both. Windows uses a plain blank for ICU's special blanks.
 std::u16string ToPicture(const std::u16string& pattern) {
     std::u16string picture;
     bool isQuoted = false;
@@ -76,7 +76,7 @@ std::u16string ToPicture(const std::u16string& pattern) {
     return picture;
 }
 
-// What stands between the hours and the minutes.
+// The text between the hours and the minutes.
 std::u16string SeparatorIn(const std::u16string& time) {
     const std::size_t hours = time.find_first_of(u"hH");
     const std::size_t start = std::min(time.find_first_not_of(u"hH", hours), time.size());
@@ -101,7 +101,7 @@ DateNames ReadDateNames(const std::string& locale) {
         udatpg_open(name.c_str(), &error));
     if (U_FAILURE(error))
         return {};
-    // The first symbol of days is that of day 1; ICU has an empty day 0.
+    // The first symbol of days is day 1; ICU has an empty day 0.
     const auto symbols = [&](UDateFormatSymbolType type, int first = 0) {
         std::vector<std::u16string> names;
         for (int i = first; i < udat_countSymbols(format.get(), type); ++i)
@@ -139,7 +139,7 @@ DateNames ReadDateNames(const std::string& locale) {
 
 const DateNames& DateNamesOf(const std::string& locale) {
     static std::mutex s_mutex;
-    static std::map<std::string, DateNames> s_names; // its elements stay where they are
+    static std::map<std::string, DateNames> s_names; // its elements do not move
     const std::lock_guard lock(s_mutex);
     auto found = s_names.find(locale);
     if (found == s_names.end())

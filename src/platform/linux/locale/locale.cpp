@@ -20,16 +20,16 @@ struct LanguageRow {
     WORD id;
     const char* abbreviation;
     const char* locale;
-    const WCHAR* nativeName; // null: ICU's
+    const WCHAR* nativeName; // null: the name from ICU
 };
 
 #include "platform/linux/locale/locale_data.inc"
 
-// A locale as the items need it.
+// The facts about a locale that the items need.
 struct Locale {
     LCID id;
     const char* abbreviation;
-    const char* name; // ICU's; as long-lived as what it was found by
+    const char* name; // ICU's name; its owner must outlive this
     const WCHAR* nativeName;
 };
 
@@ -53,7 +53,7 @@ std::string EnvironmentLocale() {
     return "C";
 }
 
-// "sr_RS.UTF-8@latin" gives "sr_Latn_RS"; a character set and other modifiers are dropped.
+// "sr_RS.UTF-8@latin" gives "sr_Latn_RS". Drops the character set and other modifiers.
 std::string ToIcuName(const std::string& posixName) {
     static constexpr struct {
         std::string_view modifier;
@@ -74,7 +74,7 @@ std::string ToIcuName(const std::string& posixName) {
     return name.substr(0, languageEnd) == "no" ? "nb" + name.substr(languageEnd) : name;
 }
 
-// Language, script and region in full: "de" and "de_DE" give "de_Latn_DE".
+// Completes the language, script and region: "de" and "de_DE" give "de_Latn_DE".
 std::string Maximize(const std::string& name) {
     char full[ULOC_FULLNAME_CAPACITY];
     UErrorCode error = U_ZERO_ERROR;
@@ -82,9 +82,9 @@ std::string Maximize(const std::string& name) {
     return U_SUCCESS(error) && length < static_cast<int>(sizeof full) ? full : "";
 }
 
-// By ICU's name in full.
+// Finds a locale by ICU's full name.
 Locale FindByFullName(const std::string& name) {
-    constexpr LANGID kTraditionalSpanish = 0x040a; // 0x0c0a is the Spanish of our time
+    constexpr LANGID kTraditionalSpanish = 0x040a; // 0x0c0a is modern Spanish
     constexpr LANGID kAmericanEnglish = 0x0409;
     for (const LanguageRow& row : kLanguages) {
         if (SUBLANGID(row.id) != SUBLANG_NEUTRAL && row.id != kTraditionalSpanish &&
@@ -139,7 +139,7 @@ std::u16string DisplayName(const std::string& name, const char* inLanguage) {
                : std::u16string();
 }
 
-// The locale's number format. Windows writes Western digits whatever the language.
+// The locale's number format. Windows writes Western digits in every language.
 class NumberSymbols {
 public:
     explicit NumberSymbols(const Locale& locale) {
@@ -209,7 +209,7 @@ constexpr struct {
     {LOCALE_STHOUSAND, ThousandsSeparator},
     {LOCALE_SGROUPING, Grouping},
     {LOCALE_IDIGITS, Two},
-    {LOCALE_ILZERO, One},     // a zero before the decimal separator
+    {LOCALE_ILZERO, One},     // a zero is written before the decimal separator
     {LOCALE_INEGNUMBER, One}, // "-1"
     {LOCALE_STIME, TimeSeparator},
 };

@@ -9,7 +9,7 @@ namespace quorvel {
 
 namespace {
 
-// `grouping` has a decimal digit for each group from the point on; the last repeats, and 0 ends.
+// `grouping` has one decimal digit for each group from the point on. The last repeats; 0 ends.
 std::u16string Group(std::u16string_view whole, UINT grouping, const WCHAR* separator) {
     std::u16string sizes;
     for (; grouping > 0; grouping /= 10)
@@ -50,7 +50,7 @@ LPWSTR StrFormatByteSizeW(LONGLONG size, LPWSTR text, UINT length) {
     if (text == nullptr || length == 0)
         return text;
 
-    // A thousand of one unit is written as 0.97 of the next.
+    // 1000 and more of one unit are written in the next unit, as 0.97 for example.
     std::size_t unit = size < 1024 ? 0 : 1;
     while (unit > 0 && unit + 1 < std::size(kUnits) && size >> (10 * unit) >= 1000)
         ++unit;
@@ -62,7 +62,7 @@ LPWSTR StrFormatByteSizeW(LONGLONG size, LPWSTR text, UINT length) {
         result += LocaleItem(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL);
         ULONGLONG rest = static_cast<ULONGLONG>(size) & mask;
         for (int digit = whole < 10 ? 0 : 1; digit < 2; ++digit) {
-            rest *= 10; // below 2^64: the rest is below 2^60
+            rest *= 10; // below 2^64, because the rest is below 2^60
             result += static_cast<WCHAR>('0' + (rest >> (10 * unit)));
             rest &= mask;
         }

@@ -1,6 +1,6 @@
-// A zone is a bias and, where clocks change, two yearly rules: when daylight saving time begins, in
-// standard time, and when it ends, in daylight saving time. The system's zone file has a table of
-// changes instead; this year's two changes make the rules.
+// A zone is a bias and, where clocks change, two yearly rules: daylight saving time begins (in
+// standard time) and ends (in daylight saving time). The system's zone file has a table of changes
+// instead. This year's two changes become the rules.
 #include "platform/linux/locale/time_zone.h"
 
 #include "platform/linux/system/system_error.h"
@@ -15,7 +15,7 @@ namespace chrono = std::chrono;
 namespace quorvel {
 namespace {
 
-typedef chrono::sys_time<chrono::milliseconds> Time; // UTC or local time, as the name says
+typedef chrono::sys_time<chrono::milliseconds> Time; // UTC or local, as the name says
 
 constexpr Time kFirstTime = chrono::sys_days(chrono::year(1601) / 1 / 1);
 
@@ -50,7 +50,7 @@ bool IsRule(const SYSTEMTIME& rule) {
            rule.wDay >= 1 && rule.wDay <= 5;
 }
 
-// The local time, before the clocks change, when the rule takes effect in the year.
+// The local time, before the clocks change, at which the rule takes effect in the year.
 Time ChangeIn(chrono::year year, const SYSTEMTIME& rule) {
     const auto month = year / chrono::month(rule.wMonth);
     const chrono::weekday dayOfWeek(rule.wDayOfWeek);
@@ -65,12 +65,12 @@ bool IsDaylight(const TIME_ZONE_INFORMATION& zone, Time standardTime, Time dayli
     const chrono::year year = chrono::year_month_day(standardDay).year();
     const bool hasBegun = standardTime >= ChangeIn(year, zone.DaylightDate);
     const bool hasEnded = daylightTime >= ChangeIn(year, zone.StandardDate);
-    // In the south the summer goes over the turn of the year.
+    // In the south, summer includes the turn of the year.
     return zone.DaylightDate.wMonth < zone.StandardDate.wMonth ? hasBegun && !hasEnded
                                                                : hasBegun || !hasEnded;
 }
 
-// Minutes that are subtracted from UTC.
+// The minutes to subtract from UTC.
 struct Biases {
     chrono::minutes standard;
     chrono::minutes daylight;
@@ -103,7 +103,7 @@ bool ToUtc(const TIME_ZONE_INFORMATION& zone, Time local, Time& utc) {
     return true;
 }
 
-// A change of the clocks: when, and the seconds that they are ahead of UTC before and after.
+// A change of the clocks: its time, and the seconds ahead of UTC before and after it.
 struct Change {
     std::time_t at;
     long before;
@@ -136,7 +136,7 @@ std::vector<Change> ChangesIn(int year) {
     return changes;
 }
 
-// The n-th such day of the week of the month, the fifth being the last.
+// The rule for the n-th such day of the week in the month; n = 5 means the last.
 SYSTEMTIME RuleOf(const Change& change) {
     SYSTEMTIME rule = PartsOf(Time(chrono::seconds(change.at + change.before)));
     const auto lastDay = (chrono::year(rule.wYear) / rule.wMonth / chrono::last).day();
@@ -146,8 +146,8 @@ SYSTEMTIME RuleOf(const Change& change) {
     return rule;
 }
 
-// A zone whose clocks do not change twice between two offsets this year has no daylight saving
-// time.
+// A zone has daylight saving time only if its clocks change twice this year between two
+// offsets.
 TIME_ZONE_INFORMATION ZoneIn(int year) {
     TIME_ZONE_INFORMATION zone = {};
     const std::vector<Change> changes = ChangesIn(year);
@@ -164,7 +164,7 @@ TIME_ZONE_INFORMATION ZoneIn(int year) {
     return zone;
 }
 
-// The C library reads the zone once in a process, so a year's rules stay.
+// The C library reads the zone once for each process, so a year's rules do not change.
 const TIME_ZONE_INFORMATION& CurrentZone() {
     thread_local int year = 0;
     thread_local TIME_ZONE_INFORMATION zone;

@@ -36,7 +36,7 @@ struct Requests {
     HostResolver resolver;
 };
 
-// Never destroyed: the thread of a look-up that nobody waits for may outlive static objects.
+// Never destroyed: the thread of an abandoned look-up may outlive static objects.
 Requests& All() {
     static Requests& requests = *new Requests;
     return requests;
@@ -73,8 +73,8 @@ int ResolveBySystem(const std::string& name, std::vector<ULONG>& addresses) {
     return 0;
 }
 
-// Writes the hostent and all that it refers to, and tells how long that is; false, and nothing
-// written, when there is no room for it.
+// Writes the hostent and all data that it points to, and sets the length. Returns false and writes
+// nothing if there is no room.
 bool WriteHost(const Request& request, const std::vector<ULONG>& addresses, std::size_t& length) {
     const std::size_t pointers = addresses.size() + 2; // each list has a null at its end
     const std::size_t fixed = sizeof(hostent) + pointers * sizeof(char*);
@@ -101,7 +101,7 @@ void Answer(DWORD id, const std::shared_ptr<const Request>& request) {
         error = WSANO_DATA;
     std::size_t length = 0;
     Requests& all = All();
-    // Under the lock: once a cancellation has returned the buffer is not ours any more.
+    // Locked: when a cancellation has returned, the buffer is no longer ours.
     const std::lock_guard lock(all.mutex);
     if (all.pending.erase(id) == 0)
         return;

@@ -1,4 +1,4 @@
-// Where asynchronous look-ups get their answers.
+// The source of answers for asynchronous look-ups.
 #pragma once
 
 #include <quorvel/platform/sockets.h>
@@ -9,10 +9,10 @@
 
 namespace quorvel {
 
-// Fills in the addresses; 0, or a Winsock error. Called on a thread of its own and may block.
+// Fills in the addresses. Returns 0 or a Winsock error. Runs on its own thread and may block.
 using HostResolver = std::function<int(const std::string& name, std::vector<ULONG>& addresses)>;
 
-// For tests: look-ups that begin from now on ask this one; an empty function asks the system.
+// For tests: later look-ups call this resolver; an empty function restores the system's.
 void SetHostResolver(HostResolver resolver);
 
 } // namespace quorvel

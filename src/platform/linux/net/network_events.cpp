@@ -36,8 +36,8 @@ void NetworkEvents::Connected() {
     Record(FD_WRITE);
 }
 
-// A condition that stays is not looked for once it is known: the look would return at once, over
-// and over.
+// Excludes conditions that are known and stay: polling for them would return at once, again and
+// again.
 unsigned NetworkEvents::Interest() const {
     unsigned look = 0;
     switch (m_kind) {
@@ -92,7 +92,7 @@ bool NetworkEvents::Observe(const Conditions& conditions) {
 }
 
 void NetworkEvents::ObserveConnecting(const Conditions& conditions) {
-    if (conditions.error == WSAECONNRESET) { // a reset of what was connected; refusing is another
+    if (conditions.error == WSAECONNRESET) { // a connection was reset; a refusal has another error
         Connected();
         ObserveConnected(conditions);
     } else if (conditions.error != 0) {
@@ -118,7 +118,7 @@ void NetworkEvents::ObserveConnected(const Conditions& conditions) {
         if (conditions.error != 0 && !m_reset) {
             m_reset = true;
             m_reported &= ~FD_CLOSE;
-            // Whatever broke the connection: calls on the socket give the error itself.
+            // For any cause: calls on the socket return the error itself.
             Record(FD_CLOSE, WSAECONNABORTED);
         }
         m_hungUp = true;

@@ -1,11 +1,11 @@
-// Which network events of a socket are to be reported: a record that is filled from looks at the
-// descriptor and from the calls that the program makes. It knows no descriptors and takes no lock.
+// Decides which network events of a socket are reported. It keeps a record, which is updated from
+// polls of the descriptor and from the program's calls. It uses no descriptor and takes no lock.
 //
-// An event is recorded when its condition is seen, and reported once. What is reported is recorded
-// again only after the call that re-arms it: a receive for FD_READ, a receive of urgent data for
-// FD_OOB, an accept for FD_ACCEPT, a send that would have blocked for FD_WRITE. FD_CONNECT and
-// FD_CLOSE have no such call; FD_CLOSE comes once more when a connection that ended in good order
-// is reset afterwards. Selecting re-arms nothing; it changes what an enumeration gives.
+// An event is recorded when its condition is seen, and reported once. It is recorded again only
+// after the call that re-arms it: a receive for FD_READ, a receive of urgent data for FD_OOB, an
+// accept for FD_ACCEPT, a blocked send for FD_WRITE. FD_CONNECT and FD_CLOSE have no such call;
+// FD_CLOSE occurs again if a properly closed connection is reset later. Selecting re-arms nothing,
+// but changes what an enumeration returns.
 #pragma once
 
 #include <quorvel/platform/sockets.h>
@@ -16,22 +16,22 @@ class NetworkEvents {
 public:
     enum class Kind { Idle, Connecting, Connected, Listening, Datagram };
 
-    // What a look at the descriptor shows.
+    // The result of a poll.
     struct Conditions {
-        bool data = false;   // bytes, a datagram or a connection can be taken
-        bool end = false;    // the other side sends no more
+        bool data = false;   // bytes, a datagram or a connection is available
+        bool end = false;    // the other side will send no more
         bool room = false;   // a send would not block
         bool urgent = false; // urgent data can be received
-        bool hangUp = false; // neither side sends any more, or there is an error
-        int error = 0;       // the connection's
+        bool hangUp = false; // neither side will send more, or there is an error
+        int error = 0;       // of the connection
     };
-    // What is worth a look: 0 means that there is nothing to be seen.
+    // The conditions to poll for; 0 when polling is useless.
     enum Look : unsigned { kData = 1, kEnd = 2, kRoom = 4, kUrgent = 8, kHangUp = 16 };
 
     Kind GetKind() const { return m_kind; }
-    // An accepted socket becomes Connected, one that connected by itself does so in Connected.
+    // Accepted sockets become Connected by this call; connecting ones do in Connected.
     void Become(Kind kind) { m_kind = kind; }
-    void Connect(); // begins, perhaps after an attempt that failed
+    void Connect(); // begins, possibly after a failed attempt
     void Connected();
 
     long Mask() const { return m_mask; }
@@ -39,7 +39,7 @@ public:
     bool HasReport() const { return (m_recorded & m_mask) != 0; }
 
     unsigned Interest() const;
-    // True when it adds to what is to be reported.
+    // Returns true when there is a new event to report.
     bool Observe(const Conditions& conditions);
 
     void Received() { Arm(FD_READ); }
@@ -65,11 +65,11 @@ private:
     long m_recorded = 0;
     long m_reported = 0;
     int m_errors[FD_MAX_EVENTS] = {};
-    bool m_endWaits = false; // the end was seen behind data that are not received yet
+    bool m_endWaits = false; // the end was seen, but data before it has not been received
     bool m_ended = false;
     bool m_hungUp = false;
     bool m_reset = false;
-    bool m_over = false; // nothing more can happen
+    bool m_over = false; // no further events are possible
 };
 
 } // namespace quorvel

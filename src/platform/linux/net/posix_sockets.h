@@ -1,4 +1,4 @@
-// The system's socket headers, for the sources that stand between them and Winsock.
+// The system's socket headers, for the code that implements Winsock.
 #pragma once
 
 #include <quorvel/platform/sockets.h>
@@ -10,5 +10,5 @@
 
 #include <cerrno>
 
-// The numbers that are Winsock's too.
+// Numbers that are the same in Winsock.
 static_assert(SD_RECEIVE == SHUT_RD && SD_SEND == SHUT_WR && SD_BOTH == SHUT_RDWR);

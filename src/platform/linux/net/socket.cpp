@@ -23,12 +23,12 @@ SOCKET FailSocket(int error) {
     return INVALID_SOCKET;
 }
 
-// The result of a call of the system, whose error is set where it failed.
+// Returns the result of a system call and sets the error if it failed.
 int Checked(int result) {
     return result >= 0 ? result : FailCall(SocketError(errno));
 }
 
-// An address on its way to the system.
+// An address to pass to the system.
 class NativeAddress {
 public:
     NativeAddress(const sockaddr* address, int length) {
@@ -54,8 +54,8 @@ private:
     int m_error = 0;
 };
 
-// The address that `call` gets from the system, for a program that may want none. The result is
-// that of the call; 10014 for a buffer that is too small.
+// Calls `call` to get an address from the system. The program may pass null. Returns the result of
+// the call, or fails with 10014 if the buffer is too small.
 template <class Call>
 int GetAddress(sockaddr* address, int* length, Call call) {
     sockaddr_storage storage = {};
@@ -72,7 +72,7 @@ int GetAddress(sockaddr* address, int* length, Call call) {
     return result;
 }
 
-// Repeats a call that would block until it does not, if the socket is in blocking mode.
+// In blocking mode, repeats a call that would block until it succeeds.
 template <class Call>
 ssize_t Complete(Socket& socket, short conditions, Call call) {
     for (;;) {
@@ -89,18 +89,18 @@ ssize_t Complete(Socket& socket, short conditions, Call call) {
     }
 }
 
-// Those of Winsock are the system's; others are not passed on.
+// These flags have the system's values; other flags are not passed on.
 int NativeFlags(int flags) {
     return flags & (MSG_OOB | MSG_PEEK);
 }
 
-// Binds as Winsock does: to a port that no socket is bound to, though connections of one that was
-// may still be fading away (TIME_WAIT).
+// Binds like Winsock: to a port to which no socket is bound, even while closed connections of a
+// former socket are in TIME_WAIT.
 //
-// The system refuses both unless this socket and every one on the port have SO_REUSEADDR, and with
-// it would let two sockets bind that do not listen. So a socket has the option only where it does
-// no harm: a listener, which nobody can share a port with, and the connections that inherit it; any
-// other one while it is closed. Whoever holds the port has it not, in other processes neither.
+// The system refuses this unless this socket and all others on the port have SO_REUSEADDR. But with
+// the option it would let two sockets that do not listen share a port. So a socket has the option
+// only when it is harmless: listeners (nobody can share their port) and connections that inherit
+// it, and other sockets when they are closed. A bound, open socket lacks it, in every process.
 int Bind(Socket& socket, const NativeAddress& address) {
     const auto tryBind = [&] {
         return ::bind(socket.Descriptor(), address.Get(), address.Length()) == 0 ? 0 : errno;
@@ -114,7 +114,7 @@ int Bind(Socket& socket, const NativeAddress& address) {
     return error != 0 ? SocketError(error) : 0;
 }
 
-// The system looks for others on the port once more. The option stays, for the connections.
+// The system checks for other sockets on the port again. The option stays, for the connections.
 int Listen(Socket& socket, int backlog) {
     const auto tryListen = [&] { return ::listen(socket.Descriptor(), backlog) == 0 ? 0 : errno; };
     int error = tryListen();
@@ -136,7 +136,7 @@ NetworkEvents::Kind KindOf(Socket& socket) {
     return socket.WithEvents([](NetworkEvents& events) { return events.GetKind(); });
 }
 
-// Why a receive, or a send, cannot be; 0 when the system is to say.
+// The error that prevents a receive or a send; 0 when the system decides.
 int ReceiveError(Socket& socket, int length) {
     if (length < 0)
         return WSAEFAULT;
@@ -155,7 +155,7 @@ int SendError(Socket& socket) {
                : socket.ResetError();
 }
 
-// What every receive does around the system's call.
+// The steps that all receives share.
 template <class Call>
 int Receive(Socket& socket, int length, int flags, Call call) {
     if (const int error = ReceiveError(socket, length))
@@ -167,12 +167,12 @@ int Receive(Socket& socket, int length, int flags, Call call) {
     socket.WithEvents(
         [urgent](NetworkEvents& events) { urgent ? events.ReceivedUrgent() : events.Received(); });
     if (result >= 0)
-        win32::SetLastError(NO_ERROR); // as Winsock does: 0 is what is told after a clean end
+        win32::SetLastError(NO_ERROR); // like Winsock; callers read 0 after an orderly end
     return static_cast<int>(result);
 }
 
-// `call` sends what is left behind that many bytes. In blocking mode a stream takes everything
-// before the call returns; otherwise as much as there is room for.
+// `call` sends the rest after that many bytes. In blocking mode a stream sends everything before
+// the call returns; otherwise it sends as much as there is room for.
 template <class Call>
 int Send(Socket& socket, int length, Call call) {
     if (const int error = length < 0 ? WSAEINVAL : SendError(socket))
@@ -185,7 +185,7 @@ int Send(Socket& socket, int length, Call call) {
         if (result < 0)
             return SOCKET_ERROR;
         if (!socket.IsStream())
-            socket.SetDone(&Socket::Done::bound); // by the system
+            socket.SetDone(&Socket::Done::bound); // the system has bound it
         sent += static_cast<int>(result);
     } while (sent < length && !socket.IsNonBlocking());
     return sent;
@@ -313,7 +313,7 @@ int connect(SOCKET handle, const sockaddr* address, int length) {
     const NativeAddress native(address, length);
     if (native.Error() != 0)
         return FailCall(native.Error());
-    // After a finished connection the system would report success once.
+    // After a finished connection SO_ERROR would report success once.
     const NetworkEvents::Kind kind = KindOf(*socket);
     if (kind == NetworkEvents::Kind::Connected || kind == NetworkEvents::Kind::Listening)
         return FailCall(kind == NetworkEvents::Kind::Connected ? WSAEISCONN : WSAEINVAL);
@@ -414,8 +414,8 @@ int shutdown(SOCKET handle, int how) {
     const NetworkEvents::Kind kind = KindOf(*socket);
     if (kind != NetworkEvents::Kind::Connected && kind != NetworkEvents::Kind::Datagram)
         return FailCall(WSAENOTCONN);
-    // Shutting the system's receiving side down would look like the end of the connection. A socket
-    // of datagrams may have no connection, and refuses in SendError.
+    // Shutting down the system's receiving side would look like the end of the connection. A
+    // datagram socket may have no connection; SendError refuses its sends.
     if (how != SD_RECEIVE && socket->IsStream() && ::shutdown(socket->Descriptor(), SHUT_WR) != 0)
         return FailCall(SocketError(errno));
     if (how != SD_RECEIVE)
@@ -502,7 +502,7 @@ int WSAEnumNetworkEvents(SOCKET handle, WSAEVENT event, WSANETWORKEVENTS* events
     const NetworkEvents::Report report = socket->Enumerate(waitable.get());
     events->lNetworkEvents = static_cast<LONG>(report.events);
     std::ranges::copy(report.errors, events->iErrorCode);
-    SetLastError(NO_ERROR); // as Winsock does
+    SetLastError(NO_ERROR); // like Winsock
     return 0;
 }
 

@@ -1,4 +1,4 @@
-// What the calls on sockets have in common.
+// Code that the socket calls share.
 #pragma once
 
 #include "platform/linux/net/socket_object.h"
@@ -10,7 +10,7 @@ bool IsWinsockStarted();
 // The socket, or null with the error set.
 std::shared_ptr<Socket> FindSocket(SOCKET handle);
 
-// Sets the error; SOCKET_ERROR, for the call to return.
+// Sets the error and returns SOCKET_ERROR, for the call to return.
 inline int FailCall(int error) {
     win32::SetLastError(static_cast<DWORD>(error));
     return SOCKET_ERROR;

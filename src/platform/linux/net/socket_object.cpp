@@ -9,7 +9,7 @@ namespace quorvel {
 
 namespace {
 
-// Signals when a descriptor has one of the conditions, for one blocking call.
+// Sets an event when a descriptor has one of the conditions, for one blocking call.
 class Readiness final : public WaitSource {
 public:
     Readiness(int descriptor, short conditions, std::shared_ptr<Waitable> ready)
@@ -32,7 +32,7 @@ Socket::Socket(int descriptor, bool stream) : m_descriptor(descriptor), m_stream
 Socket::~Socket() {
     if (m_stream)
         ShareAddress(m_descriptor,
-                     true); // what is left of its connection keeps nobody off the port
+                     true); // the rest of its connection blocks no port
     close(m_descriptor);
 }
 
@@ -53,7 +53,7 @@ pollfd Socket::Interest() {
     return {m_descriptor, conditions, 0};
 }
 
-// The lock is held.
+// The caller holds the lock.
 NetworkEvents::Conditions Socket::ConditionsOf(short polled) {
     NetworkEvents::Conditions conditions;
     conditions.end = (polled & (POLLRDHUP | POLLHUP)) != 0;
@@ -61,7 +61,7 @@ NetworkEvents::Conditions Socket::ConditionsOf(short polled) {
     conditions.urgent = (polled & POLLPRI) != 0;
     conditions.hangUp = (polled & (POLLHUP | POLLERR)) != 0;
     conditions.data = (polled & POLLIN) != 0;
-    // Readable may mean no more than the end, and a poll may come upon that before it tells of it.
+    // Readable may mean only the end, and poll may report it before it reports the end.
     const bool connected = m_events.GetKind() == NetworkEvents::Kind::Connected;
     if (conditions.end || conditions.hangUp || (conditions.data && connected)) {
         int bytes = 0;
@@ -140,7 +140,7 @@ NetworkEvents::Report Socket::Enumerate(Waitable* eventToReset) {
         if (poll(&polled, 1, 0) > 0)
             Notice(polled.revents);
     }
-    const std::lock_guard lock(m_mutex); // the next event signals after the reset
+    const std::lock_guard lock(m_mutex); // locked: the next event must signal after the reset
     if (eventToReset != nullptr)
         eventToReset->Reset();
     const NetworkEvents::Report report = m_events.Enumerate();

@@ -1,4 +1,4 @@
-// What a SOCKET stands for.
+// The object of a SOCKET.
 #pragma once
 
 #include "platform/linux/net/network_events.h"
@@ -13,7 +13,7 @@ class Socket final : public HandleObject,
                      public WaitSource,
                      public std::enable_shared_from_this<Socket> {
 public:
-    Socket(int descriptor, bool stream); // takes the descriptor over
+    Socket(int descriptor, bool stream); // takes ownership of the descriptor
     ~Socket() override;
 
     int Descriptor() const { return m_descriptor; }
@@ -22,7 +22,7 @@ public:
     pollfd Interest() override;
     void Notice(short conditions) override;
 
-    // Does `act` with the record of events under the lock, and wakes who waits for them.
+    // Calls `act` with the record of events under the lock, then wakes the waiting threads.
     template <class Act>
     auto WithEvents(Act act) {
         const std::lock_guard lock(m_mutex);
@@ -33,33 +33,33 @@ public:
         return act(m_events);
     }
 
-    // False in blocking mode while events are selected.
+    // Returns false in blocking mode while events are selected.
     bool SetNonBlocking(bool nonBlocking);
     bool IsNonBlocking();
 
     void Select(std::shared_ptr<Waitable> event, long mask);
-    // The listener's event and mask for a socket that it accepted.
+    // Copies the listener's event and mask to a socket that it accepted.
     void SelectAs(Socket& listener);
     NetworkEvents::Report Enumerate(Waitable* eventToReset);
 
-    // Waits until one of the poll conditions holds. False, with 10004, when the socket was closed.
+    // Waits for one of the poll conditions. Returns false with 10004 when the socket was closed.
     bool WaitFor(short conditions);
     void Close();
 
-    // Winsock errors that a look took from the descriptor: of a failed connection, for SO_ERROR,
-    // which clears it; of a reset, for every later call.
+    // Winsock errors read from the descriptor. TakeError returns the error of a failed connection
+    // for SO_ERROR and clears it; ResetError returns the error of a reset for every later call.
     int TakeError();
     int ResetError();
-    void NoteReset(); // by a call, which the system tells only once
+    void NoteReset(); // a call has seen a reset; the system reports it once
 
-    // Calls that the system does not refuse as Winsock does.
+    // Calls that Winsock refuses but the system does not.
     struct Done {
         bool bound = false;
         bool sendShut = false;
         bool receiveShut = false;
     };
     Done GetDone();
-    // SO_REUSEADDR as the program has set it; the system's differs (see Bind).
+    // The program's SO_REUSEADDR; the system's value may differ (see Bind).
     bool SharesAddress();
     bool SetSharesAddress(bool shares); // false when the system refuses
     void SetDone(bool Done::*what);
@@ -76,7 +76,7 @@ private:
     const std::shared_ptr<Waitable> m_closed = std::make_shared<Waitable>(false);
     std::mutex m_mutex; // guards what follows
     NetworkEvents m_events;
-    std::shared_ptr<Waitable> m_event; // null while none is selected
+    std::shared_ptr<Waitable> m_event; // null while no event is selected
     bool m_nonBlocking = false;
     int m_error = 0;
     int m_resetError = 0;
@@ -84,10 +84,10 @@ private:
     bool m_sharesAddress = false;
 };
 
-// The system's SO_REUSEADDR.
+// Sets the system's SO_REUSEADDR.
 bool ShareAddress(int descriptor, bool share);
 
-// The Winsock error of an errno.
+// The Winsock error for an errno.
 int SocketError(int error);
 
 } // namespace quorvel

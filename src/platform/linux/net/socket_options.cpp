@@ -32,7 +32,7 @@ bool IsBufferSize(const Option& option) {
     return option.level == SOL_SOCKET && (option.option == SO_SNDBUF || option.option == SO_RCVBUF);
 }
 
-// These take a BOOL, and of it any number of bytes.
+// These options take a BOOL, with any number of its bytes.
 bool IsFlag(int level, int option) {
     return level == IPPROTO_TCP || option == SO_REUSEADDR || option == SO_KEEPALIVE ||
            option == SO_BROADCAST;
@@ -101,7 +101,7 @@ int getsockopt(SOCKET handle, int level, int option, char* value, int* length) {
         if (::getsockopt(socket->Descriptor(), known->level, known->option, &number, &size) != 0)
             return FailCall(SocketError(errno));
         if (IsBufferSize(*known))
-            number /= 2; // the system doubles what it is told
+            number /= 2; // the system doubles the size it is given
     }
     if (*length < static_cast<int>(sizeof number))
         return FailCall(WSAEFAULT);

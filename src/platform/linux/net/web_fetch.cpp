@@ -1,4 +1,4 @@
-// By libcurl's multi interface on the caller's thread, which curl_multi_wakeup wakes.
+// Uses libcurl's multi interface on the caller's thread. curl_multi_wakeup wakes it.
 #include "platform/web_fetch.h"
 
 #include "platform/linux/text/code_page.h"
@@ -15,7 +15,7 @@
 #include <optional>
 #include <strings.h>
 
-// The macros check the types of arguments, and then name the functions.
+// The macros check argument types and then call the functions.
 #undef curl_easy_setopt
 #undef curl_easy_getinfo
 
@@ -48,7 +48,7 @@ bool Find(void* library, const char* name, Function& function) {
     return function != nullptr;
 }
 
-// Never unloaded: a cancelled request may still be ending in it.
+// Never unloaded: a cancelled request may still run in it.
 std::optional<Curl> Load(const char* name) {
     void* const library = dlopen(name, RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr)
@@ -167,7 +167,7 @@ private:
 
     const WebRequest m_request;
     std::optional<Curl> m_curl;
-    std::atomic<CURLM*> m_multi = nullptr; // with it, the library is there
+    std::atomic<CURLM*> m_multi = nullptr; // not null means that the library is loaded
     std::atomic<bool> m_isCancelled = false;
 
     WebReceiver* m_receiver = nullptr;
@@ -184,16 +184,16 @@ bool WebFetch::Parts::SetUp(CURL* easy) {
     set(easy, CURLOPT_NOSIGNAL, 1L);
     set(easy, CURLOPT_ERRORBUFFER, m_error);
     set(easy, CURLOPT_NOBODY, m_request.headerOnly ? 1L : 0L);
-    // Whatever else the library can speak, a redirection included, is not spoken.
+    // The library supports other protocols; allow only these, in redirections too.
     if (set(easy, CURLOPT_PROTOCOLS_STR, "http,https") != CURLE_OK) // since 7.85
         return false;
     set(easy, CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2});
     set(easy, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(m_request.connectMilliseconds));
     set(easy, CURLOPT_ACCEPT_ENCODING, "gzip");
-    set(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L); // those of a proxy
+    set(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L); // ignores the headers of a proxy
     set(easy, CURLOPT_USERAGENT, "Quorvel");
     set(easy, CURLOPT_BUFFERSIZE, 128L * 1024);
-    // The command reads it, the library does not.
+    // The curl command reads SSL_CERT_FILE, but the library does not.
     if (const char* const authorities = std::getenv("SSL_CERT_FILE")) {
         set(easy, CURLOPT_CAINFO, authorities);
         set(easy, CURLOPT_CAPATH, static_cast<char*>(nullptr));
@@ -206,7 +206,7 @@ bool WebFetch::Parts::SetUp(CURL* easy) {
 }
 
 void WebFetch::Parts::OnHeaderLine(const std::string& line) {
-    if (line.starts_with("HTTP/")) { // also behind an interim answer
+    if (line.starts_with("HTTP/")) { // also after an interim answer
         m_fields.clear();
         m_hasLocation = false;
         m_status = std::strtol(line.c_str() + std::min(line.find(' '), line.size()), nullptr, 10);
@@ -253,7 +253,7 @@ std::size_t WebFetch::Parts::TakeBody(char* bytes, std::size_t size, std::size_t
     return isTaken ? size * count : 0;
 }
 
-// Without a byte since the connection was there; before that the library's own time-out counts.
+// No byte since connecting. Before that, the library's own time-out applies.
 bool WebFetch::Parts::HasStalled(CURL* easy) {
     curl_off_t untilConnected = 0;
     m_curl->getInfo(easy, CURLINFO_PRETRANSFER_TIME_T, &untilConnected);
@@ -312,7 +312,7 @@ WebResult WebFetch::Parts::Run(WebReceiver& receiver) {
                     Widened(m_error[0] != 0 ? m_error : m_curl->errorText(code))};
         if (!IsRedirect())
             return {};
-        char* next = nullptr; // the absolute address
+        char* next = nullptr; // receives the absolute address
         m_curl->getInfo(easy.get(), CURLINFO_REDIRECT_URL, &next);
         const std::string target = next != nullptr ? next : "";
         const bool isAllowed = IsHttps(target) || (HasScheme(target, "http://") && !IsHttps(url));
