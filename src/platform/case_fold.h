@@ -1,4 +1,4 @@
-// Simple case folding of one UTF-16 unit, as the platform's lower-case table has it.
+// Simple case folding of one UTF-16 unit by the platform's lower-case table.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -8,7 +8,7 @@
 
 namespace quorvel {
 
-// The lower-case form of a letter, any other unit unchanged. Surrogates are not letters.
+// The lower-case form of a letter; any other unit unchanged. Surrogates are not letters.
 WCHAR FoldCaseBeyondAscii(WCHAR unit);
 
 inline WCHAR FoldCase(WCHAR unit) {

@@ -1,5 +1,5 @@
-// The component model for the library's own sources, with the counting that its objects need: the
-// SDK on Windows, its twin on Linux.
+// The component model for the library's own sources, and the interlocked functions for its objects:
+// the SDK on Windows, a replacement on Linux.
 #pragma once
 
 #include "platform/win32.h"

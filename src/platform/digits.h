@@ -1,4 +1,4 @@
-// The digits of ASCII alone.
+// ASCII digits.
 #pragma once
 
 namespace quorvel {
@@ -10,12 +10,12 @@ constexpr bool IsDigit(Ch character) {
 
 constexpr int kMaximumRadix = 36;
 
-// The value of a digit in the largest radix, or that radix. Letters of either case are digits.
+// The value of a digit in the largest radix, otherwise that radix. Case does not matter.
 template <class Ch>
 constexpr int DigitValue(Ch character) {
     if (IsDigit(character))
         return character - '0';
-    const int letter = character | 0x20; // in lower case
+    const int letter = character | 0x20; // converted to lower case
     return letter >= 'a' && letter <= 'z' ? letter - 'a' + 10 : kMaximumRadix;
 }
 

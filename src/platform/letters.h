@@ -1,5 +1,5 @@
-// What kind of letter a UTF-16 unit is, by the platform's tables. The systems agree but for four
-// superscript letters (U+00AA, U+00BA, U+2071, U+207F), which Windows counts as small ones.
+// The kind of letter of a UTF-16 unit, by the platform's tables. The systems agree except for four
+// superscript letters (U+00AA, U+00BA, U+2071, U+207F), which are small letters on Windows.
 #pragma once
 
 #include <quorvel/platform/platform.h>

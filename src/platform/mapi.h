@@ -1,5 +1,5 @@
-// The records of Simple MAPI: the SDK's on Windows, their twins on Linux, where they only carry a
-// message within the library. Texts are in the active code page and belong to whoever made them.
+// The records of Simple MAPI: from the SDK on Windows; on Linux equal ones, which only carry a
+// message within the library. Texts are in the active code page and are not owned.
 #pragma once
 
 #include <quorvel/platform/platform.h>

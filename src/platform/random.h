@@ -1,11 +1,11 @@
-// Random bytes that nobody can foresee.
+// Unpredictable random bytes.
 #pragma once
 
 #include <cstddef>
 
 namespace quorvel {
 
-// False when the system's source fails. Any thread.
+// Returns false when the system's source fails. Any thread.
 bool FillRandom(void* bytes, std::size_t count);
 
 } // namespace quorvel

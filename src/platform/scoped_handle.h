@@ -1,4 +1,4 @@
-// ScopedHandle: a handle that is closed at the end of its owner.
+// ScopedHandle owns a handle and closes it.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -10,7 +10,7 @@ namespace quorvel {
 class ScopedHandle {
 public:
     ScopedHandle() = default;
-    // INVALID_HANDLE_VALUE, by which CreateFileW says that it failed, counts as no handle.
+    // INVALID_HANDLE_VALUE, which CreateFileW returns on failure, means no handle.
     explicit ScopedHandle(HANDLE handle)
         : m_handle(handle != INVALID_HANDLE_VALUE ? handle : nullptr) {}
     ScopedHandle(ScopedHandle&& other) noexcept
@@ -22,8 +22,8 @@ public:
     ~ScopedHandle() { Close(); }
 
     bool IsValid() const { return m_handle != nullptr; }
-    HANDLE Get() const { return m_handle; } // null when there is none
-    // False when the system refuses, or when there is no handle; afterwards there is none.
+    HANDLE Get() const { return m_handle; } // null without a handle
+    // Returns false when the system refuses, or without a handle. Afterwards there is no handle.
     bool Close() {
         using namespace win32;
         const HANDLE handle = std::exchange(m_handle, nullptr);

@@ -1,5 +1,5 @@
-// The part of the shell that names folders: the SDK on Windows, its twin on Linux. Apart from
-// win32.h, since the SDK's header brings much that only its few users should pay for.
+// The shell's functions for folders: the SDK on Windows, a replacement on Linux. Separate from
+// win32.h, because the SDK's header is large and few sources need it.
 #pragma once
 
 #include "platform/win32.h"

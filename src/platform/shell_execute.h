@@ -1,5 +1,5 @@
-// Opening files and addresses with the program that the user has for them: the SDK's shell on
-// Windows, its twin on Linux.
+// Opens files and addresses with the user's program for them: the SDK's shell on Windows, a
+// replacement on Linux.
 #pragma once
 
 #include "platform/win32.h"

@@ -1,4 +1,4 @@
-// The halves of a character beyond U+FFFF.
+// The two units of a character beyond U+FFFF.
 #pragma once
 
 #include <quorvel/platform/platform.h>

@@ -1,5 +1,5 @@
-// Fetches one resource over HTTPS or HTTP with the library that the system has for it, which is
-// loaded at run time.
+// Fetches one resource over HTTPS or HTTP with the system's library for it, which is loaded at run
+// time.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -18,30 +18,30 @@ struct WebRequest {
     bool headerOnly = false;
     DWORD connectMilliseconds = 30000;
     DWORD stallMilliseconds = 30000;
-    const char* library = nullptr; // in the place of the system's
+    const char* library = nullptr; // replaces the system's library
 };
 
 struct WebResult {
     enum Kind {
         Fetched,
         Failed,
-        NotTrusted,      // or no secure connection at all
-        RedirectRefused, // too many, or one that gives the protection up
-        NoLibrary        // the text is its name
+        NotTrusted,      // or no secure connection is possible
+        RedirectRefused, // too many, or one from HTTPS to HTTP
+        NoLibrary        // `text` is its name
     };
     Kind kind = Fetched;
     DWORD error = 0; // a Winsock error or a system error
-    WebText text;    // the library's; may be empty
+    WebText text;    // from the library; may be empty
 };
 
-// Called on the thread of Run, for the last answer only.
+// Run calls it on its thread, and only for the final answer.
 class WebReceiver {
 public:
     typedef std::vector<std::pair<std::string, std::string>> Fields;
     virtual void OnConnected() = 0;
-    // `length` is that of the body, as it will be given; 0 when it is not known.
+    // `length` is the length of the body that OnBody will get; 0 when it is unknown.
     virtual void OnHeader(UINT statusCode, Fields fields, ULONGLONG length) = 0;
-    virtual bool OnBody(const char* bytes, std::size_t count) = 0; // false: no more of it
+    virtual bool OnBody(const char* bytes, std::size_t count) = 0; // false: stop
 
 protected:
     ~WebReceiver() = default;
@@ -55,8 +55,8 @@ public:
     WebFetch(const WebFetch&) = delete;
     ~WebFetch();
 
-    WebResult Run(WebReceiver& receiver); // blocks; once
-    // Any thread, while the object exists: Run ends soon, and at the latest by the time-outs.
+    WebResult Run(WebReceiver& receiver); // blocks; call it once
+    // Any thread, while the object exists. Run then ends soon, at the latest after the time-outs.
     void Cancel();
 
 private:

@@ -1,5 +1,5 @@
-// What the library's own sources include to call the platform: the SDK on Windows, its twin of the
-// same names on Linux.
+// The library's own sources include this to call the platform: the SDK on Windows, replacements
+// with the same names on Linux.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -8,8 +8,8 @@
 
 #include <shlwapi.h>
 
-// On Linux POSIX has functions of these names as well, in the global namespace. So calls from there
-// name this one, on both systems.
+// On Linux POSIX has functions of these names in the global namespace. So calls name this
+// namespace, on both systems.
 namespace quorvel::win32 {
 using ::accept;
 using ::bind;

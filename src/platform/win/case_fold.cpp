@@ -3,7 +3,7 @@
 namespace quorvel {
 
 WCHAR FoldCaseBeyondAscii(WCHAR unit) {
-    // A pointer below 0x10000 asks for the mapping of that one character.
+    // CharLowerW takes a pointer below 0x10000 as a single character.
     const auto result = CharLowerW(reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(unit)));
     return static_cast<WCHAR>(reinterpret_cast<ULONG_PTR>(result));
 }

@@ -2,9 +2,9 @@
 
 #include <quorvel/platform/platform.h>
 
-// The compiler has no __try. On i686 the frames that handle exceptions are a list on the stack,
-// whose head is at the begin of the thread's block; a frame of our own is easily put there. A
-// 64-bit program has tables in its place, which only the compiler can write.
+// The compiler has no __try. On i686 the exception handlers are a list of frames on the stack, and
+// the thread's block begins with its head, so a frame can easily be added. A 64-bit program has
+// tables instead, which only the compiler can write.
 
 namespace quorvel {
 
@@ -36,10 +36,10 @@ void SetHeadOfFrames(EXCEPTION_REGISTRATION_RECORD* head) {
 }
 
 EXCEPTION_DISPOSITION CDECL Resume(EXCEPTION_RECORD* exception, void* frame, CONTEXT*, void*) {
-    constexpr DWORD kUnwinding = 0x2 | 0x4; // the frames in front of another one's handler
+    constexpr DWORD kUnwinding = 0x2 | 0x4; // frames in front of another handler's frame
     if ((exception->ExceptionFlags & kUnwinding) != 0)
         return ExceptionContinueSearch;
-    // Unwinding keeps no register but the two of the stack.
+    // Unwinding preserves only the two stack registers.
     Guard* volatile const guard = static_cast<Guard*>(frame);
     ::RtlUnwind(frame, nullptr, exception, nullptr);
     __builtin_longjmp(guard->resume, 1);

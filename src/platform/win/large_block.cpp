@@ -2,7 +2,7 @@
 
 namespace quorvel {
 
-// Large pages need a privilege that users don't have, and are never paged out.
+// Large pages need a privilege that users lack, and they are never paged out.
 void PreferHugePages(void*, std::size_t) {}
 
 std::size_t RoomToGrow(std::size_t size) {

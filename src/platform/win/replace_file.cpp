@@ -26,14 +26,14 @@ std::basic_string<WCHAR> FinalPath(const WCHAR* path) {
 void ProtectLike(const WCHAR*, const WCHAR*) {} // ReplaceFileW keeps the access list
 
 BOOL MoveOver(const WCHAR* from, const WCHAR* to) {
-    // ReplaceFileW keeps the attributes and the access list, and needs a file to replace.
+    // ReplaceFileW keeps the attributes and the access list, but fails without an existing file.
     if (ReplaceFileW(to, from, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
         return TRUE;
     return MoveFileExW(from, to, MOVEFILE_REPLACE_EXISTING);
 }
 
 BOOL ReserveRoom(HANDLE file, ULONGLONG size) {
-    // The end of a file that is not sparse takes its room from the disk.
+    // Setting the end of a file that is not sparse reserves its disk space.
     const auto moveEnd = [file](LONGLONG end) {
         LARGE_INTEGER place;
         place.QuadPart = end;

@@ -1,5 +1,5 @@
-// By WinHTTP's blocking calls on the caller's thread. Closing the request from another thread ends
-// them, on Windows soon, elsewhere by the time-outs at the latest.
+// Uses WinHTTP's blocking calls on the caller's thread. Closing the request from another thread
+// ends them: on Windows soon, elsewhere at the latest after the time-outs.
 #include "platform/web_fetch.h"
 
 #include "platform/win32.h"
@@ -18,11 +18,11 @@ namespace {
 
 constexpr const char* kLibrary = "winhttp.dll";
 
-// Names that the headers of an older system don't have.
+// Constants that the headers for older systems lack.
 constexpr DWORD kAutomaticProxy = 4;  // since Windows 8.1
-constexpr DWORD kResponseTimeOut = 7; // bounds the wait for the header, and the handshake
+constexpr DWORD kResponseTimeOut = 7; // limits the wait for the header and the handshake
 constexpr DWORD kTls12 = 0x800, kTls12And13 = 0x2800;
-constexpr DWORD kSecureFault = 0x00010000; // of a status callback
+constexpr DWORD kSecureFault = 0x00010000; // a flag of the status callback
 
 struct WinHttp {
     decltype(&::WinHttpOpen) open;
@@ -46,7 +46,7 @@ bool Find(HMODULE library, const char* name, Function& function) {
     return function != nullptr;
 }
 
-// Neither it nor this library is unloaded again: a cancelled request may still be ending in them.
+// Neither WinHTTP nor this library is unloaded: a cancelled request may still run in them.
 std::optional<WinHttp> Load(const char* name) {
     const HMODULE library = LoadLibraryA(name);
     WinHttp functions;
@@ -82,7 +82,7 @@ DWORD SocketErrorOf(DWORD error) {
         DWORD of, error;
     } kErrors[] = {
         {ERROR_WINHTTP_TIMEOUT, WSAETIMEDOUT},
-        {WSAETIMEDOUT, WSAETIMEDOUT}, // as Wine has it
+        {WSAETIMEDOUT, WSAETIMEDOUT}, // Wine's code
         {ERROR_WINHTTP_NAME_NOT_RESOLVED, WSAHOST_NOT_FOUND},
         {ERROR_WINHTTP_CANNOT_CONNECT, WSAECONNREFUSED},
         {ERROR_WINHTTP_CONNECTION_ERROR, WSAECONNRESET},
@@ -105,12 +105,12 @@ bool IsTrustFault(DWORD error) {
         ERROR_WINHTTP_SECURE_CERT_REVOKED,
         ERROR_WINHTTP_SECURE_CERT_WRONG_USAGE,
         ERROR_WINHTTP_CLIENT_AUTH_CERT_NEEDED,
-        static_cast<DWORD>(SEC_E_SECPKG_NOT_FOUND), // Wine without its library for TLS
+        static_cast<DWORD>(SEC_E_SECPKG_NOT_FOUND), // Wine without its TLS library
     };
     return std::find(std::begin(kFaults), std::end(kFaults), error) != std::end(kFaults);
 }
 
-// The error that has a text for a fault of the certificate, by the flags of the callback.
+// The error with a text for a certificate's fault, by the flags of the callback.
 DWORD FaultOf(DWORD flags) {
     static constexpr struct {
         DWORD flag, error;
@@ -165,7 +165,7 @@ private:
     HINTERNET m_session = nullptr;
     HINTERNET m_connection = nullptr;
     std::atomic<DWORD> m_faults = 0; // of the certificate
-    std::mutex m_mutex;              // guards the two that follow
+    std::mutex m_mutex;              // guards the two members below
     HINTERNET m_handle = nullptr;
     bool m_isCancelled = false;
 };
@@ -202,7 +202,7 @@ bool WebFetch::Parts::Open() {
         static_cast<int>(std::min<DWORD>(m_request.connectMilliseconds, 0x7fffffff));
     const int stall = static_cast<int>(std::min<DWORD>(m_request.stallMilliseconds, 0x7fffffff));
     m_http->setTimeouts(m_session, connect, connect, stall, stall);
-    DWORD protocols = kTls12And13; // older systems refuse the second
+    DWORD protocols = kTls12And13; // older systems refuse TLS 1.3
     if (m_http->setOption(m_session, WINHTTP_OPTION_SECURE_PROTOCOLS, &protocols, sizeof protocols))
         return true;
     protocols = kTls12;
@@ -263,7 +263,7 @@ bool WebFetch::Parts::ReadHeader(HINTERNET request, WebReceiver& receiver) const
 bool WebFetch::Parts::Receive(HINTERNET request, WebReceiver& receiver) {
     if (!m_http->receive(request, nullptr) || !ReadHeader(request, receiver))
         return false;
-    char block[16 * 1024]; // Wine gives nothing of a block that is not full when the time is over
+    char block[16 * 1024]; // when the time is over, Wine drops a block that is not full
     DWORD count = 0;
     do {
         if (!m_http->read(request, block, sizeof block, &count))

@@ -1,4 +1,4 @@
-// The registry's operations: arguments, handles and rights. What they do is in registry_store.cpp.
+// The registry's operations check arguments, handles and rights. registry_store.cpp does the work.
 #include "platform/linux/registry/registry_store.h"
 #include "platform/linux/waits/handle.h"
 
@@ -12,8 +12,8 @@ namespace quorvel {
 
 namespace {
 
-// Never destroyed: static objects of a host may save their state after ours have gone. They find
-// the file closed, and open it again.
+// Never destroyed: a host's static objects may save their state after ours are destroyed. They find
+// the file closed and open it again.
 RegistryStore& UserRegistry() {
     static RegistryStore& store = []() -> RegistryStore& {
         auto* const made = new RegistryStore;
@@ -27,7 +27,7 @@ RegistryStore& UserRegistry() {
     return store;
 }
 
-// The rights that the operations ask for; the others mean nothing here.
+// The rights that the operations check; others have no effect.
 constexpr DWORD kAllRights = KEY_ALL_ACCESS & 0xff;
 constexpr DWORD kWritingRights = KEY_SET_VALUE | KEY_CREATE_SUB_KEY;
 
@@ -36,11 +36,11 @@ struct OpenKey : HandleObject {
 
     const RegistryKey key;
     const DWORD rights;
-    RegistryCursor keys; // these two are guarded by the store
+    RegistryCursor keys; // the store guards these two
     RegistryCursor values;
 };
 
-// The number of a root from 1, in the order of the handles; 0 for any other handle.
+// The number of a root, from 1 in the order of the handles; 0 for any other handle.
 std::int64_t RootOf(HKEY key) {
     static const HKEY kRoots[] = {HKEY_CLASSES_ROOT, HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE,
                                   HKEY_USERS, HKEY_CURRENT_CONFIG};
@@ -53,14 +53,14 @@ bool IsPerformanceRoot(HKEY key) {
            key == HKEY_PERFORMANCE_NLSTEXT;
 }
 
-// What a handle given by a caller stands for.
+// The key behind a caller's handle.
 class KeyReference {
 public:
     explicit KeyReference(HKEY handle) : m_root(RootOf(handle)) {
         if (m_root == 0)
             m_open = FindHandle<OpenKey>(handle);
     }
-    // ERROR_INVALID_HANDLE or ERROR_ACCESS_DENIED unless it is a key with these rights.
+    // ERROR_INVALID_HANDLE or ERROR_ACCESS_DENIED unless the handle is a key with these rights.
     DWORD Check(DWORD rights) const {
         if (m_root != 0)
             return ERROR_SUCCESS;
@@ -70,7 +70,7 @@ public:
     }
     bool IsRoot() const { return m_root != 0; }
     RegistryKey Key() const { return m_open != nullptr ? m_open->key : RegistryKey{m_root, 0}; }
-    // A root is enumerated from the start each time.
+    // The enumeration of a root starts again each time.
     RegistryCursor& Keys() { return m_open != nullptr ? m_open->keys : m_unkept; }
     RegistryCursor& Values() { return m_open != nullptr ? m_open->values : m_unkept; }
 
@@ -100,7 +100,7 @@ bool IsText(DWORD kind) {
     return kind == REG_SZ || kind == REG_EXPAND_SZ || kind == REG_MULTI_SZ;
 }
 
-// Ends a text that was stored without its terminator, where the buffer has room for one.
+// Terminates a text that was stored without its terminator, if the buffer has room for it.
 void Terminate(const RegistryValue& value) {
     constexpr std::int64_t kUnit = sizeof(WCHAR);
     if (!IsText(value.kind) || value.size < kUnit || value.capacity - value.size < kUnit)
@@ -111,7 +111,7 @@ void Terminate(const RegistryValue& value) {
         std::memset(value.buffer + value.size, 0, sizeof last);
 }
 
-// The value's kind and size, and the code for a buffer that is too small.
+// Returns the value's kind and size, and the error code for a buffer that is too small.
 DWORD Deliver(const RegistryValue& value, LPDWORD kind, LPDWORD size) {
     if (kind != nullptr)
         *kind = value.kind;
@@ -141,7 +141,7 @@ DWORD CopyName(std::u16string_view name, LPWSTR buffer, LPDWORD size) {
     return ERROR_SUCCESS;
 }
 
-// No exception leaves these operations.
+// No exception leaves the operation.
 template <class Operation>
 LSTATUS Guarded(Operation operation) {
     try {
@@ -290,7 +290,7 @@ LSTATUS RegEnumValueW(HKEY handle, DWORD index, LPWSTR name, LPDWORD nameSize, L
             return error;
         const DWORD error = CopyName(found, name, nameSize);
         if (error != ERROR_SUCCESS)
-            value.buffer = nullptr; // the data stays as it is too
+            value.buffer = nullptr; // the data is not changed either
         const DWORD ofData = Deliver(value, kind, size);
         return error != ERROR_SUCCESS ? error : ofData;
     });

@@ -25,9 +25,9 @@ constexpr char kTables[] =
     "CREATE TABLE entries(owner INTEGER NOT NULL, fold BLOB NOT NULL, name BLOB NOT NULL,"
     " kind INTEGER NOT NULL, data BLOB NOT NULL, PRIMARY KEY(owner, fold)) STRICT, WITHOUT ROWID";
 
-// In the order of RegistrySql. A value is written by one statement that looks for its key as well:
-// alone, it is its own transaction and takes the writer's place at its start as BEGIN IMMEDIATE
-// does. Of a blob that is not asked for only the length is read.
+// In the order of RegistrySql. One statement finds the key and writes the value: a single statement
+// is its own transaction and takes the write lock at its start, like BEGIN IMMEDIATE. When only the
+// size of a blob is needed, its data is not read.
 constexpr const char* kStatements[] = {
     "BEGIN",
     "BEGIN IMMEDIATE",
@@ -50,7 +50,7 @@ constexpr const char* kStatements[] = {
 };
 static_assert(std::size(kStatements) == static_cast<std::size_t>(RegistrySql::kCount));
 
-// As the name in a URI, which has the parameters that plain names have not.
+// The name as a URI. A URI can have parameters, unlike a plain name.
 std::string UriOf(const std::string& path) {
     static constexpr char kPlain[] = "/._-0123456789abcdefghijklmnopqrstuvwxyz"
                                      "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
@@ -76,8 +76,8 @@ bool HasJournal(const std::string& path) {
     return SizeOf(path + "-wal") > 0;
 }
 
-// errno of the failure at hand: SQLite keeps it with the connection where a file cannot be opened
-// and with the file, the log or the database, where it cannot be read or written.
+// The errno of the current failure. SQLite keeps it in the connection when a file cannot be opened,
+// and in the file (log or database) when it cannot be read or written.
 int SystemError(sqlite3* database) {
     int system = sqlite3_system_errno(database);
     sqlite3_file* log = nullptr;
@@ -110,8 +110,8 @@ DWORD RegistryFile::Open(const std::string& path, bool mayCreate) {
 
 DWORD RegistryFile::OpenLocked(bool mayCreate) {
     m_isUnchanging = false;
-    // Ours always has its first page. SQLite takes an empty file, or one of a single byte, for a
-    // new one and deletes the log, which may hold all there was.
+    // Our files always contain their first page. SQLite would take a file of 0 or 1 bytes as new
+    // and delete its log, which may contain all the data.
     if (SizeOf(m_path) <= 1 && HasJournal(m_path))
         return ERROR_REGISTRY_CORRUPT;
     DWORD error = Connect(m_path, SQLITE_OPEN_READWRITE);
@@ -128,12 +128,12 @@ DWORD RegistryFile::OpenLocked(bool mayCreate) {
         return error;
     if (!HasJournal(m_path))
         return OpenUnchanging();
-    // What is not found is the index of the log, which cannot be made here.
+    // The missing file is the index of the log, which cannot be created here.
     return error == ERROR_FILE_NOT_FOUND ? DWORD{ERROR_ACCESS_DENIED} : error;
 }
 
-// In a folder that cannot be written, and on a full disk, the log and its index cannot be made,
-// even for reading. A file that was closed well is whole without them.
+// In a read-only folder or on a full disk the log and its index cannot be created, not even for
+// reading. A file that was closed properly is complete without them.
 DWORD RegistryFile::OpenUnchanging() {
     Close();
     m_isUnchanging = true;
@@ -148,8 +148,8 @@ DWORD RegistryFile::Connect(const std::string& name, int flags) {
     if (result != SQLITE_OK)
         return ErrorOf(result);
     sqlite3_busy_timeout(m_database, kPatienceInMilliseconds);
-    // The file may come from anyone: its schema must not run code, and closing it before it is
-    // known to be ours must not change it.
+    // Anyone may have written the file: its schema must not run code. Closing must not change it
+    // before we know that it is ours.
     static constexpr std::pair<int, int> kSettings[] = {
         {SQLITE_DBCONFIG_DEFENSIVE, 1},        {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
         {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},   {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
@@ -160,7 +160,7 @@ DWORD RegistryFile::Connect(const std::string& name, int flags) {
     return ERROR_SUCCESS;
 }
 
-// Tells whose file it is, and makes the tables of an empty one.
+// Checks that the file is a registry, and creates the tables in an empty one.
 DWORD RegistryFile::Inspect(bool mayCreate) {
     std::int64_t application = 0;
     std::int64_t version = 0;
@@ -183,8 +183,8 @@ DWORD RegistryFile::Inspect(bool mayCreate) {
         return ERROR_REVISION_MISMATCH;
     if (const DWORD error = CheckTables())
         return error;
-    // The log grows to 16 MB before it is merged: with many values each write is to another page,
-    // and merging the log often would write nearly every one of them twice.
+    // The log is merged when it reaches 16 MB. With many values each write changes another page, so
+    // frequent merging would write nearly every page twice.
     constexpr char kSettings[] = "PRAGMA synchronous = NORMAL; PRAGMA wal_autocheckpoint = 4000;"
                                  "PRAGMA cache_size = -16384; PRAGMA cell_size_check = ON";
     if (const DWORD error = Execute(kSettings))
@@ -215,9 +215,9 @@ DWORD RegistryFile::CheckTables() {
 
 DWORD RegistryFile::CreateTables() {
     std::string tables = kTables;
-    const std::string sequence = "CREATE TABLE sqlite_sequence(name,seq);"; // SQLite makes it
+    const std::string sequence = "CREATE TABLE sqlite_sequence(name,seq);"; // SQLite creates it
     tables.erase(tables.find(sequence), sequence.size());
-    // Below 2^31, so that an id takes four bytes in a record.
+    // The first id is below 2^31, so that an id takes four bytes in a record.
     const std::string sql =
         "PRAGMA journal_mode = WAL; BEGIN IMMEDIATE; " + tables +
         "; INSERT INTO keys VALUES(1, 0, x'01', x''), (2, 0, x'02', x''), (3, 0, x'03', x''),"
@@ -255,7 +255,7 @@ DWORD RegistryFile::ErrorOf(int result) const {
         int result;
         DWORD error;
     };
-    // The extended codes come before those they belong to.
+    // Each extended code comes before its primary code.
     static constexpr Row kRows[] = {
         {SQLITE_IOERR_NOMEM, ERROR_NOT_ENOUGH_MEMORY},
         {SQLITE_IOERR_CORRUPTFS, ERROR_REGISTRY_CORRUPT},
@@ -283,8 +283,8 @@ DWORD RegistryFile::ErrorOf(int result) const {
         const int system = SystemError(m_database);
         return system != 0 ? ErrorFromErrno(system) : row.error;
     }
-    // SQLITE_CORRUPT and SQLITE_NOTADB; and what our own statements meet only in tables that were
-    // tampered with: wrong types, broken constraints.
+    // For SQLITE_CORRUPT and SQLITE_NOTADB, and for errors that our statements cause only in
+    // manipulated tables: wrong types, broken constraints.
     return ERROR_REGISTRY_CORRUPT;
 }
 
@@ -323,7 +323,7 @@ bool RegistryQuery::Next() {
 std::string_view RegistryQuery::Bytes(int column) const {
     if (sqlite3_column_type(m_statement, column) != SQLITE_BLOB)
         return std::string_view();
-    const void* const bytes = sqlite3_column_blob(m_statement, column); // null where it is empty
+    const void* const bytes = sqlite3_column_blob(m_statement, column); // null for an empty blob
     const int size = sqlite3_column_bytes(m_statement, column);
     return std::string_view(static_cast<const char*>(bytes), static_cast<std::size_t>(size));
 }
@@ -333,7 +333,7 @@ void RegistryQuery::Bind(int index, std::int64_t number) {
 }
 
 void RegistryQuery::Bind(int index, std::string_view bytes) {
-    // A null pointer would be bound as NULL.
+    // SQLite binds a null pointer as NULL.
     Check(sqlite3_bind_blob64(m_statement, index, bytes.empty() ? "" : bytes.data(), bytes.size(),
                               SQLITE_STATIC));
 }

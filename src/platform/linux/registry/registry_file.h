@@ -1,15 +1,15 @@
 // A registry file: an SQLite database with two tables.
 //
-//   keys      id, parent, fold, name              the roots have ids 1 to 5 and no parent (0)
+//    keys      id, parent, fold, name              the roots have ids 1 to 5 and parent 0
 //   entries   owner, fold, name, kind, data       the values
 //
-// A name is as it was first written, `fold` is the name without case; both are bytes in the order
-// of the UTF-16 units. An id is never given twice, and the first one is a random number: that of a
-// deleted key, or of a key in another file, finds nothing.
+// A name is stored as it was first written; `fold` is the name without case. Both are bytes whose
+// order is that of the UTF-16 units. An id is never used twice, and the first one is random: the id
+// of a deleted key, or of a key in another file, finds nothing.
 //
 // The journal is a write-ahead log that is synchronised when it is merged into the database
-// (synchronous=NORMAL). What a process has committed is there for all others even when it is
-// killed; a power cut can take the latest commits, but never leaves half of one.
+// (synchronous=NORMAL). Committed data is visible to all other processes even if the writer is
+// killed. A power failure can lose the latest commits but never leaves a partial one.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>
@@ -36,14 +36,14 @@ enum class RegistrySql {
     KeyFrom,   // parent, first fold, offset: fold, name
     ReadSize,  // owner, fold: kind, size
     Read,      // owner, fold: kind, data
-    Write,     // owner, fold, name, kind, data: ERROR_KEY_DELETED where there is no owner
+    Write,     // owner, fold, name, kind, data: ERROR_KEY_DELETED if the owner is missing
     Remove,    // owner, fold
     RemoveAll, // owner
-    ValueFrom, // owner, first fold, offset, capacity: fold, name, kind, size, data where it fits
+    ValueFrom, // owner, first fold, offset, capacity: fold, name, kind, size, data if it fits
     kCount
 };
 
-// The connection to a file, for one thread at a time.
+// A connection to a file. One thread at a time.
 class RegistryFile {
 public:
     RegistryFile() = default;
@@ -51,31 +51,31 @@ public:
     RegistryFile& operator=(const RegistryFile&) = delete;
     ~RegistryFile() { Close(); }
 
-    // ERROR_FILE_NOT_FOUND where there is no file and none may be made; ERROR_REGISTRY_CORRUPT for
-    // a damaged one, which then lies aside unless it could only be opened unchanging;
-    // ERROR_REVISION_MISMATCH or ERROR_BADDB for one of a newer version, or of something else.
+    // ERROR_FILE_NOT_FOUND when the file is missing and may not be created. ERROR_REGISTRY_CORRUPT
+    // for a damaged file, which is then moved aside unless it was opened unchanging.
+    // ERROR_REVISION_MISMATCH or ERROR_BADDB for a file of a newer version or of another program.
     DWORD Open(const std::string& path, bool mayCreate);
     void Close();
-    // Closes and moves the file aside, unless another process has done that already or it was
-    // opened unchanging.
+    // Closes the file and moves it aside, unless another process has already done so or the file
+    // was opened unchanging.
     void CloseDamaged();
 
     bool IsOpen() const { return m_database != nullptr; }
-    // Why the file cannot be written now; ERROR_SUCCESS when it can.
+    // The reason why the file cannot be written; ERROR_SUCCESS when it can.
     DWORD WriteError() const { return m_writeError; }
-    // Whether it is read as if nobody changed it, for want of a log: what others have written since
-    // it was opened is not seen, or seen in part, which looks like damage.
+    // Whether the file is read without a log, as if nobody changed it. Later changes by others are
+    // then not seen, or partly seen, which looks like damage.
     bool IsUnchanging() const { return m_isUnchanging; }
-    // Whether the path it was opened by still leads to it.
+    // Whether the path still names the file that was opened.
     bool IsInPlace() const;
-    // Moves what the log holds into the database; the log is then written from its start again.
+    // Moves the log's content into the database; the log then starts again from its beginning.
     bool MergeLog() { return Execute("PRAGMA wal_checkpoint") == ERROR_SUCCESS; }
     int Changes() const { return sqlite3_changes(m_database); }
     bool IsInTransaction() const { return sqlite3_get_autocommit(m_database) == 0; }
 
-    // The error code for a result of SQLite's.
+    // The error code for an SQLite result.
     DWORD ErrorOf(int result) const;
-    // A statement, prepared on its first use; null with `error` set.
+    // A statement that is prepared on first use; null with `error` set on failure.
     sqlite3_stmt* Statement(RegistrySql sql, DWORD& error);
 
 private:
@@ -96,7 +96,7 @@ private:
     sqlite3_stmt* m_statements[static_cast<int>(RegistrySql::kCount)] = {};
 };
 
-// One run of a statement. What it hands out is valid until the next row.
+// One execution of a statement. Its results are valid until the next row.
 class RegistryQuery {
 public:
     template <class... Arguments>
@@ -110,7 +110,7 @@ public:
     RegistryQuery& operator=(const RegistryQuery&) = delete;
     ~RegistryQuery() { sqlite3_reset(m_statement); }
 
-    // Whether there is a row; Error() tells why there is none.
+    // Whether there is a row. If not, Error() has the reason.
     bool Next();
     DWORD Error() const { return m_error; }
     // For statements without rows.
@@ -120,7 +120,7 @@ public:
     }
 
     std::int64_t Number(int column) const { return sqlite3_column_int64(m_statement, column); }
-    // Empty for what is no blob.
+    // Empty when the column is not a blob.
     std::string_view Bytes(int column) const;
 
 private:

@@ -73,7 +73,7 @@ void MoveRegistryAside(const std::string& path) {
         if (!Exists(aside) && !Exists(aside + "-wal"))
             break;
     }
-    // The journal first: found beside a new file it would be taken for that file's own.
+    // The journal first: SQLite would apply it to a new file of the same name.
     std::rename((path + "-wal").c_str(), (aside + "-wal").c_str());
     unlink((path + "-shm").c_str());
     std::rename(path.c_str(), aside.c_str());

@@ -1,4 +1,4 @@
-// Where the registry's file lies, and what is done to the file as a whole.
+// The location of the registry's file, and operations on the file as a whole.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>
@@ -7,21 +7,21 @@
 
 namespace quorvel {
 
-// The file that QUORVEL_REGISTRY names, else the user's own. ERROR_BAD_PATHNAME when the variable
-// holds no absolute path: the user's file must not serve in place of one that was mistyped;
+// The file that QUORVEL_REGISTRY names, otherwise the user's own. ERROR_BAD_PATHNAME when the
+// variable is not an absolute path: a typing error must not select the user's file.
 // ERROR_PATH_NOT_FOUND when the user has no home.
 DWORD LocateRegistry(std::string& path);
 
-// Makes an empty file, and the folders it is missing, that only the user can look into. A file
-// that is there stays as it is.
+// Creates an empty file and its missing folders, accessible only to the user. Does not change an
+// existing file.
 DWORD CreateRegistryFile(const std::string& path);
 
-// Moves a damaged file and its journal to PATH.damaged-1 or the first such name that is free. The
-// caller holds the lock. Where the folder cannot be written everything stays.
+// Renames a damaged file and its journal to PATH.damaged-1 or the first such name that is free. The
+// caller holds the lock. Does nothing in a read-only folder.
 void MoveRegistryAside(const std::string& path);
 
-// While it lives, nobody else opens, makes or moves aside the file, in this process or another.
-// Where the folder cannot be written nothing is locked: nobody makes or moves anything there.
+// While it exists, no other thread or process opens, creates or moves the file. In a read-only
+// folder it locks nothing, because nobody can create or move files there.
 class RegistryLock {
 public:
     explicit RegistryLock(const std::string& path);

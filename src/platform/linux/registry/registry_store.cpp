@@ -14,10 +14,10 @@ namespace {
 constexpr std::size_t kLongestPart = 255;
 constexpr std::size_t kLongestName = 16'383;
 constexpr int kDeepestKey = 512;
-constexpr std::size_t kLargestValue = 1'000'000'000; // SQLite's own limit
+constexpr std::size_t kLargestValue = 1'000'000'000; // SQLite's limit
 
-// Every unit for itself as in UTF-8, so that halves of pairs may be names and the bytes have the
-// order of the units.
+// Encodes each unit by itself like UTF-8. So lone surrogates may be names, and the bytes sort in
+// the order of the units.
 template <class Map>
 void EncodeName(std::u16string_view name, std::string& bytes, Map map) {
     bytes.resize(3 * name.size());
@@ -47,7 +47,7 @@ void EncodeName(std::u16string_view name, std::string& bytes) {
     EncodeName(name, bytes, [](char16_t unit) { return unit; });
 }
 
-// Of bytes that no name of ours has, the result is some text that is not longer.
+// For bytes that never occur in our names the result is unspecified, but not longer.
 std::u16string DecodeName(std::string_view bytes) {
     std::u16string name;
     for (std::size_t i = 0; i < bytes.size();) {
@@ -66,7 +66,7 @@ std::u16string DecodeName(std::string_view bytes) {
     return name;
 }
 
-// The parts of a path; empty ones, as between two backslashes, do not count.
+// Splits a path into its parts. Skips empty parts, for example between two backslashes.
 DWORD Split(std::u16string_view path, std::vector<std::u16string_view>& parts) {
     if (!path.empty() && path[0] == '\\')
         return ERROR_BAD_PATHNAME;
@@ -85,7 +85,7 @@ bool IsWantOfRoom(DWORD error) {
     return error == ERROR_DISK_FULL || error == ERROR_FILE_TOO_LARGE;
 }
 
-// Several statements that are one step for everybody else; undone unless it is committed.
+// Several statements that others see as one step. Rolled back unless committed.
 class Transaction {
 public:
     Transaction(RegistryFile& file, RegistrySql begin)
@@ -103,19 +103,19 @@ private:
     const DWORD m_error;
 };
 
-// Copies what fits the buffer.
+// Copies the data if it fits in the buffer.
 DWORD TakeData(const RegistryQuery& row, int column, RegistryValue& value) {
     if (!value.Fits())
         return ERROR_SUCCESS;
     const std::string_view data = row.Bytes(column);
     if (static_cast<std::int64_t>(data.size()) != value.size)
-        return ERROR_REGISTRY_CORRUPT; // no blob
+        return ERROR_REGISTRY_CORRUPT; // not a blob
     data.copy(reinterpret_cast<char*>(value.buffer), data.size());
     return ERROR_SUCCESS;
 }
 
-// Where an enumeration begins to look, and how many it passes over. One that begins again sees what
-// has come before the cursor meanwhile.
+// The name at which an enumeration starts to search, and the number of entries to skip. An
+// enumeration that starts again sees entries that were added before its cursor.
 struct Start {
     std::string fold;
     DWORD offset;
@@ -126,7 +126,7 @@ Start StartOf(const RegistryCursor& cursor, DWORD index) {
     if (index == cursor.index)
         return {cursor.fold, 0};
     if (index == cursor.index + 1)
-        return {cursor.fold + '\0', 0}; // the first that can come after it
+        return {cursor.fold + '\0', 0}; // the first name that can follow it
     return {std::string(), index};
 }
 
@@ -144,11 +144,11 @@ DWORD RegistryStore::Run(Access access, const RegistryKey& key, Operation operat
     const std::lock_guard lock(m_mutex);
     DWORD error = Prepare(access);
     if (error == ERROR_FILE_NOT_FOUND && !key.IsRoot())
-        return ERROR_KEY_DELETED; // with its file
+        return ERROR_KEY_DELETED; // its file was deleted too
     if (error != ERROR_SUCCESS)
         return error;
     error = operation();
-    // It may be the log itself that has filled a small disk.
+    // The log itself may have filled a small disk, so merging it may help.
     if (IsWantOfRoom(error) && m_file.MergeLog())
         error = operation();
     if (error == ERROR_REGISTRY_CORRUPT)
@@ -158,7 +158,7 @@ DWORD RegistryStore::Run(Access access, const RegistryKey& key, Operation operat
 
 DWORD RegistryStore::Prepare(Access access) {
     const bool changes = access != Access::Read;
-    // What stood in the way of writing may be gone by now, for others as well.
+    // The reason that prevented writing may no longer exist, so the file is opened again.
     if (m_file.IsOpen() &&
         ((changes && m_file.WriteError() != ERROR_SUCCESS) ||
          ((changes || m_lastCheck.IsOver()) && (m_file.IsUnchanging() || !m_file.IsInPlace()))))
@@ -226,7 +226,7 @@ DWORD RegistryStore::AddMissing(const RegistryKey& parent, const Parts& parts, R
             return add.Error();
         place.id = add.Number(0);
         isNew = true;
-        add.Next(); // to its end: only then has the statement done its work
+        add.Next(); // the insertion is complete only after this
         if (add.Error() != ERROR_SUCCESS)
             return add.Error();
     }
@@ -240,7 +240,7 @@ DWORD RegistryStore::Open(const RegistryKey& parent, std::u16string_view path, b
     if (const DWORD error = Split(path, parts))
         return error;
     return Run(Access::Read, parent, [&]() -> DWORD {
-        // A full disk refuses the writes, not the key.
+        // On a full disk the key can be opened; only writes fail.
         const DWORD refusal = m_file.WriteError();
         if (forWriting && refusal != ERROR_SUCCESS && !IsWantOfRoom(refusal))
             return refusal;
@@ -258,7 +258,7 @@ DWORD RegistryStore::Create(const RegistryKey& parent, std::u16string_view path,
     if (parts.size() > static_cast<std::size_t>(kDeepestKey - parent.depth))
         return ERROR_INVALID_PARAMETER;
     return Run(Access::Create, parent, [&] {
-        // Most often the key is there, and then nobody who writes has to be waited for.
+        // Usually the key exists, and a read need not wait for writers.
         {
             const Transaction reading(m_file, RegistrySql::Begin);
             const DWORD error =
@@ -319,7 +319,7 @@ DWORD RegistryStore::KeyAt(const RegistryKey& parent, DWORD index, RegistryCurso
         name = DecodeName(query.Bytes(1));
         return DWORD{ERROR_SUCCESS};
     });
-    return error == ERROR_FILE_NOT_FOUND ? ERROR_NO_MORE_ITEMS : error; // no file, no keys
+    return error == ERROR_FILE_NOT_FOUND ? ERROR_NO_MORE_ITEMS : error; // no file: no keys
 }
 
 DWORD RegistryStore::Read(const RegistryKey& key, std::u16string_view name, RegistryValue& value) {
@@ -377,7 +377,7 @@ DWORD RegistryStore::ValueAt(const RegistryKey& key, DWORD index, RegistryCursor
         value.size = query.Number(3);
         return name.size() < nameRoom ? TakeData(query, 4, value) : ERROR_SUCCESS;
     });
-    return error == ERROR_FILE_NOT_FOUND ? ERROR_NO_MORE_ITEMS : error; // no file, no values
+    return error == ERROR_FILE_NOT_FOUND ? ERROR_NO_MORE_ITEMS : error; // no file: no values
 }
 
 void RegistryStore::Close() {

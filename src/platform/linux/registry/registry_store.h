@@ -1,8 +1,8 @@
 // The keys and values of a registry file. Any thread.
 //
-// The results are the error codes of the registry's operations. The file is opened by the first
-// call, made by the first that writes, and opened anew where another has taken its place. A call
-// that meets damage gives ERROR_REGISTRY_CORRUPT and moves the file aside.
+// Results are the error codes of the registry's operations. The first call opens the file, the
+// first write creates it, and it is opened again when another file has replaced it. A call that
+// detects damage returns ERROR_REGISTRY_CORRUPT and moves the file aside.
 #pragma once
 
 #include "platform/linux/registry/registry_file.h"
@@ -15,12 +15,12 @@
 namespace quorvel {
 
 struct RegistryKey {
-    std::int64_t id; // of a root, 1 to 5
-    int depth;       // of a root, 0
+    std::int64_t id; // of a root: 1 to 5
+    int depth;       // of a root: 0
     bool IsRoot() const { return depth == 0; }
 };
 
-// A value as it is read: its kind and size, and its bytes where the buffer has room for them all.
+// A value that is read: its kind and size, and its bytes if they all fit in the buffer.
 struct RegistryValue {
     std::int64_t capacity = -1; // of the buffer; -1 when there is none
     BYTE* buffer = nullptr;
@@ -30,7 +30,7 @@ struct RegistryValue {
     bool Fits() const { return size <= capacity; }
 };
 
-// Where an enumeration stands, so that going on need not count from the start.
+// The position of an enumeration, so that the next step need not count from the start.
 struct RegistryCursor {
     DWORD index = 0;
     std::string fold; // empty before the first
@@ -38,11 +38,11 @@ struct RegistryCursor {
 
 class RegistryStore {
 public:
-    // Without a path the user's registry, wherever that is when it is opened.
+    // Without a path this is the user's registry; its location is determined when it is opened.
     explicit RegistryStore(std::string path = std::string()) : m_path(std::move(path)) {}
 
-    // Where the key is wanted for writing, ERROR_ACCESS_DENIED or the like when the file may not be
-    // written; on a full disk it opens.
+    // For writing, returns ERROR_ACCESS_DENIED or a similar error when the file is read-only. On a
+    // full disk the key can still be opened.
     DWORD Open(const RegistryKey& parent, std::u16string_view path, bool forWriting,
                RegistryKey& key);
     DWORD Create(const RegistryKey& parent, std::u16string_view path, RegistryKey& key,
@@ -55,13 +55,13 @@ public:
     DWORD Write(const RegistryKey& key, std::u16string_view name, DWORD kind,
                 std::string_view data);
     DWORD DeleteValue(const RegistryKey& key, std::u16string_view name);
-    // The bytes are read only where the name has fewer than `nameRoom` characters.
+    // Reads the bytes only if the name has fewer than `nameRoom` characters.
     DWORD ValueAt(const RegistryKey& key, DWORD index, RegistryCursor& cursor, DWORD nameRoom,
                   std::u16string& name, RegistryValue& value);
 
-    // Lets go of the file; the next call opens it again.
+    // Closes the file; the next call opens it again.
     void Close();
-    // Around fork: SQLite's locks belong to a process, so a child must not inherit an open file.
+    // For fork: SQLite's locks belong to a process, so a child must not inherit an open file.
     void LockAndClose();
     void Unlock() { m_mutex.unlock(); }
 
@@ -69,8 +69,8 @@ private:
     typedef std::vector<std::u16string_view> Parts;
     enum class Access { Read, Change, Create };
 
-    // Whether the file has been replaced costs a system call, a fifth of a read. A write asks each
-    // time; a read at most every 50 ms: it then tells what was true a moment ago.
+    // Detecting a replaced file needs a system call, a fifth of the cost of a read. A write checks
+    // each time, a read at most every 50 ms: its result may be that much out of date.
     class LastCheck {
     public:
         bool IsOver();
@@ -91,7 +91,7 @@ private:
     std::mutex m_mutex; // guards all of the below
     const std::string m_path;
     RegistryFile m_file;
-    std::string m_fold; // of the name at hand, as the next kept for its room
+    std::string m_fold; // the current name's fold; a member to reuse its memory
     std::string m_name;
     LastCheck m_lastCheck;
 };

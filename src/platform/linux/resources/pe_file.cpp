@@ -32,7 +32,7 @@ DWORD ReadPeFile(const WCHAR* name, PeFile& file) {
     if (!handle.IsValid() || !GetFileSizeEx(handle.Get(), &size))
         return GetLastError();
     if (size.QuadPart == 0)
-        return ERROR_FILE_INVALID; // what cannot be mapped into memory
+        return ERROR_FILE_INVALID; // the file cannot be mapped into memory
 
     BYTE start[kPeHeadSize];
     const auto startSize = std::min<LONGLONG>(size.QuadPart, kPeHeadSize);
@@ -43,7 +43,7 @@ DWORD ReadPeFile(const WCHAR* name, PeFile& file) {
     if (!head)
         return ERROR_BAD_EXE_FORMAT;
     const PeSection& section = head->resources;
-    // Before the memory is asked for: a short file may claim any size.
+    // Before allocating: a short file may claim any size.
     if (section.size > size.QuadPart || section.fileOffset > size.QuadPart - section.size)
         return ERROR_BAD_EXE_FORMAT;
     if (section.size > kMaximumSection)

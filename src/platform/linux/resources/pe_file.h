@@ -7,14 +7,14 @@
 
 namespace quorvel {
 
-// The section is read whole and not mapped: a file that is cut or rewritten later cannot hurt us.
+// Reads the whole section instead of mapping it, so that later changes to the file cannot hurt.
 struct PeFile {
     PeHead head;
     std::vector<BYTE> section; // empty when the file has no resources
 };
 
-// 0, or the error of opening or reading; ERROR_BAD_EXE_FORMAT for what is no PE file, or one that
-// ends before its resources do; ERROR_NOT_ENOUGH_MEMORY, also for more than 1 GB of resources.
+// Returns 0 or the error of opening or reading; ERROR_BAD_EXE_FORMAT if it is not a PE file or ends
+// before its resources; ERROR_NOT_ENOUGH_MEMORY also for more than 1 GB of resources.
 DWORD ReadPeFile(const WCHAR* name, PeFile& file);
 
 } // namespace quorvel

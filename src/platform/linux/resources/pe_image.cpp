@@ -12,16 +12,16 @@ namespace {
 
 static_assert(std::endian::native == std::endian::little, "the format's fields are read in place");
 
-constexpr DWORD kSubdirectory = 0x80000000u; // in an entry's value: not a leaf
-constexpr DWORD kNamed = 0x80000000u;        // in an entry's name: an offset, not a number
+constexpr DWORD kSubdirectory = 0x80000000u; // set in an entry's value: a directory
+constexpr DWORD kNamed = 0x80000000u;        // set in an entry's name: an offset
 constexpr std::size_t kDirectorySize = 16;
 constexpr std::size_t kEntrySize = 8;
 constexpr std::size_t kDataEntrySize = 16;
 constexpr WORD kStringType = 6;
-// No resource has more languages than there are; a hostile file must not make each look-up long.
+// Limits the cost of a look-up in a hostile file. There are fewer languages than this.
 constexpr std::size_t kMaximumLanguages = 256;
 
-// The bytes in [offset, offset + count), or an empty span when they are not all there.
+// The bytes in [offset, offset + count), or an empty span when some of them are missing.
 std::span<const BYTE> Part(std::span<const BYTE> bytes, std::size_t offset, std::size_t count) {
     if (offset > bytes.size() || count > bytes.size() - offset)
         return {};
@@ -50,11 +50,11 @@ std::size_t EntryCount(std::span<const BYTE> entries) {
     return entries.size() / kEntrySize;
 }
 
-// The section that holds an address, as far as the file has bytes for it.
+// The section that contains an address, limited to the bytes that the file has.
 PeSection FindSection(std::span<const BYTE> table, DWORD address) {
     constexpr std::size_t kHeaderSize = 40;
     for (std::size_t i = 0; i + kHeaderSize <= table.size(); i += kHeaderSize) {
-        DWORD fields[4]; // virtual size, address, size and place in the file
+        DWORD fields[4]; // virtual size, address, size and position in the file
         std::memcpy(fields, table.data() + i + 8, sizeof fields);
         const auto [virtualSize, start, size, place] = fields;
         if (address >= start && address - start < size)
@@ -115,7 +115,7 @@ PeResources::PeResources(std::span<const BYTE> section, const PeSection& where)
     }
 }
 
-// `entryValue` is what leads to the directory: its offset with the mark of a subdirectory.
+// `entryValue` is the entry of the directory: its offset with the mark of a subdirectory.
 std::optional<PeResources::Directory> PeResources::ReadDirectory(DWORD entryValue) const {
     if (!(entryValue & kSubdirectory))
         return std::nullopt;
@@ -132,7 +132,7 @@ std::optional<PeResources::Directory> PeResources::ReadDirectory(DWORD entryValu
     return Directory{entries.first(named * kEntrySize), entries.subspan(named * kEntrySize)};
 }
 
-// Empty when the text is not all there.
+// Empty when part of the text is missing.
 std::basic_string<WCHAR> PeResources::NameText(DWORD nameOffset) const {
     const std::size_t start = nameOffset & ~kNamed;
     WORD length;
@@ -173,7 +173,7 @@ std::optional<DWORD> PeResources::FindEntry(const Directory& directory,
     return std::nullopt;
 }
 
-// The data entry in the directory of a resource's languages.
+// Finds the data entry in the directory of a resource's languages.
 std::optional<DWORD> PeResources::FindLanguage(DWORD entryValue,
                                                const LanguageChoice& choice) const {
     const auto directory = ReadDirectory(entryValue);
@@ -186,7 +186,7 @@ std::optional<DWORD> PeResources::FindLanguage(DWORD entryValue,
     if (!found && choice.orFirst && !directory->numbered.empty())
         found = EntryAt(directory->numbered, 0).value;
     if (!found || *found >= m_tree.size())
-        return std::nullopt; // a directory has kSubdirectory set and so is refused too
+        return std::nullopt; // also refuses a directory, which has kSubdirectory set
     return *found + m_treeStart;
 }
 
@@ -261,10 +261,10 @@ std::vector<PeResources::Name> PeResources::Names(const ResourceName& type, DWOR
 }
 
 PeStringTable::PeStringTable(const PeResources& resources, const LanguageChoice& choice) {
-    resources.Find({kStringType}, {}, choice, m_errorWithoutBlocks); // for its error alone
+    resources.Find({kStringType}, {}, choice, m_errorWithoutBlocks); // only sets the error
     for (const auto& [number, entry] : resources.List(kStringType, choice)) {
         const auto bytes = resources.Data(entry);
-        // Texts are handed out in place: an odd address could not be a text.
+        // Callers get the texts in place, and a text cannot be at an odd address.
         if (bytes && reinterpret_cast<UINT_PTR>(bytes->data()) % sizeof(WCHAR) == 0)
             m_blocks.push_back({number, *bytes});
     }

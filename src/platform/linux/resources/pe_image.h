@@ -1,12 +1,12 @@
 // The resources of a PE file (the format of the platform's programs and libraries), 32 and 64 bit.
 //
-// Two steps, so that a large file need not be read whole: the head of the file tells where the
-// section with the resources lies, and that section holds all of them. What is read is a tree of
-// three levels (type, name or number, language) whose leaves give address and size of the data.
+// Reading has two steps, so that a large file need not be read whole: the head of the file gives
+// the position of the resource section, which contains all resources. They are a tree of three
+// levels (type, name or number, language); its leaves give the data's address and size.
 //
-// Files are not trusted: every offset, length and count is tested against the bytes at hand, the
-// depth is fixed, and what does not fit counts as missing. Resources outside the section that holds
-// their tree are not found; linkers make no such files. Objects view the caller's bytes.
+// Files are not trusted: each offset, length and count is checked against the available bytes, the
+// depth is fixed, and invalid parts count as missing. Resources outside the tree's section are not
+// found; linkers make no such files. Objects refer to the caller's bytes.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -21,33 +21,33 @@ namespace quorvel {
 
 typedef std::basic_string_view<WCHAR> TextView;
 
-// The section with the resources: where it lies in the file and what its bytes mean.
+// The section with the resources: its position in the file, and the meaning of its bytes.
 struct PeSection {
     DWORD fileOffset = 0;
     DWORD size = 0; // 0: the file has no resources
     DWORD address = 0;
-    DWORD tree = 0; // where in the section the tree begins
+    DWORD tree = 0; // the offset of the tree in the section
 };
 
 struct PeHead {
-    bool hasCode = false; // it has an entry point
+    bool hasCode = false; // whether it has an entry point
     PeSection resources;
 };
 
-// As much of a file's start as ReadPeHead ever looks at.
+// ReadPeHead reads at most this part of a file's start.
 constexpr std::size_t kPeHeadSize = 16 * 1024;
 
-// Nothing when the bytes are not the start of a PE file.
+// No value when the bytes are not the start of a PE file.
 std::optional<PeHead> ReadPeHead(std::span<const BYTE> start);
 
-// The name of a type or a resource: a number when `text` is empty. Letter case does not count.
+// The name of a type or a resource: a number when `text` is empty. Letter case is ignored.
 struct ResourceName {
     WORD number = 0;
     TextView text = {};
 };
 
-// Which of a resource's languages to take: the first of these that it has, otherwise its first or
-// none at all.
+// The languages to choose from: the first one that the resource has. If it has none of them: its
+// first language if `orFirst`, otherwise no language.
 struct LanguageChoice {
     std::span<const WORD> languages;
     bool orFirst = false;
@@ -58,27 +58,27 @@ public:
     PeResources() = default;
     PeResources(std::span<const BYTE> section, const PeSection& where);
 
-    // The place of a resource's data entry in the section; otherwise nothing and the platform's
-    // error: 1812 no resources, 1813 no such type, 1814 name, 1815 language.
+    // The offset of a resource's data entry in the section; otherwise no value and the platform's
+    // error: 1812 no resources, 1813 unknown type, 1814 unknown name, 1815 unknown language.
     std::optional<DWORD> Find(const ResourceName& type, const ResourceName& name,
                               const LanguageChoice& choice, DWORD& error) const;
-    // The bytes that a data entry names; nothing when it is not one, or they lie elsewhere.
+    // The bytes of a data entry. No value if the entry is invalid or its bytes are elsewhere.
     std::optional<std::span<const BYTE>> Data(DWORD entry) const;
-    // Between a place in the section and the address of its byte.
+    // Converts between an offset in the section and the address of its byte.
     const BYTE* Address(DWORD place) const { return m_section.data() + place; }
     std::optional<DWORD> Place(const void* address) const;
 
-    // Numbers of the resources of a type, with their data entries, in the order of the tree.
+    // The numbered resources of a type, with their data entries, in the order of the tree.
     struct Numbered {
         WORD number;
         DWORD entry;
     };
     std::vector<Numbered> List(WORD type, const LanguageChoice& choice) const;
-    // The names of the resources of a type, texts first. Empty, with the error as in Find, when
-    // there is none.
+    // The names of the resources of a type, texts first. If there are no resources, empty with the
+    // error as in Find.
     struct Name {
         WORD number;
-        std::basic_string<WCHAR> text; // when it is not empty, the name
+        std::basic_string<WCHAR> text; // the name, unless it is empty
     };
     std::vector<Name> Names(const ResourceName& type, DWORD& error) const;
 
@@ -99,14 +99,14 @@ private:
     DWORD m_treeStart = 0;
 };
 
-// The texts of a module, indexed once so that finding one takes no walk through the tree.
+// The texts of a module. Indexed once, so that finding a text needs no walk through the tree.
 class PeStringTable {
 public:
     PeStringTable() = default;
     PeStringTable(const PeResources& resources, const LanguageChoice& choice);
 
-    // A text is not terminated. Without one: 1812, 1813 or 1814 as PeResources::Find has it. A
-    // number that its block of sixteen leaves out has an empty text.
+    // The text is not terminated. If it is missing: 1812, 1813 or 1814, like PeResources::Find. A
+    // number without a text in an existing block of sixteen has an empty text.
     std::optional<TextView> Find(WORD id, DWORD& error) const;
 
 private:
@@ -114,7 +114,7 @@ private:
         WORD number; // id / 16 + 1
         std::span<const BYTE> bytes;
     };
-    std::vector<Block> m_blocks; // by number
+    std::vector<Block> m_blocks; // sorted by number
     DWORD m_errorWithoutBlocks = ERROR_RESOURCE_DATA_NOT_FOUND;
 };
 

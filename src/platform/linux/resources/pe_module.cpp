@@ -34,7 +34,7 @@ std::span<const BYTE> OwnImage() {
 
 class Module {
 public:
-    // Of an image in memory, which may be empty.
+    // For an image in memory, which may be empty.
     Module(std::u16string path, std::span<const BYTE> image) : m_path(std::move(path)) {
         const auto head = ReadPeHead(image);
         if (head)
@@ -45,7 +45,7 @@ public:
         : m_path(std::move(path)), m_isDataFile(isDataFile), m_file(std::move(file)),
           m_resources(m_file.section, m_file.head.resources) {}
 
-    // As on Windows, a file loaded as data is marked in the handle's lowest bit.
+    // As on Windows, the lowest bit of the handle marks a file that was loaded as data.
     HMODULE Handle() const {
         return reinterpret_cast<HMODULE>(reinterpret_cast<UINT_PTR>(this) + (m_isDataFile ? 1 : 0));
     }
@@ -75,18 +75,18 @@ std::string ProgramPath() {
     return std::string(path, length > 0 ? static_cast<std::size_t>(length) : 0);
 }
 
-// Where this code was loaded from; empty when it is a part of the program.
+// The file that this code was loaded from; empty when it is part of the program.
 std::string LibraryPath() {
     Dl_info info;
     void* map = nullptr;
     if (dladdr1(quorvel_resource_image, &info, &map, RTLD_DL_LINKMAP) == 0 || map == nullptr)
         return {};
-    const char* name = static_cast<link_map*>(map)->l_name; // the program's own is empty
+    const char* name = static_cast<link_map*>(map)->l_name; // empty for the program itself
     const std::string path = CanonicalPath(name);
-    return path.empty() ? name : path; // a file that has been replaced is still not the program
+    return path.empty() ? name : path; // a replaced file is still not the program
 }
 
-// All modules of the process. Two are always there; those loaded come and go under the lock.
+// All modules of the process. Two always exist; the lock guards the loaded ones.
 class ModuleList {
 public:
     ModuleList() {
@@ -101,7 +101,7 @@ public:
     const Module& Program() const { return *m_program; }
     const Module& Own() const { return m_library != nullptr ? *m_library : *m_program; }
 
-    // Calls the operation with the module, which stays until it returns; false when there is none.
+    // Calls the operation with the module, which stays loaded. False for an unknown handle.
     template <class Operation>
     bool Use(HMODULE handle, Operation operation) const {
         if (const Module* fixed = FindFixed(handle)) {
@@ -117,8 +117,8 @@ public:
         return false;
     }
 
-    // The module of a file that is loaded already, for one more user. A file loaded as a module
-    // serves a user of its data too.
+    // Adds a reference to the module of a file that is already loaded. A file loaded as a module is
+    // also used for requests of its data.
     HMODULE Share(const std::u16string& path, bool isDataFile) {
         const std::unique_lock lock(m_mutex);
         return ShareLocked(path, isDataFile);
@@ -128,13 +128,13 @@ public:
         auto module = std::make_unique<Module>(path, std::move(file), isDataFile);
         const std::unique_lock lock(m_mutex);
         if (const HMODULE other = ShareLocked(path, isDataFile))
-            return other; // another thread was quicker
+            return other; // another thread was faster
         m_loaded.push_back(std::move(module));
         return m_loaded.back()->Handle();
     }
 
     bool Release(HMODULE handle) {
-        std::unique_ptr<Module> last; // destroyed after the lock is left
+        std::unique_ptr<Module> last; // destroyed after the lock is released
         const std::unique_lock lock(m_mutex);
         const auto module =
             std::find_if(m_loaded.begin(), m_loaded.end(),
@@ -148,7 +148,7 @@ public:
         return true;
     }
 
-    // A module, not a data file, by the test of its path; null when there is none.
+    // Finds a module (not a data file) by a test of its path; null if there is none.
     template <class Test>
     HMODULE FindModule(Test test) const {
         for (const Module* fixed : {m_program.get(), m_library.get()})
@@ -178,12 +178,12 @@ private:
     }
 
     std::unique_ptr<const Module> m_program;
-    std::unique_ptr<const Module> m_library; // null when it is the program
+    std::unique_ptr<const Module> m_library; // null when it is part of the program
     mutable std::shared_mutex m_mutex;
-    std::vector<std::unique_ptr<Module>> m_loaded; // by whichever came first
+    std::vector<std::unique_ptr<Module>> m_loaded; // in the order of loading
 };
 
-ModuleList& Modules() { // never destroyed: texts may be wanted until the very end
+ModuleList& Modules() { // never destroyed: texts may be needed until the end
     static ModuleList& list = *new ModuleList;
     return list;
 }
@@ -196,7 +196,7 @@ std::u16string_view FilePart(std::u16string_view path) {
     return path.substr(path.find_last_of(u"/\\") + 1);
 }
 
-// As on Windows: a name without an extension means a DLL, and a dot at the end says there is none.
+// As on Windows: a name without an extension gets ".dll"; a final dot prevents that and is removed.
 std::u16string WithExtension(std::u16string name) {
     const std::u16string_view file = FilePart(name);
     if (!file.empty() && file.back() == u'.')
@@ -206,8 +206,8 @@ std::u16string WithExtension(std::u16string name) {
     return name;
 }
 
-// The canonical path of an existing file. A name without a folder is looked for beside the program
-// and then in the current folder.
+// The canonical path of an existing file. A name without a folder is searched in the program's
+// folder and then in the current one.
 std::u16string FindFile(const std::u16string& name) {
     std::vector<std::u16string> candidates;
     if (!HasFolder(name)) {
@@ -234,7 +234,7 @@ HMODULE Load(const WCHAR* name, bool isDataFile) {
         PeFile file;
         error = ReadPeFile(path.c_str(), file);
         if (error == ERROR_SUCCESS && file.head.hasCode && !isDataFile)
-            error = ERROR_BAD_EXE_FORMAT; // code that cannot run here
+            error = ERROR_BAD_EXE_FORMAT; // it contains code, which cannot run here
         if (error == ERROR_SUCCESS)
             return Modules().Add(path, std::move(file), isDataFile);
         if (error == ERROR_ACCESS_DENIED && !isDataFile)
@@ -244,8 +244,8 @@ HMODULE Load(const WCHAR* name, bool isDataFile) {
     return nullptr;
 }
 
-// A number or a text, as resource functions take both in one argument; false for "#" with a number
-// too large.
+// Reads a resource name, which is a number or a text in one argument. Returns false for "#" with a
+// number that is too large.
 bool ParseResourceName(const WCHAR* argument, ResourceName& name) {
     if (IS_INTRESOURCE(argument)) {
         name.number = static_cast<WORD>(reinterpret_cast<UINT_PTR>(argument));
@@ -312,7 +312,7 @@ BOOL FreeLibrary(HMODULE module) {
     if (module == nullptr)
         return FailWith(ERROR_INVALID_HANDLE);
     if (module == Modules().Program().Handle())
-        return TRUE; // as on Windows, without effect
+        return TRUE; // as on Windows, no effect
     if (module == Modules().Own().Handle())
         return FailWith(ERROR_ACCESS_DENIED);
     if (Modules().Release(module))
@@ -378,10 +378,10 @@ HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type) {
 
 namespace {
 
-// The bytes of a resource of the module; empty with the last error set when it has none there.
+// The bytes of a resource of the module; empty with the last error set when it does not exist.
 std::span<const BYTE> DataOf(HMODULE module, HRSRC resource) {
     if (resource == nullptr)
-        return {}; // as on Windows, without an error
+        return {}; // as on Windows, no error
     std::optional<std::span<const BYTE>> data;
     Modules().Use(module, [&](const Module& found) {
         if (const auto place = found.Resources().Place(resource))
@@ -409,7 +409,7 @@ BOOL EnumResourceNamesW(HMODULE module, LPCWSTR type, ENUMRESNAMEPROCW procedure
         return FailWith(ERROR_INVALID_PARAMETER);
     std::vector<PeResources::Name> names;
     DWORD error = ERROR_RESOURCE_DATA_NOT_FOUND;
-    try { // The procedure may use the module: none is locked when it is called.
+    try { // No lock is held during the call, because the procedure may use the module.
         Modules().Use(
             module, [&](const Module& found) { names = found.Resources().Names(typeName, error); });
     } catch (const std::bad_alloc&) {
@@ -440,7 +440,7 @@ int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size) try {
         if (!text)
             return;
         error = ERROR_SUCCESS;
-        if (size == 0) { // Deliberate: the buffer is then a pointer to receive the text's place.
+        if (size == 0) { // Deliberate: the buffer then receives the text's address.
             const WCHAR* place = text->data();
             std::memcpy(buffer, &place, sizeof place);
             result = static_cast<int>(text->size());

@@ -13,12 +13,12 @@ namespace quorvel::win32 {
 
 namespace {
 
-// Zeros behind the resource: they end a last text that has no terminator, and a root value shorter
+// Zeros after the resource. They end a last text without a terminator, and a root value shorter
 // than VS_FIXEDFILEINFO may still be read as one.
 constexpr DWORD kTailSize = 64;
 static_assert(kTailSize >= sizeof(VS_FIXEDFILEINFO) + sizeof(WCHAR));
 
-// The version resource of a file and the zeros; empty with the last error set on failure.
+// The version resource of a file, followed by the zeros; empty with the last error set on failure.
 std::vector<BYTE> ReadVersionResource(LPCWSTR name) {
     PeFile file;
     const PeResources* own = FindOwnResources(name);
@@ -39,7 +39,7 @@ std::vector<BYTE> ReadVersionResource(LPCWSTR name) {
     WORD length = 0;
     if (data && data->size() >= sizeof length)
         std::memcpy(&length, data->data(), sizeof length);
-    // Deliberate: as on Windows, whatever is missing is told by one error.
+    // Deliberate: as on Windows, one error means any missing part.
     if (length == 0) {
         SetLastError(ERROR_RESOURCE_DATA_NOT_FOUND);
         return {};
@@ -74,7 +74,7 @@ BOOL GetFileVersionInfoW(LPCWSTR name, DWORD, DWORD size, LPVOID data) try {
     const std::vector<BYTE> block = ReadVersionResource(name);
     if (block.empty())
         return FALSE;
-    // Whatever was cut off, the length names only what is there, and the zeros follow it.
+    // Even for a cut resource, the length covers only existing bytes, and the zeros follow them.
     const std::size_t fits = std::min<std::size_t>(size, block.size());
     const WORD length = static_cast<WORD>(fits > kTailSize ? fits - kTailSize : 0);
     std::memset(data, 0, fits);

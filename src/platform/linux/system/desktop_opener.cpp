@@ -19,7 +19,7 @@ bool IsEmpty(LPCWSTR text) {
     return text == nullptr || text[0] == 0;
 }
 
-// Whether it begins with a scheme. A drive letter is none.
+// Whether the text begins with a scheme. A drive letter is not a scheme.
 bool IsAddress(const WCHAR* text) {
     const WCHAR* end = text;
     while (*end < 0x80 && (std::isalnum(*end) != 0 || *end == '+' || *end == '-' || *end == '.'))
@@ -33,7 +33,7 @@ bool Exists(const std::string& path, const std::string& folder) {
     return stat(whole.c_str(), &status) == 0;
 }
 
-// What xdg-open documents of its exit codes.
+// The exit codes in the documentation of xdg-open.
 DWORD ErrorOf(const ProgramRun& run) {
     if (run.end == ProgramRun::StillRunning)
         return ERROR_SUCCESS;
@@ -53,7 +53,7 @@ DWORD ErrorOf(const ProgramRun& run) {
     }
 }
 
-// The text as UTF-8. A path's separators are the system's.
+// Converts the text to UTF-8, with the system's separators for a path.
 bool ToArgument(const WCHAR* text, bool isAddress, std::string& argument) {
     if (!isAddress)
         return ToSystemPath(text, argument);
@@ -83,7 +83,7 @@ BOOL win32::ShellExecuteExW(SHELLEXECUTEINFOW* info) {
         return FailWith(ERROR_INVALID_PARAMETER);
     if (!isAddress && !Exists(argument, folder))
         return FailWith(ERROR_FILE_NOT_FOUND);
-    if (argument[0] == '-') // would be an option
+    if (argument[0] == '-') // it would be an option
         argument.insert(0, "./");
     const DWORD error = ErrorOf(RunProgram({"xdg-open", argument}, folder, kPatience));
     return error == ERROR_SUCCESS || FailWith(error);

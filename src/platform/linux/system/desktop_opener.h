@@ -1,4 +1,4 @@
-// Opening files and addresses with the program that the user has for them.
+// Opens files and addresses with the user's program for them.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>
@@ -21,11 +21,11 @@ struct SHELLEXECUTEINFOW {
     HINSTANCE hInstApp;
 };
 
-// Hands the file, which may be an address with a scheme, to xdg-open, without a shell, and waits up
-// to five seconds for its answer; an xdg-open that runs on counts as a success. A relative name is
-// looked for in the directory. FALSE with the last error set: 87 for an empty name and a text that
-// is not UTF-16, 2 for a missing file, 50 for a verb or for parameters, 1155 when there is no
-// xdg-open or no program for the file, 31 when that failed.
+// Passes the file, or an address with a scheme, to xdg-open without a shell and waits up to five
+// seconds for its result. An xdg-open that is still running counts as a success. A relative name is
+// searched in the directory. Returns FALSE with the last error set: 87 for an empty name and for
+// text that is not UTF-16, 2 for a missing file, 50 for a verb or parameters, 1155 when xdg-open or
+// a program for the file is missing, 31 when that program failed.
 BOOL ShellExecuteExW(SHELLEXECUTEINFOW* info);
 
 } // namespace quorvel::win32

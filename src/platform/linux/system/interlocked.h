@@ -1,11 +1,11 @@
-// Counting by several threads at once.
+// Counters that several threads use at once.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>
 
 namespace quorvel::win32 {
 
-// The new value. Everything that was written before is seen by who counts afterwards.
+// Returns the new value. All earlier writes are visible to a thread that counts afterwards.
 inline LONG InterlockedIncrement(LONG volatile* number) {
     return __atomic_add_fetch(number, 1, __ATOMIC_SEQ_CST);
 }

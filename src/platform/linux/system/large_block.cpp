@@ -19,17 +19,17 @@ void PreferHugePages(void* block, std::size_t size) {
         return;
     static const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
     const auto begin = reinterpret_cast<std::uintptr_t>(block);
-    // Whole pages outwards, so that it is all of the mapping that malloc has made for the block:
-    // the kernel does not move one that is advised in part, and realloc would have to copy it.
+    // Extends the range to whole pages, so that it covers malloc's whole mapping for the block: the
+    // kernel does not move a partly advised mapping, and realloc would have to copy it.
     const std::uintptr_t first = begin / pageSize * pageSize;
     const std::uintptr_t end = (begin + size + pageSize - 1) / pageSize * pageSize;
     const int error = errno;
     madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
-    errno = error; // a kernel without huge pages refuses, which is no failure
+    errno = error; // a kernel without huge pages refuses; that is not a failure
 }
 
-// malloc gives every block above 32 MB a mapping of its own, which realloc lets grow by moving its
-// pages; below it may copy, into pages that it touches before they can be advised.
+// malloc gives each block above 32 MB its own mapping, which realloc can grow by moving pages.
+// Smaller blocks may be copied into new pages, which are then touched before they can be advised.
 std::size_t RoomToGrow(std::size_t size) {
     constexpr std::size_t kOwnMapping = std::size_t(33) << 20;
     return size < kLarge ? size : std::max(size, kOwnMapping);

@@ -19,9 +19,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr auto kPause = std::chrono::milliseconds(5);
-constexpr int kNoProgram = 127; // what a child that could not run it exits with
+constexpr int kNoProgram = 127; // exit code of a child that failed to start it
 
-// What a program is started with: signals as a new program expects them, and its folder.
+// The settings for starting a program: default signals, and its folder.
 class Start {
 public:
     explicit Start(const std::string& folder) {
@@ -55,19 +55,19 @@ ProgramRun Ended(int status) {
     if (WIFSIGNALED(status))
         return {WTERMSIG(status) == SIGINT ? ProgramRun::Interrupted : ProgramRun::Killed, 0};
     const int code = WEXITSTATUS(status);
-    if (code == 128 + SIGINT) // as a script passes it on
+    if (code == 128 + SIGINT) // as a script reports it
         return {ProgramRun::Interrupted, 0};
     return {code == kNoProgram ? ProgramRun::NotStarted : ProgramRun::Exited, code};
 }
 
-// A process that ended stays in the system's table until somebody asks for it.
+// Collects the exit status later. Until then an ended process stays in the system's table.
 void ForgetLater(pid_t process) {
     try {
         std::thread([process] {
             while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
             }
         }).detach();
-    } catch (const std::system_error&) { // no more threads: it stays there until this process ends
+    } catch (const std::system_error&) { // no thread: it stays there until this process ends
     }
 }
 
@@ -89,7 +89,7 @@ ProgramRun RunProgram(const std::vector<std::string>& arguments, const std::stri
         const pid_t ended = waitpid(process, &status, WNOHANG);
         if (ended == process)
             return Ended(status);
-        if (ended < 0 && errno != EINTR) // the host ignores SIGCHLD, and how it ended is lost
+        if (ended < 0 && errno != EINTR) // if the host ignores SIGCHLD, the exit code is lost
             return {ProgramRun::Exited, 0};
         if (Clock::now() >= limit)
             break;

@@ -1,4 +1,4 @@
-// Other programs, run without a shell.
+// Runs other programs without a shell.
 #pragma once
 
 #include <chrono>
@@ -9,7 +9,7 @@ namespace quorvel {
 
 struct ProgramRun {
     enum End {
-        NotStarted,  // there is no such program, or it may not be run
+        NotStarted,  // the program is missing or may not be run
         Exited,      // with `exitCode`
         Interrupted, // by the user, at the terminal
         Killed,
@@ -19,14 +19,14 @@ struct ProgramRun {
     int exitCode; // of Exited only
 };
 
-// Runs the program of the first argument, which is searched in PATH, with the others, in the folder
-// (empty: the current one) and with standard input and output as they are. Waits for its end, at
-// most for so long; a program that runs on is left to itself. Any thread.
+// Runs the program of the first argument, which is searched in PATH, with the other arguments, in
+// `folder` (empty: the current one), with this process's standard input and output. Waits for its
+// end, at most `patience`, and then lets it continue. Any thread.
 ProgramRun RunProgram(const std::vector<std::string>& arguments, const std::string& folder,
                       std::chrono::milliseconds patience);
 
-// A new folder for its owner alone, in the folder for temporary files; empty on failure, with the
-// last error set.
+// Creates a folder, accessible only to its owner, in the folder for temporary files. Empty with the
+// last error set on failure.
 std::string NewPrivateFolder(const char* prefix);
 
 } // namespace quorvel

@@ -21,7 +21,7 @@ BOOL GetVersionExW(OSVERSIONINFOW* version) {
     unsigned major = 0;
     unsigned minor = 0;
     unsigned patch = 0;
-    if (uname(&system) == 0) // "6.1.0-18-amd64": numbers that are missing stay 0
+    if (uname(&system) == 0) // "6.1.0-18-amd64": missing numbers stay 0
         std::sscanf(system.release, "%9u.%9u.%9u", &major, &minor, &patch);
 
     OSVERSIONINFOEXW result = {};

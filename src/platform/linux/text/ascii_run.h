@@ -1,7 +1,7 @@
-// Copies runs of ASCII between UTF-16 and one-byte texts: the vector code of the converters.
+// Copies runs of ASCII between UTF-16 and one-byte texts with vector code, for the converters.
 //
-// Both stop at the first other character and return how many they copied. What lies behind those in
-// the target, up to `count`, may be overwritten.
+// Both functions stop at the first non-ASCII character and return the number of characters copied.
+// They may overwrite the target after these, up to `count`.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>
@@ -19,8 +19,8 @@ inline std::size_t CopyAscii(const BYTE* from, WCHAR* to, std::size_t count) {
     std::size_t i = 0;
 #if defined(__SSE2__)
     for (; count - i >= 16; i += 16) {
-        // Fetched as in the other direction, but for writing: of a large text the kernel has just
-        // cleared the pages, which are in the outer caches at best.
+        // Prefetches as in the other direction, but for writing. For a large text the kernel has
+        // just cleared these pages, so at best the outer caches have them.
         __builtin_prefetch(reinterpret_cast<const char*>(to + i) + 4096, 1);
         const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + i));
         auto* const target = reinterpret_cast<__m128i*>(to + i);
@@ -40,8 +40,8 @@ inline std::size_t CopyAscii(const WCHAR* from, char* to, std::size_t count) {
 #if defined(__SSE2__)
     const __m128i above = _mm_set1_epi16(static_cast<short>(0xff80));
     for (; count - i >= 16; i += 16) {
-        // The processor's own read-ahead stops at the border of a page; most of a large document is
-        // in no cache when it is saved.
+        // The processor's own prefetching stops at page borders, and most of a large document is in
+        // no cache when it is saved.
         _mm_prefetch(reinterpret_cast<const char*>(from + i) + 4096, _MM_HINT_T0);
         const auto* const source = reinterpret_cast<const __m128i*>(from + i);
         const __m128i low = _mm_loadu_si128(source);

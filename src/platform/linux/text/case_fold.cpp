@@ -5,8 +5,8 @@
 namespace quorvel {
 
 WCHAR FoldCaseBeyondAscii(WCHAR unit) {
-    // The platform's table has only letters that come back: U+212A (kelvin) is not folded to k,
-    // whose upper case is K.
+    // Windows folds only letters whose upper case is the same letter again: U+212A (kelvin) is not
+    // folded to k, whose upper case is K.
     const UChar32 lower = u_tolower(unit);
     return lower <= 0xffff && u_toupper(lower) == unit ? static_cast<WCHAR>(lower) : unit;
 }

@@ -32,13 +32,13 @@ UINT Resolve(UINT codePage) {
     }
 }
 
-// What both directions refuse: nothing to convert, half a buffer, source and target in one place.
+// False for an empty source, an inconsistent target, and the same buffer for both.
 bool AreValidBuffers(const void* source, int sourceLength, const void* target, int targetLength) {
     return source != nullptr && sourceLength != 0 && targetLength >= 0 &&
            (target != nullptr || targetLength == 0) && source != target;
 }
 
-// A negative length means up to and with the terminator.
+// A negative length means up to the terminator, which is included.
 template <class Unit>
 std::size_t SourceLength(const Unit* source, int length) {
     return length < 0 ? std::char_traits<Unit>::length(source) + 1
@@ -48,15 +48,15 @@ std::size_t SourceLength(const Unit* source, int length) {
 template <class Unit>
 int Finish(DWORD error, const Output<Unit>& output) {
     if (error == ERROR_SUCCESS && output.Count() > INT_MAX)
-        error = ERROR_INVALID_PARAMETER; // no buffer that a caller can name would hold it
+        error = ERROR_INVALID_PARAMETER; // too long for any buffer size that a caller can give
     if (error == ERROR_SUCCESS)
         return static_cast<int>(output.Count());
     win32::SetLastError(error);
     return 0;
 }
 
-// The flags that a code page takes, as documented: the encodings of all of Unicode and those that
-// are never composed know only how to be strict, and those with escape sequences not even that.
+// The flags that a code page accepts, as documented. Encodings of all of Unicode and those that are
+// never composed accept only the strict flag, those with escape sequences no flag.
 DWORD DecodingFlags(UINT codePage) {
     if (codePage == CP_UTF8 || codePage == kGb18030 || codePage == kEucJapanese || codePage == kHz)
         return MB_ERR_INVALID_CHARS;
@@ -70,7 +70,7 @@ DWORD EncodingFlags(UINT codePage) {
     return CodePageTable::IsListed(codePage) ? WC_NO_BEST_FIT_CHARS : 0;
 }
 
-// MB_USEGLYPHCHARS: what the fonts of the PC show for control characters.
+// MB_USEGLYPHCHARS: the characters that PC fonts show for control characters.
 WCHAR Glyph(WCHAR unit) {
     static constexpr WCHAR kGlyphs[] =
         u"\0\x263a\x263b\x2665\x2666\x2663\x2660\x2022\x25d8\x25cb\x25d9\x2642\x2640\x266a\x266b"
@@ -81,13 +81,13 @@ WCHAR Glyph(WCHAR unit) {
     return unit == 0x7f ? WCHAR(0x2302) : unit;
 }
 
-// Writes the unit as the flags ask for it: as a glyph, or as base letter and accents.
+// Writes the unit as the flags require: as a glyph, or as base letter and accents.
 bool PutShaped(const CodePageTable& table, WCHAR unit, DWORD flags, WideOutput& output) {
     if ((flags & MB_USEGLYPHCHARS) != 0 && table.HasGlyph(unit))
         unit = Glyph(unit);
     UChar parts[8] = {unit};
     int count = 1;
-    const bool isSyllable = unit >= 0xac00 && unit <= 0xd7a3; // Hangul is never taken apart
+    const bool isSyllable = unit >= 0xac00 && unit <= 0xd7a3; // Windows does not decompose Hangul
     if ((flags & MB_COMPOSITE) != 0 && unit >= 0x80 && !isSyllable) {
         UErrorCode error = U_ZERO_ERROR;
         const UNormalizer2* decomposer = unorm2_getNFDInstance(&error);
@@ -105,7 +105,7 @@ DWORD DecodeWithTable(const CodePageTable& table, DWORD flags, Bytes bytes, Wide
     const bool strict = (flags & MB_ERR_INVALID_CHARS) != 0;
     if ((flags & (MB_USEGLYPHCHARS | MB_COMPOSITE)) == 0)
         return table.Decode(bytes, strict, output);
-    std::u16string units(bytes.size(), 0); // no code page has more units than bytes
+    std::u16string units(bytes.size(), 0); // enough: no code page has more units than bytes
     WideOutput plain(units.data(), units.size());
     const DWORD error = table.Decode(bytes, strict, plain);
     units.resize(plain.Count());
@@ -132,7 +132,7 @@ DWORD Decode(UINT codePage, DWORD flags, Bytes bytes, WideOutput& output) {
     return ERROR_INVALID_PARAMETER;
 }
 
-// The caller's default character in a table's code page: its one byte, or a lead and a trail byte.
+// The caller's default character in a table's code page: one byte, or a lead and a trail byte.
 WORD DefaultChar(const CodePageTable& table, LPCSTR defaultChar) {
     if (defaultChar == nullptr)
         return table.DefaultByte();
@@ -154,7 +154,7 @@ std::size_t LengthBeforeLoneSurrogate(WideText text) {
     return text.size();
 }
 
-// As EncodeUtf8, with an ASCII character for each lone surrogate.
+// Like EncodeUtf8, but writes an ASCII character for each lone surrogate.
 DWORD EncodeUtf8With(char substitute, WideText text, ByteOutput& output) {
     for (;;) {
         const std::size_t length = LengthBeforeLoneSurrogate(text);

@@ -1,9 +1,9 @@
-// The converters behind MultiByteToWideChar and WideCharToMultiByte, one class a family of code
+// The converters for MultiByteToWideChar and WideCharToMultiByte, one class for each family of code
 // pages.
 //
 // A converter is stateless and immutable: any thread may call it. It writes to an Output, which
-// counts when it has no buffer, and returns ERROR_SUCCESS, ERROR_INSUFFICIENT_BUFFER (what fitted
-// has been written) or ERROR_NO_UNICODE_TRANSLATION (what preceded has been written).
+// only counts when it has no buffer. It returns ERROR_SUCCESS, or, after writing what came before,
+// ERROR_INSUFFICIENT_BUFFER or ERROR_NO_UNICODE_TRANSLATION.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>
@@ -19,7 +19,7 @@ namespace quorvel {
 template <class Unit>
 class Output {
 public:
-    // A null buffer counts without a limit.
+    // With a null buffer it counts without limit.
     Output(Unit* units, std::size_t capacity)
         : m_units(units), m_capacity(units != nullptr ? capacity : SIZE_MAX) {}
 
@@ -34,7 +34,7 @@ public:
         ++m_count;
         return true;
     }
-    // All of them or none: half a character is never written.
+    // Writes all units or no unit, never half a character.
     [[nodiscard]] bool Put(const Unit* units, std::size_t count) {
         if (Room() < count)
             return false;
@@ -43,13 +43,13 @@ public:
         m_count += count;
         return true;
     }
-    // Widens or narrows the ASCII characters at the start of `source` that there is room for, and
-    // returns how many they were.
+    // Widens or narrows the ASCII characters at the start of `source` that fit, and returns their
+    // number.
     template <class Source>
     std::size_t PutAscii(std::span<const Source> source);
 
-    // For who tests the room once and then writes many units: where the next one goes (null while
-    // only counting), and that there are `count` more.
+    // For code that checks the room once and then writes many units. Next is the address for the
+    // next unit (null when only counting), and Advance adds `count` units.
     Unit* Next() const { return m_units != nullptr ? m_units + m_count : nullptr; }
     void Advance(std::size_t count) { m_count += count; }
 
@@ -64,18 +64,18 @@ typedef Output<char> ByteOutput;
 typedef std::span<const BYTE> Bytes;
 typedef std::span<const WCHAR> WideText;
 
-// How a character that the code page does not have is written, and what was found.
+// Input and result of replacing characters that the code page lacks.
 struct Substitution {
     WORD defaultChar = 0; // one byte, or a double-byte character with its lead byte on top
     bool bestFit = true;
     bool used = false; // set by the converter
 };
 
-// UTF-8. Not strict: each ill-formed sequence becomes U+FFFD, each lone surrogate EF BF BD.
+// UTF-8. Unless strict, each ill-formed sequence becomes U+FFFD, each lone surrogate EF BF BD.
 DWORD DecodeUtf8(Bytes bytes, bool strict, WideOutput& output);
 DWORD EncodeUtf8(WideText text, bool strict, ByteOutput& output);
 
-// UTF-7 (RFC 2152). A byte above 0x7F is the character of the same number; nothing is refused.
+// UTF-7 (RFC 2152). A byte above 0x7F becomes the character with its number; no input is refused.
 DWORD DecodeUtf7(Bytes bytes, WideOutput& output);
 DWORD EncodeUtf7(WideText text, ByteOutput& output);
 

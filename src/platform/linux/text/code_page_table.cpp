@@ -14,20 +14,20 @@ namespace quorvel {
 
 using namespace std::string_view_literals;
 
-// What a page is beyond its converter.
+// Properties of a page in addition to its converter.
 enum CodePageForm : BYTE {
-    kEbcdic = 1,       // otherwise the lower half is ASCII, whatever the converter makes of it
-    kNoPrivateUse = 2, // the converter's private-use characters are not the platform's
-    kFullWidth = 4,    // the full-width forms of ASCII fit their narrow ones
-    kMiddleDot = 8,    // what is not assigned is read as U+30FB and not as a question mark
+    kEbcdic = 1,       // if not set, the lower half is ASCII, whatever the converter says
+    kNoPrivateUse = 2, // the converter's private-use characters differ from the platform's
+    kFullWidth = 4,    // the full-width forms of ASCII are best fits for the narrow ones
+    kMiddleDot = 8,    // unassigned codes are read as U+30FB instead of a question mark
     kGlyphs = 16,      // has glyphs for control characters
-    kDeleteGlyph = 32, // has a glyph for 7F alone
+    kDeleteGlyph = 32, // has a glyph for 7F only
     kJohab = 64,       // has the converter's characters at the codes of code page 1361
 };
 
 struct CodePageRow {
     WORD codePage;
-    WORD bestFitsOf; // the page whose best fits hold for this one too, or 0
+    WORD bestFitsOf; // the page whose best fits also apply here, or 0
     const char* converter;
     int form;
 };
@@ -53,7 +53,7 @@ struct BestFitRow {
 
 #include "platform/linux/text/code_page_data.inc"
 
-constexpr WCHAR kLead = 0xfffe; // of a byte: a trail byte follows
+constexpr WCHAR kLead = 0xfffe; // for a byte: a trail byte follows
 constexpr WCHAR kNone = 0xffff; // no character
 
 const CodePageRow* FindRow(UINT codePage) {
@@ -74,7 +74,7 @@ bool IsSecondChoice(WORD codePage, WORD code) {
                        });
 }
 
-// The best fits of a page on top of those of the page that it refers to.
+// The best fits of the referenced page, overridden by those of the page itself.
 void CollectBestFits(const CodePageRow& page, std::map<WCHAR, WCHAR>& fits) {
     if (const CodePageRow* base = FindRow(page.bestFitsOf))
         CollectBestFits(*base, fits);
@@ -184,7 +184,7 @@ void CodePageTable::ApplyDifferences() {
     }
 }
 
-// Fills the way back: of several codes of one character the first is kept.
+// Builds the encoding table. If a character has several codes, the first one is kept.
 void CodePageTable::BuildCodes() {
     for (const bool isSecond : {false, true}) {
         const auto add = [this, isSecond](WCHAR unit, unsigned code) {
@@ -213,7 +213,7 @@ void CodePageTable::AddBestFits() {
     CollectBestFits(m_page, fits);
     for (const auto& [unit, fit] : fits)
         AddBestFit(unit, fit);
-    constexpr WCHAR kQuestionMark = 0xff1f; // its fit is the default, so it counts as one
+    constexpr WCHAR kQuestionMark = 0xff1f; // its fit is the default character
     for (WCHAR unit = 0xff01; (m_page.form & kFullWidth) != 0 && unit <= 0xff5e; ++unit) {
         if (unit != kQuestionMark)
             AddBestFit(unit, static_cast<WCHAR>(unit - 0xff01 + '!'));
@@ -235,13 +235,13 @@ CodePageTable::Code& CodePageTable::FindOrAdd(WCHAR unit) {
     return m_blocks[block][unit & 0xff];
 }
 
-// False when the character is not assigned: `unit` is then the one that stands for it.
+// False for an unassigned character; `unit` is then its replacement.
 bool CodePageTable::DecodeOne(Bytes bytes, std::size_t& position, WCHAR& unit) const {
     const BYTE byte = bytes[position++];
     unit = m_singles[byte];
     if (unit != kLead && unit != kNone)
         return !IsPrivateUse(unit) && (unit != m_defaultUnit || byte == m_defaultByte);
-    // A lead byte at the end stands alone, and no terminator is taken for a trail byte.
+    // A lead byte at the end has no trail byte, and a terminator is never a trail byte.
     if (unit == kLead && position < bytes.size() && bytes[position] != 0)
         unit = m_rows[m_rowOf[byte]][bytes[position++]];
     if (unit != kLead && unit != kNone)

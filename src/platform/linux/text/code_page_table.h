@@ -1,9 +1,9 @@
-// Code pages of one or two bytes a character, converted by table.
+// Code pages with one or two bytes for each character, converted by table.
 //
-// A table is read from an ICU converter when its code page is first used, corrected where the
-// platform differs (code_page_data.inc), and kept for good: some 30 KB and a fraction of a
-// millisecond for a single-byte page, some 250 KB and a few milliseconds for a double-byte one.
-// After that ICU is not asked again.
+// On first use of a code page its table is built from an ICU converter, corrected where the
+// platform differs (code_page_data.inc), and kept until the process ends. It takes about 30 KB and
+// a fraction of a millisecond for a single-byte page, about 250 KB and a few milliseconds for a
+// double-byte page.
 #pragma once
 
 #include "platform/linux/text/code_page.h"
@@ -19,12 +19,12 @@ struct CodePageRow;
 class CodePageTable {
 public:
     static bool IsListed(UINT codePage);
-    // The table of a code page, built when needed; null when there is none. Any thread; throws
-    // std::bad_alloc. Tables live as long as the process.
+    // The table of a code page, built when necessary; null for an unknown code page. Any thread.
+    // Throws std::bad_alloc. Tables are never destroyed.
     static const CodePageTable* Find(UINT codePage);
 
     bool IsDoubleByte() const { return m_rows.size() > 1; }
-    // MB_USEGLYPHCHARS: whether the page shows a glyph for that control character.
+    // MB_USEGLYPHCHARS: whether the page has a glyph for that control character.
     bool HasGlyph(WCHAR unit) const;
     BYTE DefaultByte() const { return m_defaultByte; } // the question mark
 
@@ -58,9 +58,9 @@ private:
     BYTE m_defaultByte = '?';
     WCHAR m_defaultUnit = '?';
     Row m_singles;
-    std::array<BYTE, 256> m_rowOf = {};   // by lead byte: the row of its trail bytes, or 0
-    std::vector<Row> m_rows{1};           // the first is no lead byte's
-    std::array<WORD, 256> m_blockOf = {}; // by upper half of a unit: its block, or the empty 0
+    std::array<BYTE, 256> m_rowOf = {};   // index: lead byte; the row of its trail bytes, or 0
+    std::vector<Row> m_rows{1};           // row 0 belongs to no lead byte
+    std::array<WORD, 256> m_blockOf = {}; // index: a unit's upper half; its block, or 0
     std::vector<Block> m_blocks{1};
 };
 

@@ -27,7 +27,7 @@ constexpr struct {
     {50937, "ibm-937_P110-1999"},
     {50939, "ibm-939_P120-1999"},
     {51932, "euc-jp-2007"},
-    {52936, "HZ"}, // starts with "~}" where a text starts with ASCII
+    {52936, "HZ"}, // starts with "~}" if a text starts with ASCII
     {54936, "gb18030"},
     {57002, "ISCII,version=0"}, // Devanagari
     {57003, "ISCII,version=1"}, // Bengali
@@ -41,7 +41,7 @@ constexpr struct {
     {57011, "ISCII,version=2"}, // Gurmukhi
 };
 
-// Writes the converter's substitute for what it lacks and notes that it did.
+// Writes the converter's substitute for a missing character and records that it was used.
 void Substitute(const void* used, UConverterFromUnicodeArgs* arguments, const UChar*, int32_t,
                 UChar32, UConverterCallbackReason reason, UErrorCode* error) {
     if (reason > UCNV_IRREGULAR)

@@ -1,5 +1,5 @@
-// An ICU converter: the source of the code page tables, and the codec of those pages that no table
-// holds, because their texts have shift states or more than two bytes a character.
+// An ICU converter: builds the code page tables, and converts the code pages that have no table
+// because their texts have shift states or more than two bytes for a character.
 #pragma once
 
 #include "platform/linux/text/code_page.h"
@@ -12,7 +12,7 @@ namespace quorvel {
 
 class Converter {
 public:
-    // By ICU's name. It may be closed afterwards, where this ICU lacks it.
+    // By ICU's name. Check IsOpen: this ICU may lack the converter.
     explicit Converter(const char* name);
 
     bool IsOpen() const { return m_converter != nullptr; }
@@ -24,9 +24,9 @@ public:
     };
     Single DecodeSingle(Bytes bytes);
 
-    // Not strict: what has no meaning becomes U+FFFD.
+    // Unless strict, undefined input becomes U+FFFD.
     DWORD Decode(Bytes bytes, bool strict, WideOutput& output);
-    // Strict: a lone surrogate is refused. A default character of 0 leaves it to the converter.
+    // Strict refuses a lone surrogate. For a default character of 0 the converter chooses it.
     DWORD Encode(WideText text, bool strict, Substitution& substitution, ByteOutput& output);
 
 private:
@@ -36,7 +36,7 @@ private:
     std::unique_ptr<UConverter, Close> m_converter;
 };
 
-// The name of the converter that serves a code page without a table, or null.
+// The name of the converter for a code page without a table, or null.
 const char* FindConverter(UINT codePage);
 
 } // namespace quorvel

@@ -35,8 +35,8 @@ void PrintAll(Output<Ch>& output, const Ch* format, ArgumentList& list) {
         Conversion conversion;
         format = ScanConversion(format + 1, conversion);
         FetchStars(conversion, list);
-        // Deliberate: of a conversion that the runtime does not know only the percent sign, the
-        // flags and the numbers are lost; what stops the scan is text, or the next percent sign.
+        // Deliberate: for an unknown conversion only the percent sign, flags and numbers are
+        // dropped, like in the Windows runtime. The text continues where the scan stopped.
         if (conversion.type != 0)
             PrintConversion(output, conversion, FetchArgument(list, TypeOfArgument(conversion)));
     }
@@ -59,12 +59,12 @@ int Format(Ch* text, std::size_t size, const Ch* format, va_list arguments) {
     return static_cast<int>(length);
 }
 
-// The zeros of the decimal digits that the runtime reads, each followed by its nine others.
+// The zeros of the decimal digits that the runtime accepts; digits 1 to 9 follow each.
 constexpr WCHAR kDigitZeros[] = {0x0030, 0x0660, 0x06f0, 0x0966, 0x09e6, 0x0a66,
                                  0x0ae6, 0x0b66, 0x0c66, 0x0ce6, 0x0d66, 0x0e50,
                                  0x0ed0, 0x0f20, 0x1040, 0x17e0, 0x1810, 0xff10};
 
-// The digit's value, or one that no base has.
+// The digit's value, or a value beyond every base.
 int DigitValue(WCHAR character) {
     if (character >= 'a' && character <= 'z')
         return character - 'a' + 10;
@@ -83,8 +83,8 @@ bool IsSpace(WCHAR character) {
            character == 0x205f || character == 0x3000;
 }
 
-// Settles base 0 and moves past 0x. Deliberate: where no digit follows it there is no number,
-// though the 0 alone would be one.
+// Resolves base 0 and skips 0x. Deliberate: 0x without a digit is not a number, although 0 alone
+// would be one.
 const WCHAR* ScanBase(const WCHAR* text, int& base) {
     const bool hexadecimal = text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
     if ((base == 0 || base == 16) && hexadecimal) {
@@ -124,7 +124,7 @@ __int64 _wcstoi64(const WCHAR* text, WCHAR** end, int base) {
 
     constexpr __int64 minimum = std::numeric_limits<__int64>::min();
     const WCHAR* const digits = position;
-    __int64 value = 0; // counted downwards, since the range has one negative number more
+    __int64 value = 0; // counts downwards, because the range has one more negative number
     bool saturated = false;
     for (int digit; (digit = DigitValue(*position)) < base; ++position) {
         saturated = saturated || value < (minimum + digit) / base;

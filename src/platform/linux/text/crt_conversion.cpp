@@ -10,8 +10,8 @@ namespace quorvel::crt {
 
 namespace {
 
-// The parts of a printed number, in this order; the padding goes before or behind the whole, or as
-// zeros behind the prefix.
+// The parts of a printed number, in this order. The padding is before or after the whole, or
+// consists of zeros after the prefix.
 struct NumberParts {
     std::string_view prefix; // the sign and 0x
     long long leadingZeros = 0;
@@ -59,7 +59,7 @@ long long SignedValue(const Conversion& conversion, long long value) {
     return conversion.isShort ? static_cast<SHORT>(value) : static_cast<LONG>(value);
 }
 
-// Writes the digits so that they end at `end`; none for zero. Returns the first.
+// Writes the digits so that they end at `end`; no digit for zero. Returns the first digit.
 char* WriteDigits(char* end, unsigned long long value, unsigned base, bool upperCase) {
     const char* const digits = upperCase ? "0123456789ABCDEF" : "0123456789abcdef";
     for (; value != 0; value /= base)
@@ -88,7 +88,7 @@ void PrintInteger(Output<Ch>& output, const Conversion& conversion, const Argume
     if (type == 'o' && conversion.alternate && value != 0)
         *--first = '0';
     parts.digits = std::string_view(first, end);
-    // Deliberate: unlike in C, a precision does not switch the 0 flag off.
+    // Deliberate: unlike in C, a precision does not disable the 0 flag.
     parts.leadingZeros = (conversion.precision < 0 ? 1 : conversion.precision) -
                          static_cast<long long>(parts.digits.size());
     parts.leadingZeros = std::max(parts.leadingZeros, 0LL);
@@ -123,8 +123,8 @@ void PrintFloat(Output<Ch>& output, const Conversion& conversion, const Argument
 template <class Ch, class Other>
 void PrintText(Output<Ch>& output, const Conversion& conversion, const Other* text,
                std::size_t length) {
-    // The runtime converts between the widths in the C locale: a character is a byte and the
-    // reverse, whatever the code page, and there is no byte for a character above U+00FF.
+    // As in the C locale, the runtime converts one byte to one character and back, whatever the
+    // code page. A character above U+00FF has no byte.
     if constexpr (sizeof(Other) > sizeof(Ch))
         if (std::any_of(text, text + length, [](Other unit) { return unit > 0xff; }))
             return output.Fail();
@@ -159,12 +159,12 @@ void PrintCharacter(Output<Ch>& output, const Conversion& conversion, const Argu
     }
     const auto unit = static_cast<WCHAR>(argument.integer);
     if (sizeof(Ch) == 1 && unit > 0xff)
-        length = 0; // Deliberate: a single character without a byte is left out, it is no failure.
+        length = 0; // Deliberate: omits a single character that has no byte; this is not a failure.
     PrintText(output, conversion, &unit, length);
 }
 
-// Eight upper-case hexadecimal digits where pointers have 32 bits and sixteen where they have 64,
-// then as a text is printed: the precision cuts, and the 0 flag has no effect.
+// Prints eight upper-case hexadecimal digits for 32-bit pointers and sixteen for 64-bit ones, as
+// text: the precision cuts them, and the 0 flag has no effect.
 template <class Ch>
 void PrintPointer(Output<Ch>& output, Conversion conversion, const Argument& argument) {
     const auto value = reinterpret_cast<ULONG_PTR>(argument.pointer);
@@ -206,7 +206,7 @@ const Ch* ScanFlags(const Ch* position, Conversion& conversion) {
     }
 }
 
-// A number that passes INT_MAX stays there, where printing refuses it.
+// Reads a number. A value above INT_MAX becomes INT_MAX, which printing refuses.
 template <class Ch>
 const Ch* ScanNumber(const Ch* position, int& number, bool& isArgument) {
     isArgument = *position == '*';
@@ -224,7 +224,7 @@ struct SizePrefix {
     std::string_view name;
     Size size;
 };
-// The longer of two that begin alike comes first.
+// A longer prefix is before a shorter one with the same beginning.
 constexpr SizePrefix kSizePrefixes[] = {
     {"I64", Size::Quad},
     {"I32", Size::None},
@@ -236,13 +236,13 @@ constexpr SizePrefix kSizePrefixes[] = {
     {"l", Size::Long},
     {"w", Size::Wide},
     {"h", Size::Short},
-    // The Windows runtime's long double is a double; F and N are far and near pointers of long ago.
+    // The Windows runtime's long double is a double; F and N are obsolete far and near pointers.
     {"L", Size::None},
     {"F", Size::None},
     {"N", Size::None},
 };
 
-// What made a conversion 64 bits wide stays; of h and l the last one counts.
+// A size of 64 bits is not reset; of h and l the last one counts.
 void ApplySize(Conversion& conversion, Size size) {
     switch (size) {
     case Size::None:
@@ -274,7 +274,7 @@ bool StartsWith(const Ch* text, std::string_view ascii) {
     return true;
 }
 
-// The character if it is one of these, otherwise 0.
+// The character if `ascii` contains it, otherwise 0.
 template <class Ch>
 char OneOf(Ch character, std::string_view ascii) {
     for (const char candidate : ascii)

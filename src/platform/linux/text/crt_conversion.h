@@ -1,9 +1,9 @@
 // One printf conversion: scanning it, fetching its argument, printing it. The C functions and the
 // message formatter share it.
 //
-// A conversion is scanned without touching the arguments; each argument is then fetched as the type
-// that the conversion names and printed from that tagged value, so the printing never meets a
-// va_list. Everything is one template over the character type.
+// Scanning a conversion does not touch the arguments. Then each argument is fetched with the type
+// that the conversion names, and printed from this tagged value, so that printing never uses a
+// va_list. Everything is a template over the character type.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>
@@ -16,14 +16,14 @@
 
 namespace quorvel::crt {
 
-// Where formatted text goes: into `size` characters, what is beyond is counted but not written. A
-// null text only counts.
+// The destination of formatted text. Has room for `size` characters; further ones are counted but
+// not written. With a null text it only counts.
 template <class Ch>
 class Output {
 public:
     Output(Ch* text, std::size_t size) : m_text(text), m_size(text != nullptr ? size : 0) {}
 
-    // Text of the other width is taken one to one; it has no character above U+00FF.
+    // Converts text of the other width one to one; it must have no character above U+00FF.
     template <class Other>
     void Append(const Other* text, std::size_t count) {
         const std::size_t room = Room(count);
@@ -37,7 +37,7 @@ public:
     }
     void Append(std::string_view ascii) { Append(ascii.data(), ascii.size()); }
 
-    // A count that no text of use has is refused, before anybody allocates room for it.
+    // Refuses a count that no useful text has, before memory is allocated for it.
     void Fill(Ch character, long long count) {
         if (count <= 0)
             return;
@@ -68,7 +68,7 @@ private:
 };
 
 struct Conversion {
-    char type = 0; // the conversion's letter, or 0 for one that the runtime does not know
+    char type = 0; // the conversion's letter; 0 if the runtime does not know it
     bool leftAlign = false;
     bool plus = false;
     bool space = false;
@@ -77,12 +77,12 @@ struct Conversion {
     bool is64 = false;
     bool isShort = false;
     enum class Width : BYTE { Own, Narrow, Wide } textWidth = Width::Own;
-    bool widthIsArgument = false; // a star, whose argument comes before the value's
+    bool widthIsArgument = false; // a star: its argument precedes the value's
     bool precisionIsArgument = false;
     int width = 0;
-    int precision = -1; // none
+    int precision = -1; // negative: not given
 
-    void SetWidth(int value); // as a star does: a negative one aligns to the left
+    void SetWidth(int value); // for a star: a negative value aligns to the left
     void SetPrecision(int value) { precision = value < 0 ? -1 : value; }
 };
 
@@ -95,16 +95,16 @@ struct Argument {
         double real;
     };
 };
-struct ArgumentList { // a va_list that can be handed on by reference
+struct ArgumentList { // a va_list that can be passed by reference
     va_list values;
 };
 
-// Reads what follows a percent sign. Returns where the text goes on: behind the conversion, or, its
-// type being 0, at the character that is not one.
+// Reads the part after a percent sign. Returns the position after the conversion or, if its type is
+// 0, the position of the invalid character.
 template <class Ch>
 const Ch* ScanConversion(const Ch* position, Conversion& conversion);
 
-// %s and %c take text of the output's own width, %S and %C of the other; h and l decide over both.
+// %s and %c take text of the output's own width, %S and %C of the other; h and l override both.
 template <class Ch>
 bool TakesWide(const Conversion& conversion) {
     if (conversion.textWidth != Conversion::Width::Own)
@@ -112,7 +112,7 @@ bool TakesWide(const Conversion& conversion) {
     return (sizeof(Ch) > 1) != (conversion.type == 'S' || conversion.type == 'C');
 }
 
-// The length up to the terminator or the precision, without reading beyond either.
+// The length up to the terminator or the precision. Never reads beyond either.
 template <class Ch>
 std::size_t TerminatedLength(const Ch* text, int precision) {
     if (precision < 0)
@@ -126,8 +126,8 @@ std::size_t TerminatedLength(const Ch* text, int precision) {
 ArgumentType TypeOfArgument(const Conversion& conversion);
 Argument FetchArgument(ArgumentList& list, ArgumentType type);
 
-// Prints an argument of the conversion's type. Fails the output for %n, which is never obeyed, and
-// in narrow output for wide text outside U+0000 to U+00FF.
+// Prints an argument of the conversion's type. Makes the output fail for %n, which is never
+// executed, and, in narrow output, for wide text above U+00FF.
 template <class Ch>
 void PrintConversion(Output<Ch>& output, const Conversion& conversion, const Argument& argument);
 

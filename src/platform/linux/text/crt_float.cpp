@@ -1,11 +1,11 @@
-// std::to_chars supplies exact digits. What the Windows runtime does differently lies on top:
+// std::to_chars computes exact digits. This code adds the differences of the Windows runtime:
 //
 //   exact ties     round away from zero, 2.5 to 3 (the C library rounds half to even)
-//   exponents      three digits at least, 1e+020
+//   exponents      at least three digits, 1e+020
 //   infinities     "1.#INF", not-a-number "1.#QNAN", with the sign bit "1.#IND". They count as a
-//                  leading 1 and decimals: zeros fill them up, and the precision cuts and rounds
+//                  leading 1 and decimals: zeros extend them, and the precision cuts and rounds
 //                  them by character code, so that %.2f of infinity is 1.#J
-//   %a             13 decimals unless told otherwise, a rounded leading digit may be 2
+//   %a             13 decimals by default; a rounded leading digit may be 2
 #include "platform/linux/text/crt_float.h"
 
 #include <algorithm>
@@ -21,11 +21,11 @@ namespace quorvel::crt {
 
 namespace {
 
-constexpr int kMaximumDigits = 767; // significant ones that a double can have
+constexpr int kMaximumDigits = 767; // significant digits of a double
 constexpr int kFractionBits = 52;
 
-// Whether the value lies exactly between two numbers of so many decimals (negative: of tens,
-// hundreds, ...). As odd * 2^e it does when e is -decimals - 1 and the tens' fives divide it.
+// Whether the value is exactly between two numbers with that many decimals (negative: tens,
+// hundreds, ...). For odd * 2^e this means that e is -decimals - 1 and 5^-decimals divides odd.
 bool IsTie(double magnitude, int decimals) {
     if (magnitude == 0)
         return false;
@@ -41,7 +41,7 @@ bool IsTie(double magnitude, int decimals) {
     return true;
 }
 
-// Adds one in the last place. True when every digit was a nine and is a zero now.
+// Adds one to the last digit. Returns true when all digits were nines and are now zeros.
 bool Increment(char* first, char* last) {
     while (last-- != first) {
         if (*last == '.')
@@ -63,7 +63,7 @@ void WriteFixed(FloatText& text, double magnitude, int decimals) {
     const bool tie = IsTie(magnitude, decimals);
     char* end = Print(text, magnitude, std::chars_format::fixed, decimals + tie);
     if (tie) {
-        end -= decimals == 0 ? 2 : 1; // the final 5, and the point that it alone stood behind
+        end -= decimals == 0 ? 2 : 1; // removes the final 5, and a point before it
         if (Increment(text.digits, end)) {
             std::memmove(text.digits + 1, text.digits, static_cast<std::size_t>(end - text.digits));
             text.digits[0] = '1';
@@ -73,7 +73,7 @@ void WriteFixed(FloatText& text, double magnitude, int decimals) {
     text.digitCount = static_cast<std::size_t>(end - text.digits);
 }
 
-// Splits d.ddde+XX, cutting off the exponent, which it returns.
+// Splits d.ddde+XX: removes the exponent from the text and returns it.
 int SplitExponent(FloatText& text, char* end) {
     char* const letter = std::find(text.digits, end, 'e');
     text.digitCount = static_cast<std::size_t>(letter - text.digits);
@@ -82,12 +82,12 @@ int SplitExponent(FloatText& text, char* end) {
     return exponent;
 }
 
-// Leaves the exponent to the caller.
+// Returns the exponent; the caller writes it.
 int WriteScientific(FloatText& text, double magnitude, int decimals) {
     const auto format = std::chars_format::scientific;
     int exponent = SplitExponent(text, Print(text, magnitude, format, decimals));
-    // Were the exponent that of a number rounded up to the next power of ten, the value would need
-    // more digits than a tie has: then this is none.
+    // If to_chars has rounded up to the next power of ten, the exponent is too large by one here.
+    // The value then has more digits than a tie, so the test is false, as it must be.
     if (!IsTie(magnitude, decimals - exponent))
         return exponent;
     exponent = SplitExponent(text, Print(text, magnitude, format, decimals + 1));
@@ -108,7 +108,7 @@ void AddPoint(FloatText& text) {
     text.digits[text.digitCount++] = '.';
 }
 
-// Turns d.ddd with this exponent, which all its digits reach, into the number written out.
+// Converts d.ddd with an exponent that all its digits reach to the plain number.
 void MovePoint(FloatText& text, int exponent) {
     char* const digits = text.digits;
     char* end = digits + text.digitCount;
@@ -179,7 +179,7 @@ void WriteNonFinite(FloatText& text, double value, char type, int precision) {
     std::string_view name = "#INF";
     if (std::isnan(value))
         name = std::signbit(value) ? "#IND" : "#QNAN";
-    // Deliberate: in %g a precision of 0 does not cut, though it counts as 1 for a number.
+    // Deliberate: for %g a precision of 0 does not cut, although for a number it counts as 1.
     auto decimals = static_cast<std::size_t>(precision);
     if (type == 'g')
         decimals = precision == 0 ? name.size() : decimals - 1;

@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-// One ASCII sentence without a line end; null for a code that has no text.
+// One ASCII sentence without a line end; null for a code without a text.
 const char* SystemErrorText(DWORD code);
 
 } // namespace quorvel

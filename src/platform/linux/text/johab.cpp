@@ -7,8 +7,8 @@ namespace {
 constexpr int kFill = -1;  // the letter is absent
 constexpr int kWrong = -2; // no letter has that number
 
-// Five bits are a letter's number. The numbers of vowels leave out each eighth and the one after
-// it.
+// Five bits are the number of a letter. The numbers of vowels skip every eighth number and the next
+// one.
 int Initial(int bits) {
     return bits == 1 ? kFill : bits >= 2 && bits <= 20 ? bits - 2 : kWrong;
 }
@@ -38,7 +38,7 @@ WCHAR Syllable(int code) {
                                            : 0x11a8 + final);
 }
 
-// The place of a character among the 188 of its lead byte; -1 for no trail byte.
+// The index of a character among the 188 of its lead byte; -1 for an invalid trail byte.
 int Place(BYTE trail) {
     if (trail >= 0x31 && trail <= 0x7e)
         return trail - 0x31;
@@ -64,7 +64,7 @@ WCHAR JohabUnit(BYTE lead, BYTE trail) {
 WORD JohabTo949(BYTE lead, BYTE trail) {
     const int place = Place(trail);
     if (lead <= kPrivateLead || place < 0 ||
-        (lead == 0xda && trail >= 0xa1 && trail <= 0xd3)) // letters, which have codes above
+        (lead == 0xda && trail >= 0xa1 && trail <= 0xd3)) // letters, which have other codes
         return 0;
     const int row = (lead < 0xe0 ? (lead - 0xd9) * 2 + 1 : (lead - 0xe0) * 2 + 42) + place / 94;
     return static_cast<WORD>((0xa0 + row) << 8 | (0xa1 + place % 94));

@@ -14,8 +14,8 @@ DWORD CharLowerBuffW(LPWSTR text, DWORD length) {
 
 DWORD CharUpperBuffW(LPWSTR text, DWORD length) {
     for (DWORD i = 0; i < length; ++i) {
-        // As with lower case, only letters that come back: U+00B5 (micro) is not raised to the
-        // Greek letter.
+        // As with lower case, only letters whose lower case is the same letter again: U+00B5
+        // (micro) does not become the Greek letter.
         const UChar32 upper = u_toupper(text[i]);
         if (upper <= 0xffff && u_tolower(upper) == text[i])
             text[i] = static_cast<WCHAR>(upper);

@@ -9,7 +9,7 @@ LetterKind KindOfLetter(WCHAR unit) {
     case U_UPPERCASE_LETTER:
         return LetterKind::Upper;
     case U_LOWERCASE_LETTER:
-    case U_TITLECASE_LETTER: // Windows counts digraphs like U+01C5 as small letters
+    case U_TITLECASE_LETTER: // on Windows, digraphs like U+01C5 are small letters
         return LetterKind::Lower;
     case U_MODIFIER_LETTER:
     case U_OTHER_LETTER:

@@ -19,8 +19,8 @@ using namespace quorvel::crt;
 
 constexpr std::ptrdiff_t kMaximumForm = 30;
 
-// The arguments by the numbers of the inserts. Those of a va_list are kept as they are read, since
-// an insert may come back to an earlier one.
+// The arguments by the numbers of the inserts. Keeps the arguments of a va_list, because a later
+// insert may use an earlier one again.
 class Inserts {
 public:
     Inserts(DWORD flags, va_list* arguments) : m_available(arguments != nullptr) {
@@ -42,7 +42,7 @@ public:
 
     bool AreAvailable() const { return m_available; }
 
-    // Settles the stars of an insert and fetches its value.
+    // Reads the arguments of the insert's stars and then its value.
     Argument Fetch(int number, Conversion& conversion) {
         int position = 0;
         const int last = conversion.widthIsArgument + conversion.precisionIsArgument;
@@ -63,7 +63,7 @@ public:
     }
 
 private:
-    // The slot for the argument at a position of an insert, whose last one is the value's.
+    // The argument at a position of an insert; the value's position is the last one.
     long long Slot(int number, int position, int last, ArgumentType type) {
         if (m_array != nullptr)
             return static_cast<long long>(m_array[number - 1 + position]);
@@ -75,8 +75,8 @@ private:
                 m_read.push_back(Read(type));
             return m_read[index];
         }
-        // Deliberate: behind a star the value takes the place of the argument read last, as the
-        // platform has it; this shifts the numbers of all later inserts.
+        // Deliberate: after a star the value replaces the argument read last, as the platform does
+        // it. This shifts the numbers of all later inserts.
         if (position == last)
             m_read.pop_back();
         m_read.push_back(Read(type));
@@ -109,7 +109,7 @@ public:
         : m_inserts(flags, arguments), m_ignoreInserts(flags & FORMAT_MESSAGE_IGNORE_INSERTS),
           m_lineEnd(flags & FORMAT_MESSAGE_MAX_WIDTH_MASK ? _T(" ") : _T("\r\n")) {}
 
-    // False for a source that the platform refuses.
+    // Returns false for a text that the platform refuses.
     bool Build(const WCHAR* source) {
         m_position = source;
         while (*m_position != 0) {
@@ -179,18 +179,18 @@ private:
         return AppendValue(number, conversion);
     }
 
-    // A printf form without its percent sign: one conversion, then text.
+    // Formats by a printf form without its percent sign: one conversion, then text.
     bool AppendForm(int number) {
         const WCHAR* const end = std::char_traits<WCHAR>::find(
             m_position, std::char_traits<WCHAR>::length(m_position), '!');
         if (end == nullptr || end - m_position > kMaximumForm)
             return false;
         if (*m_position == '%') {
-            m_text += *m_position++; // with the sign that is not written it is %%
+            m_text += *m_position++; // the form has no percent sign of its own, so this is %%
         } else {
             Conversion conversion;
             m_position = ScanConversion(m_position, conversion);
-            // The platform's formatter knows no floating point: the letter is text.
+            // The platform's formatter does not support floating point: the letter is text.
             if (TypeOfArgument(conversion) == ArgumentType::Double) {
                 conversion.type = 0;
                 --m_position;
@@ -204,7 +204,7 @@ private:
         return true;
     }
 
-    // Another conversion would have no argument.
+    // Copies the text after the conversion. A second conversion is refused: it has no argument.
     bool AppendRestOfForm(const WCHAR* end) {
         for (; m_position != end; ++m_position) {
             if (*m_position == '%' && *++m_position != '%')
@@ -225,7 +225,7 @@ private:
         return AppendPrinted(conversion, argument);
     }
 
-    // Replaces narrow text by wide text converted with the active code page. The precision counts
+    // Converts narrow text to wide text with the active code page. The precision counts
     // bytes.
     static void Widen(Conversion& conversion, Argument& argument, Text& converted) {
         const auto* const bytes = static_cast<const char*>(argument.pointer);
@@ -267,7 +267,7 @@ DWORD Refuse(DWORD error) {
     return 0;
 }
 
-// Copies what fits.
+// Copies the text as far as it fits.
 DWORD CopyOut(const Text& text, LPWSTR buffer, DWORD size) {
     if (size > 0) {
         const std::size_t count = std::min<std::size_t>(text.size(), size - 1);
@@ -286,7 +286,7 @@ DWORD AllocateOut(const Text& text, LPWSTR* buffer, DWORD size) {
     return *buffer != nullptr ? CopyOut(text, *buffer, size) : Refuse(ERROR_NOT_ENOUGH_MEMORY);
 }
 
-// The code in an HRESULT of the system's facility, or the id itself.
+// The code in an HRESULT of the system's facility, otherwise the id itself.
 DWORD ErrorCode(DWORD messageId) {
     return (messageId & 0xffff0000) == 0x80070000 ? LOWORD(messageId) : messageId;
 }

@@ -9,8 +9,8 @@ namespace {
 constexpr std::string_view kAlphabet =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-// Characters that stand for themselves: RFC 2152's set D, white space and the terminator. Its
-// optional set O is encoded, as Windows does.
+// Characters that are copied: RFC 2152's set D, white space and the terminator. The optional set O
+// is encoded, as on Windows.
 bool IsDirect(WCHAR unit) {
     constexpr std::string_view kDirect = "'(),-./:? \t\r\n";
     if (unit >= 0x80)
@@ -21,8 +21,8 @@ bool IsDirect(WCHAR unit) {
             kAlphabet.find(character) != std::string_view::npos);
 }
 
-// Writes the units from `position` on that are not direct in base 64, most significant bits first,
-// with the plus sign before and the minus sign after them, and moves past them.
+// Encodes the non-direct units from `position` on in base 64, most significant bits first, between
+// a plus and a minus sign. Moves past them.
 bool EncodeShifted(WideText text, std::size_t& position, ByteOutput& output) {
     if (!output.Put('+'))
         return false;
@@ -41,8 +41,8 @@ bool EncodeShifted(WideText text, std::size_t& position, ByteOutput& output) {
     return output.Put('-');
 }
 
-// Reads base 64 from `position` on and moves past it and a closing minus sign. Bits that do not
-// fill a unit are dropped.
+// Reads base 64 from `position` on and moves past it and a closing minus sign. Drops bits that do
+// not fill a unit.
 bool DecodeShifted(Bytes bytes, std::size_t& position, WideOutput& output) {
     unsigned bits = 0;
     int bitCount = 0;

@@ -5,9 +5,9 @@
 
 namespace quorvel::win32 {
 
-// Now, in the system's time zone (or TZ's). Any thread.
+// The current time in the system's time zone (or TZ's). Any thread.
 void GetLocalTime(SYSTEMTIME* time);
-// Now in UTC, in units of 100 nanoseconds since 1 January 1601. Any thread.
+// The current time in UTC, in units of 100 nanoseconds since 1 January 1601. Any thread.
 void GetSystemTimeAsFileTime(FILETIME* time);
 
 } // namespace quorvel::win32

@@ -11,7 +11,7 @@ namespace quorvel {
 
 namespace {
 
-// A handle is a multiple of 4, as on Windows, never 0 and never INVALID_HANDLE_VALUE.
+// As on Windows, a handle is a multiple of 4, but never 0 or INVALID_HANDLE_VALUE.
 constexpr int kIndexBits = 24;
 constexpr UINT_PTR kIndexMask = (UINT_PTR{1} << kIndexBits) - 1;
 constexpr std::uint32_t kLastGeneration = 0xffffffff;
@@ -22,7 +22,7 @@ HANDLE HandleOf(Table::Key key) {
                                     << 2);
 }
 
-Table::Key KeyOf(HANDLE handle) { // finds nothing for what cannot be a handle
+Table::Key KeyOf(HANDLE handle) { // an invalid handle finds nothing
     const UINT_PTR number = reinterpret_cast<UINT_PTR>(handle) >> 2;
     const Table::Key key = {(number & kIndexMask) - 1,
                             static_cast<std::uint32_t>(number >> kIndexBits)};
@@ -34,7 +34,7 @@ struct Handles {
     Table table;
 };
 
-// Never destroyed: static objects of a host may close their handles after ours are destroyed.
+// Never destroyed: a host's static objects may close their handles after ours are destroyed.
 Handles& All() {
     static Handles& handles = *new Handles;
     return handles;
@@ -69,8 +69,8 @@ namespace quorvel::win32 {
 
 BOOL CloseHandle(HANDLE handle) {
     if (handle == GetCurrentProcess())
-        return TRUE;                      // a pseudo handle: nothing to close
-    std::shared_ptr<HandleObject> object; // destroyed outside the lock: that may take its time
+        return TRUE;                      // a pseudo handle needs no closing
+    std::shared_ptr<HandleObject> object; // destroyed outside the lock, as it may take long
     {
         const std::lock_guard lock(All().mutex);
         object = All().table.Remove(KeyOf(handle));

@@ -1,5 +1,5 @@
-// The table behind HANDLE: slots with a generation, so that a closed or invented handle is told
-// from a live one and nothing is ever dereferenced that a caller made up. Any thread.
+// The table behind HANDLE. Its slots have a generation, so that a closed or invented handle is
+// detected and an invalid pointer is never used. Any thread.
 #pragma once
 
 #include <quorvel/platform/linux_api.h>
@@ -8,8 +8,8 @@
 
 namespace quorvel {
 
-// What a handle stands for. It lives until its last handle is closed and the last operation on it
-// has returned, so closing a handle that another thread is using is safe.
+// The object behind a handle. It lives until its last handle is closed and the last operation on it
+// has returned. So a handle may be closed while another thread uses it.
 class HandleObject {
 public:
     HandleObject() = default;
@@ -18,11 +18,11 @@ public:
     virtual ~HandleObject() = default;
 };
 
-// A new handle to the object; null with the last error set when there is no memory for it.
+// Creates a handle to the object; null with the last error set when there is no memory.
 HANDLE NewHandle(std::shared_ptr<HandleObject> object);
 
-// The object of a handle; null and ERROR_INVALID_HANDLE when there is none or, in the second form,
-// when it is of another kind.
+// The object of a handle. Null with ERROR_INVALID_HANDLE for an unknown handle or, in the second
+// form, for an object of another kind.
 std::shared_ptr<HandleObject> FindHandle(HANDLE handle);
 template <class Kind>
 std::shared_ptr<Kind> FindHandle(HANDLE handle) {
@@ -36,11 +36,11 @@ std::shared_ptr<Kind> FindHandle(HANDLE handle) {
 
 namespace quorvel::win32 {
 
-// The calling process, as a pseudo handle that needs no closing.
+// A pseudo handle for the calling process; it needs no closing.
 HANDLE GetCurrentProcess();
 
-// Another handle to the same object, so a file's position is shared. Both processes must be
-// GetCurrentProcess(). The rights are always the source's: DUPLICATE_SAME_ACCESS is required.
+// Creates another handle to the same object, so a file's position is shared. Both processes must be
+// GetCurrentProcess(). The rights do not change: DUPLICATE_SAME_ACCESS is required.
 BOOL DuplicateHandle(HANDLE sourceProcess, HANDLE source, HANDLE targetProcess, HANDLE* target,
                      DWORD access, BOOL inherit, DWORD options);
 

@@ -23,7 +23,7 @@ public:
     Thread(LPTHREAD_START_ROUTINE start, LPVOID parameter, bool suspended)
         : Waitable(false), m_start(start), m_parameter(parameter), m_suspended(suspended) {}
 
-    // False when the system refuses another thread.
+    // Returns false when the system refuses another thread.
     static bool Launch(const std::shared_ptr<Thread>& thread, std::size_t stackSize) {
         pthread_attr_t attributes;
         pthread_attr_init(&attributes);
@@ -44,7 +44,7 @@ public:
         std::unique_lock lock(m_mutex);
         if (!std::exchange(m_suspended, false))
             return 0;
-        lock.unlock(); // or the thread would wake only to wait for it
+        lock.unlock(); // otherwise the thread would wake and wait for the lock
         m_resumed.notify_one();
         return 1;
     }
@@ -64,8 +64,8 @@ private:
         thread.m_result = thread.m_start(thread.m_parameter);
         return nullptr;
     }
-    // Values of keys go after thread_local objects, so whoever waits for the thread finds them
-    // gone.
+    // pthread destroys the values of keys after thread_local objects. So those are already
+    // destroyed when a waiting thread wakes.
     static pthread_key_t EndKey() {
         static const pthread_key_t s_key = [] {
             pthread_key_t key;
@@ -83,7 +83,7 @@ private:
 
     const LPTHREAD_START_ROUTINE m_start;
     const LPVOID m_parameter;
-    DWORD m_result = 0; // the thread's own
+    DWORD m_result = 0; // written by the thread only
     std::atomic<DWORD> m_exitCode = STILL_ACTIVE;
     std::mutex m_mutex; // guards what follows
     std::condition_variable m_resumed;

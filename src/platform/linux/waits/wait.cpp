@@ -19,8 +19,8 @@
 
 namespace quorvel {
 
-// The calling thread's part in its waits. It is entered with everything the thread waits for, and
-// begins anew before every look at that, so a change in between is not missed.
+// The calling thread's state in its waits. It is registered with all objects that the thread waits
+// for. It is reset before each check of them, so that no change in between is missed.
 class Waiter {
 public:
     Waiter() = default;
@@ -30,12 +30,12 @@ public:
             close(m_descriptor);
     }
 
-    // Notes a change; true when the thread sleeps and is to be roused. Its own thread is awake:
-    // what a look at a descriptor signals is seen by the wait that looks.
+    // Records a change. Returns true when the thread sleeps and must be woken. The waiting thread
+    // itself is awake: a change that its poll causes is seen by its next check.
     bool Tell() {
         return m_thread != win32::GetCurrentThreadId() && m_state.exchange(kTold) == kAsleep;
     }
-    // A rouse that comes late does no more than to have the thread look once more.
+    // A late wake-up only makes the thread check once more.
     void Rouse() {
         if (!m_polls)
             syscall(SYS_futex, &m_state, FUTEX_WAKE_PRIVATE, 1, nullptr, nullptr, 0);
@@ -44,8 +44,8 @@ public:
     }
 
     void Begin() { m_state = kAwake; }
-    // Sleeps until something may have changed since Begin, `timeout` at the most (null: without
-    // limit). False when the thread needs a descriptor of its own and can have none.
+    // Sleeps until something may have changed since Begin, but at most `timeout` (null: no limit).
+    // Returns false when the thread needs an eventfd and cannot create one.
     bool Sleep(std::span<const std::shared_ptr<Waitable>> things, const timespec* timeout) {
         m_polled.clear();
         for (const std::shared_ptr<Waitable>& thing : things)
@@ -57,7 +57,7 @@ public:
             SleepInPoll(timeout);
         else
             return false;
-        m_sources.clear(); // lets go of what another thread may be closing
+        m_sources.clear(); // another thread may be closing these
         return true;
     }
 
@@ -76,7 +76,7 @@ private:
     void SleepInFutex(const timespec* timeout) {
         if (timeout != nullptr && timeout->tv_sec == 0 && timeout->tv_nsec == 0)
             return;
-        sched_yield(); // a poster on this processor goes on, and need not rouse for every message
+        sched_yield(); // a posting thread on this processor can post more before this one sleeps
         if (FallAsleep())
             syscall(SYS_futex, &m_state, FUTEX_WAIT_PRIVATE, kAsleep, timeout, nullptr, 0);
     }
@@ -84,7 +84,7 @@ private:
         static constexpr timespec kNone = {};
         m_polled.push_back({m_descriptor, POLLIN, 0});
         if (!FallAsleep())
-            timeout = &kNone; // a look at the descriptors all the same
+            timeout = &kNone; // poll the descriptors in any case
         if (ppoll(m_polled.data(), m_polled.size(), timeout, nullptr) <= 0)
             return;
         if (m_polled.back().revents != 0) {
@@ -103,7 +103,7 @@ private:
                 if (std::shared_ptr<WaitSource> source = each.lock())
                     m_sources.push_back(std::move(source));
         }
-        // Outside the lock: a source has its own, and signals this thing under it.
+        // Outside the lock: a source has its own lock and signals this object while holding it.
         for (std::size_t i = first; i < m_sources.size(); ++i)
             m_polled.push_back(m_sources[i]->Interest());
     }
@@ -111,9 +111,9 @@ private:
     const DWORD m_thread = win32::GetCurrentThreadId();
     std::atomic<std::uint32_t> m_state = kAwake;
     std::atomic<bool> m_polls = false;
-    int m_descriptor = -1; // made for the first poll
+    int m_descriptor = -1; // created for the first poll
     std::vector<std::shared_ptr<WaitSource>> m_sources;
-    std::vector<pollfd> m_polled; // those of the sources, then the own descriptor
+    std::vector<pollfd> m_polled; // the descriptors of the sources, then our own
 };
 
 namespace {
@@ -148,7 +148,7 @@ void Waitable::Leave(const std::shared_ptr<Waiter>& waiter) {
 void Waitable::Signal() {
     std::unique_lock lock(m_mutex);
     if (std::exchange(m_signalled, true))
-        return; // who waits is awake already and has not taken it yet
+        return; // the waiting threads are awake but have not taken it yet
     const Waiters sleeping = TellWaiters();
     lock.unlock();
     Rouse(sleeping);
@@ -197,7 +197,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Entered with all of the things for as long as it lives.
+// Registered with all of the objects during its lifetime.
 class Attendance {
 public:
     Attendance(const std::shared_ptr<Waiter>& waiter,
@@ -217,7 +217,7 @@ private:
     std::span<const std::shared_ptr<Waitable>> m_things;
 };
 
-// WAIT_TIMEOUT when none is signalled.
+// Returns WAIT_TIMEOUT when nothing is signalled.
 DWORD TakeLowest(std::span<const std::shared_ptr<Waitable>> things) {
     for (std::size_t i = 0; i < things.size(); ++i)
         if (things[i]->Take())

@@ -1,8 +1,8 @@
-// What threads wait for, and the one wait under every operation that blocks. Any thread.
+// Objects that threads wait for, and the single wait behind all blocking operations. Any thread.
 //
-// A thread that waits for things with descriptors behind them polls those itself, and one of its
-// own that becomes readable with every change of what it waits for; no other thread watches them
-// for it. Without any it sleeps in a futex, which costs less on both sides.
+// A thread that waits for objects with descriptors polls these descriptors itself, together with an
+// eventfd that each change of an object makes readable. No helper thread exists. Without
+// descriptors the thread sleeps in a futex, which is cheaper for both sides.
 #pragma once
 
 #include "platform/linux/waits/handle.h"
@@ -18,7 +18,7 @@ namespace quorvel {
 
 class Waiter;
 
-// A descriptor that signals a Waitable, as far as a waiting thread looks at it.
+// A descriptor that signals a Waitable. Only waiting threads poll it.
 class WaitSource {
 public:
     WaitSource() = default;
@@ -26,9 +26,9 @@ public:
     WaitSource& operator=(const WaitSource&) = delete;
     virtual ~WaitSource() = default;
 
-    // What to poll; a descriptor of -1 for nothing. It stays open for as long as the source lives.
+    // The events to poll for; a descriptor of -1 means nothing. Stays open while the source exists.
     virtual pollfd Interest() = 0;
-    // The result of polling it.
+    // Handles the result of the poll.
     virtual void Notice(short conditions) = 0;
 };
 
@@ -39,24 +39,24 @@ public:
 
     void Signal();
     void Reset();
-    // Whether it is signalled; an auto-reset one is reset by it.
+    // Whether it is signalled. Resets an auto-reset object.
     bool Take();
 
-    // Not owned: a source leaves before it goes.
+    // Not owned. A source unregisters before it is destroyed.
     void AddSource(std::weak_ptr<WaitSource> source);
     void RemoveSource(const WaitSource& source);
-    // To be called when a source's interest has grown.
+    // Call this when a source's interest has grown.
     void WakeWaiters();
 
-    // A waiter is told of every change between the two.
+    // Between the two calls the waiter is notified of every change.
     void Enter(const std::shared_ptr<Waiter>& waiter);
     void Leave(const std::shared_ptr<Waiter>& waiter);
 
 private:
     friend class Waiter;
 
-    // Gives those who sleep. The lock is held; they are roused after it, or they would wake only to
-    // wait for it.
+    // Returns the sleeping waiters. The caller holds the lock and wakes them after releasing it;
+    // otherwise they would wake and wait for it.
     [[nodiscard]] std::vector<std::shared_ptr<Waiter>> TellWaiters();
 
     const bool m_autoReset;
@@ -66,19 +66,19 @@ private:
     std::vector<std::weak_ptr<WaitSource>> m_sources;
 };
 
-// Waits until one of the things is signalled and takes it. WAIT_OBJECT_0 and the lowest index of
-// those signalled; WAIT_TIMEOUT; WAIT_FAILED when the thread can have no descriptor of its own. A
+// Waits until one of the objects is signalled and takes it. Returns WAIT_OBJECT_0 plus the lowest
+// signalled index, WAIT_TIMEOUT, or WAIT_FAILED when the thread cannot create an eventfd. A
 // time-out of 0 polls once.
 DWORD WaitForAny(std::span<const std::shared_ptr<Waitable>> things, DWORD milliseconds);
 
-// The same for handles; WAIT_FAILED also for one that cannot be waited for.
+// The same for handles. WAIT_FAILED also for a handle that cannot be waited for.
 DWORD WaitForAny(std::span<const HANDLE> handles, DWORD milliseconds);
 
 } // namespace quorvel
 
 namespace quorvel::win32 {
 
-// Events without a name: the name and the attributes must be null (87).
+// Creates an event. Names are not supported: the name and the attributes must be null (87).
 HANDLE CreateEventW(SECURITY_ATTRIBUTES* security, BOOL manualReset, BOOL signalled, LPCWSTR name);
 BOOL SetEvent(HANDLE event);
 BOOL ResetEvent(HANDLE event);

@@ -25,7 +25,7 @@ bool MessageQueue::Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     if (m_posted.size() >= kCapacity)
         return false;
     m_posted.push_back({window, message, wParam, lParam, Milliseconds(Clock::now()), {}});
-    lock.unlock(); // or the owner would wake only to wait for it
+    lock.unlock(); // otherwise the owner would wake and wait for the lock
     m_news->Signal();
     return true;
 }
@@ -147,7 +147,7 @@ DWORD MessageQueue::Wait(std::span<const std::shared_ptr<Waitable>> things, DWOR
         const DWORD timer = UntilNextTimer();
         const DWORD result = WaitForAny(all, std::min(left, timer));
         if (result == WAIT_OBJECT_0 + all.size() - 1)
-            continue; // to look for when the next one is due
+            continue; // compute the time until the next timer again
         if (result != WAIT_TIMEOUT)
             return result;
         if (UntilNextTimer() == 0)

@@ -1,5 +1,5 @@
-// A thread's posted messages and timers. Any thread may post and set timers; the queue's own thread
-// alone takes messages from it.
+// A thread's posted messages and timers. Any thread may post and set timers; only the queue's own
+// thread takes messages.
 #pragma once
 
 #include "platform/linux/waits/wait.h"
@@ -17,31 +17,31 @@ class MessageQueue {
 public:
     static constexpr std::size_t kCapacity = 10000; // as on Windows
 
-    // Made when the thread first asks.
+    // Created on the thread's first call.
     static const std::shared_ptr<MessageQueue>& OfThisThread();
 
-    // False when the queue is full.
+    // Returns false when the queue is full.
     bool Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void PostQuit(int exitCode);
 
-    // Sets a timer or starts it anew. An id of 0 without a window stands for one that is free.
+    // Sets or restarts a timer. With id 0 and no window, chooses a free id.
     UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
     bool KillTimer(HWND window, UINT_PTR id);
 
-    // Drops what waits for a window that is gone.
+    // Drops the messages and timers of a destroyed window.
     void Forget(HWND window);
 
     struct Filter {
-        HWND window; // null: any, and none
+        HWND window; // null: with or without any window
         UINT first;  // both 0: any
         UINT last;
     };
-    // Posted messages come first, then the end, then timers that are due: WM_TIMER comes once for
-    // however long it was not asked for.
+    // Posted messages are first, then WM_QUIT, then timers that are due. A timer gives one WM_TIMER
+    // however many periods have passed.
     bool Take(const Filter& filter, bool remove, MSG& message);
 
-    // Waits for a message that came after the last Take, or for one of the things. The result is
-    // WaitForAny's, where the message counts as the last of the things.
+    // Waits for a message that came after the last Take, or for one of the objects. Returns the
+    // result of WaitForAny, with the message as an object after the last one.
     DWORD Wait(std::span<const std::shared_ptr<Waitable>> things, DWORD milliseconds);
 
 private:

@@ -8,12 +8,12 @@
 
 namespace quorvel {
 
-// UTF-8. A text may come from a server: control characters, which could steer the terminal, are
-// left out, but for line ends and tabs. Null is the empty text.
+// Converts to UTF-8. The text may come from a server, so control characters, which could control
+// the terminal, are removed, except line ends and tabs. Null gives the empty text.
 std::string TerminalText(LPCWSTR text);
 
-// The width of the terminal that the stream writes to, in columns; 0 when it is none, and 80 when
-// the terminal does not tell.
+// The width in columns of the terminal that the stream writes to. 0 when it is not a terminal, 80
+// when the terminal does not report it.
 int TerminalColumns(std::FILE* stream);
 
 } // namespace quorvel

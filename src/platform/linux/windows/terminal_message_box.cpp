@@ -33,7 +33,7 @@ constexpr Button kRetryCancelSet[] = {kRetry, kCancel};
 constexpr Button kCancelTryContinueSet[] = {
     kCancel, {IDTRYAGAIN, 't', "Try Again"}, {IDCONTINUE, 'o', "Continue"}};
 
-// By MB_TYPEMASK's values.
+// Indexed by the values of MB_TYPEMASK.
 constexpr std::span<const Button> kButtonSets[] = {
     kOkSet,    kOkCancelSet,    kAbortRetryIgnoreSet,  kYesNoCancelSet,
     kYesNoSet, kRetryCancelSet, kCancelTryContinueSet,
@@ -54,7 +54,7 @@ const char* IconWord(UINT type) {
     }
 }
 
-// The chosen button; null at the end of the input.
+// Returns the chosen button; null at the end of the input.
 const Button* Ask(std::span<const Button> buttons, const Button& preset, std::FILE* out,
                   std::FILE* input) {
     for (;;) {

@@ -1,7 +1,7 @@
-// Every function takes the table's lock for as long as it looks at a window and never while it
-// calls a procedure: a procedure may create, destroy and send as it likes, and a window may be gone
-// when it returns. A handle bears its slot's generation, so one of a destroyed window stays invalid
-// when the slot is used again.
+// Each function holds the table's lock while it reads a window and never while it calls a
+// procedure. A procedure may create and destroy windows and send messages, so a window may be
+// destroyed when it returns. A handle contains its slot's generation, so the handle of a destroyed
+// window stays invalid when the slot is used again.
 #include "platform/linux/windows/window.h"
 
 #include <quorvel/platform/linux_api.h>
@@ -27,7 +27,7 @@ namespace quorvel::win32 {
 
 namespace {
 
-constexpr std::size_t kMaxWindows = 10000; // as a Windows process has by default
+constexpr std::size_t kMaxWindows = 10000; // the default limit of a Windows process
 constexpr ATOM kFirstAtom = 0xc000;
 
 struct WindowClass {
@@ -42,8 +42,8 @@ struct Window {
     std::shared_ptr<WindowClass> windowClass;
     WNDPROC procedure;
     HWND parentOrOwner;
-    DWORD thread;                        // whose code alone runs the procedure
-    std::shared_ptr<MessageQueue> queue; // that thread's
+    DWORD thread;                        // the procedure runs on this thread only
+    std::shared_ptr<MessageQueue> queue; // the queue of that thread
     DWORD style;
     DWORD extendedStyle;
     LONG_PTR id;
@@ -61,7 +61,7 @@ struct Windows {
     Table table;
 };
 
-// Never destroyed: static objects of a host may destroy their windows after ours have gone.
+// Never destroyed: a host's static objects may destroy their windows after ours are destroyed.
 Windows& All() {
     static Windows& windows = *new Windows;
     return windows;
@@ -71,19 +71,19 @@ HWND HandleOf(Table::Key key) {
     return reinterpret_cast<HWND>(UINT_PTR{key.generation} << 16 | (key.index + 1) << 1);
 }
 
-Table::Key KeyOf(HWND handle) { // finds nothing for what cannot be a window's handle
+Table::Key KeyOf(HWND handle) { // an invalid handle finds nothing
     const UINT_PTR number = reinterpret_cast<UINT_PTR>(handle);
     const Table::Key key = {((number & 0xffff) >> 1) - 1, static_cast<std::uint32_t>(number >> 16)};
     return HandleOf(key) == handle ? key : Table::Key{SIZE_MAX, 0};
 }
 
-// Null when there is no such window. The lock is held.
+// Null for an unknown window. The caller holds the lock.
 Window* Find(HWND handle) {
     const std::unique_ptr<Window>* const window = All().table.Find(KeyOf(handle));
     return window != nullptr ? window->get() : nullptr;
 }
 
-// Calls `use` with the window under the lock, or returns `failed` with the invalid handle's error.
+// Calls `use` with the window under the lock. Fails with `failed` for an invalid handle.
 template <class Result, class Use>
 Result With(HWND handle, Result failed, Use use) {
     const std::lock_guard lock(All().mutex);
@@ -99,7 +99,7 @@ HINSTANCE InstanceOf(HINSTANCE instance) {
     return instance != nullptr ? instance : GetModuleHandleW(nullptr);
 }
 
-// A name may be an atom, as everywhere in this family. The lock is held.
+// The name may be an atom, as in all these functions. The caller holds the lock.
 std::shared_ptr<WindowClass> FindClass(LPCWSTR name, HINSTANCE instance) {
     for (const std::shared_ptr<WindowClass>& each : All().classes) {
         const bool named = IS_INTRESOURCE(name)
@@ -111,7 +111,7 @@ std::shared_ptr<WindowClass> FindClass(LPCWSTR name, HINSTANCE instance) {
     return nullptr;
 }
 
-// Null with the error of what is missing.
+// Null with the error set when the class or the parent is missing.
 HWND Insert(const CREATESTRUCTW& creation) {
     Windows& all = All();
     const std::lock_guard lock(all.mutex);
@@ -165,7 +165,7 @@ std::vector<HWND> WindowsThat(Predicate predicate) {
     return found;
 }
 
-// The children of a window, or the pop-up windows it owns.
+// The children of a window, or the pop-up windows that it owns.
 std::vector<HWND> Dependents(HWND parentOrOwner, bool children) {
     return WindowsThat([=](const Window& window) {
         return window.parentOrOwner == parentOrOwner &&
@@ -173,8 +173,8 @@ std::vector<HWND> Dependents(HWND parentOrOwner, bool children) {
     });
 }
 
-// Removes a window with its children and the windows it owns, without a message: the thread that
-// would receive them has ended.
+// Removes a window, its children and the windows it owns. Sends no message, because their thread
+// has ended.
 void Abandon(HWND window) {
     for (const bool children : {true, false})
         for (const HWND dependent : Dependents(window, children))
@@ -182,7 +182,7 @@ void Abandon(HWND window) {
     Remove(window);
 }
 
-// Takes the windows of its thread away when the thread ends.
+// Removes the windows of its thread when the thread ends.
 class WindowsOfThread {
 public:
     WindowsOfThread() = default;
@@ -190,15 +190,15 @@ public:
     ~WindowsOfThread() {
         for (const HWND window :
              WindowsThat([this](const Window& each) { return each.thread == m_thread; }))
-            Abandon(window); // nothing when it left with its parent
+            Abandon(window); // has no effect if its parent's removal has removed it
     }
 
 private:
     const DWORD m_thread = GetCurrentThreadId();
 };
 
-// The first thread is left out: it ends with the process, and static objects of a host may destroy
-// their windows after its thread_local objects are gone.
+// Not for the first thread: it ends with the process, and a host's static objects may destroy their
+// windows after that thread's thread_local objects are destroyed.
 void EndWindowsWithThread() {
     if (GetCurrentThreadId() != static_cast<DWORD>(getpid()))
         static thread_local const WindowsOfThread t_windows;
@@ -232,7 +232,7 @@ LRESULT CallHooks(int code, WPARAM wParam, LPARAM lParam) {
     return t_hooks.empty() ? 0 : t_hooks.back()->procedure(code, wParam, lParam);
 }
 
-// FALSE when the hook or the procedure refuses the window, which is gone then.
+// Returns FALSE when the hook or the procedure refuses the window, which is then destroyed.
 bool FinishCreate(HWND window, CREATESTRUCTW& creation) {
     CBT_CREATEWNDW event = {&creation, nullptr};
     if (CallHooks(HCBT_CREATEWND, reinterpret_cast<WPARAM>(window),
@@ -252,8 +252,8 @@ bool FinishCreate(HWND window, CREATESTRUCTW& creation) {
     return IsWindow(window) != FALSE;
 }
 
-// The system's messages whose parameters point to memory of the sender, which may be gone when a
-// posted message is dispatched.
+// System messages whose parameters point to the sender's memory, which may be invalid when a posted
+// message is dispatched.
 bool CarriesPointer(UINT message) {
     static constexpr std::pair<UINT, UINT> kRanges[] = {
         // clang-format off
@@ -291,7 +291,7 @@ LRESULT CopyText(HWND handle, WPARAM size, LPARAM buffer) {
     });
 }
 
-// The window's word of that index; 0 for none.
+// The window's word with that index; 0 for an unknown index.
 LONG_PTR ReadWord(const Window& window, int index) {
     switch (index) {
     case GWLP_WNDPROC:
@@ -378,7 +378,7 @@ HWND CreateWindowExW(DWORD extendedStyle, LPCWSTR className, LPCWSTR text, DWORD
 }
 
 BOOL DestroyWindow(HWND handle) {
-    // Destroying again from within changes nothing: it is on its way.
+    // A nested call has no effect: the window is already being destroyed.
     enum Answer { kRefused, kUnderWay, kGo };
     const Answer answer = With(handle, kRefused, [](Window& window) {
         if (window.thread != GetCurrentThreadId()) {
