@@ -20,6 +20,8 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
 endif()
 
+# Tests name ${Python3_EXECUTABLE} and not the target: that one would be run by the emulator of a cross
+# build, which loses the exit code of a program that is not for Windows.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 # Flags of our own code (never of third-party sources built in the tree).
