@@ -20,7 +20,7 @@ CString ValueName(std::size_t index) {
     return name;
 }
 
-// True unless a write failed.
+// Returns false when a write failed.
 bool SaveTexts(const Elements& elements, const StateGroup& place,
                BOOL (*isSaved)(const WCHAR* text)) {
     bool isComplete = true;

@@ -1,7 +1,7 @@
-// Saving and loading the state of columns.
+// Saves and loads the state of columns.
 //
-// A state may come from another list or from anybody: numbers are taken as what they are compared
-// with, never as how often to do something.
+// A state may come from another list or from any program. So its numbers are only compared; they
+// never determine how often a loop runs.
 #include "controls/columns.h"
 
 #include <quorvel/framework/app.h>
@@ -29,12 +29,12 @@ CString ColumnName(int trueColumn) {
     return name;
 }
 
-// Notes what failed.
+// Records whether a write failed.
 class StateWriter {
 public:
     explicit StateWriter(bool endsAtFailure) : m_endsAtFailure(endsAtFailure) {}
 
-    // Whether to go on.
+    // Returns whether to continue.
     bool Write(const StateGroup& group, const WCHAR* name, int value) {
         m_isComplete = group.WriteNumber(name, value) && m_isComplete;
         return m_isComplete || !m_endsAtFailure;
@@ -97,8 +97,8 @@ bool Columns::Save(const StateGroup* place, bool endsAtFailedWrite) const {
     return writer.IsComplete();
 }
 
-// The state is read before anything changes: what changes the view calls the host, whose exceptions
-// are its own.
+// Reads the whole state before changing anything: changes to the view call the host, and its
+// exceptions must pass through.
 template <class OpenPlace>
 bool Columns::Load(OpenPlace openPlace) {
     std::optional<SavedState> state;
@@ -107,7 +107,7 @@ bool Columns::Load(OpenPlace openPlace) {
         m_view.LoadDefaultWidths();
         return false;
     }
-    m_sortColumn = -1; // hiding the sort column sorts
+    m_sortColumn = -1; // otherwise hiding the sort column would sort
     m_isSortAscending = state->isSortAscending;
     if (state->count > 0)
         ShowAsSaved(*state);
@@ -129,7 +129,7 @@ std::optional<Columns::SavedState> Columns::Read(const StateGroup* place) const 
     for (const int trueColumn : ColumnsOfState(state.count, state.isOrderPersisted)) {
         SavedColumn saved = {trueColumn, std::nullopt, -1};
         if (const StatePlace column = columns->OpenGroup(ColumnName(trueColumn))) {
-            // Any number may be a width, -1 that of a column that never had one.
+            // Any number can be a width. -1 is the width of a column that never had one.
             const int width = column->ReadNumber(kWidth, -1);
             if (width != -1 || column->ReadNumber(kWidth, 0) == -1)
                 saved.width = width;
@@ -141,7 +141,7 @@ std::optional<Columns::SavedState> Columns::Read(const StateGroup* place) const 
 }
 
 void Columns::ShowAsSaved(const SavedState& state) {
-    std::map<int, int> positions; // the true column of each display position
+    std::map<int, int> positions; // maps display positions to true columns
     for (const SavedColumn& saved : state.columns) {
         if (!saved.width && saved.trueColumn == 0) {
             m_view.LoadDefaultWidths();
@@ -149,11 +149,11 @@ void Columns::ShowAsSaved(const SavedState& state) {
         }
         const int width = saved.width.value_or(-1);
         if (!state.isOrderPersisted) {
-            if (saved.trueColumn < m_view.GetCount()) // the message takes 16 bits
+            if (saved.trueColumn < m_view.GetCount()) // a width message has 16 bits
                 m_view.SetWidth(saved.trueColumn, static_cast<SHORT>(LOWORD(width)));
             continue;
         }
-        // -1 is an automatic width, which a column that is hidden cannot have.
+        // -1 means automatic width, which a hidden column cannot have.
         const bool isHidden = HasRecords() && !IsVisible(saved.trueColumn);
         if (width <= SHRT_MAX && width >= (isHidden ? 0 : -1))
             SetWidth(saved.trueColumn, width);
@@ -161,7 +161,7 @@ void Columns::ShowAsSaved(const SavedState& state) {
         if (saved.position >= 0 && saved.position < state.count)
             positions[saved.position] = saved.trueColumn;
     }
-    if (HasRecords() && m_view.GetCount() == 0) // there would be no header to show one by
+    if (HasRecords() && m_view.GetCount() == 0) // there would be no header to show one with
         Show(m_records.begin()->first, true);
     std::vector<int> order;
     for (const auto& [position, trueColumn] : positions)
@@ -170,8 +170,8 @@ void Columns::ShowAsSaved(const SavedState& state) {
         SetOrder(order);
 }
 
-// Those of this list that a state of so many columns speaks of, the last first, and column 0
-// whether or not the list has it. Without an order a state speaks of inserted columns.
+// The columns of this list that a state of `count` columns describes, the last first. Always
+// includes column 0. Without an order the state describes inserted columns.
 std::vector<int> Columns::ColumnsOfState(int count, bool isOrderPersisted) const {
     std::vector<int> columns;
     if (isOrderPersisted && HasRecords()) {

@@ -86,14 +86,14 @@ void Columns::Redefine(int trueColumn, const WCHAR* heading, int alignment) {
     record->second.format = (record->second.format & ~kColumnAlignmentMask) | alignment;
 }
 
-// The list view displays a new column at its index, so that an index serves as display position.
+// The list view displays a new column at its index, so the display position serves as index.
 bool Columns::PutIntoView(int position, ColumnRecord& column) {
     const int inserted = m_view.Insert(position, column);
     if (inserted < 0)
         return false;
     UpdateInsertedVaskColumnsMap(inserted, true, column.trueColumn);
     column.isVisible = true;
-    // Column 0 does not take another alignment than left while it is inserted.
+    // During insertion column 0 accepts only left alignment.
     const int alignment = column.format & kColumnAlignmentMask;
     if (inserted == 0 && alignment != 0)
         m_view.SetAlignment(0, alignment);
@@ -113,7 +113,7 @@ bool Columns::TakeFromView(ColumnRecord& column) {
     return true;
 }
 
-// Calls the host, which may destroy the list: nothing is done afterwards.
+// Calls the host, which may destroy the list, so nothing may follow.
 void Columns::NoteGone(int trueColumn, int insertedColumn, int displayPosition) {
     if (m_sortColumn == trueColumn)
         m_view.OnDeleteSortColumn(trueColumn, insertedColumn, displayPosition);
@@ -122,7 +122,7 @@ void Columns::NoteGone(int trueColumn, int insertedColumn, int displayPosition) 
 void Columns::UpdateInsertedVaskColumnsMap(int insertedColumn, bool isInserted, int trueColumn) {
     const auto place = static_cast<std::size_t>(insertedColumn);
     if (isInserted) {
-        if (place > m_inserted.size()) // behind columns that have no record
+        if (place > m_inserted.size()) // after columns without a record
             m_inserted.resize(place, -1);
         m_inserted.insert(m_inserted.begin() + insertedColumn, trueColumn);
     } else if (place < m_inserted.size()) {
@@ -206,7 +206,7 @@ bool Columns::SetWidth(int trueColumn, int width) {
     return true;
 }
 
-// An array of another length, or with a column twice, would cost the list view the order it has.
+// For an array of another length, or with a duplicate, the list view would lose its current order.
 void Columns::SetOrder(const std::vector<int>& trueColumns) {
     const std::vector<int> current = m_view.GetOrder();
     std::vector<int> order;

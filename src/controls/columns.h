@@ -1,17 +1,17 @@
-// The columns of a report list: which there are, which are shown, how wide, in which order, by
-// which one the list is sorted, and how all of that is saved and found again.
+// The columns of a report list: which columns exist and are shown, their widths and order, the sort
+// column, and how this state is saved and loaded.
 //
 // Columns have three numbers:
-//   true column      the application's number of a column, shown or hidden; states are keyed by it;
-//   inserted column  the index among those in the list view, which is what its messages use;
-//   display position the place on the screen from the left, which the list view's order array
-//   holds.
+//   true column      the application's number of a column, shown or hidden; states use it as key;
+//   inserted column  the index among the columns in the list view; its messages use this number;
+//   display position the place on the screen from the left; the list view's order array has these
+//   numbers.
 //
-// A list without column records is a plain list view, whose true and inserted columns are the same;
-// of those only the widths are saved. Widths and order of shown columns lie in the list view alone,
-// where users change them. -1 stands for no column, no position and no width.
+// A list without column records is a plain list view. Its true and inserted columns are the same,
+// and only widths are saved. The list view alone stores the widths and the order of shown columns,
+// because users change them there. -1 means no column, no position or no width.
 //
-// Used on the user-interface thread. Lack of memory throws, except where a state is saved or read.
+// Used on the user-interface thread. Throws when memory runs out, but not while saving or reading.
 #pragma once
 
 #include "controls/state_store.h"
@@ -24,38 +24,38 @@
 namespace quorvel {
 
 struct ColumnRecord {
-    int savedPosition = -1; // display position when last hidden; -1 when it was defined hidden
+    int savedPosition = -1; // display position when last hidden; -1 if defined hidden
     int trueColumn = 0;
     bool isVisible = true;
     CString heading;
     int format = 0;   // the list view's LVCFMT_...
     int width = -1;   // in pixels, as defined or when last hidden
-    int subItem = -1; // -1 when not given
+    int subItem = -1; // -1 if not given
 };
 
-constexpr int kColumnAlignmentMask = 3; // of a format; left is 0
+constexpr int kColumnAlignmentMask = 3; // bits of a format; left is 0
 
-// What the model asks of its list: the messages of the list view, then what a class derived from
-// the list control decides.
+// The model's requests to its list: first the messages of the list view, then the decisions of a
+// class derived from the list control.
 class ColumnView {
 public:
     virtual int GetCount() const = 0;
-    // The index, or -1. Without a width the list view takes its own.
+    // Returns the index, or -1. Without a width the list view chooses one.
     virtual int Insert(int position, const ColumnRecord& column) = 0;
     virtual bool Delete(int insertedColumn) = 0;
     virtual void SetAlignment(int insertedColumn, int alignment) = 0;
     virtual int GetWidth(int insertedColumn) const = 0;
-    virtual void SetWidth(int insertedColumn, int width) = 0; // negative: an automatic one
-    // Inserted columns from left to right.
+    virtual void SetWidth(int insertedColumn, int width) = 0; // negative: an automatic width
+    // Returns the inserted columns from left to right.
     virtual std::vector<int> GetOrder() const = 0;
     virtual bool SetOrder(const std::vector<int>& order) = 0;
 
     virtual int GetDefaultWidth(int trueColumn) const = 0;
     virtual void LoadDefaultWidths() = 0;
     virtual bool CanBeHidden(int trueColumn) const = 0;
-    // A column that was hidden is shown.
+    // A hidden column is now shown.
     virtual void OnShow(int trueColumn, int insertedColumn) = 0;
-    // The sort column was there and is hidden or deleted now.
+    // The sort column was shown before and is now hidden or deleted.
     virtual void OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition) = 0;
 
 protected:
@@ -65,7 +65,7 @@ protected:
 struct HeaderMenuItem {
     int position;
     UINT command;
-    CString text; // of a menu: ampersands are doubled
+    CString text; // for a menu: ampersands are doubled
     bool isChecked;
     bool isGreyed;
 };
@@ -76,94 +76,94 @@ public:
     Columns(const Columns&) = delete;
     Columns& operator=(const Columns&) = delete;
 
-    // The inserted column; -1 for a hidden one, which is kept too. Also -1, and nothing is kept,
-    // for a null heading, a negative true column, one that exists, and when the list view refuses.
+    // The inserted column; -1 for a hidden one, which is stored too. Returns -1 and stores nothing
+    // for a null heading, a negative or existing true column, and if the list view refuses.
     int Insert(int position, int trueColumn, bool isVisible, const WCHAR* heading, int format,
                int width, int subItem);
     int Insert(int position, const ColumnRecord& column);
-    // Hiding remembers the display position and the width; showing puts the column back there, and
-    // one that was defined hidden last, with the default width unless it was given one. Hiding or
-    // deleting the sort column ends in OnDeleteSortColumn, when all else is done; a deleted one has
-    // no record then. False without a record and when the list view refuses.
+    // Hiding stores the display position and the width, and showing restores them. A column that
+    // was defined hidden is shown last, with the default width unless it has one. If the sort
+    // column is hidden or deleted, the last step is OnDeleteSortColumn; a deleted column then has
+    // no record. Returns false for a column without a record and if the list view refuses.
     bool Show(int trueColumn, bool isShown);
     bool Delete(int trueColumn);
-    // Every column shown in true order, with its default width.
+    // Shows every column in true order, with its default width.
     void Reset();
-    // The program has given the list view's column another heading (null: not) and alignment.
+    // The program has changed the heading (null: not changed) and alignment in the list view.
     void Redefine(int trueColumn, const WCHAR* heading, int alignment);
-    // To be called also when the list view has got or lost a column without a record (-1).
+    // Call it also after the list view has got or lost a column without a record (-1).
     void UpdateInsertedVaskColumnsMap(int insertedColumn, bool isInserted, int trueColumn = -1);
 
     bool HasRecords() const { return !m_records.empty(); }
-    const ColumnRecord* Find(int trueColumn) const; // null when there is none
+    const ColumnRecord* Find(int trueColumn) const; // null for an unknown column
     const std::map<int, ColumnRecord>& Records() const { return m_records; }
     bool IsVisible(int trueColumn) const;
     int GetTrueColumnCount() const;
     int GetInsertedColumnCount() const { return m_view.GetCount(); }
-    // -1 when there is none; in a plain list the argument.
+    // Returns -1 for an unknown column. In a plain list returns the argument.
     int GetInsertedColumn(int trueColumn) const;
     int GetTrueColumn(int insertedColumn) const;
     int GetLeftToRightColumn(int displayPosition) const;
     int GetLeftToRightTrueColumn(int displayPosition) const;
     int GetDisplayPosition(int insertedColumn) const;
     std::vector<int> GetLeftToRightTrueColumns() const;
-    // The list view's for a shown column, the remembered one of a hidden column; -1 without record.
+    // The list view's width, or the stored one of a hidden column; -1 without a record.
     int GetWidth(int trueColumn) const;
-    // The same, but the default width for a hidden column that was defined without one.
+    // The same, but the default width for a hidden column without a defined width.
     int GetWidthWhenShown(int trueColumn) const;
-    bool SetWidth(int trueColumn, int width); // false for a column that does not exist
-    // Puts these true columns in front, in this order, and leaves the others in theirs. Columns
-    // that are not shown or named before are passed over. The list view is not asked when that is
-    // the order already.
+    bool SetWidth(int trueColumn, int width); // false for an unknown column
+    // Moves these true columns to the front, in this order. The others keep theirs. Ignores
+    // columns that are hidden or named before. Sends nothing to the list view if that is already
+    // the order.
     void SetOrder(const std::vector<int>& trueColumns);
 
     int GetSortColumn() const { return m_sortColumn; } // true column
     bool IsSortAscending() const { return m_isSortAscending; }
     void SetSort(int trueColumn, bool isAscending);
-    // What a click of the left button on a header asks for: the column and its direction, reversed
-    // when the list is sorted by it already. The column is -1 for no column.
+    // The sort that a left click on a header requests: the column, and its direction, which is
+    // reversed when the list is already sorted by that column. The column is -1 if there is none.
     std::pair<int, bool> SortOfHeaderClick(int insertedColumn) const;
 
-    // The columns of the header's menu, for the positions in front of "Columns...". True columns
-    // from the number of records on have no item.
+    // The columns in the header's menu, for the positions before "Columns...". True columns from
+    // the number of records on have no item.
     std::vector<HeaderMenuItem> GetHeaderMenu() const;
-    // Shows or hides the column of QUORVEL_COMMAND_COLUMN_FIRST to _LAST. False for any other
-    // command.
+    // Shows or hides the column of a command from QUORVEL_COMMAND_COLUMN_FIRST to _LAST. Returns
+    // false for other commands.
     bool Toggle(UINT command);
 
-    // A state lies in the group "Columns" of its place: "Count", "Sort Column", "Sort Ascending",
-    // "Persist Sort Order" (1 with records), and for each true column from 0 on "Width" and, with
-    // records, "Sort Order" (the display position, -1 when hidden) in a group "Column %d".
+    // A state is stored in the group "Columns" of its place: "Count", "Sort Column", "Sort
+    // Ascending", "Persist Sort Order" (1 with records), and for each true column from 0 on "Width"
+    // and, with records, "Sort Order" (the display position, -1 if hidden) in a group "Column %d".
     //
-    // Saving in a key does not end at a write that fails, but at a group that cannot be created; in
-    // a section of the profile it ends at the first write that fails. Each gives FALSE.
+    // Saving in a key continues after a failed write but stops at a group that cannot be created.
+    // Saving in a section of the profile stops at the first failed write. Both return FALSE.
     //
-    // Loading gives FALSE and default widths when there is no place or no "Columns" key; a section
-    // without a state loads as an empty one. An empty state, and one without a width of column 0,
-    // loads default widths. A column with a display position is shown, with -1 it is hidden; if
-    // that leaves none, the first column is shown. Shown columns without a usable position, or with
-    // one that a lower column has too, come last in the order they had. A sort column that does not
-    // exist counts as none, and widths that no list has change nothing. Nothing is sorted. What the
-    // view throws passes through.
+    // Loading returns FALSE and sets default widths when the place or the "Columns" key is missing;
+    // a section without a state is an empty state. An empty state, or one without the width of
+    // column 0, sets default widths. A column with a display position is shown, one with -1 hidden.
+    // If all would be hidden, the first is shown. Shown columns without a valid position, or with
+    // that of a lower column, come last in their former order. An unknown sort column means that no
+    // column is the sort column; impossible widths change nothing. Nothing is sorted. Exceptions of
+    // the view pass through to the caller.
     BOOL SaveState(HKEY key, BOOL closeKey) const;
     BOOL SaveState(const CRegistryPath& path) const;
     BOOL SaveState(const WCHAR* section) const;
     BOOL LoadState(HKEY key, BOOL closeKey);
     BOOL LoadState(const CRegistryPath& path);
-    BOOL LoadState(const WCHAR* section); // without an application object FALSE and no more
+    BOOL LoadState(const WCHAR* section); // without an application object only returns FALSE
 
 private:
     struct SavedColumn {
         int trueColumn;
         std::optional<int> width;
-        int position; // -1 when hidden
+        int position; // -1 if hidden
     };
     struct SavedState {
         int count = 0;
         int sortColumn = -1;
         bool isSortAscending = true;
         bool isOrderPersisted = false;
-        std::vector<SavedColumn> columns; // the last first
+        std::vector<SavedColumn> columns; // last column first
     };
 
     bool PutIntoView(int position, ColumnRecord& column);
@@ -178,8 +178,8 @@ private:
     std::vector<int> ColumnsOfState(int count, bool isOrderPersisted) const;
 
     ColumnView& m_view;
-    std::map<int, ColumnRecord> m_records; // by true column
-    std::vector<int> m_inserted;           // true columns by inserted column
+    std::map<int, ColumnRecord> m_records; // key: true column
+    std::vector<int> m_inserted;           // true columns, indexed by inserted column
     int m_sortColumn = -1;
     bool m_isSortAscending = true;
 };

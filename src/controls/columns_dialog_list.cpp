@@ -26,7 +26,7 @@ ColumnsDialogList::ColumnsDialogList(Columns& columns, const ColumnView& view)
         const ColumnRecord* const column = m_columns.Find(trueColumn);
         if (column == nullptr || column->isVisible != isShown)
             return;
-        // The only shown column can be hidden once another one is checked.
+        // The only shown column may be hidden as soon as another one is checked.
         const bool isLocked = isShown && m_view.GetCount() > 1 && !m_view.CanBeHidden(trueColumn);
         m_rows.push_back({trueColumn, column->heading, isShown,
                           m_columns.GetWidthWhenShown(trueColumn), isLocked});

@@ -1,7 +1,7 @@
-// What the columns dialog shows and edits: a row for each column of a list, with a check for its
-// visibility, an order and a width. The list itself changes with Save alone.
+// The data that the columns dialog shows and edits. It has a row for each column of a list, with a
+// check for its visibility, an order and a width. Only Save changes the list.
 //
-// A row that does not exist is refused, and nothing changes. Used on the user-interface thread.
+// Calls for an unknown row fail and change nothing. Used on the user-interface thread.
 #pragma once
 
 #include "controls/columns.h"
@@ -17,7 +17,7 @@ public:
         CString heading;
         bool isChecked;
         int width;     // in pixels
-        bool isLocked; // checked, and the list does not let its column be hidden
+        bool isLocked; // checked, and the list refuses to hide its column
     };
 
     // Shown columns from left to right, then hidden ones in true order.
@@ -26,27 +26,27 @@ public:
     const std::vector<Row>& Rows() const { return m_rows; }
     bool Check(int row, bool isChecked); // a locked row stays checked
 
-    // The text of the width edit for a row. Empty for a row that does not exist.
+    // The text of the width edit for a row. Empty for an unknown row.
     CString GetWidthText(int row) const;
-    // Takes the width as 0 to 9999, the nearer end for other numbers, 0 for what is not a number.
-    // The text that the edit was given for this row changes nothing: a width above 9999 stays
-    // until a user edits it.
+    // Sets the width. Limits numbers to 0 to 9999; other text means 0. The same text as
+    // GetWidthText gave for this row changes nothing: a width above 9999 stays until a user edits
+    // it.
     bool SetWidthText(int row, const WCHAR* text);
 
-    // By one place.
+    // Moves a row by one place.
     bool CanMoveUp(int row) const { return row > 0 && IsRow(row); }
     bool CanMoveDown(int row) const { return row >= 0 && IsRow(row + 1); }
     bool MoveUp(int row);
     bool MoveDown(int row) { return CanMoveDown(row) && MoveUp(row + 1); }
 
-    // Every column in true order, checked, with its default width.
+    // Puts every column in true order, checked, with its default width.
     bool CanReset() const { return !m_rows.empty(); }
     void Reset();
 
-    // Whether a row is checked, without which the dialog does not end.
+    // Whether at least one row is checked. Otherwise the dialog does not close.
     bool IsValid() const;
-    // The list is not without columns meanwhile: that the sort column is hidden then means that the
-    // list is sorted by another one.
+    // Keeps at least one column shown at any time, so that the list can sort by another column when
+    // the sort column is hidden.
     void Save();
 
 private:

@@ -50,7 +50,7 @@ bool LinkModel::PressKey(UINT key) {
 }
 
 LinkModel::Action LinkModel::ReleaseKey(UINT key, bool isCtrlDown) {
-    // The key that closed a dialog goes up here without having gone down.
+    // The key that closed a dialog is released here, although it was not pressed here.
     return key == kReturnKey && CancelKey() ? Activate(isCtrlDown) : Action::None;
 }
 

@@ -1,5 +1,5 @@
-// A hyperlink without its window: what it holds, how it looks, and what the mouse and the keys lead
-// to.
+// A hyperlink without its window: its data, its appearance, and its reactions to the mouse and
+// keys.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -8,7 +8,7 @@
 
 namespace quorvel {
 
-// What colours a link has under a high-contrast scheme, in place of its own.
+// The colours of a link under a high-contrast scheme, instead of its own.
 struct ContrastColors {
     COLORREF link;
     COLORREF active;
@@ -28,52 +28,52 @@ public:
     enum class Action { None, NotifyParent, Open, Edit };
     enum class Command { Open, Edit, Copy };
 
-    // The link's address; false, and the former one stays, for null and what is no valid one.
+    // Sets the address. Returns false and keeps the former one for null and for an invalid address.
     bool SetUri(const WCHAR* uri);
     void ClearUri() { m_uri.Empty(); }
     const CString& Uri() const { return m_uri; }
 
     void SetFlag(DWORD flags, bool isSet) { m_flags = isSet ? m_flags | flags : m_flags & ~flags; }
     bool AreSet(DWORD flags) const { return (m_flags & flags) == flags; }
-    // What the menu offers and what each command does; nothing without an address.
+    // Whether a menu command is possible. Without an address no command is.
     bool Can(Command command) const;
     bool HasMenu() const { return AreSet(kHasUri); }
 
-    // What activating the link leads to.
+    // The action when the link is activated.
     Action Activate(bool isCtrlDown) const;
-    // The left button goes up. Only a press that began in the text holds the mouse.
+    // The left button is released. Only a press that began in the text captures the mouse.
     Action ReleaseMouse(bool holdsMouse, bool isInText, bool isCtrlDown) const;
-    // True when the key is the link's. A key that is held down repeats.
+    // Returns true when the link handles the key. A held key repeats.
     bool PressKey(UINT key);
-    // A key goes up: the link's own activates when it went down here.
+    // A key is released. The link's key activates it only if it was pressed here.
     Action ReleaseKey(UINT key, bool isCtrlDown);
-    // True when a key was down, which then activates nothing.
+    // Returns true if a key was down. It then activates nothing.
     bool CancelKey();
 
-    // A press that only the link's own text takes.
+    // Whether to show the hand: a click on the link's own text activates it.
     bool ShowsHand(bool isInText) const { return isInText && !m_isMenuShowing; }
-    // `contrast` is null under an ordinary scheme.
+    // `contrast` is null for an ordinary scheme.
     COLORREF TextColor(bool isEnabled, bool holdsMouse, const ContrastColors* contrast) const;
-    // What the tip shows: the address, whose end is cut where it is too long for a tip.
+    // The text of the tip: the address, cut at the end if it is too long for a tip.
     CString TipText() const;
 
     CString m_displayText;
     DWORD m_flags = kAllFlags;
     COLORREF m_linkColor = 0xFF0000;         // blue
     COLORREF m_activeColor = 0x0000FF;       // red
-    COLORREF m_visitedColor = 0x800080;      // purple; for those who draw visited links
-    std::optional<COLORREF> m_disabledColor; // the system's until it is set
+    COLORREF m_visitedColor = 0x800080;      // purple, for hosts that draw visited links
+    std::optional<COLORREF> m_disabledColor; // the system's unless set
     COLORREF m_systemDisabledColor = 0;
     bool m_isModified = false;
     bool m_isMenuShowing = false;
     bool m_isKeyPressed = false;
-    bool m_isBusy = false; // opening or editing, which does not begin again meanwhile
-    bool m_isGone = false; // the control is destroyed
+    bool m_isBusy = false; // opening or editing; neither starts again until then
+    bool m_isGone = false; // the control has been destroyed
 private:
     CString m_uri;
 };
 
-// Marks the link busy. Not entered when it is busy already.
+// Marks the link as busy. IsEntered is false if it was already busy.
 class LinkWork {
 public:
     explicit LinkWork(LinkModel& link) : m_link(link), m_isEntered(!link.m_isBusy) {

@@ -1,4 +1,4 @@
-// The schemes that a field for addresses offers.
+// The schemes that the address field offers.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -11,7 +11,7 @@ inline constexpr const WCHAR* kLinkSchemes[] = {_T("http://"),  _T("mailto:"), k
                                                 _T("https://"), _T("ftp://"),  _T("news:"),
                                                 _T("gopher://")};
 
-// The address of a file that was picked.
+// The address of a chosen file.
 inline CString LinkToFile(const CString& path) {
     return kFileScheme + path;
 }

@@ -32,7 +32,7 @@ public:
                         nullptr, &key.Receive(), nullptr);
         return Owned(std::move(key));
     }
-    // Reading asks for no more than it needs, so that a state that may only be read is found.
+    // Requests only read access, so that a read-only state can be loaded.
     StatePlace OpenGroup(const WCHAR* name) const override {
         ScopedKey key;
         RegOpenKeyExW(m_key, name, 0, KEY_READ, &key.Receive());
@@ -46,7 +46,7 @@ public:
 
 private:
     HKEY m_key;
-    ScopedKey m_owner; // holds no key when the caller closes it
+    ScopedKey m_owner; // empty if the caller closes the key
 };
 
 class SectionGroup : public StateGroup {
@@ -94,7 +94,7 @@ StatePlace CreatedPathState(const CRegistryPath& path) {
 
 StatePlace OpenedPathState(const CRegistryPath& path) {
     ScopedKey key;
-    if (path.IsValid()) // OpenSubKey would ask for writing too
+    if (path.IsValid()) // OpenSubKey would also request write access
         RegOpenKeyExW(path.GetSectionKey(), path.GetSubKey(), 0, KEY_READ, &key.Receive());
     return KeyGroup::Owned(std::move(key));
 }

@@ -1,4 +1,4 @@
-// Texts handed to a caller that frees them.
+// Copies texts for a caller that frees them.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -9,8 +9,8 @@ namespace quorvel {
 
 typedef LPVOID(WINAPI* ComponentAllocator)(SIZE_T size);
 
-// Copies of `count` texts, each from `allocate`, to be freed with CoTaskMemFree. When memory runs
-// out those made before are freed, their places are null, and the result is false.
+// Copies `count` texts with `allocate`; the caller frees them with CoTaskMemFree. When memory runs
+// out, frees the copies made so far, sets all places to null and returns false.
 bool CopyTexts(const CString* texts, ULONG count, WCHAR** copies,
                ComponentAllocator allocate = CoTaskMemAlloc);
 

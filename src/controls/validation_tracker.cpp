@@ -3,7 +3,7 @@
 namespace quorvel {
 
 bool ValidationTracker::Show(HWND dialog, HWND balloon) {
-    constexpr LPARAM kNumbers = 0x7fffffff; // after which they begin anew
+    constexpr LPARAM kNumbers = 0x7fffffff; // then the numbers start again
     const LPARAM number = m_lastNumber % kNumbers + 1;
     if (dialog == nullptr || !m_dialogs.insert({dialog, {balloon, number}}).second)
         return false;

@@ -16,8 +16,8 @@ typedef std::uintptr_t Slot;
 constexpr Slot kSelected = 1;
 static_assert(alignof(CVirtualListCtrlItem) > kSelected);
 
-constexpr std::size_t kFilledRows = 2048; // of a block that Fill makes
-constexpr std::size_t kMostRows = 4096;   // a block that grows beyond is cut in two
+constexpr std::size_t kFilledRows = 2048; // rows of a block that Fill makes
+constexpr std::size_t kMostRows = 4096;   // a larger block is split in two
 
 CVirtualListCtrlItem* ItemOf(Slot slot) {
     return reinterpret_cast<CVirtualListCtrlItem*>(slot & ~kSelected);
@@ -33,7 +33,7 @@ struct Difference {
     bool isWanted;
 };
 
-// Where two selections of so many rows differ, from the edges of their runs.
+// The runs of rows in which two selections differ, computed from the edges of their runs.
 std::vector<Difference> Differences(const std::vector<RowRun>& shown,
                                     const std::vector<RowRun>& wanted, int rowCount) {
     struct Edge {
@@ -71,7 +71,7 @@ std::size_t RowsOf(const std::vector<Difference>& differences) {
 
 std::vector<SelectionMessage> PlanSelection(const std::vector<RowRun>& shown,
                                             const std::vector<RowRun>& wanted, int rowCount) {
-    // A message for all rows takes a list view as long as those for about so many single ones.
+    // For a list view, a message for all rows costs as much as messages for this many single rows.
     const std::size_t costOfAll = 1 + static_cast<std::size_t>(rowCount) / 16;
     const std::vector<RowRun> all = {{0, rowCount - 1}};
     std::vector<SelectionMessage> messages;
@@ -113,14 +113,14 @@ int VirtualRows::Insert(int row, CVirtualListCtrlItem* item) {
         return -1;
     if (m_blocks.empty())
         m_blocks.emplace_back();
-    // At the end of all there is no row to locate but the one before.
+    // At the end there is no row to locate except the previous one.
     Place place = {0, 0};
     if (m_count > 0) {
         place = Locate(row < m_count ? row : row - 1);
         place.slot += row == m_count;
     }
     if (m_blocks[place.block].slots.size() == kMostRows) {
-        // A list that grows at its end keeps its blocks full.
+        // In a list that grows at its end, blocks stay full.
         const std::size_t kept = row == m_count ? kMostRows : kMostRows / 2;
         Split(place.block, kept);
         if (place.slot >= kept)
@@ -193,7 +193,7 @@ std::vector<CVirtualListCtrlItem*>
 VirtualRows::Replace(const std::vector<CVirtualListCtrlItem*>& items) {
     const CVirtualListCtrlItem* const focused = GetItem(m_focusedRow);
     std::vector<Slot> former = Flattened();
-    std::ranges::sort(former); // by address, for the mark is the lowest bit
+    std::ranges::sort(former); // by address; the mark is the lowest bit
     std::vector<bool> isKept(former.size());
     std::vector<Slot> slots;
     slots.reserve(items.size());
@@ -232,8 +232,8 @@ void VirtualRows::SortBy(
         SortRows(std::cref(order));
 }
 
-// The order is asked for plain pointers where all rows are alike, so that sorting takes no longer
-// than of the pointers alone. Otherwise the mark moves with its pointer.
+// If all rows have the same mark, sorts plain pointers, which is as fast as without marks.
+// Otherwise the mark is part of the pointer and moves with it.
 template <class Order>
 void VirtualRows::SortRows(Order order) {
     const CVirtualListCtrlItem* const focused = GetItem(m_focusedRow);

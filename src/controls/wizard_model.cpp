@@ -13,7 +13,7 @@ struct ButtonText {
     UINT textId;
 };
 
-// The system's ids of the buttons that are no ordinary ones.
+// The system's ids for special buttons.
 constexpr int kApplyNow = 0x3021;
 constexpr int kWizardBack = 0x3023;
 constexpr int kWizardNext = 0x3024;

@@ -1,7 +1,7 @@
-// What a wizard and its pages say: the texts with a wizard's name, their events, and the texts of
-// the buttons of wizards and property sheets.
+// The texts of a wizard and its pages: texts with the wizard's name, events, and the texts of
+// buttons in wizards and property sheets.
 //
-// Used on the user-interface thread. Lack of memory throws CMemoryException.
+// Used on the user-interface thread. Throws CMemoryException when memory runs out.
 #pragma once
 
 #include <quorvel/controls/vask_event.h>
@@ -18,7 +18,7 @@ public:
         m_events.insert(m_events.end(), events.begin(), events.end());
     }
     int GetCount() const { return static_cast<int>(m_events.size()); }
-    // FALSE, and nothing changed, for an index outside 0 to the count.
+    // Returns FALSE, without a change, for an index outside 0 to the count.
     BOOL Get(int index, CVaskEvent& event) const;
     BOOL Update(int index, const CVaskEvent& event);
     BOOL Delete(int index);
@@ -29,12 +29,12 @@ private:
     std::vector<CVaskEvent> m_events;
 };
 
-// The texts of a wizard's first and last pages, with its name.
+// The texts of a wizard's first and last pages; each contains its name.
 CString WizardWelcomeText(const CString& name);
 CString WizardCompletingText(const CString& name);
 CString WizardCompletedText(const CString& name);
 
-// The catalogue text of a button by the id that the system gives it; 0 for any other.
+// The catalogue text of a button with the system's id; 0 for any other button.
 UINT SheetButtonText(int buttonId);
 UINT WizardButtonText(int buttonId);
 

@@ -7,7 +7,7 @@ namespace quorvel {
 
 namespace {
 
-// Runs the work with the system's properties of windows; nothing where there are none.
+// Calls `work` with the system's accessibility properties; does nothing if they are missing.
 template <class Work>
 void WithProperties(Work work) {
     IAccPropServices* services = nullptr;

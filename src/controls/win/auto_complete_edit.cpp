@@ -20,7 +20,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// The second interface of the auto-completion for the length of a call; null when it has none.
+// The auto-completion's second interface for the duration of a call; null if it is missing.
 class Options {
 public:
     explicit Options(IAutoComplete* object) {
@@ -40,8 +40,8 @@ private:
     IAutoComplete2* m_object = nullptr;
 };
 
-// The drop-down is a top-level window of the thread, of the first class on Windows and of the
-// second one under Wine. A dialog with a list box in it is neither.
+// The drop-down is a top-level window of this thread, of the first class on Windows, of the second
+// class under Wine. A dialog that contains a list box is of neither class.
 BOOL CALLBACK FindDropDown(HWND window, LPARAM found) {
     WCHAR name[32];
     const CString className(name, ::GetClassNameW(window, name, 32));
@@ -70,12 +70,12 @@ CAutoCompleteEdit::CAutoCompleteEdit() : m_list(new (std::nothrow) CAutoComplete
 CAutoCompleteEdit::~CAutoCompleteEdit() {
     Unbind();
     if (m_list != nullptr)
-        m_list->Release(); // last: the auto-completion may have had none of its own
+        m_list->Release(); // last, because the auto-completion may hold no reference
 }
 
 void CAutoCompleteEdit::PreSubclassWindow() {
     CVaskEdit::PreSubclassWindow();
-    if (m_bound != m_hWnd) // it was detached from another one
+    if (m_bound != m_hWnd) // it was detached from another window
         Unbind();
     Bind(DEFAULT_OPTIONS, nullptr);
 }
@@ -115,8 +115,8 @@ void CAutoCompleteEdit::OnDestroy() {
     CVaskEdit::OnDestroy();
     if (::GetWindowLongPtrW(window, GWLP_WNDPROC) == procedure)
         return;
-    // Under Wine the auto-completion puts back the procedure that it found, so that this object
-    // does not see the window's last message.
+    // Under Wine the auto-completion restores the former window procedure, so this object does not
+    // get the window's last message.
     Detach();
     PostNcDestroy();
 }
@@ -213,8 +213,8 @@ BOOL CAutoCompleteEdit::LoadState(const WCHAR* section) {
 UINT CAutoCompleteEdit::OnGetDlgCode() {
     const MSG asked = *GetCurrentMessage();
     UINT code = CVaskEdit::OnGetDlgCode();
-    // A dialog would take these two as Cancel and OK although the drop-down is what they are meant
-    // for.
+    // A dialog would take these two keys as Cancel and OK, although they are meant for the
+    // drop-down.
     const MSG* const key = reinterpret_cast<const MSG*>(asked.lParam);
     if (asked.message == WM_GETDLGCODE && key != nullptr && key->message == WM_KEYDOWN &&
         (asked.wParam == VK_ESCAPE || asked.wParam == VK_RETURN) && IsDropDownShowing())

@@ -82,7 +82,7 @@ void CColumnsDlg::OnSelectionChange() {
     UpdateDialogControls(this, FALSE);
 }
 
-// The box that was clicked need not be of the selected row.
+// The clicked box may belong to another row than the selected one.
 void CColumnsDlg::OnCheckChange() {
     const int count = m_listBox.GetCount();
     for (int row = 0; row < count; ++row)
@@ -92,7 +92,7 @@ void CColumnsDlg::OnCheckChange() {
 void CColumnsDlg::OnWidthChange() {
     CString text;
     GetDlgItemText(QUORVEL_COLUMNS_WIDTH, text);
-    if (m_rows != nullptr) // not while the dialog is being created
+    if (m_rows != nullptr) // null while the dialog is being created
         m_rows->SetWidthText(m_listBox.GetCurSel(), text);
 }
 

@@ -27,7 +27,7 @@ void CEditHyperlinkDlg::DoDataExchange(CDataExchange* exchange) {
 
 BOOL CEditHyperlinkDlg::LoadData() {
     m_address.LoadURLSchemes();
-    m_address.LimitText(0); // as long as the system can
+    m_address.LimitText(0); // no limit but the system's
     m_address.SetWindowText(m_uri);
     SetDlgItemText(QUORVEL_LINK_DISPLAY_TEXT, m_displayText);
     GetDlgItem(QUORVEL_LINK_DISPLAY_TEXT)->EnableWindow(!m_isTextReadOnly);

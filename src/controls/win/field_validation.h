@@ -1,6 +1,6 @@
-// What dialogs and property pages do alike: the step from validation to saving, the state of the
-// controls they declare, and their fonts. `Owner` is the class whose virtual operations decide; it
-// names these as friends.
+// The common code of dialogs and property pages: validating and saving, the state of declared
+// controls, and their fonts. `Owner` is the class whose virtual operations decide. It names these
+// classes as friends.
 #pragma once
 
 #include <quorvel/controls/win/auto_complete_edit.h>
@@ -18,18 +18,18 @@
 
 namespace quorvel {
 
-// The declarations have this many places to start with.
+// The initial number of places for declarations.
 constexpr UINT kStateMapSize = 17;
 
-// Whether the window is still this object's. An operation of the host may have destroyed it, and
-// the object with it. An object without a window has nothing to lose.
+// Whether the window still belongs to this object. The host's code may have destroyed the window,
+// and the object with it. An object without a window cannot lose it.
 inline bool IsStill(const CWnd* wnd, HWND window) {
     return window == nullptr || CWnd::FromHandlePermanent(window) == wnd;
 }
 
 class StateControls {
 public:
-    // Between the owner's hooks, every declared control is saved or loaded.
+    // Saves or loads every declared control, between the owner's hooks.
     template <class Owner>
     static void Save(Owner& owner) {
         owner.PreSaveStateControls();
@@ -47,11 +47,11 @@ public:
     }
 
 private:
-    // A host that switched auto-completion off keeps the state of before.
+    // If the host has disabled auto-completion, the former state is kept.
     static bool IsSaved(CAutoCompleteEdit& edit) { return edit.IsAutoCompletionEnabled(); }
     static bool IsSaved(CVaskListCtrl&) { return true; }
 
-    // A declared key stays the host's: its hooks open and close it.
+    // The host owns a declared key: its hooks open and close it.
     template <class Control>
     static void SaveAt(Control& control, HKEY key) {
         control.SaveState(key, FALSE);
@@ -75,7 +75,7 @@ private:
         Place place{};
         for (POSITION next = map.GetStartPosition(); next != nullptr;) {
             map.GetNextAssoc(next, control, place);
-            // One without a window has no columns: its saved state would be lost.
+            // A control without a window has no columns, so saving would overwrite its state.
             if (control != nullptr && control->m_hWnd != nullptr)
                 action(control, place);
         }
@@ -108,7 +108,7 @@ private:
 
 class FieldValidation {
 public:
-    // Whether the data is valid; otherwise the balloon says why not.
+    // Returns whether the data is valid. If not, the balloon shows the reason.
     template <class Owner>
     static BOOL Validate(Owner& owner) {
         const HWND window = owner.m_hWnd;
@@ -121,7 +121,7 @@ public:
                                              refusal.rect);
         return FALSE;
     }
-    // The balloon of before is hidden first: its field may be right now, and it would hide itself
+    // Hides the former balloon first: its field may be valid now, and the balloon would hide itself
     // when ValidateData sets the focus.
     template <class Owner>
     static BOOL ValidateAndSave(Owner& owner) {
@@ -129,14 +129,14 @@ public:
         return (owner.m_hWnd == nullptr || owner.UpdateData(TRUE)) && Validate(owner) &&
                owner.SaveData();
     }
-    // The bold variant of the window's font, made anew, for the controls that ask for it; those
-    // that did before (`boldIds`) get the window's font back.
+    // Creates the bold variant of the window's font again and sets it in the controls that want it.
+    // Controls that had it before (`boldIds`) get the window's font.
     template <class Owner>
     static void UpdateFonts(Owner& owner, CFont& boldFont, std::vector<int>& boldIds) {
         std::vector<int> ids;
         owner.GetBoldControlIDs(ids);
         CFont* const font = owner.GetFont();
-        CFont former; // until no control uses it any more
+        CFont former; // lives until no control uses it
         former.Attach(boldFont.Detach());
         LOGFONTW description;
         if (!ids.empty() && font != nullptr && font->GetLogFont(&description)) {

@@ -51,13 +51,13 @@ END_MESSAGE_MAP()
 namespace {
 
 constexpr UINT_PTR kTool = 1;
-constexpr int kMenuOffset = 5; // of the menu that a key opens, from the control's corner
+constexpr int kMenuOffset = 5; // offset of a menu opened by a key from the control's corner
 
 bool IsCtrlDown() {
     return ::GetKeyState(VK_CONTROL) < 0;
 }
 
-// How the static-text style lays its text out.
+// The text format for a static-text style.
 UINT FormatOf(DWORD style) {
     const DWORD kind = style & SS_TYPEMASK;
     UINT format = DT_EXPANDTABS;
@@ -114,7 +114,7 @@ HCURSOR HandCursor() {
 CHyperlinkCtrl::CHyperlinkCtrl() : m_link(std::make_shared<LinkModel>()) {}
 
 CHyperlinkCtrl::~CHyperlinkCtrl() {
-    DestroyWindow(); // while the members are there
+    DestroyWindow(); // while the members still exist
     m_link->m_isGone = true;
 }
 
@@ -187,7 +187,7 @@ CRect CHyperlinkCtrl::GetDisplayTextRect() const {
         return {};
     CRect client;
     GetClientRect(client);
-    ::InflateRect(&client, -1, 0); // the focus rectangle surrounds the text
+    ::InflateRect(&client, -1, 0); // leaves room around the text for the focus rectangle
     CRect needed(0, 0, client.Width(), 0);
     CClientDC dc(const_cast<CHyperlinkCtrl*>(this));
     CFont* const former = dc.SelectObject(&DisplayFont());
@@ -224,8 +224,8 @@ BOOL CHyperlinkCtrl::HasTabStop() const {
     return m_hWnd != nullptr && (GetStyle() & WS_TABSTOP) != 0;
 }
 
-// The tip exists from the first address or the first mouse on: while the window is being created
-// there is nothing that it could belong to.
+// The tip is created with the first address or mouse move: while the window is being created, the
+// tip could not belong to it.
 void CHyperlinkCtrl::UpdateToolTip() {
     if (m_hWnd == nullptr)
         return;
@@ -254,7 +254,7 @@ void CHyperlinkCtrl::SendLinkActivatedMessageToParent() {
                    reinterpret_cast<LPARAM>(m_hWnd));
 }
 
-// The last thing that a handler does: afterwards the control may be destroyed.
+// Must be the last call in a handler: the control may be destroyed afterwards.
 void CHyperlinkCtrl::Perform(int action) {
     switch (static_cast<LinkModel::Action>(action)) {
     case LinkModel::Action::NotifyParent:
@@ -281,8 +281,8 @@ HBRUSH CHyperlinkCtrl::CtlColor(CDC* dc, UINT) {
     return static_cast<HBRUSH>(::GetStockObject(HOLLOW_BRUSH));
 }
 
-// What the parent shows where the control lies: the background is transparent, and a text that was
-// drawn before must go.
+// Draws the parent's background behind the control. The control is transparent, and the text drawn
+// before must be erased.
 void CHyperlinkCtrl::DrawParent(CDC& dc) {
     const HWND parent = ::GetParent(m_hWnd);
     CRect client;
@@ -308,14 +308,14 @@ void CHyperlinkCtrl::OnPaint() {
     dc.DrawText(text, rect, FormatOf(GetStyle()));
     dc.SelectObject(former);
     if (HasTabStop() && ::GetFocus() == m_hWnd) {
-        dc.SetTextColor(0); // the frame is made of both colours
+        dc.SetTextColor(0); // the frame uses both colours
         dc.SetBkColor(0xFFFFFF);
         dc.DrawFocusRect(GetFocusRect());
     }
 }
 
 BOOL CHyperlinkCtrl::OnEraseBkgnd(CDC*) {
-    return TRUE; // OnPaint does
+    return TRUE; // OnPaint draws the background
 }
 
 BOOL CHyperlinkCtrl::OnSetCursor(CWnd* wnd, UINT hitTest, UINT message) {
@@ -348,7 +348,7 @@ void CHyperlinkCtrl::OnLButtonDown(UINT flags, CPoint point) {
     }
     const std::shared_ptr<LinkModel> link = m_link;
     SetFocus();
-    if (link->m_isGone || m_hWnd == nullptr) // by who lost the focus
+    if (link->m_isGone || m_hWnd == nullptr) // the window that lost the focus may have destroyed it
         return;
     SetCapture();
     InvalidateCtrl();
@@ -363,7 +363,7 @@ void CHyperlinkCtrl::OnLButtonUp(UINT flags, CPoint point) {
         m_link->ReleaseMouse(true, HitTestText(point) != FALSE, IsCtrlDown());
     ::ReleaseCapture();
     InvalidateCtrl();
-    UpdateWindow(); // before what may take long
+    UpdateWindow(); // before an operation that may take long
     Perform(static_cast<int>(action));
 }
 
@@ -397,7 +397,7 @@ void CHyperlinkCtrl::OnSetFocus(CWnd* former) {
 }
 
 void CHyperlinkCtrl::OnKillFocus(CWnd* next) {
-    m_link->CancelKey(); // it will come up elsewhere
+    m_link->CancelKey(); // it will be released in another window
     CWnd::OnKillFocus(next);
     InvalidateCtrl();
 }
@@ -433,12 +433,12 @@ void CHyperlinkCtrl::OnDestroy() {
     m_link->CancelKey();
     if (std::exchange(m_hasRole, false))
         quorvel::ClearAccessibleRole(m_hWnd);
-    m_toolTip.DestroyWindow(); // belongs to the top-level window, which may stay
+    m_toolTip.DestroyWindow(); // it belongs to the top-level window, which may live on
     m_isTrackingMouse = FALSE;
     CWnd::OnDestroy();
 }
 
-// A dialog would take Enter as its default button's.
+// Otherwise a dialog would use Enter for its default button.
 LRESULT CHyperlinkCtrl::OnGetDlgCode(WPARAM wParam, LPARAM lParam) {
     const MSG* const message = reinterpret_cast<const MSG*>(lParam);
     const bool isEnter =
@@ -446,7 +446,7 @@ LRESULT CHyperlinkCtrl::OnGetDlgCode(WPARAM wParam, LPARAM lParam) {
     return isEnter ? DLGC_WANTMESSAGE : 0;
 }
 
-// A static text is transparent to the mouse unless it has SS_NOTIFY.
+// Without SS_NOTIFY a static text is transparent to the mouse.
 LRESULT CHyperlinkCtrl::OnHitTest(WPARAM, LPARAM) {
     return HTCLIENT;
 }
@@ -457,7 +457,7 @@ LRESULT CHyperlinkCtrl::OnSetFont(WPARAM, LPARAM) {
     return result;
 }
 
-// The platform's control would draw the text itself, in the parent's colours.
+// Otherwise the platform's control would draw the text itself, in the parent's colours.
 LRESULT CHyperlinkCtrl::OnSetText(WPARAM, LPARAM) {
     const BOOL wasVisible = ModifyStyle(WS_VISIBLE, 0);
     const LRESULT result = Default();

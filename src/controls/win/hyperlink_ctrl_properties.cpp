@@ -1,4 +1,4 @@
-// What a hyperlink holds: its texts, flags and colours.
+// The properties of a hyperlink: its texts, flags and colours.
 #include <quorvel/controls/win/hyperlink_ctrl.h>
 
 #include "controls/link_model.h"

@@ -13,7 +13,7 @@ IMPLEMENT_DYNAMIC(CLinkComboBox, CComboBox)
 
 namespace {
 
-// Posted to the combo box itself: the list must have closed before the dialog shows.
+// Posted to the combo box itself: the list must close before the dialog opens.
 constexpr UINT kChooseFileMessage = WM_APP + 1;
 constexpr DWORD kLongestPath = 32768;
 
@@ -30,7 +30,7 @@ void CLinkComboBox::LoadURLSchemes() {
     ResetContent();
     for (const WCHAR* scheme : quorvel::kLinkSchemes)
         AddString(scheme);
-    // The height of a combo box is that of its open list.
+    // The height of a combo box includes its open list.
     CRect rect;
     GetWindowRect(rect);
     const int rows = static_cast<int>(std::size(quorvel::kLinkSchemes)) + 1;
@@ -70,7 +70,7 @@ BOOL CLinkComboBox::PickFile(CString& path) {
     return isPicked;
 }
 
-// The arrow keys choose in a closed list too; there they only walk through the schemes.
+// In a closed list, arrow keys also select, but they must only step through the schemes.
 BOOL CLinkComboBox::OnDropDown() {
     m_isDropped = true;
     m_hasChosen = false;
@@ -82,7 +82,7 @@ BOOL CLinkComboBox::OnSelectionEndOk() {
     return FALSE;
 }
 
-// In which order the two come depends on the system.
+// The order of these two notifications depends on the system.
 BOOL CLinkComboBox::OnCloseUp() {
     m_isDropped = false;
     PostMessage(kChooseFileMessage);

@@ -8,8 +8,8 @@ namespace {
 
 constexpr UINT kAllStates = 0xffff;
 
-// The item with this cell's text, which is asked for with a longer buffer until it fits. With
-// LVIF_NORECOMPUTE the platform says which texts and images it asks its parent for.
+// The item with this cell's text. Repeats with a longer buffer until the text fits. With
+// LVIF_NORECOMPUTE the platform reports which texts and images it requests from its parent.
 LVITEMW ReadCell(const CListCtrl& list, int item, int subItem, CString& text) {
     LVITEMW cell = {};
     for (int size = 128;; size *= 2) {
@@ -27,7 +27,7 @@ LVITEMW ReadCell(const CListCtrl& list, int item, int subItem, CString& text) {
         const bool isRead = list.GetItem(&cell) && cell.pszText != LPSTR_TEXTCALLBACKW;
         text.ReleaseBuffer(isRead && cell.pszText == buffer ? -1 : 0);
         if (isRead && cell.pszText != buffer)
-            text = cell.pszText; // the list may point to a text of its own
+            text = cell.pszText; // the list may point to its own text
         if (!isRead || cell.pszText != buffer || text.GetLength() < size - 1)
             return cell;
     }

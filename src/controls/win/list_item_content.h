@@ -1,4 +1,4 @@
-// All that an item of a list-view holds, to be put into another item.
+// The whole content of a list-view item, to copy it to another item.
 #pragma once
 
 #include <quorvel/framework/win/list_ctrl.h>
@@ -9,16 +9,16 @@ namespace quorvel {
 
 class ListItemContent {
 public:
-    // Of a list with so many columns, which is no owner-data list.
+    // The list has this number of columns and is not an owner-data list.
     ListItemContent(const CListCtrl& list, int item, int columnCount);
 
-    // Writes it over another item's content, state included.
+    // Overwrites another item's content, including its state.
     void PutInto(CListCtrl& list, int item) const;
 
 private:
     struct Cell {
         CString text;
-        bool isAskedFor = false; // the parent is asked for the text when it is shown
+        bool isAskedFor = false; // the parent supplies the text on demand
         int image = 0;
     };
 

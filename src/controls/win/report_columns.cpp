@@ -14,7 +14,7 @@ int ReportColumns::Insert(int position, const ColumnRecord& column) {
         return -1;
     LVCOLUMNW description = Describe(column);
     description.mask |= LVCF_FMT | LVCF_TEXT;
-    description.mask &= ~UINT{LVCF_ORDER}; // the position says it
+    description.mask &= ~UINT{LVCF_ORDER}; // the position determines the order
     isChanging = true;
     const int inserted = list.InsertColumn(position, &description);
     isChanging = false;
@@ -32,7 +32,7 @@ LVCOLUMNW ReportColumns::Describe(const ColumnRecord& column) const {
     const auto given = descriptions.find(column.trueColumn);
     LVCOLUMNW description = given != descriptions.end() ? given->second : LVCOLUMNW();
     description.fmt = column.format;
-    description.pszText = const_cast<WCHAR*>(column.heading.GetString()); // only read
+    description.pszText = const_cast<WCHAR*>(column.heading.GetString()); // it is only read
     if (column.width != -1) {
         description.mask |= LVCF_WIDTH;
         description.cx = column.width;
@@ -41,7 +41,7 @@ LVCOLUMNW ReportColumns::Describe(const ColumnRecord& column) const {
 }
 
 void ReportColumns::ReadDescription(int insertedColumn, UINT mask) {
-    WCHAR heading[260]; // all that a header shows
+    WCHAR heading[260]; // the most that a header shows
     LVCOLUMNW description = {};
     description.mask = LVCF_TEXT | LVCF_FMT;
     description.pszText = heading;
@@ -78,7 +78,7 @@ std::vector<int> ReportColumns::GetOrder() const {
 
 bool ReportColumns::SetOrder(const std::vector<int>& order) {
     const BOOL isSet = list.SetColumnOrderArray(static_cast<int>(order.size()), order.data());
-    list.Invalidate(); // the platform moves the headings alone
+    list.Invalidate(); // the platform only moves the headings
     return isSet != FALSE;
 }
 

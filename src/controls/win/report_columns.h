@@ -1,4 +1,4 @@
-// The columns of a list control: the portable model, and the list-view as that model sees it.
+// The columns of a list control: the portable model and its view, the list-view.
 #pragma once
 
 #include <quorvel/controls/win/vask_list_ctrl.h>
@@ -27,15 +27,15 @@ struct ReportColumns final : ColumnView {
     void OnShow(int trueColumn, int insertedColumn) override;
     void OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition) override;
 
-    // A column as it was given, with what has changed since.
+    // Returns a column as it was defined, with later changes.
     LVCOLUMNW Describe(const ColumnRecord& column) const;
-    // The program has set this part of an inserted column's description.
+    // The program has set these parts of an inserted column's description.
     void ReadDescription(int insertedColumn, UINT mask);
 
     CVaskListCtrl& list;
     Columns columns;
-    std::map<int, LVCOLUMNW> descriptions; // by true column, as they were given
-    bool isChanging = false; // sends the list-view's messages that insert and delete columns
+    std::map<int, LVCOLUMNW> descriptions; // key: true column; as they were defined
+    bool isChanging = false; // this object is sending the messages that insert and delete columns
 };
 
 } // namespace quorvel

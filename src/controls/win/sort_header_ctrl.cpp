@@ -15,8 +15,8 @@ namespace {
 
 constexpr int kPlatformArrow = HDF_SORTUP | HDF_SORTDOWN;
 
-// Common controls draw arrows from version 6 on; which version a program gets is said by its
-// manifest.
+// Common controls draw the arrow from version 6 on. The program's manifest determines the
+// version.
 bool HasPlatformArrow() {
     const HMODULE controls = ::GetModuleHandleW(L"comctl32.dll");
     const auto getVersion = controls != nullptr
@@ -61,14 +61,14 @@ void CSortHeaderCtrl::SetOwnArrow(BOOL isOwn) {
     SetSort(m_column, m_isAscending);
 }
 
-// After the header's own drawing: its custom draw does not tell when an item is drawn.
+// Draws after the header itself, because its custom draw does not report when an item is finished.
 void CSortHeaderCtrl::OnPaint() {
     Default();
     if (m_hasOwnArrow && m_column >= 0)
         DrawArrow();
 }
 
-// At the right edge, or at the left one of a right-aligned column, where its text ends.
+// At the right edge; in a right-aligned column, whose text ends there, at the left edge.
 void CSortHeaderCtrl::DrawArrow() {
     CRect rect;
     HDITEMW item = {};

@@ -10,13 +10,13 @@ namespace quorvel {
 namespace {
 
 constexpr int kLongestTitle = 99;
-constexpr int kWidthInDialogUnits = 220; // of a line of text
+constexpr int kWidthInDialogUnits = 220; // of a text line
 
 HWND ParentForFocus(HWND window) {
     return (::GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0 ? ::GetParent(window) : nullptr;
 }
 
-// The one tool of the balloon's window. The size is that of common controls before version 6 too.
+// The only tool in the balloon's window. Uses the size for common controls before version 6.
 TOOLINFOW ToolOf(HWND dialog) {
     TOOLINFOW tool = {};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
@@ -48,7 +48,7 @@ void ActiveValidations::Remove() {
     ::UnhookWindowsHookEx(std::exchange(m_hook, nullptr));
 }
 
-// The balloon is not hidden here: the focus is still on its way.
+// Does not hide the balloon: the focus is still changing.
 LRESULT ActiveValidations::PassOn(int code, WPARAM wParam, LPARAM lParam) const {
     if (code == HCBT_SETFOCUS) {
         const HWND dialog = DialogOf(reinterpret_cast<HWND>(wParam), ParentForFocus);
@@ -65,7 +65,7 @@ ValidationBalloon::~ValidationBalloon() {
 BOOL ValidationBalloon::Create(HWND dialog) {
     if (::IsWindow(m_balloon))
         return FALSE;
-    Forget(); // one that ended with its dialog without a word
+    Forget(); // removes a balloon that was destroyed with its dialog
     m_balloon = ::CreateWindowExW(
         0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_BALLOON | TTS_NOPREFIX, CW_USEDEFAULT,
         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, nullptr, nullptr);
@@ -77,7 +77,7 @@ BOOL ValidationBalloon::Create(HWND dialog) {
     tool.lpszText = empty;
     Send(m_balloon, TTM_ADDTOOLW, 0, &tool);
     RECT width = {0, 0, kWidthInDialogUnits, 0};
-    if (::MapDialogRect(dialog, &width)) // otherwise a text is one line, however long
+    if (::MapDialogRect(dialog, &width)) // otherwise each text is one long line
         ::SendMessageW(m_balloon, TTM_SETMAXTIPWIDTH, 0, width.right);
     return TRUE;
 }
@@ -86,7 +86,7 @@ BOOL ValidationBalloon::Show(UINT icon, const WCHAR* title, const WCHAR* text, c
     if (m_balloon == nullptr || title == nullptr || text == nullptr || m_isShowing)
         return FALSE;
     const CString shownTitle = CString(title).Left(kLongestTitle);
-    // Without a title there is no icon either; an empty one takes away that of the balloon before.
+    // Without a title the platform shows no icon; an empty title removes the former balloon's icon.
     Send(m_balloon, TTM_SETTITLEW, shownTitle.IsEmpty() ? TTI_NONE : icon, shownTitle.GetString());
     TOOLINFOW tool = ToolOf(m_dialog);
     CString shownText(text[0] != 0 ? text : L" ");

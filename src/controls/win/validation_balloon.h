@@ -1,5 +1,5 @@
-// The balloon that points at a field which was refused, and the hook on focus changes that hides
-// it. Each dialog and property page has one. Windows only, user-interface thread.
+// The balloon that points at an invalid field, and the hook on focus changes that hides it. Each
+// dialog and property page has one. Windows only, user-interface thread.
 #pragma once
 
 #include <quorvel/framework/geometry.h>
@@ -9,14 +9,14 @@
 
 namespace quorvel {
 
-// Posted to the dialog when one of its windows gets the focus, which is wParam. One change of focus
-// may post it several times. lParam is the number of the balloon that showed then; 0, of a message
-// that does not come from the hook, is any.
+// Posted to the dialog when one of its windows (wParam) gets the focus. One change of focus may
+// post it several times. lParam is the number of the balloon at that time; 0, in a message from
+// another source, means any balloon.
 inline constexpr UINT kChildSetFocusMessage = 0x83f9;
-// Posted by a page that is not in front to itself, with a refusal that it keeps until it is.
+// Posted by a hidden page to itself, with a refusal that it keeps until it is in front.
 inline constexpr UINT kShowRefusalMessage = 0x83fa;
 
-// What a balloon shows.
+// The content of a balloon.
 struct Refusal {
     UINT icon;
     CString title;
@@ -24,13 +24,13 @@ struct Refusal {
     CRect rect;
 };
 
-// The dialogs, or the pages, of the user-interface thread that show their balloon, and their hook.
+// The dialogs or pages of the user-interface thread that show their balloon, and their hook.
 class ActiveValidations final : private FocusHook, public ValidationTracker {
 public:
-    // The hook's handle is kept in `hook`. The procedure calls PassOn.
+    // Stores the hook's handle in `hook`. The procedure must call PassOn.
     ActiveValidations(HHOOK& hook, HOOKPROC procedure)
         : ValidationTracker(static_cast<FocusHook&>(*this)), m_hook(hook), m_procedure(procedure) {}
-    // Reports a change of focus to the dialog that it concerns, and calls the next hook.
+    // Reports a change of focus to the dialog concerned and calls the next hook.
     LRESULT PassOn(int code, WPARAM wParam, LPARAM lParam) const;
 
 private:
@@ -47,23 +47,23 @@ public:
     ValidationBalloon(const ValidationBalloon&) = delete;
     ~ValidationBalloon();
 
-    // Makes the window, which the dialog owns, or the sheet of a page. FALSE when there is one
-    // already.
+    // Creates the window. Its owner is the dialog, or the sheet of a page. Returns FALSE if it
+    // already exists.
     BOOL Create(HWND dialog);
     HWND GetWindow() const { return m_balloon; }
 
     // Shows the text with its stem at the middle of the lower edge of `rect` (screen coordinates).
-    // An empty title shows no title line; one above 99 characters is cut, as the platform takes no
-    // more. An empty text is an empty line: otherwise the platform would show nothing. FALSE, and
-    // nothing changed, without a window, for null texts and while a balloon is showing.
+    // For an empty title there is no title line; a title is cut after 99 characters, the platform's
+    // limit. An empty text becomes an empty line, because the platform would show nothing. Returns
+    // FALSE without a change if there is no window, for null texts and while a balloon is showing.
     BOOL Show(UINT icon, const WCHAR* title, const WCHAR* text, const RECT& rect);
-    BOOL Hide(); // FALSE when none is showing
+    BOOL Hide(); // FALSE if no balloon is showing
     bool IsShowing() const { return m_isShowing; }
     // A change of focus was reported.
     void OnFocusChange(LPARAM balloonNumber);
-    // The dialog was moved: the balloon follows.
+    // The dialog was moved, so the balloon moves with it.
     void Follow();
-    // The dialog is being destroyed. The owner of the window may live on, so it is destroyed here.
+    // The dialog is being destroyed. This destroys the window, whose owner may live on.
     void Forget();
 
 private:

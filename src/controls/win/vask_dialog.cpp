@@ -145,7 +145,7 @@ void CVaskDialog::GetDialogPageTreeCtrls(std::vector<CWnd*>&) {}
 BOOL CVaskDialog::OnInitDialog() {
     m_areStatesLoaded = false;
     if (!CDialog::OnInitDialog())
-        return FALSE; // which has ended the dialog
+        return FALSE; // it has closed the dialog
     UpdateDialogControls(this, FALSE);
     if (CString caption; m_captionId != 0 && caption.LoadString(m_captionId))
         SetWindowText(caption);
@@ -157,16 +157,16 @@ BOOL CVaskDialog::OnInitDialog() {
     const BOOL isLoaded = LoadData();
     if (!IsStill(this, window))
         return FALSE;
-    if (!isLoaded || !UpdateData(FALSE)) { // the exchange shows what LoadData set
+    if (!isLoaded || !UpdateData(FALSE)) { // shows the values that LoadData has set
         EndDialog(-1);
         return FALSE;
     }
-    LoadStateControls(); // after LoadData, which makes a list's columns
+    LoadStateControls(); // after LoadData, which creates a list's columns
     UpdateDialogControls(this, FALSE);
     return TRUE;
 }
 
-// SaveData may handle messages, and these may press OK once more, cancel, or destroy the dialog.
+// SaveData may handle messages, which may press OK again, cancel, or destroy the dialog.
 void CVaskDialog::OnOK() {
     if (m_isBusy || m_isSaving || !IsOK())
         return;
@@ -207,7 +207,7 @@ BOOL CVaskDialog::SaveStateControls() {
 void CVaskDialog::OnDestroy() {
     m_balloon->Forget();
     CDialog::OnDestroy();
-    if (std::exchange(m_areStatesLoaded, false)) // last, as a hook may throw
+    if (std::exchange(m_areStatesLoaded, false)) // last, because a hook may throw
         StateControls::Save(*this);
 }
 
@@ -219,12 +219,12 @@ void CVaskDialog::OnMove(int x, int y) {
 void CVaskDialog::OnShowWindow(BOOL isShown, UINT status) {
     CDialog::OnShowWindow(isShown, status);
     if (!isShown)
-        HideValidationErrorMessage(); // a window of its own, which would stay
+        HideValidationErrorMessage(); // a separate window, which would stay
 }
 
 LRESULT CVaskDialog::OnActivateProgram(WPARAM isActive, LPARAM) {
     if (!isActive)
-        HideValidationErrorMessage(); // it lies above the windows of all programs
+        HideValidationErrorMessage(); // it is above the windows of all programs
     return Default();
 }
 

@@ -41,17 +41,17 @@ CVaskListCtrl::CVaskListCtrl() : m_columns(std::make_unique<quorvel::ReportColum
 
 CVaskListCtrl::~CVaskListCtrl() {
     if (m_hWnd != nullptr)
-        CVaskListCtrl::DestroyWindow(); // while the messages of its end find the members
+        CVaskListCtrl::DestroyWindow(); // while the members still exist for its last messages
     else
-        DetachHeader(); // of a list-view that goes on without this object
+        DetachHeader(); // the list-view lives on without this object
 }
 
 std::unique_ptr<CVaskListCtrlHeaderCtrl> CVaskListCtrl::MakeHeaderCtrl() {
     return std::make_unique<CVaskListCtrlHeaderCtrl>();
 }
 
-// A list that is being created has its header only after WM_CREATE, one without the report view
-// when that is chosen.
+// A list that is being created gets its header only after WM_CREATE. A list without the report view
+// gets it when that view is chosen.
 void CVaskListCtrl::AttachHeader() {
     const HWND header = reinterpret_cast<HWND>(::SendMessageW(m_hWnd, LVM_GETHEADER, 0, 0));
     if (header == nullptr || header == HeaderWindow())
@@ -89,7 +89,7 @@ int CVaskListCtrl::OnCreate(CREATESTRUCTW* parameters) {
     return result;
 }
 
-// Not every platform ends a menu with its owner.
+// Some platforms do not close a menu when its owner is destroyed.
 void CVaskListCtrl::OnDestroy() {
     if (m_isMenuOpen)
         ::EndMenu();
@@ -143,7 +143,7 @@ int CVaskListCtrl::InsertVaskColumn(int position, const VASKCOLUMN* column) {
     return inserted;
 }
 
-// The end of a change calls the host when the sort column has gone.
+// The end of a change notifies the host if the sort column no longer exists.
 template <class Act>
 auto CVaskListCtrl::ChangeColumns(Act act) {
     const Watch watch(*this);
@@ -250,7 +250,7 @@ INT_PTR CVaskListCtrl::EditColumns() {
     m_columnsDlg = &dialog;
     const HWND window = m_hWnd;
     const INT_PTR result = dialog.DoModal();
-    if (::IsWindow(window)) // otherwise this object may be gone
+    if (::IsWindow(window)) // otherwise this object may have been deleted
         m_columnsDlg = nullptr;
     return result;
 }
@@ -269,7 +269,7 @@ BOOL CVaskListCtrl::CanVaskColumnBeHidden(int) {
 
 void CVaskListCtrl::OnShowVaskColumn(int, int) {}
 
-// The platform drops the arrow when a column's text or format is set.
+// The platform removes the arrow when a column's text or format is set.
 LRESULT CVaskListCtrl::OnSetColumn(WPARAM wParam, LPARAM lParam) {
     const LRESULT result = Default();
     if (result != FALSE)
@@ -333,7 +333,7 @@ BOOL CVaskListCtrl::SortItems(int, int, int) {
     return FALSE;
 }
 
-// An application may keep the state in SortItems itself, and then has the last word.
+// The application may change the sort state in SortItems itself; its change has priority.
 BOOL CVaskListCtrl::SortAndKeep(int trueColumn, BOOL ascending, int force) {
     const Watch watch(*this);
     const int columnBefore = GetSortColumn();
@@ -363,7 +363,7 @@ void CVaskListCtrl::OnDeleteSortColumn(int, int, int) {
     SortAndKeep(GetLeftToRightTrueColumn(0), TRUE, FALSE);
 }
 
-// FALSE: the list-view, while it is there, notifies its parent of the click too.
+// Returns FALSE, so that the list-view, if it still exists, also notifies its parent.
 BOOL CVaskListCtrl::OnHdnItemclick(UINT, NMHDR* header, LRESULT*) {
     const NMHEADERW& click = *reinterpret_cast<const NMHEADERW*>(header);
     const Watch watch(*this);
@@ -383,7 +383,7 @@ BOOL CVaskListCtrl::PreTranslateMessage(MSG* message) {
         m_header->SetFocus();
         return TRUE;
     }
-    if (isShiftTab && message->hwnd == HeaderWindow()) { // the dialog goes on from the list
+    if (isShiftTab && message->hwnd == HeaderWindow()) { // the dialog continues from the list
         SetFocus();
         message->hwnd = m_hWnd;
     }
@@ -396,7 +396,7 @@ bool CVaskListCtrl::CanFocusHeader() const {
            (m_columns->columns.HasRecords() || !m_isHeaderSortBlocked);
 }
 
-// Some platforms send the header's message to its parent at once.
+// Some platforms send the header's message directly to its parent.
 void CVaskListCtrl::OnContextMenu(CWnd* wnd, CPoint point) {
     if (HeaderWindow() != nullptr && wnd == m_header.get())
         m_header->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(HeaderWindow()),
@@ -410,7 +410,7 @@ void CVaskListCtrl::OnHeaderContextMenu(int, UINT, CPoint point) {
     if (!m_columns->columns.HasRecords() || !menu.LoadMenu(QUORVEL_MENU_COLUMNS))
         return;
     CMenu* const popup = menu.GetSubMenu(0);
-    if (popup == nullptr) // in a language library
+    if (popup == nullptr) // missing in a language library
         return;
     for (const quorvel::HeaderMenuItem& item : m_columns->columns.GetHeaderMenu()) {
         const UINT flags = (item.isChecked ? MF_CHECKED : 0) | (item.isGreyed ? MF_GRAYED : 0);
@@ -421,7 +421,7 @@ void CVaskListCtrl::OnHeaderContextMenu(int, UINT, CPoint point) {
     m_isMenuOpen = true;
     const UINT command = static_cast<UINT>(
         popup->TrackPopupMenu(TPM_RIGHTBUTTON | TPM_RETURNCMD, point.x, point.y, this));
-    if (!::IsWindow(window)) // it was destroyed while the menu was open, and maybe this object
+    if (!::IsWindow(window)) // destroyed while the menu was open; this object may be deleted
         return;
     m_isMenuOpen = false;
     if (command == QUORVEL_COMMAND_COLUMNS)

@@ -23,7 +23,7 @@ void CVaskListCtrlHeaderCtrl::OnContextMenu(CWnd*, CPoint point) {
         return;
     HDHITTESTINFO test = {};
     int column = -1;
-    if (point == CPoint(-1, -1)) { // from the keyboard
+    if (point == CPoint(-1, -1)) { // opened with the keyboard
         CRect place;
         GetClientRect(place);
         if (::GetFocus() == m_hWnd) {
@@ -73,7 +73,7 @@ bool CVaskListCtrlHeaderCtrl::TakeKey(UINT key) {
         return true;
     case VK_TAB:
         if (::GetKeyState(VK_SHIFT) < 0)
-            return false; // for the list
+            return false; // the list handles it
         [[fallthrough]];
     case VK_DOWN:
         GetParent()->SetFocus();
@@ -92,7 +92,7 @@ void CVaskListCtrlHeaderCtrl::Choose(int displayPosition) {
         return;
     m_chosenColumn = OrderToIndex(displayPosition);
     Invalidate();
-    // The header is as wide as its columns and moves when the list scrolls.
+    // The header is as wide as its columns and moves when the list is scrolled.
     CWnd& list = *GetParent();
     CRect place;
     CRect view;
@@ -106,7 +106,7 @@ void CVaskListCtrlHeaderCtrl::Choose(int displayPosition) {
         list.SendMessage(LVM_SCROLL, static_cast<WPARAM>(beyond));
 }
 
-// As the header itself tells of a click, so that the list sorts and its parent hears of it.
+// Sends the header's own click notification, so that the list sorts and its parent is notified.
 void CVaskListCtrlHeaderCtrl::ClickChosenColumn() {
     NMHEADERW click = {};
     click.hdr = {m_hWnd, static_cast<UINT_PTR>(GetDlgCtrlID()), static_cast<UINT>(HDN_ITEMCLICKW)};
@@ -121,7 +121,7 @@ void CVaskListCtrlHeaderCtrl::OnPaint() {
         return;
     ::InflateRect(rect, -2, -2);
     CClientDC dc(this);
-    dc.SetTextColor(::GetSysColor(COLOR_BTNTEXT)); // the two colours of the rectangle
+    dc.SetTextColor(::GetSysColor(COLOR_BTNTEXT)); // the rectangle has two colours
     dc.SetBkColor(::GetSysColor(COLOR_BTNFACE));
     dc.DrawFocusRect(rect);
 }

@@ -1,4 +1,4 @@
-// CVaskListCtrl: its items, and what it draws.
+// CVaskListCtrl: its items and its drawing.
 #include <quorvel/controls/win/vask_list_ctrl.h>
 
 #include "controls/win/list_item_content.h"
@@ -9,7 +9,7 @@
 // Items
 
 BOOL CVaskListCtrl::SelectItem(int item, int select) {
-    if (item < 0) // not all of them
+    if (item < 0) // -1 would mean all items
         return FALSE;
     const UINT states = select ? LVIS_SELECTED | LVIS_FOCUSED : LVIS_SELECTED;
     return SetItemState(item, select ? states : 0, states);
@@ -63,8 +63,8 @@ int CVaskListCtrl::MoveSelectedItemDown() {
     return CanMoveSelectedItemDown() ? MoveSelectedItem(1) : -1;
 }
 
-// The two exchange their contents: an item that is deleted and inserted again would be reported to
-// the parent as deleted, which then frees what the item's data points to.
+// Exchanges the contents of the two items. Deleting and inserting an item would notify the parent,
+// which then frees the object in the item's data.
 int CVaskListCtrl::MoveSelectedItem(int direction) {
     const int item = GetSingleSelectionItem();
     const int other = item + direction;
@@ -92,8 +92,8 @@ LRESULT CVaskListCtrl::OnMouseDown(WPARAM, LPARAM lParam) {
     return 0;
 }
 
-// A row that comes or leaves changes which of those below are highlighted, but the platform only
-// moves their picture.
+// Inserting or deleting a row changes which of the rows below are highlighted, but the platform
+// only moves their pixels.
 LRESULT CVaskListCtrl::OnRowsChange(WPARAM, LPARAM) {
     const Watch watch(*this);
     const LRESULT result = Default();
@@ -168,7 +168,7 @@ void CVaskListCtrl::SetRowHighlightColor(COLORREF color) {
         Invalidate();
 }
 
-// A sixteenth of the text's colour: texts stay legible whatever the two are.
+// Mixes in a sixteenth of the text's colour: texts stay legible with any two colours.
 COLORREF CVaskListCtrl::GetRowHighlightColor() const {
     if (m_rowHighlightColor != CLR_DEFAULT)
         return m_rowHighlightColor;
@@ -218,9 +218,9 @@ void CVaskListCtrl::OnSize(UINT type, int width, int height) {
         Invalidate();
 }
 
-// The platform asks its parent for such a text only in some versions, so it is drawn after the
-// list's own drawing. All is drawn anew while the text is there, and once when it no longer is: the
-// list-view does not know the text, and scrolls it or leaves it standing.
+// Only some versions of the platform ask the parent for this text, so it is drawn after the list
+// itself. While the text is visible, and once after that, everything is drawn again: the list-view
+// does not know the text and would scroll it or leave it there.
 void CVaskListCtrl::OnPaint() {
     const bool isDrawn = HasEmptyText() && GetItemCount() == 0;
     if (std::exchange(m_isEmptyTextDrawn, isDrawn) || isDrawn)

@@ -55,7 +55,7 @@ BOOL CVaskPropertyPage::ShowValidationErrorMessage(UINT icon, const WCHAR* title
                                                    const CRect& rect) {
     if (m_hWnd == nullptr || IsWindowVisible() || title == nullptr || text == nullptr)
         return m_balloon->Show(icon, title, text, rect);
-    // The sheet brings the page that refused OK to the front, and the focus into it.
+    // The sheet brings the page that refused OK to the front and gives it the focus.
     m_refusal = std::make_unique<quorvel::Refusal>(quorvel::Refusal{icon, title, text, rect});
     return PostMessage(quorvel::kShowRefusalMessage);
 }
@@ -117,16 +117,16 @@ BOOL CVaskPropertyPage::OnInitDialog() {
     m_areStatesLoaded = false;
     m_leaving = Leaving::Validated;
     if (!CPropertyPage::OnInitDialog())
-        return FALSE; // the page is as one whose LoadData failed
+        return FALSE; // the page is like one whose LoadData failed
     UpdateFonts();
     CreateValidationToolTipWindow();
     const HWND window = m_hWnd;
     const BOOL isLoaded = LoadData();
     if (!IsStill(this, window))
         return FALSE;
-    SetLoaded(isLoaded && UpdateData(FALSE)); // the exchange shows what LoadData set
+    SetLoaded(isLoaded && UpdateData(FALSE)); // shows the values that LoadData has set
     if (m_isLoaded)
-        LoadStateControls(); // after LoadData, which makes a list's columns
+        LoadStateControls(); // after LoadData, which creates a list's columns
     return TRUE;
 }
 
@@ -143,21 +143,21 @@ BOOL CVaskPropertyPage::SaveStateControls() {
 }
 
 BOOL CVaskPropertyPage::OnSetActive() {
-    // The controls of a page that was left by Back show what the exchange has not taken yet.
+    // After Back, the page's controls show input that the exchange has not read yet.
     return std::exchange(m_leaving, Leaving::Validated) == Leaving::Back ||
            CPropertyPage::OnSetActive();
 }
 
 BOOL CVaskPropertyPage::OnKillActive() {
     HideValidationErrorMessage();
-    // What is not finished yet must not hold the user who goes back, and what is saved need not be
-    // valid a second time.
+    // A user who goes back need not finish the page first, and saved data need not be valid a
+    // second time.
     if (m_leaving != Leaving::Validated || !m_isLoaded)
         return TRUE;
     return CPropertyPage::OnKillActive() && FieldValidation::Validate(*this);
 }
 
-// Here and not in the handlers themselves, as that of a derived class has the last word.
+// Done here and not in the handlers, because a derived class may override these.
 BOOL CVaskPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
     if (!CPropertyPage::OnNotify(wParam, lParam, result))
         return FALSE;
@@ -196,7 +196,7 @@ void CVaskPropertyPage::OnDestroy() {
     m_refusal.reset();
     m_isLoaded = FALSE;
     CPropertyPage::OnDestroy();
-    if (std::exchange(m_areStatesLoaded, false)) // last, as a hook may throw
+    if (std::exchange(m_areStatesLoaded, false)) // last, because a hook may throw
         StateControls::Save(*this);
 }
 

@@ -42,7 +42,7 @@ BOOL CVaskPropertySheet::OnInitDialog() {
     return setsFocus;
 }
 
-// All pages, as a sheet that is being made cannot be asked for the one in front yet.
+// For all pages, because a sheet that is being created cannot report its front page yet.
 void CVaskPropertySheet::ForEachBalloon(void (*action)(quorvel::ValidationBalloon& balloon)) {
     for (int position = 0; position < GetPageCount(); ++position) {
         if (const auto* const page = dynamic_cast<CVaskPropertyPage*>(GetPage(position)))

@@ -30,7 +30,7 @@ BOOL CVaskWizard::Create(CWnd* parent) {
     return CVaskPropertySheet::Create(parent);
 }
 
-// Another style that the host chose stays.
+// Keeps another style that the host has chosen.
 void CVaskWizard::ShowHeaders() {
     for (int i = 0; i < GetPageCount(); ++i) {
         if ((m_psh.dwFlags & PSH_WIZARD) != 0 && !GetPage(i)->m_strHeaderTitle.IsEmpty())

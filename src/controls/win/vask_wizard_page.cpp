@@ -32,7 +32,7 @@ BOOL CVaskWizardPage::SetHeaderSubTitle(const WCHAR* subTitle) {
     return SetHeader(m_strHeaderSubTitle, subTitle, PSM_SETHEADERSUBTITLEW);
 }
 
-// The sheet has a copy from the time when the page was added.
+// The sheet has copied the texts when the page was added.
 BOOL CVaskWizardPage::SetHeader(CString& text, const WCHAR* value, UINT message) {
     if (value == nullptr)
         return FALSE;

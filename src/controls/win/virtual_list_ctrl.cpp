@@ -1,14 +1,14 @@
-// The rows and their selection are VirtualRows; the list-view has a copy of count and selection, by
-// index.
+// VirtualRows stores the rows and their selection. The list-view has a copy of the count and of the
+// selection by index.
 //
-// What users and programs select in the list-view arrives as notifications and is taken over. A
-// change of rows goes the other way: the rows carry their selection along, and the list-view is
-// sent the difference.
+// A selection by users or programs in the list-view arrives as notifications and is copied to the
+// rows. A change of rows is copied the other way: the selection moves with its rows, and the
+// list-view gets the difference.
 //
-// Within some notifications the list-view is walking over its rows, and its count must not shrink
-// under it. Changes of that time are sent when it has finished, and until then the rows answer what
-// is asked of the list-view. Changes while the host does not redraw the list are sent before the
-// next message to it, all at once. Any notification may destroy the list.
+// During some notifications the list-view is iterating over its rows, and its count must not
+// shrink. Changes at such a time are sent when it has finished. Until then the rows answer requests
+// to the list-view. While the host has disabled redrawing, all changes are sent together before the
+// next message to the list-view. Any notification may destroy the list.
 #include <quorvel/controls/win/virtual_list_ctrl.h>
 
 #include <quorvel/framework/win/wait_cursor.h>
@@ -41,15 +41,15 @@ END_MESSAGE_MAP()
 
 namespace {
 
-constexpr UINT kCtrlA = 1; // the characters of these keys
+constexpr UINT kCtrlA = 1; // the characters of these two keys
 constexpr UINT kCtrlC = 3;
 
-// A host that changes rows each time it is notified of a selection would keep the list busy.
+// Limits a host that changes rows whenever it is notified of a selection.
 constexpr int kMaxSendings = 16;
 
 constexpr int kUnknownFocus = -2;
 
-// In these the list-view is walking over its rows, or uses a row's index afterwards.
+// In these the list-view is iterating over its rows, or uses a row's index afterwards.
 constexpr UINT kWalkingNotifications[] = {
     LVN_GETDISPINFOW, LVN_GETDISPINFOA, LVN_ITEMCHANGING, LVN_ITEMCHANGED, LVN_ODSTATECHANGED,
     LVN_ODCACHEHINT,  LVN_ODFINDITEMW,  LVN_ODFINDITEMA,  NM_CUSTOMDRAW,
@@ -59,15 +59,15 @@ bool IsWalkingNotification(UINT code) {
     return std::ranges::count(kWalkingNotifications, code) > 0;
 }
 
-// For a parent that keeps the notifications to itself: these act on rows from their beginning.
+// For a parent that does not reflect the notifications: these messages iterate from their start.
 bool IsWalkingMessage(UINT message) {
     return message == WM_PAINT || (message >= LVM_FIRST && message < LVM_FIRST + 0x100);
 }
 
 } // namespace
 
-// One change of the rows: takes over what the list-view has selected, and sends it what has
-// changed.
+// One change of the rows: first copies the selection of the list-view to the rows, then sends it
+// the differences.
 class CVirtualListCtrl::Change {
 public:
     explicit Change(CVirtualListCtrl& list) : m_list(list), m_generation(list.m_generation) {
@@ -88,7 +88,7 @@ public:
             m_list.m_unsent = Unsent::All;
         else if (m_generation == m_list.m_generation)
             m_list.Send(std::move(m_shown), m_shownFocus);
-        else // code of the host has changed rows meanwhile
+        else // the host's code has changed rows in the meantime
             m_list.Send(m_list.ReadSelectedRuns(), kUnknownFocus);
     }
 
@@ -99,7 +99,7 @@ private:
     int m_shownFocus = -1;
 };
 
-// A member that is true while it lives.
+// Sets a member to true during its lifetime.
 class CVirtualListCtrl::Flagged {
 public:
     Flagged(CVirtualListCtrl& list, bool CVirtualListCtrl::*flag)
@@ -122,11 +122,11 @@ CVirtualListCtrl::CVirtualListCtrl() : m_rows(std::make_unique<VirtualRows>()) {
 
 CVirtualListCtrl::~CVirtualListCtrl() {
     if (m_hWnd != nullptr)
-        CVirtualListCtrl::DestroyWindow(); // while it may still ask for the rows
+        CVirtualListCtrl::DestroyWindow(); // while it may still request the rows
     Drop(m_rows->RemoveAll(), m_areItemsAutoDeleted);
 }
 
-// A new window knows nothing of the rows, and of the selection in a former one.
+// A new window does not know the rows or the selection of a former window.
 void CVirtualListCtrl::TakeWindow() {
     m_rows->SelectAll(false);
     m_rows->SetFocusedRow(-1);
@@ -227,7 +227,7 @@ void CVirtualListCtrl::SelectInsteadOf(int removedRow, bool wasSelected) {
         m_rows->Select(row, row, true);
 }
 
-// The list-view lets go of the items before they are deleted.
+// The list-view must drop the items before they are deleted.
 void CVirtualListCtrl::SendAndDrop(Change& change,
                                    const std::vector<CVirtualListCtrlItem*>& items) {
     const BOOL areDeleted = m_areItemsAutoDeleted;
@@ -299,8 +299,8 @@ BOOL CVirtualListCtrl::SortItems(int column, int ascending, int force) {
     const RedrawLock lock(*this);
     Change change(*this);
     {
-        // No row counts as selected meanwhile. The list-view is not sent that: to unselect and
-        // select 1,000,000 rows takes it seconds.
+        // In the meantime no row counts as selected. The list-view is not notified: unselecting and
+        // selecting 1,000,000 rows would take it seconds.
         const Flagged sorting(*this, &CVirtualListCtrl::m_isSorting);
         DoSortItems(column, isAscending);
     }
@@ -355,7 +355,7 @@ LRESULT CVirtualListCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             return answer;
     } else if (m_unsent != Unsent::Nothing && !m_isSending) {
         const Watch watch(*this);
-        SendUnsent(); // before anything can ask for it
+        SendUnsent(); // before a message can read it
         if (!watch.IsAlive())
             return 0;
     }
@@ -378,7 +378,7 @@ LRESULT CVirtualListCtrl::DefWindowProc(UINT message, WPARAM wParam, LPARAM lPar
     return result;
 }
 
-// Called before any handler, of this class or a derived one or of the parent.
+// Called before any handler of this class, of a derived one or of the parent.
 BOOL CVirtualListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     if (message == WM_NOTIFY) {
         const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
@@ -386,14 +386,14 @@ BOOL CVirtualListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam,
         if (m_messageDepth > 0)
             m_isWalking = m_isWalkingOutside || IsWalkingNotification(header.code);
         const Watch watch(*this);
-        SendWhenPossible(); // what was changed in an earlier notification of the same message
+        SendWhenPossible(); // changes made in an earlier notification of the same message
         if (!watch.IsAlive())
             return TRUE;
     }
     return CVaskListCtrl::OnChildNotify(message, wParam, lParam, result);
 }
 
-// A row is shown last: a list that is kept from drawing does not scroll.
+// A row is made visible last: a list with redrawing disabled does not scroll.
 void CVirtualListCtrl::SendWhenPossible() {
     if (m_hWnd == nullptr || IsDeferring())
         return;
@@ -405,7 +405,7 @@ void CVirtualListCtrl::SendWhenPossible() {
         ShowRow(m_rows->GetRow(shown));
 }
 
-// By the rows where the list-view does not have what it is asked for yet.
+// Answers from the rows if the list-view does not have the current data yet.
 bool CVirtualListCtrl::AnswerFromRows(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& answer) {
     const int row = static_cast<int>(wParam);
     const UINT word = static_cast<UINT>(lParam);
@@ -417,7 +417,7 @@ bool CVirtualListCtrl::AnswerFromRows(UINT message, WPARAM wParam, LPARAM lParam
         answer = m_isSorting ? 0 : m_rows->GetSelectedCount();
         return true;
     case LVM_GETNEXTITEM:
-        if ((word & ~UINT{LVNI_SELECTED | LVNI_FOCUSED}) != 0) // a place on the screen
+        if ((word & ~UINT{LVNI_SELECTED | LVNI_FOCUSED}) != 0) // asks for a place on the screen
             return false;
         answer =
             m_isSorting && (word & LVNI_SELECTED) != 0
@@ -462,7 +462,7 @@ BOOL CVirtualListCtrl::SetStateOfRows(int row, const LVITEMW& item) {
     return TRUE;
 }
 
-// By a message from outside: the window may not have this object's procedure yet.
+// Sends a message, because the window may not have this object's procedure yet.
 void CVirtualListCtrl::SendCount() {
     m_unsent = Unsent::Nothing;
     ::SendMessageW(m_hWnd, LVM_SETITEMCOUNT, static_cast<WPARAM>(m_rows->GetCount()),
@@ -478,14 +478,14 @@ void CVirtualListCtrl::SendUnsent() {
     Send(ReadSelectedRuns(), kUnknownFocus);
 }
 
-// What the list-view itself has, past the answers of the rows.
+// Reads the list-view's own data, without the answers from the rows.
 LRESULT CVirtualListCtrl::Ask(UINT message, int row, LPARAM lParam) const {
     return const_cast<CVirtualListCtrl*>(this)->CVaskListCtrl::DefWindowProc(
         message, static_cast<WPARAM>(row), lParam);
 }
 
-// A parent may keep the notifications to itself, and a count that shrinks drops selected rows
-// silently.
+// Reads the selection from the list-view. A parent may not reflect the notifications, and a
+// shrinking count drops selected rows without one.
 void CVirtualListCtrl::ReadSelection() const {
     const auto isSelected = [this](int row) {
         return Ask(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0;
@@ -506,7 +506,7 @@ void CVirtualListCtrl::TakeSelection() const {
     m_rows->SetFocusedRow(static_cast<int>(Ask(LVM_GETNEXTITEM, -1, LVNI_FOCUSED)));
 }
 
-// LVM_GETNEXTITEM walks over the rows in between: all of them after the last selected one.
+// LVM_GETNEXTITEM visits all rows up to the next selected one, after the last one all.
 std::vector<RowRun> CVirtualListCtrl::ReadSelectedRuns() const {
     std::vector<RowRun> runs;
     const int count = static_cast<int>(Ask(LVM_GETITEMCOUNT, 0, 0));
@@ -526,7 +526,7 @@ std::vector<RowRun> CVirtualListCtrl::ReadSelectedRuns() const {
     return runs;
 }
 
-// Starts over when the rows change while it is sending.
+// Starts again if the rows change while it is sending.
 void CVirtualListCtrl::Send(std::vector<RowRun> shown, int shownFocus) {
     ++m_generation;
     const Watch watch(*this);
@@ -578,7 +578,7 @@ void CVirtualListCtrl::TakeOver(const NMHDR& header) {
 }
 
 void CVirtualListCtrl::TakeOverItem(int row, UINT state, UINT changed) {
-    if (row < 0) { // all rows, and only some of them may have changed
+    if (row < 0) { // all rows, but only some of them may have changed
         if (!m_isSendingAll)
             TakeSelection();
         return;
@@ -608,20 +608,20 @@ void CVirtualListCtrl::OnLvnGetdispinfo(NMHDR* header, LRESULT*) {
         asked.lParam = item->GetLParam();
     if ((asked.mask & LVIF_TEXT) == 0 || asked.pszText == nullptr || asked.cchTextMax <= 0)
         return;
-    // Last, for it is the host's code, which may delete the row. The list-view counts the shown
-    // columns alone, the host all of them.
+    // Last, because this is the host's code, which may delete the row. The list-view counts only
+    // the shown columns, the host counts all columns.
     const int trueColumn = GetTrueColumn(asked.iSubItem);
     const CString text = item->GetSubItemText(trueColumn >= 0 ? trueColumn : asked.iSubItem);
     ::lstrcpynW(asked.pszText, text, asked.cchTextMax);
 }
 
-// Only typed letters come here; where they start depends on the platform's version.
+// Only typed letters arrive here. Their start row depends on the platform's version.
 void CVirtualListCtrl::OnLvnOdfinditem(NMHDR* header, LRESULT* result) {
     const NMLVFINDITEMW& find = *reinterpret_cast<const NMLVFINDITEMW*>(header);
     *result = m_rows->FindTyped(find.lvfi.psz, m_rows->GetFocusedRow());
 }
 
-// A search of the program's.
+// A search by the program.
 LRESULT CVirtualListCtrl::OnFindItem(WPARAM wParam, LPARAM lParam) {
     const LVFINDINFOW* const find = reinterpret_cast<const LVFINDINFOW*>(lParam);
     if (find == nullptr)
@@ -651,14 +651,14 @@ void CVirtualListCtrl::CopySelectedRows() {
     const int count = GetInsertedColumnCount();
     for (int position = 0; position < count; ++position)
         columns.push_back(GetLeftToRightTrueColumn(position));
-    if (columns.empty()) // not a report
+    if (columns.empty()) // not in report view
         columns.push_back(0);
     const CString text = m_rows->GetSelectedText(columns);
     quorvel::PlaceOnClipboard(m_hWnd, CF_UNICODETEXT, text.GetString(),
                               (static_cast<SIZE_T>(text.GetLength()) + 1) * sizeof(WCHAR));
 }
 
-// The platform's messages about the number of rows, which it would change without the rows.
+// The platform's messages that would change the number of rows without the rows.
 
 LRESULT CVirtualListCtrl::OnSetItemCount(WPARAM wParam, LPARAM) {
     return static_cast<int>(wParam) == GetItemCount() ? Default() : FALSE;
