@@ -1,6 +1,6 @@
-// CVaskEvent: one of the things that a wizard will do or has done, for its last page to list.
+// CVaskEvent: an action that a wizard will do or has done, to be listed on its last page.
 //
-// Copyable; one object may be used by one thread at a time. Lack of memory throws CMemoryException.
+// Copyable. One thread at a time may use an object. A failed allocation throws CMemoryException.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -10,7 +10,7 @@ public:
     CVaskEvent() = default;
     explicit CVaskEvent(const WCHAR* description) : m_description(description) {} // null is empty
 
-    BOOL SetDescription(const WCHAR* description); // FALSE for null, and nothing changed
+    BOOL SetDescription(const WCHAR* description); // FALSE and no change for null
     CString GetDescription() const { return m_description; }
 
     BOOL operator==(const CVaskEvent& other) const noexcept {

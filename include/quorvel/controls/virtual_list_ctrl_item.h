@@ -1,6 +1,6 @@
-// CVirtualListCtrlItem: a row of a list that keeps its rows itself and is asked for them.
+// CVirtualListCtrlItem: a row of a list whose rows are objects of the program.
 //
-// A derived class gives the texts. A plain value; one object may be used by one thread at a time.
+// A derived class provides the texts. Copyable. One thread at a time may use an object.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -18,11 +18,11 @@ public:
     CVirtualListCtrlItem& operator=(const CVirtualListCtrlItem& other) = default;
     virtual ~CVirtualListCtrlItem();
 
-    // What the row shows in a column, which is a true column of the list: its number stays the same
-    // when others are hidden or moved. Empty here.
+    // The text of the row in a column. The number is that of a true column: it stays the same when
+    // other columns are hidden or moved. The default is empty.
     virtual CString GetSubItemText(int column);
 
-    // Of image, indent and item data alone.
+    // Compares only image, indent and item data.
     BOOL operator==(const CVirtualListCtrlItem& other) const noexcept;
     BOOL operator!=(const CVirtualListCtrlItem& other) const noexcept { return !(*this == other); }
 

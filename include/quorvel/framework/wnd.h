@@ -1,12 +1,12 @@
-// CWnd: a window, the object that stands for it, and the maps that lead its messages to members.
+// CWnd: a window object, and the message maps that call its members for the window's messages.
 //
-// An object is used on the thread that created its window. Each thread has a map from windows to
-// their objects: permanent ones, which were attached or created their window, and temporary ones,
-// which FromHandle makes for any other window and which last until that window is gone; they are
-// used at once and not stored.
+// Use an object on the thread that created its window. Each thread has a map from windows to
+// objects. A permanent object was attached to its window or created it. FromHandle makes a
+// temporary object for any other window; it is deleted with the window. Use it at once and do not
+// store it.
 //
-// What needs a screen exists on Windows only. There a top-level window passes WM_SYSCOLORCHANGE and
-// WM_SETTINGCHANGE on to all its descendants, after its own handler.
+// Members that need a screen exist on Windows only. There a top-level window forwards
+// WM_SYSCOLORCHANGE and WM_SETTINGCHANGE to all its descendants, after its own handler.
 #pragma once
 
 #include <quorvel/framework/object.h>
@@ -26,9 +26,9 @@ namespace quorvel {
 struct WindowCallbacks;
 }
 
-// A row of a message map: the message, for WM_COMMAND and WM_NOTIFY also the notification code and
-// the controls' ids from nID to nLastID, and the call of the member. The call returns the message's
-// result; for WM_COMMAND and WM_NOTIFY it returns whether the member handled the message, and
+// A row of a message map: the message; for WM_COMMAND and WM_NOTIFY also the notification code and
+// the range of control ids; and the function that calls the member. It returns the result of the
+// message. For WM_COMMAND and WM_NOTIFY it returns whether the member handled the message, and its
 // lParam is the `extra` of OnCmdMsg or the address of an AFX_NOTIFY.
 struct AFX_MSGMAP_ENTRY {
     UINT nMessage; // 0 ends the table
@@ -41,11 +41,11 @@ struct AFX_NOTIFY {
     LRESULT* pResult;
     NMHDR* pNMHDR;
 };
-// Where OnCmdMsg writes the object that has the handler, when it is only asked for one.
+// OnCmdMsg writes the object that has the handler here, if it only searches for one.
 struct AFX_CMDHANDLERINFO {
     CWnd* pTarget;
 };
-// The notification code of a command, which a menu item, an accelerator or a button sends.
+// The notification code of a command from a menu item, an accelerator or a button.
 inline constexpr int CN_COMMAND = 0;
 
 struct AFX_MSGMAP {
@@ -53,7 +53,7 @@ struct AFX_MSGMAP {
     const AFX_MSGMAP_ENTRY* lpEntries;
 };
 
-// May stand before the declaration of a handler.
+// Optional mark before the declaration of a handler.
 #define afx_msg
 
 #define DECLARE_MESSAGE_MAP()                                                                      \
@@ -61,7 +61,7 @@ protected:                                                                      
     static const AFX_MSGMAP* GetThisMessageMap();                                                  \
     const AFX_MSGMAP* GetMessageMap() const override;
 
-// The two are halves of one function.
+// The two macros are the halves of one function.
 // clang-format off
 #define BEGIN_MESSAGE_MAP(theClass, baseClass)                                                     \
     const AFX_MSGMAP* theClass::GetMessageMap() const {                                            \
@@ -79,9 +79,9 @@ protected:                                                                      
     }
 // clang-format on
 
-// The rows. `call` is an expression over `self`, `wParam` and `lParam`; its value is what the row's
-// call returns. A handler that has not dealt with its message wholly returns Default(). The rows of
-// the messages that exist on Windows only are in <quorvel/framework/win/message_map.h>.
+// The rows. `call` is an expression of `self`, `wParam` and `lParam`; the row's function returns
+// its value. A handler that does not handle its message completely returns Default(). Rows for
+// messages that exist only on Windows are in <quorvel/framework/win/message_map.h>.
 #define QUORVEL_MESSAGE_ROW(message, code, firstId, lastId, call)                                  \
     {message, static_cast<UINT>(code), static_cast<UINT>(firstId), static_cast<UINT>(lastId),      \
      [](CWnd* wnd, [[maybe_unused]] WPARAM wParam, [[maybe_unused]] LPARAM lParam) -> LRESULT {    \
@@ -107,29 +107,29 @@ protected:                                                                      
 #define ON_WM_TIMER() QUORVEL_MESSAGE_ROW(WM_TIMER, 0, 0, 0, (self->OnTimer(wParam), LRESULT{0}))
 
 #if defined(_WIN32)
-// Sent to the window of a modal loop when there are no messages, with MSGF_DIALOGBOX and the count
-// of times since the last message. It answers whether it wants to be sent another.
+// Sent to the window of a modal loop when no message waits, with MSGF_DIALOGBOX and the number of
+// times since the last message. A non-zero result requests another one.
 inline constexpr UINT WM_KICKIDLE = 0x036a;
-// The flags of RunModalLoop.
+// Flags of RunModalLoop.
 inline constexpr DWORD MLF_NOIDLEMSG = 1;  // the owner gets no WM_ENTERIDLE
 inline constexpr DWORD MLF_NOKICKIDLE = 2; // the window gets no WM_KICKIDLE
-inline constexpr DWORD MLF_SHOWONIDLE = 4; // shows the window when there are no messages
+inline constexpr DWORD MLF_SHOWONIDLE = 4; // shows the window when no message waits
 #endif
 
-// Subclasses the next window that is created on this thread, as it is created, and is released as
-// soon as that window exists. For windows that a platform function creates; the object, which has
-// no window yet, must outlive the call of it.
+// Subclasses the next window that is created on this thread, during its creation. The hook is
+// removed as soon as that window exists. It is for windows that a platform function creates. The
+// object must have no window yet, and must outlive that function's call.
 QUORVEL_API void AfxHookWindowCreate(CWnd* wnd);
-// Releases the hook if it is still there. FALSE when no window was created since it was set.
+// Removes a hook that is still set. FALSE when no window was created since it was set.
 QUORVEL_API BOOL AfxUnhookWindowCreate();
 
 class QUORVEL_API CWnd : public CCmdTarget {
     DECLARE_DYNAMIC(CWnd)
 public:
     CWnd();
-    ~CWnd() override; // destroys the window that it still has
+    ~CWnd() override; // destroys its window, if any
 
-    HWND m_hWnd; // null when there is none
+    HWND m_hWnd; // null without a window
     HWND GetSafeHwnd() const { return m_hWnd; }
 
     // Null for a null handle.
@@ -137,82 +137,82 @@ public:
     // Null when the window has no permanent object on this thread.
     static CWnd* FromHandlePermanent(HWND window);
 
-    // Makes this the window's permanent object. FALSE, and nothing changed, for a null handle, when
-    // this object has a window and when the window has another object.
+    // Makes this object the window's permanent object. Returns FALSE and changes nothing for a null
+    // handle, when this object has a window, and when the window has an object.
     BOOL Attach(HWND window);
-    // Takes the window away from the object without touching it; null when there is none.
+    // Detaches the window without changing it, and returns it; null without a window.
     HWND Detach();
-    // Attach, and this object's members get the window's messages; those without a handler go on
-    // to the window's own procedure. FALSE also when there is no such window.
+    // Attaches the window and handles its messages in this object's members. Messages without a
+    // handler are passed to the window's own procedure. FALSE also when the window does not exist.
     BOOL SubclassWindow(HWND window);
-    // Gives the window its own procedure back, and detaches it.
+    // Restores the window's own procedure and detaches the window.
     HWND UnsubclassWindow();
 
-    // A child window: WS_CHILD is added. FALSE when it cannot be created, with the platform's
-    // error.
+    // Creates a child window: WS_CHILD is added. On failure returns FALSE; the platform's last
+    // error has the reason.
     BOOL Create(const WCHAR* className, const WCHAR* windowName, DWORD style, const RECT& rect,
                 CWnd* parent, UINT id);
-    // Any window. The object is attached before the first message comes. After a failure to
-    // create, PostNcDestroy has been called.
+    // Creates any window. The object is attached before the window's first message. If it cannot be
+    // created, PostNcDestroy has been called when this returns.
     BOOL CreateEx(DWORD extendedStyle, const WCHAR* className, const WCHAR* windowName, DWORD style,
                   int x, int y, int width, int height, HWND parentOrOwner, HMENU menuOrId,
                   LPVOID parameter = nullptr);
-    virtual BOOL DestroyWindow(); // FALSE when there is none
+    virtual BOOL DestroyWindow(); // FALSE without a window
 
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void GetWindowText(CString& text) const;
     BOOL SetWindowText(const WCHAR* text);
     DWORD GetStyle() const;
     int GetDlgCtrlID() const;
-    CWnd* GetParent() const; // the parent of a child, the owner of a pop-up; null when none
+    CWnd* GetParent() const; // parent of a child, owner of a pop-up, or null
 
     // Calls the handler of a command or of a control's notification: `code` is CN_COMMAND or the
-    // notification's. With `info` it is not called: the result says whether there is one.
+    // notification code. With `info` it only searches: the result says whether there is a handler.
     virtual BOOL OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info);
 
 #if defined(_WIN32)
-    // Subclasses the parent's control of that id.
+    // Subclasses the control with that id of the parent.
     BOOL SubclassDlgItem(UINT id, CWnd* parent);
 
     // Calls DoDataExchange to copy the data to the controls (FALSE) or from them (TRUE). FALSE
-    // when the exchange failed; the user has been notified then. While it runs this window gets no
-    // notifications of its controls.
+    // means that the exchange failed and the user was notified. During the exchange this window
+    // gets no notifications from its controls.
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
 
-    // Shows the child windows as the ON_UPDATE_COMMAND_UI rows of the target say. With
+    // Updates the child windows with the target's ON_UPDATE_COMMAND_UI handlers. With
     // `disableIfNoHandler` a push button without an ON_COMMAND row is disabled.
     void UpdateDialogControls(CWnd* target, BOOL disableIfNoHandler);
 
-    // Handles this thread's messages until EndModalLoop, and returns what that was given. -1 when
-    // the window is destroyed before, and on WM_QUIT, which is posted again. The flags are below.
-    // Between messages the window gets WM_KICKIDLE until it answers 0.
+    // Handles this thread's messages until EndModalLoop and returns its argument. Returns -1 when
+    // the window is destroyed first, and on WM_QUIT, which is posted again. `flags` are the MLF_
+    // constants. Between messages the window gets WM_KICKIDLE until its result is 0.
     int RunModalLoop(DWORD flags = 0);
-    virtual BOOL ContinueModal(); // asked after each message
+    virtual BOOL ContinueModal(); // called after each message; FALSE ends the loop
     virtual void EndModalLoop(int result);
 
-    // Called before a message is translated and dispatched, for the window it is addressed to and
-    // then for its parents and owners. TRUE ends the handling of the message.
+    // Called before a message is translated and dispatched: first for its own window, then for the
+    // parents and owners of that. TRUE ends the handling of the message.
     virtual BOOL PreTranslateMessage(MSG* message);
-    // Calls PreTranslateMessage from the message's window up to `stop`, which comes last.
+    // Calls PreTranslateMessage from the message's window up to and including `stop`.
     static BOOL WalkPreTranslateTree(HWND stop, MSG* message);
 
-    // In the middle of the parent, or of the visible owner, otherwise of the monitor's work area;
-    // a window that is no child stays within that area.
+    // Centres the window in its parent or its visible owner, or else in the monitor's work area. A
+    // window that is not a child stays within the work area.
     void CenterWindow();
-    // TRUE when the style changed. `positionFlags`, when not 0, are passed to SetWindowPos.
+    // TRUE when the style changed. Non-zero `positionFlags` are passed to SetWindowPos.
     BOOL ModifyStyle(DWORD remove, DWORD add, UINT positionFlags = 0) {
         return ModifyStyleOf(GWL_STYLE, remove, add, positionFlags);
     }
     BOOL ModifyStyleEx(DWORD remove, DWORD add, UINT positionFlags = 0) {
         return ModifyStyleOf(GWL_EXSTYLE, remove, add, positionFlags);
     }
-    // To every window below this one; with `onlyPermanent` to those with a permanent object.
+    // Sends to every window below this one; with `onlyPermanent` only to permanent objects.
     void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0,
                                   BOOL deep = TRUE, BOOL onlyPermanent = FALSE);
-    // The last in the row of parents and owners; the window itself when it has none.
+    // The last window in the chain of parents and owners; this window when it has neither.
     CWnd* GetTopLevelParent() const;
-    // A box over this window, which does not pass through the application's DoMessageBox. A null
-    // caption is the application's name.
+    // Shows a box over this window without the application's DoMessageBox. A null caption means the
+    // application's name.
     int MessageBox(const WCHAR* text, const WCHAR* caption = nullptr, UINT type = MB_OK);
     void GetDlgItemText(int id, CString& text) const;
     CFont* GetFont() const; // null: the system font
@@ -224,7 +224,7 @@ public:
     int ReleaseDC(CDC* dc);
     CDC* BeginPaint(PAINTSTRUCT* paint);
 
-    // Each of the rest forwards to the platform's function of its name.
+    // Each of the following members calls the platform's function of the same name.
 
     // Messages and timers
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
@@ -266,8 +266,8 @@ public:
     BOOL BringWindowToTop() {
         return ::BringWindowToTop(m_hWnd);
     }
-    // A rectangle's corners are mapped together, so that the edges of a mirrored window are not
-    // swapped.
+    // The corners of a rectangle are mapped together, so that a mirrored window does not swap its
+    // edges.
     void ClientToScreen(POINT* point) const {
         ::ClientToScreen(m_hWnd, point);
     }
@@ -294,7 +294,7 @@ public:
     BOOL IsWindowVisible() const {
         return ::IsWindowVisible(m_hWnd);
     }
-    // TRUE when it was disabled before.
+    // TRUE when the window was disabled before.
     BOOL EnableWindow(BOOL enable = TRUE) {
         return ::EnableWindow(m_hWnd, enable);
     }
@@ -353,7 +353,7 @@ public:
     // Focus, activation and capture
     CWnd* SetFocus() {
         return FromHandle(::SetFocus(m_hWnd));
-    } // the window that had it
+    } // the previous window
     static CWnd* GetFocus() {
         return FromHandle(::GetFocus());
     }
@@ -469,35 +469,35 @@ public:
 #endif
 
 protected:
-    // The window exists and is attached; its messages don't come here yet.
+    // The window exists and is attached, but this object does not get its messages yet.
     virtual void PreSubclassWindow();
-    // The window is gone and detached, and no longer the application's main window: the place for
-    // `delete this`.
+    // The window was destroyed and detached and is no longer the application's main window. `delete
+    // this` is allowed here.
     virtual void PostNcDestroy();
 
-    // An exception that leaves WindowProc ends there: CWinApp::ProcessWndProcException reports it.
-    // The message's result is then 0, or -1 for WM_CREATE, which takes the window back.
+    // An exception that leaves WindowProc is caught: CWinApp::ProcessWndProcException reports it.
+    // The result of the message is then 0; for WM_CREATE it is -1, which destroys the window.
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     // FALSE when there is no handler; *result is then unchanged.
     virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
-    // The window's own procedure.
+    // Calls the window's own procedure.
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
-    // DefWindowProc for the message that is being handled.
+    // Calls DefWindowProc for the current message.
     LRESULT Default();
-    // The message that is being handled, to be read at once: its window, number and parameters.
+    // The current message: window, number and parameters. Read it at once, do not store it.
     static const MSG* GetCurrentMessage();
 
 #if defined(_WIN32)
     // Exchanges the data of this window's controls, by the DDX_ and DDV_ functions.
     virtual void DoDataExchange(CDataExchange* exchange);
-    // Called for a notification of this control that its parent received. TRUE when it was handled
-    // here; the parent's own handlers then don't get it.
+    // Called with a notification of this control that its parent received. TRUE means that it is
+    // handled; the parent's handlers then do not get it.
     virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
-    // What the handlers of a derived class pass on to. Without a comment: the window's own
-    // procedure, with the message as it came, whatever the arguments are.
+    // The base handlers, for derived classes to call. Unless a comment says otherwise, they call
+    // the window's own procedure with the original message and ignore the arguments.
     int OnCreate(CREATESTRUCTW*) {
         return static_cast<int>(Default());
     }
@@ -624,9 +624,9 @@ protected:
     void OnEndSession(BOOL) {
         Default();
     }
-    // Shows the menu's items as the ON_UPDATE_COMMAND_UI rows of this window say.
+    // Updates the menu's items with the ON_UPDATE_COMMAND_UI handlers of this window.
     void OnInitMenuPopup(CMenu* menu, UINT index, BOOL systemMenu);
-    // The control itself first, by its reflected rows, then the window's own procedure.
+    // Try the control's own reflected rows first, then the window's own procedure.
     HBRUSH OnCtlColor(CDC*, CWnd*, UINT) {
         return reinterpret_cast<HBRUSH>(ReflectOrDefault());
     }
@@ -678,7 +678,7 @@ private:
     int m_modalResult = 0;
 #endif
 
-    WNDPROC m_super = nullptr; // the window's own procedure; null: the platform's default one
+    WNDPROC m_super = nullptr; // the window's own procedure; null: the platform's default
 };
 
 namespace quorvel {

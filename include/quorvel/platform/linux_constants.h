@@ -1,10 +1,10 @@
-// The Windows constants that public signatures use, for Linux, and the operations on words that the
-// SDK has as macros.
+// The Windows constants that public signatures use, for Linux, and as functions the word operations
+// that are macros in the SDK.
 //
-// They are constants in a namespace, and found without its name through the directive at the end.
-// So a host's or another library's name that is equal hides none of ours and does not collide with
-// it: `enum class Method { DELETE }` compiles. A macro of that name which another header defined
-// before is left as it is, where headers with such macros are known.
+// They are constants in a namespace; the directive at the end makes them visible without its name.
+// So equal names of a host or another library do not hide ours and do not conflict: `enum class
+// Method { DELETE }` compiles. If a known header has already defined a macro of that name, the
+// macro stays.
 #pragma once
 
 #include <quorvel/platform/linux_types.h>

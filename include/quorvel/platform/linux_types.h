@@ -1,8 +1,8 @@
-// The Windows types that public signatures use, for Linux; their constants are in
-// linux_constants.h, which it includes at its end.
+// The Windows types that public signatures use, for Linux. The constants are in linux_constants.h,
+// which this header includes at its end.
 //
-// Widths are those of 32-bit and 64-bit Windows: LONG, DWORD and UINT are 32 bits whatever the
-// compiler's long is. Handles are opaque pointers of distinct types.
+// Widths are those of 32-bit and 64-bit Windows: LONG, DWORD and UINT always have 32 bits. Handles
+// are opaque pointers of distinct types.
 #pragma once
 
 #include <quorvel/platform/export.h>
@@ -81,8 +81,8 @@ typedef HBRUSH__* HBRUSH;
 struct HHOOK__;
 typedef HHOOK__* HHOOK;
 
-// What is a macro here has to be one: it is empty, joins tokens, or casts to a pointer, which
-// no constant can do.
+// Only what cannot be a constant is a macro here: empty ones, token pasting, and casts to
+// pointers.
 #ifndef WINAPI
 #define WINAPI
 #endif
@@ -130,7 +130,7 @@ struct SYSTEMTIME {
     WORD wMilliseconds;
 };
 struct TIME_ZONE_INFORMATION {
-    LONG Bias; // minutes: UTC is local time and the bias
+    LONG Bias; // minutes: UTC = local time + bias
     WCHAR StandardName[32];
     SYSTEMTIME StandardDate;
     LONG StandardBias;
@@ -146,10 +146,10 @@ union LARGE_INTEGER {
     } u;
     LONGLONG QuadPart;
 };
-struct SECURITY_ATTRIBUTES; // never defined: only null pointers are taken
+struct SECURITY_ATTRIBUTES; // never defined: only null is accepted
 struct OVERLAPPED;
 
-// The registry. The value of a root is extended by its sign on 64 bits, as on Windows.
+// The registry. On 64 bits the value of a root key is sign-extended, as on Windows.
 #define QUORVEL_REGISTRY_ROOT(number)                                                              \
     (reinterpret_cast<HKEY>(static_cast<LONG_PTR>(static_cast<LONG>(number))))
 #define HKEY_CLASSES_ROOT QUORVEL_REGISTRY_ROOT(0x80000000u)

@@ -1,21 +1,21 @@
-// CAutoCompleteEdit: an edit that offers what was typed before. Windows only, user-interface
+// CAutoCompleteEdit: an edit control that offers earlier texts. Windows only, user-interface
 // thread.
 //
-// The edit has a list of its own (CAutoCompleteMRUList), which starts empty. When the edit is
-// subclassed, also by DDX_Control, the platform's auto-completion is bound to it and reads that
-// list. A text joins the list when the host says so: AddActiveTextToMRUList, usually when a dialog
-// is ended with OK. What is added is offered from the next time on that the edit's text becomes
+// The edit has its own list (CAutoCompleteMRUList), which is initially empty. When the
+// edit is subclassed, also by DDX_Control, the platform's auto-completion is bound to
+// it and reads the list. The host adds texts with AddActiveTextToMRUList, usually when
+// a dialog ends with OK. A new text is offered after the next time that the edit is
 // empty.
 //
-// The component model has to be initialised on the thread (CoInitialize); otherwise the edit is not
-// bound and works as a plain one, and a dialog that declares it loads its list and never saves it.
-// The auto-completion ends with its window and stays with one that the object is detached from; the
-// next window that the object gets is bound anew. The edit holds a reference to the list and
-// releases it last, after the object of the auto-completion; that object may live on until the
-// window is destroyed and holds a reference of its own. So the list lasts as long as anybody reads
-// it, whatever is destroyed first.
+// The thread must have initialised the component model (CoInitialize). Otherwise the edit is not
+// bound and works as a plain edit; a dialog that declares it loads its list and never saves it.
+// The auto-completion ends with its window. If the object is detached, it stays with that
+// window; the next window of the object is bound anew. The edit releases its reference to the
+// list last, after the auto-completion object. That object may exist until the window is
+// destroyed and has its own reference. So the list exists as long as it is used, in any order of
+// destruction.
 //
-// While the drop-down shows, Escape and Enter close it and do not reach the dialog.
+// While the drop-down list is shown, Escape and Enter close it and do not reach the dialog.
 #pragma once
 
 #include <quorvel/controls/auto_complete_mru_list.h>
@@ -32,27 +32,27 @@ public:
     CAutoCompleteEdit();
     ~CAutoCompleteEdit() override;
 
-    // Whether the auto-completion is bound. The operations below it are FALSE when it is not.
+    // Whether the auto-completion is bound. If not, the four operations below return FALSE.
     BOOL IsAutoCompleteObjectValid() const { return m_autoComplete != nullptr; }
-    // The platform's ACO_ flags, any value. GetOptions sets its output to 0 first.
+    // The platform's ACO_ flags; any value is accepted. On failure GetOptions sets 0.
     BOOL SetOptions(DWORD options);
     BOOL GetOptions(DWORD& options) const;
-    // Enabling sets the options given at binding, or DEFAULT_OPTIONS when those are 0; disabling
-    // sets none.
+    // TRUE sets the options with which the edit was bound, or DEFAULT_OPTIONS if these are 0; FALSE
+    // sets 0.
     BOOL EnableAutoCompletion(BOOL enable);
-    BOOL IsAutoCompletionEnabled() const; // whether there are options
+    BOOL IsAutoCompletionEnabled() const; // whether any option is set
 
-    // The list, without which (when there was no memory for it) all that follows is FALSE or 0.
+    // Whether the list exists. Without it (no memory) the operations below return FALSE or 0.
     BOOL IsMRUListValid() const { return m_list != nullptr; }
-    BOOL AddMRUListEntry(const WCHAR* text); // FALSE also for null, an empty text and white space
+    BOOL AddMRUListEntry(const WCHAR* text); // FALSE also for null, "" and white space
     BOOL AddActiveTextToMRUList();           // the window's text; FALSE without a window
     BOOL RemoveMRUListEntry(const WCHAR* text);
     BOOL ClearMRUList();
     BOOL SetMRUListSizeLimit(UINT limit); // 1 to 50
     UINT GetMRUListSizeLimit() const;
 
-    // The list's state: see CAutoCompleteMRUList. A registry path's key is created when saved and
-    // opened when loaded. With `closeKey` the key is closed in any case, also without a list.
+    // Save and load as CAutoCompleteMRUList does. For a path, saving creates the key and loading
+    // opens it. With `closeKey` the key is always closed, even without a list.
     BOOL SaveState(const CRegistryPath& path);
     BOOL LoadState(const CRegistryPath& path);
     BOOL SaveState(HKEY key, BOOL closeKey);
@@ -62,18 +62,18 @@ public:
 
 protected:
     void PreSubclassWindow() override;
-    BOOL ReleaseAutoCompleteObject(); // FALSE when there is none
+    BOOL ReleaseAutoCompleteObject(); // FALSE without one
 
     void OnDestroy();
-    UINT OnGetDlgCode(); // with the keys that the drop-down needs
+    UINT OnGetDlgCode(); // adds the keys that the drop-down list needs
     DECLARE_MESSAGE_MAP()
 
 private:
     BOOL Bind(DWORD options, const WCHAR* quickComplete);
     BOOL Unbind();
 
-    IAutoComplete* m_autoComplete = nullptr; // a reference of this object's
-    HWND m_bound = nullptr;                  // the window that it completes
-    CAutoCompleteMRUList* m_list = nullptr;  // likewise
+    IAutoComplete* m_autoComplete = nullptr; // this object holds a reference
+    HWND m_bound = nullptr;                  // the window that it is bound to
+    CAutoCompleteMRUList* m_list = nullptr;  // this object holds a reference
     DWORD m_options = 0;
 };

@@ -1,7 +1,7 @@
-// CColumnsDlg: the dialog in which users choose, order and size the columns of a list. Windows
-// only, user-interface thread.
+// CColumnsDlg: the dialog in which users show, order and size the columns of a list. Windows only,
+// user-interface thread.
 //
-// The list changes when the dialog ends with OK. It must outlive the dialog.
+// OK applies the changes to the list. The list must outlive the dialog.
 #pragma once
 
 #include <quorvel/controls/win/vask_dialog.h>

@@ -1,9 +1,9 @@
 // CEditHyperlinkDlg: the dialog in which users edit the text and the address of a link. Windows
 // only, user-interface thread.
 //
-// OK refuses, with a balloon, an empty text and an address that is not valid. When the text is
-// read-only it is not checked, and an address that is chosen in the list or by picking a file
-// becomes the text too.
+// OK refuses an empty text or an invalid address and shows a balloon. A read-only text
+// is not checked; then an address from the list or of a chosen file also becomes the
+// text.
 #pragma once
 
 #include <quorvel/controls/win/link_combo_box.h>
@@ -15,7 +15,7 @@ public:
     explicit CEditHyperlinkDlg(int displayTextReadOnly, CWnd* parent = nullptr);
     ~CEditHyperlinkDlg() override;
 
-    // What the dialog opens with, and after OK what the user has made of it.
+    // The initial values, and after OK the user's input.
     void SetDisplayText(const CString& text) { m_displayText = text; }
     const CString& GetDisplayText() const { return m_displayText; }
     void SetURI(const CString& uri) { m_uri = uri; }

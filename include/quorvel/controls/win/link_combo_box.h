@@ -1,8 +1,8 @@
-// CLinkComboBox: a combo box for an address, which offers the schemes and picks files. Windows
-// only, user-interface thread.
+// CLinkComboBox: a combo box for addresses, which offers schemes and lets the user choose files.
+// Windows only, user-interface thread.
 //
-// Choosing "file://" in the open list shows the system's dialog for files. The address of the file
-// that is picked becomes the text, and the parent gets WM_COMMAND with the code FILE_CHOSEN.
+// Choosing "file://" in the open list shows the system's file dialog. The address of the chosen
+// file becomes the text, and the parent gets WM_COMMAND with the code FILE_CHOSEN.
 #pragma once
 
 #include <quorvel/framework/win/combo_box.h>
@@ -13,17 +13,17 @@ class QUORVEL_API CLinkComboBox : public CComboBox {
 public:
     static constexpr UINT FILE_CHOSEN = 0x83F8; // the notification code
 
-    // Fills the list: http://, mailto:, file://, https://, ftp://, news: and gopher://. The list
-    // shows all of them when it is open.
+    // Fills the list: http://, mailto:, file://, https://, ftp://, news: and gopher://. The open
+    // list shows all of them.
     void LoadURLSchemes();
     // Whether the text is a valid address (AfxIsValidURL).
     BOOL IsValidURL() const;
-    // Lets the user pick a file, as choosing "file://" does. FALSE when the user cancelled; the
-    // text stays then.
+    // Lets the user choose a file, as "file://" does. Returns FALSE and keeps the text when the
+    // user cancelled.
     BOOL ChooseFile();
 
 protected:
-    // The system's dialog. FALSE: no file was picked.
+    // Shows the system's dialog. FALSE when no file was chosen.
     virtual BOOL PickFile(CString& path);
 
     BOOL OnDropDown();
@@ -34,5 +34,5 @@ protected:
 
 private:
     bool m_isDropped = false;
-    bool m_hasChosen = false; // in the open list
+    bool m_hasChosen = false; // the user chose in the open list
 };

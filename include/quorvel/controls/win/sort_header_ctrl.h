@@ -1,8 +1,8 @@
-// CSortHeaderCtrl: a header that shows by an arrow which column a list is sorted by. Windows only,
-// user-interface thread.
+// CSortHeaderCtrl: a header with an arrow that shows by which column a list is sorted. Windows
+// only, user-interface thread.
 //
-// Columns are inserted columns, the header's own indexes. Where the platform's header draws arrows
-// it is asked to; common controls before version 6 draw none, and the header draws its own then.
+// Columns are inserted columns, that is, indexes of the header. The platform's header draws the
+// arrow if it can; common controls before version 6 cannot, and this class then draws it.
 #pragma once
 
 #include <quorvel/framework/win/header_ctrl.h>
@@ -14,13 +14,13 @@ public:
     CSortHeaderCtrl();
     ~CSortHeaderCtrl() override;
 
-    // Shows the arrow on this column and on no other; -1: on none. Call it again after a column's
-    // text or format was set: the platform drops its arrow then.
+    // Shows the arrow on this column only; -1 shows no arrow. Call it again after setting a
+    // column's text or format, because the platform then removes its arrow.
     void SetSort(int insertedColumn, BOOL ascending, BOOL redraw = TRUE);
     int GetSortColumn() const { return m_column; }
     BOOL IsSortAscending() const { return m_isAscending; }
 
-    // Whether the header draws the arrow, as it does at first where the platform does not.
+    // Whether this class draws the arrow. The default is TRUE where the platform cannot draw it.
     void SetOwnArrow(BOOL isOwn);
     BOOL HasOwnArrow() const { return m_hasOwnArrow; }
 

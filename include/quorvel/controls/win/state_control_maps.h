@@ -1,5 +1,5 @@
-// The maps in which dialogs and property pages declare the controls whose state they keep: which
-// control's state lies where, in an open key, in a section of the application's profile, or at a
+// Maps in which dialogs and property pages declare the controls whose state they save. A value is
+// the place of the control's state: an open key, a section of the application's profile, or a
 // registry path. Windows only.
 #pragma once
 

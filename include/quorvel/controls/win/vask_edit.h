@@ -1,6 +1,6 @@
 // CVaskEdit: the base of the library's edit controls. Windows only, user-interface thread.
 //
-// Ctrl+A selects the whole text, which the platform's edits of several lines do not do themselves.
+// Ctrl+A selects all text. The platform's multi-line edits do not do that.
 #pragma once
 
 #include <quorvel/framework/win/edit.h>

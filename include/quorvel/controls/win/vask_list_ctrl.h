@@ -1,23 +1,23 @@
-// CVaskListCtrl: a report list whose columns users hide, show, reorder, size and sort by, and which
-// keeps that arrangement. Windows only, user-interface thread.
+// CVaskListCtrl: a report list. Users can hide, show, reorder, resize and sort by columns; the list
+// saves this arrangement. Windows only, user-interface thread.
 //
-// Columns have three numbers:
+// A column has three numbers:
 //   true column      the application's number of a column, shown or hidden; states are keyed by it;
 //   inserted column  the index among the shown ones, which the platform's messages use;
 //   display position the place on the screen from the left.
-// Number true columns 0, 1, 2 and so on, without gaps: those from the number of records on are not
-// saved and have no item in the header's menu, which has room for 51. -1 stands for no column.
+// Number true columns 0, 1, 2 and so on, without gaps. Numbers not below the number of records are
+// not saved and have no item in the header's menu, which has room for 51. -1 means no column.
 //
-// A list without column records is a plain list-view: its true and inserted columns are the same,
-// and only widths are kept. In a list with records the platform's messages act on the records too:
-// a column that LVM_DELETECOLUMN deletes has none any more, one that LVM_INSERTCOLUMN inserts has
-// the true column -1, and LVM_SETCOLUMN gives the record a new heading and alignment.
+// Without column records the list is a plain list-view: true and inserted columns are the same, and
+// only widths are saved. With records, the platform's messages change the records too:
+// LVM_DELETECOLUMN removes a column's record, a column inserted by LVM_INSERTCOLUMN has the true
+// column -1, and LVM_SETCOLUMN sets heading and alignment of the record.
 //
-// The list's parent must be a window of the framework, which passes notifications back to the list.
+// The list's parent must be a framework window, which reflects notifications to the list.
 //
-// Shift+Tab leads from the list to its header, unless that is hidden or can do nothing: there are
-// no records and its clicks are blocked. The keys of the header are those of
-// CVaskListCtrlHeaderCtrl.
+// Shift+Tab moves the focus from the list to its header, unless the header is hidden or useless
+// (no records, and its clicks are blocked). See CVaskListCtrlHeaderCtrl for the keys of the
+// header.
 #pragma once
 
 #include <quorvel/controls/win/vask_list_ctrl_header_ctrl.h>
@@ -32,13 +32,13 @@ struct ReportColumns;
 } // namespace quorvel
 
 struct VASKCOLUMN {
-    int savedPosition = -1; // the display position when last hidden; -1 when it was defined hidden
+    int savedPosition = -1; // display position when last hidden; -1 if defined hidden
     int trueColumn = 0;
     BOOL visible = TRUE;
     CString heading;
-    // As it was given. Whatever the mask is, the text is `heading`. In what GetVaskColumn returns
-    // the text pointer is the list's own and valid until the column changes, and the width of a
-    // hidden column is the one that it had.
+    // As it was defined, with the text `heading` whatever the mask is. In a result of
+    // GetVaskColumn, the text pointer belongs to the list and is valid until the column changes;
+    // the width of a hidden column is its last width.
     LVCOLUMNW column = {};
 };
 
@@ -48,27 +48,27 @@ public:
     CVaskListCtrl();
     ~CVaskListCtrl() override;
 
-    // Defines a column. The result is its inserted column: -1 for a hidden column, which is kept
-    // too. Also -1, and nothing is kept, for a null heading, a negative true column, one that
-    // exists, and when the list-view refuses. Width and sub-item -1: not given. A hidden column
-    // without a width gets its default width when it is shown, a shown one the platform's.
+    // Defines a column and returns its inserted column; -1 for a hidden column, which is defined
+    // too. Also returns -1, and defines no column, for a null heading, for a true column that is
+    // negative or exists, and when the list-view refuses. Width and sub-item -1 mean unspecified:
+    // when it is shown, a hidden column gets its default width, any other column the platform's.
     int InsertVaskColumn(int position, int trueColumn, int visible, const WCHAR* heading,
                          int format = LVCFMT_LEFT, int width = -1, int subItem = -1);
     int InsertVaskColumn(int position, const VASKCOLUMN* column);
-    // Hiding remembers the column's display position and width. Showing puts it back there; one
-    // that was defined hidden comes last. FALSE for a column that does not exist and when the
-    // list-view refuses. Hiding or deleting the sort column ends in OnDeleteSortColumn.
+    // Hiding stores the column's display position and width; showing restores them. A column that
+    // was defined hidden is shown last. Returns FALSE for a column that does not exist and when the
+    // list-view refuses. Hiding or deleting the sort column calls OnDeleteSortColumn.
     //
-    // The platform drops the texts of a hidden column. A list that asks for its texts
-    // (LPSTR_TEXTCALLBACK, or with LVS_OWNERDATA) is not concerned; others override
-    // OnShowVaskColumn and set them again.
+    // The platform loses the texts of a hidden column. This does not matter for a list that
+    // provides its texts on request (LPSTR_TEXTCALLBACK, LVS_OWNERDATA). Other lists override
+    // OnShowVaskColumn to set them again.
     BOOL ShowVaskColumn(int trueColumn, int show);
     BOOL DeleteVaskColumn(int trueColumn);
 
     BOOL DoesTrueColumnExist(int trueColumn) const; // whether it has a record
     BOOL IsVaskColumnVisible(int trueColumn) const;
     BOOL GetVaskColumn(int trueColumn, VASKCOLUMN* column) const;
-    // The width of a hidden column is the one that it was given or had; -1 when it was given none.
+    // For a hidden column its last or defined width; -1 if it was never set.
     int GetVaskColumnWidth(int trueColumn) const;
     BOOL SetVaskColumnWidth(int trueColumn, int width); // FALSE for a column that does not exist
     int GetTrueColumnCount() const;
@@ -77,44 +77,44 @@ public:
     int GetTrueColumn(int insertedColumn) const;
     int GetLeftToRightColumn(int displayPosition) const;
     int GetLeftToRightTrueColumn(int displayPosition) const;
-    int GetColumnSortOrder(int insertedColumn) const;            // its display position
+    int GetColumnSortOrder(int insertedColumn) const;            // returns its display position
     BOOL IsColumnSortOrderPersisted() const;                     // whether there are records
     BOOL SetColumnAlignment(int insertedColumn, UINT alignment); // LVCFMT_LEFT, RIGHT or CENTER
-    // Every column as wide as its longest text, or with `useHeader` also as its heading. That asks
-    // for the texts of all rows.
+    // Makes every column as wide as its longest text or, with `useHeader`, also its heading. Reads
+    // the texts of all rows.
     BOOL AutoSetColumnWidths(int useHeader); // FALSE without columns
-    // All shown, in true order, with their default widths. FALSE without records.
+    // Shows all columns in true order with their default widths. FALSE without records.
     BOOL ResetColumns();
-    // The result of the columns dialog, which ends with IDCANCEL when the list is destroyed. -1
-    // while it is open already.
+    // Shows the columns dialog and returns its result; IDCANCEL when the list is destroyed. Returns
+    // -1 while the dialog is already open.
     INT_PTR EditColumns();
 
-    // The sort state. The setters change it and the header's arrow without sorting; the column may
-    // be one that is defined later. FALSE below -1.
+    // The sort state. The setters change it and the header's arrow, but do not sort. The column may
+    // be defined later. FALSE for a column below -1.
     BOOL SetSortColumn(int trueColumn);
     BOOL SetSortAscending(BOOL ascending);
     int GetSortColumn() const;
     BOOL IsSortAscending() const;
-    // Call SortItems and, when it returns TRUE, keep the column and the direction. The first keeps
-    // the direction, the second the column; the third sorts anew as the list is sorted. FALSE
-    // without a column.
+    // Call SortItems and store column and direction if it returns TRUE. The first keeps the
+    // direction, the second the column; the third sorts again by both. FALSE without a
+    // column.
     BOOL SortItemsByColumn(int trueColumn);
     BOOL SortItemsByDirection(int ascending);
     BOOL AutoSortItems();
-    using CListCtrl::SortItems; // which the virtual one below would hide
-    // While it is blocked, clicks on the header do not sort.
+    using CListCtrl::SortItems; // otherwise hidden by the virtual one below
+    // While this is blocked, clicks on the header do not sort.
     void BlockHeaderSort(BOOL block = TRUE) { m_isHeaderSortBlocked = block; }
     BOOL IsHeaderSortBlocked() const { return m_isHeaderSortBlocked; }
 
-    // The arrangement of the columns, in the key "Columns" below the given place: which are shown,
-    // their order and widths, and the sort state. FALSE when a value could not be written, and when
-    // there was nothing to load, which gives default widths. With `closeKey` the key is closed in
-    // any case.
+    // Save or load the arrangement of the columns (which are shown, order, widths, sort state), in
+    // the key "Columns" below the given place. Return FALSE when a value could not be written, and
+    // when there was no state to load; then columns get default widths. With `closeKey` the key is
+    // always closed.
     //
-    // Loading shows the columns that have a place in the state and hides the others, but not all.
-    // It does not sort. A state that belongs to another list, or is damaged, leaves the list
-    // usable: a sort column that does not exist becomes -1, and widths above 32767 or below -1, or
-    // -1 for a hidden column, are passed over.
+    // Loading shows the columns that have a position in the state and hides the others, but never
+    // all. It does not sort. A damaged state, or that of another list, leaves the list usable: a
+    // sort column that does not exist becomes -1; widths above 32767 or below -1, and -1 for a
+    // hidden column, are ignored.
     BOOL SaveState(HKEY key, int closeKey);
     BOOL LoadState(HKEY key, int closeKey);
     BOOL SaveState(const WCHAR* section); // in the application's profile
@@ -122,7 +122,7 @@ public:
     BOOL SaveState(const CRegistryPath& path);
     BOOL LoadState(const CRegistryPath& path);
 
-    // Items. A selected item gets the focus too.
+    // Items. Selecting an item also focuses it.
     BOOL SelectItem(int item, int select = TRUE);
     int GetSingleSelectionItem() const; // -1 unless exactly one item is selected
     BOOL IsItemSelected(int item) const;
@@ -133,14 +133,14 @@ public:
     BOOL CanMoveSelectedItemUp() const;
     BOOL CanMoveSelectedItemDown() const;
     BOOL IsReportView() const;
-    // While they are blocked, mouse clicks outside the items change neither selection nor focus.
+    // While this is blocked, mouse clicks outside the items change neither selection nor focus.
     void SetBlockNonItemClicks(BOOL block = TRUE) { m_areNonItemClicksBlocked = block; }
     BOOL AreNonItemClicksBlocked() const { return m_areNonItemClicksBlocked; }
 
-    // What a list without items shows. The alignment is DT_LEFT, DT_CENTER or DT_RIGHT; others are
-    // refused. Without a colour of its own, or with CLR_DEFAULT, the text has the system's for grey
-    // text, which is read when it is drawn.
-    BOOL SetEmptyText(const WCHAR* text); // empty: nothing; FALSE for null, and nothing changed
+    // The text shown while the list is empty. The alignment is DT_LEFT, DT_CENTER or DT_RIGHT;
+    // others are refused. Without a colour, or with CLR_DEFAULT, the text has the system's colour
+    // for grey text at the time of drawing.
+    BOOL SetEmptyText(const WCHAR* text); // "": no text; FALSE and no change for null
     CString GetEmptyText() const { return m_emptyText; }
     BOOL HasEmptyText() const { return !m_emptyText.IsEmpty(); }
     static BOOL IsValidEmptyTextAlignment(UINT alignment);
@@ -155,48 +155,48 @@ public:
     void SetEmptyTextColor(COLORREF color);
     COLORREF GetEmptyTextColor() const;
 
-    // Highlighting gives every second row a background of its own: without a colour, or with
-    // CLR_DEFAULT, one between the system's window and window text. The parent gets no
-    // NM_CUSTOMDRAW then.
+    // Gives every second row a different background; by default, or with CLR_DEFAULT, a
+    // colour between the system's window and window text. The parent then gets no
+    // NM_CUSTOMDRAW.
     void SetRowsHighlighted(BOOL highlight = TRUE);
     BOOL AreRowsHighlighted() const { return m_areRowsHighlighted; }
     void SetRowHighlightColor(COLORREF color);
     COLORREF GetRowHighlightColor() const;
-    // Gives the header the list's font. Also called when the list gets one.
+    // Sets the list's font on the header. Also called when the list's font is set.
     void UpdateFonts();
 
     BOOL PreTranslateMessage(MSG* message) override;
 
     virtual int GetDefaultColumnWidth(int trueColumn); // 100
-    virtual void LoadDefaultColumnWidths();            // fits every column to its heading
-    // Sorts the items; here FALSE. An application sorts and returns TRUE. With `force` 0 it may
-    // leave items alone that are sorted like this already.
+    virtual void LoadDefaultColumnWidths();            // fits columns to their headings
+    // Sorts the items. The default returns FALSE; an application sorts and returns TRUE. If `force`
+    // is 0, it may skip items that are already sorted this way.
     virtual BOOL SortItems(int trueColumn, int ascending, int force);
-    // Exchange the one selected item with its neighbour. The new index; -1 when there is no
-    // neighbour, and unless exactly one item is selected.
+    // Swap the only selected item with its neighbour. Return the new index, or -1 if there is no
+    // neighbour or not exactly one item is selected.
     virtual int MoveSelectedItemUp();
     virtual int MoveSelectedItemDown();
-    virtual BOOL CanVaskColumnBeHidden(int trueColumn); // while more than one is shown
-    // A right click at a point of the screen, on this inserted column (-1: outside them), with the
-    // flags of HDM_HITTEST. With records, shows a menu of the columns, whose headings it shows with
-    // their ampersands.
+    virtual BOOL CanVaskColumnBeHidden(int trueColumn); // default: if more than one is shown
+    // Called for a right click at a screen point, on this inserted column (-1: outside all), with
+    // the flags of HDM_HITTEST. With records, the default shows a menu of the columns; ampersands
+    // in their headings are visible.
     virtual void OnHeaderContextMenu(int insertedColumn, UINT flags, CPoint point);
-    // The column that the list is sorted by was hidden or deleted; these were its numbers. Sorts
+    // Called after the sort column was hidden or deleted, with its old numbers. The default sorts
     // ascending by the leftmost column.
     virtual void OnDeleteSortColumn(int trueColumn, int insertedColumn, int displayPosition);
-    // A hidden column is shown again, without texts; here nothing.
+    // Called when a hidden column is shown again, without texts. The default does nothing.
     virtual void OnShowVaskColumn(int trueColumn, int insertedColumn);
 
-    // Give the header back to the platform too.
+    // Also detach the header.
     HWND Detach();
     HWND UnsubclassWindow();
 
 protected:
-    // The object for the list's header, made once. It has no window yet.
+    // Creates the object for the list's header, once. It has no window yet.
     virtual std::unique_ptr<CVaskListCtrlHeaderCtrl> MakeHeaderCtrl();
 
-    // Finds out whether the list object is destroyed while it lives: by code of the host, which is
-    // called for every notification.
+    // Detects that the list object was destroyed during a call of host code. Such a call happens at
+    // every notification.
     class Watch {
     public:
         explicit Watch(const CVaskListCtrl& list) : m_life(list.m_life) {}
@@ -206,8 +206,8 @@ protected:
         const std::weak_ptr<char> m_life;
     };
 
-    // Keeps the list from drawing while many items change; these locks nest, which the platform's
-    // WM_SETREDRAW does not. A list that the host keeps from drawing stays so.
+    // Suppresses drawing while many items change. The locks nest, unlike WM_SETREDRAW. If the host
+    // has switched drawing off, it stays off.
     class QUORVEL_API RedrawLock {
     public:
         explicit RedrawLock(CVaskListCtrl& list);
@@ -219,7 +219,7 @@ protected:
         const Watch m_watch;
     };
 
-    BOOL IsRedrawn() const { return m_isRedrawn; } // as the host last said by WM_SETREDRAW
+    BOOL IsRedrawn() const { return m_isRedrawn; } // the host's last WM_SETREDRAW
     void PreSubclassWindow() override;
 
     int OnCreate(CREATESTRUCTW* parameters);
@@ -257,7 +257,7 @@ private:
     std::unique_ptr<CVaskListCtrlHeaderCtrl> m_header;
     std::unique_ptr<quorvel::ReportColumns> m_columns;
     bool m_isMenuOpen = false;
-    CColumnsDlg* m_columnsDlg = nullptr;                           // while it is open
+    CColumnsDlg* m_columnsDlg = nullptr;                           // null unless it is open
     const std::shared_ptr<char> m_life = std::make_shared<char>(); // ends with this object
     BOOL m_isHeaderSortBlocked = FALSE;
     BOOL m_areNonItemClicksBlocked = FALSE;

@@ -1,10 +1,10 @@
-// CVaskListCtrlHeaderCtrl: the header of a CVaskListCtrl, which its list subclasses. Windows only,
+// CVaskListCtrlHeaderCtrl: the header of a CVaskListCtrl, which the list subclasses. Windows only,
 // user-interface thread.
 //
-// Shift+Tab in the list leads here, so that no mouse is needed (the list's header says when). Left,
-// Right, Home and End choose a column, which a focus rectangle shows; Space clicks it; the menu key
-// and Shift+F10 open the menu; Tab and Down lead back to the list, and Shift+Tab to what is before
-// it. The keys are taken in PreTranslateMessage: the framework's loops must run.
+// Shift+Tab in the list moves the focus here, so that no mouse is needed (vask_list_ctrl.h says
+// when). Left, Right, Home and End choose a column, shown by a focus rectangle; Space clicks it;
+// the menu key and Shift+F10 open the menu; Tab and Down return to the list, Shift+Tab moves before
+// it. PreTranslateMessage handles the keys: a message loop of the framework must run.
 #pragma once
 
 #include <quorvel/controls/win/sort_header_ctrl.h>
@@ -19,7 +19,7 @@ public:
 
 protected:
     // Calls OnHeaderContextMenu of the list. From the keyboard the menu opens below the chosen
-    // column, or below the header when that has not the focus.
+    // column, or below the header when that does not have the focus.
     void OnContextMenu(CWnd* wnd, CPoint point);
     void OnPaint();
     void OnSetFocus(CWnd* former);
@@ -32,5 +32,5 @@ private:
     void Choose(int displayPosition);
     void ClickChosenColumn();
 
-    int m_chosenColumn = 0; // inserted column; columns may have left since
+    int m_chosenColumn = 0; // inserted column; may no longer exist
 };

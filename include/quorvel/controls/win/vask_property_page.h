@@ -1,18 +1,18 @@
-// CVaskPropertyPage: the base of property pages, with the life cycle of CVaskDialog. Windows only,
+// CVaskPropertyPage: a base class of property pages, which works as CVaskDialog does. Windows only,
 // user-interface thread.
 //
 // A page's data is loaded when it is first shown. It is validated when another page is chosen, and
-// validated and saved by OK, Apply, Next and Finish; a refusal keeps the page and shows the
-// balloon. OK and Apply validate the page in front twice: the sheet asks first whether it may be
-// left. Next does so once. Back neither validates nor takes the controls' contents, which are there
-// again when the user comes back. Pages that were never shown are neither validated nor saved.
+// validated and saved by OK, Apply, Next and Finish. A refusal keeps the page and shows the
+// balloon. OK and Apply validate the visible page twice: the sheet first asks whether it may be
+// left. Next validates once. Back neither validates nor copies the controls' contents, which remain
+// for the user's return. Pages that were never shown are neither validated nor saved.
 //
-// The balloon of a page that is not in front shows when the sheet has brought it there. Its window
-// is owned by the sheet, as a page cannot own one; in a CVaskPropertySheet it follows the sheet and
-// hides with it.
+// The balloon of a page that is not visible is shown after the sheet has activated the page. The
+// sheet owns the balloon's window, because a page cannot own one. In a CVaskPropertySheet it moves
+// with the sheet and is hidden with it.
 //
-// A page overrides what it needs of the virtual operations; each default accepts, or declares
-// nothing.
+// A page overrides the virtual operations that it needs. The defaults accept, or declare no
+// controls.
 #pragma once
 
 #include <quorvel/controls/win/state_control_maps.h>
@@ -47,16 +47,16 @@ public:
     BOOL HideValidationErrorMessage();
     BOOL IsValidationErrorMessageShowing() const;
 
-    // Whether LoadData succeeded. A page that is not loaded is neither validated nor saved, and nor
-    // are the states of its controls.
+    // Whether LoadData succeeded. For a page that is not loaded, data and control states are
+    // neither validated nor saved.
     BOOL IsLoaded() const { return m_isLoaded; }
     void SetLoaded(BOOL isLoaded = TRUE) { m_isLoaded = isLoaded; }
 
-    // Ends the sheet as its Cancel button does, after the message that is being handled.
-    BOOL ClosePropertySheet(); // FALSE when the page is in no sheet
+    // Ends the sheet as its Cancel button does, after the current message was handled.
+    BOOL ClosePropertySheet(); // FALSE when the page is not in a sheet
 
 protected:
-    // As in CVaskDialog; a page with a topic has the sheet's Help button.
+    // As in CVaskDialog. A page with a help topic enables the sheet's Help button.
     virtual CString GetHelpTopic();
     virtual void GetStateAutoCompleteEditCtrls(quorvel::EditKeys& edits, int isSaving);
     virtual void GetStateAutoCompleteEditCtrls(quorvel::EditSections& edits, int isSaving);
@@ -68,10 +68,10 @@ protected:
     virtual void PreSaveStateControls();
     virtual void PostSaveStateControls();
     virtual BOOL ValidateData(UINT& icon, CString& title, CString& text, CRect& rect);
-    // Whether OK and Apply go on once the data is valid; FALSE keeps the page without a word.
+    // Whether OK and Apply continue after valid data. FALSE keeps the page without a message.
     virtual BOOL IsApplyOK();
     virtual BOOL SaveData();
-    virtual BOOL LoadData(); // FALSE: the page stays as it is and is not saved
+    virtual BOOL LoadData(); // FALSE: the page is shown but not saved
     virtual void GetBoldControlIDs(std::vector<int>& ids);
     BOOL CreateValidationToolTipWindow();
     void LoadStateControls();
@@ -101,14 +101,14 @@ private:
     LRESULT OnShowRefusal(WPARAM wParam, LPARAM lParam);
     static LRESULT CALLBACK ValidationHookProc(int code, WPARAM wParam, LPARAM lParam);
 
-    // The pages whose balloon is showing, and the thread's hook while there are any.
+    // The pages with a shown balloon, and the thread's hook while there are any.
     static quorvel::ActiveValidations m_mapActive;
     static HHOOK m_hookValidation;
     std::unique_ptr<quorvel::ValidationBalloon> m_balloon;
-    std::unique_ptr<quorvel::Refusal> m_refusal; // waits for the page to be in front
+    std::unique_ptr<quorvel::Refusal> m_refusal; // shown when the page is active
     BOOL m_isLoaded = FALSE;
     bool m_areStatesLoaded = false;
-    // How the page is being left: validated when it is, left by Back, or saved by Next already.
+    // How the page is left: with validation, by Back without it, or by Next, which saved already.
     enum class Leaving { Validated, Back, Saved };
     Leaving m_leaving = Leaving::Validated;
     CFont m_boldFont;

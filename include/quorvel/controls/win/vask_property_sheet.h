@@ -1,5 +1,5 @@
-// CVaskPropertySheet: a property sheet whose buttons have the catalogue's texts, in the language
-// that is installed. Windows only, user-interface thread.
+// CVaskPropertySheet: a property sheet with button texts from the catalogue, in the current
+// language. Windows only, user-interface thread.
 #pragma once
 
 #include <quorvel/framework/win/property_sheet.h>
@@ -17,8 +17,8 @@ public:
     explicit CVaskPropertySheet(UINT captionTextId, CWnd* parent = nullptr, UINT selectedPage = 0);
     ~CVaskPropertySheet() override;
 
-    // OK, Cancel, Apply and Help; in wizard mode Next, Finish, Back, Cancel and Help. Called when
-    // the sheet opens.
+    // Sets the texts of OK, Cancel, Apply and Help; in wizard mode of Next, Finish, Back, Cancel
+    // and Help. Called when the sheet opens.
     virtual void UpdateCommandButtonText();
 
 protected:

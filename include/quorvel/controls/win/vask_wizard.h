@@ -1,11 +1,11 @@
-// CVaskWizard: a wizard with a name and a list of events, one for each thing that it will do or has
-// done, for its last page to show. Windows only, user-interface thread.
+// CVaskWizard: a wizard with a name and a list of events (actions that it will do or has done),
+// which its last page can show. Windows only, user-interface thread.
 //
-// A page that has a header title is shown with a header; a wizard with such a page has the style
-// PSH_WIZARD97, where the pages without one are those of its beginning and its end.
+// A page with a header title has a header. A wizard with such a page gets the style PSH_WIZARD97;
+// its first and last pages are then the ones without a title.
 //
-// The wizard and each of its pages have a list of events of their own, with the same operations. A
-// page keeps what it will do; the host joins the lists it wants to show with AppendEvents.
+// The wizard and each page have their own event lists with the same operations. A page stores the
+// actions that it will do; the host combines lists with AppendEvents.
 #pragma once
 
 #include <quorvel/controls/vask_event.h>
@@ -29,11 +29,11 @@ public:
     INT_PTR DoModal() override;
     BOOL Create(CWnd* parent = nullptr);
 
-    // The name of pages that have none of their own. FALSE for null, and nothing changed.
+    // The default name for its pages. Null returns FALSE and changes nothing.
     BOOL SetWizardName(const WCHAR* name);
     CString GetWizardName() const { return m_name; }
 
-    // Positions are counted from 0. FALSE, and nothing changed, for a position outside the list.
+    // Positions count from 0. A position outside the list returns FALSE and changes nothing.
     void AddEvent(const CVaskEvent& event);
     void AppendEvents(const std::vector<CVaskEvent>& events);
     BOOL GetEvent(int position, CVaskEvent& event) const;

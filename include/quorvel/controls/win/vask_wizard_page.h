@@ -1,5 +1,5 @@
-// CVaskWizardPage: a page of a wizard, with its titles and a list of events of its own (see
-// CVaskWizard). Windows only, user-interface thread.
+// CVaskWizardPage: a wizard page with titles and an event list of its own (see CVaskWizard).
+// Windows only, user-interface thread.
 #pragma once
 
 #include <quorvel/controls/vask_event.h>
@@ -18,20 +18,20 @@ public:
     explicit CVaskWizardPage(const WCHAR* templateName, UINT captionTextId = 0);
     ~CVaskWizardPage() override;
 
-    // Completes the texts below. A page without a name of its own has that of the CVaskWizard that
-    // it is shown in. FALSE for null, and nothing changed.
+    // The name used in the texts below. By default it is that of the CVaskWizard that shows the
+    // page. Null returns FALSE and changes nothing.
     BOOL SetWizardName(const WCHAR* name);
     CString GetWizardName() const;
-    // Shown over the page. Set them before the wizard opens, or from the page's OnInitDialog on; a
-    // page that had no title when the wizard opened has no header. FALSE for null, and nothing
-    // changed.
+    // The texts of the header above the page. Set them before the wizard opens, or in or after the
+    // page's OnInitDialog. A page without a title when the wizard opens has no header. Null returns
+    // FALSE and changes nothing.
     BOOL SetHeaderTitle(const WCHAR* title);
     BOOL SetHeaderSubTitle(const WCHAR* subTitle);
     CString GetHeaderTitle() const { return m_strHeaderTitle; }
     CString GetHeaderSubTitle() const { return m_strHeaderSubTitle; }
 
-    // "Welcome to the ...", "Completing the ..." and that it was completed, for the first and the
-    // last page.
+    // Texts for the first and last page: "Welcome to the ...", "Completing the ...", and the one
+    // that it was completed.
     CString GetWelcomeText() const;
     CString GetCompletingText() const;
     CString GetCompletedText() const;

@@ -1,19 +1,19 @@
-// CVirtualListCtrl: a report list that keeps its rows itself, as pointers to items. Windows only,
+// CVirtualListCtrl: a report list whose rows are pointers to the program's items. Windows only,
 // user-interface thread.
 //
-// The window must have the style LVS_OWNERDATA, which Create adds. A dialog's template must give
-// it: the platform takes it from nobody later. Rows count from 0 in the order shown. Selection and
-// focus belong to items: they move along when rows are sorted, moved, inserted and deleted.
+// The window must have the style LVS_OWNERDATA. Create adds it; a dialog template must contain it,
+// since the platform does not accept it later. Rows count from 0 in display order. Selection and
+// focus belong to items: they follow an item when rows are sorted, moved, inserted or deleted.
 //
-// Rows may be changed without a window and within notifications of the list, whose members then
-// answer by the new rows. Change many rows while WM_SETREDRAW is off: the list-view is then sent
-// the changes once. A notification may also destroy the list.
+// Rows may be changed without a window, and inside notifications of the list, whose members then
+// use the new rows. Switch WM_SETREDRAW off to change many rows: the list-view is then updated
+// once. A notification may also destroy the list.
 //
-// Letters that are typed find the row whose first text begins with them. Ctrl+A selects all rows.
-// Ctrl+C copies the selected ones, a line each, with the texts of the shown columns between tabs.
+// Typed letters find the row whose first text begins with them. Ctrl+A selects all rows. Ctrl+C
+// copies the selected rows, one line each, with tabs between the texts of the shown columns.
 //
-// The platform's own messages that would change the number of rows (LVM_DELETEITEM and so on) act
-// on the rows here, or are refused.
+// The platform's own messages that change the number of rows (LVM_DELETEITEM and so on) change the
+// rows of this object, or are refused.
 #pragma once
 
 #include <quorvel/controls/virtual_list_ctrl_item.h>
@@ -31,7 +31,7 @@ struct RowRun;
 class QUORVEL_API CVirtualListCtrl : public CVaskListCtrl {
     DECLARE_DYNAMIC(CVirtualListCtrl)
 public:
-    // Whether the first item comes before the second: a strict weak order.
+    // Whether the first item comes before the second. Must be a strict weak order.
     typedef bool (*SortingFunction)(CVirtualListCtrlItem* const& first,
                                     CVirtualListCtrlItem* const& second);
 
@@ -39,54 +39,54 @@ public:
         RowOrder;
 
     CVirtualListCtrl();
-    ~CVirtualListCtrl() override; // drops the rows
-    // Adds LVS_OWNERDATA.
+    ~CVirtualListCtrl() override; // drops all rows
+    // Creates the window with LVS_OWNERDATA added.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
         return CVaskListCtrl::Create(style | LVS_OWNERDATA, rect, parent, id);
     }
 
-    // Whether the list deletes the items that it drops, which are the caller's otherwise. FALSE at
-    // first.
+    // Whether the list deletes items that it drops. FALSE, the default: the caller owns
+    // them.
     void SetAutoDeleteItems(BOOL autoDelete = TRUE) { m_areItemsAutoDeleted = autoDelete; }
     BOOL AreItemsAutoDeleted() const { return m_areItemsAutoDeleted; }
 
-    // The new row; -1, and the item stays the caller's, for null and outside 0 to the row count.
+    // The new row; -1, with the item still the caller's, for null or a row outside 0 to the count.
     int AddItem(CVirtualListCtrlItem* item);
     int InsertItem(int index, CVirtualListCtrlItem* item);
-    // FALSE for a row that does not exist. When the last selected row is deleted, the row that is
-    // now at its index is selected, or the last row.
+    // Returns FALSE for a row that does not exist. If the last selected row is deleted, the row
+    // that now has its index is selected, or else the last row.
     BOOL DeleteItem(int index);
     BOOL DeleteItem(CVirtualListCtrlItem* item);
-    // Several rows in any order, in the time of a walk over all. The number of rows deleted.
+    // Deletes rows given in any order, in one pass over all rows. Returns the number deleted.
     int DeleteItems(std::vector<int> indexes);
     BOOL DeleteAllItems();
 
     int GetItemCount() const;
     BOOL IsValidItemIndex(int index) const;
-    CVirtualListCtrlItem* GetItem(int index) const; // null for no row
+    CVirtualListCtrlItem* GetItem(int index) const; // null for an invalid row
     int GetItemIndex(CVirtualListCtrlItem* item) const;
-    CVirtualListCtrlItem* GetSelectedItem() const; // in the first selected row, or null
+    CVirtualListCtrlItem* GetSelectedItem() const; // the first selected one, or null
 
     int MoveSelectedItemUp() override;
     int MoveSelectedItemDown() override;
-    // FALSE, and nothing changed, when `force` is 0 and the list is sorted like this already.
-    // Otherwise TRUE; the focused row is in view afterwards. Items stay selected; while
-    // DoSortItems runs, none counts as selected.
+    // If `force` is 0 and the list is already sorted this way, returns FALSE and changes nothing.
+    // Otherwise returns TRUE and scrolls the focused row into view. Items stay selected, but while
+    // DoSortItems runs no item counts as selected.
     BOOL SortItems(int column, int ascending, int force) override;
     using CVaskListCtrl::SortItems;
 
-    // Orders the rows by GetSortingFunction. A derived class that needs more than a function, such
-    // as a collation or what the user chose, overrides it and calls SortRows.
+    // Sorts the rows with GetSortingFunction. A derived class that needs more than a function
+    // pointer, such as a collation or a user's choice, overrides it and calls SortRows.
     virtual void DoSortItems(int column, int ascending);
-    virtual SortingFunction GetSortingFunction(int column, int ascending); // here null: no sorting
+    virtual SortingFunction GetSortingFunction(int column, int ascending); // null: no sorting
 
 protected:
-    // Orders the rows; those that compare equal keep their order. An empty function changes
+    // Sorts the rows; equal rows keep their order. An empty function changes
     // nothing.
     void SortRows(const RowOrder& isBefore);
-    // Puts these items, each once, in the place of all rows, such as those that a filter leaves.
-    // Null ones are passed over. Items that were there keep selection and focus; those that are
-    // left out are dropped.
+    // Replaces all rows by these items, each once; for example, the result of a filter. Null
+    // pointers are skipped. Remaining items keep selection and focus; all other old items are
+    // dropped.
     void ReplaceItems(const std::vector<CVirtualListCtrlItem*>& items);
 
     void PreSubclassWindow() override;
@@ -135,13 +135,13 @@ private:
 
     std::unique_ptr<quorvel::VirtualRows> m_rows;
     BOOL m_areItemsAutoDeleted = FALSE;
-    Unsent m_unsent = Unsent::Nothing;            // what the list-view does not have yet
-    CVirtualListCtrlItem* m_itemToShow = nullptr; // as soon as it has; maybe deleted meanwhile
-    int m_messageDepth = 0;                       // of messages that the list-view is handling
-    bool m_isWalking = false;                     // over its rows, in one of them
-    bool m_isWalkingOutside = false;              // in one but the innermost
+    Unsent m_unsent = Unsent::Nothing;            // changes the list-view does not have yet
+    CVirtualListCtrlItem* m_itemToShow = nullptr; // after it has them; may be deleted by then
+    int m_messageDepth = 0;                       // nested messages in the list-view
+    bool m_isWalking = false;                     // one of them walks over its rows
+    bool m_isWalkingOutside = false;              // one that is not the innermost does
     bool m_isSorting = false;
     bool m_isSending = false;
-    bool m_isSendingAll = false; // one message for all rows
-    unsigned m_generation = 0;   // counts the sendings
+    bool m_isSendingAll = false; // with one message for all rows
+    unsigned m_generation = 0;   // counts the updates sent
 };

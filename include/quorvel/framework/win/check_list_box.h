@@ -1,10 +1,10 @@
 // CCheckListBox: a list box with a check box before each row. Windows only.
 //
-// The control must have the styles LBS_OWNERDRAWFIXED and LBS_HASSTRINGS: SubclassWindow and
-// SubclassDlgItem attach to others too, but no boxes are drawn there. A click on a box and the
-// space key on the row with the caret change its check; the parent then gets CLBN_CHKCHANGE. Item
-// data are the program's. Checks move with their rows when rows are inserted and deleted, by the
-// members and by messages.
+// The control must have the styles LBS_OWNERDRAWFIXED and LBS_HASSTRINGS. SubclassWindow and
+// SubclassDlgItem accept other list boxes, but draw no boxes there. A click on a box, or the space
+// key on the row with the caret, changes the check; the parent then gets CLBN_CHKCHANGE. Item data
+// belongs to the program. Checks move with their rows when rows are inserted or deleted, by members
+// or by messages.
 #pragma once
 
 #include <quorvel/framework/win/list_box.h>
@@ -23,16 +23,16 @@ public:
     // Adds the styles.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
 
-    // BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE. A row that does not exist reads 0 and is not
-    // set. Setting notifies nobody.
+    // BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE. For a row that does not exist GetCheck
+    // returns 0 and SetCheck does nothing. SetCheck sends no notification.
     int GetCheck(int row) const;
     void SetCheck(int row, int check);
-    // The row's check can't be changed by the user, and the row is grey.
+    // A disabled row is grey and the user cannot change its check.
     void Enable(int row, BOOL enable = TRUE);
     BOOL IsEnabled(int row) const;
 
-    // BS_AUTOCHECKBOX as at first, BS_AUTO3STATE for a third state that the user can choose too, or
-    // BS_CHECKBOX: the user changes nothing, the parent is notified all the same.
+    // BS_AUTOCHECKBOX, the default; BS_AUTO3STATE if the user may also choose the third state;
+    // BS_CHECKBOX if the user's click changes nothing but still notifies the parent.
     void SetCheckStyle(UINT style) { m_checkStyle = style; }
     UINT GetCheckStyle() const { return m_checkStyle; }
 
@@ -62,6 +62,6 @@ private:
     void Toggle(int row);
     void InvalidateRow(int row);
 
-    std::vector<Row> m_rows; // one for each of the list's
+    std::vector<Row> m_rows; // one for each row of the list
     UINT m_checkStyle = BS_AUTOCHECKBOX;
 };

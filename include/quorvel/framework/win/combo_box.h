@@ -1,5 +1,5 @@
-// CComboBox: a combo box. Windows only. It has no data of its own, so what CWnd::GetDlgItem returns
-// for a combo box may be cast to it. Rows count from 0; -1 (CB_ERR) stands for no row or a failure.
+// CComboBox: a combo box. Windows only. It has no data members, so the result of CWnd::GetDlgItem
+// for a combo box may be cast to it. Rows count from 0; -1 (CB_ERR): no row, or failure.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -17,7 +17,7 @@ public:
     int InsertString(int row, const WCHAR* text) { return Send(CB_INSERTSTRING, row, text); }
     int DeleteString(int row) { return Send(CB_DELETESTRING, row); }
     void ResetContent() { Send(CB_RESETCONTENT); }
-    void GetLBText(int row, CString& text) const; // empty for no row
+    void GetLBText(int row, CString& text) const; // empty for an invalid row
     int GetLBTextLen(int row) const { return Send(CB_GETLBTEXTLEN, row); }
     DWORD_PTR GetItemData(int row) const {
         return static_cast<DWORD_PTR>(SendMessage(CB_GETITEMDATA, static_cast<WPARAM>(row)));
@@ -30,7 +30,7 @@ public:
     int SetItemDataPtr(int row, void* data) {
         return SetItemData(row, reinterpret_cast<DWORD_PTR>(data));
     }
-    // The first row after `after` that begins with the text, or that is equal but for letter case.
+    // The first row after `after` that begins with the text, or (Exact) equals it. Ignores case.
     int FindString(int after, const WCHAR* text) const { return Send(CB_FINDSTRING, after, text); }
     int FindStringExact(int after, const WCHAR* text) const {
         return Send(CB_FINDSTRINGEXACT, after, text);
@@ -41,7 +41,7 @@ public:
     int SetCurSel(int row) { return Send(CB_SETCURSEL, row); }
     int SelectString(int after, const WCHAR* text) { return Send(CB_SELECTSTRING, after, text); }
 
-    // The edit
+    // The edit field
     BOOL SetEditSel(int first, int last) {
         return static_cast<BOOL>(SendMessage(CB_SETEDITSEL, 0, MAKELPARAM(first, last)));
     }

@@ -1,9 +1,9 @@
 // Data exchange between a dialog's members and its controls. Windows only.
 //
-// A dialog overrides DoDataExchange with a row for each control: DDX_ functions copy, in the
-// direction that the exchange says, and DDV_ functions, each right after the DDX_ one of its
-// control, refuse values. A refusal shows a message box, gives the control the focus and ends the
-// exchange: UpdateData is then FALSE. So does a control that does not exist.
+// A dialog overrides DoDataExchange with a row for each control. DDX_ functions copy in the
+// direction of the exchange. DDV_ functions, each directly after the DDX_ function of its control,
+// validate. A refused value shows a message box, sets the focus to the control and ends the
+// exchange; UpdateData then returns FALSE. A missing control also ends it with FALSE.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -20,13 +20,13 @@ public:
     BOOL m_bSaveAndValidate; // TRUE: from the controls
     CWnd* m_pDlgWnd;
 
-    // The control of that id, which Fail then gives the focus; the second form says that its text
-    // is to be selected. CNotSupportedException when there is none.
+    // The control with that id, to which Fail gives the focus; with PrepareEditCtrl Fail also
+    // selects its text. Throws CNotSupportedException when it is missing.
     HWND PrepareCtrl(int id);
     HWND PrepareEditCtrl(int id);
-    // Ends the exchange, by a CUserException. The caller has notified the user.
+    // Ends the exchange with a CUserException. The caller must have notified the user.
     [[noreturn]] void Fail();
-    // Shows a box with the text, then Fail.
+    // Shows a box with the text, then calls Fail().
     [[noreturn]] void Fail(const WCHAR* text);
 
     int m_idLastControl = 0;
@@ -35,22 +35,22 @@ public:
 
 namespace quorvel {
 
-// An integer that a control shows. Reading refuses what is no integer between the bounds; blanks
-// around it count for nothing.
+// An integer that a control shows. Reading refuses any text but an integer within the bounds;
+// surrounding blanks are ignored.
 QUORVEL_API LONGLONG ExchangeInteger(CDataExchange* exchange, int id, LONGLONG value, LONGLONG low,
                                      LONGLONG high);
-// Refuses a value outside the bounds, when reading.
+// Refuses, when reading, a value outside the bounds.
 QUORVEL_API void ValidateRange(CDataExchange* exchange, LONGLONG value, LONGLONG low,
                                LONGLONG high);
 
-// The integers that a LONGLONG holds, and no characters.
+// Integers, but not characters, that fit in a LONGLONG.
 template <class T>
 concept ShownInteger = std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, WCHAR> &&
                        (sizeof(T) < sizeof(LONGLONG) || std::signed_integral<T>);
 
 } // namespace quorvel
 
-// Subclasses the control with this object; nothing when it has a window already.
+// Subclasses the control with this object. Does nothing when the object already has a window.
 QUORVEL_API void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
 
 QUORVEL_API void DDX_Text(CDataExchange* exchange, int id, CString& value);
@@ -63,11 +63,11 @@ void DDX_Text(CDataExchange* exchange, int id, T& value) {
 }
 
 QUORVEL_API void DDX_Check(CDataExchange* exchange, int id, int& value); // BST_CHECKED and so on
-// The position of the checked button in the group that begins with that id, -1 for none.
+// The position of the checked button in the group that begins with that id; -1 if none is checked.
 QUORVEL_API void DDX_Radio(CDataExchange* exchange, int id, int& value);
 
-// The selected row, -1 for none; or its text, where writing selects the first row that begins with
-// the text (Exact: that is equal but for letter case). A combo box takes any text into its edit.
+// The selected row, or -1; or its text. Writing selects the first row that begins with the text or
+// (Exact) equals it, ignoring case. A combo box takes any text into its edit field.
 QUORVEL_API void DDX_LBIndex(CDataExchange* exchange, int id, int& index);
 QUORVEL_API void DDX_LBString(CDataExchange* exchange, int id, CString& value);
 QUORVEL_API void DDX_LBStringExact(CDataExchange* exchange, int id, CString& value);
@@ -75,7 +75,7 @@ QUORVEL_API void DDX_CBIndex(CDataExchange* exchange, int id, int& index);
 QUORVEL_API void DDX_CBString(CDataExchange* exchange, int id, CString& value);
 QUORVEL_API void DDX_CBStringExact(CDataExchange* exchange, int id, CString& value);
 
-// Reading refuses a longer text; writing limits what can be typed.
+// Reading refuses a longer text; writing limits the text that can be typed.
 QUORVEL_API void DDV_MaxChars(CDataExchange* exchange, const CString& value, int maxChars);
 QUORVEL_API void DDV_MinMaxDouble(CDataExchange* exchange, double value, double low, double high);
 

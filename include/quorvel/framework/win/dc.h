@@ -1,9 +1,9 @@
-// CDC and its kin: device contexts, each used on the thread that got it. Windows only.
+// CDC and derived classes: device contexts. Use each on the thread that got it. Windows only.
 //
 // CDC owns a context that it created or attached: its destructor deletes it. CClientDC, CWindowDC
-// and CPaintDC get theirs from a window and give it back; their constructors throw
-// CResourceException when there is none. What FromHandle, SelectObject and CWnd::GetDC return is
-// temporary: used at once, not stored and not deleted.
+// and CPaintDC get theirs from a window and release it; their constructors throw CResourceException
+// on failure. FromHandle, SelectObject and CWnd::GetDC return temporary objects: use them at once,
+// do not store or delete them.
 #pragma once
 
 #include <quorvel/framework/geometry.h>
@@ -18,29 +18,29 @@ public:
     CDC();
     ~CDC() override;
 
-    HDC m_hDC; // null when there is none
+    HDC m_hDC; // null without a context
     HDC GetSafeHdc() const { return m_hDC; }
     operator HDC() const { return m_hDC; }
     static CDC* FromHandle(HDC dc); // null for a null handle
 
-    // FALSE, and nothing changed, for a null handle and when there is a context already.
+    // Returns FALSE and changes nothing for a null handle and when there already is a context.
     BOOL Attach(HDC dc);
-    HDC Detach(); // the caller's from here on
+    HDC Detach(); // the caller then owns it
     BOOL DeleteDC();
-    // A memory context; null: one like the screen.
+    // Creates a memory context compatible with `dc`; null means the screen.
     BOOL CreateCompatibleDC(CDC* dc) {
         return Attach(m_hDC == nullptr ? ::CreateCompatibleDC(HandleOf(dc)) : nullptr);
     }
 
-    // The object that was selected before: null when the new one can't be selected, which is then
-    // not. Select it again before the new one is deleted.
+    // Returns the object that was selected before, or null when the new one cannot be selected.
+    // Select the old object again before you delete the new one.
     CPen* SelectObject(CPen* pen) { return CPen::FromHandle(Select<HPEN>(pen)); }
     CBrush* SelectObject(CBrush* brush) { return CBrush::FromHandle(Select<HBRUSH>(brush)); }
     CFont* SelectObject(CFont* font) { return CFont::FromHandle(Select<HFONT>(font)); }
     CBitmap* SelectObject(CBitmap* bitmap) { return CBitmap::FromHandle(Select<HBITMAP>(bitmap)); }
     HGDIOBJ SelectStockObject(int index) { return ::SelectObject(m_hDC, ::GetStockObject(index)); }
 
-    // Each of the rest forwards to the platform's function of its name.
+    // Each of the following members calls the platform's function of the same name.
     int SaveDC() { return ::SaveDC(m_hDC); }
     BOOL RestoreDC(int saved) { return ::RestoreDC(m_hDC, saved); }
     int GetDeviceCaps(int index) const { return ::GetDeviceCaps(m_hDC, index); }
@@ -142,7 +142,7 @@ private:
     const HWND m_window;
 };
 
-// What is to be painted; within the handler of WM_PAINT only.
+// The area to be painted. Only for the handler of WM_PAINT.
 class QUORVEL_API CPaintDC : public CDC {
     DECLARE_DYNAMIC(CPaintDC)
 public:

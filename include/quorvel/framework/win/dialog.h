@@ -1,21 +1,21 @@
-// CDialog: a dialog box from a template. Windows only; an object is used on one thread.
+// CDialog: a dialog box from a template. Windows only. Use an object on one thread.
 //
-// A template is found along the resource chain (extension_module.h), so that the dialog of a
-// language library is shown.
+// The template is searched along the resource chain (extension_module.h), so the dialog of a
+// language library is used.
 //
-// DoModal runs a loop of its own: each message is offered to PreTranslateMessage of its window and
-// of that window's parents, then keys are handled as the dialog's (Tab, Enter, Escape), and idle
-// time calls the ON_UPDATE_COMMAND_UI handlers for the controls. Meanwhile the owner is disabled;
-// at the end it is enabled and becomes active. How a dialog ends:
+// DoModal runs a message loop. PreTranslateMessage of each message's window and of its parents is
+// called first; then the dialog's keys are handled (Tab, Enter, Escape). Idle time calls the
+// ON_UPDATE_COMMAND_UI handlers of the controls. The owner is disabled during the loop; after it,
+// it is enabled and activated. A dialog ends in these ways:
 // - EndDialog(result), which OnOK and OnCancel call: DoModal returns the result.
-// - -1 when there is no template or no dialog could be made of it (a control's class is missing),
-//   when OnInitDialog throws an exception, when the owner is destroyed or the dialog's window by
-//   DestroyWindow, and when the thread is posted WM_QUIT. The platform's last error says why a
-//   template was not found.
-// - A second DoModal, or one of an object that has a window, is -1 at once with
-//   ERROR_ALREADY_EXISTS and leaves the dialog that is there alone.
-// An exception in a handler or in PreTranslateMessage ends in the application's
-// ProcessWndProcException; the dialog stays.
+// - DoModal returns -1 when there is no template (the last error has the reason), when the dialog
+//   cannot be created from it (a control's class is missing), when OnInitDialog throws an
+//   exception, when the owner is destroyed, when DestroyWindow destroys the dialog, and when
+//   WM_QUIT is posted to the thread.
+// - A second DoModal, or one of an object that has a window, returns -1 at once with
+//   ERROR_ALREADY_EXISTS and does not affect the existing dialog.
+// An exception in a handler or in PreTranslateMessage is passed to the application's
+// ProcessWndProcException. The dialog stays open.
 #pragma once
 
 #include <quorvel/framework/win/data_exchange.h>
@@ -24,35 +24,35 @@
 class QUORVEL_API CDialog : public CWnd {
     DECLARE_DYNAMIC(CDialog)
 public:
-    // Without a template: for Create or InitModalIndirect. The parent, or the top-level window that
-    // it is in, owns a modal dialog. Null, or a parent without a window: the thread's active
-    // window.
+    // Without a template: for Create or InitModalIndirect. The owner of a modal dialog is the
+    // parent or the top-level window that contains it; for null, or a parent without a window, it
+    // is the thread's active window.
     CDialog();
     explicit CDialog(const WCHAR* templateName, CWnd* parent = nullptr);
     explicit CDialog(UINT templateId, CWnd* parent = nullptr);
     ~CDialog() override;
 
-    // A modal dialog from a template in memory, which must outlive DoModal. FALSE when this object
-    // has a template or a window.
+    // A modal dialog from a template in memory, which must outlive DoModal. Returns FALSE when this
+    // object has a template or a window.
     BOOL InitModalIndirect(const DLGTEMPLATE* dialogTemplate, CWnd* parent = nullptr);
     virtual INT_PTR DoModal();
 
-    // A modeless dialog, which the caller shows unless its template does. A null parent is the
-    // application's main window. FALSE for the reasons that DoModal is -1 for, and when
-    // OnInitDialog calls EndDialog. OnOK and OnCancel of a derived class call DestroyWindow: those
-    // of this class only hide the window.
+    // Creates a modeless dialog; the caller shows it, unless its template does. A null parent means
+    // the application's main window. Returns FALSE for the reasons for which DoModal returns -1,
+    // and when OnInitDialog calls EndDialog. In a derived class OnOK and OnCancel call
+    // DestroyWindow: those of this class only hide the window.
     BOOL Create(const WCHAR* templateName, CWnd* parent = nullptr);
     BOOL Create(UINT templateId, CWnd* parent = nullptr) {
         return Create(MAKEINTRESOURCEW(templateId), parent);
     }
     BOOL CreateIndirect(const DLGTEMPLATE* dialogTemplate, CWnd* parent = nullptr);
 
-    // Ends DoModal. A modeless dialog is hidden. Called in OnInitDialog, the dialog is never shown:
-    // it is destroyed when OnInitDialog returns.
+    // Ends DoModal. A modeless dialog is hidden. If it is called in OnInitDialog, the dialog is
+    // never shown; it is destroyed when OnInitDialog returns.
     void EndDialog(int result);
 
-    // Accelerators, found along the resource chain, that become commands of this dialog before any
-    // other key handling. FALSE when there is no such table; the former one then stays.
+    // Loads accelerators along the resource chain. They become commands of this dialog before any
+    // other key handling. Returns FALSE and keeps the old table when there is no such table.
     BOOL LoadAccelTable(const WCHAR* name);
     BOOL LoadAccelTable(UINT id) { return LoadAccelTable(MAKEINTRESOURCEW(id)); }
 
@@ -65,22 +65,22 @@ public:
     DWORD GetDefID() const { return static_cast<DWORD>(SendMessage(DM_GETDEFID)); }
     void MapDialogRect(RECT* rect) const { ::MapDialogRect(m_hWnd, rect); }
 
-    // Accelerators, then the keys of a dialog.
+    // Handles the accelerators, then the keys of a dialog.
     BOOL PreTranslateMessage(MSG* message) override;
 
 protected:
-    // Before the dialog is shown. TRUE: the first control gets the focus. The default loads the
-    // controls with UpdateData(FALSE) and ends the dialog with -1 when that fails.
+    // Called before the dialog is shown. TRUE sets the focus to the first control. The default
+    // loads the controls with UpdateData(FALSE) and ends the dialog with -1 when that fails.
     virtual BOOL OnInitDialog();
     virtual void OnOK(); // validates with UpdateData(TRUE), and ends with IDOK when that succeeds
     virtual void OnCancel(); // also Escape, Alt+F4 and the close box; ends with IDCANCEL
 
     LRESULT OnKickIdle(WPARAM wParam, LPARAM lParam);
-    // TRUE when the message is a key of this dialog's accelerators, whose command was sent.
+    // TRUE when the message is a key of this dialog's accelerators; its command was then sent.
     BOOL TranslateAccelerators(MSG* message);
     DECLARE_MESSAGE_MAP()
 
-    const WCHAR* m_lpszTemplateName; // a number, or m_templateText; null when there is none
+    const WCHAR* m_lpszTemplateName; // a number, m_templateText, or null without a template
     CWnd* m_pParentWnd;              // not owned
 
 private:
@@ -89,7 +89,7 @@ private:
 
     CString m_templateText;
     const DLGTEMPLATE* m_template = nullptr; // in the caller's memory
-    HACCEL m_accelerators = nullptr;         // a resource, which is not freed
+    HACCEL m_accelerators = nullptr;         // a resource; not freed
     enum class Opening { No, Running, Ended };
     Opening m_opening = Opening::No; // a modeless dialog until its OnInitDialog has returned
 };

@@ -1,5 +1,5 @@
-// CEdit: an edit control. Windows only. It has no data of its own, so what CWnd::GetDlgItem returns
-// for an edit control may be cast to it.
+// CEdit: an edit control. Windows only. The class has no data members, so the result of
+// CWnd::GetDlgItem for an edit control may be cast to it.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -50,7 +50,7 @@ public:
                                              reinterpret_cast<LPARAM>(text)));
     }
 
-    // The lines of a multi-line edit; -1 for the one with the caret
+    // The lines of a multi-line edit; -1 means the line with the caret.
     int GetLineCount() const { return static_cast<int>(SendMessage(EM_GETLINECOUNT)); }
     int LineFromChar(int position = -1) const {
         return static_cast<int>(SendMessage(EM_LINEFROMCHAR, static_cast<WPARAM>(position)));

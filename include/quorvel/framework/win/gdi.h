@@ -1,8 +1,8 @@
-// CGdiObject and its kin: owners of drawing objects. Windows only.
+// CGdiObject and derived classes: owners of drawing objects. Windows only.
 //
-// FromHandle gives a temporary object, which does not own the handle: used at once and not stored.
-// It is null for a null handle. Each Create... and Load... member frees the former object first and
-// is FALSE when there is then none.
+// FromHandle returns a temporary object, which does not own the handle: use it at once, do not
+// store it. It returns null for a null handle. Each Create... and Load... member first frees the
+// old object and returns FALSE when the new one cannot be created.
 #pragma once
 
 #include <quorvel/framework/object.h>
@@ -11,14 +11,14 @@ class QUORVEL_API CGdiObject : public CObject {
     DECLARE_DYNAMIC(CGdiObject)
 public:
     CGdiObject();
-    ~CGdiObject() override; // deletes the object that it still has
+    ~CGdiObject() override; // deletes its object, if any
 
-    HGDIOBJ m_hObject; // null when there is none
+    HGDIOBJ m_hObject; // null without an object
     HGDIOBJ GetSafeHandle() const { return m_hObject; }
 
-    // FALSE, and nothing changed, for a null handle and when there is an object already.
+    // Returns FALSE and changes nothing for a null handle and when there already is an object.
     BOOL Attach(HGDIOBJ object);
-    HGDIOBJ Detach(); // the caller's from here on
+    HGDIOBJ Detach(); // the caller then owns it
     BOOL DeleteObject();
     int GetObject(int size, void* description) const {
         return ::GetObjectW(m_hObject, size, description);
@@ -40,9 +40,9 @@ public:
     BOOL CreateFontIndirect(const LOGFONTW* description) {
         return Replace(::CreateFontIndirectW(description));
     }
-    // `tenths` of a point high, as the screen shows it.
+    // The height in tenths of a point on the screen.
     BOOL CreatePointFont(int tenths, const WCHAR* faceName);
-    BOOL GetLogFont(LOGFONTW* description) const; // FALSE when there is no font
+    BOOL GetLogFont(LOGFONTW* description) const; // FALSE without a font
 
     static CFont* FromHandle(HFONT font);
 };
@@ -51,7 +51,7 @@ class QUORVEL_API CBrush : public CGdiObject {
     DECLARE_DYNAMIC(CBrush)
 public:
     CBrush();
-    explicit CBrush(COLORREF color); // without a handle when there is no memory
+    explicit CBrush(COLORREF color); // without a handle if the allocation fails
     operator HBRUSH() const { return static_cast<HBRUSH>(m_hObject); }
 
     BOOL CreateSolidBrush(COLORREF color) { return Replace(::CreateSolidBrush(color)); }
@@ -64,7 +64,7 @@ class QUORVEL_API CPen : public CGdiObject {
     DECLARE_DYNAMIC(CPen)
 public:
     CPen();
-    CPen(int style, int width, COLORREF color); // without a handle when there is no memory
+    CPen(int style, int width, COLORREF color); // without a handle if the allocation fails
     operator HPEN() const { return static_cast<HPEN>(m_hObject); }
 
     BOOL CreatePen(int style, int width, COLORREF color) {
@@ -80,10 +80,10 @@ public:
     CBitmap();
     operator HBITMAP() const { return static_cast<HBITMAP>(m_hObject); }
 
-    // The resource is found along the resource chain.
+    // Searches the resource along the resource chain.
     BOOL LoadBitmap(const WCHAR* name);
     BOOL LoadBitmap(UINT id) { return LoadBitmap(MAKEINTRESOURCEW(id)); }
-    // Of the kind that this device context draws to; a memory context has at first a black and
+    // A bitmap of the kind that this device context draws to. A new memory context has a black and
     // white one.
     BOOL CreateCompatibleBitmap(HDC dc, int width, int height) {
         return Replace(::CreateCompatibleBitmap(dc, width, height));

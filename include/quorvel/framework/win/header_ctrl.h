@@ -1,5 +1,5 @@
-// CHeaderCtrl: the header of a list. Windows only. It has no data of its own, so what
-// CListCtrl::GetHeaderCtrl returns needs no object of the host's.
+// CHeaderCtrl: the header of a list. Windows only. The class has no data members, so the host needs
+// no object of its own for the result of CListCtrl::GetHeaderCtrl.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -27,7 +27,7 @@ public:
     BOOL GetItemRect(int item, RECT* rect) const { return Send(HDM_GETITEMRECT, item, rect); }
     int HitTest(HDHITTESTINFO* test) const { return Send(HDM_HITTEST, 0, test); }
 
-    // The items from left to right. FALSE for a count that is not the header's.
+    // The items from left to right. FALSE if `count` is not the number of items.
     int OrderToIndex(int order) const { return Send(HDM_ORDERTOINDEX, order); }
     BOOL GetOrderArray(int* items, int count) const {
         return Send(HDM_GETORDERARRAY, count, items);
@@ -35,7 +35,7 @@ public:
     BOOL SetOrderArray(int count, const int* items) {
         return Send(HDM_SETORDERARRAY, count, items);
     }
-    CImageList* SetImageList(CImageList* images); // the former one
+    CImageList* SetImageList(CImageList* images); // returns the old one
 
 private:
     int Send(UINT message, int number, const void* record = nullptr) const {

@@ -1,8 +1,8 @@
-// CImageList: a list of pictures of one size. Windows only.
+// CImageList: a list of pictures of the same size. Windows only.
 //
-// An object that created or attached a list owns it. FromHandle, and the members of controls that
-// return a list, give temporary objects: used at once and not stored. A control does not own its
-// image list: it outlives the control, or the control has the style that shares it.
+// An object owns a list that it created or attached. FromHandle, and members of controls that
+// return a list, return temporary objects: use them at once, do not store them. A control does not
+// own its image list: the list must outlive it, or the control must have the style that shares it.
 #pragma once
 
 #include <quorvel/framework/geometry.h>
@@ -14,24 +14,24 @@ class QUORVEL_API CImageList : public CObject {
     DECLARE_DYNAMIC(CImageList)
 public:
     CImageList();
-    ~CImageList() override; // destroys the list that it still has
+    ~CImageList() override; // destroys its list, if any
 
-    HIMAGELIST m_hImageList; // null when there is none
+    HIMAGELIST m_hImageList; // null without a list
     HIMAGELIST GetSafeHandle() const { return m_hImageList; }
     static CImageList* FromHandle(HIMAGELIST list); // null for a null handle
 
-    // FALSE, and nothing changed, for a null handle and when there is a list already.
+    // Returns FALSE and changes nothing for a null handle and when there already is a list.
     BOOL Attach(HIMAGELIST list);
-    HIMAGELIST Detach(); // the caller's from here on
+    HIMAGELIST Detach(); // the caller then owns it
     BOOL DeleteImageList();
     BOOL Create(int width, int height, UINT flags, int count, int grow);
-    // From a bitmap that is found along the resource chain: pictures of that width side by side,
-    // where `mask` is the colour that is not drawn.
+    // Creates it from a bitmap that is searched along the resource chain: pictures of that width
+    // side by side. `mask` is the transparent colour.
     BOOL Create(UINT bitmapId, int width, int grow, COLORREF mask);
 
-    // Each of the rest forwards to the platform's function of its name; -1 is a failure.
+    // Each of the following members calls the platform's function of its name; -1 means failure.
     int GetImageCount() const;
-    int Add(CBitmap* bitmap, CBitmap* mask); // null: without one
+    int Add(CBitmap* bitmap, CBitmap* mask); // a null mask: no mask
     int Add(CBitmap* bitmap, COLORREF mask);
     int Add(HICON icon);
     int Replace(int image, HICON icon);

@@ -1,5 +1,5 @@
-// CListBox: a list box. Windows only. It has no data of its own, so what CWnd::GetDlgItem returns
-// for a list box may be cast to it. Rows count from 0; -1 (LB_ERR) stands for no row or a failure.
+// CListBox: a list box. Windows only. It has no data members, so the result of CWnd::GetDlgItem for
+// a list box may be cast to it. Rows count from 0; -1 (LB_ERR): no row, or failure.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -17,7 +17,7 @@ public:
     int InsertString(int row, const WCHAR* text) { return Send(LB_INSERTSTRING, row, text); }
     int DeleteString(UINT row) { return Send(LB_DELETESTRING, static_cast<int>(row)); }
     void ResetContent() { Send(LB_RESETCONTENT); }
-    void GetText(int row, CString& text) const; // empty for no row
+    void GetText(int row, CString& text) const; // empty for an invalid row
     int GetTextLen(int row) const { return Send(LB_GETTEXTLEN, row); }
     DWORD_PTR GetItemData(int row) const {
         return static_cast<DWORD_PTR>(SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(row)));
@@ -30,7 +30,7 @@ public:
     int SetItemDataPtr(int row, void* data) {
         return SetItemData(row, reinterpret_cast<DWORD_PTR>(data));
     }
-    // The first row after `after` that begins with the text, or that is equal but for letter case.
+    // The first row after `after` that begins with the text, or (Exact) equals it. Ignores case.
     int FindString(int after, const WCHAR* text) const { return Send(LB_FINDSTRING, after, text); }
     int FindStringExact(int after, const WCHAR* text) const {
         return Send(LB_FINDSTRINGEXACT, after, text);
@@ -40,7 +40,7 @@ public:
     int GetCurSel() const { return Send(LB_GETCURSEL); }
     int SetCurSel(int row) { return Send(LB_SETCURSEL, row); }
     int SelectString(int after, const WCHAR* text) { return Send(LB_SELECTSTRING, after, text); }
-    // Of a list with multiple selection; row -1 of SetSel: all.
+    // For a list with multiple selection. Row -1 of SetSel means all rows.
     int GetSel(int row) const { return Send(LB_GETSEL, row); }
     int SetSel(int row, BOOL select = TRUE) {
         return static_cast<int>(SendMessage(LB_SETSEL, static_cast<WPARAM>(select), row));
@@ -64,7 +64,7 @@ public:
         return static_cast<int>(
             SendMessage(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(rect)));
     }
-    // The row nearest to a point of the client area, and whether that is outside it.
+    // The row nearest to a point of the client area, and whether the point is outside that area.
     UINT ItemFromPoint(CPoint point, BOOL& outside) const {
         const DWORD found =
             static_cast<DWORD>(SendMessage(LB_ITEMFROMPOINT, 0, MAKELPARAM(point.x, point.y)));

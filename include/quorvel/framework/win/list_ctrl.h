@@ -1,8 +1,8 @@
-// CListCtrl: a list-view. Windows only. It has no data of its own, so what CWnd::GetDlgItem returns
-// for a list-view may be cast to it. Items count from 0; -1 stands for no item or a failure.
+// CListCtrl: a list-view. Windows only. It has no data members, so the result of CWnd::GetDlgItem
+// for a list-view may be cast to it. Items count from 0; -1 means no item or failure.
 //
-// A change of many items is slow while it is shown: call SetRedraw(FALSE) before, SetRedraw() and
-// Invalidate() after it.
+// Changing many items is slow while the list is drawn: call SetRedraw(FALSE) before, and
+// SetRedraw() and Invalidate() after.
 #pragma once
 
 #include <quorvel/framework/map.h>
@@ -21,9 +21,9 @@ public:
         return CWnd::Create(WC_LISTVIEWW, nullptr, style, rect, parent, id);
     }
 
-    // Null for a list without a header. The header's permanent object, otherwise a temporary one.
+    // The header's permanent object, or else a temporary one. Null for a list without a header.
     CHeaderCtrl* GetHeaderCtrl() const;
-    // The style bits LVS_EX_ of the mask; mask 0: all. Returns those before.
+    // Changes the LVS_EX_ style bits in `mask` (0: all). Returns the old style.
     DWORD SetExtendedStyle(DWORD style, DWORD mask = 0) {
         return static_cast<DWORD>(
             SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, mask, static_cast<LPARAM>(style)));
@@ -31,14 +31,14 @@ public:
     DWORD GetExtendedStyle() const {
         return static_cast<DWORD>(SendMessage(LVM_GETEXTENDEDLISTVIEWSTYLE));
     }
-    CImageList* SetImageList(CImageList* images, int which); // the former one
+    CImageList* SetImageList(CImageList* images, int which); // returns the old one
     CImageList* GetImageList(int which) const;
 
     // Columns
     int InsertColumn(int column, const LVCOLUMNW* description) {
         return Send(LVM_INSERTCOLUMNW, column, description);
     }
-    // Width -1: the platform's own; sub-item -1: the column's.
+    // Width -1: the platform's default. Sub-item -1: that of the column.
     int InsertColumn(int column, const WCHAR* heading, int format = LVCFMT_LEFT, int width = -1,
                      int subItem = -1);
     BOOL DeleteColumn(int column) { return Send(LVM_DELETECOLUMN, column); }
@@ -53,9 +53,9 @@ public:
         return static_cast<BOOL>(
             SendMessage(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0)));
     }
-    // The columns from left to right; count -1: all. FALSE for a count that is not the header's
-    // and for a list without a header.
-    // An order that is no permutation must not be set: the platform then takes one of its own.
+    // The columns from left to right; count -1: all. FALSE if the count is not the number of
+    // columns, and for a list without a header. Set only permutations: for any other order the
+    // platform uses an order of its own.
     BOOL GetColumnOrderArray(int* columns, int count = -1) const;
     BOOL SetColumnOrderArray(int count, const int* columns) {
         return Send(LVM_SETCOLUMNORDERARRAY, count, columns);
@@ -79,18 +79,18 @@ public:
     BOOL SetItem(int item, int subItem, UINT mask, const WCHAR* text, int image, UINT state,
                  UINT stateMask, LPARAM data, int indent = 0);
     CString GetItemText(int item, int subItem) const; // of any length
-    // As much as there is room for; the number of characters without the terminator.
+    // Copies as much as fits. Returns the number of characters, without the terminator.
     int GetItemText(int item, int subItem, WCHAR* buffer, int size) const;
     BOOL SetItemText(int item, int subItem, const WCHAR* text);
     DWORD_PTR GetItemData(int item) const;
     BOOL SetItemData(int item, DWORD_PTR data);
-    // LVM_SORTITEMS: `compare` gets the data of two items. Not for owner-data lists.
+    // Sends LVM_SORTITEMS: `compare` gets the data of two items. Not for owner-data lists.
     BOOL SortItems(PFNLVCOMPARE compare, DWORD_PTR parameter) {
         return static_cast<BOOL>(
             SendMessage(LVM_SORTITEMS, parameter, reinterpret_cast<LPARAM>(compare)));
     }
 
-    // Selection and state; item -1 of SetItemState: all
+    // Selection and state. Item -1 of SetItemState means all items.
     UINT GetItemState(int item, UINT mask) const {
         return static_cast<UINT>(
             SendMessage(LVM_GETITEMSTATE, static_cast<WPARAM>(item), static_cast<LPARAM>(mask)));
@@ -103,7 +103,7 @@ public:
         return static_cast<int>(
             SendMessage(LVM_GETNEXTITEM, static_cast<WPARAM>(after), MAKELPARAM(flags, 0)));
     }
-    // The selected items one by one: the position is null when there is no further one.
+    // Visits the selected items one by one. The position is null after the last one.
     POSITION GetFirstSelectedItemPosition() const;
     int GetNextSelectedItem(POSITION& position) const;
     UINT GetSelectedCount() const { return static_cast<UINT>(SendMessage(LVM_GETSELECTEDCOUNT)); }
@@ -127,10 +127,10 @@ public:
     int GetTopIndex() const { return Send(LVM_GETTOPINDEX, 0); }
     int GetCountPerPage() const { return Send(LVM_GETCOUNTPERPAGE, 0); }
     int GetStringWidth(const WCHAR* text) const { return Send(LVM_GETSTRINGWIDTHW, 0, text); }
-    // LV_VIEW_DETAILS and so on. SetView answers 1, or -1 for no view.
+    // LV_VIEW_DETAILS and so on. SetView returns 1, or -1 for an invalid view.
     DWORD GetView() const { return static_cast<DWORD>(SendMessage(LVM_GETVIEW)); }
     int SetView(int view) { return Send(LVM_SETVIEW, view); }
-    CToolTipCtrl* GetToolTips() const; // null when there is none
+    CToolTipCtrl* GetToolTips() const; // null without tool tips
     BOOL GetItemPosition(int item, POINT* point) const {
         return Send(LVM_GETITEMPOSITION, item, point);
     }
@@ -173,10 +173,10 @@ public:
     int FindItem(const LVFINDINFOW* what, int after = -1) const {
         return Send(LVM_FINDITEMW, after, what);
     }
-    CEdit* EditLabel(int item); // null when it can't be edited
+    CEdit* EditLabel(int item); // null if it cannot be edited
 
 protected:
-    // An item of a list with LVS_OWNERDRAWFIXED; here nothing is drawn.
+    // Draws an item of a list with LVS_OWNERDRAWFIXED. The default draws nothing.
     virtual void DrawItem(DRAWITEMSTRUCT* item);
     DECLARE_MESSAGE_MAP()
 

@@ -1,8 +1,8 @@
-// CMenu: a menu handle and the object that stands for it. Windows only.
+// CMenu: a menu. Windows only.
 //
 // An object that loaded, created or attached a menu owns it and is its permanent object on this
-// thread; one that FromHandle or GetSubMenu returns is temporary, to be used at once and not
-// stored.
+// thread. FromHandle and GetSubMenu return temporary objects otherwise: use them at once, do not
+// store them.
 #pragma once
 
 #include <quorvel/framework/object.h>
@@ -14,27 +14,27 @@ class QUORVEL_API CMenu : public CObject {
     DECLARE_DYNAMIC(CMenu)
 public:
     CMenu();
-    ~CMenu() override; // destroys the menu that it still has
+    ~CMenu() override; // destroys its menu, if any
 
-    HMENU m_hMenu; // null when there is none
+    HMENU m_hMenu; // null without a menu
     HMENU GetSafeHmenu() const { return m_hMenu; }
     static CMenu* FromHandle(HMENU menu); // null for a null handle
 
-    // FALSE, and nothing changed, for a null handle, when there is a menu already and when the menu
-    // has another object.
+    // Returns FALSE and changes nothing for a null handle, when there already is a menu, and when
+    // the menu has another object.
     BOOL Attach(HMENU menu);
-    HMENU Detach(); // the caller's from here on
+    HMENU Detach(); // the caller then owns it
     BOOL DestroyMenu();
 
-    // Each is FALSE when this object has a menu. A resource is found along the resource chain, so
-    // that a language library's menu is loaded.
+    // Each returns FALSE when this object has a menu. Resources are searched along the resource
+    // chain, so a language library's menu is used.
     BOOL CreateMenu() { return Attach(m_hMenu == nullptr ? ::CreateMenu() : nullptr); }
     BOOL CreatePopupMenu() { return Attach(m_hMenu == nullptr ? ::CreatePopupMenu() : nullptr); }
     BOOL LoadMenu(const WCHAR* name);
     BOOL LoadMenu(UINT id) { return LoadMenu(MAKEINTRESOURCEW(id)); }
 
-    // Each of the rest forwards to the platform's function of its name; `flags` say by
-    // MF_BYPOSITION or MF_BYCOMMAND what an item is named by.
+    // Each of the following members calls the platform's function of the same name. MF_BYPOSITION
+    // or MF_BYCOMMAND in `flags` says whether `item` is a position or a command id.
     int GetMenuItemCount() const { return ::GetMenuItemCount(m_hMenu); }
     UINT GetMenuItemID(int position) const { return ::GetMenuItemID(m_hMenu, position); }
     UINT GetMenuState(UINT item, UINT flags) const { return ::GetMenuState(m_hMenu, item, flags); }
@@ -72,7 +72,7 @@ public:
     }
 
     // Shows a pop-up menu at a point of the screen until it closes. `owner` gets its messages. With
-    // TPM_RETURNCMD the result is the command, 0 when none was chosen; otherwise the owner gets
-    // WM_COMMAND. The owner may be gone when this returns.
+    // TPM_RETURNCMD the result is the command, or 0 when the user chose no item; otherwise the
+    // owner gets WM_COMMAND. The owner may have been destroyed when this returns.
     BOOL TrackPopupMenu(UINT flags, int x, int y, CWnd* owner, const RECT* = nullptr);
 };

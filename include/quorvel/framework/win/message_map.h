@@ -1,9 +1,9 @@
-// The rows of message maps for messages that exist on Windows only. ON_MESSAGE, ON_COMMAND,
-// ON_CONTROL, ON_NOTIFY, ON_WM_TIMER and ON_WM_DESTROY are in <quorvel/framework/wnd.h>.
+// Message map rows for messages that exist on Windows only. ON_MESSAGE, ON_COMMAND, ON_CONTROL,
+// ON_NOTIFY, ON_WM_TIMER and ON_WM_DESTROY are in <quorvel/framework/wnd.h>.
 //
-// A row names its handler's shape. A handler with other parameters does not compile: the error says
-// that no function of quorvel::handlers matches. ON_WM_... rows call the member of their own name
-// (OnSize for ON_WM_SIZE); CWnd has one for each, which passes the message on.
+// Each row requires a handler signature. A handler with other parameters does not compile: no
+// function of quorvel::handlers matches. An ON_WM_... row calls the member of its name (OnSize for
+// ON_WM_SIZE). CWnd has a base version of each, which calls the window's own procedure.
 #pragma once
 
 #include <quorvel/framework/win/cmd_ui.h>
@@ -16,11 +16,11 @@
 
 namespace quorvel {
 
-// Added to the message of a notification that is offered to the control itself.
+// Added to the message of a notification that is reflected to the control itself.
 inline constexpr UINT kReflected = 0xbc00;
 
-// How a message's two parameters become the arguments of a handler, one function for each shape.
-// The member's class may be a base of the window's.
+// Convert a message's two parameters to the arguments of a handler; one function for each
+// signature. The member's class may be a base class of the window's.
 namespace handlers {
 
 inline CWnd* Window(WPARAM wParam) {
@@ -142,20 +142,20 @@ LRESULT Menu(Self* self, void (C::*member)(CMenu*, UINT, BOOL), WPARAM wParam, L
                     HIWORD(lParam) != 0);
     return 0;
 }
-// The bar's window is null for the window's own scroll bar.
+// The scroll bar is null for the window's own scroll bar.
 template <class Self, class C>
 LRESULT Scroll(Self* self, void (C::*member)(UINT, UINT, CScrollBar*), WPARAM wParam,
                LPARAM lParam) {
     (self->*member)(LOWORD(wParam), HIWORD(wParam), static_cast<CScrollBar*>(Window(lParam)));
     return 0;
 }
-// A reflected one has no bar's window, as it is the control's own.
+// A reflected message has no scroll bar argument: the control is the scroll bar.
 template <class Self, class C>
 LRESULT ReflectedScroll(Self* self, void (C::*member)(UINT, UINT), WPARAM wParam, LPARAM) {
     (self->*member)(LOWORD(wParam), HIWORD(wParam));
     return 0;
 }
-// The kind of control is the message's distance from WM_CTLCOLORMSGBOX: CTLCOLOR_EDIT and so on.
+// The kind of control is the offset from WM_CTLCOLORMSGBOX: CTLCOLOR_EDIT and so on.
 template <UINT kind, class Self, class C>
 LRESULT Color(Self* self, HBRUSH (C::*member)(CDC*, CWnd*, UINT), WPARAM wParam, LPARAM lParam) {
     return reinterpret_cast<LRESULT>(
@@ -167,7 +167,7 @@ LRESULT ReflectedColor(Self* self, HBRUSH (C::*member)(CDC*, UINT), WPARAM wPara
         (self->*member)(CDC::FromHandle(reinterpret_cast<HDC>(wParam)), kind));
 }
 
-// WM_COMMAND: the first parameter is the id, and the result whether it was handled.
+// WM_COMMAND: the first parameter is the id; returns whether the command was handled.
 template <class Self, class C>
 LRESULT Command(Self* self, void (C::*member)(UINT), WPARAM id, LPARAM) {
     (self->*member)(static_cast<UINT>(id));
@@ -184,7 +184,7 @@ LRESULT UpdateUI(Self* self, void (C::*member)(CCmdUI*), WPARAM, LPARAM extra) {
     (self->*member)(&ui);
     return !ui.m_bContinueRouting;
 }
-// WM_NOTIFY: the result says whether it was handled.
+// WM_NOTIFY: returns whether the notification was handled.
 template <class Self, class C>
 LRESULT Notify(Self* self, void (C::*member)(UINT, NMHDR*, LRESULT*), WPARAM, LPARAM extra) {
     const AFX_NOTIFY& notify = *reinterpret_cast<const AFX_NOTIFY*>(extra);
@@ -218,7 +218,7 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
     QUORVEL_WM_ROW(quorvel::kReflected + message, shape, member)
 
 // clang-format off
-// A window's life, place and looks
+// Creation, position and appearance
 #define ON_WM_CREATE()            QUORVEL_WM_ROW(WM_CREATE, RecordAnswer, OnCreate)
 #define ON_WM_NCDESTROY()         QUORVEL_WM_ROW(WM_NCDESTROY, Plain, OnNcDestroy)
 #define ON_WM_CLOSE()             QUORVEL_WM_ROW(WM_CLOSE, Plain, OnClose)
@@ -261,7 +261,7 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
 #define ON_WM_CONTEXTMENU()       QUORVEL_WM_ROW(WM_CONTEXTMENU, WindowAt, OnContextMenu)
 #define ON_WM_INITMENUPOPUP()     QUORVEL_WM_ROW(WM_INITMENUPOPUP, Menu, OnInitMenuPopup)
 #define ON_WM_DROPFILES()         QUORVEL_WM_ROW(WM_DROPFILES, Drop, OnDropFiles)
-// Of the window's controls
+// Messages from the window's controls
 #define ON_WM_HSCROLL()           QUORVEL_WM_ROW(WM_HSCROLL, Scroll, OnHScroll)
 #define ON_WM_VSCROLL()           QUORVEL_WM_ROW(WM_VSCROLL, Scroll, OnVScroll)
 #define ON_WM_DRAWITEM()          QUORVEL_WM_ROW(WM_DRAWITEM, ItemRecord, OnDrawItem)
@@ -278,12 +278,12 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
     QUORVEL_WM_ROW(base + WM_CTLCOLORSTATIC, shape<CTLCOLOR_STATIC>, member)
 #define ON_WM_CTLCOLOR()          QUORVEL_COLOR_ROWS(0, Color, OnCtlColor)
 
-// Messages that are registered by name: `message` is a variable with the number, which is read when
-// the class's first message comes. LRESULT member(WPARAM, LPARAM)
+// Messages that are registered by name: `message` is a variable that contains the number. It is
+// read at the first message of the class. LRESULT member(WPARAM, LPARAM)
 #define ON_REGISTERED_MESSAGE(message, member) ON_MESSAGE(message, member)
 
-// Commands: void member(UINT id), BOOL member(UINT id) for EX (FALSE: not handled),
-// void member(CCmdUI*) for the updates.
+// Commands: void member(UINT id); for EX: BOOL member(UINT id), FALSE means not handled; for
+// updates: void member(CCmdUI*).
 #define ON_COMMAND_RANGE(first, last, member)                                                      \
     QUORVEL_HANDLER_ROW(WM_COMMAND, CN_COMMAND, first, last, Command, member)
 #define ON_COMMAND_EX(id, member)                                                                  \
@@ -301,7 +301,7 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
     QUORVEL_HANDLER_ROW(WM_NOTIFY, code, id, id, NotifyEx, member)
 
 // A control's own notifications, before its parent's handlers. With the plain rows the parent does
-// not get them; the members of the EX rows return TRUE for that.
+// not get them; with the EX rows it does not if the member returns TRUE.
 #define ON_CONTROL_REFLECT(code, member)                                                           \
     QUORVEL_MESSAGE_ROW(quorvel::kReflected + WM_COMMAND, code, 0, 0,                              \
                         ((self->*(member))(), LRESULT{1}))
@@ -312,7 +312,7 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
                         quorvel::CallNotify(self, member, lParam))
 #define ON_NOTIFY_REFLECT_EX(code, member)                                                         \
     QUORVEL_HANDLER_ROW(quorvel::kReflected + WM_NOTIFY, code, 0, 0, NotifyReflectEx, member)
-// HBRUSH CtlColor(CDC*, UINT): a null brush leaves the message to the parent.
+// HBRUSH CtlColor(CDC*, UINT): for a null brush the message is passed to the parent.
 #define ON_WM_CTLCOLOR_REFLECT()                                                                   \
     QUORVEL_COLOR_ROWS(quorvel::kReflected, ReflectedColor, CtlColor)
 #define ON_WM_DRAWITEM_REFLECT()  QUORVEL_REFLECT_ROW(WM_DRAWITEM, Record, DrawItem)

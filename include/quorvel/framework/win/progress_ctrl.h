@@ -1,5 +1,5 @@
-// CProgressCtrl: a progress bar. Windows only. Positions are 32-bit and signed: scale counts of
-// bytes down.
+// CProgressCtrl: a progress bar. Windows only. Positions are signed 32-bit numbers: scale large
+// byte counts down.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -21,14 +21,14 @@ public:
         high = range.iHigh;
     }
     int GetPos() const { return static_cast<int>(SendMessage(PBM_GETPOS)); }
-    int SetPos(int position) { // the former one
+    int SetPos(int position) { // returns the old one
         return static_cast<int>(SendMessage(PBM_SETPOS, static_cast<WPARAM>(position)));
     }
     int SetStep(int step) {
         return static_cast<int>(SendMessage(PBM_SETSTEP, static_cast<WPARAM>(step)));
     }
     int StepIt() { return static_cast<int>(SendMessage(PBM_STEPIT)); }
-    // Of a bar with the style PBS_MARQUEE.
+    // For a bar with the style PBS_MARQUEE. `milliseconds` is the interval between two steps.
     BOOL SetMarquee(BOOL on, int milliseconds) {
         return static_cast<BOOL>(
             SendMessage(PBM_SETMARQUEE, static_cast<WPARAM>(on), milliseconds));

@@ -1,11 +1,11 @@
-// CPropertySheet: a dialog of several pages with tabs, or a wizard. Windows only; an object is used
-// on one thread.
+// CPropertySheet: a dialog of several pages with tabs, or a wizard. Windows only. Use an object on
+// one thread.
 //
-// DoModal runs the framework's own loop, as CDialog's does (dialog.h), with the sheet's keys, such
-// as Ctrl+Tab; idle time is the page's that is shown. It returns the id of the button that closed
-// the sheet: IDOK, IDCANCEL, ID_WIZFINISH, or what EndDialog was given. -1 when the sheet has no
-// pages, when a page has no template or when its owner is destroyed; a second DoModal is -1 at once
-// with ERROR_ALREADY_EXISTS.
+// DoModal runs a message loop as CDialog's does (dialog.h), with the keys of a sheet, such as
+// Ctrl+Tab; idle time is for the visible page. It returns the id of the button that closed the
+// sheet, IDOK, IDCANCEL or ID_WIZFINISH, or the argument of EndDialog. It returns -1 when the sheet
+// has no pages, when a page has no template, and when its owner is destroyed. A second DoModal
+// returns -1 at once with ERROR_ALREADY_EXISTS.
 #pragma once
 
 #include <quorvel/framework/win/property_page.h>
@@ -20,26 +20,26 @@ class QUORVEL_API CPropertySheet : public CWnd {
     DECLARE_DYNAMIC(CPropertySheet)
 public:
     CPropertySheet();
-    // The parent, or the top-level window that it is in, owns the sheet; null: the thread's active
-    // window. A caption id is a catalogue text's.
+    // The owner of the sheet is the parent or the top-level window that contains it; for null it is
+    // the thread's active window. A caption id is that of a catalogue text.
     explicit CPropertySheet(const WCHAR* caption, CWnd* parent = nullptr, UINT selectPage = 0);
     explicit CPropertySheet(UINT captionId, CWnd* parent = nullptr, UINT selectPage = 0);
     ~CPropertySheet() override;
 
     virtual INT_PTR DoModal();
-    // A modeless sheet: it is destroyed by DestroyWindow when IsClosed, or earlier.
+    // Creates a modeless sheet. Call DestroyWindow when IsClosed returns TRUE, or earlier.
     BOOL Create(CWnd* parent = nullptr);
-    // OK or Cancel was pressed and no page refused.
+    // TRUE after OK or Cancel was pressed and no page refused.
     BOOL IsClosed() const;
     void EndDialog(int result);
 
-    // Pages are not owned. Null is ignored; so is a position that does not exist.
+    // Pages are not owned. Null, and a position that does not exist, are ignored.
     void AddPage(CPropertyPage* page);
     void RemovePage(CPropertyPage* page);
     void RemovePage(int position);
     int GetPageCount() const { return static_cast<int>(m_pages.size()); }
     CPropertyPage* GetPage(int position) const;        // null for a position that does not exist
-    int GetPageIndex(const CPropertyPage* page) const; // -1 when it is not here
+    int GetPageIndex(const CPropertyPage* page) const; // -1 if not in this sheet
     int GetActiveIndex() const;
     CPropertyPage* GetActivePage() const { return GetPage(GetActiveIndex()); }
     BOOL SetActivePage(int position);
@@ -50,7 +50,7 @@ public:
     BOOL IsWizard() const {
         return (m_psh.dwFlags & (PSH_WIZARD | PSH_WIZARD97 | PSH_WIZARD_LITE)) != 0;
     }
-    // The rest while it is shown. SetWizardButtons may be called in OnSetActive.
+    // Call the following while the sheet is shown. SetWizardButtons is allowed in OnSetActive.
     void SetWizardButtons(DWORD flags);
     void SetFinishText(const WCHAR* text) {
         SendMessage(PSM_SETFINISHTEXT, 0, reinterpret_cast<LPARAM>(text));
@@ -59,14 +59,14 @@ public:
         return PostMessage(PSM_PRESSBUTTON, static_cast<WPARAM>(button));
     }
 
-    // Flags, bitmaps and the start page; changes have an effect before it is shown.
+    // Flags, bitmaps and the start page. Changes take effect only before the sheet is shown.
     PROPSHEETHEADERW m_psh;
 
     BOOL PreTranslateMessage(MSG* message) override;
     BOOL ContinueModal() override;
 
 protected:
-    // The sheet and its first page exist and are not shown yet.
+    // Called when the sheet and its first page exist, before they are shown.
     virtual BOOL OnInitDialog();
 
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
@@ -85,5 +85,5 @@ private:
     CString m_caption;
     std::vector<CPropertyPage*> m_pages;
     bool m_initialized = false; // OnInitDialog has run
-    int m_pressed = IDCANCEL;   // the last button that may close the sheet
+    int m_pressed = IDCANCEL;   // the last pressed button that can close the sheet
 };

@@ -3,7 +3,7 @@
 
 #include <quorvel/framework/wnd.h>
 
-// Its members are those of CWnd, with SB_CTL for the bar.
+// Use the members of CWnd with SB_CTL as the bar.
 class QUORVEL_API CScrollBar : public CWnd {
     DECLARE_DYNAMIC(CScrollBar)
 };

@@ -1,4 +1,4 @@
-// CSpinButtonCtrl: a spin button. Windows only. Its first range is 100 down to 0: set it.
+// CSpinButtonCtrl: a spin button. Windows only. The initial range is 100 down to 0: set a range.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -17,12 +17,12 @@ public:
         SendMessage(UDM_GETRANGE32, reinterpret_cast<WPARAM>(&low),
                     reinterpret_cast<LPARAM>(&high));
     }
-    // Reading an edit that shows no number of the range gives the last valid position, and *error
-    // is TRUE.
+    // When the edit field shows no number within the range, returns the last valid position and
+    // sets *error to TRUE.
     int GetPos32(BOOL* error = nullptr) const {
         return static_cast<int>(SendMessage(UDM_GETPOS32, 0, reinterpret_cast<LPARAM>(error)));
     }
-    int SetPos32(int position) { // cut to the range; the former position
+    int SetPos32(int position) { // clamped; returns the old one
         return static_cast<int>(SendMessage(UDM_SETPOS32, 0, position));
     }
     CWnd* SetBuddy(CWnd* buddy) {

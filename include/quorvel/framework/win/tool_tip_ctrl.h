@@ -1,7 +1,7 @@
-// CToolTipCtrl: tool tips, and balloons with the style TTS_BALLOON. Windows only.
+// CToolTipCtrl: tool tips, or balloons with the style TTS_BALLOON. Windows only.
 //
-// A tool is a rectangle of a window (with an id that is not 0) or a whole window. The tip shows
-// when its owner passes it the tool's mouse messages: call RelayEvent in PreTranslateMessage.
+// A tool is a whole window, or a rectangle of a window (with a non-zero id). The tip is shown only
+// if the control gets the mouse messages of the tool: call RelayEvent in PreTranslateMessage.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -11,8 +11,8 @@ class QUORVEL_API CToolTipCtrl : public CWnd {
 public:
     BOOL Create(CWnd* parent, DWORD style = 0);
 
-    // A null rectangle is the whole window. The text is copied; LPSTR_TEXTCALLBACK asks the parent
-    // by TTN_NEEDTEXT.
+    // A null rectangle means the whole window. The text is copied; LPSTR_TEXTCALLBACK asks the
+    // parent with TTN_NEEDTEXT each time.
     BOOL AddTool(CWnd* wnd, const WCHAR* text = LPSTR_TEXTCALLBACKW, const RECT* rect = nullptr,
                  UINT_PTR id = 0);
     BOOL AddTool(CWnd* wnd, UINT textId, const RECT* rect = nullptr, UINT_PTR id = 0);
@@ -29,7 +29,7 @@ public:
     void SetDelayTime(DWORD which, int milliseconds) {
         SendMessage(TTM_SETDELAYTIME, which, MAKELPARAM(milliseconds, 0));
     }
-    // A width breaks long texts into lines; -1, as at first, does not.
+    // The width at which long texts break into lines; -1, the default: one line.
     int SetMaxTipWidth(int width) {
         return static_cast<int>(SendMessage(TTM_SETMAXTIPWIDTH, 0, width));
     }

@@ -1,4 +1,4 @@
-// CWaitCursor: the hour-glass for as long as the object lives. Windows only; user-interface thread.
+// CWaitCursor: shows the hour-glass while it exists. Windows only; user-interface thread.
 #pragma once
 
 #include <quorvel/framework/object.h>
@@ -9,5 +9,5 @@ public:
     CWaitCursor(const CWaitCursor&) = delete;
     ~CWaitCursor();
 
-    void Restore(); // after a message box, which has a cursor of its own
+    void Restore(); // call it after a message box, which changes the cursor
 };
