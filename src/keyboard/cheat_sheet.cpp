@@ -66,7 +66,7 @@ CString Plain(const Sheet& sheet) {
     return text;
 }
 
-// Every mark that can mean something takes a backslash.
+// Puts a backslash before every character that can have a meaning in Markdown.
 CString InMarkdown(const CString& text) {
     static constexpr std::basic_string_view<WCHAR> kMarks = _T("\\`*_{}[]<>()#+-.!|~&");
     CString escaped;
@@ -91,7 +91,7 @@ CString Markdown(const Sheet& sheet) {
 }
 
 CString InHtml(CString text) {
-    text.Replace(_T("&"), _T("&amp;")); // first: the others bring more of them
+    text.Replace(_T("&"), _T("&amp;")); // first, because the others insert ampersands
     text.Replace(_T("<"), _T("&lt;"));
     text.Replace(_T(">"), _T("&gt;"));
     text.Replace(_T("\""), _T("&quot;"));

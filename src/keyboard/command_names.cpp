@@ -8,7 +8,7 @@ CString DisplayName(const CShortcutKey& key) {
     const CShortcutKey alone(key.GetVirtualKeyCode(),
                              key.GetModifiers() & CShortcutKey::MODIFIER_EXTENDED);
     const CString name = alone.GetShortcutKeyName(1);
-    // Some keys have a control character for a name.
+    // Some keys have a control character as name.
     return name.IsEmpty() || name[0] < ' ' ? AfxGetShortcutKeyText(key) : key.GetShortcutKeyName(1);
 }
 

@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-// The character that a key types with the modifiers of Shift, Ctrl and Alt held; 0 for none.
+// The character that a key types together with its Shift, Ctrl and Alt; 0 for no character.
 typedef std::function<WCHAR(const CShortcutKey& key)> TypedCharacter;
 
 std::vector<CShortcutConflict> FindShortcutConflicts(const CKeyboardMappingScheme& scheme,

@@ -1,4 +1,4 @@
-// Numbers in stored texts: decimal digits and nothing else.
+// Reads numbers in stored texts: only decimal digits.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-// False, and the number as it was, for anything but digits and for more than the maximum.
+// Returns false and does not change `number` for other characters and above the maximum.
 inline bool ParseDecimal(std::basic_string_view<WCHAR> text, DWORD maximum, DWORD& number) {
     if (text.empty() || text.size() > 10)
         return false;

@@ -15,7 +15,7 @@ CString AfxGetKeyName(UINT virtualKeyCode, BOOL extended) {
 
 CString AfxGetKeyName(LONG keyData) {
     WCHAR name[260];
-    // Cut at the terminator: a key without a name can have a zero character, which is counted.
+    // Ends at the terminator: a key without a name can have one zero character, which is counted.
     return GetKeyNameTextW(keyData, name, static_cast<int>(std::size(name))) < 1 ? CString()
                                                                                  : CString(name);
 }

@@ -5,11 +5,11 @@
 
 namespace quorvel {
 
-// Keys without a name come last.
+// Keys without a name are last.
 inline bool IsNameBefore(const CString& a, const CString& b) {
     return a.IsEmpty() || b.IsEmpty() ? !a.IsEmpty() && b.IsEmpty() : a < b;
 }
-// Descending, but keys without a name still come last.
+// Descending order, but keys without a name are still last.
 inline bool IsNameBehind(const CString& a, const CString& b) {
     return a.IsEmpty() || b.IsEmpty() ? !a.IsEmpty() && b.IsEmpty() : b < a;
 }

@@ -19,8 +19,8 @@ std::uint32_t NumberOf(const CShortcutKey& key) {
     return static_cast<std::uint32_t>(key.GetVirtualKeyCode()) << 8 | key.GetModifiers();
 }
 
-// Apart from the class, whose own operations the compiler may not put into each other: those of a
-// library can be replaced.
+// Not members of the class: its members are exported and can be interposed, so the compiler cannot
+// inline them.
 typedef std::vector<CKeyboardShortcut> Shortcuts;
 
 std::size_t LowerBound(const Shortcuts& shortcuts, unsigned int commandID) {
@@ -138,7 +138,7 @@ bool CKeyboardMappingScheme::MayBeHeld(const CShortcutKey& key) const {
             m_heldKeys.insert(NumberOf(shortcut.GetShortcutKey()));
         m_areHeldKeysKnown = true;
     }
-    // Clearing a cleared key would change nothing.
+    // Clearing an empty key would change nothing.
     return key.IsKeySet() && !m_heldKeys.insert(NumberOf(key)).second;
 }
 
@@ -154,7 +154,7 @@ BOOL CKeyboardMappingScheme::AddKeyboardShortcut(const CKeyboardShortcut& shortc
     const bool isKnown =
         place < m_shortcuts.size() && m_shortcuts[place].GetCommandID() == shortcut.GetCommandID();
     CKeyboardShortcut added = shortcut;
-    if (!isKnown) // first what can fail for lack of memory
+    if (!isKnown) // first, because this can fail for lack of memory
         m_shortcuts.insert(m_shortcuts.begin() + static_cast<std::ptrdiff_t>(place),
                            CKeyboardShortcut());
     if (isHeld)
@@ -257,7 +257,7 @@ void CKeyboardMappingScheme::SortKeyboardShortcutsByCommandText(BOOL ascending) 
     });
 }
 
-// The names are made once for each shortcut, not for each comparison.
+// Creates the name once for each shortcut, not for each comparison.
 void CKeyboardMappingScheme::SortKeyboardShortcutsByKeyboardShortcutName(BOOL ascending) {
     std::vector<std::pair<CString, CKeyboardShortcut>> named;
     named.reserve(m_shortcuts.size());

@@ -7,7 +7,7 @@ namespace {
 constexpr struct {
     unsigned char modifier;
     BYTE flag;
-    int neededBit; // in the high byte of VkKeyScanW's result
+    int neededBit; // a bit in the high byte of VkKeyScanW's result
 } kModifiers[] = {{CShortcutKey::MODIFIER_SHIFT, FSHIFT, 1},
                   {CShortcutKey::MODIFIER_CONTROL, FCONTROL, 2},
                   {CShortcutKey::MODIFIER_ALT, FALT, 4}};

@@ -16,7 +16,7 @@ struct Resource {
 
 struct Listing {
     std::vector<Resource> resources;
-    bool hasFailed = false; // for lack of memory, which must not be thrown through the system
+    bool hasFailed = false; // no memory; nothing may be thrown through the system
 };
 
 BOOL CALLBACK AddResource(HMODULE module, LPCWSTR type, LPWSTR name, LONG_PTR parameter) {
@@ -33,7 +33,7 @@ BOOL CALLBACK AddResource(HMODULE module, LPCWSTR type, LPWSTR name, LONG_PTR pa
             if (bytes != nullptr)
                 resource.bytes = {bytes, SizeofResource(module, found)};
         }
-        listing.resources.push_back(std::move(resource)); // without bytes it counts as damaged
+        listing.resources.push_back(std::move(resource)); // without bytes it is damaged
         return TRUE;
     } catch (...) {
         listing.hasFailed = true;

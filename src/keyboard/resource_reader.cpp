@@ -7,8 +7,8 @@ namespace quorvel {
 
 namespace {
 
-// Takes values from the bytes one after another. What is not there ends it: it is then at fault,
-// and all values are 0 and empty.
+// Reads values from the bytes one after another. If a value is missing, reading ends: the reader
+// has failed, and all further values are 0 or empty.
 class Reader {
 public:
     explicit Reader(std::span<const BYTE> bytes) : m_bytes(bytes) {}
@@ -25,7 +25,7 @@ public:
         m_place += sizeof number;
         return number;
     }
-    // Up to its terminator, which is passed.
+    // Reads up to the terminator and skips it.
     CString TakeText() {
         CString text;
         while (const WORD unit = Take<WORD>())
@@ -51,7 +51,7 @@ private:
     bool m_isAtFault = false;
 };
 
-// "&&" is an ampersand, a single one marks a mnemonic.
+// "&&" is one ampersand; a single one marks a mnemonic.
 CString LabelOf(const CString& text) {
     CString label;
     for (int i = 0; i < text.GetLength() && text[i] != '\t' && text[i] != '\b'; ++i) {
@@ -64,7 +64,7 @@ CString LabelOf(const CString& text) {
 
 struct Item {
     bool isPopup;
-    bool isLast; // of its level
+    bool isLast; // the last item of its level
     unsigned int command;
     CString text;
 };
@@ -124,7 +124,7 @@ bool ReadMenuLabels(std::span<const BYTE> menu, std::map<unsigned int, CString>&
     reader.Skip(headerSize);
     if (reader.IsAtFault() || (version != kPlain && version != kExtended))
         return false;
-    // Of each level above: whether its popup item is the last there.
+    // For each level above: whether its popup item is the last one there.
     std::vector<bool> levels;
     for (;;) {
         const Item item = version == kPlain ? TakeItem(reader) : TakeExtendedItem(reader);

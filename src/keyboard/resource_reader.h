@@ -1,7 +1,7 @@
-// Accelerator tables and menus as resources hold them.
+// Reads accelerator tables and menus from resources.
 //
-// Modules are not trusted: every length is tested against the bytes at hand, and the depth of menus
-// costs memory alone.
+// Modules are not trusted: every length is checked against the available bytes, and deep menus only
+// cost memory.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -13,13 +13,13 @@
 
 namespace quorvel {
 
-// The entries of a table: four words each, flags, key, command and nothing, up to the one whose
-// flags say that it is the last. False, and the entries as they were, when that one is missing.
+// Reads a table's entries of four words: flags, key, command, unused. Flags mark the last one. If
+// it is missing, returns false and does not change `entries`.
 bool ReadAccelerators(std::span<const BYTE> table, std::vector<ACCEL>& entries);
 
-// Adds the labels of a menu's commands: without mnemonics and without what follows a tab. Those
-// that are there already stay. False for what is no menu or ends too early; what was read until
-// then has been added.
+// Adds the labels of a menu's commands, without mnemonics and without the text after a tab.
+// Existing labels are kept. Returns false if the bytes are not a menu or end too early; the labels
+// read until then have been added.
 bool ReadMenuLabels(std::span<const BYTE> menu, std::map<unsigned int, CString>& labels);
 
 } // namespace quorvel

@@ -41,7 +41,7 @@ std::pair<int, int> NumbersOf(const CShortcutKey& key) {
     return {key.GetVirtualKeyCode(), key.GetModifiers()};
 }
 
-// A problem of one row, or of all; the inserts are of its text.
+// A problem of one row or of the whole text. `first` and `second` are the inserts of its text.
 Problem ProblemOf(Problem::Kind kind, UINT textId, int row, const CString& first = CString(),
                   const CString& second = CString()) {
     Problem problem;
@@ -57,7 +57,7 @@ CString NumberText(unsigned int number) {
     return text;
 }
 
-// Reads the rows one after another and knows those before.
+// Reads the rows one after another and remembers the earlier ones.
 class RowReader {
 public:
     RowReader(const std::unordered_map<unsigned int, std::size_t>& commands, Problems& problems)
@@ -88,7 +88,7 @@ public:
     const std::vector<StoredKey>& Keys() const { return m_keys; }
 
 private:
-    // Nothing, and a problem, for what is no key.
+    // No value, after reporting a problem, if the key is invalid.
     std::optional<CShortcutKey> ReadKey(const CMarkup& markup) {
         const CString text = markup.GetChildAttrib(kKey);
         const CString code = markup.GetChildAttrib(kCode);
@@ -103,7 +103,7 @@ private:
                       ParseDecimal(ViewOf(modifiers), 0xff, modifiersNumber);
         const CShortcutKey byNumbers(static_cast<unsigned short>(codeNumber),
                                      static_cast<unsigned char>(modifiersNumber));
-        // The text can't have modifier bits without a meaning.
+        // The text cannot contain modifier bits that have no meaning.
         if (isValid && hasNumbers && !text.IsEmpty())
             isValid = AfxGetShortcutKeyText(byText) == AfxGetShortcutKeyText(byNumbers);
         if (isValid)
@@ -124,7 +124,7 @@ private:
     std::vector<StoredKey> m_keys;
 };
 
-// The problem of all rows, if there is one. The document stands at its root afterwards.
+// A problem of the whole text, if there is one. Leaves the document at its root.
 std::optional<Problem> FindProblemOfAll(CMarkup& markup) {
     markup.ResetPos();
     DWORD format = 0;
@@ -162,7 +162,7 @@ BOOL Load(CKeyboardMappingScheme& scheme, const StatePlace& place, Problems* pro
 
 } // namespace
 
-// Empty without a function.
+// Empty without a load-default function.
 CKeyboardMappingScheme CKeyboardMappingScheme::GetDefaults() const {
     CKeyboardMappingScheme defaults(nullptr, m_loadDefault);
     defaults.LoadDefaultMappingScheme();
@@ -202,7 +202,7 @@ BOOL CKeyboardMappingScheme::ImportFrom(CMarkup& markup, BOOL skipFaultyRows,
                                         std::vector<CShortcutProblem>* problems) {
     if (auto problem = FindProblemOfAll(markup))
         return Refuse(std::move(*problem), problems);
-    // Their own index: a scheme need not be in the order of its commands.
+    // A separate index, because a scheme need not be in the order of its commands.
     std::unordered_map<unsigned int, std::size_t> commands;
     for (std::size_t i = 0; i < m_shortcuts.size(); ++i)
         commands.try_emplace(m_shortcuts[i].GetCommandID(), i);

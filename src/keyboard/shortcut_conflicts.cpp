@@ -19,8 +19,8 @@ constexpr unsigned char kAlt = CShortcutKey::MODIFIER_ALT;
 constexpr unsigned char kAll = kShift | kCtrl | kAlt;
 constexpr unsigned char kAny = 0xff;
 
-// What the system does with the modifiers of a key: closes and switches windows, opens the start
-// menu and the window's menu, and so on.
+// Keys with these modifiers that the system uses, for example to close and switch windows and to
+// open the start menu or the window's menu.
 struct Kept {
     int code;
     unsigned char modifiers;
@@ -53,7 +53,7 @@ CShortcutConflict Conflict(CShortcutConflict::Kind kind, UINT textId, const CStr
 
 WCHAR AskLayout(const CShortcutKey& key) {
     constexpr BYTE kDown = 0x80;
-    constexpr UINT kKeepState = 1 << 2; // of dead keys that were typed before
+    constexpr UINT kKeepState = 1 << 2; // keeps dead keys that were typed before
     BYTE state[256] = {};
     state[VK_SHIFT] = key.UsesShiftKeyModifier() ? kDown : 0;
     state[VK_CONTROL] = key.UsesControlKeyModifier() ? kDown : 0;
@@ -62,7 +62,7 @@ WCHAR AskLayout(const CShortcutKey& key) {
     const UINT code = key.GetVirtualKeyCode();
     const int count = ToUnicode(code, MapVirtualKeyW(code, MAPVK_VK_TO_VSC), state, text,
                                 static_cast<int>(std::size(text)) - 1, kKeepState);
-    return count != 0 ? text[0] : WCHAR(0); // below 0 is a dead key, which counts too
+    return count != 0 ? text[0] : WCHAR(0); // negative for a dead key, which counts too
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 
 namespace {
 
-// Whether the key that most users mean by a code is the extended one.
+// Whether most users mean the extended key by this code.
 bool IsNamedAsExtended(unsigned short code, bool isExtended) {
     switch (code) {
     case VK_CLEAR:
@@ -50,7 +50,7 @@ CString CShortcutKey::GetShortcutKeyName(int forceStandardExtendedKeys) const {
 }
 
 int CShortcutKey::GetModifiersSortingRank() const noexcept {
-    // By the bits of Shift, Ctrl and Alt.
+    // Indexed by the bits of Shift, Ctrl and Alt.
     static constexpr int kRanks[] = {1, 3, 2, 5, 4, 7, 6, 8};
     constexpr int kRankOfNoKey = 9;
     return IsKeySet() ? kRanks[m_modifiers & (MODIFIER_SHIFT | MODIFIER_CONTROL | MODIFIER_ALT)]

@@ -26,8 +26,8 @@ struct Named {
     int code;
     const WCHAR* name;
 };
-// Letters and digits are named by themselves, F1 to F24 and the digits of the numeric pad by their
-// numbers. A name holds no "+".
+// Letters and digits are their own names. F1 to F24 and the digits of the numeric pad are named by
+// their numbers. A name contains no "+".
 constexpr Named kNames[] = {
     {VK_BACK, _T("Backspace")},
     {VK_TAB, _T("Tab")},
@@ -111,7 +111,7 @@ std::optional<unsigned char> ModifierOf(View word) {
     return modifier->bit;
 }
 
-// The code whose name this is. All codes with names are below 256.
+// The code with this name. All codes with names are below 256.
 std::optional<int> CodeOf(View word) {
     DWORD number;
     if (!word.empty() && word[0] == '#')

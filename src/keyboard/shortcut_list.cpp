@@ -32,7 +32,7 @@ CString TextOf(const Row& row) {
     return row.GetKeyboardShortcut().GetCommandText();
 }
 
-// Texts beside their rows, so that comparing asks no row. A row keeps its text.
+// Texts with their rows, so that comparisons need not call the rows. The text stays in its row.
 struct Entry {
     View text;
     Row* row;
@@ -48,7 +48,7 @@ void SortByText(std::vector<Entry>::iterator first, std::vector<Entry>::iterator
                          [](const Entry& a, const Entry& b) { return b.text < a.text; });
 }
 
-// Whether folded text contains a folded one.
+// Whether a case-folded text contains another one.
 class Finder {
 public:
     explicit Finder(const CString& text) : m_wanted(ViewOf(text)) {
@@ -80,7 +80,7 @@ CShortcutKey DefaultKey(const CKeyboardMappingScheme& defaults, const Row& row) 
     return shortcut.GetShortcutKey();
 }
 
-// False without a function.
+// Returns false without a load-default function.
 bool LoadDefaults(const CKeyboardMappingScheme& scheme, CKeyboardMappingScheme& defaults) {
     return defaults.SetLoadDefaultMappingSchemeFunction(
                scheme.GetLoadDefaultMappingSchemeFunction()) &&
@@ -275,7 +275,7 @@ void ShortcutList::SortRows(std::vector<Row*>& rows) const {
     entries.reserve(rows.size());
     for (Row* const row : rows)
         entries.push_back({isByCommand ? ViewOf(TextOf(*row)) : ViewOf(row->GetKeyName()), row});
-    // Rows without a key come last; the others are compared without asking that again.
+    // Moves rows without a key to the end. So comparing the others needs no test for a key.
     const auto end =
         isByCommand ? entries.end()
                     : std::stable_partition(entries.begin(), entries.end(),

@@ -1,11 +1,11 @@
 // The rows of a list in which users edit the keys of one of several schemes.
 //
-// Each scheme has working rows, made from its shortcuts when it was added: the schemes themselves
-// do not change. Those of the active scheme are shown, all of them or those that a filter keeps, in
-// the order of the sort that is in force. A row is counted from 0 as it is shown.
+// Each scheme has working rows, which are created from its shortcuts when it is added; the schemes
+// do not change. The rows of the active scheme are shown, all or those that match a filter, in the
+// order of the current sort. Row numbers count the shown rows from 0.
 //
-// Schemes are not owned: one must live until it is removed or replaced. Used on one thread at a
-// time. Lack of memory throws, and rows and keys are as before then.
+// Schemes are not owned. A scheme must exist until it is removed or replaced. One thread at a time.
+// Lack of memory throws and changes neither rows nor keys.
 #pragma once
 
 #include <quorvel/keyboard/keyboard_mapping_scheme.h>
@@ -18,14 +18,14 @@
 
 namespace quorvel {
 
-// The orders of the list's columns, by code unit. Rows without a key come last in both orders of
-// the keys. Rows of another class come before nothing.
+// The orders of the list's columns, by code unit. In both orders of the keys, rows without a key
+// are last. With a row of another class the result is false.
 bool IsCommandBefore(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
 bool IsCommandBehind(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
 bool IsKeyBefore(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
 bool IsKeyBehind(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
 
-// The sort that is in force. Without an order rows stay as they are.
+// The current sort. Without an order the rows keep theirs.
 struct ShortcutSort {
     int column = -1; // -1: not sorted
     bool isAscending = true;
@@ -43,12 +43,12 @@ public:
         std::vector<boost::shared_ptr<Row>> rows; // in the scheme's order
     };
 
-    // The order of a column; null for another column.
+    // The order of a column; null for an unknown column.
     static VirtualRowOrder OrderOf(int column, bool isAscending);
 
-    // Schemes have indexes from 0. The active one stays active where others come and go; when it is
-    // replaced or removed itself, no scheme is active and no row is shown. Insert: the index, or -1
-    // for null and outside 0 to the count.
+    // Schemes have indexes from 0. Inserting or removing other schemes keeps the active one. If the
+    // active one is replaced or removed, no scheme is active and no row is shown. Insert returns
+    // the index, or -1 for null and for an index outside 0 to the count.
     int InsertScheme(int index, const CKeyboardMappingScheme* scheme);
     bool SetScheme(int index, const CKeyboardMappingScheme* scheme);
     bool RemoveScheme(int index);
@@ -56,38 +56,38 @@ public:
     bool IsScheme(int index) const { return index >= 0 && index < GetSchemeCount(); }
     const Scheme& GetScheme(int index) const { return m_schemes[static_cast<std::size_t>(index)]; }
     int GetActiveScheme() const { return m_activeScheme; }
-    // Shows a scheme, sorted and without a filter; -1 shows none. False for another index.
+    // Shows a scheme, sorted and without a filter; -1 shows no scheme. False for an unknown index.
     bool Load(int index);
 
-    // The rows as they are shown.
+    // The shown rows.
     const std::vector<Row*>& GetRows() const { return IsFiltered() ? m_filtered : m_all; }
-    Row* GetRow(int row) const;                 // null for no row
-    int FindKey(const CShortcutKey& key) const; // the first row that has it; -1
+    Row* GetRow(int row) const;                 // null for an unknown row
+    int FindKey(const CShortcutKey& key) const; // the first row with the key, or -1
 
-    // Gives a row a key and takes it from the first row that has it: `formerRow` is that one, or -1
-    // when there is none in sight. Sorts anew when the list is sorted by key. False for no row.
+    // Gives a row a key and takes it from the first row that has it: `formerRow`, or -1 if none is
+    // shown. Sorts if the list is sorted by key. False for an unknown row.
     bool SetKey(int row, const CShortcutKey& key, int& formerRow);
-    // Of the first of all rows that has the key, in sight or not: where it is shown, or -1. Does
-    // not sort.
+    // Clears the key of the first row that has it, shown or not. Returns where it is shown, or -1.
+    // Does not sort.
     int ClearKey(const CShortcutKey& key);
-    // These do not sort either: SortByKey does, once, after several rows.
+    // These do not sort either. Call SortByKey once after several rows.
     bool ClearKey(int row);
-    bool SortByKey(); // when the list is sorted by key; whether it is
-    // The key that the scheme's load-default function gives the command, or none; another row loses
-    // it. False for no row and without a function.
+    bool SortByKey(); // if the list is sorted by key; returns whether it is
+    // Gives a command the key from the scheme's load-default function, or no key. Another row loses
+    // that key. Returns false for an unknown row and without the function.
     bool ResetKey(int row, int& formerRow);
-    // The same for all rows of all schemes that have a function.
+    // Does the same for all rows of all schemes that have a function.
     void ResetAllKeys();
-    void ForgetKeyNames(); // the keyboard layout has changed
+    void ForgetKeyNames(); // after a change of the keyboard layout
 
-    // The sort in force, without sorting, and with it.
+    // Sets the current sort: the first does not sort, the third one does.
     void SetSort(const ShortcutSort& sort) { m_sort = sort; }
     const ShortcutSort& GetSort() const { return m_sort; }
     void Sort(const ShortcutSort& sort);
 
-    // Shows the rows whose command or key name contains the text, without regard to letter case;
-    // all for an empty one. The first filter keeps the sort in force, an empty one restores it.
-    // False for null and for the text that the filter has already: nothing changed.
+    // Shows the rows whose command or key name contains the text in any letter case; for an empty
+    // text all rows. The first filter stores the current sort, and an empty text restores it.
+    // Returns false and changes nothing for null and for the current text.
     bool Filter(const WCHAR* text);
     const CString& GetFilter() const { return m_filter; }
     bool IsFiltered() const { return !m_filter.IsEmpty(); }

@@ -1,5 +1,5 @@
-// The characters of a string, without its inline members: those that the library's own code
-// instantiates are not exported on Linux.
+// Accesses the characters of a string without its inline members. The library's own code would
+// instantiate those, but they are not exported on Linux.
 #pragma once
 
 #include <quorvel/framework/string.h>

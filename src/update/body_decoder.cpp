@@ -40,14 +40,14 @@ public:
     ~Gunzip() { ::inflateEnd(&m_stream); }
 
     bool IsAtEnd() const { return m_isAtEnd; }
-    // Calls `emit(bytes, count)`, which gives false to stop. False for what is no gzip.
+    // Calls `emit(bytes, count)`, which returns false to stop. Returns false for invalid gzip data.
     template <class Emit>
     bool Add(std::string_view bytes, Emit emit) {
         m_stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
         m_stream.avail_in = static_cast<uInt>(bytes.size());
         char block[32 * 1024];
         do {
-            if (m_isAtEnd) { // another member follows
+            if (m_isAtEnd) { // another gzip member follows
                 if (m_stream.avail_in == 0)
                     return true;
                 ::inflateReset(&m_stream);
@@ -74,7 +74,7 @@ private:
 BodyDecoder::BodyDecoder(const CHttpHeader& header, ULONGLONG limit, Sink sink)
     : m_limit(limit), m_sink(std::move(sink)) {
     ReadCodings(header, _T("Content-Encoding"));
-    if (m_framing == Framing::Chunks) // it is no coding of contents
+    if (m_framing == Framing::Chunks) // "chunked" is not an encoding of the content
         m_refusal = Outcome::Damaged;
     ReadCodings(header, _T("Transfer-Encoding"));
     const std::optional<ULONGLONG> length = AnnouncedLength(header);
@@ -101,7 +101,7 @@ void BodyDecoder::ReadCoding(const CString& coding) {
     const bool isGzip = coding == _T("gzip") || coding == _T("x-gzip");
     const bool isChunked = coding == _T("chunked");
     if (m_framing == Framing::Chunks || (isGzip && m_gunzip != nullptr))
-        m_refusal = Outcome::Damaged; // chunks come last, and one layer of gzip is enough
+        m_refusal = Outcome::Damaged; // chunks must be last, and only one gzip layer is allowed
     else if (isGzip)
         m_gunzip = std::make_unique<Gunzip>();
     else if (isChunked)
@@ -140,8 +140,8 @@ void BodyDecoder::AddChunked(std::string_view bytes) {
     }
 }
 
-// The lines between the data: a size in hexadecimal digits with an extension that means nothing
-// here, the line end behind the data, and fields behind the last chunk.
+// Handles the lines between the data: a hexadecimal size with an ignored extension, the line end
+// after the data, and fields after the last chunk.
 void BodyDecoder::AddToChunkLine(char byte) {
     const int digit = HexDigit(byte);
     if (byte == '\r' || (m_place == Place::Extension && byte != '\n'))

@@ -1,9 +1,9 @@
-// Decodes the body of an HTTP response as it comes: chunked transfer, one layer of gzip, and the
-// length that the header announces.
+// Decodes the body of an HTTP response while it arrives: chunked transfer, one layer of gzip, and
+// the length in the header.
 //
-// What follows the announced length or the last chunk is not part of the body. The chunked form
-// ends with its last chunk; the empty line behind it may be missing. A body without any length ends
-// with the connection, so that nothing shows whether it is whole.
+// Bytes after the announced length or after the last chunk do not belong to the body. The last
+// chunk ends the chunked form; the empty line after it may be missing. A body without a length ends
+// with the connection, so nothing shows whether it is complete.
 #pragma once
 
 #include <quorvel/net/http_header.h>
@@ -15,7 +15,7 @@
 
 namespace quorvel {
 
-// The field "Content-Length" in any letter case; nothing when it is missing or no number.
+// The field "Content-Length" in any letter case; no value if it is missing or not a number.
 std::optional<ULONGLONG> AnnouncedLength(const CHttpHeader& header);
 
 class BodyDecoder {
@@ -24,25 +24,25 @@ public:
     enum class Outcome {
         Complete,
         Incomplete,
-        Damaged, // or in an encoding that is not supported
+        Damaged, // or the encoding is not supported
         TooLong
     };
 
-    // At most `limit` decoded bytes are accepted.
+    // Accepts at most `limit` decoded bytes.
     BodyDecoder(const CHttpHeader& header, ULONGLONG limit, Sink sink);
     BodyDecoder(const BodyDecoder&) = delete;
     ~BodyDecoder();
 
-    // False once the body is refused: more bytes change nothing. Throws what the sink throws, and
-    // std::bad_alloc.
+    // Returns false once the body is refused; further bytes then have no effect. Throws the sink's
+    // exceptions and std::bad_alloc.
     bool Add(const char* bytes, std::size_t count);
-    // Of what was added, when no more follows.
+    // The outcome for the bytes added so far, if no more follow.
     Outcome GetOutcome() const;
 
 private:
     class Gunzip;
     enum class Framing { UntilEnd, Length, Chunks };
-    enum class Place { Size, Extension, Data, DataEnd, Trailer, End }; // in the chunks
+    enum class Place { Size, Extension, Data, DataEnd, Trailer, End }; // in the chunked form
 
     void ReadCodings(const CHttpHeader& header, const WCHAR* field);
     void ReadCoding(const CString& coding);
@@ -58,7 +58,7 @@ private:
     Outcome m_refusal = Outcome::Complete;
     Framing m_framing = Framing::UntilEnd;
     Place m_place = Place::Size;
-    ULONGLONG m_left = 0; // of the body or the chunk
+    ULONGLONG m_left = 0; // bytes left in the body or the chunk
     std::size_t m_lineLength = 0;
     ULONGLONG m_emitted = 0;
     std::unique_ptr<Gunzip> m_gunzip;

@@ -1,12 +1,12 @@
-// A check together with the connections that it makes over HTTP.
+// A check and the source of its HTTP connections.
 #pragma once
 
 #include "update/http_connection.h"
 
 namespace quorvel {
 
-// The window of the source may still receive statuses when the check is destroyed: it forgets the
-// check first.
+// The source's window may still receive statuses while the check is destroyed, so the window loses
+// its pointer to the check first.
 template <class Flow>
 struct CheckEngine {
     template <class Subject>

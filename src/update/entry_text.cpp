@@ -17,7 +17,7 @@ bool IsHighSurrogate(WCHAR character) {
     return character >= 0xd800 && character < 0xdc00;
 }
 
-// The beginning, without half a character at its end.
+// The beginning of the text. Never cuts a character in half.
 CString Shortened(const CString& text, int maximum) {
     if (text.GetLength() <= maximum)
         return text;

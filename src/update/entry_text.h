@@ -1,18 +1,18 @@
-// Texts of an update listing as controls can show them: a site may publish any characters, and any
-// number of them.
+// Makes texts of an update listing displayable in controls: a site may publish any characters, in
+// any number.
 #pragma once
 
 #include <quorvel/framework/string.h>
 
 namespace quorvel {
 
-// On one line: white space and control characters become blanks. What is behind the first 1,000
-// characters is left out and replaced by an ellipsis.
+// For one line: white space and control characters become blanks. An ellipsis replaces the text
+// after the first 1,000 characters.
 CString OneLineText(const CString& text);
 
-// Each line break becomes CR LF, which edit controls want; other control characters but the tab
-// become blanks. What is behind the first 100,000 characters is left out and replaced by an
-// ellipsis.
+// Each line break becomes CR LF, as edit controls require. Control characters other than
+// the tab become blanks. An ellipsis replaces the text after the first 100,000
+// characters.
 CString MultilineText(const CString& text);
 
 } // namespace quorvel

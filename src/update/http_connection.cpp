@@ -14,13 +14,13 @@ namespace {
 constexpr const WCHAR* kClassName = _T("QuorvelUpdateStatus");
 constexpr UINT_PTR kPollTimer = 1;
 constexpr UINT kPollMilliseconds = 500;
-constexpr UINT kTransportMilliseconds = 100; // it need not notify of changes
+constexpr UINT kTransportMilliseconds = 100; // for a transport that does not notify
 
 class Socket : public CHttpFileSocket {
 public:
     ~Socket() override { Close(); }
 
-    // The error of a worker that ended without statusEnded is that of its last status.
+    // If a worker ends without statusEnded, the error of its last status counts.
     DWORD GetEndError() const {
         const auto error = static_cast<DWORD>(GetStatusError());
         if (GetStatus() == statusEnded)
@@ -31,7 +31,7 @@ public:
 protected:
     int OnReceive(int errorCode) override {
         const int received = CHttpFileSocket::OnReceive(errorCode);
-        // An event may report data that an earlier call has already taken.
+        // An event may report data that an earlier call has already received.
         const bool hasNothing =
             received == SOCKET_ERROR && errorCode == 0 && ::WSAGetLastError() == WSAEWOULDBLOCK;
         return hasNothing ? 0 : received;
@@ -45,7 +45,7 @@ public:
     }
 
     const void* GetSender() const override { return static_cast<const CVaskSocket*>(&m_socket); }
-    // Without a window nobody would report the end.
+    // Without a window nobody could receive the end.
     DWORD Create() override {
         return m_window != nullptr ? ErrorUnless(m_socket.Create()) : DWORD{WSAENOBUFS};
     }
@@ -59,8 +59,8 @@ public:
     ULONGLONG GetBytesReceived() const override { return m_socket.GetBytesReceived(); }
     bool IsHeaderParsed() const override { return m_socket.IsHeaderParsed() != FALSE; }
     const CHttpHeader& GetHeader() const override { return m_socket.GetHeaderConstRef(); }
-    // The host was looked up by this connection. It has a scheme, since an object such as
-    // "/?u=http://host" would be taken to hold it.
+    // Contains the address that this connection has looked up. Needs the scheme: in an object such
+    // as "/?u=http://host" the search for a scheme would find the wrong one.
     CString GetResolvedUrl() const override {
         return _T("http://") + m_socket.GetHostServerIP() + m_socket.GetHostObject();
     }
@@ -89,7 +89,7 @@ void RegisterStatusClass() {
     windowClass.cbSize = sizeof windowClass;
     windowClass.lpfnWndProc = ::DefWindowProcW;
     windowClass.lpszClassName = kClassName;
-    ::RegisterClassExW(&windowClass); // it may be there already
+    ::RegisterClassExW(&windowClass); // fails harmlessly if it exists
 }
 
 } // namespace
@@ -108,7 +108,7 @@ public:
     }
 
     UpdateFlow* m_flow = nullptr;
-    TransportConnection* m_current = nullptr; // there is none without a request
+    TransportConnection* m_current = nullptr; // null without a request
 
 protected:
     LRESULT OnStatus(WPARAM socket, LPARAM status) {
@@ -117,7 +117,7 @@ protected:
                                    HIWORD(status));
         return 0;
     }
-    // A call of the check may end the connection, show a box, and begin the next one.
+    // A call to the check may end the connection, show a box, and start the next one.
     LRESULT OnTransportChanged(WPARAM, LPARAM) {
         int status = 0;
         DWORD error = 0;
@@ -127,7 +127,7 @@ protected:
             m_flow->OnSocketStatus(m_current->GetSender(), status, error);
         return 0;
     }
-    // Timers come when nothing else waits, so that no status is overtaken.
+    // The system sends timers when no other message waits, so no status is overtaken.
     void OnTimer(UINT) {
         OnTransportChanged(0, 0);
         if (m_flow != nullptr)

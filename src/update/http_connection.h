@@ -1,5 +1,5 @@
-// The connections of a check, over HTTP or by a host's transport, and the hidden window to which
-// they post.
+// The connections of a check, over HTTP or through a host's transport, and the hidden window for
+// their messages.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -9,17 +9,17 @@
 
 namespace quorvel {
 
-// Belongs to one check and its thread, which has to dispatch messages and on which the sockets were
-// initialised.
+// Belongs to one check and its thread. The thread must dispatch messages and must have initialised
+// the sockets.
 class HttpSource : public UpdateSource {
 public:
     explicit HttpSource(UINT port = 80);
     ~HttpSource() override;
 
-    void SetFlow(UpdateFlow* flow); // the check that is told the statuses
-    // Null: HTTP over sockets.
+    void SetFlow(UpdateFlow* flow); // the check that gets the statuses
+    // Null means HTTP over sockets.
     void SetTransport(CUpdateTransport* transport);
-    // Sockets made from now on post to this window instead, which passes their statuses on.
+    // Sockets created from now on post to this window instead, which forwards their statuses.
     void SetSocketWindow(HWND window) { m_socketWindow = window; }
 
     std::unique_ptr<UpdateConnection> NewConnection() override;
@@ -32,7 +32,7 @@ private:
 
     const UINT m_port;
     CUpdateTransport* m_transport = nullptr;
-    HWND m_socketWindow = nullptr; // null: m_window
+    HWND m_socketWindow = nullptr; // null means m_window
     const std::unique_ptr<StatusWindow> m_window;
 };
 

@@ -27,7 +27,7 @@ CString Widened(const std::string& bytes) {
 
 } // namespace
 
-// One request. What a cancelled one still does changes nothing that anyone sees.
+// One request. After a cancellation its further work has no visible effect.
 struct CHttpsUpdateTransport::Job final : quorvel::WebReceiver {
     explicit Job(const Request& what, quorvel::WebRequest how = {})
         : request(what), fetch(std::move(how)) {}
@@ -35,10 +35,10 @@ struct CHttpsUpdateTransport::Job final : quorvel::WebReceiver {
     const Request request;
     quorvel::WebFetch fetch;
 
-    std::mutex mutex;                       // guards what follows
-    CHttpsUpdateTransport* owner = nullptr; // null: cancelled
+    std::mutex mutex;                       // guards the members below
+    CHttpsUpdateTransport* owner = nullptr; // null when cancelled
     Progress progress;
-    UINT textId = 0; // of the error, with this insert; 0: the insert is the text
+    UINT textId = 0; // the error's text with this insert; 0: the insert is the text
     CString insert;
     Fields fields;
     CFile file;
@@ -55,9 +55,9 @@ struct CHttpsUpdateTransport::Job final : quorvel::WebReceiver {
     }
     void CloseFile() {
         if (std::exchange(isOpen, false))
-            file.Abort(); // closes without an exception
+            file.Abort(); // closes without throwing
     }
-    // The first reason counts. Its text is made by the check's thread, as all of the catalogue.
+    // The first error counts. The check's thread loads its text, because it loads all texts.
     void Fail(DWORD error, UINT id = 0, const CString& text = CString()) {
         if (progress.error != 0)
             return;
@@ -144,7 +144,7 @@ void CHttpsUpdateTransport::Run(const std::shared_ptr<Job>& job) {
     } catch (CException* exception) {
         exception->Delete();
     } catch (const std::exception&) {
-        // Lack of memory: the result says so.
+        // No memory: `result` already reports a failure.
     }
     job->Change([&] { job->End(result); });
 }
@@ -159,7 +159,7 @@ void CHttpsUpdateTransport::Start(const Request& request) {
     m_job = std::make_shared<Job>(request, std::move(how));
     m_job->owner = this;
     try {
-        // Not awaited: a look-up of a name can't be interrupted.
+        // Nobody waits for this thread, because a name look-up cannot be interrupted.
         std::thread([job = m_job] { Run(job); }).detach();
     } catch (const std::exception&) {
         m_job->Change([this] { m_job->End({quorvel::WebResult::Failed, WSAENOBUFS, {}}); });

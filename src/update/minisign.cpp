@@ -17,7 +17,7 @@ constexpr std::string_view kUntrusted = "untrusted comment: ";
 constexpr std::string_view kTrusted = "trusted comment: ";
 constexpr char kKeyAlgorithm[] = {'E', 'd'};
 constexpr char kHashedAlgorithm[] = {'E', 'D'};
-constexpr std::size_t kCommentLimit = 8192; // minisign's own
+constexpr std::size_t kCommentLimit = 8192; // minisign's own limit
 
 std::string_view TakeLine(std::string_view& text) {
     const std::size_t end = text.find('\n');
@@ -28,7 +28,7 @@ std::string_view TakeLine(std::string_view& text) {
     return line;
 }
 
-// Decodes what encodes to the same text again.
+// Decodes, and accepts only a text that encoding would produce.
 template <std::size_t Count>
 bool Decode(std::string_view text, std::array<BYTE, Count>& bytes) {
     std::array<BYTE, Count + 3> decoded;

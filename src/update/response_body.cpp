@@ -11,7 +11,7 @@ namespace quorvel {
 
 namespace {
 
-// Which file is being worked on, and the message that blames it.
+// The file that is being processed, and the message for an error with it.
 struct Step {
     UINT textId;
     const WCHAR* fileName;
@@ -27,7 +27,7 @@ void DescribeFailure(CException* exception, const Step& step, CString& errorText
     errorText.FormatMessage(step.textId, step.fileName, cause.GetString());
 }
 
-// Calls `work(step, body)`, which keeps `step` up to date; `body` is the open response.
+// Calls `work(step, body)`, which updates `step`; `body` is the open response.
 template <class Work>
 bool WithBody(const WCHAR* response, ULONGLONG headerLength, CString& errorText, Work work) {
     Step step = {kTextErrorOpeningFile, response};

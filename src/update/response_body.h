@@ -7,13 +7,13 @@
 
 namespace quorvel {
 
-// All leave out the header, the first `headerLength` bytes, and give false with the text of a
-// message when the response can't be read or the target not be written.
+// All of them skip the header, which is the first `headerLength` bytes. They return false with the
+// text of a message if the response cannot be read or the target cannot be written.
 
-// The target is replaced as a whole or not at all.
+// Replaces the target as a whole or not at all.
 bool CopyResponseBody(const WCHAR* response, ULONGLONG headerLength, const WCHAR* target,
                       CString& errorText);
-// Writes the decoded body to the target. True also for a body that is refused: see the outcome.
+// Writes the decoded body to the target. Also returns true for a refused body: check the outcome.
 bool DecodeResponseBody(const WCHAR* response, const CHttpHeader& header, ULONGLONG limit,
                         const WCHAR* target, BodyDecoder::Outcome& outcome, CString& errorText);
 bool ReadResponseBody(const WCHAR* response, ULONGLONG headerLength, CStringA& body,

@@ -12,7 +12,7 @@ void CUpdateTransport::NotifyChanged() {
     if (window == nullptr || m_isNotified.exchange(true))
         return;
     if (!::PostMessageW(window, quorvel::TransportConnection::kChangedMessage, 0, 0))
-        m_isNotified = false; // the check's timer finds the change
+        m_isNotified = false; // the check's timer will find the change
 }
 
 namespace quorvel {

@@ -1,4 +1,4 @@
-// A connection of a check that a host's transport makes.
+// A connection of a check through a host's transport.
 #pragma once
 
 #include <quorvel/update/update_transport.h>
@@ -7,20 +7,20 @@
 
 namespace quorvel {
 
-// Its statuses are not posted: whoever owns the window asks for them, when the window receives
-// kChangedMessage and now and then.
+// Its statuses are not posted. The window's owner reads them when the window receives
+// kChangedMessage, and periodically.
 class TransportConnection : public UpdateConnection {
 public:
     static constexpr UINT kChangedMessage = WM_APP + 0x100;
 
-    // `current` is set to this one from Connect to Close.
+    // From Connect to Close, `current` points to this connection.
     TransportConnection(CUpdateTransport& transport, HWND window, TransportConnection*& current)
         : m_transport(transport), m_window(window), m_current(current) {}
     ~TransportConnection() override { Stop(); }
 
-    // Takes the transport's progress over for NextStatus.
+    // Copies the transport's progress for NextStatus.
     void Look();
-    // The next of the statuses that stand for this progress; false when there are no more.
+    // The next of the statuses for this progress; false if there are no more.
     bool NextStatus(int& status, DWORD& error);
 
     const void* GetSender() const override { return this; }
@@ -43,10 +43,10 @@ private:
     TransportConnection*& m_current;
     CString m_url;
     CUpdateTransport::Progress m_progress;
-    CHttpHeader m_header; // of no bytes: the file holds the body alone
+    CHttpHeader m_header; // empty: the file contains only the body
     bool m_isStarted = false;
     bool m_isHeaderParsed = false;
-    // Which statuses were given.
+    // The statuses that NextStatus has returned.
     bool m_toldConnected = false, m_toldHeader = false, m_toldEnd = false;
     ULONGLONG m_toldReceived = 0;
 };

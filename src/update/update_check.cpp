@@ -42,9 +42,9 @@ int ForText(ULONGLONG bytes) {
     return static_cast<int>(std::min<ULONGLONG>(bytes, kMaximum));
 }
 
-// A date in UTC as the user reads it, in local time.
+// Shows a UTC date in local time.
 CString DateText(COleDateTime date) {
-    if (date != COleDateTime()) // the empty date is no instant
+    if (date != COleDateTime()) // the empty date is not an instant
         AfxUTCToLocalTime(date, date);
     return AfxGetLocaleShortDateTime(date);
 }
@@ -165,7 +165,7 @@ void UpdateCheck::Offer(const COleDateTime& date, const CString& url) {
     CString question;
     question.FormatMessage(kTextUpdatesAvailable, DateText(date).GetString());
     const int answer = GetView().ShowMessage(question, MB_YESNO | MB_ICONINFORMATION);
-    if (!IsRunning()) // cancelled meanwhile
+    if (!IsRunning()) // cancelled in the meantime
         return;
     if (answer == IDYES)
         Download(date, url);
@@ -197,7 +197,7 @@ void UpdateCheck::OnDownloadStatus(int status) {
     if (status != Http::statusHeaderParsed && status != Http::statusReceived &&
         status != Http::statusEnded)
         return;
-    // Any of these may be the first to come: progress that a full queue refused is made up for.
+    // Each of these may be the first to arrive: a full queue may have lost the earlier ones.
     if (!m_hasHeader && Connection()->IsHeaderParsed() && !OnHeaderReceived())
         return;
     if (m_hasHeader && status != Http::statusHeaderParsed && !OnBytesReceived())
@@ -251,10 +251,10 @@ void UpdateCheck::OnBody(const Body& body) {
     if (IsSigned() && !MayReplace(verified))
         return;
     if (IsSigned())
-        Verifier().SetAccepted(verified); // before the file: a program that ends between is safe
+        Verifier().SetAccepted(verified); // before the file: the program may end between the two
     CString errorText;
     const bool isCopied = CopyResponseBody(body.fileName, body.begin, m_fileName, errorText);
-    LetGo(); // before any box, or the timer would report the end again while it is shown
+    LetGo(); // before any box: during the box the timer would report the end again
     if (!isCopied) {
         if (IsSigned())
             Verifier().SetAccepted(former);
@@ -269,7 +269,7 @@ void UpdateCheck::OnBody(const Body& body) {
     End(isLoaded ? View::resultUpdated : View::resultFailed);
 }
 
-// False when it does not load; the check has then ended.
+// Returns false if the file does not load; the check has then ended.
 bool UpdateCheck::IsListing(const Body& body, COleDateTime& date) {
     CUpdateListing listing;
     CString errorText;
@@ -282,18 +282,18 @@ bool UpdateCheck::IsListing(const Body& body, COleDateTime& date) {
     return false;
 }
 
-// Whether a verified listing may follow the one that was accepted last; the check has ended if not.
+// Whether a verified listing may replace the one accepted last; if not, the check has ended.
 bool UpdateCheck::MayReplace(const UpdateVerifier::Accepted& verified) {
     if (Verifier().IsReplay(verified))
         Refuse(ERROR_INVALID_DATA, kTextUpdatesReplayed);
-    else if (IsInFuture(verified.date)) // nothing could follow it
+    else if (IsInFuture(verified.date)) // no later listing would be newer
         Refuse(ERROR_INVALID_DATA, kTextUpdatesDateInFuture, DateText(verified.date));
     else
         return true;
     return false;
 }
 
-// Whoever holds newer listings back can't sign an old one with today's date.
+// An attacker who withholds newer listings cannot sign an old one with today's date.
 void UpdateCheck::ReportStale() {
     const COleDateTime date = Verifier().GetAccepted().date;
     if (!IsRunning() || !IsSigned() || m_maxAge < 1 || !IsOlderThan(date, m_maxAge))
@@ -308,7 +308,7 @@ void UpdateCheck::Reset() {
     m_listing.RemoveAll();
     m_listing.SetPublishedDate(COleDateTime());
     SetLastModified(COleDateTime());
-    m_formerLastModified = COleDateTime(); // nor does a download that fails now bring it back
+    m_formerLastModified = COleDateTime(); // a download that fails now must not restore it
     if (IsSigned())
         Verifier().SetAccepted({});
     DeleteFileW(m_fileName);

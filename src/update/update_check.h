@@ -1,12 +1,12 @@
-// The check for updates: asks the site for the date of its listing, and when that is newer than the
-// one downloaded last, and the user wants it, downloads it into the local updates file.
+// The check for updates. Asks the site for the date of its listing. If that is newer than the last
+// download and the user agrees, downloads the listing into the local updates file.
 //
 //     idle -> checking the date -> asking -> downloading -> idle
 //
-// Any error, refusal and Cancel lead back to idle. The local file is replaced as a whole, by a
-// response of status 200 only; "Last Modified" is stored once every byte has come, so that a broken
-// download is offered again, and taken back when the local file can't be written. A strict check
-// replaces the file by a listing that loads, and stores the date after that.
+// Errors, refusals and Cancel return to idle. Only a response of status 200 replaces the local
+// file, and always as a whole. "Last Modified" is stored when all bytes have arrived, so that an
+// interrupted download is offered again. It is restored if the local file cannot be written. A
+// strict check replaces the file only by a listing that loads, and then stores the date.
 #pragma once
 
 #include <quorvel/update/update_listing.h>
@@ -15,8 +15,8 @@
 
 namespace quorvel {
 
-// What a view shows: the date of the last check, and that of the local updates file, unless there
-// is no such file. Dates are in UTC; the texts in the user's local time.
+// Texts for the view: the date of the last check, and the date of the local updates file (empty if
+// there is no such file). Dates are in UTC, the texts in the user's local time.
 CString LastCheckedText(const COleDateTime& date);
 CString PublishedText(const COleDateTime& date, const WCHAR* localUpdatesFile);
 
@@ -26,18 +26,18 @@ public:
                 CCheckForUpdatesView& view, UpdateSource& source);
 
     const CUpdateListing& GetListing() const { return m_listing; }
-    // Loads the local updates file, if there is one, and sets the view's lines.
+    // Loads the local updates file, if it exists, and sets the view's lines.
     void Open();
-    // Loads the local updates file. When that fails the listing stays as it was, and a box shows
-    // the reason if it may.
+    // Loads the local updates file. On failure the listing does not change, and a box shows the
+    // reason if `showsError`.
     bool LoadListing(bool showsError = true);
-    // Starts a check. False when it may not start or can't, and the view has shown why; a link
-    // that the host does not allow is refused in silence.
+    // Starts a check. Returns false if it may not or cannot start; the view has shown the reason.
+    // Only for a link that the host refuses nothing is shown.
     bool Check();
-    // Asks, and then forgets the listing: its file and the date of the last download, not that of
-    // the last check.
+    // Asks the user, then deletes the listing: its file and the date of the last download, but not
+    // the date of the last check.
     void Reset();
-    // A verified listing older than so many days is reported; 0 for none.
+    // Reports a verified listing that is older than this number of days; 0 disables this.
     void SetMaxAge(int days) { m_maxAge = days; }
 
 private:
@@ -65,7 +65,7 @@ private:
     CUpdateListing m_listing;
     Phase m_phase = Phase::Checking;
     COleDateTime m_lastModified;
-    COleDateTime m_formerLastModified; // before the download
+    COleDateTime m_formerLastModified; // from before the download
     COleDateTime m_pendingLastModified;
     bool m_hasHeader = false;
     ULONGLONG m_received = 0;

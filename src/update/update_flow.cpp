@@ -22,9 +22,9 @@ namespace quorvel {
 
 namespace {
 
-constexpr DWORD kNotSetUp = 1; // what the sockets say before they are initialised
+constexpr DWORD kNotSetUp = 1; // the sockets' error before they are initialised
 constexpr DWORD kFirstSocketError = 10000;
-constexpr DWORD kNoStatusCode = 1; // has the text of an unknown code
+constexpr DWORD kNoStatusCode = 1; // its text is that of an unknown code
 constexpr int kSecondsBetweenChecks = 15;
 constexpr UINT kReport = MB_OK | MB_ICONEXCLAMATION;
 constexpr DWORD kOk = 200;
@@ -34,7 +34,7 @@ CString SizeText(ULONGLONG bytes) {
     return AfxFormatFileSize(static_cast<__int64>(bytes));
 }
 
-// The name of the file gets the ending, and not what follows it in the address.
+// Appends the extension to the name of the file, before a query or fragment.
 CString SignatureUrl(const CString& url) {
     const int end = url.FindOneOf(_T("?#"));
     return end < 0 ? url + _T(".minisig") : url.Left(end) + _T(".minisig") + url.Mid(end);
@@ -42,7 +42,7 @@ CString SignatureUrl(const CString& url) {
 
 } // namespace
 
-// The files are removed after the connection, which may still have it open.
+// The connection may have the files open, so they are deleted after it.
 struct UpdateFlow::Transfer {
     ~Transfer() {
         connection.reset();
@@ -53,12 +53,12 @@ struct UpdateFlow::Transfer {
     CString url;
     CString fileName;
     CString decodedFileName;
-    bool wasPolled = false; // since it was let go of
+    bool wasPolled = false; // since it was released
     std::unique_ptr<UpdateConnection> connection;
 };
 
 COleDateTime StoredDate(const COleDateTime& date) {
-    // The bytes are as they were stored: the number may lie out of range.
+    // The bytes may come from anywhere, so the number may be out of range.
     const bool isDate = COleDateTime(date.m_dt).GetStatus() == COleDateTime::valid;
     return date.GetStatus() == COleDateTime::valid && isDate ? date : COleDateTime();
 }
@@ -118,7 +118,7 @@ bool UpdateFlow::PassesRules(CString& url) {
     const auto mayOpenLink = QuorvelGetOpenExternalLinkCallback();
     if (mayOpenLink != nullptr && !mayOpenLink(url))
         return false;
-    // Deliberate: a last check in the future, by a clock that was wrong, counts as a recent one.
+    // Deliberate: a last check in the future, from a wrong clock, counts as recent.
     const COleDateTimeSpan wait(0, 0, 0, kSecondsBetweenChecks);
     if (m_source.GetCurrentUTCTime() < m_lastChecked + wait) {
         CString text;
@@ -241,7 +241,7 @@ void UpdateFlow::TakeBody() {
         OnBody(body);
 }
 
-// The decoded body leaves the connection that it came with, whose other file may still be open.
+// Takes the decoded body from its connection, which may still have its other file open.
 void UpdateFlow::FetchSignature(const Body& body) {
     auto unverified = std::make_unique<Transfer>();
     unverified->decodedFileName = body.fileName;
@@ -310,7 +310,7 @@ void UpdateFlow::Refuse(DWORD code, UINT textId, const WCHAR* insert) {
     End(View::resultFailed, code, cause);
 }
 
-// A code below the first socket error is the system's here, and not that of an answer.
+// Here a code below the first socket error is a system error, not a status code of an answer.
 void UpdateFlow::EndWithStatusError(DWORD error) {
     const UpdateConnection* const connection = Connection();
     CString cause = connection != nullptr ? connection->GetErrorText() : CString();
@@ -325,7 +325,7 @@ void UpdateFlow::EndWithStatusError(DWORD error) {
 }
 
 void UpdateFlow::End(View::Result result, DWORD code, const CString& cause) {
-    if (!IsRunning()) // a box of the view let it be cancelled
+    if (!IsRunning()) // cancelled during a box of the view
         return;
     LetGo();
     m_state = State::Ended;
@@ -340,7 +340,7 @@ void UpdateFlow::OnCheckFinished(DWORD code) {
     if (m_state != State::Ended)
         return;
     m_state = State::Idle;
-    const View::Result result = m_result; // the box below may let another check run
+    const View::Result result = m_result; // another check may run during the box below
     if (code != 0)
         ReportFailure(m_cause.IsEmpty() ? ErrorText(code) : CString(m_cause));
     m_view.OnFinished(result);
@@ -357,7 +357,7 @@ void UpdateFlow::OnSocketStatus(const void* sender, int status, DWORD error) {
             return each->connection->GetSender() == sender;
         });
     else if (Connection() == nullptr || sender != Connection()->GetSender())
-        return; // it was let go of
+        return; // a released connection
     else if (error != 0 && status != Http::statusReceived)
         EndWithStatusError(error);
     else if (m_unverified != nullptr)

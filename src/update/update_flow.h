@@ -1,11 +1,11 @@
-// What both checks for updates have in common: the rules before a check, one connection at a time,
-// its temporary file, and how a check ends.
+// The common part of both checks for updates: the rules before a check, one connection at a time,
+// its temporary file, and the end of a check.
 //
-// Every call of the view may cancel the check: what goes on behind one looks whether it still runs.
+// Every call of the view may cancel the check, so the code after such a call tests IsRunning.
 //
-// A connection that was let go of is kept until its last status came, or until that must have been
-// lost: a status bears its address, which another connection must not have before. Its temporary
-// files go with it. One thread.
+// A released connection is kept until its last status has arrived or must have been lost: a status
+// contains its address, which no other connection may have before that. Its temporary files are
+// deleted with it. One thread.
 #pragma once
 
 #include <quorvel/framework/date_time.h>
@@ -19,7 +19,7 @@
 
 namespace quorvel {
 
-// The date as it was stored; the empty one where that is none.
+// The stored date; the empty date if it is invalid.
 COleDateTime StoredDate(const COleDateTime& date);
 
 class UpdateFlow {
@@ -29,28 +29,28 @@ public:
     virtual ~UpdateFlow();
 
     bool IsActive() const { return m_state != State::Idle; }
-    // A status of any connection, also of one that is no longer in use.
+    // Handles a status of any connection, also of a released one.
     void OnSocketStatus(const void* sender, int status, DWORD error);
-    // Finds the ends of connections whose last status was lost: ends the check, and destroys the
-    // connections that were let go of before the last call. To be called now and then, when all
-    // statuses posted so far have come.
+    // Finds connections that have ended but whose last status was lost: ends the check, and
+    // destroys the connections that were released before the last call. Call it periodically, when
+    // all statuses posted so far have arrived.
     void Poll();
-    // Reports the code of a check that ended, and tells the view that it has.
+    // Reports the code of a check that has ended, and notifies the view of the end.
     void OnCheckFinished(DWORD code);
-    // Ends a check that is running, without a message.
+    // Ends a running check without a message.
     void Cancel();
 
-    // The longest body that is accepted; a check with a longer one ends with WSAEMSGSIZE.
+    // The longest body that is accepted; a check with a longer one fails with WSAEMSGSIZE.
     void SetBodyLimit(ULONGLONG limit) { m_bodyLimit = limit; }
-    // Whether answers are refused that no healthy server gives; check_for_updates.h lists them.
+    // Whether to refuse answers that no correct server sends; check_for_updates.h lists them.
     void SetStrict(bool isStrict) { m_isStrict = isStrict; }
-    // The keys of the publisher: with some, a body counts only with a good signature.
+    // The publisher's keys. With at least one key, a body is accepted only with a valid signature.
     UpdateVerifier& Verifier() { return m_verifier; }
 
 protected:
     typedef CCheckForUpdatesView View;
 
-    // The text says that a body is too long; its insert is the limit.
+    // The text for a body that is too long; its insert is the limit.
     UpdateFlow(const CRegistryPath& path, View& view, UpdateSource& source, ULONGLONG bodyLimit,
                UINT tooLongTextId, const AcceptedNames& acceptedNames);
 
@@ -64,48 +64,48 @@ protected:
     bool IsInFuture(const COleDateTime& date) const;
     bool IsOlderThan(const COleDateTime& date, int days) const;
 
-    // Whether a check may start now; the view has shown why when it may not.
+    // Whether a check may start now. If not, the view has shown the reason.
     bool PassesRules(CString& url);
-    // A connection, with a temporary file on request. False, and the view has shown why.
+    // A connection, on request with a temporary file. If false, the view has shown the reason.
     bool Open(bool withFile);
     bool Connect(UpdateRequest request);
-    void NoteStart(); // now is when the last check was started
+    void NoteStart(); // stores the current time as the last check
 
     UpdateConnection* Connection() const;
-    // The code of the response, or one that stands for none.
+    // The status code of the response, or kNoStatusCode.
     DWORD ResponseCode() const;
-    // Header and body of the response, as its header tells in any letter case; of an unknown
-    // length the header alone.
+    // The size of header and body by the header's fields, in any letter case. If the length is
+    // unknown, the size of the header.
     struct Expected {
         ULONGLONG bytes = 0;
         bool isKnown = false;
     };
     Expected ExpectedBytes() const;
-    // Whether a response of so many bytes has a longer body than is accepted; the check has then
-    // ended.
+    // Whether a response of `bytes` bytes has a body that is longer than accepted. The check has
+    // then ended.
     bool EndsAsTooLong(ULONGLONG bytes);
-    // Where the body of the response that has come is: behind its header in the temporary file, or
-    // decoded in a file of its own. Both go with the connection.
+    // The place of the received body: after its header in the temporary file, or decoded in its own
+    // file. Both files are deleted with the connection.
     struct Body {
         CString fileName;
         ULONGLONG begin = 0;
     };
-    // The whole response has come: OnBody follows at once, or when the signature of the body has
-    // come and is good. A body that is refused ends the check.
+    // Handles the complete response. Calls OnBody at once, or after the body's signature has
+    // arrived and is valid. A refused body ends the check.
     void TakeBody();
 
     bool IsRunning() const { return m_state == State::Running; }
-    void Abandon(); // a check that could not connect: it was never started
-    void LetGo();   // of the connection, if there is one
-    // The cause is what the user reads; the code has a text of its own for when it is empty.
+    void Abandon(); // a check that could not connect counts as not started
+    void LetGo();   // releases the connection, if there is one
+    // `cause` is the text for the user. If it is empty, the code's own text is used.
     void End(View::Result result, DWORD code = 0, const CString& cause = CString());
-    // Ends as failed, for a reason that is a text of the catalogue.
+    // Ends as failed, with a text of the catalogue as reason.
     void Refuse(DWORD code, UINT textId, const WCHAR* insert = _T(""));
     void ShowMessage(UINT textId, UINT type, const WCHAR* insert) const;
 
-    // A status without an error of the connection in use.
+    // A status without an error, from the current connection.
     virtual void OnStatus(int status) = 0;
-    // The body may be used until LetGo.
+    // The body may be used until the connection is released.
     virtual void OnBody(const Body& body) = 0;
 
 private:
@@ -135,7 +135,7 @@ private:
     View::Result m_result = View::resultFailed;
     CString m_cause;
     std::unique_ptr<Transfer> m_transfer;
-    // While its signature is fetched: the body, without a connection.
+    // The body while its signature is fetched, without a connection.
     std::unique_ptr<Transfer> m_unverified;
     std::vector<std::unique_ptr<Transfer>> m_retired;
 };

@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr int kDayMonthYear = 1; // of dates such as 3/4/2007
+constexpr int kDayMonthYear = 1; // for dates such as 3/4/2007
 
-// The text of the main element's child of that name; empty, and FALSE, when there is none.
+// The text of the main element's child with that name; empty and FALSE if it is missing.
 BOOL ReadChild(CMarkup& markup, const WCHAR* name, CString& text) {
     markup.ResetChildPos();
     const bool found = markup.FindChildElem(name);
@@ -29,7 +29,7 @@ CString ReadChild(CMarkup& markup, const WCHAR* name) {
     return text;
 }
 
-// The main element is the entry.
+// The main element must be the entry.
 CUpdateListingItem ReadItem(CMarkup& markup) {
     CString dateText;
     COleDateTime date;
@@ -42,7 +42,7 @@ CUpdateListingItem ReadItem(CMarkup& markup) {
         ReadChild(markup, _T("priority")), date, ReadChild(markup, _T("link")), FALSE);
 }
 
-// Makes <channel> the main element and reads its date. 0, or the text of what is missing.
+// Makes <channel> the main element and reads its date. Returns 0, or the text of a missing element.
 UINT FindChannel(CMarkup& markup, CString& buildDate) {
     markup.ResetPos();
     if (!markup.FindElem(_T("rss")))

@@ -13,7 +13,7 @@ bool IsTextBefore(const CString& left, const CString& right) {
     return order != 0 ? order < 0 : left < right;
 }
 
-// A host may have stored anything in a date: a number that is not one must not break the order.
+// A host may have stored any value in a date: NaN must not break the order.
 bool IsDate(const COleDateTime& date) {
     return date.GetStatus() == COleDateTime::valid && date.m_dt == date.m_dt;
 }

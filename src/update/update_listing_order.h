@@ -1,9 +1,9 @@
-// The orders in which an update listing is shown: comparers for the rows of a list whose items are
-// all CUpdateListingItem.
+// The orders of an update listing: comparers for the rows of a list whose items are all
+// CUpdateListingItem.
 //
-// Texts are ordered without regard to letter case, and by it where they differ in nothing else;
-// priorities from high to low; entries that are not new before those that are; dates in time, those
-// that are none before all others.
+// Texts are compared without letter case first, and with it if they are otherwise equal. Priorities
+// are ordered from high to low, old entries before new ones, and dates by time, with invalid dates
+// first.
 #pragma once
 
 #include <quorvel/update/update_listing_item.h>
@@ -25,7 +25,7 @@ QUORVEL_UPDATE_LISTING_ORDER(New)
 QUORVEL_UPDATE_LISTING_ORDER(Date)
 #undef QUORVEL_UPDATE_LISTING_ORDER
 
-// Null for a column that there is not.
+// Null for an unknown column.
 VirtualListOrder UpdateListingOrder(int column, bool ascending);
 
 } // namespace quorvel

@@ -1,5 +1,5 @@
-// What the settings of the check for updates look like to a user: the address, and a reminder that
-// is ticked or not beside its days.
+// The settings of the check for updates as the user sees them: the address, and a reminder with a
+// check box and its days.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -14,16 +14,16 @@ struct UpdateSettings {
 
     CString url;
     bool reminds = false;
-    int days = kDefaultDays; // 1 to 90, also while it is not ticked
+    int days = kDefaultDays; // 1 to 90, even if the reminder is off
 };
 
-// A stored number of days that is not valid is shown as 30; one below 1 is no reminder.
+// A stored number of days above 90 is shown as 30; one below 1 means no reminder.
 UpdateSettings LoadUpdateSettings(const CRegistryPath& path);
-// False when a value could not be written.
+// Returns false if a value could not be written.
 bool SaveUpdateSettings(const CRegistryPath& path, const UpdateSettings& settings);
 
-// What a user has typed: each gives 0, or the id of the text that says what is wrong. The text of
-// the days has the two limits as its inserts.
+// Validate the user's input: return 0, or the id of a text with the error. The text about the days
+// has the two limits as inserts.
 UINT ValidateUpdateUrl(const WCHAR* url);
 UINT ValidateReminderDays(bool reminds, const WCHAR* days);
 

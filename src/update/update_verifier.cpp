@@ -13,7 +13,7 @@ namespace {
 
 constexpr const WCHAR* kKey = _T("Check For Updates");
 
-// Both texts are ASCII; any other character makes them invalid, as '?' does.
+// Both texts are ASCII; any other character becomes '?', which makes them invalid.
 std::string Narrowed(const CString& text) {
     std::string narrow;
     for (int i = 0; i < text.GetLength(); ++i)
@@ -21,7 +21,7 @@ std::string Narrowed(const CString& text) {
     return narrow;
 }
 
-// Nothing of a longer file: no signature is as long.
+// Returns an empty text for a longer file, which cannot be a signature.
 std::string ReadSmallFile(const WCHAR* fileName) {
     constexpr UINT kLimit = 1 << 15;
     CFile file(fileName, CFile::modeRead | CFile::shareDenyWrite);
@@ -52,7 +52,7 @@ UINT UpdateVerifier::Verify(const WCHAR* bodyFile, const WCHAR* signatureFile, C
     if (!minisign::ReadSignature(ReadSmallFile(signatureFile), signature))
         return kTextUpdatesSignatureInvalid;
     insert = minisign::KeyIdText(signature.id);
-    // An id is no secret: two keys may bear the same one, and then either counts.
+    // An id is not secret: two keys may have the same one, and then either is accepted.
     std::vector<minisign::PublicKey> candidates;
     std::copy_if(m_keys.begin(), m_keys.end(), std::back_inserter(candidates),
                  [&](const auto& each) { return each.id == signature.id; });

@@ -1,4 +1,4 @@
-// The publisher's keys that a check accepts, and the judgement of a body by its signature.
+// The publisher's keys that a check accepts, and the verification of a body by its signature.
 #pragma once
 
 #include <quorvel/framework/date_time.h>
@@ -8,17 +8,17 @@
 
 namespace quorvel {
 
-// Where a check keeps what it accepted last, so that nothing older is accepted again.
+// The names under which a check stores what it accepted last, so that it accepts nothing older.
 struct AcceptedNames {
     const WCHAR* date;
     const WCHAR* serial;
 };
 
-// Of one publisher: a signature by any of them counts.
+// The keys of one publisher. A signature by any of them is accepted.
 class PublisherKeys {
 public:
-    // Once a key was to be set, bodies without a good signature are refused, also when the text
-    // was no key: a mistake must not turn the protection off.
+    // After the first attempt to set a key, bodies without a valid signature are refused, even if
+    // the key's text was invalid: a mistake must not disable the protection.
     bool SetKey(const WCHAR* text);
     bool AddKey(const WCHAR* text);
     bool IsOn() const { return m_isOn; }
@@ -38,13 +38,13 @@ public:
 
     void SetKeys(const PublisherKeys& keys) { PublisherKeys::operator=(keys); }
 
-    // 0, and the facts of the trusted comment; or the id of a text, and what is inserted there.
+    // Returns 0 and sets the comment's facts, or returns the id of a text and sets its insert.
     UINT Verify(const WCHAR* bodyFile, const WCHAR* signatureFile, CString& insert);
     CString GetTrustedComment() const { return m_comment; }
-    // When the comment says that the body was signed, in UTC; the empty date when it does not.
+    // The time of the signature by the comment, in UTC; the empty date if it has none.
     COleDateTime GetSignedDate() const;
 
-    // What was accepted last, and what the body that was verified last would be.
+    // The last accepted state, and the state after accepting the verified body.
     struct Accepted {
         COleDateTime date;
         ULONGLONG serial = 0;
@@ -54,8 +54,8 @@ public:
     Accepted GetVerified(const COleDateTime& date) const {
         return {date, m_facts.serial.value_or(0)};
     }
-    // Whether it is older than what was accepted last, by either figure. A body without a serial
-    // number is older than one that has it.
+    // Whether the body is older than the one accepted last, by date or serial number. A body
+    // without a serial number is older than one with it.
     bool IsReplay(const Accepted& verified) const;
 
 private:

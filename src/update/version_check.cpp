@@ -15,7 +15,7 @@ constexpr ULONGLONG kBodyLimit = 64 << 10;
 constexpr DWORD kOk = 200;
 constexpr AcceptedNames kAcceptedNames = {_T("Signed Version Date"), _T("Signed Version Serial")};
 
-// A text that does not has lost its end, or all of it: it would be read as another version.
+// A text that ends otherwise was cut or is empty, and would be read as another version.
 bool EndsWithDigit(const CStringA& version) {
     const std::string_view text = version.GetString();
     return !text.empty() && text.back() >= '0' && text.back() <= '9';
@@ -72,7 +72,7 @@ void VersionCheck::OnBody(const Body& body) {
             Verifier().GetVerified(Verifier().GetSignedDate());
         if (Verifier().IsReplay(verified))
             return Refuse(ERROR_INVALID_DATA, kTextUpdatesReplayed);
-        if (!IsInFuture(verified.date)) // nothing could follow such a date
+        if (!IsInFuture(verified.date)) // no later version would be newer
             Verifier().SetAccepted(verified);
     }
     CStringA version;

@@ -1,7 +1,7 @@
-// The check for a new version: downloads the number of the latest version, a short text, and
-// compares it with that of the running program.
+// The check for a new version. Downloads the number of the latest version, a short text, and
+// compares it with the version of the running program.
 //
-// It shows exactly one message, what the comparison or a failure says, unless it is cancelled.
+// It shows exactly one message, with the result or the failure, unless it is cancelled.
 #pragma once
 
 #include <quorvel/types/version_number.h>
@@ -10,9 +10,9 @@
 
 namespace quorvel {
 
-// What the text of a version file means beside the version of the running program: the id of a
-// message (new version, up to date, ahead, or no version number at all) and the latest version. The
-// text is read as CVersionNumber reads it, so that a line end behind the number makes it invalid.
+// Compares the text of a version file with the version of the running program. Returns the id of a
+// message (new version, up to date, ahead, or invalid version) and the latest version.
+// CVersionNumber parses the text, so a line end after the number makes it invalid.
 UINT JudgeVersionText(const WCHAR* text, const CVersionNumber& current, CVersionNumber& latest);
 
 class VersionCheck : public UpdateFlow {
@@ -20,7 +20,7 @@ public:
     VersionCheck(const CRegistryPath& path, const CVersionNumber& current,
                  CCheckForUpdatesView& view, UpdateSource& source);
 
-    // As UpdateCheck::Check.
+    // Like UpdateCheck::Check.
     bool Check();
 
 private:

@@ -15,7 +15,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// What moves through the dialog and ends it.
+// Keys that move through the dialog or close it.
 bool IsKeyOfDialog(const CShortcutKey& key) {
     switch (key.GetVirtualKeyCode()) {
     case VK_TAB:
@@ -69,8 +69,8 @@ void CAssignShortcutDlg::ShowKey() {
 BOOL CAssignShortcutDlg::PreTranslateMessage(MSG* message) {
     CShortcutKey key;
     const bool isInField = message->hwnd == ::GetDlgItem(m_hWnd, QUORVEL_ASSIGN_KEY);
-    // The release of Alt would open the window's menu, for the key that was pressed with it is
-    // unknown to the system.
+    // The system does not see the key that was pressed with Alt, so the release of Alt would open
+    // the window's menu.
     if (isInField && message->message == WM_SYSKEYUP && message->wParam == VK_MENU)
         return TRUE;
     if (!isInField || !quorvel::GetPressedKey(*message, key) || IsKeyOfDialog(key))

@@ -24,8 +24,8 @@ CKeyboardShortcutListCtrl::CKeyboardShortcutListCtrl() : m_list(std::make_unique
 
 CKeyboardShortcutListCtrl::~CKeyboardShortcutListCtrl() {
     if (m_hWnd != nullptr)
-        CKeyboardShortcutListCtrl::DestroyWindow(); // while it may still ask for the rows
-    ShowNoRows();                                   // which are not the base class's to delete
+        CKeyboardShortcutListCtrl::DestroyWindow(); // while it may still request the rows
+    ShowNoRows();                                   // the base class must not delete them
 }
 
 BOOL CKeyboardShortcutListCtrl::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
@@ -45,7 +45,7 @@ int CKeyboardShortcutListCtrl::OnCreate(CREATESTRUCTW* parameters) {
     return result;
 }
 
-// A list that is being created has its header only after WM_CREATE.
+// A list that is being created gets its header only after WM_CREATE.
 void CKeyboardShortcutListCtrl::InsertColumns() {
     if (GetHeaderCtrl() == nullptr || GetTrueColumnCount() > 0)
         return;
@@ -62,7 +62,7 @@ void CKeyboardShortcutListCtrl::InsertColumns() {
 void CKeyboardShortcutListCtrl::LoadDefaultColumnWidths() {
     CRect client;
     GetClientRect(client);
-    // Room for the scroll bar that many rows bring.
+    // Leaves room for a scroll bar.
     const int width = client.right - ::GetSystemMetrics(SM_CXVSCROLL);
     constexpr int kSmallest = 50;
     const int command = std::max(width * 3 / 5, kSmallest);
@@ -72,7 +72,7 @@ void CKeyboardShortcutListCtrl::LoadDefaultColumnWidths() {
 
 // Rows
 
-// The model sorts by its own orders faster than by functions, which a derived class may give too.
+// The model's own orders sort faster than functions, but a derived class may supply a function.
 quorvel::ShortcutSort CKeyboardShortcutListCtrl::SortOf(int column, int ascending) {
     const bool isAscending = ascending != 0;
     const SortingFunction order = GetSortingFunction(column, ascending);
@@ -80,7 +80,7 @@ quorvel::ShortcutSort CKeyboardShortcutListCtrl::SortOf(int column, int ascendin
     return {column, isAscending, isOwn ? ShortcutList::OrderOf(column, isAscending) : order};
 }
 
-// The host may have changed the sort of the list by the base class.
+// The host may have changed the sort through the base class.
 void CKeyboardShortcutListCtrl::TakeSort() {
     m_list->SetSort(SortOf(GetSortColumn(), IsSortAscending()));
 }
@@ -91,7 +91,7 @@ void CKeyboardShortcutListCtrl::ShowRows() {
     Invalidate();
 }
 
-// After keys have changed: their rows may stand elsewhere now.
+// For changed keys: their rows may have moved.
 void CKeyboardShortcutListCtrl::ShowKeys() {
     if (m_list->GetSort().column == COLUMN_SHORTCUT_KEY)
         ShowRows();
@@ -120,7 +120,7 @@ int CKeyboardShortcutListCtrl::InsertKeyboardMappingScheme(int index,
 BOOL CKeyboardShortcutListCtrl::SetKeyboardMappingScheme(int index,
                                                          const CKeyboardMappingScheme* scheme) {
     if (scheme != nullptr && index >= 0 && index == GetActiveKeyboardMappingSchemeIndex())
-        ShowNoRows(); // while they exist
+        ShowNoRows(); // while the rows exist
     return m_list->SetScheme(index, scheme);
 }
 
@@ -166,7 +166,7 @@ BOOL CKeyboardShortcutListCtrl::LoadKeyboardMappingScheme(int index) {
     if (index != -1 && !m_list->IsScheme(index))
         return FALSE;
     const RedrawLock lock(*this);
-    ShowNoRows(); // a new scheme begins without a selection
+    ShowNoRows(); // a new scheme starts without a selection
     TakeSort();
     m_list->Load(index);
     ShowRows();

@@ -21,7 +21,7 @@ int UpdateMenu(HMENU menu, const CKeyboardMappingScheme& scheme) {
         if (info.cch == 0 || !scheme.GetKeyboardShortcutUsingCommandID(info.wID, shortcut))
             continue;
         CString text;
-        ++info.cch; // with the terminator
+        ++info.cch; // includes the terminator
         info.dwTypeData = text.GetBuffer(static_cast<int>(info.cch));
         ::GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info);
         text.ReleaseBuffer();

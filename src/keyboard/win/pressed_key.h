@@ -1,4 +1,4 @@
-// The key that a message presses, with the modifiers that are held.
+// The key that a message presses, with the held modifiers.
 #pragma once
 
 #include <quorvel/keyboard/shortcut_key.h>
@@ -6,7 +6,7 @@
 
 namespace quorvel {
 
-// FALSE for any other message, and for the press of Ctrl, Shift or Alt itself.
+// Returns false for other messages, and when Ctrl, Shift or Alt itself is pressed.
 bool GetPressedKey(const MSG& message, CShortcutKey& key);
 
 } // namespace quorvel

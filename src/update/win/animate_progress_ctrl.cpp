@@ -18,8 +18,8 @@ CAnimateProgressCtrl::CAnimateProgressCtrl() = default;
 
 CAnimateProgressCtrl::~CAnimateProgressCtrl() = default;
 
-// Common controls before version 6, which a program without a manifest gets, have no moving bar:
-// they do not answer, and the bar is filled again and again instead.
+// Common controls before version 6, which a program without a manifest gets, have no moving bar.
+// They ignore the message, and this class fills the bar repeatedly instead.
 BOOL CAnimateProgressCtrl::Start() {
     if (m_hWnd == nullptr || m_isStarted)
         return FALSE;
@@ -44,7 +44,7 @@ BOOL CAnimateProgressCtrl::Stop() {
 void CAnimateProgressCtrl::OnTimer(UINT_PTR id) {
     if (id == kStepTimer) {
         SetStep(2);
-        StepIt(); // from the end back to the beginning
+        StepIt(); // wraps from the end to the beginning
     } else {
         CProgressCtrl::OnTimer(id);
     }

@@ -74,7 +74,7 @@ private:
     void CancelByPane() {
         if (GetWindow() == nullptr)
             return;
-        const auto session = GetWindow()->m_session; // the host may close the dialog meanwhile
+        const auto session = GetWindow()->m_session; // the host may close the dialog now
         GetFlow().Cancel();
     }
 
@@ -82,7 +82,7 @@ private:
     quorvel::UpdateProgressPane m_largePane;
 };
 
-// The list has copies of the entries: the check replaces its own.
+// The list gets copies of the entries, because the check replaces its own.
 void CCheckForUpdatesDlg::Session::ShowListing(const CUpdateListing& listing) {
     if (GetWindow() == nullptr)
         return;
@@ -181,7 +181,7 @@ BOOL CCheckForUpdatesDlg::LoadData() {
     return m_session->CreatePanes();
 }
 
-// The listing is sorted as the columns' state says, which is loaded by then.
+// The columns' state, which is loaded at this point, determines the sort.
 BOOL CCheckForUpdatesDlg::OnInitDialog() {
     const BOOL setsFocus = CVaskDialog::OnInitDialog();
     if (const auto session = m_session)
@@ -203,7 +203,7 @@ void CCheckForUpdatesDlg::OnDestroy() {
     CVaskDialog::OnDestroy();
 }
 
-// The process ends after this message, without any other.
+// The process ends after this message and sends no other one.
 void CCheckForUpdatesDlg::OnEndSession(BOOL isEnding) {
     if (isEnding)
         EndSession();
@@ -246,7 +246,7 @@ void CCheckForUpdatesDlg::UpdateMessage(CUpdateListingItem* item) {
     ShowLink(link);
 }
 
-// Disabled, it has no menu either.
+// A disabled link has no menu.
 void CCheckForUpdatesDlg::ShowLink(const CString& link) {
     m_hyperlinkCtrl.ClearURI();
     m_hyperlinkCtrl.EnableWindow(m_hyperlinkCtrl.SetURI(link));
@@ -260,7 +260,7 @@ void CCheckForUpdatesDlg::OnShowWindow(BOOL show, UINT status) {
         ::PostMessageW(m_hWnd, quorvel::kAutoCheckMessage, 0, 0);
 }
 
-// What runs below may destroy the dialog: nothing follows the call.
+// The calls below may destroy the dialog, so nothing may follow them.
 
 void CCheckForUpdatesDlg::OnBnClickedCheckButton() {
     if (const auto session = m_session)

@@ -22,7 +22,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// Why the key of the path can't be written.
+// The reason why the key of the path cannot be written.
 DWORD WriteErrorOf(const CRegistryPath& path) {
     HKEY key = nullptr;
     const LONG error = path.CreateSubKey(key);
@@ -95,7 +95,7 @@ BOOL CCheckForUpdatesSettingsDlg::SaveData() {
     return FALSE;
 }
 
-// At once, and not only when no messages are waiting.
+// Updates at once, not only when no messages are waiting.
 void CCheckForUpdatesSettingsDlg::OnBnClickedReminderCheck() {
     UpdateDialogControls(this, FALSE);
 }

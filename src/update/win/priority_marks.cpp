@@ -8,7 +8,7 @@ namespace quorvel {
 
 namespace {
 
-constexpr COLORREF kTransparent = RGB(255, 0, 255); // the colour of no mark
+constexpr COLORREF kTransparent = RGB(255, 0, 255); // no mark uses this colour
 
 void DrawShape(CDC& dc, int priority, int side) {
     const int third = side / 3;
@@ -50,7 +50,7 @@ void AddMark(CImageList& images, int priority, COLORREF color) {
     images.Add(&bitmap, kTransparent);
 }
 
-// Red only where the user has no colours of their own, on which it might not be seen.
+// Red only with the usual background: on a user's own colours it might be invisible.
 COLORREF ColorOfHighPriority() {
     const bool isUsual = ::GetSysColor(COLOR_WINDOW) == RGB(255, 255, 255);
     return isUsual ? RGB(192, 0, 0) : ::GetSysColor(COLOR_WINDOWTEXT);

@@ -1,4 +1,4 @@
-// The marks of priorities. They differ in shape, so that they are told apart without colours.
+// The marks of priorities. They differ in shape and not only in colour.
 #pragma once
 
 #include <quorvel/framework/win/image_list.h>
@@ -6,17 +6,17 @@
 
 namespace quorvel {
 
-// The images of the list: a mark for each priority, the same on the background of a selected row,
-// and that of the header.
+// The images of the list: a mark for each priority, the same marks on a selected row's background,
+// and the mark of the header.
 enum PriorityMark {
     kMarkOfPriority = CUpdateListingItem::PRIORITY_HIGH,
     kMarkOfSelected = CUpdateListingItem::PRIORITY_LOW + 1,
     kMarkOfHeader = 2 * kMarkOfSelected,
 };
 
-// The length of an image's sides in pixels.
+// The width and height of an image in pixels.
 int SideOfPriorityMarks();
-// Makes the images in the system's colours as they are now.
+// Draws the images in the system's current colours.
 void MakePriorityMarks(CImageList& images);
 
 } // namespace quorvel

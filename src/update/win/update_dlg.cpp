@@ -118,7 +118,7 @@ BOOL CUpdateDlg::SetStatus(UINT stringId) {
     return text.LoadString(stringId) && SetStatus(text.GetString());
 }
 
-// What runs in a check may destroy the dialog: only the session says whether it is still there.
+// Calls into a check may destroy the dialog: afterwards only the session knows whether it exists.
 BOOL CUpdateDlg::CheckForUpdates() {
     const auto session = m_session;
     if (session == nullptr)
@@ -152,7 +152,7 @@ void CUpdateDlg::OnDestroy() {
     CVaskDialog::OnDestroy();
 }
 
-// The process ends after this message, without any other.
+// The process ends after this message and sends no other one.
 void CUpdateDlg::OnEndSession(BOOL isEnding) {
     if (isEnding)
         EndSession();

@@ -51,7 +51,7 @@ CUpdateListingItem* CUpdateListingListCtrl::GetSelectedUpdateListingItem() const
 int CUpdateListingListCtrl::GetDefaultColumnWidth(int trueColumn) {
     if (m_hWnd == nullptr)
         return CVirtualListCtrl::GetDefaultColumnWidth(trueColumn);
-    const int priorityWidth = 3 * quorvel::SideOfPriorityMarks(); // with the arrow of the sorting
+    const int priorityWidth = 3 * quorvel::SideOfPriorityMarks(); // includes the sort arrow
     if (trueColumn == COLUMN_PRIORITY)
         return priorityWidth;
     CString widest = AfxGetLocaleShortDate(COleDateTime(2000, 12, 30, 0, 0, 0));
@@ -110,7 +110,7 @@ CImageList& CUpdateListingListCtrl::Marks() {
     return m_imageList;
 }
 
-// In the middle.
+// Draws the mark in the centre.
 void CUpdateListingListCtrl::DrawMark(CDC& dc, int mark, const CRect& rect) {
     const int side = quorvel::SideOfPriorityMarks();
     const CPoint place((rect.left + rect.right - side) / 2, (rect.top + rect.bottom - side) / 2);
@@ -120,13 +120,13 @@ void CUpdateListingListCtrl::DrawMark(CDC& dc, int mark, const CRect& rect) {
     dc.RestoreDC(saved);
 }
 
-// After the row's own drawing, since the platform has no icons for columns other than the first.
+// Draws after the row itself, because the platform has icons only in the first column.
 void CUpdateListingListCtrl::DrawPriority(CDC& dc, int row) {
     const CUpdateListingItem* const item = GetUpdateListingItem(row);
     const int column = GetInsertedColumn(COLUMN_PRIORITY);
     CHeaderCtrl* const header = GetHeaderCtrl();
     CRect rect;
-    CRect heading; // the first column's own rectangle is that of the whole row
+    CRect heading; // the first column's own rectangle is the whole row
     if (item == nullptr || column < 0 || header == nullptr ||
         !GetItemRect(row, rect, LVIR_BOUNDS) || !header->GetItemRect(column, heading))
         return;
@@ -139,7 +139,7 @@ void CUpdateListingListCtrl::DrawPriority(CDC& dc, int row) {
 
 BOOL CUpdateListingListCtrl::OnNMCustomdraw(NMHDR* header, LRESULT* result) {
     *result = CDRF_DODEFAULT;
-    CVirtualListCtrl::OnNMCustomdraw(header, result); // rows that are highlighted
+    CVirtualListCtrl::OnNMCustomdraw(header, result); // draws highlighted rows
     const NMCUSTOMDRAW& draw = *reinterpret_cast<const NMCUSTOMDRAW*>(header);
     const int row = static_cast<int>(draw.dwItemSpec);
     switch (draw.dwDrawStage) {

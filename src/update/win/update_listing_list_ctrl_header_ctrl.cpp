@@ -16,7 +16,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// As the platform draws an item without text: by the theme, where the header has one.
+// Draws like the platform for an item without text: with the theme, if the header has one.
 void DrawItemBackground(CWnd& header, CDC& dc, CRect rect, UINT state) {
     const HTHEME theme =
         ::GetWindowTheme(header.m_hWnd) != nullptr ? ::OpenThemeData(nullptr, L"HEADER") : nullptr;
@@ -35,7 +35,7 @@ void DrawItemBackground(CWnd& header, CDC& dc, CRect rect, UINT state) {
 
 } // namespace
 
-// The platform's arrow is part of the drawing that this class replaces.
+// The platform's arrow belongs to the drawing that this class replaces.
 CUpdateListingListCtrlHeaderCtrl::CUpdateListingListCtrlHeaderCtrl() {
     SetOwnArrow(TRUE);
 }

@@ -36,7 +36,7 @@ void UpdateProgressPane::Show() {
     UpdateWindow();
 }
 
-// The owner is activated first, or the system would activate any window.
+// Activates the owner first; otherwise the system would activate any window.
 void UpdateProgressPane::Hide() {
     if (m_hWnd == nullptr || !IsWindowVisible())
         return;
@@ -49,7 +49,7 @@ void UpdateProgressPane::SetText(const WCHAR* text) {
     SetDlgItemText(QUORVEL_UPDATES_PROGRESS_TEXT, text);
 }
 
-// The bar has 31 bits.
+// The bar's range has 31 bits.
 void UpdateProgressPane::SetFigures(ULONGLONG received, ULONGLONG expected, const WCHAR* text) {
     if (CWnd* const bar = GetDlgItem(QUORVEL_UPDATES_PROGRESS_BAR)) {
         constexpr ULONGLONG kMost = std::numeric_limits<int>::max();

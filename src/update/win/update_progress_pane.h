@@ -1,5 +1,5 @@
-// The small windows that show how far a check for updates is, over the window of the check, which
-// owns them and stays usable.
+// The small windows that show the progress of a check for updates. The window of the check owns
+// them and stays usable.
 #pragma once
 
 #include <quorvel/controls/win/vask_dialog.h>
@@ -11,21 +11,21 @@ namespace quorvel {
 
 class UpdateProgressPane : public CVaskDialog {
 public:
-    // `onCancel` is called on the Cancel button, Escape and the close box. The pane stays until it
-    // is hidden.
+    // Calls `onCancel` for the Cancel button, Escape and the close box. The pane stays until it is
+    // hidden.
     UpdateProgressPane(UINT templateId, std::function<void()> onCancel);
     ~UpdateProgressPane() override;
 
     BOOL Create(CWnd* owner); // hidden
-    // In the middle of its owner, with empty texts and the bar at 0.
+    // Shows it centred over its owner, with empty texts and the bar at 0.
     void Show();
     void Hide();
     void SetText(const WCHAR* text);
-    // Bytes. The bar, where the pane has one, is full when all that is expected has come.
+    // In bytes. The bar, if the pane has one, is full when all expected bytes have arrived.
     void SetFigures(ULONGLONG received, ULONGLONG expected, const WCHAR* text);
 
 protected:
-    void OnOK() override {} // there is nothing to accept
+    void OnOK() override {} // there is nothing to confirm
     void OnCancel() override;
 
 private:

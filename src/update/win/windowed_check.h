@@ -1,10 +1,10 @@
-// A check for updates whose view is a window: the statuses of its connections come to that window,
-// and so does the end of a check.
+// A check for updates whose view is a window. The window receives the statuses of its connections
+// and the end of a check.
 //
-// A window may be destroyed in the middle of anything, also while a box of its check is shown, and
-// its object with it. So the object holds its check by a shared pointer and each of its calls into
-// the check another one, and when the window is destroyed it leaves the check: that ends without a
-// word, and goes when the last call has returned.
+// The window and its object may be destroyed at any time, even while a box of its check is shown.
+// So the object holds its check by a shared pointer, and each call into the check holds another
+// one. When the window is destroyed, it leaves the check: the check ends silently and is deleted
+// after the last call has returned.
 #pragma once
 
 #include <quorvel/update/check_for_updates_view.h>
@@ -16,17 +16,17 @@
 
 namespace quorvel {
 
-inline constexpr UINT kAutoCheckMessage = WM_APP + 1006;     // a window to itself: start a check
-inline constexpr UINT kCheckFinishedMessage = WM_APP + 1007; // with the code of the end
+inline constexpr UINT kAutoCheckMessage = WM_APP + 1006;     // by a window to itself: start a check
+inline constexpr UINT kCheckFinishedMessage = WM_APP + 1007; // with the final code
 
-// Connections over HTTP whose sockets post to the window.
+// Makes HTTP connections whose sockets post to the window.
 inline std::unique_ptr<UpdateSource> MakeHttpSource(HWND window) {
     auto source = std::make_unique<HttpSource>();
     source->SetSocketWindow(window);
     return source;
 }
 
-// What a host has chosen for the checks of a window.
+// The host's settings for the checks of a window.
 struct CheckOptions {
     bool isStrict = false;
     CUpdateTransport* transport = nullptr; // not owned; null: plain HTTP
@@ -34,7 +34,7 @@ struct CheckOptions {
     int maxAge = 0; // in days; for listings
 };
 
-// `Window` is the class of the object, whose window exists.
+// `Window` is the class of the object. Its window must exist.
 template <class Window, class Flow>
 class WindowedCheck : public CCheckForUpdatesView {
 public:
@@ -53,7 +53,7 @@ public:
         if (auto* const http = dynamic_cast<HttpSource*>(m_source.get()))
             http->SetTransport(options.transport);
     }
-    // Ends the check that runs, without a word. The window is not used any more.
+    // Ends the running check silently. The window is not used any more.
     void Leave() {
         m_window = nullptr;
         m_flow.Cancel();
@@ -70,7 +70,7 @@ public:
     }
 
 protected:
-    Window* GetWindow() const { return m_window; } // null once it was left
+    Window* GetWindow() const { return m_window; } // null after Leave
 
 private:
     void Poll(UpdateFlow* flow) {
