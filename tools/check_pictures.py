@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
-"""Checks that the pictures of the documentation are opaque.
+"""Checks that the pictures of the documentation are opaque and shown.
 
     check_pictures.py FOLDER
 
 Windows leaves the alpha channel of what it draws at zero: a picture with one shows a window without
-its text on a web page. Prints each PNG below FOLDER that can be transparent, and exits with 1.
+its text on a web page. Prints each PNG below FOLDER that can be transparent, and exits with 1. Where a
+folder of pictures has a page beside it, as gallery has gallery.md, that shows each of them and no others.
 """
 
 import os
+import re
 import struct
 import sys
 
@@ -31,13 +33,27 @@ def fault(picture):
     return "has no pixels"
 
 
+def differences(names, text, folder):
+    """What a page does not show of the pictures in the folder beside it, or shows without need."""
+    shown = set(re.findall(r"\]\(%s/([^)]+\.png)\)" % re.escape(folder), text))
+    return ["is not on the page: " + name for name in sorted(set(names) - shown)] + [
+        "does not exist: " + name for name in sorted(shown - set(names))
+    ]
+
+
 def main(arguments):
     if len(arguments) != 1:
         print(__doc__, file=sys.stderr)
         return 2
     count = problems = 0
     for folder, _, names in sorted(os.walk(arguments[0])):
-        for name in sorted(each for each in names if each.endswith(".png")):
+        pictures = sorted(each for each in names if each.endswith(".png"))
+        if os.path.isfile(folder + ".md"):
+            with open(folder + ".md", encoding="utf-8") as page:
+                for difference in differences(pictures, page.read(), os.path.basename(folder)):
+                    problems += 1
+                    print(f"{folder}.md: {difference}", file=sys.stderr)
+        for name in pictures:
             count += 1
             with open(os.path.join(folder, name), "rb") as file:
                 found = fault(file.read())

@@ -12,8 +12,9 @@ mkdir -p "$root/build"
 programs='tour xmltool pack settings keys listing updater'
 for preset in linux-debug "$windows"; do
     say "demo: building $preset, some minutes the first time"
+    case $preset in linux*) windowed='' ;; *) windowed=update_windows ;; esac
     # shellcheck disable=SC2086
-    build_shown demo "$preset" $programs quorvel_languages
+    build_shown demo "$preset" $programs $windowed quorvel_languages
 done
 
 # Real DLLs, with version resources and without, under the same relative names for both programs.

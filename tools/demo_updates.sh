@@ -1,6 +1,7 @@
 #!/bin/sh
 # demo_updates.sh WINDOWS-PRESET: lets the updater, which demo.sh has built, check a real web server for
 # updates, as a Linux and as a Windows program. Prints what a user sees and fails where the two differ.
+# Then works the update dialogs in the same way, and prints what they show.
 # Where port 80 of this machine can't be had, all of it runs in a network of its own.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -220,15 +221,16 @@ checks() {
     require_same local.xml new.xml
 }
 
+place() { # place LISTING SIGNATURE DATE: at the site with HTTPS
+    cp "$1" "$server/secure/updates.xml"
+    cp "$2" "$server/secure/updates.xml.minisig"
+    touch -d "$3" "$server/secure/updates.xml"
+}
+
 # What the publisher signs, and what others put in its place.
 signed_checks() {
     rm -f local.xml
     forget
-    place() { # place LISTING SIGNATURE DATE: at the site
-        cp "$1" "$server/secure/updates.xml"
-        cp "$2" "$server/secure/updates.xml.minisig"
-        touch -d "$3" "$server/secure/updates.xml"
-    }
     secure=https://localhost:8443/updates.xml
     place old.xml old.xml.minisig '2024-03-12 08:31:00 UTC'
     updater 0 'A signed listing over HTTPS' --site $secure --https --key publisher.pub --yes
@@ -249,6 +251,68 @@ signed_checks() {
     place old.xml old.xml.minisig '2024-05-01 08:00:00 UTC'
     updater 1 'The old one, shown as new' --site $secure --https --key publisher.pub --yes
     require_same local.xml new.xml
+}
+
+# The same in the dialogs, which Windows alone has. What they show is read back from the windows.
+windows() { # windows TITLE ARGUMENT...: of update_windows
+    printf '\n== %s\n' "$1"
+    shift
+    echo "\$ update_windows '$key' local.xml $*"
+    code=0
+    program update_windows "$key" local.xml "$@" >output.txt 2>errors.txt || code=$?
+    tr -d '\r' <output.txt
+    [ $code = 0 ] || die "update_windows ended with $code: $(cat errors.txt)"
+}
+
+dialogs() {
+    site_is() { program settings set "HKCU\\$key\\Check For Updates" URL "$1" >settings.txt 2>&1; }
+    rm -f local.xml
+    forget || true
+    publish old.xml updates.xml '2024-03-12 08:31:00 UTC'
+    windows 'Settings without a scheme are refused' settings 127.0.0.1/updates.xml 14
+    windows 'Settings with too many days are refused' settings $site/updates.xml 91
+    windows 'Settings that are stored' settings $site/updates.xml 14
+    windows 'The first check' check
+    require_same local.xml old.xml
+    windows 'Another one at once' check
+    forget 'Last Checked'
+    windows 'Later, without news' check
+    publish new.xml updates.xml '2024-04-02 10:15:00 UTC'
+    forget 'Last Checked'
+    windows 'A newer listing that the user does not want' check no
+    require_same local.xml old.xml
+    forget 'Last Checked'
+    windows 'A newer listing' check
+    require_same local.xml new.xml
+    forget 'Last Checked'
+    site_is $site/none.xml
+    windows 'An address that the server does not know' check
+    forget 'Last Checked'
+    site_is http://127.0.0.2/updates.xml
+    windows 'A host that does not answer' check
+    forget 'Last Checked'
+    publish new.xml slow/updates.xml '2024-04-02 10:16:00 UTC'
+    site_is $site/slow/updates.xml
+    windows 'Cancelled while it downloads' check cancel
+    require_same local.xml new.xml
+    windows 'Reset' reset
+    [ ! -e local.xml ] || die "the local file is still there"
+    windows 'A reminder that is dismissed' remind
+    for version in 1.2.3.5 1.2.3.4 1.2.3.3; do
+        printf $version >"$server/html/version.txt"
+        forget 'Last Checked'
+        site_is $site/version.txt
+        windows "The site has version $version" version 1.2.3.4
+    done
+    forget
+    site_is https://localhost:8443/updates.xml
+    place old.xml old.xml.minisig '2024-03-12 08:31:00 UTC'
+    windows 'A signed listing over HTTPS' --https --key publisher.pub check
+    require_same local.xml old.xml
+    forget 'Last Checked'
+    place forged.xml new.xml.minisig '2024-04-02 10:15:00 UTC'
+    windows 'A link in it was changed' --https --key publisher.pub check
+    require_same local.xml old.xml
 }
 
 rm -rf "$demo"
@@ -295,3 +359,7 @@ if diff -u linux.same.txt windows.same.txt; then
 else
     die "the Linux and the Windows build ($windows) print different lines, see build/demo-updates"
 fi
+
+build=windows
+say "demo: the dialogs of the updates, worked by keys in the Windows build ($windows)"
+dialogs

@@ -20,9 +20,15 @@ trap 'exit 1' INT TERM
 read -r display <display || die "Xvfb does not start, see build/gallery/xvfb.log"
 
 case $windows in win64) export WINERUN_ARCH=win64 ;; esac
-export DISPLAY=":$display" WINERUN_X=1
+export DISPLAY=":$display" WINERUN_X=1 WINERUN_TZ=Europe/Berlin # of the dates in the pictures
 wine() { "$root/tools/winerun.sh" "$@"; }
-draw() { wine "$root/build/$windows/bin/gallery.exe" --out . "$@" || die "the gallery program failed ($?)"; }
+# Those in English, and then those in German.
+draw() {
+    for locale in C.UTF-8 de_DE.UTF-8; do
+        WINERUN_LOCALE=$locale wine "$root/build/$windows/bin/gallery.exe" --out . "$@" ||
+            die "the gallery program failed ($?)"
+    done
+}
 
 # Settings of the prefix that a starting program reads: pixels an inch, and whether there is a theme,
 # which knows its own colours only.

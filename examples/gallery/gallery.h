@@ -15,3 +15,4 @@ extern const std::vector<Picture> kBoxPictures;
 extern const std::vector<Picture> kLinkPictures;
 extern const std::vector<Picture> kWindowPictures;
 extern const std::vector<Picture> kKeyPictures;
+extern const std::vector<Picture> kUpdatePictures;

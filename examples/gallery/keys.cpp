@@ -4,17 +4,11 @@
 #include <quorvel/keyboard/win/keyboard_shortcut_list_ctrl.h>
 
 #include "gallery.h"
-#include "german.h"
-#include "picture.h"
-#include "support/win/dialog_driver.h"
+#include "take_box.h"
 
 namespace {
 
 constexpr unsigned int kNewWindow = 103;
-
-const WCHAR* Own(const WCHAR* english, const WCHAR* german) {
-    return German::IsInForce() ? german : english;
-}
 
 CKeyboardMappingScheme Scheme() {
     constexpr unsigned char kCtrl = CShortcutKey::MODIFIER_CONTROL;
@@ -38,9 +32,7 @@ CKeyboardMappingScheme Scheme() {
 class ShortcutWindow : public CWnd {
 public:
     ShortcutWindow() {
-        const HDC screen = ::GetDC(nullptr);
-        const int resolution = ::GetDeviceCaps(screen, LOGPIXELSX);
-        ::ReleaseDC(nullptr, screen);
+        const int resolution = ResolutionOfScreen();
         CreateEx(WS_EX_DLGMODALFRAME, _T("Static"), m_scheme.GetName(),
                  WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 360 * resolution / 96,
                  230 * resolution / 96, nullptr, nullptr);
@@ -65,7 +57,7 @@ bool TakeSorted(const char* path) {
 
 bool TakeFiltered(const char* path) {
     ShortcutWindow window;
-    window.m_list.Filter(_T("ctrl"));
+    window.m_list.Filter(_T("save"));
     return SavePicture(window.m_hWnd, path);
 }
 
@@ -97,12 +89,6 @@ bool TakeAssign(const char* path) {
     const CKeyboardMappingScheme scheme = Scheme();
     CAssignShortcutDlg dialog(scheme, kNewWindow);
     return TakeDialog(dialog, {PressWith(VK_CONTROL, 'S')}, path);
-}
-
-template <bool (*take)(const char* path)>
-bool InGerman(const char* path) {
-    const German german;
-    return take(path);
 }
 
 } // namespace

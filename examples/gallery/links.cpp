@@ -4,18 +4,12 @@
 #include <quorvel/framework/win/static.h>
 
 #include "gallery.h"
-#include "german.h"
-#include "picture.h"
-#include "support/win/dialog_driver.h"
+#include "take_box.h"
 
 #include <iterator>
 #include <list>
 
 namespace {
-
-const WCHAR* Own(const WCHAR* english, const WCHAR* german) {
-    return German::IsInForce() ? german : english;
-}
 
 constexpr const WCHAR* kDialogClass = _T("#32770"); // which draws the background of dialogs
 
@@ -23,9 +17,6 @@ constexpr const WCHAR* kDialogClass = _T("#32770"); // which draws the backgroun
 class LinkWindow : public CWnd {
 public:
     LinkWindow() {
-        const HDC screen = ::GetDC(nullptr);
-        m_resolution = ::GetDeviceCaps(screen, LOGPIXELSX);
-        ::ReleaseDC(nullptr, screen);
         CreateEx(WS_EX_DLGMODALFRAME, kDialogClass, _T("Links"), WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                  40, 40, Scaled(340), Scaled(220), nullptr, nullptr);
         NONCLIENTMETRICSW metrics = {};
@@ -45,7 +36,7 @@ public:
     CHyperlinkCtrl& Focused() { return *std::next(m_links.begin()); }
 
 private:
-    int Scaled(int pixels) const { return pixels * m_resolution / 96; }
+    static int Scaled(int pixels) { return pixels * ResolutionOfScreen() / 96; }
     CHyperlinkCtrl& Add(const WCHAR* label, const WCHAR* text) {
         const int top = Scaled(14 + 26 * static_cast<int>(m_links.size()));
         m_labels.emplace_back().Create(label, WS_CHILD | WS_VISIBLE,
@@ -60,7 +51,6 @@ private:
         return link;
     }
 
-    int m_resolution = 96;
     CFont m_font;
     std::list<CStatic> m_labels;
     std::list<CHyperlinkCtrl> m_links;
@@ -101,16 +91,10 @@ bool TakeMenu(const char* path) {
 }
 
 bool TakeEditDialog(const WCHAR* uri, std::vector<DialogDriver::Step> steps, const char* path) {
-    bool isTaken = false;
-    steps.push_back([](HWND) {}); // until what the last one caused has been drawn
-    steps.push_back([&](HWND box) { isTaken = SavePicture(box, path); });
-    steps.push_back([](HWND box) { ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0); });
     CEditHyperlinkDlg dialog(FALSE);
     dialog.SetDisplayText(Own(_T("Visit our website"), _T("Besuchen Sie unsere Website")));
     dialog.SetURI(uri);
-    const DialogDriver driver(std::move(steps));
-    dialog.DoModal();
-    return isTaken;
+    return TakeBoxAfter(std::move(steps), path, [&] { dialog.DoModal(); });
 }
 
 bool TakeEdit(const char* path) {
@@ -119,12 +103,6 @@ bool TakeEdit(const char* path) {
 
 bool TakeEditBalloon(const char* path) {
     return TakeEditDialog(_T("www.example.com"), {Press(VK_RETURN)}, path);
-}
-
-template <bool (*take)(const char* path)>
-bool InGerman(const char* path) {
-    const German german;
-    return take(path);
 }
 
 } // namespace

@@ -8,6 +8,14 @@
 #include <type_traits>
 #include <vector>
 
+// Pixels an inch; 96 on a usual screen.
+inline int ResolutionOfScreen() {
+    const HDC screen = ::GetDC(nullptr);
+    const int resolution = ::GetDeviceCaps(screen, LOGPIXELSX);
+    ::ReleaseDC(nullptr, screen);
+    return resolution;
+}
+
 // The surface that a window is drawn on, with its title bar.
 class WindowSurface {
 public:
@@ -85,6 +93,7 @@ inline bool CopyWindow(HWND window, const MemorySurface& to, CPoint corner) {
 // three bytes a pixel: with four the last would be read as how opaque the pixel is, and the system
 // leaves it at 0. False when a window cannot be drawn or the file not be written.
 inline bool SavePicture(HWND window, const char* path) {
+    ::HideCaret(nullptr); // it blinks
     const std::vector<HWND> scene = SceneOf(window);
     CRect rect(0, 0, 0, 0);
     for (const HWND each : scene) {

@@ -10,9 +10,7 @@
 
 #include "dialog_ids.h"
 #include "gallery.h"
-#include "german.h"
-#include "picture.h"
-#include "support/win/dialog_driver.h"
+#include "take_box.h"
 
 #include <iterator>
 #include <optional>
@@ -75,13 +73,6 @@ void TranslateWindow(HWND window) {
         ::SetWindowTextW(child, Own(TextOf(child)));
 }
 
-// Takes a picture in the language.
-template <bool (*take)(const char* path)>
-bool InGerman(const char* path) {
-    const German german;
-    return take(path);
-}
-
 // Lists
 
 class BookList : public CVaskListCtrl {
@@ -113,13 +104,7 @@ private:
 class BookWindow : public CWnd {
 public:
     BookWindow() {
-        const int resolution = [] {
-            const HDC screen = ::GetDC(nullptr);
-            const int pixels = ::GetDeviceCaps(screen, LOGPIXELSX);
-            ::ReleaseDC(nullptr, screen);
-            return pixels;
-        }();
-        const auto scaled = [&](int pixels) { return pixels * resolution / 96; };
+        const auto scaled = [](int pixels) { return pixels * ResolutionOfScreen() / 96; };
         CreateEx(WS_EX_DLGMODALFRAME, _T("Static"), Own(_T("Books")),
                  WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, scaled(480), scaled(220), nullptr,
                  nullptr);
@@ -177,6 +162,14 @@ bool TakeOwnArrow(const char* path) {
     return window.Take(path);
 }
 
+bool TakeHeaderFocus(const char* path) {
+    BookWindow window;
+    window.AddBooks();
+    window.m_list.SetSortColumn(0);
+    window.m_list.GetHeaderCtrl()->SetFocus();
+    return window.Take(path);
+}
+
 bool TakeEmpty(const char* path) {
     BookWindow window;
     window.m_list.SetEmptyText(Own(_T("There are no books that match your search.")));
@@ -196,18 +189,6 @@ bool TakeHeaderMenu(const char* path) {
     header.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(header.m_hWnd),
                        MAKELPARAM(place.left + 60, place.top + 12));
     return window.m_list.m_isMenuTaken;
-}
-
-// Takes a picture of the box that `show` shows, after the steps, and cancels it.
-template <class Show>
-bool TakeBoxAfter(std::vector<DialogDriver::Step> steps, const char* path, Show show) {
-    bool isTaken = false;
-    steps.push_back([](HWND) {}); // until what the last one caused has been drawn
-    steps.push_back([&](HWND box) { isTaken = SavePicture(box, path); });
-    steps.push_back([](HWND box) { ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0); });
-    const DialogDriver driver(std::move(steps));
-    show();
-    return isTaken;
 }
 
 bool TakeColumnsDialog(const char* path) {
@@ -339,6 +320,7 @@ const std::vector<Picture> kWindowPictures = {
     {"list_sorted_up", TakeSortedUp, true},
     {"list_sorted_down", TakeSortedDown},
     {"list_own_arrow", TakeOwnArrow, true},
+    {"list_header_focus", TakeHeaderFocus, true},
     {"list_empty", TakeEmpty, true},
     {"list_empty_german", InGerman<TakeEmpty>},
     {"list_header_menu", TakeHeaderMenu, true},

@@ -151,6 +151,13 @@ class Pictures(unittest.TestCase):
                 self.assertEqual(check_pictures.fault(picture), expected)
         self.assertEqual(check_pictures.fault(b"GIF89a"), "is no PNG")
 
+    def test_page(self):
+        page = "![A](gallery/a.png) text\n![B](other/b.png)\n![C](gallery/c.png)"
+        self.assertEqual(
+            check_pictures.differences(["a.png", "b.png"], page, "gallery"),
+            ["is not on the page: b.png", "does not exist: c.png"],
+        )
+
 
 class BuildProgress(unittest.TestCase):
     def test_lines_of_a_log(self):

@@ -103,6 +103,13 @@ bool IsHighContrast() {
            (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
+// Where nobody can read blue.
+bool IsBackgroundDark() {
+    const COLORREF color = ::GetSysColor(COLOR_BTNFACE);
+    const int brightness = 3 * GetRValue(color) + 6 * GetGValue(color) + GetBValue(color);
+    return brightness < 10 * 64;
+}
+
 HCURSOR HandCursor() {
     const WCHAR* const name = MAKEINTRESOURCEW(QUORVEL_CURSOR_HAND);
     const HCURSOR cursor = ::LoadCursorW(AfxFindResourceHandle(name, RT_GROUP_CURSOR), name);
@@ -275,8 +282,9 @@ HBRUSH CHyperlinkCtrl::CtlColor(CDC* dc, UINT) {
     const quorvel::ContrastColors contrast = {
         ::GetSysColor(COLOR_HOTLIGHT), ::GetSysColor(COLOR_BTNTEXT), ::GetSysColor(COLOR_GRAYTEXT)};
     m_link->m_systemDisabledColor = ::GetSysColor(COLOR_BTNSHADOW);
-    dc->SetTextColor(m_link->TextColor(IsWindowEnabled() != FALSE, ::GetCapture() == m_hWnd,
-                                       IsHighContrast() ? &contrast : nullptr));
+    dc->SetTextColor(
+        m_link->TextColor(IsWindowEnabled() != FALSE, ::GetCapture() == m_hWnd,
+                          IsHighContrast() || IsBackgroundDark() ? &contrast : nullptr));
     dc->SetBkMode(TRANSPARENT);
     return static_cast<HBRUSH>(::GetStockObject(HOLLOW_BRUSH));
 }

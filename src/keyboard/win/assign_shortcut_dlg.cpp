@@ -55,7 +55,10 @@ BOOL CAssignShortcutDlg::IsOK() {
 }
 
 void CAssignShortcutDlg::ShowKey() {
-    SetDlgItemText(QUORVEL_ASSIGN_KEY, quorvel::DisplayName(m_key));
+    const CString name = quorvel::DisplayName(m_key);
+    SetDlgItemText(QUORVEL_ASSIGN_KEY, name);
+    const int end = name.GetLength(); // the caret would stand on the first letter
+    ::SendDlgItemMessageW(m_hWnd, QUORVEL_ASSIGN_KEY, EM_SETSEL, static_cast<WPARAM>(end), end);
     CString report;
     for (const CShortcutConflict& conflict :
          AfxGetShortcutConflicts(m_scheme, m_shortcut.GetCommandID(), m_key))

@@ -2,6 +2,7 @@
 #include <quorvel/framework/win/check_list_box.h>
 #include <quorvel/framework/win/combo_box.h>
 #include <quorvel/framework/win/edit.h>
+#include <quorvel/framework/win/gdi.h>
 #include <quorvel/framework/win/image_list.h>
 #include <quorvel/framework/win/list_ctrl.h>
 #include <quorvel/framework/win/message_map.h>
@@ -131,6 +132,25 @@ TEST(CheckListBox, ChecksMoveWithTheirRowsAndNotifyTheParent) {
     list.ResetContent();
     EXPECT_EQ(list.AddString(_T("new")), 0);
     EXPECT_EQ(list.GetCheck(0), 0);
+}
+
+// As in a dialog: the system asked for the height before the list had its object and its font.
+TEST(CheckListBox, RowsFollowTheFont) {
+    CParent parent;
+    CFont font;
+    LOGFONTW description = {};
+    description.lfHeight = -40;
+    ASSERT_TRUE(font.CreateFontIndirect(&description));
+    const HWND window =
+        ::CreateWindowExW(0, L"ListBox", nullptr, WS_CHILD | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS, 0,
+                          0, 100, 100, parent.m_hWnd, nullptr, nullptr, nullptr);
+    ::SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font.GetSafeHandle()), FALSE);
+    CCheckListBox list;
+    ASSERT_TRUE(list.SubclassWindow(window));
+    const int high = list.GetItemHeight(0);
+    EXPECT_GE(high, 40);
+    list.SetFont(nullptr);
+    EXPECT_LT(list.GetItemHeight(0), high);
 }
 
 TEST(Controls, RefuseWhatIsNotThere) {
