@@ -1,4 +1,4 @@
-// MultiByteToWideChar and WideCharToMultiByte: the same answers on both systems.
+// MultiByteToWideChar and WideCharToMultiByte: the same results on both systems.
 #include <quorvel/platform/platform.h>
 
 #include "support/golden.h"
@@ -8,7 +8,7 @@ using namespace quorvel::win32;
 
 namespace {
 
-// What a conversion gives: the whole buffer, which is filled with marks beforehand.
+// The result of a conversion: the whole buffer, which was filled with markers before.
 template <class Text>
 struct Converted {
     int result;
@@ -34,8 +34,8 @@ Converted<std::string> Encode(UINT codePage, DWORD flags, const Wide& text, int 
     return {result, GetLastError(), bytes};
 }
 
-// The length of the well-formed sequence at `at`, or minus that of the beginning of one which the
-// platform replaces as a whole: a second byte out of its row's range belongs to it.
+// The length of the well-formed sequence at `at`, or minus the length of an ill-formed beginning
+// that the platform replaces as a whole, including a second byte outside the range of its row.
 int Utf8Sequence(const std::string& bytes, std::size_t at) {
     struct Row {
         int first, last, low, high, length; // lead bytes, range of the second byte
@@ -62,8 +62,8 @@ int Utf8Sequence(const std::string& bytes, std::size_t at) {
     return -1;
 }
 
-// Every mix of four bytes out of the ones where a decoder can go wrong. Letters follow, because
-// Wine drops what comes after a lead byte that announces more than there is.
+// All combinations of four of the bytes that are critical for a decoder. Letters follow, because
+// Wine drops the bytes after a lead byte that announces more bytes than exist.
 TEST(Utf8, EveryMixOfCriticalBytesDecodesAlike) {
     const std::string critical = "a\x7f\x80\x8f\x90\x9f\xa0\xbf\xc0\xc1\xc2\xdf\xe0\xe1\xed\xee\xef"
                                  "\xf0\xf1\xf4\xf5\xff";
@@ -98,13 +98,13 @@ TEST(Utf8, EveryMixOfCriticalBytesDecodesAlike) {
     }
 }
 
-// In short texts and in long ones, which are converted in blocks, and with no unit of room to
-// spare.
+// In short texts and in long texts, which are converted in blocks, and in a buffer of exactly the
+// required size.
 TEST(Utf8, ConvertsASequenceAlikeWhereverItLies) {
     const std::tuple<const char*, const WCHAR*, bool> rows[] = {
         {"\xc3\xa9", _T("é"), true},
         {"\xf0\x9f\x98\x80", _T("😀"), true},
-        {"\xef\xbb\xbf", _T("\xfeff"), true}, // the byte order mark stays
+        {"\xef\xbb\xbf", _T("\xfeff"), true}, // keeps the byte order mark
         {"\x7f\xdf\xbf\xef\xbf\xbf\xf4\x8f\xbf\xbf", _T("\x7f\x7ff\xffff\xdbff\xdfff"), true},
         {"\xc3", _T("\xfffd"), false},
         {"\xf0\x8f\xbf\xbf", _T("\xfffd\xfffd\xfffd"), false},
@@ -123,7 +123,7 @@ TEST(Utf8, ConvertsASequenceAlikeWhereverItLies) {
             const auto decoded = Decode(CP_UTF8, 0, bytes, length);
             ASSERT_TRUE(decoded.text == text) << testing::PrintToString(bytes);
             ASSERT_EQ(decoded.result, length);
-            // Wine takes half a pair at the very end for all of it.
+            // At the very end Wine takes half a surrogate pair for a whole one.
             ASSERT_TRUE(behind == 0 ||
                         Decode(CP_UTF8, 0, bytes, length - 1).error == ERROR_INSUFFICIENT_BUFFER);
             ASSERT_EQ(Decode(CP_UTF8, MB_ERR_INVALID_CHARS, bytes, length).result,
@@ -151,8 +151,8 @@ TEST(Utf8, ReplacesHalfAPairUnlessTheCallIsStrict) {
     }
 }
 
-// Windows refuses both arguments for UTF-8; here it is the active code page, and programs give
-// them. Wine takes them too, but writes U+FFFD for lone surrogates.
+// Windows refuses both arguments for UTF-8. Here it is the active code page, and programs pass
+// them. Wine accepts them too, but writes U+FFFD for lone surrogates.
 TEST(Utf8, TakesADefaultCharacter) {
     const std::tuple<UINT, const WCHAR*, const char*, const char*, BOOL> rows[] = {
         {CP_ACP, _T("ab"), "?", "ab", FALSE},
@@ -230,7 +230,7 @@ TEST(CodePage, SubstitutesWhatItLacks) {
 }
 
 TEST(CodePage, Decodes) {
-    // An empty text: refused.
+    // An empty text means that it is refused.
     const std::tuple<const char*, UINT, DWORD, std::string, Wide> rows[] = {
         {"unassigned and strict", 1253, MB_ERR_INVALID_CHARS, "\xc1\xaa", {}},
         {"letter and accent", 1252, MB_COMPOSITE, "\351a", _T("e\u0301a")},
@@ -266,7 +266,7 @@ TEST(CodePage, Decodes) {
 }
 
 TEST(Utf7, ConvertsBothWays) {
-    // At the end: whether encoding gives the bytes again.
+    // The last field: whether encoding returns the same bytes.
     const std::tuple<const char*, Wide, bool> rows[] = {
         {"+-", _T("+"), true},
         {"+AOk-+-", _T("\xe9+"), true},
@@ -288,8 +288,8 @@ TEST(Utf7, ConvertsBothWays) {
     }
 }
 
-// Every byte and every pair of bytes, and every unit with and without best fits. A zero ends each,
-// so that half a pair takes nothing of the next. Pairs whose bytes stand for themselves are blank.
+// Every byte and pair of bytes; every unit with and without best fits. A zero after each ends it,
+// so that half a pair takes no byte of the next. Pairs that decode byte by byte are blank.
 TEST(CodePage, TablesAreThePlatforms) {
     Golden golden("code_pages");
     for (const UINT codePage :

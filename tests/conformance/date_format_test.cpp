@@ -10,7 +10,7 @@ constexpr LCID kGerman = 0x0407;
 constexpr LCID kJapanese = 0x0411;
 constexpr LCID kRussian = 0x0419;
 
-constexpr SYSTEMTIME kMorning{2007, 3, 5, 4, 5, 6, 7, 0}; // a Sunday, whatever the caller says
+constexpr SYSTEMTIME kMorning{2007, 3, 5, 4, 5, 6, 7, 0}; // a Sunday; the record is wrong
 constexpr SYSTEMTIME kAfternoon{2007, 12, 2, 25, 13, 6, 7, 0};
 constexpr SYSTEMTIME kMidnight{2007, 3, 0, 4, 0, 0, 0, 0};
 constexpr SYSTEMTIME kNoon{2007, 3, 0, 4, 12, 0, 0, 0};
@@ -43,7 +43,7 @@ TEST(DateFormat, LettersOfAPictureAreParts) {
         CASE(Date(_T("d dd ddd dddd ddddd")), _T("4 04 Sun Sunday Sunday")),
         CASE(Date(_T("M MM MMM MMMM MMMMM")), _T("3 03 Mar March March")),
         CASE(Date(_T("y yy yyyy yyyyyy")), _T("07 07 2007 2007")),
-        CASE(Date(_T("HH:mm d D Y")), _T("HH:mm 4 D Y")), // no letters of dates
+        CASE(Date(_T("HH:mm d D Y")), _T("HH:mm 4 D Y")), // date letters are ignored
         CASE(Date(_T("''d''")), _T("4")),
         CASE(Date(_T("'''d'''")), _T("'d'")),
         CASE(Date(_T("d 'open d")), _T("4 open d")),
@@ -55,7 +55,7 @@ TEST(DateFormat, LettersOfATimePictureAreParts) {
     ExpectCases<CString, const WCHAR*>({
         CASE(Time(_T("h hh hhh H HH m mm mmm s ss sss")), _T("5 05 05 5 05 6 06 06 7 07 07")),
         CASE(Time(_T("t tt ttt")), _T("A AM AM")),
-        CASE(Time(_T("d M y f")), _T("d M y f")), // no letters of times
+        CASE(Time(_T("d M y f")), _T("d M y f")), // time letters are ignored
         CASE(Time(_T("")), _T("")),
         CASE(Time(_T("h hh H HH t tt"), kMidnight), _T("12 12 0 00 A AM")),
         CASE(Time(_T("h hh H HH t tt"), kNoon), _T("12 12 12 12 P PM")),
@@ -64,14 +64,14 @@ TEST(DateFormat, LettersOfATimePictureAreParts) {
 
 TEST(DateFormat, NamesAreOfTheLanguage) {
     const std::tuple<LCID, const WCHAR*, const WCHAR*> rows[] = {
-        // The genitive beside the number of the day, not beside its name.
+        // The genitive is used next to the number of the day, but not next to its name.
         {kRussian, _T("d MMMM"), _T("4 марта")},
         {kRussian, _T("d dddd MMMM"), _T("4 воскресенье март")},
         {kJapanese, _T("dddd"), _T("\x65e5\x66dc\x65e5")},
     };
     for (const auto& [locale, picture, text] : rows)
         EXPECT_EQ(Formatted(GetDateFormatW, kMorning, picture, locale), text) << locale;
-    if (kOnLinux) { // Wine mistakes what follows the month
+    if (kOnLinux) { // Wine misreads the text after the month
         EXPECT_EQ(Formatted(GetDateFormatW, kMorning, _T("MMMM yyyy d"), kRussian),
                   _T("марта 2007 4"));
         EXPECT_EQ(Formatted(GetDateFormatW, kMorning, _T("MMMM yyyy"), kRussian), _T("март 2007"));

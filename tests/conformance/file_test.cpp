@@ -54,7 +54,7 @@ private:
     DWORD m_count = 0;
 };
 
-// The world of every row below, made anew for each.
+// The files for each row below, created again for each.
 class FileConformance : public testing::Test {
 protected:
     void SetUp() override {
@@ -77,7 +77,7 @@ protected:
 };
 
 TEST_F(FileConformance, OpeningGivesTheResultAndErrorOfEachDisposition) {
-    // With error 0 or 183 it opens.
+    // Error 0 or 183 means that the file opens.
     const std::tuple<const char*, const WCHAR*, DWORD, DWORD, DWORD, LONGLONG> rows[] = {
         {"create new over a file", _T("file"), kWrite, CREATE_NEW, 80, 10},
         {"create always to read", _T("file"), kRead, CREATE_ALWAYS, 183, 0},
@@ -205,7 +205,7 @@ TEST_F(FileConformance, NamesAreDeletedAndMovedWithTheErrorsOfEachCase) {
     const auto move = [&](const WCHAR* from, const WCHAR* to, DWORD flags = 0) {
         return ErrorOf([&] { return MoveFileExW(path(from), path(to), flags); });
     };
-    const WCHAR* const inside = _T("folder/inside"); // held open
+    const WCHAR* const inside = _T("folder/inside"); // kept open
     constexpr DWORD kReplace = MOVEFILE_REPLACE_EXISTING;
     ExpectCases<DWORD>({CASE(remove(_T("none")), 2), CASE(remove(_T("readonly")), 5),
                         CASE(remove(inside), 32), CASE(move(_T("file"), _T("none/new")), 3),

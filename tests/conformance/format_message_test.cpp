@@ -1,5 +1,5 @@
-// The platform's message formatter. Expected texts are escaped as \xHHHH; a refusal stands as its
-// error code.
+// The platform's message formatter. Expected texts are escaped as \xHHHH; a refusal is its error
+// code.
 #include "platform/win32.h"
 
 #include "support/test.h"
@@ -43,7 +43,7 @@ TEST(FormatMessage, Inserts) {
         MESSAGE("1 10 11 100", "%1 %10 %11 %100", _T("1"), kA, kA, kA, kA, kA, kA, kA, kA, _T("10"),
                 _T("11")),
         MESSAGE("(null)|(n", "%1|%1!.2s!", null),
-        MESSAGE("%1 stays\\x000A", "%1", _T("%1 stays\n")), // an argument is not a source
+        MESSAGE("%1 stays\\x000A", "%1", _T("%1 stays\n")), // an argument is not formatted again
     });
 }
 
@@ -57,7 +57,7 @@ TEST(FormatMessage, Forms) {
         MESSAGE("\\x20AC|x|y|    x|0000x", "%1!c!|%2!hc!|%3!C!|%2!5c!|%2!05c!", euro, 'x', 'y'),
         MESSAGE("5497558138880 7 18446744073709551615", "%1!I64d! %2!d! %3!I64u!", 5LL << 40, 7,
                 -1LL),
-        // What follows the conversion is text; unknown conversions and floating point are, too.
+        // Text after the conversion is literal, and so are unknown conversions and floating point.
         MESSAGE("7 d|7%|7x|%d", "%1!d d!|%1!d%%!|%1!dx!|%1!%d!", 7),
         MESSAGE("k|k|f|I6d|7!", "%1!k!|%1!5k!|%1!10.3f!|%1!I6d!|%1!d!!", 7),
         MESSAGE("7aaaaaaaaaaaaaaaaaaaaaaaaaaaaa", "%1!daaaaaaaaaaaaaaaaaaaaaaaaaaaaa!", 7),
@@ -71,7 +71,7 @@ TEST(FormatMessage, StarsTakeArgumentsOfTheirOwn) {
                 5, 3, 7),
         MESSAGE("  Bi Bob   Bill", "%1!*.*s! %3 %4!*s!", 4, 2, _T("Bill"), _T("Bob"), 6,
                 _T("Bill")),
-        // The numbers of later inserts, and of earlier ones that come again.
+        // The numbers of later arguments, and of earlier arguments that are used again.
         MESSAGE("03 0005 5 6", "%1!*.*d! %2!*.*d! %3!d! %4!d!", 1, 2, 3, 4, 5, 6),
         MESSAGE("5  6 0000008 3 8", "%5!d! %2!*d! %2!*.*d! %3!d! %6!d!", 1, 2, 3, 4, 5, 6, 7, 8),
         MESSAGE("17179869187 5 6", "%1!*I64d! %2!d! %3!d!", 2, 0x400000003LL, 5, 6),
@@ -81,11 +81,11 @@ TEST(FormatMessage, StarsTakeArgumentsOfTheirOwn) {
 TEST(FormatMessage, Escapes) {
     ExpectCases<std::string>({
         MESSAGE("a\\x000D\\x000Ab\\x000Dc\\x0009d", "a%nb%rc%td"),
-        MESSAGE(kOnLinux ? "a b" : "abb", "a%bb"), // Wine knows no hard blank
+        MESSAGE(kOnLinux ? "a b" : "abb", "a%bb"), // Wine does not support the hard blank
         MESSAGE("abc", "abc%0def"),
         MESSAGE("error 235", ""),
         MESSAGE("error 235", "%1", _T("")),
-        // Line ends of the source are made whole, escaped ones are not.
+        // Line ends of the source become complete; escaped ones do not.
         MESSAGE("a\\x000D\\x000Ab\\x000D\\x000Ac\\x000D\\x000Ad", "a\r\nb\nc\rd"),
         MESSAGE("a\\x000D\\x000D\\x000Ab\\x000Ac", "a%\r\nb%\nc"),
     });
@@ -115,7 +115,7 @@ TEST(FormatMessage, KeepsInsertsAndJoinsLinesWhenToldTo) {
     });
 }
 
-// Wine has no text for the last one.
+// Wine has no text for the last error.
 TEST(FormatMessage, KnowsTheFailuresWithoutAReason) {
     for (const DWORD code : {0x80004001u, 0x80004005u, 0x8000ffffu}) {
         WCHAR text[200];

@@ -7,10 +7,10 @@ TEST(GermanLocale, ChoosesTheLanguageOfResources) {
     const HMODULE module = LoadLibraryW(QUORVEL_OWN_SAMPLES _T("/full.dll"));
     ASSERT_NE(module, nullptr);
     const std::tuple<UINT, const WCHAR*> rows[] = {
-        {100, _T("Deutsch")},     // before English
-        {200, _T("nur deutsch")}, // before French
-        {300, _T("neutral")},     // before all others
-        {111, _T("")},            // of a block that is there in German without it
+        {100, _T("Deutsch")},     // preferred to English
+        {200, _T("nur deutsch")}, // preferred to French
+        {300, _T("neutral")},     // preferred to all others
+        {111, _T("")},            // its German block exists but lacks this text
     };
     for (const auto& [id, expected] : rows) {
         WCHAR text[100] = {};

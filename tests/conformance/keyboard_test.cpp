@@ -1,11 +1,11 @@
-// The keyboard layout, US on both systems, and the order of texts.
+// The keyboard layout (US on both systems) and collation.
 #include "platform/win32.h"
 
 #include "support/test.h"
 
 namespace {
 
-// As the library asks: without a scan code's name there is none.
+// As the library calls it: a code without a scan code has no name.
 CString NameOf(UINT code, bool isExtended) {
     WCHAR name[260] = {};
     const UINT scanCode = MapVirtualKeyW(code, MAPVK_VK_TO_VSC) | (isExtended ? 0x100 : 0);
@@ -141,7 +141,7 @@ TEST(Collation, OrdersTextsForPeople) {
         CASE(order(_T("B"), _T("a")), 1),
         CASE(order(_T("a"), _T("A")), -1),
         CASE(order(_T("A"), _T("a")), 1),
-        CASE(order(_T("Ab"), _T("aa")), 1), // letters before their case
+        CASE(order(_T("Ab"), _T("aa")), 1), // letters decide before case
         CASE(order(_T("\x00e4"), _T("b")), -1),
         CASE(order(_T("z"), _T("\x00e4")), 1),
         CASE(order(_T("Open"), _T("Open")), 0),

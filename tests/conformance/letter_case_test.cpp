@@ -4,7 +4,7 @@
 
 #include "support/golden.h"
 
-// A zero stands for a unit that stays.
+// Zero means that a unit does not change.
 TEST(LetterCase, TablesAreThePlatforms) {
     Wide units;
     for (int unit = 0; unit < 0x10000; ++unit)

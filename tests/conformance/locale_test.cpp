@@ -10,7 +10,7 @@ CString Item(LCID locale, LCTYPE item) {
     return GetLocaleInfoW(locale, item, text, 100) > 0 ? CString(text) : CString(_T("(failed)"));
 }
 
-// Which ids there are, and every one's letters.
+// The supported language ids, and the three-letter names of all of them.
 TEST(Locale, EveryLanguageIdAnswersAlike) {
     constexpr WORD kPrimaries = 102, kSubs = 21;
     Wide letters(3 * MAKELANGID(0, kSubs), WCHAR(' '));

@@ -1,4 +1,4 @@
-// Posted messages, timers and the queue of a thread: what both systems promise.
+// Posted messages, timers and the queue of a thread: common promises of both systems.
 #include "platform/win32.h"
 
 #include "support/test.h"
@@ -11,7 +11,7 @@ namespace {
 constexpr UINT kFirst = WM_APP + 1;
 constexpr UINT kSecond = WM_APP + 2;
 
-// Letters for what was seen: a and b for the two messages, t for a timer, with the number after.
+// What was seen: a and b for the two messages, t for a timer, each followed by its number.
 std::string g_seen;
 
 LRESULT CALLBACK Record(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -33,7 +33,7 @@ protected:
     }
     void TearDown() override { DestroyWindow(m_window); }
     HWND Create() const { return m_class.Create(); }
-    // Dispatches what waits, and says what was seen.
+    // Dispatches the waiting messages and returns what was seen.
     static std::string Drain() {
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
@@ -61,7 +61,7 @@ TEST_F(Messages, ComeInTheOrderInWhichTheyWerePosted) {
     PostMessageW(m_window, kFirst, 3, 0);
     EXPECT_EQ(Drain(), "b1 a2 a3 ");
 
-    // Filters of window and number, and a look without taking.
+    // Filters by window and number; PM_NOREMOVE.
     PostMessageW(m_window, kSecond, 4, 0);
     PostMessageW(other, kFirst, 5, 0);
     PostMessageW(m_window, kFirst, 6, 0);
@@ -120,7 +120,7 @@ TEST_F(Messages, AreNotPostedWithPointers) {
     Drain();
 }
 
-// The count is the quota of a process: Wine has none.
+// The limit is a quota of the process: Wine has no such quota.
 TEST_F(Messages, AreRefusedByAFullQueue) {
     int posted = 0;
     while (posted < 12000 && PostMessageW(m_window, kFirst, 0, 0))
@@ -138,7 +138,7 @@ TEST_F(Messages, LetTimersWaitUntilNothingElseDoes) {
     EXPECT_EQ(SetTimer(m_window, 5, USER_TIMER_MINIMUM, nullptr), 5u);
     EXPECT_EQ(Await(), "t5 ");
     EXPECT_EQ(Await(), "t5 ") << "again and again";
-    std::thread([this] { // of another thread, and it starts anew: an hour instead
+    std::thread([this] { // from another thread: restarts it with an hour
         EXPECT_NE(SetTimer(m_window, 5, 3600000, nullptr), 0u);
         EXPECT_NE(SetTimer(m_window, 6, 30, nullptr), 0u);
     })
@@ -148,7 +148,7 @@ TEST_F(Messages, LetTimersWaitUntilNothingElseDoes) {
     EXPECT_FALSE(KillTimer(m_window, 6));
     EXPECT_TRUE(KillTimer(m_window, 5));
 
-    // One long due comes once.
+    // A timer that is overdue fires once.
     SetTimer(m_window, 8, USER_TIMER_MINIMUM, nullptr);
     const HANDLE never = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     EXPECT_EQ(WaitForSingleObject(never, 100), WAIT_TIMEOUT);

@@ -13,7 +13,7 @@ namespace {
 const HMODULE kInvented = reinterpret_cast<HMODULE>(UINT_PTR{0x12340000});
 constexpr DWORD kAsData = LOAD_LIBRARY_AS_DATAFILE;
 
-CString Own(const WCHAR* name) { // to be loaded as a module
+CString Own(const WCHAR* name) { // loadable as a module
     return CString(QUORVEL_OWN_SAMPLES) + _T("/") + name;
 }
 
@@ -43,7 +43,7 @@ TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
     const TemporaryFolder folder;
     folder.Write(_T("empty.dll"), "");
     folder.Write(_T("short.dll"), "MZ");
-    // With error 0 it loads.
+    // Error 0 means that it loads.
     const std::tuple<const char*, CString, DWORD, DWORD> rows[] = {
         {"resources alone", Own(_T("full.dll")), 0, 0},
         {"without the extension", Own(_T("full")), 0, 0},
@@ -52,7 +52,7 @@ TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
         {"missing, as data", Own(_T("missing.dll")), kAsData, 2},
         {"text", Sample(_T("full.rc")), 0, 193},
         {"two bytes, as data", folder.Path(_T("short.dll")), kAsData, 193},
-        {"empty", folder.Path(_T("empty.dll")), 0, kOnLinux ? 1006u : 193u}, // by Windows 1006
+        {"empty", folder.Path(_T("empty.dll")), 0, kOnLinux ? 1006u : 193u}, // 1006 on Windows
         {"empty, as data", folder.Path(_T("empty.dll")), kAsData, 1006},
         {"no name", _T(""), 0, 126},
     };
@@ -93,7 +93,7 @@ TEST(ModuleConformance, FileNamesAreCutToTheBuffer) {
     const DWORD length = GetModuleFileNameW(library.Get(), path, MAX_PATH);
     const CString full(path);
     EXPECT_EQ(CString(_T("full.dll")), full.Right(8));
-    // At the end the text; "#" where nothing is written.
+    // The last field is the text; "#" means that the buffer is unchanged.
     const std::tuple<const char*, HMODULE, DWORD, DWORD, DWORD, CString> rows[] = {
         {"exact", library.Get(), length + 1, length, 0, full},
         {"one too few", library.Get(), length, length, 122, full.Left(full.GetLength() - 1)},
@@ -105,7 +105,7 @@ TEST(ModuleConformance, FileNamesAreCutToTheBuffer) {
         SetLastError(kUnset);
         EXPECT_EQ(result, GetModuleFileNameW(module, buffer, size));
         EXPECT_EQ(error, GetLastError());
-        // Wine puts one more character where Windows puts the terminator.
+        // Wine writes one more character in the place of Windows' terminator.
         EXPECT_EQ(text, CString(buffer, text.GetLength()));
     }
 }
@@ -148,7 +148,7 @@ TEST(ModuleConformance, AStringIsCutToTheBufferOrShownInPlace) {
     EXPECT_EQ(whole, CString(place, 7));
 }
 
-// The names, each followed by a semicolon; it ends at the limit.
+// The names, each followed by a semicolon; stops at the limit.
 struct Names {
     CString text;
     int limit;
@@ -167,7 +167,7 @@ TEST(ModuleConformance, ResourcesOfATypeAreNamed) {
         {_T("keys.dll"), RT_ACCELERATOR, 9, _T("MAIN;7;8;"), 0},
         {_T("keys.dll"), _T("#4"), 9, _T("1;"), 0},
         {_T("keys.dll"), RT_ACCELERATOR, 2, _T("MAIN;7;"),
-         kOnLinux ? 15106u : kUnset}, // Wine sets none
+         kOnLinux ? 15106u : kUnset}, // Wine does not set it
         {_T("keys.dll"), RT_VERSION, 9, _T(""), 1813},
         {_T("no_resources.dll"), RT_MENU, 9, _T(""), 1812},
     };

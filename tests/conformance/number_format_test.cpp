@@ -3,11 +3,11 @@
 
 #include "support/test.h"
 
-// As the byte sizes ask for them: whole numbers, grouped as the user's locale says.
+// As AfxFormatExtendedFileSize calls it: whole numbers, grouped for the user's locale.
 TEST(NumberFormat, GroupsDigits) {
     const std::tuple<UINT, const WCHAR*, const WCHAR*> rows[] = {
         {3, _T("1024"), _T("1<>024")},
-        {32, _T("12345678901"), _T("12<>34<>56<>78<>901")}, // three, then two
+        {32, _T("12345678901"), _T("12<>34<>56<>78<>901")}, // groups of three, then of two
         {3, _T("18446744073709551616000"), _T("18<>446<>744<>073<>709<>551<>616<>000")},
     };
     for (const auto& [grouping, digits, expected] : rows) {

@@ -1,5 +1,5 @@
-// The printf forms of the string class. The expected texts are what the Windows runtime prints;
-// control and non-ASCII characters stand as \xHHHH.
+// The printf formats of the string class. The expected texts are those of the Windows runtime;
+// control and non-ASCII characters are written as \xHHHH.
 #include <quorvel/framework/string.h>
 
 #include "support/test.h"
@@ -31,7 +31,7 @@ TEST(Printf, Integers) {
         BOTH("-2147483648|7|4294967295|10|80000000|FF", "%d|%i|%u|%o|%x|%X", INT_MIN, 7, -1, 8,
              INT_MIN, 255),
         BOTH("+0003|+5   | 0003|-0003", "%0+5d|%-+ #05d|% 05d|%05d", 3, 5, 3, -3),
-        // Unlike in C, zeros fill the width in spite of a precision.
+        // Unlike in C, zeros fill the width even with a precision.
         BOTH("00042|+0042", "%05.3d|%0+5.3d", 42, 42),
         BOTH("||     |+|||", "%.0d|%.d|%5.0d|%+.0d|%.0u|%#.0x|%#.0o", 0, 0, 0, 0, 0, 0, 0),
         BOTH("0xff|0XFF|010|0|0|5", "%#x|%#X|%#o|%#x|%#o|%#d", 255, 255, 8, 0, 0, 5),
@@ -45,7 +45,7 @@ TEST(Printf, SizesOfIntegers) {
     ExpectCases<std::string>({
         BOTH("4464|4464|1170|25536|-1", "%hd|%hu|%hx|%hi|%+hd", 70000, 70000, 70000, -40000, -1),
         BOTH("-5|4294967291|fffffffb", "%ld|%lu|%lx", -5, -5, -5),
-        BOTH("300|4567", "%hhd|%hhx", 300, 0x1234567), // no type of 8 bits
+        BOTH("300|4567", "%hhd|%hhx", 300, 0x1234567), // there is no 8-bit type
         BOTH("-9223372036854775808|18446744073709551611|FFFFFFFFFFFFFFFB", "%I64d|%I64u|%I64X",
              LLONG_MIN, -5LL, -5LL),
         BOTH("-5|4294967291|5|5|5497558138880", "%I32d|%I32u|%wd|%Ld|%jd", -5, -5, 5, 5, 5LL << 40),
@@ -62,7 +62,7 @@ TEST(Printf, Characters) {
         WIDE("\\xD83D\\xDE00", "%c%s", 0xd83d, _T("\xde00")),
         NARROW("a|\\x00E9|c|\\x00FF|\\x00E9|A", "%c|%C|%hc|%lc|%hC|%c", 'a', 0xe9, 'c', 0xff, 0xe9,
                0x141),
-        NARROW("[][]x", "[%C][%lc]x", 0x100, euro), // no byte for it: left out
+        NARROW("[][]x", "[%C][%lc]x", 0x100, euro), // dropped: no byte for it
     });
 }
 
@@ -80,7 +80,7 @@ TEST(Printf, Texts) {
         WIDE("wide", "%.2147483647s", w), // the usual way to say "no limit"
         WIDE("(null)|(null)|(null)|(n|  (null)|(null)", "%s|%S|%hs|%.2s|%8s|%.10s", wideNull,
              narrowNull, narrowNull, wideNull, wideNull, wideNull),
-        // The widths convert one to one, whatever the code page.
+        // Widths convert one to one, with any code page.
         WIDE("\\x0080\\x00E9\\x00FF|\\x0080", "%hs|%.1hs", "\x80\xe9\xff", "\x80\xe9\xff"),
         NARROW("\\x0080\\x00E9\\x00FF|\\x0080", "%ls|%.1ls", _T("\x80\xe9\xff"),
                _T("\x80\xe9\xff")),

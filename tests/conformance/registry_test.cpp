@@ -1,4 +1,4 @@
-// The registry's operations, on both systems. The tables tell what differs under Wine.
+// The registry's operations on both systems. Table columns mark the differences of Wine.
 #include <quorvel/framework/string.h>
 
 #include "support/registry.h"
@@ -10,7 +10,7 @@ namespace {
 
 const HKEY kInvented = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(0x1234));
 
-// The handle is closed unless it is asked for.
+// Closes the handle unless the caller wants it.
 LSTATUS Give(LSTATUS error, HKEY key, HKEY* result) {
     if (result != nullptr)
         *result = key;
@@ -40,7 +40,7 @@ LSTATUS Query(HKEY key, const WCHAR* name) {
     return RegQueryValueExW(key, name, nullptr, nullptr, nullptr, nullptr);
 }
 
-// The next name that the operation gives.
+// The next name that the operation returns.
 LSTATUS Enumerate(auto operation, HKEY key, DWORD index, Wide& name) {
     name.resize(256);
     DWORD size = 256;
@@ -76,7 +76,7 @@ TEST(Registry, PathsAreSeparatedByBackslashes) {
     const std::tuple<Wide, LSTATUS, Wide, LSTATUS> rows[] = {
         {_T("a"), 0, _T("a\\\\"), 0},     {_T("c\\d\\e"), 0, _T("c\\d"), 0},
         {_T("c\\\\f"), 0, _T("c\\f"), 0}, {_T("c"), 0, _T("missing\\d"), 2},
-        {_T("x/y z"), 0, _T("x/y z"), 0}, // the slash is a letter like others
+        {_T("x/y z"), 0, _T("x/y z"), 0}, // the slash is an ordinary character
         {_T(""), 0, _T(""), 0},           {_T("\\a"), 161, _T("\\a"), 161},
         {longest, 0, longest, 0},         {deep, 0, deep, 0},
     };
@@ -96,10 +96,10 @@ TEST(Registry, NamesAreFoundWithoutCaseAndKeepTheirs) {
     const std::tuple<const WCHAR*, const WCHAR*, bool> rows[] = {
         {_T("Key"), _T("kEY"), true},
         {_T("\u00c4\u03a3\u0416"), _T("\u00e4\u03c3\u0436"), true},
-        {_T("\u03a3"), _T("\u03c2"), false},         // the final sigma is another letter
-        {_T("stra\u00dfe"), _T("STRASSE"), false},   // one letter is never two
-        {_T("\U00010400"), _T("\U00010428"), false}, // nor is half a pair folded
-        {_T("\xd800"), _T("\xd800"), true},          // what is no text may be a name
+        {_T("\u03a3"), _T("\u03c2"), false},         // the final sigma is a different letter
+        {_T("stra\u00dfe"), _T("STRASSE"), false},   // one letter never equals two
+        {_T("\U00010400"), _T("\U00010428"), false}, // surrogates are not folded
+        {_T("\xd800"), _T("\xd800"), true},          // ill-formed text can be a name
     };
     for (const auto& [written, asked, isFound] : rows) {
         const TestKey key;
@@ -151,7 +151,7 @@ TEST(Registry, RootsAreOpenToAllButThoseOfPerformanceData) {
         {HKEY_PERFORMANCE_TEXT, 6}, {HKEY_PERFORMANCE_NLSTEXT, 6},
     };
     for (const auto& [root, expected] : rows) {
-        const TestKey name; // for its own name
+        const TestKey name; // used only for its name
         const CString path = _T("Quorvel test ") + name.Path().Right(8);
         const UINT_PTR label = reinterpret_cast<UINT_PTR>(root);
         EXPECT_EQ(Create(root, path), expected) << label;
@@ -166,7 +166,7 @@ TEST(Registry, RootsAreOpenToAllButThoseOfPerformanceData) {
 TEST(Registry, DataComesBackWithItsKindAndSize) {
     const TestKey test;
     const std::string big(1 << 20, 'z');
-    // At the end what is read, with what the buffer holds behind it, up to 10 bytes.
+    // The last field is the result with the following bytes of the buffer, up to 10 bytes.
     const std::tuple<const char*, DWORD, std::string, std::string> rows[] = {
         {"number of a wrong size", REG_DWORD, "abc", "abc???????"},
         {"text", REG_SZ, std::string("a\0\0\0", 4), std::string("a\0\0\0??????", 10)},
@@ -202,7 +202,7 @@ TEST(Registry, NamesAreEnumeratedInOrder) {
     const std::vector<Wide> expected = {_T("_"), _T("A"), _T("b"), _T("B2"), _T("c"), _T("\u00c4")};
     struct Row {
         const WCHAR* name;
-        const WCHAR* first; // what an enumeration begins with from then on
+        const WCHAR* first; // the first name of an enumeration afterwards
     };
     Wide name;
     for (const Row& row : {Row{_T("b"), _T("b")},
@@ -218,7 +218,7 @@ TEST(Registry, NamesAreEnumeratedInOrder) {
     }
     EXPECT_EQ(AllNames(test.Get(), EnumKey), expected);
     EXPECT_EQ(AllNames(test.Get(), EnumValue), expected);
-    for (const DWORD index : {5u, 3u, 3u, 4u, 0u, 2u}) { // not only one after another
+    for (const DWORD index : {5u, 3u, 3u, 4u, 0u, 2u}) { // not only in sequence
         EXPECT_EQ(EnumValue(test.Get(), index, name), 0);
         EXPECT_EQ(name, expected[index]);
         EXPECT_EQ(EnumKey(test.Get(), index, name), 0);
@@ -246,10 +246,10 @@ TEST(Registry, HandlesOfADeletedKeyAreDead) {
     ASSERT_EQ(Create(test.Get(), _T("k\\below")), 0);
     ASSERT_EQ(Open(test.Get(), _T("k"), &deleted), 0);
     ASSERT_EQ(Set(deleted, _T("v"), REG_BINARY, "x"), 0);
-    EXPECT_EQ(RegDeleteKeyW(test.Get(), _T("k")), 5); // there is one below it
+    EXPECT_EQ(RegDeleteKeyW(test.Get(), _T("k")), 5); // it has a sub key
     EXPECT_EQ(RegDeleteKeyW(deleted, _T("below")), 0);
     EXPECT_EQ(RegDeleteKeyW(test.Get(), _T("K")), 0);
-    ASSERT_EQ(Create(test.Get(), _T("k")), 0); // another key of that name
+    ASSERT_EQ(Create(test.Get(), _T("k")), 0); // a new key with that name
     Wide name;
     ExpectCases<LSTATUS>({
         {"set", Set(deleted, _T("v"), REG_BINARY, "x"), 1018},

@@ -1,4 +1,4 @@
-// What the shell refuses to open. Nothing is opened here.
+// Calls that the shell refuses. This test opens nothing.
 #include "platform/shell_execute.h"
 
 #include "support/test.h"

@@ -1,4 +1,4 @@
-// Sockets and their events over loopback: what both systems promise.
+// Sockets and their events over loopback: common promises of both systems.
 #include "platform/win32.h"
 
 #include <quorvel/platform/sockets.h>
@@ -41,7 +41,7 @@ public:
         }
         m_handle = INVALID_SOCKET;
     }
-    // The other side then sees a reset.
+    // The other side sees a reset.
     void Abort() {
         const linger hard = {1, 0};
         setsockopt(m_handle, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&hard),
@@ -66,15 +66,15 @@ public:
         EXPECT_EQ(getsockname(m_handle, reinterpret_cast<sockaddr*>(&address), &length), 0);
         return ntohs(address.sin_port);
     }
-    // Nothing is reported, and a wait for it sleeps: what stays true is not looked for again. Under
-    // Wine the event is set with nothing to tell now and then.
+    // No event is reported, and waiting for one sleeps: a condition that stays true is not polled.
+    // Under Wine the event is sometimes set without a reason.
     bool IsQuiet() {
-        const std::clock_t before = std::clock(); // natively the time of the processor
+        const std::clock_t before = std::clock(); // on Linux processor time
         const std::string events = Events(nullptr, 50);
         EXPECT_TRUE(!kOnLinux || std::clock() - before < CLOCKS_PER_SEC / 50) << "does not sleep";
         return events == "-" || (!kOnLinux && events == "none");
     }
-    // What is reported next, as in "read+close"; "-" when the event does not come in time.
+    // The next events, as in "read+close"; "-" when no event comes in time.
     std::string Events(WSAEVENT event = nullptr, DWORD milliseconds = 0) {
         event = event != nullptr ? event : m_event;
         return WSAWaitForMultipleEvents(1, &event, FALSE, milliseconds, FALSE) == WSA_WAIT_EVENT_0
@@ -122,7 +122,7 @@ public:
 
 class Sockets : public testing::Test {
 private:
-    const Winsock m_winsock; // before the sockets
+    const Winsock m_winsock; // must exist before the sockets
 
 protected:
     void SetUp() override {
@@ -173,7 +173,7 @@ TEST_F(Sockets, TellOfDataOnceUntilTheyAreReceived) {
     EXPECT_TRUE(m_client.IsQuiet());
     EXPECT_EQ(m_client.Receive(1), "error 10035");
 
-    // Received before the enumeration: the event stays set, with nothing to tell.
+    // The data is received before the enumeration: the event stays set without a reason.
     server.Send("x");
     WSAEVENT event = m_client.Event();
     EXPECT_EQ(WSAWaitForMultipleEvents(1, &event, FALSE, 20000, FALSE), WSA_WAIT_EVENT_0);
@@ -220,7 +220,7 @@ TEST_F(Sockets, TellOfTheEndAfterTheLastData) {
     EXPECT_EQ(WSAGetLastError(), 0);
     EXPECT_TRUE(m_client.IsQuiet());
 
-    // A later send draws a reset, which is another end.
+    // A later send causes a reset, which is a different end.
     EXPECT_EQ(m_client.Send("x"), 1);
     const std::string again = m_client.Await();
     EXPECT_EQ(again, kOnLinux ? "close10053" : "close");
@@ -228,7 +228,7 @@ TEST_F(Sockets, TellOfTheEndAfterTheLastData) {
     EXPECT_EQ(WSAGetLastError(), WSAECONNRESET);
 }
 
-// Wine knows no reset here; Windows tells of it.
+// Wine does not report a reset here; Windows does.
 TEST_F(Sockets, TellOfAReset) {
     for (const bool receivedFirst : {false, true}) {
         Sock client;
@@ -277,7 +277,7 @@ TEST_F(Sockets, KeepToTheRulesOfSelection) {
 
 TEST_F(Sockets, ListenAgainWhereConnectionsFadeAway) {
     {
-        Sock server(ConnectClient(), WSACreateEvent()); // closes first, so its end waits
+        Sock server(ConnectClient(), WSACreateEvent()); // closes first: TIME_WAIT at its end
     }
     EXPECT_EQ(m_client.Await(), "close");
     m_client.Close();
@@ -306,7 +306,7 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
     Sock bound;
     const USHORT boundPort = bound.Bind();
     Sock datagrams(quorvel::win32::socket(AF_INET, SOCK_DGRAM, 0), WSACreateEvent());
-    ULONG on = 1; // Wine waits for a datagram
+    ULONG on = 1; // Wine blocks until a datagram arrives
     EXPECT_EQ(ioctlsocket(datagrams.Get(), FIONBIO, &on), 0);
     sockaddr_in name = {};
     sockaddr* const plainName = reinterpret_cast<sockaddr*>(&name);
@@ -334,8 +334,8 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
         {"a flag of no bytes", WSAEFAULT, [&] { return setFlag(SO_KEEPALIVE, 0); }},
         {"a flag of one byte", 0, [&] { return setFlag(SO_KEEPALIVE, 1); }},
         {"a flag of three bytes", 0, [&] { return setFlag(SO_BROADCAST, 3); }},
-        // Wine takes an unbound socket of datagrams for one that has nothing to receive yet, and a
-        // missing address for a bad argument.
+        // Wine treats an unbound datagram socket as one without data yet, and a missing address as
+        // a bad argument.
         {"recv datagrams unbound", kOnLinux ? WSAEINVAL : WSAEWOULDBLOCK,
          [&] { return recv(datagrams.Get(), &byte, 1, 0); }},
         {"send a datagram to nobody", kOnLinux ? WSAENOTCONN : WSAEINVAL,

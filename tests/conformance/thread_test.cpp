@@ -1,4 +1,4 @@
-// Events, threads and waits: what both systems promise.
+// Events, threads and waits: common promises of both systems.
 #include "platform/win32.h"
 
 #include "support/test.h"
@@ -56,13 +56,13 @@ TEST(Threads, HaveLetGoOfTheirLocalsWhenTheyEnd) {
     }
 }
 
-// Each signal of an automatic event is for one wait: two threads that pass one back and forth
-// notice a lost and a doubled one by never ending or by counting wrong.
+// Each signal of an auto-reset event ends one wait. Two threads pass one signal back and forth: a
+// lost signal would hang them, a doubled one would give a wrong count.
 TEST(Waits, LoseNoSignalBetweenThreads) {
     constexpr int kRounds = 20000;
     const HANDLE ping = CreateTestEvent(FALSE, FALSE);
     const HANDLE pong = CreateTestEvent(FALSE, FALSE);
-    int count = 0; // passes with the signal
+    int count = 0; // protected by the signal
     std::thread other([&] {
         for (int i = 0; i < kRounds; ++i) {
             WaitForSingleObject(ping, INFINITE);

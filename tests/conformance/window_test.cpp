@@ -1,4 +1,4 @@
-// Windows and their classes: what both systems promise.
+// Windows and their classes: common promises of both systems.
 #include "platform/win32.h"
 
 #include "support/test.h"
@@ -8,7 +8,7 @@
 
 namespace {
 
-// What the procedure saw of the last messages of a life, as "id:name ".
+// The last messages of a window that its procedure received, as "id:name ".
 std::string g_seen;
 
 void Note(HWND window, const char* message) {

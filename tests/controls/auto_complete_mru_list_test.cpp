@@ -18,7 +18,7 @@ typedef CAutoCompleteMRUList List;
 const WCHAR* const kNoText = nullptr;
 const HKEY kNoKey = nullptr;
 
-// The elements of a copy from the first on, with a bar behind each.
+// The elements of a copy from the first one on, each followed by a bar.
 CString TextsOf(List list) {
     CString texts;
     for (list.Reset(); list.GetRemainingElements() > 0; list.Skip(1))
@@ -33,7 +33,7 @@ List ListOf(std::initializer_list<const WCHAR*> texts) {
     return list;
 }
 
-// What one call of Next does: its result, the number it reports, and the texts, which are freed.
+// One call of Next: its result, the number it reports, and the texts, which are freed.
 struct Fetched {
     HRESULT result;
     ULONG count;
@@ -123,7 +123,7 @@ TEST(MRUList, EnumeratesFromASharedPosition) {
     EXPECT_EQ(CString(text), _T("b"));
     CoTaskMemFree(text);
 
-    // The position stays where it was, past the end of what is left.
+    // The position stays, now beyond the end.
     list.RemoveAllElements();
     list.AddElement(_T("c"));
     EXPECT_EQ(list.GetRemainingElements(), 0u);
@@ -134,7 +134,7 @@ TEST(MRUList, EnumeratesFromASharedPosition) {
     EXPECT_EQ(list.GetCurrentElement(), _T("c"));
 }
 
-// The sanitizers see an object that is freed too early or never.
+// The sanitizers detect an object that is freed too early or never.
 TEST(MRUList, EndsWithItsLastReference) {
     List* const list = new List(ListOf({_T("b"), _T("a")}));
     EXPECT_EQ(list->AddRef(), 1u);
@@ -166,7 +166,7 @@ TEST(MRUList, EndsWithItsLastReference) {
     EXPECT_EQ(list->Release(), 0u);
 
     EXPECT_EQ(Next(*copy, 2),
-              (Fetched{S_FALSE, 1, _T("b|")})); // its position and texts are its own
+              (Fetched{S_FALSE, 1, _T("b|")})); // position and texts are independent
     EXPECT_EQ(copy->Release(), 0u);
 }
 
@@ -185,14 +185,14 @@ TEST(MRUList, FreesTheCopiesMadeBeforeMemoryRanOut) {
 TEST(MRUList, StoresATextForEachPosition) {
     const TestKey test;
     CWinApp app(_T("Program"));
-    app.SetRegistryKey(test.Path().Mid(9)); // below Software
+    app.SetRegistryKey(test.Path().Mid(9)); // relative to Software
     List five = ListOf({_T("5"), _T("4"), _T("3"), _T("2"), _T("1")});
     List three = ListOf({_T("c"), _T("b"), _T("a")});
     List loaded = ListOf({_T("former")});
     EXPECT_TRUE(five.SaveState(test.Get(), FALSE));
     EXPECT_TRUE(three.SaveState(test.Get(), FALSE));
     EXPECT_TRUE(loaded.LoadState(test.Get(), FALSE));
-    EXPECT_EQ(TextsOf(loaded), _T("a|b|c|4|5|")); // those of the longer list stay
+    EXPECT_EQ(TextsOf(loaded), _T("a|b|c|4|5|")); // values of the longer list remain
     DWORD kind = 0;
     DWORD size = 8;
     WCHAR bytes[4] = {'?', '?', '?', '?'};
@@ -219,7 +219,7 @@ TEST(MRUList, StoresATextForEachPosition) {
         CASE(loaded.SaveState(_T("")), FALSE),
         CASE(loaded.LoadState(_T("")), FALSE),
     });
-    EXPECT_EQ(loaded.GetElementCount(), 4u); // a refusal changes nothing
+    EXPECT_EQ(loaded.GetElementCount(), 4u); // a refused text changes nothing
 }
 
 TEST(MRUList, TakesWhatOthersWrote) {
@@ -241,8 +241,8 @@ TEST(MRUList, TakesWhatOthersWrote) {
     EXPECT_TRUE(list.LoadState(test.Get(), FALSE));
     EXPECT_EQ(list.GetCurrentElement().GetLength(), 512 * 1024);
     list.RemoveElement(list.GetCurrentElement());
-    EXPECT_EQ(TextsOf(list), _T("a| |a||")); // neither checked nor compared
-    // In a key no text of white space is written, so that of the position stays as it was.
+    EXPECT_EQ(TextsOf(list), _T("a| |a||")); // loaded without any check
+    // In a key white space is not written, so the value at that position is unchanged.
     HKEY other = nullptr;
     RegCreateKeyExW(test.Get(), _T("other"), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &other,
                     nullptr);
@@ -254,7 +254,7 @@ TEST(MRUList, TakesWhatOthersWrote) {
     EXPECT_EQ(app.GetProfileString(_T("t"), _T("MRU 2")), _T(" "));
     EXPECT_EQ(app.GetProfileString(_T("t"), _T("MRU 4"), _T("none")), _T("none"));
 
-    EXPECT_TRUE(list.LoadState(_T("s"))); // valid ones only
+    EXPECT_TRUE(list.LoadState(_T("s"))); // only valid texts
     list.RemoveElement(list.GetCurrentElement());
     EXPECT_EQ(TextsOf(list), _T("a|a|"));
     RegCloseKey(section);
@@ -278,7 +278,7 @@ TEST(MRUList, ClosesTheKeyWhenAskedTo) {
         HKEY key = nullptr;
         ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, test.Path(), 0, row.access, &key), 0);
         EXPECT_EQ((list.*row.operation)(key, TRUE), row.expected);
-        EXPECT_NE(RegCloseKey(key), 0) << row.access; // closed already
+        EXPECT_NE(RegCloseKey(key), 0) << row.access; // already closed
     }
     // Without an application object there is no profile.
     EXPECT_FALSE(list.SaveState(_T("s")));

@@ -12,7 +12,7 @@ using quorvel::Columns;
 
 namespace {
 
-// All numbers of a key and of those below it, in the order of their names.
+// All numbers of a key and of its sub keys, ordered by name.
 CString Dump(HKEY key) {
     CString text;
     WCHAR name[64];
@@ -35,7 +35,7 @@ CString Dump(HKEY key) {
     return text;
 }
 
-// A state as "Count=3 Width0=50 Order0=-1 ...": what is not named is not there.
+// A state as "Count=3 Width0=50 Order0=-1 ..."; values that are not named are missing.
 void WriteState(HKEY key, const char* text) {
     HKEY columns = nullptr;
     RegCreateKeyExW(key, _T("Columns"), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &columns, nullptr);
@@ -64,7 +64,7 @@ void WriteState(HKEY key, const char* text) {
 }
 
 struct Place {
-    explicit Place(CWinApp& app) { app.SetRegistryKey(test.Path().Mid(9)); } // below Software
+    explicit Place(CWinApp& app) { app.SetRegistryKey(test.Path().Mid(9)); } // relative to Software
     TestKey test;
     CRegistryPath path{HKEY_CURRENT_USER, test.Path() + _T("\\path")};
 };
@@ -87,7 +87,7 @@ TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
                               nullptr, &key, nullptr),
               0);
     EXPECT_TRUE(list.columns.SaveState(key, TRUE));
-    EXPECT_NE(RegCloseKey(key), 0); // closed already
+    EXPECT_NE(RegCloseKey(key), 0); // already closed
     EXPECT_TRUE(list.columns.SaveState(place.path));
     EXPECT_TRUE(list.columns.SaveState(_T("a")));
     EXPECT_TRUE(list.columns.SaveState(_T("b\\")));
@@ -207,7 +207,7 @@ TEST(ColumnState, OfAnotherKindCountsAsMissing) {
     HKEY key = nullptr;
     RegOpenKeyExW(place.test.Get(), _T("Columns"), 0, KEY_WRITE, &key);
     TestKey::Set(key, _T("Sort Column"), REG_SZ, std::string("1\0\0\0", 4));
-    TestKey::Set(key, _T("Column 1"), REG_BINARY, "1234"); // a value with the name of a key
+    TestKey::Set(key, _T("Column 1"), REG_BINARY, "1234"); // a value with the name of a sub key
     RegCloseKey(key);
     RegOpenKeyExW(place.test.Get(), _T("Columns\\Column 1"), 0, KEY_WRITE, &key);
     TestKey::Set(key, _T("Width"), REG_QWORD, "12345678");
@@ -238,7 +238,7 @@ TEST(ColumnState, IsRefusedWithoutAPlace) {
         CASE(columns.LoadState(_T("")), FALSE), CASE(columns.LoadState(CRegistryPath()), FALSE),
         CASE(columns.LoadState(CRegistryPath(HKEY_CURRENT_USER, _T("Software\\no such key"))),
              FALSE),
-        CASE(columns.LoadState(test.Get(), FALSE), FALSE), // no "Columns" in it yet
+        CASE(columns.LoadState(test.Get(), FALSE), FALSE), // there is no "Columns" yet
     });
     EXPECT_EQ(list.view.m_defaultLoads, 6);
     EXPECT_TRUE(columns.LoadState(_T("s"))); // an empty state

@@ -90,7 +90,7 @@ TEST(ColumnsDialog, TakesWidthsFrom0To9999) {
     list.columns.SetWidth(0, 20000);
     ColumnsDialogList dialog(list.columns, list.view);
     EXPECT_EQ(dialog.GetWidthText(0), _T("20000"));
-    EXPECT_TRUE(dialog.SetWidthText(0, _T("20000"))); // as the edit was filled
+    EXPECT_TRUE(dialog.SetWidthText(0, _T("20000"))); // the initial text of the edit
     EXPECT_EQ(dialog.Rows()[0].width, 20000);
     const struct {
         const WCHAR* text;

@@ -8,7 +8,7 @@ namespace {
 
 typedef std::function<void(Columns&)> Act;
 
-// Shows and hides, a step each: '+' or '-' and a column's letter.
+// Shows ('+') or hides ('-') columns step by step; a letter names the column.
 Act Steps(const char* steps) {
     return [steps](Columns& columns) {
         for (const char* step = steps; *step != 0; step += 2)
@@ -181,7 +181,7 @@ TEST(Columns, LeaveTheSortToTheListWhenItsColumnIsHiddenOrDeleted) {
 TEST(Columns, OfferTheirVisibilityInAMenu) {
     SimulatedList list(2);
     list.columns.Insert(0, 2, false, _T("R&D"), 0, 10, -1);
-    list.columns.Insert(0, 60, true, _T("far"), 0, 10, -1); // from the number of records on: none
+    list.columns.Insert(0, 60, true, _T("far"), 0, 10, -1); // not below the record count
     list.columns.Delete(1);
     const auto menu = [&] {
         CString text;

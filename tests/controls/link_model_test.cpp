@@ -1,4 +1,4 @@
-// What a link does and shows, by its flags, its texts and its states.
+// The actions and the display of a link, depending on flags, texts and states.
 #include "controls/link_model.h"
 
 #include <quorvel/util/text/validation.h>

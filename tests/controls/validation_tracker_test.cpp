@@ -33,15 +33,15 @@ TEST(ValidationTracker, HasItsHookWhileABalloonShows) {
         CASE(tracker.Show(nullptr), false),
         CASE(tracker.HasHook(), false),
         CASE(tracker.Show(first), true),
-        CASE(tracker.Show(first), false), // a second balloon does not come on top
+        CASE(tracker.Show(first), false), // a second balloon is refused
         CASE(tracker.Show(second), true),
         CASE(tracker.NumberOf(first) != tracker.NumberOf(second), true),
-        CASE(tracker.Hide(first), true), // hidden, or destroyed while it shows
+        CASE(tracker.Hide(first), true), // hidden, or destroyed while shown
         CASE(tracker.IsShowing(first), false),
         CASE(tracker.NumberOf(first) == 0, true),
         CASE(tracker.NumberOf(second) > 0, true),
         CASE(tracker.HasHook(), true),
-        CASE(tracker.Hide(first), false), // a late report
+        CASE(tracker.Hide(first), false), // a late notification
         CASE(tracker.Hide(second), true),
         CASE(tracker.HasHook(), false),
     });
@@ -51,17 +51,17 @@ TEST(ValidationTracker, HasItsHookWhileABalloonShows) {
     hook.isGranted = false;
     EXPECT_TRUE(tracker.Show(first));
     hook.isGranted = true;
-    EXPECT_TRUE(tracker.Show(second)); // tries again
+    EXPECT_TRUE(tracker.Show(second)); // a second attempt
     EXPECT_TRUE(tracker.Hide(first) && tracker.Hide(second));
     hook.isGranted = false;
-    EXPECT_TRUE(tracker.Show(first) && tracker.Hide(first)); // nothing to remove
+    EXPECT_TRUE(tracker.Show(first) && tracker.Hide(first)); // there is no hook to remove
     EXPECT_EQ(hook.sets, 4);
     EXPECT_EQ(hook.removals, 2);
 }
 
 TEST(ValidationTracker, FindsTheDialogThatAFocusChangeConcerns) {
-    // A sheet 1 with pages 2 and 3, a control 4 on page 2 with an edit 5 in it, a button 6 of the
-    // sheet, and a dialog 7 with a control 8.
+    // A sheet 1 with pages 2 and 3; a control 4 on page 2 with an edit 5 in it; a button 6 of the
+    // sheet; and a dialog 7 with a control 8.
     const std::map<HWND, HWND> parents = {
         {Window(2), Window(1)}, {Window(3), Window(1)}, {Window(4), Window(2)},
         {Window(5), Window(4)}, {Window(6), Window(1)}, {Window(8), Window(7)},
@@ -76,7 +76,7 @@ TEST(ValidationTracker, FindsTheDialogThatAFocusChangeConcerns) {
         return tracker.DialogOf(Window(window), parentOf);
     };
     EXPECT_EQ(dialogOf(5), nullptr);
-    tracker.Show(Window(2), Window(9)); // whose owner is the sheet
+    tracker.Show(Window(2), Window(9)); // owned by the sheet
     tracker.Show(Window(7));
     ExpectCases<HWND>({
         CASE(dialogOf(5), Window(2)),
@@ -85,12 +85,12 @@ TEST(ValidationTracker, FindsTheDialogThatAFocusChangeConcerns) {
         CASE(dialogOf(6), nullptr),
         CASE(dialogOf(8), Window(7)),
         CASE(dialogOf(9), Window(2)),
-        CASE(dialogOf(7), nullptr), // the dialog itself is none of its parents
+        CASE(dialogOf(7), nullptr), // the dialog is not its own parent
         CASE(dialogOf(0), nullptr),
         CASE(dialogOf(99), nullptr),
     });
     tracker.Show(Window(1));
-    EXPECT_EQ(dialogOf(5), Window(2)); // the nearest
+    EXPECT_EQ(dialogOf(5), Window(2)); // the nearest one
     tracker.Hide(Window(2));
     EXPECT_EQ(dialogOf(5), Window(1));
 }

@@ -25,7 +25,7 @@ namespace {
 
 typedef std::vector<RowRun> Runs;
 
-// Its texts are the given one, its number and both.
+// An item with three texts: the given one, its number, and both.
 class Item : public CVirtualListCtrlItem {
 public:
     Item(const WCHAR* text, int number) : m_text(text), m_number(number) {}
@@ -45,13 +45,13 @@ bool ByNumber(CVirtualListCtrlItem* const& left, CVirtualListCtrlItem* const& ri
     return static_cast<Item*>(left)->m_number < static_cast<Item*>(right)->m_number;
 }
 
-// Rows with these texts, numbered by their places.
+// Rows with these texts, numbered by position.
 struct List {
     explicit List(std::initializer_list<const WCHAR*> texts) {
         for (const WCHAR* const text : texts)
             rows.Add(&items.emplace_back(text, static_cast<int>(items.size())));
     }
-    // The texts and numbers; a selected row with '*', the focused one with '!'.
+    // The texts and numbers; '*' marks a selected row, '!' the focused row.
     CString Text() const {
         CString text;
         for (int row = 0; row < rows.GetCount(); ++row) {
@@ -154,7 +154,7 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
          _T("b0 b2 a1*! a3 c4 ")},
         {"not moved",
          [](VirtualRows& r) {
-             EXPECT_EQ(r.MoveSelectedUp(), -1); // two rows
+             EXPECT_EQ(r.MoveSelectedUp(), -1); // two selected rows
              r.SelectAll(false);
              EXPECT_EQ(r.MoveSelectedDown(), -1);
              r.Select(0, 0, true);
@@ -187,7 +187,7 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
     }
 }
 
-// What a plain vector of marked items would give, over several blocks.
+// Compares with a plain vector of marked items, over several blocks.
 TEST(VirtualRows, StayInOrderOverBlocks) {
     struct Row {
         Item* item;
@@ -307,7 +307,7 @@ TEST(VirtualRows, ReachAListViewInFewMessages) {
     ExpectCases<std::string>({
         CASE(plan({}, {}, 0), ""),
         CASE(plan({{0, 999999}}, {{0, 999999}}, 1000000), ""),
-        CASE(plan({{0, 9}}, {{0, 8}}, 9), ""), // the list view dropped the last one
+        CASE(plan({{0, 9}}, {{0, 8}}, 9), ""), // the list-view dropped the last row
         CASE(plan({{3, 5}}, {{4, 6}}, 10), "-3 +6 "),
         CASE(plan({{1, 2}, {4, 5}}, {{1, 5}}, 10), "+3 "),
         CASE(plan({}, {{0, 99}}, 100), "+-1 "),
@@ -332,7 +332,7 @@ TEST(VirtualRows, FindTextsWithoutRegardToCase) {
         CASE(r.Find(_T("\u00e4"), 0, false, true), 3),
         CASE(r.Find(_T(""), 0, true, true), -1),
         CASE(r.Find(nullptr, 0, false, true), -1),
-        CASE(r.Find(_T("a"), 7, false, true), 0), // behind the last row
+        CASE(r.Find(_T("a"), 7, false, true), 0), // start after the last row
         CASE(r.Find(_T("a"), 7, false, false), -1),
         CASE(r.Find(_T("a"), 8, false, true), -1),
         CASE(r.Find(_T("a"), -2, false, true), -1),

@@ -41,7 +41,7 @@ TEST(Wizard, NamesItselfInItsTexts) {
     });
     ExpectCases<UINT>({
         CASE(SheetButtonText(IDOK), 21110),
-        CASE(SheetButtonText(0x3024), 0), // a wizard's
+        CASE(SheetButtonText(0x3024), 0), // a wizard button
         CASE(WizardButtonText(0x3024), 21100),
         CASE(WizardButtonText(IDHELP), 21113),
         CASE(WizardButtonText(IDOK), 0),

@@ -1,4 +1,4 @@
-// The document of the workbench: which elements it lists, what a filter finds, and edits.
+// The document of the workbench: listed elements, results of filters, and edits.
 #include "workbench/document.h"
 
 #include "support/test.h"

@@ -1,4 +1,4 @@
-// Byte sizes for a user whose locale is German.
+// Byte sizes for a user with a German locale.
 #include <quorvel/frame/byte_size.h>
 
 #include "support/test.h"

@@ -9,7 +9,7 @@ constexpr LANGID kUnsupported = 0x03ff;
 constexpr const WCHAR* kTemplate = _T("Quorvel_%s.dll");
 
 TEST(Languages, NamesAreThoseOfTheLocale) {
-    // Of Germany, China and Serbia in Latin letters.
+    // German of Germany, Chinese of China, Serbian in Latin letters.
     const std::tuple<BOOL (*)(LANGID, CString&), const WCHAR*, const WCHAR*, const WCHAR*> rows[] =
         {
             {AfxGetAbbreviatedLanguageName, _T("DEU"), _T("CHS"), _T("SRM")},
@@ -78,7 +78,7 @@ TEST(Languages, TheFolderDecidesWhichAreEnumerated) {
     EXPECT_EQ(languages, (std::vector<unsigned short>{1, 2, kEnglish, 7, kGerman}));
     EXPECT_TRUE(AfxIsResourceDLLPresent(folder.Path(), kTemplate, kGerman));
     EXPECT_TRUE(AfxIsResourceDLLPresent(folder.Path(), kTemplate, 7, 1));
-    EXPECT_FALSE(AfxIsResourceDLLPresent(folder.Path(), kTemplate, 1036)); // a folder
+    EXPECT_FALSE(AfxIsResourceDLLPresent(folder.Path(), kTemplate, 1036)); // a folder, not a file
 
     folder.Write(_T("Quorvel_ENU.dll"), "");
     languages.clear();

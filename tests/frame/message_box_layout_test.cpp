@@ -1,5 +1,5 @@
-// The geometry of a message box with a heading or a check box, against rectangles worked out by
-// hand.
+// The geometry of a message box with a heading or a check box, compared with rectangles calculated
+// by hand.
 #include "frame/message_box_layout.h"
 
 #include <gtest/gtest.h>

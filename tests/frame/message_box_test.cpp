@@ -21,10 +21,10 @@ constexpr UINT kType = MB_YESNO | MB_ICONSTOP;
 constexpr UINT kHelpId = 4711;
 constexpr int kAnswer = IDNO;
 
-// Boxes that answer kAnswer and have kType and kHelpId.
+// Boxes that return kAnswer and have kType and kHelpId.
 class MessageBox : public testing::Test {
 protected:
-    // Null: nothing was shown, and the result is 0.
+    // A null text: no box was shown, and the result is 0.
     void ExpectShown(const WCHAR* text, int result, int line = __builtin_LINE()) {
         const testing::ScopedTrace trace(__FILE__, line, "here");
         std::vector<RecordedMessageBox> expected;
@@ -60,7 +60,7 @@ TEST_F(MessageBox, ErrorsAreShownAsTheyAreComposed) {
     ExpectShown(_T("A system error has occurred.\r\n\r\n") + text,
                 AfxSystemErrorMessageBox(ERROR_FILE_NOT_FOUND, kType, kHelpId));
 
-    EXPECT_FALSE(AfxHtmlHelpErrorMessageBox(MB_OK)); // nothing here has used HTML Help
+    EXPECT_FALSE(AfxHtmlHelpErrorMessageBox(MB_OK)); // HTML Help was not used here
     EXPECT_TRUE(m_recorder.Take().empty());
 }
 
@@ -153,7 +153,7 @@ TEST(ExceptionText, CausesAreTakenFromTheirList) {
 
 TEST(ExceptionText, TheSystemsTextHasNoLineEnd) {
     CString text(_T("before"));
-    // The last is the registry's for a value that is too large.
+    // The last error is the one of the registry for a value that is too large.
     for (const DWORD error : {ERROR_ACCESS_DENIED, ERROR_NO_SYSTEM_RESOURCES}) {
         EXPECT_TRUE(AfxGetSystemErrorText(error, text)) << error;
         EXPECT_FALSE(text.IsEmpty());

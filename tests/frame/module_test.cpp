@@ -1,4 +1,4 @@
-// Start-up and its failure, the link hook, and what needs them from inside.
+// Start-up and its failure, the link hook, and internal users of both.
 #include <quorvel/frame/module.h>
 
 #include "frame/external_link.h"
@@ -22,7 +22,7 @@ TEST(Module, AFailedStartLeavesNoResourceHandle) {
     EXPECT_FALSE(AttachModule(nullptr));
     EXPECT_EQ(QuorvelGetResourceHandle(), nullptr);
     EXPECT_FALSE(QuorvelSetResourceHandle(instance));
-    DetachModule(); // after a failure there is nothing to end
+    DetachModule(); // after a failure this does nothing
 
     EXPECT_TRUE(AttachModule(instance));
     EXPECT_EQ(QuorvelGetResourceHandle(), instance);

@@ -1,4 +1,4 @@
-// Every release is put to the rules as the record that it gives of itself.
+// Tests the rules with the version record that each release reports.
 #include <quorvel/frame/operating_system.h>
 
 #include "frame/system_facts.h"
@@ -37,12 +37,12 @@ SystemVersion Version(DWORD platform, DWORD major, DWORD minor, BYTE product = 0
     return version;
 }
 
-SystemVersion s_version; // what the system tells of itself, in a record that it does not refuse
+SystemVersion s_version; // the version that the system reports
 
 struct Predicate {
     const char* name;
     BOOL (*ask)();
-    int systems; // a bit for each where it is TRUE
+    int systems; // one bit for each system where it is TRUE
 };
 #define PREDICATE(name, systems)                                                                   \
     { #name, name, systems }
@@ -51,7 +51,7 @@ const Predicate kPredicates[] = {
     PREDICATE(AfxIsWindows95, 1 << 1),
     PREDICATE(AfxIsWindows98, 1 << 2),
     PREDICATE(AfxIsWindowsMilleniumEdition, 1 << 3),
-    PREDICATE(AfxIsWindowsNT351, 1 << 5), // as the next
+    PREDICATE(AfxIsWindowsNT351, 1 << 5), // like the next row
     PREDICATE(AfxIsWindowsNT4, 1 << 5),
     PREDICATE(AfxIsWindowsNT, 1 << 4 | 1 << 5),
     PREDICATE(AfxIsWindows2000, 1 << 6),
@@ -95,11 +95,11 @@ TEST(OperatingSystem, TheVersionRecordDecides) {
 
 TEST(OperatingSystem, TheBasicRecordIsAskedWhenTheExtendedIsRefused) {
     CString text;
-    EXPECT_TRUE(AfxGetOperatingSystemText(text)); // of the running system
+    EXPECT_TRUE(AfxGetOperatingSystemText(text)); // the running system
     EXPECT_NE(text, _T(""));
     const VersionQuery former = CurrentVersionQuery();
     CurrentVersionQuery() = [](OSVERSIONINFOW* record) -> BOOL {
-        EXPECT_EQ(record->dwMajorVersion, 0u); // what a refused query wrote is gone
+        EXPECT_EQ(record->dwMajorVersion, 0u); // data of a refused query is cleared
         record->dwMajorVersion = 3;
         record->dwPlatformId = VER_PLATFORM_WIN32_NT;
         return record->dwOSVersionInfoSize == sizeof(OSVERSIONINFOW);
@@ -116,7 +116,7 @@ TEST(OperatingSystem, TheBasicRecordIsAskedWhenTheExtendedIsRefused) {
     CurrentVersionQuery() = former;
 }
 
-// The text of a row is the product's followed by the edition's.
+// The text of a row is the text of the product followed by that of the edition.
 const WCHAR* const kServer2003 = _T("Microsoft Windows Server 2003, ");
 const WCHAR* const kRelease2 = _T("Microsoft Windows Server 2003 \"R2\" ");
 const WCHAR* const kXP = _T("Microsoft Windows XP ");
@@ -190,7 +190,7 @@ TEST(OperatingSystem, OlderPlatformsAndServicePacksHaveTheirTexts) {
     }
 }
 
-// A registry value of `text`, filled with zeros to `bytes`.
+// A registry value: `text`, padded with zeros to `bytes`.
 struct ProductType {
     const WCHAR* text;
     DWORD bytes;
@@ -216,7 +216,7 @@ TEST(OperatingSystem, TheOldestReleasesNameTheirEditionInTheRegistry) {
     facts.version = Version(2, 3, 51, kServer, kEnterprise, _T("Service Pack 5"));
     facts.version.extended = false;
     facts.queryProductType = QueryProductType;
-    // A null edition: no description.
+    // A null edition means no description.
     const std::tuple<ProductType, const WCHAR*> rows[] = {
         {{_T("WINNT"), 12, 0}, _T("Workstation ")},
         {{_T("LanmanNT"), 18, 0}, _T("Server ")},

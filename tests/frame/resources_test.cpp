@@ -1,4 +1,4 @@
-// Where the library's texts come from: the module that is set, as a host sets it.
+// The source of the library's texts: the module that a host sets.
 #include <quorvel/frame/message_box.h>
 #include <quorvel/frame/module.h>
 #include <quorvel/framework/exceptions.h>
@@ -25,7 +25,7 @@ TEST(Resources, NoEnglishTextStandsInForAMissingOne) {
     EXPECT_EQ(QuorvelGetResourceHandle(), other);
     EXPECT_EQ(Text(1), _T("no version here"));
     EXPECT_EQ(Text(quorvel::kTextExceptionMemory), _T(""));
-    // Nor is a box shown without its cause.
+    // No box is shown without its cause either.
     MessageBoxRecorder recorder;
     EXPECT_EQ(AfxExceptionMessageBox(new CMemoryException, 1, MB_OK, 0), 0);
     EXPECT_EQ(AfxFileIOExceptionMessageBox(new CMemoryException, _T("a"), 1, MB_OK, 0), 0);

@@ -1,4 +1,4 @@
-// What the sixteen boxes compose, seen by an application object that shows none.
+// The contents of the sixteen boxes, recorded by an application object that shows no box.
 #include <quorvel/frame/vask_message_box.h>
 
 #include <quorvel/res/message_ids.h>
@@ -23,8 +23,8 @@ constexpr UINT kFormatId = kTextByteSizeBytes;
 constexpr UINT kCheckId = kTextDoNotShowAgain;
 const WCHAR* const kNone = nullptr;
 
-// What the application object is given of a box. On Windows the heading and the check box are
-// controls of it. Null: no heading, no check box.
+// The text that the application object gets for a box. On Windows heading and check box are
+// controls instead. Null: no heading, no check box.
 CString ShownText(const WCHAR* heading, const WCHAR* text, const WCHAR* checkBox, int checkState) {
     if (!kOnLinux)
         return text;
@@ -33,7 +33,7 @@ CString ShownText(const WCHAR* heading, const WCHAR* text, const WCHAR* checkBox
         shown = CString(heading) + _T("\r\n\r\n");
     shown += text;
     if (checkBox != nullptr) {
-        CString label(checkBox); // of the texts used: marked at its start
+        CString label(checkBox); // these texts begin with their mnemonic
         label.Delete(0);
         label.Replace(_T("&&"), _T("&"));
         shown += checkState == 1 ? _T("\r\n\r\n[x] ") : _T("\r\n\r\n[ ] ");
@@ -44,8 +44,8 @@ CString ShownText(const WCHAR* heading, const WCHAR* text, const WCHAR* checkBox
 
 class VaskMessageBox : public testing::Test {
 protected:
-    // One box with help id 0, checked where it has a check box. Its parts: heading (h), text (t),
-    // filled format (f) and check box (c), in capitals those of the catalogue.
+    // One box with help id 0, checked if it has a check box. Its parts are heading (h), text (t),
+    // filled format (f) and check box (c); capital letters mean a catalogue text.
     void ExpectShown(int result, const std::string& parts, UINT type, int line = __builtin_LINE()) {
         const testing::ScopedTrace trace(__FILE__, line, "here");
         const auto either = [&](char own, const WCHAR* ownText, const WCHAR* ofCatalogue) {
@@ -80,7 +80,7 @@ TEST_F(VaskMessageBox, EachFormComposesItsBox) {
     ExpectShown(AfxVaskMessageBox(kText, MB_OK, kNone), "t", MB_OK);
     ExpectShown(AfxVaskMessageBox(kTextId, MB_YESNO, kTarget), "T", MB_YESNO | MB_HELP);
     ExpectShown(AfxVaskMessageBox(kHeading, kText, MB_OK, kTarget), "ht", MB_OK | MB_HELP);
-    // With a check box the Help button is the caller's.
+    // With a check box the caller must ask for the Help button.
     ExpectShown(AfxVaskMessageBox(kText, kCheck, state, MB_YESNO, kTarget), "tc", MB_YESNO);
     ExpectShown(AfxVaskMessageBox(kTextId, kCheckId, state, MB_HELP, kTarget), "TC", MB_HELP);
     ExpectShown(AfxVaskMessageBox(kHeadingId, kTextId, kCheckId, state, MB_OK, kNone), "HTC",
@@ -89,7 +89,7 @@ TEST_F(VaskMessageBox, EachFormComposesItsBox) {
 
 TEST_F(VaskMessageBox, EachFormWithAFormatFillsItsInserts) {
     int& state = m_state;
-    const CString seven(_T("seven")); // hands on its text
+    const CString seven(_T("seven")); // passes its text
     const auto show = [](auto... arguments) { return AfxFormatStringVaskMessageBox(arguments...); };
     ExpectShown(show(kFormat, 0u, kTarget, 7, seven), "f", MB_HELP);
     ExpectShown(show(kHeadingId, kFormatId, 0u, kTarget, 7), "HF", MB_HELP);
@@ -132,7 +132,7 @@ TEST_F(VaskMessageBox, TheCrashAsksFirst) { // the answer is not Yes
                   nullptr, 0),
         MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2, 0};
     EXPECT_EQ(m_recorder.Take(), std::vector{asked});
-    if (kOnLinux) { // under Wine a crash takes its debugger seconds
+    if (kOnLinux) { // under Wine the debugger makes a crash slow
         m_recorder.m_answer = IDYES;
         EXPECT_DEATH(AfxPerformDivideByZeroException(), "");
     }

@@ -1,5 +1,5 @@
-// The window-class predicates, on windows of classes registered under the names in question: a
-// program's own class goes before the system's of the same name.
+// The window class predicates, on windows of classes registered under these names: a program's own
+// class has priority over the system's of the same name.
 #include <quorvel/frame/window_class.h>
 #include <quorvel/framework/wnd.h>
 

@@ -1,4 +1,4 @@
-// What an archive stores, and what loading from given bytes ends in.
+// The bytes that an archive stores, and the result of loading from given bytes.
 #pragma once
 
 #include <quorvel/framework/archive.h>
@@ -24,7 +24,7 @@ std::string Stored(Operation store) {
     return BytesOf(file);
 }
 
-// The archive's cause, or none, of an operation on an archive over the bytes.
+// The cause of the exception of an operation on an archive over the bytes; none without one.
 template <class Operation>
 int LoadCause(std::string bytes, Operation operation, UINT mode = CArchive::load) {
     CMemFile file(reinterpret_cast<BYTE*>(bytes.data()), static_cast<UINT>(bytes.size()));

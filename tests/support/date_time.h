@@ -5,7 +5,7 @@
 
 #include "support/test.h"
 
-// The calendar date and time, with the serial for what they do not tell.
+// The calendar date and time, and the serial number for everything else.
 inline void PrintTo(const COleDateTime& date, std::ostream* stream) {
     PrintTo(date.Format(_T("%Y-%m-%d %H:%M:%S")), stream);
     *stream << " (" << date.m_dt << ", status " << date.GetStatus() << ')';

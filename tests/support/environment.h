@@ -1,4 +1,4 @@
-// An environment variable with another value for as long as the object lives; null removes it.
+// Sets an environment variable while the object exists; null removes it.
 #pragma once
 
 #include "support/test.h"
@@ -7,7 +7,7 @@
 #include <list>
 #include <utility>
 
-// The one that names the folder for temporary files.
+// The variable that names the folder for temporary files.
 inline constexpr const char* kTemporaryVariable = kOnLinux ? "TMPDIR" : "TMP";
 
 class EnvironmentVariable {
@@ -23,8 +23,8 @@ public:
     ~EnvironmentVariable() { Set(m_wasSet ? m_former.c_str() : nullptr); }
 
 private:
-    // putenv is the one operation that both C libraries have. On one the text becomes part of the
-    // environment, so it stays; an empty value removes on one, a name alone on the other.
+    // Both C libraries have putenv. In one the text becomes part of the environment, so it must
+    // stay. In one an empty value removes the variable, in the other the name alone does.
     void Set(const char* value) {
         static std::list<std::string> s_texts;
         static_cast<void>(

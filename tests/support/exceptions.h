@@ -1,10 +1,10 @@
-// What an operation throws.
+// The exception of an operation.
 #pragma once
 
 #include <quorvel/framework/exceptions.h>
 
-// The cause of the file or archive exception that the operation throws, which is deleted; 0 (none)
-// when it throws nothing.
+// The cause of the file or archive exception that the operation throws; 0 (none) without one.
+// Deletes the exception.
 template <class Exception, class Operation>
 int CauseOf(Operation operation) {
     try {

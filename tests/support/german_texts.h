@@ -1,5 +1,5 @@
-// The German language library, or a copy of it, in front of the resource chain for as long as the
-// object lives.
+// Puts the German language library, or a copy of it, first in the resource chain while the object
+// exists.
 #pragma once
 
 #include <quorvel/framework/extension_module.h>

@@ -1,6 +1,6 @@
-// Answers that are too many to write down. They lie in tests/data/golden, compressed by zlib and in
-// base64, and a failure shows the first one that differs. A program that runs with
-// QUORVEL_WRITE_GOLDEN in its environment writes its files anew.
+// Expected results that are too many to write down. They are in tests/data/golden, compressed by
+// zlib and in base64. A failure shows the first difference. A program that runs with
+// QUORVEL_WRITE_GOLDEN in its environment writes its files again.
 #pragma once
 
 #include <quorvel/util/text/base64.h>
@@ -30,7 +30,7 @@ public:
         }
     }
 
-    // The next answers; a failure shows what begins with the first difference.
+    // Compares the next results; a failure shows the text from the first difference on.
     template <class Unit>
     void Expect(const std::basic_string<Unit>& answers, const std::string& label) {
         constexpr std::size_t kShown = 16;

@@ -1,4 +1,4 @@
-// The entry of every test program.
+// The main function of every test program.
 #include <quorvel/platform/platform.h>
 
 #include <gtest/gtest.h>

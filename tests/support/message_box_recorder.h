@@ -1,4 +1,4 @@
-// An application object that shows no message boxes: it notes them and answers as it was told.
+// An application object that records message boxes instead of showing them, with set answers.
 #pragma once
 
 #include <quorvel/framework/app.h>
@@ -22,7 +22,7 @@ public:
         return m_answer;
     }
 
-    // What was shown since the last call.
+    // The boxes since the last call.
     std::vector<RecordedMessageBox> Take() { return std::exchange(m_boxes, {}); }
 
     int m_answer;

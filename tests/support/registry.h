@@ -1,4 +1,4 @@
-// A private registry key for a test, removed with all below it at the end.
+// A private registry key for a test; the destructor removes it with all sub keys.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -24,15 +24,15 @@ public:
     }
 
     HKEY Get() const { return m_key; }
-    // A value of any kind and bytes. Windows looks behind a text for a terminator that was not
-    // counted: there is none.
+    // A value of any type and bytes. Windows looks after a text for a terminator that was not
+    // counted; here there is no terminator.
     static LSTATUS Set(HKEY key, const WCHAR* name, DWORD kind, const std::string& bytes) {
         const std::string followed = bytes + "????";
         using namespace quorvel::win32;
         return RegSetValueExW(key, name, 0, kind, reinterpret_cast<const BYTE*>(followed.data()),
                               static_cast<DWORD>(bytes.size()));
     }
-    // Below HKEY_CURRENT_USER.
+    // Relative to HKEY_CURRENT_USER.
     const CString& Path() const { return m_path; }
 
     static void RemoveTree(HKEY parent, const WCHAR* path) {

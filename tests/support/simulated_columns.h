@@ -1,4 +1,4 @@
-// The columns of a list view as the system's header keeps them, without a window.
+// The columns of a list-view as the system's header stores them, without a window.
 #pragma once
 
 #include "controls/columns.h"
@@ -43,8 +43,8 @@ public:
             At(index).width = taken < 0 ? kAutomaticWidth : taken;
     }
     std::vector<int> GetOrder() const override { return m_order; }
-    // The system accepts an array that is not an order, and the former order is lost: here it
-    // becomes that of the indexes.
+    // For an array that is not a permutation the system loses the old order. Here it becomes the
+    // order of the indexes.
     bool SetOrder(const std::vector<int>& order) override {
         if (order.size() != m_order.size())
             return false;
@@ -81,7 +81,7 @@ public:
     int m_defaultLoads = 0;
     int m_orderChanges = 0;
     std::vector<std::vector<int>> m_deletedSortColumns;
-    // What a host does.
+    // Simulates a host.
     bool m_throws = false;
     int m_keptColumn = -1;
     std::function<void()> m_onDeleteSortColumn;

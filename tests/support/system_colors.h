@@ -1,5 +1,5 @@
-// Other system colours for as long as an object lives. Windows only. All windows of the session
-// are notified by WM_SYSCOLORCHANGE, then and at the end.
+// Sets other system colours while the object exists. Windows only. All windows of the session are
+// notified by WM_SYSCOLORCHANGE, then and at the end.
 #pragma once
 
 #include <quorvel/framework/geometry.h>
@@ -31,7 +31,7 @@ private:
     std::vector<COLORREF> m_former;
 };
 
-// As the system's own scheme with light texts on black.
+// Like the system's own scheme with light text on black.
 inline const SystemColors::Colors kHighContrast = {
     {COLOR_SCROLLBAR, RGB(0, 0, 0)},
     {COLOR_ACTIVECAPTION, RGB(128, 0, 128)},

@@ -1,4 +1,4 @@
-// A private folder for a test's files, removed with all it holds at the end.
+// A private folder for a test's files; the destructor removes it with its content.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -31,7 +31,7 @@ public:
         return CString((m_path / std::basic_string<WCHAR>(name)).string<WCHAR>().c_str());
     }
 
-    // Whole files. Read gives an empty text for a missing one.
+    // Whole files. Read returns an empty text for a missing file.
     void Write(const WCHAR* name, const std::string& bytes) const {
         std::ofstream file(m_path / std::basic_string<WCHAR>(name), std::ios::binary);
         file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
@@ -43,7 +43,7 @@ public:
     bool Has(const WCHAR* name) const {
         return std::filesystem::exists(m_path / std::basic_string<WCHAR>(name));
     }
-    // The read-only attribute; natively no permission to write.
+    // The read-only attribute; on Linux the permission to write.
     void SetReadOnly(const WCHAR* name, bool readOnly) const {
         std::filesystem::permissions(m_path / std::basic_string<WCHAR>(name),
                                      std::filesystem::perms(readOnly ? 0444 : 0644));

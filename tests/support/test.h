@@ -1,5 +1,5 @@
-// What nearly every test needs: the test framework, tables of calls and of rows, readable failures
-// of the library's strings, and which build this is.
+// Used by nearly every test: the test framework, tables of calls and of rows, readable failure
+// messages for the library's strings, and which build this is.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -17,12 +17,12 @@
 #include <type_traits>
 #include <vector>
 
-// For the few rows where an emulated system is known to differ.
+// For the few rows in which an emulated system is known to differ.
 inline constexpr bool kOnLinux = !std::is_same_v<WCHAR, wchar_t>;
 
 typedef std::basic_string<WCHAR> Wide;
 
-// Printable ASCII as it stands, anything else as \xHHHH.
+// Printable ASCII unchanged, any other character as \xHHHH.
 template <class Ch>
 inline std::string Printable(const Ch* text, int length) {
     std::string result;
@@ -42,7 +42,7 @@ void PrintTo(const CStringT<Ch>& text, std::ostream* stream) {
     *stream << '"' << Printable(text.GetString(), text.GetLength()) << '"';
 }
 
-// Calls beside what they give, a row each; the call is the row's label.
+// Rows of calls and their expected results; the text of the call is the row's label.
 template <class Value, class Expected = Value>
 struct Case {
     const char* call;
@@ -58,10 +58,10 @@ void ExpectCases(std::initializer_list<Case<Value, Expected>> rows) {
         EXPECT_EQ(row.actual, row.expected) << row.call;
 }
 
-// The error of a call that fails, to stand in a row beside the expected one.
+// The error of a failing call, to compare with the expected error in a row.
 inline constexpr DWORD kUnset = 0xdead;
 
-// 0 when the call succeeds, otherwise its error: kUnset when it sets none.
+// 0 when the call succeeds, otherwise its error; kUnset when it sets no error.
 template <class Call>
 DWORD ErrorOf(Call call) {
     using namespace quorvel::win32;

@@ -1,5 +1,5 @@
-// A window class of a test's own, for as long as the object lives; its windows must be gone by
-// then.
+// Registers a window class while the object exists. Its windows must be destroyed before the
+// object.
 #pragma once
 
 #include <quorvel/platform/platform.h>

@@ -1,4 +1,4 @@
-// Windows and their parts, as they are seen from outside. Windows only.
+// Windows and their parts, seen from outside. Windows only.
 #pragma once
 
 #include <quorvel/framework/geometry.h>
@@ -6,7 +6,7 @@
 
 #include <vector>
 
-// A visible dialog box of this thread; null when there is none.
+// A visible dialog box of this thread, or null.
 inline HWND FindVisibleBox() {
     HWND box = nullptr;
     const auto find = [](HWND window, LPARAM found) CALLBACK -> BOOL {

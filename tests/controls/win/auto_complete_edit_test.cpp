@@ -1,4 +1,4 @@
-// The edit that completes what was typed before, bound to the platform's auto-completion.
+// The edit control that offers earlier texts, bound to the platform's auto-completion.
 #include <quorvel/controls/win/auto_complete_edit.h>
 #include <quorvel/controls/win/vask_dialog.h>
 #include <quorvel/framework/win/data_exchange.h>
@@ -71,7 +71,7 @@ TEST_F(AutoCompleteEdit, KeepsItsTextsAtAPath) {
         EXPECT_FALSE(edit.SetMRUListSizeLimit(51));
         EXPECT_TRUE(edit.SaveState(path));
         EXPECT_FALSE(edit.SaveState(CRegistryPath()));
-        edit.UnsubclassWindow(); // the object goes before the window that it completes
+        edit.UnsubclassWindow(); // the object ends before its window
     }
     CAutoCompleteEdit other;
     EXPECT_TRUE(other.LoadState(path));
@@ -99,7 +99,7 @@ private:
     CAutoCompleteEdit m_server;
 };
 
-// The text of the field, and the count of rows of the drop-down when that shows.
+// The text of the field, and the number of rows in the drop-down list while it is shown.
 std::string StateOf(HWND box) {
     static int s_rows;
     s_rows = -1;

@@ -1,5 +1,5 @@
-// Watches the validation balloon of a dialog: what it is sent, and whether it is seen. The platform
-// does not give the title of such a window back.
+// Observes the validation balloon of a dialog: the messages sent to it, and whether it is visible.
+// The platform does not return the title of such a window.
 #pragma once
 
 #include <quorvel/framework/wnd.h>
@@ -14,7 +14,7 @@ public:
     explicit BalloonProbe(HWND dialog) : m_dialog(dialog) {
         EXPECT_TRUE(SubclassWindow(ExpectOne(dialog)));
     }
-    // The balloons of the window, of the pages too when it is a sheet.
+    // The balloons of the window; for a sheet also those of its pages.
     static std::vector<HWND> Find(HWND owner) {
         std::vector<HWND> found;
         for (HWND window = nullptr;
@@ -32,14 +32,14 @@ public:
     }
     bool IsVisible() const { return ::IsWindowVisible(m_hWnd) != FALSE; }
     CString Text() const {
-        WCHAR text[6000] = L""; // the platform may ignore the limit that it is given
+        WCHAR text[6000] = L""; // the platform may ignore the limit
         TOOLINFOW tool = {};
         tool.cbSize = TTTOOLINFOW_V2_SIZE;
         tool.hwnd = m_dialog;
         tool.uId = reinterpret_cast<UINT_PTR>(m_dialog);
         tool.lpszText = text;
         SendMessage(TTM_GETTEXTW, 100,
-                    reinterpret_cast<LPARAM>(&tool)); // characters, not more than 80 here
+                    reinterpret_cast<LPARAM>(&tool)); // at most 80 characters here
         return text;
     }
 

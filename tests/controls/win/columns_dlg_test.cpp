@@ -1,4 +1,4 @@
-// The columns dialog, by keys and clicks as a user makes them, in both languages.
+// The columns dialog, driven by a user's keys and clicks, in both languages.
 #include <quorvel/controls/win/columns_dlg.h>
 #include <quorvel/controls/win/vask_list_ctrl.h>
 #include <quorvel/res/message_ids.h>
@@ -31,7 +31,7 @@ Step Type(const WCHAR* width) {
     return [width](HWND box) { ::SetDlgItemTextW(box, QUORVEL_COLUMNS_WIDTH, width); };
 }
 
-// The rows, the selected one with a star, then the width and the enabled buttons.
+// The rows (a star marks the selected row), then the width and the enabled buttons.
 std::string StateOf(HWND box) {
     const HWND window = ::GetDlgItem(box, QUORVEL_COLUMNS_LIST);
     CCheckListBox& list = *static_cast<CCheckListBox*>(CWnd::FromHandlePermanent(window));
@@ -59,9 +59,9 @@ TEST(ColumnsDlg, EditsColumnsByKeysAndClicks) {
         const char* label;
         bool isGerman;
         std::vector<Step> steps;
-        const char* state; // of the dialog before the last step
+        const char* state; // the dialog before the last step
         INT_PTR result;
-        const char* columns; // first shown as 2 0 1, and 3 hidden
+        const char* columns; // initially 2 0 1 shown and 3 hidden
     } rows[] = {
         {"move down twice", false, Steps(Mnemonic('d'), Mnemonic('d'), Press(VK_RETURN)),
          "+0 +1 *+2 -3 70 up down reset", IDOK, "0:50 1:60 2:70 | 3:80"},

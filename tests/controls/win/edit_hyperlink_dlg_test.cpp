@@ -1,4 +1,4 @@
-// The dialog that edits a link, and its field for addresses.
+// The dialog that edits a link, and its address field.
 #include <quorvel/controls/win/edit_hyperlink_dlg.h>
 #include <quorvel/res/message_ids.h>
 #include <quorvel/res/resource_ids.h>

@@ -1,5 +1,5 @@
-// The hyperlink in a real window: clicks, keys, its menu, its tip, its picture, and its end in the
-// middle of each.
+// The hyperlink in a real window: clicks, keys, menu, tool tip, appearance, and its destruction
+// during each of them.
 #include <quorvel/controls/win/hyperlink_ctrl.h>
 #include <quorvel/frame/module.h>
 #include <quorvel/framework/win/dialog.h>
@@ -40,7 +40,7 @@ protected:
     }
 };
 
-// While it lives, calls `act` with each menu that the thread shows, when it is there.
+// While it exists, calls `act` with each menu that the thread shows.
 class MenuDriver {
 public:
     explicit MenuDriver(std::function<void(HMENU)> act) : m_act(std::move(act)) {
@@ -81,7 +81,7 @@ protected:
     }
     ~Hyperlink() override { QuorvelSetOpenExternalLinkCallback(nullptr); }
 
-    // Nothing is ever opened here.
+    // Never opens a link.
     static int Ask(const WCHAR* link) {
         s_current->m_log += "hook " + std::string(CStringA(link)) + ' ';
         if (s_current->m_onHook)
@@ -190,7 +190,7 @@ TEST_F(Hyperlink, OnlyAPressInTheTextAndItsReleaseCount) {
     EXPECT_EQ(TakeLog(), "");
 }
 
-// Whether a pixel of the control has the colour. The line under the text is drawn in it wholly.
+// Whether the control has a pixel of this colour. The underline is drawn in a solid colour.
 bool Shows(const CHyperlinkCtrl& link, COLORREF color) {
     ::RedrawWindow(link.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
     CClientDC dc(CWnd::FromHandle(link.m_hWnd));
@@ -244,7 +244,7 @@ TEST_F(Hyperlink, TextLiesAsItsStyleSays) {
     EXPECT_EQ(m_link->GetDisplayTextRect().Width(), 198) << "stays in the control";
 }
 
-// The tip's text, and whether it is there at all.
+// The text of the tool tip, and whether it exists.
 CString TipOf(const CHyperlinkCtrl& link) {
     for (HWND tip = nullptr;
          (tip = ::FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {

@@ -1,5 +1,5 @@
-// Lists in dialogs and pages: their keys, their state, and changes of the system while they are
-// open.
+// Lists in dialogs and pages: their keys, their state, and changes of system settings while they
+// are open.
 #include <quorvel/controls/win/auto_complete_edit.h>
 #include <quorvel/controls/win/vask_dialog.h>
 #include <quorvel/controls/win/vask_property_page.h>
@@ -20,7 +20,7 @@ typedef DialogDriver::Step Step;
 class CSortedList : public CVaskListCtrl {
 public:
     std::string m_sorted;
-    void LoadDefaultColumnWidths() override {} // those of the columns are pixels to rely on
+    void LoadDefaultColumnWidths() override {} // keeps the widths in pixels that are set here
 
 protected:
     BOOL SortItems(int column, int ascending, int) override {
@@ -29,8 +29,8 @@ protected:
     }
 };
 
-// Keeps each list and each edit in one of the places that can be declared, below the key "Key" of
-// the test, the path "Path" and the sections "Section" and "Edits".
+// Declares each list and each edit with one of the possible places: the key "Key" of the test, the
+// path "Path" and the sections "Section" and "Edits".
 template <class Base>
 class Lists : public Base {
 public:
@@ -38,7 +38,7 @@ public:
 
     CSortedList m_lists[3];
     CAutoCompleteEdit m_edits[2];
-    CFont m_ownFont; // the window's when there is one: the platform does not let it change
+    CFont m_ownFont; // used if set: the platform does not let it change
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -89,7 +89,7 @@ private:
         ::RegCreateKeyExW(HKEY_CURRENT_USER, m_root + _T("\\Key"), 0, nullptr, 0, KEY_ALL_ACCESS,
                           nullptr, &m_key, nullptr);
     }
-    const CString m_root; // below HKEY_CURRENT_USER
+    const CString m_root; // relative to HKEY_CURRENT_USER
     HKEY m_key = nullptr;
 };
 typedef Lists<CVaskDialog> CListsDlg;
@@ -99,7 +99,7 @@ class ListInDialog : public testing::Test {
 protected:
     ListInDialog() : m_app(_T("Lists")), m_root(m_key.Path()) {
         ::CoInitialize(nullptr);
-        // The profile's sections then lie below the test's key.
+        // The profile's sections are then below the test's key.
         m_app.SetRegistryKey(_T("Quorvel tests"));
         ::free(const_cast<WCHAR*>(m_app.m_pszProfileName));
         m_app.m_pszProfileName = ::wcsdup(m_key.Path().Mid(m_key.Path().ReverseFind('\\') + 1));
@@ -111,7 +111,7 @@ protected:
     const CString m_root;
 };
 
-// Shows the lists in a dialog or as the page of a sheet, and ends that after the step.
+// Shows the lists in a dialog or in a page of a sheet, and ends it after the step.
 void ShowDialog(const CString& root, const std::function<void(CListsDlg&)>& step) {
     CListsDlg dialog(DIALOG_LISTS, root);
     DialogDriver driver({[&](HWND) { step(dialog); }, Press(VK_ESCAPE)});
@@ -125,7 +125,7 @@ void ShowPage(const CString& root, const std::function<void(CListsPage&)>& step)
     EXPECT_EQ(sheet.DoModal(), IDCANCEL);
 }
 
-// Changes one window, and expects to find the changes in the next.
+// Changes one window, and expects the changes in the next window.
 template <class Show>
 void ExpectStateIsKept(Show show) {
     const char* const columns[] = {"0:50 2:70 | 1:60", "1:60 2:70 | 0:50", "0:50 1:60 | 2:70"};
@@ -142,7 +142,7 @@ void ExpectStateIsKept(Show show) {
             EXPECT_EQ(ColumnsOf(window.m_lists[i]), columns[i]) << i;
         for (CAutoCompleteEdit& edit : window.m_edits)
             EXPECT_TRUE(edit.AddMRUListEntry(_T("second")));
-        window.m_edits[1].EnableAutoCompletion(FALSE); // its state is then not saved
+        window.m_edits[1].EnableAutoCompletion(FALSE); // then its state is not saved
     });
     show([&](auto& window) {
         EXPECT_TRUE(window.m_edits[0].RemoveMRUListEntry(_T("second")));
@@ -162,19 +162,19 @@ TEST_F(ListInDialog, KeepsItsStateAsAPageDeclaresIt) {
 
 TEST_F(ListInDialog, HeaderIsReachedAndUsedByKeys) {
     CListsDlg dialog(DIALOG_LISTS, m_root);
-    std::vector<int> focused; // ids; 0 for the header of the first list
+    std::vector<int> focused; // ids; 0 is the header of the first list
     std::string columns;
     const auto note = [&](HWND) {
         const HWND focus = ::GetFocus();
         focused.push_back(focus == HeaderOf(dialog.m_lists[0]).m_hWnd ? 0 : ::GetDlgCtrlID(focus));
     };
     const auto block = [&](HWND) { dialog.m_lists[0].BlockHeaderSort(); };
-    const auto forget = [&](HWND) { // a list that has neither a menu nor a sorting header
+    const auto forget = [&](HWND) { // the list then has no menu and no sorting
         for (int i = 0; i < 3; ++i)
             dialog.m_lists[0].DeleteVaskColumn(i);
         dialog.m_lists[0].InsertColumn(0, _T("Name"), LVCFMT_LEFT, 50);
     };
-    const auto openMenu = [&](HWND) { // and choose its first item
+    const auto openMenu = [&](HWND) { // and chooses its first item
         const HWND header = ::GetFocus();
         for (const WPARAM key : {VK_DOWN, VK_RETURN})
             dialog.m_lists[0].PostMessage(WM_KEYDOWN, key, 1);
@@ -200,15 +200,15 @@ TEST_F(ListInDialog, HeaderIsReachedAndUsedByKeys) {
     EXPECT_EQ(columns, "1:60 2:70 | 0:50");
 }
 
-// The font of a window as the height and weight that were asked for.
+// The requested height and weight of a window's font.
 std::pair<LONG, LONG> FontOf(const CWnd& wnd) {
     LOGFONTW font = {};
     ::GetObjectW(reinterpret_cast<HFONT>(wnd.SendMessage(WM_GETFONT)), sizeof font, &font);
     return {font.lfHeight, font.lfWeight};
 }
 
-// Changes colours and font of the window, a dialog or page, and lets the system notify its
-// top-level window.
+// Changes colours and font of the window, a dialog or page, and sends its top-level window the
+// system's notification.
 template <class Window>
 void ExpectChangesAreFollowed(Window& window) {
     constexpr COLORREF kRed = RGB(255, 0, 0), kBlue = RGB(0, 0, 255), kGreen = RGB(0, 255, 0);

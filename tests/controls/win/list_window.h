@@ -1,4 +1,4 @@
-// A window for the lists of a test, and what is seen of a list from outside: by messages to its
+// A window for the lists of a test, and the state of a list seen from outside: by messages to its
 // windows and in its picture. Windows only.
 #pragma once
 
@@ -26,9 +26,9 @@ public:
     }
 
     std::function<void(const NMHDR&)> m_onNotify;
-    std::function<void()> m_onApp; // at WM_APP
+    std::function<void()> m_onApp; // called for WM_APP
     std::function<void()> m_onExchange;
-    UINT m_keptCode = 0; // of a notification that its list does not get
+    UINT m_keptCode = 0; // a notification that its list does not get
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -51,7 +51,7 @@ inline CSortHeaderCtrl& HeaderOf(const CListCtrl& list) {
     return static_cast<CSortHeaderCtrl&>(*list.GetHeaderCtrl());
 }
 
-// The shown columns from left to right as true column, width and arrow, then the hidden ones:
+// The shown columns from left to right as true column, width and arrow, then the hidden columns:
 // "0:50 2:70^ | 1:60".
 inline std::string ColumnsOf(CVaskListCtrl& list) {
     std::string text;
@@ -80,8 +80,8 @@ inline std::string ColumnsOf(CVaskListCtrl& list) {
     return text.empty() ? shown : shown + " | " + text;
 }
 
-// The first texts of the rows as the list-view has them, selected ones with a star and the focused
-// one with an exclamation mark: "a *b c!".
+// The first texts of the rows in the list-view; a star marks selected rows, an exclamation mark the
+// focused row: "a *b c!".
 inline std::string RowsOf(const CListCtrl& list) {
     std::string text;
     const int count = static_cast<int>(list.SendMessage(LVM_GETITEMCOUNT));
@@ -96,7 +96,7 @@ inline std::string RowsOf(const CListCtrl& list) {
     return text;
 }
 
-// What a window shows in its client area.
+// The picture of a window's client area.
 class Picture {
 public:
     explicit Picture(const CWnd& wnd) {
@@ -127,7 +127,7 @@ public:
         const DWORD pixel = m_pixels[static_cast<std::size_t>(y * m_width + x)];
         return RGB(pixel >> 16 & 0xff, pixel >> 8 & 0xff, pixel & 0xff);
     }
-    // Around the pixels for which `test` holds; empty when there is none.
+    // The bounding rectangle of the pixels that pass `test`; empty without such pixels.
     template <class Test>
     CRect Bounds(Test test) const {
         CRect bounds;

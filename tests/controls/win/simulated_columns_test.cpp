@@ -1,4 +1,4 @@
-// The simulated list view against the system's.
+// Compares the simulated list-view with the system's.
 #include "support/simulated_columns.h"
 #include "support/test.h"
 

@@ -1,4 +1,4 @@
-// The life of a dialog with validation, by keys and clicks as a user makes them, and its balloon.
+// A dialog with validation and its balloon, driven by a user's keys and clicks.
 #include <quorvel/controls/win/vask_dialog.h>
 #include <quorvel/controls/win/vask_list_ctrl.h>
 #include <quorvel/framework/exceptions.h>
@@ -28,16 +28,16 @@ public:
     std::function<BOOL()> m_save = [] { return TRUE; };
     BOOL m_isOK = TRUE;
     UINT m_template = DIALOG_NAME;
-    CString m_title = _T("*"); // "*": the default stays
-    int m_secondField = 0;     // must not be empty, as the first
+    CString m_title = _T("*"); // "*": keep the default
+    int m_secondField = 0;     // must not be empty, like the first
     bool m_focusesRefused = false;
     int m_exchangedField = FIELD_NOTE;
     CString m_note;
     std::vector<int> m_bold = {FIELD_LABEL, 4711};
     bool m_wasShown = false;
-    bool m_throws = false; // when states are saved
+    bool m_throws = false; // while states are saved
     CVaskListCtrl m_list;  // has no window
-    CRegistryPath m_path;  // of its state, when it is valid
+    CRegistryPath m_path;  // the place of its state, if valid
 
 protected:
     using CVaskDialog::GetStateAutoCompleteEditCtrls;
@@ -121,7 +121,7 @@ TEST(VaskDialog, CancelSavesStatesOnly) {
 }
 
 TEST(VaskDialog, OpensWithItsDataOrNotAtAll) {
-    MessageBoxRecorder app; // for an exchange that fails
+    MessageBoxRecorder app; // for a failing exchange
     CNameDlg* opening = nullptr;
     const struct {
         const char* label;
@@ -140,7 +140,7 @@ TEST(VaskDialog, OpensWithItsDataOrNotAtAll) {
             SCOPED_TRACE(testing::Message() << row.label << (isModal ? ", modal" : ", modeless"));
             CNameDlg dialog;
             opening = &dialog;
-            dialog.m_template = DIALOG_OTHER; // which is of style WS_VISIBLE
+            dialog.m_template = DIALOG_OTHER; // has the style WS_VISIBLE
             dialog.m_exchangedField = row.exchangedField;
             dialog.m_load = row.load;
             if (isModal)
@@ -211,7 +211,7 @@ TEST(VaskDialog, AListWithoutAWindowKeepsItsState) {
 TEST(VaskDialog, AStateHookMayThrow) {
     MessageBoxRecorder app;
     CNameDlg dialog;
-    for (const bool throws : {true, false}) { // the second time everything is as the first
+    for (const bool throws : {true, false}) { // the second pass must be like the first
         dialog.m_throws = throws;
         DialogDriver driver(
             {Press(VK_RETURN), [&](HWND) { EXPECT_TRUE(dialog.IsValidationErrorMessageShowing()); },
@@ -260,12 +260,12 @@ TEST(VaskDialog, OneBalloonPointsAtTheField) {
                              EXPECT_EQ(probe->m_places[0].x, (field.left + field.right) / 2);
                              EXPECT_EQ(probe->m_places[0].y, field.bottom);
                          },
-                         Press(VK_RETURN), // does not stack another
+                         Press(VK_RETURN), // must not add a second balloon
                          [&](HWND box) {
                              EXPECT_TRUE(probe->IsVisible());
                              BalloonProbe::ExpectOne(box);
                          },
-                         [&](HWND box) { // the balloon goes where its dialog goes
+                         [&](HWND box) { // the balloon moves with its dialog
                              ::SetWindowPos(box, nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
                              RECT field;
                              ::GetWindowRect(::GetDlgItem(box, FIELD_NAME), &field);
@@ -273,21 +273,21 @@ TEST(VaskDialog, OneBalloonPointsAtTheField) {
                          },
                          Press(VK_TAB), [&](HWND) { EXPECT_FALSE(probe->IsVisible()); },
                          Press(VK_RETURN), [&](HWND) { EXPECT_TRUE(probe->IsVisible()); },
-                         [&](HWND) { dialog.OnCancel(); }}); // destroyed while the balloon shows
+                         [&](HWND) { dialog.OnCancel(); }}); // destroyed while the balloon is shown
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     EXPECT_FALSE(dialog.IsValidationErrorMessageShowing());
 }
 
 TEST(VaskDialog, EachRefusalShowsItsOwnBalloon) {
     const Step mnemonic = [](HWND box) {
-        ::PostMessageW(KeyboardOf(box), WM_SYSCHAR, 'o', LPARAM{1} << 29); // with Alt
+        ::PostMessageW(KeyboardOf(box), WM_SYSCHAR, 'o', LPARAM{1} << 29); // Alt is pressed
     };
     const struct {
         const char* label;
         Step ok;
         bool focusesRefused;
         const WCHAR* typed; // after the first refusal
-        int field;          // of the second one
+        int field;          // that is refused second
     } rows[] = {
         {"the same field", Press(VK_RETURN), false, _T(""), FIELD_NAME},
         {"the next field", Press(VK_RETURN), false, _T("a"), FIELD_NOTE},
@@ -341,7 +341,7 @@ TEST(VaskDialog, LooksAsItsDeclarationsSay) {
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
-// Modeless dialogs, whose balloons are shown by hand.
+// Modeless dialogs, whose balloons the test shows directly.
 class Balloons : public testing::Test {
 protected:
     Balloons() {
@@ -373,11 +373,11 @@ TEST_F(Balloons, HideByFocusInTheirOwnDialog) {
     FocusField(m_second, FIELD_NOTE);
     EXPECT_TRUE(m_first.IsValidationErrorMessageShowing()) << "focus of another dialog";
     EXPECT_FALSE(m_second.IsValidationErrorMessageShowing());
-    FocusField(m_first, FIELD_NOTE); // the hook is there for the one that is left
+    FocusField(m_first, FIELD_NOTE); // the hook remains for the other balloon
     EXPECT_FALSE(m_first.IsValidationErrorMessageShowing());
     EXPECT_FALSE(m_first.HideValidationErrorMessage());
 
-    // A dialog that ends with its balloon leaves nothing that the next focus would meet.
+    // A dialog that is destroyed with its balloon must leave no data for the next focus change.
     EXPECT_TRUE(Show(m_first));
     m_first.DestroyWindow();
     EXPECT_FALSE(m_first.IsValidationErrorMessageShowing());
@@ -413,7 +413,7 @@ TEST_F(Balloons, TakeTextsAsTheyAre) {
         CString shownTitle;
         WPARAM icon;
     } rows[] = {{_T("Title"), _T("a & b"), _T("Title"), TTI_INFO},
-                {_T(""), _T("text"), _T(""), TTI_NONE}, // clears the title before
+                {_T(""), _T("text"), _T(""), TTI_NONE}, // clears the previous title
                 {_T("Title"), _T(""), _T("Title"), TTI_INFO},
                 {longText, longText, longText.Left(99), TTI_INFO}};
     for (const auto& row : rows) {

@@ -78,7 +78,7 @@ TEST(VaskListCtrl, KeepsColumnsByTheirTrueNumbers) {
         std::function<int()> act;
         int result;
         const char* columns;
-        const char* seen = ""; // calls of SortItems
+        const char* seen = ""; // the calls of SortItems
     } rows[] = {
         {"first", [&] { return list.InsertVaskColumn(0, 0, TRUE, name, 0, 50); }, 0, "0:50"},
         {"behind the last", [&] { return list.InsertVaskColumn(9, 1, TRUE, name, 0, 60); }, 1,
@@ -176,7 +176,7 @@ TEST(VaskListCtrl, CopiesRecordsAndAlignsTheFirstColumn) {
     EXPECT_EQ(column.column.mask, static_cast<UINT>(LVCF_FMT | LVCF_TEXT));
     EXPECT_EQ(CString(column.column.pszText), _T("Date"));
 
-    // All of a descriptor is kept, and what the program changes later.
+    // Keeps all fields of a descriptor, and later changes by the program.
     VASKCOLUMN given;
     given.trueColumn = 2;
     given.heading = _T("Kind");
@@ -211,7 +211,7 @@ int CALLBACK CompareData(LPARAM first, LPARAM second, LPARAM) {
 
 class COwnHeader : public CVaskListCtrlHeaderCtrl {};
 
-// An ordinary list that sets the texts of a column again.
+// An ordinary list that sets the texts of a column again when it is shown.
 class CRefilledList : public CVaskListCtrl {
 protected:
     std::unique_ptr<CVaskListCtrlHeaderCtrl> MakeHeaderCtrl() override {
@@ -241,7 +241,7 @@ TEST(VaskListCtrl, LetsAHostSupplyTheHeaderAndLostTexts) {
     EXPECT_TRUE(list.SortItems(CompareData, 0));
     EXPECT_EQ(RowsOf(list), "a b") << "the platform's sorting";
 
-    // Another object takes the window, header and all, and leaves it as it was.
+    // A second object takes over the window with its header and leaves both unchanged.
     const HWND window = list.UnsubclassWindow();
     {
         CVaskListCtrl second;
@@ -335,7 +335,7 @@ TEST(VaskListCtrl, ShowsAndHidesColumnsByTheHeadersMenu) {
     const struct {
         const char* label;
         bool isGerman;
-        int shownCount;   // of three columns
+        int shownCount;   // out of three columns
         const char* keys; // Down, Enter and Escape as D, E and X
         const char* menu;
         const char* columns;
@@ -365,7 +365,7 @@ TEST(VaskListCtrl, ShowsAndHidesColumnsByTheHeadersMenu) {
     }
 }
 
-// A host ends a list, its window or its object, whenever it wants, also in a loop of the list's.
+// A host may destroy a list, its window or its object at any time, also in a loop of the list.
 TEST(VaskListCtrl, EndsWithItsMenuOrDialogOpen) {
     typedef std::unique_ptr<CReportList> List;
     const auto menuKey = [](const List& list) {
@@ -401,7 +401,7 @@ TEST(VaskListCtrl, EndsWithItsMenuOrDialogOpen) {
             row.end(list, parent);
         };
         const HWND window = list->m_hWnd;
-        parent.PostMessage(WM_APP); // for the loop
+        parent.PostMessage(WM_APP); // handled in the loop
         row.open(list);
         EXPECT_TRUE(isEnded) << row.label;
         EXPECT_FALSE(::IsWindow(window)) << row.label;
@@ -411,7 +411,7 @@ TEST(VaskListCtrl, EndsWithItsMenuOrDialogOpen) {
 TEST(VaskListCtrl, SavesAndLoadsItsColumnsInThreePlaces) {
     TestKey key;
     CWinApp app(_T("Lists"));
-    // The profile's sections then lie below the test's key.
+    // The profile's sections are then below the test's key.
     app.SetRegistryKey(_T("Quorvel tests"));
     ::free(const_cast<WCHAR*>(app.m_pszProfileName));
     app.m_pszProfileName = ::wcsdup(key.Path().Mid(key.Path().ReverseFind('\\') + 1));
@@ -461,7 +461,7 @@ TEST(VaskListCtrl, ShowsATextWhileItIsEmpty) {
     const struct {
         UINT alignment;
         BOOL isTaken;
-        LONG left, right; // between these
+        LONG left, right; // the pixels between these
     } rows[] = {
         {DT_LEFT, TRUE, 0, 200},
         {DT_CENTER, TRUE, 100, 300},

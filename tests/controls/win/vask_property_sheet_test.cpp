@@ -1,4 +1,4 @@
-// Property sheets and wizards: their buttons' texts, and pages that refuse.
+// Property sheets and wizards: texts of their buttons, and pages that refuse.
 #include <quorvel/controls/win/vask_property_page.h>
 #include <quorvel/controls/win/vask_wizard.h>
 #include <quorvel/controls/win/vask_wizard_page.h>
@@ -21,7 +21,7 @@ public:
     bool m_isValid = true;
     bool m_loads = true;
     bool m_appliesOK = true;
-    bool m_saveSpoils = false; // what was saved is not valid a second time
+    bool m_saveSpoils = false; // after saving, the data is no longer valid
     CString m_note;
     std::string m_seen;
 
@@ -78,7 +78,7 @@ TEST(VaskPropertySheet, AsksItsPagesBeforeItEnds) {
     struct Row {
         const char* label;
         bool loads, appliesOK;
-        Step act; // after OK was clicked
+        Step act; // after a click on OK
         INT_PTR result;
         const char* seen;
     };
@@ -98,7 +98,7 @@ TEST(VaskPropertySheet, AsksItsPagesBeforeItEnds) {
         CVaskPropertySheet sheet;
         Page<CVaskPropertyPage> only(PAGE_FIRST);
         page = &only;
-        only.m_isValid = row.loads; // one that is not loaded is not asked
+        only.m_isValid = row.loads; // a page that is not loaded is not validated
         only.m_loads = row.loads;
         only.m_appliesOK = row.appliesOK;
         EXPECT_FALSE(only.ClosePropertySheet()) << "in no sheet";
@@ -119,7 +119,7 @@ TEST(VaskPropertySheet, HelpsWithThePagesThatHaveATopic) {
     static std::vector<CString> s_opened;
     QuorvelSetOpenExternalLinkCallback([](const WCHAR* link) {
         s_opened.push_back(link);
-        return 0; // which opens nothing
+        return 0; // opens nothing
     });
     CVaskPropertySheet sheet(_T("Options"));
     CHelpedPage first(_T("http://example.org/first")), second(_T(""));
@@ -170,7 +170,7 @@ TEST(VaskPropertySheet, BalloonsOfItsPagesFollowIt) {
         {"the sheet is hidden",
          [](HWND box, HWND) {
              ::ShowWindow(box, SW_HIDE);
-             ::ShowWindow(box, SW_SHOW); // again, for the next step
+             ::ShowWindow(box, SW_SHOW); // shown again for the next step
          }},
     };
     std::vector<Step> steps = {[&](HWND box) {
@@ -240,7 +240,7 @@ TEST(VaskWizard, GoesOnWhenItsPagesAcceptAndAlwaysBack) {
     EXPECT_EQ(second.m_note, _T("typed"));
 }
 
-// The texts of the sheet's own buttons, in the order of their ids.
+// The texts of the sheet's own buttons, ordered by id.
 std::vector<CString> ButtonsOf(HWND sheet) {
     std::vector<CString> texts;
     for (const int id : {IDOK, IDCANCEL, IDHELP, 0x3021, ID_WIZBACK, ID_WIZNEXT, ID_WIZFINISH}) {
@@ -281,7 +281,7 @@ TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
             EXPECT_EQ(sheet.DoModal(), IDCANCEL);
         }
         EXPECT_EQ(buttons, row.sheet);
-        CVaskPropertySheet wizard; // of another class than the wizard's own
+        CVaskPropertySheet wizard; // not a CVaskWizard
         wizard.SetWizardMode();
         Page<CVaskWizardPage> only(PAGE_FIRST);
         wizard.AddPage(&only);
@@ -294,7 +294,7 @@ TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
 TEST(VaskWizard, ShowsItsPagesTitles) {
     struct CWatchedWizard : CVaskWizard {
         using CVaskWizard::CVaskWizard;
-        std::vector<CString> m_sent; // a page's position and its new title
+        std::vector<CString> m_sent; // position of a page and its new title
         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
             if (message == PSM_SETHEADERTITLEW) {
                 m_sent.emplace_back();
@@ -313,7 +313,7 @@ TEST(VaskWizard, ShowsItsPagesTitles) {
     for (CVaskWizardPage* const page : {&untitled, &second, &third})
         wizard.AddPage(page);
     std::vector<CString> titles;
-    std::vector<int> tops; // of the pages: a header is above
+    std::vector<int> tops; // top edges of the pages; lower with a header
     const auto note = [&](HWND box) {
         titles.push_back(TextOf(box));
         tops.push_back(static_cast<int>(PlaceOf(wizard.GetActivePage()->m_hWnd).top));

@@ -44,7 +44,7 @@ bool IsSizeLess(CVirtualListCtrlItem* const& a, CVirtualListCtrlItem* const& b) 
     return a->GetLParam() < b->GetLParam();
 }
 
-// Column 0 sorts by name, 1 by size, 3 by what m_last says, others not at all.
+// Column 0 sorts by name, 1 by size, 3 by m_last; the others do not sort.
 class CRowList : public CVirtualListCtrl {
 public:
     CRowList() { SetAutoDeleteItems(); }
@@ -68,7 +68,7 @@ public:
         return column == 0 ? (ascending ? IsNameLess : IsNameGreater)
                            : (column == 1 ? IsSizeLess : nullptr);
     }
-    // A row for each letter, its size the position in the alphabet from behind, in pairs.
+    // A row for each letter. Its size counts the alphabet backwards, in pairs.
     void Add(const char* names) {
         for (; *names != 0; ++names)
             AddItem(new CRow(static_cast<WCHAR>(*names), ('z' - *names) / 2));
@@ -98,7 +98,7 @@ protected:
         m_sentCounts += message == LVM_SETITEMCOUNT;
         return CVirtualListCtrl::DefWindowProc(message, wParam, lParam);
     }
-    // As a derived class that keeps these notifications to itself.
+    // Like a derived class that does not pass on these notifications.
     void OnLvnItemchanged(NMHDR*, LRESULT*) { ++m_seenChanges; }
     DECLARE_MESSAGE_MAP()
 };
@@ -258,7 +258,7 @@ TEST(VirtualListCtrl, KeepsTheFocusedRowInViewAndLeavesItemsToTheirOwner) {
     EXPECT_EQ(CRow::s_count, 100);
     owned.clear();
 
-    CRowList subclassing; // rows before a dialog attaches it to its control, each time it opens
+    CRowList subclassing; // has rows before a dialog attaches it, each time it opens
     subclassing.Add("ab");
     for (int i = 0; i < 2; ++i) {
         subclassing.SubclassWindow(
@@ -268,7 +268,7 @@ TEST(VirtualListCtrl, KeepsTheFocusedRowInViewAndLeavesItemsToTheirOwner) {
         EXPECT_TRUE(subclassing.DestroyWindow());
     }
 
-    CVirtualListCtrl later; // rows before the window
+    CVirtualListCtrl later; // has rows before it has a window
     later.SetAutoDeleteItems();
     later.AddItem(new CRow('a'));
     later.AddItem(new CRow('b'));
@@ -290,7 +290,7 @@ TEST(VirtualListCtrl, AnswersWhatTheListViewAsksFor) {
         const char* label;
         UINT mask;
         int row, subItem, size;
-        const WCHAR* text; // "?" is the marker of what was not supplied
+        const WCHAR* text; // "?": not supplied
         int image, indent, data;
     } rows[] = {
         {"all", kAll, 0, 0, 10, _T("a"), 3, 2, 12},
@@ -329,7 +329,7 @@ TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
         {"bbb", "a *b! B c"},
         {"x", "*a! b B c"},
     };
-    for (const auto& row : rows) { // each list begins its search anew
+    for (const auto& row : rows) { // each list starts a new search
         ListParent parent;
         CRowList list(parent);
         list.Add("abBc");
@@ -351,7 +351,7 @@ TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
         CASE(find(LVFI_STRING, _T("b"), 1), 2),
         CASE(find(LVFI_STRING | LVFI_WRAP, _T("b"), 2), 1),
         CASE(find(LVFI_STRING | LVFI_WRAP, _T("a"), 3), 0),
-        CASE(find(LVFI_PARTIAL | LVFI_WRAP, _T("b"), 1), 2), // no typing
+        CASE(find(LVFI_PARTIAL | LVFI_WRAP, _T("b"), 1), 2), // not typed
         CASE(find(LVFI_STRING, nullptr, -1), -1),
     });
 }
@@ -389,7 +389,7 @@ TEST(VirtualListCtrl, CopiesTheSelectedRowsAsTheyAreShown) {
 TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
     const struct {
         const char* label;
-        std::function<void(CRowList&)> onChange; // at the first notification of a change
+        std::function<void(CRowList&)> onChange; // called at the first notification of a change
         std::function<void(CRowList&)> act;
         const char* rows;
     } rows[] = {
@@ -415,7 +415,7 @@ TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
         ListParent parent;
         CRowList list(parent);
         list.Add("dcab");
-        list.Select(2, 1, 0); // d, c and a, the focus on d
+        list.Select(2, 1, 0); // selects d, c and a; the focus is on d
         bool isFirst = true;
         parent.m_onNotify = [&](const NMHDR& header) {
             if (header.code == static_cast<UINT>(LVN_ITEMCHANGED) && std::exchange(isFirst, false))
@@ -425,7 +425,7 @@ TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
         EXPECT_FALSE(isFirst) << row.label;
         EXPECT_EQ(RowsOf(list), row.rows) << row.label;
         parent.m_onNotify = nullptr;
-        const std::string before = RowsOf(list); // rows and list-view agree: a sort changes nothing
+        const std::string before = RowsOf(list); // rows and list-view agree: sorting is idle
         list.SortItems(2, TRUE, TRUE);
         EXPECT_EQ(RowsOf(list), before) << row.label;
         EXPECT_EQ(CRow::s_count, list.GetItemCount()) << row.label;
@@ -435,15 +435,15 @@ TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
     CRowList list(parent);
     list.Add("ab");
     static_cast<CRow*>(list.GetItem(0))->m_onText = [&] { list.DeleteAllItems(); };
-    list.SetAutoDeleteItems(FALSE); // the item's own code runs
+    list.SetAutoDeleteItems(FALSE); // runs code of the item
     const std::unique_ptr<CVirtualListCtrlItem> first(list.GetItem(0)), second(list.GetItem(1));
     list.Invalidate();
     list.UpdateWindow();
     EXPECT_EQ(list.GetItemCount(), 0);
 }
 
-// What is asked of the list in a notification is answered by the rows of now, whether or not the
-// list-view has them yet.
+// In a notification the list returns the new rows, even if the list-view does not have them
+// yet.
 TEST(VirtualListCtrl, IsUpToDateInNotifications) {
     typedef CRowList& List;
     const auto key = [](UINT code) {
@@ -469,7 +469,7 @@ TEST(VirtualListCtrl, IsUpToDateInNotifications) {
     const auto unselectOne = [](List list) { list.SelectItem(1, FALSE); };
     const struct {
         const char* label;
-        UINT code; // of the notification
+        UINT code; // code of the notification
         std::function<void(List)> act, onNotify;
         const char* begin;
         int lastRow;
@@ -507,13 +507,13 @@ TEST(VirtualListCtrl, IsUpToDateInNotifications) {
     CRowList list(parent);
     list.Add("cba");
     list.Select(1);
-    parent.m_keptCode = static_cast<UINT>(LVN_ITEMCHANGED); // a parent that passes nothing on
+    parent.m_keptCode = static_cast<UINT>(LVN_ITEMCHANGED); // the parent does not pass it on
     list.Select(2);
     list.SortItems(0, TRUE, FALSE);
     EXPECT_EQ(RowsOf(list), "*a! b c");
 }
 
-// Its memory shows what is written after its end.
+// Its memory reveals writes after its end.
 class CDoomedList : public CRowList {
 public:
     using CRowList::CRowList;
@@ -598,7 +598,7 @@ TEST(VirtualListCtrl, MayBeDestroyedInItsNotifications) {
     }
 }
 
-// A box over a list that fails to draw would make it draw again.
+// A message box over a list that fails to draw would make the list draw again.
 TEST(VirtualListCtrl, FailsToDrawWithoutABox) {
     MessageBoxRecorder app;
     ListParent parent;

@@ -1,4 +1,4 @@
-// What the Help button of a box opens, with the viewers recorded.
+// The target that the Help button of a box opens; the viewers are recorded.
 #include <quorvel/frame/module.h>
 #include <quorvel/frame/vask_message_box.h>
 

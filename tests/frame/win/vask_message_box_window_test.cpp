@@ -1,4 +1,4 @@
-// Real boxes: what is in them, where it lies, and what the user's clicks leave.
+// Real boxes: their content and layout, and the result of a user's clicks.
 #include <quorvel/frame/vask_message_box.h>
 
 #include "support/test.h"
@@ -31,7 +31,7 @@ private:
     const HWND m_window;
 };
 
-// A control of the box with its text, its font's weight and bits of its style; null: there is none.
+// A control of the box: text, font weight and style bits. A null text: no such control.
 void ExpectPart(HWND box, int id, const WCHAR* text, LONG weight, LONG mask, LONG style) {
     const HWND control = ::GetDlgItem(box, id);
     EXPECT_EQ(control != nullptr, text != nullptr);
@@ -45,7 +45,7 @@ void ExpectPart(HWND box, int id, const WCHAR* text, LONG weight, LONG mask, LON
     EXPECT_EQ(::GetWindowLongPtrW(control, GWL_STYLE) & mask, style);
 }
 
-// Wine's boxes without an icon have a control for it all the same.
+// Under Wine boxes without an icon have a control for it as well.
 bool IsEmptyIcon(HWND child) {
     return (::GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON &&
            ::GetDlgCtrlID(child) == 1088 && ::SendMessageW(child, STM_GETICON, 0, 0) == 0;
@@ -81,7 +81,7 @@ void ExpectCentredOver(HWND owner, HWND box) {
 }
 
 TEST(VaskWindow, HasItsPartsInTheirPlaces) {
-    // Heading, text and check box; null: without.
+    // Heading, text and check box; null: none.
     const std::tuple<const char*, const WCHAR*, const WCHAR*, const WCHAR*, UINT> rows[] = {
         {"heading", _T("Save & leave?"), kShort, nullptr, MB_YESNOCANCEL | MB_ICONWARNING},
         {"wide heading", kWide, kShort, nullptr, MB_OK | MB_ICONINFORMATION},

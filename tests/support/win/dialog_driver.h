@@ -8,9 +8,9 @@
 #include <functional>
 #include <vector>
 
-// While it lives, calls the steps one after another, each with the front visible dialog box of the
-// thread, when all messages of the step before are handled. A dialog that is still there long after
-// the last step is ended with -99, so that a test fails rather than hangs.
+// While it exists, calls the steps one by one, each with the frontmost visible dialog box of the
+// thread, after all messages of the previous step were handled. A dialog that is still open long
+// after the last step is ended with -99: a test fails and does not hang.
 class DialogDriver {
 public:
     typedef std::function<void(HWND)> Step;
@@ -26,7 +26,7 @@ public:
     }
 
     bool HasRun() const { return m_next == m_steps.size(); }
-    // From a step: it is called once more, unless that has been so for very long.
+    // For use in a step: calls the step again, unless this has taken too long.
     static void Repeat() {
         if (++Current()->m_waited <= kPatience)
             --Current()->m_next;
@@ -75,16 +75,16 @@ inline DialogDriver::Step WaitUntil(std::function<bool()> condition) {
     };
 }
 
-// The window of a dialog that gets its keys.
+// The window in the dialog that receives its keys.
 inline HWND KeyboardOf(HWND box) {
     const HWND focus = ::GetFocus();
-    return focus != nullptr ? focus : box; // a control that is disabled leaves the focus to nobody
+    return focus != nullptr ? focus : box; // after a control is disabled no window has the focus
 }
-// Presses a key. It comes by the thread's queue, so that it is pre-translated.
+// Presses a key. The message comes through the thread's queue, so it is pre-translated.
 inline DialogDriver::Step Press(UINT key) {
     return [key](HWND box) { ::PostMessageW(KeyboardOf(box), WM_KEYDOWN, key, 1); };
 }
-// Presses a key with VK_CONTROL or VK_SHIFT, which counts as held while the key is pre-translated.
+// Presses a key with VK_CONTROL or VK_SHIFT, which counts as pressed during pre-translation.
 inline DialogDriver::Step PressWith(int modifier, UINT key) {
     return [modifier, key](HWND box) {
         BYTE keys[256];

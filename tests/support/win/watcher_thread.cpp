@@ -1,10 +1,10 @@
-// The test framework starts a thread beside the main one at the main thread's first trace, to
-// outlive it. Here that happens before the first test, and the thread's start is awaited.
+// The test framework starts a thread at the first trace of the main thread, to outlive it. This
+// file starts it before the first test and waits until it runs.
 //
-// Under Wine 8 an ending process stops its other threads by a signal. A 32-bit thread that is still
-// being started has no thread segment yet: it faults while it handles the signal, and the whole
-// process dies by SIGSEGV although its tests have passed. A short test that traced did so once in a
-// hundred runs.
+// When a process ends under Wine 8, its other threads are stopped by a signal. A 32-bit thread that
+// is still starting has no thread segment yet: it crashes while handling the signal, and the whole
+// process ends with SIGSEGV although its tests have passed. This happened to a short test with a
+// trace in one of a hundred runs.
 #include <quorvel/platform/platform.h>
 
 #include <gtest/gtest.h>
@@ -17,13 +17,13 @@ namespace {
 
 std::atomic<bool> s_hasStarted = false;
 
-// The loader calls this in every new thread before the thread's own function.
+// The loader calls this in every new thread, before the thread's own function.
 void NTAPI OnThread(void*, DWORD reason, void*) {
     if (reason == DLL_THREAD_ATTACH)
         s_hasStarted = true;
 }
 
-// The linker gathers such sections into the list of functions that the loader calls.
+// The linker collects such sections into the list of functions that the loader calls.
 [[gnu::section(".CRT$XLY"), gnu::used]] const PIMAGE_TLS_CALLBACK s_onThread = OnThread;
 
 class WatcherThread : public testing::Environment {
@@ -40,6 +40,6 @@ public:
 };
 
 testing::Environment* const s_watcherThread =
-    testing::AddGlobalTestEnvironment(new WatcherThread); // the framework's from here on
+    testing::AddGlobalTestEnvironment(new WatcherThread); // the framework owns it
 
 } // namespace
