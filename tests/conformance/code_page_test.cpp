@@ -110,10 +110,10 @@ TEST(Utf8, ConvertsASequenceAlikeWhereverItLies) {
         {"\xf0\x8f\xbf\xbf", _T("\xfffd\xfffd\xfffd"), false},
     };
     for (const auto& [sequence, units, wellFormed] : rows) {
-        for (std::size_t i = 0; i < 40 * 4 * 20; ++i) {
-            const std::size_t before = i % 40;
-            const std::size_t between = i / 40 % 4;
-            const std::size_t behind = i / 160 + (wellFormed ? 0 : 4); // Wine again
+        for (std::size_t i = 0; i < 70 * 4 * 40; ++i) {
+            const std::size_t before = i % 70;
+            const std::size_t between = i / 70 % 4;
+            const std::size_t behind = i / 280 + (wellFormed ? 0 : 4); // Wine again
             const std::string bytes = std::string(before, 'a') + sequence +
                                       std::string(between, 'b') + sequence +
                                       std::string(behind, 'c');

@@ -1,8 +1,10 @@
 #include "platform/linux/text/code_page.h"
 
+#include "platform/linux/text/utf8_kernels.h"
 #include "platform/surrogates.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace quorvel {
 
@@ -190,12 +192,50 @@ std::size_t ConvertOrdinary(std::span<const Source> source, Output<Target>& outp
     return static_cast<std::size_t>(places.from - source.data());
 }
 
+// Null where there is none.
+const Utf8Kernels* FastestUtf8() {
+    static const Utf8Kernels* const s_fastest = Avx2Utf8() != nullptr ? Avx2Utf8() : Ssse3Utf8();
+    return s_fastest;
+}
+
+// Converts what the kernel takes and returns how many units of the source that were. While only
+// counting, the result is written where nobody reads it.
+template <class Source, class Target>
+std::size_t ConvertBlocks(void (*convert)(Utf8Cursor<Source, Target>&),
+                          std::span<const Source> source, Output<Target>& output) {
+    Target unread[2048];
+    const bool isCounting = output.Next() == nullptr;
+    const Source* const end = source.data() + source.size();
+    Utf8Cursor<Source, Target> cursor = {source.data(), end, nullptr, nullptr};
+    const Source* begin;
+    do {
+        begin = cursor.from;
+        Target* const to = isCounting ? unread : output.Next();
+        cursor.to = to;
+        cursor.toEnd = to + (isCounting ? std::size(unread) : output.Room());
+        convert(cursor);
+        output.Advance(static_cast<std::size_t>(cursor.to - to));
+    } while (isCounting && cursor.from != begin);
+    return static_cast<std::size_t>(cursor.from - source.data());
+}
+
+// Where a block is refused, the portable form takes as much before the kernel is asked again: text
+// may be ill-formed everywhere.
+constexpr std::size_t kPortableStretch = 64;
+
 } // namespace
 
-DWORD DecodeUtf8(Bytes bytes, bool strict, WideOutput& output) {
+DWORD DecodeUtf8(const Utf8Kernels* kernels, Bytes bytes, bool strict, WideOutput& output) {
     std::size_t position = 0;
+    std::size_t nextBlocks = 0;
     for (;;) {
-        position += ConvertOrdinary<4, 2>(bytes.subspan(position), output);
+        if (kernels != nullptr && position >= nextBlocks) {
+            position += ConvertBlocks(kernels->decode, bytes.subspan(position), output);
+            nextBlocks = position + kPortableStretch;
+        }
+        const std::size_t stretch = kernels != nullptr ? nextBlocks - position : bytes.size();
+        position += ConvertOrdinary<4, 2>(
+            bytes.subspan(position, std::min(bytes.size() - position, stretch)), output);
         position += output.PutAscii(bytes.subspan(position));
         if (position == bytes.size())
             return ERROR_SUCCESS;
@@ -214,10 +254,17 @@ DWORD DecodeUtf8(Bytes bytes, bool strict, WideOutput& output) {
     }
 }
 
-DWORD EncodeUtf8(WideText text, bool strict, ByteOutput& output) {
+DWORD EncodeUtf8(const Utf8Kernels* kernels, WideText text, bool strict, ByteOutput& output) {
     std::size_t position = 0;
+    std::size_t nextBlocks = 0;
     for (;;) {
-        position += ConvertOrdinary<2, 4>(text.subspan(position), output);
+        if (kernels != nullptr && position >= nextBlocks) {
+            position += ConvertBlocks(kernels->encode, text.subspan(position), output);
+            nextBlocks = position + kPortableStretch;
+        }
+        const std::size_t stretch = kernels != nullptr ? nextBlocks - position : text.size();
+        position += ConvertOrdinary<2, 4>(
+            text.subspan(position, std::min(text.size() - position, stretch)), output);
         position += output.PutAscii(text.subspan(position));
         if (position == text.size())
             return ERROR_SUCCESS;
@@ -237,6 +284,14 @@ DWORD EncodeUtf8(WideText text, bool strict, ByteOutput& output) {
         if (!PutSequence(character, output))
             return ERROR_INSUFFICIENT_BUFFER;
     }
+}
+
+DWORD DecodeUtf8(Bytes bytes, bool strict, WideOutput& output) {
+    return DecodeUtf8(FastestUtf8(), bytes, strict, output);
+}
+
+DWORD EncodeUtf8(WideText text, bool strict, ByteOutput& output) {
+    return EncodeUtf8(FastestUtf8(), text, strict, output);
 }
 
 } // namespace quorvel
