@@ -1,6 +1,6 @@
-// Base64. The first byte holds the flags, the next two how much room the decoder lacks; the rest is
-// decoded as narrow and as wide text, and encoded as bytes. The portable and the vector kernels
-// must agree, and what was encoded must decode to itself.
+// Base64. The first byte contains the flags; the next two say how many bytes the decoder's buffer
+// is too small. The rest is decoded as narrow and wide text, and encoded as bytes. The portable and
+// the vector kernels must agree, and encoded bytes must decode to themselves.
 #include <quorvel/util/text/base64.h>
 
 #include "fuzz_input.h"
@@ -13,7 +13,7 @@ namespace {
 struct Result {
     BOOL fitted;
     int length;
-    std::vector<BYTE> bytes; // marked where nothing was written
+    std::vector<BYTE> bytes; // unwritten bytes keep a marker
     bool operator==(const Result&) const = default;
 };
 
@@ -41,7 +41,7 @@ std::vector<Ch> Encode(const quorvel::Base64Kernels<Ch>& kernels, const std::str
 template <class Ch>
 void Check(const std::string& input, int missing, DWORD flags) {
     const int size = static_cast<int>(input.size());
-    const std::vector<Ch> text(input.begin(), input.end()); // bytes above 0x7f become 0xff80 on
+    const std::vector<Ch> text(input.begin(), input.end()); // bytes above 0x7f become 0xff80 and up
     const int room = std::max(AfxBase64DecodeGetRequiredLength(size) - missing, 0);
     const auto& portable = quorvel::PortableBase64<Ch>();
     const Result decoded = Decode(portable, text, room);

@@ -1,5 +1,5 @@
-// Judges any bytes as a UTF-16 text and as a file, and checks that a fault names a place within the
-// text and has a snippet that holds its caret.
+// Checks any bytes as a UTF-16 text and as a file. A fault must have a position in the text and a
+// snippet that contains its caret.
 #include <quorvel/xml/check_xml.h>
 
 #include "fuzz_input.h"

@@ -1,5 +1,5 @@
 // Byte sequences through every code page: a length query and the conversion agree, nothing is
-// written beyond it, and what one direction wrote the other reads.
+// written beyond that length, and each direction reads what the other wrote.
 #include <quorvel/platform/platform.h>
 
 #include "fuzz_input.h"
@@ -11,7 +11,7 @@ using namespace quorvel::win32;
 
 namespace {
 
-// Empty when they are refused. The vectors end where the text does, for the sanitizer to watch.
+// Empty when it is refused. Vectors have the exact size, so that the sanitizer finds overruns.
 std::vector<WCHAR> Decode(UINT codePage, DWORD flags, const std::vector<char>& bytes) {
     const int count = static_cast<int>(bytes.size());
     const int length = MultiByteToWideChar(codePage, flags, bytes.data(), count, nullptr, 0);

@@ -1,5 +1,5 @@
-// A saved state of columns of any values: loading ends, leaves a list in order, and what is then
-// saved loads as the same.
+// A saved column state with arbitrary values: loading ends and leaves a consistent list, and saving
+// it again gives a state that loads as the same.
 #include "fuzz_input.h"
 #include "support/registry.h"
 #include "support/simulated_columns.h"
@@ -21,7 +21,7 @@ void WriteValue(HKEY columns, FuzzInput& input) {
     HKEY key = nullptr;
     RegCreateKeyExW(columns, group, 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
     const unsigned form = input.Byte();
-    // Small numbers are what most states hold.
+    // Most stored numbers are small.
     const auto number =
         form % 4 == 0 ? input.Value<std::uint32_t>() : static_cast<std::uint32_t>(input.Byte() - 1);
     std::string bytes(reinterpret_cast<const char*>(&number), sizeof number);

@@ -1,4 +1,4 @@
-// The date parser: the first byte chooses the order of n/n/n, the others are the text.
+// The date parser: the first byte chooses the order of n/n/n; the other bytes are the text.
 #include <quorvel/util/calendar/date_parser.h>
 
 #include "fuzz_input.h"

@@ -1,5 +1,5 @@
-// Escaping. The first byte says how blanks are escaped; the rest is the text. An address has its
-// bound, and an escaped text matches itself as a pattern.
+// Escaping. The first byte says how blanks are escaped; the rest is the text. An address is limited
+// in length, and an escaped text matches itself as a pattern.
 #include <quorvel/util/text/escape.h>
 #include <quorvel/util/text/match.h>
 

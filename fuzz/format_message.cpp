@@ -1,13 +1,13 @@
-// The message formatter with an array of arguments. The first byte's lowest bit chooses: a source
-// of integer forms with stars made from the input, whose arguments are all small numbers, or the
-// input as the source, whose arguments are all texts.
+// The message formatter with an array of arguments. The lowest bit of the first byte chooses: a
+// source of integer formats with stars that is made from the input, with small numbers as
+// arguments; or the input as the source, with texts as arguments.
 #include "platform/win32.h"
 
 #include "fuzz_input.h"
 
 namespace {
 
-// At most 48 inserts.
+// At most 48 arguments.
 std::string MakeSource(FuzzInput& input) {
     static const char* const flags[] = {"", "0", "-", "+", "#", " ", "-+", "#0"};
     static const char* const widths[] = {"", "*", "7", ".*", "*.*", "*.4", "5.*", ".3"};
@@ -26,13 +26,13 @@ std::string MakeSource(FuzzInput& input) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // In either width a text; it is written to where a form asks for %n and the system obeys.
+    // Text in either width. It is writable, because a format may ask for %n and the system obey.
     alignas(16) static char text[64];
     std::memcpy(text, "text\0x\0t\0\0\0\0\0", 14);
 
     FuzzInput input(data, size);
     const int choice = input.Byte();
-    ULONG_PTR arguments[200]; // 99 numbers, and two more for each of the stars
+    ULONG_PTR arguments[200]; // 99 numbers, and two for each star
     for (ULONG_PTR& argument : arguments)
         argument = choice & 1 ? static_cast<ULONG_PTR>(&argument - arguments) % 23
                               : reinterpret_cast<ULONG_PTR>(text);
@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     constexpr DWORD untouched = 0xdead;
     SetLastError(untouched);
-    WCHAR* result = nullptr; // a text with its terminator, or an error
+    WCHAR* result = nullptr; // a terminated text, or an error
     const DWORD length =
         FormatMessageW(flags | FORMAT_MESSAGE_ALLOCATE_BUFFER, source.c_str(), 0, 0,
                        reinterpret_cast<WCHAR*>(&result), 0, reinterpret_cast<va_list*>(arguments));

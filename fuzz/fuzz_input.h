@@ -1,4 +1,4 @@
-// Reading a fuzz input as numbers, and stopping where a promise is broken.
+// Reads a fuzz input as numbers, and aborts when a promise is broken.
 #pragma once
 
 #include <quorvel/platform/platform.h>
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-// Not assert(): the replays of a release build check as well.
+// Not assert(): the replays of a release build must check as well.
 inline void Require(bool holds) {
     if (!holds)
         std::abort();
@@ -25,8 +25,8 @@ inline WideText Widened(const std::string& text) {
     return wide;
 }
 
-// A format for arguments that are all texts: without stars, which would take an address for a
-// width, and without long numbers, which only take time.
+// A format whose arguments are all texts: without stars, which would read an address as a width,
+// and without long numbers, which only take time.
 inline std::string WithoutWideForms(std::string format, int mostDigits) {
     format.resize(std::min<std::size_t>(format.size(), 96));
     int digits = 0;
@@ -38,7 +38,7 @@ inline std::string WithoutWideForms(std::string format, int mostDigits) {
     return format;
 }
 
-// Past the end there are zeros.
+// Returns zeros after the end.
 class FuzzInput {
 public:
     FuzzInput(const std::uint8_t* data, std::size_t size) : m_data(data), m_end(data + size) {}
@@ -55,14 +55,14 @@ public:
         return number;
     }
 
-    // All bytes that are left; and up to a zero.
+    // All remaining bytes; and those up to a zero.
     std::string Bytes() const { return std::string(m_data, m_end); }
     std::string Rest() const { return std::string(Bytes().c_str()); }
 
-    // As UTF-16 with one unit more, which is 0.
+    // The same as UTF-16, with one additional unit, which is 0.
     std::vector<WCHAR> Units() const {
         std::vector<WCHAR> units(static_cast<std::size_t>(m_end - m_data) / sizeof(WCHAR) + 1);
-        const std::string bytes = Bytes(); // memcpy wants a place even for nothing
+        const std::string bytes = Bytes(); // memcpy needs a valid pointer even for size 0
         std::memcpy(units.data(), bytes.data(), (units.size() - 1) * sizeof(WCHAR));
         return units;
     }

@@ -1,5 +1,5 @@
-// Reads a server's answer as a whole and in pieces, which must agree: the first byte seeds the
-// sizes of the pieces, then come the header with its blank line, and the body.
+// Reads a server's answer as a whole and in pieces, which must agree. The first byte seeds the
+// sizes of the pieces; the header with its blank line and the body follow.
 #include "fuzz_input.h"
 #include "net/http_header_reader.h"
 #include "update/body_decoder.h"
@@ -22,7 +22,7 @@ void RequireSame(const CHttpHeader& left, const CHttpHeader& right) {
     }
 }
 
-// Hands out the bytes in pieces of the sizes that `nextSize` gives.
+// Passes the bytes on in pieces of the sizes that `nextSize` returns.
 template <class NextSize, class Take>
 void InPieces(const std::string& bytes, NextSize nextSize, Take take) {
     for (std::size_t at = 0, count = 0; at < bytes.size(); at += count) {
@@ -72,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto all = [&] { return body.size(); };
     const auto first = Decode(header, body, all, whole);
     const auto second = Decode(header, body, next, inPieces);
-    // A damaged place may lie in one piece with bytes that make the body too long.
+    // A fault may be in the same piece as the bytes that make the body too long.
     const auto isRefused = [](Decoder::Outcome each) {
         return each == Decoder::Outcome::Damaged || each == Decoder::Outcome::TooLong;
     };

@@ -1,5 +1,5 @@
-// Streams. The first byte chooses the buffers; the rest is decompressed by the library and by zlib
-// alone, and the two must agree.
+// Streams. The first byte chooses the buffers. The library and zlib alone decompress the rest and
+// must agree.
 #include <quorvel/util/compression/zstream.h>
 
 #include "fuzz_input.h"
@@ -7,15 +7,15 @@
 
 namespace {
 
-constexpr std::size_t kMostInput = 4096; // a stream grows a thousandfold
+constexpr std::size_t kMostInput = 4096; // a stream can grow a thousandfold
 
 struct Result {
     bool whole = false;
-    std::string bytes;  // as far as there are any
-    ULONGLONG used = 0; // of a whole stream
+    std::string bytes;  // possibly only the first part
+    ULONGLONG used = 0; // of a complete stream
     bool operator==(const Result&) const = default;
 
-    // How much comes out of a bad stream depends on the buffers.
+    // The output of a bad stream depends on the buffers.
     bool AgreesWith(const Result& zlib) const {
         return *this == zlib || (!whole && !zlib.whole && zlib.bytes.starts_with(bytes));
     }

@@ -1,4 +1,4 @@
-// Judges a link, and links near it that would start a program.
+// Checks a link, and similar links that would start a program.
 #include "system/link_rule.h"
 
 #include <quorvel/util/text/validation.h>
@@ -18,7 +18,7 @@ WideText Lower(WideText text) {
     return text;
 }
 
-// What makes a program of a document's path, whichever part a reader of it takes.
+// Endings that make a document's path a program, for any part that a reader may take.
 constexpr const WCHAR* kEndsOfPrograms[] = {
     _T(".exe"), _T("%2eexe"), _T(".lnk"),    _T(":x.exe"),        _T("?.exe"),
     _T("#.js"), _T("/.bat"),  _T("%00.txt"), _T("\\..\\cmd.exe"), _T(". ")};

@@ -1,5 +1,5 @@
-// Parses any bytes as a document, as UTF-16 and through a code page, walks all of it and reads
-// every element, and checks what must hold of any index.
+// Parses any bytes as a document, as UTF-16 and through a code page, visits and reads all elements,
+// and checks the invariants of the index.
 #include "fuzz_input.h"
 #include "xml/markup_probe.h"
 

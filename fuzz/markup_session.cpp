@@ -1,5 +1,5 @@
-// Makes the calls that the bytes name directly on one document and through a session on another:
-// results, what is read, text, index and positions must agree.
+// Makes the calls that the bytes describe directly on one document and through a session on
+// another. Results, text, index and positions must agree.
 #include "xml/session_script.h"
 
 #include <cstdlib>

@@ -1,11 +1,11 @@
-// Regular expressions. The first byte holds the case flag and the pattern's length; the rest is the
-// pattern and the text. Whatever they are, the call ends; ASCII gives the same on both widths.
+// Regular expressions. The first byte holds the case flag and the length of the pattern; pattern
+// and text follow. Each call ends, and ASCII gives the same result in both widths.
 #include <quorvel/util/text/match.h>
 
 #include "fuzz_input.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    constexpr std::size_t longest = 256; // beyond it the inputs are slow and no more telling
+    constexpr std::size_t longest = 256; // longer inputs are slow and find no more
     if (size > longest)
         return 0;
     FuzzInput input(data, size);

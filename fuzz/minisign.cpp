@@ -1,5 +1,5 @@
-// Reads the input as a key and as a signature. What is read has one text only: any other that is
-// read the same differs in line ends and in the comment that nobody signs.
+// Parses the input as a key and as a signature. Each has only one text: another text with the same
+// meaning differs only in line ends and in the unsigned comment.
 #include "update/minisign.h"
 #include "fuzz_input.h"
 

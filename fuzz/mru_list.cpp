@@ -1,5 +1,5 @@
-// A saved list of texts of any values: loading ends within the limit, the texts are enumerated as
-// they were loaded, and what is then saved loads as the same but for texts of white space.
+// A saved list of texts with arbitrary values: loading stops at the limit, the enumerator returns
+// the loaded texts, and saving again gives the same list, except texts of white space.
 #include <quorvel/controls/auto_complete_mru_list.h>
 
 #include "fuzz_input.h"

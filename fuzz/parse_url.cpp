@@ -1,4 +1,4 @@
-// Splits an Internet address and puts its parts together again, which must give the same parts.
+// Splits an Internet address and joins its parts again, which must give the same parts.
 #include <quorvel/framework/inet.h>
 
 #include "fuzz_input.h"

@@ -1,5 +1,5 @@
-// The readers of PE files, resource sections and version blocks: whatever they hand out of hostile
-// bytes must lie in them.
+// The readers of PE files, resource sections and version blocks: results from hostile bytes must
+// lie inside these bytes.
 #include "platform/linux/resources/pe_image.h"
 #include "platform/linux/resources/version_block.h"
 
@@ -24,7 +24,7 @@ void CheckInside(Bytes all, const void* start, std::size_t size) {
 void CheckStrings(Bytes section, const PeResources& resources) {
     const PeStringTable strings(resources, {kLanguages, true});
     DWORD error;
-    for (WORD id = 90; id < 130; ++id) // those of the samples are among them
+    for (WORD id = 90; id < 130; ++id) // includes those of the samples
         if (const auto found = strings.Find(id, error))
             CheckInside(section, found->data(), found->size() * sizeof(WCHAR));
 }
@@ -57,7 +57,7 @@ void CheckResources(Bytes section, const PeSection& where) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // On the heap, so that a sanitizer sees the ends.
+    // On the heap, so that a sanitizer finds overruns.
     const std::vector<BYTE> file(data, data + size);
     CheckVersion(file);
     CheckResources(file, {0, static_cast<DWORD>(size), 0x1000, 0});
@@ -65,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto head = ReadPeHead(Bytes(file).first(std::min(size, kPeHeadSize)));
     if (!head)
         return 0;
-    // As much of the section as there is: the reader itself must bear less than was promised.
+    // The existing part of the section: the reader must accept less than was announced.
     const std::size_t start = std::min<std::size_t>(head->resources.fileOffset, size);
     const std::size_t count = std::min<std::size_t>(head->resources.size, size - start);
     const std::vector<BYTE> section(file.begin() + static_cast<std::ptrdiff_t>(start),

@@ -1,6 +1,6 @@
-// printf forms. The first byte's lowest bit chooses: one conversion made from the input, with an
-// argument of the type that it asks for, or the input as the format, with arguments that are safe
-// as anything.
+// printf formats. The lowest bit of the first byte chooses: one conversion made from the input,
+// with an argument of its type; or the input as the format, with arguments that are safe for every
+// conversion.
 #include "platform/win32.h"
 
 #include "fuzz_input.h"
@@ -20,15 +20,15 @@ int Print(char* text, std::size_t size, const char* format, va_list arguments) {
     return _vsnprintf(text, size, format, arguments);
 }
 
-// The printed text, empty when it is refused or too long to be worth while. The measured and the
-// printed length agree.
+// The printed text; empty when it is refused or too long to be useful. The measured and the printed
+// length must agree.
 template <class Ch>
 std::basic_string<Ch> Printed(const Ch* format, ...) {
     va_list arguments, again;
     va_start(arguments, format);
     va_copy(again, arguments);
     const int length = Print(static_cast<Ch*>(nullptr), 0, format, arguments);
-    std::vector<Ch> text; // exactly as long: what is written behind it is found
+    std::vector<Ch> text; // the exact size: reveals overruns
     if (length > 0 && length < 100'000) {
         text.resize(static_cast<std::size_t>(length));
         Require(Print(text.data(), text.size(), format, again) == length);
@@ -38,7 +38,7 @@ std::basic_string<Ch> Printed(const Ch* format, ...) {
     return std::basic_string<Ch>(text.begin(), text.end());
 }
 
-// Both widths print the same, except texts, which differ in type.
+// Both widths must print the same, except texts, which differ in type.
 template <class... Arguments>
 std::string PrintedTwice(const std::string& format, Arguments... arguments) {
     const std::string narrow = Printed(format.c_str(), arguments...);
@@ -52,8 +52,8 @@ int SmallNumber(FuzzInput& input) {
     return number < 250 ? number - 20 : extremes[number % 4];
 }
 
-// One conversion with flags, a width and a precision; what the Windows runtime shares with the C
-// library is compared with that, and an exact number is read back.
+// One conversion with flags, a width and a precision. Results that the Windows runtime shares with
+// the C library are compared with the latter; an exact number is parsed back.
 void CheckConversion(FuzzInput& input) {
     std::string format = "%";
     for (int flags = input.Byte(), i = 0; i < 5; ++i)
@@ -62,7 +62,7 @@ void CheckConversion(FuzzInput& input) {
     const bool fillsWithZeros = format.find('0') != format.npos;
     format += "*.*";
     const int width = SmallNumber(input);
-    const int precision = SmallNumber(input); // none when negative
+    const int precision = SmallNumber(input); // negative: no precision
     const int type = input.Byte() % 17;
     const auto bits = input.Value<std::uint64_t>();
     if (type >= 9) {
@@ -92,7 +92,7 @@ void CheckConversion(FuzzInput& input) {
         check("I64", "ll", static_cast<long long>(bits));
 }
 
-// A text in either width, and as an integer or the half of one an odd but possible number.
+// A text in either width. As an integer, or half of one, it is an odd but possible number.
 alignas(16) char s_anything[64] = "text\0x\0t\0\0\0\0\0";
 
 template <std::size_t... indices>

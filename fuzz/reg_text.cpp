@@ -1,4 +1,4 @@
-// .reg text as the settings example reads it: what is taken is written and read back the same.
+// .reg text as the settings example reads it: accepted text is written and read back the same.
 #include "settings/reg_text.h"
 
 #include "fuzz_input.h"

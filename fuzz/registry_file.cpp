@@ -1,5 +1,5 @@
-// A registry file of any bytes: every call ends, a damaged file ends up aside, and after that a new
-// one serves.
+// A registry file with any bytes: every call ends, a damaged file is moved aside, and afterwards a
+// new file works.
 #include "platform/linux/registry/registry_store.h"
 
 #include "fuzz_input.h"
@@ -55,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Enumerate(store, kUser, 0);
     for (int call = 0; call < 20; ++call) {
         if (Change(store) != ERROR_REGISTRY_CORRUPT)
-            return 0; // it serves, or is refused
+            return 0; // the file works or is refused
         Require(folder.Has(_T("r.damaged-1")));
     }
     std::abort(); // a new file is damaged again and again

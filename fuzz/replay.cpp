@@ -1,4 +1,4 @@
-// Replays a corpus folder through a fuzz target, for builds without libFuzzer.
+// Runs a fuzz target on all files of a corpus folder, for builds without libFuzzer.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>

@@ -1,5 +1,5 @@
-// Importing the keys of a scheme: a refused text changes nothing, and what was taken is exported
-// and imported as it is.
+// Importing the keys of a scheme: a refused text changes nothing, and imported keys are exported
+// and imported unchanged.
 #include <quorvel/keyboard/keyboard_mapping_scheme.h>
 #include <quorvel/keyboard/shortcut_key_text.h>
 

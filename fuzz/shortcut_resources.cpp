@@ -1,4 +1,4 @@
-// The readers of accelerator tables and menus in the files of strangers.
+// The readers of accelerator tables and menus, with files from strangers.
 #include "keyboard/resource_reader.h"
 
 #include "fuzz_input.h"
@@ -6,7 +6,7 @@
 using namespace quorvel;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // On the heap, so that a sanitizer sees the ends.
+    // On the heap, so that a sanitizer finds overruns.
     const std::vector<BYTE> bytes(data, data + size);
     std::vector<ACCEL> entries(1, ACCEL{0xee, 1, 2});
     const bool isTable = ReadAccelerators(bytes, entries);

@@ -1,4 +1,4 @@
-// Loads any bytes as an update listing, and checks what must hold of the entries and that a refused
+// Loads any bytes as an update listing, and checks the invariants of the entries and that a refused
 // file changes nothing.
 #include <quorvel/update/update_listing.h>
 

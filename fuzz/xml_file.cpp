@@ -1,5 +1,5 @@
-// Takes any bytes for a file: what is said of its encoding, whether it loads, and whether what was
-// loaded is the same after it was saved and loaded again.
+// Reads any bytes as a file: its detected encoding, whether it loads, and whether a document is the
+// same after it was saved and loaded again.
 #include "fuzz_input.h"
 #include "support/temporary_folder.h"
 
@@ -18,8 +18,8 @@ void CheckDetection(const std::uint8_t* data, std::size_t size) {
     Require(bomLength >= 0 && static_cast<std::size_t>(bomLength) <= size);
 }
 
-// Of UTF-16 the declaration that is stored may go on behind its end; that one is found again only
-// in part.
+// For UTF-16 the stored declaration may include text after its end. Then only a part of it is found
+// again.
 bool EndsOnce(const CString& declaration) {
     return declaration.Find(_T("?>")) == declaration.GetLength() - 2;
 }

@@ -15,7 +15,7 @@ TEST(App, MessageBoxesGoThroughTheApplication) {
     EXPECT_EQ(AfxMessageBox(_T("text"), MB_YESNO | MB_ICONSTOP, 7), IDNO);
     EXPECT_EQ(AfxMessageBox(quorvel::kTextExceptionMemory), IDNO);
     EXPECT_EQ(AfxMessageBox(quorvel::kTextExceptionMemory, MB_OK, 8), IDNO);
-    EXPECT_EQ(AfxMessageBox(1u), 0); // no such text, no box
+    EXPECT_EQ(AfxMessageBox(1u), 0); // a missing text: no box
     const std::vector<RecordedMessageBox> expected = {
         {_T("text"), MB_YESNO | MB_ICONSTOP, 7},
         {memory, MB_OK, quorvel::kTextExceptionMemory},

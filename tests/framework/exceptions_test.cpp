@@ -28,7 +28,7 @@ TEST(Exceptions, AreCaughtByTheirBaseAndKnowTheirClass) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        for (int time = 0; time < 2; ++time) { // a static one can be thrown again
+        for (int time = 0; time < 2; ++time) { // a static exception can be thrown again
             try {
                 row.raise();
                 ADD_FAILURE();
@@ -54,7 +54,7 @@ TEST(Exceptions, SystemErrorsHaveACause) {
     };
     for (const auto& [error, cause] : rows)
         EXPECT_EQ(CFileException::OsErrorToException(static_cast<LONG>(error)), cause) << error;
-    CFileException::ThrowOsError(0, _T("name")); // which is no error
+    CFileException::ThrowOsError(0, _T("name")); // 0 is not an error
 }
 
 TEST(Exceptions, TellTheCatalogueTextOfTheirCause) {

@@ -25,21 +25,21 @@ TEST(ExtensionModule, TextsComeFromTheProgramThenTheNewestThenTheSystemEntries) 
                   copy.Module());
         EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCEW(1), stringTable), AfxGetResourceHandle());
 
-        AFX_EXTENSION_MODULE state = {}; // of a module that has no texts
+        AFX_EXTENSION_MODULE state = {}; // for a module without texts
         ASSERT_TRUE(AfxInitExtensionModule(state, GetModuleHandleW(nullptr)));
         auto* const entry = new CDynLinkLibrary(state);
         EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
-        entry->m_hResource = german.Module(); // another module's resources in place of its own
+        entry->m_hResource = german.Module(); // uses another module's resources
         EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
         entry->m_bSystem = TRUE;
         EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
         entry->m_bSystem = FALSE;
-        entry->m_hResource = nullptr; // hides none of the entries behind it
+        entry->m_hResource = nullptr; // does not hide the entries after it
         EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
         delete entry;
         (new CDynLinkLibrary(state))->m_hResource = german.Module();
         EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
-        AfxTermExtensionModule(state); // and with it the entry
+        AfxTermExtensionModule(state); // deletes the entry as well
         EXPECT_FALSE(state.bInitialized);
         EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
 
@@ -50,7 +50,7 @@ TEST(ExtensionModule, TextsComeFromTheProgramThenTheNewestThenTheSystemEntries) 
 }
 
 TEST(ExtensionModule, StringsLoadFromTheChain) {
-    constexpr UINT kText = quorvel::kTextSystemError; // with %1
+    constexpr UINT kText = quorvel::kTextSystemError; // contains %1
     const GermanTexts german;
     const CString format = german.Text(kText);
     ASSERT_GE(format.Find(_T("%1")), 0);

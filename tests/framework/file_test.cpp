@@ -64,13 +64,13 @@ TEST_F(File, ReadsWritesAndSeeks) {
     file.Flush();
     EXPECT_EQ(Contents(), std::string("0123\0\0x", 7));
 
-    // Positions are 64 bits wide; nothing is written there.
+    // Positions have 64 bits. Nothing is written there.
     EXPECT_EQ(file.Seek(0x123456789LL, CFile::begin), 0x123456789u);
     EXPECT_EQ(CauseOf<E>([&] { file.Seek(-1, CFile::begin); }), E::badSeek);
 
     const std::unique_ptr<CFile> twin(file.Duplicate());
     twin->SeekToBegin();
-    EXPECT_EQ(file.GetPosition(), 0u); // shared
+    EXPECT_EQ(file.GetPosition(), 0u); // the position is shared
     file.Close();
     EXPECT_EQ(twin->Read(bytes, 4), 4u);
     EXPECT_EQ(twin->GetFileName(), _T("file.tmp"));

@@ -1,4 +1,4 @@
-// The map of handles to objects.
+// The map from handles to objects.
 #include "framework/handle_map.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ struct Counted {
     static inline int s_count = 0;
 };
 
-// Every hundredth handle still means something.
+// Every hundredth handle is still valid.
 struct Traits {
     using Object = Counted;
     using Handle = int;

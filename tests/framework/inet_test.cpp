@@ -5,7 +5,7 @@
 
 namespace {
 
-// As in "http host 80 /path"; "none" for what is no address, which changes nothing.
+// As in "http host 80 /path"; "none" for an invalid address, which must not change the outputs.
 CString PartsOf(const WCHAR* url) {
     DWORD serviceType = 77;
     CString server(_T("kept")), object(_T("kept"));

@@ -9,7 +9,7 @@
 
 namespace {
 
-// What is done to a text, what it is then and what that returned.
+// A change of a text, its result, and the return value.
 struct Change {
     const char* label;
     const WCHAR* text;
@@ -23,7 +23,7 @@ struct Change {
     }
 #define EFFECT(text, change, expected) CHANGE(text, (static_cast<void>(change), 0), expected, 0)
 
-// Every change is made to a string of its own and to one that shares its characters with another,
+// Makes each change to a separate string and to one that shares its characters with another string,
 // which must not change.
 void ExpectChanges(std::initializer_list<Change> rows) {
     for (const Change& row : rows) {
@@ -41,7 +41,7 @@ void ExpectChanges(std::initializer_list<Change> rows) {
 
 const WCHAR* const kNull = nullptr;
 
-// What compiles.
+// Whether a call compiles.
 template <class String, class... Inserts>
 concept Formats = requires(String s, const typename String::XCHAR* format, Inserts... inserts) {
     s.Format(format, inserts...);
@@ -101,7 +101,7 @@ TEST(String, CopiesShareTheirCharactersUntilOneIsChanged) {
     EXPECT_EQ(second, _T("axc"));
     CString moved(std::move(second));
     EXPECT_EQ(moved, _T("axc"));
-    EXPECT_TRUE(second.IsEmpty()); // NOLINT: a string that was moved from is empty
+    EXPECT_TRUE(second.IsEmpty()); // NOLINT: a moved-from string is empty
     moved = moved.GetString();
     moved = *&moved;
     EXPECT_EQ(moved, _T("axc"));
@@ -168,14 +168,14 @@ TEST(String, FindsPlaces) {
 }
 
 TEST(String, TokensAreWhatLiesBetweenSeparators) {
-    // With a bar behind each.
+    // The tokens, each followed by a bar.
     const auto tokens = [](const CString& text, const WCHAR* separators) {
         CString found;
         int position = 0;
         for (CString token = text.Tokenize(separators, position); position != -1;
              token = text.Tokenize(separators, position))
             found += token + _T("|");
-        EXPECT_TRUE(text.Tokenize(separators, position).IsEmpty()); // and stays at its end
+        EXPECT_TRUE(text.Tokenize(separators, position).IsEmpty()); // stays at the end
         EXPECT_EQ(position, -1);
         return found;
     };
@@ -188,7 +188,7 @@ TEST(String, TokensAreWhatLiesBetweenSeparators) {
 TEST(String, ComparesByUnitAndWithoutCase) {
     const std::tuple<const WCHAR*, const WCHAR*, int, int> rows[] = {
         {_T("abc"), _T("abd"), -1, -1}, {_T("abc"), _T("ab"), 1, 1},
-        {_T("A"), _T("_"), -1, 1}, // small letters are compared
+        {_T("A"), _T("_"), -1, 1}, // compares lower-case letters
         {_T("\xffe0"), _T("a"), 1, 1},  {_T("\xe4"), _T("\xc4"), 1, 0},
         {_T(""), nullptr, 0, 0},
     };
@@ -218,7 +218,7 @@ TEST(String, SumsAndConversions) {
 }
 
 TEST(String, ConvertsFromAndToTheStandardLibrary) {
-    // UTF-8 beside its UTF-16, both as they come and as they go.
+    // UTF-8 bytes, their UTF-16, and the UTF-8 converted back.
     const std::tuple<std::string, std::u16string, std::string> rows[] = {
         {"", u"", ""},
         {"J\xc3\xbcrgen", u"J\u00fcrgen", "J\xc3\xbcrgen"},
@@ -248,7 +248,7 @@ TEST(String, ConvertsFromAndToTheStandardLibrary) {
 
 TEST(String, OrdersInContainersByItsText) {
     typedef std::pair<CString, int> Named;
-    const CString low(_T("a")), high(_T("b")), copy(high.GetString()); // each at its own address
+    const CString low(_T("a")), high(_T("b")), copy(high.GetString()); // at different addresses
     ExpectCases<bool>({
         CASE(Named(low, 2) < Named(high, 1), true),
         CASE(Named(high, 1) < Named(low, 2), false),
@@ -261,7 +261,7 @@ TEST(String, OrdersInContainersByItsText) {
 
 TEST(String, EqualStringsHaveOneHash) {
     const CString text(_T("ab"));
-    const CString longer(_T("ab\0c"), 4); // equal: the comparison ends at the first zero
+    const CString longer(_T("ab\0c"), 4); // equal: comparison ends at the first zero
     EXPECT_EQ(std::unordered_set<CString>({text, longer, CString(_T("abc"))}).size(), 2u);
     EXPECT_EQ(std::unordered_set<CStringA>({CStringA("ab"), CStringA("ab")}).size(), 1u);
 }
@@ -279,7 +279,7 @@ TEST(String, ALengthNearTheLimitIsRefusedAndNothingChanges) {
     for (const Operation operation : std::initializer_list<Operation>{
              [](CString& s) { s.GetBuffer(INT_MAX); },
              [](CString& s) { s.SetString(_T("x"), INT_MAX); },
-             [](CString& s) { s.Append(_T("x"), INT_MAX - 3); }, // with what is there
+             [](CString& s) { s.Append(_T("x"), INT_MAX - 3); }, // together with the present text
              [](CString& s) { s = CString('x', INT_MAX); },
              [](CString& s) { s = CString(std::basic_string_view<WCHAR>(_T("x"), INT_MAX)); },
          }) {

@@ -10,7 +10,7 @@ TEST(StringThreads, CopiesOfOneTextAreChangedAndDroppedOnManyThreads) {
     std::atomic<int> wrong = 0;
     std::vector<std::thread> threads;
     for (int number = 0; number < 4; ++number) {
-        // Each thread has a copy to itself, all copies have one text.
+        // Each thread has its own copy; all copies share one text.
         threads.emplace_back([mine = original, number, &wrong] {
             CString expected(_T("shared"));
             expected.AppendFormat(_T("%d"), number);

@@ -1,4 +1,4 @@
-// Worker threads and the life of their objects.
+// Worker threads and the lifetime of their objects.
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/win_thread.h>
 
@@ -29,7 +29,7 @@ void WaitFor(const std::atomic<int>& value, int expected) {
         std::this_thread::yield();
 }
 
-// The exit code, after the thread's end.
+// Waits for the thread and returns its exit code.
 DWORD Await(HANDLE thread) {
     DWORD code = 0;
     EXPECT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);

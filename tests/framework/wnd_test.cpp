@@ -1,5 +1,5 @@
-// CWnd over real windows: the maps from handles to objects, creation and its hook, message maps,
-// and what happens to exceptions.
+// CWnd with real windows: the maps from handles to objects, creation and its hook, message maps,
+// and handling of exceptions.
 #include <quorvel/framework/app.h>
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/wnd.h>
@@ -26,7 +26,7 @@ enum : UINT {
 };
 constexpr UINT kNotification = 7;
 
-// The window's own procedure, beneath the object.
+// The window's own procedure.
 LRESULT CALLBACK OwnProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == kPassedOn || message == kOfProcedure)
         return static_cast<LRESULT>(wParam) * 100 + lParam;
@@ -75,12 +75,12 @@ public:
             *m_deleted = true;
     }
     bool m_throwAtCreation = false;
-    bool* m_deleted = nullptr; // set: the object deletes itself with its window
+    bool* m_deleted = nullptr; // if set, the object deletes itself with its window
 
 protected:
     LRESULT OnOverridden(WPARAM, LPARAM) { return 2; }
     LRESULT OnPassedOn(WPARAM, LPARAM) {
-        SendMessage(kHandled); // must not change what Default passes on
+        SendMessage(kHandled); // must not change the message of Default
         return Default() + 1;
     }
     LRESULT OnCreated(WPARAM, LPARAM) {
@@ -224,7 +224,7 @@ TEST_F(Wnd, MessagesReachTheirMembers) {
         CASE(wnd.SendMessage(kOverridden), 2),
         CASE(wnd.SendMessage(kPassedOn, 3, 4), 305),
         CASE(wnd.SendMessage(kOfProcedure, 3, 4), 304),
-        CASE(wnd.SendMessage(kThrowException), 0), // was shown: the thrower notified the user
+        CASE(wnd.SendMessage(kThrowException), 0), // not shown: CUserException
         CASE(wnd.SendMessage(kThrowNumber), 0),
     });
     const auto boxes = app.Take();
@@ -270,14 +270,14 @@ TEST_F(Wnd, TheCreationHookTakesTheNextWindowAlone) {
     EXPECT_FALSE(AfxUnhookWindowCreate()) << "no window came";
 }
 
-// Vector registers are spilled to the stack by instructions that fault when it is not aligned; a
-// caller from outside aligns it to the width of an address only.
+// Vector registers are spilled to the stack by instructions that fault on unaligned memory. A
+// caller from outside aligns the stack only to the width of an address.
 typedef float Vector __attribute__((vector_size(16)));
 
 float SumOnAlignedStack(float first) {
     volatile Vector spilled = {first, 2, 3, 4};
     UINT_PTR address = reinterpret_cast<UINT_PTR>(&spilled);
-    asm volatile("" : "+r"(address)); // otherwise the compiler takes the alignment for granted
+    asm volatile("" : "+r"(address)); // otherwise the compiler assumes the alignment
     EXPECT_EQ(address % 16, 0u);
     const Vector doubled = spilled + spilled;
     return doubled[0] + doubled[1] + doubled[2] + doubled[3];

@@ -204,7 +204,7 @@ TEST(KeyboardMappingScheme, TakesTablesAndVectorsAsTheyAre) {
 
     EXPECT_TRUE(scheme.SetUsingAcceleratorTable(table, 4));
     EXPECT_EQ(TextOf(scheme), "300 C83; 100 112; 300 C83; 0 S65");
-    // A binary search of an order that is not there: at 100, 300 comes first.
+    // The order is wrong for a binary search: at 100, 300 comes first.
     EXPECT_EQ(scheme.FindCommandID(0), -1);
     EXPECT_EQ(scheme.FindCommandID(100), -1);
     EXPECT_TRUE(scheme.SetShortcutKey(300, kCtrlS)) << "the key leaves both";

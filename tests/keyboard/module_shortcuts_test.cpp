@@ -1,4 +1,4 @@
-// Shortcuts of modules: the readers on bytes, and a sample module.
+// Shortcuts of modules: the readers with given bytes, and a sample module.
 #include <quorvel/keyboard/module_shortcuts.h>
 
 #include "keyboard/resource_reader.h"
@@ -8,7 +8,7 @@
 
 namespace {
 
-// Numbers as little-endian words, and texts, one after another.
+// Appends numbers as little-endian words, and texts.
 class Bytes : public std::vector<BYTE> {
 public:
     template <class... Parts>
@@ -60,7 +60,7 @@ TEST(ResourceReader, ReadsMenusOfBothForms) {
     const Bytes plain(0, 0, 0x10, "&File", 0, 100, "&Save\tCtrl+S", 0, 0, "", 0x90, "&More", 0x80,
                       101, "A && B&", 0x80, 100, "Again");
     EXPECT_EQ(LabelsOf(plain), " 100=Save 101=A & B");
-    // Items begin at multiples of four bytes: a zero fills where that is not so.
+    // Items start at multiples of four bytes; zeros fill the gaps.
     const Bytes extended(1, 4, 0, 0, 0, 0, 0, 0, -1, -1, 1, "&File", 0, 0, 0, 0, 0, 0, 0, 70000,
                          70000 >> 16, 0x80, "E&xit\bright", 0, 0, 0, 0, 0, 102, 0, 0x80, "About");
     EXPECT_EQ(LabelsOf(extended), " 102=About 70000=Exit");

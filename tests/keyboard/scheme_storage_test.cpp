@@ -15,7 +15,7 @@ void LoadDefaults(Scheme& scheme) {
     scheme.AddKeyboardShortcut({200, _T("Close"), CShortcutKey()});
     scheme.AddKeyboardShortcut({300, _T("Save"), Key('S', kCtrl)});
 }
-// As a later version has them: Close has a key, Save another one, and Print is new.
+// The defaults of a later version: Close has a key, Save has a different key, and Print is new.
 void LoadLaterDefaults(Scheme& scheme) {
     LoadDefaults(scheme);
     scheme.SetShortcutKey(200, Key('W', kCtrl));
@@ -84,7 +84,7 @@ TEST(SchemeStorage, ReportsRowsAndImportsNothingByHalves) {
     const struct {
         const WCHAR* rows;
         const char* problems;
-        const char* skipped; // the scheme when faulty rows are left out
+        const char* skipped; // the scheme without the faulty rows
     } rows[] = {
         {_T(""), "", "100 Open C79; 200 Close -; 300 Save C83"},
         {_T("<shortcut command='200' key='F5'/>"), "", "100 Open C79; 200 Close 116; 300 Save C83"},

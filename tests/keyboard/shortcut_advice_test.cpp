@@ -1,4 +1,4 @@
-// What users are shown about keys: conflicts, cheat sheets, texts of menu items.
+// Information for users about keys: conflicts, cheat sheets, texts of menu items.
 #include <quorvel/keyboard/cheat_sheet.h>
 #include <quorvel/keyboard/menu_text.h>
 
@@ -30,7 +30,7 @@ std::string Kinds(const std::vector<CShortcutConflict>& conflicts) {
 } // namespace
 
 TEST(ShortcutConflicts, AreFoundBeforeAKeyIsGiven) {
-    // As on a German layout: AltGr, which is Ctrl+Alt, and Q, E and the circumflex, a dead key.
+    // A German layout: AltGr, which is Ctrl+Alt, with Q and E; and the circumflex, a dead key.
     const quorvel::TypedCharacter german = [](const CShortcutKey& key) -> WCHAR {
         const bool isAltGr = key.UsesControlKeyModifier() && key.UsesAltKeyModifier();
         switch (key.GetVirtualKeyCode()) {
@@ -51,7 +51,7 @@ TEST(ShortcutConflicts, AreFoundBeforeAKeyIsGiven) {
         {CShortcutKey(), ""},
         {Key('N', kCtrl), ""},
         {Key('O', kCtrl), "h100"},
-        {Key(VK_PAUSE, kCtrl), ""}, // its own
+        {Key(VK_PAUSE, kCtrl), ""}, // its own key
         {Key(VK_F4, kAlt), "k"},
         {Key(VK_F4, kAlt | kShift), ""},
         {Key(VK_F4, kCtrl), ""},
@@ -74,7 +74,7 @@ TEST(ShortcutConflicts, AreFoundBeforeAKeyIsGiven) {
         EXPECT_EQ(Kinds(quorvel::FindShortcutConflicts(Sample(), 300, row.key, german)),
                   row.conflicts)
             << TextOf(row.key);
-    // The layout that is there: US in both builds, without AltGr.
+    // The current layout: US in both builds, without AltGr.
     EXPECT_EQ(Kinds(AfxGetShortcutConflicts(Sample(), 300, Key('Q', kCtrl | kAlt))), "");
     const auto conflicts = AfxGetShortcutConflicts(Sample(), 300, Key('Q', kShift));
     ASSERT_EQ(Kinds(conflicts), "p");

@@ -37,7 +37,7 @@ TEST(ShortcutKey, HasANameAndARank) {
         {Key(VK_RETURN, kExtended), _T("Enter"), _T("Num Enter"), 1},
         {Key(VK_DIVIDE, kExtended), _T("Num /"), _T("Num /"), 1},
         {Key(VK_PAUSE, kCtrl), _T("Ctrl+"), _T("Ctrl+"), 2},
-        {Key(0x141, 0xf0), _T(""), _T(""), 1}, // what is no code and no modifier is stored
+        {Key(0x141, 0xf0), _T(""), _T(""), 1}, // invalid codes and modifiers are stored too
     };
     for (const auto& row : rows) {
         EXPECT_EQ(row.key.GetShortcutKeyName(1), row.standardName) << TextOf(row.key);
@@ -96,7 +96,7 @@ TEST(KeyboardShortcut, TakesCharactersOfAcceleratorsByTheLayout) {
         {FALT, '?', Key(VK_OEM_2, kShift | kAlt)},
         {FCONTROL, 'q', Key('Q', kCtrl)},
         {0, 1, Key('A', kCtrl)},
-        {FSHIFT, 0x20ac, Key(0x20ac, kShift)}, // no key types it
+        {FSHIFT, 0x20ac, Key(0x20ac, kShift)}, // no key types this character
         {FVIRTKEY, '!', Key('!')},
     };
     for (const auto& row : rows) {

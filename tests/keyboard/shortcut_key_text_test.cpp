@@ -39,7 +39,7 @@ TEST(ShortcutKeyText, IsReadBack) {
 TEST(ShortcutKeyText, IsReadAsPeopleWriteIt) {
     const struct {
         const WCHAR* text;
-        const char* key; // "M": refused, and the marker still there
+        const char* key; // "M": refused, with the marker unchanged
     } rows[] = {
         {_T(" shift + CTRL+a "), "CS65"},
         {_T("page up"), "33"},

@@ -23,7 +23,7 @@ const CKeyboardMappingScheme& Defaults() {
     return s_scheme;
 }
 
-// The rows as they are shown: "1:C79 4:-".
+// The rows as shown: "1:C79 4:-".
 std::string RowsOf(const ShortcutList& list) {
     std::string text;
     for (const ShortcutList::Row* const row : list.GetRows()) {
@@ -160,7 +160,7 @@ TEST(ShortcutList, SortsRowsWithoutAKeyLast) {
         list.Load(0);
         SortBy(list, row.column, row.isAscending);
         EXPECT_EQ(RowsOf(list), row.rows) << row.column << row.isAscending;
-        // The orders themselves agree, and pass over rows of another class.
+        // The orders themselves must agree, and must ignore rows of a different class.
         const auto order = ShortcutList::OrderOf(row.column, row.isAscending);
         for (int i = 0; order != nullptr && i < 4; ++i) {
             CVirtualListCtrlItem* const item = list.GetRow(i);

@@ -1,5 +1,5 @@
-// Shortcuts and schemes as texts, for tables of cases. A key is its modifiers and its code:
-// "CSAx" are Ctrl, Shift, Alt and the extended bit, and "-" is no key.
+// Shortcuts and schemes as texts, for tables of cases. A key is written as its modifiers and its
+// code: C, S, A and x mean Ctrl, Shift, Alt and the extended bit; "-" means no key.
 #pragma once
 
 #include <quorvel/keyboard/keyboard_mapping_scheme.h>

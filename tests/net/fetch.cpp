@@ -1,5 +1,5 @@
-// fetch PORT PATH [FILE]: gets a path of a web server at 127.0.0.1 into the file, or its header
-// alone. Prints the statuses of the connection. For web_servers_test.py.
+// fetch PORT PATH [FILE]: downloads a path of a web server at 127.0.0.1 into the file, or only its
+// header. Prints the statuses of the connection. Used by web_servers_test.py.
 #include <quorvel/net/http_file_socket.h>
 
 #include "net/socket_peer.h"

@@ -1,4 +1,4 @@
-// Downloads from a scripted server on loopback: statuses, the file, and the ends of connections.
+// Downloads from a scripted server on loopback: statuses, the file, and ends of connections.
 #include <quorvel/net/http_file_socket.h>
 
 #include "net/socket_peer.h"
@@ -21,12 +21,12 @@ protected:
         EXPECT_TRUE(socket.Connect(url, m_peer.Port()));
         m_server = m_peer.Accept();
     }
-    // Connects, and gives what the server is asked.
+    // Connects, and returns the request that the server received.
     std::string Ask(CHttpFileSocket& socket) {
         Connect(socket);
         return Peer::ReadRequest(m_server);
     }
-    // Sends, each piece once the socket has what came before, and ends the connection.
+    // Sends the pieces, each after the socket has received the one before, and disconnects.
     void Answer(CHttpFileSocket& socket, const std::string& response, std::size_t piece) {
         for (std::size_t at = 0; at < response.size() && socket.IsThreadActive(); at += piece) {
             const std::string bytes = response.substr(at, piece);
@@ -44,7 +44,7 @@ protected:
         StatusWindow::Pump();
         m_window.Forget(socket);
     }
-    // Without those of progress, whose number the network decides.
+    // The statuses without those of progress, whose number depends on the network.
     std::string Statuses(const CHttpFileSocket& socket) {
         return std::regex_replace(m_window.Of(socket), std::regex("\\b(9|10:\\d+) "), "");
     }
@@ -65,7 +65,7 @@ TEST_F(Download, TheRequestAsksForTheHeaderOrForAll) {
         socket.SetLocalFileName(m_folder.Path(_T("file")));
         socket.SetLocalFileName(nullptr);
         EXPECT_EQ((headerOnly ? "HEAD" : "GET") + rest, Ask(socket));
-        // Some servers send a body after a request for the header too.
+        // Some servers send a body even for a HEAD request.
         Answer(socket, "HTTP/1.0 404 Not Found\r\na: b\r\n\r\n<html>", 4096);
         EXPECT_EQ("3 4 8 1000 14 ", Statuses(socket));
         EXPECT_EQ(404u, socket.GetHeader().GetStatusCode());
@@ -90,7 +90,7 @@ TEST_F(Download, TheFileIsWhatCame) {
         UINT bufferSize = 0;
         bool isReset = false;
         std::size_t headerLimit = kNoLimit, fileLimit = kNoLimit;
-        std::size_t fileSize = kNoLimit; // all of it
+        std::size_t fileSize = kNoLimit; // the whole response
     };
     const char *const whole = "3 4 8 1000 14 ", *const headless = "3 4 8 14 ";
     const Row rows[] = {
@@ -111,7 +111,7 @@ TEST_F(Download, TheFileIsWhatCame) {
         {"a file beyond its limit", short19 + "0123456789", 1, "3 4 8 1000 9:10040 ", 0, false, 19,
          28, 28},
     };
-    CHttpFileSocket socket; // for one connection after the other
+    CHttpFileSocket socket; // reused for all connections
     for (const Row& row : rows) {
         SCOPED_TRACE(row.label);
         socket.SetGetHeaderOnly(FALSE);
@@ -126,7 +126,7 @@ TEST_F(Download, TheFileIsWhatCame) {
                        sizeof hard);
         Answer(socket, row.response, row.piece);
         EXPECT_EQ(row.statuses, Statuses(socket));
-        socket.Close(); // and its file
+        socket.Close(); // also closes the file
         EXPECT_TRUE(row.response.substr(0, row.fileSize) == m_folder.Read(_T("file")));
         EXPECT_EQ(std::string(row.statuses).find("1000") != std::string::npos,
                   socket.IsHeaderParsed() != FALSE);
@@ -140,8 +140,8 @@ TEST_F(Download, TheFileIsWhatCame) {
     }
 }
 
-// Nobody dispatches statuses meanwhile: the queue is full, and the end comes before the data were
-// received.
+// Statuses are not dispatched meanwhile: the queue is full, and the end arrives before the data
+// were received.
 TEST_F(Download, ManyTinyPiecesComeWhole) {
     std::string response = "HTTP/1.1 200 OK\r\n\r\n";
     response.append(kOnLinux ? 100000 : 20000, 'x');

@@ -1,4 +1,4 @@
-// That a header is read alike in pieces and as a whole is the fuzz target's to prove.
+// The fuzz target checks that a header gives the same result in pieces and as a whole.
 #include <quorvel/net/http_header.h>
 #include <quorvel/net/http_status_code_text.h>
 
@@ -10,7 +10,7 @@ namespace {
 
 typedef quorvel::HttpHeaderReader Reader;
 
-// The fields in the order of their names: "name=value;".
+// The fields, ordered by name: "name=value;".
 CString FieldsOf(const CHttpHeader& header) {
     CString fields;
     for (POSITION next = header.GetFieldsMap().GetStartPosition(); next != nullptr;) {
@@ -69,7 +69,7 @@ TEST(HttpHeader, FieldsAreFoundByExactNameAndOnRequestByAny) {
     header.SetFieldValue(_T("Date"), _T("2"));
     header.SetFieldValue(nullptr, _T("x"));
     header.SetFieldValue(_T("Date"), nullptr);
-    // What GetFieldValue and FindFieldValue give; a marker for FALSE.
+    // The results of GetFieldValue and FindFieldValue; a marker for FALSE.
     const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
         {_T("DATE"), _T("1"), _T("1")},
         {_T("Date"), _T("2"), _T("2")},

@@ -1,4 +1,4 @@
-// The message that is handed over, its success rule, and what is refused before.
+// The message that is passed to the mail program, its success rule, and early refusals.
 #include <quorvel/net/mail.h>
 
 #include "net/mail_message.h"
@@ -49,7 +49,7 @@ TEST(MailMessage, AttachesOnlyAFileThatIsThere) {
     const struct {
         const WCHAR* path;
         const WCHAR* name;
-        const char* attachedAs; // null: nothing is attached
+        const char* attachedAs; // null: no attachment
     } rows[] = {{file, _T("x"), "x"},     {file, nullptr, "null"},     {file, _T(""), ""},
                 {none, _T("x"), nullptr}, {nullptr, _T("x"), nullptr}, {_T(""), _T("x"), nullptr},
                 {self, _T("x"), nullptr}};

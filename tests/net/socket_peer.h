@@ -1,5 +1,5 @@
-// What tests of sockets need around them: the other side, a window for the statuses, a socket that
-// notes its handlers.
+// Helpers for socket tests: the other side of a connection, a window for the statuses, and a socket
+// that records calls of its handlers.
 #pragma once
 
 #include <quorvel/net/vask_socket.h>
@@ -21,23 +21,23 @@
 #include <utility>
 #include <vector>
 
-// A base of fixtures with members that need sockets.
+// A base class of fixtures with members that need sockets.
 struct InitializedSockets {
     InitializedSockets() { EXPECT_TRUE(CVaskSocket::Initialize()); }
     ~InitializedSockets() { EXPECT_TRUE(CVaskSocket::Deinitialize()); }
 };
 
-// The other side of connections: calls that block.
+// The other side of connections, with blocking calls.
 class Peer {
 public:
-    enum Kind { kListening, kBoundOnly }; // connections to the second are refused
+    enum Kind { kListening, kBoundOnly }; // kBoundOnly: connections are refused
     explicit Peer(Kind kind = kListening) : m_kind(kind) { Open(); }
     Peer(const Peer&) = delete;
     ~Peer() { closesocket(m_socket); }
 
     UINT Port() const { return m_port; }
     SOCKET Accept() { return accept(m_socket, nullptr, nullptr); }
-    // What a client asks, up to the blank line.
+    // The request of a client, up to the blank line.
     static std::string ReadRequest(SOCKET from) {
         std::string request;
         char next;
@@ -49,7 +49,7 @@ public:
         EXPECT_EQ(send(to, bytes.data(), static_cast<int>(bytes.size()), 0),
                   static_cast<int>(bytes.size()));
     }
-    void Restart() { // at another port, without those that nobody accepted
+    void Restart() { // at another port; drops pending connections
         closesocket(m_socket);
         Open();
     }
@@ -75,7 +75,7 @@ private:
     UINT m_port = 0;
 };
 
-// Notes the statuses of sockets, as in "3 4:10061 ": an error or a count that is not 0 behind the
+// Records the statuses of sockets, as in "3 4:10061 ": a non-zero error or count follows the
 // colon.
 class StatusWindow {
 public:
@@ -84,7 +84,7 @@ public:
         windowClass.cbSize = sizeof windowClass;
         windowClass.lpfnWndProc = Procedure;
         windowClass.lpszClassName = _T("StatusWindow");
-        RegisterClassExW(&windowClass); // for all of them
+        RegisterClassExW(&windowClass); // one class for all windows
         m_window = CreateWindowExW(0, _T("StatusWindow"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
                                    nullptr, nullptr, nullptr);
         SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -101,7 +101,7 @@ public:
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
             DispatchMessageW(&message);
     }
-    // For 20 seconds at the most.
+    // Waits at most 20 seconds.
     static void PumpUntil(const std::function<bool()>& condition) {
         const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
         while (Pump(), !condition() && std::chrono::steady_clock::now() < end)
@@ -128,12 +128,12 @@ private:
     std::map<const CVaskSocket*, std::string> m_statuses;
 };
 
-// Notes which handlers are called, and does in them what a test wants.
+// Records the calls of handlers, and runs a function of the test in each.
 class ScriptedSocket : public CVaskSocket {
 public:
     ~ScriptedSocket() override { ScriptedSocket::Close(); }
 
-    // What a handler does, by its name; without it data are received, and nothing else happens.
+    // The function for a handler, by its name. Without one, the socket only receives data.
     std::map<std::string, std::function<int()>> m_acts;
 
     std::string Take() {
@@ -173,14 +173,14 @@ private:
         return act != m_acts.end() ? act->second() : TRUE;
     }
 
-    std::mutex m_lock; // guards what follows
+    std::mutex m_lock; // guards the members below
     std::string m_handlers;
     std::string m_received;
 };
 
 #if defined(_WIN32)
 
-// Look-ups whose answers wait: here because nobody dispatches them.
+// Look-ups whose answers wait, because no thread dispatches them.
 class HeldLookUps {
 public:
     void AwaitBegin() const {
@@ -229,10 +229,10 @@ private:
 
 #endif
 
-// How many handles, or descriptors and threads, the process has.
+// The number of handles, or of descriptors and threads, in the process.
 inline int ThingsOpen() {
 #if defined(_WIN32)
-    int count = 0; // Wine's GetProcessHandleCount gives 0
+    int count = 0; // Wine's GetProcessHandleCount returns 0
     DWORD flags;
     for (ULONG_PTR handle = 4; handle < 0x4000; handle += 4)
         count += GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags) != FALSE;

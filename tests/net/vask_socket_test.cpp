@@ -1,4 +1,4 @@
-// Sockets that work by events: their statuses, their handlers and their ends, over loopback.
+// Event-driven sockets: their statuses, handlers and ends, over loopback.
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/net/vask_socket.h>
 #include <quorvel/net/winsock_error_text.h>
@@ -20,18 +20,18 @@ protected:
     void SetUp() override { ASSERT_TRUE(CVaskSocket::Initialize()); }
     void TearDown() override { EXPECT_TRUE(CVaskSocket::Deinitialize()); }
 
-    // Dispatches messages until the socket's statuses are these.
+    // Dispatches messages until the socket has these statuses.
     void ExpectStatuses(const CVaskSocket& socket, const std::string& expected) {
         m_window.PumpUntil([&] { return m_window.Of(socket).size() >= expected.size(); });
         EXPECT_EQ(m_window.Of(socket), expected);
     }
-    // A socket that reports to the window and is connecting to the peer.
+    // Connects a socket to the peer; it reports to the window.
     void Connect(ScriptedSocket& socket, Peer& peer) {
         socket.SetStatusCallbackWnd(m_window.Get());
         ASSERT_TRUE(socket.Create());
         ASSERT_TRUE(socket.Connect(kHost, peer.Port()));
     }
-    // The port at which the socket listens and reports to the window.
+    // Listens and reports to the window. Returns the port.
     UINT Listen(ScriptedSocket& listener) {
         listener.SetStatusCallbackWnd(m_window.Get());
         EXPECT_TRUE(listener.Create(0, SOCK_STREAM, CVaskSocket::ALL_EVENTS, kHost));
@@ -42,7 +42,7 @@ protected:
         EXPECT_EQ(address, kHost);
         return port;
     }
-    // Sends a byte to the socket that connects, and ends; as far as its worker goes along.
+    // Sends a byte to the connecting socket and closes, as far as its worker cooperates.
     void Converse(Peer& peer, ScriptedSocket& socket) {
         const auto await = [&](const char* status) {
             m_window.PumpUntil(
@@ -139,7 +139,7 @@ TEST_F(VaskSocket, IsFoundFinishedWhenAFullQueueLosesItsStatuses) {
     Connect(socket, peer);
     const SOCKET server = peer.Accept();
     EXPECT_FALSE(socket.IsFinished());
-    while (socket.GetStatus() != CVaskSocket::statusSending) // a faster end would come in its place
+    while (socket.GetStatus() != CVaskSocket::statusSending) // the end may come first
         std::this_thread::yield();
     closesocket(server);
     while (!socket.IsFinished())
@@ -174,7 +174,7 @@ TEST_F(VaskSocket, ClosedDuringALookUpCancelsIt) {
         socket.SetStatusCallbackWnd(window.Get());
         ASSERT_TRUE(socket.Create());
         ASSERT_TRUE(socket.Connect(_T("localhost"), 80));
-        held.AwaitBegin(); // without dispatching its answer
+        held.AwaitBegin(); // does not dispatch the answer
         socket.Close();
         window.PumpUntil([&] { return window.Of(socket).size() >= 12; });
         EXPECT_EQ(window.Of(socket), "1 1:10053 0 ");
@@ -207,9 +207,9 @@ TEST_F(VaskSocket, ListensAndAccepts) {
     ExpectStatuses(client, "3 4 8 14 ");
 }
 
-// A handler that refuses, throws or closes its socket is the last one that is called. Lack of
-// memory is reported. Closed inside, the socket has posted its last status; otherwise the owner's
-// Close does.
+// A handler that refuses, throws or closes its socket is the last handler called. A failed
+// allocation is reported. If it closed the socket, the last status has been posted; otherwise the
+// owner's Close posts it.
 TEST_F(VaskSocket, EndsWithinAnyHandler) {
     const std::tuple<const char*, const char*, const char*> rows[] = {
         {"connect", "3 4 ", "connect "},
@@ -220,7 +220,7 @@ TEST_F(VaskSocket, EndsWithinAnyHandler) {
     enum Act { kRefuse, kThrow, kHasNoMemory, kThrowsForMemory, kClose, kActs };
     for (const auto& [handler, statuses, handlers] : rows) {
         Peer peer;
-        ScriptedSocket socket; // the same for all: it may be used again
+        ScriptedSocket socket; // the same for all rows: it can be reused
         for (int act = 0; act < kActs; ++act) {
             socket.m_acts[handler] = [&]() -> int {
                 if (act == kThrow)
@@ -322,7 +322,7 @@ TEST_F(VaskSocket, HandsItsSocketBack) {
     closesocket(peer.Accept());
 }
 
-// Whoever closes, and whenever: nothing hangs, and nothing is left.
+// Any thread may close at any time: nothing hangs, and nothing leaks.
 TEST_F(VaskSocket, ClosesAtAnyMoment) {
     Peer peer;
     int before = 0;
@@ -345,7 +345,7 @@ TEST_F(VaskSocket, ClosesAtAnyMoment) {
         EXPECT_TRUE(m_window.Of(socket).ends_with("0 ")) << m_window.Of(socket);
         m_window.Forget(socket);
         if (i % 3 == 0)
-            peer.Restart(); // drops what waits to be accepted
+            peer.Restart(); // drops connections that wait to be accepted
         if (i == kCycles / 10)
             before = ThingsOpen();
     }
@@ -360,7 +360,7 @@ TEST(WinsockErrorText, IsUnknownWhereThereIsNoRow) {
     });
 }
 
-// A copy ends at the first zero byte, so it has no addresses, and must not look for any.
+// A copy ends at the first zero byte. So it has no addresses and must not search for any.
 TEST(GetHostRequestData, LosesItsAddressWhenCopied) {
     CGetHostRequestData data;
     CString address(_T("old"));

@@ -1,4 +1,4 @@
-// A plugin as a host loads it: uses services that keep state in the process, on a thread that ends.
+// A plugin of a host: uses services that keep state in the process, on a thread that ends.
 #include <quorvel/framework/string.h>
 #include <quorvel/platform/linux_api.h>
 #include <quorvel/system/profile.h>

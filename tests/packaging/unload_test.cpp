@@ -1,4 +1,4 @@
-// A process that loads and unloads plugins gets the library's memory back with the last of them.
+// A process loads and unloads plugins; the last one must release the library's memory.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 

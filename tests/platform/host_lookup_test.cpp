@@ -1,4 +1,4 @@
-// Look-ups of host names that take their time, fail and are cancelled.
+// Look-ups of host names that are slow, fail or are cancelled.
 #include "platform/win32.h"
 
 #include "platform/linux/net/host_lookup.h"
@@ -19,7 +19,7 @@ protected:
         WSADATA data;
         ASSERT_EQ(WSAStartup(MAKEWORD(2, 0), &data), 0);
         m_window = m_class.Create();
-        // The thread of a cancelled look-up may outlive the test, so the state is its own too.
+        // The thread of a cancelled look-up may outlive the test, so it shares the state.
         quorvel::SetHostResolver(
             [state = m_state](const std::string&, std::vector<ULONG>& addresses) {
                 while (state->held)
@@ -38,7 +38,7 @@ protected:
     HANDLE Ask(const char* name, int length = MAXGETHOSTSTRUCT) {
         return WSAAsyncGetHostByName(m_window, kAnswered, name, m_buffer, length);
     }
-    // The error of the answer to that request.
+    // The error in the answer to that request.
     int Answer(HANDLE request) {
         MSG message;
         EXPECT_GT(GetMessageW(&message, m_window, kAnswered, kAnswered), 0);
@@ -82,7 +82,7 @@ TEST_F(HostLookup, LeavesBufferAndQueueAloneOnceCancelled) {
     EXPECT_EQ(ErrorOf([&] { return cancel(nullptr); }), DWORD{WSAEINVAL});
 }
 
-// Whether a request is cancelled or answered, one of the two holds.
+// A request is either cancelled or answered.
 TEST_F(HostLookup, IsEitherCancelledOrAnswered) {
     for (int i = 0; i < 500; ++i) {
         const HANDLE request = Ask("three");

@@ -1,4 +1,4 @@
-// Files and handles: what holds natively beyond the table shared with Windows.
+// Files and handles: Linux behaviour beyond the table shared with Windows.
 #include "framework/replacement_file.h"
 #include "platform/win32.h"
 

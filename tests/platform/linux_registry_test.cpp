@@ -1,4 +1,4 @@
-// The registry's file: what happens to it, and who may use it at once.
+// The registry's file: damage, limits, and use by several processes.
 #include "platform/linux/registry/registry_place.h"
 #include "platform/linux/registry/registry_store.h"
 
@@ -50,7 +50,7 @@ std::string Read(RegistryStore& store, std::u16string_view name, const RegistryK
     return data.substr(0, static_cast<std::size_t>(value.size));
 }
 
-// Values enough for several pages.
+// Enough values for several pages.
 void Fill(RegistryStore& store) {
     for (int i = 0; i < 200; ++i)
         ASSERT_EQ(Write(store, Name(i), std::string(100, 'x')), 0u);
@@ -63,7 +63,7 @@ void Execute(const std::string& file, const char* sql) {
     sqlite3_close(database);
 }
 
-// Runs `body` in a process of its own; its result is the exit code, which is not waited for.
+// Runs `body` in a new process and returns at once; its result is the exit code.
 pid_t Start(const std::function<int()>& body) {
     const pid_t child = fork();
     if (child == 0)
@@ -77,7 +77,7 @@ int Finish(pid_t child) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
 }
 
-// As a user who is not root, whom permissions do not stop.
+// Runs as a user other than root, since permissions do not restrict root.
 int RunAsNobody(const std::function<int()>& body) {
     return Finish(Start([&] { return geteuid() == 0 && setuid(65534) != 0 ? 99 : body(); }));
 }
@@ -202,7 +202,7 @@ TEST(RegistryFile, MayBeReadWhereItCannotBeWritten) {
                   0)
             << label;
     }
-    // With a log but no index of it, it cannot even be read: that is not "not found".
+    // With a log but without its index it cannot even be read; that must not look like "not found".
     std::filesystem::remove(place.File() + "-shm");
     place.Write(_T("registry.db-wal"), "log");
     chmod(place.Folder().c_str(), 0555);
@@ -225,7 +225,7 @@ TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
                   std::signal(SIGXFSZ, SIG_IGN);
                   const rlimit limit = {100'000, 100'000};
                   setrlimit(RLIMIT_FSIZE, &limit);
-                  for (int i = 0; i < 100; ++i) // the log alone would grow beyond that
+                  for (int i = 0; i < 100; ++i) // otherwise the log alone would exceed it
                       if (Write(store, u"same", std::to_string(i)) != 0)
                           return -2;
                   const DWORD error = Write(store, u"large", std::string(200'000, 'y'));
@@ -233,7 +233,7 @@ TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
                   return isThere ? static_cast<int>(error) : -1;
               })),
               int{ERROR_FILE_TOO_LARGE});
-    EXPECT_EQ(Finish(Start([&] { // no room even for what reading needs
+    EXPECT_EQ(Finish(Start([&] { // no room even for reading
                   RegistryStore store(place.File());
                   RegistryKey key = {};
                   std::signal(SIGXFSZ, SIG_IGN);
@@ -246,14 +246,14 @@ TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
                       Read(store, Name(199)) != std::string(100, 'x'))
                       return 2;
                   setrlimit(RLIMIT_FSIZE, &enough);
-                  RegistryStore other(place.File()); // finds room, and changes what was opened
+                  RegistryStore other(place.File()); // has room, and changes the file
                   for (int i = 0; i < 199; ++i)
                       other.DeleteValue(kUser, Name(i));
                   if (Write(other, Name(199), "new") != 0)
                       return 3;
                   other.Close();
                   for (int i = 0; i < 1'000'000 && Read(store, Name(199)) != "new"; ++i) {
-                  } // the change is soon seen
+                  } // the change is visible soon
                   if (place.Has(_T("registry.db.damaged-1")) || Read(store, Name(199)) != "new")
                       return 4;
                   return Write(store, Name(199), std::string(100, 'x')) == 0 ? 0 : 5;
@@ -277,7 +277,7 @@ TEST(RegistryFile, IsConsistentWhereverAPowerCutEndsItsLog) {
         after.Write(kFile, database);
         after.Write(_T("registry.db-wal"), log.substr(0, size));
         RegistryStore survivor(after.File());
-        int count = 0; // of the writes, a first part is there and nothing else
+        int count = 0; // the writes up to some point exist
         while (count < 200 && Read(survivor, Name(count)) == std::string(100, 'x'))
             ++count;
         for (int i = count; i < 200; ++i)
@@ -305,13 +305,13 @@ TEST(RegistryFile, ThatIsReplacedIsOpenedAnew) {
     RegistryKey other = {};
     ASSERT_EQ(store.Create(kUser, u"k", other, isNew), 0u);
     EXPECT_TRUE(isNew);
-    EXPECT_EQ(Read(store, u"v", key), "error 1018"); // not that key
+    EXPECT_EQ(Read(store, u"v", key), "error 1018"); // a different key
 }
 
 TEST(RegistryFile, EightProcessesWritingAtOnceLoseNothing) {
     constexpr int kProcesses = 8;
     constexpr int kValues = 150;
-    const Place place; // which they all find without a file
+    const Place place; // all start without a file
     std::vector<pid_t> children;
     for (int process = 0; process < kProcesses; ++process)
         children.push_back(Start([&, process] {

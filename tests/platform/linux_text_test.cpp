@@ -1,5 +1,5 @@
-// Code pages and locales where the Linux platform has more than Wine, or keeps to what Windows
-// documents and Wine does not.
+// Code pages and locales where the Linux platform does more than Wine, or follows the documentation
+// of Windows where Wine does not.
 #include "platform/linux/locale/locale.h"
 #include "platform/win32.h"
 
@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kRoom = 64;
 
-// Both empty when they are refused.
+// Both return an empty text when the conversion is refused.
 std::u16string Decode(UINT codePage, DWORD flags, const std::string& bytes) {
     WCHAR text[kRoom];
     const int size = static_cast<int>(bytes.size());
@@ -57,12 +57,12 @@ TEST(LinuxCodePage, HasPagesWithShiftStatesAndLongCodes) {
         EXPECT_EQ(Encode(codePage, 0, text), bytes) << codePage;
     }
     EXPECT_EQ(Decode(57002, 0, "\xa4\xb3"), u"\x905\x915");
-    EXPECT_EQ(Encode(57002, 0, u"\x905\x915").substr(2), "\xa4\xb3"); // announces its script first
-    EXPECT_EQ(Decode(50221, 0, "\x1b(I1"), u"\xff71");                // read, never written
+    EXPECT_EQ(Encode(57002, 0, u"\x905\x915").substr(2), "\xa4\xb3"); // after its script's mark
+    EXPECT_EQ(Decode(50221, 0, "\x1b(I1"), u"\xff71");                // is read but never written
     BOOL used = FALSE;
     EXPECT_EQ(Encode(50220, 0, u"a\xe01z", nullptr, &used), "a?z");
     EXPECT_TRUE(used);
-    EXPECT_EQ(Decode(CP_UTF8, 0, "\xf0xy"), u"\xfffdxy"); // a lead byte keeps what follows
+    EXPECT_EQ(Decode(CP_UTF8, 0, "\xf0xy"), u"\xfffdxy"); // a lead byte consumes only itself
     EXPECT_EQ(Decode(54936, 0, "a\xff"), u"a\xfffd");
     EXPECT_EQ(Decode(54936, MB_ERR_INVALID_CHARS, "a\xff"), u"");
     EXPECT_EQ(GetLastError(), ERROR_NO_UNICODE_TRANSLATION);

@@ -1,5 +1,5 @@
-// The record of a socket's network events where no connection can be made to give them in time. The
-// others are in tests/conformance.
+// The record of a socket's network events, for cases that no real connection can produce in time.
+// The other cases are in tests/conformance.
 #include "platform/linux/net/network_events.h"
 
 #include "support/test.h"
@@ -28,7 +28,7 @@ TEST(NetworkEvents, AConnectionThatWasResetAtOnceIsReportedAsBoth) {
     EXPECT_EQ(events.Interest(), 0u);
 }
 
-// What stays true must not be looked for again: the wait would never sleep.
+// A condition that stays true must not be polled: the wait would never sleep.
 TEST(NetworkEvents, AResetBehindDataIsReportedOnce) {
     NetworkEvents events;
     events.Select(63);

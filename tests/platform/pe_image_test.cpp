@@ -1,4 +1,4 @@
-// The reader of PE resources on files that are cut or corrupted. Whole files: tests/conformance.
+// The reader of PE resources with truncated or corrupted files. Whole files: tests/conformance.
 #include "platform/linux/resources/pe_file.h"
 #include "platform/win32.h"
 
@@ -25,7 +25,7 @@ void Put(std::string& bytes, std::size_t offset, DWORD value, int size) {
 
 class PeImage : public testing::Test {
 protected:
-    // 0 when the text with id 100 is found as it should be, otherwise the error.
+    // 0 when the text with id 100 is found and correct, otherwise the error.
     DWORD FindText(const std::string& bytes) {
         folder.Write(_T("image"), bytes);
         PeFile file;
@@ -46,7 +46,7 @@ protected:
 
 TEST_F(PeImage, CorruptedFieldsAreRefusedOrCountAsMissing) {
     constexpr std::size_t kPe = 0x80;
-    constexpr std::size_t kSection = 0x1f0; // the header of .rsrc
+    constexpr std::size_t kSection = 0x1f0; // offset of the header of .rsrc
     constexpr std::size_t kTree = 0xa00;
     const std::tuple<const char*, std::size_t, DWORD, int, DWORD> rows[] = {
         {"nothing changed", 0, 'M', 1, 0},

@@ -22,7 +22,7 @@ CString Get(const Folders& folders, Member member, int addBackslash = 0) {
     return path;
 }
 
-// With the system's separator for each "/".
+// Replaces each "/" by the system's separator.
 CString Native(CString path) {
     path.Replace('/', kOnLinux ? '/' : '\\');
     return path;

@@ -31,7 +31,7 @@ std::string ReadBinary(const Place&... place) {
     return std::string(reinterpret_cast<const char*>(data), length);
 }
 
-// Every type, written and read back at one place: (key, name), (path, subKey, name) and so on.
+// Writes and reads back each type at one place: (key, name), (path, subKey, name) and so on.
 template <class... Place>
 void CheckRoundTrip(const Place&... place) {
     BYTE bytes[] = {'a', 0, 0xff};
@@ -49,7 +49,7 @@ void CheckRoundTrip(const Place&... place) {
     EXPECT_EQ(AfxGetProfileOleDateTime(place..., COleDateTime()), date);
 }
 
-// Nothing is there: the defaults come.
+// No value exists: the defaults are returned.
 template <class... Place>
 void CheckDefaults(const CString& text, const Place&... place) {
     const COleDateTime date(1.5);
@@ -60,7 +60,7 @@ void CheckDefaults(const CString& text, const Place&... place) {
     EXPECT_EQ(AfxGetProfileOleDateTime(place..., date), date);
 }
 
-// Refuses each writer at a place.
+// Each writer refuses this place.
 constexpr auto kCheckRefused = [](const auto&... place) {
     BYTE data = 1;
     EXPECT_FALSE(AfxWriteProfileDWord(place..., 1));
@@ -96,8 +96,8 @@ TEST(Profile, ValuesAreReadAsTheyWereWrittenInEveryForm) {
     const CRegistryPath path(HKEY_CURRENT_USER, test.Path() + _T("\\path"));
     const auto check = [](const auto&... place) { CheckRoundTrip(place...); };
     InEveryForm(test.Get(), path, _T("sub\\key"), kName, check);
-    CheckRoundTrip(path, _T("sub\\key"), _T("")); // a key's default value
-    // The forms name the same places.
+    CheckRoundTrip(path, _T("sub\\key"), _T("")); // the default value of a key
+    // Different forms of the same place.
     EXPECT_TRUE(AfxWriteProfileDWord(path, _T("sub"), kName, 2));
     EXPECT_EQ(AfxGetProfileDWord(test.Get(), _T("PATH\\SUB"), _T("V"), 0), 2u);
 }
@@ -119,7 +119,7 @@ TEST(Profile, NullsAndInvalidPathsAreRefused) {
     BYTE data = 1;
     EXPECT_FALSE(AfxWriteProfileString(test.Get(), _T("sub"), kName, kNull));
     EXPECT_FALSE(AfxWriteProfileBinary(test.Get(), _T("sub"), kName, &data, 0));
-    EXPECT_FALSE(HasKeys(test.Get())); // no refusal has made one
+    EXPECT_FALSE(HasKeys(test.Get())); // a refusal must not create a key
 }
 
 TEST(Profile, TextsFallBackToNothingOrToTheDefault) {
@@ -135,7 +135,7 @@ TEST(Profile, TextsFallBackToNothingOrToTheDefault) {
     }
     CheckDefaults(_T(""), test.Get(), kNull);
     CheckDefaults(_T(""), kNoKey, kName);
-    EXPECT_FALSE(HasKeys(test.Get())); // no getter has made one
+    EXPECT_FALSE(HasKeys(test.Get())); // a getter must not create a key
 }
 
 TEST(Profile, ABinaryGetterEmptiesItsOutputsOnlyWhenItLooks) {
@@ -218,7 +218,7 @@ TEST(Profile, ADateComesBackAsItsBytesWereStored) {
         const COleDateTime date = AfxGetProfileOleDateTime(test.Get(), _T("v"), marker);
         EXPECT_EQ(date.GetStatus(), static_cast<COleDateTime::DateTimeStatus>(status)) << days;
         EXPECT_EQ(std::memcmp(&date.m_dt, &days, 8), 0) << days;
-        EXPECT_EQ(date.GetYear(), -1) << days << ' ' << status; // no use is made of such a number
+        EXPECT_EQ(date.GetYear(), -1) << days << ' ' << status; // such a number is not used
     }
     for (const std::size_t size : {8, 11, 13}) {
         ASSERT_EQ(TestKey::Set(test.Get(), _T("v"), REG_BINARY, std::string(size, 0)), 0);

@@ -13,7 +13,7 @@ namespace {
 
 typedef CFraction F;
 
-// Both members, as CFraction's own == compares values.
+// Compares both members, since CFraction's own == compares values.
 testing::AssertionResult Is(const F& fraction, const F& expected) {
     if (fraction.GetNumerator() == expected.GetNumerator() &&
         fraction.GetDenominator() == expected.GetDenominator())
@@ -24,7 +24,7 @@ testing::AssertionResult Is(const F& fraction, const F& expected) {
 }
 
 TEST(Fraction, CommonDivisorIsNeverNegative) {
-    // Products wrap, also to 0; one magnitude does not fit.
+    // Products wrap, also to 0; one absolute value does not fit.
     const std::tuple<int, int, int, int> rows[] = {
         {0, 0, 1, 0},  {-12, 18, 6, -36},  {65536, 65537, 1, 65536}, {INT_MIN, -1, 1, INT_MIN},
         {0, -5, 5, 0}, {INT_MIN, 6, 2, 0}, {INT_MIN, 0, INT_MIN, 0},

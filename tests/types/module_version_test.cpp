@@ -25,7 +25,7 @@ std::string BytesOf(const WCHAR* sample) {
 typedef BOOL (CModuleVersion::*Getter)(CString&);
 typedef CModuleVersion M;
 
-// The texts' getters and their keys.
+// The getters of texts and their keys.
 const std::tuple<Getter, const WCHAR*> kTexts[] = {
     {&M::GetComments, _T("Comments")},         {&M::GetSpecialBuild, _T("SpecialBuild")},
     {&M::GetCompanyName, _T("CompanyName")},   {&M::GetLegalCopyright, _T("LegalCopyright")},
@@ -66,7 +66,7 @@ TEST(ModuleVersion, NumbersComeFromTheFixedBlock) {
         EXPECT_TRUE(module.GetProductVersion(number));
         EXPECT_TRUE(number == CVersionNumber(5, 6, 7, 65535));
     }
-    // A field is the result and not the argument.
+    // The value is the result, not the argument.
     CModuleVersion module = Loaded(_T("all_texts.dll"));
     DWORD zeros[] = {77, 77, 77, 77};
     EXPECT_EQ(module.GetFileFlags(zeros[0]), 0x2au);
@@ -84,7 +84,7 @@ TEST(ModuleVersion, TextsComeFromTheFirstTranslation) {
     EXPECT_FALSE(module.GetSpecialBuild(value));
     EXPECT_EQ(value, _T(""));
     EXPECT_EQ(module.GetLastError(), DWORD{ERROR_RESOURCE_TYPE_NOT_FOUND});
-    EXPECT_TRUE(module.Load(Sample(_T("all_texts.dll")))); // its text for a key is the key
+    EXPECT_TRUE(module.Load(Sample(_T("all_texts.dll")))); // each of its texts is its own key
     for (const auto& [get, key] : kTexts) {
         EXPECT_TRUE((module.*get)(value));
         EXPECT_EQ(value, key);
@@ -117,14 +117,14 @@ TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
         EXPECT_EQ(module.GetFileName(), kept ? Sample(_T("full.dll")) : CString());
         CVersionNumber number;
         EXPECT_EQ(module.GetFileVersion(number) != FALSE, kept);
-        CString value; // the code page of the texts is forgotten
+        CString value; // the code page of the texts is lost
         EXPECT_FALSE(module.GetCompanyName(value));
     }
     CModuleVersion module = Loaded(_T("full.dll"));
     EXPECT_FALSE(module.Load(static_cast<const WCHAR*>(nullptr)));
     EXPECT_EQ(module.GetLastError(), DWORD{ERROR_BAD_ARGUMENTS});
     CString value;
-    EXPECT_TRUE(module.GetCompanyName(value)); // nothing else changed
+    EXPECT_TRUE(module.GetCompanyName(value)); // nothing else has changed
 }
 
 TEST(ModuleVersion, ACopyOutlivesItsOriginal) {

@@ -3,7 +3,7 @@
 #include "support/test.h"
 
 TEST(VersionNumber, TextIsReadPartByPart) {
-    // The text, and its number as text; null: it is refused.
+    // The text, and its number as text; null means refused.
     const std::tuple<const WCHAR*, const WCHAR*> rows[] = {
         {nullptr, nullptr},      {_T("2.5"), _T("2.5.0.0")},  {_T(" ,.. "), _T("0.0.0.0")},
         {_T("1.-2"), nullptr},   {_T("+3.1"), _T("3.1.0.0")}, {_T("1 2,3.4"), _T("1.2.3.4")},

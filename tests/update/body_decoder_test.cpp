@@ -20,12 +20,12 @@ TEST(BodyDecoder, TakesTheCodingsOffOrSaysWhatIsWrong) {
     const Outcome complete = Outcome::Complete, incomplete = Outcome::Incomplete,
                   damaged = Outcome::Damaged;
     const std::tuple<std::string, std::string, Outcome, std::string> rows[] = {
-        // With and without a length.
+        // With and without a length
         {"", "abc", complete, "abc"},
         {"Content-Length: 3x\r\nContent-Encoding: identity\r\n", "abc", complete, "abc"},
         {"content-length: 3\r\n", "abcd", complete, "abc"},
         {"Content-Length: 4\r\n", "abc", incomplete, "abc"},
-        // In chunks.
+        // Chunked
         {chunked + "Content-Length: 1\r\n",
          "3;x=\"y\"\r\nabc\r\n00A \r\n0123456789\r\n0\r\nX: y\r\n\r\nno more", complete,
          "abc0123456789"},
@@ -36,7 +36,7 @@ TEST(BodyDecoder, TakesTheCodingsOffOrSaysWhatIsWrong) {
         {chunked, ";x\r\n", damaged, ""},
         {chunked, "x\r\n", damaged, ""},
         {chunked, "10000000000000000\r\nab", damaged, ""},
-        // In gzip.
+        // Gzip
         {gzip, kAbc + kAbc, complete, "abcabc"},
         {gzip, kAbc.substr(0, 22), incomplete, "abc"},
         {gzip, "abc", damaged, ""},
@@ -44,7 +44,7 @@ TEST(BodyDecoder, TakesTheCodingsOffOrSaysWhatIsWrong) {
         {gzip, kZeros, Outcome::TooLong, ""},
         {"Transfer-Encoding: X-GZIP, chunked\r\n", "17\r\n" + kAbc + "\r\n0\r\n\r\n", complete,
          "abc"},
-        // In what is not supported.
+        // Unsupported encodings
         {"Transfer-Encoding: chunked, gzip\r\n", "3\r\nabc\r\n0\r\n\r\n", damaged, ""},
         {"Content-Encoding: chunked\r\n", "3\r\nabc\r\n0\r\n\r\n", damaged, ""},
         {"Content-Encoding: gzip, gzip\r\n", kAbc, damaged, ""},

@@ -41,7 +41,7 @@ TEST_F(CheckForUpdatesProfile, ValuesHaveTheirNamesKindsAndDefaults) {
 
 TEST_F(CheckForUpdatesProfile, SettingsShowAReminderOf1To90Days) {
     using namespace quorvel;
-    // Stored, whether that is valid, what is shown, and what is then saved.
+    // The stored value, whether it is valid, the value shown, and the value then saved.
     const std::tuple<int, bool, bool, int, int> rows[] = {{-1, false, false, 30, 0},
                                                           {0, true, false, 30, 0},
                                                           {1, true, true, 1, 1},
@@ -83,7 +83,7 @@ TEST_F(CheckForUpdatesProfile, AReminderIsDueDaysAfterTheCheckAndTheDismissal) {
         EXPECT_EQ(due,
                   AfxIsCheckForUpdatesReminderDue(days, checked, dismissed, kNow, kNow) != FALSE)
             << label;
-    // Each date is compared with the clock that it was taken from.
+    // Each date is compared with the clock that produced it.
     EXPECT_FALSE(AfxIsCheckForUpdatesReminderDue(1, DaysAgo(1.4), never, DaysAgo(0.5), kNow));
 }
 

@@ -1,4 +1,4 @@
-// A transport as a host writes one: updates from a shared folder, fetched by a thread of its own.
+// A transport as a host might write it: fetches updates from a shared folder on its own thread.
 #pragma once
 
 #include <quorvel/framework/exceptions.h>
@@ -9,7 +9,7 @@
 #include <mutex>
 #include <thread>
 
-// "http://any.host/name" is the file "name" of the folder.
+// "http://any.host/name" means the file "name" in the folder.
 class FolderTransport : public CUpdateTransport {
 public:
     explicit FolderTransport(const CString& folder) : m_folder(folder) {}
@@ -24,7 +24,7 @@ public:
     void Cancel() override {
         m_isCancelled = true;
         if (m_thread.joinable())
-            m_thread.join(); // at most one block is read until then
+            m_thread.join(); // waits for at most one block
     }
     Progress GetProgress() const override {
         const std::lock_guard lock(m_mutex);
@@ -33,7 +33,7 @@ public:
     BOOL GetHeaderField(const WCHAR* name, CString& value) const override {
         if (CString(name).CompareNoCase(_T("Last-Modified")) != 0)
             return FALSE;
-        value = _T("Tue, 12 Mar 2024 08:30:00 GMT"); // a real one takes the file's date
+        value = _T("Tue, 12 Mar 2024 08:30:00 GMT"); // a real transport uses the file's date
         return TRUE;
     }
 
@@ -78,5 +78,5 @@ private:
     std::thread m_thread;
     std::atomic<bool> m_isCancelled = false;
     mutable std::mutex m_mutex;
-    Progress m_progress; // under the lock
+    Progress m_progress; // guarded by the lock
 };

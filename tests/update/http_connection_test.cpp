@@ -1,4 +1,4 @@
-// The checks over real sockets on loopback; what they decide has its own tests.
+// The checks over real sockets on loopback. Their decisions have separate tests.
 
 #include "update/http_connection.h"
 
@@ -32,8 +32,8 @@ protected:
         AfxWriteProfileCheckForUpdatesURL(path, _T("http://127.0.0.1/updates.xml"));
     }
 
-    // Answers requests for as long as there are some: a HEAD with the header alone.
-    // The last connection is kept open until the client ends it, on request.
+    // Answers this number of requests; a HEAD only gets the header. On request the last connection
+    // stays open until the client closes it.
     void Serve(int requests, const std::string& fields, bool stalls = false) {
         m_server = std::thread([=, this] {
             for (int i = 0; i < requests; ++i) {
@@ -76,7 +76,7 @@ TEST_F(UpdateOverHttp, AnEndWhoseStatusIsLostIsFoundAllTheSame) {
     Serve(1, "");
     ASSERT_TRUE(m_check.Check());
     DWORD error = 1;
-    StatusWindow::PumpUntil([&] { return m_http.m_last->HasEnded(error); }); // nobody is told
+    StatusWindow::PumpUntil([&] { return m_http.m_last->HasEnded(error); }); // not notified
     EXPECT_EQ(0u, error);
     StatusWindow::Pump();
     EXPECT_TRUE(m_check.IsActive());

@@ -1,6 +1,6 @@
 // https_fetch URL FILE [--head] [--stall MS] [--limit BYTES] [--cancel MS] [--library NAME]: one
-// request of the transport for HTTPS, for https_test.py. Prints its end, on lines of their own: the
-// status code, the bytes, the error, "Last-Modified" and the text.
+// request of the HTTPS transport, for https_test.py. Prints the result, one line each: status code,
+// bytes, error, "Last-Modified" and text.
 #include <quorvel/update/https_update_transport.h>
 
 #include "platform/web_fetch.h"
@@ -67,7 +67,7 @@ int main(int argc, char** argv) {
             std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin).count();
         std::printf("%d\n", static_cast<int>(took));
         std::fflush(stdout);
-        std::_Exit(std::remove(argv[2]) == 0 ? 0 : 1); // nobody holds the file
+        std::_Exit(std::remove(argv[2]) == 0 ? 0 : 1); // the file is not open any more
     }
     Await(transport, std::chrono::seconds(60));
     const auto progress = transport.GetProgress();

@@ -38,7 +38,7 @@ std::string WithCrLf(std::string text) {
 
 class Minisign : public testing::Test {
 protected:
-    // "good", "wrong", or "none" for what can't be read.
+    // "good", "wrong", or "none" if it cannot be parsed.
     std::string Judge(const std::string& key, const std::string& signature,
                       const std::string& body) {
         PublicKey publicKey;
@@ -57,7 +57,7 @@ protected:
 TEST_F(Minisign, OneProperFormOfKeysAndSignaturesIsAccepted) {
     const std::string cut = kSignature.substr(0, kSignature.size() - 1);
     std::string sameBits = kFirst;
-    sameBits[sameBits.size() - 3] = '1'; // of "0=": two bits that decoding drops
+    sameBits[sameBits.size() - 3] = '1'; // was "0=": decoding drops two of its bits
     const struct {
         const char* label;
         std::string key, signature, body;

@@ -1,5 +1,5 @@
-// A check for updates without a network: a view that writes down what it is told, and connections
-// whose server is the test.
+// A check for updates without a network: a view that records its calls, and connections whose
+// server is the test.
 #pragma once
 
 #include <quorvel/system/registry_path.h>
@@ -56,12 +56,12 @@ public:
     }
     void OnFinished(Result result) override { m_results.push_back(result); }
 
-    // What was shown since the last call, a line each.
+    // The recorded calls since the last Take, one line each.
     std::string Take() { return std::exchange(m_notes, {}); }
 
     int m_answer = IDYES;
-    std::function<void()> m_onMessage; // runs once, while a box is shown
-    std::function<void()> m_onCall;    // runs once, after that many other calls
+    std::function<void()> m_onMessage; // called once, while a box is shown
+    std::function<void()> m_onCall;    // called once, after that many other calls
     int m_callsBefore = 0;
     BOOL m_posts = FALSE;
     DWORD m_postedCode = 0;
@@ -112,7 +112,7 @@ public:
         return _T("http://127.0.0.1/updates.xml?u=http://h");
     }
 
-    // Bytes that arrive, as the sockets take them in.
+    // Receives bytes as the sockets do.
     void Receive(const std::string& bytes) {
         m_received += bytes.size();
         m_reader.Add(bytes.data(), bytes.size(), m_header);
@@ -149,9 +149,9 @@ public:
     }
     COleDateTime GetCurrentUTCTime() override { return m_now; }
 
-    // The server's whole answer to the last connection, in pieces, and the end of the connection;
-    // on request the queue loses every status. `flow` is a check, or what passes statuses on to
-    // one.
+    // Sends the server's whole answer to the last connection in pieces, and ends the
+    // connection; on request the queue loses every status. `flow` is a check, or forwards
+    // statuses to one.
     template <class Flow>
     void Answer(Flow&& flow, const std::string& response, std::size_t piece = 4096,
                 bool losesStatuses = false) {
@@ -172,7 +172,7 @@ public:
         }
         bool isClosed = connection->m_closed;
         if (!isClosed) {
-            flow.Poll(); // has not ended yet
+            flow.Poll(); // the connection has not ended yet
             send(Http::statusEnded, 0);
             connection->m_hasEnded = true;
             isClosed = losesStatuses || connection->m_closed;
@@ -181,7 +181,7 @@ public:
         if (isClosed)
             flow.OnSocketStatus(connection, Http::statusClosed, 0);
     }
-    // The last word of the last connection.
+    // The last status of the last connection.
     template <class Flow>
     void Release(Flow&& flow) {
         flow.OnSocketStatus(m_last, quorvel::Http::statusClosed, 0);
@@ -193,8 +193,8 @@ public:
     int m_alive = 0;
 };
 
-// The surroundings of a check: settings with an address, and folders of its own, the one for
-// temporary files included.
+// The environment of a check: settings with an address, and private folders, including the one for
+// temporary files.
 class CheckSurroundings {
 public:
     CheckSurroundings() : m_variable(kTemporaryVariable, CStringA(m_temporary.Path().GetString())) {

@@ -1,4 +1,4 @@
-// Checks that accept only what the publisher has signed.
+// Checks that accept only files that the publisher has signed.
 #include "update/update_check.h"
 #include "update/version_check.h"
 
@@ -48,7 +48,7 @@ protected:
         folder.Write(_T("local.xml"), kOld);
         check.Verifier().SetKey(PublicKey(kKey));
     }
-    // A whole check by the server's three answers; what was shown at its end.
+    // Runs a whole check with the server's three answers; returns what was shown at its end.
     std::string Run(const std::string& listing, const std::string& signature) {
         AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
         UpdateCheck each(path, folder.Path(_T("local.xml")), view, source);
@@ -85,7 +85,7 @@ TEST_F(SignedCheck, OnlyAListingWithAGoodSignatureReplacesTheFile) {
     disguised.id = kKey.id;
     const struct {
         const char* label;
-        std::string listing, signature, shown; // empty: replaced
+        std::string listing, signature, shown; // empty: the file is replaced
     } rows[] = {
         {"no signature", Answer(good), "HTTP/1.1 404 Not found\r\n\r\n",
          "The signature of the update could not be downloaded.\r\n\r\nThe server has not found "
@@ -154,12 +154,12 @@ TEST_F(SignedCheck, NothingOlderIsAcceptedThanWhatWasAcceptedLast) {
         bool isAccepted;
     } rows[] = {
         {"2024-03-10", "", true},
-        {"2024-03-10", "timestamp:1", true}, // the same once more
+        {"2024-03-10", "timestamp:1", true}, // the same again
         {"2024-03-09", "", false},
         {"no date", "", false},
         {"2024-03-10", "serial:5", true},
         {"2024-03-11", "serial:4", false},
-        {"2024-03-11", "", false}, // a number cannot be left out again
+        {"2024-03-11", "", false}, // a number must not be missing afterwards
         {"2024-03-09", "serial:6", false},
         {"2024-03-11", "serial:5", true},
         {"2024-03-11", "serial:6", true},
@@ -213,7 +213,7 @@ TEST_F(SignedCheck, AListingThatStaysOldIsReported) {
     EXPECT_EQ(std::string::npos, Run(Answer(listing), signature).find(stale));
     maxAge = 7;
     EXPECT_NE(std::string::npos, Run(Answer(listing), signature).find(stale));
-    // Also where the server says that there is nothing new.
+    // Also when the server has nothing newer.
     check.SetMaxAge(7);
     UpdateCheck next(path, folder.Path(_T("local.xml")), view, source);
     next.Verifier() = check.Verifier();

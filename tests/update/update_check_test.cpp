@@ -90,7 +90,7 @@ TEST_F(Check, ANewerListingIsDownloadedWhenTheUserWantsIt) {
     EXPECT_EQ(_T("Local update file is dated 3/12/2024 1:00:00 AM."), view.m_published);
     ExpectEnd(View::resultUpdated);
 
-    // The same listing again, by the same check and by one of the next run.
+    // The same listing again, in the same check and in one of the next run.
     source.m_now += COleDateTimeSpan(0, 0, 0, 15);
     UpdateCheck next(path, folder.Path(_T("updates.xml")), view, source);
     for (UpdateCheck* each : {&check, &next}) {
@@ -151,7 +151,7 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
     const std::size_t size = kNew.size(), head = Response(Length(200), "").size();
     const std::string lowerCase =
         "HTTP/1.0 200 OK\r\nlast-modified: Tue, 12 Mar 2024 08:30:00 GMT\r\n\r\n";
-    const std::string done = "2 entries\n"; // what came is shown in any case
+    const std::string done = "2 entries\n"; // the listing is shown in any case
     const std::string none = "(40) There are no new updates available.\n";
     const std::string huge = " of 2147483647 bytes (0%)\n" + done;
     const std::string unknown = Error("Unknown HTTP status code.");
@@ -176,7 +176,7 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         {Response("", ""), "", 3, -1, false, none, kOld, View::resultUpToDate},
         {"HTTP/1.0 10060 x\r\n\r\n", "", 3, -1, false, unknown, kOld},
         {"HTTP/1.0 200 OK\r\n", "", 3, -1, false, unknown, kOld},
-        // All of it came, or less, or more, or what can't be known.
+        // The body is complete, too short, too long, or of unknown length.
         {lowerCase, Response(Length(size), kNew), 1, 100, true, done, kNew, View::resultUpdated},
         {kHead, Response(Length(size), kNew), 0, 100, true, done, kNew, View::resultUpdated},
         {kHead, Response(Length(size + 1), kNew), 99, 99, false, done, kNew, View::resultUpdated},
@@ -184,17 +184,17 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
          View::resultUpdated},
         {kHead, "HTTP/1.1 200 OK\r\nX: " + std::string(93 - 24, 'x') + "\r\n\r\n" + longer, 93, 770,
          false, done, longer, View::resultUpdated}, // 716 of 93 bytes
-        // It is no listing, or no answer, or too long by what is told or by what comes.
+        // Not a listing, no answer, or a body that is too long, announced or received.
         {kHead, Response(Length(6), "<html>"), 1, 100, true,
          "(10) The file is not a valid XML file.\n", "<html>"},
         {kHead, "HTTP/1.1 404 x\r\n" + Length(5) + "\r\n<rss>", 99, 0, false, missing, kOld},
         {kHead, "HTTP/1.1 200 OK\r\n", 99, 0, false, unknown, kOld},
         {kHead, Response(Length(1001), kNew), 999, 0, false, tooLong, kOld},
         {kHead, Response("", std::string(1001, ' ')), 9999, 5368, false, tooLong, kOld},
-        // Its length has more bits than the figures.
+        // The announced length has more bits than the figures.
         {kHead, Response("Content-Length: 18446744073709551615\r\n", kNew), 99, 0, false, huge,
          kNew, View::resultUpdated},
-        // Strictly: it is decoded, and refused unless it is whole and a listing.
+        // Strict: the body is decoded, and refused unless it is complete and a listing.
         {kHead, Response(Length(size), kNew + "x"), 9999, 101, true, done, kNew,
          View::resultUpdated, true},
         {kHead, Response(chunked, chunks), 0, 349, true, done, kNew, View::resultUpdated, true},
@@ -234,7 +234,7 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
 }
 
 TEST_F(Check, AStrictCheckForgetsAStoredDateInTheFuture) {
-    source.m_now = COleDateTime(2024, 3, 11, 8, 30, 0); // kListed is a day ahead, and so allowed
+    source.m_now = COleDateTime(2024, 3, 11, 8, 30, 0); // kListed is a day ahead, which is allowed
     for (const bool isStrict : {true, false}) {
         AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime(2024, 3, 12, 8, 30, 1));
         UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
@@ -263,13 +263,13 @@ TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
         const void* const former = source.m_last;
         if (isDownloading) {
             source.Answer(check, kHead);
-            check.OnSocketStatus(former, Http::statusConnected, 10053); // was on its way
+            check.OnSocketStatus(former, Http::statusConnected, 10053); // was already queued
         }
         view.Take();
         EXPECT_FALSE(check.Check());
         EXPECT_EQ(Error("A connection socket is already active."), view.Take());
         view.m_results.clear();
-        view.m_posts = isDownloading; // the end is then reported later
+        view.m_posts = isDownloading; // delays the report of the end
         check.OnSocketStatus(source.m_last, Http::statusReceiving, code);
         if (view.m_posts) {
             EXPECT_TRUE(check.IsActive() && view.m_results.empty());
@@ -295,7 +295,7 @@ TEST_F(Check, FilesThatFailAreNamedAndTheOldListingStays) {
         view.Take();
         view.m_onMessage = [&] {
             source.m_last->m_hasEnded = true;
-            lost.Poll(); // by a timer, while the box is shown
+            lost.Poll(); // called by a timer, while the box is shown
         };
         source.Answer(lost, Response(Length(kNew.size()), kNew));
         const std::string shown = view.Take();
@@ -332,13 +332,13 @@ TEST_F(Check, CancellingEndsEveryPhaseInSilence) {
     EXPECT_TRUE(source.m_last->m_closed);
     for (const int status : std::initializer_list<int>{Http::statusHeaderParsed,
                                                        Http::statusReceived, Http::statusEnded})
-        check.OnSocketStatus(source.m_last, status, 0); // on their way meanwhile
+        check.OnSocketStatus(source.m_last, status, 0); // queued meanwhile
     check.OnSocketStatus(source.m_last, Http::statusConnected, 10053);
     EXPECT_TRUE(HasTemporaryFiles()) << "the connection may still write to it";
     EXPECT_EQ("", view.Take());
     check.Poll();
     EXPECT_EQ(1, source.m_alive);
-    check.Poll(); // its last status must have been lost
+    check.Poll(); // finds out that its last status was lost
     EXPECT_EQ(0, source.m_alive);
     ExpectEnd(View::resultCancelled);
     EXPECT_EQ(kOld, LocalFile());

@@ -19,7 +19,7 @@ TEST(UpdateListingItem, ANewItemHasTheTimeOfLoadingAndItsColumnsShowTitleAndDate
         EXPECT_EQ(CString(texts[column]), row.GetSubItemText(column)) << column;
 }
 
-// Pairs that differ in one field, the first before the second unless they are equal in that order.
+// Pairs that differ in one field, the first before the second unless that order ignores the field.
 TEST(UpdateListingItem, EveryFieldCountsForEqualityAndHasItsOrder) {
     using namespace quorvel;
     COleDateTime invalid = kDate, notANumber = kDate;

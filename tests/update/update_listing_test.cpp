@@ -39,7 +39,7 @@ TEST_F(UpdateListing, EntriesAreReadInOrderWithChildrenInAnyOrder) {
         "<description>  </description><pubDate>soon</pubDate><title>\xc4\x8c</title></item>"
         "<Item/><item/>")));
     ASSERT_EQ(3u, listing.GetItems().size());
-    const COleDateTime now = listing.GetItems()[2].GetDate(); // of one without a date
+    const COleDateTime now = listing.GetItems()[2].GetDate(); // an entry without a date
     EXPECT_TRUE(before <= now && now <= AfxGetCurrentUTCTime());
     const Item expected[] = {
         {_T(" A & B "), _T("both \t ends"), BYTE{0}, {2024, 1, 22, 9, 0, 0}, _T("http://h/a"), 0},
@@ -59,7 +59,7 @@ TEST_F(UpdateListing, AFileThatIsNoListingIsReportedAndChangesNothing) {
     const CString start = _T("An error has occurred while loading the local updates file.")
                           _T("\r\n\r\nThe file is missing the ");
     const std::tuple<const char*, const WCHAR*> rows[] = {
-        {"HTTP/1.1 200 OK", nullptr}, // what the loader says
+        {"HTTP/1.1 200 OK", nullptr}, // the loader's own text
         {"<rss><channel><lastBuildDate>2025-01-02</lastBuildDate><item>", nullptr},
         {"<RSS><channel><lastBuildDate/></channel></RSS>", _T("<rss> tag.")},
         {"<rss><item/></rss>", _T("<channel> tag.")},

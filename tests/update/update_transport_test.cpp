@@ -1,5 +1,5 @@
-// Checks with a transport of the host: one that copies from a folder, and one whose progress is the
-// test's.
+// Checks with a transport of the host: one that copies from a folder, and one whose progress the
+// test sets.
 #include <quorvel/update/update_transport.h>
 
 #include <quorvel/types/version_number.h>
@@ -31,7 +31,7 @@ public:
         value = _T("Tue, 12 Mar 2024 08:30:00 GMT");
         return TRUE;
     }
-    // Without a notification: the check looks by itself.
+    // Without a notification: the check polls.
     void Show(UINT statusCode, ULONGLONG received, ULONGLONG expected = 0) {
         m_progress.isConnected = TRUE;
         m_progress.statusCode = statusCode;

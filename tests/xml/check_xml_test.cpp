@@ -15,7 +15,7 @@ CString Repeated(const WCHAR* text, int count) {
     return result;
 }
 
-// A document that expands the last of a chain of entities, each of which is `references` times the
+// A chain of entities, each with `references` times the one before; the document uses the last.
 // one before.
 CString EntityChain(int length, int references, const WCHAR* content) {
     CString text(_T("<!DOCTYPE a [<!ENTITY e0 'xxxxxxxxxx'>"));
@@ -78,7 +78,7 @@ TEST(CheckXml, TellsWhatIsWrongAndWhere) {
         {"a pair is one character", _T("<a>\xd83d\xde00&;</a>"), invalid, {1, 6, 6}},
         {"lone first half", _T("<a>\xd83d</a>"), invalid, {1, 4, 3}},
         {"byte order mark", _T("\xfeff<a/>"), invalid, {1, 1, 0}},
-        // Characters whose bytes look like the beginning of another encoding.
+        // Characters whose bytes look like the beginning of a different encoding.
         {"mark of UTF-8", _T("\xbbef\x3cbf"), invalid, {1, 2, 1}},
         {"behind a long token",
          CString(_T("<!--")) + Repeated(_T("x\n"), 100000) + _T("-->&"),
@@ -97,8 +97,8 @@ TEST(CheckXml, TellsWhatIsWrongAndWhere) {
     EXPECT_TRUE(AfxCheckXML(_T("<a/>b"), 4, fault));
 }
 
-// Each is judged without an option, with the fifth edition's names and as version 1.1: the offset
-// of the fault, or -1.
+// Each is checked without options, with the names of the fifth edition, and as version 1.1. The
+// result is the offset of the fault, or -1.
 TEST(CheckXml, OptionsChooseTheEditionAndTheVersion) {
     constexpr DWORD both = CHECK_XML_FIFTH_EDITION | CHECK_XML_VERSION_1_1;
     const auto declared = [](const WCHAR* text) {
@@ -171,7 +171,7 @@ TEST(CheckXml, ShowsTheLineAroundTheFault) {
         EXPECT_EQ(fault.nCaret, caret) << label;
     }
     CXMLFault fault;
-    fault.strSnippet = _T("<a/>"); // the text may be the very fault's
+    fault.strSnippet = _T("<a/>"); // the text may belong to the fault
     EXPECT_TRUE(AfxCheckXML(fault.strSnippet, fault));
 }
 
@@ -181,7 +181,7 @@ TEST(CheckXml, ReadsFilesInEveryEncoding) {
     const WCHAR* const invalid = _T("not well-formed (invalid token)");
     const WCHAR* const contradiction = _T("encoding specified in XML declaration is incorrect");
     const CString unsupported(kUnsupported);
-    // An empty message: well-formed.
+    // An empty message means well-formed.
     const std::tuple<const char*, string, CString, Place> rows[] = {
         {"fault behind a mark", "\xef\xbb\xbf<a>\xc3\xa9&</a>", invalid, {1, 6, 5}},
         {"bytes that are not UTF-8", "<a>\xc3\xa9\n\xc3\xa9\xe9</a>", invalid, {2, 2, 6}},

@@ -26,7 +26,7 @@ TEST(EditSession, GivesWhatDirectCallsGive) {
 }
 
 TEST(EditSession, RefusesWhatLiesBeforeTheLastEdit) {
-    // The edit comes after one of the element y.
+    // Each edit follows an edit of the element y.
     static const std::tuple<const char*, std::function<bool(CMarkupEditSession&)>, bool,
                             const WCHAR*>
         kRows[] = {
@@ -50,7 +50,7 @@ TEST(EditSession, RefusesWhatLiesBeforeTheLastEdit) {
     }
 }
 
-// Many times the room that a session begins with, below and beside each other.
+// Much more than a session's initial memory, in depth and in breadth.
 TEST(EditSession, BuildsALargeDocument) {
     CMarkup direct;
     CMarkup built;

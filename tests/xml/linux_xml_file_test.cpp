@@ -1,4 +1,4 @@
-// What only a Linux file can be: a device, or one whose name leaves no room for a second one.
+// Files that only Linux has: a device, and one whose long name leaves no room for a second file.
 #include <quorvel/xml/check_xml.h>
 #include <quorvel/xml/xml_file.h>
 
@@ -25,7 +25,7 @@ TEST(LinuxXmlFile, DevicesAreNoDocuments) {
     }
 }
 
-// Encodings that Wine does not have.
+// Encodings that Wine does not support.
 TEST(LinuxXmlFile, BytesWithoutAMeaningAreAFaultWhereTheyStand) {
     const std::tuple<std::string, std::string, int> rows[] = {
         {"euc-jp", "\xa4\xa2</a>", -1},
@@ -61,7 +61,7 @@ TEST(LinuxXmlFile, WrittenInPlaceItIsKeptUntilThereIsSomethingToWrite) {
     EXPECT_NE(AfxSaveXMLFile(markup, folder.Path(name), error), 0);
     EXPECT_EQ(folder.Read(name), "<?xml ?><a/>");
 
-    // Without the room for all of it nothing is changed.
+    // If the whole text does not fit, nothing is changed.
     CString large(_T("<a>"));
     large += CString(_T('x'), 10000) + _T("</a>");
     EXPECT_TRUE(markup.SetDoc(large));

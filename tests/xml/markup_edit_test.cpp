@@ -27,7 +27,7 @@ TEST(MarkupEditing, BuildsADocument) {
                               _T("\r\n</a>\r\n"));
 
     CMarkup failed(_T("<a"));
-    EXPECT_TRUE(failed.AddElem(_T(""), 5)); // behind what was kept, whatever the name
+    EXPECT_TRUE(failed.AddElem(_T(""), 5)); // after the kept text, with any name
     EXPECT_EQ(failed.GetDoc(), _T("<a<>5</>\r\n"));
     EXPECT_EQ(failed.GetData(), _T("5"));
 }
@@ -37,7 +37,7 @@ TEST(MarkupEditing, AddsWhereThePositionsSay) {
         const char* label;
         const WCHAR* before;
         const WCHAR*
-            after; // with an element n added as a child of the root, after child `position`
+            after; // an element n was added to the root, after child `position`
         int position;
     };
     static constexpr Row kRows[] = {
@@ -116,7 +116,7 @@ TEST(MarkupEditing, RefusesWhatPositionsDoNotReach) {
     constexpr int kMoreThanHalf = 1'200'000'000;
     try {
         CString half;
-        half.GetBufferSetLength(kMoreThanHalf); // where there is as much memory; none is touched
+        half.GetBufferSetLength(kMoreThanHalf); // if there is enough memory; it is not touched
         markup.GetDocRef().GetBufferSetLength(kMoreThanHalf);
         markup.x_DocChange(0, 0, half);
         ADD_FAILURE() << "a text of " << markup.GetDoc().GetLength();
@@ -125,7 +125,7 @@ TEST(MarkupEditing, RefusesWhatPositionsDoNotReach) {
     }
 }
 
-// In linear time, with children added to the children in between.
+// In linear time, while children are also added to earlier children.
 TEST(MarkupEditing, AppendsToALongListWithoutAChildPosition) {
     constexpr int kItems = 50'000;
     MarkupProbe markup;

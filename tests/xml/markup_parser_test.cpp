@@ -98,7 +98,7 @@ TEST(MarkupParser, RefusedArgumentsChangeNothing) {
     EXPECT_FALSE(markup.SetDoc(_T("<c/>"), 0));
     EXPECT_FALSE(markup.SetDoc(static_cast<const char*>(nullptr), 4, 65001));
     EXPECT_EQ(markup.Position(), position);
-    EXPECT_FALSE(markup.SetDoc("<c/>", 4, 99999)); // no such code page: the positions are reset
+    EXPECT_FALSE(markup.SetDoc("<c/>", 4, 99999)); // unknown code page: resets the positions
     EXPECT_EQ(markup.Position(), (std::array<int, 4>{}));
     EXPECT_EQ(markup.GetDoc(), _T("<a><b/></a>"));
     EXPECT_TRUE(markup.SetDoc("<c>\xC3\xA9</c>", 9, 65001));
@@ -112,7 +112,7 @@ TEST(MarkupParser, TheTextMayBeAPartOfTheDocument) {
     EXPECT_EQ(markup.GetDoc(), _T("<b/>"));
 }
 
-// Depth costs records, not stack: linear, and with nothing to overflow.
+// Depth needs records, not stack: linear time and no overflow.
 TEST(MarkupParser, ParsesFiveMillionLevels) {
     constexpr int kDepth = 5'000'000;
     CString text;

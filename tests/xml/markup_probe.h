@@ -1,4 +1,4 @@
-// A CMarkup whose index the tests can read.
+// A CMarkup with an index that tests can read.
 #pragma once
 
 #include <quorvel/xml/markup.h>
@@ -12,7 +12,7 @@ public:
     using CMarkup::CMarkup;
 
     // {nTagOpen, nTagClose, nEndTagOpen, nEndTagClose, depth} of every element in document order:
-    // the index as a tree of tag positions, whatever slots it uses.
+    // the index as a tree of tag positions, independent of the slots used.
     std::vector<std::array<int, 5>> Tree() const {
         std::vector<std::array<int, 5>> tree;
         int depth = 0;

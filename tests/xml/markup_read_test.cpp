@@ -35,9 +35,9 @@ TEST(MarkupNavigation, MovesItsThreePositions) {
     EXPECT_EQ(markup.Position(), (Position{1, 0, 0, 0}));
     EXPECT_FALSE(markup.IntoElem());
     EXPECT_TRUE(markup.FindElem(_T("c")));
-    EXPECT_TRUE(markup.IntoElem()); // an element without children can be entered
+    EXPECT_TRUE(markup.IntoElem()); // IntoElem works without children
     EXPECT_EQ(markup.Position(), (Position{4, 0, 0, 0}));
-    EXPECT_FALSE(markup.FindChildElem()); // and the search does not wander to the root
+    EXPECT_FALSE(markup.FindChildElem()); // the search does not move to the root
     EXPECT_EQ(markup.Position(), (Position{4, 0, 0, 0}));
     EXPECT_TRUE(markup.OutOfElem());
     EXPECT_EQ(markup.Position(), (Position{1, 4, 0, 1}));

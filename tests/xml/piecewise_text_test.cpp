@@ -16,7 +16,7 @@ CString Converted(UINT codePage, const string& bytes) {
     return text;
 }
 
-// The text when the first bytes have been read and the others still are in the file. More of them
+// The text when only the first bytes were read so far. The expected length may be too large.
 // may be expected than there are.
 CString Read(const TemporaryFolder& folder, UINT codePage, const string& bytes, std::size_t head,
              int missing) {
@@ -43,7 +43,7 @@ TEST(PiecewiseText, IsTheSameWhereverItIsCut) {
                     << codePage << ' ' << head;
     for (const char* sequence : {"\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x98\x80"}) {
         string bytes;
-        while (bytes.size() < 200000) // several pieces, whose borders cut every sequence somewhere
+        while (bytes.size() < 200000) // several pieces; their borders split all sequences
             bytes += sequence;
         for (std::size_t head = 1; head < 9; ++head)
             EXPECT_TRUE(Read(folder, CP_UTF8, bytes, head, 0) == Converted(CP_UTF8, bytes)) << head;

@@ -1,4 +1,4 @@
-// The same script of calls made directly on one document and through a session on another.
+// Makes the same script of calls directly on one document and through a session on another.
 #pragma once
 
 #include "xml/markup_probe.h"
@@ -12,22 +12,22 @@
 
 class SessionScript {
 public:
-    // Sessions refuse what lies before the last edit; whether a call does is worked out here from
-    // the positions of a direct edit. Empty when all agrees, or else what did not.
+    // A session refuses edits before its last edit; the script calculates this from the positions
+    // of the direct edit. Returns null if all results agree, otherwise what differs.
     static const char* Run(std::span<const std::uint8_t> script) {
         if (script.empty())
             return "";
         MarkupProbe direct(Pick(kDocuments, script[0]));
         MarkupProbe edited(direct);
         const bool positioned = script[0] / std::size(kDocuments) % 2 != 0;
-        if (positioned) { // a session begins where the document stands
+        if (positioned) { // a session starts at the document's positions
             direct.FindChildElem();
             edited.FindChildElem();
         }
         const MarkupProbe before(edited);
         CMarkupEditSession session(edited);
         int lastEdited = 0;
-        bool isPlain = direct.IsWellFormed(); // the text is still read again as it was written
+        bool isPlain = direct.IsWellFormed(); // parsing the text again gives the same elements
         for (std::size_t i = 1; i < script.size() && i <= kMostSteps; ++i) {
             const unsigned operation = script[i] % kOperations;
             const unsigned choice = script[i] / kOperations;
@@ -113,14 +113,14 @@ private:
         return steps[operation]();
     }
 
-    // Quotes in a name and ">" in an attribute cut the tag when the text is read again.
+    // Quotes in a name and ">" in an attribute split the tag when the text is parsed again.
     static bool IsPlain(unsigned choice) {
         return choice % std::size(kNames) < 3 &&
                choice / std::size(kNames) % std::size(kValues) < 4;
     }
     static bool IsEdit(unsigned operation) { return operation < 4; }
     static bool IsAdd(unsigned operation) { return operation < 2; }
-    // The element that an edit has added or changed.
+    // The element that an edit added or changed.
     static int PlaceOf(const MarkupProbe& markup, unsigned operation) {
         return markup.Position()[operation % 2 == 0 ? 1 : 2];
     }

@@ -36,7 +36,7 @@ const CString kDefaultDeclaration(_T("<?xml version=\"1.0\" encoding=\"utf-8\"?>
 } // namespace
 
 TEST(XmlFile, RecognisesEncodingsByTheFirstBytes) {
-    // The encoding, whether it is big-endian, the sizes of a character (0: refused) and of the
+    // The encoding, whether it is big-endian, and the sizes of a character (0: refused) and of the
     // mark.
     const std::tuple<string, const WCHAR*> rows[] = {
         {"\xef\xbb\xbf"s, _T("utf-8 0 1 3")},
@@ -46,7 +46,7 @@ TEST(XmlFile, RecognisesEncodingsByTheFirstBytes) {
         {"<\0?\0"s, _T("utf-16le 0 2 0")},
         {"\x4c\x6f\xa7\x94"s, _T("ebcdic 0 1 0")},
         {"\xfe\xff\0\0"s, _T(" 0 0 0")}, // not UTF-16
-        {"\xff\xfe<"s, _T(" 0 0 0")},    // three bytes: only UTF-8 is known by them
+        {"\xff\xfe<"s, _T(" 0 0 0")},    // three bytes: only UTF-8 can be recognised
         {"<rss"s, _T(" 0 0 0")},
     };
     for (const auto& [bytes, expected] : rows) {
@@ -64,9 +64,9 @@ TEST(XmlFile, RecognisesEncodingsByTheFirstBytes) {
 
 TEST(XmlFile, LoadsEveryEncoding) {
     const string ebcdic("\x4c\x6f\xa7\x94\x93\x40\x6f\x6e\x4c\x81\x61\x6e"); // <?xml ?><a/>
-    const string longBlank(70000, ' '); // more than is read before the encoding is known
+    const string longBlank(70000, ' '); // longer than the first read
     const string longDeclaration = "<?xml" + longBlank + "encoding='latin1'?>";
-    // Without a declaration none was stored, and the default one is given.
+    // Without a declaration in the file, the default one is returned.
     const std::tuple<const char*, string, CString, std::optional<CString>> rows[] = {
         {"named", "<?xml encoding='latin1'?><a>\xe9</a>", _T("<a>\u00e9</a>"),
          _T("<?xml encoding='latin1'?>")},
@@ -116,7 +116,7 @@ TEST(XmlFile, SaysWhyAFileIsNotLoaded) {
         const char* label;
         string bytes;
         CString error;
-        CString document = _T("<old/>"); // afterwards
+        CString document = _T("<old/>"); // the document after loading
     };
     const Row rows[] = {
         {"four bytes", "<?xm", notXml},
@@ -160,7 +160,7 @@ TEST(XmlFile, SaysWhyAFileIsNotLoaded) {
 }
 
 TEST(XmlFile, SavesInTheDeclaredEncoding) {
-    // A null declaration: the default. The bytes are those of the document <a>é</a>.
+    // A null declaration means the default. The bytes are those of the document <a>é</a>.
     const std::tuple<const char*, const WCHAR*, string, const WCHAR*> rows[] = {
         {"default", nullptr, "<?xml version=\"1.0\" encoding=\"utf-8\"?><a>\xc3\xa9</a>", _T("")},
         {"the name is written as utf-8", _T("<?xml encoding='unicode-1-1-utf-8' x='y'?>"),
@@ -213,7 +213,7 @@ TEST(XmlFile, AFailedSaveKeepsWhatWasThere) {
 
 TEST(XmlFile, RoundTripsAcrossPieces) {
     CString text(_T("<a>"));
-    for (int i = 0; i < 200000; ++i) // pairs of surrogates fall on every border of a piece
+    for (int i = 0; i < 200000; ++i) // surrogate pairs cross all borders of pieces
         text += i % 3 == 0 ? _T("\xd83d\xde00") : _T("x");
     text += _T("</a>");
     const TemporaryFolder folder;

@@ -18,7 +18,7 @@ struct Shown {
     std::string output;
 };
 
-// Shows a box on a terminal where the user types the lines; without lines nobody sits there.
+// Shows a box on a terminal where the user types the lines; without lines there is no terminal.
 Shown Show(LPCWSTR text, UINT type, const char* lines) {
     char* output = nullptr;
     std::size_t size = 0;

@@ -1,4 +1,4 @@
-// The control classes over real controls: what they add to the platform's messages.
+// The control classes with real controls: their additions to the platform's messages.
 #include <quorvel/framework/win/check_list_box.h>
 #include <quorvel/framework/win/combo_box.h>
 #include <quorvel/framework/win/edit.h>
@@ -123,7 +123,7 @@ TEST(CheckListBox, ChecksMoveWithTheirRowsAndNotifyTheParent) {
         CASE(click(1, 4), "selection check b1 c1 d0! "),
         CASE(click(1, 4, WM_LBUTTONDBLCLK), "selection check b1 c0 d0! "),
         CASE(click(2, 4), "selection b1 c0 d0! "),  // disabled
-        CASE(click(0, 60), "selection b1 c0 d0! "), // on the text
+        CASE(click(0, 60), "selection b1 c0 d0! "), // a click on the text
         CASE(space(0), "check b0 c0 d0! "),
     });
     list.SetCheckStyle(BS_AUTO3STATE);

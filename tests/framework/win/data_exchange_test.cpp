@@ -31,7 +31,7 @@ BEGIN_MESSAGE_MAP(CDataDlg, CDialog)
 ON_EN_CHANGE(FIELD_TEXT, &CDataDlg::OnChange)
 END_MESSAGE_MAP()
 
-// Each row: a value, the text that shows it, a text that is typed and what becomes of the value.
+// Each row: a value, its text in the control, a typed text, and the resulting value.
 template <class T>
 struct NumberRow {
     T value;

@@ -1,4 +1,4 @@
-// The life of a dialog, modal and modeless, by keys and messages as a user makes them.
+// Modal and modeless dialogs from opening to closing, driven by a user's keys and by messages.
 #include <quorvel/frame/module.h>
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/win/dialog.h>
@@ -19,9 +19,9 @@ public:
     }
 
     std::function<void(CFieldsDlg&)> m_init;
-    std::function<void(CFieldsDlg&)> m_act; // the Act button
+    std::function<void(CFieldsDlg&)> m_act; // called by the Act button
     std::function<BOOL(MSG*)> m_preTranslate;
-    std::function<bool(int count)> m_idle; // whether to be called once more
+    std::function<bool(int count)> m_idle; // returns whether to call it again
     std::string m_seen;
     bool m_actEnabled = true;
 
@@ -224,7 +224,7 @@ TEST(Dialog, IdleTimeShowsTheStateOfCommands) {
             EXPECT_EQ(TextOf(button), _T("On"));
             ::SetFocus(button);
             dialog.m_actEnabled = false;
-            dialog.PostMessage(WM_NULL); // idle time comes after a message
+            dialog.PostMessage(WM_NULL); // idle time follows a message
             return false;
         }
         if (!dialog.m_actEnabled) {
@@ -236,7 +236,7 @@ TEST(Dialog, IdleTimeShowsTheStateOfCommands) {
         }
         return dialog.m_actEnabled;
     };
-    const DialogDriver driver({}); // ends one that hangs
+    const DialogDriver driver({}); // ends a dialog that hangs
     EXPECT_EQ(dialog.DoModal(), 6);
     EXPECT_EQ(maxCount, 2) << "as long as it asks";
 }

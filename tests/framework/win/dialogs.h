@@ -1,4 +1,4 @@
-// Ids of the test's resources, for the resource compiler too.
+// Ids of the test's resources; the resource compiler includes this too.
 #pragma once
 
 #define DIALOG_FIELDS 101

@@ -178,11 +178,11 @@ TEST(MessageMap, RowsGiveTheirMembersTheMessagesParts) {
         CASE(wnd.After(WM_CTLCOLORSTATIC, 0, self), "color self 6 9 "),
         CASE(wnd.After(g_registered, 41, 0), "42 "),
         CASE(wnd.After(WM_COMMAND, 21, 0), "command 21 1 "),
-        CASE(wnd.After(WM_COMMAND, MAKEWPARAM(22, 1), 0), "command 22 1 "), // an accelerator
-        CASE(wnd.After(WM_COMMAND, 30, 0), "0 "), // the member says: not handled
+        CASE(wnd.After(WM_COMMAND, MAKEWPARAM(22, 1), 0), "command 22 1 "), // from an accelerator
+        CASE(wnd.After(WM_COMMAND, 30, 0), "0 "), // the member returns "not handled"
         CASE(wnd.After(WM_COMMAND, 31, 0), "1 "),
         CASE(wnd.After(WM_COMMAND, COMMAND_PLAIN, 0), "menu 3003 1 "),
-        CASE(wnd.After(WM_COMMAND, COMMAND_DISABLED, 0), "1 "), // its update disables it
+        CASE(wnd.After(WM_COMMAND, COMMAND_DISABLED, 0), "1 "), // its update handler disables it
         CASE(notify(41, 40), "notify 41 40 8 "),
         CASE(notify(43, 40), "0 "),
     });
@@ -222,7 +222,7 @@ END_MESSAGE_MAP()
 TEST(MessageMap, AControlGetsItsNotificationsBeforeItsParent) {
     CRecordingWnd parent;
     CReflectingWnd control(parent);
-    CWnd plain; // has no handler of colours
+    CWnd plain; // has no handler for colours
     plain.CreateEx(0, _T("Static"), nullptr, WS_POPUP, 0, 0, 9, 9, nullptr, nullptr);
     const LPARAM window = reinterpret_cast<LPARAM>(control.m_hWnd);
     const auto notify = [&](UINT code, bool handles = true) {
@@ -242,7 +242,7 @@ TEST(MessageMap, AControlGetsItsNotificationsBeforeItsParent) {
         CASE(notify(50), "70 "),
         CASE(notify(51), "71 "),
         CASE(notify(51, false), "parent 0 "), // passed on to the parent's handler
-        CASE(notify(52), "parent 0 "),        // no row of the control's
+        CASE(notify(52), "parent 0 "),        // the control has no row for it
         CASE(command(EN_CHANGE), "1 "),
         CASE(command(EN_UPDATE), "1 "),
         CASE(command(EN_UPDATE, false), "parent 1 "),

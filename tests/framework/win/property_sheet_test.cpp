@@ -1,4 +1,4 @@
-// Sheets and wizards of real pages, driven by their buttons and keys.
+// Sheets and wizards with real pages, driven by their buttons and keys.
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/win/property_sheet.h>
 
@@ -9,14 +9,14 @@
 
 namespace {
 
-std::string g_seen; // a letter for the page and the call
+std::string g_seen; // the page's letter and the call
 
 class CRecordingPage : public CPropertyPage {
 public:
     CRecordingPage(char name, UINT templateId, UINT captionId = 0)
         : CPropertyPage(templateId, captionId), m_name(name) {}
 
-    std::string m_refused; // a call that is refused once, or throws when it begins with '!'
+    std::string m_refused; // a call to refuse once; with '!' it throws instead
 
     BOOL OnSetActive() override { return CPropertyPage::OnSetActive() && Note("active"); }
     BOOL OnKillActive() override { return CPropertyPage::OnKillActive() && Note("kill"); }

@@ -1,4 +1,4 @@
-// Accelerator tables of schemes, read back and translated in a window.
+// Accelerator tables of schemes: read back, and translated in a window.
 #include <quorvel/framework/wnd.h>
 
 #include "keyboard/shortcuts.h"

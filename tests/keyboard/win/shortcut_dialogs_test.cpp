@@ -1,4 +1,4 @@
-// The list of shortcuts and its dialogs, by real keys, and menus that show keys.
+// The list of shortcuts and its dialogs, with real key messages; menus that show keys.
 #include <quorvel/keyboard/win/assign_shortcut_dlg.h>
 #include <quorvel/keyboard/win/capture_shortcut_key_dlg.h>
 #include <quorvel/keyboard/win/keyboard_shortcut_list_ctrl.h>
@@ -31,7 +31,7 @@ CKeyboardMappingScheme Defaults() {
     return scheme;
 }
 
-// Presses a key while the modifiers count as held. The message comes from the queue.
+// Presses a key while the modifiers count as pressed. The message comes from the queue.
 Step PressKey(UINT code, int modifiers = 0, bool isExtended = false) {
     return [=](HWND box) {
         BYTE state[256] = {};
@@ -51,7 +51,7 @@ Step ReleaseKeys() {
     };
 }
 
-// Rows as the list-view has them: "Open=Ctrl+O *Save=Ctrl+S".
+// The rows in the list-view: "Open=Ctrl+O *Save=Ctrl+S".
 std::string TextsOf(const List& list) {
     std::string text;
     const int count = static_cast<int>(list.SendMessage(LVM_GETITEMCOUNT));

@@ -1,5 +1,5 @@
-// The statuses of sockets whose hosts take their time or are not found: only here can look-ups be
-// made to.
+// The statuses of sockets whose hosts are slow or are not found: only on Linux can tests control
+// look-ups.
 #include <quorvel/net/vask_socket.h>
 
 #include "net/socket_peer.h"
@@ -60,7 +60,7 @@ TEST_F(SocketLookUp, EndsWithItsTimeOut) {
     EXPECT_EQ(m_window.Of(socket), "1 2:10060 ");
 }
 
-// Answers, time-outs and closes meet; each look-up ends once, and nothing of it is left.
+// Answers, time-outs and closes race; each look-up ends once and leaks nothing.
 TEST_F(SocketLookUp, SurvivesItsRaces) {
     quorvel::SetHostResolver([](const std::string&, std::vector<ULONG>& addresses) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));

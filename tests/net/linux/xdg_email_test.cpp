@@ -1,4 +1,4 @@
-// Mail by xdg-email: a script of that name in PATH notes its arguments.
+// Mail with xdg-email: a script of that name in PATH records its arguments.
 #include <quorvel/net/mail.h>
 
 #include "net/linux/mailto.h"
@@ -55,7 +55,7 @@ TEST(Mailto, AttachmentNamesAreNamesOnly) {
 
 class XdgEmail : public testing::Test {
 protected:
-    // The program notes its arguments, one a line, and ends as `last` says.
+    // The script writes its arguments, one in each line, and ends as `last` says.
     void Install(const std::string& last) {
         m_folder.Write(_T("xdg-email"), "#!/bin/sh\nprintf '%s\\n' \"$@\" >\"$0.seen\"\n"
                                         "while [ $# -gt 1 ]; do case $1 in --attach) "

@@ -1,5 +1,5 @@
-// The mail library of the tests. Variants of it lack entry points: with MAIL_PROVIDER_SENDS it has
-// MAPISendMail only, with MAIL_PROVIDER_IS_EMPTY not even that.
+// The mail library of the tests. Variants lack entry points: with MAIL_PROVIDER_SENDS it has only
+// MAPISendMail, with MAIL_PROVIDER_IS_EMPTY not even that.
 #include "net/win/mail_provider.h"
 
 #include <cwchar>
@@ -36,7 +36,7 @@ __declspec(dllexport) ULONG WINAPI MAPILogoff(LHANDLE session, ULONG_PTR, FLAGS,
 
 } // extern "C"
 
-// An export of its own, so that the linker does not export everything.
+// One explicit export, so that the linker does not export everything.
 extern "C" __declspec(dllexport) int MailProviderVersion() {
     return Asked() != nullptr;
 }

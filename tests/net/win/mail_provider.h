@@ -1,5 +1,5 @@
-// What the mail library of the tests asks: an object of the test, whose address an environment
-// variable holds.
+// The interface that the mail library of the tests calls: an object of the test. An environment
+// variable holds its address.
 #pragma once
 
 #include <quorvel/platform/platform.h>

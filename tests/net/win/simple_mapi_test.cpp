@@ -1,4 +1,4 @@
-// Mail by Simple MAPI: a mail library beside the program asks the test for each answer.
+// Mail with Simple MAPI: a mail library next to the program calls the test for each answer.
 #include <quorvel/net/mail.h>
 #include <quorvel/res/message_ids.h>
 
@@ -62,7 +62,7 @@ private:
     }
 };
 
-// The folder of the program.
+// A path in the folder of the program.
 CString Beside(const WCHAR* name) {
     WCHAR path[MAX_PATH];
     ::GetModuleFileNameW(nullptr, path, MAX_PATH);
@@ -74,7 +74,7 @@ void Install(const WCHAR* library) {
 }
 constexpr const WCHAR* kWhole = _T("mail_provider.dll");
 
-struct MailSetting { // is the system's, and one for all programs
+struct MailSetting { // one system setting for all programs
     explicit MailSetting(const WCHAR* value) {
         ::WriteProfileStringW(_T("Mail"), _T("MAPI"), value);
     }
@@ -91,7 +91,7 @@ protected:
         return send(_T("J\u00fcrgen"), _T("a@example.com"), _T("Subject"), _T("Body"), nullptr,
                     nullptr);
     }
-    // Sends, and compares the one box (no id: none) and the library's state.
+    // Sends, and compares the one box (id 0: no box) and the library's state.
     void ExpectSend(bool logsOn, UINT boxId, UINT type, const char* label) {
         EXPECT_EQ(Send(logsOn), boxId == 0) << label;
         std::vector<RecordedMessageBox> boxes;
@@ -132,7 +132,7 @@ TEST_F(SimpleMapi, EveryAnswerOfTheLibrary) {
         {"logon faults", faults, ok, ok, 0, 0, kTextMailInvalidLibrary, 0},
         {"logoff faults", ok, ok, faults, 0, 0, 0, 0},
     };
-    constexpr bool kIs64Bit = sizeof(void*) == 8; // where faults are not caught
+    constexpr bool kIs64Bit = sizeof(void*) == 8; // faults are not caught there
     Install(kWhole);
     for (const auto& row : rows) {
         if (kIs64Bit && (row.logon == Answer::Faults || row.send == Answer::Faults ||

@@ -1,5 +1,5 @@
-// Loads the installed library and uses a class, a function and a text of it, and what a public
-// header includes.
+// Loads the installed library and uses one of its classes, functions and texts, and the headers
+// that a public header includes.
 #include <quorvel/framework/string.h>
 #include <quorvel/res/message_ids.h>
 #include <quorvel/util/compression/zstream.h>

@@ -1,4 +1,4 @@
-// press CAPTION: waits for a dialog of that caption, of any program, and presses its OK.
+// press CAPTION: waits for a dialog of any program with that caption, and presses its OK button.
 #include <windows.h>
 
 int main(int argc, char** argv) {

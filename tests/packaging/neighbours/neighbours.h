@@ -1,5 +1,5 @@
-// Headers of the system and of other libraries that a host includes beside ours, before or after
-// them. What is not installed is skipped.
+// Headers of the system and of other libraries that a host includes before or after ours. Headers
+// that are not installed are skipped.
 #if defined(_WIN32)
 
 #include <winsock2.h>
@@ -12,7 +12,7 @@
 #else
 
 #include <arpa/inet.h>
-#include <arpa/nameser.h> // has a macro DELETE
+#include <arpa/nameser.h> // defines a macro DELETE
 #include <fcntl.h>
 #include <netdb.h>
 #include <netinet/in.h>

@@ -1,4 +1,4 @@
-// What a source sees that has included both sides: every value is the system's own.
+// The values in a source that includes both kinds of headers: each is the system's own.
 #include <type_traits>
 
 template <class Text>

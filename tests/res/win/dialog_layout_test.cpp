@@ -1,5 +1,5 @@
-// Every dialog and menu of the library, in each language and at each text size: what a template
-// says, measured as the dialog manager measures it.
+// All dialogs and menus of the library in each language and at each text size: the templates,
+// measured as the dialog manager measures them.
 #include <quorvel/frame/module.h>
 
 #include "support/test.h"
@@ -12,7 +12,7 @@ namespace {
 
 struct Control {
     DWORD style;
-    RECT units; // of the dialog
+    RECT units; // in dialog units
     DWORD id;
     CString windowClass;
     CString text;
@@ -20,12 +20,12 @@ struct Control {
     bool IsStatic() const { return windowClass == _T("Static"); }
     bool IsButton() const { return windowClass == _T("Button"); }
     bool IsGroup() const { return IsButton() && (style & BS_TYPEMASK) == BS_GROUPBOX; }
-    // Its text stands elsewhere, and a label has to name it.
+    // Its text is not inside it, so a label must name it.
     bool NeedsLabel() const {
         static const std::vector<CString> kLabelled{_T("Edit"), _T("ListBox"), _T("ComboBox"),
                                                     _T("SysListView32")};
         return std::any_of(kLabelled.begin(), kLabelled.end(), [&](const CString& each) {
-            return windowClass.CompareNoCase(each) == 0; // the compiler of resources changes it
+            return windowClass.CompareNoCase(each) == 0; // the resource compiler changes the case
         });
     }
     bool IsReached() const { return (style & WS_TABSTOP) != 0; }
@@ -39,8 +39,8 @@ struct Dialog {
     std::vector<Control> controls;
 };
 
-// Reads an extended dialog template (DLGTEMPLATEEX, whose layout is documented but has no
-// structure).
+// Reads an extended dialog template (DLGTEMPLATEEX; its layout is documented, but the SDK has no
+// structure for it).
 class TemplateReader {
 public:
     TemplateReader(const void* bytes, std::size_t size)
@@ -83,7 +83,7 @@ private:
                     height = Take<short>();
         return {left, top, left + width, top + height};
     }
-    CString TakeName() { // a text, or FFFF and a number
+    CString TakeName() { // a text, or 0xFFFF and a number
         static const std::map<WORD, CString> kClasses{
             {0x80, _T("Button")},  {0x81, _T("Edit")},      {0x82, _T("Static")},
             {0x83, _T("ListBox")}, {0x84, _T("ScrollBar")}, {0x85, _T("ComboBox")}};
@@ -98,7 +98,7 @@ private:
         return text;
     }
     Control TakeControl() {
-        m_next += (m_begin - m_next) & 3; // starts at a multiple of four
+        m_next += (m_begin - m_next) & 3; // aligned to four bytes
         Take<DWORD>();                    // help id
         Take<DWORD>();                    // extended style
         Control control{};
@@ -116,7 +116,7 @@ private:
     const BYTE* m_end;
 };
 
-// The units of a dialog in pixels, and its texts measured, in its font on a screen of `dpi`.
+// Converts the units of a dialog to pixels and measures texts in its font on a screen of `dpi`.
 class Ruler {
 public:
     Ruler(const Dialog& dialog, int dpi) : m_dpi(dpi), m_dc(CreateCompatibleDC(nullptr)) {
@@ -171,7 +171,7 @@ bool Fits(const Control& control, const Ruler& ruler) {
     const SIZE need = ruler.Measure(control.text, 0, DT_SINGLELINE);
     const DWORD kind = control.style & BS_TYPEMASK;
     const bool pushes = kind == BS_PUSHBUTTON || kind == BS_DEFPUSHBUTTON;
-    const int frame = ruler.Scaled(pushes ? 10 : 20); // both edges and the focus; a box and its gap
+    const int frame = ruler.Scaled(pushes ? 10 : 20); // both edges and the focus; or box and gap
     return need.cx + frame <= room.cx && (control.IsGroup() || need.cy <= room.cy);
 }
 
@@ -180,12 +180,12 @@ bool Overlap(const RECT& a, const RECT& b) {
     return IntersectRect(&common, &a, &b) != FALSE;
 }
 
-// Whether Tab goes on to the right or downwards.
+// Whether Tab moves to the right or downwards.
 bool ReadsOn(const RECT& from, const RECT& to) {
     return to.left >= from.right || to.top >= from.bottom;
 }
 
-// The letter after a single "&", in lower case; 0 for none.
+// The letter after a single "&", in lower case; 0 without one.
 WCHAR Mnemonic(const CString& text) {
     for (int i = 0; i + 1 < text.GetLength(); ++i) {
         if (text[i] != '&')

@@ -1,4 +1,4 @@
-// Opening by xdg-open: a script of that name in PATH notes its arguments.
+// Opening with xdg-open: a script of that name in PATH records its arguments.
 #include <quorvel/system/open_file.h>
 
 #include "support/environment.h"

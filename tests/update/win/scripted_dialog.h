@@ -9,7 +9,7 @@
 
 #include <functional>
 
-// Passes statuses on to the window of a check.
+// Forwards statuses to the window of a check.
 struct StatusMessages {
     HWND window;
     void OnSocketStatus(const void* sender, int status, DWORD error) const {

@@ -16,7 +16,7 @@ COleDateTime DateOf(Day day) {
     return day.year == 0 ? COleDateTime() : COleDateTime(day.year, day.month, day.day, 0, 0, 0);
 }
 
-// A day of March 2007, or of February when it is less than 1.
+// A day of March 2007; numbers below 1 are days of February.
 COleDateTime March(int day) {
     return COleDateTime(DATE{39141.0 + day});
 }
@@ -30,12 +30,12 @@ COleDateTime WithStatus(DATE serial, COleDateTime::DateTimeStatus status) {
 const COleDateTime kUnusable[] = {
     WithStatus(39146, COleDateTime::invalid),
     WithStatus(std::numeric_limits<double>::quiet_NaN(), COleDateTime::valid),
-    WithStatus(2958465.999999, COleDateTime::valid), // rounds to 1 January 10000
+    WithStatus(2958465.999999, COleDateTime::valid), // would round to 1 January 10000
 };
 
 enum DayOfWeek { Sunday = 1, Monday, Tuesday, Wednesday, Thursday, Friday, Saturday };
 
-// Steps by a count: the functions with a date and a count.
+// Functions that take a date and a count.
 typedef COleDateTime (*Stepper)(COleDateTime, int);
 constexpr Stepper kSteppers[] = {
     AfxGetPreviousWeekday, AfxGetNextWeekday,    AfxGetPreviousWeekendDay,
@@ -59,7 +59,7 @@ TEST(Calendar, DatesAndTimesHaveTheirRanges) {
     for (const auto& [hour, minute, second, isValid] : times)
         EXPECT_EQ(AfxIsValidTime(hour, minute, second), isValid)
             << hour << ':' << minute << ':' << second;
-    const char* const kinds = "-EWWWWWE--"; // of the days 0 to 9
+    const char* const kinds = "-EWWWWWE--"; // for the days 0 to 9
     for (int day = -1; day < 10; ++day) {
         const char kind = day < 0 ? '-' : kinds[day];
         EXPECT_EQ(AfxIsValidDayOfWeek(day), kind != '-') << day;
@@ -93,9 +93,9 @@ TEST(Calendar, DaysAndWeeksAreCountedFromTheFirstOfJanuary) {
     }
 }
 
-// 2147483647 is 12 times 178956970 and 7, 2147483648 is 12 times 178956970 and 8.
+// 2147483647 is 12 * 178956970 + 7, and 2147483648 is 12 * 178956970 + 8.
 TEST(Calendar, MonthsMoveOverYears) {
-    // Month, year, offset, moved month and year; 0: refused.
+    // Month, year, offset, resulting month and year; 0 means refused.
     const std::tuple<int, int, int, int, int> rows[] = {
         {3, 0, 12, 0, 0},       {3, 2007, 9, 12, 2007},  {3, 2007, -15, 12, 2005},
         {1, 1, -1, 12, 0},      {1, INT_MAX, 12, 0, 0},  {12, 1, INT_MAX, 7, 178956972},
@@ -114,7 +114,7 @@ TEST(Calendar, MonthsMoveOverYears) {
 }
 
 TEST(Calendar, OneStepGoesToTheDaysOfItsKindOnly) {
-    // Where each of the steppers leads to from Sunday 4 March and the days that follow.
+    // The result of each function from Sunday 4 March and from the following days.
     const int steps[][6] = {
         {2, 5, 3, 10, -2, 5}, {2, 6, 4, 10, -2, 12}, {5, 7, 4, 10, 5, 12},  {6, 8, 4, 10, 5, 12},
         {7, 9, 4, 10, 5, 12}, {8, 12, 4, 10, 5, 12}, {9, 12, 4, 11, 5, 12},
@@ -165,7 +165,7 @@ TEST(Calendar, WhatIsNotValidLeadsNowhere) {
 
 TEST(Calendar, AMonthsFirstAndLastDaysOfAKind) {
     const std::tuple<int, int, int, int, int, int, int, int> rows[] = {
-        // Months that begin and end with each kind of day.
+        // Months that begin and end with different kinds of days.
         {3, 2007, 1, 30, 3, 31, 5, 26},
         {9, 2007, 3, 28, 1, 30, 3, 24},
         {4, 2007, 2, 30, 1, 29, 2, 30},
@@ -188,7 +188,7 @@ TEST(Calendar, AnOrdinalStaysInItsMonth) {
     const auto day = [](int year, int month, int number) {
         return DateOf(number == 0 ? kNone : Day{year, month, number});
     };
-    // Month, year, day of the week, ordinal, day; 0: none.
+    // Month, year, day of the week, ordinal, day; 0 means no such day.
     const std::tuple<int, int, int, int, int> named[] = {
         {3, 2007, Monday, 4, 26},   {3, 2007, Monday, 5, 0},  {4, 2007, Monday, 6, 0},
         {3, 2007, Saturday, 5, 31}, {3, 2007, Tuesday, 0, 0}, {3, 2007, Tuesday, INT_MAX, 0},
@@ -198,7 +198,7 @@ TEST(Calendar, AnOrdinalStaysInItsMonth) {
         EXPECT_EQ(AfxGetOrdinalDayOfWeekInMonth(month, year, dayOfWeek, ordinal),
                   day(year, month, number))
             << dayOfWeek << " no. " << ordinal << " of " << month << '/' << year;
-    // Month, year, ordinal, weekday, weekend day; 0: none.
+    // Month, year, ordinal, weekday, weekend day; 0 means no such day.
     const std::tuple<int, int, int, int, int> kinds[] = {
         {3, 2007, 1, 1, 3},   {3, 2007, 3, 5, 10}, {3, 2007, 9, 13, 31}, {3, 2007, 10, 14, 0},
         {3, 2007, 22, 30, 0}, {3, 2007, 23, 0, 0}, {9, 2007, 1, 3, 1},   {3, 2007, INT_MAX, 0, 0},
@@ -211,7 +211,7 @@ TEST(Calendar, AnOrdinalStaysInItsMonth) {
     }
 }
 
-// Three months on from December 2006 is March 2007.
+// December 2006 and three months is March 2007.
 TEST(Calendar, OffsetMonthsMoveBeforeTheyAreSearched) {
     const std::tuple<const char*, COleDateTime, COleDateTime> rows[] = {
         {"first Tuesday", AfxGetFirstTuesdayInOffsetMonth(12, 2006, 3), March(6)},

@@ -41,15 +41,15 @@ TEST(DateParser, EveryFormOfATextHasItsDate) {
         {_T("Sun Mar  4 12:34:56 2007"), noon},
         {_T("1990-12-31T23:59:60Z"), {1991, 1, 1, 0, 0, 0}},
         {_T("1937-01-01T12:00:27.87+00:20"), {1937, 1, 1, 11, 40, 27}},
-        // A time with a zone is in UTC.
+        // A time with a zone is converted to UTC.
         {_T("Fri, 29 Dec 1899 22:15:01 -0200"), {1899, 12, 30, 0, 15, 1}},
-        // Without one, or with a word that is not known, it stands.
+        // A time without a zone, or with an unknown word, is unchanged.
         {_T("Sun, 04 Mar 2007 05:06:07 (CET)"), {2007, 3, 4, 5, 6, 7}},
-        // Blanks and what follows do not matter.
+        // Blanks and the text after the date do not matter.
         {_T("  Sun,\t04\r\n Mar 2007   5:6:7 +0100 (CET)"), {2007, 3, 4, 4, 6, 7}},
         {_T("sUN, 4 mARCH 2007 05:06:07 gmt; length=1"), {2007, 3, 4, 5, 6, 7}},
         {_T("2007-03-04 05:06:07"), {2007, 3, 4, 0, 0, 0}},
-        // Short years are of this age and the last.
+        // Years with two or three digits are in this century or the last.
         {_T("4 Mar 49"), {2049, 3, 4, 0, 0, 0}},
         {_T("4 Mar 50"), {1950, 3, 4, 0, 0, 0}},
         {_T("4 Mar 107"), {2007, 3, 4, 0, 0, 0}},
@@ -66,7 +66,7 @@ TEST(DateParser, TheOrderIsThatOfTheSlashesOnly) {
 }
 
 TEST(DateParser, ATextThatIsNoDateLeavesTheDate) {
-    // A word ends at a blank, and 5:06 PM is not 5:06.
+    // A word ends at a blank. 5:06 PM is not 5:06.
     for (const WCHAR* text :
          {static_cast<const WCHAR*>(nullptr), _T("4Mar2007"), _T("0099-03-04"), _T("4 Mar -107"),
           _T("4/3/2007 5:06 PM"), _T("0100-01-01T00:30:00+01:00"),

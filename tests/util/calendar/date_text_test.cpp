@@ -1,4 +1,4 @@
-// The locale is that of the test run: English (United States).
+// The test runs with the locale English (United States).
 #include <quorvel/util/calendar/date_text.h>
 
 #include "support/test.h"

@@ -1,4 +1,4 @@
-// What the locale changes, and what it must not; the test run's is German (Germany).
+// What depends on the locale, and what must not. The test runs with German (Germany).
 #include <quorvel/util/calendar/date_parser.h>
 #include <quorvel/util/calendar/date_text.h>
 

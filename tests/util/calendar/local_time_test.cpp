@@ -1,5 +1,5 @@
-// The time zone is that of the test run: Europe/Berlin, where the clocks go forward at 1:00 UTC on
-// the last Sunday of March and back on that of October.
+// The test runs with the time zone Europe/Berlin: clocks go forward at 1:00 UTC on the last Sunday
+// of March, and back on the last Sunday of October.
 #include <quorvel/util/calendar/local_time.h>
 
 #include "support/date_time.h"
@@ -13,11 +13,11 @@ TEST(LocalTime, ConvertsBothWaysByTheRulesOfThisYear) {
     const std::tuple<COleDateTime, COleDateTime> rows[] = {
         {{2007, 3, 25, 0, 59, 59}, {2007, 3, 25, 1, 59, 59}},
         {{2007, 3, 25, 1, 0, 0}, {2007, 3, 25, 3, 0, 0}},
-        {{2007, 10, 28, 0, 0, 0}, {2007, 10, 28, 2, 0, 0}}, // occurs twice: first
+        {{2007, 10, 28, 0, 0, 0}, {2007, 10, 28, 2, 0, 0}}, // occurs twice: the first time
         {{2007, 10, 28, 2, 0, 0}, {2007, 10, 28, 3, 0, 0}},
-        {{1950, 7, 1, 12, 0, 0}, {1950, 7, 1, 14, 0, 0}}, // without in fact
+        {{1950, 7, 1, 12, 0, 0}, {1950, 7, 1, 14, 0, 0}}, // in reality without daylight saving
         {{1601, 1, 1, 0, 0, 0}, {1601, 1, 1, 1, 0, 0}},
-        {{1899, 12, 29, 23, 0, 0}, {1899, 12, 30, 0, 0, 0}}, // from a serial below 0
+        {{1899, 12, 29, 23, 0, 0}, {1899, 12, 30, 0, 0, 0}}, // a negative serial number
         {{9999, 12, 31, 22, 59, 59}, {9999, 12, 31, 23, 59, 59}},
     };
     for (const auto& [utc, local] : rows) {
@@ -49,7 +49,7 @@ TEST(LocalTime, WhatCannotBeConvertedLeavesTheOutput) {
 }
 
 TEST(LocalTime, AZoneOfTheCallersCountsInstead) {
-    TIME_ZONE_INFORMATION west = {}, sydney = {}; // whose summer goes over the turn of the year
+    TIME_ZONE_INFORMATION west = {}, sydney = {}; // its summer spans the new year
     west.Bias = 300;
     sydney.Bias = -600;
     sydney.StandardDate = {0, 4, 0, 1, 3, 0, 0, 0};
@@ -57,7 +57,7 @@ TEST(LocalTime, AZoneOfTheCallersCountsInstead) {
     sydney.DaylightBias = -60;
     const std::tuple<const TIME_ZONE_INFORMATION*, SYSTEMTIME, COleDateTime> rows[] = {
         {&west, {2007, 7, 0, 1, 20, 6, 7, 250}, {2007, 7, 2, 1, 6, 7}},
-        {nullptr, {2007, 7, 0, 1, 20, 6, 7, 250}, {2007, 7, 1, 18, 6, 7}}, // the user's
+        {nullptr, {2007, 7, 0, 1, 20, 6, 7, 250}, {2007, 7, 1, 18, 6, 7}}, // the user's zone
         {&sydney, {2008, 1, 0, 1, 0, 30, 0, 250}, {2007, 12, 31, 13, 30, 0}},
         {&sydney, {2008, 4, 0, 6, 2, 30, 0, 250}, {2008, 4, 5, 15, 30, 0}}, // occurs twice
         {&sydney, {2008, 4, 0, 6, 3, 0, 0, 250}, {2008, 4, 5, 17, 0, 0}},
@@ -82,7 +82,7 @@ TEST(LocalTime, TimesThatCannotBeAreRefusedWithAnError) {
                                    {2007, 13, 0, 1, 0, 0, 0, 0},
                                    {2007, 1, 0, 1, 24, 0, 0, 0},
                                    {2007, 1, 0, 0, 0, 0, 0, 0},
-                                   // Wine takes 29 February as 1 March.
+                                   // Wine reads 29 February as 1 March.
                                    {2007, static_cast<WORD>(kOnLinux ? 2 : 13), 0, 29, 0, 0, 0, 0}})
         EXPECT_EQ(error(&time, &utc), DWORD{ERROR_INVALID_PARAMETER}) << time.wMonth;
     EXPECT_EQ(std::memcmp(&utc, &marker, sizeof marker), 0);

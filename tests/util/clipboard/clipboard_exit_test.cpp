@@ -1,4 +1,4 @@
-// What is asked and done when a program ends, what failures are reported as, and where a text ends.
+// The question and action when a program ends, the reports of failures, and the end of a text.
 #include <quorvel/util/clipboard/clipboard_error.h>
 
 #include "support/message_box_recorder.h"
@@ -11,7 +11,7 @@ using namespace quorvel::win32;
 namespace {
 
 constexpr UINT kFormat = 13;
-constexpr DWORD kErrorWithoutText = 0x20000123; // an application's, of which the system knows none
+constexpr DWORD kErrorWithoutText = 0x20000123; // an application's error; no system text
 
 class FakeClipboard final : public quorvel::ExitClipboard {
 public:
@@ -39,7 +39,7 @@ TEST(ClipboardExit, AsksAndEmptiesAsTheActionSays) {
         DWORD error;
         BOOL result;
         int emptied;
-        std::vector<UINT> boxes; // their types
+        std::vector<UINT> boxes; // types of the boxes
     } rows[] = {
         {"empty", true, 0, nullptr, 0, 0, TRUE, 1, {}},
         {"yes", true, 1, _T("Editor"), IDYES, 0, TRUE, 1, {MB_YESNO}},
@@ -81,7 +81,7 @@ TEST(ClipboardExit, FailuresAreReportedByAction) {
     const struct {
         UINT action;
         DWORD error;
-        CString text; // what comes before the system's own; empty: no box
+        CString text; // precedes the system's text; empty: no box
     } rows[] = {{0, 5, placing},    {1, 5, placing},   {2, 5, placing},
                 {3, 5, retrieving}, {4, 5, emptying},  {5, 5, placing},
                 {6, 5, {}},         {UINT_MAX, 5, {}}, {1, kErrorWithoutText, {}}};

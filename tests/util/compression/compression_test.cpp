@@ -63,7 +63,7 @@ TEST_F(Compression, RoundTripsWholeStreams) {
             TestFile followed(stream + std::string(20000, '#'));
             TestFile again;
             ExpectConverted(false, followed, again);
-            EXPECT_EQ(m_read, stream.size()); // what follows is not of it
+            EXPECT_EQ(m_read, stream.size()); // does not read beyond the stream
             EXPECT_TRUE(again.Contents() == bytes);
         }
     EXPECT_TRUE(m_recorder.Take().empty());
@@ -159,7 +159,7 @@ TEST_F(Compression, NothingThatAFileThrowsEscapes) {
                         row.throwIt();
                 };
                 ExpectFailure(deflating, source, destination, row.text);
-                EXPECT_GT(destination.GetLength(), 0u); // what was written stays
+                EXPECT_GT(destination.GetLength(), 0u); // written data stays
             }
 }
 
@@ -176,7 +176,7 @@ TEST_F(Compression, FilesThatCannotBeUsedAreTold) {
     unusable.Close();
     CFile::Remove(name);
     if (!kOnLinux)
-        return; // elsewhere there is no device that is always full
+        return; // only Linux has a device that is always full
     CFile full(_T("/dev/full"), CFile::modeWrite);
     other.SeekToBegin();
     ExpectFailure(true, other, full, _T("The disk is full."));

@@ -1,4 +1,4 @@
-// What the tests of compression share: data, and files in memory that can be told to throw.
+// Shared by the tests of compression: data, and files in memory that throw on request.
 #pragma once
 
 #include <quorvel/framework/mem_file.h>
@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-// It shrinks to about half.
+// Text that compresses to about half its size.
 inline std::string SomeText(std::size_t size) {
     std::string text;
     for (unsigned i = 0; text.size() < size; ++i)
@@ -25,7 +25,7 @@ inline std::string RandomBytes(std::size_t size) {
     return bytes;
 }
 
-// A file in memory, at its start, that notes how it is read.
+// A file in memory, positioned at its start, that records how it is read.
 class TestFile : public CMemFile {
 public:
     explicit TestFile(const std::string& bytes = {}) {
@@ -48,12 +48,12 @@ public:
         return bytes;
     }
 
-    std::vector<UINT> m_reads; // the counts that were asked for
+    std::vector<UINT> m_reads; // the requested counts
     std::function<void()> m_onRead = [] {};
-    std::function<void()> m_onWrite = [] {}; // after it
+    std::function<void()> m_onWrite = [] {}; // called after a write
 };
 
-// What files may throw, and the text that is shown of it.
+// Exceptions that files may throw, and the text shown for each.
 struct ThrowRow {
     void (*throwIt)();
     const WCHAR* text;

@@ -1,5 +1,5 @@
-// Archives are read back here by the reader that belongs to the writer; two others read those of
-// tests/examples/pack_test.py.
+// Here the reader that belongs to the writer reads the archives; in tests/examples/pack_test.py two
+// other readers do.
 #include <quorvel/util/compression/zip_file.h>
 
 #include "support/temporary_folder.h"
@@ -39,7 +39,7 @@ std::vector<Entry> EntriesOf(const CString& path) {
 class Zip : public testing::Test {
 protected:
     Zip() { m_folder.Write(_T("source"), "abc"); }
-    // The error; the text of it is in m_error.
+    // The error code; its text is in m_error.
     int Add(void* zip, const WCHAR* source, const WCHAR* name, int level = 6) {
         m_error = _T("unchanged");
         return AfxAddFileToZipFile(zip, source, name, level, m_error);
@@ -62,7 +62,7 @@ TEST_F(Zip, FilesAreAddedAndReadBack) {
     EXPECT_EQ(Add(zip, m_folder.Path(_T("random")), nullptr, 0), 0);
     EXPECT_EQ(m_error, _T("unchanged"));
     EXPECT_EQ(AfxCloseZipFile(zip), 0);
-    zip = AfxOpenZipFile(m_archive, 2); // more of them
+    zip = AfxOpenZipFile(m_archive, 2); // adds entries
     EXPECT_EQ(Add(zip, m_source, _T("added"), -1), 0);
     EXPECT_EQ(AfxCloseZipFile(zip), 0);
     const std::string whole = CStringA(m_folder.Path(_T("random"))).GetString();
@@ -72,7 +72,7 @@ TEST_F(Zip, FilesAreAddedAndReadBack) {
 
 TEST_F(Zip, WhatCannotBeDoneIsTold) {
     CString folder = m_folder.Path();
-    folder.TrimRight(_T("\\/")); // with a separator at its end it is no path to the systems
+    folder.TrimRight(_T("\\/")); // a path must not end with a separator
     const CString garbage = m_folder.Path(_T("garbage"));
     m_folder.Write(_T("garbage"), std::string(100, 'x'));
     const CString inMissingFolder = m_folder.Path(_T("missing\\a"));
@@ -101,14 +101,14 @@ TEST_F(Zip, WhatCannotBeDoneIsTold) {
         EXPECT_EQ(Add(archive, source, _T("name"), level), code);
         EXPECT_EQ(m_error, error);
     }
-    EXPECT_EQ(Add(zip, m_source, _T("later")), 0); // the archive goes on
+    EXPECT_EQ(Add(zip, m_source, _T("later")), 0); // the archive stays usable
     EXPECT_EQ(AfxCloseZipFile(zip), 0);
     EXPECT_EQ(EntriesOf(m_archive), (std::vector<Entry>{{"name", ""}, {"later", "abc"}}));
 }
 
 TEST_F(Zip, AnArchiveOfOneFileIsRefusedWithTheReason) {
     const CString folder = m_folder.Path();
-    const CString deliberate(std::strerror(0)); // of a failed system call, whichever it was
+    const CString deliberate(std::strerror(0)); // for any failed system call
     const std::tuple<const char*, const WCHAR*, const WCHAR*, int, const WCHAR*> rows[] = {
         {"no source", nullptr, m_archive, 6, kInvalidParameter},
         {"missing source", m_missing, m_archive, 6, kNotFound},

@@ -40,7 +40,7 @@ std::string Inflated(CZStream& stream, const std::string& packed) {
 TEST(ZStream, TheTwoDirectionsReportDifferently) {
     CZStream stream;
     EXPECT_EQ(stream.DeflateInit(12), FALSE);
-    EXPECT_EQ(stream.DeflateEnd(), FALSE); // there is none
+    EXPECT_EQ(stream.DeflateEnd(), FALSE); // there is no stream
     EXPECT_EQ(stream.InflateEnd(), Z_STREAM_ERROR);
 }
 
@@ -85,14 +85,14 @@ TEST(ZStream, CopiesShareTheBuffersUntilTheLastIsGone) {
     EXPECT_TRUE(copy.AreBuffersInitialized());
     EXPECT_EQ(copy.total_out, 77u);
     ASSERT_EQ(copy.InflateInit(), 0);
-    EXPECT_EQ(CZStream(copy).InflateEnd(), Z_STREAM_ERROR); // zlib knows the object itself
+    EXPECT_EQ(CZStream(copy).InflateEnd(), Z_STREAM_ERROR); // zlib accepts only the object itself
     EXPECT_EQ(copy.InflateEnd(), 0);
     std::vector<UINT> reads;
     EXPECT_EQ(Inflated(copy, Deflated(copy, SomeText(5000), kAll, &reads)), SomeText(5000));
     EXPECT_EQ(reads[0], 100u);
 }
 
-// And quietly so; the object serves again afterwards.
+// Without a box; the object can be used again afterwards.
 TEST(ZStream, FailuresReturnZero) {
     MessageBoxRecorder recorder;
     const std::string bytes = RandomBytes(100000);
@@ -110,12 +110,12 @@ TEST(ZStream, FailuresReturnZero) {
     ASSERT_TRUE(stream.DeflateInit(1));
     EXPECT_EQ(stream.Deflate(source, kAll, destination, written = kMarker), 0);
     EXPECT_EQ(written, 0u);
-    EXPECT_TRUE(stream.DeflateEnd()); // nothing was begun
+    EXPECT_TRUE(stream.DeflateEnd()); // no data was written
     TestFile bad("\x78\x9d" + packed.substr(2));
     ASSERT_EQ(stream.InflateInit(), 0);
     EXPECT_EQ(stream.Inflate(bad, kAll, destination, written), 0);
     EXPECT_EQ(stream.InflateEnd(), 0);
-    EXPECT_TRUE(Inflated(stream, packed) == bytes); // what is left of the bad one is forgotten
+    EXPECT_TRUE(Inflated(stream, packed) == bytes); // discards the rest of the bad stream
     EXPECT_TRUE(recorder.Take().empty());
 }
 

@@ -1,4 +1,4 @@
-// The portable and the vector kernels give the same results.
+// The portable and the vector kernels return the same results.
 #include "util/text/base64_kernels.h"
 
 #include "support/test.h"
@@ -14,9 +14,9 @@ TEST(Base64Kernels, AgreeOnEveryLengthWithForeignCharacters) {
     const std::string alphabet = quorvel::kBase64Alphabet;
     std::mt19937 random(20240229);
     for (int round = 0; round < 4 * 300; ++round) { // each length with each combination of flags
-        const unsigned missing = round % 3 == 0 ? 0 : random() % 100; // of the decoder's room
+        const unsigned missing = round % 3 == 0 ? 0 : random() % 100; // in the decoder's buffer
         std::string input = {static_cast<char>(round), static_cast<char>(missing), 0};
-        const unsigned rarity = 1 + random() % 80; // how far apart the foreign ones are
+        const unsigned rarity = 1 + random() % 80; // the distance of foreign characters
         for (int i = 0; i < round / 4; ++i)
             input += random() % rarity == 0 ? static_cast<char>(random()) : alphabet[random() % 64];
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
@@ -31,7 +31,7 @@ std::string Decoded(const quorvel::Base64Kernels<WCHAR>& kernels,
     return std::string(bytes, bytes + sizeof bytes) + std::to_string(length);
 }
 
-// Among others, at one place after another.
+// Each character is tested among others, at changing positions.
 TEST(Base64Kernels, AgreeOnEveryWideCharacter) {
     for (unsigned unit = 0; unit < 0x10000; ++unit) {
         std::basic_string<WCHAR> text(80, 'a');

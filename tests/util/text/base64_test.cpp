@@ -4,7 +4,7 @@
 
 namespace {
 
-// Both widths; they must agree.
+// Encodes in both widths, which must agree.
 std::string Encode(const std::string& bytes, DWORD flags) {
     const auto* const source = reinterpret_cast<const BYTE*>(bytes.data());
     const int size = static_cast<int>(bytes.size());
@@ -14,7 +14,7 @@ std::string Encode(const std::string& bytes, DWORD flags) {
     std::basic_string<WCHAR> wide(static_cast<std::size_t>(length), '#');
     EXPECT_TRUE(AfxBase64EncodeMultiByte(source, size, text.data(), &length, flags));
     EXPECT_TRUE(AfxBase64Encode(source, size, wide.data(), &wideLength, flags));
-    EXPECT_EQ(text, std::string(wide.begin(), wide.end())); // unwritten "#" included
+    EXPECT_EQ(text, std::string(wide.begin(), wide.end())); // including unwritten "#"
     EXPECT_EQ(length, wideLength);
     return text.substr(0, static_cast<std::size_t>(length));
 }
@@ -36,7 +36,7 @@ TEST(Base64, EncodesInEveryFlagCombination) {
     std::string line;
     for (int i = 0; i < 19; ++i)
         line += "\x41\x04\x10";
-    // A full line keeps its break, one filled by the last group has none.
+    // A full line has its line break, but not if the last group fills it.
     const std::tuple<std::string, DWORD, std::string> rows[] = {
         {"foobar", breaks, "Zm9vYmFy"},
         {"M", BASE64_NO_PADDING, "TQ"},
@@ -54,9 +54,9 @@ TEST(Base64, EncodesInEveryFlagCombination) {
 
 TEST(Base64, RequiredLengthIsTheContractsBound) {
     constexpr DWORD noPads = BASE64_NO_PADDING, noLines = BASE64_NO_LINE_BREAKS;
-    // 56 bytes are 74 characters, and 2 of padding fill the line, so two breaks are counted;
-    // without padding 74 do not, and the rounding comes after the count.
-    // The last would need 2147483648.
+    // 56 bytes are 74 characters; with 2 of padding they fill the line, so two breaks are counted.
+    // Without padding 74 do not fill it, and rounding comes after the count. The last row would
+    // need 2147483648.
     const std::tuple<int, DWORD, int> rows[] = {
         {0, 0, 0},   {INT_MIN, 0, 0},  {INT_MAX, noPads | noLines, 0},
         {56, 0, 80}, {2, noPads, 6},   {1610612733, noLines, 2147483644},
@@ -74,7 +74,7 @@ TEST(Base64, RefusedArgumentsChangeNothing) {
     const std::tuple<const BYTE*, int, char*, int> encoded[] = {
         {nullptr, 3, text, 8}, {source, 3, nullptr, 8},
         {source, 0, text, 8},  {source, INT_MAX, text, INT_MAX},
-        {source, 3, text, -1}, {source, 3, text, 5}, // below the bound, though the text would fit
+        {source, 3, text, -1}, {source, 3, text, 5}, // below the bound, although the text would fit
     };
     for (const auto& [from, size, to, room] : encoded) {
         int length = room;
@@ -93,7 +93,7 @@ TEST(Base64, RefusedArgumentsChangeNothing) {
 }
 
 TEST(Base64, DecodesLeniently) {
-    // Padding does not end a group, and one character alone gives no byte.
+    // Padding does not end a group, and a single character gives no byte.
     const std::tuple<const WCHAR*, const char*> rows[] = {
         {_T("TW Fu\r\n"), "Man"},
         {_T("=TWE="), "Ma"},
@@ -102,7 +102,7 @@ TEST(Base64, DecodesLeniently) {
         {_T("TWFuT"), "Man"},
         {_T("-_\x80\xff*"), ""},
         {_T("\xd0Zm9v\x01YmFy\xc4"), "foobar"},
-        // The low bytes are in the alphabet.
+        // The low bytes of these characters are in the alphabet.
         {_T("TWFu\x0154\x8054\xff41TWFuTWFuTWFuTWFu\x4154TWFu"), "ManManManManManMan"},
     };
     for (const auto& [text, expected] : rows)

@@ -7,13 +7,13 @@
 #include "support/test.h"
 
 TEST(ByteSwap, ReversesTheBytesOfEachUnit) {
-    WORD words[40]; // more than a vector's
+    WORD words[40]; // more than a vector holds
     for (WORD i = 0; i < 40; ++i)
         words[i] = i;
     EXPECT_TRUE(AfxSwapWordData(words, 39));
     for (WORD i = 0; i < 39; ++i)
         EXPECT_EQ(words[i], i << 8);
-    EXPECT_EQ(words[39], 39); // behind the count
+    EXPECT_EQ(words[39], 39); // beyond the count
 
     DWORD dwords[2] = {0x01020304, 0x000000ff};
     EXPECT_TRUE(AfxSwapDWordData(dwords, 1));
@@ -46,7 +46,7 @@ TEST(Utf8, ByteOrderMarksAreToldApart) {
     const MarkTest tests[] = {AfxHasUTF8ByteOrderMark, AfxHasUTF16LEByteOrderMark,
                               AfxHasUTF16BEByteOrderMark, AfxHasUTF32LEByteOrderMark,
                               AfxHasUTF32BEByteOrderMark};
-    // The last: the one that knows it.
+    // The last field is the test that recognises it.
     const std::tuple<std::string, MarkTest> rows[] = {
         {"\xef\xbb\xbf", AfxHasUTF8ByteOrderMark},
         {"\xef\xbb", nullptr},
@@ -75,6 +75,6 @@ TEST(Identifier, IsFreshHexadecimalDigits) {
     EXPECT_NE(first, second);
     EXPECT_TRUE(AfxGenerateID(id, 1000));
     EXPECT_TRUE(AfxValidateText(id, "[0-9a-f]{1000}", TRUE)) << id.GetString();
-    for (const char digit : std::string("0123456789abcdef")) // 1000 digits have every one
+    for (const char digit : std::string("0123456789abcdef")) // 1000 digits contain each of them
         EXPECT_GE(id.Find(digit), 0) << digit;
 }

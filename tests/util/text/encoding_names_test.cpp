@@ -10,7 +10,7 @@ using namespace quorvel;
 
 namespace {
 
-// A null preferred name: no alias; code page 0: unknown.
+// A null preferred name: not an alias. Code page 0: unknown.
 void ExpectEncoding(const CString& name, const WCHAR* preferred, UINT codePage) {
     SCOPED_TRACE(testing::PrintToString(name));
     CString found(_T("#"));
@@ -37,7 +37,7 @@ TEST(EncodingNames, EveryNameAndAliasLeadsToItsCodePage) {
         ExpectEncoding(preferred, nullptr, codePage);
         std::istringstream words{std::string(aliases)};
         for (std::string alias; words >> alias;)
-            if (alias != "_iso-2022-jp$SIO") // its capitals are never looked up
+            if (alias != "_iso-2022-jp$SIO") // a look-up never finds its capitals
                 ExpectEncoding(CString(alias.c_str()), preferred, codePage);
     }
 }
@@ -55,7 +55,7 @@ TEST(EncodingNames, SomeLeadToPagesThatAreNotConverted) {
 }
 
 TEST(EncodingNames, NamesAreFoundInAnyLetterCase) {
-    // The Kelvin sign is no k.
+    // The Kelvin sign is not a k.
     const std::tuple<const WCHAR*, const WCHAR*, UINT> rows[] = {
         {_T("LATIN1"), _T("iso-8859-1"), 28591},
         {_T("ANSI_X3.4-1968"), _T("windows-1252"), 1252},

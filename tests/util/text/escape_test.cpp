@@ -64,6 +64,6 @@ TEST(Escape, RegularExpressionMetacharactersGetABackslash) {
     CString escaped(_T("a.b"));
     EXPECT_FALSE(AfxEscapeRegularExpressionMetacharacters(nullptr, escaped));
     EXPECT_EQ(escaped, _T("a.b"));
-    EXPECT_TRUE(AfxEscapeRegularExpressionMetacharacters(escaped, escaped)); // its own text
+    EXPECT_TRUE(AfxEscapeRegularExpressionMetacharacters(escaped, escaped)); // in place
     EXPECT_EQ(escaped, _T("a\\.b"));
 }

@@ -43,8 +43,8 @@ TEST(Match, BothWidthsSearchAndMatchAlike) {
 }
 
 TEST(Match, WideTextKnowsTheLettersBeyondAscii) {
-    // Zhe among the small letters; a word of Han, a Roman eight; a digit of another script is none;
-    // a pair counts as two code units.
+    // Zhe is a lower-case letter; a Han word; a Roman numeral eight; the digit of another script is
+    // not matched; a surrogate pair counts as two code units.
     const std::tuple<const WCHAR*, const WCHAR*, BOOL> rows[] = {
         {_T("\xe9"), _T("[[:lower:]]"), TRUE},  {_T("\x0416"), _T("(?i)[\x0430-\x044f]"), TRUE},
         {_T("\xc9"), _T("[[:lower:]]"), FALSE}, {_T("\x4e2d\x2167"), _T("^\\w\\w$"), TRUE},
@@ -57,7 +57,7 @@ TEST(Match, WideTextKnowsTheLettersBeyondAscii) {
         EXPECT_EQ(AfxMatchText(text, pattern, TRUE), found)
             << testing::PrintToString(CString(pattern));
     EXPECT_TRUE(AfxMatchText(_T("caf\xe9"), _T("CAF\xc9"), FALSE));
-    EXPECT_FALSE(AfxMatchText("\xe9", "[[:alpha:]]|\xc9", FALSE)); // bytes are no letters
+    EXPECT_FALSE(AfxMatchText("\xe9", "[[:alpha:]]|\xc9", FALSE)); // such a byte is not a letter
     EXPECT_TRUE(AfxMatchText("\xe9", "^[\xe0-\xff]$", TRUE));
 }
 

@@ -12,7 +12,7 @@ const BYTE* Bytes(const std::string& text) {
     return reinterpret_cast<const BYTE*>(text.data());
 }
 
-// The published vectors, and lengths around the place where the padding needs a second block.
+// The published vectors, and lengths around the one where the padding needs a second block.
 const struct {
     const char* label;
     std::string message;

@@ -5,8 +5,8 @@
 #include <cstdint>
 
 TEST(Number, IsValidWhenItParsesInItsBaseAndReadsInRangeAsDecimal) {
-    // What is not decimal is read again as a decimal number: "1A" as 1. White space and digits of
-    // other scripts count as the C runtime takes them.
+    // A text in another base is read again as decimal: "1A" as 1. White space and digits of other
+    // scripts count as in the C runtime.
     const std::tuple<const WCHAR*, __int64, __int64, int, BOOL> rows[] = {
         {_T("z"), 0, 0, 36, TRUE},   {_T("0x1A"), 0, 0, 0, TRUE},  {_T("017"), 17, 17, 0, TRUE},
         {_T("1"), 1, 10, 10, TRUE},  {_T("0x"), 0, 0, 16, FALSE},  {_T("-"), -10, 10, 10, FALSE},

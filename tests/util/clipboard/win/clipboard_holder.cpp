@@ -1,5 +1,5 @@
-// clipboard_holder: opens the clipboard with a window, so that no other process can, says so by an
-// event and keeps it until another event comes.
+// clipboard_holder: opens the clipboard with a window, so that other processes cannot. Sets an
+// event then, and holds it until another event is set.
 #include "util/clipboard/win/clipboard_holder.h"
 
 int main() {

@@ -1,4 +1,4 @@
-// The functions on the real clipboard, which another process may hold, own or fill with anything.
+// The functions with the real clipboard, which another process may hold, own or fill.
 #include <quorvel/framework/win/gdi.h>
 #include <quorvel/util/clipboard/win/clipboard.h>
 
@@ -21,13 +21,13 @@ HWND NewWindow() {
                              nullptr, nullptr);
 }
 
-// The program beside this one that holds the clipboard, for as long as the object lives.
+// Runs the program that holds the clipboard while the object exists.
 class OtherProcess {
 public:
     OtherProcess()
         : m_held(::CreateEventW(nullptr, TRUE, FALSE, kHeldEvent)),
           m_release(::CreateEventW(nullptr, TRUE, FALSE, kReleaseEvent)) {
-        WCHAR line[] = _T("clipboard_holder.exe"); // is written to
+        WCHAR line[] = _T("clipboard_holder.exe"); // must be writable
         STARTUPINFOW start = {};
         start.cb = sizeof start;
         PROCESS_INFORMATION process = {};
@@ -47,7 +47,7 @@ private:
     Handle m_process;
 };
 
-// A bitmap whose pixels can be compared: a section, or a plain one.
+// A bitmap whose pixels can be compared: a bitmap section, or a plain bitmap.
 struct Info {
     BITMAPINFOHEADER header;
     RGBQUAD colors[256];
@@ -57,7 +57,7 @@ HBITMAP NewBitmap(int bits, int side, bool isSection) {
     std::vector<BYTE> bytes(row * static_cast<std::size_t>(side));
     for (std::size_t i = 0; i < bytes.size(); ++i)
         bytes[i] = static_cast<BYTE>(i * 7 + 1);
-    if (!isSection) // its rows are of even size
+    if (!isSection) // the size of its rows is even
         return ::CreateBitmap(side, side, 1, static_cast<UINT>(bits), bytes.data());
     Info info = {};
     info.header.biSize = sizeof info.header;
@@ -72,7 +72,7 @@ HBITMAP NewBitmap(int bits, int side, bool isSection) {
     std::memcpy(pixels, bytes.data(), bytes.size());
     return section;
 }
-// All pixels in 32 bits; those of a plain bitmap of a depth that the screen lacks as they lie.
+// All pixels as 32 bits; for a plain bitmap of a depth that the screen lacks, the raw bytes.
 std::vector<BYTE> PixelsOf(HBITMAP bitmap) {
     BITMAP description = {};
     ::GetObjectW(bitmap, sizeof description, &description);
@@ -134,7 +134,7 @@ protected:
         CString text = _T("before");
         return AfxGetTextFromClipboard(text) ? text : CString(_T("none, ")) + text;
     }
-    // One box, with the error's text.
+    // Expects one box with the error's text.
     void ExpectBox(const WCHAR* begin, DWORD error) {
         WCHAR cause[500] = L"";
         ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, error, 0, cause, 500, nullptr);
@@ -234,7 +234,7 @@ TEST_F(Clipboard, StaysOpenAfterItWasEmptiedOnExit) {
     EXPECT_TRUE(::CloseClipboard());
 }
 
-// An owner that renders its data only when it is asked for, on a thread of its own.
+// A clipboard owner that renders its data on request, on its own thread.
 class LateOwner {
 public:
     explicit LateOwner(bool renders) {
@@ -305,7 +305,7 @@ TEST_F(Clipboard, BitmapsComeBackWithEveryPixel) {
                 ASSERT_TRUE(source.Attach(NewBitmap(bits, side, isSection)));
                 EXPECT_TRUE(AfxCopyBitmapToClipboard(&source));
                 CBitmap back;
-                back.Attach(NewBitmap(1, 2, true)); // which is replaced
+                back.Attach(NewBitmap(1, 2, true)); // will be replaced
                 ASSERT_TRUE(AfxGetBitmapFromClipboard(&back));
                 BITMAP description = {};
                 back.GetBitmap(&description);

@@ -1,4 +1,4 @@
-// The progress box as the user sees it, looked at while the library reads the source.
+// The progress box as the user sees it, observed while the library reads the source.
 #include <quorvel/framework/app.h>
 #include <quorvel/framework/wnd.h>
 #include <quorvel/util/compression/compression.h>
@@ -35,7 +35,7 @@ void Look(Seen& seen) {
     }
 }
 
-// What is seen at each read of 4 chunks of 32768 bytes, and of the end.
+// The state at each read of four chunks of 32768 bytes, and at the end.
 Seen SeenWhileDeflating(const WCHAR* caption, const WCHAR* status) {
     Seen seen;
     TestFile source(RandomBytes(4 * 32768));
@@ -60,6 +60,6 @@ TEST(ProgressWindow, LiesOverTheMainWindowForAsLongAsTheWorkLasts) {
     EXPECT_EQ(seen.caption, _T("Saving"));
     EXPECT_EQ(seen.status, _T("Half && half"));
     EXPECT_EQ(seen.owner, main.m_hWnd);
-    EXPECT_TRUE(seen.enabledOwner); // it is modeless
+    EXPECT_TRUE(seen.enabledOwner); // the box is modeless
     EXPECT_EQ(seen.positions, (std::vector<LRESULT>{0, 250, 500, 750, 1000}));
 }
