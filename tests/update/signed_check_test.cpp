@@ -154,7 +154,7 @@ TEST_F(SignedCheck, NothingOlderIsAcceptedThanWhatWasAcceptedLast) {
         bool isAccepted;
     } rows[] = {
         {"2024-03-10", "", true},
-        {"2024-03-10", "timestamp:1", true}, // the same again
+        {"2024-03-10", "timestamp:1", true}, // the same once again
         {"2024-03-09", "", false},
         {"no date", "", false},
         {"2024-03-10", "serial:5", true},

@@ -36,8 +36,7 @@ TEST(MarkupEditing, AddsWhereThePositionsSay) {
     struct Row {
         const char* label;
         const WCHAR* before;
-        const WCHAR*
-            after; // an element n was added to the root, after child `position`
+        const WCHAR* after; // an element n was added to the root, after child `position`
         int position;
     };
     static constexpr Row kRows[] = {

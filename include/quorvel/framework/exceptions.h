@@ -1,4 +1,4 @@
-// The framework's exceptions.
+// The framework's exceptions. Any thread; an object on one thread at a time.
 //
 // Throw and catch exceptions as pointers. Whoever catches one and does not rethrow it calls
 // Delete(). Exceptions that must not need memory are static objects, which Delete leaves alone.

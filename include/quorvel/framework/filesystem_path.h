@@ -1,4 +1,4 @@
-// Conversion between CString and std::filesystem::path.
+// Conversion between CString and std::filesystem::path. Any thread.
 #pragma once
 
 #include <quorvel/framework/string.h>

@@ -1,4 +1,4 @@
-// CPoint, CSize and CRect: the platform's records with the framework's arithmetic.
+// CPoint, CSize and CRect: the platform's records with the framework's arithmetic. Copyable.
 #pragma once
 
 #include <quorvel/platform/platform.h>

@@ -1,4 +1,4 @@
-// CMemFile: a file in memory.
+// CMemFile: a file in memory. Any thread may use it, one at a time.
 #pragma once
 
 #include <quorvel/framework/file.h>

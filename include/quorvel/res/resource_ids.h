@@ -1,9 +1,9 @@
 // The ids of the dialogs, menus, controls and commands.
 //
-// Resource scripts and sources include it. A host uses the ids to show a menu of the library, to
-// find a control of a dialog that it derives from, and to place the two buttons in a template of
-// its own; a language library has the same dialogs and menus under the same ids. Ids are a
-// published contract: they are never renumbered or reused.
+// Resource scripts and sources include this header. A host uses the ids to show a menu of the
+// library, to find a control of a dialog that it derives from, and to place the two buttons in a
+// template of its own. A language library has the same dialogs and menus with the same ids. Ids are
+// a published contract: they are never renumbered or reused.
 #pragma once
 
 // The progress box.
@@ -11,8 +11,8 @@
 #define QUORVEL_PROGRESS_STATUS 24001
 #define QUORVEL_PROGRESS_BAR 24002
 
-// The columns of a list: its dialog, and the menu of its header. The header's menu has an item for
-// each column, FIRST plus the column's number.
+// The columns of a list: the dialog, and the menu of the header. The menu has an item for each
+// column: FIRST plus the column's number.
 #define QUORVEL_DIALOG_COLUMNS 21580
 #define QUORVEL_COLUMNS_WIDTH 21581
 #define QUORVEL_COLUMNS_LIST 21582
@@ -24,17 +24,17 @@
 #define QUORVEL_COMMAND_COLUMN_FIRST 50900
 #define QUORVEL_COMMAND_COLUMN_LAST 50950
 
-// The next key that is pressed.
+// The dialog that captures the next key.
 #define QUORVEL_DIALOG_CAPTURE_SHORTCUT_KEY 21590
 
-// A key for a command.
+// The dialog that assigns a key to a command.
 #define QUORVEL_DIALOG_ASSIGN_SHORTCUT 24100
 #define QUORVEL_ASSIGN_COMMAND 24101
 #define QUORVEL_ASSIGN_KEY 24102
 #define QUORVEL_ASSIGN_REPORT 24103
 #define QUORVEL_ASSIGN_CLEAR 24104
 
-// A hyperlink: its hand cursor, its menu, and the dialog that edits it.
+// The hyperlink: its hand cursor, its menu, and the dialog that edits it.
 #define QUORVEL_CURSOR_HAND 23121
 #define QUORVEL_MENU_HYPERLINK 24021
 #define QUORVEL_COMMAND_LINK_OPEN 50000
@@ -44,12 +44,12 @@
 #define QUORVEL_LINK_DISPLAY_TEXT 23122
 #define QUORVEL_LINK_ADDRESS 23123
 
-// Two buttons that each dialog may have; the dialog bases subclass them where they are present.
+// Two buttons that each dialog may have; the dialog base classes subclass them if they exist.
 #define QUORVEL_DIALOG_BUTTON_1 23010
 #define QUORVEL_DIALOG_BUTTON_2 23011
 
-// The check for updates: its dialog, the panes that show how far it is, its settings and its
-// reminder; and the check for a new version.
+// The check for updates: its dialog, its progress panes, its settings and its reminder; and the
+// check for a new version.
 #define QUORVEL_DIALOG_UPDATES 24014
 #define QUORVEL_DIALOG_UPDATES_CHECKING 24015
 #define QUORVEL_DIALOG_UPDATES_DOWNLOADING 24016

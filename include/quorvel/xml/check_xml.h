@@ -17,7 +17,7 @@ struct CXMLFault {
     CString strMessage; // in English, without a full stop, as in "mismatched tag"
     int nLine = 0;      // from 1; 0: the text could not be checked, see below
     int nColumn = 0;    // from 1, in characters: a surrogate pair is one
-    int nOffset = 0; // from 0, in UTF-16 units of the text, without a file's byte order mark
+    int nOffset = 0;    // from 0, in UTF-16 units of the text, without a file's byte order mark
     // The line around the fault, at most 40 units on each side. In it a tab is a blank, and what
     // cannot be shown (controls, lone surrogates) is U+FFFD.
     CString strSnippet;

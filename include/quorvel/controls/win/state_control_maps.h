@@ -1,6 +1,6 @@
 // Maps in which dialogs and property pages declare the controls whose state they save. A value is
 // the place of the control's state: an open key, a section of the application's profile, or a
-// registry path. Windows only.
+// registry path. Windows only, user-interface thread.
 #pragma once
 
 #include <quorvel/framework/map.h>

@@ -1,5 +1,5 @@
 // CVaskMessageBox: the window behind the message boxes of <quorvel/frame/vask_message_box.h>.
-// Windows only.
+// Windows only, user-interface thread.
 //
 // The object is on the caller's stack for one box. AfxHookWindowCreate attaches it to the next
 // window, AfxMessageBox shows the box, and GetCheckState returns the user's choice.

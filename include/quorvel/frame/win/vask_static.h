@@ -1,4 +1,4 @@
-// CVaskStatic: the base of the library's static controls. Windows only.
+// CVaskStatic: the base of the library's static controls. Windows only, its window's thread.
 #pragma once
 
 #include <quorvel/framework/win/static.h>

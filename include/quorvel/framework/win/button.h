@@ -1,4 +1,4 @@
-// CButton: a push button, check box or radio button, by its style. Windows only.
+// CButton: a push button, check box or radio button (by style). Windows only, its window's thread.
 #pragma once
 
 #include <quorvel/framework/wnd.h>

@@ -1,4 +1,4 @@
-// CCheckListBox: a list box with a check box before each row. Windows only.
+// CCheckListBox: a list box with a check box before each row. Windows only, on its window's thread.
 //
 // The control must have the styles LBS_OWNERDRAWFIXED and LBS_HASSTRINGS. SubclassWindow and
 // SubclassDlgItem accept other list boxes, but draw no boxes there. A click on a box, or the space

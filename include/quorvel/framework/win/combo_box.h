@@ -1,5 +1,5 @@
-// CComboBox: a combo box. Windows only. It has no data members, so the result of CWnd::GetDlgItem
-// for a combo box may be cast to it. Rows count from 0; -1 (CB_ERR): no row, or failure.
+// CComboBox: a combo box. Windows only, on its window's thread. It has no data members, so a result
+// of CWnd::GetDlgItem may be cast to it. Rows count from 0; -1 (CB_ERR): no row, or failure.
 #pragma once
 
 #include <quorvel/framework/wnd.h>

@@ -1,4 +1,4 @@
-// Data exchange between a dialog's members and its controls. Windows only.
+// Data exchange between a dialog's members and its controls. Windows only, the dialog's thread.
 //
 // A dialog overrides DoDataExchange with a row for each control. DDX_ functions copy in the
 // direction of the exchange. DDV_ functions, each directly after the DDX_ function of its control,

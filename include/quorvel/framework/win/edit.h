@@ -1,5 +1,5 @@
-// CEdit: an edit control. Windows only. The class has no data members, so the result of
-// CWnd::GetDlgItem for an edit control may be cast to it.
+// CEdit: an edit control. Windows only, on its window's thread. The class has no data members, so
+// the result of CWnd::GetDlgItem for an edit control may be cast to it.
 #pragma once
 
 #include <quorvel/framework/wnd.h>

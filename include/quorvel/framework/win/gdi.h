@@ -1,4 +1,4 @@
-// CGdiObject and derived classes: owners of drawing objects. Windows only.
+// CGdiObject and derived classes: owners of drawing objects. Windows only, one thread at a time.
 //
 // FromHandle returns a temporary object, which does not own the handle: use it at once, do not
 // store it. It returns null for a null handle. Each Create... and Load... member first frees the

@@ -1,5 +1,5 @@
-// CHeaderCtrl: the header of a list. Windows only. The class has no data members, so the host needs
-// no object of its own for the result of CListCtrl::GetHeaderCtrl.
+// CHeaderCtrl: the header of a list. Windows only, on its window's thread. It has no data members,
+// so the host needs no object of its own for the result of CListCtrl::GetHeaderCtrl.
 #pragma once
 
 #include <quorvel/framework/wnd.h>

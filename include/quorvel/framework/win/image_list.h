@@ -1,4 +1,4 @@
-// CImageList: a list of pictures of the same size. Windows only.
+// CImageList: a list of pictures of the same size. Windows only, one thread at a time.
 //
 // An object owns a list that it created or attached. FromHandle, and members of controls that
 // return a list, return temporary objects: use them at once, do not store them. A control does not

@@ -1,5 +1,5 @@
-// CListBox: a list box. Windows only. It has no data members, so the result of CWnd::GetDlgItem for
-// a list box may be cast to it. Rows count from 0; -1 (LB_ERR): no row, or failure.
+// CListBox: a list box. Windows only, on its window's thread. It has no data members, so a result
+// of CWnd::GetDlgItem may be cast to it. Rows count from 0; -1 (LB_ERR): no row, or failure.
 #pragma once
 
 #include <quorvel/framework/wnd.h>

@@ -1,5 +1,5 @@
-// CListCtrl: a list-view. Windows only. It has no data members, so the result of CWnd::GetDlgItem
-// for a list-view may be cast to it. Items count from 0; -1 means no item or failure.
+// CListCtrl: a list-view. Windows only, on its window's thread. It has no data members, so a result
+// of CWnd::GetDlgItem may be cast to it. Items count from 0; -1 means no item or failure.
 //
 // Changing many items is slow while the list is drawn: call SetRedraw(FALSE) before, and
 // SetRedraw() and Invalidate() after.

@@ -1,5 +1,5 @@
-// CProgressCtrl: a progress bar. Windows only. Positions are signed 32-bit numbers: scale large
-// byte counts down.
+// CProgressCtrl: a progress bar. Windows only, on its window's thread. Positions are signed 32-bit
+// numbers: scale large byte counts down.
 #pragma once
 
 #include <quorvel/framework/wnd.h>

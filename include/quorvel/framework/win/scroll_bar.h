@@ -1,4 +1,4 @@
-// CScrollBar: a scroll bar control. Windows only.
+// CScrollBar: a scroll bar control. Windows only, on its window's thread.
 #pragma once
 
 #include <quorvel/framework/wnd.h>

@@ -1,4 +1,4 @@
-// CSpinButtonCtrl: a spin button. Windows only. The initial range is 100 down to 0: set a range.
+// CSpinButtonCtrl: a spin button, initially from 100 down to 0. Windows only, its window's thread.
 #pragma once
 
 #include <quorvel/framework/wnd.h>

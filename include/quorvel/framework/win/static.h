@@ -1,4 +1,4 @@
-// CStatic: a text or picture that takes no input. Windows only.
+// CStatic: a text or picture that takes no input. Windows only, its window's thread.
 #pragma once
 
 #include <quorvel/framework/wnd.h>

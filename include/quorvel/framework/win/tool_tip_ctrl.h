@@ -1,4 +1,4 @@
-// CToolTipCtrl: tool tips, or balloons with the style TTS_BALLOON. Windows only.
+// CToolTipCtrl: tool tips, or balloons (TTS_BALLOON). Windows only, on its window's thread.
 //
 // A tool is a whole window, or a rectangle of a window (with a non-zero id). The tip is shown only
 // if the control gets the mouse messages of the tool: call RelayEvent in PreTranslateMessage.
