@@ -151,7 +151,7 @@ ensure_libraries() { # ensure_libraries WINDOWS-PRESET
 }
 
 if [ $# -eq 0 ]; then
-    set -- core windows bench fuzz gallery demo servers
+    set -- core windows bench fuzz gallery reference demo servers
     rm -f "$no_wine32"
 fi
 for group; do
@@ -166,7 +166,7 @@ for group; do
         ;;
     demo) install_server demo nginx ;;
     servers) install_server servers lighttpd ;;
-    core | bench | fuzz | gallery) ensure "$group" ;;
-    *) die "unknown group '$group': core, windows, windows64, bench, fuzz, gallery, demo, servers" ;;
+    core | bench | fuzz | gallery | reference) ensure "$group" ;;
+    *) die "unknown group '$group': core, windows, windows64, bench, fuzz, gallery, reference, demo, servers" ;;
     esac
 done

@@ -11,6 +11,7 @@ import build_progress  # noqa: E402
 import check_exports  # noqa: E402
 import check_layers  # noqa: E402
 import check_pictures  # noqa: E402
+import doxygen_filter  # noqa: E402
 
 COMPONENTS = """component platform platform uses
 component framework framework uses platform
@@ -86,6 +87,17 @@ STEPS = [
     (95, "[200/200] Linking\n", "  200 of 200 steps, 1:35 min"),
 ]
 
+# a header, and what Doxygen reads; the first comment is for the header and not in these
+HEADERS_FOR_DOXYGEN = [
+    ("// Both.\nint F();\nint G();\n\nint H();", "/**@{*/ /** Both. */\nint F();\nint G(); /**@}*/\n\nint H();"),
+    ("// One in\n// two lines.\nint F(int a,\n      int b);", "/** One in\n two lines. */\nint F(int a,\n      int b);"),
+    ("int F(); // a <b>", "int F(); /**< a \\<b\\> */"),
+    ('auto t = "// text";', 'auto t = "// text";'),
+    ("struct S { // ours\n};", "/** ours */ struct S {\n};"),
+    ("// A remark.\n\nint F();", "\n\nint F();"),
+    ("    // Fills it.\n    A(int);\n    A(const A& o);", "    /** Fills it. */\n    A(int);\n    A(const A& o);"),
+]
+
 # mangled, as listed; None for what is dropped
 NAMES = [
     ("_ZN1A1fEPKDs", "A::f(wchar_t const*)"),
@@ -157,6 +169,14 @@ class Pictures(unittest.TestCase):
             check_pictures.differences(["a.png", "b.png"], page, "gallery"),
             ["is not on the page: b.png", "does not exist: c.png"],
         )
+
+
+class DoxygenFilter(unittest.TestCase):
+    def test_comments(self):
+        for header, expected in HEADERS_FOR_DOXYGEN:
+            with self.subTest(header=header):
+                result = doxygen_filter.filtered("// First.\n#pragma once\n\n" + header, "h.h")
+                self.assertEqual(result, "/** @file h.h\n     First. */\n\n" + expected)
 
 
 class BuildProgress(unittest.TestCase):

@@ -11,7 +11,7 @@
 class CException;
 class CWnd;
 
-class QUORVEL_API CWinApp : public CWinThread {
+class QUORVEL_API CWinApp : public CWinThread { // the application
     DECLARE_DYNAMIC(CWinApp)
 public:
     // Without a name, the application's name is that of its program file without the extension.

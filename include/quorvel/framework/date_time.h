@@ -12,7 +12,7 @@
 
 typedef double DATE;
 
-class QUORVEL_API COleDateTimeSpan {
+class QUORVEL_API COleDateTimeSpan { // a time between two dates, with a sign
 public:
     enum DateTimeSpanStatus { valid = 0, invalid = 1, null = 2 };
 

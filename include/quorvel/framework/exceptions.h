@@ -8,7 +8,7 @@
 #include <quorvel/framework/object.h>
 #include <quorvel/framework/string.h>
 
-class QUORVEL_API CException : public CObject {
+class QUORVEL_API CException : public CObject { // the base of all
     DECLARE_DYNAMIC(CException)
 public:
     explicit CException(BOOL autoDelete = TRUE);
@@ -36,37 +36,37 @@ private:
     const UINT m_textId;
 };
 
-class QUORVEL_API CMemoryException : public CSimpleException {
+class QUORVEL_API CMemoryException : public CSimpleException { // no memory
     DECLARE_DYNAMIC(CMemoryException)
 public:
     explicit CMemoryException(BOOL autoDelete = TRUE);
 };
 
-class QUORVEL_API CNotSupportedException : public CSimpleException {
+class QUORVEL_API CNotSupportedException : public CSimpleException { // not possible here
     DECLARE_DYNAMIC(CNotSupportedException)
 public:
     explicit CNotSupportedException(BOOL autoDelete = TRUE);
 };
 
-class QUORVEL_API CResourceException : public CSimpleException {
+class QUORVEL_API CResourceException : public CSimpleException { // a resource is missing
     DECLARE_DYNAMIC(CResourceException)
 public:
     explicit CResourceException(BOOL autoDelete = TRUE);
 };
 
-class QUORVEL_API CUserException : public CSimpleException {
+class QUORVEL_API CUserException : public CSimpleException { // the user was notified
     DECLARE_DYNAMIC(CUserException)
 public:
     explicit CUserException(BOOL autoDelete = TRUE);
 };
 
-class QUORVEL_API CInvalidArgException : public CSimpleException {
+class QUORVEL_API CInvalidArgException : public CSimpleException { // a bad argument
     DECLARE_DYNAMIC(CInvalidArgException)
 public:
     explicit CInvalidArgException(BOOL autoDelete = TRUE);
 };
 
-class QUORVEL_API CFileException : public CException {
+class QUORVEL_API CFileException : public CException { // names cause, file and system error
     DECLARE_DYNAMIC(CFileException)
 public:
     enum {
@@ -102,7 +102,7 @@ public:
     CString m_strFileName;
 };
 
-class QUORVEL_API CArchiveException : public CException {
+class QUORVEL_API CArchiveException : public CException { // damaged or unfit data in an archive
     DECLARE_DYNAMIC(CArchiveException)
 public:
     enum {

@@ -9,7 +9,7 @@
 
 #include <quorvel/framework/object.h>
 
-struct AFX_EXTENSION_MODULE {
+struct AFX_EXTENSION_MODULE { // a DLL in the resource chain
     BOOL bInitialized;
     HMODULE hModule;
     HMODULE hResource; // the module with its resources; initially hModule

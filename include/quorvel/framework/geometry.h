@@ -3,14 +3,14 @@
 
 #include <quorvel/platform/platform.h>
 
-class CSize : public SIZE {
+class CSize : public SIZE { // a width and a height
 public:
     constexpr CSize() : SIZE{} {}
     constexpr CSize(LONG width, LONG height) : SIZE{width, height} {}
     constexpr CSize(const SIZE& size) : SIZE(size) {}
 };
 
-class CPoint : public POINT {
+class CPoint : public POINT { // a place
 public:
     constexpr CPoint() : POINT{} {}
     constexpr CPoint(LONG left, LONG top) : POINT{left, top} {}

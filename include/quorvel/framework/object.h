@@ -9,14 +9,14 @@
 
 class CArchive;
 
-struct QUORVEL_API CRuntimeClass {
+struct QUORVEL_API CRuntimeClass { // what such a class knows
     const char* m_lpszClassName;
     CRuntimeClass* (*m_pfnGetBaseClass)(); // null for CObject
 
     BOOL IsDerivedFrom(const CRuntimeClass* base) const; // or the same class
 };
 
-class QUORVEL_API CObject {
+class QUORVEL_API CObject { // the base of classes that know their name at run time
 public:
     static const CRuntimeClass classCObject;
 

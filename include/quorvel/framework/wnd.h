@@ -37,7 +37,7 @@ struct AFX_MSGMAP_ENTRY {
     UINT nLastID;
     LRESULT (*pfn)(CWnd* wnd, WPARAM wParam, LPARAM lParam);
 };
-struct AFX_NOTIFY {
+struct AFX_NOTIFY { // what a row for WM_NOTIFY gets
     LRESULT* pResult;
     NMHDR* pNMHDR;
 };
@@ -48,7 +48,7 @@ struct AFX_CMDHANDLERINFO {
 // The notification code of a command from a menu item, an accelerator or a button.
 inline constexpr int CN_COMMAND = 0;
 
-struct AFX_MSGMAP {
+struct AFX_MSGMAP {                       // the rows of a class, and the map of its base class
     const AFX_MSGMAP* (*pfnGetBaseMap)(); // null for CWnd
     const AFX_MSGMAP_ENTRY* lpEntries;
 };

@@ -5,7 +5,7 @@
 
 #include <quorvel/keyboard/keyboard_mapping_scheme.h>
 
-struct CShortcutConflict {
+struct CShortcutConflict { // one objection
     enum Kind {
         heldByCommand, // another command has the key and would lose it
         keptBySystem,  // the system acts on the key before an application gets it, or instead

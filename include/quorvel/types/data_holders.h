@@ -10,7 +10,7 @@
 #include <quorvel/framework/archive.h>
 #include <quorvel/platform/platform.h>
 
-class QUORVEL_API CByteData {
+class QUORVEL_API CByteData { // a BYTE
 public:
     static constexpr BYTE DEFAULT_DATA = 0;
     static constexpr int MIN_BIT_SHIFT = 0;
@@ -58,7 +58,7 @@ private:
     BYTE m_data = DEFAULT_DATA;
 };
 
-class QUORVEL_API CWordData {
+class QUORVEL_API CWordData { // a WORD
 public:
     CWordData() noexcept = default;
     CWordData(WORD data) noexcept : m_data(data) {}
@@ -104,7 +104,7 @@ private:
     WORD m_data = DEFAULT_DATA;
 };
 
-class QUORVEL_API CDWordData {
+class QUORVEL_API CDWordData { // a DWORD
 public:
     CDWordData() noexcept = default;
     CDWordData(DWORD data) noexcept : m_data(data) {}

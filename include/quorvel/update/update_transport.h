@@ -20,14 +20,14 @@ class TransportConnection;
 
 class QUORVEL_API CUpdateTransport {
 public:
-    struct Request {
+    struct Request {               // what is to be fetched
         CString url;               // from the settings, with scheme and port
         BOOL headerOnly = FALSE;   // only the status code and the fields are wanted
         CString fileName;          // an existing, empty file; empty for headerOnly
         ULONGLONG bodyLimit = 0;   // a longer body ends the request with WSAEMSGSIZE
         DWORD hostTimeOut = 30000; // for the look-up of the host, in milliseconds
     };
-    struct Progress {
+    struct Progress {             // how far a request is, and how it ended
         BOOL isConnected = FALSE; // to the site
         UINT statusCode = 0;      // the HTTP status of the answer: 200 is success; 0: unknown
         ULONGLONG received = 0;   // bytes of the body written to the file

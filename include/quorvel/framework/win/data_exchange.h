@@ -13,7 +13,7 @@
 
 class CWnd;
 
-class QUORVEL_API CDataExchange {
+class QUORVEL_API CDataExchange { // one exchange in one direction
 public:
     CDataExchange(CWnd* dialog, BOOL saveAndValidate);
 

@@ -12,7 +12,7 @@
 
 class CWnd;
 
-class QUORVEL_API CDC : public CObject {
+class QUORVEL_API CDC : public CObject { // a place to draw on
     DECLARE_DYNAMIC(CDC)
 public:
     CDC();

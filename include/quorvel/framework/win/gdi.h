@@ -7,7 +7,7 @@
 
 #include <quorvel/framework/object.h>
 
-class QUORVEL_API CGdiObject : public CObject {
+class QUORVEL_API CGdiObject : public CObject { // the base: owns its handle
     DECLARE_DYNAMIC(CGdiObject)
 public:
     CGdiObject();
@@ -31,7 +31,7 @@ protected:
     }
 };
 
-class QUORVEL_API CFont : public CGdiObject {
+class QUORVEL_API CFont : public CGdiObject { // a font
     DECLARE_DYNAMIC(CFont)
 public:
     CFont();
@@ -47,7 +47,7 @@ public:
     static CFont* FromHandle(HFONT font);
 };
 
-class QUORVEL_API CBrush : public CGdiObject {
+class QUORVEL_API CBrush : public CGdiObject { // a brush, to fill with
     DECLARE_DYNAMIC(CBrush)
 public:
     CBrush();
@@ -60,7 +60,7 @@ public:
     static CBrush* FromHandle(HBRUSH brush);
 };
 
-class QUORVEL_API CPen : public CGdiObject {
+class QUORVEL_API CPen : public CGdiObject { // a pen, to draw lines with
     DECLARE_DYNAMIC(CPen)
 public:
     CPen();
@@ -74,7 +74,7 @@ public:
     static CPen* FromHandle(HPEN pen);
 };
 
-class QUORVEL_API CBitmap : public CGdiObject {
+class QUORVEL_API CBitmap : public CGdiObject { // a picture
     DECLARE_DYNAMIC(CBitmap)
 public:
     CBitmap();
