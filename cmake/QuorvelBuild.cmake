@@ -1,30 +1,30 @@
-# Compiler, warnings, output folders and third-party packages: what every target of the tree shares.
+# Compiler, warnings, output folders and third-party packages for all targets of the tree.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
-set(CMAKE_CXX_EXTENSIONS ON) # __int64-sized literals and va_list copies as both compilers have them
+set(CMAKE_CXX_EXTENSIONS ON) # for __int64 literals and copies of va_list in both compilers
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
-# DLLs lie beside the programs: the Windows loader looks there first.
+# DLLs are in the folder of the programs, which the Windows loader searches first.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # Base folder and no directory hash, so that a second clone hits the cache of the first.
+  # A base folder, and no directory hash, so that a second clone uses the cache of the first.
   set(launcher ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1
     ${CCACHE_PROGRAM})
   set(CMAKE_C_COMPILER_LAUNCHER ${launcher})
   set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
 endif()
 
-# Tests name ${Python3_EXECUTABLE} and not the target: that one would be run by the emulator of a cross
-# build, which loses the exit code of a program that is not for Windows.
+# Tests use ${Python3_EXECUTABLE}, not the target: the emulator of a cross build would run the target, and
+# loses the exit code of programs that are not for Windows.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
-# Flags of our own code (never of third-party sources built in the tree).
+# Flags for our own code only, not for third-party sources in the tree.
 add_library(quorvel_flags INTERFACE)
 target_compile_options(quorvel_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
@@ -47,8 +47,8 @@ if(QUORVEL_SANITIZE)
   endif()
 endif()
 
-# Boost.Regex is used as headers only. The cross compiler must see the Boost folder alone and never
-# the host's include directory.
+# Boost.Regex is used as headers only. The cross compiler must only see the Boost folder, not the whole
+# include directory of the host.
 find_path(QUORVEL_BOOST_INCLUDE boost/regex.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 add_library(quorvel_boost INTERFACE)
 if(CMAKE_CROSSCOMPILING)
@@ -58,7 +58,7 @@ if(CMAKE_CROSSCOMPILING)
 endif()
 
 # quorvel_mingw_library(NAME): an imported target quorvel_NAME of a library that is not packaged for
-# the Windows builds. Set-up has built it already; otherwise it is built here.
+# the Windows builds. setup.sh has usually built it; otherwise it is built here.
 function(quorvel_mingw_library name)
   execute_process(COMMAND ${PROJECT_SOURCE_DIR}/tools/mingw_library.sh ${name} ${QUORVEL_MINGW_CPU}
     OUTPUT_VARIABLE folder OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
@@ -68,7 +68,7 @@ function(quorvel_mingw_library name)
     INTERFACE_INCLUDE_DIRECTORIES ${folder}/include)
 endfunction()
 
-# expat judges XML texts.
+# expat checks XML texts.
 if(WIN32)
   quorvel_mingw_library(expat)
   target_compile_definitions(quorvel_expat INTERFACE XML_STATIC)
@@ -77,7 +77,7 @@ else()
   add_library(quorvel_expat ALIAS EXPAT::EXPAT)
 endif()
 
-# zlib and the writer of zip archives. The Windows library carries both.
+# zlib and the writer of zip archives. The Windows library contains both.
 if(WIN32)
   set(ZLIB_USE_STATIC_LIBS ON)
   find_package(ZLIB REQUIRED)
@@ -89,7 +89,7 @@ else()
   target_link_libraries(quorvel_minizip INTERFACE ${QUORVEL_MINIZIP})
 endif()
 
-# libsodium checks signatures.
+# libsodium verifies signatures.
 if(WIN32)
   quorvel_mingw_library(sodium)
   target_compile_definitions(quorvel_sodium INTERFACE SODIUM_STATIC)
@@ -99,7 +99,7 @@ else()
   target_link_libraries(quorvel_sodium INTERFACE ${QUORVEL_SODIUM})
 endif()
 
-# What the library links. System packages stay private to src/platform.
+# The libraries to link. System packages are private to src/platform.
 add_library(quorvel_system INTERFACE)
 if(WIN32)
   target_link_libraries(quorvel_system INTERFACE

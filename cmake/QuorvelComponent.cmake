@@ -2,7 +2,7 @@
 #                   [USES component ...])
 #
 # Declares one component of the library: compiles its sources once, adds them to the shared and the
-# static library, and writes what it may use where the layer check reads it. Sources are relative to
+# static library, and writes the components that it may use for the layer check. Sources are relative to
 # the calling folder; FOLDER is relative to src/ and to include/quorvel/, and its last part is the
 # component's name.
 set_property(GLOBAL PROPERTY QUORVEL_COMPONENT_LINES "")

@@ -25,7 +25,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/quorvelConfigVersion.cmak
 install(FILES ${PROJECT_BINARY_DIR}/quorvelConfig.cmake
   ${PROJECT_BINARY_DIR}/quorvelConfigVersion.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/quorvel)
-# The pkg-config file finds its prefix from where it lies, so that an install tree can be moved.
+# The pkg-config file derives its prefix from its own location, so an install tree can be moved.
 file(RELATIVE_PATH QUORVEL_PC_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" QUORVEL_PC_PREFIX "${QUORVEL_PC_PREFIX}")
 configure_file(cmake/quorvel.pc.in ${PROJECT_BINARY_DIR}/quorvel.pc @ONLY)

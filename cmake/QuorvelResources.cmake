@@ -1,5 +1,5 @@
-# Resources are compiled by the mingw tools in every build: a language library is the same kind of
-# file on both systems, and the Linux library embeds the very image that the DLL carries.
+# The mingw tools compile resources in every build: a language library has the same format on both
+# systems, and the Linux library embeds the same image that the DLL contains.
 if(WIN32)
   set(triple ${QUORVEL_MINGW_TRIPLE})
 else()
@@ -10,7 +10,7 @@ find_program(QUORVEL_RESOURCE_LD ${triple}-ld REQUIRED)
 find_program(QUORVEL_RESOURCE_CPP ${triple}-cpp-posix NAMES ${triple}-cpp-posix ${triple}-cpp
   REQUIRED)
 
-# quorvel_resource_dll(OUTPUT SCRIPT [DEPENDS ...]): a DLL that holds resources and no code.
+# quorvel_resource_dll(OUTPUT SCRIPT [DEPENDS ...]): a DLL with resources and without code.
 function(quorvel_resource_dll output script)
   cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
   get_filename_component(name ${output} NAME_WE)

@@ -1,10 +1,9 @@
-# Tests run with a fixed locale and time zone: natively through env, under Wine through the runner,
-# which takes them from variables of its own. They keep the registry apart from the user's: under
-# Wine the prefix has one of its own.
+# Tests run with a fixed locale and time zone: natively with env, under Wine with the runner, which has
+# variables for them. Tests do not use the user's registry; under Wine the prefix has its own.
 set(QUORVEL_TEST_LOCALE C.UTF-8)
 set(QUORVEL_TEST_TIME_ZONE Europe/Berlin)
 function(quorvel_fix_environment target locale time_zone)
-  # What follows are more variables, as NAME=value.
+  # The other arguments are more variables, as NAME=value.
   if(WIN32)
     set(launcher env WINERUN_LOCALE=${locale} WINERUN_TZ=${time_zone} ${ARGN}
       ${CMAKE_CROSSCOMPILING_EMULATOR})
@@ -18,9 +17,9 @@ endfunction()
 # quorvel_test(NAME SOURCES ... [INTERNAL] [SERIAL] [LOCALE name] [TIME_ZONE name] [LABEL name]
 #              [ENVIRONMENT NAME=value])
 #
-# One test program. It links the shared library, as a host does, unless INTERNAL asks for the static
-# one to reach what is not exported. With SERIAL no other test runs at the same time: the programs of a
-# Wine prefix share the foreground window and the clipboard.
+# One test program. It links the shared library, as a host does; with INTERNAL it links the static one, to
+# use names that are not exported. With SERIAL no other test runs at the same time: the programs of a Wine
+# prefix share the foreground window and the clipboard.
 function(quorvel_test name)
   cmake_parse_arguments(arg "INTERNAL;SERIAL" "LOCALE;TIME_ZONE;LABEL;ENVIRONMENT" "SOURCES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
@@ -48,8 +47,8 @@ function(quorvel_test name)
     PROPERTIES TIMEOUT 120 LABELS ${arg_LABEL} RUN_SERIAL ${alone})
 endfunction()
 
-# quorvel_test_samples(TARGET): where the sample modules of tests/data/pe lie (QUORVEL_SAMPLES), and
-# those of them that a program of this processor can run (QUORVEL_OWN_SAMPLES).
+# quorvel_test_samples(TARGET): the folder of the sample modules of tests/data/pe (QUORVEL_SAMPLES), and
+# that of the modules that a program for this processor can run (QUORVEL_OWN_SAMPLES).
 function(quorvel_test_samples target)
   set(samples ${PROJECT_SOURCE_DIR}/tests/data/pe)
   if(WIN32)
@@ -63,7 +62,7 @@ function(quorvel_test_samples target)
     "QUORVEL_OWN_SAMPLES=_T(\"${own}\")")
 endfunction()
 
-# quorvel_test_golden(TARGET): where the answers lie that are compared (QUORVEL_GOLDEN).
+# quorvel_test_golden(TARGET): the folder of the expected results (QUORVEL_GOLDEN).
 function(quorvel_test_golden target)
   set(folder ${PROJECT_SOURCE_DIR}/tests/data/golden)
   if(WIN32)
@@ -75,8 +74,8 @@ endfunction()
 
 # quorvel_fuzz(NAME SOURCE [DICTIONARY file])
 #
-# A fuzz target. Under the linux-fuzz preset it is a libFuzzer program; in every other build it
-# replays fuzz/corpus/NAME as an ordinary test, so that old findings stay found on both systems.
+# A fuzz target. With the preset linux-fuzz it is a libFuzzer program. In every other build it runs on
+# fuzz/corpus/NAME as an ordinary test, so that old findings are tested again on both systems.
 function(quorvel_fuzz name source)
   add_executable(fuzz_${name} ${source})
   target_include_directories(fuzz_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)

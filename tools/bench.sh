@@ -1,6 +1,6 @@
 #!/bin/sh
-# bench.sh [ARGUMENT...]: builds and runs the benchmarks, interleaved, and prints how many times as fast as
-# each peer the library is. The arguments go to the program; --benchmark_filter=REGEX picks some.
+# bench.sh [ARGUMENT...]: builds and runs the benchmarks, interleaved, and prints the library's speed relative
+# to each peer. The arguments are passed to the program; --benchmark_filter=REGEX chooses benchmarks.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
@@ -12,7 +12,7 @@ results=$root/build/linux-release/bench
 rm -rf "$results"
 mkdir "$results"
 
-# The warm-up takes the first touch of memory that the machine has not used so far.
+# The warm-up pays for the first access to memory that the machine has not used yet.
 measure() { # NAME ARGUMENT...
     name=$1
     shift
@@ -25,8 +25,8 @@ if [ $# != 0 ]; then
     measure chosen "$@"
 else
     measure others --benchmark_filter=-^Xml
-    # Each document is a process of its own: where a virtual machine gives idle memory back to its host, the
-    # longer another document takes, the dearer the next touch is.
+    # Each document runs in its own process. If a virtual machine returns idle memory to its host, a long
+    # run of one document makes the next access to memory slow.
     "$bench" --benchmark_list_tests --benchmark_filter=^Xml |
         sed -E 's,^([^/]+)/[^/]+(/.*)?$,^\1/[^/]+\2$,' | awk '!seen[$0]++' >"$results/cases"
     count=0

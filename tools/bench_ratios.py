@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
-"""Prints how many times as fast as each peer the library is.
+"""Prints the speed of the library relative to each peer.
 
     bench_ratios.py RESULTS...
 
-RESULTS are what the benchmarks write as JSON. The rows that are compared bear names like
-Family/Who/Case: the first Who of a family is the library. Medians of the repetitions, in processor
-time: on a busy machine the clock on the wall measures the neighbours. Where a benchmark has
-another process do the work, its counter `milliseconds` counts. Of several cases that begin alike
-the geometric mean is printed as well, of their counters `peak` and `allowed` both.
+RESULTS are the JSON files of the benchmarks. Rows to compare have names like Family/Who/Case; the
+first Who of a family is the library. Compared are the medians of the repetitions in processor time:
+on a busy machine wall-clock time also measures other programs. If another process does the work, the
+counter `milliseconds` is used instead. For several cases with the same beginning the geometric mean
+is printed too, for both of their counters `peak` and `allowed`.
 """
 
 import json

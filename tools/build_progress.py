@@ -3,7 +3,7 @@
 
     BUILD 2>&1 | build_progress.py LOG
 
-On a terminal one line is written anew again and again; elsewhere, such as in a log file, a line comes
+On a terminal one line is rewritten again and again. Elsewhere, such as in a log file, a line is written
 for each tenth of the work and for each half minute. A line "build: done" at the end of the input means
 success; without it the exit code is 1, and the compiler's errors or the last lines are shown.
 """
@@ -18,7 +18,7 @@ HALF_A_MINUTE = 30
 
 
 def failure(lines):
-    """What a reader needs of a build that failed: from the first failed step on, or the end."""
+    """The useful part of the log of a failed build: from the first failed step on, or the end."""
     first = next((i for i, line in enumerate(lines) if line.startswith("FAILED: ")), None)
     return lines[-SHOWN_ON_FAILURE:] if first is None else lines[first:][:SHOWN_ON_FAILURE]
 
@@ -31,7 +31,7 @@ class Progress:
         self.shown_tenth = 0
 
     def text(self, line):
-        """What to show for a line of the build, or None."""
+        """The text to show for a line of the build, or None."""
         step = re.match(r"\[(\d+)/(\d+)\]", line)
         if not step:
             return None

@@ -6,34 +6,34 @@
 
 The catalogue is a list of QUORVEL_TEXT(id, name, "text") entries that two very different readers
 include: the C++ compiler and the resource compiler. Both forgive mistakes that would only show up on
-a user's screen, or crash the formatter there: an insert lost in translation, a mnemonic forgotten, a
+a user's screen, or crash the formatter there: an insert lost in translation, a missing mnemonic, a
 literal split in two. This script refuses them at build time. The texts of the dialogs are
-#define NAME "text" lines that the layouts use; they are held to the same rules. It prints one line per problem to
-stderr (file:line: message) and exits with 1, or prints one summary line and exits with 0.
+#define NAME "text" lines that the layouts use; the same rules apply to them. Prints one line for each
+problem to stderr (file:line: message) and exits with 1, or prints one summary line and exits with 0.
 """
 
 import re
 import sys
 from collections import namedtuple
 
-MAX_UTF16_UNITS = 4096  # the longest text that every consumer of the string table has room for
+MAX_UTF16_UNITS = 4096  # the longest text that fits every consumer of the string table
 
 Entry = namedtuple("Entry", "line id name text")
 
-# An entry stands on one line, or on two with the break after the name.
+# An entry is one line, or two lines with the break after the name.
 ENTRY = re.compile(r'QUORVEL_TEXT\((?P<id>\d+), (?P<name>kText[A-Z][A-Za-z0-9]*), "(?P<text>.*)"\)')
 ENTRY_START = re.compile(r"QUORVEL_TEXT\(\d+, \w+,")
 
 # A text of a dialog.
 DEFINITION = re.compile(r'#define (?P<name>DIALOG_TEXT_[A-Z0-9_]+) "(?P<text>.*)"')
 
-# One piece of a literal: an escape both readers know, or a character that stands for itself.
+# One piece of a literal: an escape that both readers support, or an ordinary character.
 PIECE = re.compile(r'\\(?P<escape>[rnt\\])|(?P<plain>[^\\"\x00-\x1f])')
 ESCAPES = {"r": "\r", "n": "\n", "t": "\t", "\\": "\\"}
 
-# Texts go to the message formatter or to printf; nothing in the file says which. So the tokens of
-# both are collected alike, the first alternative that fits winning. The last one is a "%" that
-# neither of them understands.
+# A text is used by the message formatter or by printf; the file does not say which. So the tokens of
+# both are collected; the first alternative that matches is used. The last one is a "%" that neither
+# supports.
 TOKEN = re.compile(
     r"%%"
     r"|%[-+#0]*\d*(?:\.\d+)?(?:I64|I32|hh|h|ll|l|w|z)?[diuoxXeEfgGcCsSp]"  # printf
@@ -44,14 +44,14 @@ TOKEN = re.compile(
 
 
 def parse_literal(raw):
-    """The text of a literal's inside; ValueError says what is wrong with it."""
+    """The text in a literal; raises ValueError with the problem."""
     text, position = [], 0
     while position < len(raw):
         piece = PIECE.match(raw, position)
         if not piece:
             if raw[position] == '"':
-                # A resource script doubles it; to C++ that is the end of one literal and the start
-                # of the next, and the quote is gone.
+                # A resource script doubles it; C++ reads that as the end of one literal and the start
+                # of the next, so the quote is lost.
                 raise ValueError("a double quote means different things to the two readers")
             if raw[position] == "\\":
                 raise ValueError(f"unknown escape {raw[position:position + 2]}")
@@ -70,7 +70,7 @@ class Checker:
         print(f"{path}:{line}: {message}", file=sys.stderr)
 
     def read_entries(self, path):
-        """The entries of one file, each of them sound in itself."""
+        """The entries of one file, each checked on its own."""
         try:
             with open(path, encoding="utf-8", newline="") as file:
                 lines = file.read().split("\n")
@@ -103,7 +103,7 @@ class Checker:
         return entries
 
     def check_entries(self, path, entries):
-        """Ids and names unique and in order, texts within their limits."""
+        """Ids and names are unique and in order, texts within their limits."""
         seen_ids, seen_names, previous = {}, {}, 0
         for entry in entries:
             if not 1 <= entry.id <= 65535:
@@ -145,7 +145,7 @@ class Checker:
         return list(entries.values())
 
     def check_uses(self, layout_path, path, entries):
-        """Each text has its place in a layout, and each layout names texts that exist."""
+        """Each text is used in a layout, and each layout uses texts that exist."""
         with open(layout_path, encoding="utf-8") as file:
             used = set(re.findall(r"\bDIALOG_TEXT_[A-Z0-9_]+", file.read()))
         for entry in entries:
@@ -155,7 +155,7 @@ class Checker:
             self.report(layout_path, 1, f"{name} has no text in {path}")
 
     def compare(self, main_path, main_entries, path, entries):
-        """A translation has the ids and names of the main file, and texts of the same build."""
+        """A translation has the ids and names of the main file, and texts with the same structure."""
         main = {entry.id: entry for entry in main_entries}
         translated = {entry.id for entry in entries}
         last_line = max((entry.line for entry in entries), default=1)
@@ -192,7 +192,7 @@ def trailing_white_space(text):
     return text[len(text.rstrip()):]
 
 
-# What a translation must share with its original, and how to tell.
+# What a translation must share with its original, and how to check it.
 MEASURES = [
     ("inserts", inserts),
     ("mnemonics", mnemonics),

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Compares the names that a library exports with the written list of them.
+"""Compares the exported names of a library with the written list.
 
-    check_exports.py LIST LIBRARY             prints what is missing and what was added, and exits 1
-    check_exports.py --write LIST LIBRARY...  writes the list anew from a Linux and a Windows library
+    check_exports.py LIST LIBRARY             prints missing and additional names, and exits with 1
+    check_exports.py --write LIST LIBRARY...  writes the list from a Linux and a Windows library
 
-One list serves both builds: a line that begins with "linux: " or "windows: " is for that build alone.
-What the list can't tell apart, on purpose: the two kinds of wide character, and integers of different
+One list serves both builds: a line that begins with "linux: " or "windows: " is only for that build.
+The list deliberately does not distinguish the two kinds of wide character, nor integers of different
 width, since a handle-sized or 64-bit value is spelled differently in each build.
 """
 
@@ -14,8 +14,8 @@ import re
 import subprocess
 import sys
 
-# The compiler's own companions of a class: vtables, type information, thunks, guards. Those of other
-# people's classes stay in, so that they and instances of foreign templates show up as not listed.
+# Names that the compiler adds for a class: vtables, type information, thunks, guards. Those of foreign
+# classes are kept, so that they and instances of foreign templates are reported as not listed.
 NOISE = re.compile(
     r"_ZT[VTISC](?!N?K?(?:S|9__gnu_cxx|5boost)|P?F)|_ZT[vhc]|_ZG[VR](?!Z?N?K?(?:S|9__gnu_cxx|5boost))"
     r"|_(?:init|fini|edata|end|_bss_start)$"
@@ -30,7 +30,7 @@ SPELLINGS = [
 
 
 def spell(name):
-    """A demangled name as both builds can write it."""
+    """A demangled name in a spelling that both builds share."""
     for pattern, replacement in SPELLINGS:
         name = pattern.sub(replacement, name)
     return name

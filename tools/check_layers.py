@@ -3,11 +3,11 @@
 
     check_layers.py COMPONENTS ROOT
 
-COMPONENTS is what the build writes down of its components, a line each:
+COMPONENTS is the build's list of its components, one line each:
     component NAME FOLDER uses NAME...
-A component is the files in src/FOLDER and include/quorvel/FOLDER; the longest folder that fits wins.
-The rules are in docs/architecture.md; each message below names the one that was broken. Prints one
-line per problem (file:line: message, or the component's folder) and exits with 1, or one summary
+A component is the files in src/FOLDER and include/quorvel/FOLDER; the longest matching folder counts.
+The rules are in docs/architecture.md; each message below names the broken rule. Prints one
+line for each problem (file:line: message, or the component's folder) and exits with 1, or one summary
 line.
 """
 
@@ -23,7 +23,7 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*(?P<open>[<"])(?P<path>[^>"]+)[>"]')
 CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b")
 SYSTEM_MACRO = re.compile(r"\b(?:_WIN32|_WIN64|WIN32|WIN64|__MINGW32__|__linux__|__linux|__unix__|__unix)\b")
 ERRNO = re.compile(r"\berrno\b")
-# A comment or a literal: whichever begins first hides the other's marks.
+# A comment or a literal: the one that begins first hides the delimiters of the other.
 COMMENT_OR_LITERAL = re.compile(
     r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])*\'', re.DOTALL
 )
@@ -38,8 +38,8 @@ SYSTEM_HEADER = re.compile(
 # Where the systems may differ by preprocessor, and where their headers may be seen.
 TWO_SYSTEMS = ("src/platform/", "include/quorvel/platform/", "src/framework/", "include/quorvel/framework/")
 PLATFORM = ("src/platform/", "include/quorvel/platform/")
-# The headers that bring in the whole of the Linux layer. Within it they would tie every file to every
-# other one.
+# Headers that include the whole Linux layer. Inside the layer they would make every file depend on
+# all others.
 LINUX_LAYER = "src/platform/linux/"
 UMBRELLAS = ("src/platform/win32.h", "src/platform/linux/api.h")
 
@@ -95,7 +95,7 @@ class Checker:
         return max(fitting, key=lambda component: len(component.folder), default=None)
 
     def resolve(self, path, opened, include):
-        """What an include names, as a path below the root; None if it is not a file of ours."""
+        """The included file as a path below the root; None if it is not one of our files."""
         if include.startswith("quorvel/"):
             return "include/" + include
         if opened == '"':
@@ -107,7 +107,7 @@ class Checker:
 
     def check_include(self, path, component, opened, include):
         target = self.resolve(path, opened, include)
-        # Our own src/net bears the name of a folder of system headers.
+        # Our own src/net has the same name as a folder of system headers.
         if target is None and SYSTEM_HEADER.match(include) and not path.startswith(PLATFORM):
             yield f"<{include}> belongs to the platform"
         if path.startswith("include/") and not (target or "include/").startswith("include/"):
@@ -141,13 +141,13 @@ class Checker:
             if include:
                 found += self.check_include(path, component, include["open"], include["path"])
             elif CONDITION.match(line) and SYSTEM_MACRO.search(line) and not path.startswith(TWO_SYSTEMS):
-                found.append("the operating system is told apart by files here, not by #if")
+                found.append("the operating system is distinguished by files here, not by #if")
             elif ERRNO.search(bare) and not path.startswith(PLATFORM):
                 found.append("errno belongs to the platform")
             self.problems += [f"{path}:{number}: {message}" for message in found]
 
     def check_name(self, path):
-        """An include names what it means when no two headers have the same name."""
+        """An include is unambiguous when no two headers have the same name."""
         name = os.path.basename(path)
         former = self.headers.setdefault(name, path)
         if name.endswith(".h") and former != path:
@@ -166,7 +166,7 @@ class Checker:
         return count
 
     def check_uses(self):
-        """After check_tree: a permission that nobody uses hides the next include that breaks a layer."""
+        """After check_tree: an unused permission would hide the next include that breaks a layer."""
         for component in self.components.values():
             for used in component.uses:
                 if used not in self.included[component.name]:

@@ -3,8 +3,8 @@
 
     check_pictures.py FOLDER
 
-Windows leaves the alpha channel of what it draws at zero: a picture with one shows a window without
-its text on a web page. Prints each PNG below FOLDER that can be transparent, and exits with 1. Where a
+Windows leaves the alpha channel of drawn pixels at zero: with an alpha channel, a web page would show
+a window without its text. Prints each PNG below FOLDER that can be transparent, and exits with 1. Where a
 folder of pictures has a page beside it, as gallery has gallery.md, that shows each of them and no others.
 """
 
@@ -17,7 +17,7 @@ SIGNATURE = b"\x89PNG\r\n\x1a\n"
 
 
 def fault(picture):
-    """What is wrong with the bytes of a PNG file, or None."""
+    """The problem of the bytes of a PNG file, or None."""
     if not picture.startswith(SIGNATURE):
         return "is no PNG"
     position = len(SIGNATURE)

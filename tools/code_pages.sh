@@ -1,7 +1,7 @@
 #!/bin/sh
 # code_pages.sh [PATTERN]: shows where the code pages of the Linux layer differ from the platform's.
-# Lines with "<" are the platform's answers, lines with ">" ours; code pages that one of the two does
-# not have are left out. PATTERN chooses lines, as in "^1361 ". It takes some minutes.
+# Lines with "<" are the platform's results, lines with ">" ours. Code pages that one of them lacks
+# are omitted. PATTERN chooses lines, as in "^1361 ". It takes some minutes.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"

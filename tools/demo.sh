@@ -1,6 +1,6 @@
 #!/bin/sh
 # demo.sh: runs the tour, the XML tool, the packer, the settings tool, the keys tool, the listing tool and the updater as Linux and as Windows
-# programs on the same files and compares what the two print. Fails where they differ.
+# programs on the same files, and compares their output. Fails if it differs.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
@@ -17,7 +17,7 @@ for preset in linux-debug "$windows"; do
     build_shown demo "$preset" $programs $windowed quorvel_languages
 done
 
-# Real DLLs, with version resources and without, under the same relative names for both programs.
+# Real DLLs with and without version resources; both programs use the same relative names.
 case $windows in
 win32) wine_dlls=/usr/lib/i386-linux-gnu/wine/i386-windows cpu=i686 ;;
 *) wine_dlls=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows cpu=x86_64 ;;
@@ -38,8 +38,8 @@ for name in notepad regedit winefile wordpad; do # programs with accelerator tab
     cp "$wine_dlls/$name.exe" "$demo"
 done
 
-# programs FOLDER SUFFIX [RUNNER]: runs them all; what they print are a few texts and a listing, which
-# is looked at, changed and taken through another encoding.
+# programs FOLDER SUFFIX [RUNNER]: runs them all on a few texts and a listing. The listing is displayed,
+# changed and converted to a different encoding.
 programs() {
     tour=$1/tour$2 xmltool=$1/xmltool$2 pack=$1/pack$2 settings=$1/settings$2 keys=$1/keys$2
     shift 2
@@ -83,7 +83,7 @@ programs() {
     "$@" "$keys" compare notepad.xml moved.xml || [ $? = 1 ]
 }
 
-# The folder is the current one, and locale and time zone are fixed: the output has no reason to differ.
+# The current folder, the locale and the time zone are fixed, so that the output does not depend on them.
 cd "$demo"
 export WINERUN_LOCALE=C.UTF-8 WINERUN_TZ=Europe/Berlin
 programs "$root/build/linux-debug/bin" "" env LC_ALL=$WINERUN_LOCALE TZ=$WINERUN_TZ \

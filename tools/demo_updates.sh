@@ -1,8 +1,8 @@
 #!/bin/sh
-# demo_updates.sh WINDOWS-PRESET: lets the updater, which demo.sh has built, check a real web server for
-# updates, as a Linux and as a Windows program. Prints what a user sees and fails where the two differ.
-# Then works the update dialogs in the same way, and prints what they show.
-# Where port 80 of this machine can't be had, all of it runs in a network of its own.
+# demo_updates.sh WINDOWS-PRESET: runs the updater, which demo.sh has built, as a Linux and as a Windows
+# program with a real web server. Prints what a user sees, and fails if the two differ.
+# Then runs the update dialogs in the same way, and prints what they show.
+# If port 80 of this machine is not available, everything runs in a separate network.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
@@ -32,7 +32,7 @@ own_network='unshare --map-current-user --net --keep-caps'
 in_own_network=${2:-}
 if [ -n "$in_own_network" ]; then
     ip link set lo up
-    # Wine's server opens the sockets, in the network that it was started in: this one needs another.
+    # Wine's server opens the sockets in the network in which it was started, so this one needs its own.
     export QUORVEL_CACHE="$cache/own-network"
 else
     sh "$root/tools/setup.sh" demo || skip "the web server could not be installed"
@@ -59,7 +59,7 @@ program() { # program NAME ARGUMENT...: as $build has it
     esac
 }
 
-# No check within 15 seconds of the last one: the demonstration forgets that one and does not wait.
+# A check within 15 seconds of the last one is refused. The demonstration does not wait; it deletes the date.
 forget() { # forget [VALUE]: of the settings, or all of them
     if [ $# = 1 ]; then set -- "HKCU\\$key\\Check For Updates" "$1"; else set -- "HKCU\\$key"; fi
     program settings remove "$@" >settings.txt 2>&1
@@ -71,14 +71,14 @@ finish() {
     [ -z "$server_pid" ] || kill "$server_pid" 2>/dev/null || true
     for build in linux windows; do forget || true; done
     trust remove || true
-    # Or the next demonstration finds Wine's server in a network that is gone.
+    # Otherwise the next demonstration would find Wine's server in a network that no longer exists.
     if [ -n "$in_own_network" ]; then
         for prefix in "$QUORVEL_CACHE"/wine*/; do WINEPREFIX=$prefix wineserver -k 2>/dev/null || true; done
     fi
     rm -rf "$server"
 }
 
-# An authority of the demonstration's own, and what it says of this machine.
+# A certificate authority for the demonstration, and its certificate for this machine.
 make_certificates() {
     newkey="-newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -noenc"
     # shellcheck disable=SC2086
@@ -91,12 +91,12 @@ make_certificates() {
             -out "$server/site.pem"
     } 2>openssl.txt || die "no certificates: $(cat openssl.txt)"
 }
-# Linux programs are told the authority by a variable.
+# For Linux programs a variable names the authority.
 trust() { # trust add|remove
     WINERUN_LOCALE=C.UTF-8 python3 "$root/tools/wine_authority.py" "$1" "$demo/authority.pem" "$root/tools/winerun.sh"
 }
 
-# Everything nginx writes is in one folder; it neither changes its user nor leaves the foreground.
+# nginx writes into one folder only, keeps its user and stays in the foreground.
 start_server() {
     mkdir -p "$server/html/slow" "$server/secure"
     cat >"$server/nginx.conf" <<EOF
@@ -143,8 +143,8 @@ publish() { # publish LISTING FILE DATE: at the site
     touch -d "$3" "$server/html/$2"
 }
 
-# What was written, in the places where a terminal shows it. The progress bar is on standard error and
-# draws over itself: of a complete download its last state is left.
+# The output as a terminal shows it. The progress bar is on standard error and overwrites itself: after a
+# complete download only its last state is visible.
 show() {
     tr '\r' '\n' <errors.txt | grep '(100%)' | tail -n 1 >bar.txt || true
     tr -d '\r' <output.txt |
@@ -178,8 +178,8 @@ updater() { # updater CODE TITLE ARGUMENT...
     require_code "$expected" $code
 }
 
-# A download at 100 bytes a second, interrupted as by Ctrl+C: the signal goes to a process group, as from
-# a terminal, since between this shell and a Windows program stands another one.
+# A download at 100 bytes a second, interrupted as by Ctrl+C. The signal is sent to a process group, as a
+# terminal does, since there is another process between this shell and a Windows program.
 cancel() {
     heading 'Cancelled by Ctrl+C while it downloads' --site $site/slow/updates.xml --yes
     : >output.txt
@@ -227,7 +227,7 @@ place() { # place LISTING SIGNATURE DATE: at the site with HTTPS
     touch -d "$3" "$server/secure/updates.xml"
 }
 
-# What the publisher signs, and what others put in its place.
+# Files that the publisher has signed, and files that others put in their place.
 signed_checks() {
     rm -f local.xml
     forget
@@ -253,7 +253,7 @@ signed_checks() {
     require_same local.xml new.xml
 }
 
-# The same in the dialogs, which Windows alone has. What they show is read back from the windows.
+# The same with the dialogs, on Windows only. Their texts are read from the windows.
 windows() { # windows TITLE ARGUMENT...: of update_windows
     printf '\n== %s\n' "$1"
     shift
@@ -350,7 +350,7 @@ for build in linux windows; do
         checks
         signed_checks
     } >$build.txt
-    # The time of day is that of the run.
+    # The time of day depends on the run.
     sed 's/^\(Last checked for updates on\) .*/\1 .../' $build.txt >$build.same.txt
 done
 cat linux.txt

@@ -23,13 +23,13 @@ windows_preset() {
     if wine32_runs; then echo win32; else echo win64; fi
 }
 
-# Some kernels place memory where the sanitizers' shadow would lie ("unexpected memory mapping").
-# Without address randomization they don't; where a container forbids that, the plain call must do.
+# Some kernels map memory at the place of the sanitizers' shadow ("unexpected memory mapping"). Without
+# address randomization they do not. If a container forbids that option, the plain call is used.
 without_aslr() {
     if setarch -R true 2>/dev/null; then setarch -R "$@"; else "$@"; fi
 }
 
-# build_shown NAME PRESET [TARGET...]: as build_preset, but shows how far it is. All output is in
+# build_shown NAME PRESET [TARGET...]: as build_preset, but shows its progress. All output is in
 # build/NAME-PRESET.log.
 build_shown() {
     mkdir -p "$root/build"

@@ -1,6 +1,6 @@
 #!/bin/sh
-# format.sh [--check]: formats every source file in place; with --check it changes nothing, names the
-# files that need it and fails.
+# format.sh [--check]: formats all source files in place. With --check it changes nothing, lists the
+# files that need formatting, and fails.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
@@ -9,7 +9,7 @@ case ${1:-} in
 '' | --check) ;;
 *) die "unknown option '$1': --check" ;;
 esac
-# Every version lays some lines out differently: with another one the check would never agree.
+# Versions format some lines differently: with another version the check would always fail.
 case $(clang-format --version 2>/dev/null) in
 *"version 14."*) ;;
 *) die "clang-format 14 is missing: './run setup core' installs it" ;;

@@ -1,6 +1,6 @@
 #!/bin/sh
-# fuzz.sh [TARGET] [SECONDS]: fuzzes one target or, without one, all of them, each for 60 seconds or as
-# many as are given. What it finds stays in build/linux-fuzz; a finding worth keeping goes into fuzz/corpus.
+# fuzz.sh [TARGET] [SECONDS]: fuzzes one target, or all of them, each for 60 seconds or the given
+# number. Findings are in build/linux-fuzz; copy useful ones to fuzz/corpus.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"

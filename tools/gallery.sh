@@ -1,5 +1,5 @@
 #!/bin/sh
-# gallery.sh: draws the dialogs and controls on a screen of its own and puts the pictures into docs/gallery.
+# gallery.sh: draws the dialogs and controls on a separate screen and writes the pictures to docs/gallery.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
@@ -30,8 +30,8 @@ draw() {
     done
 }
 
-# Settings of the prefix that a starting program reads: pixels an inch, and whether there is a theme,
-# which knows its own colours only.
+# Settings of the prefix that a program reads at its start: pixels per inch, and whether there is a theme
+# (a theme uses only its own colours).
 desktop='HKCU\Control Panel\Desktop' theme='HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager'
 set_value() { wine reg.exe add "$1" /v "$2" /t "$3" /d "$4" /f >>settings.log 2>&1 || die "no $2 in Wine"; }
 draw
@@ -43,7 +43,7 @@ draw --high-contrast
 set_value "$theme" ThemeActive REG_SZ 1
 for picture in *.bmp; do
     [ -f "$picture" ] || die "the gallery program drew nothing"
-    # Opaque, and without dates, so that the same picture is the same file.
+    # Opaque and without dates, so that the same picture gives the same file.
     /usr/bin/convert "$picture" -alpha off -strip -define png:exclude-chunks=date,time \
         "PNG24:$root/docs/gallery/${picture%.bmp}.png"
     say "docs/gallery/${picture%.bmp}.png"

@@ -1,25 +1,25 @@
 #!/bin/sh
 # mingw_library.sh NAME CPU: builds a library that is not packaged for the Windows builds (i686 or
 # x86_64) from the distribution's own source package: minizip, expat or sodium. The headers and the static
-# library lie in NAME-CPU of the cache folder, so that builds need no network afterwards.
+# library are in NAME-CPU of the cache folder, so that later builds need no network.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
 
-# Each recipe is run in the folder above the unpacked source: the units to compile with their flags,
-# and the headers to install.
+# Each recipe runs in the folder above the unpacked source. It names the units to compile with their
+# flags, and the headers to install.
 minizip_recipe() {
     compile source "ioapi iowin32 unzip zip" -DNOCRYPT # entries are never encrypted
     install_headers source minizip ioapi.h iowin32.h unzip.h zip.h
 }
 expat_recipe() {
-    # What its own build scripts would find out of mingw; entropy comes from the system by itself.
+    # The settings that its own build scripts would detect for mingw; entropy comes from the system.
     : >source/expat/lib/expat_config.h
     compile source/expat/lib "xmlparse xmlrole xmltok" -Isource/expat/lib \
         -DXML_STATIC -DXML_NS -DXML_DTD -DXML_CONTEXT_BYTES=1024 -DBYTEORDER=1234
     install_headers source/expat/lib . expat.h expat_external.h
 }
-# What makes and checks signatures, and nothing else: what these units name of the rest is never called.
+# Only the units that create and verify signatures; their other references are never called.
 sodium_recipe() {
     include=source/src/libsodium/include
     sed -e 's/@VERSION@/1.0.18/' -e 's/@SODIUM_LIBRARY_VERSION_MAJOR@/10/' -e 's/@SODIUM_LIBRARY_VERSION_MINOR@/3/' \
@@ -64,7 +64,7 @@ mkdir -p "$work/lists/partial" "$work/cache/archives/partial" "$work/sources" "$
 fail() {
     die "cannot build $name for $triple ($(grep -m 1 '^[EW]: ' "$work/log"))"
 }
-# The machine's package sources, as sources of source code: nothing of the machine's own is changed.
+# The machine's package sources, as sources of source code. The machine's own settings are not changed.
 name_sources() {
     for file in /etc/apt/sources.list.d/*.sources; do
         [ ! -f "$file" ] || sed 's/^Types:.*/Types: deb-src/' "$file" >"$work/sources/${file##*/}"
@@ -96,7 +96,7 @@ install_headers() { # install_headers FOLDER TARGET HEADER...
 name_sources
 cd "$work"
 fetch update || true # a list that failed may be one that is not needed
-# An update that was replaced by a newer one may be listed and gone: the release itself stays.
+# An update that was replaced by a newer one may be listed but missing; the release itself stays available.
 suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
 fetch source --download-only "$package" || fetch -t "$suite" source --download-only "$package" || fail
 dpkg-source --no-check -x ./*.dsc source >>"$work/log" 2>&1 || fail

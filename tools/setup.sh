@@ -1,12 +1,12 @@
 #!/bin/sh
-# setup.sh [GROUP...]: installs the packages of the groups (default: all) that are not there yet.
-# Needs nothing but dpkg-query when everything is there, so every other script calls it first.
+# setup.sh [GROUP...]: installs the missing packages of the groups (default: all groups).
+# If none is missing, this only needs dpkg-query, so every other script calls it first.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
 
 log=$root/build/setup.log
-no_wine32=$cache/no-wine32 # left behind where 32-bit Wine could not be installed: don't try every time
+no_wine32=$cache/no-wine32 # exists if 32-bit Wine could not be installed: do not try every time
 
 missing() { # missing GROUP: its packages that are not installed
     wanted=$(sed -n "s/^$1 //p" "$root/tools/packages.txt")
@@ -20,7 +20,7 @@ missing() { # missing GROUP: its packages that are not installed
             }'
 }
 
-become_root() { # finds out how, once, or says why not
+become_root() { # finds out once how to do it, or why it is impossible
     [ -z "${as_root+set}" ] || return 0
     if [ "$(id -u)" = 0 ]; then
         as_root=
@@ -44,8 +44,8 @@ apt() {
         -o Acquire::Retries=2 "$@" </dev/null >>"$log" 2>&1
 }
 
-# The lists are fetched once a run. A list that failed is not fatal: those that did arrive may do, and
-# otherwise the installation says which package it misses.
+# The package lists are fetched once for each run. If a list cannot be fetched, the others may be enough;
+# otherwise the installation names the missing package.
 update_lists() {
     apt update || true
     update_lists() { :; }
@@ -55,9 +55,9 @@ try_install() { # try_install [OPTION...] PACKAGE...
     apt install -y --no-remove --no-install-recommends "$@"
 }
 
-# The i386 index of an update suite may be missing or not match its signature. Then 32-bit libraries
-# exist in the base release only, and so must the 64-bit ones that share files with them: prefer that
-# release, and in the last resort move the libraries that an update took ahead of it back.
+# The i386 index of an update suite may be missing or have a wrong signature. Then 32-bit libraries exist
+# only in the base release, and the 64-bit libraries that share files with them must be of that release
+# too: prefer it, and as a last resort downgrade libraries that an update has replaced.
 install() { # install PACKAGE...
     try_install "$@" && return 0
     suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
@@ -95,8 +95,8 @@ ensure() { # ensure GROUP
     install $packages || die "cannot install $packages ($(last_error)); the log is $log"
 }
 
-# A web server's package would start it at once and at every boot, at the port that the demonstration
-# needs. One that is there is the user's and stays as it is, and so does a policy of the administrator.
+# The package of a web server would start it at once and at every boot, on the port that the demonstration
+# needs. An existing server belongs to the user and is not changed; neither is a policy of the administrator.
 install_server() { # install_server GROUP PROGRAM
     [ ! -x "/usr/sbin/$2" ] || return 0
     packages=$(missing "$1")
@@ -120,7 +120,7 @@ install_wine32() { # install_wine32 PACKAGE...
     fi
     apt update || true
     install "$@" && return 0
-    # Don't leave an architecture behind whose index may spoil every later update.
+    # Remove the architecture again: its index could break every later update.
     [ -z "$added" ] || $as_root dpkg --remove-architecture i386 || true
     return 1
 }

@@ -1,6 +1,6 @@
 #!/bin/sh
 # test.sh [PRESET...]: builds and tests the presets; by default both builds of the library.
-# QUORVEL_CTEST_ARGS holds further arguments of ctest (-R registry, -L threads).
+# QUORVEL_CTEST_ARGS contains more arguments for ctest (-R registry, -L threads).
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Adds an authority to the certificates that the user of a Wine prefix trusts, or removes it.
+"""Adds an authority to the trusted certificates of a Wine prefix's user, or removes it.
 
     wine_authority.py add|remove FILE.pem LAUNCHER...
 

@@ -1,7 +1,7 @@
 #!/bin/sh
-# winerun.sh PROGRAM [ARGUMENT...]: runs a Windows program under Wine, its exit code is the program's.
-# The cross builds name it as their emulator. One Wine prefix serves all programs; it is made on first
-# use. What the caller may set, besides Wine's own variables:
+# winerun.sh PROGRAM [ARGUMENT...]: runs a Windows program under Wine; returns its exit code.
+# The cross builds use it as their emulator. All programs share one Wine prefix, which is created on first
+# use. Variables that the caller may set, in addition to Wine's own:
 #   WINERUN_ARCH=win64   a 64-bit prefix, for 64-bit programs
 #   WINERUN_X=1          a prefix that draws on the caller's DISPLAY; otherwise Wine's null driver
 #                        keeps windows in memory, and windows and dialogs work without a screen
@@ -18,7 +18,7 @@ win64) arch=win64 name=wine64 cpu=x86_64 wine=/usr/lib/wine/wine64 ;;
     exit 125
     ;;
 esac
-# The number counts up when make_prefix changes: a checkout of before must not lose its prefix.
+# Increase the number when make_prefix changes: an older checkout keeps its own prefix.
 if [ "${WINERUN_X:-0}" = 1 ]; then
     name=$name-x11-1
 else
@@ -34,12 +34,12 @@ export WINEPREFIX="$cache/$name" WINEARCH=$arch WINEDEBUG="${WINEDEBUG:--all}"
 export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:+$WINEDLLOVERRIDES;}mscoree,mshtml=;winemenubuilder.exe=d"
 export LC_ALL="${WINERUN_LOCALE:-C.UTF-8}"
 [ $arch = win32 ] || export WINELOADER="$wine"
-# Wine links the user's folders into the prefix and refuses a home that is another user's.
+# Wine links the user's folders into the prefix and refuses a home folder of another user.
 export HOME="$cache/home"
-# With TZ set, the C runtime's own conversions are off by the zone: only a test that asks for it gets it.
+# With TZ set, the C runtime's own conversions are wrong by the zone, so only tests that need it get it.
 if [ -n "${WINERUN_TZ:-}" ]; then export TZ="$WINERUN_TZ"; else unset TZ; fi
 
-# The folders of the compiler's runtime DLLs, found once. (The loader also looks beside the program.)
+# The folders of the compiler's runtime DLLs, found once. (The loader also searches the program's folder.)
 runtime_dlls="$cache/runtime-dlls-$cpu"
 find_runtime_dlls() {
     mkdir -p "$cache"
@@ -65,10 +65,10 @@ make_prefix() {
     rm -rf "$WINEPREFIX"
     mkdir -p "$HOME"
     "$wine" wineboot.exe --init || return 1
-    # Distribution fonts are not picked up by themselves; with them text metrics don't depend on the host.
+    # Wine does not find these fonts by itself; with them text metrics do not depend on the host.
     ln -sf /usr/share/wine/fonts/* "$WINEPREFIX/drive_c/windows/Fonts/"
-    # The debugger that Wine starts by itself may end a crashed program with exit code 0. This one prints
-    # where it crashed and passes the exception on, whose code the program then ends with.
+    # Wine's default debugger may end a crashed program with exit code 0. This one prints the place of the
+    # crash and passes the exception on, so the program ends with the exception's code.
     printf 'pass\nquit\n' >"$WINEPREFIX/drive_c/crash.txt"
     cat >"$WINEPREFIX/drive_c/settings.reg" <<'EOF'
 REGEDIT4
@@ -113,17 +113,17 @@ if [ ! -f "$ready" ]; then
     fi
 fi
 
-# The server stays 30 s after the last program: the next one starts in 0.05 s and not in 0.6 s.
+# The server stays for 30 s after the last program, so that the next one starts in 0.05 s instead of 0.6 s.
 wineserver -p30 </dev/null >/dev/null 2>&1
 
-# Wine's own services inherit standard error and outlive the program. Were it a pipe, ctest would wait
-# for its end: so they get a file without a name.
+# Wine's services inherit standard error and outlive the program. If it were a pipe, ctest would wait for
+# its end. So they get a file without a name.
 errors=$(mktemp) || exit 125
 exec 8>"$errors" 9<"$errors"
 rm -f "$errors"
 
-# Wine writes the locale of a starting program into the prefix, and all programs read it from there:
-# one of another locale runs while no other does.
+# Wine writes the locale of a starting program into the prefix, where all programs read it. So a program
+# with a different locale runs alone.
 exec 7>>"$cache/$name.locale"
 case $LC_ALL in
 C.UTF-8) flock -s 7 ;;

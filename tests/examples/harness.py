@@ -1,4 +1,4 @@
-"""What the tests of the examples share: the list of problems, and command lines with their outcome."""
+"""Shared by the tests of the examples: the list of problems, and command lines with their results."""
 
 import contextlib
 import os
@@ -37,7 +37,7 @@ def write_all(files):
 
 
 def run(program, arguments, code=0, out=b"", error=None, **options):
-    """`out` is what standard output must be, `error` what the one line on standard error must hold."""
+    """`out` is the expected standard output; the one line on standard error must contain `error`."""
     ran = subprocess.run(program + arguments, capture_output=True, **options)
     errors = ran.stderr.decode(errors="replace").replace("\r\n", "\n")
     begin = os.path.basename(program[-1]).removesuffix(".exe") + ": "

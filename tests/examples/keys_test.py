@@ -33,7 +33,7 @@ FILES = {
                   b'<shortcut command="7" key="F1"/><shortcut command="101" key="X1"/></shortcuts>',
     "noise.dll": b"MZ" + bytes(range(256)) * 20,
 }
-# Arguments, exit code, output, what the one line on standard error must hold.
+# Arguments, exit code, output, a part of the one line on standard error.
 RUNS = [
     ("sheet --table MAIN keys.dll", 0, DAMAGED + SHEET, None),
     ("conflicts --table MAIN keys.dll", 0, DAMAGED + b"MAIN: 102: Shift+A types the character A, "

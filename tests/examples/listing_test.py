@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs listing, and minisign where it is installed, on what the other has signed.
+"""Runs listing and, if it is installed, minisign; each verifies signatures of the other.
 
     listing_test.py [LAUNCHER...] PROGRAM
 """

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs mail, natively with an xdg-email that notes its arguments.
+"""Runs mail; on Linux with an xdg-email that records its arguments.
 
     mail_test.py [LAUNCHER...] PROGRAM
 """
@@ -11,7 +11,7 @@ from harness import check, finish, own_folder, read, run, write_all
 
 TEXTS = ["--to", "a@example.com", "--subject", "-s", "--body", "line 1\nline 2"]
 
-# Arguments, exit code, what the one line on standard error must hold.
+# Arguments, exit code, a part of the one line on standard error.
 REFUSALS = [
     ([], 2, "needed, and not empty: --to (mail --help)"),
     (["--to", "a@example.com", "--subject", "s"], 2, "needed, and not empty: --body"),
@@ -31,7 +31,7 @@ def main(program):
     with own_folder() as folder:
         for arguments, code, error in REFUSALS:
             run(program, arguments, code, error=error)
-        if not program[-1].endswith(".exe"):  # there the mail program is the system's
+        if not program[-1].endswith(".exe"):  # Windows programs use the system's mail program
             os.environ["PATH"] = folder + os.pathsep + os.environ["PATH"]
             os.environ["TMPDIR"] = folder
             write_all({"a.txt": b"text"})

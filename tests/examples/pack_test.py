@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs pack on files and reads what it makes with other programs.
+"""Runs pack on files and reads its output with other programs.
 
     pack_test.py [LAUNCHER...] PROGRAM
 
@@ -28,7 +28,7 @@ FILES = {
 }
 FAILED = "An error has occurred while inflating data."
 
-# Arguments, exit code, what the one line on standard error must hold.
+# Arguments, exit code, a part of the one line on standard error.
 REFUSALS = [
     ("", 2, "a command, a source and a target are needed (pack --help)"),
     ("--level 10 deflate text out", 2, "not a level from 0 to 9: 10"),
@@ -39,7 +39,7 @@ REFUSALS = [
 
 
 def pack(program, arguments):
-    """Must succeed, with a line that tells the sizes."""
+    """Must succeed, and print a line with the sizes."""
     ran = subprocess.run(program + arguments.split(), capture_output=True)
     source, target = arguments.split()[-2:]
     line = f"{source}: {os.path.getsize(source)} bytes, {target}: {os.path.getsize(target)} bytes\n"
@@ -61,7 +61,7 @@ def check_archives(program, is_windows):
         pack(program, f"zip {source} out")
         with zipfile.ZipFile("out") as archive:
             name = archive.namelist()[0]
-            if is_windows:  # in the active code page, which the reader takes for that of DOS
+            if is_windows:  # in the active code page, which the reader treats as that of DOS
                 name = name.encode("cp437").decode("cp1252")
             check(name == source, f"{source}: zipfile sees {name}")
             packed = datetime.datetime(*archive.infolist()[0].date_time)
@@ -81,7 +81,7 @@ def check_refusals(program):
 
 def main(program):
     is_windows = program[-1].endswith(".exe")
-    os.environ["TZ"] = "Europe/Berlin"  # where local time is never UTC
+    os.environ["TZ"] = "Europe/Berlin"  # local time is never UTC there
     with own_folder():
         write_all(FILES)
         check_streams(program)

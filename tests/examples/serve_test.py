@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Lets serve answer real clients and some that misbehave.
+"""Runs serve with real clients and with clients that misbehave.
 
     serve_test.py [LAUNCHER...] PROGRAM
 """
@@ -19,7 +19,7 @@ from harness import check, finish, own_folder, write_all
 BIG = os.urandom(5_000_000)
 FILES = {"index.html": b"<p>home", "big": BIG, "a b.txt": b"blank", "sub/index.html": b"sub"}
 
-# Method, target, status, body (None: not looked at).
+# Method, target, status, body (None: not checked).
 ANSWERS = [
     ("GET", "/", 200, FILES["index.html"]),
     ("GET", "/big?query#x", 200, BIG),
@@ -43,7 +43,7 @@ def ask(port, method, target):
 
 
 def raw(port, request):
-    """What comes back, byte for byte, for a request that arrives byte by byte."""
+    """The exact answer to a request that arrives byte by byte."""
     with socket.create_connection(("127.0.0.1", port), timeout=30) as connection:
         for byte in request:
             connection.send(bytes([byte]))
@@ -85,9 +85,9 @@ def await_handles(handles, count, label):
 
 
 def check_resets(port, handles):
-    """Clients that reset the connection in the middle of an answer leave nothing behind."""
+    """Clients that reset the connection in the middle of an answer must not leak anything."""
     with open("site/huge", "wb") as file:
-        file.truncate(1 << 28)  # more than the system takes off the server's hands
+        file.truncate(1 << 28)  # more than the system buffers for the server
     before = len(os.listdir(handles))
     for _ in range(20):
         with socket.create_connection(("127.0.0.1", port), timeout=30) as connection:
@@ -105,7 +105,7 @@ def check_refusals(program, port):
 
 
 def check_crowd(port, server, handles):
-    """200 clients that come while the server does nothing are all answered, and leave nothing behind."""
+    """200 clients that connect while the server is stopped are all answered, and nothing leaks."""
     before = len(os.listdir(handles))
     server.send_signal(signal.SIGSTOP)
     try:
@@ -131,7 +131,7 @@ def main(program):
         check(address.startswith("http://127.0.0.1:"), f"the first line is {address}")
         port = int(address.strip("/").split(":")[-1])
         check_answers(port)
-        if not program[-1].endswith(".exe"):  # whose launcher is another process
+        if not program[-1].endswith(".exe"):  # its launcher would be a different process
             check_resets(port, f"/proc/{server.pid}/fd")
             check_crowd(port, server, f"/proc/{server.pid}/fd")
         silent = check_odd_clients(port)

@@ -3,7 +3,7 @@
 
     settings_test.py [LAUNCHER...] PROGRAM
 
-{P} in an argument, in what is read and in what is expected stands for a key of this run alone.
+{P} in arguments, input and expected output is replaced by a key of this run.
 """
 
 import sys
@@ -41,7 +41,7 @@ FAULTS = [
 READING = "An error has occurred while reading data from the registry."
 WRITING = "An error has occurred while writing data to the registry."
 
-# Arguments, exit code, standard output, what the one line on standard error must hold, stdin.
+# Arguments, exit code, standard output, a part of the one line on standard error, stdin.
 ROWS = [
     (["get", "{P}", "text"], 1, "", READING),
     (["set", "{P}", "text", "größe €"], 0, "", None),

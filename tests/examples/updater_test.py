@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Runs updater against a web server of the test's own at port 80 of a loopback address.
+"""Runs updater with a web server that the test starts at port 80 of a loopback address.
 
     updater_test.py [LAUNCHER...] PROGRAM
 
-Exits with 77, skipped, where that port can't be taken.
+Exits with 77 (skipped) if that port is not available.
 """
 
 import functools
@@ -28,14 +28,14 @@ HOSTILE = "a\x1b[2Jb\x9b1mc\nNew: d\u202ee\u2029"
 SECOND = LISTING.format(ITEM.format("Größe", 1, "high") + ITEM.format(HOSTILE, 2, ""))
 HARMLESS = "New: a\ufffd[2Jb\ufffd1mc\ufffdNew: d\ufffde\ufffd http://h/2\n"
 SIGNED = LISTING.format(ITEM.format("Signed", 3, ""))
-# Of minisign 0.11.
+# Made by minisign 0.11.
 PUBLIC_KEY = "RWS/Khd8ASra5MzNYt/64RQe2AzAHYstVTQMYPHqRNbkKpmrGz9jG4En\n"
 SIGNATURE = """untrusted comment: signature from minisign secret key
 RUS/Khd8ASra5Cpbl130TxrR1Q0M29LH/TmmtqXh5BWgBVUW/wKCgO34EJalWJJ5NX7R4ac4Jt5ZaJKkcmgKGrlnSXY74DMD/AI=
 trusted comment: timestamp:1710232200 serial:7
 Skw0En52vymsOvkRKHgUu8NGuqQsBdBmAWLDMA7ktq8KX8NTQcBCHpoTMONyTBI2uF1bsfxlKW8OmlLdwZevBA==
 """
-MANY = 60_000  # comparing each with each takes minutes
+MANY = 60_000  # comparing all pairs would take minutes
 RECENT = "You must wait at least 15 seconds before checking for updates again."
 
 
@@ -54,7 +54,7 @@ def serve(folder):
 
 
 def run(label, key, arguments, code, *texts, answer=""):
-    """What is printed must hold the texts, in this order."""
+    """The output must contain the texts, in this order."""
     command = [*sys.argv[1:], *arguments, "--settings", key, "--file", "local.xml"]
     result = subprocess.run(command, input=answer.encode(), capture_output=True, timeout=60)
     output = result.stdout.decode().replace("\r\n", "\n")

@@ -3,7 +3,7 @@
 
     xmltool_test.py [LAUNCHER...] PROGRAM
 
-Each row runs in a folder of its own with the files of the table in it.
+Each row runs in a new folder that contains the files of the table.
 """
 
 import os
@@ -12,8 +12,8 @@ from collections import namedtuple
 
 from harness import check, finish, own_folder, read, run, write_all
 
-# stdin: bytes; out: what standard output must be; error: what the one line on standard error must
-# hold; files: what must be in a file afterwards.
+# stdin: bytes; out: the expected standard output; error: a part of the one line on standard error;
+# files: the expected content of a file afterwards.
 Row = namedtuple("Row", "arguments stdin code out error files", defaults=(b"", 0, b"", None, {}))
 
 LISTING = """<?xml version="1.0" encoding="utf-8"?>

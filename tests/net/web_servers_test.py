@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Downloads from the web servers that are installed here: their answers differ in more than bytes.
+"""Downloads from the web servers that are installed here, whose answers differ in format.
 
     web_servers_test.py [LAUNCHER...] FETCH
 """
@@ -38,7 +38,7 @@ problems = []
 
 
 class Odd(http.server.BaseHTTPRequestHandler):
-    """No date, names in lower case, and the body after a request for the header too."""
+    """No date, names in lower case, and a body even for a HEAD request."""
 
     def do_GET(self):
         content = FILES.get(self.path[1:])
@@ -55,7 +55,7 @@ def raw(port, method, path):
 
 
 def is_same(one, other):
-    """But for the time of the answer."""
+    """The fields without the time of the answer."""
     date = rb"\r\nDate: [^\r]*"
     return re.sub(date, b"", one, count=1) == re.sub(date, b"", other, count=1)
 
@@ -68,7 +68,7 @@ def check(name, port, fetch, file):
             result = subprocess.run(fetch + arguments, capture_output=True, text=True, timeout=60)
             statuses = result.stdout.split()
             counts = [int(each[3:]) for each in statuses if each.startswith("10:")]
-            # How often it receives, the network decides.
+            # The number of receives depends on the network.
             if [each for each in statuses if each != "9" and each[:3] != "10:"] != STATUSES:
                 problems.append(f"{label}: {result.stdout} {result.stderr}")
             if method == "GET":

@@ -1,5 +1,5 @@
-# Installs the build, moves the install tree away from where it was installed to, and builds and
-# runs the outside project with it: through the CMake package, and natively through pkg-config too.
+# Installs the build, moves the install tree to another place, and builds and runs the consumer project
+# with it: with the CMake package, and on Linux also with pkg-config.
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output
     ERROR_VARIABLE output)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Each public header, compiled as C++17, gives one #error line that names C++20, and nothing after it.
+"""Each public header, compiled as C++17, must give one #error line that names C++20, and no other error.
 
     old_standard_test.py COMPILER INCLUDE-FOLDER HEADER...
 """

@@ -1,4 +1,4 @@
-"""Tests of the checks in tools/: each rule is broken once, and kept once."""
+"""Tests of the checks in tools/: each rule is broken once and followed once."""
 
 import os
 import struct
@@ -28,7 +28,7 @@ HEADERS = [
     "src/util/text/t.h",
 ]
 
-# file, its text, a piece of the expected message or None
+# file, its text, a part of the expected message or None
 LAYERS = [
     ("src/net/a.cpp", "#include <quorvel/platform/p.h>", None),  # through text and framework
     ("src/net/a.cpp", '#include "util/text/t.h"', None),
@@ -50,13 +50,13 @@ LAYERS = [
     ("src/platform/a.cpp", "#include <unistd.h>\n#ifdef __linux__\nint e = errno;", None),
     ("src/platform/linux/a.cpp", '#include "platform/win32.h"', "is for the layer's callers"),
     ("src/net/a.cpp", '#include "platform/win32.h"', None),
-    ("src/net/a.cpp", "#if defined(_WIN32)", "told apart by files"),
+    ("src/net/a.cpp", "#if defined(_WIN32)", "distinguished by files"),
     ("src/framework/a.cpp", "#if defined(_WIN32)", None),
     ("src/net/a.cpp", "int e = errno;", "errno belongs"),
     ("src/net/a.cpp", '// errno\n/* #include <windows.h>\nerrno */ auto t = "// errno";', None),
 ]
 
-# the files of net, which uses text, and what it needs not
+# the files of net, which uses text, and the component that it does not need
 USES = [
     ({"src/net/a.cpp": '#include "util/text/t.h"'}, []),
     ({"include/quorvel/net/n.h": '#include "util/text/t.h"'}, []),
@@ -65,10 +65,10 @@ USES = [
     ({"src/net/controls/c.cpp": '#include "util/text/t.h"'}, ["src/net: no file needs text"]),
 ]
 
-# the colour type of a PNG, the chunks behind its header, what is wrong with it
+# the colour type of a PNG, the chunks after its header, the problem
 PICTURES = [
     (2, [b"IDAT"], None),
-    (3, [b"PLTE", b"IDAT", b"tRNS"], None),  # behind the pixels a chunk means nothing
+    (3, [b"PLTE", b"IDAT", b"tRNS"], None),  # a chunk after the pixels has no meaning
     (3, [b"PLTE", b"tRNS", b"IDAT"], "has transparent colours"),
     (2, [b"tRNS", b"IDAT"], "has transparent colours"),
     (4, [b"IDAT"], "has an alpha channel"),
@@ -76,7 +76,7 @@ PICTURES = [
     (2, [], "has no pixels"),
 ]
 
-# the second, a line of the build, what a log shows of it
+# the second, a line of the build, the text in a log
 STEPS = [
     (0, "-- Configuring done\n", None),
     (0, "[1/200] Building CXX object a.o\n", None),

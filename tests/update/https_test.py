@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Requests over HTTPS to servers of the test's own, good and bad ones.
+"""Requests over HTTPS to good and bad servers that the test starts.
 
     https_test.py [LAUNCHER...] HTTPS_FETCH
 
-The authority is the test's: named by SSL_CERT_FILE, and for Wine added to the user's certificates.
+The test creates the authority: SSL_CERT_FILE names it, and for Wine it is added to the user's certificates.
 """
 
 import gzip
@@ -20,7 +20,7 @@ import threading
 import time
 import warnings
 
-warnings.simplefilter("ignore", DeprecationWarning)  # the old TLS is wanted
+warnings.simplefilter("ignore", DeprecationWarning)  # the test needs the old TLS
 IS_WINE = sys.argv[-1].endswith(".exe")
 CONTENT = os.urandom(1_000_000)
 DATE = "Tue, 12 Mar 2024 08:30:00 GMT"
@@ -55,7 +55,7 @@ def authority(name):
 
 
 def certificate(name, issuer, names=SAN, begin="20200101000000Z", end="20400101000000Z"):
-    """Certificate and key in NAME.pem, whose validity `openssl x509` can't choose."""
+    """Certificate and key in NAME.pem, with a validity that `openssl x509` cannot set."""
     key(name)
     openssl("req", "-new", "-key", name + ".key", "-subj", "/CN=" + name, "-out", name + ".csr")
     pathlib.Path(name + ".ext").write_text("basicConstraints=CA:FALSE\nextendedKeyUsage=serverAuth\n"
@@ -93,7 +93,7 @@ class Handler(http.server.BaseHTTPRequestHandler):
 
     def wait(self):
         self.wfile.flush()
-        self.connection.recv(1)  # until the client leaves
+        self.connection.recv(1)  # until the client closes
 
     def do_GET(self):
         kind, _, rest = self.path[1:].partition("/")
@@ -107,7 +107,7 @@ class Handler(http.server.BaseHTTPRequestHandler):
             self.send("Content-Encoding: gzip", f"Content-Length: {len(packed)}", body=packed)
         elif kind == "gzip":
             self.send(length, body=CONTENT)
-        elif kind == "short":  # closed as if that were all
+        elif kind == "short":  # closed as if it were complete
             self.send(length, body=CONTENT[:1000])
         elif kind == "short-chunk":
             self.send("Transfer-Encoding: chunked", body=b"%x\r\n%s" % (len(CONTENT), CONTENT[:1000]))
@@ -156,7 +156,7 @@ class Server(http.server.ThreadingHTTPServer):
 
 
 def silent_server(answer=b""):
-    """Accepts connections and says this at most."""
+    """Accepts connections and sends at most this."""
     listener = socket.create_server(("127.0.0.1", 0))
     kept = []
 
@@ -199,7 +199,7 @@ def transfers(good, plain):
     expect("plain http", plain.url("good"), 200, content=CONTENT)
     expect("missing", good.url("none"), 404)
     expect("short", good.url("short"), 200, "--stall", "2000", error=True)
-    # Wine takes a connection that is closed within a chunk for the end of the body.
+    # Wine treats a connection that is closed inside a chunk as the end of the body.
     expect("short chunk", good.url("short-chunk"), 200, "--stall", "2000", error=not IS_WINE)
     expect("nobody", "http://localhost:1/", 0, error=True)
     expect("no such host", "https://nobody.invalid/", 0, error=True)
@@ -232,7 +232,7 @@ def stalls(good):
 
 def others(good):
     liar = f"http://127.0.0.1:{silent_server(b'HTTP/1.1 200 OK' + bytes((13, 10, 13, 10)) + b'<rss/>')}"
-    if not IS_WINE:  # it has the system's settings
+    if not IS_WINE:  # Wine uses the system's settings
         expect("lying proxy", good.url("good"), 0, "--stall", "3000", error=True, content=b"", https_proxy=liar)
     name = "no-such-library.so"
     ran = fetch("https://localhost/", "--library", name)

@@ -1,11 +1,11 @@
 #!/bin/sh
-# Makes the sample images of this folder anew with the mingw tools.
+# Creates the sample images of this folder with the mingw tools.
 set -eu
 cd "$(dirname "$0")"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# image OUTPUT CPU OBJECT...: a DLL with the least alignment.
+# image OUTPUT CPU OBJECT...: a DLL with the smallest alignment.
 image() {
     output=$1 cpu=$2 entry=$3
     shift 3
@@ -29,7 +29,7 @@ i686-w64-mingw32-gcc -O2 -fno-asynchronous-unwind-tables -c "$work/code.c" -o "$
 image code.dll i686 _Entry@12 "$work/code.o" "$work/strings_only.i686.o"
 image no_resources.dll i686 _Entry@12 "$work/code.o"
 
-# A 64-bit program loads these as modules; the others it reads as data.
+# A 64-bit program loads these as modules and reads the others as data.
 mkdir -p x86_64
 for script in full strings_only; do
     resources $script x86_64
