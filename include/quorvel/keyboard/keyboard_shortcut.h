@@ -1,7 +1,7 @@
-// CKeyboardShortcut: a command, by its identifier and the text that users know it by, and the key
-// that invokes it.
+// CKeyboardShortcut: a command, with its identifier and its text for users, and the key that
+// invokes it.
 //
-// A plain value; one object may be used by one thread at a time.
+// Copyable. One thread at a time may use an object.
 #pragma once
 
 #include <quorvel/keyboard/shortcut_key.h>
@@ -13,15 +13,15 @@ public:
 
     CKeyboardShortcut() = default;
     CKeyboardShortcut(unsigned int commandID, const CShortcutKey& key);
-    // A null text is an empty one.
+    // A null text means an empty text.
     CKeyboardShortcut(unsigned int commandID, const WCHAR* commandText, const CShortcutKey& key);
-    // From an entry of an accelerator table, without a text. A character becomes the key that types
-    // it on the user's keyboard layout, with the modifiers that it takes; one that no key types is
-    // taken as a virtual-key code. An entry can't say whether its key is an extended one:
-    // `extendedKey` does.
+    // From an entry of an accelerator table; the text is empty. A character becomes the key that
+    // types it on the user's keyboard layout, with its modifiers; if no key types it, it is used
+    // as a virtual-key code. An entry does not contain the extended bit, so `extendedKey` sets
+    // it.
     CKeyboardShortcut(ACCEL accel, int extendedKey);
 
-    // Of identifier, text and key; letter case of the text counts.
+    // Compares identifier, text (case-sensitively) and key.
     BOOL operator==(const CKeyboardShortcut& other) const noexcept;
     BOOL operator!=(const CKeyboardShortcut& other) const noexcept { return !(*this == other); }
 
@@ -30,7 +30,7 @@ public:
     void ClearCommandID() noexcept { m_commandID = DEFAULT_COMMAND_ID; }
     BOOL IsCommandIDSet() const noexcept { return m_commandID != DEFAULT_COMMAND_ID; }
 
-    BOOL SetCommandText(const WCHAR* text); // FALSE, and no change, for null
+    BOOL SetCommandText(const WCHAR* text); // FALSE and no change for null
     CString GetCommandText() const { return m_commandText; }
     void ClearCommandText() { m_commandText.Empty(); }
     BOOL HasCommandText() const noexcept { return !m_commandText.IsEmpty(); }
@@ -41,10 +41,10 @@ public:
     void ClearShortcutKey() noexcept { m_key.ClearKey(); }
     BOOL IsShortcutKeySet() const noexcept { return m_key.IsKeySet(); }
 
-    // As an entry of an accelerator table, which has 16 bits for the command and none for the
-    // extended key. Made for a shortcut without a key too: leave that out of a table.
+    // As an entry of an accelerator table. It has 16 bits for the command and no extended bit. A
+    // shortcut without a key gives an entry too: do not put that into a table.
     ACCEL GetAccel() const noexcept {
-        // FSHIFT, FCONTROL and FALT are our bits, two places up.
+        // FSHIFT, FCONTROL and FALT are our bits shifted by two.
         constexpr int kModifiers = CShortcutKey::MODIFIER_SHIFT | CShortcutKey::MODIFIER_CONTROL |
                                    CShortcutKey::MODIFIER_ALT;
         static_assert(FSHIFT == CShortcutKey::MODIFIER_SHIFT << 2 &&

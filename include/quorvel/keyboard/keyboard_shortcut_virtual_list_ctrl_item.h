@@ -1,7 +1,7 @@
 // CKeyboardShortcutVirtualListCtrlItem: a row of a list of keyboard shortcuts.
 //
-// Column 0 is the command's text, column 1 the name of its key. A plain value; one object may be
-// used by one thread at a time.
+// Column 0 is the text of the command, column 1 the name of its key. Copyable. One thread at a time
+// may use an object.
 #pragma once
 
 #include <quorvel/controls/virtual_list_ctrl_item.h>
@@ -21,7 +21,7 @@ public:
 
     CString GetSubItemText(int column) override; // empty in every other column
 
-    // Of the shortcuts alone.
+    // Compares only the shortcuts.
     BOOL operator==(const CKeyboardShortcutVirtualListCtrlItem& other) const noexcept {
         return m_shortcut == other.m_shortcut;
     }
@@ -33,13 +33,13 @@ public:
     const CKeyboardShortcut& GetKeyboardShortcut() const noexcept { return m_shortcut; }
     CKeyboardShortcut& GetKeyboardShortcut() noexcept { return m_shortcut; }
 
-    // GetShortcutKeyName(1) of the key, which asks the layout once for each key the row gets.
+    // GetShortcutKeyName(1) of the key; it is cached for each new key of the row.
     const CString& GetKeyName() const;
-    void ForgetKeyName() { m_isNamed = false; } // the keyboard layout has changed
+    void ForgetKeyName() { m_isNamed = false; } // after the keyboard layout changed
 
 private:
     CKeyboardShortcut m_shortcut;
-    // The name and the key that it belongs to: the shortcut is changed in place.
+    // The name and the key that it belongs to, since the shortcut can be changed in place.
     mutable CString m_keyName;
     mutable CShortcutKey m_namedKey;
     mutable bool m_isNamed = false;

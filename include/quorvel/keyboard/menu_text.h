@@ -4,6 +4,6 @@
 
 #include <quorvel/keyboard/shortcut_key.h>
 
-// The text up to its first tab, and after a tab the name of the key, where it has one. A null text
-// is an empty one.
+// Returns the text up to its first tab, followed by a tab and the name of the key if it has one. A
+// null text means an empty text.
 QUORVEL_API CString AfxGetMenuTextWithShortcut(const WCHAR* text, const CShortcutKey& key);

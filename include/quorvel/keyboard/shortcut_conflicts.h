@@ -1,25 +1,25 @@
-// What speaks against giving a key to a command, to be shown before it is done.
+// Conflicts of assigning a key to a command, to be shown before it is done.
 //
-// User-interface thread, whose keyboard layout is asked.
+// User-interface thread; uses its keyboard layout.
 #pragma once
 
 #include <quorvel/keyboard/keyboard_mapping_scheme.h>
 
-struct CShortcutConflict { // one objection
+struct CShortcutConflict { // one conflict
     enum Kind {
-        heldByCommand, // another command has the key and would lose it
-        keptBySystem,  // the system acts on the key before an application gets it, or instead
+        heldByCommand, // a different command has the key and would lose it
+        keptBySystem,  // the system handles the key before, or instead of, an application
         // Ctrl+Alt and the key type a character on this layout, as AltGr does on many.
         typesCharacter,
         plainCharacter // the key types a character without Ctrl and Alt
     };
     Kind nKind = heldByCommand;
-    unsigned int nCommandID = 0; // of the other command; otherwise 0
+    unsigned int nCommandID = 0; // the other command; 0 for other kinds
     CString strMessage;          // a sentence in the user's language
 };
 
-// In the order of the kinds; a conflict for each other command that has the key. Empty for a
-// cleared key. `commandID` is the command that is to get the key.
+// The conflicts in the order of their kinds, with one for each other command that has the key.
+// Empty for a cleared key. `commandID` is the command that is to get the key.
 QUORVEL_API std::vector<CShortcutConflict>
 AfxGetShortcutConflicts(const CKeyboardMappingScheme& scheme, unsigned int commandID,
                         const CShortcutKey& key);

@@ -1,7 +1,7 @@
-// CShortcutKey: a key and the modifiers that are held with it.
+// CShortcutKey: a key with its modifiers.
 //
-// A plain value, copied as such; one object may be used by one thread at a time. Nothing is
-// validated: any code and any modifiers are stored as given.
+// Copyable. One thread at a time may use an object. Nothing is validated: any code and any
+// modifiers are stored.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -14,8 +14,8 @@ public:
     static constexpr unsigned char MODIFIER_SHIFT = 0x01;
     static constexpr unsigned char MODIFIER_CONTROL = 0x02;
     static constexpr unsigned char MODIFIER_ALT = 0x04;
-    // Not a modifier: the key is an extended one (the cursor block, the right Ctrl and Alt, Enter
-    // of the numeric pad), which only its name shows. It does count when keys are compared.
+    // Not a modifier: the key is an extended key (the cursor block, the right Ctrl and Alt, Enter
+    // of the numeric pad). Only its name shows that, but comparisons include this bit.
     static constexpr unsigned char MODIFIER_EXTENDED = 0x08;
 
     CShortcutKey() noexcept = default; // no key
@@ -44,9 +44,9 @@ public:
     unsigned char GetModifiers() const noexcept { return m_modifiers; }
     void ClearModifiers() noexcept { m_modifiers = DEFAULT_MODIFIERS; }
 
-    // A code or modifiers; modifiers alone suffice.
+    // Whether there is a code or at least one modifier.
     BOOL IsKeySet() const noexcept { return m_virtualKeyCode != 0 || m_modifiers != 0; }
-    // Whether both are exactly these, the extended bit included.
+    // Compares exactly, including the extended bit.
     BOOL DoesKeyMatch(unsigned short virtualKeyCode, unsigned char modifiers) const noexcept {
         return m_virtualKeyCode == virtualKeyCode && m_modifiers == modifiers;
     }
@@ -58,12 +58,12 @@ public:
     }
     BOOL IsExtendedKey() const noexcept { return (m_modifiers & MODIFIER_EXTENDED) != 0; }
 
-    // As a menu shows it, by the names of the keyboard layout (key_name.h): "Ctrl+Shift+F5", always
-    // in the order Ctrl, Shift, Alt. Empty for no key. Modifiers without a code end with "+".
+    // The text for menus, in the layout's names (key_name.h): "Ctrl+Shift+F5", always in the order
+    // Ctrl, Shift, Alt. Empty without a key. Modifiers without a code end with "+".
     //
-    // With `forceStandardExtendedKeys` the keys that a keyboard has twice are named as most users
-    // know them, whatever the extended bit: Page Up, Page Down, End, Home, the arrows, Insert,
-    // Delete and Clear as extended keys, Enter as the main one.
+    // With `forceStandardExtendedKeys`, keys that exist twice get the name that most users know,
+    // whatever the extended bit is: Page Up, Page Down, End, Home, the arrows, Insert, Delete and
+    // Clear as extended keys, Enter as the main key.
     CString GetShortcutKeyName(int forceStandardExtendedKeys) const;
     // 1 to 9, for sorting: no modifiers, Ctrl, Shift, Alt, Ctrl+Shift, Ctrl+Alt, Shift+Alt, all
     // three, no key.

@@ -1,15 +1,15 @@
-// Keys as texts that mean the same on every computer: "Ctrl+Shift+F5".
+// Texts of keys that are the same on every computer: "Ctrl+Shift+F5".
 //
-// These are for files, settings and logs. What a user sees is CShortcutKey::GetShortcutKeyName, by
-// the names of the keyboard layout. Any thread.
+// Use them in files, settings and logs. For users, CShortcutKey::GetShortcutKeyName returns the
+// names of their keyboard layout. Any thread.
 #pragma once
 
 #include <quorvel/keyboard/shortcut_key.h>
 
-// "Ctrl", "Shift", "Alt" and, for an extended key, "Ext", in this order, each followed by "+", then
-// the English name of the key; "#" and the number for a code without a name, and nothing for no
-// code. Empty for a cleared key. Modifier bits above 0x08 are left out.
+// "Ctrl", "Shift", "Alt" and, for an extended key, "Ext", in this order, each followed by "+"; then
+// the English name of the key, or "#" and the number for a code without a name. Without a code
+// nothing follows. Empty for a cleared key. Modifier bits above 0x08 are ignored.
 QUORVEL_API CString AfxGetShortcutKeyText(const CShortcutKey& key);
-// Reads such a text: in any letter case, modifiers in any order, with blanks around the words. An
-// empty text is a cleared key. FALSE, and the key as it was, for null and for any other text.
+// Parses such a text: any letter case, modifiers in any order, blanks around words. An empty text
+// is a cleared key. Null and any other text return FALSE and leave the key unchanged.
 QUORVEL_API BOOL AfxParseShortcutKeyText(const WCHAR* text, CShortcutKey& key);

@@ -1,18 +1,18 @@
-// CShortcutProblem: what is wrong in stored keyboard shortcuts, row by row.
+// CShortcutProblem: a problem in stored keyboard shortcuts, by row. Copyable.
 #pragma once
 
 #include <quorvel/framework/string.h>
 
 struct CShortcutProblem {
     enum Kind {
-        unknownCommand,   // the scheme has no such command
-        duplicateCommand, // an earlier row names it too
-        duplicateKey,     // an earlier row gives the key to another command
-        invalidCommand,   // no number of a command
-        invalidKey,       // text or numbers are no key, or contradict each other
-        newerFormat,      // of all rows: a later version has written them
-        otherContent,     // of all rows: no keyboard shortcuts
-        damaged           // of all rows: not well-formed
+        unknownCommand,   // the command is not in the scheme
+        duplicateCommand, // an earlier row has the same command
+        duplicateKey,     // an earlier row has the key for a different command
+        invalidCommand,   // not the number of a command
+        invalidKey,       // invalid text or numbers, or they contradict each other
+        newerFormat,      // all rows: written by a later version
+        otherContent,     // all rows: not keyboard shortcuts
+        damaged           // all rows: not well-formed
     };
     Kind nKind = damaged;
     int nRow = 0;       // from 1; 0 for all rows

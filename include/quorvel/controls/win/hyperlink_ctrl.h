@@ -1,32 +1,32 @@
 // CHyperlinkCtrl: a text that is a link. Windows only, user-interface thread.
 //
-// Make one by subclassing a static text of a dialog (DDX_Control), or by Create with the class
-// "Static"; with WS_TABSTOP the keyboard reaches it. The text is drawn as the window's static-text
-// style says, underlined and in the colour of its state. A link either carries an address (URI),
-// which it opens itself, or only notifies its parent (the flag HAS_URI).
+// Create one by subclassing a static text of a dialog (DDX_Control), or by Create with the class
+// "Static"; with WS_TABSTOP the keyboard can reach it. The text is drawn with the window's
+// static-text style, underlined, in the colour of its state. A link either has an address (URI) and
+// opens it, or only notifies its parent; the flag HAS_URI decides that.
 //
-// A click, or Enter, activates the link when the button or the key comes up, the button over the
-// text:
+// A click or Enter activates the link when the button or key is released (for a click, over the
+// text):
 // - without HAS_URI the parent gets WM_COMMAND with the code LINK_ACTIVATED;
-// - with Ctrl held, with an empty display text, and when the link must not be opened, the user
+// - with Ctrl pressed, with an empty display text, and when the link must not be opened, the user
 //   edits it, if that is allowed (CanEditURI);
 // - otherwise the address is opened (Open).
-// The menu key, Shift+F10 and the right button over the text show a menu of the same commands.
+// The menu key, Shift+F10 and a right click on the text show a menu with these commands.
 //
-// What is opened: the host's hook decides (QuorvelSetOpenExternalLinkCallback). Without a hook,
-// these are opened and everything else is refused with a box:
+// The host's hook decides what is opened (QuorvelSetOpenExternalLinkCallback). Without a hook these
+// addresses are opened, and all others are refused with a box:
 // - http, https, ftp, gopher and news addresses without characters that an address has to escape;
-// - such mailto addresses that name no attachment and have line breaks in the body only;
+// - such mailto addresses, if they name no attachment and have line breaks only in the body;
 // - file:// with the path of a document on this computer: bmp, csv, doc, docx, gif, htm, html,
 //   jpeg, jpg, log, md, odp, ods, odt, pdf, png, ppt, pptx, rtf, tif, tiff, txt, xls, xlsx.
-// So a link whose address comes from elsewhere starts no program, unless the host's hook lets it: a
-// file:// address of a program or on another computer is opened when the hook says so.
+// So a link with an address from elsewhere starts no program unless the host's hook allows it. A
+// file:// address of a program, or on another computer, is opened only if the hook allows it.
 //
-// Under a high-contrast scheme the system's colours replace the link's own. To a screen reader the
-// link has its display text as its name, and the role of a link when the component model is
+// In a high-contrast scheme the system's colours replace the link's own. For screen readers the
+// link has its display text as its name. It has the role of a link if the component model is
 // initialised on the thread (CoInitialize).
 //
-// The hook and the parent may change and destroy the control while they are called.
+// The hook and the parent may change or destroy the control while they are called.
 #pragma once
 
 #include <quorvel/framework/win/dc.h>
@@ -47,21 +47,21 @@ public:
         HAS_URI = 0x02,
         CAN_OPEN_URI = 0x04,
         CAN_EDIT_URI = 0x08,
-        CAN_COPY_URI = 0x10, // all five at first
+        CAN_COPY_URI = 0x10, // initially all five are set
     };
     static constexpr UINT LINK_ACTIVATED = 0x83F4; // the notification code
 
     CHyperlinkCtrl();
     ~CHyperlinkCtrl() override;
 
-    // The window's text becomes the text, or "<empty>" in its place. FALSE for null and without a
-    // window. The text of a template is not the display text: set it.
+    // Also sets the window's text, to "<empty>" if the text is empty. FALSE for null and without a
+    // window. A dialog template's text is not the display text: set it with this function.
     BOOL SetDisplayText(const WCHAR* text);
     CString GetDisplayText() const;
     BOOL IsDisplayTextEmpty() const;
-    void SetWindowText(const WCHAR* text); // what is drawn; the display text stays
+    void SetWindowText(const WCHAR* text); // sets the drawn text, not the display text
 
-    // FALSE, and the former one stays, for null and for what is no valid address (AfxIsValidURL).
+    // Returns FALSE and keeps the old one for null or an invalid address (AfxIsValidURL).
     BOOL SetURI(const WCHAR* uri);
     CString GetURI() const;
     BOOL IsURIEmpty() const;
@@ -71,12 +71,12 @@ public:
     DWORD GetFlags() const;
     void SetFlag(DWORD flag);
     void ClearFlag(DWORD flag);
-    BOOL IsFlagSet(DWORD flags) const; // all of them
+    BOOL IsFlagSet(DWORD flags) const; // whether all are set
     void SetCanEditDisplayText(BOOL can);
     BOOL CanEditDisplayText() const;
     void SetHasURI(BOOL has);
     BOOL HasURI() const;
-    // These set their flag. What they ask is whether the link can, which needs HAS_URI too.
+    // The setters change their flag. The getters also require HAS_URI.
     void SetCanOpenURI(BOOL can);
     BOOL CanOpenURI() const;
     void SetCanEditURI(BOOL can);
@@ -84,20 +84,20 @@ public:
     void SetCanCopyURI(BOOL can);
     BOOL CanCopyURI() const;
 
-    // FALSE when the link cannot be opened (CanOpenURI), when it is refused, and while it is being
-    // opened or edited already. TRUE when it was handed to the system; a box reports a failure.
+    // Returns FALSE when the link cannot be opened (CanOpenURI), is refused, or is already being
+    // opened or edited. TRUE when it was passed to the system; a box reports a failure.
     BOOL Open();
-    // Shows the dialog and takes its texts over. FALSE when the user cancelled, while the link is
-    // being opened or edited already, and without a window.
+    // Shows the edit dialog and takes its texts. Returns FALSE when the user cancelled, while the
+    // link is already being opened or edited, and without a window.
     BOOL Edit();
-    BOOL CopyShortcut(); // the address to the clipboard; FALSE for an empty one
+    BOOL CopyShortcut(); // copies the address; FALSE if it is empty
 
     // Whether the user has edited the link.
     BOOL GetModify() const;
     void SetModify(BOOL modified = TRUE);
 
-    // The colours: blue, red while pressed, purple (for those who draw visited links), and the
-    // system's COLOR_BTNSHADOW, as it is at the time, until one is set.
+    // Default colours: blue, red while pressed, purple (for hosts that draw visited links), and the
+    // system's current COLOR_BTNSHADOW when disabled.
     void SetLinkColor(COLORREF color);
     COLORREF GetLinkColor() const;
     void SetActiveLinkColor(COLORREF color);
@@ -114,7 +114,7 @@ public:
     void InvalidateFocusRect();
     void InvalidateCtrl();
     BOOL HasTabStop() const;
-    // Makes the underlined font from the window's. Also called when the window's font or the
+    // Creates the underlined font from the window's. Also called when the window's font or the
     // system's settings change.
     void UpdateFonts();
 
@@ -157,7 +157,7 @@ private:
     void ShowMenu(CPoint place);
     void Perform(int action); // an action of quorvel::LinkModel
 
-    const std::shared_ptr<quorvel::LinkModel> m_link; // outlives the control in its own calls
+    const std::shared_ptr<quorvel::LinkModel> m_link; // outlives the control during its calls
     BOOL m_isTrackingMouse = FALSE;
     bool m_hasRole = false; // the role "link", for screen readers
     mutable CFont m_font;

@@ -1,13 +1,13 @@
-// CAssignShortcutDlg: the dialog in which the user chooses a key for a command and sees what speaks
-// against it. Windows only, user-interface thread.
+// CAssignShortcutDlg: a dialog in which the user chooses a key for a command and sees its
+// conflicts. Windows only, user-interface thread.
 //
-// While the field of the key has the focus, as at first, it takes the key that is pressed with its
-// modifiers. What it leaves to the dialog: Tab and Shift+Tab, Enter and Escape without modifiers,
-// and Alt+F4. (CCaptureShortcutKeyDlg takes those too.) Below it stand the conflicts of the key
-// (shortcut_conflicts.h).
+// While the key field has the focus, as it does initially, it captures the pressed key with its
+// modifiers. The dialog still handles Tab and Shift+Tab, Enter and Escape without modifiers, and
+// Alt+F4. (CCaptureShortcutKeyDlg captures those too.) The conflicts of the key are shown below the
+// field (shortcut_conflicts.h).
 //
-// DoModal ends with IDOK by Assign, enabled once a key is there, and by Clear, for no key;
-// GetShortcutKey is the choice. The scheme is only read: the caller then calls its SetShortcutKey.
+// DoModal returns IDOK for Assign, which needs a key, and for Clear (no key); GetShortcutKey is the
+// choice. The dialog does not change the scheme: the caller calls its SetShortcutKey.
 #pragma once
 
 #include <quorvel/controls/win/vask_dialog.h>
@@ -16,11 +16,11 @@
 class QUORVEL_API CAssignShortcutDlg : public CVaskDialog {
     DECLARE_DYNAMIC(CAssignShortcutDlg)
 public:
-    // The scheme must outlive the dialog. Without the command in it, its number is shown.
+    // The scheme must outlive the dialog. A command that it does not have is shown as a number.
     CAssignShortcutDlg(const CKeyboardMappingScheme& scheme, unsigned int commandID,
                        CWnd* parent = nullptr);
 
-    // At first the command's key.
+    // Initially the key of the command.
     const CShortcutKey& GetShortcutKey() const { return m_key; }
 
 protected:

@@ -1,9 +1,9 @@
-// CCaptureShortcutKeyDlg: the dialog that takes the next key that the user presses. Windows only,
+// CCaptureShortcutKeyDlg: a dialog that captures the next key that the user presses. Windows only,
 // user-interface thread.
 //
-// DoModal ends with IDOK as soon as a key is pressed, with the modifiers that are held then. Enter,
-// Escape, Tab and Alt+F4 are taken as keys too, so without a key the dialog ends only by a click on
-// Cancel or its close box (IDCANCEL). Ctrl, Shift and Alt alone are not taken.
+// DoModal ends with IDOK as soon as a key is pressed; the key includes the modifiers that are
+// pressed then. Enter, Escape, Tab and Alt+F4 are captured too, so the dialog can only be cancelled
+// by a click on Cancel or on its close box (IDCANCEL). Ctrl, Shift and Alt alone are not captured.
 #pragma once
 
 #include <quorvel/controls/win/vask_dialog.h>

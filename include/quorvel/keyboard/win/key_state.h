@@ -1,5 +1,5 @@
-// Whether a modifier key is held, as of the message that the thread is handling. Windows only; on
-// the thread that handles messages.
+// Whether a modifier key was pressed at the time of the message that the thread is handling.
+// Windows only. Call them on the thread that handles the messages.
 #pragma once
 
 #include <quorvel/platform/platform.h>

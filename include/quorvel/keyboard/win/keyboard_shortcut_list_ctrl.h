@@ -1,24 +1,24 @@
 // CKeyboardShortcutListCtrl: the list in which users edit the keys of keyboard mapping schemes.
 // Windows only, user-interface thread.
 //
-// The list has two columns, command and shortcut key, and shows one scheme at a time: the active
-// one, whole or filtered. It edits rows of its own, made from a scheme when it is added; the scheme
-// itself does not change. The host reads the result with GetKeyboardMappingScheme or
+// The list has two columns, command and shortcut key. It shows one scheme at a time, the active
+// one, in full or filtered. It edits its own rows, which it creates when a scheme is added; the
+// scheme itself does not change. The host reads the result with GetKeyboardMappingScheme or
 // GetEditedKeyboardMappingScheme.
 //
-// Schemes have indexes from 0, rows count from 0 as they are shown. So the rows of the base class
-// are those that are shown, fewer while a filter is active. Rows without a key come last in both
+// Schemes have indexes from 0; rows count from 0 in display order. So the rows of the base class
+// are the shown rows: fewer while a filter is active. Rows without a key are last in both sort
 // orders of the key column.
 //
-// A scheme belongs to the caller, who keeps it until it is removed, replaced or the list is
-// destroyed: resetting reads its load-default function. Its shortcuts may change meanwhile; the
-// list then still shows what it was given.
+// The caller owns a scheme and keeps it until it is removed or replaced, or the list is destroyed:
+// resetting calls its load-default function. If its shortcuts change, the list still shows the
+// shortcuts that it had when it was added.
 //
-// Rows come and go by the operations of this class alone, and are not deleted by the list: leave
-// SetAutoDeleteItems as it is.
+// Only operations of this class add and remove rows, and the list does not delete them: do not
+// change SetAutoDeleteItems.
 //
-// A change of the keyboard layout renames the keys. A host calls the operations below from its own
-// commands: the list itself changes no key.
+// When the keyboard layout changes, the names of keys change too. A host calls the operations below
+// for its own commands; the list itself changes no key.
 #pragma once
 
 #include <quorvel/controls/win/virtual_list_ctrl.h>
@@ -39,7 +39,7 @@ public:
     static constexpr int COLUMN_COMMAND = 0;
     static constexpr int COLUMN_SHORTCUT_KEY = 1;
 
-    // A scheme and the rows made from it, in the scheme's order. The rows are the list's own.
+    // A scheme and its rows, in the scheme's order. The list owns the rows.
     typedef std::pair<const CKeyboardMappingScheme*,
                       std::vector<boost::shared_ptr<CKeyboardShortcutVirtualListCtrlItem>>>
         SchemeRows;
@@ -47,62 +47,62 @@ public:
     CKeyboardShortcutListCtrl();
     ~CKeyboardShortcutListCtrl() override;
 
-    // A report of the caller's style and with rows of its own (LVS_REPORT and LVS_OWNERDATA). A
-    // list that is subclassed instead has LVS_OWNERDATA in its template.
+    // Creates a report list in the caller's style with LVS_REPORT and LVS_OWNERDATA added. If the
+    // list is subclassed instead, its template must have LVS_OWNERDATA.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
 
-    // Add and insert: the index; -1 for null and outside 0 to the count. The active scheme stays
-    // active; when it is replaced or removed itself, no scheme is active, and the list is empty.
+    // Add and insert return the index; -1 for null or an index outside 0 to the count. The active
+    // scheme stays active; if it is itself replaced or removed, the list is empty (index -1).
     int AddKeyboardMappingScheme(const CKeyboardMappingScheme* scheme);
     int InsertKeyboardMappingScheme(int index, const CKeyboardMappingScheme* scheme);
     BOOL SetKeyboardMappingScheme(int index, const CKeyboardMappingScheme* scheme);
     BOOL RemoveKeyboardMappingScheme(int index);
     int GetKeyboardMappingSchemeCount() const;
     BOOL IsValidKeyboardMappingSchemeIndex(int index) const;
-    BOOL GetKeyboardMappingScheme(int index, SchemeRows& out) const; // FALSE, `out` as it was
-    // The scheme with the keys that its rows have. Reads the caller's scheme.
+    BOOL GetKeyboardMappingScheme(int index, SchemeRows& out) const; // FALSE: `out` unchanged
+    // Copies the caller's scheme, with the keys of its rows.
     BOOL GetEditedKeyboardMappingScheme(int index, CKeyboardMappingScheme& out) const;
-    int GetActiveKeyboardMappingSchemeIndex() const; // -1 for none
-    // Shows a scheme, without a filter and sorted as the list is; -1 shows none. FALSE for another
-    // index.
+    int GetActiveKeyboardMappingSchemeIndex() const; // -1: no scheme
+    // Shows a scheme, without a filter and in the list's sort order; -1 shows no scheme. FALSE for
+    // any other index.
     BOOL LoadKeyboardMappingScheme(int index);
 
-    // Gives a row a key and takes it from the row that has it. A list that is sorted by key is
-    // sorted anew. Under a filter the row stays in sight. FALSE for no row.
+    // Assigns a key to a row and removes it from the row that has it. A list that is sorted by key
+    // is sorted again. A filter keeps showing the row. FALSE for an invalid row.
     BOOL SetShortcutKey(int row, const CShortcutKey& key);
-    // Of the first row that has the key, in sight or not. Where it is shown; -1 when it is not, or
-    // there is no such row. Does not sort.
+    // Clears the key of the first row that has it, shown or not. Returns the row if it is shown; -1
+    // if it is not, or if no row has the key. Does not sort.
     int ClearShortcutKey(const CShortcutKey& key);
     BOOL ClearShortcutKey(int row, int resort);
     void ClearSelectedShortcutKeys(); // sorts once
     int GetSelectedItemsAssignedShortcutKeyCount() const;
-    // Gives a row the key that the load-default function of the scheme has for its command, or
-    // none. FALSE for no row and without a function.
+    // Assigns a row the key that the scheme's load-default function has for its command, or no key.
+    // FALSE for an invalid row and without such a function.
     BOOL ResetShortcutKey(int row);
-    // The same for every row of every scheme that has a function.
+    // The same for every row of every scheme that has such a function.
     void ResetAllKeyboardShortcuts();
-    // The first row shown that has the key; -1.
+    // The first shown row that has the key, or -1.
     int FindShortcutKey(const CShortcutKey& key) const;
-    // Lets the user press a key and selects the row that has it alone. The row; -1 when there is
-    // none or the user cancels.
+    // Lets the user press a key and selects only the row that has it. Returns the row, or -1 when
+    // no row has the key or the user cancels.
     int FindByPressingKey();
 
-    // Shows the rows whose command or key name contains the text, ignoring letter case; all for an
-    // empty one. FALSE for null. The first filter keeps the sort column and direction; an empty one
-    // restores them.
+    // Shows the rows whose command or key name contains the text, ignoring case; an empty text
+    // shows all. FALSE for null. The first filter stores the sort column and direction; an empty
+    // text restores them.
     BOOL Filter(const WCHAR* text);
     BOOL IsFiltered() const;
     CString GetFilter() const;
-    // The rows that the filter keeps; 0 and null without one.
+    // The rows that pass the filter; 0 and null without a filter.
     int GetFilteredItemCount() const;
     BOOL IsValidFilteredItemIndex(int index) const;
     CKeyboardShortcutVirtualListCtrlItem* GetFilteredItem(int index) const;
-    // The row as it is shown; null for no row.
+    // The shown row; null for an invalid row.
     CKeyboardShortcutVirtualListCtrlItem* GetKeyboardShortcutVirtualListCtrlItem(int row) const;
 
     void DoSortItems(int column, int ascending) override;
     SortingFunction GetSortingFunction(int column, int ascending) override;
-    // Commands by code unit, keys by their names. Rows of another class are not before others.
+    // Commands by code unit, keys by name. A row of a different class is not before any other.
     static bool swoCommandAscending(CVirtualListCtrlItem* const& first,
                                     CVirtualListCtrlItem* const& second);
     static bool swoCommandDescending(CVirtualListCtrlItem* const& first,
@@ -112,7 +112,7 @@ public:
     static bool swoShortcutKeyDescending(CVirtualListCtrlItem* const& first,
                                          CVirtualListCtrlItem* const& second);
 
-    // Both columns fill the list.
+    // Lets both columns fill the list.
     void LoadDefaultColumnWidths() override;
 
 protected:

@@ -4,8 +4,8 @@
 #include <quorvel/framework/win/menu.h>
 #include <quorvel/keyboard/keyboard_mapping_scheme.h>
 
-// Puts the key of each item's command behind a tab in the item's text, in the menus below too, and
-// takes away what stood there when the command has no key. Commands that the scheme does not have,
-// separators and items without text stay as they are. Call it again after the scheme has changed,
-// or whenever a menu opens (WM_INITMENUPOPUP). How many items were changed.
+// Writes the key of each item's command after a tab in the item's text, also in submenus, and
+// removes an old one when the command has no key. Commands that are not in the scheme, separators
+// and items without text are unchanged. Call it again when the scheme has changed, or whenever a
+// menu opens (WM_INITMENUPOPUP). Returns the number of changed items.
 QUORVEL_API int AfxUpdateMenuShortcuts(CMenu& menu, const CKeyboardMappingScheme& scheme);

@@ -1,5 +1,5 @@
-// CAnimateProgressCtrl: a progress bar that moves while something goes on whose end is not known.
-// Windows only, user-interface thread.
+// CAnimateProgressCtrl: a progress bar that moves during an activity of unknown length. Windows
+// only, user-interface thread.
 #pragma once
 
 #include <quorvel/framework/win/message_map.h>
@@ -11,8 +11,8 @@ public:
     CAnimateProgressCtrl();
     ~CAnimateProgressCtrl() override;
 
-    // The bar moves until Stop, which empties it, or until its window is destroyed. FALSE without a
-    // window, and when it is moving, or not moving, already.
+    // Start moves the bar until Stop, which empties it, or until the window is destroyed. Both
+    // return FALSE without a window, and when the bar is already in that state.
     BOOL Start();
     BOOL Stop();
     BOOL IsStarted() const { return m_isStarted; }

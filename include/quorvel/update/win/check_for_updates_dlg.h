@@ -1,18 +1,18 @@
 // CCheckForUpdatesDlg: the check for a newer update listing, with the entries of the last one.
 // Windows only, user-interface thread.
 //
-// What a check asks, does and refuses is in check_for_updates.h; this is its window. It shows the
-// local updates file when it opens. A check runs while the dialog stays usable; a small window over
-// it shows how far the check is and cancels it. When the dialog is closed a check that is running
-// ends without a word, and nothing of it is left.
+// See check_for_updates.h for what a check requests, does and refuses; this is its window. It shows
+// the local updates file when it opens. The dialog stays usable during a check; a small window over
+// it shows the progress and can cancel it. Closing the dialog ends a running check without a
+// message.
 //
-// The title, the date, the description and the link of the selected entry are shown below the list.
-// They are what a site publishes: texts are shown as such, whatever they hold, and shortened when
-// they are very long; a link is opened as CHyperlinkCtrl opens links, so that it starts no program.
-// A link that is no valid address is shown as a text.
+// The title, date, description and link of the selected entry are shown below the list. They are
+// data of the site: texts are shown as plain text, whatever they contain, and very long ones are
+// shortened. A link is opened as CHyperlinkCtrl opens links, so it starts no program. A link that
+// is not a valid address is shown as text.
 //
-// The arrangement of the list's columns is kept below the path, those values that a check keeps in
-// its key "Check For Updates" (check_for_updates_profile.h).
+// The arrangement of the list's columns is stored below the path, and the values of checks in its
+// key "Check For Updates" (check_for_updates_profile.h).
 #pragma once
 
 #include <quorvel/controls/win/hyperlink_ctrl.h>
@@ -32,14 +32,14 @@ struct CheckOptions;
 class QUORVEL_API CCheckForUpdatesDlg : public CVaskDialog {
     DECLARE_DYNAMIC(CCheckForUpdatesDlg)
 public:
-    // With `autoCheck` a check is started when the dialog is first shown. The help topic is what
-    // GetHelpTopic gives: a web address or a topic; null or empty: no help.
+    // With `autoCheck` a check starts when the dialog is first shown. GetHelpTopic returns the help
+    // topic, a web address or an HTML Help topic; null or empty: no help.
     CCheckForUpdatesDlg(const CRegistryPath& path, const WCHAR* localUpdatesFile, BOOL autoCheck,
                         const WCHAR* helpTopic, CWnd* parent = nullptr);
     ~CCheckForUpdatesDlg() override;
 
-    // As those of CCheckForUpdates, for the checks of this dialog. Call them before the dialog
-    // opens or while no check runs. The transport is not owned and must outlive the dialog.
+    // As in CCheckForUpdates, for the checks of this dialog. Call them before the dialog opens or
+    // while no check runs. The transport is not owned and must outlive the dialog.
     void SetStrict(BOOL strict);
     void SetTransport(CUpdateTransport* transport);
     BOOL SetPublicKey(const WCHAR* text);
@@ -49,13 +49,13 @@ public:
     BOOL DestroyWindow() override;
 
 protected:
-    // Shows the local updates file. FALSE when it can't be loaded, and before the dialog has
-    // opened: the list stays as it was. With `showsError` a box shows the reason.
+    // Shows the local updates file. Returns FALSE and keeps the list when it cannot be loaded, and
+    // before the dialog has opened. With `showsError` a box shows the reason.
     BOOL LoadLocalUpdatesFile(BOOL showsError);
-    // Dates in UTC. They are shown in local time; of the empty date, for no check, nothing.
+    // Dates are in UTC and shown in local time. The empty date (no check yet) shows no text.
     void UpdateLastCheckedText(COleDateTime lastChecked);
     void UpdatePublishedText(COleDateTime published);
-    void UpdateMessage(CUpdateListingItem* item); // below the list; null: nothing
+    void UpdateMessage(CUpdateListingItem* item); // below the list; null: no entry
 
     UINT GetTemplateID() override;
     CString GetHelpTopic() override;
@@ -66,7 +66,7 @@ protected:
     BOOL OnInitDialog() override;
     BOOL LoadData() override;
 
-    // Where the connections of the checks come from. The library's tests replace it.
+    // Creates the source of the checks' connections. The library's tests override it.
     virtual std::unique_ptr<quorvel::UpdateSource> MakeUpdateSource();
 
     void OnShowWindow(BOOL show, UINT status);
@@ -76,7 +76,7 @@ protected:
     void OnBnClickedSettingsButton();
     void OnBnClickedResetButton();
     void OnLvnItemchangedLatestupdatesListctrl(NMHDR* header, LRESULT* result);
-    // Posted by the sockets of the check, and by the dialog to itself.
+    // Messages from the sockets of the check, and from the dialog itself.
     LRESULT OnSocketStatusChanged(WPARAM socket, LPARAM status);
     LRESULT OnAutoCheck(WPARAM wParam, LPARAM lParam);
     LRESULT OnCheckFinished(WPARAM code, LPARAM lParam);
@@ -96,5 +96,5 @@ private:
     CUpdateListingListCtrl m_latestUpdatesListCtrl;
     CHyperlinkCtrl m_hyperlinkCtrl;
     const std::unique_ptr<quorvel::CheckOptions> m_options;
-    std::shared_ptr<Session> m_session; // while the dialog is open
+    std::shared_ptr<Session> m_session; // not null while the dialog is open
 };

@@ -1,11 +1,11 @@
 // CCheckForUpdatesReminderDlg: asks whether the user wants to check for updates now. Windows only,
 // user-interface thread.
 //
-// An application shows it when AfxIsCheckForUpdatesReminderDue (check_for_updates_profile.h) says
-// so. The result of DoModal is IDYES or IDNO as the user answered, and IDCANCEL when the dialog was
-// dismissed or closed without an answer. To dismiss it stores now as the time of the last
-// dismissal, so that no reminder is due until the days have passed again; no other answer stores
-// anything. The user may change the settings of the check meanwhile.
+// An application shows it when AfxIsCheckForUpdatesReminderDue (check_for_updates_profile.h)
+// returns TRUE. DoModal returns the user's answer, IDYES or IDNO, or IDCANCEL when the dialog was
+// dismissed or closed without an answer. Dismissing stores the current time as the last dismissal,
+// so that no reminder is due until the days have passed again. Other answers store nothing. In the
+// dialog the user can also change the settings of the check.
 #pragma once
 
 #include <quorvel/controls/win/vask_dialog.h>
@@ -17,8 +17,8 @@ public:
     explicit CCheckForUpdatesReminderDlg(const CRegistryPath& path, CWnd* parent = nullptr);
     ~CCheckForUpdatesReminderDlg() override;
 
-    // The line above the question, such as how long ago the last check was; empty at first. Before
-    // the dialog opens or while it is open. FALSE for null, and the text as it was.
+    // The line above the question, such as the time since the last check; initially empty. May be
+    // called while the dialog is open. Null returns FALSE and changes nothing.
     BOOL SetStatus(const WCHAR* text);
 
 protected:

@@ -1,11 +1,11 @@
-// CCheckForUpdatesSettingsDlg: where users set the address of the updates and whether they want to
-// be reminded. Windows only, user-interface thread.
+// CCheckForUpdatesSettingsDlg: lets users set the address of the updates and the reminder. Windows
+// only, user-interface thread.
 //
-// It shows what is stored below the path (check_for_updates_profile.h) and stores it on OK. The
-// address must be valid (AfxIsValidURL); blanks around it do not count. While the box is ticked the
-// days must be a number from 1 to 90; otherwise 0 is stored, and the days are not looked at. Days
-// that are stored but not valid are shown as 30. When a value can't be stored, a box says so and
-// the dialog stays.
+// It shows the values stored below the path (check_for_updates_profile.h), and OK stores them. The
+// address must be valid (AfxIsValidURL); surrounding blanks are ignored. If the box is checked, the
+// days must be a number from 1 to 90; otherwise 0 is stored and the days are not validated. Stored
+// days that are not valid are shown as 30. If a value cannot be stored, a box reports it and the
+// dialog stays open.
 #pragma once
 
 #include <quorvel/controls/win/vask_dialog.h>
@@ -26,7 +26,7 @@ protected:
     BOOL SaveData() override;
 
     void OnBnClickedReminderCheck();
-    // Both are enabled while the box is ticked.
+    // Both are enabled while the box is checked.
     void OnUpdateDaysEdit(CCmdUI* ui);
     void OnUpdateDaysSpinButtonCtrl(CCmdUI* ui);
     DECLARE_MESSAGE_MAP()

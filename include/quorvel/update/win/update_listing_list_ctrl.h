@@ -1,9 +1,9 @@
-// CUpdateListingListCtrl: the entries of an update listing, with their priority, title and date.
+// CUpdateListingListCtrl: the list of entries of an update listing: priority, title and date.
 // Windows only, user-interface thread.
 //
-// A virtual list (virtual_list_ctrl.h) whose items are all CUpdateListingItem. The priority is
-// drawn as a mark: an exclamation mark for a high one, a bar for a normal and an arrow downwards
-// for a low one. New entries are bold. InsertColumns defines the columns once the list has its
+// A virtual list (virtual_list_ctrl.h) whose items are all CUpdateListingItem. The priority
+// is drawn as a mark: an exclamation mark for high, a bar for normal, a down arrow for low.
+// New entries are bold. Call InsertColumns to define the columns when the list has its
 // window.
 #pragma once
 
@@ -24,22 +24,22 @@ public:
     CUpdateListingListCtrl();
     ~CUpdateListingListCtrl() override;
 
-    // The three columns, with headings in the language in force and default widths, to be sorted by
-    // the date, latest first. FALSE when the list has columns already, or no window.
+    // Inserts the three columns with headings in the current language and default widths, and sorts
+    // by date, latest first. FALSE when the list already has columns, or has no window.
     BOOL InsertColumns();
 
-    // Null for a row that does not exist, and for one whose item is of another class.
+    // Null for a row that does not exist or whose item is of a different class.
     CUpdateListingItem* GetUpdateListingItem(int index) const;
-    CUpdateListingItem* GetSelectedUpdateListingItem() const; // of the first selected row
+    CUpdateListingItem* GetSelectedUpdateListingItem() const; // the first selected row's
 
     int GetDefaultColumnWidth(int trueColumn) override;
-    // Room for the mark and for a date; the title has the rest.
+    // Makes room for the mark and for a date; the title gets the remaining width.
     void LoadDefaultColumnWidths() override;
     SortingFunction GetSortingFunction(int column, int ascending) override;
 
-    // The orders, of items of this class alone. Texts are ordered without regard to letter case,
-    // and by it where they differ in nothing else; priorities from high to low; entries that are
-    // not new before those that are; dates in time, those that are none before all others.
+    // Sort orders, for items of this class only. Texts are compared without case first and then
+    // with case; priorities are sorted from high to low; old entries precede new ones; dates are
+    // sorted by time, with invalid dates first.
     // clang-format off
     static bool swoTitleAscending(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
     static bool swoTitleDescending(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
@@ -69,6 +69,6 @@ private:
     void DrawMark(CDC& dc, int mark, const CRect& rect);
     void DrawPriority(CDC& dc, int row);
 
-    CImageList m_imageList; // the marks of the rows and of the header
+    CImageList m_imageList; // marks of the rows and the header
     CFont m_boldFont;
 };

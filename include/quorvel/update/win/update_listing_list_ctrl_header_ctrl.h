@@ -1,6 +1,6 @@
-// CUpdateListingListCtrlHeaderCtrl: the header of a CUpdateListingListCtrl. It shows the column of
-// the priority by a mark instead of a word, since that column is narrow. Windows only,
-// user-interface thread.
+// CUpdateListingListCtrlHeaderCtrl: the header of a CUpdateListingListCtrl. It draws a mark
+// instead of a word for the priority column, which is narrow. Windows only, user-interface
+// thread.
 #pragma once
 
 #include <quorvel/controls/win/vask_list_ctrl_header_ctrl.h>
