@@ -46,7 +46,7 @@ bool Columns::Show(int trueColumn, bool isShown) {
     const int inserted = GetInsertedColumn(trueColumn);
     if (!TakeFromView(column))
         return false;
-    NoteGone(trueColumn, inserted, column.savedPosition);
+    NotifyRemoved(trueColumn, inserted, column.savedPosition);
     return true;
 }
 
@@ -62,7 +62,7 @@ bool Columns::Delete(int trueColumn) {
     const int position = column.savedPosition;
     m_records.erase(record);
     if (wasVisible)
-        NoteGone(trueColumn, inserted, position);
+        NotifyRemoved(trueColumn, inserted, position);
     return true;
 }
 
@@ -114,7 +114,7 @@ bool Columns::TakeFromView(ColumnRecord& column) {
 }
 
 // Calls the host, which may destroy the list, so nothing may follow.
-void Columns::NoteGone(int trueColumn, int insertedColumn, int displayPosition) {
+void Columns::NotifyRemoved(int trueColumn, int insertedColumn, int displayPosition) {
     if (m_sortColumn == trueColumn)
         m_view.OnDeleteSortColumn(trueColumn, insertedColumn, displayPosition);
 }

@@ -168,7 +168,7 @@ private:
 
     bool PutIntoView(int position, ColumnRecord& column);
     bool TakeFromView(ColumnRecord& column);
-    void NoteGone(int trueColumn, int insertedColumn, int displayPosition);
+    void NotifyRemoved(int trueColumn, int insertedColumn, int displayPosition);
     bool DoesTrueColumnExist(int trueColumn) const;
     bool Save(const StateGroup* place, bool endsAtFailedWrite) const;
     template <class OpenPlace>

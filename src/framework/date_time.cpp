@@ -35,46 +35,46 @@ bool InRange(DATE date) {
 }
 
 // A date split into its parts and rounded to a second.
-struct Moment {
+struct Instant {
     int days;
     int seconds;
     CalendarDay calendar;
 };
 
-bool ToMoment(const COleDateTime& date, Moment& moment) {
-    if (!ToDaysAndSeconds(date, moment.days, moment.seconds))
+bool ToInstant(const COleDateTime& date, Instant& instant) {
+    if (!ToDaysAndSeconds(date, instant.days, instant.seconds))
         return false;
-    moment.calendar = CalendarFromDays(moment.days);
+    instant.calendar = CalendarFromDays(instant.days);
     return true;
 }
 
-int DayOfWeek(const Moment& moment) { // 0 is Sunday; day 0 was a Saturday
-    return (moment.days - kFirstDay + 5) % 7;
+int DayOfWeek(const Instant& instant) { // 0 is Sunday; day 0 was a Saturday
+    return (instant.days - kFirstDay + 5) % 7;
 }
-int DayOfYear(const Moment& moment) {
-    return moment.days - DaysFromCalendar({moment.calendar.year, 1, 1}) + 1;
+int DayOfYear(const Instant& instant) {
+    return instant.days - DaysFromCalendar({instant.calendar.year, 1, 1}) + 1;
 }
 
 template <class Part>
 int PartOf(const COleDateTime& date, Part part) {
-    Moment moment;
-    return ToMoment(date, moment) ? part(moment) : COleDateTime::error;
+    Instant instant;
+    return ToInstant(date, instant) ? part(instant) : COleDateTime::error;
 }
 
 struct NumberDirective {
     char letter;
     int digits;
-    int (*value)(const Moment&);
+    int (*value)(const Instant&);
 };
 constexpr NumberDirective kNumberDirectives[] = {
-    {'d', 2, [](const Moment& moment) { return moment.calendar.day; }},
-    {'H', 2, [](const Moment& moment) { return moment.seconds / 3600; }},
+    {'d', 2, [](const Instant& instant) { return instant.calendar.day; }},
+    {'H', 2, [](const Instant& instant) { return instant.seconds / 3600; }},
     {'j', 3, DayOfYear},
-    {'m', 2, [](const Moment& moment) { return moment.calendar.month; }},
-    {'M', 2, [](const Moment& moment) { return moment.seconds / 60 % 60; }},
-    {'S', 2, [](const Moment& moment) { return moment.seconds % 60; }},
-    {'y', 2, [](const Moment& moment) { return moment.calendar.year % 100; }},
-    {'Y', 4, [](const Moment& moment) { return moment.calendar.year; }},
+    {'m', 2, [](const Instant& instant) { return instant.calendar.month; }},
+    {'M', 2, [](const Instant& instant) { return instant.seconds / 60 % 60; }},
+    {'S', 2, [](const Instant& instant) { return instant.seconds % 60; }},
+    {'y', 2, [](const Instant& instant) { return instant.calendar.year % 100; }},
+    {'Y', 4, [](const Instant& instant) { return instant.calendar.year; }},
 };
 constexpr const WCHAR* kDayNames[] = {_T("Sunday"),   _T("Monday"), _T("Tuesday"), _T("Wednesday"),
                                       _T("Thursday"), _T("Friday"), _T("Saturday")};
@@ -83,15 +83,15 @@ constexpr const WCHAR* kMonthNames[] = {
     _T("July"),    _T("August"),   _T("September"), _T("October"), _T("November"), _T("December")};
 constexpr int kAbbreviation = 3; // characters
 
-bool AppendPart(CString& text, WCHAR directive, const Moment& moment) {
+bool AppendPart(CString& text, WCHAR directive, const Instant& instant) {
     for (const NumberDirective& row : kNumberDirectives) {
         if (static_cast<WCHAR>(row.letter) == directive) {
-            text.AppendFormat(_T("%0*d"), row.digits, row.value(moment));
+            text.AppendFormat(_T("%0*d"), row.digits, row.value(instant));
             return true;
         }
     }
-    const WCHAR* dayName = kDayNames[DayOfWeek(moment)];
-    const WCHAR* monthName = kMonthNames[moment.calendar.month - 1];
+    const WCHAR* dayName = kDayNames[DayOfWeek(instant)];
+    const WCHAR* monthName = kMonthNames[instant.calendar.month - 1];
     switch (directive) {
     case 'a':
         text.Append(dayName, kAbbreviation);
@@ -254,46 +254,46 @@ int COleDateTime::SetTime(int hour, int minute, int second) noexcept {
 }
 
 BOOL COleDateTime::GetAsSystemTime(SYSTEMTIME& time) const noexcept {
-    Moment moment;
-    if (!ToMoment(*this, moment))
+    Instant instant;
+    if (!ToInstant(*this, instant))
         return FALSE;
-    time.wYear = static_cast<WORD>(moment.calendar.year);
-    time.wMonth = static_cast<WORD>(moment.calendar.month);
-    time.wDayOfWeek = static_cast<WORD>(DayOfWeek(moment));
-    time.wDay = static_cast<WORD>(moment.calendar.day);
-    time.wHour = static_cast<WORD>(moment.seconds / 3600);
-    time.wMinute = static_cast<WORD>(moment.seconds / 60 % 60);
-    time.wSecond = static_cast<WORD>(moment.seconds % 60);
+    time.wYear = static_cast<WORD>(instant.calendar.year);
+    time.wMonth = static_cast<WORD>(instant.calendar.month);
+    time.wDayOfWeek = static_cast<WORD>(DayOfWeek(instant));
+    time.wDay = static_cast<WORD>(instant.calendar.day);
+    time.wHour = static_cast<WORD>(instant.seconds / 3600);
+    time.wMinute = static_cast<WORD>(instant.seconds / 60 % 60);
+    time.wSecond = static_cast<WORD>(instant.seconds % 60);
     time.wMilliseconds = 0;
     return TRUE;
 }
 
 int COleDateTime::GetYear() const noexcept {
-    return PartOf(*this, [](const Moment& moment) { return moment.calendar.year; });
+    return PartOf(*this, [](const Instant& instant) { return instant.calendar.year; });
 }
 
 int COleDateTime::GetMonth() const noexcept {
-    return PartOf(*this, [](const Moment& moment) { return moment.calendar.month; });
+    return PartOf(*this, [](const Instant& instant) { return instant.calendar.month; });
 }
 
 int COleDateTime::GetDay() const noexcept {
-    return PartOf(*this, [](const Moment& moment) { return moment.calendar.day; });
+    return PartOf(*this, [](const Instant& instant) { return instant.calendar.day; });
 }
 
 int COleDateTime::GetHour() const noexcept {
-    return PartOf(*this, [](const Moment& moment) { return moment.seconds / 3600; });
+    return PartOf(*this, [](const Instant& instant) { return instant.seconds / 3600; });
 }
 
 int COleDateTime::GetMinute() const noexcept {
-    return PartOf(*this, [](const Moment& moment) { return moment.seconds / 60 % 60; });
+    return PartOf(*this, [](const Instant& instant) { return instant.seconds / 60 % 60; });
 }
 
 int COleDateTime::GetSecond() const noexcept {
-    return PartOf(*this, [](const Moment& moment) { return moment.seconds % 60; });
+    return PartOf(*this, [](const Instant& instant) { return instant.seconds % 60; });
 }
 
 int COleDateTime::GetDayOfWeek() const noexcept {
-    return PartOf(*this, [](const Moment& moment) { return DayOfWeek(moment) + 1; });
+    return PartOf(*this, [](const Instant& instant) { return DayOfWeek(instant) + 1; });
 }
 
 int COleDateTime::GetDayOfYear() const noexcept {
@@ -301,14 +301,14 @@ int COleDateTime::GetDayOfYear() const noexcept {
 }
 
 CString COleDateTime::Format(const WCHAR* picture) const {
-    Moment moment;
-    if (picture == nullptr || !ToMoment(*this, moment))
+    Instant instant;
+    if (picture == nullptr || !ToInstant(*this, instant))
         return CString();
     CString text;
     for (; *picture != 0; ++picture) {
         if (*picture != '%')
             text.AppendChar(*picture);
-        else if (!AppendPart(text, *++picture, moment)) // a terminator fails, too
+        else if (!AppendPart(text, *++picture, instant)) // a terminator fails, too
             return CString();
     }
     return text;

@@ -39,13 +39,13 @@ public:
     }
 
 private:
-    struct LetGo {
+    struct Releaser {
         void operator()(Object* object) const {
-            Traits::LetGo(object);
+            Traits::Release(object);
             delete object;
         }
     };
-    using Temporary = std::unique_ptr<Object, LetGo>;
+    using Temporary = std::unique_ptr<Object, Releaser>;
 
     // Deletes the temporary objects of dead handles, which would otherwise accumulate.
     void Sweep() {

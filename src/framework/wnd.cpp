@@ -29,7 +29,7 @@ struct WindowTraits {
         wnd->m_hWnd = window;
         return wnd;
     }
-    static void LetGo(CWnd* wnd) { wnd->m_hWnd = nullptr; }
+    static void Release(CWnd* wnd) { wnd->m_hWnd = nullptr; }
     static bool IsAlive(HWND window) { return ::IsWindow(window) != FALSE; }
 };
 

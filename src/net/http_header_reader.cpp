@@ -37,14 +37,14 @@ HttpHeaderReader::State HttpHeaderReader::Add(const char* bytes, std::size_t cou
                                               CHttpHeader& header) {
     if (m_state == State::Incomplete) {
         m_bytes.append(bytes, count);
-        m_state = Judge(header);
+        m_state = Parse(header);
         if (m_state != State::Incomplete)
             std::string().swap(m_bytes);
     }
     return m_state;
 }
 
-HttpHeaderReader::State HttpHeaderReader::Judge(CHttpHeader& header) {
+HttpHeaderReader::State HttpHeaderReader::Parse(CHttpHeader& header) {
     const std::size_t from = m_searched;
     const auto overlap = [from](std::string_view mark) {
         return from - std::min(from, mark.size() - 1); // the mark may begin in an earlier piece

@@ -30,7 +30,7 @@ public:
     State Add(const char* bytes, std::size_t count, CHttpHeader& header);
 
 private:
-    State Judge(CHttpHeader& header);
+    State Parse(CHttpHeader& header);
 
     std::size_t m_limit;
     State m_state = State::Incomplete;

@@ -122,7 +122,7 @@ protected:
         int status = 0;
         DWORD error = 0;
         if (m_current != nullptr)
-            m_current->Look();
+            m_current->UpdateProgress();
         while (m_flow != nullptr && m_current != nullptr && m_current->NextStatus(status, error))
             m_flow->OnSocketStatus(m_current->GetSender(), status, error);
         return 0;

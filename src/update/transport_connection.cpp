@@ -49,7 +49,7 @@ void TransportConnection::Close() {
                    MAKELPARAM(Http::statusClosed, 0));
 }
 
-void TransportConnection::Look() {
+void TransportConnection::UpdateProgress() {
     m_transport.m_isNotified = false;
     m_progress = m_transport.GetProgress();
     if (m_progress.statusCode != 0 && !m_isHeaderParsed)
@@ -70,13 +70,13 @@ void TransportConnection::TakeHeader() {
 
 bool TransportConnection::NextStatus(int& status, DWORD& error) {
     error = 0;
-    if (m_progress.isConnected && !std::exchange(m_toldConnected, true))
+    if (m_progress.isConnected && !std::exchange(m_reportedConnected, true))
         status = Http::statusConnected;
-    else if (m_isHeaderParsed && !std::exchange(m_toldHeader, true))
+    else if (m_isHeaderParsed && !std::exchange(m_reportedHeader, true))
         status = Http::statusHeaderParsed;
-    else if (std::exchange(m_toldReceived, m_progress.received) != m_progress.received)
+    else if (std::exchange(m_reportedReceived, m_progress.received) != m_progress.received)
         status = Http::statusReceived;
-    else if (m_progress.hasEnded && !std::exchange(m_toldEnd, true)) {
+    else if (m_progress.hasEnded && !std::exchange(m_reportedEnd, true)) {
         status = Http::statusEnded;
         error = m_progress.error;
     } else

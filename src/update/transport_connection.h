@@ -19,7 +19,7 @@ public:
     ~TransportConnection() override { Stop(); }
 
     // Copies the transport's progress for NextStatus.
-    void Look();
+    void UpdateProgress();
     // The next of the statuses for this progress; false if there are no more.
     bool NextStatus(int& status, DWORD& error);
 
@@ -47,8 +47,8 @@ private:
     bool m_isStarted = false;
     bool m_isHeaderParsed = false;
     // The statuses that NextStatus has returned.
-    bool m_toldConnected = false, m_toldHeader = false, m_toldEnd = false;
-    ULONGLONG m_toldReceived = 0;
+    bool m_reportedConnected = false, m_reportedHeader = false, m_reportedEnd = false;
+    ULONGLONG m_reportedReceived = 0;
 };
 
 } // namespace quorvel

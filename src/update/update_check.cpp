@@ -110,7 +110,7 @@ void UpdateCheck::SetLastModified(const COleDateTime& date) {
 
 bool UpdateCheck::Check() {
     UpdateRequest request;
-    if (!PassesRules(request.url) || !UpdateFlow::Open(false))
+    if (!CanStart(request.url) || !UpdateFlow::Open(false))
         return false;
     m_phase = Phase::Checking;
     m_pendingLastModified = COleDateTime();
@@ -120,7 +120,7 @@ bool UpdateCheck::Check() {
         Abandon();
         return false;
     }
-    NoteStart();
+    RecordStart();
     ShowLastChecked();
     return true;
 }
@@ -146,7 +146,7 @@ void UpdateCheck::OnDateReceived() {
     CString value;
     Connection()->GetHeader().FindFieldValue(_T("Last-Modified"), value);
     const CString url = Connection()->GetResolvedUrl();
-    LetGo();
+    ReleaseConnection();
     GetView().HideProgress();
     if (IsRunning())
         Offer(ReadHttpDate(value), url);
@@ -254,7 +254,7 @@ void UpdateCheck::OnBody(const Body& body) {
         Verifier().SetAccepted(verified); // before the file: the program may end between the two
     CString errorText;
     const bool isCopied = CopyResponseBody(body.fileName, body.begin, m_fileName, errorText);
-    LetGo(); // before any box: during the box the timer would report the end again
+    ReleaseConnection(); // before any box: during the box the timer would report the end again
     if (!isCopied) {
         if (IsSigned())
             Verifier().SetAccepted(former);

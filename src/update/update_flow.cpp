@@ -97,7 +97,7 @@ void UpdateFlow::ReportSocketError(DWORD error) const {
     ReportFailure(cause);
 }
 
-bool UpdateFlow::PassesRules(CString& url) {
+bool UpdateFlow::CanStart(CString& url) {
     CString cause;
     if (IsActive()) {
         cause.LoadString(kTextUpdatesSocketActive);
@@ -156,7 +156,7 @@ bool UpdateFlow::Connect(UpdateRequest request) {
     const DWORD error = m_transfer->connection->Connect(request);
     if (error == 0)
         return true;
-    LetGo();
+    ReleaseConnection();
     m_view.HideProgress();
     ReportSocketError(error);
     return false;
@@ -167,7 +167,7 @@ void UpdateFlow::Abandon() {
         m_state = State::Idle;
 }
 
-void UpdateFlow::NoteStart() {
+void UpdateFlow::RecordStart() {
     m_lastChecked = m_source.GetCurrentUTCTime();
     AfxWriteProfileCheckForUpdatesLastChecked(m_path, m_lastChecked);
 }
@@ -250,7 +250,7 @@ void UpdateFlow::FetchSignature(const Body& body) {
     request.url = SignatureUrl(m_transfer->url);
     request.headerOnly = false;
     request.receiveBufferSize = UpdateRequest::kReceiveBufferSize;
-    LetGo();
+    ReleaseConnection();
     if (!Open(true))
         return End(View::resultFailed);
     m_unverified = std::move(unverified);
@@ -296,7 +296,7 @@ bool UpdateFlow::IsOlderThan(const COleDateTime& date, int days) const {
     return date + COleDateTimeSpan(static_cast<double>(days)) < m_source.GetCurrentUTCTime();
 }
 
-void UpdateFlow::LetGo() {
+void UpdateFlow::ReleaseConnection() {
     m_unverified.reset();
     if (m_transfer == nullptr)
         return;
@@ -327,7 +327,7 @@ void UpdateFlow::EndWithStatusError(DWORD error) {
 void UpdateFlow::End(View::Result result, DWORD code, const CString& cause) {
     if (!IsRunning()) // cancelled during a box of the view
         return;
-    LetGo();
+    ReleaseConnection();
     m_state = State::Ended;
     m_result = result;
     m_cause = cause;

@@ -65,11 +65,11 @@ protected:
     bool IsOlderThan(const COleDateTime& date, int days) const;
 
     // Whether a check may start now. If not, the view has shown the reason.
-    bool PassesRules(CString& url);
+    bool CanStart(CString& url);
     // A connection, on request with a temporary file. If false, the view has shown the reason.
     bool Open(bool withFile);
     bool Connect(UpdateRequest request);
-    void NoteStart(); // stores the current time as the last check
+    void RecordStart(); // stores the current time as the last check
 
     UpdateConnection* Connection() const;
     // The status code of the response, or kNoStatusCode.
@@ -96,7 +96,7 @@ protected:
 
     bool IsRunning() const { return m_state == State::Running; }
     void Abandon(); // a check that could not connect counts as not started
-    void LetGo();   // releases the connection, if there is one
+    void ReleaseConnection();
     // `cause` is the text for the user. If it is empty, the code's own text is used.
     void End(View::Result result, DWORD code = 0, const CString& cause = CString());
     // Ends as failed, with a text of the catalogue as reason.

@@ -23,7 +23,7 @@ bool EndsWithDigit(const CStringA& version) {
 
 } // namespace
 
-UINT JudgeVersionText(const WCHAR* text, const CVersionNumber& current, CVersionNumber& latest) {
+UINT CompareVersionText(const WCHAR* text, const CVersionNumber& current, CVersionNumber& latest) {
     DWORD major, minor, revision, build;
     if (!CVersionNumber::ParseVersionNumberString(text, major, minor, revision, build))
         return kTextNewVersionInvalid;
@@ -40,7 +40,7 @@ VersionCheck::VersionCheck(const CRegistryPath& path, const CVersionNumber& curr
 
 bool VersionCheck::Check() {
     UpdateRequest request;
-    if (!PassesRules(request.url) || !Open(true))
+    if (!CanStart(request.url) || !Open(true))
         return false;
     GetView().ShowProgress(FALSE);
     request.headerOnly = false;
@@ -49,7 +49,7 @@ bool VersionCheck::Check() {
         Abandon();
         return false;
     }
-    NoteStart();
+    RecordStart();
     return true;
 }
 
@@ -78,7 +78,7 @@ void VersionCheck::OnBody(const Body& body) {
     CStringA version;
     CString text;
     const bool isRead = ReadResponseBody(body.fileName, body.begin, version, text);
-    LetGo();
+    ReleaseConnection();
     GetView().HideProgress();
     if (!IsRunning())
         return;
@@ -86,9 +86,10 @@ void VersionCheck::OnBody(const Body& body) {
     View::Result result = View::resultFailed;
     if (isRead) {
         CVersionNumber latest;
-        const UINT textId = IsStrict() && !EndsWithDigit(version)
-                                ? UINT{kTextNewVersionInvalid}
-                                : JudgeVersionText(CString(version.GetString()), m_current, latest);
+        const UINT textId =
+            IsStrict() && !EndsWithDigit(version)
+                ? UINT{kTextNewVersionInvalid}
+                : CompareVersionText(CString(version.GetString()), m_current, latest);
         text.FormatMessage(textId, m_current.GetText().GetString(), latest.GetText().GetString());
         if (textId != kTextNewVersionInvalid) {
             type = MB_OK | MB_ICONINFORMATION;

@@ -13,7 +13,7 @@ namespace quorvel {
 // Compares the text of a version file with the version of the running program. Returns the id of a
 // message (new version, up to date, ahead, or invalid version) and the latest version.
 // CVersionNumber parses the text, so a line end after the number makes it invalid.
-UINT JudgeVersionText(const WCHAR* text, const CVersionNumber& current, CVersionNumber& latest);
+UINT CompareVersionText(const WCHAR* text, const CVersionNumber& current, CVersionNumber& latest);
 
 class VersionCheck : public UpdateFlow {
 public:

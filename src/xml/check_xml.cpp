@@ -115,7 +115,7 @@ struct Subject {
 };
 
 // Counts itself: the text for expat may have other characters instead of surrogate pairs.
-void TakePlace(const Subject& subject, CXMLFault& fault) {
+void SetPosition(const Subject& subject, CXMLFault& fault) {
     int lineBegin = 0;
     fault.nLine = 1;
     for (int i = 0; i < fault.nOffset; ++i) {
@@ -131,7 +131,7 @@ void TakePlace(const Subject& subject, CXMLFault& fault) {
                                            [](WCHAR c) { return !IsLowSurrogate(c); }));
 }
 
-void TakeSnippet(const Subject& subject, CXMLFault& fault) {
+void SetSnippet(const Subject& subject, CXMLFault& fault) {
     const auto& [text, fed, length] = subject;
     constexpr int kReach = 40;
     int begin = fault.nOffset;
@@ -158,8 +158,8 @@ CXMLFault FaultAt(const Parser& parser, const Subject& subject) {
     const XML_Index unit = XML_GetCurrentByteIndex(parser.get()) / XML_Index(sizeof(WCHAR));
     // expat's position includes the byte order mark.
     fault.nOffset = std::clamp(static_cast<int>(unit) - 1, 0, subject.length);
-    TakePlace(subject, fault);
-    TakeSnippet(subject, fault);
+    SetPosition(subject, fault);
+    SetSnippet(subject, fault);
     return fault;
 }
 
@@ -211,13 +211,13 @@ void CheckText(const WCHAR* text, int length, DWORD options, CXMLFault& fault) {
         fault = FaultAt(parser, subject);
 }
 
-// Runs `judge`. An error that prevents the check becomes a fault without a position.
-template <class Judgement>
-BOOL Judge(CXMLFault& result, Judgement judge) {
+// Runs `check`. An error that prevents the check becomes a fault without a position.
+template <class Check>
+BOOL RunCheck(CXMLFault& result, Check check) {
     CXMLFault fault; // the text may be in the caller's record
     BOOL wellFormed = FALSE;
     try {
-        judge(fault);
+        check(fault);
         wellFormed = fault.nLine == 0;
     } catch (CXMLFileException* exception) {
         AfxGetXMLFileExceptionErrorMessage(exception->m_cause, fault.strMessage);
@@ -397,7 +397,7 @@ void CheckFile(const WCHAR* fileName, DWORD options, CXMLFault& fault) {
     if (!Agree(file, codePage)) {
         fault.strMessage = CString(XML_ErrorString(XML_ERROR_INCORRECT_ENCODING));
         fault.nLine = fault.nColumn = 1;
-        TakeSnippet({text, text, text.GetLength()}, fault);
+        SetSnippet({text, text, text.GetLength()}, fault);
         return;
     }
     if (file.charSize == 1) {
@@ -412,7 +412,7 @@ void CheckFile(const WCHAR* fileName, DWORD options, CXMLFault& fault) {
 
 BOOL AfxCheckXML(const WCHAR* text, int length, CXMLFault& fault, DWORD options) {
     const int usable = text != nullptr ? std::max(length, 0) : 0;
-    return Judge(fault, [&](CXMLFault& found) {
+    return RunCheck(fault, [&](CXMLFault& found) {
         CheckText(usable > 0 ? text : _T(""), usable, options, found);
     });
 }
@@ -422,5 +422,5 @@ BOOL AfxCheckXML(const CString& text, CXMLFault& fault, DWORD options) {
 }
 
 BOOL AfxCheckXMLFile(const WCHAR* fileName, CXMLFault& fault, DWORD options) {
-    return Judge(fault, [&](CXMLFault& found) { CheckFile(fileName, options, found); });
+    return RunCheck(fault, [&](CXMLFault& found) { CheckFile(fileName, options, found); });
 }

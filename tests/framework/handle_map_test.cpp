@@ -17,7 +17,7 @@ struct Traits {
     using Object = Counted;
     using Handle = int;
     static Counted* Make(int) { return new Counted; }
-    static void LetGo(Counted*) {}
+    static void Release(Counted*) {}
     static bool IsAlive(int handle) { return handle % 100 == 0; }
 };
 

@@ -39,8 +39,8 @@ std::string WithCrLf(std::string text) {
 class Minisign : public testing::Test {
 protected:
     // "good", "wrong", or "none" if it cannot be parsed.
-    std::string Judge(const std::string& key, const std::string& signature,
-                      const std::string& body) {
+    std::string Validate(const std::string& key, const std::string& signature,
+                         const std::string& body) {
         PublicKey publicKey;
         Signature read;
         if (!ReadPublicKey(key, publicKey) || !ReadSignature(signature, read))
@@ -95,23 +95,24 @@ TEST_F(Minisign, OneProperFormOfKeysAndSignaturesIsAccepted) {
         {"a key of zeros", "RWQ" + std::string(53, 'A'), kSignature, kBody, "wrong"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(row.expected, Judge(row.key, row.signature, row.body)) << row.label;
+        EXPECT_EQ(row.expected, Validate(row.key, row.signature, row.body)) << row.label;
     for (std::size_t length = 0; length + 1 < kSignature.size(); ++length)
-        EXPECT_NE("good", Judge(kKey, kSignature.substr(0, length), kBody)) << length;
+        EXPECT_NE("good", Validate(kKey, kSignature.substr(0, length), kBody)) << length;
 }
 
 TEST_F(Minisign, NoByteMayChange) {
     for (std::size_t i = 0; i < kKeyLine.size(); ++i) {
         std::string key = kKeyLine;
         key[i] = static_cast<char>(key[i] ^ 1);
-        EXPECT_NE("good", Judge(key, kSignature, kBody)) << "byte of the key " << i;
+        EXPECT_NE("good", Validate(key, kSignature, kBody)) << "byte of the key " << i;
     }
     for (std::size_t i = 0; i < kSignature.size(); ++i) {
         std::string signature = kSignature;
         signature[i] = static_cast<char>(signature[i] ^ 1);
         const bool isFree =
             i >= std::string("untrusted comment: ").size() && i < kUntrusted.size() - 1;
-        EXPECT_EQ(isFree, Judge(kKey, signature, kBody) == "good") << "byte of the signature " << i;
+        EXPECT_EQ(isFree, Validate(kKey, signature, kBody) == "good")
+            << "byte of the signature " << i;
     }
 }
 
@@ -121,7 +122,7 @@ TEST_F(Minisign, WhatTheExampleSignsIsGoodAndItsSecretKeyIsReadAgain) {
     const SigningKey key = MakeSigningKey(random);
     SigningKey again;
     ASSERT_TRUE(ReadSecretKey(SecretKeyText(key), again));
-    EXPECT_EQ("good", Judge(PublicKeyText(key), SignatureText(again, kBody, "serial:1"), kBody));
+    EXPECT_EQ("good", Validate(PublicKeyText(key), SignatureText(again, kBody, "serial:1"), kBody));
     EXPECT_FALSE(ReadSecretKey(PublicKeyText(key), again));
 }
 

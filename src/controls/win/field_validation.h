@@ -23,7 +23,7 @@ constexpr UINT kStateMapSize = 17;
 
 // Whether the window still belongs to this object. The host's code may have destroyed the window,
 // and the object with it. An object without a window cannot lose it.
-inline bool IsStill(const CWnd* wnd, HWND window) {
+inline bool StillHasWindow(const CWnd* wnd, HWND window) {
     return window == nullptr || CWnd::FromHandlePermanent(window) == wnd;
 }
 
@@ -115,8 +115,8 @@ public:
         Refusal refusal = {TTI_WARNING, {}, {}, CRect(0, 0, 0, 0)};
         refusal.title.LoadString(kTextValidationError);
         if (owner.ValidateData(refusal.icon, refusal.title, refusal.text, refusal.rect))
-            return IsStill(&owner, window);
-        if (IsStill(&owner, window))
+            return StillHasWindow(&owner, window);
+        if (StillHasWindow(&owner, window))
             owner.ShowValidationErrorMessage(refusal.icon, refusal.title, refusal.text,
                                              refusal.rect);
         return FALSE;

@@ -8,8 +8,8 @@
 #include <utility>
 
 using quorvel::FieldValidation;
-using quorvel::IsStill;
 using quorvel::StateControls;
+using quorvel::StillHasWindow;
 
 IMPLEMENT_DYNAMIC(CVaskDialog, CDialog)
 
@@ -155,7 +155,7 @@ BOOL CVaskDialog::OnInitDialog() {
     CreateValidationToolTipWindow();
     const HWND window = m_hWnd;
     const BOOL isLoaded = LoadData();
-    if (!IsStill(this, window))
+    if (!StillHasWindow(this, window))
         return FALSE;
     if (!isLoaded || !UpdateData(FALSE)) { // shows the values that LoadData has set
         EndDialog(-1);
@@ -178,7 +178,7 @@ void CVaskDialog::OnOK() {
             if (IsThere())
                 m_dialog->m_isSaving = false;
         }
-        bool IsThere() const { return IsStill(m_dialog, m_window); }
+        bool IsThere() const { return StillHasWindow(m_dialog, m_window); }
         CVaskDialog* const m_dialog;
         const HWND m_window;
     };

@@ -8,8 +8,8 @@
 #include <utility>
 
 using quorvel::FieldValidation;
-using quorvel::IsStill;
 using quorvel::StateControls;
+using quorvel::StillHasWindow;
 
 IMPLEMENT_DYNAMIC(CVaskPropertyPage, CPropertyPage)
 
@@ -122,7 +122,7 @@ BOOL CVaskPropertyPage::OnInitDialog() {
     CreateValidationToolTipWindow();
     const HWND window = m_hWnd;
     const BOOL isLoaded = LoadData();
-    if (!IsStill(this, window))
+    if (!StillHasWindow(this, window))
         return FALSE;
     SetLoaded(isLoaded && UpdateData(FALSE)); // shows the values that LoadData has set
     if (m_isLoaded)

@@ -22,7 +22,7 @@ struct DcTraits {
         dc->m_hDC = handle;
         return dc;
     }
-    static void LetGo(CDC* dc) { dc->m_hDC = nullptr; }
+    static void Release(CDC* dc) { dc->m_hDC = nullptr; }
     static bool IsAlive(HDC dc) { return ::GetObjectType(dc) != 0; }
 };
 

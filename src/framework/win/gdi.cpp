@@ -24,7 +24,7 @@ struct GdiTraits {
         object->m_hObject = handle;
         return object;
     }
-    static void LetGo(Class* object) { object->m_hObject = nullptr; }
+    static void Release(Class* object) { object->m_hObject = nullptr; }
     static bool IsAlive(Handle handle) {
         const DWORD type = ::GetObjectType(handle);
         return type == first || type == second;

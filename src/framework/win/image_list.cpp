@@ -19,7 +19,7 @@ struct ImageListTraits {
         list->m_hImageList = handle;
         return list;
     }
-    static void LetGo(CImageList* list) { list->m_hImageList = nullptr; }
+    static void Release(CImageList* list) { list->m_hImageList = nullptr; }
     // No safe test exists. A temporary object is used at once, so old ones can be dropped.
     static bool IsAlive(HIMAGELIST) { return false; }
 };

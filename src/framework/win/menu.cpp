@@ -19,7 +19,7 @@ struct MenuTraits {
         menu->m_hMenu = handle;
         return menu;
     }
-    static void LetGo(CMenu* menu) { menu->m_hMenu = nullptr; }
+    static void Release(CMenu* menu) { menu->m_hMenu = nullptr; }
     static bool IsAlive(HMENU menu) { return ::IsMenu(menu) != FALSE; }
 };
 

@@ -16,7 +16,7 @@ namespace chrono = std::chrono;
 namespace quorvel {
 namespace {
 
-struct Moment {
+struct Instant {
     const DateNames& names;
     const SYSTEMTIME& time;
     unsigned dayOfWeek; // 0 is Sunday; computed, because the caller's may be wrong
@@ -39,50 +39,50 @@ std::u16string At(const std::vector<std::u16string>& names, std::size_t index) {
     return index < names.size() ? names[index] : std::u16string();
 }
 
-std::u16string Day(const Moment& moment, std::size_t count) {
+std::u16string Day(const Instant& instant, std::size_t count) {
     if (count <= 2)
-        return ShortNumber(moment.time.wDay, count);
-    return At(count == 3 ? moment.names.shortDays : moment.names.days, moment.dayOfWeek);
+        return ShortNumber(instant.time.wDay, count);
+    return At(count == 3 ? instant.names.shortDays : instant.names.days, instant.dayOfWeek);
 }
 
-std::u16string Month(const Moment& moment, std::size_t count) {
-    const DateNames& names = moment.names;
+std::u16string Month(const Instant& instant, std::size_t count) {
+    const DateNames& names = instant.names;
     if (count <= 2)
-        return ShortNumber(moment.time.wMonth, count);
+        return ShortNumber(instant.time.wMonth, count);
     if (count == 3)
-        return At(moment.besideDay ? names.shortMonthsWithDay : names.shortMonths,
-                  moment.time.wMonth - 1u);
-    return At(moment.besideDay ? names.monthsWithDay : names.months, moment.time.wMonth - 1u);
+        return At(instant.besideDay ? names.shortMonthsWithDay : names.shortMonths,
+                  instant.time.wMonth - 1u);
+    return At(instant.besideDay ? names.monthsWithDay : names.months, instant.time.wMonth - 1u);
 }
 
-std::u16string Year(const Moment& moment, std::size_t count) {
-    return count <= 2 ? Number(moment.time.wYear % 100, 2) : Number(moment.time.wYear, 4);
+std::u16string Year(const Instant& instant, std::size_t count) {
+    return count <= 2 ? Number(instant.time.wYear % 100, 2) : Number(instant.time.wYear, 4);
 }
 
-std::u16string Era(const Moment& moment, std::size_t) {
-    return At(moment.names.eras, 1);
+std::u16string Era(const Instant& instant, std::size_t) {
+    return At(instant.names.eras, 1);
 }
 
-std::u16string HalfDayHour(const Moment& moment, std::size_t count) {
-    return ShortNumber((moment.time.wHour + 11u) % 12 + 1, count);
+std::u16string HalfDayHour(const Instant& instant, std::size_t count) {
+    return ShortNumber((instant.time.wHour + 11u) % 12 + 1, count);
 }
-std::u16string Hour(const Moment& moment, std::size_t count) {
-    return ShortNumber(moment.time.wHour, count);
+std::u16string Hour(const Instant& instant, std::size_t count) {
+    return ShortNumber(instant.time.wHour, count);
 }
-std::u16string Minute(const Moment& moment, std::size_t count) {
-    return ShortNumber(moment.time.wMinute, count);
+std::u16string Minute(const Instant& instant, std::size_t count) {
+    return ShortNumber(instant.time.wMinute, count);
 }
-std::u16string Second(const Moment& moment, std::size_t count) {
-    return ShortNumber(moment.time.wSecond, count);
+std::u16string Second(const Instant& instant, std::size_t count) {
+    return ShortNumber(instant.time.wSecond, count);
 }
-std::u16string HalfDay(const Moment& moment, std::size_t count) {
-    const std::u16string name = At(moment.names.halfDays, moment.time.wHour / 12u);
+std::u16string HalfDay(const Instant& instant, std::size_t count) {
+    const std::u16string name = At(instant.names.halfDays, instant.time.wHour / 12u);
     return count == 1 ? name.substr(0, 1) : name;
 }
 
 struct Part {
     char16_t letter;
-    std::u16string (*text)(const Moment& moment, std::size_t count);
+    std::u16string (*text)(const Instant& instant, std::size_t count);
 };
 constexpr Part kDateParts[] = {{'d', Day}, {'M', Month}, {'y', Year}, {'g', Era}};
 constexpr Part kTimeParts[] = {
@@ -129,20 +129,20 @@ bool IsNumber(std::size_t dayLength) {
 
 // A month name is in the genitive when the nearest day before or after it is a number.
 template <std::size_t size>
-std::u16string Format(const Part (&parts)[size], Moment moment, std::u16string_view picture) {
+std::u16string Format(const Part (&parts)[size], Instant instant, std::u16string_view picture) {
     std::u16string text;
     std::size_t lastDay = 0;
     const auto append = [&](char16_t letter, std::size_t count, std::u16string_view rest) {
         if (letter == 'd')
             lastDay = count;
         else if (letter == 'M')
-            moment.besideDay = IsNumber(lastDay) || IsNumber(NextDay(rest));
+            instant.besideDay = IsNumber(lastDay) || IsNumber(NextDay(rest));
         const Part* part = std::find_if(std::begin(parts), std::end(parts),
                                         [&](const Part& row) { return row.letter == letter; });
         if (part == std::end(parts))
             text.append(count, letter);
         else
-            text += part->text(moment, count);
+            text += part->text(instant, count);
     };
     WalkPicture(picture, append, [&](char16_t character) { text += character; });
     return text;

@@ -30,7 +30,7 @@ public:
 
     Kind GetKind() const { return m_kind; }
     // Accepted sockets become Connected by this call; connecting ones do in Connected.
-    void Become(Kind kind) { m_kind = kind; }
+    void SetKind(Kind kind) { m_kind = kind; }
     void Connect(); // begins, possibly after a failed attempt
     void Connected();
 

@@ -81,7 +81,7 @@ ssize_t Complete(Socket& socket, short conditions, Call call) {
             return result;
         const int error = SocketError(errno);
         if (error == WSAECONNRESET)
-            socket.NoteReset();
+            socket.RecordReset();
         if (error != WSAEWOULDBLOCK || socket.IsNonBlocking())
             return FailCall(error);
         if (!socket.WaitFor(conditions))
@@ -279,7 +279,7 @@ int listen(SOCKET handle, int backlog) {
     if (const int error = Listen(*socket, backlog))
         return FailCall(error);
     socket->WithEvents(
-        [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::Listening); });
+        [](NetworkEvents& events) { events.SetKind(NetworkEvents::Kind::Listening); });
     return 0;
 }
 
@@ -300,7 +300,7 @@ SOCKET accept(SOCKET handle, sockaddr* address, int* length) {
         return INVALID_SOCKET;
     const auto accepted = std::make_shared<Socket>(descriptor, true);
     accepted->WithEvents(
-        [](NetworkEvents& events) { events.Become(NetworkEvents::Kind::Connected); });
+        [](NetworkEvents& events) { events.SetKind(NetworkEvents::Kind::Connected); });
     const SOCKET result = NewSocket(accepted);
     accepted->SelectAs(*listener);
     return result;
@@ -331,7 +331,7 @@ int connect(SOCKET handle, const sockaddr* address, int length) {
         return FailCall(WSAEWOULDBLOCK);
     if (!socket->WaitFor(POLLOUT))
         return SOCKET_ERROR;
-    socket->Notice(POLLOUT);
+    socket->OnPolled(POLLOUT);
     const int error = socket->TakeError();
     return error == 0 ? 0 : FailCall(error);
 }

@@ -15,7 +15,7 @@ public:
     Readiness(int descriptor, short conditions, std::shared_ptr<Waitable> ready)
         : m_polled{descriptor, conditions, 0}, m_ready(std::move(ready)) {}
     pollfd Interest() override { return m_polled; }
-    void Notice(short) override { m_ready->Signal(); }
+    void OnPolled(short) override { m_ready->Signal(); }
 
 private:
     const pollfd m_polled;
@@ -26,7 +26,7 @@ private:
 
 Socket::Socket(int descriptor, bool stream) : m_descriptor(descriptor), m_stream(stream) {
     if (!stream)
-        m_events.Become(NetworkEvents::Kind::Datagram);
+        m_events.SetKind(NetworkEvents::Kind::Datagram);
 }
 
 Socket::~Socket() {
@@ -82,7 +82,7 @@ NetworkEvents::Conditions Socket::ConditionsOf(short polled) {
     return conditions;
 }
 
-void Socket::Notice(short polled) {
+void Socket::OnPolled(short polled) {
     const std::lock_guard lock(m_mutex);
     if (m_events.Observe(ConditionsOf(polled)) && m_event != nullptr)
         m_event->Signal();
@@ -138,7 +138,7 @@ NetworkEvents::Report Socket::Enumerate(Waitable* eventToReset) {
     if (!known) {
         pollfd polled = Interest();
         if (poll(&polled, 1, 0) > 0)
-            Notice(polled.revents);
+            OnPolled(polled.revents);
     }
     const std::lock_guard lock(m_mutex); // locked: the next event must signal after the reset
     if (eventToReset != nullptr)
@@ -177,7 +177,7 @@ int Socket::ResetError() {
     return m_resetError;
 }
 
-void Socket::NoteReset() {
+void Socket::RecordReset() {
     const std::lock_guard lock(m_mutex);
     m_resetError = WSAECONNRESET;
 }

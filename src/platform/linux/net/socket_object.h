@@ -20,7 +20,7 @@ public:
     bool IsStream() const { return m_stream; }
 
     pollfd Interest() override;
-    void Notice(short conditions) override;
+    void OnPolled(short conditions) override;
 
     // Calls `act` with the record of events under the lock, then wakes the waiting threads.
     template <class Act>
@@ -50,7 +50,7 @@ public:
     // for SO_ERROR and clears it; ResetError returns the error of a reset for every later call.
     int TakeError();
     int ResetError();
-    void NoteReset(); // a call has seen a reset; the system reports it once
+    void RecordReset(); // a call has seen a reset; the system reports it once
 
     // Calls that Winsock refuses but the system does not.
     struct Done {

@@ -32,11 +32,11 @@ public:
 
     // Records a change. Returns true when the thread sleeps and must be woken. The waiting thread
     // itself is awake: a change that its poll causes is seen by its next check.
-    bool Tell() {
-        return m_thread != win32::GetCurrentThreadId() && m_state.exchange(kTold) == kAsleep;
+    bool Notify() {
+        return m_thread != win32::GetCurrentThreadId() && m_state.exchange(kNotified) == kAsleep;
     }
     // A late wake-up only makes the thread check once more.
-    void Rouse() {
+    void Wake() {
         if (!m_polls)
             syscall(SYS_futex, &m_state, FUTEX_WAKE_PRIVATE, 1, nullptr, nullptr, 0);
         else [[maybe_unused]]
@@ -62,7 +62,7 @@ public:
     }
 
 private:
-    enum State : std::uint32_t { kAwake, kTold, kAsleep };
+    enum State : std::uint32_t { kAwake, kNotified, kAsleep };
 
     bool FallAsleep() {
         std::uint32_t expected = kAwake;
@@ -93,7 +93,7 @@ private:
         }
         for (std::size_t i = 0; i < m_sources.size(); ++i)
             if (m_polled[i].revents != 0)
-                m_sources[i]->Notice(m_polled[i].revents);
+                m_sources[i]->OnPolled(m_polled[i].revents);
     }
     void Collect(Waitable& thing) {
         const std::size_t first = m_sources.size();
@@ -120,27 +120,27 @@ namespace {
 
 using Waiters = std::vector<std::shared_ptr<Waiter>>;
 
-void Rouse(const Waiters& sleeping) {
+void Wake(const Waiters& sleeping) {
     for (const std::shared_ptr<Waiter>& each : sleeping)
-        each->Rouse();
+        each->Wake();
 }
 
 } // namespace
 
-Waiters Waitable::TellWaiters() {
+Waiters Waitable::NotifyWaiters() {
     Waiters sleeping;
     for (const std::shared_ptr<Waiter>& each : m_waiters)
-        if (each->Tell())
+        if (each->Notify())
             sleeping.push_back(each);
     return sleeping;
 }
 
-void Waitable::Enter(const std::shared_ptr<Waiter>& waiter) {
+void Waitable::Register(const std::shared_ptr<Waiter>& waiter) {
     const std::lock_guard lock(m_mutex);
     m_waiters.push_back(waiter);
 }
 
-void Waitable::Leave(const std::shared_ptr<Waiter>& waiter) {
+void Waitable::Unregister(const std::shared_ptr<Waiter>& waiter) {
     const std::lock_guard lock(m_mutex);
     m_waiters.erase(std::ranges::find(m_waiters, waiter));
 }
@@ -149,9 +149,9 @@ void Waitable::Signal() {
     std::unique_lock lock(m_mutex);
     if (std::exchange(m_signalled, true))
         return; // the waiting threads are awake but have not taken it yet
-    const Waiters sleeping = TellWaiters();
+    const Waiters sleeping = NotifyWaiters();
     lock.unlock();
-    Rouse(sleeping);
+    Wake(sleeping);
 }
 
 void Waitable::Reset() {
@@ -170,9 +170,9 @@ bool Waitable::Take() {
 void Waitable::AddSource(std::weak_ptr<WaitSource> source) {
     std::unique_lock lock(m_mutex);
     m_sources.push_back(std::move(source));
-    const Waiters sleeping = TellWaiters();
+    const Waiters sleeping = NotifyWaiters();
     lock.unlock();
-    Rouse(sleeping);
+    Wake(sleeping);
 }
 
 void Waitable::RemoveSource(const WaitSource& source) {
@@ -181,16 +181,16 @@ void Waitable::RemoveSource(const WaitSource& source) {
         const std::shared_ptr<WaitSource> held = each.lock();
         return held == nullptr || held.get() == &source;
     });
-    const Waiters sleeping = TellWaiters();
+    const Waiters sleeping = NotifyWaiters();
     lock.unlock();
-    Rouse(sleeping);
+    Wake(sleeping);
 }
 
 void Waitable::WakeWaiters() {
     std::unique_lock lock(m_mutex);
-    const Waiters sleeping = TellWaiters();
+    const Waiters sleeping = NotifyWaiters();
     lock.unlock();
-    Rouse(sleeping);
+    Wake(sleeping);
 }
 
 namespace {
@@ -198,18 +198,18 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 // Registered with all of the objects during its lifetime.
-class Attendance {
+class Registration {
 public:
-    Attendance(const std::shared_ptr<Waiter>& waiter,
-               std::span<const std::shared_ptr<Waitable>> things)
+    Registration(const std::shared_ptr<Waiter>& waiter,
+                 std::span<const std::shared_ptr<Waitable>> things)
         : m_waiter(waiter), m_things(things) {
         for (const std::shared_ptr<Waitable>& thing : m_things)
-            thing->Enter(m_waiter);
+            thing->Register(m_waiter);
     }
-    Attendance(const Attendance&) = delete;
-    ~Attendance() {
+    Registration(const Registration&) = delete;
+    ~Registration() {
         for (const std::shared_ptr<Waitable>& thing : m_things)
-            thing->Leave(m_waiter);
+            thing->Unregister(m_waiter);
     }
 
 private:
@@ -242,7 +242,7 @@ DWORD WaitForAny(std::span<const std::shared_ptr<Waitable>> things, DWORD millis
     if (result != WAIT_TIMEOUT)
         return result;
     static thread_local const auto t_waiter = std::make_shared<Waiter>();
-    const Attendance attendance(t_waiter, things);
+    const Registration registration(t_waiter, things);
     for (bool expired = false; !expired;) {
         t_waiter->Begin();
         if ((result = TakeLowest(things)) != WAIT_TIMEOUT)

@@ -29,7 +29,7 @@ public:
     // The events to poll for; a descriptor of -1 means nothing. Stays open while the source exists.
     virtual pollfd Interest() = 0;
     // Handles the result of the poll.
-    virtual void Notice(short conditions) = 0;
+    virtual void OnPolled(short conditions) = 0;
 };
 
 class Waitable : public HandleObject {
@@ -49,15 +49,15 @@ public:
     void WakeWaiters();
 
     // Between the two calls the waiter is notified of every change.
-    void Enter(const std::shared_ptr<Waiter>& waiter);
-    void Leave(const std::shared_ptr<Waiter>& waiter);
+    void Register(const std::shared_ptr<Waiter>& waiter);
+    void Unregister(const std::shared_ptr<Waiter>& waiter);
 
 private:
     friend class Waiter;
 
     // Returns the sleeping waiters. The caller holds the lock and wakes them after releasing it;
     // otherwise they would wake and wait for it.
-    [[nodiscard]] std::vector<std::shared_ptr<Waiter>> TellWaiters();
+    [[nodiscard]] std::vector<std::shared_ptr<Waiter>> NotifyWaiters();
 
     const bool m_autoReset;
     std::mutex m_mutex; // guards what follows

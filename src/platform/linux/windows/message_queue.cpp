@@ -26,14 +26,14 @@ bool MessageQueue::Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         return false;
     m_posted.push_back({window, message, wParam, lParam, Milliseconds(Clock::now()), {}});
     lock.unlock(); // otherwise the owner would wake and wait for the lock
-    m_news->Signal();
+    m_messageArrived->Signal();
     return true;
 }
 
 void MessageQueue::PostQuit(int exitCode) {
     const std::lock_guard lock(m_mutex);
     m_quit = exitCode;
-    m_news->Signal();
+    m_messageArrived->Signal();
 }
 
 std::vector<MessageQueue::Timer>::iterator MessageQueue::FindTimer(HWND window, UINT_PTR id) {
@@ -111,7 +111,7 @@ bool MessageQueue::TakeTimer(const Filter& filter, bool remove, MSG& message) {
 
 bool MessageQueue::Take(const Filter& filter, bool remove, MSG& message) {
     const std::lock_guard lock(m_mutex);
-    m_news->Reset();
+    m_messageArrived->Reset();
     if (TakePosted(filter, remove, message))
         return true;
     if (m_quit && m_posted.empty()) {
@@ -135,7 +135,7 @@ DWORD MessageQueue::UntilNextTimer() {
 
 DWORD MessageQueue::Wait(std::span<const std::shared_ptr<Waitable>> things, DWORD milliseconds) {
     std::vector<std::shared_ptr<Waitable>> all(things.begin(), things.end());
-    all.push_back(m_news);
+    all.push_back(m_messageArrived);
     all.push_back(m_timerSet);
     const Clock::time_point start = Clock::now();
     for (;;) {

@@ -60,7 +60,7 @@ private:
     DWORD UntilNextTimer();
     std::vector<Timer>::iterator FindTimer(HWND window, UINT_PTR id);
 
-    const std::shared_ptr<Waitable> m_news = std::make_shared<Waitable>(false);
+    const std::shared_ptr<Waitable> m_messageArrived = std::make_shared<Waitable>(false);
     const std::shared_ptr<Waitable> m_timerSet = std::make_shared<Waitable>(true);
     std::mutex m_mutex; // guards what follows
     std::deque<MSG> m_posted;

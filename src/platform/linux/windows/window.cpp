@@ -379,16 +379,16 @@ HWND CreateWindowExW(DWORD extendedStyle, LPCWSTR className, LPCWSTR text, DWORD
 
 BOOL DestroyWindow(HWND handle) {
     // A nested call has no effect: the window is already being destroyed.
-    enum Answer { kRefused, kUnderWay, kGo };
+    enum Answer { kRefused, kInProgress, kDestroy };
     const Answer answer = With(handle, kRefused, [](Window& window) {
         if (window.thread != GetCurrentThreadId()) {
             SetLastError(ERROR_ACCESS_DENIED);
             return kRefused;
         }
-        return std::exchange(window.destroying, true) ? kUnderWay : kGo;
+        return std::exchange(window.destroying, true) ? kInProgress : kDestroy;
     });
-    if (answer != kGo)
-        return answer == kUnderWay;
+    if (answer != kDestroy)
+        return answer == kInProgress;
     for (const HWND owned : Dependents(handle, false))
         DestroyWindow(owned);
     SendDestroy(handle);
