@@ -13,7 +13,7 @@ namespace {
 constexpr char32_t kIllFormed = 0xffffffff;
 constexpr WCHAR kReplacement = 0xfffd;
 
-// Of a lead byte from 0xC2 to 0xF4: how many bytes follow it.
+// The number of bytes after a lead byte from 0xC2 to 0xF4.
 int TrailCount(BYTE lead) {
     return lead < 0xe0 ? 1 : lead < 0xf0 ? 2 : 3;
 }
@@ -27,9 +27,9 @@ bool IsIllFormedStart(int trailCount, char32_t value) {
 }
 
 // Decodes the sequence at `position`, which starts with a byte above 0x7F, and moves past it. An
-// ill-formed one ends before the first byte that cannot continue it, except that a trail byte
-// which only makes the start overlong, a surrogate or too large is still part of it: so the
-// platform counts its replacement characters.
+// ill-formed one ends before the first byte that cannot continue it. But a trail byte that only
+// makes the start overlong, a surrogate or too large still belongs to it: the platform counts its
+// replacement characters in this way.
 char32_t DecodeSequence(Bytes bytes, std::size_t& position) {
     const BYTE lead = bytes[position++];
     if (lead < 0xc2 || lead > 0xf4)
@@ -63,7 +63,7 @@ bool PutCharacter(char32_t character, WideOutput& output) {
     return output.Put(pair, 2);
 }
 
-// Writes the character as a sequence of that length and returns its end.
+// Writes the character as a sequence of `length` bytes and returns its end.
 template <int length>
 char* WriteSequence(char32_t character, char* to) {
     constexpr unsigned kLead = 0xff00 >> length & 0xff;
@@ -81,9 +81,9 @@ bool PutSequence(char32_t character, ByteOutput& output) {
     return output.Put(bytes, static_cast<std::size_t>(end - bytes));
 }
 
-// The loops below take what ordinary text is made of, with pointers and without asking for room at
-// each character. They stop where input or room gets short and at whatever is ill-formed, and the
-// careful loops, which know every case, take over for one character.
+// The loops below convert ordinary text with pointers and without checking the room for each
+// character. They stop when input or room gets short and at ill-formed input. Then the careful
+// loops, which handle every case, convert one character.
 
 bool IsTrail(BYTE byte) {
     return (byte & 0xc0) == 0x80;
@@ -95,7 +95,7 @@ struct Places {
     Target* to;
 };
 
-// At most `count` characters, up to the first two of ASCII; false when one is ill-formed.
+// Converts up to `count` characters, ends before two ASCII ones; false if one is ill-formed.
 bool ConvertStretch(Places<BYTE, WCHAR>& places, std::size_t count) {
     const BYTE* from = places.from;
     WCHAR* to = places.to;
@@ -138,7 +138,7 @@ bool ConvertStretch(Places<BYTE, WCHAR>& places, std::size_t count) {
     return good;
 }
 
-// At most `count` characters, up to the first two of ASCII; false at a lone surrogate.
+// Converts up to `count` characters, ends before two ASCII ones; false at a lone surrogate.
 bool ConvertStretch(Places<WCHAR, char>& places, std::size_t count) {
     const WCHAR* from = places.from;
     char* to = places.to;
@@ -168,8 +168,8 @@ bool ConvertStretch(Places<WCHAR, char>& places, std::size_t count) {
     return good;
 }
 
-// Converts runs of ASCII and stretches of other characters, which have at most so many units in
-// source and target. Returns how many units of the source were converted.
+// Converts runs of ASCII and runs of other characters, which have at most `widestSource` and
+// `widestTarget` units. Returns the number of source units converted.
 template <int widestSource, int widestTarget, class Source, class Target>
 std::size_t ConvertOrdinary(std::span<const Source> source, Output<Target>& output) {
     if (output.Next() == nullptr)
@@ -192,14 +192,14 @@ std::size_t ConvertOrdinary(std::span<const Source> source, Output<Target>& outp
     return static_cast<std::size_t>(places.from - source.data());
 }
 
-// Null where there is none.
+// Null without a suitable processor.
 const Utf8Kernels* FastestUtf8() {
     static const Utf8Kernels* const s_fastest = Avx2Utf8() != nullptr ? Avx2Utf8() : Ssse3Utf8();
     return s_fastest;
 }
 
-// Converts what the kernel takes and returns how many units of the source that were. While only
-// counting, the result is written where nobody reads it.
+// Converts the blocks that the kernel accepts and returns their number of source units. When only
+// counting, it writes to a buffer that is not read.
 template <class Source, class Target>
 std::size_t ConvertBlocks(void (*convert)(Utf8Cursor<Source, Target>&),
                           std::span<const Source> source, Output<Target>& output) {
@@ -219,8 +219,8 @@ std::size_t ConvertBlocks(void (*convert)(Utf8Cursor<Source, Target>&),
     return static_cast<std::size_t>(cursor.from - source.data());
 }
 
-// Where a block is refused, the portable form takes as much before the kernel is asked again: text
-// may be ill-formed everywhere.
+// After a refused block the portable form converts this many units before the kernel is called
+// again, because the whole text may be ill-formed.
 constexpr std::size_t kPortableStretch = 64;
 
 } // namespace

@@ -19,8 +19,8 @@ QUORVEL_INLINE Register InEveryLane(__m128i lane) {
 QUORVEL_INLINE __m128i LaneOf(Register vector, int lane) {
     return lane == 0 ? _mm256_castsi256_si128(vector) : _mm256_extracti128_si256(vector, 1);
 }
-// Between the halves of the lanes in the order in which operations of lanes take and leave them,
-// and that of memory.
+// Converts between the order in memory and the order of halves in which the operations on lanes
+// work. It is its own inverse.
 QUORVEL_INLINE Register SwapMiddle(Register vector) {
     return _mm256_permute4x64_epi64(vector, 0xd8); // 0, 2, 1, 3
 }

@@ -1,10 +1,10 @@
-// The vector code of the UTF-8 converters, written once for registers of one lane of 16 bytes and
-// of two. A source defines what differs, includes this file, and so compiles a copy of its own:
-// no function here may be shared with code for another processor.
+// The vector code of the UTF-8 converters, written once for registers of one or two lanes of 16
+// bytes. A source defines the differences, includes this file and so compiles its own copy: no
+// function here may be shared with code for another processor.
 //
-// Decoding takes each byte as if a character ended there: its bits and those of the bytes before it
-// give the unit. A table then moves the units of the bytes where one does end together. Encoding
-// makes the longest sequence of each unit, and tables drop the bytes that are too many.
+// Decoding computes a unit for each byte as if a character ended there, from its bits and those of
+// the bytes before it. Then a table moves together the units of bytes where a character does end.
+// Encoding makes the longest sequence of each unit, and tables remove the surplus bytes.
 #include "platform/surrogates.h"
 
 #include <algorithm>
@@ -15,12 +15,12 @@
 
 namespace quorvel {
 
-typedef std::array<BYTE, 16> Shuffle;      // where each byte of the result comes from
-typedef std::array<Shuffle, 256> Shuffles; // one for each set of eight
+typedef std::array<BYTE, 16> Shuffle;      // the source of each byte of the result
+typedef std::array<Shuffle, 256> Shuffles; // one for each set of eight bits
 
-// Two bytes in a row are ill-formed when the nibbles of the first and the higher nibble of the
-// second are in the three sets of a fault. The last fault is two trail bytes: these are right as
-// the second and third, and as the third and fourth byte of a sequence.
+// Two adjacent bytes have a fault if all three sets of the fault contain the nibbles: both of the
+// first byte and the higher one of the second. The last fault is two trail bytes. It is correct for
+// the second and third and for the third and fourth byte of a sequence.
 struct Utf8Fault {
     unsigned firstHigh, firstLow, secondHigh; // a bit for each nibble
 };
@@ -34,7 +34,7 @@ inline constexpr Utf8Fault kUtf8Faults[8] = {
     {0x8000, 0xfff0, 0x0e00}, // too large: F4 90 to FF BF
     {0x0f00, 0xffff, 0x0f00},
 };
-// The faults whose set has the nibble, a bit each.
+// The faults whose set contains the nibble, one bit for each fault.
 constexpr Shuffle FaultsByNibble(unsigned Utf8Fault::*set) {
     Shuffle faults{};
     for (unsigned nibble = 0; nibble < 16; ++nibble)
@@ -47,7 +47,7 @@ alignas(16) inline constexpr Shuffle kFirstLow = FaultsByNibble(&Utf8Fault::firs
 alignas(16) inline constexpr Shuffle kSecondHigh = FaultsByNibble(&Utf8Fault::secondHigh);
 
 // Keeps the last bytes of each item of `size` bytes, up to `most`. The items share the eight bits
-// of a set; each bit stands for a byte to be dropped.
+// of a set; each bit means a byte to remove.
 constexpr Shuffles KeepLastBytes(unsigned size, unsigned most) {
     const unsigned bits = size / 2;
     Shuffles shuffles{};
@@ -62,7 +62,7 @@ constexpr Shuffles KeepLastBytes(unsigned size, unsigned most) {
 alignas(64) inline constexpr Shuffles kKeepOfTwo = KeepLastBytes(2, 2);
 alignas(64) inline constexpr Shuffles kKeepOfThree = KeepLastBytes(4, 3);
 
-// Keeps the units with a bit.
+// Keeps the units whose bit is set.
 alignas(64) inline constexpr Shuffles kKeepUnits = [] {
     Shuffles shuffles{};
     for (unsigned set = 0; set < 256; ++set)
@@ -92,19 +92,19 @@ template <class V>
 QUORVEL_INLINE void Store(void* to, V vector) {
     std::memcpy(to, &vector, sizeof vector);
 }
-// A page ahead, where the processor's own read-ahead stops. Of a large text the kernel has just
-// cleared the pages to be written, which are in the outer caches at best.
+// Prefetches one page ahead, where the processor's own prefetching stops. For a large text the
+// kernel has just cleared the pages to write, so at best the outer caches have them.
 template <int forWriting>
 QUORVEL_INLINE void FetchAhead(const void* from) {
     const auto ahead = reinterpret_cast<std::uintptr_t>(from) + 4096;
     __builtin_prefetch(reinterpret_cast<const void*>(ahead), forWriting);
 }
-// The highest bit of each byte.
+// Collects the highest bit of each byte.
 template <class V>
 QUORVEL_INLINE std::uint32_t Mask(V vector) {
     return static_cast<std::uint32_t>(QUORVEL_OP(movemask_epi8)((Register)vector));
 }
-// All bits set where `mask` of the unit is `value`.
+// Sets all bits of the units whose bits in `mask` are `value`.
 QUORVEL_INLINE UnitVector Are(UnitVector units, int mask, int value) {
     return (UnitVector)((units & static_cast<WORD>(mask)) == static_cast<WORD>(value));
 }
@@ -112,7 +112,7 @@ template <class V>
 QUORVEL_INLINE V Choose(V condition, V yes, V no) {
     return (V)Blend((Register)no, (Register)yes, (Register)condition);
 }
-// 0 where the result would be negative.
+// 0 if the result would be negative.
 QUORVEL_INLINE ByteVector Minus(ByteVector bytes, BYTE subtrahend) {
     return (ByteVector)QUORVEL_OP(subs_epu8)((Register)bytes,
                                              (Register)(ByteVector{} + subtrahend));
@@ -121,7 +121,7 @@ QUORVEL_INLINE ByteVector LookUp(const Shuffle& table, ByteVector places) {
     return (ByteVector)QUORVEL_OP(shuffle_epi8)(InEveryLane(Load<__m128i>(&table)),
                                                 (Register)places);
 }
-// Writes a lane, shuffled by the set of eight bits at `place`, and returns how many of these are 1.
+// Writes a lane, shuffled by the eight bits at `place`, and returns the number of bits that are 1.
 QUORVEL_INLINE int PutLane(Register vector, int lane, const Shuffles& shuffles, std::uint32_t sets,
                            int place, void* to) {
     const std::uint32_t set16 = std::rotr(sets, 8 * place - 4) & 0xff0; // times sixteen
@@ -152,8 +152,8 @@ QUORVEL_INLINE bool IsWellFormed(const Window& window) {
     return Mask(faults == ((areThird | areFourth) & 0x80)) == kEvery;
 }
 
-// Writes the units of the characters that end in the block, given a bit at each of these ends. Of
-// four bytes the third stands for the first surrogate.
+// Writes the units of the characters that end in the block; `ends` has a bit for each end. Of four
+// bytes the third one gives the first surrogate.
 template <bool fourBytes>
 QUORVEL_INLINE WCHAR* PutUnits(const Window& window, std::uint32_t ends, WCHAR* to) {
     const ByteVector before1 = window.before1 & AreTrails(window.bytes);
@@ -176,8 +176,8 @@ QUORVEL_INLINE WCHAR* PutUnits(const Window& window, std::uint32_t ends, WCHAR* 
     return to;
 }
 
-// Moves back before the last character, which the end of a block may cut. Its unit is written
-// unless the next byte seems to continue it, the first surrogate with the third byte of four.
+// Moves back before the last character, which the block's end may cut. Its unit was written unless
+// the next byte seems to continue it; a first surrogate was written with the third of four bytes.
 QUORVEL_INLINE void DropLast(const BYTE*& from, WCHAR*& to) {
     const auto isTrail = [](BYTE byte) { return (byte & 0xc0) == 0x80; };
     const bool isEnded = !isTrail(*from);
@@ -200,7 +200,7 @@ QUORVEL_INLINE void WidenAscii(const BYTE*& from, WCHAR*& to, std::ptrdiff_t blo
     }
 }
 
-// Nothing lies before the first block.
+// The bytes before the first block count as zeros.
 QUORVEL_INLINE Window FirstWindow(const BYTE* from) {
     BYTE copy[3 + kBytes] = {};
     std::memcpy(copy + 3, from, kBytes);
@@ -212,13 +212,13 @@ QUORVEL_VECTOR void DecodeBlocks(Utf8DecodeCursor& cursor) {
     WCHAR* to = cursor.to;
     if (cursor.fromEnd - from <= kBytes || cursor.toEnd - to < kBytes)
         return;
-    const BYTE* const lastFrom = cursor.fromEnd - kBytes - 1; // the byte behind a block is read too
+    const BYTE* const lastFrom = cursor.fromEnd - kBytes - 1; // reads the byte after a block too
     WCHAR* const lastTo = cursor.toEnd - kBytes;
-    bool mayBeCut = false; // the last character, by the end of the last block
+    bool mayBeCut = false; // whether the last block may end within a character
     while (from <= lastFrom && to <= lastTo) {
         if (Mask(Load<ByteVector>(from)) == 0) {
             if (mayBeCut && (from[-1] >= 0xc0 || from[-2] >= 0xe0 || from[-3] >= 0xf0))
-                break; // a sequence that is not complete
+                break; // an incomplete sequence
             mayBeCut = false;
             WidenAscii(from, to, std::min(lastFrom - from, lastTo - to) / kBytes + 1);
             continue;
@@ -240,7 +240,7 @@ QUORVEL_VECTOR void DecodeBlocks(Utf8DecodeCursor& cursor) {
     cursor.to = to;
 }
 
-// What the encoder takes at once.
+// The input of one step of the encoder.
 struct UnitBlock {
     UnitVector units[2];
 };
@@ -254,7 +254,7 @@ QUORVEL_INLINE std::uint32_t AsciiOf(const UnitBlock& block) {
                                         (Register)Are(block.units[1], 0xff80, 0)));
 }
 
-// Units below 0x800.
+// Writes units below 0x800.
 QUORVEL_INLINE char* PutPairs(const UnitBlock& block, std::uint32_t ascii, char* to) {
     for (int i = 0; i < 2 * kLanes; ++i) {
         const int vector = i / kLanes, lane = i % kLanes;
@@ -267,13 +267,13 @@ QUORVEL_INLINE char* PutPairs(const UnitBlock& block, std::uint32_t ascii, char*
     return to + 16 * 2 * kLanes;
 }
 
-// Units of any kind, with those that follow each. The first surrogate of a pair becomes three
-// bytes, with bits of the unit behind it, and the second one the last byte.
+// Writes any units, given the unit after each. The first surrogate of a pair gives three bytes,
+// with bits of the second one. The second surrogate gives the last byte.
 template <bool surrogates>
 QUORVEL_INLINE char* PutTriples(UnitVector units, UnitVector following, char* to) {
     UnitVector areAscii = Are(units, 0xff80, 0);
     UnitVector areShort = Are(units, 0xf800, 0);
-    UnitVector first = (units >> 4 & 0x0f00) | 0xe000; // whose lower byte has no meaning
+    UnitVector first = (units >> 4 & 0x0f00) | 0xe000; // its lower byte is unused
     const UnitVector last = units << 8;
     UnitVector lastTwo = (units >> 6 & 0x3f) | (areShort & 0x40) | (last & 0x3f00) | 0x8080;
     lastTwo = Choose(areAscii, last, lastTwo);
@@ -295,8 +295,8 @@ QUORVEL_INLINE char* PutTriples(UnitVector units, UnitVector following, char* to
     return to + 12 * 2 * kLanes;
 }
 
-// Whether each second surrogate, and nothing else, follows a first one. `open` is not 0 where the
-// unit before, or then the last one, is a first one.
+// Whether each second surrogate, and nothing else, follows a first one. `open` is not 0 if the
+// previous unit is a first one; on return, if the last unit is.
 QUORVEL_INLINE bool ArePaired(UnitVector units, std::uint32_t& open) {
     const std::uint32_t highs = Mask(Are(units, 0xfc00, 0xd800)); // two bits each
     const std::uint32_t lows = Mask(Are(units, 0xfc00, 0xdc00));
@@ -322,7 +322,7 @@ QUORVEL_VECTOR void EncodeBlocks(Utf8EncodeCursor& cursor) {
     char* to = cursor.to;
     if (cursor.fromEnd - from <= kBytes || cursor.toEnd - to < 3 * kBytes + 4)
         return;
-    // The unit behind a block is read too, and four bytes behind its sequences are written.
+    // Reads the unit after a block too, and writes four bytes after its sequences.
     const WCHAR* const lastFrom = cursor.fromEnd - kBytes - 1;
     char* const lastTo = cursor.toEnd - 3 * kBytes - 4;
     std::uint32_t open = 0;
@@ -344,7 +344,7 @@ QUORVEL_VECTOR void EncodeBlocks(Utf8EncodeCursor& cursor) {
         } else if (!areShort) {
             to = PutTriples<false>(second, second, PutTriples<false>(first, first, to));
         } else {
-            // One block of ASCII among others is not worth a branch that is hard to predict.
+            // A single block of ASCII does not justify a branch that is hard to predict.
             const std::uint32_t ascii = AsciiOf(block);
             const bool isAscii = ascii == kEvery;
             if (isAscii & wasAscii) {
