@@ -96,7 +96,7 @@ struct Places {
 };
 
 // Converts up to `count` characters, ends before two ASCII ones; false if one is ill-formed.
-bool ConvertStretch(Places<BYTE, WCHAR>& places, std::size_t count) {
+bool ConvertRun(Places<BYTE, WCHAR>& places, std::size_t count) {
     const BYTE* from = places.from;
     WCHAR* to = places.to;
     bool good = true;
@@ -139,7 +139,7 @@ bool ConvertStretch(Places<BYTE, WCHAR>& places, std::size_t count) {
 }
 
 // Converts up to `count` characters, ends before two ASCII ones; false at a lone surrogate.
-bool ConvertStretch(Places<WCHAR, char>& places, std::size_t count) {
+bool ConvertRun(Places<WCHAR, char>& places, std::size_t count) {
     const WCHAR* from = places.from;
     char* to = places.to;
     bool good = true;
@@ -185,7 +185,7 @@ std::size_t ConvertOrdinary(std::span<const Source> source, Output<Target>& outp
         places.to += run;
         const std::ptrdiff_t sure =
             std::min((end - places.from) / widestSource, (toEnd - places.to) / widestTarget);
-        if (sure == 0 || !ConvertStretch(places, static_cast<std::size_t>(sure)))
+        if (sure == 0 || !ConvertRun(places, static_cast<std::size_t>(sure)))
             break;
     }
     output.Advance(static_cast<std::size_t>(places.to - output.Next()));
@@ -221,7 +221,7 @@ std::size_t ConvertBlocks(void (*convert)(Utf8Cursor<Source, Target>&),
 
 // After a refused block the portable form converts this many units before the kernel is called
 // again, because the whole text may be ill-formed.
-constexpr std::size_t kPortableStretch = 64;
+constexpr std::size_t kPortableUnits = 64;
 
 } // namespace
 
@@ -231,11 +231,11 @@ DWORD DecodeUtf8(const Utf8Kernels* kernels, Bytes bytes, bool strict, WideOutpu
     for (;;) {
         if (kernels != nullptr && position >= nextBlocks) {
             position += ConvertBlocks(kernels->decode, bytes.subspan(position), output);
-            nextBlocks = position + kPortableStretch;
+            nextBlocks = position + kPortableUnits;
         }
-        const std::size_t stretch = kernels != nullptr ? nextBlocks - position : bytes.size();
+        const std::size_t portableUnits = kernels != nullptr ? nextBlocks - position : bytes.size();
         position += ConvertOrdinary<4, 2>(
-            bytes.subspan(position, std::min(bytes.size() - position, stretch)), output);
+            bytes.subspan(position, std::min(bytes.size() - position, portableUnits)), output);
         position += output.PutAscii(bytes.subspan(position));
         if (position == bytes.size())
             return ERROR_SUCCESS;
@@ -260,11 +260,11 @@ DWORD EncodeUtf8(const Utf8Kernels* kernels, WideText text, bool strict, ByteOut
     for (;;) {
         if (kernels != nullptr && position >= nextBlocks) {
             position += ConvertBlocks(kernels->encode, text.subspan(position), output);
-            nextBlocks = position + kPortableStretch;
+            nextBlocks = position + kPortableUnits;
         }
-        const std::size_t stretch = kernels != nullptr ? nextBlocks - position : text.size();
+        const std::size_t portableUnits = kernels != nullptr ? nextBlocks - position : text.size();
         position += ConvertOrdinary<2, 4>(
-            text.subspan(position, std::min(text.size() - position, stretch)), output);
+            text.subspan(position, std::min(text.size() - position, portableUnits)), output);
         position += output.PutAscii(text.subspan(position));
         if (position == text.size())
             return ERROR_SUCCESS;
