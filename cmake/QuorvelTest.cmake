@@ -29,6 +29,7 @@ function(quorvel_test name)
     target_link_libraries(${name} PRIVATE quorvel)
   endif()
   target_link_libraries(${name} PRIVATE quorvel_flags quorvel_test_support quorvel_boost gtest)
+  target_compile_options(${name} PRIVATE -O0) # what is optimised is the library; tests build faster
   set(alone ${arg_SERIAL})
   if(arg_LOCALE)
     set(alone TRUE) # Wine writes the locale of a program into the prefix that all of them share

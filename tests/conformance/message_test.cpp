@@ -102,6 +102,16 @@ TEST_F(Messages, EndAfterTheLastOneThatWasPosted) {
     EXPECT_FALSE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) << "once";
 }
 
+TEST_F(Messages, EndPassesEveryFilter) {
+    PostMessageW(m_window, kFirst, 1, 0);
+    PostQuitMessage(7);
+    MSG message = {};
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, kFirst + 1, kFirst + 1, PM_REMOVE));
+    EXPECT_EQ(message.message, UINT(WM_QUIT));
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.message, kFirst);
+}
+
 TEST_F(Messages, AreNotPostedWithPointers) {
     const std::tuple<UINT, DWORD> rows[] = {
         {WM_CREATE, ERROR_MESSAGE_SYNC_ONLY},

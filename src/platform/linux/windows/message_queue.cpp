@@ -114,7 +114,7 @@ bool MessageQueue::Take(const Filter& filter, bool remove, MSG& message) {
     m_messageArrived->Reset();
     if (TakePosted(filter, remove, message))
         return true;
-    if (m_quit && m_posted.empty()) {
+    if (m_quit) { // whatever the filter
         message = {nullptr, WM_QUIT, static_cast<WPARAM>(*m_quit), 0, Milliseconds(Clock::now()),
                    {}};
         if (remove)
