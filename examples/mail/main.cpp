@@ -2,10 +2,10 @@
 #include "common/program.h"
 
 #include <quorvel/framework/app.h>
+#include <quorvel/framework/filesystem_path.h>
 #include <quorvel/net/mail.h>
 
 #include <filesystem>
-#include <string>
 
 namespace {
 
@@ -82,11 +82,15 @@ int Run(const Application& application, const std::vector<CString>& arguments) {
     ReadOptions(arguments, options);
     const CString& to = options[0].value;
     const CString& name = options[3].value.IsEmpty() ? to : options[3].value;
-    const CString& attachment = options[4].value;
-    // The library would send the message without it.
-    if (!attachment.IsEmpty() &&
-        !std::filesystem::is_regular_file(std::basic_string<WCHAR>(attachment)))
-        throw Failure{kExitFailed, attachment + _T(": there is no such file")};
+    CString attachment = options[4].value;
+    if (!attachment.IsEmpty()) {
+        const std::filesystem::path path = AfxStringToPath(attachment);
+        if (!std::filesystem::is_regular_file(
+                path)) // the library would send the message without it
+            throw Failure{kExitFailed, attachment + _T(": there is no such file")};
+        attachment =
+            AfxPathToString(std::filesystem::absolute(path)); // the mail program may run elsewhere
+    }
     if (!AfxSendMessage2(name, to, options[1].value, options[2].value, NullIfEmpty(attachment),
                          NullIfEmpty(options[5].value)))
         throw Failure{kExitFailed, application.Message()};

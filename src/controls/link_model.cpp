@@ -42,10 +42,11 @@ LinkModel::Action LinkModel::ReleaseMouse(bool holdsMouse, bool isInText, bool i
     return holdsMouse && isInText ? Activate(isCtrlDown) : Action::None;
 }
 
-bool LinkModel::PressKey(UINT key) {
+bool LinkModel::PressKey(UINT key, bool isRepeated) {
     if (key != kReturnKey)
         return false;
-    m_isKeyPressed = true;
+    if (!isRepeated)
+        m_isKeyPressed = true;
     return true;
 }
 

@@ -43,8 +43,9 @@ public:
     Action Activate(bool isCtrlDown) const;
     // The left button is released. Only a press that began in the text captures the mouse.
     Action ReleaseMouse(bool holdsMouse, bool isInText, bool isCtrlDown) const;
-    // Returns true when the link handles the key. A held key repeats.
-    bool PressKey(UINT key);
+    // Returns true when the link handles the key. A key that repeats may have been pressed
+    // elsewhere, for example to close a dialog, so it does not press the link.
+    bool PressKey(UINT key, bool isRepeated);
     // A key is released. The link's key activates it only if it was pressed here.
     Action ReleaseKey(UINT key, bool isCtrlDown);
     // Returns true if a key was down. It then activates nothing.

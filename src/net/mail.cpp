@@ -6,21 +6,12 @@
 #include <quorvel/res/message_ids.h>
 
 #include "net/mail_hand_over.h"
-#include "net/mail_message.h"
+
+#include <exception>
 
 namespace {
 
 using quorvel::MailResult;
-
-MailResult Send(const quorvel::MailTexts& texts, bool logsOn) {
-    try {
-        quorvel::MailMessage message(texts);
-        return quorvel::HandOverMail(message.Get(), logsOn);
-    } catch (CMemoryException* exception) {
-        exception->Delete();
-        return MailResult::NotSent;
-    }
-}
 
 void Report(MailResult result, bool logsOn) {
     struct Row {
@@ -48,9 +39,15 @@ void Report(MailResult result, bool logsOn) {
 BOOL SendAndReport(const quorvel::MailTexts& texts, bool logsOn) {
     if (!quorvel::IsComplete(texts))
         return FALSE;
-    const MailResult result = Send(texts, logsOn);
-    Report(result, logsOn);
-    return result == MailResult::Sent;
+    try {
+        return quorvel::HandOverMail(texts, logsOn, Report);
+    } catch (CMemoryException* exception) {
+        exception->Delete();
+    } catch (const std::exception&) {
+        // No memory for the standard library either.
+    }
+    Report(MailResult::NotSent, logsOn);
+    return FALSE;
 }
 
 } // namespace

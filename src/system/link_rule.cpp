@@ -24,7 +24,8 @@ constexpr View kDocuments[] = {
     _T("ppt"), _T("pptx"), _T("rtf"), _T("tif"),  _T("tiff"), _T("txt"), _T("xls"),  _T("xlsx")};
 
 // A program that gets the address in its command line may read a quote as the argument's end.
-constexpr View kToBeEscaped = _T("\"<>\\^`{|}");
+// Programs disagree about which host an address with a backslash names.
+constexpr View kNeverPlain = _T("\"<>\\");
 // These end a path, separate a file from its stream, or are wildcards.
 constexpr View kNotInPath = _T("?#:*\"<>|");
 
@@ -37,9 +38,10 @@ bool BeginsWith(View text, View lowerCasePrefix) {
 bool IsLetter(WCHAR unit) {
     return Lower(unit) >= 'a' && Lower(unit) <= 'z';
 }
+// AfxIsValidURL has refused control characters above 7F already. Unescaped bytes above it are parts
+// of characters.
 bool HasControls(View text) {
-    return std::ranges::any_of(
-        text, [](WCHAR unit) { return unit < ' ' || (unit >= 0x7f && unit < 0xa0); });
+    return std::ranges::any_of(text, [](WCHAR unit) { return unit < ' ' || unit == 0x7f; });
 }
 
 int HexDigit(WCHAR unit) {
@@ -125,7 +127,7 @@ bool IsHarmlessLink(const WCHAR* link) {
         // Not every program unescapes a path, so both forms must be harmless.
         return IsDocumentHere(Text(path)) && IsDocumentHere(Unescaped(path));
     }
-    if (text.find_first_of(kToBeEscaped) != text.npos)
+    if (text.find_first_of(kNeverPlain) != text.npos)
         return false;
     return !BeginsWith(text, kMailScheme) || IsHarmlessMail(text.substr(kMailScheme.size()));
 }

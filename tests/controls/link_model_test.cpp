@@ -38,7 +38,7 @@ TEST(Link, ActivationFollowsFlagsTextAndCtrl) {
         EXPECT_EQ(link.ReleaseMouse(true, true, row.isCtrlDown), row.action);
         EXPECT_EQ(link.ReleaseMouse(true, false, row.isCtrlDown), Action::None) << "outside";
         EXPECT_EQ(link.ReleaseMouse(false, true, row.isCtrlDown), Action::None) << "not pressed";
-        EXPECT_TRUE(link.PressKey(0x0D));
+        EXPECT_TRUE(link.PressKey(0x0D, false));
         EXPECT_EQ(link.ReleaseKey(0x0D, row.isCtrlDown), row.action);
     }
 }
@@ -47,17 +47,19 @@ TEST(Link, OnlyItsOwnKeyActivatesAndOnlyOnce) {
     Link link;
     link.m_displayText = _T("text");
     for (const UINT key : {0x20u, 0x1Bu, 0x11u}) {
-        EXPECT_FALSE(link.PressKey(key));
+        EXPECT_FALSE(link.PressKey(key, false));
         EXPECT_EQ(link.ReleaseKey(key, false), Action::None);
     }
     EXPECT_EQ(link.ReleaseKey(0x0D, false), Action::None) << "went down elsewhere";
-    EXPECT_TRUE(link.PressKey(0x0D));
-    EXPECT_TRUE(link.PressKey(0x0D)) << "repeats";
+    EXPECT_TRUE(link.PressKey(0x0D, true));
+    EXPECT_EQ(link.ReleaseKey(0x0D, false), Action::None) << "held since it went down elsewhere";
+    EXPECT_TRUE(link.PressKey(0x0D, false));
+    EXPECT_TRUE(link.PressKey(0x0D, true)) << "repeats";
     EXPECT_EQ(link.ReleaseKey(0x11, false), Action::None);
     EXPECT_TRUE(link.m_isKeyPressed);
     EXPECT_EQ(link.ReleaseKey(0x0D, false), Action::Open);
     EXPECT_EQ(link.ReleaseKey(0x0D, false), Action::None);
-    EXPECT_TRUE(link.PressKey(0x0D));
+    EXPECT_TRUE(link.PressKey(0x0D, false));
     EXPECT_TRUE(link.CancelKey());
     EXPECT_FALSE(link.CancelKey());
     EXPECT_EQ(link.ReleaseKey(0x0D, false), Action::None) << "cancelled";

@@ -22,6 +22,8 @@ TEST(LinkRule, OpensAddressesAndDocumentsOnly) {
         {_T("ftp://example.com/program.exe"), true}, // the browser asks the user
         {_T("gopher://example.com/"), true},
         {_T("news:comp.lang"), true},
+        {_T("http://fonts.example/css?family=A|B"), true},
+        {_T("http://example.com/{id}/^`"), true},
         {_T("http://example.com/\" --option"), false},
         {_T("http://example.com/\"--option"), false},
         {_T("http://example.com\\@other/"), false},
@@ -39,7 +41,9 @@ TEST(LinkRule, OpensAddressesAndDocumentsOnly) {
         {_T("mailto:a@example.com"), true},
         {_T("mailto:a@example.com?subject=Hello%20you&body=1%0D%0A2"), true},
         {_T("mailto:a@example.com?subject=x%0D%0ABcc:b@example.com"), false},
+        {_T("mailto:a@example.com?subject=Gr%C3%BC%C3%9Fe"), true},
         {_T("mailto:a%0Ab@example.com"), false},
+        {_T("mailto:a%7F@example.com"), false},
         {_T("mailto:a@example.com?body=1&b%0Ady=2"), false},
         {_T("mailto:a@example.com?attach=/etc/passwd"), false},
         {_T("mailto:a@example.com?%41ttachment=/etc/passwd"), false},
@@ -47,6 +51,7 @@ TEST(LinkRule, OpensAddressesAndDocumentsOnly) {
         {_T("mailto:?&&="), true},
         // Documents
         {_T("file:///home/a/b c.txt"), true},
+        {_T("file:///C:/%C3%96ffentlich/%D0%B0.txt"), true},
         {_T("file:///C:/Users/a/b.PDF"), true},
         {_T("file://C:\\Users\\a\\100%.txt"), true},
         {_T("FILE://localhost/C:/a%20b.htm"), true},

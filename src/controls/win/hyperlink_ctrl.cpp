@@ -381,7 +381,8 @@ void CHyperlinkCtrl::OnCaptureChanged(CWnd* wnd) {
 }
 
 void CHyperlinkCtrl::OnKeyDown(UINT key, UINT repeats, UINT flags) {
-    if (m_link->PressKey(key))
+    const bool isRepeated = (flags & KF_REPEAT) != 0;
+    if (m_link->PressKey(key, isRepeated))
         InvalidateCtrl();
     else
         CWnd::OnKeyDown(key, repeats, flags);
@@ -447,10 +448,10 @@ void CHyperlinkCtrl::OnDestroy() {
 }
 
 // Otherwise a dialog would use Enter for its default button.
-LRESULT CHyperlinkCtrl::OnGetDlgCode(WPARAM wParam, LPARAM lParam) {
+LRESULT CHyperlinkCtrl::OnGetDlgCode(WPARAM, LPARAM lParam) {
     const MSG* const message = reinterpret_cast<const MSG*>(lParam);
     const bool isEnter =
-        message != nullptr && message->message == WM_KEYDOWN && wParam == VK_RETURN;
+        message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_RETURN;
     return isEnter ? DLGC_WANTMESSAGE : 0;
 }
 

@@ -11,8 +11,8 @@ CString CHyperlinkCtrl::GetDisplayText() const {
 BOOL CHyperlinkCtrl::IsDisplayTextEmpty() const {
     return m_link->m_displayText.IsEmpty();
 }
-void CHyperlinkCtrl::SetWindowText(const WCHAR* text) {
-    CWnd::SetWindowText(text);
+BOOL CHyperlinkCtrl::SetWindowTextW(const WCHAR* text) {
+    return CWnd::SetWindowText(text);
 }
 
 BOOL CHyperlinkCtrl::SetURI(const WCHAR* uri) {

@@ -84,12 +84,12 @@ BOOL CLinkComboBox::OnSelectionEndOk() {
 
 // The order of these two notifications depends on the system.
 BOOL CLinkComboBox::OnCloseUp() {
-    m_isDropped = false;
     PostMessage(kChooseFileMessage);
     return FALSE;
 }
 
 LRESULT CLinkComboBox::OnChooseFile(WPARAM, LPARAM) {
+    m_isDropped = false;
     CString chosen;
     GetLBText(GetCurSel(), chosen);
     if (std::exchange(m_hasChosen, false) && chosen == quorvel::kFileScheme)

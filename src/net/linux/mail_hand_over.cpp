@@ -77,9 +77,7 @@ MailResult Run(const std::vector<std::string>& arguments) {
     return ResultOf(RunProgram(arguments, "", std::chrono::hours(24 * 365)));
 }
 
-} // namespace
-
-MailResult HandOverMail(MapiMessage& message, bool) {
+MailResult HandOver(MapiMessage& message) {
     if (message.nFileCount == 0)
         return Run({"xdg-email", "--utf8", MailtoOf(message)});
     Attachment attachment(*message.lpFiles);
@@ -90,6 +88,16 @@ MailResult HandOverMail(MapiMessage& message, bool) {
     if (result == MailResult::Sent)
         attachment.Keep();
     return result;
+}
+
+} // namespace
+
+bool HandOverMail(const MailTexts& texts, bool logsOn, MailReport report) {
+    MailMessage message(texts);
+    const MailResult result = HandOver(message.Get());
+    if (result != MailResult::Sent)
+        report(result, logsOn);
+    return result == MailResult::Sent;
 }
 
 } // namespace quorvel

@@ -4,7 +4,6 @@
 #include <quorvel/frame/module.h>
 #include <quorvel/framework/win/wait_cursor.h>
 
-#include "net/mail_message.h"
 #include "net/win/mail_modal_state.h"
 #include "platform/win/guarded_call.h"
 
@@ -68,41 +67,64 @@ MailResult SendWith(LPMAPISENDMAIL sendMail, LHANDLE session, MapiMessage& messa
     return hasReturned && IsMailSent(result) ? MailResult::Sent : MailResult::NotSent;
 }
 
-MailResult HandOverWithSession(MapiMessage& message) {
+class Reporter {
+public:
+    Reporter(MailReport report, bool logsOn) : m_report(report), m_logsOn(logsOn) {}
+    bool operator()(MailResult result) const {
+        if (result != MailResult::Sent)
+            m_report(result, m_logsOn);
+        return result == MailResult::Sent;
+    }
+
+private:
+    const MailReport m_report;
+    const bool m_logsOn;
+};
+
+bool HandOverWithSession(const MailTexts& texts, const Reporter& report) {
     const Module library(IsMailConfigured() ? ::LoadLibraryW(kMailLibrary) : nullptr);
     if (library == nullptr)
-        return MailResult::NotLoaded;
+        return report(MailResult::NotLoaded);
     const auto logon = Find<LPMAPILOGON>(library.get(), "MAPILogon");
     const auto sendMail = Find<LPMAPISENDMAIL>(library.get(), "MAPISendMail");
     const auto logoff = Find<LPMAPILOGOFF>(library.get(), "MAPILogoff");
     if (logon == nullptr || sendMail == nullptr || logoff == nullptr)
-        return MailResult::InvalidLibrary;
+        return report(MailResult::InvalidLibrary);
 
+    MailMessage message(texts);
     LHANDLE session = 0;
     ULONG result = MAPI_E_FAILURE;
     const bool hasReturned =
         CallGuarded([&] { result = logon(0, nullptr, nullptr, MAPI_LOGON_UI, 0, &session); });
     if (!hasReturned || result != SUCCESS_SUCCESS)
-        return MailResult::InvalidLibrary;
-    const MailResult sent = SendWith(sendMail, session, message);
+        return report(MailResult::InvalidLibrary);
+    const bool isSent = report(SendWith(sendMail, session, message.Get()));
     CallGuarded([&] { logoff(session, 0, 0, 0); });
-    return sent;
+    return isSent;
 }
 
-MailResult HandOverPlainly(MapiMessage& message) {
+HMODULE LoadInOwnContext() {
     const ActivationContext context;
-    const Module library(::LoadLibraryW(kMailLibrary));
+    return ::LoadLibraryW(kMailLibrary);
+}
+
+bool HandOverPlainly(const MailTexts& texts, const Reporter& report) {
+    const Module library(LoadInOwnContext());
     if (library == nullptr)
-        return MailResult::NotLoaded;
+        return report(MailResult::NotLoaded);
     const auto sendMail = Find<LPMAPISENDMAIL>(library.get(), "MAPISendMail");
-    return sendMail != nullptr ? SendWith(sendMail, 0, message) : MailResult::InvalidLibrary;
+    if (sendMail == nullptr)
+        return report(MailResult::InvalidLibrary);
+    MailMessage message(texts);
+    return report(SendWith(sendMail, 0, message.Get()));
 }
 
 } // namespace
 
-MailResult HandOverMail(MapiMessage& message, bool logsOn) {
+bool HandOverMail(const MailTexts& texts, bool logsOn, MailReport report) {
     const CWaitCursor cursor;
-    return logsOn ? HandOverWithSession(message) : HandOverPlainly(message);
+    const Reporter reporter(report, logsOn);
+    return logsOn ? HandOverWithSession(texts, reporter) : HandOverPlainly(texts, reporter);
 }
 
 } // namespace quorvel

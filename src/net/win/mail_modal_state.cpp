@@ -27,22 +27,22 @@ BOOL CALLBACK AddIfUsable(HWND window, LPARAM windows) {
 } // namespace
 
 MailModalState::MailModalState() : m_owner(MessageBoxOwner()) {
-    if (m_owner == nullptr)
-        return;
     ::EnumThreadWindows(::GetCurrentThreadId(), AddIfUsable, reinterpret_cast<LPARAM>(&m_disabled));
     for (const HWND window : m_disabled)
         ::EnableWindow(window, FALSE);
+    if (m_owner == nullptr)
+        return;
     ::SetCapture(m_owner);
     ::SetFocus(nullptr);
     ::SetWindowSubclass(m_owner, StayDisabled, kSubclassId, 0);
 }
 
 MailModalState::~MailModalState() {
-    if (m_owner == nullptr)
-        return;
-    if (::GetCapture() == m_owner)
-        ::ReleaseCapture();
-    ::RemoveWindowSubclass(m_owner, StayDisabled, kSubclassId);
+    if (m_owner != nullptr) {
+        if (::GetCapture() == m_owner)
+            ::ReleaseCapture();
+        ::RemoveWindowSubclass(m_owner, StayDisabled, kSubclassId);
+    }
     for (const HWND window : m_disabled)
         if (::IsWindow(window))
             ::EnableWindow(window, TRUE);

@@ -18,7 +18,7 @@ public:
     ~MailModalState();
 
 private:
-    const HWND m_owner; // null when the thread has no window
+    const HWND m_owner; // null when no window of this thread is active and there is no main window
     std::vector<HWND> m_disabled;
 };
 

@@ -97,6 +97,9 @@ TEST_F(XdgEmail, EndsAsTheProgramEnds) {
             boxes.assign(2, {row.box, MB_OK | MB_ICONSTOP, 0});
         EXPECT_EQ(m_app.Take(), boxes) << row.last;
     }
+    const CString body(_T('b'), 200000); // is one argument, longer than the system takes
+    EXPECT_FALSE(AfxSendMessage2(_T("a"), _T("a@b.c"), _T("s"), body, nullptr, nullptr));
+    EXPECT_EQ(m_app.Take(), (std::vector<RecordedMessageBox>{{kNotSent, MB_OK | MB_ICONSTOP, 0}}));
     std::filesystem::remove(m_folder.Path(_T("xdg-email")).ToUTF8());
     EXPECT_FALSE(Send());
     EXPECT_EQ(m_app.Take(),

@@ -42,6 +42,8 @@ public:
     }
     ULONG Logoff(LHANDLE session) override {
         m_calls += session == kSession ? "logoff" : "?";
+        if (m_whileLoggingOff)
+            m_whileLoggingOff();
         return Give(m_logoffAnswer, 0);
     }
 
@@ -49,7 +51,7 @@ public:
     ULONG m_logonResult = 0, m_sendResult = 0;
     Answer m_logonAnswer = Answer::Returns, m_sendAnswer = Answer::Returns,
            m_logoffAnswer = Answer::Returns;
-    std::function<void()> m_whileSending;
+    std::function<void()> m_whileSending, m_whileLoggingOff;
 
 private:
     static ULONG Give(Answer answer, ULONG result) {
@@ -134,6 +136,8 @@ TEST_F(SimpleMapi, EveryAnswerOfTheLibrary) {
     };
     constexpr bool kIs64Bit = sizeof(void*) == 8; // faults are not caught there
     Install(kWhole);
+    std::size_t boxesAtLogoff = 0;
+    m_provider.m_whileLoggingOff = [&] { boxesAtLogoff = m_app.m_boxes.size(); };
     for (const auto& row : rows) {
         if (kIs64Bit && (row.logon == Answer::Faults || row.send == Answer::Faults ||
                          row.logoff == Answer::Faults))
@@ -148,6 +152,9 @@ TEST_F(SimpleMapi, EveryAnswerOfTheLibrary) {
                                                              ? "logon "
                                                              : "logon send in session logoff")
             << row.label;
+        if (row.boxOfSession != kTextMailInvalidLibrary) {
+            EXPECT_EQ(boxesAtLogoff, row.boxOfSession != 0 ? 1u : 0u) << row.label;
+        }
         ExpectSend(false, row.boxWithout, MB_OK, row.label);
         EXPECT_EQ(std::exchange(m_provider.m_calls, ""), "send ") << row.label;
     }
@@ -223,6 +230,11 @@ TEST_F(SimpleMapi, WindowsAreDisabledWhileItSendsAndAsBeforeAfterwards) {
             EXPECT_TRUE(::IsWindowEnabled(owner.get())) << "no longer held";
         }
     }
+    ::SetActiveWindow(nullptr);
+    m_provider.m_sendAnswer = Answer::Returns;
+    m_provider.m_whileSending = [&] { EXPECT_FALSE(::IsWindowEnabled(other.get())); };
+    EXPECT_TRUE(Send(false)) << "no window is active";
+    EXPECT_TRUE(::IsWindowEnabled(other.get()));
 }
 
 } // namespace

@@ -15,7 +15,7 @@
 //
 // The host's hook decides what is opened (QuorvelSetOpenExternalLinkCallback). Without a hook these
 // addresses are opened, and all others are refused with a box:
-// - http, https, ftp, gopher and news addresses without characters that an address has to escape;
+// - http, https, ftp, gopher and news addresses without quotes, angle brackets and backslashes;
 // - such mailto addresses, if they name no attachment and have line breaks only in the body;
 // - file:// with the path of a document on this computer: bmp, csv, doc, docx, gif, htm, html,
 //   jpeg, jpg, log, md, odp, ods, odt, pdf, png, ppt, pptx, rtf, tif, tiff, txt, xls, xlsx.
@@ -59,9 +59,11 @@ public:
     BOOL SetDisplayText(const WCHAR* text);
     CString GetDisplayText() const;
     BOOL IsDisplayTextEmpty() const;
-    void SetWindowText(const WCHAR* text); // sets the drawn text, not the display text
+    BOOL SetWindowTextW(const WCHAR* text); // what is drawn; the display text stays
+    BOOL SetWindowText(const WCHAR* text) { return SetWindowTextW(text); }
 
-    // Returns FALSE and keeps the old one for null or an invalid address (AfxIsValidURL).
+    // FALSE, and the former one stays, for null and for what is no valid address (AfxIsValidURL).
+    // The tip shows the first 400 characters.
     BOOL SetURI(const WCHAR* uri);
     CString GetURI() const;
     BOOL IsURIEmpty() const;

@@ -80,8 +80,10 @@ ProgramRun RunProgram(const std::vector<std::string>& arguments, const std::stri
         pointers.push_back(const_cast<char*>(argument.c_str()));
     pointers.push_back(nullptr);
     pid_t process = 0;
-    if (Start(folder).Spawn(process, pointers.data()) != 0)
-        return {ProgramRun::NotStarted, 0};
+    if (const int error = Start(folder).Spawn(process, pointers.data()); error != 0) {
+        const bool isThere = error == E2BIG || error == ENOMEM || error == EAGAIN;
+        return {isThere ? ProgramRun::Refused : ProgramRun::NotStarted, 0};
+    }
 
     const auto limit = Clock::now() + patience;
     for (;;) {

@@ -10,6 +10,7 @@ namespace quorvel {
 struct ProgramRun {
     enum End {
         NotStarted,  // the program is missing or may not be run
+        Refused,     // the arguments are too long, or memory is short
         Exited,      // with `exitCode`
         Interrupted, // by the user, at the terminal
         Killed,

@@ -47,6 +47,14 @@ HBITMAP NewSectionLike(HBITMAP source, const DIBSECTION& section) {
                               &pixels, nullptr, 0);
 }
 
+HBITMAP NewOfTheScreen(const BITMAP& description) {
+    const HDC screen = ::GetDC(nullptr);
+    const HBITMAP bitmap =
+        ::CreateCompatibleBitmap(screen, description.bmWidth, description.bmHeight);
+    ::ReleaseDC(nullptr, screen);
+    return bitmap;
+}
+
 HBITMAP NewPlainLike(BITMAP description) {
     description.bmBits = nullptr;
     return ::CreateBitmapIndirect(&description);
@@ -74,14 +82,12 @@ bool CopyBytes(HBITMAP target, HBITMAP source, const BITMAP& description) {
            ::SetBitmapBits(target, static_cast<DWORD>(size), bytes.get()) == size;
 }
 
-} // namespace
-
-BitmapHandle CopyOfBitmap(HBITMAP source) {
+BitmapHandle Copied(HBITMAP source, HBITMAP (*newCopyOfSection)(HBITMAP, const DIBSECTION&)) {
     DIBSECTION description = {};
     const bool isSection =
         ::GetObjectW(source, sizeof description, &description) == sizeof description;
     const BITMAP& bitmap = description.dsBm;
-    BitmapHandle copy(isSection ? NewSectionLike(source, description) : NewPlainLike(bitmap));
+    BitmapHandle copy(isSection ? newCopyOfSection(source, description) : NewPlainLike(bitmap));
     if (copy == nullptr) {
         ::SetLastError(ERROR_NOT_ENOUGH_MEMORY); // the system may set no error
         return nullptr;
@@ -93,6 +99,17 @@ BitmapHandle CopyOfBitmap(HBITMAP source) {
     copy.reset();
     ::SetLastError(error != ERROR_SUCCESS ? error : DWORD{ERROR_INVALID_HANDLE});
     return nullptr;
+}
+
+} // namespace
+
+BitmapHandle CopyOfBitmap(HBITMAP source) {
+    return Copied(source, NewSectionLike);
+}
+
+BitmapHandle CopyForOtherProcesses(HBITMAP source) {
+    return Copied(source,
+                  [](HBITMAP, const DIBSECTION& section) { return NewOfTheScreen(section.dsBm); });
 }
 
 } // namespace quorvel

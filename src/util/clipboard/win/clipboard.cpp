@@ -92,14 +92,22 @@ bool ReadBitmap(CBitmap& bitmap) {
     return copy != nullptr && bitmap.Attach(copy.release());
 }
 
+// Passes what a unique_ptr owns to the clipboard.
+template <class Data>
+bool HandOver(UINT format, Data& data) {
+    if (data == nullptr || ::SetClipboardData(format, data.get()) == nullptr)
+        return false;
+    data.release();
+    return true;
+}
+
 bool PlaceBitmap(HBITMAP bitmap) {
-    quorvel::BitmapHandle copy = quorvel::CopyOfBitmap(bitmap);
-    return copy != nullptr && quorvel::WithOpenedClipboard(nullptr, [&copy] {
-               if (!::EmptyClipboard() || ::SetClipboardData(CF_BITMAP, copy.get()) == nullptr)
-                   return false;
-               copy.release(); // the clipboard owns it from here on
-               return true;
-           });
+    return quorvel::WithOpenedClipboard(nullptr, [bitmap] {
+        if (!::EmptyClipboard())
+            return false;
+        quorvel::BitmapHandle copy = quorvel::CopyForOtherProcesses(bitmap);
+        return HandOver(CF_BITMAP, copy);
+    });
 }
 
 class SystemClipboard final : public quorvel::ExitClipboard {
@@ -111,13 +119,12 @@ public:
 } // namespace
 
 bool quorvel::PlaceOnClipboard(HWND owner, UINT format, const void* bytes, SIZE_T size) {
-    GlobalMemory memory = MemoryWith(bytes, size);
-    return memory != nullptr && WithOpenedClipboard(owner, [&memory, format] {
-               if (!::EmptyClipboard() || ::SetClipboardData(format, memory.get()) == nullptr)
-                   return false;
-               memory.release(); // the clipboard owns it from here on
-               return true;
-           });
+    return WithOpenedClipboard(owner, [format, bytes, size] {
+        if (!::EmptyClipboard())
+            return false;
+        GlobalMemory memory = MemoryWith(bytes, size);
+        return HandOver(format, memory);
+    });
 }
 
 BOOL AfxCopyAnsiTextToClipboard(const char* text) {

@@ -21,33 +21,46 @@ HWND NewWindow() {
                              nullptr, nullptr);
 }
 
-// Runs the program that holds the clipboard while the object exists.
+// The program clipboard_holder.
 class OtherProcess {
 public:
-    OtherProcess()
-        : m_held(::CreateEventW(nullptr, TRUE, FALSE, kHeldEvent)),
-          m_release(::CreateEventW(nullptr, TRUE, FALSE, kReleaseEvent)) {
-        WCHAR line[] = _T("clipboard_holder.exe"); // must be writable
+    explicit OtherProcess(const WCHAR* arguments) {
+        CString line = CString(_T("clipboard_holder.exe")) + arguments; // must be writable
         STARTUPINFOW start = {};
         start.cb = sizeof start;
         PROCESS_INFORMATION process = {};
-        EXPECT_TRUE(::CreateProcessW(nullptr, line, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                                     &start, &process));
+        EXPECT_TRUE(::CreateProcessW(nullptr, line.GetBuffer(), nullptr, nullptr, FALSE, 0, nullptr,
+                                     nullptr, &start, &process));
         ::CloseHandle(process.hThread);
         m_process.reset(process.hProcess);
-        EXPECT_EQ(::WaitForSingleObject(m_held.get(), 30000), WAIT_OBJECT_0);
     }
-    ~OtherProcess() {
-        ::SetEvent(m_release.get());
+    DWORD ExitCode() const {
+        DWORD code = 0;
         ::WaitForSingleObject(m_process.get(), 30000);
+        ::GetExitCodeProcess(m_process.get(), &code);
+        return code;
     }
 
 private:
-    const Handle m_held, m_release;
     Handle m_process;
 };
 
-// A bitmap whose pixels can be compared: a bitmap section, or a plain bitmap.
+// Another process holds the clipboard while the object exists.
+class Holder {
+public:
+    Holder() { EXPECT_EQ(::WaitForSingleObject(m_held.get(), 30000), WAIT_OBJECT_0); }
+    ~Holder() {
+        ::SetEvent(m_release.get());
+        m_process.ExitCode();
+    }
+
+private:
+    const Handle m_held{::CreateEventW(nullptr, TRUE, FALSE, kHeldEvent)};
+    const Handle m_release{::CreateEventW(nullptr, TRUE, FALSE, kReleaseEvent)};
+    const OtherProcess m_process{_T("")};
+};
+
+// A bitmap whose pixels can be compared: a section, or a plain one.
 struct Info {
     BITMAPINFOHEADER header;
     RGBQUAD colors[256];
@@ -72,35 +85,13 @@ HBITMAP NewBitmap(int bits, int side, bool isSection) {
     std::memcpy(pixels, bytes.data(), bytes.size());
     return section;
 }
-// All pixels as 32 bits; for a plain bitmap of a depth that the screen lacks, the raw bytes.
-std::vector<BYTE> PixelsOf(HBITMAP bitmap) {
+// Of a plain bitmap of a depth that the screen lacks, which nothing can draw.
+std::vector<BYTE> BytesOf(HBITMAP bitmap) {
     BITMAP description = {};
     ::GetObjectW(bitmap, sizeof description, &description);
-    const bool isSection = description.bmBits != nullptr;
-    const LONG size = isSection ? description.bmWidth * description.bmHeight * 4
-                                : description.bmWidthBytes * description.bmHeight;
-    std::vector<BYTE> bytes(static_cast<std::size_t>(size));
-    if (!isSection) {
-        EXPECT_EQ(::GetBitmapBits(bitmap, size, bytes.data()), size);
-        return bytes;
-    }
-    BITMAPINFO info = {};
-    info.bmiHeader = {sizeof info.bmiHeader,
-                      description.bmWidth,
-                      description.bmHeight,
-                      1,
-                      32,
-                      BI_RGB,
-                      0,
-                      0,
-                      0,
-                      0,
-                      0};
-    const HDC dc = ::CreateCompatibleDC(nullptr);
-    EXPECT_EQ(::GetDIBits(dc, bitmap, 0, static_cast<UINT>(description.bmHeight), bytes.data(),
-                          &info, DIB_RGB_COLORS),
-              description.bmHeight);
-    ::DeleteDC(dc);
+    std::vector<BYTE> bytes(
+        static_cast<std::size_t>(description.bmWidthBytes * description.bmHeight));
+    ::GetBitmapBits(bitmap, static_cast<LONG>(bytes.size()), bytes.data());
     return bytes;
 }
 
@@ -204,7 +195,7 @@ TEST_F(Clipboard, HeldByAnotherProcessIsReported) {
     bitmap.Attach(NewBitmap(32, 3, true));
     EXPECT_TRUE(AfxCopyTextToClipboard(_T("kept")));
     {
-        const OtherProcess holder;
+        const Holder holder;
         EXPECT_FALSE(AfxCopyTextToClipboard(_T("a")));
         ExpectBox(kPlacing, ERROR_ACCESS_DENIED);
         EXPECT_FALSE(AfxCopyAnsiTextToClipboard("a"));
@@ -310,8 +301,16 @@ TEST_F(Clipboard, BitmapsComeBackWithEveryPixel) {
                 BITMAP description = {};
                 back.GetBitmap(&description);
                 EXPECT_EQ(description.bmWidth, side);
-                EXPECT_EQ(description.bmBitsPixel, bits);
-                EXPECT_TRUE(PixelsOf(back) == PixelsOf(source));
+                if (isSection) {
+                    EXPECT_FALSE(ColorsOf(back).empty());
+                    EXPECT_TRUE(ColorsOf(back) == ColorsOf(source));
+                } else {
+                    EXPECT_EQ(description.bmBitsPixel, bits);
+                    EXPECT_TRUE(BytesOf(back) == BytesOf(source));
+                }
+                if (side == 9 && (isSection || bits == 32)) {
+                    EXPECT_EQ(OtherProcess(_T(" read")).ExitCode(), SumOfColors(source));
+                }
             }
         }
     }
@@ -331,14 +330,14 @@ TEST_F(Clipboard, BitmapsThatCannotBeReadAreRefused) {
     EXPECT_FALSE(AfxCopyBitmapToClipboard(handle));
     EXPECT_TRUE(m_app.Take().empty());
 
-    EXPECT_TRUE(AfxCopyTextToClipboard(_T("kept")));
+    EXPECT_TRUE(AfxCopyTextToClipboard(_T("former")));
     const HDC dc = ::CreateCompatibleDC(nullptr);
     CBitmap selected;
     ASSERT_TRUE(selected.Attach(NewBitmap(8, 9, true)));
     const HGDIOBJ former = ::SelectObject(dc, selected);
     EXPECT_FALSE(AfxCopyBitmapToClipboard(&selected));
     EXPECT_EQ(m_app.Take().size(), 1u);
-    EXPECT_EQ(Text(), _T("kept"));
+    EXPECT_FALSE(::IsClipboardFormatAvailable(CF_UNICODETEXT)) << "emptied before the copy";
     ::SelectObject(dc, former);
     EXPECT_TRUE(AfxCopyBitmapToClipboard(&selected));
     ::DeleteDC(dc);

@@ -2,16 +2,17 @@
 //
 // Each function opens the clipboard without an owner window and closes it before it returns, except
 // AfxEmptyClipboardOnExit. A call whose arguments are valid and that then fails shows a box with
-// the system's text (exclamation mark, no help). A failed copy usually leaves the clipboard
-// unchanged, since the data is copied before the clipboard is emptied.
+// the system's text (exclamation mark, no help). A copy first empties the clipboard, which stays
+// empty if the copy fails. While another program holds the clipboard open, nothing changes.
 #pragma once
 
 #include <quorvel/framework/string.h>
 
 class CBitmap;
 
-// A null or empty text returns FALSE without a box and leaves the clipboard unchanged. The system
-// converts between 8-bit text, which is in the active code page, and Unicode text for readers.
+// A null or empty text returns FALSE without a box and leaves the clipboard unchanged. For readers,
+// the system converts between 8-bit text and Unicode text with the code page of the keyboard's
+// language at the time of the copy (CF_LOCALE). Prefer the Unicode form.
 QUORVEL_API BOOL AfxCopyAnsiTextToClipboard(const char* text);
 QUORVEL_API BOOL AfxCopyUnicodeTextToClipboard(const WCHAR* text);
 QUORVEL_API BOOL AfxCopyTextToClipboard(const WCHAR* text); // the same as Unicode
@@ -21,9 +22,11 @@ QUORVEL_API BOOL AfxCopyTextToClipboard(const WCHAR* text); // the same as Unico
 // read.
 QUORVEL_API BOOL AfxGetTextFromClipboard(CString& text);
 
-// Places a copy of the same size, depth and colour table; the caller keeps the bitmap. FALSE
-// without a box for null and for a handle that is not a bitmap. A bitmap section selected into a
-// device context cannot be read and is refused with a box: select another bitmap first.
+// Places a copy of the same size; the caller keeps the bitmap. The copy of a plain bitmap has the
+// same depth. The copy of a bitmap section is a plain bitmap of the screen's depth, since the
+// memory of a section belongs to this process. FALSE without a box for null and for a handle that
+// is not a bitmap. A bitmap section selected into a device context cannot be read and is refused
+// with a box: select another bitmap first.
 QUORVEL_API BOOL AfxCopyBitmapToClipboard(CBitmap* bitmap);
 QUORVEL_API BOOL AfxCopyBitmapToClipboard(HBITMAP bitmap);
 
