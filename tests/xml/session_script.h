@@ -13,7 +13,7 @@
 class SessionScript {
 public:
     // A session refuses edits before its last edit; the script calculates this from the positions
-    // of the direct edit. Returns null if all results agree, otherwise what differs.
+    // of the direct edit. Returns "" if all results agree, otherwise what differs.
     static const char* Run(std::span<const std::uint8_t> script) {
         if (script.empty())
             return "";

@@ -1,6 +1,6 @@
 // The version of Windows, and its description.
 //
-// Every function queries the system anew (GetVersionExW). A Windows newer than those listed is
+// Every function queries the system again (GetVersionExW). A Windows newer than those listed is
 // unknown. On Linux the platform id is 4, which no Windows has: the system is unknown, its
 // description is "Unknown operating system", and all predicates except AfxIsUnknownOperatingSystem
 // are FALSE. Any thread.
@@ -28,7 +28,7 @@ enum OperatingSystem : int {
 
 } // namespace quorvel
 
-QUORVEL_API int AfxGetOperatingSystem();
+QUORVEL_API int AfxGetOperatingSystem();                    // an OperatingSystem
 QUORVEL_API BOOL AfxIsValidOperatingSystem(int system);     // 0 to 10
 QUORVEL_API BOOL AfxIsSupportedOperatingSystem(int system); // 1 to 10
 

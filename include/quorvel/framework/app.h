@@ -1,4 +1,4 @@
-// The application object, and the message box that goes through it.
+// The application object, and the message boxes that it shows.
 //
 // A program derives one object from CWinApp; it lives as long as the program. Console programs may
 // do without it. Everything here is for the user-interface thread.
@@ -64,9 +64,9 @@ public:
     const WCHAR* m_pszProfileName; // null until SetRegistryKey sets the application's name
 };
 
-QUORVEL_API CWinApp* AfxGetApp(); // null when the program has no application object
-QUORVEL_API CWnd* AfxGetMainWnd();
-QUORVEL_API HINSTANCE AfxGetInstanceHandle();
+QUORVEL_API CWinApp* AfxGetApp();             // null when the program has no application object
+QUORVEL_API CWnd* AfxGetMainWnd();            // m_pMainWnd of the application object, or null
+QUORVEL_API HINSTANCE AfxGetInstanceHandle(); // the module of the program file
 // The application's name; without an application object, the name that it would have by default.
 QUORVEL_API const WCHAR* AfxGetAppName();
 

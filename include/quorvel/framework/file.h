@@ -60,7 +60,7 @@ public:
     virtual CString GetFilePath() const;
     virtual CString GetFileName() const;
 
-    static void Rename(const WCHAR* oldName, const WCHAR* newName);
+    static void Rename(const WCHAR* oldName, const WCHAR* newName); // refuses an existing name
     static void Remove(const WCHAR* fileName);
 
     HANDLE m_hFile;

@@ -26,7 +26,7 @@ public:
     // Returns FALSE and leaves the value unchanged when the key is missing.
     BOOL Lookup(const WCHAR* key, CString& value) const;
     void SetAt(const WCHAR* key, const WCHAR* value); // adds or replaces
-    BOOL RemoveKey(const WCHAR* key);
+    BOOL RemoveKey(const WCHAR* key);                 // FALSE when the key is missing
     void RemoveAll() noexcept;
 
     // Visits each entry once, in the order of the keys, until the position is null. During the walk
@@ -86,7 +86,7 @@ public:
     }
     Value& operator[](ArgKey key) { return m_entries[Key(key)]; } // adds a missing key
     void SetAt(ArgKey key, ArgValue value) { m_entries.insert_or_assign(Key(key), value); }
-    BOOL RemoveKey(ArgKey key) { return m_entries.erase(Key(key)) != 0; }
+    BOOL RemoveKey(ArgKey key) { return m_entries.erase(Key(key)) != 0; } // FALSE when missing
     void RemoveAll() noexcept { m_entries.clear(); }
 
     // Visits each entry once, in no particular order, until the position is null. During the walk

@@ -9,7 +9,7 @@
 
 class CArchive;
 
-struct QUORVEL_API CRuntimeClass { // what such a class knows
+struct QUORVEL_API CRuntimeClass { // the name and base class of a class
     const char* m_lpszClassName;
     CRuntimeClass* (*m_pfnGetBaseClass)(); // null for CObject
 

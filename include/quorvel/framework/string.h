@@ -93,13 +93,13 @@ public:
 
     int GetLength() const noexcept { return Header()->length; }
     bool IsEmpty() const noexcept { return GetLength() == 0; }
-    int GetAllocLength() const noexcept { return Header()->capacity; }
+    int GetAllocLength() const noexcept { return Header()->capacity; } // in characters
     const Ch* GetString() const noexcept { return m_text; }
     operator const Ch*() const noexcept { return m_text; }
     // `position` must be from 0 to the length (the terminator); it is not checked.
     Ch GetAt(int position) const noexcept { return m_text[position]; }
     Ch operator[](int position) const noexcept { return m_text[position]; }
-    void SetAt(int position, Ch character);
+    void SetAt(int position, Ch character); // below the length; not checked
     // All characters, including embedded zeros. Valid until the string changes.
     const Ch* begin() const noexcept { return m_text; }
     const Ch* end() const noexcept { return m_text + GetLength(); }
@@ -132,9 +132,9 @@ public:
     Ch* GetBufferSetLength(int length);
     void ReleaseBuffer(int newLength = -1);
     void ReleaseBufferSetLength(int newLength) { ReleaseBuffer(newLength); }
-    void Preallocate(int length);
+    void Preallocate(int length); // at least this capacity; keeps the text
     void Truncate(int newLength); // a length above the current one changes nothing
-    void FreeExtra();
+    void FreeExtra();             // reduces the capacity to the length
 
     // Compares code units; NoCase uses simple case folding of all letters in wide text, and of
     // ASCII in narrow text. Returns -1, 0 or 1. Both strings end at their first zero.
@@ -146,15 +146,15 @@ public:
     int Find(const Ch* text, int start = 0) const noexcept;
     int Find(Ch character, int start = 0) const noexcept;
     int ReverseFind(Ch character) const noexcept;
-    int FindOneOf(const Ch* characters) const noexcept;
+    int FindOneOf(const Ch* characters) const noexcept; // any of these characters
 
     // Positions and counts are clamped to the text.
     CStringT Mid(int first) const;
     CStringT Mid(int first, int count) const;
     CStringT Left(int count) const;
     CStringT Right(int count) const;
-    CStringT SpanIncluding(const Ch* characters) const;
-    CStringT SpanExcluding(const Ch* characters) const;
+    CStringT SpanIncluding(const Ch* characters) const; // the beginning, all in the set
+    CStringT SpanExcluding(const Ch* characters) const; // up to the first in the set
     // Returns the next token and moves `position` past it. At the end returns "" and sets -1.
     CStringT Tokenize(const Ch* separators, int& position) const;
 
@@ -167,7 +167,7 @@ public:
     int Replace(const Ch* oldText, const Ch* newText);
     int Remove(Ch character);
 
-    CStringT& MakeUpper();
+    CStringT& MakeUpper(); // simple case mapping, in narrow text of ASCII only
     CStringT& MakeLower();
     CStringT& MakeReverse();
     // White space is what isspace of the C locale accepts. The other overloads trim what is given.

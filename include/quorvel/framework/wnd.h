@@ -37,7 +37,7 @@ struct AFX_MSGMAP_ENTRY {
     UINT nLastID;
     LRESULT (*pfn)(CWnd* wnd, WPARAM wParam, LPARAM lParam);
 };
-struct AFX_NOTIFY { // what a row for WM_NOTIFY gets
+struct AFX_NOTIFY { // the argument of a row for WM_NOTIFY
     LRESULT* pResult;
     NMHDR* pNMHDR;
 };

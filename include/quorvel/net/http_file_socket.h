@@ -40,7 +40,7 @@ public:
     CHttpFileSocket();
     ~CHttpFileSocket() override;
 
-    void SetGetHeaderOnly(BOOL headerOnly) { m_getHeaderOnly = headerOnly; } // TRUE at first
+    void SetGetHeaderOnly(BOOL headerOnly) { m_getHeaderOnly = headerOnly; } // default TRUE
     BOOL GetHeaderOnly() const { return m_getHeaderOnly; }
     void SetLocalFileName(const WCHAR* fileName); // nothing for null
     CString GetLocalFileName() const { return m_localFileName; }
@@ -53,7 +53,7 @@ public:
     ULONGLONG GetBytesReceived() const { return m_bytesReceived; } // the header included
 
     // A response with more bytes ends the connection with statusReceiving and WSAEMSGSIZE; so does
-    // a header of more. No limits at first.
+    // a header of more. No limits by default.
     void SetHeaderLimit(SIZE_T bytes) { m_headerLimit = bytes; }
     void SetFileLimit(ULONGLONG bytes) { m_fileLimit = bytes; }
 

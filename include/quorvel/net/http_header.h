@@ -37,7 +37,7 @@ public:
     // otherwise the first match in code order.
     BOOL FindFieldValue(const WCHAR* name, CString& value) const;
     void SetFieldValue(const WCHAR* name, const WCHAR* value); // ignored when one is null
-    BOOL RemoveField(const WCHAR* name);
+    BOOL RemoveField(const WCHAR* name);                       // FALSE for null or a missing field
     void RemoveAllFields() { m_fields->RemoveAll(); }
     const CMapStringToString& GetFieldsMap() const { return *m_fields; }
 

@@ -34,7 +34,7 @@ typedef long long __int64; // the 64-bit integer's name in public signatures
 typedef char CHAR;
 typedef unsigned char UCHAR;
 typedef char16_t WCHAR;
-typedef WCHAR TCHAR; // what _T("...") consists of
+typedef WCHAR TCHAR; // the character type of _T("...")
 typedef char* LPSTR;
 typedef const char* LPCSTR;
 typedef WCHAR* LPWSTR;
@@ -222,7 +222,7 @@ struct NUMBERFMTW {
 
 // Accelerators: a key and the command that it invokes.
 struct ACCEL {
-    BYTE fVirt; // FVIRTKEY and its like
+    BYTE fVirt; // FVIRTKEY, FSHIFT, FCONTROL, FALT
     WORD key;   // a virtual-key code, without FVIRTKEY a character
     WORD cmd;
 };

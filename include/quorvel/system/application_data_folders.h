@@ -60,7 +60,7 @@ public:
                                       int addBackslash) const;
     BOOL GetUserLocalApplicationDataFolder(applicationDataFolderTypes type, CString& path,
                                            int addBackslash) const;
-
+    // The same with the root and the type in the name.
     BOOL GetComputerCompanyNameFolder(CString& path, int addBackslash) const;
     BOOL GetComputerProductNameFolder(CString& path, int addBackslash) const;
     BOOL GetComputerProductVersionFolder(CString& path, int addBackslash) const;

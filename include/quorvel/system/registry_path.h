@@ -45,7 +45,7 @@ public:
 
     // Whether a root is set. Without a sub key the path is the root key itself.
     virtual BOOL IsValid() const;
-    virtual void Nullify();
+    virtual void Nullify(); // unsets the root and the sub key
     virtual ~CRegistryPath();
 
     // Opens the key for reading and writing; CreateSubKey also creates missing keys. Returns the

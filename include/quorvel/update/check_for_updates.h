@@ -69,10 +69,10 @@ public:
 
     // Loads the local updates file, if it exists, and shows it with the dates.
     void Open();
-    // Returns FALSE when no check was started; the view has then shown the reason.
+    // FALSE: no check was started; the view has shown why, unless the host's link hook refused.
     BOOL Check();
-    BOOL IsActive() const;
-    void Cancel();
+    BOOL IsActive() const; // whether a check is running
+    void Cancel();         // ends a running check; the view gets resultCancelled
     // Asks the user and then deletes the listing and its date, but not the date of the last check.
     void Reset();
     // A view whose PostCheckFinished returned TRUE calls this later, with the same code.

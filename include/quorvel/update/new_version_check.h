@@ -19,12 +19,12 @@ public:
                      CCheckForUpdatesView& view);
     CNewVersionCheck(const CNewVersionCheck&) = delete;
     CNewVersionCheck& operator=(const CNewVersionCheck&) = delete;
-    ~CNewVersionCheck();
+    ~CNewVersionCheck(); // ends a running check without a message
 
-    BOOL Check();
-    BOOL IsActive() const;
-    void Cancel();
-    void OnCheckFinished(DWORD code);
+    BOOL Check();                                   // these four: as in CCheckForUpdates
+    BOOL IsActive() const;                          // whether a check is running
+    void Cancel();                                  // ends a running check
+    void OnCheckFinished(DWORD code);               // see CCheckForUpdatesView::PostCheckFinished
     void SetStrict(BOOL strict);                    // FALSE by default; before Check
     void SetTransport(CUpdateTransport* transport); // not owned; null: plain HTTP; before Check
     BOOL SetPublicKey(const WCHAR* text);           // replaces all keys; before Check

@@ -20,7 +20,7 @@ class TransportConnection;
 
 class QUORVEL_API CUpdateTransport {
 public:
-    struct Request {               // what is to be fetched
+    struct Request {               // the file to fetch
         CString url;               // from the settings, with scheme and port
         BOOL headerOnly = FALSE;   // only the status code and the fields are wanted
         CString fileName;          // an existing, empty file; empty for headerOnly

@@ -34,7 +34,7 @@ public:
     BOOL GetErrorMessage(LPWSTR text, UINT maxChars, UINT* helpContext = nullptr) override;
 };
 
-QUORVEL_API BOOL AfxIsValidXMLFileExceptionCause(int cause);
+QUORVEL_API BOOL AfxIsValidXMLFileExceptionCause(int cause); // in the enumeration
 // The text to show for a cause: for `systemError` the system's text of GetLastError, for
 // `fileTooLarge` with the size filled in, for a cause outside the enumeration that of `generic`.
 // Returns FALSE and an empty text when there is no text.

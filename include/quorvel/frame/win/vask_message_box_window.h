@@ -1,4 +1,4 @@
-// CVaskMessageBox: the window behind the message boxes of <quorvel/frame/vask_message_box.h>.
+// CVaskMessageBox: the window of the message boxes in <quorvel/frame/vask_message_box.h>.
 // Windows only, user-interface thread.
 //
 // The object is on the caller's stack for one box. AfxHookWindowCreate attaches it to the next

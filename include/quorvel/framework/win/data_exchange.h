@@ -52,7 +52,7 @@ concept ShownInteger = std::integral<T> && !std::same_as<T, bool> && !std::same_
 
 // Subclasses the control with this object. Does nothing when the object already has a window.
 QUORVEL_API void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
-
+// The text of the control, or the number that it shows.
 QUORVEL_API void DDX_Text(CDataExchange* exchange, int id, CString& value);
 QUORVEL_API void DDX_Text(CDataExchange* exchange, int id, double& value);
 template <quorvel::ShownInteger T>

@@ -14,12 +14,12 @@
 
 // Whether the year is at least 1 and the month has that day.
 QUORVEL_API BOOL AfxIsValidDate(int day, int month, int year);
-QUORVEL_API BOOL AfxIsValidTime(int hour, int minute, int second);
-QUORVEL_API BOOL AfxIsValidDayOfWeek(int dayOfWeek);
-QUORVEL_API BOOL AfxIsWeekendDay(int dayOfWeek);
-QUORVEL_API BOOL AfxIsWeekday(int dayOfWeek);
-QUORVEL_API BOOL AfxIsLeapYear(int year); // FALSE below the year 1
-QUORVEL_API BOOL AfxIsEmptyDateTime(COleDateTime date);
+QUORVEL_API BOOL AfxIsValidTime(int hour, int minute, int second); // 0:00:00 to 23:59:59
+QUORVEL_API BOOL AfxIsValidDayOfWeek(int dayOfWeek);               // 1 to 7
+QUORVEL_API BOOL AfxIsWeekendDay(int dayOfWeek);                   // 1 or 7
+QUORVEL_API BOOL AfxIsWeekday(int dayOfWeek);                      // 2 to 6
+QUORVEL_API BOOL AfxIsLeapYear(int year);                          // FALSE below the year 1
+QUORVEL_API BOOL AfxIsEmptyDateTime(COleDateTime date);            // the value 0.0, status valid
 
 // 28 to 31. Deliberate: 1, not 0, for a year below 1 or a month out of range.
 QUORVEL_API int AfxGetLastDayInMonth(int month, int year);
@@ -36,7 +36,7 @@ QUORVEL_API BOOL AfxOffsetMonth(int& month, int& year, int offset);
 
 // Below, a function that ends in InOffsetMonth is the one that ends in InMonth, for the month moved
 // by AfxOffsetMonth. Counts and ordinals are 1 or more; the time taken does not depend on them.
-
+// The first and the last day of the month:
 QUORVEL_API COleDateTime AfxGetFirstDayInOffsetMonth(int month, int year, int offset);
 QUORVEL_API COleDateTime AfxGetLastDayInOffsetMonth(int month, int year, int offset);
 
