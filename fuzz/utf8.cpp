@@ -1,6 +1,6 @@
-// UTF-8 and UTF-16. The first byte says whether the conversion is strict and what the rest lies
-// between, the second one how much room is lacking. The portable form and the kernels must agree,
-// also while they only count.
+// UTF-8 and UTF-16. The first byte says whether the conversion is strict and chooses the text
+// around the input, the second one how much room is missing. The portable form and the kernels must
+// agree, also when they only count.
 #include "fuzz_input.h"
 #include "platform/linux/text/utf8_kernels.h"
 
@@ -17,7 +17,7 @@ struct Result {
     bool operator==(const Result&) const = default;
 };
 
-// The vectors end where room and text do, for the sanitizer to watch.
+// The vectors have the exact sizes of room and text, so that the sanitizer finds overruns.
 template <class Source, class Target>
 class Conversion {
 public:
@@ -37,7 +37,7 @@ public:
     void Check(const Utf8Kernels* kernels, std::size_t missing) const {
         Output<Target> counted(nullptr, 0);
         const DWORD error = m_convert(kernels, m_text, m_strict, counted);
-        const std::size_t room = counted.Count() + 1; // behind a full buffer nothing is examined
+        const std::size_t room = counted.Count() + 1; // a full buffer ends the conversion
         const auto whole = Run(nullptr, room);
         Require(whole.error == error && whole.text.size() == counted.Count());
         for (const std::size_t lacking : {std::size_t{0}, std::size_t{1}, missing})
@@ -51,7 +51,7 @@ private:
     const std::vector<Source>& m_text;
 };
 
-// What the rest lies between: blocks of one kind are what the kernels are made for.
+// The text around the input: blocks of one kind, for which the kernels are made.
 constexpr std::u16string_view kSurroundings[] = {
     u"", u"The quick brown fox jumps over the lazy dog. ",
     u"Съешь же ещё этих мягких французских булок ", u"色は匂へど散りぬるを我が世誰ぞ常ならむ",

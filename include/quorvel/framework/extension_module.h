@@ -21,7 +21,7 @@ QUORVEL_API BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE mod
 // for a record that was never initialised.
 QUORVEL_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = FALSE);
 
-// An entry of the chain. It is first in the chain from its construction, until its destruction.
+// An entry of the chain, from its construction to its destruction. The newest entry is first.
 class QUORVEL_API CDynLinkLibrary : public CCmdTarget {
     DECLARE_DYNAMIC(CDynLinkLibrary)
 public:

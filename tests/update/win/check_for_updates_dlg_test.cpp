@@ -1,5 +1,5 @@
-// The dialog of the check for updates, by keys and clicks as a user makes them, and by the messages
-// of its connections.
+// The dialog of the check for updates, driven by a user's keys and clicks and by the messages of
+// its connections.
 #include <quorvel/frame/module.h>
 #include <quorvel/framework/win/list_ctrl.h>
 #include <quorvel/res/resource_ids.h>
@@ -59,7 +59,7 @@ protected:
     }
     HWND Child(int id) const { return ::GetDlgItem(dialog->m_hWnd, id); }
     std::string Text(int id) const { return Narrow(TextOf(Child(id))); }
-    // The visible window over the dialog; null for none.
+    // The visible window over the dialog, or null.
     HWND Pane() const {
         for (HWND box = nullptr;
              (box = ::FindWindowExW(nullptr, box, _T("#32770"), nullptr)) != nullptr;) {
@@ -97,7 +97,7 @@ protected:
     Step Answer(const std::string& response) {
         return [this, response](HWND) { source.Answer(StatusMessages{dialog->m_hWnd}, response); };
     }
-    // For a step whose window may not be the front one.
+    // For a step whose window may not be the frontmost one.
     Step ClickHere(int id) {
         return [this, id](HWND) { Click(dialog->m_hWnd, id); };
     }
@@ -179,7 +179,7 @@ TEST_F(UpdatesDlg, ACheckShowsHowFarItIsAndThenTheNewListing) {
              EXPECT_EQ(Text(QUORVEL_UPDATES_LAST_CHECKED),
                        "Last checked for updates on 3/12/2024 1:00:00 PM.");
          },
-         ClickHere(QUORVEL_UPDATES_CHECK), // one at a time
+         ClickHere(QUORVEL_UPDATES_CHECK), // only one check at a time
          [&](HWND) {
              EXPECT_EQ(boxes.Lines(), "(30) An error has occurred while checking for updates."
                                       "\r\n\r\nA connection socket is already active.\n");
@@ -337,14 +337,14 @@ TEST_F(UpdatesDlg, KeepsTheArrangementOfTheColumns) {
 }
 
 TEST_F(UpdatesDlg, TheSettingsAreThoseOfItsPath) {
-    const auto wait = [](HWND) {}; // a dialog is shown when nothing else is left to do
+    const auto wait = [](HWND) {}; // a dialog is shown when no message waits
     Run({ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
          [](HWND box) { ::SetDlgItemTextW(box, QUORVEL_UPDATES_URL, _T("http://new/")); },
          Press(VK_RETURN), wait, Press(VK_ESCAPE)});
     EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://new/"));
 }
 
-// New entries are bold, and others are not.
+// New entries are bold; others are not.
 TEST_F(UpdatesDlg, NewEntriesAreBold) {
     Run({[&](HWND) {
              auto& list = *static_cast<CUpdateListingListCtrl*>(

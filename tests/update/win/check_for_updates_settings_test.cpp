@@ -1,4 +1,4 @@
-// The settings of the check for updates and its reminder, by keys and clicks as a user makes them.
+// The settings of the check for updates and its reminder, driven by a user's keys and clicks.
 #include <quorvel/res/resource_ids.h>
 #include <quorvel/update/check_for_updates_profile.h>
 #include <quorvel/update/win/check_for_updates_reminder_dlg.h>
@@ -70,7 +70,7 @@ TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
         const WCHAR* url;
         bool isTicked;
         const WCHAR* days;
-        const WCHAR* refusal; // what it begins with; null: it is stored
+        const WCHAR* refusal; // the beginning of the refusal; null: stored
         int field;
         int stored;
     } rows[] = {
@@ -175,7 +175,7 @@ TEST_F(UpdatesReminder, OnlyDismissalIsStored) {
 
 TEST_F(UpdatesReminder, ReachesTheSettings) {
     CCheckForUpdatesReminderDlg dialog(path);
-    const auto wait = [](HWND) {}; // a dialog is shown when nothing else is left to do
+    const auto wait = [](HWND) {}; // a dialog is shown when no message waits
     const DialogDriver driver({ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
                                Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN),
                                Press(VK_ESCAPE)});

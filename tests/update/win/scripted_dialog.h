@@ -1,4 +1,4 @@
-// Update dialogs whose server is the test: statuses come as the messages that sockets post.
+// Update dialogs whose server is the test: statuses arrive as messages like those of sockets.
 #pragma once
 
 #include <quorvel/net/vask_socket.h>
@@ -47,7 +47,7 @@ private:
     ScriptedSource& m_source;
 };
 
-// Notes the boxes, and lets something happen while one is shown.
+// Records the boxes, and can run a function while one is shown.
 class BoxScript : public MessageBoxRecorder {
 public:
     int DoMessageBox(const WCHAR* prompt, UINT type, UINT helpId) override {
@@ -56,7 +56,7 @@ public:
             std::exchange(m_meanwhile, nullptr)();
         return answer;
     }
-    // The texts since the last call, a line each, with their types.
+    // The texts since the last call, one line each, with their types.
     std::string Lines() {
         std::string lines;
         for (const RecordedMessageBox& box : Take()) {

@@ -1,5 +1,5 @@
-// The dialogs of the checks for updates with what a host chooses for them: its own transport, the
-// publisher's keys, strictness and the age of listings.
+// The dialogs of the checks for updates with the options that a host can set: its own transport,
+// the publisher's keys, strictness, and the age of listings.
 #include <quorvel/res/message_ids.h>
 #include <quorvel/res/resource_ids.h>
 #include <quorvel/update/win/check_for_updates_dlg.h>
@@ -30,7 +30,7 @@ std::string Listing(const std::string& date) {
 
 const std::string kError = "(30) An error has occurred while checking for updates.\r\n\r\n";
 
-// The site is a folder, read by the transport.
+// The site is a folder that the transport reads.
 class SecuredDialogs : public testing::Test, protected CheckSurroundings {
 protected:
     SecuredDialogs() {
@@ -48,7 +48,7 @@ protected:
         AfxWriteProfileCheckForUpdatesLastChecked(path, COleDateTime());
         AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
     }
-    // Presses Check and waits until that has ended, with so many boxes; what they showed.
+    // Presses Check and waits for its end with this number of boxes. Returns what they showed.
     std::string Check(CCheckForUpdatesDlg& dialog, std::size_t boxCount) {
         const auto hasEnded = [&] {
             return boxes.m_boxes.size() >= boxCount && !HasTemporaryFiles();
@@ -92,7 +92,7 @@ TEST_F(SecuredDialogs, OnlyWhatThePublisherSignedReplacesTheFileAndARefusalIsSai
     const struct {
         const char* label;
         std::string listing, signature;
-        std::string refusal; // what the box begins with; empty: the file is replaced
+        std::string refusal; // the beginning of the box; empty: the file is replaced
     } rows[] = {
         {"forged", Listing("2024-03-12"), SignatureText(kKey, good, ""), wrong},
         {"wrong key", good, SignatureText(kForeignKey, good, ""),
@@ -193,7 +193,7 @@ TEST_F(SecuredDialogs, AVersionFileCountsByItsSignatureAlone) {
     }
 }
 
-// Over the sockets, a transport is strict in any case.
+// Uses sockets, since a transport is always strict.
 TEST_F(SecuredDialogs, StrictChecksRefuseABodyThatIsTooShort) {
     const std::string body = Listing("2024-03-10");
     const std::string cut = "HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n" + body;

@@ -22,8 +22,8 @@ QUORVEL_API CString AfxGetZipErrorText(int zipError);
 
 // Adds a file under `nameInZip`, or under `sourcePath` unchanged when that is null. The time of the
 // entry is the current time in UTC. `level` is zlib's, -1 to 9. Returns 0, or a zip error code with
-// its text: -104, with the system's error text, when the source cannot be opened or read. An entry
-// that was begun stays in the archive with what was written. On success `errorText` is unchanged.
+// its text; for a source that cannot be opened or read -104, with the text of the file's exception.
+// An entry that was begun stays, with what was written. On success `errorText` is unchanged.
 QUORVEL_API int AfxAddFileToZipFile(void* zip, const WCHAR* sourcePath, const WCHAR* nameInZip,
                                     int level, CString& errorText);
 
