@@ -28,7 +28,7 @@ class SocketWorker;
 class QUORVEL_API CVaskSocketThreadParams {
 public:
     CVaskSocketThreadParams() = default;
-    // Connects to a host, which is looked up unless it is a dotted address.
+    // For a host, which is looked up unless it is a dotted address, and connected to if `connect`.
     CVaskSocketThreadParams(const WCHAR* hostAddress, BOOL connect, CVaskSocket* socket);
     // Connects to the address. The address is not copied.
     CVaskSocketThreadParams(const quorvel::win32::sockaddr* address, int length,

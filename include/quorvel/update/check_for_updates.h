@@ -36,8 +36,8 @@
 //       for its trusted comment, with one of the keys;
 //     - a file older than the last accepted one is refused. The date is <lastBuildDate> of a
 //       listing; for a version file it is "timestamp:<seconds since 1970>" in the trusted comment,
-//       as minisign writes it. If "serial:<number>" in a trusted comment was accepted, a lower
-//       number, or none, is refused too. The last accepted values are in the settings ("Signed
+//       as minisign writes it. Once a trusted comment with "serial:<number>" was accepted, a lower
+//       or missing number is refused too. The last accepted values are in the settings ("Signed
 //       Date", "Signed Serial", "Signed Version Date", "Signed Version Serial"). Reset deletes
 //       them;
 //     - a listing dated more than a day in the future is refused.
