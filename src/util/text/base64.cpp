@@ -65,7 +65,7 @@ int DecodeGroup(Base64Cursor<Ch>& cursor) {
 template <class Ch>
 const Base64Kernels<Ch>& FastestBase64() {
     static const Base64Kernels<Ch>& fastest = []() -> const Base64Kernels<Ch>& {
-        for (const Base64Kernels<Ch>* kernels : {Avx512Base64<Ch>(), Ssse3Base64<Ch>()})
+        for (const Base64Kernels<Ch>* kernels : {Avx2Base64<Ch>(), Ssse3Base64<Ch>()})
             if (kernels != nullptr)
                 return *kernels;
         return PortableBase64<Ch>();

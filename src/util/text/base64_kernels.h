@@ -111,7 +111,7 @@ const Base64Kernels<Ch>& PortableBase64();
 template <class Ch>
 const Base64Kernels<Ch>* Ssse3Base64();
 template <class Ch>
-const Base64Kernels<Ch>* Avx512Base64();
+const Base64Kernels<Ch>* Avx2Base64();
 
 // The public functions with the kernels to use.
 template <class Ch>

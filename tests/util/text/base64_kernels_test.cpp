@@ -37,7 +37,7 @@ TEST(Base64Kernels, AgreeOnEveryWideCharacter) {
         std::basic_string<WCHAR> text(80, 'a');
         text[unit % 67] = static_cast<WCHAR>(unit);
         const std::string expected = Decoded(quorvel::PortableBase64<WCHAR>(), text);
-        for (const auto* kernels : {quorvel::Ssse3Base64<WCHAR>(), quorvel::Avx512Base64<WCHAR>()})
+        for (const auto* kernels : {quorvel::Ssse3Base64<WCHAR>(), quorvel::Avx2Base64<WCHAR>()})
             ASSERT_TRUE(kernels == nullptr || Decoded(*kernels, text) == expected) << unit;
     }
 }
