@@ -72,8 +72,8 @@ void NextWeekdays(benchmark::State& state) {
     }
 }
 
-BENCHMARK(Ordinals<OrdinalDayOfWeek>);
-BENCHMARK(Ordinals<HinnantOrdinalDayOfWeek>);
+BENCHMARK(Ordinals<OrdinalDayOfWeek>)->Name("OrdinalDay/Quorvel");
+BENCHMARK(Ordinals<HinnantOrdinalDayOfWeek>)->Name("OrdinalDay/date");
 BENCHMARK(NextWeekdays)->Arg(1)->Arg(1000000)->Arg(2000000000);
 
 } // namespace

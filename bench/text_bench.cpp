@@ -166,17 +166,18 @@ void BlockSizes(benchmark::internal::Benchmark* benchmark) {
         benchmark->Arg(size);
 }
 
-BENCHMARK(Base64Encode<0>)->Apply(BlockSizes);
-BENCHMARK(Base64Encode<BASE64_NO_LINE_BREAKS>)->Apply(BlockSizes);
-BENCHMARK(OpenSslEncodeBlock)->Apply(BlockSizes);
-BENCHMARK(Base64Decode<0>)->Apply(BlockSizes);
-BENCHMARK(OpenSslDecodeUpdate)->Apply(BlockSizes);
-BENCHMARK(Base64Decode<BASE64_NO_LINE_BREAKS>)->Apply(BlockSizes);
-BENCHMARK(OpenSslDecodeBlock)->Apply(BlockSizes);
-BENCHMARK(Md5Digest)->Apply(BlockSizes);
-BENCHMARK(OpenSslMd5Digest)->Apply(BlockSizes);
-BENCHMARK(EscapeUrl)->Arg(20)->Arg(200)->Arg(1400);
-BENCHMARK(LibXmlEscapeUri)->Arg(20)->Arg(200)->Arg(1400);
+BENCHMARK(Base64Encode<BASE64_NO_LINE_BREAKS>)->Name("Base64Encode/Quorvel")->Apply(BlockSizes);
+BENCHMARK(OpenSslEncodeBlock)->Name("Base64Encode/EVP_EncodeBlock")->Apply(BlockSizes);
+BENCHMARK(Base64Encode<0>)->Name("Base64EncodeLines/Quorvel")->Apply(BlockSizes);
+BENCHMARK(OpenSslEncodeBlock)->Name("Base64EncodeLines/EVP_EncodeBlock")->Apply(BlockSizes);
+BENCHMARK(Base64Decode<BASE64_NO_LINE_BREAKS>)->Name("Base64Decode/Quorvel")->Apply(BlockSizes);
+BENCHMARK(OpenSslDecodeBlock)->Name("Base64Decode/EVP_DecodeBlock")->Apply(BlockSizes);
+BENCHMARK(Base64Decode<0>)->Name("Base64DecodeLines/Quorvel")->Apply(BlockSizes);
+BENCHMARK(OpenSslDecodeUpdate)->Name("Base64DecodeLines/EVP_DecodeUpdate")->Apply(BlockSizes);
+BENCHMARK(Md5Digest)->Name("Md5/Quorvel")->Apply(BlockSizes);
+BENCHMARK(OpenSslMd5Digest)->Name("Md5/EVP_Digest")->Apply(BlockSizes);
+BENCHMARK(EscapeUrl)->Name("Escape/Quorvel")->Arg(20)->Arg(200)->Arg(1400);
+BENCHMARK(LibXmlEscapeUri)->Name("Escape/libxml2")->Arg(20)->Arg(200)->Arg(1400);
 BENCHMARK(EncodingCodePage)->DenseRange(0, 2);
 BENCHMARK(EncodingPreferredName);
 

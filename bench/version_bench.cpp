@@ -17,7 +17,7 @@ void VersionParse(benchmark::State& state) {
         benchmark::DoNotOptimize(parts);
     }
 }
-BENCHMARK(VersionParse);
+BENCHMARK(VersionParse)->Name("VersionParse/Quorvel");
 
 void VersionParseScanf(benchmark::State& state) {
     unsigned parts[4];
@@ -27,7 +27,7 @@ void VersionParseScanf(benchmark::State& state) {
         benchmark::DoNotOptimize(parts);
     }
 }
-BENCHMARK(VersionParseScanf);
+BENCHMARK(VersionParseScanf)->Name("VersionParse/sscanf");
 
 void VersionCompare(benchmark::State& state) {
     CVersionNumber left(10, 0, 19041, 1234);

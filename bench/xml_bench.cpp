@@ -183,6 +183,12 @@ void EveryCorpus(benchmark::internal::Benchmark* benchmark) {
     benchmark->Unit(benchmark::kMicrosecond);
 }
 
+// Whose texts are not ASCII.
+void EveryLanguage(benchmark::internal::Benchmark* benchmark) {
+    benchmark->ArgsProduct({{4, 5}, {static_cast<std::int64_t>(kLargeXml)}});
+    benchmark->Unit(benchmark::kMicrosecond);
+}
+
 BENCHMARK(Reparse)->Name("XmlReparse/CMarkup")->Apply(EveryCorpus);
 BENCHMARK(ParsePugiInPlace)->Name("XmlReparse/pugixml")->Apply(EveryCorpus);
 BENCHMARK(Run<ParseSetDoc>)->Name("XmlParse/SetDoc")->Apply(EveryCorpus);
@@ -197,6 +203,11 @@ BENCHMARK(Run<Rapid::Load>)->Name("XmlLoad/RapidXML")->Apply(EveryCorpus);
 BENCHMARK(Run<Tiny::Load>)->Name("XmlLoad/TinyXML-2")->Apply(EveryCorpus);
 BENCHMARK(Run<Expat::Load>)->Name("XmlLoad/expat")->Apply(EveryCorpus);
 BENCHMARK(Run<LibXml2::Load>)->Name("XmlLoad/libxml2")->Apply(EveryCorpus);
+BENCHMARK(Run<LoadFile>)->Name("XmlLoadText/AfxLoadXMLFile")->Apply(EveryLanguage);
+BENCHMARK(Run<Pugi::Load>)->Name("XmlLoadText/pugixml")->Apply(EveryLanguage);
+BENCHMARK(Run<Rapid::Load>)->Name("XmlLoadText/RapidXML")->Apply(EveryLanguage);
+BENCHMARK(Run<Expat::Load>)->Name("XmlLoadText/expat")->Apply(EveryLanguage);
+BENCHMARK(Run<LibXml2::Load>)->Name("XmlLoadText/libxml2")->Apply(EveryLanguage);
 BENCHMARK(Run<ReloadFile>)->Name("XmlReload/AfxLoadXMLFile")->Apply(EveryCorpus);
 BENCHMARK(Run<Pugi::Load>)->Name("XmlReload/pugixml")->Apply(EveryCorpus);
 BENCHMARK(SaveFile)->Name("XmlSave/AfxSaveXMLFile")->Unit(benchmark::kMicrosecond);

@@ -13,6 +13,15 @@ constexpr const char* kWords[] = {
     "server", "client",  "version", "window",  "installer", "package",     "driver",     "network"};
 constexpr const char* kForeign[] = {"Straße", "naïve",   "Übergröße", "señor", "Ελλάδα", "Москва",
                                     "日本語", "čeština", "“quoted”",  "—",     "€",      "😀"};
+constexpr const char* kRussian[] = {
+    "обновление",   "программа", "сервер",    "и",      "в",        "на",
+    "настройки",    "окно",      "версия",    "новая",  "каждый",   "файл",
+    "пользователь", "может",     "сохранить", "после",  "документ", "сеть",
+    "через",        "около",     "проверка",  "готова", "список",   "клавиша"};
+constexpr const char* kJapanese[] = {
+    "更新",   "の",   "プログラム", "を",   "確認", "する",         "ファイル", "が",
+    "新しい", "版",   "設定",       "画面", "に",   "保存",         "された",   "利用者",
+    "は",     "選択", "できる",     "文書", "一覧", "ネットワーク", "接続",     "後で"};
 constexpr const char* kEntities[] = {"&amp;", "&lt;", "&gt;", "&quot;", "&#233;", "&apos;"};
 
 // One generator a corpus. Only the raw output of the engine is used: the standard's distributions
@@ -145,6 +154,35 @@ std::string Section(Writer& writer) {
     return section + "</section>\n";
 }
 
+// An article in a language that is not written in ASCII.
+template <std::size_t count>
+std::string Article(Writer& writer, const char* const (&words)[count], const char* blank,
+                    const char* stop) {
+    const auto sentence = [&] {
+        std::string text = writer.OneOf(words);
+        for (int more = writer.Between(4, 14); more > 0; --more)
+            text.append(blank).append(writer.OneOf(words));
+        return text += stop;
+    };
+    std::string article = Format("<article id=\"%d\">\n<title>", writer.Below(100000));
+    article += sentence() + "</title>\n";
+    for (int paragraphs = writer.Between(2, 6); paragraphs > 0; --paragraphs) {
+        article += "<p>";
+        for (int sentences = writer.Between(2, 9); sentences > 0; --sentences)
+            article += sentence();
+        article += "</p>\n";
+    }
+    return article + "</article>\n";
+}
+
+std::string RussianArticle(Writer& writer) {
+    return Article(writer, kRussian, " ", ". ");
+}
+
+std::string JapaneseArticle(Writer& writer) {
+    return Article(writer, kJapanese, "", "。");
+}
+
 struct Shape {
     const char* head;
     std::string (*part)(Writer&);
@@ -159,6 +197,8 @@ constexpr Shape kShapes[] = {
      Group, "</svg>\n"},
     {"<?xml version=\"1.0\"?>\n<r>", TinyTags, "</r>\n"},
     {"<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!-- head -->\n<doc>\n", Section, "</doc>\n"},
+    {"<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<doc>\n", RussianArticle, "</doc>\n"},
+    {"<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<doc>\n", JapaneseArticle, "</doc>\n"},
 };
 
 } // namespace

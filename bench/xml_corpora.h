@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-enum class XmlCorpus { Rss, Attributes, Tiny, Text };
+enum class XmlCorpus { Rss, Attributes, Tiny, Text, Russian, Japanese };
 
 constexpr std::size_t kSmallXml = 100'000;
 constexpr std::size_t kLargeXml = 30'000'000;

@@ -101,12 +101,22 @@ void EveryLargeCorpus(benchmark::internal::Benchmark* benchmark) {
     benchmark->ArgsProduct({{0, 1, 2, 3}, {static_cast<std::int64_t>(kLargeXml)}})->Iterations(1);
 }
 
+void EveryLanguage(benchmark::internal::Benchmark* benchmark) {
+    benchmark->ArgsProduct({{4, 5}, {static_cast<std::int64_t>(kLargeXml)}})->Iterations(1);
+}
+
 BENCHMARK_CAPTURE(LoadInChild, own, kLoadOwn)
     ->Name("XmlColdLoad/AfxLoadXMLFile")
     ->Apply(EveryLargeCorpus);
 BENCHMARK_CAPTURE(LoadInChild, pugi, kLoadPugi)
     ->Name("XmlColdLoad/pugixml")
     ->Apply(EveryLargeCorpus);
+BENCHMARK_CAPTURE(LoadInChild, own, kLoadOwn)
+    ->Name("XmlColdLoadText/AfxLoadXMLFile")
+    ->Apply(EveryLanguage);
+BENCHMARK_CAPTURE(LoadInChild, pugi, kLoadPugi)
+    ->Name("XmlColdLoadText/pugixml")
+    ->Apply(EveryLanguage);
 
 } // namespace
 

@@ -1,12 +1,17 @@
 #!/bin/sh
 # bench.sh [ARGUMENT...]: builds and runs the benchmarks, interleaved, and prints the library's speed relative
-# to each peer. The arguments are passed to the program; --benchmark_filter=REGEX chooses benchmarks.
+# to each peer. The arguments are passed to the program; --benchmark_filter=REGEX chooses benchmarks. Without
+# arguments everything is measured, windows under Wine too, and docs/performance.md is written.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
 
-sh "$root/tools/setup.sh" core bench demo
+groups='core bench demo'
+[ $# != 0 ] || groups="$groups windows"
+# shellcheck disable=SC2086 # split on purpose
+sh "$root/tools/setup.sh" $groups
 build_preset linux-release quorvel_bench
+[ $# != 0 ] || build_preset "$(windows_preset)" quorvel_window_bench quorvel_update_window_bench
 bench=$root/build/linux-release/bin/quorvel_bench
 results=$root/build/linux-release/bench
 rm -rf "$results"
@@ -34,6 +39,14 @@ else
         count=$((count + 1))
         measure "$(printf 'xml%02d' $count)" --benchmark_filter="$case" </dev/null
     done <"$results/cases"
+    windows=$(windows_preset)
+    say "== windows"
+    for program in quorvel_window_bench quorvel_update_window_bench; do
+        (cd "$root/build/$windows/bin" && WINERUN_ARCH=$windows sh "$root/tools/winerun.sh" "./$program.exe")
+    done | tr -d '\r' | tee "$results/windows.txt"
+    set -- --page "$root/docs/performance.md" --windows "$results/windows.txt"
+    page=yes
 fi
+[ -n "${page:-}" ] || set --
 say "== ratios (above 1 is faster than the peer)"
-python3 "$root/tools/bench_ratios.py" "$results"/*.json
+python3 "$root/tools/bench_ratios.py" "$@" "$results"/*.json
