@@ -38,8 +38,8 @@ bool BeginsWith(View text, View lowerCasePrefix) {
 bool IsLetter(WCHAR unit) {
     return Lower(unit) >= 'a' && Lower(unit) <= 'z';
 }
-// AfxIsValidURL has refused control characters above 7F already. Unescaped bytes above it are parts
-// of characters.
+// Above 7F, AfxIsValidURL has refused the control characters. Unescaped bytes there are parts of
+// characters.
 bool HasControls(View text) {
     return std::ranges::any_of(text, [](WCHAR unit) { return unit < ' ' || unit == 0x7f; });
 }

@@ -30,7 +30,7 @@ Ch* EncodeLines(const BYTE* source, std::size_t lines, Ch* dest) {
     return dest;
 }
 
-// Moves past foreign characters; true when there were any.
+// Skips foreign characters. Returns true if there were any.
 template <class Ch>
 bool SkipForeign(Base64Cursor<Ch>& cursor) {
     const Ch* const before = cursor.source;
@@ -39,8 +39,8 @@ bool SkipForeign(Base64Cursor<Ch>& cursor) {
     return cursor.source != before;
 }
 
-// One group with foreign characters inside, or the last, shorter one. Returns the bytes that did
-// not fit; after these nothing fits any more, whatever its size.
+// Decodes one group with foreign characters inside, or the last, shorter one. Returns the number of
+// bytes that did not fit; after that no further group fits, whatever its size.
 template <class Ch>
 int DecodeGroup(Base64Cursor<Ch>& cursor) {
     unsigned bits = 0;
@@ -79,7 +79,7 @@ int EncodedLength(int sourceLength, DWORD flags) {
     std::int64_t length = std::int64_t{4} * sourceLength / 3;
     if ((flags & BASE64_NO_PADDING) == 0)
         length += sourceLength % 3;
-    // Deliberate: the lines are counted from the length before it is rounded up.
+    // Deliberate: computes the lines from the length before it is rounded up.
     const std::int64_t lines = length / kLineLength + 1;
     length = (length + 3) / 4 * 4;
     if ((flags & BASE64_NO_LINE_BREAKS) == 0)
@@ -122,7 +122,7 @@ BOOL DecodeBase64(const Base64Kernels<Ch>& kernels, const Ch* source, int source
     while (cursor.source != cursor.sourceEnd) {
         kernels.decodeGroups(cursor);
         if (cursor.source != cursor.sourceEnd && !SkipForeign(cursor))
-            missing += DecodeGroup(cursor); // else the next group may well be clean
+            missing += DecodeGroup(cursor); // otherwise the next group is probably clean
     }
     *destLength = static_cast<int>(cursor.dest - dest) + missing;
     return missing == 0;

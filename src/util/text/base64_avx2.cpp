@@ -1,7 +1,7 @@
 // The second vector form of the base64 kernels, for x86 processors with AVX2.
 //
-// Thirty-two characters, or the twenty-four bytes they stand for, are one step: two of the steps of
-// base64_ssse3.cpp, which explains the arithmetic, side by side.
+// One step converts thirty-two characters or twenty-four bytes. It is two parallel steps of
+// base64_ssse3.cpp, which explains the arithmetic.
 #include "util/text/base64_kernels.h"
 
 #include <algorithm>
@@ -9,8 +9,8 @@
 #include <bit>
 #include <cstdint>
 
-// GCC keeps no more than 16 bytes of stack alignment where Windows unwinds by tables, which spilled
-// vectors need more of.
+// Where Windows unwinds by tables, GCC aligns the stack to 16 bytes only, but spilled vectors need
+// more.
 #if (defined(__i386__) || defined(__x86_64__)) && !defined(__SEH__)
 
 #include <immintrin.h>
@@ -34,13 +34,13 @@ QUORVEL_AVX2 inline void Store(T* to, __m256i vector) {
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), vector);
 }
 
-// For writing, a page ahead: the processor's own read-ahead stops at the border of a page.
+// Prefetches one page ahead for writing: the processor's own prefetching stops at page borders.
 QUORVEL_AVX2 inline void FetchAhead(const void* to) {
     __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(to) + 4096),
                        1);
 }
 
-// The same sixteen bytes in both lanes.
+// Copies the same sixteen bytes to both lanes.
 QUORVEL_AVX2 inline __m256i Twice(__m128i lane) {
     return _mm256_broadcastsi128_si256(lane);
 }
@@ -61,7 +61,7 @@ QUORVEL_AVX2 inline __m256i LoadCharacters(const WCHAR* from) {
     return _mm256_permute4x64_epi64(lanes, 0xd8); // 0, 2, 1, 3
 }
 
-// The two lanes hold the bytes of four groups each, at those places.
+// Encodes the four groups of each lane. `places` has the positions of their bytes.
 QUORVEL_AVX2 inline __m256i EncodeStep(const BYTE* low, const BYTE* high, __m256i places) {
     const __m256i bytes = _mm256_inserti128_si256(
         _mm256_castsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(low))),
@@ -83,8 +83,8 @@ QUORVEL_AVX2 inline __m256i EncodeStep(const BYTE* low, const BYTE* high, __m256
     return _mm256_add_epi8(values, _mm256_shuffle_epi8(offsets, ranges));
 }
 
-// All loads but one take twelve bytes and the four before them, the very first one takes the four
-// behind: so no load leaves the source. The last step may repeat groups of the one before.
+// The very first load takes twelve bytes and the four after them, all others take the four before
+// them. So no load leaves the source. The last step may repeat groups of the previous one.
 template <class Ch>
 QUORVEL_AVX2 inline Ch* EncodeGroups(const BYTE* source, std::size_t groups, Ch* dest,
                                      bool isFirst) {
@@ -118,7 +118,7 @@ QUORVEL_AVX2 Ch* EncodeLines(const BYTE* source, std::size_t lines, Ch* dest) {
     return dest;
 }
 
-// The characters as their values, and a bit for each foreign one.
+// Converts characters to their values, and sets a bit for each foreign one.
 QUORVEL_AVX2 inline __m256i ToValues(__m256i characters, std::uint32_t& foreign) {
     const __m256i nibble = _mm256_set1_epi8(0x0f);
     const __m256i lowNibbles = _mm256_and_si256(characters, nibble);
@@ -141,7 +141,7 @@ QUORVEL_AVX2 inline __m256i ToValues(__m256i characters, std::uint32_t& foreign)
     return _mm256_add_epi8(characters, _mm256_shuffle_epi8(offsets, ranges));
 }
 
-// Twenty-four bytes, and eight zeros behind them.
+// Twenty-four bytes, and eight zeros after them.
 QUORVEL_AVX2 inline __m256i ToBytes(__m256i values) {
     const __m256i pairs = _mm256_maddubs_epi16(values, _mm256_set1_epi32(0x01400140));
     const __m256i groups = _mm256_madd_epi16(pairs, _mm256_set1_epi32(0x00011000));
@@ -155,7 +155,7 @@ QUORVEL_AVX2 inline void StoreBytes(BYTE* to, __m256i bytes) {
     _mm_storel_epi64(reinterpret_cast<__m128i*>(to + 16), _mm256_extracti128_si256(bytes, 1));
 }
 
-// Changes the first bytes only.
+// Writes `count` bytes and changes no others.
 QUORVEL_AVX2 inline void StoreFirstBytes(BYTE* to, __m256i bytes, std::size_t count) {
     static constexpr auto kKept = [] { // zeros, then bytes with all bits set
         std::array<BYTE, 56> kept{};
@@ -169,7 +169,7 @@ QUORVEL_AVX2 inline void StoreFirstBytes(BYTE* to, __m256i bytes, std::size_t co
     StoreBytes(to, _mm256_blendv_epi8(bytes, present, Load(kKept.data() + kStepBytes - count)));
 }
 
-// Goes on behind foreign characters between two groups, as line breaks are.
+// Continues after foreign characters that are between two groups, such as line breaks.
 template <class Ch>
 QUORVEL_AVX2 void DecodeGroupsBySteps(Base64Cursor<Ch>& cursor) {
     const Ch* source = cursor.source;

@@ -1,7 +1,7 @@
 // The inner loops of base64, in a portable and two vector forms with the same results.
 //
-// A group is three bytes or the four characters they become; a line is nineteen groups and CR LF.
-// Padding, a last shorter group and foreign characters are the callers' matter.
+// A group is three bytes, or the four characters for them. A line is nineteen groups and CR LF. The
+// callers handle padding, a shorter last group and foreign characters.
 #pragma once
 
 #include <quorvel/util/text/base64.h>
@@ -18,7 +18,7 @@ constexpr std::size_t kLineBytes = 3 * kLineGroups;
 constexpr char kBase64Alphabet[] =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-// The value of each byte as a character of the alphabet, -1 for those outside.
+// The value of each character of the alphabet, -1 for other bytes.
 constexpr auto kBase64Values = [] {
     std::array<std::int8_t, 256> values{};
     values.fill(-1);
@@ -34,7 +34,7 @@ inline int Base64Value(WCHAR character) {
     return character < kBase64Values.size() ? kBase64Values[character] : -1;
 }
 
-// Where a decoder stands.
+// The position of a decoder.
 template <class Ch>
 struct Base64Cursor {
     const Ch* source;
@@ -43,14 +43,14 @@ struct Base64Cursor {
     BYTE* destEnd;
 };
 
-// Decodes whole groups while they hold no foreign character and fit.
+// Decodes whole groups until one has a foreign character or does not fit.
 template <class Ch>
 void DecodeGroups(Base64Cursor<Ch>& cursor) {
     while (cursor.sourceEnd - cursor.source >= 4 && cursor.destEnd - cursor.dest >= 3) {
         int bytes = 0;
         for (int i = 0; i < 4; ++i)
             bytes |= Base64Value(cursor.source[i]) * (1 << (18 - 6 * i));
-        if (bytes < 0) // one foreign character is enough to set the sign
+        if (bytes < 0) // a foreign character sets the sign
             return;
         cursor.dest[0] = static_cast<BYTE>(bytes >> 16);
         cursor.dest[1] = static_cast<BYTE>(bytes >> 8);
@@ -60,7 +60,7 @@ void DecodeGroups(Base64Cursor<Ch>& cursor) {
     }
 }
 
-// The last one or two bytes and their padding.
+// Encodes the last one or two bytes and their padding.
 template <class Ch>
 Ch* EncodeRemainder(const BYTE* source, std::size_t count, Ch* dest, bool padded) {
     const int secondByte = count > 1 ? source[1] : 0;
@@ -77,20 +77,20 @@ Ch* EncodeRemainder(const BYTE* source, std::size_t count, Ch* dest, bool padded
 
 template <class Ch>
 struct Base64Kernels {
-    // All of the bytes, by the flags of the public functions; returns the end of what it wrote.
-    // Neither reads nor writes beyond the bytes and what becomes of them.
+    // Encodes all of the bytes by the public functions' flags and returns the end of its output.
+    // Never reads or writes beyond the bytes and their output.
     Ch* (*encode)(const BYTE* source, std::size_t length, Ch* dest, DWORD flags);
-    // As DecodeGroups; it may stop where a foreign character lies in the next sixteen, may skip
-    // some of them, and may decode the last, shorter group too.
+    // Like DecodeGroups. It may stop if a foreign character is in the next sixteen, may skip some
+    // foreign ones, and may also decode the shorter last group.
     void (*decodeGroups)(Base64Cursor<Ch>& cursor);
 };
 
-// An encoder of whole lines, and of what is in one.
+// Encodes with separate functions for whole lines and for groups within a line.
 template <class Ch, Ch* (*encodeLines)(const BYTE* source, std::size_t lines, Ch* dest),
           Ch* (*encodeGroups)(const BYTE* source, std::size_t groups, Ch* dest)>
 Ch* EncodeByLines(const BYTE* source, std::size_t length, Ch* dest, DWORD flags) {
     if ((flags & BASE64_NO_LINE_BREAKS) == 0) {
-        // Deliberate: a line that full groups fill ends in a line break even as the last one.
+        // Deliberate: a line of full groups ends with a line break, even the last one.
         const std::size_t lines = length / kLineBytes;
         dest = encodeLines(source, lines, dest);
         source += kLineBytes * lines;
@@ -107,13 +107,13 @@ Ch* EncodeByLines(const BYTE* source, std::size_t length, Ch* dest, DWORD flags)
 template <class Ch>
 const Base64Kernels<Ch>& PortableBase64();
 
-// Null where the processor has no suitable instructions.
+// Null if the processor lacks the instructions.
 template <class Ch>
 const Base64Kernels<Ch>* Ssse3Base64();
 template <class Ch>
 const Base64Kernels<Ch>* Avx2Base64();
 
-// The public functions with the kernels to use.
+// The public functions with the given kernels.
 template <class Ch>
 BOOL EncodeBase64(const Base64Kernels<Ch>& kernels, const BYTE* source, int sourceLength, Ch* dest,
                   int* destLength, DWORD flags);

@@ -1,8 +1,8 @@
 // The vector form of the base64 kernels, for x86 processors with SSSE3.
 //
-// Sixteen characters, or the twelve bytes they stand for, are one step. Functions carry the target
-// attribute, rather than the file a compiler option, so that no inline function of a header is
-// compiled for a processor that may not be there.
+// One step converts sixteen characters or twelve bytes. The functions have the target attribute
+// (instead of a compiler option for the file), so that no inline function of a header is compiled
+// for a processor that the user may not have.
 #include "util/text/base64_kernels.h"
 
 #include <algorithm>
@@ -39,8 +39,8 @@ QUORVEL_SSSE3 void StoreCharacters(WCHAR* to, __m128i characters) {
     Store(to + 8, _mm_unpackhi_epi8(characters, _mm_setzero_si128()));
 }
 
-// Units of 0x0100 to 0x7fff saturate to 0xff and those above, which count as negative, to 0: both
-// are outside the alphabet.
+// Units of 0x0100 to 0x7fff saturate to 0xff. Higher units count as negative and saturate to 0.
+// Both values are outside the alphabet.
 QUORVEL_SSSE3 __m128i LoadCharacters(const char* from) {
     return Load(from);
 }
@@ -48,8 +48,8 @@ QUORVEL_SSSE3 __m128i LoadCharacters(const WCHAR* from) {
     return _mm_packus_epi16(Load(from), Load(from + 8));
 }
 
-// `spread` holds the three bytes a, b, c of each group as b, a, c, b: so each half of 16 bits, seen
-// as a number, holds two of the four 6-bit values, and multiplications shift them into place.
+// `spread` has the three bytes a, b, c of each group as b, a, c, b. So each 16-bit number contains
+// two of the four 6-bit values, and multiplications shift them into place.
 QUORVEL_SSSE3 __m128i EncodeStep(__m128i spread) {
     const __m128i oddValues = _mm_mulhi_epu16(_mm_and_si128(spread, _mm_set1_epi32(0x0fc0fc00)),
                                               _mm_set1_epi32(0x04000040));
@@ -57,8 +57,8 @@ QUORVEL_SSSE3 __m128i EncodeStep(__m128i spread) {
                                                _mm_set1_epi32(0x01000010));
     const __m128i values = _mm_or_si128(oddValues, evenValues);
 
-    // Each range of values becomes an index of what must be added to reach its characters: 0 for
-    // the capitals, 1 for the small letters, 2 to 11 for the digits, 12 and 13 for the signs.
+    // Each range of values gets an index to the offset of its characters: 0 for capitals, 1 for
+    // small letters, 2 to 11 for digits, 12 and 13 for the signs.
     const __m128i beyondLetters = _mm_subs_epu8(values, _mm_set1_epi8(51));
     const __m128i notCapital = _mm_cmpgt_epi8(values, _mm_set1_epi8(25)); // -1 where it is so
     const __m128i ranges = _mm_sub_epi8(beyondLetters, notCapital);
@@ -68,9 +68,9 @@ QUORVEL_SSSE3 __m128i EncodeStep(__m128i spread) {
     return _mm_add_epi8(values, _mm_shuffle_epi8(offsets, ranges));
 }
 
-// The first step loads its twelve bytes and the four behind them, all others the four before them:
-// so no load leaves a source of six groups or more. The last step may repeat groups of the one
-// before.
+// The first step loads its twelve bytes and the four after them, all others load the four before
+// them. So no load leaves a source of six groups or more. The last step may repeat groups of the
+// previous one.
 template <class Ch>
 QUORVEL_SSSE3 inline Ch* EncodeGroups(const BYTE* source, std::size_t groups, Ch* dest) {
     if (groups < 6)
@@ -96,11 +96,11 @@ QUORVEL_SSSE3 Ch* EncodeLines(const BYTE* source, std::size_t lines, Ch* dest) {
     return dest;
 }
 
-// Sixteen characters as their values; false where one is foreign.
+// Converts sixteen characters to their values. Returns false if one is foreign.
 //
-// Each nibble of a character selects a set of bits: the sets of its two nibbles have one in common
-// exactly if the character is outside the alphabet. The value is the character less the first one
-// of its range, and the range follows from the high nibble, "/" alone excepted.
+// Each nibble of a character selects a set of bits. The sets of both nibbles have a common bit
+// exactly if the character is foreign. The value is the character minus the first one of its range.
+// The high nibble determines the range, except for "/".
 QUORVEL_SSSE3 bool ToValues(__m128i characters, __m128i& values) {
     const __m128i nibble = _mm_set1_epi8(0x0f);
     const __m128i lowNibbles = _mm_and_si128(characters, nibble);
@@ -124,7 +124,7 @@ QUORVEL_SSSE3 bool ToValues(__m128i characters, __m128i& values) {
     return true;
 }
 
-// Exactly twelve bytes are written: what lies behind the decoded bytes stays as it is.
+// Writes exactly twelve bytes: the bytes after the decoded ones do not change.
 QUORVEL_SSSE3 void StoreBytes(BYTE* to, __m128i values) {
     const __m128i pairs = _mm_maddubs_epi16(values, _mm_set1_epi32(0x01400140));
     const __m128i groups = _mm_madd_epi16(pairs, _mm_set1_epi32(0x00011000));
@@ -150,7 +150,7 @@ QUORVEL_SSSE3 void DecodeGroupsBySteps(Base64Cursor<Ch>& cursor) {
     }
     cursor.source = source;
     cursor.dest = dest;
-    // The groups before the foreign character, or before the end.
+    // Decodes the groups before the foreign character, or before the end.
     DecodeGroups(cursor);
 }
 

@@ -17,8 +17,8 @@ typedef std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmapHandle> Bitm
 // last error is the cause: no memory, or a section that a device context holds.
 BitmapHandle CopyOfBitmap(HBITMAP source);
 
-// The same, but of a section a plain bitmap of the screen's depth: the pixels and colours of a
-// section are memory of one process, and plain bitmaps of another depth have no colours.
+// The same, but copies a section as a plain bitmap of the screen's depth: a section's memory
+// belongs to one process, and plain bitmaps of another depth have no colours.
 BitmapHandle CopyForOtherProcesses(HBITMAP source);
 
 } // namespace quorvel
