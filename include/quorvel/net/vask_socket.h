@@ -124,8 +124,8 @@ public:
     virtual void Close();
 
     // Receive re-arms OnReceive. After success, including 0 bytes, the Winsock error is 0.
-    virtual int Receive(void* buffer, int length, int flags = 0);
-    virtual int Send(const void* buffer, int length, int flags = 0);
+    virtual int Receive(void* buffer, int length, int flags = 0);    // 0: the other side has closed
+    virtual int Send(const void* buffer, int length, int flags = 0); // 10035: OnSend follows
 
 protected:
     // Called for an event of the connection, with its Winsock error. The worker ends when one
@@ -179,7 +179,7 @@ public:
     // For a bound socket. Posts status 5 and starts a worker unless one is active.
     BOOL Listen(int backlog = 5);
     void Cancel() { Close(); }
-
+    // These call the platform's operations: shutdown, setsockopt, getsockopt, ioctlsocket.
     BOOL ShutDown(int how = SD_SEND);
     BOOL SetSockOpt(int option, const void* value, int length, int level = SOL_SOCKET);
     BOOL GetSockOpt(int option, void* value, int* length, int level = SOL_SOCKET);
