@@ -179,9 +179,27 @@ BOOL CWnd::CreateEx(DWORD extendedStyle, const WCHAR* className, const WCHAR* wi
 #if defined(_WIN32)
     quorvel::RegisterCommonControls();
 #endif
+    CREATESTRUCTW creation = {parameter,
+                              nullptr,
+                              menuOrId,
+                              parentOrOwner,
+                              height,
+                              width,
+                              y,
+                              x,
+                              static_cast<LONG>(style),
+                              windowName,
+                              className,
+                              extendedStyle};
+    if (!PreCreateWindow(creation)) {
+        PostNcDestroy();
+        return FALSE;
+    }
     AfxHookWindowCreate(this);
-    const HWND window = ::CreateWindowExW(extendedStyle, className, windowName, style, x, y, width,
-                                          height, parentOrOwner, menuOrId, nullptr, parameter);
+    const HWND window = ::CreateWindowExW(
+        creation.dwExStyle, creation.lpszClass, creation.lpszName,
+        static_cast<DWORD>(creation.style), creation.x, creation.y, creation.cx, creation.cy,
+        creation.hwndParent, creation.hMenu, creation.hInstance, creation.lpCreateParams);
     if (!AfxUnhookWindowCreate()) {
         PostNcDestroy(); // it failed before a window existed that would get WM_NCDESTROY
         return FALSE;
@@ -226,6 +244,10 @@ int CWnd::GetDlgCtrlID() const {
 
 CWnd* CWnd::GetParent() const {
     return FromHandle(::GetParent(m_hWnd));
+}
+
+BOOL CWnd::PreCreateWindow(CREATESTRUCTW&) {
+    return TRUE;
 }
 
 void CWnd::PreSubclassWindow() {}

@@ -133,6 +133,31 @@ TEST_F(Wnd, ItsObjectIsThereFromTheFirstMessageToTheLast) {
     EXPECT_TRUE(Create(wnd)) << "may have another window";
 }
 
+TEST_F(Wnd, PreCreateWindowChangesOrRefusesTheCreation) {
+    class Prepared : public CDerived {
+    public:
+        bool m_refuses = false;
+
+    protected:
+        BOOL PreCreateWindow(CREATESTRUCTW& parameters) override {
+            m_seen += "prepared ";
+            parameters.lpszName = _T("other");
+            return !m_refuses;
+        }
+    };
+    Prepared wnd;
+    ASSERT_TRUE(Create(wnd));
+    EXPECT_EQ(wnd.m_seen, "prepared subclassed created ");
+    CString caption;
+    wnd.GetWindowText(caption);
+    EXPECT_EQ(caption, _T("other"));
+    wnd.DestroyWindow();
+    wnd.m_refuses = true;
+    wnd.m_seen.clear();
+    EXPECT_FALSE(Create(wnd));
+    EXPECT_EQ(wnd.m_seen, "prepared gone ");
+}
+
 TEST_F(Wnd, AFailedCreationTellsPostNcDestroyOnce) {
     CDerived unknownClass;
     EXPECT_FALSE(Create(unknownClass, _T("No such class")));

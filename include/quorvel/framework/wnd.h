@@ -153,7 +153,7 @@ public:
     BOOL Create(const WCHAR* className, const WCHAR* windowName, DWORD style, const RECT& rect,
                 CWnd* parent, UINT id);
     // Creates any window. The object is attached before the window's first message. If it cannot be
-    // created, PostNcDestroy has been called when this returns.
+    // created, or PreCreateWindow refuses, PostNcDestroy has been called when this returns.
     BOOL CreateEx(DWORD extendedStyle, const WCHAR* className, const WCHAR* windowName, DWORD style,
                   int x, int y, int width, int height, HWND parentOrOwner, HMENU menuOrId,
                   LPVOID parameter = nullptr);
@@ -469,6 +469,9 @@ public:
 #endif
 
 protected:
+    // Called by CreateEx before it creates the window. May change the parameters; FALSE refuses the
+    // creation.
+    virtual BOOL PreCreateWindow(CREATESTRUCTW& parameters);
     // The window exists and is attached, but this object does not get its messages yet.
     virtual void PreSubclassWindow();
     // The window was destroyed and detached and is no longer the application's main window. `delete
