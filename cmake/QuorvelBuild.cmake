@@ -103,8 +103,8 @@ endif()
 add_library(quorvel_system INTERFACE)
 if(WIN32)
   target_link_libraries(quorvel_system INTERFACE
-    comctl32 comdlg32 shlwapi shell32 ole32 oleaut32 uuid version advapi32 gdi32 user32 uxtheme
-    ws2_32)
+    comctl32 comdlg32 shlwapi shell32 ole32 oleaut32 uuid version advapi32 gdi32 imm32
+    user32 uxtheme ws2_32)
 else()
   find_package(ICU REQUIRED COMPONENTS uc i18n data)
   find_package(SQLite3 REQUIRED)

@@ -236,8 +236,10 @@ void CKeyboardMappingScheme::SetKeyboardShortcuts(const std::vector<CKeyboardSho
     m_areHeldKeysKnown = false;
 }
 
-BOOL CKeyboardMappingScheme::SetUsingAcceleratorTable(const ACCEL* entries, int count) {
-    if (entries == nullptr || count <= 0)
+BOOL CKeyboardMappingScheme::SetUsingAcceleratorTable(ACCEL* entries, int count) {
+    // Characters and codes of 16 bits, with each combination of three modifiers.
+    constexpr int kDifferentKeys = 2 * 0x10000 * 8;
+    if (entries == nullptr || count <= 0 || count > kDifferentKeys)
         return FALSE;
     std::vector<CKeyboardShortcut> shortcuts;
     shortcuts.reserve(static_cast<std::size_t>(count));

@@ -7,12 +7,13 @@
 
 #include "controls/state_store.h"
 #include "keyboard/decimal.h"
+#include "keyboard/shortcuts_by_command.h"
 #include "keyboard/text_view.h"
 
 #include <map>
 #include <optional>
-#include <set>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 using namespace quorvel;
@@ -23,6 +24,7 @@ constexpr DWORD kFormat = 1;
 constexpr WCHAR kRoot[] = _T("shortcuts");
 constexpr WCHAR kRow[] = _T("shortcut");
 constexpr WCHAR kFormatName[] = _T("format");
+constexpr WCHAR kSchemeName[] = _T("name");
 constexpr WCHAR kCommand[] = _T("command");
 constexpr WCHAR kKey[] = _T("key");
 constexpr WCHAR kCode[] = _T("code");
@@ -32,8 +34,11 @@ constexpr WCHAR kStateName[] = _T("Shortcuts");
 typedef CShortcutProblem Problem;
 typedef std::vector<Problem> Problems;
 
+// The indexes of each command's shortcuts.
+typedef std::unordered_map<unsigned int, std::vector<std::size_t>> Commands;
+
 struct StoredKey {
-    unsigned int commandID;
+    std::size_t shortcut;
     CShortcutKey key;
 };
 
@@ -60,7 +65,7 @@ CString NumberText(unsigned int number) {
 // Reads the rows one after another and remembers the earlier ones.
 class RowReader {
 public:
-    RowReader(const std::unordered_map<unsigned int, std::size_t>& commands, Problems& problems)
+    RowReader(const Commands& commands, Problems& problems)
         : m_commands(commands), m_problems(problems) {}
 
     void Read(const CMarkup& markup) {
@@ -72,9 +77,11 @@ public:
         const auto key = ReadKey(markup);
         if (!key)
             return;
-        if (!m_commands.contains(commandID))
+        const auto shortcuts = m_commands.find(commandID);
+        if (shortcuts == m_commands.end())
             return Report(Problem::unknownCommand, kTextShortcutsUnknownCommand, command);
-        if (m_seen.contains(commandID))
+        std::size_t& count = m_counts[commandID];
+        if (count == shortcuts->second.size())
             return Report(Problem::duplicateCommand, kTextShortcutsDuplicateCommand, command);
         if (key->IsKeySet()) {
             const auto [holder, isNew] = m_holders.try_emplace(NumbersOf(*key), commandID);
@@ -82,8 +89,7 @@ public:
                 return Report(Problem::duplicateKey, kTextShortcutsDuplicateKey,
                               AfxGetShortcutKeyText(*key), NumberText(holder->second));
         }
-        m_seen.insert(commandID);
-        m_keys.push_back({commandID, *key});
+        m_keys.push_back({shortcuts->second[count++], *key});
     }
     const std::vector<StoredKey>& Keys() const { return m_keys; }
 
@@ -116,10 +122,10 @@ private:
         m_problems.push_back(ProblemOf(kind, textId, m_row, first, second));
     }
 
-    const std::unordered_map<unsigned int, std::size_t>& m_commands;
+    const Commands& m_commands;
     Problems& m_problems;
     int m_row = 0;
-    std::set<unsigned int> m_seen;
+    std::unordered_map<unsigned int, std::size_t> m_counts; // of the rows of a command
     std::map<std::pair<int, int>, unsigned int> m_holders;
     std::vector<StoredKey> m_keys;
 };
@@ -147,6 +153,18 @@ BOOL Refuse(Problem problem, Problems* problems) {
     return FALSE;
 }
 
+// Whether XML can contain the name and gives it back unchanged.
+bool IsStorableName(const CString& name) {
+    CMarkup markup;
+    markup.AddElem(kRoot);
+    markup.AddAttrib(kSchemeName, name);
+    CXMLFault fault;
+    if (name.IsEmpty() || !AfxCheckXML(markup.GetDoc(), fault))
+        return false;
+    CMarkup read(markup.GetDoc());
+    return read.FindElem() && read.GetAttrib(kSchemeName) == name;
+}
+
 BOOL Save(const CKeyboardMappingScheme& scheme, const StatePlace& place) {
     return place != nullptr && place->WriteText(kStateName, scheme.ExportToXML());
 }
@@ -162,24 +180,32 @@ BOOL Load(CKeyboardMappingScheme& scheme, const StatePlace& place, Problems* pro
 
 } // namespace
 
-// Empty without a load-default function.
-CKeyboardMappingScheme CKeyboardMappingScheme::GetDefaults() const {
+// The key of each shortcut by the load-default function; without it cleared keys.
+std::vector<CShortcutKey> CKeyboardMappingScheme::GetDefaultKeys() const {
     CKeyboardMappingScheme defaults(nullptr, m_loadDefault);
     defaults.LoadDefaultMappingScheme();
-    return defaults;
+    std::vector<unsigned int> commands;
+    commands.reserve(m_shortcuts.size());
+    for (const CKeyboardShortcut& shortcut : m_shortcuts)
+        commands.push_back(shortcut.GetCommandID());
+    return DefaultKeysOf(commands, defaults);
 }
 
 CString CKeyboardMappingScheme::ExportToXML() const {
-    const CKeyboardMappingScheme defaults = GetDefaults();
+    const std::vector<CShortcutKey> defaults = GetDefaultKeys();
+    std::unordered_set<unsigned int> changed;
+    for (std::size_t i = 0; i < m_shortcuts.size(); ++i)
+        if (m_shortcuts[i].GetShortcutKey() != defaults[i])
+            changed.insert(m_shortcuts[i].GetCommandID());
     CMarkup markup;
     markup.AddElem(kRoot);
     markup.AddAttrib(kFormatName, static_cast<unsigned int>(kFormat));
+    if (IsStorableName(m_name))
+        markup.AddAttrib(kSchemeName, m_name);
     for (const CKeyboardShortcut& shortcut : m_shortcuts) {
-        const CShortcutKey& key = shortcut.GetShortcutKey();
-        CKeyboardShortcut usual;
-        defaults.GetKeyboardShortcutUsingCommandID(shortcut.GetCommandID(), usual);
-        if (key == usual.GetShortcutKey())
+        if (!changed.contains(shortcut.GetCommandID()))
             continue;
+        const CShortcutKey& key = shortcut.GetShortcutKey();
         markup.AddChildElem(kRow);
         markup.AddChildAttrib(kCommand, shortcut.GetCommandID());
         markup.AddChildAttrib(kKey, AfxGetShortcutKeyText(key));
@@ -202,10 +228,11 @@ BOOL CKeyboardMappingScheme::ImportFrom(CMarkup& markup, BOOL skipFaultyRows,
                                         std::vector<CShortcutProblem>* problems) {
     if (auto problem = FindProblemOfAll(markup))
         return Refuse(std::move(*problem), problems);
+    const CString name = markup.GetAttrib(kSchemeName);
     // A separate index, because a scheme need not be in the order of its commands.
-    std::unordered_map<unsigned int, std::size_t> commands;
+    Commands commands;
     for (std::size_t i = 0; i < m_shortcuts.size(); ++i)
-        commands.try_emplace(m_shortcuts[i].GetCommandID(), i);
+        commands[m_shortcuts[i].GetCommandID()].push_back(i);
     Problems found;
     RowReader rows(commands, found);
     while (markup.FindChildElem(kRow))
@@ -216,12 +243,17 @@ BOOL CKeyboardMappingScheme::ImportFrom(CMarkup& markup, BOOL skipFaultyRows,
     if (isRefused)
         return FALSE;
     CKeyboardMappingScheme changed = *this;
-    changed.ResetAllShortcutKeys(GetDefaults());
+    const std::vector<CShortcutKey> defaults = GetDefaultKeys();
+    for (std::size_t i = 0; i < defaults.size(); ++i)
+        changed.m_shortcuts[i].SetShortcutKey(defaults[i]);
+    changed.m_areHeldKeysKnown = false;
     for (const StoredKey& stored : rows.Keys()) {
         if (changed.MayBeHeld(stored.key))
             changed.Release(stored.key);
-        changed.m_shortcuts[commands[stored.commandID]].SetShortcutKey(stored.key);
+        changed.m_shortcuts[stored.shortcut].SetShortcutKey(stored.key);
     }
+    if (changed.m_name.IsEmpty())
+        changed.m_name = name;
     *this = std::move(changed);
     return TRUE;
 }

@@ -51,6 +51,12 @@ CShortcutConflict Conflict(CShortcutConflict::Kind kind, UINT textId, const CStr
     return conflict;
 }
 
+// For an accelerator, which has no extended bit.
+bool IsSameAccelerator(const CShortcutKey& a, const CShortcutKey& b) {
+    return a.GetVirtualKeyCode() == b.GetVirtualKeyCode() &&
+           (a.GetModifiers() & kAll) == (b.GetModifiers() & kAll);
+}
+
 WCHAR AskLayout(const CShortcutKey& key) {
     constexpr BYTE kDown = 0x80;
     constexpr UINT kKeepState = 1 << 2; // keeps dead keys that were typed before
@@ -77,10 +83,18 @@ std::vector<CShortcutConflict> FindShortcutConflicts(const CKeyboardMappingSchem
     const CString name = DisplayName(key);
     std::vector<CKeyboardShortcut> shortcuts;
     scheme.GetKeyboardShortcuts(shortcuts);
-    for (const CKeyboardShortcut& shortcut : shortcuts)
-        if (shortcut.GetShortcutKey() == key && shortcut.GetCommandID() != commandID)
-            conflicts.push_back(Conflict(CShortcutConflict::heldByCommand, kTextShortcutHeld, name,
-                                         DisplayName(shortcut), shortcut.GetCommandID()));
+    std::erase_if(shortcuts, [&](const CKeyboardShortcut& each) {
+        return each.GetCommandID() == commandID || !each.IsShortcutKeySet() ||
+               !IsSameAccelerator(each.GetShortcutKey(), key);
+    });
+    const auto add = [&](bool isHeld, CShortcutConflict::Kind kind, UINT textId) {
+        for (const CKeyboardShortcut& shortcut : shortcuts)
+            if ((shortcut.GetShortcutKey() == key) == isHeld)
+                conflicts.push_back(
+                    Conflict(kind, textId, name, DisplayName(shortcut), shortcut.GetCommandID()));
+    };
+    add(true, CShortcutConflict::heldByCommand, kTextShortcutHeld);
+    add(false, CShortcutConflict::sameAccelerator, kTextShortcutTwin);
     if (IsKeptBySystem(key))
         conflicts.push_back(Conflict(CShortcutConflict::keptBySystem, kTextShortcutKept, name));
     constexpr WCHAR kFirstPrintable = ' ';

@@ -1,6 +1,7 @@
 #include "keyboard/shortcut_list.h"
 
 #include "keyboard/key_name_order.h"
+#include "keyboard/shortcuts_by_command.h"
 #include "keyboard/text_view.h"
 #include "platform/case_fold.h"
 
@@ -74,17 +75,17 @@ private:
     std::basic_string<WCHAR> m_wanted;
 };
 
-CShortcutKey DefaultKey(const CKeyboardMappingScheme& defaults, const Row& row) {
-    CKeyboardShortcut shortcut;
-    defaults.GetKeyboardShortcutUsingCommandID(row.GetKeyboardShortcut().GetCommandID(), shortcut);
-    return shortcut.GetShortcutKey();
-}
-
-// Returns false without a load-default function.
-bool LoadDefaults(const CKeyboardMappingScheme& scheme, CKeyboardMappingScheme& defaults) {
-    return defaults.SetLoadDefaultMappingSchemeFunction(
-               scheme.GetLoadDefaultMappingSchemeFunction()) &&
-           defaults.LoadDefaultMappingScheme();
+// For each row of the scheme; empty without a function.
+std::vector<CShortcutKey> DefaultKeysOf(const ShortcutList::Scheme& scheme) {
+    CKeyboardMappingScheme defaults;
+    if (!defaults.SetLoadDefaultMappingSchemeFunction(
+            scheme.scheme->GetLoadDefaultMappingSchemeFunction()))
+        return {};
+    defaults.LoadDefaultMappingScheme();
+    std::vector<unsigned int> commands;
+    for (const auto& row : scheme.rows)
+        commands.push_back(row->GetKeyboardShortcut().GetCommandID());
+    return quorvel::DefaultKeysOf(commands, defaults);
 }
 
 } // namespace
@@ -194,6 +195,10 @@ int ShortcutList::FindKey(const CShortcutKey& key) const {
     return found != GetRows().end() ? static_cast<int>(found - GetRows().begin()) : -1;
 }
 
+void ShortcutList::SetOrder(std::vector<Row*> rows) {
+    (IsFiltered() ? m_filtered : m_all) = std::move(rows);
+}
+
 // Keys
 
 bool ShortcutList::SetKey(int row, const CShortcutKey& key, int& formerRow) {
@@ -237,18 +242,20 @@ bool ShortcutList::SortByKey() {
 bool ShortcutList::ResetKey(int row, int& formerRow) {
     formerRow = -1;
     const Row* const reset = GetRow(row);
-    CKeyboardMappingScheme defaults;
-    return reset != nullptr && LoadDefaults(*GetScheme(m_activeScheme).scheme, defaults) &&
-           SetKey(row, DefaultKey(defaults, *reset), formerRow);
+    if (reset == nullptr)
+        return false;
+    const Scheme& scheme = GetScheme(m_activeScheme);
+    const std::vector<CShortcutKey> keys = DefaultKeysOf(scheme);
+    const auto place = std::ranges::find(scheme.rows, reset, &boost::shared_ptr<Row>::get);
+    return !keys.empty() &&
+           SetKey(row, keys[static_cast<std::size_t>(place - scheme.rows.begin())], formerRow);
 }
 
 void ShortcutList::ResetAllKeys() {
     for (const Scheme& scheme : m_schemes) {
-        CKeyboardMappingScheme defaults;
-        if (!LoadDefaults(*scheme.scheme, defaults))
-            continue;
-        for (const auto& row : scheme.rows)
-            row->GetKeyboardShortcut().SetShortcutKey(DefaultKey(defaults, *row));
+        const std::vector<CShortcutKey> keys = DefaultKeysOf(scheme);
+        for (std::size_t i = 0; i < keys.size(); ++i)
+            scheme.rows[i]->GetKeyboardShortcut().SetShortcutKey(keys[i]);
     }
     SortByKey();
 }

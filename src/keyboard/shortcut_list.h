@@ -61,6 +61,7 @@ public:
 
     // The shown rows.
     const std::vector<Row*>& GetRows() const { return IsFiltered() ? m_filtered : m_all; }
+    void SetOrder(std::vector<Row*> rows);      // the same rows in a different order
     Row* GetRow(int row) const;                 // null for an unknown row
     int FindKey(const CShortcutKey& key) const; // the first row with the key, or -1
 
@@ -74,7 +75,8 @@ public:
     bool ClearKey(int row);
     bool SortByKey(); // if the list is sorted by key; returns whether it is
     // Gives a command the key from the scheme's load-default function, or no key. Another row loses
-    // that key. Returns false for an unknown row and without the function.
+    // that key. The n-th row of a command gets the n-th of its keys, or the last one. Returns false
+    // for an unknown row and without the function.
     bool ResetKey(int row, int& formerRow);
     // Does the same for all rows of all schemes that have a function.
     void ResetAllKeys();

@@ -3,6 +3,8 @@
 
 #include "support/test.h"
 
+#include <type_traits>
+
 namespace {
 
 // As the library calls it: a code without a scan code has no name.
@@ -129,6 +131,27 @@ TEST(Keyboard, KeysTypeCharactersWithModifiers) {
         CASE(typed('2', true, false, false), '@'),
         CASE(typed(VK_OEM_4, true, false, false), '{'),
         CASE(typed(VK_F5, false, false, false), 0),
+        CASE(typed(VK_SPACE, true, false, false), ' '),
+        CASE(typed(VK_NUMPAD9, true, false, false), 0),
+        CASE(typed(VK_NUMPAD9, false, true, false), 0),
+        CASE(typed(VK_MULTIPLY, false, false, false), '*'),
+        CASE(typed(VK_ADD, true, false, false), '+'),
+        CASE(typed(VK_SUBTRACT, false, false, false), '-'),
+        CASE(typed(VK_DIVIDE, true, false, false), '/'),
+        CASE(typed(VK_DIVIDE, false, true, false), 0),
+        CASE(typed(VK_DECIMAL, true, false, false), 0),
+    });
+    // Windows types them, and so does the Linux build; Wine has no characters for these keys.
+    const bool isWithoutThem =
+        std::is_same_v<WCHAR, wchar_t> && typed(VK_NUMPAD0, false, false, false) == 0;
+    const auto expected = [isWithoutThem](int character) { return isWithoutThem ? 0 : character; };
+    ExpectCases<int>({
+        CASE(typed(VK_NUMPAD0, false, false, false), expected('0')),
+        CASE(typed(VK_NUMPAD9, false, false, false), expected('9')),
+        CASE(typed(VK_DECIMAL, false, false, false), expected('.')),
+        CASE(typed(VK_OEM_102, false, false, false), expected('\\')),
+        CASE(typed(VK_OEM_102, true, false, false), expected('|')),
+        CASE(typed(VK_OEM_102, false, true, false), expected(0x1c)),
     });
 }
 

@@ -20,7 +20,7 @@ Save As...  F2
 
 """
 DAMAGED = b"keys.dll: 1 damaged tables and menus are left out\n"
-EXPORTED = """<?xml version="1.0" encoding="utf-8"?><shortcuts format="1">
+EXPORTED = """<?xml version="1.0" encoding="utf-8"?><shortcuts format="1" name="MAIN">
 <shortcut command="100" key="Ctrl+S" code="83" modifiers="2"/>
 <shortcut command="101" key="Ctrl+F5" code="116" modifiers="2"/>
 <shortcut command="102" key="Shift+A" code="65" modifiers="1"/>

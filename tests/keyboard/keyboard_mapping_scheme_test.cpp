@@ -197,7 +197,7 @@ TEST(KeyboardMappingScheme, TakesTablesAndVectorsAsTheyAre) {
                      {FVIRTKEY | FCONTROL, 'S', 300},
                      {0, 'A', 0}};
     Scheme scheme = ThreeCommands();
-    for (const int count : {0, -1, INT_MIN})
+    for (const int count : {0, -1, INT_MIN, 0x100001, INT_MAX})
         EXPECT_FALSE(scheme.SetUsingAcceleratorTable(table, count));
     EXPECT_FALSE(scheme.SetUsingAcceleratorTable(nullptr, 1));
     EXPECT_EQ(scheme, ThreeCommands());

@@ -49,7 +49,7 @@ TEST(SchemeStorage, KeepsWhatDiffersFromTheDefaults) {
     scheme.SetShortcutKey(200, Key('S', kCtrl));
     scheme.SetShortcutKey(100, Key(VK_F5, kCtrl | kShift));
     const CString text = scheme.ExportToXML();
-    EXPECT_EQ(text, _T("<shortcuts format=\"1\">\r\n")
+    EXPECT_EQ(text, _T("<shortcuts format=\"1\" name=\"x\">\r\n")
                     _T("<shortcut command=\"100\" key=\"Ctrl+Shift+F5\" code=\"116\" ")
                     _T("modifiers=\"3\"/>\r\n")
                     _T("<shortcut command=\"200\" key=\"Ctrl+S\" code=\"83\" modifiers=\"2\"/>\r\n")
@@ -145,11 +145,65 @@ TEST(SchemeStorage, ReportsRowsAndImportsNothingByHalves) {
 }
 
 TEST(SchemeStorage, FindsCommandsOfASchemeInAnyOrder) {
-    Scheme scheme;
-    scheme.SetKeyboardShortcuts({{9, Key('A')}, {5, Key('B')}, {7, CShortcutKey()}});
-    EXPECT_TRUE(scheme.ImportFromXML(
-        _T("<shortcuts format='1'><shortcut command='5' key='F1'/></shortcuts>"), FALSE));
-    EXPECT_EQ(TextOf(scheme), "9 -; 5 112; 7 -");
+    // As an accelerator table has them, in no order and a command with two keys.
+    const Scheme::FNLOADDEFAULTMAPPINGSCHEME load = [](Scheme& scheme) {
+        scheme.SetKeyboardShortcuts(
+            {{9, Key('A')}, {5, Key('B')}, {9, Key('C')}, {7, CShortcutKey()}});
+    };
+    const struct {
+        const char* label;
+        std::vector<CShortcutKey> keys; // of the four
+        int rows;                       // that are stored
+    } cases[] = {
+        {"the defaults", {Key('A'), Key('B'), Key('C'), CShortcutKey()}, 0},
+        {"the second key of a command", {Key('A'), Key('B'), Key('D'), CShortcutKey()}, 2},
+        {"both exchanged", {Key('C'), Key('B'), Key('A'), CShortcutKey()}, 2},
+        {"moved to others", {CShortcutKey(), Key('C'), Key('B'), Key('A')}, 4},
+    };
+    for (const auto& row : cases) {
+        Scheme scheme = Loaded(load);
+        std::vector<CKeyboardShortcut> shortcuts;
+        scheme.GetKeyboardShortcuts(shortcuts);
+        for (std::size_t i = 0; i < shortcuts.size(); ++i)
+            shortcuts[i].SetShortcutKey(row.keys[i]);
+        scheme.SetKeyboardShortcuts(shortcuts);
+        CString text = scheme.ExportToXML();
+        Scheme read = Loaded(load);
+        EXPECT_TRUE(read.ImportFromXML(text, FALSE)) << row.label;
+        EXPECT_EQ(read, scheme) << row.label;
+        EXPECT_EQ(text.Replace(_T("<shortcut "), _T("")), row.rows) << row.label;
+    }
+    Scheme scheme = Loaded(load);
+    std::vector<CShortcutProblem> problems;
+    EXPECT_TRUE(scheme.ImportFromXML(_T("<shortcuts format='1'><shortcut command='9' key='F1'/>")
+                                     _T("<shortcut command='9' key='F2'/>")
+                                     _T("<shortcut command='9' key='F3'/></shortcuts>"),
+                                     TRUE, &problems));
+    EXPECT_EQ(Kinds(problems), "3:1");
+    EXPECT_EQ(TextOf(scheme), "9 112; 5 66; 9 113; 7 -");
+}
+
+TEST(SchemeStorage, NamesASchemeWithoutAName) {
+    const struct {
+        CString name;
+        CString former;
+        CString expected;
+    } rows[] = {
+        {_T("Emacs & \"Co\" <1>"), _T(""), _T("Emacs & \"Co\" <1>")},
+        {_T("Emacs"), _T("Mine"), _T("Mine")},
+        {_T(""), _T(""), _T("")},
+        {_T("a\x0001"), _T(""), _T("")}, // XML has no such character
+        {CString(WCHAR(0xd800)), _T(""), _T("")},
+    };
+    for (const auto& row : rows) {
+        Scheme scheme(row.name, nullptr);
+        scheme.AddKeyboardShortcut({1, Key('A')});
+        Scheme read(row.former, nullptr);
+        read.AddKeyboardShortcut({1, CShortcutKey()});
+        EXPECT_TRUE(read.ImportFromXML(scheme.ExportToXML(), FALSE)) << row.name;
+        EXPECT_EQ(read.GetName(), row.expected);
+        EXPECT_EQ(TextOf(read), "1 65");
+    }
 }
 
 TEST(SchemeStorage, IsAFile) {

@@ -21,7 +21,7 @@ std::string Kinds(const std::vector<CShortcutConflict>& conflicts) {
     std::string text;
     for (const CShortcutConflict& conflict : conflicts) {
         EXPECT_FALSE(conflict.strMessage.IsEmpty());
-        text += "hktp"[conflict.nKind];
+        text += "hsktp"[conflict.nKind];
         text += conflict.nCommandID != 0 ? std::to_string(conflict.nCommandID) : "";
     }
     return text;
@@ -69,11 +69,17 @@ TEST(ShortcutConflicts, AreFoundBeforeAKeyIsGiven) {
         {Key(VK_RETURN), ""},
         {Key(VK_F5), ""},
         {Key(VK_DELETE, kShift), "h400p"},
+        {Key(VK_DELETE, kShift | kExtended), "s400p"}, // as every keyboard sends it
+        {Key(VK_DELETE, kCtrl | kExtended), ""},
     };
     for (const auto& row : rows)
         EXPECT_EQ(Kinds(quorvel::FindShortcutConflicts(Sample(), 300, row.key, german)),
                   row.conflicts)
             << TextOf(row.key);
+    CKeyboardMappingScheme twins = Sample();
+    twins.AddKeyboardShortcut({50, Key(VK_DELETE, kShift | kExtended)});
+    EXPECT_EQ(Kinds(quorvel::FindShortcutConflicts(twins, 300, Key(VK_DELETE, kShift), german)),
+              "h400s50p");
     // The current layout: US in both builds, without AltGr.
     EXPECT_EQ(Kinds(AfxGetShortcutConflicts(Sample(), 300, Key('Q', kCtrl | kAlt))), "");
     const auto conflicts = AfxGetShortcutConflicts(Sample(), 300, Key('Q', kShift));
@@ -117,5 +123,10 @@ TEST(MenuText, EndsWithTheKey) {
         CASE(AfxGetMenuTextWithShortcut(_T("&Open\tF12\tx"), Key('O', kCtrl)), _T("&Open\tCtrl+O")),
         CASE(AfxGetMenuTextWithShortcut(_T("&Open\tF12"), CShortcutKey()), _T("&Open")),
         CASE(AfxGetMenuTextWithShortcut(nullptr, Key(VK_F1)), _T("\tF1")),
+        // The layout has no names for these.
+        CASE(AfxGetMenuTextWithShortcut(_T("&Stop"), Key(VK_PAUSE, kCtrl)),
+             _T("&Stop\tCtrl+Pause")),
+        CASE(AfxGetMenuTextWithShortcut(_T("&Back"), Key(VK_BACK, kExtended)),
+             _T("&Back\tExt+Backspace")),
     });
 }

@@ -44,6 +44,12 @@ int Set(ShortcutList& list, int row, const CShortcutKey& key) {
     return list.SetKey(row, key, former) ? former : -9;
 }
 
+// As an accelerator table has them: in no order, and a command with two keys.
+void LoadTable(CKeyboardMappingScheme& scheme) {
+    scheme.SetKeyboardShortcuts(
+        {{7, Key('G', kCtrl)}, {3, Key('C', kCtrl)}, {5, Key(VK_F5)}, {3, Key(VK_INSERT, kCtrl)}});
+}
+
 struct Edited {
     const char* label;
     std::function<int(ShortcutList&)> edit;
@@ -140,6 +146,19 @@ TEST(ShortcutList, MovesKeysBetweenRows) {
          },
          0, "3:116 2:C83 1:C79 4:-"},
     });
+}
+
+TEST(ShortcutList, ResetsToDefaultsInAnyOrder) {
+    CKeyboardMappingScheme scheme(nullptr, LoadTable);
+    scheme.SetKeyboardShortcuts({{3, Key('X')}, {3, Key('Y')}, {4, Key('Z')}, {5, CShortcutKey()}});
+    ShortcutList list;
+    list.InsertScheme(0, &scheme);
+    list.Load(0);
+    int former = -7;
+    EXPECT_TRUE(list.ResetKey(1, former));
+    EXPECT_EQ(RowsOf(list), "3:88 3:C45 4:90 5:-");
+    list.ResetAllKeys();
+    EXPECT_EQ(RowsOf(list), "3:C67 3:C45 4:- 5:116");
 }
 
 TEST(ShortcutList, SortsRowsWithoutAKeyLast) {

@@ -97,9 +97,11 @@ public:
     // Replaces all shortcuts by those of the load-default function. FALSE without a function.
     BOOL LoadDefaultMappingScheme();
     void SetKeyboardShortcuts(const std::vector<CKeyboardShortcut>& shortcuts);
-    // Returns FALSE and changes nothing for a null table or a count below 1. The commands then have
-    // no texts, and no key is an extended key.
-    BOOL SetUsingAcceleratorTable(const ACCEL* entries, int count);
+    // Replaces all shortcuts. The commands then have no texts, and no key is an extended key. The
+    // caller guarantees that the table has `count` entries, which are only read. Returns FALSE and
+    // changes nothing for a null table, a count below 1, and a count above 1,048,576: there are no
+    // more different keys.
+    BOOL SetUsingAcceleratorTable(ACCEL* entries, int count);
 
     // Equal shortcuts keep their order; otherwise descending order is the exact reverse. Texts are
     // sorted for the user's language, case-sensitively.
@@ -118,14 +120,18 @@ public:
 
     // The keys as text for storage: commands by identifier, keys by their texts
     // (shortcut_key_text.h) and numbers,
-    //     <shortcuts format="1">
+    //     <shortcuts format="1" name="Default">
     //     <shortcut command="300" key="Ctrl+Shift+F5" code="116" modifiers="3"/>
     //     </shortcuts>
     // Contains only commands whose key is not the load-default function's, so that users get a
-    // later version's new defaults. Without that function, contains all commands with a key.
+    // later version's new defaults. Without that function, contains all commands with a key. The
+    // shortcuts may be in any order; a command that occurs more than once has a row for each of its
+    // shortcuts. A name that XML cannot contain, such as one with control characters, is omitted.
     CString ExportToXML() const;
     // Sets the default keys and then applies the text: assigning a key removes it from others. A
-    // row may omit the text of its key or the numbers; without both the command has no key.
+    // row may omit the text of its key or the numbers; without both the command has no key. The
+    // n-th row of a command is for the n-th of its shortcuts. If several rows have the same key,
+    // only the first row is valid. A scheme without a name gets the stored name.
     //
     // TRUE: the scheme was changed; FALSE: it was not. Faulty rows give FALSE unless
     // `skipFaultyRows` is set, which skips them. A newer format, a text without shortcuts, and a
@@ -149,7 +155,7 @@ public:
     BOOL LoadState(const WCHAR* section, std::vector<CShortcutProblem>* problems = nullptr);
 
 private:
-    CKeyboardMappingScheme GetDefaults() const;
+    std::vector<CShortcutKey> GetDefaultKeys() const;
     BOOL ImportFrom(CMarkup& markup, BOOL skipFaultyRows, std::vector<CShortcutProblem>* problems);
     CKeyboardShortcut* Find(unsigned int commandID) noexcept;
     bool MayBeHeld(const CShortcutKey& key) const;

@@ -4,6 +4,7 @@
 
 #include <quorvel/keyboard/shortcut_key.h>
 
-// Returns the text up to its first tab, followed by a tab and the name of the key if it has one. A
-// null text means an empty text.
+// Returns the text up to its first tab, followed by a tab and the key if it is set: its name, or
+// its text (shortcut_key_text.h) if the keyboard layout has no name for it. A null text means an
+// empty text.
 QUORVEL_API CString AfxGetMenuTextWithShortcut(const WCHAR* text, const CShortcutKey& key);

@@ -8,7 +8,10 @@
 struct CShortcutConflict { // one conflict
     enum Kind {
         heldByCommand, // a different command has the key and would lose it
-        keptBySystem,  // the system handles the key before, or instead of, an application
+        // A different command has the same key except for the extended bit, and keeps it.
+        // Accelerators do not have that bit, so only one of the commands is invoked.
+        sameAccelerator,
+        keptBySystem, // the system handles the key before, or instead of, an application
         // Ctrl+Alt and the key type a character on this layout, as AltGr does on many.
         typesCharacter,
         plainCharacter // the key types a character without Ctrl and Alt

@@ -6,8 +6,8 @@
 struct CShortcutProblem {
     enum Kind {
         unknownCommand,   // the command is not in the scheme
-        duplicateCommand, // an earlier row has the same command
-        duplicateKey,     // an earlier row has the key for a different command
+        duplicateCommand, // earlier rows have the command for all its shortcuts
+        duplicateKey,     // an earlier row has the key
         invalidCommand,   // not the number of a command
         invalidKey,       // invalid text or numbers, or they contradict each other
         newerFormat,      // all rows: written by a later version

@@ -5,7 +5,10 @@
 #include <quorvel/res/resource_ids.h>
 
 #include "keyboard/command_names.h"
+#include "keyboard/shortcuts_by_command.h"
 #include "keyboard/win/pressed_key.h"
+
+#include <imm.h>
 
 IMPLEMENT_DYNAMIC(CAssignShortcutDlg, CVaskDialog)
 
@@ -24,7 +27,7 @@ bool IsKeyOfDialog(const CShortcutKey& key) {
     case VK_ESCAPE:
         return !key.UsesKeyModifier();
     case VK_F4:
-        return key.UsesAltKeyModifier();
+        return key.UsesAltKeyModifier() && !key.UsesControlKeyModifier();
     default:
         return false;
     }
@@ -35,7 +38,9 @@ bool IsKeyOfDialog(const CShortcutKey& key) {
 CAssignShortcutDlg::CAssignShortcutDlg(const CKeyboardMappingScheme& scheme, unsigned int commandID,
                                        CWnd* parent)
     : CVaskDialog(QUORVEL_DIALOG_ASSIGN_SHORTCUT, parent), m_scheme(scheme) {
-    m_scheme.GetKeyboardShortcutUsingCommandID(commandID, m_shortcut);
+    const quorvel::ShortcutsByCommand shortcuts(scheme);
+    if (const CKeyboardShortcut* const shortcut = shortcuts.Find(commandID))
+        m_shortcut = *shortcut;
     m_shortcut.SetCommandID(commandID);
     m_key = m_shortcut.GetShortcutKey();
 }
@@ -46,6 +51,8 @@ UINT CAssignShortcutDlg::GetTemplateID() {
 
 BOOL CAssignShortcutDlg::LoadData() {
     SetDlgItemText(QUORVEL_ASSIGN_COMMAND, quorvel::DisplayName(m_shortcut));
+    // An input method would take the keys and send its own code in their place.
+    ::ImmAssociateContext(::GetDlgItem(m_hWnd, QUORVEL_ASSIGN_KEY), nullptr);
     ShowKey();
     return TRUE;
 }
@@ -72,9 +79,10 @@ void CAssignShortcutDlg::ShowKey() {
 BOOL CAssignShortcutDlg::PreTranslateMessage(MSG* message) {
     CShortcutKey key;
     const bool isInField = message->hwnd == ::GetDlgItem(m_hWnd, QUORVEL_ASSIGN_KEY);
-    // The system does not see the key that was pressed with Alt, so the release of Alt would open
-    // the window's menu.
     if (isInField && message->message == WM_SYSKEYUP && message->wParam == VK_MENU)
+        quorvel::ForgetAlt(message->hwnd);
+    // Its press was a key; the release would open the menu of the field.
+    if (isInField && message->message == WM_KEYUP && message->wParam == VK_APPS)
         return TRUE;
     if (!isInField || !quorvel::GetPressedKey(*message, key) || IsKeyOfDialog(key))
         return CVaskDialog::PreTranslateMessage(message);

@@ -18,6 +18,8 @@ BOOL CCaptureShortcutKeyDlg::PreTranslateMessage(MSG* message) {
     if (!quorvel::GetPressedKey(*message, key))
         return CVaskDialog::PreTranslateMessage(message);
     m_key = key;
+    if (key.UsesAltKeyModifier()) // whose release will reach the owner
+        quorvel::ForgetAlt(message->hwnd);
     EndDialog(IDOK);
     return TRUE;
 }

@@ -28,9 +28,9 @@ CKeyboardShortcutListCtrl::~CKeyboardShortcutListCtrl() {
     ShowNoRows();                                   // the base class must not delete them
 }
 
-BOOL CKeyboardShortcutListCtrl::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
-    return CVirtualListCtrl::Create((style & ~LVS_TYPEMASK) | LVS_REPORT | LVS_OWNERDATA, rect,
-                                    parent, id);
+BOOL CKeyboardShortcutListCtrl::PreCreateWindow(CREATESTRUCTW& parameters) {
+    parameters.style = (parameters.style & ~LVS_TYPEMASK) | LVS_REPORT | LVS_OWNERDATA;
+    return CVirtualListCtrl::PreCreateWindow(parameters);
 }
 
 void CKeyboardShortcutListCtrl::PreSubclassWindow() {
@@ -85,24 +85,40 @@ void CKeyboardShortcutListCtrl::TakeSort() {
     m_list->SetSort(SortOf(GetSortColumn(), IsSortAscending()));
 }
 
+// The host may also have moved or sorted rows by the base class.
+void CKeyboardShortcutListCtrl::TakeOrder() const {
+    std::vector<ShortcutList::Row*> rows;
+    for (int row = 0; row < GetItemCount(); ++row)
+        rows.push_back(GetKeyboardShortcutVirtualListCtrlItem(row));
+    if (rows == m_list->GetRows())
+        return;
+    const auto sorted = [](std::vector<ShortcutList::Row*> all) {
+        std::ranges::sort(all);
+        return all;
+    };
+    if (sorted(rows) == sorted(m_list->GetRows()))
+        m_list->SetOrder(std::move(rows));
+}
+
+// Redraws the rows too. The notifications of a moved selection may destroy the list.
 void CKeyboardShortcutListCtrl::ShowRows() {
     const auto& rows = m_list->GetRows();
     ReplaceItems({rows.begin(), rows.end()});
-    Invalidate();
 }
 
-// For changed keys: their rows may have moved.
+// For changed keys: their rows may have moved. The list may be destroyed when this returns.
 void CKeyboardShortcutListCtrl::ShowKeys() {
     if (m_list->GetSort().column == COLUMN_SHORTCUT_KEY)
         ShowRows();
-    else
+    else if (m_hWnd != nullptr) // a null window would mean the whole screen
         Invalidate();
 }
 
 void CKeyboardShortcutListCtrl::RedrawKey(int row) {
+    const int column = GetInsertedColumn(COLUMN_SHORTCUT_KEY); // -1 while it is hidden
     CRect cell;
-    if (row >= 0 && m_hWnd != nullptr &&
-        GetSubItemRect(row, GetInsertedColumn(COLUMN_SHORTCUT_KEY), LVIR_BOUNDS, cell))
+    if (row >= 0 && column >= 0 && m_hWnd != nullptr &&
+        GetSubItemRect(row, column, LVIR_BOUNDS, cell))
         InvalidateRect(cell);
 }
 
@@ -119,15 +135,17 @@ int CKeyboardShortcutListCtrl::InsertKeyboardMappingScheme(int index,
 
 BOOL CKeyboardShortcutListCtrl::SetKeyboardMappingScheme(int index,
                                                          const CKeyboardMappingScheme* scheme) {
+    const Watch watch(*this);
     if (scheme != nullptr && index >= 0 && index == GetActiveKeyboardMappingSchemeIndex())
         ShowNoRows(); // while the rows exist
-    return m_list->SetScheme(index, scheme);
+    return !watch.IsAlive() || m_list->SetScheme(index, scheme);
 }
 
 BOOL CKeyboardShortcutListCtrl::RemoveKeyboardMappingScheme(int index) {
+    const Watch watch(*this);
     if (index >= 0 && index == GetActiveKeyboardMappingSchemeIndex())
         ShowNoRows();
-    return m_list->RemoveScheme(index);
+    return !watch.IsAlive() || m_list->RemoveScheme(index);
 }
 
 int CKeyboardShortcutListCtrl::GetKeyboardMappingSchemeCount() const {
@@ -165,8 +183,11 @@ int CKeyboardShortcutListCtrl::GetActiveKeyboardMappingSchemeIndex() const {
 BOOL CKeyboardShortcutListCtrl::LoadKeyboardMappingScheme(int index) {
     if (index != -1 && !m_list->IsScheme(index))
         return FALSE;
+    const Watch watch(*this);
     const RedrawLock lock(*this);
     ShowNoRows(); // a new scheme starts without a selection
+    if (!watch.IsAlive())
+        return TRUE;
     TakeSort();
     m_list->Load(index);
     ShowRows();
@@ -177,6 +198,7 @@ BOOL CKeyboardShortcutListCtrl::LoadKeyboardMappingScheme(int index) {
 
 BOOL CKeyboardShortcutListCtrl::SetShortcutKey(int row, const CShortcutKey& key) {
     TakeSort();
+    TakeOrder();
     int formerRow;
     if (!m_list->SetKey(row, key, formerRow))
         return FALSE;
@@ -190,12 +212,14 @@ BOOL CKeyboardShortcutListCtrl::SetShortcutKey(int row, const CShortcutKey& key)
 }
 
 int CKeyboardShortcutListCtrl::ClearShortcutKey(const CShortcutKey& key) {
+    TakeOrder();
     const int row = m_list->ClearKey(key);
     RedrawKey(row);
     return row;
 }
 
 BOOL CKeyboardShortcutListCtrl::ClearShortcutKey(int row, int resort) {
+    TakeOrder();
     if (!m_list->ClearKey(row))
         return FALSE;
     TakeSort();
@@ -216,6 +240,7 @@ std::vector<int> CKeyboardShortcutListCtrl::GetSelectedRows() const {
 
 void CKeyboardShortcutListCtrl::ClearSelectedShortcutKeys() {
     const RedrawLock lock(*this);
+    TakeOrder();
     for (const int row : GetSelectedRows())
         m_list->ClearKey(row);
     TakeSort();
@@ -226,13 +251,14 @@ void CKeyboardShortcutListCtrl::ClearSelectedShortcutKeys() {
 int CKeyboardShortcutListCtrl::GetSelectedItemsAssignedShortcutKeyCount() const {
     int count = 0;
     for (const int row : GetSelectedRows())
-        if (const ShortcutList::Row* const item = m_list->GetRow(row))
+        if (const auto* const item = GetKeyboardShortcutVirtualListCtrlItem(row))
             count += item->GetKeyboardShortcut().IsShortcutKeySet();
     return count;
 }
 
 BOOL CKeyboardShortcutListCtrl::ResetShortcutKey(int row) {
     TakeSort();
+    TakeOrder();
     int formerRow;
     if (!m_list->ResetKey(row, formerRow))
         return FALSE;
@@ -249,17 +275,29 @@ void CKeyboardShortcutListCtrl::ResetAllKeyboardShortcuts() {
 }
 
 int CKeyboardShortcutListCtrl::FindShortcutKey(const CShortcutKey& key) const {
+    TakeOrder();
     return m_list->FindKey(key);
 }
 
 int CKeyboardShortcutListCtrl::FindByPressingKey() {
+    const Watch watch(*this);
     CCaptureShortcutKeyDlg dialog(this);
-    const int row = dialog.DoModal() == IDOK ? FindShortcutKey(dialog.GetShortcutKey()) : -1;
-    if (row >= 0) {
-        UnselectAllItems();
-        SelectItem(row);
-        EnsureVisible(row, FALSE);
+    if (dialog.DoModal() != IDOK || !watch.IsAlive())
+        return -1;
+    // The keyboard sends the extended bit, but keys from an accelerator table do not have it.
+    CShortcutKey key = dialog.GetShortcutKey();
+    int row = FindShortcutKey(key);
+    if (row < 0) {
+        key.SetModifiers(key.GetModifiers() ^ CShortcutKey::MODIFIER_EXTENDED);
+        row = FindShortcutKey(key);
     }
+    if (row < 0 || m_hWnd == nullptr)
+        return -1;
+    UnselectAllItems();
+    if (watch.IsAlive())
+        SelectItem(row);
+    if (watch.IsAlive())
+        EnsureVisible(row, FALSE);
     return row;
 }
 
@@ -269,6 +307,7 @@ BOOL CKeyboardShortcutListCtrl::Filter(const WCHAR* text) {
     if (text == nullptr)
         return FALSE;
     TakeSort();
+    TakeOrder();
     if (!m_list->Filter(text))
         return TRUE;
     const RedrawLock lock(*this);
@@ -295,12 +334,12 @@ BOOL CKeyboardShortcutListCtrl::IsValidFilteredItemIndex(int index) const {
 }
 
 CKeyboardShortcutVirtualListCtrlItem* CKeyboardShortcutListCtrl::GetFilteredItem(int index) const {
-    return IsFiltered() ? m_list->GetRow(index) : nullptr;
+    return IsFiltered() ? GetKeyboardShortcutVirtualListCtrlItem(index) : nullptr;
 }
 
 CKeyboardShortcutVirtualListCtrlItem*
 CKeyboardShortcutListCtrl::GetKeyboardShortcutVirtualListCtrlItem(int row) const {
-    return m_list->GetRow(row);
+    return dynamic_cast<CKeyboardShortcutVirtualListCtrlItem*>(GetItem(row));
 }
 
 void CKeyboardShortcutListCtrl::DoSortItems(int column, int ascending) {
@@ -341,9 +380,13 @@ bool CKeyboardShortcutListCtrl::swoShortcutKeyDescending(CVirtualListCtrlItem* c
 }
 
 LRESULT CKeyboardShortcutListCtrl::OnInputLanguageChange(WPARAM, LPARAM) {
+    const Watch watch(*this);
+    const LRESULT result = Default();
+    if (!watch.IsAlive())
+        return result;
     m_list->ForgetKeyNames();
     TakeSort();
     m_list->SortByKey();
     ShowKeys();
-    return Default();
+    return result;
 }

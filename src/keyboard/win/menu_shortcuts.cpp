@@ -2,9 +2,11 @@
 
 #include <quorvel/keyboard/menu_text.h>
 
+#include "keyboard/shortcuts_by_command.h"
+
 namespace {
 
-int UpdateMenu(HMENU menu, const CKeyboardMappingScheme& scheme) {
+int UpdateMenu(HMENU menu, const quorvel::ShortcutsByCommand& shortcuts) {
     int changed = 0;
     const int count = ::GetMenuItemCount(menu);
     for (int position = 0; position < count; ++position) {
@@ -14,18 +16,18 @@ int UpdateMenu(HMENU menu, const CKeyboardMappingScheme& scheme) {
         if (!::GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info))
             continue;
         if (info.hSubMenu != nullptr) {
-            changed += UpdateMenu(info.hSubMenu, scheme);
+            changed += UpdateMenu(info.hSubMenu, shortcuts);
             continue;
         }
-        CKeyboardShortcut shortcut;
-        if (info.cch == 0 || !scheme.GetKeyboardShortcutUsingCommandID(info.wID, shortcut))
+        const CKeyboardShortcut* const shortcut = shortcuts.Find(info.wID);
+        if (info.cch == 0 || shortcut == nullptr)
             continue;
         CString text;
         ++info.cch; // includes the terminator
         info.dwTypeData = text.GetBuffer(static_cast<int>(info.cch));
         ::GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info);
         text.ReleaseBuffer();
-        CString updated = AfxGetMenuTextWithShortcut(text, shortcut.GetShortcutKey());
+        CString updated = AfxGetMenuTextWithShortcut(text, shortcut->GetShortcutKey());
         if (updated == text)
             continue;
         info.fMask = MIIM_STRING;
@@ -38,5 +40,6 @@ int UpdateMenu(HMENU menu, const CKeyboardMappingScheme& scheme) {
 } // namespace
 
 int AfxUpdateMenuShortcuts(CMenu& menu, const CKeyboardMappingScheme& scheme) {
-    return menu.m_hMenu != nullptr ? UpdateMenu(menu.m_hMenu, scheme) : 0;
+    return menu.m_hMenu != nullptr ? UpdateMenu(menu.m_hMenu, quorvel::ShortcutsByCommand(scheme))
+                                   : 0;
 }

@@ -19,4 +19,11 @@ bool GetPressedKey(const MSG& message, CShortcutKey& key) {
     return true;
 }
 
+// The system opens a menu when Alt is released unless it saw another key pressed meanwhile.
+void ForgetAlt(HWND window) {
+    constexpr WPARAM kNoKey = 0xff;
+    constexpr LPARAM kAltIsDown = 1 << 29;
+    ::DefWindowProcW(window, WM_SYSKEYDOWN, kNoKey, kAltIsDown);
+}
+
 } // namespace quorvel

@@ -51,6 +51,13 @@ Step ReleaseKeys() {
     };
 }
 
+bool HasInputMethod(HWND window) {
+    const HMODULE library = ::GetModuleHandleW(_T("imm32.dll"));
+    const auto get = reinterpret_cast<HIMC(WINAPI*)(HWND)>(
+        reinterpret_cast<void*>(::GetProcAddress(library, "ImmGetContext")));
+    return get(window) != nullptr;
+}
+
 // The rows in the list-view: "Open=Ctrl+O *Save=Ctrl+S".
 std::string TextsOf(const List& list) {
     std::string text;
@@ -99,8 +106,78 @@ TEST(CaptureShortcutKeyDlg, TakesTheNextKey) {
     }
 }
 
-TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
+// Counts how often a release of Alt would open its menu.
+class OwnerWindow : public CWnd {
+public:
+    OwnerWindow() {
+        CreateEx(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr, nullptr);
+    }
+    int m_menus = 0;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_SYSCOMMAND && (wParam & 0xfff0) == SC_KEYMENU) {
+            ++m_menus;
+            return 0;
+        }
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+};
+
+TEST(ShortcutDialogs, TheReleaseOfAltOpensNoMenu) {
+    constexpr LPARAM kReleased = static_cast<LPARAM>(0xc0000001);
+    const Step releaseAlt = [](HWND box) {
+        ReleaseKeys()(box);
+        ::PostMessageW(KeyboardOf(box), WM_SYSKEYUP, VK_MENU, kReleased);
+    };
     const CKeyboardMappingScheme scheme = Defaults();
+    const struct {
+        const char* label;
+        std::vector<Step> steps;
+        bool isCapture;
+        bool isAltHeld; // when the dialog ends
+        int menus;
+    } rows[] = {
+        {"Alt and a key", {PressKey(VK_MENU, kAlt), PressKey('S', kAlt)}, true, true, 0},
+        {"Alt, Ctrl and a key",
+         {PressKey(VK_MENU, kAlt), PressKey('S', kCtrl | kAlt)},
+         true,
+         true,
+         0},
+        {"a key alone, then Alt alone", {PressKey('S')}, true, false, 1},
+        {"Alt and a key in the field, then Alt alone",
+         {PressKey(VK_MENU, kAlt), PressKey('S', kAlt), releaseAlt, PressKey(VK_RETURN)},
+         false,
+         false,
+         1},
+        {"Alt alone in the field, then Alt alone",
+         {PressKey(VK_MENU, kAlt), releaseAlt, PressKey(VK_ESCAPE)},
+         false,
+         false,
+         1},
+    };
+    for (const auto& row : rows) {
+        OwnerWindow owner;
+        CCaptureShortcutKeyDlg capture(&owner);
+        CAssignShortcutDlg assign(scheme, 4, &owner);
+        CDialog& dialog = row.isCapture ? static_cast<CDialog&>(capture) : assign;
+        DialogDriver driver(row.steps);
+        EXPECT_NE(dialog.DoModal(), -99) << row.label;
+        if (!row.isAltHeld)
+            owner.SendMessage(WM_SYSKEYDOWN, VK_MENU, 1 | 1 << 29);
+        ReleaseKeys()(nullptr);
+        owner.SendMessage(WM_SYSKEYUP, VK_MENU, kReleased);
+        EXPECT_EQ(owner.m_menus, row.menus) << row.label;
+    }
+}
+
+TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
+    // In an order in which a binary search finds nothing.
+    CKeyboardMappingScheme scheme = Defaults();
+    std::vector<CKeyboardShortcut> shortcuts;
+    scheme.GetKeyboardShortcuts(shortcuts);
+    scheme.SetKeyboardShortcuts({shortcuts.rbegin(), shortcuts.rend()});
+    const CKeyboardMappingScheme before = scheme;
     std::string seen;
     const Step look = [&seen](HWND box) {
         seen += TextOf(::GetDlgItem(box, QUORVEL_ASSIGN_KEY)).ToUTF8() + "|" +
@@ -159,6 +236,33 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
          IDOK,
          "-",
          "Ctrl+S|Ctrl+S is free.|ok;"},
+        {"F4 with Ctrl and Alt closes nothing",
+         4,
+         false,
+         {PressKey(VK_F4, kCtrl | kAlt), ReleaseKeys(), PressKey(VK_RETURN)},
+         IDOK,
+         "CA115",
+         ""},
+        {"the Menu key opens no menu",
+         4,
+         false,
+         {PressKey(VK_APPS, 0, true),
+          [](HWND box) { ::PostMessageW(KeyboardOf(box), WM_KEYUP, VK_APPS, 0xc0000001); },
+          PressKey(VK_RETURN)},
+         IDOK,
+         "x93",
+         ""},
+        {"no input method",
+         4,
+         false,
+         {[&seen](HWND box) {
+              seen +=
+                  HasInputMethod(::GetDlgItem(box, QUORVEL_ASSIGN_KEY)) ? "method" : "no method";
+          },
+          PressKey(VK_ESCAPE)},
+         IDCANCEL,
+         "-",
+         "no method"},
     };
     for (const auto& row : rows) {
         std::optional<GermanTexts> german;
@@ -173,7 +277,7 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
         EXPECT_EQ(seen, row.seen) << row.label;
         ReleaseKeys()(nullptr);
     }
-    EXPECT_EQ(scheme, Defaults());
+    EXPECT_EQ(scheme, before);
 }
 
 TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
@@ -200,6 +304,21 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              return l.SortItemsByDirection(FALSE);
          },
          TRUE, "Refresh=F5 Save=Ctrl+S Open=Ctrl+O Close="},
+        {"a key for a row that was moved",
+         [](List& l) {
+             l.SelectItem(0);
+             l.MoveSelectedItemDown();
+             return l.SetShortcutKey(0, Key('N', kCtrl));
+         },
+         TRUE, "Save=Ctrl+N *Open=Ctrl+O Refresh=F5 Close="},
+        {"a key while the column of keys is hidden",
+         [](List& l) {
+             l.ShowVaskColumn(List::COLUMN_SHORTCUT_KEY, FALSE);
+             const BOOL isSet = l.SetShortcutKey(3, Key('S', kCtrl));
+             l.ShowVaskColumn(List::COLUMN_SHORTCUT_KEY, TRUE);
+             return isSet;
+         },
+         TRUE, "Open=Ctrl+O Save= Refresh=F5 Close=Ctrl+S"},
         {"a click on a heading sorts",
          [](List& l) {
              NMHEADERW click = {};
@@ -272,6 +391,13 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              return l.FindByPressingKey();
          },
          2, "Open=Ctrl+O Save=Ctrl+S *Refresh=F5 Close="},
+        {"found by a key that the table has without the extended bit",
+         [](List& l) {
+             l.SetShortcutKey(3, Key(VK_DELETE, kCtrl));
+             DialogDriver driver({PressKey(VK_DELETE, kCtrl, true), ReleaseKeys()});
+             return l.FindByPressingKey();
+         },
+         3, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 *Close=Ctrl+Delete"},
         {"no scheme", [](List& l) { return l.LoadKeyboardMappingScheme(-1); }, TRUE, ""},
         {"a scheme that is not there", [](List& l) { return l.LoadKeyboardMappingScheme(1); },
          FALSE, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
@@ -289,6 +415,122 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
         EXPECT_EQ(TextsOf(list), row.rows) << row.label;
     }
     EXPECT_EQ(scheme, Defaults()) << "the list edits rows of its own";
+}
+
+// Sorts by the length of the commands, of its own.
+class ListByLength : public List {
+public:
+    void DoSortItems(int, int) override {
+        SortRows([](CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second) {
+            return first->GetSubItemText(0).GetLength() < second->GetSubItemText(0).GetLength();
+        });
+    }
+};
+
+TEST(KeyboardShortcutListCtrl, EditsTheRowsThatAreShownInAnyOrder) {
+    CKeyboardMappingScheme scheme = Defaults();
+    scheme.AddKeyboardShortcut({5, _T("Go"), Key('G', kCtrl)});
+    ListParent parent;
+    ListByLength list;
+    ASSERT_TRUE(list.Create(WS_VISIBLE, kListPlace, &parent, 5));
+    list.AddKeyboardMappingScheme(&scheme);
+    list.LoadKeyboardMappingScheme(0);
+    list.SortItemsByColumn(0);
+    EXPECT_EQ(TextsOf(list), "Go=Ctrl+G Open=Ctrl+O Save=Ctrl+S Close= Refresh=F5");
+    EXPECT_EQ(list.FindShortcutKey(Key(VK_F5)), 4);
+    EXPECT_TRUE(list.ClearShortcutKey(0, FALSE));
+    EXPECT_EQ(list.GetKeyboardShortcutVirtualListCtrlItem(3)->GetSubItemText(0), _T("Close"));
+    EXPECT_TRUE(list.SetShortcutKey(3, Key('S', kCtrl)));
+    EXPECT_EQ(TextsOf(list), "Go= Open=Ctrl+O Save= Close=Ctrl+S Refresh=F5");
+}
+
+TEST(KeyboardShortcutListCtrl, IsAReportHoweverItIsCreated) {
+    const CKeyboardMappingScheme scheme = Defaults();
+    ListParent parent;
+    for (const bool isBase : {false, true}) {
+        List list;
+        CVaskListCtrl& base = list;
+        ASSERT_TRUE(isBase ? base.Create(WS_VISIBLE, kListPlace, &parent, 5)
+                           : list.CreateEx(WS_EX_CLIENTEDGE, WC_LISTVIEWW, nullptr,
+                                           WS_CHILD | WS_VISIBLE | LVS_LIST, 0, 0, 400, 200,
+                                           parent.m_hWnd, nullptr));
+        EXPECT_EQ(HeaderOf(list).GetItemCount(), int{List::NUM_COLUMNS});
+        list.AddKeyboardMappingScheme(&scheme);
+        list.LoadKeyboardMappingScheme(0);
+        EXPECT_EQ(TextsOf(list), "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close=");
+    }
+}
+
+// What it does without a window concerns no other.
+TEST(KeyboardShortcutListCtrl, InvalidatesNoOtherWindow) {
+    const CKeyboardMappingScheme scheme = Defaults();
+    ListParent other;
+    other.Invalidate();
+    ASSERT_TRUE(::GetUpdateRect(other.m_hWnd, nullptr, FALSE)) << "is visible";
+    ::ValidateRect(other.m_hWnd, nullptr);
+    List list;
+    list.AddKeyboardMappingScheme(&scheme);
+    EXPECT_TRUE(list.LoadKeyboardMappingScheme(0));
+    EXPECT_TRUE(list.SortItems(List::COLUMN_SHORTCUT_KEY, TRUE, TRUE));
+    EXPECT_TRUE(list.SetShortcutKey(3, Key('S', kCtrl)));
+    EXPECT_TRUE(list.Filter(_T("ctrl")));
+    list.SetSortColumn(List::COLUMN_COMMAND);
+    list.ResetAllKeyboardShortcuts();
+    EXPECT_FALSE(::GetUpdateRect(other.m_hWnd, nullptr, FALSE));
+}
+
+TEST(KeyboardShortcutListCtrl, MayBeDestroyedByItsNotifications) {
+    const CKeyboardMappingScheme scheme = Defaults();
+    const struct {
+        const char* label;
+        std::function<int(List&)> act;
+        int result;
+    } rows[] = {
+        {"set", [](List& l) { return l.SetShortcutKey(3, Key('A', kCtrl)); }, TRUE},
+        {"clear",
+         [](List& l) {
+             l.ClearSelectedShortcutKeys();
+             return 0;
+         },
+         0},
+        {"filter", [](List& l) { return l.Filter(_T("ctrl+s")); }, TRUE},
+        {"a new layout",
+         [](List& l) {
+             l.SetShortcutKey(0, Key('Z', kCtrl));
+             l.SendMessage(WM_INPUTLANGCHANGE);
+             return 0;
+         },
+         0},
+        {"find",
+         [](List& l) {
+             DialogDriver driver({PressKey(VK_F5)});
+             return l.FindByPressingKey();
+         },
+         2},
+        {"find, destroyed before the key",
+         [](List& l) {
+             DialogDriver driver({[&l](HWND) { l.UnselectAllItems(); }, PressKey(VK_F5)});
+             return l.FindByPressingKey();
+         },
+         -1},
+    };
+    ListParent parent;
+    for (const auto& row : rows) {
+        List* list = new List;
+        ASSERT_TRUE(list->Create(WS_VISIBLE, kListPlace, &parent, 5));
+        list->AddKeyboardMappingScheme(&scheme);
+        list->LoadKeyboardMappingScheme(0);
+        list->SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
+        list->SelectItem(0);
+        parent.m_onNotify = [&](const NMHDR& header) {
+            if (header.code == UINT{LVN_ITEMCHANGED} && list != nullptr)
+                delete std::exchange(list, nullptr);
+        };
+        EXPECT_EQ(row.act(*list), row.result) << row.label;
+        EXPECT_EQ(list, nullptr) << row.label;
+        parent.m_onNotify = nullptr;
+        delete list;
+    }
 }
 
 TEST(KeyboardShortcutListCtrl, GivesItsRowsBack) {
@@ -345,6 +587,13 @@ TEST(MenuShortcuts, FollowTheScheme) {
     EXPECT_EQ(AfxUpdateMenuShortcuts(menu, scheme), 2);
     ExpectCases<CString>({CASE(text(1), _T("&Open...")), CASE(text(4), _T("&Close\tCtrl+O"))});
     EXPECT_NE(menu.GetMenuState(3, MF_BYCOMMAND) & MF_GRAYED, 0u);
+    // A scheme that is in no order, with a command that has only its second key.
+    CKeyboardMappingScheme table;
+    table.SetKeyboardShortcuts(
+        {{99, Key(VK_F4)}, {4, CShortcutKey()}, {4, Key(VK_F7)}, {1, Key('O', kCtrl)}});
+    EXPECT_EQ(AfxUpdateMenuShortcuts(menu, table), 3);
+    ExpectCases<CString>({CASE(text(1), _T("&Open...\tCtrl+O")), CASE(text(99), _T("Other\tF4")),
+                          CASE(text(4), _T("&Close\tF7"))});
     CMenu none;
     EXPECT_EQ(AfxUpdateMenuShortcuts(none, scheme), 0);
 }

@@ -3,8 +3,8 @@
 //
 // While the key field has the focus, as it does initially, it captures the pressed key with its
 // modifiers. The dialog still handles Tab and Shift+Tab, Enter and Escape without modifiers, and
-// Alt+F4. (CCaptureShortcutKeyDlg captures those too.) The conflicts of the key are shown below the
-// field (shortcut_conflicts.h).
+// Alt+F4. (CCaptureShortcutKeyDlg captures those too.) An input method does not get the keys. The
+// conflicts of the key are shown below the field (shortcut_conflicts.h).
 //
 // DoModal returns IDOK for Assign, which needs a key, and for Clear (no key); GetShortcutKey is the
 // choice. The dialog does not change the scheme: the caller calls its SetShortcutKey.

@@ -15,7 +15,9 @@
 // shortcuts that it had when it was added.
 //
 // Only operations of this class add and remove rows, and the list does not delete them: do not
-// change SetAutoDeleteItems.
+// change SetAutoDeleteItems. Operations of the base class may move and sort rows. Loading,
+// filtering and new keys sort by GetSortingFunction, and not by a derived class's DoSortItems. A
+// notification may destroy the list.
 //
 // When the keyboard layout changes, the names of keys change too. A host calls the operations below
 // for its own commands; the list itself changes no key.
@@ -47,10 +49,6 @@ public:
     CKeyboardShortcutListCtrl();
     ~CKeyboardShortcutListCtrl() override;
 
-    // Creates a report list in the caller's style with LVS_REPORT and LVS_OWNERDATA added. If the
-    // list is subclassed instead, its template must have LVS_OWNERDATA.
-    BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
-
     // Add and insert return the index; -1 for null or an index outside 0 to the count. The active
     // scheme stays active; if it is itself replaced or removed, the list is empty (index -1).
     int AddKeyboardMappingScheme(const CKeyboardMappingScheme* scheme);
@@ -73,18 +71,22 @@ public:
     // Clears the key of the first row that has it, shown or not. Returns the row if it is shown; -1
     // if it is not, or if no row has the key. Does not sort.
     int ClearShortcutKey(const CShortcutKey& key);
+    // FALSE for an invalid row. Sorts again if `resort` is not 0 and the list is sorted by key.
     BOOL ClearShortcutKey(int row, int resort);
-    void ClearSelectedShortcutKeys(); // sorts once
+    void ClearSelectedShortcutKeys(); // sorts once, if the list is sorted by key
     int GetSelectedItemsAssignedShortcutKeyCount() const;
-    // Assigns a row the key that the scheme's load-default function has for its command, or no key.
-    // FALSE for an invalid row and without such a function.
+    // Assigns a row the key that the scheme's load-default function has for its command, or no key,
+    // and removes that key from the row that has it. Sorts again if the list is sorted by key. The
+    // defaults may be in any order; the n-th row of a command gets the n-th of its keys, or the
+    // last one. FALSE for an invalid row and without such a function.
     BOOL ResetShortcutKey(int row);
-    // The same for every row of every scheme that has such a function.
+    // The same for every row of every scheme that has such a function. Sorts once.
     void ResetAllKeyboardShortcuts();
     // The first shown row that has the key, or -1.
     int FindShortcutKey(const CShortcutKey& key) const;
-    // Lets the user press a key and selects only the row that has it. Returns the row, or -1 when
-    // no row has the key or the user cancels.
+    // Lets the user press a key and selects only the row that has it: the first row with exactly
+    // that key, otherwise the first row with the same key except for the extended bit. Returns the
+    // row, or -1 when no row has the key, the user cancels, or the list is destroyed meanwhile.
     int FindByPressingKey();
 
     // Shows the rows whose command or key name contains the text, ignoring case; an empty text
@@ -116,6 +118,9 @@ public:
     void LoadDefaultColumnWidths() override;
 
 protected:
+    // Makes the styles LVS_REPORT and LVS_OWNERDATA part of every creation. If the list is
+    // subclassed instead, its template must have LVS_OWNERDATA.
+    BOOL PreCreateWindow(CREATESTRUCTW& parameters) override;
     void PreSubclassWindow() override;
 
     int OnCreate(CREATESTRUCTW* parameters);
@@ -126,6 +131,7 @@ private:
     void InsertColumns();
     quorvel::ShortcutSort SortOf(int column, int ascending);
     void TakeSort();
+    void TakeOrder() const;
     void ShowRows();
     void ShowNoRows() { ReplaceItems({}); }
     void ShowKeys();

@@ -113,6 +113,22 @@ WCHAR CharacterOfScanCode(int scan) {
     return 0;
 }
 
+// The character of a key if VkKeyScanW finds that character on a different key.
+WCHAR SecondKeyCharacter(UINT code, int modifiers) {
+    constexpr int kShift = 1;
+    constexpr int kControl = 2;
+    const Key* const key = FindKey(code);
+    const bool isOfPad = code >= VK_NUMPAD0 && code <= VK_DIVIDE;
+    const bool isSign = isOfPad && code > VK_NUMPAD9 && code != VK_DECIMAL;
+    if (key == nullptr || modifiers > kControl)
+        return 0;
+    if (code == VK_OEM_102)
+        return modifiers == 0 ? key->character : modifiers == kShift ? u'|' : u'\x1c';
+    const bool isTyped =
+        modifiers == 0 ? isOfPad : modifiers == kShift && (isSign || code == VK_SPACE);
+    return isTyped ? key->character : WCHAR(0);
+}
+
 } // namespace
 
 namespace win32 {
@@ -166,6 +182,11 @@ int ToUnicode(UINT code, UINT, const BYTE* state, LPWSTR text, int size, UINT) {
     const int modifiers = ((state[VK_SHIFT] & kDown) != 0 ? 1 : 0) |
                           ((state[VK_CONTROL] & kDown) != 0 ? 2 : 0) |
                           ((state[VK_MENU] & kDown) != 0 ? 4 : 0);
+    const WCHAR own = SecondKeyCharacter(code, modifiers);
+    if (own != 0) {
+        *text = own;
+        return 1;
+    }
     for (WCHAR character = 1; character < 0x80; ++character)
         if (VkKeyScanW(character) == static_cast<SHORT>(modifiers << 8 | static_cast<int>(code))) {
             *text = character;
