@@ -40,6 +40,11 @@ def listed(texts):
     return texts[0] if len(texts) == 1 else f"{', '.join(texts[:-1])} and {texts[-1]}"
 
 
+def faster(ratios):
+    """Nothing to say of what was not measured."""
+    return f"{ratios} times as fast" if re.search(r"\d", ratios) else "-"
+
+
 class Page:
     def __init__(self, results):
         self.results = results
@@ -115,7 +120,6 @@ def encodings(page):
 
 def jobs(page):
     page.text("## Other jobs\n")
-    faster = "{} times as fast".format
     escape = page.ratios("Escape", "libxml2", "20", "200", "1400")
     peaks = [page.results.counter(f"{job}{case}", "peak_KB") for job, case in
              (("Deflate/AfxDeflate", "/6"), ("Deflate/zlib", "/6"),
@@ -168,7 +172,6 @@ def jobs(page):
 
 def lists(page, windows):
     page.text("## Shortcuts and lists\n")
-    faster = "{} times as fast".format
     kinds = ("", ", a third selected", ", all selected")
 
     def sort(column):
@@ -228,7 +231,6 @@ def xml(page):
     page.table(("peer", "parse", "load"),
                [(peer, page.mean("XmlParse", peer, LARGE), page.mean("XmlLoad", peer, LARGE))
                 for peer in ("RapidXML", "expat", "TinyXML-2", "libxml2")])
-    faster = "{} times as fast".format
     session = "XmlForwardPass<SetEach, Rows::Usual, true>/10000"
     page.table(("job", "peer", "result"), (
         ("save 10 MB", "pugixml", faster(page.ratio("XmlSave", "pugixml", ""))),

@@ -1,5 +1,8 @@
 """Tests of the checks in tools/: each rule is broken once and followed once."""
 
+import contextlib
+import io
+import json
 import os
 import struct
 import sys
@@ -7,6 +10,8 @@ import tempfile
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "tools"))
+import bench_page  # noqa: E402
+import bench_ratios  # noqa: E402
 import build_progress  # noqa: E402
 import check_exports  # noqa: E402
 import check_layers  # noqa: E402
@@ -177,6 +182,51 @@ class DoxygenFilter(unittest.TestCase):
             with self.subTest(header=header):
                 result = doxygen_filter.filtered("// First.\n#pragma once\n\n" + header, "h.h")
                 self.assertEqual(result, "/** @file h.h\n     First. */\n\n" + expected)
+
+
+# name, times of three repetitions, their unit
+BENCHMARKS = [
+    ("Md5/Quorvel/64", (10, 10, 20), "ns"),
+    ("Md5/EVP_Digest/64", (0.02, 0.03, 0.02), "us"),
+    ("ToUtf8/Own/ASCII", (2, 2, 2), "us"),
+    ("ToUtf8/ICU/ASCII", (30, 29, 31), "us"),
+    ("XmlSave/Own", (3, 3, 3), "ms"),
+    ("XmlSave/pugixml", (), "ms"),  # refused
+    ("PostStatus", (159, 160, 161), "ns"),
+]
+
+
+class BenchRatios(unittest.TestCase):
+    def test_page_has_medians_and_the_spread_of_what_moves(self):
+        rows = []
+        for i, (name, times, unit) in enumerate(BENCHMARKS):
+            common = {"run_name": name, "family_index": i, "per_family_instance_index": 0,
+                      "run_type": "iteration", "time_unit": unit}
+            rows += [{**common, "repetition_index": j, "cpu_time": time}
+                     for j, time in enumerate(times)]
+            if not times:
+                rows.append({**common, "repetition_index": 0, "error_occurred": True})
+        context = {"date": "2024-03-12T08:30:00", "num_cpus": 2, "load_avg": [0.5]}
+        with tempfile.TemporaryDirectory() as folder:
+            paths = [os.path.join(folder, name) for name in ("results", "windows", "page")]
+            with open(paths[0], "w", encoding="utf-8") as file:
+                json.dump({"context": context, "benchmarks": rows}, file)
+            with open(paths[1], "w", encoding="utf-8") as file:
+                file.write("painting a page      2.000 ms, bare     1.000 ms, ratio 2.00\n")
+            results = bench_ratios.Results(paths[:1])
+            with contextlib.redirect_stdout(io.StringIO()) as output:
+                bench_ratios.print_ratios(results, "Md5", "EVP_Digest",
+                                          *results.families["Md5"].values())
+            bench_page.write_page(paths[2], results, paths[1])
+            with open(paths[2], encoding="utf-8") as file:
+                page = file.read()
+        self.assertRegex(output.getvalue(), r"Md5 +64 +EVP_Digest +2.00  \(1.00 to 3.00\)\n")
+        for line in ("| MD5 | `EVP_Digest` | 2.0 (1.00 to 3.0) | - | - |",
+                     "| UTF-16 to UTF-8 | 15 | - | - | - | - |",
+                     "| save 10 MB | pugixml | - |",
+                     "| post and take a status | - | 160 ns |",
+                     "| painting a page | 2 ms | 0.50 |"):
+            self.assertIn(line + "\n", page)
 
 
 class BuildProgress(unittest.TestCase):
