@@ -108,6 +108,14 @@ int VirtualRows::GetRow(const CVirtualListCtrlItem* item) const {
     return -1;
 }
 
+int VirtualRows::Add(CVirtualListCtrlItem* item) {
+    if (item == nullptr || m_count == INT_MAX || m_blocks.empty() ||
+        m_blocks.back().slots.size() == kMostRows)
+        return Insert(m_count, item);
+    m_blocks.back().slots.push_back(reinterpret_cast<Slot>(item));
+    return m_count++;
+}
+
 int VirtualRows::Insert(int row, CVirtualListCtrlItem* item) {
     if (item == nullptr || row < 0 || row > m_count || m_count == INT_MAX)
         return -1;

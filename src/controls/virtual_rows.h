@@ -50,7 +50,7 @@ public:
     int GetRow(const CVirtualListCtrlItem* item) const; // the first; -1 if not found
 
     // The new row, which is not selected; -1 for a null item and a row outside 0 to the count.
-    int Add(CVirtualListCtrlItem* item) { return Insert(m_count, item); }
+    int Add(CVirtualListCtrlItem* item);
     int Insert(int row, CVirtualListCtrlItem* item);
     // Returns the item, which the caller deletes; null for an unknown row. The focus of a deleted
     // row moves to the row that is then at its index, or to the last one.

@@ -104,7 +104,7 @@ QUORVEL_AVX2 inline Ch* EncodeGroups(const BYTE* source, std::size_t groups, Ch*
 template <class Ch>
 QUORVEL_AVX2 Ch* EncodeGroups(const BYTE* source, std::size_t groups, Ch* dest) {
     if (groups < kStepGroups + 2) // the last step would load bytes before the source
-        return Ssse3Base64<Ch>()->encode(source, 3 * groups, dest, BASE64_NO_LINE_BREAKS);
+        return PortableBase64<Ch>().encode(source, 3 * groups, dest, BASE64_NO_LINE_BREAKS);
     return EncodeGroups(source, groups, dest, true);
 }
 
