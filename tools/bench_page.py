@@ -16,11 +16,9 @@ ratios of the five differ by more than a fifth, the lowest and the highest stand
 
 """
 
-NOTES = """A text that is nearly one piece loads more slowly than with pugixml, which keeps its bytes as they are. Here
-they become UTF-16, and twice the memory is touched for the first time: in a new process the system's clearing
-of that memory alone takes some 30 % of the load. Peak memory of a load stays below 2 bytes a character, 32
-bytes a record of the index and 4 MB.
-"""
+NOTES = """A text that is nearly one piece gains least beside pugixml, which keeps its bytes as they are. Here they
+become UTF-16, and twice the memory is touched for the first time. A load may take 2 bytes a character, 32
+bytes a record of the index and 4 MB at its peak. In a new process it took """
 
 
 def number(value):
@@ -86,7 +84,8 @@ class Page:
         self.lines.append("")
 
 
-def machine(context):
+def machine(results):
+    context = results.machine
     model = "unknown"
     if os.path.exists("/proc/cpuinfo"):
         with open("/proc/cpuinfo", encoding="utf-8") as file:
@@ -95,9 +94,12 @@ def machine(context):
                  if f" {flag}" in text]
         found = re.search(r"model name\s*: (.*)", text)
         model = f"{found[1] if found else 'unknown'} with {listed(flags or ['no vectors'])}"
-    load = context.get("load_avg") or [0]
-    return (f"Measured on {context['date'][:10]}, on {context['num_cpus']} processors ({model}); "
-            f"the machine's load before the start was {load[0]:.1f}.\n")
+    loads = results.loads or [0]
+    text = (f"Measured on {context['date'][:10]}, on {context['num_cpus']} processors ({model}). The load of "
+            f"the\nmachine was {min(loads):.0f} to {max(loads):.0f} before the programs that measure.")
+    if max(loads) > context["num_cpus"]:
+        text += " Others used it at the same time, so the figures are rough."
+    return text + "\n"
 
 
 def encodings(page):
@@ -126,7 +128,7 @@ def jobs(page):
               ("Inflate/AfxInflate", ""), ("Inflate/zlib", ""))]
     memory = "-"
     if None not in peaks:
-        more = [f"{(own - peer) / 1024:.1f} MB" for own, peer in (peaks[:2], peaks[2:])]
+        more = [f"{round((own - peer) / 1024, 1) + 0:g} MB" for own, peer in (peaks[:2], peaks[2:])]
         memory = f"{listed(more)} more"
     formats = ("Integers", "Texts", "LongText", "General", "Fixed", "LargeFixed")
     weekdays = page.times("NextWeekdays/1000000", "NextWeekdays/2000000000")
@@ -220,7 +222,10 @@ def xml(page):
         row("XmlLoad", "`AfxLoadXMLFile`", "`load_file`"),
         row("XmlReload", "`AfxLoadXMLFile` into a used document", "`load_file`"),
         row("XmlColdLoad", "`AfxLoadXMLFile` in a new process", "`load_file`")))
-    page.text(NOTES)
+    names = [f"XmlColdLoad/AfxLoadXMLFile/{corpus}/{LARGE}" for corpus in range(4)]
+    peaks = [[page.results.counter(name, field) for field in ("peak", "allowed")] for name in names]
+    peaks = [f"{peak[0]:.0f} of {peak[1]:.0f} MB" for peak in peaks if None not in peak]
+    page.text(NOTES + listed(peaks or ["-"]) + ".\n")
     page.text("`AfxLoadXMLFile` of articles of 30 MB in two languages:\n")
     peers = ("pugixml", "RapidXML", "expat", "libxml2")
     page.table(("language", *peers, "pugixml, in a new process"),
@@ -257,7 +262,7 @@ def read_windows(path):
 
 def write_page(path, results, windows):
     page = Page(results)
-    page.text(machine(results.machine))
+    page.text(machine(results))
     encodings(page)
     xml(page)
     lists(page, read_windows(windows))

@@ -28,10 +28,12 @@ class Results:
     def __init__(self, paths):
         self.rows = {}
         self.machine = {}
+        self.loads = []  # of the machine, before each program
         for path in paths:
             with open(path, encoding="utf-8") as file:
                 results = json.load(file)
             self.machine = self.machine or results["context"]
+            self.loads += results["context"].get("load_avg", [])[:1]
             self._read(results["benchmarks"])
         self.families = defaultdict(lambda: defaultdict(dict))
         for name, rows in self.rows.items():
