@@ -106,10 +106,11 @@ if(WIN32)
     comctl32 comdlg32 shlwapi shell32 ole32 oleaut32 uuid version advapi32 gdi32 imm32
     user32 uxtheme ws2_32)
 else()
-  find_package(ICU REQUIRED COMPONENTS uc i18n data)
+  # Their headers: both are loaded when they are first called.
+  find_package(ICU REQUIRED COMPONENTS uc i18n)
   find_package(SQLite3 REQUIRED)
   find_package(Threads REQUIRED)
-  target_link_libraries(quorvel_system INTERFACE ICU::i18n ICU::uc ICU::data SQLite::SQLite3
-    Threads::Threads)
+  target_include_directories(quorvel_system INTERFACE ${ICU_INCLUDE_DIRS} ${SQLite3_INCLUDE_DIRS})
+  target_link_libraries(quorvel_system INTERFACE Threads::Threads ${CMAKE_DL_LIBS})
 endif()
 target_link_libraries(quorvel_system INTERFACE quorvel_expat quorvel_minizip quorvel_sodium ZLIB::ZLIB)

@@ -24,6 +24,9 @@ else()
   set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME ${library})
   set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
   set(CPACK_DEBIAN_LIBRARY_PACKAGE_SHLIBDEPS TRUE)
+  # These two are loaded when they are first called, so no tool finds them.
+  string(REGEX MATCH "^[0-9]+" icu ${ICU_VERSION})
+  set(CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS "libicu${icu}, libsqlite3-0")
   set(CPACK_DEBIAN_LIBRARY_PACKAGE_GENERATE_SHLIBS TRUE)
   set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS "xdg-utils")
   set(CPACK_DEBIAN_LIBRARY_PACKAGE_SUGGESTS "libcurl4") # for HTTPS

@@ -58,9 +58,10 @@ void Fill(RegistryStore& store) {
 
 void Execute(const std::string& file, const char* sql) {
     sqlite3* database = nullptr;
-    ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(database, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-    sqlite3_close(database);
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    ASSERT_EQ(quorvel::sqlite3_open_v2(file.c_str(), &database, flags, nullptr), SQLITE_OK);
+    EXPECT_EQ(quorvel::sqlite3_exec(database, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+    quorvel::sqlite3_close(database);
 }
 
 // Runs `body` in a new process and returns at once; its result is the exit code.

@@ -4,7 +4,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unicode/ustring.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -46,11 +45,10 @@ bool ToSystemPath(const WCHAR* name, std::string& path) try {
         return false;
     }
     path.resize(text.size() * 3);
-    UErrorCode status = U_ZERO_ERROR;
-    int32_t length = 0;
-    u_strToUTF8(path.data(), static_cast<int32_t>(path.size()), &length, text.data(),
-                static_cast<int32_t>(text.size()), &status);
-    if (U_FAILURE(status)) {
+    const int length = win32::WideCharToMultiByte(CP_UTF8, WC_ERR_INVALID_CHARS, text.data(),
+                                                  static_cast<int>(text.size()), path.data(),
+                                                  static_cast<int>(path.size()), nullptr, nullptr);
+    if (length == 0) {
         win32::SetLastError(ERROR_INVALID_NAME);
         return false;
     }
@@ -64,11 +62,10 @@ bool ToSystemPath(const WCHAR* name, std::string& path) try {
 
 std::u16string FromSystemPath(std::string_view path) {
     std::u16string text(path.size(), u'\0'); // enough: never more units than bytes
-    UErrorCode status = U_ZERO_ERROR;
-    int32_t length = 0;
-    u_strFromUTF8WithSub(text.data(), static_cast<int32_t>(text.size()), &length, path.data(),
-                         static_cast<int32_t>(path.size()), 0xfffd, nullptr, &status);
-    text.resize(U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
+    if (!path.empty())
+        text.resize(static_cast<std::size_t>(
+            win32::MultiByteToWideChar(CP_UTF8, 0, path.data(), static_cast<int>(path.size()),
+                                       text.data(), static_cast<int>(text.size()))));
     return text;
 }
 

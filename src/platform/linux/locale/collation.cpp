@@ -3,11 +3,11 @@
 #include <quorvel/platform/linux_api.h>
 
 #include "platform/linux/locale/locale.h"
+#include "platform/linux/text/icu.h"
 
 #include <map>
 #include <memory>
 #include <mutex>
-#include <unicode/ucol.h>
 
 namespace quorvel {
 namespace {

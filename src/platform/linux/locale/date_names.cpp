@@ -1,12 +1,12 @@
 #include "platform/linux/locale/date_names.h"
 
+#include "platform/linux/text/icu.h"
+
 #include <algorithm>
 #include <map>
 #include <memory>
 #include <mutex>
 #include <string_view>
-#include <unicode/udat.h>
-#include <unicode/udatpg.h>
 
 namespace quorvel {
 namespace {

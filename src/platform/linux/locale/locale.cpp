@@ -3,14 +3,13 @@
 #include <quorvel/platform/linux_api.h>
 
 #include "platform/linux/locale/date_names.h"
+#include "platform/linux/text/icu.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
 #include <memory>
 #include <string_view>
-#include <unicode/uloc.h>
-#include <unicode/unum.h>
 
 namespace quorvel {
 

@@ -14,7 +14,7 @@
 
 #include <quorvel/platform/linux_types.h>
 
-#include <sqlite3.h>
+#include "platform/linux/registry/sqlite.h"
 
 #include <cstdint>
 #include <span>

@@ -4,13 +4,13 @@
 
 #include "platform/linux/text/code_page_table.h"
 #include "platform/linux/text/converter.h"
+#include "platform/linux/text/icu.h"
 #include "platform/surrogates.h"
 
 #include <climits>
 #include <iterator>
 #include <new>
 #include <string>
-#include <unicode/unorm2.h>
 
 namespace quorvel {
 

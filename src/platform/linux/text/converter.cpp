@@ -1,7 +1,6 @@
 #include "platform/linux/text/converter.h"
 
-#include <unicode/ucnv.h>
-#include <unicode/ucnv_cb.h>
+#include "platform/linux/text/icu.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,8 +1,7 @@
 #include "platform/linux/text/letter_case.h"
 
 #include "platform/case_fold.h"
-
-#include <unicode/uchar.h>
+#include "platform/linux/text/icu.h"
 
 namespace quorvel::win32 {
 

@@ -1,6 +1,6 @@
 #include "platform/letters.h"
 
-#include <unicode/uchar.h>
+#include "platform/linux/text/icu.h"
 
 namespace quorvel {
 
