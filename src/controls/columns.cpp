@@ -6,6 +6,11 @@
 
 namespace quorvel {
 
+void Columns::Forget() {
+    m_records.clear();
+    m_inserted.clear();
+}
+
 int Columns::Insert(int position, int trueColumn, bool isVisible, const WCHAR* heading, int format,
                     int width, int subItem) {
     if (heading == nullptr)

@@ -73,6 +73,8 @@ struct HeaderMenuItem {
 class Columns {
 public:
     explicit Columns(ColumnView& view) : m_view(view) {}
+    // When the list view and its columns no longer exist. The sort column stays.
+    void Forget();
     Columns(const Columns&) = delete;
     Columns& operator=(const Columns&) = delete;
 

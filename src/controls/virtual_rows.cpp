@@ -369,7 +369,7 @@ int VirtualRows::Find(const WCHAR* text, int start, bool isWholeText, bool wraps
     const std::basic_string_view<WCHAR> wanted(text);
     const auto find = [&](int from, int end) {
         for (int row = from; row < end; ++row) {
-            const CString shown = GetItem(row)->GetSubItemText(0);
+            const CString shown = GetItem(row)->GetSubItemText(m_searchColumn);
             const std::basic_string_view<WCHAR> view(shown.GetString(),
                                                      static_cast<std::size_t>(shown.GetLength()));
             if (isWholeText ? EqualIgnoringCase(view, wanted)

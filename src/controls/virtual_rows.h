@@ -95,10 +95,11 @@ public:
     void SetFocusedRow(int row) { m_focusedRow = IsRow(row) ? row : -1; }
     int GetFocusedRow() const { return m_focusedRow; }
 
-    // The first row from `start` on whose text in column 0 equals the text or begins with it.
-    // Ignores letter case. With `wraps` the rows before `start` follow, and `start` may then equal
-    // the number of rows. Returns -1 if there is none, for an empty or null text, and for any other
-    // invalid `start`, except that -1 counts as 0.
+    void SetSearchColumn(int trueColumn) { m_searchColumn = trueColumn; } // 0 at first
+    // The first row from `start` on whose text in the search column equals the text or begins with
+    // it. Ignores letter case. With `wraps` the rows before `start` follow, and `start` may then
+    // equal the number of rows. Returns -1 if there is none, for an empty or null text, and for any
+    // other invalid `start`, except that -1 counts as 0.
     int Find(const WCHAR* text, int start, bool isWholeText, bool wraps) const;
     // The row for typed letters: the focused row while it begins with them, otherwise the next row
     // that does. A single letter, or a repeated one while no row begins with the repetition, moves
@@ -133,6 +134,7 @@ private:
     int m_count = 0;
     int m_selectedCount = 0;
     int m_focusedRow = -1;
+    int m_searchColumn = 0;
     // The block located last and its first row. Often the next request is for a neighbour.
     mutable std::size_t m_knownBlock = 0;
     mutable int m_knownFirst = 0;

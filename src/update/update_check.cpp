@@ -17,7 +17,6 @@ namespace quorvel {
 
 namespace {
 
-constexpr ULONGLONG kBodyLimit = 64 << 20;
 constexpr DWORD kOk = 200;
 constexpr AcceptedNames kAcceptedNames = {_T("Signed Date"), _T("Signed Serial")};
 

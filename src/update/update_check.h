@@ -22,6 +22,8 @@ CString PublishedText(const COleDateTime& date, const WCHAR* localUpdatesFile);
 
 class UpdateCheck : public UpdateFlow {
 public:
+    static constexpr ULONGLONG kBodyLimit = 64 << 20; // unless another one is set
+
     UpdateCheck(const CRegistryPath& path, const WCHAR* localUpdatesFile,
                 CCheckForUpdatesView& view, UpdateSource& source);
 

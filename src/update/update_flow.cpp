@@ -118,6 +118,8 @@ bool UpdateFlow::CanStart(CString& url) {
     const auto mayOpenLink = QuorvelGetOpenExternalLinkCallback();
     if (mayOpenLink != nullptr && !mayOpenLink(url))
         return false;
+    if (m_isLeft) // by the hook
+        return false;
     // Deliberate: a last check in the future, from a wrong clock, counts as recent.
     const COleDateTimeSpan wait(0, 0, 0, kSecondsBetweenChecks);
     if (m_source.GetCurrentUTCTime() < m_lastChecked + wait) {
@@ -251,8 +253,10 @@ void UpdateFlow::FetchSignature(const Body& body) {
     request.headerOnly = false;
     request.receiveBufferSize = UpdateRequest::kReceiveBufferSize;
     ReleaseConnection();
-    if (!Open(true))
+    if (!Open(true)) {
+        m_view.HideProgress();
         return End(View::resultFailed);
+    }
     m_unverified = std::move(unverified);
     if (!Connect(request))
         End(View::resultFailed);
@@ -349,6 +353,11 @@ void UpdateFlow::OnCheckFinished(DWORD code) {
 void UpdateFlow::Cancel() {
     if (IsRunning())
         End(View::resultCancelled);
+}
+
+void UpdateFlow::Leave() {
+    m_isLeft = true;
+    Cancel();
 }
 
 void UpdateFlow::OnSocketStatus(const void* sender, int status, DWORD error) {

@@ -39,6 +39,8 @@ public:
     void OnCheckFinished(DWORD code);
     // Ends a running check without a message.
     void Cancel();
+    // Cancel, and no check starts any more: also not one that asks the host's hook just now.
+    void Leave();
 
     // The longest body that is accepted; a check with a longer one fails with WSAEMSGSIZE.
     void SetBodyLimit(ULONGLONG limit) { m_bodyLimit = limit; }
@@ -132,6 +134,7 @@ private:
     COleDateTime m_lastChecked;
     enum class State { Idle, Running, Ended /* and not yet reported */ };
     State m_state = State::Idle;
+    bool m_isLeft = false;
     View::Result m_result = View::resultFailed;
     CString m_cause;
     std::unique_ptr<Transfer> m_transfer;

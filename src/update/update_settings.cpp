@@ -34,4 +34,14 @@ UINT ValidateReminderDays(bool reminds, const WCHAR* days) {
     return isValid ? 0 : UINT{kTextFieldNumberRange};
 }
 
+// Valid texts have no sign but "+", and at most blanks around the digits.
+int ReminderDaysOf(const WCHAR* days) {
+    int number = 0;
+    for (; *days != 0; ++days) {
+        if (*days >= '0' && *days <= '9')
+            number = number * 10 + (*days - '0');
+    }
+    return number;
+}
+
 } // namespace quorvel

@@ -8,6 +8,7 @@
 
 #include "controls/link_model.h"
 #include "controls/win/accessible_role.h"
+#include "controls/win/high_contrast.h"
 #include "system/open_link.h"
 
 #include <oleacc.h>
@@ -94,13 +95,6 @@ CRect Placed(CSize size, const CRect& room, DWORD style) {
     const LONG top =
         (style & SS_CENTERIMAGE) != 0 ? room.top + (room.Height() - height) / 2 : room.top;
     return {left, top, left + width, top + height};
-}
-
-bool IsHighContrast() {
-    HIGHCONTRASTW contrast = {};
-    contrast.cbSize = sizeof contrast;
-    return ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
 // Where nobody can read blue.
@@ -284,7 +278,7 @@ HBRUSH CHyperlinkCtrl::CtlColor(CDC* dc, UINT) {
     m_link->m_systemDisabledColor = ::GetSysColor(COLOR_BTNSHADOW);
     dc->SetTextColor(
         m_link->TextColor(IsWindowEnabled() != FALSE, ::GetCapture() == m_hWnd,
-                          IsHighContrast() || IsBackgroundDark() ? &contrast : nullptr));
+                          quorvel::IsHighContrast() || IsBackgroundDark() ? &contrast : nullptr));
     dc->SetBkMode(TRANSPARENT);
     return static_cast<HBRUSH>(::GetStockObject(HOLLOW_BRUSH));
 }

@@ -95,7 +95,12 @@ void CVaskListCtrl::OnDestroy() {
         ::EndMenu();
     if (m_columnsDlg != nullptr)
         m_columnsDlg->EndDialog(IDCANCEL);
+    const Watch watch(*this);
     CListCtrl::OnDestroy();
+    if (!watch.IsAlive())
+        return;
+    m_columns->columns.Forget(); // another window begins without columns
+    m_columns->descriptions.clear();
 }
 
 // Columns

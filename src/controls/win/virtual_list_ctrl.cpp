@@ -242,6 +242,10 @@ void CVirtualListCtrl::Drop(const std::vector<CVirtualListCtrlItem*>& items, BOO
     }
 }
 
+void CVirtualListCtrl::SetSearchColumn(int trueColumn) {
+    m_rows->SetSearchColumn(trueColumn);
+}
+
 int CVirtualListCtrl::GetItemCount() const {
     return m_rows->GetCount();
 }

@@ -65,8 +65,23 @@ public:
         SetText(QUORVEL_UPDATES_LAST_CHECKED, text);
     }
     void ShowListing(const CUpdateListing& listing) override;
+    bool IsFillingList() const { return m_isFillingList; } // its notifications do not count
 
 private:
+    // An exception must not leave a list that never draws again.
+    class RedrawPause {
+    public:
+        explicit RedrawPause(CWnd& list) : m_list(list) { m_list.SetRedraw(FALSE); }
+        RedrawPause(const RedrawPause&) = delete;
+        ~RedrawPause() {
+            m_list.SetRedraw();
+            m_list.Invalidate();
+        }
+
+    private:
+        CWnd& m_list;
+    };
+
     void SetText(int id, const WCHAR* text) {
         if (GetWindow() != nullptr)
             GetWindow()->SetDlgItemText(id, text);
@@ -78,6 +93,7 @@ private:
         GetFlow().Cancel();
     }
 
+    bool m_isFillingList = false;
     quorvel::UpdateProgressPane m_smallPane;
     quorvel::UpdateProgressPane m_largePane;
 };
@@ -87,17 +103,22 @@ void CCheckForUpdatesDlg::Session::ShowListing(const CUpdateListing& listing) {
     if (GetWindow() == nullptr)
         return;
     CUpdateListingListCtrl& list = GetWindow()->m_latestUpdatesListCtrl;
-    list.SetRedraw(FALSE);
-    list.DeleteAllItems();
-    for (const CUpdateListingItem& item : listing.GetItems())
-        list.AddItem(new CUpdateListingItem(item));
-    if (list.GetItemCount() > 0) {
-        list.AutoSortItems();
-        list.SelectItem(0);
-        list.EnsureVisible(0, FALSE);
+    m_isFillingList = true;
+    {
+        const RedrawPause pause(list);
+        list.DeleteAllItems();
+        for (const CUpdateListingItem& item : listing.GetItems()) {
+            auto copy = std::make_unique<CUpdateListingItem>(item);
+            list.AddItem(copy.get());
+            copy.release(); // the list's own now
+        }
+        if (list.GetItemCount() > 0) {
+            list.AutoSortItems();
+            list.SelectItem(0);
+            list.EnsureVisible(0, FALSE);
+        }
     }
-    list.SetRedraw();
-    list.Invalidate();
+    m_isFillingList = false;
     GetWindow()->UpdateMessage(list.GetSelectedUpdateListingItem());
 }
 
@@ -140,11 +161,17 @@ void CCheckForUpdatesDlg::SetMaxAge(int days) {
     ApplyOptions();
 }
 
+void CCheckForUpdatesDlg::SetBodyLimit(ULONGLONG bytes) {
+    m_options->bodyLimit = bytes;
+    ApplyOptions();
+}
+
 void CCheckForUpdatesDlg::ApplyOptions() {
     if (m_session == nullptr)
         return;
     m_session->SetOptions(*m_options);
     m_session->GetFlow().SetMaxAge(m_options->maxAge);
+    m_session->GetFlow().SetBodyLimit(m_options->bodyLimit);
 }
 
 UINT CCheckForUpdatesDlg::GetTemplateID() {
@@ -176,6 +203,8 @@ BOOL CCheckForUpdatesDlg::LoadData() {
     m_hyperlinkCtrl.ModifyStyle(0, WS_TABSTOP);
     m_hyperlinkCtrl.SetFlags(CHyperlinkCtrl::HAS_URI | CHyperlinkCtrl::CAN_OPEN_URI |
                              CHyperlinkCtrl::CAN_COPY_URI);
+    m_latestUpdatesListCtrl.DeleteAllItems(); // those of the last time
+    UpdateMessage(nullptr);
     m_session = std::make_shared<Session>(*this);
     ApplyOptions();
     return m_session->CreatePanes();
@@ -183,10 +212,11 @@ BOOL CCheckForUpdatesDlg::LoadData() {
 
 // The columns' state, which is loaded at this point, determines the sort.
 BOOL CCheckForUpdatesDlg::OnInitDialog() {
-    const BOOL setsFocus = CVaskDialog::OnInitDialog();
+    if (!CVaskDialog::OnInitDialog())
+        return FALSE;
     if (const auto session = m_session)
         session->GetFlow().Open();
-    return setsFocus;
+    return TRUE;
 }
 
 std::unique_ptr<quorvel::UpdateSource> CCheckForUpdatesDlg::MakeUpdateSource() {
@@ -238,7 +268,7 @@ void CCheckForUpdatesDlg::UpdateMessage(CUpdateListingItem* item) {
         title = quorvel::OneLineText(item->GetTitle());
         date = item->GetSubItemText(CUpdateListingItem::COLUMN_DATE);
         description = quorvel::MultilineText(item->GetDescription());
-        link = quorvel::OneLineText(item->GetLink());
+        link = item->GetLink();
     }
     SetDlgItemText(QUORVEL_UPDATES_TITLE, title);
     SetDlgItemText(QUORVEL_UPDATES_DATE, date);
@@ -246,11 +276,15 @@ void CCheckForUpdatesDlg::UpdateMessage(CUpdateListingItem* item) {
     ShowLink(link);
 }
 
-// A disabled link has no menu.
-void CCheckForUpdatesDlg::ShowLink(const CString& link) {
+// A disabled link has no menu. What is opened is the link as it was published, however it is shown.
+void CCheckForUpdatesDlg::ShowLink(CString link) {
+    link.Trim();
     m_hyperlinkCtrl.ClearURI();
-    m_hyperlinkCtrl.EnableWindow(m_hyperlinkCtrl.SetURI(link));
-    m_hyperlinkCtrl.SetDisplayText(link);
+    const BOOL isLink = m_hyperlinkCtrl.SetURI(link);
+    if (!isLink && ::GetFocus() == m_hyperlinkCtrl.m_hWnd) // or the dialog would get no keys
+        m_latestUpdatesListCtrl.SetFocus();
+    m_hyperlinkCtrl.EnableWindow(isLink);
+    m_hyperlinkCtrl.SetDisplayText(quorvel::OneLineText(link));
     m_hyperlinkCtrl.ShowWindow(link.IsEmpty() ? SW_HIDE : SW_SHOWNA);
 }
 
@@ -258,6 +292,14 @@ void CCheckForUpdatesDlg::OnShowWindow(BOOL show, UINT status) {
     CVaskDialog::OnShowWindow(show, status);
     if (show && std::exchange(m_autoCheck, FALSE))
         ::PostMessageW(m_hWnd, quorvel::kAutoCheckMessage, 0, 0);
+}
+
+// A window that is only hidden then must not continue its check.
+void CCheckForUpdatesDlg::OnCancel() {
+    if (const auto session = m_session)
+        session->GetFlow().Cancel();
+    if (m_hWnd != nullptr) // a host may have closed it
+        CVaskDialog::OnCancel();
 }
 
 // The calls below may destroy the dialog, so nothing may follow them.
@@ -293,7 +335,10 @@ LRESULT CCheckForUpdatesDlg::OnCheckFinished(WPARAM code, LPARAM) {
     return 0;
 }
 
-void CCheckForUpdatesDlg::OnLvnItemchangedLatestupdatesListctrl(NMHDR*, LRESULT* result) {
-    UpdateMessage(m_latestUpdatesListCtrl.GetSelectedUpdateListingItem());
+void CCheckForUpdatesDlg::OnLvnItemchangedLatestupdatesListctrl(NMHDR* header, LRESULT* result) {
     *result = 0;
+    const NMLISTVIEW& change = *reinterpret_cast<const NMLISTVIEW*>(header);
+    const bool isSelection = ((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0;
+    if (isSelection && (m_session == nullptr || !m_session->IsFillingList()))
+        UpdateMessage(m_latestUpdatesListCtrl.GetSelectedUpdateListingItem());
 }

@@ -72,8 +72,11 @@ BOOL CCheckForUpdatesSettingsDlg::ValidateData(UINT&, CString&, CString& text, C
         GetDlgItemText(QUORVEL_UPDATES_DAYS, days);
         const bool reminds = IsDlgButtonChecked(QUORVEL_UPDATES_REMIND) != BST_UNCHECKED;
         const UINT daysRefusal = quorvel::ValidateReminderDays(reminds, days);
-        if (daysRefusal == 0)
+        if (daysRefusal == 0) {
+            if (reminds) // the control reads fewer texts, and would keep the number before
+                m_daysSpinButtonCtrl.SetPos32(quorvel::ReminderDaysOf(days));
             return TRUE;
+        }
         text.FormatMessage(daysRefusal, UpdateSettings::kMinimumDays, UpdateSettings::kMaximumDays);
         field = QUORVEL_UPDATES_DAYS;
     }

@@ -2,6 +2,8 @@
 
 #include <quorvel/framework/win/dc.h>
 
+#include "controls/win/high_contrast.h"
+
 #include <iterator>
 
 namespace quorvel {
@@ -52,7 +54,7 @@ void AddMark(CImageList& images, int priority, COLORREF color) {
 
 // Red only with the usual background: on a user's own colours it might be invisible.
 COLORREF ColorOfHighPriority() {
-    const bool isUsual = ::GetSysColor(COLOR_WINDOW) == RGB(255, 255, 255);
+    const bool isUsual = !IsHighContrast() && ::GetSysColor(COLOR_WINDOW) == RGB(255, 255, 255);
     return isUsual ? RGB(192, 0, 0) : ::GetSysColor(COLOR_WINDOWTEXT);
 }
 

@@ -4,6 +4,7 @@
 #include <quorvel/net/vask_socket.h>
 #include <quorvel/res/resource_ids.h>
 
+#include "framework/win/dialog_template.h"
 #include "update/version_check.h"
 #include "update/win/windowed_check.h"
 
@@ -27,12 +28,14 @@ public:
 
     bool IsLeft() const { return GetWindow() == nullptr; }
 
+    // It stays the active window, so that the box of the outcome belongs to it.
     void HideProgress() override {
         if (GetWindow() != nullptr)
-            GetWindow()->ShowWindow(SW_HIDE);
+            quorvel::HideBeforeOwner(GetWindow()->m_hWnd);
     }
     int ShowMessage(const WCHAR* text, UINT type) override {
-        HideProgress();
+        if (!GetFlow().IsActive()) // or else the box refuses a second check, and the first goes on
+            HideProgress();
         return WindowedCheck::ShowMessage(text, type);
     }
     void OnFinished(Result) override {
@@ -97,10 +100,11 @@ BOOL CUpdateDlg::LoadData() {
 }
 
 BOOL CUpdateDlg::OnInitDialog() {
-    const BOOL setsFocus = CVaskDialog::OnInitDialog();
+    if (!CVaskDialog::OnInitDialog())
+        return FALSE;
     m_progress.Start();
     ::PostMessageW(m_hWnd, quorvel::kAutoCheckMessage, 0, 0);
-    return setsFocus;
+    return TRUE;
 }
 
 std::unique_ptr<quorvel::UpdateSource> CUpdateDlg::MakeUpdateSource() {

@@ -17,7 +17,9 @@ ON_NOTIFY_REFLECT_EX(NM_CUSTOMDRAW, &CUpdateListingListCtrl::OnNMCustomdraw)
 ON_WM_SYSCOLORCHANGE()
 END_MESSAGE_MAP()
 
-CUpdateListingListCtrl::CUpdateListingListCtrl() = default;
+CUpdateListingListCtrl::CUpdateListingListCtrl() {
+    SetSearchColumn(COLUMN_TITLE); // the first has no texts
+}
 
 CUpdateListingListCtrl::~CUpdateListingListCtrl() = default;
 

@@ -9,6 +9,23 @@
 
 namespace quorvel {
 
+namespace {
+
+// The visible window of the owner that takes input, and is no pane; null for none.
+HWND FindModalWindow(HWND owner) {
+    for (HWND window = ::GetWindow(::GetDesktopWindow(), GW_CHILD); window != nullptr;
+         window = ::GetWindow(window, GW_HWNDNEXT)) {
+        const bool isPane =
+            dynamic_cast<UpdateProgressPane*>(CWnd::FromHandlePermanent(window)) != nullptr;
+        if (::GetWindow(window, GW_OWNER) == owner && ::IsWindowVisible(window) &&
+            ::IsWindowEnabled(window) && !isPane)
+            return window;
+    }
+    return nullptr;
+}
+
+} // namespace
+
 UpdateProgressPane::UpdateProgressPane(UINT templateId, std::function<void()> onCancel)
     : CVaskDialog(templateId), m_onCancel(std::move(onCancel)) {
     SetCaptionID(kTextUpdatesProgressTitle);
@@ -36,12 +53,15 @@ void UpdateProgressPane::Show() {
     UpdateWindow();
 }
 
-// Activates the owner first; otherwise the system would activate any window.
+// Activates another window first; otherwise the system would activate any: the owner, or the modal
+// window over it that has disabled it.
 void UpdateProgressPane::Hide() {
     if (m_hWnd == nullptr || !IsWindowVisible())
         return;
-    if (GetActiveWindow() == this)
-        GetParent()->SetActiveWindow();
+    const HWND owner = GetParent()->m_hWnd;
+    const HWND next = ::IsWindowEnabled(owner) ? owner : FindModalWindow(owner);
+    if (GetActiveWindow() == this && next != nullptr)
+        ::SetActiveWindow(next);
     ShowWindow(SW_HIDE);
 }
 

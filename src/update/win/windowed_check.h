@@ -10,6 +10,7 @@
 #include <quorvel/update/check_for_updates_view.h>
 
 #include "update/http_connection.h"
+#include "update/update_check.h"
 
 #include <memory>
 #include <utility>
@@ -31,7 +32,9 @@ struct CheckOptions {
     bool isStrict = false;
     CUpdateTransport* transport = nullptr; // not owned; null: plain HTTP
     PublisherKeys keys;
-    int maxAge = 0; // in days; for listings
+    // For listings.
+    int maxAge = 0; // in days
+    ULONGLONG bodyLimit = UpdateCheck::kBodyLimit;
 };
 
 // `Window` is the class of the object. Its window must exist.
@@ -56,7 +59,7 @@ public:
     // Ends the running check silently. The window is not used any more.
     void Leave() {
         m_window = nullptr;
-        m_flow.Cancel();
+        m_flow.Leave();
     }
     // The arguments of CVaskSocket::STATUS_MESSAGE.
     void OnSocketStatus(WPARAM socket, LPARAM status) {

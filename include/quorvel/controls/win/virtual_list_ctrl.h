@@ -9,8 +9,9 @@
 // use the new rows. Switch WM_SETREDRAW off to change many rows: the list-view is then updated
 // once. A notification may also destroy the list.
 //
-// Typed letters find the row whose first text begins with them. Ctrl+A selects all rows. Ctrl+C
-// copies the selected rows, one line each, with tabs between the texts of the shown columns.
+// Typed letters find the row whose text in the search column begins with them. Ctrl+A selects all
+// rows. Ctrl+C copies the selected rows, one line each, with tabs between the texts of the shown
+// columns.
 //
 // The platform's own messages that change the number of rows (LVM_DELETEITEM and so on) change the
 // rows of this object, or are refused.
@@ -81,6 +82,8 @@ public:
     virtual SortingFunction GetSortingFunction(int column, int ascending); // null: no sorting
 
 protected:
+    // The column whose texts typed letters and LVM_FINDITEM look at; 0 at first.
+    void SetSearchColumn(int trueColumn);
     // Sorts the rows; equal rows keep their order. An empty function changes
     // nothing.
     void SortRows(const RowOrder& isBefore);

@@ -9,7 +9,7 @@
 // The title, date, description and link of the selected entry are shown below the list. They are
 // data of the site: texts are shown as plain text, whatever they contain, and very long ones are
 // shortened. A link is opened as CHyperlinkCtrl opens links, so it starts no program. A link that
-// is not a valid address is shown as text.
+// is not a valid address is shown as text. White space around a link is ignored.
 //
 // The arrangement of the list's columns is stored below the path, and the values of checks in its
 // key "Check For Updates" (check_for_updates_profile.h).
@@ -45,6 +45,7 @@ public:
     BOOL SetPublicKey(const WCHAR* text);
     BOOL AddPublicKey(const WCHAR* text);
     void SetMaxAge(int days);
+    void SetBodyLimit(ULONGLONG bytes);
 
     BOOL DestroyWindow() override;
 
@@ -52,7 +53,8 @@ protected:
     // Shows the local updates file. Returns FALSE and keeps the list when it cannot be loaded, and
     // before the dialog has opened. With `showsError` a box shows the reason.
     BOOL LoadLocalUpdatesFile(BOOL showsError);
-    // Dates are in UTC and shown in local time. The empty date (no check yet) shows no text.
+    // Dates are in UTC and shown in local time. The empty date (no check yet) shows no text; as the
+    // date of a local updates file it is shown like any other.
     void UpdateLastCheckedText(COleDateTime lastChecked);
     void UpdatePublishedText(COleDateTime published);
     void UpdateMessage(CUpdateListingItem* item); // below the list; null: no entry
@@ -65,6 +67,7 @@ protected:
     void DoDataExchange(CDataExchange* exchange) override;
     BOOL OnInitDialog() override;
     BOOL LoadData() override;
+    void OnCancel() override; // ends a check that is running
 
     // Creates the source of the checks' connections. The library's tests override it.
     virtual std::unique_ptr<quorvel::UpdateSource> MakeUpdateSource();
@@ -87,7 +90,7 @@ private:
 
     void EndSession();
     void ApplyOptions();
-    void ShowLink(const CString& link);
+    void ShowLink(CString link);
 
     const CRegistryPath m_path;
     const CString m_localUpdatesFile;
