@@ -193,7 +193,9 @@ std::vector<CVirtualListCtrlItem*> VirtualRows::RemoveAll() {
     removed.reserve(static_cast<std::size_t>(m_count));
     for (const Block& block : m_blocks)
         std::ranges::transform(block.slots, std::back_inserter(removed), ItemOf);
+    const int searchColumn = m_searchColumn;
     *this = VirtualRows();
+    m_searchColumn = searchColumn;
     return removed;
 }
 

@@ -18,7 +18,6 @@ struct WebRequest {
     bool headerOnly = false;
     DWORD connectMilliseconds = 30000;
     DWORD stallMilliseconds = 30000;
-    const char* library = nullptr; // replaces the system's library
 };
 
 struct WebResult {

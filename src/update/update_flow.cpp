@@ -253,10 +253,8 @@ void UpdateFlow::FetchSignature(const Body& body) {
     request.headerOnly = false;
     request.receiveBufferSize = UpdateRequest::kReceiveBufferSize;
     ReleaseConnection();
-    if (!Open(true)) {
-        m_view.HideProgress();
+    if (!Open(true))
         return End(View::resultFailed);
-    }
     m_unverified = std::move(unverified);
     if (!Connect(request))
         End(View::resultFailed);

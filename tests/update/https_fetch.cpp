@@ -1,9 +1,7 @@
-// https_fetch URL FILE [--head] [--stall MS] [--limit BYTES] [--cancel MS] [--library NAME]: one
-// request of the HTTPS transport, for https_test.py. Prints the result, one line each: status code,
-// bytes, error, "Last-Modified" and text.
+// https_fetch URL FILE [--head] [--stall MS] [--limit BYTES] [--cancel MS]: one request of the HTTPS
+// transport, for https_test.py. Prints the result, one line each: status code, bytes, error,
+// "Last-Modified" and text.
 #include <quorvel/update/https_update_transport.h>
-
-#include "platform/web_fetch.h"
 
 #include <chrono>
 #include <cstdio>
@@ -20,12 +18,6 @@ void Await(const CHttpsUpdateTransport& transport, Clock::duration time) {
     while (!transport.GetProgress().hasEnded && Clock::now() < end)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
-
-struct Nobody final : quorvel::WebReceiver {
-    void OnConnected() override {}
-    void OnHeader(UINT, Fields, ULONGLONG) override {}
-    bool OnBody(const char*, std::size_t) override { return true; }
-};
 
 } // namespace
 
@@ -49,14 +41,6 @@ int main(int argc, char** argv) {
             request.bodyLimit = static_cast<ULONGLONG>(std::atoi(argv[++i]));
         else if (std::strcmp(argv[i], "--cancel") == 0)
             cancelAfter = std::atoi(argv[++i]);
-        else if (std::strcmp(argv[i], "--library") == 0) {
-            quorvel::WebRequest how;
-            how.library = value;
-            Nobody nobody;
-            const auto result = quorvel::WebFetch(how).Run(nobody);
-            std::printf("%s\n", CStringA(CString(result.text.c_str())).GetString());
-            return result.kind == quorvel::WebResult::NoLibrary ? 0 : 1;
-        }
     }
     transport.Start(request);
     if (cancelAfter > 0) {

@@ -140,6 +140,7 @@ public:
         auto connection =
             std::make_unique<ScriptedConnection>(m_createError, m_connectError, m_alive);
         m_last = connection.get();
+        ++m_count;
         return connection;
     }
     CString GetWinsockErrorText(DWORD code) override {
@@ -191,6 +192,7 @@ public:
     COleDateTime m_now{2024, 3, 12, 12, 0, 0};
     ScriptedConnection* m_last = nullptr;
     int m_alive = 0;
+    int m_count = 0; // of all connections
 };
 
 // The environment of a check: settings with an address, and private folders, including the one for

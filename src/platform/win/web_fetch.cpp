@@ -47,8 +47,8 @@ bool Find(HMODULE library, const char* name, Function& function) {
 }
 
 // Neither WinHTTP nor this library is unloaded: a cancelled request may still run in them.
-std::optional<WinHttp> Load(const char* name) {
-    const HMODULE library = LoadLibraryA(name);
+std::optional<WinHttp> Load() {
+    const HMODULE library = LoadLibraryA(kLibrary);
     WinHttp functions;
     functions.module = library;
     HMODULE own = nullptr;
@@ -70,10 +70,8 @@ std::optional<WinHttp> Load(const char* name) {
     return isWhole ? std::optional(functions) : std::nullopt;
 }
 
-std::optional<WinHttp> Library(const char* name) {
-    if (name != nullptr)
-        return Load(name);
-    static const std::optional<WinHttp> s_functions = Load(kLibrary);
+std::optional<WinHttp> Library() {
+    static const std::optional<WinHttp> s_functions = Load();
     return s_functions;
 }
 
@@ -273,9 +271,9 @@ bool WebFetch::Parts::Receive(HINTERNET request, WebReceiver& receiver) {
 }
 
 WebResult WebFetch::Parts::Run(WebReceiver& receiver) {
-    m_http = Library(m_request.library);
+    m_http = Library();
     if (!m_http) {
-        const std::string name = m_request.library != nullptr ? m_request.library : kLibrary;
+        const std::string name = kLibrary;
         return {WebResult::NoLibrary, ERROR_FILE_NOT_FOUND, WebText(name.begin(), name.end())};
     }
     URL_COMPONENTS parts = {};

@@ -69,17 +69,22 @@ public:
 
 private:
     // An exception must not leave a list that never draws again.
-    class RedrawPause {
+    class Filling {
     public:
-        explicit RedrawPause(CWnd& list) : m_list(list) { m_list.SetRedraw(FALSE); }
-        RedrawPause(const RedrawPause&) = delete;
-        ~RedrawPause() {
+        Filling(CWnd& list, bool& isFilling) : m_list(list), m_isFilling(isFilling) {
+            m_isFilling = true;
+            m_list.SetRedraw(FALSE);
+        }
+        Filling(const Filling&) = delete;
+        ~Filling() {
             m_list.SetRedraw();
             m_list.Invalidate();
+            m_isFilling = false;
         }
 
     private:
         CWnd& m_list;
+        bool& m_isFilling;
     };
 
     void SetText(int id, const WCHAR* text) {
@@ -103,9 +108,8 @@ void CCheckForUpdatesDlg::Session::ShowListing(const CUpdateListing& listing) {
     if (GetWindow() == nullptr)
         return;
     CUpdateListingListCtrl& list = GetWindow()->m_latestUpdatesListCtrl;
-    m_isFillingList = true;
     {
-        const RedrawPause pause(list);
+        const Filling filling(list, m_isFillingList);
         list.DeleteAllItems();
         for (const CUpdateListingItem& item : listing.GetItems()) {
             auto copy = std::make_unique<CUpdateListingItem>(item);
@@ -118,7 +122,6 @@ void CCheckForUpdatesDlg::Session::ShowListing(const CUpdateListing& listing) {
             list.EnsureVisible(0, FALSE);
         }
     }
-    m_isFillingList = false;
     GetWindow()->UpdateMessage(list.GetSelectedUpdateListingItem());
 }
 

@@ -296,6 +296,174 @@ TEST_F(UpdatesDlg, ClosedInEveryStateItLeavesNothing) {
     }
 }
 
+// A hook may ask the user, and the user may close the dialog meanwhile.
+TEST_F(UpdatesDlg, AHookThatClosesTheDialogStartsNoCheck) {
+    static std::function<void()> s_meanwhile;
+    QuorvelSetOpenExternalLinkCallback([](const WCHAR*) {
+        s_meanwhile();
+        return 1;
+    });
+    s_meanwhile = [&] { dialog->DestroyWindow(); };
+    Run({ClickOn(QUORVEL_UPDATES_CHECK)});
+    EXPECT_EQ(source.m_last, nullptr);
+    EXPECT_EQ(boxes.Lines(), "");
+    EXPECT_EQ(AfxGetProfileCheckForUpdatesLastChecked(path), COleDateTime());
+}
+
+// The window is only hidden at first: an answer that comes later must not start the download.
+TEST_F(UpdatesDlg, ClosedWhileItAsksItDoesNotDownload) {
+    boxes.m_answer = IDYES;
+    Run({ClickOn(QUORVEL_UPDATES_CHECK),
+         [&](HWND) {
+             boxes.m_meanwhile = [&] { ::SendMessageW(dialog->m_hWnd, WM_COMMAND, IDCANCEL, 0); };
+         },
+         Answer(kHead)});
+    EXPECT_EQ(source.m_count, 1);
+    ExpectNothingLeft();
+    EXPECT_EQ(folder.Read(_T("updates.xml")), kOld);
+}
+
+TEST_F(UpdatesDlg, WithoutAModalLoopClosingEndsTheCheckToo) {
+    boxes.m_answer = IDYES;
+    for (const bool isDownloading : {false, true}) {
+        Open();
+        ASSERT_TRUE(dialog->Create(nullptr));
+        dialog->ShowWindow(SW_SHOW);
+        Click(dialog->m_hWnd, QUORVEL_UPDATES_CHECK);
+        if (isDownloading)
+            source.Answer(StatusMessages{dialog->m_hWnd}, kHead);
+        EXPECT_NE(Pane(), nullptr);
+        ::SendMessageW(dialog->m_hWnd, WM_COMMAND, IDCANCEL, 0);
+        EXPECT_EQ(Pane(), nullptr);
+        source.Release(StatusMessages{dialog->m_hWnd});
+        ExpectNothingLeft();
+        dialog.reset();
+        source.m_now += COleDateTimeSpan(1.0);
+    }
+}
+
+TEST_F(UpdatesDlg, OpenedAgainItHasItsColumnsAndNoRowsOfTheLastTime) {
+    const auto widths = [&] {
+        auto* const list = static_cast<CUpdateListingListCtrl*>(
+            CWnd::FromHandlePermanent(Child(QUORVEL_UPDATES_LIST)));
+        return std::vector{list->GetColumnWidth(0), list->GetColumnWidth(1),
+                           list->GetColumnWidth(2)};
+    };
+    std::vector<int> first;
+    Open();
+    for (const bool isThere : {true, true, false}) {
+        if (!isThere)
+            ::DeleteFileW(folder.Path(_T("updates.xml")));
+        const DialogDriver driver({[&](HWND) {
+                                       if (first.empty())
+                                           first = widths();
+                                       EXPECT_EQ(widths(), first);
+                                       EXPECT_EQ(List(), isThere ? kOldRows : "");
+                                       EXPECT_EQ(::IsWindowVisible(Child(QUORVEL_UPDATES_LINK)),
+                                                 FALSE);
+                                   },
+                                   Press(VK_ESCAPE)});
+        EXPECT_EQ(dialog->DoModal(), IDCANCEL);
+    }
+    Run({[&](HWND) { EXPECT_EQ(widths(), first); }, Press(VK_ESCAPE)});
+}
+
+TEST_F(UpdatesDlg, TypedLettersFindATitle) {
+    const auto type = [](WCHAR letter) -> Step {
+        return [letter](HWND) { ::PostMessageW(::GetFocus(), WM_CHAR, letter, 1); };
+    };
+    Run({[&](HWND) { ::SetFocus(Child(QUORVEL_UPDATES_LIST)); }, type('b'),
+         [&](HWND) { EXPECT_EQ(Details(), "Between|1/2/2024|"); }, Press(VK_ESCAPE)});
+}
+
+// The link is disabled when its row goes. A disabled control would keep all keys from the dialog.
+TEST_F(UpdatesDlg, TheKeyboardStaysInTheDialogWhenTheLinkGoes) {
+    Run({Press(VK_END), [&](HWND) { ::SetFocus(Child(QUORVEL_UPDATES_LINK)); },
+         [&](HWND) {
+             EXPECT_EQ(::GetFocus(), Child(QUORVEL_UPDATES_LINK));
+             folder.Write(_T("updates.xml"), Listing(""));
+             EXPECT_TRUE(dialog->LoadLocalUpdatesFile(TRUE));
+             EXPECT_EQ(::GetFocus(), Child(QUORVEL_UPDATES_LIST));
+         },
+         Press(VK_ESCAPE)});
+}
+
+// What a site may publish: it is shown as a text, and opened only as what it is.
+TEST_F(UpdatesDlg, TextsAndLinksOfAnEntryAreShownAsSuch) {
+    const std::string longLink = "http://h/" + std::string(1200, 'x');
+    const struct {
+        std::string title, link, shownTitle, shownLink, uri;
+    } rows[] = {
+        {"http", "http://h/a", "", "http://h/a", "http://h/a"},
+        {"https", "https://h/a", "", "https://h/a", "https://h/a"},
+        {"ftp", "ftp://h/a", "", "ftp://h/a", "ftp://h/a"},
+        {"gopher", "gopher://h/", "", "gopher://h/", "gopher://h/"},
+        {"news", "news:a.b", "", "news:a.b", "news:a.b"},
+        {"mail", "mailto:a@h", "", "mailto:a@h", "mailto:a@h"},
+        {"document", "file:///c:/a.txt", "", "file:///c:/a.txt", "file:///c:/a.txt"},
+        {"program", "file:///c:/a.exe", "", "file:///c:/a.exe", "file:///c:/a.exe"},
+        {"script", "javascript:alert(1)", "", "javascript:alert(1)", ""},
+        {"path", "c:\\a.exe", "", "c:\\a.exe", ""},
+        {"around", "\n http://h/ \n", "", "http://h/", "http://h/"},
+        {"inside", "http://h/a\tb", "", "http://h/a b", ""},
+        {"long", longLink, "", longLink.substr(0, 1000) + "\x85", longLink},
+        {"control\t\n\x01s", "", "control   s", "", ""},
+        {"&amp;mnemonic &lt;b>", "", "&mnemonic <b>", "", ""},
+        {"right \xE2\x80\xAE to left \xD7\x90", "", "right ? to left ?", "", ""},
+    };
+    static std::vector<CString> s_opened;
+    s_opened.clear();
+    QuorvelSetOpenExternalLinkCallback([](const WCHAR* link) {
+        s_opened.push_back(link);
+        return 0;
+    });
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.title);
+        s_opened.clear();
+        folder.Write(
+            _T("updates.xml"),
+            Listing(Item(row.title, "<pubDate>no date</pubDate><link>" + row.link +
+                                        "</link><description>" + row.title + "</description>")));
+        const std::vector<Step> pressed = {
+            [&](HWND) { ::SetFocus(Child(QUORVEL_UPDATES_LINK)); }, Press(VK_RETURN),
+            [](HWND) { ::PostMessageW(::GetFocus(), WM_KEYUP, VK_RETURN, -1); }, [](HWND) {}};
+        std::vector<Step> steps = {[&](HWND) {
+            EXPECT_EQ(Text(QUORVEL_UPDATES_TITLE),
+                      row.shownTitle.empty() ? row.title : row.shownTitle);
+            const HWND link = Child(QUORVEL_UPDATES_LINK);
+            EXPECT_EQ(::IsWindowVisible(link) ? Narrow(TextOf(link)) : "", row.shownLink);
+            EXPECT_EQ(::IsWindowEnabled(Child(QUORVEL_UPDATES_LINK)) != FALSE, !row.uri.empty());
+        }};
+        if (!row.uri.empty())
+            steps.insert(steps.end(), pressed.begin(), pressed.end());
+        steps.push_back(Press(VK_ESCAPE));
+        Run(std::move(steps));
+        ASSERT_EQ(s_opened.size(), row.uri.empty() ? 0u : 1u);
+        if (!row.uri.empty()) {
+            EXPECT_EQ(Narrow(s_opened[0]), row.uri);
+        }
+    }
+    EXPECT_EQ(boxes.Lines(), "");
+}
+
+TEST_F(UpdatesDlg, AHugeListingIsShown) {
+    std::string items = Item(std::string(1 << 20, 'T'), "<pubDate>2025-01-01</pubDate>");
+    for (int i = 0; i < 100000; ++i)
+        items += "<item><title>t</title></item>";
+    folder.Write(_T("updates.xml"), Listing(items));
+    Run({[&](HWND) {
+             const HWND list = Child(QUORVEL_UPDATES_LIST);
+             EXPECT_EQ(::SendMessageW(list, LVM_GETITEMCOUNT, 0, 0), 100001);
+             ::RedrawWindow(list, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+         },
+         Press(VK_END),
+         [&](HWND) {
+             EXPECT_EQ(Text(QUORVEL_UPDATES_TITLE), std::string(1000, 'T') + "\x85");
+             EXPECT_EQ(Text(QUORVEL_UPDATES_DATE), "1/1/2025");
+         },
+         Press(VK_ESCAPE)});
+}
+
 TEST_F(UpdatesDlg, ResetAsksAndForgetsTheListing) {
     AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime(2024, 1, 1, 0, 0, 0));
     boxes.m_answer = IDNO;

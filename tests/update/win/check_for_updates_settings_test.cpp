@@ -82,6 +82,7 @@ TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
         {kNew, true, _T(""), kNumber, QUORVEL_UPDATES_DAYS, 0},
         {_T(" http://new/\t"), true, _T("90"), nullptr, 0, 90},
         {kNew, true, _T(" 8"), nullptr, 0, 8},
+        {kNew, true, _T("+8"), nullptr, 0, 8},
         {kNew, false, _T("abc"), nullptr, 0, 0},
     };
     for (const auto& row : rows) {

@@ -145,6 +145,15 @@ TEST_F(SecuredDialogs, AnOldListingIsReportedAndATextThatIsNoKeyRefusesEveryChec
     EXPECT_EQ(LocalFile(), good);
 }
 
+TEST_F(SecuredDialogs, AListingThatIsTooLongIsRefused) {
+    Publish(_T("updates.xml"), Listing("2024-03-10"), "");
+    CCheckForUpdatesDlg dialog(path, folder.Path(_T("local.xml")), FALSE, nullptr);
+    dialog.SetTransport(&transport);
+    dialog.SetBodyLimit(20);
+    EXPECT_NE(Check(dialog, 2).find("The update listing is too long."), std::string::npos);
+    EXPECT_EQ(LocalFile(), kOld);
+}
+
 TEST_F(SecuredDialogs, WhatIsSetWhileADialogIsOpenCountsForTheNextCheck) {
     Publish(_T("updates.xml"), Listing("2024-03-10"), "");
     CCheckForUpdatesDlg dialog(path, folder.Path(_T("local.xml")), FALSE, nullptr);
@@ -159,6 +168,67 @@ TEST_F(SecuredDialogs, WhatIsSetWhileADialogIsOpenCountsForTheNextCheck) {
     EXPECT_NE(boxes.Lines().find("The signature of the update could not be downloaded."),
               std::string::npos);
     EXPECT_EQ(LocalFile(), kOld);
+}
+
+constexpr const WCHAR* kSharedKey = _T("QUORVEL_TEST_SHARED_KEY");
+constexpr const WCHAR* kSharedFolder = _T("QUORVEL_TEST_SHARED_FOLDER");
+
+// Checks again and again, as if 15 seconds had passed each time.
+class TwoProcesses : public SecuredDialogs {
+protected:
+    void CheckOften(const CRegistryPath& shared, const CString& sharedFolder) {
+        FolderTransport reader(sharedFolder);
+        for (int round = 0; round < 5; ++round) {
+            AfxWriteProfileCheckForUpdatesLastChecked(shared, COleDateTime());
+            AfxWriteProfileCheckForUpdatesLastModified(shared, COleDateTime());
+            CCheckForUpdatesDlg dialog(shared, sharedFolder + _T("local.xml"), FALSE, nullptr);
+            dialog.SetTransport(&reader);
+            const DialogDriver driver(
+                {ClickOn(QUORVEL_UPDATES_CHECK), WaitUntil([&] { return !boxes.m_boxes.empty(); }),
+                 WaitUntil([&] { return !HasTemporaryFiles(); }), Press(VK_ESCAPE)});
+            EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+            EXPECT_FALSE(HasTemporaryFiles());
+            boxes.Take(); // the other process may have checked just now
+        }
+    }
+    static CString Variable(const WCHAR* name) {
+        WCHAR value[MAX_PATH] = {};
+        ::GetEnvironmentVariableW(name, value, MAX_PATH);
+        return value;
+    }
+};
+
+TEST_F(TwoProcesses, OnOnePathLeaveAWholeListing) {
+    std::string items;
+    for (int i = 0; i < 2000; ++i)
+        items += "<item><title>Title</title></item>";
+    const std::string listing = "<?xml version='1.0'?><rss><channel><lastBuildDate>2024-03-10"
+                                "</lastBuildDate>" +
+                                items + "</channel></rss>";
+    Publish(_T("updates.xml"), listing, "");
+    ::SetEnvironmentVariableW(kSharedKey, key.Path());
+    ::SetEnvironmentVariableW(kSharedFolder, folder.Path(_T("")));
+    WCHAR program[MAX_PATH];
+    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
+    WCHAR arguments[] = L"x --gtest_also_run_disabled_tests --gtest_filter=*.DISABLED_TheOther";
+    STARTUPINFOW how = {};
+    how.cb = sizeof how;
+    PROCESS_INFORMATION other;
+    ASSERT_TRUE(::CreateProcessW(program, arguments, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                                 &how, &other));
+    CheckOften(path, folder.Path(_T("")));
+    EXPECT_EQ(::WaitForSingleObject(other.hProcess, 60000), DWORD{WAIT_OBJECT_0});
+    DWORD code = 99;
+    ::GetExitCodeProcess(other.hProcess, &code);
+    EXPECT_EQ(code, 0u);
+    ::CloseHandle(other.hThread);
+    ::CloseHandle(other.hProcess);
+    EXPECT_EQ(LocalFile(), listing);
+}
+
+// Run by the test above, in a process of its own.
+TEST_F(TwoProcesses, DISABLED_TheOther) {
+    CheckOften({HKEY_CURRENT_USER, Variable(kSharedKey)}, Variable(kSharedFolder));
 }
 
 TEST_F(SecuredDialogs, AVersionFileCountsByItsSignatureAlone) {

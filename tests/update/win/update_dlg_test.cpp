@@ -102,6 +102,33 @@ TEST_F(NewVersionDlg, ACheckThatMayNotStartEndsTheDialog) {
     }
 }
 
+// The first check goes on, and so the dialog stays.
+TEST_F(NewVersionDlg, ASecondCheckIsRefusedBesideTheFirst) {
+    Run({[&](HWND box) {
+        EXPECT_FALSE(dialog->CheckForUpdates());
+        EXPECT_EQ(boxes.Lines(), kError + "A connection socket is already active.\n");
+        EXPECT_TRUE(dialog->IsWindowVisible());
+        boxes.m_meanwhile = [] { EXPECT_NE(::GetActiveWindow(), nullptr); };
+        source.Answer(StatusMessages{box}, "HTTP/1.1 200 OK\r\n\r\n1.2.3.5");
+    }});
+    EXPECT_EQ(boxes.Lines().find("(40) A new version"), 0u);
+}
+
+TEST_F(NewVersionDlg, AHookThatClosesItStartsNoCheck) {
+    static std::function<void()> s_meanwhile;
+    QuorvelSetOpenExternalLinkCallback([](const WCHAR*) {
+        s_meanwhile();
+        return 1;
+    });
+    s_meanwhile = [&] { dialog->DestroyWindow(); };
+    dialog = std::make_unique<Scripted<CUpdateDlg>>(source, 0, path, CVersionNumber(1, 2, 3, 4),
+                                                    nullptr);
+    dialog->DoModal();
+    EXPECT_EQ(source.m_count, 0);
+    EXPECT_EQ(boxes.Lines(), "");
+    EXPECT_EQ(AfxGetProfileCheckForUpdatesLastChecked(path), COleDateTime());
+}
+
 TEST_F(NewVersionDlg, CancelledInAnyWayItSaysNothing) {
     const std::pair<const char*, Step> ways[] = {
         {"Enter on Cancel", Press(VK_RETURN)},

@@ -49,8 +49,8 @@ bool Find(void* library, const char* name, Function& function) {
 }
 
 // Never unloaded: a cancelled request may still run in it.
-std::optional<Curl> Load(const char* name) {
-    void* const library = dlopen(name, RTLD_NOW | RTLD_LOCAL);
+std::optional<Curl> Load() {
+    void* const library = dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr)
         return std::nullopt;
     Curl curl;
@@ -72,10 +72,8 @@ std::optional<Curl> Load(const char* name) {
     return isWhole ? std::optional(curl) : std::nullopt;
 }
 
-std::optional<Curl> Library(const char* name) {
-    if (name != nullptr)
-        return Load(name);
-    static const std::optional<Curl> s_curl = Load(kLibrary);
+std::optional<Curl> Library() {
+    static const std::optional<Curl> s_curl = Load();
     return s_curl;
 }
 
@@ -290,10 +288,8 @@ CURLcode WebFetch::Parts::Perform(CURL* easy, const std::string& url) {
 }
 
 WebResult WebFetch::Parts::Run(WebReceiver& receiver) {
-    m_curl = Library(m_request.library);
-    const WebResult noLibrary = {
-        WebResult::NoLibrary, ERROR_FILE_NOT_FOUND,
-        Widened(m_request.library != nullptr ? m_request.library : kLibrary)};
+    m_curl = Library();
+    const WebResult noLibrary = {WebResult::NoLibrary, ERROR_FILE_NOT_FOUND, Widened(kLibrary)};
     if (!m_curl)
         return noLibrary;
     m_receiver = &receiver;
