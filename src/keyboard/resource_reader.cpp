@@ -51,17 +51,6 @@ private:
     bool m_isAtFault = false;
 };
 
-// "&&" is one ampersand; a single one marks a mnemonic.
-CString LabelOf(const CString& text) {
-    CString label;
-    for (int i = 0; i < text.GetLength() && text[i] != '\t' && text[i] != '\b'; ++i) {
-        if (text[i] == '&' && text[++i] == 0)
-            break;
-        label.AppendChar(text[i]);
-    }
-    return label;
-}
-
 struct Item {
     bool isPopup;
     bool isLast; // the last item of its level
@@ -113,6 +102,17 @@ bool ReadAccelerators(std::span<const BYTE> table, std::vector<ACCEL>& entries) 
     }
     entries = std::move(read);
     return true;
+}
+
+// "&&" is one ampersand; a single one marks a mnemonic.
+CString LabelOf(const CString& text) {
+    CString label;
+    for (int i = 0; i < text.GetLength() && text[i] != '\t' && text[i] != '\b'; ++i) {
+        if (text[i] == '&' && text[++i] == 0)
+            break;
+        label.AppendChar(text[i]);
+    }
+    return label;
 }
 
 bool ReadMenuLabels(std::span<const BYTE> menu, std::map<unsigned int, CString>& labels) {

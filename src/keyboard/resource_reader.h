@@ -17,6 +17,9 @@ namespace quorvel {
 // it is missing, returns false and does not change `entries`.
 bool ReadAccelerators(std::span<const BYTE> table, std::vector<ACCEL>& entries);
 
+// The label of a menu item's text, without mnemonics and without the text after a tab.
+CString LabelOf(const CString& text);
+
 // Adds the labels of a menu's commands, without mnemonics and without the text after a tab.
 // Existing labels are kept. Returns false if the bytes are not a menu or end too early; the labels
 // read until then have been added.

@@ -1,7 +1,9 @@
 // The list of shortcuts and its dialogs, with real key messages; menus that show keys.
+#include <quorvel/controls/win/vask_property_sheet.h>
 #include <quorvel/keyboard/win/assign_shortcut_dlg.h>
 #include <quorvel/keyboard/win/capture_shortcut_key_dlg.h>
 #include <quorvel/keyboard/win/keyboard_shortcut_list_ctrl.h>
+#include <quorvel/keyboard/win/keyboard_shortcuts_page.h>
 #include <quorvel/keyboard/win/menu_shortcuts.h>
 #include <quorvel/res/resource_ids.h>
 
@@ -569,4 +571,76 @@ TEST(MenuShortcuts, FollowTheScheme) {
                           CASE(text(4), _T("&Close\tF7"))});
     CMenu none;
     EXPECT_EQ(AfxUpdateMenuShortcuts(none, scheme), 0);
+}
+
+TEST(MenuShortcuts, BeginASchemeWithTheCommandsOfAMenu) {
+    CMenu menu;
+    CMenu below;
+    menu.CreateMenu();
+    below.CreatePopupMenu();
+    below.AppendMenu(MF_STRING, 11, _T("&Print && fold...\tCtrl+P"));
+    below.AppendMenu(MF_SEPARATOR);
+    below.AppendMenu(MF_STRING, 3, _T("Another name"));
+    menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(below.Detach()), _T("&File"));
+    menu.AppendMenu(MF_STRING | MF_GRAYED, 10, _T("E&xit"));
+    CKeyboardMappingScheme scheme = Defaults();
+    EXPECT_EQ(AfxAddMenuCommands(menu, scheme), 2);
+    EXPECT_EQ(TextOf(scheme), "1 Open C79; 2 Save C83; 3 Refresh 116; 4 Close -; 10 Exit -; "
+                              "11 Print & fold... -");
+    EXPECT_EQ(AfxAddMenuCommands(menu, scheme), 0);
+    EXPECT_EQ(AfxAddMenuCommands(CMenu(), scheme), 0);
+}
+
+TEST(KeyboardShortcutsPage, EditsTheScheme) {
+    const int list = 101, field = 102, assign = 103, clear = 104, reset = 105, resetAll = 106;
+    const auto press = [](int id) {
+        return [id](HWND sheet) { ClickOn(id)(::GetWindow(sheet, GW_CHILD)); };
+    };
+    const auto filter = [field](const WCHAR* text) {
+        return [=](HWND sheet) { ::SetDlgItemTextW(::GetWindow(sheet, GW_CHILD), field, text); };
+    };
+    const Step toList = [list](HWND sheet) {
+        ::SetFocus(::GetDlgItem(::GetWindow(sheet, GW_CHILD), list));
+    };
+    const char kAsBefore[] = "1 Open C79; 2 Save C83; 3 Refresh 116; 4 Close -";
+    const struct {
+        const char* label;
+        std::vector<Step> steps;
+        int button;
+        const char* scheme;
+    } rows[] = {
+        {"nothing", {}, IDOK, kAsBefore},
+        {"assigned under a filter",
+         {filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
+          PressKey(VK_RETURN)},
+         IDOK,
+         "1 Open -; 2 Save C83; 3 Refresh 116; 4 Close C79"},
+        {"not assigned",
+         {filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
+          ClickOn(IDCANCEL)},
+         IDOK,
+         kAsBefore},
+        {"cleared, reset and cleared by a key",
+         {press(clear), press(reset), filter(_T("save")), toList, PressKey(VK_DELETE)},
+         IDOK,
+         "1 Open C79; 2 Save -; 3 Refresh 116; 4 Close -"},
+        {"all reset",
+         {press(clear), filter(_T("save")), press(clear), press(resetAll)},
+         IDOK,
+         kAsBefore},
+        {"nothing matches", {filter(_T("xyz")), press(assign), press(clear)}, IDOK, kAsBefore},
+        {"cancelled", {press(clear)}, IDCANCEL, kAsBefore},
+    };
+    for (const auto& row : rows) {
+        CKeyboardMappingScheme scheme = Defaults();
+        CKeyboardShortcutsPage page(100, {list, field, assign, clear, reset, resetAll}, scheme);
+        CVaskPropertySheet sheet(_T("Options"));
+        sheet.AddPage(&page);
+        std::vector<Step> steps = row.steps;
+        steps.push_back(ClickOn(row.button));
+        DialogDriver driver(steps);
+        sheet.DoModal();
+        EXPECT_TRUE(driver.HasRun()) << row.label;
+        EXPECT_EQ(TextOf(scheme), row.scheme) << row.label;
+    }
 }

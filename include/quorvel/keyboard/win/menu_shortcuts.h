@@ -10,3 +10,8 @@
 // counts. Call it again when the scheme has changed, or whenever a menu opens (WM_INITMENUPOPUP).
 // Returns the number of changed items.
 QUORVEL_API int AfxUpdateMenuShortcuts(CMenu& menu, const CKeyboardMappingScheme& scheme);
+// Adds the commands of a menu and its submenus to the scheme, with their labels and without keys,
+// as a program's default scheme begins. Labels have no mnemonics and no text after a tab. Commands
+// that are in the scheme are unchanged; separators and items without text are skipped. Returns the
+// number of added commands.
+QUORVEL_API int AfxAddMenuCommands(const CMenu& menu, CKeyboardMappingScheme& scheme);

@@ -1,0 +1,190 @@
+// Long work that a window waits for, the layout of a window that is sized, and its menu of files.
+#include <quorvel/controls/win/dialog_layout.h>
+#include <quorvel/controls/win/lengthy_work.h>
+#include <quorvel/controls/win/recent_files_menu.h>
+#include <quorvel/framework/exceptions.h>
+
+#include "support/test.h"
+#include "support/window_driver.h"
+
+#include <commctrl.h>
+
+#include <atomic>
+#include <stdexcept>
+
+namespace {
+
+constexpr int kCancel = 1, kBar = 2, kField = 3, kOther = 4;
+
+class Window : public CWnd {
+public:
+    Window() {
+        CreateEx(0, _T("Static"), nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300,
+                 nullptr, nullptr);
+        Add(_T("Button"), kCancel, 0, {10, 200, 90, 220});
+        Add(PROGRESS_CLASSW, kBar, PBS_MARQUEE, {100, 200, 200, 220});
+        Add(_T("Edit"), kField, WS_VISIBLE, {10, 10, 90, 30});
+        ::SetFocus(Get(kField));
+    }
+    HWND Get(int id) const { return ::GetDlgItem(m_hWnd, id); }
+    void Add(const WCHAR* kind, int id, DWORD style, const CRect& rect) {
+        ::CreateWindowExW(0, kind, nullptr, WS_CHILD | style, rect.left, rect.top, rect.Width(),
+                          rect.Height(), m_hWnd, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                          nullptr, nullptr);
+    }
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_COMMAND && LOWORD(wParam) == kCancel && m_work != nullptr)
+            m_work->Cancel();
+        m_hasSeenEnd = m_hasSeenEnd || message == WM_APP;
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+
+public:
+    CLengthyWork* m_work = nullptr;
+    std::atomic<bool> m_hasSeenEnd{false}; // what was posted before WM_APP is handled
+};
+
+void Await(const std::function<bool()>& isSo) {
+    for (int i = 0; i < 20000 && !isSo(); ++i)
+        ::Sleep(1);
+}
+
+TEST(LengthyWork, ShowsTheBarAndTheButtonWhileItRuns) {
+    Window window;
+    CLengthyWork work(window, kCancel, kBar);
+    const HWND button = window.Get(kCancel), bar = window.Get(kBar);
+    const HANDLE seen = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    bool wasVisible = false, hadFocus = false;
+    int position = -1;
+    // A timer of the window's thread looks at it while the work waits.
+    static std::function<void()> s_look;
+    s_look = [&] {
+        position = static_cast<int>(::SendMessageW(bar, PBM_GETPOS, 0, 0));
+        wasVisible = ::IsWindowVisible(button) && ::IsWindowVisible(bar);
+        hadFocus = ::GetFocus() == button;
+        if (position == 42)
+            ::SetEvent(seen);
+    };
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM,
+                                      [](HWND, UINT, UINT_PTR, DWORD) CALLBACK { s_look(); });
+    EXPECT_TRUE(work.Run([&] {
+        work.SetProgress(42);
+        EXPECT_EQ(::WaitForSingleObject(seen, 20000), WAIT_OBJECT_0);
+    }));
+    ::KillTimer(nullptr, timer);
+    ::CloseHandle(seen);
+    EXPECT_TRUE(wasVisible && hadFocus);
+    EXPECT_FALSE(::IsWindowVisible(button) || ::IsWindowVisible(bar));
+    EXPECT_EQ(::GetFocus(), window.Get(kField));
+}
+
+TEST(LengthyWork, IsCancelledByKeysAndItsButtonAndByNothingElse) {
+    const struct {
+        const char* label;
+        int control; // that the message is posted to; 0: the window
+        UINT message;
+        WPARAM wParam;
+        bool isCancelling;
+    } rows[] = {
+        {"Escape", kField, WM_KEYDOWN, VK_ESCAPE, true},
+        {"Enter", kCancel, WM_KEYDOWN, VK_RETURN, true},
+        {"Alt+F4", 0, WM_SYSKEYDOWN, VK_F4, true},
+        {"the button", 0, WM_COMMAND, kCancel, true},
+        {"a letter", kField, WM_CHAR, 'a', false},
+        {"Alt alone", 0, WM_SYSKEYDOWN, VK_MENU, false},
+        {"a click", kField, WM_LBUTTONDOWN, 0, false},
+        {"a click on the menu", 0, WM_NCLBUTTONDOWN, HTMENU, false},
+    };
+    Window window;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        CLengthyWork work(window, kCancel, kBar);
+        window.m_work = &work;
+        window.m_hasSeenEnd = false;
+        const HWND target = row.control != 0 ? window.Get(row.control) : window.m_hWnd;
+        const bool isDone = work.Run([&] {
+            ::PostMessageW(target, row.message, row.wParam, 1);
+            ::PostMessageW(window.m_hWnd, WM_APP, 0, 0);
+            Await([&] { return window.m_hasSeenEnd || work.IsCancelled(); });
+            work.PumpMessages();
+        }) != FALSE;
+        EXPECT_EQ(isDone, !row.isCancelling);
+    }
+    EXPECT_EQ(TextOf(window.Get(kField)), _T(""));
+    window.m_work = nullptr;
+}
+
+TEST(LengthyWork, PassesExceptionsAndTheEndOfTheProgramOn) {
+    Window window;
+    CLengthyWork work(window, 0, 99);
+    EXPECT_THROW(work.Run([] { throw std::runtime_error("work"); }), std::runtime_error);
+    EXPECT_THROW(work.Run([] { AfxThrowMemoryException(); }), CMemoryException*);
+    const DWORD thread = ::GetCurrentThreadId();
+    EXPECT_TRUE(work.Run([&] {
+        ::PostThreadMessageW(thread, WM_QUIT, 0, 0);
+        Await([&] { return work.IsCancelled() != FALSE; });
+    }));
+    MSG message = {};
+    EXPECT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}
+
+TEST(DialogLayout, MovesEdgesByTheirShareOfTheGrowth) {
+    Window window;
+    window.Add(_T("Edit"), kOther, WS_VISIBLE, {100, 10, 200, 100});
+    CDialogLayout layout;
+    layout.OnSize(SIZE_RESTORED); // nothing yet
+    MINMAXINFO info = {};
+    layout.OnGetMinMaxInfo(&info);
+    EXPECT_EQ(info.ptMinTrackSize.x, 0);
+    CWnd none;
+    EXPECT_FALSE(layout.Attach(none, {}));
+    EXPECT_TRUE(layout.Attach(window, {{kField, 0, 0, 100, 0},
+                                       {99, 0, 0, 100, 100},
+                                       {kOther, 100, 50, 100, 100},
+                                       {kCancel, 0, 100, 0, 100}}));
+    const std::tuple<int, int, UINT, CRect, CRect, CRect> rows[] = {
+        {600, 400, SIZE_RESTORED, {10, 10, 290, 30}, {300, 60, 400, 200}, {10, 300, 90, 320}},
+        {700, 300, SIZE_MINIMIZED, {10, 10, 290, 30}, {300, 60, 400, 200}, {10, 300, 90, 320}},
+        {400, 300, SIZE_RESTORED, {10, 10, 90, 30}, {100, 10, 200, 100}, {10, 200, 90, 220}},
+        {100, 50, SIZE_RESTORED, {10, 10, 90, 30}, {100, 10, 200, 100}, {10, 200, 90, 220}},
+    };
+    for (const auto& [width, height, type, field, other, button] : rows) {
+        window.SetWindowPos(nullptr, 0, 0, width, height, SWP_NOZORDER);
+        layout.OnSize(type);
+        EXPECT_EQ(PlaceOf(window.Get(kField)), field) << width;
+        EXPECT_EQ(PlaceOf(window.Get(kOther)), other) << width;
+        EXPECT_EQ(PlaceOf(window.Get(kCancel)), button) << width;
+    }
+    layout.OnGetMinMaxInfo(&info);
+    EXPECT_EQ(info.ptMinTrackSize.x, 400);
+    EXPECT_EQ(info.ptMinTrackSize.y, 300);
+    window.DestroyWindow();
+    layout.OnSize(SIZE_RESTORED);
+}
+
+TEST(RecentFilesMenu, ShowsTheFilesOrTheText) {
+    CMenu menu;
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_STRING, 7, _T("old"));
+    const auto text = [&menu](UINT position) {
+        CString item;
+        menu.GetMenuString(position, item, MF_BYPOSITION);
+        return item;
+    };
+    CRecentFiles files(12);
+    AfxShowRecentFiles(menu, files, 300, _T("(none)"));
+    EXPECT_EQ(menu.GetMenuItemCount(), 1);
+    EXPECT_EQ(text(0), _T("(none)"));
+    EXPECT_NE(menu.GetMenuState(300, MF_BYCOMMAND) & MF_GRAYED, 0u);
+    for (const WCHAR* file : {_T("j"), _T("i"), _T("h"), _T("g"), _T("f"), _T("e"), _T("d"),
+                              _T("c"), _T("b"), _T("A & B")})
+        files.Add(file);
+    AfxShowRecentFiles(menu, files, 300, _T("(none)"));
+    ExpectCases<CString>(
+        {CASE(text(0), _T("&1 A && B")), CASE(text(8), _T("&9 i")), CASE(text(9), _T("10 j"))});
+    EXPECT_EQ(menu.GetMenuItemID(9), 309u);
+}
+
+} // namespace
