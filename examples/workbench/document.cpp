@@ -15,16 +15,6 @@ const WCHAR* MakeFoldTable() {
     return table;
 }
 
-WCHAR Folded(WCHAR unit) {
-    static const WCHAR* const s_table = MakeFoldTable();
-    return s_table[unit];
-}
-
-bool BeginsWith(const WCHAR* text, Document::View folded) {
-    return std::equal(folded.begin(), folded.end(), text,
-                      [](WCHAR wanted, WCHAR unit) { return Folded(unit) == wanted; });
-}
-
 Document::View Trimmed(Document::View text) {
     const auto isSpace = [](WCHAR unit) {
         return unit == ' ' || unit == '\t' || unit == '\r' || unit == '\n';
@@ -39,27 +29,14 @@ Document::View Trimmed(Document::View text) {
 } // namespace
 
 void Document::ListElements() {
-    m_elements.clear();
-    const ElemPos* const records = m_aPos.GetData();
+    m_depths.clear();
     if (!IsWellFormed())
         return;
-    m_elements.reserve(static_cast<std::size_t>(m_aPos.GetSize()));
-    int depth = 0;
-    int parent = -1; // the last element that was entered
-    for (int record = records[0].iFirstChild; record != 0;) {
-        m_elements.push_back({record, depth, parent});
-        if (records[record].iFirstChild != 0) {
-            record = records[record].iFirstChild;
-            parent = ElementCount() - 1;
-            ++depth;
-            continue;
-        }
-        while (records[record].iNextSibling == 0 && depth > 0) {
-            record = records[record].iParent;
-            parent = m_elements[static_cast<std::size_t>(parent)].parent;
-            --depth;
-        }
-        record = depth > 0 ? records[record].iNextSibling : 0; // the root has no sibling
+    m_depths.reserve(static_cast<std::size_t>(m_iPosFree - 1));
+    const ElemPos* const records = m_aPos.GetData();
+    for (int record = 1; record < m_iPosFree; ++record) {
+        const int parent = records[record].iParent;
+        m_depths.push_back(parent > 0 ? DepthOf(parent - 1) + 1 : 0);
     }
 }
 
@@ -97,45 +74,109 @@ Document::View Document::SourceOf(int index) const {
     return Text(element.nTagOpen, element.nEndTagClose + 1);
 }
 
-// The innermost element around a position, -1 for none; `before` is the last one that begins at or
-// before it.
-int Document::IndexAt(int position, int before) const {
-    int index = before;
-    while (index >= 0 && position > Record(index).nEndTagClose)
-        index = m_elements[static_cast<std::size_t>(index)].parent;
-    return index;
+int Document::LastBefore(int position) const {
+    int first = 0, end = ElementCount(); // the one searched for is before `end`, if at all
+    while (first < end) {
+        const int middle = first + (end - first) / 2;
+        (PositionOf(middle) <= position ? first : end) =
+            PositionOf(middle) <= position ? middle + 1 : middle;
+    }
+    return first - 1;
 }
 
-std::vector<int> Document::Find(View text) const {
+std::vector<int> Document::Find(View text, const std::function<void(int percent)>& step) const {
+    constexpr int kBlock = 1 << 20;
+    static const WCHAR* const s_folded = MakeFoldTable();
+    const WCHAR* const fold = s_folded;
     std::vector<int> found;
     std::basic_string<WCHAR> folded(text);
-    std::transform(folded.begin(), folded.end(), folded.begin(), Folded);
-    const int last = m_strDoc.GetLength() - static_cast<int>(folded.size());
+    std::transform(folded.begin(), folded.end(), folded.begin(),
+                   [fold](WCHAR unit) { return fold[unit]; });
+    const int end = m_strDoc.GetLength() - static_cast<int>(folded.size()) + 1;
     if (folded.empty() || ElementCount() == 0)
         return found;
     const WCHAR* const document = m_strDoc.GetString();
-    int before = 0;
-    for (int position = PositionOf(0); position <= last; ++position) {
-        if (Folded(document[position]) != folded[0] || !BeginsWith(document + position, folded))
-            continue;
-        while (before + 1 < ElementCount() && PositionOf(before + 1) <= position)
-            ++before;
-        if (const int index = IndexAt(position, before); index >= 0)
+    const auto isHere = [&](int position) {
+        return std::equal(folded.begin() + 1, folded.end(), document + position + 1,
+                          [fold](WCHAR wanted, WCHAR unit) { return fold[unit] == wanted; });
+    };
+    const WCHAR first = folded[0];
+    const int root = Record(0).nEndTagClose;
+    int before = 0; // the last element that begins at or before the position
+    for (int block = PositionOf(0); block < end && block <= root; block += kBlock) {
+        if (step)
+            step(static_cast<int>(100LL * block / end));
+        const int blockEnd = std::min({end, root + 1, block + kBlock});
+        for (int position = block; position < blockEnd; ++position) {
+            if (fold[document[position]] != first || !isHere(position))
+                continue;
+            while (before + 1 < ElementCount() && PositionOf(before + 1) <= position)
+                ++before;
+            int index = before;
+            while (position > Record(index).nEndTagClose)
+                index = ParentOf(index);
             found.push_back(index);
+        }
     }
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
     return found;
 }
 
-bool Document::ReplaceSource(int index, const CString& source, CXMLFault& fault) {
-    if (!AfxCheckXML(source, fault))
+// Judges a source between what stands before the root and the tags that are open around it, which
+// declare its prefixes and entities.
+bool Document::CheckSource(int index, const CString& source, CXMLFault& fault) const {
+    std::vector<int> parents;
+    for (int parent = ParentOf(index); parent >= 0; parent = ParentOf(parent))
+        parents.push_back(parent);
+    CString text = CString(Text(0, PositionOf(0))), after;
+    for (std::size_t i = parents.size(); i-- > 0;)
+        text += CString(Text(PositionOf(parents[i]), Record(parents[i]).nTagClose + 1));
+    for (const int parent : parents)
+        after += _T("</") + CString(NameOf(parent)) + _T(">");
+    const int before = text.GetLength();
+    if (!AfxCheckXML(text + source + after, fault)) {
+        if (fault.nOffset < before) // the document was at fault before
+            return AfxCheckXML(source, fault) != FALSE;
+        const CString beginning = source.Left(fault.nOffset - before);
+        fault.nLine = 1;
+        for (int i = 0; i < beginning.GetLength(); ++i)
+            fault.nLine += beginning[i] == '\n';
+        fault.nColumn = beginning.GetLength() - beginning.ReverseFind('\n');
         return false;
-    const ElemPos element = Record(index);
-    CString text(m_strDoc.GetString(), element.nTagOpen);
-    text += source;
-    text += m_strDoc.GetString() + element.nEndTagClose + 1;
-    SetDoc(text);
-    ListElements();
+    }
     return true;
+}
+
+bool Document::ReplaceSource(int index, CString source, CXMLFault& fault) {
+    source.Trim();
+    Document probe;
+    probe.SetDoc(source);
+    probe.ListElements();
+    const bool isOneElement = probe.ElementCount() > 0 &&
+                              static_cast<int>(probe.SourceOf(0).size()) == source.GetLength();
+    if (!CheckSource(index, source, fault))
+        return false;
+    if (!isOneElement) {
+        if (AfxCheckXML(source, fault)) { // it begins or ends with a comment
+            fault.strMessage = _T("not one element");
+            fault.nLine = fault.nColumn = 1;
+        }
+        return false;
+    }
+    const int place = PositionOf(index);
+    const CString former = CString(SourceOf(index));
+    Replace(place, former.GetLength(), source);
+    if (IsWellFormed())
+        return true;
+    fault.strMessage = GetError(); // CMarkup reads some tags in another way
+    fault.nLine = fault.nColumn = 1;
+    Replace(place, source.GetLength(), former);
+    return false;
+}
+
+void Document::Replace(int first, int length, const CString& text) {
+    x_DocChange(first, length, text);
+    SetDoc(m_strDoc, m_strDoc.GetLength());
+    ListElements();
 }

@@ -4,6 +4,7 @@
 #include <quorvel/xml/check_xml.h>
 #include <quorvel/xml/markup.h>
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -11,36 +12,33 @@ class Document : public CMarkup {
 public:
     typedef std::basic_string_view<WCHAR> View;
 
-    // To be called once the text was loaded.
+    // To be called once the text was set.
     void ListElements();
 
-    int ElementCount() const { return static_cast<int>(m_elements.size()); }
+    int ElementCount() const { return static_cast<int>(m_depths.size()); }
     // Elements are named by their index in document order. The views end with the next change.
-    int DepthOf(int index) const { return m_elements[static_cast<std::size_t>(index)].depth; }
+    int DepthOf(int index) const { return m_depths[static_cast<std::size_t>(index)]; }
     int PositionOf(int index) const { return Record(index).nTagOpen; }
     View NameOf(int index) const;
     View AttributesOf(int index) const; // as written
     View TextOf(int index) const;       // as written, up to the first child
     View SourceOf(int index) const;
+    int LastBefore(int position) const; // the last that begins at or before it; -1: none
 
-    // The elements whose tags or text contain a text, whatever the case of its letters.
-    std::vector<int> Find(View text) const;
+    // The elements whose tags or text contain a text, whatever the case of its letters. `step` is
+    // called now and then, with how much is done, and may throw.
+    std::vector<int> Find(View text, const std::function<void(int percent)>& step = {}) const;
     // Writes another source in an element's place and lists the elements anew. False, and nothing
-    // has changed, when that is no single well-formed element.
-    bool ReplaceSource(int index, const CString& source, CXMLFault& fault);
+    // has changed, when that is no single element that is well-formed where it stands.
+    bool ReplaceSource(int index, CString source, CXMLFault& fault);
 
 private:
-    struct Element {
-        int record;
-        int depth;
-        int parent; // its index; -1 for the root
-    };
-
-    const ElemPos& Record(int index) const {
-        return m_aPos.GetData()[m_elements[static_cast<std::size_t>(index)].record];
-    }
+    // A parse leaves the records in document order, behind one that stands for the document.
+    const ElemPos& Record(int index) const { return m_aPos.GetData()[index + 1]; }
+    int ParentOf(int index) const { return Record(index).iParent - 1; }
     View Text(int first, int end) const;
-    int IndexAt(int position, int before) const;
+    bool CheckSource(int index, const CString& source, CXMLFault& fault) const;
+    void Replace(int first, int length, const CString& text);
 
-    std::vector<Element> m_elements;
+    std::vector<int> m_depths;
 };

@@ -1,52 +1,29 @@
 #include "element_list.h"
 
 #include "resource.h"
+#include "texts.h"
 
 #include <quorvel/framework/win/dc.h>
+#include <quorvel/framework/win/wait_cursor.h>
 
 namespace {
 
 constexpr std::size_t kMostShown = 259; // as much of a text as the list-view draws
-
-template <class Compared>
-bool IsLess(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second,
-            Compared (Document::*of)(int) const, bool ascending) {
-    const auto& left = static_cast<const ElementItem&>(*(ascending ? first : second));
-    const auto& right = static_cast<const ElementItem&>(*(ascending ? second : first));
-    return (left.GetDocument().*of)(left.GetIndex()) < (right.GetDocument().*of)(right.GetIndex());
-}
-
-template <auto of>
-CVirtualListCtrl::SortingFunction Sorting(int ascending) {
-    if (ascending)
-        return [](CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second) {
-            return IsLess(first, second, of, true);
-        };
-    return [](CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second) {
-        return IsLess(first, second, of, false);
-    };
-}
-
-CString NumberText(int number) {
-    CString text;
-    text.Format(_T("%d"), number);
-    return text;
-}
 
 } // namespace
 
 CString ElementItem::GetSubItemText(int column) {
     switch (column) {
     case ElementList::kName:
-        return CString(m_document->NameOf(m_index));
+        return CString(m_document->NameOf(GetIndex()));
     case ElementList::kDepth:
-        return NumberText(m_document->DepthOf(m_index));
+        return NumberText(m_document->DepthOf(GetIndex()));
     case ElementList::kAttributes:
-        return CString(m_document->AttributesOf(m_index).substr(0, kMostShown));
+        return CString(m_document->AttributesOf(GetIndex()).substr(0, kMostShown));
     case ElementList::kText:
-        return CString(m_document->TextOf(m_index).substr(0, kMostShown));
+        return CString(m_document->TextOf(GetIndex()).substr(0, kMostShown));
     case ElementList::kPosition:
-        return NumberText(m_document->PositionOf(m_index));
+        return NumberText(m_document->PositionOf(GetIndex()));
     default:
         return CString();
     }
@@ -55,13 +32,11 @@ CString ElementItem::GetSubItemText(int column) {
 void ElementList::InsertColumns() {
     constexpr int kFormats[] = {LVCFMT_LEFT, LVCFMT_RIGHT, LVCFMT_LEFT, LVCFMT_LEFT, LVCFMT_RIGHT};
     for (int column = 0; column < kColumnCount; ++column) {
-        CString heading;
-        heading.LoadString(static_cast<UINT>(TEXT_FIRST_COLUMN + column));
-        InsertVaskColumn(column, column, TRUE, heading, kFormats[column],
+        InsertVaskColumn(column, column, TRUE,
+                         TextOf(static_cast<UINT>(TEXT_FIRST_COLUMN + column)), kFormats[column],
                          GetDefaultColumnWidth(column));
     }
     SetSortColumn(kPosition);
-    SetRowsHighlighted();
     SetExtendedStyle(LVS_EX_FULLROWSELECT);
 }
 
@@ -73,10 +48,11 @@ void ElementList::Show(const Document& document, const std::vector<int>* indexes
     for (int i = 0; i < count; ++i)
         m_items.emplace_back(document,
                              indexes != nullptr ? (*indexes)[static_cast<std::size_t>(i)] : i);
-    SetRedraw(FALSE);
+    std::vector<CVirtualListCtrlItem*> rows;
+    rows.reserve(m_items.size());
     for (ElementItem& item : m_items)
-        AddItem(&item);
-    SetRedraw(TRUE);
+        rows.push_back(&item);
+    ReplaceItems(rows);
     if (GetSortColumn() != kPosition || !IsSortAscending())
         AutoSortItems();
     Invalidate();
@@ -87,35 +63,44 @@ void ElementList::Clear() {
     m_items.clear();
 }
 
-void ElementList::SelectElement(int index) {
-    for (int row = 0; row < GetItemCount(); ++row)
-        if (static_cast<const ElementItem*>(GetItem(row))->GetIndex() == index) {
-            UnselectAllItems();
-            SelectItem(row);
-            EnsureVisible(row, FALSE);
-            return;
-        }
+bool ElementList::SelectElement(int index) {
+    for (int row = 0; row < GetItemCount(); ++row) {
+        if (static_cast<const ElementItem*>(GetItem(row))->GetIndex() != index)
+            continue;
+        UnselectAllItems();
+        SelectItem(row);
+        EnsureVisible(row, FALSE);
+        return true;
+    }
+    return false;
 }
 
-CVirtualListCtrl::SortingFunction ElementList::GetSortingFunction(int column, int ascending) {
+void ElementList::DoSortItems(int column, int ascending) {
+    const CWaitCursor wait;
+    const auto sortBy = [this, ascending](auto of) {
+        SortRows([of, ascending](CVirtualListCtrlItem* first, CVirtualListCtrlItem* second) {
+            const auto& left = static_cast<const ElementItem&>(*(ascending ? first : second));
+            const auto& right = static_cast<const ElementItem&>(*(ascending ? second : first));
+            return (left.GetDocument().*of)(left.GetIndex()) <
+                   (right.GetDocument().*of)(right.GetIndex());
+        });
+    };
     switch (column) {
     case kName:
-        return Sorting<&Document::NameOf>(ascending);
+        return sortBy(&Document::NameOf);
     case kDepth:
-        return Sorting<&Document::DepthOf>(ascending);
+        return sortBy(&Document::DepthOf);
     case kAttributes:
-        return Sorting<&Document::AttributesOf>(ascending);
+        return sortBy(&Document::AttributesOf);
     case kText:
-        return Sorting<&Document::TextOf>(ascending);
+        return sortBy(&Document::TextOf);
     case kPosition:
-        return Sorting<&Document::PositionOf>(ascending);
-    default:
-        return nullptr;
+        return sortBy(&Document::PositionOf);
     }
 }
 
 int ElementList::GetDefaultColumnWidth(int trueColumn) {
-    constexpr int kWidths[] = {140, 50, 220, 260, 80}; // at 96 dots an inch
+    constexpr int kWidths[] = {130, 50, 200, 230, 70}; // at 96 dots an inch
     const CClientDC dc(this);
     return trueColumn >= 0 && trueColumn < kColumnCount
                ? ::MulDiv(kWidths[trueColumn], dc.GetDeviceCaps(LOGPIXELSX), 96)

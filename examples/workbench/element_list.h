@@ -7,15 +7,15 @@
 
 class ElementItem : public CVirtualListCtrlItem {
 public:
-    ElementItem(const Document& document, int index) : m_document(&document), m_index(index) {}
+    ElementItem(const Document& document, int index)
+        : CVirtualListCtrlItem(DEFAULT_IMAGE, DEFAULT_INDENT, index), m_document(&document) {}
 
     const Document& GetDocument() const { return *m_document; }
-    int GetIndex() const { return m_index; }
+    int GetIndex() const { return static_cast<int>(GetLParam()); }
     CString GetSubItemText(int column) override;
 
 private:
     const Document* m_document;
-    int m_index;
 };
 
 class ElementList : public CVirtualListCtrl {
@@ -26,9 +26,9 @@ public:
     // Shows these elements, or all of a document.
     void Show(const Document& document, const std::vector<int>* indexes = nullptr);
     void Clear();
-    void SelectElement(int index);
+    bool SelectElement(int index); // false when it is not shown
 
-    SortingFunction GetSortingFunction(int column, int ascending) override;
+    void DoSortItems(int column, int ascending) override;
     int GetDefaultColumnWidth(int trueColumn) override;
     void LoadDefaultColumnWidths() override;
 

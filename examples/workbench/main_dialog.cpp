@@ -1,129 +1,52 @@
 #include "main_dialog.h"
 
+#include "help.h"
 #include "options.h"
 #include "resource.h"
+#include "texts.h"
 
+#include <quorvel/controls/win/recent_files_menu.h>
 #include <quorvel/framework/app.h>
-#include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/win/cmd_ui.h>
-#include <quorvel/framework/win/menu.h>
+#include <quorvel/framework/win/file_dialog.h>
+#include <quorvel/keyboard/win/menu_shortcuts.h>
+#include <quorvel/xml/open_xml_file.h>
 #include <quorvel/xml/xml_file.h>
 
 #include <commdlg.h>
 #include <shellapi.h>
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace {
 
 constexpr UINT kOpenLater = WM_APP + 1;
-
-CString TextOf(UINT id) {
-    CString text;
-    text.LoadString(id);
-    return text;
-}
-
-template <class... Inserts>
-CString TextOf(UINT id, const Inserts&... inserts) {
-    CString text;
-    text.FormatMessage(TextOf(id), inserts...);
-    return text;
-}
-
-CString NumberText(int number) {
-    CString text;
-    text.Format(_T("%d"), number);
-    return text;
-}
+constexpr UINT kLookAtFile = WM_APP + 2;
 
 CString NameOfFile(const CString& file) {
     return file.Mid(file.ReverseFind('\\') + 1);
 }
 
-// The list "Name|pattern|..." as the platform's file dialog takes it.
-CString FileFilter() {
-    CString filter = TextOf(TEXT_FILE_FILTER);
-    for (int i = 0; i < filter.GetLength(); ++i)
-        if (filter[i] == '|')
-            filter.SetAt(i, 0);
-    return filter;
+// Asks for a file of the kinds in the catalogue.
+BOOL AskForFile(CWnd& owner, BOOL opens, UINT kinds, const WCHAR* extension, CString& file) {
+    CFileDialog dialog(opens, extension, file,
+                       OFN_HIDEREADONLY | (opens ? OFN_FILEMUSTEXIST : OFN_OVERWRITEPROMPT),
+                       TextOf(kinds), &owner);
+    const BOOL isChosen = dialog.DoModal() == IDOK;
+    file = dialog.GetPathName();
+    return isChosen;
 }
-
-BOOL AskForFile(CWnd& owner, bool isSaving, CString& file) {
-    WCHAR path[MAX_PATH] = {};
-    if (file.GetLength() < MAX_PATH)
-        ::lstrcpynW(path, file, MAX_PATH);
-    const CString filter = FileFilter();
-    OPENFILENAMEW question = {};
-    question.lStructSize = sizeof question;
-    question.hwndOwner = owner.m_hWnd;
-    question.lpstrFilter = filter;
-    question.lpstrFile = path;
-    question.nMaxFile = MAX_PATH;
-    question.lpstrDefExt = _T("xml");
-    question.Flags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST |
-                     (isSaving ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
-    if (!(isSaving ? ::GetSaveFileNameW(&question) : ::GetOpenFileNameW(&question)))
-        return FALSE;
-    file = path;
-    return TRUE;
-}
-
-const ACCEL kAccelerators[] = {
-    {FVIRTKEY | FCONTROL, 'O', COMMAND_OPEN},
-    {FVIRTKEY | FCONTROL, 'S', COMMAND_SAVE},
-    {FVIRTKEY | FCONTROL, 'F', COMMAND_FIND},
-    {FVIRTKEY, VK_F3, COMMAND_FIND_NEXT},
-    {FVIRTKEY | FCONTROL, 'L', COMMAND_FILTER},
-    {FVIRTKEY | FCONTROL | FSHIFT, 'L', COMMAND_SHOW_ALL},
-    {FVIRTKEY, VK_F7, COMMAND_CHECK},
-    {FVIRTKEY | FCONTROL, VK_RETURN, COMMAND_APPLY},
-};
 
 } // namespace
-
-// Long work: the window stays alive, takes no commands and has a button that stops the work.
-class MainDialog::Work : public CLengthyOperationHandler {
-public:
-    Work(MainDialog& dialog, const CString& status) : m_dialog(dialog) {
-        m_dialog.m_isStopped = false;
-        m_dialog.SetBusy();
-        m_dialog.ShowStatus(status);
-        Show(TRUE);
-    }
-    ~Work() override {
-        Show(FALSE);
-        m_dialog.SetBusy(FALSE);
-    }
-    void PumpMessages() override {
-        CLengthyOperationHandler::PumpMessages();
-        if (m_dialog.m_isStopped)
-            AfxThrowUserException();
-    }
-
-private:
-    void Show(BOOL isWorking) {
-        for (const int id :
-             {CONTROL_FIND, CONTROL_FILTER, CONTROL_LIST, CONTROL_SOURCE, CONTROL_APPLY})
-            m_dialog.GetDlgItem(id)->EnableWindow(!isWorking);
-        for (const int id : {CONTROL_PROGRESS, CONTROL_STOP})
-            m_dialog.GetDlgItem(id)->ShowWindow(isWorking ? SW_SHOW : SW_HIDE);
-        m_dialog.GetDlgItem(CONTROL_PROGRESS)->SendMessage(PBM_SETMARQUEE, isWorking, 50);
-        m_dialog.GetDlgItem(isWorking ? CONTROL_STOP : CONTROL_LIST)->SetFocus();
-        m_dialog.UpdateWindow();
-    }
-
-    MainDialog& m_dialog;
-};
 
 BEGIN_MESSAGE_MAP(MainDialog, CVaskDialog)
 ON_WM_SIZE()
 ON_WM_GETMINMAXINFO()
 ON_WM_DROPFILES()
 ON_WM_INITMENUPOPUP()
+ON_WM_QUERYENDSESSION()
+ON_MESSAGE(WM_ACTIVATEAPP, &ThisClass::OnActivateApp)
 ON_COMMAND(COMMAND_OPEN, &ThisClass::OnOpen)
 ON_COMMAND(COMMAND_SAVE, &ThisClass::OnSave)
 ON_COMMAND(COMMAND_SAVE_AS, &ThisClass::OnSaveAs)
@@ -138,31 +61,22 @@ ON_COMMAND(COMMAND_APPLY, &ThisClass::OnApply)
 ON_COMMAND(CONTROL_APPLY, &ThisClass::OnApply)
 ON_COMMAND(COMMAND_COLUMNS, &ThisClass::OnColumns)
 ON_COMMAND(COMMAND_OPTIONS, &ThisClass::OnOptions)
-ON_COMMAND(COMMAND_ABOUT, &ThisClass::OnAbout)
+ON_COMMAND(COMMAND_EXPORT, &ThisClass::OnExport)
+ON_COMMAND_RANGE(COMMAND_UPDATES, COMMAND_ABOUT, &ThisClass::OnHelp)
 ON_COMMAND(CONTROL_STOP, &ThisClass::OnStop)
 ON_EN_CHANGE(CONTROL_SOURCE, &ThisClass::OnSourceChange)
 ON_NOTIFY(LVN_ITEMCHANGED, CONTROL_LIST, &ThisClass::OnItemChanged)
-ON_UPDATE_COMMAND_UI(COMMAND_SAVE, &ThisClass::OnUpdateNeedsDocument)
-ON_UPDATE_COMMAND_UI(COMMAND_SAVE_AS, &ThisClass::OnUpdateNeedsDocument)
-ON_UPDATE_COMMAND_UI(COMMAND_FIND_NEXT, &ThisClass::OnUpdateNeedsDocument)
-ON_UPDATE_COMMAND_UI(COMMAND_FILTER, &ThisClass::OnUpdateNeedsDocument)
-ON_UPDATE_COMMAND_UI(COMMAND_SHOW_ALL, &ThisClass::OnUpdateNeedsDocument)
-ON_UPDATE_COMMAND_UI(COMMAND_CHECK, &ThisClass::OnUpdateNeedsDocument)
+ON_UPDATE_COMMAND_UI_RANGE(COMMAND_SAVE, COMMAND_SAVE_AS, &ThisClass::OnUpdateNeedsDocument)
+ON_UPDATE_COMMAND_UI_RANGE(COMMAND_FIND_NEXT, COMMAND_CHECK, &ThisClass::OnUpdateNeedsDocument)
+ON_UPDATE_COMMAND_UI(CONTROL_FILTER, &ThisClass::OnUpdateNeedsDocument)
 ON_UPDATE_COMMAND_UI(COMMAND_APPLY, &ThisClass::OnUpdateApply)
 ON_UPDATE_COMMAND_UI(CONTROL_APPLY, &ThisClass::OnUpdateApply)
 ON_MESSAGE(kOpenLater, &ThisClass::OnOpenLater)
+ON_MESSAGE(kLookAtFile, &ThisClass::OnLookAtFile)
 END_MESSAGE_MAP()
 
 MainDialog::MainDialog(const CString& file)
-    : CVaskDialog(DIALOG_MAIN), m_settings(Settings::Load()) {
-    m_accelerators =
-        ::CreateAcceleratorTableW(const_cast<ACCEL*>(kAccelerators), std::size(kAccelerators));
-    m_file = file;
-}
-
-MainDialog::~MainDialog() {
-    ::DestroyAcceleratorTable(m_accelerators);
-}
+    : CVaskDialog(DIALOG_MAIN), m_settings(Settings::Load()), m_file(file) {}
 
 void MainDialog::DoDataExchange(CDataExchange* exchange) {
     CVaskDialog::DoDataExchange(exchange);
@@ -175,15 +89,18 @@ BOOL MainDialog::LoadData() {
     m_list.InsertColumns();
     m_list.SetEmptyText(TextOf(TEXT_EMPTY));
     m_source.SetLimitText(Settings::kMostSourceLimit);
-    CRect window;
-    GetWindowRect(window);
-    m_least = CSize(window.Width() / 2, window.Height() * 2 / 3);
-    CRect client;
-    GetClientRect(client);
-    m_isLaidOut = true;
-    OnSize(SIZE_RESTORED, client.Width(), client.Height());
+    m_layout.Attach(*this, {{CONTROL_FIND, 0, 0, 100, 0},
+                            {CONTROL_FILTER, 100, 0, 100, 0},
+                            {CONTROL_LIST, 0, 0, 100, 65},
+                            {CONTROL_SOURCE_LABEL, 0, 65, 100, 65},
+                            {CONTROL_APPLY, 100, 65, 100, 65},
+                            {CONTROL_SOURCE, 0, 65, 100, 100},
+                            {CONTROL_STATUS, 0, 100, 100, 100},
+                            {CONTROL_PROGRESS, 100, 100, 100, 100},
+                            {CONTROL_STOP, 100, 100, 100, 100}});
+    ApplyShortcuts();
     ShowStatus(TextOf(TEXT_READY));
-    m_source.EnableWindow(FALSE);
+    ShowSource();
     if (!m_file.IsEmpty())
         PostMessage(kOpenLater); // once the window is there
     return TRUE;
@@ -194,71 +111,34 @@ LRESULT MainDialog::OnOpenLater(WPARAM, LPARAM) {
     return 0;
 }
 
-void MainDialog::PreLoadStateControls() {
-    Settings::Path().CreateSubKey(m_stateKey);
+void MainDialog::ApplyShortcuts() {
+    m_accelerators.reset(m_settings.shortcuts.CreateAcceleratorTableW());
+    AfxUpdateMenuShortcuts(*CMenu::FromHandle(::GetMenu(m_hWnd)), m_settings.shortcuts);
 }
 
-void MainDialog::PostLoadStateControls() {
-    if (m_stateKey != nullptr)
-        ::RegCloseKey(std::exchange(m_stateKey, nullptr));
+void MainDialog::GetStateAutoCompleteEditCtrls(quorvel::EditSections& edits, int) {
+    edits.SetAt(&m_find, _T("Find"));
 }
 
-void MainDialog::PreSaveStateControls() {
-    PreLoadStateControls();
-}
-
-void MainDialog::PostSaveStateControls() {
-    PostLoadStateControls();
-}
-
-void MainDialog::GetStateAutoCompleteEditCtrls(quorvel::EditKeys& edits, int) {
-    edits.SetAt(&m_find, m_stateKey);
-}
-
-void MainDialog::GetStateListCtrls(quorvel::ListPaths& lists, int) {
-    lists.SetAt(&m_list, CRegistryPath(Settings::Path(), _T("Elements")));
+void MainDialog::GetStateListCtrls(quorvel::ListSections& lists, int) {
+    lists.SetAt(&m_list, _T("Elements"));
 }
 
 BOOL MainDialog::PreTranslateMessage(MSG* message) {
-    if (!IsBusy() && ::TranslateAcceleratorW(m_hWnd, m_accelerators, message))
+    if (m_accelerators != nullptr &&
+        (message->hwnd == m_hWnd || IsChild(CWnd::FromHandle(message->hwnd))) &&
+        ::TranslateAcceleratorW(m_hWnd, m_accelerators.get(), message))
         return TRUE;
     return CVaskDialog::PreTranslateMessage(message);
 }
 
 void MainDialog::OnSize(UINT type, int width, int height) {
     CVaskDialog::OnSize(type, width, height);
-    if (!m_isLaidOut || type == SIZE_MINIMIZED)
-        return;
-    CRect unit(4, 8, 4, 8);
-    MapDialogRect(unit);
-    const int x = unit.left, y = unit.top / 2; // a dialog unit is a quarter and an eighth of these
-    const auto place = [&](int id, int left, int top, int right, int bottom) {
-        GetDlgItem(id)->SetWindowPos(nullptr, left, top, right - left, bottom - top,
-                                     SWP_NOZORDER | SWP_NOACTIVATE);
-    };
-    const int row = y * 13 / 4, gap = y, button = x * 62 / 4;
-    const int listTop = row + 2 * gap, statusTop = height - row;
-    const int sourceHeight = (statusTop - listTop) / 3;
-    const int labelTop = statusTop - sourceHeight - row - gap;
-    CRect find;
-    GetDlgItem(CONTROL_FIND)->GetWindowRect(find);
-    ScreenToClient(find);
-    place(CONTROL_FIND, find.left, gap, width - button - 2 * x, gap + row);
-    place(CONTROL_FILTER, width - button - x, gap, width - x, gap + row);
-    place(CONTROL_LIST, x, listTop, width - x, labelTop - gap);
-    place(CONTROL_SOURCE_LABEL, x, labelTop + gap, width - button - 2 * x, labelTop + row);
-    place(CONTROL_APPLY, width - button - x, labelTop, width - x, labelTop + row);
-    place(CONTROL_SOURCE, x, labelTop + row + gap / 2, width - x, statusTop - gap);
-    place(CONTROL_STATUS, x, statusTop, width - 2 * button - 3 * x, height - gap / 2);
-    place(CONTROL_PROGRESS, width - 2 * button - 2 * x, statusTop, width - button - 2 * x,
-          height - gap);
-    place(CONTROL_STOP, width - button - x, statusTop, width - x, height - gap / 2);
-    Invalidate();
+    m_layout.OnSize(type);
 }
 
 void MainDialog::OnGetMinMaxInfo(MINMAXINFO* info) {
-    if (m_least.cx > 0)
-        info->ptMinTrackSize = {m_least.cx, m_least.cy};
+    m_layout.OnGetMinMaxInfo(info);
 }
 
 void MainDialog::OnDropFiles(HDROP drop) {
@@ -270,45 +150,53 @@ void MainDialog::OnDropFiles(HDROP drop) {
 }
 
 void MainDialog::OnInitMenuPopup(CMenu* menu, UINT index, BOOL systemMenu) {
-    if (!systemMenu && menu->GetMenuItemID(0) == COMMAND_RECENT) {
-        while (menu->GetMenuItemCount() > 0)
-            menu->DeleteMenu(0, MF_BYPOSITION);
-        for (std::size_t i = 0; i < m_settings.recentFiles.size(); ++i) {
-            CString path = m_settings.recentFiles[i];
-            path.Replace(_T("&"), _T("&&"));
-            menu->AppendMenu(MF_STRING, COMMAND_RECENT + i,
-                             _T("&") + NumberText(static_cast<int>(i) + 1) + _T(" ") + path);
-        }
-        if (m_settings.recentFiles.empty())
-            menu->AppendMenu(MF_STRING | MF_GRAYED, COMMAND_RECENT, TextOf(TEXT_NO_RECENT));
-    }
+    if (!systemMenu && menu->GetMenuItemID(0) == COMMAND_RECENT)
+        AfxShowRecentFiles(*menu, m_settings.recentFiles, COMMAND_RECENT, TextOf(TEXT_NO_RECENT));
     CVaskDialog::OnInitMenuPopup(menu, index, systemMenu);
 }
 
 // The document
 
+bool MainDialog::DoWork(const CString& status, const std::function<void(CLengthyWork&)>& act) {
+    CLengthyWork work(*this, CONTROL_STOP, CONTROL_PROGRESS);
+    struct Busy {
+        MainDialog& dialog;
+        ~Busy() {
+            dialog.m_work = nullptr;
+            dialog.SetBusy(FALSE);
+        }
+    } const busy{*this};
+    m_work = &work;
+    SetBusy();
+    ShowStatus(status);
+    if (work.Run([&] { act(work); }) && !work.IsCancelled())
+        return true;
+    ShowStatus(TextOf(TEXT_STOPPED));
+    return false;
+}
+
 BOOL MainDialog::OpenFile(const CString& file) {
     auto document = std::make_unique<Document>();
     CString error;
-    try {
-        Work work(*this, TextOf(TEXT_LOADING, NameOfFile(file)));
-        if (!AfxLoadXMLFile(file, *document, error, &work)) {
-            AfxMessageBox(error, MB_ICONERROR);
-            ShowStatus(TextOf(TEXT_READY));
-            return FALSE;
-        }
-        document->ListElements();
-    } catch (CUserException* exception) {
-        exception->Delete();
-        ShowStatus(TextOf(TEXT_STOPPED));
+    bool isLoaded = false;
+    if (!DoWork(TextOf(TEXT_LOADING, NameOfFile(file)), [&](CLengthyWork& work) {
+            isLoaded = AfxOpenXMLFile(file, *document, error, &work) != FALSE;
+            document->ListElements();
+        }))
+        return FALSE;
+    if (!isLoaded) {
+        ShowStatus(TextOf(TEXT_NOT_OPENED, NameOfFile(file), error));
+        AfxMessageBox(TextOf(TEXT_NOT_OPENED, file, error), MB_ICONERROR);
+        if (::GetFileAttributesW(file) == INVALID_FILE_ATTRIBUTES)
+            m_settings.recentFiles.Remove(file);
         return FALSE;
     }
     m_list.Clear();
     m_document = std::move(document);
     m_file = file;
-    m_fileTime = FileTime();
+    m_seenTime = m_fileTime = FileTime();
     m_isChanged = false;
-    m_settings.AddRecentFile(file);
+    m_settings.recentFiles.Add(file);
     m_settings.Save();
     ShowElements(nullptr);
     UpdateTitle();
@@ -318,26 +206,36 @@ BOOL MainDialog::OpenFile(const CString& file) {
 }
 
 BOOL MainDialog::SaveFile(const CString& file) {
-    if (file == m_file && FileTime() != m_fileTime &&
+    OnApply();
+    if (m_isSourceChanged) // it is not well-formed
+        return FALSE;
+    const CString time = FileTime();
+    if (file.CompareNoCase(m_file) == 0 && !time.IsEmpty() && time != m_fileTime &&
         AfxMessageBox(TextOf(TEXT_CHANGED_OUTSIDE, NameOfFile(file)), MB_YESNO | MB_ICONWARNING) !=
             IDYES)
         return FALSE;
-    CString error;
-    try {
-        Work work(*this, CString());
-        if (!AfxSaveXMLFile(*m_document, file, error, &work)) {
-            AfxMessageBox(error, MB_ICONERROR);
+    if (!AfxCanSaveXMLEncoding(*m_document)) {
+        if (AfxMessageBox(TextOf(TEXT_SAVE_AS_UTF8, NameOfFile(file)),
+                          MB_YESNO | MB_ICONQUESTION) != IDYES)
             return FALSE;
+        m_document->SetXMLDeclaration(CMarkup().GetXMLDeclaration());
+    }
+    CString error;
+    bool isSaved = false;
+    const bool isDone = DoWork(TextOf(TEXT_SAVING, NameOfFile(file)), [&](CLengthyWork& work) {
+        isSaved = AfxSaveXMLFile(*m_document, file, error, &work) != FALSE;
+    });
+    if (!isSaved) {
+        if (isDone) {
+            ShowStatus(TextOf(TEXT_NOT_SAVED, NameOfFile(file), error));
+            AfxMessageBox(TextOf(TEXT_NOT_SAVED, file, error), MB_ICONERROR);
         }
-    } catch (CUserException* exception) {
-        exception->Delete();
-        ShowStatus(TextOf(TEXT_STOPPED));
         return FALSE;
     }
     m_file = file;
-    m_fileTime = FileTime();
+    m_seenTime = m_fileTime = FileTime();
     m_isChanged = false;
-    m_settings.AddRecentFile(file);
+    m_settings.recentFiles.Add(file);
     m_settings.Save();
     UpdateTitle();
     ShowStatus(TextOf(TEXT_SAVED, file));
@@ -350,8 +248,7 @@ BOOL MainDialog::MayLeaveDocument() {
     switch (AfxMessageBox(TextOf(TEXT_SAVE_CHANGES, NameOfFile(m_file)),
                           MB_YESNOCANCEL | MB_ICONQUESTION)) {
     case IDYES:
-        OnApply();
-        return !m_isSourceChanged && SaveFile(m_file);
+        return SaveFile(m_file);
     case IDNO:
         return TRUE;
     default:
@@ -361,19 +258,41 @@ BOOL MainDialog::MayLeaveDocument() {
 
 BOOL MainDialog::CheckStrictly() {
     CXMLFault fault;
-    const BOOL isWellFormed = AfxCheckXML(m_document->GetDocConstRef(), fault);
+    BOOL isWellFormed = FALSE;
+    if (!DoWork(TextOf(TEXT_CHECKING), [&](CLengthyWork&) {
+            isWellFormed = AfxCheckXML(m_document->GetDocConstRef(), fault);
+        }))
+        return FALSE;
     if (isWellFormed) {
         ShowStatus(TextOf(TEXT_WELL_FORMED));
     } else {
         ShowStatus(TextOf(TEXT_FAULT, NumberText(fault.nLine), NumberText(fault.nColumn),
                           fault.strMessage));
-        int element = 0;
-        while (element + 1 < m_document->ElementCount() &&
-               m_document->PositionOf(element + 1) <= fault.nOffset)
-            ++element;
-        m_list.SelectElement(element);
+        m_list.SelectElement(std::max(m_document->LastBefore(fault.nOffset), 0));
     }
     return isWellFormed;
+}
+
+LRESULT MainDialog::OnActivateApp(WPARAM isActive, LPARAM thread) {
+    if (isActive)
+        PostMessage(kLookAtFile); // once the window is in front
+    return CVaskDialog::OnActivateProgram(isActive, thread);
+}
+
+// Another program may have changed the file meanwhile.
+LRESULT MainDialog::OnLookAtFile(WPARAM, LPARAM) {
+    const CString time = FileTime();
+    if (m_document == nullptr || IsBusy() || !IsWindowEnabled() || time == m_seenTime)
+        return 0;
+    m_seenTime = time;
+    m_isChanged = true; // what is here is not what is there
+    UpdateTitle();
+    if (time.IsEmpty())
+        ShowStatus(TextOf(TEXT_DELETED_OUTSIDE, NameOfFile(m_file)));
+    else if (AfxMessageBox(TextOf(TEXT_LOAD_AGAIN, NameOfFile(m_file)),
+                           MB_YESNO | MB_ICONQUESTION) == IDYES)
+        OpenFile(CString(m_file));
+    return 0;
 }
 
 // What is on the screen
@@ -404,18 +323,21 @@ void MainDialog::ShowSource() {
         isWhole = source.size() <= m_settings.sourceLimit;
         text = isWhole ? CString(source)
                        : TextOf(TEXT_CUT, NumberText(static_cast<int>(source.size())));
-        text.Replace(_T("\r\n"), _T("\n"));
+        text.Replace(_T("\r\n"), _T("\n")); // the field has both
         text.Replace(_T("\n"), _T("\r\n"));
     }
     m_source.SetWindowText(text);
     m_source.SetReadOnly(!isWhole);
     m_source.EnableWindow(element >= 0);
     m_shownSource = element;
-    m_isSourceChanged = false;
+    m_isSourceChanged = true;
+    m_source.SetModify(FALSE);
+    OnSourceChange();
 }
 
 void MainDialog::ShowStatus(const CString& text) {
     SetDlgItemText(CONTROL_STATUS, text);
+    Log(text);
 }
 
 void MainDialog::UpdateTitle() {
@@ -439,7 +361,11 @@ void MainDialog::OnItemChanged(NMHDR*, LRESULT* result) {
 }
 
 void MainDialog::OnSourceChange() {
-    m_isSourceChanged = m_source.GetModify();
+    if (m_isSourceChanged == (m_source.GetModify() != FALSE))
+        return;
+    m_isSourceChanged = !m_isSourceChanged;
+    SetDlgItemText(CONTROL_SOURCE_LABEL,
+                   TextOf(m_isSourceChanged ? TEXT_SOURCE_CHANGED : TEXT_SOURCE));
 }
 
 void MainDialog::OnUpdateNeedsDocument(CCmdUI* ui) {
@@ -454,7 +380,7 @@ void MainDialog::OnUpdateApply(CCmdUI* ui) {
 
 void MainDialog::OnOpen() {
     CString file = m_file;
-    if (MayLeaveDocument() && AskForFile(*this, false, file))
+    if (MayLeaveDocument() && AskForFile(*this, TRUE, TEXT_XML_FILES, _T("xml"), file))
         OpenFile(file);
 }
 
@@ -465,14 +391,14 @@ void MainDialog::OnSave() {
 
 void MainDialog::OnSaveAs() {
     CString file = m_file;
-    if (m_document != nullptr && AskForFile(*this, true, file))
+    if (m_document != nullptr && AskForFile(*this, FALSE, TEXT_XML_FILES, _T("xml"), file))
         SaveFile(file);
 }
 
 void MainDialog::OnRecent(UINT command) {
-    const std::size_t index = command - COMMAND_RECENT;
-    if (index < m_settings.recentFiles.size() && MayLeaveDocument())
-        OpenFile(CString(m_settings.recentFiles[index]));
+    const CString file = m_settings.recentFiles.GetFile(static_cast<int>(command - COMMAND_RECENT));
+    if (!file.IsEmpty() && MayLeaveDocument())
+        OpenFile(file);
 }
 
 void MainDialog::OnFind() {
@@ -480,30 +406,44 @@ void MainDialog::OnFind() {
     m_find.SetSel(0, -1);
 }
 
-void MainDialog::OnFindNext() {
-    if (m_document == nullptr)
-        return;
-    CString text;
+bool MainDialog::FindElements(CString& text, std::vector<int>& found) {
     m_find.GetWindowText(text);
     m_find.AddActiveTextToMRUList();
-    const std::vector<int> found = m_document->Find(Document::View(text.GetString()));
-    const auto next = std::upper_bound(found.begin(), found.end(), SelectedElement());
+    return DoWork(TextOf(TEXT_SEARCHING), [&](CLengthyWork& work) {
+        found = m_document->Find({text.GetString(), static_cast<std::size_t>(text.GetLength())},
+                                 [&](int percent) {
+                                     work.SetProgress(percent);
+                                     work.PumpMessages();
+                                 });
+    });
+}
+
+void MainDialog::OnFindNext() {
+    CString text;
+    std::vector<int> found;
+    if (m_document == nullptr || !FindElements(text, found))
+        return;
     if (found.empty())
-        ShowStatus(TextOf(TEXT_NOT_FOUND, text));
-    else
-        m_list.SelectElement(next != found.end() ? *next : found.front());
+        return ShowStatus(TextOf(TEXT_NOT_FOUND, text));
+    const auto next = std::upper_bound(found.begin(), found.end(), SelectedElement());
+    const int element = next != found.end() ? *next : found.front();
+    if (!m_list.SelectElement(element)) { // a filter hides it
+        ShowElements(nullptr);
+        m_list.SelectElement(element);
+    }
+    ShowStatus(
+        TextOf(TEXT_FOUND,
+               NumberText(static_cast<int>(std::lower_bound(found.begin(), found.end(), element) -
+                                           found.begin() + 1)),
+               NumberText(static_cast<int>(found.size()))));
 }
 
 void MainDialog::OnFilter() {
-    if (m_document == nullptr)
-        return;
     CString text;
-    m_find.GetWindowText(text);
-    m_find.AddActiveTextToMRUList();
-    if (text.IsEmpty())
-        return OnShowAll();
-    const std::vector<int> found = m_document->Find(Document::View(text.GetString()));
-    ShowElements(&found);
+    std::vector<int> found;
+    if (m_document == nullptr || !FindElements(text, found))
+        return;
+    ShowElements(text.IsEmpty() ? nullptr : &found);
 }
 
 void MainDialog::OnShowAll() {
@@ -519,49 +459,70 @@ void MainDialog::OnCheck() {
 void MainDialog::OnApply() {
     if (m_document == nullptr || !m_isSourceChanged || m_shownSource < 0)
         return;
+    const int element = m_shownSource;
     CString source;
     m_source.GetWindowText(source);
-    source.Replace(_T("\r\n"), _T("\n"));
-    const int element = m_shownSource;
+    if (m_document->GetDocConstRef().Find(_T("\r\n")) < 0)
+        source.Replace(_T("\r\n"), _T("\n"));
     CXMLFault fault;
+    bool isReplaced = false;
     m_list.Clear(); // its rows look at the document
-    const bool isReplaced = m_document->ReplaceSource(element, source, fault);
-    m_isChanged = m_isChanged || isReplaced;
-    m_isSourceChanged = !isReplaced;
+    DoWork(TextOf(TEXT_APPLYING),
+           [&](CLengthyWork&) { isReplaced = m_document->ReplaceSource(element, source, fault); });
     m_list.Show(*m_document);
     m_list.SelectElement(element);
     if (isReplaced) {
+        m_isChanged = true;
+        m_source.SetModify(FALSE);
         m_shownSource = -1;
         ShowSource();
         UpdateTitle();
+        ShowStatus(TextOf(TEXT_APPLIED));
         return;
     }
+    const CString text =
+        TextOf(TEXT_FAULT, NumberText(fault.nLine), NumberText(fault.nColumn), fault.strMessage);
+    ShowStatus(text);
+    m_source.SetFocus();
     CRect field;
     m_source.GetWindowRect(field);
-    ShowValidationErrorMessage(
-        TTI_WARNING, m_file.IsEmpty() ? _T("") : NameOfFile(m_file),
-        TextOf(TEXT_FAULT, NumberText(fault.nLine), NumberText(fault.nColumn), fault.strMessage),
-        field);
-}
-
-void MainDialog::OnColumns() {
-    m_list.EditColumns();
+    ShowValidationErrorMessage(TTI_WARNING, TextOf(TEXT_NOT_APPLIED), text, field);
 }
 
 void MainDialog::OnOptions() {
-    if (EditOptions(*this, m_settings)) {
-        m_settings.Save();
+    const LANGID language = m_settings.language;
+    if (!EditOptions(*this, m_settings))
+        return;
+    m_settings.Save();
+    ApplyShortcuts();
+    if (!m_isSourceChanged) {
         m_shownSource = -1;
         ShowSource();
     }
+    if (m_settings.language != language && MayLeaveDocument())
+        EndDialog(IDRETRY);
 }
 
-void MainDialog::OnAbout() {
-    AfxMessageBox(TextOf(TEXT_ABOUT), MB_ICONINFORMATION);
+void MainDialog::OnExport() {
+    CString file(_T("workbench.reg")), error;
+    m_settings.Save();
+    if (!AskForFile(*this, FALSE, TEXT_REG_FILES, _T("reg"), file))
+        return;
+    if (Settings::Export(file, error))
+        ShowStatus(TextOf(TEXT_SAVED, file));
+    else
+        AfxMessageBox(TextOf(TEXT_NOT_SAVED, file, error), MB_ICONERROR);
+}
+
+void MainDialog::OnHelp(UINT command) {
+    constexpr void (*kActions[])(CWnd&) = {CheckForUpdates, CheckForNewVersion, OpenWebPage,
+                                           SendReport, ShowAbout};
+    kActions[command - COMMAND_UPDATES](*this);
 }
 
 void MainDialog::OnStop() {
-    m_isStopped = true;
+    if (m_work != nullptr)
+        m_work->Cancel();
 }
 
 void MainDialog::OnOK() {
@@ -571,9 +532,15 @@ void MainDialog::OnOK() {
 
 void MainDialog::OnCancel() {
     if (IsBusy())
-        m_isStopped = true;
-    else if (::GetFocus() == m_find.m_hWnd && ::GetKeyState(VK_ESCAPE) < 0)
-        m_list.SetFocus();
-    else if (MayLeaveDocument())
+        return OnStop();
+    if (::GetKeyState(VK_ESCAPE) <
+        0) { // does not close: the source is as before, or the list active
+        if (::GetFocus() == m_source.m_hWnd && m_isSourceChanged) {
+            m_shownSource = -1;
+            ShowSource();
+        }
+        return static_cast<void>(m_list.SetFocus());
+    }
+    if (MayLeaveDocument())
         CVaskDialog::OnCancel();
 }

@@ -1,27 +1,48 @@
 #include "settings.h"
 
+#include "resource.h"
+#include "settings/registry.h"
+
+#include <quorvel/framework/app.h>
+#include <quorvel/framework/file.h>
+#include <quorvel/keyboard/win/menu_shortcuts.h>
 #include <quorvel/system/profile.h>
 
 #include <algorithm>
 
 namespace {
 
-constexpr std::size_t kMostRecentFiles = 9;
-
 const WCHAR kSourceLimit[] = _T("Source limit");
 const WCHAR kChecksOnOpen[] = _T("Check on open");
 const WCHAR kLanguage[] = _T("Language");
 
-CString RecentName(std::size_t index) {
-    CString name;
-    name.Format(_T("Recent file %d"), static_cast<int>(index) + 1);
-    return name;
+const ACCEL kDefaultKeys[] = {
+    {FVIRTKEY | FCONTROL, 'O', COMMAND_OPEN},
+    {FVIRTKEY | FCONTROL, 'S', COMMAND_SAVE},
+    {FVIRTKEY | FALT, VK_F4, IDCANCEL},
+    {FVIRTKEY | FCONTROL, 'F', COMMAND_FIND},
+    {FVIRTKEY, VK_F3, COMMAND_FIND_NEXT},
+    {FVIRTKEY | FCONTROL, 'L', COMMAND_FILTER},
+    {FVIRTKEY | FCONTROL | FSHIFT, 'L', COMMAND_SHOW_ALL},
+    {FVIRTKEY, VK_F7, COMMAND_CHECK},
+    {FVIRTKEY | FCONTROL, VK_RETURN, COMMAND_APPLY},
+};
+
+void LoadDefaultShortcuts(CKeyboardMappingScheme& scheme) {
+    CMenu menu;
+    menu.LoadMenu(MENU_MAIN);
+    AfxAddMenuCommands(menu, scheme);
+    scheme.RemoveKeyboardShortcutUsingCommandID(COMMAND_RECENT); // stands for a list
+    for (const ACCEL& key : kDefaultKeys)
+        scheme.SetShortcutKey(key.cmd, CKeyboardShortcut(key, FALSE).GetShortcutKey());
 }
 
 } // namespace
 
 CRegistryPath Settings::Path() {
-    return CRegistryPath(HKEY_CURRENT_USER, _T("Software\\Quorvel\\Workbench"));
+    const CWinApp& app = *AfxGetApp();
+    return CRegistryPath(HKEY_CURRENT_USER, CString(_T("Software\\")) + app.m_pszRegistryKey +
+                                                _T("\\") + app.m_pszProfileName);
 }
 
 Settings Settings::Load() {
@@ -32,9 +53,10 @@ Settings Settings::Load() {
                    kLeastSourceLimit, kMostSourceLimit);
     settings.checksOnOpen = AfxGetProfileDWord(path, kChecksOnOpen, FALSE) != 0;
     settings.language = static_cast<LANGID>(AfxGetProfileDWord(path, kLanguage, 0));
-    for (std::size_t i = 0; i < kMostRecentFiles; ++i)
-        if (const CString file = AfxGetProfileString(path, RecentName(i), nullptr); !file.IsEmpty())
-            settings.recentFiles.push_back(file);
+    settings.recentFiles.LoadState(path);
+    settings.shortcuts.SetLoadDefaultMappingSchemeFunction(LoadDefaultShortcuts);
+    settings.shortcuts.LoadDefaultMappingScheme();
+    settings.shortcuts.LoadState(path);
     return settings;
 }
 
@@ -43,15 +65,24 @@ void Settings::Save() const {
     AfxWriteProfileDWord(path, kSourceLimit, sourceLimit);
     AfxWriteProfileDWord(path, kChecksOnOpen, static_cast<DWORD>(checksOnOpen));
     AfxWriteProfileDWord(path, kLanguage, language);
-    for (std::size_t i = 0; i < kMostRecentFiles; ++i)
-        AfxWriteProfileString(path, RecentName(i),
-                              i < recentFiles.size() ? recentFiles[i].GetString() : nullptr);
+    recentFiles.SaveState(path);
+    shortcuts.SaveState(path);
 }
 
-void Settings::AddRecentFile(const CString& file) {
-    std::erase_if(recentFiles,
-                  [&file](const CString& each) { return each.CompareNoCase(file) == 0; });
-    recentFiles.insert(recentFiles.begin(), file);
-    if (recentFiles.size() > kMostRecentFiles)
-        recentFiles.pop_back();
+BOOL Settings::Export(const CString& file, CString& error) {
+    try {
+        std::vector<RegKey> keys;
+        ReadTree(Path(), keys);
+        const std::string bytes = EncodeRegFile(FormatRegText(keys));
+        CFile(file, CFile::modeCreate | CFile::modeWrite)
+            .Write(bytes.data(), static_cast<UINT>(bytes.size()));
+        return TRUE;
+    } catch (const Failure& failure) {
+        error = failure.text;
+    } catch (CFileException* exception) {
+        exception->GetErrorMessage(error.GetBuffer(MAX_PATH), MAX_PATH);
+        error.ReleaseBuffer();
+        exception->Delete();
+    }
+    return FALSE;
 }

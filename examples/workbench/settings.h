@@ -1,10 +1,8 @@
 // What the workbench remembers, in one key of the registry.
 #pragma once
 
-#include <quorvel/framework/string.h>
-#include <quorvel/system/registry_path.h>
-
-#include <vector>
+#include <quorvel/controls/recent_files.h>
+#include <quorvel/keyboard/keyboard_mapping_scheme.h>
 
 struct Settings {
     static constexpr UINT kLeastSourceLimit = 100;
@@ -12,11 +10,13 @@ struct Settings {
 
     UINT sourceLimit = 20000; // characters
     BOOL checksOnOpen = FALSE;
-    LANGID language = 0;              // 0: as the system
-    std::vector<CString> recentFiles; // the newest first
+    LANGID language = 0; // 0: as the system
+    CRecentFiles recentFiles;
+    CKeyboardMappingScheme shortcuts;
 
-    static CRegistryPath Path();
-    static Settings Load();
+    static CRegistryPath Path(); // that of the application's profile
+    static Settings Load();      // after the language was installed: commands have names
     void Save() const;
-    void AddRecentFile(const CString& file);
+    // The key and all below it as .reg text. FALSE with the reason.
+    static BOOL Export(const CString& file, CString& error);
 };

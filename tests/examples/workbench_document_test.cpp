@@ -69,6 +69,8 @@ TEST(WorkbenchDocument, TakesAnotherSourceOnlyWhenItIsOneElement) {
         {_T("<n>"), false},
         {_T("<n/><m/>"), false},
         {_T("<n z=1/>"), false},
+        {_T("<!-- --><n/>"), false},
+        {_T("<n z='>'/>"), false}, // the parser ends the tag there
     };
     for (const auto& [source, isTaken] : rows) {
         Document document = Read(kText);
@@ -79,6 +81,40 @@ TEST(WorkbenchDocument, TakesAnotherSourceOnlyWhenItIsOneElement) {
         EXPECT_EQ(CString(document.SourceOf(2)),
                   isTaken ? source : _T("<c y=\"two\" ><d>Third</d>\x00c4pfel</c>"));
     }
+}
+
+TEST(WorkbenchDocument, JudgesASourceWhereItStands) {
+    const WCHAR kWithPrefix[] =
+        _T("<!DOCTYPE a [<!ENTITY e 'E'>]>\n<a xmlns:p='u'><b>\n<c/></b></a>");
+    const std::tuple<const WCHAR*, bool, int, int> rows[] = {
+        {_T("<p:n>&e;</p:n>"), true, 0, 0}, {_T(" <n/>\n"), true, 0, 0},
+        {_T("<q:n/>"), false, 1, 1},        {_T("<n>\n &f;</n>"), false, 2, 2},
+        {_T("<n>\n<m></n>"), false, 2, 6},
+    };
+    for (const auto& [source, isTaken, line, column] : rows) {
+        Document document = Read(kWithPrefix);
+        CXMLFault fault;
+        EXPECT_EQ(document.ReplaceSource(2, source, fault), isTaken) << CString(source);
+        EXPECT_EQ(document.GetDoc() == kWithPrefix, !isTaken) << CString(source);
+        if (isTaken)
+            continue;
+        EXPECT_EQ(fault.nLine, line) << CString(source) << fault.strMessage;
+        EXPECT_EQ(fault.nColumn, column) << CString(source) << fault.strMessage;
+    }
+    // A document that was at fault before can still be mended.
+    Document document = Read(_T("<a x=1><b/></a>"));
+    CXMLFault fault;
+    EXPECT_TRUE(document.ReplaceSource(1, _T("<c/>"), fault));
+    EXPECT_EQ(document.GetDoc(), _T("<a x=1><c/></a>"));
+}
+
+TEST(WorkbenchDocument, FindsTheLastElementBeforeAPosition) {
+    const Document document = Read(kText);
+    for (int index = 0; index < document.ElementCount(); ++index) {
+        EXPECT_EQ(document.LastBefore(document.PositionOf(index)), index);
+        EXPECT_EQ(document.LastBefore(document.PositionOf(index) - 1), index - 1);
+    }
+    EXPECT_EQ(Document().LastBefore(0), -1);
 }
 
 } // namespace
