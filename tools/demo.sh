@@ -12,7 +12,7 @@ mkdir -p "$root/build"
 programs='tour xmltool pack settings keys listing updater'
 for preset in linux-debug "$windows"; do
     say "demo: building $preset, some minutes the first time"
-    case $preset in linux*) windowed='' ;; *) windowed=update_windows ;; esac
+    case $preset in linux*) windowed='' ;; *) windowed='update_windows workbench_script' ;; esac
     # shellcheck disable=SC2086
     build_shown demo "$preset" $programs $windowed quorvel_languages
 done
@@ -102,3 +102,4 @@ else
 fi
 
 sh "$root/tools/demo_updates.sh" "$windows"
+sh "$root/tools/demo_workbench.sh" "$windows"

@@ -6,7 +6,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 
 sh "$root/tools/setup.sh" core windows gallery
 windows=$(windows_preset)
-build_preset "$windows" gallery
+build_preset "$windows" gallery workbench_script
 
 drawn=$root/build/gallery
 rm -rf "$drawn"
@@ -30,16 +30,26 @@ draw() {
     done
 }
 
+# The workbench in its main states, in both languages.
+draw_workbench() { # draw_workbench [SET]
+    cp "$root/examples/data/updates.xml" workbench.xml
+    WINERUN_LOCALE=C.UTF-8 wine "$root/build/$windows/bin/workbench_script.exe" workbench.xml --pictures . "$@" \
+        >workbench.txt 2>&1 || die "the workbench script failed ($?), see build/gallery/workbench.txt"
+}
+
 # Settings of the prefix that a program reads at its start: pixels per inch, and whether there is a theme
 # (a theme uses only its own colours).
 desktop='HKCU\Control Panel\Desktop' theme='HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager'
 set_value() { wine reg.exe add "$1" /v "$2" /t "$3" /d "$4" /f >>settings.log 2>&1 || die "no $2 in Wine"; }
 draw
+draw_workbench
 set_value "$desktop" LogPixels REG_DWORD 144
 draw
+draw_workbench _144dpi
 set_value "$desktop" LogPixels REG_DWORD 96
 set_value "$theme" ThemeActive REG_SZ 0
 draw --high-contrast
+draw_workbench _high_contrast
 set_value "$theme" ThemeActive REG_SZ 1
 for picture in *.bmp; do
     [ -f "$picture" ] || die "the gallery program drew nothing"
