@@ -1,5 +1,5 @@
-// https_fetch URL FILE [--head] [--stall MS] [--limit BYTES] [--cancel MS]: one request of the HTTPS
-// transport, for https_test.py. Prints the result, one line each: status code, bytes, error,
+// https_fetch URL FILE [--head] [--stall MS] [--limit BYTES] [--cancel MS]: one request of the
+// HTTPS transport, for https_test.py. Prints the result, one line each: status code, bytes, error,
 // "Last-Modified" and text.
 #include <quorvel/update/https_update_transport.h>
 
