@@ -29,14 +29,11 @@ Document::View Trimmed(Document::View text) {
 } // namespace
 
 void Document::ListElements() {
-    m_depths.clear();
-    if (!IsWellFormed())
-        return;
-    m_depths.reserve(static_cast<std::size_t>(m_iPosFree - 1));
-    const ElemPos* const records = m_aPos.GetData();
-    for (int record = 1; record < m_iPosFree; ++record) {
-        const int parent = records[record].iParent;
-        m_depths.push_back(parent > 0 ? DepthOf(parent - 1) + 1 : 0);
+    m_depths.resize(IsWellFormed() ? static_cast<std::size_t>(m_iPosFree - 1) : 0);
+    const ElemPos* const records = m_aPos.GetData() + 1;
+    for (std::size_t i = 0; i < m_depths.size(); ++i) {
+        const int parent = records[i].iParent;
+        m_depths[i] = parent > 0 ? m_depths[static_cast<std::size_t>(parent) - 1] + 1 : 0;
     }
 }
 

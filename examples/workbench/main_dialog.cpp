@@ -197,7 +197,7 @@ BOOL MainDialog::OpenFile(const CString& file) {
     m_seenTime = m_fileTime = FileTime();
     m_isChanged = false;
     m_settings.recentFiles.Add(file);
-    m_settings.Save();
+    m_settings.recentFiles.SaveState(Settings::Path());
     ShowElements(nullptr);
     UpdateTitle();
     if (m_settings.checksOnOpen)
@@ -236,7 +236,7 @@ BOOL MainDialog::SaveFile(const CString& file) {
     m_seenTime = m_fileTime = FileTime();
     m_isChanged = false;
     m_settings.recentFiles.Add(file);
-    m_settings.Save();
+    m_settings.recentFiles.SaveState(Settings::Path());
     UpdateTitle();
     ShowStatus(TextOf(TEXT_SAVED, file));
     return TRUE;
