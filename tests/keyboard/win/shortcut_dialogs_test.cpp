@@ -422,17 +422,18 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatAreShownInAnyOrder) {
 TEST(KeyboardShortcutListCtrl, IsAReportHoweverItIsCreated) {
     const CKeyboardMappingScheme scheme = Defaults();
     ListParent parent;
-    for (const bool isBase : {false, true}) {
-        List list;
-        CVaskListCtrl& base = list;
+    List list;
+    CVaskListCtrl& base = list;
+    list.AddKeyboardMappingScheme(&scheme);
+    for (const bool isBase : {false, true}) { // the second window has the columns too
         ASSERT_TRUE(isBase ? base.Create(WS_VISIBLE, kListPlace, &parent, 5)
                            : list.CreateEx(WS_EX_CLIENTEDGE, WC_LISTVIEWW, nullptr,
                                            WS_CHILD | WS_VISIBLE | LVS_LIST, 0, 0, 400, 200,
                                            parent.m_hWnd, nullptr));
         EXPECT_EQ(HeaderOf(list).GetItemCount(), int{List::NUM_COLUMNS});
-        list.AddKeyboardMappingScheme(&scheme);
         list.LoadKeyboardMappingScheme(0);
         EXPECT_EQ(TextsOf(list), "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close=");
+        list.DestroyWindow();
     }
 }
 
