@@ -517,6 +517,7 @@ TEST(VirtualListCtrl, IsUpToDateInNotifications) {
 class CDoomedList : public CRowList {
 public:
     using CRowList::CRowList;
+    static void* operator new(std::size_t size) { return ::operator new(size); }
     static void operator delete(void* memory, std::size_t size) {
         s_memory = static_cast<unsigned char*>(memory);
         s_size = size;
