@@ -82,7 +82,8 @@ class Handler(http.server.BaseHTTPRequestHandler):
         pass
 
     def head(self, status, *fields):
-        self.wfile.write(f"HTTP/1.1 {status} x\r\n".encode() +
+        # Without the field Wine sends the next request on a connection that is closed by then.
+        self.wfile.write(f"HTTP/1.1 {status} x\r\nConnection: close\r\n".encode() +
                          "".join(field + "\r\n" for field in fields).encode() + b"\r\n")
         self.close_connection = True
 
