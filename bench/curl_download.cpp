@@ -7,8 +7,13 @@
 #include <cstdio>
 #include <string>
 
-CurlDownload::CurlDownload(const char* name) : m_curl(curl_easy_init(), curl_easy_cleanup) {
-    const std::string url = "http://127.0.0.1:" + std::to_string(web_server::Port()) + '/' + name;
+CurlDownload::CurlDownload(const char* name, bool isSecure)
+    : m_curl(curl_easy_init(), curl_easy_cleanup) {
+    const std::string url =
+        (isSecure ? "https://localhost:" + std::to_string(web_server::SecurePort())
+                  : "http://127.0.0.1:" + std::to_string(web_server::Port())) +
+        '/' + name;
+    curl_easy_setopt(m_curl.get(), CURLOPT_CAINFO, web_server::CertificateFile().c_str());
     curl_easy_setopt(m_curl.get(), CURLOPT_URL, url.c_str());
     curl_easy_setopt(m_curl.get(), CURLOPT_BUFFERSIZE, long{kDownloadBufferSize});
     curl_easy_setopt(m_curl.get(), CURLOPT_FRESH_CONNECT, 1L);

@@ -10,7 +10,7 @@ constexpr int kDownloadBufferSize = 32768; // of either
 // Downloads to /dev/null, each time with a connection of its own.
 class CurlDownload {
 public:
-    explicit CurlDownload(const char* name);
+    explicit CurlDownload(const char* name, bool isSecure = false);
     bool Run(std::uintmax_t size); // whether every byte came
 
 private:

@@ -2,6 +2,7 @@
 // size; and what the post of a status costs. Both write what comes to /dev/null: a disk is slower
 // than either.
 #include <quorvel/net/http_file_socket.h>
+#include <quorvel/update/https_update_transport.h>
 
 #include "curl_download.h"
 #include "platform/win32.h"
@@ -9,6 +10,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
@@ -26,6 +28,7 @@ struct Job {
 };
 constexpr Job kLarge = {"1GB", 1 << 30, 1};
 constexpr Job kSmall = {"1KB", 1024, 1000};
+constexpr Job kSecure = {"100MB", 100'000'000, 1};
 
 double Milliseconds(clockid_t clock) {
     timespec now{};
@@ -115,11 +118,38 @@ private:
     CurlDownload m_download;
 };
 
+// Over HTTPS, as the checks for updates do it.
+class OwnSecureDownload {
+public:
+    explicit OwnSecureDownload(const char* name) {
+        m_request.url.Format(_T("https://localhost:%d/"), web_server::SecurePort());
+        m_request.url += CString(name);
+        m_request.fileName = _T("/dev/null");
+        m_request.bodyLimit = ULONGLONG{1} << 32;
+    }
+    bool Run(std::uintmax_t size) {
+        m_transport.Start(m_request);
+        CUpdateTransport::Progress progress;
+        while (!(progress = m_transport.GetProgress()).hasEnded)
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+        return progress.error == 0 && progress.received == size;
+    }
+
+private:
+    CUpdateTransport::Request m_request;
+    CHttpsUpdateTransport m_transport;
+};
+
+class SecureCurlDownload : public CurlDownload {
+public:
+    explicit SecureCurlDownload(const char* name) : CurlDownload(name, true) {}
+};
+
 // The time of one download, of this process alone or by the clock on the wall.
 template <class Download>
 void Fetch(benchmark::State& state, const Job& job, clockid_t clock) {
-    if (web_server::Port() == 0) {
-        state.SkipWithError("no web server on this machine: install nginx");
+    if (web_server::Port() == 0 || web_server::SecurePort() == 0) {
+        state.SkipWithError("no web server on this machine: install nginx and openssl");
         return;
     }
     const std::string served = web_server::File(job.name);
@@ -140,6 +170,8 @@ void Fetch(benchmark::State& state, const Job& job, clockid_t clock) {
 constexpr auto* FetchOwn = Fetch<OwnDownload>;
 constexpr auto* FetchWithCurl = Fetch<CurlDownload>;
 constexpr auto* FetchWithCurlOnThread = Fetch<ThreadedCurlDownload>;
+constexpr auto* FetchOwnSecure = Fetch<OwnSecureDownload>;
+constexpr auto* FetchWithCurlSecure = Fetch<SecureCurlDownload>;
 
 BENCHMARK_CAPTURE(FetchOwn, wall, kLarge, CLOCK_MONOTONIC)
     ->Name("Download/CHttpFileSocket/1GB/clock")
@@ -161,6 +193,13 @@ BENCHMARK_CAPTURE(FetchWithCurl, small, kSmall, CLOCK_MONOTONIC)
     ->Iterations(1);
 BENCHMARK_CAPTURE(FetchWithCurlOnThread, small, kSmall, CLOCK_MONOTONIC)
     ->Name("Download/libcurl on a thread/1KB/clock")
+    ->Iterations(1);
+
+BENCHMARK_CAPTURE(FetchOwnSecure, secure, kSecure, CLOCK_MONOTONIC)
+    ->Name("SecureDownload/CHttpsUpdateTransport/100MB")
+    ->Iterations(1);
+BENCHMARK_CAPTURE(FetchWithCurlSecure, secure, kSecure, CLOCK_MONOTONIC)
+    ->Name("SecureDownload/libcurl/100MB")
     ->Iterations(1);
 
 // A status posted and taken again, in one thread.

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -51,8 +52,16 @@ public:
     Server()
         : m_folder(fs::temp_directory_path() /
                    ("bench-web-" + std::to_string(std::random_device()()))),
-          m_port(FreePort()) {
+          m_port(FreePort()), m_securePort(FreePort()) {
         fs::create_directories(m_folder / "files");
+        const std::string folder = m_folder.string();
+        const std::string makeCertificate =
+            "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -days 2 "
+            "-subj /CN=localhost -addext subjectAltName=DNS:localhost -keyout " +
+            folder + "/key -out " + folder + "/certificate 2>" + folder + "/openssl.log";
+        if (std::system(makeCertificate.c_str()) != 0)
+            m_securePort = 0;
+        setenv("SSL_CERT_FILE", CertificateFile().c_str(), 1);
         // The workers of a server that root starts are other users otherwise.
         std::ofstream(m_folder / "conf")
             << (geteuid() == 0 ? "user root;\n" : "")
@@ -61,7 +70,12 @@ public:
                " proxy_temp_path t;\n fastcgi_temp_path t;\n uwsgi_temp_path t;\n"
                " scgi_temp_path t;\n"
                " server {\n  listen 127.0.0.1:"
-            << m_port << ";\n  root files;\n }\n}\n";
+            << m_port << ";\n"
+            << (m_securePort != 0 ? "  listen 127.0.0.1:" + std::to_string(m_securePort) +
+                                        " ssl;\n  ssl_certificate certificate;\n"
+                                        "  ssl_certificate_key key;\n"
+                                  : "")
+            << "  root files;\n }\n}\n";
         m_process = fork();
         if (m_process == 0)
             Become();
@@ -77,6 +91,8 @@ public:
         fs::remove_all(m_folder, ignored);
     }
     int Port() const { return m_port; }
+    int SecurePort() const { return m_port != 0 ? m_securePort : 0; }
+    std::string CertificateFile() const { return (m_folder / "certificate").string(); }
     const fs::path& Folder() const { return m_folder; }
 
 private:
@@ -100,7 +116,7 @@ private:
     }
 
     const fs::path m_folder;
-    int m_port;
+    int m_port, m_securePort;
     pid_t m_process;
 };
 
@@ -113,6 +129,14 @@ const Server& Running() {
 
 int web_server::Port() {
     return Running().Port();
+}
+
+int web_server::SecurePort() {
+    return Running().SecurePort();
+}
+
+std::string web_server::CertificateFile() {
+    return Running().CertificateFile();
 }
 
 std::string web_server::File(const std::string& name) {

@@ -7,6 +7,10 @@ namespace web_server {
 
 // The port; 0 when the server is not installed or does not start.
 int Port();
+// The port that answers over TLS, as localhost, with the certificate of the file, which signs
+// itself. OpenSSL finds it by SSL_CERT_FILE.
+int SecurePort();
+std::string CertificateFile();
 // The path of a file in the server's folder; what is put there is served.
 std::string File(const std::string& name);
 

@@ -167,6 +167,8 @@ def jobs(page):
          faster(page.ratio("Download", "libcurl", "1KB/clock"))),
         ("the same, each of libcurl's on a thread of its own too", "libcurl",
          faster(page.ratio("Download", "libcurl on a thread", "1KB/clock"))),
+        ("download 100 MB over HTTPS with `CHttpsUpdateTransport`, by the clock", "libcurl",
+         faster(page.ratio("SecureDownload", "libcurl", "100MB"))),
         ("post and take a status", "-", page.times("PostStatus")),
         ("verify a signed listing of 1 MB", "libsodium's calls alone",
          faster(page.ratio("Signature", "libsodium", "1MB")))))
