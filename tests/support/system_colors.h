@@ -42,6 +42,7 @@ inline const SystemColors::Colors kHighContrast = {
     {COLOR_INACTIVECAPTIONTEXT, RGB(255, 255, 255)},
     {COLOR_MENU, RGB(0, 0, 0)},
     {COLOR_MENUTEXT, RGB(255, 255, 255)},
+    {COLOR_MENUBAR, RGB(0, 0, 0)},
     {COLOR_MENUHILIGHT, RGB(128, 0, 128)},
     {COLOR_WINDOW, RGB(0, 0, 0)},
     {COLOR_WINDOWTEXT, RGB(255, 255, 255)},
