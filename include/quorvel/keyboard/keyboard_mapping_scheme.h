@@ -123,15 +123,15 @@ public:
     //     <shortcuts format="1" name="Default">
     //     <shortcut command="300" key="Ctrl+Shift+F5" code="116" modifiers="3"/>
     //     </shortcuts>
-    // Contains only commands whose key is not the load-default function's, so that users get a
+    // Contains only keys that differ from those of the load-default function, so that users get a
     // later version's new defaults. Without that function, contains all commands with a key. The
     // shortcuts may be in any order; a command that occurs more than once has a row for each of its
     // shortcuts. A name that XML cannot contain, such as one with control characters, is omitted.
     CString ExportToXML() const;
-    // Sets the default keys and then applies the text: assigning a key removes it from others. A
-    // row may omit the text of its key or the numbers; without both the command has no key. The
-    // n-th row of a command is for the n-th of its shortcuts. If several rows have the same key,
-    // only the first row is valid. A scheme without a name gets the stored name.
+    // First sets all default keys (no keys without a load-default function), then applies each row,
+    // which takes its key from others. It may omit the key's text or its numbers: with neither the
+    // command has no key. The n-th row of a command is for its n-th shortcut. Of rows with one key
+    // only the first is valid. A scheme without a name gets the stored name.
     //
     // TRUE: the scheme was changed; FALSE: it was not. Faulty rows give FALSE unless
     // `skipFaultyRows` is set, which skips them. A newer format, a text without shortcuts, and a
@@ -143,9 +143,9 @@ public:
     BOOL ExportToXMLFile(const WCHAR* fileName, CString& errorText) const;
     BOOL ImportFromXMLFile(const WCHAR* fileName, BOOL skipFaultyRows, CString& errorText,
                            std::vector<CShortcutProblem>* problems = nullptr);
-    // The same with a text named "Shortcuts" in a key, at a path or in a section of the
+    // The same with the value "Shortcuts" of a registry key, at a path or in a section of the
     // application's profile. One value contains everything, so a state is never partly written.
-    // With `closeKey` the key is always closed. Loading skips faulty rows: a command that a later
+    // With `closeKey` the handle is always closed. Loading skips faulty rows: a command that a new
     // version removed affects no other key. FALSE when there is nothing to load.
     BOOL SaveState(HKEY key, int closeKey) const;
     BOOL SaveState(const CRegistryPath& path) const;

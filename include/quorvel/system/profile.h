@@ -6,8 +6,8 @@
 //   - in a sub key of an open key,
 //   - in a sub key of a path.
 // Writers create missing keys. Getters create nothing, but they open keys for reading and writing,
-// so they find nothing where the user may only read. All of them close the keys that they opened.
-// See registry_path.h for how keys are opened and closed.
+// so for a key that the user may only read they return the default. All of them close the keys that
+// they opened. See registry_path.h for how keys are opened and closed.
 //
 // A writer returns FALSE when a pointer is null, the path is invalid or the system refuses. A
 // getter returns the default when a pointer is null, the path is invalid, the value does not exist,

@@ -1,5 +1,5 @@
-// CMarkup: an XML document, stored as its text and an index of its elements.
-//
+// CMarkup: an XML document, stored as its text and an index of its elements. To load a file, see
+// open_xml_file.h and xml_file.h, to save it xml_file.h, to check it check_xml.h.
 // The whole document is one UTF-16 string. For each element there is one 32-byte record with the
 // positions of its tags and links to its parent, first child and next sibling; there are no other
 // nodes. Reading decodes the text on demand. An edit splices the text and shifts the positions
@@ -105,7 +105,7 @@ public:
     bool IsWellFormed() const; // tests only whether a root element was parsed
     CString GetError() const;
     CString GetDoc() const;
-    CString& GetDocRef(); // after a change call SetDoc before using positions
+    CString& GetDocRef(); // after a change call SetDoc(GetDoc()) before using positions
     const CString& GetDocConstRef() const;
 
     void ResetPos();      // unsets all three: before the root
@@ -153,7 +153,7 @@ public:
     bool AddChildElem(const WCHAR* name, const WCHAR* value = nullptr);
     // Set an attribute of the main or child element, or add it when it is missing; Add and Set are
     // the same operation. Return false without an element, for a null name or value, and when the
-    // current value reaches to, or lies beyond, the ">" that ended the tag (see above).
+    // current value contains ">", since the parser ends the tag there (see above).
     bool AddAttrib(const WCHAR* name, const WCHAR* value);
     bool SetAttrib(const WCHAR* name, const WCHAR* value);
     bool AddChildAttrib(const WCHAR* name, const WCHAR* value);

@@ -50,8 +50,8 @@ QUORVEL_API int AfxDetermineXMLFileEncoding(const BYTE* bytes, DWORD length, CSt
                                             BOOL& bigEndian, int& charSize, int& bomLength);
 
 // Loads a file into the document. Returns non-zero on success; otherwise `errorText` has the
-// reason. A failure before the text is parsed changes only the positions, which are reset. Then the
-// declaration is stored and the document replaced, well-formed or not. Deliberate: when nothing
+// reason. If the file cannot be read or decoded, the document stays and its positions are reset. If
+// it can, document and declaration are replaced, well-formed or not. Deliberate: when nothing
 // follows the declaration, the document stays (SetDoc refuses an empty text); for UTF-16 the old
 // document then decides whether the file counts as well-formed.
 //
@@ -59,12 +59,12 @@ QUORVEL_API int AfxDetermineXMLFileEncoding(const BYTE* bytes, DWORD length, CSt
 // start: UTF-8, UTF-16 in both byte orders, and every single- or multi-byte code page that
 // MultiByteToWideChar knows, EBCDIC included. UTF-32 is refused, and so are files of fewer than
 // 5 or more than 2147483647 bytes. Deliberate: a file with neither mark nor declaration is
-// refused (`unsupportedEncoding`), although XML reads it as UTF-8. To load it, read the bytes,
-// convert them with AfxUTF8ToWideChar (quorvel/util/text/utf8.h), which refuses malformed
-// UTF-8, and call SetDoc. The declaration is removed from the text and stored with
+// refused (`unsupportedEncoding`), although XML reads it as UTF-8. AfxOpenXMLFile (open_xml_file.h)
+// loads it; or read the bytes, convert them with AfxUTF8ToWideChar (quorvel/util/text/utf8.h) and
+// call SetDoc. The declaration is removed from the text and stored with
 // SetXMLDeclaration. Without one the document keeps its old declaration (deliberate).
-// Deliberate, for UTF-16: the declaration is offered together with as many following characters
-// as it has itself, so it is stored only if these end in "?>". Deliberate: for encodings with
+// Deliberate, for UTF-16: the declaration is usually not stored, because it is offered with as many
+// characters more, which would have to end in "?>". Deliberate: for encodings with
 // 1-byte characters every refusal of the text is `untranslatableEncoding`; only UTF-16 reports
 // `notWellFormed`.
 //

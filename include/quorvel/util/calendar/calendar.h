@@ -40,7 +40,7 @@ QUORVEL_API BOOL AfxOffsetMonth(int& month, int& year, int offset);
 QUORVEL_API COleDateTime AfxGetFirstDayInOffsetMonth(int month, int year, int offset);
 QUORVEL_API COleDateTime AfxGetLastDayInOffsetMonth(int month, int year, int offset);
 
-// The count-th such day strictly before or after the date; after a Monday that is the next Monday.
+// The count-th such day after or before the date: AfxGetNextWeekday adds `count` working days.
 QUORVEL_API COleDateTime AfxGetPreviousDayOfWeek(COleDateTime date, int dayOfWeek, int count);
 QUORVEL_API COleDateTime AfxGetNextDayOfWeek(COleDateTime date, int dayOfWeek, int count);
 QUORVEL_API COleDateTime AfxGetPreviousWeekday(COleDateTime date, int count);
