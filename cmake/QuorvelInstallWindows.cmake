@@ -1,4 +1,4 @@
-# What a Windows program needs beside the DLL: the compiler's run-time DLLs, the notices of what the DLL
+# What a Windows program needs in addition to the DLL: the compiler's run-time DLLs, the notices of what the DLL
 # contains, and zlib, whose header a public one includes. The debug symbols get a file of their own.
 if(QUORVEL_MINGW_CPU STREQUAL i686)
   set(compiler_package i686)

@@ -5,6 +5,7 @@
 #include <quorvel/framework/app.h>
 #include <quorvel/xml/xml_file.h>
 
+#include "win/window_bench.h"
 #include "workbench/main_dialog.h"
 #include "workbench/resource.h"
 
@@ -36,16 +37,6 @@ void WriteFileOfBench(const CString& name) {
             "length, as people write them: number %d of a long list</text>\n  </note>\n",
             i, i % 3 == 0 ? "idea" : "task", i, i));
     std::fputs("</notes>\n", file.get());
-}
-
-double MillisecondsOf(const std::function<void()>& act) {
-    LARGE_INTEGER frequency, start, end;
-    ::QueryPerformanceFrequency(&frequency);
-    ::QueryPerformanceCounter(&start);
-    act();
-    ::QueryPerformanceCounter(&end);
-    return 1000.0 * static_cast<double>(end.QuadPart - start.QuadPart) /
-           static_cast<double>(frequency.QuadPart);
 }
 
 double MegabytesInUse() {

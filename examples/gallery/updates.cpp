@@ -138,7 +138,7 @@ bool TakeCheck(Site& site, int answer, const char* path) {
             DialogDriver::Repeat();
     };
     const auto isBox = [](HWND window) { return CWnd::FromHandlePermanent(window) == nullptr; };
-    if (answer != 0) { // of the question whether to download
+    if (answer != 0) { // the answer to "download now?"
         steps.push_back([&, answer](HWND box) {
             if (!isBox(box))
                 return DialogDriver::Repeat();
@@ -219,7 +219,7 @@ bool TakeReminder(const char* path) {
 
 // Where the moving bar is depends on the time: another one in its place is moved by hand.
 void FreezeBar(HWND box) {
-    constexpr UINT_PTR kMarqueeTimer = 1; // of the platform's control
+    constexpr UINT_PTR kMarqueeTimer = 1; // the timer of the progress bar
     const HWND moving = ::GetDlgItem(box, QUORVEL_UPDATES_PROGRESS_BAR);
     const CRect place = PlaceOf(moving);
     ::ShowWindow(moving, SW_HIDE);

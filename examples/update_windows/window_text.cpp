@@ -4,6 +4,7 @@
 #include <quorvel/update/win/update_listing_list_ctrl.h>
 
 #include "common/console.h"
+#include "support/win/list_cell.h"
 #include "support/window_driver.h"
 
 #include <commctrl.h>
@@ -19,17 +20,6 @@ CString ClassOf(HWND window) {
     WCHAR name[40];
     ::GetClassNameW(window, name, 40);
     return name;
-}
-
-CString CellOf(HWND list, int row, int column) {
-    WCHAR text[200] = {};
-    LVITEMW item = {};
-    item.iSubItem = column;
-    item.pszText = text;
-    item.cchTextMax = 200;
-    ::SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
-                   reinterpret_cast<LPARAM>(&item));
-    return text;
 }
 
 // The priority is an icon: its name stands for it.

@@ -4,6 +4,7 @@
 #include <quorvel/util/text/utf8.h>
 
 #include "gallery/picture.h"
+#include "support/win/list_cell.h"
 #include "support/window_driver.h"
 #include "workbench/resource.h"
 
@@ -60,17 +61,6 @@ void ClickAt(const CRect& rect) {
 CRect OnScreen(HWND window, CRect rect) {
     ::MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
     return rect;
-}
-
-CString CellOf(HWND list, int row, int column) {
-    WCHAR text[260] = {};
-    LVITEMW item = {};
-    item.iSubItem = column;
-    item.pszText = text;
-    item.cchTextMax = 260;
-    ::SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
-                   reinterpret_cast<LPARAM>(&item));
-    return text;
 }
 
 // What the window of each title showed last: a line is printed when it was not there then.
