@@ -1,11 +1,11 @@
 // A transport as a host might write it: fetches updates from a shared folder on its own thread.
 #pragma once
 
-#include <quorvel/framework/exceptions.h>
-#include <quorvel/framework/file.h>
 #include <quorvel/update/update_transport.h>
 
-#include <memory>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <mutex>
 #include <thread>
 
@@ -18,13 +18,11 @@ public:
     void Start(const Request& request) override {
         Cancel();
         m_progress = Progress();
-        m_isCancelled = false;
         m_thread = std::thread([this, request] { Copy(request); });
     }
     void Cancel() override {
-        m_isCancelled = true;
         if (m_thread.joinable())
-            m_thread.join(); // waits for at most one block
+            m_thread.join(); // waits for one small file
     }
     Progress GetProgress() const override {
         const std::lock_guard lock(m_mutex);
@@ -38,45 +36,29 @@ public:
     }
 
 private:
+    typedef std::basic_string<WCHAR> Name;
+
     void Copy(const Request& request) {
-        try {
-            CopyBlocks(request);
-        } catch (CException* exception) {
-            exception->Delete();
-            Change([](Progress& now) { now.statusCode = 404; });
+        const CString name = m_folder + request.url.Mid(request.url.ReverseFind('/') + 1);
+        std::ifstream source(std::filesystem::path(Name(name)), std::ios::binary);
+        const std::string bytes(std::istreambuf_iterator<char>(source), {});
+        Progress now;
+        now.isConnected = now.hasEnded = TRUE;
+        now.statusCode = source.is_open() ? 200 : 404;
+        now.expected = bytes.size();
+        if (source.is_open() && !request.headerOnly) {
+            std::ofstream(std::filesystem::path(Name(request.fileName)), std::ios::binary) << bytes;
+            now.received = bytes.size();
         }
-        Change([](Progress& now) { now.hasEnded = TRUE; });
-    }
-    void CopyBlocks(const Request& request) {
-        const CString name = request.url.Mid(request.url.ReverseFind('/') + 1);
-        CFile source(m_folder + name, CFile::modeRead | CFile::shareDenyWrite);
-        const ULONGLONG length = source.GetLength();
-        Change([=](Progress& now) {
-            now.isConnected = TRUE;
-            now.statusCode = 200;
-            now.expected = length;
-        });
-        if (request.headerOnly)
-            return;
-        CFile target(request.fileName, CFile::modeWrite);
-        char block[16 * 1024];
-        while (const UINT count = m_isCancelled ? 0 : source.Read(block, sizeof block)) {
-            target.Write(block, count);
-            Change([=](Progress& now) { now.received += count; });
-        }
-    }
-    template <class Changes>
-    void Change(Changes change) {
         {
             const std::lock_guard lock(m_mutex);
-            change(m_progress);
+            m_progress = now;
         }
         NotifyChanged();
     }
 
     const CString m_folder;
     std::thread m_thread;
-    std::atomic<bool> m_isCancelled = false;
     mutable std::mutex m_mutex;
     Progress m_progress; // guarded by the lock
 };

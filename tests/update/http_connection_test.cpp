@@ -12,9 +12,6 @@
 
 namespace {
 
-const std::string kListing = "<?xml version='1.0'?><rss><channel><lastBuildDate>2024-03-12"
-                             "</lastBuildDate><item/></channel></rss>";
-
 class WatchedSource : public quorvel::HttpSource {
 public:
     using HttpSource::HttpSource;
@@ -39,8 +36,7 @@ protected:
             for (int i = 0; i < requests; ++i) {
                 const SOCKET client = m_peer.Accept();
                 const bool isGet = Peer::ReadRequest(client).starts_with("GET");
-                const std::string body = isGet ? kListing : "";
-                Peer::Send(client, "HTTP/1.1 200 OK\r\n" + fields + "\r\n" + body);
+                Peer::Send(client, Response(isGet ? Listing("2024-03-12") : "", fields));
                 char byte;
                 while (stalls && i == requests - 1 && recv(client, &byte, 1, 0) > 0) {
                 }

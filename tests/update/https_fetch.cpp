@@ -1,6 +1,6 @@
-// https_fetch URL FILE [--head] [--stall MS] [--limit BYTES] [--cancel MS]: one request of the
-// HTTPS transport, for https_test.py. Prints the result, one line each: status code, bytes, error,
-// "Last-Modified" and text.
+// https_fetch URL FILE [--head] [--stall MS] [--cancel MS]: one request of the HTTPS transport, for
+// https_test.py. Prints the result, one line each: status code, bytes, error, "Last-Modified" and
+// text.
 #include <quorvel/update/https_update_transport.h>
 
 #include <chrono>
@@ -12,11 +12,12 @@
 namespace {
 
 typedef std::chrono::steady_clock Clock;
+typedef std::chrono::milliseconds Milliseconds;
 
 void Await(const CHttpsUpdateTransport& transport, Clock::duration time) {
     const auto end = Clock::now() + time;
     while (!transport.GetProgress().hasEnded && Clock::now() < end)
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        std::this_thread::sleep_for(Milliseconds(5));
 }
 
 } // namespace
@@ -28,27 +29,18 @@ int main(int argc, char** argv) {
     request.url = CString(argv[1]);
     request.fileName = CString(argv[2]);
     request.bodyLimit = 1 << 30;
+    const char* const option = argc > 3 ? argv[3] : "";
+    const int time = argc > 4 ? std::atoi(argv[4]) : 0;
+    request.headerOnly = std::strcmp(option, "--head") == 0;
     CHttpsUpdateTransport transport;
-    int cancelAfter = 0;
-    for (int i = 3; i < argc; ++i) {
-        const char* const value = i + 1 < argc ? argv[i + 1] : "";
-        if (std::strcmp(argv[i], "--head") == 0)
-            request.headerOnly = TRUE;
-        else if (std::strcmp(argv[i], "--stall") == 0)
-            transport.SetTimeOuts(static_cast<DWORD>(std::atoi(value)),
-                                  static_cast<DWORD>(std::atoi(argv[++i])));
-        else if (std::strcmp(argv[i], "--limit") == 0)
-            request.bodyLimit = static_cast<ULONGLONG>(std::atoi(argv[++i]));
-        else if (std::strcmp(argv[i], "--cancel") == 0)
-            cancelAfter = std::atoi(argv[++i]);
-    }
+    if (std::strcmp(option, "--stall") == 0)
+        transport.SetTimeOuts(static_cast<DWORD>(time), static_cast<DWORD>(time));
     transport.Start(request);
-    if (cancelAfter > 0) {
-        Await(transport, std::chrono::milliseconds(cancelAfter));
+    if (std::strcmp(option, "--cancel") == 0) {
+        Await(transport, Milliseconds(time));
         const auto begin = Clock::now();
         transport.Cancel();
-        const auto took =
-            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin).count();
+        const auto took = std::chrono::duration_cast<Milliseconds>(Clock::now() - begin).count();
         std::printf("%d\n", static_cast<int>(took));
         std::fflush(stdout);
         std::_Exit(std::remove(argv[2]) == 0 ? 0 : 1); // the file is not open any more
@@ -59,7 +51,6 @@ int main(int argc, char** argv) {
     transport.GetHeaderField(_T("last-modified"), date);
     std::printf("%u\n%u\n%u\n%s\n%s\n", progress.statusCode,
                 static_cast<unsigned>(progress.received), static_cast<unsigned>(progress.error),
-                CStringA(date.GetString()).GetString(),
-                CStringA(progress.errorText.GetString()).GetString());
+                CStringA(date).GetString(), CStringA(progress.errorText).GetString());
     return progress.hasEnded ? 0 : 1;
 }

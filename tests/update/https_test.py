@@ -24,55 +24,30 @@ warnings.simplefilter("ignore", DeprecationWarning)  # the test needs the old TL
 IS_WINE = sys.argv[-1].endswith(".exe")
 CONTENT = os.urandom(1_000_000)
 DATE = "Tue, 12 Mar 2024 08:30:00 GMT"
-SAN = "DNS:localhost,IP:127.0.0.1"
-CONFIG = """[ca]
-default_ca=x
-[x]
-database={0}.index
-serial={0}.serial
-new_certs_dir=.
-default_md=sha256
-policy=p
-[p]
-commonName=supplied
-"""
+LEAF = "basicConstraints=CA:FALSE\nextendedKeyUsage=serverAuth\nsubjectAltName="
+SAN = LEAF + "DNS:localhost,IP:127.0.0.1"
+AUTHORITY = "basicConstraints=critical,CA:TRUE\nkeyUsage=critical,keyCertSign,cRLSign"
 problems = []
 
 
-def openssl(*arguments):
-    subprocess.run(["openssl", *arguments], check=True, capture_output=True)
+def openssl(arguments):
+    subprocess.run(["openssl", *arguments.split()], check=True, capture_output=True)
 
 
-def key(name):
-    openssl("genpkey", "-algorithm", "EC", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-out", name + ".key")
-
-
-def authority(name):
-    key(name)
-    openssl("req", "-x509", "-new", "-key", name + ".key", "-subj", "/CN=Quorvel test " + name, "-days", "30",
-            "-out", name + ".pem", "-addext", "basicConstraints=critical,CA:TRUE",
-            "-addext", "keyUsage=critical,keyCertSign,cRLSign")
-
-
-def certificate(name, issuer, names=SAN, begin="20200101000000Z", end="20400101000000Z"):
-    """Certificate and key in NAME.pem, with a validity that `openssl x509` cannot set."""
-    key(name)
-    openssl("req", "-new", "-key", name + ".key", "-subj", "/CN=" + name, "-out", name + ".csr")
-    pathlib.Path(name + ".ext").write_text("basicConstraints=CA:FALSE\nextendedKeyUsage=serverAuth\n"
-                                           f"subjectAltName={names}\n")
-    pathlib.Path(name + ".index").write_text("")
-    pathlib.Path(name + ".serial").write_text(os.urandom(7).hex().join(("01", "")) + "\n")
-    pathlib.Path(name + ".cnf").write_text(CONFIG.format(name))
-    openssl("ca", "-batch", "-notext", "-config", name + ".cnf", "-cert", issuer + ".pem", "-keyfile",
-            issuer + ".key", "-in", name + ".csr", "-out", name + ".crt", "-extfile", name + ".ext",
-            "-startdate", begin, "-enddate", end)
+def certificate(name, issuer=None, extensions=SAN, days=30):
+    """Certificate and key in NAME.pem, signed by itself without an issuer."""
+    pathlib.Path(name + ".ext").write_text(extensions)
+    openssl(f"req -new -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -keyout {name}.key "
+            f"-subj /CN={name}.quorvel.test -out {name}.csr")
+    signer = f"-CA {issuer}.pem -CAkey {issuer}.key -CAcreateserial" if issuer else f"-signkey {name}.key"
+    openssl(f"x509 -req -in {name}.csr {signer} -days {days} -extfile {name}.ext -out {name}.crt")
     pathlib.Path(name + ".pem").write_text(pathlib.Path(name + ".crt").read_text() +
                                            pathlib.Path(name + ".key").read_text())
 
 
 def trust_in_wine(command):
     tool = pathlib.Path(__file__).resolve().parents[2] / "tools" / "wine_authority.py"
-    subprocess.run([sys.executable, tool, command, "root.pem", *sys.argv[1:-1]], check=True)
+    subprocess.run([sys.executable, tool, command, "root.crt", *sys.argv[1:-1]], check=True)
 
 
 class Handler(http.server.BaseHTTPRequestHandler):
@@ -92,39 +67,29 @@ class Handler(http.server.BaseHTTPRequestHandler):
         if self.command == "GET":
             self.wfile.write(body)
 
-    def wait(self):
-        self.wfile.flush()
-        self.connection.recv(1)  # until the client closes
-
     def do_GET(self):
         kind, _, rest = self.path[1:].partition("/")
-        length = f"Content-Length: {len(CONTENT)}"
-        if kind == "good":
-            self.send(length, body=CONTENT)
-        elif kind == "chunked":
-            self.send("Transfer-Encoding: chunked", body=b"%x\r\n%s\r\n0\r\n\r\n" % (len(CONTENT), CONTENT))
-        elif kind == "gzip" and "gzip" in self.headers.get("Accept-Encoding", ""):
-            packed = gzip.compress(CONTENT, 1)
-            self.send("Content-Encoding: gzip", f"Content-Length: {len(packed)}", body=packed)
-        elif kind == "gzip":
-            self.send(length, body=CONTENT)
-        elif kind == "short":  # closed as if it were complete
-            self.send(length, body=CONTENT[:1000])
-        elif kind == "short-chunk":
-            self.send("Transfer-Encoding: chunked", body=b"%x\r\n%s" % (len(CONTENT), CONTENT[:1000]))
-        elif kind == "no-head":
-            self.wait()
-        elif kind == "stall":
-            self.send(length, body=CONTENT[:1000])
-            self.wait()
-        elif kind == "to":
-            self.head(302, "Location: " + rest.replace("!", "://"), "Content-Length: 0")
-        elif kind == "loop":
-            self.head(302, "Location: /loop", "Content-Length: 0")
-        elif kind == "hop":
-            self.head(302, f"Location: /hop/{int(rest) - 1}" if rest != "0" else "Location: /good", "Content-Length: 0")
-        else:
+        length, chunked = f"Content-Length: {len(CONTENT)}", "Transfer-Encoding: chunked"
+        packed = gzip.compress(CONTENT, 1) if "gzip" in self.headers.get("Accept-Encoding", "") else None
+        bodies = {
+            "good": (length, CONTENT),
+            "chunked": (chunked, b"%x\r\n%s\r\n0\r\n\r\n" % (len(CONTENT), CONTENT)),
+            "gzip": (f"Content-Encoding: gzip\r\nContent-Length: {len(packed)}", packed) if packed else (length, CONTENT),
+            "short": (length, CONTENT[:1000]),  # closed as if it were complete
+            "short-chunk": (chunked, b"%x\r\n%s" % (len(CONTENT), CONTENT[:1000])),
+            "stall": (length, CONTENT[:1000]),
+        }
+        targets = {"to": rest.replace("!", "://"), "loop": "/loop",
+                   "hop": "/good" if rest == "0" else f"/hop/{int(rest) - 1}" if rest.isdigit() else ""}
+        if kind in bodies:
+            self.send(bodies[kind][0], body=bodies[kind][1])
+        elif kind in targets:
+            self.head(302, "Location: " + targets[kind], "Content-Length: 0")
+        elif kind != "no-head":
             self.head(404, "Content-Length: 0")
+        if kind in ("stall", "no-head"):
+            self.wfile.flush()
+            self.connection.recv(1)  # until the client closes
 
     do_HEAD = do_GET
 
@@ -173,7 +138,7 @@ def silent_server(answer=b""):
 def fetch(url, *options, **environment):
     pathlib.Path("got").write_bytes(b"")
     return subprocess.run([*sys.argv[1:], url, "got", *options], capture_output=True, timeout=120,
-                          env={**os.environ, "SSL_CERT_FILE": os.path.abspath("root.pem"), **environment})
+                          env={**os.environ, "SSL_CERT_FILE": os.path.abspath("root.crt"), **environment})
 
 
 def require(label, holds, seen):
@@ -187,6 +152,7 @@ def expect(label, url, status, *options, content=None, error=False, text="", **e
     lines = ran.stdout.decode(errors="replace").splitlines() + [""] * 5
     got = pathlib.Path("got").read_bytes()
     holds = (ran.returncode == 0 and lines[0] == str(status) and (lines[2] != "0") == error and
+             (status != 200 or lines[3] == DATE) and
              (content is None or got == content) and int(lines[1]) == len(got) and
              re.search(text, "\n".join(lines[4:])) and time.monotonic() - begin < 20)
     require(label, holds, f"{ran.returncode} {lines} {len(got)} bytes, {time.monotonic() - begin:.1f} s, {ran.stderr!r}")
@@ -244,26 +210,14 @@ def others(good):
     expect("no library", good.url("good"), 0, error=True, content=b"", text=text, **missing)
 
 
-def main():
-    with tempfile.TemporaryDirectory(prefix="quorvel-https-") as folder:
-        os.chdir(folder)
-        requests()
-        os.chdir("/")
-    print("\n".join(problems) or "no problems")
-    sys.exit(1 if problems else 0)
-
-
 def requests():
-    for name in ("root", "stranger"):
-        authority(name)
+    certificate("root", extensions=AUTHORITY)
+    certificate("stranger", extensions=AUTHORITY)
     certificate("good", "root")
-    certificate("expired", "root", end="20210101000000Z")
-    certificate("wrong", "root", names="DNS:other.example")
+    certificate("expired", "root", days=-1)
+    certificate("wrong", "root", LEAF + "DNS:other.example")
     certificate("unknown", "stranger")
-    key("self")
-    openssl("req", "-x509", "-new", "-key", "self.key", "-subj", "/CN=localhost", "-addext", "subjectAltName=" + SAN,
-            "-out", "self.crt")
-    pathlib.Path("self.pem").write_text(pathlib.Path("self.crt").read_text() + pathlib.Path("self.key").read_text())
+    certificate("self")
     if IS_WINE:
         trust_in_wine("add")
     try:
@@ -278,4 +232,9 @@ def requests():
             trust_in_wine("remove")
 
 
-main()
+with tempfile.TemporaryDirectory(prefix="quorvel-https-") as own:
+    os.chdir(own)
+    requests()
+    os.chdir("/")
+print("\n".join(problems) or "no problems")
+sys.exit(1 if problems else 0)

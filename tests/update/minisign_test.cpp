@@ -3,9 +3,9 @@
 
 #include <quorvel/framework/string.h>
 
-#include "listing/signing.h"
 #include "support/temporary_folder.h"
 #include "support/test.h"
+#include "update/signing_keys.h"
 
 namespace {
 
@@ -55,83 +55,65 @@ protected:
 };
 
 TEST_F(Minisign, OneProperFormOfKeysAndSignaturesIsAccepted) {
-    const std::string cut = kSignature.substr(0, kSignature.size() - 1);
+    const std::string rest = kComment + kSecond;
+    const auto withComment = [](const std::string& comment) {
+        return kUntrusted + kFirst + "trusted comment: " + comment + "\n" + kSecond;
+    };
     std::string sameBits = kFirst;
     sameBits[sameBits.size() - 3] = '1'; // was "0=": decoding drops two of its bits
-    const struct {
-        const char* label;
-        std::string key, signature, body;
-        const char* expected;
-    } rows[] = {
-        {"minisign's own", kKey, kSignature, kBody, "good"},
-        {"the key's line alone", kKeyLine, kSignature, kBody, "good"},
-        {"line ends of Windows", WithCrLf(kKey + "\n"), WithCrLf(kSignature), kBody, "good"},
-        {"no line end at the end", kKeyLine + "\n", cut, kBody, "good"},
-        {"another file", kKey, kSignature, "1.2.3.6", "wrong"},
-        {"an empty file", kKey, kSignature, "", "wrong"},
-        {"another trusted comment", kKey,
-         kUntrusted + kFirst + "trusted comment: serial:8\n" + kSecond, kBody, "wrong"},
-        {"another untrusted comment", kKey, "untrusted comment: \n" + kFirst + kComment + kSecond,
-         kBody, "good"},
-        {"the older form", kKey, kLegacy, kBody, "none"},
-        {"another form of base64", kKey, kUntrusted + sameBits + kComment + kSecond, kBody, "none"},
-        {"a blank in base64", kKey, kUntrusted + " " + kFirst + kComment + kSecond, kBody, "none"},
-        {"twice", kKey, kSignature + kSignature, kBody, "none"},
-        {"a fifth line", kKey, kSignature + "\n", kBody, "none"},
-        {"without its comment", kKey, kFirst + kComment + kSecond, kBody, "none"},
-        {"without the trusted one", kKey, kUntrusted + kFirst + kSecond, kBody, "none"},
-        {"a zero", kKey,
-         kUntrusted + kFirst + "trusted comment: a" + std::string(1, 0) + "\n" + kSecond, kBody,
-         "none"},
-        {"a comment without end", kKey,
-         kUntrusted + kFirst + "trusted comment: " + std::string(8193, 'a') + "\n" + kSecond, kBody,
-         "none"},
-        {"empty", kKey, "", kBody, "none"},
-        {"empty key", "", kSignature, kBody, "none"},
-        {"a key of two keys", kKeyLine + "\n" + kKeyLine, kSignature, kBody, "none"},
-        {"a comment and no key", "untrusted comment: minisign public key", kSignature, kBody,
-         "none"},
-        {"a signature as key", kFirst, kSignature, kBody, "none"},
-        {"a key of zeros", "RWQ" + std::string(53, 'A'), kSignature, kBody, "wrong"},
+    const std::tuple<const char*, std::string, std::string, const char*> rows[] = {
+        {"minisign's own", kKey, kSignature, "good"},
+        {"the key's line alone", kKeyLine, kSignature, "good"},
+        {"line ends of Windows", WithCrLf(kKey + "\n"), WithCrLf(kSignature), "good"},
+        {"no line end at the end", kKeyLine + "\n", kSignature.substr(0, kSignature.size() - 1),
+         "good"},
+        {"the older form", kKey, kLegacy, "none"},
+        {"another form of base64", kKey, kUntrusted + sameBits + rest, "none"},
+        {"a blank in base64", kKey, kUntrusted + " " + kFirst + rest, "none"},
+        {"twice", kKey, kSignature + kSignature, "none"},
+        {"a fifth line", kKey, kSignature + "\n", "none"},
+        {"without its comment", kKey, kFirst + rest, "none"},
+        {"without the trusted one", kKey, kUntrusted + kFirst + kSecond, "none"},
+        {"a zero", kKey, withComment(std::string(1, 0)), "none"},
+        {"a comment without end", kKey, withComment(std::string(8193, 'a')), "none"},
+        {"empty key", "", kSignature, "none"},
+        {"a key of two keys", kKeyLine + "\n" + kKeyLine, kSignature, "none"},
+        {"a comment and no key", "untrusted comment: minisign public key", kSignature, "none"},
+        {"a signature as key", kFirst, kSignature, "none"},
+        {"a key of zeros", "RWQ" + std::string(53, 'A'), kSignature, "wrong"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(row.expected, Validate(row.key, row.signature, row.body)) << row.label;
+    for (const auto& [label, key, signature, expected] : rows)
+        EXPECT_EQ(expected, Validate(key, signature, kBody)) << label;
+    EXPECT_EQ("wrong", Validate(kKey, kSignature, "1.2.3.6"));
     for (std::size_t length = 0; length + 1 < kSignature.size(); ++length)
         EXPECT_NE("good", Validate(kKey, kSignature.substr(0, length), kBody)) << length;
 }
 
 TEST_F(Minisign, NoByteMayChange) {
-    for (std::size_t i = 0; i < kKeyLine.size(); ++i) {
-        std::string key = kKeyLine;
-        key[i] = static_cast<char>(key[i] ^ 1);
-        EXPECT_NE("good", Validate(key, kSignature, kBody)) << "byte of the key " << i;
-    }
-    for (std::size_t i = 0; i < kSignature.size(); ++i) {
-        std::string signature = kSignature;
-        signature[i] = static_cast<char>(signature[i] ^ 1);
-        const bool isFree =
-            i >= std::string("untrusted comment: ").size() && i < kUntrusted.size() - 1;
-        EXPECT_EQ(isFree, Validate(kKey, signature, kBody) == "good")
-            << "byte of the signature " << i;
+    const std::size_t comment = std::string("untrusted comment: ").size();
+    const std::string both = kKeyLine + kSignature;
+    for (std::size_t i = 0; i < both.size(); ++i) {
+        std::string changed = both;
+        changed[i] = static_cast<char>(changed[i] ^ 1);
+        const std::size_t at = i - kKeyLine.size(); // huge in the key
+        EXPECT_EQ(at >= comment && at < kUntrusted.size() - 1,
+                  Validate(changed.substr(0, kKeyLine.size()), changed.substr(kKeyLine.size()),
+                           kBody) == "good")
+            << i;
     }
 }
 
 TEST_F(Minisign, WhatTheExampleSignsIsGoodAndItsSecretKeyIsReadAgain) {
-    std::array<unsigned char, 40> random;
-    random.fill(0x5a);
-    const SigningKey key = MakeSigningKey(random);
+    const std::string publicKey = PublicKeyText(::kNextKey);
     SigningKey again;
-    ASSERT_TRUE(ReadSecretKey(SecretKeyText(key), again));
-    EXPECT_EQ("good", Validate(PublicKeyText(key), SignatureText(again, kBody, "serial:1"), kBody));
-    EXPECT_FALSE(ReadSecretKey(PublicKeyText(key), again));
+    ASSERT_TRUE(ReadSecretKey(SecretKeyText(::kNextKey), again));
+    EXPECT_EQ("good", Validate(publicKey, SignatureText(again, kBody, "serial:1"), kBody));
+    EXPECT_FALSE(ReadSecretKey(publicKey, again));
 }
 
 TEST_F(Minisign, TheTrustedCommentsWordsAreRead) {
     constexpr ULONGLONG kMissing = 99;
-    const struct {
-        const char* comment;
-        ULONGLONG timestamp, serial;
-    } rows[] = {
+    const std::tuple<const char*, ULONGLONG, ULONGLONG> rows[] = {
         {"timestamp:1710232200 file:v.txt serial:7", 1710232200, 7},
         {"timestamp:1710232200\tfile:v.txt\thashed", 1710232200, kMissing},
         {"", kMissing, kMissing},
@@ -143,10 +125,10 @@ TEST_F(Minisign, TheTrustedCommentsWordsAreRead) {
         {"serial:18446744073709551615", kMissing, 18446744073709551615u},
         {"serial:18446744073709551616", kMissing, kMissing},
     };
-    for (const auto& row : rows) {
-        const Facts facts = ReadFacts(row.comment);
-        EXPECT_EQ(row.timestamp, facts.timestamp.value_or(kMissing)) << row.comment;
-        EXPECT_EQ(row.serial, facts.serial.value_or(kMissing)) << row.comment;
+    for (const auto& [comment, timestamp, serial] : rows) {
+        const Facts facts = ReadFacts(comment);
+        EXPECT_EQ(timestamp, facts.timestamp.value_or(kMissing)) << comment;
+        EXPECT_EQ(serial, facts.serial.value_or(kMissing)) << comment;
     }
     EXPECT_EQ(_T("0807060504030201"), KeyIdText({1, 2, 3, 4, 5, 6, 7, 8}));
 }

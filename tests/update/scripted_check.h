@@ -21,6 +21,23 @@ inline std::string Narrow(const CString& text) {
     return CStringA(text.GetString()).GetString();
 }
 
+// What a server may answer, and the box for what went wrong.
+inline const std::string kHead =
+    "HTTP/1.1 200 OK\r\nLast-Modified: Tue, 12 Mar 2024 08:30:00 GMT\r\n\r\n";
+inline std::string Response(const std::string& body, const std::string& fields = "") {
+    return "HTTP/1.1 200 OK\r\n" + fields + "\r\n" + body;
+}
+inline std::string LengthField(std::size_t length) {
+    return "Content-Length: " + std::to_string(length) + "\r\n";
+}
+inline std::string Listing(const std::string& date, const std::string& items = "") {
+    return "<?xml version='1.0'?><rss><channel><lastBuildDate>" + date + "</lastBuildDate>" +
+           items + "</channel></rss>";
+}
+inline std::string ErrorBox(const std::string& cause) {
+    return "(30) An error has occurred while checking for updates.\r\n\r\n" + cause;
+}
+
 class RecordingView : public CCheckForUpdatesView {
 public:
     void ShowProgress(BOOL isDownload) override { Note(isDownload ? "[large pane]" : "[pane]"); }
@@ -34,10 +51,7 @@ public:
             Note(Narrow(text));
         m_percent = percent;
     }
-    void SetPublishedText(const WCHAR* text) override {
-        m_published = text;
-        ++m_timesPublished;
-    }
+    void SetPublishedText(const WCHAR* text) override { m_published = text; }
     void SetLastCheckedText(const WCHAR* text) override { m_lastChecked = text; }
     void ShowListing(const CUpdateListing& listing) override {
         Note(std::to_string(listing.GetItems().size()) + " entries");
@@ -66,7 +80,6 @@ public:
     BOOL m_posts = FALSE;
     DWORD m_postedCode = 0;
     int m_percent = -1;
-    int m_timesPublished = 0;
     bool m_hidden = false;
     CString m_published, m_lastChecked;
     std::vector<Result> m_results;
@@ -149,6 +162,7 @@ public:
         return text;
     }
     COleDateTime GetCurrentUTCTime() override { return m_now; }
+    void PassTime() { m_now += COleDateTimeSpan(0, 0, 0, 15); } // until a check may start again
 
     // Sends the server's whole answer to the last connection in pieces, and ends the
     // connection; on request the queue loses every status. `flow` is a check, or forwards

@@ -15,53 +15,42 @@ protected:
 };
 
 TEST_F(NewVersion, TheAnswerIsComparedWithTheProgramInOneBox) {
-    const std::string start = "HTTP/1.1 200 OK\r\n\r\n";
-    const std::string error = "(30) An error has occurred while checking for updates.\r\n\r\n";
     const std::string invalid =
         "(30) The version number retrieved from the update site is invalid.\n";
     const auto versions = [](const std::string& text, const std::string& latest) {
-        return "(40) " + text + "\r\n\r\nYour version: 1.2.3.4\r\nLatest version: " + latest + "\n";
+        return "(40) " + text + " of the program" + (text.starts_with("A") ? " is available" : "") +
+               ".\r\n\r\nYour version: 1.2.3.4\r\nLatest version: " + latest + "\n";
     };
-    const std::string cut = "Content-Length: 8\r\n\r\n1.2.3.5";
-    const std::string ahead =
-        "You are using a newer version than the latest official version of the program.";
-    struct Row {
-        std::string response, shown;
-        View::Result result;
-        bool isStrict = false;
-    };
-    const Row rows[] = {
-        {start + "1.2.3.5", versions("A new version of the program is available.", "1.2.3.5"),
-         View::resultUpdated},
-        {start + "1.2.3.4",
-         versions("You are using the latest official version of the program.", "1.2.3.4"),
-         View::resultUpToDate},
-        {start + "1.2", versions(ahead, "1.2.0.0"), View::resultUpToDate},
-        {start, versions(ahead, "0.0.0.0"), View::resultUpToDate},
-        {start, invalid, View::resultFailed, true},
-        {start + "1.2.", invalid, View::resultFailed, true},
-        {"HTTP/1.1 200 OK\r\n" + cut,
-         versions("A new version of the program is available.", "1.2.3.5"), View::resultUpdated},
-        {"HTTP/1.1 200 OK\r\n" + cut,
-         error + "The server's answer is incomplete. Please try again later.\n", View::resultFailed,
-         true},
-        {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n7\r\n1.2.3.4\r\n0\r\n\r\n",
-         versions("You are using the latest official version of the program.", "1.2.3.4"),
+    const std::string newer = versions("A new version", "1.2.3.5");
+    const std::string same = versions("You are using the latest official version", "1.2.3.4");
+    const std::string ahead = "You are using a newer version than the latest official version";
+    const std::tuple<std::string, std::string, View::Result, bool> rows[] = {
+        {Response("1.2.3.5"), newer, View::resultUpdated, false},
+        {Response("1.2.3.4"), same, View::resultUpToDate, false},
+        {Response("1.2"), versions(ahead, "1.2.0.0"), View::resultUpToDate, false},
+        {Response(""), versions(ahead, "0.0.0.0"), View::resultUpToDate, false},
+        {Response(""), invalid, View::resultFailed, true},
+        {Response("1.2."), invalid, View::resultFailed, true},
+        {Response("1.2.3.5", LengthField(8)), newer, View::resultUpdated, false},
+        {Response("1.2.3.5", LengthField(8)),
+         ErrorBox("The server's answer is incomplete. Please try again later.\n"),
+         View::resultFailed, true},
+        {Response("7\r\n1.2.3.4\r\n0\r\n\r\n", "Transfer-Encoding: chunked\r\n"), same,
          View::resultUpToDate, true},
-        {start + "1.2.3.5\r\n", invalid, View::resultFailed},
+        {Response("1.2.3.5\r\n"), invalid, View::resultFailed, false},
         {"HTTP/1.1 404 Not found\r\n\r\n1.2.3.5",
-         error + "The server has not found anything that matches the requested URI.\n",
-         View::resultFailed},
-        {"1.2.3.5", error + "Unknown HTTP status code.\n", View::resultFailed},
-        {"HTTP/1.1 200 OK\r\nContent-Length: 65537\r\n\r\n",
-         error + "The file with the version number is too long. At most 64.0 KB are accepted.\n",
-         View::resultFailed},
+         ErrorBox("The server has not found anything that matches the requested URI.\n"),
+         View::resultFailed, false},
+        {"1.2.3.5", ErrorBox("Unknown HTTP status code.\n"), View::resultFailed, false},
+        {Response("", LengthField(65537)),
+         ErrorBox("The file with the version number is too long. At most 64.0 KB are accepted.\n"),
+         View::resultFailed, false},
     };
     for (const auto& [response, shown, result, isStrict] : rows) {
         SCOPED_TRACE(response.substr(0, 80));
         check.SetStrict(isStrict);
         view.m_results.clear();
-        source.m_now += COleDateTimeSpan(1.0);
+        source.PassTime();
         ASSERT_TRUE(check.Check());
         const UpdateRequest& request = source.m_last->m_request;
         EXPECT_TRUE(!request.headerOnly && request.receiveBufferSize == 128);

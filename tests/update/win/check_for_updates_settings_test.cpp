@@ -25,12 +25,11 @@ HWND Item(HWND box, int id) {
 class UpdatesSettings : public testing::Test {
 protected:
     UpdatesSettings() { AfxWriteProfileCheckForUpdatesURL(path, _T("http://old/")); }
-    INT_PTR Run(std::vector<Step> steps) {
+    void Run(std::vector<Step> steps) {
         CCheckForUpdatesSettingsDlg dialog(path);
         const DialogDriver driver(std::move(steps));
-        const INT_PTR result = dialog.DoModal();
+        dialog.DoModal();
         EXPECT_TRUE(driver.HasRun());
-        return result;
     }
 
     const TestKey key;
@@ -38,56 +37,40 @@ protected:
 };
 
 TEST_F(UpdatesSettings, ShowWhatIsStored) {
-    const struct {
-        int stored;
-        bool isTicked;
-        const WCHAR* days;
-    } rows[] = {{0, false, _T("30")},
-                {7, true, _T("7")},
-                {90, true, _T("90")},
-                {91, true, _T("30")},
-                {-1, false, _T("30")}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.stored);
-        AfxWriteProfileCheckForUpdatesReminder(path, row.stored);
-        EXPECT_EQ(Run({[&](HWND box) {
-                           EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_URL)), _T("http://old/"));
-                           EXPECT_EQ(::IsDlgButtonChecked(box, QUORVEL_UPDATES_REMIND) != 0,
-                                     row.isTicked);
-                           EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_DAYS)), row.days);
-                       },
-                       Press(VK_ESCAPE)}),
-                  IDCANCEL);
-        EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), row.stored);
+    for (const int stored : {0, 7}) {
+        AfxWriteProfileCheckForUpdatesReminder(path, stored);
+        Run({[&](HWND box) {
+                 EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_URL)), _T("http://old/"));
+                 EXPECT_EQ(::IsDlgButtonChecked(box, QUORVEL_UPDATES_REMIND) != 0, stored != 0);
+                 EXPECT_EQ(::GetDlgItemInt(box, QUORVEL_UPDATES_DAYS, nullptr, FALSE),
+                           stored == 0 ? 30u : 7u);
+             },
+             Press(VK_ESCAPE)});
+        EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), stored);
     }
 }
 
 TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
-    const WCHAR* const kInvalid = _T("The value in this field must be a valid URL");
-    const WCHAR* const kNumber = _T("The value in this field must be a number between 1 and 90");
+    const WCHAR* const kOld = _T("http://old/");
     const WCHAR* const kNew = _T("http://new/");
     const struct {
         const WCHAR* url;
         bool isTicked;
         const WCHAR* days;
-        const WCHAR* refusal; // the beginning of the refusal; null: stored
+        const WCHAR* refusal; // its beginning; null: stored
         int field;
         int stored;
     } rows[] = {
-        {_T(""), true, _T("7"), kInvalid, QUORVEL_UPDATES_URL, 0},
-        {_T("new.example"), true, _T("7"), kInvalid, QUORVEL_UPDATES_URL, 0},
-        {kNew, true, _T("0"), kNumber, QUORVEL_UPDATES_DAYS, 0},
-        {kNew, true, _T("91"), kNumber, QUORVEL_UPDATES_DAYS, 0},
-        {kNew, true, _T("abc"), kNumber, QUORVEL_UPDATES_DAYS, 0},
-        {kNew, true, _T(""), kNumber, QUORVEL_UPDATES_DAYS, 0},
-        {_T(" http://new/\t"), true, _T("90"), nullptr, 0, 90},
-        {kNew, true, _T(" 8"), nullptr, 0, 8},
-        {kNew, true, _T("+8"), nullptr, 0, 8},
+        {_T("new.example"), true, _T("7"), _T("The value in this field must be a valid URL"),
+         QUORVEL_UPDATES_URL, 5},
+        {kNew, true, _T("91"), _T("The value in this field must be a number between 1 and 90"),
+         QUORVEL_UPDATES_DAYS, 5},
+        {_T(" http://new/\t"), true, _T(" +8"), nullptr, 0, 8},
         {kNew, false, _T("abc"), nullptr, 0, 0},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << &row - rows);
-        AfxWriteProfileCheckForUpdatesURL(path, _T("http://old/"));
+        AfxWriteProfileCheckForUpdatesURL(path, kOld);
         AfxWriteProfileCheckForUpdatesReminder(path, 5);
         std::unique_ptr<BalloonProbe> balloon;
         std::vector<Step> steps = {[&](HWND box) {
@@ -106,11 +89,9 @@ TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
             });
             steps.push_back(Press(VK_ESCAPE));
         }
-        EXPECT_EQ(Run(std::move(steps)), row.refusal == nullptr ? IDOK : IDCANCEL);
-        EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path),
-                  row.refusal == nullptr ? kNew : _T("http://old/"));
-        EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path),
-                  row.refusal == nullptr ? row.stored : 5);
+        Run(std::move(steps));
+        EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), row.refusal == nullptr ? kNew : kOld);
+        EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), row.stored);
     }
 }
 
@@ -138,49 +119,46 @@ TEST_F(UpdatesSettings, AFailureToStoreIsSaidAndTheDialogStays) {
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     ASSERT_EQ(boxes.m_boxes.size(), 1u);
     EXPECT_EQ(boxes.m_boxes[0].text.Find(_T("An error has occurred while writing")), 0);
-    EXPECT_EQ(boxes.m_boxes[0].type, UINT{MB_OK | MB_ICONEXCLAMATION});
 }
 
-class UpdatesReminder : public UpdatesSettings {};
+class UpdatesReminder : public UpdatesSettings {
+protected:
+    INT_PTR Remind(std::vector<Step> steps) {
+        const DialogDriver driver(std::move(steps));
+        const INT_PTR result = dialog.DoModal();
+        EXPECT_TRUE(driver.HasRun());
+        return result;
+    }
+    CCheckForUpdatesReminderDlg dialog{path};
+};
 
 TEST_F(UpdatesReminder, OnlyDismissalIsStored) {
-    const struct {
-        const char* label;
-        Step step;
-        INT_PTR result;
-        bool isStored;
-    } rows[] = {{"Yes", Press(VK_RETURN), IDYES, false},
-                {"No", ClickOn(IDNO), IDNO, false},
-                {"closed", Press(VK_ESCAPE), IDCANCEL, false},
-                {"dismissed", ClickOn(QUORVEL_UPDATES_DISMISS), IDCANCEL, true}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+    const std::tuple<Step, INT_PTR, bool> rows[] = {
+        {Press(VK_RETURN), IDYES, false},
+        {ClickOn(IDNO), IDNO, false},
+        {Press(VK_ESCAPE), IDCANCEL, false},
+        {ClickOn(QUORVEL_UPDATES_DISMISS), IDCANCEL, true}};
+    for (const auto& [step, result, isStored] : rows) {
         const COleDateTime before = COleDateTime::GetCurrentTime();
-        CCheckForUpdatesReminderDlg dialog(path);
-        EXPECT_TRUE(dialog.SetStatus(_T("It was long ago.")));
-        EXPECT_FALSE(dialog.SetStatus(nullptr));
-        const auto status = [](const WCHAR* text) {
-            return [text](HWND box) {
-                EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_REMINDER_STATUS)), text);
-            };
-        };
-        const DialogDriver driver({status(_T("It was long ago.")),
-                                   [&](HWND) { dialog.SetStatus(_T("a & b")); },
-                                   status(_T("a & b")), row.step});
-        EXPECT_EQ(dialog.DoModal(), row.result);
-        EXPECT_TRUE(driver.HasRun());
+        EXPECT_EQ(Remind({step}), result);
         const COleDateTime stored = AfxGetProfileCheckForUpdatesLastDismissed(path);
-        EXPECT_EQ(stored >= before && stored <= COleDateTime::GetCurrentTime(), row.isStored);
+        EXPECT_EQ(stored >= before && stored <= COleDateTime::GetCurrentTime(), isStored);
     }
 }
 
-TEST_F(UpdatesReminder, ReachesTheSettings) {
-    CCheckForUpdatesReminderDlg dialog(path);
+TEST_F(UpdatesReminder, ShowsItsStatusAndReachesTheSettings) {
+    const auto status = [](const WCHAR* text) {
+        return [text](HWND box) {
+            EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_REMINDER_STATUS)), text);
+        };
+    };
     const auto wait = [](HWND) {}; // a dialog is shown when no message waits
-    const DialogDriver driver({ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
-                               Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN),
-                               Press(VK_ESCAPE)});
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_TRUE(dialog.SetStatus(_T("It was long ago.")));
+    EXPECT_FALSE(dialog.SetStatus(nullptr));
+    Remind({status(_T("It was long ago.")), [&](HWND) { dialog.SetStatus(_T("a & b")); },
+            status(_T("a & b")), ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
+            Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN), wait,
+            Press(VK_ESCAPE)});
     EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://new/"));
 }
 
