@@ -76,13 +76,12 @@ TEST_F(Download, TheRequestAsksForTheHeaderOrForAll) {
 
 TEST_F(Download, TheFileIsWhatCame) {
     const std::string line = "HTTP/1.1 200 OK\r\n", short19 = line + "\r\n";
-    const std::string header = line + "X: \xc3\xa9\r\n\r\n";
-    const std::string digits = "\r\n0123456789", long1MB(1 << 20, 'x');
+    const std::string header = line + "X: \xc3\xa9\r\n\r\n", digits = "0123456789";
     std::string body(100000, '\0');
     for (std::size_t i = 0; i < body.size(); ++i)
         body[i] = static_cast<char>(i * 7);
     constexpr std::size_t kNoLimit = ~std::size_t{0};
-    struct Row {
+    const struct {
         const char* label;
         std::string response;
         std::size_t piece;
@@ -91,28 +90,23 @@ TEST_F(Download, TheFileIsWhatCame) {
         bool isReset = false;
         std::size_t headerLimit = kNoLimit, fileLimit = kNoLimit;
         std::size_t fileSize = kNoLimit; // the whole response
-    };
-    const char *const whole = "3 4 8 1000 14 ", *const headless = "3 4 8 14 ";
-    const Row rows[] = {
-        {"into a small buffer", header + body, 1 << 20, whole, 128},
-        {"byte by byte", header + "\r\n\r\n", 1, whole},
-        {"no end of the header", line + "X: y\r\n", 5, headless},
-        {"nothing", "", 1, headless},
-        {"more bytes announced", line + "Content-Length: 99\r\n" + digits, 30000, whole},
-        {"a long header", line + "A: " + long1MB + "\r\n\r\n", 30000, whole},
+    } rows[] = {
+        {"into a small buffer", header + body, 1 << 20, "3 4 8 1000 14 ", 128},
+        {"byte by byte", header + "\r\n\r\n", 1, "3 4 8 1000 14 "},
+        {"no end of the header", line + "X: y\r\n", 5, "3 4 8 14 "},
+        {"nothing", "", 1, "3 4 8 14 "},
         // Wine does not report resets; Windows does.
-        {"a reset in the body", line + digits, 30000,
-         kOnLinux ? "3 4 8 1000 9:10054 14:10054 " : whole, 0, true},
-        {"a reset in the header", line, 30000, kOnLinux ? "3 4 8 9:10054 14:10054 " : headless, 0,
-         true},
-        {"within the limits", short19 + "0123456789", 1, whole, 0, false, 19, 29},
-        {"a header beyond its limit", short19 + "0123456789", 1, "3 4 8 9:10040 ", 0, false, 18, 29,
-         18},
-        {"a file beyond its limit", short19 + "0123456789", 1, "3 4 8 1000 9:10040 ", 0, false, 19,
-         28, 28},
+        {"a reset in the body", short19 + digits, 30000,
+         kOnLinux ? "3 4 8 1000 9:10054 14:10054 " : "3 4 8 1000 14 ", 0, true},
+        {"a reset in the header", line, 30000, kOnLinux ? "3 4 8 9:10054 14:10054 " : "3 4 8 14 ",
+         0, true},
+        {"within the limits", short19 + digits, 1, "3 4 8 1000 14 ", 0, false, 19, 29},
+        {"a header beyond its limit", short19 + digits, 1, "3 4 8 9:10040 ", 0, false, 18, 29, 18},
+        {"a file beyond its limit", short19 + digits, 1, "3 4 8 1000 9:10040 ", 0, false, 19, 28,
+         28},
     };
     CHttpFileSocket socket; // reused for all connections
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
         socket.SetGetHeaderOnly(FALSE);
         socket.SetLocalFileName(m_folder.Path(_T("file")));

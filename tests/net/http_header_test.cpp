@@ -69,58 +69,64 @@ TEST(HttpHeader, FieldsAreFoundByExactNameAndOnRequestByAny) {
     header.SetFieldValue(_T("Date"), _T("2"));
     header.SetFieldValue(nullptr, _T("x"));
     header.SetFieldValue(_T("Date"), nullptr);
-    // The results of GetFieldValue and FindFieldValue; a marker for FALSE.
-    const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
-        {_T("DATE"), _T("1"), _T("1")},
-        {_T("Date"), _T("2"), _T("2")},
-        {_T("date"), _T("-"), _T("1")},
-        {_T("Dat"), _T("-"), _T("-")},
-        {nullptr, _T("-"), _T("-")}};
-    for (const auto& [name, exact, any] : rows) {
-        CString first = _T("-"), second = _T("-");
-        const BOOL hasExact = header.GetFieldValue(name, first);
-        const BOOL hasAny = header.FindFieldValue(name, second);
-        EXPECT_EQ(hasExact != FALSE, first != _T("-"));
-        EXPECT_EQ(hasAny != FALSE, second != _T("-"));
-        EXPECT_EQ(CString(exact) + any, first + second) << testing::PrintToString(CString(name));
-    }
+    const auto found = [&](BOOL (CHttpHeader::*find)(const WCHAR*, CString&) const,
+                           const WCHAR* name) {
+        CString value = _T("-"); // stays
+        const BOOL isThere = (header.*find)(name, value);
+        EXPECT_EQ(isThere != FALSE, value != _T("-"));
+        return value;
+    };
+    ExpectCases<CString>({
+        CASE(found(&CHttpHeader::GetFieldValue, _T("DATE")), _T("1")),
+        CASE(found(&CHttpHeader::GetFieldValue, _T("Date")), _T("2")),
+        CASE(found(&CHttpHeader::GetFieldValue, _T("date")), _T("-")),
+        CASE(found(&CHttpHeader::GetFieldValue, nullptr), _T("-")),
+        CASE(found(&CHttpHeader::FindFieldValue, _T("Date")), _T("2")),
+        CASE(found(&CHttpHeader::FindFieldValue, _T("date")), _T("1")),
+        CASE(found(&CHttpHeader::FindFieldValue, _T("Dat")), _T("-")),
+        CASE(found(&CHttpHeader::FindFieldValue, nullptr), _T("-")),
+    });
     EXPECT_FALSE(header.RemoveField(_T("date")) || header.RemoveField(nullptr));
     EXPECT_TRUE(header.RemoveField(_T("Date")));
 }
 
 TEST(HttpHeader, FieldsTellLengthDateAndDeliberatelyTheInverseOfChunked) {
-    const ULONGLONG max = 18446744073709551615u;
-    const std::tuple<const WCHAR*, ULONGLONG, ULONGLONG> rows[] = {
-        {_T("4294967296"), 4294967296, 4294967396},
-        {_T("18446744073709551615"), max, max},
-        {_T("18446744073709551616"), 0, 100},
-        {_T("18446744073709551617"), 0, 100},
-        {_T("-1"), 0, 100},
-        {_T("12 bytes"), 0, 100},
+    const auto contentLength = [](const WCHAR* value) {
+        return WithField(_T("Content-Length"), value).GetContentLength();
     };
-    for (const auto& [value, content, file] : rows) {
+    const ULONGLONG max = 18446744073709551615u;
+    ExpectCases<ULONGLONG>({
+        CASE(contentLength(_T("4294967296")), 4294967296),
+        CASE(contentLength(_T("18446744073709551615")), max),
+        CASE(contentLength(_T("18446744073709551616")), 0),
+        CASE(contentLength(_T("18446744073709551617")), 0),
+        CASE(contentLength(_T("-1")), 0),
+        CASE(contentLength(_T("12 bytes")), 0),
+        CASE(WithField(_T("content-length"), _T("5")).GetContentLength(), 0),
+    });
+    for (const auto& [value, length] :
+         {std::pair{_T("4294967296"), 4294967396}, {_T("18446744073709551615"), max}}) {
         CHttpHeader header = WithField(_T("Content-Length"), value);
         header.SetLength(100);
-        EXPECT_EQ(content, header.GetContentLength());
-        EXPECT_EQ(file, header.GetFileLength());
+        EXPECT_EQ(length, header.GetFileLength());
     }
-    EXPECT_EQ(0u, WithField(_T("content-length"), _T("5")).GetContentLength());
-    const WCHAR* const date = _T("Sun, 06 Nov 1994 08:49:37 GMT");
-    EXPECT_EQ(COleDateTime(1994, 11, 6, 8, 49, 37),
-              WithField(_T("Last-Modified"), date).GetLastModified());
+    EXPECT_EQ(
+        COleDateTime(1994, 11, 6, 8, 49, 37),
+        WithField(_T("Last-Modified"), _T("Sun, 06 Nov 1994 08:49:37 GMT")).GetLastModified());
     EXPECT_EQ(COleDateTime(), CHttpHeader().GetLastModified());
     EXPECT_EQ(0, WithField(_T("Transfer-Content"), _T("Chunked")).IsChunked());
     EXPECT_NE(0, WithField(_T("Transfer-Encoding"), _T("chunked")).IsChunked());
 }
 
 TEST(HttpStatusCodeText, IsTheSentenceOfItsRowOrUnknown) {
-    const std::tuple<DWORD, UINT> rows[] = {{100, 22701}, {206, 22709}, {300, 22711}, {306, 22700},
-                                            {307, 22717}, {415, 22733}, {449, 22700}, {505, 22740}};
-    for (const auto& [code, id] : rows) {
-        CString expected;
-        ASSERT_TRUE(expected.LoadString(id));
-        EXPECT_EQ(expected, AfxGetHTTPStatusCodeText(code)) << code;
-    }
+    const CString unknown = _T("Unknown HTTP status code.");
+    ExpectCases<CString>({
+        CASE(AfxGetHTTPStatusCodeText(99), unknown),
+        CASE(AfxGetHTTPStatusCodeText(306), unknown),
+        CASE(AfxGetHTTPStatusCodeText(404),
+             _T("The server has not found anything that matches the requested URI.")),
+        CASE(AfxGetHTTPStatusCodeText(506), unknown),
+    });
 }
 
 TEST(HttpHeaderReader, BytesThatCannotBecomeAHeaderAreGivenUp) {

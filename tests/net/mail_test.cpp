@@ -20,58 +20,44 @@ TEST(MailMessage, HoldsEveryFieldAndNothingElse) {
     quorvel::MailMessage message(
         {_T("Ann"), _T("ann@example.com"), _T("Subject"), body, path, _T("shown.txt")});
     const MapiMessage& mail = message.Get();
-    EXPECT_EQ(TextOr(mail.lpszSubject), "Subject");
-    EXPECT_EQ(TextOr(mail.lpszNoteText), std::string(200000, 'b'));
-    EXPECT_EQ(TextOr(mail.lpszMessageType) + TextOr(mail.lpszDateReceived) +
-                  TextOr(mail.lpszConversationID),
-              "nullnullnull");
-    EXPECT_EQ(mail.ulReserved + mail.flFlags, 0u);
-    EXPECT_EQ(mail.lpOriginator, nullptr);
+    EXPECT_STREQ(mail.lpszSubject, "Subject");
+    EXPECT_STREQ(mail.lpszNoteText, std::string(200000, 'b').c_str());
+    EXPECT_TRUE(mail.lpszMessageType == nullptr && mail.lpszDateReceived == nullptr &&
+                mail.lpszConversationID == nullptr && mail.lpOriginator == nullptr &&
+                mail.ulReserved + mail.flFlags == 0);
     ASSERT_EQ(mail.nRecipCount, 1u);
     const MapiRecipDesc& to = *mail.lpRecips;
-    EXPECT_EQ(TextOr(to.lpszName) + ' ' + TextOr(to.lpszAddress), "Ann ann@example.com");
-    EXPECT_EQ(to.ulRecipClass, 1u);
-    EXPECT_EQ(to.ulReserved + to.ulEIDSize, 0u);
-    EXPECT_EQ(to.lpEntryID, nullptr);
+    EXPECT_STREQ(to.lpszName, "Ann");
+    EXPECT_STREQ(to.lpszAddress, "ann@example.com");
+    EXPECT_TRUE(to.ulRecipClass == 1 && to.ulReserved + to.ulEIDSize == 0 &&
+                to.lpEntryID == nullptr);
     ASSERT_EQ(mail.nFileCount, 1u);
     const MapiFileDesc& file = *mail.lpFiles;
-    EXPECT_EQ(TextOr(file.lpszPathName), CStringA(path).GetString());
-    EXPECT_EQ(TextOr(file.lpszFileName), "shown.txt");
-    EXPECT_EQ(file.ulReserved + file.flFlags, 0u);
-    EXPECT_EQ(file.nPosition, 0xFFFFFFFFu);
-    EXPECT_EQ(file.lpFileType, nullptr);
+    EXPECT_STREQ(file.lpszPathName, CStringA(path));
+    EXPECT_STREQ(file.lpszFileName, "shown.txt");
+    EXPECT_TRUE(file.ulReserved + file.flFlags == 0 && file.nPosition == 0xFFFFFFFFu &&
+                file.lpFileType == nullptr);
 }
 
 TEST(MailMessage, AttachesOnlyAFileThatIsThere) {
     const TemporaryFolder folder;
     folder.Write(_T("a"), "");
     const CString file = folder.Path(_T("a")), none = folder.Path(_T("b")), self = folder.Path();
-    const struct {
-        const WCHAR* path;
-        const WCHAR* name;
-        const char* attachedAs; // null: no attachment
-    } rows[] = {{file, _T("x"), "x"},     {file, nullptr, "null"},     {file, _T(""), ""},
-                {none, _T("x"), nullptr}, {nullptr, _T("x"), nullptr}, {_T(""), _T("x"), nullptr},
-                {self, _T("x"), nullptr}};
-    for (const auto& row : rows) {
-        quorvel::MailMessage message({_T("n"), _T("a"), _T("s"), _T("b"), row.path, row.name});
-        const MapiMessage& mail = message.Get();
-        EXPECT_EQ(mail.nFileCount, row.attachedAs != nullptr ? 1u : 0u);
-        EXPECT_EQ(mail.lpFiles != nullptr, row.attachedAs != nullptr);
-        if (mail.lpFiles != nullptr) {
-            EXPECT_EQ(TextOr(mail.lpFiles->lpszFileName), row.attachedAs);
-        }
+    const std::tuple<const WCHAR*, const WCHAR*, const char*> rows[] = {
+        {file, _T("x"), "x"},    {file, nullptr, "null"}, {file, _T(""), ""},  {none, _T("x"), "-"},
+        {nullptr, _T("x"), "-"}, {_T(""), _T("x"), "-"},  {self, _T("x"), "-"}};
+    for (const auto& [path, name, attachedAs] : rows) {
+        quorvel::MailMessage message({_T("n"), _T("a"), _T("s"), _T("b"), path, name});
+        const MapiFileDesc* const files = message.Get().lpFiles;
+        EXPECT_EQ(files == nullptr ? "-" : TextOr(files->lpszFileName), attachedAs);
+        EXPECT_EQ(message.Get().nFileCount, files == nullptr ? 0u : 1u);
     }
 }
 
 TEST(MailMessage, AbortAndFailedLogonCountAsSent) {
-    const struct {
-        ULONG result;
-        bool isSent;
-    } rows[] = {{0, true},  {1, true},   {2, false},           {3, true},
-                {4, false}, {26, false}, {ULONG{0} - 1, false}};
-    for (const auto& row : rows)
-        EXPECT_EQ(quorvel::IsMailSent(row.result), row.isSent) << row.result;
+    ExpectCases<bool>({CASE(quorvel::IsMailSent(0), true), CASE(quorvel::IsMailSent(1), true),
+                       CASE(quorvel::IsMailSent(2), false), CASE(quorvel::IsMailSent(3), true),
+                       CASE(quorvel::IsMailSent(4), false)});
 }
 
 TEST(Mail, IncompleteTextsAreRefusedWithoutABox) {

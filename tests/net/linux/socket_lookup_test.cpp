@@ -9,13 +9,9 @@
 
 namespace {
 
-class SocketLookUp : public testing::Test {
+class SocketLookUp : public testing::Test, InitializedSockets {
 protected:
-    void SetUp() override { ASSERT_TRUE(CVaskSocket::Initialize()); }
-    void TearDown() override {
-        quorvel::SetHostResolver({});
-        EXPECT_TRUE(CVaskSocket::Deinitialize());
-    }
+    ~SocketLookUp() override { quorvel::SetHostResolver({}); }
     void Connect(ScriptedSocket& socket, UINT timeOut) {
         socket.SetStatusCallbackWnd(m_window.Get());
         socket.SetGetHostTimeOut(timeOut);
@@ -23,27 +19,25 @@ protected:
         ASSERT_TRUE(socket.Connect(_T("some.host"), 80));
     }
 
+    void ExpectEnd(ScriptedSocket& socket, const char* statuses) {
+        m_window.PumpUntil([&] { return !socket.IsThreadActive(); });
+        m_window.Pump();
+        EXPECT_EQ(m_window.Of(socket), statuses);
+    }
+
     StatusWindow m_window;
 };
 
 TEST_F(SocketLookUp, TellsWhyItFailed) {
-    struct {
-        const char* label;
-        int error;
-        const char* statuses;
-    } const rows[] = {
-        {"no such host", WSAHOST_NOT_FOUND, "1 2:11001 "},
-        {"no answer now", WSATRY_AGAIN, "1 2:11002 "},
-        {"no address", 0, "1 2:11004 "},
-    };
-    for (const auto& row : rows) {
+    const std::pair<int, const char*> rows[] = {{WSAHOST_NOT_FOUND, "1 2:11001 "},
+                                                {WSATRY_AGAIN, "1 2:11002 "},
+                                                {0, "1 2:11004 "}}; // no address
+    for (const auto& [error, statuses] : rows) {
         quorvel::SetHostResolver(
-            [&row](const std::string&, std::vector<ULONG>&) { return row.error; });
+            [result = error](const std::string&, std::vector<ULONG>&) { return result; });
         ScriptedSocket socket;
         Connect(socket, 60000);
-        m_window.PumpUntil([&] { return !socket.IsThreadActive(); });
-        m_window.Pump();
-        EXPECT_EQ(m_window.Of(socket), row.statuses) << row.label;
+        ExpectEnd(socket, statuses);
         socket.Close();
         m_window.Pump();
         m_window.Forget(socket);
@@ -55,9 +49,7 @@ TEST_F(SocketLookUp, EndsWithItsTimeOut) {
     ScriptedSocket socket;
     Connect(socket, 20);
     held.AwaitBegin();
-    m_window.PumpUntil([&] { return !socket.IsThreadActive(); });
-    m_window.Pump();
-    EXPECT_EQ(m_window.Of(socket), "1 2:10060 ");
+    ExpectEnd(socket, "1 2:10060 ");
 }
 
 // Answers, time-outs and closes race; each look-up ends once and leaks nothing.

@@ -14,13 +14,7 @@ constexpr const WCHAR* kNoSupport = _T("Unable to load mail system support.");
 constexpr const WCHAR* kNotSent = _T("Send mail failed to send message.");
 
 TEST(Mailto, HoldsTextsThatCannotBeAnythingElse) {
-    const struct {
-        const WCHAR* name;
-        const WCHAR* address;
-        const WCHAR* subject;
-        const WCHAR* body;
-        const char* uri;
-    } rows[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*, const WCHAR*, const char*> rows[] = {
         {_T("Ann"), _T("ann@example.com"), _T("Hi"), _T("Text"),
          "mailto:%22Ann%22%20%3Cann@example.com%3E?subject=Hi&body=Text"},
         {_T("a@b.c"), _T("a@b.c"), _T("s"), _T("b"), "mailto:a@b.c?subject=s&body=b"},
@@ -34,23 +28,20 @@ TEST(Mailto, HoldsTextsThatCannotBeAnythingElse) {
          "mailto:%22q%5C%22%5C%5C%22%20%3Ca%26cc%3Dx@b.c%3E?subject=50%250A%3F%26%3D"
          "&body=%C3%BC%E2%82%AC"},
     };
-    for (const auto& row : rows) {
-        quorvel::MailMessage message(
-            {row.name, row.address, row.subject, row.body, nullptr, nullptr});
-        EXPECT_EQ(quorvel::MailtoOf(message.Get()), row.uri);
+    for (const auto& [name, address, subject, body, uri] : rows) {
+        quorvel::MailMessage message({name, address, subject, body, nullptr, nullptr});
+        EXPECT_EQ(quorvel::MailtoOf(message.Get()), uri);
     }
 }
 
 TEST(Mailto, AttachmentNamesAreNamesOnly) {
-    const struct {
-        const char* name;
-        const char* path;
-        const char* expected;
-    } rows[] = {{"b.txt", "/x/a.txt", "b.txt"},       {"", "/x/a.txt", "a.txt"},
-                {"../../b.txt", "/x/a.txt", "b.txt"}, {"..", "/x/a.txt", "a.txt"},
-                {"c\\b.txt", "/x/a.txt", "b.txt"},    {"b/", "/x/a.txt", "a.txt"}};
-    for (const auto& row : rows)
-        EXPECT_EQ(quorvel::AttachmentNameOf(row.name, row.path), row.expected) << row.name;
+    using quorvel::AttachmentNameOf;
+    ExpectCases<std::string>({CASE(AttachmentNameOf("b.txt", "/x/a.txt"), "b.txt"),
+                              CASE(AttachmentNameOf("", "/x/a.txt"), "a.txt"),
+                              CASE(AttachmentNameOf("../../b.txt", "/x/a.txt"), "b.txt"),
+                              CASE(AttachmentNameOf("..", "/x/a.txt"), "a.txt"),
+                              CASE(AttachmentNameOf("c\\b.txt", "/x/a.txt"), "b.txt"),
+                              CASE(AttachmentNameOf("b/", "/x/a.txt"), "a.txt")});
 }
 
 class XdgEmail : public testing::Test {
@@ -67,6 +58,12 @@ protected:
     BOOL Send(const WCHAR* path = nullptr, const WCHAR* name = nullptr) {
         return AfxSendMessage2(_T("a@b.c"), _T("a@b.c"), _T("s"), _T("b"), path, name);
     }
+    void ExpectBox(const WCHAR* text, const char* label) {
+        std::vector<RecordedMessageBox> boxes;
+        if (text != nullptr)
+            boxes.push_back({text, MB_OK | MB_ICONSTOP, 0});
+        EXPECT_EQ(m_app.Take(), boxes) << label;
+    }
     std::string Seen() { return m_folder.Read(_T("xdg-email.seen")); }
     std::size_t FilesLeft() const {
         return static_cast<std::size_t>(
@@ -80,30 +77,24 @@ protected:
 };
 
 TEST_F(XdgEmail, EndsAsTheProgramEnds) {
-    const struct {
-        const char* last;
-        const WCHAR* box; // null: success
-    } rows[] = {{"exit 0", nullptr},    {"exit 1", kNotSent},       {"exit 2", kNotSent},
-                {"exit 3", kNoSupport}, {"exit 4", kNotSent},       {"kill -INT $$", nullptr},
-                {"exit 130", nullptr},  {"kill -KILL $$", kNotSent}};
-    for (const auto& row : rows) {
-        Install(row.last);
-        EXPECT_EQ(Send(), row.box == nullptr) << row.last;
+    const std::pair<const char*, const WCHAR*> rows[] = {
+        {"exit 0", nullptr},        {"exit 1", kNotSent},  {"exit 3", kNoSupport},
+        {"exit 4", kNotSent},       {"exit 130", nullptr}, {"kill -INT $$", nullptr},
+        {"kill -KILL $$", kNotSent}};
+    for (const auto& [last, box] : rows) {
+        Install(last);
+        EXPECT_EQ(Send(), box == nullptr) << last;
+        ExpectBox(box, last);
         EXPECT_EQ(AfxSendMessage(_T("a"), _T("a@b.c"), _T("s"), _T("b"), nullptr, nullptr),
-                  row.box == nullptr)
-            << row.last;
-        std::vector<RecordedMessageBox> boxes;
-        if (row.box != nullptr)
-            boxes.assign(2, {row.box, MB_OK | MB_ICONSTOP, 0});
-        EXPECT_EQ(m_app.Take(), boxes) << row.last;
+                  box == nullptr);
+        ExpectBox(box, last);
     }
     const CString body(_T('b'), 200000); // is one argument, longer than the system takes
     EXPECT_FALSE(AfxSendMessage2(_T("a"), _T("a@b.c"), _T("s"), body, nullptr, nullptr));
-    EXPECT_EQ(m_app.Take(), (std::vector<RecordedMessageBox>{{kNotSent, MB_OK | MB_ICONSTOP, 0}}));
+    ExpectBox(kNotSent, "long");
     std::filesystem::remove(m_folder.Path(_T("xdg-email")).ToUTF8());
     EXPECT_FALSE(Send());
-    EXPECT_EQ(m_app.Take(),
-              (std::vector<RecordedMessageBox>{{kNoSupport, MB_OK | MB_ICONSTOP, 0}}));
+    ExpectBox(kNoSupport, "missing");
 }
 
 TEST_F(XdgEmail, AttachesTheFileUnderItsName) {
@@ -111,7 +102,7 @@ TEST_F(XdgEmail, AttachesTheFileUnderItsName) {
     m_folder.Write(_T("-a.txt"), "contents");
     const std::string path = m_folder.Path(_T("-a.txt")).ToUTF8();
     const std::string last = "\nmailto:a@b.c?subject=s&body=b\ncontents";
-    for (const WCHAR* name : {static_cast<const WCHAR*>(nullptr), _T(""), _T("-a.txt")}) {
+    for (const WCHAR* name : {static_cast<const WCHAR*>(nullptr), _T("-a.txt")}) {
         EXPECT_TRUE(Send(m_folder.Path(_T("-a.txt")), name));
         EXPECT_EQ(Seen(), "--utf8\n--attach\n" + path + last);
     }

@@ -12,7 +12,21 @@ namespace {
 
 constexpr LHANDLE kSession = 0x55;
 
-enum class Answer { Returns, Faults, Throws };
+// What an entry point of the library does.
+typedef ULONG (*Act)();
+template <ULONG result>
+ULONG Returns() {
+    return result;
+}
+ULONG Throws() {
+    throw std::runtime_error("mail");
+}
+ULONG Faults() {
+    volatile int* volatile nowhere = nullptr;
+    *nowhere = 1;
+    return 0;
+}
+constexpr bool kCatchesFaults = sizeof(void*) == 4;
 
 class ScriptedProvider : public MailProvider {
 public:
@@ -24,44 +38,26 @@ public:
     }
     ULONG Logon(LPSTR profile, LPSTR password, FLAGS flags, LPLHANDLE session) override {
         m_calls += "logon ";
-        EXPECT_EQ(profile, nullptr);
-        EXPECT_EQ(password, nullptr);
-        EXPECT_EQ(flags, static_cast<FLAGS>(MAPI_LOGON_UI));
+        EXPECT_TRUE(profile == nullptr && password == nullptr && flags == MAPI_LOGON_UI);
         *session = kSession;
-        return Give(m_logonAnswer, m_logonResult);
+        return m_onLogon();
     }
     ULONG Send(LHANDLE session, ULONG_PTR window, MapiMessage* message, FLAGS flags) override {
         m_calls += session == kSession ? "send in session " : session == 0 ? "send " : "? ";
-        EXPECT_EQ(window, 0u);
-        EXPECT_EQ(flags, static_cast<FLAGS>(MAPI_DIALOG));
-        EXPECT_STREQ(message->lpszSubject, "Subject");
+        EXPECT_TRUE(window == 0 && flags == MAPI_DIALOG);
         EXPECT_STREQ(message->lpRecips->lpszName, "J\xfcrgen"); // in the active code page
-        if (m_whileSending)
-            m_whileSending();
-        return Give(m_sendAnswer, m_sendResult);
+        return m_onSend();
     }
     ULONG Logoff(LHANDLE session) override {
         m_calls += session == kSession ? "logoff" : "?";
-        if (m_whileLoggingOff)
-            m_whileLoggingOff();
-        return Give(m_logoffAnswer, 0);
+        return m_onLogoff();
     }
+    std::string TakeCalls() { return std::exchange(m_calls, ""); }
 
-    std::string m_calls;
-    ULONG m_logonResult = 0, m_sendResult = 0;
-    Answer m_logonAnswer = Answer::Returns, m_sendAnswer = Answer::Returns,
-           m_logoffAnswer = Answer::Returns;
-    std::function<void()> m_whileSending, m_whileLoggingOff;
+    std::function<ULONG()> m_onLogon = Returns<0>, m_onSend = Returns<0>, m_onLogoff = Returns<0>;
 
 private:
-    static ULONG Give(Answer answer, ULONG result) {
-        volatile int* volatile nowhere = nullptr;
-        if (answer == Answer::Faults)
-            *nowhere = 1;
-        if (answer == Answer::Throws)
-            throw std::runtime_error("mail");
-        return result;
-    }
+    std::string m_calls;
 };
 
 // A path in the folder of the program.
@@ -117,53 +113,42 @@ constexpr UINT kStop = MB_OK | MB_ICONSTOP;
 TEST_F(SimpleMapi, EveryAnswerOfTheLibrary) {
     using quorvel::kTextMailInvalidLibrary, quorvel::kTextMailSendFailed,
         quorvel::kTextFrameworkMailSendFailed;
-    constexpr Answer ok = Answer::Returns, faults = Answer::Faults, throws = Answer::Throws;
-    const struct {
-        const char* label;
-        Answer logon, send, logoff;
-        ULONG logonResult, sendResult;
-        UINT boxOfSession, boxWithout;
-    } rows[] = {
-        {"sent", ok, ok, ok, 0, 0, 0, 0},
-        {"aborted", ok, ok, ok, 0, 1, 0, 0},
-        {"logon failure", ok, ok, ok, 0, 3, 0, 0},
-        {"failure", ok, ok, ok, 0, 2, kTextMailSendFailed, kTextFrameworkMailSendFailed},
-        {"send faults", ok, faults, ok, 0, 0, kTextMailSendFailed, kTextFrameworkMailSendFailed},
-        {"send throws", ok, throws, ok, 0, 0, kTextMailSendFailed, kTextFrameworkMailSendFailed},
-        {"no logon", ok, ok, ok, 1, 0, kTextMailInvalidLibrary, 0},
-        {"logon faults", faults, ok, ok, 0, 0, kTextMailInvalidLibrary, 0},
-        {"logoff faults", ok, ok, faults, 0, 0, 0, 0},
+    constexpr Act ok = Returns<0>;
+    const std::tuple<const char*, Act, Act, Act, UINT, UINT> rows[] = {
+        {"sent", ok, ok, ok, 0, 0},
+        {"aborted", ok, Returns<1>, ok, 0, 0},
+        {"failure", ok, Returns<2>, ok, kTextMailSendFailed, kTextFrameworkMailSendFailed},
+        {"send faults", ok, Faults, ok, kTextMailSendFailed, kTextFrameworkMailSendFailed},
+        {"send throws", ok, Throws, ok, kTextMailSendFailed, kTextFrameworkMailSendFailed},
+        {"no logon", Returns<1>, ok, ok, kTextMailInvalidLibrary, 0},
+        {"logon faults", Faults, ok, ok, kTextMailInvalidLibrary, 0},
+        {"logoff faults", ok, ok, Faults, 0, 0},
     };
-    constexpr bool kIs64Bit = sizeof(void*) == 8; // faults are not caught there
     Install(kWhole);
-    std::size_t boxesAtLogoff = 0;
-    m_provider.m_whileLoggingOff = [&] { boxesAtLogoff = m_app.m_boxes.size(); };
-    for (const auto& row : rows) {
-        if (kIs64Bit && (row.logon == Answer::Faults || row.send == Answer::Faults ||
-                         row.logoff == Answer::Faults))
+    for (const auto& [label, logon, send, logoff, boxOfSession, boxWithout] : rows) {
+        if (!kCatchesFaults && (logon == Faults || send == Faults || logoff == Faults))
             continue;
-        m_provider.m_logonAnswer = row.logon;
-        m_provider.m_sendAnswer = row.send;
-        m_provider.m_logoffAnswer = row.logoff;
-        m_provider.m_logonResult = row.logonResult;
-        m_provider.m_sendResult = row.sendResult;
-        ExpectSend(true, row.boxOfSession, kStop, row.label);
-        EXPECT_EQ(std::exchange(m_provider.m_calls, ""), row.boxOfSession == kTextMailInvalidLibrary
-                                                             ? "logon "
-                                                             : "logon send in session logoff")
-            << row.label;
-        if (row.boxOfSession != kTextMailInvalidLibrary) {
-            EXPECT_EQ(boxesAtLogoff, row.boxOfSession != 0 ? 1u : 0u) << row.label;
-        }
-        ExpectSend(false, row.boxWithout, MB_OK, row.label);
-        EXPECT_EQ(std::exchange(m_provider.m_calls, ""), "send ") << row.label;
+        std::size_t boxesAtLogoff = 0;
+        m_provider.m_onLogon = logon;
+        m_provider.m_onSend = send;
+        m_provider.m_onLogoff = [&, act = logoff] {
+            boxesAtLogoff = m_app.m_boxes.size();
+            return act();
+        };
+        ExpectSend(true, boxOfSession, kStop, label);
+        const bool logsOn = boxOfSession != kTextMailInvalidLibrary;
+        EXPECT_EQ(m_provider.TakeCalls(), logsOn ? "logon send in session logoff" : "logon ")
+            << label;
+        EXPECT_EQ(boxesAtLogoff, logsOn && boxOfSession != 0 ? 1u : 0u) << label;
+        ExpectSend(false, boxWithout, MB_OK, label);
+        EXPECT_EQ(m_provider.TakeCalls(), "send ") << label;
     }
 }
 
 TEST_F(SimpleMapi, LibrariesThatLackWhatIsNeeded) {
     Install(_T("sending_mail_provider.dll"));
     ExpectSend(true, quorvel::kTextMailInvalidLibrary, kStop, "no logon");
-    EXPECT_EQ(m_provider.m_calls, "");
+    EXPECT_EQ(m_provider.TakeCalls(), "");
     ExpectSend(false, 0, 0, "no logon");
     Install(_T("empty_mail_provider.dll"));
     ExpectSend(true, quorvel::kTextMailInvalidLibrary, kStop, "empty");
@@ -175,66 +160,58 @@ TEST_F(SimpleMapi, LibrariesThatLackWhatIsNeeded) {
 
 TEST_F(SimpleMapi, MailThatIsNotConfiguredIsNotTried) {
     Install(kWhole);
-    for (const WCHAR* value : {_T("0"), _T("2"), static_cast<const WCHAR*>(nullptr)}) {
+    for (const WCHAR* value : {_T("0"), static_cast<const WCHAR*>(nullptr)}) {
         const MailSetting setting(value);
         ExpectSend(true, quorvel::kTextMailLoadFailed, kStop, "not configured");
-        EXPECT_EQ(std::exchange(m_provider.m_calls, ""), "");
+        EXPECT_EQ(m_provider.TakeCalls(), "");
         ExpectSend(false, 0, 0, "not asked");
-        EXPECT_EQ(std::exchange(m_provider.m_calls, ""), "send ");
+        EXPECT_EQ(m_provider.TakeCalls(), "send ");
     }
 }
 
-struct DestroyIt {
-    void operator()(HWND window) const { ::DestroyWindow(window); }
+struct Window {
+    explicit Window(DWORD style = 0)
+        : handle(::CreateWindowExW(0, L"Static", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE | style, 0,
+                                   0, 90, 90, nullptr, nullptr, nullptr, nullptr)) {}
+    Window(const Window&) = delete;
+    ~Window() { ::DestroyWindow(handle); }
+    bool IsEnabled() const { return ::IsWindowEnabled(handle) != FALSE; }
+    const HWND handle;
 };
-typedef std::unique_ptr<std::remove_pointer_t<HWND>, DestroyIt> Window;
-
-Window NewWindow(bool isEnabled = true) {
-    return Window(::CreateWindowExW(
-        0, L"Static", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE | (isEnabled ? 0 : WS_DISABLED), 0, 0,
-        90, 90, nullptr, nullptr, nullptr, nullptr));
-}
 
 TEST_F(SimpleMapi, WindowsAreDisabledWhileItSendsAndAsBeforeAfterwards) {
     Install(kWhole);
-    const Window other = NewWindow(), disabled = NewWindow(false);
-    Window closing = NewWindow();
-    const Window owner = NewWindow();
-    ::SetActiveWindow(owner.get());
-    m_provider.m_whileSending = [&] {
-        EXPECT_FALSE(::IsWindowEnabled(owner.get()));
-        EXPECT_FALSE(::IsWindowEnabled(other.get()));
-        EXPECT_EQ(::GetCapture(), owner.get());
-        EXPECT_EQ(::GetFocus(), nullptr);
-        ::EnableWindow(owner.get(), TRUE);
-        EXPECT_FALSE(::IsWindowEnabled(owner.get())) << "stays disabled";
-        closing.reset();
-        ::SetActiveWindow(nullptr);
-    };
+    const Window other, disabled(WS_DISABLED), closing, owner;
+    ::SetActiveWindow(owner.handle);
     for (const bool logsOn : {true, false}) {
-        for (const Answer answer : {Answer::Returns, Answer::Throws, Answer::Faults}) {
-            if (answer == Answer::Faults && sizeof(void*) == 8)
+        for (const Act act : {Act{Returns<0>}, Act{Throws}, Act{Faults}}) {
+            if (act == Faults && !kCatchesFaults)
                 continue;
-            SCOPED_TRACE(static_cast<int>(answer));
-            m_provider.m_sendAnswer = answer;
+            m_provider.m_onSend = [&] {
+                EXPECT_FALSE(owner.IsEnabled() || other.IsEnabled());
+                EXPECT_EQ(::GetCapture(), owner.handle);
+                EXPECT_EQ(::GetFocus(), nullptr);
+                ::EnableWindow(owner.handle, TRUE);
+                EXPECT_FALSE(owner.IsEnabled()) << "stays disabled";
+                ::DestroyWindow(closing.handle);
+                ::SetActiveWindow(nullptr);
+                return act();
+            };
             Send(logsOn);
-            EXPECT_NE(std::exchange(m_provider.m_calls, ""), "");
-            EXPECT_TRUE(::IsWindowEnabled(owner.get()));
-            EXPECT_TRUE(::IsWindowEnabled(other.get()));
-            EXPECT_FALSE(::IsWindowEnabled(disabled.get()));
+            EXPECT_NE(m_provider.TakeCalls(), "");
+            EXPECT_TRUE(owner.IsEnabled() && other.IsEnabled() && !disabled.IsEnabled());
             EXPECT_EQ(::GetCapture(), nullptr);
-            EXPECT_EQ(::GetActiveWindow(), owner.get());
-            EXPECT_EQ(::GetFocus(), owner.get());
-            ::EnableWindow(owner.get(), FALSE);
-            ::EnableWindow(owner.get(), TRUE);
-            EXPECT_TRUE(::IsWindowEnabled(owner.get())) << "no longer held";
+            EXPECT_EQ(::GetActiveWindow(), owner.handle);
+            EXPECT_EQ(::GetFocus(), owner.handle);
+            ::EnableWindow(owner.handle, FALSE);
+            ::EnableWindow(owner.handle, TRUE);
+            EXPECT_TRUE(owner.IsEnabled()) << "no longer held";
         }
     }
     ::SetActiveWindow(nullptr);
-    m_provider.m_sendAnswer = Answer::Returns;
-    m_provider.m_whileSending = [&] { EXPECT_FALSE(::IsWindowEnabled(other.get())); };
+    m_provider.m_onSend = [&]() -> ULONG { return other.IsEnabled() ? 2 : 0; };
     EXPECT_TRUE(Send(false)) << "no window is active";
-    EXPECT_TRUE(::IsWindowEnabled(other.get()));
+    EXPECT_TRUE(other.IsEnabled());
 }
 
 } // namespace
