@@ -21,7 +21,6 @@ def minisign(*arguments):
 
 def listings():
     run(PROGRAM, ["new", "a.xml"])
-    run(PROGRAM, ["check", "a.xml"])
     run(PROGRAM, ["add", "a.xml", "--title", "Größe <1>", "--link", "http://h/1", "--priority", "high"])
     run(PROGRAM, ["add", "a.xml", "--title", "Two"])
     run(PROGRAM, ["check", "a.xml"])
@@ -47,14 +46,13 @@ def signatures():
     run(PROGRAM, ["key", "one"])
     run(PROGRAM, ["key", "two"])
     run(PROGRAM, ["key", "one"], code=1, error="there is such a key already: one.pub")
-    check(read("one.key") != read("two.key") and read("one.pub") != read("two.pub"), "two keys are equal")
+    check(read("one.key") != read("two.key"), "two keys are equal")
     run(PROGRAM, ["sign", "a.xml", "--key", "one.key", "--serial", "7"])
     signed = read("a.xml.minisig").decode()
     comment = re.search(r"^trusted comment: (timestamp:\d+ serial:7)$", signed, re.M)
     check(comment, signed)
     run(PROGRAM, ["verify", "a.xml", "--key", "one.pub"], out=comment[1].encode() + b"\n")
     run(PROGRAM, ["verify", "a.xml", "--key", "two.pub"], code=1, error="unknown key")
-    run(PROGRAM, ["verify", "a.xml", "--key", "one.key"], code=1, error="key")
     run(PROGRAM, ["sign", "a.xml", "--key", "one.pub"], code=1, error="no secret key")
     run(PROGRAM, ["sign", "a.xml", "--key", "one.key", "--serial", "x"], code=2, error="no number: x")
     if shutil.which("minisign"):
@@ -69,5 +67,4 @@ with own_folder():
     listings()
     signatures()
     run(PROGRAM, ["sign", "a.xml"], code=2, error="--key is needed")
-    run(PROGRAM, ["undo", "a.xml"], code=2, error="not understood: undo")
 finish()
