@@ -316,7 +316,9 @@ TEST_F(VaskSocket, HandsItsSocketBack) {
 TEST_F(VaskSocket, ClosesAtAnyMoment) {
     Peer peer;
     int before = 0;
-    constexpr int kCycles = kOnLinux ? 10000 : 1000;
+    // Wine's server has a fault of its own: about once in 100,000 cycles it uses a freed object and
+    // crashes, and the programs that it serves hang.
+    constexpr int kCycles = kOnLinux ? 10000 : 100;
     for (int i = 0; i < kCycles; ++i) {
         ScriptedSocket socket;
         Connect(socket, peer);
