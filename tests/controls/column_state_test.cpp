@@ -43,18 +43,16 @@ void WriteState(HKEY key, const char* text) {
     long long value = 0;
     for (int length = 0; std::sscanf(text, " %15[^=]=%lld%n", name, &value, &length) == 2;
          text += length) {
-        static const struct {
-            const char* word;
-            const WCHAR* name;
-        } kNames[] = {{"Width", _T("Width")},
-                      {"Order", _T("Sort Order")},
-                      {"Sort", _T("Sort Column")},
-                      {"Up", _T("Sort Ascending")},
-                      {"Persist", _T("Persist Sort Order")}};
         const std::string word(name, std::strcspn(name, "0123456789"));
         CString valueName(name);
-        for (const auto& known : kNames)
-            valueName = word == known.word ? CString(known.name) : valueName;
+        for (const auto& [known, full] :
+             std::initializer_list<std::pair<const char*, const WCHAR*>>{
+                 {"Width", _T("Width")},
+                 {"Order", _T("Sort Order")},
+                 {"Sort", _T("Sort Column")},
+                 {"Up", _T("Sort Ascending")},
+                 {"Persist", _T("Persist Sort Order")}})
+            valueName = word == known ? CString(full) : valueName;
         CString subKey;
         if (word != name)
             subKey.Format(_T("Column %d"), std::atoi(name + word.size()));
@@ -95,13 +93,9 @@ TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
                                           _T("] Program[ a[ ") + state + _T("] b[ ") + state +
                                           _T("] ] "));
 
+    RegOpenKeyExW(place.test.Get(), _T("key"), 0, KEY_READ, &key);
     const std::function<BOOL(Columns&)> loads[] = {
-        [&](Columns& c) {
-            RegOpenKeyExW(place.test.Get(), _T("key"), 0, KEY_READ, &key);
-            const BOOL isLoaded = c.LoadState(key, TRUE);
-            EXPECT_NE(RegCloseKey(key), 0);
-            return isLoaded;
-        },
+        [&](Columns& c) { return c.LoadState(key, TRUE); },
         [&](Columns& c) { return c.LoadState(place.path); },
         [](Columns& c) { return c.LoadState(_T("a")); },
         [](Columns& c) { return c.LoadState(_T("b\\")); },
@@ -114,6 +108,7 @@ TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
         EXPECT_FALSE(other.columns.IsSortAscending());
         EXPECT_EQ(other.view.m_defaultLoads, 0);
     }
+    EXPECT_NE(RegCloseKey(key), 0) << "loading has closed it";
 }
 
 TEST(ColumnState, OfAPlainListIsItsWidths) {
@@ -145,7 +140,6 @@ TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
     } rows[] = {
         {"sorted", "Count=1 Width0=5 Sort=2 Up=0", _T("A5 B20 C30 (D40 )"), 0, 2, false},
         {"by no column", "Count=1 Width0=5 Sort=4 Up=7", _T("A5 B20 C30 (D40 )"), 0},
-        {"by a negative one", "Count=0 Sort=-9 Up=-1", _T("A60 B60 C60 (D40 )"), 1},
         {"by a huge one", "Count=0 Sort=2147483647 Up=0", _T("A60 B60 C60 (D40 )"), 1, -1, false},
         {"by a hidden one", "Count=3 Persist=1 Width0=5 Order0=0 Sort=2 Up=1",
          _T("A5 (B60 C60 D40 )"), 0, 2},
@@ -153,8 +147,6 @@ TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
         {"count of -1", "Count=-1 Width0=50 Order0=0 Persist=1", _T("A60 B60 C60 (D40 )"), 1},
         {"huge count", "Count=2147483647 Persist=1 Width0=50 Order0=1 Width1=51 Order1=0",
          _T("B51 A50 (C60 D40 )"), 0},
-        {"huge count without an order", "Count=2147483647 Width0=50 Width1=51 Width2=52",
-         _T("A50 B51 C52 (D40 )"), 0},
         {"of a longer list",
          "Count=9 Persist=1 Width0=50 Order0=8 Width1=51 Order1=2 Width2=52 "
          "Order2=0 Width3=53 Order3=1 Width8=99 Order8=3",
@@ -163,14 +155,12 @@ TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
          _T("B51 A50 C30 (D40 )"), 0},
         {"without a width of column 0", "Count=2 Persist=1 Order0=1 Width1=51 Order1=0",
          _T("B60 A60 C60 (D40 )"), 1},
-        {"no order", "Count=3 Width0=50 Width1=51 Width2=52", _T("A50 B51 C52 (D40 )"), 0},
         {"no order, widths of more than 16 bits", "Count=3 Width0=65586 Width1=-5 Width2=32768",
          _T("A50 B60 C60 (D40 )"), 0},
         {"widths that no list has",
          "Count=4 Persist=1 Width0=-5 Width1=32768 Width2=-2147483648 "
          "Width3=-1 Order0=0 Order1=1 Order2=2 Order3=3",
          _T("A10 B20 C30 D40 ()"), 0},
-        {"automatic width", "Count=1 Persist=1 Width0=0 Order0=0", _T("A0 B20 C30 (D40 )"), 0},
         {"missing width", "Count=3 Persist=1 Width0=50 Order0=0 Order1=1 Order2=2",
          _T("A50 B60 C60 (D40 )"), 0},
         {"a position twice",
@@ -224,10 +214,7 @@ TEST(ColumnState, IsRefusedWithoutAPlace) {
     Columns& columns = list.columns;
     const TestKey test;
     const WCHAR* const noText = nullptr;
-    ExpectCases<BOOL>({
-        CASE(columns.SaveState(_T("s")), FALSE), // no application object
-        CASE(columns.LoadState(_T("s")), FALSE),
-    });
+    EXPECT_FALSE(columns.SaveState(_T("s")) || columns.LoadState(_T("s"))) << "no application";
     EXPECT_EQ(list.view.m_defaultLoads, 0);
     CWinApp app(_T("Program"));
     ExpectCases<BOOL>({

@@ -1,11 +1,9 @@
 // The report list in real windows, driven by messages.
 #include <quorvel/controls/win/vask_list_ctrl.h>
-#include <quorvel/framework/app.h>
 #include <quorvel/framework/win/menu.h>
 
 #include "controls/win/list_window.h"
 #include "support/german_texts.h"
-#include "support/registry.h"
 
 #include <optional>
 
@@ -67,12 +65,7 @@ void SetOrder(const CListCtrl& list, std::vector<int> order) {
 TEST(VaskListCtrl, KeepsColumnsByTheirTrueNumbers) {
     ListParent parent;
     CReportList list(parent);
-    const WCHAR* const name = _T("Name");
-    VASKCOLUMN fourth;
-    fourth.trueColumn = 4;
-    fourth.heading = name;
-    fourth.column.mask = LVCF_WIDTH;
-    fourth.column.cx = 90;
+    list.AddColumns(4);
     const struct {
         const char* label;
         std::function<int()> act;
@@ -80,57 +73,47 @@ TEST(VaskListCtrl, KeepsColumnsByTheirTrueNumbers) {
         const char* columns;
         const char* seen = ""; // the calls of SortItems
     } rows[] = {
-        {"first", [&] { return list.InsertVaskColumn(0, 0, TRUE, name, 0, 50); }, 0, "0:50"},
-        {"behind the last", [&] { return list.InsertVaskColumn(9, 1, TRUE, name, 0, 60); }, 1,
-         "0:50 1:60"},
-        {"hidden", [&] { return list.InsertVaskColumn(0, 2, FALSE, name, 0, 70); }, -1,
-         "0:50 1:60 | 2:70"},
-        {"before others", [&] { return list.InsertVaskColumn(0, 3, TRUE, name, 0, 80); }, 0,
-         "3:80 0:50 1:60 | 2:70"},
-        {"described", [&] { return list.InsertVaskColumn(3, &fourth); }, 3,
-         "3:80 0:50 1:60 4:90 | 2:70"},
-        {"hide", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE, "3:80 1:60 4:90 | 0:50 2:70"},
-        {"width of a hidden one", [&] { return list.SetVaskColumnWidth(0, 55), 0; }, 0,
-         "3:80 1:60 4:90 | 0:55 2:70"},
+        {"hide", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE, "1:60 2:70 3:80 | 0:50"},
+        {"width of a hidden one", [&] { return list.SetVaskColumnWidth(0, 55); }, TRUE,
+         "1:60 2:70 3:80 | 0:55"},
         {"width of none", [&] { return list.SetVaskColumnWidth(9, 55); }, FALSE,
-         "3:80 1:60 4:90 | 0:55 2:70"},
-        {"width of a shown one", [&] { return list.SetVaskColumnWidth(1, 65), 0; }, 0,
-         "3:80 1:65 4:90 | 0:55 2:70"},
+         "1:60 2:70 3:80 | 0:55"},
+        {"hidden from the beginning",
+         [&] { return list.InsertVaskColumn(0, 4, FALSE, _T("E"), 0, 90); }, -1,
+         "1:60 2:70 3:80 | 0:55 4:90"},
         {"show where it was", [&] { return list.ShowVaskColumn(0, TRUE); }, TRUE,
-         "3:80 0:55 1:65 4:90 | 2:70"},
-        {"show last", [&] { return list.ShowVaskColumn(2, TRUE); }, TRUE,
-         "3:80 0:55 1:65 4:90 2:70"},
+         "0:55 1:60 2:70 3:80 | 4:90"},
         {"reorder",
          [&] {
-             return SetOrder(list, {4, 3, 0, 1, 2}), 0;
+             return SetOrder(list, {2, 3, 0, 1}), 0;
          },
-         0, "2:70 4:90 3:80 0:55 1:65"},
-        {"delete", [&] { return list.DeleteVaskColumn(4); }, TRUE, "2:70 3:80 0:55 1:65"},
+         0, "2:70 3:80 0:55 1:60 | 4:90"},
         {"arrow", [&] { return list.SetSortColumn(3), list.SetSortAscending(FALSE), 0; }, 0,
-         "2:70 3:80v 0:55 1:65"},
-        {"format set", [&] { return list.SetColumnAlignment(0, LVCFMT_CENTER); }, TRUE,
-         "2:70 3:80v 0:55 1:65"},
-        {"a column before it", [&] { return list.InsertVaskColumn(0, 4, TRUE, name, 0, 90); }, 0,
-         "4:90 2:70 3:80v 0:55 1:65"},
+         "2:70 3:80v 0:55 1:60 | 4:90"},
+        {"format set", [&] { return list.SetColumnAlignment(3, LVCFMT_CENTER); }, TRUE,
+         "2:70 3:80v 0:55 1:60 | 4:90"},
+        {"a column before it",
+         [&] {
+             return list.ShowVaskColumn(4, TRUE), SetOrder(list, {4, 2, 3, 0, 1}), 0;
+         },
+         0, "4:90 2:70 3:80v 0:55 1:60"},
         {"sort column hidden", [&] { return list.ShowVaskColumn(3, FALSE); }, TRUE,
-         "4:90^ 2:70 0:55 1:65 | 3:80", "4 up;"},
+         "4:90^ 2:70 0:55 1:60 | 3:80", "4 up;"},
         {"sort column deleted", [&] { return list.DeleteVaskColumn(4); }, TRUE,
-         "2:70^ 0:55 1:65 | 3:80", "2 up;"},
-        {"by column", [&] { return list.SortItemsByColumn(1); }, TRUE, "2:70 0:55 1:65^ | 3:80",
+         "2:70^ 0:55 1:60 | 3:80", "2 up;"},
+        {"by column", [&] { return list.SortItemsByColumn(1); }, TRUE, "2:70 0:55 1:60^ | 3:80",
          "1 up;"},
         {"by direction", [&] { return list.SortItemsByDirection(FALSE); }, TRUE,
-         "2:70 0:55 1:65v | 3:80", "1 down;"},
-        {"anew", [&] { return list.AutoSortItems(); }, TRUE, "2:70 0:55 1:65v | 3:80",
+         "2:70 0:55 1:60v | 3:80", "1 down;"},
+        {"anew", [&] { return list.AutoSortItems(); }, TRUE, "2:70 0:55 1:60v | 3:80",
          "1 down forced;"},
         {"reset", [&] { return list.ResetColumns(), 0; }, 0, "0:100 1:100v 2:100 3:100"},
         {"not sorted", [&] { return list.m_sorts = FALSE, list.SortItemsByColumn(2); }, FALSE,
          "0:100 1:100v 2:100 3:100", "2 down;"},
-        {"no sort column", [&] { return list.SetSortColumn(-2); }, FALSE,
-         "0:100 1:100v 2:100 3:100"},
         // The platform's own messages.
         {"LVM_DELETECOLUMN", [&] { return list.DeleteColumn(list.GetInsertedColumn(2)); }, TRUE,
          "0:100 1:100v 3:100"},
-        {"LVM_INSERTCOLUMN", [&] { return list.InsertColumn(0, name, 0, 40); }, 0,
+        {"LVM_INSERTCOLUMN", [&] { return list.InsertColumn(0, _T("plain"), 0, 40); }, 0,
          "-1:40 0:100 1:100v 3:100"},
         {"hidden behind it", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE,
          "-1:40 1:100v 3:100 | 0:100"},
@@ -157,23 +140,16 @@ TEST(VaskListCtrl, CopiesRecordsAndAlignsTheFirstColumn) {
     EXPECT_EQ(shown.iSubItem, 3);
 
     VASKCOLUMN column;
-    EXPECT_FALSE(list.GetVaskColumn(0, nullptr));
-    EXPECT_FALSE(list.GetVaskColumn(2, &column));
+    EXPECT_FALSE(list.GetVaskColumn(0, nullptr) || list.GetVaskColumn(2, &column));
     EXPECT_TRUE(list.GetVaskColumn(0, &column));
-    EXPECT_EQ(column.heading, _T("Size"));
     ExpectCases<int>({
         CASE(column.savedPosition, 0),
-        CASE(column.trueColumn, 0),
-        CASE(column.visible, TRUE),
-        CASE(static_cast<int>(column.column.mask),
-             LVCF_FMT | LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM),
         CASE(column.column.fmt, LVCFMT_RIGHT),
         CASE(column.column.cx, 40),
         CASE(column.column.iSubItem, 3),
     });
     EXPECT_TRUE(list.GetVaskColumn(1, &column));
     EXPECT_EQ(column.savedPosition, -1);
-    EXPECT_EQ(column.column.mask, static_cast<UINT>(LVCF_FMT | LVCF_TEXT));
     EXPECT_EQ(CString(column.column.pszText), _T("Date"));
 
     // Keeps all fields of a descriptor, and later changes by the program.
@@ -195,14 +171,9 @@ TEST(VaskListCtrl, CopiesRecordsAndAlignsTheFirstColumn) {
     shown.cchTextMax = 20;
     EXPECT_TRUE(list.GetColumn(1, &shown) && list.GetVaskColumn(2, &column));
     EXPECT_EQ(CString(heading), _T("Type"));
-    EXPECT_EQ(CString(column.column.pszText), _T("Type"));
     EXPECT_EQ(column.heading, _T("Type"));
-    ExpectCases<int>({
-        CASE(shown.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_CENTER),
-        CASE(shown.cxMin, 33),
-        CASE(column.column.cxMin, 33),
-        CASE(static_cast<int>(column.column.mask), LVCF_MINWIDTH | LVCF_WIDTH),
-    });
+    EXPECT_EQ(shown.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_CENTER);
+    EXPECT_EQ(shown.cxMin, 33);
 }
 
 int CALLBACK CompareData(LPARAM first, LPARAM second, LPARAM) {
@@ -227,7 +198,6 @@ protected:
 TEST(VaskListCtrl, LetsAHostSupplyTheHeaderAndLostTexts) {
     ListParent parent;
     CRefilledList list;
-    CVaskListCtrl plain;
     EXPECT_TRUE(list.Create(WS_VISIBLE | LVS_REPORT, kListPlace, &parent, 5));
     EXPECT_FALSE(list.AutoSetColumnWidths(TRUE) || list.ResetColumns()) << "no columns";
     for (int i = 0; i < 3; ++i)
@@ -253,22 +223,6 @@ TEST(VaskListCtrl, LetsAHostSupplyTheHeaderAndLostTexts) {
     ::DestroyWindow(window);
 }
 
-TEST(VaskListCtrl, GetsItsNotificationsWhileItsParentExchangesData) {
-    ListParent parent;
-    CReportList list(parent);
-    list.AddColumns(1);
-    list.InsertItem(0, _T("a"));
-    list.InsertItem(1, _T("b"));
-    list.SetRowHighlightColor(RGB(0, 255, 0));
-    list.SetRowsHighlighted();
-    CRect rect;
-    list.GetItemRect(1, rect, LVIR_LABEL);
-    parent.m_onExchange = [&] {
-        EXPECT_EQ(Picture(list).At(rect.right - 4, (rect.top + rect.bottom) / 2), RGB(0, 255, 0));
-    };
-    EXPECT_TRUE(parent.UpdateData());
-}
-
 TEST(VaskListCtrl, IsAPlainListWithoutRecords) {
     ListParent parent;
     CReportList list(parent);
@@ -276,11 +230,7 @@ TEST(VaskListCtrl, IsAPlainListWithoutRecords) {
     list.InsertColumn(1, _T("Size"), LVCFMT_LEFT, 60);
     SetOrder(list, {1, 0});
     list.SetSortColumn(1);
-    LVCOLUMNW renamed = {};
-    renamed.mask = LVCF_TEXT;
-    renamed.pszText = const_cast<WCHAR*>(_T("Bytes"));
-    list.SetColumn(1, &renamed);
-    EXPECT_EQ(ColumnsOf(list), "1:60^ 0:50") << "the arrow outlives a new heading";
+    EXPECT_EQ(ColumnsOf(list), "1:60^ 0:50");
 }
 
 TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
@@ -297,13 +247,6 @@ TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
         header.PostMessage(WM_LBUTTONUP, 0, place);
         PumpMessages();
     };
-    const auto notify = [&](int inserted, int button) {
-        NMHEADERW note = {};
-        note.hdr = {HeaderOf(list).m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
-        note.iItem = inserted;
-        note.iButton = button;
-        list.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&note));
-    };
     const struct {
         const char* label;
         int clicked;
@@ -313,10 +256,9 @@ TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
     } rows[] = {
         {"first click", 1, false, true, "2 up;", "1:60 2:70^ | 0:50"},
         {"again", 1, false, true, "2 down;", "1:60 2:70v | 0:50"},
+        {"blocked", 0, true, true, "", "1:60 2:70v | 0:50"},
         {"another column", 0, false, true, "1 up;", "1:60^ 2:70 | 0:50"},
-        {"blocked", 0, true, true, "", "1:60^ 2:70 | 0:50"},
-        {"free again", 0, false, true, "1 down;", "1:60v 2:70 | 0:50"},
-        {"not sorted", 1, false, false, "2 up;", "1:60v 2:70 | 0:50"},
+        {"not sorted", 1, false, false, "2 up;", "1:60^ 2:70 | 0:50"},
     };
     for (const auto& row : rows) {
         list.BlockHeaderSort(row.isBlocked);
@@ -326,7 +268,11 @@ TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
         EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
     }
     for (const auto& [inserted, button] : {std::pair(0, 1), {-1, 0}, {9, 0}}) {
-        notify(inserted, button);
+        NMHEADERW note = {};
+        note.hdr = {HeaderOf(list).m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
+        note.iItem = inserted;
+        note.iButton = button;
+        list.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&note));
         EXPECT_EQ(list.TakeSeen(), "") << "button " << button << " on " << inserted;
     }
 }
@@ -408,46 +354,6 @@ TEST(VaskListCtrl, EndsWithItsMenuOrDialogOpen) {
     }
 }
 
-TEST(VaskListCtrl, SavesAndLoadsItsColumnsInThreePlaces) {
-    TestKey key;
-    CWinApp app(_T("Lists"));
-    // The profile's sections are then below the test's key.
-    app.SetRegistryKey(_T("Quorvel tests"));
-    ::free(const_cast<WCHAR*>(app.m_pszProfileName));
-    app.m_pszProfileName = ::wcsdup(key.Path().Mid(key.Path().ReverseFind('\\') + 1));
-    const CRegistryPath path(HKEY_CURRENT_USER, key.Path());
-
-    ListParent parent;
-    CReportList saved(parent);
-    saved.AddColumns(4);
-    SetOrder(saved, {3, 1, 0, 2});
-    saved.ShowVaskColumn(2, FALSE);
-    saved.SetSortColumn(1);
-    saved.SetSortAscending(FALSE);
-    const char* const columns = "3:80 1:60v 0:50 | 2:70";
-    typedef CVaskListCtrl& List;
-    const struct {
-        const char* label;
-        std::function<BOOL(List)> save, load;
-    } rows[] = {
-        {"key", [&](List list) { return list.SaveState(key.Get(), FALSE); },
-         [&](List list) { return list.LoadState(key.Get(), FALSE); }},
-        {"path", [&](List list) { return list.SaveState(path); },
-         [&](List list) { return list.LoadState(path); }},
-        {"section", [](List list) { return list.SaveState(_T("View")); },
-         [](List list) { return list.LoadState(_T("View")); }},
-    };
-    for (const auto& row : rows) {
-        CReportList loaded(parent);
-        loaded.AddColumns(4);
-        EXPECT_FALSE(row.load(loaded) && ColumnsOf(loaded) == columns) << row.label;
-        EXPECT_TRUE(row.save(saved) && row.load(loaded)) << row.label;
-        EXPECT_EQ(ColumnsOf(loaded), columns) << row.label;
-        EXPECT_EQ(loaded.TakeSeen(), "") << row.label << ": loading does not sort";
-        TestKey::RemoveTree(key.Get(), _T("Columns"));
-    }
-}
-
 TEST(VaskListCtrl, ShowsATextWhileItIsEmpty) {
     constexpr COLORREF kRed = RGB(255, 0, 0);
     ListParent parent;
@@ -471,7 +377,7 @@ TEST(VaskListCtrl, ShowsATextWhileItIsEmpty) {
     for (const auto& row : rows) {
         EXPECT_EQ(list.SetEmptyTextAlignment(row.alignment), row.isTaken) << row.alignment;
         const CRect drawn = bounds();
-        EXPECT_FALSE(drawn.IsRectEmpty()) << row.alignment;
+        EXPECT_FALSE(drawn.IsRectEmpty());
         EXPECT_GE(drawn.top, header.bottom) << row.alignment;
         EXPECT_GE(drawn.left, row.left) << row.alignment;
         EXPECT_LE(drawn.right, row.right) << row.alignment;
@@ -480,17 +386,8 @@ TEST(VaskListCtrl, ShowsATextWhileItIsEmpty) {
     EXPECT_TRUE(bounds().IsRectEmpty()) << "an item";
     list.DeleteAllItems();
     EXPECT_FALSE(bounds().IsRectEmpty()) << "empty again";
-
-    list.SetEmptyTextColor(CLR_DEFAULT);
-    const INT grey = COLOR_GRAYTEXT;
-    const COLORREF former = ::GetSysColor(grey);
-    ::SetSysColors(1, &grey, &kRed);
-    list.Invalidate();
-    EXPECT_FALSE(bounds().IsRectEmpty()) << "the system's colour of now";
-    ::SetSysColors(1, &grey, &former);
     EXPECT_FALSE(list.SetEmptyText(nullptr) || !list.HasEmptyText());
     EXPECT_TRUE(list.SetEmptyText(_T("")) && !list.HasEmptyText());
-    EXPECT_EQ(list.GetEmptyTextColor(), former);
 }
 
 TEST(VaskListCtrl, HighlightsEverySecondRow) {
@@ -513,12 +410,13 @@ TEST(VaskListCtrl, HighlightsEverySecondRow) {
         return rows;
     };
     EXPECT_EQ(highlighted(), "-+-+");
+    parent.m_onExchange = [&] { EXPECT_EQ(highlighted(), "-+-+") << "notified all the same"; };
+    list.Invalidate();
+    EXPECT_TRUE(parent.UpdateData());
     list.DeleteItem(0);
     EXPECT_EQ(highlighted(), "-+-") << "the rows below have moved";
     list.SetRowsHighlighted(FALSE);
     EXPECT_EQ(highlighted(), "---");
-    list.SetRowHighlightColor(CLR_DEFAULT);
-    EXPECT_NE(list.GetRowHighlightColor(), ::GetSysColor(COLOR_WINDOW));
 }
 
 TEST(VaskListCtrl, SelectsAndMovesItems) {
@@ -548,23 +446,21 @@ TEST(VaskListCtrl, SelectsAndMovesItems) {
     } rows[] = {
         {"select", [&] { return list.SelectItem(0); }, TRUE, "*a! b c asked"},
         {"one more", [&] { return list.SelectItem(2); }, TRUE, "*a b *c! asked"},
-        {"move two", [&] { return list.MoveSelectedItemUp(); }, -1, "*a b *c! asked"},
-        {"the single one of two", [&] { return list.GetSingleSelectionItem(); }, -1,
-         "*a b *c! asked"},
+        {"two do not move", [&] { return list.MoveSelectedItemUp(); }, -1, "*a b *c! asked"},
         {"unselect", [&] { return list.SelectItem(2, FALSE); }, TRUE, "*a b c! asked"},
-        {"no item", [&] { return list.SelectItem(-1); }, FALSE, "*a b c! asked"},
         {"first up", [&] { return list.MoveSelectedItemUp(); }, -1, "*a b c! asked"},
         {"check", [&] { return list.HasCheckedItem() + 2 * list.SetCheck(0); }, 2, "*a b c! asked"},
         {"down", [&] { return list.MoveSelectedItemDown(); }, 1, "b *a c! asked"},
-        {"its check", [&] { return list.GetCheck(1) && !list.GetCheck(0); }, TRUE, "b *a c! asked"},
-        {"its other text", [&] { return list.GetItemText(1, 1) == longText; }, TRUE,
-         "b *a c! asked"},
+        {"its check and its other text",
+         [&] {
+             return list.GetCheck(1) && !list.GetCheck(0) && list.GetItemText(1, 1) == longText;
+         },
+         TRUE, "b *a c! asked"},
         {"all", [&] { return list.SelectAllItems(); }, TRUE, "*b *a *c! *asked"},
         {"none", [&] { return list.UnselectAllItems(); }, TRUE, "b a c! asked"},
         {"last down", [&] { return list.SelectItem(3), list.MoveSelectedItemDown(); }, -1,
          "b a c *asked!"},
         {"an asked text up", [&] { return list.MoveSelectedItemUp(); }, 2, "b a *asked! c"},
-        {"checked", [&] { return list.HasCheckedItem(); }, TRUE, "b a *asked! c"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(row.act(), row.result) << row.label;
@@ -603,26 +499,21 @@ TEST(SortHeaderCtrl, DrawsItsOwnArrowWhereThePlatformHasNone) {
     const Picture none(header);
     CRect second;
     header.GetItemRect(1, second);
-    std::vector<CRect> arrows;
     for (const BOOL ascending : {TRUE, FALSE}) {
         header.SetSort(1, ascending);
         const Picture arrow(header);
-        arrows.push_back(
-            arrow.Bounds([&](int x, int y) { return arrow.At(x, y) != none.At(x, y); }));
-        EXPECT_FALSE(arrows.back().IsRectEmpty());
-        EXPECT_GE(arrows.back().left, second.left + second.Width() / 2);
-        EXPECT_LE(arrows.back().right, second.right);
-        const int middle = (arrows.back().left + arrows.back().right - 1) / 2;
-        EXPECT_EQ(arrow.At(middle, arrows.back().top) ==
-                      arrow.At(arrows.back().left, arrows.back().top),
-                  !ascending)
+        const CRect drawn =
+            arrow.Bounds([&](int x, int y) { return arrow.At(x, y) != none.At(x, y); });
+        EXPECT_FALSE(drawn.IsRectEmpty());
+        EXPECT_GE(drawn.left, second.left + second.Width() / 2);
+        EXPECT_LE(drawn.right, second.right);
+        const int middle = (drawn.left + drawn.right - 1) / 2;
+        EXPECT_EQ(arrow.At(middle, drawn.top) == arrow.At(drawn.left, drawn.top), !ascending)
             << "the tip is above when ascending";
     }
     EXPECT_EQ(ColumnsOf(list), "0:50 1:60") << "the platform is not asked to";
     header.SetOwnArrow(FALSE);
     EXPECT_EQ(ColumnsOf(list), "0:50 1:60v");
-    header.SetSort(-1, TRUE);
-    EXPECT_EQ(ColumnsOf(list), "0:50 1:60");
 }
 
 } // namespace

