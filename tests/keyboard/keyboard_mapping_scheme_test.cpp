@@ -29,104 +29,100 @@ Scheme ThreeCommands() {
 } // namespace
 
 TEST(KeyboardMappingScheme, GivesAKeyToOneCommand) {
+    // What the rows do.
+    typedef std::function<BOOL(Scheme&)> Change;
+    const auto add = [](UINT command, const WCHAR* text, const CShortcutKey& key) -> Change {
+        return
+            [=](Scheme& s) { return s.AddKeyboardShortcut(CKeyboardShortcut(command, text, key)); };
+    };
+    const auto set = [](UINT command, const CShortcutKey& key) -> Change {
+        return [=](Scheme& s) { return s.SetShortcutKey(command, key); };
+    };
+    const auto remove = [](UINT command) -> Change {
+        return [=](Scheme& s) { return s.RemoveKeyboardShortcutUsingCommandID(command); };
+    };
+    const auto clear = [](UINT command) -> Change {
+        return [=](Scheme& s) { return s.ClearKeyboardShortcutUsingCommandID(command); };
+    };
+    const char* const kUnchanged = "100 Open C79; 200 Close -; 300 Save C83";
+    const CShortcutKey ctrlO = Key('O', kCtrl);
     const struct {
         const char* label;
-        std::function<BOOL(Scheme&)> change;
-        BOOL result;
+        std::vector<Change> changes;
+        BOOL result; // of the last one
         const char* scheme;
     } rows[] = {
-        {"as it begins", [](Scheme&) { return TRUE; }, TRUE,
-         "100 Open C79; 200 Close -; 300 Save C83"},
         {"a new command takes a key",
-         [](Scheme& s) {
-             return s.AddKeyboardShortcut({50, _T("Stop"), kCtrlS});
-         },
-         TRUE, "50 Stop C83; 100 Open C79; 200 Close -; 300 Save -"},
+         {add(50, _T("Stop"), kCtrlS)},
+         TRUE,
+         "50 Stop C83; 100 Open C79; 200 Close -; 300 Save -"},
         {"a known command is replaced",
-         [](Scheme& s) {
-             return s.AddKeyboardShortcut({300, _T("Store"), Key('O', kCtrl)});
-         },
-         TRUE, "100 Open -; 200 Close -; 300 Store C79"},
-        {"its own key",
-         [](Scheme& s) {
-             return s.AddKeyboardShortcut({300, nullptr, kCtrlS});
-         },
-         TRUE, "100 Open C79; 200 Close -; 300 C83"},
+         {add(300, _T("Store"), ctrlO)},
+         TRUE,
+         "100 Open -; 200 Close -; 300 Store C79"},
+        {"its own key", {add(300, nullptr, kCtrlS)}, TRUE, "100 Open C79; 200 Close -; 300 C83"},
         {"a command without a key takes none",
-         [](Scheme& s) {
-             return s.AddKeyboardShortcut({400, CShortcutKey()});
-         },
-         TRUE, "100 Open C79; 200 Close -; 300 Save C83; 400 -"},
+         {add(400, nullptr, CShortcutKey())},
+         TRUE,
+         "100 Open C79; 200 Close -; 300 Save C83; 400 -"},
         {"the extended key is another one",
-         [](Scheme& s) { return s.SetShortcutKey(200, Key('S', kCtrl | kExtended)); }, TRUE,
+         {set(200, Key('S', kCtrl | kExtended))},
+         TRUE,
          "100 Open C79; 200 Close Cx83; 300 Save C83"},
-        {"set", [](Scheme& s) { return s.SetShortcutKey(200, kCtrlS); }, TRUE,
-         "100 Open C79; 200 Close C83; 300 Save -"},
-        {"set twice",
-         [](Scheme& s) {
-             return s.SetShortcutKey(200, kCtrlS) && s.SetShortcutKey(100, kCtrlS) &&
-                    s.SetShortcutKey(300, Key('O', kCtrl));
-         },
-         TRUE, "100 Open C83; 200 Close -; 300 Save C79"},
-        {"set an unknown command", [](Scheme& s) { return s.SetShortcutKey(250, kCtrlS); }, FALSE,
-         "100 Open C79; 200 Close -; 300 Save C83"},
-        {"clear a key", [](Scheme& s) { return s.ClearShortcutKey(kCtrlS); }, TRUE,
+        {"set several times",
+         {set(200, kCtrlS), set(100, kCtrlS), set(300, ctrlO)},
+         TRUE,
+         "100 Open C83; 200 Close -; 300 Save C79"},
+        {"set an unknown command", {set(250, kCtrlS)}, FALSE, kUnchanged},
+        {"clear a key",
+         {[](Scheme& s) { return s.ClearShortcutKey(kCtrlS); }},
+         TRUE,
          "100 Open C79; 200 Close -; 300 Save -"},
-        {"clear a key that nobody has", [](Scheme& s) { return s.ClearShortcutKey(Key('Q')); },
-         FALSE, "100 Open C79; 200 Close -; 300 Save C83"},
-        {"clear a command", [](Scheme& s) { return s.ClearKeyboardShortcutUsingCommandID(100); },
-         TRUE, "100 Open -; 200 Close -; 300 Save C83"},
-        {"clear an unknown command",
-         [](Scheme& s) { return s.ClearKeyboardShortcutUsingCommandID(0); }, FALSE,
-         "100 Open C79; 200 Close -; 300 Save C83"},
-        {"remove", [](Scheme& s) { return s.RemoveKeyboardShortcutUsingCommandID(100); }, TRUE,
-         "200 Close -; 300 Save C83"},
-        {"remove an unknown command",
-         [](Scheme& s) { return s.RemoveKeyboardShortcutUsingCommandID(101); }, FALSE,
-         "100 Open C79; 200 Close -; 300 Save C83"},
+        {"clear a key that nobody has",
+         {[](Scheme& s) { return s.ClearShortcutKey(Key('Q')); }},
+         FALSE,
+         kUnchanged},
+        {"clear a command", {clear(100)}, TRUE, "100 Open -; 200 Close -; 300 Save C83"},
+        {"clear an unknown command", {clear(0)}, FALSE, kUnchanged},
+        {"remove an unknown command", {remove(101)}, FALSE, kUnchanged},
         {"a removed command's key",
-         [](Scheme& s) {
-             return s.RemoveKeyboardShortcutUsingCommandID(300) && s.SetShortcutKey(200, kCtrlS);
-         },
-         TRUE, "100 Open C79; 200 Close C83"},
+         {remove(300), set(200, kCtrlS)},
+         TRUE,
+         "100 Open C79; 200 Close C83"},
         {"clear all",
-         [](Scheme& s) {
-             s.ClearAllShortcutKeys();
-             return s.SetShortcutKey(300, Key('O', kCtrl));
-         },
-         TRUE, "100 Open -; 200 Close -; 300 Save C79"},
+         {[](Scheme& s) { return s.ClearAllShortcutKeys(), TRUE; }, set(300, ctrlO)},
+         TRUE,
+         "100 Open -; 200 Close -; 300 Save C79"},
         {"reset to other keys",
-         [](Scheme& s) {
-             Scheme defaults;
-             defaults.AddKeyboardShortcut({100, _T("x"), kCtrlS});
-             defaults.AddKeyboardShortcut({900, _T("y"), Key('Y')});
-             s.ResetAllShortcutKeys(defaults);
-             return s.AddKeyboardShortcut({200, _T("Close"), kCtrlS});
-         },
-         TRUE, "100 Open -; 200 Close C83; 300 Save -"},
-        {"reset to nothing",
-         [](Scheme& s) {
-             s.ResetAllShortcutKeys(Scheme());
-             return TRUE;
-         },
-         TRUE, "100 Open -; 200 Close -; 300 Save -"},
+         {[](Scheme& s) {
+              Scheme defaults;
+              defaults.AddKeyboardShortcut({100, _T("x"), kCtrlS});
+              defaults.AddKeyboardShortcut({900, _T("y"), Key('Y')});
+              return s.ResetAllShortcutKeys(defaults), TRUE;
+          },
+          add(200, _T("Close"), kCtrlS)},
+         TRUE,
+         "100 Open -; 200 Close C83; 300 Save -"},
         {"reset one command",
-         [](Scheme& s) {
-             Scheme defaults;
-             LoadDefaults(defaults);
-             return s.SetShortcutKey(200, kCtrlS) && s.SetShortcutKey(100, Key('Q')) &&
-                    s.ResetShortcutKey(300, defaults);
-         },
-         TRUE, "100 Open 81; 200 Close -; 300 Save C83"},
-        {"reset an unknown command", [](Scheme& s) { return s.ResetShortcutKey(1, s); }, FALSE,
-         "100 Open C79; 200 Close -; 300 Save C83"},
+         {set(200, kCtrlS), set(100, Key('Q')),
+          [](Scheme& s) { return s.ResetShortcutKey(300, ThreeCommands()); }},
+         TRUE,
+         "100 Open 81; 200 Close -; 300 Save C83"},
+        {"reset an unknown command",
+         {[](Scheme& s) { return s.ResetShortcutKey(1, s); }},
+         FALSE,
+         kUnchanged},
         {"all assigned into itself",
-         [](Scheme& s) { return s.GetAssignedKeyboardShortcuts(s) == 2; }, TRUE,
+         {[](Scheme& s) { return s.GetAssignedKeyboardShortcuts(s) == 2; }},
+         TRUE,
          "100 Open C79; 300 Save C83"},
     };
     for (const auto& row : rows) {
         Scheme scheme = ThreeCommands();
-        EXPECT_EQ(row.change(scheme), row.result) << row.label;
+        BOOL result = FALSE;
+        for (const Change& change : row.changes)
+            result = change(scheme);
+        EXPECT_EQ(result, row.result) << row.label;
         EXPECT_EQ(TextOf(scheme), row.scheme) << row.label;
     }
 }
@@ -135,20 +131,14 @@ TEST(KeyboardMappingScheme, FindsCommandsAndKeys) {
     const Scheme scheme = ThreeCommands();
     CKeyboardShortcut marker(7, _T("marker"), Key('M'));
     ExpectCases<int>({
-        CASE(scheme.GetKeyboardShortcutCount(), 3),
-        CASE(scheme.GetAssignedKeyboardShortuctCount(), 2),
         CASE(scheme.GetAcceleratorEntries(), 2),
-        CASE(scheme.FindCommandID(100), 0),
         CASE(scheme.FindCommandID(300), 2),
-        CASE(scheme.FindCommandID(0), -1),
         CASE(scheme.FindCommandID(250), -1),
         CASE(scheme.FindCommandID(UINT_MAX), -1),
-        CASE(scheme.FindShortcutKey(kCtrlS), 2),
         CASE(scheme.FindShortcutKey(Key('S')), -1),
         CASE(scheme.FindShortcutKey(CShortcutKey()), 1),
         CASE(scheme.GetKeyboardShortcut(-1, marker), FALSE),
         CASE(scheme.GetKeyboardShortcut(3, marker), FALSE),
-        CASE(scheme.GetKeyboardShortcut(INT_MAX, marker), FALSE),
     });
     EXPECT_EQ(marker, CKeyboardShortcut(7, _T("marker"), Key('M')));
     EXPECT_FALSE(scheme.GetKeyboardShortcutUsingCommandID(250, marker));
@@ -161,14 +151,11 @@ TEST(KeyboardMappingScheme, FindsCommandsAndKeys) {
     EXPECT_EQ(scheme.GetAssignedKeyboardShortcuts(assigned), 2);
     EXPECT_EQ(TextOf(assigned), "100 Open C79; 300 Save C83");
     EXPECT_EQ(assigned.GetName(), _T("kept"));
-    EXPECT_EQ(assigned.FindShortcutKey(CShortcutKey()), -1);
 
     std::vector<boost::shared_ptr<CKeyboardShortcutVirtualListCtrlItem>> rows(5);
     scheme.GetKeyboardMappingScheme(rows);
     ASSERT_EQ(rows.size(), 3u);
-    EXPECT_EQ(rows[2]->GetSubItemText(0), _T("Save"));
-    EXPECT_EQ(rows[2]->GetSubItemText(1), _T("Ctrl+S"));
-    EXPECT_EQ(rows[2]->GetSubItemText(2), _T(""));
+    EXPECT_EQ(rows[2]->GetSubItemText(0) + rows[2]->GetSubItemText(1), _T("SaveCtrl+S"));
     rows[2]->GetKeyboardShortcut().SetShortcutKey(Key(VK_DELETE));
     EXPECT_EQ(rows[2]->GetSubItemText(1), _T("Delete")) << "the name follows the key";
     EXPECT_EQ(scheme.FindShortcutKey(kCtrlS), 2) << "rows are copies";
@@ -179,16 +166,12 @@ TEST(KeyboardMappingScheme, ComparesNameShortcutsAndFunction) {
     EXPECT_EQ(scheme, Scheme(_T("A"), LoadDefaults));
     EXPECT_NE(scheme, Scheme(_T("a"), LoadDefaults));
     EXPECT_NE(scheme, Scheme(_T("A"), LoadNothing));
-    EXPECT_EQ(Scheme(), Scheme(nullptr, nullptr));
     Scheme filled = scheme;
     EXPECT_TRUE(filled.LoadDefaultMappingScheme());
     EXPECT_EQ(TextOf(filled), "100 Open C79; 300 Save C83");
     EXPECT_NE(filled, scheme);
     EXPECT_FALSE(Scheme().LoadDefaultMappingScheme());
-    EXPECT_FALSE(filled.SetName(nullptr));
-    EXPECT_FALSE(filled.SetLoadDefaultMappingSchemeFunction(nullptr));
-    EXPECT_EQ(filled.GetName(), _T("A"));
-    EXPECT_EQ(filled.GetLoadDefaultMappingSchemeFunction(), LoadDefaults);
+    EXPECT_FALSE(filled.SetName(nullptr) || filled.SetLoadDefaultMappingSchemeFunction(nullptr));
 }
 
 TEST(KeyboardMappingScheme, TakesTablesAndVectorsAsTheyAre) {
@@ -250,10 +233,7 @@ TEST(KeyboardMappingScheme, SortsAndKeepsTheOrderOfEqualOnes) {
          "4 6 2 1 3 5", "3 5 1 2 6 4"},
     };
     Scheme scheme;
-    scheme.AddKeyboardShortcut({1,
-                                _T("\x00d6"
-                                   "ffnen"),
-                                Key('C', kCtrl | kAlt)});
+    scheme.AddKeyboardShortcut({1, _T("\u00d6ffnen"), Key('C', kCtrl | kAlt)});
     scheme.AddKeyboardShortcut({2, _T("close"), Key('D', kCtrl)});
     scheme.AddKeyboardShortcut({3, _T("bold"), CShortcutKey()});
     scheme.AddKeyboardShortcut({4, _T("B"), Key('Q')});

@@ -31,8 +31,7 @@ std::string LabelsOf(const std::vector<BYTE>& menu) {
     std::string text = quorvel::ReadMenuLabels(menu, labels) ? "" : "damaged:";
     for (const auto& [command, label] : labels) {
         text += " ";
-        text += std::to_string(command) + "=";
-        text += label.ToUTF8();
+        text += std::to_string(command) + "=" + label.ToUTF8();
     }
     return text;
 }
@@ -81,30 +80,23 @@ TEST(ResourceReader, ReadsMenusOfBothForms) {
 }
 
 TEST(ModuleShortcuts, AreReadFromAFile) {
-    const struct {
-        const WCHAR* file;
-        BOOL result;
-        int damaged;
-        const char* schemes;
-    } rows[] = {
-        {_T("keys.dll"), TRUE, 1,
+    const std::tuple<const WCHAR*, int, const char*> rows[] = {
+        {_T("keys.dll"), 1,
          "MAIN: 100 Save As... C83; 101 C116; 102 S65; 100 Save As... 113|7: 101 A113|"},
-        {_T("strings_only.dll"), FALSE, 0, ""},
-        {_T("no_resources.dll"), FALSE, 0, ""},
+        {_T("strings_only.dll"), 0, ""},
+        {_T("no_resources.dll"), 0, ""},
     };
-    for (const auto& row : rows) {
-        const HMODULE module = LoadLibraryExW(Sample(row.file), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-        ASSERT_NE(module, nullptr) << CString(row.file);
+    for (const auto& [file, expectedDamaged, expected] : rows) {
+        const HMODULE module = LoadLibraryExW(Sample(file), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+        ASSERT_NE(module, nullptr) << CString(file);
         std::vector<CKeyboardMappingScheme> schemes(2);
         int damaged = -1;
-        EXPECT_EQ(AfxGetModuleShortcuts(module, schemes, damaged), row.result);
-        EXPECT_EQ(damaged, row.damaged);
+        EXPECT_EQ(AfxGetModuleShortcuts(module, schemes, damaged), *expected != 0);
+        EXPECT_EQ(damaged, expectedDamaged);
         std::string text;
-        for (const CKeyboardMappingScheme& scheme : schemes) {
-            text += scheme.GetName().ToUTF8() + ": ";
-            text += TextOf(scheme) + "|";
-        }
-        EXPECT_EQ(text, row.schemes) << CString(row.file);
+        for (const CKeyboardMappingScheme& scheme : schemes)
+            text += scheme.GetName().ToUTF8() + ": " + TextOf(scheme) + "|";
+        EXPECT_EQ(text, expected) << CString(file);
         FreeLibrary(module);
     }
 }

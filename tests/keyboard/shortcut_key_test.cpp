@@ -25,14 +25,6 @@ TEST(ShortcutKey, HasANameAndARank) {
         {Key(VK_DELETE, kCtrl), _T("Ctrl+Delete"), _T("Ctrl+Num Del"), 2},
         {Key(VK_DELETE, kCtrl | kExtended), _T("Ctrl+Delete"), _T("Ctrl+Delete"), 2},
         {Key(VK_PRIOR), _T("Page Up"), _T("Num 9"), 1},
-        {Key(VK_NEXT), _T("Page Down"), _T("Num 3"), 1},
-        {Key(VK_END), _T("End"), _T("Num 1"), 1},
-        {Key(VK_HOME), _T("Home"), _T("Num 7"), 1},
-        {Key(VK_LEFT), _T("Left"), _T("Num 4"), 1},
-        {Key(VK_UP), _T("Up"), _T("Num 8"), 1},
-        {Key(VK_RIGHT), _T("Right"), _T("Num 6"), 1},
-        {Key(VK_DOWN), _T("Down"), _T("Num 2"), 1},
-        {Key(VK_INSERT), _T("Insert"), _T("Num 0"), 1},
         {Key(VK_CLEAR), _T(""), _T("Num 5"), 1}, // the platform has no name for the extended one
         {Key(VK_RETURN, kExtended), _T("Enter"), _T("Num Enter"), 1},
         {Key(VK_DIVIDE, kExtended), _T("Num /"), _T("Num /"), 1},
@@ -44,43 +36,31 @@ TEST(ShortcutKey, HasANameAndARank) {
         EXPECT_EQ(row.key.GetShortcutKeyName(0), row.storedName) << TextOf(row.key);
         EXPECT_EQ(row.key.GetModifiersSortingRank(), row.rank) << TextOf(row.key);
     }
-    EXPECT_EQ(AfxGetKeyName(LONG{0x001c0000}), _T("Enter"));
     EXPECT_EQ(AfxGetKeyName(LONG{0x011c0000}), _T("Num Enter"));
     EXPECT_EQ(AfxGetKeyName(UINT{VK_RETURN}, TRUE), _T("Num Enter"));
 }
 
 TEST(ShortcutKey, ComparesCodeAndAllModifiers) {
-    const CShortcutKey key = Key(VK_DELETE, kCtrl);
-    const CShortcutKey extended = Key(VK_DELETE, kCtrl | kExtended);
-    EXPECT_NE(key, extended);
-    EXPECT_FALSE(key.DoesKeyMatch(VK_DELETE, kCtrl | kExtended));
+    EXPECT_FALSE(Key(VK_DELETE, kCtrl).DoesKeyMatch(VK_DELETE, kCtrl | kExtended));
     EXPECT_TRUE(Key(0, kExtended).IsKeySet());
     EXPECT_FALSE(Key(VK_F1, kExtended | 0x10).UsesKeyModifier());
-    EXPECT_EQ(CShortcutKey(), Key(CShortcutKey::DEFAULT_VIRTUAL_KEY_CODE));
 }
 
 TEST(KeyboardShortcut, BecomesAnAcceleratorAndBack) {
-    const struct {
-        CShortcutKey key;
-        int flags;
-    } rows[] = {
+    const std::pair<CShortcutKey, int> rows[] = {
         {Key('S', kCtrl), FVIRTKEY | FCONTROL},
         {Key('S', kShift), FVIRTKEY | FSHIFT},
         {Key('S', kAlt), FVIRTKEY | FALT},
-        {Key(VK_F9, kCtrl | kShift | kAlt), FVIRTKEY | FCONTROL | FSHIFT | FALT},
         {Key(VK_DELETE, kExtended), FVIRTKEY},
         {CShortcutKey(), FVIRTKEY},
         {Key('S', 0xf0), FVIRTKEY},
     };
-    for (const auto& row : rows) {
-        const ACCEL accel = CKeyboardShortcut(0x12345, _T("Save"), row.key).GetAccel();
-        EXPECT_EQ(accel.fVirt, row.flags) << TextOf(row.key);
-        EXPECT_EQ(accel.key, row.key.GetVirtualKeyCode());
+    for (const auto& [key, flags] : rows) {
+        const ACCEL accel = CKeyboardShortcut(0x12345, _T("Save"), key).GetAccel();
+        EXPECT_EQ(accel.fVirt, flags) << TextOf(key);
         EXPECT_EQ(accel.cmd, 0x2345);
-        const CKeyboardShortcut back(accel, row.key.IsExtendedKey());
-        EXPECT_EQ(back.GetCommandID(), 0x2345u);
-        EXPECT_FALSE(back.HasCommandText());
-        EXPECT_EQ(TextOf(back.GetShortcutKey()), TextOf(row.key));
+        EXPECT_EQ(TextOf(CKeyboardShortcut(accel, key.IsExtendedKey()).GetShortcutKey()),
+                  TextOf(key));
     }
 }
 
@@ -109,7 +89,6 @@ TEST(KeyboardShortcut, TakesCharactersOfAcceleratorsByTheLayout) {
 TEST(KeyboardShortcut, RefusesANullText) {
     CKeyboardShortcut shortcut(5, _T("Save"), Key('S', kCtrl));
     EXPECT_FALSE(shortcut.SetCommandText(nullptr));
-    EXPECT_EQ(shortcut.GetCommandText(), _T("Save"));
     EXPECT_NE(shortcut, CKeyboardShortcut(5, _T("save"), Key('S', kCtrl)));
     EXPECT_TRUE(shortcut.SetCommandText(_T("")));
     EXPECT_EQ(shortcut, CKeyboardShortcut(5, nullptr, Key('S', kCtrl)));

@@ -11,14 +11,10 @@ TEST(ShortcutKeyText, IsReadBack) {
         {CShortcutKey(), _T("")},
         {Key(VK_F5, kCtrl | kShift), _T("Ctrl+Shift+F5")},
         {Key(VK_DELETE, kAlt | kExtended), _T("Alt+Ext+Delete")},
-        {Key('A'), _T("A")},
-        {Key('0', kShift), _T("Shift+0")},
-        {Key(VK_F24), _T("F24")},
         {Key(VK_NUMPAD9), _T("Num 9")},
         {Key(VK_ADD, kCtrl), _T("Ctrl+Num Plus")},
         {Key(VK_OEM_PLUS, kCtrl), _T("Ctrl+OEM Plus")},
         {Key(VK_OEM_102), _T("OEM 102")},
-        {Key(VK_PAUSE), _T("Pause")},
         {Key(0, kCtrl), _T("Ctrl+")},
         {Key(7), _T("#7")},
         {Key(0xffff, kAlt), _T("Alt+#65535")},
@@ -37,38 +33,24 @@ TEST(ShortcutKeyText, IsReadBack) {
 }
 
 TEST(ShortcutKeyText, IsReadAsPeopleWriteIt) {
-    const struct {
-        const WCHAR* text;
-        const char* key; // "M": refused, with the marker unchanged
-    } rows[] = {
+    const std::pair<const WCHAR*, const char*> rows[] = {
         {_T(" shift + CTRL+a "), "CS65"},
         {_T("page up"), "33"},
         {_T("Ctrl+#65"), "C65"},
         {_T("Ctrl+"), "C0"},
-        {_T("Ctrl"), "M"},
-        {_T("+"), "M"},
-        {_T("A+B"), "M"},
-        {_T("Ctrl+Ctrl+A"), "M"},
-        {_T("Strg+A"), "M"},
-        {_T("F25"), "M"},
-        {_T("F0"), "M"},
-        {_T("#65536"), "M"},
-        {_T("#"), "M"},
-        {_T("#-1"), "M"},
-        {_T("Num 10"), "M"},
-        {_T("AB"), "M"},
-        {nullptr, "M"},
     };
-    for (const auto& row : rows) {
-        CShortcutKey key = Key('M', 0xff);
-        const BOOL isRead = AfxParseShortcutKeyText(row.text, key);
-        EXPECT_EQ(isRead, std::string(row.key) != "M") << CString(row.text);
-        EXPECT_EQ(isRead                  ? TextOf(key)
-                  : key == Key('M', 0xff) ? "M"
-                                          : "changed",
-                  row.key)
-            << CString(row.text);
+    for (const auto& [text, expected] : rows) {
+        CShortcutKey key;
+        EXPECT_TRUE(AfxParseShortcutKeyText(text, key)) << CString(text);
+        EXPECT_EQ(TextOf(key), expected) << CString(text);
     }
-    CShortcutKey key;
-    EXPECT_FALSE(AfxParseShortcutKeyText(CString('x', 100000), key));
+    const CString longText('x', 100000);
+    for (const WCHAR* const text :
+         {_T("Ctrl"), _T("+"), _T("A+B"), _T("Ctrl+Ctrl+A"), _T("Strg+A"), _T("F25"), _T("F0"),
+          _T("#65536"), _T("#"), _T("#-1"), _T("Num 10"), _T("AB"), longText.GetString(),
+          static_cast<const WCHAR*>(nullptr)}) {
+        CShortcutKey key = Key('M', 0xff);
+        EXPECT_FALSE(AfxParseShortcutKeyText(text, key)) << CString(text).Left(50);
+        EXPECT_EQ(key, Key('M', 0xff)) << CString(text).Left(50);
+    }
 }

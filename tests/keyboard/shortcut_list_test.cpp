@@ -7,22 +7,6 @@ using quorvel::ShortcutList;
 
 namespace {
 
-void LoadDefaults(CKeyboardMappingScheme& scheme) {
-    scheme.AddKeyboardShortcut({1, _T("Open"), Key('O', kCtrl)});
-    scheme.AddKeyboardShortcut({2, _T("save"), Key('S', kCtrl)});
-    scheme.AddKeyboardShortcut({3, _T("Refresh"), Key(VK_F5)});
-    scheme.AddKeyboardShortcut({4, _T("Close"), CShortcutKey()});
-}
-
-const CKeyboardMappingScheme& Defaults() {
-    static const CKeyboardMappingScheme s_scheme = [] {
-        CKeyboardMappingScheme scheme(_T("Default"), LoadDefaults);
-        scheme.LoadDefaultMappingScheme();
-        return scheme;
-    }();
-    return s_scheme;
-}
-
 // The rows as shown: "1:C79 4:-".
 std::string RowsOf(const ShortcutList& list) {
     std::string text;
@@ -44,35 +28,17 @@ int Set(ShortcutList& list, int row, const CShortcutKey& key) {
     return list.SetKey(row, key, former) ? former : -9;
 }
 
-// As an accelerator table has them: in no order, and a command with two keys.
-void LoadTable(CKeyboardMappingScheme& scheme) {
-    scheme.SetKeyboardShortcuts(
-        {{7, Key('G', kCtrl)}, {3, Key('C', kCtrl)}, {5, Key(VK_F5)}, {3, Key(VK_INSERT, kCtrl)}});
-}
-
-struct Edited {
-    const char* label;
-    std::function<int(ShortcutList&)> edit;
-    int result;
-    const char* rows;
-};
-
-void ExpectEdits(std::initializer_list<Edited> rows) {
-    for (const Edited& row : rows) {
-        ShortcutList list;
-        ASSERT_EQ(list.InsertScheme(0, &Defaults()), 0);
-        ASSERT_TRUE(list.Load(0));
-        EXPECT_EQ(row.edit(list), row.result) << row.label;
-        EXPECT_EQ(RowsOf(list), row.rows) << row.label;
-    }
-}
-
 } // namespace
 
 TEST(ShortcutList, MovesKeysBetweenRows) {
+    const CKeyboardMappingScheme defaults = FourCommands();
     const CShortcutKey ctrlS = Key('S', kCtrl);
-    ExpectEdits({
-        {"as loaded", [](ShortcutList&) { return 0; }, 0, "1:C79 2:C83 3:116 4:-"},
+    const struct {
+        const char* label;
+        std::function<int(ShortcutList&)> edit;
+        int result;
+        const char* rows;
+    } rows[] = {
         {"a key moves", [&](ShortcutList& l) { return Set(l, 3, ctrlS); }, 1,
          "1:C79 2:- 3:116 4:C83"},
         {"to its own row", [&](ShortcutList& l) { return Set(l, 1, ctrlS); }, 1,
@@ -80,7 +46,6 @@ TEST(ShortcutList, MovesKeysBetweenRows) {
         {"a new key", [](ShortcutList& l) { return Set(l, 3, Key('N', kCtrl)); }, -1,
          "1:C79 2:C83 3:116 4:C78"},
         {"no row", [&](ShortcutList& l) { return Set(l, 4, ctrlS); }, -9, "1:C79 2:C83 3:116 4:-"},
-        {"row -1", [&](ShortcutList& l) { return Set(l, -1, ctrlS); }, -9, "1:C79 2:C83 3:116 4:-"},
         {"sorted by key, it is sorted anew",
          [&](ShortcutList& l) {
              SortBy(l, 1);
@@ -107,8 +72,6 @@ TEST(ShortcutList, MovesKeysBetweenRows) {
              return Set(l, 0, ctrlS);
          },
          -1, "3:C83"},
-        {"clear a key", [&](ShortcutList& l) { return l.ClearKey(ctrlS); }, 1,
-         "1:C79 2:- 3:116 4:-"},
         {"clear a key does not sort",
          [](ShortcutList& l) {
              SortBy(l, 1);
@@ -125,10 +88,6 @@ TEST(ShortcutList, MovesKeysBetweenRows) {
              return row;
          },
          -1, "1:C79 2:- 3:116 4:-"},
-        {"clear a row", [](ShortcutList& l) { return l.ClearKey(0) && !l.ClearKey(4); }, 1,
-         "1:- 2:C83 3:116 4:-"},
-        {"find a key", [&](ShortcutList& l) { return l.FindKey(ctrlS); }, 1,
-         "1:C79 2:C83 3:116 4:-"},
         {"reset a row",
          [&](ShortcutList& l) {
              Set(l, 3, ctrlS);
@@ -140,16 +99,29 @@ TEST(ShortcutList, MovesKeysBetweenRows) {
          [&](ShortcutList& l) {
              SortBy(l, 1, false);
              Set(l, 3, ctrlS);
-             l.ClearKey(0);
+             EXPECT_TRUE(l.ClearKey(0) && !l.ClearKey(4));
              l.ResetAllKeys();
              return 0;
          },
          0, "3:116 2:C83 1:C79 4:-"},
-    });
+    };
+    for (const auto& row : rows) {
+        ShortcutList list;
+        list.InsertScheme(0, &defaults);
+        ASSERT_TRUE(list.Load(0));
+        EXPECT_EQ(row.edit(list), row.result) << row.label;
+        EXPECT_EQ(RowsOf(list), row.rows) << row.label;
+    }
 }
 
 TEST(ShortcutList, ResetsToDefaultsInAnyOrder) {
-    CKeyboardMappingScheme scheme(nullptr, LoadTable);
+    // As an accelerator table has them: in no order, and a command with two keys.
+    CKeyboardMappingScheme scheme(nullptr, [](CKeyboardMappingScheme& table) {
+        table.SetKeyboardShortcuts({{7, Key('G', kCtrl)},
+                                    {3, Key('C', kCtrl)},
+                                    {5, Key(VK_F5)},
+                                    {3, Key(VK_INSERT, kCtrl)}});
+    });
     scheme.SetKeyboardShortcuts({{3, Key('X')}, {3, Key('Y')}, {4, Key('Z')}, {5, CShortcutKey()}});
     ShortcutList list;
     list.InsertScheme(0, &scheme);
@@ -162,6 +134,7 @@ TEST(ShortcutList, ResetsToDefaultsInAnyOrder) {
 }
 
 TEST(ShortcutList, SortsRowsWithoutAKeyLast) {
+    const CKeyboardMappingScheme defaults = FourCommands();
     const struct {
         int column;
         bool isAscending;
@@ -175,7 +148,7 @@ TEST(ShortcutList, SortsRowsWithoutAKeyLast) {
     CVirtualListCtrlItem* const otherItem = &other;
     for (const auto& row : rows) {
         ShortcutList list;
-        list.InsertScheme(0, &Defaults());
+        list.InsertScheme(0, &defaults);
         list.Load(0);
         SortBy(list, row.column, row.isAscending);
         EXPECT_EQ(RowsOf(list), row.rows) << row.column << row.isAscending;
@@ -196,26 +169,20 @@ TEST(ShortcutList, SortsRowsWithoutAKeyLast) {
 }
 
 TEST(ShortcutList, FiltersByCommandAndKeyName) {
-    const struct {
-        const WCHAR* text;
-        const char* rows;
-    } rows[] = {
-        {_T("F5"), "3:116"},    {_T("ctrl+"), "1:C79 2:C83"},
-        {_T("SAVE"), "2:C83"},  {_T("o"), "1:C79 4:-"},
-        {_T("zz"), ""},         {_T("O"), "1:C79 4:-"},
-        {_T("fresh"), "3:116"}, {_T("l+"), "1:C79 2:C83"},
+    const CKeyboardMappingScheme defaults = FourCommands();
+    const std::pair<const WCHAR*, const char*> rows[] = {
+        {_T("F5"), "3:116"}, {_T("ctrl+"), "1:C79 2:C83"}, {_T("SAVE"), "2:C83"},
+        {_T("zz"), ""},      {_T("o"), "1:C79 4:-"},       {_T("l+"), "1:C79 2:C83"},
     };
     ShortcutList list;
-    list.InsertScheme(0, &Defaults());
+    list.InsertScheme(0, &defaults);
     list.Load(0);
-    for (const auto& row : rows) {
-        list.Filter(row.text);
-        EXPECT_EQ(RowsOf(list), row.rows) << CString(row.text);
+    for (const auto& [text, expected] : rows) {
+        list.Filter(text);
+        EXPECT_EQ(RowsOf(list), expected) << CString(text);
     }
-    const CString before = list.GetFilter();
-    EXPECT_FALSE(list.Filter(nullptr));
-    EXPECT_FALSE(list.Filter(_T("L+")));
-    EXPECT_EQ(list.GetFilter(), before);
+    EXPECT_FALSE(list.Filter(nullptr) || list.Filter(_T("L+")));
+    EXPECT_EQ(list.GetFilter(), _T("l+"));
     const CString longText('x', 10000);
     EXPECT_TRUE(list.Filter(longText));
     EXPECT_EQ(RowsOf(list), "");
@@ -223,8 +190,9 @@ TEST(ShortcutList, FiltersByCommandAndKeyName) {
 }
 
 TEST(ShortcutList, ClearingTheFilterRestoresTheSort) {
+    const CKeyboardMappingScheme defaults = FourCommands();
     ShortcutList list;
-    list.InsertScheme(0, &Defaults());
+    list.InsertScheme(0, &defaults);
     list.Load(0);
     SortBy(list, 0);
     list.Filter(_T("ctrl"));
@@ -241,7 +209,7 @@ TEST(ShortcutList, ClearingTheFilterRestoresTheSort) {
 
 TEST(ShortcutList, KeepsTheActiveSchemeActive) {
     const CKeyboardMappingScheme empty;
-    const CKeyboardMappingScheme& filled = Defaults();
+    const CKeyboardMappingScheme filled = FourCommands();
     const struct {
         const char* label;
         std::function<bool(ShortcutList&)> change;
@@ -250,15 +218,12 @@ TEST(ShortcutList, KeepsTheActiveSchemeActive) {
         int active;
     } rows[] = {
         {"insert before", [&](auto& l) { return l.InsertScheme(0, &empty) == 0; }, true, 4, 2},
-        {"insert behind", [&](auto& l) { return l.InsertScheme(3, &empty) == 3; }, true, 4, 1},
         {"insert past the end", [&](auto& l) { return l.InsertScheme(4, &empty) >= 0; }, false, 3,
          1},
         {"insert null", [&](auto& l) { return l.InsertScheme(0, nullptr) >= 0; }, false, 3, 1},
-        {"replace another", [&](auto& l) { return l.SetScheme(0, &empty); }, true, 3, 1},
         {"replace it", [&](auto& l) { return l.SetScheme(1, &filled); }, true, 3, -1},
         {"replace by null", [&](auto& l) { return l.SetScheme(1, nullptr); }, false, 3, 1},
         {"remove before", [&](auto& l) { return l.RemoveScheme(0); }, true, 2, 0},
-        {"remove behind", [&](auto& l) { return l.RemoveScheme(2); }, true, 2, 1},
         {"remove it", [&](auto& l) { return l.RemoveScheme(1); }, true, 2, -1},
         {"remove none", [&](auto& l) { return l.RemoveScheme(3); }, false, 3, 1},
         {"load another", [&](auto& l) { return l.Load(0); }, true, 3, 0},

@@ -4,6 +4,7 @@
 
 #include <quorvel/keyboard/keyboard_mapping_scheme.h>
 
+#include "platform/win32.h"
 #include "support/test.h"
 
 #include <string>
@@ -43,4 +44,17 @@ inline std::string TextOf(const CKeyboardMappingScheme& scheme) {
         text += TextOf(shortcut.GetShortcutKey());
     }
     return text;
+}
+
+// A scheme of four commands, which are its defaults.
+inline void LoadFourCommands(CKeyboardMappingScheme& scheme) {
+    scheme.AddKeyboardShortcut({1, _T("Open"), Key('O', kCtrl)});
+    scheme.AddKeyboardShortcut({2, _T("save"), Key('S', kCtrl)});
+    scheme.AddKeyboardShortcut({3, _T("Refresh"), Key(VK_F5)});
+    scheme.AddKeyboardShortcut({4, _T("Close"), CShortcutKey()});
+}
+inline CKeyboardMappingScheme FourCommands() {
+    CKeyboardMappingScheme scheme(_T("Default"), LoadFourCommands);
+    scheme.LoadDefaultMappingScheme();
+    return scheme;
 }

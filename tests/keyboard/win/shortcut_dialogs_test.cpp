@@ -20,19 +20,6 @@ namespace {
 typedef DialogDriver::Step Step;
 typedef CKeyboardShortcutListCtrl List;
 
-void LoadDefaults(CKeyboardMappingScheme& scheme) {
-    scheme.AddKeyboardShortcut({1, _T("Open"), Key('O', kCtrl)});
-    scheme.AddKeyboardShortcut({2, _T("Save"), Key('S', kCtrl)});
-    scheme.AddKeyboardShortcut({3, _T("Refresh"), Key(VK_F5)});
-    scheme.AddKeyboardShortcut({4, _T("Close"), CShortcutKey()});
-}
-
-CKeyboardMappingScheme Defaults() {
-    CKeyboardMappingScheme scheme(_T("Default"), LoadDefaults);
-    scheme.LoadDefaultMappingScheme();
-    return scheme;
-}
-
 // Presses a key while the modifiers count as pressed. The message comes from the queue.
 Step PressKey(UINT code, int modifiers = 0, bool isExtended = false) {
     return [=](HWND box) {
@@ -53,7 +40,7 @@ Step ReleaseKeys() {
     };
 }
 
-// The rows in the list-view: "Open=Ctrl+O *Save=Ctrl+S".
+// The rows in the list-view: "Open=Ctrl+O *save=Ctrl+S".
 std::string TextsOf(const List& list) {
     std::string text;
     const int count = static_cast<int>(list.SendMessage(LVM_GETITEMCOUNT));
@@ -119,7 +106,7 @@ TEST(ShortcutDialogs, TheReleaseOfAltOpensNoMenu) {
         ReleaseKeys()(box);
         ::PostMessageW(KeyboardOf(box), WM_SYSKEYUP, VK_MENU, kReleased);
     };
-    const CKeyboardMappingScheme scheme = Defaults();
+    const CKeyboardMappingScheme scheme = FourCommands();
     const struct {
         const char* label;
         std::vector<Step> steps;
@@ -152,7 +139,7 @@ TEST(ShortcutDialogs, TheReleaseOfAltOpensNoMenu) {
 
 TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
     // In an order in which a binary search finds nothing.
-    CKeyboardMappingScheme scheme = Defaults();
+    CKeyboardMappingScheme scheme = FourCommands();
     std::vector<CKeyboardShortcut> shortcuts;
     scheme.GetKeyboardShortcuts(shortcuts);
     scheme.SetKeyboardShortcuts({shortcuts.rbegin(), shortcuts.rend()});
@@ -177,7 +164,7 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
          "C78", "||no;Ctrl+N|Ctrl+N is free.|ok;"},
         {"a held key, in German", 4, true, Steps(PressKey('S', kCtrl), release, look, enter), IDOK,
          "C83",
-         "Ctrl+S|Ctrl+S geh\xc3\xb6rt derzeit zum Befehl Save, der die Taste dann verliert.|ok;"},
+         "Ctrl+S|Ctrl+S geh\xc3\xb6rt derzeit zum Befehl save, der die Taste dann verliert.|ok;"},
         {"the last key counts", 4, false,
          Steps(PressKey('Q', kCtrl), PressKey(VK_F6, kShift), release, enter), IDOK, "S117", ""},
         {"Escape cancels", 4, false, Steps(PressKey('Q', kCtrl), release, PressKey(VK_ESCAPE)),
@@ -206,7 +193,7 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
 }
 
 TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
-    const CKeyboardMappingScheme scheme = Defaults();
+    const CKeyboardMappingScheme scheme = FourCommands();
     const struct {
         const char* label;
         std::function<int(List&)> edit;
@@ -219,14 +206,14 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              l.SelectItem(3);
              return l.SetShortcutKey(3, Key('S', kCtrl));
          },
-         TRUE, "Open=Ctrl+O *Close=Ctrl+S Refresh=F5 Save="},
+         TRUE, "Open=Ctrl+O *Close=Ctrl+S Refresh=F5 save="},
         {"a key for a row that was moved",
          [](List& l) {
              l.SelectItem(0);
              l.MoveSelectedItemDown();
              return l.SetShortcutKey(0, Key('N', kCtrl));
          },
-         TRUE, "Save=Ctrl+N *Open=Ctrl+O Refresh=F5 Close="},
+         TRUE, "save=Ctrl+N *Open=Ctrl+O Refresh=F5 Close="},
         {"a key while the column of keys is hidden",
          [](List& l) {
              l.ShowVaskColumn(List::COLUMN_SHORTCUT_KEY, FALSE);
@@ -234,7 +221,7 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              l.ShowVaskColumn(List::COLUMN_SHORTCUT_KEY, TRUE);
              return isSet;
          },
-         TRUE, "Open=Ctrl+O Save= Refresh=F5 Close=Ctrl+S"},
+         TRUE, "Open=Ctrl+O save= Refresh=F5 Close=Ctrl+S"},
         {"filtered and cleared, the sort is restored and the selection kept",
          [](List& l) {
              l.SortItemsByColumn(List::COLUMN_COMMAND);
@@ -244,7 +231,7 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              l.Filter(_T(""));
              return l.GetSortColumn();
          },
-         0, "Close= Open=Ctrl+O Refresh=F5 *Save=Ctrl+S"},
+         0, "Close= Open=Ctrl+O Refresh=F5 *save=Ctrl+S"},
         {"the selected rows are cleared",
          [](List& l) {
              l.SelectItem(0);
@@ -254,13 +241,13 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              l.ClearSelectedShortcutKeys();
              return count;
          },
-         2, "*Open= Save=Ctrl+S *Refresh= *Close="},
+         2, "*Open= save=Ctrl+S *Refresh= *Close="},
         {"one row reset",
          [](List& l) {
              l.SetShortcutKey(3, Key('S', kCtrl));
              return l.ResetShortcutKey(1);
          },
-         TRUE, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
+         TRUE, "Open=Ctrl+O save=Ctrl+S Refresh=F5 Close="},
         {"all reset",
          [](List& l) {
              l.SetShortcutKey(3, Key('S', kCtrl));
@@ -268,14 +255,14 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
              l.ResetAllKeyboardShortcuts();
              return 0;
          },
-         0, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close="},
+         0, "Open=Ctrl+O save=Ctrl+S Refresh=F5 Close="},
         {"found by a key that the table has without the extended bit",
          [](List& l) {
              l.SetShortcutKey(3, Key(VK_DELETE, kCtrl));
              DialogDriver driver({PressKey(VK_DELETE, kCtrl, true), ReleaseKeys()});
              return l.FindByPressingKey();
          },
-         3, "Open=Ctrl+O Save=Ctrl+S Refresh=F5 *Close=Ctrl+Delete"},
+         3, "Open=Ctrl+O save=Ctrl+S Refresh=F5 *Close=Ctrl+Delete"},
         {"the active scheme removed", [](List& l) { return l.RemoveKeyboardMappingScheme(0); },
          TRUE, ""},
     };
@@ -289,7 +276,7 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
         PumpMessages();
         EXPECT_EQ(TextsOf(list), row.rows) << row.label;
     }
-    EXPECT_EQ(scheme, Defaults()) << "the list edits rows of its own";
+    EXPECT_EQ(scheme, FourCommands()) << "the list edits rows of its own";
 }
 
 // Sorts by the length of the commands, of its own.
@@ -303,7 +290,7 @@ public:
 };
 
 TEST(KeyboardShortcutListCtrl, EditsTheRowsThatAreShownInAnyOrder) {
-    CKeyboardMappingScheme scheme = Defaults();
+    CKeyboardMappingScheme scheme = FourCommands();
     scheme.AddKeyboardShortcut({5, _T("Go"), Key('G', kCtrl)});
     ListParent parent;
     ListByLength list;
@@ -311,16 +298,16 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatAreShownInAnyOrder) {
     list.AddKeyboardMappingScheme(&scheme);
     list.LoadKeyboardMappingScheme(0);
     list.SortItemsByColumn(0);
-    EXPECT_EQ(TextsOf(list), "Go=Ctrl+G Open=Ctrl+O Save=Ctrl+S Close= Refresh=F5");
+    EXPECT_EQ(TextsOf(list), "Go=Ctrl+G Open=Ctrl+O save=Ctrl+S Close= Refresh=F5");
     EXPECT_EQ(list.FindShortcutKey(Key(VK_F5)), 4);
     EXPECT_TRUE(list.ClearShortcutKey(0, FALSE));
     EXPECT_EQ(list.GetKeyboardShortcutVirtualListCtrlItem(3)->GetSubItemText(0), _T("Close"));
     EXPECT_TRUE(list.SetShortcutKey(3, Key('S', kCtrl)));
-    EXPECT_EQ(TextsOf(list), "Go= Open=Ctrl+O Save= Close=Ctrl+S Refresh=F5");
+    EXPECT_EQ(TextsOf(list), "Go= Open=Ctrl+O save= Close=Ctrl+S Refresh=F5");
 }
 
 TEST(KeyboardShortcutListCtrl, IsAReportHoweverItIsCreated) {
-    const CKeyboardMappingScheme scheme = Defaults();
+    const CKeyboardMappingScheme scheme = FourCommands();
     ListParent parent;
     List list;
     CVaskListCtrl& base = list;
@@ -332,14 +319,14 @@ TEST(KeyboardShortcutListCtrl, IsAReportHoweverItIsCreated) {
                                            parent.m_hWnd, nullptr));
         EXPECT_EQ(HeaderOf(list).GetItemCount(), int{List::NUM_COLUMNS});
         list.LoadKeyboardMappingScheme(0);
-        EXPECT_EQ(TextsOf(list), "Open=Ctrl+O Save=Ctrl+S Refresh=F5 Close=");
+        EXPECT_EQ(TextsOf(list), "Open=Ctrl+O save=Ctrl+S Refresh=F5 Close=");
         list.DestroyWindow();
     }
 }
 
 // What it does without a window concerns no other.
 TEST(KeyboardShortcutListCtrl, InvalidatesNoOtherWindow) {
-    const CKeyboardMappingScheme scheme = Defaults();
+    const CKeyboardMappingScheme scheme = FourCommands();
     ListParent other;
     other.Invalidate();
     ASSERT_TRUE(::GetUpdateRect(other.m_hWnd, nullptr, FALSE)) << "is visible";
@@ -356,7 +343,7 @@ TEST(KeyboardShortcutListCtrl, InvalidatesNoOtherWindow) {
 }
 
 TEST(KeyboardShortcutListCtrl, MayBeDestroyedByItsNotifications) {
-    const CKeyboardMappingScheme scheme = Defaults();
+    const CKeyboardMappingScheme scheme = FourCommands();
     const struct {
         const char* label;
         std::function<int(List&)> act;
@@ -405,7 +392,7 @@ TEST(KeyboardShortcutListCtrl, MayBeDestroyedByItsNotifications) {
 }
 
 TEST(KeyboardShortcutListCtrl, GivesItsRowsBack) {
-    const CKeyboardMappingScheme scheme = Defaults();
+    const CKeyboardMappingScheme scheme = FourCommands();
     ListParent parent;
     List list;
     ASSERT_TRUE(list.Create(WS_VISIBLE, kListPlace, &parent, 5));
@@ -419,7 +406,7 @@ TEST(KeyboardShortcutListCtrl, GivesItsRowsBack) {
     EXPECT_EQ(rows.second[3].get(), list.GetKeyboardShortcutVirtualListCtrlItem(3));
     CKeyboardMappingScheme edited;
     EXPECT_TRUE(list.GetEditedKeyboardMappingScheme(0, edited));
-    EXPECT_EQ(TextOf(edited), "1 Open C79; 2 Save -; 3 Refresh 116; 4 Close C83");
+    EXPECT_EQ(TextOf(edited), "1 Open C79; 2 save -; 3 Refresh 116; 4 Close C83");
     EXPECT_EQ(edited.GetName(), _T("Default"));
     EXPECT_EQ(list.GetFilteredItem(0), nullptr) << "not filtered";
     list.Filter(_T("close"));
@@ -427,7 +414,7 @@ TEST(KeyboardShortcutListCtrl, GivesItsRowsBack) {
 }
 
 TEST(MenuShortcuts, FollowTheScheme) {
-    CKeyboardMappingScheme scheme = Defaults();
+    CKeyboardMappingScheme scheme = FourCommands();
     CMenu menu;
     CMenu below;
     menu.CreateMenu();
@@ -472,9 +459,9 @@ TEST(MenuShortcuts, BeginASchemeWithTheCommandsOfAMenu) {
     below.AppendMenu(MF_STRING, 3, _T("Another name"));
     menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(below.Detach()), _T("&File"));
     menu.AppendMenu(MF_STRING | MF_GRAYED, 10, _T("E&xit"));
-    CKeyboardMappingScheme scheme = Defaults();
+    CKeyboardMappingScheme scheme = FourCommands();
     EXPECT_EQ(AfxAddMenuCommands(menu, scheme), 2);
-    EXPECT_EQ(TextOf(scheme), "1 Open C79; 2 Save C83; 3 Refresh 116; 4 Close -; 10 Exit -; "
+    EXPECT_EQ(TextOf(scheme), "1 Open C79; 2 save C83; 3 Refresh 116; 4 Close -; 10 Exit -; "
                               "11 Print & fold... -");
     EXPECT_EQ(AfxAddMenuCommands(menu, scheme), 0);
     EXPECT_EQ(AfxAddMenuCommands(CMenu(), scheme), 0);
@@ -491,7 +478,7 @@ TEST(KeyboardShortcutsPage, EditsTheScheme) {
     const Step toList = [list](HWND sheet) {
         ::SetFocus(::GetDlgItem(::GetWindow(sheet, GW_CHILD), list));
     };
-    const char kAsBefore[] = "1 Open C79; 2 Save C83; 3 Refresh 116; 4 Close -";
+    const char kAsBefore[] = "1 Open C79; 2 save C83; 3 Refresh 116; 4 Close -";
     const struct {
         const char* label;
         std::vector<Step> steps;
@@ -501,21 +488,21 @@ TEST(KeyboardShortcutsPage, EditsTheScheme) {
         {"assigned under a filter",
          Steps(filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
                PressKey(VK_RETURN)),
-         IDOK, "1 Open -; 2 Save C83; 3 Refresh 116; 4 Close C79"},
+         IDOK, "1 Open -; 2 save C83; 3 Refresh 116; 4 Close C79"},
         {"not assigned",
          Steps(filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
                ClickOn(IDCANCEL)),
          IDOK, kAsBefore},
         {"cleared, reset and cleared by a key",
          Steps(press(clear), press(reset), filter(_T("save")), toList, PressKey(VK_DELETE)), IDOK,
-         "1 Open C79; 2 Save -; 3 Refresh 116; 4 Close -"},
+         "1 Open C79; 2 save -; 3 Refresh 116; 4 Close -"},
         {"all reset", Steps(press(clear), filter(_T("save")), press(clear), press(resetAll)), IDOK,
          kAsBefore},
         {"nothing matches", Steps(filter(_T("xyz")), press(assign), press(clear)), IDOK, kAsBefore},
         {"cancelled", Steps(press(clear)), IDCANCEL, kAsBefore},
     };
     for (const auto& row : rows) {
-        CKeyboardMappingScheme scheme = Defaults();
+        CKeyboardMappingScheme scheme = FourCommands();
         CKeyboardShortcutsPage page(100, {list, field, assign, clear, reset, resetAll}, scheme);
         CVaskPropertySheet sheet(_T("Options"));
         sheet.AddPage(&page);
