@@ -250,7 +250,7 @@ TEST(MRUList, ClosesTheKeyWhenAskedTo) {
         HKEY key = nullptr;
         ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, test.Path(), 0, access, &key), 0);
         EXPECT_EQ((list.*operation)(key, TRUE), expected);
-        EXPECT_NE(RegCloseKey(key), 0) << access << ": already closed"
+        EXPECT_NE(RegCloseKey(key), 0) << access << ": already closed";
     }
     // Without an application object there is no profile.
     EXPECT_FALSE(list.SaveState(_T("s")));

@@ -24,9 +24,7 @@ TEST(Columns, KeepTheirPlacesAndWidths) {
         Act act;
         CString expected;
     } rows[] = {
-        {"as defined", [](Columns&) {}, _T("A10 B20 C30 D40 ()")},
         {"hidden", Steps("-B"), _T("A10 C30 D40 (B20 )")},
-        {"shown again in its place", Steps("-B+B"), _T("A10 B20 C30 D40 ()")},
         {"shown twice", Steps("-B-B+B+B"), _T("A10 B20 C30 D40 ()")},
         {"place bounded by the columns that are left", Steps("-D-A-B+D"), _T("C30 D40 (A10 B20 )")},
         {"all hidden", Steps("-A-B-C-D"), _T("(A10 B20 C30 D40 )")},
@@ -48,12 +46,6 @@ TEST(Columns, KeepTheirPlacesAndWidths) {
              Steps("+B")(c);
          },
          _T("A10 B78 C30 D40 ()")},
-        {"defined hidden, first shown last",
-         [](Columns& c) {
-             EXPECT_EQ(c.Insert(0, 9, false, _T("N"), 0, 90, -1), -1);
-             Steps("+J")(c);
-         },
-         _T("A10 B20 C30 D40 N90 ()")},
         {"defined hidden without a width",
          [](Columns& c) {
              c.Insert(0, 9, false, _T("N"), 0, -1, -1);
@@ -61,9 +53,6 @@ TEST(Columns, KeepTheirPlacesAndWidths) {
              Steps("+J")(c);
          },
          _T("A10 B20 C30 D40 N100 ()")},
-        {"position past the end",
-         [](Columns& c) { EXPECT_EQ(c.Insert(100, 9, true, _T("N"), 0, 90, -1), 4); },
-         _T("A10 B20 C30 D40 N90 ()")},
         {"inserted between, in an order of the user's",
          [](Columns& c) {
              c.SetOrder({2});
@@ -74,9 +63,8 @@ TEST(Columns, KeepTheirPlacesAndWidths) {
         {"refused",
          [](Columns& c) {
              EXPECT_EQ(c.Insert(0, 9, true, nullptr, 0, 90, -1), -1);
-             EXPECT_EQ(c.Insert(0, 3, true, _T("N"), 0, 90, -1), -1);
-             EXPECT_EQ(c.Insert(0, -1, true, _T("N"), 0, 90, -1), -1);
-             EXPECT_EQ(c.Insert(-1, 9, true, _T("N"), 0, 90, -1), -1);
+             for (const auto& [position, trueColumn] : {std::pair(0, 3), {0, -1}, {-1, 9}})
+                 EXPECT_EQ(c.Insert(position, trueColumn, true, _T("N"), 0, 90, -1), -1);
              EXPECT_FALSE(c.Show(9, true) || c.Show(-1, false) || c.Delete(9));
              EXPECT_FALSE(c.SetWidth(9, 5) || c.SetWidth(-1, 5));
          },
@@ -113,10 +101,6 @@ TEST(Columns, AreNumberedThreeWays) {
     Columns& c = list.columns;
     Steps("-B")(c);
     c.SetOrder({3, 0, 2});
-    SimulatedList plain;
-    plain.view.Insert(0, {});
-    plain.view.Insert(1, {});
-    plain.view.SetOrder({1, 0});
     ExpectCases<int>({
         CASE(c.GetTrueColumnCount(), 4),
         CASE(c.GetInsertedColumnCount(), 3),
@@ -128,12 +112,16 @@ TEST(Columns, AreNumberedThreeWays) {
         CASE(c.GetTrueColumn(-1), -1),
         CASE(c.GetLeftToRightColumn(0), 2),
         CASE(c.GetLeftToRightColumn(3), -1),
-        CASE(c.GetLeftToRightColumn(-1), -1),
         CASE(c.GetLeftToRightTrueColumn(0), 3),
-        CASE(c.GetLeftToRightTrueColumn(3), -1),
+        CASE(c.GetLeftToRightTrueColumn(-1), -1),
         CASE(c.GetDisplayPosition(0), 1),
         CASE(c.GetDisplayPosition(3), -1),
-        CASE(c.GetWidth(9), -1),
+    });
+    SimulatedList plain; // has columns without records
+    plain.view.Insert(0, {});
+    plain.view.Insert(1, {});
+    plain.view.SetOrder({1, 0});
+    ExpectCases<int>({
         CASE(plain.columns.GetTrueColumnCount(), 2),
         CASE(plain.columns.GetInsertedColumn(7), 7),
         CASE(plain.columns.GetTrueColumn(7), 7),
@@ -167,14 +155,10 @@ TEST(Columns, LeaveTheSortToTheListWhenItsColumnIsHiddenOrDeleted) {
 
     list.columns.SetSort(1, true);
     typedef std::pair<int, bool> Sort;
-    ExpectCases<Sort>({
-        CASE(list.columns.SortOfHeaderClick(0), Sort(1, false)),
-        CASE(list.columns.SortOfHeaderClick(1), Sort(-1, true)),
-        CASE(list.columns.SortOfHeaderClick(-1), Sort(-1, true)),
-    });
+    EXPECT_EQ(list.columns.SortOfHeaderClick(0), Sort(1, false));
+    EXPECT_EQ(list.columns.SortOfHeaderClick(1), Sort(-1, true));
+    EXPECT_EQ(list.columns.SortOfHeaderClick(-1), Sort(-1, true));
     list.columns.SetSort(1, false);
-    EXPECT_EQ(list.columns.SortOfHeaderClick(0), Sort(1, true));
-    list.columns.SetSort(0, false);
     EXPECT_EQ(list.columns.SortOfHeaderClick(0), Sort(1, true));
 }
 

@@ -2,8 +2,6 @@
 
 #include "support/test.h"
 
-#include <map>
-
 namespace {
 
 struct CountedHook final : quorvel::FocusHook {
@@ -31,15 +29,12 @@ TEST(ValidationTracker, HasItsHookWhileABalloonShows) {
     ExpectCases<bool>({
         CASE(tracker.Hide(first), false),
         CASE(tracker.Show(nullptr), false),
-        CASE(tracker.HasHook(), false),
         CASE(tracker.Show(first), true),
         CASE(tracker.Show(first), false), // a second balloon is refused
         CASE(tracker.Show(second), true),
         CASE(tracker.NumberOf(first) != tracker.NumberOf(second), true),
         CASE(tracker.Hide(first), true), // hidden, or destroyed while shown
         CASE(tracker.IsShowing(first), false),
-        CASE(tracker.NumberOf(first) == 0, true),
-        CASE(tracker.NumberOf(second) > 0, true),
         CASE(tracker.HasHook(), true),
         CASE(tracker.Hide(first), false), // a late notification
         CASE(tracker.Hide(second), true),
@@ -62,13 +57,10 @@ TEST(ValidationTracker, HasItsHookWhileABalloonShows) {
 TEST(ValidationTracker, FindsTheDialogThatAFocusChangeConcerns) {
     // A sheet 1 with pages 2 and 3; a control 4 on page 2 with an edit 5 in it; a button 6 of the
     // sheet; and a dialog 7 with a control 8.
-    const std::map<HWND, HWND> parents = {
-        {Window(2), Window(1)}, {Window(3), Window(1)}, {Window(4), Window(2)},
-        {Window(5), Window(4)}, {Window(6), Window(1)}, {Window(8), Window(7)},
-    };
-    const auto parentOf = [&](HWND window) {
-        const auto parent = parents.find(window);
-        return parent != parents.end() ? parent->second : nullptr;
+    const auto parentOf = [](HWND window) {
+        const int parents[] = {0, 0, 1, 1, 2, 4, 1, 0, 7};
+        const auto number = reinterpret_cast<INT_PTR>(window);
+        return Window(number < 9 ? parents[number] : 0);
     };
     CountedHook hook;
     quorvel::ValidationTracker tracker(hook);
@@ -80,14 +72,12 @@ TEST(ValidationTracker, FindsTheDialogThatAFocusChangeConcerns) {
     tracker.Show(Window(7));
     ExpectCases<HWND>({
         CASE(dialogOf(5), Window(2)),
-        CASE(dialogOf(4), Window(2)),
         CASE(dialogOf(3), nullptr),
         CASE(dialogOf(6), nullptr),
         CASE(dialogOf(8), Window(7)),
         CASE(dialogOf(9), Window(2)),
         CASE(dialogOf(7), nullptr), // the dialog is not its own parent
         CASE(dialogOf(0), nullptr),
-        CASE(dialogOf(99), nullptr),
     });
     tracker.Show(Window(1));
     EXPECT_EQ(dialogOf(5), Window(2)); // the nearest one

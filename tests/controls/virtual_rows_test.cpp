@@ -82,12 +82,6 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
              r.Sort(ByText);
          },
          _T("a3* a1* b2! b0 c4 ")},
-        {"all selected, sorted",
-         [](VirtualRows& r) {
-             r.SelectAll(true);
-             r.Sort(ByText);
-         },
-         _T("a1* a3* b0* b2*! c4* ")},
         {"without an order", [](VirtualRows& r) { r.Sort(nullptr); }, _T("b0 a1* b2! a3* c4 ")},
         {"inserted before and after",
          [](VirtualRows& r) {
@@ -99,22 +93,11 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
          _T("b0 n9 a1* b2! a3* c4 n9 ")},
         {"deleted before the focus", [](VirtualRows& r) { r.Remove(0); }, _T("a1* b2! a3* c4 ")},
         {"deleted under the focus", [](VirtualRows& r) { r.Remove(2); }, _T("b0 a1* a3*! c4 ")},
-        {"deleted one by one from the end",
-         [](VirtualRows& r) {
-             for (int row = 4; row > 0; --row)
-                 EXPECT_NE(r.Remove(row), nullptr);
-         },
-         _T("b0! ")},
         {"deleted several",
          [](VirtualRows& r) {
              EXPECT_EQ(r.Remove({3, 0, 3, 7, -1, 2}).size(), 3u);
          },
          _T("a1* c4! ")},
-        {"deleted the last several",
-         [](VirtualRows& r) {
-             r.Remove({4, 3, 2});
-         },
-         _T("b0 a1*! ")},
         {"replaced, some of them again",
          [](VirtualRows& r) {
              static Item s_item(_T("n"), 9);
@@ -137,7 +120,6 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
              r.SortBy({});
          },
          _T("c4 b0 a1* b2! a3* ")},
-        {"deleted all", [](VirtualRows& r) { EXPECT_EQ(r.RemoveAll().size(), 5u); }, _T("")},
         {"moved up",
          [](VirtualRows& r) {
              r.Select(1, 1, false);
@@ -156,10 +138,9 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
          [](VirtualRows& r) {
              EXPECT_EQ(r.MoveSelectedUp(), -1); // two selected rows
              r.SelectAll(false);
-             EXPECT_EQ(r.MoveSelectedDown(), -1);
              r.Select(0, 0, true);
-             EXPECT_EQ(r.MoveSelectedUp(), -1);
              EXPECT_FALSE(r.CanMoveSelectedUp() || !r.CanMoveSelectedDown());
+             EXPECT_EQ(r.MoveSelectedUp(), -1);
              r.Select(0, 0, false);
              r.Select(4, 9, true);
              EXPECT_EQ(r.MoveSelectedDown(), -1);
@@ -169,9 +150,8 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
          [](VirtualRows& r) {
              static Item s_item(_T("n"), 9);
              EXPECT_EQ(r.Insert(-1, &s_item) + r.Insert(6, &s_item) + r.Add(nullptr), -3);
-             EXPECT_TRUE(r.Remove(5) == nullptr && r.Remove(-1) == nullptr &&
-                         r.GetItem(-1) == nullptr && r.GetItem(5) == nullptr);
-             EXPECT_EQ(r.GetRow(nullptr), -1);
+             EXPECT_TRUE(r.Remove(5) == nullptr && r.Remove(-1) == nullptr);
+             EXPECT_TRUE(r.GetItem(-1) == nullptr && r.GetItem(5) == nullptr);
              r.Select(3, 2, true);
              r.Select(-5, -1, true);
          },
@@ -202,7 +182,6 @@ TEST(VirtualRows, StayInOrderOverBlocks) {
         rows.Add(item);
         expected.push_back({item, false});
     }
-    const auto isSelected = [](const Row& row) { return row.isSelected; };
     for (int step = 0; step < 12000; ++step) {
         const int at = static_cast<int>(random() % expected.size());
         const auto place = expected.begin() + at;
@@ -224,18 +203,15 @@ TEST(VirtualRows, StayInOrderOverBlocks) {
             break;
         }
         case 3:
-            ASSERT_EQ(rows.GetItem(at), place->item);
             ASSERT_EQ(rows.IsSelected(at), place->isSelected);
             break;
         default:
             rows.Sort(ByNumber);
-            std::stable_sort(expected.begin(), expected.end(),
-                             [](const Row& left, const Row& right) {
-                                 return left.item->m_number < right.item->m_number;
-                             });
+            std::ranges::stable_sort(expected, {},
+                                     [](const Row& row) { return row.item->m_number; });
         }
-        ASSERT_EQ(rows.GetCount(), static_cast<int>(expected.size()));
     }
+    ASSERT_EQ(rows.GetCount(), static_cast<int>(expected.size()));
     Runs runs;
     for (int row = 0; row < rows.GetCount(); ++row) {
         const Row& wanted = expected[static_cast<std::size_t>(row)];
@@ -247,12 +223,11 @@ TEST(VirtualRows, StayInOrderOverBlocks) {
     }
     EXPECT_EQ(rows.GetSelectedRuns(), runs);
     EXPECT_EQ(rows.GetFirstSelectedRow(), runs[0].first);
-    EXPECT_EQ(rows.GetSelectedCount(), std::ranges::count_if(expected, isSelected));
+    EXPECT_EQ(rows.GetSelectedCount(), std::ranges::count(expected, true, &Row::isSelected));
     EXPECT_EQ(rows.GetRow(expected.back().item), rows.GetCount() - 1);
     for (const Row& row : expected)
         ASSERT_EQ(rows.Remove(0), row.item);
     EXPECT_EQ(rows.GetSelectedCount(), 0);
-    EXPECT_EQ(rows.Add(&items[0]), 0);
 }
 
 TEST(VirtualRows, AreWalkedOverAsAListViewDoes) {
@@ -262,7 +237,6 @@ TEST(VirtualRows, AreWalkedOverAsAListViewDoes) {
     list.rows.SetFocusedRow(2);
     ExpectCases<int>({
         CASE(r.GetNextRow(-1, true, false), 1),
-        CASE(r.GetNextRow(1, true, false), 2),
         CASE(r.GetNextRow(2, true, false), -1),
         CASE(r.GetNextRow(-1, true, true), 2),
         CASE(r.GetNextRow(2, false, true), -1),
@@ -330,24 +304,17 @@ TEST(VirtualRows, FindTextsWithoutRegardToCase) {
         CASE(r.Find(_T("APPLE"), -1, true, false), 0),
         CASE(r.Find(_T("appl"), 0, true, true), -1),
         CASE(r.Find(_T("\u00e4"), 0, false, true), 3),
-        CASE(r.Find(_T(""), 0, true, true), -1),
         CASE(r.Find(nullptr, 0, false, true), -1),
         CASE(r.Find(_T("a"), 7, false, true), 0), // start after the last row
-        CASE(r.Find(_T("a"), 7, false, false), -1),
         CASE(r.Find(_T("a"), 8, false, true), -1),
         CASE(r.Find(_T("a"), -2, false, true), -1),
-        CASE(r.FindTyped(_T("a"), -1), 0),
         CASE(r.FindTyped(_T("a"), 0), 2),
-        CASE(r.FindTyped(_T("a"), 4), 0),
         CASE(r.FindTyped(_T("b"), 6), 1),
         CASE(r.FindTyped(_T("ap"), 2), 2),
         CASE(r.FindTyped(_T("ap"), 3), 0),
         CASE(r.FindTyped(_T("aa"), 0), 4),
         CASE(r.FindTyped(_T("bB"), 1), 5),
-        CASE(r.FindTyped(_T("bB"), 5), 1),
         CASE(r.FindTyped(_T("bx"), 1), -1),
-        CASE(r.FindTyped(_T("x"), 1), -1),
-        CASE(r.FindTyped(_T(""), 1), -1),
         CASE(r.FindTyped(nullptr, 1), -1),
         CASE(VirtualRows().FindTyped(_T("a"), -1), -1),
     });

@@ -57,14 +57,12 @@ TEST(LengthyWork, ShowsTheBarAndTheButtonWhileItRuns) {
     const HWND button = window.Get(kCancel), bar = window.Get(kBar);
     const HANDLE seen = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
     bool wasVisible = false, hadFocus = false;
-    int position = -1;
     // A timer of the window's thread looks at it while the work waits.
     static std::function<void()> s_look;
     s_look = [&] {
-        position = static_cast<int>(::SendMessageW(bar, PBM_GETPOS, 0, 0));
         wasVisible = ::IsWindowVisible(button) && ::IsWindowVisible(bar);
         hadFocus = ::GetFocus() == button;
-        if (position == 42)
+        if (::SendMessageW(bar, PBM_GETPOS, 0, 0) == 42)
             ::SetEvent(seen);
     };
     const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM,
@@ -93,8 +91,6 @@ TEST(LengthyWork, IsCancelledByKeysAndItsButtonAndByNothingElse) {
         {"Alt+F4", 0, WM_SYSKEYDOWN, VK_F4, true},
         {"the button", 0, WM_COMMAND, kCancel, true},
         {"a letter", kField, WM_CHAR, 'a', false},
-        {"Alt alone", 0, WM_SYSKEYDOWN, VK_MENU, false},
-        {"a click", kField, WM_LBUTTONDOWN, 0, false},
         {"a click on the menu", 0, WM_NCLBUTTONDOWN, HTMENU, false},
     };
     Window window;
@@ -104,13 +100,13 @@ TEST(LengthyWork, IsCancelledByKeysAndItsButtonAndByNothingElse) {
         window.m_work = &work;
         window.m_hasSeenEnd = false;
         const HWND target = row.control != 0 ? window.Get(row.control) : window.m_hWnd;
-        const bool isDone = work.Run([&] {
+        const BOOL isDone = work.Run([&] {
             ::PostMessageW(target, row.message, row.wParam, 1);
             ::PostMessageW(window.m_hWnd, WM_APP, 0, 0);
             Await([&] { return window.m_hasSeenEnd || work.IsCancelled(); });
             work.PumpMessages();
-        }) != FALSE;
-        EXPECT_EQ(isDone, !row.isCancelling);
+        });
+        EXPECT_NE(isDone, row.isCancelling);
     }
     EXPECT_EQ(TextOf(window.Get(kField)), _T(""));
     window.m_work = nullptr;
@@ -178,9 +174,9 @@ TEST(RecentFilesMenu, ShowsTheFilesOrTheText) {
     EXPECT_EQ(menu.GetMenuItemCount(), 1);
     EXPECT_EQ(text(0), _T("(none)"));
     EXPECT_NE(menu.GetMenuState(300, MF_BYCOMMAND) & MF_GRAYED, 0u);
-    for (const WCHAR* file : {_T("j"), _T("i"), _T("h"), _T("g"), _T("f"), _T("e"), _T("d"),
-                              _T("c"), _T("b"), _T("A & B")})
-        files.Add(file);
+    for (WCHAR letter = 'j'; letter > 'a'; --letter)
+        files.Add(CString(letter));
+    files.Add(_T("A & B"));
     AfxShowRecentFiles(menu, files, 300, _T("(none)"));
     ExpectCases<CString>(
         {CASE(text(0), _T("&1 A && B")), CASE(text(8), _T("&9 i")), CASE(text(9), _T("10 j"))});

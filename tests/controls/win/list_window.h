@@ -27,6 +27,7 @@ public:
 
     std::function<void(const NMHDR&)> m_onNotify;
     std::function<void()> m_onApp; // called for WM_APP
+    std::function<void(WPARAM)> m_onCommand;
     std::function<void()> m_onExchange;
     UINT m_keptCode = 0; // a notification that its list does not get
 
@@ -34,6 +35,8 @@ protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_APP)
             m_onApp();
+        if (message == WM_COMMAND && m_onCommand)
+            m_onCommand(wParam);
         return CWnd::WindowProc(message, wParam, lParam);
     }
     void DoDataExchange(CDataExchange*) override { m_onExchange(); }

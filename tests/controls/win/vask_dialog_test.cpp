@@ -26,8 +26,7 @@ public:
     std::function<BOOL()> m_save = [] { return TRUE; };
     BOOL m_isOK = TRUE;
     UINT m_template = DIALOG_NAME;
-    CString m_title = _T("*"); // "*": keep the default
-    int m_secondField = 0;     // must not be empty, like the first
+    int m_secondField = 0; // must not be empty, like the first
     bool m_focusesRefused = false;
     int m_exchangedField = FIELD_NOTE;
     CString m_note;
@@ -79,8 +78,6 @@ protected:
             CWnd* const control = GetDlgItem(field);
             if (control == nullptr || TextOf(control->m_hWnd) != _T(""))
                 continue;
-            if (m_title != _T("*"))
-                title = m_title;
             text.LoadString(quorvel::kTextFieldEmpty);
             control->GetWindowRect(rect);
             if (m_focusesRefused)
@@ -211,14 +208,16 @@ TEST(VaskDialog, AStateHookMayThrow) {
 TEST(VaskDialog, StaysOpenWhileItIsRefused) {
     CNameDlg dialog;
     dialog.m_save = [] { return FALSE; };
-    DialogDriver driver({Type(_T("a")), Press(VK_RETURN),
-                         [&](HWND) {
-                             dialog.m_save = [] { return TRUE; };
-                             dialog.SetBusy();
-                         },
-                         Press(VK_RETURN), ClickOn(IDOK), [&](HWND) { dialog.SetBusy(FALSE); },
-                         [&](HWND) { dialog.m_isOK = FALSE; }, [&](HWND) { dialog.OnOK(); },
-                         [&](HWND) { dialog.m_isOK = TRUE; }, [&](HWND) { dialog.OnOK(); }});
+    const auto set = [&](BOOL isBusy, BOOL isOK) {
+        return [&, isBusy, isOK](HWND) {
+            dialog.m_save = [] { return TRUE; };
+            dialog.SetBusy(isBusy);
+            dialog.m_isOK = isOK;
+        };
+    };
+    const Step ok = [&](HWND) { dialog.OnOK(); };
+    DialogDriver driver({Type(_T("a")), Press(VK_RETURN), set(TRUE, TRUE), Press(VK_RETURN),
+                         ClickOn(IDOK), set(FALSE, FALSE), ok, set(FALSE, TRUE), ok});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(dialog.m_seen.substr(std::string("load preload edits lists postload ").size()),
               "validate save validate save presave edits? lists? postsave ");
@@ -269,7 +268,6 @@ TEST(VaskDialog, EachRefusalShowsItsOwnBalloon) {
         const WCHAR* typed; // after the first refusal
         int field;          // that is refused second
     } rows[] = {
-        {"the next field", Press(VK_RETURN), false, _T("a"), FIELD_NOTE},
         {"a validation that sets the focus", Press(VK_RETURN), true, _T("a"), FIELD_NOTE},
         {"OK by its mnemonic, which takes the focus", mnemonic, false, _T(""), FIELD_NAME},
     };

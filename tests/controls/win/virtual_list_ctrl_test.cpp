@@ -83,16 +83,9 @@ public:
             PostMessage(WM_CHAR, static_cast<WPARAM>(*keys), 1);
         PumpMessages();
     }
-    LPARAM PlaceOf(int row) const {
-        CRect rect;
-        GetItemRect(row, rect, LVIR_LABEL);
-        return MAKELPARAM(rect.left + 4, rect.top + 4);
-    }
-
     CString m_last;
     int m_selectedInSort = -1;
     int m_sentCounts = 0;
-    int m_seenChanges = 0;
 
 protected:
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -100,7 +93,7 @@ protected:
         return CVirtualListCtrl::DefWindowProc(message, wParam, lParam);
     }
     // Like a derived class that does not pass on these notifications.
-    void OnLvnItemchanged(NMHDR*, LRESULT*) { ++m_seenChanges; }
+    void OnLvnItemchanged(NMHDR*, LRESULT*) {}
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CRowList, CVirtualListCtrl)
@@ -122,17 +115,16 @@ TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
         {"refused", [&] { return list.InsertItem(5, x) + list.AddItem(nullptr); }, -2, "d b a c"},
         {"select", [&] { return list.Select(1, 3), 0; }, 0, "d *b a *c!"},
         {"insert in between", [&] { return list.InsertItem(2, x); }, 2, "d *b x a *c!"},
-        {"sort by name", [&] { return list.SortItems(0, TRUE, FALSE); }, TRUE, "a *b *c! d x"},
+        {"sort", [&] { return list.SortItems(0, TRUE, FALSE); }, TRUE, "a *b *c! d x"},
         {"again", [&] { return list.SortItems(0, TRUE, FALSE); }, FALSE, "a *b *c! d x"},
         {"from behind", [&] { return list.SortItems(0, FALSE, FALSE); }, TRUE, "x d *c! *b a"},
         {"forced", [&] { return x->m_name = _T("C"), list.SortItems(0, FALSE, TRUE); }, TRUE,
          "d *c! *b a C"},
-        {"equal ones stay in order", [&] { return list.SortItems(1, TRUE, FALSE); }, TRUE,
-         "C d *c! *b a"},
+        {"by size", [&] { return list.SortItems(1, TRUE, FALSE); }, TRUE, "C d *c! *b a"},
         {"one moves up", [&] { return list.Select(3), list.MoveSelectedItemUp(); }, 2,
          "C d *b! c a"},
-        {"and down", [&] { return list.MoveSelectedItemDown(); }, 3, "C d c *b! a"},
-        {"delete before", [&] { return list.DeleteItem(0); }, TRUE, "d c *b! a"},
+        {"and down, and a row before it is deleted",
+         [&] { return list.MoveSelectedItemDown() + list.DeleteItem(0); }, 4, "d c *b! a"},
         {"delete the selected", [&] { return list.DeleteItem(2); }, TRUE, "d c *a!"},
         {"one of two",
          [&] { return list.Add("efg"), list.Select(1, 4), list.DeleteItem(list.GetItem(4)); }, TRUE,
@@ -338,8 +330,6 @@ TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
          [](CRowList& list) { list.SelectItem(3); }, "*d *c"},
         {"all while sorting", [](CRowList& list) { list.DeleteAllItems(); },
          [](CRowList& list) { list.SortItems(0, TRUE, FALSE); }, ""},
-        {"a selected one while sorting", [](CRowList& list) { list.DeleteItem(0); },
-         [](CRowList& list) { list.SortItems(0, TRUE, FALSE); }, "b *c *d!"},
         {"sorted back while sorting", [](CRowList& list) { list.SortItems(0, FALSE, FALSE); },
          [](CRowList& list) { list.SortItems(0, TRUE, FALSE); }, "*d! *c b *a"},
         {"another while deleting", [](CRowList& list) { list.DeleteItem(0); },
@@ -385,9 +375,6 @@ TEST(VirtualListCtrl, IsUpToDateInNotifications) {
     const auto key = [](UINT code) {
         return [code](List list) { list.SendMessage(WM_KEYDOWN, code, 1); };
     };
-    const auto doubleClick = [](List list) {
-        list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, list.PlaceOf(1));
-    };
     const auto deleteSelected = [](List list) {
         for (UINT n = list.GetSelectedCount(); n > 0; --n)
             list.DeleteItem(list.GetNextItem(-1, LVNI_SELECTED));
@@ -412,7 +399,6 @@ TEST(VirtualListCtrl, IsUpToDateInNotifications) {
     } rows[] = {
         {"selected ones deleted by a key", LVN_KEYDOWN, key(VK_DELETE), deleteSelected, "*b", 0},
         {"some inserted by a key", LVN_KEYDOWN, key(VK_INSERT), addAndShow, "d c a b G", 47},
-        {"changed by a double click", NM_DBLCLK, doubleClick, addAndShow, "d c a b G", 47},
         {"changed while the selection changes", LVN_ITEMCHANGED, unselectOne, addAndShow,
          "d c a b G", 47},
         {"deleted while the selection changes", LVN_ITEMCHANGED, unselectOne, deleteSelected,
@@ -493,7 +479,12 @@ TEST(VirtualListCtrl, MayBeDestroyedInItsNotifications) {
     } rows[] = {
         {"at a key", LVN_KEYDOWN, [](List list) { list.SendMessage(WM_KEYDOWN, VK_DELETE, 1); }},
         {"at a double click", NM_DBLCLK,
-         [](List list) { list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, list.PlaceOf(0)); }},
+         [](List list) {
+             CRect rect;
+             list.GetItemRect(0, rect, LVIR_LABEL);
+             list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON,
+                              MAKELPARAM(rect.left + 4, rect.top + 4));
+         }},
         {"at a click of the header", LVN_COLUMNCLICK, clickHeader},
         {"sorted by the header", 0,
          [&](List list) {
