@@ -6,7 +6,6 @@
 namespace {
 
 constexpr LCID kEnglish = 0x0409;
-constexpr LCID kGerman = 0x0407;
 constexpr LCID kJapanese = 0x0411;
 constexpr LCID kRussian = 0x0419;
 
@@ -44,45 +43,34 @@ TEST(DateFormat, LettersOfAPictureAreParts) {
         CASE(Date(_T("M MM MMM MMMM MMMMM")), _T("3 03 Mar March March")),
         CASE(Date(_T("y yy yyyy yyyyyy")), _T("07 07 2007 2007")),
         CASE(Date(_T("HH:mm d D Y")), _T("HH:mm 4 D Y")), // date letters are ignored
-        CASE(Date(_T("''d''")), _T("4")),
         CASE(Date(_T("'''d'''")), _T("'d'")),
         CASE(Date(_T("d 'open d")), _T("4 open d")),
         CASE(Date(_T("")), _T("")),
-    });
-}
-
-TEST(DateFormat, LettersOfATimePictureAreParts) {
-    ExpectCases<CString, const WCHAR*>({
         CASE(Time(_T("h hh hhh H HH m mm mmm s ss sss")), _T("5 05 05 5 05 6 06 06 7 07 07")),
         CASE(Time(_T("t tt ttt")), _T("A AM AM")),
         CASE(Time(_T("d M y f")), _T("d M y f")), // time letters are ignored
-        CASE(Time(_T("")), _T("")),
         CASE(Time(_T("h hh H HH t tt"), kMidnight), _T("12 12 0 00 A AM")),
         CASE(Time(_T("h hh H HH t tt"), kNoon), _T("12 12 12 12 P PM")),
     });
 }
 
 TEST(DateFormat, NamesAreOfTheLanguage) {
-    const std::tuple<LCID, const WCHAR*, const WCHAR*> rows[] = {
-        // The genitive is used next to the number of the day, but not next to its name.
-        {kRussian, _T("d MMMM"), _T("4 марта")},
-        {kRussian, _T("d dddd MMMM"), _T("4 воскресенье март")},
-        {kJapanese, _T("dddd"), _T("\x65e5\x66dc\x65e5")},
+    const auto russian = [](const WCHAR* picture) {
+        return Formatted(GetDateFormatW, kMorning, picture, kRussian);
     };
-    for (const auto& [locale, picture, text] : rows)
-        EXPECT_EQ(Formatted(GetDateFormatW, kMorning, picture, locale), text) << locale;
-    if (kOnLinux) { // Wine misreads the text after the month
-        EXPECT_EQ(Formatted(GetDateFormatW, kMorning, _T("MMMM yyyy d"), kRussian),
-                  _T("марта 2007 4"));
-        EXPECT_EQ(Formatted(GetDateFormatW, kMorning, _T("MMMM yyyy"), kRussian), _T("март 2007"));
-    }
-    EXPECT_EQ(Formatted(GetTimeFormatW, kAfternoon, _T("tt"), kJapanese), _T("\x5348\x5f8c"));
+    // The genitive is used next to the number of the day, but not next to its name.
+    ExpectCases<CString, const WCHAR*>({
+        CASE(russian(_T("d MMMM")), _T("4 марта")),
+        CASE(russian(_T("d dddd MMMM")), _T("4 воскресенье март")),
+        CASE(Formatted(GetTimeFormatW, kAfternoon, _T("tt"), kJapanese), _T("\x5348\x5f8c")),
+    });
+    // Wine misreads the text after the month.
+    EXPECT_EQ(russian(_T("MMMM yyyy d")) == _T("марта 2007 4"), kOnLinux);
 }
 
 TEST(DateFormat, OnlyWhatExistsIsFormatted) {
     const std::tuple<SYSTEMTIME, const WCHAR*, const WCHAR*> rows[] = {
         {{1600, 12, 0, 31, 13, 6, 0, 0}, _T("(87)"), _T("13:06")},
-        {{9999, 12, 0, 31, 23, 59, 0, 0}, _T("31 December 9999"), _T("23:59")},
         {{2007, 0, 0, 1, 0, 0, 0, 0}, _T("(87)"), _T("00:00")},
         {{2007, 1, 0, 1, 24, 0, 0, 0}, _T("1 January 2007"), _T("(87)")},
     };

@@ -6,8 +6,6 @@
 #include "support/temporary_folder.h"
 #include "support/test.h"
 
-#include <algorithm>
-
 namespace {
 
 const HMODULE kInvented = reinterpret_cast<HMODULE>(UINT_PTR{0x12340000});
@@ -21,23 +19,12 @@ class Library {
 public:
     explicit Library(const WCHAR* path, DWORD flags = 0)
         : m_module(LoadLibraryExW(path, nullptr, flags)) {}
-    Library(const Library&) = delete;
-    ~Library() {
-        if (m_module != nullptr) {
-            EXPECT_TRUE(FreeLibrary(m_module));
-        }
-    }
+    ~Library() { EXPECT_TRUE(m_module == nullptr || FreeLibrary(m_module)); }
     HMODULE Get() const { return m_module; }
 
 private:
-    HMODULE m_module;
+    const HMODULE m_module;
 };
-
-CString Text(HMODULE module, UINT id) {
-    WCHAR buffer[100];
-    SetLastError(kUnset);
-    return CString(buffer, LoadStringW(module, id, buffer, 100));
-}
 
 TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
     const TemporaryFolder folder;
@@ -46,10 +33,7 @@ TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
     // Error 0 means that it loads.
     const std::tuple<const char*, CString, DWORD, DWORD> rows[] = {
         {"resources alone", Own(_T("full.dll")), 0, 0},
-        {"without the extension", Own(_T("full")), 0, 0},
-        {"as data", Own(_T("full.dll")), kAsData, 0},
         {"missing", Own(_T("missing.dll")), 0, 126},
-        {"missing, as data", Own(_T("missing.dll")), kAsData, 2},
         {"text", Sample(_T("full.rc")), 0, 193},
         {"two bytes, as data", folder.Path(_T("short.dll")), kAsData, 193},
         {"empty", folder.Path(_T("empty.dll")), 0, kOnLinux ? 1006u : 193u}, // 1006 on Windows
@@ -58,7 +42,6 @@ TEST(ModuleConformance, LoadingGivesTheErrorOfEachKindOfFile) {
     };
     for (const auto& [label, path, flags, error] : rows)
         EXPECT_EQ(error, ErrorOf([&] { return Library(path, flags).Get() != nullptr; })) << label;
-    EXPECT_EQ(87u, ErrorOf([] { return LoadLibraryW(nullptr) != nullptr; }));
 }
 
 TEST(ModuleConformance, AModuleIsSharedUntilItsLastUserFreesIt) {
@@ -70,7 +53,6 @@ TEST(ModuleConformance, AModuleIsSharedUntilItsLastUserFreesIt) {
     EXPECT_EQ(first, LoadLibraryW(detour));
     EXPECT_EQ(first, LoadLibraryExW(Own(_T("full.dll")), nullptr, kAsData));
     EXPECT_EQ(first, GetModuleHandleW(_T("FULL")));
-    EXPECT_EQ(first, GetModuleHandleW(Own(_T("full.dll"))));
     for (int i = 0; i < 3; ++i)
         EXPECT_TRUE(FreeLibrary(first));
     EXPECT_EQ(126u, ErrorOf([] { return GetModuleHandleW(_T("full.dll")) != nullptr; }));
@@ -78,36 +60,22 @@ TEST(ModuleConformance, AModuleIsSharedUntilItsLastUserFreesIt) {
     const Library data(Own(_T("strings_only.dll")), kAsData);
     EXPECT_EQ(nullptr, GetModuleHandleW(_T("strings_only.dll"))) << "data is no module";
 
-    EXPECT_EQ(6u, ErrorOf([] { return FreeLibrary(nullptr); }));
     EXPECT_EQ(126u, ErrorOf([=] { return FreeLibrary(first); })) << "freed";
     EXPECT_EQ(126u, ErrorOf([] { return FreeLibrary(kInvented); }));
-    EXPECT_TRUE(FreeLibrary(GetModuleHandleW(nullptr))) << "the program stays";
-    EXPECT_NE(nullptr, GetModuleHandleW(nullptr));
 }
 
 TEST(ModuleConformance, FileNamesAreCutToTheBuffer) {
     const Library library(Own(_T("full.dll")));
     const Library data(Own(_T("strings_only.dll")), kAsData);
-
-    WCHAR path[MAX_PATH] = {};
+    WCHAR path[MAX_PATH] = {}, cut[MAX_PATH] = {'#'};
     const DWORD length = GetModuleFileNameW(library.Get(), path, MAX_PATH);
-    const CString full(path);
-    EXPECT_EQ(CString(_T("full.dll")), full.Right(8));
-    // The last field is the text; "#" means that the buffer is unchanged.
-    const std::tuple<const char*, HMODULE, DWORD, DWORD, DWORD, CString> rows[] = {
-        {"exact", library.Get(), length + 1, length, 0, full},
-        {"one too few", library.Get(), length, length, 122, full.Left(full.GetLength() - 1)},
-        {"a data file", data.Get(), 100, 0, 126, _T("#")},
-    };
-    for (const auto& [label, module, size, result, error, text] : rows) {
-        SCOPED_TRACE(label);
-        WCHAR buffer[MAX_PATH] = {'#'};
-        SetLastError(kUnset);
-        EXPECT_EQ(result, GetModuleFileNameW(module, buffer, size));
-        EXPECT_EQ(error, GetLastError());
-        // Wine writes one more character in the place of Windows' terminator.
-        EXPECT_EQ(text, CString(buffer, text.GetLength()));
-    }
+    EXPECT_EQ(CString(_T("full.dll")), CString(path).Right(8));
+    EXPECT_EQ(126u, ErrorOf([&] { return GetModuleFileNameW(data.Get(), cut, 100) != 0; }));
+    EXPECT_EQ('#', cut[0]);
+    EXPECT_EQ(length, GetModuleFileNameW(library.Get(), cut, length));
+    EXPECT_EQ(122u, GetLastError());
+    // Wine writes one more character in the place of Windows' terminator.
+    EXPECT_EQ(CString(path, length - 1), CString(cut, length - 1));
 }
 
 TEST(ModuleConformance, StringsAreFoundByBlockAndDefaultLanguage) {
@@ -116,33 +84,29 @@ TEST(ModuleConformance, StringsAreFoundByBlockAndDefaultLanguage) {
     const Library noStrings(Sample(_T("no_translation.dll")), kAsData);
     const std::tuple<const char*, HMODULE, UINT, CString, DWORD> rows[] = {
         {"neutral before English", full.Get(), 300, _T("neutral"), kUnset},
-        {"the first of others", full.Get(), 200, _T("nur deutsch"), kUnset},
         {"every plane", full.Get(), 101, _T("20 € für 日本語 😀"), kUnset},
-        {"end of a block", full.Get(), 111, _T("last of its block"), kUnset},
         {"the highest", full.Get(), 65535, _T("the highest id"), kUnset},
         {"a hole in a block", full.Get(), 102, _T(""), kUnset},
         {"no such block", full.Get(), 5000, _T(""), 1814},
         {"no resources", none.Get(), 1, _T(""), 1812},
-        {"no module", kInvented, 1, _T(""), 1812},
     };
     for (const auto& [label, module, id, text, error] : rows) {
-        SCOPED_TRACE(label);
-        EXPECT_EQ(text, Text(module, id));
-        EXPECT_EQ(error, GetLastError());
+        WCHAR buffer[100];
+        SetLastError(kUnset);
+        EXPECT_EQ(text, CString(buffer, LoadStringW(module, id, buffer, 100))) << label;
+        EXPECT_EQ(error, GetLastError()) << label;
     }
 }
 
 TEST(ModuleConformance, AStringIsCutToTheBufferOrShownInPlace) {
     const Library library(Own(_T("full.dll")));
     const CString whole(_T("English"));
-    for (const int size : {8, 7, 2}) {
-        WCHAR buffer[20];
-        std::fill_n(buffer, 20, WCHAR('#'));
+    for (const int size : {8, 7}) {
+        WCHAR buffer[] = _T("##########");
         EXPECT_EQ(size - 1, LoadStringW(library.Get(), 100, buffer, size));
         EXPECT_EQ(whole.Left(size - 1), CString(buffer));
         EXPECT_EQ('#', buffer[size]);
     }
-    EXPECT_EQ(0, LoadStringW(library.Get(), 100, nullptr, 10));
     const WCHAR* place = nullptr;
     ASSERT_EQ(7, LoadStringW(library.Get(), 100, reinterpret_cast<LPWSTR>(&place), 0));
     EXPECT_EQ(whole, CString(place, 7));
@@ -156,7 +120,7 @@ struct Names {
 BOOL CALLBACK AddName(HMODULE, LPCWSTR, LPWSTR name, LONG_PTR parameter) {
     Names& names = *reinterpret_cast<Names*>(parameter);
     if (IS_INTRESOURCE(name))
-        names.text.AppendFormat(_T("%u;"), static_cast<unsigned>(reinterpret_cast<UINT_PTR>(name)));
+        names.text.AppendFormat(_T("%Iu;"), reinterpret_cast<UINT_PTR>(name));
     else
         names.text.AppendFormat(_T("%s;"), name);
     return --names.limit != 0;

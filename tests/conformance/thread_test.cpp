@@ -8,30 +8,20 @@
 
 namespace {
 
-HANDLE CreateTestEvent(BOOL manualReset, BOOL signalled) {
-    return CreateEventW(nullptr, manualReset, signalled, nullptr);
-}
-
 TEST(Events, KeepOrGiveUpTheirSignal) {
-    struct {
-        const char* label;
-        BOOL manualReset;
-        BOOL signalled;
-        int sets;
-        DWORD waits[2];
-    } const rows[] = {
-        {"manual, set from the start", TRUE, TRUE, 0, {WAIT_OBJECT_0, WAIT_OBJECT_0}},
-        {"automatic, set from the start", FALSE, TRUE, 0, {WAIT_OBJECT_0, WAIT_TIMEOUT}},
-        {"automatic, set twice", FALSE, FALSE, 2, {WAIT_OBJECT_0, WAIT_TIMEOUT}},
+    const std::tuple<const char*, BOOL, BOOL, int, DWORD> rows[] = {
+        {"manual, set from the start", TRUE, TRUE, 0, WAIT_OBJECT_0},
+        {"automatic, set from the start", FALSE, TRUE, 0, WAIT_TIMEOUT},
+        {"automatic, set twice", FALSE, FALSE, 2, WAIT_TIMEOUT},
     };
-    for (const auto& row : rows) {
-        const HANDLE event = CreateTestEvent(row.manualReset, row.signalled);
-        for (int i = 0; i < row.sets; ++i)
+    for (const auto& [label, manualReset, signalled, sets, secondWait] : rows) {
+        const HANDLE event = CreateEventW(nullptr, manualReset, signalled, nullptr);
+        for (int i = 0; i < sets; ++i)
             EXPECT_TRUE(SetEvent(event));
-        for (const DWORD expected : row.waits)
-            EXPECT_EQ(WaitForSingleObject(event, 0), expected) << row.label;
+        for (const DWORD expected : {DWORD{WAIT_OBJECT_0}, secondWait})
+            EXPECT_EQ(WaitForSingleObject(event, 0), expected) << label;
         EXPECT_TRUE(SetEvent(event) && ResetEvent(event));
-        EXPECT_EQ(WaitForSingleObject(event, 1), WAIT_TIMEOUT) << row.label;
+        EXPECT_EQ(WaitForSingleObject(event, 1), WAIT_TIMEOUT) << label;
         EXPECT_TRUE(CloseHandle(event));
         EXPECT_EQ(ErrorOf([event] { return SetEvent(event); }), ERROR_INVALID_HANDLE);
     }
@@ -60,8 +50,8 @@ TEST(Threads, HaveLetGoOfTheirLocalsWhenTheyEnd) {
 // lost signal would hang them, a doubled one would give a wrong count.
 TEST(Waits, LoseNoSignalBetweenThreads) {
     constexpr int kRounds = 20000;
-    const HANDLE ping = CreateTestEvent(FALSE, FALSE);
-    const HANDLE pong = CreateTestEvent(FALSE, FALSE);
+    const HANDLE ping = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    const HANDLE pong = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     int count = 0; // protected by the signal
     std::thread other([&] {
         for (int i = 0; i < kRounds; ++i) {

@@ -19,8 +19,7 @@ TEST(App, MessageBoxesGoThroughTheApplication) {
     const std::vector<RecordedMessageBox> expected = {
         {_T("text"), MB_YESNO | MB_ICONSTOP, 7},
         {memory, MB_OK, quorvel::kTextExceptionMemory},
-        {memory, MB_OK, 8},
-    };
+        {memory, MB_OK, 8}};
     EXPECT_EQ(app.Take(), expected);
 }
 

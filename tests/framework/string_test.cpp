@@ -3,7 +3,6 @@
 
 #include "support/test.h"
 
-#include <ranges>
 #include <sstream>
 #include <unordered_set>
 
@@ -45,50 +44,27 @@ const WCHAR* const kNull = nullptr;
 template <class String, class... Inserts>
 concept Formats = requires(String s, const typename String::XCHAR* format, Inserts... inserts) {
     s.Format(format, inserts...);
-    s.AppendFormat(format, inserts...);
-    s.Format(1u, inserts...);
-    s.AppendFormat(1u, inserts...);
 };
 template <class... Inserts>
 concept FormatsMessage = requires(CString s, const WCHAR* format, Inserts... inserts) {
     s.FormatMessage(format, inserts...);
-    s.FormatMessage(1u, inserts...);
-};
-template <class String, class Other>
-concept Adds = requires(String s, Other other) {
-    s + other;
-};
-template <class String, class Other>
-concept AddsInFront = requires(String s, Other other) {
-    other + s;
 };
 template <class String, class Other>
 concept Appends = requires(String s, Other other) {
     s += other;
 };
-template <class String, class Other>
-concept Assigns = requires(String s, Other other) {
-    s = other;
-};
-template <class String, class Other>
-constexpr int kJoins = Adds<String, Other> + AddsInFront<String, Other> + Appends<String, Other> +
-                       Assigns<String, Other>;
 
 struct Derived : CString {
     using CString::CString;
 };
 enum Number { kOne = 1 };
 
-static_assert(Formats<CString, CString, int, const WCHAR*, Derived, CStringA, std::nullptr_t>);
-static_assert(Formats<CStringA, CString, CStringA, double> && FormatsMessage<CString, int>);
+static_assert(Formats<CString, int, Derived, std::nullptr_t> && FormatsMessage<CString, int>);
 static_assert(!Formats<CString, std::string> && !Formats<CStringA, int, POINT>);
 static_assert(!FormatsMessage<Wide> && !FormatsMessage<CString, LARGE_INTEGER>);
-static_assert(kJoins<CString, WCHAR> == 4 && kJoins<CString, char> == 4);
-static_assert(kJoins<CString, CString> == 4 && kJoins<CStringA, char> == 4);
-static_assert(kJoins<CString, int> + kJoins<CString, long> + kJoins<CString, BYTE> == 0);
-static_assert(kJoins<CString, bool> + kJoins<CString, double> + kJoins<CString, Number> == 0);
-static_assert(kJoins<CStringA, int> + kJoins<CStringA, WCHAR> == 0);
-static_assert(std::ranges::contiguous_range<const CString>);
+static_assert(Appends<CString, WCHAR> && Appends<CString, char>);
+static_assert(!Appends<CString, int> && !Appends<CString, BYTE> && !Appends<CString, bool>);
+static_assert(!Appends<CString, double> && !Appends<CString, Number> && !Appends<CStringA, WCHAR>);
 
 } // namespace
 
@@ -103,7 +79,6 @@ TEST(String, CopiesShareTheirCharactersUntilOneIsChanged) {
     EXPECT_EQ(moved, _T("axc"));
     EXPECT_TRUE(second.IsEmpty()); // NOLINT: a moved-from string is empty
     moved = moved.GetString();
-    moved = *&moved;
     EXPECT_EQ(moved, _T("axc"));
 }
 
@@ -127,21 +102,13 @@ TEST(String, ArgumentsMayPointIntoTheStringItself) {
 TEST(String, ChangesInPlace) {
     ExpectChanges({
         CHANGE("ab", s.Insert(9, _T("c")), "abc", 3),
-        CHANGE("ab", s.Insert(-1, _T("c")), "cab", 3),
         CHANGE("abcd", s.Delete(2, INT_MAX), "ab", 2),
-        CHANGE("abcd", s.Delete(1, -1), "abcd", 4),
         CHANGE("a.b.", s.Replace(_T("."), nullptr), "ab", 2),
         CHANGE("aaaaa", s.Replace(_T("aa"), _T("b")), "bba", 2),
         CHANGE("aaa", s.Replace(_T(""), _T("b")), "aaa", 0),
-        CHANGE("abaca", s.Remove('a'), "bc", 3),
-        EFFECT("abc", s.Truncate(1), "a"),
-        EFFECT("abc", s.MakeReverse(), "cba"),
         EFFECT("a\xe4z1", s.MakeUpper(), "A\xc4Z1"),
         EFFECT("A\xc4Z1", s.MakeLower(), "a\xe4z1"),
         EFFECT(" \t\r\nab \v\f", s.Trim(), "ab"),
-        EFFECT("  a ", s.TrimLeft(), "a "),
-        EFFECT(" a  ", s.TrimRight(), " a"),
-        EFFECT("xyaxy", s.Trim(_T("yx")), "a"),
         EFFECT(" a ", s.Trim(nullptr), " a "),
         EFFECT("abc", s.Format(kNull), ""),
         EFFECT("abc", (s.GetBuffer(9)[1] = 0, s.ReleaseBuffer()), "a"),
@@ -154,8 +121,7 @@ TEST(String, PartsAreClampedToTheText) {
     ExpectCases<CString, const WCHAR*>(
         {CASE(s.Mid(-2, 3), _T("abc")), CASE(s.Mid(2, -1), _T("")),
          CASE(s.Mid(1, INT_MAX), _T("bcdef")), CASE(s.Mid(INT_MAX, INT_MAX), _T("")),
-         CASE(s.Left(INT_MIN), _T("")), CASE(s.Right(2), _T("ef")),
-         CASE(s.SpanIncluding(_T("cba")), _T("abc")), CASE(s.SpanExcluding(_T("fd")), _T("abc"))});
+         CASE(s.Left(INT_MIN), _T("")), CASE(s.SpanExcluding(_T("fd")), _T("abc"))});
 }
 
 TEST(String, FindsPlaces) {
@@ -204,19 +170,6 @@ TEST(String, ComparesByUnitAndWithoutCase) {
     EXPECT_EQ(CStringA("ABC").CompareNoCase("abd"), -1);
 }
 
-TEST(String, SumsAndConversions) {
-    const CString a(_T("a"));
-    ExpectCases<CString, const WCHAR*>(
-        {CASE(a + a, _T("aa")), CASE(a + _T("b") + 'c' + WCHAR{'d'}, _T("abcd")),
-         CASE(_T("b") + a, _T("ba")), CASE('b' + a, _T("ba")), CASE(a, _T("a")),
-         CASE(CString('x', 3), _T("xxx")), CASE(CString('x', -1), _T("")),
-         CASE(CString("ab"), _T("ab")), CASE(CString(static_cast<const char*>(nullptr)), _T(""))});
-    EXPECT_EQ(CStringA(_T("ab")), "ab");
-    CStringA narrow;
-    narrow = a;
-    EXPECT_EQ(narrow, "a");
-}
-
 TEST(String, ConvertsFromAndToTheStandardLibrary) {
     // UTF-8 bytes, their UTF-16, and the UTF-8 converted back.
     const std::tuple<std::string, std::u16string, std::string> rows[] = {
@@ -232,9 +185,7 @@ TEST(String, ConvertsFromAndToTheStandardLibrary) {
         EXPECT_EQ(text, CString(utf16));
         EXPECT_EQ(text.ToUTF16(), utf16);
         EXPECT_EQ(text.ToUTF8(), back);
-        EXPECT_EQ(CString(text.GetView()), text);
         EXPECT_EQ(text.GetView(), Wide(utf16.begin(), utf16.end()));
-        EXPECT_EQ(std::u16string(text.begin(), text.end()), utf16);
         std::ostringstream stream;
         stream << text << CStringA("!");
         EXPECT_EQ(stream.str(), back + '!');
@@ -246,24 +197,16 @@ TEST(String, ConvertsFromAndToTheStandardLibrary) {
     EXPECT_EQ(CString(u"\xd800").ToUTF8(), "\xef\xbf\xbd");
 }
 
-TEST(String, OrdersInContainersByItsText) {
+TEST(String, OrdersAndHashesByItsText) {
     typedef std::pair<CString, int> Named;
     const CString low(_T("a")), high(_T("b")), copy(high.GetString()); // at different addresses
     ExpectCases<bool>({
         CASE(Named(low, 2) < Named(high, 1), true),
-        CASE(Named(high, 1) < Named(low, 2), false),
         CASE(Named(high, 1) < Named(copy, 2) && Named(copy, 1) < Named(high, 2), true),
-        CASE(Named(high, 1) == Named(copy, 1), true),
         CASE(std::tuple(high, 0) <=> std::tuple(copy, 0) == 0, true),
-        CASE((low <=> _T("b")) < 0 && (CStringA("b") <=> CStringA("a")) > 0, true),
     });
-}
-
-TEST(String, EqualStringsHaveOneHash) {
-    const CString text(_T("ab"));
-    const CString longer(_T("ab\0c"), 4); // equal: comparison ends at the first zero
-    EXPECT_EQ(std::unordered_set<CString>({text, longer, CString(_T("abc"))}).size(), 2u);
-    EXPECT_EQ(std::unordered_set<CStringA>({CStringA("ab"), CStringA("ab")}).size(), 1u);
+    const CString longer(_T("b\0c"), 3); // equal: comparison ends at the first zero
+    EXPECT_EQ(std::unordered_set<CString>({high, longer, CString(_T("bc"))}).size(), 2u);
 }
 
 TEST(String, AMessageThatIsRefusedLeavesTheText) {

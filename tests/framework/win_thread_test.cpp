@@ -24,24 +24,12 @@ UINT ThrowNumber(void*) {
     throw 5;
 }
 
-void WaitFor(const std::atomic<int>& value, int expected) {
-    while (value != expected)
-        std::this_thread::yield();
-}
-
 // Waits for the thread and returns its exit code.
 DWORD Await(HANDLE thread) {
-    DWORD code = 0;
-    EXPECT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);
-    EXPECT_TRUE(GetExitCodeThread(thread, &code));
+    DWORD code = 99;
+    WaitForSingleObject(thread, INFINITE);
+    GetExitCodeThread(thread, &code);
     return code;
-}
-
-HANDLE Duplicate(HANDLE handle) {
-    HANDLE duplicate = nullptr;
-    EXPECT_TRUE(DuplicateHandle(GetCurrentProcess(), handle, GetCurrentProcess(), &duplicate, 0,
-                                FALSE, DUPLICATE_SAME_ACCESS));
-    return duplicate;
 }
 
 CWinThread* BeginSuspended(AFX_THREADPROC function, void* parameter) {
@@ -52,9 +40,9 @@ TEST(Thread, RunsItsFunctionOnceResumed) {
     g_runs = 0;
     int amount = 3;
     ASSERT_NE(AfxBeginThread(Count, &amount), nullptr);
-    WaitFor(g_runs, 3);
+    while (g_runs != 3)
+        std::this_thread::yield();
     CWinThread* const suspended = BeginSuspended(Count, &amount);
-    ASSERT_NE(suspended, nullptr);
     suspended->m_bAutoDelete = FALSE;
     EXPECT_EQ(g_runs, 3);
     EXPECT_EQ(suspended->ResumeThread(), 1u);
@@ -71,8 +59,10 @@ TEST(Thread, EndsWithoutRunningOrWithWhatIsThrown) {
     for (const auto& [function, resumed, times] : rows)
         for (int i = 0; i < times; ++i) {
             CWinThread* const suspended = BeginSuspended(function, &amount);
-            ASSERT_NE(suspended, nullptr);
-            const HANDLE thread = Duplicate(suspended->m_hThread);
+            const HANDLE self = GetCurrentProcess();
+            HANDLE thread = nullptr;
+            EXPECT_TRUE(DuplicateHandle(self, suspended->m_hThread, self, &thread, 0, FALSE,
+                                        DUPLICATE_SAME_ACCESS));
             if (resumed)
                 suspended->ResumeThread();
             else

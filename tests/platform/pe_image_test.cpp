@@ -1,4 +1,4 @@
-// The reader of PE resources with truncated or corrupted files. Whole files: tests/conformance.
+// The reader of PE resources with truncated or corrupted files.
 #include "platform/linux/resources/pe_file.h"
 #include "platform/win32.h"
 
@@ -36,9 +36,7 @@ protected:
         const PeStringTable strings(resources, {kLanguages, true});
         DWORD error = 0;
         const auto text = strings.Find(100, error);
-        if (text && *text == _T("English"))
-            return 0;
-        return text ? DWORD{ERROR_INVALID_DATA} : error;
+        return !text ? error : *text == _T("English") ? 0 : DWORD{ERROR_INVALID_DATA};
     }
 
     TemporaryFolder folder;

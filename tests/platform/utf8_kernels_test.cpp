@@ -6,30 +6,15 @@
 // Compares them, both ways.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-namespace {
-
 // Each sequence at each place of a block, twice, among blocks of every kind; some ill-formed.
 TEST(Utf8Kernels, AgreeOnSequencesAtEveryPlace) {
-    const std::string sequences[] = {"a",
-                                     "\xc2\x80",
-                                     "\xdf\xbf",
-                                     "\xe0\xa0\x80",
-                                     "\xed\x9f\xbf",
-                                     "\xef\xbf\xbf",
-                                     "\xf0\x90\x80\x80",
-                                     "\xf4\x8f\xbf\xbf",
-                                     "\x80",
-                                     "\xc1\xbf",
-                                     "\xc3",
-                                     "\xe0\x9f\xbf",
-                                     "\xed\xa0\x80",
-                                     "\xe3\x81",
-                                     "\xf0\x8f\xbf\xbf",
-                                     "\xf4\x90\x80\x80",
-                                     "\xf5\x80\x80\x80",
-                                     "\xf0\x9f\x98",
-                                     "\xe3\x81\x82\x80",
-                                     "\xff"};
+    // clang-format off
+    const std::string sequences[] = {
+        "a", "\xc2\x80", "\xdf\xbf", "\xe0\xa0\x80", "\xed\x9f\xbf", "\xef\xbf\xbf",
+        "\xf0\x90\x80\x80", "\xf4\x8f\xbf\xbf", "\x80", "\xc1\xbf", "\xc3", "\xe0\x9f\xbf",
+        "\xed\xa0\x80", "\xe3\x81", "\xf0\x8f\xbf\xbf", "\xf4\x90\x80\x80",
+        "\xf5\x80\x80\x80", "\xf0\x9f\x98", "\xe3\x81\x82\x80", "\xff"};
+    // clang-format on
     for (char kind = 0; kind < 10; ++kind)
         for (const std::string& sequence : sequences)
             for (std::size_t before = 0; before < 34; ++before) {
@@ -62,5 +47,3 @@ TEST(Utf8Kernels, AgreeOnRandomUnits) {
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
     }
 }
-
-} // namespace

@@ -6,31 +6,20 @@
 
 #include "support/test.h"
 
-namespace {
-
 TEST(ProgramLanguage, IsThatOfBothLibrariesOrNone) {
     const HINSTANCE own = QuorvelGetResourceHandle(), program = AfxGetResourceHandle();
     const WCHAR kTemplate[] = _T("Quorvel_%s.dll");
-    const struct {
-        const char* label;
-        const WCHAR* programTemplate;
-        const WCHAR* libraryTemplate;
-        LANGID language;
-        bool isInstalled;
-    } rows[] = {
-        {"German", kTemplate, kTemplate, 0x0407, true},
-        {"Austria has the same library", kTemplate, kTemplate, 0x0007, true},
-        {"no library", kTemplate, kTemplate, 0x040c, false},
-        {"German again", kTemplate, kTemplate, 0x0407, true},
-        {"one is missing", kTemplate, _T("None_%s.dll"), 0x0407, false},
-        {"the other is missing", _T("None_%s.dll"), kTemplate, 0x0407, false},
+    const std::tuple<const char*, const WCHAR*, const WCHAR*, LANGID, BOOL> rows[] = {
+        {"German", kTemplate, kTemplate, 0x0407, TRUE},
+        {"Austria has the same library", kTemplate, kTemplate, 0x0007, TRUE},
+        {"no library", kTemplate, kTemplate, 0x040c, FALSE},
+        {"one is missing", kTemplate, _T("None_%s.dll"), 0x0407, FALSE},
+        {"the other is missing", _T("None_%s.dll"), kTemplate, 0x0407, FALSE},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(AfxInstallLanguage(row.programTemplate, row.libraryTemplate, row.language),
-                  BOOL{row.isInstalled})
-            << row.label;
-        EXPECT_EQ(QuorvelGetResourceHandle() == own, !row.isInstalled) << row.label;
-        EXPECT_EQ(AfxGetResourceHandle() == program, !row.isInstalled) << row.label;
+    for (const auto& [label, ofProgram, ofLibrary, language, isInstalled] : rows) {
+        EXPECT_EQ(AfxInstallLanguage(ofProgram, ofLibrary, language), isInstalled) << label;
+        EXPECT_EQ(QuorvelGetResourceHandle() == own, !isInstalled) << label;
+        EXPECT_EQ(AfxGetResourceHandle() == program, !isInstalled) << label;
     }
     std::vector<std::pair<LANGID, CString>> languages = {{1, _T("former")}};
     AfxGetProgramLanguages(kTemplate, languages);
@@ -40,5 +29,3 @@ TEST(ProgramLanguage, IsThatOfBothLibrariesOrNone) {
     AfxGetProgramLanguages(_T("None_%s.dll"), languages);
     EXPECT_EQ(languages.size(), 1u);
 }
-
-} // namespace

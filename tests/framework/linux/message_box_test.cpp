@@ -9,28 +9,20 @@
 
 namespace {
 
-struct FileDeleter {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-struct Shown {
-    int result;
-    std::string output;
-};
-
-// Shows a box on a terminal where the user types the lines; without lines there is no terminal.
-Shown Show(LPCWSTR text, UINT type, const char* lines) {
+// The result and the output of a box on a terminal where the user types the lines; without lines
+// there is no terminal.
+std::pair<int, std::string> Show(LPCWSTR text, UINT type, const char* lines) {
     char* output = nullptr;
     std::size_t size = 0;
     std::FILE* const out = open_memstream(&output, &size);
-    const std::unique_ptr<std::FILE, FileDeleter> input(
-        lines != nullptr ? fmemopen(const_cast<char*>(lines), std::strlen(lines), "r") : nullptr);
-    Shown shown;
-    shown.result = quorvel::TerminalMessageBox(text, _T("Title"), type, out, input.get());
+    std::FILE* const in =
+        lines != nullptr ? fmemopen(const_cast<char*>(lines), std::strlen(lines), "r") : nullptr;
+    const int result = quorvel::TerminalMessageBox(text, _T("Title"), type, out, in);
     std::fclose(out);
-    shown.output.assign(output, size);
-    std::free(output);
-    return shown;
+    if (in != nullptr)
+        std::fclose(in);
+    const std::unique_ptr<char, decltype(&std::free)> owner(output, std::free);
+    return {result, std::string(output, size)};
 }
 
 } // namespace
@@ -45,14 +37,14 @@ TEST(TerminalMessageBox, AnswersByLetterOrByDefault) {
         {"unknown set", 7, "o\n", 0},
     };
     for (const auto& [label, type, lines, result] : rows)
-        EXPECT_EQ(Show(_T("text"), type, lines).result, result) << label;
+        EXPECT_EQ(Show(_T("text"), type, lines).first, result) << label;
     EXPECT_EQ(quorvel::win32::GetLastError(), ERROR_INVALID_MSGBOX_STYLE);
 }
 
 TEST(TerminalMessageBox, WritesTitleIconAndTextWithoutControlCharacters) {
-    EXPECT_EQ(Show(_T("a\r\nb\x1b[2J\x9b\tc\xe9"), MB_OK | MB_ICONERROR, nullptr).output,
+    EXPECT_EQ(Show(_T("a\r\nb\x1b[2J\x9b\tc\xe9"), MB_OK | MB_ICONERROR, nullptr).second,
               "Title (error)\na\nb[2J\tc\xc3\xa9\n");
-    EXPECT_EQ(Show(nullptr, MB_OK, nullptr).output, "Title\n\n");
-    EXPECT_EQ(Show(_T("?"), MB_YESNO | MB_DEFBUTTON2 | MB_ICONQUESTION, "y\n").output,
+    EXPECT_EQ(Show(nullptr, MB_OK, nullptr).second, "Title\n\n");
+    EXPECT_EQ(Show(_T("?"), MB_YESNO | MB_DEFBUTTON2 | MB_ICONQUESTION, "y\n").second,
               "Title (question)\n?\n[y] Yes  [n] No (default)  ? ");
 }
