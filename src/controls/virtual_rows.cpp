@@ -193,10 +193,14 @@ std::vector<CVirtualListCtrlItem*> VirtualRows::RemoveAll() {
     removed.reserve(static_cast<std::size_t>(m_count));
     for (const Block& block : m_blocks)
         std::ranges::transform(block.slots, std::back_inserter(removed), ItemOf);
+    Clear();
+    return removed;
+}
+
+void VirtualRows::Clear() {
     const int searchColumn = m_searchColumn;
     *this = VirtualRows();
     m_searchColumn = searchColumn;
-    return removed;
 }
 
 std::vector<CVirtualListCtrlItem*>
@@ -431,6 +435,7 @@ VirtualRows::Place VirtualRows::Locate(int row) const {
 void VirtualRows::Split(std::size_t block, std::size_t kept) {
     const std::vector<Slot>& slots = m_blocks[block].slots;
     Block rest;
+    rest.slots.reserve(kMostRows);
     rest.slots.assign(slots.begin() + static_cast<std::ptrdiff_t>(kept), slots.end());
     rest.selectedCount = static_cast<int>(std::ranges::count_if(rest.slots, IsSelectedSlot));
     m_blocks[block].selectedCount -= rest.selectedCount;

@@ -59,6 +59,7 @@ public:
     // ignored. Returns the items in the order of their rows.
     std::vector<CVirtualListCtrlItem*> Remove(std::vector<int> rows);
     std::vector<CVirtualListCtrlItem*> RemoveAll();
+    void Clear();
     // Replaces all rows by these items, each once; ignores null. Items that were there keep
     // selection and focus. Returns the items that are no longer there, in any order.
     std::vector<CVirtualListCtrlItem*> Replace(const std::vector<CVirtualListCtrlItem*>& items);

@@ -6,6 +6,7 @@
 #include "framework/common_controls.h"
 #include "framework/handle_map.h"
 #include "framework/handler_exception.h"
+#include "framework/message_map_cache.h"
 #include "framework/system_changes.h"
 #include "platform/win32.h"
 
@@ -38,6 +39,7 @@ struct WindowState {
     MSG current = {};        // being handled; CWnd::Default uses it
     CWnd* awaited = nullptr; // the object of the next window that is created
     HHOOK creationHook = nullptr;
+    quorvel::MessageMapCache rows;
 };
 
 WindowState& State() {
@@ -48,11 +50,12 @@ WindowState& State() {
 class CurrentMessage {
 public:
     explicit CurrentMessage(const MSG& message)
-        : m_outer(std::exchange(State().current, message)) {}
+        : m_current(State().current), m_outer(std::exchange(m_current, message)) {}
     CurrentMessage(const CurrentMessage&) = delete;
-    ~CurrentMessage() { State().current = m_outer; }
+    ~CurrentMessage() { m_current = m_outer; }
 
 private:
+    MSG& m_current;
     const MSG m_outer;
 };
 
@@ -388,15 +391,7 @@ const AFX_MSGMAP* CWnd::GetMessageMap() const {
     return GetThisMessageMap();
 }
 
-// The row of the most derived class has priority.
 const AFX_MSGMAP_ENTRY* CWnd::FindEntry(UINT message, UINT code, UINT id) const {
-    const AFX_MSGMAP* map = GetMessageMap();
-    while (map != nullptr) {
-        for (const AFX_MSGMAP_ENTRY* entry = map->lpEntries; entry->nMessage != 0; ++entry)
-            if (entry->nMessage == message && entry->nCode == code && entry->nID <= id &&
-                id <= entry->nLastID)
-                return entry;
-        map = map->pfnGetBaseMap != nullptr ? map->pfnGetBaseMap() : nullptr;
-    }
-    return nullptr;
+    const AFX_MSGMAP* const map = GetMessageMap();
+    return map != nullptr ? State().rows.Find(*map, message, code, id) : nullptr;
 }

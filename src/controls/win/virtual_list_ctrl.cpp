@@ -211,7 +211,12 @@ int CVirtualListCtrl::DeleteItems(std::vector<int> indexes) {
 BOOL CVirtualListCtrl::DeleteAllItems() {
     const RedrawLock lock(*this);
     Change change(*this);
-    SendAndDrop(change, m_rows->RemoveAll());
+    std::vector<CVirtualListCtrlItem*> items;
+    if (m_areItemsAutoDeleted)
+        items = m_rows->RemoveAll();
+    else
+        m_rows->Clear(); // saves listing a million items
+    SendAndDrop(change, items);
     return TRUE;
 }
 
