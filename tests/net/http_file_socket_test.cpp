@@ -21,7 +21,6 @@ protected:
         EXPECT_TRUE(socket.Connect(url, m_peer.Port()));
         m_server = m_peer.Accept();
     }
-    // Connects, and returns the request that the server received.
     std::string Ask(CHttpFileSocket& socket) {
         Connect(socket);
         return Peer::ReadRequest(m_server);

@@ -60,7 +60,6 @@ private:
     std::string m_calls;
 };
 
-// A path in the folder of the program.
 CString Beside(const WCHAR* name) {
     WCHAR path[MAX_PATH];
     ::GetModuleFileNameW(nullptr, path, MAX_PATH);
@@ -145,27 +144,31 @@ TEST_F(SimpleMapi, EveryAnswerOfTheLibrary) {
     }
 }
 
-TEST_F(SimpleMapi, LibrariesThatLackWhatIsNeeded) {
-    Install(_T("sending_mail_provider.dll"));
-    ExpectSend(true, quorvel::kTextMailInvalidLibrary, kStop, "no logon");
-    EXPECT_EQ(m_provider.TakeCalls(), "");
-    ExpectSend(false, 0, 0, "no logon");
-    Install(_T("empty_mail_provider.dll"));
-    ExpectSend(true, quorvel::kTextMailInvalidLibrary, kStop, "empty");
-    ExpectSend(false, quorvel::kTextFrameworkMailInvalidLibrary, MB_OK, "empty");
-    ::DeleteFileW(Beside(_T("mapi32.dll")));
-    ExpectSend(true, quorvel::kTextMailLoadFailed, kStop, "none");
-    ExpectSend(false, quorvel::kTextFrameworkMailLoadFailed, MB_OK, "none");
-}
-
-TEST_F(SimpleMapi, MailThatIsNotConfiguredIsNotTried) {
-    Install(kWhole);
-    for (const WCHAR* value : {_T("0"), static_cast<const WCHAR*>(nullptr)}) {
+TEST_F(SimpleMapi, WhatIsMissingOrNotConfiguredIsNotTried) {
+    using namespace quorvel;
+    const WCHAR* const none = nullptr;
+    const struct {
+        const WCHAR* library;
+        const WCHAR* setting;
+        UINT boxOfSession, boxWithout;
+    } rows[] = {
+        {_T("sending_mail_provider.dll"), _T("1"), kTextMailInvalidLibrary, 0},
+        {_T("empty_mail_provider.dll"), _T("1"), kTextMailInvalidLibrary,
+         kTextFrameworkMailInvalidLibrary},
+        {none, _T("1"), kTextMailLoadFailed, kTextFrameworkMailLoadFailed},
+        {kWhole, _T("0"), kTextMailLoadFailed, 0},
+        {kWhole, none, kTextMailLoadFailed, 0},
+    };
+    for (const auto& [library, value, boxOfSession, boxWithout] : rows) {
         const MailSetting setting(value);
-        ExpectSend(true, quorvel::kTextMailLoadFailed, kStop, "not configured");
-        EXPECT_EQ(m_provider.TakeCalls(), "");
-        ExpectSend(false, 0, 0, "not asked");
-        EXPECT_EQ(m_provider.TakeCalls(), "send ");
+        ::DeleteFileW(Beside(_T("mapi32.dll")));
+        if (library != nullptr)
+            Install(library);
+        const std::string label = std::to_string(boxOfSession) + " " + std::to_string(boxWithout);
+        ExpectSend(true, boxOfSession, kStop, label.c_str());
+        EXPECT_EQ(m_provider.TakeCalls(), "") << label;
+        ExpectSend(false, boxWithout, MB_OK, label.c_str());
+        EXPECT_EQ(m_provider.TakeCalls(), boxWithout == 0 ? "send " : "") << label;
     }
 }
 
