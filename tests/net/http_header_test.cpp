@@ -1,6 +1,5 @@
 // The fuzz target checks that a header gives the same result in pieces and as a whole.
 #include <quorvel/net/http_header.h>
-#include <quorvel/net/http_status_code_text.h>
 
 #include "net/http_header_reader.h"
 #include "support/date_time.h"
@@ -110,16 +109,6 @@ TEST(HttpHeader, FieldsTellLengthDateAndDeliberatelyTheInverseOfChunked) {
     EXPECT_EQ(COleDateTime(), CHttpHeader().GetLastModified());
     EXPECT_EQ(0, WithField(_T("Transfer-Content"), _T("Chunked")).IsChunked());
     EXPECT_NE(0, WithField(_T("Transfer-Encoding"), _T("chunked")).IsChunked());
-}
-
-TEST(HttpStatusCodeText, IsTheSentenceOfItsRowOrUnknown) {
-    const CString unknown = _T("Unknown HTTP status code.");
-    ExpectCases<CString>({
-        CASE(AfxGetHTTPStatusCodeText(306), unknown),
-        CASE(AfxGetHTTPStatusCodeText(404),
-             _T("The server has not found anything that matches the requested URI.")),
-        CASE(AfxGetHTTPStatusCodeText(506), unknown),
-    });
 }
 
 TEST(HttpHeaderReader, BytesThatCannotBecomeAHeaderAreGivenUp) {

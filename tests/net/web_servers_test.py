@@ -20,17 +20,7 @@ STATUSES = ["3", "4", "8", "1000", "14"]  # address, connection, request, header
 NGINX = """daemon off; master_process off; pid pid; user root; events {}
 http { access_log off; server { listen 127.0.0.1:PORT; root site; } client_body_temp_path temp; proxy_temp_path temp;
 fastcgi_temp_path temp; uwsgi_temp_path temp; scgi_temp_path temp; }"""
-LIGHTTPD = """server.document-root = env.PWD + "/site"
-server.bind = "127.0.0.1"
-server.port = PORT"""
-
-# Command, configuration.
-SERVERS = [
-    ("nginx -p . -e stderr -c config", NGINX),
-    ("lighttpd -D -f config", LIGHTTPD),
-    ("busybox httpd -f -p 127.0.0.1:PORT -h site", ""),
-    ("python3 -m http.server -b 127.0.0.1 -d site PORT", ""),
-]
+SERVERS = [("nginx -p . -e stderr -c config", NGINX), ("busybox httpd -f -p 127.0.0.1:PORT -h site", "")]
 FETCH = [os.path.abspath(each) if os.path.exists(each) else each for each in sys.argv[1:]]
 problems = []
 
@@ -77,18 +67,17 @@ def check_server(command, config):
 os.environ["PATH"] += ":/usr/sbin"
 with tempfile.TemporaryDirectory() as folder:
     os.chdir(folder)
-    os.environ["PWD"] = folder
     os.mkdir("site")
     for file, text in FILES.items():
         pathlib.Path("site", file).write_bytes(text)
     odd = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Odd)
     threading.Thread(target=odd.serve_forever, daemon=True).start()
     check("odd", odd.server_address[1])
-    for each in SERVERS:
-        if shutil.which(each[0].split()[0]):
-            check_server(*each)
+    for each, config_text in SERVERS:
+        if shutil.which(each.split()[0]):
+            check_server(each, config_text)
         else:
-            print(f"skipped: {each[0]} is not installed")
+            print(f"skipped: {each} is not installed")
     os.chdir("/")
 print("\n".join(problems) or "no problems")
 sys.exit(1 if problems else 0)

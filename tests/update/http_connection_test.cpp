@@ -44,8 +44,8 @@ protected:
             }
         });
     }
-    void Finish(quorvel::UpdateFlow& flow) {
-        StatusWindow::PumpUntil([&] { return !flow.IsActive(); });
+    void Finish() {
+        StatusWindow::PumpUntil([&] { return !m_check.IsActive(); });
         m_server.join();
         StatusWindow::Pump();
     }
@@ -53,7 +53,7 @@ protected:
     Peer m_peer;
     std::thread m_server;
     WatchedSource m_http{m_peer.Port()};
-    quorvel::UpdateCheck m_check{path, folder.Path(_T("updates.xml")), view, m_http};
+    quorvel::UpdateCheck m_check{path, local, view, m_http};
 };
 
 TEST_F(UpdateOverHttp, CancellingInTheMiddleRemovesTheFileThatIsWritten) {
@@ -63,7 +63,7 @@ TEST_F(UpdateOverHttp, CancellingInTheMiddleRemovesTheFileThatIsWritten) {
     StatusWindow::PumpUntil([&] { return HasTemporaryFiles() && m_http.m_last->IsHeaderParsed(); });
     EXPECT_TRUE(HasTemporaryFiles());
     m_check.Cancel();
-    Finish(m_check);
+    Finish();
     EXPECT_FALSE(HasTemporaryFiles());
     EXPECT_EQ(std::vector{CCheckForUpdatesView::resultCancelled}, view.m_results);
 }
@@ -77,7 +77,7 @@ TEST_F(UpdateOverHttp, AnEndWhoseStatusIsLostIsFoundAllTheSame) {
     StatusWindow::Pump();
     EXPECT_TRUE(m_check.IsActive());
     m_http.SetFlow(&m_check);
-    Finish(m_check);
+    Finish();
     EXPECT_EQ(std::vector{CCheckForUpdatesView::resultUpToDate}, view.m_results);
 }
 

@@ -5,7 +5,6 @@
 
 #include "support/temporary_folder.h"
 #include "support/test.h"
-#include "update/signing_keys.h"
 
 namespace {
 
@@ -101,14 +100,6 @@ TEST_F(Minisign, NoByteMayChange) {
                            kBody) == "good")
             << i;
     }
-}
-
-TEST_F(Minisign, WhatTheExampleSignsIsGoodAndItsSecretKeyIsReadAgain) {
-    const std::string publicKey = PublicKeyText(::kNextKey);
-    SigningKey again;
-    ASSERT_TRUE(ReadSecretKey(SecretKeyText(::kNextKey), again));
-    EXPECT_EQ("good", Validate(publicKey, SignatureText(again, kBody, "serial:1"), kBody));
-    EXPECT_FALSE(ReadSecretKey(publicKey, again));
 }
 
 TEST_F(Minisign, TheTrustedCommentsWordsAreRead) {

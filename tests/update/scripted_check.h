@@ -34,6 +34,9 @@ inline std::string Listing(const std::string& date, const std::string& items = "
     return "<?xml version='1.0'?><rss><channel><lastBuildDate>" + date + "</lastBuildDate>" +
            items + "</channel></rss>";
 }
+inline const std::string kNotFound =
+    "The server has not found anything that matches the requested URI.";
+inline const std::string kIncomplete = "The server's answer is incomplete. Please try again later.";
 inline std::string ErrorBox(const std::string& cause) {
     return "(30) An error has occurred while checking for updates.\r\n\r\n" + cause;
 }
@@ -196,6 +199,12 @@ public:
         if (isClosed)
             flow.OnSocketStatus(connection, Http::statusClosed, 0);
     }
+    // Starts a check, and answers what is asked first.
+    template <class Flow>
+    void Begin(Flow&& flow) {
+        EXPECT_TRUE(flow.Check());
+        Answer(flow, kHead);
+    }
     // The last status of the last connection.
     template <class Flow>
     void Release(Flow&& flow) {
@@ -222,7 +231,10 @@ public:
             std::filesystem::path(std::basic_string<WCHAR>(m_temporary.Path().GetString())));
     }
 
+    std::string LocalFile() const { return folder.Read(_T("local.xml")); }
+
     TemporaryFolder folder;
+    const CString local = folder.Path(_T("local.xml")); // the listing
     TestKey key;
     const CRegistryPath path{HKEY_CURRENT_USER, key.Path()};
     RecordingView view;

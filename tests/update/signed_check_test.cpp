@@ -19,8 +19,6 @@ const std::string kWrong = "The signature does not fit the update. It was change
                            "its publisher did not sign it.\n";
 const std::string kInvalid = "The signature of the update is damaged or has an unknown format.\n";
 const std::string kReplayed = "The server offers an update that is older than the last one.\n";
-const std::string kTooLong =
-    "The signature of the update is too long. At most 16.0 KB are accepted.\n";
 
 class SignedCheck : public testing::Test, protected CheckSurroundings {
 protected:
@@ -31,12 +29,11 @@ protected:
     // Runs a whole check with the server's three answers; returns what was shown at its end.
     std::string Run(const std::string& listing, const std::string& signature) {
         AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
-        UpdateCheck each(path, folder.Path(_T("local.xml")), view, source);
+        UpdateCheck each(path, local, view, source);
         each.Verifier() = check.Verifier();
         each.SetMaxAge(maxAge);
         source.PassTime();
-        EXPECT_TRUE(each.Check());
-        source.Answer(each, kHead);
+        source.Begin(each);
         source.Answer(each, listing);
         view.Take();
         if (each.IsActive())
@@ -57,9 +54,8 @@ protected:
         source.PassTime();
         ASSERT_TRUE(version.Check());
     }
-    std::string LocalFile() const { return folder.Read(_T("local.xml")); }
 
-    UpdateCheck check{path, folder.Path(_T("local.xml")), view, source};
+    UpdateCheck check{path, local, view, source};
     int maxAge = 0;
 };
 
@@ -74,17 +70,16 @@ TEST_F(SignedCheck, OnlyAListingWithAGoodSignatureReplacesTheFile) {
         std::string listing, signature, shown; // empty: the file is replaced
     } rows[] = {
         {"no signature", good, "HTTP/1.1 404 Not found\r\n\r\n",
-         "The signature of the update could not be downloaded.\r\n\r\nThe server has not found "
-         "anything that matches the requested URI.\n"},
+         "The signature of the update could not be downloaded.\r\n\r\n" + kNotFound},
         {"a page instead", good, Response("<html/>"), kInvalid},
         {"of another file", good, Response(SignatureText(kKey, "other", "serial:1")), kWrong},
         {"foreign key", good, Response(SignatureText(kForeignKey, listing, "")),
          "The update was signed with the unknown key 0303030303030303.\n"},
         {"foreign key with the id", good, Response(SignatureText(disguised, listing, "")), kWrong},
         {"cut", good, Response(signature.substr(0, 200), LengthField(signature.size())),
-         "The server's answer is incomplete. Please try again later.\n"},
-        {"1 GB announced", good, Response("", LengthField(1 << 30)), kTooLong},
-        {"long", good, Response(std::string(20000, 'x')), kTooLong},
+         kIncomplete},
+        {"long", good, Response(std::string(20000, 'x')),
+         "The signature of the update is too long. At most 16.0 KB are accepted.\n"},
         {"signed, and no listing", Response(noListing),
          Response(SignatureText(kKey, noListing, "serial:1")),
          "The server did not send an update listing. The local updates file was not changed."},
@@ -108,20 +103,15 @@ TEST_F(SignedCheck, OnlyAListingWithAGoodSignatureReplacesTheFile) {
 }
 
 TEST_F(SignedCheck, TheSignatureIsFetchedLikeTheListingFromItsSideOfTheAddress) {
-    for (const auto& [url, expected] : {
-             std::pair{_T("http://h/a.xml"), _T("http://h/a.xml.minisig")},
-             {_T("http://h/a?b=c.d#e"), _T("http://h/a.minisig?b=c.d#e")},
-         }) {
-        AfxWriteProfileCheckForUpdatesURL(path, url);
-        VersionCheck version(path, {1, 2, 3, 4}, view, source);
-        Check(version);
-        source.Answer(version, Response("1.2.3.5"));
-        EXPECT_EQ(expected, source.m_last->m_request.url);
-        EXPECT_TRUE(!source.m_last->m_request.headerOnly &&
-                    source.m_last->m_request.receiveBufferSize == 128);
-        version.Cancel();
-        EXPECT_EQ(View::resultCancelled, view.m_results.back());
-    }
+    AfxWriteProfileCheckForUpdatesURL(path, _T("http://h/a?b=c.d#e"));
+    VersionCheck version(path, {1, 2, 3, 4}, view, source);
+    Check(version);
+    source.Answer(version, Response("1.2.3.5"));
+    const UpdateRequest& request = source.m_last->m_request;
+    EXPECT_EQ(_T("http://h/a.minisig?b=c.d#e"), request.url);
+    EXPECT_TRUE(!request.headerOnly && request.receiveBufferSize == 128);
+    version.Cancel();
+    EXPECT_EQ(View::resultCancelled, view.m_results.back());
 }
 
 TEST_F(SignedCheck, NothingOlderIsAcceptedThanWhatWasAcceptedLast) {
@@ -159,7 +149,7 @@ TEST_F(SignedCheck, AnyKeyOfAListCountsAndNoneAtAllRefuses) {
     RunSigned(listing, "", kNextKey);
     EXPECT_EQ(listing, LocalFile());
 
-    CCheckForUpdates hosts(path, folder.Path(_T("local.xml")), view);
+    CCheckForUpdates hosts(path, local, view);
     for (const WCHAR* text : {static_cast<const WCHAR*>(nullptr), _T(""), _T("no key")}) {
         EXPECT_FALSE(hosts.SetPublicKey(text));
         EXPECT_FALSE(hosts.Check());
@@ -179,12 +169,11 @@ TEST_F(SignedCheck, AListingThatStaysOldIsReported) {
     maxAge = 7;
     EXPECT_NE(std::string::npos, RunSigned(listing).find(stale));
     // Also when the server has nothing newer.
-    UpdateCheck next(path, folder.Path(_T("local.xml")), view, source);
+    UpdateCheck next(path, local, view, source);
     next.Verifier() = check.Verifier();
     next.SetMaxAge(7);
     source.PassTime();
-    ASSERT_TRUE(next.Check());
-    source.Answer(next, kHead);
+    source.Begin(next);
     EXPECT_EQ(View::resultUpToDate, view.m_results.back());
     EXPECT_NE(std::string::npos, view.Take().find(stale));
 }

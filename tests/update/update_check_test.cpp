@@ -32,13 +32,12 @@ const std::string kDownloading = "[large pane]\nConnecting to updates server...\
 class Check : public testing::Test, protected CheckSurroundings {
 protected:
     Check() {
-        folder.Write(_T("updates.xml"), kOld);
+        folder.Write(_T("local.xml"), kOld);
         check.Open();
         view.Take();
     }
     ~Check() override { QuorvelSetOpenExternalLinkCallback(nullptr); }
     COleDateTime LastModified() const { return AfxGetProfileCheckForUpdatesLastModified(path); }
-    std::string LocalFile() const { return folder.Read(_T("updates.xml")); }
     void ExpectEnd(View::Result result) {
         EXPECT_FALSE(check.IsActive());
         EXPECT_TRUE(view.m_hidden);
@@ -47,7 +46,7 @@ protected:
         EXPECT_FALSE(HasTemporaryFiles());
     }
 
-    UpdateCheck check{path, folder.Path(_T("updates.xml")), view, source};
+    UpdateCheck check{path, local, view, source};
 };
 
 TEST_F(Check, ANewerListingIsDownloadedWhenTheUserWantsIt) {
@@ -75,10 +74,9 @@ TEST_F(Check, ANewerListingIsDownloadedWhenTheUserWantsIt) {
 
     // The same listing again, in the same check and in one of the next run.
     source.PassTime();
-    UpdateCheck next(path, folder.Path(_T("updates.xml")), view, source);
+    UpdateCheck next(path, local, view, source);
     for (UpdateCheck* each : {&check, &next}) {
-        ASSERT_TRUE(each->Check());
-        source.Answer(*each, kHead);
+        source.Begin(*each);
         EXPECT_EQ(View::resultUpToDate, view.m_results.back());
         source.PassTime();
     }
@@ -134,10 +132,8 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         "HTTP/1.0 200 OK\r\nlast-modified: Tue, 12 Mar 2024 08:30:00 GMT\r\n\r\n";
     const std::string done = "2 entries\n"; // the listing is shown in any case
     const std::string none = "(40) There are no new updates available.\n";
-    const std::string huge = " of 2147483647 bytes (0%)\n" + done;
     const std::string unknown = Error("Unknown HTTP status code.");
-    const std::string missing =
-        Error("The server has not found anything that matches the requested URI.");
+    const std::string missing = Error(kNotFound);
     const std::string tooLong =
         Error("The update listing is too long. At most 1000 bytes are accepted.");
     const std::string noListing = "The server did not send an update listing. The local updates "
@@ -146,69 +142,64 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         "The server dates its update listing in the future: 12/31/9999 9:30:00 AM. Please check "
         "the clock of this computer.";
     const std::string damaged = "The server's answer is damaged, or encoded in an unknown way.";
-    const std::string incomplete = "The server's answer is incomplete. Please try again later.";
-    const std::string chunks = "6a\r\n" + kNew + "\r\n0\r\n\r\n";
+    const std::string chunked =
+        Response("6a\r\n" + kNew + "\r\n0\r\n\r\n", "Transfer-Encoding: chunked\r\n");
     const std::string longer = kNew + std::string(716 - 93 - size, '\n');
     const View::Result failed = View::resultFailed, updated = View::resultUpdated;
     const struct {
         std::string head, response;
         std::size_t piece; // 0: all statuses are lost
-        int percent;       // -1: no figures
         bool isDone;
         std::string shown, file;
         View::Result result;
         bool isStrict = false;
     } rows[] = {
-        {Response(""), "", 3, -1, false, none, kOld, View::resultUpToDate},
-        {"HTTP/1.0 10060 x\r\n\r\n", "", 3, -1, false, unknown, kOld, failed},
-        {"HTTP/1.0 200 OK\r\n", "", 3, -1, false, unknown, kOld, failed},
+        {Response(""), "", 3, false, none, kOld, View::resultUpToDate},
+        {"HTTP/1.0 10060 x\r\n\r\n", "", 3, false, unknown, kOld, failed},
+        {"HTTP/1.0 200 OK\r\n", "", 3, false, unknown, kOld, failed},
         // The body is complete, too short, too long, or of unknown length.
-        {lowerCase, kResponse, 1, 100, true, done, kNew, updated},
-        {kHead, kResponse, 0, 100, true, done, kNew, updated},
-        {kHead, Response(kNew, LengthField(size + 1)), 99, 99, false, done, kNew, updated},
-        {kHead, Response(longer, "X: " + std::string(93 - 24, 'x') + "\r\n"), 93, 770, false, done,
-         longer, updated}, // 716 of 93 bytes
+        {lowerCase, kResponse, 1, true, "(100%)\n" + done, kNew, updated},
+        {kHead, kResponse, 0, true, "(100%)\n" + done, kNew, updated},
+        {kHead, Response(kNew, LengthField(size + 1)), 99, false, "(99%)\n" + done, kNew, updated},
+        {kHead, Response(longer, "X: " + std::string(93 - 24, 'x') + "\r\n"), 93, false,
+         "716 of 93 bytes (770%)\n" + done, longer, updated},
         // Not a listing, no answer, or a body that is too long, announced or received.
-        {kHead, Response("<html>", LengthField(6)), 1, 100, true,
-         "(10) The file is not a valid XML file.\n", "<html>", failed},
-        {kHead, "HTTP/1.1 404 x\r\n" + LengthField(5) + "\r\n<rss>", 99, 0, false, missing, kOld,
+        {kHead, Response("<html>"), 1, false, "(10) The file is not a valid XML file.\n", "<html>",
          failed},
-        {kHead, "HTTP/1.1 200 OK\r\n", 99, 0, false, unknown, kOld, failed},
-        {kHead, Response(kNew, LengthField(1001)), 999, 0, false, tooLong, kOld, failed},
-        {kHead, Response(std::string(1001, ' ')), 9999, 5368, false, tooLong, kOld, failed},
+        {kHead, "HTTP/1.1 404 x\r\n" + LengthField(5) + "\r\n<rss>", 99, false, missing, kOld,
+         failed},
+        {kHead, "HTTP/1.1 200 OK\r\n", 99, false, unknown, kOld, failed},
+        {kHead, Response(kNew, LengthField(1001)), 999, false, tooLong, kOld, failed},
+        {kHead, Response(std::string(1001, ' ')), 9999, false, tooLong, kOld, failed},
         // The announced length has more bits than the figures.
-        {kHead, Response(kNew, "Content-Length: 18446744073709551615\r\n"), 99, 0, false, huge,
-         kNew, updated},
+        {kHead, Response(kNew, "Content-Length: 18446744073709551615\r\n"), 99, false,
+         " of 2147483647 bytes (0%)\n" + done, kNew, updated},
         // Strict: the body is decoded, and refused unless it is complete and a listing.
-        {kHead, kResponse + "x", 9999, 101, true, done, kNew, updated, true},
-        {kHead, Response(chunks, "Transfer-Encoding: chunked\r\n"), 0, 349, true, done, kNew,
-         updated, true},
-        {kHead, Response(kNew, LengthField(size + 1)), 99, 99, false, Error(incomplete), kOld,
-         failed, true},
-        {kHead, Response(kNew, "Content-Encoding: br\r\n"), 9999, 359, false, Error(damaged), kOld,
-         failed, true},
-        {kHead, Response("<html>", LengthField(6)), 1, 100, false, Error(noListing), kOld, failed,
+        {kHead, kResponse + "x", 9999, true, "(101%)\n" + done, kNew, updated, true},
+        {kHead, chunked, 0, true, "(349%)\n" + done, kNew, updated, true},
+        {kHead, Response(kNew, LengthField(size + 1)), 99, false, Error(kIncomplete), kOld, failed,
          true},
-        {Response("", "Last-Modified: Fri, 31 Dec 9999 08:30:00 GMT\r\n"), "", 99, -1, false,
+        {kHead, Response(kNew, "Content-Encoding: br\r\n"), 9999, false, Error(damaged), kOld,
+         failed, true},
+        {kHead, Response("<html>"), 1, false, Error(noListing), kOld, failed, true},
+        {Response("", "Last-Modified: Fri, 31 Dec 9999 08:30:00 GMT\r\n"), "", 99, false,
          Error(future), kOld, failed, true},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
         source.PassTime();
         AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
-        folder.Write(_T("updates.xml"), kOld);
-        UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
+        folder.Write(_T("local.xml"), kOld);
+        UpdateCheck each(path, local, view, source);
         each.SetBodyLimit(row.shown == tooLong ? 1000 : ~0ull);
         each.SetStrict(row.isStrict);
         ASSERT_TRUE(each.Check());
-        view.m_percent = -1;
         source.Answer(each, row.head, 5);
         if (each.IsActive())
             source.Answer(each, row.response, std::max<std::size_t>(row.piece, 1), row.piece == 0);
         const std::string shown = view.Take();
         EXPECT_TRUE(shown.starts_with(kChecking) && shown.ends_with(row.shown)) << shown;
         EXPECT_EQ(row.isDone ? kListed : COleDateTime(), LastModified());
-        EXPECT_EQ(row.percent, view.m_percent);
         EXPECT_EQ(row.file, LocalFile());
         EXPECT_EQ(std::vector{row.result}, std::exchange(view.m_results, {}));
     }
@@ -218,27 +209,24 @@ TEST_F(Check, AStrictCheckForgetsAStoredDateInTheFuture) {
     source.m_now = COleDateTime(2024, 3, 11, 8, 30, 0); // kListed is a day ahead, which is allowed
     for (const bool isStrict : {true, false}) {
         AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime(2024, 3, 12, 8, 30, 1));
-        UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
+        UpdateCheck each(path, local, view, source);
         each.SetStrict(isStrict);
-        ASSERT_TRUE(each.Check());
-        source.Answer(each, kHead);
+        source.Begin(each);
         EXPECT_EQ(isStrict, each.IsActive());
         source.PassTime();
-        each.Cancel();
     }
 }
 
 TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
     CString diskFull;
     ASSERT_TRUE(AfxGetSystemErrorText(ERROR_DISK_FULL, diskFull));
-    const std::pair<DWORD, std::string> rows[] = {
-        {10060, "Error 10060."},
-        {ERROR_DISK_FULL, Narrow(diskFull)},
-        {10040, "The header of the server's answer is too long. At most 1.00 MB are accepted."},
+    const std::tuple<bool, DWORD, std::string> rows[] = {
+        {false, 10060, "Error 10060."},
+        {true, ERROR_DISK_FULL, Narrow(diskFull)},
+        {true, 10040,
+         "The header of the server's answer is too long. At most 1.00 MB are accepted."},
     };
-    for (int i = 0; i < 6; ++i) {
-        const auto& [code, text] = rows[i / 2];
-        const bool isDownloading = i % 2 != 0;
+    for (const auto& [isDownloading, code, text] : rows) {
         source.PassTime();
         ASSERT_TRUE(check.Check());
         const void* const former = source.m_last;
@@ -269,8 +257,7 @@ TEST_F(Check, FilesThatFailAreNamedAndTheOldListingStays) {
     AfxWriteProfileCheckForUpdatesLastModified(path, earlier);
     UpdateCheck lost(path, target, view, source);
     for (const bool isReset : {false, true}) {
-        ASSERT_TRUE(lost.Check());
-        source.Answer(lost, kHead);
+        source.Begin(lost);
         if (isReset)
             lost.Reset();
         view.Take();
@@ -288,8 +275,7 @@ TEST_F(Check, FilesThatFailAreNamedAndTheOldListingStays) {
         source.PassTime();
     }
     const EnvironmentVariable noFolder(kTemporaryVariable, Narrow(folder.Path(_T("none"))).c_str());
-    ASSERT_TRUE(check.Check());
-    source.Answer(check, kHead);
+    source.Begin(check);
     EXPECT_NE(std::string::npos, view.Take().find("(10) A system error has occurred."));
     EXPECT_EQ(std::vector(3, View::resultFailed), view.m_results);
 }
@@ -303,8 +289,7 @@ TEST_F(Check, CancellingEndsEveryPhaseInSilence) {
 
     source.PassTime();
     view.m_results.clear();
-    ASSERT_TRUE(check.Check());
-    source.Answer(check, kHead);
+    source.Begin(check);
     view.Take();
     source.m_last->Receive(kResponse.substr(0, 60));
     check.Cancel();
@@ -312,8 +297,7 @@ TEST_F(Check, CancellingEndsEveryPhaseInSilence) {
     EXPECT_TRUE(source.m_last->m_closed);
     for (const int status : std::initializer_list<int>{Http::statusHeaderParsed,
                                                        Http::statusReceived, Http::statusEnded})
-        check.OnSocketStatus(source.m_last, status, 0); // queued meanwhile
-    check.OnSocketStatus(source.m_last, Http::statusConnected, 10053);
+        check.OnSocketStatus(source.m_last, status, 10053); // queued meanwhile
     EXPECT_TRUE(HasTemporaryFiles()) << "the connection may still write to it";
     EXPECT_EQ("", view.Take());
     check.Poll();
@@ -330,7 +314,7 @@ TEST_F(Check, AnyCallOfTheViewMayCancelIt) {
         SCOPED_TRACE(call);
         source.PassTime();
         AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
-        UpdateCheck each(path, folder.Path(_T("updates.xml")), view, source);
+        UpdateCheck each(path, local, view, source);
         view.m_callsBefore = call;
         view.m_onCall = [&each] { each.Cancel(); };
         each.Check();
@@ -348,8 +332,7 @@ TEST_F(Check, OpeningShowsTheFileAndTheLastCheck) {
     EXPECT_EQ(_T("Local update file is dated 1/1/2024 1:00:00 AM."), view.m_published);
     EXPECT_EQ(_T(""), view.m_lastChecked) << "never";
     AfxWriteProfileCheckForUpdatesLastChecked(path, {2024, 1, 2, 20, 0, 0});
-    UpdateCheck none(path, folder.Path(_T("none.xml")), view, source);
-    none.Open();
+    UpdateCheck(path, folder.Path(_T("none.xml")), view, source).Open();
     EXPECT_EQ("", view.Take());
     EXPECT_EQ(kNoFile, view.m_published);
     EXPECT_EQ(_T("Last checked for updates on 1/2/2024 9:00:00 PM."), view.m_lastChecked); // Berlin
@@ -368,7 +351,7 @@ TEST_F(Check, ResettingForgetsTheListingButNotTheLastCheck) {
     view.m_answer = IDYES;
     check.Reset();
     EXPECT_EQ(question + "0 entries\n", view.Take());
-    EXPECT_FALSE(folder.Has(_T("updates.xml")));
+    EXPECT_FALSE(folder.Has(_T("local.xml")));
     EXPECT_EQ(COleDateTime(), LastModified());
     EXPECT_EQ(kNoFile, view.m_published);
     EXPECT_EQ(kListed, AfxGetProfileCheckForUpdatesLastChecked(path));

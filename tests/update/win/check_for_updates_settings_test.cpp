@@ -36,89 +36,63 @@ protected:
     const CRegistryPath path{HKEY_CURRENT_USER, key.Path()};
 };
 
-TEST_F(UpdatesSettings, ShowWhatIsStored) {
-    for (const int stored : {0, 7}) {
-        AfxWriteProfileCheckForUpdatesReminder(path, stored);
-        Run({[&](HWND box) {
-                 EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_URL)), _T("http://old/"));
-                 EXPECT_EQ(::IsDlgButtonChecked(box, QUORVEL_UPDATES_REMIND) != 0, stored != 0);
-                 EXPECT_EQ(::GetDlgItemInt(box, QUORVEL_UPDATES_DAYS, nullptr, FALSE),
-                           stored == 0 ? 30u : 7u);
-             },
-             Press(VK_ESCAPE)});
-        EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), stored);
-    }
-}
-
-TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
-    const WCHAR* const kOld = _T("http://old/");
-    const WCHAR* const kNew = _T("http://new/");
-    const struct {
-        const WCHAR* url;
-        bool isTicked;
-        const WCHAR* days;
-        const WCHAR* refusal; // its beginning; null: stored
-        int field;
-        int stored;
-    } rows[] = {
-        {_T("new.example"), true, _T("7"), _T("The value in this field must be a valid URL"),
-         QUORVEL_UPDATES_URL, 5},
-        {kNew, true, _T("91"), _T("The value in this field must be a number between 1 and 90"),
-         QUORVEL_UPDATES_DAYS, 5},
-        {_T(" http://new/\t"), true, _T(" +8"), nullptr, 0, 8},
-        {kNew, false, _T("abc"), nullptr, 0, 0},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << &row - rows);
-        AfxWriteProfileCheckForUpdatesURL(path, kOld);
-        AfxWriteProfileCheckForUpdatesReminder(path, 5);
-        std::unique_ptr<BalloonProbe> balloon;
-        std::vector<Step> steps = {[&](HWND box) {
-                                       balloon = std::make_unique<BalloonProbe>(box);
-                                       ::CheckDlgButton(box, QUORVEL_UPDATES_REMIND, row.isTicked);
-                                   },
-                                   Type(QUORVEL_UPDATES_URL, row.url),
-                                   Type(QUORVEL_UPDATES_DAYS, row.days), Press(VK_RETURN)};
-        if (row.refusal != nullptr) {
-            steps.push_back([&](HWND box) {
-                RECT field;
-                ::GetWindowRect(Item(box, row.field), &field);
-                ASSERT_TRUE(balloon->IsVisible());
-                EXPECT_EQ(balloon->m_places.back().y, field.bottom);
-                EXPECT_EQ(balloon->Text().Find(row.refusal), 0);
-            });
-            steps.push_back(Press(VK_ESCAPE));
-        }
-        Run(std::move(steps));
-        EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), row.refusal == nullptr ? kNew : kOld);
-        EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), row.stored);
-    }
-}
-
-TEST_F(UpdatesSettings, TheDaysFollowTheirBox) {
-    const auto expect = [](BOOL enabled) {
-        return [enabled](HWND box) {
-            EXPECT_EQ(::IsWindowEnabled(Item(box, QUORVEL_UPDATES_DAYS)), enabled);
-            EXPECT_EQ(::IsWindowEnabled(Item(box, QUORVEL_UPDATES_DAYS_SPIN)), enabled);
+TEST_F(UpdatesSettings, ShowWhatIsStoredAndTheDaysFollowTheirBox) {
+    const auto expect = [](BOOL reminds) {
+        return [reminds](HWND box) {
+            EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_URL)), _T("http://old/"));
+            EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_DAYS)), _T("7"));
+            EXPECT_EQ(::IsDlgButtonChecked(box, QUORVEL_UPDATES_REMIND) != 0, reminds != FALSE);
+            EXPECT_EQ(::IsWindowEnabled(Item(box, QUORVEL_UPDATES_DAYS)), reminds);
+            EXPECT_EQ(::IsWindowEnabled(Item(box, QUORVEL_UPDATES_DAYS_SPIN)), reminds);
         };
     };
     const auto pressUp = [](HWND box) {
         ::PostMessageW(Item(box, QUORVEL_UPDATES_DAYS), WM_KEYDOWN, VK_UP, 1);
     };
-    Run({expect(TRUE), ClickOn(QUORVEL_UPDATES_REMIND), expect(FALSE),
-         ClickOn(QUORVEL_UPDATES_REMIND), expect(TRUE), pressUp, Press(VK_RETURN)});
-    EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), 31);
+    AfxWriteProfileCheckForUpdatesReminder(path, 7);
+    const Step tick = ClickOn(QUORVEL_UPDATES_REMIND);
+    Run({expect(TRUE), tick, expect(FALSE), tick, expect(TRUE), pressUp, Press(VK_ESCAPE)});
+    EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), 7);
+    Run({pressUp, Press(VK_RETURN)});
+    EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), 8);
+}
+
+TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
+    std::unique_ptr<BalloonProbe> balloon;
+    const auto refused = [&](int id, const WCHAR* text) {
+        return [&, id, text](HWND box) {
+            RECT field;
+            ::GetWindowRect(Item(box, id), &field);
+            ASSERT_TRUE(balloon->IsVisible());
+            EXPECT_EQ(balloon->m_places.back().y, field.bottom);
+            EXPECT_EQ(balloon->Text().Find(text), 0);
+        };
+    };
+    Run({[&](HWND box) { balloon = std::make_unique<BalloonProbe>(box); },
+         Type(QUORVEL_UPDATES_URL, _T("new.example")), Press(VK_RETURN),
+         refused(QUORVEL_UPDATES_URL, _T("The value in this field must be a valid URL")),
+         Type(QUORVEL_UPDATES_URL, _T(" http://new/\t")), Type(QUORVEL_UPDATES_DAYS, _T("91")),
+         Press(VK_RETURN),
+         refused(QUORVEL_UPDATES_DAYS, _T("The value in this field must be a number between 1 ")),
+         [&](HWND) { EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://old/")); },
+         Type(QUORVEL_UPDATES_DAYS, _T(" +8")), Press(VK_RETURN)});
+    EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://new/"));
+    EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), 8);
+    Run({Type(QUORVEL_UPDATES_DAYS, _T("abc")), ClickOn(QUORVEL_UPDATES_REMIND), Press(VK_RETURN)});
+    EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), 0);
 }
 
 TEST_F(UpdatesSettings, AFailureToStoreIsSaidAndTheDialogStays) {
     MessageBoxRecorder boxes;
     CCheckForUpdatesSettingsDlg dialog{CRegistryPath()};
-    const DialogDriver driver({Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN),
-                               [&](HWND) { EXPECT_EQ(boxes.m_boxes.size(), 1u); },
-                               Press(VK_ESCAPE)});
+    const DialogDriver driver(
+        {Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN),
+         [&](HWND) {
+             ASSERT_EQ(boxes.m_boxes.size(), 1u);
+             EXPECT_EQ(boxes.m_boxes[0].text.Find(_T("An error has occurred while writing")), 0);
+         },
+         Press(VK_ESCAPE)});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-    ASSERT_EQ(boxes.m_boxes.size(), 1u);
-    EXPECT_EQ(boxes.m_boxes[0].text.Find(_T("An error has occurred while writing")), 0);
 }
 
 class UpdatesReminder : public UpdatesSettings {

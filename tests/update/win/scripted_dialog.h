@@ -1,6 +1,7 @@
 // Update dialogs whose server is the test: statuses arrive as messages like those of sockets.
 #pragma once
 
+#include <quorvel/frame/module.h>
 #include <quorvel/net/vask_socket.h>
 
 #include "support/message_box_recorder.h"
@@ -69,6 +70,16 @@ public:
 
     std::function<void()> m_meanwhile;
 };
+
+// A hook of links may ask the user, and the user may close the dialog meanwhile.
+inline void CallInLinkHook(std::function<void()> meanwhile) {
+    static std::function<void()> s_meanwhile;
+    s_meanwhile = std::move(meanwhile);
+    QuorvelSetOpenExternalLinkCallback([](const WCHAR*) {
+        s_meanwhile();
+        return 1;
+    });
+}
 
 inline std::string ItemText(HWND box, int id) {
     return Narrow(TextOf(::GetDlgItem(box, id)));
