@@ -77,6 +77,8 @@ TEST_F(Messages, ComeInTheOrderInWhichTheyWerePosted) {
     DestroyWindow(other);
     EXPECT_EQ(ErrorOf([&] { return PostMessageW(other, kFirst, 0, 0); }),
               ERROR_INVALID_WINDOW_HANDLE);
+    EXPECT_EQ(ErrorOf([&] { return PostMessageW(m_window, WM_GETTEXT, 0, 0); }),
+              ERROR_MESSAGE_SYNC_ONLY);
 }
 
 TEST_F(Messages, GoWithTheirWindow) {
@@ -108,17 +110,6 @@ TEST_F(Messages, EndAfterTheLastOneThatWasPosted) {
     EXPECT_EQ(message.message, UINT(WM_QUIT));
     EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
     EXPECT_EQ(message.message, kFirst);
-}
-
-TEST_F(Messages, AreNotPostedWithPointers) {
-    const std::tuple<UINT, DWORD> rows[] = {{WM_CREATE, ERROR_MESSAGE_SYNC_ONLY},
-                                            {WM_GETTEXT, ERROR_MESSAGE_SYNC_ONLY},
-                                            {0x30b, 0},
-                                            {0x30c, ERROR_MESSAGE_SYNC_ONLY},
-                                            {WM_USER + WM_GETTEXT, 0}};
-    for (const auto& [number, error] : rows)
-        EXPECT_EQ(ErrorOf([&] { return PostMessageW(nullptr, number, 0, 0); }), error) << number;
-    Drain();
 }
 
 // The limit is a quota of the process: Wine has no such quota.

@@ -112,38 +112,33 @@ TEST(ModuleConformance, AStringIsCutToTheBufferOrShownInPlace) {
     EXPECT_EQ(whole, CString(place, 7));
 }
 
-// The names, each followed by a semicolon; stops at the limit.
-struct Names {
-    CString text;
-    int limit;
-};
-BOOL CALLBACK AddName(HMODULE, LPCWSTR, LPWSTR name, LONG_PTR parameter) {
-    Names& names = *reinterpret_cast<Names*>(parameter);
+CString g_names; // each followed by a semicolon
+BOOL CALLBACK AddName(HMODULE, LPCWSTR, LPWSTR name, LONG_PTR limit) {
     if (IS_INTRESOURCE(name))
-        names.text.AppendFormat(_T("%Iu;"), reinterpret_cast<UINT_PTR>(name));
+        g_names.AppendFormat(_T("%Iu;"), reinterpret_cast<UINT_PTR>(name));
     else
-        names.text.AppendFormat(_T("%s;"), name);
-    return --names.limit != 0;
+        g_names.AppendFormat(_T("%s;"), name);
+    return g_names.GetLength() < limit;
 }
 
 TEST(ModuleConformance, ResourcesOfATypeAreNamed) {
-    const std::tuple<const WCHAR*, LPCWSTR, int, const WCHAR*, DWORD> rows[] = {
-        {_T("keys.dll"), RT_ACCELERATOR, 9, _T("MAIN;7;8;"), 0},
-        {_T("keys.dll"), _T("#4"), 9, _T("1;"), 0},
-        {_T("keys.dll"), RT_ACCELERATOR, 2, _T("MAIN;7;"),
+    const std::tuple<const WCHAR*, LPCWSTR, LONG_PTR, const WCHAR*, DWORD> rows[] = {
+        {_T("keys.dll"), RT_ACCELERATOR, 99, _T("MAIN;7;8;"), 0},
+        {_T("keys.dll"), _T("#4"), 99, _T("1;"), 0},
+        {_T("keys.dll"), RT_ACCELERATOR, 6, _T("MAIN;7;"),
          kOnLinux ? 15106u : kUnset}, // Wine does not set it
-        {_T("keys.dll"), RT_VERSION, 9, _T(""), 1813},
-        {_T("no_resources.dll"), RT_MENU, 9, _T(""), 1812},
+        {_T("keys.dll"), RT_VERSION, 99, _T(""), 1813},
+        {_T("no_resources.dll"), RT_MENU, 99, _T(""), 1812},
     };
     for (const auto& [file, type, limit, expected, error] : rows) {
         const Library library(Sample(file), kAsData);
-        Names names = {{}, limit};
-        const auto enumerate = [&, wanted = type] {
-            return EnumResourceNamesW(library.Get(), wanted, AddName,
-                                      reinterpret_cast<LONG_PTR>(&names));
-        };
-        EXPECT_EQ(ErrorOf(enumerate), error) << CString(file);
-        EXPECT_EQ(names.text, expected);
+        g_names.Empty();
+        EXPECT_EQ(ErrorOf([&, wanted = type, most = limit] {
+                      return EnumResourceNamesW(library.Get(), wanted, AddName, most);
+                  }),
+                  error)
+            << CString(file);
+        EXPECT_EQ(g_names, expected);
     }
 }
 

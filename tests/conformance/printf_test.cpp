@@ -32,13 +32,12 @@ TEST(Printf, Integers) {
         BOTH("+0003|+5   | 0003|-0003", "%0+5d|%-+ #05d|% 05d|%05d", 3, 5, 3, -3),
         // Unlike in C, zeros fill the width even with a precision.
         BOTH("00042|+0042", "%05.3d|%0+5.3d", 42, 42),
-        BOTH("||     |+|||", "%.0d|%.d|%5.0d|%+.0d|%.0u|%#.0x|%#.0o", 0, 0, 0, 0, 0, 0, 0),
-        BOTH("0xff|0XFF|010|0|0|5", "%#x|%#X|%#o|%#x|%#o|%#d", 255, 255, 8, 0, 0, 5),
+        BOTH("||     |+||0xff|010|0", "%.0d|%.d|%5.0d|%+.0d|%#.0x|%#x|%#o|%#x", 0, 0, 0, 0, 0, 255,
+             8, 0),
         BOTH("    0xff|0x0000ff|0x00ff|    0x00ff", "%#8x|%#08x|%#.4x|%#10.4x", 255, 255, 255, 255),
         BOTH("    42|42    |42    |0042|42|000042", "%*d|%*d|%-*d|%.*d|%.*d|%0*d", 6, 42, -6, 42, 6,
              42, 4, 42, -4, 42, 6, 42),
         BOTH("4464|4464|1170|25536|-1", "%hd|%hu|%hx|%hi|%+hd", 70000, 70000, 70000, -40000, -1),
-        BOTH("-5|4294967291|fffffffb", "%ld|%lu|%lx", -5, -5, -5),
         BOTH("300|4567", "%hhd|%hhx", 300, 0x1234567), // there is no 8-bit type
         BOTH("-9223372036854775808|18446744073709551611|FFFFFFFFFFFFFFFB", "%I64d|%I64u|%I64X",
              LLONG_MIN, -5LL, -5LL),
@@ -65,7 +64,7 @@ TEST(Printf, CharactersAndTexts) {
                "nar", w, w, "nar", w, w),
         WIDE("      wide|wide      |wi|        wi|000000wide||",
              "%10s|%-10s|%.2s|%10.2s|%010s|%.0s|%.s", w, w, w, w, w, w, w),
-        WIDE("wide", "%.2147483647s", w), // no limit
+        WIDE("wide", "%.2147483647s", w),
         WIDE("(null)|(null)|(null)|(n|  (null)|(null)", "%s|%S|%hs|%.2s|%8s|%.10s", wideNull,
              narrowNull, narrowNull, wideNull, wideNull, wideNull),
         // Widths convert one to one, with any code page.

@@ -1,4 +1,3 @@
-// Byte sizes for a user with a German locale.
 #include <quorvel/frame/byte_size.h>
 
 #include "support/test.h"

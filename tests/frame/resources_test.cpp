@@ -1,4 +1,3 @@
-// The source of the library's texts: the module that a host sets.
 #include <quorvel/frame/message_box.h>
 #include <quorvel/frame/module.h>
 #include <quorvel/framework/exceptions.h>

@@ -52,15 +52,11 @@ TEST_F(VaskMessageBox, EachFormComposesItsBox) {
     // With a check box the caller must ask for the Help button.
     ExpectShown(AfxVaskMessageBox(kText, kCheck, state, MB_YESNO, kTarget), kNone, kText, ownCheck,
                 MB_YESNO);
-    ExpectShown(AfxVaskMessageBox(textId, checkId, state, MB_HELP, kTarget), kNone, text, check,
-                MB_HELP);
     ExpectShown(AfxVaskMessageBox(headingId, textId, checkId, state, MB_OK, kNone), heading, text,
                 check, MB_OK);
 
     const CString seven(_T("seven")); // passes its text
     const WCHAR* const filled = _T("seven, 7%");
-    ExpectShown(AfxFormatStringVaskMessageBox(kFormat, 0u, kTarget, 7, seven), kNone, filled, kNone,
-                MB_HELP);
     ExpectShown(AfxFormatStringVaskMessageBox(headingId, formatId, 0u, kTarget, 7), heading,
                 _T("7 bytes"), kNone, MB_HELP);
     ExpectShown(

@@ -18,29 +18,30 @@ TEST(ExtensionModule, TextsComeFromTheProgramThenTheNewestThenTheSystemEntries) 
         const GermanTexts german;
         const GermanTexts copy(copyName);
         ASSERT_NE(german.Module(), copy.Module());
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
-        const WCHAR* const stringTable = MAKEINTRESOURCEW(6);
-        EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCEW(kText / 16 + 1), stringTable),
-                  copy.Module());
+        const auto expect = [](const GermanTexts& module) {
+            EXPECT_EQ(AfxFindStringResourceHandle(kText), module.Module());
+        };
+        expect(copy);
+        EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCEW(kText / 16 + 1), MAKEINTRESOURCEW(6)),
+                  copy.Module()); // a string table
 
         AFX_EXTENSION_MODULE state = {}; // for a module without texts
         ASSERT_TRUE(AfxInitExtensionModule(state, GetModuleHandleW(nullptr)));
         auto* const entry = new CDynLinkLibrary(state);
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
+        expect(copy);
         entry->m_hResource = german.Module(); // uses another module's resources
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
+        expect(german);
         entry->m_bSystem = TRUE;
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
+        expect(copy);
         entry->m_bSystem = FALSE;
         entry->m_hResource = nullptr; // does not hide the entries after it
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
+        expect(copy);
         delete entry;
         (new CDynLinkLibrary(state))->m_hResource = german.Module();
         AfxTermExtensionModule(state); // deletes the entry as well
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), copy.Module());
-
+        expect(copy);
         AfxSetResourceHandle(german.Module());
-        EXPECT_EQ(AfxFindStringResourceHandle(kText), german.Module());
+        expect(german);
         AfxSetResourceHandle(nullptr);
     }
 }

@@ -1,4 +1,3 @@
-// The map from handles to objects.
 #include "framework/handle_map.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,3 @@
-// Internet addresses and their parts.
 #include <quorvel/framework/inet.h>
 
 #include "support/test.h"

@@ -1,4 +1,3 @@
-// Worker threads and the lifetime of their objects.
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/framework/win_thread.h>
 

@@ -171,8 +171,7 @@ TEST_F(Wnd, AttachRefusesWhatIsTaken) {
     const HWND window = CreateBare();
     const HWND other = CreateBare();
     {
-        CWnd wnd;
-        CWnd rival;
+        CWnd wnd, rival;
         EXPECT_FALSE(wnd.SubclassWindow(reinterpret_cast<HWND>(UINT_PTR{0x7ffe})));
         EXPECT_TRUE(wnd.Attach(window));
         EXPECT_FALSE(wnd.Attach(other)) << "has a window";
@@ -247,6 +246,7 @@ TEST_F(Wnd, TheCreationHookTakesTheNextWindowAlone) {
     EXPECT_FALSE(AfxUnhookWindowCreate()) << "no window came";
 }
 
+#if defined(__i386__)
 // Vector registers are spilled by instructions that fault on unaligned memory, and a caller from
 // outside aligns the stack only to the width of an address.
 typedef float Vector __attribute__((vector_size(16)));
@@ -263,33 +263,26 @@ LRESULT CALLBACK VectorProcedure(HWND, UINT, WPARAM wParam, LPARAM) {
     return static_cast<LRESULT>(SumOnAlignedStack(static_cast<float>(wParam)));
 }
 
-#if defined(__i386__)
-LRESULT CallWithStackOffBy(unsigned bytes, WNDPROC procedure, WPARAM wParam) {
-    LRESULT result;
-    asm volatile("movl %%esp, %%esi\n\t"
-                 "andl $-16, %%esp\n\t"
-                 "subl %[bytes], %%esp\n\t"
-                 "pushl $0\n\t"
-                 "pushl %[wParam]\n\t"
-                 "pushl $0\n\t"
-                 "pushl $0\n\t"
-                 "call *%[procedure]\n\t"
-                 "movl %%esi, %%esp"
-                 : "=a"(result)
-                 : [bytes] "b"(bytes), [wParam] "D"(wParam), [procedure] "0"(procedure)
-                 : "ecx", "edx", "esi", "memory", "cc");
-    return result;
-}
-#else
-LRESULT CallWithStackOffBy(unsigned, WNDPROC procedure, WPARAM wParam) {
-    return procedure(nullptr, 0, wParam, 0);
-}
-#endif
-
 TEST(Stack, IsAlignedForVectorsInAWindowProcedureAndOnAThread) {
-    for (const unsigned bytes : {0u, 4u, 8u, 12u})
-        EXPECT_EQ(CallWithStackOffBy(bytes, VectorProcedure, 1), 10);
+    WNDPROC procedure = VectorProcedure;
+    for (const unsigned bytes : {0u, 4u, 8u, 12u}) {
+        LRESULT result;
+        asm volatile("movl %%esp, %%esi\n\t"
+                     "andl $-16, %%esp\n\t"
+                     "subl %[bytes], %%esp\n\t"
+                     "pushl $0\n\t"
+                     "pushl $1\n\t"
+                     "pushl $0\n\t"
+                     "pushl $0\n\t"
+                     "call *%[procedure]\n\t"
+                     "movl %%esi, %%esp"
+                     : "=a"(result)
+                     : [bytes] "b"(bytes), [procedure] "0"(procedure)
+                     : "ecx", "edx", "esi", "memory", "cc");
+        EXPECT_EQ(result, 10);
+    }
     std::thread([] { EXPECT_EQ(SumOnAlignedStack(1), 10.0f); }).join();
 }
+#endif
 
 } // namespace

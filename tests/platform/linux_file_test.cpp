@@ -16,10 +16,8 @@ HANDLE Open(const WCHAR* name, DWORD rights, DWORD disposition, DWORD share = 0)
     return CreateFileW(name, rights, share, nullptr, disposition, 0, nullptr);
 }
 
-mode_t Permissions(const CString& name) {
-    struct stat status = {};
-    EXPECT_EQ(stat(CStringA(name), &status), 0) << name;
-    return status.st_mode & 0777;
+unsigned Permissions(const CString& name) {
+    return static_cast<unsigned>(std::filesystem::status(name.ToUTF8()).permissions());
 }
 
 TEST(LinuxFile, WhatOneUserAloneMayReadIsNeverOpenToOthers) {

@@ -1,4 +1,3 @@
-// The registry's file: damage, limits, and use by several processes.
 #include "platform/linux/registry/registry_place.h"
 #include "platform/linux/registry/registry_store.h"
 
@@ -110,11 +109,11 @@ TEST(RegistryFile, IsMadeByTheFirstWriteForItsUserAlone) {
     EXPECT_EQ(Read(store, u"v"), "error 2");
     EXPECT_FALSE(place.Has(_T("a")));
     EXPECT_EQ(Write(store, u"v", "data"), 0u);
-    struct stat status;
-    ASSERT_EQ(stat(file.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0600u);
-    ASSERT_EQ(stat((place.Folder() + "/a").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0700u);
+    const auto mode = [](const std::string& path) {
+        return static_cast<unsigned>(std::filesystem::status(path).permissions());
+    };
+    EXPECT_EQ(mode(file), 0600u);
+    EXPECT_EQ(mode(place.Folder() + "/a"), 0700u);
 }
 
 TEST(RegistryFile, IsMovedAsideWhenDamagedAndBegunAnew) {

@@ -1,5 +1,4 @@
-// The record of a socket's network events, for cases that no real connection can produce in time.
-// The other cases are in tests/conformance.
+// Cases that no real connection can produce in time.
 #include "platform/linux/net/network_events.h"
 
 #include "support/test.h"

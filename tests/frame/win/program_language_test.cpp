@@ -1,4 +1,3 @@
-// The languages of a program, by the libraries beside it.
 #include <quorvel/frame/module.h>
 #include <quorvel/frame/win/program_language.h>
 #include <quorvel/framework/extension_module.h>

@@ -1,4 +1,3 @@
-// Data exchange with the controls of a real dialog.
 #include <quorvel/framework/win/dialog.h>
 
 #include "dialogs.h"

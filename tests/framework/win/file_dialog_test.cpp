@@ -1,4 +1,3 @@
-// The system's dialogs that choose a file.
 #include <quorvel/framework/win/file_dialog.h>
 
 #include "support/temporary_folder.h"

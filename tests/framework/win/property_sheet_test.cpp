@@ -78,30 +78,27 @@ TEST(Sheet, CallsItsPagesInOrder) {
     const Step cancel = ClickOn(IDCANCEL);
     const Step next = ClickOn(ID_WIZNEXT);
     const Step finish = ClickOn(ID_WIZFINISH);
-    const std::tuple<const char*, bool, const char*, std::vector<Step>, INT_PTR, const char*>
-        rows[] = {
-            {"OK of the first page alone", false, "", Steps(ok), IDOK,
-             "1init 1active 1kill 1apply 1ok "},
-            {"back to a page that was there", false, "", Steps(Select(1), Select(0), cancel),
-             IDCANCEL,
-             "1init 1active 1kill 2init 2active 2kill 1active 1query 1reset 1cancel 2reset "
-             "2cancel "},
-            {"Apply, then Escape", false, "", Steps(apply, Press(VK_ESCAPE)), IDCANCEL,
-             "1init 1active 1kill 1apply 1ok 1active 1query 1reset 1cancel "},
-            {"a page that keeps the focus", false, "kill", Steps(Select(1), cancel), IDCANCEL,
-             "1init 1active 1kill 1query 1reset 1cancel "},
-            {"a refused OK", false, "apply", Steps(ok, ok), IDOK,
-             "1init 1active 1kill 1apply 1kill 1apply 1ok "},
-            {"a refused Cancel", false, "query", Steps(cancel, cancel), IDCANCEL,
-             "1init 1active 1query 1query 1reset 1cancel "},
-            {"an exception refuses too", false, "!apply", Steps(ok, cancel), IDCANCEL,
-             "1init 1active 1kill 1apply 1query 1reset 1cancel "},
-            {"a wizard", true, "next", Steps(next, next, ClickOn(ID_WIZBACK), next, finish),
-             ID_WIZFINISH,
-             "1init 1active 1next 1next 1kill 2init 2active 2back 2kill 1active 1next 1kill "
-             "2active "
-             "2finish "},
-        };
+    typedef std::tuple<const char*, bool, const char*, std::vector<Step>, INT_PTR, const char*> Row;
+    const Row rows[] = {
+        {"OK of the first page alone", false, "", Steps(ok), IDOK,
+         "1init 1active 1kill 1apply 1ok "},
+        {"back to a page that was there", false, "", Steps(Select(1), Select(0), cancel), IDCANCEL,
+         "1init 1active 1kill 2init 2active 2kill 1active 1query 1reset 1cancel 2reset 2cancel "},
+        {"Apply, then Escape", false, "", Steps(apply, Press(VK_ESCAPE)), IDCANCEL,
+         "1init 1active 1kill 1apply 1ok 1active 1query 1reset 1cancel "},
+        {"a page that keeps the focus", false, "kill", Steps(Select(1), cancel), IDCANCEL,
+         "1init 1active 1kill 1query 1reset 1cancel "},
+        {"a refused OK", false, "apply", Steps(ok, ok), IDOK,
+         "1init 1active 1kill 1apply 1kill 1apply 1ok "},
+        {"a refused Cancel", false, "query", Steps(cancel, cancel), IDCANCEL,
+         "1init 1active 1query 1query 1reset 1cancel "},
+        {"an exception refuses too", false, "!apply", Steps(ok, cancel), IDCANCEL,
+         "1init 1active 1kill 1apply 1query 1reset 1cancel "},
+        {"a wizard", true, "next", Steps(next, next, ClickOn(ID_WIZBACK), next, finish),
+         ID_WIZFINISH,
+         "1init 1active 1next 1next 1kill 2init 2active 2back 2kill 1active 1next 1kill 2active "
+         "2finish "},
+    };
     MessageBoxRecorder app;
     for (const auto& [label, isWizard, refusedByFirst, steps, result, seen] : rows) {
         SCOPED_TRACE(label);
