@@ -54,9 +54,12 @@ TEST(Utf8, ConvertsASequenceAlikeWhereverItLies) {
         {"\xf4\x90\x80\x80", _T("\xfffd\xfffd\xfffd"), false},
         {"\xf5\x80\x80\x80", _T("\xfffd\xfffd\xfffd\xfffd"), false},
         {"\xff", _T("\xfffd"), false},
+        {"\xe3z\x81", _T("\xfffdz\xfffd"), false},
+        {"\xf0z\x9f\x98", _T("\xfffdz\xfffd\xfffd"), false},
+        {"\xf0\x9fz\x98", _T("\xfffdz\xfffd"), false},
     };
     for (const auto& [sequence, units, wellFormed] : rows) {
-        for (std::size_t i = 0; i < 70 * 4 * 40; ++i) {
+        for (std::size_t i = 0; i < 70 * 4 * 40; i += wellFormed ? 1 : 11) {
             const std::size_t before = i % 70;
             const std::size_t between = i / 70 % 4;
             const std::size_t behind = i / 280 + (wellFormed ? 0 : 4); // Wine again

@@ -15,11 +15,11 @@ constexpr UINT kSecond = WM_APP + 2;
 std::string g_seen;
 
 LRESULT CALLBACK Record(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == kFirst || message == kSecond || message == WM_TIMER) {
-        g_seen += message == kFirst ? 'a' : message == kSecond ? 'b' : 't';
-        g_seen += std::to_string(wParam);
-        g_seen += ' ';
-    }
+    if (message == kFirst || message == kSecond || message == WM_TIMER)
+        g_seen += (message == kFirst    ? 'a'
+                   : message == kSecond ? 'b'
+                                        : 't') +
+                  std::to_string(wParam) + ' ';
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
@@ -44,12 +44,9 @@ protected:
         CloseHandle(never);
     }
     static std::string Await() {
-        while (g_seen.empty()) {
-            MSG message;
-            if (GetMessageW(&message, nullptr, 0, 0) <= 0)
-                return "ended";
+        MSG message;
+        while (g_seen.empty() && GetMessageW(&message, nullptr, 0, 0) > 0)
             DispatchMessageW(&message);
-        }
         return std::exchange(g_seen, {});
     }
 

@@ -263,31 +263,26 @@ TEST_F(Sockets, AreRefusedWhatTheyCannotDo) {
     const auto setFlag = [&](int size) {
         return setsockopt(fresh.Get(), SOL_SOCKET, SO_KEEPALIVE, "\1", size);
     };
-    const std::tuple<const char*, int, std::function<int()>> rows[] = {
-        {"recv unconnected", WSAENOTCONN, [&] { return recv(fresh.Get(), &byte, 1, 0); }},
-        {"accept without listening", WSAEINVAL,
-         [&] { return static_cast<int>(accept(fresh.Get(), nullptr, nullptr)); }},
-        {"a port in use", WSAEADDRINUSE, [&] { return fresh.BindTo(m_port); }},
-        {"a port bound only", WSAEADDRINUSE, [&] { return fresh.BindTo(boundPort); }},
-        {"connect a listener", WSAEINVAL, [&] { return m_listener.Connect(m_port); }},
-        {"the peer of an unconnected one", WSAENOTCONN,
-         [&] { return getpeername(fresh.Get(), &name, &length); }},
-        {"recv a negative length", WSAEFAULT, [&] { return recv(m_client.Get(), &byte, -1, 0); }},
-        {"send a negative length", WSAEINVAL, [&] { return send(m_client.Get(), &byte, -1, 0); }},
-        {"a flag of no bytes", WSAEFAULT, [&] { return setFlag(0); }},
-        {"a flag of one byte", 0, [&] { return setFlag(1); }},
+#define FAILS(call, error)                                                                         \
+    {#call, ErrorOf([&] { return static_cast<int>(call) != SOCKET_ERROR; }), error}
+    ExpectCases<DWORD>({
+        FAILS(recv(fresh.Get(), &byte, 1, 0), WSAENOTCONN),
+        FAILS(accept(fresh.Get(), nullptr, nullptr), WSAEINVAL),
+        FAILS(fresh.BindTo(m_port), WSAEADDRINUSE),
+        FAILS(fresh.BindTo(boundPort), WSAEADDRINUSE),
+        FAILS(m_listener.Connect(m_port), WSAEINVAL),
+        FAILS(getpeername(fresh.Get(), &name, &length), WSAENOTCONN),
+        FAILS(recv(m_client.Get(), &byte, -1, 0), WSAEFAULT),
+        FAILS(send(m_client.Get(), &byte, -1, 0), WSAEINVAL),
+        FAILS(setFlag(0), WSAEFAULT),
+        FAILS(setFlag(1), 0),
         // Wine treats an unbound datagram socket as one without data yet, and a missing address as
         // a bad argument.
-        {"recv datagrams unbound", kOnLinux ? WSAEINVAL : WSAEWOULDBLOCK,
-         [&] { return recv(datagrams.Get(), &byte, 1, 0); }},
-        {"send a datagram to nobody", kOnLinux ? WSAENOTCONN : WSAEINVAL,
-         [&] { return send(datagrams.Get(), &byte, 1, 0); }},
-        {"send after shutdown", WSAESHUTDOWN, [&] { return server.Send("x"); }},
-        {"no socket", WSAENOTSOCK, [&] { return recv(none, &byte, 1, 0); }},
-    };
-    for (const auto& [label, error, call] : rows)
-        EXPECT_EQ(ErrorOf([&] { return call() != SOCKET_ERROR; }), static_cast<DWORD>(error))
-            << label;
+        FAILS(recv(datagrams.Get(), &byte, 1, 0), kOnLinux ? WSAEINVAL : WSAEWOULDBLOCK),
+        FAILS(send(datagrams.Get(), &byte, 1, 0), kOnLinux ? WSAENOTCONN : WSAEINVAL),
+        FAILS(server.Send("x"), WSAESHUTDOWN),
+        FAILS(recv(none, &byte, 1, 0), WSAENOTSOCK),
+    });
 }
 
 } // namespace
