@@ -71,24 +71,17 @@ TEST(MRUList, KeepsTheLatestFirst) {
     List five = twenty;
     EXPECT_TRUE(five.SetSizeLimit(5));
     List removed = ListOf({_T("a"), _T("b"), _T("c")});
-    ExpectCases<BOOL>({
-        CASE(five.SetSizeLimit(0), FALSE),
-        CASE(five.SetSizeLimit(51), FALSE),
-        CASE(removed.AddElement(nullptr), FALSE),
-        CASE(removed.AddElement(_T(" \t ")), FALSE),
-        CASE(removed.RemoveElement(_T("b")), TRUE),
-        CASE(removed.RemoveElement(_T("A")), FALSE),
-        CASE(removed.RemoveElement(nullptr), FALSE),
-    });
+    ExpectCases<BOOL>(
+        {CASE(five.SetSizeLimit(0), FALSE), CASE(five.SetSizeLimit(51), FALSE),
+         CASE(removed.AddElement(nullptr), FALSE), CASE(removed.AddElement(_T(" \t ")), FALSE),
+         CASE(removed.RemoveElement(_T("b")), TRUE), CASE(removed.RemoveElement(_T("A")), FALSE),
+         CASE(removed.RemoveElement(nullptr), FALSE)});
     EXPECT_TRUE(five.AddElement(_T("x")));
-    ExpectCases<CString>({
-        CASE(TextsOf(ListOf({_T("a"), _T("b"), _T("c"), _T("b")})), _T("b|c|a|")),
-        CASE(TextsOf(ListOf({_T("abc"), _T("Abc")})), _T("Abc|abc|")),
-        CASE(TextsOf(ListOf({_T(" x ")})), _T(" x |")),
-        CASE(TextsOf(twenty), Numbered(21, 2)),
-        CASE(TextsOf(five), _T("x|") + Numbered(21, 18)),
-        CASE(TextsOf(removed), _T("c|a|")),
-    });
+    ExpectCases<CString>(
+        {CASE(TextsOf(ListOf({_T("a"), _T("b"), _T("c"), _T("b")})), _T("b|c|a|")),
+         CASE(TextsOf(ListOf({_T("abc"), _T("Abc")})), _T("Abc|abc|")),
+         CASE(TextsOf(ListOf({_T(" x ")})), _T(" x |")), CASE(TextsOf(twenty), Numbered(21, 2)),
+         CASE(TextsOf(five), _T("x|") + Numbered(21, 18)), CASE(TextsOf(removed), _T("c|a|"))});
 }
 
 TEST(MRUList, EnumeratesFromASharedPosition) {
@@ -96,21 +89,15 @@ TEST(MRUList, EnumeratesFromASharedPosition) {
     List empty;
     WCHAR* text = nullptr;
     ULONG fetched = 7;
-    ExpectCases<CString>({
-        CASE(Next(list, 0), Fetched(E_INVALIDARG, 0, _T(""))),
-        CASE(Next(list, 3), Fetched(S_FALSE, 2, _T("a|b|"))),
-        CASE(Next(list, 3), Fetched(S_FALSE, 0, _T(""))),
-        CASE(Next(empty, 1), Fetched(E_FAIL, 0, _T(""))),
-    });
-    ExpectCases<HRESULT>({
-        CASE(list.Next(1, nullptr, &fetched), E_POINTER),
-        CASE(list.Next(2, &text, nullptr), E_POINTER),
-        CASE(list.Skip(1), S_FALSE),
-        CASE(list.Reset(), S_OK),
-        CASE(list.Skip(0), E_INVALIDARG),
-        CASE(list.Skip(1), S_OK),
-        CASE(list.Next(1, &text, nullptr), S_OK),
-    });
+    ExpectCases<CString>({CASE(Next(list, 0), Fetched(E_INVALIDARG, 0, _T(""))),
+                          CASE(Next(list, 3), Fetched(S_FALSE, 2, _T("a|b|"))),
+                          CASE(Next(list, 3), Fetched(S_FALSE, 0, _T(""))),
+                          CASE(Next(empty, 1), Fetched(E_FAIL, 0, _T("")))});
+    ExpectCases<HRESULT>({CASE(list.Next(1, nullptr, &fetched), E_POINTER),
+                          CASE(list.Next(2, &text, nullptr), E_POINTER),
+                          CASE(list.Skip(1), S_FALSE), CASE(list.Reset(), S_OK),
+                          CASE(list.Skip(0), E_INVALIDARG), CASE(list.Skip(1), S_OK),
+                          CASE(list.Next(1, &text, nullptr), S_OK)});
     EXPECT_EQ(fetched, 0u);
     EXPECT_EQ(CString(text), _T("b"));
     CoTaskMemFree(text);
@@ -132,13 +119,10 @@ TEST(MRUList, EndsWithItsLastReference) {
     EXPECT_EQ(list->AddRef(), 1u);
     void* found = list;
     IEnumString* copy = nullptr;
-    ExpectCases<HRESULT>({
-        CASE(list->QueryInterface(IID_IUnknown, nullptr), E_POINTER),
-        CASE(list->QueryInterface(IID(), &found), E_NOINTERFACE),
-        CASE(list->Clone(nullptr), E_INVALIDARG),
-        CASE(list->Skip(1), S_OK),
-        CASE(list->Clone(&copy), S_OK),
-    });
+    ExpectCases<HRESULT>({CASE(list->QueryInterface(IID_IUnknown, nullptr), E_POINTER),
+                          CASE(list->QueryInterface(IID(), &found), E_NOINTERFACE),
+                          CASE(list->Clone(nullptr), E_INVALIDARG), CASE(list->Skip(1), S_OK),
+                          CASE(list->Clone(&copy), S_OK)});
     EXPECT_EQ(found, nullptr);
     for (const IID& id : {IID_IUnknown, IID_IEnumString}) {
         EXPECT_EQ(list->QueryInterface(id, &found), S_OK);
@@ -192,14 +176,10 @@ TEST(MRUList, StoresATextForEachPosition) {
     EXPECT_TRUE(loaded.LoadState(_T("s\\t")));
     EXPECT_EQ(TextsOf(loaded), _T("a|b|c|4|"));
 
-    ExpectCases<BOOL>({
-        CASE(loaded.SaveState(kNoKey, TRUE), FALSE),
-        CASE(loaded.LoadState(kNoKey, TRUE), FALSE),
-        CASE(loaded.SaveState(kNoText), FALSE),
-        CASE(loaded.LoadState(kNoText), FALSE),
-        CASE(loaded.SaveState(_T("")), FALSE),
-        CASE(loaded.LoadState(_T("")), FALSE),
-    });
+    ExpectCases<BOOL>(
+        {CASE(loaded.SaveState(kNoKey, TRUE), FALSE), CASE(loaded.LoadState(kNoKey, TRUE), FALSE),
+         CASE(loaded.SaveState(kNoText), FALSE), CASE(loaded.LoadState(kNoText), FALSE),
+         CASE(loaded.SaveState(_T("")), FALSE), CASE(loaded.LoadState(_T("")), FALSE)});
     EXPECT_EQ(loaded.GetElementCount(), 4u); // a refused text changes nothing
 }
 

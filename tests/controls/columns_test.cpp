@@ -6,129 +6,83 @@ using quorvel::Columns;
 
 namespace {
 
-typedef std::function<void(Columns&)> Act;
-
 // Shows ('+') or hides ('-') columns step by step; a letter names the column.
-Act Steps(const char* steps) {
-    return [steps](Columns& columns) {
-        for (const char* step = steps; *step != 0; step += 2)
-            EXPECT_TRUE(columns.Show(step[1] - 'A', step[0] == '+'));
-    };
+Columns& Do(Columns& columns, const char* steps) {
+    for (const char* step = steps; *step != 0; step += 2)
+        EXPECT_TRUE(columns.Show(step[1] - 'A', step[0] == '+'));
+    return columns;
 }
 
 } // namespace
 
 TEST(Columns, KeepTheirPlacesAndWidths) {
-    const struct {
-        const char* label;
-        Act act;
-        CString expected;
-    } rows[] = {
-        {"hidden", Steps("-B"), _T("A10 C30 D40 (B20 )")},
-        {"shown twice", Steps("-B-B+B+B"), _T("A10 B20 C30 D40 ()")},
-        {"place bounded by the columns that are left", Steps("-D-A-B+D"), _T("C30 D40 (A10 B20 )")},
-        {"all hidden", Steps("-A-B-C-D"), _T("(A10 B20 C30 D40 )")},
-        {"the display position counts, not the index",
-         [](Columns& c) {
-             c.SetOrder({3, 2, 1, 0});
-             Steps("-D")(c);
-             EXPECT_EQ(c.GetInsertedColumn(2), 2);
-             Steps("+D")(c);
-             EXPECT_EQ(c.GetInsertedColumn(3), 0);
-         },
-         _T("D40 C30 B20 A10 ()")},
-        {"width remembered",
-         [](Columns& c) {
-             c.SetWidth(1, 77);
-             Steps("-B")(c);
-             EXPECT_EQ(c.GetWidth(1), 77);
-             c.SetWidth(1, 78);
-             Steps("+B")(c);
-         },
-         _T("A10 B78 C30 D40 ()")},
-        {"defined hidden without a width",
-         [](Columns& c) {
-             c.Insert(0, 9, false, _T("N"), 0, -1, -1);
-             EXPECT_EQ(c.GetWidth(9), -1);
-             Steps("+J")(c);
-         },
-         _T("A10 B20 C30 D40 N100 ()")},
-        {"inserted between, in an order of the user's",
-         [](Columns& c) {
-             c.SetOrder({2});
-             EXPECT_EQ(c.Insert(1, 9, true, _T("N"), 0, 90, -1), 1);
-             EXPECT_EQ(c.GetTrueColumn(1), 9);
-         },
-         _T("C30 N90 A10 B20 D40 ()")},
-        {"refused",
-         [](Columns& c) {
-             EXPECT_EQ(c.Insert(0, 9, true, nullptr, 0, 90, -1), -1);
-             for (const auto& [position, trueColumn] : {std::pair(0, 3), {0, -1}, {-1, 9}})
-                 EXPECT_EQ(c.Insert(position, trueColumn, true, _T("N"), 0, 90, -1), -1);
-             EXPECT_FALSE(c.Show(9, true) || c.Show(-1, false) || c.Delete(9));
-             EXPECT_FALSE(c.SetWidth(9, 5) || c.SetWidth(-1, 5));
-         },
-         _T("A10 B20 C30 D40 ()")},
-        {"deleted",
-         [](Columns& c) {
-             Steps("-C")(c);
-             EXPECT_TRUE(c.Delete(2) && c.Delete(0));
-         },
-         _T("B20 D40 ()")},
-        {"order of some, of strangers and of hidden ones",
-         [](Columns& c) {
-             Steps("-B")(c);
-             c.SetOrder({3, 1, 9, 3, -1, 0});
-         },
-         _T("D40 A10 C30 (B20 )")},
-        {"reset",
-         [](Columns& c) {
-             c.SetOrder({3, 1});
-             Steps("-B-A")(c);
-             c.Reset();
-         },
-         _T("A100 B100 C100 D100 ()")},
+    std::unique_ptr<SimulatedList> list;
+    const auto begin = [&](const char* steps) -> Columns& {
+        list = std::make_unique<SimulatedList>(4);
+        return Do(list->columns, steps);
     };
-    for (const auto& row : rows) {
-        SimulatedList list(4);
-        row.act(list.columns);
-        EXPECT_EQ(list.Text(), row.expected) << row.label;
-    }
+    const auto insert = [&](int position, int trueColumn, bool isVisible, int width) {
+        return list->columns.Insert(position, trueColumn, isVisible, _T("N"), 0, width, -1);
+    };
+    const auto after = [&](int result) {
+        CString text;
+        text.Format(_T("%d, %s"), result, list->Text().GetString());
+        return text;
+    };
+    ExpectCases<CString>({
+        CASE((begin("-B"), after(0)), _T("0, A10 C30 D40 (B20 )")),
+        CASE((begin("-B-B+B+B"), after(0)), _T("0, A10 B20 C30 D40 ()")),
+        CASE((begin("-D-A-B+D"), after(0)), _T("0, C30 D40 (A10 B20 )")),
+        CASE((begin("-A-B-C-D"), after(0)), _T("0, (A10 B20 C30 D40 )")),
+        // The display position counts, not the index.
+        CASE((begin("").SetOrder({3, 2, 1, 0}), Do(list->columns, "-D+D"),
+              after(list->columns.GetInsertedColumn(3))),
+             _T("0, D40 C30 B20 A10 ()")),
+        CASE((begin("").SetWidth(1, 77), after(Do(list->columns, "-B").GetWidth(1))),
+             _T("77, A10 C30 D40 (B77 )")),
+        CASE((begin("-B").SetWidth(1, 78), after(Do(list->columns, "+B").GetWidth(1))),
+             _T("78, A10 B78 C30 D40 ()")),
+        CASE((begin(""), after(insert(0, 9, false, -1))), _T("-1, A10 B20 C30 D40 (N-1 )")),
+        CASE((Do(list->columns, "+J"), after(0)), _T("0, A10 B20 C30 D40 N100 ()")),
+        CASE((begin("").SetOrder({2}), after(insert(1, 9, true, 90))),
+             _T("1, C30 N90 A10 B20 D40 ()")),
+        CASE((begin("-C"), after(list->columns.Delete(2) && list->columns.Delete(0))),
+             _T("1, B20 D40 ()")),
+        // Some, strangers and hidden ones.
+        CASE((begin("-B").SetOrder({3, 1, 9, 3, -1, 0}), after(0)), _T("0, D40 A10 C30 (B20 )")),
+        CASE((begin("").SetOrder({3, 1}), Do(list->columns, "-B-A").Reset(), after(0)),
+             _T("0, A100 B100 C100 D100 ()")),
+    });
+    Columns& c = begin("");
+    for (const auto& [position, trueColumn] : {std::pair(0, 3), {0, -1}, {-1, 9}})
+        EXPECT_EQ(insert(position, trueColumn, true, 90), -1);
+    EXPECT_EQ(c.Insert(0, 9, true, nullptr, 0, 90, -1), -1);
+    EXPECT_FALSE(c.Show(9, true) || c.Show(-1, false) || c.Delete(9));
+    EXPECT_FALSE(c.SetWidth(9, 5) || c.SetWidth(-1, 5));
+    EXPECT_EQ(list->Text(), _T("A10 B20 C30 D40 ()"));
 }
 
 TEST(Columns, AreNumberedThreeWays) {
     SimulatedList list(4);
     Columns& c = list.columns;
-    Steps("-B")(c);
-    c.SetOrder({3, 0, 2});
-    ExpectCases<int>({
-        CASE(c.GetTrueColumnCount(), 4),
-        CASE(c.GetInsertedColumnCount(), 3),
-        CASE(c.GetInsertedColumn(3), 2),
-        CASE(c.GetInsertedColumn(1), -1),
-        CASE(c.GetInsertedColumn(4), -1),
-        CASE(c.GetTrueColumn(1), 2),
-        CASE(c.GetTrueColumn(3), -1),
-        CASE(c.GetTrueColumn(-1), -1),
-        CASE(c.GetLeftToRightColumn(0), 2),
-        CASE(c.GetLeftToRightColumn(3), -1),
-        CASE(c.GetLeftToRightTrueColumn(0), 3),
-        CASE(c.GetLeftToRightTrueColumn(-1), -1),
-        CASE(c.GetDisplayPosition(0), 1),
-        CASE(c.GetDisplayPosition(3), -1),
-    });
+    Do(c, "-B").SetOrder({3, 0, 2});
+    ExpectCases<int>({CASE(c.GetTrueColumnCount(), 4), CASE(c.GetInsertedColumnCount(), 3),
+                      CASE(c.GetInsertedColumn(3), 2), CASE(c.GetInsertedColumn(1), -1),
+                      CASE(c.GetInsertedColumn(4), -1), CASE(c.GetTrueColumn(1), 2),
+                      CASE(c.GetTrueColumn(3), -1), CASE(c.GetTrueColumn(-1), -1),
+                      CASE(c.GetLeftToRightColumn(0), 2), CASE(c.GetLeftToRightColumn(3), -1),
+                      CASE(c.GetLeftToRightTrueColumn(0), 3),
+                      CASE(c.GetLeftToRightTrueColumn(-1), -1), CASE(c.GetDisplayPosition(0), 1),
+                      CASE(c.GetDisplayPosition(3), -1)});
     SimulatedList plain; // has columns without records
     plain.view.Insert(0, {});
     plain.view.Insert(1, {});
     plain.view.SetOrder({1, 0});
-    ExpectCases<int>({
-        CASE(plain.columns.GetTrueColumnCount(), 2),
-        CASE(plain.columns.GetInsertedColumn(7), 7),
-        CASE(plain.columns.GetTrueColumn(7), 7),
-        CASE(plain.columns.GetLeftToRightTrueColumn(0), 1),
-        CASE(plain.columns.GetWidth(1), 10),
-        CASE(plain.columns.GetWidth(2), -1),
-    });
+    ExpectCases<int>({CASE(plain.columns.GetTrueColumnCount(), 2),
+                      CASE(plain.columns.GetInsertedColumn(7), 7),
+                      CASE(plain.columns.GetTrueColumn(7), 7),
+                      CASE(plain.columns.GetLeftToRightTrueColumn(0), 1),
+                      CASE(plain.columns.GetWidth(1), 10), CASE(plain.columns.GetWidth(2), -1)});
 }
 
 TEST(Columns, AlignTheFirstOneAfterwards) {
@@ -137,7 +91,7 @@ TEST(Columns, AlignTheFirstOneAfterwards) {
     EXPECT_EQ(list.view.GetAlignment(0), 1);
     list.columns.Insert(0, 1, true, _T("B"), 2 | 0x800, 10, -1);
     EXPECT_EQ(list.view.GetAlignment(0), 2);
-    Steps("-B+B")(list.columns);
+    Do(list.columns, "-B+B");
     EXPECT_EQ(list.view.GetAlignment(0), 2);
 }
 
@@ -145,8 +99,7 @@ TEST(Columns, LeaveTheSortToTheListWhenItsColumnIsHiddenOrDeleted) {
     SimulatedList list(4);
     list.columns.SetOrder({3, 2});
     list.columns.SetSort(2, false);
-    Steps("-A-C")(list.columns);
-    Steps("+C-D")(list.columns);
+    Do(list.columns, "-A-C+C-D");
     list.view.m_onDeleteSortColumn = [&] { EXPECT_FALSE(list.columns.Show(2, true)); };
     list.columns.Delete(2);
     EXPECT_EQ(list.Text(), _T("B20 (A10 D40 )"));
@@ -176,13 +129,9 @@ TEST(Columns, OfferTheirVisibilityInAMenu) {
         return text;
     };
     EXPECT_EQ(menu(), _T("0 50900 A checked|2 50902 R&&D|"));
-    ExpectCases<bool>({
-        CASE(list.columns.Toggle(50960), false),
-        CASE(list.columns.Toggle(50899), false),
-        CASE(list.columns.Toggle(50901), false),
-        CASE(list.columns.Toggle(50902), true),
-        CASE(list.columns.Toggle(50900), true),
-        CASE(list.columns.Show(60, false), true),
-    });
+    ExpectCases<bool>(
+        {CASE(list.columns.Toggle(50960), false), CASE(list.columns.Toggle(50899), false),
+         CASE(list.columns.Toggle(50901), false), CASE(list.columns.Toggle(50902), true),
+         CASE(list.columns.Toggle(50900), true), CASE(list.columns.Show(60, false), true)});
     EXPECT_EQ(menu(), _T("0 50900 A|2 50902 R&&D checked greyed|"));
 }

@@ -26,20 +26,15 @@ TEST(ValidationTracker, HasItsHookWhileABalloonShows) {
     quorvel::ValidationTracker tracker(hook);
     const HWND first = Window(1);
     const HWND second = Window(2);
-    ExpectCases<bool>({
-        CASE(tracker.Hide(first), false),
-        CASE(tracker.Show(nullptr), false),
-        CASE(tracker.Show(first), true),
-        CASE(tracker.Show(first), false), // a second balloon is refused
-        CASE(tracker.Show(second), true),
-        CASE(tracker.NumberOf(first) != tracker.NumberOf(second), true),
-        CASE(tracker.Hide(first), true), // hidden, or destroyed while shown
-        CASE(tracker.IsShowing(first), false),
-        CASE(tracker.HasHook(), true),
-        CASE(tracker.Hide(first), false), // a late notification
-        CASE(tracker.Hide(second), true),
-        CASE(tracker.HasHook(), false),
-    });
+    ExpectCases<bool>({CASE(tracker.Hide(first), false), CASE(tracker.Show(nullptr), false),
+                       CASE(tracker.Show(first), true),
+                       CASE(tracker.Show(first), false), // a second balloon is refused
+                       CASE(tracker.Show(second), true),
+                       CASE(tracker.NumberOf(first) != tracker.NumberOf(second), true),
+                       CASE(tracker.Hide(first), true), // hidden, or destroyed while shown
+                       CASE(tracker.IsShowing(first), false), CASE(tracker.HasHook(), true),
+                       CASE(tracker.Hide(first), false), // a late notification
+                       CASE(tracker.Hide(second), true), CASE(tracker.HasHook(), false)});
     EXPECT_EQ(hook.sets, 1);
     EXPECT_EQ(hook.removals, 1);
 
@@ -70,15 +65,11 @@ TEST(ValidationTracker, FindsTheDialogThatAFocusChangeConcerns) {
     EXPECT_EQ(dialogOf(5), nullptr);
     tracker.Show(Window(2), Window(9)); // owned by the sheet
     tracker.Show(Window(7));
-    ExpectCases<HWND>({
-        CASE(dialogOf(5), Window(2)),
-        CASE(dialogOf(3), nullptr),
-        CASE(dialogOf(6), nullptr),
-        CASE(dialogOf(8), Window(7)),
-        CASE(dialogOf(9), Window(2)),
-        CASE(dialogOf(7), nullptr), // the dialog is not its own parent
-        CASE(dialogOf(0), nullptr),
-    });
+    ExpectCases<HWND>({CASE(dialogOf(5), Window(2)), CASE(dialogOf(3), nullptr),
+                       CASE(dialogOf(6), nullptr), CASE(dialogOf(8), Window(7)),
+                       CASE(dialogOf(9), Window(2)),
+                       CASE(dialogOf(7), nullptr), // the dialog is not its own parent
+                       CASE(dialogOf(0), nullptr)});
     tracker.Show(Window(1));
     EXPECT_EQ(dialogOf(5), Window(2)); // the nearest one
     tracker.Hide(Window(2));

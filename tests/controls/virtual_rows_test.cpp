@@ -68,103 +68,69 @@ struct List {
 } // namespace
 
 TEST(VirtualRows, CarrySelectionAndFocusAlong) {
-    const struct {
-        const char* label;
-        std::function<void(VirtualRows&)> act;
-        CString expected;
-    } cases[] = {
-        {"as added", [](VirtualRows&) {}, _T("b0 a1* b2! a3* c4 ")},
-        {"sorted", [](VirtualRows& r) { r.Sort(ByText); }, _T("a1* a3* b0 b2! c4 ")},
-        {"sorted within another order",
-         [](VirtualRows& r) {
-             r.Sort(ByText);
-             r.Sort([](auto* const& left, auto* const& right) { return ByNumber(right, left); });
-             r.Sort(ByText);
-         },
-         _T("a3* a1* b2! b0 c4 ")},
-        {"without an order", [](VirtualRows& r) { r.Sort(nullptr); }, _T("b0 a1* b2! a3* c4 ")},
-        {"inserted before and after",
-         [](VirtualRows& r) {
-             static Item s_item(_T("n"), 9);
-             EXPECT_EQ(r.Insert(1, &s_item), 1);
-             EXPECT_EQ(r.Insert(6, &s_item), 6);
-             EXPECT_EQ(r.GetRow(&s_item), 1);
-         },
-         _T("b0 n9 a1* b2! a3* c4 n9 ")},
-        {"deleted before the focus", [](VirtualRows& r) { r.Remove(0); }, _T("a1* b2! a3* c4 ")},
-        {"deleted under the focus", [](VirtualRows& r) { r.Remove(2); }, _T("b0 a1* a3*! c4 ")},
-        {"deleted several",
-         [](VirtualRows& r) {
-             EXPECT_EQ(r.Remove({3, 0, 3, 7, -1, 2}).size(), 3u);
-         },
-         _T("a1* c4! ")},
-        {"replaced, some of them again",
-         [](VirtualRows& r) {
-             static Item s_item(_T("n"), 9);
-             EXPECT_EQ(
-                 r.Replace({r.GetItem(4), r.GetItem(3), nullptr, &s_item, r.GetItem(2)}).size(),
-                 2u);
-         },
-         _T("c4 a3* n9 b2! ")},
-        {"replaced without the focused one",
-         [](VirtualRows& r) {
-             r.Replace({r.GetItem(4), r.GetItem(1)});
-         },
-         _T("c4 a1*! ")},
-        {"sorted by more than a function",
-         [](VirtualRows& r) {
-             const int first = 4;
-             r.SortBy([&](auto* const& left, auto* const& right) {
-                 return static_cast<Item*>(left)->m_number == first && left != right;
-             });
-             r.SortBy({});
-         },
-         _T("c4 b0 a1* b2! a3* ")},
-        {"moved up",
-         [](VirtualRows& r) {
-             r.Select(1, 1, false);
-             EXPECT_EQ(r.MoveSelectedUp(), 2);
-             EXPECT_EQ(r.MoveSelectedUp(), 1);
-         },
-         _T("b0 a3* a1 b2! c4 ")},
-        {"moved down with the focus",
-         [](VirtualRows& r) {
-             r.Select(3, 3, false);
-             r.SetFocusedRow(1);
-             EXPECT_EQ(r.MoveSelectedDown(), 2);
-         },
-         _T("b0 b2 a1*! a3 c4 ")},
-        {"not moved",
-         [](VirtualRows& r) {
-             EXPECT_EQ(r.MoveSelectedUp(), -1); // two selected rows
-             r.SelectAll(false);
-             r.Select(0, 0, true);
-             EXPECT_FALSE(r.CanMoveSelectedUp() || !r.CanMoveSelectedDown());
-             EXPECT_EQ(r.MoveSelectedUp(), -1);
-             r.Select(0, 0, false);
-             r.Select(4, 9, true);
-             EXPECT_EQ(r.MoveSelectedDown(), -1);
-         },
-         _T("b0 a1 b2! a3 c4* ")},
-        {"refused",
-         [](VirtualRows& r) {
-             static Item s_item(_T("n"), 9);
-             EXPECT_EQ(r.Insert(-1, &s_item) + r.Insert(6, &s_item) + r.Add(nullptr), -3);
-             EXPECT_TRUE(r.Remove(5) == nullptr && r.Remove(-1) == nullptr);
-             EXPECT_TRUE(r.GetItem(-1) == nullptr && r.GetItem(5) == nullptr);
-             r.Select(3, 2, true);
-             r.Select(-5, -1, true);
-         },
-         _T("b0 a1* b2! a3* c4 ")},
+    std::unique_ptr<List> list;
+    const auto begin = [&]() -> VirtualRows& {
+        list = std::make_unique<List>(
+            std::initializer_list<const WCHAR*>{_T("b"), _T("a"), _T("b"), _T("a"), _T("c")});
+        list->rows.Select(1, 1, true);
+        list->rows.Select(3, 3, true);
+        list->rows.SetFocusedRow(2);
+        return list->rows;
     };
-    for (const auto& row : cases) {
-        List list({_T("b"), _T("a"), _T("b"), _T("a"), _T("c")});
-        list.rows.Select(1, 1, true);
-        list.rows.Select(3, 3, true);
-        list.rows.SetFocusedRow(2);
-        row.act(list.rows);
-        EXPECT_EQ(list.Text(), row.expected) << row.label;
-    }
+    const auto after = [&](int result) {
+        CString text;
+        text.Format(_T("%d, %s"), result, list->Text().GetString());
+        return text;
+    };
+    const auto count = [](const std::vector<CVirtualListCtrlItem*>& items) {
+        return static_cast<int>(items.size());
+    };
+    const auto item = [&](int row) { return list->rows.GetItem(row); };
+    Item added(_T("n"), 9);
+    const auto isDescending = [](CVirtualListCtrlItem* const& left,
+                                 CVirtualListCtrlItem* const& right) {
+        return ByNumber(right, left);
+    };
+    const auto isFourth = [](auto* const& left, auto* const& right) {
+        return static_cast<Item*>(left)->m_number == 4 && left != right;
+    };
+    ExpectCases<CString>({
+        CASE((begin().Sort(ByText), after(0)), _T("0, a1* a3* b0 b2! c4 ")),
+        CASE((begin().Sort(isDescending), list->rows.Sort(ByText), after(0)),
+             _T("0, a3* a1* b2! b0 c4 ")),
+        CASE((begin().Sort(nullptr), after(0)), _T("0, b0 a1* b2! a3* c4 ")),
+        CASE((begin().SortBy(isFourth), list->rows.SortBy({}), after(0)),
+             _T("0, c4 b0 a1* b2! a3* ")),
+        CASE(after(begin().Insert(1, &added)), _T("1, b0 n9 a1* b2! a3* c4 ")),
+        CASE(after(list->rows.Insert(6, &added)), _T("6, b0 n9 a1* b2! a3* c4 n9 ")),
+        CASE((begin().Remove(0), after(0)), _T("0, a1* b2! a3* c4 ")),
+        CASE((begin().Remove(2), after(0)), _T("0, b0 a1* a3*! c4 ")),
+        CASE(after(count(begin().Remove({3, 0, 3, 7, -1, 2}))), _T("3, a1* c4! ")),
+        CASE(after(count(begin().Remove({4, 3, 2}))), _T("3, b0 a1*! ")),
+        CASE((begin(),
+              after(count(list->rows.Replace({item(4), item(3), nullptr, &added, item(2)})))),
+             _T("2, c4 a3* n9 b2! ")),
+        CASE((begin(), after(count(list->rows.Replace({item(4), item(1)})))), _T("3, c4 a1*! ")),
+        CASE((begin().Select(1, 1, false), after(list->rows.MoveSelectedUp())),
+             _T("2, b0 a1 a3* b2! c4 ")),
+        CASE((begin().Select(3, 3, false), list->rows.SetFocusedRow(1),
+              after(list->rows.MoveSelectedDown())),
+             _T("2, b0 b2 a1*! a3 c4 ")),
+        CASE(after(begin().MoveSelectedUp()), _T("-1, b0 a1* b2! a3* c4 ")), // two selected rows
+        CASE((begin().SelectAll(false), list->rows.Select(0, 0, true),
+              after(list->rows.MoveSelectedUp())),
+             _T("-1, b0* a1 b2! a3 c4 ")),
+        CASE((begin().SelectAll(false), list->rows.Select(4, 9, true),
+              after(list->rows.MoveSelectedDown())),
+             _T("-1, b0 a1 b2! a3 c4* ")),
+    });
+    VirtualRows& r = begin();
+    EXPECT_EQ(r.Insert(-1, &added) + r.Insert(6, &added) + r.Add(nullptr), -3);
+    EXPECT_TRUE(r.Remove(5) == nullptr && r.Remove(-1) == nullptr);
+    EXPECT_TRUE(r.GetItem(-1) == nullptr && r.GetItem(5) == nullptr);
+    r.Select(3, 2, true);
+    r.Select(-5, -1, true);
+    EXPECT_EQ(list->Text(), _T("b0 a1* b2! a3* c4 "));
 }
 
 // Compares with a plain vector of marked items, over several blocks.
@@ -235,25 +201,19 @@ TEST(VirtualRows, AreWalkedOverAsAListViewDoes) {
     const VirtualRows& r = list.rows;
     list.rows.Select(1, 2, true);
     list.rows.SetFocusedRow(2);
-    ExpectCases<int>({
-        CASE(r.GetNextRow(-1, true, false), 1),
-        CASE(r.GetNextRow(2, true, false), -1),
-        CASE(r.GetNextRow(-1, true, true), 2),
-        CASE(r.GetNextRow(2, false, true), -1),
-        CASE(r.GetNextRow(2, false, false), 3),
-        CASE(r.GetNextRow(-9, false, false), 0),
-    });
+    ExpectCases<int>(
+        {CASE(r.GetNextRow(-1, true, false), 1), CASE(r.GetNextRow(2, true, false), -1),
+         CASE(r.GetNextRow(-1, true, true), 2), CASE(r.GetNextRow(2, false, true), -1),
+         CASE(r.GetNextRow(2, false, false), 3), CASE(r.GetNextRow(-9, false, false), 0)});
 }
 
 TEST(VirtualRows, SelectTheNeighbourOfADeletedRow) {
     List list({_T("a"), _T("b"), _T("c"), _T("d")});
-    ExpectCases<int>({
-        CASE((list.rows.Remove(3), list.rows.GetRowToSelect(3, true)), 2),
-        CASE((list.rows.Remove(0), list.rows.GetRowToSelect(0, true)), 0),
-        CASE(list.rows.GetRowToSelect(0, false), -1),
-        CASE((list.rows.Select(1, 1, true), list.rows.GetRowToSelect(0, true)), -1),
-        CASE((list.rows.RemoveAll(), list.rows.GetRowToSelect(0, true)), -1),
-    });
+    ExpectCases<int>({CASE((list.rows.Remove(3), list.rows.GetRowToSelect(3, true)), 2),
+                      CASE((list.rows.Remove(0), list.rows.GetRowToSelect(0, true)), 0),
+                      CASE(list.rows.GetRowToSelect(0, false), -1),
+                      CASE((list.rows.Select(1, 1, true), list.rows.GetRowToSelect(0, true)), -1),
+                      CASE((list.rows.RemoveAll(), list.rows.GetRowToSelect(0, true)), -1)});
 }
 
 TEST(VirtualRows, StayAsTheyAreWhenTheOrderThrows) {
@@ -278,46 +238,40 @@ TEST(VirtualRows, ReachAListViewInFewMessages) {
         }
         return text.str();
     };
-    ExpectCases<std::string>({
-        CASE(plan({}, {}, 0), ""),
-        CASE(plan({{0, 999999}}, {{0, 999999}}, 1000000), ""),
-        CASE(plan({{0, 9}}, {{0, 8}}, 9), ""), // the list-view dropped the last row
-        CASE(plan({{3, 5}}, {{4, 6}}, 10), "-3 +6 "),
-        CASE(plan({{1, 2}, {4, 5}}, {{1, 5}}, 10), "+3 "),
-        CASE(plan({}, {{0, 99}}, 100), "+-1 "),
-        CASE(plan({{5, 6}}, {{0, 9}, {11, 99}}, 100), "+-1 -10 "),
-        CASE(plan({{0, 99}}, {{7, 7}}, 100), "--1 +7 "),
-        CASE(plan({{0, 99}}, {}, 100), "--1 "),
-        CASE(plan({{7, 7}}, {{3, 3}}, 1000000), "+3 -7 "),
-    });
+    ExpectCases<std::string>(
+        {CASE(plan({}, {}, 0), ""), CASE(plan({{0, 999999}}, {{0, 999999}}, 1000000), ""),
+         CASE(plan({{0, 9}}, {{0, 8}}, 9), ""), // the list-view dropped the last row
+         CASE(plan({{3, 5}}, {{4, 6}}, 10), "-3 +6 "),
+         CASE(plan({{1, 2}, {4, 5}}, {{1, 5}}, 10), "+3 "), CASE(plan({}, {{0, 99}}, 100), "+-1 "),
+         CASE(plan({{5, 6}}, {{0, 9}, {11, 99}}, 100), "+-1 -10 "),
+         CASE(plan({{0, 99}}, {{7, 7}}, 100), "--1 +7 "), CASE(plan({{0, 99}}, {}, 100), "--1 "),
+         CASE(plan({{7, 7}}, {{3, 3}}, 1000000), "+3 -7 ")});
 }
 
 TEST(VirtualRows, FindTextsWithoutRegardToCase) {
     const List list({_T("Apple"), _T("banana"), _T("apricot"), _T("\u00c4pfel"), _T("aardvark"),
                      _T("blue"), _T("")});
     const VirtualRows& r = list.rows;
-    ExpectCases<int>({
-        CASE(r.Find(_T("AP"), 0, false, false), 0),
-        CASE(r.Find(_T("ap"), 1, false, false), 2),
-        CASE(r.Find(_T("app"), 1, false, false), -1),
-        CASE(r.Find(_T("app"), 1, false, true), 0),
-        CASE(r.Find(_T("APPLE"), -1, true, false), 0),
-        CASE(r.Find(_T("appl"), 0, true, true), -1),
-        CASE(r.Find(_T("\u00e4"), 0, false, true), 3),
-        CASE(r.Find(nullptr, 0, false, true), -1),
-        CASE(r.Find(_T("a"), 7, false, true), 0), // start after the last row
-        CASE(r.Find(_T("a"), 8, false, true), -1),
-        CASE(r.Find(_T("a"), -2, false, true), -1),
-        CASE(r.FindTyped(_T("a"), 0), 2),
-        CASE(r.FindTyped(_T("b"), 6), 1),
-        CASE(r.FindTyped(_T("ap"), 2), 2),
-        CASE(r.FindTyped(_T("ap"), 3), 0),
-        CASE(r.FindTyped(_T("aa"), 0), 4),
-        CASE(r.FindTyped(_T("bB"), 1), 5),
-        CASE(r.FindTyped(_T("bx"), 1), -1),
-        CASE(r.FindTyped(nullptr, 1), -1),
-        CASE(VirtualRows().FindTyped(_T("a"), -1), -1),
-    });
+    ExpectCases<int>({CASE(r.Find(_T("AP"), 0, false, false), 0),
+                      CASE(r.Find(_T("ap"), 1, false, false), 2),
+                      CASE(r.Find(_T("app"), 1, false, false), -1),
+                      CASE(r.Find(_T("app"), 1, false, true), 0),
+                      CASE(r.Find(_T("APPLE"), -1, true, false), 0),
+                      CASE(r.Find(_T("appl"), 0, true, true), -1),
+                      CASE(r.Find(_T("\u00e4"), 0, false, true), 3),
+                      CASE(r.Find(nullptr, 0, false, true), -1),
+                      CASE(r.Find(_T("a"), 7, false, true), 0), // start after the last row
+                      CASE(r.Find(_T("a"), 8, false, true), -1),
+                      CASE(r.Find(_T("a"), -2, false, true), -1),
+                      CASE(r.FindTyped(_T("a"), 0), 2),
+                      CASE(r.FindTyped(_T("b"), 6), 1),
+                      CASE(r.FindTyped(_T("ap"), 2), 2),
+                      CASE(r.FindTyped(_T("ap"), 3), 0),
+                      CASE(r.FindTyped(_T("aa"), 0), 4),
+                      CASE(r.FindTyped(_T("bB"), 1), 5),
+                      CASE(r.FindTyped(_T("bx"), 1), -1),
+                      CASE(r.FindTyped(nullptr, 1), -1),
+                      CASE(VirtualRows().FindTyped(_T("a"), -1), -1)});
 }
 
 TEST(VirtualRows, AreCopiedAsLinesOfCells) {

@@ -29,117 +29,59 @@ Scheme ThreeCommands() {
 } // namespace
 
 TEST(KeyboardMappingScheme, GivesAKeyToOneCommand) {
-    // What the rows do.
-    typedef std::function<BOOL(Scheme&)> Change;
-    const auto add = [](UINT command, const WCHAR* text, const CShortcutKey& key) -> Change {
-        return
-            [=](Scheme& s) { return s.AddKeyboardShortcut(CKeyboardShortcut(command, text, key)); };
+    Scheme s;
+    const auto begin = [&]() -> Scheme& { return s = ThreeCommands(); };
+    const auto text = [&](BOOL result) { return (result ? "" : "refused: ") + TextOf(s); };
+    const auto add = [&](UINT command, const WCHAR* name, const CShortcutKey& key) {
+        return text(begin().AddKeyboardShortcut(CKeyboardShortcut(command, name, key)));
     };
-    const auto set = [](UINT command, const CShortcutKey& key) -> Change {
-        return [=](Scheme& s) { return s.SetShortcutKey(command, key); };
-    };
-    const auto remove = [](UINT command) -> Change {
-        return [=](Scheme& s) { return s.RemoveKeyboardShortcutUsingCommandID(command); };
-    };
-    const auto clear = [](UINT command) -> Change {
-        return [=](Scheme& s) { return s.ClearKeyboardShortcutUsingCommandID(command); };
-    };
-    const char* const kUnchanged = "100 Open C79; 200 Close -; 300 Save C83";
-    const CShortcutKey ctrlO = Key('O', kCtrl);
-    const struct {
-        const char* label;
-        std::vector<Change> changes;
-        BOOL result; // of the last one
-        const char* scheme;
-    } rows[] = {
-        {"a new command takes a key",
-         {add(50, _T("Stop"), kCtrlS)},
-         TRUE,
-         "50 Stop C83; 100 Open C79; 200 Close -; 300 Save -"},
-        {"a known command is replaced",
-         {add(300, _T("Store"), ctrlO)},
-         TRUE,
-         "100 Open -; 200 Close -; 300 Store C79"},
-        {"its own key", {add(300, nullptr, kCtrlS)}, TRUE, "100 Open C79; 200 Close -; 300 C83"},
-        {"a command without a key takes none",
-         {add(400, nullptr, CShortcutKey())},
-         TRUE,
-         "100 Open C79; 200 Close -; 300 Save C83; 400 -"},
-        {"the extended key is another one",
-         {set(200, Key('S', kCtrl | kExtended))},
-         TRUE,
-         "100 Open C79; 200 Close Cx83; 300 Save C83"},
-        {"set several times",
-         {set(200, kCtrlS), set(100, kCtrlS), set(300, ctrlO)},
-         TRUE,
-         "100 Open C83; 200 Close -; 300 Save C79"},
-        {"set an unknown command", {set(250, kCtrlS)}, FALSE, kUnchanged},
-        {"clear a key",
-         {[](Scheme& s) { return s.ClearShortcutKey(kCtrlS); }},
-         TRUE,
-         "100 Open C79; 200 Close -; 300 Save -"},
-        {"clear a key that nobody has",
-         {[](Scheme& s) { return s.ClearShortcutKey(Key('Q')); }},
-         FALSE,
-         kUnchanged},
-        {"clear a command", {clear(100)}, TRUE, "100 Open -; 200 Close -; 300 Save C83"},
-        {"clear an unknown command", {clear(0)}, FALSE, kUnchanged},
-        {"remove an unknown command", {remove(101)}, FALSE, kUnchanged},
-        {"a removed command's key",
-         {remove(300), set(200, kCtrlS)},
-         TRUE,
-         "100 Open C79; 200 Close C83"},
-        {"clear all",
-         {[](Scheme& s) { return s.ClearAllShortcutKeys(), TRUE; }, set(300, ctrlO)},
-         TRUE,
-         "100 Open -; 200 Close -; 300 Save C79"},
-        {"reset to other keys",
-         {[](Scheme& s) {
-              Scheme defaults;
-              defaults.AddKeyboardShortcut({100, _T("x"), kCtrlS});
-              defaults.AddKeyboardShortcut({900, _T("y"), Key('Y')});
-              return s.ResetAllShortcutKeys(defaults), TRUE;
-          },
-          add(200, _T("Close"), kCtrlS)},
-         TRUE,
-         "100 Open -; 200 Close C83; 300 Save -"},
-        {"reset one command",
-         {set(200, kCtrlS), set(100, Key('Q')),
-          [](Scheme& s) { return s.ResetShortcutKey(300, ThreeCommands()); }},
-         TRUE,
-         "100 Open 81; 200 Close -; 300 Save C83"},
-        {"reset an unknown command",
-         {[](Scheme& s) { return s.ResetShortcutKey(1, s); }},
-         FALSE,
-         kUnchanged},
-        {"all assigned into itself",
-         {[](Scheme& s) { return s.GetAssignedKeyboardShortcuts(s) == 2; }},
-         TRUE,
-         "100 Open C79; 300 Save C83"},
-    };
-    for (const auto& row : rows) {
-        Scheme scheme = ThreeCommands();
-        BOOL result = FALSE;
-        for (const Change& change : row.changes)
-            result = change(scheme);
-        EXPECT_EQ(result, row.result) << row.label;
-        EXPECT_EQ(TextOf(scheme), row.scheme) << row.label;
-    }
+    const char* const kRefused = "refused: 100 Open C79; 200 Close -; 300 Save C83";
+    const CShortcutKey ctrlO = Key('O', kCtrl), none;
+    Scheme other;
+    other.AddKeyboardShortcut({100, _T("x"), kCtrlS});
+    other.AddKeyboardShortcut({900, _T("y"), Key('Y')});
+    ExpectCases<std::string>({
+        CASE(add(50, _T("Stop"), kCtrlS), "50 Stop C83; 100 Open C79; 200 Close -; 300 Save -"),
+        CASE(add(300, _T("Store"), ctrlO), "100 Open -; 200 Close -; 300 Store C79"),
+        CASE(add(300, nullptr, kCtrlS), "100 Open C79; 200 Close -; 300 C83"),
+        CASE(add(400, nullptr, none), "100 Open C79; 200 Close -; 300 Save C83; 400 -"),
+        CASE(text(begin().SetShortcutKey(200, Key('S', kCtrl | kExtended))),
+             "100 Open C79; 200 Close Cx83; 300 Save C83"),
+        CASE(text(begin().SetShortcutKey(200, kCtrlS) && s.SetShortcutKey(100, kCtrlS) &&
+                  s.SetShortcutKey(300, ctrlO)),
+             "100 Open C83; 200 Close -; 300 Save C79"),
+        CASE(text(begin().SetShortcutKey(250, kCtrlS)), kRefused),
+        CASE(text(begin().ClearShortcutKey(kCtrlS)), "100 Open C79; 200 Close -; 300 Save -"),
+        CASE(text(begin().ClearShortcutKey(Key('Q'))), kRefused),
+        CASE(text(begin().ClearKeyboardShortcutUsingCommandID(100)),
+             "100 Open -; 200 Close -; 300 Save C83"),
+        CASE(text(begin().ClearKeyboardShortcutUsingCommandID(0)), kRefused),
+        CASE(text(begin().RemoveKeyboardShortcutUsingCommandID(101)), kRefused),
+        CASE(text(begin().RemoveKeyboardShortcutUsingCommandID(300) &&
+                  s.SetShortcutKey(200, kCtrlS)),
+             "100 Open C79; 200 Close C83"),
+        CASE((begin().ClearAllShortcutKeys(), text(s.SetShortcutKey(300, ctrlO))),
+             "100 Open -; 200 Close -; 300 Save C79"),
+        CASE((begin().ResetAllShortcutKeys(other),
+              text(s.AddKeyboardShortcut({200, _T("Close"), kCtrlS}))),
+             "100 Open -; 200 Close C83; 300 Save -"),
+        CASE(text(begin().SetShortcutKey(200, kCtrlS) && s.SetShortcutKey(100, Key('Q')) &&
+                  s.ResetShortcutKey(300, ThreeCommands())),
+             "100 Open 81; 200 Close -; 300 Save C83"),
+        CASE(text(begin().ResetShortcutKey(1, s)), kRefused),
+        CASE(text(begin().GetAssignedKeyboardShortcuts(s) == 2), "100 Open C79; 300 Save C83"),
+    });
 }
 
 TEST(KeyboardMappingScheme, FindsCommandsAndKeys) {
     const Scheme scheme = ThreeCommands();
     CKeyboardShortcut marker(7, _T("marker"), Key('M'));
-    ExpectCases<int>({
-        CASE(scheme.GetAcceleratorEntries(), 2),
-        CASE(scheme.FindCommandID(300), 2),
-        CASE(scheme.FindCommandID(250), -1),
-        CASE(scheme.FindCommandID(UINT_MAX), -1),
-        CASE(scheme.FindShortcutKey(Key('S')), -1),
-        CASE(scheme.FindShortcutKey(CShortcutKey()), 1),
-        CASE(scheme.GetKeyboardShortcut(-1, marker), FALSE),
-        CASE(scheme.GetKeyboardShortcut(3, marker), FALSE),
-    });
+    ExpectCases<int>({CASE(scheme.GetAcceleratorEntries(), 2), CASE(scheme.FindCommandID(300), 2),
+                      CASE(scheme.FindCommandID(250), -1), CASE(scheme.FindCommandID(UINT_MAX), -1),
+                      CASE(scheme.FindShortcutKey(Key('S')), -1),
+                      CASE(scheme.FindShortcutKey(CShortcutKey()), 1),
+                      CASE(scheme.GetKeyboardShortcut(-1, marker), FALSE),
+                      CASE(scheme.GetKeyboardShortcut(3, marker), FALSE)});
     EXPECT_EQ(marker, CKeyboardShortcut(7, _T("marker"), Key('M')));
     EXPECT_FALSE(scheme.GetKeyboardShortcutUsingCommandID(250, marker));
     EXPECT_EQ(marker, CKeyboardShortcut(7, _T("marker"), CShortcutKey()));

@@ -33,85 +33,38 @@ int Set(ShortcutList& list, int row, const CShortcutKey& key) {
 TEST(ShortcutList, MovesKeysBetweenRows) {
     const CKeyboardMappingScheme defaults = FourCommands();
     const CShortcutKey ctrlS = Key('S', kCtrl);
-    const struct {
-        const char* label;
-        std::function<int(ShortcutList&)> edit;
-        int result;
-        const char* rows;
-    } rows[] = {
-        {"a key moves", [&](ShortcutList& l) { return Set(l, 3, ctrlS); }, 1,
-         "1:C79 2:- 3:116 4:C83"},
-        {"to its own row", [&](ShortcutList& l) { return Set(l, 1, ctrlS); }, 1,
-         "1:C79 2:C83 3:116 4:-"},
-        {"a new key", [](ShortcutList& l) { return Set(l, 3, Key('N', kCtrl)); }, -1,
-         "1:C79 2:C83 3:116 4:C78"},
-        {"no row", [&](ShortcutList& l) { return Set(l, 4, ctrlS); }, -9, "1:C79 2:C83 3:116 4:-"},
-        {"sorted by key, it is sorted anew",
-         [&](ShortcutList& l) {
-             SortBy(l, 1);
-             return Set(l, 3, ctrlS);
-         },
-         1, "1:C79 4:C83 3:116 2:-"},
-        {"sorted by command, it stays",
-         [&](ShortcutList& l) {
-             SortBy(l, 0);
-             return Set(l, 0, ctrlS);
-         },
-         3, "4:C83 1:C79 3:116 2:-"},
-        {"under a filter the former row may be out of sight",
-         [&](ShortcutList& l) {
-             l.Filter(_T("open"));
-             const int former = Set(l, 0, ctrlS);
-             l.Filter(_T(""));
-             return former;
-         },
-         -1, "1:C83 2:- 3:116 4:-"},
-        {"under a filter the row stays in sight",
-         [&](ShortcutList& l) {
-             l.Filter(_T("f5"));
-             return Set(l, 0, ctrlS);
-         },
-         -1, "3:C83"},
-        {"clear a key does not sort",
-         [](ShortcutList& l) {
-             SortBy(l, 1);
-             return l.ClearKey(Key('O', kCtrl));
-         },
-         0, "1:- 2:C83 3:116 4:-"},
-        {"clear a key that nobody has", [](ShortcutList& l) { return l.ClearKey(Key('Q')); }, -1,
-         "1:C79 2:C83 3:116 4:-"},
-        {"clear a key out of sight",
-         [&](ShortcutList& l) {
-             l.Filter(_T("open"));
-             const int row = l.ClearKey(ctrlS);
-             l.Filter(_T(""));
-             return row;
-         },
-         -1, "1:C79 2:- 3:116 4:-"},
-        {"reset a row",
-         [&](ShortcutList& l) {
-             Set(l, 3, ctrlS);
-             int former = -7;
-             return l.ResetKey(1, former) ? former : -9;
-         },
-         3, "1:C79 2:C83 3:116 4:-"},
-        {"reset all",
-         [&](ShortcutList& l) {
-             SortBy(l, 1, false);
-             Set(l, 3, ctrlS);
-             EXPECT_TRUE(l.ClearKey(0) && !l.ClearKey(4));
-             l.ResetAllKeys();
-             return 0;
-         },
-         0, "3:116 2:C83 1:C79 4:-"},
+    std::unique_ptr<ShortcutList> list;
+    const auto begin = [&](int sortColumn = -1) -> ShortcutList& {
+        list = std::make_unique<ShortcutList>();
+        list->InsertScheme(0, &defaults);
+        list->Load(0);
+        SortBy(*list, sortColumn);
+        return *list;
     };
-    for (const auto& row : rows) {
-        ShortcutList list;
-        list.InsertScheme(0, &defaults);
-        ASSERT_TRUE(list.Load(0));
-        EXPECT_EQ(row.edit(list), row.result) << row.label;
-        EXPECT_EQ(RowsOf(list), row.rows) << row.label;
-    }
+    const auto filtered = [&](const WCHAR* text) -> ShortcutList& {
+        return begin().Filter(text), *list;
+    };
+    const auto after = [&](int result) { return std::to_string(result) + ", " + RowsOf(*list); };
+    const auto unfiltered = [&](int result) { return list->Filter(_T("")), after(result); };
+    int former = -7;
+    ExpectCases<std::string>({
+        CASE(after(Set(begin(), 3, ctrlS)), "1, 1:C79 2:- 3:116 4:C83"),
+        CASE(after(Set(begin(), 1, ctrlS)), "1, 1:C79 2:C83 3:116 4:-"), // its own row
+        CASE(after(Set(begin(), 3, Key('N', kCtrl))), "-1, 1:C79 2:C83 3:116 4:C78"),
+        CASE(after(Set(begin(), 4, ctrlS)), "-9, 1:C79 2:C83 3:116 4:-"), // there is no such row
+        CASE(after(Set(begin(1), 3, ctrlS)), "1, 1:C79 4:C83 3:116 2:-"), // sorted anew
+        CASE(after(Set(begin(0), 0, ctrlS)), "3, 4:C83 1:C79 3:116 2:-"),
+        CASE(unfiltered(Set(filtered(_T("open")), 0, ctrlS)), "-1, 1:C83 2:- 3:116 4:-"),
+        CASE(after(Set(filtered(_T("f5")), 0, ctrlS)), "-1, 3:C83"),               // stays in sight
+        CASE(after(begin(1).ClearKey(Key('O', kCtrl))), "0, 1:- 2:C83 3:116 4:-"), // not sorted
+        CASE(after(begin().ClearKey(Key('Q'))), "-1, 1:C79 2:C83 3:116 4:-"),
+        CASE(unfiltered(filtered(_T("open")).ClearKey(ctrlS)), "-1, 1:C79 2:- 3:116 4:-"),
+        CASE(after(begin().ClearKey(4)), "0, 1:C79 2:C83 3:116 4:-"),
+        CASE((Set(begin(), 3, ctrlS), list->ResetKey(1, former), after(former)),
+             "3, 1:C79 2:C83 3:116 4:-"),
+        CASE((Set(begin(1), 3, ctrlS), list->ClearKey(0), list->ResetAllKeys(), after(0)),
+             "0, 1:C79 2:C83 3:116 4:-"),
+    });
 }
 
 TEST(ShortcutList, ResetsToDefaultsInAnyOrder) {

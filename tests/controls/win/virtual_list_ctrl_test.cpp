@@ -290,12 +290,10 @@ TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
         what.psz = text;
         return list.FindItem(&what, after);
     };
-    ExpectCases<int>({
-        CASE(find(LVFI_STRING, _T("b"), -1), 1),
-        CASE(find(LVFI_STRING | LVFI_WRAP, _T("b"), 2), 1),
-        CASE(find(LVFI_PARTIAL | LVFI_WRAP, _T("b"), 1), 2), // not typed
-        CASE(find(LVFI_STRING, nullptr, -1), -1),
-    });
+    ExpectCases<int>({CASE(find(LVFI_STRING, _T("b"), -1), 1),
+                      CASE(find(LVFI_STRING | LVFI_WRAP, _T("b"), 2), 1),
+                      CASE(find(LVFI_PARTIAL | LVFI_WRAP, _T("b"), 1), 2), // not typed
+                      CASE(find(LVFI_STRING, nullptr, -1), -1)});
 }
 
 TEST(VirtualListCtrl, CopiesTheSelectedRowsAsTheyAreShown) {

@@ -194,88 +194,53 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
 
 TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
     const CKeyboardMappingScheme scheme = FourCommands();
-    const struct {
-        const char* label;
-        std::function<int(List&)> edit;
-        int result;
-        const char* rows;
-    } rows[] = {
-        {"a key moves in a sorted list, and the selection with its row",
-         [](List& l) {
-             l.SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
-             l.SelectItem(3);
-             return l.SetShortcutKey(3, Key('S', kCtrl));
-         },
-         TRUE, "Open=Ctrl+O *Close=Ctrl+S Refresh=F5 save="},
-        {"a key for a row that was moved",
-         [](List& l) {
-             l.SelectItem(0);
-             l.MoveSelectedItemDown();
-             return l.SetShortcutKey(0, Key('N', kCtrl));
-         },
-         TRUE, "save=Ctrl+N *Open=Ctrl+O Refresh=F5 Close="},
-        {"a key while the column of keys is hidden",
-         [](List& l) {
-             l.ShowVaskColumn(List::COLUMN_SHORTCUT_KEY, FALSE);
-             const BOOL isSet = l.SetShortcutKey(3, Key('S', kCtrl));
-             l.ShowVaskColumn(List::COLUMN_SHORTCUT_KEY, TRUE);
-             return isSet;
-         },
-         TRUE, "Open=Ctrl+O save= Refresh=F5 Close=Ctrl+S"},
-        {"filtered and cleared, the sort is restored and the selection kept",
-         [](List& l) {
-             l.SortItemsByColumn(List::COLUMN_COMMAND);
-             l.SelectItem(3);
-             l.Filter(_T("s"));
-             l.SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
-             l.Filter(_T(""));
-             return l.GetSortColumn();
-         },
-         0, "Close= Open=Ctrl+O Refresh=F5 *save=Ctrl+S"},
-        {"the selected rows are cleared",
-         [](List& l) {
-             l.SelectItem(0);
-             l.SelectItem(2);
-             l.SelectItem(3);
-             const int count = l.GetSelectedItemsAssignedShortcutKeyCount();
-             l.ClearSelectedShortcutKeys();
-             return count;
-         },
-         2, "*Open= save=Ctrl+S *Refresh= *Close="},
-        {"one row reset",
-         [](List& l) {
-             l.SetShortcutKey(3, Key('S', kCtrl));
-             return l.ResetShortcutKey(1);
-         },
-         TRUE, "Open=Ctrl+O save=Ctrl+S Refresh=F5 Close="},
-        {"all reset",
-         [](List& l) {
-             l.SetShortcutKey(3, Key('S', kCtrl));
-             l.ClearShortcutKey(0, TRUE);
-             l.ResetAllKeyboardShortcuts();
-             return 0;
-         },
-         0, "Open=Ctrl+O save=Ctrl+S Refresh=F5 Close="},
-        {"found by a key that the table has without the extended bit",
-         [](List& l) {
-             l.SetShortcutKey(3, Key(VK_DELETE, kCtrl));
-             DialogDriver driver({PressKey(VK_DELETE, kCtrl, true), ReleaseKeys()});
-             return l.FindByPressingKey();
-         },
-         3, "Open=Ctrl+O save=Ctrl+S Refresh=F5 *Close=Ctrl+Delete"},
-        {"the active scheme removed", [](List& l) { return l.RemoveKeyboardMappingScheme(0); },
-         TRUE, ""},
-    };
+    const CShortcutKey ctrlS = Key('S', kCtrl);
     ListParent parent;
-    for (const auto& row : rows) {
-        List list;
-        ASSERT_TRUE(list.Create(WS_VISIBLE, kListPlace, &parent, 5));
-        EXPECT_EQ(list.AddKeyboardMappingScheme(&scheme), 0);
-        EXPECT_TRUE(list.LoadKeyboardMappingScheme(0));
-        EXPECT_EQ(row.edit(list), row.result) << row.label;
+    std::optional<List> list;
+    const auto begin = [&]() -> List& {
+        list.emplace();
+        EXPECT_TRUE(list->Create(WS_VISIBLE, kListPlace, &parent, 5));
+        EXPECT_EQ(list->AddKeyboardMappingScheme(&scheme), 0);
+        EXPECT_TRUE(list->LoadKeyboardMappingScheme(0));
+        return *list;
+    };
+    const auto after = [&](int result) {
         PumpMessages();
-        EXPECT_EQ(TextsOf(list), row.rows) << row.label;
-    }
+        return std::to_string(result) + ", " + TextsOf(*list);
+    };
+    const auto find = [&](UINT code, int modifiers, bool isExtended) {
+        DialogDriver driver({PressKey(code, modifiers, isExtended), ReleaseKeys()});
+        return list->FindByPressingKey();
+    };
+    ExpectCases<std::string>({
+        // A key moves in a sorted list, and the selection with its row.
+        CASE((begin().SortItemsByColumn(1), list->SelectItem(3),
+              after(list->SetShortcutKey(3, ctrlS))),
+             "1, Open=Ctrl+O *Close=Ctrl+S Refresh=F5 save="),
+        CASE((begin().SelectItem(0), list->MoveSelectedItemDown(),
+              after(list->SetShortcutKey(0, Key('N', kCtrl)))),
+             "1, save=Ctrl+N *Open=Ctrl+O Refresh=F5 Close="),
+        // The column of keys is hidden meanwhile.
+        CASE((begin().ShowVaskColumn(1, FALSE), list->SetShortcutKey(3, ctrlS),
+              after(list->ShowVaskColumn(1, TRUE))),
+             "1, Open=Ctrl+O save= Refresh=F5 Close=Ctrl+S"),
+        // The sort is restored and the selection kept.
+        CASE((begin().SortItemsByColumn(0), list->SelectItem(3), list->Filter(_T("s")),
+              list->SortItemsByColumn(1), list->Filter(_T("")), after(list->GetSortColumn())),
+             "0, Close= Open=Ctrl+O Refresh=F5 *save=Ctrl+S"),
+        CASE((begin().SelectItem(0), list->SelectItem(3), list->ClearSelectedShortcutKeys(),
+              after(list->GetSelectedItemsAssignedShortcutKeyCount())),
+             "0, *Open= save=Ctrl+S Refresh=F5 *Close="),
+        CASE((begin().SetShortcutKey(3, ctrlS), after(list->ResetShortcutKey(1))),
+             "1, Open=Ctrl+O save=Ctrl+S Refresh=F5 Close="),
+        CASE((begin().ClearShortcutKey(0, TRUE), list->ResetAllKeyboardShortcuts(), after(0)),
+             "0, Open=Ctrl+O save=Ctrl+S Refresh=F5 Close="),
+        // The table has the key without the extended bit.
+        CASE(
+            (begin().SetShortcutKey(3, Key(VK_DELETE, kCtrl)), after(find(VK_DELETE, kCtrl, true))),
+            "3, Open=Ctrl+O save=Ctrl+S Refresh=F5 *Close=Ctrl+Delete"),
+        CASE(after(begin().RemoveKeyboardMappingScheme(0)), "1, "),
+    });
     EXPECT_EQ(scheme, FourCommands()) << "the list edits rows of its own";
 }
 
