@@ -63,11 +63,8 @@ CString Numbered(int from, int to) {
 
 TEST(MRUList, KeepsTheLatestFirst) {
     List twenty;
-    for (int i = 1; i <= 21; ++i) {
-        CString text;
-        text.Format(_T("%d"), i);
-        EXPECT_TRUE(twenty.AddElement(text));
-    }
+    for (int i = 1; i <= 21; ++i)
+        EXPECT_TRUE(twenty.AddElement(Numbered(i, i).TrimRight(_T("|"))));
     List five = twenty;
     EXPECT_TRUE(five.SetSizeLimit(5));
     List removed = ListOf({_T("a"), _T("b"), _T("c")});

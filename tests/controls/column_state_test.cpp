@@ -81,9 +81,8 @@ TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
         _T("Column 0[ Sort Order=1 Width=10 ] Column 1[ Sort Order=2 Width=20 ] ")
         _T("Column 2[ Sort Order=-1 Width=30 ] Column 3[ Sort Order=0 Width=40 ] ] ");
     HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(place.test.Get(), _T("key"), 0, nullptr, 0, KEY_WRITE | KEY_READ,
-                              nullptr, &key, nullptr),
-              0);
+    RegCreateKeyExW(place.test.Get(), _T("key"), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                    nullptr);
     EXPECT_TRUE(list.columns.SaveState(key, TRUE));
     EXPECT_NE(RegCloseKey(key), 0); // already closed
     EXPECT_TRUE(list.columns.SaveState(place.path));
@@ -94,15 +93,12 @@ TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
                                           _T("] ] "));
 
     RegOpenKeyExW(place.test.Get(), _T("key"), 0, KEY_READ, &key);
-    const std::function<BOOL(Columns&)> loads[] = {
-        [&](Columns& c) { return c.LoadState(key, TRUE); },
-        [&](Columns& c) { return c.LoadState(place.path); },
-        [](Columns& c) { return c.LoadState(_T("a")); },
-        [](Columns& c) { return c.LoadState(_T("b\\")); },
-    };
-    for (const auto& load : loads) {
+    for (int i = 0; i < 4; ++i) {
         SimulatedList other(4);
-        EXPECT_TRUE(load(other.columns));
+        Columns& c = other.columns;
+        EXPECT_TRUE(i == 0   ? c.LoadState(key, TRUE)
+                    : i == 1 ? c.LoadState(place.path)
+                             : c.LoadState(i == 2 ? _T("a") : _T("b\\")));
         EXPECT_EQ(other.Text(), _T("D40 A10 B20 (C30 )"));
         EXPECT_EQ(other.columns.GetSortColumn(), 1);
         EXPECT_FALSE(other.columns.IsSortAscending());
@@ -130,64 +126,58 @@ TEST(ColumnState, OfAPlainListIsItsWidths) {
 
 TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
     CWinApp app(_T("Program"));
-    const struct {
-        const char* label;
-        const char* state;
-        const WCHAR* expected;
-        int defaultLoads;
-        int sortColumn = -1;
-        bool isAscending = true;
-    } rows[] = {
-        {"sorted", "Count=1 Width0=5 Sort=2 Up=0", _T("A5 B20 C30 (D40 )"), 0, 2, false},
-        {"by no column", "Count=1 Width0=5 Sort=4 Up=7", _T("A5 B20 C30 (D40 )"), 0},
-        {"by a huge one", "Count=0 Sort=2147483647 Up=0", _T("A60 B60 C60 (D40 )"), 1, -1, false},
-        {"by a hidden one", "Count=3 Persist=1 Width0=5 Order0=0 Sort=2 Up=1",
-         _T("A5 (B60 C60 D40 )"), 0, 2},
-        {"nothing", "", _T("A60 B60 C60 (D40 )"), 1},
-        {"count of -1", "Count=-1 Width0=50 Order0=0 Persist=1", _T("A60 B60 C60 (D40 )"), 1},
-        {"huge count", "Count=2147483647 Persist=1 Width0=50 Order0=1 Width1=51 Order1=0",
-         _T("B51 A50 (C60 D40 )"), 0},
-        {"of a longer list",
-         "Count=9 Persist=1 Width0=50 Order0=8 Width1=51 Order1=2 Width2=52 "
-         "Order2=0 Width3=53 Order3=1 Width8=99 Order8=3",
-         _T("C52 D53 B51 A50 ()"), 0},
-        {"of a shorter list", "Count=2 Persist=1 Width0=50 Order0=1 Width1=51 Order1=0",
-         _T("B51 A50 C30 (D40 )"), 0},
-        {"without a width of column 0", "Count=2 Persist=1 Order0=1 Width1=51 Order1=0",
-         _T("B60 A60 C60 (D40 )"), 1},
-        {"no order, widths of more than 16 bits", "Count=3 Width0=65586 Width1=-5 Width2=32768",
-         _T("A50 B60 C60 (D40 )"), 0},
-        {"widths that no list has",
-         "Count=4 Persist=1 Width0=-5 Width1=32768 Width2=-2147483648 "
-         "Width3=-1 Order0=0 Order1=1 Order2=2 Order3=3",
-         _T("A10 B20 C30 D40 ()"), 0},
-        {"missing width", "Count=3 Persist=1 Width0=50 Order0=0 Order1=1 Order2=2",
-         _T("A50 B60 C60 (D40 )"), 0},
-        {"a position twice",
-         "Count=4 Persist=1 Width0=50 Order0=2 Width1=51 Order1=0 Width2=52 "
-         "Order2=0 Width3=53 Order3=0",
-         _T("B51 A50 C52 D53 ()"), 0},
-        {"positions past the end",
-         "Count=4 Persist=1 Width0=50 Order0=4 Width1=51 Order1=-2 "
-         "Width2=52 Order2=3 Width3=53 Order3=2147483647",
-         _T("C52 A50 B51 D53 ()"), 0},
-        {"all hidden", "Count=4 Persist=1 Width0=50", _T("A50 (B60 C60 D40 )"), 0},
-        {"the first hidden, with no width of its own",
-         "Count=4 Persist=1 Width0=-1 Order0=-1 Width1=51 Order1=1 Width2=52 Order2=0",
-         _T("C52 B51 (A60 D40 )"), 0},
-    };
-    for (const auto& row : rows) {
+    // The list and its sort after the state; "default" if it got the default widths.
+    const auto loaded = [&](const char* state) {
         const Place place(app);
         SimulatedList list(3);
         list.columns.Insert(0, 3, false, _T("D"), 0, 40, -1);
-        WriteState(place.test.Get(), row.state);
-        EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE)) << row.label;
-        EXPECT_EQ(list.Text(), CString(row.expected)) << row.label;
-        EXPECT_EQ(list.view.m_defaultLoads, row.defaultLoads) << row.label;
-        EXPECT_TRUE(list.view.m_deletedSortColumns.empty()) << row.label << ": sorts";
-        EXPECT_EQ(list.columns.GetSortColumn(), row.sortColumn) << row.label;
-        EXPECT_EQ(list.columns.IsSortAscending(), row.isAscending) << row.label;
-    }
+        WriteState(place.test.Get(), state);
+        EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE));
+        EXPECT_TRUE(list.view.m_deletedSortColumns.empty()) << "loading does not sort";
+        CString text = list.Text();
+        if (list.columns.GetSortColumn() >= 0)
+            text.AppendFormat(_T(" by %d"), list.columns.GetSortColumn());
+        text += list.columns.IsSortAscending() ? _T("") : _T(" down");
+        return text + (list.view.m_defaultLoads > 0 ? _T(" default") : _T(""));
+    };
+    ExpectCases<CString>({
+        CASE(loaded(""), _T("A60 B60 C60 (D40 ) default")),
+        CASE(loaded("Count=1 Width0=5 Sort=2 Up=0"), _T("A5 B20 C30 (D40 ) by 2 down")),
+        CASE(loaded("Count=1 Width0=5 Sort=4 Up=7"), _T("A5 B20 C30 (D40 )")),
+        CASE(loaded("Count=0 Sort=2147483647 Up=0"), _T("A60 B60 C60 (D40 ) down default")),
+        // Sorted by a hidden column.
+        CASE(loaded("Count=3 Persist=1 Width0=5 Order0=0 Sort=2 Up=1"),
+             _T("A5 (B60 C60 D40 ) by 2")),
+        CASE(loaded("Count=-1 Width0=50 Order0=0 Persist=1"), _T("A60 B60 C60 (D40 ) default")),
+        CASE(loaded("Count=2147483647 Persist=1 Width0=50 Order0=1 Width1=51 Order1=0"),
+             _T("B51 A50 (C60 D40 )")),
+        // Of a longer and of a shorter list.
+        CASE(loaded("Count=9 Persist=1 Width0=50 Order0=8 Width1=51 Order1=2 Width2=52 "
+                    "Order2=0 Width3=53 Order3=1 Width8=99 Order8=3"),
+             _T("C52 D53 B51 A50 ()")),
+        CASE(loaded("Count=2 Persist=1 Width0=50 Order0=1 Width1=51 Order1=0"),
+             _T("B51 A50 C30 (D40 )")),
+        CASE(loaded("Count=2 Persist=1 Order0=1 Width1=51 Order1=0"),
+             _T("B60 A60 C60 (D40 ) default")),
+        // Widths of more than 16 bits, and widths that no list has.
+        CASE(loaded("Count=3 Width0=65586 Width1=-5 Width2=32768"), _T("A50 B60 C60 (D40 )")),
+        CASE(loaded("Count=4 Persist=1 Width0=-5 Width1=32768 Width2=-2147483648 "
+                    "Width3=-1 Order0=0 Order1=1 Order2=2 Order3=3"),
+             _T("A10 B20 C30 D40 ()")),
+        CASE(loaded("Count=3 Persist=1 Width0=50 Order0=0 Order1=1 Order2=2"),
+             _T("A50 B60 C60 (D40 )")),
+        // A position twice, positions past the end, and no position at all.
+        CASE(loaded("Count=4 Persist=1 Width0=50 Order0=2 Width1=51 Order1=0 Width2=52 "
+                    "Order2=0 Width3=53 Order3=0"),
+             _T("B51 A50 C52 D53 ()")),
+        CASE(loaded("Count=4 Persist=1 Width0=50 Order0=4 Width1=51 Order1=-2 "
+                    "Width2=52 Order2=3 Width3=53 Order3=2147483647"),
+             _T("C52 A50 B51 D53 ()")),
+        CASE(loaded("Count=4 Persist=1 Width0=50"), _T("A50 (B60 C60 D40 )")),
+        // The first is hidden, with no width of its own.
+        CASE(loaded("Count=4 Persist=1 Width0=-1 Order0=-1 Width1=51 Order1=1 Width2=52 Order2=0"),
+             _T("C52 B51 (A60 D40 )")),
+    });
 }
 
 TEST(ColumnState, OfAnotherKindCountsAsMissing) {

@@ -47,14 +47,12 @@ TEST(ShortcutKey, ComparesCodeAndAllModifiers) {
 }
 
 TEST(KeyboardShortcut, BecomesAnAcceleratorAndBack) {
-    const std::pair<CShortcutKey, int> rows[] = {
-        {Key('S', kCtrl), FVIRTKEY | FCONTROL},
-        {Key('S', kShift), FVIRTKEY | FSHIFT},
-        {Key('S', kAlt), FVIRTKEY | FALT},
-        {Key(VK_DELETE, kExtended), FVIRTKEY},
-        {CShortcutKey(), FVIRTKEY},
-        {Key('S', 0xf0), FVIRTKEY},
-    };
+    const std::pair<CShortcutKey, int> rows[] = {{Key('S', kCtrl), FVIRTKEY | FCONTROL},
+                                                 {Key('S', kShift), FVIRTKEY | FSHIFT},
+                                                 {Key('S', kAlt), FVIRTKEY | FALT},
+                                                 {Key(VK_DELETE, kExtended), FVIRTKEY},
+                                                 {CShortcutKey(), FVIRTKEY},
+                                                 {Key('S', 0xf0), FVIRTKEY}};
     for (const auto& [key, flags] : rows) {
         const ACCEL accel = CKeyboardShortcut(0x12345, _T("Save"), key).GetAccel();
         EXPECT_EQ(accel.fVirt, flags) << TextOf(key);
@@ -65,25 +63,17 @@ TEST(KeyboardShortcut, BecomesAnAcceleratorAndBack) {
 }
 
 TEST(KeyboardShortcut, TakesCharactersOfAcceleratorsByTheLayout) {
-    const struct {
-        int flags;
-        WCHAR character;
-        CShortcutKey key;
-    } rows[] = {
-        {0, 'a', Key('A')},
-        {0, 'A', Key('A', kShift)},
-        {0, '!', Key('1', kShift)},
-        {FALT, '?', Key(VK_OEM_2, kShift | kAlt)},
-        {FCONTROL, 'q', Key('Q', kCtrl)},
-        {0, 1, Key('A', kCtrl)},
-        {FSHIFT, 0x20ac, Key(0x20ac, kShift)}, // no key types this character
-        {FVIRTKEY, '!', Key('!')},
+    const auto keyOf = [](int flags, WCHAR character) {
+        const ACCEL accel = {static_cast<BYTE>(flags), character, 7};
+        return TextOf(CKeyboardShortcut(accel, FALSE).GetShortcutKey());
     };
-    for (const auto& row : rows) {
-        const ACCEL accel = {static_cast<BYTE>(row.flags), row.character, 7};
-        EXPECT_EQ(TextOf(CKeyboardShortcut(accel, FALSE).GetShortcutKey()), TextOf(row.key))
-            << row.flags << ' ' << int{row.character};
-    }
+    ExpectCases<std::string>({
+        CASE(keyOf(0, 'a'), TextOf(Key('A'))), CASE(keyOf(0, '!'), TextOf(Key('1', kShift))),
+        CASE(keyOf(0, 1), TextOf(Key('A', kCtrl))), CASE(keyOf(FVIRTKEY, '!'), TextOf(Key('!'))),
+        CASE(keyOf(FCONTROL, 'q'), TextOf(Key('Q', kCtrl))),
+        CASE(keyOf(FALT, '?'), TextOf(Key(VK_OEM_2, kShift | kAlt))),
+        CASE(keyOf(FSHIFT, 0x20ac), TextOf(Key(0x20ac, kShift))) // no key types this character
+    });
 }
 
 TEST(KeyboardShortcut, RefusesANullText) {

@@ -28,6 +28,15 @@ int Set(ShortcutList& list, int row, const CShortcutKey& key) {
     return list.SetKey(row, key, former) ? former : -9;
 }
 
+struct ShortcutRows : testing::Test {
+    ShortcutRows() {
+        list.InsertScheme(0, &defaults);
+        list.Load(0);
+    }
+    const CKeyboardMappingScheme defaults = FourCommands();
+    ShortcutList list;
+};
+
 } // namespace
 
 TEST(ShortcutList, MovesKeysBetweenRows) {
@@ -86,27 +95,21 @@ TEST(ShortcutList, ResetsToDefaultsInAnyOrder) {
     EXPECT_EQ(RowsOf(list), "3:C67 3:C45 4:- 5:116");
 }
 
-TEST(ShortcutList, SortsRowsWithoutAKeyLast) {
-    const CKeyboardMappingScheme defaults = FourCommands();
-    const struct {
-        int column;
-        bool isAscending;
-        const char* rows;
-    } rows[] = {
+TEST_F(ShortcutRows, AreSortedWithoutAKeyLast) {
+    const std::tuple<int, bool, const char*> rows[] = {
+        {2, true, "1:C79 2:C83 3:116 4:-"},
         {0, true, "4:- 1:C79 3:116 2:C83"}, // by code unit: capital letters first
-        {0, false, "2:C83 3:116 1:C79 4:-"}, {1, true, "1:C79 2:C83 3:116 4:-"},
-        {1, false, "3:116 2:C83 1:C79 4:-"}, {2, true, "1:C79 2:C83 3:116 4:-"},
+        {0, false, "2:C83 3:116 1:C79 4:-"},
+        {1, true, "1:C79 2:C83 3:116 4:-"},
+        {1, false, "3:116 2:C83 1:C79 4:-"},
     };
     CVirtualListCtrlItem other;
     CVirtualListCtrlItem* const otherItem = &other;
-    for (const auto& row : rows) {
-        ShortcutList list;
-        list.InsertScheme(0, &defaults);
-        list.Load(0);
-        SortBy(list, row.column, row.isAscending);
-        EXPECT_EQ(RowsOf(list), row.rows) << row.column << row.isAscending;
+    for (const auto& [column, isAscending, expected] : rows) {
+        SortBy(list, column, isAscending);
+        EXPECT_EQ(RowsOf(list), expected) << column << isAscending;
         // The orders themselves must agree, and must ignore rows of a different class.
-        const auto order = ShortcutList::OrderOf(row.column, row.isAscending);
+        const auto order = ShortcutList::OrderOf(column, isAscending);
         for (int i = 0; order != nullptr && i < 4; ++i) {
             CVirtualListCtrlItem* const item = list.GetRow(i);
             EXPECT_FALSE(order(item, otherItem) || order(otherItem, item) || order(item, item));
@@ -117,19 +120,15 @@ TEST(ShortcutList, SortsRowsWithoutAKeyLast) {
         }
         list.Load(-1);
         list.Load(0);
-        EXPECT_EQ(RowsOf(list), row.rows) << "loaded while sorted";
+        EXPECT_EQ(RowsOf(list), expected) << "loaded while sorted";
     }
 }
 
-TEST(ShortcutList, FiltersByCommandAndKeyName) {
-    const CKeyboardMappingScheme defaults = FourCommands();
+TEST_F(ShortcutRows, AreFilteredByCommandAndKeyName) {
     const std::pair<const WCHAR*, const char*> rows[] = {
         {_T("F5"), "3:116"}, {_T("ctrl+"), "1:C79 2:C83"}, {_T("SAVE"), "2:C83"},
         {_T("zz"), ""},      {_T("o"), "1:C79 4:-"},       {_T("l+"), "1:C79 2:C83"},
     };
-    ShortcutList list;
-    list.InsertScheme(0, &defaults);
-    list.Load(0);
     for (const auto& [text, expected] : rows) {
         list.Filter(text);
         EXPECT_EQ(RowsOf(list), expected) << CString(text);
@@ -142,11 +141,7 @@ TEST(ShortcutList, FiltersByCommandAndKeyName) {
     EXPECT_EQ(list.GetRow(0), nullptr);
 }
 
-TEST(ShortcutList, ClearingTheFilterRestoresTheSort) {
-    const CKeyboardMappingScheme defaults = FourCommands();
-    ShortcutList list;
-    list.InsertScheme(0, &defaults);
-    list.Load(0);
+TEST_F(ShortcutRows, AreSortedAsBeforeWhenTheFilterIsCleared) {
     SortBy(list, 0);
     list.Filter(_T("ctrl"));
     EXPECT_EQ(RowsOf(list), "1:C79 2:C83");
@@ -163,38 +158,34 @@ TEST(ShortcutList, ClearingTheFilterRestoresTheSort) {
 TEST(ShortcutList, KeepsTheActiveSchemeActive) {
     const CKeyboardMappingScheme empty;
     const CKeyboardMappingScheme filled = FourCommands();
-    const struct {
-        const char* label;
-        std::function<bool(ShortcutList&)> change;
-        bool result;
-        int count;
-        int active;
-    } rows[] = {
-        {"insert before", [&](auto& l) { return l.InsertScheme(0, &empty) == 0; }, true, 4, 2},
-        {"insert past the end", [&](auto& l) { return l.InsertScheme(4, &empty) >= 0; }, false, 3,
-         1},
-        {"insert null", [&](auto& l) { return l.InsertScheme(0, nullptr) >= 0; }, false, 3, 1},
-        {"replace it", [&](auto& l) { return l.SetScheme(1, &filled); }, true, 3, -1},
-        {"replace by null", [&](auto& l) { return l.SetScheme(1, nullptr); }, false, 3, 1},
-        {"remove before", [&](auto& l) { return l.RemoveScheme(0); }, true, 2, 0},
-        {"remove it", [&](auto& l) { return l.RemoveScheme(1); }, true, 2, -1},
-        {"remove none", [&](auto& l) { return l.RemoveScheme(3); }, false, 3, 1},
-        {"load another", [&](auto& l) { return l.Load(0); }, true, 3, 0},
-        {"load -1", [&](auto& l) { return l.Load(-1); }, true, 3, -1},
-        {"load the count", [&](auto& l) { return l.Load(3); }, false, 3, 1},
-        {"load -2", [&](auto& l) { return l.Load(-2); }, false, 3, 1},
-    };
-    for (const auto& row : rows) {
-        ShortcutList list;
+    std::unique_ptr<ShortcutList> list;
+    const auto begin = [&]() -> ShortcutList& {
+        list = std::make_unique<ShortcutList>();
         for (const auto* scheme : {&empty, &filled, &empty})
-            list.InsertScheme(list.GetSchemeCount(), scheme);
-        EXPECT_EQ(list.GetActiveScheme(), -1);
-        list.Load(1);
-        list.Filter(_T("F5"));
-        EXPECT_EQ(row.change(list), row.result) << row.label;
-        EXPECT_EQ(list.GetSchemeCount(), row.count) << row.label;
-        EXPECT_EQ(list.GetActiveScheme(), row.active) << row.label;
-        const bool isShown = row.active >= 0 && list.GetScheme(row.active).scheme == &filled;
-        EXPECT_EQ(RowsOf(list), isShown ? "3:116" : "") << row.label;
-    }
+            list->InsertScheme(list->GetSchemeCount(), scheme);
+        list->Load(1);
+        list->Filter(_T("F5"));
+        return *list;
+    };
+    // The result, the number of schemes, the active one, and its rows.
+    const auto after = [&](int result) {
+        std::string text;
+        for (const int number : {result, list->GetSchemeCount(), list->GetActiveScheme()})
+            text += std::to_string(number) + " ";
+        return text + RowsOf(*list);
+    };
+    ExpectCases<std::string>({
+        CASE(after(begin().InsertScheme(0, &empty)), "0 4 2 3:116"),
+        CASE(after(begin().InsertScheme(4, &empty)), "-1 3 1 3:116"),
+        CASE(after(begin().InsertScheme(0, nullptr)), "-1 3 1 3:116"),
+        CASE(after(begin().SetScheme(1, &filled)), "1 3 -1 "),
+        CASE(after(begin().SetScheme(1, nullptr)), "0 3 1 3:116"),
+        CASE(after(begin().RemoveScheme(0)), "1 2 0 3:116"),
+        CASE(after(begin().RemoveScheme(1)), "1 2 -1 "),
+        CASE(after(begin().RemoveScheme(3)), "0 3 1 3:116"),
+        CASE(after(begin().Load(0)), "1 3 0 "),
+        CASE(after(begin().Load(-1)), "1 3 -1 "),
+        CASE(after(begin().Load(3)), "0 3 1 3:116"),
+        CASE(after(begin().Load(-2)), "0 3 1 3:116"),
+    });
 }

@@ -16,8 +16,6 @@ protected:
         EXPECT_GE(::CoInitialize(nullptr), 0);
         m_parent = ::CreateWindowExW(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 200, 80,
                                      nullptr, nullptr, nullptr, nullptr);
-        m_window = NewWindow();
-        ::SetWindowTextW(m_window, _T("typed"));
     }
     ~AutoCompleteEdit() override {
         ::DestroyWindow(m_parent);
@@ -28,7 +26,6 @@ protected:
                                  m_parent, nullptr, nullptr, nullptr);
     }
     HWND m_parent;
-    HWND m_window;
 };
 
 TEST_F(AutoCompleteEdit, IsBoundWhenItIsSubclassed) {
@@ -38,10 +35,17 @@ TEST_F(AutoCompleteEdit, IsBoundWhenItIsSubclassed) {
     EXPECT_FALSE(edit.EnableAutoCompletion(TRUE));
     EXPECT_FALSE(edit.AddActiveTextToMRUList()) << "without a window";
 
-    EXPECT_TRUE(edit.SubclassWindow(m_window));
+    const HWND window = NewWindow();
+    ::SetWindowTextW(window, _T("typed"));
+    EXPECT_TRUE(edit.SubclassWindow(window));
     EXPECT_TRUE(edit.IsAutoCompleteObjectValid() && edit.GetOptions(options));
     EXPECT_EQ(options, DWORD{CAutoCompleteEdit::DEFAULT_OPTIONS});
-    ::DestroyWindow(m_window);
+    const TestKey key;
+    const CRegistryPath path(HKEY_CURRENT_USER, key.Path());
+    CAutoCompleteEdit other;
+    EXPECT_TRUE(edit.AddActiveTextToMRUList() && edit.SaveState(path) && other.LoadState(path));
+    EXPECT_TRUE(other.RemoveMRUListEntry(_T("typed")) && !edit.SaveState(CRegistryPath()));
+    ::DestroyWindow(window);
     EXPECT_FALSE(edit.IsAutoCompleteObjectValid());
 
     EXPECT_TRUE(edit.SubclassWindow(NewWindow()) && edit.EnableAutoCompletion(FALSE));
@@ -49,25 +53,6 @@ TEST_F(AutoCompleteEdit, IsBoundWhenItIsSubclassed) {
     EXPECT_TRUE(edit.SubclassWindow(NewWindow()));
     EXPECT_TRUE(edit.IsAutoCompletionEnabled()) << "bound anew";
     EXPECT_TRUE(edit.IsMRUListValid()) << "the list outlives the window";
-}
-
-TEST_F(AutoCompleteEdit, KeepsItsTextsAtAPath) {
-    TestKey key;
-    const CRegistryPath path(HKEY_CURRENT_USER, key.Path());
-    {
-        CAutoCompleteEdit edit;
-        EXPECT_TRUE(edit.SubclassWindow(m_window));
-        EXPECT_TRUE(edit.AddMRUListEntry(_T("older")));
-        EXPECT_TRUE(edit.AddActiveTextToMRUList());
-        EXPECT_TRUE(edit.SaveState(path));
-        EXPECT_FALSE(edit.SaveState(CRegistryPath()));
-        edit.UnsubclassWindow(); // the object ends before its window
-    }
-    CAutoCompleteEdit other;
-    EXPECT_TRUE(other.LoadState(path));
-    EXPECT_TRUE(other.RemoveMRUListEntry(_T("typed")));
-    EXPECT_TRUE(other.RemoveMRUListEntry(_T("older")));
-    EXPECT_FALSE(other.RemoveMRUListEntry(_T("older")));
 }
 
 class CServerDlg : public CVaskDialog {
@@ -111,36 +96,26 @@ TEST_F(AutoCompleteEdit, ClosesItsDropDownBeforeItsDialog) {
             ::PostMessageW(KeyboardOf(box), WM_CHAR, static_cast<WPARAM>(letter), 1);
         };
     };
-    const struct {
-        const char* label;
-        std::vector<DialogDriver::Step> keys;
-        std::vector<const char*> states; // after each key but the last
-        INT_PTR result;
-    } rows[] = {
-        {"escape", {type('f'), Press(VK_ESCAPE), Press(VK_ESCAPE)}, {"f 2", "f"}, IDCANCEL},
-        {"enter",
-         {type('f'), Press(VK_DOWN), Press(VK_RETURN), Press(VK_RETURN)},
-         {"f 2", "files.com 2", "files.com"},
-         IDOK},
-        {"delete",
-         {type('f'), Press(VK_HOME), Press(VK_DELETE), Press(VK_RETURN)},
-         {"f 2", "f 2", ""},
-         IDOK},
-    };
-    for (const auto& row : rows) {
+    // The state after each key but the last, and how the dialog ends.
+    const auto press = [](const std::vector<DialogDriver::Step>& keys) {
         CServerDlg dialog;
         std::vector<DialogDriver::Step> steps;
-        std::vector<std::string> states;
-        for (const DialogDriver::Step& key : row.keys) {
+        std::string states;
+        for (const DialogDriver::Step& key : keys) {
             if (!steps.empty())
-                steps.push_back([&](HWND box) { states.push_back(StateOf(box)); });
+                steps.push_back([&](HWND box) { states += StateOf(box) + ", "; });
             steps.push_back(key);
         }
         DialogDriver driver(std::move(steps));
-        EXPECT_EQ(dialog.DoModal(), row.result) << row.label;
-        EXPECT_EQ(states, std::vector<std::string>(row.states.begin(), row.states.end()))
-            << row.label;
-    }
+        const INT_PTR result = dialog.DoModal();
+        return states + (result == IDOK ? "OK" : "Cancel");
+    };
+    const auto escape = Press(VK_ESCAPE), enter = Press(VK_RETURN);
+    ExpectCases<std::string>({
+        CASE(press({type('f'), escape, escape}), "f 2, f, Cancel"),
+        CASE(press({type('f'), Press(VK_DOWN), enter, enter}), "f 2, files.com 2, files.com, OK"),
+        CASE(press({type('f'), Press(VK_HOME), Press(VK_DELETE), enter}), "f 2, f 2, , OK"),
+    });
 }
 
 } // namespace

@@ -8,8 +8,6 @@
 #include "support/german_texts.h"
 #include "support/win/dialog_driver.h"
 
-#include <optional>
-
 namespace {
 
 typedef DialogDriver::Step Step;
@@ -51,48 +49,35 @@ std::string StateOf(HWND box) {
 }
 
 TEST(ColumnsDlg, EditsColumnsByKeysAndClicks) {
-    const struct {
-        const char* label;
-        bool isGerman;
-        std::vector<Step> steps;
-        const char* state; // the dialog before the last step
-        INT_PTR result;
-        const char* columns; // initially 2 0 1 shown and 3 hidden
-    } rows[] = {
-        {"move down twice", false, Steps(Mnemonic('d'), Mnemonic('d'), Press(VK_RETURN)),
-         "+0 +1 *+2 -3 70 up down reset", IDOK, "0:50 1:60 2:70 | 3:80"},
-        {"hide and show", false,
-         Steps(Select(1), Press(VK_SPACE), Select(3), Press(VK_SPACE), Press(VK_RETURN)),
-         "+2 -0 +1 *+3 80 up reset", IDOK, "2:70 1:60 3:80 | 0:50"},
-        {"cancelled", false, Steps(Select(1), Press(VK_SPACE), Mnemonic('d'), Press(VK_ESCAPE)),
-         "+2 +1 *-0 -3 50 up down reset", IDCANCEL, "2:70 0:50 1:60 | 3:80"},
-        {"too wide, then no number", false,
-         Steps(Type(_T("12345")), Select(3), Type(_T("x")), Press(VK_RETURN)),
-         "+2 +0 +1 *-3 x up reset", IDOK, "2:9999 0:50 1:60 | 3:0"},
-        {"reset, moved up, in German", true,
-         Steps(Mnemonic('z'), Select(2), Mnemonic('o'), Press(VK_RETURN)),
-         "+0 *+2 +1 +3 100 up down reset", IDOK, "0:100 2:100 1:100 3:100"},
-    };
     ListParent parent;
-    for (const auto& row : rows) {
-        std::optional<GermanTexts> german;
-        if (row.isGerman)
-            german.emplace();
+    // The dialog before the last step, and the columns then: at first 2 0 1 shown and 3 hidden.
+    const auto edit = [&](std::vector<Step> steps) {
         CVaskListCtrl list;
-        ASSERT_TRUE(list.Create(WS_VISIBLE | LVS_REPORT, kListPlace, &parent, 5));
+        EXPECT_TRUE(list.Create(WS_VISIBLE | LVS_REPORT, kListPlace, &parent, 5));
         for (int i = 0; i < 4; ++i)
             list.InsertVaskColumn(i, i, i < 3, _T("Name"), LVCFMT_LEFT, 50 + 10 * i);
         const int order[] = {2, 0, 1};
         list.SetColumnOrderArray(3, order);
         std::string state;
-        std::vector<Step> steps = row.steps;
         steps.insert(steps.end() - 1, [&state](HWND box) { state = StateOf(box); });
         DialogDriver driver(std::move(steps));
-        EXPECT_EQ(list.EditColumns(), row.result) << row.label;
-        EXPECT_TRUE(driver.HasRun()) << row.label;
-        EXPECT_EQ(state, row.state) << row.label;
-        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
-    }
+        state += list.EditColumns() == IDOK ? " OK " : " Cancel ";
+        EXPECT_TRUE(driver.HasRun());
+        return state + ColumnsOf(list);
+    };
+    const Step space = Press(VK_SPACE), enter = Press(VK_RETURN), down = Mnemonic('d');
+    ExpectCases<std::string>({
+        CASE(edit({down, down, enter}), "+0 +1 *+2 -3 70 up down reset OK 0:50 1:60 2:70 | 3:80"),
+        CASE(edit({Select(1), space, Select(3), space, enter}),
+             "+2 -0 +1 *+3 80 up reset OK 2:70 1:60 3:80 | 0:50"),
+        CASE(edit({Select(1), space, down, Press(VK_ESCAPE)}),
+             "+2 +1 *-0 -3 50 up down reset Cancel 2:70 0:50 1:60 | 3:80"),
+        CASE(edit({Type(_T("12345")), Select(3), Type(_T("x")), enter}),
+             "+2 +0 +1 *-3 x up reset OK 2:9999 0:50 1:60 | 3:0"),
+    });
+    const GermanTexts german;
+    EXPECT_EQ(edit({Mnemonic('z'), Select(2), Mnemonic('o'), enter}),
+              "+0 *+2 +1 +3 100 up down reset OK 0:100 2:100 1:100 3:100");
 }
 
 TEST(ColumnsDlg, StaysOpenWithoutACheckedRow) {

@@ -35,23 +35,21 @@ TEST(EditHyperlinkDlg, AcceptsATextAndAnAddressOnly) {
         dialog.SetDisplayText(row.text);
         dialog.SetURI(row.address);
         std::unique_ptr<BalloonProbe> probe;
-        const DialogDriver driver({[&](HWND box) {
-                                       EXPECT_EQ(TextOf(box), _T("Edit Hyperlink"));
-                                       EXPECT_EQ(::IsWindowEnabled(::GetDlgItem(box, kText)),
-                                                 row.isReadOnly == 0);
-                                       probe = std::make_unique<BalloonProbe>(box);
-                                   },
-                                   ClickOn(IDOK),
-                                   [&](HWND box) {
-                                       CString text;
-                                       text.LoadString(row.balloon);
-                                       RECT field;
-                                       ::GetWindowRect(::GetDlgItem(box, row.field), &field);
-                                       EXPECT_EQ(probe->Text().Left(70), text.Left(70));
-                                       ASSERT_EQ(probe->m_places.size(), 1u);
-                                       EXPECT_EQ(probe->m_places[0].y, field.bottom);
-                                       ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
-                                   }});
+        const auto begin = [&](HWND box) {
+            EXPECT_EQ(::IsWindowEnabled(::GetDlgItem(box, kText)), row.isReadOnly == 0);
+            probe = std::make_unique<BalloonProbe>(box);
+        };
+        const auto look = [&](HWND box) {
+            CString text;
+            text.LoadString(row.balloon);
+            RECT field;
+            ::GetWindowRect(::GetDlgItem(box, row.field), &field);
+            EXPECT_EQ(probe->Text().Left(70), text.Left(70));
+            ASSERT_EQ(probe->m_places.size(), 1u);
+            EXPECT_EQ(probe->m_places[0].y, field.bottom);
+            ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+        };
+        const DialogDriver driver({begin, ClickOn(IDOK), look});
         EXPECT_EQ(dialog.DoModal(), row.balloon == 0 ? IDOK : IDCANCEL);
         EXPECT_EQ(dialog.GetURI(), row.address);
         EXPECT_EQ(dialog.GetDisplayText(), row.text);
@@ -94,36 +92,31 @@ protected:
 TEST(LinkComboBox, PicksAFileWhenItIsChosenInTheOpenList) {
     ListParent host;
     int chosen = 0;
-    host.m_onCommand = [&](WPARAM wParam) { chosen += wParam == MAKEWPARAM(9, 0x83F8); };
+    host.m_onMessage = [&](UINT message, WPARAM wParam) {
+        chosen += message == WM_COMMAND && wParam == MAKEWPARAM(9, 0x83F8);
+    };
     PickingComboBox combo;
     ASSERT_TRUE(combo.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, CRect(0, 0, 200, 20), &host, 9));
     combo.LoadURLSchemes();
-    const struct {
-        bool isOpen;
-        int downs;
-        const WCHAR* answer;
-        int asked, chosen;
-        const WCHAR* text;
-    } rows[] = {{true, 2, _T("C:\\a b.txt"), 1, 1, _T("file://C:\\a b.txt")},
-                {true, 2, _T(""), 1, 0, _T("file://")},
-                {false, 2, _T("C:\\a b.txt"), 0, 0, _T("file://")}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.isOpen << row.downs);
+    const std::tuple<bool, const WCHAR*, int, int, const WCHAR*> rows[] = {
+        {true, _T("C:\\a b.txt"), 1, 1, _T("file://C:\\a b.txt")},
+        {true, _T(""), 1, 0, _T("file://")},
+        {false, _T("C:\\a b.txt"), 0, 0, _T("file://")},
+    };
+    for (const auto& [isOpen, answer, expectedAsked, expectedChosen, text] : rows) {
         combo.m_asked = chosen = 0;
-        combo.m_answer = row.answer;
+        combo.m_answer = answer;
         combo.SetCurSel(0);
         combo.SetFocus();
-        combo.ShowDropDown(row.isOpen);
-        const auto press = [](UINT key) { ::SendMessageW(::GetFocus(), WM_KEYDOWN, key, 1); };
-        for (int i = 0; i < row.downs; ++i)
-            press(VK_DOWN);
-        press(VK_RETURN);
+        combo.ShowDropDown(isOpen);
+        for (const UINT key : {VK_DOWN, VK_DOWN, VK_RETURN})
+            ::SendMessageW(::GetFocus(), WM_KEYDOWN, key, 1);
         ::SendMessageW(::GetFocus(), WM_CHAR, VK_RETURN, 1);
         combo.ShowDropDown(FALSE);
         PumpMessages();
-        EXPECT_EQ(combo.m_asked, row.asked);
-        EXPECT_EQ(chosen, row.chosen);
-        EXPECT_EQ(TextOf(combo.m_hWnd), row.text);
+        EXPECT_EQ(combo.m_asked, expectedAsked);
+        EXPECT_EQ(chosen, expectedChosen);
+        EXPECT_EQ(TextOf(combo.m_hWnd), text);
     }
 }
 

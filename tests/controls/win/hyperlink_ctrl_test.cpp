@@ -16,22 +16,6 @@ namespace {
 constexpr const WCHAR* kUri = _T("http://example.com/");
 constexpr UINT kGetMenu = 0x01E1; // MN_GETHMENU
 
-class Host : public CWnd {
-public:
-    Host() {
-        CreateEx(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 100, 100, 300, 100, nullptr,
-                 nullptr);
-    }
-    std::function<void(UINT message, WPARAM wParam)> m_on;
-
-protected:
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (m_on && (message == WM_COMMAND || message == WM_CONTEXTMENU))
-            m_on(message, wParam);
-        return CWnd::WindowProc(message, wParam, lParam);
-    }
-};
-
 // While it exists, calls `act` with each menu that the thread shows.
 class MenuDriver {
 public:
@@ -64,11 +48,9 @@ protected:
                                    CRect(10, 10, 210, 40), &m_host, 7));
         m_link->SetDisplayText(_T("the link"));
         m_link->SetURI(kUri);
-        m_host.m_on = [this](UINT message, WPARAM wParam) {
-            char text[40];
-            std::snprintf(text, sizeof text, "%s %x ", message == WM_COMMAND ? "command" : "menu",
-                          message == WM_COMMAND ? static_cast<unsigned>(wParam) : 0);
-            m_log += text;
+        m_host.m_onMessage = [this](UINT message, WPARAM wParam) {
+            m_log += message == WM_COMMAND ? "command " + std::to_string(wParam) + ' ' : "";
+            m_log += message == WM_CONTEXTMENU ? "menu " : "";
         };
     }
     ~Hyperlink() override { QuorvelSetOpenExternalLinkCallback(nullptr); }
@@ -93,11 +75,24 @@ protected:
         Button(WM_LBUTTONDOWN, point);
         Button(WM_LBUTTONUP, point);
     }
-    static void HoldCtrl(bool isHeld) {
-        BYTE keys[256];
-        ::GetKeyboardState(keys);
-        keys[VK_CONTROL] = isHeld ? 0x80 : 0;
-        ::SetKeyboardState(keys);
+    // Opens the menu and presses a key in it; 0 closes it. Returns which items are
+    // enabled, and the log.
+    std::string Menu(WCHAR key, LPARAM place = -1) {
+        std::string states;
+        const DialogDriver driver({CancelEdit()});
+        const MenuDriver menu([&](HMENU shown) {
+            EXPECT_EQ(::GetMenuDefaultItem(shown, FALSE, GMDI_USEDISABLED), 50000u);
+            states.clear();
+            for (UINT i = 0; i < 3; ++i)
+                states += ::GetMenuState(shown, i, MF_BYPOSITION) & MF_GRAYED ? '-' : '+';
+            if (key != 0)
+                ::PostMessageW(m_link->m_hWnd, WM_CHAR, key, 1);
+            else
+                ::EndMenu();
+        });
+        m_link->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_link->m_hWnd), place);
+        PumpMessages();
+        return states + TakeLog();
     }
     DialogDriver::Step CancelEdit() {
         return [this](HWND box) {
@@ -109,7 +104,7 @@ protected:
 
     static inline Hyperlink* s_current = nullptr;
     MessageBoxRecorder m_app;
-    Host m_host;
+    ListParent m_host;
     std::unique_ptr<CHyperlinkCtrl> m_link;
     std::function<void()> m_onHook;
     std::string m_log;
@@ -124,31 +119,26 @@ TEST_F(Hyperlink, ShowsItsTextOrThatItIsEmpty) {
 }
 
 TEST_F(Hyperlink, ClicksAndEnterLeadWhereFlagsSay) {
-    const struct {
-        const char* label;
-        DWORD flags;
-        const WCHAR* text;
-        bool isCtrlHeld;
-        const char* log;
-    } rows[] = {
-        {"open", 0x1F, _T("a"), false, "hook http://example.com/ "},
-        {"ctrl", 0x1F, _T("a"), true, "edit "},
-        {"no address", 0x00, _T("a"), false, "command 83f40007 "},
-    };
-    for (const auto& row : rows) {
-        m_link->SetFlags(row.flags);
-        m_link->SetDisplayText(row.text);
-        HoldCtrl(row.isCtrlHeld);
+    const auto act = [this](DWORD flags, bool isCtrlHeld) {
+        m_link->SetFlags(flags);
+        BYTE keys[256] = {};
+        keys[VK_CONTROL] = isCtrlHeld ? 0x80 : 0;
+        ::SetKeyboardState(keys);
         const DialogDriver driver({CancelEdit(), CancelEdit()});
         Click();
-        EXPECT_EQ(TakeLog(), row.log) << row.label;
-        EXPECT_EQ(::GetCapture(), nullptr) << row.label;
+        EXPECT_EQ(::GetCapture(), nullptr);
+        const std::string clicked = TakeLog();
         m_link->SendMessage(WM_KEYDOWN, VK_RETURN, 1);
         EXPECT_EQ(TakeLog(), "");
         m_link->SendMessage(WM_KEYUP, VK_RETURN, 1);
-        EXPECT_EQ(TakeLog(), row.log) << row.label;
-    }
-    HoldCtrl(false);
+        EXPECT_EQ(TakeLog(), clicked);
+        return clicked;
+    };
+    ExpectCases<std::string>({
+        CASE(act(0x1F, true), "edit "),
+        CASE(act(0x1F, false), "hook http://example.com/ "),
+        CASE(act(0x00, false), "command " + std::to_string(0x83f40007) + ' '),
+    });
     EXPECT_FALSE(m_link->GetModify());
     MSG enter = {m_link->m_hWnd, WM_KEYDOWN, VK_RETURN, 1, 0, {}};
     const LPARAM message = reinterpret_cast<LPARAM>(&enter);
@@ -177,32 +167,22 @@ TEST_F(Hyperlink, OnlyAPressInTheTextAndItsReleaseCount) {
     EXPECT_EQ(TakeLog(), "");
 }
 
-// Whether the control has a pixel of this colour. The underline is drawn in a solid colour.
-bool Shows(const CHyperlinkCtrl& link, COLORREF color) {
-    ::InvalidateRect(link.m_hWnd, nullptr, TRUE);
-    return !Picture(link).BoundsOf(color).IsRectEmpty();
-}
-
 TEST_F(Hyperlink, IsDrawnInTheColorOfItsState) {
     m_host.SetFocus();
-    const COLORREF disabled = ::GetSysColor(COLOR_BTNSHADOW);
-    const std::tuple<const char*, std::function<void()>, COLORREF> rows[] = {
-        {"at rest", [] {}, 0xFF0000},
-        {"pressed", [this] { Button(WM_LBUTTONDOWN, Inside()); }, 0x0000FF},
-        {"set",
-         [this] {
-             Button(WM_LBUTTONUP, Outside());
-             m_link->SetLinkColor(0x00AA11);
-         },
-         0x00AA11},
-        {"disabled", [this] { m_link->EnableWindow(FALSE); }, disabled},
+    // The underline is drawn in a solid colour.
+    const auto shows = [this](COLORREF color) {
+        m_link->Invalidate();
+        return !Picture(*m_link).BoundsOf(color).IsRectEmpty();
     };
-    for (const auto& [label, act, color] : rows) {
-        act();
-        for (const COLORREF other :
-             {COLORREF{0xFF0000}, COLORREF{0x0000FF}, COLORREF{0x00AA11}, disabled})
-            EXPECT_EQ(Shows(*m_link, other), other == color) << label << ", " << other;
-    }
+    const COLORREF rest = 0xFF0000, pressed = 0x0000FF, disabled = ::GetSysColor(COLOR_BTNSHADOW);
+    EXPECT_TRUE(shows(rest) && !shows(pressed) && !shows(disabled));
+    Button(WM_LBUTTONDOWN, Inside());
+    EXPECT_TRUE(shows(pressed) && !shows(rest));
+    Button(WM_LBUTTONUP, Outside());
+    m_link->SetLinkColor(0x00AA11);
+    EXPECT_TRUE(shows(0x00AA11) && !shows(pressed));
+    m_link->EnableWindow(FALSE);
+    EXPECT_TRUE(shows(disabled) && !shows(0x00AA11));
 }
 
 TEST_F(Hyperlink, TextIsPlacedByItsStyle) {
@@ -253,63 +233,23 @@ TEST_F(Hyperlink, HandAndTipAreOverTheText) {
     EXPECT_EQ(TipOf(*m_link), _T("none")) << "ends with the control";
 }
 
-TEST_F(Hyperlink, MenuOffersWhatTheFlagsAllow) {
-    const struct {
-        DWORD flags;
-        WCHAR key; // 0: the menu is closed
-        std::string states, log;
-    } rows[] = {{0x1F, 'o', "+++", "hook http://example.com/ "},
-                {0x1F, 'e', "+++", "edit "},
-                {0x1F, 't', "+++", ""},
-                {0x02, 0, "---", ""}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.flags);
-        m_link->SetFlags(row.flags);
-        std::string states;
-        {
-            const DialogDriver driver({CancelEdit()});
-            const MenuDriver menu([&](HMENU shown) {
-                EXPECT_EQ(::GetMenuDefaultItem(shown, FALSE, GMDI_USEDISABLED), 50000u);
-                states.clear();
-                for (UINT i = 0; i < 3; ++i)
-                    states += ::GetMenuState(shown, i, MF_BYPOSITION) & MF_GRAYED ? '-' : '+';
-                if (row.key != 0)
-                    ::PostMessageW(m_link->m_hWnd, WM_CHAR, row.key, 1);
-                else
-                    ::EndMenu();
-            });
-            m_link->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_link->m_hWnd), -1);
-        }
-        PumpMessages();
-        EXPECT_EQ(states, row.states);
-        EXPECT_EQ(TakeLog(), row.log);
-        EXPECT_EQ(::GetFocus() == m_link->m_hWnd, row.key != 'e') << "its parent is no dialog";
-        if (row.key == 't') {
-            CString text;
-            EXPECT_TRUE(AfxGetTextFromClipboard(text));
-            EXPECT_EQ(text, kUri);
-        }
-    }
-}
-
 TEST_F(Hyperlink, MenuIsForItsTextAndItsAddress) {
-    const auto shows = [this](CPoint point) {
-        bool isShown = false;
-        const MenuDriver menu([&isShown](HMENU) {
-            isShown = true;
-            ::EndMenu();
-        });
+    const auto at = [this](CPoint point) {
         m_link->ClientToScreen(&point);
-        m_link->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_link->m_hWnd),
-                            MAKELPARAM(point.x, point.y));
-        return isShown;
+        return MAKELPARAM(point.x, point.y);
     };
-    EXPECT_TRUE(shows(Inside()));
-    EXPECT_EQ(TakeLog(), "");
-    EXPECT_FALSE(shows(Outside()));
-    EXPECT_EQ(TakeLog(), "menu 0 ") << "is the parent's";
+    EXPECT_EQ(Menu('o'), "+++hook http://example.com/ ");
+    EXPECT_EQ(Menu('e'), "+++edit ");
+    EXPECT_EQ(Menu('t'), "+++");
+    CString text;
+    EXPECT_TRUE(AfxGetTextFromClipboard(text));
+    EXPECT_EQ(text, kUri);
+    EXPECT_EQ(Menu(0, at(Inside())), "+++");
+    EXPECT_EQ(Menu(0, at(Outside())), "menu ") << "is the parent's";
+    m_link->SetFlags(CHyperlinkCtrl::HAS_URI);
+    EXPECT_EQ(Menu(0), "---");
     m_link->ClearFlag(CHyperlinkCtrl::HAS_URI);
-    EXPECT_FALSE(shows(Inside()));
+    EXPECT_EQ(Menu(0, at(Inside())), "menu ");
 }
 
 TEST_F(Hyperlink, EditTakesTheTextsOver) {
@@ -341,7 +281,10 @@ TEST_F(Hyperlink, HooksAndParentsMayCallBackAndDestroy) {
     EXPECT_TRUE(m_link->Create(_T("Static"), _T("x"), WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20),
                                &m_host, 8));
     m_link->SetFlags(0);
-    m_host.m_on = [this](UINT, WPARAM) { m_link.reset(); };
+    m_host.m_onMessage = [this](UINT message, WPARAM) {
+        if (message == WM_COMMAND)
+            m_link.reset();
+    };
     Click();
     EXPECT_EQ(m_link, nullptr);
 }

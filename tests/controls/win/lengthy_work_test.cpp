@@ -79,36 +79,28 @@ TEST(LengthyWork, ShowsTheBarAndTheButtonWhileItRuns) {
 }
 
 TEST(LengthyWork, IsCancelledByKeysAndItsButtonAndByNothingElse) {
-    const struct {
-        const char* label;
-        int control; // that the message is posted to; 0: the window
-        UINT message;
-        WPARAM wParam;
-        bool isCancelling;
-    } rows[] = {
-        {"Escape", kField, WM_KEYDOWN, VK_ESCAPE, true},
-        {"Enter", kCancel, WM_KEYDOWN, VK_RETURN, true},
-        {"Alt+F4", 0, WM_SYSKEYDOWN, VK_F4, true},
-        {"the button", 0, WM_COMMAND, kCancel, true},
-        {"a letter", kField, WM_CHAR, 'a', false},
-        {"a click on the menu", 0, WM_NCLBUTTONDOWN, HTMENU, false},
-    };
     Window window;
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
+    const auto isCancelledBy = [&](HWND target, UINT message, WPARAM wParam) {
         CLengthyWork work(window, kCancel, kBar);
         window.m_work = &work;
         window.m_hasSeenEnd = false;
-        const HWND target = row.control != 0 ? window.Get(row.control) : window.m_hWnd;
-        const BOOL isDone = work.Run([&] {
-            ::PostMessageW(target, row.message, row.wParam, 1);
+        return !work.Run([&] {
+            ::PostMessageW(target, message, wParam, 1);
             ::PostMessageW(window.m_hWnd, WM_APP, 0, 0);
             Await([&] { return window.m_hasSeenEnd || work.IsCancelled(); });
             work.PumpMessages();
         });
-        EXPECT_NE(isDone, row.isCancelling);
-    }
-    EXPECT_EQ(TextOf(window.Get(kField)), _T(""));
+    };
+    const HWND field = window.Get(kField);
+    ExpectCases<bool>({
+        CASE(isCancelledBy(field, WM_KEYDOWN, VK_ESCAPE), true),
+        CASE(isCancelledBy(window.Get(kCancel), WM_KEYDOWN, VK_RETURN), true),
+        CASE(isCancelledBy(window.m_hWnd, WM_SYSKEYDOWN, VK_F4), true),
+        CASE(isCancelledBy(window.m_hWnd, WM_COMMAND, kCancel), true),
+        CASE(isCancelledBy(field, WM_CHAR, 'a'), false),
+        CASE(isCancelledBy(window.m_hWnd, WM_NCLBUTTONDOWN, HTMENU), false),
+    });
+    EXPECT_EQ(TextOf(field), _T(""));
     window.m_work = nullptr;
 }
 

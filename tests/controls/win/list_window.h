@@ -26,17 +26,14 @@ public:
     }
 
     std::function<void(const NMHDR&)> m_onNotify;
-    std::function<void()> m_onApp; // called for WM_APP
-    std::function<void(WPARAM)> m_onCommand;
+    std::function<void(UINT message, WPARAM wParam)> m_onMessage;
     std::function<void()> m_onExchange;
     UINT m_keptCode = 0; // a notification that its list does not get
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_APP)
-            m_onApp();
-        if (message == WM_COMMAND && m_onCommand)
-            m_onCommand(wParam);
+        if (m_onMessage)
+            m_onMessage(message, wParam);
         return CWnd::WindowProc(message, wParam, lParam);
     }
     void DoDataExchange(CDataExchange*) override { m_onExchange(); }
@@ -103,42 +100,29 @@ inline std::string RowsOf(const CListCtrl& list) {
 class Picture {
 public:
     explicit Picture(const CWnd& wnd) {
-        const HWND window = wnd.m_hWnd;
-        ::UpdateWindow(window);
-        CRect rect;
-        ::GetClientRect(window, rect);
-        m_width = rect.right;
-        m_height = rect.bottom;
-        BITMAPINFO info = {};
-        info.bmiHeader = {sizeof info.bmiHeader, m_width, -m_height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        void* bits = nullptr;
-        const HDC dc = ::GetDC(window);
-        const HDC memory = ::CreateCompatibleDC(dc);
-        const HBITMAP bitmap = ::CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        const HGDIOBJ former = ::SelectObject(memory, bitmap);
-        ::BitBlt(memory, 0, 0, m_width, m_height, dc, 0, 0, SRCCOPY);
-        ::GdiFlush();
-        const DWORD* const pixels = static_cast<const DWORD*>(bits);
-        m_pixels.assign(pixels, pixels + m_width * m_height);
-        ::SelectObject(memory, former);
-        ::DeleteObject(bitmap);
-        ::DeleteDC(memory);
-        ::ReleaseDC(window, dc);
+        ::UpdateWindow(wnd.m_hWnd);
+        wnd.GetClientRect(m_rect);
+        const HDC dc = ::GetDC(wnd.m_hWnd);
+        m_bitmap = ::CreateCompatibleBitmap(dc, m_rect.right, m_rect.bottom);
+        ::SelectObject(m_memory, m_bitmap);
+        ::BitBlt(m_memory, 0, 0, m_rect.right, m_rect.bottom, dc, 0, 0, SRCCOPY);
+        ::ReleaseDC(wnd.m_hWnd, dc);
+    }
+    Picture(const Picture&) = delete;
+    ~Picture() {
+        ::DeleteDC(m_memory);
+        ::DeleteObject(m_bitmap);
     }
 
-    COLORREF At(int x, int y) const {
-        const DWORD pixel = m_pixels[static_cast<std::size_t>(y * m_width + x)];
-        return RGB(pixel >> 16 & 0xff, pixel >> 8 & 0xff, pixel & 0xff);
-    }
+    COLORREF At(int x, int y) const { return ::GetPixel(m_memory, x, y); }
     // The bounding rectangle of the pixels that pass `test`; empty without such pixels.
     template <class Test>
     CRect Bounds(Test test) const {
         CRect bounds;
-        for (int y = 0; y < m_height; ++y) {
-            for (int x = 0; x < m_width; ++x) {
-                const CRect pixel(x, y, x + 1, y + 1);
+        for (int y = 0; y < m_rect.bottom; ++y) {
+            for (int x = 0; x < m_rect.right; ++x) {
                 if (test(x, y))
-                    ::UnionRect(bounds, bounds, pixel);
+                    ::UnionRect(bounds, bounds, CRect(x, y, x + 1, y + 1));
             }
         }
         return bounds;
@@ -148,7 +132,7 @@ public:
     }
 
 private:
-    LONG m_width;
-    LONG m_height;
-    std::vector<DWORD> m_pixels;
+    CRect m_rect;
+    const HDC m_memory = ::CreateCompatibleDC(nullptr);
+    HBITMAP m_bitmap;
 };

@@ -5,8 +5,6 @@
 #include "controls/win/list_window.h"
 #include "support/german_texts.h"
 
-#include <optional>
-
 namespace {
 
 class CReportList : public CVaskListCtrl {
@@ -58,75 +56,50 @@ private:
     std::string m_seen;
 };
 
+struct ReportList : testing::Test {
+    ListParent parent;
+    CReportList list{parent};
+};
+
 void SetOrder(const CListCtrl& list, std::vector<int> order) {
     const_cast<CListCtrl&>(list).SetColumnOrderArray(static_cast<int>(order.size()), order.data());
 }
 
-TEST(VaskListCtrl, KeepsColumnsByTheirTrueNumbers) {
-    ListParent parent;
-    CReportList list(parent);
+TEST_F(ReportList, KeepsColumnsByTheirTrueNumbers) {
     list.AddColumns(4);
-    const struct {
-        const char* label;
-        std::function<int()> act;
-        int result;
-        const char* columns;
-        const char* seen = ""; // the calls of SortItems
-    } rows[] = {
-        {"hide", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE, "1:60 2:70 3:80 | 0:50"},
-        {"width of a hidden one", [&] { return list.SetVaskColumnWidth(0, 55); }, TRUE,
-         "1:60 2:70 3:80 | 0:55"},
-        {"hidden from the beginning",
-         [&] { return list.InsertVaskColumn(0, 4, FALSE, _T("E"), 0, 90); }, -1,
-         "1:60 2:70 3:80 | 0:55 4:90"},
-        {"show where it was", [&] { return list.ShowVaskColumn(0, TRUE); }, TRUE,
-         "0:55 1:60 2:70 3:80 | 4:90"},
-        {"reorder",
-         [&] {
-             return SetOrder(list, {2, 3, 0, 1}), 0;
-         },
-         0, "2:70 3:80 0:55 1:60 | 4:90"},
-        {"arrow", [&] { return list.SetSortColumn(3), list.SetSortAscending(FALSE), 0; }, 0,
-         "2:70 3:80v 0:55 1:60 | 4:90"},
-        {"format set", [&] { return list.SetColumnAlignment(3, LVCFMT_CENTER); }, TRUE,
-         "2:70 3:80v 0:55 1:60 | 4:90"},
-        {"a column before it",
-         [&] {
-             return list.ShowVaskColumn(4, TRUE), SetOrder(list, {4, 2, 3, 0, 1}), 0;
-         },
-         0, "4:90 2:70 3:80v 0:55 1:60"},
-        {"sort column hidden", [&] { return list.ShowVaskColumn(3, FALSE); }, TRUE,
-         "4:90^ 2:70 0:55 1:60 | 3:80", "4 up;"},
-        {"sort column deleted", [&] { return list.DeleteVaskColumn(4); }, TRUE,
-         "2:70^ 0:55 1:60 | 3:80", "2 up;"},
-        {"by column", [&] { return list.SortItemsByColumn(1); }, TRUE, "2:70 0:55 1:60^ | 3:80",
-         "1 up;"},
-        {"by direction", [&] { return list.SortItemsByDirection(FALSE); }, TRUE,
-         "2:70 0:55 1:60v | 3:80", "1 down;"},
-        {"anew", [&] { return list.AutoSortItems(); }, TRUE, "2:70 0:55 1:60v | 3:80",
-         "1 down forced;"},
-        {"reset", [&] { return list.ResetColumns(), 0; }, 0, "0:100 1:100v 2:100 3:100"},
-        // The platform's own messages.
-        {"LVM_DELETECOLUMN", [&] { return list.DeleteColumn(list.GetInsertedColumn(2)); }, TRUE,
-         "0:100 1:100v 3:100"},
-        {"LVM_INSERTCOLUMN", [&] { return list.InsertColumn(0, _T("plain"), 0, 40); }, 0,
-         "-1:40 0:100 1:100v 3:100"},
-        {"a column is hidden behind it", [&] { return list.ShowVaskColumn(0, FALSE); }, TRUE,
-         "-1:40 1:100v 3:100 | 0:100"},
-        {"it is deleted and the other shown",
-         [&] { return list.DeleteColumn(0) && list.ShowVaskColumn(0, TRUE); }, TRUE,
-         "1:100v 0:100 3:100"},
+    // The columns, and the calls of SortItems.
+    const auto after = [&](int result) {
+        return std::to_string(result) + ", " + ColumnsOf(list) + "; " + list.TakeSeen();
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.act(), row.result) << row.label;
-        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
-        EXPECT_EQ(list.TakeSeen(), row.seen) << row.label;
-    }
+    ExpectCases<std::string>({
+        CASE(after(list.ShowVaskColumn(0, FALSE)), "1, 1:60 2:70 3:80 | 0:50; "),
+        CASE(after(list.SetVaskColumnWidth(0, 55)), "1, 1:60 2:70 3:80 | 0:55; "),
+        CASE(after(list.InsertVaskColumn(0, 4, FALSE, _T("E"), 0, 90)),
+             "-1, 1:60 2:70 3:80 | 0:55 4:90; "),
+        CASE(after(list.ShowVaskColumn(0, TRUE)), "1, 0:55 1:60 2:70 3:80 | 4:90; "),
+        CASE((SetOrder(list, {2, 3, 0, 1}), after(list.SetSortColumn(3))),
+             "1, 2:70 3:80^ 0:55 1:60 | 4:90; "),
+        CASE((list.SetSortAscending(FALSE), after(list.SetColumnAlignment(3, LVCFMT_CENTER))),
+             "1, 2:70 3:80v 0:55 1:60 | 4:90; "),
+        CASE((list.ShowVaskColumn(4, TRUE), SetOrder(list, {4, 2, 3, 0, 1}), after(0)),
+             "0, 4:90 2:70 3:80v 0:55 1:60; "),
+        // The sort column is hidden, and the next one deleted.
+        CASE(after(list.ShowVaskColumn(3, FALSE)), "1, 4:90^ 2:70 0:55 1:60 | 3:80; 4 up;"),
+        CASE(after(list.DeleteVaskColumn(4)), "1, 2:70^ 0:55 1:60 | 3:80; 2 up;"),
+        CASE(after(list.SortItemsByColumn(1)), "1, 2:70 0:55 1:60^ | 3:80; 1 up;"),
+        CASE(after(list.SortItemsByDirection(FALSE)), "1, 2:70 0:55 1:60v | 3:80; 1 down;"),
+        CASE(after(list.AutoSortItems()), "1, 2:70 0:55 1:60v | 3:80; 1 down forced;"),
+        CASE(after(list.ResetColumns()), "1, 0:100 1:100v 2:100 3:100; "),
+        // The platform's own messages.
+        CASE(after(list.DeleteColumn(list.GetInsertedColumn(2))), "1, 0:100 1:100v 3:100; "),
+        CASE(after(list.InsertColumn(0, _T("plain"), 0, 40)), "0, -1:40 0:100 1:100v 3:100; "),
+        CASE(after(list.ShowVaskColumn(0, FALSE)), "1, -1:40 1:100v 3:100 | 0:100; "),
+        CASE((list.DeleteColumn(0), after(list.ShowVaskColumn(0, TRUE))),
+             "1, 1:100v 0:100 3:100; "),
+    });
 }
 
-TEST(VaskListCtrl, CopiesRecordsAndAlignsTheFirstColumn) {
-    ListParent parent;
-    CReportList list(parent);
+TEST_F(ReportList, CopiesRecordsAndAlignsTheFirstColumn) {
     list.InsertVaskColumn(0, 0, TRUE, _T("Size"), LVCFMT_RIGHT, 40, 3);
     list.InsertVaskColumn(0, 1, FALSE, _T("Date"));
     LVCOLUMNW shown = {};
@@ -134,12 +107,8 @@ TEST(VaskListCtrl, CopiesRecordsAndAlignsTheFirstColumn) {
     EXPECT_TRUE(list.GetColumn(0, &shown));
     EXPECT_EQ(shown.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_RIGHT);
     EXPECT_EQ(shown.iSubItem, 3);
-
     VASKCOLUMN column;
     EXPECT_FALSE(list.GetVaskColumn(0, nullptr) || list.GetVaskColumn(2, &column));
-    EXPECT_TRUE(list.GetVaskColumn(0, &column));
-    EXPECT_EQ(column.savedPosition, 0);
-    EXPECT_EQ(column.column.cx, 40);
     EXPECT_TRUE(list.GetVaskColumn(1, &column));
     EXPECT_EQ(column.savedPosition, -1);
     EXPECT_EQ(CString(column.column.pszText), _T("Date"));
@@ -206,9 +175,7 @@ TEST(VaskListCtrl, LetsAHostSupplyTheHeaderAndLostTexts) {
     ::DestroyWindow(window);
 }
 
-TEST(VaskListCtrl, IsAPlainListWithoutRecords) {
-    ListParent parent;
-    CReportList list(parent);
+TEST_F(ReportList, IsAPlainListWithoutRecords) {
     list.InsertColumn(0, _T("Name"), LVCFMT_LEFT, 50);
     list.InsertColumn(1, _T("Size"), LVCFMT_LEFT, 60);
     SetOrder(list, {1, 0});
@@ -216,9 +183,7 @@ TEST(VaskListCtrl, IsAPlainListWithoutRecords) {
     EXPECT_EQ(ColumnsOf(list), "1:60^ 0:50");
 }
 
-TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
-    ListParent parent;
-    CReportList list(parent);
+TEST_F(ReportList, SortsByClicksOfTheLeftButton) {
     list.AddColumns(3);
     list.ShowVaskColumn(0, FALSE);
     const auto click = [&](int inserted) {
@@ -229,27 +194,16 @@ TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
         header.PostMessage(WM_LBUTTONDOWN, MK_LBUTTON, place);
         header.PostMessage(WM_LBUTTONUP, 0, place);
         PumpMessages();
+        return list.TakeSeen() + " " + ColumnsOf(list);
     };
-    const struct {
-        const char* label;
-        int clicked;
-        bool isBlocked, sorts;
-        const char* seen;
-        const char* columns;
-    } rows[] = {
-        {"first click", 1, false, true, "2 up;", "1:60 2:70^ | 0:50"},
-        {"again", 1, false, true, "2 down;", "1:60 2:70v | 0:50"},
-        {"blocked", 0, true, true, "", "1:60 2:70v | 0:50"},
-        {"another column", 0, false, true, "1 up;", "1:60^ 2:70 | 0:50"},
-        {"not sorted", 1, false, false, "2 up;", "1:60^ 2:70 | 0:50"},
-    };
-    for (const auto& row : rows) {
-        list.BlockHeaderSort(row.isBlocked);
-        list.m_sorts = row.sorts;
-        click(row.clicked);
-        EXPECT_EQ(list.TakeSeen(), row.seen) << row.label;
-        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
-    }
+    EXPECT_EQ(click(1), "2 up; 1:60 2:70^ | 0:50");
+    EXPECT_EQ(click(1), "2 down; 1:60 2:70v | 0:50");
+    list.BlockHeaderSort();
+    EXPECT_EQ(click(0), " 1:60 2:70v | 0:50");
+    list.BlockHeaderSort(FALSE);
+    EXPECT_EQ(click(0), "1 up; 1:60^ 2:70 | 0:50");
+    list.m_sorts = FALSE;
+    EXPECT_EQ(click(1), "2 up; 1:60^ 2:70 | 0:50");
     for (const auto& [inserted, button] : {std::pair(0, 1), {-1, 0}, {9, 0}}) {
         NMHEADERW note = {};
         note.hdr = {HeaderOf(list).m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
@@ -261,37 +215,28 @@ TEST(VaskListCtrl, SortsByClicksOfTheLeftButton) {
 }
 
 TEST(VaskListCtrl, ShowsAndHidesColumnsByTheHeadersMenu) {
-    const struct {
-        const char* label;
-        bool isGerman;
-        int shownCount;   // out of three columns
-        const char* keys; // Down, Enter and Escape as D, E and X
-        const char* menu;
-        const char* columns;
-    } rows[] = {
-        {"hide", false, 3, "DDE", "+Name 50900;+A&&B 50901;+Name 50902;-&Columns... 50007;",
-         "0:50 2:70 | 1:60"},
-        {"show, in German", true, 2, "DDDE",
-         "+Name 50900;+A&&B 50901;-Name 50902;-&Spalten... 50007;", "0:50 1:60 2:70"},
-        {"the last one stays", false, 1, "DEX",
-         "+(Name 50900;-A&&B 50901;-Name 50902;-&Columns... 50007;", "0:50 | 1:60 2:70"},
-    };
-    for (const auto& row : rows) {
-        std::optional<GermanTexts> german;
-        if (row.isGerman)
-            german.emplace();
+    // The menu of a list that shows some of three columns, and the columns after these keys.
+    const auto menu = [](int shownCount, const std::vector<WPARAM>& keys) {
         ListParent parent;
         CReportList list(parent);
         list.AddColumns(3);
-        for (int i = row.shownCount; i < 3; ++i)
+        for (int i = shownCount; i < 3; ++i)
             list.ShowVaskColumn(i, FALSE);
-        for (const char* key = row.keys; *key != 0; ++key)
-            list.m_menuKeys.push_back(*key == 'D' ? VK_DOWN : *key == 'E' ? VK_RETURN : VK_ESCAPE);
+        list.m_menuKeys = keys;
         const CHeaderCtrl& header = HeaderOf(list);
         header.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(header.m_hWnd), -1);
-        EXPECT_EQ(list.TakeSeen(), row.menu) << row.label;
-        EXPECT_EQ(ColumnsOf(list), row.columns) << row.label;
-    }
+        return list.TakeSeen() + " " + ColumnsOf(list);
+    };
+    ExpectCases<std::string>({
+        CASE(menu(3, {VK_DOWN, VK_DOWN, VK_RETURN}),
+             "+Name 50900;+A&&B 50901;+Name 50902;-&Columns... 50007; 0:50 2:70 | 1:60"),
+        // The last one stays.
+        CASE(menu(1, {VK_DOWN, VK_RETURN, VK_ESCAPE}),
+             "+(Name 50900;-A&&B 50901;-Name 50902;-&Columns... 50007; 0:50 | 1:60 2:70"),
+    });
+    const GermanTexts german;
+    EXPECT_EQ(menu(2, {VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN}),
+              "+Name 50900;+A&&B 50901;-Name 50902;-&Spalten... 50007; 0:50 1:60 2:70");
 }
 
 // A host may destroy a list, its window or its object at any time, also in a loop of the list.
@@ -310,36 +255,29 @@ TEST(VaskListCtrl, EndsWithItsMenuOrDialogOpen) {
     const auto endWindow = [](List& list, ListParent&) { list->DestroyWindow(); };
     const auto endObject = [](List& list, ListParent&) { list.reset(); };
     const auto endParent = [](List&, ListParent& parent) { parent.DestroyWindow(); };
-    const struct {
-        const char* label;
-        std::function<void(const List&)> open;
-        std::function<void(List&, ListParent&)> end;
-    } rows[] = {
-        {"menu, window", menuKey, endWindow},     {"menu, parent", menuKey, endParent},
-        {"click, object", rightClick, endObject}, {"dialog, window", edit, endWindow},
-        {"dialog, object", edit, endObject},
-    };
-    for (const auto& row : rows) {
+    const auto ends = [](const auto& open, const auto& end) {
         ListParent parent;
         List list = std::make_unique<CReportList>(parent);
         list->AddColumns(3);
         bool isEnded = false;
-        parent.m_onApp = [&] {
-            isEnded = true;
-            row.end(list, parent);
+        parent.m_onMessage = [&](UINT message, WPARAM) {
+            if (message == WM_APP && !std::exchange(isEnded, true))
+                end(list, parent);
         };
         const HWND window = list->m_hWnd;
         parent.PostMessage(WM_APP); // handled in the loop
-        row.open(list);
-        EXPECT_TRUE(isEnded) << row.label;
-        EXPECT_FALSE(::IsWindow(window)) << row.label;
-    }
+        open(list);
+        return isEnded && !::IsWindow(window);
+    };
+    ExpectCases<bool>({CASE(ends(menuKey, endWindow), true), CASE(ends(menuKey, endObject), true),
+                       CASE(ends(menuKey, endParent), true),
+                       CASE(ends(rightClick, endWindow), true),
+                       CASE(ends(rightClick, endObject), true), CASE(ends(edit, endWindow), true),
+                       CASE(ends(edit, endObject), true)});
 }
 
-TEST(VaskListCtrl, ShowsATextWhileItIsEmpty) {
+TEST_F(ReportList, ShowsATextWhileItIsEmpty) {
     constexpr COLORREF kRed = RGB(255, 0, 0);
-    ListParent parent;
-    CReportList list(parent);
     list.AddColumns(1);
     list.SetEmptyText(_T("nothing & more"));
     list.SetEmptyTextColor(kRed);
@@ -372,10 +310,8 @@ TEST(VaskListCtrl, ShowsATextWhileItIsEmpty) {
     EXPECT_TRUE(list.SetEmptyText(_T("")) && !list.HasEmptyText());
 }
 
-TEST(VaskListCtrl, HighlightsEverySecondRow) {
+TEST_F(ReportList, HighlightsEverySecondRow) {
     constexpr COLORREF kGreen = RGB(0, 255, 0);
-    ListParent parent;
-    CReportList list(parent);
     list.AddColumns(1);
     for (int i = 0; i < 4; ++i)
         list.InsertItem(i, _T(""));
@@ -401,9 +337,7 @@ TEST(VaskListCtrl, HighlightsEverySecondRow) {
     EXPECT_EQ(highlighted(), "---");
 }
 
-TEST(VaskListCtrl, SelectsAndMovesItems) {
-    ListParent parent;
-    CReportList list(parent);
+TEST_F(ReportList, SelectsAndMovesItems) {
     list.AddColumns(2);
     list.SetExtendedStyle(LVS_EX_CHECKBOXES, LVS_EX_CHECKBOXES);
     const WCHAR* const names[] = {_T("a"), _T("b"), _T("c"), LPSTR_TEXTCALLBACKW};
@@ -420,40 +354,23 @@ TEST(VaskListCtrl, SelectsAndMovesItems) {
                 ::lstrcpynW(item.pszText, _T("asked"), item.cchTextMax);
         }
     };
-    const struct {
-        const char* label;
-        std::function<int()> act;
-        int result;
-        const char* rows;
-    } rows[] = {
-        {"select", [&] { return list.SelectItem(0); }, TRUE, "*a! b c asked"},
-        {"one more", [&] { return list.SelectItem(2); }, TRUE, "*a b *c! asked"},
-        {"two do not move", [&] { return list.MoveSelectedItemUp(); }, -1, "*a b *c! asked"},
-        {"unselect", [&] { return list.SelectItem(2, FALSE); }, TRUE, "*a b c! asked"},
-        {"first up", [&] { return list.MoveSelectedItemUp(); }, -1, "*a b c! asked"},
-        {"check", [&] { return list.HasCheckedItem() + 2 * list.SetCheck(0); }, 2, "*a b c! asked"},
-        {"down", [&] { return list.MoveSelectedItemDown(); }, 1, "b *a c! asked"},
-        {"its check and its other text",
-         [&] {
-             return list.GetCheck(1) && !list.GetCheck(0) && list.GetItemText(1, 1) == longText;
-         },
-         TRUE, "b *a c! asked"},
-        {"all", [&] { return list.SelectAllItems(); }, TRUE, "*b *a *c! *asked"},
-        {"none", [&] { return list.UnselectAllItems(); }, TRUE, "b a c! asked"},
-        {"last down", [&] { return list.SelectItem(3), list.MoveSelectedItemDown(); }, -1,
-         "b a c *asked!"},
-        {"an asked text up", [&] { return list.MoveSelectedItemUp(); }, 2, "b a *asked! c"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.act(), row.result) << row.label;
-        EXPECT_EQ(RowsOf(list), row.rows) << row.label;
-    }
+    const auto after = [&](int result) { return std::to_string(result) + ", " + RowsOf(list); };
+    ExpectCases<std::string>({
+        CASE(after(list.SelectItem(0)), "1, *a! b c asked"),
+        CASE((list.SelectItem(2), after(list.MoveSelectedItemUp())), "-1, *a b *c! asked"),
+        CASE((list.SelectItem(2, FALSE), after(list.MoveSelectedItemUp())), "-1, *a b c! asked"),
+        CASE((list.SetCheck(0), after(list.MoveSelectedItemDown())), "1, b *a c! asked"),
+        CASE(after(list.GetCheck(1) && !list.GetCheck(0)), "1, b *a c! asked"),
+        CASE(after(list.GetItemText(1, 1) == longText), "1, b *a c! asked"),
+        CASE(after(list.SelectAllItems()), "1, *b *a *c! *asked"),
+        CASE(after(list.UnselectAllItems()), "1, b a c! asked"),
+        CASE((list.SelectItem(3), after(list.MoveSelectedItemDown())), "-1, b a c *asked!"),
+        CASE(after(list.MoveSelectedItemUp()), "2, b a *asked! c"),
+    });
     parent.m_onNotify = nullptr;
 }
 
-TEST(VaskListCtrl, BlocksClicksBesideItems) {
-    ListParent parent;
-    CReportList list(parent);
+TEST_F(ReportList, BlocksClicksBesideItems) {
     list.AddColumns(1);
     list.InsertItem(0, _T("a"));
     list.InsertItem(1, _T("b"));
@@ -472,9 +389,7 @@ TEST(VaskListCtrl, BlocksClicksBesideItems) {
     EXPECT_EQ(click(item.left + 4, item.bottom + 50), "a b!") << "not blocked";
 }
 
-TEST(SortHeaderCtrl, DrawsItsOwnArrowWhereThePlatformHasNone) {
-    ListParent parent;
-    CReportList list(parent);
+TEST_F(ReportList, DrawsItsOwnArrowWhereThePlatformHasNone) {
     list.AddColumns(2);
     CSortHeaderCtrl& header = HeaderOf(list);
     header.SetOwnArrow(TRUE);

@@ -10,8 +10,6 @@
 #include "support/test.h"
 #include "support/win/dialog_driver.h"
 
-#include <optional>
-
 namespace {
 
 template <class Base>
@@ -131,14 +129,13 @@ TEST(VaskPropertySheet, BalloonsOfItsPagesFollowIt) {
         EXPECT_TRUE(
             page.ShowValidationErrorMessage(TTI_INFO, _T("a"), _T("b"), CRect(300, 300, 309, 309)));
     };
-    const std::pair<const char*, std::function<void(HWND sheet, HWND balloon)>> hiding[] = {
-        {"a click on it", [](HWND, HWND balloon) { ::SetFocus(balloon); }},
-        {"another program", [](HWND box, HWND) { ::SendMessageW(box, WM_ACTIVATEAPP, FALSE, 0); }},
-        {"the sheet is hidden",
-         [](HWND box, HWND) {
-             ::ShowWindow(box, SW_HIDE);
-             ::ShowWindow(box, SW_SHOW); // shown again for the next step
-         }},
+    const std::function<void(HWND sheet, HWND balloon)> hiding[] = {
+        [](HWND, HWND balloon) { ::SetFocus(balloon); }, // a click on it
+        [](HWND box, HWND) { ::SendMessageW(box, WM_ACTIVATEAPP, FALSE, 0); },
+        [](HWND box, HWND) {
+            ::ShowWindow(box, SW_HIDE);
+            ::ShowWindow(box, SW_SHOW); // shown again for the next step
+        },
     };
     std::vector<Step> steps = {[&](HWND box) {
         show(first);
@@ -153,10 +150,10 @@ TEST(VaskPropertySheet, BalloonsOfItsPagesFollowIt) {
         ::SetWindowPos(box, nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
         EXPECT_EQ(offset(), before);
     }};
-    for (const auto& [label, act] : hiding) {
-        steps.push_back([&, act = act](HWND box) { act(box, BalloonProbe::ExpectOne(box)); });
-        steps.push_back([&, label = label](HWND) {
-            EXPECT_FALSE(first.IsValidationErrorMessageShowing()) << label;
+    for (const auto& hide : hiding) {
+        steps.push_back([&](HWND box) { hide(box, BalloonProbe::ExpectOne(box)); });
+        steps.push_back([&](HWND) {
+            EXPECT_FALSE(first.IsValidationErrorMessageShowing()) << &hide - hiding;
             show(first);
         });
     }
@@ -211,16 +208,7 @@ TEST(VaskWizard, GoesOnWhenItsPagesAcceptAndAlwaysBack) {
 }
 
 TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
-    const std::tuple<bool, bool, CString> rows[] = {
-        {false, false, _T("OK|Cancel|Help|&Apply|")},
-        {false, true, _T("Cancel|Help|< &Back|&Next >|&Finish|")},
-        {true, false, _T("OK|Abbrechen|Hilfe|Ü&bernehmen|")},
-        {true, true, _T("Abbrechen|Hilfe|< &Zurück|&Weiter >|&Fertig stellen|")},
-    };
-    for (const auto& [isGerman, isWizard, expected] : rows) {
-        std::optional<GermanTexts> german;
-        if (isGerman)
-            german.emplace();
+    const auto buttonsOf = [](bool isWizard) {
         CVaskPropertySheet sheet; // not a CVaskWizard
         Page<CVaskPropertyPage> page(PAGE_FIRST);
         page.m_psp.dwFlags |= PSP_HASHELP;
@@ -238,8 +226,13 @@ TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
             ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
         }});
         EXPECT_EQ(sheet.DoModal(), IDCANCEL);
-        EXPECT_EQ(buttons, expected);
-    }
+        return buttons;
+    };
+    EXPECT_EQ(buttonsOf(false), _T("OK|Cancel|Help|&Apply|"));
+    EXPECT_EQ(buttonsOf(true), _T("Cancel|Help|< &Back|&Next >|&Finish|"));
+    const GermanTexts german;
+    EXPECT_EQ(buttonsOf(false), _T("OK|Abbrechen|Hilfe|Ü&bernehmen|"));
+    EXPECT_EQ(buttonsOf(true), _T("Abbrechen|Hilfe|< &Zurück|&Weiter >|&Fertig stellen|"));
 }
 
 TEST(VaskWizard, ShowsItsPagesTitles) {

@@ -100,83 +100,67 @@ BEGIN_MESSAGE_MAP(CRowList, CVirtualListCtrl)
 ON_NOTIFY_REFLECT(LVN_ITEMCHANGED, &CRowList::OnLvnItemchanged)
 END_MESSAGE_MAP()
 
-TEST(VirtualListCtrl, KeepsSelectionAndFocusWithTheirRows) {
+struct RowList : testing::Test {
     ListParent parent;
-    CRowList list(parent);
+    CRowList list{parent};
+};
+
+TEST_F(RowList, KeepsSelectionAndFocusWithTheirRows) {
+    CListCtrl& platform = list; // whose calls send messages
     CRow* const x = new CRow('x');
     const std::vector<int> several = {3, 1, 1, 9, -1};
-    const struct {
-        const char* label;
-        std::function<int()> act;
-        int result;
-        const char* rows;
-    } rows[] = {
-        {"add", [&] { return list.Add("dbac"), list.GetItemCount(); }, 4, "d b a c"},
-        {"refused", [&] { return list.InsertItem(5, x) + list.AddItem(nullptr); }, -2, "d b a c"},
-        {"select", [&] { return list.Select(1, 3), 0; }, 0, "d *b a *c!"},
-        {"insert in between", [&] { return list.InsertItem(2, x); }, 2, "d *b x a *c!"},
-        {"sort", [&] { return list.SortItems(0, TRUE, FALSE); }, TRUE, "a *b *c! d x"},
-        {"again", [&] { return list.SortItems(0, TRUE, FALSE); }, FALSE, "a *b *c! d x"},
-        {"from behind", [&] { return list.SortItems(0, FALSE, FALSE); }, TRUE, "x d *c! *b a"},
-        {"forced", [&] { return x->m_name = _T("C"), list.SortItems(0, FALSE, TRUE); }, TRUE,
-         "d *c! *b a C"},
-        {"by size", [&] { return list.SortItems(1, TRUE, FALSE); }, TRUE, "C d *c! *b a"},
-        {"one moves up", [&] { return list.Select(3), list.MoveSelectedItemUp(); }, 2,
-         "C d *b! c a"},
-        {"and down, and a row before it is deleted",
-         [&] { return list.MoveSelectedItemDown() + list.DeleteItem(0); }, 4, "d c *b! a"},
-        {"delete the selected", [&] { return list.DeleteItem(2); }, TRUE, "d c *a!"},
-        {"one of two",
-         [&] { return list.Add("efg"), list.Select(1, 4), list.DeleteItem(list.GetItem(4)); }, TRUE,
-         "d *c a e g!"},
-        {"several", [&] { return list.DeleteItems(several); }, 2, "d *a g!"},
-        {"all selected",
-         [&] { return list.Add("bc"), list.SelectAllItems(), list.InsertItem(0, new CRow('z')); },
-         0, "z *d *a *g! *b *c"},
-        {"by more than a function",
-         [&] {
-             list.m_last = _T("b");
-             return list.Select(1, 2), list.SortItems(3, TRUE, FALSE) + list.m_selectedInSort;
-         },
-         TRUE, "z *d *a! g c b"},
-        {"filtered",
-         [&] {
-             list.ReplaceItems({list.GetItem(5), list.GetItem(3), list.GetItem(1), nullptr});
-             return CRow::s_count;
-         },
-         3, "b g *d!"},
-        {"many while not redrawn",
-         [&] {
-             list.SetRedraw(FALSE);
-             list.m_sentCounts = 0;
-             for (const char name : {'p', 'q', 'r'})
-                 list.InsertItem(0, new CRow(static_cast<WCHAR>(name)));
-             list.DeleteItem(1);
-             list.DeleteItem(1);
-             const int sent = list.m_sentCounts;
-             list.SetRedraw();
-             return 10 * sent + list.m_sentCounts;
-         },
-         1, "r b g *d!"},
-        // The platform's own messages.
-        {"LVM_DELETEITEM", [&] { return static_cast<CListCtrl&>(list).DeleteItem(0); }, TRUE,
-         "b g *d!"},
-        {"LVM_INSERTITEM", [&] { return static_cast<CListCtrl&>(list).InsertItem(0, _T("y")); }, -1,
-         "b g *d!"},
-        {"LVM_SETITEMCOUNT", [&] { return list.SetItemCountEx(99); }, FALSE, "b g *d!"},
-        {"LVM_DELETEALLITEMS", [&] { return static_cast<CListCtrl&>(list).DeleteAllItems(); }, TRUE,
-         ""},
-        {"emptied", [&] { return list.GetItemCount() + CRow::s_count; }, 0, ""},
+    const auto sort = [&](int column, int ascending) {
+        return list.SortItems(column, ascending, FALSE);
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.act(), row.result) << row.label;
-        EXPECT_EQ(RowsOf(list), row.rows) << row.label;
-    }
+    const auto filter = [&](const std::vector<CVirtualListCtrlItem*>& items) {
+        list.ReplaceItems(items);
+        return CRow::s_count;
+    };
+    const auto after = [&](int result) { return std::to_string(result) + ", " + RowsOf(list); };
+    ExpectCases<std::string>({
+        CASE((list.Add("dbac"), after(list.GetItemCount())), "4, d b a c"),
+        CASE(after(list.InsertItem(5, x) + list.AddItem(nullptr)), "-2, d b a c"),
+        CASE((list.Select(1, 3), after(list.InsertItem(2, x))), "2, d *b x a *c!"),
+        CASE(after(sort(0, TRUE)), "1, a *b *c! d x"),
+        CASE(after(sort(0, TRUE)), "0, a *b *c! d x"), // as before
+        CASE(after(sort(0, FALSE)), "1, x d *c! *b a"),
+        CASE((x->m_name = _T("C"), after(list.SortItems(0, FALSE, TRUE))),
+             "1, d *c! *b a C"), // forced
+        CASE(after(sort(1, TRUE)), "1, C d *c! *b a"),
+        CASE((list.Select(3), after(list.MoveSelectedItemUp())), "2, C d *b! c a"),
+        CASE(after(list.MoveSelectedItemDown()), "3, C d c *b! a"),
+        CASE(after(list.DeleteItem(0)), "1, d c *b! a"),
+        CASE(after(list.DeleteItem(2)), "1, d c *a!"), // the only selected one
+        CASE((list.Add("efg"), list.Select(1, 4), after(list.DeleteItem(list.GetItem(4)))),
+             "1, d *c a e g!"),
+        CASE(after(list.DeleteItems(several)), "2, d *a g!"),
+        CASE((list.Add("bc"), list.SelectAllItems(), after(list.InsertItem(0, new CRow('z')))),
+             "0, z *d *a *g! *b *c"),
+        // An order that is more than a function.
+        CASE(
+            (list.m_last = _T("b"), list.Select(1, 2), sort(3, TRUE), after(list.m_selectedInSort)),
+            "0, z *d *a! g c b"),
+        CASE(after(filter({list.GetItem(5), list.GetItem(3), list.GetItem(1), nullptr})),
+             "3, b g *d!"),
+    });
+    list.SetRedraw(FALSE);
+    list.m_sentCounts = 0;
+    for (const char name : {'p', 'q'})
+        list.InsertItem(0, new CRow(static_cast<WCHAR>(name)));
+    list.DeleteItem(1);
+    EXPECT_EQ(list.m_sentCounts, 0) << "while it is not redrawn";
+    list.SetRedraw();
+    ExpectCases<std::string>({
+        CASE(after(list.m_sentCounts), "1, q b g *d!"),
+        CASE(after(platform.DeleteItem(0)), "1, b g *d!"),
+        CASE(after(platform.InsertItem(0, _T("y"))), "-1, b g *d!"),
+        CASE(after(list.SetItemCountEx(99)), "0, b g *d!"),
+        CASE(after(platform.DeleteAllItems()), "1, "),
+        CASE(after(list.GetItemCount() + CRow::s_count), "0, "),
+    });
 }
 
-TEST(VirtualListCtrl, FollowsWhatUsersSelect) {
-    ListParent parent;
-    CRowList list(parent);
+TEST_F(RowList, FollowsWhatUsersSelect) {
     list.Add("fedcba");
     list.Select(1);
     list.SetSelectionMark(1);
@@ -237,49 +221,40 @@ TEST(VirtualListCtrl, KeepsTheFocusedRowInViewAndLeavesItemsToTheirOwner) {
     }
 }
 
-TEST(VirtualListCtrl, AnswersWhatTheListViewAsksFor) {
-    ListParent parent;
-    CRowList list(parent);
+TEST_F(RowList, AnswersWhatTheListViewAsksFor) {
     list.Add("ab");
     static_cast<CRow*>(list.GetItem(1))->m_name = _T("a long text");
     list.ShowVaskColumn(1, FALSE);
-    constexpr UINT kAll = LVIF_TEXT | LVIF_IMAGE | LVIF_INDENT | LVIF_PARAM;
-    const struct {
-        const char* label;
-        UINT mask;
-        int row, subItem, size;
-        const WCHAR* text; // "?": not supplied
-        int image, indent, data;
-    } rows[] = {
-        {"all", kAll, 0, 0, 10, _T("a"), 3, 2, 12},
-        {"cut", LVIF_TEXT, 1, 0, 7, _T("a long"), -9, -9, -9},
-        {"no room", LVIF_TEXT, 1, 0, 0, _T("?"), -9, -9, -9},
-        {"a column behind a hidden one", LVIF_TEXT, 0, 1, 10, _T("a2"), -9, -9, -9},
-        {"indent and data", LVIF_INDENT | LVIF_PARAM, 0, 0, 10, _T("?"), -9, 2, 12},
-        {"no row", kAll, 2, 0, 10, _T("?"), -9, -9, -9},
-    };
-    for (const auto& row : rows) {
+    // The text, image, indent and data; "?" and -9 are not supplied.
+    const auto ask = [&](UINT mask, int row, int subItem, int size) {
         WCHAR text[20] = _T("?");
         NMLVDISPINFOW note = {};
         note.hdr = {list.m_hWnd, 5, static_cast<UINT>(LVN_GETDISPINFOW)};
-        note.item.mask = row.mask;
-        note.item.iItem = row.row;
-        note.item.iSubItem = row.subItem;
+        note.item.mask = mask;
+        note.item.iItem = row;
+        note.item.iSubItem = subItem;
         note.item.pszText = text;
-        note.item.cchTextMax = row.size;
+        note.item.cchTextMax = size;
         note.item.iImage = note.item.iIndent = -9;
         note.item.lParam = -9;
         parent.SendMessage(WM_NOTIFY, 5, reinterpret_cast<LPARAM>(&note));
-        EXPECT_EQ(CString(text), row.text) << row.label;
-        EXPECT_EQ(note.item.iImage, row.image) << row.label;
-        EXPECT_EQ(note.item.iIndent, row.indent) << row.label;
-        EXPECT_EQ(note.item.lParam, row.data) << row.label;
-    }
+        CString answer(text);
+        answer.AppendFormat(_T(" %d %d %d"), note.item.iImage, note.item.iIndent,
+                            static_cast<int>(note.item.lParam));
+        return answer;
+    };
+    constexpr UINT kAll = LVIF_TEXT | LVIF_IMAGE | LVIF_INDENT | LVIF_PARAM;
+    ExpectCases<CString>({
+        CASE(ask(kAll, 0, 0, 10), _T("a 3 2 12")),
+        CASE(ask(LVIF_TEXT, 1, 0, 7), _T("a long -9 -9 -9")),
+        CASE(ask(LVIF_TEXT, 1, 0, 0), _T("? -9 -9 -9")),
+        CASE(ask(LVIF_TEXT, 0, 1, 10), _T("a2 -9 -9 -9")), // behind a hidden column
+        CASE(ask(LVIF_INDENT | LVIF_PARAM, 0, 0, 10), _T("? -9 2 12")),
+        CASE(ask(kAll, 2, 0, 10), _T("? -9 -9 -9")),
+    });
 }
 
-TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
-    ListParent parent;
-    CRowList list(parent);
+TEST_F(RowList, FindsRowsByTypedLetters) {
     list.Add("abBc");
     list.Select(0);
     list.Type("bbb");
@@ -296,9 +271,7 @@ TEST(VirtualListCtrl, FindsRowsByTypedLetters) {
                       CASE(find(LVFI_STRING, nullptr, -1), -1)});
 }
 
-TEST(VirtualListCtrl, CopiesTheSelectedRowsAsTheyAreShown) {
-    ListParent parent;
-    CRowList list(parent);
+TEST_F(RowList, CopiesTheSelectedRowsAsTheyAreShown) {
     list.Add("abc");
     const int order[] = {2, 0, 1};
     list.SetColumnOrderArray(3, order);
@@ -312,49 +285,61 @@ TEST(VirtualListCtrl, CopiesTheSelectedRowsAsTheyAreShown) {
     EXPECT_EQ(text, _T("a2\ta\r\nc2\tc\r\n"));
 }
 
-TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
-    const struct {
-        const char* label;
-        std::function<void(CRowList&)> onChange; // called at the first notification of a change
-        std::function<void(CRowList&)> act;
-        const char* rows;
-    } rows[] = {
-        {"while another is focused", [](CRowList& list) { list.DeleteItem(1); },
-         [](CRowList& list) { list.SelectItem(1); }, "*d *a! b"},
-        {"the last while it is focused",
-         [](CRowList& list) {
-             list.DeleteItems({2, 3});
-         },
-         [](CRowList& list) { list.SelectItem(3); }, "*d *c"},
-        {"all while sorting", [](CRowList& list) { list.DeleteAllItems(); },
-         [](CRowList& list) { list.SortItems(0, TRUE, FALSE); }, ""},
-        {"sorted back while sorting", [](CRowList& list) { list.SortItems(0, FALSE, FALSE); },
-         [](CRowList& list) { list.SortItems(0, TRUE, FALSE); }, "*d! *c b *a"},
-        {"another while deleting", [](CRowList& list) { list.DeleteItem(0); },
-         [](CRowList& list) { list.DeleteItem(1); }, "*a! b"},
-        {"added while unselecting", [](CRowList& list) { list.Add("e"); },
-         [](CRowList& list) { list.UnselectAllItems(); }, "d! c a b e"},
+typedef std::function<void(CRowList&)> Act;
+
+Act Select(int row, bool isSelected = true) {
+    return [=](CRowList& list) { list.SelectItem(row, isSelected); };
+}
+Act Remove(int row) {
+    return [=](CRowList& list) { list.DeleteItem(row); };
+}
+Act Sort(bool isAscending) {
+    return [=](CRowList& list) { list.SortItems(0, isAscending, FALSE); };
+}
+Act Key(UINT code) {
+    return [=](CRowList& list) { list.SendMessage(WM_KEYDOWN, code, 1); };
+}
+
+// The rows "*d! *c *a b" after an action in whose first notification with the code another one
+// happens. Of many rows only the first and the last ones.
+std::string RowsAfter(const Act& act, UINT code, const Act& onNotify) {
+    ListParent parent;
+    CRowList list(parent);
+    list.Add("dcab");
+    list.Select(2, 1, 0);
+    bool isFirst = true;
+    parent.m_onNotify = [&](const NMHDR& header) {
+        if (header.code != code || !std::exchange(isFirst, false))
+            return;
+        onNotify(list);
+        EXPECT_EQ(list.SendMessage(LVM_GETITEMCOUNT), list.GetItemCount());
     };
-    for (const auto& row : rows) {
-        ListParent parent;
-        CRowList list(parent);
-        list.Add("dcab");
-        list.Select(2, 1, 0); // selects d, c and a; the focus is on d
-        bool isFirst = true;
-        parent.m_onNotify = [&](const NMHDR& header) {
-            if (header.code == static_cast<UINT>(LVN_ITEMCHANGED) && std::exchange(isFirst, false))
-                row.onChange(list);
-        };
-        row.act(list);
-        EXPECT_FALSE(isFirst) << row.label;
-        EXPECT_EQ(RowsOf(list), row.rows) << row.label;
-        parent.m_onNotify = nullptr;
-        const std::string before = RowsOf(list); // rows and list-view agree: sorting is idle
-        list.SortItems(2, TRUE, TRUE);
-        EXPECT_EQ(RowsOf(list), before) << row.label;
-        EXPECT_EQ(CRow::s_count, list.GetItemCount()) << row.label;
-        EXPECT_EQ(list.SendMessage(LVM_GETITEMCOUNT), list.GetItemCount()) << row.label;
-    }
+    act(list);
+    parent.m_onNotify = nullptr;
+    EXPECT_FALSE(isFirst);
+    const std::string rows = RowsOf(list);
+    list.SortItems(2, TRUE, TRUE); // rows and list-view agree: sorting is idle
+    EXPECT_EQ(RowsOf(list), rows);
+    EXPECT_EQ(CRow::s_count, list.GetItemCount());
+    EXPECT_EQ(list.GetTopIndex() > 0, list.GetItemCount() > 10) << "scrolled to the last row";
+    return rows.size() < 30 ? rows : rows.substr(0, 9) + "..." + rows.substr(rows.size() - 3);
+}
+
+TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
+    const auto removeAll = [](CRowList& list) { list.DeleteAllItems(); };
+    const auto removeLast = [](CRowList& list) { list.DeleteItems({2, 3}); };
+    const auto add = [](CRowList& list) { list.Add("e"); };
+    const auto unselect = [](CRowList& list) { list.UnselectAllItems(); };
+    const UINT changed = LVN_ITEMCHANGED;
+    ExpectCases<std::string>({
+        CASE(RowsAfter(Select(1), changed, Remove(1)), "*d *a! b"),
+        CASE(RowsAfter(Select(3), changed, removeLast), "*d *c"),
+        CASE(RowsAfter(Sort(true), changed, removeAll), ""),
+        CASE(RowsAfter(Sort(true), changed, Remove(0)), "b *c *d!"),
+        CASE(RowsAfter(Sort(true), changed, Sort(false)), "*d! *c b *a"),
+        CASE(RowsAfter(Remove(1), changed, Remove(0)), "*a! b"),
+        CASE(RowsAfter(unselect, changed, add), "d! c a b e"),
+    });
     ListParent parent;
     CRowList list(parent);
     list.Add("ab");
@@ -369,15 +354,11 @@ TEST(VirtualListCtrl, SurvivesRowsThatAreDeletedInNotifications) {
 // In a notification the list returns the new rows, even if the list-view does not have them
 // yet.
 TEST(VirtualListCtrl, IsUpToDateInNotifications) {
-    typedef CRowList& List;
-    const auto key = [](UINT code) {
-        return [code](List list) { list.SendMessage(WM_KEYDOWN, code, 1); };
-    };
-    const auto deleteSelected = [](List list) {
+    const auto deleteSelected = [](CRowList& list) {
         for (UINT n = list.GetSelectedCount(); n > 0; --n)
             list.DeleteItem(list.GetNextItem(-1, LVNI_SELECTED));
     };
-    const auto addAndShow = [](List list) {
+    const auto addAndShow = [](CRowList& list) {
         for (int i = 0; i < 50; ++i) {
             list.UnselectAllItems();
             const int row = list.AddItem(new CRow(static_cast<WCHAR>('A' + i)));
@@ -387,41 +368,13 @@ TEST(VirtualListCtrl, IsUpToDateInNotifications) {
         }
         list.DeleteItems({4, 5, 6, 7, 8, 9});
     };
-    const auto unselectOne = [](List list) { list.SelectItem(1, FALSE); };
-    const struct {
-        const char* label;
-        UINT code; // code of the notification
-        std::function<void(List)> act, onNotify;
-        const char* begin;
-        int lastRow;
-    } rows[] = {
-        {"selected ones deleted by a key", LVN_KEYDOWN, key(VK_DELETE), deleteSelected, "*b", 0},
-        {"some inserted by a key", LVN_KEYDOWN, key(VK_INSERT), addAndShow, "d c a b G", 47},
-        {"changed while the selection changes", LVN_ITEMCHANGED, unselectOne, addAndShow,
-         "d c a b G", 47},
-        {"deleted while the selection changes", LVN_ITEMCHANGED, unselectOne, deleteSelected,
-         "c! *b", 1},
-    };
-    for (const auto& row : rows) {
-        ListParent parent;
-        CRowList list(parent);
-        list.Add("dcab");
-        list.Select(2, 1, 0);
-        bool isFirst = true;
-        parent.m_onNotify = [&](const NMHDR& header) {
-            if (header.code != row.code || !std::exchange(isFirst, false))
-                return;
-            row.onNotify(list);
-            EXPECT_EQ(list.SendMessage(LVM_GETITEMCOUNT), list.GetItemCount()) << row.label;
-        };
-        row.act(list);
-        parent.m_onNotify = nullptr;
-        EXPECT_FALSE(isFirst) << row.label;
-        EXPECT_EQ(RowsOf(list).substr(0, std::strlen(row.begin)), row.begin) << row.label;
-        EXPECT_EQ(list.GetItemCount(), row.lastRow + 1) << row.label;
-        EXPECT_TRUE(list.IsItemSelected(row.lastRow)) << row.label;
-        EXPECT_EQ(list.GetTopIndex() > 0, row.lastRow > 1) << row.label;
-    }
+    const UINT key = LVN_KEYDOWN, changed = LVN_ITEMCHANGED;
+    ExpectCases<std::string>({
+        CASE(RowsAfter(Key(VK_DELETE), key, deleteSelected), "*b!"),
+        CASE(RowsAfter(Key(VK_INSERT), key, addAndShow), "d c a b G...*r!"),
+        CASE(RowsAfter(Select(1, false), changed, addAndShow), "d c a b G...*r!"),
+        CASE(RowsAfter(Select(1, false), changed, deleteSelected), "c! *b"),
+    });
 
     ListParent parent;
     CRowList list(parent);
@@ -464,63 +417,51 @@ private:
 };
 
 TEST(VirtualListCtrl, MayBeDestroyedInItsNotifications) {
-    typedef CDoomedList& List;
-    const auto clickHeader = [](List list) {
+    const Act clickHeader = [](CRowList& list) {
         NMHEADERW click = {};
         click.hdr = {list.GetHeaderCtrl()->m_hWnd, 0, static_cast<UINT>(HDN_ITEMCLICKW)};
         list.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
     };
-    const struct {
-        const char* label;
-        UINT code;
-        std::function<void(List)> act;
-    } rows[] = {
-        {"at a key", LVN_KEYDOWN, [](List list) { list.SendMessage(WM_KEYDOWN, VK_DELETE, 1); }},
-        {"at a double click", NM_DBLCLK,
-         [](List list) {
-             CRect rect;
-             list.GetItemRect(0, rect, LVIR_LABEL);
-             list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON,
-                              MAKELPARAM(rect.left + 4, rect.top + 4));
-         }},
-        {"at a click of the header", LVN_COLUMNCLICK, clickHeader},
-        {"sorted by the header", 0,
-         [&](List list) {
-             list.m_endsInSort = true;
-             clickHeader(list);
-         }},
-        {"the sort column hidden", 0,
-         [](List list) {
-             list.SortItems(0, TRUE, FALSE);
-             list.m_endsInSort = true;
-             list.ShowVaskColumn(0, FALSE);
-         }},
-        {"while sorting", LVN_ITEMCHANGED, [](List list) { list.SortItems(0, TRUE, FALSE); }},
-        {"while deleting", LVN_ITEMCHANGED, [](List list) { list.DeleteItem(2); }},
-        {"while moving", LVN_ITEMCHANGED, [](List list) { list.MoveSelectedItemUp(); }},
-        {"while selecting", LVN_ITEMCHANGED, [](List list) { list.SelectAllItems(); }},
+    const Act doubleClick = [](CRowList& list) {
+        CRect rect;
+        list.GetItemRect(0, rect, LVIR_LABEL);
+        list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(rect.left + 4, rect.top + 4));
     };
-    for (const auto& row : rows) {
+    const Act hideSortColumn = [](CRowList& list) { list.ShowVaskColumn(0, FALSE); };
+    const Act moveUp = [](CRowList& list) { list.MoveSelectedItemUp(); };
+    const Act selectAll = [](CRowList& list) { list.SelectAllItems(); };
+    const auto inSort = [](const Act& act) { // ends in the next call of SortItems
+        return [act](CDoomedList& list) {
+            list.SortItems(0, TRUE, FALSE);
+            list.m_endsInSort = true;
+            act(list);
+        };
+    };
+    const auto ends = [](UINT code, const std::function<void(CDoomedList&)>& act) {
         ListParent parent;
         CDoomedList* const list = new CDoomedList(parent);
         list->Add("cab");
         list->Select(2);
         parent.m_onNotify = [&](const NMHDR& header) {
-            if (header.code == row.code && header.hwndFrom == list->m_hWnd)
+            if (header.code == code && header.hwndFrom == list->m_hWnd)
                 delete list;
         };
-        row.act(*list);
+        act(*list);
         parent.m_onNotify = nullptr;
-        EXPECT_TRUE(CDoomedList::IsUntouched()) << row.label;
-        EXPECT_EQ(CRow::s_count, 0) << row.label;
-    }
+        return CDoomedList::IsUntouched() && CRow::s_count == 0;
+    };
+    const UINT changed = LVN_ITEMCHANGED;
+    ExpectCases<bool>(
+        {CASE(ends(LVN_KEYDOWN, Key(VK_DELETE)), true), CASE(ends(NM_DBLCLK, doubleClick), true),
+         CASE(ends(LVN_COLUMNCLICK, clickHeader), true), CASE(ends(0, inSort(clickHeader)), true),
+         CASE(ends(0, inSort(hideSortColumn)), true), CASE(ends(changed, Sort(true)), true),
+         CASE(ends(changed, Remove(2)), true), CASE(ends(changed, moveUp), true),
+         CASE(ends(changed, selectAll), true)});
 }
 
 // A message box over a list that fails to draw would make the list draw again.
-TEST(VirtualListCtrl, FailsToDrawWithoutABox) {
+TEST_F(RowList, FailsToDrawWithoutABox) {
     MessageBoxRecorder app;
-    ListParent parent;
-    CRowList list(parent);
     list.Add("ab");
     static_cast<CRow*>(list.GetItem(0))->m_onText = [] { throw 1; };
     list.Invalidate();

@@ -52,34 +52,32 @@ std::string TextsOf(const List& list) {
     return text;
 }
 
+void Show(List& list, ListParent& parent, const CKeyboardMappingScheme& scheme) {
+    EXPECT_TRUE(list.Create(WS_VISIBLE, kListPlace, &parent, 5));
+    EXPECT_EQ(list.AddKeyboardMappingScheme(&scheme), 0);
+    EXPECT_TRUE(list.LoadKeyboardMappingScheme(0));
+}
+
 } // namespace
 
 TEST(CaptureShortcutKeyDlg, TakesTheNextKey) {
-    const struct {
-        const char* label;
-        std::vector<Step> steps;
-        INT_PTR result;
-        const char* key;
-    } rows[] = {
-        {"Enter", {PressKey(VK_RETURN)}, IDOK, "13"},
-        {"Escape", {PressKey(VK_ESCAPE)}, IDOK, "27"},
-        {"F10", {PressKey(VK_F10)}, IDOK, "121"},
-        {"Alt+F4", {PressKey(VK_F4, kAlt)}, IDOK, "A115"},
-        {"Ctrl+Shift+A", {PressKey('A', kCtrl | kShift)}, IDOK, "CS65"},
-        {"an extended key", {PressKey(VK_DELETE, 0, true)}, IDOK, "x46"},
-        {"Ctrl and Alt alone, then Cancel",
-         {PressKey(VK_CONTROL, kCtrl), PressKey(VK_MENU, kAlt), ReleaseKeys(), ClickOn(IDCANCEL)},
-         IDCANCEL,
-         "-"},
-    };
-    for (const auto& row : rows) {
+    const auto capture = [](std::vector<Step> steps) {
         CCaptureShortcutKeyDlg dialog;
-        DialogDriver driver(row.steps);
-        EXPECT_EQ(dialog.DoModal(), row.result) << row.label;
-        EXPECT_TRUE(driver.HasRun()) << row.label;
-        EXPECT_EQ(TextOf(dialog.GetShortcutKey()), row.key) << row.label;
+        DialogDriver driver(std::move(steps));
+        const INT_PTR result = dialog.DoModal();
+        EXPECT_TRUE(driver.HasRun());
         ReleaseKeys()(nullptr);
-    }
+        return (result == IDOK ? "" : "cancelled: ") + TextOf(dialog.GetShortcutKey());
+    };
+    ExpectCases<std::string>({
+        CASE(capture({PressKey(VK_RETURN)}), "13"), CASE(capture({PressKey(VK_ESCAPE)}), "27"),
+        CASE(capture({PressKey(VK_F10)}), "121"), CASE(capture({PressKey(VK_F4, kAlt)}), "A115"),
+        CASE(capture({PressKey('A', kCtrl | kShift)}), "CS65"),
+        CASE(capture({PressKey(VK_DELETE, 0, true)}), "x46"),
+        CASE(capture({PressKey(VK_CONTROL, kCtrl), PressKey(VK_MENU, kAlt), ReleaseKeys(),
+                      ClickOn(IDCANCEL)}),
+             "cancelled: -"), // modifiers alone are no key
+    });
 }
 
 // Counts how often a release of Alt would open its menu.
@@ -107,34 +105,25 @@ TEST(ShortcutDialogs, TheReleaseOfAltOpensNoMenu) {
         ::PostMessageW(KeyboardOf(box), WM_SYSKEYUP, VK_MENU, kReleased);
     };
     const CKeyboardMappingScheme scheme = FourCommands();
-    const struct {
-        const char* label;
-        std::vector<Step> steps;
-        bool isCapture;
-        bool isAltHeld; // when the dialog ends
-        int menus;
-    } rows[] = {
-        {"Alt and a key", Steps(PressKey(VK_MENU, kAlt), PressKey('S', kAlt)), true, true, 0},
-        {"a key alone, then Alt alone", {PressKey('S')}, true, false, 1},
-        {"Alt and a key in the field, then Alt alone",
-         Steps(PressKey(VK_MENU, kAlt), PressKey('S', kAlt), releaseAlt, PressKey(VK_RETURN)),
-         false, false, 1},
-        {"Alt alone in the field, then Alt alone",
-         Steps(PressKey(VK_MENU, kAlt), releaseAlt, PressKey(VK_ESCAPE)), false, false, 1},
-    };
-    for (const auto& row : rows) {
+    const auto menusAfter = [&](bool isCapture, bool isAltHeld, std::vector<Step> steps) {
         OwnerWindow owner;
         CCaptureShortcutKeyDlg capture(&owner);
         CAssignShortcutDlg assign(scheme, 4, &owner);
-        CDialog& dialog = row.isCapture ? static_cast<CDialog&>(capture) : assign;
-        DialogDriver driver(row.steps);
-        EXPECT_NE(dialog.DoModal(), -99) << row.label;
-        if (!row.isAltHeld)
+        DialogDriver driver(std::move(steps));
+        EXPECT_NE((isCapture ? static_cast<CDialog&>(capture) : assign).DoModal(), -99);
+        if (!isAltHeld)
             owner.SendMessage(WM_SYSKEYDOWN, VK_MENU, 1 | 1 << 29);
         ReleaseKeys()(nullptr);
         owner.SendMessage(WM_SYSKEYUP, VK_MENU, kReleased);
-        EXPECT_EQ(owner.m_menus, row.menus) << row.label;
-    }
+        return owner.m_menus;
+    };
+    const Step alt = PressKey(VK_MENU, kAlt), altS = PressKey('S', kAlt);
+    ExpectCases<int>({
+        CASE(menusAfter(true, true, {alt, altS}), 0),
+        CASE(menusAfter(true, false, {PressKey('S')}), 1),
+        CASE(menusAfter(false, false, {alt, altS, releaseAlt, PressKey(VK_RETURN)}), 1),
+        CASE(menusAfter(false, false, {alt, releaseAlt, PressKey(VK_ESCAPE)}), 1),
+    });
 }
 
 TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
@@ -146,49 +135,38 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
     const CKeyboardMappingScheme before = scheme;
     std::string seen;
     const Step look = [&seen](HWND box) {
-        seen += TextOf(::GetDlgItem(box, QUORVEL_ASSIGN_KEY)).ToUTF8() + "|" +
+        seen += "; " + TextOf(::GetDlgItem(box, QUORVEL_ASSIGN_KEY)).ToUTF8() + "|" +
                 TextOf(::GetDlgItem(box, QUORVEL_ASSIGN_REPORT)).ToUTF8() + "|" +
-                (::IsWindowEnabled(::GetDlgItem(box, IDOK)) ? "ok;" : "no;");
+                (::IsWindowEnabled(::GetDlgItem(box, IDOK)) ? "ok" : "no");
     };
-    const Step release = ReleaseKeys(), enter = PressKey(VK_RETURN), tab = PressKey(VK_TAB);
-    const struct {
-        const char* label;
-        unsigned int command;
-        bool isGerman;
-        std::vector<Step> steps;
-        INT_PTR result;
-        const char* key;
-        const char* seen;
-    } rows[] = {
-        {"a free key", 4, false, Steps(look, PressKey('N', kCtrl), release, look, enter), IDOK,
-         "C78", "||no;Ctrl+N|Ctrl+N is free.|ok;"},
-        {"a held key, in German", 4, true, Steps(PressKey('S', kCtrl), release, look, enter), IDOK,
-         "C83",
-         "Ctrl+S|Ctrl+S geh\xc3\xb6rt derzeit zum Befehl save, der die Taste dann verliert.|ok;"},
-        {"the last key counts", 4, false,
-         Steps(PressKey('Q', kCtrl), PressKey(VK_F6, kShift), release, enter), IDOK, "S117", ""},
-        {"Escape cancels", 4, false, Steps(PressKey('Q', kCtrl), release, PressKey(VK_ESCAPE)),
-         IDCANCEL, "C81", ""},
-        {"Tab reaches Clear", 2, false,
-         Steps(look, tab, tab, tab, PressKey(VK_SPACE),
-               [](HWND box) { ::PostMessageW(KeyboardOf(box), WM_KEYUP, VK_SPACE, 0xc0000001); }),
-         IDOK, "-", "Ctrl+S|Ctrl+S is free.|ok;"},
-        {"F4 with Ctrl and Alt closes nothing", 4, false,
-         Steps(PressKey(VK_F4, kCtrl | kAlt), release, enter), IDOK, "CA115", ""},
-    };
-    for (const auto& row : rows) {
-        std::optional<GermanTexts> german;
-        if (row.isGerman)
-            german.emplace();
+    const auto assign = [&](unsigned int command, std::vector<Step> steps) {
         seen.clear();
-        CAssignShortcutDlg dialog(scheme, row.command);
-        DialogDriver driver(row.steps);
-        EXPECT_EQ(dialog.DoModal(), row.result) << row.label;
-        EXPECT_TRUE(driver.HasRun()) << row.label;
-        EXPECT_EQ(TextOf(dialog.GetShortcutKey()), row.key) << row.label;
-        EXPECT_EQ(seen, row.seen) << row.label;
+        CAssignShortcutDlg dialog(scheme, command);
+        DialogDriver driver(std::move(steps));
+        const INT_PTR result = dialog.DoModal();
+        EXPECT_TRUE(driver.HasRun());
         ReleaseKeys()(nullptr);
-    }
+        return (result == IDOK ? "" : "cancelled: ") + TextOf(dialog.GetShortcutKey()) + seen;
+    };
+    const Step release = ReleaseKeys(), enter = PressKey(VK_RETURN), tab = PressKey(VK_TAB),
+               ctrlQ = PressKey('Q', kCtrl), ctrlS = PressKey('S', kCtrl);
+    const Step releaseSpace = [](HWND box) {
+        ::PostMessageW(KeyboardOf(box), WM_KEYUP, VK_SPACE, 0xc0000001);
+    };
+    ExpectCases<std::string>({
+        CASE(assign(4, {look, PressKey('N', kCtrl), release, look, enter}),
+             "C78; ||no; Ctrl+N|Ctrl+N is free.|ok"),
+        CASE(assign(4, {ctrlQ, PressKey(VK_F6, kShift), release, enter}), "S117"),
+        CASE(assign(4, {ctrlQ, release, PressKey(VK_ESCAPE)}), "cancelled: C81"),
+        CASE(assign(4, {PressKey(VK_F4, kCtrl | kAlt), release, enter}), "CA115"),
+        // Tab reaches the button that clears.
+        CASE(assign(2, {look, tab, tab, tab, PressKey(VK_SPACE), releaseSpace}),
+             "-; Ctrl+S|Ctrl+S is free.|ok"),
+    });
+    const GermanTexts german;
+    EXPECT_EQ(assign(4, {ctrlS, release, look, enter}),
+              "C83; Ctrl+S|Ctrl+S geh\xc3\xb6rt derzeit zum Befehl save, der die Taste dann "
+              "verliert.|ok");
     EXPECT_EQ(scheme, before);
 }
 
@@ -199,9 +177,7 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
     std::optional<List> list;
     const auto begin = [&]() -> List& {
         list.emplace();
-        EXPECT_TRUE(list->Create(WS_VISIBLE, kListPlace, &parent, 5));
-        EXPECT_EQ(list->AddKeyboardMappingScheme(&scheme), 0);
-        EXPECT_TRUE(list->LoadKeyboardMappingScheme(0));
+        Show(*list, parent, scheme);
         return *list;
     };
     const auto after = [&](int result) {
@@ -259,9 +235,7 @@ TEST(KeyboardShortcutListCtrl, EditsTheRowsThatAreShownInAnyOrder) {
     scheme.AddKeyboardShortcut({5, _T("Go"), Key('G', kCtrl)});
     ListParent parent;
     ListByLength list;
-    ASSERT_TRUE(list.Create(WS_VISIBLE, kListPlace, &parent, 5));
-    list.AddKeyboardMappingScheme(&scheme);
-    list.LoadKeyboardMappingScheme(0);
+    Show(list, parent, scheme);
     list.SortItemsByColumn(0);
     EXPECT_EQ(TextsOf(list), "Go=Ctrl+G Open=Ctrl+O save=Ctrl+S Close= Refresh=F5");
     EXPECT_EQ(list.FindShortcutKey(Key(VK_F5)), 4);
@@ -309,60 +283,50 @@ TEST(KeyboardShortcutListCtrl, InvalidatesNoOtherWindow) {
 
 TEST(KeyboardShortcutListCtrl, MayBeDestroyedByItsNotifications) {
     const CKeyboardMappingScheme scheme = FourCommands();
-    const struct {
-        const char* label;
-        std::function<int(List&)> act;
-        int result;
-    } rows[] = {
-        {"set", [](List& l) { return l.SetShortcutKey(3, Key('A', kCtrl)); }, TRUE},
-        {"clear", [](List& l) { return l.ClearSelectedShortcutKeys(), 0; }, 0},
-        {"filter", [](List& l) { return l.Filter(_T("ctrl+s")); }, TRUE},
-        {"a new layout",
-         [](List& l) {
-             l.SetShortcutKey(0, Key('Z', kCtrl));
-             l.SendMessage(WM_INPUTLANGCHANGE);
-             return 0;
-         },
-         0},
-        {"find",
-         [](List& l) {
-             DialogDriver driver({PressKey(VK_F5)});
-             return l.FindByPressingKey();
-         },
-         2},
-        {"find, destroyed before the key",
-         [](List& l) {
-             DialogDriver driver({[&l](HWND) { l.UnselectAllItems(); }, PressKey(VK_F5)});
-             return l.FindByPressingKey();
-         },
-         -1},
-    };
     ListParent parent;
-    for (const auto& row : rows) {
-        List* list = new List;
-        ASSERT_TRUE(list->Create(WS_VISIBLE, kListPlace, &parent, 5));
-        list->AddKeyboardMappingScheme(&scheme);
-        list->LoadKeyboardMappingScheme(0);
+    List* list = nullptr;
+    const auto begin = [&]() -> List& {
+        list = new List;
+        Show(*list, parent, scheme);
         list->SortItemsByColumn(List::COLUMN_SHORTCUT_KEY);
         list->SelectItem(0);
         parent.m_onNotify = [&](const NMHDR& header) {
             if (header.code == UINT{LVN_ITEMCHANGED} && list != nullptr)
                 delete std::exchange(list, nullptr);
         };
-        EXPECT_EQ(row.act(*list), row.result) << row.label;
-        EXPECT_EQ(list, nullptr) << row.label;
+        return *list;
+    };
+    const auto after = [&](int result) {
+        EXPECT_EQ(list, nullptr);
         parent.m_onNotify = nullptr;
-        delete list;
-    }
+        delete std::exchange(list, nullptr);
+        return result;
+    };
+    const auto find = [&](List& in, std::vector<Step> steps) {
+        DialogDriver driver(std::move(steps));
+        return in.FindByPressingKey();
+    };
+    const auto changeLayout = [](List& in) { // the first row is then the last one
+        in.GetKeyboardShortcutVirtualListCtrlItem(0)->GetKeyboardShortcut().SetShortcutKey(
+            Key('Z', kCtrl));
+        return static_cast<int>(in.SendMessage(WM_INPUTLANGCHANGE));
+    };
+    const Step destroy = [&](HWND) { list->UnselectAllItems(); };
+    ExpectCases<int>({
+        CASE(after(begin().SetShortcutKey(3, Key('A', kCtrl))), TRUE),
+        CASE((begin().ClearSelectedShortcutKeys(), after(0)), 0),
+        CASE(after(begin().Filter(_T("ctrl+s"))), TRUE),
+        CASE(after(changeLayout(begin())), 0),
+        CASE(after(find(begin(), {PressKey(VK_F5)})), 2),
+        CASE(after(find(begin(), {destroy, PressKey(VK_F5)})), -1),
+    });
 }
 
 TEST(KeyboardShortcutListCtrl, GivesItsRowsBack) {
     const CKeyboardMappingScheme scheme = FourCommands();
     ListParent parent;
     List list;
-    ASSERT_TRUE(list.Create(WS_VISIBLE, kListPlace, &parent, 5));
-    list.AddKeyboardMappingScheme(&scheme);
-    list.LoadKeyboardMappingScheme(0);
+    Show(list, parent, scheme);
     list.SetShortcutKey(3, Key('S', kCtrl));
     List::SchemeRows rows;
     EXPECT_FALSE(list.GetKeyboardMappingScheme(1, rows));
@@ -378,7 +342,7 @@ TEST(KeyboardShortcutListCtrl, GivesItsRowsBack) {
     EXPECT_EQ(list.GetFilteredItem(0), rows.second[3].get());
 }
 
-TEST(MenuShortcuts, FollowTheScheme) {
+TEST(MenuShortcuts, FollowTheSchemeAndExtendIt) {
     CKeyboardMappingScheme scheme = FourCommands();
     CMenu menu;
     CMenu below;
@@ -387,7 +351,7 @@ TEST(MenuShortcuts, FollowTheScheme) {
     below.AppendMenu(MF_STRING, 1, _T("&Open...\tF12"));
     below.AppendMenu(MF_SEPARATOR);
     below.AppendMenu(MF_STRING | MF_GRAYED, 3, _T("Refresh"));
-    below.AppendMenu(MF_STRING, 99, _T("Other\tF9"));
+    below.AppendMenu(MF_STRING, 99, _T("&Print && fold...\tF9"));
     menu.AppendMenu(MF_STRING, 4, _T("&Close\tF8"));
     menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(below.Detach()), _T("&File"));
     const auto text = [&menu](UINT id) {
@@ -395,9 +359,16 @@ TEST(MenuShortcuts, FollowTheScheme) {
         menu.GetMenuString(id, item, MF_BYCOMMAND);
         return item;
     };
+    CKeyboardMappingScheme extended = scheme; // by the commands that it has not
+    EXPECT_EQ(AfxAddMenuCommands(menu, extended), 1);
+    EXPECT_EQ(TextOf(extended),
+              "1 Open C79; 2 save C83; 3 Refresh 116; 4 Close -; 99 Print & fold... -");
+    EXPECT_EQ(AfxAddMenuCommands(menu, extended) + AfxAddMenuCommands(CMenu(), scheme), 0);
+
     EXPECT_EQ(AfxUpdateMenuShortcuts(menu, scheme), 3);
     ExpectCases<CString>({CASE(text(1), _T("&Open...\tCtrl+O")), CASE(text(3), _T("Refresh\tF5")),
-                          CASE(text(99), _T("Other\tF9")), CASE(text(4), _T("&Close"))});
+                          CASE(text(99), _T("&Print && fold...\tF9")),
+                          CASE(text(4), _T("&Close"))});
     EXPECT_EQ(AfxUpdateMenuShortcuts(menu, scheme), 0);
     scheme.SetShortcutKey(4, Key('O', kCtrl));
     EXPECT_EQ(AfxUpdateMenuShortcuts(menu, scheme), 2);
@@ -408,28 +379,9 @@ TEST(MenuShortcuts, FollowTheScheme) {
     table.SetKeyboardShortcuts(
         {{99, Key(VK_F4)}, {4, CShortcutKey()}, {4, Key(VK_F7)}, {1, Key('O', kCtrl)}});
     EXPECT_EQ(AfxUpdateMenuShortcuts(menu, table), 3);
-    ExpectCases<CString>({CASE(text(1), _T("&Open...\tCtrl+O")), CASE(text(99), _T("Other\tF4")),
+    ExpectCases<CString>({CASE(text(1), _T("&Open...\tCtrl+O")),
+                          CASE(text(99), _T("&Print && fold...\tF4")),
                           CASE(text(4), _T("&Close\tF7"))});
-    CMenu none;
-    EXPECT_EQ(AfxUpdateMenuShortcuts(none, scheme), 0);
-}
-
-TEST(MenuShortcuts, BeginASchemeWithTheCommandsOfAMenu) {
-    CMenu menu;
-    CMenu below;
-    menu.CreateMenu();
-    below.CreatePopupMenu();
-    below.AppendMenu(MF_STRING, 11, _T("&Print && fold...\tCtrl+P"));
-    below.AppendMenu(MF_SEPARATOR);
-    below.AppendMenu(MF_STRING, 3, _T("Another name"));
-    menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(below.Detach()), _T("&File"));
-    menu.AppendMenu(MF_STRING | MF_GRAYED, 10, _T("E&xit"));
-    CKeyboardMappingScheme scheme = FourCommands();
-    EXPECT_EQ(AfxAddMenuCommands(menu, scheme), 2);
-    EXPECT_EQ(TextOf(scheme), "1 Open C79; 2 save C83; 3 Refresh 116; 4 Close -; 10 Exit -; "
-                              "11 Print & fold... -");
-    EXPECT_EQ(AfxAddMenuCommands(menu, scheme), 0);
-    EXPECT_EQ(AfxAddMenuCommands(CMenu(), scheme), 0);
 }
 
 TEST(KeyboardShortcutsPage, EditsTheScheme) {
@@ -444,38 +396,29 @@ TEST(KeyboardShortcutsPage, EditsTheScheme) {
         ::SetFocus(::GetDlgItem(::GetWindow(sheet, GW_CHILD), list));
     };
     const char kAsBefore[] = "1 Open C79; 2 save C83; 3 Refresh 116; 4 Close -";
-    const struct {
-        const char* label;
-        std::vector<Step> steps;
-        int button;
-        const char* scheme;
-    } rows[] = {
-        {"assigned under a filter",
-         Steps(filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
-               PressKey(VK_RETURN)),
-         IDOK, "1 Open -; 2 save C83; 3 Refresh 116; 4 Close C79"},
-        {"not assigned",
-         Steps(filter(_T("close")), press(assign), PressKey('O', kCtrl), ReleaseKeys(),
-               ClickOn(IDCANCEL)),
-         IDOK, kAsBefore},
-        {"cleared, reset and cleared by a key",
-         Steps(press(clear), press(reset), filter(_T("save")), toList, PressKey(VK_DELETE)), IDOK,
-         "1 Open C79; 2 save -; 3 Refresh 116; 4 Close -"},
-        {"all reset", Steps(press(clear), filter(_T("save")), press(clear), press(resetAll)), IDOK,
-         kAsBefore},
-        {"nothing matches", Steps(filter(_T("xyz")), press(assign), press(clear)), IDOK, kAsBefore},
-        {"cancelled", Steps(press(clear)), IDCANCEL, kAsBefore},
-    };
-    for (const auto& row : rows) {
+    const auto edit = [&](std::vector<Step> steps) {
         CKeyboardMappingScheme scheme = FourCommands();
         CKeyboardShortcutsPage page(100, {list, field, assign, clear, reset, resetAll}, scheme);
         CVaskPropertySheet sheet(_T("Options"));
         sheet.AddPage(&page);
-        std::vector<Step> steps = row.steps;
-        steps.push_back(ClickOn(row.button));
-        DialogDriver driver(steps);
+        DialogDriver driver(std::move(steps));
         sheet.DoModal();
-        EXPECT_TRUE(driver.HasRun()) << row.label;
-        EXPECT_EQ(TextOf(scheme), row.scheme) << row.label;
-    }
+        EXPECT_TRUE(driver.HasRun());
+        return TextOf(scheme);
+    };
+    const Step ok = ClickOn(IDOK), cancel = ClickOn(IDCANCEL), ctrlO = PressKey('O', kCtrl);
+    ExpectCases<std::string>({
+        CASE(edit({filter(_T("close")), press(assign), ctrlO, ReleaseKeys(), PressKey(VK_RETURN),
+                   ok}),
+             "1 Open -; 2 save C83; 3 Refresh 116; 4 Close C79"),
+        CASE(edit({filter(_T("close")), press(assign), ctrlO, ReleaseKeys(), cancel, ok}),
+             kAsBefore),
+        CASE(
+            edit({press(clear), press(reset), filter(_T("save")), toList, PressKey(VK_DELETE), ok}),
+            "1 Open C79; 2 save -; 3 Refresh 116; 4 Close -"),
+        CASE(edit({press(clear), filter(_T("save")), press(clear), press(resetAll), ok}),
+             kAsBefore),
+        CASE(edit({filter(_T("xyz")), press(assign), press(clear), ok}), kAsBefore),
+        CASE(edit({press(clear), cancel}), kAsBefore),
+    });
 }
