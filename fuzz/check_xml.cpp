@@ -5,35 +5,22 @@
 #include "fuzz_input.h"
 #include "support/temporary_folder.h"
 
-namespace {
-
-void CheckFault(BOOL wellFormed, const CXMLFault& fault) {
+static void CheckFault(BOOL wellFormed, const CXMLFault& fault, std::size_t length) {
     Require(wellFormed == fault.strMessage.IsEmpty());
-    if (fault.nLine == 0)
-        return;
-    Require(fault.nColumn >= 1 && fault.nOffset >= 0 && fault.nLine <= fault.nOffset + 1);
+    Require(fault.nOffset >= 0 && fault.nOffset <= static_cast<int>(length));
+    Require(fault.nLine == 0 || (fault.nColumn >= 1 && fault.nLine <= fault.nOffset + 1));
     Require(fault.strSnippet.GetLength() <= 80);
     Require(fault.nCaret >= 0 && fault.nCaret <= fault.strSnippet.GetLength());
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(input) {
     static const TemporaryFolder s_folder;
-    if (size > 1 << 16)
-        return 0;
     CXMLFault fault;
-    const std::vector<WCHAR> text = FuzzInput(data, size).Units();
+    const std::vector<WCHAR> text = input.Units();
     const std::size_t length = text.size() - 1;
-    const BOOL wellFormed = AfxCheckXML(text.data(), static_cast<int>(length), fault);
-    CheckFault(wellFormed, fault);
-    Require(fault.nOffset <= static_cast<int>(length));
-    CheckFault(AfxCheckXML(text.data(), static_cast<int>(length), fault,
-                           CHECK_XML_FIFTH_EDITION | CHECK_XML_VERSION_1_1),
-               fault);
-    Require(fault.nOffset <= static_cast<int>(length));
-
-    s_folder.Write(_T("file.xml"), FuzzInput(data, size).Bytes());
-    CheckFault(AfxCheckXMLFile(s_folder.Path(_T("file.xml")), fault), fault);
-    return 0;
+    for (const DWORD options : {DWORD{0}, DWORD{CHECK_XML_FIFTH_EDITION | CHECK_XML_VERSION_1_1}})
+        CheckFault(AfxCheckXML(text.data(), static_cast<int>(length), fault, options), fault,
+                   length);
+    s_folder.Write(_T("file.xml"), input.Bytes());
+    CheckFault(AfxCheckXMLFile(s_folder.Path(_T("file.xml")), fault), fault, INT_MAX);
 }

@@ -4,9 +4,6 @@
 
 #include "fuzz_input.h"
 
-#include <iterator>
-#include <vector>
-
 using namespace quorvel::win32;
 
 namespace {
@@ -37,26 +34,23 @@ constexpr UINT kCodePages[] = {65001, 65001, 65000, 1252,  932,   936,   949,   
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size < 2)
-        return 0;
-    const UINT codePage = kCodePages[data[0] % std::size(kCodePages)];
-    const DWORD decodingFlags = data[0] & 0x80 ? MB_ERR_INVALID_CHARS : 0;
-    const DWORD encodingFlags =
-        (data[0] & 0x40) == 0 ? 0
-                              : (codePage == CP_UTF8 ? WC_ERR_INVALID_CHARS : WC_NO_BEST_FIT_CHARS);
-    const std::vector<char> bytes(data + 1, data + size);
-
-    const std::vector<WCHAR> text = Decode(codePage, decodingFlags, bytes);
+FUZZ_TARGET(input) {
+    const unsigned first = input.Byte();
+    const UINT codePage = kCodePages[first % std::size(kCodePages)];
+    const bool isUtf8 = codePage == CP_UTF8;
+    const DWORD decoding = first & 0x80 ? MB_ERR_INVALID_CHARS : 0;
+    const DWORD strict = isUtf8 ? WC_ERR_INVALID_CHARS : WC_NO_BEST_FIT_CHARS;
+    const DWORD encoding = first & 0x40 ? strict : 0;
+    const std::string rest = input.Bytes();
+    const std::vector<char> bytes(rest.begin(), rest.end());
+    const std::vector<WCHAR> text = Decode(codePage, decoding, bytes);
     if (!text.empty()) {
-        const std::vector<char> again = Encode(codePage, encodingFlags, text);
-        if (codePage == CP_UTF8 && decodingFlags != 0)
-            Require(again == bytes);
+        const std::vector<char> again = Encode(codePage, encoding, text);
+        Require(!isUtf8 || decoding == 0 || again == bytes);
     }
-    std::vector<WCHAR> units = FuzzInput(data + 1, size - 1).Units();
+    std::vector<WCHAR> units = input.Units();
     units.pop_back();
-    const std::vector<char> encoded = Encode(codePage, encodingFlags, units);
-    if (codePage == CP_UTF8 && encodingFlags != 0 && !encoded.empty())
+    const std::vector<char> encoded = Encode(codePage, encoding, units);
+    if (isUtf8 && encoding != 0 && !encoded.empty())
         Require(Decode(codePage, MB_ERR_INVALID_CHARS, encoded) == units);
-    return 0;
 }

@@ -12,14 +12,19 @@ constexpr const WCHAR* kNames[] = {_T("Count"),          _T("Sort Column"),
                                    _T("Sort Ascending"), _T("Persist Sort Order"),
                                    _T("Width"),          _T("Sort Order")};
 
+HKEY NewKey(HKEY parent, const WCHAR* name) {
+    HKEY key = nullptr;
+    RegCreateKeyExW(parent, name, 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
+    return key;
+}
+
 void WriteValue(HKEY columns, FuzzInput& input) {
     const unsigned what = input.Byte();
     const WCHAR* const name = kNames[what % 6];
     CString group;
     if (what % 6 >= 4)
         group.Format(_T("Column %u"), what / 6 % 8);
-    HKEY key = nullptr;
-    RegCreateKeyExW(columns, group, 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
+    const HKEY key = NewKey(columns, group);
     const unsigned form = input.Byte();
     // Most stored numbers are small.
     const auto number =
@@ -55,19 +60,15 @@ void CheckOrder(SimulatedList& list) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzInput input(data, size);
+FUZZ_TARGET(input) {
+    const std::size_t size = input.Bytes().size();
     const TestKey test;
-    HKEY columns = nullptr;
-    RegCreateKeyExW(test.Get(), _T("Columns"), 0, nullptr, 0, KEY_WRITE, nullptr, &columns,
-                    nullptr);
+    const HKEY columns = NewKey(test.Get(), _T("Columns"));
     for (std::size_t count = std::min<std::size_t>(size / 3, 30); count > 0; --count)
         WriteValue(columns, input);
     RegCloseKey(columns);
 
-    SimulatedList list(5);
-    SimulatedList plain;
-    SimulatedList again(5);
+    SimulatedList list(5), again(5), plain;
     Define(list);
     Define(again);
     for (int i = 0; i < 4; ++i)
@@ -79,7 +80,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     Require(list.columns.SaveState(test.Get(), FALSE));
     Require(again.columns.LoadState(test.Get(), FALSE));
-    Require(again.Text() == list.Text());
-    Require(again.columns.GetSortColumn() == list.columns.GetSortColumn());
-    return 0;
+    Require(again.Text() == list.Text() &&
+            again.columns.GetSortColumn() == list.columns.GetSortColumn());
 }

@@ -3,34 +3,17 @@
 
 #include "fuzz_input.h"
 
-namespace {
-
-void CheckDate(const WCHAR* text, int order) {
+FUZZ_TARGET(input) {
+    const int order = input.Byte() % 3;
+    const WideText text = Widened(input.Rest());
     const COleDateTime marker(1234.5);
-    COleDateTime date = marker;
-    if (!AfxStringToDate(text, date, order)) {
-        Require(date == marker);
-        return;
-    }
-    const CString written = date.Format(_T("%Y-%m-%dT%H:%M:%S"));
-    COleDateTime readBack = marker;
-    Require(AfxStringToDate(written, readBack, order) && readBack == date);
-}
-
-void CheckWord(const WCHAR* word) {
-    const int month = AfxStringToMonth(word);
+    COleDateTime date = marker, readBack = marker;
+    if (AfxStringToDate(text.c_str(), date, order))
+        Require(AfxStringToDate(date.Format(_T("%Y-%m-%dT%H:%M:%S")), readBack, order));
+    Require(readBack == date);
+    const int month = AfxStringToMonth(text.c_str());
     Require(month >= 0 && month <= 12);
     int bias = 10000;
-    Require(AfxStringToUTCTimeZoneBias(word, bias) ? bias > -6000 && bias < 6000 : bias == 10000);
-}
-
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size == 0 || size > 4096)
-        return 0;
-    const WideText text = Widened(FuzzInput(data + 1, size - 1).Rest());
-    CheckDate(text.c_str(), data[0] % 3);
-    CheckWord(text.c_str());
-    return 0;
+    Require(AfxStringToUTCTimeZoneBias(text.c_str(), bias) ? bias > -6000 && bias < 6000
+                                                           : bias == 10000);
 }

@@ -5,18 +5,14 @@
 
 #include "fuzz_input.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzInput input(data, size);
+FUZZ_TARGET(input) {
     const BOOL spaceAsPlus = input.Byte() & 1;
     const std::string text = input.Rest();
-
     CStringA escaped;
     const BOOL isWhole = AfxUTF8EscapeUnsafeURLCharacters(text.c_str(), escaped, spaceAsPlus);
     Require(escaped.GetLength() <= 2083 && (isWhole || escaped.GetLength() > 2080));
-
     const WideText wide(text.begin(), text.end());
     CString pattern;
     Require(AfxEscapeRegularExpressionMetacharacters(wide.c_str(), pattern));
     Require(AfxValidateText(wide.c_str(), pattern, TRUE));
-    return 0;
 }

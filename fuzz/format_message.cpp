@@ -5,10 +5,8 @@
 
 #include "fuzz_input.h"
 
-namespace {
-
 // At most 48 arguments.
-std::string MakeSource(FuzzInput& input) {
+static std::string MakeSource(FuzzInput& input) {
     static const char* const flags[] = {"", "0", "-", "+", "#", " ", "-+", "#0"};
     static const char* const widths[] = {"", "*", "7", ".*", "*.*", "*.4", "5.*", ".3"};
     static const char* const types[] = {"d", "u", "x", "X", "o", "c", "hd", "i"};
@@ -23,32 +21,27 @@ std::string MakeSource(FuzzInput& input) {
     return source;
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(input) {
     // Text in either width. It is writable, because a format may ask for %n and the system obey.
     alignas(16) static char text[64];
     std::memcpy(text, "text\0x\0t\0\0\0\0\0", 14);
-
-    FuzzInput input(data, size);
     const int choice = input.Byte();
     ULONG_PTR arguments[200]; // 99 numbers, and two for each star
     for (ULONG_PTR& argument : arguments)
         argument = choice & 1 ? static_cast<ULONG_PTR>(&argument - arguments) % 23
                               : reinterpret_cast<ULONG_PTR>(text);
-    DWORD flags = FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ARGUMENT_ARRAY;
-    flags |= choice & 4 ? FORMAT_MESSAGE_IGNORE_INSERTS : 0;
-    flags |= choice & 8 ? FORMAT_MESSAGE_MAX_WIDTH_MASK : 0;
+    const DWORD flags = FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ARGUMENT_ARRAY |
+                        FORMAT_MESSAGE_ALLOCATE_BUFFER |
+                        (choice & 4 ? FORMAT_MESSAGE_IGNORE_INSERTS : 0) |
+                        (choice & 8 ? FORMAT_MESSAGE_MAX_WIDTH_MASK : 0);
     const WideText source =
         Widened(choice & 1 ? MakeSource(input) : WithoutWideForms(input.Rest(), 4));
-
     constexpr DWORD untouched = 0xdead;
     SetLastError(untouched);
     WCHAR* result = nullptr; // a terminated text, or an error
     const DWORD length =
-        FormatMessageW(flags | FORMAT_MESSAGE_ALLOCATE_BUFFER, source.c_str(), 0, 0,
-                       reinterpret_cast<WCHAR*>(&result), 0, reinterpret_cast<va_list*>(arguments));
+        FormatMessageW(flags, source.c_str(), 0, 0, reinterpret_cast<WCHAR*>(&result), 0,
+                       reinterpret_cast<va_list*>(arguments));
     Require(length != 0 ? result[length] == 0 : result == nullptr && GetLastError() != untouched);
     LocalFree(result);
-    return 0;
 }

@@ -44,7 +44,6 @@ public:
     FuzzInput(const std::uint8_t* data, std::size_t size) : m_data(data), m_end(data + size) {}
 
     std::uint8_t Byte() { return m_data != m_end ? *m_data++ : std::uint8_t{0}; }
-
     template <class Number>
     Number Value() {
         Number number;
@@ -55,10 +54,11 @@ public:
         return number;
     }
 
-    // All remaining bytes; and those up to a zero.
+    // All remaining bytes, and those up to a zero.
     std::string Bytes() const { return std::string(m_data, m_end); }
     std::string Rest() const { return std::string(Bytes().c_str()); }
-
+    // All remaining bytes on the heap, so that a sanitizer finds overruns.
+    std::vector<BYTE> Block() const { return std::vector<BYTE>(m_data, m_end); }
     // The same as UTF-16, with one additional unit, which is 0.
     std::vector<WCHAR> Units() const {
         std::vector<WCHAR> units(static_cast<std::size_t>(m_end - m_data) / sizeof(WCHAR) + 1);
@@ -71,3 +71,12 @@ private:
     const std::uint8_t* m_data;
     const std::uint8_t* m_end;
 };
+
+// The head of a target's function.
+#define FUZZ_TARGET(input)                                                                         \
+    static void Fuzz(FuzzInput input);                                                             \
+    extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {            \
+        Fuzz({data, size});                                                                        \
+        return 0;                                                                                  \
+    }                                                                                              \
+    static void Fuzz(FuzzInput input)

@@ -5,40 +5,29 @@
 
 #include "fuzz_input.h"
 
-namespace {
-
-bool Opens(const WideText& link) {
+static bool Opens(const WideText& link) {
     return quorvel::IsHarmlessLink(link.c_str());
 }
 
-WideText Lower(WideText text) {
-    for (WCHAR& unit : text)
-        if (unit >= 'A' && unit <= 'Z')
-            unit = static_cast<WCHAR>(unit + ('a' - 'A'));
-    return text;
-}
-
 // Endings that make a document's path a program, for any part that a reader may take.
-constexpr const WCHAR* kEndsOfPrograms[] = {
+static constexpr const WCHAR* kEndsOfPrograms[] = {
     _T(".exe"), _T("%2eexe"), _T(".lnk"),    _T(":x.exe"),        _T("?.exe"),
     _T("#.js"), _T("/.bat"),  _T("%00.txt"), _T("\\..\\cmd.exe"), _T(". ")};
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size > 1 << 14)
-        return 0;
-    WideText link = Widened(std::string(data, data + size));
-    link.resize(std::min(link.size(), link.find(WCHAR{0})));
-    const WideText lower = Lower(link);
+FUZZ_TARGET(input) {
+    const WideText link = Widened(input.Rest());
+    WideText lower = link;
+    for (WCHAR& unit : lower)
+        if (unit >= 'A' && unit <= 'Z')
+            unit = static_cast<WCHAR>(unit + ('a' - 'A'));
     Require(Opens(link) == Opens(lower));
     if (!Opens(link))
-        return 0;
+        return;
     Require(AfxIsValidURL(link.c_str()));
     Require(lower.find(_T("script:")) != 0);
     if (!lower.starts_with(_T("file:"))) {
         Require(link.find('"') == link.npos && !Opens(link + _T("\"")));
-        return 0;
+        return;
     }
     for (const WCHAR* end : kEndsOfPrograms)
         Require(!Opens(link + end));
@@ -46,5 +35,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const WCHAR* begin :
          {_T("file://server"), _T("file:////server/"), _T("file://\\\\server\\"), _T("")})
         Require(!Opens(begin + path));
-    return 0;
 }

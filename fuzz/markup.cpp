@@ -3,9 +3,8 @@
 #include "fuzz_input.h"
 #include "xml/markup_probe.h"
 
-namespace {
-
-void CheckIndex(const MarkupProbe& markup) {
+static void Check(MarkupProbe& markup, bool parsed) {
+    Require(parsed == markup.IsWellFormed());
     const int length = markup.GetDocConstRef().GetLength();
     int previous = -1;
     for (const auto& [open, close, endOpen, endClose, depth] : markup.Tree()) {
@@ -14,11 +13,8 @@ void CheckIndex(const MarkupProbe& markup) {
         Require(close == endOpen + 1 ? close == endClose : close < endOpen && endOpen < endClose);
         previous = open;
     }
-}
-
-void ReadEverything(MarkupProbe& markup) {
-    for (;;) {
-        if (markup.FindElem()) {
+    do
+        while (markup.FindElem()) {
             markup.GetTagName();
             markup.GetData();
             markup.GetAttrib(_T("a"));
@@ -26,30 +22,16 @@ void ReadEverything(MarkupProbe& markup) {
             markup.FindChildElem(_T("b"));
             markup.ResetChildPos();
             markup.IntoElem();
-            continue;
         }
-        if (!markup.OutOfElem())
-            return;
-    }
+    while (markup.OutOfElem());
 }
 
-void Check(MarkupProbe& markup, bool parsed) {
-    Require(parsed == markup.IsWellFormed());
-    CheckIndex(markup);
-    ReadEverything(markup);
-}
-
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(input) {
     static constexpr unsigned kCodePages[] = {65001, 1252, 28591, 20127};
-    if (size < 1 || size > 1 << 20)
-        return 0;
     MarkupProbe markup;
-    const unsigned codePage = kCodePages[data[0] % std::size(kCodePages)];
-    Check(markup, markup.SetDoc(reinterpret_cast<const char*>(data + 1), static_cast<int>(size) - 1,
-                                codePage));
-    const std::vector<WCHAR> text = FuzzInput(data, size).Units();
+    const std::vector<WCHAR> text = input.Units();
+    const unsigned codePage = kCodePages[input.Byte() % std::size(kCodePages)];
+    const std::string bytes = input.Bytes();
+    Check(markup, markup.SetDoc(bytes.data(), static_cast<int>(bytes.size()), codePage));
     Check(markup, markup.SetDoc(text.data(), static_cast<int>(text.size()) - 1));
-    return 0;
 }

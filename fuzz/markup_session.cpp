@@ -2,10 +2,8 @@
 // another. Results, text, index and positions must agree.
 #include "xml/session_script.h"
 
-#include <cstdlib>
+#include "fuzz_input.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (*SessionScript::Run({data, size}) != 0)
-        std::abort();
-    return 0;
+FUZZ_TARGET(input) {
+    Require(*SessionScript::Run(input.Block()) == 0);
 }

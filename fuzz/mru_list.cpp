@@ -7,34 +7,28 @@
 
 using namespace quorvel::win32;
 
-namespace {
-
-std::vector<CString> TextsOf(CAutoCompleteMRUList& list) {
+static std::vector<CString> TextsOf(CAutoCompleteMRUList& list) {
     std::vector<CString> texts;
     list.Reset();
     WCHAR* text = nullptr;
     while (list.Next(1, &text, nullptr) == S_OK) {
         texts.push_back(text);
-        CoTaskMemFree(text);
-        text = nullptr;
+        CoTaskMemFree(std::exchange(text, nullptr));
     }
     Require(text == nullptr && texts.size() == list.GetElementCount());
     return texts;
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzInput input(data, size);
-    const TestKey test;
+FUZZ_TARGET(input) {
+    const TestKey test, other;
+    const std::size_t size = input.Bytes().size();
     CAutoCompleteMRUList list;
     list.SetSizeLimit(input.Byte());
     for (std::size_t count = std::min<std::size_t>(size / 2, 24); count > 0; --count) {
         const unsigned what = input.Byte();
-        const unsigned length = input.Byte();
-        std::string bytes;
-        for (unsigned i = 0; i < length; ++i)
-            bytes += static_cast<char>(input.Byte());
+        std::string bytes(input.Byte(), '\0');
+        for (char& byte : bytes)
+            byte = static_cast<char>(input.Byte());
         CString name;
         name.Format(_T("MRU %u"), what % 32);
         TestKey::Set(test.Get(), name, what < 224 ? REG_SZ : what % 12, bytes);
@@ -42,16 +36,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(list.LoadState(test.Get(), FALSE));
     Require(list.GetElementCount() <= list.GetSizeLimit());
     std::vector<CString> texts = TextsOf(list);
-
-    const TestKey other;
     CAutoCompleteMRUList again(list);
     Require(list.SaveState(other.Get(), FALSE));
     Require(again.LoadState(other.Get(), FALSE));
     std::erase_if(texts,
-                  [](const CString& text) { return !CAutoCompleteMRUList::IsValidElement(text); });
+                  [](const CString& each) { return !CAutoCompleteMRUList::IsValidElement(each); });
     Require(TextsOf(again) == texts);
-
     list.AddElement(_T("x"));
     Require(TextsOf(list)[0] == _T("x") && list.GetElementCount() <= list.GetSizeLimit());
-    return 0;
 }

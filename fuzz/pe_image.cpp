@@ -5,9 +5,6 @@
 
 #include "fuzz_input.h"
 
-#include <algorithm>
-#include <vector>
-
 using namespace quorvel;
 
 namespace {
@@ -21,14 +18,6 @@ void CheckInside(Bytes all, const void* start, std::size_t size) {
     Require(size == 0 || (first >= all.data() && first + size <= all.data() + all.size()));
 }
 
-void CheckStrings(Bytes section, const PeResources& resources) {
-    const PeStringTable strings(resources, {kLanguages, true});
-    DWORD error;
-    for (WORD id = 90; id < 130; ++id) // includes those of the samples
-        if (const auto found = strings.Find(id, error))
-            CheckInside(section, found->data(), found->size() * sizeof(WCHAR));
-}
-
 void CheckVersion(Bytes block) {
     for (const WCHAR* path :
          {_T(""), _T("\\VarFileInfo\\Translation"), _T("\\StringFileInfo\\040904b0\\CompanyName"),
@@ -39,9 +28,12 @@ void CheckVersion(Bytes block) {
 
 void CheckResources(Bytes section, const PeSection& where) {
     const PeResources resources(section, where);
-    CheckStrings(section, resources);
+    const PeStringTable strings(resources, {kLanguages, true});
     const ResourceName names[] = {{1}, {7}, {0, _T("Named")}, {0, _T("Kind")}, {10}, {16}};
     DWORD error;
+    for (WORD id = 90; id < 130; ++id) // includes those of the samples
+        if (const auto found = strings.Find(id, error))
+            CheckInside(section, found->data(), found->size() * sizeof(WCHAR));
     for (const ResourceName& type : names)
         for (const ResourceName& name : names)
             for (const bool orFirst : {false, true}) {
@@ -56,20 +48,19 @@ void CheckResources(Bytes section, const PeSection& where) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // On the heap, so that a sanitizer finds overruns.
-    const std::vector<BYTE> file(data, data + size);
+FUZZ_TARGET(input) {
+    const std::vector<BYTE> file = input.Block();
+    const std::size_t size = file.size();
     CheckVersion(file);
     CheckResources(file, {0, static_cast<DWORD>(size), 0x1000, 0});
 
     const auto head = ReadPeHead(Bytes(file).first(std::min(size, kPeHeadSize)));
     if (!head)
-        return 0;
+        return;
     // The existing part of the section: the reader must accept less than was announced.
     const std::size_t start = std::min<std::size_t>(head->resources.fileOffset, size);
     const std::size_t count = std::min<std::size_t>(head->resources.size, size - start);
     const std::vector<BYTE> section(file.begin() + static_cast<std::ptrdiff_t>(start),
                                     file.begin() + static_cast<std::ptrdiff_t>(start + count));
     CheckResources(section, head->resources);
-    return 0;
 }

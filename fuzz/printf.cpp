@@ -9,16 +9,8 @@
 #include <cstdarg>
 #include <cstdio>
 #include <utility>
-#include <vector>
 
 namespace {
-
-int Print(WCHAR* text, std::size_t size, const WCHAR* format, va_list arguments) {
-    return _vsnwprintf(text, size, format, arguments);
-}
-int Print(char* text, std::size_t size, const char* format, va_list arguments) {
-    return _vsnprintf(text, size, format, arguments);
-}
 
 // The printed text; empty when it is refused or too long to be useful. The measured and the printed
 // length must agree.
@@ -27,11 +19,17 @@ std::basic_string<Ch> Printed(const Ch* format, ...) {
     va_list arguments, again;
     va_start(arguments, format);
     va_copy(again, arguments);
-    const int length = Print(static_cast<Ch*>(nullptr), 0, format, arguments);
+    const auto print = [format](Ch* text, std::size_t size, va_list from) {
+        if constexpr (sizeof(Ch) == 1)
+            return _vsnprintf(text, size, format, from);
+        else
+            return _vsnwprintf(text, size, format, from);
+    };
+    const int length = print(nullptr, 0, arguments);
     std::vector<Ch> text; // the exact size: reveals overruns
     if (length > 0 && length < 100'000) {
         text.resize(static_cast<std::size_t>(length));
-        Require(Print(text.data(), text.size(), format, again) == length);
+        Require(print(text.data(), text.size(), again) == length);
     }
     va_end(again);
     va_end(arguments);
@@ -104,11 +102,9 @@ void PrintAnything(std::string format, std::index_sequence<indices...>) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzInput input(data, size);
+FUZZ_TARGET(input) {
     if (input.Byte() & 1)
         CheckConversion(input);
     else
         PrintAnything(WithoutWideForms(input.Rest(), 2), std::make_index_sequence<96>());
-    return 0;
 }

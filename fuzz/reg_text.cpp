@@ -3,16 +3,15 @@
 
 #include "fuzz_input.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(input) {
     std::vector<RegKey> keys;
     try {
-        keys = ParseRegText(DecodeRegFile(std::string(data, data + size)));
+        keys = ParseRegText(DecodeRegFile(input.Bytes()));
     } catch (const RegTextFault& fault) {
         Require(fault.line > 0);
-        return 0;
+        return;
     }
     const Wide written = FormatRegText(keys);
     Require(DecodeRegFile(EncodeRegFile(written)) == written);
     Require(ParseRegText(written) == keys);
-    return 0;
 }

@@ -17,8 +17,7 @@ void Enumerate(RegistryStore& store, const RegistryKey& key, int depth) {
     BYTE buffer[64];
     for (DWORD index = 0; index < 20; ++index) {
         RegistryValue value;
-        value.buffer = buffer;
-        value.capacity = sizeof buffer;
+        value.buffer = buffer, value.capacity = sizeof buffer;
         if (store.ValueAt(key, index, cursor, UINT_MAX, name, value) != ERROR_SUCCESS)
             break;
         store.Read(key, name, value);
@@ -46,16 +45,14 @@ DWORD Change(RegistryStore& store) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size > 256 * 1024)
-        return 0;
+FUZZ_TARGET(input) {
     const TemporaryFolder folder;
-    folder.Write(_T("r"), std::string(data, data + size));
+    folder.Write(_T("r"), input.Bytes());
     RegistryStore store{std::string(CStringA(folder.Path(_T("r"))))};
     Enumerate(store, kUser, 0);
     for (int call = 0; call < 20; ++call) {
         if (Change(store) != ERROR_REGISTRY_CORRUPT)
-            return 0; // the file works or is refused
+            return; // the file works or is refused
         Require(folder.Has(_T("r.damaged-1")));
     }
     std::abort(); // a new file is damaged again and again

@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 int main(int argc, char** argv) {
     int count = 0;
-    for (int i = 1; i < argc; ++i) {
+    for (int i = 1; i < argc; ++i)
         for (const auto& entry : std::filesystem::recursive_directory_iterator(argv[i])) {
             std::ifstream file(entry.path(), std::ios::binary);
             const std::vector<char> bytes((std::istreambuf_iterator<char>(file)), {});
@@ -18,7 +18,6 @@ int main(int argc, char** argv) {
                                    bytes.size());
             ++count;
         }
-    }
     std::printf("%d inputs replayed\n", count);
     return count > 0 ? 0 : 1; // an empty corpus would prove nothing
 }

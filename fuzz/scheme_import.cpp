@@ -5,19 +5,14 @@
 
 #include "fuzz_input.h"
 
-namespace {
-
-void LoadDefaults(CKeyboardMappingScheme& scheme) {
+static void LoadDefaults(CKeyboardMappingScheme& scheme) {
     for (unsigned short i = 0; i < 5; ++i)
         scheme.AddKeyboardShortcut(
             {i * 100u, CShortcutKey(static_cast<unsigned short>('A' + i), 2)});
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string bytes(data, data + size);
-    const CString text = CString::FromUTF8(bytes);
+FUZZ_TARGET(input) {
+    const CString text = CString::FromUTF8(input.Bytes());
     CKeyboardMappingScheme scheme(nullptr, LoadDefaults);
     scheme.LoadDefaultMappingScheme();
     scheme.SetShortcutKey(400, CShortcutKey('Q', 7));
@@ -25,8 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<CShortcutProblem> problems;
     if (!scheme.ImportFromXML(text, FALSE, &problems)) {
         Require(scheme == before && !problems.empty());
-        if (!scheme.ImportFromXML(text, TRUE, &problems))
-            Require(scheme == before);
+        Require(scheme.ImportFromXML(text, TRUE, &problems) || scheme == before);
     }
     CKeyboardMappingScheme copy(nullptr, LoadDefaults);
     copy.LoadDefaultMappingScheme();
@@ -39,9 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 scheme.FindShortcutKey(shortcut.GetShortcutKey()) == i); // one command for a key
     }
     CShortcutKey key;
-    if (AfxParseShortcutKeyText(text, key)) {
-        CShortcutKey again;
+    CShortcutKey again;
+    if (AfxParseShortcutKeyText(text, key))
         Require(AfxParseShortcutKeyText(AfxGetShortcutKeyText(key), again) && again == key);
-    }
-    return 0;
 }

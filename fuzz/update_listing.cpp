@@ -5,25 +5,22 @@
 #include "fuzz_input.h"
 #include "support/temporary_folder.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(input) {
     static const TemporaryFolder s_folder;
-    if (size > 1 << 16)
-        return 0;
     const COleDateTime marker(1234.5);
     CUpdateListing listing;
     listing.SetPublishedDate(marker);
-    s_folder.Write(_T("file.xml"), FuzzInput(data, size).Bytes());
+    s_folder.Write(_T("file.xml"), input.Bytes());
     CString errorText;
     UINT icon = 0;
     if (!listing.Load(s_folder.Path(_T("file.xml")), errorText, icon)) {
         Require(listing.GetItems().empty() && listing.GetPublishedDate() == marker);
         Require(!errorText.IsEmpty() && (icon == MB_ICONSTOP || icon == MB_ICONEXCLAMATION));
-        return 0;
+        return;
     }
     for (const CUpdateListingItem& item : listing.GetItems()) {
         Require(CUpdateListingItem::IsValidPriority(item.GetPriority()) && !item.IsNew());
         Require(item.GetDescription().Trim() == item.GetDescription());
         Require(item.GetDate().GetStatus() == COleDateTime::valid);
     }
-    return 0;
 }

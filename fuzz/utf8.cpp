@@ -4,52 +4,35 @@
 #include "fuzz_input.h"
 #include "platform/linux/text/utf8_kernels.h"
 
-#include <vector>
-
 using namespace quorvel;
 
 namespace {
 
-template <class Target>
-struct Result {
-    DWORD error;
-    std::vector<Target> text;
-    bool operator==(const Result&) const = default;
-};
-
 // The vectors have the exact sizes of room and text, so that the sanitizer finds overruns.
 template <class Source, class Target>
-class Conversion {
-public:
-    typedef DWORD (*Convert)(const Utf8Kernels*, std::span<const Source>, bool, Output<Target>&);
-
-    Conversion(Convert convert, bool strict, const std::vector<Source>& text)
-        : m_convert(convert), m_strict(strict), m_text(text) {}
-
-    Result<Target> Run(const Utf8Kernels* kernels, std::size_t room) const {
+void Check(DWORD (*convert)(const Utf8Kernels*, std::span<const Source>, bool, Output<Target>&),
+           const std::vector<Source>& source, bool strict, std::size_t missing) {
+    const auto run = [&](const Utf8Kernels* kernels, std::size_t room) {
         std::vector<Target> text(room);
         Target nowhere;
         Output<Target> output(room > 0 ? text.data() : &nowhere, room);
-        const DWORD error = m_convert(kernels, m_text, m_strict, output);
+        const DWORD error = convert(kernels, source, strict, output);
         text.resize(output.Count());
-        return {error, text};
-    }
-    void Check(const Utf8Kernels* kernels, std::size_t missing) const {
+        return std::pair(error, text);
+    };
+    for (const Utf8Kernels* kernels : {Ssse3Utf8(), Avx2Utf8()}) {
+        if (kernels == nullptr)
+            continue;
         Output<Target> counted(nullptr, 0);
-        const DWORD error = m_convert(kernels, m_text, m_strict, counted);
+        const DWORD error = convert(kernels, source, strict, counted);
         const std::size_t room = counted.Count() + 1; // a full buffer ends the conversion
-        const auto whole = Run(nullptr, room);
-        Require(whole.error == error && whole.text.size() == counted.Count());
+        const auto [wholeError, whole] = run(nullptr, room);
+        Require(wholeError == error && whole.size() == counted.Count());
         for (const std::size_t lacking : {std::size_t{0}, std::size_t{1}, missing})
-            Require(Run(kernels, room - std::min(room, lacking)) ==
-                    Run(nullptr, room - std::min(room, lacking)));
+            Require(run(kernels, room - std::min(room, lacking)) ==
+                    run(nullptr, room - std::min(room, lacking)));
     }
-
-private:
-    const Convert m_convert;
-    const bool m_strict;
-    const std::vector<Source>& m_text;
-};
+}
 
 // The text around the input: blocks of one kind, for which the kernels are made.
 constexpr std::u16string_view kSurroundings[] = {
@@ -67,8 +50,7 @@ std::vector<Unit> Surrounded(const std::vector<Unit>& text, const std::vector<Un
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzInput input(data, size);
+FUZZ_TARGET(input) {
     const std::uint8_t kind = input.Byte();
     const std::size_t missing = input.Byte();
     const auto surroundings = kSurroundings[kind / 2 % std::size(kSurroundings)];
@@ -76,18 +58,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<char> encoded(3 * unitsAround.size());
     ByteOutput output(encoded.data(), encoded.size());
     EncodeUtf8(nullptr, unitsAround, true, output);
-    const std::vector<BYTE> bytesAround(encoded.begin(),
-                                        encoded.begin() + static_cast<int>(output.Count()));
-
-    const std::string rest = input.Bytes();
-    const auto bytes = Surrounded(std::vector<BYTE>(rest.begin(), rest.end()), bytesAround);
-    const auto units = Surrounded(input.Units(), unitsAround);
-    for (const Utf8Kernels* kernels : {Ssse3Utf8(), Avx2Utf8()}) {
-        if (kernels == nullptr)
-            continue;
-        const bool strict = kind % 2 != 0;
-        Conversion<BYTE, WCHAR>(DecodeUtf8, strict, bytes).Check(kernels, missing);
-        Conversion<WCHAR, char>(EncodeUtf8, strict, units).Check(kernels, missing);
-    }
-    return 0;
+    encoded.resize(output.Count());
+    const std::vector<BYTE> bytesAround(encoded.begin(), encoded.end());
+    const bool strict = kind % 2 != 0;
+    Check<BYTE, WCHAR>(DecodeUtf8, Surrounded(input.Block(), bytesAround), strict, missing);
+    Check<WCHAR, char>(EncodeUtf8, Surrounded(input.Units(), unitsAround), strict, missing);
 }

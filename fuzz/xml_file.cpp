@@ -5,42 +5,33 @@
 
 #include <quorvel/xml/xml_file.h>
 
-namespace {
-
-void CheckDetection(const std::uint8_t* data, std::size_t size) {
+static void CheckDetection(const std::vector<BYTE>& bytes) {
     CString encoding;
     BOOL bigEndian;
     int charSize, bomLength;
-    const int known = AfxDetermineXMLFileEncoding(data, static_cast<DWORD>(size), encoding,
-                                                  bigEndian, charSize, bomLength);
+    const int known = AfxDetermineXMLFileEncoding(bytes.data(), static_cast<DWORD>(bytes.size()),
+                                                  encoding, bigEndian, charSize, bomLength);
     Require((known != 0) == (charSize != 0));
     Require(known != 0 || (encoding.IsEmpty() && !bigEndian && bomLength == 0));
-    Require(bomLength >= 0 && static_cast<std::size_t>(bomLength) <= size);
+    Require(bomLength >= 0 && static_cast<std::size_t>(bomLength) <= bytes.size());
 }
 
 // For UTF-16 the stored declaration may include text after its end. Then only a part of it is found
 // again.
-bool EndsOnce(const CString& declaration) {
+static bool EndsOnce(const CString& declaration) {
     return declaration.Find(_T("?>")) == declaration.GetLength() - 2;
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(input) {
     static const TemporaryFolder s_folder;
-    CheckDetection(data, size);
-    s_folder.Write(_T("file.xml"), std::string(reinterpret_cast<const char*>(data), size));
+    CheckDetection(input.Block());
+    s_folder.Write(_T("file.xml"), input.Bytes());
     const CString path = s_folder.Path(_T("file.xml"));
-
-    CMarkup markup;
+    CMarkup markup, again;
     CString error;
     const bool loaded = AfxLoadXMLFile(path, markup, error) != 0;
     Require(loaded == error.IsEmpty() && loaded == markup.IsWellFormed());
     if (!loaded || !AfxSaveXMLFile(markup, path, error) || !EndsOnce(markup.GetXMLDeclaration()))
-        return 0;
-    CMarkup again;
-    Require(AfxLoadXMLFile(path, again, error) != 0);
-    Require(again.GetDoc().GetLength() == markup.GetDoc().GetLength());
-    Require(again.GetDoc() == markup.GetDoc());
-    return 0;
+        return;
+    Require(AfxLoadXMLFile(path, again, error) != 0 && again.GetDoc() == markup.GetDoc());
 }

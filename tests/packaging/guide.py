@@ -33,13 +33,12 @@ def programs(page):
 
 
 def project(all_programs):
-    lines = ["cmake_minimum_required(VERSION 3.25)", "project(guide LANGUAGES CXX)", "if(WIN32)",
-             "  enable_language(RC)", "  add_executable(press press.cpp)", "endif()",
-             "find_package(quorvel 1 REQUIRED)"]
+    lines = ["cmake_minimum_required(VERSION 3.25)\nproject(guide LANGUAGES CXX)\nif(WIN32)\n  enable_language(RC)",
+             "  add_executable(press press.cpp)\nendif()\nfind_package(quorvel 1 REQUIRED)"]
     for each in all_programs:
         sources = each["name"] + ".cpp" + (f" {each['name']}.rc" if "rc" in each else "")
-        lines += [f"add_executable({each['name']} {sources})",
-                  f"target_link_libraries({each['name']} PRIVATE quorvel::quorvel)"]
+        lines.append(f"add_executable({each['name']} {sources})\n"
+                     f"target_link_libraries({each['name']} PRIVATE quorvel::quorvel)")
     return "\n".join(lines) + "\n"
 
 

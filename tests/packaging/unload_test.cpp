@@ -3,15 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <iterator>
 #include <string>
 
 static bool IsMapped(const std::string& name) {
     std::ifstream maps("/proc/self/maps");
-    for (std::string line; std::getline(maps, line);) {
-        if (line.find(name) != std::string::npos)
-            return true;
-    }
-    return false;
+    const std::string all(std::istreambuf_iterator<char>(maps), {});
+    return all.find(name) != std::string::npos;
 }
 
 TEST(Unload, TheLibraryLeavesWithThePluginThatUsedIt) {

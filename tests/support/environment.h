@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <list>
+#include <optional>
 #include <utility>
 
 // The variable that names the folder for temporary files.
@@ -13,14 +14,12 @@ inline constexpr const char* kTemporaryVariable = kOnLinux ? "TMPDIR" : "TMP";
 class EnvironmentVariable {
 public:
     EnvironmentVariable(std::string name, const char* value) : m_name(std::move(name)) {
-        const char* const former = std::getenv(m_name.c_str());
-        m_wasSet = former != nullptr;
-        m_former = m_wasSet ? former : "";
+        if (const char* const former = std::getenv(m_name.c_str()))
+            m_former = former;
         Set(value);
     }
     EnvironmentVariable(const EnvironmentVariable&) = delete;
-    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
-    ~EnvironmentVariable() { Set(m_wasSet ? m_former.c_str() : nullptr); }
+    ~EnvironmentVariable() { Set(m_former ? m_former->c_str() : nullptr); }
 
 private:
     // Both C libraries have putenv. In one the text becomes part of the environment, so it must
@@ -34,6 +33,5 @@ private:
     }
 
     std::string m_name;
-    bool m_wasSet;
-    std::string m_former;
+    std::optional<std::string> m_former;
 };

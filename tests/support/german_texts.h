@@ -19,7 +19,6 @@ public:
         FreeLibrary(m_module);
     }
     GermanTexts(const GermanTexts&) = delete;
-    GermanTexts& operator=(const GermanTexts&) = delete;
 
     HINSTANCE Module() const { return m_module; }
     CString Text(UINT id) const {

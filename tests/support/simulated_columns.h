@@ -8,8 +8,6 @@
 
 class SimulatedColumns final : public quorvel::ColumnView {
 public:
-    static constexpr int kAutomaticWidth = 60;
-
     int GetCount() const override { return static_cast<int>(m_columns.size()); }
     int Insert(int position, const quorvel::ColumnRecord& column) override {
         if (position < 0)
@@ -40,7 +38,7 @@ public:
     void SetWidth(int index, int width) override {
         const int taken = static_cast<SHORT>(LOWORD(width));
         if (index >= 0 && index < GetCount())
-            At(index).width = taken < 0 ? kAutomaticWidth : taken;
+            At(index).width = taken < 0 ? 60 : taken;
     }
     std::vector<int> GetOrder() const override { return m_order; }
     // For an array that is not a permutation the system loses the old order. Here it becomes the
@@ -48,13 +46,9 @@ public:
     bool SetOrder(const std::vector<int>& order) override {
         if (order.size() != m_order.size())
             return false;
-        std::vector<int> sorted = order;
-        std::sort(sorted.begin(), sorted.end());
-        for (int i = 0; i < GetCount(); ++i)
-            m_order[static_cast<std::size_t>(i)] = i;
-        if (sorted == m_order)
+        std::sort(m_order.begin(), m_order.end());
+        if (std::is_permutation(order.begin(), order.end(), m_order.begin()))
             m_order = order;
-        ++m_orderChanges;
         return true;
     }
 
@@ -79,7 +73,6 @@ public:
     int GetAlignment(int index) const { return At(index).alignment; }
 
     int m_defaultLoads = 0;
-    int m_orderChanges = 0;
     std::vector<std::vector<int>> m_deletedSortColumns;
     // Simulates a host.
     bool m_throws = false;
@@ -124,7 +117,7 @@ struct SimulatedList {
 private:
     void Append(CString& text, int trueColumn) const {
         const quorvel::ColumnRecord* const column = columns.Find(trueColumn);
-        text.AppendFormat(_T("%s%d "), column != nullptr ? column->heading.GetString() : _T("?"),
-                          columns.GetWidth(trueColumn));
+        text += column != nullptr ? column->heading : CString(_T("?"));
+        text.AppendFormat(_T("%d "), columns.GetWidth(trueColumn));
     }
 };

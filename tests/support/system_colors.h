@@ -32,32 +32,25 @@ private:
 };
 
 // Like the system's own scheme with light text on black.
-inline const SystemColors::Colors kHighContrast = {
-    {COLOR_SCROLLBAR, RGB(0, 0, 0)},
-    {COLOR_ACTIVECAPTION, RGB(128, 0, 128)},
-    {COLOR_GRADIENTACTIVECAPTION, RGB(128, 0, 128)},
-    {COLOR_CAPTIONTEXT, RGB(255, 255, 255)},
-    {COLOR_INACTIVECAPTION, RGB(0, 128, 0)},
-    {COLOR_GRADIENTINACTIVECAPTION, RGB(0, 128, 0)},
-    {COLOR_INACTIVECAPTIONTEXT, RGB(255, 255, 255)},
-    {COLOR_MENU, RGB(0, 0, 0)},
-    {COLOR_MENUTEXT, RGB(255, 255, 255)},
-    {COLOR_MENUBAR, RGB(0, 0, 0)},
-    {COLOR_MENUHILIGHT, RGB(128, 0, 128)},
-    {COLOR_WINDOW, RGB(0, 0, 0)},
-    {COLOR_WINDOWTEXT, RGB(255, 255, 255)},
-    {COLOR_WINDOWFRAME, RGB(255, 255, 255)},
-    {COLOR_ACTIVEBORDER, RGB(255, 255, 0)},
-    {COLOR_HIGHLIGHT, RGB(128, 0, 128)},
-    {COLOR_HIGHLIGHTTEXT, RGB(255, 255, 255)},
-    {COLOR_BTNFACE, RGB(0, 0, 0)},
-    {COLOR_BTNSHADOW, RGB(128, 128, 128)},
-    {COLOR_GRAYTEXT, RGB(0, 255, 0)},
-    {COLOR_BTNTEXT, RGB(255, 255, 255)},
-    {COLOR_BTNHIGHLIGHT, RGB(192, 192, 192)},
-    {COLOR_3DDKSHADOW, RGB(255, 255, 255)},
-    {COLOR_3DLIGHT, RGB(255, 255, 255)},
-    {COLOR_INFOTEXT, RGB(255, 255, 0)},
-    {COLOR_INFOBK, RGB(0, 0, 0)},
-    {COLOR_HOTLIGHT, RGB(128, 128, 255)},
-};
+inline const SystemColors::Colors kHighContrast = [] {
+    const std::pair<COLORREF, std::vector<INT>> groups[] = {
+        {RGB(0, 0, 0),
+         {COLOR_SCROLLBAR, COLOR_MENU, COLOR_MENUBAR, COLOR_WINDOW, COLOR_BTNFACE, COLOR_INFOBK}},
+        {RGB(128, 0, 128),
+         {COLOR_ACTIVECAPTION, COLOR_GRADIENTACTIVECAPTION, COLOR_MENUHILIGHT, COLOR_HIGHLIGHT}},
+        {RGB(255, 255, 255),
+         {COLOR_CAPTIONTEXT, COLOR_INACTIVECAPTIONTEXT, COLOR_MENUTEXT, COLOR_WINDOWTEXT,
+          COLOR_WINDOWFRAME, COLOR_HIGHLIGHTTEXT, COLOR_BTNTEXT, COLOR_3DDKSHADOW, COLOR_3DLIGHT}},
+        {RGB(0, 128, 0), {COLOR_INACTIVECAPTION, COLOR_GRADIENTINACTIVECAPTION}},
+        {RGB(255, 255, 0), {COLOR_ACTIVEBORDER, COLOR_INFOTEXT}},
+        {RGB(0, 255, 0), {COLOR_GRAYTEXT}},
+        {RGB(128, 128, 128), {COLOR_BTNSHADOW}},
+        {RGB(192, 192, 192), {COLOR_BTNHIGHLIGHT}},
+        {RGB(128, 128, 255), {COLOR_HOTLIGHT}},
+    };
+    SystemColors::Colors colors;
+    for (const auto& [color, indices] : groups)
+        for (const INT index : indices)
+            colors.emplace_back(index, color);
+    return colors;
+}();

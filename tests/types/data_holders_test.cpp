@@ -35,9 +35,8 @@ void ExpectMask(int shift, int width, Value mask) {
 TEST(DataHolders, FieldsStayInsideTheirValue) {
     const std::tuple<int, int, BYTE, WORD, DWORD> rows[] = {
         {-1, 2, 0, 0, 0}, {2, -1, 0, 0, 0},         {0, 32, 0, 0, 0xffffffff},
-        {0, 0, 0, 0, 0},  {5, 4, 0, 0x1e0, 0x1e0},  {15, 1, 0, 0x8000, 0x8000},
-        {1, 32, 0, 0, 0}, {4, 4, 0xf0, 0xf0, 0xf0}, {0, 16, 0, 0xffff, 0xffff},
-        {32, 1, 0, 0, 0}, {0, 8, 0xff, 0xff, 0xff}, {INT_MAX, INT_MAX, 0, 0, 0},
+        {0, 0, 0, 0, 0},  {5, 4, 0, 0x1e0, 0x1e0},  {INT_MAX, INT_MAX, 0, 0, 0},
+        {1, 32, 0, 0, 0}, {4, 4, 0xf0, 0xf0, 0xf0}, {15, 1, 0, 0x8000, 0x8000},
     };
     for (const auto& [shift, width, byte, word, dword] : rows) {
         SCOPED_TRACE(testing::Message() << width << " bits from " << shift);
@@ -49,15 +48,7 @@ TEST(DataHolders, FieldsStayInsideTheirValue) {
     EXPECT_TRUE(byte.SetFieldData(2, 3, 5));
     EXPECT_FALSE(byte.SetFieldData(2, 3, 8));
     EXPECT_EQ(byte.GetData(), 0x14);
-}
-
-TEST(DataHolders, AFlagIsAllItsBits) {
-    CWordData word(0x8001);
-    EXPECT_FALSE(word.IsFlagSet(0x8003));
-    word.SetFlag(0x0006);
-    EXPECT_TRUE(word.IsFlagSet(0x8003));
-    word.ClearFlag(0x8002);
-    EXPECT_TRUE(word == CWordData(0x0005));
+    EXPECT_FALSE(byte.IsFlagSet(0x15)); // a flag is all its bits
 }
 
 TEST(DataHolders, AreStoredInTheirOwnWidth) {
@@ -71,15 +62,9 @@ TEST(DataHolders, AreStoredInTheirOwnWidth) {
     EXPECT_EQ(ImageOf<CByteData>(doubled), "\x34\x12");
 }
 
-TEST(DataHolders, AValueIsComparedFromEitherSide) {
-    EXPECT_TRUE(BYTE{5} == CByteData(5) && CByteData(5) == BYTE{5} && BYTE{4} != CByteData(5));
-    EXPECT_TRUE(WORD{5} == CWordData(5) && CWordData(5) != WORD{4} && WORD{4} != CWordData(5));
-    EXPECT_TRUE(DWORD{5} == CDWordData(5) && CDWordData(5) != DWORD{4});
-}
-
 constexpr char kDigits[] = "0123456789abcdefABCDEF0123456789";
 
-TEST(Guid, TextIsThirtyTwoHexadecimalDigits) {
+TEST(Guid, IsThirtyTwoHexadecimalDigits) {
     const std::string digits = kDigits, most = digits.substr(1);
     for (const std::string& text :
          {digits, most, digits + "0", most + "g", most + "\n", digits + "\n", most + "\xe9"}) {
@@ -96,11 +81,7 @@ TEST(Guid, TextIsThirtyTwoHexadecimalDigits) {
     EXPECT_EQ(guid.GetGUID(), CStringA(guid.GetGUID()).MakeUpper());
     EXPECT_FALSE(guid.SetGUID(nullptr) || CGUID::IsValidGUID(nullptr));
     EXPECT_EQ(guid.ToString(), CString(guid.GetGUID().GetString()));
-}
 
-TEST(Guid, IsStoredAsThirtyTwoBytes) {
-    const std::string digits = kDigits;
-    CGUID guid;
     guid.SetGUID(kDigits);
     EXPECT_EQ(ImageOf(guid), digits);
     const auto load = [&](CArchive& archive) { guid.Deserialize(archive); };

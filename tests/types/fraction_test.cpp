@@ -4,23 +4,15 @@
 #include "support/archive_image.h"
 #include "support/test.h"
 
-#include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <random>
 
 namespace {
 
 typedef CFraction F;
 
-// Compares both members, since CFraction's own == compares values.
-testing::AssertionResult Is(const F& fraction, const F& expected) {
-    if (fraction.GetNumerator() == expected.GetNumerator() &&
-        fraction.GetDenominator() == expected.GetDenominator())
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure()
-           << fraction.GetNumerator() << '/' << fraction.GetDenominator() << " is not "
-           << expected.GetNumerator() << '/' << expected.GetDenominator();
+// Both members, since CFraction's own == compares values.
+std::pair<int, int> Of(const F& fraction) {
+    return {fraction.GetNumerator(), fraction.GetDenominator()};
 }
 
 TEST(Fraction, CommonDivisorIsNeverNegative) {
@@ -44,8 +36,8 @@ TEST(Fraction, LowestTermsKeepWhatTheirDenominatorDivides) {
     for (const auto& [result, fraction, lowest] : rows) {
         F reduced(fraction);
         EXPECT_EQ(reduced.ReduceToLowestTerms(), result);
-        EXPECT_TRUE(Is(reduced, lowest));
-        EXPECT_EQ(fraction.IsInLowestTerms(), result && Is(fraction, lowest));
+        EXPECT_EQ(Of(reduced), Of(lowest));
+        EXPECT_EQ(fraction.IsInLowestTerms(), result && Of(fraction) == Of(lowest));
     }
 }
 
@@ -60,20 +52,16 @@ TEST(Fraction, EquivalentNeedsAFactor) {
     for (const auto& [fraction, denominator, isThere, equivalent] : rows) {
         F result(7, 7), itself(fraction);
         EXPECT_EQ(fraction.GetEquivalentFraction(denominator, result), isThere);
-        EXPECT_TRUE(Is(result, equivalent)) << denominator;
+        EXPECT_EQ(Of(result), Of(equivalent)) << denominator;
         itself.GetEquivalentFraction(denominator, itself);
-        EXPECT_TRUE(Is(itself, equivalent)) << denominator;
+        EXPECT_EQ(Of(itself), Of(equivalent)) << denominator;
     }
 }
 
 TEST(Fraction, ArithmeticReducesAndWraps) {
-    F sum(1, 2);
-    sum += F(1, 3);
     const std::tuple<const char*, F, F> rows[] = {
-        {"sum", sum, {5, 6}},
-        {"zero", F(1, 2) - F(1, 2), {0, 2}},
+        {"sum", F(1, 2) += F(1, 3), {5, 6}},
         {"signs move up", F(1, -2) - F(1, -3), {-1, 6}},
-        {"product", F(2, 3) * F(3, 4), {1, 2}},
         {"quotient", F(1, 2) / F(-3, 4), {2, -3}},
         {"quotient by zero", F(1, 2) / F(0, 4), {0, 0}},
         {"quotient by an undefined one", F(1, 2) / F(3, 0), {0, 6}},
@@ -82,9 +70,11 @@ TEST(Fraction, ArithmeticReducesAndWraps) {
         {"both at the minimum", F(1, INT_MIN) + F(1, INT_MIN), {0, 0}},
         {"minimum by -1", F(1, -1) + F(1, INT_MIN), {INT_MIN + 1, INT_MIN}},
         {"product at the minimum", F(INT_MIN, -1) * F(-1, 1), {INT_MIN, -1}},
+        {"unsigned, too large", 2147483648u, {0, 0}},
+        {"64 bits, too large", 4294967297ll, {0, 0}},
     };
     for (const auto& [label, result, expected] : rows)
-        EXPECT_TRUE(Is(result, expected)) << label;
+        EXPECT_EQ(Of(result), Of(expected)) << label;
 }
 
 TEST(Fraction, ComparesValuesAndNeverTheUndefined) {
@@ -100,42 +90,24 @@ TEST(Fraction, ComparesValuesAndNeverTheUndefined) {
 }
 
 TEST(Fraction, DecimalsBecomeNearFractions) {
-    // The convergents of the long one: 63818/1, 191455/3, 1786913/28, 1978368/31, 2824918049/44265.
     const std::tuple<double, F> rows[] = {
-        {0.75, {3, 4}},  {-3.5, {-7, 2}},        {-2147483648.0, {0, 0}},
-        {-0.0, {0, 1}},  {HUGE_VAL, {0, 0}},     {2147483647, {INT_MAX, 1}},
-        {1e-8, {0, 1}},  {0.3333333, {1, 3}},    {3.1415926536, {103993, 33102}},
-        {0.1f, {1, 10}}, {2147483647.5, {0, 0}}, {2000000000.7, {2000000001, 1}},
-        {-2.0, {-2, 1}}, {std::nan(""), {0, 0}}, {63818.3225799165, {1978368, 31}},
+        {0.75, {3, 4}},  {-3.5, {-7, 2}},         {3.1415926536, {103993, 33102}},
+        {-0.0, {0, 1}},  {-2147483648.0, {0, 0}}, {2147483647, {INT_MAX, 1}},
+        {0.1f, {1, 10}}, {2147483647.5, {0, 0}},  {2000000000.7, {2000000001, 1}},
+        {1e-8, {0, 1}},  {std::nan(""), {0, 0}},  {63818.3225799165, {1978368, 31}},
     };
     for (const auto& [value, fraction] : rows)
-        EXPECT_TRUE(Is(F(value), fraction)) << value;
-    std::mt19937_64 random(1);
-    for (int i = 0; i < 20000; ++i) {
-        const double value = std::ldexp(std::uniform_real_distribution<>(-1, 1)(random), i % 32);
-        const double tolerance = std::max(1e-6, std::fabs(std::ldexp(value, -31)));
-        ASSERT_NEAR(F(value).GetDecimal(), value, tolerance);
-    }
-}
-
-TEST(Fraction, TakesEveryIntegerThatFits) {
-    const std::tuple<F, F> rows[] = {
-        {LONG{-7}, {-7, 1}},    {-7L, {-7, 1}}, {std::int64_t{-2147483648}, {INT_MIN, 1}},
-        {2147483648u, {0, 0}},  {'\7', {7, 1}}, {2147483647u, {2147483647, 1}},
-        {4294967297ll, {0, 0}},
-    };
-    for (const auto& [fraction, expected] : rows)
-        EXPECT_TRUE(Is(fraction, expected));
-    EXPECT_TRUE(F(6, 3) == LONG{2} && LONG{2} == F(6, 3) && F(1, 2) < DWORD{1});
+        EXPECT_EQ(Of(F(value)), Of(fraction)) << value;
 }
 
 TEST(Fraction, TextHasTheSignInFront) {
     const std::tuple<F, const WCHAR*, const WCHAR*> rows[] = {
-        {{0, 5}, _T("0"), _T("0")},        {{-6, -4}, _T("6/4"), _T("1 2/4")},
-        {{5, 0}, _T("0"), _T("0")},        {{-7, 2}, _T("-7/2"), _T("-3 1/2")},
-        {{9, 3}, _T("9/3"), _T("3")},      {{INT_MIN, -1}, _T("2147483648/1"), _T("2147483648")},
-        {{7, 2}, _T("7/2"), _T("3 1/2")},  {{1, INT_MIN}, _T("-1/2147483648"), _T("-1/2147483648")},
-        {{1, -3}, _T("-1/3"), _T("-1/3")},
+        {{5, 0}, _T("0"), _T("0")},
+        {{-6, -4}, _T("6/4"), _T("1 2/4")},
+        {{9, 3}, _T("9/3"), _T("3")},
+        {{INT_MIN, -1}, _T("2147483648/1"), _T("2147483648")},
+        {{-7, 2}, _T("-7/2"), _T("-3 1/2")},
+        {{1, INT_MIN}, _T("-1/2147483648"), _T("-1/2147483648")},
     };
     for (const auto& [fraction, plain, mixed] : rows) {
         EXPECT_EQ(fraction.GetText(FALSE), plain);
@@ -149,16 +121,13 @@ TEST(Fraction, IsStoredNumeratorFirst) {
     F loaded(7, 9);
     const auto load = [&](CArchive& archive) { loaded.Serialize(archive); };
     EXPECT_EQ(LoadCause(image.substr(1), load), CArchiveException::endOfFile);
-    EXPECT_TRUE(Is(loaded, {7, 9}));
+    EXPECT_EQ(Of(loaded), Of({7, 9}));
     EXPECT_EQ(LoadCause(image, load), CArchiveException::none);
-    EXPECT_TRUE(Is(loaded, {-2, 259}));
+    EXPECT_EQ(Of(loaded), Of({-2, 259}));
 }
 
 TEST(Vector2D, MeasuresTheDistanceFromALine) {
     EXPECT_TRUE(CVector2D(POINT{INT_MIN, 5}, POINT{INT_MAX, 3}) == CVector2D(4294967295.0, -2));
-    EXPECT_TRUE(CVector2D(5, 1) - CVector2D(2, 5) == CVector2D(3, -4));
-    EXPECT_EQ(CVector2D(3, -4).GetMagnitude(), 5.0);
-    EXPECT_EQ(CVector2D::GetLengthOfNormal({0, 2}, {1, 0}), 2.0);
     EXPECT_EQ(CVector2D::GetLengthOfNormal({7, 1}, {-4, 4}), std::sqrt(32.0));
     EXPECT_FALSE(std::isfinite(CVector2D::GetLengthOfNormal({1, 1}, {0, 0})));
 }

@@ -16,12 +16,6 @@ CModuleVersion Loaded(const WCHAR* sample) {
     return module;
 }
 
-std::string BytesOf(const WCHAR* sample) {
-    std::ifstream file(std::filesystem::path(std::basic_string<WCHAR>(Sample(sample))),
-                       std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
 typedef BOOL (CModuleVersion::*Getter)(CString&);
 typedef CModuleVersion M;
 
@@ -42,8 +36,7 @@ TEST(ModuleVersion, NothingIsLoadedAtFirst) {
     EXPECT_FALSE(module.GetFileVersion(parts[0], parts[1], parts[2], parts[3]));
     EXPECT_FALSE(parts[0] || parts[1] || parts[2] || parts[3]);
     CVersionNumber number(1, 2, 3, 4);
-    EXPECT_FALSE(module.GetFileVersion(number) || module.GetProductVersion(number));
-    EXPECT_TRUE(number == CVersionNumber(1, 2, 3, 4));
+    EXPECT_FALSE(module.GetFileVersion(number) || number != CVersionNumber(1, 2, 3, 4));
     CString value(_T("before"));
     EXPECT_FALSE(module.GetComments(value));
     EXPECT_EQ(value, _T(""));
@@ -56,24 +49,19 @@ TEST(ModuleVersion, NumbersComeFromTheFixedBlock) {
     for (const WCHAR* sample : {_T("full.dll"), _T("x86_64/full.dll")}) {
         CModuleVersion module = Loaded(sample);
         EXPECT_EQ(module.GetFileName(), Sample(sample));
-        WORD parts[4];
-        EXPECT_TRUE(module.GetProductVersion(parts[0], parts[1], parts[2], parts[3]));
-        EXPECT_EQ(CVersionNumber(parts[0], parts[1], parts[2], parts[3]).GetText(),
-                  _T("5.6.7.65535"));
         CVersionNumber number;
         EXPECT_TRUE(module.GetFileVersion(number));
         EXPECT_TRUE(number == CVersionNumber(1, 2, 3, 4));
         EXPECT_TRUE(module.GetProductVersion(number));
         EXPECT_TRUE(number == CVersionNumber(5, 6, 7, 65535));
     }
-    // The value is the result, not the argument.
     CModuleVersion module = Loaded(_T("all_texts.dll"));
-    DWORD zeros[] = {77, 77, 77, 77};
-    EXPECT_EQ(module.GetFileFlags(zeros[0]), 0x2au);
-    EXPECT_EQ(module.GetFileOS(zeros[1]), 0x40004u);
-    EXPECT_EQ(module.GetFileType(zeros[2]), 3u);
-    EXPECT_EQ(module.GetFileSubtype(zeros[3]), 7u);
-    EXPECT_FALSE(zeros[0] || zeros[1] || zeros[2] || zeros[3]);
+    DWORD zero = 77; // the value is the result, not the argument
+    EXPECT_EQ(module.GetFileFlags(zero), 0x2au);
+    EXPECT_EQ(zero, 0u);
+    EXPECT_EQ(module.GetFileOS(zero), 0x40004u);
+    EXPECT_EQ(module.GetFileType(zero), 3u);
+    EXPECT_EQ(module.GetFileSubtype(zero), 7u);
 }
 
 TEST(ModuleVersion, TextsComeFromTheFirstTranslation) {
@@ -95,7 +83,7 @@ TEST(ModuleVersion, TextsComeFromTheFirstTranslation) {
 
 TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
     const TemporaryFolder folder;
-    std::string damaged = BytesOf(_T("full.dll"));
+    std::string damaged = folder.Read(Sample(_T("full.dll"))); // absolute, so in its own folder
     const std::size_t signature = damaged.find("\xbd\x04\xef\xfe");
     ASSERT_NE(signature, damaged.npos);
     damaged[signature] = 0;
@@ -115,8 +103,6 @@ TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
         EXPECT_EQ(module.GetLastError(), error);
         EXPECT_EQ(module.IsLoaded() != FALSE, kept);
         EXPECT_EQ(module.GetFileName(), kept ? Sample(_T("full.dll")) : CString());
-        CVersionNumber number;
-        EXPECT_EQ(module.GetFileVersion(number) != FALSE, kept);
         CString value; // the code page of the texts is lost
         EXPECT_FALSE(module.GetCompanyName(value));
     }
@@ -135,7 +121,6 @@ TEST(ModuleVersion, ACopyOutlivesItsOriginal) {
         copy = *&copy;
         EXPECT_FALSE(original.Load(Sample(_T("no_translation.dll"))));
     }
-    EXPECT_EQ(copy.GetFileName(), Sample(_T("full.dll")));
     CString value;
     EXPECT_TRUE(copy.GetFileVersion(value));
     EXPECT_EQ(value, _T("1.2 beta"));

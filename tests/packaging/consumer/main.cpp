@@ -8,8 +8,7 @@
 
 int main() {
     CString text(_T("installed"));
-    text.MakeUpper();
-    if (text != _T("INSTALLED"))
+    if (text.MakeUpper() != _T("INSTALLED"))
         return 1;
     if (!text.LoadString(quorvel::kTextExceptionMemory) || text != _T("Out of memory."))
         return 2;

@@ -27,33 +27,21 @@
 #if __has_include(<openssl/md5.h>)
 #include <openssl/md5.h>
 #define HAS_OTHER_MD5
-#else
-#pragma message("skipped: openssl/md5.h")
 #endif
 #if __has_include(<curl/curl.h>)
 #include <curl/curl.h>
-#else
-#pragma message("skipped: curl/curl.h")
 #endif
 #if __has_include(<sqlite3.h>)
 #include <sqlite3.h>
-#else
-#pragma message("skipped: sqlite3.h")
 #endif
 #if __has_include(<unicode/ustring.h>)
 #include <unicode/ustring.h>
-#else
-#pragma message("skipped: unicode/ustring.h")
 #endif
 #if __has_include(<boost/asio/ip/tcp.hpp>)
 #include <boost/asio/ip/tcp.hpp>
-#else
-#pragma message("skipped: boost/asio/ip/tcp.hpp")
 #endif
 #if __has_include(<X11/Xlib.h>)
 #include <X11/Xlib.h>
-#else
-#pragma message("skipped: X11/Xlib.h")
 #endif
 
 #endif

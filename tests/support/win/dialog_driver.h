@@ -45,12 +45,9 @@ private:
             return;
         if (Current()->m_next < Current()->m_steps.size())
             Current()->m_steps[Current()->m_next++](box);
-        else if (++Current()->m_waited > kPatience)
-            End(box);
-    }
-
-    static void End(HWND box) {
-        if (CWnd* const wnd = CWnd::FromHandlePermanent(box))
+        else if (++Current()->m_waited <= kPatience)
+            return;
+        else if (CWnd* const wnd = CWnd::FromHandlePermanent(box))
             wnd->EndModalLoop(-99);
         else // a message box
             ::EndDialog(box, -99);
@@ -75,10 +72,9 @@ inline DialogDriver::Step WaitUntil(std::function<bool()> condition) {
     };
 }
 
-// The window in the dialog that receives its keys.
+// The window in the dialog that receives its keys; after a control is disabled, the dialog.
 inline HWND KeyboardOf(HWND box) {
-    const HWND focus = ::GetFocus();
-    return focus != nullptr ? focus : box; // after a control is disabled no window has the focus
+    return ::GetFocus() != nullptr ? ::GetFocus() : box;
 }
 // Presses a key. The message comes through the thread's queue, so it is pre-translated.
 inline DialogDriver::Step Press(UINT key) {

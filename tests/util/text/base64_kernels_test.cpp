@@ -23,22 +23,20 @@ TEST(Base64Kernels, AgreeOnEveryLengthWithForeignCharacters) {
     }
 }
 
-std::string Decoded(const quorvel::Base64Kernels<WCHAR>& kernels,
-                    const std::basic_string<WCHAR>& text) {
-    BYTE bytes[60] = {};
-    int length = sizeof bytes;
-    DecodeBase64(kernels, text.data(), static_cast<int>(text.size()), bytes, &length);
-    return std::string(bytes, bytes + sizeof bytes) + std::to_string(length);
-}
-
 // Each character is tested among others, at changing positions.
 TEST(Base64Kernels, AgreeOnEveryWideCharacter) {
     for (unsigned unit = 0; unit < 0x10000; ++unit) {
-        std::basic_string<WCHAR> text(80, 'a');
+        Wide text(80, 'a');
         text[unit % 67] = static_cast<WCHAR>(unit);
-        const std::string expected = Decoded(quorvel::PortableBase64<WCHAR>(), text);
+        const auto decoded = [&text](const quorvel::Base64Kernels<WCHAR>& kernels) {
+            BYTE bytes[60] = {};
+            int length = sizeof bytes;
+            DecodeBase64(kernels, text.data(), 80, bytes, &length);
+            return std::string(bytes, bytes + sizeof bytes) + std::to_string(length);
+        };
+        const std::string expected = decoded(quorvel::PortableBase64<WCHAR>());
         for (const auto* kernels : {quorvel::Ssse3Base64<WCHAR>(), quorvel::Avx2Base64<WCHAR>()})
-            ASSERT_TRUE(kernels == nullptr || Decoded(*kernels, text) == expected) << unit;
+            ASSERT_TRUE(kernels == nullptr || decoded(*kernels) == expected) << unit;
     }
 }
 

@@ -1,12 +1,9 @@
 #include <quorvel/util/text/encoding_names.h>
 
-#include "platform/win32.h"
 #include "support/golden.h"
 #include "util/text/encoding_table.h"
 
 #include <sstream>
-
-using namespace quorvel;
 
 namespace {
 
@@ -25,10 +22,8 @@ void ExpectEncoding(const CString& name, const WCHAR* preferred, UINT codePage) 
 
 TEST(EncodingNames, TheTableIsThePublishedOne) {
     Golden golden("encodings");
-    for (const auto& [codePage, name, aliases] : quorvel::kEncodings) {
-        const std::string row = std::string(name) + ": " + std::string(aliases);
-        golden.Expect(row, std::to_string(codePage));
-    }
+    for (const auto& [codePage, name, aliases] : quorvel::kEncodings)
+        golden.Expect(std::string(name) + ": " + std::string(aliases), std::to_string(codePage));
 }
 
 TEST(EncodingNames, EveryNameAndAliasLeadsToItsCodePage) {
@@ -42,18 +37,6 @@ TEST(EncodingNames, EveryNameAndAliasLeadsToItsCodePage) {
     }
 }
 
-TEST(EncodingNames, SomeLeadToPagesThatAreNotConverted) {
-    std::vector<UINT> refused;
-    for (const auto& encoding : quorvel::kEncodings)
-        if (MultiByteToWideChar(encoding.codePage, 0, "a", 1, nullptr, 0) == 0)
-            refused.push_back(encoding.codePage);
-    if (!kOnLinux)
-        GTEST_SKIP() << "depends on the pages that are installed";
-    EXPECT_EQ(refused, (std::vector<UINT>{1200,  1201,  12000, 12001, 20000, 20001, 20002, 20003,
-                                          20004, 20005, 20105, 20106, 20107, 20108, 20261, 20269,
-                                          20423, 20833, 20880, 20905, 29001, 50931}));
-}
-
 TEST(EncodingNames, NamesAreFoundInAnyLetterCase) {
     // The Kelvin sign is not a k.
     const std::tuple<const WCHAR*, const WCHAR*, UINT> rows[] = {
@@ -61,11 +44,9 @@ TEST(EncodingNames, NamesAreFoundInAnyLetterCase) {
         {_T("ANSI_X3.4-1968"), _T("windows-1252"), 1252},
         {_T("UnicodeFFFE"), _T("utf-16be"), 1201},
         {_T("UTF-8"), nullptr, 65001},
-        {_T("Extended_Unix_Code_Packed_Format_For_Japanese"), _T("euc-jp"), 51932},
         {_T("_iso-2022-jp$SIO"), nullptr, 0},
         {_T("\x212aoi8"), nullptr, 0},
         {_T("utf-8 "), nullptr, 0},
-        {_T("utf"), nullptr, 0},
         {_T("x-a-name-that-is-longer-than-every-one-of-the-table"), nullptr, 0},
         {_T(""), nullptr, 0},
     };
