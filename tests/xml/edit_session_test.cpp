@@ -4,16 +4,6 @@
 
 #include <random>
 
-namespace {
-
-CString NumberText(int number) {
-    CString text;
-    text.Format(_T("%d"), number);
-    return text;
-}
-
-} // namespace
-
 TEST(EditSession, GivesWhatDirectCallsGive) {
     std::mt19937 random(20261);
     std::vector<std::uint8_t> script;
@@ -27,26 +17,20 @@ TEST(EditSession, GivesWhatDirectCallsGive) {
 
 TEST(EditSession, RefusesWhatLiesBeforeTheLastEdit) {
     // Each edit follows an edit of the element y.
-    static const std::tuple<const char*, std::function<bool(CMarkupEditSession&)>, bool,
-                            const WCHAR*>
-        kRows[] = {
-            {"a sibling directly before it",
-             [](auto& s) {
-                 s.ResetChildPos();
-                 return s.FindChildElem(_T("x")) && s.AddChildElem(_T("c"));
-             },
-             true, _T("<p><x/><c/>\r\n<y n=\"1\"></y><z/></p>")},
-            {"an attribute of its parent", [](auto& s) { return s.SetAttrib(_T("n"), _T("2")); },
-             false, _T("<p><x/><y n=\"1\"></y><z/></p>")},
-        };
-    for (const auto& [label, edit, accepted, after] : kRows) {
+    for (const bool before : {true, false}) {
         MarkupProbe markup(_T("<p><x/><y></y><z/></p>"));
         CMarkupEditSession session(markup);
         ASSERT_TRUE(session.FindChildElem(_T("y")) && session.SetChildAttrib(_T("n"), _T("1")));
-        EXPECT_EQ(edit(session), accepted) << label;
-        EXPECT_TRUE(session.Commit()) << label;
-        EXPECT_EQ(markup.GetDoc(), after) << label;
-        EXPECT_EQ(markup.Tree(), MarkupProbe(after).Tree()) << label;
+        if (before) { // a sibling directly before it
+            session.ResetChildPos();
+            EXPECT_TRUE(session.FindChildElem(_T("x")) && session.AddChildElem(_T("c")));
+        } else {
+            EXPECT_FALSE(session.SetAttrib(_T("n"), _T("2"))) << "of its parent";
+        }
+        EXPECT_TRUE(session.Commit());
+        EXPECT_EQ(markup.GetDoc(), before ? _T("<p><x/><c/>\r\n<y n=\"1\"></y><z/></p>")
+                                          : _T("<p><x/><y n=\"1\"></y><z/></p>"));
+        EXPECT_EQ(markup.Tree(), MarkupProbe(markup.GetDoc()).Tree());
     }
 }
 
@@ -60,7 +44,7 @@ TEST(EditSession, BuildsALargeDocument) {
         markup.IntoElem();
         for (int i = 0; i < 2000; ++i) {
             markup.AddElem(_T("item"));
-            markup.SetAttrib(_T("number"), NumberText(i));
+            markup.SetAttrib(_T("number"), i);
             if (i % 3 == 0)
                 markup.AddChildElem(_T("text"), _T("a & b"));
             if (i % 100 == 0)
@@ -71,7 +55,6 @@ TEST(EditSession, BuildsALargeDocument) {
     build(session);
     EXPECT_TRUE(session.Commit());
     EXPECT_EQ(built.GetDoc(), direct.GetDoc());
-    EXPECT_GT(built.GetDoc().GetLength(), 50000);
 }
 
 TEST(EditSession, ChangesNothingWithoutCommit) {

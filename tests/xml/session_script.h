@@ -80,9 +80,8 @@ private:
         _T("<r><a><a><a><a/></a> </a></a><bb x.y=\"long enough to shrink\"></bb></r>"),
     };
 
-    template <class Table>
-    static const WCHAR* Pick(const Table& table, std::size_t choice) {
-        return table[choice % std::size(table)];
+    static const WCHAR* Pick(std::span<const WCHAR* const> table, std::size_t choice) {
+        return table[choice % table.size()];
     }
 
     template <class Document>

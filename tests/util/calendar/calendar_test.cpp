@@ -3,17 +3,13 @@
 #include "support/date_time.h"
 #include "support/test.h"
 
+#include <array>
+
 namespace {
 
-struct Day {
-    int year, month, day;
-};
-constexpr Day kNone{0, 0, 0}; // the empty date
-constexpr Day kFirst{100, 1, 1};
-constexpr Day kLast{9999, 12, 31};
-
-COleDateTime DateOf(Day day) {
-    return day.year == 0 ? COleDateTime() : COleDateTime(day.year, day.month, day.day, 0, 0, 0);
+// 0 is the empty date.
+COleDateTime DateOf(int year, int month, int day) {
+    return day == 0 ? COleDateTime() : COleDateTime(year, month, day, 0, 0, 0);
 }
 
 // A day of March 2007; numbers below 1 are days of February.
@@ -26,14 +22,6 @@ COleDateTime WithStatus(DATE serial, COleDateTime::DateTimeStatus status) {
     date.SetStatus(status);
     return date;
 }
-
-const COleDateTime kUnusable[] = {
-    WithStatus(39146, COleDateTime::invalid),
-    WithStatus(std::numeric_limits<double>::quiet_NaN(), COleDateTime::valid),
-    WithStatus(2958465.999999, COleDateTime::valid), // would round to 1 January 10000
-};
-
-enum DayOfWeek { Sunday = 1, Monday, Tuesday, Wednesday, Thursday, Friday, Saturday };
 
 // Functions that take a date and a count.
 typedef COleDateTime (*Stepper)(COleDateTime, int);
@@ -59,37 +47,36 @@ TEST(Calendar, DatesAndTimesHaveTheirRanges) {
     for (const auto& [hour, minute, second, isValid] : times)
         EXPECT_EQ(AfxIsValidTime(hour, minute, second), isValid)
             << hour << ':' << minute << ':' << second;
-    const char* const kinds = "-EWWWWWE--"; // for the days 0 to 9
+    const char* const kinds = "--EWWWWWE--"; // for the days -1 to 9
     for (int day = -1; day < 10; ++day) {
-        const char kind = day < 0 ? '-' : kinds[day];
-        EXPECT_EQ(AfxIsValidDayOfWeek(day), kind != '-') << day;
-        EXPECT_EQ(AfxIsWeekendDay(day), kind == 'E') << day;
-        EXPECT_EQ(AfxIsWeekday(day), kind == 'W') << day;
+        EXPECT_EQ(AfxIsValidDayOfWeek(day), kinds[day + 1] != '-') << day;
+        EXPECT_EQ(AfxIsWeekendDay(day), kinds[day + 1] == 'E') << day;
+        EXPECT_EQ(AfxIsWeekday(day), kinds[day + 1] == 'W') << day;
     }
     EXPECT_TRUE(AfxIsEmptyDateTime(COleDateTime()));
     EXPECT_FALSE(AfxIsEmptyDateTime(COleDateTime(0.25)));
     EXPECT_FALSE(AfxIsEmptyDateTime(WithStatus(0, COleDateTime::null)));
 }
 
-TEST(Calendar, LeapYearsLengthenFebruary) {
-    const std::tuple<int, int, int> rows[] = {
+TEST(Calendar, MonthsDaysAndWeeksAreCounted) {
+    const std::tuple<int, int, int> lastDays[] = {
         {7, 2007, 31}, {8, 2007, 31}, {9, 2007, 30}, {2, 2007, 28}, {2, 2008, 29},
         {2, 1900, 28}, {2, 2000, 29}, {13, 2006, 1}, {0, 2006, 1},  {2, 0, 1},
     };
-    for (const auto& [month, year, lastDay] : rows) {
+    for (const auto& [month, year, lastDay] : lastDays) {
         EXPECT_EQ(AfxGetLastDayInMonth(month, year), lastDay) << month << '/' << year;
         EXPECT_TRUE(month != 2 || AfxIsLeapYear(year) == (lastDay == 29)) << year;
     }
-}
-
-TEST(Calendar, DaysAndWeeksAreCountedFromTheFirstOfJanuary) {
-    const std::tuple<Day, int, int> rows[] = {
-        {{2007, 1, 7}, 7, 1},      {{2007, 1, 8}, 8, 2}, {{2008, 3, 1}, 61, 9},
-        {{2008, 12, 31}, 366, 53}, {kFirst, 1, 1},
+    const std::tuple<COleDateTime, int, int> days[] = {
+        {March(-52), 7, 1},
+        {March(-51), 8, 2},
+        {DateOf(2008, 3, 1), 61, 9},
+        {DateOf(100, 1, 1), 1, 1},
+        {DateOf(2008, 12, 31), 366, 53},
     };
-    for (const auto& [day, dayOfYear, week] : rows) {
-        EXPECT_EQ(AfxGetDayOfTheYear(DateOf(day)), dayOfYear);
-        EXPECT_EQ(AfxGetWeekNumber(DateOf(day)), week);
+    for (const auto& [day, dayOfYear, week] : days) {
+        EXPECT_EQ(AfxGetDayOfTheYear(day), dayOfYear);
+        EXPECT_EQ(AfxGetWeekNumber(day), week);
     }
 }
 
@@ -105,8 +92,7 @@ TEST(Calendar, MonthsMoveOverYears) {
     for (const auto& [month, year, offset, movedMonth, movedYear] : rows) {
         SCOPED_TRACE(testing::Message() << month << '/' << year << " by " << offset);
         const bool isMoved = movedMonth != 0;
-        int newMonth = month;
-        int newYear = year;
+        int newMonth = month, newYear = year;
         EXPECT_EQ(AfxOffsetMonth(newMonth, newYear, offset), isMoved);
         EXPECT_EQ(newMonth, isMoved ? movedMonth : month);
         EXPECT_EQ(newYear, isMoved ? movedYear : year);
@@ -136,89 +122,78 @@ TEST(Calendar, ACountRepeatsTheStep) {
                 ASSERT_EQ(step(COleDateTime(start), count), stepped) << count;
             }
         }
-}
-
-TEST(Calendar, StepsReachFarAndEndWithTheRange) {
-    const std::tuple<const char*, Stepper, Day, int, Day> rows[] = {
-        {"over the whole range", AfxGetNextFriday, kFirst, 516557, kLast},
-        {"one week too many", AfxGetPreviousFriday, kLast, 516558, kNone},
-        {"no step", AfxGetNextWeekday, {2007, 3, 7}, 0, kNone},
-        {"the least count", AfxGetNextMonday, {2007, 3, 7}, INT_MIN, kNone},
-    };
-    for (const auto& [label, step, from, count, to] : rows)
-        EXPECT_EQ(step(DateOf(from), count), DateOf(to)) << label;
+    const COleDateTime first = DateOf(100, 1, 1), last = DateOf(9999, 12, 31);
+    EXPECT_EQ(AfxGetNextFriday(first, 516557), last);
+    ExpectCases<COleDateTime>({
+        CASE(AfxGetPreviousFriday(last, 516558), COleDateTime()),
+        CASE(AfxGetNextWeekday(March(7), 0), COleDateTime()),
+        CASE(AfxGetNextMonday(March(7), INT_MIN), COleDateTime()),
+        CASE(AfxGetNextDayOfWeek(March(7), 0, 1), COleDateTime()),
+        CASE(AfxGetNextDayOfWeek(March(7), 8, 1), COleDateTime()),
+    });
 }
 
 TEST(Calendar, WhatIsNotValidLeadsNowhere) {
-    for (const COleDateTime& date : kUnusable) {
+    // The last would round to 1 January 10000.
+    for (const COleDateTime& date :
+         {WithStatus(39146, COleDateTime::invalid),
+          WithStatus(std::numeric_limits<double>::quiet_NaN(), COleDateTime::valid),
+          WithStatus(2958465.999999, COleDateTime::valid)}) {
         SCOPED_TRACE(testing::PrintToString(date));
         EXPECT_EQ(AfxGetDayOfTheYear(date), 0);
         EXPECT_EQ(AfxGetWeekNumber(date), 0);
         for (const Stepper step : kSteppers)
             EXPECT_EQ(step(date, 1), COleDateTime()) << &step - kSteppers;
     }
-    for (const int dayOfWeek : {0, 8}) {
-        EXPECT_EQ(AfxGetNextDayOfWeek(March(7), dayOfWeek, 1), COleDateTime());
-        EXPECT_EQ(AfxGetOrdinalDayOfWeekInMonth(3, 2007, dayOfWeek, 1), COleDateTime());
-    }
 }
 
 TEST(Calendar, AMonthsFirstAndLastDaysOfAKind) {
-    const std::tuple<int, int, int, int, int, int, int, int> rows[] = {
-        // Months that begin and end with different kinds of days.
-        {3, 2007, 1, 30, 3, 31, 5, 26},
-        {9, 2007, 3, 28, 1, 30, 3, 24},
-        {4, 2007, 2, 30, 1, 29, 2, 30},
-        {12, 9999, 1, 31, 4, 26, 6, 27},
+    typedef COleDateTime (*Finder)(int, int);
+    const Finder finders[] = {
+        AfxGetFirstWeekdayInMonth,   AfxGetLastWeekdayInMonth, AfxGetFirstWeekendDayInMonth,
+        AfxGetLastWeekendDayInMonth, AfxGetFirstMondayInMonth, AfxGetLastMondayInMonth,
     };
-    for (const auto& [month, year, firstWeekday, lastWeekday, firstWeekendDay, lastWeekendDay,
-                      firstMonday, lastMonday] : rows) {
-        SCOPED_TRACE(testing::Message() << month << '/' << year);
-        const auto day = [&](int number) { return DateOf({year, month, number}); };
-        EXPECT_EQ(AfxGetFirstWeekdayInMonth(month, year), day(firstWeekday));
-        EXPECT_EQ(AfxGetLastWeekdayInMonth(month, year), day(lastWeekday));
-        EXPECT_EQ(AfxGetFirstWeekendDayInMonth(month, year), day(firstWeekendDay));
-        EXPECT_EQ(AfxGetLastWeekendDayInMonth(month, year), day(lastWeekendDay));
-        EXPECT_EQ(AfxGetFirstMondayInMonth(month, year), day(firstMonday));
-        EXPECT_EQ(AfxGetLastMondayInMonth(month, year), day(lastMonday));
-    }
+    // Months that begin and end with different kinds of days.
+    const std::tuple<int, int, std::array<int, 6>> rows[] = {
+        {3, 2007, {1, 30, 3, 31, 5, 26}},
+        {9, 2007, {3, 28, 1, 30, 3, 24}},
+        {4, 2007, {2, 30, 1, 29, 2, 30}},
+        {12, 9999, {1, 31, 4, 26, 6, 27}},
+    };
+    for (const auto& [month, year, days] : rows)
+        for (std::size_t i = 0; i < 6; ++i)
+            EXPECT_EQ(finders[i](month, year), DateOf(year, month, days[i])) << month << ", " << i;
 }
 
 TEST(Calendar, AnOrdinalStaysInItsMonth) {
-    const auto day = [](int year, int month, int number) {
-        return DateOf(number == 0 ? kNone : Day{year, month, number});
-    };
+    enum { Sunday = 1, Monday, Tuesday, Friday = 6, Saturday };
     // Month, year, day of the week, ordinal, day; 0 means no such day.
     const std::tuple<int, int, int, int, int> named[] = {
-        {3, 2007, Monday, 4, 26},   {3, 2007, Monday, 5, 0},  {4, 2007, Monday, 6, 0},
-        {3, 2007, Saturday, 5, 31}, {3, 2007, Tuesday, 0, 0}, {3, 2007, Tuesday, INT_MAX, 0},
-        {12, 9999, Friday, 5, 31},  {1, 100, Friday, 1, 1},   {12, 99, Friday, 1, 0},
+        {3, 2007, Monday, 4, 26},   {3, 2007, Monday, 5, 0},  {3, 2007, Tuesday, INT_MAX, 0},
+        {3, 2007, Saturday, 5, 31}, {3, 2007, Tuesday, 0, 0}, {12, 9999, Friday, 5, 31},
+        {1, 100, Friday, 1, 1},     {12, 99, Friday, 1, 0},   {3, 2007, 0, 1, 0},
+        {3, 2007, 8, 1, 0},
     };
-    for (const auto& [month, year, dayOfWeek, ordinal, number] : named)
+    for (const auto& [month, year, dayOfWeek, ordinal, day] : named)
         EXPECT_EQ(AfxGetOrdinalDayOfWeekInMonth(month, year, dayOfWeek, ordinal),
-                  day(year, month, number))
+                  DateOf(year, month, day))
             << dayOfWeek << " no. " << ordinal << " of " << month << '/' << year;
-    // Month, year, ordinal, weekday, weekend day; 0 means no such day.
-    const std::tuple<int, int, int, int, int> kinds[] = {
-        {3, 2007, 1, 1, 3},   {3, 2007, 3, 5, 10}, {3, 2007, 9, 13, 31}, {3, 2007, 10, 14, 0},
-        {3, 2007, 22, 30, 0}, {3, 2007, 23, 0, 0}, {9, 2007, 1, 3, 1},   {3, 2007, INT_MAX, 0, 0},
+    // Month, ordinal, weekday, weekend day of 2007.
+    const std::tuple<int, int, int, int> kinds[] = {
+        {3, 1, 1, 3},   {3, 3, 5, 10}, {3, 9, 13, 31}, {3, 10, 14, 0},
+        {3, 22, 30, 0}, {3, 23, 0, 0}, {9, 1, 3, 1},   {3, INT_MAX, 0, 0},
     };
-    for (const auto& [month, year, ordinal, weekday, weekendDay] : kinds) {
-        SCOPED_TRACE(testing::Message() << "no. " << ordinal << " of " << month << '/' << year);
-        EXPECT_EQ(AfxGetOrdinalWeekdayInMonth(month, year, ordinal), day(year, month, weekday));
-        EXPECT_EQ(AfxGetOrdinalWeekendDayInMonth(month, year, ordinal),
-                  day(year, month, weekendDay));
+    for (const auto& [month, ordinal, weekday, weekendDay] : kinds) {
+        SCOPED_TRACE(testing::Message() << "no. " << ordinal << " of " << month);
+        EXPECT_EQ(AfxGetOrdinalWeekdayInMonth(month, 2007, ordinal), DateOf(2007, month, weekday));
+        EXPECT_EQ(AfxGetOrdinalWeekendDayInMonth(month, 2007, ordinal),
+                  DateOf(2007, month, weekendDay));
     }
-}
-
-// December 2006 and three months is March 2007.
-TEST(Calendar, OffsetMonthsMoveBeforeTheyAreSearched) {
-    const std::tuple<const char*, COleDateTime, COleDateTime> rows[] = {
-        {"first Tuesday", AfxGetFirstTuesdayInOffsetMonth(12, 2006, 3), March(6)},
-        {"last Tuesday", AfxGetLastTuesdayInOffsetMonth(12, 2006, 3), March(27)},
-        {"third Tuesday", AfxGetOrdinalTuesdayInOffsetMonth(12, 2006, 3, 3), March(20)},
-        {"to the year 0", AfxGetFirstDayInOffsetMonth(1, 1, -1), COleDateTime()},
-    };
-    for (const auto& [label, date, expected] : rows)
-        EXPECT_EQ(date, expected) << label;
+    // December 2006 and three months is March 2007.
+    ExpectCases<COleDateTime>({
+        CASE(AfxGetFirstTuesdayInOffsetMonth(12, 2006, 3), March(6)),
+        CASE(AfxGetLastTuesdayInOffsetMonth(12, 2006, 3), March(27)),
+        CASE(AfxGetOrdinalTuesdayInOffsetMonth(12, 2006, 3, 3), March(20)),
+        CASE(AfxGetFirstDayInOffsetMonth(1, 1, -1), COleDateTime()),
+    });
 }
