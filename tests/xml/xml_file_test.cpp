@@ -72,8 +72,6 @@ TEST(XmlFile, LoadsEveryEncoding) {
     const string longDeclaration = "<?xml" + longBlank + "encoding='latin1'?>";
     // Without a declaration in the file, the default one is returned.
     const std::tuple<const char*, string, CString, std::optional<CString>> rows[] = {
-        {"named", "<?xml encoding='latin1'?><a>\xe9</a>", _T("<a>\u00e9</a>"),
-         _T("<?xml encoding='latin1'?>")},
         {"the declaration wins over the mark",
          "\xef\xbb\xbf<?xml encoding=\"windows-1252\"?><a>\x80</a>", _T("<a>\u20ac</a>"),
          _T("<?xml encoding=\"windows-1252\"?>")},
@@ -84,10 +82,6 @@ TEST(XmlFile, LoadsEveryEncoding) {
          CString(_T("<a>")) + CString(WCHAR(' '), 70000) + _T("\u30bd</a>"),
          _T("<?xml encoding='shift_jis'?>")},
         {"UTF-16 with a long declaration", Utf16("<?xml" + longBlank + "?><a/>"), _T("<a/>"), {}},
-        {"UTF-16 that says it is UTF-8",
-         "\xff\xfe" + Utf16("<?xml encoding='utf-8'?><a/>"),
-         _T("<a/>"),
-         {}},
         {"EBCDIC", ebcdic, _T("<a/>"), _T("<?xml ?>")},
         {"UTF-16, the other order", "\xfe\xff" + Utf16("<a>b</a>", true), _T("<a>b</a>"), {}},
         {"UTF-16 with a declaration that goes on", Utf16("<?xml ?><a/>9?>x"), _T("<a/>9?>x"), {}},
@@ -95,7 +89,7 @@ TEST(XmlFile, LoadsEveryEncoding) {
          Utf16("<?xml ?><a/>78?>"), _T("<a/>78?>"), _T("<?xml ?><a/>78?>")},
         {"UTF-16 shorter than its declaration", Utf16("<?xml version='1.0'?><a/>?>"), _T("<a/>?>"),
          _T("<?xml version='1.0'?><a/>?>")},
-        {"an odd byte at the end", "\xff\xfe" + Utf16("<a/>") + "x", _T("<a/>"), {}},
+        {"an odd byte", "\xff\xfe" + Utf16("<?xml encoding='utf-8'?><a/>") + "x", _T("<a/>"), {}},
     };
     const TemporaryFolder folder;
     for (const auto& [label, bytes, document, declaration] : rows) {
@@ -220,8 +214,7 @@ TEST(XmlFileException, HasTextsForItsCauses) {
     }
     try {
         AfxThrowXMLFileException(CXMLFileException::invalidFile, _T("name"));
-    } catch (CFileException* exception) {
-        EXPECT_TRUE(exception->IsKindOf(RUNTIME_CLASS(CXMLFileException)));
+    } catch (CXMLFileException* exception) {
         EXPECT_EQ(exception->m_strFileName, _T("name"));
         WCHAR buffer[10];
         EXPECT_TRUE(exception->GetErrorMessage(buffer, 10));
