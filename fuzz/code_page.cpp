@@ -6,10 +6,8 @@
 
 using namespace quorvel::win32;
 
-namespace {
-
 // Empty when it is refused. Vectors have the exact size, so that the sanitizer finds overruns.
-std::vector<WCHAR> Decode(UINT codePage, DWORD flags, const std::vector<char>& bytes) {
+static std::vector<WCHAR> Decode(UINT codePage, DWORD flags, const std::vector<char>& bytes) {
     const int count = static_cast<int>(bytes.size());
     const int length = MultiByteToWideChar(codePage, flags, bytes.data(), count, nullptr, 0);
     std::vector<WCHAR> text(static_cast<std::size_t>(length));
@@ -18,7 +16,7 @@ std::vector<WCHAR> Decode(UINT codePage, DWORD flags, const std::vector<char>& b
     return text;
 }
 
-std::vector<char> Encode(UINT codePage, DWORD flags, const std::vector<WCHAR>& text) {
+static std::vector<char> Encode(UINT codePage, DWORD flags, const std::vector<WCHAR>& text) {
     const int count = static_cast<int>(text.size());
     const int length =
         WideCharToMultiByte(codePage, flags, text.data(), count, nullptr, 0, nullptr, nullptr);
@@ -31,8 +29,6 @@ std::vector<char> Encode(UINT codePage, DWORD flags, const std::vector<WCHAR>& t
 constexpr UINT kCodePages[] = {65001, 65001, 65000, 1252,  932,   936,   949,   950,
                                37,    437,   20127, 28591, 10001, 1255,  50220, 50221,
                                50225, 50227, 50930, 50939, 51932, 52936, 54936, 57002};
-
-} // namespace
 
 FUZZ_TARGET(input) {
     const unsigned first = input.Byte();

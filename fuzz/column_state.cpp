@@ -4,21 +4,21 @@
 #include "support/registry.h"
 #include "support/simulated_columns.h"
 
-using namespace quorvel::win32;
+#include <numeric>
 
-namespace {
+using namespace quorvel::win32;
 
 constexpr const WCHAR* kNames[] = {_T("Count"),          _T("Sort Column"),
                                    _T("Sort Ascending"), _T("Persist Sort Order"),
                                    _T("Width"),          _T("Sort Order")};
 
-HKEY NewKey(HKEY parent, const WCHAR* name) {
+static HKEY NewKey(HKEY parent, const WCHAR* name) {
     HKEY key = nullptr;
     RegCreateKeyExW(parent, name, 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
     return key;
 }
 
-void WriteValue(HKEY columns, FuzzInput& input) {
+static void WriteValue(HKEY columns, FuzzInput& input) {
     const unsigned what = input.Byte();
     const WCHAR* const name = kNames[what % 6];
     CString group;
@@ -27,8 +27,7 @@ void WriteValue(HKEY columns, FuzzInput& input) {
     const HKEY key = NewKey(columns, group);
     const unsigned form = input.Byte();
     // Most stored numbers are small.
-    const auto number =
-        form % 4 == 0 ? input.Value<std::uint32_t>() : static_cast<std::uint32_t>(input.Byte() - 1);
+    const auto number = form % 4 == 0 ? input.Value<DWORD>() : static_cast<DWORD>(input.Byte() - 1);
     std::string bytes(reinterpret_cast<const char*>(&number), sizeof number);
     if (form >= 240)
         bytes.resize(form % 12);
@@ -36,12 +35,12 @@ void WriteValue(HKEY columns, FuzzInput& input) {
     RegCloseKey(key);
 }
 
-void Define(SimulatedList& list) {
+static void Define(SimulatedList& list) {
     list.columns.Insert(0, 5, false, _T("F"), 1, 60, -1);
     list.columns.Insert(0, 6, false, _T("G"), 0, -1, -1);
 }
 
-void CheckOrder(SimulatedList& list) {
+static void CheckOrder(SimulatedList& list) {
     int shown = 0;
     for (const auto& [trueColumn, column] : list.columns.Records()) {
         const int inserted = list.columns.GetInsertedColumn(trueColumn);
@@ -49,16 +48,13 @@ void CheckOrder(SimulatedList& list) {
         Require(!column.isVisible || list.columns.GetTrueColumn(inserted) == trueColumn);
         shown += column.isVisible;
     }
-    Require(shown == list.view.GetCount());
-    Require(list.columns.Find(list.columns.GetSortColumn()) != nullptr ||
-            list.columns.GetSortColumn() == -1);
-    std::vector<int> order = list.view.GetOrder();
-    std::sort(order.begin(), order.end());
-    for (int i = 0; i < shown; ++i)
-        Require(order[static_cast<std::size_t>(i)] == i);
+    const int sortColumn = list.columns.GetSortColumn();
+    Require(sortColumn == -1 || list.columns.Find(sortColumn) != nullptr);
+    std::vector<int> order = list.view.GetOrder(), sorted(order.size());
+    std::iota(sorted.begin(), sorted.end(), 0);
+    Require(shown == list.view.GetCount() && sorted.size() == static_cast<std::size_t>(shown));
+    Require(std::is_permutation(order.begin(), order.end(), sorted.begin()));
 }
-
-} // namespace
 
 FUZZ_TARGET(input) {
     const std::size_t size = input.Bytes().size();
@@ -73,13 +69,13 @@ FUZZ_TARGET(input) {
     Define(again);
     for (int i = 0; i < 4; ++i)
         plain.view.Insert(i, {});
-    Require(list.columns.LoadState(test.Get(), FALSE));
-    Require(plain.columns.LoadState(test.Get(), FALSE));
+    Require(list.columns.LoadState(test.Get(), FALSE) &&
+            plain.columns.LoadState(test.Get(), FALSE));
     CheckOrder(list);
     Require(plain.view.GetCount() == 4);
 
-    Require(list.columns.SaveState(test.Get(), FALSE));
-    Require(again.columns.LoadState(test.Get(), FALSE));
+    Require(list.columns.SaveState(test.Get(), FALSE) &&
+            again.columns.LoadState(test.Get(), FALSE));
     Require(again.Text() == list.Text() &&
             again.columns.GetSortColumn() == list.columns.GetSortColumn());
 }

@@ -4,12 +4,9 @@
 #include "net/http_header_reader.h"
 #include "update/body_decoder.h"
 
-namespace {
-
 typedef quorvel::BodyDecoder Decoder;
-constexpr ULONGLONG kLimit = 1 << 20;
 
-void RequireSame(const CHttpHeader& left, const CHttpHeader& right) {
+static void RequireSame(const CHttpHeader& left, const CHttpHeader& right) {
     Require(left.GetVersion() == right.GetVersion() &&
             left.GetStatusCode() == right.GetStatusCode() && left.GetLength() == right.GetLength());
     const CMapStringToString& fields = left.GetFieldsMap();
@@ -24,7 +21,7 @@ void RequireSame(const CHttpHeader& left, const CHttpHeader& right) {
 
 // Passes the bytes on in pieces of the sizes that `nextSize` returns.
 template <class NextSize, class Take>
-void InPieces(const std::string& bytes, NextSize nextSize, Take take) {
+static void InPieces(const std::string& bytes, NextSize nextSize, Take take) {
     for (std::size_t at = 0, count = 0; at < bytes.size(); at += count) {
         count = std::min(bytes.size() - at, nextSize());
         take(bytes.data() + at, count);
@@ -33,20 +30,19 @@ void InPieces(const std::string& bytes, NextSize nextSize, Take take) {
 
 // A fault may be in the same piece as the bytes that make the body too long: both are Damaged here.
 template <class NextSize>
-std::pair<Decoder::Outcome, std::string> Decode(const CHttpHeader& header, const std::string& body,
-                                                NextSize nextSize) {
+static std::pair<Decoder::Outcome, std::string> Decode(const CHttpHeader& header,
+                                                       const std::string& body, NextSize nextSize) {
     std::string decoded;
-    Decoder decoder(header, kLimit,
+    constexpr ULONGLONG limit = 1 << 20;
+    Decoder decoder(header, limit,
                     [&](const char* bytes, std::size_t count) { decoded.append(bytes, count); });
     InPieces(body, nextSize, [&](const char* bytes, std::size_t n) { decoder.Add(bytes, n); });
-    Require(decoded.size() <= kLimit);
+    Require(decoded.size() <= limit);
     const Decoder::Outcome outcome = decoder.GetOutcome();
     if (outcome == Decoder::Outcome::Damaged || outcome == Decoder::Outcome::TooLong)
         return {Decoder::Outcome::Damaged, {}};
     return {outcome, decoded};
 }
-
-} // namespace
 
 FUZZ_TARGET(input) {
     typedef quorvel::HttpHeaderReader Reader;

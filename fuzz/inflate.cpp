@@ -19,27 +19,24 @@ Result ByZlib(const std::string& input) {
     Require(inflateInit(&stream) == Z_OK);
     stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(input.data()));
     stream.avail_in = static_cast<uInt>(input.size());
-    Result result;
+    std::string bytes;
     int code = Z_OK;
     while (code == Z_OK) {
         char buffer[1000];
         stream.next_out = reinterpret_cast<Bytef*>(buffer);
         stream.avail_out = sizeof buffer;
         code = inflate(&stream, Z_NO_FLUSH);
-        result.bytes.append(buffer, sizeof buffer - stream.avail_out);
+        bytes.append(buffer, sizeof buffer - stream.avail_out);
     }
-    result.whole = code == Z_STREAM_END;
-    result.used = result.whole ? stream.total_in : 0;
     inflateEnd(&stream);
-    return result;
+    return {code == Z_STREAM_END, bytes, code == Z_STREAM_END ? stream.total_in : 0};
 }
 
 Result ByStream(const std::string& input, UINT compressedSize, UINT uncompressedSize) {
     CZStream stream;
     Require(stream.InitializeBuffers(compressedSize, uncompressedSize));
     Require(stream.InflateInit() == Z_OK);
-    TestFile source(input);
-    TestFile destination;
+    TestFile source(input), destination;
     UINT written;
     const bool whole = stream.Inflate(source, 0xffffffff, destination, written) == 1;
     Require(stream.InflateEnd() == Z_OK);

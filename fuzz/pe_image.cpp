@@ -7,18 +7,16 @@
 
 using namespace quorvel;
 
-namespace {
-
 typedef std::span<const BYTE> Bytes;
 
 constexpr WORD kLanguages[] = {0, 0x0409};
 
-void CheckInside(Bytes all, const void* start, std::size_t size) {
+static void CheckInside(Bytes all, const void* start, std::size_t size) {
     const auto* first = static_cast<const BYTE*>(start);
     Require(size == 0 || (first >= all.data() && first + size <= all.data() + all.size()));
 }
 
-void CheckVersion(Bytes block) {
+static void CheckVersion(Bytes block) {
     for (const WCHAR* path :
          {_T(""), _T("\\VarFileInfo\\Translation"), _T("\\StringFileInfo\\040904b0\\CompanyName"),
           _T("\\StringFileInfo\\040904b0\\x"), _T("\\\\a\\\\")})
@@ -26,7 +24,7 @@ void CheckVersion(Bytes block) {
             CheckInside(block, value->bytes.data(), value->bytes.size());
 }
 
-void CheckResources(Bytes section, const PeSection& where) {
+static void CheckResources(Bytes section, const PeSection& where) {
     const PeResources resources(section, where);
     const PeStringTable strings(resources, {kLanguages, true});
     const ResourceName names[] = {{1}, {7}, {0, _T("Named")}, {0, _T("Kind")}, {10}, {16}};
@@ -45,8 +43,6 @@ void CheckResources(Bytes section, const PeSection& where) {
                 CheckVersion(*data);
             }
 }
-
-} // namespace
 
 FUZZ_TARGET(input) {
     const std::vector<BYTE> file = input.Block();

@@ -10,12 +10,10 @@
 #include <cstdio>
 #include <utility>
 
-namespace {
-
 // The printed text; empty when it is refused or too long to be useful. The measured and the printed
 // length must agree.
 template <class Ch>
-std::basic_string<Ch> Printed(const Ch* format, ...) {
+static std::basic_string<Ch> Printed(const Ch* format, ...) {
     va_list arguments, again;
     va_start(arguments, format);
     va_copy(again, arguments);
@@ -38,13 +36,13 @@ std::basic_string<Ch> Printed(const Ch* format, ...) {
 
 // Both widths must print the same, except texts, which differ in type.
 template <class... Arguments>
-std::string PrintedTwice(const std::string& format, Arguments... arguments) {
+static std::string PrintedTwice(const std::string& format, Arguments... arguments) {
     const std::string narrow = Printed(format.c_str(), arguments...);
     Require(Widened(narrow) == Printed(Widened(format).c_str(), arguments...));
     return narrow;
 }
 
-int SmallNumber(FuzzInput& input) {
+static int SmallNumber(FuzzInput& input) {
     static constexpr int extremes[] = {INT_MAX, INT_MIN, 1'000'000, -1};
     const int number = input.Byte();
     return number < 250 ? number - 20 : extremes[number % 4];
@@ -52,7 +50,7 @@ int SmallNumber(FuzzInput& input) {
 
 // One conversion with flags, a width and a precision. Results that the Windows runtime shares with
 // the C library are compared with the latter; an exact number is parsed back.
-void CheckConversion(FuzzInput& input) {
+static void CheckConversion(FuzzInput& input) {
     std::string format = "%";
     for (int flags = input.Byte(), i = 0; i < 5; ++i)
         if (flags >> i & 1)
@@ -94,13 +92,11 @@ void CheckConversion(FuzzInput& input) {
 alignas(16) char s_anything[64] = "text\0x\0t\0\0\0\0\0";
 
 template <std::size_t... indices>
-void PrintAnything(std::string format, std::index_sequence<indices...>) {
+static void PrintAnything(std::string format, std::index_sequence<indices...>) {
     std::replace(format.begin(), format.end(), 'n', 'd'); // %n would write
     Printed(format.c_str(), (static_cast<void>(indices), s_anything)...);
     Printed(Widened(format).c_str(), (static_cast<void>(indices), s_anything)...);
 }
-
-} // namespace
 
 FUZZ_TARGET(input) {
     if (input.Byte() & 1)

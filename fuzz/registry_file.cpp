@@ -7,11 +7,9 @@
 
 using namespace quorvel;
 
-namespace {
-
 constexpr RegistryKey kUser = {2, 0};
 
-void Enumerate(RegistryStore& store, const RegistryKey& key, int depth) {
+static void Enumerate(RegistryStore& store, const RegistryKey& key, int depth) {
     RegistryCursor cursor;
     std::u16string name;
     BYTE buffer[64];
@@ -32,7 +30,7 @@ void Enumerate(RegistryStore& store, const RegistryKey& key, int depth) {
     }
 }
 
-DWORD Change(RegistryStore& store) {
+static DWORD Change(RegistryStore& store) {
     RegistryKey key = {};
     bool isNew = false;
     if (const DWORD error = store.Create(kUser, u"Software\\A\\B", key, isNew))
@@ -42,8 +40,6 @@ DWORD Change(RegistryStore& store) {
     store.DeleteKey(key, u"");
     return error;
 }
-
-} // namespace
 
 FUZZ_TARGET(input) {
     const TemporaryFolder folder;

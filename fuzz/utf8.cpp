@@ -6,12 +6,11 @@
 
 using namespace quorvel;
 
-namespace {
-
 // The vectors have the exact sizes of room and text, so that the sanitizer finds overruns.
 template <class Source, class Target>
-void Check(DWORD (*convert)(const Utf8Kernels*, std::span<const Source>, bool, Output<Target>&),
-           const std::vector<Source>& source, bool strict, std::size_t missing) {
+static void Check(DWORD (*convert)(const Utf8Kernels*, std::span<const Source>, bool,
+                                   Output<Target>&),
+                  const std::vector<Source>& source, bool strict, std::size_t missing) {
     const auto run = [&](const Utf8Kernels* kernels, std::size_t room) {
         std::vector<Target> text(room);
         Target nowhere;
@@ -41,14 +40,12 @@ constexpr std::u16string_view kSurroundings[] = {
     u"😀🚀🎉👍😀🚀🎉👍😀🚀🎉👍😀🚀🎉👍😀🚀🎉👍"};
 
 template <class Unit>
-std::vector<Unit> Surrounded(const std::vector<Unit>& text, const std::vector<Unit>& by) {
-    std::vector<Unit> all = by;
-    for (const auto& part : {text, by, by, text, by})
+static std::vector<Unit> Surrounded(const std::vector<Unit>& text, const std::vector<Unit>& by) {
+    std::vector<Unit> all;
+    for (const auto& part : {by, text, by, by, text, by})
         all.insert(all.end(), part.begin(), part.end());
     return all;
 }
-
-} // namespace
 
 FUZZ_TARGET(input) {
     const std::uint8_t kind = input.Byte();

@@ -72,8 +72,8 @@ def output_of(program, build, languages, arguments):
 
 def main():
     parser = argparse.ArgumentParser()
-    parser.add_argument("--tree", type=pathlib.Path, required=True)
-    parser.add_argument("--work", type=pathlib.Path, required=True)
+    for folder in ("--tree", "--work"):
+        parser.add_argument(folder, type=pathlib.Path, required=True)
     parser.add_argument("--windows", action="store_true")
     parser.add_argument("--cmake", action="append", default=[])
     parser.add_argument("pages", type=pathlib.Path, nargs="+")
@@ -91,9 +91,8 @@ def main():
             sys.exit(f"{page}: no program")
         wanted += [each for each in found if arguments.windows or "/win/" not in each["cpp"]]
     for each in wanted:
-        for kind in ("cpp", "rc"):
-            if kind in each:
-                (arguments.work / f"{each['name']}.{kind}").write_text(each[kind], encoding="utf-8")
+        for kind in {"cpp", "rc"} & each.keys():
+            (arguments.work / f"{each['name']}.{kind}").write_text(each[kind], encoding="utf-8")
     shutil.copy(HELPERS / "press.cpp", arguments.work)
     (arguments.work / "CMakeLists.txt").write_text(project(wanted), encoding="utf-8")
     package = next(arguments.tree.rglob("quorvelConfig.cmake")).parent
@@ -108,8 +107,7 @@ def main():
     languages = ("Z:" if arguments.windows else "") + str(german.parent)
     wrong = 0
     for each in wanted:
-        output = output_of(each, build, languages, arguments)
-        if output != each.get("text"):
+        if (output := output_of(each, build, languages, arguments)) != each.get("text"):
             wrong += 1
             print(f"== {each['name']} prints\n{output}== and the page says\n{each.get('text')}")
     print(f"guide: {len(wanted) - wrong} of {len(wanted)} programs print what their pages say")

@@ -54,10 +54,10 @@ private:
         compress2(block.data(), &length, static_cast<const Bytef*>(data), static_cast<uLong>(size),
                   9);
         int count = 2 * static_cast<int>(length) + 4;
-        std::string text(static_cast<std::size_t>(count), 0);
+        std::vector<char> text(static_cast<std::size_t>(count));
         EXPECT_TRUE(AfxBase64EncodeMultiByte(block.data(), static_cast<int>(length), text.data(),
                                              &count, BASE64_NO_LINE_BREAKS));
-        m_file << text.substr(0, static_cast<std::size_t>(count)) << ' ';
+        m_file.write(text.data(), count) << ' ';
     }
     bool Read(void* data, std::size_t size) {
         std::string text;

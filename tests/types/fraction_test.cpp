@@ -6,12 +6,10 @@
 
 #include <cmath>
 
-namespace {
-
 typedef CFraction F;
 
 // Both members, since CFraction's own == compares values.
-std::pair<int, int> Of(const F& fraction) {
+static std::pair<int, int> Of(const F& fraction) {
     return {fraction.GetNumerator(), fraction.GetDenominator()};
 }
 
@@ -131,5 +129,3 @@ TEST(Vector2D, MeasuresTheDistanceFromALine) {
     EXPECT_EQ(CVector2D::GetLengthOfNormal({7, 1}, {-4, 4}), std::sqrt(32.0));
     EXPECT_FALSE(std::isfinite(CVector2D::GetLengthOfNormal({1, 1}, {0, 0})));
 }
-
-} // namespace

@@ -15,23 +15,7 @@ public:
     // the index as a tree of tag positions, independent of the slots used.
     std::vector<std::array<int, 5>> Tree() const {
         std::vector<std::array<int, 5>> tree;
-        int depth = 0;
-        for (int i = m_aPos[0].iFirstChild; i != 0;) {
-            const ElemPos& element = m_aPos[i];
-            tree.push_back({element.nTagOpen, element.nTagClose, element.nEndTagOpen,
-                            element.nEndTagClose, depth});
-            if (element.iFirstChild != 0) {
-                i = element.iFirstChild;
-                ++depth;
-                continue;
-            }
-            while (i != 0 && m_aPos[i].iNextSibling == 0) {
-                i = m_aPos[i].iParent;
-                --depth;
-            }
-            if (i != 0)
-                i = m_aPos[i].iNextSibling;
-        }
+        Add(tree, m_aPos[0].iFirstChild, 0);
         return tree;
     }
 
@@ -43,5 +27,14 @@ public:
     const ElemPos& Record(int index) const { return m_aPos[index]; }
     std::array<int, 4> Position() const {
         return {m_iPosParent, m_iPosMain, m_iPosChild, m_nNodeType};
+    }
+
+private:
+    void Add(std::vector<std::array<int, 5>>& tree, int i, int depth) const {
+        for (; i != 0; i = m_aPos[i].iNextSibling) {
+            const ElemPos& at = m_aPos[i];
+            tree.push_back({at.nTagOpen, at.nTagClose, at.nEndTagOpen, at.nEndTagClose, depth});
+            Add(tree, at.iFirstChild, depth + 1);
+        }
     }
 };

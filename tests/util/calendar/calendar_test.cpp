@@ -5,19 +5,17 @@
 
 #include <array>
 
-namespace {
-
 // 0 is the empty date.
-COleDateTime DateOf(int year, int month, int day) {
+static COleDateTime DateOf(int year, int month, int day) {
     return day == 0 ? COleDateTime() : COleDateTime(year, month, day, 0, 0, 0);
 }
 
 // A day of March 2007; numbers below 1 are days of February.
-COleDateTime March(int day) {
+static COleDateTime March(int day) {
     return COleDateTime(DATE{39141.0 + day});
 }
 
-COleDateTime WithStatus(DATE serial, COleDateTime::DateTimeStatus status) {
+static COleDateTime WithStatus(DATE serial, COleDateTime::DateTimeStatus status) {
     COleDateTime date(serial);
     date.SetStatus(status);
     return date;
@@ -29,8 +27,6 @@ constexpr Stepper kSteppers[] = {
     AfxGetPreviousWeekday, AfxGetNextWeekday,    AfxGetPreviousWeekendDay,
     AfxGetNextWeekendDay,  AfxGetPreviousMonday, AfxGetNextMonday,
 };
-
-} // namespace
 
 TEST(Calendar, DatesAndTimesHaveTheirRanges) {
     const std::tuple<int, int, int, BOOL> dates[] = {

@@ -3,19 +3,15 @@
 #include "support/date_time.h"
 #include "support/test.h"
 
-namespace {
-
 // The date of a text that is refused.
 const COleDateTime kMarker(1234.5);
 
-void ExpectDate(const WCHAR* text, const COleDateTime& expected, int order = 1) {
+static void ExpectDate(const WCHAR* text, const COleDateTime& expected, int order = 1) {
     SCOPED_TRACE(testing::PrintToString(CString(text)));
     COleDateTime date = kMarker;
     EXPECT_EQ(AfxStringToDate(text, date, order), expected != kMarker);
     EXPECT_EQ(date, expected);
 }
-
-} // namespace
 
 TEST(DateParser, EveryFormOfATextHasItsDate) {
     const COleDateTime noon(2007, 3, 4, 12, 34, 56);

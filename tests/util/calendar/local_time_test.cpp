@@ -76,12 +76,12 @@ TEST(LocalTime, TimesThatCannotBeAreRefusedWithAnError) {
     const auto error = [&](const SYSTEMTIME* local, SYSTEMTIME* result) {
         return ErrorOf([=] { return AfxTzSpecificLocalTimeToSystemTime(nullptr, local, result); });
     };
+    const WORD february = kOnLinux ? 2 : 13; // Wine reads 29 February as 1 March
     for (const SYSTEMTIME& time : {SYSTEMTIME{1601, 1, 0, 1, 0, 59, 59, 0},
                                    {2007, 13, 0, 1, 0, 0, 0, 0},
                                    {2007, 1, 0, 1, 24, 0, 0, 0},
                                    {2007, 1, 0, 0, 0, 0, 0, 0},
-                                   // Wine reads 29 February as 1 March.
-                                   {2007, static_cast<WORD>(kOnLinux ? 2 : 13), 0, 29, 0, 0, 0, 0}})
+                                   {2007, february, 0, 29, 0, 0, 0, 0}})
         EXPECT_EQ(error(&time, &utc), DWORD{ERROR_INVALID_PARAMETER}) << time.wMonth;
     EXPECT_EQ(std::memcmp(&utc, &marker, sizeof marker), 0);
     EXPECT_EQ(error(nullptr, &utc), DWORD{ERROR_INVALID_PARAMETER});

@@ -8,8 +8,6 @@
 // Compares the kernels, in both widths.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-namespace {
-
 TEST(Base64Kernels, AgreeOnEveryLengthWithForeignCharacters) {
     const std::string alphabet = quorvel::kBase64Alphabet;
     std::mt19937 random(20240229);
@@ -39,5 +37,3 @@ TEST(Base64Kernels, AgreeOnEveryWideCharacter) {
             ASSERT_TRUE(kernels == nullptr || decoded(*kernels) == expected) << unit;
     }
 }
-
-} // namespace

@@ -2,10 +2,8 @@
 
 #include "support/test.h"
 
-namespace {
-
 // Encodes in both widths, which must agree.
-std::string Encode(const std::string& bytes, DWORD flags) {
+static std::string Encode(const std::string& bytes, DWORD flags) {
     const auto* const source = reinterpret_cast<const BYTE*>(bytes.data());
     const int size = static_cast<int>(bytes.size());
     int length = AfxBase64EncodeGetRequiredLength(size, flags);
@@ -19,7 +17,7 @@ std::string Encode(const std::string& bytes, DWORD flags) {
     return text.substr(0, static_cast<std::size_t>(length));
 }
 
-std::string Decode(const std::basic_string<WCHAR>& text) {
+static std::string Decode(const std::basic_string<WCHAR>& text) {
     int length = AfxBase64DecodeGetRequiredLength(static_cast<int>(text.size()));
     std::string bytes(text.size(), '#');
     EXPECT_TRUE(AfxBase64Decode(text.data(), static_cast<int>(text.size()),
@@ -27,8 +25,6 @@ std::string Decode(const std::basic_string<WCHAR>& text) {
     EXPECT_EQ(bytes.find_first_not_of('#', static_cast<std::size_t>(length)), bytes.npos);
     return bytes.substr(0, static_cast<std::size_t>(length));
 }
-
-} // namespace
 
 TEST(Base64, EncodesInEveryFlagCombination) {
     constexpr DWORD breaks = 0;

@@ -6,15 +6,14 @@
 
 #include "support/test.h"
 
-TEST(ByteSwap, ReversesTheBytesOfEachUnit) {
-    WORD words[40]; // more than a vector holds
-    for (WORD i = 0; i < 40; ++i)
-        words[i] = i;
-    EXPECT_TRUE(AfxSwapWordData(words, 39));
-    for (WORD i = 0; i < 39; ++i)
-        EXPECT_EQ(words[i], i << 8);
-    EXPECT_EQ(words[39], 39); // beyond the count
+#include <algorithm>
 
+TEST(ByteSwap, ReversesTheBytesOfEachUnit) {
+    WORD words[40] = {}; // more than a vector holds
+    std::fill(words, words + 40, WORD{0x0102});
+    EXPECT_TRUE(AfxSwapWordData(words, 39));
+    EXPECT_TRUE(std::all_of(words, words + 39, [](WORD each) { return each == 0x0201; }));
+    EXPECT_EQ(words[39], 0x0102); // beyond the count
     DWORD dwords[2] = {0x01020304, 0x000000ff};
     EXPECT_TRUE(AfxSwapDWordData(dwords, 1));
     EXPECT_TRUE(dwords[0] == 0x04030201u && dwords[1] == 0xffu);
@@ -41,26 +40,21 @@ TEST(Utf8, ConvertsBothWays) {
 }
 
 TEST(Utf8, ByteOrderMarksAreToldApart) {
-    typedef BOOL (*MarkTest)(const BYTE*, SIZE_T);
-    const MarkTest tests[] = {AfxHasUTF8ByteOrderMark, AfxHasUTF16LEByteOrderMark,
-                              AfxHasUTF16BEByteOrderMark, AfxHasUTF32LEByteOrderMark,
-                              AfxHasUTF32BEByteOrderMark};
-    // The last field is the test that recognises it.
-    const std::tuple<std::string, MarkTest> rows[] = {
-        {"\xef\xbb\xbf", AfxHasUTF8ByteOrderMark},
-        {"\xef\xbb", nullptr},
-        {"\xff\xfe", AfxHasUTF16LEByteOrderMark},
-        {std::string("\xff\xfe\0a", 4), AfxHasUTF16LEByteOrderMark},
-        {std::string("\xfe\xff\0\0", 4), AfxHasUTF16BEByteOrderMark},
-        {std::string("\xff\xfe\0\0", 4), AfxHasUTF32LEByteOrderMark},
-        {std::string("\0\0\xfe\xff", 4), AfxHasUTF32BEByteOrderMark},
-        {std::string("\0\0\xfe", 3), nullptr},
+    using namespace std::string_literals;
+    BOOL(*const tests[])
+    (const BYTE*, SIZE_T) = {AfxHasUTF8ByteOrderMark, AfxHasUTF16LEByteOrderMark,
+                             AfxHasUTF16BEByteOrderMark, AfxHasUTF32LEByteOrderMark,
+                             AfxHasUTF32BEByteOrderMark};
+    // The bytes, and the number of the test that recognises them.
+    const std::tuple<std::string, int> rows[] = {
+        {"\xef\xbb\xbf", 0},  {"\xef\xbb", -1},     {"\xff\xfe", 1},      {"\xff\xfe\0a"s, 1},
+        {"\xfe\xff\0\0"s, 2}, {"\xff\xfe\0\0"s, 3}, {"\0\0\xfe\xff"s, 4}, {"\0\0\xfe"s, -1},
     };
     for (const auto& [bytes, known] : rows)
-        for (const MarkTest& test : tests)
-            EXPECT_EQ(test(reinterpret_cast<const BYTE*>(bytes.data()), bytes.size()),
-                      test == known)
-                << testing::PrintToString(bytes) << ' ' << &test - tests;
+        for (int i = 0; i < 5; ++i)
+            EXPECT_EQ(tests[i](reinterpret_cast<const BYTE*>(bytes.data()), bytes.size()),
+                      i == known)
+                << testing::PrintToString(bytes) << ' ' << i;
     EXPECT_FALSE(AfxHasUTF8ByteOrderMark(nullptr, 3));
 }
 

@@ -5,10 +5,8 @@
 
 #include <sstream>
 
-namespace {
-
 // A null preferred name: not an alias. Code page 0: unknown.
-void ExpectEncoding(const CString& name, const WCHAR* preferred, UINT codePage) {
+static void ExpectEncoding(const CString& name, const WCHAR* preferred, UINT codePage) {
     SCOPED_TRACE(testing::PrintToString(name));
     CString found(_T("#"));
     EXPECT_EQ(AfxGetPreferredCharacterEncodingName(name, found), preferred != nullptr);
@@ -17,8 +15,6 @@ void ExpectEncoding(const CString& name, const WCHAR* preferred, UINT codePage) 
     EXPECT_EQ(AfxCharacterEncodingToCodePage(name, foundCodePage), codePage != 0);
     EXPECT_EQ(foundCodePage, codePage);
 }
-
-} // namespace
 
 TEST(EncodingNames, TheTableIsThePublishedOne) {
     Golden golden("encodings");

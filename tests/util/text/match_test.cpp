@@ -2,20 +2,16 @@
 
 #include "support/test.h"
 
-namespace {
-
-Wide Widened(const std::string& text) {
+static Wide Widened(const std::string& text) {
     return Wide(text.begin(), text.end());
 }
 
-std::string Repeated(const char* text, int count) {
+static std::string Repeated(const char* text, int count) {
     std::string result;
     while (count-- > 0)
         result += text;
     return result;
 }
-
-} // namespace
 
 TEST(Match, BothWidthsSearchAndMatchAlike) {
     enum Found { none, part, whole };

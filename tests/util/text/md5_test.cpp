@@ -6,15 +6,11 @@
 
 using namespace quorvel::win32;
 
-namespace {
-
-const BYTE* Bytes(const std::string& text) {
+static const BYTE* Bytes(const std::string& text) {
     return reinterpret_cast<const BYTE*>(text.data());
 }
 const std::string kMillion(1000000, 'a');
 const char* const kMillionsChecksum = "7707d6ae4e027c70eea2a935c2296f21";
-
-} // namespace
 
 TEST(Md5, PublishedVectorsAndEveryPadding) {
     const std::tuple<std::string, const char*> rows[] = {
@@ -51,24 +47,22 @@ TEST(Md5, UpdatesOfAnySizeGiveTheDigestOfTheWhole) {
 TEST(Md5, NullPointersAreRefused) {
     BYTE digest[16] = {7};
     CStringA text("#");
-    EXPECT_FALSE(AfxGenerateMD5Digest(nullptr, 0, digest));
-    EXPECT_FALSE(AfxFormatMD5Checksum(nullptr, text, FALSE));
-    EXPECT_FALSE(AfxGenerateFileMD5Checksum(nullptr, text));
+    EXPECT_FALSE(AfxGenerateMD5Digest(nullptr, 0, digest) ||
+                 AfxFormatMD5Checksum(nullptr, text, FALSE) ||
+                 AfxGenerateFileMD5Checksum(nullptr, text));
     AfxMD5Update(nullptr, digest, 1);
     AfxMD5Final(digest, nullptr);
-    EXPECT_EQ(text, "#");
-    EXPECT_EQ(digest[0], 7);
+    EXPECT_TRUE(text == "#" && digest[0] == 7);
 }
 
 TEST(Md5, FilesAreReadFromTheirPositionToTheirEnd) {
     const TemporaryFolder folder;
-    const CString path = folder.Path(_T("file"));
+    const CString path = folder.Path(_T("file")), missing = folder.Path(_T("missing"));
     folder.Write(_T("file"), kMillion);
     CStringA text;
     EXPECT_TRUE(AfxGenerateFileMD5Checksum(path, text));
-    EXPECT_EQ(text, kMillionsChecksum);
-    EXPECT_FALSE(AfxGenerateFileMD5Checksum(folder.Path(_T("missing")), text));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_EQ(ErrorOf([&] { return AfxGenerateFileMD5Checksum(missing, text); }),
+              DWORD{ERROR_FILE_NOT_FOUND});
     EXPECT_EQ(text, kMillionsChecksum);
 
     folder.Write(_T("file"), "skipped abc");
