@@ -10,7 +10,6 @@ sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "tools"))
 import check_exports  # noqa: E402
 import check_layers  # noqa: E402
 import check_pictures  # noqa: E402
-import doxygen_filter  # noqa: E402
 
 COMPONENTS = """component platform platform uses
 component framework framework uses platform
@@ -66,21 +65,10 @@ PICTURES = [
     (2, [], "has no pixels"),
 ]
 
-# a header, and what Doxygen reads; the first comment is for the header and not in these
-HEADERS_FOR_DOXYGEN = [
-    ("// Both.\nint F();\nint G();\n\nint H();", "/**@{*/ /** Both. */\nint F();\nint G(); /**@}*/\n\nint H();"),
-    ("// One in\n// two lines.\nint F(int a,\n      int b);", "/** One in\n two lines. */\nint F(int a,\n      int b);"),
-    ("int F(); // a <b>", "int F(); /**< a \\<b\\> */"),
-    ("struct S { // ours\n};", "/** ours */ struct S {\n};"),
-    ("// A remark.\n\nint F();", "\n\nint F();"),
-    ("    // Fills it.\n    A(int);\n    A(const A& o);", "    /** Fills it. */\n    A(int);\n    A(const A& o);"),
-]
-
 # mangled, as listed; None for what is dropped
 NAMES = [
     ("_ZN1A1fEPKDs", "A::f(wchar_t const*)"),
     ("_ZN1A1gElmxy", "A::g(int, unsigned int, int, unsigned int)"),
-    ("_ZN1A1hEed", "A::h(long double, double)"),
     ("_ZN1A1iB5cxx11Ev", "A::i()"),
     ("_ZN1A1vEP13__va_list_tag", "A::v(char*)"),
     ("_ZN5Story4tellEv", "Story::tell()"),
@@ -132,14 +120,6 @@ class Pictures(unittest.TestCase):
                 picture += b"".join(chunk(kind) for kind in kinds)
                 self.assertEqual(check_pictures.fault(picture), expected)
         self.assertEqual(check_pictures.fault(b"GIF89a"), "is no PNG")
-
-
-class DoxygenFilter(unittest.TestCase):
-    def test_comments(self):
-        for header, expected in HEADERS_FOR_DOXYGEN:
-            with self.subTest(header=header):
-                result = doxygen_filter.filtered("// First.\n#pragma once\n\n" + header, "h.h")
-                self.assertEqual(result, "/** @file h.h\n     First. */\n\n" + expected)
 
 
 class Exports(unittest.TestCase):

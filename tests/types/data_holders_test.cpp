@@ -60,10 +60,8 @@ TEST(DataHolders, AreStoredInTheirOwnWidth) {
     EXPECT_EQ(ImageOf<CByteData>(doubled), "\x34\x12");
 }
 
-constexpr char kDigits[] = "0123456789abcdefABCDEF0123456789";
-
 TEST(Guid, IsThirtyTwoHexadecimalDigits) {
-    const std::string digits = kDigits, most = digits.substr(1);
+    const std::string digits = "0123456789abcdefABCDEF0123456789", most = digits.substr(1);
     for (const std::string& text :
          {digits, most, digits + "0", most + "g", most + "\n", digits + "\n", most + "\xe9"}) {
         SCOPED_TRACE(text);
@@ -72,18 +70,18 @@ TEST(Guid, IsThirtyTwoHexadecimalDigits) {
         const CStringA generated = guid.GetGUID();
         EXPECT_EQ(CGUID::IsValidGUID(text.c_str()), valid);
         EXPECT_EQ(guid.SetGUID(text.c_str()), valid);
-        EXPECT_EQ(guid.GetGUID(), valid ? CStringA(kDigits) : generated);
+        EXPECT_EQ(guid.GetGUID(), valid ? CStringA(digits.c_str()) : generated);
     }
     CGUID guid, other;
     EXPECT_TRUE(guid.IsValid() && guid != other);
     EXPECT_EQ(guid.GetGUID(), CStringA(guid.GetGUID()).MakeUpper());
     EXPECT_FALSE(guid.SetGUID(nullptr) || CGUID::IsValidGUID(nullptr));
 
-    guid.SetGUID(kDigits);
+    guid.SetGUID(digits.c_str());
     EXPECT_EQ(ImageOf(guid), digits);
     const auto load = [&](CArchive& archive) { guid.Deserialize(archive); };
     EXPECT_EQ(LoadCause(digits.substr(1), load), CArchiveException::endOfFile);
-    EXPECT_EQ(guid.GetGUID(), kDigits);
+    EXPECT_EQ(guid.GetGUID(), digits.c_str());
     EXPECT_EQ(LoadCause("", load, CArchive::store), CArchiveException::writeOnly);
     const std::string zeroInside = digits.substr(0, 31) + std::string(1, '\0');
     EXPECT_EQ(LoadCause(zeroInside + "next", load), CArchiveException::none);

@@ -19,11 +19,8 @@ public:
             return "";
         MarkupProbe direct(Pick(kDocuments, script[0]));
         MarkupProbe edited(direct);
-        const bool positioned = script[0] / std::size(kDocuments) % 2 != 0;
-        if (positioned) { // a session starts at the document's positions
-            direct.FindChildElem();
-            edited.FindChildElem();
-        }
+        if (script[0] / std::size(kDocuments) % 2 != 0) // a session starts at the positions
+            direct.FindChildElem(), edited.FindChildElem();
         const MarkupProbe before(edited);
         CMarkupEditSession session(edited);
         int lastEdited = 0;
@@ -85,29 +82,24 @@ private:
     }
 
     template <class Document>
-    static bool Step(Document& document, unsigned operation, unsigned choice) {
+    static bool Step(Document& to, unsigned operation, unsigned choice) {
         const WCHAR* name = Pick(kNames, choice);
         const WCHAR* value = Pick(kValues, choice / std::size(kNames));
         const bool typed = choice % 3 == 2;
         const int number = static_cast<int>(choice);
         const WCHAR* const sought = choice % 4 == 0 ? name : nullptr;
         const std::function<bool()> steps[kOperations] = {
-            [&] { return typed ? document.AddElem(name, number) : document.AddElem(name, value); },
-            [&] { return document.AddChildElem(name, value); },
-            [&] {
-                return typed ? document.AddAttrib(name, number) : document.SetAttrib(name, value);
-            },
-            [&] {
-                return typed ? document.AddChildAttrib(name, value)
-                             : document.SetChildAttrib(name, value);
-            },
-            [&] { return document.FindElem(sought); },
-            [&] { return document.FindElem(sought); },
-            [&] { return document.FindChildElem(sought); },
-            [&] { return document.IntoElem(); },
-            [&] { return document.OutOfElem(); },
-            [&] { return document.ResetChildPos(), true; },
-            [&] { return choice % 4 == 0 ? document.ResetPos() : document.ResetMainPos(), true; },
+            [&] { return typed ? to.AddElem(name, number) : to.AddElem(name, value); },
+            [&] { return to.AddChildElem(name, value); },
+            [&] { return typed ? to.AddAttrib(name, number) : to.SetAttrib(name, value); },
+            [&] { return typed ? to.AddChildAttrib(name, value) : to.SetChildAttrib(name, value); },
+            [&] { return to.FindElem(sought); },
+            [&] { return to.FindElem(sought); },
+            [&] { return to.FindChildElem(sought); },
+            [&] { return to.IntoElem(); },
+            [&] { return to.OutOfElem(); },
+            [&] { return to.ResetChildPos(), true; },
+            [&] { return choice % 4 == 0 ? to.ResetPos() : to.ResetMainPos(), true; },
         };
         return steps[operation]();
     }

@@ -36,13 +36,9 @@ TEST(Calendar, DatesAndTimesHaveTheirRanges) {
     };
     for (const auto& [day, month, year, isValid] : dates)
         EXPECT_EQ(AfxIsValidDate(day, month, year), isValid) << day << '.' << month << '.' << year;
-    const std::tuple<int, int, int, BOOL> times[] = {
-        {0, 0, 0, TRUE},   {23, 59, 59, TRUE}, {24, 0, 0, FALSE},
-        {0, 60, 0, FALSE}, {0, 0, 60, FALSE},  {-1, 0, 0, FALSE},
-    };
-    for (const auto& [hour, minute, second, isValid] : times)
-        EXPECT_EQ(AfxIsValidTime(hour, minute, second), isValid)
-            << hour << ':' << minute << ':' << second;
+    EXPECT_TRUE(AfxIsValidTime(0, 0, 0) && AfxIsValidTime(23, 59, 59));
+    EXPECT_FALSE(AfxIsValidTime(24, 0, 0) || AfxIsValidTime(0, 60, 0) || AfxIsValidTime(0, 0, 60) ||
+                 AfxIsValidTime(-1, 0, 0));
     const char* const kinds = "--EWWWWWE--"; // for the days -1 to 9
     for (int day = -1; day < 10; ++day) {
         EXPECT_EQ(AfxIsValidDayOfWeek(day), kinds[day + 1] != '-') << day;
@@ -59,10 +55,9 @@ TEST(Calendar, MonthsDaysAndWeeksAreCounted) {
         {7, 2007, 31}, {8, 2007, 31}, {9, 2007, 30}, {2, 2007, 28}, {2, 2008, 29},
         {2, 1900, 28}, {2, 2000, 29}, {13, 2006, 1}, {0, 2006, 1},  {2, 0, 1},
     };
-    for (const auto& [month, year, lastDay] : lastDays) {
+    for (const auto& [month, year, lastDay] : lastDays)
         EXPECT_EQ(AfxGetLastDayInMonth(month, year), lastDay) << month << '/' << year;
-        EXPECT_TRUE(month != 2 || AfxIsLeapYear(year) == (lastDay == 29)) << year;
-    }
+    EXPECT_TRUE(AfxIsLeapYear(2000) && !AfxIsLeapYear(1900) && !AfxIsLeapYear(2007));
     const std::tuple<COleDateTime, int, int> days[] = {
         {March(-52), 7, 1},
         {March(-51), 8, 2},

@@ -49,8 +49,7 @@ TEST(Base64, EncodesInEveryFlagCombination) {
 TEST(Base64, RequiredLengthIsTheContractsBound) {
     constexpr DWORD noPads = BASE64_NO_PADDING, noLines = BASE64_NO_LINE_BREAKS;
     // 56 bytes are 74 characters; with 2 of padding they fill the line, so two breaks are counted.
-    // Without padding 74 do not fill it, and rounding comes after the count. The last row would
-    // need 2147483648.
+    // Without padding 74 do not fill it, and rounding comes after the count.
     const std::tuple<int, DWORD, int> rows[] = {
         {0, 0, 0},   {INT_MIN, 0, 0},  {INT_MAX, noPads | noLines, 0},
         {56, 0, 80}, {2, noPads, 6},   {1610612733, noLines, 2147483644},
@@ -63,32 +62,33 @@ TEST(Base64, RequiredLengthIsTheContractsBound) {
 }
 
 TEST(Base64, RefusedArgumentsChangeNothing) {
-    const BYTE source[3] = {'M', 'a', 'n'};
     char text[8] = "#######";
-    // In the last row the text would fit, but the room is below the bound.
-    const std::tuple<const BYTE*, int, char*, int> encoded[] = {
-        {nullptr, 3, text, 8}, {source, 3, nullptr, 8},
-        {source, 0, text, 8},  {source, INT_MAX, text, INT_MAX},
-        {source, 3, text, -1}, {source, 3, text, 5},
-    };
-    for (const auto& [from, size, to, room] : encoded) {
+    auto* const bytes = reinterpret_cast<BYTE*>(text);
+    // With 5 the text would fit, but the room is below the bound.
+    for (const auto& [from, size, to, room] :
+         {std::tuple<BYTE*, int, char*, int>(bytes, 3, text, 5),
+          {nullptr, 3, text, 8},
+          {bytes, 3, nullptr, 8},
+          {bytes, 0, text, 8},
+          {bytes, INT_MAX, text, INT_MAX},
+          {bytes, 3, text, -1}}) {
         int length = room;
         EXPECT_FALSE(AfxBase64EncodeMultiByte(from, size, to, &length, 0)) << size << ' ' << room;
         EXPECT_EQ(length, room);
     }
-    EXPECT_FALSE(AfxBase64EncodeMultiByte(source, 3, text, nullptr, 0));
-    auto* const bytes = reinterpret_cast<BYTE*>(text);
     int length = 3;
-    EXPECT_FALSE(AfxBase64DecodeMultiByte(nullptr, 4, bytes, &length));
-    EXPECT_FALSE(AfxBase64DecodeMultiByte("TWFu", 4, nullptr, &length));
-    EXPECT_FALSE(AfxBase64DecodeMultiByte("TWFu", 4, bytes, nullptr));
-    EXPECT_FALSE(AfxBase64DecodeMultiByte("TWFu", -1, bytes, &length));
+    EXPECT_FALSE(AfxBase64EncodeMultiByte(bytes, 3, text, nullptr, 0) ||
+                 AfxBase64DecodeMultiByte(nullptr, 4, bytes, &length) ||
+                 AfxBase64DecodeMultiByte("TWFu", 4, nullptr, &length) ||
+                 AfxBase64DecodeMultiByte("TWFu", 4, bytes, nullptr) ||
+                 AfxBase64DecodeMultiByte("TWFu", -1, bytes, &length));
     EXPECT_STREQ(text, "#######");
     EXPECT_EQ(length, 3);
 }
 
 TEST(Base64, DecodesLeniently) {
-    // Padding does not end a group, and a single character gives no byte.
+    // Padding does not end a group, and a single character gives no byte. The low bytes of the
+    // characters in the last row are in the alphabet.
     const std::tuple<const WCHAR*, const char*> rows[] = {
         {_T("TW Fu\r\n"), "Man"},
         {_T("=TWE="), "Ma"},
@@ -96,7 +96,6 @@ TEST(Base64, DecodesLeniently) {
         {_T("TWFuT"), "Man"},
         {_T("-_\x80\xff*"), ""},
         {_T("\xd0Zm9v\x01YmFy\xc4"), "foobar"},
-        // The low bytes of these characters are in the alphabet.
         {_T("TWFu\x0154\x8054\xff41TWFuTWFuTWFuTWFu\x4154TWFu"), "ManManManManManMan"},
     };
     for (const auto& [text, expected] : rows)
