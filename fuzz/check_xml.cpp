@@ -5,9 +5,9 @@
 #include "fuzz_input.h"
 #include "support/temporary_folder.h"
 
-static void CheckFault(BOOL wellFormed, const CXMLFault& fault, std::size_t length) {
+static void CheckFault(BOOL wellFormed, const CXMLFault& fault, int length) {
     Require(wellFormed == fault.strMessage.IsEmpty());
-    Require(fault.nOffset >= 0 && fault.nOffset <= static_cast<int>(length));
+    Require(fault.nOffset >= 0 && fault.nOffset <= length);
     Require(fault.nLine == 0 || (fault.nColumn >= 1 && fault.nLine <= fault.nOffset + 1));
     Require(fault.strSnippet.GetLength() <= 80);
     Require(fault.nCaret >= 0 && fault.nCaret <= fault.strSnippet.GetLength());
@@ -17,10 +17,9 @@ FUZZ_TARGET(input) {
     static const TemporaryFolder s_folder;
     CXMLFault fault;
     const std::vector<WCHAR> text = input.Units();
-    const std::size_t length = text.size() - 1;
+    const int length = static_cast<int>(text.size()) - 1;
     for (const DWORD options : {DWORD{0}, DWORD{CHECK_XML_FIFTH_EDITION | CHECK_XML_VERSION_1_1}})
-        CheckFault(AfxCheckXML(text.data(), static_cast<int>(length), fault, options), fault,
-                   length);
+        CheckFault(AfxCheckXML(text.data(), length, fault, options), fault, length);
     s_folder.Write(_T("file.xml"), input.Bytes());
     CheckFault(AfxCheckXMLFile(s_folder.Path(_T("file.xml")), fault), fault, INT_MAX);
 }

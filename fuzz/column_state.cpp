@@ -59,7 +59,7 @@ static void CheckOrder(SimulatedList& list) {
 FUZZ_TARGET(input) {
     const std::size_t size = input.Bytes().size();
     const TestKey test;
-    const HKEY columns = NewKey(test.Get(), _T("Columns"));
+    const HKEY key = test.Get(), columns = NewKey(key, _T("Columns"));
     for (std::size_t count = std::min<std::size_t>(size / 3, 30); count > 0; --count)
         WriteValue(columns, input);
     RegCloseKey(columns);
@@ -69,13 +69,11 @@ FUZZ_TARGET(input) {
     Define(again);
     for (int i = 0; i < 4; ++i)
         plain.view.Insert(i, {});
-    Require(list.columns.LoadState(test.Get(), FALSE) &&
-            plain.columns.LoadState(test.Get(), FALSE));
+    Require(list.columns.LoadState(key, FALSE) && plain.columns.LoadState(key, FALSE));
     CheckOrder(list);
     Require(plain.view.GetCount() == 4);
 
-    Require(list.columns.SaveState(test.Get(), FALSE) &&
-            again.columns.LoadState(test.Get(), FALSE));
+    Require(list.columns.SaveState(key, FALSE) && again.columns.LoadState(key, FALSE));
     Require(again.Text() == list.Text() &&
             again.columns.GetSortColumn() == list.columns.GetSortColumn());
 }

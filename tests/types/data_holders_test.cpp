@@ -36,17 +36,17 @@ TEST(DataHolders, FieldsStayInsideTheirValue) {
         {0, 0, 0, 0, 0},  {5, 4, 0, 0x1e0, 0x1e0},  {INT_MAX, INT_MAX, 0, 0, 0},
         {1, 32, 0, 0, 0}, {4, 4, 0xf0, 0xf0, 0xf0}, {15, 1, 0, 0x8000, 0x8000},
     };
-    for (const auto& [shift, width, byte, word, dword] : rows) {
+    for (const auto& [shift, width, byteMask, wordMask, dwordMask] : rows) {
         SCOPED_TRACE(testing::Message() << width << " bits from " << shift);
-        ExpectMask<CByteData>(shift, width, byte);
-        ExpectMask<CWordData>(shift, width, word);
-        ExpectMask<CDWordData>(shift, width, dword);
+        ExpectMask<CByteData>(shift, width, byteMask);
+        ExpectMask<CWordData>(shift, width, wordMask);
+        ExpectMask<CDWordData>(shift, width, dwordMask);
     }
-    CByteData byte;
-    EXPECT_TRUE(byte.SetFieldData(2, 3, 5));
-    EXPECT_FALSE(byte.SetFieldData(2, 3, 8));
-    EXPECT_EQ(byte.GetData(), 0x14);
-    EXPECT_FALSE(byte.IsFlagSet(0x15)); // a flag is all its bits
+    CByteData data;
+    EXPECT_TRUE(data.SetFieldData(2, 3, 5));
+    EXPECT_FALSE(data.SetFieldData(2, 3, 8));
+    EXPECT_EQ(data.GetData(), 0x14);
+    EXPECT_FALSE(data.IsFlagSet(0x15)); // a flag is all its bits
 }
 
 TEST(DataHolders, AreStoredInTheirOwnWidth) {

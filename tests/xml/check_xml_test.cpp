@@ -83,7 +83,7 @@ TEST(CheckXml, OptionsChooseTheEditionAndTheVersion) {
         {"a private plane", _T("<\xdb80\xdc00/>"), 1, 1, 1},
         {"what begins no name", _T("<\x203f/>"), 1, 1, 1},
         {"what continues one", _T("<a\x203f\x0346\x36f\x300\xb7/>"), 2, -1, 2},
-        {"sign that is no letter", _T("<a\xb5/>"), -1, 2, -1},
+        {"sign", _T("<a\xb5/>"), -1, 2, -1},
         {"two that differ", _T("<a><\x1200></\x1201></a>"), 4, 8, 4},
         {"control as a reference", declared + _T("<a>&#1;&#x01F;&#31;</a>"), 24, 24, -1},
         {"zero as a reference", declared + _T("<a>&#x00;</a>"), 24, 24, 24},
@@ -94,10 +94,11 @@ TEST(CheckXml, OptionsChooseTheEditionAndTheVersion) {
     };
     CXMLFault fault;
     for (const auto& [label, text, plain, fifth, version] : rows)
-        for (const auto& [options, offset] : {std::pair<DWORD, int>(0, plain),
-                                              {CHECK_XML_FIFTH_EDITION, fifth},
-                                              {CHECK_XML_VERSION_1_1, version}})
-            EXPECT_EQ(AfxCheckXML(text, fault, options) ? -1 : fault.nOffset, offset)
+        for (const DWORD options : {DWORD{0}, CHECK_XML_FIFTH_EDITION, CHECK_XML_VERSION_1_1})
+            EXPECT_EQ(AfxCheckXML(text, fault, options) ? -1 : fault.nOffset,
+                      options == 0                       ? plain
+                      : options == CHECK_XML_VERSION_1_1 ? version
+                                                         : fifth)
                 << label << ", options " << options;
     EXPECT_FALSE(AfxCheckXML(declared + _T("\r\x85<a>\x2028<\xd800\xdc00/>&;"), fault, both));
     EXPECT_EQ(Verdict(FALSE, fault), kInvalid + _T("3:6 33"));
@@ -131,18 +132,18 @@ TEST(CheckXml, ShowsTheLineAroundTheFault) {
 TEST(CheckXml, ReadsFilesInEveryEncoding) {
     const string ebcdic("\x4c\x6f\xa7\x94\x93\x40\xa5\x85\x99\xa2\x89\x96\x95\x7e\x7d\xf1\x4b\xf0"
                         "\x7d\x6f\x6e"); // <?xml version='1.0'?>
-    const auto declared = [](const char* name, const char* rest) {
-        return string("<?xml version='1.0'") + string(2000, ' ') + "encoding='" + name + "'?>" +
-               rest;
+    const string start = "<?xml version='1.0'" + string(2000, ' ') + "encoding='";
+    const auto declared = [&](const char* name, const char* rest) {
+        return start + name + "'?>" + rest;
     };
     const std::tuple<const char*, string, CString> rows[] = {
         {"fault behind a mark", "\xef\xbb\xbf<a>\xc3\xa9&</a>", kInvalid + _T("1:6 5")},
         {"bytes that are not UTF-8", "<a>\xc3\xa9\n\xc3\xa9\xe9</a>", kInvalid + _T("2:2 6")},
-        {"bad bytes behind the first piece", "<!--" + string(70000, 'x') + "\xc3\xa9\xff",
+        {"in the second piece", "<!--" + string(70000, 'x') + "\xc3\xa9\xff",
          kInvalid + _T("1:70006 70005")},
         {"a character across pieces", "<a>" + string(65532, 'x') + "\xc3\xa9</a>", _T("")},
         {"code page", declared("windows-1252", "<a>\x80</a>"), _T("")},
-        {"half a two-byte character", declared("shift_jis", "\n<a>\x83\x5c\x82</a>"),
+        {"half a character", declared("shift_jis", "\n<a>\x83\x5c\x82</a>"),
          kInvalid + _T("2:5 2046")},
         {"the apple sign", declared("macintosh", "<a>\xf0\x8a\xf0</a>"), _T("")},
         {"fault in EBCDIC", ebcdic + "\x4c\x81\x6e\x50", _T("unclosed token 1:25 24")},
@@ -154,13 +155,13 @@ TEST(CheckXml, ReadsFilesInEveryEncoding) {
     };
     const TemporaryFolder folder;
     CXMLFault fault;
+    const CString path = folder.Path(_T("file.xml"));
     for (const auto& [label, bytes, verdict] : rows) {
         folder.Write(_T("file.xml"), bytes);
-        EXPECT_EQ(Verdict(AfxCheckXMLFile(folder.Path(_T("file.xml")), fault), fault), verdict)
-            << label;
+        EXPECT_EQ(Verdict(AfxCheckXMLFile(path, fault), fault), verdict) << label;
     }
     EXPECT_EQ(Verdict(AfxCheckXMLFile(nullptr, fault), fault),
               _T("The file name is invalid. 0:0 0"));
     folder.Write(_T("file.xml"), "<?xml version='1.1'?><\xe1\x88\x80>&#1;</\xe1\x88\x80>");
-    EXPECT_TRUE(AfxCheckXMLFile(folder.Path(_T("file.xml")), fault, CHECK_XML_VERSION_1_1));
+    EXPECT_TRUE(AfxCheckXMLFile(path, fault, CHECK_XML_VERSION_1_1));
 }

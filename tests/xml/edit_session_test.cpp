@@ -21,13 +21,9 @@ TEST(EditSession, BuildsALargeDocument) {
     CMarkup built;
     CMarkupEditSession session(built);
     const auto build = [](auto& markup) {
-        markup.AddElem(_T("root"));
-        markup.IntoElem();
         for (int i = 0; i < 2000; ++i) {
-            markup.AddElem(_T("item"));
+            markup.AddElem(_T("item"), i);
             markup.SetAttrib(_T("number"), i);
-            if (i % 3 == 0)
-                markup.AddChildElem(_T("text"), _T("a & b"));
             if (i % 100 == 0)
                 markup.IntoElem();
         }

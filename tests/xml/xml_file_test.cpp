@@ -71,32 +71,31 @@ TEST(XmlFile, LoadsEveryEncodingOrSaysWhyNot) {
     const CString notWellFormed(_T("The document is not well formed."));
     const CString latin(_T("<?xml encoding='latin1'?>")), old(_T("<old/>"));
     const string longBlank(70000, ' '); // longer than the first read
+    const CString none;
     const struct {
         const char* label;
         string bytes;
         CString error, document;
         CString declaration = kDefaultDeclaration;
     } rows[] = {
-        {"the declaration wins over the mark", "\xef\xbb\xbf<?xml encoding='latin1'?><a>\xe9</a>",
-         _T(""), _T("<a>\u00e9</a>"), latin},
-        {"a long document", "<?xml encoding='shift_jis'?><a>" + longBlank + "\x83\x5c</a>", _T(""),
+        {"declaration before mark", "\xef\xbb\xbf<?xml encoding='latin1'?><a>\xe9</a>", none,
+         _T("<a>\u00e9</a>"), latin},
+        {"long document", "<?xml encoding='shift_jis'?><a>" + longBlank + "\x83\x5c</a>", none,
          _T("<a>") + CString(WCHAR(' '), 70000) + _T("\u30bd</a>"),
          _T("<?xml encoding='shift_jis'?>")},
-        {"a long declaration", "<?xml" + longBlank + "?><a/>", _T(""), _T("<a/>"),
+        {"long declaration", "<?xml" + longBlank + "?><a/>", none, _T("<a/>"),
          _T("<?xml") + CString(WCHAR(' '), 70000) + _T("?>")},
-        {"UTF-16 with a long declaration", Utf16("<?xml" + longBlank + "?><a/>"), _T(""),
-         _T("<a/>")},
-        {"EBCDIC", "\x4c\x6f\xa7\x94\x93\x40\x6f\x6e\x4c\x81\x61\x6e", _T(""), _T("<a/>"),
+        {"long, UTF-16", Utf16("<?xml" + longBlank + "?><a/>"), none, _T("<a/>")},
+        {"EBCDIC", "\x4c\x6f\xa7\x94\x93\x40\x6f\x6e\x4c\x81\x61\x6e", none, _T("<a/>"),
          _T("<?xml ?>")},
-        {"UTF-16, the other order", "\xfe\xff" + Utf16("<a>b</a>", true), _T(""), _T("<a>b</a>")},
-        {"UTF-16 with a declaration that goes on", Utf16("<?xml ?><a/>9?>x"), _T(""),
-         _T("<a/>9?>x")},
-        {"UTF-16 whose declaration is followed by as many characters ending in one",
-         Utf16("<?xml ?><a/>78?>"), _T(""), _T("<a/>78?>"), _T("<?xml ?><a/>78?>")},
-        {"UTF-16 shorter than its declaration", Utf16("<?xml version='1.0'?><a/>?>"), _T(""),
-         _T("<a/>?>"), _T("<?xml version='1.0'?><a/>?>")},
-        {"an odd byte", "\xff\xfe" + Utf16("<?xml encoding='utf-8'?><a/>") + "x", _T(""),
-         _T("<a/>")},
+        {"the other order", "\xfe\xff" + Utf16("<a>b</a>", true), none, _T("<a>b</a>")},
+        // The next four are UTF-16.
+        {"a declaration that goes on", Utf16("<?xml ?><a/>9?>x"), none, _T("<a/>9?>x")},
+        {"as many characters after it", Utf16("<?xml ?><a/>78?>"), none, _T("<a/>78?>"),
+         _T("<?xml ?><a/>78?>")},
+        {"too few after it", Utf16("<?xml version='1.0'?><a/>?>"), none, _T("<a/>?>"),
+         _T("<?xml version='1.0'?><a/>?>")},
+        {"odd byte", "\xff\xfe" + Utf16("<?xml encoding='utf-8'?><a/>") + "x", none, _T("<a/>")},
         {"four bytes", "<?xm", notXml, old},
         {"five bytes", "<?xml", untranslated, _T("<?xml")},
         {"unknown name", "<?xml encoding='nonsense'?><a/>", unsupported, old},
@@ -156,13 +155,13 @@ TEST(XmlFile, SavesInTheDeclaredEncodingOrKeepsTheFile) {
          _T("The character encoding in the file could not be translated.")},
     };
     const TemporaryFolder folder;
+    const CString path = folder.Path(_T("file.xml"));
     CString error;
     for (const auto& [declaration, document, bytes, expectedError] : rows) {
         CMarkup markup(document);
         markup.SetXMLDeclaration(declaration);
         folder.Write(_T("file.xml"), "old");
-        EXPECT_EQ(AfxSaveXMLFile(markup, folder.Path(_T("file.xml")), error) != 0,
-                  *expectedError == 0);
+        EXPECT_EQ(AfxSaveXMLFile(markup, path, error) != 0, *expectedError == 0);
         EXPECT_EQ(error, expectedError) << bytes;
         EXPECT_EQ(folder.Read(_T("file.xml")), bytes);
         EXPECT_FALSE(folder.Has(_T("file.xml.0.tmp")));
@@ -171,7 +170,7 @@ TEST(XmlFile, SavesInTheDeclaredEncodingOrKeepsTheFile) {
     EXPECT_EQ(AfxSaveXMLFile(markup, folder.Path(_T("none")) + _T("/file.xml"), error), 0);
     EXPECT_EQ(error, _T("All or part of the path is invalid."));
     folder.SetReadOnly(_T("file.xml"), true);
-    EXPECT_EQ(AfxSaveXMLFile(markup, folder.Path(_T("file.xml")), error), 0);
+    EXPECT_EQ(AfxSaveXMLFile(markup, path, error), 0);
     EXPECT_EQ(error, _T("The file could not be accessed."));
     folder.SetReadOnly(_T("file.xml"), false);
     EXPECT_EQ(folder.Read(_T("file.xml")), "old");

@@ -4,14 +4,11 @@
 
 namespace {
 
-class StepsNoted : public quorvel::ProgressView {
-public:
+struct StepsNoted : quorvel::ProgressView {
     explicit StepsNoted(std::vector<int>& steps) : m_steps(steps) {}
     void SetCaption(const CString&) override {}
     void SetStatus(const CString&) override {}
     void SetStep(int step) override { m_steps.push_back(step); }
-
-private:
     std::vector<int>& m_steps;
 };
 
