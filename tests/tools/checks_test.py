@@ -1,7 +1,6 @@
 """Tests of the checks in tools/: each rule is broken once and followed once."""
 
 import os
-import struct
 import sys
 import tempfile
 import unittest
@@ -9,7 +8,6 @@ import unittest
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "tools"))
 import check_exports  # noqa: E402
 import check_layers  # noqa: E402
-import check_pictures  # noqa: E402
 
 COMPONENTS = """component platform platform uses
 component framework framework uses platform
@@ -56,15 +54,6 @@ USES = [
     ({"src/net/controls/c.cpp": '#include "util/text/t.h"'}, ["src/net: no file needs text"]),
 ]
 
-# the colour type of a PNG, the chunks after its header, the problem
-PICTURES = [
-    (2, [b"IDAT"], None),
-    (3, [b"PLTE", b"IDAT", b"tRNS"], None),  # a chunk after the pixels has no meaning
-    (3, [b"PLTE", b"tRNS", b"IDAT"], "has transparent colours"),
-    (6, [b"IDAT"], "has an alpha channel"),
-    (2, [], "has no pixels"),
-]
-
 # mangled, as listed; None for what is dropped
 NAMES = [
     ("_ZN1A1fEPKDs", "A::f(wchar_t const*)"),
@@ -106,20 +95,6 @@ class Layers(unittest.TestCase):
                 checker.check_uses()
                 found = [each for each in checker.problems if each.startswith("src/net: ")]
                 self.assertEqual(found, expected)
-
-
-class Pictures(unittest.TestCase):
-    def test_transparency(self):
-        def chunk(kind, content=b"data"):
-            return struct.pack(">I", len(content)) + kind + content + b"\0" * 4
-
-        for colour_type, kinds, expected in PICTURES:
-            with self.subTest(colour_type=colour_type, kinds=kinds):
-                header = struct.pack(">IIBBBBB", 1, 1, 8, colour_type, 0, 0, 0)
-                picture = check_pictures.SIGNATURE + chunk(b"IHDR", header)
-                picture += b"".join(chunk(kind) for kind in kinds)
-                self.assertEqual(check_pictures.fault(picture), expected)
-        self.assertEqual(check_pictures.fault(b"GIF89a"), "is no PNG")
 
 
 class Exports(unittest.TestCase):

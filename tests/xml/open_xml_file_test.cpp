@@ -49,8 +49,9 @@ TEST(OpenXMLFile, SaysWhereAFileIsNotWellFormed) {
         EXPECT_FALSE(AfxOpenXMLFile(path, markup, error)) << bytes;
         EXPECT_EQ(error.Left(5), place) << bytes;
     }
-    for (const CString& missing : {CString(), folder.Path(_T("missing.xml"))}) {
-        EXPECT_FALSE(AfxOpenXMLFile(missing, markup, error));
+    const CString missing = folder.Path(_T("missing.xml"));
+    for (const WCHAR* none : {static_cast<const WCHAR*>(nullptr), missing.GetString()}) {
+        EXPECT_FALSE(AfxOpenXMLFile(none, markup, error));
         EXPECT_TRUE(!error.IsEmpty() && error.Find(_T("1:1")) < 0);
     }
     struct Refusing : CLengthyOperationHandler {

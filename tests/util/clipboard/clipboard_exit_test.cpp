@@ -31,6 +31,7 @@ private:
 
 TEST(ClipboardExit, AsksAndEmptiesAsTheActionSays) {
     const WCHAR* const editor = _T("Editor");
+    const CString question(_T("data placed there by Editor.  Do you"));
     const CString failed(_T("An error occurred while emptying the clipboard.\r\n\r\n"));
     const struct {
         const char* label;
@@ -64,24 +65,23 @@ TEST(ClipboardExit, AsksAndEmptiesAsTheActionSays) {
         ASSERT_EQ(app.m_boxes.size(), row.box == UINT_MAX ? 0u : 1u);
         for (const auto& [text, type, helpId] : app.m_boxes) {
             EXPECT_EQ(type, row.box);
-            EXPECT_GE(
-                text.Find(row.action == 1 ? _T("data placed there by Editor.  Do you") : failed),
-                0);
+            EXPECT_GE(text.Find(row.action == 1 ? question : failed), 0);
         }
     }
 }
 
 TEST(ClipboardExit, FailuresAreReportedByAction) {
-    const CString placing = _T("An error occurred while placing data on the clipboard.\r\n\r\n");
+    const CString placing(_T("An error occurred while placing data on the clipboard.\r\n\r\n")),
+        none;
     // The text precedes the system's text; without one there is no box.
     const std::tuple<UINT, DWORD, CString> rows[] = {
         {0, 5, placing},
         {3, 5, _T("An error occurred while retrieving data from clipboard.\r\n\r\n")},
         {4, 5, _T("An error occurred while emptying the clipboard.\r\n\r\n")},
         {5, 5, placing},
-        {6, 5, {}},
-        {UINT_MAX, 5, {}},
-        {1, kErrorWithoutText, {}}};
+        {6, 5, none},
+        {UINT_MAX, 5, none},
+        {1, kErrorWithoutText, none}};
     MessageBoxRecorder app(IDCANCEL);
     for (const auto& [action, error, start] : rows) {
         SCOPED_TRACE(action);

@@ -3,13 +3,14 @@
 
 #include <quorvel/platform/platform.h>
 
+#include <numeric>
 #include <vector>
 
 inline constexpr const WCHAR* kHeldEvent = _T("QuorvelClipboardIsHeld");
 inline constexpr const WCHAR* kReleaseEvent = _T("QuorvelReleaseClipboard");
 
-// The pixels in 24 bits of colour each, whatever the bitmap's depth; empty when it can't be read.
-inline std::vector<DWORD> ColorsOf(HBITMAP bitmap) {
+// Of the pixels in 24 bits of colour each, whatever the bitmap's depth; 0 when it can't be read.
+inline DWORD SumOfColors(HBITMAP bitmap) {
     BITMAP description = {};
     ::GetObjectW(bitmap, sizeof description, &description);
     BITMAPINFO info = {};
@@ -20,18 +21,11 @@ inline std::vector<DWORD> ColorsOf(HBITMAP bitmap) {
     info.bmiHeader.biBitCount = 32;
     std::vector<DWORD> colors(static_cast<std::size_t>(description.bmWidth * description.bmHeight));
     const HDC dc = ::CreateCompatibleDC(nullptr);
-    if (::GetDIBits(dc, bitmap, 0, static_cast<UINT>(description.bmHeight), colors.data(), &info,
-                    DIB_RGB_COLORS) != description.bmHeight)
-        colors.clear();
+    const int lines = ::GetDIBits(dc, bitmap, 0, static_cast<UINT>(description.bmHeight),
+                                  colors.data(), &info, DIB_RGB_COLORS);
     ::DeleteDC(dc);
-    for (DWORD& color : colors)
-        color &= 0xffffff;
-    return colors;
-}
-
-inline DWORD SumOfColors(HBITMAP bitmap) {
-    DWORD sum = 1;
-    for (const DWORD color : ColorsOf(bitmap))
-        sum = sum * 31 + color;
-    return sum;
+    if (lines == 0 || lines != description.bmHeight)
+        return 0;
+    return std::accumulate(colors.begin(), colors.end(), DWORD{1},
+                           [](DWORD sum, DWORD color) { return sum * 31 + (color & 0xffffff); });
 }
