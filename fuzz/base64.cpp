@@ -39,8 +39,8 @@ template <class Ch>
 void Check(const std::vector<BYTE>& input, int missing, DWORD flags) {
     const int size = static_cast<int>(input.size());
     std::vector<Ch> text; // bytes above 0x7f become 0xff80 and up
-    for (const BYTE byte : input)
-        text.push_back(static_cast<Ch>(static_cast<signed char>(byte)));
+    for (const BYTE each : input)
+        text.push_back(static_cast<Ch>(static_cast<signed char>(each)));
     const int room = std::max(AfxBase64DecodeGetRequiredLength(size) - missing, 0);
     const auto& portable = quorvel::PortableBase64<Ch>();
     const Result decoded = Decode(portable, text, room);

@@ -27,8 +27,8 @@ FUZZ_TARGET(input) {
     for (std::size_t count = std::min<std::size_t>(size / 2, 24); count > 0; --count) {
         const unsigned what = input.Byte();
         std::string bytes(input.Byte(), '\0');
-        for (char& byte : bytes)
-            byte = static_cast<char>(input.Byte());
+        for (char& next : bytes)
+            next = static_cast<char>(input.Byte());
         CString name;
         name.Format(_T("MRU %u"), what % 32);
         TestKey::Set(test.Get(), name, what < 224 ? REG_SZ : what % 12, bytes);

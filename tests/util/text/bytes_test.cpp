@@ -41,10 +41,10 @@ TEST(Utf8, ConvertsBothWays) {
 
 TEST(Utf8, ByteOrderMarksAreToldApart) {
     using namespace std::string_literals;
-    BOOL(*const tests[])
-    (const BYTE*, SIZE_T) = {AfxHasUTF8ByteOrderMark, AfxHasUTF16LEByteOrderMark,
-                             AfxHasUTF16BEByteOrderMark, AfxHasUTF32LEByteOrderMark,
-                             AfxHasUTF32BEByteOrderMark};
+    typedef BOOL (*MarkTest)(const BYTE*, SIZE_T);
+    const MarkTest tests[] = {AfxHasUTF8ByteOrderMark, AfxHasUTF16LEByteOrderMark,
+                              AfxHasUTF16BEByteOrderMark, AfxHasUTF32LEByteOrderMark,
+                              AfxHasUTF32BEByteOrderMark};
     // The bytes, and the number of the test that recognises them.
     const std::tuple<std::string, int> rows[] = {
         {"\xef\xbb\xbf", 0},  {"\xef\xbb", -1},     {"\xff\xfe", 1},      {"\xff\xfe\0a"s, 1},

@@ -21,7 +21,7 @@ TEST(ProgressWindow, LiesOverTheMainWindowForAsLongAsTheWorkLasts) {
         box = FindVisibleBox();
         texts = TextOf(box);
         EXPECT_EQ(::GetWindow(box, GW_OWNER), main.m_hWnd);
-        EXPECT_TRUE(::IsWindowEnabled(main)); // the box is modeless
+        EXPECT_TRUE(::IsWindowEnabled(main.m_hWnd)); // the box is modeless
         for (const HWND child : ChildrenOf(box)) {
             WCHAR className[32];
             ::GetClassNameW(child, className, 32);
