@@ -273,9 +273,15 @@ void CCheckForUpdatesDlg::UpdateMessage(CUpdateListingItem* item) {
         description = quorvel::MultilineText(item->GetDescription());
         link = item->GetLink();
     }
-    SetDlgItemText(QUORVEL_UPDATES_TITLE, title);
-    SetDlgItemText(QUORVEL_UPDATES_DATE, date);
-    SetDlgItemText(QUORVEL_UPDATES_DESCRIPTION, description);
+    const auto show = [this](int id, const CString& text) {
+        CString shown;
+        GetDlgItemText(id, shown);
+        if (text != shown) // the controls draw themselves again even if it is the same
+            SetDlgItemText(id, text);
+    };
+    show(QUORVEL_UPDATES_TITLE, title);
+    show(QUORVEL_UPDATES_DATE, date);
+    show(QUORVEL_UPDATES_DESCRIPTION, description);
     ShowLink(link);
 }
 
