@@ -187,7 +187,6 @@ TEST(CodePage, Decodes) {
 TEST(Utf7, ConvertsBothWays) {
     // The last field: whether encoding returns the same bytes.
     const std::tuple<const char*, Wide, bool> rows[] = {
-        {"+AOk-+-", _T("\xe9+"), true},       {"+AOkA6A-a", _T("éèa"), true},
         {"+AOk.b", _T("\xe9.b"), false},      {"+2D3eAA-", _T("\xd83d\xde00"), true},
         {"+ACEAIgAjACQ-", _T("!\"#$"), true}, {"+!~", _T("!~"), false},
         {"\xe9", _T("\xe9"), false},

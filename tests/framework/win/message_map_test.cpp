@@ -102,7 +102,6 @@ ON_NOTIFY(51, 7, &CRecordingWnd::OnPlain)
 ON_NOTIFY(52, 7, &CRecordingWnd::OnPlain)
 ON_EN_CHANGE(7, &CRecordingWnd::OnCtl)
 ON_EN_UPDATE(7, &CRecordingWnd::OnCtl)
-ON_EN_MAXTEXT(7, &CRecordingWnd::OnCtl)
 END_MESSAGE_MAP()
 
 TEST(MessageMap, RowsGiveTheirMembersTheMessagesParts) {
@@ -195,7 +194,6 @@ TEST(MessageMap, AControlGetsItsNotificationsBeforeItsParent) {
         CASE(command(EN_CHANGE), "1 "),
         CASE(command(EN_UPDATE), "1 "),
         CASE(command(EN_UPDATE, false), "parent 1 "),
-        CASE(command(EN_MAXTEXT), "parent 1 "),
     });
     EXPECT_EQ(control.m_seen, "own ");
     EXPECT_EQ(color(true), 100 + CTLCOLOR_STATIC);
