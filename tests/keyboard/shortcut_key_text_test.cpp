@@ -4,10 +4,7 @@
 #include "platform/win32.h"
 
 TEST(ShortcutKeyText, IsReadBack) {
-    const struct {
-        CShortcutKey key;
-        const WCHAR* text;
-    } rows[] = {
+    const std::pair<CShortcutKey, const WCHAR*> rows[] = {
         {CShortcutKey(), _T("")},
         {Key(VK_F5, kCtrl | kShift), _T("Ctrl+Shift+F5")},
         {Key(VK_DELETE, kAlt | kExtended), _T("Alt+Ext+Delete")},
@@ -19,11 +16,11 @@ TEST(ShortcutKeyText, IsReadBack) {
         {Key(7), _T("#7")},
         {Key(0xffff, kAlt), _T("Alt+#65535")},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(AfxGetShortcutKeyText(row.key), row.text);
+    for (const auto& [key, text] : rows) {
+        EXPECT_EQ(AfxGetShortcutKeyText(key), text);
         CShortcutKey read = Key('M', 0xff);
-        EXPECT_TRUE(AfxParseShortcutKeyText(row.text, read)) << CString(row.text);
-        EXPECT_EQ(TextOf(read), TextOf(row.key)) << CString(row.text);
+        EXPECT_TRUE(AfxParseShortcutKeyText(text, read)) << CString(text);
+        EXPECT_EQ(TextOf(read), TextOf(key)) << CString(text);
     }
     for (int code = 0; code < 0x100; ++code) {
         CShortcutKey read = Key('M', 0xff);
