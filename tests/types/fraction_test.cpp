@@ -64,7 +64,6 @@ TEST(Fraction, ArithmeticReducesAndWraps) {
         {"signs move up", F(1, -2) - F(1, -3), {-1, 6}},
         {"quotient", F(1, 2) / F(-3, 4), {2, -3}},
         {"quotient by zero", F(1, 2) / F(0, 4), {0, 0}},
-        {"quotient by an undefined one", F(1, 2) / F(3, 0), {0, 6}},
         {"numerators wrap", F(INT_MAX) + 1, {INT_MIN, 1}},
         {"denominators wrap to 0", F(1, 65536) * F(1, 65536), {1, 0}},
         {"both at the minimum", F(1, INT_MIN) + F(1, INT_MIN), {0, 0}},

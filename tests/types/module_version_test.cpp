@@ -75,7 +75,6 @@ TEST(ModuleVersion, AFailedLoadKeepsOrReleasesWhatIsHeld) {
         {"missing", folder.Path(_T("missing.dll")), ERROR_FILE_NOT_FOUND, true},
         {"a folder", folder.Path(), ERROR_ACCESS_DENIED, true},
         {"no resources", Sample(_T("no_resources.dll")), ERROR_RESOURCE_DATA_NOT_FOUND, true},
-        {"no version", Sample(_T("strings_only.dll")), ERROR_RESOURCE_DATA_NOT_FOUND, true},
         {"no translation", Sample(_T("no_translation.dll")), ERROR_RESOURCE_TYPE_NOT_FOUND, false},
         {"damaged", folder.Path(_T("damaged.dll")), 0, false},
     };

@@ -73,7 +73,6 @@ TEST_F(Zip, WhatCannotBeDoneIsTold) {
     const CString inMissingFolder = m_folder.Path(_T("missing\\a"));
     const std::tuple<const char*, const WCHAR*, int, DWORD> refused[] = {
         {"null", nullptr, 0, ERROR_INVALID_PARAMETER},
-        {"half a character", _T("\xd800.zip"), 0, ERROR_PATH_NOT_FOUND},
         {"missing folder", inMissingFolder, 0, ERROR_PATH_NOT_FOUND},
         {"a folder", folder, 0, ERROR_ACCESS_DENIED},
         {"missing, to append to", m_missing, 1, ERROR_FILE_NOT_FOUND},
@@ -99,7 +98,6 @@ TEST_F(Zip, AnArchiveOfOneFileIsRefusedWithTheReason) {
     const CString folder = m_folder.Path();
     const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
         {nullptr, m_archive, _T("One or more parameters are invalid.")},
-        {m_missing, m_archive, _T("The file could not be located.")},
         {m_source, _T("\xd800.zip"), _T("All or part of the path is invalid.")},
         {folder, m_archive, _T("The file could not be accessed.")},
         {m_source, m_source, _T("SHARE.EXE was not loaded, or a shared region was locked.")},

@@ -36,13 +36,11 @@ TEST(EncodingNames, EveryNameAndAliasLeadsToItsCodePage) {
 TEST(EncodingNames, NamesAreFoundInAnyLetterCase) {
     // The Kelvin sign is not a k.
     const std::tuple<const WCHAR*, const WCHAR*, UINT> rows[] = {
-        {_T("LATIN1"), _T("iso-8859-1"), 28591},
         {_T("ANSI_X3.4-1968"), _T("windows-1252"), 1252},
         {_T("UnicodeFFFE"), _T("utf-16be"), 1201},
         {_T("UTF-8"), nullptr, 65001},
         {_T("_iso-2022-jp$SIO"), nullptr, 0},
         {_T("\x212aoi8"), nullptr, 0},
-        {_T("utf-8 "), nullptr, 0},
         {_T("x-a-name-that-is-longer-than-every-one-of-the-table"), nullptr, 0},
         {_T(""), nullptr, 0},
     };

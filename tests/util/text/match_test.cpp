@@ -26,13 +26,12 @@ TEST(Match, BothWidthsSearchAndMatchAlike) {
         {"AZ", "\\u\\x5a", exact, whole},   {"a", "[[:unicode:]]", exact, none},
     };
     for (const auto& [text, pattern, caseSensitive, found] : rows) {
-        const Wide wide = Widened(text), widePattern = Widened(pattern);
+        const Wide wide = Widened(text), wideRule = Widened(pattern);
         SCOPED_TRACE(std::string(text) + " / " + pattern);
         EXPECT_EQ(AfxMatchText(text, pattern, caseSensitive), found > none);
-        EXPECT_EQ(AfxMatchText(wide.c_str(), widePattern.c_str(), caseSensitive), found > none);
+        EXPECT_EQ(AfxMatchText(wide.c_str(), wideRule.c_str(), caseSensitive), found > none);
         EXPECT_EQ(AfxValidateText(text, pattern, caseSensitive), found == whole);
-        EXPECT_EQ(AfxValidateText(wide.c_str(), widePattern.c_str(), caseSensitive),
-                  found == whole);
+        EXPECT_EQ(AfxValidateText(wide.c_str(), wideRule.c_str(), caseSensitive), found == whole);
     }
 }
 

@@ -70,8 +70,7 @@ protected:
     void ExpectBox(const WCHAR* begin, DWORD error) {
         WCHAR cause[500] = L"";
         ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, error, 0, cause, 500, nullptr);
-        CString text = CString(begin) + cause;
-        text.TrimRight(_T("\r\n"));
+        const CString text = (CString(begin) + cause).TrimRight(_T("\r\n"));
         EXPECT_EQ(m_app.Take(),
                   (std::vector<RecordedMessageBox>{{text, MB_OK | MB_ICONEXCLAMATION, 0}}));
     }
