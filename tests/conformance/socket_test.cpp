@@ -235,6 +235,9 @@ TEST_F(Sockets, TellOfWhatIsSelectedAndOfUrgentData) {
     server.Send("!", MSG_OOB);
     EXPECT_EQ(m_client.Await(), "oob");
     EXPECT_EQ(m_client.Receive(1, MSG_OOB), "!");
+    server.Send("behind");
+    EXPECT_EQ(m_client.Await(), "read");
+    EXPECT_EQ(m_client.Receive(6), "behind");
 }
 
 TEST_F(Sockets, ListenAgainWhereConnectionsFadeAway) {

@@ -1,10 +1,12 @@
 // Typed values of the registry. Any thread. The functions never throw and never show a box.
 //
 // Each type has a writer and a getter, each in four forms. The forms differ in where the value is:
-//   - in an open key,
-//   - in the key at a path,
-//   - in a sub key of an open key,
-//   - in a sub key of a path.
+//   in an open key             AfxWriteProfileDWord(key, _T("Size"), 5)
+//   in the key at a path       AfxWriteProfileDWord(path, _T("Size"), 5)
+//   in a sub key of a key      AfxWriteProfileDWord(key, _T("Window"), _T("Size"), 5)
+//   in a sub key of a path     AfxWriteProfileDWord(path, _T("Window"), _T("Size"), 5)
+// A getter has a default in the place of the value: AfxGetProfileDWord(path, _T("Size"), 0).
+//
 // Writers create missing keys. Getters create nothing, but they open keys for reading and writing,
 // so for a key that the user may only read they return the default. All of them close the keys that
 // they opened. See registry_path.h for how keys are opened and closed.
