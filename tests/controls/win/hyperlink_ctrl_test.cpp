@@ -11,6 +11,9 @@
 #include "support/test.h"
 #include "support/win/dialog_driver.h"
 
+#include <initguid.h>
+#include <oleacc.h>
+
 namespace {
 
 constexpr const WCHAR* kUri = _T("http://example.com/");
@@ -287,6 +290,22 @@ TEST_F(Hyperlink, HooksAndParentsMayCallBackAndDestroy) {
     };
     Click();
     EXPECT_EQ(m_link, nullptr);
+}
+
+TEST_F(Hyperlink, IsNamedByItsTextForScreenReaders) {
+    ASSERT_HRESULT_SUCCEEDED(::CoInitialize(nullptr));
+    IAccessible* object = nullptr;
+    ASSERT_EQ(::AccessibleObjectFromWindow(m_link->m_hWnd, static_cast<DWORD>(OBJID_CLIENT),
+                                           IID_IAccessible, reinterpret_cast<void**>(&object)),
+              S_OK);
+    VARIANT self = {};
+    self.vt = VT_I4;
+    BSTR name = nullptr;
+    EXPECT_EQ(object->get_accName(self, &name), S_OK);
+    EXPECT_EQ(CString(name), _T("the link"));
+    ::SysFreeString(name);
+    object->Release();
+    ::CoUninitialize();
 }
 
 TEST_F(Hyperlink, EndsInTheMiddleOfWork) {

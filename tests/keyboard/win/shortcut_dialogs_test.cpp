@@ -71,6 +71,8 @@ TEST(CaptureShortcutKeyDlg, TakesTheNextKey) {
     };
     ExpectCases<std::string>({
         CASE(capture({PressKey(VK_RETURN)}), "13"), CASE(capture({PressKey(VK_ESCAPE)}), "27"),
+        CASE(capture({PressKey(VK_TAB)}), "9"), CASE(capture({PressKey(VK_SPACE)}), "32"),
+        CASE(capture({PressKey(VK_SHIFT, kShift), PressKey('A', kShift)}), "S65"),
         CASE(capture({PressKey(VK_F10)}), "121"), CASE(capture({PressKey(VK_F4, kAlt)}), "A115"),
         CASE(capture({PressKey('A', kCtrl | kShift)}), "CS65"),
         CASE(capture({PressKey(VK_DELETE, 0, true)}), "x46"),
