@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 using quorvel::RowRun;
@@ -118,6 +119,26 @@ private:
     bool CVirtualListCtrl::*const m_flag;
 };
 
+// Draws the list anew after a change of all its rows. Without selected rows the list-view gets only
+// the new count, and a lock would make it draw its scroll bars twice more.
+class CVirtualListCtrl::WholeChange {
+public:
+    explicit WholeChange(CVirtualListCtrl& list) : m_watch(list), m_list(list) {
+        if (m_list.m_rows->GetSelectedCount() > 0)
+            m_lock.emplace(m_list);
+    }
+    WholeChange(const WholeChange&) = delete;
+    ~WholeChange() {
+        if (m_watch.IsAlive() && m_list.m_hWnd != nullptr)
+            m_list.Invalidate();
+    }
+
+private:
+    const Watch m_watch;
+    CVirtualListCtrl& m_list;
+    std::optional<RedrawLock> m_lock;
+};
+
 CVirtualListCtrl::CVirtualListCtrl() : m_rows(std::make_unique<VirtualRows>()) {}
 
 CVirtualListCtrl::~CVirtualListCtrl() {
@@ -209,7 +230,7 @@ int CVirtualListCtrl::DeleteItems(std::vector<int> indexes) {
 }
 
 BOOL CVirtualListCtrl::DeleteAllItems() {
-    const RedrawLock lock(*this);
+    const WholeChange whole(*this);
     Change change(*this);
     std::vector<CVirtualListCtrlItem*> items;
     if (m_areItemsAutoDeleted)
@@ -221,7 +242,7 @@ BOOL CVirtualListCtrl::DeleteAllItems() {
 }
 
 void CVirtualListCtrl::ReplaceItems(const std::vector<CVirtualListCtrlItem*>& items) {
-    const RedrawLock lock(*this);
+    const WholeChange whole(*this);
     Change change(*this);
     SendAndDrop(change, m_rows->Replace(items));
 }

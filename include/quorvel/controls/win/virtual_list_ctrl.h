@@ -111,6 +111,7 @@ protected:
 private:
     class Change;
     class Flagged;
+    class WholeChange;
     enum class Unsent { Nothing, Count, All };
 
     void TakeWindow();
