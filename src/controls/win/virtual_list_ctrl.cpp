@@ -119,12 +119,12 @@ private:
     bool CVirtualListCtrl::*const m_flag;
 };
 
-// Draws the list anew after a change of all its rows. Without selected rows the list-view gets only
-// the new count, and a lock would make it draw its scroll bars twice more.
+// Draws the list anew after a change of all its rows. If few rows were selected, the list-view gets
+// few messages, and a lock would only make it draw its scroll bars twice more.
 class CVirtualListCtrl::WholeChange {
 public:
     explicit WholeChange(CVirtualListCtrl& list) : m_watch(list), m_list(list) {
-        if (m_list.m_rows->GetSelectedCount() > 0)
+        if (m_list.m_rows->GetSelectedCount() > kFewRows)
             m_lock.emplace(m_list);
     }
     WholeChange(const WholeChange&) = delete;
@@ -134,6 +134,8 @@ public:
     }
 
 private:
+    static constexpr int kFewRows = 16;
+
     const Watch m_watch;
     CVirtualListCtrl& m_list;
     std::optional<RedrawLock> m_lock;
@@ -563,7 +565,9 @@ void CVirtualListCtrl::Send(std::vector<RowRun> shown, int shownFocus) {
     {
         const Flagged sending(*this, &CVirtualListCtrl::m_isSending);
         for (int i = 0; i == 0 || (m_unsent != Unsent::Nothing && i < kMaxSendings); ++i) {
-            SendCount();
+            if (Ask(LVM_GETITEMCOUNT, 0, 0) != m_rows->GetCount()) // it draws the scroll bars
+                SendCount();
+            m_unsent = Unsent::Nothing;
             if (i > 0)
                 shown = ReadSelectedRuns();
             SendDifference(shown, i > 0 ? kUnknownFocus : shownFocus);

@@ -10,7 +10,10 @@
 #include "update/win/update_progress_pane.h"
 #include "update/win/windowed_check.h"
 
+#include <algorithm>
+#include <memory>
 #include <utility>
+#include <vector>
 
 IMPLEMENT_DYNAMIC(CCheckForUpdatesDlg, CVaskDialog)
 
@@ -68,22 +71,10 @@ public:
     bool IsFillingList() const { return m_isFillingList; } // its notifications do not count
 
 private:
-    // An exception must not leave a list that never draws again.
-    class Filling {
-    public:
-        Filling(CWnd& list, bool& isFilling) : m_list(list), m_isFilling(isFilling) {
-            m_isFilling = true;
-            m_list.SetRedraw(FALSE);
-        }
+    struct Filling { // its end also after an exception
+        explicit Filling(bool& isFilling) : m_isFilling(isFilling) { m_isFilling = true; }
         Filling(const Filling&) = delete;
-        ~Filling() {
-            m_list.SetRedraw();
-            m_list.Invalidate();
-            m_isFilling = false;
-        }
-
-    private:
-        CWnd& m_list;
+        ~Filling() { m_isFilling = false; }
         bool& m_isFilling;
     };
 
@@ -108,16 +99,15 @@ void CCheckForUpdatesDlg::Session::ShowListing(const CUpdateListing& listing) {
     if (GetWindow() == nullptr)
         return;
     CUpdateListingListCtrl& list = GetWindow()->m_latestUpdatesListCtrl;
+    std::vector<std::unique_ptr<CUpdateListingItem>> copies;
+    for (const CUpdateListingItem& item : listing.GetItems())
+        copies.push_back(std::make_unique<CUpdateListingItem>(item));
+    std::vector<CVirtualListCtrlItem*> rows(copies.size());
+    std::ranges::transform(copies, rows.begin(), [](auto& copy) { return copy.release(); });
     {
-        const Filling filling(list, m_isFillingList);
-        list.DeleteAllItems();
-        for (const CUpdateListingItem& item : listing.GetItems()) {
-            auto copy = std::make_unique<CUpdateListingItem>(item);
-            list.AddItem(copy.get());
-            copy.release(); // the list's own now
-        }
+        const Filling filling(m_isFillingList);
+        list.ShowItems(std::move(rows)); // its own now
         if (list.GetItemCount() > 0) {
-            list.AutoSortItems();
             list.SelectItem(0);
             list.EnsureVisible(0, FALSE);
         }

@@ -11,6 +11,8 @@
 #include <quorvel/framework/win/image_list.h>
 #include <quorvel/update/update_listing_item.h>
 
+#include <vector>
+
 class CDC;
 
 class QUORVEL_API CUpdateListingListCtrl : public CVirtualListCtrl {
@@ -27,6 +29,10 @@ public:
     // Inserts the three columns with headings in the current language and default widths, and sorts
     // by date, latest first. FALSE when the list already has columns, or has no window.
     BOOL InsertColumns();
+
+    // Replaces all rows by these items, in the list's sort order. The items are owned as
+    // SetAutoDeleteItems says.
+    void ShowItems(std::vector<CVirtualListCtrlItem*> items);
 
     // Null for a row that does not exist or whose item is of a different class.
     CUpdateListingItem* GetUpdateListingItem(int index) const;
