@@ -326,7 +326,8 @@ void MainDialog::ShowSource() {
         text.Replace(_T("\r\n"), _T("\n")); // the field has both
         text.Replace(_T("\n"), _T("\r\n"));
     }
-    // Each of these would draw scroll bars, which an edit field's own WM_SETREDRAW does not prevent.
+    // Each of these would draw scroll bars, which an edit field's own WM_SETREDRAW does not
+    // prevent.
     ::DefWindowProcW(m_source.m_hWnd, WM_SETREDRAW, FALSE, 0);
     m_source.SetWindowText(text);
     m_source.SetReadOnly(!isWhole);

@@ -13,8 +13,8 @@ class QUORVEL_API CVersionNumber {
 public:
     CVersionNumber() noexcept = default; // 0.0.0.0
     CVersionNumber(DWORD major, DWORD minor, DWORD revision, DWORD build) noexcept;
-    // As ParseVersionNumberString, but a text that it refuses, such as "1.2-beta", gives 0.0.0.0. For
-    // a text from outside call ParseVersionNumberString, which says whether it was a version.
+    // As ParseVersionNumberString, but a text that it refuses, such as "1.2-beta", gives 0.0.0.0.
+    // For a text from outside call ParseVersionNumberString, which says whether it was a version.
     CVersionNumber(const WCHAR* text) noexcept;
     // Integers do not compile: 0 would be a null text. For version 5.0.0.0 write all four parts.
     template <std::integral Integer>

@@ -66,8 +66,8 @@ NetworkEvents::Conditions Socket::ConditionsOf(short polled) {
     if (conditions.end || conditions.hangUp || (conditions.data && connected)) {
         int bytes = 0;
         conditions.data = ioctl(m_descriptor, FIONREAD, &bytes) == 0 && bytes > 0;
-        // The count ends at an urgent byte, even one that was received. Peeking looks behind it, but
-        // would take the error of a broken connection.
+        // The count ends at an urgent byte, even one that was received. Peeking looks behind it,
+        // but would take the error of a broken connection.
         if (!conditions.data && m_stream && !conditions.hangUp) {
             char next;
             conditions.data = ::recv(m_descriptor, &next, 1, MSG_PEEK | MSG_DONTWAIT) > 0;
