@@ -565,9 +565,9 @@ void CVirtualListCtrl::Send(std::vector<RowRun> shown, int shownFocus) {
     {
         const Flagged sending(*this, &CVirtualListCtrl::m_isSending);
         for (int i = 0; i == 0 || (m_unsent != Unsent::Nothing && i < kMaxSendings); ++i) {
+            m_unsent = Unsent::Nothing; // first: handlers may change rows while the count is sent
             if (Ask(LVM_GETITEMCOUNT, 0, 0) != m_rows->GetCount()) // it draws the scroll bars
                 SendCount();
-            m_unsent = Unsent::Nothing;
             if (i > 0)
                 shown = ReadSelectedRuns();
             SendDifference(shown, i > 0 ? kUnknownFocus : shownFocus);
