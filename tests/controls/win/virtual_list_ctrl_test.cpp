@@ -86,10 +86,13 @@ public:
     CString m_last;
     int m_selectedInSort = -1;
     int m_sentCounts = 0;
+    std::function<void()> m_onSize;
 
 protected:
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         m_sentCounts += message == LVM_SETITEMCOUNT;
+        if (message == WM_SIZE && m_onSize)
+            std::exchange(m_onSize, nullptr)();
         return CVirtualListCtrl::DefWindowProc(message, wParam, lParam);
     }
     // Like a derived class that does not pass on these notifications.
@@ -384,6 +387,16 @@ TEST(VirtualListCtrl, IsUpToDateInNotifications) {
     list.Select(2);
     list.SortItems(0, TRUE, FALSE);
     EXPECT_EQ(RowsOf(list), "*a! b c");
+}
+
+// The list-view is sized in the middle of a new count, when its scroll bar appears.
+TEST_F(RowList, ShowsRowsThatAreAddedWhileItsCountIsSent) {
+    std::vector<CVirtualListCtrlItem*> items(40);
+    std::ranges::generate(items, [] { return new CRow('a'); });
+    list.m_onSize = [&] { list.Add("b"); };
+    list.ReplaceItems(items);
+    EXPECT_FALSE(list.m_onSize) << "sized";
+    EXPECT_EQ(list.SendMessage(LVM_GETITEMCOUNT), 41);
 }
 
 // Its memory reveals writes after its end.
