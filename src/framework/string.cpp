@@ -4,6 +4,7 @@
 
 #include "platform/case_fold.h"
 #include "platform/large_block.h"
+#include "platform/text_length.h"
 #include "platform/win32.h"
 
 #include <algorithm>
@@ -40,7 +41,7 @@ template <class Ch>
 int LengthOf(const Ch* text) {
     if (text == nullptr)
         return 0;
-    const std::size_t length = std::char_traits<Ch>::length(text);
+    const std::size_t length = quorvel::TextLength(text);
     if (length > static_cast<std::size_t>(kMaximumLength))
         AfxThrowMemoryException();
     return static_cast<int>(length);

@@ -6,6 +6,8 @@
 // va_list. Everything is a template over the character type.
 #pragma once
 
+#include "platform/text_length.h"
+
 #include <quorvel/platform/linux_types.h>
 
 #include <algorithm>
@@ -116,7 +118,7 @@ bool TakesWide(const Conversion& conversion) {
 template <class Ch>
 std::size_t TerminatedLength(const Ch* text, int precision) {
     if (precision < 0)
-        return std::char_traits<Ch>::length(text);
+        return TextLength(text);
     std::size_t length = 0;
     while (length < static_cast<std::size_t>(precision) && text[length] != 0)
         ++length;
