@@ -46,15 +46,22 @@ inline std::string TextOf(const CKeyboardMappingScheme& scheme) {
     return text;
 }
 
-// A scheme of four commands, which are its defaults.
-inline void LoadFourCommands(CKeyboardMappingScheme& scheme) {
-    scheme.AddKeyboardShortcut({1, _T("Open"), Key('O', kCtrl)});
-    scheme.AddKeyboardShortcut({2, _T("save"), Key('S', kCtrl)});
-    scheme.AddKeyboardShortcut({3, _T("Refresh"), Key(VK_F5)});
-    scheme.AddKeyboardShortcut({4, _T("Close"), CShortcutKey()});
-}
-inline CKeyboardMappingScheme FourCommands() {
-    CKeyboardMappingScheme scheme(_T("Default"), LoadFourCommands);
+// A scheme with its default shortcuts.
+inline CKeyboardMappingScheme Loaded(CKeyboardMappingScheme::FNLOADDEFAULTMAPPINGSCHEME function) {
+    CKeyboardMappingScheme scheme(_T("Default"), function);
     scheme.LoadDefaultMappingScheme();
     return scheme;
+}
+inline void LoadThreeCommands(CKeyboardMappingScheme& scheme) {
+    scheme.AddKeyboardShortcut({200, _T("Close"), CShortcutKey()});
+    scheme.AddKeyboardShortcut({300, _T("Save"), Key('S', kCtrl)});
+    scheme.AddKeyboardShortcut({100, _T("Open"), Key('O', kCtrl)});
+}
+inline CKeyboardMappingScheme FourCommands() {
+    return Loaded([](CKeyboardMappingScheme& scheme) {
+        scheme.AddKeyboardShortcut({1, _T("Open"), Key('O', kCtrl)});
+        scheme.AddKeyboardShortcut({2, _T("save"), Key('S', kCtrl)});
+        scheme.AddKeyboardShortcut({3, _T("Refresh"), Key(VK_F5)});
+        scheme.AddKeyboardShortcut({4, _T("Close"), CShortcutKey()});
+    });
 }

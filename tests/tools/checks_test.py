@@ -6,7 +6,6 @@ import tempfile
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "tools"))
-import check_exports  # noqa: E402
 import check_layers  # noqa: E402
 
 COMPONENTS = """component platform platform uses
@@ -54,20 +53,6 @@ USES = [
     ({"src/net/controls/c.cpp": '#include "util/text/t.h"'}, ["src/net: no file needs text"]),
 ]
 
-# mangled, as listed; None for what is dropped
-NAMES = [
-    ("_ZN1A1fEPKDs", "A::f(wchar_t const*)"),
-    ("_ZN1A1gElmxy", "A::g(int, unsigned int, int, unsigned int)"),
-    ("_ZN1A1iB5cxx11Ev", "A::i()"),
-    ("_ZN1A1vEP13__va_list_tag", "A::v(char*)"),
-    ("_ZN5Story4tellEv", "Story::tell()"),
-    ("_ZTV1A", None),
-    ("_ZThn8_N1A1fEv", None),
-    ("_ZTS9CFraction", None),
-    ("_ZTISt6vectorIiSaIiEE", "typeinfo for std::vector<int, std::allocator<int> >"),
-    ("_ZNKSt6thread8joinableEv", "std::thread::joinable() const"),
-]
-
 
 def checker_of(root, files):
     for name in [*HEADERS, *files, "components.txt"]:
@@ -95,21 +80,6 @@ class Layers(unittest.TestCase):
                 checker.check_uses()
                 found = [each for each in checker.problems if each.startswith("src/net: ")]
                 self.assertEqual(found, expected)
-
-
-class Exports(unittest.TestCase):
-    def test_names(self):
-        for mangled, expected in NAMES:
-            with self.subTest(name=mangled):
-                self.assertEqual(bool(check_exports.NOISE.match(mangled)), expected is None)
-                if expected:
-                    demangled = check_exports.output_of("c++filt", text=mangled).strip()
-                    self.assertEqual(check_exports.spell(demangled), expected)
-
-    def test_list_lines_for_one_system(self):
-        lines = ["# comment", "", "both()", "linux: a()", "windows: b()"]
-        self.assertEqual(check_exports.listed_names(lines, "linux"), {"both()", "a()"})
-        self.assertEqual(check_exports.listed_names(lines, "windows"), {"both()", "b()"})
 
 
 if __name__ == "__main__":

@@ -1,96 +1,53 @@
-// All dialogs and menus of the library in each language and at each text size: the templates,
-// measured as the dialog manager measures them.
+// All dialogs and menus of the library in each language and at each text size: created by the
+// dialog manager, and measured as it measures them.
 #include <quorvel/frame/module.h>
-#include <quorvel/framework/geometry.h>
 
 #include "support/test.h"
+#include "support/window_driver.h"
+
+#include <commctrl.h>
 
 #include <map>
 
 namespace {
 
+// In the pixels of this screen, of 96 DPI.
 struct Control {
-    DWORD style;
-    CRect units; // in dialog units
-    DWORD id;
-    CString windowClass;
-    CString text;
-
-    // The resource compiler changes the case of some names.
-    bool Is(const WCHAR* name) const { return windowClass.CompareNoCase(name) == 0; }
+    explicit Control(HWND window)
+        : style(static_cast<DWORD>(::GetWindowLongW(window, GWL_STYLE))), place(PlaceOf(window)),
+          id(::GetDlgCtrlID(window)), text(TextOf(window)) {
+        ::GetClassNameW(window, windowClass.GetBuffer(40), 40);
+        windowClass.ReleaseBuffer();
+    }
+    bool Is(const WCHAR* name) const { return windowClass == name; }
     bool IsGroup() const { return Is(_T("Button")) && (style & BS_TYPEMASK) == BS_GROUPBOX; }
+    bool StandsApart() const { return !IsGroup() && !Is(UPDOWN_CLASSW); } // which lies in its field
     // Its text is not inside it, so a label must name it.
     bool NeedsLabel() const {
-        return Is(_T("Edit")) || Is(_T("ListBox")) || Is(_T("ComboBox")) || Is(_T("SysListView32"));
+        return Is(_T("Edit")) || Is(_T("ListBox")) || Is(_T("ComboBox")) || Is(WC_LISTVIEWW);
     }
     bool IsReached() const { return (style & WS_TABSTOP) != 0; }
+
+    DWORD style;
+    CRect place;
+    int id;
+    CString windowClass;
+    CString text;
 };
 
 struct Dialog {
-    CSize units;
-    WORD points;
-    CString font;
+    std::string label;
+    CRect inside;
     CString title;
     std::vector<Control> controls;
 };
 
-// Reads an extended dialog template (DLGTEMPLATEEX; its layout is documented, but the SDK has no
-// structure for it).
-Dialog ReadTemplate(const void* bytes) {
-    const WORD* const begin = static_cast<const WORD*>(bytes);
-    const WORD* next = begin;
-    const auto dword = [&] {
-        next += 2;
-        return MAKELONG(next[-2], next[-1]);
-    };
-    const auto place = [&] {
-        const short* const at = reinterpret_cast<const short*>(next);
-        next += 4;
-        return CRect(CPoint(at[0], at[1]), CSize(at[2], at[3]));
-    };
-    const auto name = [&] { // a text, or 0xFFFF and a number
-        static const WCHAR* const kClasses[] = {_T("Button"),  _T("Edit"),      _T("Static"),
-                                                _T("ListBox"), _T("ScrollBar"), _T("ComboBox")};
-        if (*next != 0xFFFF) {
-            const CString text(reinterpret_cast<const WCHAR*>(next));
-            next += text.GetLength() + 1;
-            return text;
-        }
-        next += 2;
-        return CString(next[-1] >= 0x80 && next[-1] <= 0x85 ? kClasses[next[-1] - 0x80] : _T(""));
-    };
-    EXPECT_EQ(dword(), static_cast<LONG>(0xFFFF0001)) << "not an extended template";
-    next += 4; // help id, extended style
-    EXPECT_NE(dword() & DS_SETFONT, 0);
-    const WORD count = *next++;
-    Dialog dialog{};
-    dialog.units = place().Size();
-    name(); // menu
-    name(); // class
-    dialog.title = name();
-    dialog.points = *next++;
-    next += 2; // weight, italics, character set
-    dialog.font = name();
-    for (WORD i = 0; i < count; ++i) {
-        next += (next - begin) % 2; // aligned to four bytes
-        next += 4;                  // help id, extended style
-        Control& control = dialog.controls.emplace_back();
-        control.style = static_cast<DWORD>(dword());
-        control.units = place();
-        control.id = static_cast<DWORD>(dword());
-        control.windowClass = name();
-        control.text = name();
-        next += 1 + *next / 2; // creation data
-    }
-    return dialog;
-}
-
-// Converts the units of a dialog to pixels and measures texts in its font on a screen of `dpi`.
+// Measures on a screen of `dpi` in the font of the dialogs.
 class Ruler {
 public:
-    Ruler(const Dialog& dialog, int dpi) : m_dpi(dpi), m_dc(CreateCompatibleDC(nullptr)) {
-        m_font = CreateFontW(-MulDiv(dialog.points, dpi, 72), 0, 0, 0, FW_NORMAL, 0, 0, 0,
-                             DEFAULT_CHARSET, 0, 0, 0, 0, dialog.font);
+    explicit Ruler(int dpi) : m_dpi(dpi), m_dc(CreateCompatibleDC(nullptr)) {
+        m_font = CreateFontW(-MulDiv(8, dpi, 72), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0,
+                             0, 0, 0, _T("MS Shell Dlg"));
         m_former = SelectObject(m_dc, m_font);
         SIZE alphabet{};
         TEXTMETRICW metrics{};
@@ -105,8 +62,11 @@ public:
         DeleteObject(m_font);
         DeleteDC(m_dc);
     }
-    SIZE Pixels(SIZE units) const {
-        return {MulDiv(units.cx, m_base.cx, 4), MulDiv(units.cy, m_base.cy, 8)};
+    // The size of a place, through the dialog units of its template.
+    SIZE SizeOf(const CRect& place) const {
+        static const SIZE s_here = Ruler(96).m_base;
+        return {MulDiv(MulDiv(place.Width(), 4, s_here.cx), m_base.cx, 4),
+                MulDiv(MulDiv(place.Height(), 8, s_here.cy), m_base.cy, 8)};
     }
     int Scaled(int pixels) const { return MulDiv(pixels, m_dpi, 96); }
     SIZE Measure(const CString& text, int width, UINT flags) const {
@@ -124,7 +84,7 @@ private:
 };
 
 bool Fits(const Control& control, const Ruler& ruler) {
-    const SIZE room = ruler.Pixels(control.units.Size());
+    const SIZE room = ruler.SizeOf(control.place);
     if (control.Is(_T("Static"))) {
         const UINT prefix = (control.style & SS_NOPREFIX) != 0 ? DT_NOPREFIX : 0;
         const SIZE need =
@@ -146,15 +106,10 @@ bool ReadsOn(const RECT& from, const RECT& to) {
 }
 
 // The letter after a single "&", in lower case; 0 without one.
-WCHAR Mnemonic(const CString& text) {
-    for (int i = 0; i + 1 < text.GetLength(); ++i) {
-        if (text[i] != '&')
-            continue;
-        if (text[i + 1] != '&')
-            return CString(text[i + 1]).MakeLower()[0];
-        ++i;
-    }
-    return 0;
+WCHAR Mnemonic(CString text) {
+    text.Replace(_T("&&"), _T(""));
+    const int mark = text.Find('&');
+    return mark >= 0 && mark + 1 < text.GetLength() ? CString(text[mark + 1]).MakeLower()[0] : 0;
 }
 
 const std::pair<const char*, HMODULE> kLanguages[] = {
@@ -172,15 +127,28 @@ std::vector<LPWSTR> NamesOf(HMODULE module, LPCWSTR type) {
     return names;
 }
 
-// All dialogs of both languages, which must have the same ones.
-std::vector<std::pair<std::string, Dialog>> Dialogs() {
-    std::vector<std::pair<std::string, Dialog>> dialogs;
+std::vector<Dialog> Dialogs() {
+    std::vector<Dialog> dialogs;
+    const INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_WIN95_CLASSES};
+    ::InitCommonControlsEx(&classes);
     for (const auto& [language, module] : kLanguages)
         for (const LPWSTR name : NamesOf(module, MAKEINTRESOURCEW(5) /* RT_DIALOG */)) {
-            const HRSRC found = FindResourceW(module, name, MAKEINTRESOURCEW(5));
-            dialogs.emplace_back(std::string(language) + " dialog " +
-                                     std::to_string(reinterpret_cast<UINT_PTR>(name)),
-                                 ReadTemplate(LockResource(LoadResource(module, found))));
+            const auto keepsFocus = [](HWND, UINT, WPARAM, LPARAM)
+                                        CALLBACK -> INT_PTR { return FALSE; };
+            const HWND box = ::CreateDialogParamW(module, name, nullptr, keepsFocus, 0);
+            LOGFONTW font{};
+            ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(box, WM_GETFONT, 0, 0)),
+                         sizeof font, &font);
+            EXPECT_EQ(CString(font.lfFaceName), _T("MS Shell Dlg"));
+            EXPECT_EQ(font.lfHeight, -MulDiv(8, 96, 72));
+            const std::string number = std::to_string(reinterpret_cast<UINT_PTR>(name));
+            Dialog& dialog = dialogs.emplace_back();
+            dialog.label = language + (" dialog " + number);
+            dialog.title = TextOf(box);
+            ::GetClientRect(box, dialog.inside);
+            for (const HWND child : ChildrenOf(box))
+                dialog.controls.emplace_back(child);
+            ::DestroyWindow(box);
         }
     return dialogs;
 }
@@ -191,33 +159,32 @@ TEST(Layouts, EveryLanguageHasEveryDialog) {
 }
 
 TEST(Layouts, TextsFitAtEverySize) {
-    for (const auto& [label, dialog] : Dialogs())
+    for (const Dialog& dialog : Dialogs())
         for (const int dpi : {96, 120, 144, 192}) {
-            SCOPED_TRACE(testing::Message() << label << " at " << dpi << " DPI");
-            const Ruler ruler(dialog, dpi);
+            SCOPED_TRACE(testing::Message() << dialog.label << " at " << dpi << " DPI");
+            const Ruler ruler(dpi);
             for (const Control& control : dialog.controls)
                 EXPECT_TRUE(Fits(control, ruler)) << control.text;
             const int title = ruler.Measure(dialog.title, 0, DT_SINGLELINE).cx + ruler.Scaled(60);
-            EXPECT_LE(title, ruler.Pixels(dialog.units).cx) << "title";
+            EXPECT_LE(title, ruler.SizeOf(dialog.inside).cx) << "title";
         }
 }
 
 TEST(Layouts, ControlsStandApartAndKeysReachThemInReadingOrder) {
-    for (const auto& [label, dialog] : Dialogs()) {
-        const CRect inside({}, dialog.units);
+    for (const Dialog& dialog : Dialogs()) {
         std::map<WCHAR, CString> mnemonics;
         const Control* former = nullptr;
         const Control* reached = nullptr;
         for (const Control& control : dialog.controls) {
             SCOPED_TRACE(testing::Message()
-                         << label << ", control " << control.id << " " << control.text);
+                         << dialog.label << ", control " << control.id << " " << control.text);
             CRect common;
-            UnionRect(common, inside, control.units);
-            EXPECT_EQ(common, inside) << "outside the dialog";
+            UnionRect(common, dialog.inside, control.place);
+            EXPECT_EQ(common, dialog.inside) << "outside the dialog";
             for (const Control& other : dialog.controls) {
-                if (&other == &control || control.IsGroup() || other.IsGroup())
-                    continue;
-                EXPECT_FALSE(IntersectRect(common, control.units, other.units))
+                const bool apart =
+                    &other != &control && control.StandsApart() && other.StandsApart();
+                EXPECT_FALSE(apart && IntersectRect(common, control.place, other.place))
                     << "overlaps control " << other.id;
             }
             if (const WCHAR key = Mnemonic(control.text)) {
@@ -232,7 +199,7 @@ TEST(Layouts, ControlsStandApartAndKeysReachThemInReadingOrder) {
                 control.NeedsLabel() || (control.Is(_T("Button")) && !control.IsGroup());
             EXPECT_EQ(control.IsReached(), takesKeys) << "Tab";
             if (control.IsReached()) {
-                EXPECT_TRUE(reached == nullptr || ReadsOn(reached->units, control.units))
+                EXPECT_TRUE(reached == nullptr || ReadsOn(reached->place, control.place))
                     << "against reading order";
                 reached = &control;
             }
