@@ -5,7 +5,7 @@
 
 using namespace quorvel::win32;
 
-TEST(App, KeepsItsProfileInTheRegistry) {
+TEST(App, KeepsItsProfileInTheRegistryUntilANullRemovesIt) {
     const TestKey test;
     CWinApp app(_T("Program"));
     EXPECT_FALSE(app.WriteProfileInt(_T("s"), _T("i"), 1)); // no registry key yet
@@ -26,20 +26,12 @@ TEST(App, KeepsItsProfileInTheRegistry) {
     EXPECT_EQ(app.GetProfileInt(_T("s"), _T("b"), 7), 7u);
     EXPECT_EQ(app.GetProfileString(_T("s"), _T("i"), _T("default")), _T("default"));
     EXPECT_FALSE(app.WriteProfileInt(_T("s"), nullptr, 1));
-}
 
-TEST(App, ANullEntryRemovesTheSectionAndANullValueTheEntry) {
-    const TestKey test;
-    CWinApp app(_T("Program"));
-    app.SetRegistryKey(test.Path().Mid(9));
-    EXPECT_TRUE(app.WriteProfileInt(_T("s"), _T("a"), 1));
-    EXPECT_TRUE(app.WriteProfileInt(_T("s"), _T("b"), 2));
-    EXPECT_TRUE(app.WriteProfileInt(_T("s\\below\\it"), _T("c"), 3));
-    EXPECT_TRUE(app.WriteProfileInt(_T("t"), _T("d"), 4));
-    EXPECT_TRUE(app.WriteProfileString(_T("s"), _T("a"), nullptr));
-    EXPECT_EQ(app.GetProfileInt(_T("s"), _T("a"), 7), 7u);
-    EXPECT_EQ(app.GetProfileInt(_T("s"), _T("b"), 7), 2u);
+    EXPECT_TRUE(app.WriteProfileInt(_T("t"), _T("i"), 4));
+    EXPECT_TRUE(app.WriteProfileString(_T("s"), _T("b"), nullptr));
+    EXPECT_FALSE(app.GetProfileBinary(_T("s"), _T("b"), &data, &size));
+    EXPECT_EQ(static_cast<int>(app.GetProfileInt(_T("s"), _T("i"), 7)), -2);
     EXPECT_TRUE(app.WriteProfileString(_T("s"), nullptr, _T("x")));
-    EXPECT_EQ(app.GetProfileInt(_T("s\\below\\it"), _T("c"), 7), 7u);
-    EXPECT_EQ(app.GetProfileInt(_T("t"), _T("d"), 7), 4u);
+    EXPECT_EQ(app.GetProfileString(_T("s\\t"), _T("s"), _T("default")), _T("default"));
+    EXPECT_EQ(app.GetProfileInt(_T("t"), _T("i"), 7), 4u);
 }

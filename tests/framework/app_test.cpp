@@ -19,8 +19,6 @@ TEST(App, MessageBoxesGoThroughTheApplication) {
 }
 
 TEST(App, BearsTheNameGivenOrThatOfTheProgram) {
-    EXPECT_EQ(AfxGetApp(), nullptr);
-    EXPECT_EQ(CString(AfxGetAppName()), _T("framework_tests"));
     {
         const CWinApp named(_T("Name"));
         EXPECT_EQ(CString(AfxGetAppName()), _T("Name"));

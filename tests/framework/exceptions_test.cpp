@@ -9,7 +9,6 @@
 TEST(Exceptions, AreCaughtByTheirBaseAndKnowTheirClass) {
     const std::tuple<CRuntimeClass*, void (*)(), BOOL> rows[] = {
         {RUNTIME_CLASS(CMemoryException), [] { AfxThrowMemoryException(); }, FALSE},
-        {RUNTIME_CLASS(CInvalidArgException), [] { AfxThrowInvalidArgException(); }, FALSE},
         {RUNTIME_CLASS(CFileException), [] { AfxThrowFileException(CFileException::diskFull); },
          TRUE},
     };
@@ -33,13 +32,12 @@ TEST(Exceptions, AreCaughtByTheirBaseAndKnowTheirClass) {
 
 TEST(Exceptions, SystemErrorsHaveACause) {
     typedef CFileException E;
-    const std::tuple<DWORD, int> rows[] = {
-        {0, E::none}, {3, E::badPath}, {19, E::accessDenied}, {0xffffffff, E::genericException}};
-    for (const auto& [error, cause] : rows)
-        EXPECT_EQ(CFileException::OsErrorToException(static_cast<LONG>(error)), cause) << error;
+    ExpectCases<int>({CASE(E::OsErrorToException(0), E::none),
+                      CASE(E::OsErrorToException(19), E::accessDenied),
+                      CASE(E::OsErrorToException(-1), E::genericException)});
 }
 
-TEST(Exceptions, TellTheCatalogueTextOfTheirCause) {
+TEST(Exceptions, HaveTheCatalogueTextOfTheirCause) {
     const GermanTexts german;
     CMemoryException memory;
     CInvalidArgException argument;

@@ -14,10 +14,9 @@ CString PartsOf(const WCHAR* url) {
                     object == _T("kept"));
         return _T("none");
     }
-    CString parts(serviceType == AFX_INET_SERVICE_HTTP    ? _T("http")
-                  : serviceType == AFX_INET_SERVICE_HTTPS ? _T("https")
-                                                          : _T("?"));
-    parts.AppendFormat(_T(" %s %u %s"), server.GetString(), port, object.GetString());
+    CString parts;
+    parts.Format(_T("%s %s %u %s"), serviceType == AFX_INET_SERVICE_HTTP ? _T("http") : _T("?"),
+                 server, port, object);
     return parts;
 }
 

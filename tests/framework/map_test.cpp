@@ -17,8 +17,7 @@ TEST(Map, FindsValuesByKeysOfAnyType) {
     EXPECT_EQ(value, _T("three"));
     EXPECT_EQ(numbers[500], _T("")) << "added";
     EXPECT_EQ(numbers.GetCount(), 1001);
-    EXPECT_TRUE(numbers.RemoveKey(3));
-    EXPECT_FALSE(numbers.RemoveKey(3));
+    EXPECT_TRUE(numbers.RemoveKey(3) && !numbers.RemoveKey(3));
 
     CMap<CString, const WCHAR*, int, int> texts;
     texts[_T("one")] = 1;
@@ -33,10 +32,8 @@ TEST(Map, AWalkMeetsEachEntryOnceWhileEntriesAreRemoved) {
     for (int i = 0; i < 100; ++i)
         map.SetAt(i, i * i);
     std::set<int> met;
-    POSITION next = map.GetStartPosition();
-    while (next != nullptr) {
-        int key = -1;
-        int value = -1;
+    for (POSITION next = map.GetStartPosition(); next != nullptr;) {
+        int key = -1, value = -1;
         map.GetNextAssoc(next, key, value);
         EXPECT_EQ(value, key * key);
         EXPECT_TRUE(met.insert(key).second);

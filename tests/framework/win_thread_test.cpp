@@ -53,22 +53,20 @@ TEST(Thread, RunsItsFunctionOnceResumed) {
 TEST(Thread, EndsWithoutRunningOrWithWhatIsThrown) {
     g_runs = 0;
     int amount = 1;
-    const std::tuple<AFX_THREADPROC, bool, int> rows[] = {
-        {Count, false, 100}, {ThrowException, true, 1}, {ThrowNumber, true, 1}};
-    for (const auto& [function, resumed, times] : rows)
-        for (int i = 0; i < times; ++i) {
-            CWinThread* const suspended = BeginSuspended(function, &amount);
-            const HANDLE self = GetCurrentProcess();
-            HANDLE thread = nullptr;
-            EXPECT_TRUE(DuplicateHandle(self, suspended->m_hThread, self, &thread, 0, FALSE,
-                                        DUPLICATE_SAME_ACCESS));
-            if (resumed)
-                suspended->ResumeThread();
-            else
-                delete suspended;
-            EXPECT_EQ(Await(thread), 0u);
-            CloseHandle(thread);
-        }
+    for (int i = 0; i < 100; ++i) {
+        const AFX_THREADPROC function = i == 0 ? ThrowException : i == 1 ? ThrowNumber : Count;
+        CWinThread* const suspended = BeginSuspended(function, &amount);
+        const HANDLE self = GetCurrentProcess();
+        HANDLE thread = nullptr;
+        EXPECT_TRUE(DuplicateHandle(self, suspended->m_hThread, self, &thread, 0, FALSE,
+                                    DUPLICATE_SAME_ACCESS));
+        if (function == Count)
+            delete suspended;
+        else
+            suspended->ResumeThread();
+        EXPECT_EQ(Await(thread), 0u);
+        CloseHandle(thread);
+    }
     EXPECT_EQ(g_runs, 0);
 }
 

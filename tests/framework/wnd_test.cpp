@@ -14,7 +14,7 @@ using namespace quorvel::win32;
 
 namespace {
 
-enum : UINT { kFirstControl = 100, kSecondControl, kMenuItem };
+enum : UINT { kControl = 100, kMenuItem };
 enum : UINT {
     kHandled = WM_APP,
     kOverridden,
@@ -22,7 +22,7 @@ enum : UINT {
     kThrowException,
     kThrowNumber,
     kOfProcedure,
-    kDestroyYourself
+    kDestroyItself
 };
 constexpr UINT kNotification = 7;
 
@@ -43,7 +43,6 @@ protected:
     LRESULT OnOverridden(WPARAM, LPARAM) { return 1; }
     LRESULT OnThrowException(WPARAM, LPARAM) { AfxThrowUserException(); }
     LRESULT OnThrowNumber(WPARAM, LPARAM) { throw 5; }
-    void OnClicked() { m_seen += "clicked "; }
     void OnChanged() { m_seen += "changed "; }
     void OnMenu() { m_seen += "menu "; }
     void OnNotified(NMHDR* header, LRESULT* result) {
@@ -60,21 +59,15 @@ ON_MESSAGE(kHandled, &CBase::OnHandled)
 ON_MESSAGE(kOverridden, &CBase::OnOverridden)
 ON_MESSAGE(kThrowException, &CBase::OnThrowException)
 ON_MESSAGE(kThrowNumber, &CBase::OnThrowNumber)
-ON_BN_CLICKED(kFirstControl, &CBase::OnClicked)
-ON_CONTROL(kChangeCode, kSecondControl, &CBase::OnChanged)
+ON_CONTROL(kChangeCode, kControl, &CBase::OnChanged)
 ON_COMMAND(kMenuItem, &CBase::OnMenu)
-ON_NOTIFY(kNotification, kFirstControl, &CBase::OnNotified)
+ON_NOTIFY(kNotification, kControl, &CBase::OnNotified)
 END_MESSAGE_MAP()
 
 class CDerived : public CBase {
 public:
-    ~CDerived() override {
-        if (m_deleted != nullptr)
-            *m_deleted = true;
-    }
     bool m_throwAtCreation = false;
     bool m_refuses = false;
-    bool* m_deleted = nullptr; // if set, the object deletes itself with its window
 
 protected:
     BOOL PreCreateWindow(CREATESTRUCTW& parameters) override {
@@ -92,14 +85,10 @@ protected:
             AfxThrowUserException();
         return Default();
     }
-    LRESULT OnDestroyYourself(WPARAM, LPARAM) { return DestroyWindow(); }
+    LRESULT OnDestroyItself(WPARAM, LPARAM) { return DestroyWindow(); }
     void OnDestroy() { m_seen += "destroyed "; }
     void PreSubclassWindow() override { m_seen += "subclassed "; }
-    void PostNcDestroy() override {
-        m_seen += m_hWnd == nullptr ? "gone " : "still there ";
-        if (m_deleted != nullptr)
-            delete this;
-    }
+    void PostNcDestroy() override { m_seen += m_hWnd == nullptr ? "ended " : "still there "; }
     DECLARE_MESSAGE_MAP()
 };
 
@@ -107,7 +96,7 @@ BEGIN_MESSAGE_MAP(CDerived, CBase)
 ON_MESSAGE(kOverridden, &CDerived::OnOverridden)
 ON_MESSAGE(kPassedOn, &CDerived::OnPassedOn)
 ON_MESSAGE(WM_CREATE, &CDerived::OnCreated)
-ON_MESSAGE(kDestroyYourself, &CDerived::OnDestroyYourself)
+ON_MESSAGE(kDestroyItself, &CDerived::OnDestroyItself)
 ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
@@ -131,70 +120,58 @@ TEST_F(Wnd, ItsObjectIsThereFromTheFirstMessageToTheLast) {
     wnd.GetWindowText(caption);
     EXPECT_EQ(caption, _T("changed")) << "by PreCreateWindow";
     const HWND window = wnd.m_hWnd;
-    EXPECT_EQ(CWnd::FromHandle(window), &wnd);
     EXPECT_FALSE(Create(wnd)) << "has a window";
     EXPECT_TRUE(wnd.DestroyWindow());
-    EXPECT_EQ(wnd.m_seen, "subclassed created destroyed gone ");
+    EXPECT_EQ(wnd.m_seen, "subclassed created destroyed ended ");
     EXPECT_EQ(wnd.m_hWnd, nullptr);
     EXPECT_EQ(AfxGetMainWnd(), nullptr);
     EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
     EXPECT_TRUE(Create(wnd)) << "may have another window";
 }
 
-TEST_F(Wnd, AFailedCreationTellsPostNcDestroyOnce) {
-    CDerived unknownClass;
+TEST_F(Wnd, AFailedCreationCallsPostNcDestroyOnce) {
+    CDerived unknownClass, refusing, throwing;
     EXPECT_FALSE(Create(unknownClass, _T("No such class")));
-    EXPECT_EQ(unknownClass.m_seen, "gone ");
-
-    CDerived refusing;
+    EXPECT_EQ(unknownClass.m_seen, "ended ");
     refusing.m_refuses = true;
     EXPECT_FALSE(Create(refusing));
-    EXPECT_EQ(refusing.m_seen, "gone ");
-
-    CDerived throwing;
+    EXPECT_EQ(refusing.m_seen, "ended ");
     throwing.m_throwAtCreation = true;
     EXPECT_FALSE(Create(throwing));
     EXPECT_EQ(throwing.m_seen.find("subclassed created "), 0u);
-    EXPECT_EQ(throwing.m_seen.find("gone "), throwing.m_seen.size() - 5) << throwing.m_seen;
+    EXPECT_EQ(throwing.m_seen.find("ended "), throwing.m_seen.size() - 6) << throwing.m_seen;
 }
 
 TEST_F(Wnd, AnObjectMayDeleteItselfWithItsWindow) {
-    bool deleted = false;
-    CDerived* const wnd = new CDerived;
-    wnd->m_deleted = &deleted;
+    static bool s_isDeleted;
+    struct CSelfDeleting : CDerived {
+        ~CSelfDeleting() override { s_isDeleted = true; }
+        void PostNcDestroy() override { delete this; }
+    };
+    CWnd* const wnd = new CSelfDeleting;
     ASSERT_TRUE(Create(*wnd));
-    wnd->SendMessage(kDestroyYourself);
-    EXPECT_TRUE(deleted);
+    wnd->SendMessage(kDestroyItself);
+    EXPECT_TRUE(s_isDeleted);
 }
 
-TEST_F(Wnd, AttachRefusesWhatIsTaken) {
-    const HWND window = CreateBare();
-    const HWND other = CreateBare();
+TEST_F(Wnd, AWindowHasOneObjectOnItsThreadAndAnyThreadATemporaryOne) {
+    const HWND window = CreateBare(), other = CreateBare();
+    EXPECT_EQ(CWnd::FromHandle(window), CWnd::FromHandle(window));
+    EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
     {
-        CWnd wnd, rival;
+        CWnd wnd;
         EXPECT_FALSE(wnd.SubclassWindow(reinterpret_cast<HWND>(UINT_PTR{0x7ffe})));
         EXPECT_TRUE(wnd.Attach(window));
         EXPECT_FALSE(wnd.Attach(other)) << "has a window";
-        EXPECT_FALSE(rival.Attach(window)) << "has an object";
+        EXPECT_FALSE(CWnd().Attach(window)) << "has an object";
+        EXPECT_EQ(CWnd::FromHandle(window), &wnd) << "before the temporary one";
+        std::thread([&] {
+            EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
+            EXPECT_NE(CWnd::FromHandle(window), &wnd);
+        }).join();
     }
     EXPECT_FALSE(IsWindow(window)) << "destroyed with its object";
     DestroyWindow(other);
-}
-
-TEST_F(Wnd, TemporaryObjectsServeWindowsWithoutOneAndAreOfOneThread) {
-    const HWND window = CreateBare();
-    CWnd* const temporary = CWnd::FromHandle(window);
-    EXPECT_EQ(CWnd::FromHandle(window), temporary);
-    EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
-
-    CWnd wnd;
-    ASSERT_TRUE(wnd.Attach(window));
-    EXPECT_EQ(CWnd::FromHandle(window), &wnd) << "a permanent one goes first";
-    std::thread([&] {
-        EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
-        EXPECT_NE(CWnd::FromHandle(window), &wnd);
-    }).join();
-    wnd.DestroyWindow();
 }
 
 TEST_F(Wnd, ASubclassedWindowGetsItsProcedureBack) {
@@ -223,14 +200,13 @@ TEST_F(Wnd, MessagesReachTheirMembers) {
 
     const LPARAM control = reinterpret_cast<LPARAM>(wnd.m_hWnd);
     wnd.m_seen.clear();
-    wnd.SendMessage(WM_COMMAND, MAKEWPARAM(kFirstControl, BN_CLICKED), control);
-    wnd.SendMessage(WM_COMMAND, MAKEWPARAM(kSecondControl, kChangeCode), control);
+    wnd.SendMessage(WM_COMMAND, MAKEWPARAM(kControl, kChangeCode), control);
     wnd.SendMessage(WM_COMMAND, kMenuItem);
-    NMHDR header = {wnd.m_hWnd, kFirstControl, kNotification};
+    NMHDR header = {wnd.m_hWnd, kControl, kNotification};
     EXPECT_EQ(wnd.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header)), 200);
     header.code = kNotification + 1;
     EXPECT_EQ(wnd.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header)), 0);
-    EXPECT_EQ(wnd.m_seen, "clicked changed menu notified ");
+    EXPECT_EQ(wnd.m_seen, "changed menu notified ");
 }
 
 TEST_F(Wnd, TheCreationHookTakesTheNextWindowAlone) {
@@ -251,37 +227,20 @@ TEST_F(Wnd, TheCreationHookTakesTheNextWindowAlone) {
 // outside aligns the stack only to the width of an address.
 typedef float Vector __attribute__((vector_size(16)));
 
-float SumOnAlignedStack(float first) {
-    volatile Vector spilled = {first, 2, 3, 4};
+void ExpectAlignedStack() {
+    volatile Vector spilled = {1, 2, 3, 4};
     UINT_PTR address = reinterpret_cast<UINT_PTR>(&spilled);
     asm volatile("" : "+r"(address)); // otherwise the compiler assumes the alignment
     EXPECT_EQ(address % 16, 0u);
-    return spilled[0] + spilled[1] + spilled[2] + spilled[3];
 }
 
-LRESULT CALLBACK VectorProcedure(HWND, UINT, WPARAM wParam, LPARAM) {
-    return static_cast<LRESULT>(SumOnAlignedStack(static_cast<float>(wParam)));
-}
-
-TEST(Stack, IsAlignedForVectorsInAWindowProcedureAndOnAThread) {
-    WNDPROC procedure = VectorProcedure;
-    for (const unsigned bytes : {0u, 4u, 8u, 12u}) {
-        LRESULT result;
-        asm volatile("movl %%esp, %%esi\n\t"
-                     "andl $-16, %%esp\n\t"
-                     "subl %[bytes], %%esp\n\t"
-                     "pushl $0\n\t"
-                     "pushl $1\n\t"
-                     "pushl $0\n\t"
-                     "pushl $0\n\t"
-                     "call *%[procedure]\n\t"
-                     "movl %%esi, %%esp"
-                     : "=a"(result)
-                     : [bytes] "b"(bytes), [procedure] "0"(procedure)
-                     : "ecx", "edx", "esi", "memory", "cc");
-        EXPECT_EQ(result, 10);
-    }
-    std::thread([] { EXPECT_EQ(SumOnAlignedStack(1), 10.0f); }).join();
+TEST(Stack, IsAlignedForVectorsWhoeverCallsAndOnAThread) {
+    for (const UINT_PTR bytes : {4, 8, 12})
+        asm volatile("subl %%ebx, %%esp\n\t call *%0\n\t addl %%ebx, %%esp"
+                     :
+                     : "S"(ExpectAlignedStack), "b"(bytes)
+                     : "eax", "ecx", "edx", "memory", "cc");
+    std::thread(ExpectAlignedStack).join();
 }
 #endif
 

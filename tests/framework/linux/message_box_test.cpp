@@ -21,8 +21,9 @@ std::pair<int, std::string> Show(LPCWSTR text, UINT type, const char* lines) {
     std::fclose(out);
     if (in != nullptr)
         std::fclose(in);
-    const std::unique_ptr<char, decltype(&std::free)> owner(output, std::free);
-    return {result, std::string(output, size)};
+    const std::string written(output, size);
+    std::free(output);
+    return {result, written};
 }
 
 } // namespace

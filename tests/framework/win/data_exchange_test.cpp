@@ -56,8 +56,7 @@ TEST(DataExchange, NumbersOutsideTheTypeAreRefusedAndKept) {
         {5, _T("5"), _T(" +8 "), true, 8},
         {5, _T("5"), _T(""), false, 5},
     });
-    ExpectNumbers<UINT>({{UINT_MAX, _T("4294967295"), _T("4294967295"), true, UINT_MAX},
-                         {1, _T("1"), _T("-1"), false, 1},
+    ExpectNumbers<UINT>({{UINT_MAX, _T("4294967295"), _T("-1"), false, UINT_MAX},
                          {1, _T("1"), _T("4294967296"), false, 1}});
     ExpectNumbers<BYTE>({{255, _T("255"), _T("256"), false, 255}});
     ExpectNumbers<LONGLONG>(
@@ -80,7 +79,6 @@ TEST(DataExchange, ARefusalSaysWhyAndSelectsTheField) {
     };
     const std::tuple<Exchange, const WCHAR*, const WCHAR*> rows[] = {
         {maxChars, _T("abcd"), _T("The text in this field cannot be longer than 3 characters")},
-        {maxChars, _T("abc"), nullptr},
         {range, _T("0"), _T("The value in this field must be a number between 1 and 9")},
         {range, _T("x"),
          _T("The value in this field must be a number between -2147483648 and 2147483647")},
@@ -92,15 +90,16 @@ TEST(DataExchange, ARefusalSaysWhyAndSelectsTheField) {
         dialog.m_exchange = exchange;
         dialog.SetDlgItemText(FIELD_TEXT, typed);
         ::SetFocus(dialog.Item(FIELD_NUMBER));
-        EXPECT_EQ(dialog.UpdateData(), message == nullptr);
+        EXPECT_FALSE(dialog.UpdateData());
         const auto boxes = app.Take();
-        ASSERT_EQ(boxes.size(), message != nullptr ? 1u : 0u);
-        if (message == nullptr)
-            continue;
+        ASSERT_EQ(boxes.size(), 1u);
         EXPECT_EQ(boxes[0].text, message);
         EXPECT_EQ(::GetFocus(), dialog.Item(FIELD_TEXT));
         EXPECT_EQ(dialog.SendDlgItemMessage(FIELD_TEXT, EM_GETSEL), MAKELONG(0, ::lstrlenW(typed)));
     }
+    dialog.m_exchange = maxChars;
+    dialog.SetDlgItemText(FIELD_TEXT, _T("abc"));
+    EXPECT_TRUE(dialog.UpdateData());
 }
 
 TEST(DataExchange, ControlsShowValuesAndGiveThemBack) {
