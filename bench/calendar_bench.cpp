@@ -16,7 +16,8 @@ struct Question {
     int month, year, dayOfWeek, ordinal;
 };
 
-// Of our time, one in five with an ordinal of 5, which most months lack.
+// Months of the years 1900 to 2099. One question in five asks for a fifth weekday, which most
+// months don't have.
 const std::array<Question, 1024>& Questions() {
     static const auto s_questions = [] {
         std::array<Question, 1024> questions;

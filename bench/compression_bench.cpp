@@ -1,5 +1,5 @@
-// Compression of a file of 50 MB into another, beside zlib driven by hand with buffers of the same
-// sizes. The argument is the level; decompression has none.
+// Compression of a file of 50 MB into another, compared with zlib driven by hand with buffers of
+// the same sizes. The argument is the level; decompression has none.
 //
 // peak_KB is how much memory the process needs beyond what it had before, at its highest: zlib's
 // own state and the buffers, of 40 KB.

@@ -1,5 +1,5 @@
-// libcurl as the peer of downloads: its header brings the system's socket names, which other files
-// of the benchmarks can't have beside Winsock's.
+// libcurl as the peer of downloads. Its header declares the system's socket names, which conflict
+// with the names of Winsock in the other files of the benchmarks.
 #pragma once
 
 #include <cstdint>

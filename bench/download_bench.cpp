@@ -1,6 +1,6 @@
-// Downloads from a web server on this machine, beside libcurl with a receive buffer of the same
-// size; and what the post of a status costs. Both write what comes to /dev/null: a disk is slower
-// than either.
+// Downloads from a web server on this machine, compared with libcurl with a receive buffer of the
+// same size; and what the post of a status costs. Both write what comes to /dev/null: a disk is
+// slower than either.
 #include <quorvel/net/http_file_socket.h>
 #include <quorvel/update/https_update_transport.h>
 

@@ -1,5 +1,5 @@
-// Keyboard schemes and the list of shortcuts: a scheme of 10,000 commands beside a plain vector,
-// and filtering and sorting 100,000 rows beside the same over texts that are ready.
+// Keyboard schemes and the list of shortcuts: a scheme of 10,000 commands against a plain vector,
+// and filtering and sorting 100,000 rows against the same over texts that are ready.
 #include "keyboard/shortcut_list.h"
 #include "platform/case_fold.h"
 #include "platform/win32.h"

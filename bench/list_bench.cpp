@@ -1,7 +1,7 @@
 // The models of lists. Sorting 1,000,000 rows by a text and by a number column, with no row, one in
-// three and every row selected, beside a stable sort of the bare pointers with the same comparison;
-// deleting and moving rows one by one beside the same in a plain vector; and the saved state of 50
-// columns beside the bare calls of the registry.
+// three and every row selected, against a stable sort of the bare pointers with the same
+// comparison; deleting and moving rows one by one against the same in a plain vector; and the saved
+// state of 50 columns against the bare calls of the registry.
 #include "controls/columns.h"
 #include "controls/virtual_rows.h"
 #include "platform/win32.h"

@@ -1,4 +1,4 @@
-// Numbers read from and written to the registry, through an open key and through a path, beside
+// Numbers read from and written to the registry, through an open key and through a path, against
 // prepared statements of SQLite written by hand: the same journal and synchronisation, one
 // transaction a write, names that need no folding. The argument is the number of values of the key.
 #include <quorvel/system/profile.h>

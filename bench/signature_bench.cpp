@@ -1,4 +1,4 @@
-// Verifying a signed listing of 1 MB in a file, beside libsodium's own calls on bytes in memory.
+// Verifying a signed listing of 1 MB in a file, against libsodium's own calls on bytes in memory.
 #include "update/minisign.h"
 
 #include <benchmark/benchmark.h>

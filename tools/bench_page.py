@@ -9,14 +9,14 @@ CORPORA = ["RSS", "attributes", "tiny tags", "text"]  # by their numbers
 
 HEAD = """# Performance
 
-`./run bench` has measured the library beside what a host would otherwise call, and has written this page. A
+`./run bench` has compared the library with what a host would otherwise call, and has written this page. A
 ratio above 1 means that the library is faster than its peer. A benchmark and its peers take turns in one run;
 a ratio is that of the medians of five repetitions, in processor time unless a row says otherwise. Where the
 ratios of the five differ by more than a fifth, the lowest and the highest stand in brackets.
 
 """
 
-NOTES = """A text that is nearly one piece gains least beside pugixml, which keeps its bytes as they are. Here they
+NOTES = """A text that is nearly one piece gains least against pugixml, which keeps its bytes as they are. Here they
 become UTF-16, and twice the memory is touched for the first time. A load may take 2 bytes a character, 32
 bytes a record of the index and 4 MB at its peak. In a new process it took """
 
@@ -114,7 +114,7 @@ def encodings(page):
                [(job, f"`{who}`", *(page.ratio(family, who, size) for size in sizes))
                 for job, family, who in jobs])
     languages = ("ASCII", "German", "Russian", "Japanese", "emoji")
-    page.text("Text of 64 KB beside ICU, on Linux:\n")
+    page.text("Text of 64 KB, compared with ICU, on Linux:\n")
     page.table(("job", *languages),
                [(job, *(page.ratio(family, "ICU", language) for language in languages))
                 for job, family in (("UTF-8 to UTF-16", "FromUtf8"), ("UTF-16 to UTF-8", "ToUtf8"))])
@@ -201,14 +201,14 @@ def lists(page, windows):
         ("save and load the state of 50 columns", "bare registry calls",
          faster(page.ratios("ColumnState", "bare calls", "save", "load")))))
     if windows:
-        page.text("Virtual lists in windows beside a bare owner-data list, and the dialog of the check for "
-                  "updates\nbeside loading and sorting its listing alone; under Wine, by the clock:\n")
+        page.text("Virtual lists in windows against a bare owner-data list, and the dialog of the check for "
+                  "updates\nagainst loading and sorting its listing alone; under Wine, by the clock:\n")
         page.table(("job", "time", "times as fast"), windows)
 
 
 def xml(page):
     page.text("## XML\n")
-    page.text("Beside pugixml, on documents of 30 MB, and of 100 KB behind the semicolon:\n")
+    page.text("Compared with pugixml, on documents of 30 MB, and of 100 KB after the semicolon:\n")
 
     def both(family, cell):
         return "; ".join(cell(family, size) for size in (LARGE, SMALL))

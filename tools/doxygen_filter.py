@@ -48,7 +48,7 @@ def is_declared_here(line):
 
 
 def group_end(lines, start):
-    """Behind the declarations that share a comment, or `start` where there is one alone."""
+    """The line after the declarations that share a comment, or `start` for a single one."""
     end, depth, declarations = start, 0, 0
     while end < len(lines):
         text = lines[end].strip()

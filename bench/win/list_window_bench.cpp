@@ -1,4 +1,4 @@
-// Virtual lists in windows, beside a bare owner-data list of the platform with the same texts:
+// Virtual lists in windows, against a bare owner-data list of the platform with the same texts:
 // answering the display requests of a page of rows, painting that page, taking 1,000,000 rows, and
 // scrolling through them. The two take turns, and the medians are compared: one line for each
 // figure, with the ratio of the library's time to the bare list's. Windows only.

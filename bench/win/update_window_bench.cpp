@@ -1,4 +1,4 @@
-// The dialog of the check for updates with a listing of 10,000 entries, beside loading and sorting
+// The dialog of the check for updates with a listing of 10,000 entries, against loading and sorting
 // the listing alone: showing it in the open dialog, and opening the dialog with it. The two take
 // turns, and the medians are compared. Windows only.
 //

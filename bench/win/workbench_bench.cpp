@@ -1,6 +1,6 @@
-// The workbench with a file of 100 MB, beside the least that its work needs: opening and showing
-// the file beside AfxLoadXMLFile, filtering beside a bare scan that ignores letter case, and the
-// memory of both beside that of the document. The two take turns, and the medians are compared.
+// The workbench with a file of 100 MB, against the least that its work needs: opening and showing
+// the file against AfxLoadXMLFile, filtering against a bare scan that ignores letter case, and the
+// memory of both against that of the document. The two take turns, and the medians are compared.
 // Windows only.
 #include <quorvel/framework/app.h>
 #include <quorvel/xml/xml_file.h>

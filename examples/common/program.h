@@ -11,7 +11,7 @@ struct Failure {
     CString text;
 };
 
-// Runs the program's body and gives the exit code. Failures, and all other exceptions, are told on
-// standard error behind the program's name; the others, and standard output that cannot be written,
-// end it with `failedCode`.
+// Runs the program's body and returns the exit code. Prints failures and all other exceptions on
+// standard error, after the program's name. The other exceptions, and standard output that cannot
+// be written, end the program with `failedCode`.
 int RunProgram(const WCHAR* name, int failedCode, const std::function<int()>& body);

@@ -50,7 +50,7 @@ public:
         m_message.Replace(_T("\r\n\r\n"), _T(" "));
         return IDOK;
     }
-    // Of the last box; empty when there was none.
+    // The text of the last box; empty before the first.
     const CString& Message() const { return m_message; }
 
 private:
@@ -119,7 +119,7 @@ fs::path PathOf(const CString& name) {
     return fs::path(std::basic_string<WCHAR>(name));
 }
 
-// A name beside the target that is free; the file is removed at the end unless it has become the
+// A free name in the target's folder. The file is removed at the end unless it has become the
 // target.
 class PartFile {
 public:

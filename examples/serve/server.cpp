@@ -87,7 +87,7 @@ BOOL Connection::OnSend(int) {
     return TRUE;
 }
 
-// Sends until the client cannot take more; then OnSend goes on.
+// Sends until the client cannot take more; OnSend then continues.
 void Connection::SendMore() {
     for (;;) {
         if (m_pending.empty() && m_file.is_open()) {

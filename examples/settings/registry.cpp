@@ -90,7 +90,7 @@ LONG Query(HKEY key, const WCHAR* name, RegValue& value) {
     return error;
 }
 
-// What is to be removed may be gone already.
+// The value or key may have been removed already.
 void AllowMissing(const std::function<void()>& removal) {
     try {
         removal();

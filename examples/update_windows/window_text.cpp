@@ -22,7 +22,7 @@ CString ClassOf(HWND window) {
     return name;
 }
 
-// The priority is an icon: its name stands for it.
+// The priority is an icon: prints its name.
 void PrintRows(HWND window) {
     auto* const list = dynamic_cast<CUpdateListingListCtrl*>(CWnd::FromHandlePermanent(window));
     const int count = static_cast<int>(::SendMessageW(window, LVM_GETITEMCOUNT, 0, 0));

@@ -1,6 +1,6 @@
-// A check for updates on a console: what it says goes to standard output, a line with the progress
-// to standard error, and questions are answered on standard input. Characters by which a text could
-// control the terminal or forge another line are shown as U+FFFD.
+// A check for updates on a console. Prints its messages on standard output and a line with the
+// progress on standard error, and reads answers from standard input. Shows U+FFFD for characters
+// with which a text could control the terminal or forge another line.
 #pragma once
 
 #include <quorvel/update/check_for_updates_view.h>

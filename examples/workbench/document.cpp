@@ -120,7 +120,7 @@ std::vector<int> Document::Find(View text, const std::function<void(int percent)
     return found;
 }
 
-// Judges a source between what stands before the root and the tags that are open around it, which
+// Checks a source between what stands before the root and the tags that are open around it, which
 // declare its prefixes and entities.
 bool Document::CheckSource(int index, const CString& source, CXMLFault& fault) const {
     std::vector<int> parents;

@@ -33,7 +33,7 @@ public:
     bool ReplaceSource(int index, CString source, CXMLFault& fault);
 
 private:
-    // A parse leaves the records in document order, behind one that stands for the document.
+    // A parse leaves the records in document order, after one for the document itself.
     const ElemPos& Record(int index) const { return m_aPos.GetData()[index + 1]; }
     int ParentOf(int index) const { return Record(index).iParent - 1; }
     View Text(int first, int end) const;

@@ -32,7 +32,7 @@ void LoadDefaultShortcuts(CKeyboardMappingScheme& scheme) {
     CMenu menu;
     menu.LoadMenu(MENU_MAIN);
     AfxAddMenuCommands(menu, scheme);
-    scheme.RemoveKeyboardShortcutUsingCommandID(COMMAND_RECENT); // stands for a list
+    scheme.RemoveKeyboardShortcutUsingCommandID(COMMAND_RECENT); // a list of files, not a command
     for (const ACCEL& key : kDefaultKeys)
         scheme.SetShortcutKey(key.cmd, CKeyboardShortcut(key, FALSE).GetShortcutKey());
 }

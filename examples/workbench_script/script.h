@@ -28,7 +28,7 @@ public:
     void ClickHeading(int listId, int column);
     void Show();                 // the front box: what it did not show the last time
     void ShowMenu(int position); // of the main window
-    // Of the front box. A set has only those that say so.
+    // Takes a picture of the front box. A set of pictures has only those that say so.
     void Picture(const char* name, bool isInEverySet = false);
 
     // Whether all were played; false also when a box was waited for in vain.

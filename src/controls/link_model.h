@@ -68,8 +68,8 @@ public:
     bool m_isModified = false;
     bool m_isMenuShowing = false;
     bool m_isKeyPressed = false;
-    bool m_isBusy = false; // opening or editing; neither starts again until then
-    bool m_isGone = false; // the control has been destroyed
+    bool m_isBusy = false;      // opening or editing; neither starts again until then
+    bool m_isDestroyed = false; // the control has been destroyed
 private:
     CString m_uri;
 };

@@ -205,6 +205,11 @@ void VirtualRows::Clear() {
 
 std::vector<CVirtualListCtrlItem*>
 VirtualRows::Replace(const std::vector<CVirtualListCtrlItem*>& items) {
+    if (m_count == 0) { // saves two copies of what may be millions of rows
+        for (CVirtualListCtrlItem* const item : items)
+            Add(item);
+        return {};
+    }
     const CVirtualListCtrlItem* const focused = GetItem(m_focusedRow);
     std::vector<Slot> former = Flattened();
     std::ranges::sort(former); // by address; the mark is the lowest bit

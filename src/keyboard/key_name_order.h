@@ -10,7 +10,7 @@ inline bool IsNameBefore(const CString& a, const CString& b) {
     return a.IsEmpty() || b.IsEmpty() ? !a.IsEmpty() && b.IsEmpty() : a < b;
 }
 // Descending order, but keys without a name are still last.
-inline bool IsNameBehind(const CString& a, const CString& b) {
+inline bool IsNameAfter(const CString& a, const CString& b) {
     return a.IsEmpty() || b.IsEmpty() ? !a.IsEmpty() && b.IsEmpty() : b < a;
 }
 

@@ -95,7 +95,7 @@ bool IsCommandBefore(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* c
                      [](const Row& a, const Row& b) { return TextOf(a) < TextOf(b); });
 }
 
-bool IsCommandBehind(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second) {
+bool IsCommandAfter(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second) {
     return IsCommandBefore(second, first);
 }
 
@@ -105,18 +105,18 @@ bool IsKeyBefore(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const
     });
 }
 
-bool IsKeyBehind(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second) {
+bool IsKeyAfter(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second) {
     return IsOrdered(first, second, [](const Row& a, const Row& b) {
-        return IsNameBehind(a.GetKeyName(), b.GetKeyName());
+        return IsNameAfter(a.GetKeyName(), b.GetKeyName());
     });
 }
 
 VirtualRowOrder ShortcutList::OrderOf(int column, bool isAscending) {
     switch (column) {
     case kCommandColumn:
-        return isAscending ? IsCommandBefore : IsCommandBehind;
+        return isAscending ? IsCommandBefore : IsCommandAfter;
     case kKeyColumn:
-        return isAscending ? IsKeyBefore : IsKeyBehind;
+        return isAscending ? IsKeyBefore : IsKeyAfter;
     default:
         return nullptr;
     }
@@ -270,10 +270,10 @@ void ShortcutList::ForgetKeyNames() {
 
 void ShortcutList::SortRows(std::vector<Row*>& rows) const {
     const VirtualRowOrder order = m_sort.order;
-    const bool isByCommand = order == IsCommandBefore || order == IsCommandBehind;
+    const bool isByCommand = order == IsCommandBefore || order == IsCommandAfter;
     if (order == nullptr)
         return;
-    if (!isByCommand && order != IsKeyBefore && order != IsKeyBehind) {
+    if (!isByCommand && order != IsKeyBefore && order != IsKeyAfter) {
         std::stable_sort(rows.begin(), rows.end(),
                          [order](Row* first, Row* second) { return order(first, second); });
         return;

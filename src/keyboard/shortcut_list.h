@@ -21,9 +21,9 @@ namespace quorvel {
 // The orders of the list's columns, by code unit. In both orders of the keys, rows without a key
 // are last. With a row of another class the result is false.
 bool IsCommandBefore(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
-bool IsCommandBehind(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
+bool IsCommandAfter(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
 bool IsKeyBefore(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
-bool IsKeyBehind(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
+bool IsKeyAfter(CVirtualListCtrlItem* const& first, CVirtualListCtrlItem* const& second);
 
 // The current sort. Without an order the rows keep theirs.
 struct ShortcutSort {

@@ -5,7 +5,7 @@
 #include <quorvel/framework/exceptions.h>
 #include <quorvel/res/message_ids.h>
 
-#include "net/mail_hand_over.h"
+#include "net/submit_mail.h"
 
 #include <exception>
 
@@ -40,7 +40,7 @@ BOOL SendAndReport(const quorvel::MailTexts& texts, bool logsOn) {
     if (!quorvel::IsComplete(texts))
         return FALSE;
     try {
-        return quorvel::HandOverMail(texts, logsOn, Report);
+        return quorvel::SubmitMail(texts, logsOn, Report);
     } catch (CMemoryException* exception) {
         exception->Delete();
     } catch (const std::exception&) {

@@ -26,6 +26,6 @@ bool SaveUpdateSettings(const CRegistryPath& path, const UpdateSettings& setting
 // has the two limits as inserts.
 UINT ValidateUpdateUrl(const WCHAR* url);
 UINT ValidateReminderDays(bool reminds, const WCHAR* days);
-int ReminderDaysOf(const WCHAR* days); // the number that a valid text stands for
+int ReminderDaysOf(const WCHAR* days); // the number in a valid text
 
 } // namespace quorvel

@@ -1,9 +1,13 @@
 // Code pages and locales where the Linux platform does more than Wine, or follows the documentation
 // of Windows where Wine does not.
 #include "platform/linux/locale/locale.h"
+#include "platform/text_length.h"
 #include "platform/win32.h"
 
 #include "support/test.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
 
 namespace {
 
@@ -75,6 +79,25 @@ TEST(LinuxLocale, IsNamedByTheEnvironment) {
     };
     for (const auto& [name, locale] : rows)
         EXPECT_EQ(quorvel::LocaleIdOf(name), locale) << name;
+}
+
+// The length is found in whole blocks of bytes, also at the last address that can be read.
+TEST(LinuxTextLength, ReadsNoFurtherPage) {
+    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    void* const pages =
+        mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(pages, MAP_FAILED);
+    WCHAR* const end = static_cast<WCHAR*>(pages) + page / sizeof(WCHAR);
+    ASSERT_EQ(mprotect(end, page, PROT_NONE), 0);
+    for (std::size_t length = 0; length < 40; ++length) {
+        for (std::size_t offset = 0; offset < 17; ++offset) {
+            WCHAR* const text = end - 1 - offset - length;
+            std::fill(static_cast<WCHAR*>(pages), end, u'\0'); // also before the text
+            std::fill_n(text, length, u'x');
+            EXPECT_EQ(length, quorvel::TextLength(text)) << offset << " units before the end";
+        }
+    }
+    munmap(pages, 2 * page);
 }
 
 } // namespace

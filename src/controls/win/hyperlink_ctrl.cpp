@@ -116,7 +116,7 @@ CHyperlinkCtrl::CHyperlinkCtrl() : m_link(std::make_shared<LinkModel>()) {}
 
 CHyperlinkCtrl::~CHyperlinkCtrl() {
     DestroyWindow(); // while the members still exist
-    m_link->m_isGone = true;
+    m_link->m_isDestroyed = true;
 }
 
 BOOL CHyperlinkCtrl::SetDisplayText(const WCHAR* text) {
@@ -149,7 +149,7 @@ BOOL CHyperlinkCtrl::Edit() {
     CEditHyperlinkDlg dialog(!CanEditDisplayText(), this);
     dialog.SetDisplayText(link->m_displayText);
     dialog.SetURI(link->Uri());
-    if (dialog.DoModal() != IDOK || link->m_isGone || m_hWnd == nullptr)
+    if (dialog.DoModal() != IDOK || link->m_isDestroyed || m_hWnd == nullptr)
         return FALSE;
     SetDisplayText(dialog.GetDisplayText());
     SetURI(dialog.GetURI());
@@ -350,7 +350,8 @@ void CHyperlinkCtrl::OnLButtonDown(UINT flags, CPoint point) {
     }
     const std::shared_ptr<LinkModel> link = m_link;
     SetFocus();
-    if (link->m_isGone || m_hWnd == nullptr) // the window that lost the focus may have destroyed it
+    if (link->m_isDestroyed ||
+        m_hWnd == nullptr) // the window that lost the focus may have destroyed it
         return;
     SetCapture();
     InvalidateCtrl();
@@ -493,7 +494,7 @@ void CHyperlinkCtrl::ShowMenu(CPoint place) {
     const HWND window = m_hWnd;
     SetFocus();
     CMenu menu;
-    if (link->m_isGone || m_hWnd == nullptr || !menu.LoadMenu(QUORVEL_MENU_HYPERLINK))
+    if (link->m_isDestroyed || m_hWnd == nullptr || !menu.LoadMenu(QUORVEL_MENU_HYPERLINK))
         return;
     CMenu* const popup = menu.GetSubMenu(0);
     popup->SetDefaultItem(QUORVEL_COMMAND_LINK_OPEN);
@@ -501,7 +502,7 @@ void CHyperlinkCtrl::ShowMenu(CPoint place) {
     const BOOL command =
         popup->TrackPopupMenu(TPM_RIGHTBUTTON | TPM_RETURNCMD, place.x, place.y, this);
     link->m_isMenuShowing = false;
-    if (link->m_isGone || m_hWnd != window)
+    if (link->m_isDestroyed || m_hWnd != window)
         return;
     if (command == QUORVEL_COMMAND_LINK_OPEN && CanOpenURI())
         Open();

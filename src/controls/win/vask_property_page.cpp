@@ -150,8 +150,7 @@ BOOL CVaskPropertyPage::OnSetActive() {
 
 BOOL CVaskPropertyPage::OnKillActive() {
     HideValidationErrorMessage();
-    // A user who goes back need not finish the page first, and saved data need not be valid a
-    // second time.
+    // Back does not require a finished page, and saved data are not validated a second time.
     if (m_leaving != Leaving::Validated || !m_isLoaded)
         return TRUE;
     return CPropertyPage::OnKillActive() && FieldValidation::Validate(*this);

@@ -259,7 +259,7 @@ void CVirtualListCtrl::SelectInsteadOf(int removedRow, bool wasSelected) {
 void CVirtualListCtrl::SendAndDrop(Change& change,
                                    const std::vector<CVirtualListCtrlItem*>& items) {
     const BOOL areDeleted = m_areItemsAutoDeleted;
-    change.Send(); // this list may be gone then
+    change.Send(); // a handler may destroy this list
     Drop(items, areDeleted);
 }
 

@@ -366,7 +366,7 @@ bool CKeyboardShortcutListCtrl::swoCommandAscending(CVirtualListCtrlItem* const&
 
 bool CKeyboardShortcutListCtrl::swoCommandDescending(CVirtualListCtrlItem* const& first,
                                                      CVirtualListCtrlItem* const& second) {
-    return quorvel::IsCommandBehind(first, second);
+    return quorvel::IsCommandAfter(first, second);
 }
 
 bool CKeyboardShortcutListCtrl::swoShortcutKeyAscending(CVirtualListCtrlItem* const& first,
@@ -376,7 +376,7 @@ bool CKeyboardShortcutListCtrl::swoShortcutKeyAscending(CVirtualListCtrlItem* co
 
 bool CKeyboardShortcutListCtrl::swoShortcutKeyDescending(CVirtualListCtrlItem* const& first,
                                                          CVirtualListCtrlItem* const& second) {
-    return quorvel::IsKeyBehind(first, second);
+    return quorvel::IsKeyAfter(first, second);
 }
 
 LRESULT CKeyboardShortcutListCtrl::OnInputLanguageChange(WPARAM, LPARAM) {

@@ -34,7 +34,8 @@ public:
             quorvel::HideBeforeOwner(GetWindow()->m_hWnd);
     }
     int ShowMessage(const WCHAR* text, UINT type) override {
-        if (!GetFlow().IsActive()) // or else the box refuses a second check, and the first goes on
+        if (!GetFlow().IsActive()) // otherwise the box refuses a second check, and the first one
+                                   // continues
             HideProgress();
         return WindowedCheck::ShowMessage(text, type);
     }

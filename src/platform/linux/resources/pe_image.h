@@ -46,8 +46,8 @@ struct ResourceName {
     TextView text = {};
 };
 
-// The languages to choose from: the first one that the resource has. If it has none of them: its
-// first language if `orFirst`, otherwise no language.
+// The languages to choose from: the first one that the resource has. A resource with other
+// languages only is found in its first language if `orFirst`, otherwise not at all.
 struct LanguageChoice {
     std::span<const WORD> languages;
     bool orFirst = false;

@@ -64,8 +64,8 @@ public:
 
 } // namespace quorvel
 
-// Within namespace quorvel: the name stands for the lazy function from then on, since it hides the
-// global one that the library's header declares. A name that is a macro is expanded first.
+// Declares the lazy function in namespace quorvel, where its name hides the global function that
+// the library's header declares. A name that is a macro is expanded first.
 #define QUORVEL_LAZY_FUNCTION(library, name)                                                       \
     inline constinit LazyFunction<decltype(::name)> name(library, QUORVEL_LAZY_NAME(name))
 #define QUORVEL_LAZY_NAME(name) #name

@@ -92,9 +92,9 @@ bool ReadBitmap(CBitmap& bitmap) {
     return copy != nullptr && bitmap.Attach(copy.release());
 }
 
-// Passes what a unique_ptr owns to the clipboard.
+// Transfers what a unique_ptr owns to the clipboard, which frees it then.
 template <class Data>
-bool HandOver(UINT format, Data& data) {
+bool TransferToClipboard(UINT format, Data& data) {
     if (data == nullptr || ::SetClipboardData(format, data.get()) == nullptr)
         return false;
     data.release();
@@ -106,7 +106,7 @@ bool PlaceBitmap(HBITMAP bitmap) {
         if (!::EmptyClipboard())
             return false;
         quorvel::BitmapHandle copy = quorvel::CopyForOtherProcesses(bitmap);
-        return HandOver(CF_BITMAP, copy);
+        return TransferToClipboard(CF_BITMAP, copy);
     });
 }
 
@@ -123,7 +123,7 @@ bool quorvel::PlaceOnClipboard(HWND owner, UINT format, const void* bytes, SIZE_
         if (!::EmptyClipboard())
             return false;
         GlobalMemory memory = MemoryWith(bytes, size);
-        return HandOver(format, memory);
+        return TransferToClipboard(format, memory);
     });
 }
 

@@ -13,7 +13,7 @@ typedef void (*MailReport)(MailResult result, bool logsOn);
 // Passes the message on and waits for the mail program. With `logsOn`, mail must be configured, and
 // the function opens a session for it. It reports a failure while the session and the mail library
 // are still open. Throws CMemoryException and std::bad_alloc.
-bool HandOverMail(const MailTexts& texts, bool logsOn, MailReport report);
+bool SubmitMail(const MailTexts& texts, bool logsOn, MailReport report);
 
 // Whether failures without logging on use the framework's messages instead of the library's.
 extern const bool kHasFrameworkMailMessages;

@@ -1,5 +1,5 @@
 // Loads Simple MAPI for one message at a time.
-#include "net/mail_hand_over.h"
+#include "net/submit_mail.h"
 
 #include <quorvel/frame/module.h>
 #include <quorvel/framework/win/wait_cursor.h>
@@ -81,7 +81,7 @@ private:
     const bool m_logsOn;
 };
 
-bool HandOverWithSession(const MailTexts& texts, const Reporter& report) {
+bool SubmitWithSession(const MailTexts& texts, const Reporter& report) {
     const Module library(IsMailConfigured() ? ::LoadLibraryW(kMailLibrary) : nullptr);
     if (library == nullptr)
         return report(MailResult::NotLoaded);
@@ -108,7 +108,7 @@ HMODULE LoadInOwnContext() {
     return ::LoadLibraryW(kMailLibrary);
 }
 
-bool HandOverPlainly(const MailTexts& texts, const Reporter& report) {
+bool SubmitWithoutSession(const MailTexts& texts, const Reporter& report) {
     const Module library(LoadInOwnContext());
     if (library == nullptr)
         return report(MailResult::NotLoaded);
@@ -121,10 +121,10 @@ bool HandOverPlainly(const MailTexts& texts, const Reporter& report) {
 
 } // namespace
 
-bool HandOverMail(const MailTexts& texts, bool logsOn, MailReport report) {
+bool SubmitMail(const MailTexts& texts, bool logsOn, MailReport report) {
     const CWaitCursor cursor;
     const Reporter reporter(report, logsOn);
-    return logsOn ? HandOverWithSession(texts, reporter) : HandOverPlainly(texts, reporter);
+    return logsOn ? SubmitWithSession(texts, reporter) : SubmitWithoutSession(texts, reporter);
 }
 
 } // namespace quorvel

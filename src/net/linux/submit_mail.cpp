@@ -1,5 +1,5 @@
 // Passes mail to the user's mail program with xdg-email.
-#include "net/mail_hand_over.h"
+#include "net/submit_mail.h"
 
 #include <quorvel/framework/filesystem_path.h>
 
@@ -77,7 +77,7 @@ MailResult Run(const std::vector<std::string>& arguments) {
     return ResultOf(RunProgram(arguments, "", std::chrono::hours(24 * 365)));
 }
 
-MailResult HandOver(MapiMessage& message) {
+MailResult Submit(MapiMessage& message) {
     if (message.nFileCount == 0)
         return Run({"xdg-email", "--utf8", MailtoOf(message)});
     Attachment attachment(*message.lpFiles);
@@ -92,9 +92,9 @@ MailResult HandOver(MapiMessage& message) {
 
 } // namespace
 
-bool HandOverMail(const MailTexts& texts, bool logsOn, MailReport report) {
+bool SubmitMail(const MailTexts& texts, bool logsOn, MailReport report) {
     MailMessage message(texts);
-    const MailResult result = HandOver(message.Get());
+    const MailResult result = Submit(message.Get());
     if (result != MailResult::Sent)
         report(result, logsOn);
     return result == MailResult::Sent;
