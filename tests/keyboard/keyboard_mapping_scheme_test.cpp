@@ -76,17 +76,6 @@ TEST(KeyboardMappingScheme, FindsCommandsAndKeys) {
     EXPECT_EQ(marker, CKeyboardShortcut(300, _T("Save"), kCtrlS));
 }
 
-TEST(KeyboardMappingScheme, ComparesNameShortcutsAndFunction) {
-    const Scheme scheme(_T("A"), LoadThreeCommands);
-    EXPECT_EQ(scheme, Scheme(_T("A"), LoadThreeCommands));
-    for (const Scheme& other : {Scheme(_T("a"), LoadThreeCommands), Scheme(_T("A"), nullptr)})
-        EXPECT_NE(scheme, other);
-    EXPECT_NE(scheme, ThreeCommands());
-    Scheme bare;
-    EXPECT_FALSE(bare.LoadDefaultMappingScheme() || bare.SetName(nullptr) ||
-                 bare.SetLoadDefaultMappingSchemeFunction(nullptr));
-}
-
 TEST(KeyboardMappingScheme, TakesTablesAsTheyAre) {
     ACCEL table[] = {{FVIRTKEY | FCONTROL, 'S', 300},
                      {FVIRTKEY, VK_F1, 100},

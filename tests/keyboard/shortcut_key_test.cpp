@@ -34,15 +34,13 @@ TEST(ShortcutKey, HasANameAndARank) {
 }
 
 TEST(KeyboardShortcut, BecomesAnAcceleratorAndBack) {
-    const std::pair<CShortcutKey, int> rows[] = {{Key('S', kCtrl), FVIRTKEY | FCONTROL},
-                                                 {Key('S', kShift), FVIRTKEY | FSHIFT},
-                                                 {Key('S', kAlt), FVIRTKEY | FALT},
-                                                 {Key(VK_DELETE, kExtended), FVIRTKEY},
-                                                 {CShortcutKey(), FVIRTKEY},
-                                                 {Key('S', 0xf0), FVIRTKEY}};
+    const std::pair<CShortcutKey, int> rows[] = {
+        {Key('S', kCtrl), FCONTROL}, {Key('S', kShift), FSHIFT}, {Key('S', kAlt), FALT},
+        {CShortcutKey(), 0},         {Key('S', 0xf0), 0},        {Key(VK_DELETE, kExtended), 0},
+    };
     for (const auto& [key, flags] : rows) {
         const ACCEL accel = CKeyboardShortcut(0x12345, _T("Save"), key).GetAccel();
-        EXPECT_EQ(accel.fVirt, flags) << TextOf(key);
+        EXPECT_EQ(accel.fVirt, FVIRTKEY | flags) << TextOf(key);
         EXPECT_EQ(accel.cmd, 0x2345);
         EXPECT_EQ(TextOf(CKeyboardShortcut(accel, key.IsExtendedKey()).GetShortcutKey()),
                   TextOf(key));
@@ -54,11 +52,8 @@ TEST(KeyboardShortcut, TakesCharactersOfAcceleratorsByTheLayout) {
         const ACCEL accel = {static_cast<BYTE>(flags), character, 7};
         return TextOf(CKeyboardShortcut(accel, FALSE).GetShortcutKey());
     };
-    ExpectCases<std::string>({
-        CASE(keyOf(0, 'a'), TextOf(Key('A'))), CASE(keyOf(0, '!'), TextOf(Key('1', kShift))),
-        CASE(keyOf(0, 1), TextOf(Key('A', kCtrl))), CASE(keyOf(FVIRTKEY, '!'), TextOf(Key('!'))),
-        CASE(keyOf(FCONTROL, 'q'), TextOf(Key('Q', kCtrl))),
-        CASE(keyOf(FALT, '?'), TextOf(Key(VK_OEM_2, kShift | kAlt))),
-        CASE(keyOf(FSHIFT, 0x20ac), TextOf(Key(0x20ac, kShift))) // no key types this character
-    });
+    ExpectCases<std::string>({CASE(keyOf(0, 'a'), "65"), CASE(keyOf(0, '!'), "S49"),
+                              CASE(keyOf(0, 1), "C65"), CASE(keyOf(FVIRTKEY, '!'), "33"),
+                              CASE(keyOf(FCONTROL, 'q'), "C81"), CASE(keyOf(FALT, '?'), "SA191"),
+                              CASE(keyOf(FSHIFT, 0x20ac), "S8364")}); // no key types it
 }

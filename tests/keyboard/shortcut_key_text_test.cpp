@@ -19,8 +19,7 @@ TEST(ShortcutKeyText, IsReadBack) {
     for (const auto& [key, text] : rows) {
         EXPECT_EQ(AfxGetShortcutKeyText(key), text);
         CShortcutKey read = Key('M', 0xff);
-        EXPECT_TRUE(AfxParseShortcutKeyText(text, read)) << CString(text);
-        EXPECT_EQ(TextOf(read), TextOf(key)) << CString(text);
+        EXPECT_TRUE(AfxParseShortcutKeyText(text, read) && read == key) << CString(text);
     }
     for (int code = 0; code < 0x100; ++code) {
         CShortcutKey read = Key('M', 0xff);
@@ -34,7 +33,6 @@ TEST(ShortcutKeyText, IsReadAsPeopleWriteIt) {
         {_T(" shift + CTRL+a "), "CS65"},
         {_T("page up"), "33"},
         {_T("Ctrl+#65"), "C65"},
-        {_T("Ctrl+"), "C0"},
     };
     for (const auto& [text, expected] : rows) {
         CShortcutKey key;

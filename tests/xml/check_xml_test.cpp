@@ -38,7 +38,7 @@ static CString Verdict(BOOL isWellFormed, const CXMLFault& fault) {
 
 const CString kInvalid(_T("not well-formed (invalid token) "));
 
-TEST(CheckXml, TellsWhatIsWrongAndWhere) {
+TEST(CheckXml, ReportsWhatIsWrongAndWhere) {
     const std::tuple<const char*, CString, CString> rows[] = {
         {"entities, and the encoding is not that of the text",
          _T("<?xml version='1.0' encoding='latin1'?>\r\n<!DOCTYPE a [<!ENTITY e '<b/>'>]>")

@@ -192,13 +192,3 @@ TEST(XmlFile, RoundTripsAcrossPieces) {
         EXPECT_TRUE(loaded.GetDoc() == text);
     }
 }
-
-TEST(XmlFileException, HasTextsForItsCauses) {
-    for (const int cause : {-1, 0, 9, 10}) {
-        const bool valid = cause >= 0 && cause <= 9;
-        EXPECT_EQ(CXMLFileException(cause).m_cause, valid ? cause : 1) << cause;
-        CString text;
-        EXPECT_TRUE(AfxGetXMLFileExceptionErrorMessage(cause, text)) << cause;
-        EXPECT_EQ(text == _T("An unspecified error occurred."), !valid) << cause;
-    }
-}

@@ -1,4 +1,5 @@
-// The list of shortcuts and its dialogs, with real key messages; menus that show keys.
+// The list of shortcuts, its dialogs and accelerator tables, with real key messages; menus that
+// show keys.
 #include <quorvel/controls/win/vask_property_sheet.h>
 #include <quorvel/keyboard/win/assign_shortcut_dlg.h>
 #include <quorvel/keyboard/win/capture_shortcut_key_dlg.h>
@@ -20,24 +21,25 @@ namespace {
 typedef DialogDriver::Step Step;
 typedef CKeyboardShortcutListCtrl List;
 
-// Presses a key while the modifiers count as pressed. The message comes from the queue.
+// The modifiers that count as pressed.
+void Hold(int modifiers) {
+    BYTE state[256] = {};
+    state[VK_CONTROL] = (modifiers & kCtrl) != 0 ? 0x80 : 0;
+    state[VK_SHIFT] = (modifiers & kShift) != 0 ? 0x80 : 0;
+    state[VK_MENU] = (modifiers & kAlt) != 0 ? 0x80 : 0;
+    ::SetKeyboardState(state);
+}
+// The message comes from the queue.
 Step PressKey(UINT code, int modifiers = 0, bool isExtended = false) {
     return [=](HWND box) {
-        BYTE state[256] = {};
-        state[VK_CONTROL] = (modifiers & kCtrl) != 0 ? 0x80 : 0;
-        state[VK_SHIFT] = (modifiers & kShift) != 0 ? 0x80 : 0;
-        state[VK_MENU] = (modifiers & kAlt) != 0 ? 0x80 : 0;
-        ::SetKeyboardState(state);
+        Hold(modifiers);
         const bool isSystemKey = (modifiers & kAlt) != 0 || code == VK_F10;
         ::PostMessageW(KeyboardOf(box), isSystemKey ? WM_SYSKEYDOWN : WM_KEYDOWN, code,
                        1 | (isExtended ? 1 << 24 : 0) | ((modifiers & kAlt) != 0 ? 1 << 29 : 0));
     };
 }
 Step ReleaseKeys() {
-    return [](HWND) {
-        BYTE state[256] = {};
-        ::SetKeyboardState(state);
-    };
+    return [](HWND) { Hold(0); };
 }
 
 // The rows in the list-view: "Open=Ctrl+O *save=Ctrl+S".
@@ -60,13 +62,45 @@ void Show(List& list, ListParent& parent, const CKeyboardMappingScheme& scheme) 
 
 } // namespace
 
+TEST(AcceleratorTable, IsReadBackAndTranslated) {
+    CKeyboardMappingScheme scheme;
+    scheme.SetKeyboardShortcuts({{200, CShortcutKey()}});
+    EXPECT_EQ(scheme.CreateAcceleratorTableW(), nullptr);
+    scheme.AddKeyboardShortcut({100, Key(VK_F5, kCtrl)});
+    scheme.AddKeyboardShortcut({300, Key('S', kCtrl | kShift)});
+    const HACCEL table = scheme.CreateAcceleratorTableW();
+    ASSERT_NE(table, nullptr);
+
+    ACCEL entries[4] = {};
+    const int count = ::CopyAcceleratorTableW(table, entries, 4);
+    CKeyboardMappingScheme back;
+    ASSERT_TRUE(back.SetUsingAcceleratorTable(entries, count));
+    EXPECT_EQ(TextOf(back), "100 C116; 300 CS83");
+
+    const std::tuple<UINT, int, int> rows[] = {
+        {VK_F5, kCtrl, 100}, {'S', kCtrl | kShift, 300}, {'S', kCtrl, 0}};
+    for (const auto& [code, modifiers, expected] : rows) {
+        ListParent window;
+        int command = 0;
+        window.m_onMessage = [&command](UINT message, WPARAM wParam) {
+            command = message == WM_COMMAND ? LOWORD(wParam) : command;
+        };
+        Hold(modifiers);
+        MSG message = {window.m_hWnd, WM_KEYDOWN, code, 1, 0, {}};
+        ::TranslateAcceleratorW(window.m_hWnd, table, &message);
+        Hold(0);
+        EXPECT_EQ(command, expected) << code;
+    }
+    ::DestroyAcceleratorTable(table);
+}
+
 TEST(CaptureShortcutKeyDlg, TakesTheNextKey) {
     const auto capture = [](std::vector<Step> steps) {
         CCaptureShortcutKeyDlg dialog;
         DialogDriver driver(std::move(steps));
         const INT_PTR result = dialog.DoModal();
         EXPECT_TRUE(driver.HasRun());
-        ReleaseKeys()(nullptr);
+        Hold(0);
         return (result == IDOK ? "" : "cancelled: ") + TextOf(dialog.GetShortcutKey());
     };
     ExpectCases<std::string>({
@@ -82,42 +116,28 @@ TEST(CaptureShortcutKeyDlg, TakesTheNextKey) {
     });
 }
 
-// Counts how often a release of Alt would open its menu.
-class OwnerWindow : public CWnd {
-public:
-    OwnerWindow() {
-        CreateEx(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr, nullptr);
-    }
-    int m_menus = 0;
-
-protected:
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_SYSCOMMAND && (wParam & 0xfff0) == SC_KEYMENU) {
-            ++m_menus;
-            return 0;
-        }
-        return CWnd::WindowProc(message, wParam, lParam);
-    }
-};
-
 TEST(ShortcutDialogs, TheReleaseOfAltOpensNoMenu) {
     constexpr LPARAM kReleased = static_cast<LPARAM>(0xc0000001);
     const Step releaseAlt = [](HWND box) {
-        ReleaseKeys()(box);
+        Hold(0);
         ::PostMessageW(KeyboardOf(box), WM_SYSKEYUP, VK_MENU, kReleased);
     };
     const CKeyboardMappingScheme scheme = FourCommands();
     const auto menusAfter = [&](bool isCapture, bool isAltHeld, std::vector<Step> steps) {
-        OwnerWindow owner;
+        ListParent owner;
+        int menus = 0;
+        owner.m_onMessage = [&menus](UINT message, WPARAM wParam) {
+            menus += message == WM_SYSCOMMAND && (wParam & 0xfff0) == SC_KEYMENU;
+        };
         CCaptureShortcutKeyDlg capture(&owner);
         CAssignShortcutDlg assign(scheme, 4, &owner);
         DialogDriver driver(std::move(steps));
         EXPECT_NE((isCapture ? static_cast<CDialog&>(capture) : assign).DoModal(), -99);
         if (!isAltHeld)
             owner.SendMessage(WM_SYSKEYDOWN, VK_MENU, 1 | 1 << 29);
-        ReleaseKeys()(nullptr);
+        Hold(0);
         owner.SendMessage(WM_SYSKEYUP, VK_MENU, kReleased);
-        return owner.m_menus;
+        return menus;
     };
     const Step alt = PressKey(VK_MENU, kAlt), altS = PressKey('S', kAlt);
     ExpectCases<int>({
@@ -147,7 +167,7 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
         DialogDriver driver(std::move(steps));
         const INT_PTR result = dialog.DoModal();
         EXPECT_TRUE(driver.HasRun());
-        ReleaseKeys()(nullptr);
+        Hold(0);
         return (result == IDOK ? "" : "cancelled: ") + TextOf(dialog.GetShortcutKey()) + seen;
     };
     const Step release = ReleaseKeys(), enter = PressKey(VK_RETURN), tab = PressKey(VK_TAB),

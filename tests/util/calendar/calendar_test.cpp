@@ -90,7 +90,7 @@ TEST(Calendar, MonthsMoveOverYears) {
     }
 }
 
-TEST(Calendar, OneStepGoesToTheDaysOfItsKindOnly) {
+TEST(Calendar, OneStepReachesTheNextDayOfItsKind) {
     // The result of each function from Sunday 4 March and from the following days.
     const int steps[][6] = {
         {2, 5, 3, 10, -2, 5}, {2, 6, 4, 10, -2, 12}, {5, 7, 4, 10, 5, 12},  {6, 8, 4, 10, 5, 12},

@@ -18,85 +18,70 @@ public:
     FakeClipboard(bool holds, DWORD error) : m_holds(holds), m_error(error) {}
     bool Holds(UINT format) const override { return format == kFormat && m_holds; }
     bool Empty() override {
-        ++m_emptied;
+        m_isEmptied = true;
         SetLastError(m_error);
         return m_error == 0;
     }
-    int m_emptied = 0;
+    bool m_isEmptied = false;
 
 private:
     const bool m_holds;
     const DWORD m_error;
 };
 
+// The type and the first line of the only box; empty without one.
+CString BoxOf(MessageBoxRecorder& app) {
+    const auto boxes = app.Take();
+    EXPECT_LE(boxes.size(), 1u);
+    CString box;
+    if (!boxes.empty())
+        box.Format(_T("%u: %s"), boxes[0].type, boxes[0].text.SpanExcluding(_T("\r")).GetString());
+    return box;
+}
+
 TEST(ClipboardExit, AsksAndEmptiesAsTheActionSays) {
-    const WCHAR* const editor = _T("Editor");
-    const CString question(_T("data placed there by Editor.  Do you"));
-    const CString failed(_T("An error occurred while emptying the clipboard.\r\n\r\n"));
-    const struct {
-        const char* label;
-        bool holds;
-        UINT action;
-        const WCHAR* name;
-        int answer;
-        DWORD error;
-        BOOL result;
-        int emptied;
-        UINT box = UINT_MAX; // its type
-    } rows[] = {
-        {"empty", true, 0, nullptr, 0, 0, TRUE, 1},
-        {"yes", true, 1, editor, IDYES, 0, TRUE, 1, MB_YESNO},
-        {"no", true, 1, editor, IDNO, 0, TRUE, 0, MB_YESNO},
-        {"closed", true, 1, editor, IDCANCEL, 0, TRUE, 0, MB_YESNO},
-        {"no name", true, 1, nullptr, IDYES, 0, FALSE, 0},
-        {"no name, no data", false, 1, nullptr, IDYES, 0, TRUE, 0},
-        {"keep", true, 2, nullptr, 0, 0, TRUE, 0},
-        {"no action, no data", false, 3, editor, IDYES, 0, FALSE, 0},
-        {"no data", false, 0, nullptr, 0, 0, TRUE, 0},
-        {"fails", true, 0, nullptr, IDOK, 5, TRUE, 1, MB_OK | MB_ICONEXCLAMATION},
-        {"fails, no text", true, 0, nullptr, IDOK, kErrorWithoutText, TRUE, 1},
+    const auto exit = [](bool holds, UINT action, const WCHAR* name, int answer, DWORD error = 0) {
+        MessageBoxRecorder app(answer);
+        FakeClipboard clipboard(holds, error);
+        const BOOL isDone = quorvel::EmptyOnExit(clipboard, kFormat, action, name);
+        return CString(isDone ? _T("done, ") : _T("refused, ")) +
+               (clipboard.m_isEmptied ? _T("emptied, ") : _T("kept, ")) + BoxOf(app).Left(53);
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        MessageBoxRecorder app(row.answer);
-        FakeClipboard clipboard(row.holds, row.error);
-        EXPECT_EQ(quorvel::EmptyOnExit(clipboard, kFormat, row.action, row.name), row.result);
-        EXPECT_EQ(clipboard.m_emptied, row.emptied);
-        ASSERT_EQ(app.m_boxes.size(), row.box == UINT_MAX ? 0u : 1u);
-        for (const auto& [text, type, helpId] : app.m_boxes) {
-            EXPECT_EQ(type, row.box);
-            EXPECT_GE(text.Find(row.action == 1 ? question : failed), 0);
-        }
-    }
+    const WCHAR* const editor = _T("Editor");
+    const CString asked(_T("4: The clipboard contains data placed there by Editor"));
+    ExpectCases<CString>({
+        CASE(exit(true, 0, nullptr, 0), _T("done, emptied, ")),
+        CASE(exit(true, 1, editor, IDYES), _T("done, emptied, ") + asked),
+        CASE(exit(true, 1, editor, IDNO), _T("done, kept, ") + asked),
+        CASE(exit(true, 1, editor, IDCANCEL), _T("done, kept, ") + asked),
+        CASE(exit(true, 1, nullptr, IDYES), _T("refused, kept, ")),
+        CASE(exit(false, 1, nullptr, IDYES), _T("done, kept, ")),
+        CASE(exit(true, 2, nullptr, 0), _T("done, kept, ")),
+        CASE(exit(false, 3, editor, IDYES), _T("refused, kept, ")),
+        CASE(exit(true, 0, nullptr, IDOK, 5),
+             _T("done, emptied, 48: An error occurred while emptying the clipboard.")),
+        CASE(exit(true, 0, nullptr, IDOK, kErrorWithoutText), _T("done, emptied, ")),
+    });
 }
 
 TEST(ClipboardExit, FailuresAreReportedByAction) {
-    const CString placing(_T("An error occurred while placing data on the clipboard.\r\n\r\n")),
-        none;
-    // The text precedes the system's text; without one there is no box.
-    const std::tuple<UINT, DWORD, CString> rows[] = {
-        {0, 5, placing},
-        {3, 5, _T("An error occurred while retrieving data from clipboard.\r\n\r\n")},
-        {4, 5, _T("An error occurred while emptying the clipboard.\r\n\r\n")},
-        {5, 5, placing},
-        {6, 5, none},
-        {UINT_MAX, 5, none},
-        {1, kErrorWithoutText, none}};
     MessageBoxRecorder app(IDCANCEL);
-    for (const auto& [action, error, start] : rows) {
-        SCOPED_TRACE(action);
+    const auto report = [&app](UINT action, DWORD error) {
         SetLastError(error);
-        EXPECT_EQ(AfxClipboardErrorMessageBox(action, MB_OKCANCEL), start.IsEmpty() ? 0 : IDCANCEL);
-        const auto boxes = app.Take();
-        ASSERT_EQ(boxes.size(), start.IsEmpty() ? 0u : 1u);
-        for (const auto& [text, type, helpId] : boxes) {
-            EXPECT_EQ(text.Left(start.GetLength()), start);
-            EXPECT_GT(text.GetLength(), start.GetLength());
-            EXPECT_EQ(type, UINT{MB_OKCANCEL});
-        }
-    }
-    EXPECT_TRUE(AfxIsValidClipboardExit(2) && !AfxIsValidClipboardExit(3));
-    EXPECT_TRUE(AfxIsValidClipboardAction(5) && !AfxIsValidClipboardAction(6));
+        const int answer = AfxClipboardErrorMessageBox(action, MB_OKCANCEL);
+        const CString box = BoxOf(app);
+        EXPECT_EQ(answer, box.IsEmpty() ? 0 : IDCANCEL);
+        return box;
+    };
+    const CString placing(_T("1: An error occurred while placing data on the clipboard."));
+    ExpectCases<CString>({
+        CASE(report(0, 5), placing),
+        CASE(report(3, 5), _T("1: An error occurred while retrieving data from clipboard.")),
+        CASE(report(4, 5), _T("1: An error occurred while emptying the clipboard.")),
+        CASE(report(5, 5), placing),
+        CASE(report(6, 5), _T("")),
+        CASE(report(1, kErrorWithoutText), _T("")),
+    });
 }
 
 TEST(TextBlock, EndsAtItsTerminatorOrAtTheBlock) {

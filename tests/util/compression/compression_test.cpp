@@ -78,7 +78,7 @@ TEST_F(Compression, RefusesSilently) {
     EXPECT_TRUE(m_recorder.Take().empty());
 }
 
-TEST_F(Compression, TellsOfTruncatedStreamsAndWrongLevels) {
+TEST_F(Compression, ReportsTruncatedStreamsAndWrongLevels) {
     const std::string bytes = SomeText(2500) + RandomBytes(150);
     TestFile plain(bytes), packed;
     ASSERT_TRUE(Convert(true, plain, packed));

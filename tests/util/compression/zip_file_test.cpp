@@ -65,7 +65,7 @@ TEST_F(Zip, FilesAreAddedAndReadBack) {
               (std::vector<Entry>{{"a/b.txt", text}, {whole, random}, {"added", "abc"}}));
 }
 
-TEST_F(Zip, WhatCannotBeDoneIsTold) {
+TEST_F(Zip, ReportsWhatCannotBeDone) {
     CString folder = m_folder.Path();
     folder.TrimRight(_T("\\/")); // a path must not end with a separator
     const CString garbage = m_folder.Path(_T("garbage"));

@@ -55,7 +55,7 @@ TEST(ZStream, IsReadInPartsAndLimitsTheFirstRead) {
     EXPECT_TRUE(destination.Contents() == bytes);
 }
 
-TEST(ZStream, CopiesShareTheBuffersUntilTheLastIsGone) {
+TEST(ZStream, CopiesShareTheBuffersUntilTheLastIsDestroyed) {
     std::optional<CZStream> first(std::in_place);
     EXPECT_FALSE(first->InitializeBuffers(0, 1));
     EXPECT_FALSE(first->AreBuffersInitialized());
