@@ -1,5 +1,8 @@
 #include <quorvel/controls/virtual_list_ctrl_item.h>
 
+CVirtualListCtrlItem::CVirtualListCtrlItem(int image, int indent, LONG itemData)
+    : m_image(image), m_indent(indent), m_itemData(itemData) {}
+
 CVirtualListCtrlItem::~CVirtualListCtrlItem() = default;
 
 CString CVirtualListCtrlItem::GetSubItemText(int) {

@@ -13,8 +13,7 @@ public:
     static constexpr LONG DEFAULT_LPARAM = 0;
 
     CVirtualListCtrlItem() = default;
-    CVirtualListCtrlItem(int image, int indent, LONG itemData)
-        : m_image(image), m_indent(indent), m_itemData(itemData) {}
+    CVirtualListCtrlItem(int image, int indent, LONG itemData);
     CVirtualListCtrlItem(const CVirtualListCtrlItem& other) = default;
     CVirtualListCtrlItem& operator=(const CVirtualListCtrlItem& other) = default;
     virtual ~CVirtualListCtrlItem();
