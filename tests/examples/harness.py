@@ -41,10 +41,10 @@ def run(program, arguments, code=0, out=b"", error=None, **options):
     ran = subprocess.run(program + arguments, capture_output=True, **options)
     errors = ran.stderr.decode(errors="replace").replace("\r\n", "\n")
     begin = os.path.basename(program[-1]).removesuffix(".exe") + ": "
-    is_told = errors.startswith(begin) and error in errors and errors.count("\n") == 1 if error else not errors
-    check(ran.returncode == code and ran.stdout == out and is_told,
+    is_reported = errors.startswith(begin) and error in errors and errors.count("\n") == 1 if error else not errors
+    check(ran.returncode == code and ran.stdout == out and is_reported,
           f"{' '.join(arguments)}: exit code {ran.returncode}, not {code}; printed {ran.stdout!r}, not {out!r}; "
-          f"told {errors!r}, not {error!r}")
+          f"reported {errors!r}, not {error!r}")
 
 
 def finish():

@@ -23,18 +23,15 @@ FILES = {
     "empty": b"",
     "stream": STREAM,
     "cut": STREAM[:-1],
-    "damaged": STREAM[:500] + b"####" + STREAM[504:],
     "kept": b"kept",
 }
-FAILED = "An error has occurred while inflating data."
 
 # Arguments, exit code, a part of the one line on standard error.
 REFUSALS = [
     ("", 2, "a command, a source and a target are needed (pack --help)"),
     ("--level 10 deflate text out", 2, "not a level from 0 to 9: 10"),
     ("deflate none kept", 1, "none: The file could not be located."),
-    ("inflate cut kept", 1, f"cut: {FAILED} No further progress is possible."),
-    ("inflate damaged kept", 1, f"damaged: {FAILED} The input data is corrupted."),
+    ("inflate cut kept", 1, "cut: An error has occurred while inflating data. No further progress is possible."),
 ]
 
 
@@ -50,7 +47,6 @@ def pack(program, arguments):
 def check_streams(program):
     for level, source in (("", "text"), ("--level 0 ", "größe.txt")):
         check(zlib.decompress(pack(program, f"{level}deflate {source} out")) == FILES[source], f"{level}{source}")
-        check(pack(program, "inflate out out2") == FILES[source], f"{level}{source} is not what it was")
     check(pack(program, "--progress inflate stream out") == TEXT, "Python's stream is not what it was")
     subprocess.run(program + ["deflate", "out", "out"], stdout=subprocess.DEVNULL)
     check(read("out") == STREAM, "a file packed into its own place")
@@ -60,27 +56,25 @@ def check_archives(program, is_windows):
     for source in ("text", "größe.txt", "empty"):
         pack(program, f"zip {source} out")
         with zipfile.ZipFile("out") as archive:
-            name = archive.namelist()[0]
-            if is_windows:  # in the active code page, which the reader treats as that of DOS
-                name = name.encode("cp437").decode("cp1252")
-            check(name == source, f"{source}: zipfile sees {name}")
-            packed = datetime.datetime(*archive.infolist()[0].date_time)
+            entry = archive.infolist()[0]
+            # On Windows in the active code page, which the reader treats as that of DOS.
+            name = entry.filename.encode("cp437").decode("cp1252") if is_windows else entry.filename
             now = datetime.datetime.now(datetime.timezone.utc).replace(tzinfo=None)
-            check(abs(now - packed) < datetime.timedelta(minutes=10), f"{source}: packed at {packed}, which is not now in UTC")
-            check(archive.read(archive.infolist()[0]) == FILES[source], f"{source}: zipfile reads other bytes")
+            age = abs(now - datetime.datetime(*entry.date_time))
+            check(name == source and age < datetime.timedelta(minutes=10), f"{source}: {name}, packed {age} from now in UTC")
+            check(archive.read(entry) == FILES[source], f"{source}: zipfile reads other bytes")
 
 
 def main(program):
-    is_windows = program[-1].endswith(".exe")
     os.environ["TZ"] = "Europe/Berlin"  # local time is never UTC there
     with own_folder():
         write_all(FILES)
         check_streams(program)
-        check_archives(program, is_windows)
+        check_archives(program, program[-1].endswith(".exe"))
         for arguments, code, error in REFUSALS:
             run(program, arguments.split(), code, error=error)
         check(read("kept") == b"kept", "a failure has changed its target")
-        left = set(os.listdir()) - set(FILES) - {"out", "out2"}
+        left = set(os.listdir()) - set(FILES) - {"out"}
         check(not left, f"left behind: {left}")
     finish()
 

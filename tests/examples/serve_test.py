@@ -41,33 +41,24 @@ def rest(connection):
     return b"".join(iter(lambda: connection.recv(65536), b""))
 
 
-def ask(port, request):
-    """The head and the body of the answer to a request that arrives byte by byte."""
+def check_answer(port, request, status, body):
+    """The request arrives byte by byte."""
     with connect(port) as connection:
         for byte in f"{request}\r\n\r\n".encode():
             connection.send(bytes([byte]))
-        head, _, body = rest(connection).partition(b"\r\n\r\n")
-        return head.decode(), body
-
-
-def check_answers(port):
-    for request, status, body in ANSWERS:
-        head, got = ask(port, request)
-        check(head.startswith(f"HTTP/1.1 {status} "), f"{request}: {head}")
-        check(body is None or got == body, f"{request}: {len(got)} bytes")
-    head, _ = ask(port, "HEAD /big HTTP/1.1")
-    check(f"Content-Length: {len(BIG)}\r\n" in head + "\r\n", f"HEAD tells another length: {head}")
+        head, _, got = rest(connection).partition(b"\r\n\r\n")
+    check(head.startswith(b"HTTP/1.1 %d " % status), f"{request}: {head}")
+    check(body is None or got == body, f"{request}: {len(got)} bytes")
+    check(body is None or b"Content-Length: %d" % len(got or BIG) in head, f"{request}: another length: {head}")
 
 
 def check_clients_at_once(port):
     silent = [connect(port) for _ in range(20)]
-    results = []
-    threads = [threading.Thread(target=lambda: results.append(ask(port, "GET /big HTTP/1.1")[1] == BIG)) for _ in range(20)]
+    threads = [threading.Thread(target=check_answer, args=(port, *ANSWERS[1])) for _ in range(20)]
     for thread in threads:
         thread.start()
     for thread in threads:
         thread.join()
-    check(results == [True] * 20, f"{results.count(True)} of 20 at once")
     return silent  # still open when the server ends
 
 
@@ -79,8 +70,6 @@ def check_crowd(port, server, handles):
     server.send_signal(signal.SIGSTOP)
     try:
         clients = [connect(port) for _ in range(200)]
-    except TimeoutError:
-        return check(False, "200 clients at once cannot connect")
     finally:
         server.send_signal(signal.SIGCONT)
     for client in clients[:20]:
@@ -90,7 +79,6 @@ def check_crowd(port, server, handles):
         client.close()
     for client in clients[20:]:
         client.sendall(b"GET / HTTP/1.1\r\n\r\n")
-    for client in clients[20:]:
         check(rest(client).endswith(b"<p>home"), "one of 200 got another answer")
         client.close()
     end = time.monotonic() + 10
@@ -107,7 +95,8 @@ def main(program):
         address = server.stdout.readline().decode().strip()
         check(address.startswith("http://127.0.0.1:"), f"the first line is {address}")
         port = int(address.strip("/").split(":")[-1])
-        check_answers(port)
+        for request, status, body in ANSWERS:
+            check_answer(port, request, status, body)
         if not program[-1].endswith(".exe"):  # its launcher would be a different process
             check_crowd(port, server, f"/proc/{server.pid}/fd")
         silent = check_clients_at_once(port)

@@ -27,14 +27,6 @@ FIRST = LISTING.format(ITEM.format("Größe", 1, "high"))
 HOSTILE = "a\x1b[2Jb\x9b1mc\nNew: d\u202ee\u2029"
 SECOND = LISTING.format(ITEM.format("Größe", 1, "high") + ITEM.format(HOSTILE, 2, ""))
 HARMLESS = "New: a\ufffd[2Jb\ufffd1mc\ufffdNew: d\ufffde\ufffd http://h/2\n"
-SIGNED = LISTING.format(ITEM.format("Signed", 3, ""))
-# Made by minisign 0.11.
-PUBLIC_KEY = b"RWS/Khd8ASra5MzNYt/64RQe2AzAHYstVTQMYPHqRNbkKpmrGz9jG4En\n"
-SIGNATURE = b"""untrusted comment: signature from minisign secret key
-RUS/Khd8ASra5Cpbl130TxrR1Q0M29LH/TmmtqXh5BWgBVUW/wKCgO34EJalWJJ5NX7R4ac4Jt5ZaJKkcmgKGrlnSXY74DMD/AI=
-trusted comment: timestamp:1710232200 serial:7
-Skw0En52vymsOvkRKHgUu8NGuqQsBdBmAWLDMA7ktq8KX8NTQcBCHpoTMONyTBI2uF1bsfxlKW8OmlLdwZevBA==
-"""
 MANY = 60_000  # comparing all pairs would take minutes
 
 
@@ -75,15 +67,12 @@ def main(folder):
     def new_key():
         return "Software\\Quorvel tests\\" + uuid.uuid4().hex
 
-    def check_local(label, text):
-        check(read("local.xml") == text.encode(), f"{label}: another local file")
-
     site = ["--site", f"http://{ADDRESS}/updates.xml"]
     key = new_key()
     write(FIRST)
     run("first", key, [*site, "--yes"], 0, "Local update file does not exist.", "Connecting to updates server",
         "new updates available as of 11/14/2023 11:15:00 PM", "Priority  Title", "high      Größe", "New: Größe http://h/1")
-    check_local("first", FIRST)
+    check(read("local.xml") == FIRST.encode(), "another local file")
     run("again at once", key, [], 1, "dated 3/12/2024 9:30:00 AM", "You must wait at least 15 seconds")
     write(SECOND)
     run("declined", new_key(), site, 3, "[y/n]", answer="n\n")
@@ -92,18 +81,7 @@ def main(folder):
     check(not set(output) & set("\x1b\x9b\u202e\u2029"), "newer: control characters reach the terminal")
     write("<html>Please log in.</html>")
     run("no listing", new_key(), [*site, "--yes"], 1, "The server did not send an update listing.")
-    check_local("no listing", SECOND)
-
     run("no key", new_key(), [*site, "--key", "updates.xml"], 1)
-    write_all({"key.pub": PUBLIC_KEY, "updates.xml.minisig": SIGNATURE})
-    signed = [*site, "--yes", "--key", "key.pub"]
-    write(FIRST)
-    run("forged", new_key(), signed, 1, "The signature does not fit the update.")
-    check_local("forged", SECOND)
-    write(SIGNED)
-    run("signed", new_key(), [*signed, "--max-age", "30"], 0, "There may be newer ones", "New: Signed")
-    check_local("signed", SIGNED)
-
     items = [f"<item><link>{i}</link></item>" for i in range(MANY + 1)]
     write_all({"local.xml": LISTING.format("".join(items[:-1])).encode()})
     write(LISTING.format("".join(items)))

@@ -7,13 +7,6 @@
 
 namespace {
 
-CString Joined(const Document& document, const std::vector<int>& indexes) {
-    CString names;
-    for (const int index : indexes)
-        names += CString(document.NameOf(index)) + _T(" ");
-    return names;
-}
-
 Document Read(const WCHAR* text) {
     Document document;
     document.SetDoc(text);
@@ -58,9 +51,13 @@ TEST(WorkbenchDocument, FindsTheInnermostElementAroundAText) {
         {_T("\x00e4pfel"), _T("c ")}, {_T("<b"), _T("b b ")}, {_T("t"), _T("a c d b ")},
         {_T("absent"), _T("")},       {_T(""), _T("")},       {_T("</a>"), _T("a ")},
     };
-    for (const auto& [text, names] : rows)
-        EXPECT_EQ(Joined(Read(kText), Read(kText).Find(text)), names) << CString(text);
-    EXPECT_TRUE(Document().Find(_T("a")).empty());
+    for (const auto& [text, names] : rows) {
+        const Document document = Read(kText);
+        CString found;
+        for (const int index : document.Find(text))
+            found += CString(document.NameOf(index)) + _T(" ");
+        EXPECT_EQ(found, names) << CString(text);
+    }
 }
 
 TEST(WorkbenchDocument, TakesAnotherSourceOnlyWhenItIsOneElement) {
@@ -73,13 +70,12 @@ TEST(WorkbenchDocument, TakesAnotherSourceOnlyWhenItIsOneElement) {
         Document document = Read(kText);
         CXMLFault fault;
         EXPECT_EQ(document.ReplaceSource(2, source, fault), isTaken) << CString(source);
-        EXPECT_EQ(fault.nLine > 0, !isTaken) << CString(source);
         EXPECT_EQ(document.ElementCount(), isTaken ? 4 : 5) << CString(source);
         EXPECT_EQ(CString(document.SourceOf(2)), isTaken ? source : kSourceOfC);
     }
 }
 
-TEST(WorkbenchDocument, JudgesASourceWhereItStands) {
+TEST(WorkbenchDocument, ChecksASourceWhereItStands) {
     const WCHAR kWithPrefix[] =
         _T("<!DOCTYPE a [<!ENTITY e 'E'>]>\n<a xmlns:p='u'><b>\n<c/></b></a>");
     const std::tuple<const WCHAR*, int, int> rows[] = {
@@ -91,10 +87,8 @@ TEST(WorkbenchDocument, JudgesASourceWhereItStands) {
         CXMLFault fault;
         EXPECT_EQ(document.ReplaceSource(2, source, fault), line == 0) << CString(source);
         EXPECT_EQ(document.GetDoc() == kWithPrefix, line != 0) << CString(source);
-        if (line != 0) {
-            EXPECT_EQ(std::pair(fault.nLine, fault.nColumn), std::pair(line, column))
-                << CString(source) << fault.strMessage;
-        }
+        EXPECT_EQ(std::pair(fault.nLine, fault.nColumn), std::pair(line, column))
+            << CString(source);
     }
     // A document that was at fault before can still be mended.
     Document document = Read(_T("<a x=1><b/></a>"));

