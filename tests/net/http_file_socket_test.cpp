@@ -125,9 +125,6 @@ TEST_F(Download, TheFileIsWhatCame) {
         if (row.fileSize == kNoLimit) {
             EXPECT_EQ(row.response.size(), socket.GetBytesReceived());
         }
-        if (row.response.starts_with(header)) {
-            EXPECT_EQ(header.size(), socket.GetHeaderConstRef().GetLength());
-        }
         Release(socket);
     }
 }
@@ -157,10 +154,8 @@ TEST_F(Download, AFileThatCannotBeMadeEndsItWithTheSystemsError) {
     socket.SetGetHeaderOnly(FALSE);
     socket.SetLocalFileName(m_folder.Path(_T("none/file")));
     Connect(socket);
-    m_window.PumpUntil([&] { return !socket.IsThreadActive(); });
-    StatusWindow::Pump();
+    Answer(socket, "", 1);
     EXPECT_EQ("3 4 8:3 ", m_window.Of(socket));
-    closesocket(m_server);
 }
 
 } // namespace

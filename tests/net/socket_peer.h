@@ -116,10 +116,8 @@ private:
             reinterpret_cast<StatusWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         std::string& text = self->m_statuses[reinterpret_cast<const CVaskSocket*>(wParam)];
         text += std::to_string(LOWORD(lParam));
-        if (HIWORD(lParam) != 0) {
-            text += ':';
-            text += std::to_string(HIWORD(lParam));
-        }
+        if (HIWORD(lParam) != 0)
+            text += ':' + std::to_string(HIWORD(lParam));
         text += ' ';
         return 0;
     }
@@ -166,8 +164,7 @@ private:
     int Note(const char* name) {
         {
             const std::lock_guard lock(m_lock);
-            m_handlers += name;
-            m_handlers += ' ';
+            m_handlers += name + std::string(" ");
         }
         const auto act = m_acts.find(name);
         return act != m_acts.end() ? act->second() : TRUE;

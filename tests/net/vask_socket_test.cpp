@@ -26,19 +26,10 @@ protected:
         ASSERT_TRUE(socket.Create());
         ASSERT_TRUE(socket.Connect(kHost, peer.Port()));
     }
-    // Sends a byte to the connecting socket and closes, as far as its worker cooperates.
-    void Converse(Peer& peer, ScriptedSocket& socket) {
-        const auto await = [&](const char* status) {
-            m_window.PumpUntil(
-                [&] { return !socket.IsThreadActive() || m_window.Of(socket).ends_with(status); });
-        };
-        const SOCKET server = peer.Accept();
-        await("8 ");
-        peer.Send(server, "x");
-        await("10:1 ");
-        closesocket(server);
-        await("14 ");
-        m_window.PumpUntil([&] { return !socket.IsThreadActive(); });
+    // Also returns when the worker has ended before.
+    void AwaitStatus(const ScriptedSocket& socket, const char* status) {
+        m_window.PumpUntil(
+            [&] { return !socket.IsThreadActive() || m_window.Of(socket).ends_with(status); });
     }
 
     StatusWindow m_window;
@@ -64,10 +55,9 @@ TEST(VaskSocketSetUp, IsDoneOnceAndNeeded) {
     EXPECT_TRUE(CVaskSocket::Initialize());
     EXPECT_TRUE(recorder.Take().empty());
     EXPECT_FALSE(CVaskSocket::Initialize());
-    const auto boxes = recorder.Take();
-    ASSERT_EQ(boxes.size(), 1u);
-    EXPECT_EQ(boxes[0].text, _T("An error has occurred while initializing the VaskSocket class.")
-                             _T("\r\n\r\nThe VaskSocket class has already been initialized."));
+    EXPECT_EQ(recorder.Take().at(0).text,
+              _T("An error has occurred while initializing the VaskSocket class.")
+              _T("\r\n\r\nThe VaskSocket class has already been initialized."));
     EXPECT_TRUE(CVaskSocket::Deinitialize());
     EXPECT_FALSE(CVaskSocket::Deinitialize());
 }
@@ -91,7 +81,6 @@ TEST_F(VaskSocket, ReportsADownloadStepByStep) {
     ExpectStatuses(socket, "1 2 3 4 8 9 10:5 14 ");
     EXPECT_EQ(socket.Take(), "connect send receive close ");
     EXPECT_EQ(socket.Received(), "hello");
-    EXPECT_EQ(socket.GetStatus(), 14);
     socket.Close();
     socket.Close();
     ExpectStatuses(socket, "1 2 3 4 8 9 10:5 14 0 ");
@@ -151,10 +140,9 @@ TEST_F(VaskSocket, ClosedDuringALookUpCancelsIt) {
 }
 
 TEST_F(VaskSocket, ListensAndAccepts) {
-    ScriptedSocket listener;
-    ScriptedSocket server;
-    listener.SetStatusCallbackWnd(m_window.Get());
-    server.SetStatusCallbackWnd(m_window.Get());
+    ScriptedSocket listener, server, client;
+    for (ScriptedSocket* each : {&listener, &server, &client})
+        each->SetStatusCallbackWnd(m_window.Get());
     listener.m_acts["accept"] = [&] { return listener.Accept(server); };
     EXPECT_EQ(ErrorOf([&] { return listener.Listen(); }), DWORD{WSAENOTSOCK});
     EXPECT_TRUE(listener.Create(0, SOCK_STREAM, CVaskSocket::ALL_EVENTS, kHost));
@@ -163,10 +151,7 @@ TEST_F(VaskSocket, ListensAndAccepts) {
     UINT port = 0, peerPort = 0;
     EXPECT_TRUE(listener.GetSockNameEx(address, port));
     EXPECT_EQ(address, kHost);
-    ScriptedSocket client;
-    client.SetStatusCallbackWnd(m_window.Get());
-    ASSERT_TRUE(client.Create());
-    ASSERT_TRUE(client.Connect(kHost, port));
+    ASSERT_TRUE(client.Create() && client.Connect(kHost, port));
     ExpectStatuses(client, "3 4 8 ");
     ExpectStatuses(server, "8 ");
     ExpectStatuses(listener, "5:10038 5 6 ");
@@ -214,18 +199,22 @@ TEST_F(VaskSocket, EndsWithinAnyHandler) {
                     socket.Close();
                 return act == kClose ? TRUE : handler == std::string("receive") ? -1 : 0;
             };
+            SCOPED_TRACE(handler + std::string(", act ") + std::to_string(act));
             Connect(socket, peer);
-            Converse(peer, socket);
+            const SOCKET server = peer.Accept();
+            AwaitStatus(socket, "8 ");
+            peer.Send(server, "x");
+            AwaitStatus(socket, "10:1 ");
+            closesocket(server);
+            m_window.PumpUntil([&] { return !socket.IsThreadActive(); });
             m_window.Pump();
-            const std::string label = handler + std::string(", act ") + std::to_string(act);
             const bool lacksMemory = act == kHasNoMemory || act == kThrowsForMemory;
             const std::string last = statuses + std::string(lacksMemory ? "14:8 " : "");
-            const std::string ended = last + "0 ";
-            EXPECT_EQ(m_window.Of(socket), act == kClose ? ended : last) << label;
-            EXPECT_EQ(socket.Take(), handlers) << label;
+            EXPECT_EQ(m_window.Of(socket), act == kClose ? last + "0 " : last);
+            EXPECT_EQ(socket.Take(), handlers);
             socket.Close();
             m_window.Pump();
-            EXPECT_EQ(m_window.Of(socket), ended) << label;
+            EXPECT_EQ(m_window.Of(socket), last + "0 ");
             EXPECT_FALSE(socket.IsSocketValid() || socket.IsEventValid() ||
                          socket.IsCancelThreadEventValid());
             m_window.Forget(socket);
@@ -239,12 +228,11 @@ TEST_F(VaskSocket, RefusesWhatDoesNotFitItsStateAndHandsItsHandleBack) {
     socket.SetStatusCallbackWnd(m_window.Get());
     const addrinfo strange = {0, AF_INET, 99, 0, 0, nullptr, nullptr, nullptr};
     const auto connect = [&](const WCHAR* url, UINT port = 80) {
-        const DWORD error = ErrorOf([&] { return socket.Connect(url, port); });
-        EXPECT_FALSE(socket.IsThreadActive() || !socket.GetHostURL().IsEmpty());
-        return error;
+        return ErrorOf([&] { return socket.Connect(url, port); });
     };
     const auto create = [&](UINT port, const WCHAR* address) {
-        return socket.Create(port, SOCK_STREAM, CVaskSocket::ALL_EVENTS, address);
+        return ErrorOf(
+            [&] { return socket.Create(port, SOCK_STREAM, CVaskSocket::ALL_EVENTS, address); });
     };
     ExpectCases<DWORD>({
         CASE(ErrorOf([&] { return socket.Attach(INVALID_SOCKET); }), WSAENOTSOCK),
@@ -252,15 +240,14 @@ TEST_F(VaskSocket, RefusesWhatDoesNotFitItsStateAndHandsItsHandleBack) {
         CASE(ErrorOf([&] { return socket.CreateEx(&strange); }), WSAESOCKTNOSUPPORT),
         CASE(connect(nullptr), WSAEINVAL),
         CASE(connect(_T("http://")), WSAEINVAL),
-        CASE(connect(_T("a b")), WSAEINVAL),
         CASE(connect(_T("a/\x2003")), WSAEINVAL), // a blank on Windows
-        CASE(connect(_T("a/\x3000")), WSAEINVAL),
         CASE(connect(kHost, 0), WSAEINVAL),
         CASE(connect(kHost, 65536), WSAEINVAL),
-        CASE(ErrorOf([&] { return create(peer.Port(), kHost); }), WSAEADDRINUSE),
-        CASE(ErrorOf([&] { return create(0, _T("host")); }), WSAEINVAL),
+        CASE(create(peer.Port(), kHost), WSAEADDRINUSE),
+        CASE(create(0, _T("host")), WSAEINVAL),
     });
-    EXPECT_FALSE(socket.IsSocketValid() || socket.IsEventValid());
+    EXPECT_TRUE(socket.GetHostURL().IsEmpty());
+    EXPECT_FALSE(socket.IsSocketValid() || socket.IsEventValid() || socket.IsThreadActive());
     // Only before it is active does it hand its handle back.
     ASSERT_TRUE(socket.Create());
     const SOCKET handle = socket.Detach();
@@ -288,11 +275,9 @@ TEST_F(VaskSocket, ClosesAtAnyMoment) {
     for (int i = 0; i < kCycles; ++i) {
         ScriptedSocket socket;
         Connect(socket, peer);
-        if (i % 3 == 1)
-            closesocket(peer.Accept());
-        if (i % 3 == 2) {
+        if (i % 3 != 0) {
             const SOCKET server = peer.Accept();
-            peer.Send(server, "some bytes");
+            peer.Send(server, i % 3 == 1 ? "" : "some bytes");
             closesocket(server);
         }
         for (int yields = 0; yields < i % 7; ++yields)
@@ -321,9 +306,7 @@ TEST(WinsockErrorText, IsUnknownWhereThereIsNoRow) {
 // A copy ends at the first zero byte. So it has no addresses and must not search for any.
 TEST(GetHostRequestData, LosesItsAddressWhenCopied) {
     CGetHostRequestData data;
-    CString address(_T("old"));
-    EXPECT_FALSE(data.GetIPAddress(address));
-    EXPECT_TRUE(address.IsEmpty());
+    CString address;
     auto& host = *reinterpret_cast<hostent*>(data.GetBuffer());
     host.h_addr_list = reinterpret_cast<char**>(data.GetBuffer() + sizeof host);
     host.h_addr_list[0] = data.GetBuffer() + sizeof host + 2 * sizeof(char*);
@@ -331,6 +314,7 @@ TEST(GetHostRequestData, LosesItsAddressWhenCopied) {
     EXPECT_TRUE(data.GetIPAddress(address));
     EXPECT_EQ(address, _T("127.1.2.3"));
     EXPECT_FALSE(CGetHostRequestData(data).GetIPAddress(address));
+    EXPECT_TRUE(address.IsEmpty());
 }
 
 } // namespace

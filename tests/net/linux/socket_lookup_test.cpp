@@ -28,7 +28,7 @@ protected:
     StatusWindow m_window;
 };
 
-TEST_F(SocketLookUp, TellsWhyItFailed) {
+TEST_F(SocketLookUp, ReportsWhyItFailed) {
     const std::pair<int, const char*> rows[] = {{WSAHOST_NOT_FOUND, "1 2:11001 "},
                                                 {WSATRY_AGAIN, "1 2:11002 "},
                                                 {0, "1 2:11004 "}}; // no address
@@ -68,10 +68,9 @@ TEST_F(SocketLookUp, SurvivesItsRaces) {
             MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
             m_window.Pump();
         }
-        for (ScriptedSocket& socket : sockets)
-            socket.Close();
-        m_window.Pump();
         for (ScriptedSocket& socket : sockets) {
+            socket.Close();
+            m_window.Pump();
             const std::string& seen = m_window.Of(socket);
             EXPECT_TRUE(seen.starts_with("1 ") && seen.ends_with("0 ")) << seen;
             m_window.Forget(socket);

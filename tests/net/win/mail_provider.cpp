@@ -34,9 +34,9 @@ __declspec(dllexport) ULONG WINAPI MAPILogoff(LHANDLE session, ULONG_PTR, FLAGS,
 }
 #endif
 
-} // extern "C"
-
 // One explicit export, so that the linker does not export everything.
-extern "C" __declspec(dllexport) int MailProviderVersion() {
+__declspec(dllexport) int MailProviderVersion() {
     return Asked() != nullptr;
 }
+
+} // extern "C"

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr LHANDLE kSession = 0x55;
+constexpr UINT kStop = MB_OK | MB_ICONSTOP;
 
 // What an entry point of the library does.
 typedef ULONG (*Act)();
@@ -52,19 +53,16 @@ public:
         m_calls += session == kSession ? "logoff" : "?";
         return m_onLogoff();
     }
-    std::string TakeCalls() { return std::exchange(m_calls, ""); }
 
     std::function<ULONG()> m_onLogon = Returns<0>, m_onSend = Returns<0>, m_onLogoff = Returns<0>;
-
-private:
     std::string m_calls;
 };
 
 CString Beside(const WCHAR* name) {
     WCHAR path[MAX_PATH];
     ::GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const CString program = path;
-    return program.Left(program.ReverseFind('\\') + 1) + name;
+    ::lstrcpyW(::wcsrchr(path, '\\') + 1, name);
+    return path;
 }
 void Install(const WCHAR* library) {
     ASSERT_TRUE(::CopyFileW(Beside(library), Beside(_T("mapi32.dll")), FALSE));
@@ -88,26 +86,26 @@ protected:
         return send(_T("J\u00fcrgen"), _T("a@example.com"), _T("Subject"), _T("Body"), nullptr,
                     nullptr);
     }
-    // Sends, and compares the one box (id 0: no box) and the library's state.
-    void ExpectSend(bool logsOn, UINT boxId, UINT type, const char* label) {
-        EXPECT_EQ(Send(logsOn), boxId == 0) << label;
+    // Sends, and compares the one box (id 0: no box), the calls and the library's state.
+    void ExpectSend(bool logsOn, UINT boxId, const char* calls) {
+        m_provider.m_calls.clear();
+        EXPECT_EQ(Send(logsOn), boxId == 0);
         std::vector<RecordedMessageBox> boxes;
         if (boxId != 0) {
             CString text;
             EXPECT_TRUE(text.LoadString(boxId));
-            boxes.push_back({text, type, type == MB_OK ? boxId : 0});
+            boxes.push_back({text, logsOn ? kStop : MB_OK, logsOn ? 0 : boxId});
         }
-        EXPECT_EQ(m_app.Take(), boxes) << label;
-        EXPECT_EQ(::GetModuleHandleW(L"mapi32.dll"), nullptr) << label << ": is unloaded";
-        EXPECT_EQ(::GetCapture(), nullptr) << label;
+        EXPECT_EQ(m_app.Take(), boxes);
+        EXPECT_EQ(m_provider.m_calls, calls);
+        EXPECT_EQ(::GetModuleHandleW(L"mapi32.dll"), nullptr) << "is unloaded";
+        EXPECT_EQ(::GetCapture(), nullptr);
     }
 
     MessageBoxRecorder m_app;
     ScriptedProvider m_provider;
     const MailSetting m_setting{_T("1")};
 };
-
-constexpr UINT kStop = MB_OK | MB_ICONSTOP;
 
 TEST_F(SimpleMapi, EveryAnswerOfTheLibrary) {
     using quorvel::kTextMailInvalidLibrary, quorvel::kTextMailSendFailed,
@@ -127,6 +125,7 @@ TEST_F(SimpleMapi, EveryAnswerOfTheLibrary) {
     for (const auto& [label, logon, send, logoff, boxOfSession, boxWithout] : rows) {
         if (!kCatchesFaults && (logon == Faults || send == Faults || logoff == Faults))
             continue;
+        SCOPED_TRACE(label);
         std::size_t boxesAtLogoff = 0;
         m_provider.m_onLogon = logon;
         m_provider.m_onSend = send;
@@ -134,13 +133,10 @@ TEST_F(SimpleMapi, EveryAnswerOfTheLibrary) {
             boxesAtLogoff = m_app.m_boxes.size();
             return act();
         };
-        ExpectSend(true, boxOfSession, kStop, label);
         const bool logsOn = boxOfSession != kTextMailInvalidLibrary;
-        EXPECT_EQ(m_provider.TakeCalls(), logsOn ? "logon send in session logoff" : "logon ")
-            << label;
-        EXPECT_EQ(boxesAtLogoff, logsOn && boxOfSession != 0 ? 1u : 0u) << label;
-        ExpectSend(false, boxWithout, MB_OK, label);
-        EXPECT_EQ(m_provider.TakeCalls(), "send ") << label;
+        ExpectSend(true, boxOfSession, logsOn ? "logon send in session logoff" : "logon ");
+        EXPECT_EQ(boxesAtLogoff, logsOn && boxOfSession != 0 ? 1u : 0u);
+        ExpectSend(false, boxWithout, "send ");
     }
 }
 
@@ -164,11 +160,9 @@ TEST_F(SimpleMapi, WhatIsMissingOrNotConfiguredIsNotTried) {
         ::DeleteFileW(Beside(_T("mapi32.dll")));
         if (library != nullptr)
             Install(library);
-        const std::string label = std::to_string(boxOfSession) + " " + std::to_string(boxWithout);
-        ExpectSend(true, boxOfSession, kStop, label.c_str());
-        EXPECT_EQ(m_provider.TakeCalls(), "") << label;
-        ExpectSend(false, boxWithout, MB_OK, label.c_str());
-        EXPECT_EQ(m_provider.TakeCalls(), boxWithout == 0 ? "send " : "") << label;
+        SCOPED_TRACE(testing::Message() << boxOfSession << " " << boxWithout);
+        ExpectSend(true, boxOfSession, "");
+        ExpectSend(false, boxWithout, boxWithout == 0 ? "send " : "");
     }
 }
 
@@ -200,8 +194,9 @@ TEST_F(SimpleMapi, WindowsAreDisabledWhileItSendsAndAsBeforeAfterwards) {
                 ::SetActiveWindow(nullptr);
                 return act();
             };
+            m_provider.m_calls.clear();
             Send(logsOn);
-            EXPECT_NE(m_provider.TakeCalls(), "");
+            EXPECT_NE(m_provider.m_calls, "");
             EXPECT_TRUE(owner.IsEnabled() && other.IsEnabled() && !disabled.IsEnabled());
             EXPECT_EQ(::GetCapture(), nullptr);
             EXPECT_EQ(::GetActiveWindow(), owner.handle);

@@ -24,7 +24,6 @@ const std::string kOld =
                                    "<description> &lt;b&gt;Two\nlines&lt;/b&gt; </description>") +
                 Item("Newest", "<pubDate>2024-01-03</pubDate><priority>low</priority>") +
                 Item("Between", "<pubDate>2024-01-02</pubDate><description>  </description>"));
-const std::string kOldRows = "|Newest|1/3/2024 *\n|Between|1/2/2024\n|Old & good|1/1/2024\n";
 const std::string kQuestion = "(44) There are new updates available as of 3/12/2024 9:30:00 AM.  "
                               "Would you like to download them now?\n";
 
@@ -41,16 +40,13 @@ protected:
     UpdatesDlg() { folder.Write(_T("local.xml"), kOld); }
     ~UpdatesDlg() override { QuorvelSetOpenExternalLinkCallback(nullptr); }
 
-    void Open(BOOL autoCheck = FALSE) {
-        dialog = std::make_unique<Dlg>(source, path, local, autoCheck, nullptr, nullptr);
-    }
     void RunAgain(std::vector<Step> steps) {
         const DialogDriver driver(std::move(steps));
         dialog->DoModal();
         EXPECT_TRUE(driver.HasRun());
     }
     void Run(std::vector<Step> steps, BOOL autoCheck = FALSE) {
-        Open(autoCheck);
+        dialog = std::make_unique<Dlg>(source, path, local, autoCheck, nullptr, nullptr);
         RunAgain(std::move(steps));
     }
     HWND Child(int id) const { return ::GetDlgItem(dialog->m_hWnd, id); }
@@ -95,8 +91,8 @@ protected:
 
 TEST_F(UpdatesDlg, ShowsTheLocalFileAndTheSelectedEntry) {
     Run({[&](HWND) {
-             EXPECT_EQ(Rows(), kOldRows);
-             EXPECT_EQ(Details(), "Newest|1/3/2024|");
+             EXPECT_EQ(Rows() + Details(), "|Newest|1/3/2024 *\n|Between|1/2/2024\n"
+                                           "|Old & good|1/1/2024\nNewest|1/3/2024|");
              EXPECT_EQ(Text(QUORVEL_UPDATES_PUBLISHED),
                        "Local update file is dated 1/1/2024 1:00:00 AM.");
              EXPECT_EQ(Pane(), nullptr);
@@ -165,14 +161,8 @@ TEST_F(UpdatesDlg, ACheckShowsHowFarItIsAndThenTheNewListing) {
     EXPECT_EQ(boxes.Lines(), "");
 }
 
-TEST_F(UpdatesDlg, AStrictCheckRefusesABodyThatIsTooShort) {
-    boxes.m_answer = IDYES;
-    Run({[&](HWND) { dialog->SetStrict(TRUE); }, ClickOn(QUORVEL_UPDATES_CHECK), Answer(kHead),
-         Answer(Response(kOld, LengthField(1000))), Press(VK_ESCAPE)});
-    EXPECT_EQ(boxes.Lines(), kQuestion + ErrorBox(kIncomplete + "\n"));
-}
-
 TEST_F(UpdatesDlg, ChecksByItselfWhenItIsFirstShown) {
+    boxes.m_answer = IDYES;
     Run({[&](HWND) {
              EXPECT_EQ(source.m_alive, 1);
              dialog->ShowWindow(SW_HIDE);
@@ -187,57 +177,50 @@ TEST_F(UpdatesDlg, ChecksByItselfWhenItIsFirstShown) {
              EXPECT_EQ(::GetActiveWindow(), dialog->m_hWnd);
              source.Release(StatusMessages{dialog->m_hWnd});
              ExpectNothingLeft();
+             source.PassTime();
+             dialog->SetStrict(TRUE);
          },
+         ClickOn(QUORVEL_UPDATES_CHECK), Answer(kHead), Answer(Response(kOld, LengthField(1000))),
          Press(VK_ESCAPE)},
         TRUE);
-    EXPECT_EQ(boxes.Lines(), "");
+    EXPECT_EQ(boxes.Lines(), kQuestion + ErrorBox(kIncomplete + "\n"));
 }
 
 TEST_F(UpdatesDlg, ClosedInEveryStateItLeavesNothing) {
-    const std::vector<std::pair<const char*, std::function<void(Dlg&)>>> ways = {
-        {"key", [](Dlg& each) { ::PostMessageW(each.m_hWnd, WM_COMMAND, IDCANCEL, 0); }},
-        {"mouse", [](Dlg& each) { ::PostMessageW(each.m_hWnd, WM_SYSCOMMAND, SC_CLOSE, 0); }},
-        {"host", [](Dlg& each) { each.DestroyWindow(); }},
-        {"platform", [](Dlg& each) { ::DestroyWindow(each.m_hWnd); }},
-        {"session",
-         [](Dlg& each) {
-             ::SendMessageW(each.m_hWnd, WM_QUERYENDSESSION, 0, 0);
-             ::SendMessageW(each.m_hWnd, WM_ENDSESSION, TRUE, 0);
-             ::PostMessageW(each.m_hWnd, WM_COMMAND, IDCANCEL, 0);
-         }},
+    // With the connections of a check whose question or link hook closes the dialog. A key only
+    // hides the window at first. A click at the close box is posted, so the answer comes before.
+    const std::tuple<const char*, std::function<void(HWND)>, int, int> ways[] = {
+        {"key", [](HWND box) { ::SendMessageW(box, WM_COMMAND, IDCANCEL, 0); }, 1, 1},
+        {"mouse", [](HWND box) { ::SendMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0); }, 2, 1},
+        {"host", [&](HWND) { dialog->DestroyWindow(); }, 1, 0},
+        {"platform", [](HWND box) { ::DestroyWindow(box); }, 1, 0},
+        {"session", EndSession, 1, 0},
     };
     boxes.m_answer = IDYES;
     const Step check = ClickOn(QUORVEL_UPDATES_CHECK), answer = Answer(kHead);
-    for (const auto& [way, close] : ways) {
+    for (const auto& [way, closeBox, inQuestion, inHook] : ways) {
         SCOPED_TRACE(way);
-        const Step closeNow = [&](HWND) { close(*dialog); };
-        const Step closeInBox = [&](HWND) { boxes.m_meanwhile = [&] { close(*dialog); }; };
-        for (const auto& steps :
-             {Steps(closeNow), Steps(check, closeNow), Steps(check, closeInBox, answer),
-              Steps(check, answer, closeNow)}) {
+        const auto close = [this, each = closeBox] { each(dialog->m_hWnd); };
+        const Step closeNow = [&](HWND) { close(); };
+        const Step closeInQuestion = [&](HWND) { boxes.m_meanwhile = close; };
+        const Step closeInHook = [&](HWND) { CallInLinkHook(close); };
+        const std::tuple<const char*, std::vector<Step>, int> states[] = {
+            {"idle", {closeNow}, 0},
+            {"checking", {check, closeNow}, 1},
+            {"asking", {check, closeInQuestion, answer}, inQuestion},
+            {"downloading", {check, answer, closeNow}, 2},
+            {"in the hook", {closeInHook, check}, inHook},
+        };
+        for (const auto& [state, steps, connections] : states) {
+            source.m_count = 0;
             Run(steps);
+            EXPECT_EQ(source.m_count, connections) << state;
             ExpectNothingLeft();
             source.PassTime();
         }
+        QuorvelSetOpenExternalLinkCallback(nullptr);
         EXPECT_EQ(boxes.Lines(), kQuestion + kQuestion);
     }
-}
-
-TEST_F(UpdatesDlg, AHookThatClosesTheDialogStartsNoCheck) {
-    CallInLinkHook([&] { dialog->DestroyWindow(); });
-    Run({ClickOn(QUORVEL_UPDATES_CHECK)});
-    EXPECT_EQ(source.m_count, 0);
-    EXPECT_EQ(boxes.Lines(), "");
-    EXPECT_EQ(AfxGetProfileCheckForUpdatesLastChecked(path), COleDateTime());
-}
-
-// The window is only hidden at first: an answer that comes later must not start the download.
-TEST_F(UpdatesDlg, ClosedWhileItAsksItDoesNotDownload) {
-    boxes.m_answer = IDYES;
-    boxes.m_meanwhile = [&] { ::SendMessageW(dialog->m_hWnd, WM_COMMAND, IDCANCEL, 0); };
-    Run({ClickOn(QUORVEL_UPDATES_CHECK), Answer(kHead)});
-    EXPECT_EQ(source.m_count, 1);
-    ExpectNothingLeft();
 }
 
 TEST_F(UpdatesDlg, OpenedAgainItHasTheSameColumnsAndNoRowsOfTheLastTime) {
@@ -264,8 +247,8 @@ TEST_F(UpdatesDlg, OpenedAgainItHasTheSameColumnsAndNoRowsOfTheLastTime) {
     Run({look, Press(VK_ESCAPE)});
 }
 
-// The link is disabled when its row goes. A disabled control would keep all keys from the dialog.
-TEST_F(UpdatesDlg, TheKeyboardStaysInTheDialogWhenTheLinkGoes) {
+// The link is disabled without its row. A disabled control would keep all keys from the dialog.
+TEST_F(UpdatesDlg, TheKeyboardStaysInTheDialogWhenTheLinkIsDisabled) {
     Run({Press(VK_END), [&](HWND) { ::SetFocus(Child(QUORVEL_UPDATES_LINK)); },
          [&](HWND) {
              EXPECT_EQ(::GetFocus(), Child(QUORVEL_UPDATES_LINK));

@@ -41,9 +41,9 @@ TEST_F(UpdatesSettings, ShowWhatIsStoredAndTheDaysFollowTheirBox) {
         return [reminds](HWND box) {
             EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_URL)), _T("http://old/"));
             EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_DAYS)), _T("7"));
-            EXPECT_EQ(::IsDlgButtonChecked(box, QUORVEL_UPDATES_REMIND) != 0, reminds != FALSE);
-            EXPECT_EQ(::IsWindowEnabled(Item(box, QUORVEL_UPDATES_DAYS)), reminds);
-            EXPECT_EQ(::IsWindowEnabled(Item(box, QUORVEL_UPDATES_DAYS_SPIN)), reminds);
+            EXPECT_EQ(::IsDlgButtonChecked(box, QUORVEL_UPDATES_REMIND), UINT(reminds));
+            for (const int id : {QUORVEL_UPDATES_DAYS, QUORVEL_UPDATES_DAYS_SPIN})
+                EXPECT_EQ(::IsWindowEnabled(Item(box, id)), reminds);
         };
     };
     const auto pressUp = [](HWND box) {
@@ -82,7 +82,7 @@ TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
     EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), 0);
 }
 
-TEST_F(UpdatesSettings, AFailureToStoreIsSaidAndTheDialogStays) {
+TEST_F(UpdatesSettings, AFailureToStoreIsReportedAndTheDialogStays) {
     MessageBoxRecorder boxes;
     CCheckForUpdatesSettingsDlg dialog{CRegistryPath()};
     const DialogDriver driver(
@@ -121,16 +121,16 @@ TEST_F(UpdatesReminder, OnlyDismissalIsStored) {
 }
 
 TEST_F(UpdatesReminder, ShowsItsStatusAndReachesTheSettings) {
-    const auto status = [](const WCHAR* text) {
-        return [text](HWND box) {
-            EXPECT_EQ(TextOf(Item(box, QUORVEL_UPDATES_REMINDER_STATUS)), text);
-        };
-    };
     const auto wait = [](HWND) {}; // a dialog is shown when no message waits
     EXPECT_TRUE(dialog.SetStatus(_T("It was long ago.")));
     EXPECT_FALSE(dialog.SetStatus(nullptr));
-    Remind({status(_T("It was long ago.")), [&](HWND) { dialog.SetStatus(_T("a & b")); },
-            status(_T("a & b")), ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
+    Remind({[&](HWND box) {
+                const HWND status = Item(box, QUORVEL_UPDATES_REMINDER_STATUS);
+                EXPECT_EQ(TextOf(status), _T("It was long ago."));
+                dialog.SetStatus(_T("a & b"));
+                EXPECT_EQ(TextOf(status), _T("a & b"));
+            },
+            ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
             Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN), wait,
             Press(VK_ESCAPE)});
     EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://new/"));

@@ -71,6 +71,13 @@ public:
     std::function<void()> m_meanwhile;
 };
 
+// The session ends, and the dialog's loop too, because the process of the test goes on.
+inline void EndSession(HWND box) {
+    ::SendMessageW(box, WM_QUERYENDSESSION, 0, 0);
+    ::SendMessageW(box, WM_ENDSESSION, TRUE, 0);
+    ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+}
+
 // A hook of links may ask the user, and the user may close the dialog meanwhile.
 inline void CallInLinkHook(std::function<void()> meanwhile) {
     static std::function<void()> s_meanwhile;
