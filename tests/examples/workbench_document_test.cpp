@@ -60,27 +60,23 @@ TEST(WorkbenchDocument, FindsTheInnermostElementAroundAText) {
     }
 }
 
-TEST(WorkbenchDocument, TakesAnotherSourceOnlyWhenItIsOneElement) {
-    const std::tuple<const WCHAR*, bool> rows[] = {
-        {_T("<n z='&lt;'>1</n>"), true}, {_T(""), false},         {_T("text"), false},
-        {_T("<n/><m/>"), false},         {_T("<n z=1/>"), false}, {_T("<!-- --><n/>"), false},
-        {_T("<n z='>'/>"), false}, // the parser ends the tag there
-    };
-    for (const auto& [source, isTaken] : rows) {
-        Document document = Read(kText);
-        CXMLFault fault;
-        EXPECT_EQ(document.ReplaceSource(2, source, fault), isTaken) << CString(source);
-        EXPECT_EQ(document.ElementCount(), isTaken ? 4 : 5) << CString(source);
-        EXPECT_EQ(CString(document.SourceOf(2)), isTaken ? source : kSourceOfC);
-    }
-}
-
-TEST(WorkbenchDocument, ChecksASourceWhereItStands) {
+TEST(WorkbenchDocument, ReplacesASourceOnlyByOneElementThatIsValidThere) {
     const WCHAR kWithPrefix[] =
         _T("<!DOCTYPE a [<!ENTITY e 'E'>]>\n<a xmlns:p='u'><b>\n<c/></b></a>");
+    // The place of the fault; none if the source is taken.
     const std::tuple<const WCHAR*, int, int> rows[] = {
-        {_T("<p:n>&e;</p:n>"), 0, 0}, {_T(" <n/>\n"), 0, 0},      {_T("<q:n/>"), 1, 1},
-        {_T("<n>\n &f;</n>"), 2, 2},  {_T("<n>\n<m></n>"), 2, 6},
+        {_T("<p:n>&e;</p:n>"), 0, 0},
+        {_T(" <n/>\n"), 0, 0},
+        {_T("<n z='&lt;'>1</n>"), 0, 0},
+        {_T("<q:n/>"), 1, 1},
+        {_T("<n>\n &f;</n>"), 2, 2},
+        {_T("<n>\n<m></n>"), 2, 6},
+        {_T(""), 1, 1},
+        {_T("text"), 1, 1},
+        {_T("<n/><m/>"), 1, 5},
+        {_T("<n z=1/>"), 1, 6},
+        {_T("<!-- --><n/>"), 1, 1},
+        {_T("<n z='>'/>"), 1, 1}, // the parser ends the tag there
     };
     for (const auto& [source, line, column] : rows) {
         Document document = Read(kWithPrefix);
@@ -89,6 +85,8 @@ TEST(WorkbenchDocument, ChecksASourceWhereItStands) {
         EXPECT_EQ(document.GetDoc() == kWithPrefix, line != 0) << CString(source);
         EXPECT_EQ(std::pair(fault.nLine, fault.nColumn), std::pair(line, column))
             << CString(source);
+        EXPECT_EQ(CString(document.SourceOf(2)), line != 0 ? _T("<c/>") : CString(source).Trim());
+        EXPECT_EQ(document.ElementCount(), 3) << CString(source);
     }
     // A document that was at fault before can still be mended.
     Document document = Read(_T("<a x=1><b/></a>"));

@@ -11,13 +11,12 @@
 
 namespace {
 
-typedef std::chrono::steady_clock Clock;
-typedef std::chrono::milliseconds Milliseconds;
+using std::chrono::steady_clock, std::chrono::milliseconds;
 
-void Await(const CHttpsUpdateTransport& transport, Clock::duration time) {
-    const auto end = Clock::now() + time;
-    while (!transport.GetProgress().hasEnded && Clock::now() < end)
-        std::this_thread::sleep_for(Milliseconds(5));
+void Await(const CHttpsUpdateTransport& transport, milliseconds time) {
+    const auto end = steady_clock::now() + time;
+    while (!transport.GetProgress().hasEnded && steady_clock::now() < end)
+        std::this_thread::sleep_for(milliseconds(5));
 }
 
 } // namespace
@@ -37,11 +36,10 @@ int main(int argc, char** argv) {
         transport.SetTimeOuts(static_cast<DWORD>(time), static_cast<DWORD>(time));
     transport.Start(request);
     if (std::strcmp(option, "--cancel") == 0) {
-        Await(transport, Milliseconds(time));
-        const auto begin = Clock::now();
+        Await(transport, milliseconds(time));
+        const auto begin = steady_clock::now();
         transport.Cancel();
-        const auto took = std::chrono::duration_cast<Milliseconds>(Clock::now() - begin).count();
-        std::printf("%d\n", static_cast<int>(took));
+        std::printf("%d\n", static_cast<int>((steady_clock::now() - begin) / milliseconds(1)));
         std::fflush(stdout);
         std::_Exit(std::remove(argv[2]) == 0 ? 0 : 1); // the file is not open any more
     }

@@ -15,10 +15,11 @@ import socket
 import ssl
 import subprocess
 import sys
-import tempfile
 import threading
 import time
 import warnings
+
+from harness import check, finish, own_folder, read, write_all
 
 warnings.simplefilter("ignore", DeprecationWarning)  # the test needs the old TLS
 IS_WINE = sys.argv[-1].endswith(".exe")
@@ -27,27 +28,23 @@ DATE = "Tue, 12 Mar 2024 08:30:00 GMT"
 LEAF = "basicConstraints=CA:FALSE\nextendedKeyUsage=serverAuth\nsubjectAltName="
 SAN = LEAF + "DNS:localhost,IP:127.0.0.1"
 AUTHORITY = "basicConstraints=critical,CA:TRUE\nkeyUsage=critical,keyCertSign,cRLSign"
-problems = []
-
-
-def openssl(arguments):
-    subprocess.run(["openssl", *arguments.split()], check=True, capture_output=True)
 
 
 def certificate(name, issuer=None, extensions=SAN, days=30):
     """Certificate and key in NAME.pem, signed by itself without an issuer."""
-    pathlib.Path(name + ".ext").write_text(extensions)
-    openssl(f"req -new -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -keyout {name}.key "
-            f"-subj /CN={name}.quorvel.test -out {name}.csr")
+    write_all({name + ".ext": extensions.encode()})
     signer = f"-CA {issuer}.pem -CAkey {issuer}.key -CAcreateserial" if issuer else f"-signkey {name}.key"
-    openssl(f"x509 -req -in {name}.csr {signer} -days {days} -extfile {name}.ext -out {name}.crt")
-    pathlib.Path(name + ".pem").write_text(pathlib.Path(name + ".crt").read_text() +
-                                           pathlib.Path(name + ".key").read_text())
+    for command in (f"req -new -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -keyout {name}.key "
+                    f"-subj /CN={name}.quorvel.test -out {name}.csr",
+                    f"x509 -req -in {name}.csr {signer} -days {days} -extfile {name}.ext -out {name}.crt"):
+        subprocess.run(["openssl", *command.split()], check=True, capture_output=True)
+    write_all({name + ".pem": read(name + ".crt") + read(name + ".key")})
 
 
 def trust_in_wine(command):
-    tool = pathlib.Path(__file__).resolve().parents[2] / "tools" / "wine_authority.py"
-    subprocess.run([sys.executable, tool, command, "root.crt", *sys.argv[1:-1]], check=True)
+    if IS_WINE:
+        tool = pathlib.Path(__file__).resolve().parents[2] / "tools" / "wine_authority.py"
+        subprocess.run([sys.executable, tool, command, "root.crt", *sys.argv[1:-1]], check=True)
 
 
 class Handler(http.server.BaseHTTPRequestHandler):
@@ -56,16 +53,12 @@ class Handler(http.server.BaseHTTPRequestHandler):
     def log_message(self, *_):
         pass
 
-    def head(self, status, *fields):
-        # Without the field Wine sends the next request on a connection that is closed by then.
-        self.wfile.write(f"HTTP/1.1 {status} x\r\nConnection: close\r\n".encode() +
-                         "".join(field + "\r\n" for field in fields).encode() + b"\r\n")
-        self.close_connection = True
-
-    def send(self, *fields, body=b""):
-        self.head(200, f"Last-Modified: {DATE}", *fields)
+    def send(self, status, field, body=b""):
+        # Without the first field Wine sends the next request on a connection that is closed by then.
+        self.wfile.write(f"HTTP/1.1 {status} x\r\nConnection: close\r\nLast-Modified: {DATE}\r\n{field}\r\n\r\n".encode())
         if self.command == "GET":
             self.wfile.write(body)
+        self.close_connection = True
 
     def do_GET(self):
         kind, _, rest = self.path[1:].partition("/")
@@ -82,11 +75,11 @@ class Handler(http.server.BaseHTTPRequestHandler):
         targets = {"to": rest.replace("!", "://"), "loop": "/loop",
                    "hop": "/good" if rest == "0" else f"/hop/{int(rest) - 1}" if rest.isdigit() else ""}
         if kind in bodies:
-            self.send(bodies[kind][0], body=bodies[kind][1])
+            self.send(200, *bodies[kind])
         elif kind in targets:
-            self.head(302, "Location: " + targets[kind], "Content-Length: 0")
+            self.send(302, f"Content-Length: 0\r\nLocation: {targets[kind]}")
         elif kind != "no-head":
-            self.head(404, "Content-Length: 0")
+            self.send(404, "Content-Length: 0")
         if kind in ("stall", "no-head"):
             self.wfile.flush()
             self.connection.recv(1)  # until the client closes
@@ -136,26 +129,20 @@ def silent_server(answer=b""):
 
 
 def fetch(url, *options, **environment):
-    pathlib.Path("got").write_bytes(b"")
+    write_all({"got": b""})
     return subprocess.run([*sys.argv[1:], url, "got", *options], capture_output=True, timeout=120,
                           env={**os.environ, "SSL_CERT_FILE": os.path.abspath("root.crt"), **environment})
-
-
-def require(label, holds, seen):
-    if not holds:
-        problems.append(f"{label}: {seen}")
 
 
 def expect(label, url, status, *options, content=None, error=False, text="", **environment):
     begin = time.monotonic()
     ran = fetch(url, *options, **environment)
     lines = ran.stdout.decode(errors="replace").splitlines() + [""] * 5
-    got = pathlib.Path("got").read_bytes()
+    took, got = time.monotonic() - begin, read("got")
     holds = (ran.returncode == 0 and lines[0] == str(status) and (lines[2] != "0") == error and
-             (status != 200 or lines[3] == DATE) and
-             (content is None or got == content) and int(lines[1]) == len(got) and
-             re.search(text, "\n".join(lines[4:])) and time.monotonic() - begin < 20)
-    require(label, holds, f"{ran.returncode} {lines} {len(got)} bytes, {time.monotonic() - begin:.1f} s, {ran.stderr!r}")
+             (status != 200 or lines[3] == DATE) and (content is None or got == content) and
+             int(lines[1]) == len(got) and re.search(text, "\n".join(lines[4:])) and took < 20)
+    check(holds, f"{label}: {ran.returncode} {lines} {len(got)} bytes, {took:.1f} s, {ran.stderr!r}")
 
 
 def transfers(good, plain):
@@ -194,7 +181,7 @@ def stalls(good):
         expect("stalled " + label, url, 200 if label == "body" else 0, "--stall", "1500", error=True)
         ran = fetch(url, "--cancel", "300")
         took = ran.stdout.decode().strip()
-        require("cancelled " + label, ran.returncode == 0 and int(took or 9999) < 100, f"{ran.returncode} {took}")
+        check(ran.returncode == 0 and int(took or 9999) < 100, f"cancelled {label}: {ran.returncode} {took}")
 
 
 def others(good):
@@ -203,23 +190,22 @@ def others(good):
         expect("lying proxy", good.url("good"), 0, "--stall", "3000", error=True, content=b"", https_proxy=liar)
     # A file that is no library, found before the real one; Wine has a switch.
     library = "winhttp.dll" if IS_WINE else "libcurl.so.4"
-    pathlib.Path("broken").mkdir()
-    pathlib.Path("broken", library).write_bytes(b"no library")
+    os.mkdir("broken")
+    write_all({"broken/" + library: b"no library"})
     missing = {"WINEDLLOVERRIDES": "winhttp="} if IS_WINE else {"LD_LIBRARY_PATH": os.path.abspath("broken")}
     text = f"(?m)^Secure connections are not available here: {re.escape(library)} could not be loaded\\.$"
     expect("no library", good.url("good"), 0, error=True, content=b"", text=text, **missing)
 
 
 def requests():
-    certificate("root", extensions=AUTHORITY)
-    certificate("stranger", extensions=AUTHORITY)
+    for authority in "root", "stranger":
+        certificate(authority, extensions=AUTHORITY)
     certificate("good", "root")
     certificate("expired", "root", days=-1)
     certificate("wrong", "root", LEAF + "DNS:other.example")
     certificate("unknown", "stranger")
     certificate("self")
-    if IS_WINE:
-        trust_in_wine("add")
+    trust_in_wine("add")
     try:
         good, plain = Server("good.pem"), Server()
         transfers(good, plain)
@@ -228,13 +214,9 @@ def requests():
         stalls(good)
         others(good)
     finally:
-        if IS_WINE:
-            trust_in_wine("remove")
+        trust_in_wine("remove")
 
 
-with tempfile.TemporaryDirectory(prefix="quorvel-https-") as own:
-    os.chdir(own)
+with own_folder():
     requests()
-    os.chdir("/")
-print("\n".join(problems) or "no problems")
-sys.exit(1 if problems else 0)
+finish()

@@ -8,16 +8,6 @@ typedef CUpdateListingItem Item;
 
 const COleDateTime kDate(2007, 3, 4, 5, 6, 7);
 
-TEST(UpdateListingItem, ANewItemHasTheTimeOfLoadingAndItsColumnsShowTitleAndDate) {
-    EXPECT_TRUE(Item() == Item(_T(""), _T(""), BYTE{1}, Item::DEFAULT_DATE, nullptr, TRUE));
-    EXPECT_TRUE(Item::DEFAULT_DATE <= COleDateTime::GetCurrentTime() &&
-                Item::DEFAULT_DATE > COleDateTime::GetCurrentTime() - COleDateTimeSpan(1.0));
-    const WCHAR* const texts[] = {_T(""), _T("title"), _T("3/4/2007"), _T("")};
-    Item row(_T("title"), _T("d"), BYTE{0}, kDate, _T("l"), TRUE);
-    for (int column = 0; column < 4; ++column)
-        EXPECT_EQ(row.GetSubItemText(column), texts[column]);
-}
-
 // Pairs that differ in one field, the first before the second unless that order ignores the field.
 TEST(UpdateListingItem, EveryFieldCountsForEqualityAndHasItsOrder) {
     using namespace quorvel;

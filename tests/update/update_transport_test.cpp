@@ -1,5 +1,4 @@
-// Checks with a transport of the host: one that copies from a folder, and one whose progress the
-// test sets.
+// Checks with a transport of the host.
 #include <quorvel/update/update_transport.h>
 
 #include <quorvel/types/version_number.h>
@@ -8,42 +7,14 @@
 
 #include "net/socket_peer.h"
 #include "support/test.h"
-#include "update/folder_transport.h"
 #include "update/scripted_check.h"
+#include "update/scripted_transport.h"
 
 namespace {
 
 typedef CCheckForUpdatesView View;
 
 const std::string kListing = Listing("2024-03-12");
-
-class ScriptedTransport : public CUpdateTransport {
-public:
-    void Start(const Request& request) override {
-        m_request = request;
-        m_progress = Progress();
-        ++m_starts;
-    }
-    void Cancel() override { ++m_cancels; }
-    Progress GetProgress() const override { return m_progress; }
-    BOOL GetHeaderField(const WCHAR*, CString& value) const override {
-        value = _T("Tue, 12 Mar 2024 08:30:00 GMT");
-        return TRUE;
-    }
-    // Without a notification: the check polls.
-    void Show(UINT statusCode, ULONGLONG received, ULONGLONG expected = 0) {
-        m_progress = {TRUE, statusCode, received, expected, FALSE, 0, CString()};
-    }
-    void End(DWORD error = 0, const CString& text = CString()) {
-        m_progress.hasEnded = TRUE;
-        m_progress.error = error;
-        m_progress.errorText = text;
-    }
-
-    Request m_request;
-    Progress m_progress;
-    int m_starts = 0, m_cancels = 0;
-};
 
 class CheckWithTransport : public testing::Test, protected CheckSurroundings {
 protected:

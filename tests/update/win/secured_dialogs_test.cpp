@@ -5,7 +5,7 @@
 #include <quorvel/update/win/check_for_updates_dlg.h>
 #include <quorvel/update/win/update_dlg.h>
 
-#include "update/folder_transport.h"
+#include "update/scripted_transport.h"
 #include "update/signing_keys.h"
 #include "update/win/scripted_dialog.h"
 
