@@ -6,22 +6,20 @@
 #include "fuzz_input.h"
 #include "util/text/base64_kernels.h"
 
+#include <tuple>
+
 namespace {
 
-struct Result {
-    BOOL fitted;
-    int length;
-    std::vector<BYTE> bytes; // unwritten bytes keep a marker
-    bool operator==(const Result&) const = default;
-};
+// Whether all bytes fit, their length, and the bytes; unwritten ones keep a marker.
+typedef std::tuple<BOOL, int, std::vector<BYTE>> Result;
 
 template <class Ch>
 Result Decode(const quorvel::Base64Kernels<Ch>& kernels, const std::vector<Ch>& text, int room) {
-    Result result = {FALSE, room, std::vector<BYTE>(static_cast<std::size_t>(room), '#')};
+    std::vector<BYTE> bytes(static_cast<std::size_t>(room), '#');
     BYTE none;
-    result.fitted = DecodeBase64(kernels, text.data(), static_cast<int>(text.size()),
-                                 room > 0 ? result.bytes.data() : &none, &result.length);
-    return result;
+    const BOOL fits = DecodeBase64(kernels, text.data(), static_cast<int>(text.size()),
+                                   room > 0 ? bytes.data() : &none, &room);
+    return {fits, room, bytes};
 }
 
 template <class Ch>
@@ -44,12 +42,12 @@ void Check(const std::vector<BYTE>& input, int missing, DWORD flags) {
     const int room = std::max(AfxBase64DecodeGetRequiredLength(size) - missing, 0);
     const auto& portable = quorvel::PortableBase64<Ch>();
     const Result decoded = Decode(portable, text, room);
-    Require(size == 0 || decoded.fitted == (decoded.length <= room));
+    Require(size == 0 || std::get<0>(decoded) == (std::get<1>(decoded) <= room));
     const std::vector<Ch> encoded = Encode(portable, input, flags);
     for (const auto* kernels : {quorvel::Ssse3Base64<Ch>(), quorvel::Avx2Base64<Ch>()})
         Require(kernels == nullptr || (decoded == Decode(*kernels, text, room) &&
                                        encoded == Encode(*kernels, input, flags)));
-    Require(Decode(portable, encoded, size).bytes == input);
+    Require(std::get<2>(Decode(portable, encoded, size)) == input);
 }
 
 } // namespace
