@@ -9,6 +9,7 @@
 #include "platform/win32.h"
 #include "util/compression/zip_path.h"
 
+#include <minizip/unzip.h>
 #include <minizip/zip.h>
 
 #include <chrono>
@@ -124,6 +125,12 @@ DWORD ErrorOfOpening(const WCHAR* path, int append) {
     return append == APPEND_STATUS_ADDINZIP ? ERROR_INVALID_DATA : ERROR_NOT_ENOUGH_MEMORY;
 }
 
+// The archive writer takes a file of a few bytes or of zeros for an archive and overwrites it.
+bool IsArchive(const char* path) {
+    const unzFile archive = unzOpen(path);
+    return archive != nullptr && unzClose(archive) == UNZ_OK;
+}
+
 bool IsInUse(const WCHAR* path) {
     CFile probe;
     if (probe.Open(path, CFile::modeWrite | CFile::shareDenyNone) ||
@@ -151,7 +158,8 @@ void* AfxOpenZipFile(const WCHAR* path, int append) {
     } else if (!quorvel::ToZipPath(path, bytes)) {
         error = ERROR_PATH_NOT_FOUND;
     } else {
-        if (void* const zip = zipOpen(bytes.c_str(), append))
+        const bool canOpen = append != APPEND_STATUS_ADDINZIP || IsArchive(bytes.c_str());
+        if (void* const zip = canOpen ? zipOpen(bytes.c_str(), append) : nullptr)
             return zip;
         error = ErrorOfOpening(path, append);
     }

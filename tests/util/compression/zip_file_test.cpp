@@ -66,22 +66,18 @@ TEST_F(Zip, FilesAreAddedAndReadBack) {
 }
 
 TEST_F(Zip, ReportsWhatCannotBeDone) {
-    CString folder = m_folder.Path();
-    folder.TrimRight(_T("\\/")); // a path must not end with a separator
-    const CString garbage = m_folder.Path(_T("garbage"));
-    m_folder.Write(_T("garbage"), std::string(100, 'x'));
-    const CString inMissingFolder = m_folder.Path(_T("missing\\a"));
-    const std::tuple<const char*, const WCHAR*, int, DWORD> refused[] = {
-        {"null", nullptr, 0, ERROR_INVALID_PARAMETER},
-        {"missing folder", inMissingFolder, 0, ERROR_PATH_NOT_FOUND},
-        {"a folder", folder, 0, ERROR_ACCESS_DENIED},
-        {"missing, to append to", m_missing, 1, ERROR_FILE_NOT_FOUND},
-        {"no archive, to add to", garbage, 2, ERROR_INVALID_DATA},
+    const auto openError = [](const WCHAR* path, int append) {
+        return ErrorOf([=] { return AfxOpenZipFile(path, append) != nullptr; });
     };
-    for (const auto& [label, path, append, error] : refused)
-        EXPECT_EQ(ErrorOf([&, p = path, a = append] { return AfxOpenZipFile(p, a) != nullptr; }),
-                  error)
-            << label;
+    m_folder.Write(_T("zeros"), std::string(100, '\0'));
+    ExpectCases<DWORD>({
+        CASE(openError(nullptr, 0), ERROR_INVALID_PARAMETER),
+        CASE(openError(m_folder.Path(_T("missing\\a")), 0), ERROR_PATH_NOT_FOUND),
+        CASE(openError(m_folder.Path(), 0), ERROR_ACCESS_DENIED),
+        CASE(openError(m_missing, 1), ERROR_FILE_NOT_FOUND), // to append to
+        CASE(openError(m_source, 2), ERROR_INVALID_DATA),    // the rest to add to
+        CASE(openError(m_folder.Path(_T("zeros")), 2), ERROR_INVALID_DATA),
+    });
     EXPECT_FALSE(m_folder.Has(_T("missing")));
     EXPECT_EQ(AfxCloseZipFile(nullptr), -102);
     void* const zip = AfxOpenZipFile(m_archive, 0);
@@ -95,21 +91,20 @@ TEST_F(Zip, ReportsWhatCannotBeDone) {
 }
 
 TEST_F(Zip, AnArchiveOfOneFileIsRefusedWithTheReason) {
-    const CString folder = m_folder.Path();
-    const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*> rows[] = {
-        {nullptr, m_archive, _T("One or more parameters are invalid.")},
-        {m_source, _T("\xd800.zip"), _T("All or part of the path is invalid.")},
-        {folder, m_archive, _T("The file could not be accessed.")},
-        {m_source, m_source, _T("SHARE.EXE was not loaded, or a shared region was locked.")},
-    };
-    for (const auto& [source, archive, error] : rows) {
+    const auto reason = [this](const WCHAR* source, const WCHAR* archive) {
         m_error.Empty();
         EXPECT_FALSE(AfxCompressFileToZipFile(source, archive, 6, m_error));
-        EXPECT_EQ(m_error, error);
-    }
+        return m_error;
+    };
+    ExpectCases<CString>({
+        CASE(reason(nullptr, m_archive), _T("One or more parameters are invalid.")),
+        CASE(reason(m_source, _T("\xd800.zip")), _T("All or part of the path is invalid.")),
+        CASE(reason(m_folder.Path(), m_archive), _T("The file could not be accessed.")),
+        CASE(reason(m_source, m_source),
+             _T("SHARE.EXE was not loaded, or a shared region was locked.")),
+    });
     if (kOnLinux) { // only it has a device that is always full. Deliberate: no better reason
-        EXPECT_FALSE(AfxCompressFileToZipFile(m_source, _T("/dev/full"), 6, m_error));
-        EXPECT_EQ(m_error, CString(std::strerror(0)));
+        EXPECT_EQ(reason(m_source, _T("/dev/full")), CString(std::strerror(0)));
     }
     EXPECT_EQ(m_folder.Read(_T("source")), "abc");
 }
