@@ -83,7 +83,6 @@ TEST(ModuleShortcuts, AreReadFromAFile) {
     const std::tuple<const WCHAR*, int, const char*> rows[] = {
         {_T("keys.dll"), 1,
          "MAIN: 100 Save As... C83; 101 C116; 102 S65; 100 Save As... 113|7: 101 A113|"},
-        {_T("strings_only.dll"), 0, ""},
         {_T("no_resources.dll"), 0, ""},
     };
     for (const auto& [file, expectedDamaged, expected] : rows) {

@@ -75,25 +75,6 @@ TEST(ShortcutList, MovesKeysBetweenRows) {
     });
 }
 
-TEST(ShortcutList, ResetsToDefaultsInAnyOrder) {
-    // As an accelerator table has them: in no order, and a command with two keys.
-    CKeyboardMappingScheme scheme(nullptr, [](CKeyboardMappingScheme& table) {
-        table.SetKeyboardShortcuts({{7, Key('G', kCtrl)},
-                                    {3, Key('C', kCtrl)},
-                                    {5, Key(VK_F5)},
-                                    {3, Key(VK_INSERT, kCtrl)}});
-    });
-    scheme.SetKeyboardShortcuts({{3, Key('X')}, {3, Key('Y')}, {4, Key('Z')}, {5, CShortcutKey()}});
-    ShortcutList list;
-    list.InsertScheme(0, &scheme);
-    list.Load(0);
-    int former = -7;
-    EXPECT_TRUE(list.ResetKey(1, former));
-    EXPECT_EQ(RowsOf(list), "3:88 3:C45 4:90 5:-");
-    list.ResetAllKeys();
-    EXPECT_EQ(RowsOf(list), "3:C67 3:C45 4:- 5:116");
-}
-
 TEST_F(ShortcutRows, AreSortedWithoutAKeyLast) {
     const std::tuple<int, bool, const char*> rows[] = {
         {2, true, "1:C79 2:C83 3:116 4:-"},

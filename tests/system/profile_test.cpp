@@ -12,15 +12,6 @@ namespace {
 
 constexpr ULONGLONG kLarge = 0x123456789abcdef0u;
 
-std::string RawBytes(HKEY key, const WCHAR* name, DWORD& kind) {
-    std::string bytes(64, '?');
-    DWORD size = 64;
-    EXPECT_EQ(
-        RegQueryValueExW(key, name, nullptr, &kind, reinterpret_cast<BYTE*>(bytes.data()), &size),
-        0);
-    return bytes.substr(0, size);
-}
-
 std::string ReadBinary(const auto&... place) {
     BYTE* data = nullptr;
     UINT length = 0;
@@ -113,50 +104,52 @@ TEST(Profile, NullsAndInvalidPathsAreRefused) {
 
 TEST(Profile, StoredBytesAreFixed) {
     const TestKey test;
+    typedef std::pair<DWORD, std::string> Value; // its kind and bytes
+    const auto stored = [&test](BOOL isWritten) {
+        EXPECT_TRUE(isWritten);
+        Value value(99, std::string(64, '?'));
+        DWORD size = 64;
+        EXPECT_EQ(0, RegQueryValueExW(test.Get(), kName, nullptr, &value.first,
+                                      reinterpret_cast<BYTE*>(value.second.data()), &size));
+        value.second.resize(size);
+        return value;
+    };
     BYTE bytes[] = {1, 2};
-    AfxWriteProfileDWord(test.Get(), _T("d"), 0x01020304);
-    AfxWriteProfileQWord(test.Get(), _T("q"), 0x0102030405060708u);
-    AfxWriteProfileString(test.Get(), _T("s"), _T("\u20ac1"));
-    AfxWriteProfileBinary(test.Get(), _T("b"), bytes, 2);
-    AfxWriteProfileOleDateTime(test.Get(), _T("t"), COleDateTime(-1.25));
-    const std::tuple<const WCHAR*, DWORD, std::string> rows[] = {
-        {_T("d"), 4, "\x04\x03\x02\x01"},
-        {_T("q"), 11, "\x08\x07\x06\x05\x04\x03\x02\x01"},
-        {_T("s"), 1, std::string("\xac\x20\x31\0\0\0", 6)},
-        {_T("b"), 3, "\x01\x02"},
-        {_T("t"), 3, std::string("\0\0\0\0\0\0\xf4\xbf\0\0\0\0", 12)},
-    };
-    for (const auto& [name, expectedKind, stored] : rows) {
-        DWORD kind = 99;
-        EXPECT_EQ(RawBytes(test.Get(), name, kind), stored) << CStringA(name);
-        EXPECT_EQ(kind, expectedKind) << CStringA(name);
-    }
+    ExpectCases<Value>({
+        CASE(stored(AfxWriteProfileDWord(test.Get(), kName, 0x01020304)),
+             Value(4, "\x04\x03\x02\x01")),
+        CASE(stored(AfxWriteProfileQWord(test.Get(), kName, 0x0102030405060708u)),
+             Value(11, "\x08\x07\x06\x05\x04\x03\x02\x01")),
+        CASE(stored(AfxWriteProfileString(test.Get(), kName, _T("\u20ac1"))),
+             Value(1, std::string("\xac\x20\x31\0\0\0", 6))),
+        CASE(stored(AfxWriteProfileBinary(test.Get(), kName, bytes, 2)), Value(3, "\x01\x02")),
+        CASE(stored(AfxWriteProfileOleDateTime(test.Get(), kName, COleDateTime(-1.25))),
+             Value(3, std::string("\0\0\0\0\0\0\xf4\xbf\0\0\0\0", 12))),
+    });
 }
 
-TEST(Profile, TextOfAnyLengthIsRead) {
+TEST(Profile, ValuesOfAnotherKindOrSizeAreNotTaken) {
+    using namespace std::string_literals;
     const TestKey test;
-    const std::tuple<const char*, DWORD, std::string, CString> rows[] = {
-        {"no terminator", REG_SZ, std::string("a\0b\0", 4), _T("ab")},
-        {"one byte", REG_SZ, "a", _T("")},
-        {"a zero inside", REG_SZ, std::string("a\0\0\0b\0\0\0", 8), _T("a")},
-        {"text to expand", REG_EXPAND_SZ, std::string("a\0\0\0", 4), _T("default")},
+    // The kind, the bytes, and what is read as a DWORD, a QWORD and a text.
+    const std::tuple<DWORD, std::string, DWORD, ULONGLONG, const WCHAR*> rows[] = {
+        {REG_SZ, "a\0b\0"s, 7, 7, _T("ab")}, // no terminator
+        {REG_SZ, "a"s, 7, 7, _T("")},
+        {REG_SZ, "a\0\0\0b\0\0\0"s, 7, 7, _T("a")},
+        {REG_EXPAND_SZ, "a\0\0\0"s, 7, 7, _T("default")},
+        {REG_DWORD, "aaa", 7, 7, _T("default")},
+        {REG_DWORD, "aaaa", 0x61616161, 7, _T("default")},
+        {REG_DWORD, "aaaaaaaa", 7, 7, _T("default")},
+        {REG_QWORD, "aaaa", 7, 7, _T("default")},
+        {REG_QWORD, "aaaaaaaa", 7, 0x6161616161616161, _T("default")},
     };
-    for (const auto& [label, kind, bytes, expected] : rows) {
-        ASSERT_EQ(TestKey::Set(test.Get(), _T("v"), kind, bytes), 0);
-        EXPECT_EQ(AfxGetProfileString(test.Get(), _T("v"), _T("default")), expected) << label;
+    for (const auto& [kind, bytes, dword, qword, text] : rows) {
+        SCOPED_TRACE(testing::Message() << kind << ' ' << bytes);
+        ASSERT_EQ(TestKey::Set(test.Get(), kName, kind, bytes), 0);
+        EXPECT_EQ(AfxGetProfileDWord(test.Get(), kName, 7), dword);
+        EXPECT_EQ(AfxGetProfileQWord(test.Get(), kName, 7), qword);
+        EXPECT_EQ(AfxGetProfileString(test.Get(), kName, _T("default")), text);
     }
-}
-
-TEST(Profile, NumbersOfAnotherKindOrSizeAreNotTaken) {
-    const TestKey test;
-    for (const DWORD kind : {REG_DWORD, REG_QWORD})
-        for (const std::size_t size : {3, 4, 8}) {
-            ASSERT_EQ(TestKey::Set(test.Get(), kName, kind, std::string(size, 'a')), 0);
-            const bool isDWord = kind == REG_DWORD && size == 4;
-            const bool isQWord = kind == REG_QWORD && size == 8;
-            EXPECT_EQ(AfxGetProfileDWord(test.Get(), kName, 7), isDWord ? 0x61616161u : 7u);
-            EXPECT_EQ(AfxGetProfileQWord(test.Get(), kName, 7), isQWord ? 0x6161616161616161u : 7u);
-        }
 }
 
 TEST(Profile, ADateComesBackAsItsBytesWereStored) {

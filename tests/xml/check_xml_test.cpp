@@ -93,11 +93,10 @@ TEST(CheckXml, OptionsChooseTheEditionAndTheVersion) {
     };
     CXMLFault fault;
     for (const auto& [label, text, plain, fifth, version] : rows)
-        for (const DWORD options : {DWORD{0}, CHECK_XML_FIFTH_EDITION, CHECK_XML_VERSION_1_1})
-            EXPECT_EQ(AfxCheckXML(text, fault, options) ? -1 : fault.nOffset,
-                      options == 0                       ? plain
-                      : options == CHECK_XML_VERSION_1_1 ? version
-                                                         : fifth)
+        for (const auto& [options, expected] : {std::pair(DWORD{0}, plain),
+                                                {CHECK_XML_FIFTH_EDITION, fifth},
+                                                {CHECK_XML_VERSION_1_1, version}})
+            EXPECT_EQ(AfxCheckXML(text, fault, options) ? -1 : fault.nOffset, expected)
                 << label << ", options " << options;
     EXPECT_FALSE(AfxCheckXML(declared + _T("\r\x85<a>\x2028<\xd800\xdc00/>&;"), fault, both));
     EXPECT_EQ(Verdict(FALSE, fault), kInvalid + _T("3:6 33"));

@@ -12,9 +12,8 @@ TEST(OpenXMLFile, ReadsAndKeepsEveryEncodingThatXMLNeedNotDeclare) {
     const CString path = folder.Path(_T("file.xml"));
     // The file, its document and encoding, and whether it can be saved again.
     const std::tuple<std::string, const WCHAR*, const WCHAR*, BOOL> rows[] = {
-        {"<a>\xc3\xa4</a>", _T("<a>\x00e4</a>"), _T("utf-8"), TRUE},
-        {"<!-- -->\n<a/>", _T("<!-- -->\n<a/>"), _T("utf-8"), TRUE},
         {"\xff\xfe<\0a\0/\0>\0"s, _T("<a/>"), _T("utf-16"), TRUE},
+        {"<!-- -->\n<a/>", _T("<!-- -->\n<a/>"), _T("utf-8"), TRUE},
         {"<?xml version='1.0' encoding='iso-8859-1'?><a>\xe4</a>", _T("<a>\x00e4</a>"),
          _T("iso-8859-1"), FALSE},
     };

@@ -124,17 +124,15 @@ TEST(XmlFile, LoadsEveryEncodingOrSaysWhyNot) {
     EXPECT_EQ(Loaded(folder, "<?xml ?><a/>", markup, &throwing),
               _T("An unspecified error occurred."));
     std::filesystem::resize_file(folder.Path(_T("file.xml")).GetString(), std::uintmax_t(1) << 31);
-    const CString missing = folder.Path(_T("none.xml")), large = folder.Path(_T("file.xml"));
-    const std::tuple<const WCHAR*, const WCHAR*> files[] = {
-        {nullptr, _T("The file name is invalid.")},
-        {missing, _T("The file could not be located.")},
-        {large, _T("XML files larger than 2147483647 bytes cannot be loaded.")},
+    const auto error = [&markup](const WCHAR* path) {
+        CString text;
+        EXPECT_EQ(AfxLoadXMLFile(path, markup, text), 0);
+        return text;
     };
-    for (const auto& [path, expected] : files) {
-        CString error;
-        EXPECT_EQ(AfxLoadXMLFile(path, markup, error), 0);
-        EXPECT_EQ(error, expected);
-    }
+    EXPECT_EQ(error(nullptr), _T("The file name is invalid."));
+    EXPECT_EQ(error(folder.Path(_T("none.xml"))), _T("The file could not be located."));
+    EXPECT_EQ(error(folder.Path(_T("file.xml"))),
+              _T("XML files larger than 2147483647 bytes cannot be loaded."));
 }
 
 TEST(XmlFile, SavesInTheDeclaredEncodingOrKeepsTheFile) {

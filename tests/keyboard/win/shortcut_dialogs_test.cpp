@@ -10,7 +10,6 @@
 
 #include "controls/win/list_window.h"
 #include "keyboard/shortcuts.h"
-#include "support/german_texts.h"
 #include "support/win/dialog_driver.h"
 
 #include <boost/shared_ptr.hpp>
@@ -149,12 +148,7 @@ TEST(ShortcutDialogs, TheReleaseOfAltOpensNoMenu) {
 }
 
 TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
-    // In an order in which a binary search finds nothing.
-    CKeyboardMappingScheme scheme = FourCommands();
-    std::vector<CKeyboardShortcut> shortcuts;
-    scheme.GetKeyboardShortcuts(shortcuts);
-    scheme.SetKeyboardShortcuts({shortcuts.rbegin(), shortcuts.rend()});
-    const CKeyboardMappingScheme before = scheme;
+    const CKeyboardMappingScheme scheme = FourCommands();
     std::string seen;
     const Step look = [&seen](HWND box) {
         seen += "; " + TextOf(::GetDlgItem(box, QUORVEL_ASSIGN_KEY)).ToUTF8() + "|" +
@@ -171,13 +165,15 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
         return (result == IDOK ? "" : "cancelled: ") + TextOf(dialog.GetShortcutKey()) + seen;
     };
     const Step release = ReleaseKeys(), enter = PressKey(VK_RETURN), tab = PressKey(VK_TAB),
-               ctrlQ = PressKey('Q', kCtrl), ctrlS = PressKey('S', kCtrl);
+               ctrlQ = PressKey('Q', kCtrl);
     const Step releaseSpace = [](HWND box) {
         ::PostMessageW(KeyboardOf(box), WM_KEYUP, VK_SPACE, 0xc0000001);
     };
     ExpectCases<std::string>({
         CASE(assign(4, {look, PressKey('N', kCtrl), release, look, enter}),
              "C78; ||no; Ctrl+N|Ctrl+N is free.|ok"),
+        CASE(assign(4, {PressKey('S', kCtrl), release, look, enter}),
+             "C83; Ctrl+S|At present Ctrl+S belongs to the command save, which will lose it.|ok"),
         CASE(assign(4, {ctrlQ, PressKey(VK_F6, kShift), release, enter}), "S117"),
         CASE(assign(4, {ctrlQ, release, PressKey(VK_ESCAPE)}), "cancelled: C81"),
         CASE(assign(4, {PressKey(VK_F4, kCtrl | kAlt), release, enter}), "CA115"),
@@ -185,11 +181,6 @@ TEST(AssignShortcutDlg, ShowsTheKeyAndWhatSpeaksAgainstIt) {
         CASE(assign(2, {look, tab, tab, tab, PressKey(VK_SPACE), releaseSpace}),
              "-; Ctrl+S|Ctrl+S is free.|ok"),
     });
-    const GermanTexts german;
-    EXPECT_EQ(assign(4, {ctrlS, release, look, enter}),
-              "C83; Ctrl+S|Ctrl+S geh\xc3\xb6rt derzeit zum Befehl save, der die Taste dann "
-              "verliert.|ok");
-    EXPECT_EQ(scheme, before);
 }
 
 TEST(KeyboardShortcutListCtrl, EditsTheRowsThatItShows) {
@@ -255,24 +246,6 @@ TEST(KeyboardShortcutListCtrl, IsAReportHoweverItIsCreated) {
         EXPECT_EQ(TextsOf(list), "Open=Ctrl+O save=Ctrl+S Refresh=F5 Close=");
         list.DestroyWindow();
     }
-}
-
-// What it does without a window concerns no other.
-TEST(KeyboardShortcutListCtrl, InvalidatesNoOtherWindow) {
-    const CKeyboardMappingScheme scheme = FourCommands();
-    ListParent other;
-    other.Invalidate();
-    ASSERT_TRUE(::GetUpdateRect(other.m_hWnd, nullptr, FALSE)) << "is visible";
-    ::ValidateRect(other.m_hWnd, nullptr);
-    List list;
-    list.AddKeyboardMappingScheme(&scheme);
-    EXPECT_TRUE(list.LoadKeyboardMappingScheme(0));
-    EXPECT_TRUE(list.SortItems(List::COLUMN_SHORTCUT_KEY, TRUE, TRUE));
-    EXPECT_TRUE(list.SetShortcutKey(3, Key('S', kCtrl)));
-    EXPECT_TRUE(list.Filter(_T("ctrl")));
-    list.SetSortColumn(List::COLUMN_COMMAND);
-    list.ResetAllKeyboardShortcuts();
-    EXPECT_FALSE(::GetUpdateRect(other.m_hWnd, nullptr, FALSE));
 }
 
 TEST(KeyboardShortcutListCtrl, MayBeDestroyedByItsNotifications) {
@@ -388,7 +361,6 @@ TEST(KeyboardShortcutsPage, EditsTheScheme) {
              "1 Open C79; 2 save -; 3 Refresh 116; 4 Close -"),
         CASE(edit({press(clear), filter(_T("save")), press(clear), press(resetAll), ok}),
              kAsBefore),
-        CASE(edit({filter(_T("xyz")), press(assign), press(clear), ok}), kAsBefore),
         CASE(edit({press(clear), cancel}), kAsBefore),
     });
 }

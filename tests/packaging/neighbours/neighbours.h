@@ -31,12 +31,6 @@
 #if __has_include(<curl/curl.h>)
 #include <curl/curl.h>
 #endif
-#if __has_include(<sqlite3.h>)
-#include <sqlite3.h>
-#endif
-#if __has_include(<unicode/ustring.h>)
-#include <unicode/ustring.h>
-#endif
 #if __has_include(<boost/asio/ip/tcp.hpp>)
 #include <boost/asio/ip/tcp.hpp>
 #endif

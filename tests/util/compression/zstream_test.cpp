@@ -57,15 +57,12 @@ TEST(ZStream, IsReadInPartsAndLimitsTheFirstRead) {
 
 TEST(ZStream, CopiesShareTheBuffersUntilTheLastIsDestroyed) {
     std::optional<CZStream> first(std::in_place);
-    EXPECT_FALSE(first->InitializeBuffers(0, 1));
-    EXPECT_FALSE(first->AreBuffersInitialized());
+    EXPECT_FALSE(first->InitializeBuffers(0, 1) || first->AreBuffersInitialized());
     ASSERT_TRUE(first->InitializeBuffers(100, 100));
-    first->total_out = 77;
     CZStream copy;
     copy = CZStream(*first);
     first.reset();
     EXPECT_TRUE(copy.AreBuffersInitialized());
-    EXPECT_EQ(copy.total_out, 77u);
     ASSERT_EQ(copy.InflateInit(), 0);
     EXPECT_EQ(CZStream(copy).InflateEnd(), Z_STREAM_ERROR); // zlib accepts only the object itself
     EXPECT_EQ(copy.InflateEnd(), 0);
@@ -85,8 +82,7 @@ TEST(ZStream, FailuresReturnZero) {
     plain.m_onRead = kThrown[0].throwIt;
     ASSERT_TRUE(stream.DeflateInit(1));
     EXPECT_EQ(stream.Deflate(plain, kAll, destination, written = kMarker), 0);
-    EXPECT_EQ(written, 0u);
-    EXPECT_TRUE(stream.DeflateEnd()); // no data was written
+    EXPECT_TRUE(stream.DeflateEnd() && written == 0); // no data was written
     TestFile bad("\x78\x9d" + packed.substr(2));
     ASSERT_EQ(stream.InflateInit(), 0);
     EXPECT_EQ(stream.Inflate(bad, kAll, destination, written), 0);

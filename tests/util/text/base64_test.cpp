@@ -64,25 +64,21 @@ TEST(Base64, RefusedArgumentsChangeNothing) {
     char text[8] = "#######";
     auto* const bytes = reinterpret_cast<BYTE*>(text);
     // With 5 the text would fit, but the room is below the bound.
-    for (const auto& [from, size, to, room] :
-         {std::tuple<BYTE*, int, char*, int>(bytes, 3, text, 5),
-          {nullptr, 3, text, 8},
-          {bytes, 3, nullptr, 8},
-          {bytes, 0, text, 8},
-          {bytes, INT_MAX, text, INT_MAX},
-          {bytes, 3, text, -1}}) {
+    for (const auto& [size, room] : {std::pair(3, 5), {0, 8}, {INT_MAX, INT_MAX}, {3, -1}}) {
         int length = room;
-        EXPECT_FALSE(AfxBase64EncodeMultiByte(from, size, to, &length, 0)) << size << ' ' << room;
+        EXPECT_FALSE(AfxBase64EncodeMultiByte(bytes, size, text, &length, 0)) << size;
         EXPECT_EQ(length, room);
     }
-    int length = 3;
-    EXPECT_FALSE(AfxBase64EncodeMultiByte(bytes, 3, text, nullptr, 0) ||
+    int length = 8;
+    EXPECT_FALSE(AfxBase64EncodeMultiByte(nullptr, 3, text, &length, 0) ||
+                 AfxBase64EncodeMultiByte(bytes, 3, nullptr, &length, 0) ||
+                 AfxBase64EncodeMultiByte(bytes, 3, text, nullptr, 0) ||
                  AfxBase64DecodeMultiByte(nullptr, 4, bytes, &length) ||
                  AfxBase64DecodeMultiByte("TWFu", 4, nullptr, &length) ||
                  AfxBase64DecodeMultiByte("TWFu", 4, bytes, nullptr) ||
                  AfxBase64DecodeMultiByte("TWFu", -1, bytes, &length));
     EXPECT_STREQ(text, "#######");
-    EXPECT_EQ(length, 3);
+    EXPECT_EQ(length, 8);
 }
 
 TEST(Base64, DecodesLeniently) {
