@@ -13,18 +13,14 @@ inline constexpr const WCHAR* kReleaseEvent = _T("QuorvelReleaseClipboard");
 inline DWORD SumOfColors(HBITMAP bitmap) {
     BITMAP description = {};
     ::GetObjectW(bitmap, sizeof description, &description);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = description.bmWidth;
-    info.bmiHeader.biHeight = description.bmHeight;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    std::vector<DWORD> colors(static_cast<std::size_t>(description.bmWidth * description.bmHeight));
+    const LONG width = description.bmWidth, height = description.bmHeight;
+    BITMAPINFO info = {{sizeof info.bmiHeader, width, height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
+    std::vector<DWORD> colors(static_cast<std::size_t>(width * height));
     const HDC dc = ::CreateCompatibleDC(nullptr);
-    const int lines = ::GetDIBits(dc, bitmap, 0, static_cast<UINT>(description.bmHeight),
-                                  colors.data(), &info, DIB_RGB_COLORS);
+    const int lines =
+        ::GetDIBits(dc, bitmap, 0, static_cast<UINT>(height), colors.data(), &info, DIB_RGB_COLORS);
     ::DeleteDC(dc);
-    if (lines == 0 || lines != description.bmHeight)
+    if (lines == 0 || lines != height)
         return 0;
     return std::accumulate(colors.begin(), colors.end(), DWORD{1},
                            [](DWORD sum, DWORD color) { return sum * 31 + (color & 0xffffff); });

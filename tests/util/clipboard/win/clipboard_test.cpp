@@ -20,27 +20,23 @@ std::intptr_t OtherProcess(int mode, const char* argument) {
 
 // A bitmap whose pixels can be compared: a section, or a plain one.
 HBITMAP NewBitmap(int bits, int side, bool isSection) {
-    const std::size_t row = (static_cast<std::size_t>(side * bits) + 31) / 32 * 4;
-    std::vector<BYTE> bytes(row * static_cast<std::size_t>(side));
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        bytes[i] = static_cast<BYTE>(i * 7 + 1);
-    if (!isSection) // the size of its rows is even
-        return ::CreateBitmap(side, side, 1, static_cast<UINT>(bits), bytes.data());
     struct {
         BITMAPINFOHEADER header;
         RGBQUAD colors[256];
-    } info = {};
-    info.header.biSize = sizeof info.header;
-    info.header.biWidth = info.header.biHeight = side;
-    info.header.biPlanes = 1;
-    info.header.biBitCount = static_cast<WORD>(bits);
+    } info = {{sizeof info.header, side, side, 1, static_cast<WORD>(bits), BI_RGB, 0, 0, 0, 0, 0},
+              {}};
     for (int i = 0; i < 256; ++i)
         info.colors[i] = {static_cast<BYTE>(i), static_cast<BYTE>(255 - i), 9, 0};
     void* pixels = nullptr;
     const HBITMAP section = ::CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO*>(&info),
                                                DIB_RGB_COLORS, &pixels, nullptr, 0);
-    std::memcpy(pixels, bytes.data(), bytes.size());
-    return section;
+    for (int i = 0; i < (side * bits + 31) / 32 * 4 * side; ++i)
+        static_cast<BYTE*>(pixels)[i] = static_cast<BYTE>(i * 7 + 1);
+    if (isSection)
+        return section;
+    const HBITMAP plain = ::CreateBitmap(side, side, 1, static_cast<UINT>(bits), pixels);
+    ::DeleteObject(section);
+    return plain;
 }
 
 class Clipboard : public testing::Test {
