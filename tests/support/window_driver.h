@@ -37,6 +37,19 @@ inline CRect PlaceOf(HWND child) {
     return rect;
 }
 
+inline CRect ScreenPlaceOf(HWND window) {
+    CRect rect;
+    ::GetWindowRect(window, rect);
+    return rect;
+}
+
+inline LOGFONTW FontOf(HWND control) {
+    LOGFONTW font = {};
+    ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)), sizeof font,
+                 &font);
+    return font;
+}
+
 inline CString TextOf(HWND window) {
     CString text;
     const int length = ::GetWindowTextLengthW(window);

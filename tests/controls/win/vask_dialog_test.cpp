@@ -92,12 +92,6 @@ protected:
     void GetBoldControlIDs(std::vector<int>& ids) override { ids = m_bold; }
 };
 
-CRect ScreenPlaceOf(HWND box, int id) {
-    CRect rect;
-    ::GetWindowRect(::GetDlgItem(box, id), rect);
-    return rect;
-}
-
 Step Type(const WCHAR* text) {
     return [text](HWND box) { ::SetDlgItemTextW(box, FIELD_NAME, text); };
 }
@@ -154,25 +148,42 @@ TEST(VaskDialog, OpensWithItsDataOrNotAtAll) {
     }
 }
 
-TEST(VaskDialog, SaveDataMayHandleMessages) {
+TEST(VaskDialog, StaysOpenWhileItIsRefusedOrSaves) {
     CNameDlg dialog;
     int tries = 0;
-    const std::tuple<std::function<BOOL()>, INT_PTR, const char*> rows[] = {
+    const auto set = [&](BOOL isBusy, BOOL isOK) {
+        return [&, isBusy, isOK](HWND) {
+            dialog.m_save = [] { return TRUE; };
+            dialog.SetBusy(isBusy);
+            dialog.m_isOK = isOK;
+        };
+    };
+    const Step enter = Press(VK_RETURN), ok = [&](HWND) { dialog.OnOK(); };
+    const std::tuple<std::function<BOOL()>, std::vector<Step>, INT_PTR, const char*> rows[] = {
         {[&] { // OK and Cancel meanwhile
              dialog.SendMessage(WM_COMMAND, IDOK);
              dialog.SendMessage(WM_COMMAND, IDCANCEL);
              return ++tries == 2;
          },
-         IDOK, "validate save validate save presave "},
-        {[&] { return dialog.DestroyWindow(); }, -1, "validate save presave "},
+         {enter, enter},
+         IDOK,
+         "validate save validate save "},
+        {[] { return FALSE; },
+         {enter, set(TRUE, TRUE), enter, ClickOn(IDOK), set(FALSE, FALSE), ok, set(FALSE, TRUE),
+          ok},
+         IDOK,
+         "validate save validate save "},
+        {[&] { return dialog.DestroyWindow(); }, {enter}, -1, "validate save "},
     };
-    for (const auto& [save, result, seen] : rows) {
+    for (const auto& [save, steps, result, seen] : rows) {
         dialog.m_seen.clear();
         dialog.m_save = save;
-        DialogDriver driver({Type(_T("a")), Press(VK_RETURN), Press(VK_RETURN)});
+        std::vector<Step> all = {Type(_T("a"))};
+        all.insert(all.end(), steps.begin(), steps.end());
+        DialogDriver driver(all);
         EXPECT_EQ(dialog.DoModal(), result);
         EXPECT_EQ(dialog.m_seen, std::string("load preload edits lists postload ") + seen +
-                                     "edits? lists? postsave ");
+                                     "presave edits? lists? postsave ");
     }
 }
 
@@ -190,78 +201,43 @@ TEST(VaskDialog, AStateHookMayThrow) {
     }
 }
 
-TEST(VaskDialog, StaysOpenWhileItIsRefused) {
-    CNameDlg dialog;
-    dialog.m_save = [] { return FALSE; };
-    const auto set = [&](BOOL isBusy, BOOL isOK) {
-        return [&, isBusy, isOK](HWND) {
-            dialog.m_save = [] { return TRUE; };
-            dialog.SetBusy(isBusy);
-            dialog.m_isOK = isOK;
-        };
-    };
-    const Step ok = [&](HWND) { dialog.OnOK(); };
-    DialogDriver driver({Type(_T("a")), Press(VK_RETURN), set(TRUE, TRUE), Press(VK_RETURN),
-                         ClickOn(IDOK), set(FALSE, FALSE), ok, set(FALSE, TRUE), ok});
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_EQ(dialog.m_seen.substr(std::string("load preload edits lists postload ").size()),
-              "validate save validate save presave edits? lists? postsave ");
-}
-
-TEST(VaskDialog, OneBalloonPointsAtTheField) {
-    CNameDlg dialog;
-    std::unique_ptr<BalloonProbe> probe;
-    const auto expectBelowTheField = [&](HWND box) {
-        EXPECT_TRUE(probe->IsVisible());
-        const CRect field = ScreenPlaceOf(box, FIELD_NAME);
-        EXPECT_EQ(probe->m_places.back().x, (field.left + field.right) / 2);
-        EXPECT_EQ(probe->m_places.back().y, field.bottom);
-    };
-    DialogDriver driver({[&](HWND box) {
-                             probe = std::make_unique<BalloonProbe>(box);
-                             EXPECT_FALSE(probe->IsVisible());
-                         },
-                         Press(VK_RETURN),
-                         [&](HWND box) {
-                             expectBelowTheField(box);
-                             EXPECT_EQ(probe->Text(), _T("This field cannot be empty"));
-                             EXPECT_EQ(probe->m_titles,
-                                       std::vector<CString>{_T("Validation Error")});
-                             EXPECT_EQ(probe->m_icons, std::vector<WPARAM>{TTI_WARNING});
-                         },
-                         Press(VK_RETURN), // must not add a second balloon
-                         [&](HWND box) {   // the balloon moves with its dialog
-                             BalloonProbe::ExpectOne(box);
-                             ::SetWindowPos(box, nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-                             expectBelowTheField(box);
-                         },
-                         Press(VK_TAB), [&](HWND) { EXPECT_FALSE(probe->IsVisible()); },
-                         Press(VK_RETURN), [&](HWND) { EXPECT_TRUE(probe->IsVisible()); },
-                         [&](HWND) { dialog.OnCancel(); }}); // destroyed while the balloon is shown
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-    EXPECT_FALSE(dialog.IsValidationErrorMessageShowing());
-}
-
-TEST(VaskDialog, EachRefusalShowsItsOwnBalloon) {
+TEST(VaskDialog, OneBalloonPointsAtTheRefusedField) {
     CNameDlg dialog;
     dialog.m_secondField = FIELD_NOTE;
     dialog.m_focusesRefused = true;
     std::unique_ptr<BalloonProbe> probe;
-    const Step begin = [&](HWND box) { probe = std::make_unique<BalloonProbe>(box); };
+    std::string shown; // the fields that the balloon is below, and how often it was shown by then
+    const Step note = [&](HWND box) {
+        if (probe == nullptr)
+            probe = std::make_unique<BalloonProbe>(box);
+        BalloonProbe::ExpectOne(box);
+        shown += probe->IsVisible() ? "" : "hidden, ";
+        for (const auto& [id, name] : {std::pair(FIELD_NAME, "name "), {FIELD_NOTE, "note "}}) {
+            const CRect field = ScreenPlaceOf(::GetDlgItem(box, id));
+            if (probe->IsVisible() && probe->m_places.back().y == field.bottom &&
+                probe->m_places.back().x == (field.left + field.right) / 2)
+                shown += name + std::to_string(probe->m_titles.size()) + ", ";
+        }
+    };
+    const Step move = [](HWND box) {
+        ::SetWindowPos(box, nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    };
     const Step mnemonic = [&](HWND box) { // of OK, which takes the focus
         dialog.m_focusesRefused = false;
         ::PostMessageW(KeyboardOf(box), WM_SYSCHAR, 'o', LPARAM{1} << 29); // Alt is pressed
     };
-    const auto expect = [&](std::size_t shown) {
-        return [&, shown](HWND box) {
-            EXPECT_TRUE(probe->IsVisible());
-            EXPECT_EQ(probe->m_places.back().y, ScreenPlaceOf(box, FIELD_NOTE).bottom);
-            EXPECT_EQ(probe->m_titles.size(), shown);
-        };
+    const Step cancel = [&](HWND) {
+        EXPECT_EQ(probe->Text(), _T("This field cannot be empty"));
+        dialog.OnCancel(); // destroyed while the balloon is shown
     };
-    DialogDriver driver({begin, Press(VK_RETURN), Type(_T("a")), Press(VK_RETURN), expect(2),
-                         mnemonic, expect(3), Press(VK_ESCAPE)});
+    const Step enter = Press(VK_RETURN);
+    DialogDriver driver({note, enter, note, enter, note, move, note, Press(VK_TAB), note,
+                         Type(_T("a")), enter, note, mnemonic, note, cancel});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(shown, "hidden, name 1, name 2, name 2, hidden, note 3, note 4, ");
+    EXPECT_EQ(probe->m_titles, std::vector<CString>(4, _T("Validation Error")));
+    EXPECT_EQ(probe->m_icons, std::vector<WPARAM>(4, TTI_WARNING));
+    EXPECT_FALSE(dialog.IsValidationErrorMessageShowing());
 }
 
 TEST(VaskDialog, LooksAsItsDeclarationsSay) {
@@ -270,12 +246,7 @@ TEST(VaskDialog, LooksAsItsDeclarationsSay) {
     dialog.m_isOK = FALSE;
     DialogDriver driver({[&](HWND box) {
         EXPECT_EQ(TextOf(box), _T("Command"));
-        const auto weightOf = [box](int id) {
-            LOGFONTW font{};
-            const LRESULT handle = ::SendDlgItemMessageW(box, id, WM_GETFONT, 0, 0);
-            EXPECT_NE(::GetObjectW(reinterpret_cast<HFONT>(handle), sizeof font, &font), 0);
-            return font.lfWeight;
-        };
+        const auto weightOf = [box](int id) { return FontOf(::GetDlgItem(box, id)).lfWeight; };
         EXPECT_EQ(weightOf(FIELD_LABEL), FW_BOLD);
         EXPECT_LT(weightOf(FIELD_NAME), FW_BOLD);
         dialog.m_bold = {FIELD_NAME};
