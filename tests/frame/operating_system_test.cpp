@@ -23,7 +23,7 @@ constexpr WORD kEnterprise = VER_SUITE_ENTERPRISE;
 constexpr WORD kBlade = VER_SUITE_BLADE;
 
 SystemVersion Version(DWORD platform, DWORD major, DWORD minor, BYTE product = 0, WORD suites = 0,
-                      const WCHAR* pack = _T("")) {
+                      const WCHAR* pack = _T("SP")) {
     SystemVersion version;
     version.extended = true;
     version.record.dwPlatformId = platform;
@@ -96,60 +96,53 @@ TEST(OperatingSystem, TheBasicRecordIsAskedWhenTheExtendedIsRefused) {
     CurrentVersionQuery() = former;
 }
 
-TEST(OperatingSystem, TheTextIsProductAndEdition) {
+TEST(OperatingSystem, TheTextIsProductEditionAndServicePack) {
+    constexpr WORD kManySuites = kDatacenter | kEnterprise;
     const struct {
-        DWORD major, minor;
-        BYTE product;
-        WORD suites, processor;
+        SystemVersion version;
         const WCHAR* text;
-        bool release2 = false;
+        WORD processor = k32Bit;
+        bool isRelease2 = false, hasHotfix = true;
     } rows[] = {
-        {6, 0, kDesktop, 0, k32Bit, _T("Windows Vista Professional ")},
-        {5, 1, kDesktop, 0, k32Bit, _T("Windows XP Professional ")},
-        {5, 1, kDesktop, kPersonal, k32Bit, _T("Windows XP Home Edition ")},
-        {5, 2, kDesktop, 0, kX64, _T("Windows XP Professional x64 Edition ")},
-        {5, 2, kServer, kEnterprise, k32Bit, _T("Windows Server 2003 \"R2\" Enterprise Edition "),
+        {Version(2, 6, 0, kDesktop), _T("Microsoft Windows Vista Professional SP (Build 2600)")},
+        {Version(2, 5, 1, kDesktop), _T("Microsoft Windows XP Professional SP (Build 2600)")},
+        {Version(2, 5, 1, kDesktop, kPersonal),
+         _T("Microsoft Windows XP Home Edition SP (Build 2600)")},
+        {Version(2, 5, 2, kDesktop),
+         _T("Microsoft Windows XP Professional x64 Edition SP (Build 2600)"), kX64},
+        {Version(2, 5, 2, kServer, kEnterprise),
+         _T("Microsoft Windows Server 2003 \"R2\" Enterprise Edition SP (Build 2600)"), k32Bit,
          true},
-        {5, 2, kServer, kDatacenter | kEnterprise, kItanium,
-         _T("Windows Server 2003, Datacenter Edition for Itanium-based Systems")},
-        {5, 2, kServer, kBlade, kX64, _T("Windows Server 2003, Standard x64 Edition ")},
-        {5, 2, kServer, kBlade | kPersonal, k32Bit, _T("Windows Server 2003, Standard Edition ")},
-        {5, 0, kDomain, kDatacenter | kEnterprise, k32Bit, _T("Windows 2000 Datacenter Server ")},
-        {4, 0, kServer, kEnterprise, k32Bit, _T("Windows NT Server 4.0, Enterprise Edition ")},
+        {Version(2, 5, 2, kServer, kManySuites),
+         _T("Microsoft Windows Server 2003, Datacenter Edition for Itanium-based SystemsSP ")
+         _T("(Build 2600)"),
+         kItanium},
+        {Version(2, 5, 2, kServer, kBlade),
+         _T("Microsoft Windows Server 2003, Standard x64 Edition SP (Build 2600)"), kX64},
+        {Version(2, 5, 2, kServer, kBlade | kPersonal),
+         _T("Microsoft Windows Server 2003, Standard Edition SP (Build 2600)")},
+        {Version(2, 5, 0, kDomain, kManySuites),
+         _T("Microsoft Windows 2000 Datacenter Server SP (Build 2600)")},
+        {Version(2, 4, 0, kServer, kEnterprise),
+         _T("Microsoft Windows NT Server 4.0, Enterprise Edition SP (Build 2600)")},
+        {Version(2, 4, 0, 0, 0, _T("Service Pack 6")),
+         _T("Microsoft Windows NT Service Pack 6a (Build 2600)")},
+        {Version(2, 4, 0, 0, 0, _T("Service Pack 6")),
+         _T("Microsoft Windows NT Service Pack 6 (Build 2600)\n"), k32Bit, false, false},
+        {Version(1, 4, 0, 0, 0, _T(" C")), _T("Microsoft Windows 95 OSR2")},
+        {Version(1, 4, 10, 0, 0, _T(" A ")), _T("Microsoft Windows 98 SE")},
+        {Version(1, 4, 91), _T("")},
+        {Version(4, 4, 1), _T("Unknown operating system")},
     };
     for (const auto& row : rows) {
         SystemFacts facts;
-        facts.version = Version(2, row.major, row.minor, row.product, row.suites, _T("SP"));
+        facts.version = row.version;
         facts.nativeProcessor = row.processor;
-        facts.release2 = row.release2;
+        facts.release2 = row.isRelease2;
+        facts.hasServicePack6a = row.hasHotfix ? [] { return true; } : [] { return false; };
         CString text;
         EXPECT_TRUE(DescribeSystem(facts, text));
-        EXPECT_EQ(text, CString(_T("Microsoft ")) + row.text + _T("SP (Build 2600)"));
-    }
-}
-
-TEST(OperatingSystem, OlderPlatformsAndServicePacksHaveTheirTexts) {
-    const struct {
-        DWORD platform, major, minor;
-        const WCHAR* pack;
-        const WCHAR* text;
-        bool hotfix = true;
-    } rows[] = {
-        {2, 4, 0, _T("Service Pack 6"), _T("Microsoft Windows NT Service Pack 6a (Build 2600)")},
-        {2, 4, 0, _T("Service Pack 6"), _T("Microsoft Windows NT Service Pack 6 (Build 2600)\n"),
-         false},
-        {1, 4, 0, _T(" C"), _T("Microsoft Windows 95 OSR2")},
-        {1, 4, 10, _T(" A "), _T("Microsoft Windows 98 SE")},
-        {1, 4, 91, _T(""), _T("")},
-        {4, 4, 1, _T(""), _T("Unknown operating system")},
-    };
-    for (const auto& row : rows) {
-        SystemFacts facts;
-        facts.version = Version(row.platform, row.major, row.minor, 0, 0, row.pack);
-        facts.hasServicePack6a = row.hotfix ? [] { return true; } : [] { return false; };
-        CString text;
-        EXPECT_TRUE(DescribeSystem(facts, text));
-        EXPECT_EQ(text, CString(row.text));
+        EXPECT_EQ(text, row.text);
     }
 }
 

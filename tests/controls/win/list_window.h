@@ -56,11 +56,9 @@ inline CSortHeaderCtrl& HeaderOf(const CListCtrl& list) {
 inline std::string ColumnsOf(CVaskListCtrl& list) {
     std::string text;
     const auto add = [&text](int trueColumn, int width, int format) {
-        char cell[40];
-        std::snprintf(cell, sizeof cell, "%s%d:%d%s%s", text.empty() ? "" : " ", trueColumn, width,
-                      (format & HDF_SORTUP) != 0 ? "^" : "",
-                      (format & HDF_SORTDOWN) != 0 ? "v" : "");
-        text += cell;
+        text += text.empty() ? "" : " ";
+        text += std::to_string(trueColumn) + ":" + std::to_string(width);
+        text += (format & HDF_SORTUP) != 0 ? "^" : (format & HDF_SORTDOWN) != 0 ? "v" : "";
     };
     const CHeaderCtrl& header = HeaderOf(list);
     std::vector<int> order(static_cast<std::size_t>(header.GetItemCount()));
@@ -89,8 +87,7 @@ inline std::string RowsOf(const CListCtrl& list) {
         const UINT state = list.GetItemState(i, LVIS_SELECTED | LVIS_FOCUSED);
         text += i > 0 ? " " : "";
         text += (state & LVIS_SELECTED) != 0 ? "*" : "";
-        const CString cell = list.GetItemText(i, 0);
-        text += Printable(cell.GetString(), cell.GetLength());
+        text += list.GetItemText(i, 0).ToUTF8();
         text += (state & LVIS_FOCUSED) != 0 ? "!" : "";
     }
     return text;

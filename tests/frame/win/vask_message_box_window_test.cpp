@@ -23,10 +23,7 @@ void ExpectPart(HWND box, int id, const WCHAR* text, LONG weight, LONG mask, LON
     if (control == nullptr)
         return;
     EXPECT_EQ(TextOf(control), text);
-    LOGFONTW font = {};
-    ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)), sizeof font,
-                 &font);
-    EXPECT_EQ(font.lfWeight, weight);
+    EXPECT_EQ(FontOf(control).lfWeight, weight);
     EXPECT_EQ(::GetWindowLongPtrW(control, GWL_STYLE) & mask, style);
 }
 
@@ -49,10 +46,7 @@ void ExpectApartAndInside(HWND box) {
 }
 
 void ExpectCentredOver(HWND owner, HWND box) {
-    CRect outer;
-    CRect inner;
-    ::GetWindowRect(owner, outer);
-    ::GetWindowRect(box, inner);
+    const CRect outer = ScreenPlaceOf(owner), inner = ScreenPlaceOf(box);
     EXPECT_EQ(::GetWindow(box, GW_OWNER), owner);
     EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 1);
     EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 1);
