@@ -45,12 +45,7 @@ protected:
     Hyperlink() {
         s_current = this;
         QuorvelSetOpenExternalLinkCallback(Ask);
-        m_link = std::make_unique<CHyperlinkCtrl>();
-        EXPECT_TRUE(m_link->Create(_T("Static"), nullptr,
-                                   WS_CHILD | WS_VISIBLE | WS_TABSTOP | SS_NOPREFIX,
-                                   CRect(10, 10, 210, 40), &m_host, 7));
-        m_link->SetDisplayText(_T("the link"));
-        m_link->SetURI(kUri);
+        Create();
         m_host.m_onMessage = [this](UINT message, WPARAM wParam) {
             m_log += message == WM_COMMAND ? "command " + std::to_string(wParam) + ' ' : "";
             m_log += message == WM_CONTEXTMENU ? "menu " : "";
@@ -58,6 +53,14 @@ protected:
     }
     ~Hyperlink() override { QuorvelSetOpenExternalLinkCallback(nullptr); }
 
+    void Create() {
+        m_link = std::make_unique<CHyperlinkCtrl>();
+        EXPECT_TRUE(m_link->Create(_T("Static"), nullptr,
+                                   WS_CHILD | WS_VISIBLE | WS_TABSTOP | SS_NOPREFIX,
+                                   CRect(10, 10, 210, 40), &m_host, 7));
+        m_link->SetDisplayText(_T("the link"));
+        m_link->SetURI(kUri);
+    }
     // Never opens a link.
     static int Ask(const WCHAR* link) {
         s_current->m_log += "hook " + std::string(CStringA(link)) + ' ';
@@ -121,7 +124,7 @@ TEST_F(Hyperlink, ShowsItsTextOrThatItIsEmpty) {
     EXPECT_FALSE(CHyperlinkCtrl().SetDisplayText(_T("a")) || CHyperlinkCtrl().Edit());
 }
 
-TEST_F(Hyperlink, ClicksAndEnterLeadWhereFlagsSay) {
+TEST_F(Hyperlink, ClicksAndEnterActAsFlagsSay) {
     const auto act = [this](DWORD flags, bool isCtrlHeld) {
         m_link->SetFlags(flags);
         BYTE keys[256] = {};
@@ -129,18 +132,17 @@ TEST_F(Hyperlink, ClicksAndEnterLeadWhereFlagsSay) {
         ::SetKeyboardState(keys);
         const DialogDriver driver({CancelEdit(), CancelEdit()});
         Click();
-        EXPECT_EQ(::GetCapture(), nullptr);
-        const std::string clicked = TakeLog();
+        m_log += "down ";
         m_link->SendMessage(WM_KEYDOWN, VK_RETURN, 1);
-        EXPECT_EQ(TakeLog(), "");
+        m_log += "up ";
         m_link->SendMessage(WM_KEYUP, VK_RETURN, 1);
-        EXPECT_EQ(TakeLog(), clicked);
-        return clicked;
+        return TakeLog();
     };
+    const std::string command = "command " + std::to_string(0x83f40007) + ' ';
     ExpectCases<std::string>({
-        CASE(act(0x1F, true), "edit "),
-        CASE(act(0x1F, false), "hook http://example.com/ "),
-        CASE(act(0x00, false), "command " + std::to_string(0x83f40007) + ' '),
+        CASE(act(0x1F, true), "edit down up edit "),
+        CASE(act(0x1F, false), "hook http://example.com/ down up hook http://example.com/ "),
+        CASE(act(0x00, false), command + "down up " + command),
     });
     EXPECT_FALSE(m_link->GetModify());
     MSG enter = {m_link->m_hWnd, WM_KEYDOWN, VK_RETURN, 1, 0, {}};
@@ -149,20 +151,16 @@ TEST_F(Hyperlink, ClicksAndEnterLeadWhereFlagsSay) {
     EXPECT_EQ(m_link->SendMessage(WM_GETDLGCODE, VK_RETURN, 0), 0);
 }
 
-TEST_F(Hyperlink, OnlyAPressInTheTextAndItsReleaseCount) {
-    const CPoint inside = Inside(), outside = Outside();
-    Button(WM_LBUTTONDOWN, inside);
+TEST_F(Hyperlink, LosesAPressWithItsCaptureOrFocus) {
+    Button(WM_LBUTTONDOWN, Outside());
+    EXPECT_EQ(::GetCapture(), nullptr);
+    Button(WM_LBUTTONDOWN, Inside());
     EXPECT_EQ(::GetCapture(), m_link->m_hWnd);
     EXPECT_EQ(::GetFocus(), m_link->m_hWnd);
-    Button(WM_LBUTTONUP, outside);
-    Button(WM_LBUTTONDOWN, outside);
-    EXPECT_EQ(::GetCapture(), nullptr);
-    Button(WM_LBUTTONUP, inside);
-    Button(WM_LBUTTONDOWN, inside);
     m_link->EnableWindow(FALSE);
     EXPECT_EQ(::GetCapture(), nullptr);
     m_link->EnableWindow();
-    Button(WM_LBUTTONUP, inside);
+    Button(WM_LBUTTONUP, Inside());
     m_link->SetFocus();
     m_link->SendMessage(WM_KEYDOWN, VK_RETURN, 1);
     m_host.SetFocus();
@@ -171,21 +169,18 @@ TEST_F(Hyperlink, OnlyAPressInTheTextAndItsReleaseCount) {
 }
 
 TEST_F(Hyperlink, IsDrawnInTheColorOfItsState) {
-    m_host.SetFocus();
     // The underline is drawn in a solid colour.
     const auto shows = [this](COLORREF color) {
         m_link->Invalidate();
         return !Picture(*m_link).BoundsOf(color).IsRectEmpty();
     };
-    const COLORREF rest = 0xFF0000, pressed = 0x0000FF, disabled = ::GetSysColor(COLOR_BTNSHADOW);
-    EXPECT_TRUE(shows(rest) && !shows(pressed) && !shows(disabled));
+    const COLORREF pressed = 0x0000FF, own = 0x00AA11;
+    m_link->SetLinkColor(own);
+    EXPECT_TRUE(shows(own) && !shows(pressed));
     Button(WM_LBUTTONDOWN, Inside());
-    EXPECT_TRUE(shows(pressed) && !shows(rest));
-    Button(WM_LBUTTONUP, Outside());
-    m_link->SetLinkColor(0x00AA11);
-    EXPECT_TRUE(shows(0x00AA11) && !shows(pressed));
+    EXPECT_TRUE(shows(pressed) && !shows(own));
     m_link->EnableWindow(FALSE);
-    EXPECT_TRUE(shows(disabled) && !shows(0x00AA11));
+    EXPECT_TRUE(shows(::GetSysColor(COLOR_BTNSHADOW)) && !shows(pressed));
 }
 
 TEST_F(Hyperlink, TextIsPlacedByItsStyle) {
@@ -241,55 +236,33 @@ TEST_F(Hyperlink, MenuIsForItsTextAndItsAddress) {
         m_link->ClientToScreen(&point);
         return MAKELPARAM(point.x, point.y);
     };
-    EXPECT_EQ(Menu('o'), "+++hook http://example.com/ ");
-    EXPECT_EQ(Menu('e'), "+++edit ");
-    EXPECT_EQ(Menu('t'), "+++");
+    ExpectCases<std::string>({
+        CASE(Menu('o'), "+++hook http://example.com/ "),
+        CASE(Menu('e'), "+++edit "),
+        CASE(Menu('t', at(Inside())), "+++"),
+        CASE(Menu(0, at(Outside())), "menu "), // is the parent's
+        CASE((m_link->SetFlags(CHyperlinkCtrl::HAS_URI), Menu(0)), "---"),
+        CASE((m_link->ClearFlag(CHyperlinkCtrl::HAS_URI), Menu(0, at(Inside()))), "menu "),
+    });
     CString text;
     EXPECT_TRUE(AfxGetTextFromClipboard(text));
     EXPECT_EQ(text, kUri);
-    EXPECT_EQ(Menu(0, at(Inside())), "+++");
-    EXPECT_EQ(Menu(0, at(Outside())), "menu ") << "is the parent's";
-    m_link->SetFlags(CHyperlinkCtrl::HAS_URI);
-    EXPECT_EQ(Menu(0), "---");
-    m_link->ClearFlag(CHyperlinkCtrl::HAS_URI);
-    EXPECT_EQ(Menu(0, at(Inside())), "menu ");
 }
 
 TEST_F(Hyperlink, EditTakesTheTextsOver) {
     const DialogDriver driver({[](HWND box) {
-        EXPECT_EQ(TextOf(::GetDlgItem(box, QUORVEL_LINK_DISPLAY_TEXT)), _T("the link"));
-        EXPECT_EQ(TextOf(::GetDlgItem(box, QUORVEL_LINK_ADDRESS)), kUri);
-        ::SetDlgItemTextW(box, QUORVEL_LINK_DISPLAY_TEXT, _T("new"));
-        ::SetDlgItemTextW(box, QUORVEL_LINK_ADDRESS, _T("mailto:a@b.c"));
-        ::PostMessageW(box, WM_COMMAND, IDOK, 0);
-    }});
+                                   const HWND text = ::GetDlgItem(box, QUORVEL_LINK_DISPLAY_TEXT);
+                                   const HWND address = ::GetDlgItem(box, QUORVEL_LINK_ADDRESS);
+                                   EXPECT_EQ(TextOf(text), _T("the link"));
+                                   EXPECT_EQ(TextOf(address), kUri);
+                                   ::SetWindowTextW(text, _T("new"));
+                                   ::SetWindowTextW(address, _T("mailto:a@b.c"));
+                               },
+                               ClickOn(IDOK)});
     EXPECT_TRUE(m_link->Edit());
-    EXPECT_EQ(m_link->GetDisplayText(), _T("new"));
     EXPECT_EQ(m_link->GetURI(), _T("mailto:a@b.c"));
     EXPECT_EQ(TextOf(m_link->m_hWnd), _T("new"));
     EXPECT_TRUE(m_link->GetModify());
-}
-
-TEST_F(Hyperlink, HooksAndParentsMayCallBackAndDestroy) {
-    m_onHook = [this] {
-        EXPECT_FALSE(m_link->Open());
-        EXPECT_FALSE(m_link->Edit());
-        m_link->SetURI(_T("http://other.example/"));
-    };
-    Click();
-    EXPECT_EQ(TakeLog(), "hook http://example.com/ ");
-    m_onHook = [this] { m_link->DestroyWindow(); };
-    Click();
-    EXPECT_EQ(m_link->m_hWnd, nullptr);
-    EXPECT_TRUE(m_link->Create(_T("Static"), _T("x"), WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20),
-                               &m_host, 8));
-    m_link->SetFlags(0);
-    m_host.m_onMessage = [this](UINT message, WPARAM) {
-        if (message == WM_COMMAND)
-            m_link.reset();
-    };
-    Click();
-    EXPECT_EQ(m_link, nullptr);
 }
 
 TEST_F(Hyperlink, IsNamedByItsTextForScreenReaders) {
@@ -308,18 +281,35 @@ TEST_F(Hyperlink, IsNamedByItsTextForScreenReaders) {
     ::CoUninitialize();
 }
 
-TEST_F(Hyperlink, EndsInTheMiddleOfWork) {
+TEST_F(Hyperlink, HooksMayCallBack) {
+    m_onHook = [this] {
+        EXPECT_FALSE(m_link->Open() || m_link->Edit());
+        m_link->SetURI(_T("http://other.example/"));
+    };
+    Click();
+    EXPECT_EQ(TakeLog(), "hook http://example.com/ ");
+}
+
+TEST_F(Hyperlink, MayBeDestroyedWhileItWorks) {
     Button(WM_LBUTTONDOWN, Inside());
     m_link->DestroyWindow();
     EXPECT_EQ(::GetCapture(), nullptr);
 
-    const auto create = [this] {
-        m_link = std::make_unique<CHyperlinkCtrl>();
-        m_link->Create(_T("Static"), nullptr, WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20), &m_host,
-                       7);
-        m_link->SetDisplayText(_T("a"));
+    Create();
+    m_onHook = [this] { m_link->DestroyWindow(); };
+    Click();
+    EXPECT_EQ(m_link->m_hWnd, nullptr);
+
+    Create();
+    m_link->SetFlags(0);
+    m_host.m_onMessage = [this](UINT message, WPARAM) {
+        if (message == WM_COMMAND)
+            m_link.reset();
     };
-    create();
+    Click();
+    EXPECT_EQ(m_link, nullptr);
+
+    Create();
     {
         const MenuDriver menu([this](HMENU) {
             m_link.reset();
@@ -329,17 +319,13 @@ TEST_F(Hyperlink, EndsInTheMiddleOfWork) {
     }
     EXPECT_EQ(m_link, nullptr);
 
-    create();
+    Create();
     CHyperlinkCtrl* const edited = m_link.get();
-    const DialogDriver driver({[this](HWND box) {
-                                   ::SetDlgItemTextW(box, QUORVEL_LINK_ADDRESS, kUri);
-                                   m_link.reset();
-                                   ::PostMessageW(box, WM_COMMAND, IDOK, 0);
-                               },
+    const DialogDriver driver({[this](HWND) { m_link.reset(); }, ClickOn(IDOK),
                                [this](HWND) { m_host.DestroyWindow(); }});
     EXPECT_FALSE(edited->Edit());
-    create();
-    EXPECT_FALSE(m_link->Edit()) << "the dialog's owner is gone";
+    Create();
+    EXPECT_FALSE(m_link->Edit()) << "the dialog's owner is destroyed";
 }
 
 } // namespace
