@@ -85,9 +85,8 @@ TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
                     nullptr);
     EXPECT_TRUE(list.columns.SaveState(key, TRUE));
     EXPECT_NE(RegCloseKey(key), 0); // already closed
-    EXPECT_TRUE(list.columns.SaveState(place.path));
-    EXPECT_TRUE(list.columns.SaveState(_T("a")));
-    EXPECT_TRUE(list.columns.SaveState(_T("b\\")));
+    EXPECT_TRUE(list.columns.SaveState(place.path) && list.columns.SaveState(_T("a")) &&
+                list.columns.SaveState(_T("b\\")));
     EXPECT_EQ(Dump(place.test.Get()), _T("key[ ") + state + _T("] path[ ") + state +
                                           _T("] Program[ a[ ") + state + _T("] b[ ") + state +
                                           _T("] ] "));
@@ -100,8 +99,7 @@ TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
                     : i == 1 ? c.LoadState(place.path)
                              : c.LoadState(i == 2 ? _T("a") : _T("b\\")));
         EXPECT_EQ(other.Text(), _T("D40 A10 B20 (C30 )"));
-        EXPECT_EQ(other.columns.GetSortColumn(), 1);
-        EXPECT_FALSE(other.columns.IsSortAscending());
+        EXPECT_TRUE(c.GetSortColumn() == 1 && !c.IsSortAscending());
         EXPECT_EQ(other.view.m_defaultLoads, 0);
     }
     EXPECT_NE(RegCloseKey(key), 0) << "loading has closed it";

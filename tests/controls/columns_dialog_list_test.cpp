@@ -69,7 +69,7 @@ TEST(ColumnsDialog, NeverLeavesTheListWithoutColumns) {
         EXPECT_EQ(list.columns.GetLeftToRightTrueColumn(0), 1) << "to sort by";
     };
     ColumnsDialogList dialog(list.columns, list.view);
-    EXPECT_TRUE(dialog.Check(0, false) && dialog.Check(1, true));
+    EXPECT_TRUE(dialog.Check(0, false) && !dialog.IsValid() && dialog.Check(1, true));
     dialog.Save();
     EXPECT_EQ(list.Text(), _T("B20 (A10 )"));
 }
@@ -92,15 +92,4 @@ TEST(ColumnsDialog, TakesWidthsFrom0To9999) {
     }
     EXPECT_FALSE(dialog.SetWidthText(2, _T("5")) || dialog.SetWidthText(1, nullptr));
     EXPECT_EQ(dialog.GetWidthText(2), _T(""));
-}
-
-TEST(ColumnsDialog, WantsARowChecked) {
-    SimulatedList list(2);
-    ColumnsDialogList dialog(list.columns, list.view);
-    dialog.Check(0, false);
-    EXPECT_TRUE(dialog.IsValid());
-    dialog.Check(1, false);
-    EXPECT_FALSE(dialog.IsValid());
-    SimulatedList none;
-    EXPECT_FALSE(ColumnsDialogList(none.columns, none.view).CanReset());
 }

@@ -53,18 +53,6 @@ TEST(Link, OnlyItsOwnKeyActivatesAndOnlyOnce) {
     EXPECT_EQ(link.ReleaseKey(0x0D, false), Action::None) << "cancelled";
 }
 
-TEST(Link, CommandsNeedAnAddressAndTheirFlag) {
-    for (DWORD flags = 0; flags < 0x20; ++flags) {
-        Link link;
-        link.m_flags = flags;
-        const bool hasUri = (flags & 0x02) != 0;
-        EXPECT_EQ(link.Can(Link::Command::Open), hasUri && (flags & 0x04)) << flags;
-        EXPECT_EQ(link.Can(Link::Command::Edit), hasUri && (flags & 0x08)) << flags;
-        EXPECT_EQ(link.Can(Link::Command::Copy), hasUri && (flags & 0x10)) << flags;
-        EXPECT_EQ(link.HasMenu(), hasUri) << flags;
-    }
-}
-
 TEST(Link, ColorFollowsItsState) {
     const quorvel::ContrastColors contrast = {0x111111, 0x222222, 0x333333};
     const struct {

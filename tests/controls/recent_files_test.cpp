@@ -27,28 +27,23 @@ TEST(RecentFiles, KeepTheLatestInFront) {
     }
     EXPECT_TRUE(files.Add(files.GetFile(2)));
     EXPECT_EQ(TextOf(files), "c d A ");
-    EXPECT_TRUE(files.Remove(_T("D")));
-    EXPECT_FALSE(files.Remove(_T("D")));
+    EXPECT_TRUE(files.Remove(_T("D")) && !files.Remove(_T("D")));
     EXPECT_EQ(files.GetFile(-1) + files.GetFile(2), _T(""));
 }
 
 TEST(RecentFiles, AreTheSameWhenTheyAreLoaded) {
     const TestKey key;
     const CRegistryPath path(HKEY_CURRENT_USER, key.Path());
-    CRecentFiles files(3), loaded(3);
+    CRecentFiles files(3), loaded(3), fewer(1);
     EXPECT_FALSE(loaded.LoadState(path));
     for (const WCHAR* file : {_T("a"), _T("b"), _T("c")})
         files.Add(file);
-    EXPECT_TRUE(files.SaveState(path));
-    EXPECT_EQ(AfxGetProfileString(path, _T("Recent file 1"), _T("")), _T("c"));
-    EXPECT_TRUE(loaded.LoadState(path));
+    EXPECT_TRUE(files.SaveState(path) && loaded.LoadState(path));
     EXPECT_EQ(TextOf(loaded), "c b a ");
     files.Remove(_T("b"));
-    EXPECT_TRUE(files.SaveState(path));
-    EXPECT_TRUE(loaded.LoadState(path));
+    EXPECT_TRUE(files.SaveState(path) && loaded.LoadState(path) && fewer.LoadState(path));
+    EXPECT_EQ(AfxGetProfileString(path, _T("Recent file 1"), _T("")), _T("c"));
     EXPECT_EQ(TextOf(loaded), "c a ");
-    CRecentFiles fewer(1);
-    EXPECT_TRUE(fewer.LoadState(path));
     EXPECT_EQ(TextOf(fewer), "c ");
     EXPECT_FALSE(files.SaveState(CRegistryPath()));
 }

@@ -12,15 +12,6 @@ using quorvel::RowRun;
 using quorvel::SelectionMessage;
 using quorvel::VirtualRows;
 
-namespace quorvel {
-void PrintTo(const RowRun& run, std::ostream* stream) {
-    *stream << run.first << '-' << run.last;
-}
-void PrintTo(const SelectionMessage& message, std::ostream* stream) {
-    *stream << (message.isSelected ? '+' : '-') << message.row;
-}
-} // namespace quorvel
-
 namespace {
 
 typedef std::vector<RowRun> Runs;
@@ -98,7 +89,6 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
         CASE((begin().Sort(ByText), after(0)), _T("0, a1* a3* b0 b2! c4 ")),
         CASE((begin().Sort(isDescending), list->rows.Sort(ByText), after(0)),
              _T("0, a3* a1* b2! b0 c4 ")),
-        CASE((begin().Sort(nullptr), after(0)), _T("0, b0 a1* b2! a3* c4 ")),
         CASE((begin().SortBy(isFourth), list->rows.SortBy({}), after(0)),
              _T("0, c4 b0 a1* b2! a3* ")),
         CASE(after(begin().Insert(1, &added)), _T("1, b0 n9 a1* b2! a3* c4 ")),
@@ -117,9 +107,6 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
               after(list->rows.MoveSelectedDown())),
              _T("2, b0 b2 a1*! a3 c4 ")),
         CASE(after(begin().MoveSelectedUp()), _T("-1, b0 a1* b2! a3* c4 ")), // two selected rows
-        CASE((begin().SelectAll(false), list->rows.Select(0, 0, true),
-              after(list->rows.MoveSelectedUp())),
-             _T("-1, b0* a1 b2! a3 c4 ")),
         CASE((begin().SelectAll(false), list->rows.Select(4, 9, true),
               after(list->rows.MoveSelectedDown())),
              _T("-1, b0 a1 b2! a3 c4* ")),
@@ -199,24 +186,20 @@ TEST(VirtualRows, StayInOrderOverBlocks) {
     EXPECT_EQ(rows.GetSelectedCount(), 0);
 }
 
-TEST(VirtualRows, AreWalkedOverAsAListViewDoes) {
+TEST(VirtualRows, AreWalkedOverAndSelectedAsInAListView) {
     List list({_T("a"), _T("b"), _T("c"), _T("d")});
-    const VirtualRows& r = list.rows;
-    list.rows.Select(1, 2, true);
-    list.rows.SetFocusedRow(2);
+    VirtualRows& r = list.rows;
+    r.Select(1, 2, true);
+    r.SetFocusedRow(2);
     ExpectCases<int>(
         {CASE(r.GetNextRow(-1, true, false), 1), CASE(r.GetNextRow(2, true, false), -1),
          CASE(r.GetNextRow(-1, true, true), 2), CASE(r.GetNextRow(2, false, true), -1),
-         CASE(r.GetNextRow(2, false, false), 3), CASE(r.GetNextRow(-9, false, false), 0)});
-}
-
-TEST(VirtualRows, SelectTheNeighbourOfADeletedRow) {
-    List list({_T("a"), _T("b"), _T("c"), _T("d")});
-    ExpectCases<int>({CASE((list.rows.Remove(3), list.rows.GetRowToSelect(3, true)), 2),
-                      CASE((list.rows.Remove(0), list.rows.GetRowToSelect(0, true)), 0),
-                      CASE(list.rows.GetRowToSelect(0, false), -1),
-                      CASE((list.rows.Select(1, 1, true), list.rows.GetRowToSelect(0, true)), -1),
-                      CASE((list.rows.RemoveAll(), list.rows.GetRowToSelect(0, true)), -1)});
+         CASE(r.GetNextRow(2, false, false), 3), CASE(r.GetNextRow(-9, false, false), 0),
+         // The neighbour of a deleted row.
+         CASE(r.GetRowToSelect(0, true), -1), // another one is still selected
+         CASE((r.SelectAll(false), r.Remove(3), r.GetRowToSelect(3, true)), 2),
+         CASE((r.Remove(0), r.GetRowToSelect(0, true)), 0), CASE(r.GetRowToSelect(0, false), -1),
+         CASE((r.RemoveAll(), r.GetRowToSelect(0, true)), -1)});
 }
 
 TEST(VirtualRows, StayAsTheyAreWhenTheOrderThrows) {
@@ -235,10 +218,8 @@ TEST(VirtualRows, StayAsTheyAreWhenTheOrderThrows) {
 TEST(VirtualRows, ReachAListViewInFewMessages) {
     const auto plan = [](const Runs& shown, const Runs& wanted, int rowCount) {
         std::ostringstream text;
-        for (const SelectionMessage& message : PlanSelection(shown, wanted, rowCount)) {
-            PrintTo(message, &text);
-            text << ' ';
-        }
+        for (const SelectionMessage& message : PlanSelection(shown, wanted, rowCount))
+            text << (message.isSelected ? '+' : '-') << message.row << ' ';
         return text.str();
     };
     ExpectCases<std::string>(
@@ -255,26 +236,15 @@ TEST(VirtualRows, FindTextsWithoutRegardToCase) {
     const List list({_T("Apple"), _T("banana"), _T("apricot"), _T("\u00c4pfel"), _T("aardvark"),
                      _T("blue"), _T("")});
     const VirtualRows& r = list.rows;
-    ExpectCases<int>({CASE(r.Find(_T("AP"), 0, false, false), 0),
-                      CASE(r.Find(_T("ap"), 1, false, false), 2),
-                      CASE(r.Find(_T("app"), 1, false, false), -1),
-                      CASE(r.Find(_T("app"), 1, false, true), 0),
-                      CASE(r.Find(_T("APPLE"), -1, true, false), 0),
-                      CASE(r.Find(_T("appl"), 0, true, true), -1),
-                      CASE(r.Find(_T("\u00e4"), 0, false, true), 3),
-                      CASE(r.Find(nullptr, 0, false, true), -1),
-                      CASE(r.Find(_T("a"), 7, false, true), 0), // start after the last row
-                      CASE(r.Find(_T("a"), 8, false, true), -1),
-                      CASE(r.Find(_T("a"), -2, false, true), -1),
-                      CASE(r.FindTyped(_T("a"), 0), 2),
-                      CASE(r.FindTyped(_T("b"), 6), 1),
-                      CASE(r.FindTyped(_T("ap"), 2), 2),
-                      CASE(r.FindTyped(_T("ap"), 3), 0),
-                      CASE(r.FindTyped(_T("aa"), 0), 4),
-                      CASE(r.FindTyped(_T("bB"), 1), 5),
-                      CASE(r.FindTyped(_T("bx"), 1), -1),
-                      CASE(r.FindTyped(nullptr, 1), -1),
-                      CASE(VirtualRows().FindTyped(_T("a"), -1), -1)});
+    ExpectCases<int>(
+        {CASE(r.Find(_T("ap"), 1, false, false), 2), CASE(r.Find(_T("app"), 1, false, false), -1),
+         CASE(r.Find(_T("APPLE"), -1, true, false), 0), CASE(r.Find(_T("appl"), 0, true, true), -1),
+         CASE(r.Find(_T("\u00e4"), 0, false, true), 3), CASE(r.Find(nullptr, 0, false, true), -1),
+         CASE(r.Find(_T("a"), 8, false, true), -1), CASE(r.Find(_T("a"), -2, false, true), -1),
+         CASE(r.FindTyped(_T("a"), 0), 2), CASE(r.FindTyped(_T("b"), 6), 1),
+         CASE(r.FindTyped(_T("ap"), 2), 2), CASE(r.FindTyped(_T("bB"), 1), 5),
+         CASE(r.FindTyped(_T("bx"), 1), -1), CASE(r.FindTyped(nullptr, 1), -1),
+         CASE(VirtualRows().FindTyped(_T("a"), -1), -1)});
 }
 
 TEST(VirtualRows, AreCopiedAsLinesOfCells) {

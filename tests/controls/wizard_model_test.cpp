@@ -17,8 +17,3 @@ TEST(Wizard, KeepsItsEventsInOrder) {
         text += event.GetDescription();
     EXPECT_EQ(text, _T("bdef"));
 }
-
-TEST(Wizard, NamesItselfInItsTexts) {
-    EXPECT_EQ(quorvel::WizardCompletedText(_T("Import Wizard")),
-              _T("You have successful completed the Import Wizard"));
-}

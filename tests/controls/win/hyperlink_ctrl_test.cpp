@@ -242,6 +242,7 @@ TEST_F(Hyperlink, MenuIsForItsTextAndItsAddress) {
         CASE(Menu('t', at(Inside())), "+++"),
         CASE(Menu(0, at(Outside())), "menu "), // is the parent's
         CASE((m_link->SetFlags(CHyperlinkCtrl::HAS_URI), Menu(0)), "---"),
+        CASE((m_link->SetFlags(0x0A), Menu(0)), "-+-"),
         CASE((m_link->ClearFlag(CHyperlinkCtrl::HAS_URI), Menu(0, at(Inside()))), "menu "),
     });
     CString text;
