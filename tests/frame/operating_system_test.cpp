@@ -98,52 +98,51 @@ TEST(OperatingSystem, TheBasicRecordIsAskedWhenTheExtendedIsRefused) {
 
 TEST(OperatingSystem, TheTextIsProductEditionAndServicePack) {
     constexpr WORD kManySuites = kDatacenter | kEnterprise;
+    const auto textOf = [](SystemFacts facts, const SystemVersion& version) {
+        facts.version = version;
+        CString text;
+        EXPECT_TRUE(DescribeSystem(facts, text));
+        return text;
+    };
     const struct {
         SystemVersion version;
-        const WCHAR* text;
+        const WCHAR* product;
         WORD processor = k32Bit;
-        bool isRelease2 = false, hasHotfix = true;
+        bool isRelease2 = false;
     } rows[] = {
-        {Version(2, 6, 0, kDesktop), _T("Microsoft Windows Vista Professional SP (Build 2600)")},
-        {Version(2, 5, 1, kDesktop), _T("Microsoft Windows XP Professional SP (Build 2600)")},
-        {Version(2, 5, 1, kDesktop, kPersonal),
-         _T("Microsoft Windows XP Home Edition SP (Build 2600)")},
-        {Version(2, 5, 2, kDesktop),
-         _T("Microsoft Windows XP Professional x64 Edition SP (Build 2600)"), kX64},
+        {Version(2, 6, 0, kDesktop), _T("Windows Vista Professional ")},
+        {Version(2, 5, 1, kDesktop), _T("Windows XP Professional ")},
+        {Version(2, 5, 1, kDesktop, kPersonal), _T("Windows XP Home Edition ")},
+        {Version(2, 5, 2, kDesktop), _T("Windows XP Professional x64 Edition "), kX64},
         {Version(2, 5, 2, kServer, kEnterprise),
-         _T("Microsoft Windows Server 2003 \"R2\" Enterprise Edition SP (Build 2600)"), k32Bit,
-         true},
+         _T("Windows Server 2003 \"R2\" Enterprise Edition "), k32Bit, true},
         {Version(2, 5, 2, kServer, kManySuites),
-         _T("Microsoft Windows Server 2003, Datacenter Edition for Itanium-based SystemsSP ")
-         _T("(Build 2600)"),
-         kItanium},
-        {Version(2, 5, 2, kServer, kBlade),
-         _T("Microsoft Windows Server 2003, Standard x64 Edition SP (Build 2600)"), kX64},
+         _T("Windows Server 2003, Datacenter Edition for Itanium-based Systems"), kItanium},
+        {Version(2, 5, 2, kServer, kBlade), _T("Windows Server 2003, Standard x64 Edition "), kX64},
         {Version(2, 5, 2, kServer, kBlade | kPersonal),
-         _T("Microsoft Windows Server 2003, Standard Edition SP (Build 2600)")},
-        {Version(2, 5, 0, kDomain, kManySuites),
-         _T("Microsoft Windows 2000 Datacenter Server SP (Build 2600)")},
-        {Version(2, 4, 0, kServer, kEnterprise),
-         _T("Microsoft Windows NT Server 4.0, Enterprise Edition SP (Build 2600)")},
-        {Version(2, 4, 0, 0, 0, _T("Service Pack 6")),
-         _T("Microsoft Windows NT Service Pack 6a (Build 2600)")},
-        {Version(2, 4, 0, 0, 0, _T("Service Pack 6")),
-         _T("Microsoft Windows NT Service Pack 6 (Build 2600)\n"), k32Bit, false, false},
-        {Version(1, 4, 0, 0, 0, _T(" C")), _T("Microsoft Windows 95 OSR2")},
-        {Version(1, 4, 10, 0, 0, _T(" A ")), _T("Microsoft Windows 98 SE")},
-        {Version(1, 4, 91), _T("")},
-        {Version(4, 4, 1), _T("Unknown operating system")},
+         _T("Windows Server 2003, Standard Edition ")},
+        {Version(2, 5, 0, kDomain, kManySuites), _T("Windows 2000 Datacenter Server ")},
+        {Version(2, 4, 0, kServer, kEnterprise), _T("Windows NT Server 4.0, Enterprise Edition ")},
     };
     for (const auto& row : rows) {
         SystemFacts facts;
-        facts.version = row.version;
         facts.nativeProcessor = row.processor;
         facts.release2 = row.isRelease2;
-        facts.hasServicePack6a = row.hasHotfix ? [] { return true; } : [] { return false; };
-        CString text;
-        EXPECT_TRUE(DescribeSystem(facts, text));
-        EXPECT_EQ(text, row.text);
+        EXPECT_EQ(textOf(facts, row.version),
+                  CString(_T("Microsoft ")) + row.product + _T("SP (Build 2600)"));
     }
+    SystemFacts plain, patched;
+    plain.hasServicePack6a = [] { return false; };
+    patched.hasServicePack6a = [] { return true; };
+    const SystemVersion pack6 = Version(2, 4, 0, 0, 0, _T("Service Pack 6"));
+    ExpectCases<CString>({
+        CASE(textOf(patched, pack6), _T("Microsoft Windows NT Service Pack 6a (Build 2600)")),
+        CASE(textOf(plain, pack6), _T("Microsoft Windows NT Service Pack 6 (Build 2600)\n")),
+        CASE(textOf(plain, Version(1, 4, 0, 0, 0, _T(" C"))), _T("Microsoft Windows 95 OSR2")),
+        CASE(textOf(plain, Version(1, 4, 10, 0, 0, _T(" A "))), _T("Microsoft Windows 98 SE")),
+        CASE(textOf(plain, Version(1, 4, 91)), _T("")),
+        CASE(textOf(plain, Version(4, 4, 1)), _T("Unknown operating system")),
+    });
 }
 
 TEST(OperatingSystem, TheOldestReleasesNameTheirEditionInTheRegistry) {

@@ -45,11 +45,9 @@ TEST_F(AutoCompleteEdit, IsBoundWhenItIsSubclassed) {
     CAutoCompleteEdit other;
     EXPECT_TRUE(edit.AddActiveTextToMRUList() && edit.SaveState(path) && other.LoadState(path));
     EXPECT_TRUE(other.RemoveMRUListEntry(_T("typed")) && !edit.SaveState(CRegistryPath()));
+    EXPECT_TRUE(edit.EnableAutoCompletion(FALSE));
     ::DestroyWindow(window);
     EXPECT_FALSE(edit.IsAutoCompleteObjectValid());
-
-    EXPECT_TRUE(edit.SubclassWindow(NewWindow()) && edit.EnableAutoCompletion(FALSE));
-    edit.UnsubclassWindow();
     EXPECT_TRUE(edit.SubclassWindow(NewWindow()));
     EXPECT_TRUE(edit.IsAutoCompletionEnabled()) << "bound anew";
     EXPECT_TRUE(edit.IsMRUListValid()) << "the list outlives the window";
@@ -85,9 +83,8 @@ std::string StateOf(HWND box) {
         return TRUE;
     };
     ::EnumThreadWindows(::GetCurrentThreadId(), find, 0);
-    const CString text = TextOf(::GetDlgItem(box, FIELD_NAME));
-    const std::string state = Printable(text.GetString(), text.GetLength());
-    return s_rows < 0 ? state : state + " " + std::to_string(s_rows);
+    const std::string text = TextOf(::GetDlgItem(box, FIELD_NAME)).ToUTF8();
+    return s_rows < 0 ? text : text + " " + std::to_string(s_rows);
 }
 
 TEST_F(AutoCompleteEdit, ClosesItsDropDownBeforeItsDialog) {

@@ -127,36 +127,27 @@ void Show(const CString& root, const Step& step) {
     }
 }
 
-// Changes one window, and expects the changes in the next window.
-template <class Window>
-void ExpectStateIsKept(const CString& root) {
+TEST_F(ListInDialog, KeepsItsStateInEveryDeclaredPlace) {
     const int hidden[] = {1, 0, 2};
     const char* const columns[] = {"0:50 2:70 | 1:60", "1:60 2:70 | 0:50", "0:50 1:60 | 2:70"};
-    Show<Window>(root, [&](auto& window) {
+    Show<CListsDlg>(m_root, [&](CListsDlg& dialog) {
         for (int i = 0; i < 3; ++i)
-            window.m_lists[i].ShowVaskColumn(hidden[i], FALSE);
-        for (CAutoCompleteEdit& edit : window.m_edits)
+            dialog.m_lists[i].ShowVaskColumn(hidden[i], FALSE);
+        for (CAutoCompleteEdit& edit : dialog.m_edits)
             EXPECT_TRUE(edit.AddMRUListEntry(_T("first")));
     });
-    Show<Window>(root, [&](auto& window) {
+    Show<CListsDlg>(m_root, [&](CListsDlg& dialog) {
         for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(ColumnsOf(window.m_lists[i]), columns[i]) << i;
-        for (CAutoCompleteEdit& edit : window.m_edits)
+            EXPECT_EQ(ColumnsOf(dialog.m_lists[i]), columns[i]) << i;
+        for (CAutoCompleteEdit& edit : dialog.m_edits)
             EXPECT_TRUE(edit.AddMRUListEntry(_T("second")));
-        window.m_edits[1].EnableAutoCompletion(FALSE); // then its state is not saved
+        dialog.m_edits[1].EnableAutoCompletion(FALSE); // then its state is not saved
     });
-    Show<Window>(root, [&](auto& window) {
-        EXPECT_TRUE(window.m_edits[0].RemoveMRUListEntry(_T("second")));
-        EXPECT_FALSE(window.m_edits[1].RemoveMRUListEntry(_T("second")));
-        for (CAutoCompleteEdit& edit : window.m_edits)
-            EXPECT_TRUE(edit.RemoveMRUListEntry(_T("first")));
+    Show<CListsDlg>(m_root, [&](CListsDlg& dialog) {
+        EXPECT_TRUE(dialog.m_edits[0].RemoveMRUListEntry(_T("second")));
+        EXPECT_FALSE(dialog.m_edits[1].RemoveMRUListEntry(_T("second")));
+        EXPECT_TRUE(dialog.m_edits[1].RemoveMRUListEntry(_T("first")));
     });
-}
-
-TEST_F(ListInDialog, KeepsItsStateInEveryDeclaredPlace) {
-    ExpectStateIsKept<CListsDlg>(m_root);
-    TestKey::RemoveTree(HKEY_CURRENT_USER, m_root);
-    ExpectStateIsKept<CListsPage>(m_root);
 }
 
 TEST_F(ListInDialog, HeaderIsReachedAndUsedByKeys) {
@@ -199,13 +190,6 @@ TEST_F(ListInDialog, HeaderIsReachedAndUsedByKeys) {
     EXPECT_EQ(columns, "1:60 2:70 | 0:50");
 }
 
-// The requested height and weight of a window's font.
-std::pair<LONG, LONG> FontOf(const CWnd& wnd) {
-    LOGFONTW font = {};
-    ::GetObjectW(reinterpret_cast<HFONT>(wnd.SendMessage(WM_GETFONT)), sizeof font, &font);
-    return {font.lfHeight, font.lfWeight};
-}
-
 // Changes colours and font of the window, a dialog or page, and sends its top-level window the
 // system's notification.
 template <class Window>
@@ -234,14 +218,14 @@ void ExpectChangesAreFollowed(Window& window) {
         list.DeleteAllItems();
         EXPECT_FALSE(Picture(list).BoundsOf(kBlue).IsRectEmpty()) << "the text of an empty list";
     }
-    LOGFONTW description = {};
-    window.GetFont()->GetLogFont(&description);
+    LOGFONTW description = FontOf(window.m_hWnd);
     description.lfHeight = -29;
     window.m_ownFont.CreateFontIndirect(&description);
     list.SetFont(&window.m_ownFont);
     ::SendMessageW(::GetAncestor(window.m_hWnd, GA_ROOT), WM_SETTINGCHANGE, 0, 0);
-    EXPECT_EQ(FontOf(*window.GetDlgItem(FIELD_LABEL)), std::make_pair(LONG{-29}, LONG{FW_BOLD}));
-    EXPECT_EQ(FontOf(HeaderOf(list)).first, -29);
+    const LOGFONTW bold = FontOf(::GetDlgItem(window.m_hWnd, FIELD_LABEL));
+    EXPECT_TRUE(bold.lfHeight == -29 && bold.lfWeight == FW_BOLD);
+    EXPECT_EQ(FontOf(HeaderOf(list).m_hWnd).lfHeight, -29);
 }
 
 TEST_F(ListInDialog, FollowsTheSystemsColorsAndFonts) {

@@ -318,20 +318,17 @@ TEST_F(Balloons, TakeTextsAsTheyAre) {
     EXPECT_FALSE(m_first.ShowValidationErrorMessage(TTI_INFO, _T("a"), nullptr, rect));
     EXPECT_FALSE(probe.IsVisible());
     const CString longText(_T('w'), 5000);
-    const struct {
-        const WCHAR* title;
-        const WCHAR* text;
-        CString shownTitle;
-        WPARAM icon;
-    } rows[] = {{_T("Title"), _T("a & b"), _T("Title"), TTI_INFO},
-                {_T(""), _T("text"), _T(""), TTI_NONE}, // clears the previous title
-                {_T("Title"), _T(""), _T("Title"), TTI_INFO},
-                {longText, longText, longText.Left(99), TTI_INFO}};
-    for (const auto& row : rows) {
-        EXPECT_TRUE(m_first.ShowValidationErrorMessage(TTI_INFO, row.title, row.text, rect));
-        EXPECT_EQ(probe.m_titles.back(), row.shownTitle);
-        EXPECT_EQ(probe.m_icons.back(), row.icon);
-        EXPECT_EQ(probe.Text().Left(80), *row.text != 0 ? CString(row.text).Left(80) : _T(" "));
+    const std::tuple<CString, CString, CString, WPARAM> rows[] = {
+        {_T("Title"), _T("a & b"), _T("Title"), TTI_INFO},
+        {_T(""), _T("text"), _T(""), TTI_NONE}, // clears the previous title
+        {_T("Title"), _T(""), _T("Title"), TTI_INFO},
+        {longText, longText, longText.Left(99), TTI_INFO},
+    };
+    for (const auto& [title, text, shownTitle, icon] : rows) {
+        EXPECT_TRUE(m_first.ShowValidationErrorMessage(TTI_INFO, title, text, rect));
+        EXPECT_EQ(probe.m_titles.back(), shownTitle);
+        EXPECT_EQ(probe.m_icons.back(), icon);
+        EXPECT_EQ(probe.Text().Left(80), text.IsEmpty() ? CString(_T(" ")) : text.Left(80));
         EXPECT_TRUE(m_first.HideValidationErrorMessage());
     }
 }

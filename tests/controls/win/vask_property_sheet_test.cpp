@@ -21,6 +21,7 @@ public:
     bool m_appliesOK = true;
     bool m_saveSpoils = false; // after saving, the data is no longer valid
     CString m_note;
+    CString m_topic; // of help
     std::string m_seen;
 
 protected:
@@ -33,6 +34,7 @@ protected:
         m_note = _T("loaded");
         return m_loads;
     }
+    CString GetHelpTopic() override { return m_topic; }
     void PreLoadStateControls() override { m_seen += "states "; }
     void PreSaveStateControls() override { m_seen += "states! "; }
     BOOL IsApplyOK() override { return m_appliesOK; }
@@ -96,79 +98,60 @@ TEST(VaskPropertySheet, AsksItsPagesBeforeItEnds) {
     }
 }
 
-TEST(VaskPropertySheet, HelpsWithThePagesThatHaveATopic) {
-    struct CHelpedPage : CVaskPropertyPage {
-        explicit CHelpedPage(const WCHAR* topic)
-            : CVaskPropertyPage(MAKEINTRESOURCEW(PAGE_FIRST)), m_topic(topic) {}
-        CString GetHelpTopic() override { return m_topic; }
-        const CString m_topic;
-    };
-    static std::vector<CString> s_opened;
+TEST(VaskPropertySheet, OpensTheHelpOfPagesThatHaveATopic) {
+    static CString s_opened;
     QuorvelSetOpenExternalLinkCallback([](const WCHAR* link) {
-        s_opened.push_back(link);
+        s_opened += link;
         return 0; // opens nothing
     });
-    CVaskPropertySheet sheet(_T("Options"));
-    CHelpedPage first(_T("http://example.org/first")), second(_T(""));
-    sheet.AddPage(&first);
-    sheet.AddPage(&second);
-    DialogDriver driver({ClickOn(IDHELP), [&](HWND) { EXPECT_TRUE(sheet.SetActivePage(1)); },
-                         [](HWND box) {
-                             EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(box, IDHELP)));
-                             ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
-                         }});
-    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+    Options options;
+    options.first.m_topic = _T("http://example.org/first");
+    DialogDriver driver(
+        {ClickOn(IDHELP), [&](HWND) { options.sheet.SetActivePage(1); },
+         [](HWND box) { EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(box, IDHELP))); },
+         Press(VK_ESCAPE)});
+    EXPECT_EQ(options.sheet.DoModal(), IDCANCEL);
     QuorvelSetOpenExternalLinkCallback(nullptr);
-    EXPECT_EQ(s_opened, std::vector<CString>{_T("http://example.org/first")});
+    EXPECT_EQ(s_opened, _T("http://example.org/first"));
 }
 
 TEST(VaskPropertySheet, BalloonsOfItsPagesFollowIt) {
     Options options;
     auto& [sheet, first, second] = options;
-    const auto show = [](CVaskPropertyPage& page) {
-        EXPECT_TRUE(
-            page.ShowValidationErrorMessage(TTI_INFO, _T("a"), _T("b"), CRect(300, 300, 309, 309)));
+    const auto show = [&first = first] {
+        EXPECT_TRUE(first.ShowValidationErrorMessage(TTI_INFO, _T("a"), _T("b"),
+                                                     CRect(300, 300, 309, 309)));
     };
-    const std::function<void(HWND sheet, HWND balloon)> hiding[] = {
-        [](HWND, HWND balloon) { ::SetFocus(balloon); }, // a click on it
-        [](HWND box, HWND) { ::SendMessageW(box, WM_ACTIVATEAPP, FALSE, 0); },
-        [](HWND box, HWND) {
-            ::ShowWindow(box, SW_HIDE);
-            ::ShowWindow(box, SW_SHOW); // shown again for the next step
-        },
-    };
-    std::vector<Step> steps = {[&](HWND box) {
-        show(first);
+    const Step move = [&](HWND box) {
+        show();
         const HWND balloon = BalloonProbe::ExpectOne(box);
-        const auto offset = [&] {
-            CRect place, sheetPlace;
-            ::GetWindowRect(balloon, place);
-            ::GetWindowRect(box, sheetPlace);
-            return std::pair(place.left - sheetPlace.left, place.top - sheetPlace.top);
-        };
-        const auto before = offset();
+        const CRect before = ScreenPlaceOf(balloon), sheetBefore = ScreenPlaceOf(box);
         ::SetWindowPos(box, nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-        EXPECT_EQ(offset(), before);
-    }};
-    for (const auto& hide : hiding) {
-        steps.push_back([&](HWND box) { hide(box, BalloonProbe::ExpectOne(box)); });
-        steps.push_back([&](HWND) {
-            EXPECT_FALSE(first.IsValidationErrorMessageShowing()) << &hide - hiding;
-            show(first);
-        });
-    }
-    steps.push_back([&](HWND box) {
+        const CRect after = ScreenPlaceOf(balloon), sheetAfter = ScreenPlaceOf(box);
+        EXPECT_EQ(after.left - before.left, sheetAfter.left - sheetBefore.left);
+        EXPECT_EQ(after.top - before.top, sheetAfter.top - sheetBefore.top);
+    };
+    const Step expectHidden = [&](HWND) {
+        EXPECT_FALSE(first.IsValidationErrorMessageShowing());
+        show();
+    };
+    const Step click = [](HWND box) { ::SetFocus(BalloonProbe::ExpectOne(box)); };
+    const Step hide = [](HWND box) {
+        ::ShowWindow(box, SW_HIDE);
+        ::ShowWindow(box, SW_SHOW); // shown again for the next step
+    };
+    const Step remove = [&](HWND box) {
         EXPECT_TRUE(sheet.SetActivePage(1));
         EXPECT_EQ(BalloonProbe::Find(box).size(), 2u);
         sheet.RemovePage(&second);
-        EXPECT_EQ(BalloonProbe::Find(box).size(), 1u) << "goes with its page";
+        EXPECT_EQ(BalloonProbe::Find(box).size(), 1u) << "destroyed with its page";
         sheet.EndDialog(7);
-    });
-    DialogDriver driver(steps);
+    };
+    DialogDriver driver({move, click, expectHidden, hide, expectHidden, remove});
     EXPECT_EQ(sheet.DoModal(), 7);
 }
 
-TEST(VaskWizard, GoesOnWhenItsPagesAcceptAndAlwaysBack) {
+TEST(VaskWizard, MovesOnWhenItsPagesAcceptAndAlwaysBack) {
     CVaskWizard wizard(_T("Wizard"));
     Page<CVaskWizardPage> first(PAGE_FIRST), second(PAGE_SECOND);
     wizard.AddPage(&first);
@@ -180,31 +163,24 @@ TEST(VaskWizard, GoesOnWhenItsPagesAcceptAndAlwaysBack) {
     const auto press = [&](int button) {
         return [&wizard, button](HWND) { wizard.PressButton(button); };
     };
-    DialogDriver driver(
-        {[&](HWND) { EXPECT_EQ(first.GetWelcomeText(), _T("Welcome to the Wizard")); },
-         press(PSBTN_NEXT),
-         [&](HWND) {
-             EXPECT_EQ(second.GetWelcomeText(), _T("Welcome to the Import"));
-             second.SetDlgItemText(FIELD_NOTE, _T("typed"));
-         },
-         press(PSBTN_BACK),
-         [&](HWND) {
-             EXPECT_EQ(wizard.GetActiveIndex(), 0);
-             EXPECT_EQ(second.m_note, _T("loaded")) << "not taken yet";
-             first.m_isValid = true;
-         },
-         press(PSBTN_NEXT),
-         [&](HWND) { EXPECT_EQ(TextOf(::GetDlgItem(second.m_hWnd, FIELD_NOTE)), _T("typed")); },
-         press(PSBTN_FINISH),
-         [&](HWND) {
-             EXPECT_TRUE(second.IsValidationErrorMessageShowing());
-             second.m_isValid = true;
-         },
-         press(PSBTN_FINISH)});
+    const Step type = [&](HWND) { second.SetDlgItemText(FIELD_NOTE, _T("typed")); };
+    const Step expectBack = [&](HWND) {
+        EXPECT_EQ(wizard.GetActiveIndex(), 0);
+        EXPECT_EQ(first.GetWelcomeText(), _T("Welcome to the Wizard"));
+        EXPECT_EQ(second.m_note, _T("loaded")) << "not taken yet";
+        first.m_isValid = true;
+    };
+    const Step expectRefusal = [&](HWND) {
+        EXPECT_TRUE(second.IsValidationErrorMessageShowing());
+        second.m_isValid = true;
+    };
+    DialogDriver driver({press(PSBTN_NEXT), type, press(PSBTN_BACK), expectBack, press(PSBTN_NEXT),
+                         press(PSBTN_FINISH), expectRefusal, press(PSBTN_FINISH)});
     EXPECT_EQ(wizard.DoModal(), ID_WIZFINISH);
     EXPECT_EQ(first.m_seen, "load states validate save validate save states! ");
     EXPECT_EQ(second.m_seen, "load states validate validate save states! ");
     EXPECT_EQ(second.m_note, _T("typed"));
+    EXPECT_EQ(second.GetWelcomeText(), _T("Welcome to the Import"));
 }
 
 TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
@@ -217,14 +193,14 @@ TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
             sheet.SetWizardMode();
         sheet.AddPage(&page);
         CString buttons;
-        DialogDriver driver({[&](HWND box) {
+        const Step read = [&](HWND box) {
             for (const int id :
                  {IDOK, IDCANCEL, IDHELP, 0x3021, ID_WIZBACK, ID_WIZNEXT, ID_WIZFINISH}) {
                 if (const HWND button = ::GetDlgItem(box, id))
                     buttons += TextOf(button) + _T("|");
             }
-            ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
-        }});
+        };
+        DialogDriver driver({read, Press(VK_ESCAPE)});
         EXPECT_EQ(sheet.DoModal(), IDCANCEL);
         return buttons;
     };
@@ -238,13 +214,11 @@ TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
 TEST(VaskWizard, ShowsItsPagesTitles) {
     struct CWatchedWizard : CVaskWizard {
         using CVaskWizard::CVaskWizard;
-        std::vector<CString> m_sent; // position of a page and its new title
+        CString m_log; // the titles shown, and those sent for a page
         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-            if (message == PSM_SETHEADERTITLEW) {
-                m_sent.emplace_back();
-                m_sent.back().Format(_T("%d %s"), static_cast<int>(wParam),
-                                     reinterpret_cast<const WCHAR*>(lParam));
-            }
+            if (message == PSM_SETHEADERTITLEW)
+                m_log.AppendFormat(_T("sent %d %s, "), static_cast<int>(wParam),
+                                   reinterpret_cast<const WCHAR*>(lParam));
             return CVaskWizard::WindowProc(message, wParam, lParam);
         }
     };
@@ -256,21 +230,17 @@ TEST(VaskWizard, ShowsItsPagesTitles) {
     third.m_strCaption = _T("Ready");
     for (CVaskWizardPage* const page : {&untitled, &second, &third})
         wizard.AddPage(page);
-    std::vector<CString> titles;
-    std::vector<int> tops; // top edges of the pages; lower with a header
+    int plainTop = -1; // of a page without a header
     const auto note = [&](HWND box) {
-        titles.push_back(TextOf(box));
-        tops.push_back(static_cast<int>(PlaceOf(wizard.GetActivePage()->m_hWnd).top));
+        const int top = static_cast<int>(PlaceOf(wizard.GetActivePage()->m_hWnd).top);
+        plainTop = plainTop < 0 ? top : plainTop;
+        wizard.m_log += TextOf(box) + (top > plainTop ? _T(" below a header, ") : _T(", "));
     };
     const auto next = [&](HWND) { wizard.PressButton(PSBTN_NEXT); };
     const auto retitle = [&](HWND) { EXPECT_TRUE(second.SetHeaderTitle(_T("Target"))); };
     DialogDriver driver({note, next, note, retitle, next, note, Press(VK_ESCAPE)});
     EXPECT_EQ(wizard.DoModal(), IDCANCEL);
-    EXPECT_EQ(wizard.m_sent, std::vector<CString>{_T("1 Target")});
-    EXPECT_EQ(titles, (std::vector<CString>{_T("Import"), _T("Second"), _T("Ready")}));
-    ASSERT_EQ(tops.size(), 3u);
-    EXPECT_EQ(tops[0], tops[2]);
-    EXPECT_GT(tops[1], tops[0]);
+    EXPECT_EQ(wizard.m_log, _T("Import, Second below a header, sent 1 Target, Ready, "));
 }
 
 } // namespace

@@ -10,10 +10,6 @@ namespace {
 
 CString g_opened;
 
-int Refuse(const WCHAR*) {
-    return FALSE;
-}
-
 TEST(HelpTarget, OpensOnceForTheButtonAndOnceForTheKey) {
     const quorvel::HelpViewers former = std::exchange(
         quorvel::CurrentHelpViewers(),
@@ -21,6 +17,7 @@ TEST(HelpTarget, OpensOnceForTheButtonAndOnceForTheKey) {
          [](const WCHAR* path) { g_opened += CString(_T("topic ")) + path; }});
     const WCHAR* const address = _T("http://example.com/help");
     const WCHAR* const topic = _T("guide.chm::/start.htm");
+    const auto refuse = [](const WCHAR*) -> int { return FALSE; };
     const auto press = [](HWND box) { Click(box, IDHELP); };
     const auto key = [](HWND box) {
         HELPINFO info = {};
@@ -31,7 +28,7 @@ TEST(HelpTarget, OpensOnceForTheButtonAndOnceForTheKey) {
         rows[] = {
             {"address, button", address, nullptr, press, CString(_T("link ")) + address},
             {"topic, key", topic, nullptr, key, CString(_T("topic ")) + topic},
-            {"the host refuses the link", address, Refuse, press, CString()},
+            {"the host refuses the link", address, refuse, press, CString()},
             {"no target", nullptr, nullptr, press, CString()},
         };
     for (const auto& [label, target, hook, ask, opened] : rows) {
