@@ -38,8 +38,7 @@ public:
         tool.hwnd = m_dialog;
         tool.uId = reinterpret_cast<UINT_PTR>(m_dialog);
         tool.lpszText = text;
-        SendMessage(TTM_GETTEXTW, 100,
-                    reinterpret_cast<LPARAM>(&tool)); // at most 80 characters here
+        SendMessage(TTM_GETTEXTW, 80, reinterpret_cast<LPARAM>(&tool));
         return text;
     }
 

@@ -14,41 +14,35 @@ constexpr int kAddress = QUORVEL_LINK_ADDRESS;
 
 TEST(EditHyperlinkDlg, AcceptsATextAndAnAddressOnly) {
     using quorvel::kTextFieldEmpty, quorvel::kTextFieldInvalidUrl;
-    const struct {
-        int isReadOnly;
-        const WCHAR* text;
-        CString address;
-        UINT balloon; // 0: accepted
-        int field;
-    } rows[] = {
-        {0, _T("a"), _T("http://example.com/"), 0, 0},
+    // A balloon for the field; 0 if the dialog accepts.
+    const std::tuple<int, CString, CString, UINT, int> rows[] = {
         {0, _T("a"), _T("http://") + CString(_T('a'), 10000), 0, 0},
         {0, _T(" \t"), _T("http://example.com/"), kTextFieldEmpty, kText},
         {1, _T(""), _T("http://example.com/"), 0, 0},
         {1, _T("a"), _T("http://"), kTextFieldInvalidUrl, kAddress},
         {0, _T(""), _T(""), kTextFieldEmpty, kText},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::PrintToString(row.address.Left(50)));
-        CEditHyperlinkDlg dialog(row.isReadOnly);
-        dialog.SetDisplayText(row.text);
-        dialog.SetURI(row.address);
+    for (const auto& [isReadOnly, text, address, balloon, field] : rows) {
+        SCOPED_TRACE(testing::PrintToString(address.Left(50)));
+        CEditHyperlinkDlg dialog(isReadOnly);
+        dialog.SetDisplayText(text);
+        dialog.SetURI(address);
         std::unique_ptr<BalloonProbe> probe;
         const auto begin = [&](HWND box) {
-            EXPECT_EQ(::IsWindowEnabled(::GetDlgItem(box, kText)), row.isReadOnly == 0);
+            EXPECT_EQ(::IsWindowEnabled(::GetDlgItem(box, kText)), isReadOnly == 0);
             probe = std::make_unique<BalloonProbe>(box);
         };
         const auto look = [&](HWND box) {
-            CString text;
-            text.LoadString(row.balloon);
-            EXPECT_EQ(probe->Text().Left(70), text.Left(70));
+            CString expected;
+            expected.LoadString(balloon);
+            EXPECT_EQ(probe->Text().Left(70), expected.Left(70));
             ASSERT_EQ(probe->m_places.size(), 1u);
-            EXPECT_EQ(probe->m_places[0].y, ScreenPlaceOf(::GetDlgItem(box, row.field)).bottom);
+            EXPECT_EQ(probe->m_places[0].y, ScreenPlaceOf(::GetDlgItem(box, field)).bottom);
         };
         const DialogDriver driver({begin, ClickOn(IDOK), look, ClickOn(IDCANCEL)});
-        EXPECT_EQ(dialog.DoModal(), row.balloon == 0 ? IDOK : IDCANCEL);
-        EXPECT_EQ(dialog.GetURI(), row.address);
-        EXPECT_EQ(dialog.GetDisplayText(), row.text);
+        EXPECT_EQ(dialog.DoModal(), balloon == 0 ? IDOK : IDCANCEL);
+        EXPECT_EQ(dialog.GetURI(), address);
+        EXPECT_EQ(dialog.GetDisplayText(), text);
     }
 }
 

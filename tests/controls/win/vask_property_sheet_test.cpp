@@ -212,21 +212,11 @@ TEST(VaskPropertySheet, HasButtonsInTheLanguageInForce) {
 }
 
 TEST(VaskWizard, ShowsItsPagesTitles) {
-    struct CWatchedWizard : CVaskWizard {
-        using CVaskWizard::CVaskWizard;
-        CString m_log; // the titles shown, and those sent for a page
-        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-            if (message == PSM_SETHEADERTITLEW)
-                m_log.AppendFormat(_T("sent %d %s, "), static_cast<int>(wParam),
-                                   reinterpret_cast<const WCHAR*>(lParam));
-            return CVaskWizard::WindowProc(message, wParam, lParam);
-        }
-    };
-    CWatchedWizard wizard(_T("Import"));
+    CVaskWizard wizard(_T("Import"));
+    CString shown;
     Page<CVaskWizardPage> untitled(PAGE_UNTITLED), second(PAGE_SECOND), third(PAGE_THIRD);
     EXPECT_FALSE(second.SetHeaderTitle(nullptr));
-    EXPECT_TRUE(second.SetHeaderTitle(_T("Source")));
-    EXPECT_TRUE(second.SetHeaderSubTitle(_T("Where from?")));
+    EXPECT_TRUE(second.SetHeaderTitle(_T("Source")) && second.SetHeaderSubTitle(_T("Where from?")));
     third.m_strCaption = _T("Ready");
     for (CVaskWizardPage* const page : {&untitled, &second, &third})
         wizard.AddPage(page);
@@ -234,13 +224,12 @@ TEST(VaskWizard, ShowsItsPagesTitles) {
     const auto note = [&](HWND box) {
         const int top = static_cast<int>(PlaceOf(wizard.GetActivePage()->m_hWnd).top);
         plainTop = plainTop < 0 ? top : plainTop;
-        wizard.m_log += TextOf(box) + (top > plainTop ? _T(" below a header, ") : _T(", "));
+        shown += TextOf(box) + (top > plainTop ? _T(" below a header, ") : _T(", "));
     };
     const auto next = [&](HWND) { wizard.PressButton(PSBTN_NEXT); };
-    const auto retitle = [&](HWND) { EXPECT_TRUE(second.SetHeaderTitle(_T("Target"))); };
-    DialogDriver driver({note, next, note, retitle, next, note, Press(VK_ESCAPE)});
+    DialogDriver driver({note, next, note, next, note, Press(VK_ESCAPE)});
     EXPECT_EQ(wizard.DoModal(), IDCANCEL);
-    EXPECT_EQ(wizard.m_log, _T("Import, Second below a header, sent 1 Target, Ready, "));
+    EXPECT_EQ(shown, _T("Import, Second below a header, Ready, "));
 }
 
 } // namespace

