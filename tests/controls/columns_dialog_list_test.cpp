@@ -45,7 +45,6 @@ TEST(ColumnsDialog, EditsACopyUntilItIsSaved) {
     };
     ExpectCases<CString>({
         CASE((begin(), edited(true)), _T("+D40 +A10 +C30 -B20 -E100 ")),
-        CASE(saved(), _T("D40 A10 C30 (B20 E-1 )by 3")),
         CASE(edited(begin().MoveUp(3) && dialog->MoveDown(0)), _T("+A10 +D40 -B20 +C30 -E100 ")),
         CASE(edited(dialog->MoveUp(0) || dialog->MoveDown(4) || dialog->MoveUp(5) ||
                     dialog->MoveDown(-1)),
@@ -65,11 +64,11 @@ TEST(ColumnsDialog, NeverLeavesTheListWithoutColumns) {
     SimulatedList list(2);
     list.columns.Show(1, false);
     list.columns.SetSort(0, true);
+    ColumnsDialogList dialog(list.columns, list.view);
+    EXPECT_TRUE(dialog.Check(0, false) && !dialog.IsValid() && dialog.Check(1, true));
     list.view.m_onDeleteSortColumn = [&] {
         EXPECT_EQ(list.columns.GetLeftToRightTrueColumn(0), 1) << "to sort by";
     };
-    ColumnsDialogList dialog(list.columns, list.view);
-    EXPECT_TRUE(dialog.Check(0, false) && !dialog.IsValid() && dialog.Check(1, true));
     dialog.Save();
     EXPECT_EQ(list.Text(), _T("B20 (A10 )"));
 }

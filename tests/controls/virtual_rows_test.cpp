@@ -118,9 +118,6 @@ TEST(VirtualRows, CarrySelectionAndFocusAlong) {
     r.Select(3, 2, true);
     r.Select(-5, -1, true);
     EXPECT_EQ(list->Text(), _T("b0 a1* b2! a3* c4 "));
-    r.Select(1, 4, false);
-    r.Select(0, 0, true);
-    EXPECT_TRUE(r.CanMoveSelectedDown() && !r.CanMoveSelectedUp());
 }
 
 // Compares with a plain vector of marked items, over several blocks.

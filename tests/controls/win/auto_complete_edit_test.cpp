@@ -1,7 +1,6 @@
 // The edit control that offers earlier texts, bound to the platform's auto-completion.
 #include <quorvel/controls/win/auto_complete_edit.h>
 #include <quorvel/controls/win/vask_dialog.h>
-#include <quorvel/framework/win/data_exchange.h>
 
 #include "controls/win/dialog_ids.h"
 #include "support/registry.h"
@@ -10,22 +9,9 @@
 
 namespace {
 
-class AutoCompleteEdit : public testing::Test {
-protected:
-    AutoCompleteEdit() {
-        EXPECT_GE(::CoInitialize(nullptr), 0);
-        m_parent = ::CreateWindowExW(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 200, 80,
-                                     nullptr, nullptr, nullptr, nullptr);
-    }
-    ~AutoCompleteEdit() override {
-        ::DestroyWindow(m_parent);
-        ::CoUninitialize();
-    }
-    HWND NewWindow() const {
-        return ::CreateWindowExW(0, _T("Edit"), nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 100, 20,
-                                 m_parent, nullptr, nullptr, nullptr);
-    }
-    HWND m_parent;
+struct AutoCompleteEdit : testing::Test {
+    AutoCompleteEdit() { EXPECT_GE(::CoInitialize(nullptr), 0); }
+    ~AutoCompleteEdit() override { ::CoUninitialize(); }
 };
 
 TEST_F(AutoCompleteEdit, IsBoundWhenItIsSubclassed) {
@@ -35,9 +21,11 @@ TEST_F(AutoCompleteEdit, IsBoundWhenItIsSubclassed) {
     EXPECT_FALSE(edit.EnableAutoCompletion(TRUE));
     EXPECT_FALSE(edit.AddActiveTextToMRUList()) << "without a window";
 
-    const HWND window = NewWindow();
-    ::SetWindowTextW(window, _T("typed"));
-    EXPECT_TRUE(edit.SubclassWindow(window));
+    const auto createWindow = [] {
+        return ::CreateWindowExW(0, _T("Edit"), _T("typed"), WS_POPUP | WS_VISIBLE, 0, 0, 100, 20,
+                                 nullptr, nullptr, nullptr, nullptr);
+    };
+    EXPECT_TRUE(edit.SubclassWindow(createWindow()));
     EXPECT_TRUE(edit.IsAutoCompleteObjectValid() && edit.GetOptions(options));
     EXPECT_EQ(options, DWORD{CAutoCompleteEdit::DEFAULT_OPTIONS});
     const TestKey key;
@@ -46,31 +34,12 @@ TEST_F(AutoCompleteEdit, IsBoundWhenItIsSubclassed) {
     EXPECT_TRUE(edit.AddActiveTextToMRUList() && edit.SaveState(path) && other.LoadState(path));
     EXPECT_TRUE(other.RemoveMRUListEntry(_T("typed")) && !edit.SaveState(CRegistryPath()));
     EXPECT_TRUE(edit.EnableAutoCompletion(FALSE));
-    ::DestroyWindow(window);
+    edit.DestroyWindow();
     EXPECT_FALSE(edit.IsAutoCompleteObjectValid());
-    EXPECT_TRUE(edit.SubclassWindow(NewWindow()));
+    EXPECT_TRUE(edit.SubclassWindow(createWindow()));
     EXPECT_TRUE(edit.IsAutoCompletionEnabled()) << "bound anew";
     EXPECT_TRUE(edit.IsMRUListValid()) << "the list outlives the window";
 }
-
-class CServerDlg : public CVaskDialog {
-public:
-    CServerDlg() : CVaskDialog(DIALOG_NAME) {}
-
-protected:
-    void DoDataExchange(CDataExchange* exchange) override {
-        CVaskDialog::DoDataExchange(exchange);
-        DDX_Control(exchange, FIELD_NAME, m_server);
-    }
-    BOOL LoadData() override {
-        for (const WCHAR* const text : {_T("other"), _T("files.org"), _T("files.com")})
-            m_server.AddMRUListEntry(text);
-        return TRUE;
-    }
-
-private:
-    CAutoCompleteEdit m_server;
-};
 
 // The text of the field, and the number of rows in the drop-down list while it is shown.
 std::string StateOf(HWND box) {
@@ -95,11 +64,16 @@ TEST_F(AutoCompleteEdit, ClosesItsDropDownBeforeItsDialog) {
     };
     // The state after each key but the last, and how the dialog ends.
     const auto press = [](const std::vector<DialogDriver::Step>& keys) {
-        CServerDlg dialog;
-        std::vector<DialogDriver::Step> steps;
+        CVaskDialog dialog(DIALOG_NAME);
+        CAutoCompleteEdit server;
+        std::vector<DialogDriver::Step> steps = {[&](HWND) {
+            server.SubclassDlgItem(FIELD_NAME, &dialog);
+            for (const WCHAR* const text : {_T("other"), _T("files.org"), _T("files.com")})
+                server.AddMRUListEntry(text);
+        }};
         std::string states;
         for (const DialogDriver::Step& key : keys) {
-            if (!steps.empty())
+            if (steps.size() > 1)
                 steps.push_back([&](HWND box) { states += StateOf(box) + ", "; });
             steps.push_back(key);
         }

@@ -150,22 +150,21 @@ TEST(RecentFilesMenu, ShowsTheFilesOrTheText) {
     CMenu menu;
     menu.CreatePopupMenu();
     menu.AppendMenu(MF_STRING, 7, _T("old"));
-    const auto text = [&menu](UINT position) {
-        CString item;
-        menu.GetMenuString(position, item, MF_BYPOSITION);
-        return item;
-    };
     CRecentFiles files(12);
-    AfxShowRecentFiles(menu, files, 300, _T("(none)"));
-    EXPECT_EQ(text(0), _T("(none)"));
-    EXPECT_NE(menu.GetMenuState(300, MF_BYCOMMAND) & MF_GRAYED, 0u);
+    const auto item = [&](int position) {
+        AfxShowRecentFiles(menu, files, 300, _T("(none)"));
+        const UINT id = menu.GetMenuItemID(position);
+        CString text;
+        menu.GetMenuString(id, text, MF_BYCOMMAND);
+        text.AppendFormat(_T(" %u"), id);
+        return text +
+               ((menu.GetMenuState(id, MF_BYCOMMAND) & MF_GRAYED) != 0 ? _T(" grey") : _T(""));
+    };
+    EXPECT_EQ(item(0), _T("(none) 300 grey"));
     for (WCHAR letter = 'j'; letter > 'a'; --letter)
         files.Add(CString(letter));
     files.Add(_T("A & B"));
-    AfxShowRecentFiles(menu, files, 300, _T("(none)"));
-    ExpectCases<CString>(
-        {CASE(text(0), _T("&1 A && B")), CASE(text(8), _T("&9 i")), CASE(text(9), _T("10 j"))});
-    EXPECT_EQ(menu.GetMenuItemID(9), 309u);
+    ExpectCases<CString>({CASE(item(0), _T("&1 A && B 300")), CASE(item(9), _T("10 j 309"))});
 }
 
 } // namespace
