@@ -77,8 +77,6 @@ TEST(SchemeStorage, ReportsRowsAndImportsNothingByHalves) {
     // The text, its problems, and the scheme without the faulty rows; null when nothing is left.
     const std::tuple<CString, const char*, const char*> rows[] = {
         {in(_T("")), "", "100 Open C79; 200 Close -; 300 Save C83"},
-        {in(_T("<shortcut command='200' key='F5'/>")), "",
-         "100 Open C79; 200 Close 116; 300 Save C83"},
         {in(_T("<shortcut command='200' code='116' modifiers='2'/>")), "",
          "100 Open C79; 200 Close C116; 300 Save C83"},
         {in(_T("<shortcut command='100'/><x/><shortcut command='300' key='ctrl+o'/>")), "",

@@ -44,11 +44,10 @@ TEST(ApplicationDataFolders, NamesFollowTheRootOneBelowTheOther) {
         EXPECT_EQ(Root(root) + Native(_T("/Company/Product/1.2/")), Get(folders, version, 2));
         EXPECT_EQ(Root(root), Get(Folders(), version));
     }
+    const CString root = Root(CSIDL_APPDATA);
     const Folders odd(_T("a\\..\\b"), _T("\\c"), _T(".\\d")), slash(_T("a"), _T("\\"), _T(""));
-    const Member version = &Folders::GetUserProductVersionFolder;
-    EXPECT_EQ(Root(CSIDL_APPDATA) + Native(_T("/b/c/d")), Get(odd, version));
-    EXPECT_EQ(Root(CSIDL_APPDATA) + Native(_T("/a")), Get(slash, version))
-        << "names of separators alone";
+    EXPECT_EQ(root + Native(_T("/b/c/d")), Get(odd, &Folders::GetUserProductVersionFolder));
+    EXPECT_EQ(root + Native(_T("/a")), Get(slash, &Folders::GetUserProductVersionFolder));
 }
 
 TEST(ApplicationDataFolders, APathThatDoesNotFitLeavesTheOutputAlone) {
