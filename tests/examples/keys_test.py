@@ -7,7 +7,7 @@
 import shutil
 import sys
 
-from harness import check, finish, own_folder, read, run, write_all
+from harness import finish, own_folder, run, write_all
 
 SHEET = b"""MAIN
 
@@ -20,12 +20,6 @@ Save As...  F2
 
 """
 DAMAGED = b"keys.dll: 1 damaged tables and menus are left out\n"
-EXPORTED = """<?xml version="1.0" encoding="utf-8"?><shortcuts format="1" name="MAIN">
-<shortcut command="100" key="Ctrl+S" code="83" modifiers="2"/>
-<shortcut command="101" key="Ctrl+F5" code="116" modifiers="2"/>
-<shortcut command="102" key="Shift+A" code="65" modifiers="1"/>
-</shortcuts>
-"""
 FILES = {
     "mine.xml": b'<?xml version="1.0" encoding="utf-8"?><shortcuts format="1">'
                 b'<shortcut command="101" key="Ctrl+S"/></shortcuts>',
@@ -39,6 +33,7 @@ RUNS = [
     ("conflicts --table MAIN keys.dll", 0, DAMAGED + b"MAIN: 102: Shift+A types the character A, "
      b"which could no longer be entered in text fields.\n", None),
     ("export --table MAIN keys.dll out.xml", 0, DAMAGED, None),
+    ("compare --table MAIN keys.dll out.xml", 0, DAMAGED, None),
     ("compare out.xml mine.xml", 1, b"100: Ctrl+S -> no key\n101: Ctrl+F5 -> Ctrl+S\n"
      b"102: Shift+A -> no key\n", None),
     ("import --table MAIN keys.dll mine.xml", 0, DAMAGED + b"MAIN\n\nCommand  Shortcut Key\n"
@@ -58,5 +53,4 @@ with own_folder():
     write_all(FILES)
     for arguments, code, out, error in RUNS:
         run(program, arguments.split(), code, out, error)
-    check(read("out.xml").decode().replace("\r\n", "\n") == EXPORTED, f"exported {read('out.xml')}")
 finish()

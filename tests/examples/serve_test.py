@@ -4,13 +4,13 @@
     serve_test.py [LAUNCHER...] PROGRAM
 """
 
+import concurrent.futures
 import os
 import signal
 import socket
 import struct
 import subprocess
 import sys
-import threading
 import time
 
 from harness import check, finish, own_folder, run, write_all
@@ -52,16 +52,6 @@ def check_answer(port, request, status, body):
     check(body is None or b"Content-Length: %d" % len(got or BIG) in head, f"{request}: another length: {head}")
 
 
-def check_clients_at_once(port):
-    silent = [connect(port) for _ in range(20)]
-    threads = [threading.Thread(target=check_answer, args=(port, *ANSWERS[1])) for _ in range(20)]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    return silent  # still open when the server ends
-
-
 def check_crowd(port, server, handles):
     """Clients that connect while the server is stopped, or reset an answer, leak nothing."""
     with open("site/huge", "wb") as file:
@@ -95,11 +85,12 @@ def main(program):
         address = server.stdout.readline().decode().strip()
         check(address.startswith("http://127.0.0.1:"), f"the first line is {address}")
         port = int(address.strip("/").split(":")[-1])
-        for request, status, body in ANSWERS:
-            check_answer(port, request, status, body)
+        silent = [connect(port) for _ in range(20)]  # still open when the server ends
+        with concurrent.futures.ThreadPoolExecutor() as clients:
+            for done in [clients.submit(check_answer, port, *row) for row in ANSWERS + 20 * [ANSWERS[1]]]:
+                done.result()
         if not program[-1].endswith(".exe"):  # its launcher would be a different process
             check_crowd(port, server, f"/proc/{server.pid}/fd")
-        silent = check_clients_at_once(port)
         for arguments, code in ["--port 70000 .", 2], ["none", 1], [f"--port {port} .", 1]:
             run(program, arguments.split(), code, error=" ", stdin=subprocess.DEVNULL)
         server.stdin.close()

@@ -2,12 +2,9 @@
 #include <quorvel/net/http_file_socket.h>
 
 #include "net/socket_peer.h"
-#include "platform/win32.h"
 #include "support/temporary_folder.h"
-#include "support/test.h"
 
 #include <regex>
-#include <thread>
 
 namespace {
 

@@ -1,13 +1,10 @@
 // Event-driven sockets: their statuses, handlers and ends, over loopback.
 #include <quorvel/framework/exceptions.h>
-#include <quorvel/net/vask_socket.h>
 #include <quorvel/net/winsock_error_text.h>
 #include <quorvel/res/message_ids.h>
 
 #include "net/socket_peer.h"
-#include "platform/win32.h"
 #include "support/message_box_recorder.h"
-#include "support/test.h"
 
 #include <cstring>
 

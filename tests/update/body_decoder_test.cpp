@@ -5,7 +5,6 @@
 namespace {
 
 using quorvel::BodyDecoder;
-typedef BodyDecoder::Outcome Outcome;
 
 // "abc" and 1,000 zeros as gzip.
 const std::string kAbc("\x1f\x8b\x08\0\0\0\0\0\x02\x03\x4b\x4c\x4a\x06\0\xc2\x41\x24\x35\x03\0\0\0",
@@ -17,37 +16,36 @@ const std::string kZeros("\x1f\x8b\x08\0\0\0\0\0\x02\x03\x33\x30\x18\x05\xa3\x60
 TEST(BodyDecoder, TakesTheCodingsOffOrSaysWhatIsWrong) {
     const std::string chunked = "transfer-encoding: , Chunked\r\n";
     const std::string gzip = "Content-Encoding: gzip\r\n";
-    const Outcome complete = Outcome::Complete, incomplete = Outcome::Incomplete,
-                  damaged = Outcome::Damaged;
-    const std::tuple<std::string, std::string, Outcome, std::string> rows[] = {
+    using enum BodyDecoder::Outcome;
+    const std::tuple<std::string, std::string, BodyDecoder::Outcome, std::string> rows[] = {
         // With and without a length
-        {"", "abc", complete, "abc"},
-        {"Content-Length: 3x\r\nContent-Encoding: identity\r\n", "abc", complete, "abc"},
-        {"content-length: 3\r\n", "abcd", complete, "abc"},
-        {"Content-Length: 4\r\n", "abc", incomplete, "abc"},
+        {"", "abc", Complete, "abc"},
+        {"Content-Length: 3x\r\nContent-Encoding: identity\r\n", "abc", Complete, "abc"},
+        {"content-length: 3\r\n", "abcd", Complete, "abc"},
+        {"Content-Length: 4\r\n", "abc", Incomplete, "abc"},
         // Chunked
         {chunked + "Content-Length: 1\r\n",
-         "3;x=\"y\"\r\nabc\r\n00A \r\n0123456789\r\n0\r\nX: y\r\n\r\nno more", complete,
+         "3;x=\"y\"\r\nabc\r\n00A \r\n0123456789\r\n0\r\nX: y\r\n\r\nno more", Complete,
          "abc0123456789"},
-        {chunked, "2\nab\n0\n", complete, "ab"},
-        {chunked, "2\r\nab\r\n", incomplete, "ab"},
-        {chunked, "2\r\na", incomplete, "a"},
-        {chunked, "2\r\nabc\r\n0\r\n\r\n", damaged, "ab"},
-        {chunked, "x\r\n", damaged, ""},
-        {chunked, "10000000000000000\r\nab", damaged, ""},
+        {chunked, "2\nab\n0\n", Complete, "ab"},
+        {chunked, "2\r\nab\r\n", Incomplete, "ab"},
+        {chunked, "2\r\na", Incomplete, "a"},
+        {chunked, "2\r\nabc\r\n0\r\n\r\n", Damaged, "ab"},
+        {chunked, "x\r\n", Damaged, ""},
+        {chunked, "10000000000000000\r\nab", Damaged, ""},
         // Gzip
-        {gzip, kAbc + kAbc, complete, "abcabc"},
-        {gzip, kAbc.substr(0, 22), incomplete, "abc"},
-        {gzip, "abc", damaged, ""},
-        {gzip, "", incomplete, ""},
-        {gzip, kZeros, Outcome::TooLong, ""},
-        {"Transfer-Encoding: X-GZIP, chunked\r\n", "17\r\n" + kAbc + "\r\n0\r\n\r\n", complete,
+        {gzip, kAbc + kAbc, Complete, "abcabc"},
+        {gzip, kAbc.substr(0, 22), Incomplete, "abc"},
+        {gzip, "abc", Damaged, ""},
+        {gzip, "", Incomplete, ""},
+        {gzip, kZeros, TooLong, ""},
+        {"Transfer-Encoding: X-GZIP, chunked\r\n", "17\r\n" + kAbc + "\r\n0\r\n\r\n", Complete,
          "abc"},
         // Unsupported encodings
-        {"Transfer-Encoding: chunked, gzip\r\n", "3\r\nabc\r\n0\r\n\r\n", damaged, ""},
-        {"Content-Encoding: chunked\r\n", "3\r\nabc\r\n0\r\n\r\n", damaged, ""},
-        {"Content-Encoding: gzip, gzip\r\n", kAbc, damaged, ""},
-        {"Content-Encoding: br\r\n", "abc", damaged, ""},
+        {"Transfer-Encoding: chunked, gzip\r\n", "3\r\nabc\r\n0\r\n\r\n", Damaged, ""},
+        {"Content-Encoding: chunked\r\n", "3\r\nabc\r\n0\r\n\r\n", Damaged, ""},
+        {"Content-Encoding: gzip, gzip\r\n", kAbc, Damaged, ""},
+        {"Content-Encoding: br\r\n", "abc", Damaged, ""},
     };
     for (const auto& [fields, body, outcome, expected] : rows) {
         CHttpHeader header;
@@ -62,7 +60,7 @@ TEST(BodyDecoder, TakesTheCodingsOffOrSaysWhatIsWrong) {
             for (std::size_t at = 0; at < body.size(); at += piece)
                 decoder.Add(body.data() + at, std::min(piece, body.size() - at));
             EXPECT_EQ(outcome, decoder.GetOutcome());
-            if (outcome != Outcome::TooLong && outcome != damaged) {
+            if (outcome != TooLong && outcome != Damaged) {
                 EXPECT_EQ(expected, decoded);
             }
         }

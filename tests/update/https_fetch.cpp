@@ -6,7 +6,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <string>
 #include <thread>
 
 namespace {
@@ -28,14 +28,14 @@ int main(int argc, char** argv) {
     request.url = CString(argv[1]);
     request.fileName = CString(argv[2]);
     request.bodyLimit = 1 << 30;
-    const char* const option = argc > 3 ? argv[3] : "";
+    const std::string option = argc > 3 ? argv[3] : "";
     const int time = argc > 4 ? std::atoi(argv[4]) : 0;
-    request.headerOnly = std::strcmp(option, "--head") == 0;
+    request.headerOnly = option == "--head";
     CHttpsUpdateTransport transport;
-    if (std::strcmp(option, "--stall") == 0)
+    if (option == "--stall")
         transport.SetTimeOuts(static_cast<DWORD>(time), static_cast<DWORD>(time));
     transport.Start(request);
-    if (std::strcmp(option, "--cancel") == 0) {
+    if (option == "--cancel") {
         Await(transport, milliseconds(time));
         const auto begin = steady_clock::now();
         transport.Cancel();

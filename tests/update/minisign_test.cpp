@@ -1,39 +1,29 @@
-// The keys and signatures were made by minisign 0.11.
+// The keys and signatures in the seeds were made by minisign 0.11.
 #include "update/minisign.h"
-
-#include <quorvel/framework/string.h>
 
 #include "support/temporary_folder.h"
 #include "support/test.h"
+
+#include <fstream>
+#include <iterator>
 
 namespace {
 
 using namespace quorvel::minisign;
 
-const std::string kKeyLine = "RWS/Khd8ASra5MzNYt/64RQe2AzAHYstVTQMYPHqRNbkKpmrGz9jG4En";
-const std::string kKey = "untrusted comment: minisign public key E4DA2A017C172ABF\n" + kKeyLine;
-const std::string kBody = "1.2.3.5";
-const std::string kFirst =
-    "RUS/Khd8ASra5Bij1WoHiXjeATZ7hpCBIctshqZpLaiR/8e88KOi/xl+zDS97iUa68FDhVc/"
-    "qhJTgybhG+O413VvpVrizFr5Eg0=\n";
-const std::string kComment = "trusted comment: timestamp:1710232200 file:v.txt serial:7\n";
-const std::string kSecond =
-    "N724wtChdpPYAw2NcTSzbxTj/iEI0q297iDyVrWHbeo/7G8ibVfRaFXjQIoC8cA2LYj8xMN2"
-    "GRKmAkNx9H0+AA==\n";
-const std::string kUntrusted = "untrusted comment: signature from minisign secret key\n";
-const std::string kSignature = kUntrusted + kFirst + kComment + kSecond;
-const std::string kLegacy =
-    kUntrusted +
-    "RWS/Khd8ASra5FZPD83eFFM4J6F+yg+KWOUoVDgcvtWstb1dJkchvYSI8JUUTFJZV6pgIkIlAtgrn7lPs1HCeRkJvepq"
-    "pCjN2g4=\n" +
-    kComment +
-    "hOTkDvfhr5oqjFaa0FH8zUpQmZc1oAIVHaUtHDR4EK1Q4HyoaIKaaemUsbowV9aLJYPP3ubnu2LozERQNsRTCw==\n";
-
-std::string WithCrLf(std::string text) {
-    for (std::size_t at = 0; (at = text.find('\n', at)) != text.npos; at += 2)
-        text.insert(at, 1, '\r');
-    return text;
+// The seeds of the fuzz target.
+std::string Seed(const char* name) {
+    std::ifstream file(QUORVEL_MINISIGN + std::string("/") + name, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
 }
+
+const std::string kKeyLine = Seed("key_line").substr(0, 56), kKey = Seed("key");
+const std::string kSignature = Seed("signature"), kBody = "1.2.3.5";
+// The lines of the signature.
+const std::string kUntrusted = "untrusted comment: signature from minisign secret key\n";
+const std::string kFirst = kSignature.substr(kUntrusted.size(), 101);
+const std::string kComment = "trusted comment: timestamp:1710232200 file:v.txt serial:7\n";
+const std::string kSecond = kSignature.substr(kUntrusted.size() + 101 + kComment.size());
 
 class Minisign : public testing::Test {
 protected:
@@ -63,10 +53,10 @@ TEST_F(Minisign, OneProperFormOfKeysAndSignaturesIsAccepted) {
     const std::tuple<const char*, std::string, std::string, const char*> rows[] = {
         {"minisign's own", kKey, kSignature, "good"},
         {"the key's line alone", kKeyLine, kSignature, "good"},
-        {"line ends of Windows", WithCrLf(kKey + "\n"), WithCrLf(kSignature), "good"},
+        {"line ends of Windows", kKeyLine + "\r\n", Seed("crlf"), "good"},
         {"no line end at the end", kKeyLine + "\n", kSignature.substr(0, kSignature.size() - 1),
          "good"},
-        {"the older form", kKey, kLegacy, "none"},
+        {"the older form", kKey, Seed("older_form"), "none"},
         {"another form of base64", kKey, kUntrusted + sameBits + rest, "none"},
         {"a blank in base64", kKey, kUntrusted + " " + kFirst + rest, "none"},
         {"twice", kKey, kSignature + kSignature, "none"},

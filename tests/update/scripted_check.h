@@ -2,6 +2,7 @@
 // server is the test.
 #pragma once
 
+#include <quorvel/frame/module.h>
 #include <quorvel/system/registry_path.h>
 #include <quorvel/update/check_for_updates_profile.h>
 #include <quorvel/update/check_for_updates_view.h>
@@ -14,8 +15,8 @@
 #include "support/test.h"
 #include "update/update_flow.h"
 
-#include <cstdio>
 #include <filesystem>
+#include <fstream>
 
 inline std::string Narrow(const CString& text) {
     return CStringA(text.GetString()).GetString();
@@ -34,12 +35,22 @@ inline std::string Listing(const std::string& date, const std::string& items = "
     return "<?xml version='1.0'?><rss><channel><lastBuildDate>" + date + "</lastBuildDate>" +
            items + "</channel></rss>";
 }
+inline const std::string kOldListing = Listing("2024-01-01");
 inline const std::string kNotFound =
     "The server has not found anything that matches the requested URI.";
 inline const std::string kIncomplete = "The server's answer is incomplete. Please try again later.";
 inline std::string ErrorBox(const std::string& cause) {
     return "(30) An error has occurred while checking for updates.\r\n\r\n" + cause;
 }
+
+// The text of a message box after its type.
+inline std::string BoxLine(const CString& text, UINT type) {
+    CString line;
+    line.Format(_T("(%02x) "), type);
+    return Narrow(line + text);
+}
+
+typedef CCheckForUpdatesView View;
 
 class RecordingView : public CCheckForUpdatesView {
 public:
@@ -60,9 +71,7 @@ public:
         Note(std::to_string(listing.GetItems().size()) + " entries");
     }
     int ShowMessage(const WCHAR* text, UINT type) override {
-        char kind[16];
-        std::snprintf(kind, sizeof kind, "(%02x) ", type);
-        Note(kind + Narrow(text));
+        Note(BoxLine(text, type));
         if (m_onMessage)
             std::exchange(m_onMessage, nullptr)();
         return m_answer;
@@ -134,9 +143,7 @@ public:
         m_reader.Add(bytes.data(), bytes.size(), m_header);
         if (m_request.headerOnly)
             return;
-        std::FILE* const file = std::fopen(CStringA(m_request.localFile.GetString()), "ab");
-        std::fwrite(bytes.data(), 1, bytes.size(), file);
-        std::fclose(file);
+        std::ofstream(CStringA(m_request.localFile), std::ios::binary | std::ios::app) << bytes;
     }
 
     quorvel::UpdateRequest m_request;
@@ -218,18 +225,17 @@ public:
     int m_count = 0; // of all connections
 };
 
-// The environment of a check: settings with an address, and private folders, including the one for
-// temporary files.
+// The environment of a check: settings with an address, a local listing, and private folders,
+// including the one for temporary files.
 class CheckSurroundings {
 public:
     CheckSurroundings() : m_variable(kTemporaryVariable, CStringA(m_temporary.Path().GetString())) {
         AfxWriteProfileCheckForUpdatesURL(path, _T("http://host.example/updates.xml"));
+        folder.Write(_T("local.xml"), kOldListing);
     }
+    ~CheckSurroundings() { QuorvelSetOpenExternalLinkCallback(nullptr); }
 
-    bool HasTemporaryFiles() const {
-        return !std::filesystem::is_empty(
-            std::filesystem::path(std::basic_string<WCHAR>(m_temporary.Path().GetString())));
-    }
+    bool HasTemporaryFiles() const { return !std::filesystem::is_empty(Wide(m_temporary.Path())); }
 
     std::string LocalFile() const { return folder.Read(_T("local.xml")); }
 

@@ -1,10 +1,8 @@
 #include "update/update_check.h"
 
 #include <quorvel/frame/exception_text.h>
-#include <quorvel/frame/module.h>
 
 #include "support/date_time.h"
-#include "support/test.h"
 #include "update/scripted_check.h"
 
 #include <algorithm>
@@ -12,10 +10,9 @@
 namespace {
 
 using namespace quorvel;
-typedef CCheckForUpdatesView View;
 
 const COleDateTime kListed(2024, 3, 12, 8, 30, 0);
-const std::string kOld = Listing("2024-01-01"), kNew = Listing("2024-03-12", "<item/><item/>");
+const std::string kNew = Listing("2024-03-12", "<item/><item/>");
 const std::string kResponse = Response(kNew, LengthField(kNew.size()));
 std::string Error(const std::string& cause) {
     return ErrorBox(cause + "\n");
@@ -30,11 +27,9 @@ const std::string kDownloading = "[large pane]\nConnecting to updates server...\
 class Check : public testing::Test, protected CheckSurroundings {
 protected:
     Check() {
-        folder.Write(_T("local.xml"), kOld);
         check.Open();
         view.Take();
     }
-    ~Check() override { QuorvelSetOpenExternalLinkCallback(nullptr); }
     COleDateTime LastModified() const { return AfxGetProfileCheckForUpdatesLastModified(path); }
     void ExpectEnd(View::Result result) {
         EXPECT_FALSE(check.IsActive());
@@ -149,8 +144,8 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         View::Result result;
         bool isStrict = false;
     } rows[] = {
-        {Response(""), "", 3, false, none, kOld, View::resultUpToDate},
-        {"HTTP/1.0 10060 x\r\n\r\n", "", 3, false, unknown, kOld, failed},
+        {Response(""), "", 3, false, none, kOldListing, View::resultUpToDate},
+        {"HTTP/1.0 10060 x\r\n\r\n", "", 3, false, unknown, kOldListing, failed},
         // The body is complete, too short, too long, or of unknown length.
         {lowerCase, kResponse, 1, true, "(100%)\n" + done, kNew, updated},
         {kHead, kResponse, 0, true, "(100%)\n" + done, kNew, updated},
@@ -160,28 +155,28 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         // Not a listing, no answer, or a body that is too long, announced or received.
         {kHead, Response("<html>"), 1, false, "(10) The file is not a valid XML file.\n", "<html>",
          failed},
-        {kHead, "HTTP/1.1 404 x\r\n\r\n<rss>", 99, false, missing, kOld, failed},
-        {kHead, "HTTP/1.1 200 OK\r\n", 99, false, unknown, kOld, failed},
-        {kHead, Response(kNew, LengthField(1001)), 999, false, tooLong, kOld, failed},
-        {kHead, Response(std::string(1001, ' ')), 9999, false, tooLong, kOld, failed},
+        {kHead, "HTTP/1.1 404 x\r\n\r\n<rss>", 99, false, missing, kOldListing, failed},
+        {kHead, "HTTP/1.1 200 OK\r\n", 99, false, unknown, kOldListing, failed},
+        {kHead, Response(kNew, LengthField(1001)), 999, false, tooLong, kOldListing, failed},
+        {kHead, Response(std::string(1001, ' ')), 9999, false, tooLong, kOldListing, failed},
         // The announced length has more bits than the figures.
         {kHead, Response(kNew, "Content-Length: 18446744073709551615\r\n"), 99, false,
          " of 2147483647 bytes (0%)\n" + done, kNew, updated},
         // Strict: the body is decoded, and refused unless it is complete and a listing.
         {kHead, kResponse + "x", 9999, true, "(101%)\n" + done, kNew, updated, true},
         {kHead, chunked, 0, true, "(349%)\n" + done, kNew, updated, true},
-        {kHead, Response(kNew, LengthField(size + 1)), 99, false, Error(kIncomplete), kOld, failed,
-         true},
-        {kHead, Response(kNew, "Content-Encoding: br\r\n"), 9999, false, Error(damaged), kOld,
+        {kHead, Response(kNew, LengthField(size + 1)), 99, false, Error(kIncomplete), kOldListing,
          failed, true},
+        {kHead, Response(kNew, "Content-Encoding: br\r\n"), 9999, false, Error(damaged),
+         kOldListing, failed, true},
         {Response("", "Last-Modified: Fri, 31 Dec 9999 08:30:00 GMT\r\n"), "", 99, false,
-         Error(future), kOld, failed, true},
+         Error(future), kOldListing, failed, true},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
         source.PassTime();
         AfxWriteProfileCheckForUpdatesLastModified(path, COleDateTime());
-        folder.Write(_T("local.xml"), kOld);
+        folder.Write(_T("local.xml"), kOldListing);
         UpdateCheck each(path, local, view, source);
         each.SetBodyLimit(row.shown == tooLong ? 1000 : ~0ull);
         each.SetStrict(row.isStrict);
@@ -289,7 +284,7 @@ TEST_F(Check, CancellingADownloadIsSilentAndItsConnectionIsKeptUntilItHasEnded) 
     check.Poll(); // finds out that its last status was lost
     EXPECT_EQ(0, source.m_alive);
     ExpectEnd(View::resultCancelled);
-    EXPECT_EQ(kOld, LocalFile());
+    EXPECT_EQ(kOldListing, LocalFile());
 }
 
 TEST_F(Check, AnyCallOfTheViewMayCancelIt) {
@@ -322,7 +317,7 @@ TEST_F(Check, ResettingForgetsTheListingButNotTheLastCheck) {
     view.m_answer = IDNO;
     check.Reset();
     EXPECT_EQ(question, view.Take());
-    EXPECT_EQ(kOld, LocalFile());
+    EXPECT_EQ(kOldListing, LocalFile());
     EXPECT_EQ(kListed, LastModified());
     view.m_answer = IDYES;
     check.Reset();

@@ -41,12 +41,11 @@ TEST_F(UpdateListing, EntriesAreReadInOrderWithChildrenInAnyOrder) {
     ASSERT_EQ(3u, listing.GetItems().size());
     const COleDateTime now = listing.GetItems()[2].GetDate(); // an entry without a date
     EXPECT_TRUE(before <= now && now <= AfxGetCurrentUTCTime());
-    const Item expected[] = {
+    const std::vector<Item> expected = {
         {_T(" A & B "), _T("both \t ends"), BYTE{0}, {2024, 1, 22, 9, 0, 0}, _T("http://h/a"), 0},
         {_T("\x010c"), _T(""), BYTE{2}, COleDateTime(), _T(""), FALSE},
         {_T(""), _T(""), BYTE{1}, now, _T(""), FALSE}};
-    for (std::size_t i = 0; i < std::size(expected); ++i)
-        EXPECT_TRUE(expected[i] == listing.GetItems()[i]) << i;
+    EXPECT_TRUE(expected == listing.GetItems());
     EXPECT_EQ(kPublished, listing.GetPublishedDate());
 
     ASSERT_TRUE(Load(Listing("", "unknown")));
@@ -69,10 +68,9 @@ TEST_F(UpdateListing, AFileThatIsNoListingIsReportedAndChangesNothing) {
     for (const auto& [text, missing] : rows) {
         SCOPED_TRACE(text);
         EXPECT_FALSE(Load(text));
-        const auto boxes = recorder.Take();
-        ASSERT_EQ(1u, boxes.size());
-        EXPECT_EQ(missing != nullptr, boxes[0].text == start + missing);
-        EXPECT_EQ(MB_OK | (missing != nullptr ? MB_ICONEXCLAMATION : MB_ICONSTOP), boxes[0].type);
+        const RecordedMessageBox box = recorder.Take().at(0);
+        EXPECT_EQ(missing != nullptr, box.text == start + missing);
+        EXPECT_EQ(MB_OK | (missing != nullptr ? MB_ICONEXCLAMATION : MB_ICONSTOP), box.type);
         EXPECT_EQ(1u, listing.GetItems().size());
         EXPECT_EQ(kPublished, listing.GetPublishedDate());
     }

@@ -6,13 +6,10 @@
 #include <quorvel/update/new_version_check.h>
 
 #include "net/socket_peer.h"
-#include "support/test.h"
 #include "update/scripted_check.h"
 #include "update/scripted_transport.h"
 
 namespace {
-
-typedef CCheckForUpdatesView View;
 
 const std::string kListing = Listing("2024-03-12");
 
@@ -21,7 +18,6 @@ protected:
     CheckWithTransport() {
         AfxWriteProfileCheckForUpdatesURL(path, _T("https://host.example:8443/updates.xml"));
         check.SetTransport(&scripted);
-        folder.Write(_T("local.xml"), "old");
     }
     // Until the listing itself is requested.
     void AnswerHead() {
@@ -104,7 +100,7 @@ TEST_F(CheckWithTransport, WhatATransportGetsWrongIsRefusedInOneBox) {
         EXPECT_NE(std::string::npos, shown.find(ErrorBox(row.errorText + row.shown))) << shown;
         EXPECT_EQ(shown.find("(30) "), shown.rfind("(30) ")) << shown;
         EXPECT_EQ(View::resultFailed, view.m_results.back());
-        EXPECT_EQ("old", LocalFile());
+        EXPECT_EQ(kOldListing, LocalFile());
         EXPECT_EQ(COleDateTime(), AfxGetProfileCheckForUpdatesLastModified(path));
     }
 }

@@ -2,12 +2,9 @@
 
 #include "update/scripted_check.h"
 
-#include "support/test.h"
-
 namespace {
 
 using namespace quorvel;
-typedef CCheckForUpdatesView View;
 
 class NewVersion : public testing::Test, protected CheckSurroundings {
 protected:

@@ -1,11 +1,7 @@
 // The statuses of sockets whose hosts are slow or are not found: only on Linux can tests control
 // look-ups.
-#include <quorvel/net/vask_socket.h>
 
 #include "net/socket_peer.h"
-#include "platform/linux/net/host_lookup.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 

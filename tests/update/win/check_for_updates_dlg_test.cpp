@@ -38,15 +38,24 @@ public:
 class UpdatesDlg : public testing::Test, protected CheckSurroundings {
 protected:
     UpdatesDlg() { folder.Write(_T("local.xml"), kOld); }
-    ~UpdatesDlg() override { QuorvelSetOpenExternalLinkCallback(nullptr); }
 
-    void RunAgain(std::vector<Step> steps) {
-        const DialogDriver driver(std::move(steps));
+    void Open(BOOL autoCheck = FALSE) {
+        dialog = std::make_unique<Dlg>(source, path, local, autoCheck, nullptr, nullptr);
+    }
+    // The last step closes the dialog.
+    void RunToEnd(const std::vector<Step>& steps) {
+        const DialogDriver driver(steps);
         dialog->DoModal();
         EXPECT_TRUE(driver.HasRun());
+        EXPECT_EQ(source.m_alive, 0);
+        EXPECT_FALSE(HasTemporaryFiles());
+    }
+    void RunAgain(std::vector<Step> steps) {
+        steps.push_back(Press(VK_ESCAPE));
+        RunToEnd(steps);
     }
     void Run(std::vector<Step> steps, BOOL autoCheck = FALSE) {
-        dialog = std::make_unique<Dlg>(source, path, local, autoCheck, nullptr, nullptr);
+        Open(autoCheck);
         RunAgain(std::move(steps));
     }
     HWND Child(int id) const { return ::GetDlgItem(dialog->m_hWnd, id); }
@@ -80,12 +89,8 @@ protected:
     Step Answer(const std::string& response) {
         return [this, response](HWND) { source.Answer(StatusMessages{dialog->m_hWnd}, response); };
     }
-    void ExpectNothingLeft() {
-        EXPECT_EQ(source.m_alive, 0);
-        EXPECT_FALSE(HasTemporaryFiles());
-    }
 
-    BoxScript boxes;
+    BoxScript boxes{IDYES};
     std::unique_ptr<Dlg> dialog;
 };
 
@@ -117,8 +122,7 @@ TEST_F(UpdatesDlg, ShowsTheLocalFileAndTheSelectedEntry) {
              EXPECT_EQ(boxes.Lines(), "");
              EXPECT_FALSE(dialog->LoadLocalUpdatesFile(TRUE));
              EXPECT_EQ(Details(), "Between|1/2/2024|") << "a failed load changes nothing";
-         },
-         Press(VK_ESCAPE)});
+         }});
     EXPECT_EQ(boxes.Lines(), "(30) An error has occurred while loading the local updates file."
                              "\r\n\r\nThe file is missing the <lastBuildDate> tag.\n");
     EXPECT_FALSE(dialog->LoadLocalUpdatesFile(TRUE)) << "closed";
@@ -127,7 +131,6 @@ TEST_F(UpdatesDlg, ShowsTheLocalFileAndTheSelectedEntry) {
 TEST_F(UpdatesDlg, ACheckShowsHowFarItIsAndThenTheNewListing) {
     const std::string body = Listing("2024-01-01", Item("New", "<pubDate>2024-03-01</pubDate>"));
     const std::string response = Response(body, LengthField(body.size()));
-    boxes.m_answer = IDYES;
     Run({ClickOn(QUORVEL_UPDATES_CHECK),
          [&](HWND) {
              EXPECT_EQ(::GetDlgItem(Pane(), QUORVEL_UPDATES_PROGRESS_BAR), nullptr);
@@ -154,15 +157,13 @@ TEST_F(UpdatesDlg, ACheckShowsHowFarItIsAndThenTheNewListing) {
          [&](HWND) {
              EXPECT_EQ(Pane(), nullptr);
              EXPECT_EQ(Rows() + Details(), "|New|3/1/2024 *\nNew|3/1/2024|");
-             ExpectNothingLeft();
-         },
-         Press(VK_ESCAPE)});
+             EXPECT_EQ(source.m_alive, 0);
+         }});
     EXPECT_EQ(LocalFile(), body);
     EXPECT_EQ(boxes.Lines(), "");
 }
 
 TEST_F(UpdatesDlg, ChecksByItselfWhenItIsFirstShown) {
-    boxes.m_answer = IDYES;
     Run({[&](HWND) {
              EXPECT_EQ(source.m_alive, 1);
              dialog->ShowWindow(SW_HIDE);
@@ -176,12 +177,11 @@ TEST_F(UpdatesDlg, ChecksByItselfWhenItIsFirstShown) {
              EXPECT_EQ(Pane(), nullptr);
              EXPECT_EQ(::GetActiveWindow(), dialog->m_hWnd);
              source.Release(StatusMessages{dialog->m_hWnd});
-             ExpectNothingLeft();
+             EXPECT_EQ(source.m_alive, 0);
              source.PassTime();
              dialog->SetStrict(TRUE);
          },
-         ClickOn(QUORVEL_UPDATES_CHECK), Answer(kHead), Answer(Response(kOld, LengthField(1000))),
-         Press(VK_ESCAPE)},
+         ClickOn(QUORVEL_UPDATES_CHECK), Answer(kHead), Answer(Response(kOld, LengthField(1000)))},
         TRUE);
     EXPECT_EQ(boxes.Lines(), kQuestion + ErrorBox(kIncomplete + "\n"));
 }
@@ -196,7 +196,6 @@ TEST_F(UpdatesDlg, ClosedInEveryStateItLeavesNothing) {
         {"platform", [](HWND box) { ::DestroyWindow(box); }, 1, 0},
         {"session", EndSession, 1, 0},
     };
-    boxes.m_answer = IDYES;
     const Step check = ClickOn(QUORVEL_UPDATES_CHECK), answer = Answer(kHead);
     for (const auto& [way, closeBox, inQuestion, inHook] : ways) {
         SCOPED_TRACE(way);
@@ -213,9 +212,9 @@ TEST_F(UpdatesDlg, ClosedInEveryStateItLeavesNothing) {
         };
         for (const auto& [state, steps, connections] : states) {
             source.m_count = 0;
-            Run(steps);
+            Open();
+            RunToEnd(steps);
             EXPECT_EQ(source.m_count, connections) << state;
-            ExpectNothingLeft();
             source.PassTime();
         }
         QuorvelSetOpenExternalLinkCallback(nullptr);
@@ -225,26 +224,24 @@ TEST_F(UpdatesDlg, ClosedInEveryStateItLeavesNothing) {
 
 TEST_F(UpdatesDlg, OpenedAgainItHasTheSameColumnsAndNoRowsOfTheLastTime) {
     Run({[&](HWND) {
-             NMHEADERW click = {};
-             click.hdr.hwndFrom = List().GetHeaderCtrl()->m_hWnd;
-             click.hdr.code = HDN_ITEMCLICKW;
-             click.iItem = CUpdateListingListCtrl::COLUMN_PRIORITY;
-             List().SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
-             EXPECT_EQ(Rows(), "|Old & good|1/1/2024\n|Between|1/2/2024\n|Newest|1/3/2024 *\n");
-             List().SetColumnWidth(1, 77);
-         },
-         Press(VK_ESCAPE)});
+        NMHEADERW click = {};
+        click.hdr.hwndFrom = List().GetHeaderCtrl()->m_hWnd;
+        click.hdr.code = HDN_ITEMCLICKW;
+        click.iItem = CUpdateListingListCtrl::COLUMN_PRIORITY;
+        List().SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+        EXPECT_EQ(Rows(), "|Old & good|1/1/2024\n|Between|1/2/2024\n|Newest|1/3/2024 *\n");
+        List().SetColumnWidth(1, 77);
+    }});
     std::string rows = "|Old & good|1/1/2024 *\n|Between|1/2/2024\n|Newest|1/3/2024\n";
     const auto look = [&](HWND) {
         EXPECT_EQ(Rows(), rows);
         EXPECT_EQ(List().GetColumnWidth(1), 77);
         EXPECT_EQ(::IsWindowVisible(Child(QUORVEL_UPDATES_LINK)) != FALSE, !rows.empty());
     };
-    RunAgain({look, Press(VK_ESCAPE)});
+    RunAgain({look});
     ::DeleteFileW(local);
     rows.clear();
-    RunAgain({look, Press(VK_ESCAPE)});
-    Run({look, Press(VK_ESCAPE)});
+    RunAgain({look});
 }
 
 // The link is disabled without its row. A disabled control would keep all keys from the dialog.
@@ -256,8 +253,7 @@ TEST_F(UpdatesDlg, TheKeyboardStaysInTheDialogWhenTheLinkIsDisabled) {
              EXPECT_TRUE(dialog->LoadLocalUpdatesFile(TRUE));
              EXPECT_EQ(Rows() + Details(), "||");
              EXPECT_EQ(::GetFocus(), List().m_hWnd);
-         },
-         Press(VK_ESCAPE)});
+         }});
 }
 
 // What a site may publish: it is shown as a text, and opened only as what it is.
@@ -266,7 +262,6 @@ TEST_F(UpdatesDlg, TextsAndLinksOfAnEntryAreShownAsSuch) {
     const struct {
         std::string title, shownTitle, link, shownLink, opened;
     } rows[] = {
-        {"program", "program", "file:///c:/a.exe", "file:///c:/a.exe", "file:///c:/a.exe"},
         {"script", "script", "javascript:alert(1)", "javascript:alert(1)", ""},
         {"around", "around", "\n http://h/ \n", "http://h/", "http://h/"},
         {"long", "long", longLink, longLink.substr(0, 1000) + "\x85", longLink},
@@ -282,18 +277,14 @@ TEST_F(UpdatesDlg, TextsAndLinksOfAnEntryAreShownAsSuch) {
         s_opened.clear();
         folder.Write(_T("local.xml"),
                      Listing("2024-01-01", Item(row.title, "<link>" + row.link + "</link>")));
-        std::vector<Step> steps = {[&](HWND) {
+        Run({[&](HWND) {
             EXPECT_EQ(Text(QUORVEL_UPDATES_TITLE), row.shownTitle);
             const HWND link = Child(QUORVEL_UPDATES_LINK);
             EXPECT_EQ(::IsWindowVisible(link) ? Narrow(TextOf(link)) : "", row.shownLink);
             EXPECT_EQ(::IsWindowEnabled(link) != FALSE, !row.opened.empty());
-            ::SetFocus(link);
-        }};
-        const Step release = [](HWND) { ::PostMessageW(::GetFocus(), WM_KEYUP, VK_RETURN, -1); };
-        if (!row.opened.empty())
-            steps.insert(steps.end(), {Press(VK_RETURN), release, [](HWND) {}});
-        steps.push_back(Press(VK_ESCAPE));
-        Run(std::move(steps));
+            for (const UINT message : {WM_KEYDOWN, WM_KEYUP})
+                ::SendMessageW(link, message, VK_RETURN, 1);
+        }});
         EXPECT_EQ(s_opened, row.opened);
     }
     EXPECT_EQ(boxes.Lines(), "");
@@ -309,17 +300,15 @@ TEST_F(UpdatesDlg, AHugeListingIsShown) {
              ::RedrawWindow(List().m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
          },
          Press(VK_END),
-         [&](HWND) { EXPECT_EQ(Details(), std::string(1000, 'T') + "\x85|1/1/2025|"); },
-         Press(VK_ESCAPE)});
+         [&](HWND) { EXPECT_EQ(Details(), std::string(1000, 'T') + "\x85|1/1/2025|"); }});
 }
 
 TEST_F(UpdatesDlg, ResetEmptiesTheListAndSettingsAreThoseOfItsPath) {
     const auto wait = [](HWND) {}; // a dialog is shown when no message waits
-    boxes.m_answer = IDYES;
     Run({ClickOn(QUORVEL_UPDATES_RESET), [&](HWND) { EXPECT_EQ(Rows() + Details(), "||"); },
          ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
          [](HWND box) { ::SetDlgItemTextW(box, QUORVEL_UPDATES_URL, _T("http://new/")); },
-         Press(VK_RETURN), wait, Press(VK_ESCAPE)});
+         Press(VK_RETURN), wait});
     EXPECT_EQ(boxes.m_boxes.size(), 1u);
     EXPECT_FALSE(folder.Has(_T("local.xml")));
     EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://new/"));
@@ -327,27 +316,24 @@ TEST_F(UpdatesDlg, ResetEmptiesTheListAndSettingsAreThoseOfItsPath) {
 
 TEST_F(UpdatesDlg, NewEntriesAreBold) {
     Run({[&](HWND) {
-             List().GetUpdateListingItem(1)->SetNew(TRUE);
-             CClientDC dc(&List());
-             NMLVCUSTOMDRAW draw = {};
-             draw.nmcd.hdr = {List().m_hWnd, QUORVEL_UPDATES_LIST,
-                              static_cast<UINT>(NM_CUSTOMDRAW)};
-             draw.nmcd.hdc = dc;
-             draw.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
-             const auto weightOf = [&](DWORD_PTR row) {
-                 ::SelectObject(dc, ::GetStockObject(SYSTEM_FIXED_FONT));
-                 draw.nmcd.dwItemSpec = row;
-                 dialog->SendMessage(WM_NOTIFY, QUORVEL_UPDATES_LIST,
-                                     reinterpret_cast<LPARAM>(&draw));
-                 TEXTMETRICW metrics;
-                 ::GetTextMetricsW(dc, &metrics);
-                 ::SelectObject(dc, ::GetStockObject(SYSTEM_FONT));
-                 return metrics.tmWeight;
-             };
-             EXPECT_LT(weightOf(0), FW_BOLD);
-             EXPECT_EQ(weightOf(1), FW_BOLD);
-         },
-         Press(VK_ESCAPE)});
+        List().GetUpdateListingItem(1)->SetNew(TRUE);
+        CClientDC dc(&List());
+        NMLVCUSTOMDRAW draw = {};
+        draw.nmcd.hdr = {List().m_hWnd, QUORVEL_UPDATES_LIST, static_cast<UINT>(NM_CUSTOMDRAW)};
+        draw.nmcd.hdc = dc;
+        draw.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
+        const auto weightOf = [&](DWORD_PTR row) {
+            ::SelectObject(dc, ::GetStockObject(SYSTEM_FIXED_FONT));
+            draw.nmcd.dwItemSpec = row;
+            dialog->SendMessage(WM_NOTIFY, QUORVEL_UPDATES_LIST, reinterpret_cast<LPARAM>(&draw));
+            TEXTMETRICW metrics;
+            ::GetTextMetricsW(dc, &metrics);
+            ::SelectObject(dc, ::GetStockObject(SYSTEM_FONT));
+            return metrics.tmWeight;
+        };
+        EXPECT_LT(weightOf(0), FW_BOLD);
+        EXPECT_EQ(weightOf(1), FW_BOLD);
+    }});
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 // Update dialogs whose server is the test: statuses arrive as messages like those of sockets.
 #pragma once
 
-#include <quorvel/frame/module.h>
 #include <quorvel/net/vask_socket.h>
 
 #include "support/message_box_recorder.h"
@@ -51,6 +50,7 @@ private:
 // Records the boxes, and can run a function while one is shown.
 class BoxScript : public MessageBoxRecorder {
 public:
+    using MessageBoxRecorder::MessageBoxRecorder;
     int DoMessageBox(const WCHAR* prompt, UINT type, UINT helpId) override {
         const int answer = MessageBoxRecorder::DoMessageBox(prompt, type, helpId);
         if (m_meanwhile)
@@ -60,11 +60,8 @@ public:
     // The texts since the last call, one line each, with their types.
     std::string Lines() {
         std::string lines;
-        for (const RecordedMessageBox& box : Take()) {
-            char kind[16];
-            std::snprintf(kind, sizeof kind, "(%02x) ", box.type);
-            lines += kind + Narrow(box.text) + '\n';
-        }
+        for (const RecordedMessageBox& box : Take())
+            lines += BoxLine(box.text, box.type) + '\n';
         return lines;
     }
 

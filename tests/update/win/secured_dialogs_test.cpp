@@ -16,11 +16,7 @@ namespace {
 // The site is a folder that the transport reads.
 class SecuredDialogs : public testing::Test, protected CheckSurroundings {
 protected:
-    SecuredDialogs() {
-        folder.Write(_T("local.xml"), kOld);
-        boxes.m_answer = IDYES;
-        dialog.SetTransport(&transport);
-    }
+    SecuredDialogs() { dialog.SetTransport(&transport); }
     void Publish(const WCHAR* name, const std::string& bytes, const std::string& signature) {
         folder.Write(name, bytes);
         folder.Write(CString(name) + _T(".minisig"), signature);
@@ -47,9 +43,8 @@ protected:
         return boxes.Lines();
     }
 
-    const std::string kOld = Listing("2024-01-01");
     FolderTransport transport{folder.Path(_T(""))};
-    BoxScript boxes;
+    BoxScript boxes{IDYES};
     CCheckForUpdatesDlg dialog{path, local, FALSE, nullptr};
 };
 
@@ -60,12 +55,12 @@ TEST_F(SecuredDialogs, AListingNeedsAKeyASignatureAndAProperLength) {
     EXPECT_EQ(Check(1).find(ErrorBox("The key of the publisher of updates is invalid.")), 0u);
     const std::tuple<std::function<void()>, std::string, std::string> rows[] = {
         {[&] { EXPECT_TRUE(dialog.SetPublicKey(PublicOf(kKey))); },
-         ErrorBox("The update was signed with the unknown key 0202020202020202."), kOld},
+         ErrorBox("The update was signed with the unknown key 0202020202020202."), kOldListing},
         {[&] {
              EXPECT_TRUE(dialog.AddPublicKey(PublicOf(kNextKey)));
              dialog.SetBodyLimit(20);
          },
-         ErrorBox("The update listing is too long."), kOld},
+         ErrorBox("The update listing is too long."), kOldListing},
         {[&] {
              dialog.SetBodyLimit(1000);
              dialog.SetMaxAge(1);

@@ -11,7 +11,6 @@ typedef DialogDriver::Step Step;
 
 class NewVersionDlg : public testing::Test, protected CheckSurroundings {
 protected:
-    ~NewVersionDlg() override { QuorvelSetOpenExternalLinkCallback(nullptr); }
     void Run(std::vector<Step> steps) {
         dialog =
             std::make_unique<Scripted<CUpdateDlg>>(source, UINT{quorvel::kTextUpdatesProgressTitle},
