@@ -75,7 +75,7 @@ def main(program):
             run(program, arguments.split(), code, error=error)
         check(read("kept") == b"kept", "a failure has changed its target")
         left = set(os.listdir()) - set(FILES) - {"out"}
-        check(not left, f"left behind: {left}")
+        check(not left, f"not removed: {left}")
     finish()
 
 

@@ -6,7 +6,7 @@ import subprocess
 import sys
 import tempfile
 
-# What stands behind a step, in the order of the script.
+# What is shown after a step, in the order of the script.
 EXPECTED = [
     ('> "language"', "2 of 6 found"),
     ("> Ctrl+L", "6 of 33 elements"),

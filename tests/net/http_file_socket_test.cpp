@@ -4,6 +4,7 @@
 #include "net/socket_peer.h"
 #include "support/temporary_folder.h"
 
+#include <cstdlib>
 #include <regex>
 
 namespace {
@@ -43,6 +44,19 @@ protected:
     // The statuses without those of progress, whose number depends on the network.
     std::string Statuses(const CHttpFileSocket& socket) {
         return std::regex_replace(m_window.Of(socket), std::regex("\\b(9|10:\\d+) "), "");
+    }
+
+    // Downloads into the file "file"; returns the statuses.
+    std::string Get(const CString& name, UINT port, BOOL headerOnly) {
+        CHttpFileSocket socket;
+        socket.SetStatusCallbackWnd(m_window.Get());
+        socket.SetGetHeaderOnly(headerOnly);
+        socket.SetLocalFileName(m_folder.Path(_T("file")));
+        EXPECT_TRUE(socket.Create() && socket.Connect(_T("http://127.0.0.1/") + name, port));
+        Answer(socket, "", 1);
+        const std::string statuses = Statuses(socket);
+        Release(socket);
+        return statuses;
     }
 
     Peer m_peer;
@@ -123,6 +137,44 @@ TEST_F(Download, TheFileIsWhatCame) {
             EXPECT_EQ(row.response.size(), socket.GetBytesReceived());
         }
         Release(socket);
+    }
+}
+
+// The answers of the web servers that are installed here differ in format.
+TEST_F(Download, FromARealServerIsWhole) {
+    if (!kOnLinux)
+        GTEST_SKIP() << "the servers run on Linux";
+    const UINT port = Peer().Port(); // free again
+    const std::string address = "127.0.0.1:" + std::to_string(port);
+    const std::string inFolder = "cd " + m_folder.Path().ToUTF8() + "; PATH=$PATH:/usr/sbin; ";
+    std::map<CString, std::string> files = {
+        {_T("list.xml"), "<rss/>"}, {_T("big.xml"), std::string(3000000, 'x')}, {_T("empty"), ""}};
+    for (const auto& [name, content] : files)
+        m_folder.Write(name, content);
+    m_folder.Write(_T("config"),
+                   "daemon off; master_process off; pid own_pid; user root; events {} http {"
+                   " access_log off; client_body_temp_path temp; proxy_temp_path temp;"
+                   " fastcgi_temp_path temp; uwsgi_temp_path temp; scgi_temp_path temp;"
+                   " server { listen " +
+                       address + "; root .; } }");
+    const std::pair<std::string, std::string> servers[] = {
+        {"nginx", " -p . -e stderr -c config"}, {"busybox", " httpd -f -h . -p " + address}};
+    for (const auto& [server, arguments] : servers) {
+        SCOPED_TRACE(server);
+        if (std::system((inFolder + "command -v " + server).c_str()) != 0)
+            continue; // is not installed
+        const std::string run = server + arguments + " 2>errors & echo $! >pid";
+        EXPECT_EQ(std::system((inFolder + run).c_str()), 0);
+        const std::string statuses = "3 4 8 1000 14 ";
+        m_window.PumpUntil([&] { return Get(_T("list.xml"), port, TRUE) == statuses; });
+        for (const auto& [name, content] : files) {
+            EXPECT_EQ(Get(name, port, TRUE), statuses);
+            EXPECT_EQ(Get(name, port, FALSE), statuses);
+            EXPECT_TRUE(m_folder.Read(_T("file")).ends_with("\r\n\r\n" + content));
+        }
+        EXPECT_EQ(Get(_T("none"), port, FALSE), statuses);
+        EXPECT_NE(m_folder.Read(_T("file")).find(" 404 "), std::string::npos);
+        EXPECT_EQ(std::system((inFolder + "kill $(cat pid)").c_str()), 0);
     }
 }
 

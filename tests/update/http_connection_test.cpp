@@ -35,7 +35,7 @@ TEST_F(UpdateOverHttp, CancellingInTheMiddleRemovesTheFileThatIsWritten) {
     StatusWindow::PumpUntil([&] { return !HasTemporaryFiles(); });
     EXPECT_FALSE(HasTemporaryFiles());
     closesocket(client);
-    EXPECT_EQ(std::vector{View::resultCancelled}, view.m_results);
+    EXPECT_EQ(std::vector{resultCancelled}, view.m_results);
 }
 
 TEST_F(UpdateOverHttp, AConnectionReportsItsEndWithoutAStatus) {

@@ -51,6 +51,7 @@ inline std::string BoxLine(const CString& text, UINT type) {
 }
 
 typedef CCheckForUpdatesView View;
+using enum View::Result;
 
 class RecordingView : public CCheckForUpdatesView {
 public:

@@ -80,12 +80,12 @@ TEST_F(SignedCheck, OnlyAListingWithAGoodSignatureReplacesTheFile) {
         SCOPED_TRACE(row.label);
         const std::string shown = Run(row.listing, row.signature);
         if (row.shown.empty()) {
-            EXPECT_EQ(View::resultUpdated, view.m_results.back()) << shown;
+            EXPECT_EQ(resultUpdated, view.m_results.back()) << shown;
             EXPECT_EQ(listing, LocalFile());
             continue;
         }
         EXPECT_EQ(0u, shown.find(ErrorBox(row.shown))) << shown;
-        EXPECT_EQ(View::resultFailed, view.m_results.back());
+        EXPECT_EQ(resultFailed, view.m_results.back());
         EXPECT_EQ(kOldListing, LocalFile());
         EXPECT_EQ(COleDateTime(), AfxGetProfileCheckForUpdatesLastModified(path));
     }
@@ -148,19 +148,19 @@ TEST_F(SignedCheck, AListingThatStaysOldIsReported) {
     next.SetMaxAge(7);
     source.PassTime();
     source.Begin(next);
-    EXPECT_EQ(View::resultUpToDate, view.m_results.back());
+    EXPECT_EQ(resultUpToDate, view.m_results.back());
     EXPECT_NE(std::string::npos, view.Take().find(stale));
 }
 
 TEST_F(SignedCheck, AVersionFileIsHeldToItsTimeAndNumber) {
     AfxWriteProfileCheckForUpdatesURL(path, _T("http://h/a?b=c.d#e"));
     const std::tuple<const char*, const char*, View::Result> rows[] = {
-        {"1.2.3.5", "timestamp:1710000000 serial:2", View::resultUpdated},
-        {"1.2.3.4", "timestamp:1700000000 serial:2", View::resultFailed},
-        {"1.2.3.4", "timestamp:1710000000", View::resultFailed},
-        {"1.2.3.4", "serial:2", View::resultFailed},
-        {"1.2.3.4", "cancelled", View::resultCancelled},
-        {"1.2.3.4", "timestamp:1710000001 serial:3", View::resultUpToDate},
+        {"1.2.3.5", "timestamp:1710000000 serial:2", resultUpdated},
+        {"1.2.3.4", "timestamp:1700000000 serial:2", resultFailed},
+        {"1.2.3.4", "timestamp:1710000000", resultFailed},
+        {"1.2.3.4", "serial:2", resultFailed},
+        {"1.2.3.4", "cancelled", resultCancelled},
+        {"1.2.3.4", "timestamp:1710000001 serial:3", resultUpToDate},
     };
     VersionCheck version(path, {1, 2, 3, 4}, view, source);
     version.Verifier().SetKey(PublicOf(kKey));
@@ -170,13 +170,13 @@ TEST_F(SignedCheck, AVersionFileIsHeldToItsTimeAndNumber) {
         ASSERT_TRUE(version.Check());
         source.Answer(version, Response(text));
         EXPECT_EQ(_T("http://h/a.minisig?b=c.d#e"), source.m_last->m_request.url);
-        if (result == View::resultCancelled)
+        if (result == resultCancelled)
             version.Cancel();
         else
             source.Answer(version, Response(SignatureText(kKey, text, comment)));
         source.Release(version);
         EXPECT_EQ(result, view.m_results.back());
-        EXPECT_EQ(result == View::resultFailed, view.Take().find(kReplayed) != std::string::npos);
+        EXPECT_EQ(result == resultFailed, view.Take().find(kReplayed) != std::string::npos);
         EXPECT_FALSE(HasTemporaryFiles());
     }
 }

@@ -63,20 +63,20 @@ TEST_F(Check, ANewerListingIsDownloadedWhenTheUserWantsIt) {
     EXPECT_EQ(kNew, LocalFile());
     EXPECT_EQ(kListed, LastModified());
     EXPECT_EQ(_T("Local update file is dated 3/12/2024 1:00:00 AM."), view.m_published);
-    ExpectEnd(View::resultUpdated);
+    ExpectEnd(resultUpdated);
 
     // The same listing again, in the same check and in one of the next run.
     source.PassTime();
     UpdateCheck next(path, local, view, source);
     for (UpdateCheck* each : {&check, &next}) {
         source.Begin(*each);
-        EXPECT_EQ(View::resultUpToDate, view.m_results.back());
+        EXPECT_EQ(resultUpToDate, view.m_results.back());
         source.PassTime();
     }
     view.m_answer = IDNO;
     ASSERT_TRUE(check.Check());
     source.Answer(check, Response("", "Last-Modified: Wed, 13 Mar 2024 08:30:00 GMT\r\n"));
-    EXPECT_EQ(View::resultDeclined, view.m_results.back());
+    EXPECT_EQ(resultDeclined, view.m_results.back());
     EXPECT_EQ(kListed, LastModified());
 }
 
@@ -135,7 +135,6 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
     const std::string chunked =
         Response("6a\r\n" + kNew + "\r\n0\r\n\r\n", "Transfer-Encoding: chunked\r\n");
     const std::string longer = kNew + std::string(716 - 93 - size, '\n');
-    const View::Result failed = View::resultFailed, updated = View::resultUpdated;
     const struct {
         std::string head, response;
         std::size_t piece; // 0: all statuses are lost
@@ -144,33 +143,34 @@ TEST_F(Check, TheAnswersOfTheServerDecideWhatIsShownAndKept) {
         View::Result result;
         bool isStrict = false;
     } rows[] = {
-        {Response(""), "", 3, false, none, kOldListing, View::resultUpToDate},
-        {"HTTP/1.0 10060 x\r\n\r\n", "", 3, false, unknown, kOldListing, failed},
+        {Response(""), "", 3, false, none, kOldListing, resultUpToDate},
+        {"HTTP/1.0 10060 x\r\n\r\n", "", 3, false, unknown, kOldListing, resultFailed},
         // The body is complete, too short, too long, or of unknown length.
-        {lowerCase, kResponse, 1, true, "(100%)\n" + done, kNew, updated},
-        {kHead, kResponse, 0, true, "(100%)\n" + done, kNew, updated},
-        {kHead, Response(kNew, LengthField(size + 1)), 99, false, "(99%)\n" + done, kNew, updated},
+        {lowerCase, kResponse, 1, true, "(100%)\n" + done, kNew, resultUpdated},
+        {kHead, kResponse, 0, true, "(100%)\n" + done, kNew, resultUpdated},
+        {kHead, Response(kNew, LengthField(size + 1)), 99, false, "(99%)\n" + done, kNew,
+         resultUpdated},
         {kHead, Response(longer, "X: " + std::string(93 - 24, 'x') + "\r\n"), 93, false,
-         "716 of 93 bytes (770%)\n" + done, longer, updated},
+         "716 of 93 bytes (770%)\n" + done, longer, resultUpdated},
         // Not a listing, no answer, or a body that is too long, announced or received.
         {kHead, Response("<html>"), 1, false, "(10) The file is not a valid XML file.\n", "<html>",
-         failed},
-        {kHead, "HTTP/1.1 404 x\r\n\r\n<rss>", 99, false, missing, kOldListing, failed},
-        {kHead, "HTTP/1.1 200 OK\r\n", 99, false, unknown, kOldListing, failed},
-        {kHead, Response(kNew, LengthField(1001)), 999, false, tooLong, kOldListing, failed},
-        {kHead, Response(std::string(1001, ' ')), 9999, false, tooLong, kOldListing, failed},
+         resultFailed},
+        {kHead, "HTTP/1.1 404 x\r\n\r\n<rss>", 99, false, missing, kOldListing, resultFailed},
+        {kHead, "HTTP/1.1 200 OK\r\n", 99, false, unknown, kOldListing, resultFailed},
+        {kHead, Response(kNew, LengthField(1001)), 999, false, tooLong, kOldListing, resultFailed},
+        {kHead, Response(std::string(1001, ' ')), 9999, false, tooLong, kOldListing, resultFailed},
         // The announced length has more bits than the figures.
         {kHead, Response(kNew, "Content-Length: 18446744073709551615\r\n"), 99, false,
-         " of 2147483647 bytes (0%)\n" + done, kNew, updated},
+         " of 2147483647 bytes (0%)\n" + done, kNew, resultUpdated},
         // Strict: the body is decoded, and refused unless it is complete and a listing.
-        {kHead, kResponse + "x", 9999, true, "(101%)\n" + done, kNew, updated, true},
-        {kHead, chunked, 0, true, "(349%)\n" + done, kNew, updated, true},
+        {kHead, kResponse + "x", 9999, true, "(101%)\n" + done, kNew, resultUpdated, true},
+        {kHead, chunked, 0, true, "(349%)\n" + done, kNew, resultUpdated, true},
         {kHead, Response(kNew, LengthField(size + 1)), 99, false, Error(kIncomplete), kOldListing,
-         failed, true},
+         resultFailed, true},
         {kHead, Response(kNew, "Content-Encoding: br\r\n"), 9999, false, Error(damaged),
-         kOldListing, failed, true},
+         kOldListing, resultFailed, true},
         {Response("", "Last-Modified: Fri, 31 Dec 9999 08:30:00 GMT\r\n"), "", 99, false,
-         Error(future), kOldListing, failed, true},
+         Error(future), kOldListing, resultFailed, true},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
@@ -234,7 +234,7 @@ TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
             check.OnCheckFinished(view.m_postedCode);
         }
         EXPECT_EQ(Error(text), view.Take());
-        ExpectEnd(View::resultFailed);
+        ExpectEnd(resultFailed);
     }
 }
 
@@ -264,7 +264,7 @@ TEST_F(Check, FilesThatFailAreNamedAndTheOldListingStays) {
     const EnvironmentVariable noFolder(kTemporaryVariable, Narrow(folder.Path(_T("none"))).c_str());
     source.Begin(check);
     EXPECT_NE(std::string::npos, view.Take().find("(10) A system error has occurred."));
-    EXPECT_EQ(std::vector(3, View::resultFailed), view.m_results);
+    EXPECT_EQ(std::vector(3, resultFailed), view.m_results);
 }
 
 TEST_F(Check, CancellingADownloadIsSilentAndItsConnectionIsKeptUntilItHasEnded) {
@@ -283,7 +283,7 @@ TEST_F(Check, CancellingADownloadIsSilentAndItsConnectionIsKeptUntilItHasEnded) 
     EXPECT_EQ(1, source.m_alive);
     check.Poll(); // finds out that its last status was lost
     EXPECT_EQ(0, source.m_alive);
-    ExpectEnd(View::resultCancelled);
+    ExpectEnd(resultCancelled);
     EXPECT_EQ(kOldListing, LocalFile());
 }
 

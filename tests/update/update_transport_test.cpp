@@ -31,16 +31,10 @@ protected:
     CCheckForUpdates check{path, local, view};
 };
 
-TEST_F(CheckWithTransport, AHostsFolderIsCheckedAsASiteIs) {
-    folder.Write(_T("updates.xml"), kListing);
+TEST_F(CheckWithTransport, AVersionIsReadFromAHostsFolder) {
     folder.Write(_T("version.txt"), "1.2.3.5");
     FolderTransport transport(folder.Path(_T("")));
-    check.SetTransport(&transport);
-    ASSERT_TRUE(check.Check());
-    StatusWindow::PumpUntil([&] { return !check.IsActive(); });
-    EXPECT_EQ(kListing, LocalFile());
     AfxWriteProfileCheckForUpdatesURL(path, _T("https://host.example/version.txt"));
-    AfxWriteProfileCheckForUpdatesLastChecked(path, COleDateTime());
     CNewVersionCheck version(path, {1, 2, 3, 4}, view);
     version.SetTransport(&transport);
     ASSERT_TRUE(version.Check());
@@ -99,7 +93,7 @@ TEST_F(CheckWithTransport, WhatATransportGetsWrongIsRefusedInOneBox) {
         const std::string shown = view.Take();
         EXPECT_NE(std::string::npos, shown.find(ErrorBox(row.errorText + row.shown))) << shown;
         EXPECT_EQ(shown.find("(30) "), shown.rfind("(30) ")) << shown;
-        EXPECT_EQ(View::resultFailed, view.m_results.back());
+        EXPECT_EQ(resultFailed, view.m_results.back());
         EXPECT_EQ(kOldListing, LocalFile());
         EXPECT_EQ(COleDateTime(), AfxGetProfileCheckForUpdatesLastModified(path));
     }

@@ -23,19 +23,18 @@ TEST_F(NewVersion, TheAnswerIsComparedWithTheProgramInOneBox) {
     const std::string ahead =
         "You are using a newer version than the latest official version of the program.";
     const std::tuple<std::string, std::string, View::Result, bool> rows[] = {
-        {Response("1.2.3.5"), newer, View::resultUpdated, false},
-        {Response("1.2.3.4"), same, View::resultUpToDate, false},
-        {Response("1.2"), versions(ahead, "1.2.0.0"), View::resultUpToDate, false},
-        {Response(""), versions(ahead, "0.0.0.0"), View::resultUpToDate, false},
-        {Response(""), invalid, View::resultFailed, true},
-        {Response("1.2."), invalid, View::resultFailed, true},
-        {Response("1.2.3.5", LengthField(8)), newer, View::resultUpdated, false},
-        {Response("1.2.3.5", LengthField(8)), ErrorBox(kIncomplete + "\n"), View::resultFailed,
-         true},
-        {Response("1.2.3.5\r\n"), invalid, View::resultFailed, false},
+        {Response("1.2.3.5"), newer, resultUpdated, false},
+        {Response("1.2.3.4"), same, resultUpToDate, false},
+        {Response("1.2"), versions(ahead, "1.2.0.0"), resultUpToDate, false},
+        {Response(""), versions(ahead, "0.0.0.0"), resultUpToDate, false},
+        {Response(""), invalid, resultFailed, true},
+        {Response("1.2."), invalid, resultFailed, true},
+        {Response("1.2.3.5", LengthField(8)), newer, resultUpdated, false},
+        {Response("1.2.3.5", LengthField(8)), ErrorBox(kIncomplete + "\n"), resultFailed, true},
+        {Response("1.2.3.5\r\n"), invalid, resultFailed, false},
         {Response("", LengthField(65537)),
          ErrorBox("The file with the version number is too long. At most 64.0 KB are accepted.\n"),
-         View::resultFailed, false},
+         resultFailed, false},
     };
     for (const auto& [response, shown, result, isStrict] : rows) {
         SCOPED_TRACE(response.substr(0, 80));
@@ -53,7 +52,7 @@ TEST_F(NewVersion, TheAnswerIsComparedWithTheProgramInOneBox) {
     }
 }
 
-TEST_F(NewVersion, AFileThatIsGoneIsNamed) {
+TEST_F(NewVersion, AMissingFileIsNamed) {
     ASSERT_TRUE(check.Check());
     source.m_last->Receive("HTTP/1.1 200 OK\r\n\r\n1.2.3.5");
     const CString name = source.m_last->m_request.localFile;

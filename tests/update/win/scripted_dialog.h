@@ -68,7 +68,7 @@ public:
     std::function<void()> m_meanwhile;
 };
 
-// The session ends, and the dialog's loop too, because the process of the test goes on.
+// The session ends, and then the dialog's loop, because the process of the test does not end.
 inline void EndSession(HWND box) {
     ::SendMessageW(box, WM_QUERYENDSESSION, 0, 0);
     ::SendMessageW(box, WM_ENDSESSION, TRUE, 0);

@@ -28,15 +28,25 @@ protected:
     std::unique_ptr<Scripted<CUpdateDlg>> dialog;
 };
 
-TEST_F(NewVersionDlg, SaysOnceHowTheVersionsCompareAndEnds) {
+TEST_F(NewVersionDlg, ShowsOnceHowTheVersionsCompareAndEnds) {
     const std::pair<std::string, std::string> rows[] = {
         {Response("1.2.3.5"), "(40) A new version of the program is available."},
         {Response("1.2.3.5", LengthField(8)), ErrorBox(kIncomplete)},
     };
     for (const auto& [response, shown] : rows) {
         bool wasVisible = true;
-        boxes.m_meanwhile = [&] { wasVisible = dialog->IsWindowVisible() != FALSE; };
-        Run({[&](HWND box) { source.Answer(StatusMessages{box}, response); }});
+        Run({[&](HWND box) {
+            EXPECT_EQ(TextOf(box), _T("Check For Updates Progress"));
+            EXPECT_FALSE(dialog->CheckForUpdates()) << "the first check continues";
+            EXPECT_EQ(boxes.Lines(), ErrorBox("A connection socket is already active.\n"));
+            EXPECT_TRUE(dialog->IsWindowVisible());
+            EXPECT_FALSE(dialog->SetStatus(nullptr) || dialog->SetStatus(UINT{1}));
+            EXPECT_TRUE(dialog->SetStatus(UINT{quorvel::kTextUpdatesConnecting}));
+            EXPECT_EQ(ItemText(box, QUORVEL_UPDATES_PROGRESS_TEXT),
+                      "Connecting to updates server...");
+            boxes.m_meanwhile = [&] { wasVisible = dialog->IsWindowVisible() != FALSE; };
+            source.Answer(StatusMessages{box}, response);
+        }});
         EXPECT_EQ(boxes.Lines().find(shown), 0u);
         EXPECT_FALSE(wasVisible);
     }
@@ -53,21 +63,6 @@ TEST_F(NewVersionDlg, ACheckThatMayNotStartEndsTheDialog) {
     EXPECT_EQ(boxes.Lines(), "");
 }
 
-// The first check goes on, and so the dialog stays.
-TEST_F(NewVersionDlg, ASecondCheckIsRefusedBesideTheFirst) {
-    Run({[&](HWND box) {
-        EXPECT_EQ(TextOf(box), _T("Check For Updates Progress"));
-        EXPECT_FALSE(dialog->CheckForUpdates());
-        EXPECT_EQ(boxes.Lines(), ErrorBox("A connection socket is already active.\n"));
-        EXPECT_TRUE(dialog->IsWindowVisible());
-        EXPECT_FALSE(dialog->SetStatus(nullptr) || dialog->SetStatus(UINT{1}));
-        EXPECT_TRUE(dialog->SetStatus(UINT{quorvel::kTextUpdatesConnecting}));
-        EXPECT_EQ(ItemText(box, QUORVEL_UPDATES_PROGRESS_TEXT), "Connecting to updates server...");
-        source.Answer(StatusMessages{box}, Response("1.2.3.5"));
-    }});
-    EXPECT_EQ(boxes.Lines().find("(40) A new version"), 0u);
-}
-
 TEST_F(NewVersionDlg, CancelledInAnyWayItSaysNothing) {
     const std::pair<const char*, Step> ways[] = {
         {"Enter on Cancel", Press(VK_RETURN)},
@@ -77,10 +72,7 @@ TEST_F(NewVersionDlg, CancelledInAnyWayItSaysNothing) {
     };
     for (const auto& [way, cancel] : ways) {
         SCOPED_TRACE(way);
-        Run({[&](HWND) {
-                 EXPECT_EQ(source.m_alive, 1);
-                 EXPECT_TRUE(HasTemporaryFiles());
-             },
+        Run({[&](HWND) { EXPECT_TRUE(source.m_alive == 1 && HasTemporaryFiles()); },
              [](HWND box) { ::SendMessageW(box, WM_COMMAND, IDOK, 0); }, // does nothing
              cancel});
         EXPECT_EQ(boxes.Lines(), "");
