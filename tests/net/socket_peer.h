@@ -2,6 +2,7 @@
 // that records calls of its handlers.
 #pragma once
 
+#include <quorvel/framework/wnd.h>
 #include <quorvel/net/vask_socket.h>
 
 #include "platform/win32.h"
@@ -77,22 +78,19 @@ private:
 
 // Records the statuses of sockets, as in "3 4:10061 ": a non-zero error or count follows the
 // colon.
-class StatusWindow {
+class StatusWindow : public CWnd {
 public:
     StatusWindow() {
         WNDCLASSEXW windowClass = {};
         windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = Procedure;
+        windowClass.lpfnWndProc = DefWindowProcW;
         windowClass.lpszClassName = _T("StatusWindow");
         RegisterClassExW(&windowClass); // one class for all windows
-        m_window = CreateWindowExW(0, _T("StatusWindow"), nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
-                                   nullptr, nullptr, nullptr);
-        SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        CreateEx(0, _T("StatusWindow"), _T(""), WS_POPUP, 0, 0, 0, 0, nullptr, nullptr);
     }
-    StatusWindow(const StatusWindow&) = delete;
-    ~StatusWindow() { DestroyWindow(m_window); }
+    ~StatusWindow() override { DestroyWindow(); }
 
-    HWND Get() const { return m_window; }
+    HWND Get() const { return m_hWnd; }
     const std::string& Of(const CVaskSocket& socket) { return m_statuses[&socket]; }
     void Forget(const CVaskSocket& socket) { m_statuses.erase(&socket); }
 
@@ -108,13 +106,11 @@ public:
             MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
     }
 
-private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message != CVaskSocket::STATUS_MESSAGE)
-            return DefWindowProcW(window, message, wParam, lParam);
-        auto* const self =
-            reinterpret_cast<StatusWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-        std::string& text = self->m_statuses[reinterpret_cast<const CVaskSocket*>(wParam)];
+            return CWnd::WindowProc(message, wParam, lParam);
+        std::string& text = m_statuses[reinterpret_cast<const CVaskSocket*>(wParam)];
         text += std::to_string(LOWORD(lParam));
         if (HIWORD(lParam) != 0)
             text += ':' + std::to_string(HIWORD(lParam));
@@ -122,7 +118,7 @@ private:
         return 0;
     }
 
-    HWND m_window;
+private:
     std::map<const CVaskSocket*, std::string> m_statuses;
 };
 

@@ -25,15 +25,20 @@ HWND Item(HWND box, int id) {
 class UpdatesSettings : public testing::Test {
 protected:
     UpdatesSettings() { AfxWriteProfileCheckForUpdatesURL(path, _T("http://old/")); }
+    static INT_PTR RunDialog(CVaskDialog& dialog, std::vector<Step> steps) {
+        const DialogDriver driver(std::move(steps));
+        const INT_PTR result = dialog.DoModal();
+        EXPECT_TRUE(driver.HasRun());
+        return result;
+    }
     void Run(std::vector<Step> steps) {
         CCheckForUpdatesSettingsDlg dialog(path);
-        const DialogDriver driver(std::move(steps));
-        dialog.DoModal();
-        EXPECT_TRUE(driver.HasRun());
+        RunDialog(dialog, std::move(steps));
     }
 
     const TestKey key;
     const CRegistryPath path{HKEY_CURRENT_USER, key.Path()};
+    CCheckForUpdatesReminderDlg reminder{path};
 };
 
 TEST_F(UpdatesSettings, ShowWhatIsStoredAndTheDaysFollowTheirBox) {
@@ -85,28 +90,12 @@ TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
 TEST_F(UpdatesSettings, AFailureToStoreIsReportedAndTheDialogStays) {
     MessageBoxRecorder boxes;
     CCheckForUpdatesSettingsDlg dialog{CRegistryPath()};
-    const DialogDriver driver(
-        {Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN),
-         [&](HWND) {
-             ASSERT_EQ(boxes.m_boxes.size(), 1u);
-             EXPECT_EQ(boxes.m_boxes[0].text.Find(_T("An error has occurred while writing")), 0);
-         },
-         Press(VK_ESCAPE)});
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    RunDialog(dialog,
+              {Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN), Press(VK_ESCAPE)});
+    EXPECT_EQ(boxes.Take().at(0).text.Find(_T("An error has occurred while writing")), 0);
 }
 
-class UpdatesReminder : public UpdatesSettings {
-protected:
-    INT_PTR Remind(std::vector<Step> steps) {
-        const DialogDriver driver(std::move(steps));
-        const INT_PTR result = dialog.DoModal();
-        EXPECT_TRUE(driver.HasRun());
-        return result;
-    }
-    CCheckForUpdatesReminderDlg dialog{path};
-};
-
-TEST_F(UpdatesReminder, OnlyDismissalIsStored) {
+TEST_F(UpdatesSettings, OnlyDismissalOfAReminderIsStored) {
     const std::tuple<Step, INT_PTR, bool> rows[] = {
         {Press(VK_RETURN), IDYES, false},
         {ClickOn(IDNO), IDNO, false},
@@ -114,25 +103,25 @@ TEST_F(UpdatesReminder, OnlyDismissalIsStored) {
         {ClickOn(QUORVEL_UPDATES_DISMISS), IDCANCEL, true}};
     for (const auto& [step, result, isStored] : rows) {
         const COleDateTime before = COleDateTime::GetCurrentTime();
-        EXPECT_EQ(Remind({step}), result);
+        EXPECT_EQ(RunDialog(reminder, {step}), result);
         const COleDateTime stored = AfxGetProfileCheckForUpdatesLastDismissed(path);
         EXPECT_EQ(stored >= before && stored <= COleDateTime::GetCurrentTime(), isStored);
     }
 }
 
-TEST_F(UpdatesReminder, ShowsItsStatusAndReachesTheSettings) {
+TEST_F(UpdatesSettings, AReminderShowsItsStatusAndReachesThem) {
     const auto wait = [](HWND) {}; // a dialog is shown when no message waits
-    EXPECT_TRUE(dialog.SetStatus(_T("It was long ago.")));
-    EXPECT_FALSE(dialog.SetStatus(nullptr));
-    Remind({[&](HWND box) {
-                const HWND status = Item(box, QUORVEL_UPDATES_REMINDER_STATUS);
-                EXPECT_EQ(TextOf(status), _T("It was long ago."));
-                dialog.SetStatus(_T("a & b"));
-                EXPECT_EQ(TextOf(status), _T("a & b"));
-            },
-            ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
-            Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN), wait,
-            Press(VK_ESCAPE)});
+    EXPECT_TRUE(reminder.SetStatus(_T("It was long ago.")));
+    EXPECT_FALSE(reminder.SetStatus(nullptr));
+    RunDialog(reminder, {[&](HWND box) {
+                             const HWND status = Item(box, QUORVEL_UPDATES_REMINDER_STATUS);
+                             EXPECT_EQ(TextOf(status), _T("It was long ago."));
+                             reminder.SetStatus(_T("a & b"));
+                             EXPECT_EQ(TextOf(status), _T("a & b"));
+                         },
+                         ClickOn(QUORVEL_UPDATES_OPEN_SETTINGS), wait, wait,
+                         Type(QUORVEL_UPDATES_URL, _T("http://new/")), Press(VK_RETURN), wait,
+                         Press(VK_ESCAPE)});
     EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://new/"));
 }
 

@@ -76,9 +76,9 @@ TEST_F(SecuredDialogs, AListingNeedsAKeyASignatureAndAProperLength) {
 constexpr const char* kSharedKey = "QUORVEL_TEST_SHARED_KEY";
 constexpr const char* kSharedFolder = "QUORVEL_TEST_SHARED_FOLDER";
 
-// Checks again and again, as if 15 seconds had passed each time.
 class TwoProcesses : public SecuredDialogs {
 protected:
+    // As if 15 seconds had passed each time.
     void CheckOften(const CRegistryPath& shared, const CString& sharedFolder) {
         FolderTransport reader(sharedFolder);
         for (int round = 0; round < 5; ++round) {
