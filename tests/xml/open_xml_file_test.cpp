@@ -33,29 +33,24 @@ TEST(OpenXMLFile, ReadsAndKeepsEveryEncodingThatXMLNeedNotDeclare) {
 
 TEST(OpenXMLFile, ReportsWhereAFileIsNotWellFormed) {
     const TemporaryFolder folder;
-    const CString path = folder.Path(_T("file.xml"));
-    CMarkup markup;
     CString error;
-    const std::tuple<const char*, const WCHAR*> rows[] = {
-        {"<?xml version='1.0'?>\n<a>\n  <b></c></a>", _T("3:8: ")},
-        {"", _T("1:1: ")},
-        {"<a>\xe4</a>", _T("1:4: ")},
+    const auto refuse = [&](const WCHAR* path, CLengthyOperationHandler* handler = nullptr) {
+        CMarkup markup;
+        EXPECT_FALSE(AfxOpenXMLFile(path, markup, error, handler));
+        return error.Left(5);
     };
-    for (const auto& [bytes, place] : rows) {
+    const auto refuseBytes = [&](const char* bytes, CLengthyOperationHandler* handler = nullptr) {
         folder.Write(_T("file.xml"), bytes);
-        EXPECT_FALSE(AfxOpenXMLFile(path, markup, error)) << bytes;
-        EXPECT_EQ(error.Left(5), place) << bytes;
-    }
-    const CString missing = folder.Path(_T("missing.xml"));
-    for (const WCHAR* none : {static_cast<const WCHAR*>(nullptr), missing.GetString()}) {
-        EXPECT_FALSE(AfxOpenXMLFile(none, markup, error));
-        EXPECT_TRUE(!error.IsEmpty() && error.Find(_T("1:1")) < 0);
-    }
+        return refuse(folder.Path(_T("file.xml")), handler);
+    };
+    EXPECT_EQ(refuseBytes("<?xml version='1.0'?>\n<a>\n  <b></c></a>"), _T("3:8: "));
+    EXPECT_EQ(refuseBytes(""), _T("1:1: "));
+    EXPECT_EQ(refuseBytes("<a>\xe4</a>"), _T("1:4: "));
+    EXPECT_EQ(refuse(nullptr), _T("The f"));
+    EXPECT_EQ(refuse(folder.Path(_T("missing.xml"))), _T("The f"));
     struct Refusing : CLengthyOperationHandler {
         void PumpMessages() override { AfxThrowUserException(); }
     } handler;
-    for (const char* bytes : {"<a/>", "<?xml version='1.0'?><a/>", "<a>"}) {
-        folder.Write(_T("file.xml"), bytes);
-        EXPECT_FALSE(AfxOpenXMLFile(path, markup, error, &handler)) << bytes;
-    }
+    for (const char* bytes : {"<a/>", "<?xml version='1.0'?><a/>", "<a>"})
+        refuseBytes(bytes, &handler);
 }
