@@ -33,7 +33,7 @@ LAYERS = [
     ("src/net/win/a.cpp", '#include "net/win/w.h"', None),  # and no header of the system's net/
     ("include/quorvel/net/a.h", '#include "util/text/t.h"', "which is not installed"),
     ("include/quorvel/net/t.h", "", "src/util/text/t.h has the same name"),
-    ("src/net/a.cpp", "#include <quorvel/gone/x.h>", "belongs to no component"),
+    ("src/net/a.cpp", "#include <quorvel/missing/x.h>", "belongs to no component"),
     ("src/net/a.cpp", "#include <sys/socket.h>", "belongs to the platform"),
     ("src/platform/linux/a.cpp", '#include "platform/win32.h"', "is for the layer's callers"),
     ("src/net/a.cpp", "#if defined(_WIN32)", "distinguished by files"),

@@ -100,11 +100,6 @@ bool Fits(const Control& control, const Ruler& ruler) {
     return need.cx + frame <= room.cx && (control.IsGroup() || need.cy <= room.cy);
 }
 
-// Whether Tab moves to the right or downwards.
-bool ReadsOn(const RECT& from, const RECT& to) {
-    return to.left >= from.right || to.top >= from.bottom;
-}
-
 // The letter after a single "&", in lower case; 0 without one.
 WCHAR Mnemonic(CString text) {
     text.Replace(_T("&&"), _T(""));
@@ -174,7 +169,7 @@ TEST(Layouts, ControlsStandApartAndKeysReachThemInReadingOrder) {
     for (const Dialog& dialog : Dialogs()) {
         std::map<WCHAR, CString> mnemonics;
         const Control* former = nullptr;
-        const Control* reached = nullptr;
+        const Control* reached = nullptr; // from which Tab must move to the right or downwards
         for (const Control& control : dialog.controls) {
             SCOPED_TRACE(testing::Message()
                          << dialog.label << ", control " << control.id << " " << control.text);
@@ -199,7 +194,8 @@ TEST(Layouts, ControlsStandApartAndKeysReachThemInReadingOrder) {
                 control.NeedsLabel() || (control.Is(_T("Button")) && !control.IsGroup());
             EXPECT_EQ(control.IsReached(), takesKeys) << "Tab";
             if (control.IsReached()) {
-                EXPECT_TRUE(reached == nullptr || ReadsOn(reached->place, control.place))
+                EXPECT_TRUE(reached == nullptr || control.place.left >= reached->place.right ||
+                            control.place.top >= reached->place.bottom)
                     << "against reading order";
                 reached = &control;
             }

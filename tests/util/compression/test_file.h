@@ -4,7 +4,6 @@
 #include <quorvel/framework/mem_file.h>
 
 #include <functional>
-#include <new>
 #include <random>
 #include <string>
 #include <vector>
@@ -51,16 +50,4 @@ public:
     std::vector<UINT> m_reads; // the requested counts
     std::function<void()> m_onRead = [] {};
     std::function<void()> m_onWrite = [] {}; // called after a write
-};
-
-// Exceptions that files may throw, and the text shown for each.
-struct ThrowRow {
-    void (*throwIt)();
-    const WCHAR* text;
-};
-inline const ThrowRow kThrown[] = {
-    {[] { AfxThrowFileException(CFileException::diskFull); }, _T("The disk is full.")},
-    {[] { AfxThrowMemoryException(); }, _T("Out of memory.")},
-    {[] { throw std::bad_alloc(); }, _T("Not enough memory to perform the operation.")},
-    {[] { throw 7; }, _T("Unknown compression error.")},
 };

@@ -79,7 +79,7 @@ TEST(ZStream, FailuresReturnZero) {
     EXPECT_EQ(stream.Deflate(plain, kAll, destination, written), 0); // never initialised
     EXPECT_EQ(written, 0u);
     const std::string packed = Deflated(stream, bytes);
-    plain.m_onRead = kThrown[0].throwIt;
+    plain.m_onRead = [] { AfxThrowFileException(CFileException::diskFull); };
     ASSERT_TRUE(stream.DeflateInit(1));
     EXPECT_EQ(stream.Deflate(plain, kAll, destination, written = kMarker), 0);
     EXPECT_TRUE(stream.DeflateEnd() && written == 0); // no data was written
