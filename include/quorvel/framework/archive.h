@@ -32,7 +32,7 @@ concept StoredNumber = OneOf<Type, char, signed char, BYTE, short, WORD, int, un
 
 class QUORVEL_API CArchive {
 public:
-    enum Mode : UINT {
+    enum Mode : UINT { // store or load, to be combined with the flag
         store = 0,
         load = 1,
         bNoFlushOnDelete = 2 // the destructor aborts
@@ -45,19 +45,21 @@ public:
     // Closes and ignores errors. Call Close to get them as exceptions.
     ~CArchive();
 
+    // The direction stays the same after Close.
     BOOL IsLoading() const noexcept { return (m_mode & load) != 0; }
     BOOL IsStoring() const noexcept { return (m_mode & load) == 0; }
     CFile* GetFile() const noexcept { return m_file; } // null after Close
 
     // Returns the number of bytes read: fewer than `count` at the end of the file.
     UINT Read(void* buffer, UINT count);
-    void Write(const void* buffer, UINT count);
+    void Write(const void* buffer, UINT count); // the file may get the bytes only later
     // When storing, writes the buffer to the file; when loading, moves the file position back to
     // the first byte not yet loaded. If the file throws, the buffered bytes are lost.
     void Flush();
     void Close(); // flushes and detaches the file, which stays open
     void Abort(); // detaches the file without flushing
 
+    // Numbers and texts in the format above. When loading throws, the variable is unchanged.
     template <quorvel::StoredNumber Number>
     CArchive& operator<<(Number value) {
         Write(&value, sizeof value);
@@ -71,6 +73,7 @@ public:
         return *this;
     }
 
+    // Texts. Loading into the other width converts with the active code page.
     CArchive& operator<<(const CString& text);
     CArchive& operator<<(const CStringA& text);
     CArchive& operator>>(CString& text);

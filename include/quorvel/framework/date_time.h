@@ -10,16 +10,18 @@
 #include <quorvel/framework/string.h>
 #include <quorvel/platform/platform.h>
 
-typedef double DATE;
+typedef double DATE; // days since 30 December 1899
 
 class QUORVEL_API COleDateTimeSpan { // a time between two dates, with a sign
 public:
-    enum DateTimeSpanStatus { valid = 0, invalid = 1, null = 2 };
+    enum DateTimeSpanStatus { valid = 0, invalid = 1, null = 2 }; // null: no value
 
     COleDateTimeSpan() noexcept : m_span(0), m_status(valid) {}
+    // A span that is longer than the whole range of dates has the status invalid.
     explicit COleDateTimeSpan(double days) noexcept;
     COleDateTimeSpan(LONG days, int hours, int minutes, int seconds) noexcept;
 
+    // SetStatus does not change the value.
     DateTimeSpanStatus GetStatus() const noexcept { return m_status; }
     void SetStatus(DateTimeSpanStatus status) noexcept { m_status = status; }
 
@@ -35,6 +37,7 @@ public:
     double GetTotalMinutes() const noexcept;
     double GetTotalSeconds() const noexcept;
 
+    // A null operand gives null; an invalid operand, or a result out of range, gives invalid.
     COleDateTimeSpan operator+(const COleDateTimeSpan& other) const noexcept;
     COleDateTimeSpan operator-(const COleDateTimeSpan& other) const noexcept;
     COleDateTimeSpan operator-() const noexcept;
@@ -46,22 +49,25 @@ public:
     bool operator<=(const COleDateTimeSpan& other) const noexcept { return !(*this > other); }
     bool operator>=(const COleDateTimeSpan& other) const noexcept { return !(*this < other); }
 
-    double m_span; // days
-    DateTimeSpanStatus m_status;
+    double m_span;               // days
+    DateTimeSpanStatus m_status; // valid, unless it was set or is out of range
 };
 
 class QUORVEL_API COleDateTime {
 public:
+    // `error` is a result of members, never a status; null means no value.
     enum DateTimeStatus : int { error = -1, valid = 0, invalid = 1, null = 2 };
 
     COleDateTime() noexcept : m_dt(0), m_status(valid) {} // 30 December 1899, 00:00
-    COleDateTime(DATE date) noexcept;
+    COleDateTime(DATE date) noexcept;                     // invalid when out of range
     // The milliseconds and the day of the week are ignored.
     COleDateTime(const SYSTEMTIME& time) noexcept;
+    // A part out of range gives invalid, with m_dt 0.
     COleDateTime(int year, int month, int day, int hour, int minute, int second) noexcept;
     // The current local time, to the second.
     static COleDateTime GetCurrentTime() noexcept;
 
+    // SetStatus does not change the value.
     DateTimeStatus GetStatus() const noexcept { return m_status; }
     void SetStatus(DateTimeStatus status) noexcept { m_status = status; }
 
@@ -101,6 +107,7 @@ public:
     bool operator<=(const COleDateTime& other) const noexcept { return !(other < *this); }
     bool operator>=(const COleDateTime& other) const noexcept { return !(*this < other); }
 
+    // The value and whether it counts. Assigning m_dt does not update the status.
     DATE m_dt;
     DateTimeStatus m_status;
 };

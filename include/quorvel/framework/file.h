@@ -27,19 +27,19 @@ public:
         modeNoTruncate = 0x2000, // ... unless this is set too
         typeBinary = 0x8000      // the only type there is
     };
-    enum SeekPosition : UINT { begin, current, end };
-    static const HANDLE hFileNull; // the handle of a file that is not open
+    enum SeekPosition : UINT { begin, current, end }; // where an offset counts from
+    static const HANDLE hFileNull;                    // the handle of a file that is not open
 
     CFile();
-    explicit CFile(HANDLE file); // the handle is not closed by the destructor
-    CFile(const WCHAR* fileName, UINT openFlags);
-    ~CFile() override; // closes, ignoring errors
+    explicit CFile(HANDLE file);                  // the handle is not closed by the destructor
+    CFile(const WCHAR* fileName, UINT openFlags); // throws when Open fails
+    ~CFile() override;                            // closes, ignoring errors
 
     // On failure returns FALSE and fills in *error, unless it is null. Closes an open file first.
     virtual BOOL Open(const WCHAR* fileName, UINT openFlags, CFileException* error = nullptr);
     // A new object for the same open file; both share one position. The caller deletes it.
     virtual CFile* Duplicate() const;
-    virtual void Close();
+    virtual void Close(); // no effect when no file is open
     virtual void Abort(); // closes, ignoring errors
 
     // Returns the number of bytes read: fewer than `count` at the end of the file.
@@ -48,11 +48,13 @@ public:
     virtual void Write(const void* buffer, UINT count);
     virtual void Flush(); // to the disk
 
-    // Returns the new position, in bytes; it may lie beyond the end of the file.
+    // Returns the new position, in bytes; it may be beyond the end of the file.
     virtual ULONGLONG Seek(LONGLONG offset, UINT from);
+    // The position and the length, in bytes.
     virtual ULONGLONG GetPosition() const;
     virtual ULONGLONG GetLength() const;
     virtual void SetLength(ULONGLONG length); // truncates or extends; moves to the new end
+    // SeekToEnd returns the length.
     ULONGLONG SeekToEnd() { return Seek(0, end); }
     void SeekToBegin() { Seek(0, begin); }
 
@@ -61,11 +63,11 @@ public:
     virtual CString GetFileName() const;
 
     static void Rename(const WCHAR* oldName, const WCHAR* newName); // refuses an existing name
-    static void Remove(const WCHAR* fileName);
+    static void Remove(const WCHAR* fileName);                      // deletes the file
 
-    HANDLE m_hFile;
+    HANDLE m_hFile; // hFileNull when no file is open
 
 protected:
-    BOOL m_bCloseOnDelete;
-    CString m_strFileName;
+    BOOL m_bCloseOnDelete; // FALSE for a file given as a handle
+    CString m_strFileName; // the full path; empty without a name
 };

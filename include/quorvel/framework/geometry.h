@@ -5,6 +5,7 @@
 
 class CSize : public SIZE { // a width and a height
 public:
+    // Both members are 0, the arguments, or those of the record.
     constexpr CSize() : SIZE{} {}
     constexpr CSize(LONG width, LONG height) : SIZE{width, height} {}
     constexpr CSize(const SIZE& size) : SIZE(size) {}
@@ -12,6 +13,7 @@ public:
 
 class CPoint : public POINT { // a place
 public:
+    // Both members are 0, the arguments, or those of the record.
     constexpr CPoint() : POINT{} {}
     constexpr CPoint(LONG left, LONG top) : POINT{left, top} {}
     constexpr CPoint(const POINT& point) : POINT(point) {}
@@ -20,12 +22,14 @@ public:
 // The right and bottom edges are outside the rectangle.
 class CRect : public RECT {
 public:
+    // Left, top, right and bottom edge. Without arguments all are 0. The edges may be in any order.
     constexpr CRect() : RECT{} {}
     constexpr CRect(LONG l, LONG t, LONG r, LONG b) : RECT{l, t, r, b} {}
     constexpr CRect(const RECT& rect) : RECT(rect) {}
     constexpr CRect(POINT topLeft, SIZE size)
         : RECT{topLeft.x, topLeft.y, topLeft.x + size.cx, topLeft.y + size.cy} {}
 
+    // A rectangle whose edges are in the wrong order has a negative size and counts as empty.
     constexpr LONG Width() const { return right - left; }
     constexpr LONG Height() const { return bottom - top; }
     constexpr CSize Size() const { return {Width(), Height()}; }
@@ -38,10 +42,12 @@ public:
         bottom += y;
     }
 
+    // For functions that take the address of a rectangle.
     constexpr operator RECT*() { return this; }
     constexpr operator const RECT*() const { return this; }
 };
 
+// Equal when all members are equal.
 constexpr bool operator==(const CSize& left, const CSize& right) {
     return left.cx == right.cx && left.cy == right.cy;
 }

@@ -3,6 +3,7 @@
 
 #include <quorvel/framework/string.h>
 
+// The service types of AfxParseURL.
 #define AFX_INET_SERVICE_FTP 1u
 #define AFX_INET_SERVICE_GOPHER 2u
 #define AFX_INET_SERVICE_HTTP 3u

@@ -27,6 +27,7 @@ template <class... Types>
 concept RefusedInserts =
     ((!StringInsert<Types> && (std::is_class_v<Types> || std::is_union_v<Types>)) || ...);
 
+// The text of a string; any other value unchanged.
 template <class Type>
 auto PlainInsert(const Type& insert) {
     if constexpr (StringInsert<Type>)
@@ -49,4 +50,5 @@ auto PlainInsert(const Type& insert) {
     requires quorvel::RefusedInserts<Inserts...> result function(QUORVEL_LIST parameters,          \
                                                                  Inserts... inserts)               \
     = delete;
+// Removes the parentheses around a list.
 #define QUORVEL_LIST(...) __VA_ARGS__

@@ -21,13 +21,14 @@ class QUORVEL_API CMapStringToString : public CObject {
 public:
     CMapStringToString();
 
+    // The number of entries. Constant time.
     INT_PTR GetCount() const noexcept { return static_cast<INT_PTR>(m_entries.size()); }
     BOOL IsEmpty() const noexcept { return m_entries.empty(); }
     // Returns FALSE and leaves the value unchanged when the key is missing.
     BOOL Lookup(const WCHAR* key, CString& value) const;
     void SetAt(const WCHAR* key, const WCHAR* value); // adds or replaces
     BOOL RemoveKey(const WCHAR* key);                 // FALSE when the key is missing
-    void RemoveAll() noexcept;
+    void RemoveAll() noexcept;                        // also ends every walk
 
     // Visits each entry once, in the order of the keys, until the position is null. During the walk
     // entries may be changed; do not remove the entry at the next position.
@@ -64,6 +65,7 @@ public:
     CMap() = default;
     explicit CMap(INT_PTR) {} // the block size is ignored
 
+    // The number of entries. Constant time.
     INT_PTR GetCount() const noexcept { return static_cast<INT_PTR>(m_entries.size()); }
     INT_PTR GetSize() const noexcept { return GetCount(); }
     BOOL IsEmpty() const noexcept { return m_entries.empty(); }
@@ -74,7 +76,7 @@ public:
         m_hashSize = hashSize;
         m_entries.rehash(hashSize);
     }
-    UINT GetHashTableSize() const noexcept { return m_hashSize; }
+    UINT GetHashTableSize() const noexcept { return m_hashSize; } // 17 unless it was set
 
     // Returns FALSE and leaves the value unchanged when the key is missing.
     BOOL Lookup(ArgKey key, Value& value) const {
@@ -87,7 +89,7 @@ public:
     Value& operator[](ArgKey key) { return m_entries[Key(key)]; } // adds a missing key
     void SetAt(ArgKey key, ArgValue value) { m_entries.insert_or_assign(Key(key), value); }
     BOOL RemoveKey(ArgKey key) { return m_entries.erase(Key(key)) != 0; } // FALSE when missing
-    void RemoveAll() noexcept { m_entries.clear(); }
+    void RemoveAll() noexcept { m_entries.clear(); }                      // also ends every walk
 
     // Visits each entry once, in no particular order, until the position is null. During the walk
     // values may be changed, and entries other than the one at the next position may be removed.

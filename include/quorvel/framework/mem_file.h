@@ -9,6 +9,7 @@
 class QUORVEL_API CMemFile : public CFile {
     DECLARE_DYNAMIC(CMemFile)
 public:
+    // The memory grows by `growBytes` or more; with 0 every write throws CMemoryException.
     explicit CMemFile(UINT growBytes = 1024);
     CMemFile(BYTE* buffer, UINT bufferSize, UINT growBytes = 0); // as Attach
     ~CMemFile() override;

@@ -9,8 +9,8 @@
 
 class CArchive;
 
-struct QUORVEL_API CRuntimeClass { // the name and base class of a class
-    const char* m_lpszClassName;
+struct QUORVEL_API CRuntimeClass {         // the name and base class of a class
+    const char* m_lpszClassName;           // as IMPLEMENT_DYNAMIC spells it
     CRuntimeClass* (*m_pfnGetBaseClass)(); // null for CObject
 
     BOOL IsDerivedFrom(const CRuntimeClass* base) const; // or the same class
@@ -18,14 +18,14 @@ struct QUORVEL_API CRuntimeClass { // the name and base class of a class
 
 class QUORVEL_API CObject { // the base of classes that know their name at run time
 public:
-    static const CRuntimeClass classCObject;
+    static const CRuntimeClass classCObject; // the record of this class
 
     CObject(const CObject&) = delete;
     CObject& operator=(const CObject&) = delete;
     virtual ~CObject();
 
-    virtual CRuntimeClass* GetRuntimeClass() const;
-    BOOL IsKindOf(const CRuntimeClass* runtimeClass) const;
+    virtual CRuntimeClass* GetRuntimeClass() const;         // the record of the object's own class
+    BOOL IsKindOf(const CRuntimeClass* runtimeClass) const; // TRUE also for a base class
     // Stores into, or loads from, the archive. The base class stores nothing.
     virtual void Serialize(CArchive& archive);
 
@@ -33,13 +33,16 @@ protected:
     CObject();
 };
 
+// The record of a class.
 #define RUNTIME_CLASS(className) (const_cast<CRuntimeClass*>(&className::class##className))
 
+// In the body of a class. Members that follow it are public.
 #define DECLARE_DYNAMIC(className)                                                                 \
 public:                                                                                            \
     static const CRuntimeClass class##className;                                                   \
     CRuntimeClass* GetRuntimeClass() const override;
 
+// In one source file, for a class with DECLARE_DYNAMIC.
 // The base record is reached through a function, because the address of a record in another module
 // is not a constant and the derived record must be ready before any constructor runs.
 #define IMPLEMENT_DYNAMIC(className, baseName)                                                     \

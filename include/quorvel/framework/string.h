@@ -67,15 +67,16 @@ concept NumberNotCharacter = (std::is_arithmetic_v<Type> ||
 template <class Ch>
 class QUORVEL_API CStringT {
 public:
-    typedef Ch XCHAR;
-    typedef typename quorvel::StringWidths<Ch>::Other YCHAR;
+    typedef Ch XCHAR;                                        // the character of this class
+    typedef typename quorvel::StringWidths<Ch>::Other YCHAR; // the character of the other width
 
     CStringT() noexcept;
     CStringT(const CStringT& other) noexcept;
     CStringT(CStringT&& other) noexcept;
+    // Copy the text; text of the other width is converted.
     CStringT(const Ch* text);
-    CStringT(const Ch* text, int length); // a negative length counts as 0
-    explicit CStringT(Ch character, int count = 1);
+    CStringT(const Ch* text, int length);           // a negative length counts as 0
+    explicit CStringT(Ch character, int count = 1); // empty for a count below 1
     explicit CStringT(const YCHAR* text);
     explicit CStringT(std::basic_string_view<Ch> text)
         : CStringT(text.data(), quorvel::StringLength(text.size())) {}
@@ -85,15 +86,18 @@ public:
 
     CStringT& operator=(const CStringT& other) noexcept;
     CStringT& operator=(CStringT&& other) noexcept;
+    // The text may be part of this string; text of the other width is converted.
     CStringT& operator=(const Ch* text);
     CStringT& operator=(const YCHAR* text);
     CStringT& operator=(Ch character);
     template <class Number>
     requires quorvel::NumberNotCharacter<Number, Ch> CStringT& operator=(Number) = delete;
 
+    // The length is stored and includes embedded zeros.
     int GetLength() const noexcept { return Header()->length; }
     bool IsEmpty() const noexcept { return GetLength() == 0; }
     int GetAllocLength() const noexcept { return Header()->capacity; } // in characters
+    // Zero-terminated, never null; valid until the string changes.
     const Ch* GetString() const noexcept { return m_text; }
     operator const Ch*() const noexcept { return m_text; }
     // `position` must be from 0 to the length (the terminator); it is not checked.
@@ -111,7 +115,9 @@ public:
     std::string ToUTF8() const requires std::is_same_v<Ch, WCHAR>;
     static CStringT FromUTF8(std::string_view bytes) requires std::is_same_v<Ch, WCHAR>;
 
-    void Empty() noexcept;
+    void Empty() noexcept; // also releases the memory
+    // The text may be part of this string. Without a length it ends at its first zero; a negative
+    // length counts as 0.
     void SetString(const Ch* text);
     void SetString(const Ch* text, int length);
     void Append(const Ch* text);
@@ -167,9 +173,9 @@ public:
     int Replace(const Ch* oldText, const Ch* newText);
     int Remove(Ch character);
 
-    CStringT& MakeUpper(); // simple case mapping, in narrow text of ASCII only
-    CStringT& MakeLower();
-    CStringT& MakeReverse();
+    CStringT& MakeUpper();   // simple case mapping, in narrow text of ASCII only
+    CStringT& MakeLower();   // by the rules of MakeUpper
+    CStringT& MakeReverse(); // reverses the order of the characters
     // White space is what isspace of the C locale accepts. The other overloads trim what is given.
     CStringT& Trim();
     CStringT& Trim(Ch character);
@@ -340,6 +346,7 @@ QUORVEL_API void AfxFormatString1(CString& result, UINT formatId, const WCHAR* f
 QUORVEL_API void AfxFormatString2(CString& result, UINT formatId, const WCHAR* first,
                                   const WCHAR* second);
 
+// Compare with operators in the order of Compare. A null text counts as empty.
 #define QUORVEL_STRING_COMPARISON(op)                                                              \
     template <class Ch>                                                                            \
     bool operator op(const CStringT<Ch>& left, const CStringT<Ch>& right) noexcept {               \

@@ -10,7 +10,7 @@ namespace quorvel {
 struct ThreadStart;
 }
 
-typedef UINT (*AFX_THREADPROC)(void* parameter);
+typedef UINT (*AFX_THREADPROC)(void* parameter); // its result is the exit code
 
 // A thread of the library. AfxBeginThread creates the object. It is deleted when its function ends;
 // when m_bAutoDelete is FALSE, the creator deletes it after the thread has ended.

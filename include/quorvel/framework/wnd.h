@@ -31,37 +31,38 @@ struct WindowCallbacks;
 // message. For WM_COMMAND and WM_NOTIFY it returns whether the member handled the message, and its
 // lParam is the `extra` of OnCmdMsg or the address of an AFX_NOTIFY.
 struct AFX_MSGMAP_ENTRY {
-    UINT nMessage; // 0 ends the table
-    UINT nCode;
-    UINT nID;
-    UINT nLastID;
-    LRESULT (*pfn)(CWnd* wnd, WPARAM wParam, LPARAM lParam);
+    UINT nMessage;                                           // 0 ends the table
+    UINT nCode;                                              // 0 for other messages
+    UINT nID;                                                // the first id
+    UINT nLastID;                                            // the last id
+    LRESULT (*pfn)(CWnd* wnd, WPARAM wParam, LPARAM lParam); // calls the member
 };
-struct AFX_NOTIFY { // the argument of a row for WM_NOTIFY
-    LRESULT* pResult;
-    NMHDR* pNMHDR;
+struct AFX_NOTIFY {   // the argument of a row for WM_NOTIFY
+    LRESULT* pResult; // what the parent's window procedure returns
+    NMHDR* pNMHDR;    // as the control sent it
 };
 // OnCmdMsg writes the object that has the handler here, if it only searches for one.
 struct AFX_CMDHANDLERINFO {
-    CWnd* pTarget;
+    CWnd* pTarget; // unchanged when there is no handler
 };
 // The notification code of a command from a menu item, an accelerator or a button.
 inline constexpr int CN_COMMAND = 0;
 
 struct AFX_MSGMAP {                       // the rows of a class, and the map of its base class
     const AFX_MSGMAP* (*pfnGetBaseMap)(); // null for CWnd
-    const AFX_MSGMAP_ENTRY* lpEntries;
+    const AFX_MSGMAP_ENTRY* lpEntries;    // ended by a row with message 0
 };
 
 // Optional mark before the declaration of a handler.
 #define afx_msg
 
+// In the body of a class that has a message map. Members that follow it are protected.
 #define DECLARE_MESSAGE_MAP()                                                                      \
 protected:                                                                                         \
     static const AFX_MSGMAP* GetThisMessageMap();                                                  \
     const AFX_MSGMAP* GetMessageMap() const override;
 
-// The two macros are the halves of one function.
+// Enclose the rows of a class, in one source file. They are the halves of one function.
 // clang-format off
 #define BEGIN_MESSAGE_MAP(theClass, baseClass)                                                     \
     const AFX_MSGMAP* theClass::GetMessageMap() const {                                            \
@@ -72,6 +73,7 @@ protected:                                                                      
         using TheBaseClass = baseClass;                                                            \
         static const AFX_MSGMAP_ENTRY s_entries[] = {
 
+// Ends the rows.
 #define END_MESSAGE_MAP()                                                                          \
             {0, 0, 0, 0, nullptr}};                                                                \
         static const AFX_MSGMAP s_map = {&TheBaseClass::GetThisMessageMap, s_entries};             \
@@ -129,8 +131,8 @@ public:
     CWnd();
     ~CWnd() override; // destroys its window, if any
 
-    HWND m_hWnd; // null without a window
-    HWND GetSafeHwnd() const { return m_hWnd; }
+    HWND m_hWnd;                                // null without a window
+    HWND GetSafeHwnd() const { return m_hWnd; } // null without a window
 
     // Null for a null handle.
     static CWnd* FromHandle(HWND window);
@@ -159,6 +161,7 @@ public:
                   LPVOID parameter = nullptr);
     virtual BOOL DestroyWindow(); // FALSE without a window
 
+    // Each calls the platform's function of its name. GetWindowText has no limit of length.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void GetWindowText(CString& text) const;
     BOOL SetWindowText(const WCHAR* text);
@@ -187,8 +190,8 @@ public:
     // the window is destroyed first, and on WM_QUIT, which is posted again. `flags` are the MLF_
     // constants. Between messages the window gets WM_KICKIDLE until its result is 0.
     int RunModalLoop(DWORD flags = 0);
-    virtual BOOL ContinueModal(); // called after each message; FALSE ends the loop
-    virtual void EndModalLoop(int result);
+    virtual BOOL ContinueModal();          // called after each message; FALSE ends the loop
+    virtual void EndModalLoop(int result); // ends RunModalLoop with this result
 
     // Called before a message is translated and dispatched: first for its own window, then for the
     // parents and owners of that. TRUE ends the handling of the message.
@@ -214,6 +217,7 @@ public:
     // Shows a box over this window without the application's DoMessageBox. A null caption means the
     // application's name.
     int MessageBox(const WCHAR* text, const WCHAR* caption = nullptr, UINT type = MB_OK);
+    // Each calls the platform's function of its name. Objects that they return are temporary.
     void GetDlgItemText(int id, CString& text) const;
     CFont* GetFont() const; // null: the system font
     void SetFont(CFont* font, BOOL redraw = TRUE);
@@ -224,9 +228,7 @@ public:
     int ReleaseDC(CDC* dc);
     CDC* BeginPaint(PAINTSTRUCT* paint);
 
-    // Each of the following members calls the platform's function of the same name.
-
-    // Messages and timers
+    // Messages and timers. Each calls the platform's function of its name.
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return ::PostMessageW(m_hWnd, message, wParam, lParam);
     }
@@ -240,7 +242,7 @@ public:
         return ::KillTimer(m_hWnd, id);
     }
 
-    // Size and place
+    // Size and place. Each calls the platform's function of its name.
     void GetClientRect(RECT* rect) const {
         ::GetClientRect(m_hWnd, rect);
     }
@@ -287,7 +289,7 @@ public:
         MapWindowPoints(to, reinterpret_cast<POINT*>(rect), 2);
     }
 
-    // State
+    // State. Each calls the platform's function of its name.
     BOOL ShowWindow(int command) {
         return ::ShowWindow(m_hWnd, command);
     }
@@ -298,6 +300,7 @@ public:
     BOOL EnableWindow(BOOL enable = TRUE) {
         return ::EnableWindow(m_hWnd, enable);
     }
+    // State and texts. Each calls the platform's function of its name.
     BOOL IsWindowEnabled() const {
         return ::IsWindowEnabled(m_hWnd);
     }
@@ -326,7 +329,7 @@ public:
     }
     void DragAcceptFiles(BOOL accept = TRUE);
 
-    // Painting
+    // Painting. Each calls the platform's function of its name.
     void Invalidate(BOOL erase = TRUE) {
         ::InvalidateRect(m_hWnd, nullptr, erase);
     }
@@ -350,7 +353,7 @@ public:
         ::EndPaint(m_hWnd, paint);
     }
 
-    // Focus, activation and capture
+    // Focus, activation and capture. Each calls the platform's function of its name.
     CWnd* SetFocus() {
         return FromHandle(::SetFocus(m_hWnd));
     } // the previous window
@@ -376,7 +379,8 @@ public:
         return FromHandle(::GetCapture());
     }
 
-    // Other windows
+    // Other windows. Each calls the platform's function of its name; objects that they return are
+    // temporary.
     CWnd* GetDlgItem(int id) const {
         return FromHandle(::GetDlgItem(m_hWnd, id));
     }
@@ -414,7 +418,7 @@ public:
         return FromHandle(::FindWindowW(className, windowName));
     }
 
-    // Items of a dialog
+    // Items of a dialog. Each calls the platform's function of its name.
     int SetDlgCtrlID(int id) {
         return static_cast<int>(::SetWindowLongPtrW(m_hWnd, GWLP_ID, id));
     }
@@ -439,7 +443,7 @@ public:
     void CheckRadioButton(int first, int last, int checked) {
         ::CheckRadioButton(m_hWnd, first, last, checked);
     }
-    int GetCheckedRadioButton(int first, int last) const; // 0 when none is checked
+    int GetCheckedRadioButton(int first, int last) const; // 0: no checked button
     CWnd* GetNextDlgTabItem(const CWnd* item, BOOL previous = FALSE) const {
         return FromHandle(::GetNextDlgTabItem(m_hWnd, SafeHwndOf(item), previous));
     }
@@ -447,7 +451,8 @@ public:
         return FromHandle(::GetNextDlgGroupItem(m_hWnd, SafeHwndOf(item), previous));
     }
 
-    // Scroll bars
+    // Scroll bars. Each calls the platform's function of its name; they set cbSize and fMask
+    // themselves.
     BOOL GetScrollInfo(int bar, SCROLLINFO* info, UINT mask = SIF_ALL) const {
         info->cbSize = sizeof *info;
         info->fMask = mask;
@@ -653,6 +658,7 @@ protected:
     }
 #endif
 
+    // The rows of the class, or of the object's own class. DECLARE_MESSAGE_MAP declares both.
     static const AFX_MSGMAP* GetThisMessageMap();
     virtual const AFX_MSGMAP* GetMessageMap() const;
 
@@ -686,6 +692,7 @@ private:
 
 namespace quorvel {
 
+// Calls the member of a row for WM_NOTIFY.
 template <class Class, class Member>
 LRESULT CallNotify(Class* self, Member member, LPARAM lParam) {
     const AFX_NOTIFY& notify = *reinterpret_cast<const AFX_NOTIFY*>(lParam);

@@ -8,6 +8,7 @@
 #endif
 
 #if defined(_WIN32)
+// What QUORVEL_API is in the library itself, and in programs that use it.
 #define QUORVEL_EXPORT __declspec(dllexport)
 #define QUORVEL_IMPORT __declspec(dllimport)
 #else

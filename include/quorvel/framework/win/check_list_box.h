@@ -13,6 +13,7 @@
 
 class CDC;
 
+// The notification after the user changed a check, and its row: void member().
 inline constexpr UINT CLBN_CHKCHANGE = 40;
 #define ON_CLBN_CHKCHANGE(id, member) ON_CONTROL(CLBN_CHKCHANGE, id, member)
 
@@ -39,8 +40,10 @@ public:
 protected:
     void PreSubclassWindow() override;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    // Draw a row and set its height, for WM_DRAWITEM and WM_MEASUREITEM.
     virtual void DrawItem(DRAWITEMSTRUCT* item);
     virtual void MeasureItem(MEASUREITEMSTRUCT* item);
+    // Change checks for the mouse and the space key.
     void OnLButtonDown(UINT flags, CPoint point);
     void OnLButtonDblClk(UINT flags, CPoint point);
     void OnKeyDown(UINT key, UINT repeat, UINT flags);

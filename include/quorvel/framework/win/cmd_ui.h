@@ -13,22 +13,22 @@ public:
     CCmdUI() = default;
     virtual ~CCmdUI();
 
-    virtual void Enable(BOOL on = TRUE);  // a disabled control passes the focus on
-    virtual void SetCheck(int check = 1); // 0, 1, and for a button 2: indeterminate
-    virtual void SetRadio(BOOL on = TRUE);
-    virtual void SetText(const WCHAR* text);
+    virtual void Enable(BOOL on = TRUE);     // a disabled control passes the focus on
+    virtual void SetCheck(int check = 1);    // 0, 1, and for a button 2: indeterminate
+    virtual void SetRadio(BOOL on = TRUE);   // a menu item then has a radio mark, not a check mark
+    virtual void SetText(const WCHAR* text); // no change when the text is the same
 
     // Leaves the command to other handlers.
     void ContinueRouting() { m_bContinueRouting = TRUE; }
 
-    // Calls the target's handler. Returns FALSE when there is none; with `disableIfNoHandler` the
-    // item is then disabled, unless the target has a handler for the command itself.
+    // Calls the target's handler. Returns FALSE when it has no handler; with `disableIfNoHandler`
+    // the item is then disabled, unless the target has a handler for the command itself.
     BOOL DoUpdate(CWnd* target, BOOL disableIfNoHandler);
 
-    UINT m_nID = 0;
-    UINT m_nIndex = 0;        // the menu item's position
-    UINT m_nIndexMax = 0;     // the count of the menu's items
-    CMenu* m_pMenu = nullptr; // the item's menu; null for a control
-    CWnd* m_pOther = nullptr; // the control
-    BOOL m_bContinueRouting = FALSE;
+    UINT m_nID = 0;                  // the command
+    UINT m_nIndex = 0;               // the menu item's position
+    UINT m_nIndexMax = 0;            // the count of the menu's items
+    CMenu* m_pMenu = nullptr;        // the item's menu; null for a control
+    CWnd* m_pOther = nullptr;        // the control
+    BOOL m_bContinueRouting = FALSE; // set by ContinueRouting
 };

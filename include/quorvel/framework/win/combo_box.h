@@ -7,11 +7,12 @@
 class QUORVEL_API CComboBox : public CWnd {
     DECLARE_DYNAMIC(CComboBox)
 public:
+    // As CWnd::Create, with the window class of the control.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
         return CWnd::Create(_T("ComboBox"), nullptr, style, rect, parent, id);
     }
 
-    // Rows
+    // Rows. Each member sends the control's message of its name (CB_...).
     int GetCount() const { return Send(CB_GETCOUNT); }
     int AddString(const WCHAR* text) { return Send(CB_ADDSTRING, 0, text); }
     int InsertString(int row, const WCHAR* text) { return Send(CB_INSERTSTRING, row, text); }
@@ -36,18 +37,18 @@ public:
         return Send(CB_FINDSTRINGEXACT, after, text);
     }
 
-    // Selection
+    // The selection, by the messages CB_...; -1 selects no row.
     int GetCurSel() const { return Send(CB_GETCURSEL); }
     int SetCurSel(int row) { return Send(CB_SETCURSEL, row); }
     int SelectString(int after, const WCHAR* text) { return Send(CB_SELECTSTRING, after, text); }
 
-    // The edit field
+    // The edit field; positions count characters.
     BOOL SetEditSel(int first, int last) {
         return static_cast<BOOL>(SendMessage(CB_SETEDITSEL, 0, MAKELPARAM(first, last)));
     }
     BOOL LimitText(int maxChars) { return Send(CB_LIMITTEXT, maxChars); }
 
-    // The list
+    // The drop-down list; widths and heights are in pixels.
     void ShowDropDown(BOOL show = TRUE) { Send(CB_SHOWDROPDOWN, show); }
     BOOL GetDroppedState() const { return Send(CB_GETDROPPEDSTATE); }
     int SetDroppedWidth(UINT width) { return Send(CB_SETDROPPEDWIDTH, static_cast<int>(width)); }

@@ -15,10 +15,10 @@ class CWnd;
 
 class QUORVEL_API CDataExchange { // one exchange in one direction
 public:
-    CDataExchange(CWnd* dialog, BOOL saveAndValidate);
+    CDataExchange(CWnd* dialog, BOOL saveAndValidate); // CWnd::UpdateData calls it
 
     BOOL m_bSaveAndValidate; // TRUE: from the controls
-    CWnd* m_pDlgWnd;
+    CWnd* m_pDlgWnd;         // the window with the controls
 
     // The control with that id, to which Fail gives the focus; with PrepareEditCtrl Fail also
     // selects its text. Throws CNotSupportedException when it is missing.
@@ -29,8 +29,8 @@ public:
     // Shows a box with the text, then calls Fail().
     [[noreturn]] void Fail(const WCHAR* text);
 
-    int m_idLastControl = 0;
-    BOOL m_bEditLastControl = FALSE;
+    int m_idLastControl = 0;         // set by PrepareCtrl; 0: no control yet
+    BOOL m_bEditLastControl = FALSE; // set by PrepareEditCtrl
 };
 
 namespace quorvel {
@@ -63,7 +63,7 @@ void DDX_Text(CDataExchange* exchange, int id, T& value) {
 }
 
 QUORVEL_API void DDX_Check(CDataExchange* exchange, int id, int& value); // BST_CHECKED and so on
-// The position of the checked button in the group that begins with that id; -1 if none is checked.
+// The position of the checked button in the group that begins with that id; -1: no checked button.
 QUORVEL_API void DDX_Radio(CDataExchange* exchange, int id, int& value);
 
 // The selected row, or -1; or its text. Writing selects the first row that begins with the text or
@@ -77,8 +77,10 @@ QUORVEL_API void DDX_CBStringExact(CDataExchange* exchange, int id, CString& val
 
 // Reading refuses a longer text; writing limits the text that can be typed.
 QUORVEL_API void DDV_MaxChars(CDataExchange* exchange, const CString& value, int maxChars);
+// Reading refuses a value outside the bounds.
 QUORVEL_API void DDV_MinMaxDouble(CDataExchange* exchange, double value, double low, double high);
 
+// Reading refuses a value outside the bounds.
 inline void DDV_MinMaxInt(CDataExchange* exchange, int value, int low, int high) {
     quorvel::ValidateRange(exchange, value, low, high);
 }

@@ -19,14 +19,15 @@ public:
     ~CDC() override;
 
     HDC m_hDC; // null without a context
+    // The context, or null.
     HDC GetSafeHdc() const { return m_hDC; }
     operator HDC() const { return m_hDC; }
     static CDC* FromHandle(HDC dc); // null for a null handle
 
     // Returns FALSE and changes nothing for a null handle and when there already is a context.
     BOOL Attach(HDC dc);
-    HDC Detach(); // the caller then owns it
-    BOOL DeleteDC();
+    HDC Detach();    // the caller then owns it
+    BOOL DeleteDC(); // FALSE without a context
     // Creates a memory context compatible with `dc`; null means the screen.
     BOOL CreateCompatibleDC(CDC* dc) {
         return Attach(m_hDC == nullptr ? ::CreateCompatibleDC(HandleOf(dc)) : nullptr);
@@ -45,6 +46,7 @@ public:
     BOOL RestoreDC(int saved) { return ::RestoreDC(m_hDC, saved); }
     int GetDeviceCaps(int index) const { return ::GetDeviceCaps(m_hDC, index); }
 
+    // Colours and text alignment, by the platform's functions. Setters return the old value.
     COLORREF SetTextColor(COLORREF color) { return ::SetTextColor(m_hDC, color); }
     COLORREF GetTextColor() const { return ::GetTextColor(m_hDC); }
     COLORREF SetBkColor(COLORREF color) { return ::SetBkColor(m_hDC, color); }
@@ -52,6 +54,7 @@ public:
     int SetBkMode(int mode) { return ::SetBkMode(m_hDC, mode); }
     UINT SetTextAlign(UINT flags) { return ::SetTextAlign(m_hDC, flags); }
 
+    // The clip region, by the platform's functions. The result is the kind of region, or ERROR.
     int GetClipBox(RECT* rect) const { return ::GetClipBox(m_hDC, rect); }
     int IntersectClipRect(const RECT* rect) {
         return ::IntersectClipRect(m_hDC, rect->left, rect->top, rect->right, rect->bottom);
@@ -60,6 +63,7 @@ public:
         return ::ExcludeClipRect(m_hDC, rect->left, rect->top, rect->right, rect->bottom);
     }
 
+    // Shapes, icons and pixels, by the platform's functions. A brush must not be null.
     void FillRect(const RECT* rect, CBrush* brush) { ::FillRect(m_hDC, rect, *brush); }
     void FrameRect(const RECT* rect, CBrush* brush) { ::FrameRect(m_hDC, rect, *brush); }
     void InvertRect(const RECT* rect) { ::InvertRect(m_hDC, rect); }
@@ -81,6 +85,8 @@ public:
     COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hDC, x, y); }
     COLORREF SetPixel(int x, int y, COLORREF color) { return ::SetPixel(m_hDC, x, y, color); }
 
+    // Text, by the platform's functions; a CString is drawn to its end. GetTextExtent measures in
+    // logical units.
     int DrawText(const WCHAR* text, int length, RECT* rect, UINT format) {
         return ::DrawTextW(m_hDC, text, length, rect, format);
     }
@@ -98,6 +104,7 @@ public:
     CSize GetTextExtent(const CString& text) const;
     BOOL GetTextMetrics(TEXTMETRICW* metrics) const { return ::GetTextMetricsW(m_hDC, metrics); }
 
+    // Bit blocks, by the platform's functions. Operations without a source accept null.
     BOOL BitBlt(int x, int y, int width, int height, CDC* source, int fromX, int fromY,
                 DWORD operation) {
         return ::BitBlt(m_hDC, x, y, width, height, HandleOf(source), fromX, fromY, operation);
@@ -124,7 +131,7 @@ private:
 class QUORVEL_API CClientDC : public CDC {
     DECLARE_DYNAMIC(CClientDC)
 public:
-    explicit CClientDC(CWnd* wnd);
+    explicit CClientDC(CWnd* wnd); // throws CResourceException
     ~CClientDC() override;
 
 private:
@@ -135,7 +142,7 @@ private:
 class QUORVEL_API CWindowDC : public CDC {
     DECLARE_DYNAMIC(CWindowDC)
 public:
-    explicit CWindowDC(CWnd* wnd);
+    explicit CWindowDC(CWnd* wnd); // throws CResourceException
     ~CWindowDC() override;
 
 private:
@@ -146,10 +153,10 @@ private:
 class QUORVEL_API CPaintDC : public CDC {
     DECLARE_DYNAMIC(CPaintDC)
 public:
-    explicit CPaintDC(CWnd* wnd);
+    explicit CPaintDC(CWnd* wnd); // throws CResourceException
     ~CPaintDC() override;
 
-    PAINTSTRUCT m_ps;
+    PAINTSTRUCT m_ps; // filled in by BeginPaint
 
 private:
     const HWND m_window;

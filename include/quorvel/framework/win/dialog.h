@@ -35,7 +35,7 @@ public:
     // A modal dialog from a template in memory, which must outlive DoModal. Returns FALSE when this
     // object has a template or a window.
     BOOL InitModalIndirect(const DLGTEMPLATE* dialogTemplate, CWnd* parent = nullptr);
-    virtual INT_PTR DoModal();
+    virtual INT_PTR DoModal(); // the result of EndDialog, or -1
 
     // Creates a modeless dialog; the caller shows it, unless its template does. A null parent means
     // the application's main window. Returns FALSE for the reasons for which DoModal returns -1,
@@ -56,13 +56,16 @@ public:
     BOOL LoadAccelTable(const WCHAR* name);
     BOOL LoadAccelTable(UINT id) { return LoadAccelTable(MAKEINTRESOURCEW(id)); }
 
+    // Set the focus to the next, the previous or the given control.
     void NextDlgCtrl() const { ::SendMessageW(m_hWnd, WM_NEXTDLGCTL, 0, FALSE); }
     void PrevDlgCtrl() const { ::SendMessageW(m_hWnd, WM_NEXTDLGCTL, 1, FALSE); }
     void GotoDlgCtrl(CWnd* control) {
         SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control->m_hWnd), TRUE);
     }
+    // DM_SETDEFID and DM_GETDEFID. The result has DC_HASDEFID in its high word and the id below it.
     void SetDefID(UINT id) { SendMessage(DM_SETDEFID, id); }
     DWORD GetDefID() const { return static_cast<DWORD>(SendMessage(DM_GETDEFID)); }
+    // Converts dialog units to pixels.
     void MapDialogRect(RECT* rect) const { ::MapDialogRect(m_hWnd, rect); }
 
     // Handles the accelerators, then the keys of a dialog.

@@ -7,11 +7,12 @@
 class QUORVEL_API CEdit : public CWnd {
     DECLARE_DYNAMIC(CEdit)
 public:
+    // As CWnd::Create, with the window class of the control.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
         return CWnd::Create(_T("Edit"), nullptr, style, rect, parent, id);
     }
 
-    // The selection
+    // The selection, by the control's messages (EM_..., WM_...). Positions count characters.
     void GetSel(int& first, int& last) const {
         SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
     }
@@ -30,7 +31,7 @@ public:
     BOOL CanUndo() const { return static_cast<BOOL>(SendMessage(EM_CANUNDO)); }
     BOOL Undo() { return static_cast<BOOL>(SendMessage(EM_UNDO)); }
 
-    // The text
+    // The text, by the control's messages. SetReadOnly returns FALSE on failure.
     BOOL GetModify() const { return static_cast<BOOL>(SendMessage(EM_GETMODIFY)); }
     void SetModify(BOOL modified = TRUE) {
         SendMessage(EM_SETMODIFY, static_cast<WPARAM>(modified));

@@ -9,9 +9,9 @@
 class QUORVEL_API CFileDialog {
 public:
     // The filter is as in "XML files|*.xml;*.svg|All files|*.*||"; null or empty: all files. The
-    // extension is added to a name without one; null: none. The flags are the platform's OFN_ ones;
-    // those that are always set: the current folder stays, and paths must exist. Null texts are
-    // empty; a null parent: the thread's active window.
+    // extension is added to a name without one, unless it is empty. The flags are the platform's
+    // OFN_ flags. Two are always set: the current folder stays, and paths must exist. A null text
+    // counts as empty, a null parent as the thread's active window.
     CFileDialog(BOOL opens, const WCHAR* extension, const WCHAR* fileName, DWORD flags,
                 const WCHAR* filter, CWnd* parent = nullptr);
 

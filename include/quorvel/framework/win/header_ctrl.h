@@ -9,10 +9,12 @@ class CImageList;
 class QUORVEL_API CHeaderCtrl : public CWnd {
     DECLARE_DYNAMIC(CHeaderCtrl)
 public:
+    // As CWnd::Create, with the window class of the control.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
         return CWnd::Create(WC_HEADERW, nullptr, style, rect, parent, id);
     }
 
+    // Send the control's messages (HDM_...). Items count from 0; -1 means no item or failure.
     int GetItemCount() const { return static_cast<int>(SendMessage(HDM_GETITEMCOUNT)); }
     BOOL GetItem(int item, HDITEMW* description) const {
         return Send(HDM_GETITEMW, item, description);

@@ -16,14 +16,14 @@ public:
     CImageList();
     ~CImageList() override; // destroys its list, if any
 
-    HIMAGELIST m_hImageList; // null without a list
-    HIMAGELIST GetSafeHandle() const { return m_hImageList; }
-    static CImageList* FromHandle(HIMAGELIST list); // null for a null handle
+    HIMAGELIST m_hImageList;                                  // null without a list
+    HIMAGELIST GetSafeHandle() const { return m_hImageList; } // null without a list
+    static CImageList* FromHandle(HIMAGELIST list);           // null for a null handle
 
     // Returns FALSE and changes nothing for a null handle and when there already is a list.
     BOOL Attach(HIMAGELIST list);
-    HIMAGELIST Detach(); // the caller then owns it
-    BOOL DeleteImageList();
+    HIMAGELIST Detach();    // the caller then owns it
+    BOOL DeleteImageList(); // FALSE without a list
     BOOL Create(int width, int height, UINT flags, int count, int grow);
     // Creates it from a bitmap that is searched along the resource chain: pictures of that width
     // side by side. `mask` is the transparent colour.

@@ -7,11 +7,12 @@
 class QUORVEL_API CListBox : public CWnd {
     DECLARE_DYNAMIC(CListBox)
 public:
+    // As CWnd::Create, with the window class of the control.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
         return CWnd::Create(_T("ListBox"), nullptr, style, rect, parent, id);
     }
 
-    // Rows
+    // Rows. Each member sends the control's message of its name (LB_...).
     int GetCount() const { return Send(LB_GETCOUNT); }
     int AddString(const WCHAR* text) { return Send(LB_ADDSTRING, 0, text); }
     int InsertString(int row, const WCHAR* text) { return Send(LB_INSERTSTRING, row, text); }
@@ -36,7 +37,7 @@ public:
         return Send(LB_FINDSTRINGEXACT, after, text);
     }
 
-    // Selection
+    // The selection of a list with single selection; -1 selects no row.
     int GetCurSel() const { return Send(LB_GETCURSEL); }
     int SetCurSel(int row) { return Send(LB_SETCURSEL, row); }
     int SelectString(int after, const WCHAR* text) { return Send(LB_SELECTSTRING, after, text); }
@@ -52,7 +53,7 @@ public:
     }
     int GetCaretIndex() const { return Send(LB_GETCARETINDEX); }
 
-    // Place
+    // Place, in pixels of the client area.
     int GetTopIndex() const { return Send(LB_GETTOPINDEX); }
     int SetTopIndex(int row) { return Send(LB_SETTOPINDEX, row); }
     int GetItemHeight(int row) const { return Send(LB_GETITEMHEIGHT, row); }
@@ -71,6 +72,7 @@ public:
         outside = HIWORD(found) != 0;
         return LOWORD(found);
     }
+    // The width in pixels that can be scrolled to; the control does not measure its texts.
     void SetHorizontalExtent(int width) { Send(LB_SETHORIZONTALEXTENT, width); }
 
 private:

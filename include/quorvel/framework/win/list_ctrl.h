@@ -17,6 +17,7 @@ class CToolTipCtrl;
 class QUORVEL_API CListCtrl : public CWnd {
     DECLARE_DYNAMIC(CListCtrl)
 public:
+    // As CWnd::Create, with the window class of the control.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
         return CWnd::Create(WC_LISTVIEWW, nullptr, style, rect, parent, id);
     }
@@ -28,6 +29,7 @@ public:
         return static_cast<DWORD>(
             SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, mask, static_cast<LPARAM>(style)));
     }
+    // The extended style and the image lists (LVSIL_...).
     DWORD GetExtendedStyle() const {
         return static_cast<DWORD>(SendMessage(LVM_GETEXTENDEDLISTVIEWSTYLE));
     }
@@ -61,7 +63,7 @@ public:
         return Send(LVM_SETCOLUMNORDERARRAY, count, columns);
     }
 
-    // Items
+    // Items, by the control's messages (LVM_...). InsertItem returns the position, or -1.
     int GetItemCount() const { return Send(LVM_GETITEMCOUNT); }
     void SetItemCount(int count) { Send(LVM_SETITEMCOUNT, count); }
     BOOL SetItemCountEx(int count, DWORD flags = LVSICF_NOINVALIDATEALL) { // of an owner-data list
@@ -81,6 +83,7 @@ public:
     CString GetItemText(int item, int subItem) const; // of any length
     // Copies as much as fits. Returns the number of characters, without the terminator.
     int GetItemText(int item, int subItem, WCHAR* buffer, int size) const;
+    // The text and the data of one item. GetItemData returns 0 for an item that does not exist.
     BOOL SetItemText(int item, int subItem, const WCHAR* text);
     DWORD_PTR GetItemData(int item) const;
     BOOL SetItemData(int item, DWORD_PTR data);
@@ -106,12 +109,13 @@ public:
     // Visits the selected items one by one. The position is null after the last one.
     POSITION GetFirstSelectedItemPosition() const;
     int GetNextSelectedItem(POSITION& position) const;
+    // The number of selected items, and the item at which a range selection begins.
     UINT GetSelectedCount() const { return static_cast<UINT>(SendMessage(LVM_GETSELECTEDCOUNT)); }
     int GetSelectionMark() const { return Send(LVM_GETSELECTIONMARK, 0); }
     int SetSelectionMark(int item) {
         return static_cast<int>(SendMessage(LVM_SETSELECTIONMARK, 0, item));
     }
-    // The check boxes of LVS_EX_CHECKBOXES
+    // The check boxes of LVS_EX_CHECKBOXES.
     BOOL GetCheck(int item) const {
         return static_cast<BOOL>((GetItemState(item, LVIS_STATEIMAGEMASK) >> 12) == 2);
     }
@@ -119,7 +123,7 @@ public:
         return SetItemState(item, INDEXTOSTATEIMAGEMASK(check ? 2u : 1u), LVIS_STATEIMAGEMASK);
     }
 
-    // Place and drawing
+    // Place, by the control's messages. Widths are in pixels.
     BOOL EnsureVisible(int item, BOOL partialIsEnough) {
         return static_cast<BOOL>(
             SendMessage(LVM_ENSUREVISIBLE, static_cast<WPARAM>(item), partialIsEnough));
@@ -131,6 +135,7 @@ public:
     DWORD GetView() const { return static_cast<DWORD>(SendMessage(LVM_GETVIEW)); }
     int SetView(int view) { return Send(LVM_SETVIEW, view); }
     CToolTipCtrl* GetToolTips() const; // null without tool tips
+    // Place, in pixels of the client area. HitTest returns -1 when the point is on no item.
     BOOL GetItemPosition(int item, POINT* point) const {
         return Send(LVM_GETITEMPOSITION, item, point);
     }
@@ -153,6 +158,7 @@ public:
         return item;
     }
     int SubItemHitTest(LVHITTESTINFO* test) const { return Send(LVM_SUBITEMHITTEST, 0, test); }
+    // Drawing, by the control's messages. FALSE means failure.
     BOOL RedrawItems(int first, int last) {
         return static_cast<BOOL>(SendMessage(LVM_REDRAWITEMS, static_cast<WPARAM>(first), last));
     }
@@ -169,7 +175,7 @@ public:
     }
     BOOL SetTextBkColor(COLORREF color) { return SetColor(LVM_SETTEXTBKCOLOR, color); }
 
-    // Searching and editing
+    // The first item after `after` that matches; -1: from the start, or no item.
     int FindItem(const LVFINDINFOW* what, int after = -1) const {
         return Send(LVM_FINDITEMW, after, what);
     }

@@ -16,15 +16,15 @@ public:
     CMenu();
     ~CMenu() override; // destroys its menu, if any
 
-    HMENU m_hMenu; // null without a menu
-    HMENU GetSafeHmenu() const { return m_hMenu; }
-    static CMenu* FromHandle(HMENU menu); // null for a null handle
+    HMENU m_hMenu;                                 // null without a menu
+    HMENU GetSafeHmenu() const { return m_hMenu; } // null without a menu
+    static CMenu* FromHandle(HMENU menu);          // null for a null handle
 
     // Returns FALSE and changes nothing for a null handle, when there already is a menu, and when
     // the menu has another object.
     BOOL Attach(HMENU menu);
-    HMENU Detach(); // the caller then owns it
-    BOOL DestroyMenu();
+    HMENU Detach();     // the caller then owns it
+    BOOL DestroyMenu(); // FALSE without a menu
 
     // Each returns FALSE when this object has a menu. Resources are searched along the resource
     // chain, so a language library's menu is used.
@@ -47,6 +47,8 @@ public:
         return ::SetMenuItemInfoW(m_hMenu, item, byPosition, info);
     }
 
+    // Each calls the platform's function. DeleteMenu destroys a sub-menu of the item, RemoveMenu
+    // does not.
     BOOL AppendMenu(UINT flags, UINT_PTR id = 0, const WCHAR* text = nullptr) {
         return ::AppendMenuW(m_hMenu, flags, id, text);
     }
@@ -59,6 +61,7 @@ public:
     BOOL DeleteMenu(UINT item, UINT flags) { return ::DeleteMenu(m_hMenu, item, flags); }
     BOOL RemoveMenu(UINT item, UINT flags) { return ::RemoveMenu(m_hMenu, item, flags); }
 
+    // Each calls the platform's function. An item that does not exist gives UINT(-1), or FALSE.
     UINT CheckMenuItem(UINT item, UINT check) { return ::CheckMenuItem(m_hMenu, item, check); }
     BOOL CheckMenuRadioItem(UINT first, UINT last, UINT item, UINT flags) {
         return ::CheckMenuRadioItem(m_hMenu, first, last, item, flags);

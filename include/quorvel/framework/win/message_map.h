@@ -209,6 +209,7 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
 } // namespace handlers
 } // namespace quorvel
 
+// Rows of a message: their parts, for the macros below.
 #define QUORVEL_HANDLER_ROW(message, code, firstId, lastId, shape, member)                         \
     QUORVEL_MESSAGE_ROW(message, code, firstId, lastId,                                            \
                         quorvel::handlers::shape(self, member, wParam, lParam))
@@ -218,7 +219,7 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
     QUORVEL_WM_ROW(quorvel::kReflected + message, shape, member)
 
 // clang-format off
-// Creation, position and appearance
+// Creation, position and appearance: rows for the messages of these names.
 #define ON_WM_CREATE()            QUORVEL_WM_ROW(WM_CREATE, RecordAnswer, OnCreate)
 #define ON_WM_NCDESTROY()         QUORVEL_WM_ROW(WM_NCDESTROY, Plain, OnNcDestroy)
 #define ON_WM_CLOSE()             QUORVEL_WM_ROW(WM_CLOSE, Plain, OnClose)
@@ -236,7 +237,7 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
 #define ON_WM_THEMECHANGED()      QUORVEL_WM_ROW(WM_THEMECHANGED, Answer, OnThemeChanged)
 #define ON_WM_QUERYENDSESSION()   QUORVEL_WM_ROW(WM_QUERYENDSESSION, Answer, OnQueryEndSession)
 #define ON_WM_ENDSESSION()        QUORVEL_WM_ROW(WM_ENDSESSION, State, OnEndSession)
-// Keyboard, mouse and focus
+// Keyboard, mouse and focus: rows for the messages of these names.
 #define ON_WM_KEYDOWN()           QUORVEL_WM_ROW(WM_KEYDOWN, Key, OnKeyDown)
 #define ON_WM_KEYUP()             QUORVEL_WM_ROW(WM_KEYUP, Key, OnKeyUp)
 #define ON_WM_CHAR()              QUORVEL_WM_ROW(WM_CHAR, Key, OnChar)
@@ -261,7 +262,7 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
 #define ON_WM_CONTEXTMENU()       QUORVEL_WM_ROW(WM_CONTEXTMENU, WindowAt, OnContextMenu)
 #define ON_WM_INITMENUPOPUP()     QUORVEL_WM_ROW(WM_INITMENUPOPUP, Menu, OnInitMenuPopup)
 #define ON_WM_DROPFILES()         QUORVEL_WM_ROW(WM_DROPFILES, Drop, OnDropFiles)
-// Messages from the window's controls
+// Messages from the window's controls: rows for the messages of these names.
 #define ON_WM_HSCROLL()           QUORVEL_WM_ROW(WM_HSCROLL, Scroll, OnHScroll)
 #define ON_WM_VSCROLL()           QUORVEL_WM_ROW(WM_VSCROLL, Scroll, OnVScroll)
 #define ON_WM_DRAWITEM()          QUORVEL_WM_ROW(WM_DRAWITEM, ItemRecord, OnDrawItem)
@@ -320,7 +321,7 @@ LRESULT ControlReflectEx(Self* self, BOOL (C::*member)(), WPARAM, LPARAM) {
 #define ON_WM_HSCROLL_REFLECT()   QUORVEL_REFLECT_ROW(WM_HSCROLL, ReflectedScroll, HScroll)
 #define ON_WM_VSCROLL_REFLECT()   QUORVEL_REFLECT_ROW(WM_VSCROLL, ReflectedScroll, VScroll)
 
-// void member()
+// Rows for notifications of controls: void member().
 #define ON_BN_DOUBLECLICKED(id, member) ON_CONTROL(BN_DOUBLECLICKED, id, member)
 #define ON_BN_SETFOCUS(id, member)      ON_CONTROL(BN_SETFOCUS, id, member)
 #define ON_BN_KILLFOCUS(id, member)     ON_CONTROL(BN_KILLFOCUS, id, member)

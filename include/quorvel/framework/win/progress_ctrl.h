@@ -7,10 +7,12 @@
 class QUORVEL_API CProgressCtrl : public CWnd {
     DECLARE_DYNAMIC(CProgressCtrl)
 public:
+    // As CWnd::Create, with the window class of the control.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
         return CWnd::Create(PROGRESS_CLASSW, nullptr, style, rect, parent, id);
     }
 
+    // At first the range is 0 to 100 and the step 10. SetStep and StepIt return the old value.
     void SetRange32(int low, int high) {
         SendMessage(PBM_SETRANGE32, static_cast<WPARAM>(low), high);
     }

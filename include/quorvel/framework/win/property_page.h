@@ -42,15 +42,15 @@ public:
     CString m_strHeaderTitle;
     CString m_strHeaderSubTitle;
 
-    virtual BOOL OnSetActive();  // loads the controls; not the first time, after OnInitDialog
-    virtual BOOL OnKillActive(); // calls UpdateData(TRUE)
-    virtual BOOL OnApply();      // calls OnOK, returns TRUE
-    virtual void OnReset();      // calls OnCancel
-    virtual BOOL OnQueryCancel();
+    virtual BOOL OnSetActive();   // loads the controls; not the first time, after OnInitDialog
+    virtual BOOL OnKillActive();  // calls UpdateData(TRUE)
+    virtual BOOL OnApply();       // calls OnOK, returns TRUE
+    virtual void OnReset();       // calls OnCancel
+    virtual BOOL OnQueryCancel(); // returns TRUE
     // 0: the next page in order; -1: stay on this page; else the template id of the page to show.
     virtual LRESULT OnWizardBack();
     virtual LRESULT OnWizardNext();
-    virtual BOOL OnWizardFinish();
+    virtual BOOL OnWizardFinish(); // FALSE keeps the wizard open
     // Whether the page has help; called when it is added. PSP_HASHELP in m_psp has the same effect.
     virtual BOOL HasHelp();
     virtual void OnHelp(); // does nothing
@@ -62,6 +62,7 @@ protected:
     // Do not end the page: the sheet decides that.
     void OnOK() override;
     void OnCancel() override;
+    // Translates the sheet's notifications into the calls above.
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
 private:

@@ -12,6 +12,7 @@
 
 #include <vector>
 
+// The ids of a wizard's buttons.
 inline constexpr int ID_WIZBACK = 0x3023;
 inline constexpr int ID_WIZNEXT = 0x3024;
 inline constexpr int ID_WIZFINISH = 0x3025;
@@ -26,12 +27,13 @@ public:
     explicit CPropertySheet(UINT captionId, CWnd* parent = nullptr, UINT selectPage = 0);
     ~CPropertySheet() override;
 
+    // Shows the sheet until it ends; the results are at the top of this file.
     virtual INT_PTR DoModal();
     // Creates a modeless sheet. Call DestroyWindow when IsClosed returns TRUE, or earlier.
     BOOL Create(CWnd* parent = nullptr);
     // TRUE after OK or Cancel was pressed and no page refused.
     BOOL IsClosed() const;
-    void EndDialog(int result);
+    void EndDialog(int result); // ends DoModal with this result; hides a modeless sheet
 
     // Pages are not owned. Null, and a position that does not exist, are ignored.
     void AddPage(CPropertyPage* page);
@@ -40,13 +42,14 @@ public:
     int GetPageCount() const { return static_cast<int>(m_pages.size()); }
     CPropertyPage* GetPage(int position) const;        // null for a position that does not exist
     int GetPageIndex(const CPropertyPage* page) const; // -1 if not in this sheet
-    int GetActiveIndex() const;
+    int GetActiveIndex() const; // the start page before the sheet is shown; -1: no page
     CPropertyPage* GetActivePage() const { return GetPage(GetActiveIndex()); }
     BOOL SetActivePage(int position);
     BOOL SetActivePage(CPropertyPage* page) { return SetActivePage(GetPageIndex(page)); }
 
     void SetTitle(const WCHAR* text, UINT style = 0);     // style: PSH_PROPTITLE
     void SetWizardMode() { m_psh.dwFlags |= PSH_WIZARD; } // before it is shown
+    // TRUE for any of the wizard styles.
     BOOL IsWizard() const {
         return (m_psh.dwFlags & (PSH_WIZARD | PSH_WIZARD97 | PSH_WIZARD_LITE)) != 0;
     }

@@ -6,10 +6,12 @@
 class QUORVEL_API CSpinButtonCtrl : public CWnd {
     DECLARE_DYNAMIC(CSpinButtonCtrl)
 public:
+    // As CWnd::Create, with the window class of the control.
     BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
         return CWnd::Create(UPDOWN_CLASSW, nullptr, style, rect, parent, id);
     }
 
+    // The control counts down when `low` is above `high`.
     void SetRange32(int low, int high) {
         SendMessage(UDM_SETRANGE32, static_cast<WPARAM>(low), high);
     }
@@ -25,6 +27,8 @@ public:
     int SetPos32(int position) { // clamped; returns the old one
         return static_cast<int>(SendMessage(UDM_SETPOS32, 0, position));
     }
+    // The edit field of the position, and the steps while the button is held. SetBuddy returns the
+    // old field.
     CWnd* SetBuddy(CWnd* buddy) {
         return FromHandle(reinterpret_cast<HWND>(
             SendMessage(UDM_SETBUDDY, reinterpret_cast<WPARAM>(buddy->GetSafeHwnd()))));
