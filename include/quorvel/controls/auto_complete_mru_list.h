@@ -22,6 +22,7 @@
 
 class QUORVEL_API CAutoCompleteMRUList final : public IEnumString {
 public:
+    // The state of a new list, and the bounds of its size limit.
     static constexpr ULONG DEFAULT_REFERENCE_COUNT = 0;
     static constexpr ULONG DEFAULT_CURRENT_ELEMENT = 0;
     static constexpr UINT DEFAULT_SIZE_LIMIT = 20;
@@ -36,6 +37,7 @@ public:
 
     // Whether the text has more than white space. FALSE for null.
     static BOOL IsValidElement(const WCHAR* text);
+    // From MIN_SIZE_LIMIT to MAX_SIZE_LIMIT.
     static BOOL IsValidSizeLimit(UINT limit) noexcept {
         return limit >= MIN_SIZE_LIMIT && limit <= MAX_SIZE_LIMIT;
     }
@@ -47,6 +49,7 @@ public:
     BOOL RemoveElement(const WCHAR* text); // FALSE when it is missing
     void RemoveAllElements();              // does not change the enumerator's position
     BOOL SetSizeLimit(UINT limit);         // FALSE and no change outside 1 to 50
+    // The limit, and the number of texts in the list, which is never above it.
     UINT GetSizeLimit() const noexcept { return m_sizeLimit; }
     UINT GetElementCount() const noexcept { return static_cast<UINT>(m_elements.size()); }
 

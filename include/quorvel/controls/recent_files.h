@@ -16,14 +16,16 @@ public:
 
     explicit CRecentFiles(int limit = DEFAULT_LIMIT) : m_limit(limit) {} // below 1: 1
 
-    // Puts a file in front; what exceeds the limit is dropped. FALSE for null and an empty name.
+    // Puts a file in front; files beyond the limit are dropped. FALSE for null and an empty name.
     BOOL Add(const WCHAR* fileName);
-    BOOL Remove(const WCHAR* fileName); // such as one that is gone; FALSE when it is not there
+    BOOL Remove(const WCHAR* fileName); // a deleted file, for example; FALSE when not in the list
+    // Index 0 is the latest file. For an index outside the list the name is empty.
     int GetCount() const { return static_cast<int>(m_files.size()); }
-    CString GetFile(int index) const; // empty outside
+    CString GetFile(int index) const;
 
-    // Values "Recent file 1" and so on in the key of the path. Loading replaces what is there and
-    // takes up to the limit. FALSE when a value could not be written, and when there was none.
+    // Values "Recent file 1" and so on in the key of the path. Loading replaces the list and stops
+    // at the limit. Saving returns FALSE when a value could not be written, loading when it found
+    // no value.
     BOOL SaveState(const CRegistryPath& path) const;
     BOOL LoadState(const CRegistryPath& path);
 

@@ -10,9 +10,10 @@ public:
     CVaskEvent() = default;
     explicit CVaskEvent(const WCHAR* description) : m_description(description) {} // null is empty
 
-    BOOL SetDescription(const WCHAR* description); // FALSE and no change for null
-    CString GetDescription() const { return m_description; }
+    BOOL SetDescription(const WCHAR* description);           // FALSE and no change for null
+    CString GetDescription() const { return m_description; } // empty at first
 
+    // Events are equal when their descriptions are, including case.
     BOOL operator==(const CVaskEvent& other) const noexcept {
         return m_description == other.m_description;
     }

@@ -8,11 +8,12 @@
 
 class QUORVEL_API CVirtualListCtrlItem {
 public:
-    static constexpr int DEFAULT_IMAGE = -1; // none
-    static constexpr int DEFAULT_INDENT = 0;
-    static constexpr LONG DEFAULT_LPARAM = 0;
+    static constexpr int DEFAULT_IMAGE = -1;  // no image
+    static constexpr int DEFAULT_INDENT = 0;  // at the left edge
+    static constexpr LONG DEFAULT_LPARAM = 0; // the item data of a new row
 
     CVirtualListCtrlItem() = default;
+    // As the setters below. All values are accepted.
     CVirtualListCtrlItem(int image, int indent, LONG itemData);
     CVirtualListCtrlItem(const CVirtualListCtrlItem& other) = default;
     CVirtualListCtrlItem& operator=(const CVirtualListCtrlItem& other) = default;
@@ -26,6 +27,8 @@ public:
     BOOL operator==(const CVirtualListCtrlItem& other) const noexcept;
     BOOL operator!=(const CVirtualListCtrlItem& other) const noexcept { return !(*this == other); }
 
+    // The index in the list's image list, the indent in image widths, and a value of the program.
+    // A change shows when the row is next drawn.
     void SetImage(int image) noexcept { m_image = image; }
     int GetImage() const noexcept { return m_image; }
     void SetIndent(int indent) noexcept { m_indent = indent; }

@@ -22,6 +22,7 @@ QUORVEL_API BOOL AfxGetFileExceptionErrorMessage(int cause, CString& text);
 QUORVEL_API BOOL AfxIsValidArchiveExceptionCause(int cause);
 QUORVEL_API BOOL AfxGetArchiveExceptionErrorMessage(int cause, CString& text);
 
+// The texts of exceptions without a cause.
 QUORVEL_API BOOL AfxGetResourceExceptionErrorMessage(CString& text);
 QUORVEL_API BOOL AfxGetMemoryExceptionErrorMessage(CString& text);
 QUORVEL_API BOOL AfxGetNotSupportedExceptionErrorMessage(CString& text);

@@ -10,6 +10,7 @@
 
 class CException;
 
+// Show the text unchanged.
 QUORVEL_API int AfxErrorMessageBox(const WCHAR* text, UINT type, UINT helpId);
 QUORVEL_API int AfxErrorMessageBox(UINT textId, UINT type, UINT helpId);
 

@@ -1,9 +1,9 @@
 // The version of Windows, and its description.
 //
-// Every function queries the system again (GetVersionExW). A Windows newer than those listed is
-// unknown. On Linux the platform id is 4, which no Windows has: the system is unknown, its
-// description is "Unknown operating system", and all predicates except AfxIsUnknownOperatingSystem
-// are FALSE. Any thread.
+// Every function queries the system again (GetVersionExW). Each Windows with major version 6 counts
+// as Vista, or as "Longhorn" if it is a server; one with a higher version is unknown. On Linux the
+// platform id is 4, which no Windows has: the system is unknown, its description is "Unknown
+// operating system", and all predicates except AfxIsUnknownOperatingSystem are FALSE. Any thread.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -36,6 +36,8 @@ QUORVEL_API BOOL AfxIsSupportedOperatingSystem(int system); // 1 to 10
 // not report its version or, for the oldest NT releases, whether it is a server.
 QUORVEL_API BOOL AfxGetOperatingSystemText(CString& text);
 
+// Whether AfxGetOperatingSystem returns the system of the name. A server has a number of its own
+// only from Server 2003 on.
 QUORVEL_API BOOL AfxIsUnknownOperatingSystem();
 QUORVEL_API BOOL AfxIsWindows95();
 QUORVEL_API BOOL AfxIsWindows98();

@@ -18,6 +18,7 @@
 
 #include <quorvel/framework/string.h>
 
+// Show texts, or catalogue texts by their ids, without formatting.
 QUORVEL_API int AfxVaskMessageBox(const WCHAR* text, UINT type, const WCHAR* helpTarget);
 QUORVEL_API int AfxVaskMessageBox(UINT textId, UINT type, const WCHAR* helpTarget);
 QUORVEL_API int AfxVaskMessageBox(const WCHAR* heading, const WCHAR* text, UINT type,

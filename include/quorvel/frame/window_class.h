@@ -9,9 +9,11 @@
 
 class CWnd;
 
+// Whether the class has this name.
 QUORVEL_API BOOL AfxIsSystemClass(HWND window, const WCHAR* className);
 QUORVEL_API BOOL AfxIsSystemClass(CWnd* wnd, const WCHAR* className);
 
+// The class is named at the function with a handle; the other form tests the object's window.
 QUORVEL_API BOOL AfxIsButton(HWND window); // "Button"
 QUORVEL_API BOOL AfxIsButton(CWnd* wnd);
 QUORVEL_API BOOL AfxIsComboBox(HWND window); // "ComboBox"
@@ -27,6 +29,7 @@ QUORVEL_API BOOL AfxIsScrollBar(CWnd* wnd);
 QUORVEL_API BOOL AfxIsStatic(HWND window); // "Static"
 QUORVEL_API BOOL AfxIsStatic(CWnd* wnd);
 
+// The class is named at the function with a handle; the other form tests the object's window.
 QUORVEL_API BOOL AfxIsComboLBox(HWND window); // "ComboLBox", the list of a combo box
 QUORVEL_API BOOL AfxIsComboLBox(CWnd* wnd);
 QUORVEL_API BOOL AfxIsDDEMLEvent(HWND window); // "DDEMLEvent"

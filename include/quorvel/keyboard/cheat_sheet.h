@@ -5,7 +5,7 @@
 
 #include <quorvel/keyboard/keyboard_mapping_scheme.h>
 
-enum AFX_CHEAT_SHEET_FORMAT {
+enum AFX_CHEAT_SHEET_FORMAT { // the kind of text
     AFX_CHEAT_SHEET_TEXT,     // two columns, padded with blanks
     AFX_CHEAT_SHEET_MARKDOWN, // a heading and a table
     AFX_CHEAT_SHEET_HTML      // a whole document (HTML 5)

@@ -35,6 +35,7 @@ public:
     // Fills a scheme with an application's default shortcuts, using AddKeyboardShortcut.
     typedef void (*FNLOADDEFAULTMAPPINGSCHEME)(CKeyboardMappingScheme& scheme);
 
+    // The values of a new scheme.
     static constexpr const WCHAR* DEFAULT_NAME = _T("");
     static constexpr FNLOADDEFAULTMAPPINGSCHEME DEFAULT_FNLOADDEFAULTMAPPINGSCHEME = nullptr;
 
@@ -48,14 +49,15 @@ public:
         return !(*this == other);
     }
 
-    BOOL SetName(const WCHAR* name); // FALSE and no change for null
-    CString GetName() const { return m_name; }
+    BOOL SetName(const WCHAR* name);           // FALSE and no change for null
+    CString GetName() const { return m_name; } // empty at first
     // Returns FALSE and changes nothing for null: a function can be replaced but not removed.
     BOOL SetLoadDefaultMappingSchemeFunction(FNLOADDEFAULTMAPPINGSCHEME loadDefault) noexcept;
     FNLOADDEFAULTMAPPINGSCHEME GetLoadDefaultMappingSchemeFunction() const noexcept {
         return m_loadDefault;
     }
 
+    // Indexes count from 0 in the order of the shortcuts.
     int GetKeyboardShortcutCount() const noexcept { return static_cast<int>(m_shortcuts.size()); }
     BOOL IsValidKeyboardShortcutIndex(int index) const noexcept {
         return index >= 0 && index < GetKeyboardShortcutCount();
@@ -72,6 +74,7 @@ public:
     int FindShortcutKey(const CShortcutKey& key) const noexcept;
     // For an unknown command returns FALSE and clears only the key of `out`.
     BOOL GetKeyboardShortcutUsingCommandID(unsigned int commandID, CKeyboardShortcut& out) const;
+    // Replaces the content of `out`.
     void GetKeyboardShortcuts(std::vector<CKeyboardShortcut>& out) const { out = m_shortcuts; }
     // Replaces the shortcuts of `out` by those with a key, added one by one. Returns their number.
     int GetAssignedKeyboardShortcuts(CKeyboardMappingScheme& out) const;
@@ -85,10 +88,10 @@ public:
     // Returns FALSE and changes nothing for an unknown command.
     BOOL SetShortcutKey(unsigned int commandID, const CShortcutKey& key);
     BOOL ClearShortcutKey(const CShortcutKey& key); // in all shortcuts; FALSE if not found
-    BOOL ClearKeyboardShortcutUsingCommandID(unsigned int commandID); // clears its key
-    BOOL RemoveKeyboardShortcutUsingCommandID(unsigned int commandID);
-    void ClearAllShortcutKeys() noexcept;
-    void DeleteKeyboardShortcutArrayContents() noexcept;
+    BOOL ClearKeyboardShortcutUsingCommandID(unsigned int commandID);  // clears its key
+    BOOL RemoveKeyboardShortcutUsingCommandID(unsigned int commandID); // removes the shortcut
+    void ClearAllShortcutKeys() noexcept;                              // keeps the commands
+    void DeleteKeyboardShortcutArrayContents() noexcept;               // also removes the commands
     // Gives each command its key in `defaults`, or no key. Adds no commands.
     void ResetAllShortcutKeys(const CKeyboardMappingScheme& defaults);
     // The same for one command; other commands lose the key that it gets. Returns FALSE and changes
@@ -96,7 +99,7 @@ public:
     BOOL ResetShortcutKey(unsigned int commandID, const CKeyboardMappingScheme& defaults);
     // Replaces all shortcuts by those of the load-default function. FALSE without a function.
     BOOL LoadDefaultMappingScheme();
-    void SetKeyboardShortcuts(const std::vector<CKeyboardShortcut>& shortcuts);
+    void SetKeyboardShortcuts(const std::vector<CKeyboardShortcut>& shortcuts); // unchecked
     // Replaces all shortcuts. The commands then have no texts, and no key is an extended key. The
     // caller guarantees that the table has `count` entries, which are only read. Returns FALSE and
     // changes nothing for a null table, a count below 1, and a count above 1,048,576: there are no
@@ -130,8 +133,9 @@ public:
     CString ExportToXML() const;
     // First sets all default keys (no keys without a load-default function), then applies each row,
     // which takes its key from others. It may omit the key's text or its numbers: with neither the
-    // command has no key. The n-th row of a command is for its n-th shortcut. Of rows with one key
-    // only the first is valid. A scheme without a name gets the stored name.
+    // command has no key. The n-th row of a command is for its n-th shortcut. If several
+    // rows have the same key, only the first is valid. A scheme without a name gets the stored
+    // name.
     //
     // TRUE: the scheme was changed; FALSE: it was not. Faulty rows give FALSE unless
     // `skipFaultyRows` is set, which skips them. A newer format, a text without shortcuts, and a

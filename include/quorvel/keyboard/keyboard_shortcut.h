@@ -8,11 +8,12 @@
 
 class QUORVEL_API CKeyboardShortcut {
 public:
+    // The values of a new shortcut; they mean that there is no command and no text.
     static constexpr unsigned int DEFAULT_COMMAND_ID = 0;
     static constexpr const WCHAR* DEFAULT_COMMAND_TEXT = _T("");
 
     CKeyboardShortcut() = default;
-    CKeyboardShortcut(unsigned int commandID, const CShortcutKey& key);
+    CKeyboardShortcut(unsigned int commandID, const CShortcutKey& key); // without a text
     // A null text means an empty text.
     CKeyboardShortcut(unsigned int commandID, const WCHAR* commandText, const CShortcutKey& key);
     // From an entry of an accelerator table; the text is empty. A character becomes the key that
@@ -25,16 +26,21 @@ public:
     BOOL operator==(const CKeyboardShortcut& other) const noexcept;
     BOOL operator!=(const CKeyboardShortcut& other) const noexcept { return !(*this == other); }
 
+    // The command; 0 means that it is not set. Every value is accepted.
     void SetCommandID(unsigned int commandID) noexcept { m_commandID = commandID; }
     unsigned int GetCommandID() const noexcept { return m_commandID; }
     void ClearCommandID() noexcept { m_commandID = DEFAULT_COMMAND_ID; }
     BOOL IsCommandIDSet() const noexcept { return m_commandID != DEFAULT_COMMAND_ID; }
 
     BOOL SetCommandText(const WCHAR* text); // FALSE and no change for null
+    // The text for users; empty means no text.
     CString GetCommandText() const { return m_commandText; }
     void ClearCommandText() { m_commandText.Empty(); }
     BOOL HasCommandText() const noexcept { return !m_commandText.IsEmpty(); }
 
+    // The key; a cleared key means that the command has no key. A reference is valid while this
+    // object exists.
+    // this object.
     void SetShortcutKey(const CShortcutKey& key) noexcept { m_key = key; }
     const CShortcutKey& GetShortcutKey() const noexcept { return m_key; }
     CShortcutKey& GetShortcutKey() noexcept { return m_key; }

@@ -10,6 +10,7 @@
 class QUORVEL_API CKeyboardShortcutVirtualListCtrlItem : public CVirtualListCtrlItem {
 public:
     CKeyboardShortcutVirtualListCtrlItem() = default;
+    // Copy the shortcut. The other arguments are those of CVirtualListCtrlItem.
     explicit CKeyboardShortcutVirtualListCtrlItem(const CKeyboardShortcut& shortcut);
     CKeyboardShortcutVirtualListCtrlItem(int image, int indent, LONG itemData,
                                          const CKeyboardShortcut& shortcut);
@@ -29,6 +30,7 @@ public:
         return !(*this == other);
     }
 
+    // The row's own copy. A reference is valid as long as the row.
     void SetKeyboardShortcut(const CKeyboardShortcut& shortcut) { m_shortcut = shortcut; }
     const CKeyboardShortcut& GetKeyboardShortcut() const noexcept { return m_shortcut; }
     CKeyboardShortcut& GetKeyboardShortcut() noexcept { return m_shortcut; }

@@ -6,8 +6,8 @@
 #include <quorvel/keyboard/keyboard_mapping_scheme.h>
 
 struct CShortcutConflict { // one conflict
-    enum Kind {
-        heldByCommand, // a different command has the key and would lose it
+    enum Kind {            // why the key may not work
+        heldByCommand,     // a different command has the key and would lose it
         // A different command has the same key except for the extended bit, and keeps it.
         // Accelerators do not have that bit, so only one of the commands is invoked.
         sameAccelerator,
@@ -16,7 +16,7 @@ struct CShortcutConflict { // one conflict
         typesCharacter,
         plainCharacter // the key types a character without Ctrl and Alt
     };
-    Kind nKind = heldByCommand;
+    Kind nKind = heldByCommand;  // decides what the other members mean
     unsigned int nCommandID = 0; // the other command; 0 for other kinds
     CString strMessage;          // a sentence in the user's language
 };

@@ -8,9 +8,11 @@
 
 class QUORVEL_API CShortcutKey {
 public:
+    // The values of a cleared key.
     static constexpr unsigned short DEFAULT_VIRTUAL_KEY_CODE = 0;
     static constexpr unsigned char DEFAULT_MODIFIERS = 0;
 
+    // The modifiers; add them up.
     static constexpr unsigned char MODIFIER_SHIFT = 0x01;
     static constexpr unsigned char MODIFIER_CONTROL = 0x02;
     static constexpr unsigned char MODIFIER_ALT = 0x04;
@@ -19,14 +21,18 @@ public:
     static constexpr unsigned char MODIFIER_EXTENDED = 0x08;
 
     CShortcutKey() noexcept = default; // no key
+    // A virtual key code of the platform (VK_...), and a sum of the modifiers.
+    // values.
     CShortcutKey(unsigned short virtualKeyCode, unsigned char modifiers) noexcept
         : m_virtualKeyCode(virtualKeyCode), m_modifiers(modifiers) {}
 
+    // Compare exactly, including the extended bit.
     BOOL operator==(const CShortcutKey& other) const noexcept {
         return DoesKeyMatch(other.m_virtualKeyCode, other.m_modifiers);
     }
     BOOL operator!=(const CShortcutKey& other) const noexcept { return !(*this == other); }
 
+    // The code and the modifiers together.
     void SetKey(unsigned short virtualKeyCode, unsigned char modifiers) noexcept {
         *this = CShortcutKey(virtualKeyCode, modifiers);
     }
@@ -36,10 +42,12 @@ public:
     }
     void ClearKey() noexcept { *this = CShortcutKey(); }
 
+    // Only the code; the modifiers stay.
     void SetVirtualKeyCode(unsigned short code) noexcept { m_virtualKeyCode = code; }
     unsigned short GetVirtualKeyCode() const noexcept { return m_virtualKeyCode; }
     void ClearVirtualKeyCode() noexcept { m_virtualKeyCode = DEFAULT_VIRTUAL_KEY_CODE; }
 
+    // Only the modifiers; the code stays.
     void SetModifiers(unsigned char modifiers) noexcept { m_modifiers = modifiers; }
     unsigned char GetModifiers() const noexcept { return m_modifiers; }
     void ClearModifiers() noexcept { m_modifiers = DEFAULT_MODIFIERS; }

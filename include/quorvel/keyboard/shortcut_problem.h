@@ -4,7 +4,7 @@
 #include <quorvel/framework/string.h>
 
 struct CShortcutProblem {
-    enum Kind {
+    enum Kind {           // why a row, or everything, was refused
         unknownCommand,   // the command is not in the scheme
         duplicateCommand, // earlier rows have the command for all its shortcuts
         duplicateKey,     // an earlier row has the key
@@ -14,7 +14,7 @@ struct CShortcutProblem {
         otherContent,     // all rows: not keyboard shortcuts
         damaged           // all rows: not well-formed
     };
-    Kind nKind = damaged;
-    int nRow = 0;       // from 1; 0 for all rows
-    CString strMessage; // a sentence in the user's language
+    Kind nKind = damaged; // what is wrong
+    int nRow = 0;         // from 1; 0 for all rows
+    CString strMessage;   // a sentence in the user's language
 };

@@ -40,12 +40,14 @@ public:
     CHttpFileSocket();
     ~CHttpFileSocket() override;
 
+    // Whether only the header is fetched, and the file that gets the response.
     void SetGetHeaderOnly(BOOL headerOnly) { m_getHeaderOnly = headerOnly; } // default TRUE
     BOOL GetHeaderOnly() const { return m_getHeaderOnly; }
     void SetLocalFileName(const WCHAR* fileName); // nothing for null
     CString GetLocalFileName() const { return m_localFileName; }
 
-    // Of the present connection. The fields stay those of the one before until a header was read.
+    // About the current connection. Until its header has been read, the fields are those of the
+    // previous connection.
     BOOL IsHeaderParsed() const { return m_headerParsed; }
     CHttpHeader GetHeader() const { return m_header; }
     CHttpHeader& GetHeaderRef() { return m_header; }
@@ -65,7 +67,7 @@ protected:
     // Takes the next bytes of the response; one byte is a character. TRUE for those that complete
     // the header.
     BOOL ParseHeader(const char* data, int length);
-    void CloseLocalFile();
+    void CloseLocalFile(); // no effect without an open file
 
 private:
     BOOL OpenLocalFile();

@@ -13,7 +13,7 @@
 
 class QUORVEL_API CHttpHeader {
 public:
-    static constexpr WCHAR DEFAULT_VERSION[] = _T("HTTP/1.1");
+    static constexpr WCHAR DEFAULT_VERSION[] = _T("HTTP/1.1"); // of a new object
 
     CHttpHeader();
     CHttpHeader(const CHttpHeader& other);
@@ -38,9 +38,11 @@ public:
     BOOL FindFieldValue(const WCHAR* name, CString& value) const;
     void SetFieldValue(const WCHAR* name, const WCHAR* value); // ignored when one is null
     BOOL RemoveField(const WCHAR* name);                       // FALSE for null or a missing field
-    void RemoveAllFields() { m_fields->RemoveAll(); }
+    void RemoveAllFields() { m_fields->RemoveAll(); }          // keeps the status line
+    // The fields by their exact names.
     const CMapStringToString& GetFieldsMap() const { return *m_fields; }
 
+    // The version and the code of the status line. Setters do not validate.
     CString GetVersion() const { return m_version; }
     void SetVersion(const WCHAR* version) { m_version = version; }
     UINT GetStatusCode() const { return m_statusCode; }
@@ -49,6 +51,7 @@ public:
     // since the sockets convert each byte to one character.
     UINT GetLength() const { return m_length; }
     void SetLength(UINT length) { m_length = length; }
+    // A path for the host; the library neither sets nor reads it.
     CString GetLocalFilePath() const { return m_localFilePath; }
     void SetLocalFilePath(const WCHAR* path) { m_localFilePath = path; }
 

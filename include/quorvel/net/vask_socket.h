@@ -36,6 +36,8 @@ public:
     // Only waits for events.
     explicit CVaskSocketThreadParams(CVaskSocket* socket);
 
+    // The values that a constructor sets. Whether a host name is looked up, whether the worker
+    // connects, and to which address.
     BOOL GetHostByName() const { return m_getHostByName; }
     void SetGetHostByName(BOOL getHostByName) { m_getHostByName = getHostByName; }
     BOOL DoesConnect() const { return m_connect; }
@@ -62,6 +64,7 @@ private:
 // Before Initialize, creating, connecting, listening and accepting fail with error 1.
 class QUORVEL_API CVaskSocket {
 public:
+    // In bytes.
     static constexpr UINT DEFAULT_SEND_BUFFER_SIZE = 8192;
     static constexpr UINT DEFAULT_RECEIVE_BUFFER_SIZE = 16384;
     // The six events of a stream, FD_READ to FD_CLOSE; the SDK's FD_ALL_EVENTS has more.
@@ -162,6 +165,7 @@ public:
     // Attach, and starts a worker that waits for events.
     BOOL CreateFromHandle(SOCKET socket, LONG events = ALL_EVENTS);
 
+    // Bind the socket to an address. A null `info` fails with 10022.
     BOOL Bind(const quorvel::win32::sockaddr* address, int length);
     BOOL BindEx(const quorvel::win32::addrinfo* info);
     // `address` is a dotted address or null for any address; otherwise 10022.
@@ -178,7 +182,7 @@ public:
     BOOL ConnectEx(const quorvel::win32::addrinfo* info);
     // For a bound socket. Posts status 5 and starts a worker unless one is active.
     BOOL Listen(int backlog = 5);
-    void Cancel() { Close(); }
+    void Cancel() { Close(); } // the same as Close
     // These call the platform's operations: shutdown, setsockopt, getsockopt, ioctlsocket.
     BOOL ShutDown(int how = SD_SEND);
     BOOL SetSockOpt(int option, const void* value, int length, int level = SOL_SOCKET);
@@ -197,19 +201,21 @@ public:
     BOOL GetSockName(quorvel::win32::sockaddr* address, int* length) const;
     BOOL GetSockNameEx(CString& address, UINT& port) const;
 
+    // The handle of the socket and those of its events. The socket keeps ownership.
     SOCKET GetHandle() const { return m_socket; }
     BOOL IsSocketValid() const { return m_socket != INVALID_SOCKET; }
     BOOL IsEventValid() const { return m_networkEvent != nullptr; }
     WSAEVENT GetEventHandle() const { return m_networkEvent; }
     BOOL IsCancelThreadEventValid() const { return m_cancelThreadEvent != nullptr; }
-    BOOL IsThreadActive() const;
+    BOOL IsThreadActive() const; // whether the worker runs
     // TRUE as soon as the worker that a connect, listen or accept started has ended, for any
     // reason, until the owner calls Close. No status follows except that of Close. GetStatus and
     // GetStatusError return the last status, even if a full queue lost its message. Owner's
     // thread.
     BOOL IsFinished() const;
-    static int GetLastError();
+    static int GetLastError(); // the Winsock error of this thread
 
+    // The last status. SetStatus also sets the error to 0; it posts no message.
     int GetStatus() const { return m_status; }
     void SetStatus(int status) {
         m_statusError = 0;
@@ -217,7 +223,7 @@ public:
     }
     // The error that UpdateStatus stored with the status; for statusReceived the full count.
     int GetStatusError() const { return m_statusError; }
-    void SetStatusCallbackWnd(HWND window) { m_statusWnd = window; }
+    void SetStatusCallbackWnd(HWND window) { m_statusWnd = window; } // null: no messages
     // Stores the status and its error, and posts both.
     void UpdateStatus(int status, int error);
     // Posts the status without storing it. Does not change the Winsock error.
@@ -227,7 +233,7 @@ public:
     CString GetHostServer() const { return m_hostServer; } // the server part of it
     CString GetHostServerIP() const;                       // the result of the look-up
     CString GetHostObject() const { return m_hostObject; } // the part after the server
-    UINT GetHostPort() const { return m_hostPort; }
+    UINT GetHostPort() const { return m_hostPort; }        // the argument of Connect
     // The time-out of a host look-up in milliseconds; 0, the default, means no time-out.
     UINT GetGetHostTimeOut() const { return m_getHostTimeOut; }
     void SetGetHostTimeOut(UINT timeOut) { m_getHostTimeOut = timeOut; }
@@ -251,6 +257,7 @@ protected:
     // when the URL or the port is not valid.
     BOOL SetURL(const WCHAR* url, UINT port);
 
+    // Whether Initialize succeeded, and the window that it created.
     static BOOL m_bInitialized;
     static CVaskSocketWnd m_wndSocket;
 

@@ -14,11 +14,13 @@
 class QUORVEL_API CGetHostRequestData {
 public:
     CGetHostRequestData();
-    CGetHostRequestData(const CGetHostRequestData& other);
     // Deliberate: the buffer is copied only up to its first zero byte, so a copy has no
     // address.
+    CGetHostRequestData(const CGetHostRequestData& other);
     CGetHostRequestData& operator=(const CGetHostRequestData& other);
 
+    // The event that is set when the look-up ends; the memory for the hostent, with its size in
+    // bytes; the Winsock error.
     HANDLE GetCompletionEvent() const { return m_completionEvent; }
     void SetCompletionEvent(HANDLE event) { m_completionEvent = event; } // not owned
     char* GetBuffer() { return m_buffer; }
@@ -69,7 +71,7 @@ public:
     BOOL RemoveGetHostRequest(HANDLE request);
 
 protected:
-    void DeleteGetHostRequestsMapContents();
+    void DeleteGetHostRequestsMapContents(); // cancels them first
     LRESULT OnWSAAsyncGetHostByName(WPARAM wParam, LPARAM lParam);
     void OnTimer(UINT id);
     DECLARE_MESSAGE_MAP()

@@ -19,6 +19,7 @@
 
 class QUORVEL_API CApplicationDataFolders {
 public:
+    // The names of a new object.
     static constexpr WCHAR DEFAULT_COMPANY_NAME[] = _T("");
     static constexpr WCHAR DEFAULT_PRODUCT_NAME[] = _T("");
     static constexpr WCHAR DEFAULT_PRODUCT_VERSION[] = _T("");
@@ -47,6 +48,7 @@ public:
     BOOL SetCompanyName(const WCHAR* name);
     BOOL SetProductName(const WCHAR* name);
     BOOL SetProductVersion(const WCHAR* version);
+    // As they were set.
     CString GetCompanyName() const { return m_companyName; }
     CString GetProductName() const { return m_productName; }
     CString GetProductVersion() const { return m_productVersion; }

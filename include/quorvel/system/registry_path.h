@@ -39,6 +39,7 @@ public:
     // or empty key.
     BOOL AppendKey(const WCHAR* key);
 
+    // The root, null when it is not set, and the sub key.
     void GetPath(HKEY& sectionKey, CString& subKey) const;
     HKEY GetSectionKey() const;
     CString GetSubKey() const;

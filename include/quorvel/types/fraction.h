@@ -17,21 +17,23 @@
 
 class QUORVEL_API CFraction {
 public:
-    CFraction() noexcept = default; // 0/1
-    CFraction(int number) noexcept : m_numerator(number) {}
+    CFraction() noexcept = default;                         // 0/1
+    CFraction(int number) noexcept : m_numerator(number) {} // number/1
     // Integers of any other type, so that LONG, DWORD and std::int64_t work alike on every system.
     // A number that does not fit in 32 bits gives 0/0.
     template <std::integral Integer>
     CFraction(Integer number) noexcept
         : m_numerator(std::in_range<int>(+number) ? static_cast<int>(number) : 0),
           m_denominator(std::in_range<int>(+number)) {}
+    // The members are stored unchanged.
     CFraction(int numerator, int denominator) noexcept
         : m_numerator(numerator), m_denominator(denominator) {}
-    CFraction(float value) noexcept; // as DecimalToFraction
-    CFraction(double value) noexcept;
+    CFraction(float value) noexcept;  // as DecimalToFraction
+    CFraction(double value) noexcept; // as DecimalToFraction
     CFraction(const CFraction& other) noexcept = default;
     CFraction& operator=(const CFraction& other) noexcept = default;
 
+    // Every value is accepted and nothing is reduced.
     int GetNumerator() const noexcept { return m_numerator; }
     int GetDenominator() const noexcept { return m_denominator; }
     void GetNumeratorAndDenominator(int& numerator, int& denominator) const noexcept;
@@ -71,6 +73,7 @@ public:
     // Never negative; 1 for 0 and 0. Exception: 2147483648 does not fit and wraps to -2147483648.
     static int GetGreatestCommonDivisor(int a, int b) noexcept;
     static int GetLeastCommonMultiple(int a, int b) noexcept; // the product wraps before division
+    // The least common multiple of the denominators.
     static int GetLowestCommonDenominator(const CFraction& first, const CFraction& second) noexcept;
 
     // The first convergent of the value's continued fraction that differs by less than 1e-7: 3/4
@@ -83,6 +86,7 @@ public:
     // does; the fraction is then unchanged.
     void Serialize(CArchive& archive);
 
+    // As the operators below.
     CFraction& operator+=(const CFraction& other) noexcept;
     CFraction& operator-=(const CFraction& other) noexcept;
     CFraction& operator*=(const CFraction& other) noexcept;

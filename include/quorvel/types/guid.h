@@ -9,6 +9,7 @@
 
 class QUORVEL_API CGUID {
 public:
+    // The characters of an identifier, which has no hyphens or braces; and the one of zeros.
     static constexpr int GUID_LENGTH = 32;
     static constexpr char DEFAULT_GUID[] = "00000000000000000000000000000000";
 
@@ -18,6 +19,7 @@ public:
     CGUID(const CGUID& other) = default;
     CGUID& operator=(const CGUID& other) = default;
 
+    // Case-sensitive, although the digits of both cases mean the same.
     BOOL operator==(const CGUID& other) const noexcept { return m_guid == other.m_guid; }
     BOOL operator!=(const CGUID& other) const noexcept { return m_guid != other.m_guid; }
 
@@ -30,6 +32,7 @@ public:
     BOOL IsValid() const { return IsValidGUID(m_guid); }
     BOOL SetGUID(const char* text); // FALSE and no change for an invalid text
 
+    // As it was set or generated.
     CStringA GetGUID() const { return m_guid; }
     CString ToString() const { return CString(m_guid.GetString()); }
 

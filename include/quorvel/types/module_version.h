@@ -25,8 +25,8 @@ public:
     // deliberate: its texts are from then on looked up with code page 1252.
     BOOL Load(const WCHAR* fileName);
     BOOL Load(HINSTANCE module);
-    BOOL IsLoaded() const noexcept { return !m_data.empty(); }
-    DWORD GetLastError() const noexcept { return m_lastError; }
+    BOOL IsLoaded() const noexcept { return !m_data.empty(); }  // whether there is data of a file
+    DWORD GetLastError() const noexcept { return m_lastError; } // of the last failure
     CString GetFileName() const { return m_fileName; } // the name that was loaded, or empty
 
     // When nothing is loaded, FALSE: the four values become 0, a CVersionNumber is unchanged.

@@ -12,6 +12,7 @@
 class QUORVEL_API CVersionNumber {
 public:
     CVersionNumber() noexcept = default; // 0.0.0.0
+    // The parts in the order of the text.
     CVersionNumber(DWORD major, DWORD minor, DWORD revision, DWORD build) noexcept;
     // As ParseVersionNumberString, but a text that it refuses, such as "1.2-beta", gives 0.0.0.0.
     // For a text from outside call ParseVersionNumberString, which says whether it was a version.
@@ -22,9 +23,11 @@ public:
     CVersionNumber(const CVersionNumber& other) noexcept = default;
     CVersionNumber& operator=(const CVersionNumber& other) noexcept = default;
 
+    // All four parts, in the order of the text.
     void SetNumber(DWORD major, DWORD minor, DWORD revision, DWORD build) noexcept;
     void GetNumber(DWORD& major, DWORD& minor, DWORD& revision, DWORD& build) const noexcept;
 
+    // A setter leaves the other parts unchanged.
     DWORD GetMajorVersion() const noexcept { return m_major; }
     DWORD GetMinorVersion() const noexcept { return m_minor; }
     DWORD GetRevisionNumber() const noexcept { return m_revision; }

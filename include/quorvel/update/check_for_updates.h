@@ -61,6 +61,7 @@ class CUpdateTransport;
 // an incomplete download is offered again.
 class QUORVEL_API CCheckForUpdates {
 public:
+    // The path is that of check_for_updates_profile.h. The view must outlive the object.
     CCheckForUpdates(const CRegistryPath& path, const WCHAR* localUpdatesFile,
                      CCheckForUpdatesView& view);
     CCheckForUpdates(const CCheckForUpdates&) = delete;
@@ -78,7 +79,7 @@ public:
     // A view whose PostCheckFinished returned TRUE calls this later, with the same code.
     void OnCheckFinished(DWORD code);
 
-    const CUpdateListing& GetListing() const;
+    const CUpdateListing& GetListing() const; // as it was last loaded
     // The maximum length of a listing, in bytes; 64 MB by default. A longer listing ends the check
     // with a message that names the limit.
     void SetBodyLimit(ULONGLONG bytes);

@@ -18,13 +18,16 @@
 #include <quorvel/framework/string.h>
 #include <quorvel/system/registry_path.h>
 
+// The address of the listing.
 QUORVEL_API CString AfxGetProfileCheckForUpdatesURL(const CRegistryPath& path);
 // FALSE for null.
 QUORVEL_API BOOL AfxWriteProfileCheckForUpdatesURL(const CRegistryPath& path, const WCHAR* url);
 
+// The days are neither validated when they are written nor when they are read.
 QUORVEL_API int AfxGetProfileCheckForUpdatesReminder(const CRegistryPath& path);
 QUORVEL_API BOOL AfxWriteProfileCheckForUpdatesReminder(const CRegistryPath& path, int days);
 
+// The dates of the table above. Nothing is validated or converted between UTC and local time.
 QUORVEL_API COleDateTime AfxGetProfileCheckForUpdatesLastChecked(const CRegistryPath& path);
 QUORVEL_API BOOL AfxWriteProfileCheckForUpdatesLastChecked(const CRegistryPath& path,
                                                            COleDateTime date);

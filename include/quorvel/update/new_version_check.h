@@ -15,6 +15,7 @@ class CUpdateTransport;
 // one message, or, after Cancel, no message.
 class QUORVEL_API CNewVersionCheck {
 public:
+    // The address is stored at the path. The view must outlive the object.
     CNewVersionCheck(const CRegistryPath& path, const CVersionNumber& currentVersion,
                      CCheckForUpdatesView& view);
     CNewVersionCheck(const CNewVersionCheck&) = delete;

@@ -29,7 +29,7 @@ public:
     // (MB_ICONSTOP or MB_ICONEXCLAMATION). Never shows a box or throws.
     BOOL Load(const WCHAR* fileName, CString& errorText, UINT& icon,
               CLengthyOperationHandler* handler = nullptr);
-    void RemoveAll() noexcept { m_items.clear(); }
+    void RemoveAll() noexcept { m_items.clear(); } // keeps the published date
 
     // The empty date (0, valid) until a file is loaded.
     COleDateTime GetPublishedDate() const noexcept { return m_publishedDate; }

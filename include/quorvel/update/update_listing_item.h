@@ -15,10 +15,12 @@ public:
     static constexpr int COLUMN_DATE = 2;
     static constexpr int NUM_COLUMNS = 3;
 
+    // The values of a priority, and its order in the list.
     static constexpr BYTE PRIORITY_HIGH = 0;
     static constexpr BYTE PRIORITY_NORMAL = 1;
     static constexpr BYTE PRIORITY_LOW = 2;
 
+    // The fields of a new entry.
     static constexpr WCHAR DEFAULT_TITLE[] = _T("");
     static constexpr WCHAR DEFAULT_DESCRIPTION[] = _T("");
     static constexpr BYTE DEFAULT_PRIORITY = PRIORITY_NORMAL;
@@ -39,6 +41,7 @@ public:
     BOOL SetTitle(const WCHAR* title);
     BOOL SetDescription(const WCHAR* description);
     BOOL SetLink(const WCHAR* link);
+    // Neither validated nor converted. Getters return a field as it was set.
     void SetDate(COleDateTime date) noexcept { m_date = date; }
     void SetNew(BOOL isNew) noexcept { m_new = isNew; }
     CString GetTitle() const { return m_title; }
@@ -47,8 +50,10 @@ public:
     COleDateTime GetDate() const noexcept { return m_date; }
     BOOL IsNew() const noexcept { return m_new; }
 
+    // One of the three values above.
     static BOOL IsValidPriority(BYTE priority) noexcept { return priority <= PRIORITY_LOW; }
     BOOL SetPriority(BYTE priority) noexcept; // FALSE, and no change, unless it is valid
+    // Set or test the priority without its number.
     void SetHighPriority() noexcept { m_priority = PRIORITY_HIGH; }
     void SetNormalPriority() noexcept { m_priority = PRIORITY_NORMAL; }
     void SetLowPriority() noexcept { m_priority = PRIORITY_LOW; }

@@ -50,7 +50,7 @@ public:
     virtual void Start(const Request& request) = 0;
     // Returns within 100 ms. Afterwards the file is closed and no thread writes to it.
     virtual void Cancel() = 0;
-    virtual Progress GetProgress() const = 0;
+    virtual Progress GetProgress() const = 0; // of the last request
     // A field of the answer, ignoring letter case, as soon as there is a status code. If it is
     // missing, returns FALSE and leaves the value unchanged. The checks read "Last-Modified".
     virtual BOOL GetHeaderField(const WCHAR* name, CString& value) const = 0;

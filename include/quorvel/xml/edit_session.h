@@ -22,7 +22,7 @@
 
 class QUORVEL_API CMarkupEditSession : private CMarkup {
 public:
-    explicit CMarkupEditSession(CMarkup& markup);
+    explicit CMarkupEditSession(CMarkup& markup); // takes the state over
     CMarkupEditSession(const CMarkupEditSession&) = delete;
     CMarkupEditSession& operator=(const CMarkupEditSession&) = delete;
     ~CMarkupEditSession() override;
@@ -44,6 +44,7 @@ public:
     using CMarkup::GetChildData;
     using CMarkup::GetData;
 
+    // As in CMarkup; also false when the place is refused.
     bool AddElem(const WCHAR* name, const WCHAR* value = nullptr);
     bool AddChildElem(const WCHAR* name, const WCHAR* value = nullptr);
     bool AddAttrib(const WCHAR* name, const WCHAR* value);

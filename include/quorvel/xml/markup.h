@@ -57,6 +57,7 @@ concept PointerToNoText = !std::is_convertible_v<T, const WCHAR*> &&
 
 } // namespace quorvel
 
+// Declare an operation for a value of each type, and do so for all such operations.
 #define QUORVEL_TYPED_VALUES_OF(operation)                                                         \
     bool operation(const WCHAR* name, bool value);                                                 \
     bool operation(const WCHAR* name, char value);                                                 \
@@ -84,7 +85,7 @@ concept PointerToNoText = !std::is_convertible_v<T, const WCHAR*> &&
 class QUORVEL_API CMarkup {
 public:
     CMarkup();
-    explicit CMarkup(const WCHAR* text);
+    explicit CMarkup(const WCHAR* text); // as SetDoc; see GetError for the result
     // Copies the document, its index and the positions. Deliberate: does not copy the XML
     // declaration and the error text. Assigning an object to itself throws CInvalidArgException.
     CMarkup(const CMarkup& other);
@@ -96,14 +97,16 @@ public:
     // not clear the error; an empty text, or one that starts with an end tag, leaves it unchanged.
     // The text may be part of this document. A null text counts as empty.
     bool SetDoc(const WCHAR* text);
-    // A length below 1, or a null text, returns false and changes nothing.
+    // A length below 1 returns false and changes nothing. A null text counts as empty.
     bool SetDoc(const WCHAR* text, int length);
-    // Converts with MultiByteToWideChar. An empty result returns false, resets the positions and
-    // leaves the document unchanged.
+    // Converts with MultiByteToWideChar. Null bytes and a length below 1 return false and change
+    // nothing. An empty result returns false, resets the positions and leaves the document
+    // unchanged.
     bool SetDoc(const char* bytes, int length, unsigned int codePage);
 
     bool IsWellFormed() const; // tests only whether a root element was parsed
-    CString GetError() const;
+    CString GetError() const;  // the text of the last error, empty when there was no error
+    // The document, as SetDoc and the edits left it.
     CString GetDoc() const;
     CString& GetDocRef(); // after a change call SetDoc(GetDoc()) before using positions
     const CString& GetDocConstRef() const;
@@ -179,7 +182,8 @@ public:
         int nTagClose;    // the ">" of the start tag
         int nEndTagOpen;  // the "<" of the end tag; for an empty element its "/"
         int nEndTagClose; // the ">" of the end tag; for an empty element nTagClose
-        int nSpare;
+        int nSpare;       // not used
+        // Indexes of elements; 0 means that there is no such element.
         int iParent;
         int iFirstChild;
         int iNextSibling;
@@ -194,7 +198,7 @@ protected:
         const WCHAR* pszDoc; // the text, up to its first zero
         BOOL bQuoted;        // the token was in quotes, which are not part of it
     };
-    enum NodeKind {
+    enum NodeKind { // what x_ParseNode returns
         nodeNone = 0,
         nodeElement = 1,
         nodeText = 2,
@@ -217,9 +221,10 @@ protected:
         ElementIndex(const ElementIndex&) = delete;
         ElementIndex& operator=(const ElementIndex&) = delete;
         ~ElementIndex();
-        int GetSize() const { return m_size; }
+        int GetSize() const { return m_size; } // in records
         // x_GetFreePos clears a new record when it takes it. Throws CMemoryException.
         void Resize(int size);
+        // An index outside the array throws CInvalidArgException.
         ElemPos& operator[](int index) {
             CheckIndex(index);
             return m_records[index];
@@ -233,6 +238,7 @@ protected:
             std::swap(m_size, other.m_size);
             std::swap(m_room, other.m_room);
         }
+        // The records, from 0; null before the first Resize.
         ElemPos* GetData() { return m_records; }
         const ElemPos* GetData() const { return m_records; }
 
@@ -248,6 +254,7 @@ protected:
         int m_room = 0; // capacity in records
     };
 
+    // Sets the three positions and the kind of the node.
     void x_SetPos(int iPosParent, int iPosMain, int iPosChild);
     int x_GetFreePos(); // takes a record
     int x_ReleasePos(); // releases the record taken last; returns 0
@@ -264,6 +271,7 @@ protected:
     static bool x_FindChar(const WCHAR* text, int& position, WCHAR character);
     static bool x_FindAny(const WCHAR* text, int& position);
     static bool x_FindToken(TokenPos& token); // false at the end of the text
+    // Return the text of the token, without quotes, or compare it with a name.
     static CString x_GetToken(const TokenPos& token);
     static bool x_MatchToken(const TokenPos& token, const WCHAR* name);
     // Replaces a range of the text, clamped to it. Does not change the index.
@@ -276,6 +284,7 @@ protected:
     // `length` describes a range at `offset` next to which the element is placed.
     int x_LocateNew(int iPosParent, int& iPosBefore, int& offset, int length, int flags);
 
+    // The parts of the public operations, for the element with the index.
     int x_FindElem(int iPosParent, int iPosAfter, const WCHAR* name) const;
     bool x_FindAttrib(TokenPos& token, const WCHAR* name) const;
     CString x_GetTagName(int iPos) const;
@@ -286,6 +295,7 @@ protected:
     bool x_AddElem(const WCHAR* name, const WCHAR* value, bool insert, bool child);
     bool x_SetAttrib(int iPos, const WCHAR* name, const WCHAR* value);
 
+    // The state: the texts, the elements, the three positions, and the first index that is free.
     CString m_strXMLDeclaration;
     CString m_strDoc;
     CString m_strError;

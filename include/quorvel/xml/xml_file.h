@@ -27,7 +27,7 @@ public:
     // A cause outside the enumeration is stored as `generic`.
     explicit CXMLFileException(int cause = none, const WCHAR* fileName = nullptr);
 
-    static BOOL IsValidCause(int cause);
+    static BOOL IsValidCause(int cause); // one of the enumeration
     // The catalogue text of the cause, with its placeholder unfilled, truncated to `maxChars`
     // characters including the terminator. FALSE without a buffer or for a cause outside the
     // enumeration. Does not change *helpContext.
@@ -39,6 +39,7 @@ QUORVEL_API BOOL AfxIsValidXMLFileExceptionCause(int cause); // in the enumerati
 // `fileTooLarge` with the size filled in, for a cause outside the enumeration that of `generic`.
 // Returns FALSE and an empty text when there is no text.
 QUORVEL_API BOOL AfxGetXMLFileExceptionErrorMessage(int cause, CString& text);
+// Throws a new exception.
 [[noreturn]] QUORVEL_API void AfxThrowXMLFileException(int cause, const WCHAR* fileName = nullptr);
 
 // Detects the encoding of an XML file from its first bytes (Extensible Markup Language 1.0,

@@ -17,7 +17,7 @@ class ColumnsDialogList;
 class QUORVEL_API CColumnsDlg : public CVaskDialog {
     DECLARE_DYNAMIC(CColumnsDlg)
 public:
-    explicit CColumnsDlg(CVaskListCtrl* list, CWnd* parent = nullptr);
+    explicit CColumnsDlg(CVaskListCtrl* list, CWnd* parent = nullptr); // the list must not be null
     ~CColumnsDlg() override;
 
 protected:

@@ -16,6 +16,7 @@ public:
     // How far the edges of a control move when the window grows, in percent of the growth: 0 keeps
     // an edge where it is, 100 at the same distance from the window's right or lower edge.
     struct Control {
+        // The control, and the percentages of its four edges.
         int id;
         int left;
         int top;
@@ -24,12 +25,13 @@ public:
     };
 
     // Takes the places of the controls, and the size of the window, as they are now. Replaces what
-    // was attached before; ids without a control are passed over. FALSE, and nothing changed, for a
-    // dialog without a window.
+    // was attached before and ignores ids without a control. Returns FALSE and changes nothing for
+    // a dialog without a window.
     BOOL Attach(CWnd& dialog, std::initializer_list<Control> controls);
 
-    // Both do nothing before Attach, and once the window is destroyed. A window that the user makes
-    // smaller than it was then, which the second prevents, leaves the controls where they were.
+    // Both do nothing before Attach and after the window is destroyed. OnGetMinMaxInfo keeps the
+    // user from making the window smaller than it was at Attach; in a smaller window the controls
+    // keep their first places.
     void OnSize(UINT type);
     void OnGetMinMaxInfo(MINMAXINFO* info) const;
 

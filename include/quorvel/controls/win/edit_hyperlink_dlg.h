@@ -12,6 +12,7 @@
 class QUORVEL_API CEditHyperlinkDlg : public CVaskDialog {
     DECLARE_DYNAMIC(CEditHyperlinkDlg)
 public:
+    // A non-zero first argument makes the text read-only.
     explicit CEditHyperlinkDlg(int displayTextReadOnly, CWnd* parent = nullptr);
     ~CEditHyperlinkDlg() override;
 

@@ -42,7 +42,7 @@ class LinkModel;
 class QUORVEL_API CHyperlinkCtrl : public CWnd {
     DECLARE_DYNAMIC(CHyperlinkCtrl)
 public:
-    enum Flags : DWORD {
+    enum Flags : DWORD { // what users may do with the link, and whether it has an address
         CAN_EDIT_DISPLAY_TEXT = 0x01,
         HAS_URI = 0x02,
         CAN_OPEN_URI = 0x04,
@@ -62,13 +62,14 @@ public:
     BOOL SetWindowTextW(const WCHAR* text); // what is drawn; the display text stays
     BOOL SetWindowText(const WCHAR* text) { return SetWindowTextW(text); }
 
-    // FALSE, and the former one stays, for null and for what is no valid address (AfxIsValidURL).
+    // Returns FALSE and keeps the former address for null and for an invalid one (AfxIsValidURL).
     // The tip shows the first 400 characters.
     BOOL SetURI(const WCHAR* uri);
     CString GetURI() const;
-    BOOL IsURIEmpty() const;
-    void ClearURI();
+    BOOL IsURIEmpty() const; // also before an address is set
+    void ClearURI();         // removes the address and hides the tip
 
+    // One or more of the flags. The tip follows a change; the text is not drawn again.
     void SetFlags(DWORD flags);
     DWORD GetFlags() const;
     void SetFlag(DWORD flag);
@@ -113,6 +114,7 @@ public:
     CRect GetDisplayTextRect() const;
     BOOL HitTestText(CPoint point) const;
     CRect GetFocusRect() const;
+    // Do nothing without a window; HasTabStop then returns FALSE.
     void InvalidateFocusRect();
     void InvalidateCtrl();
     BOOL HasTabStop() const;
@@ -123,9 +125,9 @@ public:
     BOOL PreTranslateMessage(MSG* message) override;
 
 protected:
-    void SendLinkActivatedMessageToParent();
+    void SendLinkActivatedMessageToParent(); // WM_COMMAND with LINK_ACTIVATED
 
-    HBRUSH CtlColor(CDC* dc, UINT control);
+    HBRUSH CtlColor(CDC* dc, UINT control); // the colour of the link's state, no background
     void OnPaint();
     BOOL OnEraseBkgnd(CDC* dc);
     BOOL OnSetCursor(CWnd* wnd, UINT hitTest, UINT message);

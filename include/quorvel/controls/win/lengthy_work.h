@@ -22,7 +22,7 @@
 class QUORVEL_API CLengthyWork : public CLengthyOperationHandler {
 public:
     // The ids of a button and of a progress bar of the style PBS_MARQUEE, both hidden, in the
-    // window; 0 or an id without a control: none. The window must outlive the object.
+    // window. An id without a control, such as 0, is ignored. The window must outlive the object.
     CLengthyWork(CWnd& window, int cancelButton, int progressBar);
     CLengthyWork(const CLengthyWork&) = delete;
     ~CLengthyWork() override;

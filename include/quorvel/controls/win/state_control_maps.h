@@ -11,6 +11,7 @@ class CVaskListCtrl;
 
 namespace quorvel {
 
+// From each control to the place of its state. The keys are not closed.
 typedef CMap<CAutoCompleteEdit*, CAutoCompleteEdit*, HKEY, HKEY> EditKeys;
 typedef CMap<CAutoCompleteEdit*, CAutoCompleteEdit*, CString, const WCHAR*> EditSections;
 typedef CMap<CVaskListCtrl*, CVaskListCtrl*, HKEY, HKEY> ListKeys;

@@ -33,9 +33,9 @@ struct ReportColumns;
 
 struct VASKCOLUMN {
     int savedPosition = -1; // display position when last hidden; -1 if defined hidden
-    int trueColumn = 0;
-    BOOL visible = TRUE;
-    CString heading;
+    int trueColumn = 0;     // the program's number of the column
+    BOOL visible = TRUE;    // whether it is shown
+    CString heading;        // of any length
     // As it was defined, with the text `heading` whatever the mask is. In a result of
     // GetVaskColumn, the text pointer belongs to the list and is valid until the column changes;
     // the width of a hidden column is its last width.
@@ -65,12 +65,15 @@ public:
     BOOL ShowVaskColumn(int trueColumn, int show);
     BOOL DeleteVaskColumn(int trueColumn);
 
+    // FALSE for a column without a record; GetVaskColumn also for a null record.
     BOOL DoesTrueColumnExist(int trueColumn) const; // whether it has a record
     BOOL IsVaskColumnVisible(int trueColumn) const;
     BOOL GetVaskColumn(int trueColumn, VASKCOLUMN* column) const;
     // For a hidden column its last or defined width; -1 if it was never set.
     int GetVaskColumnWidth(int trueColumn) const;
     BOOL SetVaskColumnWidth(int trueColumn, int width); // FALSE for a column that does not exist
+    // The numbers of columns, and translations between the three numbers of one. -1 means that
+    // there is no such column or that it is hidden.
     int GetTrueColumnCount() const;
     int GetInsertedColumnCount() const;
     int GetInsertedColumn(int trueColumn) const;
@@ -124,15 +127,16 @@ public:
 
     // Items. Selecting an item also focuses it.
     BOOL SelectItem(int item, int select = TRUE);
-    int GetSingleSelectionItem() const; // -1 unless exactly one item is selected
-    BOOL IsItemSelected(int item) const;
-    BOOL SelectAllItems();
-    BOOL UnselectAllItems();
-    BOOL HasCheckedItem() const;
+    int GetSingleSelectionItem() const;     // -1 unless exactly one item is selected
+    BOOL IsItemSelected(int item) const;    // FALSE for -1
+    BOOL SelectAllItems();                  // the focus stays
+    BOOL UnselectAllItems();                // the focus stays
+    BOOL HasCheckedItem() const;            // with LVS_EX_CHECKBOXES
     BOOL HitTestOnItem(CPoint point) const; // a point of the client area
+    // Whether exactly one item is selected and has a neighbour on that side.
     BOOL CanMoveSelectedItemUp() const;
     BOOL CanMoveSelectedItemDown() const;
-    BOOL IsReportView() const;
+    BOOL IsReportView() const; // by the window's style
     // While this is blocked, mouse clicks outside the items change neither selection nor focus.
     void SetBlockNonItemClicks(BOOL block = TRUE) { m_areNonItemClicksBlocked = block; }
     BOOL AreNonItemClicksBlocked() const { return m_areNonItemClicksBlocked; }
@@ -199,6 +203,7 @@ protected:
     // every notification.
     class Watch {
     public:
+        // Any number may watch a list. A watch may outlive it.
         explicit Watch(const CVaskListCtrl& list) : m_life(list.m_life) {}
         bool IsAlive() const { return !m_life.expired(); }
 
@@ -210,7 +215,7 @@ protected:
     // has switched drawing off, it stays off.
     class QUORVEL_API RedrawLock {
     public:
-        explicit RedrawLock(CVaskListCtrl& list);
+        explicit RedrawLock(CVaskListCtrl& list); // the list may be destroyed meanwhile
         RedrawLock(const RedrawLock&) = delete;
         ~RedrawLock();
 

@@ -21,6 +21,7 @@ protected:
     // Calls OnHeaderContextMenu of the list. From the keyboard the menu opens below the chosen
     // column, or below the header when that does not have the focus.
     void OnContextMenu(CWnd* wnd, CPoint point);
+    // Draw the focus rectangle around the chosen column.
     void OnPaint();
     void OnSetFocus(CWnd* former);
     void OnKillFocus(CWnd* next);

@@ -12,6 +12,7 @@ class QUORVEL_API CVaskPropertySheet : public CPropertySheet {
     DECLARE_DYNAMIC(CVaskPropertySheet)
 public:
     CVaskPropertySheet();
+    // As in CPropertySheet.
     explicit CVaskPropertySheet(const WCHAR* caption, CWnd* parent = nullptr,
                                 UINT selectedPage = 0);
     explicit CVaskPropertySheet(UINT captionTextId, CWnd* parent = nullptr, UINT selectedPage = 0);

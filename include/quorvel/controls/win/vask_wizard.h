@@ -22,19 +22,20 @@ class QUORVEL_API CVaskWizard : public CVaskPropertySheet {
     DECLARE_DYNAMIC(CVaskWizard)
 public:
     CVaskWizard();
+    // As in CPropertySheet, with the wizard mode set.
     explicit CVaskWizard(const WCHAR* caption, CWnd* parent = nullptr, UINT firstPage = 0);
     explicit CVaskWizard(UINT captionTextId, CWnd* parent = nullptr, UINT firstPage = 0);
     ~CVaskWizard() override;
 
     INT_PTR DoModal() override;
-    BOOL Create(CWnd* parent = nullptr);
+    BOOL Create(CWnd* parent = nullptr); // as in CPropertySheet
 
     // The default name for its pages. Null returns FALSE and changes nothing.
     BOOL SetWizardName(const WCHAR* name);
     CString GetWizardName() const { return m_name; }
 
     // Positions count from 0. A position outside the list returns FALSE and changes nothing.
-    void AddEvent(const CVaskEvent& event);
+    void AddEvent(const CVaskEvent& event); // at the end
     void AppendEvents(const std::vector<CVaskEvent>& events);
     BOOL GetEvent(int position, CVaskEvent& event) const;
     BOOL UpdateEvent(int position, const CVaskEvent& event);

@@ -1,5 +1,5 @@
-// The language of a program that has libraries of resources beside it, one for each language.
-// Windows only, user-interface thread. The templates of their names are those of languages.h.
+// The language of a program that has libraries of resources next to it, one for each language.
+// Windows only, user-interface thread. languages.h describes the templates of their names.
 #pragma once
 
 #include <quorvel/framework/string.h>
@@ -9,9 +9,10 @@
 #include <vector>
 
 // Takes the program's menus, dialogs and texts from its library for the language, and this
-// library's from the other one, both beside the program; language 0 is that of the system. FALSE
-// where one of the two is missing or can't be loaded: the program's and the library's own resources
-// are then in force. Windows that exist keep their texts. The libraries stay loaded.
+// library's from the other one. Both libraries are next to the program. Language 0 is that of the
+// system. Returns FALSE when one of the two is missing or cannot be loaded; then the program and
+// this library use their own resources. Existing windows keep their texts. The libraries stay
+// loaded.
 QUORVEL_API BOOL AfxInstallLanguage(const WCHAR* programTemplate, const WCHAR* libraryTemplate,
                                     LANGID language);
 

@@ -12,7 +12,7 @@
 class QUORVEL_API CCaptureShortcutKeyDlg : public CVaskDialog {
     DECLARE_DYNAMIC(CCaptureShortcutKeyDlg)
 public:
-    explicit CCaptureShortcutKeyDlg(CWnd* parent = nullptr);
+    explicit CCaptureShortcutKeyDlg(CWnd* parent = nullptr); // null: the active window is the owner
 
     const CShortcutKey& GetShortcutKey() const { return m_key; } // cleared until IDOK
 

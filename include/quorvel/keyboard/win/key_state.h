@@ -4,6 +4,7 @@
 
 #include <quorvel/platform/platform.h>
 
+// Either key of the pair counts.
 QUORVEL_API BOOL AfxIsCtrlKeyDown();
 QUORVEL_API BOOL AfxIsShiftKeyDown();
 QUORVEL_API BOOL AfxIsAltKeyDown();

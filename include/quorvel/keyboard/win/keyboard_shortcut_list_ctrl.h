@@ -37,6 +37,7 @@ struct ShortcutSort;
 class QUORVEL_API CKeyboardShortcutListCtrl : public CVirtualListCtrl {
     DECLARE_DYNAMIC(CKeyboardShortcutListCtrl)
 public:
+    // True columns, as in CVaskListCtrl.
     static constexpr int NUM_COLUMNS = 2;
     static constexpr int COLUMN_COMMAND = 0;
     static constexpr int COLUMN_SHORTCUT_KEY = 1;
@@ -74,7 +75,7 @@ public:
     // FALSE for an invalid row. Sorts again if `resort` is not 0 and the list is sorted by key.
     BOOL ClearShortcutKey(int row, int resort);
     void ClearSelectedShortcutKeys(); // sorts once, if the list is sorted by key
-    int GetSelectedItemsAssignedShortcutKeyCount() const;
+    int GetSelectedItemsAssignedShortcutKeyCount() const; // the number of selected rows with a key
     // Assigns a row the key that the scheme's load-default function has for its command, or no key,
     // and removes that key from the row that has it. Sorts again if the list is sorted by key. The
     // defaults may be in any order; the n-th row of a command gets the n-th of its keys, or the
@@ -93,8 +94,8 @@ public:
     // shows all. FALSE for null. The first filter stores the sort column and direction; an empty
     // text restores them.
     BOOL Filter(const WCHAR* text);
-    BOOL IsFiltered() const;
-    CString GetFilter() const;
+    BOOL IsFiltered() const;   // by a text that is not empty
+    CString GetFilter() const; // empty when all rows are shown
     // The rows that pass the filter; 0 and null without a filter.
     int GetFilteredItemCount() const;
     BOOL IsValidFilteredItemIndex(int index) const;

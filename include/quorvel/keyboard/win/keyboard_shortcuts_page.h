@@ -18,6 +18,7 @@ public:
     // Ids in the template. The list is one of CKeyboardShortcutListCtrl, with LVS_OWNERDATA. The
     // template must have the list and the field; a button that it does not have is 0.
     struct Controls {
+        // Ids of controls in the template.
         int list;
         int filter;
         int assign;

@@ -14,6 +14,7 @@
 class QUORVEL_API CCheckForUpdatesReminderDlg : public CVaskDialog {
     DECLARE_DYNAMIC(CCheckForUpdatesReminderDlg)
 public:
+    // The path is that of check_for_updates_profile.h.
     explicit CCheckForUpdatesReminderDlg(const CRegistryPath& path, CWnd* parent = nullptr);
     ~CCheckForUpdatesReminderDlg() override;
 

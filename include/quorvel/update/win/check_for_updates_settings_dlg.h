@@ -15,6 +15,7 @@
 class QUORVEL_API CCheckForUpdatesSettingsDlg : public CVaskDialog {
     DECLARE_DYNAMIC(CCheckForUpdatesSettingsDlg)
 public:
+    // The path is that of check_for_updates_profile.h.
     explicit CCheckForUpdatesSettingsDlg(const CRegistryPath& path, CWnd* parent = nullptr);
     ~CCheckForUpdatesSettingsDlg() override;
 

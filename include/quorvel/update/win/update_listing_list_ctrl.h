@@ -18,6 +18,7 @@ class CDC;
 class QUORVEL_API CUpdateListingListCtrl : public CVirtualListCtrl {
     DECLARE_DYNAMIC(CUpdateListingListCtrl)
 public:
+    // As in CUpdateListingItem.
     static constexpr int COLUMN_PRIORITY = CUpdateListingItem::COLUMN_PRIORITY;
     static constexpr int COLUMN_TITLE = CUpdateListingItem::COLUMN_TITLE;
     static constexpr int COLUMN_DATE = CUpdateListingItem::COLUMN_DATE;
@@ -41,6 +42,7 @@ public:
     int GetDefaultColumnWidth(int trueColumn) override;
     // Makes room for the mark and for a date; the title gets the remaining width.
     void LoadDefaultColumnWidths() override;
+    // One of the orders below; null for a column that is not one of these.
     SortingFunction GetSortingFunction(int column, int ascending) override;
 
     // Sort orders, for items of this class only. Texts are compared without case first and then

@@ -19,6 +19,7 @@ public:
     enum : UINT { DEFAULT_BUFFER_COMPRESSED_SIZE = 8192, DEFAULT_BUFFER_UNCOMPRESSED_SIZE = 32768 };
 
     CZStream(); // all fields of zlib are 0, no buffers
+    // Share the buffers and zlib's state with the other object.
     CZStream(const CZStream& other);
     CZStream& operator=(const CZStream& other);
     // Deliberate: does not end the stream, whose state a copy may share. The caller ends a stream

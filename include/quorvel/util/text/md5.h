@@ -13,7 +13,7 @@ namespace quorvel {
 
 // The state between two updates.
 struct MD5_CTX {
-    DWORD state[4];
+    DWORD state[4];   // the digest of the complete blocks
     ULONGLONG length; // in bytes
     BYTE block[64];   // bytes of an incomplete block
 };
