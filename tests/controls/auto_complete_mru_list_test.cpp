@@ -137,10 +137,13 @@ TEST(MRUList, FreesTheCopiesMadeBeforeMemoryRanOut) {
         EXPECT_EQ(copy, nullptr);
 }
 
-TEST(MRUList, StoresATextForEachPosition) {
+struct StoredMRUList : testing::Test {
+    StoredMRUList() { app.SetRegistryKey(test.Path().Mid(9)); } // relative to Software
     const TestKey test;
-    CWinApp app(_T("Program"));
-    app.SetRegistryKey(test.Path().Mid(9)); // relative to Software
+    CWinApp app{_T("Program")};
+};
+
+TEST_F(StoredMRUList, HasATextForEachPosition) {
     List five = ListOf({_T("5"), _T("4"), _T("3"), _T("2"), _T("1")});
     List three = ListOf({_T("c"), _T("b"), _T("a")});
     List loaded = ListOf({_T("former")});
@@ -163,10 +166,7 @@ TEST(MRUList, StoresATextForEachPosition) {
     EXPECT_EQ(loaded.GetElementCount(), 4u); // a refused text changes nothing
 }
 
-TEST(MRUList, TakesWhatOthersWrote) {
-    const TestKey test;
-    CWinApp app(_T("Program"));
-    app.SetRegistryKey(test.Path().Mid(9));
+TEST_F(StoredMRUList, MayBeWrittenByOthers) {
     HKEY section = app.GetSectionKey(_T("s"));
     const std::string megabyte(1024 * 1024, 'x');
     for (const HKEY key : {test.Get(), section}) {

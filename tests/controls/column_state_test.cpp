@@ -61,17 +61,16 @@ void WriteState(HKEY key, const char* text) {
     RegCloseKey(columns);
 }
 
-struct Place {
-    explicit Place(CWinApp& app) { app.SetRegistryKey(test.Path().Mid(9)); } // relative to Software
-    TestKey test;
-    CRegistryPath path{HKEY_CURRENT_USER, test.Path() + _T("\\path")};
+struct ColumnState : testing::Test {
+    ColumnState() { app.SetRegistryKey(test.Path().Mid(9)); } // relative to Software
+    const TestKey test;
+    const CRegistryPath path{HKEY_CURRENT_USER, test.Path() + _T("\\path")};
+    CWinApp app{_T("Program")};
 };
 
 } // namespace
 
-TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
-    CWinApp app(_T("Program"));
-    const Place place(app);
+TEST_F(ColumnState, LooksTheSameInAKeyAPathAndASection) {
     SimulatedList list(4);
     list.columns.SetOrder({3, 0});
     list.columns.Show(2, false);
@@ -81,22 +80,21 @@ TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
         _T("Column 0[ Sort Order=1 Width=10 ] Column 1[ Sort Order=2 Width=20 ] ")
         _T("Column 2[ Sort Order=-1 Width=30 ] Column 3[ Sort Order=0 Width=40 ] ] ");
     HKEY key = nullptr;
-    RegCreateKeyExW(place.test.Get(), _T("key"), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                    nullptr);
+    RegCreateKeyExW(test.Get(), _T("key"), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
     EXPECT_TRUE(list.columns.SaveState(key, TRUE));
     EXPECT_NE(RegCloseKey(key), 0); // already closed
-    EXPECT_TRUE(list.columns.SaveState(place.path) && list.columns.SaveState(_T("a")) &&
+    EXPECT_TRUE(list.columns.SaveState(path) && list.columns.SaveState(_T("a")) &&
                 list.columns.SaveState(_T("b\\")));
-    EXPECT_EQ(Dump(place.test.Get()), _T("key[ ") + state + _T("] path[ ") + state +
-                                          _T("] Program[ a[ ") + state + _T("] b[ ") + state +
-                                          _T("] ] "));
+    EXPECT_EQ(Dump(test.Get()), _T("key[ ") + state + _T("] path[ ") + state +
+                                    _T("] Program[ a[ ") + state + _T("] b[ ") + state +
+                                    _T("] ] "));
 
-    RegOpenKeyExW(place.test.Get(), _T("key"), 0, KEY_READ, &key);
+    RegOpenKeyExW(test.Get(), _T("key"), 0, KEY_READ, &key);
     for (int i = 0; i < 4; ++i) {
         SimulatedList other(4);
         Columns& c = other.columns;
         EXPECT_TRUE(i == 0   ? c.LoadState(key, TRUE)
-                    : i == 1 ? c.LoadState(place.path)
+                    : i == 1 ? c.LoadState(path)
                              : c.LoadState(i == 2 ? _T("a") : _T("b\\")));
         EXPECT_EQ(other.Text(), _T("D40 A10 B20 (C30 )"));
         EXPECT_TRUE(c.GetSortColumn() == 1 && !c.IsSortAscending());
@@ -105,32 +103,29 @@ TEST(ColumnState, LooksTheSameInAKeyAPathAndASection) {
     EXPECT_NE(RegCloseKey(key), 0) << "loading has closed it";
 }
 
-TEST(ColumnState, OfAPlainListIsItsWidths) {
-    CWinApp app(_T("Program"));
-    const Place place(app);
+TEST_F(ColumnState, OfAPlainListIsItsWidths) {
     SimulatedList list;
     for (const int width : {50, 60})
         list.view.SetWidth(list.view.Insert(9, {}), width);
-    EXPECT_TRUE(list.columns.SaveState(place.path));
-    EXPECT_EQ(Dump(place.test.Get()),
+    EXPECT_TRUE(list.columns.SaveState(path));
+    EXPECT_EQ(Dump(test.Get()),
               _T("path[ Columns[ Count=2 Persist Sort Order=0 Sort Ascending=1 Sort Column=-1 ")
               _T("Column 0[ Width=50 ] Column 1[ Width=60 ] ] ] "));
     SimulatedList other;
     for (int i = 0; i < 3; ++i)
         other.view.Insert(9, {});
-    EXPECT_TRUE(other.columns.LoadState(place.path));
+    EXPECT_TRUE(other.columns.LoadState(path));
     EXPECT_EQ(other.Text(), _T("?50 ?60 ?10 ()"));
 }
 
-TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
-    CWinApp app(_T("Program"));
+TEST_F(ColumnState, ThatNoListWroteLeavesAUsableList) {
     // The list and its sort after the state; "default" if it got the default widths.
     const auto loaded = [&](const char* state) {
-        const Place place(app);
+        const TestKey place;
         SimulatedList list(3);
         list.columns.Insert(0, 3, false, _T("D"), 0, 40, -1);
-        WriteState(place.test.Get(), state);
-        EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE));
+        WriteState(place.Get(), state);
+        EXPECT_TRUE(list.columns.LoadState(place.Get(), FALSE));
         EXPECT_TRUE(list.view.m_deletedSortColumns.empty()) << "loading does not sort";
         CString text = list.Text();
         if (list.columns.GetSortColumn() >= 0)
@@ -178,26 +173,24 @@ TEST(ColumnState, ThatNoListWroteLeavesAUsableList) {
     });
 }
 
-TEST(ColumnState, OfAnotherKindCountsAsMissing) {
-    CWinApp app(_T("Program"));
-    const Place place(app);
-    WriteState(place.test.Get(), "Count=2 Persist=1 Width0=50 Order0=0 Width1=51 Order1=1");
+TEST_F(ColumnState, OfAnotherKindCountsAsMissing) {
+    WriteState(test.Get(), "Count=2 Persist=1 Width0=50 Order0=0 Width1=51 Order1=1");
     HKEY key = nullptr;
-    RegOpenKeyExW(place.test.Get(), _T("Columns"), 0, KEY_WRITE, &key);
+    RegOpenKeyExW(test.Get(), _T("Columns"), 0, KEY_WRITE, &key);
     TestKey::Set(key, _T("Sort Column"), REG_SZ, std::string("1\0\0\0", 4));
     TestKey::Set(key, _T("Column 1"), REG_BINARY, "1234"); // a value with the name of a sub key
     RegCloseKey(key);
-    RegOpenKeyExW(place.test.Get(), _T("Columns\\Column 1"), 0, KEY_WRITE, &key);
+    RegOpenKeyExW(test.Get(), _T("Columns\\Column 1"), 0, KEY_WRITE, &key);
     TestKey::Set(key, _T("Width"), REG_QWORD, "12345678");
     TestKey::Set(key, _T("Sort Order"), REG_DWORD, "12");
     RegCloseKey(key);
     SimulatedList list(2);
-    EXPECT_TRUE(list.columns.LoadState(place.test.Get(), FALSE));
+    EXPECT_TRUE(list.columns.LoadState(test.Get(), FALSE));
     EXPECT_EQ(list.Text(), _T("A50 (B60 )"));
     EXPECT_EQ(list.columns.GetSortColumn(), -1);
 }
 
-TEST(ColumnState, IsRefusedWithoutAPlace) {
+TEST(ColumnStateWithoutAPlace, IsRefused) {
     SimulatedList list(2);
     Columns& columns = list.columns;
     const TestKey test;

@@ -71,6 +71,8 @@ TEST(ColumnsDialog, NeverLeavesTheListWithoutColumns) {
     };
     dialog.Save();
     EXPECT_EQ(list.Text(), _T("B20 (A10 )"));
+    SimulatedList none;
+    EXPECT_FALSE(ColumnsDialogList(none.columns, none.view).CanReset());
 }
 
 TEST(ColumnsDialog, TakesWidthsFrom0To9999) {

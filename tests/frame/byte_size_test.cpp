@@ -2,7 +2,7 @@
 
 #include "support/test.h"
 
-TEST(ByteSize, TheWholeCountStandsBehindTheShortText) {
+TEST(ByteSize, TheWholeCountFollowsTheShortText) {
     ExpectCases<CString, const WCHAR*>({
         CASE(AfxFormatExtendedFileSize(1023), _T("1023 bytes")),
         CASE(AfxFormatExtendedFileSize(1024), _T("1.00 KB (1,024 bytes)")),

@@ -66,11 +66,11 @@ TEST(OperatingSystem, TheVersionRecordDecides) {
         {2, 5, 3, kServer, 0, true},   {2, 6, 1, kDesktop, 9, true}, {2, 6, 3, kDomain, 10, true},
         {2, 7, 0, kDesktop, 0, true},  {0, 4, 0, 0, 0, false},
     };
-    const VersionQuery former =
-        std::exchange(CurrentVersionQuery(), [](OSVERSIONINFOW* record) -> BOOL {
-            *reinterpret_cast<OSVERSIONINFOEXW*>(record) = s_version.record;
-            return TRUE;
-        });
+    const VersionQuery former = CurrentVersionQuery();
+    CurrentVersionQuery() = [](OSVERSIONINFOW* record) -> BOOL {
+        *reinterpret_cast<OSVERSIONINFOEXW*>(record) = s_version.record;
+        return TRUE;
+    };
     for (const auto& [platform, major, minor, product, system, themed] : rows) {
         SCOPED_TRACE(testing::Message() << platform << ' ' << major << '.' << minor);
         s_version = Version(platform, major, minor, product);
