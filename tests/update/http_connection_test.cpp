@@ -46,6 +46,7 @@ TEST_F(UpdateOverHttp, AConnectionReportsItsEndWithoutAStatus) {
     closesocket(Answer("", ""));
     DWORD error = 1;
     StatusWindow::PumpUntil([&] { return connection->HasEnded(error); });
+    EXPECT_TRUE(connection->HasEnded(error));
     EXPECT_EQ(0u, error);
 }
 
