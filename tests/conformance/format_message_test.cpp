@@ -82,26 +82,24 @@ TEST(FormatMessage, RefusesWhatItCannotRead) {
     const auto error = [](DWORD flags, const WCHAR* source, WCHAR* buffer) {
         return ErrorOf([=] { return FormatMessageW(flags, source, 0, 0, buffer, 8, nullptr); });
     };
-    const DWORD fromString = FORMAT_MESSAGE_FROM_STRING;
-    EXPECT_EQ(87u, error(0, _T("abc"), text)) << "no source named";
-    EXPECT_EQ(87u, error(fromString, _T("abc"), nullptr)) << "no buffer";
-    EXPECT_EQ(87u, error(fromString, _T("%1"), text)) << "an insert and no arguments";
+    ExpectCases<DWORD>({CASE(error(0, _T("no source named"), text), 87),
+                        CASE(error(FORMAT_MESSAGE_FROM_STRING, _T("no buffer"), nullptr), 87),
+                        CASE(error(FORMAT_MESSAGE_FROM_STRING, _T("no %1"), text), 87)});
 }
 
 // Wine has no text for the last error.
 TEST(FormatMessage, KnowsTheFailuresWithoutAReason) {
     for (const DWORD code : {0x80004001u, 0x8000ffffu}) {
         WCHAR text[200];
-        const DWORD length =
-            FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, code, 0, text, 200, nullptr);
-        EXPECT_EQ(length > 0, kOnLinux || code != 0x8000ffffu) << code;
+        const DWORD flags = FORMAT_MESSAGE_FROM_SYSTEM;
+        EXPECT_EQ(FormatMessageW(flags, nullptr, code, 0, text, 200, nullptr) > 0,
+                  kOnLinux || code != 0x8000ffffu)
+            << code;
     }
 }
 
 TEST(FormatMessage, HasNoLimitOfItsOwn) {
-    const std::basic_string<WCHAR> text(200'000, 'x');
-    const std::string expected(200'000, 'x');
-    EXPECT_EQ(Formatted(0, _T("%1%1"), text.c_str()), expected + expected);
+    EXPECT_EQ(Formatted(0, _T("%1%1"), Wide(200'000, 'x').c_str()), std::string(400'000, 'x'));
 }
 
 } // namespace

@@ -20,17 +20,13 @@ TEST(NumberFormat, GroupsDigits) {
 }
 
 TEST(ByteSize, HasThreeDigitsAndIsCut) {
-    const std::tuple<LONGLONG, const WCHAR*> rows[] = {
-        {1023, _T("1023 bytes")},   {-1, _T("-1 bytes")},         {1024, _T("1.00 KB")},
-        {999 * 1024, _T("999 KB")}, {1000 * 1024, _T("0.97 MB")}, {1047527423, _T("998 MB")},
-        {10239, _T("9.99 KB")},     {10240, _T("10.0 KB")},       {1047527423, _T("998 MB")},
-    };
-    for (const auto& [size, expected] : rows) {
+    const auto formatted = [](LONGLONG size, UINT room = 100) {
         WCHAR text[100];
-        EXPECT_EQ(StrFormatByteSizeW(size, text, 100), text);
-        EXPECT_EQ(CString(text), expected) << size;
-    }
-    WCHAR text[5];
-    StrFormatByteSizeW(532, text, 5);
-    EXPECT_EQ(CString(text), _T("532 "));
+        return CString(StrFormatByteSizeW(size, text, room));
+    };
+    ExpectCases<CString, const WCHAR*>(
+        {CASE(formatted(-1), _T("-1 bytes")), CASE(formatted(999 * 1024), _T("999 KB")),
+         CASE(formatted(1000 * 1024), _T("0.97 MB")), CASE(formatted(1047527423), _T("998 MB")),
+         CASE(formatted(10239), _T("9.99 KB")), CASE(formatted(10240), _T("10.0 KB")),
+         CASE(formatted(532, 5), _T("532 "))});
 }

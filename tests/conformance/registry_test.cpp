@@ -36,12 +36,6 @@ LSTATUS Enumerate(auto operation, HKEY key, DWORD index, Wide& name) {
     name.resize(error == 0 ? size : 0);
     return error;
 }
-LSTATUS EnumKey(HKEY key, DWORD index, Wide& name) {
-    return Enumerate(RegEnumKeyExW, key, index, name);
-}
-LSTATUS EnumValue(HKEY key, DWORD index, Wide& name) {
-    return Enumerate(RegEnumValueW, key, index, name);
-}
 
 } // namespace
 
@@ -144,32 +138,30 @@ TEST(Registry, NamesAreEnumeratedInOrder) {
     const std::vector<Wide> expected = {_T("_"), _T("A"), _T("b"), _T("B2"), _T("c"), _T("\u00c4")};
     Wide name;
     // Each name, and the first name of an enumeration afterwards.
-    for (const auto& [added, first] : {std::pair<const WCHAR*, const WCHAR*>(_T("b"), _T("b")),
-                                       {_T("\u00c4"), _T("b")},
-                                       {_T("A"), _T("A")},
-                                       {_T("_"), _T("_")},
-                                       {_T("c"), _T("_")},
-                                       {_T("B2"), _T("_")}}) {
+    const std::tuple<const WCHAR*, const WCHAR*> rows[] = {
+        {_T("b"), _T("b")}, {_T("\u00c4"), _T("b")}, {_T("A"), _T("A")},
+        {_T("_"), _T("_")}, {_T("c"), _T("_")},      {_T("B2"), _T("_")},
+    };
+    for (const auto& [added, first] : rows) {
         ASSERT_EQ(Create(test.Get(), added), 0);
         ASSERT_EQ(Set(test.Get(), added, REG_BINARY, "xyz"), 0);
-        EXPECT_TRUE(EnumKey(test.Get(), 0, name) == 0 && name == first);
-        EXPECT_TRUE(EnumValue(test.Get(), 0, name) == 0 && name == first);
+        EXPECT_TRUE(Enumerate(RegEnumKeyExW, test.Get(), 0, name) == 0 && name == first);
+        EXPECT_TRUE(Enumerate(RegEnumValueW, test.Get(), 0, name) == 0 && name == first);
     }
     for (const DWORD index : {0u, 1u, 2u, 3u, 4u, 5u, 3u, 3u, 4u, 0u, 2u}) { // in sequence or not
-        EXPECT_TRUE(EnumValue(test.Get(), index, name) == 0 && name == expected[index]);
-        EXPECT_TRUE(EnumKey(test.Get(), index, name) == 0 && name == expected[index]);
+        EXPECT_EQ(Enumerate(RegEnumValueW, test.Get(), index, name), 0);
+        EXPECT_TRUE(name == expected[index]);
+        EXPECT_EQ(Enumerate(RegEnumKeyExW, test.Get(), index, name), 0);
+        EXPECT_TRUE(name == expected[index]);
     }
-    EXPECT_EQ(EnumValue(test.Get(), 6, name), 259);
-}
+    EXPECT_EQ(Enumerate(RegEnumValueW, test.Get(), 6, name), 259);
 
-TEST(Registry, ANameThatDoesNotFitLeavesTheDataToo) {
-    const TestKey key;
-    ASSERT_EQ(Set(key.Get(), _T("name"), REG_BINARY, "abcd"), 0);
-    WCHAR name[4] = {'?'};
-    BYTE data[4] = {'?'};
-    DWORD nameSize = 4, size = 4;
-    EXPECT_EQ(RegEnumValueW(key.Get(), 0, name, &nameSize, nullptr, nullptr, data, &size), 234);
-    EXPECT_TRUE(name[0] == '?' && data[0] == '?');
+    // A name that does not fit leaves the data too.
+    WCHAR cut[2] = {'?'};
+    BYTE data[3] = {'?'};
+    DWORD nameSize = 2, size = 3;
+    EXPECT_EQ(RegEnumValueW(test.Get(), 3, cut, &nameSize, nullptr, nullptr, data, &size), 234);
+    EXPECT_TRUE(cut[0] == '?' && data[0] == '?');
 }
 
 TEST(Registry, HandlesOfADeletedKeyAreDead) {
@@ -185,7 +177,7 @@ TEST(Registry, HandlesOfADeletedKeyAreDead) {
     Wide name;
     ExpectCases<LSTATUS>({
         {"set", Set(deleted, _T("v"), REG_BINARY, "x"), 1018},
-        {"enumerate keys", EnumKey(deleted, 0, name), 1018},
+        {"enumerate keys", Enumerate(RegEnumKeyExW, deleted, 0, name), 1018},
         {"close", RegCloseKey(deleted), 0},
         {"close again", RegCloseKey(deleted), 6},
     });

@@ -49,6 +49,8 @@ TEST_F(File, ReadsWritesAndSeeks) {
     char bytes[8] = {};
     EXPECT_EQ(file.Read(bytes, sizeof bytes), 3u);
     EXPECT_STREQ(bytes, "789");
+    EXPECT_EQ(file.Read(bytes, 1), 0u) << "at the end";
+    EXPECT_EQ(file.Seek(5'000'000'000, CFile::begin), 5'000'000'000u) << "beyond 4 GB";
 
     file.SetLength(4);
     EXPECT_EQ(file.GetPosition(), 4u);

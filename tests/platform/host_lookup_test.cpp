@@ -56,7 +56,7 @@ protected:
     const std::shared_ptr<State> m_state = std::make_shared<State>();
 };
 
-TEST_F(HostLookup, TellsTheAddressesThatFit) {
+TEST_F(HostLookup, ReportsTheAddressesThatFit) {
     EXPECT_EQ(Answer(Ask("three")), 0);
     const auto* host = reinterpret_cast<const hostent*>(m_buffer);
     EXPECT_STREQ(host->h_name, "three");

@@ -2,6 +2,7 @@
 #include "platform/linux/registry/registry_store.h"
 
 #include "support/environment.h"
+#include "support/registry.h"
 #include "support/temporary_folder.h"
 #include "support/test.h"
 
@@ -57,10 +58,17 @@ void Fill(RegistryStore& store) {
 
 void Execute(const std::string& file, const char* sql) {
     sqlite3* database = nullptr;
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    const int flags = SQLITE_OPEN_READWRITE;
     ASSERT_EQ(quorvel::sqlite3_open_v2(file.c_str(), &database, flags, nullptr), SQLITE_OK);
     EXPECT_EQ(quorvel::sqlite3_exec(database, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
     quorvel::sqlite3_close(database);
+}
+
+RegistryKey Create(RegistryStore& store, const std::u16string& path) {
+    RegistryKey key = {};
+    bool isNew = false;
+    EXPECT_EQ(store.Create(kUser, path, key, isNew), 0u);
+    return key;
 }
 
 // Runs `body` in a new process and returns at once; its failures are printed there.
@@ -91,15 +99,13 @@ void RunAsNobody(const std::function<void()>& body) {
 } // namespace
 
 TEST(RegistryPlace, IsWhatTheVariableNamesOrTheUsersDataFolder) {
-    const std::tuple<const char*, DWORD, const char*> rows[] = {
-        {nullptr, 0, "/data/quorvel/registry.db"}, {"file", ERROR_BAD_PATHNAME, "file"}};
     const EnvironmentVariable data("XDG_DATA_HOME", "/data");
-    for (const auto& [variable, error, expected] : rows) {
-        const EnvironmentVariable registry("QUORVEL_REGISTRY", variable);
-        std::string path;
-        EXPECT_EQ(LocateRegistry(path), error) << expected;
-        EXPECT_EQ(path, expected);
-    }
+    const EnvironmentVariable none("QUORVEL_REGISTRY", nullptr);
+    std::string path;
+    EXPECT_EQ(LocateRegistry(path), 0u);
+    EXPECT_EQ(path, "/data/quorvel/registry.db");
+    const EnvironmentVariable relative("QUORVEL_REGISTRY", "file");
+    EXPECT_EQ(LocateRegistry(path), DWORD{ERROR_BAD_PATHNAME});
 }
 
 TEST(RegistryFile, IsMadeByTheFirstWriteForItsUserAlone) {
@@ -116,54 +122,38 @@ TEST(RegistryFile, IsMadeByTheFirstWriteForItsUserAlone) {
     EXPECT_EQ(mode(place.Folder() + "/a"), 0700u);
 }
 
-TEST(RegistryFile, IsMovedAsideWhenDamagedAndBegunAnew) {
-    const std::tuple<const char*, std::function<void(std::string&)>> rows[] = {
-        {"text", [](std::string& bytes) { bytes = "no registry\n"; }},
-        {"bad schema page", [](std::string& bytes) { bytes.replace(100, 500, 500, '\xff'); }},
-        {"bad pages",
-         [](std::string& bytes) { std::fill(bytes.begin() + 4096, bytes.end(), 'x'); }},
+TEST(RegistryFile, IsMovedAsideWhenDamagedAndLeftAloneWhenItIsOfOthers) {
+    constexpr DWORD kDamaged = ERROR_REGISTRY_CORRUPT;
+    // The bytes that are overwritten, and what is executed.
+    const std::tuple<std::size_t, std::size_t, const char*, DWORD> rows[] = {
+        {0, 12, "", kDamaged},
+        {100, 500, "", kDamaged},
+        {4096, 8192, "", kDamaged},
+        {0, 0, "CREATE TRIGGER t AFTER INSERT ON entries BEGIN DELETE FROM keys; END", kDamaged},
+        {0, 0, "DROP TABLE entries; CREATE VIEW entries AS SELECT * FROM keys", kDamaged},
+        {0, 0, "PRAGMA user_version = 2", ERROR_REVISION_MISMATCH},
+        {0, 0, "PRAGMA application_id = 7", ERROR_BADDB},
     };
     const Place place;
     int number = 0;
-    for (const auto& [label, damage] : rows) {
+    for (const auto& [from, count, sql, error] : rows) {
+        SCOPED_TRACE(testing::Message() << from << sql);
         RegistryStore store(place.File());
         Fill(store);
         store.Close();
         std::string bytes = place.Read(kFile);
-        damage(bytes);
-        place.Write(kFile, bytes);
-        EXPECT_EQ(Read(store, Name(7)), "error 1015") << label;
-        CString aside;
-        aside.Format(_T("registry.db.damaged-%d"), ++number);
-        EXPECT_TRUE(place.Read(aside) == bytes) << label;
-        EXPECT_FALSE(place.Has(kFile)) << label;
-        EXPECT_EQ(Write(store, u"new", "data"), 0u) << label;
-        EXPECT_EQ(Read(store, Name(7)), "error 2") << label;
-    }
-}
-
-TEST(RegistryFile, ThatWasTamperedWithIsDamagedAndThatOfOthersIsLeftAsItIs) {
-    const std::tuple<bool, const char*, DWORD> rows[] = {
-        {true, "CREATE TRIGGER t AFTER INSERT ON entries BEGIN DELETE FROM keys; END",
-         ERROR_REGISTRY_CORRUPT},
-        {true, "DROP TABLE entries; CREATE VIEW entries AS SELECT * FROM keys",
-         ERROR_REGISTRY_CORRUPT},
-        {false, "PRAGMA application_id = 0x51766c52; PRAGMA user_version = 2; CREATE TABLE o(a)",
-         ERROR_REVISION_MISMATCH},
-        {false, "CREATE TABLE other(a)", ERROR_BADDB},
-    };
-    for (const auto& [isOurs, sql, error] : rows) {
-        SCOPED_TRACE(sql);
-        const Place place;
-        RegistryStore store(place.File());
-        if (isOurs)
-            Fill(store);
-        store.Close();
+        place.Write(kFile, bytes.replace(from, count, count, 'x'));
         Execute(place.File(), sql);
-        const std::string bytes = place.Read(kFile);
+        bytes = place.Read(kFile);
         EXPECT_EQ(Write(store, u"v", "data"), error);
-        EXPECT_EQ(place.Has(_T("registry.db.damaged-1")), isOurs);
-        EXPECT_EQ(place.Read(kFile) == bytes, !isOurs);
+        CString aside = kFile;
+        if (error == kDamaged)
+            aside.AppendFormat(_T(".damaged-%d"), ++number);
+        EXPECT_TRUE(place.Read(aside) == bytes);
+        EXPECT_EQ(place.Has(kFile), error != kDamaged);
+        std::filesystem::remove(place.File());
+        EXPECT_EQ(Write(store, u"new", "data"), 0u);
+        EXPECT_EQ(Read(store, Name(7)), "error 2");
     }
 }
 
@@ -275,15 +265,12 @@ TEST(RegistryFile, IsConsistentWhereverAPowerCutEndsItsLog) {
 TEST(RegistryFile, ThatIsReplacedIsOpenedAnew) {
     const Place place;
     RegistryStore store(place.File());
-    RegistryKey key = {};
-    bool isNew = false;
-    ASSERT_EQ(store.Create(kUser, u"k", key, isNew), 0u);
+    const RegistryKey key = Create(store, u"k");
     ASSERT_EQ(Write(store, u"v", "data", key), 0u);
     for (const char* suffix : {"", "-wal", "-shm"})
         std::filesystem::remove(place.File() + suffix);
     EXPECT_EQ(Write(store, u"v", "data", key), DWORD{ERROR_KEY_DELETED});
-    RegistryKey other = {};
-    EXPECT_TRUE(store.Create(kUser, u"k", other, isNew) == 0 && isNew);
+    EXPECT_EQ(Read(store, u"v", Create(store, u"k")), "error 2");
     EXPECT_EQ(Read(store, u"v", key), "error 1018"); // a different key
 }
 
@@ -295,10 +282,8 @@ TEST(RegistryFile, EightProcessesWritingAtOnceLoseNothing) {
     for (int process = 0; process < kProcesses; ++process)
         children.push_back(Start([&, process] {
             RegistryStore store(place.File());
-            RegistryKey key = {};
-            bool isNew = false;
             for (int i = 0; i < kValues; ++i) {
-                ASSERT_EQ(store.Create(kUser, u"shared\\" + Name(i % 10), key, isNew), 0u);
+                const RegistryKey key = Create(store, u"shared\\" + Name(i % 10));
                 ASSERT_EQ(Write(store, Name(process * kValues + i), "a", key), 0u);
             }
         }));
@@ -319,9 +304,7 @@ TEST(RegistryStore, ServesSeveralThreads) {
     for (int thread = 0; thread < 4; ++thread)
         threads.emplace_back([&store, thread] {
             for (int i = 0; i < 100; ++i) {
-                RegistryKey key = {};
-                bool isNew = false;
-                EXPECT_EQ(store.Create(kUser, u"k", key, isNew), 0u);
+                const RegistryKey key = Create(store, u"k");
                 EXPECT_EQ(Write(store, Name(thread), std::to_string(i), key), 0u);
                 EXPECT_EQ(Read(store, Name(thread), key), std::to_string(i));
             }
@@ -331,20 +314,12 @@ TEST(RegistryStore, ServesSeveralThreads) {
 }
 
 TEST(Registry, OpenKeysServeAChildProcessAsWell) {
-    using namespace quorvel::win32;
-    HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, _T("Software\\Quorvel fork"), 0, nullptr, 0,
-                              KEY_ALL_ACCESS, nullptr, &key, nullptr),
-              0);
-    const auto set = [key](const char* value) {
-        return RegSetValueExW(key, _T("v"), 0, REG_BINARY, reinterpret_cast<const BYTE*>(value), 1);
-    };
-    EXPECT_EQ(set("a"), 0);
-    ExpectSuccess(Start([&] { EXPECT_EQ(set("b"), 0); }));
+    const TestKey test;
+    EXPECT_EQ(TestKey::Set(test.Get(), _T("v"), REG_BINARY, "a"), 0);
+    ExpectSuccess(
+        Start([&] { EXPECT_EQ(TestKey::Set(test.Get(), _T("v"), REG_BINARY, "b"), 0); }));
     BYTE data = 0;
     DWORD size = 1;
-    EXPECT_EQ(RegQueryValueExW(key, _T("v"), nullptr, nullptr, &data, &size), 0);
+    EXPECT_EQ(win32::RegQueryValueExW(test.Get(), _T("v"), nullptr, nullptr, &data, &size), 0);
     EXPECT_EQ(data, 'b');
-    RegDeleteKeyW(key, _T(""));
-    RegCloseKey(key);
 }
