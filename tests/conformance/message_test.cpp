@@ -8,17 +8,15 @@
 
 namespace {
 
-constexpr UINT kFirst = WM_APP + 1;
-constexpr UINT kSecond = WM_APP + 2;
+constexpr UINT kFirst = WM_APP + 'a';
+constexpr UINT kSecond = WM_APP + 'b';
 
 // What was seen: a and b for the two messages, t for a timer, each followed by its number.
 std::string g_seen;
 
 LRESULT CALLBACK Record(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == kFirst || message == kSecond || message == WM_TIMER)
-        g_seen += (message == kFirst    ? 'a'
-                   : message == kSecond ? 'b'
-                                        : 't') +
+    if (message > WM_APP || message == WM_TIMER)
+        g_seen += (message == WM_TIMER ? 't' : static_cast<char>(message - WM_APP)) +
                   std::to_string(wParam) + ' ';
     return DefWindowProcW(window, message, wParam, lParam);
 }
@@ -56,21 +54,21 @@ protected:
 
 TEST_F(Messages, ComeInTheOrderInWhichTheyWerePosted) {
     const HWND other = m_class.Create();
-    PostMessageW(m_window, kSecond, 1, 0);
-    PostMessageW(other, kFirst, 2, 0);
-    PostMessageW(m_window, kFirst, 3, 0);
+    const auto post = [&] {
+        PostMessageW(m_window, kSecond, 1, 0);
+        PostMessageW(other, kFirst, 2, 0);
+        PostMessageW(m_window, kFirst, 3, 0);
+    };
+    post();
     EXPECT_EQ(Drain(), "b1 a2 a3 ");
 
-    // Filters by window and number; PM_NOREMOVE.
-    PostMessageW(m_window, kSecond, 4, 0);
-    PostMessageW(other, kFirst, 5, 0);
-    PostMessageW(m_window, kFirst, 6, 0);
+    post(); // and filter by window and number
     MSG message = {};
     EXPECT_TRUE(PeekMessageW(&message, m_window, kFirst, kFirst, PM_REMOVE));
-    EXPECT_EQ(message.wParam, 6u);
+    EXPECT_EQ(message.wParam, 3u);
     EXPECT_TRUE(GetMessageW(&message, other, 0, 0));
-    EXPECT_EQ(message.wParam, 5u);
-    EXPECT_EQ(Drain(), "b4 ");
+    EXPECT_EQ(message.wParam, 2u);
+    EXPECT_EQ(Drain(), "b1 ");
     DestroyWindow(other);
     EXPECT_EQ(ErrorOf([&] { return PostMessageW(other, kFirst, 0, 0); }),
               ERROR_INVALID_WINDOW_HANDLE);
@@ -78,7 +76,7 @@ TEST_F(Messages, ComeInTheOrderInWhichTheyWerePosted) {
               ERROR_MESSAGE_SYNC_ONLY);
 }
 
-TEST_F(Messages, GoWithTheirWindow) {
+TEST_F(Messages, AreDroppedWithTheirWindow) {
     const HWND other = m_class.Create();
     PostMessageW(other, kFirst, 1, 0);
     PostMessageW(m_window, kFirst, 2, 0);

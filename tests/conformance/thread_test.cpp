@@ -27,9 +27,9 @@ TEST(Events, KeepOrGiveUpTheirSignal) {
     }
 }
 
-std::atomic<int> g_localsGone;
+std::atomic<int> g_destroyedLocals;
 struct Local {
-    ~Local() { ++g_localsGone; }
+    ~Local() { ++g_destroyedLocals; }
 };
 DWORD WINAPI HoldLocal(LPVOID) {
     static thread_local Local t_local;
@@ -37,11 +37,11 @@ DWORD WINAPI HoldLocal(LPVOID) {
     return 0;
 }
 
-TEST(Threads, HaveLetGoOfTheirLocalsWhenTheyEnd) {
+TEST(Threads, HaveDestroyedTheirLocalsWhenTheyEnd) {
     for (int i = 1; i <= 100; ++i) {
         const HANDLE thread = CreateThread(nullptr, 0, HoldLocal, nullptr, 0, nullptr);
         EXPECT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);
-        EXPECT_EQ(g_localsGone, i);
+        EXPECT_EQ(g_destroyedLocals, i);
         CloseHandle(thread);
     }
 }
@@ -54,10 +54,9 @@ TEST(Waits, LoseNoSignalBetweenThreads) {
     const HANDLE pong = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     int count = 0; // protected by the signal
     std::thread other([&] {
-        for (int i = 0; i < kRounds; ++i) {
+        for (int i = 0; i < kRounds; ++i, SetEvent(pong)) {
             WaitForSingleObject(ping, INFINITE);
             ++count;
-            SetEvent(pong);
         }
     });
     for (int i = 0; i < kRounds; ++i) {
@@ -66,8 +65,7 @@ TEST(Waits, LoseNoSignalBetweenThreads) {
         ASSERT_EQ(count, i + 1);
     }
     other.join();
-    CloseHandle(ping);
-    CloseHandle(pong);
+    EXPECT_TRUE(CloseHandle(ping) && CloseHandle(pong));
 }
 
 } // namespace

@@ -20,39 +20,32 @@ LRESULT CALLBACK RecordLife(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 
 class Windows : public testing::Test {
 protected:
-    HWND Create(DWORD style = WS_POPUP, HWND parent = nullptr, INT_PTR id = 0) {
-        return m_class.Create(style, parent, id);
-    }
-
     const TestWindowClass m_class{_T("Conformance"), RecordLife};
 };
 
-TEST_F(Windows, GoWithTheirOwnerAndHoldTheirClass) {
-    const HWND window = Create();
-    const HWND owned = Create(WS_POPUP, window);
+TEST_F(Windows, EndAfterTheirOwnerAndTheirChildren) {
+    const HWND window = m_class.Create();
+    const HWND owned = m_class.Create(WS_POPUP, window);
     EXPECT_EQ(ErrorOf([] { return UnregisterClassW(_T("conFORMance"), nullptr); }),
               ERROR_CLASS_HAS_WINDOWS);
     EXPECT_TRUE(DestroyWindow(window));
     EXPECT_FALSE(IsWindow(owned));
-}
 
-TEST_F(Windows, LiveThroughTheirMessagesInOrder) {
-    const HWND window = Create(WS_POPUP);
-    const HWND child = Create(WS_CHILD, window, 1);
-    Create(WS_CHILD, child, 2);
+    const HWND parent = m_class.Create();
+    const HWND child = m_class.Create(WS_CHILD, parent, 1);
+    m_class.Create(WS_CHILD, child, 2);
     g_seen.clear();
-    EXPECT_TRUE(DestroyWindow(window));
+    EXPECT_TRUE(DestroyWindow(parent));
     EXPECT_EQ(g_seen, "0:destroy 1:destroy 2:destroy 2:ncdestroy 1:ncdestroy 0:ncdestroy ");
 }
 
 TEST_F(Windows, EndWithTheirThreadOrByItAlone) {
-    const HWND ours = Create();
-    HWND window = nullptr;
-    HWND child = nullptr;
+    const HWND ours = m_class.Create();
+    HWND window = nullptr, child = nullptr;
     std::thread([&] {
         EXPECT_EQ(ErrorOf([=] { return DestroyWindow(ours); }), ERROR_ACCESS_DENIED);
-        window = Create();
-        child = Create(WS_CHILD, window, 1);
+        window = m_class.Create();
+        child = m_class.Create(WS_CHILD, window, 1);
         g_seen.clear();
     }).join();
     EXPECT_FALSE(IsWindow(window) || IsWindow(child));

@@ -316,8 +316,7 @@ TEST(RegistryStore, ServesSeveralThreads) {
 TEST(Registry, OpenKeysServeAChildProcessAsWell) {
     const TestKey test;
     EXPECT_EQ(TestKey::Set(test.Get(), _T("v"), REG_BINARY, "a"), 0);
-    ExpectSuccess(
-        Start([&] { EXPECT_EQ(TestKey::Set(test.Get(), _T("v"), REG_BINARY, "b"), 0); }));
+    ExpectSuccess(Start([&] { EXPECT_EQ(TestKey::Set(test.Get(), _T("v"), REG_BINARY, "b"), 0); }));
     BYTE data = 0;
     DWORD size = 1;
     EXPECT_EQ(win32::RegQueryValueExW(test.Get(), _T("v"), nullptr, nullptr, &data, &size), 0);

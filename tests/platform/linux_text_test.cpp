@@ -4,48 +4,23 @@
 #include "platform/text_length.h"
 #include "platform/win32.h"
 
-#include "support/test.h"
+#include "support/code_page.h"
 
 #include <sys/mman.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr int kRoom = 64;
-
-// Both return an empty text when the conversion is refused.
-std::u16string Decode(UINT codePage, DWORD flags, const std::string& bytes) {
-    WCHAR text[kRoom];
-    const int size = static_cast<int>(bytes.size());
-    const int length = MultiByteToWideChar(codePage, flags, bytes.data(), size, text, kRoom);
-    return std::u16string(text, static_cast<std::size_t>(length));
-}
-std::string Encode(UINT codePage, DWORD flags, const std::u16string& text,
-                   LPCSTR defaultChar = nullptr, LPBOOL usedDefault = nullptr) {
-    char bytes[kRoom];
-    const int count =
-        WideCharToMultiByte(codePage, flags, text.data(), static_cast<int>(text.size()), bytes,
-                            kRoom, defaultChar, usedDefault);
-    return std::string(bytes, static_cast<std::size_t>(count));
-}
-
 TEST(LinuxCodePage, RefusesAsDocumented) {
-    const auto decode = [](UINT codePage, DWORD flags) {
-        return ErrorOf([&] { return !Decode(codePage, flags, "a").empty(); });
-    };
-    const auto encode = [](UINT codePage, DWORD flags, LPCSTR defaultChar, LPBOOL usedDefault) {
-        return ErrorOf(
-            [&] { return !Encode(codePage, flags, u"a", defaultChar, usedDefault).empty(); });
-    };
-    WCHAR text[kRoom] = {};
+    WCHAR text[8] = {};
     char* const same = reinterpret_cast<char*>(text);
     BOOL used;
-    EXPECT_EQ(87u, ErrorOf([&] { return MultiByteToWideChar(CP_UTF8, 0, same, 1, text, kRoom); }));
-    EXPECT_EQ(87u, encode(CP_UTF7, 0, "?", nullptr));
-    EXPECT_EQ(87u, encode(CP_UTF7, 0, nullptr, &used));
-    EXPECT_EQ(1004u, decode(CP_UTF8, MB_PRECOMPOSED));
-    EXPECT_EQ(1004u, encode(1252, WC_ERR_INVALID_CHARS, nullptr, nullptr));
-    EXPECT_EQ(0u, decode(54936, MB_ERR_INVALID_CHARS));
+    EXPECT_EQ(87u, ErrorOf([&] { return MultiByteToWideChar(CP_UTF8, 0, same, 1, text, 8); }));
+    EXPECT_EQ(87u, Encode(CP_UTF7, 0, u"a", 8, "?").error);
+    EXPECT_EQ(87u, Encode(CP_UTF7, 0, u"a", 8, nullptr, &used).error);
+    EXPECT_EQ(1004u, Decode(CP_UTF8, MB_PRECOMPOSED, "a").error);
+    EXPECT_EQ(1004u, Encode(1252, WC_ERR_INVALID_CHARS, u"a").error);
+    EXPECT_EQ(0u, Decode(54936, MB_ERR_INVALID_CHARS, "a").error);
 }
 
 TEST(LinuxCodePage, HasPagesWithShiftStatesAndLongCodes) {
@@ -55,16 +30,16 @@ TEST(LinuxCodePage, HasPagesWithShiftStatesAndLongCodes) {
         {54936, "\xd6\xd0\x81\x30\x81\x30\x90\x30\x81\x30", u"\x4e2d\x80\xd800\xdc00"},
     };
     for (const auto& [codePage, bytes, text] : rows) {
-        EXPECT_EQ(Decode(codePage, 0, bytes), text) << codePage;
-        EXPECT_EQ(Encode(codePage, 0, text), bytes) << codePage;
+        EXPECT_EQ(Decode(codePage, 0, bytes).GetText(), text) << codePage;
+        EXPECT_EQ(Encode(codePage, 0, text).GetText(), bytes) << codePage;
     }
-    EXPECT_EQ(Encode(57002, 0, u"\x905\x915").substr(2), "\xa4\xb3"); // after its script's mark
+    EXPECT_EQ(Encode(57002, 0, u"\x905\x915").GetText().substr(2), "\xa4\xb3"); // after a mark
     BOOL used = FALSE;
-    EXPECT_EQ(Encode(50220, 0, u"a\xe01z", nullptr, &used), "a?z");
+    EXPECT_EQ(Encode(50220, 0, u"a\xe01z", 8, nullptr, &used).GetText(), "a?z");
     EXPECT_TRUE(used);
-    EXPECT_EQ(Decode(CP_UTF8, 0, "\xf0xy"), u"\xfffdxy"); // a lead byte consumes only itself
-    EXPECT_EQ(Decode(54936, MB_ERR_INVALID_CHARS, "a\xff"), u"");
-    EXPECT_EQ(GetLastError(), ERROR_NO_UNICODE_TRANSLATION);
+    // A lead byte consumes only itself.
+    EXPECT_EQ(Decode(CP_UTF8, 0, "\xf0xy").GetText(), u"\xfffdxy");
+    EXPECT_EQ(Decode(54936, MB_ERR_INVALID_CHARS, "a\xff").error, ERROR_NO_UNICODE_TRANSLATION);
 }
 
 TEST(LinuxLocale, IsNamedByTheEnvironment) {
