@@ -15,13 +15,11 @@ static std::pair<int, int> Of(const F& fraction) {
 
 TEST(Fraction, CommonDivisorIsNeverNegative) {
     // Products wrap, also to 0; one absolute value does not fit.
-    for (const auto& [a, b, divisor, multiple] : {std::tuple(0, 0, 1, 0),
-                                                  {-12, 18, 6, -36},
-                                                  {65536, 65537, 1, 65536},
-                                                  {INT_MIN, -1, 1, INT_MIN},
-                                                  {0, -5, 5, 0},
-                                                  {INT_MIN, 6, 2, 0},
-                                                  {INT_MIN, 0, INT_MIN, 0}}) {
+    const std::tuple<int, int, int, int> rows[] = {
+        {0, 0, 1, 0},  {-12, 18, 6, -36},  {65536, 65537, 1, 65536}, {INT_MIN, -1, 1, INT_MIN},
+        {0, -5, 5, 0}, {INT_MIN, 6, 2, 0}, {INT_MIN, 0, INT_MIN, 0},
+    };
+    for (const auto& [a, b, divisor, multiple] : rows) {
         EXPECT_EQ(F::GetGreatestCommonDivisor(a, b), divisor) << a << ' ' << b;
         EXPECT_EQ(F::GetLowestCommonDenominator(F(1, a), F(1, b)), multiple) << a << ' ' << b;
     }

@@ -1,8 +1,6 @@
 // The control classes with real controls: their additions to the platform's messages.
 #include <quorvel/framework/win/check_list_box.h>
 #include <quorvel/framework/win/gdi.h>
-#include <quorvel/framework/win/list_ctrl.h>
-#include <quorvel/framework/win/message_map.h>
 #include <quorvel/framework/win/wait_cursor.h>
 
 #include "support/test.h"
@@ -30,25 +28,6 @@ ON_LBN_SELCHANGE(kControl, &CParent::OnSelection)
 END_MESSAGE_MAP()
 
 constexpr CRect kPlace(0, 0, 200, 200);
-
-TEST(ListCtrl, ReadsTextsOfAnyLengthAndTheOrderOfItsColumns) {
-    CParent parent;
-    CListCtrl list;
-    ASSERT_TRUE(list.Create(WS_VISIBLE | LVS_REPORT, kPlace, &parent, kControl));
-    list.InsertColumn(0, _T("Name"), LVCFMT_LEFT, 80);
-    list.InsertColumn(1, _T("Size"), LVCFMT_RIGHT, 40, 1);
-    int order[2] = {1, 0};
-    EXPECT_TRUE(list.SetColumnOrderArray(2, order));
-    int read[2] = {-1, -1};
-    EXPECT_TRUE(list.GetColumnOrderArray(read) && read[0] == 1);
-    EXPECT_FALSE(list.GetColumnOrderArray(read, 1)) << "not the header's count";
-
-    const CString longText(Wide(200, 'x').c_str()); // longer than the first buffer
-    EXPECT_EQ(list.InsertItem(0, _T("first")), 0);
-    EXPECT_TRUE(list.SetItemText(0, 1, longText));
-    EXPECT_EQ(list.GetItemText(0, 1), longText);
-    EXPECT_EQ(list.GetItemText(9, 0), _T(""));
-}
 
 TEST(CheckListBox, ChecksMoveWithTheirRowsAndNotifyTheParent) {
     CParent parent;

@@ -105,10 +105,9 @@ TEST(DataExchange, ARefusalSaysWhyAndSelectsTheField) {
 TEST(DataExchange, ControlsShowValuesAndGiveThemBack) {
     CDataDlg dialog;
     for (const WCHAR* const row : {_T("alpha beta"), _T("alpha"), _T("gamma")})
-        for (const auto& [id, add] : {std::pair<int, UINT>(FIELD_LIST, LB_ADDSTRING),
-                                      {FIELD_CHOICE, CB_ADDSTRING},
-                                      {FIELD_COMBO, CB_ADDSTRING}})
-            dialog.SendDlgItemMessage(id, add, 0, reinterpret_cast<LPARAM>(row));
+        for (const int id : {FIELD_LIST, FIELD_CHOICE, FIELD_COMBO})
+            dialog.SendDlgItemMessage(id, id == FIELD_LIST ? LB_ADDSTRING : CB_ADDSTRING, 0,
+                                      reinterpret_cast<LPARAM>(row));
     const auto expect = [&](auto exchange, int id, auto shown, auto marker, auto read) {
         auto value = shown;
         dialog.m_exchange = [&](CDataExchange* e) { exchange(e, id, value); };

@@ -2,7 +2,6 @@
 #pragma once
 
 #define DIALOG_FIELDS 101
-#define DIALOG_OF_LANGUAGE 102
 #define DIALOG_FIRST_PAGE 103
 #define DIALOG_SECOND_PAGE 104
 #define DIALOG_MISSING 199

@@ -113,8 +113,7 @@ TEST(Sheet, KnowsItsPages) {
     CWnd owner;
     owner.CreateEx(0, _T("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr);
     TwoPages sheet;
-    CRecordingPage third('3', DIALOG_FIRST_PAGE);
-    CPropertyPage missing(DIALOG_MISSING);
+    CPropertyPage third(DIALOG_FIRST_PAGE), missing(DIALOG_MISSING);
     EXPECT_TRUE(sheet.SetActivePage(1));
     const DialogDriver driver({
         [&](HWND) {

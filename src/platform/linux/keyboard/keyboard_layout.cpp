@@ -125,7 +125,7 @@ WCHAR SecondKeyCharacter(UINT code, int modifiers) {
     if (code == VK_OEM_102)
         return modifiers == 0 ? key->character : modifiers == kShift ? u'|' : u'\x1c';
     const bool isTyped =
-        modifiers == 0 ? isOfPad : modifiers == kShift && (isSign || code == VK_SPACE);
+        modifiers == 0 ? isOfPad : code == VK_SPACE || (modifiers == kShift && isSign);
     return isTyped ? key->character : WCHAR(0);
 }
 
