@@ -36,7 +36,7 @@ protected:
             DispatchMessageW(&message);
         return std::exchange(g_seen, {});
     }
-    static void LetPass(DWORD milliseconds) {
+    static void Wait(DWORD milliseconds) {
         const HANDLE never = CreateEventW(nullptr, TRUE, FALSE, nullptr);
         EXPECT_EQ(WaitForSingleObject(never, milliseconds), WAIT_TIMEOUT);
         CloseHandle(never);
@@ -82,7 +82,7 @@ TEST_F(Messages, AreDroppedWithTheirWindow) {
     PostMessageW(m_window, kFirst, 2, 0);
     SetTimer(other, 3, USER_TIMER_MINIMUM, nullptr);
     DestroyWindow(other);
-    LetPass(5 * USER_TIMER_MINIMUM);
+    Wait(5 * USER_TIMER_MINIMUM);
     MSG message = {};
     ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
     EXPECT_EQ(message.hwnd, m_window);
@@ -123,11 +123,9 @@ TEST_F(Messages, LetTimersWaitUntilNothingElseDoes) {
     EXPECT_EQ(SetTimer(m_window, 5, USER_TIMER_MINIMUM, nullptr), 5u);
     EXPECT_EQ(Await(), "t5 ");
     EXPECT_EQ(Await(), "t5 ") << "again and again";
-    std::thread([this] { // from another thread: restarts it with an hour
-        EXPECT_NE(SetTimer(m_window, 5, 3600000, nullptr), 0u);
-        EXPECT_NE(SetTimer(m_window, 6, 30, nullptr), 0u);
-    })
-        .join();
+    const auto restart = [this] { EXPECT_NE(SetTimer(m_window, 5, 3600000, nullptr), 0u); };
+    std::thread(restart).join(); // from another thread, with an hour
+    SetTimer(m_window, 6, 30, nullptr);
     EXPECT_EQ(Await(), "t6 ");
     std::thread([this] { EXPECT_TRUE(KillTimer(m_window, 6)); }).join();
     EXPECT_FALSE(KillTimer(m_window, 6));
@@ -135,7 +133,7 @@ TEST_F(Messages, LetTimersWaitUntilNothingElseDoes) {
 
     // A timer that is overdue fires once.
     SetTimer(m_window, 8, USER_TIMER_MINIMUM, nullptr);
-    LetPass(100);
+    Wait(100);
     PostMessageW(m_window, kFirst, 1, 0);
     EXPECT_EQ(Drain(), "a1 t8 ");
     KillTimer(m_window, 8);

@@ -105,13 +105,13 @@ TEST(Registry, BadHandlesAndArgumentsAreRefused) {
 TEST(Registry, DataComesBackWithItsKindAndSize) {
     const TestKey test;
     const std::string big(1 << 20, 'z');
-    // The last field is the result with the following bytes of the buffer, up to 10 bytes.
+    using namespace std::string_literals;
+    // The last field is the result with the following bytes of the buffer.
     const std::tuple<const char*, DWORD, std::string, std::string> rows[] = {
-        {"number of a wrong size", REG_DWORD, "abc", "abc???????"},
-        {"text that lacks its terminator", REG_SZ, std::string("a\0b\0", 4),
-         std::string("a\0b\0\0\0????", 10)},
-        {"text of odd length", REG_SZ, std::string("a\0b", 3), std::string("a\0b\0\0?????", 10)},
-        {"own kind", 0x80000001, "own", "own???????"},
+        {"number of a wrong size", REG_DWORD, "abc", "abc??"},
+        {"text that lacks its terminator", REG_SZ, "a\0b\0"s, "a\0b\0\0\0?"s},
+        {"text of odd length", REG_SZ, "a\0b"s, "a\0b\0\0??"s},
+        {"own kind", 0x80000001, "own", "own??"},
         {"1 MB", REG_BINARY, big, big},
     };
     for (const auto& [label, storedKind, stored, read] : rows) {

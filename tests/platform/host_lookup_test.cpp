@@ -24,8 +24,8 @@ protected:
             [state = m_state](const std::string&, std::vector<ULONG>& addresses) {
                 while (state->held)
                     std::this_thread::yield();
-                for (int i = 0; i < 3; ++i)
-                    addresses.push_back(htonl(INADDR_LOOPBACK + static_cast<ULONG>(i)));
+                for (ULONG i = 0; i < 3; ++i)
+                    addresses.push_back(htonl(INADDR_LOOPBACK + i));
                 ++state->answers;
                 return 0;
             });

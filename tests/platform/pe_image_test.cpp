@@ -2,26 +2,17 @@
 #include "platform/linux/resources/pe_file.h"
 #include "platform/win32.h"
 
+#include "support/samples.h"
 #include "support/temporary_folder.h"
 #include "support/test.h"
 
-#include <fstream>
+#include <cstring>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace {
 
 using namespace quorvel;
-
-std::string ReadSample(const char* name) {
-    std::ifstream file(std::string(QUORVEL_SAMPLES "/") + name, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
-void Put(std::string& bytes, std::size_t offset, DWORD value, int size) {
-    for (int i = 0; i < size; ++i)
-        bytes.at(offset + static_cast<std::size_t>(i)) = static_cast<char>(value >> (8 * i));
-}
 
 class PeImage : public testing::Test {
 protected:
@@ -46,7 +37,7 @@ TEST_F(PeImage, CorruptedFieldsAreRefusedOrCountAsMissing) {
     constexpr std::size_t kPe = 0x80;
     constexpr std::size_t kSection = 0x1f0; // offset of the header of .rsrc
     constexpr std::size_t kTree = 0xa00;
-    const std::tuple<const char*, std::size_t, DWORD, int, DWORD> rows[] = {
+    const std::tuple<const char*, std::size_t, DWORD, std::size_t, DWORD> rows[] = {
         {"nothing changed", 0, 'M', 1, 0},
         {"header at the top of the range", 0x3c, 0xfffffffc, 4, 193},
         {"one section too few", kPe + 6, 3, 2, 1812},
@@ -59,17 +50,17 @@ TEST_F(PeImage, CorruptedFieldsAreRefusedOrCountAsMissing) {
         {"data longer than the section", kTree + 0x21c, 0x4d1, 4, 1814},
         {"text longer than its block", kTree + 0x330 + 8, 0xffff, 2, 1814},
     };
-    const std::string sample = ReadSample("full.dll");
+    const std::string sample = folder.Read(Sample(_T("full.dll"))); // absolute
     for (const auto& [label, offset, value, size, error] : rows) {
         std::string bytes = sample;
-        Put(bytes, offset, value, size);
+        std::memcpy(bytes.data() + offset, &value, size);
         EXPECT_EQ(error, FindText(bytes)) << label;
     }
 }
 
 TEST_F(PeImage, AFileCutAnywhereIsReadInItsBoundsOrRefused) {
-    for (const char* name : {"full.dll", "x86_64/full.dll"}) {
-        const std::string sample = ReadSample(name);
+    for (const WCHAR* name : {_T("full.dll"), _T("x86_64/full.dll")}) {
+        const std::string sample = folder.Read(Sample(name));
         ASSERT_FALSE(sample.empty());
         for (std::size_t size = 0; size <= sample.size(); ++size)
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(sample.data()), size);

@@ -3,6 +3,8 @@
 
 #include "support/test.h"
 
+using namespace quorvel::win32;
+
 // The whole buffer, which was filled with markers before.
 template <class Text>
 struct Converted {
@@ -15,7 +17,6 @@ struct Converted {
 
 inline Converted<Wide> Decode(UINT codePage, DWORD flags, const std::string& bytes,
                               int capacity = 64) {
-    using namespace quorvel::win32;
     Wide text(static_cast<std::size_t>(capacity), WCHAR(0xcdcd));
     SetLastError(ERROR_SUCCESS);
     const int result =
@@ -27,7 +28,6 @@ inline Converted<Wide> Decode(UINT codePage, DWORD flags, const std::string& byt
 inline Converted<std::string> Encode(UINT codePage, DWORD flags, const Wide& text,
                                      int capacity = 64, LPCSTR defaultChar = nullptr,
                                      LPBOOL usedDefault = nullptr) {
-    using namespace quorvel::win32;
     std::string bytes(static_cast<std::size_t>(capacity), '\xcd');
     SetLastError(ERROR_SUCCESS);
     const int result = WideCharToMultiByte(

@@ -6,10 +6,11 @@
 
 #include <gtest/gtest.h>
 
+using namespace quorvel::win32;
+
 class TestWindowClass {
 public:
     explicit TestWindowClass(const WCHAR* name, WNDPROC procedure = nullptr) : m_name(name) {
-        using namespace quorvel::win32;
         WNDCLASSEXW windowClass = {};
         windowClass.cbSize = sizeof windowClass;
         windowClass.lpfnWndProc = procedure != nullptr ? procedure : DefWindowProcW;
@@ -17,13 +18,9 @@ public:
         EXPECT_NE(RegisterClassExW(&windowClass), 0);
     }
     TestWindowClass(const TestWindowClass&) = delete;
-    ~TestWindowClass() {
-        using namespace quorvel::win32;
-        EXPECT_TRUE(UnregisterClassW(m_name, nullptr));
-    }
+    ~TestWindowClass() { EXPECT_TRUE(UnregisterClassW(m_name, nullptr)); }
 
     HWND Create(DWORD style = WS_POPUP, HWND parent = nullptr, INT_PTR id = 0) const {
-        using namespace quorvel::win32;
         return CreateWindowExW(0, m_name, nullptr, style, 0, 0, 0, 0, parent,
                                reinterpret_cast<HMENU>(id), nullptr, nullptr);
     }

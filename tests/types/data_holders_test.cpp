@@ -62,8 +62,7 @@ TEST(DataHolders, AreStoredInTheirOwnWidth) {
 
 TEST(Guid, IsThirtyTwoHexadecimalDigits) {
     const std::string digits = "0123456789abcdefABCDEF0123456789", most = digits.substr(1);
-    for (const std::string& text :
-         {digits, most, digits + "0", most + "g", most + "\n", digits + "\n", most + "\xe9"}) {
+    for (const std::string& text : {digits, most, digits + "0", most + "g", most + "\xe9"}) {
         SCOPED_TRACE(text);
         const bool valid = text == digits;
         CGUID guid;
@@ -72,8 +71,8 @@ TEST(Guid, IsThirtyTwoHexadecimalDigits) {
         EXPECT_EQ(guid.SetGUID(text.c_str()), valid);
         EXPECT_EQ(guid.GetGUID(), valid ? CStringA(digits.c_str()) : generated);
     }
-    CGUID guid, other;
-    EXPECT_TRUE(guid.IsValid() && guid != other);
+    CGUID guid;
+    EXPECT_TRUE(guid.IsValid() && guid != CGUID());
     EXPECT_FALSE(guid.SetGUID(nullptr) || CGUID::IsValidGUID(nullptr));
 
     guid.SetGUID(digits.c_str());

@@ -1,7 +1,6 @@
 // The control classes with real controls: their additions to the platform's messages.
 #include <quorvel/framework/win/check_list_box.h>
 #include <quorvel/framework/win/gdi.h>
-#include <quorvel/framework/win/wait_cursor.h>
 
 #include "support/test.h"
 
@@ -99,21 +98,6 @@ TEST(CheckListBox, RowsFollowTheFont) {
     EXPECT_GE(high, 40);
     list.SetFont(nullptr);
     EXPECT_LT(list.GetItemHeight(0), high);
-}
-
-TEST(WaitCursor, NestsAndComesBackAfterABox) {
-    const HCURSOR arrow = ::LoadCursorW(nullptr, IDC_ARROW);
-    const HCURSOR wait = ::LoadCursorW(nullptr, IDC_WAIT);
-    ::SetCursor(arrow);
-    {
-        CWaitCursor outer;
-        CWaitCursor().Restore();
-        EXPECT_EQ(::GetCursor(), wait);
-        ::SetCursor(arrow);
-        outer.Restore();
-        EXPECT_EQ(::GetCursor(), wait);
-    }
-    EXPECT_EQ(::GetCursor(), arrow);
 }
 
 } // namespace

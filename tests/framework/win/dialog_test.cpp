@@ -167,10 +167,11 @@ TEST(Dialog, IdleTimeShowsTheStateOfCommands) {
     EXPECT_EQ(dialog.DoModal(), 6);
 }
 
-TEST(Dialog, ModelessOnesHaveTheProgramsIdleTime) {
+TEST(Dialog, ModelessOnesHaveTheProgramsIdleTimeAndLiveUntilTheyAreDestroyed) {
     MessageBoxRecorder app;
     CFieldsDlg dialog;
     ASSERT_TRUE(dialog.Create(DIALOG_FIELDS));
+    EXPECT_EQ(dialog.DoModal(), -1) << "has a window";
     dialog.ShowWindow(SW_SHOW);
     dialog.m_idle = [&](int count) {
         if (count == 2)
@@ -179,14 +180,6 @@ TEST(Dialog, ModelessOnesHaveTheProgramsIdleTime) {
     };
     EXPECT_EQ(app.Run(), 5);
     EXPECT_EQ(TextOf(::GetDlgItem(dialog.m_hWnd, FIELD_BUTTON)), _T("On"));
-}
-
-TEST(Dialog, ModelessOnesLiveUntilTheyAreDestroyed) {
-    MessageBoxRecorder app;
-    CFieldsDlg dialog;
-    ASSERT_TRUE(dialog.Create(DIALOG_FIELDS));
-    EXPECT_EQ(dialog.DoModal(), -1) << "has a window";
-    dialog.ShowWindow(SW_SHOW);
     dialog.SendMessage(WM_COMMAND, IDOK);
     EXPECT_FALSE(dialog.IsWindowVisible());
     EXPECT_TRUE(dialog.DestroyWindow());
