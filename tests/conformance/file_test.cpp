@@ -94,7 +94,6 @@ TEST_F(FileConformance, ANewFileIsReadOnlyWhereThatIsAskedFor) {
 
 TEST_F(FileConformance, ShareModesAdmitWhatBothSidesAllow) {
     constexpr DWORD kReaders = FILE_SHARE_READ;
-    constexpr DWORD kWriters = FILE_SHARE_WRITE;
     const auto open = [&](DWORD rights, DWORD disposition, DWORD share) {
         return ErrorOf([&] {
             return File(folder.Path(_T("folder/../file")), rights, disposition, share).IsOpen();
@@ -105,7 +104,7 @@ TEST_F(FileConformance, ShareModesAdmitWhatBothSidesAllow) {
         {kRead, kReaders, kRead, kReaders, true},
         {kRead, kReaders, kRead, 0, false},
         {kRead, kReaders, kWrite, kReaders, false},
-        {kRead, kWriters, kWrite, kReaders, true},
+        {kRead, FILE_SHARE_WRITE, kWrite, kReaders, true},
         {kWrite, kReaders, kRead, kReaders, false},
         {kRead, kReaders, 0, 0, true},
         {kRead, kReaders, DELETE, kShareAll, false},

@@ -1,4 +1,6 @@
-// Locale items, in a program that runs as English (United States).
+// Letter case, locale items, numbers and byte sizes, in a program that runs as English (United
+// States).
+#include "platform/case_fold.h"
 #include "platform/win32.h"
 
 #include "support/golden.h"
@@ -31,3 +33,46 @@ TEST(Locale, EveryLanguageIdAnswersAlike) {
 }
 
 } // namespace
+
+// As AfxFormatExtendedFileSize calls it: whole numbers, grouped for the user's locale.
+TEST(NumberFormat, GroupsDigits) {
+    const auto grouped = [](UINT grouping, const WCHAR* digits) {
+        WCHAR text[100], point[] = _T("."), separator[] = _T(" ");
+        const NUMBERFMTW format = {0, 1, grouping, point, separator, 1};
+        return CString(text, GetNumberFormatW(0x0409, 0, digits, &format, text, 100));
+    };
+    const CString large(_T("9 223 372 036 854 775 808"), 26), odd(_T("12 34 56 78 901"), 16);
+    EXPECT_EQ(grouped(3, _T("9223372036854775808")), large);
+    EXPECT_EQ(grouped(32, _T("12345678901")), odd); // groups of three, then of two
+}
+
+TEST(ByteSize, HasThreeDigitsAndIsCut) {
+    const auto formatted = [](LONGLONG size, UINT room = 100) {
+        WCHAR text[100];
+        return CString(StrFormatByteSizeW(size, text, room));
+    };
+    ExpectCases<CString, const WCHAR*>(
+        {CASE(formatted(-1), _T("-1 bytes")), CASE(formatted(999 * 1024), _T("999 KB")),
+         CASE(formatted(1000 * 1024), _T("0.97 MB")), CASE(formatted(1047527423), _T("998 MB")),
+         CASE(formatted(10239), _T("9.99 KB")), CASE(formatted(10240), _T("10.0 KB")),
+         CASE(formatted(532, 5), _T("532 "))});
+}
+
+// Zero means that a unit does not change.
+TEST(LetterCase, TablesAreThePlatforms) {
+    Wide units;
+    for (int unit = 0; unit < 0x10000; ++unit)
+        units += static_cast<WCHAR>(unit);
+    Golden golden("letter_case");
+    for (const auto convert : {CharLowerBuffW, CharUpperBuffW}) {
+        Wide changed = units;
+        convert(changed.data(), static_cast<DWORD>(changed.size()));
+        for (std::size_t unit = 0; unit < units.size(); ++unit) {
+            if (convert == CharLowerBuffW) {
+                ASSERT_EQ(quorvel::FoldCase(units[unit]), changed[unit]);
+            }
+            changed[unit] = changed[unit] == units[unit] ? WCHAR(0) : changed[unit];
+        }
+        golden.Expect(changed, convert == CharLowerBuffW ? "lower case" : "upper case");
+    }
+}

@@ -8,7 +8,6 @@
 
 namespace {
 
-const HMODULE kInvented = reinterpret_cast<HMODULE>(UINT_PTR{0x12340000});
 constexpr DWORD kAsData = LOAD_LIBRARY_AS_DATAFILE;
 
 CString Own(const WCHAR* name) { // loadable as a module
@@ -56,7 +55,6 @@ TEST(ModuleConformance, AModuleIsSharedUntilItsLastUserFreesIt) {
     EXPECT_EQ(nullptr, GetModuleHandleW(_T("strings_only.dll"))) << "data is no module";
 
     EXPECT_EQ(126u, ErrorOf([=] { return FreeLibrary(first); })) << "freed";
-    EXPECT_EQ(126u, ErrorOf([] { return FreeLibrary(kInvented); }));
 }
 
 TEST(ModuleConformance, FileNamesAreCutToTheBuffer) {
@@ -64,7 +62,6 @@ TEST(ModuleConformance, FileNamesAreCutToTheBuffer) {
     const Library data(Own(_T("strings_only.dll")), kAsData);
     WCHAR path[MAX_PATH] = {}, cut[MAX_PATH] = {'#'};
     const DWORD length = GetModuleFileNameW(library.module, path, MAX_PATH);
-    EXPECT_EQ(CString(_T("full.dll")), CString(path).Right(8));
     EXPECT_EQ(126u, ErrorOf([&] { return GetModuleFileNameW(data.module, cut, 100) != 0; }));
     EXPECT_EQ('#', cut[0]);
     EXPECT_EQ(length, GetModuleFileNameW(library.module, cut, length));
@@ -112,7 +109,6 @@ TEST(ModuleConformance, ResourcesOfATypeAreNamed) {
     const DWORD ended = kOnLinux ? 15106 : kUnset; // Wine does not set it
     const std::tuple<const WCHAR*, LPCWSTR, LONG_PTR, const WCHAR*, DWORD> rows[] = {
         {_T("keys.dll"), RT_ACCELERATOR, 99, _T("MAIN;7;8;"), 0},
-        {_T("keys.dll"), _T("#4"), 99, _T("1;"), 0},
         {_T("keys.dll"), RT_ACCELERATOR, 6, _T("MAIN;7;"), ended},
         {_T("keys.dll"), RT_VERSION, 99, _T(""), 1813},
         {_T("no_resources.dll"), RT_MENU, 99, _T(""), 1812},

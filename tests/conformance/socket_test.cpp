@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr long kAll = 63;
-
 sockaddr Address(USHORT port) {
     sockaddr_in address = {};
     address.sin_family = AF_INET;
@@ -34,14 +32,13 @@ public:
         EXPECT_TRUE(m_handle == INVALID_SOCKET || closesocket(m_handle) == 0);
         m_handle = INVALID_SOCKET;
     }
-    // The other side sees a reset.
-    void Abort() {
+    // The next close resets the connection.
+    void SetHardClose() {
         const linger hard = {1, 0};
-        setsockopt(m_handle, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&hard),
-                   sizeof hard);
-        Close();
+        const char* const option = reinterpret_cast<const char*>(&hard);
+        setsockopt(m_handle, SOL_SOCKET, SO_LINGER, option, sizeof hard);
     }
-    int Select() { return WSAEventSelect(m_handle, m_event, kAll); }
+    int Select() { return WSAEventSelect(m_handle, m_event, 63); }
     int Connect(USHORT port) {
         const sockaddr to = Address(port);
         return connect(m_handle, &to, sizeof to);
@@ -188,7 +185,7 @@ TEST_F(Sockets, ReportDataOnceUntilTheyAreReceivedAndThenTheEnd) {
 TEST_F(Sockets, ReportAReset) {
     for (const bool receivedFirst : {false, true}) {
         Sock client;
-        Sock(ConnectTo(client)).Abort();
+        Sock(ConnectTo(client)).SetHardClose();
         const std::string end = kOnLinux ? "error 10054" : "";
         if (receivedFirst) {
             EXPECT_EQ(client.Receive(1), end);

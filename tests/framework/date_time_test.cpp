@@ -91,10 +91,8 @@ TEST(DateTime, AResultTakesTheWorstStatus) {
     const COleDateTimeSpan day(1, 0, 0, 0);
     COleDateTime null;
     null.SetStatus(COleDateTime::null);
-    COleDateTime invalid;
-    invalid.SetStatus(COleDateTime::invalid);
     EXPECT_EQ((null + day).GetStatus(), COleDateTime::null);
-    EXPECT_EQ((invalid - null).GetStatus(), COleDateTimeSpan::null);
+    EXPECT_EQ((COleDateTime(1e9) - null).GetStatus(), COleDateTimeSpan::null);
     EXPECT_EQ((COleDateTime(2958465.0) + day).GetStatus(), COleDateTime::invalid);
     EXPECT_EQ((COleDateTime(-657434.0) - day).GetStatus(), COleDateTime::invalid);
     EXPECT_EQ(COleDateTimeSpan(1e9).GetStatus(), COleDateTimeSpan::invalid);

@@ -53,7 +53,6 @@ TEST_F(File, ReadsWritesAndSeeks) {
     EXPECT_EQ(file.Seek(5'000'000'000, CFile::begin), 5'000'000'000u) << "beyond 4 GB";
 
     file.SetLength(4);
-    EXPECT_EQ(file.GetPosition(), 4u);
     file.Seek(2, CFile::current);
     file.Write("x", 1);
     file.Flush();

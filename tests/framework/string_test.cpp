@@ -135,10 +135,9 @@ TEST(String, FindsPlaces) {
 TEST(String, TokensAreWhatLiesBetweenSeparators) {
     // The tokens, each followed by a bar.
     const auto tokens = [](const CString& text, const WCHAR* separators) {
-        CString found;
+        CString found, token;
         int position = 0;
-        for (CString token = text.Tokenize(separators, position); position != -1;
-             token = text.Tokenize(separators, position))
+        while (token = text.Tokenize(separators, position), position != -1)
             found += token + _T("|");
         EXPECT_TRUE(text.Tokenize(separators, position).IsEmpty()); // stays at the end
         EXPECT_EQ(position, -1);

@@ -54,8 +54,7 @@ TEST(LinuxHandle, IsClosedOnceWhateverTheThreadsAndNeverComesBack) {
         other.join();
         const HANDLE next = Open(folder.Path(_T("file")), GENERIC_READ, OPEN_EXISTING);
         EXPECT_NE(file, next);
-        EXPECT_FALSE(CloseHandle(file));
-        EXPECT_TRUE(CloseHandle(next));
+        EXPECT_TRUE(!CloseHandle(file) && CloseHandle(next));
     }
     EXPECT_EQ(50, closes);
 }
@@ -69,13 +68,11 @@ TEST(LinuxFile, RefusesWhatWindowsRefuses) {
     const auto open = [](const CString& name, DWORD rights, DWORD disposition) {
         return ErrorOf([&] { return Open(name, rights, disposition) != INVALID_HANDLE_VALUE; });
     };
-    const auto replace = [&] {
-        return MoveFileExW(folder.Path(_T("file")), folder.Path(_T("readonly")),
-                           MOVEFILE_REPLACE_EXISTING);
-    };
+    const CString file = folder.Path(_T("file")), fixed = folder.Path(_T("readonly"));
+    const auto replace = [&] { return MoveFileExW(file, fixed, MOVEFILE_REPLACE_EXISTING); };
     EXPECT_EQ(123u, open(folder.Path() + _T("/\xd83d"), GENERIC_WRITE, CREATE_NEW));
-    EXPECT_EQ(87u, open(folder.Path(_T("file")), GENERIC_READ, TRUNCATE_EXISTING));
-    EXPECT_EQ(5u, open(folder.Path(_T("readonly")), GENERIC_WRITE, OPEN_EXISTING));
+    EXPECT_EQ(87u, open(file, GENERIC_READ, TRUNCATE_EXISTING));
+    EXPECT_EQ(5u, open(fixed, GENERIC_WRITE, OPEN_EXISTING));
     EXPECT_EQ(5u, ErrorOf([=] { return SetEndOfFile(reader); }));
     EXPECT_EQ(32u, ErrorOf(replace)) << "held open";
     EXPECT_TRUE(CloseHandle(reader));

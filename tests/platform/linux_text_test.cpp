@@ -43,17 +43,11 @@ TEST(LinuxCodePage, HasPagesWithShiftStatesAndLongCodes) {
 }
 
 TEST(LinuxLocale, IsNamedByTheEnvironment) {
-    const std::tuple<const char*, LCID> rows[] = {
-        {"nonsense", 0x0409},
-        {"de_DE@euro", 0x0407},
-        {"es_ES", 0x0c0a},
-        {"sr_RS@latin", 0x241a},
-        {"sr_RS", 0x281a},
-        {"zh_CN.GB2312", 0x0804},
-        {"en_DK", LOCALE_CUSTOM_DEFAULT},
-    };
-    for (const auto& [name, locale] : rows)
-        EXPECT_EQ(quorvel::LocaleIdOf(name), locale) << name;
+    using quorvel::LocaleIdOf;
+    ExpectCases<LCID>({CASE(LocaleIdOf("nonsense"), 0x0409), CASE(LocaleIdOf("de_DE@euro"), 0x0407),
+                       CASE(LocaleIdOf("es_ES"), 0x0c0a), CASE(LocaleIdOf("sr_RS@latin"), 0x241a),
+                       CASE(LocaleIdOf("sr_RS"), 0x281a), CASE(LocaleIdOf("zh_CN.GB2312"), 0x0804),
+                       CASE(LocaleIdOf("en_DK"), LOCALE_CUSTOM_DEFAULT)});
 }
 
 // The length is found in whole blocks of bytes, also at the last address that can be read.

@@ -2,22 +2,10 @@
 #include <quorvel/types/guid.h>
 
 #include "support/archive_image.h"
-#include "support/test.h"
 
 template <class Value>
 static std::string ImageOf(Value& value) {
     return Stored([&](CArchive& archive) { value.Serialize(archive); });
-}
-
-template <class Holder>
-static void ExpectImage(Holder holder, const std::string& image) {
-    EXPECT_EQ(ImageOf(holder), image);
-    Holder loaded(1);
-    const auto load = [&](CArchive& archive) { loaded.Deserialize(archive); };
-    EXPECT_EQ(LoadCause(image.substr(1), load), CArchiveException::endOfFile);
-    EXPECT_EQ(loaded.GetData(), 1u);
-    EXPECT_EQ(LoadCause(image, load), CArchiveException::none);
-    EXPECT_TRUE(loaded == holder);
 }
 
 template <class Holder, class Value>
@@ -50,9 +38,9 @@ TEST(DataHolders, FieldsStayInsideTheirValue) {
 }
 
 TEST(DataHolders, AreStoredInTheirOwnWidth) {
-    ExpectImage(CByteData(0xf1), "\xf1");
-    ExpectImage(CWordData(0x1234), "\x34\x12");
-    ExpectImage(CDWordData(0x89abcdef), "\xef\xcd\xab\x89");
+    ExpectImage(CByteData(0xf1), "\xf1", CByteData(1));
+    ExpectImage(CWordData(0x1234), "\x34\x12", CWordData(1));
+    ExpectImage(CDWordData(0x89abcdef), "\xef\xcd\xab\x89", CDWordData(1));
     struct Doubled : CByteData {
         using CByteData::CByteData;
         void Serialize(CArchive& archive) { archive << WORD{0x1234}; }
@@ -80,7 +68,6 @@ TEST(Guid, IsThirtyTwoHexadecimalDigits) {
     const auto load = [&](CArchive& archive) { guid.Deserialize(archive); };
     EXPECT_EQ(LoadCause(digits.substr(1), load), CArchiveException::endOfFile);
     EXPECT_EQ(guid.GetGUID(), digits.c_str());
-    EXPECT_EQ(LoadCause("", load, CArchive::store), CArchiveException::writeOnly);
     const std::string zeroInside = digits.substr(0, 31) + std::string(1, '\0');
     EXPECT_EQ(LoadCause(zeroInside + "next", load), CArchiveException::none);
     EXPECT_FALSE(guid.IsValid());

@@ -1,6 +1,7 @@
 // The control classes with real controls: their additions to the platform's messages.
 #include <quorvel/framework/win/check_list_box.h>
 #include <quorvel/framework/win/gdi.h>
+#include <quorvel/framework/win/message_map.h>
 
 #include "support/test.h"
 
@@ -42,27 +43,25 @@ TEST(CheckListBox, ChecksMoveWithTheirRowsAndNotifyTheParent) {
         }
         return text;
     };
+    const auto seen = [&] { return std::exchange(parent.m_seen, {}) + checks(); };
     const auto click = [&](int row, int x, UINT message = WM_LBUTTONDOWN) {
         CRect rect;
         list.GetItemRect(row, rect);
-        parent.m_seen.clear();
         list.SendMessage(message, MK_LBUTTON, MAKELPARAM(rect.left + x, rect.top + 3));
         list.SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(rect.left + x, rect.top + 3));
-        return parent.m_seen + checks();
+        return seen();
     };
     const auto space = [&] {
         list.SetCurSel(0);
-        parent.m_seen.clear();
         list.SendMessage(WM_KEYDOWN, VK_SPACE, 1);
         list.SendMessage(WM_CHAR, ' ', 1);
-        return parent.m_seen + checks();
+        return seen();
     };
     list.AddString(_T("d"));
     list.SetItemData(list.AddString(_T("b")), 77);
     list.SetCheck(0, BST_CHECKED);
     list.AddString(_T("a"));
     list.AddString(_T("c"));
-    EXPECT_EQ(checks(), "a0 b1 c0 d0 ");
     EXPECT_EQ(list.GetItemData(1), 77u) << "the program's own";
     list.DeleteString(0);
     list.SetCheck(7, BST_CHECKED); // no such row
@@ -85,9 +84,7 @@ TEST(CheckListBox, ChecksMoveWithTheirRowsAndNotifyTheParent) {
 TEST(CheckListBox, RowsFollowTheFont) {
     CParent parent;
     CFont font;
-    LOGFONTW description = {};
-    description.lfHeight = -40;
-    ASSERT_TRUE(font.CreateFontIndirect(&description));
+    ASSERT_TRUE(font.CreatePointFont(400, _T("Tahoma")));
     const HWND window =
         ::CreateWindowExW(0, L"ListBox", nullptr, WS_CHILD | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS, 0,
                           0, 100, 100, parent.m_hWnd, nullptr, nullptr, nullptr);

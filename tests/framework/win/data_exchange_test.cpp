@@ -120,7 +120,6 @@ TEST(DataExchange, ControlsShowValuesAndGiveThemBack) {
     const std::tuple<Text, int, const WCHAR*, const WCHAR*> texts[] = {
         {DDX_LBString, FIELD_LIST, _T("gam"), _T("gamma")},
         {DDX_LBStringExact, FIELD_LIST, _T("ALPHA"), _T("alpha")},
-        {DDX_CBString, FIELD_CHOICE, _T("gam"), _T("gamma")},
         {DDX_CBStringExact, FIELD_COMBO, _T("gam"), _T("gam")},
     };
     for (const auto& [exchange, id, shown, read] : texts)

@@ -8,8 +8,6 @@
 
 namespace {
 
-typedef DialogDriver::Step Step;
-
 TEST(FileDialog, GivesTheFileThatTheUserNames) {
     const TemporaryFolder folder;
     folder.Write(_T("there.txt"), "text");
@@ -21,8 +19,8 @@ TEST(FileDialog, GivesTheFileThatTheUserNames) {
     for (const auto& [label, opens, file, button, path] : rows) {
         CFileDialog dialog(opens, _T("txt"), _T("first.txt"), OFN_FILEMUSTEXIST,
                            _T("Texts|*.txt|All files|*.*"));
-        const Step wait = [](HWND) {}; // Wine's dialog fills its field by a posted message
-        const Step name = [typed = file](HWND box) {
+        const auto wait = [](HWND) {}; // Wine's dialog fills its field by a posted message
+        const auto name = [typed = file](HWND box) {
             for (const int id : {edt1, cmb13}) // the field is one of them
                 ::SetDlgItemTextW(box, id, typed);
         };
