@@ -208,7 +208,9 @@ TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
         EXPECT_EQ(Read(store, Name(199)), old);
     }));
     ExpectSuccess(Start([&] { // no room even for reading
+        RegistryKey key = {};
         limitFileSize(0, 10'000'000);
+        EXPECT_EQ(store.Open(kUser, u"", true, key), 0u);
         EXPECT_EQ(Write(store, u"small", "data"), ERROR_FILE_TOO_LARGE);
         EXPECT_EQ(Read(store, Name(199)), old);
         limitFileSize(10'000'000, 10'000'000);

@@ -60,8 +60,7 @@ TEST(Guid, IsThirtyTwoHexadecimalDigits) {
         EXPECT_EQ(guid.GetGUID(), valid ? CStringA(digits.c_str()) : generated);
     }
     CGUID guid;
-    EXPECT_TRUE(guid.IsValid() && guid != CGUID());
-    EXPECT_FALSE(guid.SetGUID(nullptr) || CGUID::IsValidGUID(nullptr));
+    EXPECT_TRUE(guid.IsValid() && guid != CGUID() && !guid.SetGUID(nullptr));
 
     guid.SetGUID(digits.c_str());
     EXPECT_EQ(ImageOf(guid), digits);

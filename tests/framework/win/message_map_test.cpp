@@ -62,13 +62,12 @@ END_MESSAGE_MAP()
 TEST(MessageMap, RowsGiveTheirMembersTheMessagesParts) {
     CRecordingWnd wnd;
     const LPARAM self = reinterpret_cast<LPARAM>(wnd.m_hWnd);
-    const LPARAM place = MAKELPARAM(-3, 4);
     const auto notify = [&](UINT_PTR id, UINT code) {
         NMHDR header = {nullptr, id, code};
         return wnd.After(WM_NOTIFY, id, reinterpret_cast<LPARAM>(&header));
     };
     ExpectCases<std::string>({
-        CASE(wnd.After(WM_MOUSEWHEEL, MAKEWPARAM(4, -120), place), "wheel 4 -120 -3 4 5 "),
+        CASE(wnd.After(WM_MOUSEWHEEL, MAKEWPARAM(4, -120), 0x4fffd), "wheel 4 -120 -3 4 5 "),
         CASE(wnd.After(WM_CTLCOLORSTATIC, 0, self), "color 1 6 5 "),
         CASE(wnd.After(WM_COMMAND, MAKEWPARAM(21, 1), 0), "command 21 1 "), // from an accelerator
         CASE(wnd.After(WM_COMMAND, 30, 0), "0 "), // the member returns "not handled"
