@@ -7,11 +7,10 @@
 #include <random>
 #include <string>
 
-using namespace quorvel::win32;
-
 class TestKey {
 public:
     TestKey() {
+        using namespace quorvel::win32;
         m_path.Format(_T("Software\\Quorvel tests\\%08x"), std::random_device()());
         RegCreateKeyExW(HKEY_CURRENT_USER, m_path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_key,
                         nullptr);
@@ -19,6 +18,7 @@ public:
     TestKey(const TestKey&) = delete;
     TestKey& operator=(const TestKey&) = delete;
     ~TestKey() {
+        using namespace quorvel::win32;
         RegCloseKey(m_key);
         RemoveTree(HKEY_CURRENT_USER, m_path);
     }
@@ -28,6 +28,7 @@ public:
     // counted; here there is no terminator.
     static LSTATUS Set(HKEY key, const WCHAR* name, DWORD kind, const std::string& bytes) {
         const std::string followed = bytes + "????";
+        using namespace quorvel::win32;
         return RegSetValueExW(key, name, 0, kind, reinterpret_cast<const BYTE*>(followed.data()),
                               static_cast<DWORD>(bytes.size()));
     }
@@ -35,6 +36,7 @@ public:
     const CString& Path() const { return m_path; }
 
     static void RemoveTree(HKEY parent, const WCHAR* path) {
+        using namespace quorvel::win32;
         HKEY key = nullptr;
         if (RegOpenKeyExW(parent, path, 0, KEY_ENUMERATE_SUB_KEYS, &key) != 0)
             return;
