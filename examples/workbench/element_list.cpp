@@ -6,12 +6,6 @@
 #include <quorvel/framework/win/dc.h>
 #include <quorvel/framework/win/wait_cursor.h>
 
-namespace {
-
-constexpr std::size_t kMostShown = 259; // as much of a text as the list-view draws
-
-} // namespace
-
 CString ElementItem::GetSubItemText(int column) {
     switch (column) {
     case ElementList::kName:
@@ -19,9 +13,9 @@ CString ElementItem::GetSubItemText(int column) {
     case ElementList::kDepth:
         return NumberText(m_document->DepthOf(GetIndex()));
     case ElementList::kAttributes:
-        return CString(m_document->AttributesOf(GetIndex()).substr(0, kMostShown));
+        return CString(m_document->AttributesOf(GetIndex()).substr(0, s_longestText));
     case ElementList::kText:
-        return CString(m_document->TextOf(GetIndex()).substr(0, kMostShown));
+        return CString(m_document->TextOf(GetIndex()).substr(0, s_longestText));
     case ElementList::kPosition:
         return NumberText(m_document->PositionOf(GetIndex()));
     default:
@@ -61,6 +55,17 @@ void ElementList::Show(const Document& document, const std::vector<int>* indexes
 void ElementList::Clear() {
     DeleteAllItems();
     m_items.clear();
+}
+
+// Ctrl+C copies whole texts.
+LRESULT ElementList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_CHAR)
+        return CVirtualListCtrl::WindowProc(message, wParam, lParam);
+    const struct Unlimited {
+        Unlimited() { ElementItem::s_longestText = Document::View::npos; }
+        ~Unlimited() { ElementItem::s_longestText = ElementItem::SHOWN_TEXT; }
+    } unlimited; // its end also after an exception
+    return CVirtualListCtrl::WindowProc(message, wParam, lParam);
 }
 
 bool ElementList::SelectElement(int index) {

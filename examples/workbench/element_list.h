@@ -14,6 +14,9 @@ public:
     int GetIndex() const { return static_cast<int>(GetLParam()); }
     CString GetSubItemText(int column) override;
 
+    static inline std::size_t s_longestText = SHOWN_TEXT; // unlimited while rows are copied
+    static constexpr std::size_t SHOWN_TEXT = 259;        // as much as the list-view draws
+
 private:
     const Document* m_document;
 };
@@ -31,6 +34,9 @@ public:
     void DoSortItems(int column, int ascending) override;
     int GetDefaultColumnWidth(int trueColumn) override;
     void LoadDefaultColumnWidths() override;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     std::vector<ElementItem> m_items; // one block: a document may have millions

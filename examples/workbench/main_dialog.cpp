@@ -28,6 +28,16 @@ CString NameOfFile(const CString& file) {
     return file.Mid(file.ReverseFind('\\') + 1);
 }
 
+// The time and size of a file; empty when it does not exist.
+CString TimeOfFile(const CString& file) {
+    CString text;
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (::GetFileAttributesExW(file, GetFileExInfoStandard, &data))
+        text.Format(_T("%08x%08x %u"), data.ftLastWriteTime.dwHighDateTime,
+                    data.ftLastWriteTime.dwLowDateTime, data.nFileSizeLow);
+    return text;
+}
+
 // Asks for a file of the kinds in the catalogue.
 BOOL AskForFile(CWnd& owner, BOOL opens, UINT kinds, const WCHAR* extension, CString& file) {
     CFileDialog dialog(opens, extension, file,
@@ -179,6 +189,7 @@ BOOL MainDialog::OpenFile(const CString& file) {
     auto document = std::make_unique<Document>();
     CString error;
     bool isLoaded = false;
+    const CString time = TimeOfFile(file); // a later change is noticed
     if (!DoWork(TextOf(TEXT_LOADING, NameOfFile(file)), [&](CLengthyWork& work) {
             isLoaded = AfxOpenXMLFile(file, *document, error, &work) != FALSE;
             document->ListElements();
@@ -194,8 +205,8 @@ BOOL MainDialog::OpenFile(const CString& file) {
     m_list.Clear();
     m_document = std::move(document);
     m_file = file;
-    m_seenTime = m_fileTime = FileTime();
-    m_isChanged = false;
+    m_seenTime = m_fileTime = time;
+    m_isChanged = m_isSourceChanged = false;
     m_settings.recentFiles.Add(file);
     m_settings.recentFiles.SaveState(Settings::Path());
     ShowElements(nullptr);
@@ -209,7 +220,7 @@ BOOL MainDialog::SaveFile(const CString& file) {
     OnApply();
     if (m_isSourceChanged) // it is not well-formed
         return FALSE;
-    const CString time = FileTime();
+    const CString time = TimeOfFile(m_file);
     if (file.CompareNoCase(m_file) == 0 && !time.IsEmpty() && time != m_fileTime &&
         AfxMessageBox(TextOf(TEXT_CHANGED_OUTSIDE, NameOfFile(file)), MB_YESNO | MB_ICONWARNING) !=
             IDYES)
@@ -233,7 +244,7 @@ BOOL MainDialog::SaveFile(const CString& file) {
         return FALSE;
     }
     m_file = file;
-    m_seenTime = m_fileTime = FileTime();
+    m_seenTime = m_fileTime = TimeOfFile(file);
     m_isChanged = false;
     m_settings.recentFiles.Add(file);
     m_settings.recentFiles.SaveState(Settings::Path());
@@ -268,7 +279,7 @@ BOOL MainDialog::CheckStrictly() {
     } else {
         ShowStatus(TextOf(TEXT_FAULT, NumberText(fault.nLine), NumberText(fault.nColumn),
                           fault.strMessage));
-        m_list.SelectElement(std::max(m_document->LastBefore(fault.nOffset), 0));
+        SelectElement(std::max(m_document->LastBefore(fault.nOffset), 0));
     }
     return isWellFormed;
 }
@@ -281,7 +292,7 @@ LRESULT MainDialog::OnActivateApp(WPARAM isActive, LPARAM thread) {
 
 // Another program may have changed the file meanwhile.
 LRESULT MainDialog::OnLookAtFile(WPARAM, LPARAM) {
-    const CString time = FileTime();
+    const CString time = TimeOfFile(m_file);
     if (m_document == nullptr || IsBusy() || !IsWindowEnabled() || time == m_seenTime)
         return 0;
     m_seenTime = time;
@@ -297,14 +308,24 @@ LRESULT MainDialog::OnLookAtFile(WPARAM, LPARAM) {
 
 // What is on the screen
 
+// A changed source stays in its field.
 void MainDialog::ShowElements(const std::vector<int>* indexes) {
-    m_shownSource = -1;
+    if (!m_isSourceChanged)
+        m_shownSource = -1;
     m_list.Show(*m_document, indexes);
     ShowStatus(TextOf(TEXT_SHOWN, NumberText(m_list.GetItemCount()),
                       NumberText(m_document->ElementCount())));
     if (m_list.GetItemCount() > 0)
         m_list.SelectItem(0);
-    ShowSource();
+    if (!m_isSourceChanged)
+        ShowSource();
+}
+
+void MainDialog::SelectElement(int element) {
+    if (m_list.SelectElement(element))
+        return;
+    ShowElements(nullptr); // a filter hides it
+    m_list.SelectElement(element);
 }
 
 int MainDialog::SelectedElement() const {
@@ -348,15 +369,6 @@ void MainDialog::ShowStatus(const CString& text) {
 void MainDialog::UpdateTitle() {
     SetWindowText(
         TextOf(TEXT_TITLE_OF, m_isChanged ? CString(_T("*")) : CString(), NameOfFile(m_file)));
-}
-
-CString MainDialog::FileTime() const {
-    CString text;
-    WIN32_FILE_ATTRIBUTE_DATA data;
-    if (::GetFileAttributesExW(m_file, GetFileExInfoStandard, &data))
-        text.Format(_T("%08x%08x %u"), data.ftLastWriteTime.dwHighDateTime,
-                    data.ftLastWriteTime.dwLowDateTime, data.nFileSizeLow);
-    return text;
 }
 
 void MainDialog::OnItemChanged(NMHDR*, LRESULT* result) {
@@ -432,10 +444,7 @@ void MainDialog::OnFindNext() {
         return ShowStatus(TextOf(TEXT_NOT_FOUND, text));
     const auto next = std::upper_bound(found.begin(), found.end(), SelectedElement());
     const int element = next != found.end() ? *next : found.front();
-    if (!m_list.SelectElement(element)) { // a filter hides it
-        ShowElements(nullptr);
-        m_list.SelectElement(element);
-    }
+    SelectElement(element);
     ShowStatus(
         TextOf(TEXT_FOUND,
                NumberText(static_cast<int>(std::lower_bound(found.begin(), found.end(), element) -

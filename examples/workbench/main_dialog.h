@@ -74,8 +74,8 @@ private:
     void ShowSource();
     void ShowStatus(const CString& text);
     void UpdateTitle();
-    int SelectedElement() const; // -1 for none
-    CString FileTime() const;    // and size; empty when there is no file
+    void SelectElement(int element); // shows all when a filter hides it
+    int SelectedElement() const;     // -1 for none
 
     ElementList m_list;
     CAutoCompleteEdit m_find;

@@ -206,8 +206,11 @@ void VirtualRows::Clear() {
 std::vector<CVirtualListCtrlItem*>
 VirtualRows::Replace(const std::vector<CVirtualListCtrlItem*>& items) {
     if (m_count == 0) { // saves two copies of what may be millions of rows
+        VirtualRows filled;
         for (CVirtualListCtrlItem* const item : items)
-            Add(item);
+            filled.Add(item);
+        m_blocks.swap(filled.m_blocks);
+        m_count = filled.m_count;
         return {};
     }
     const CVirtualListCtrlItem* const focused = GetItem(m_focusedRow);
@@ -442,10 +445,31 @@ void VirtualRows::Split(std::size_t block, std::size_t kept) {
     Block rest;
     rest.slots.reserve(kMostRows);
     rest.slots.assign(slots.begin() + static_cast<std::ptrdiff_t>(kept), slots.end());
-    rest.selectedCount = static_cast<int>(std::ranges::count_if(rest.slots, IsSelectedSlot));
-    m_blocks[block].selectedCount -= rest.selectedCount;
+    const auto selectedCount = static_cast<int>(std::ranges::count_if(rest.slots, IsSelectedSlot));
+    rest.selectedCount = selectedCount;
     m_blocks.insert(m_blocks.begin() + static_cast<std::ptrdiff_t>(block) + 1, std::move(rest));
+    m_blocks[block].selectedCount -= selectedCount;
     m_blocks[block].slots.resize(kept);
+}
+
+std::vector<CVirtualListCtrlItem*> VirtualRows::GetItems() const {
+    std::vector<CVirtualListCtrlItem*> items;
+    items.reserve(static_cast<std::size_t>(m_count));
+    for (const Block& block : m_blocks)
+        std::ranges::transform(block.slots, std::back_inserter(items), ItemOf);
+    return items;
+}
+
+void VirtualRows::Select(std::vector<CVirtualListCtrlItem*> items, bool isSelected) {
+    std::ranges::sort(items);
+    int row = 0;
+    for (const Block& block : m_blocks) {
+        for (const Slot slot : block.slots) {
+            if (std::ranges::binary_search(items, ItemOf(slot)))
+                Select(row, row, isSelected);
+            ++row;
+        }
+    }
 }
 
 std::vector<VirtualRows::Slot> VirtualRows::Flattened() const {

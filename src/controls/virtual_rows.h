@@ -48,6 +48,7 @@ public:
     bool IsRow(int row) const { return row >= 0 && row < m_count; }
     CVirtualListCtrlItem* GetItem(int row) const;       // null for an unknown row
     int GetRow(const CVirtualListCtrlItem* item) const; // the first; -1 if not found
+    std::vector<CVirtualListCtrlItem*> GetItems() const;
 
     // The new row, which is not selected; -1 for a null item and a row outside 0 to the count.
     int Add(CVirtualListCtrlItem* item);
@@ -81,6 +82,7 @@ public:
 
     // Like a list view reports it: one row, a range, or all rows. Ignores unknown rows.
     void Select(int first, int last, bool isSelected);
+    void Select(std::vector<CVirtualListCtrlItem*> items, bool isSelected); // in all their rows
     void SelectAll(bool isSelected) { Select(0, m_count - 1, isSelected); }
     bool IsSelected(int row) const;
     int GetSelectedCount() const { return m_selectedCount; }

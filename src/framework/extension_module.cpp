@@ -1,5 +1,6 @@
 #include <quorvel/framework/extension_module.h>
 
+#include "framework/message_map_cache.h"
 #include "framework/string_resources.h"
 #include "platform/win32.h"
 
@@ -66,6 +67,7 @@ void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all) {
     };
     while (const CDynLinkLibrary* entry = next())
         delete entry;
+    ++quorvel::g_detachedModules;
     state = {};
 }
 

@@ -5,15 +5,24 @@
 #include <quorvel/framework/wnd.h>
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 
 namespace quorvel {
 
+// Counts the extension modules that were detached. Their maps may be unloaded now.
+inline std::atomic<unsigned> g_detachedModules = 0;
+
 class MessageMapCache {
 public:
     // Returns null if there is no row. The row of the most derived class has priority.
     const AFX_MSGMAP_ENTRY* Find(const AFX_MSGMAP& map, UINT message, UINT code, UINT id) {
+        if (const unsigned detached = g_detachedModules.load(std::memory_order_relaxed);
+            detached != m_detachedModules) {
+            m_slots = {};
+            m_detachedModules = detached;
+        }
         Slot& slot = m_slots[(reinterpret_cast<std::uintptr_t>(&map) / alignof(AFX_MSGMAP) +
                               message * 7 + code * 5 + id * 3) %
                              kSlots];
@@ -49,6 +58,7 @@ private:
 
     static constexpr std::size_t kSlots = 512;
     std::array<Slot, kSlots> m_slots = {};
+    unsigned m_detachedModules = 0;
 };
 
 } // namespace quorvel

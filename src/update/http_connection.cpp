@@ -7,6 +7,8 @@
 #include "platform/win32.h"
 #include "update/transport_connection.h"
 
+#include <utility>
+
 namespace quorvel {
 
 namespace {
@@ -108,10 +110,12 @@ public:
     }
 
     UpdateFlow* m_flow = nullptr;
+    Holder m_holder;
     TransportConnection* m_current = nullptr; // null without a request
 
 protected:
     LRESULT OnStatus(WPARAM socket, LPARAM status) {
+        const auto hold = Hold();
         if (m_flow != nullptr)
             m_flow->OnSocketStatus(reinterpret_cast<const void*>(socket), LOWORD(status),
                                    HIWORD(status));
@@ -119,6 +123,7 @@ protected:
     }
     // A call to the check may end the connection, show a box, and start the next one.
     LRESULT OnTransportChanged(WPARAM, LPARAM) {
+        const auto hold = Hold();
         int status = 0;
         DWORD error = 0;
         if (m_current != nullptr)
@@ -129,11 +134,16 @@ protected:
     }
     // The system sends timers when no other message waits, so no status is overtaken.
     void OnTimer(UINT) {
+        const auto hold = Hold();
         OnTransportChanged(0, 0);
         if (m_flow != nullptr)
             m_flow->Poll();
     }
     DECLARE_MESSAGE_MAP()
+
+private:
+    // This window belongs to the source of the check, which a box of the check may release.
+    std::shared_ptr<const void> Hold() const { return m_holder ? m_holder() : nullptr; }
 };
 
 // clang-format off
@@ -148,8 +158,9 @@ HttpSource::HttpSource(UINT port) : m_port(port), m_window(std::make_unique<Stat
 
 HttpSource::~HttpSource() = default;
 
-void HttpSource::SetFlow(UpdateFlow* flow) {
+void HttpSource::SetFlow(UpdateFlow* flow, Holder holder) {
     m_window->m_flow = flow;
+    m_window->m_holder = std::move(holder);
 }
 
 void HttpSource::SetTransport(CUpdateTransport* transport) {

@@ -7,6 +7,9 @@
 
 #include "update/update_flow.h"
 
+#include <functional>
+#include <memory>
+
 namespace quorvel {
 
 // Belongs to one check and its thread. The thread must dispatch messages and must have initialised
@@ -16,7 +19,11 @@ public:
     explicit HttpSource(UINT port = 80);
     ~HttpSource() override;
 
-    void SetFlow(UpdateFlow* flow); // the check that gets the statuses
+    // Keeps the check, its source and its view alive while the result exists.
+    typedef std::function<std::shared_ptr<const void>()> Holder;
+
+    // The check that gets the statuses. Without a holder it must not be destroyed by its view.
+    void SetFlow(UpdateFlow* flow, Holder holder = {});
     // Null means HTTP over sockets.
     void SetTransport(CUpdateTransport* transport);
     // Sockets created from now on post to this window instead, which forwards their statuses.

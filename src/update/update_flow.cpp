@@ -339,8 +339,11 @@ void UpdateFlow::End(View::Result result, DWORD code, const CString& cause) {
 }
 
 void UpdateFlow::OnCheckFinished(DWORD code) {
-    if (m_state != State::Ended)
+    if (m_state != State::Ended) {
+        if (m_state == State::Idle && code != 0)
+            ReportFailure(ErrorText(code)); // the code of a host
         return;
+    }
     m_state = State::Idle;
     const View::Result result = m_result; // another check may run during the box below
     if (code != 0)

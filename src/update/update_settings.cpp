@@ -5,6 +5,9 @@
 #include <quorvel/util/text/number.h>
 #include <quorvel/util/text/validation.h>
 
+#include <algorithm>
+#include <string_view>
+
 namespace quorvel {
 
 UpdateSettings LoadUpdateSettings(const CRegistryPath& path) {
@@ -29,8 +32,13 @@ UINT ValidateUpdateUrl(const WCHAR* url) {
 
 UINT ValidateReminderDays(bool reminds, const WCHAR* days) {
     constexpr int kDecimal = 10;
-    const bool isValid = !reminds || AfxIsValidNumber(days, UpdateSettings::kMinimumDays,
-                                                      UpdateSettings::kMaximumDays, kDecimal);
+    // The platform also reads the digits of other scripts.
+    const auto isAscii = [](const std::basic_string_view<WCHAR> text) {
+        return std::ranges::all_of(text, [](WCHAR unit) { return unit < 0x80; });
+    };
+    const bool isValid = !reminds || (AfxIsValidNumber(days, UpdateSettings::kMinimumDays,
+                                                       UpdateSettings::kMaximumDays, kDecimal) &&
+                                      isAscii(days));
     return isValid ? 0 : UINT{kTextFieldNumberRange};
 }
 

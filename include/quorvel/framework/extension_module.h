@@ -18,7 +18,8 @@ struct AFX_EXTENSION_MODULE { // a DLL in the resource chain
 // A null module returns FALSE and changes nothing. An initialised record stays as it is.
 QUORVEL_API BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module);
 // Deletes the entries of this module, or the entries of all modules, from the chain. Does nothing
-// for a record that was never initialised.
+// for a record that was never initialised. A library with message maps must call it before it is
+// unloaded, because the rows of these maps are cached.
 QUORVEL_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = FALSE);
 
 // An entry of the chain, from its construction to its destruction. The newest entry is first.

@@ -33,23 +33,46 @@ public:
     template <class Owner>
     static void Save(Owner& owner) {
         owner.PreSaveStateControls();
-        ForEach(owner, TRUE, [](auto* control, const auto& place) {
-            if (IsSaved(*control))
+        ForEach(owner, TRUE, [&owner](auto* control, const auto& place) {
+            if (IsSaved(owner.m_loadedLists, *control))
                 SaveAt(*control, place);
         });
         owner.PostSaveStateControls();
     }
+    // Returns false if a hook has destroyed the owner's window, and maybe the owner.
     template <class Owner>
-    static void Load(Owner& owner) {
+    static bool Load(Owner& owner) {
+        const HWND window = owner.m_hWnd;
+        owner.m_loadedLists.clear();
         owner.PreLoadStateControls();
-        ForEach(owner, FALSE, [](auto* control, const auto& place) { LoadAt(*control, place); });
+        if (!StillHasWindow(&owner, window))
+            return false;
+        ForEach(owner, FALSE, [&owner](auto* control, const auto& place) {
+            if (IsLoaded(owner.m_loadedLists, *control))
+                LoadAt(*control, place);
+        });
         owner.PostLoadStateControls();
+        return StillHasWindow(&owner, window);
     }
 
 private:
+    typedef std::vector<const CVaskListCtrl*> Lists;
+
+    static bool IsLoaded(Lists&, CAutoCompleteEdit&) { return true; }
+    // A list without a window has no columns.
+    static bool IsLoaded(Lists& loaded, CVaskListCtrl& list) {
+        if (list.m_hWnd != nullptr)
+            loaded.push_back(&list);
+        return list.m_hWnd != nullptr;
+    }
     // If the host has disabled auto-completion, the former state is kept.
-    static bool IsSaved(CAutoCompleteEdit& edit) { return edit.IsAutoCompletionEnabled(); }
-    static bool IsSaved(CVaskListCtrl&) { return true; }
+    static bool IsSaved(const Lists&, CAutoCompleteEdit& edit) {
+        return edit.IsAutoCompletionEnabled();
+    }
+    // Saving a list that was not loaded would overwrite its state.
+    static bool IsSaved(const Lists& loaded, CVaskListCtrl& list) {
+        return list.m_hWnd != nullptr && std::ranges::find(loaded, &list) != loaded.end();
+    }
 
     // The host owns a declared key: its hooks open and close it.
     template <class Control>
@@ -75,8 +98,7 @@ private:
         Place place{};
         for (POSITION next = map.GetStartPosition(); next != nullptr;) {
             map.GetNextAssoc(next, control, place);
-            // A control without a window has no columns, so saving would overwrite its state.
-            if (control != nullptr && control->m_hWnd != nullptr)
+            if (control != nullptr)
                 action(control, place);
         }
     }

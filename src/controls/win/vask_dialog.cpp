@@ -47,8 +47,6 @@ CVaskDialog::CVaskDialog(UINT templateId, CWnd* parent)
 CVaskDialog::~CVaskDialog() = default;
 
 void CVaskDialog::TakeTemplate() {
-    if (m_lpszTemplateName != nullptr)
-        return;
     if (const UINT id = GetTemplateID(); id != 0)
         m_lpszTemplateName = MAKEINTRESOURCEW(id);
 }
@@ -144,6 +142,7 @@ void CVaskDialog::GetDialogPageTreeCtrls(std::vector<CWnd*>&) {}
 
 BOOL CVaskDialog::OnInitDialog() {
     m_areStatesLoaded = false;
+    m_isSaving = false; // if the former window was destroyed while OK saved
     if (!CDialog::OnInitDialog())
         return FALSE; // it has closed the dialog
     UpdateDialogControls(this, FALSE);
@@ -162,6 +161,8 @@ BOOL CVaskDialog::OnInitDialog() {
         return FALSE;
     }
     LoadStateControls(); // after LoadData, which creates a list's columns
+    if (!StillHasWindow(this, window))
+        return FALSE;
     UpdateDialogControls(this, FALSE);
     return TRUE;
 }
@@ -193,8 +194,8 @@ void CVaskDialog::OnCancel() {
 }
 
 void CVaskDialog::LoadStateControls() {
-    StateControls::Load(*this);
-    m_areStatesLoaded = true;
+    if (StateControls::Load(*this))
+        m_areStatesLoaded = true;
 }
 
 BOOL CVaskDialog::SaveStateControls() {
@@ -253,7 +254,10 @@ void CVaskDialog::OnSettingChange(UINT flags, const WCHAR* section) {
 }
 
 LRESULT CVaskDialog::OnKickIdle(WPARAM wParam, LPARAM lParam) {
+    const HWND window = m_hWnd;
     const LRESULT wantsMore = CDialog::OnKickIdle(wParam, lParam);
+    if (!StillHasWindow(this, window))
+        return FALSE;
     return OnIdle(static_cast<LONG>(lParam)) || wantsMore;
 }
 

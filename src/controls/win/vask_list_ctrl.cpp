@@ -101,6 +101,7 @@ void CVaskListCtrl::OnDestroy() {
         return;
     m_columns->columns.Forget(); // another window begins without columns
     m_columns->descriptions.clear();
+    m_isRedrawn = true;
 }
 
 // Columns
@@ -140,7 +141,9 @@ int CVaskListCtrl::InsertVaskColumn(int position, const VASKCOLUMN* column) {
         record.format = description.fmt;
     if ((description.mask & LVCF_WIDTH) != 0)
         record.width = description.cx;
-    m_columns->descriptions.emplace(record.trueColumn, description);
+    if (!DoesTrueColumnExist(
+            record.trueColumn)) // the former description may be of a deleted column
+        m_columns->descriptions.insert_or_assign(record.trueColumn, description);
     const int inserted = m_columns->columns.Insert(position, record);
     if (!DoesTrueColumnExist(record.trueColumn))
         m_columns->descriptions.erase(record.trueColumn);
@@ -243,9 +246,10 @@ BOOL CVaskListCtrl::AutoSetColumnWidths(int useHeader) {
 }
 
 BOOL CVaskListCtrl::ResetColumns() {
-    m_columns->columns.Reset();
-    UpdateSortArrow();
-    return m_columns->columns.HasRecords();
+    return ChangeColumns([](quorvel::Columns& columns) {
+        columns.Reset();
+        return columns.HasRecords();
+    });
 }
 
 INT_PTR CVaskListCtrl::EditColumns() {
@@ -253,9 +257,9 @@ INT_PTR CVaskListCtrl::EditColumns() {
         return -1;
     CColumnsDlg dialog(this, this);
     m_columnsDlg = &dialog;
-    const HWND window = m_hWnd;
+    const Watch watch(*this);
     const INT_PTR result = dialog.DoModal();
-    if (::IsWindow(window)) // otherwise this object may have been deleted
+    if (watch.IsAlive())
         m_columnsDlg = nullptr;
     return result;
 }
@@ -422,13 +426,16 @@ void CVaskListCtrl::OnHeaderContextMenu(int, UINT, CPoint point) {
         popup->InsertMenu(static_cast<UINT>(item.position), MF_BYPOSITION | flags, item.command,
                           item.text);
     }
+    const Watch watch(*this);
     const HWND window = m_hWnd;
     m_isMenuOpen = true;
     const UINT command = static_cast<UINT>(
         popup->TrackPopupMenu(TPM_RIGHTBUTTON | TPM_RETURNCMD, point.x, point.y, this));
-    if (!::IsWindow(window)) // destroyed while the menu was open; this object may be deleted
+    if (!watch.IsAlive())
         return;
     m_isMenuOpen = false;
+    if (m_hWnd != window) // destroyed while the menu was open
+        return;
     if (command == QUORVEL_COMMAND_COLUMNS)
         EditColumns();
     else

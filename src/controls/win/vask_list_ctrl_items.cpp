@@ -66,6 +66,7 @@ int CVaskListCtrl::MoveSelectedItemDown() {
 // Exchanges the contents of the two items. Deleting and inserting an item would notify the parent,
 // which then frees the object in the item's data.
 int CVaskListCtrl::MoveSelectedItem(int direction) {
+    const Watch watch(*this);
     const int item = GetSingleSelectionItem();
     const int other = item + direction;
     const int columnCount = GetInsertedColumnCount();
@@ -74,9 +75,11 @@ int CVaskListCtrl::MoveSelectedItem(int direction) {
     {
         const RedrawLock lock(*this);
         neighbour.PutInto(*this, item);
-        moved.PutInto(*this, other);
+        if (watch.IsAlive())
+            moved.PutInto(*this, other);
     }
-    EnsureVisible(other, FALSE);
+    if (watch.IsAlive())
+        EnsureVisible(other, FALSE);
     return other;
 }
 

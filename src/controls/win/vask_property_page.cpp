@@ -131,8 +131,8 @@ BOOL CVaskPropertyPage::OnInitDialog() {
 }
 
 void CVaskPropertyPage::LoadStateControls() {
-    StateControls::Load(*this);
-    m_areStatesLoaded = true;
+    if (StateControls::Load(*this))
+        m_areStatesLoaded = true;
 }
 
 BOOL CVaskPropertyPage::SaveStateControls() {

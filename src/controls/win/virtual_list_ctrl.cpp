@@ -72,7 +72,12 @@ bool IsWalkingMessage(UINT message) {
 class CVirtualListCtrl::Change {
 public:
     explicit Change(CVirtualListCtrl& list) : m_list(list), m_generation(list.m_generation) {
-        if (m_list.m_hWnd == nullptr || !m_list.IsListViewCurrent())
+        if (m_list.m_hWnd == nullptr)
+            return;
+        const bool isListed = m_list.m_unsent == Unsent::All && !m_list.m_listed.empty();
+        if ((m_list.m_isWalking || m_list.m_isSending) && !isListed)
+            m_list.m_listed = m_list.m_rows->GetItems();
+        if (!m_list.IsListViewCurrent())
             return;
         m_list.ReadSelection();
         if (m_list.IsDeferring())
@@ -129,7 +134,7 @@ public:
     }
     WholeChange(const WholeChange&) = delete;
     ~WholeChange() {
-        if (m_watch.IsAlive() && m_list.m_hWnd != nullptr)
+        if (m_watch.IsAlive() && m_list.m_hWnd != nullptr && m_list.IsRedrawn())
             m_list.Invalidate();
     }
 
@@ -153,7 +158,7 @@ CVirtualListCtrl::~CVirtualListCtrl() {
 void CVirtualListCtrl::TakeWindow() {
     m_rows->SelectAll(false);
     m_rows->SetFocusedRow(-1);
-    m_unsent = Unsent::Nothing;
+    MarkSent();
     m_itemToShow = nullptr;
     if (m_rows->GetCount() > 0)
         SendCount();
@@ -249,6 +254,27 @@ void CVirtualListCtrl::ReplaceItems(const std::vector<CVirtualListCtrlItem*>& it
     SendAndDrop(change, m_rows->Replace(items));
 }
 
+void CVirtualListCtrl::ReplaceItemsSorted(const std::vector<CVirtualListCtrlItem*>& items) {
+    const Watch watch(*this);
+    const WholeChange whole(*this);
+    Change change(*this);
+    const std::vector<CVirtualListCtrlItem*> removed = m_rows->Replace(items);
+    const auto send = [&] {
+        if (watch.IsAlive())
+            SendAndDrop(change, removed);
+    };
+    try {
+        const CWaitCursor cursor;
+        const Flagged sorting(*this, &CVirtualListCtrl::m_isSorting);
+        if (GetSortColumn() >= 0)
+            DoSortItems(GetSortColumn(), IsSortAscending());
+    } catch (...) { // the order is the host's
+        send();
+        throw;
+    }
+    send();
+}
+
 void CVirtualListCtrl::SelectInsteadOf(int removedRow, bool wasSelected) {
     const int row = m_hWnd != nullptr ? m_rows->GetRowToSelect(removedRow, wasSelected) : -1;
     if (row >= 0)
@@ -335,11 +361,13 @@ BOOL CVirtualListCtrl::SortItems(int column, int ascending, int force) {
         // selecting 1,000,000 rows would take it seconds.
         const Flagged sorting(*this, &CVirtualListCtrl::m_isSorting);
         DoSortItems(column, isAscending);
+        if (watch.IsAlive())
+            SetSortColumn(column); // its header notifies the host
+        if (watch.IsAlive())
+            SetSortAscending(isAscending);
     }
     if (!watch.IsAlive())
         return TRUE;
-    SetSortColumn(column);
-    SetSortAscending(isAscending);
     change.Send();
     if (watch.IsAlive())
         ShowRow(m_rows->GetFocusedRow());
@@ -496,13 +524,13 @@ BOOL CVirtualListCtrl::SetStateOfRows(int row, const LVITEMW& item) {
 
 // Sends a message, because the window may not have this object's procedure yet.
 void CVirtualListCtrl::SendCount() {
-    m_unsent = Unsent::Nothing;
+    MarkSent();
     ::SendMessageW(m_hWnd, LVM_SETITEMCOUNT, static_cast<WPARAM>(m_rows->GetCount()),
                    LVSICF_NOINVALIDATEALL);
 }
 
 void CVirtualListCtrl::SendUnsent() {
-    if (std::exchange(m_unsent, Unsent::Nothing) == Unsent::Count) {
+    if (m_unsent == Unsent::Count) {
         SendCount();
         return;
     }
@@ -534,8 +562,30 @@ void CVirtualListCtrl::ReadSelection() const {
 void CVirtualListCtrl::TakeSelection() const {
     m_rows->SelectAll(false);
     for (const RowRun& run : ReadSelectedRuns())
-        m_rows->Select(run.first, run.last, true);
-    m_rows->SetFocusedRow(static_cast<int>(Ask(LVM_GETNEXTITEM, -1, LVNI_FOCUSED)));
+        TakeOverSelection(run.first, run.last, true);
+    m_rows->SetFocusedRow(GetCurrentRow(static_cast<int>(Ask(LVM_GETNEXTITEM, -1, LVNI_FOCUSED))));
+}
+
+// The list-view counts the rows as they were before the changes that it does not have yet.
+int CVirtualListCtrl::GetCurrentRow(int listedRow) const {
+    if (m_unsent != Unsent::All || m_listed.empty())
+        return listedRow;
+    const auto index = static_cast<std::size_t>(listedRow);
+    return index < m_listed.size() ? m_rows->GetRow(m_listed[index]) : -1;
+}
+
+void CVirtualListCtrl::TakeOverSelection(int first, int last, bool isSelected) const {
+    const int count = m_unsent == Unsent::All ? static_cast<int>(m_listed.size()) : 0;
+    if (count == 0)
+        m_rows->Select(first, last, isSelected);
+    else if (first >= 0 && first <= last && first < count)
+        m_rows->Select({m_listed.begin() + first, m_listed.begin() + std::min(last + 1, count)},
+                       isSelected);
+}
+
+void CVirtualListCtrl::MarkSent() {
+    m_unsent = Unsent::Nothing;
+    m_listed.clear();
 }
 
 // LVM_GETNEXTITEM visits all rows up to the next selected one, after the last one all.
@@ -565,7 +615,7 @@ void CVirtualListCtrl::Send(std::vector<RowRun> shown, int shownFocus) {
     {
         const Flagged sending(*this, &CVirtualListCtrl::m_isSending);
         for (int i = 0; i == 0 || (m_unsent != Unsent::Nothing && i < kMaxSendings); ++i) {
-            m_unsent = Unsent::Nothing; // first: handlers may change rows while the count is sent
+            MarkSent(); // first: handlers may change rows while the count is sent
             if (Ask(LVM_GETITEMCOUNT, 0, 0) != m_rows->GetCount()) // it draws the scroll bars
                 SendCount();
             if (i > 0)
@@ -607,7 +657,7 @@ void CVirtualListCtrl::TakeOver(const NMHDR& header) {
     } else if (header.code == LVN_ODSTATECHANGED) {
         const NMLVODSTATECHANGE& change = reinterpret_cast<const NMLVODSTATECHANGE&>(header);
         if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0)
-            m_rows->Select(change.iFrom, change.iTo, (change.uNewState & LVIS_SELECTED) != 0);
+            TakeOverSelection(change.iFrom, change.iTo, (change.uNewState & LVIS_SELECTED) != 0);
     }
 }
 
@@ -618,11 +668,12 @@ void CVirtualListCtrl::TakeOverItem(int row, UINT state, UINT changed) {
         return;
     }
     if ((changed & LVIS_SELECTED) != 0)
-        m_rows->Select(row, row, (state & LVIS_SELECTED) != 0);
+        TakeOverSelection(row, row, (state & LVIS_SELECTED) != 0);
     if ((changed & LVIS_FOCUSED) != 0) {
+        const int currentRow = GetCurrentRow(row);
         if ((state & LVIS_FOCUSED) != 0)
-            m_rows->SetFocusedRow(row);
-        else if (m_rows->GetFocusedRow() == row)
+            m_rows->SetFocusedRow(currentRow);
+        else if (currentRow >= 0 && m_rows->GetFocusedRow() == currentRow)
             m_rows->SetFocusedRow(-1);
     }
 }

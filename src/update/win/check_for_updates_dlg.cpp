@@ -94,7 +94,8 @@ private:
     quorvel::UpdateProgressPane m_largePane;
 };
 
-// The list gets copies of the entries, because the check replaces its own.
+// The list gets copies of the entries, because the check replaces its own. A handler of the host
+// may destroy the window, and the list with it.
 void CCheckForUpdatesDlg::Session::ShowListing(const CUpdateListing& listing) {
     if (GetWindow() == nullptr)
         return;
@@ -107,11 +108,12 @@ void CCheckForUpdatesDlg::Session::ShowListing(const CUpdateListing& listing) {
     {
         const Filling filling(m_isFillingList);
         list.ShowItems(std::move(rows)); // its own now
-        if (list.GetItemCount() > 0) {
+        if (GetWindow() != nullptr && list.GetItemCount() > 0)
             list.SelectItem(0);
-            list.EnsureVisible(0, FALSE);
-        }
     }
+    if (GetWindow() == nullptr)
+        return;
+    list.EnsureVisible(0, FALSE);
     GetWindow()->UpdateMessage(list.GetSelectedUpdateListingItem());
 }
 

@@ -42,11 +42,8 @@ BOOL CUpdateListingListCtrl::InsertColumns() {
     return TRUE;
 }
 
-// Sorts them first, so that the list-view gets them once.
 void CUpdateListingListCtrl::ShowItems(std::vector<CVirtualListCtrlItem*> items) {
-    if (const SortingFunction order = GetSortingFunction(GetSortColumn(), IsSortAscending()))
-        std::ranges::stable_sort(items, order);
-    ReplaceItems(items);
+    ReplaceItemsSorted(items);
 }
 
 CUpdateListingItem* CUpdateListingListCtrl::GetUpdateListingItem(int index) const {

@@ -39,21 +39,26 @@ struct CheckOptions {
 
 // `Window` is the class of the object. Its window must exist.
 template <class Window, class Flow>
-class WindowedCheck : public CCheckForUpdatesView {
+class WindowedCheck : public CCheckForUpdatesView,
+                      public std::enable_shared_from_this<WindowedCheck<Window, Flow>> {
 public:
     template <class Subject>
     WindowedCheck(Window& window, std::unique_ptr<UpdateSource> source, const CRegistryPath& path,
                   const Subject& subject)
         : m_window(&window), m_source(std::move(source)), m_flow(path, subject, *this, *m_source) {
-        Poll(&m_flow);
+        if (HttpSource* const http = GetHttpSource())
+            http->SetFlow(&m_flow, [this] { return this->weak_from_this().lock(); });
     }
-    ~WindowedCheck() override { Poll(nullptr); }
+    ~WindowedCheck() override {
+        if (HttpSource* const http = GetHttpSource())
+            http->SetFlow(nullptr);
+    }
 
     Flow& GetFlow() { return m_flow; }
     void SetOptions(const CheckOptions& options) {
         m_flow.SetStrict(options.isStrict);
         m_flow.Verifier().SetKeys(options.keys);
-        if (auto* const http = dynamic_cast<HttpSource*>(m_source.get()))
+        if (HttpSource* const http = GetHttpSource())
             http->SetTransport(options.transport);
     }
     // Ends the running check silently. The window is not used any more.
@@ -76,10 +81,7 @@ protected:
     Window* GetWindow() const { return m_window; } // null after Leave
 
 private:
-    void Poll(UpdateFlow* flow) {
-        if (auto* const http = dynamic_cast<HttpSource*>(m_source.get()))
-            http->SetFlow(flow);
-    }
+    HttpSource* GetHttpSource() const { return dynamic_cast<HttpSource*>(m_source.get()); }
 
     Window* m_window;
     const std::unique_ptr<UpdateSource> m_source;

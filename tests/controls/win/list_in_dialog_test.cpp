@@ -39,6 +39,7 @@ public:
     CSortedList m_lists[3];
     CVaskListCtrl m_listWithoutWindow;
     CAutoCompleteEdit m_edits[2];
+    CAutoCompleteEdit m_editWithoutWindow;
     CFont m_ownFont; // used if set: the platform does not let it change
 
 protected:
@@ -74,6 +75,7 @@ protected:
     }
     void GetStateAutoCompleteEditCtrls(quorvel::EditSections& edits, int) override {
         edits.SetAt(&m_edits[1], _T("Edits"));
+        edits.SetAt(&m_editWithoutWindow, _T("Edits"));
     }
     void GetStateListCtrls(quorvel::ListKeys& lists, int) override {
         lists.SetAt(&m_lists[0], m_key);
@@ -148,10 +150,12 @@ TEST_F(ListInDialog, KeepsItsStateInEveryDeclaredPlace) {
     ShowDialog(m_root, [&](CListsDlg& dialog) {
         EXPECT_TRUE(dialog.m_edits[0].RemoveMRUListEntry(_T("second")));
         EXPECT_FALSE(dialog.m_edits[1].RemoveMRUListEntry(_T("second")));
+        EXPECT_TRUE(dialog.m_editWithoutWindow.RemoveMRUListEntry(_T("first")));
+        dialog.m_listWithoutWindow.Create(WS_CHILD | LVS_REPORT, kListPlace, &dialog, 99);
     });
     HKEY written = nullptr;
     EXPECT_NE(CRegistryPath(HKEY_CURRENT_USER, m_root + _T("\\None")).OpenSubKey(written), 0)
-        << "a list without a window";
+        << "a list that had no window when states were loaded";
 }
 
 TEST_F(ListInDialog, HeaderIsReachedAndUsedByKeys) {

@@ -17,6 +17,7 @@ typedef DialogDriver::Step Step;
 
 class CNameDlg : public CVaskDialog {
 public:
+    using CVaskDialog::CVaskDialog;
     using CVaskDialog::OnCancel;
     using CVaskDialog::OnOK;
 
@@ -125,7 +126,7 @@ TEST(VaskDialog, OpensWithItsDataOrNotAtAll) {
     for (const auto& [label, field, load] : rows) {
         for (const bool isModal : {true, false}) {
             SCOPED_TRACE(testing::Message() << label << isModal);
-            CNameDlg dialog;
+            CNameDlg dialog(DIALOG_NAME); // GetTemplateID replaces it
             opening = &dialog;
             dialog.m_template = DIALOG_OTHER; // has the style WS_VISIBLE
             dialog.m_exchangedField = field;
@@ -164,6 +165,7 @@ TEST(VaskDialog, StaysOpenWhileItIsRefusedOrSaves) {
          IDOK,
          "validate save validate save "},
         {[&] { return dialog.DestroyWindow(); }, {enter}, -1, "validate save "},
+        {[] { return TRUE; }, {enter}, IDOK, "validate save "}, // opened again after that
     };
     for (const auto& [save, steps, result, seen] : rows) {
         dialog.m_seen.clear();

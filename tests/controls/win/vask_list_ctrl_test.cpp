@@ -3,6 +3,7 @@
 #include <quorvel/framework/win/menu.h>
 
 #include "controls/win/list_window.h"
+#include "support/win/dialog_driver.h"
 
 namespace {
 
@@ -215,12 +216,31 @@ TEST(VaskListCtrl, EndsWithItsMenuOrDialogOpen) {
         const HWND window = list->m_hWnd;
         parent.PostMessage(WM_APP); // handled in the loop
         open(list);
-        return isEnded && !::IsWindow(window);
+        const bool isClosed = isEnded && !::IsWindow(window);
+        if (list != nullptr && ::IsWindow(parent.m_hWnd)) { // a former dialog is forgotten
+            list->Create(WS_VISIBLE | LVS_REPORT, kListPlace, &parent, 5);
+            list->AddColumns(3);
+            DialogDriver driver({Press(VK_ESCAPE)});
+            edit(list);
+        }
+        return isClosed;
     };
     ExpectCases<bool>({CASE(ends(rightClick, endWindow), true),
                        CASE(ends(rightClick, endObject), true),
                        CASE(ends(rightClick, endParent), true), CASE(ends(edit, endWindow), true),
                        CASE(ends(edit, endObject), true)});
+}
+
+TEST_F(ReportList, DefinesADeletedColumnAnew) {
+    const auto define = [&](int width, int subItem) {
+        list.InsertVaskColumn(0, 0, TRUE, _T("A"), 0, width, subItem);
+        LVCOLUMNW column = {};
+        column.mask = LVCF_SUBITEM;
+        list.GetColumn(0, &column);
+        list.DeleteVaskColumn(0);
+        return column.iSubItem;
+    };
+    ExpectCases<int>({CASE(define(80, 2), 2), CASE(define(-1, 1), 1)});
 }
 
 TEST_F(ReportList, ShowsATextWhileItIsEmpty) {

@@ -336,6 +336,9 @@ TEST(VirtualListCtrl, MayBeChangedInItsNotifications) {
         CASE(RowsAfter(unselect, changed, add), "d! c a b e"),
         CASE(RowsAfter(Key(VK_DELETE), key, deleteSelected), "*b!"),
         CASE(RowsAfter(Key(VK_INSERT), key, addAndShow), "d c a b G...*r!"),
+        // The key selects a row in the old order after a handler has changed the order.
+        CASE(RowsAfter(Key(VK_DOWN), changed, Remove(0)), "*c! a b"),
+        CASE(RowsAfter(Key(VK_DOWN), changed, Sort(true)), "a b *c! d"),
     });
 }
 
@@ -377,6 +380,15 @@ TEST_F(RowList, ShowsRowsThatAreAddedWhileItsCountIsSent) {
     list.ReplaceItems(items);
     EXPECT_FALSE(list.m_onSize) << "sized";
     EXPECT_EQ(list.SendMessage(LVM_GETITEMCOUNT), 41);
+}
+
+TEST_F(RowList, IsRedrawnInItsNextWindow) {
+    list.SetRedraw(FALSE);
+    list.DestroyWindow();
+    list.Create(WS_VISIBLE | LVS_REPORT, kListPlace, &parent, 5);
+    list.m_sentCounts = 0;
+    list.Add("a");
+    EXPECT_EQ(list.m_sentCounts, 1);
 }
 
 // Its memory reveals writes after its end.

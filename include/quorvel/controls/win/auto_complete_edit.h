@@ -73,7 +73,7 @@ private:
     BOOL Unbind();
 
     IAutoComplete* m_autoComplete = nullptr; // this object holds a reference
-    HWND m_bound = nullptr;                  // the window that it is bound to
     CAutoCompleteMRUList* m_list = nullptr;  // this object holds a reference
     DWORD m_options = 0;
+    HWND m_bound = nullptr; // the window that the object is bound to
 };

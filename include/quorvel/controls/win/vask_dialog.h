@@ -12,9 +12,13 @@
 // again, to show what LoadData set; the states. IsOK and the ON_UPDATE_COMMAND_UI handlers may be
 // called before that. If the exchange fails or LoadData returns FALSE, the dialog ends with -1 (a
 // modeless dialog is not created) and no state is loaded or saved. Insert list columns in LoadData:
-// columns that a derived OnInitDialog inserts later do not get their saved state.
+// columns that a derived OnInitDialog inserts later do not get their saved state. A list that has
+// no window at that time is neither loaded nor saved.
 //
 // While OK validates and saves, which may dispatch messages, OK and Cancel do nothing.
+//
+// A dialog that is a child of another window is not notified when that window is moved, hidden or
+// deactivated: the host calls HideValidationErrorMessage then.
 //
 // A dialog overrides the virtual operations that it needs. The defaults accept, or declare no
 // controls. They are called while the window exists. Exceptions from them are handled as in
@@ -40,7 +44,7 @@ class ValidationBalloon;
 class QUORVEL_API CVaskDialog : public CDialog {
     DECLARE_DYNAMIC(CVaskDialog)
 public:
-    // As in CDialog. The default constructor's template is that of GetTemplateID.
+    // As in CDialog. A template that GetTemplateID returns replaces that of the constructor.
     CVaskDialog();
     explicit CVaskDialog(const WCHAR* templateName, CWnd* parent = nullptr);
     explicit CVaskDialog(UINT templateId, CWnd* parent = nullptr);
@@ -150,6 +154,7 @@ private:
     std::unique_ptr<quorvel::ValidationBalloon> m_balloon;
     BOOL m_isBusy = FALSE;
     bool m_areStatesLoaded = false;
+    std::vector<const CVaskListCtrl*> m_loadedLists;
     bool m_isSaving = false; // OK is running
     CFont m_boldFont;
     std::vector<int> m_boldIds;

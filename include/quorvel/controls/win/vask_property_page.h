@@ -68,7 +68,7 @@ protected:
     virtual void PreSaveStateControls();
     virtual void PostSaveStateControls();
     virtual BOOL ValidateData(UINT& icon, CString& title, CString& text, CRect& rect);
-    // Whether OK and Apply continue after valid data. FALSE keeps the page without a message.
+    // Asked first by OK and Apply. FALSE keeps the page open without a message.
     virtual BOOL IsApplyOK();
     virtual BOOL SaveData();
     virtual BOOL LoadData(); // FALSE: the page is shown but not saved
@@ -108,6 +108,7 @@ private:
     std::unique_ptr<quorvel::Refusal> m_refusal; // shown when the page is active
     BOOL m_isLoaded = FALSE;
     bool m_areStatesLoaded = false;
+    std::vector<const CVaskListCtrl*> m_loadedLists;
     // How the page is left: with validation, by Back without it, or by Next, which saved already.
     enum class Leaving { Validated, Back, Saved };
     Leaving m_leaving = Leaving::Validated;

@@ -91,6 +91,8 @@ protected:
     // pointers are skipped. Remaining items keep selection and focus; all other old items are
     // dropped.
     void ReplaceItems(const std::vector<CVirtualListCtrlItem*>& items);
+    // The same, and sorts them by the sort column, if there is one. The list-view gets them once.
+    void ReplaceItemsSorted(const std::vector<CVirtualListCtrlItem*>& items);
 
     void PreSubclassWindow() override;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -134,12 +136,16 @@ private:
     void SendDifference(const std::vector<quorvel::RowRun>& shown, int shownFocus);
     void TakeOver(const NMHDR& header);
     void TakeOverItem(int row, UINT state, UINT changed);
+    void TakeOverSelection(int first, int last, bool isSelected) const;
+    int GetCurrentRow(int listedRow) const;
+    void MarkSent();
     void ShowRow(int row);
     void CopySelectedRows();
 
     std::unique_ptr<quorvel::VirtualRows> m_rows;
     BOOL m_areItemsAutoDeleted = FALSE;
     Unsent m_unsent = Unsent::Nothing;            // changes the list-view does not have yet
+    std::vector<CVirtualListCtrlItem*> m_listed;  // the list-view's rows before these changes
     CVirtualListCtrlItem* m_itemToShow = nullptr; // after it has them; may be deleted by then
     int m_messageDepth = 0;                       // nested messages in the list-view
     bool m_isWalking = false;                     // one of them walks over its rows
