@@ -10,9 +10,9 @@
 #include <quorvel/framework/object.h>
 
 struct AFX_EXTENSION_MODULE { // a DLL in the resource chain
-    BOOL bInitialized;
-    HMODULE hModule;
-    HMODULE hResource; // the module with its resources; initially hModule
+    BOOL bInitialized;        // AfxInitExtensionModule ran, AfxTermExtensionModule did not
+    HMODULE hModule;          // the DLL itself
+    HMODULE hResource;        // the module with its resources; initially hModule
 };
 
 // A null module returns FALSE and changes nothing. An initialised record stays as it is.
@@ -26,13 +26,14 @@ QUORVEL_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = 
 class QUORVEL_API CDynLinkLibrary : public CCmdTarget {
     DECLARE_DYNAMIC(CDynLinkLibrary)
 public:
+    // Copies the handles and adds the entry to the chain.
     explicit CDynLinkLibrary(AFX_EXTENSION_MODULE& state, BOOL system = FALSE);
     ~CDynLinkLibrary() override;
 
-    HMODULE m_hModule;
-    HMODULE m_hResource; // null: the entry is skipped
-    BOOL m_bSystem;      // searched after all entries that are not
-    CDynLinkLibrary* m_pNextDLL;
+    HMODULE m_hModule;           // the DLL that the entry is for
+    HMODULE m_hResource;         // null: the entry is skipped
+    BOOL m_bSystem;              // searched after all entries that are not
+    CDynLinkLibrary* m_pNextDLL; // the next older entry; null for the oldest
 };
 
 // The program's resource module: the one set with AfxSetResourceHandle, or else the program itself.

@@ -44,12 +44,12 @@ public:
 
     // Whether the list exists. Without it (no memory) the operations below return FALSE or 0.
     BOOL IsMRUListValid() const { return m_list != nullptr; }
-    BOOL AddMRUListEntry(const WCHAR* text); // FALSE also for null, "" and white space
-    BOOL AddActiveTextToMRUList();           // the window's text; FALSE without a window
-    BOOL RemoveMRUListEntry(const WCHAR* text);
-    BOOL ClearMRUList();
-    BOOL SetMRUListSizeLimit(UINT limit); // 1 to 50
-    UINT GetMRUListSizeLimit() const;
+    BOOL AddMRUListEntry(const WCHAR* text);    // FALSE also for null, "" and white space
+    BOOL AddActiveTextToMRUList();              // the window's text; FALSE without a window
+    BOOL RemoveMRUListEntry(const WCHAR* text); // FALSE when it is missing
+    BOOL ClearMRUList();                        // FALSE without a list
+    BOOL SetMRUListSizeLimit(UINT limit);       // 1 to 50
+    UINT GetMRUListSizeLimit() const;           // 0 without a list
 
     // Save and load as CAutoCompleteMRUList does. For a path, saving creates the key and loading
     // opens it. With `closeKey` the key is always closed, even without a list.

@@ -51,6 +51,7 @@ public:
     ~CVaskDialog() override;
 
     INT_PTR DoModal() override;
+    // Also the forms with a template of the caller.
     using CDialog::Create;
     // Creates a modeless dialog from the template of GetTemplateID.
     BOOL Create(CWnd* parent = nullptr);
@@ -100,6 +101,7 @@ protected:
     // Called when no message waits, after the dialog's commands were updated, with the number of
     // calls since the last message. TRUE requests another call.
     virtual BOOL OnIdle(LONG count);
+    // Called before and after the states are loaded or saved. The defaults do nothing.
     virtual void PreLoadStateControls();
     virtual void PostLoadStateControls();
     virtual void PreSaveStateControls();
@@ -112,6 +114,7 @@ protected:
     virtual BOOL IsOK();
     virtual BOOL SaveData(); // FALSE keeps the dialog open
     virtual BOOL LoadData(); // FALSE ends the dialog with -1
+    // Adds the ids of controls with bold text.
     virtual void GetBoldControlIDs(std::vector<int>& ids);
     // Trees whose items are pages of the dialog. The library itself has no such trees.
     virtual void GetDialogPageTreeCtrls(std::vector<CWnd*>& trees);

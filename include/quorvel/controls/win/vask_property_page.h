@@ -41,6 +41,7 @@ public:
 
     void UpdateFonts(); // as in CVaskDialog, like the following four
 
+    // As in CVaskDialog.
     BOOL ValidateAndSaveData();
     BOOL ShowValidationErrorMessage(UINT icon, const WCHAR* title, const WCHAR* text,
                                     const CRect& rect);
@@ -70,8 +71,9 @@ protected:
     virtual BOOL ValidateData(UINT& icon, CString& title, CString& text, CRect& rect);
     // Asked first by OK and Apply. FALSE keeps the page open without a message.
     virtual BOOL IsApplyOK();
-    virtual BOOL SaveData();
+    virtual BOOL SaveData(); // FALSE keeps the page
     virtual BOOL LoadData(); // FALSE: the page is shown but not saved
+    // As in CVaskDialog.
     virtual void GetBoldControlIDs(std::vector<int>& ids);
     BOOL CreateValidationToolTipWindow();
     void LoadStateControls();

@@ -36,6 +36,7 @@ public:
     typedef bool (*SortingFunction)(CVirtualListCtrlItem* const& first,
                                     CVirtualListCtrlItem* const& second);
 
+    // The same as an object, for an order that needs data. Called only during SortRows.
     typedef std::function<bool(CVirtualListCtrlItem* const&, CVirtualListCtrlItem* const&)>
         RowOrder;
 
@@ -60,8 +61,9 @@ public:
     BOOL DeleteItem(CVirtualListCtrlItem* item);
     // Deletes rows given in any order, in one pass over all rows. Returns the number deleted.
     int DeleteItems(std::vector<int> indexes);
-    BOOL DeleteAllItems();
+    BOOL DeleteAllItems(); // returns TRUE
 
+    // The rows of this object; the window may show them later. An item without a row has row -1.
     int GetItemCount() const;
     BOOL IsValidItemIndex(int index) const;
     CVirtualListCtrlItem* GetItem(int index) const; // null for an invalid row
