@@ -231,7 +231,6 @@ TEST_F(Check, AnErrorOfEitherConnectionEndsTheCheckWithItsText) {
             EXPECT_TRUE(check.IsActive() && view.m_results.empty());
             check.Cancel();
             check.OnCheckFinished(view.m_postedCode);
-            check.OnCheckFinished(view.m_postedCode);
         }
         EXPECT_EQ(Error(text), view.Take());
         ExpectEnd(resultFailed);

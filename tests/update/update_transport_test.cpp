@@ -1,6 +1,7 @@
 // Checks with a transport of the host.
 #include <quorvel/update/update_transport.h>
 
+#include <quorvel/net/http_status_code_text.h>
 #include <quorvel/types/version_number.h>
 #include <quorvel/update/check_for_updates.h>
 #include <quorvel/update/new_version_check.h>
@@ -8,6 +9,7 @@
 #include "net/socket_peer.h"
 #include "update/scripted_check.h"
 #include "update/scripted_transport.h"
+#include "update/windowed_check.h"
 
 namespace {
 
@@ -40,6 +42,42 @@ TEST_F(CheckWithTransport, AVersionIsReadFromAHostsFolder) {
     ASSERT_TRUE(version.Check());
     StatusWindow::PumpUntil([&] { return !version.IsActive(); });
     EXPECT_NE(std::string::npos, view.Take().find("Latest version: 1.2.3.5"));
+}
+
+// Like a dialog that the host destroys while a box of its check is shown.
+class ClosingView : public quorvel::WindowedCheck<CWnd, quorvel::UpdateCheck> {
+public:
+    using WindowedCheck::WindowedCheck;
+    int ShowMessage(const WCHAR*, UINT) override {
+        m_onMessage();
+        return IDOK;
+    }
+    BOOL PostCheckFinished(DWORD) override { return FALSE; }
+    std::function<void()> m_onMessage;
+};
+
+TEST_F(CheckWithTransport, AWindowMayReleaseItsCheckInABox) {
+    CWnd window;
+    auto closing = std::make_shared<ClosingView>(window, std::make_unique<quorvel::HttpSource>(),
+                                                 path, local.GetString());
+    quorvel::CheckOptions options;
+    options.transport = &scripted;
+    closing->SetOptions(options);
+    closing->m_onMessage = [&] {
+        closing->Leave();
+        closing.reset();
+    };
+    ASSERT_TRUE(closing->GetFlow().Check());
+    scripted.Show(404, 0);
+    scripted.End();
+    StatusWindow::PumpUntil([&] { return closing == nullptr; });
+    EXPECT_EQ(nullptr, closing);
+}
+
+TEST_F(CheckWithTransport, ACodeOfTheHostIsReportedWhileNoCheckRuns) {
+    check.OnCheckFinished(0);
+    check.OnCheckFinished(404);
+    EXPECT_EQ(ErrorBox(Narrow(AfxGetHTTPStatusCodeText(404))) + "\n", view.Take());
 }
 
 TEST_F(CheckWithTransport, TheRequestsAndTheProgressAreThoseOfADownload) {

@@ -76,7 +76,8 @@ public:
     void Cancel();         // ends a running check; the view gets resultCancelled
     // Asks the user and then deletes the listing and its date, but not the date of the last check.
     void Reset();
-    // A view whose PostCheckFinished returned TRUE calls this later, with the same code.
+    // A view whose PostCheckFinished returned TRUE calls this later, with the same code. While no
+    // check runs, a code other than 0 is reported as well.
     void OnCheckFinished(DWORD code);
 
     const CUpdateListing& GetListing() const; // as it was last loaded

@@ -8,7 +8,7 @@
 #include "update/entry_text.h"
 #include "update/update_check.h"
 #include "update/win/update_progress_pane.h"
-#include "update/win/windowed_check.h"
+#include "update/windowed_check.h"
 
 #include <algorithm>
 #include <memory>

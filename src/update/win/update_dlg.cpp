@@ -6,7 +6,7 @@
 
 #include "framework/win/dialog_template.h"
 #include "update/version_check.h"
-#include "update/win/windowed_check.h"
+#include "update/windowed_check.h"
 
 #include <utility>
 

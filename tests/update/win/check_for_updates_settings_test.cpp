@@ -80,6 +80,8 @@ TEST_F(UpdatesSettings, AreRefusedAtTheFieldOrStored) {
          Press(VK_RETURN),
          refused(QUORVEL_UPDATES_DAYS, _T("The value in this field must be a number between 1 ")),
          [&](HWND) { EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://old/")); },
+         Type(QUORVEL_UPDATES_DAYS, _T("\x0665")), Press(VK_RETURN), // a digit for the platform
+         refused(QUORVEL_UPDATES_DAYS, _T("The value in this field must be a number between 1 ")),
          Type(QUORVEL_UPDATES_DAYS, _T(" +8")), Press(VK_RETURN)});
     EXPECT_EQ(AfxGetProfileCheckForUpdatesURL(path), _T("http://new/"));
     EXPECT_EQ(AfxGetProfileCheckForUpdatesReminder(path), 8);
