@@ -29,12 +29,12 @@ protected:
     }
 };
 
-// Declares each list and each edit with one of the possible places: the key "Key" of the test, the
-// path "Path" and the sections "Section" and "Edits".
+// Declares each list and each edit with one of the possible places: the test's key, the path "Path"
+// below it and the sections "Section" and "Edits".
 template <class Base>
 class Lists : public Base {
 public:
-    Lists(UINT templateId, const CString& root) : Base(templateId), m_root(root) {}
+    Lists(UINT templateId, const TestKey& key) : Base(templateId), m_key(key) {}
 
     CSortedList m_lists[3];
     CVaskListCtrl m_listWithoutWindow;
@@ -66,42 +66,33 @@ protected:
 
     using Base::GetStateAutoCompleteEditCtrls;
     using Base::GetStateListCtrls;
-    void PreLoadStateControls() override { OpenKey(); }
-    void PreSaveStateControls() override { OpenKey(); }
-    void PostLoadStateControls() override { ::RegCloseKey(m_key); }
-    void PostSaveStateControls() override { ::RegCloseKey(m_key); }
     void GetStateAutoCompleteEditCtrls(quorvel::EditKeys& edits, int) override {
-        edits.SetAt(&m_edits[0], m_key);
+        edits.SetAt(&m_edits[0], m_key.Get());
     }
     void GetStateAutoCompleteEditCtrls(quorvel::EditSections& edits, int) override {
         edits.SetAt(&m_edits[1], _T("Edits"));
         edits.SetAt(&m_editWithoutWindow, _T("Edits"));
     }
     void GetStateListCtrls(quorvel::ListKeys& lists, int) override {
-        lists.SetAt(&m_lists[0], m_key);
+        lists.SetAt(&m_lists[0], m_key.Get());
     }
     void GetStateListCtrls(quorvel::ListSections& lists, int) override {
         lists.SetAt(&m_lists[1], _T("Section"));
     }
     void GetStateListCtrls(quorvel::ListPaths& lists, int) override {
-        lists.SetAt(&m_lists[2], CRegistryPath(HKEY_CURRENT_USER, m_root + _T("\\Path")));
-        lists.SetAt(&m_listWithoutWindow, CRegistryPath(HKEY_CURRENT_USER, m_root + _T("\\None")));
+        lists.SetAt(&m_lists[2], {HKEY_CURRENT_USER, m_key.Path() + _T("\\Path")});
+        lists.SetAt(&m_listWithoutWindow, {HKEY_CURRENT_USER, m_key.Path() + _T("\\None")});
     }
 
 private:
-    void OpenKey() {
-        ::RegCreateKeyExW(HKEY_CURRENT_USER, m_root + _T("\\Key"), 0, nullptr, 0, KEY_ALL_ACCESS,
-                          nullptr, &m_key, nullptr);
-    }
-    const CString m_root; // relative to HKEY_CURRENT_USER
-    HKEY m_key = nullptr;
+    const TestKey& m_key;
 };
 typedef Lists<CVaskDialog> CListsDlg;
 typedef Lists<CVaskPropertyPage> CListsPage;
 
 class ListInDialog : public testing::Test {
 protected:
-    ListInDialog() : m_app(_T("Lists")), m_root(m_key.Path()) {
+    ListInDialog() : m_app(_T("Lists")) {
         ::CoInitialize(nullptr);
         // The profile's sections are then below the test's key.
         m_app.SetRegistryKey(_T("Quorvel tests"));
@@ -112,19 +103,18 @@ protected:
 
     TestKey m_key;
     CWinApp m_app;
-    const CString m_root;
 };
 
 // Each shows the lists and ends after the step.
 template <class Step>
-void ShowDialog(const CString& root, const Step& step) {
-    CListsDlg dialog(DIALOG_LISTS, root);
+void ShowDialog(const TestKey& key, const Step& step) {
+    CListsDlg dialog(DIALOG_LISTS, key);
     DialogDriver driver({[&](HWND) { step(dialog); }, Press(VK_ESCAPE)});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 template <class Step>
-void ShowPage(const CString& root, const Step& step) {
-    CListsPage page(PAGE_LISTS, root);
+void ShowPage(const TestKey& key, const Step& step) {
+    CListsPage page(PAGE_LISTS, key);
     CVaskPropertySheet sheet(_T("Sheet"));
     sheet.AddPage(&page);
     DialogDriver driver({[&](HWND) { step(page); }, Press(VK_ESCAPE)});
@@ -134,32 +124,32 @@ void ShowPage(const CString& root, const Step& step) {
 TEST_F(ListInDialog, KeepsItsStateInEveryDeclaredPlace) {
     const int hidden[] = {1, 0, 2};
     const char* const columns[] = {"0:50 2:70 | 1:60", "1:60 2:70 | 0:50", "0:50 1:60 | 2:70"};
-    ShowDialog(m_root, [&](CListsDlg& dialog) {
+    ShowDialog(m_key, [&](CListsDlg& dialog) {
         for (int i = 0; i < 3; ++i)
             dialog.m_lists[i].ShowVaskColumn(hidden[i], FALSE);
         for (CAutoCompleteEdit& edit : dialog.m_edits)
             EXPECT_TRUE(edit.AddMRUListEntry(_T("first")));
     });
-    ShowDialog(m_root, [&](CListsDlg& dialog) {
+    ShowDialog(m_key, [&](CListsDlg& dialog) {
         for (int i = 0; i < 3; ++i)
             EXPECT_EQ(ColumnsOf(dialog.m_lists[i]), columns[i]) << i;
         for (CAutoCompleteEdit& edit : dialog.m_edits)
             EXPECT_TRUE(edit.AddMRUListEntry(_T("second")));
         dialog.m_edits[1].EnableAutoCompletion(FALSE); // then its state is not saved
     });
-    ShowDialog(m_root, [&](CListsDlg& dialog) {
+    ShowDialog(m_key, [&](CListsDlg& dialog) {
         EXPECT_TRUE(dialog.m_edits[0].RemoveMRUListEntry(_T("second")));
         EXPECT_FALSE(dialog.m_edits[1].RemoveMRUListEntry(_T("second")));
         EXPECT_TRUE(dialog.m_editWithoutWindow.RemoveMRUListEntry(_T("first")));
         dialog.m_listWithoutWindow.Create(WS_CHILD | LVS_REPORT, kListPlace, &dialog, 99);
     });
     HKEY written = nullptr;
-    EXPECT_NE(CRegistryPath(HKEY_CURRENT_USER, m_root + _T("\\None")).OpenSubKey(written), 0)
+    EXPECT_NE(CRegistryPath(HKEY_CURRENT_USER, m_key.Path() + _T("\\None")).OpenSubKey(written), 0)
         << "a list that had no window when states were loaded";
 }
 
 TEST_F(ListInDialog, HeaderIsReachedAndUsedByKeys) {
-    CListsDlg dialog(DIALOG_LISTS, m_root);
+    CListsDlg dialog(DIALOG_LISTS, m_key);
     std::vector<int> focused; // ids; 0 is the header of the first list
     std::string columns;
     const auto note = [&](HWND) {
@@ -237,8 +227,8 @@ void ExpectChangesAreFollowed(Window& window) {
 }
 
 TEST_F(ListInDialog, FollowsTheSystemsColorsAndFonts) {
-    ShowDialog(m_root, ExpectChangesAreFollowed<CListsDlg>);
-    ShowPage(m_root, ExpectChangesAreFollowed<CListsPage>);
+    ShowDialog(m_key, ExpectChangesAreFollowed<CListsDlg>);
+    ShowPage(m_key, ExpectChangesAreFollowed<CListsPage>);
 }
 
 } // namespace
