@@ -204,7 +204,7 @@ TEST(VaskListCtrl, EndsWithItsMenuOrDialogOpen) {
     const auto endWindow = [](List& list, ListParent&) { list->DestroyWindow(); };
     const auto endObject = [](List& list, ListParent&) { list.reset(); };
     const auto endParent = [](List&, ListParent& parent) { parent.DestroyWindow(); };
-    const auto ends = [](const auto& open, const auto& end) {
+    const auto ends = [&edit](const auto& open, const auto& end) {
         ListParent parent;
         List list = std::make_unique<CReportList>(parent);
         list->AddColumns(3);
