@@ -191,9 +191,10 @@ TEST(RegistryFile, MayBeReadWhereItCannotBeWritten) {
 
 TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
     const Place place;
-    RegistryStore store(place.File());
-    Fill(store);
-    store.Close();
+    {
+        RegistryStore store(place.File());
+        Fill(store);
+    }
     const std::string old(100, 'x'), large(200'000, 'y');
     const auto limitFileSize = [](rlim_t size, rlim_t hardLimit) {
         std::signal(SIGXFSZ, SIG_IGN);
@@ -201,6 +202,7 @@ TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
         setrlimit(RLIMIT_FSIZE, &limit);
     };
     ExpectSuccess(Start([&] {
+        RegistryStore store(place.File());
         limitFileSize(100'000, 100'000);
         for (int i = 0; i < 100; ++i) // otherwise the log alone would exceed it
             ASSERT_EQ(Write(store, u"same", std::to_string(i)), 0u);
@@ -208,6 +210,7 @@ TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
         EXPECT_EQ(Read(store, Name(199)), old);
     }));
     ExpectSuccess(Start([&] { // no room even for reading
+        RegistryStore store(place.File());
         RegistryKey key = {};
         limitFileSize(0, 10'000'000);
         EXPECT_EQ(store.Open(kUser, u"", true, key), 0u);
@@ -224,6 +227,7 @@ TEST(RegistryFile, AFullDiskRefusesTheWriteAndKeepsWhatIsThere) {
         EXPECT_FALSE(place.Has(_T("registry.db.damaged-1")));
         EXPECT_EQ(Read(store, Name(199)), "new");
     }));
+    RegistryStore store(place.File());
     EXPECT_EQ(Read(store, u"large"), "error 2");
     EXPECT_EQ(Read(store, Name(199)), "new");
     EXPECT_EQ(Write(store, u"large", large), 0u);
