@@ -14,8 +14,8 @@ public:
     int GetIndex() const { return static_cast<int>(GetLParam()); }
     CString GetSubItemText(int column) override;
 
-    static inline std::size_t s_longestText = SHOWN_TEXT; // unlimited while rows are copied
     static constexpr std::size_t SHOWN_TEXT = 259;        // as much as the list-view draws
+    static inline std::size_t s_longestText = SHOWN_TEXT; // unlimited while rows are copied
 
 private:
     const Document* m_document;
