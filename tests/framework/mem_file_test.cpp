@@ -34,4 +34,5 @@ TEST(MemFile, AttachedBytesAreTheFileOrItsRoom) {
     growing.Attach(static_cast<BYTE*>(std::malloc(2)), 2, 16);
     growing.Write("abc", 3);
     EXPECT_EQ(growing.GetLength(), 3u);
+    std::free(growing.Detach()); // still the caller's
 }
