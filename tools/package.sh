@@ -1,6 +1,6 @@
 #!/bin/sh
 # package.sh [PRESET...]: builds the library and makes its packages, in build/packages; by default for
-# Linux and for the Windows that runs here.
+# Linux and for the Windows that runs here. A program is built with each package and run.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/env.sh"
@@ -17,6 +17,16 @@ for preset; do
         tail -n 20 "$root/build/cpack-$preset.log" >&2
         die "$preset cannot be packed, see build/cpack-$preset.log"
     }
+    toolchain=
+    case $preset in
+    *win32) toolchain=$root/cmake/mingw-i686.cmake ;;
+    *win64) toolchain=$root/cmake/mingw-x86_64.cmake ;;
+    esac
+    log=$root/build/$preset-consumer.log
+    cmake -D BUILD="$root/build/$preset" -D SOURCE="$root/tests/packaging/consumer" -D TOOLCHAIN="$toolchain" \
+        -D COMPILER=c++ -D BUILD_TYPE=Release -D FLAGS= -D PACKAGES=TRUE -D CMAKE_CPACK_COMMAND=cpack \
+        -D WORK="$root/build/$preset-consumer" -P "$root/tests/packaging/consumer.cmake" >"$log" 2>&1 ||
+        die "$preset: a program cannot be built with the package, see $log"
     mkdir -p "$root/build/packages"
     for package in "$folder"/*.deb "$folder"/*.zip; do
         [ ! -f "$package" ] || { mv "$package" "$root/build/packages" && say "build/packages/${package##*/}"; }
