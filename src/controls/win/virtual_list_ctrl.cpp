@@ -258,10 +258,15 @@ void CVirtualListCtrl::ReplaceItemsSorted(const std::vector<CVirtualListCtrlItem
     const Watch watch(*this);
     const WholeChange whole(*this);
     Change change(*this);
+    const int focusedRow = m_rows->GetFocusedRow();
+    CVirtualListCtrlItem* const focused = GetItem(focusedRow);
     const std::vector<CVirtualListCtrlItem*> removed = m_rows->Replace(items);
     const auto send = [&] {
-        if (watch.IsAlive())
-            SendAndDrop(change, removed);
+        if (!watch.IsAlive())
+            return;
+        if (std::ranges::find(removed, focused) != removed.end()) // its place keeps the focus
+            m_rows->SetFocusedRow(std::min(focusedRow, m_rows->GetCount() - 1));
+        SendAndDrop(change, removed);
     };
     try {
         const CWaitCursor cursor;
