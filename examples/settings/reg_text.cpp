@@ -13,7 +13,7 @@ namespace {
 typedef std::basic_string_view<WCHAR> View;
 
 constexpr View kHeader = _T("Windows Registry Editor Version 5.00");
-constexpr std::size_t kWidth = 77; // of lines of bytes, without the backslash that continues them
+constexpr std::size_t kWidth = 77; // of a line of bytes, without the backslash at its end
 
 View Trimmed(View text) {
     const std::size_t begin = text.find_first_not_of(_T(" \t"));
